@@ -1,0 +1,80 @@
+// The extension object: one for each application, and the one place where commands, dialogs and workers leave what
+// they have to tell each other.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "platform/application.h"
+#include "platform/arrays.h"
+
+namespace tessarine {
+
+/// Before the first `Load` every number is 0, every text empty, every flag False, every reference nothing. Nothing is
+/// checked on the way in.
+class clsExtension final : public IExtension, public IPersistVariant {
+ public:
+  std::shared_ptr<VarArray> frmLayerFieldsReturn;  ///< reserved
+  std::shared_ptr<VarArray> frmBoundaryWrapReturn;
+  double CustomBoundaryWest = 0.0;
+  double CustomBoundaryNorth = 0.0;
+  double CustomBoundaryEast = 0.0;
+  double CustomBoundarySouth = 0.0;
+  double LongitudeShift = 0.0;
+  std::int32_t LongitudeWrapOption = 0;
+  std::string CurrentSpheroidName;
+  double CurrentSpheroidMajorAxis = 0.0;
+  double CurrentSpheroidMinorAxis = 0.0;
+  bool CurrentSpheroidCanceled = false;
+  bool CurrentSpheroidGeocentric = false;
+  std::string FeatDatasetName;
+  bool IsFeatureDataset = false;
+  std::string DirectoryType;
+  std::shared_ptr<VarArray> frmGeoCentricReturn;
+  double BuildClusterTolerance = 0.0;
+  bool BuildShouldTransferLabels = false;
+  bool BuildUseAllLabelPoints = false;
+  bool BuildUseFirstLabelPoint = false;
+  [[nodiscard]] bool IsVersion92() const { return is_version_92_; }
+  std::int32_t AnalysisRecordCount = 0;
+  bool ProgressDialogAutoClose = false;
+  bool ProgressDialogSetExpanded = false;
+  std::shared_ptr<VarArray> GeometryOptions;
+  std::string NewShapefileLocation;
+  bool DoAllRecords = false;
+  std::shared_ptr<VarArray> SelectedFields;
+  std::shared_ptr<IFeatureClass> SelectedFeatureClass;
+  std::string ReportOfAnalysis;  ///< reserved
+  std::shared_ptr<IFeatureLayer> SelectedPointLayer;
+  std::shared_ptr<IFeatureLayer> SelectedLayer;
+  std::string DirectoryPath;
+  std::string FieldName;           ///< reserved
+  std::string AttributeFieldName;  ///< reserved
+  bool ShouldContinue = false;
+
+  [[nodiscard]] std::string Name() const override;
+  void Startup(const Variant& initialization_data) override;
+  void Shutdown() override;
+
+  [[nodiscard]] std::shared_ptr<UID> ID() const override;
+  /// Reads the twelve persisted values in the order in which `Save` writes them. A stream that ends early, or holds a
+  /// value of the wrong kind, ends in the fault report; what was read until then stays.
+  void Load(IVariantStream& stream) override;
+  void Save(IVariantStream& stream) override;
+
+ private:
+  bool is_version_92_ = false;
+  double stream_version_ = 0.0;
+  ObjectRef other_extension_;
+};
+
+/// The extension of the application, nothing when it has none.
+[[nodiscard]] std::shared_ptr<clsExtension> FindExtension(const std::shared_ptr<IApplication>& application);
+
+/// The host's version text from the registry, as "9.3.1", or "Unable to determine ArcGIS Version!".
+[[nodiscard]] std::string ReturnArcGISVersion();
+/// "Software\", company, "\", product and, where a version is given, "\" and the version.
+[[nodiscard]] std::string SubKey(const std::string& company, const std::string& product, const std::string& version);
+
+}  // namespace tessarine

@@ -1,0 +1,2 @@
+// The shared library takes all its code from the archive; a library needs at least one source of its own.
+namespace tessarine {}

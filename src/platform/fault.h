@@ -1,0 +1,56 @@
+// A fault: what every failing call of the platform and of the suite raises.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <source_location>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+namespace tessarine {
+
+/// Fault numbers with a fixed meaning. Engine failures carry `kEngine`.
+enum FaultNumber : std::int32_t {
+  kInvalidCall = 5,
+  kOverflow = 6,
+  kDivisionByZero = 11,
+  kTypeMismatch = 13,
+  kPathNotFound = 76,
+  kObjectNotSet = 91,
+  kEngine = -2147467259,
+};
+
+/// An error with a number, a source (who raised it), a description for a person and the line of code, 0 when
+/// unknown. `what()` is the description.
+class Fault : public std::runtime_error {
+ public:
+  Fault(std::int32_t number, std::string source, const std::string& description, std::int32_t line = 0)
+      : std::runtime_error(description), number_(number), source_(std::move(source)), line_(line) {}
+
+  [[nodiscard]] std::int32_t Number() const { return number_; }
+  [[nodiscard]] const std::string& Source() const { return source_; }
+  [[nodiscard]] std::string Description() const { return what(); }
+  [[nodiscard]] std::int32_t Line() const { return line_; }
+
+ private:
+  std::int32_t number_;
+  std::string source_;
+  std::int32_t line_;
+};
+
+/// Raises a fault that carries the caller's line.
+[[noreturn]] inline void Raise(std::int32_t number, const std::string& description,
+                               const std::source_location where = std::source_location::current()) {
+  throw Fault(number, "Tessarine", description, static_cast<std::int32_t>(where.line()));
+}
+
+/// The object, or fault 91 naming what is missing.
+template <class T>
+const std::shared_ptr<T>& Require(const std::shared_ptr<T>& object, std::string_view what,
+                                  const std::source_location where = std::source_location::current()) {
+  if (!object) Raise(kObjectNotSet, "Object variable not set: " + std::string(what), where);
+  return object;
+}
+
+}  // namespace tessarine

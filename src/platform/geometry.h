@@ -1,0 +1,485 @@
+// Shapes: points, multipoints, polylines, polygons and their parts.
+//
+// Whole shapes travel by `shared_ptr` and are changed in place; coordinates, ends and segments are read as plain
+// values. A part keeps its vertices in one block of memory, so a loop over `Path::Vertices()` costs its arithmetic
+// and nothing else. Coordinates are planar or longitude and latitude, as the spatial reference tells.
+//
+// Members that need a topology or projection engine (`Project`, `SnapToSpatialReference`, `ITopologicalOperator`,
+// `Disjoint`, `LabelPoint`) are declared here and defined by the engine.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <vector>
+
+#include "platform/geometry_types.h"
+#include "platform/object.h"
+#include "platform/segment.h"
+#include "platform/spatial_reference.h"
+
+namespace tessarine {
+
+class IGeometry : public IClone {
+ public:
+  [[nodiscard]] virtual esriGeometryType GeometryType() const = 0;
+  [[nodiscard]] virtual bool IsEmpty() const = 0;
+  virtual void SetEmpty() = 0;
+  [[nodiscard]] virtual tessarine::Envelope Envelope() const = 0;
+
+  /// Nothing when the shape bears no reference. Setting it changes no coordinate.
+  [[nodiscard]] const SpatialReferenceRef& SpatialReference() const { return spatial_reference_; }
+  void SetSpatialReference(SpatialReferenceRef reference) { spatial_reference_ = std::move(reference); }
+
+  /// Changes the coordinates to the given reference and takes it on. Without a known reference on either side only
+  /// the reference changes. Curves become lines. A vertex that can't be projected raises a fault that names it.
+  void Project(const SpatialReferenceRef& reference);
+  /// Rounds the coordinates to the grid of the reference (`XYResolution`); nothing without a valid one.
+  void SnapToSpatialReference();
+
+ private:
+  SpatialReferenceRef spatial_reference_;
+};
+
+using GeometryRef = std::shared_ptr<IGeometry>;
+
+/// A length, two ends, and places between them. A multipart shape counts its parts in order, without the gaps.
+class ICurve : public virtual Object {
+ public:
+  [[nodiscard]] virtual double Length() const = 0;
+  /// The ends raise fault 5 on an empty curve.
+  [[nodiscard]] virtual XY FromPoint() const = 0;
+  [[nodiscard]] virtual XY ToPoint() const = 0;
+  virtual void SetFromPoint(XY point) = 0;
+  virtual void SetToPoint(XY point) = 0;
+  /// The point at a distance along the curve, or at a ratio of its length.
+  [[nodiscard]] virtual XY QueryPoint(esriSegmentExtension extension, double distance, bool as_ratio) const = 0;
+};
+
+class Point;
+class IPointCollection;
+
+/// Walks the vertices of a shape over all its parts and may move each.
+class IEnumVertex : public virtual Object {
+ public:
+  virtual void Reset() = 0;
+  /// Fills the point and the two indexes with the next vertex. At the end both indexes are -1 and the point stays.
+  virtual void QueryNext(Point& point, std::int32_t& part_index, std::int32_t& vertex_index) = 0;
+  // Writes the vertex that was read last.
+  virtual void SetX(double x) = 0;
+  virtual void SetY(double y) = 0;
+};
+
+/// The vertices of a shape in order, indexes from 0 over all parts.
+class IPointCollection : public virtual Object {
+ public:
+  [[nodiscard]] virtual std::int32_t PointCount() const = 0;
+  /// Raises fault 5 for an index outside the collection.
+  [[nodiscard]] virtual XY Point(std::int32_t index) const = 0;
+  void QueryPoint(std::int32_t index, tessarine::Point& point) const;
+  /// Adds a vertex behind the last one, with a straight segment where there is one; on a shape of parts to the last
+  /// part, which is made if there is none.
+  virtual void AddPoint(XY point) = 0;
+  void AddPoint(const tessarine::Point& point);
+  virtual void UpdatePoint(std::int32_t index, XY point) = 0;
+  /// Replaces all vertices by those of the other collection, in one part.
+  virtual void SetPointCollection(const IPointCollection& other) = 0;
+  [[nodiscard]] virtual std::shared_ptr<IEnumVertex> EnumVertices() = 0;
+};
+
+/// The segments of a part or shape in order, indexes from 0 over all parts.
+class ISegmentCollection : public virtual Object {
+ public:
+  [[nodiscard]] virtual std::int32_t SegmentCount() const = 0;
+  /// Raises fault 5 for an index outside the collection.
+  [[nodiscard]] virtual tessarine::Segment Segment(std::int32_t index) const = 0;
+  /// True when at least one segment is a true curve.
+  [[nodiscard]] virtual bool HasCurves() const = 0;
+  /// Adds a segment behind the last one. Its start replaces the end that stands, when the two differ.
+  virtual void AddSegment(const tessarine::Segment& segment) = 0;
+  virtual void AddSegmentCollection(const ISegmentCollection& other) = 0;
+};
+
+/// The parts of a multipart shape, or the members of a bag.
+class IGeometryCollection : public virtual Object {
+ public:
+  [[nodiscard]] virtual std::int32_t GeometryCount() const = 0;
+  /// The very part, not a copy. Raises fault 5 for an index outside the collection.
+  [[nodiscard]] virtual GeometryRef Geometry(std::int32_t index) const = 0;
+  /// Takes the part itself. Raises fault 13 for a part that doesn't fit the shape.
+  virtual void AddGeometry(const GeometryRef& geometry) = 0;
+};
+
+/// A walk over the members of a bag; nothing at the end.
+class IEnumGeometry : public virtual Object {
+ public:
+  virtual void Reset() = 0;
+  [[nodiscard]] virtual GeometryRef Next() = 0;
+};
+
+class IArea : public virtual Object {
+ public:
+  /// Planar area: positive for clockwise rings, holes subtracted.
+  [[nodiscard]] virtual double Area() const = 0;
+  /// The centre of gravity; fault 11 for an area of 0.
+  [[nodiscard]] virtual XY Centroid() const = 0;
+  void QueryCentroid(Point& point) const;
+  /// A point that lies inside; fault 5 for an empty shape.
+  [[nodiscard]] virtual XY LabelPoint() const = 0;
+  void QueryLabelPoint(Point& point) const;
+};
+
+class Polyline;
+class Polygon;
+
+class ITopologicalOperator : public virtual Object {
+ public:
+  /// True when the shape was simplified, or found simple, and not changed since.
+  [[nodiscard]] virtual bool IsKnownSimple() const = 0;
+  [[nodiscard]] virtual bool IsSimple() const = 0;
+  /// Makes the shape valid in place. Polygons: even-odd, exterior rings clockwise, holes counter-clockwise, parts
+  /// without area dropped. Polylines: segments without length and empty parts dropped. Multipoints: duplicates
+  /// dropped. The coordinates of a shape that is already valid stay untouched, bit for bit.
+  virtual void Simplify() = 0;
+  [[nodiscard]] virtual GeometryRef Buffer(double distance) const = 0;
+  [[nodiscard]] virtual GeometryRef Union(const IGeometry& other) const = 0;
+  /// Replaces this shape by the union of the members of the bag that are of its kind.
+  virtual void ConstructUnion(IEnumGeometry& geometries) = 0;
+  /// The parts to the left and to the right of the cutting line.
+  virtual void Cut(const Polyline& cutter, GeometryRef& left, GeometryRef& right) const = 0;
+  /// Keeps what lies inside the rectangle, in place.
+  virtual void Clip(const tessarine::Envelope& clipper) = 0;
+  /// The same, with vertices at most `dense_distance` apart along the cut edges.
+  virtual void ClipDense(const tessarine::Envelope& clipper, double dense_distance) = 0;
+};
+
+class IRelationalOperator : public virtual Object {
+ public:
+  /// True when the two shapes share no point.
+  [[nodiscard]] virtual bool Disjoint(const IGeometry& other) const = 0;
+  /// True when the other shape lies inside this one and their interiors meet.
+  [[nodiscard]] virtual bool Contains(const IGeometry& other) const = 0;
+};
+
+class ITransform2D : public virtual Object {
+ public:
+  virtual void Move(double dx, double dy) = 0;
+};
+
+/// A coordinate pair as a shape. A new one is empty.
+class Point final : public IGeometry, public IRelationalOperator, public ITransform2D {
+ public:
+  Point() = default;
+  explicit Point(XY xy) : xy_(xy), empty_(false) {}
+  Point(double x, double y) : xy_{x, y}, empty_(false) {}
+
+  void PutCoords(double x, double y);
+  [[nodiscard]] double X() const { return xy_.x; }
+  [[nodiscard]] double Y() const { return xy_.y; }
+  [[nodiscard]] XY Coordinates() const { return xy_; }
+  void SetX(double x);
+  void SetY(double y);
+
+  [[nodiscard]] esriGeometryType GeometryType() const override { return esriGeometryPoint; }
+  [[nodiscard]] bool IsEmpty() const override { return empty_; }
+  void SetEmpty() override;
+  [[nodiscard]] tessarine::Envelope Envelope() const override;
+  [[nodiscard]] ObjectRef Clone() const override;
+  [[nodiscard]] bool IsEqual(const Object& other) const override;
+  [[nodiscard]] bool Disjoint(const IGeometry& other) const override;
+  [[nodiscard]] bool Contains(const IGeometry& other) const override;
+  void Move(double dx, double dy) override;
+
+ private:
+  XY xy_;
+  bool empty_ = true;
+};
+
+/// A set of points, in the order in which they were added.
+class Multipoint final : public IGeometry,
+                         public IPointCollection,
+                         public IGeometryCollection,
+                         public ITopologicalOperator,
+                         public IRelationalOperator,
+                         public ITransform2D {
+ public:
+  Multipoint() = default;
+  explicit Multipoint(std::vector<XY> points) : points_(std::move(points)) {}
+
+  [[nodiscard]] std::span<const XY> Vertices() const { return points_; }
+  void SetVertices(std::vector<XY> points);
+
+  [[nodiscard]] esriGeometryType GeometryType() const override { return esriGeometryMultipoint; }
+  [[nodiscard]] bool IsEmpty() const override { return points_.empty(); }
+  void SetEmpty() override;
+  [[nodiscard]] tessarine::Envelope Envelope() const override;
+  [[nodiscard]] ObjectRef Clone() const override;
+  [[nodiscard]] bool IsEqual(const Object& other) const override;
+
+  [[nodiscard]] std::int32_t PointCount() const override { return static_cast<std::int32_t>(points_.size()); }
+  [[nodiscard]] XY Point(std::int32_t index) const override;
+  using IPointCollection::AddPoint;
+  void AddPoint(XY point) override;
+  void UpdatePoint(std::int32_t index, XY point) override;
+  void SetPointCollection(const IPointCollection& other) override;
+  [[nodiscard]] std::shared_ptr<IEnumVertex> EnumVertices() override;
+
+  /// Its members are points; `Geometry` answers a new point with the multipoint's reference.
+  [[nodiscard]] std::int32_t GeometryCount() const override { return PointCount(); }
+  [[nodiscard]] GeometryRef Geometry(std::int32_t index) const override;
+  void AddGeometry(const GeometryRef& geometry) override;
+
+  [[nodiscard]] bool IsKnownSimple() const override { return known_simple_; }
+  [[nodiscard]] bool IsSimple() const override;
+  void Simplify() override;
+  [[nodiscard]] GeometryRef Buffer(double distance) const override;
+  [[nodiscard]] GeometryRef Union(const IGeometry& other) const override;
+  void ConstructUnion(IEnumGeometry& geometries) override;
+  void Cut(const Polyline& cutter, GeometryRef& left, GeometryRef& right) const override;
+  void Clip(const tessarine::Envelope& clipper) override;
+  void ClipDense(const tessarine::Envelope& clipper, double dense_distance) override;
+  [[nodiscard]] bool Disjoint(const IGeometry& other) const override;
+  [[nodiscard]] bool Contains(const IGeometry& other) const override;
+  void Move(double dx, double dy) override;
+
+ private:
+  std::vector<XY> points_;
+  bool known_simple_ = false;
+};
+
+/// One connected run of segments.
+class Path : public IGeometry, public ICurve, public IPointCollection, public ISegmentCollection, public ITransform2D {
+ public:
+  /// A true curve of the path: the segment that starts at vertex `index`.
+  struct CurveAt {
+    std::size_t index;
+    tessarine::Segment segment;
+    bool operator==(const CurveAt&) const = default;
+  };
+
+  Path() = default;
+  explicit Path(std::vector<XY> vertices) : vertices_(std::move(vertices)) {}
+
+  /// All vertices in one block; a closed path repeats its first vertex at the end.
+  [[nodiscard]] std::span<const XY> Vertices() const { return vertices_; }
+  /// The true curves by ascending start index; empty on a path of lines.
+  [[nodiscard]] std::span<const CurveAt> Curves() const { return curves_; }
+  /// Replaces all vertices, and the curves by none.
+  void SetVertices(std::vector<XY> vertices);
+  /// Replaces vertices and curves; the ends of each curve must be those of its segment.
+  void SetVertices(std::vector<XY> vertices, std::vector<CurveAt> curves);
+  void Reserve(std::size_t vertices) { vertices_.reserve(vertices); }
+  [[nodiscard]] bool IsClosed() const { return vertices_.size() > 1 && vertices_.front() == vertices_.back(); }
+  void ReverseOrientation();
+  /// Rises with every change; a shape compares it to know whether it is still as it was simplified.
+  [[nodiscard]] std::uint64_t ChangeCount() const { return changes_; }
+
+  [[nodiscard]] esriGeometryType GeometryType() const override { return esriGeometryPath; }
+  [[nodiscard]] bool IsEmpty() const override { return vertices_.empty(); }
+  void SetEmpty() override;
+  [[nodiscard]] tessarine::Envelope Envelope() const override;
+  [[nodiscard]] ObjectRef Clone() const override;
+  [[nodiscard]] bool IsEqual(const Object& other) const override;
+
+  [[nodiscard]] double Length() const override;
+  [[nodiscard]] XY FromPoint() const override;
+  [[nodiscard]] XY ToPoint() const override;
+  void SetFromPoint(XY point) override;
+  void SetToPoint(XY point) override;
+  [[nodiscard]] XY QueryPoint(esriSegmentExtension extension, double distance, bool as_ratio) const override;
+  using IPointCollection::QueryPoint;
+
+  [[nodiscard]] std::int32_t PointCount() const override { return static_cast<std::int32_t>(vertices_.size()); }
+  [[nodiscard]] XY Point(std::int32_t index) const override;
+  using IPointCollection::AddPoint;
+  void AddPoint(XY point) override;
+  void UpdatePoint(std::int32_t index, XY point) override;
+  void SetPointCollection(const IPointCollection& other) override;
+  [[nodiscard]] std::shared_ptr<IEnumVertex> EnumVertices() override;
+
+  [[nodiscard]] std::int32_t SegmentCount() const override;
+  [[nodiscard]] tessarine::Segment Segment(std::int32_t index) const override;
+  [[nodiscard]] bool HasCurves() const override { return !curves_.empty(); }
+  void AddSegment(const tessarine::Segment& segment) override;
+  void AddSegmentCollection(const ISegmentCollection& other) override;
+  void Move(double dx, double dy) override;
+
+ private:
+  std::vector<XY> vertices_;
+  std::vector<CurveAt> curves_;
+  std::uint64_t changes_ = 0;
+};
+
+/// A path that bounds an area once it is closed. Clockwise rings are exterior, counter-clockwise ones holes.
+class Ring final : public Path, public IArea {
+ public:
+  using Path::Path;
+
+  /// Adds the straight closing segment where the ends differ.
+  void Close();
+  [[nodiscard]] bool IsExterior() const { return Area() > 0.0; }
+  /// True when the point lies inside the ring of chords and curves, by the even-odd rule; the boundary is undecided.
+  [[nodiscard]] bool Encloses(XY point) const;
+
+  [[nodiscard]] esriGeometryType GeometryType() const override { return esriGeometryRing; }
+  [[nodiscard]] ObjectRef Clone() const override;
+  [[nodiscard]] double Area() const override;
+  [[nodiscard]] XY Centroid() const override;
+  [[nodiscard]] XY LabelPoint() const override;
+};
+
+/// What polylines and polygons share: a list of parts.
+class PartedShape : public IGeometry,
+                    public ICurve,
+                    public IPointCollection,
+                    public ISegmentCollection,
+                    public IGeometryCollection,
+                    public ITopologicalOperator,
+                    public IRelationalOperator,
+                    public ITransform2D {
+ public:
+  [[nodiscard]] std::span<const std::shared_ptr<Path>> Parts() const { return parts_; }
+
+  [[nodiscard]] bool IsEmpty() const override;
+  void SetEmpty() override;
+  [[nodiscard]] tessarine::Envelope Envelope() const override;
+  [[nodiscard]] bool IsEqual(const Object& other) const override;
+
+  [[nodiscard]] double Length() const override;
+  [[nodiscard]] XY FromPoint() const override;
+  [[nodiscard]] XY ToPoint() const override;
+  void SetFromPoint(XY point) override;
+  void SetToPoint(XY point) override;
+  [[nodiscard]] XY QueryPoint(esriSegmentExtension extension, double distance, bool as_ratio) const override;
+  using IPointCollection::QueryPoint;
+
+  [[nodiscard]] std::int32_t PointCount() const override;
+  [[nodiscard]] XY Point(std::int32_t index) const override;
+  using IPointCollection::AddPoint;
+  void AddPoint(XY point) override;
+  void UpdatePoint(std::int32_t index, XY point) override;
+  void SetPointCollection(const IPointCollection& other) override;
+  [[nodiscard]] std::shared_ptr<IEnumVertex> EnumVertices() override;
+
+  [[nodiscard]] std::int32_t SegmentCount() const override;
+  [[nodiscard]] tessarine::Segment Segment(std::int32_t index) const override;
+  [[nodiscard]] bool HasCurves() const override;
+  void AddSegment(const tessarine::Segment& segment) override;
+  void AddSegmentCollection(const ISegmentCollection& other) override;
+
+  [[nodiscard]] std::int32_t GeometryCount() const override { return static_cast<std::int32_t>(parts_.size()); }
+  [[nodiscard]] GeometryRef Geometry(std::int32_t index) const override;
+
+  [[nodiscard]] bool IsKnownSimple() const override;
+  [[nodiscard]] bool IsSimple() const override;
+  void Simplify() override;
+  [[nodiscard]] GeometryRef Buffer(double distance) const override;
+  [[nodiscard]] GeometryRef Union(const IGeometry& other) const override;
+  void ConstructUnion(IEnumGeometry& geometries) override;
+  void Cut(const Polyline& cutter, GeometryRef& left, GeometryRef& right) const override;
+  void Clip(const tessarine::Envelope& clipper) override;
+  void ClipDense(const tessarine::Envelope& clipper, double dense_distance) override;
+  [[nodiscard]] bool Disjoint(const IGeometry& other) const override;
+  [[nodiscard]] bool Contains(const IGeometry& other) const override;
+  void Move(double dx, double dy) override;
+
+  /// Replaces the parts.
+  void SetParts(std::vector<std::shared_ptr<Path>> parts);
+  /// Says that the shape, as it stands, is simple.
+  void MarkSimple();
+
+ protected:
+  PartedShape() = default;
+  void CopyPartsTo(PartedShape& target) const;
+  void AppendPart(std::shared_ptr<Path> part);
+
+ private:
+  struct Place {
+    std::size_t part;
+    std::int32_t index;
+  };
+  [[nodiscard]] virtual std::shared_ptr<Path> NewPart() const = 0;
+  [[nodiscard]] Place FindVertex(std::int32_t index) const;
+  [[nodiscard]] Place FindSegment(std::int32_t index) const;
+  [[nodiscard]] std::uint64_t Stamp() const;
+  Path& LastPart();
+
+  std::vector<std::shared_ptr<Path>> parts_;
+  std::uint64_t changes_ = 0;
+  std::uint64_t simple_stamp_ = 0;
+  bool simple_ = false;
+  // Where the last look-up by index ended, so that a walk in order costs nothing per step.
+  mutable std::size_t cached_part_ = 0;
+  mutable std::int32_t cached_first_vertex_ = 0;
+  mutable std::int32_t cached_first_segment_ = 0;
+};
+
+/// A line of any number of paths.
+class Polyline final : public PartedShape {
+ public:
+  [[nodiscard]] esriGeometryType GeometryType() const override { return esriGeometryPolyline; }
+  [[nodiscard]] ObjectRef Clone() const override;
+  /// Takes a `Path`; a `Ring` is taken as the path it is.
+  void AddGeometry(const GeometryRef& geometry) override;
+  /// Splits the paths where they cross, in place, so that they meet only at ends.
+  void SimplifyNetwork();
+
+ private:
+  [[nodiscard]] std::shared_ptr<Path> NewPart() const override;
+};
+
+class GeometryBag;
+
+/// An area of any number of rings.
+class Polygon final : public PartedShape, public IArea {
+ public:
+  [[nodiscard]] esriGeometryType GeometryType() const override { return esriGeometryPolygon; }
+  [[nodiscard]] ObjectRef Clone() const override;
+  /// Takes a `Ring`.
+  void AddGeometry(const GeometryRef& geometry) override;
+  void Close();
+  [[nodiscard]] std::shared_ptr<tessarine::Ring> Ring(std::int32_t index) const;
+
+  // Rings by relation to each other: clockwise rings are exterior, and each counter-clockwise ring belongs to the
+  // smallest exterior ring that encloses it. A ring given as an argument must be one of this polygon's own rings or
+  // equal one of them; otherwise fault 5.
+  [[nodiscard]] std::int32_t ExteriorRingCount() const;
+  [[nodiscard]] std::int32_t InteriorRingCount(const tessarine::Ring& exterior) const;
+  [[nodiscard]] std::vector<std::shared_ptr<tessarine::Ring>> QueryExteriorRingsEx() const;
+  [[nodiscard]] std::shared_ptr<GeometryBag> ExteriorRingBag() const;
+  [[nodiscard]] std::shared_ptr<GeometryBag> InteriorRingBag(const tessarine::Ring& exterior) const;
+  /// One new polygon for each exterior ring, with copies of the ring and of its holes, in ring order. Holes that no
+  /// exterior ring encloses stand alone at the end, one polygon each.
+  [[nodiscard]] std::shared_ptr<GeometryBag> ConnectedComponentBag() const;
+
+  [[nodiscard]] double Area() const override;
+  [[nodiscard]] XY Centroid() const override;
+  [[nodiscard]] XY LabelPoint() const override;
+
+ private:
+  [[nodiscard]] std::shared_ptr<Path> NewPart() const override;
+};
+
+/// A list of shapes of any kind, and the walk over them.
+class GeometryBag final : public IGeometry, public IGeometryCollection, public IEnumGeometry {
+ public:
+  [[nodiscard]] esriGeometryType GeometryType() const override { return esriGeometryBag; }
+  [[nodiscard]] bool IsEmpty() const override { return members_.empty(); }
+  void SetEmpty() override { members_.clear(); }
+  [[nodiscard]] tessarine::Envelope Envelope() const override;
+  [[nodiscard]] ObjectRef Clone() const override;
+  [[nodiscard]] bool IsEqual(const Object& other) const override;
+
+  [[nodiscard]] std::int32_t GeometryCount() const override { return static_cast<std::int32_t>(members_.size()); }
+  [[nodiscard]] GeometryRef Geometry(std::int32_t index) const override;
+  void AddGeometry(const GeometryRef& geometry) override;
+
+  void Reset() override { next_ = 0; }
+  [[nodiscard]] GeometryRef Next() override;
+
+ private:
+  std::vector<GeometryRef> members_;
+  std::size_t next_ = 0;
+};
+
+}  // namespace tessarine
