@@ -263,7 +263,7 @@ class Path : public IGeometry, public ICurve, public IPointCollection, public IS
   /// All vertices in one block; a closed path repeats its first vertex at the end.
   [[nodiscard]] std::span<const XY> Vertices() const { return vertices_; }
   /// The true curves by ascending start index; empty on a path of lines.
-  [[nodiscard]] std::span<const CurveAt> Curves() const { return curves_; }
+  [[nodiscard]] std::span<const CurveAt> Curves() const;
   /// Replaces all vertices, and the curves by none.
   void SetVertices(std::vector<XY> vertices);
   /// Replaces vertices and curves; the ends of each curve must be those of its segment.
@@ -306,7 +306,10 @@ class Path : public IGeometry, public ICurve, public IPointCollection, public IS
 
  private:
   std::vector<XY> vertices_;
-  std::vector<CurveAt> curves_;
+  // A curve keeps its shape between the ends that it was given. When vertices move, the curve follows from that shape,
+  // so that a walk which moves every vertex in turn moves the curve as a whole.
+  mutable std::vector<CurveAt> curves_;
+  mutable bool curves_lag_ = false;
   std::uint64_t changes_ = 0;
 };
 
@@ -408,10 +411,17 @@ class PartedShape : public IGeometry,
   std::uint64_t changes_ = 0;
   std::uint64_t simple_stamp_ = 0;
   bool simple_ = false;
-  // Where the last look-up by index ended, so that a walk in order costs nothing per step.
-  mutable std::size_t cached_part_ = 0;
-  mutable std::int32_t cached_first_vertex_ = 0;
-  mutable std::int32_t cached_first_segment_ = 0;
+  // Where the last look-up by index ended, so that a walk in order costs nothing per step. A change to the sizes of
+  // the parts makes the place stale, which its stamp tells; it is looked at when a walk leaves its part.
+  struct CachedPlace {
+    std::size_t part = 0;
+    std::int32_t first = 0;
+    std::int32_t next = 0;
+    std::uint64_t stamp = 0;
+  };
+  template <class Count>
+  Place FindPlace(std::int32_t index, CachedPlace& cache, const char* what, Count&& count) const;
+  mutable CachedPlace vertex_place_, segment_place_;
 };
 
 /// A line of any number of paths.

@@ -75,8 +75,8 @@ class Segment {
   /// end for a place outside the segment.
   [[nodiscard]] XY QueryPoint(esriSegmentExtension extension, double distance, bool as_ratio) const;
   [[nodiscard]] tessarine::Envelope Envelope() const;
-  /// The area between the chord and the curve, positive where the curve lies to the left of the chord's direction
-  /// reversed; that is, what the curve adds to the counter-clockwise area of a ring of chords.
+  /// What the curve in place of its chord adds to the counter-clockwise area of a ring: positive where the curve
+  /// bulges to the right of the chord's direction.
   [[nodiscard]] double AreaBeyondChord() const;
   /// First moments of that area about the origin, for centroids.
   [[nodiscard]] XY MomentBeyondChord() const;

@@ -1,0 +1,56 @@
+// The fields of a conversion's output: its own ones first, clones of the chosen input fields behind them, and how
+// attribute values get from the one table to the other.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "conversion/conversion_runs.h"
+#include "platform/arrays.h"
+#include "platform/data.h"
+
+namespace tessarine {
+
+class FieldTransfer {
+ public:
+  /// Names and makes the output fields. An own field whose name the input class already bears becomes name_2, name_3
+  /// and so on; a chosen field takes a legal dBASE name that is still free, whatever the kind of output. The chosen
+  /// fields themselves stay as they are.
+  FieldTransfer(const IFeatureClass& input, const modCreateVertices::ConversionRun& run, const VarArray& chosen);
+
+  /// The output fields in order, for the creation of the class.
+  [[nodiscard]] const std::shared_ptr<VarArray>& OutputFields() const { return output_fields_; }
+
+  struct NamePair {
+    std::string input, output;
+  };
+  /// The chosen fields under both names, in the order of the choice.
+  [[nodiscard]] const std::vector<NamePair>& Chosen() const { return chosen_; }
+
+  /// Looks all field positions up, once, before the first feature is read.
+  void Bind(const IFeatureClass& input, const IFeatureClass& output);
+  [[nodiscard]] std::int32_t UniqueIdIndex() const { return unique_id_index_; }
+  [[nodiscard]] std::int32_t MeasureIndex(std::size_t measure) const { return measure_indexes_[measure]; }
+  /// Copies the chosen attributes; a null stays null.
+  void CopyAttributes(const IRowBuffer& from, IRowBuffer& to) const;
+
+  /// The field lines of the report, as RTF.
+  [[nodiscard]] std::string FieldReport() const;
+
+ private:
+  struct IndexPair {
+    std::int32_t input, output;
+  };
+
+  std::shared_ptr<VarArray> output_fields_ = std::make_shared<VarArray>();
+  std::string unique_id_name_;
+  std::vector<std::string> measure_names_;
+  std::vector<NamePair> chosen_;
+  std::int32_t unique_id_index_ = -1;
+  std::vector<std::int32_t> measure_indexes_;
+  std::vector<IndexPair> chosen_indexes_;
+};
+
+}  // namespace tessarine

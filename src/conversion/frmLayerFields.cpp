@@ -1,0 +1,314 @@
+#include "conversion/frmLayerFields.h"
+
+#include <array>
+#include <string_view>
+
+#include "conversion/layer_fields_texts.h"
+#include "platform/host.h"
+#include "platform/text_formats.h"
+#include "platform/trap.h"
+#include "support/MyGeneralOperations.h"
+#include "support/aml_func_mod.h"
+#include "support/manual.h"
+
+namespace tessarine {
+namespace {
+
+using namespace MyGeneralOperations;
+
+// Fields that no output can carry over, or that every output has of its own.
+bool IsTransferable(const Field& field) {
+  switch (field.Type) {
+    case esriFieldTypeOID:
+    case esriFieldTypeGeometry:
+    case esriFieldTypeBlob:
+    case esriFieldTypeRaster:
+    case esriFieldTypeGUID:
+    case esriFieldTypeGlobalID:
+    case esriFieldTypeXML:
+      return false;
+    default:
+      return !EqualsIgnoringCase(field.Name, "Shape_Area") && !EqualsIgnoringCase(field.Name, "Shape_Length");
+  }
+}
+
+std::string AliasOf(const IFeatureLayer& layer, const Field& field) {
+  const auto* layer_fields = dynamic_cast<const ILayerFields*>(&layer);
+  if (layer_fields == nullptr) return field.AliasName;
+  const std::int32_t index = layer_fields->FindField(field.Name);
+  return index < 0 ? field.AliasName : layer_fields->FieldInfo(index).Alias;
+}
+
+std::shared_ptr<ISelectionSet> SelectionOf(const std::shared_ptr<IFeatureLayer>& layer) {
+  const auto selection = Cast<IFeatureSelection>(layer);
+  return selection ? selection->SelectionSet() : nullptr;
+}
+
+std::string WithCount(std::string_view label, std::int32_t count) {
+  return std::string(label) + " (n = " + std::to_string(count) + ")";
+}
+
+}  // namespace
+
+frmLayerFields::frmLayerFields() : Form("frmLayerFields") {
+  SetCaption(" Input Parameters:");
+  lblLayer.SetCaption("Select &Layer to Convert:");
+  lblFields.SetCaption("Select &Fields to Include:");
+  cmdSelFields.SetCaption("Select All Fields");
+  optAll.SetCaption("Convert All Records");
+  optSel.SetCaption("Convert Selected Records");
+  lblOutputName.SetCaption("Output Feature &Class:");
+  cmdGetWorkspace.SetToolTipText("Browse for Output Folder...");
+  cmdManual.SetCaption("Manual");
+  cmdOK.SetCaption("OK");
+  cmdCancel.SetCaption("Cancel");
+  lbxFields.MultiSelect = true;
+  txtMessage.Locked = true;
+  txtMessage.MultiLine = true;
+  cmdGetWorkspace.PictureId = 201;
+  cmdOK.Default = true;
+  cmdCancel.Cancel = true;
+
+  lbxLayers.Click = [this] { lbxLayers_Click(); };
+  cmdSelFields.Click = [this] { cmdSelFields_Click(); };
+  optAll.Click = [this] { optAll_Click(); };
+  txtOutput.Change = [this] { txtOutput_Change(); };
+  cmdGetWorkspace.Click = [this] { cmdGetWorkspace_Click(); };
+  cmdManual.Click = [this] { cmdManual_Click(); };
+  cmdOK.Click = [this] { cmdOK_Click(); };
+  cmdCancel.Click = [this] { cmdCancel_Click(); };
+  LayOut();
+}
+
+void frmLayerFields::LayOut() {
+  SetSize(320, 262);
+  SetMinimumSize(260, 220);
+  lblLayer.Move(7, 7, 148, 9);
+  lbxLayers.Move(7, 18, 148, 66);
+  lblFields.Move(165, 7, 148, 9);
+  lbxFields.Move(165, 18, 148, 84);
+  cmdSelFields.Move(165, 106, 148, 14);
+  optAll.Move(7, 91, 148, 11);
+  optSel.Move(7, 106, 148, 11);
+  txtMessage.Move(7, 128, 306, 74);
+  lblOutputName.Move(7, 209, 280, 9);
+  txtOutput.Move(7, 220, 286, 13);
+  cmdGetWorkspace.Move(297, 219, 16, 15);
+  cmdManual.Move(7, 241, 56, 14);
+  cmdOK.Move(197, 241, 56, 14);
+  cmdCancel.Move(257, 241, 56, 14);
+
+  txtMessage.SetBackColor(kButtonFace);
+  lbxLayers.SetBackColor(kWindowBackground);
+  lbxFields.SetBackColor(kWindowBackground);
+  txtOutput.SetBackColor(kWindowBackground);
+
+  std::int32_t tab_index = 0;
+  const std::array<Control*, 14> tab_order = {&lblLayer,  &lbxLayers,  &optAll,        &optSel,    &lblFields,
+                                              &lbxFields, &cmdSelFields, &txtMessage,  &lblOutputName, &txtOutput,
+                                              &cmdGetWorkspace, &cmdManual, &cmdOK,    &cmdCancel};
+  for (Control* control : tab_order) control->SetTabIndex(tab_index++);
+}
+
+void frmLayerFields::SetArcApplication(const std::shared_ptr<IApplication>& application) {
+  Trap("ArcApplication", [&] {
+    application_ = application;
+    document_ = Cast<IMxDocument>(application_->Document());
+    const auto selected = Cast<IFeatureLayer>(document_->SelectedLayer());
+    preferred_layer_ = selected ? selected->Name() : "";
+    extension_ = FindExtension(application_);
+    extension_->ShouldContinue = false;
+    all_selected_ = false;
+    UpdateSelName();
+  });
+}
+
+void frmLayerFields::SetConversionOption(std::int32_t option) {
+  Trap("ConversionOption", [&] {
+    conversion_option_ = option;
+    lbxLayers.Clear();
+    lbxFields.Clear();
+    layers_ = std::make_shared<VarArray>();
+    std::string base_name;
+    if (const LayerFieldsTexts* texts = FindLayerFieldsTexts(option)) {
+      SetCaption(std::string(texts->form_caption));
+      txtMessage.SetText(std::string(texts->instruction));
+      layers_ = Require(ReturnLayersByType(document_->FocusMap(), texts->layer_mask), "ReturnLayersByType");
+      base_name = texts->default_output_name;
+      FillLayers();
+    }
+    ShowOutput(ProposeOutput(*extension_, application_, base_name));
+    if (layers_->Count() == 0) optAll.SetValue(true);
+    UpdateOkState();
+  });
+}
+
+void frmLayerFields::FillLayers() {
+  std::int32_t position = 0;
+  std::int32_t preferred = 0;
+  for (const Variant& element : *layers_) {
+    const auto layer = element.AsObject<ILayer>();
+    if (layer && layer->Valid()) {
+      lbxLayers.AddItem(layer->Name());
+      if (layer->Name() == preferred_layer_) preferred = position;
+    }
+    ++position;
+  }
+  if (lbxLayers.ListCount() > 0) lbxLayers.SetListIndex(preferred);
+}
+
+std::shared_ptr<IFeatureLayer> frmLayerFields::CurrentLayer() const {
+  if (!layers_ || lbxLayers.ListIndex() < 0) return nullptr;
+  return layers_->Element(lbxLayers.ListIndex()).AsObject<IFeatureLayer>();
+}
+
+void frmLayerFields::lbxLayers_Click() {
+  Trap("lbxLayers_Click", [this] {
+    const std::shared_ptr<IFeatureLayer> layer = CurrentLayer();
+    Require(layer, "layer");
+    FillFields(layer);
+    all_selected_ = false;
+    UpdateSelName();
+    ShowRecordCounts(layer);
+    UpdateOkState();
+  });
+}
+
+void frmLayerFields::FillFields(const std::shared_ptr<IFeatureLayer>& layer) {
+  fields_.clear();
+  lbxFields.Clear();
+  for (const FieldRef& field : *layer->FeatureClass()->Fields()) {
+    if (!IsTransferable(*field)) continue;
+    fields_.push_back(field);
+    lbxFields.AddItem(AliasOf(*layer, *field));
+  }
+}
+
+void frmLayerFields::ShowRecordCounts(const std::shared_ptr<IFeatureLayer>& layer) {
+  const LayerFieldsTexts* texts = FindLayerFieldsTexts(conversion_option_);
+  const std::string verb(texts != nullptr ? texts->record_verb : "Convert");
+  const std::int32_t total = layer->FeatureClass()->FeatureCount(nullptr);
+  const std::shared_ptr<ISelectionSet> selection = SelectionOf(layer);
+  const std::int32_t selected = selection ? selection->Count() : 0;
+  optAll.SetEnabled(true);
+  optAll.SetCaption(WithCount(verb + " All Records", total));
+  optSel.SetEnabled(selected > 0);
+  optSel.SetCaption(selection ? WithCount(verb + " Selected Records", selected) : "Unable to get selection...");
+  optAll.SetValue(selected == 0);
+  optSel.SetValue(selected > 0);
+}
+
+void frmLayerFields::UpdateSelName() {
+  cmdSelFields.SetCaption(all_selected_ ? "Unselect All Fields" : "Select All Fields");
+  UpdateOkState();
+}
+
+void frmLayerFields::UpdateOkState() { cmdOK.SetEnabled(lbxLayers.ListIndex() >= 0); }
+
+void frmLayerFields::ShowOutput(const OutputChoice& choice) {
+  // The text's own change event reads the path as typed; what is known of the place comes after it.
+  txtOutput.SetText(choice.FullPath());
+  output_ = choice;
+}
+
+void frmLayerFields::cmdSelFields_Click() {
+  Trap("cmdSelFields_Click", [this] {
+    for (std::int32_t line = 0; line < lbxFields.ListCount(); ++line) lbxFields.SetSelected(line, !all_selected_);
+    lbxFields.SetTopIndex(0);
+    lbxFields.Refresh();
+    all_selected_ = !all_selected_;
+    UpdateSelName();
+  });
+}
+
+void frmLayerFields::optAll_Click() { Trap("optAll_Click", [this] { UpdateOkState(); }); }
+
+void frmLayerFields::txtOutput_Change() {
+  Trap("txtOutput_Change", [this] { FollowTypedPath(txtOutput.Text(), output_); });
+}
+
+void frmLayerFields::cmdGetWorkspace_Click() {
+  Trap("cmdGetWorkspace_Click", [this] {
+    OutputChoice choice = output_;
+    if (!BrowseForOutput(txtOutput.Text(), choice)) return;
+    ShowOutput(choice);
+    UpdateOkState();
+  });
+}
+
+std::shared_ptr<VarArray> frmLayerFields::ChosenFields() const {
+  auto chosen = std::make_shared<VarArray>();
+  for (std::int32_t line = 0; line < lbxFields.ListCount(); ++line) {
+    if (lbxFields.Selected(line)) chosen->Add(fields_[static_cast<std::size_t>(line)]);
+  }
+  return chosen;
+}
+
+void frmLayerFields::cmdOK_Click() {
+  Trap("cmdOK_Click", [this] {
+    if (!OutputWorkspaceExists(txtOutput.Text(), output_)) {
+      txtOutput.SetFocus();
+      return;
+    }
+    const std::shared_ptr<IFeatureLayer> layer = CurrentLayer();
+    extension_->NewShapefileLocation = txtOutput.Text();
+    extension_->SelectedLayer = Require(layer, "layer");
+    extension_->SelectedFields = ChosenFields();
+    RememberOutput(output_, *extension_);
+    extension_->ShouldContinue = true;
+    extension_->DoAllRecords = optAll.Value();
+    extension_->AnalysisRecordCount =
+        optAll.Value() ? layer->FeatureClass()->FeatureCount(nullptr) : SelectionOf(layer)->Count();
+    Unload();
+  });
+}
+
+void frmLayerFields::cmdCancel_Click() {
+  Trap("cmdCancel_Click", [this] {
+    extension_->ShouldContinue = false;
+    extension_->SelectedFields = nullptr;
+    extension_->SelectedLayer = nullptr;
+    Unload();
+  });
+}
+
+void frmLayerFields::cmdManual_Click() {
+  Trap("cmdManual_Click", [] { OpenManual(); });
+}
+
+void frmLayerFields::Form_Load() {
+  Trap("Form_Load", [this] {
+    SetTopmost(true);
+    MoveTo(Host().Forms().ScreenWidth() / 2 - Width() / 2, Host().Forms().ScreenHeight() / 3 - Height() / 3);
+    if (!extension_) extension_ = FindExtension(application_);
+    struct Placed {
+      Control& control;
+      AnchorTypes x, y;
+    };
+    const Placed placed[] = {
+        {lblLayer, enumStartSize, enumStartSize},    {lbxLayers, enumNone, enumStartEnd},
+        {lblFields, enumNone, enumStartSize},        {lbxFields, enumNone, enumStartEnd},
+        {cmdSelFields, enumNone, enumSizeEnd},       {optAll, enumStartSize, enumSizeEnd},
+        {optSel, enumStartSize, enumSizeEnd},        {txtMessage, enumStartEnd, enumSizeEnd},
+        {lblOutputName, enumStartSize, enumSizeEnd}, {txtOutput, enumStartEnd, enumSizeEnd},
+        {cmdGetWorkspace, enumSizeEnd, enumSizeEnd}, {cmdManual, enumStartSize, enumSizeEnd},
+        {cmdOK, enumSizeEnd, enumSizeEnd},           {cmdCancel, enumSizeEnd, enumSizeEnd},
+    };
+    for (const Placed& row : placed) anchors_.Item(row.control).SetAnchors(row.x, row.y);
+    anchors_.SetForm(*this);
+  });
+}
+
+void frmLayerFields::Form_Resize() {
+  Trap("Form_Resize", [this] { anchors_.DoAnchors(); });
+}
+
+void frmLayerFields::Form_Unload() {
+  application_ = nullptr;
+  document_ = nullptr;
+  extension_ = nullptr;
+  layers_ = nullptr;
+  fields_.clear();
+}
+
+}  // namespace tessarine

@@ -1,0 +1,81 @@
+// The dialog in front of the eight conversions: an input layer, the attribute fields to carry over, all records or
+// the selected ones, and the output feature class.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "frame/clsExtension.h"
+#include "platform/application.h"
+#include "platform/form.h"
+#include "support/AnchorObjectList.h"
+#include "support/output_chooser.h"
+
+namespace tessarine {
+
+/// Set up by `SetArcApplication`, then `SetConversionOption`; then shown modally. A valid OK leaves the choices in
+/// `clsExtension` with `ShouldContinue` True; any other way out leaves it False.
+class frmLayerFields final : public Form {
+ public:
+  frmLayerFields();
+
+  Label lblLayer{*this, "lblLayer"};
+  ListBox lbxLayers{*this, "lbxLayers"};
+  Label lblFields{*this, "lblFields"};
+  ListBox lbxFields{*this, "lbxFields"};
+  CommandButton cmdSelFields{*this, "cmdSelFields"};
+  OptionButton optAll{*this, "optAll"};
+  OptionButton optSel{*this, "optSel"};
+  TextBox txtMessage{*this, "txtMessage"};
+  Label lblOutputName{*this, "lblOutputName"};
+  TextBox txtOutput{*this, "txtOutput"};
+  CommandButton cmdGetWorkspace{*this, "cmdGetWorkspace"};
+  CommandButton cmdManual{*this, "cmdManual"};
+  CommandButton cmdOK{*this, "cmdOK"};
+  CommandButton cmdCancel{*this, "cmdCancel"};
+
+  void SetArcApplication(const std::shared_ptr<IApplication>& application);
+  /// One of 1, 2, 4, 8, 16, 32, 64, 128. Any other value leaves the lists empty and still proposes an output.
+  void SetConversionOption(std::int32_t option);
+  [[nodiscard]] std::int32_t ConversionOption() const { return conversion_option_; }
+
+ protected:
+  void Form_Load() override;
+  void Form_Resize() override;
+  void Form_Unload() override;
+
+ private:
+  void lbxLayers_Click();
+  void cmdSelFields_Click();
+  void optAll_Click();
+  void txtOutput_Change();
+  void cmdGetWorkspace_Click();
+  void cmdManual_Click();
+  void cmdOK_Click();
+  void cmdCancel_Click();
+
+  void LayOut();
+  void FillLayers();
+  void FillFields(const std::shared_ptr<IFeatureLayer>& layer);
+  void ShowRecordCounts(const std::shared_ptr<IFeatureLayer>& layer);
+  void UpdateSelName();
+  void UpdateOkState();
+  void ShowOutput(const MyGeneralOperations::OutputChoice& choice);
+  [[nodiscard]] std::shared_ptr<IFeatureLayer> CurrentLayer() const;
+  [[nodiscard]] std::shared_ptr<VarArray> ChosenFields() const;
+
+  std::shared_ptr<IApplication> application_;
+  std::shared_ptr<IMxDocument> document_;
+  std::shared_ptr<clsExtension> extension_;
+  std::int32_t conversion_option_ = 0;
+  std::shared_ptr<VarArray> layers_;
+  std::vector<FieldRef> fields_;
+  bool all_selected_ = false;
+  std::string preferred_layer_;
+  MyGeneralOperations::OutputChoice output_;
+  AnchorObjectList anchors_;
+};
+
+}  // namespace tessarine

@@ -1,0 +1,186 @@
+#include "conversion/modCreateVertices.h"
+
+#include <vector>
+
+#include "conversion/conversion_step.h"
+#include "conversion/field_transfer.h"
+#include "conversion/output_target.h"
+#include "conversion/run_reports.h"
+#include "platform/host.h"
+#include "platform/trap.h"
+#include "support/MyGeneralOperations.h"
+#include "support/progress_text.h"
+#include "support/run_progress.h"
+
+namespace tessarine::modCreateVertices {
+namespace {
+
+using namespace MyGeneralOperations;
+
+constexpr std::int32_t kReportFontSize = 8;
+
+struct Input {
+  std::shared_ptr<IFeatureClass> features;
+  std::shared_ptr<IFeatureCursor> cursor;
+  std::int32_t count = 0;
+};
+
+Input OpenInput(const std::shared_ptr<IFeatureLayer>& layer, bool all_records) {
+  Input input;
+  input.features = Require(layer->FeatureClass(), "FeatureClass");
+  if (all_records) {
+    input.cursor = input.features->Search(nullptr, true);
+    input.count = input.features->FeatureCount(nullptr);
+    return input;
+  }
+  const auto selection = Require(Cast<IFeatureSelection>(layer), "IFeatureSelection")->SelectionSet();
+  input.cursor = Cast<IFeatureCursor>(Require(selection, "SelectionSet")->Search(nullptr, true));
+  input.count = selection->Count();
+  return input;
+}
+
+// Writes output features: one buffer, refilled for each of them.
+class OutputWriter final : public ConversionSink {
+ public:
+  OutputWriter(const std::shared_ptr<IFeatureClass>& output, const FieldTransfer& transfer)
+      : transfer_(transfer), buffer_(output->CreateFeatureBuffer()), cursor_(output->Insert(true)) {}
+
+  /// The attributes repeat on every output feature of one input feature and stay in the buffer until the next.
+  void BeginFeature(const IFeature& input) { transfer_.CopyAttributes(input, *buffer_); }
+
+  void SetShape(const GeometryRef& shape) override { buffer_->SetShape(shape); }
+  void SetMeasure(std::size_t index, double value) override {
+    buffer_->SetValue(transfer_.MeasureIndex(index), value);
+  }
+  void Insert() override {
+    buffer_->SetValue(transfer_.UniqueIdIndex(), ++count_);
+    cursor_->InsertFeature(*buffer_);
+    ++Host().Journal().Written;
+  }
+  void Flush() { cursor_->Flush(); }
+
+ private:
+  const FieldTransfer& transfer_;
+  std::shared_ptr<IFeatureBuffer> buffer_;
+  std::shared_ptr<IFeatureCursor> cursor_;
+  std::int32_t count_ = 0;
+};
+
+std::shared_ptr<IFeatureClass> CreateOutput(const ConversionRun& run, const IFeatureClass& input,
+                                            const std::shared_ptr<VarArray>& fields, OutputTarget& target) {
+  esriGeometryType geometry_type = OutputGeometry(run.Shape, input.ShapeType());
+  const Envelope extent = input.Extent();
+  return Require(CreateGeneralFeatureClass(geometry_type, input.SpatialReference(), target.directory, target.name,
+                                           target.kind, fields, std::string(run.Words.NamePrompt),
+                                           target.is_feature_dataset, target.feature_dataset, false, false, &extent, 0),
+                 "the output feature class was not created");
+}
+
+void AddResultLayer(const std::shared_ptr<IFeatureClass>& output, const std::string& name,
+                    const IMxDocument& document) {
+  const std::shared_ptr<IFeatureLayer> layer = Host().CreateFeatureLayer();
+  layer->SetFeatureClass(output);
+  layer->SetName(name);
+  document.FocusMap()->AddLayer(layer);
+}
+
+// The features of the input, one by one. False when the user stopped the run.
+bool ConvertFeatures(const ConversionRun& run, const Input& input, OutputWriter& writer, RunProgress& progress,
+                     RunFacts& facts) {
+  RunJournal& journal = Host().Journal();
+  const std::unique_ptr<ConversionStep> step = run.MakeStep();
+  while (const std::shared_ptr<IFeature> feature = input.cursor->NextFeature()) {
+    ++facts.records_done;
+    if (!progress.Step(facts.records_done)) return false;
+    ++journal.Read;
+    const GeometryRef shape = feature->Shape();
+    if (Require(shape, "Shape")->IsEmpty()) {
+      facts.skipped_list += "  ** OID Value = " + std::to_string(feature->OID()) + "\\par\r\n";
+      journal.SkippedOIDs.push_back(feature->OID());
+      continue;
+    }
+    writer.BeginFeature(*feature);
+    step->Convert(shape, writer);
+    if (run.FlushesEachFeature) writer.Flush();
+  }
+  return true;
+}
+
+RunProgressWords ProgressWords(const ConversionRun& run, const std::string& layer_name) {
+  RunProgressWords words;
+  words.StatusText = std::string(run.Words.StatusLeadIn) + layer_name;
+  words.ActionText = run.Words.ActionText;
+  words.RepeatedAction = run.Words.RepeatedAction;
+  return words;
+}
+
+}  // namespace
+
+std::string RunConversion(const ConversionRun& run, const std::shared_ptr<IFeatureLayer>& layer,
+                          const std::shared_ptr<VarArray>& fields, bool all_records, const std::string& path,
+                          const std::shared_ptr<IApplication>& application,
+                          const std::shared_ptr<clsExtension>& extension, bool show_progress) {
+  RunFacts facts;
+  RunJournal& journal = Host().Journal();
+  journal = RunJournal();
+  journal.Begin = Host().Clock().Now();
+  const auto run_body = [&]() -> std::string {
+    const auto document = Cast<IMxDocument>(application->Document());
+    const Input input = OpenInput(layer, all_records);
+    facts.layer_name = layer->Name();
+    facts.all_records = all_records;
+    facts.record_count = input.count;
+    facts.output_path = path;
+    RunProgress progress(ProgressWords(run, facts.layer_name), application, extension, input.count, show_progress);
+
+    OutputTarget target = SplitOutputPath(path, *extension);
+    const SpatialReferenceRef reference = input.features->SpatialReference();
+    facts.reference_name = reference->Name();
+    journal.Reference = reference;
+    FieldTransfer transfer(*input.features, run, *fields);
+    const std::shared_ptr<IFeatureClass> output =
+        CreateOutput(run, *input.features, transfer.OutputFields(), target);
+    journal.OutputPath = path;
+    transfer.Bind(*input.features, *output);
+    facts.field_report = transfer.FieldReport();
+
+    {
+      OutputWriter writer(output, transfer);
+      const bool finished = ConvertFeatures(run, input, writer, progress, facts);
+      writer.Flush();
+      if (!finished) {
+        journal.Stopped = true;
+        journal.End = Host().Clock().Now();
+        return StoppedReport(run, facts);
+      }
+    }
+    AddResultLayer(output, target.name, *document);
+    document->UpdateContents();
+    progress.Finish();
+    document->ActiveView()->PartialRefresh(esriViewGeography, nullptr, nullptr);
+
+    journal.End = Host().Clock().Now();
+    facts.output_count = output->FeatureCount(nullptr);
+    facts.time_spent = ReturnTimeElapsedRTF(journal.Begin, journal.End, kReportFontSize);
+    return SuccessReport(run, facts);
+  };
+  const auto on_fault = [&](const Fault& fault) {
+    journal.Failed = true;
+    journal.End = Host().Clock().Now();
+    return FailureReport(run, facts, fault);
+  };
+  return TrapWith(run.Worker, run_body, on_fault);
+}
+
+std::string ConvertToVertices(const std::shared_ptr<IFeatureLayer>& layer, const std::shared_ptr<VarArray>& fields,
+                              bool all_records, const std::string& path,
+                              const std::shared_ptr<IApplication>& application,
+                              const std::shared_ptr<clsExtension>& extension, bool show_progress, bool) {
+  return RunConversion(*FindRun(1), layer, fields, all_records, path, application, extension, show_progress);
+}
+
+std::string CalcTimeLeft(const std::string& prefix, Date start, std::int32_t done, std::int32_t total) {
+  return MyGeneralOperations::CalcTimeLeft(prefix, start, done, total);
+}
+
+}  // namespace tessarine::modCreateVertices

@@ -1,0 +1,82 @@
+#include "conversion/run_reports.h"
+
+#include "platform/paths.h"
+#include "platform/rich_text.h"
+#include "platform/text_formats.h"
+
+namespace tessarine {
+namespace {
+
+constexpr std::string_view kModule = "modCreateVertices";
+
+constexpr std::string_view kHeader =
+    "{\\rtf1\\ansi\\ansicpg1252\\deff0\\deflang1033{\\fonttbl{\\f0\\fswiss\\fcharset0 Arial;}}\r\n"
+    "{\\*\\generator Msftedit 5.41.15.1507;}\\viewkind4\\uc1\\pard\\qc\\b\\f0\\fs16 ";
+
+constexpr std::string_view kSuccessBody =
+    " Successful:\\par\r\n"
+    "\\pard ---------------------------------------------\\par\r\n"
+    "Input Parameters:\\b0\\par\r\n"
+    "  ** Input Feature Layer: zzzFClass\\par\r\n"
+    "  ** zzzDoAll\\par\r\n"
+    "  ** Fields to Include:\\par\r\n"
+    "zzzFieldReport\r\n"
+    "\\b ---------------------------------------------\\par\r\n"
+    "Output:\\b0\\par\r\n"
+    "  ** zzzFilename\\par\r\n"
+    "  ** zzzSpRef\\par\r\n"
+    "  ** zzzNumRecs\\par\r\n"
+    "\\b ---------------------------------------------\\b0\\par\r\n"
+    "zzzProbReport\r\n"
+    "\\pard\\qc TimeSpentString\\par\r\n"
+    "}";
+
+constexpr std::string_view kProblemLine = "zzzProbReport\r\n";
+
+// The block that lists the features without a shape.
+std::string SkippedBlock(const modCreateVertices::ConversionRun& run, const std::string& skipped_list) {
+  const std::string block = std::string(run.Words.SkippedHeading) +
+                            "\r\nzzzRunningProblems\r\n\\b ---------------------------------------------\\b0\\par\r\n";
+  return Replace(block, "zzzRunningProblems", skipped_list);
+}
+
+std::string RecordLine(const modCreateVertices::ConversionRun& run, const RunFacts& facts) {
+  return std::string(facts.all_records ? run.Words.AllLabel : run.Words.SelectedLabel) +
+         std::to_string(facts.record_count) + ")";
+}
+
+}  // namespace
+
+std::string PathForReport(const std::string& path) { return EscapeRtf(ToNativePath(path)); }
+
+std::string SuccessReport(const modCreateVertices::ConversionRun& run, const RunFacts& facts) {
+  std::string report = std::string(kHeader) + std::string(run.Words.ReportTitle) + std::string(kSuccessBody);
+  if (!run.ReportsSkipped) report = Replace(report, kProblemLine, "");
+  report = Replace(report, "zzzProbReport", facts.skipped_list.empty() ? "" : SkippedBlock(run, facts.skipped_list));
+  report = Replace(report, "zzzFieldReport", facts.field_report);
+  report = Replace(report, "zzzFClass", EscapeRtf(facts.layer_name));
+  report = Replace(report, "zzzSpRef", "Spatial Reference:  " + EscapeRtf(facts.reference_name));
+  report = Replace(report, "zzzDoAll", RecordLine(run, facts));
+  report = Replace(report, "zzzFilename", PathForReport(facts.output_path));
+  report = Replace(report, "zzzNumRecs",
+                   "Contains " + std::to_string(facts.output_count) + std::string(run.Words.CountNoun));
+  return Replace(report, "TimeSpentString", facts.time_spent);
+}
+
+std::string StoppedReport(const modCreateVertices::ConversionRun& run, const RunFacts& facts) {
+  return std::string(kHeader) + "Exited Function Prematurely at Record " + std::to_string(facts.records_done) +
+         "\\par\r\nPartial output saved to " + PathForReport(facts.output_path) + "\\par\r\n" +
+         (facts.skipped_list.empty() ? "" : SkippedBlock(run, facts.skipped_list)) + "}";
+}
+
+std::string FailureReport(const modCreateVertices::ConversionRun& run, const RunFacts& facts, const Fault& fault) {
+  return std::string(kHeader) + "!!!  " + std::string(run.Words.ReportTitle) + " Failed  !!!\\par\r\n" +
+         "\\pard ---------------------------------------------\\b0\\par\r\n" +
+         "Module = " + std::string(kModule) + "\\par\r\n" + "Function = " + std::string(run.Worker) + "\\par\r\n" +
+         "Line Number = " + std::to_string(fault.Line()) + "\\par\r\n" + "Error " +
+         std::to_string(fault.Number()) + ":  " + EscapeRtf(fault.Description()) + "\\par\r\n" +
+         "----------------------------------------------------------\\par\r\n" + "Analyzing Record #" +
+         std::to_string(facts.records_done) + "\\par\r\n" + "}";
+}
+
+}  // namespace tessarine

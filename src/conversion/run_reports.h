@@ -1,0 +1,35 @@
+// The reports of the conversion runs, as RTF.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "conversion/conversion_runs.h"
+#include "platform/fault.h"
+
+namespace tessarine {
+
+/// What the reports tell of a run. Texts are plain; the reports escape them.
+struct RunFacts {
+  std::string layer_name;
+  bool all_records = true;
+  std::int32_t record_count = 0;
+  std::int32_t records_done = 0;
+  std::string field_report;  ///< RTF already
+  std::string output_path;   ///< a backslash path
+  std::string reference_name;
+  std::int32_t output_count = 0;
+  std::string skipped_list;  ///< RTF already; empty when no feature was skipped
+  std::string time_spent;    ///< RTF already
+};
+
+[[nodiscard]] std::string SuccessReport(const modCreateVertices::ConversionRun& run, const RunFacts& facts);
+/// The report of a run that the user stopped.
+[[nodiscard]] std::string StoppedReport(const modCreateVertices::ConversionRun& run, const RunFacts& facts);
+[[nodiscard]] std::string FailureReport(const modCreateVertices::ConversionRun& run, const RunFacts& facts,
+                                        const Fault& fault);
+
+/// A path as it stands in a report: native, escaped.
+[[nodiscard]] std::string PathForReport(const std::string& path);
+
+}  // namespace tessarine

@@ -1,0 +1,186 @@
+// Clip and ClipDense: what lies inside a rectangle, its edges included.
+#include <algorithm>
+#include <cmath>
+
+#include "engine/geos_bridge.h"
+
+namespace tessarine {
+namespace {
+
+using namespace engine;
+using PathRef = std::shared_ptr<Path>;
+
+bool Inside(const Envelope& box, XY point) {
+  return point.x >= box.XMin() && point.x <= box.XMax() && point.y >= box.YMin() && point.y <= box.YMax();
+}
+
+bool Inside(const Envelope& box, const Envelope& inner) {
+  return Inside(box, XY{inner.XMin(), inner.YMin()}) && Inside(box, XY{inner.XMax(), inner.YMax()});
+}
+
+// The share of a straight segment inside the box, after Liang and Barsky. Ends that lie inside keep their bits, and
+// a new end lies exactly on its side of the box.
+bool ClipLine(const Envelope& box, XY& from, XY& to) {
+  const XY start = from;
+  const double dx = to.x - from.x, dy = to.y - from.y;
+  double enter = 0.0, leave = 1.0;
+  const XY end = to;
+  const auto side = [&](double slope, double distance, XY exact, bool vertical) {
+    if (slope == 0.0) return distance >= 0.0;
+    const double t = distance / slope;
+    if (slope < 0.0) {
+      if (t > leave) return false;
+      if (t > enter) {
+        enter = t;
+        from = {start.x + dx * t, start.y + dy * t};
+        (vertical ? from.x : from.y) = vertical ? exact.x : exact.y;
+      }
+    } else {
+      if (t < enter) return false;
+      if (t < leave) {
+        leave = t;
+        to = {start.x + dx * t, start.y + dy * t};
+        (vertical ? to.x : to.y) = vertical ? exact.x : exact.y;
+      }
+    }
+    return true;
+  };
+  const XY low{box.XMin(), box.YMin()}, high{box.XMax(), box.YMax()};
+  return side(-dx, start.x - low.x, low, true) && side(dx, high.x - start.x, high, true) &&
+         side(-dy, start.y - low.y, low, false) && side(dy, high.y - start.y, high, false) &&
+         (from != to || start == end);
+}
+
+void ClipPath(const Envelope& box, const Path& path, std::vector<PathRef>& result) {
+  const std::vector<XY> vertices = DensifiedVertices(path);
+  std::vector<XY> piece;
+  const auto finish = [&] {
+    if (piece.size() > 1) result.push_back(std::make_shared<Path>(std::move(piece)));
+    piece.clear();
+  };
+  for (std::size_t index = 1; index < vertices.size(); ++index) {
+    XY from = vertices[index - 1], to = vertices[index];
+    if (!ClipLine(box, from, to)) {
+      finish();
+      continue;
+    }
+    if (piece.empty() || piece.back() != from) {
+      finish();
+      piece.push_back(from);
+    }
+    piece.push_back(to);
+    if (to != vertices[index]) finish();
+  }
+  finish();
+}
+
+void ClipPolyline(PartedShape& line, const Envelope& box) {
+  std::vector<PathRef> result;
+  for (const PathRef& part : line.Parts()) {
+    const Envelope extent = part->Envelope();
+    if (!box.Intersects(extent)) continue;
+    if (Inside(box, extent)) {
+      result.push_back(part);
+    } else {
+      ClipPath(box, *part, result);
+    }
+  }
+  line.SetParts(std::move(result));
+}
+
+// Overlay rounds the places at which it cuts; on the box they are exact.
+void SnapToBox(const Envelope& box, std::vector<PathRef>& rings) {
+  const double x_slack = 1e-12 * std::max(std::fabs(box.XMin()), std::fabs(box.XMax()));
+  const double y_slack = 1e-12 * std::max(std::fabs(box.YMin()), std::fabs(box.YMax()));
+  const auto snapped = [](double value, double low, double high, double slack) {
+    if (std::fabs(value - low) <= slack) return low;
+    return std::fabs(value - high) <= slack ? high : value;
+  };
+  for (const PathRef& ring : rings) {
+    std::vector<XY> vertices(ring->Vertices().begin(), ring->Vertices().end());
+    for (XY& vertex : vertices) {
+      vertex = {snapped(vertex.x, box.XMin(), box.XMax(), x_slack), snapped(vertex.y, box.YMin(), box.YMax(), y_slack)};
+    }
+    ring->SetVertices(std::move(vertices));
+  }
+}
+
+bool OnOneSide(const Envelope& box, XY from, XY to) {
+  return (from.x == to.x && (from.x == box.XMin() || from.x == box.XMax())) ||
+         (from.y == to.y && (from.y == box.YMin() || from.y == box.YMax()));
+}
+
+// New vertices along the edges that lie on the box.
+void DensifyOnBox(const Envelope& box, double spacing, Path& ring) {
+  const std::span<const XY> vertices = ring.Vertices();
+  std::vector<XY> dense;
+  for (std::size_t index = 0; index < vertices.size(); ++index) {
+    dense.push_back(vertices[index]);
+    if (index + 1 == vertices.size() || !OnOneSide(box, vertices[index], vertices[index + 1])) continue;
+    const XY from = vertices[index], to = vertices[index + 1];
+    const double length = std::fabs(to.x - from.x) + std::fabs(to.y - from.y);
+    const int pieces = static_cast<int>(std::ceil(length / spacing - 1e-9));
+    for (int piece = 1; piece < pieces; ++piece) {
+      const double share = static_cast<double>(piece) / pieces;
+      dense.push_back({from.x + (to.x - from.x) * share, from.y + (to.y - from.y) * share});
+    }
+  }
+  if (dense.size() != vertices.size()) ring.SetVertices(std::move(dense));
+}
+
+bool Touches(const Envelope& box, const Envelope& extent) {
+  return extent.XMin() == box.XMin() || extent.XMax() == box.XMax() || extent.YMin() == box.YMin() ||
+         extent.YMax() == box.YMax();
+}
+
+// A spacing of 0 adds no vertices.
+void ClipPolygon(PartedShape& polygon, const Envelope& box, double spacing) {
+  const Envelope extent = polygon.Envelope();
+  if (!box.Intersects(extent)) {
+    polygon.SetParts({});
+    polygon.MarkSimple();
+    return;
+  }
+  const bool whole = Inside(box, extent);
+  if (whole) {
+    polygon.Simplify();
+    if (spacing <= 0.0 || !Touches(box, extent)) return;
+  } else {
+    const GeosGeometry own = ToGeos(polygon), rectangle = RectangleToGeos(box);
+    std::vector<PathRef> rings = RingsFromGeos(Checked(GEOSIntersection_r(Geos(), own.get(), rectangle.get())).get());
+    SnapToBox(box, rings);
+    polygon.SetParts(std::move(rings));
+  }
+  if (spacing > 0.0) {
+    for (const PathRef& ring : polygon.Parts()) {
+      if (!ring->HasCurves()) DensifyOnBox(box, spacing, *ring);
+    }
+  }
+  polygon.MarkSimple();
+}
+
+}  // namespace
+
+void PartedShape::Clip(const tessarine::Envelope& clipper) {
+  if (GeometryType() == esriGeometryPolygon) {
+    ClipPolygon(*this, clipper, 0.0);
+  } else {
+    ClipPolyline(*this, clipper);
+  }
+}
+
+void PartedShape::ClipDense(const tessarine::Envelope& clipper, double dense_distance) {
+  if (GeometryType() == esriGeometryPolygon) {
+    ClipPolygon(*this, clipper, dense_distance);
+  } else {
+    ClipPolyline(*this, clipper);
+  }
+}
+
+void Multipoint::Clip(const tessarine::Envelope& clipper) {
+  std::erase_if(points_, [&](XY point) { return !Inside(clipper, point); });
+}
+
+void Multipoint::ClipDense(const tessarine::Envelope& clipper, double) { Clip(clipper); }
+
+}  // namespace tessarine

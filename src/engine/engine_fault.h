@@ -1,0 +1,44 @@
+// Faults of the engine: what the libraries underneath complain of, in their own words.
+#pragma once
+
+#include <cpl_error.h>
+
+#include <string>
+
+#include "platform/fault.h"
+
+namespace tessarine::engine {
+
+[[noreturn]] inline void RaiseEngineFault(const std::string& text) { throw Fault(kEngine, "Engine", text); }
+
+/// Collects GDAL's messages while it lives, so that none is printed and faults can quote them.
+class GdalErrorScope {
+ public:
+  GdalErrorScope() { CPLPushErrorHandlerEx(Collect, this); }
+  ~GdalErrorScope() { CPLPopErrorHandler(); }
+  GdalErrorScope(const GdalErrorScope&) = delete;
+  GdalErrorScope& operator=(const GdalErrorScope&) = delete;
+
+  [[nodiscard]] const std::string& Text() const { return text_; }
+  [[nodiscard]] bool Failed() const { return failed_; }
+  void Clear() {
+    text_.clear();
+    failed_ = false;
+  }
+  /// " (GDAL says: ...)" or nothing, to stand behind a message of our own.
+  [[nodiscard]] std::string Quote() const { return text_.empty() ? "" : " (GDAL says: " + text_ + ")"; }
+
+ private:
+  static void CPL_STDCALL Collect(CPLErr severity, CPLErrorNum, const char* message) {
+    auto* scope = static_cast<GdalErrorScope*>(CPLGetErrorHandlerUserData());
+    if (severity >= CE_Failure) scope->failed_ = true;
+    // The first failure says most; warnings before it only count while nothing failed.
+    if (severity < CE_Warning || scope->text_.size() > 400) return;
+    scope->text_ += (scope->text_.empty() ? "" : "; ") + std::string(message);
+  }
+
+  std::string text_;
+  bool failed_ = false;
+};
+
+}  // namespace tessarine::engine

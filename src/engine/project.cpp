@@ -1,0 +1,121 @@
+// Project and SnapToSpatialReference.
+#include <ogr_spatialref.h>
+
+#include <cmath>
+#include <map>
+
+#include "engine/engine_fault.h"
+#include "engine/geos_bridge.h"
+#include "engine/srs_from_gdal.h"
+#include "platform/text_formats.h"
+
+namespace tessarine {
+namespace {
+
+using namespace engine;
+
+struct TransformationRelease {
+  void operator()(OGRCoordinateTransformation* transformation) const {
+    OGRCoordinateTransformation::DestroyCT(transformation);
+  }
+};
+using Transformation = std::unique_ptr<OGRCoordinateTransformation, TransformationRelease>;
+
+// One transformation per pair of references and thread; a run uses one or two pairs.
+OGRCoordinateTransformation& TransformationBetween(const SpatialReference& from, const SpatialReference& to) {
+  thread_local std::map<std::pair<std::string, std::string>, Transformation> cache;
+  const auto key = std::make_pair(from.Wkt(), to.Wkt());
+  if (const auto found = cache.find(key); found != cache.end()) return *found->second;
+  const GdalErrorScope errors;
+  const OgrReference source = OgrFromReference(from), target = OgrFromReference(to);
+  Transformation made(OGRCreateCoordinateTransformation(source.get(), target.get()));
+  if (!made) {
+    RaiseEngineFault("There is no way from the reference '" + from.Name() + "' to '" + to.Name() + "'" +
+                     errors.Quote() + ".");
+  }
+  return *cache.emplace(key, std::move(made)).first->second;
+}
+
+std::vector<XY> Transformed(std::span<const XY> vertices, OGRCoordinateTransformation& transformation,
+                            const SpatialReference& target) {
+  std::vector<double> x, y;
+  x.reserve(vertices.size());
+  y.reserve(vertices.size());
+  for (const XY vertex : vertices) {
+    x.push_back(vertex.x);
+    y.push_back(vertex.y);
+  }
+  std::vector<int> ok(vertices.size(), 0);
+  {
+    const GdalErrorScope quiet;
+    transformation.Transform(static_cast<int>(vertices.size()), x.data(), y.data(), nullptr, ok.data());
+  }
+  std::vector<XY> result(vertices.size());
+  for (std::size_t index = 0; index < vertices.size(); ++index) {
+    if (ok[index] == 0 || !std::isfinite(x[index]) || !std::isfinite(y[index])) {
+      RaiseEngineFault("The coordinates (" + NumberText(vertices[index].x) + ", " + NumberText(vertices[index].y) +
+                       ") can't be projected to '" + target.Name() + "'.");
+    }
+    result[index] = {x[index], y[index]};
+  }
+  return result;
+}
+
+// Replaces every vertex by what `change` makes of its part's vertices.
+template <class Change>
+void ChangeVertices(IGeometry& geometry, Change&& change) {
+  if (auto* point = dynamic_cast<Point*>(&geometry)) {
+    const XY old = point->Coordinates();
+    const std::vector<XY> changed = change(std::span<const XY>(&old, 1));
+    point->PutCoords(changed.front().x, changed.front().y);
+  } else if (auto* points = dynamic_cast<Multipoint*>(&geometry)) {
+    points->SetVertices(change(points->Vertices()));
+  } else if (auto* path = dynamic_cast<Path*>(&geometry)) {
+    path->SetVertices(change(DensifiedVertices(*path)));
+  } else if (auto* shape = dynamic_cast<PartedShape*>(&geometry)) {
+    for (const auto& part : shape->Parts()) part->SetVertices(change(DensifiedVertices(*part)));
+  } else if (auto* bag = dynamic_cast<GeometryBag*>(&geometry)) {
+    for (std::int32_t index = 0; index < bag->GeometryCount(); ++index) ChangeVertices(*bag->Geometry(index), change);
+  }
+}
+
+double Rounded(double value, double step) { return std::round(value / step) * step; }
+
+void SnapParts(PartedShape& shape, double step) {
+  for (const auto& part : shape.Parts()) {
+    for (std::int32_t index = 0; index < part->PointCount(); ++index) {
+      const XY old = part->Point(index);
+      const XY snapped{Rounded(old.x, step), Rounded(old.y, step)};
+      if (snapped != old) part->UpdatePoint(index, snapped);
+    }
+  }
+}
+
+}  // namespace
+
+void IGeometry::Project(const SpatialReferenceRef& reference) {
+  const bool known = spatial_reference_ && reference && !spatial_reference_->Wkt().empty() && !reference->Wkt().empty();
+  if (known && !IsEmpty() && !spatial_reference_->IsEqual(*reference)) {
+    OGRCoordinateTransformation& transformation = TransformationBetween(*spatial_reference_, *reference);
+    ChangeVertices(*this, [&](std::span<const XY> vertices) {
+      return Transformed(vertices, transformation, *reference);
+    });
+  }
+  spatial_reference_ = reference;
+}
+
+void IGeometry::SnapToSpatialReference() {
+  if (!spatial_reference_ || !spatial_reference_->XYToleranceValid() || IsEmpty()) return;
+  const double step = spatial_reference_->XYResolution();
+  if (auto* shape = dynamic_cast<PartedShape*>(this)) {
+    SnapParts(*shape, step);
+    return;
+  }
+  ChangeVertices(*this, [&](std::span<const XY> vertices) {
+    std::vector<XY> snapped;
+    for (const XY vertex : vertices) snapped.push_back({Rounded(vertex.x, step), Rounded(vertex.y, step)});
+    return snapped;
+  });
+}
+
+}  // namespace tessarine

@@ -1,0 +1,149 @@
+// Simplify, for polygons, polylines and multipoints.
+#include <algorithm>
+#include <set>
+
+#include "engine/geos_bridge.h"
+
+namespace tessarine {
+namespace {
+
+using namespace engine;
+using PathRef = std::shared_ptr<Path>;
+
+// Repeated vertices make segments without length, unless a curve leads back to its own start.
+void DropRepeatedVertices(Path& path) {
+  const std::span<const XY> vertices = path.Vertices();
+  bool repeated = false;
+  for (std::size_t index = 1; index < vertices.size() && !repeated; ++index) {
+    repeated = vertices[index] == vertices[index - 1];
+  }
+  if (!repeated) return;
+  Path kept;
+  for (std::int32_t index = 0; index < path.SegmentCount(); ++index) {
+    const Segment segment = path.Segment(index);
+    if (segment.FromPoint() != segment.ToPoint() || (segment.IsCurve() && segment.Length() > 0.0)) {
+      kept.AddSegment(segment);
+    }
+  }
+  const std::span<const XY> rest = kept.Vertices();
+  const auto curves = kept.Curves();
+  path.SetVertices({rest.begin(), rest.end()}, {curves.begin(), curves.end()});
+}
+
+// A simple copy of a parted shape's parts, without those that bound nothing. The parts themselves are changed only
+// where they must be.
+std::vector<PathRef> UsableParts(const PartedShape& shape, bool rings) {
+  std::vector<PathRef> parts;
+  for (const PathRef& part : shape.Parts()) {
+    DropRepeatedVertices(*part);
+    if (!rings) {
+      if (part->PointCount() > 1) parts.push_back(part);
+      continue;
+    }
+    auto ring = Cast<Ring>(part);
+    if (!ring) continue;
+    ring->Close();
+    if (ring->PointCount() < (ring->HasCurves() ? 2 : 4) || ring->Area() == 0.0) continue;
+    parts.push_back(ring);
+  }
+  return parts;
+}
+
+std::vector<const Path*> Pointers(const std::vector<PathRef>& parts) {
+  std::vector<const Path*> pointers;
+  for (const PathRef& part : parts) pointers.push_back(part.get());
+  return pointers;
+}
+
+void Orient(const Path* ring, bool clockwise, const std::vector<PathRef>& parts) {
+  const auto part = std::ranges::find_if(parts, [&](const PathRef& candidate) { return candidate.get() == ring; });
+  const auto own = Cast<Ring>(*part);
+  if ((own->Area() > 0.0) != clockwise) own->ReverseOrientation();
+}
+
+// Even-odd: the faces between all rings, kept where an odd number of rings lies around them.
+std::vector<PathRef> Repair(const std::vector<PathRef>& parts) {
+  std::vector<Ring> rings;
+  std::vector<GeosGeometry> lines;
+  for (const PathRef& part : parts) {
+    rings.emplace_back(DensifiedVertices(*part));
+    const auto vertices = rings.back().Vertices();
+    lines.push_back(LineToGeos({vertices.begin(), vertices.end()}));
+  }
+  const GeosGeometry all = CollectionToGeos(GEOS_MULTILINESTRING, std::move(lines));
+  const GeosGeometry noded = Checked(GEOSUnaryUnion_r(Geos(), all.get()));
+  const GEOSGeometry* const input = noded.get();
+  const GeosGeometry faces = Checked(GEOSPolygonize_r(Geos(), &input, 1));
+  std::vector<GeosGeometry> kept;
+  ForEachMember(faces.get(), [&](const GEOSGeometry* face, int) {
+    const GeosGeometry inside = Checked(GEOSPointOnSurface_r(Geos(), face));
+    const std::vector<XY> probe = VerticesFromGeos(inside.get());
+    const auto around = std::ranges::count_if(rings, [&](const Ring& ring) { return ring.Encloses(probe.front()); });
+    if (around % 2 != 0) kept.push_back(Checked(GEOSGeom_clone_r(Geos(), face)));
+  });
+  if (kept.empty()) return {};
+  const GeosGeometry area = CollectionToGeos(GEOS_GEOMETRYCOLLECTION, std::move(kept));
+  return RingsFromGeos(Checked(GEOSUnaryUnion_r(Geos(), area.get())).get());
+}
+
+bool SameParts(std::span<const PathRef> first, const std::vector<PathRef>& second) {
+  return std::ranges::equal(first, second);
+}
+
+void SimplifyPolygon(PartedShape& polygon) {
+  std::vector<PathRef> parts = UsableParts(polygon, true);
+  if (!parts.empty()) {
+    const NestedRings nested = NestRings(Pointers(parts));
+    if (CheckedFlag(GEOSisValid_r(Geos(), NestedToGeos(nested).get()))) {
+      for (const NestedRings::Shell& shell : nested.shells) {
+        Orient(shell.ring, true, parts);
+        for (const Path* hole : shell.holes) Orient(hole, false, parts);
+      }
+    } else {
+      parts = Repair(parts);
+    }
+  }
+  if (!SameParts(polygon.Parts(), parts)) polygon.SetParts(std::move(parts));
+}
+
+void SimplifyPolyline(PartedShape& line) {
+  std::vector<PathRef> parts = UsableParts(line, false);
+  if (!SameParts(line.Parts(), parts)) line.SetParts(std::move(parts));
+}
+
+bool IsDistinct(std::span<const XY> points) {
+  std::set<std::pair<double, double>> seen;
+  return std::ranges::all_of(points, [&](XY point) { return seen.emplace(point.x, point.y).second; });
+}
+
+}  // namespace
+
+void PartedShape::Simplify() {
+  if (IsKnownSimple()) return;
+  if (GeometryType() == esriGeometryPolygon) {
+    SimplifyPolygon(*this);
+  } else {
+    SimplifyPolyline(*this);
+  }
+  MarkSimple();
+}
+
+bool PartedShape::IsSimple() const {
+  if (IsKnownSimple()) return true;
+  const auto copy = CloneOf(*this);
+  copy->Simplify();
+  return copy->IsEqual(*this);
+}
+
+bool Multipoint::IsSimple() const { return known_simple_ || IsDistinct(points_); }
+
+void Multipoint::Simplify() {
+  if (known_simple_) return;
+  if (!IsDistinct(points_)) {
+    std::set<std::pair<double, double>> seen;
+    std::erase_if(points_, [&](XY point) { return !seen.emplace(point.x, point.y).second; });
+  }
+  known_simple_ = true;
+}
+
+}  // namespace tessarine

@@ -1,0 +1,15 @@
+#include "engine/versions.h"
+
+#include <gdal.h>
+#include <geos_c.h>
+#include <proj.h>
+
+namespace tessarine {
+
+LibraryVersions EngineLibraryVersions() {
+  // GEOS appends the version of its C interface.
+  const std::string geos = GEOSversion();
+  return {GDALVersionInfo("RELEASE_NAME"), geos.substr(0, geos.find('-')), proj_info().version};
+}
+
+}  // namespace tessarine

@@ -1,0 +1,14 @@
+// The libraries that this build runs on.
+#pragma once
+
+#include <string>
+
+namespace tessarine {
+
+struct LibraryVersions {
+  std::string gdal, geos, proj;
+};
+
+[[nodiscard]] LibraryVersions EngineLibraryVersions();
+
+}  // namespace tessarine

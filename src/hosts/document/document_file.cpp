@@ -1,0 +1,290 @@
+#include "hosts/document/document_file.h"
+
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "hosts/document/document_layer.h"
+#include "hosts/document/geometry_json.h"
+#include "hosts/document/json_reading.h"
+#include "hosts/document/settings_stream.h"
+
+namespace tessarine {
+namespace {
+
+using nlohmann::json;
+namespace fs = std::filesystem;
+
+constexpr const char* kFormat = "tessarine map document";
+constexpr int kMaximumGroupDepth = 32;
+
+// --- Reading ---------------------------------------------------------------------------------------------------
+
+class DocumentReader {
+ public:
+  DocumentReader(MapDocument& document, std::string folder) : document_(document), folder_(std::move(folder)) {}
+
+  void Read(const JsonPlace& root) {
+    if (root.Member("format").Text() != kFormat) root.Member("format").Fail("\"" + std::string(kFormat) + "\"");
+    document_.HostVersion = root.TextOr("host version", document_.HostVersion);
+    if (root.Has("map")) ReadMap(root.Member("map"));
+    if (root.Has("layout")) ReadView(root.Member("layout"), document_.Layout());
+    const std::string active = root.TextOr("active view", "map");
+    if (active != "map" && active != "layout") root.Member("active view").Fail("\"map\" or \"layout\"");
+    document_.SetLayoutActive(active == "layout");
+    if (root.Has("settings")) {
+      root.Member("settings").ForEach([&](const JsonPlace& item) {
+        document_.Settings.push_back(SettingFromJson(item));
+      });
+    }
+  }
+
+ private:
+  void ReadMap(const JsonPlace& place) {
+    DocumentMap& map = document_.Map();
+    map.SetName(place.TextOr("name", map.Name()));
+    if (place.Has("reference")) {
+      map.SetSpatialReference(SpatialReferenceEnvironment::CreateFromText(place.Member("reference").Text()));
+    }
+    if (place.Has("layers")) {
+      place.Member("layers").ForEach([&](const JsonPlace& item) { map.AppendLayer(ReadLayer(item, 0)); });
+    }
+    if (place.Has("tables")) {
+      place.Member("tables").ForEach([&](const JsonPlace& item) {
+        map.AddTable(std::make_shared<DocumentTable>(item.Member("name").Text(), ReadSource(item)));
+      });
+    }
+    ReadView(place, map);
+  }
+
+  void ReadView(const JsonPlace& place, DocumentView& view) {
+    if (place.Has("extent")) view.SetExtent(ReadExtent(place.Member("extent")));
+    if (place.Has("graphics")) {
+      place.Member("graphics").ForEach([&](const JsonPlace& item) { view.AddElement(ReadElement(item, 0)); });
+    }
+  }
+
+  static Envelope ReadExtent(const JsonPlace& place) {
+    if (place.Count() != 4) place.Fail("four numbers: west, south, east, north");
+    return {place.Item(0).Number(), place.Item(1).Number(), place.Item(2).Number(), place.Item(3).Number()};
+  }
+
+  LayerSource ReadSource(const JsonPlace& place) const {
+    const fs::path path = place.Member("source").Text();
+    return {path.is_absolute() ? path.string() : (fs::path(folder_) / path).lexically_normal().string(),
+            place.TextOr("layer", "")};
+  }
+
+  std::shared_ptr<ILayer> ReadLayer(const JsonPlace& place, int depth) {
+    const std::string name = place.Member("name").Text();
+    std::shared_ptr<ILayer> layer = place.Has("members") ? ReadGroup(place, name, depth) : ReadFeatures(place, name);
+    layer->SetVisible(place.FlagOr("visible", true));
+    if (place.FlagOr("chosen", false)) document_.SetSelectedLayer(layer);
+    return layer;
+  }
+
+  std::shared_ptr<ILayer> ReadGroup(const JsonPlace& place, const std::string& name, int depth) {
+    if (depth == kMaximumGroupDepth) place.Fail("nested less deeply");
+    auto group = std::make_shared<DocumentGroupLayer>(name);
+    place.Member("members").ForEach([&](const JsonPlace& item) {
+      group->Members.push_back(ReadLayer(item, depth + 1));
+    });
+    return group;
+  }
+
+  std::shared_ptr<ILayer> ReadFeatures(const JsonPlace& place, const std::string& name) {
+    auto layer = std::make_shared<DocumentFeatureLayer>(name, ReadSource(place));
+    if (place.Has("symbol")) {
+      auto renderer = std::make_shared<DocumentRenderer>();
+      renderer->SetSymbol(std::make_shared<DocumentSymbol>(place.Member("symbol").Text()));
+      layer->SetRenderer(renderer);
+    }
+    if (place.Has("fields")) {
+      const JsonPlace fields = place.Member("fields");
+      if (!fields.Value().is_object()) fields.Fail("an object");
+      for (const auto& [field, value] : fields.Value().items()) {
+        const JsonPlace info(value, fields.Path() + "." + field);
+        layer->SetFieldInfo(field, {info.TextOr("alias", field), info.FlagOr("visible", true)});
+      }
+    }
+    if (place.Has("selection")) {
+      std::vector<std::int64_t> oids;
+      place.Member("selection").ForEach([&](const JsonPlace& item) { oids.push_back(item.Whole()); });
+      layer->SetSelectedOids(std::move(oids));
+    }
+    return layer;
+  }
+
+  std::shared_ptr<GraphicElement> ReadElement(const JsonPlace& place, int depth) {
+    if (depth == kMaximumGroupDepth) place.Fail("nested less deeply");
+    std::shared_ptr<GraphicElement> element = MakeElement(place.Member("kind").Text());
+    if (!element) place.Member("kind").Fail("one of: " + ElementKinds());
+    element->SetName(place.TextOr("name", ""));
+    element->Selected = place.FlagOr("selected", false);
+    element->Content = place.TextOr("content", "");
+    if (place.Has("symbol")) element->DrawnWith = std::make_shared<DocumentSymbol>(place.Member("symbol").Text());
+    if (place.Has("shape")) {
+      const JsonPlace shape = place.Member("shape");
+      element->Shape = GeometryFromJson(shape.Value(), shape.Path());
+    }
+    const auto group = Cast<GroupElement>(element);
+    if (group && place.Has("members")) {
+      place.Member("members").ForEach([&](const JsonPlace& item) {
+        group->Members.push_back(ReadElement(item, depth + 1));
+      });
+    }
+    return element;
+  }
+
+  MapDocument& document_;
+  std::string folder_;
+};
+
+// --- Writing ---------------------------------------------------------------------------------------------------
+
+class DocumentWriter {
+ public:
+  DocumentWriter(const MapDocument& document, std::string folder)
+      : document_(document), folder_(std::move(folder)) {}
+
+  json Write() const {
+    json root = {{"format", kFormat},
+                 {"host version", document_.HostVersion},
+                 {"active view", document_.LayoutActive() ? "layout" : "map"},
+                 {"map", WriteMap()},
+                 {"layout", json::object()}};
+    WriteView(document_.Layout(), root["layout"]);
+    if (!document_.Settings.empty()) {
+      root["settings"] = json::array();
+      for (const Variant& value : document_.Settings) root["settings"].push_back(SettingToJson(value));
+    }
+    return root;
+  }
+
+ private:
+  json WriteMap() const {
+    const DocumentMap& map = document_.Map();
+    json result = {{"name", map.Name()}, {"layers", json::array()}};
+    if (map.OwnReference()) result["reference"] = map.OwnReference()->Wkt();
+    for (const auto& layer : map.AllLayers()) result["layers"].push_back(WriteLayer(layer));
+    for (std::int32_t index = 0; index < map.StandaloneTableCount(); ++index) {
+      const auto table = Cast<DocumentTable>(map.StandaloneTable(index));
+      json entry = {{"name", table->Name()}};
+      WriteSource(table->Source(), entry);
+      result["tables"].push_back(entry);
+    }
+    WriteView(map, result);
+    return result;
+  }
+
+  void WriteView(const DocumentView& view, json& result) const {
+    const Envelope extent = view.Extent();
+    if (!extent.IsEmpty()) result["extent"] = {extent.XMin(), extent.YMin(), extent.XMax(), extent.YMax()};
+    result["graphics"] = json::array();
+    for (const auto& element : view.Elements()) result["graphics"].push_back(WriteElement(*element));
+  }
+
+  void WriteSource(const LayerSource& source, json& result) const {
+    const fs::path relative = fs::path(source.path).lexically_relative(folder_);
+    const bool below = !relative.empty() && *relative.begin() != "..";
+    result["source"] = below ? relative.string() : source.path;
+    if (!source.layer.empty()) result["layer"] = source.layer;
+  }
+
+  json WriteLayer(const std::shared_ptr<ILayer>& layer) const {
+    json result = {{"name", layer->Name()}};
+    if (const auto group = Cast<DocumentGroupLayer>(layer)) {
+      result["visible"] = group->Visible();
+      result["members"] = json::array();
+      for (const auto& member : group->Members) result["members"].push_back(WriteLayer(member));
+    } else if (const auto features = Cast<DocumentFeatureLayer>(layer)) {
+      WriteFeatures(*features, result);
+    }
+    if (layer == document_.SelectedLayer()) result["chosen"] = true;
+    return result;
+  }
+
+  void WriteFeatures(const DocumentFeatureLayer& layer, json& result) const {
+    result["visible"] = layer.Visible();
+    WriteSource(layer.Source(), result);
+    for (const auto& [field, info] : layer.FieldInfos()) {
+      result["fields"][field] = {{"alias", info.Alias}, {"visible", info.Visible}};
+    }
+    if (const auto renderer = Cast<DocumentRenderer>(layer.Renderer())) {
+      const auto symbol = Cast<DocumentSymbol>(renderer->Symbol());
+      if (symbol) result["symbol"] = symbol->Definition;
+    }
+    const std::vector<std::int64_t> selected = layer.SelectedOids();
+    if (!selected.empty()) result["selection"] = selected;
+  }
+
+  static json WriteElement(const GraphicElement& element) {
+    json result = {{"kind", element.Kind()}};
+    if (!element.Name().empty()) result["name"] = element.Name();
+    if (element.Selected) result["selected"] = true;
+    if (!element.Content.empty()) result["content"] = element.Content;
+    const auto symbol = Cast<DocumentSymbol>(element.DrawnWith);
+    if (symbol) result["symbol"] = symbol->Definition;
+    if (element.Shape) result["shape"] = GeometryToJson(*element.Shape);
+    if (const auto* group = dynamic_cast<const GroupElement*>(&element)) {
+      result["members"] = json::array();
+      for (const auto& member : group->Members) result["members"].push_back(WriteElement(*member));
+    }
+    return result;
+  }
+
+  const MapDocument& document_;
+  std::string folder_;
+};
+
+std::string FolderOf(const std::string& native_path) {
+  return fs::absolute(native_path).parent_path().lexically_normal().string();
+}
+
+}  // namespace
+
+std::shared_ptr<MapDocument> ReadDocumentText(std::string_view text, const std::string& folder) {
+  json root;
+  try {
+    root = json::parse(text);
+  } catch (const json::parse_error& error) {
+    Raise(kInvalidCall, "It is no JSON: byte " + std::to_string(error.byte) + " can't be read.");
+  }
+  auto document = std::make_shared<MapDocument>();
+  DocumentReader(*document, folder).Read(JsonPlace(root, ""));
+  return document;
+}
+
+std::shared_ptr<MapDocument> ReadDocumentFile(const std::string& native_path) {
+  std::ifstream file(native_path, std::ios::binary);
+  if (!file) Raise(kPathNotFound, "The map document '" + native_path + "' can't be opened: check its name.");
+  std::ostringstream text;
+  text << file.rdbuf();
+  try {
+    auto document = ReadDocumentText(text.str(), FolderOf(native_path));
+    document->Path = native_path;
+    return document;
+  } catch (const Fault& fault) {
+    Raise(fault.Number(), "The map document '" + native_path + "' can't be read. " + fault.Description());
+  }
+}
+
+std::string WriteDocumentText(const MapDocument& document, const std::string& folder) {
+  return DocumentWriter(document, folder).Write().dump(2) + "\n";
+}
+
+void WriteDocumentFile(const MapDocument& document) {
+  const std::string text = WriteDocumentText(document, FolderOf(document.Path));
+  const std::string draft = document.Path + ".part";
+  std::ofstream file(draft, std::ios::binary | std::ios::trunc);
+  file << text;
+  file.close();
+  if (!file || std::rename(draft.c_str(), document.Path.c_str()) != 0) {
+    std::remove(draft.c_str());
+    Raise(kPathNotFound, "The map document '" + document.Path +
+                             "' can't be written: check that its folder exists, is writable and has room.");
+  }
+}
+
+}  // namespace tessarine

@@ -1,0 +1,92 @@
+#include "hosts/document/document_layer.h"
+
+#include "engine/data_source.h"
+#include "platform/text_formats.h"
+
+namespace tessarine {
+
+DocumentFeatureLayer::DocumentFeatureLayer(std::string name, LayerSource source)
+    : name_(std::move(name)), source_(std::move(source)) {}
+
+void DocumentFeatureLayer::OpenOnce() const {
+  if (opened_) return;
+  opened_ = true;
+  if (source_.path.empty()) return;
+  try {
+    class_ = DataSource::Open(source_.path, false)->OpenFeatureClass(source_.layer);
+  } catch (const Fault& fault) {
+    problem_ = fault.Description();
+    return;
+  }
+  if (!selected_oids_.empty()) selection_ = SelectByOids(class_, selected_oids_);
+}
+
+bool DocumentFeatureLayer::Valid() const {
+  OpenOnce();
+  return class_ != nullptr;
+}
+
+std::shared_ptr<IFeatureClass> DocumentFeatureLayer::FeatureClass() const {
+  OpenOnce();
+  return class_;
+}
+
+void DocumentFeatureLayer::SetFeatureClass(const std::shared_ptr<IFeatureClass>& feature_class) {
+  class_ = feature_class;
+  opened_ = true;
+  selection_ = nullptr;
+}
+
+std::string DocumentFeatureLayer::DataSourceType() const {
+  OpenOnce();
+  return class_ ? class_->Category() : "";
+}
+
+void DocumentFeatureLayer::SetSelectedOids(std::vector<std::int64_t> oids) {
+  selected_oids_ = std::move(oids);
+  selection_ = class_ ? SelectByOids(class_, selected_oids_) : nullptr;
+}
+
+std::vector<std::int64_t> DocumentFeatureLayer::SelectedOids() const {
+  if (!selection_) return selected_oids_;
+  std::vector<std::int64_t> oids;
+  const auto cursor = selection_->Search(nullptr, true);
+  while (const auto row = cursor->NextRow()) oids.push_back(row->OID());
+  return oids;
+}
+
+std::shared_ptr<ISelectionSet> DocumentFeatureLayer::SelectionSet() const {
+  OpenOnce();
+  if (!selection_ && class_) selection_ = SelectByOids(class_, {});
+  return selection_;
+}
+
+tessarine::FieldInfo DocumentFeatureLayer::FieldInfo(std::int32_t index) const {
+  const FieldRef field = Require(FeatureClass(), "FeatureClass")->Fields()->Field(index);
+  for (const auto& [name, info] : infos_) {
+    if (EqualsIgnoringCase(name, field->Name)) return info;
+  }
+  return {field->AliasName.empty() ? field->Name : field->AliasName, true};
+}
+
+std::int32_t DocumentFeatureLayer::FindField(std::string_view name) const {
+  OpenOnce();
+  return class_ ? class_->FindField(name) : -1;
+}
+
+SpatialReferenceRef DocumentFeatureLayer::SpatialReference() const {
+  OpenOnce();
+  return class_ ? class_->SpatialReference() : std::make_shared<UnknownCoordinateSystem>();
+}
+
+Envelope DocumentFeatureLayer::Extent() const {
+  OpenOnce();
+  return class_ ? class_->Extent() : Envelope();
+}
+
+std::shared_ptr<ITable> DocumentTable::Table() const {
+  if (!table_) table_ = DataSource::Open(source_.path, false)->OpenTable(source_.layer);
+  return table_;
+}
+
+}  // namespace tessarine

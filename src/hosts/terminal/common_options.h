@@ -1,0 +1,26 @@
+// The options that all commands with a run share.
+#pragma once
+
+#include <CLI/App.hpp>
+#include <string>
+
+#include "hosts/terminal/terminal_host.h"
+
+namespace tessarine {
+
+struct CommonOptions {
+  std::string report_file;
+  std::string document;
+  bool quiet = false;
+  bool overwrite = false;
+  bool yes = false;
+  bool dry_run = false;
+  std::string command_line;
+
+  [[nodiscard]] TerminalManners Manners() const;
+};
+
+/// Adds --report, --document, --quiet, --overwrite, --yes and --dry-run.
+void AddCommonOptions(CLI::App& command, CommonOptions& options);
+
+}  // namespace tessarine

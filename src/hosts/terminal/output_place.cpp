@@ -1,0 +1,154 @@
+#include "hosts/terminal/output_place.h"
+
+#include <filesystem>
+#include <vector>
+
+#include "engine/data_source.h"
+#include "hosts/terminal/refusal.h"
+#include "platform/paths.h"
+#include "platform/text_formats.h"
+
+namespace tessarine {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// A geodatabase as the catalog shows it.
+class PlaceObject : public virtual IGxObject {
+ public:
+  PlaceObject(std::string full_name, std::string category)
+      : full_name_(std::move(full_name)), category_(std::move(category)) {}
+  [[nodiscard]] std::string FullName() const override { return full_name_; }
+  [[nodiscard]] std::string Category() const override { return category_; }
+
+ private:
+  std::string full_name_, category_;
+};
+
+class PlaceWorkspace final : public IWorkspace {
+ public:
+  explicit PlaceWorkspace(std::string path) : path_(std::move(path)) {}
+  [[nodiscard]] std::string PathName() const override { return path_; }
+
+ private:
+  std::string path_;
+};
+
+/// The identity of a feature dataset, which may not be there yet.
+class PlaceDataset final : public PlaceObject, public IGxDataset, public IDataset {
+ public:
+  PlaceDataset(const std::string& geodatabase, std::string name, const std::string& category)
+      : PlaceObject(geodatabase + "\\" + name, category),
+        workspace_(std::make_shared<PlaceWorkspace>(geodatabase)),
+        name_(std::move(name)) {}
+
+  [[nodiscard]] std::shared_ptr<IDataset> Dataset() const override { return self_.lock(); }
+  void SetSelf(std::weak_ptr<PlaceDataset> self) { self_ = std::move(self); }
+  [[nodiscard]] std::string Name() const override { return name_; }
+  [[nodiscard]] std::string FullName() const override { return PlaceObject::FullName(); }
+  [[nodiscard]] std::string BrowseName() const override { return name_; }
+  [[nodiscard]] std::string Category() const override { return PlaceObject::Category(); }
+  [[nodiscard]] std::shared_ptr<IWorkspace> Workspace() const override { return workspace_; }
+  [[nodiscard]] std::shared_ptr<IPropertySet> PropertySet() const override { return nullptr; }
+  void Delete() override { Raise(kInvalidCall, "A feature dataset can't be removed from here."); }
+
+ private:
+  std::shared_ptr<IWorkspace> workspace_;
+  std::string name_;
+  std::weak_ptr<PlaceDataset> self_;
+};
+
+// The part of the path up to and with the geodatabase, and what follows it.
+bool SplitAtGeodatabase(const fs::path& path, const char* ending, fs::path& container, std::vector<std::string>& rest) {
+  fs::path walked;
+  bool found = false;
+  for (const fs::path& part : path) {
+    if (found) {
+      if (!part.empty()) rest.push_back(part.string());
+      continue;
+    }
+    walked /= part;
+    found = EndsWithIgnoringCase(part.string(), ending);
+  }
+  if (found) container = walked;
+  return found;
+}
+
+OutputPlace GeodatabasePlace(const std::string& text, OutputPlace::Kind kind, const fs::path& container,
+                             const std::vector<std::string>& rest) {
+  OutputPlace place{kind, container.string(), "", ""};
+  if (rest.empty() || rest.size() > 2) {
+    throw Refusal("'" + text + "' names no feature class: write GEODATABASE/NAME or GEODATABASE/DATASET/NAME.");
+  }
+  place.name = rest.back();
+  if (rest.size() == 2) place.dataset = rest.front();
+  return place;
+}
+
+}  // namespace
+
+std::string OutputPlace::NativePath() const {
+  fs::path path = container;
+  if (!dataset.empty()) path /= dataset;
+  if (!name.empty()) path /= name;
+  return path.string();
+}
+
+OutputPlace ParseOutputPlace(const std::string& text) {
+  if (text.empty()) throw Refusal("-o needs a place: a shapefile, a folder, or GEODATABASE.gdb/NAME.");
+  fs::path path = fs::absolute(text).lexically_normal();
+  if (!path.has_filename()) path = path.parent_path();
+  fs::path container;
+  std::vector<std::string> rest;
+  if (SplitAtGeodatabase(path, ".gdb", container, rest)) {
+    return GeodatabasePlace(text, OutputPlace::Kind::FileGeodatabase, container, rest);
+  }
+  if (SplitAtGeodatabase(path, ".mdb", container, rest)) {
+    return GeodatabasePlace(text, OutputPlace::Kind::PersonalGeodatabase, container, rest);
+  }
+  if (EndsWithIgnoringCase(path.string(), ".shp")) {
+    return {OutputPlace::Kind::Shapefile, path.parent_path().string(), "", path.filename().string()};
+  }
+  if (fs::is_directory(path)) return {OutputPlace::Kind::Folder, path.string(), "", ""};
+  throw Refusal("The output '" + text +
+                "' is neither a shapefile (NAME.shp), a folder that exists, nor a class in a geodatabase "
+                "(NAME.gdb/CLASS).");
+}
+
+bool OutputExists(const OutputPlace& place) {
+  if (place.kind == OutputPlace::Kind::Shapefile) return fs::exists(place.NativePath());
+  if (!place.InGeodatabase() || !fs::exists(place.container)) return false;
+  for (const std::string& layer : DataSource::Open(place.container, false)->LayerNames()) {
+    if (EqualsIgnoringCase(layer, place.name)) return true;
+  }
+  return false;
+}
+
+PreparedPlace::PreparedPlace(const OutputPlace& place, TerminalSystem& system, bool plan_only) : place_(place) {
+  if (place.kind != OutputPlace::Kind::FileGeodatabase) return;
+  if (!place.dataset.empty()) PromiseFeatureDataset(place.container, place.dataset);
+  if (fs::exists(place.container)) return;
+  if (plan_only) {
+    system.Promise(FromNativePath(place.container));
+    return;
+  }
+  if (!fs::is_directory(fs::path(place.container).parent_path())) return;  // the dialog tells of the missing folder
+  CreateFileGeodatabase(place.container);
+  created_ = true;
+}
+
+PreparedPlace::~PreparedPlace() {
+  if (created_) RemoveFileGeodatabaseIfEmpty(place_.container);
+}
+
+BrowsePlace PreparedPlace::Browse() const {
+  const std::string container = FromNativePath(place_.container);
+  const std::string kind =
+      place_.kind == OutputPlace::Kind::FileGeodatabase ? "File Geodatabase" : "Personal Geodatabase";
+  if (place_.dataset.empty()) return {std::make_shared<PlaceObject>(container, kind), place_.name};
+  auto dataset = std::make_shared<PlaceDataset>(container, place_.dataset, kind + " Feature Dataset");
+  dataset->SetSelf(dataset);
+  return {dataset, place_.name};
+}
+
+}  // namespace tessarine

@@ -1,0 +1,162 @@
+#include "hosts/terminal/terminal_host.h"
+
+#include <fmt/core.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <iostream>
+
+#include "hosts/document/document_layer.h"
+#include "hosts/terminal/interrupt.h"
+#include "platform/text_formats.h"
+
+namespace tessarine {
+namespace {
+
+constexpr const char* kReportForm = "frmReport_modal";
+constexpr const char* kOverwriteTitle = "Feature Class Already Exists:";
+
+// What a message says, with the line ends of a terminal.
+std::string NativeLines(const std::string& text) { return Replace(text, "\r\n", "\n"); }
+
+class TerminalErrorDialog final : public IErrorDialog {
+ public:
+  explicit TerminalErrorDialog(TerminalHost& host) : host_(host) {}
+  void AppendErrorText(const std::string& text) override { text_ += text; }
+  void SetVisible(bool visible) override {
+    if (!visible) return;
+    fmt::print(stderr, "{}\n", Trim(NativeLines(text_)));
+    text_.clear();
+    host_.NoteFault();
+  }
+
+ private:
+  TerminalHost& host_;
+  std::string text_;
+};
+
+/// Nothing is drawn; the frame only knows which form is open, so that an interrupt finds it.
+class TerminalFrame final : public IModelessFrame {
+ public:
+  explicit TerminalFrame(std::vector<std::weak_ptr<Form>>& open_forms) : open_forms_(open_forms) {}
+  void Create(const std::shared_ptr<Form>& form) override {
+    form_ = form;
+    open_forms_.push_back(form);
+  }
+  [[nodiscard]] std::string Caption() const override { return caption_; }
+  void SetCaption(const std::string& caption) override { caption_ = caption; }
+  [[nodiscard]] bool Visible() const override { return visible_; }
+  void SetVisible(bool visible) override { visible_ = visible; }
+
+ private:
+  std::vector<std::weak_ptr<Form>>& open_forms_;
+  std::weak_ptr<Form> form_;
+  std::string caption_;
+  bool visible_ = false;
+};
+
+class TerminalGxDialog final : public IGxDialog {
+ public:
+  explicit TerminalGxDialog(std::optional<BrowsePlace>& place) : place_(place) {}
+  void AddFilter(GxFilter, bool) override {}
+  void SetAllowMultiSelect(bool) override {}
+  void SetTitle(const std::string&) override {}
+  void SetButtonCaption(const std::string&) override {}
+  void SetStartingLocation(const std::string&) override {}
+  [[nodiscard]] std::string Name() const override { return name_; }
+  void SetName(const std::string& name) override { name_ = name; }
+  [[nodiscard]] std::shared_ptr<IGxObject> FinalLocation() const override { return location_; }
+  bool DoModalSave(std::int32_t) override {
+    if (!place_) return false;
+    location_ = place_->location;
+    name_ = place_->name;
+    place_.reset();
+    return true;
+  }
+  bool DoModalOpen(std::int32_t parent, std::vector<std::shared_ptr<IGxObject>>& selection) override {
+    if (!DoModalSave(parent)) return false;
+    selection = {location_};
+    return true;
+  }
+
+ private:
+  std::optional<BrowsePlace>& place_;
+  std::shared_ptr<IGxObject> location_;
+  std::string name_;
+};
+
+}  // namespace
+
+TerminalHost::TerminalHost(TerminalManners manners, std::string host_version)
+    : manners_(manners), host_version_(std::move(host_version)), previous_(SetHost(this)) {}
+
+TerminalHost::~TerminalHost() { SetHost(previous_); }
+
+void TerminalHost::PumpEvents() {
+  std::erase_if(open_forms_, [](const auto& form) { return form.expired(); });
+  if (open_forms_.empty() || !TakeInterrupt()) return;
+  for (const auto& entry : open_forms_) {
+    const std::shared_ptr<Form> form = entry.lock();
+    if (auto* stop = form->FindAs<CommandButton>("cmdStop")) stop->Press();
+  }
+}
+
+std::shared_ptr<IErrorDialog> TerminalHost::CreateErrorDialog() { return std::make_shared<TerminalErrorDialog>(*this); }
+
+std::shared_ptr<IModelessFrame> TerminalHost::CreateModelessFrame() {
+  return std::make_shared<TerminalFrame>(open_forms_);
+}
+
+std::shared_ptr<IGxDialog> TerminalHost::CreateGxDialog() { return std::make_shared<TerminalGxDialog>(browse_place_); }
+
+std::shared_ptr<IFeatureLayer> TerminalHost::CreateFeatureLayer() { return std::make_shared<DocumentFeatureLayer>(); }
+
+std::shared_ptr<ISimpleRenderer> TerminalHost::CreateSimpleRenderer() { return std::make_shared<DocumentRenderer>(); }
+
+bool TerminalHost::Confirm(const std::string& title) const {
+  if (manners_.yes || (manners_.overwrite && title == kOverwriteTitle)) return true;
+  if (!manners_.interactive) return false;
+  fmt::print(stderr, "[y/N] ");
+  std::string answer;
+  std::getline(std::cin, answer);
+  return EqualsIgnoringCase(Trim(answer), "y") || EqualsIgnoringCase(Trim(answer), "yes");
+}
+
+MessageAnswer TerminalHost::Show(const std::string& text, const std::string& title, MessageButtons buttons,
+                                 MessageIcon) {
+  const bool answered_yes =
+      buttons == MessageButtons::YesNo && (manners_.yes || (manners_.overwrite && title == kOverwriteTitle));
+  if (!answered_yes) {
+    fmt::print(stderr, "{}{}{}\n", Trim(title), title.empty() ? "" : "\n", NativeLines(text));
+  }
+  switch (buttons) {
+    case MessageButtons::Ok:
+      return MessageAnswer::Ok;
+    case MessageButtons::OkCancel:
+      // "Ok" would show the same dialog again, which has no other answer here.
+      return MessageAnswer::Cancel;
+    case MessageButtons::YesNo:
+      return Confirm(title) ? MessageAnswer::Yes : MessageAnswer::No;
+  }
+  return MessageAnswer::Cancel;
+}
+
+void TerminalHost::ShowModal(Form& form) {
+  if (form.Name() == kReportForm) {
+    if (const auto* text = form.FindAs<RichTextBox>("txtReport")) report_ = text->TextRTF();
+    if (auto* exit = form.FindAs<CommandButton>("cmdOK")) exit->Press();
+    return;
+  }
+  if (script_ != nullptr) script_->Answer(form);
+  if (form.Visible()) {
+    form_refused_ = true;
+    form.CloseByUser();
+  }
+}
+
+std::string TerminalHost::QueryLocalMachine(const std::string& key, const std::string& value) const {
+  // The terminating null belongs to what a registry answers.
+  return key == "Software\\ESRI\\ArcGIS" && value == "RealVersion" ? host_version_ + '\0' : std::string();
+}
+
+}  // namespace tessarine

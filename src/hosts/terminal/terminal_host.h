@@ -1,0 +1,116 @@
+// The terminal as host: forms are answered by the command's script, messages go to standard error, questions are
+// answered by options or by the user, the browse dialog gives the place that the command line named.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "engine/local_system.h"
+#include "hosts/terminal/form_script.h"
+#include "platform/host.h"
+
+namespace tessarine {
+
+/// How questions are answered and what is printed.
+struct TerminalManners {
+  bool yes = false;        ///< every question is answered Yes
+  bool overwrite = false;  ///< the question whether to overwrite is answered Yes
+  bool interactive = false;
+  bool plan_only = false;
+};
+
+/// The operating system, with places that a plan counts on but that aren't made yet.
+class TerminalSystem final : public LocalOperatingSystem {
+ public:
+  void Promise(const std::string& path) { promised_.insert(path); }
+  [[nodiscard]] bool Exists(const std::string& path) const override {
+    return promised_.contains(path) || LocalOperatingSystem::Exists(path);
+  }
+
+ private:
+  std::set<std::string> promised_;
+};
+
+/// What the browse dialog answers: once, the place of the command line; then it is cancelled.
+struct BrowsePlace {
+  std::shared_ptr<IGxObject> location;
+  std::string name;
+};
+
+class TerminalHost final : public IHost,
+                           public IMessageBox,
+                           public IFormHost,
+                           public IClipboard,
+                           public IRegistry {
+ public:
+  TerminalHost(TerminalManners manners, std::string host_version);
+  ~TerminalHost() override;
+  TerminalHost(const TerminalHost&) = delete;
+  TerminalHost& operator=(const TerminalHost&) = delete;
+
+  void SetScript(FormScript* script) { script_ = script; }
+  void SetBrowsePlace(BrowsePlace place) { browse_place_ = std::move(place); }
+  [[nodiscard]] TerminalSystem& LocalSystem() { return system_; }
+  [[nodiscard]] const TerminalManners& Manners() const { return manners_; }
+
+  /// The report that a run showed, as RTF; nothing when none was shown.
+  [[nodiscard]] const std::optional<std::string>& Report() const { return report_; }
+  [[nodiscard]] bool FaultReported() const { return fault_reported_; }
+  [[nodiscard]] bool FormRefused() const { return form_refused_; }
+  void NoteFault() { fault_reported_ = true; }
+
+  // IHost
+  IClock& Clock() override { return clock_; }
+  IMessageBox& MessageBox() override { return *this; }
+  IFormHost& Forms() override { return *this; }
+  IClipboard& Clipboard() override { return *this; }
+  IRegistry& Registry() override { return *this; }
+  IOperatingSystem& System() override { return system_; }
+  /// An interrupt presses Stop on the open progress form.
+  void PumpEvents() override;
+  void RestoreMousePointer() override {}
+  std::shared_ptr<IErrorDialog> CreateErrorDialog() override;
+  std::shared_ptr<IModelessFrame> CreateModelessFrame() override;
+  std::shared_ptr<IGxDialog> CreateGxDialog() override;
+  std::shared_ptr<ISpatialReferenceDialog2> CreateSpatialReferenceDialog() override { return nullptr; }
+  std::shared_ptr<IPrinter> ChoosePrinter() override { return nullptr; }
+  std::shared_ptr<IFeatureLayer> CreateFeatureLayer() override;
+  std::shared_ptr<ISimpleRenderer> CreateSimpleRenderer() override;
+  RunJournal& Journal() override { return journal_; }
+  [[nodiscard]] bool PlanOnly() const override { return manners_.plan_only; }
+
+  // IMessageBox
+  MessageAnswer Show(const std::string& text, const std::string& title, MessageButtons buttons,
+                     MessageIcon icon) override;
+  // IFormHost
+  void ShowModal(Form& form) override;
+  void ShowModeless(Form&) override {}
+  [[nodiscard]] double ScreenWidth() const override { return 640.0; }
+  [[nodiscard]] double ScreenHeight() const override { return 400.0; }
+  // IClipboard: a terminal has none.
+  void Clear() override {}
+  void SetRichText(const std::string&) override {}
+  // IRegistry
+  [[nodiscard]] std::string QueryLocalMachine(const std::string& key, const std::string& value) const override;
+
+ private:
+  [[nodiscard]] bool Confirm(const std::string& title) const;
+
+  TerminalManners manners_;
+  std::string host_version_;
+  SystemClock clock_;
+  TerminalSystem system_;
+  FormScript* script_ = nullptr;
+  std::optional<BrowsePlace> browse_place_;
+  std::vector<std::weak_ptr<Form>> open_forms_;
+  RunJournal journal_;
+  std::optional<std::string> report_;
+  bool fault_reported_ = false;
+  bool form_refused_ = false;
+  IHost* previous_;
+};
+
+}  // namespace tessarine

@@ -1,0 +1,21 @@
+#include "platform/host.h"
+
+#include <utility>
+
+#include "platform/fault.h"
+
+namespace tessarine {
+namespace {
+
+IHost* g_host = nullptr;
+
+}  // namespace
+
+IHost& Host() {
+  if (g_host == nullptr) Raise(kObjectNotSet, "No host serves this process.");
+  return *g_host;
+}
+
+IHost* SetHost(IHost* host) { return std::exchange(g_host, host); }
+
+}  // namespace tessarine

@@ -1,0 +1,123 @@
+#include "platform/variant.h"
+
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <limits>
+
+#include "platform/text_formats.h"
+
+namespace tessarine {
+namespace {
+
+template <class... Visitors>
+struct Overloaded : Visitors... {
+  using Visitors::operator()...;
+};
+
+[[noreturn]] void RaiseMismatch() { Raise(kTypeMismatch, "Type mismatch."); }
+
+double RoundHalfEven(double value) {
+  const double whole = std::floor(value);
+  const double rest = value - whole;
+  if (rest != 0.5) return std::floor(value + 0.5);
+  return std::fmod(whole, 2.0) == 0.0 ? whole : whole + 1.0;
+}
+
+std::string ShortestSingle(float value) {
+  std::array<char, 40> buffer{};
+  const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value).ptr;
+  return {buffer.data(), end};
+}
+
+template <class Whole>
+Whole ToWhole(double value) {
+  const double rounded = RoundHalfEven(value);
+  if (!(rounded >= std::numeric_limits<Whole>::min() && rounded <= std::numeric_limits<Whole>::max())) {
+    Raise(kOverflow, "Overflow: " + NumberText(value) + " doesn't fit a whole number of " +
+                         std::to_string(sizeof(Whole) * 8) + " bits.");
+  }
+  return static_cast<Whole>(rounded);
+}
+
+}  // namespace
+
+bool Variant::IsNumeric() const {
+  switch (kind()) {
+    case Kind::Boolean:
+    case Kind::Short:
+    case Kind::Long:
+    case Kind::Single:
+    case Kind::Double:
+      return true;
+    case Kind::String:
+      return IsNumericText(Text());
+    default:
+      return false;
+  }
+}
+
+double Variant::AsDouble() const {
+  return std::visit(Overloaded{[](std::monostate) { return 0.0; },
+                               [](tessarine::Null) -> double { RaiseMismatch(); },
+                               [](bool value) { return value ? -1.0 : 0.0; },
+                               [](std::int16_t value) { return static_cast<double>(value); },
+                               [](std::int32_t value) { return static_cast<double>(value); },
+                               [](float value) { return static_cast<double>(value); },
+                               [](double value) { return value; },
+                               [](const std::string& value) { return ToNumber(value); },
+                               [](tessarine::Date value) { return value.serial; },
+                               [](const ObjectRef&) -> double { RaiseMismatch(); }},
+                    value_);
+}
+
+bool Variant::AsBoolean() const {
+  if (const auto* flag = std::get_if<bool>(&value_)) return *flag;
+  if (kind() == Kind::String) {
+    if (EqualsIgnoringCase(Text(), "True")) return true;
+    if (EqualsIgnoringCase(Text(), "False")) return false;
+  }
+  return AsDouble() != 0.0;
+}
+
+std::int16_t Variant::AsShort() const { return ToWhole<std::int16_t>(AsDouble()); }
+
+std::int32_t Variant::AsLong() const {
+  if (const auto* whole = std::get_if<std::int32_t>(&value_)) return *whole;
+  return ToWhole<std::int32_t>(AsDouble());
+}
+
+float Variant::AsSingle() const {
+  const double value = AsDouble();
+  if (std::fabs(value) > static_cast<double>(std::numeric_limits<float>::max())) Raise(kOverflow, "Overflow.");
+  return static_cast<float>(value);
+}
+
+std::string Variant::AsText() const {
+  return std::visit(
+      Overloaded{[](std::monostate) { return std::string(); },
+                 [](tessarine::Null) -> std::string { RaiseMismatch(); },
+                 [](bool value) { return std::string(value ? "True" : "False"); },
+                 [](std::int16_t value) { return std::to_string(value); },
+                 [](std::int32_t value) { return std::to_string(value); },
+                 // The shortest decimal that names the single is the one that a person typed.
+                 [](float value) { return NumberText(ToNumber(ShortestSingle(value))); },
+                 [](double value) { return NumberText(value); },
+                 [](const std::string& value) { return value; },
+                 [](tessarine::Date value) { return ShortDate(value) + " " + LongTime(value); },
+                 [](const ObjectRef&) -> std::string { RaiseMismatch(); }},
+      value_);
+}
+
+tessarine::Date Variant::AsDate() const {
+  if (const auto* date = std::get_if<tessarine::Date>(&value_)) return *date;
+  return {AsDouble()};
+}
+
+const std::string& Variant::Text() const {
+  const auto* text = std::get_if<std::string>(&value_);
+  if (text == nullptr) RaiseMismatch();
+  return *text;
+}
+
+}  // namespace tessarine

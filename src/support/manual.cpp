@@ -1,0 +1,12 @@
+#include "support/manual.h"
+
+#include "platform/host.h"
+#include "support/MyGeneralOperations.h"
+
+namespace tessarine::MyGeneralOperations {
+
+std::string ManualPath() { return Host().System().ProgramFolder() + "\\Tessarine_Manual.pdf"; }
+
+void OpenManual() { OpenDoc(ManualPath()); }
+
+}  // namespace tessarine::MyGeneralOperations

@@ -1,0 +1,48 @@
+// The choice of an output feature class, as every dialog with an output box offers it: a proposed path, a typed path
+// or a place picked in the browse dialog.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "frame/clsExtension.h"
+#include "platform/application.h"
+#include "support/output_kinds.h"
+
+namespace tessarine::MyGeneralOperations {
+
+/// Where an output goes. The directory has no trailing separator and never holds the dataset's name.
+struct OutputChoice {
+  std::string Directory;
+  std::string Name;
+  OutputKind Kind = kUnknownOutput;
+  bool IsFeatureDataset = false;
+  std::string FeatureDatasetName;
+
+  /// Directory, dataset where there is one, and name.
+  [[nodiscard]] std::string FullPath() const;
+};
+
+/// The path without one "\" or "/" at its end.
+[[nodiscard]] std::string WithoutTrailingSlash(std::string path);
+
+/// The proposal for a new output: a free name in the place that the last run left in the extension, or beside the
+/// document when that place is gone.
+[[nodiscard]] OutputChoice ProposeOutput(const clsExtension& extension,
+                                         const std::shared_ptr<IApplication>& application, std::string base_name);
+
+/// Takes over a path that was typed. The kind follows from the last four characters of the whole path, so a feature
+/// class typed into a geodatabase counts as a shapefile; only browsing names such places.
+void FollowTypedPath(const std::string& text, OutputChoice& choice);
+
+/// Shows the browse dialog until the user picks a usable place or gives up. True when the choice changed.
+[[nodiscard]] bool BrowseForOutput(const std::string& text, OutputChoice& choice);
+
+/// True when the folder or geodatabase of the output exists; otherwise the user is told.
+[[nodiscard]] bool OutputWorkspaceExists(const std::string& text, const OutputChoice& choice);
+
+/// Leaves kind, place and dataset in the extension, where the next dialog starts.
+void RememberOutput(const OutputChoice& choice, clsExtension& extension);
+
+}  // namespace tessarine::MyGeneralOperations
