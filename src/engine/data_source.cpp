@@ -1,0 +1,149 @@
+#include "engine/data_source.h"
+
+#include <filesystem>
+#include <map>
+#include <optional>
+
+#include "engine/engine_fault.h"
+#include "engine/ogr_class.h"
+#include "engine/ogr_geometry.h"
+#include "engine/shapefile_check.h"
+#include "engine/srs_from_gdal.h"
+#include "platform/text_formats.h"
+
+namespace tessarine {
+namespace {
+
+using namespace engine;
+
+struct KindSuffix {
+  esriGeometryType type;
+  const char* suffix;
+};
+constexpr KindSuffix kKindSuffixes[] = {{esriGeometryPoint, " (points)"},
+                                        {esriGeometryMultipoint, " (multipoints)"},
+                                        {esriGeometryPolyline, " (lines)"},
+                                        {esriGeometryPolygon, " (polygons)"}};
+
+// A layer as it is offered: the whole of an OGR layer, or its shapes of one kind.
+struct Offer {
+  std::string name;
+  std::string layer;
+  std::optional<esriGeometryType> kind;
+  bool has_shape = true;
+};
+
+void AddOffers(OGRLayer& layer, std::vector<Offer>& offers) {
+  const std::string name = layer.GetName();
+  if (layer.GetGeomType() == wkbNone) {
+    offers.push_back({name, name, std::nullopt, false});
+    return;
+  }
+  if (ShapeTypeOf(layer.GetGeomType()) != esriGeometryNull) {
+    offers.push_back({name, name, std::nullopt});
+    return;
+  }
+  // The layer's type says nothing; its features tell.
+  std::map<esriGeometryType, bool> kinds;
+  int count = 0;
+  const std::unique_ptr<OGRGeometryTypeCounter, decltype(&VSIFree)> counters(
+      layer.GetGeometryTypes(0, 0, count, nullptr, nullptr), VSIFree);
+  for (int index = 0; index < count; ++index) {
+    const esriGeometryType type = ShapeTypeOf(counters.get()[index].eGeomType);
+    if (type != esriGeometryNull) kinds[type] = true;
+  }
+  if (kinds.empty()) {
+    offers.push_back({name, name, std::nullopt, false});
+    return;
+  }
+  for (const KindSuffix& row : kKindSuffixes) {
+    if (!kinds.contains(row.type)) continue;
+    offers.push_back({kinds.size() == 1 ? name : name + row.suffix, name, row.type});
+  }
+}
+
+class OgrDataSource final : public DataSource {
+ public:
+  OgrDataSource(std::string path, std::string driver, std::vector<Offer> offers)
+      : path_(std::move(path)), driver_(std::move(driver)), offers_(std::move(offers)) {}
+
+  [[nodiscard]] std::string DriverName() const override { return driver_; }
+
+  [[nodiscard]] std::vector<std::string> LayerNames() const override {
+    std::vector<std::string> names;
+    for (const Offer& offer : offers_) names.push_back(offer.name);
+    return names;
+  }
+
+  [[nodiscard]] std::shared_ptr<IFeatureClass> OpenFeatureClass(const std::string& layer) const override {
+    const Offer& offer = Find(layer, true);
+    if (!offer.has_shape) {
+      RaiseEngineFault("'" + offer.name + "' in '" + path_ + "' is a table without shapes.");
+    }
+    return std::make_shared<OgrFeatureClass>(SourceOf(offer));
+  }
+  [[nodiscard]] std::shared_ptr<ITable> OpenTable(const std::string& layer) const override {
+    return std::make_shared<OgrTable>(SourceOf(Find(layer, false)));
+  }
+
+  [[nodiscard]] std::vector<LayerInfo> Infos() const override {
+    std::vector<LayerInfo> infos;
+    for (const Offer& offer : offers_) {
+      const auto own = std::make_shared<OgrTable>(SourceOf(offer));
+      infos.push_back({offer.name, offer.has_shape ? own->Traits()->shape_type : esriGeometryNull,
+                       own->Traits()->reference, own->CountRows(nullptr), own->Fields()});
+    }
+    return infos;
+  }
+
+ private:
+  [[nodiscard]] std::shared_ptr<OgrSource> SourceOf(const Offer& offer) const {
+    return std::make_shared<OgrSource>(path_, offer.layer, offer.kind);
+  }
+
+  [[nodiscard]] std::string JoinedNames() const {
+    std::string names;
+    for (const Offer& offer : offers_) names += (names.empty() ? "" : ", ") + offer.name;
+    return names;
+  }
+
+  [[nodiscard]] const Offer& Find(const std::string& name, bool with_shape) const {
+    if (name.empty()) return FindOnly(with_shape);
+    for (const Offer& offer : offers_) {
+      if (offer.name == name) return offer;
+    }
+    for (const Offer& offer : offers_) {
+      if (EqualsIgnoringCase(offer.name, name)) return offer;
+    }
+    RaiseEngineFault("'" + path_ + "' has no layer '" + name + "'. It has: " + JoinedNames() + ".");
+  }
+
+  [[nodiscard]] const Offer& FindOnly(bool with_shape) const {
+    const Offer* only = nullptr;
+    for (const Offer& offer : offers_) {
+      if (with_shape && !offer.has_shape) continue;
+      if (only != nullptr) {
+        RaiseEngineFault("'" + path_ + "' holds several layers; name one of: " + JoinedNames() + ".");
+      }
+      only = &offer;
+    }
+    if (only == nullptr) RaiseEngineFault("'" + path_ + "' holds no layer with shapes.");
+    return *only;
+  }
+
+  std::string path_;
+  std::string driver_;
+  std::vector<Offer> offers_;
+};
+
+}  // namespace
+
+std::shared_ptr<DataSource> DataSource::Open(const std::string& native_path, bool update) {
+  if (EndsWithIgnoringCase(native_path, ".shp") && std::filesystem::exists(native_path)) CheckShapefile(native_path);
+  const DatasetHandle dataset = OpenDataset(native_path, update);
+  std::vector<Offer> offers;
+  for (int index = 0; index < dataset->GetLayerCount(); ++index) AddOffers(*dataset->GetLayer(index), offers);
+  return std::make_shared<OgrDataSource>(native_path, dataset->GetDriverName(), std::move(offers));
+}
+
+}  // namespace tessarine

@@ -1,0 +1,51 @@
+// Vector data of any format that GDAL reads, for hosts.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/data.h"
+
+namespace tessarine {
+
+/// What there is to know of a layer without reading its rows.
+struct LayerInfo {
+  std::string name;
+  esriGeometryType shape_type = esriGeometryNull;  ///< Null for a table
+  SpatialReferenceRef reference;
+  std::int64_t count = 0;
+  FieldsRef fields;
+};
+
+class DataSource : public virtual Object {
+ public:
+  /// Opens a file or folder. The fault of one that is missing, damaged or no vector data names it and what to do; a
+  /// shapefile is checked for its parts and their lengths.
+  [[nodiscard]] static std::shared_ptr<DataSource> Open(const std::string& native_path, bool update);
+
+  [[nodiscard]] virtual std::string DriverName() const = 0;
+  /// A layer that mixes points, lines and polygons counts as one layer for each kind, named with the kind behind.
+  [[nodiscard]] virtual std::vector<std::string> LayerNames() const = 0;
+  /// An empty name means the only layer. Faults name the layers there are.
+  [[nodiscard]] virtual std::shared_ptr<IFeatureClass> OpenFeatureClass(const std::string& layer) const = 0;
+  [[nodiscard]] virtual std::shared_ptr<ITable> OpenTable(const std::string& layer) const = 0;
+  [[nodiscard]] virtual std::vector<LayerInfo> Infos() const = 0;
+};
+
+/// The rows that meet an SQL condition; a condition that can't be used raises a fault that quotes it.
+[[nodiscard]] std::shared_ptr<ISelectionSet> SelectByWhere(const std::shared_ptr<IFeatureClass>& features,
+                                                           const std::string& where);
+/// The rows with these identifiers.
+[[nodiscard]] std::shared_ptr<ISelectionSet> SelectByOids(const std::shared_ptr<IFeatureClass>& features,
+                                                          std::vector<std::int64_t> oids);
+
+/// Makes an empty file geodatabase.
+void CreateFileGeodatabase(const std::string& native_path);
+/// Removes a file geodatabase that holds no layer.
+void RemoveFileGeodatabaseIfEmpty(const std::string& native_path);
+/// Announces a feature dataset: opening it succeeds from now on, and its first class makes it.
+void PromiseFeatureDataset(const std::string& native_geodatabase, const std::string& name);
+
+}  // namespace tessarine

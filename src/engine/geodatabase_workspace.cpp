@@ -1,0 +1,216 @@
+// File geodatabases, which can be written, and personal geodatabases, which can only be read.
+#include <filesystem>
+#include <map>
+#include <set>
+
+#include "engine/data_source.h"
+#include "engine/engine_fault.h"
+#include "engine/ogr_class.h"
+#include "engine/srs_from_gdal.h"
+#include "engine/workspace_common.h"
+#include "platform/paths.h"
+#include "platform/text_formats.h"
+
+namespace tessarine {
+namespace {
+
+namespace fs = std::filesystem;
+using namespace engine;
+
+// Feature datasets that were announced and come to be with their first class.
+std::map<std::string, std::set<std::string>>& PromisedDatasets() {
+  static std::map<std::string, std::set<std::string>> promised;
+  return promised;
+}
+
+std::string NormalPath(const std::string& native) { return fs::absolute(native).lexically_normal().string(); }
+
+bool HasDataset(const std::string& geodatabase, const std::string& name) {
+  const auto promised = PromisedDatasets().find(NormalPath(geodatabase));
+  if (promised != PromisedDatasets().end() && promised->second.contains(name)) return true;
+  const DatasetHandle dataset = OpenDataset(geodatabase, false);
+  const auto root = dataset->GetRootGroup();
+  if (!root) return false;
+  for (const std::string& group : root->GetGroupNames()) {
+    if (EqualsIgnoringCase(group, name)) return true;
+  }
+  return false;
+}
+
+std::shared_ptr<IFeatureClass> CreateInGeodatabase(const std::string& path, const std::string& dataset_name,
+                                                   const std::string& name, const FieldsRef& fields,
+                                                   const std::string& shape_field) {
+  {
+    const DatasetHandle dataset = OpenDataset(path, true);
+    if (dataset->GetLayerByName(name.c_str()) != nullptr) {
+      RaiseEngineFault("The class '" + name + "' exists already in '" + path + "'.");
+    }
+    CPLStringList options;
+    options.SetNameValue("GEOMETRY_NAME", shape_field.c_str());
+    for (const FieldRef& field : *fields) {
+      if (field->Type == esriFieldTypeOID) options.SetNameValue("FID", field->Name.c_str());
+    }
+    if (!dataset_name.empty()) options.SetNameValue("FEATURE_DATASET", dataset_name.c_str());
+    CreateLayer(*dataset, {name, fields.get(), shape_field}, options, false);
+  }
+  return DataSource::Open(path, false)->OpenFeatureClass(name);
+}
+
+class GeodatabaseDataset final : public IFeatureDataset {
+ public:
+  GeodatabaseDataset(std::string geodatabase, std::string name)
+      : geodatabase_(std::move(geodatabase)), name_(std::move(name)) {}
+
+  [[nodiscard]] std::string Name() const override { return name_; }
+  [[nodiscard]] std::string FullName() const override { return FromNativePath(geodatabase_) + "\\" + name_; }
+  [[nodiscard]] std::string BrowseName() const override { return name_; }
+  [[nodiscard]] std::string Category() const override { return "File Geodatabase Feature Dataset"; }
+  [[nodiscard]] std::shared_ptr<IWorkspace> Workspace() const override {
+    return WorkspaceOf("OpenFileGDB", geodatabase_);
+  }
+  [[nodiscard]] std::shared_ptr<IPropertySet> PropertySet() const override { return nullptr; }
+  void Delete() override { RaiseEngineFault("The feature dataset '" + name_ + "' can't be deleted from here."); }
+
+  /// That of its first class; unknown while it has none.
+  [[nodiscard]] SpatialReferenceRef SpatialReference() const override {
+    const DatasetHandle dataset = OpenDataset(geodatabase_, false);
+    const auto root = dataset->GetRootGroup();
+    const auto group = root ? root->OpenGroup(name_) : nullptr;
+    if (group) {
+      for (const std::string& layer_name : group->GetVectorLayerNames()) {
+        const OGRLayer* layer = group->OpenVectorLayer(layer_name);
+        if (layer != nullptr) return ReferenceFromOgr(const_cast<OGRLayer*>(layer)->GetSpatialRef());
+      }
+    }
+    return ReferenceFromOgr(nullptr);
+  }
+  [[nodiscard]] Envelope Extent() const override { return {}; }
+
+  [[nodiscard]] std::shared_ptr<IFeatureClass> CreateFeatureClass(const std::string& name, const FieldsRef& fields,
+                                                                  const std::shared_ptr<UID>&,
+                                                                  const std::shared_ptr<UID>&, esriFeatureType,
+                                                                  const std::string& shape_field,
+                                                                  const std::string&) override {
+    return CreateInGeodatabase(geodatabase_, name_, name, fields, shape_field);
+  }
+
+ private:
+  std::string geodatabase_;
+  std::string name_;
+};
+
+class FileGeodatabase final : public IFeatureWorkspace {
+ public:
+  explicit FileGeodatabase(std::string path) : path_(std::move(path)) {}
+
+  [[nodiscard]] std::string PathName() const override { return FromNativePath(path_); }
+  [[nodiscard]] std::shared_ptr<IFeatureClass> OpenFeatureClass(const std::string& name) override {
+    return DataSource::Open(path_, false)->OpenFeatureClass(name);
+  }
+  [[nodiscard]] std::shared_ptr<ITable> OpenTable(const std::string& name) override {
+    return DataSource::Open(path_, false)->OpenTable(name);
+  }
+  [[nodiscard]] std::shared_ptr<IFeatureDataset> OpenFeatureDataset(const std::string& name) override {
+    if (!HasDataset(path_, name)) RaiseEngineFault("'" + path_ + "' has no feature dataset '" + name + "'.");
+    return std::make_shared<GeodatabaseDataset>(path_, name);
+  }
+  [[nodiscard]] std::shared_ptr<IFeatureClass> CreateFeatureClass(const std::string& name, const FieldsRef& fields,
+                                                                  const std::shared_ptr<UID>&,
+                                                                  const std::shared_ptr<UID>&, esriFeatureType,
+                                                                  const std::string& shape_field,
+                                                                  const std::string&) override {
+    return CreateInGeodatabase(path_, "", name, fields, shape_field);
+  }
+
+ private:
+  std::string path_;
+};
+
+class PersonalGeodatabase final : public IFeatureWorkspace {
+ public:
+  explicit PersonalGeodatabase(std::string path) : path_(std::move(path)) {}
+
+  [[nodiscard]] std::string PathName() const override { return FromNativePath(path_); }
+  [[nodiscard]] std::shared_ptr<IFeatureClass> OpenFeatureClass(const std::string& name) override {
+    return DataSource::Open(path_, false)->OpenFeatureClass(name);
+  }
+  [[nodiscard]] std::shared_ptr<ITable> OpenTable(const std::string& name) override {
+    return DataSource::Open(path_, false)->OpenTable(name);
+  }
+  [[nodiscard]] std::shared_ptr<IFeatureDataset> OpenFeatureDataset(const std::string& name) override {
+    RaiseEngineFault("The feature dataset '" + name + "' of '" + path_ + "' can't be opened: personal geodatabases " +
+                     "can be read but not written here.");
+  }
+  [[nodiscard]] std::shared_ptr<IFeatureClass> CreateFeatureClass(const std::string& name, const FieldsRef&,
+                                                                  const std::shared_ptr<UID>&,
+                                                                  const std::shared_ptr<UID>&, esriFeatureType,
+                                                                  const std::string&, const std::string&) override {
+    RaiseEngineFault("The class '" + name + "' can't be created in '" + path_ +
+                     "': personal geodatabases can be read but not written here. Write a shapefile (NAME.shp) or a "
+                     "class of a file geodatabase (NAME.gdb/CLASS) instead.");
+  }
+
+ private:
+  std::string path_;
+};
+
+template <class Workspace>
+class GeodatabaseFactory final : public IWorkspaceFactory {
+ public:
+  explicit GeodatabaseFactory(const char* ending) : ending_(ending) {}
+
+  [[nodiscard]] std::shared_ptr<IFeatureWorkspace> OpenFromFile(const std::string& path, std::int32_t) override {
+    const std::string native = ToNativePath(path);
+    if (!fs::exists(native)) RaiseEngineFault("There is no geodatabase '" + native + "'.");
+    if (!IsWorkspace(path)) RaiseEngineFault("'" + native + "' is no geodatabase of the kind " + ending_ + ".");
+    return std::make_shared<Workspace>(native);
+  }
+  [[nodiscard]] bool IsWorkspace(const std::string& path) const override {
+    return EndsWithIgnoringCase(path, ending_) && fs::exists(ToNativePath(path));
+  }
+  [[nodiscard]] bool ContainsWorkspace(const std::string& folder) const override {
+    std::error_code error;
+    for (const auto& entry : fs::directory_iterator(ToNativePath(folder), error)) {
+      if (EndsWithIgnoringCase(entry.path().string(), ending_)) return true;
+    }
+    return false;
+  }
+
+ private:
+  std::string ending_;
+};
+
+}  // namespace
+
+std::shared_ptr<IWorkspaceFactory> CreateFileGDBWorkspaceFactory() {
+  return std::make_shared<GeodatabaseFactory<FileGeodatabase>>(".gdb");
+}
+
+std::shared_ptr<IWorkspaceFactory> CreateAccessWorkspaceFactory() {
+  return std::make_shared<GeodatabaseFactory<PersonalGeodatabase>>(".mdb");
+}
+
+void PromiseFeatureDataset(const std::string& native_geodatabase, const std::string& name) {
+  PromisedDatasets()[NormalPath(native_geodatabase)].insert(name);
+}
+
+void CreateFileGeodatabase(const std::string& native_path) {
+  RequireWritableFolder(fs::absolute(native_path).parent_path().string());
+  RegisterDrivers();
+  const GdalErrorScope errors;
+  GDALDriver* driver = GetGDALDriverManager()->GetDriverByName("OpenFileGDB");
+  const DatasetHandle dataset(driver->Create(native_path.c_str(), 0, 0, 0, GDT_Unknown, nullptr));
+  if (!dataset) RaiseEngineFault("The file geodatabase '" + native_path + "' can't be created" + errors.Quote() + ".");
+}
+
+void RemoveFileGeodatabaseIfEmpty(const std::string& native_path) {
+  try {
+    if (OpenDataset(native_path, false)->GetLayerCount() > 0) return;
+  } catch (const Fault&) {
+    return;
+  }
+  std::error_code error;
+  fs::remove_all(native_path, error);
+}
+
+}  // namespace tessarine

@@ -1,0 +1,201 @@
+#include "engine/ogr_class.h"
+
+#include <filesystem>
+#include <limits>
+
+#include "engine/engine_fault.h"
+#include "engine/ogr_cursor.h"
+#include "engine/ogr_geometry.h"
+#include "engine/srs_from_gdal.h"
+#include "engine/workspace_common.h"
+#include "platform/paths.h"
+
+namespace tessarine::engine {
+namespace {
+
+namespace fs = std::filesystem;
+
+struct CategoryRow {
+  const char* driver;
+  const char* category;
+};
+constexpr CategoryRow kCategories[] = {
+    {"ESRI Shapefile", "Shapefile"},
+    {"OpenFileGDB", "File Geodatabase"},
+    {"PGeo", "Personal Geodatabase"},
+};
+
+class DatasetProperties final : public IPropertySet {
+ public:
+  explicit DatasetProperties(bool compressed) : compressed_(compressed) {}
+  [[nodiscard]] Variant GetProperty(std::string_view name) const override {
+    if (name == "Datafile Format") return static_cast<std::int32_t>(compressed_ ? 1 : 0);
+    return {};
+  }
+
+ private:
+  bool compressed_;
+};
+
+// A compressed file geodatabase keeps .cdf files beside its tables.
+bool HoldsCompressedTables(const std::string& path) {
+  std::error_code error;
+  for (const auto& entry : fs::directory_iterator(path, error)) {
+    if (entry.path().extension() == ".cdf") return true;
+  }
+  return false;
+}
+
+bool StoresCurves(const std::string& driver) { return driver == "GPKG" || driver == "OpenFileGDB"; }
+
+esriGeometryType LayerShapeType(const OgrSource& source, OGRLayer& layer) {
+  if (source.Kind()) return *source.Kind();
+  return ShapeTypeOf(layer.GetGeomType());
+}
+
+}  // namespace
+
+OgrClass::OgrClass(std::shared_ptr<OgrSource> source) : source_(std::move(source)) { ReadTraits(); }
+
+void OgrClass::ReadTraits() {
+  const LayerHandle handle = source_->Read();
+  driver_ = handle.Dataset().GetDriverName();
+  const bool shapefile = driver_ == "ESRI Shapefile";
+  OGRLayer& layer = handle.Layer();
+  auto traits = std::make_shared<RowTraits>();
+  traits->shape_type = LayerShapeType(*source_, layer);
+  traits->reference = ReferenceFromOgr(layer.GetSpatialRef());
+  traits->fields = MapFields(layer, traits->shape_type, traits->reference, shapefile);
+  traits->writer = AttributeWriter(*layer.GetLayerDefn(), shapefile);
+  traits->curves = StoresCurves(driver_);
+  traits_ = std::move(traits);
+}
+
+std::int32_t OgrClass::FindField(std::string_view name) const { return Fields()->FindField(name); }
+
+void OgrClass::AddField(const FieldRef& field) {
+  const GdalErrorScope errors;
+  {
+    const LayerHandle handle = source_->Write();
+    const auto definition = OgrFieldOf(*field, driver_ == "ESRI Shapefile");
+    if (handle.Layer().CreateField(definition.get()) != OGRERR_NONE || errors.Failed()) {
+      RaiseEngineFault("The field '" + field->Name + "' can't be added to '" + source_->Path() + "'" +
+                       errors.Quote() + ".");
+    }
+  }
+  ReadTraits();
+}
+
+std::string OgrClass::Name() const { return source_->LayerName(); }
+
+std::string OgrClass::FullName() const {
+  const bool shapefile = driver_ == "ESRI Shapefile";
+  return FromNativePath(shapefile ? source_->Path() : source_->Path() + "/" + source_->LayerName());
+}
+
+std::string OgrClass::Category() const {
+  for (const CategoryRow& row : kCategories) {
+    if (driver_ == row.driver) return std::string(row.category) + " Feature Class";
+  }
+  return driver_ + " Feature Class";
+}
+
+std::shared_ptr<IWorkspace> OgrClass::Workspace() const { return WorkspaceOf(driver_, source_->Path()); }
+
+std::shared_ptr<IPropertySet> OgrClass::PropertySet() const {
+  return std::make_shared<DatasetProperties>(driver_ == "OpenFileGDB" && HoldsCompressedTables(source_->Path()));
+}
+
+void OgrClass::Delete() {
+  if (driver_ == "ESRI Shapefile") {
+    DeleteShapefile(source_->Path());
+    return;
+  }
+  const GdalErrorScope errors;
+  const DatasetHandle dataset = OpenDataset(source_->Path(), true);
+  for (int index = 0; index < dataset->GetLayerCount(); ++index) {
+    if (source_->LayerName() != dataset->GetLayer(index)->GetName()) continue;
+    if (dataset->DeleteLayer(index) == OGRERR_NONE) return;
+    break;
+  }
+  RaiseEngineFault("'" + source_->LayerName() + "' can't be deleted from '" + source_->Path() + "'" + errors.Quote() +
+                   ".");
+}
+
+void OgrClass::StoreRow(const OgrRow& row) {
+  row.StoreShape();
+  const GdalErrorScope errors;
+  const LayerHandle handle = source_->Write();
+  if (handle.Layer().SetFeature(&row.Feature()) != OGRERR_NONE) {
+    RaiseEngineFault("Row " + std::to_string(row.Feature().GetFID()) + " of '" + source_->Path() +
+                     "' can't be written" + errors.Quote() + ".");
+  }
+}
+
+void OgrClass::DeleteRow(std::int64_t oid) {
+  const GdalErrorScope errors;
+  const LayerHandle handle = source_->Write();
+  if (handle.Layer().DeleteFeature(oid) != OGRERR_NONE) {
+    RaiseEngineFault("Row " + std::to_string(oid) + " of '" + source_->Path() + "' can't be deleted" +
+                     errors.Quote() + ".");
+  }
+}
+
+std::int32_t OgrClass::CountRows(const QueryFilter* filter) const {
+  LayerHandle handle = source_->Read();
+  std::int64_t count = 0;
+  if (source_->Kind() || (filter != nullptr && filter->Geometry)) {
+    // Only a look at every row can tell which belong.
+    auto self = std::const_pointer_cast<OgrClass>(shared_from_this());
+    ReadingCursor cursor(self, std::move(handle), filter, true);
+    while (cursor.NextFeature()) ++count;
+  } else {
+    if (filter != nullptr) ApplyFilter(handle, *filter);
+    const GdalErrorScope quiet;
+    count = handle.Layer().GetFeatureCount(1);
+  }
+  if (count > std::numeric_limits<std::int32_t>::max()) {
+    Raise(kOverflow, "'" + source_->Path() + "' holds more rows than can be counted.");
+  }
+  return static_cast<std::int32_t>(count);
+}
+
+std::shared_ptr<IFeatureCursor> OgrClass::OpenReader(const QueryFilter* filter, bool recycling) {
+  return std::make_shared<ReadingCursor>(shared_from_this(), source_->Read(), filter, recycling);
+}
+
+std::shared_ptr<IFeatureCursor> OgrClass::OpenUpdater(const QueryFilter* filter, bool recycling) {
+  return std::make_shared<ReadingCursor>(shared_from_this(), source_->Write(), filter, recycling);
+}
+
+std::shared_ptr<IFeatureCursor> OgrClass::OpenInserter() {
+  return std::make_shared<InsertingCursor>(shared_from_this(), source_->Write());
+}
+
+std::shared_ptr<IFeature> OgrClass::ReadRow(std::int64_t oid) {
+  const LayerHandle handle = source_->Read();
+  const GdalErrorScope quiet;
+  OgrFeatureHandle feature(handle.Layer().GetFeature(oid));
+  if (!feature) Raise(kInvalidCall, "'" + Name() + "' has no row " + std::to_string(oid) + ".");
+  return std::make_shared<OgrFeature>(traits_, std::move(feature), weak_from_this());
+}
+
+Envelope OgrClass::LayerExtent() const {
+  const LayerHandle handle = source_->Read();
+  OGREnvelope box;
+  const GdalErrorScope quiet;
+  if (handle.Layer().GetExtent(&box, TRUE) != OGRERR_NONE || !box.IsInit()) return {};
+  return {box.MinX, box.MinY, box.MaxX, box.MaxY};
+}
+
+std::string OgrFeatureClass::ShapeFieldName() const {
+  const FieldMap& fields = Traits()->fields;
+  return fields.fields->Field(fields.shape_index)->Name;
+}
+
+std::shared_ptr<IFeatureBuffer> OgrFeatureClass::CreateFeatureBuffer() {
+  const LayerHandle handle = Source()->Read();
+  return std::make_shared<OgrRow>(Traits(), OgrFeatureHandle(OGRFeature::CreateFeature(handle.Layer().GetLayerDefn())));
+}
+
+}  // namespace tessarine::engine

@@ -1,0 +1,89 @@
+// Feature classes and tables over OGR layers.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "engine/ogr_feature.h"
+#include "engine/ogr_source.h"
+#include "platform/data.h"
+
+namespace tessarine::engine {
+
+/// What feature classes and tables share.
+class OgrClass : public virtual IClass, public virtual IDataset, public std::enable_shared_from_this<OgrClass> {
+ public:
+  explicit OgrClass(std::shared_ptr<OgrSource> source);
+
+  [[nodiscard]] std::int32_t FindField(std::string_view name) const override;
+  [[nodiscard]] FieldsRef Fields() const override { return traits_->fields.fields; }
+  void AddField(const FieldRef& field) override;
+
+  [[nodiscard]] std::string Name() const override;
+  [[nodiscard]] std::string FullName() const override;
+  [[nodiscard]] std::string BrowseName() const override { return Name(); }
+  [[nodiscard]] std::string Category() const override;
+  [[nodiscard]] std::shared_ptr<IWorkspace> Workspace() const override;
+  [[nodiscard]] std::shared_ptr<IPropertySet> PropertySet() const override;
+  void Delete() override;
+
+  [[nodiscard]] const std::string& DriverName() const { return driver_; }
+  [[nodiscard]] const std::shared_ptr<OgrSource>& Source() const { return source_; }
+  [[nodiscard]] std::shared_ptr<const RowTraits> Traits() const { return traits_; }
+  void StoreRow(const OgrRow& row);
+  void DeleteRow(std::int64_t oid);
+
+  [[nodiscard]] std::int32_t CountRows(const QueryFilter* filter) const;
+  [[nodiscard]] std::shared_ptr<IFeatureCursor> OpenReader(const QueryFilter* filter, bool recycling);
+  [[nodiscard]] std::shared_ptr<IFeatureCursor> OpenUpdater(const QueryFilter* filter, bool recycling);
+  [[nodiscard]] std::shared_ptr<IFeatureCursor> OpenInserter();
+  [[nodiscard]] std::shared_ptr<IFeature> ReadRow(std::int64_t oid);
+
+ protected:
+  [[nodiscard]] Envelope LayerExtent() const;
+
+ private:
+  void ReadTraits();
+
+  std::shared_ptr<OgrSource> source_;
+  std::shared_ptr<const RowTraits> traits_;
+  std::string driver_;
+};
+
+class OgrFeatureClass final : public OgrClass, public IFeatureClass {
+ public:
+  using OgrClass::OgrClass;
+
+  [[nodiscard]] esriGeometryType ShapeType() const override { return Traits()->shape_type; }
+  [[nodiscard]] std::string ShapeFieldName() const override;
+  [[nodiscard]] std::string AliasName() const override { return Name(); }
+  [[nodiscard]] SpatialReferenceRef SpatialReference() const override { return Traits()->reference; }
+  [[nodiscard]] Envelope Extent() const override { return LayerExtent(); }
+  [[nodiscard]] std::int32_t FeatureCount(const QueryFilter* filter) const override { return CountRows(filter); }
+  [[nodiscard]] std::shared_ptr<IFeatureCursor> Search(const QueryFilter* filter, bool recycling) override {
+    return OpenReader(filter, recycling);
+  }
+  [[nodiscard]] std::shared_ptr<IFeatureCursor> Update(const QueryFilter* filter, bool recycling) override {
+    return OpenUpdater(filter, recycling);
+  }
+  [[nodiscard]] std::shared_ptr<IFeatureCursor> Insert(bool) override { return OpenInserter(); }
+  [[nodiscard]] std::shared_ptr<IFeatureBuffer> CreateFeatureBuffer() override;
+  [[nodiscard]] std::shared_ptr<IFeature> GetFeature(std::int64_t oid) override { return ReadRow(oid); }
+};
+
+class OgrTable final : public OgrClass, public ITable {
+ public:
+  using OgrClass::OgrClass;
+
+  [[nodiscard]] std::int32_t RowCount(const QueryFilter* filter) const override { return CountRows(filter); }
+  [[nodiscard]] std::shared_ptr<ICursor> SearchRows(const QueryFilter* filter, bool recycling) override {
+    return OpenReader(filter, recycling);
+  }
+  [[nodiscard]] std::shared_ptr<IRow> GetRow(std::int64_t oid) override { return ReadRow(oid); }
+  [[nodiscard]] std::shared_ptr<ICursor> InsertRows(bool) override { return OpenInserter(); }
+  [[nodiscard]] std::shared_ptr<ICursor> UpdateRows(const QueryFilter* filter, bool recycling) override {
+    return OpenUpdater(filter, recycling);
+  }
+};
+
+}  // namespace tessarine::engine

@@ -1,0 +1,173 @@
+#include "engine/ogr_cursor.h"
+
+#include "engine/engine_fault.h"
+#include "engine/ogr_geometry.h"
+
+namespace tessarine::engine {
+namespace {
+
+constexpr std::int64_t kRowsPerCommit = 20000;
+
+// Names that the filter leaves out, as OGR wants them.
+std::vector<std::string> IgnoredFields(OGRLayer& layer, const std::string& wanted) {
+  std::vector<std::string> ignored;
+  const CPLStringList names(CSLTokenizeString2(wanted.c_str(), ",", CSLT_STRIPLEADSPACES | CSLT_STRIPENDSPACES));
+  const OGRFeatureDefn& definition = *layer.GetLayerDefn();
+  for (int index = 0; index < definition.GetFieldCount(); ++index) {
+    const char* name = definition.GetFieldDefn(index)->GetNameRef();
+    if (names.FindString(name) < 0) ignored.emplace_back(name);
+  }
+  return ignored;
+}
+
+[[noreturn]] void RaiseWrongUse(const char* what) { Raise(kInvalidCall, std::string("This cursor can't ") + what + "."); }
+
+}  // namespace
+
+void ApplyFilter(LayerHandle& handle, const QueryFilter& filter) {
+  OGRLayer& layer = handle.Layer();
+  if (!filter.WhereClause.empty()) {
+    const GdalErrorScope errors;
+    if (layer.SetAttributeFilter(filter.WhereClause.c_str()) != OGRERR_NONE || errors.Failed()) {
+      RaiseEngineFault("The condition \"" + filter.WhereClause + "\" can't be used on '" + layer.GetName() + "'" +
+                       errors.Quote() + ". Check its field names and quotes.");
+    }
+  }
+  if (filter.Geometry) {
+    const Envelope box = filter.Geometry->Envelope();
+    layer.SetSpatialFilterRect(box.XMin(), box.YMin(), box.XMax(), box.YMax());
+  }
+  if (!filter.SubFields.empty() && filter.SubFields != "*") {
+    CPLStringList names;
+    for (const std::string& name : IgnoredFields(layer, filter.SubFields)) names.AddString(name.c_str());
+    layer.SetIgnoredFields(const_cast<const char**>(names.List()));
+  }
+}
+
+ReadingCursor::ReadingCursor(std::shared_ptr<OgrClass> owner, LayerHandle handle, const QueryFilter* filter,
+                             bool recycling)
+    : owner_(std::move(owner)), handle_(std::move(handle)), recycling_(recycling) {
+  if (filter != nullptr) {
+    ApplyFilter(handle_, *filter);
+    region_ = filter->Geometry;
+  }
+  handle_.Layer().ResetReading();
+}
+
+ReadingCursor::~ReadingCursor() {
+  if (in_transaction_) handle_.Layer().CommitTransaction();
+}
+
+bool ReadingCursor::Matches(const OGRFeature& feature) const {
+  const auto kind = owner_->Source()->Kind();
+  const OGRGeometry* geometry = feature.GetGeometryRef();
+  if (kind && (geometry == nullptr || ShapeTypeOf(geometry->getGeometryType()) != *kind)) return false;
+  if (!region_) return true;
+  const GeometryRef shape = ShapeFromOgr(geometry, owner_->Traits()->shape_type, owner_->Traits()->reference);
+  return shape && !shape->IsEmpty() && !dynamic_cast<const IRelationalOperator&>(*region_).Disjoint(*shape);
+}
+
+OgrFeatureHandle ReadingCursor::NextOgr() {
+  const GdalErrorScope errors;
+  for (;;) {
+    OgrFeatureHandle feature(handle_.Layer().GetNextFeature());
+    if (!feature) {
+      if (errors.Failed()) {
+        RaiseEngineFault("'" + owner_->Source()->Path() + "' can't be read to its end" + errors.Quote() +
+                         ": the file is damaged or was cut off.");
+      }
+      return nullptr;
+    }
+    if (Matches(*feature)) return feature;
+  }
+}
+
+std::shared_ptr<IFeature> ReadingCursor::NextFeature() {
+  OgrFeatureHandle feature = NextOgr();
+  if (!feature) return nullptr;
+  if (!recycling_) return std::make_shared<OgrFeature>(owner_->Traits(), std::move(feature), owner_);
+  if (recycled_) {
+    recycled_->Refill(std::move(feature));
+  } else {
+    recycled_ = std::make_shared<OgrFeature>(owner_->Traits(), std::move(feature), owner_);
+  }
+  return recycled_;
+}
+
+void ReadingCursor::UpdateFeature(const std::shared_ptr<IFeature>& feature) { UpdateRow(feature); }
+
+void ReadingCursor::UpdateRow(const std::shared_ptr<IRow>& row) {
+  const auto own = Cast<OgrRow>(Require(row, "row"));
+  Require(own, "a row of this cursor")->StoreShape();
+  const GdalErrorScope errors;
+  OGRLayer& layer = handle_.Layer();
+  if (!in_transaction_ && layer.TestCapability(OLCTransactions) != 0) {
+    in_transaction_ = layer.StartTransaction() == OGRERR_NONE;
+  }
+  if (layer.SetFeature(&own->Feature()) != OGRERR_NONE) {
+    RaiseEngineFault("Row " + std::to_string(own->Feature().GetFID()) + " of '" + owner_->Source()->Path() +
+                     "' can't be written" + errors.Quote() + ".");
+  }
+}
+
+std::int64_t ReadingCursor::InsertFeature(const IFeatureBuffer&) { RaiseWrongUse("insert rows"); }
+std::int64_t ReadingCursor::InsertRow(const IRowBuffer&) { RaiseWrongUse("insert rows"); }
+
+void ReadingCursor::Flush() {
+  if (in_transaction_) handle_.Layer().CommitTransaction();
+  in_transaction_ = false;
+}
+
+InsertingCursor::InsertingCursor(std::shared_ptr<OgrClass> owner, LayerHandle handle)
+    : owner_(std::move(owner)),
+      handle_(std::move(handle)),
+      transactions_(handle_.Layer().TestCapability(OLCTransactions) != 0) {}
+
+InsertingCursor::~InsertingCursor() {
+  const GdalErrorScope quiet;
+  if (in_transaction_) handle_.Layer().CommitTransaction();
+}
+
+void InsertingCursor::UpdateFeature(const std::shared_ptr<IFeature>&) { RaiseWrongUse("update rows"); }
+void InsertingCursor::UpdateRow(const std::shared_ptr<IRow>&) { RaiseWrongUse("update rows"); }
+
+std::int64_t InsertingCursor::InsertRow(const IRowBuffer& buffer) {
+  // Buffers are made by the class that they go into; the row is its own layout of it.
+  auto* row = const_cast<OgrRow*>(dynamic_cast<const OgrRow*>(&buffer));
+  if (row == nullptr) Raise(kTypeMismatch, "The buffer was not made by this feature class.");
+  OGRLayer& layer = handle_.Layer();
+  row->Rebind(*layer.GetLayerDefn());
+  row->StoreShape();
+  OGRFeature& feature = row->Feature();
+  feature.SetFID(OGRNullFID);
+  const GdalErrorScope errors;
+  if (transactions_ && !in_transaction_) in_transaction_ = layer.StartTransaction() == OGRERR_NONE;
+  if (layer.CreateFeature(&feature) != OGRERR_NONE || errors.Failed()) {
+    RaiseEngineFault("A row can't be written to '" + owner_->Source()->Path() + "'" + errors.Quote() +
+                     ": check the room on the disk and the permissions.");
+  }
+  ++since_commit_;
+  return feature.GetFID();
+}
+
+void InsertingCursor::Flush() {
+  if (since_commit_ >= kRowsPerCommit) Commit();
+}
+
+void InsertingCursor::Commit() {
+  since_commit_ = 0;
+  const GdalErrorScope errors;
+  OGRErr result = OGRERR_NONE;
+  if (in_transaction_) {
+    in_transaction_ = false;
+    result = handle_.Layer().CommitTransaction();
+  } else {
+    result = handle_.Layer().SyncToDisk();
+  }
+  if (result != OGRERR_NONE || errors.Failed()) {
+    RaiseEngineFault("Rows can't be written to '" + owner_->Source()->Path() + "'" + errors.Quote() +
+                     ": check the room on the disk and the permissions.");
+  }
+}
+
+}  // namespace tessarine::engine

@@ -1,0 +1,97 @@
+#include "engine/ogr_feature.h"
+
+#include <cstdint>
+
+#include "engine/ogr_class.h"
+#include "engine/ogr_geometry.h"
+#include "platform/fault.h"
+
+namespace tessarine::engine {
+
+Variant OgrRow::Value(std::int32_t index) const {
+  if (index == 0) {
+    const GIntBig oid = feature_->GetFID();
+    if (oid >= INT32_MIN && oid <= INT32_MAX) return static_cast<std::int32_t>(oid);
+    return static_cast<double>(oid);
+  }
+  if (index == traits_->fields.shape_index) return Shape();
+  const int attribute = traits_->fields.OgrIndex(index);
+  if (attribute < 0 || attribute >= feature_->GetFieldCount()) {
+    Raise(kInvalidCall, "A row has no field " + std::to_string(index) + ".");
+  }
+  return ValueOf(*feature_, attribute);
+}
+
+void OgrRow::SetValue(std::int32_t index, const Variant& value) {
+  if (index == traits_->fields.shape_index) {
+    SetShape(value.AsObject<IGeometry>());
+    return;
+  }
+  const int attribute = traits_->fields.OgrIndex(index);
+  if (attribute < 0 || attribute >= feature_->GetFieldCount()) {
+    Raise(kInvalidCall, "The field " + std::to_string(index) + " of a row can't be written.");
+  }
+  traits_->writer.Write(*feature_, attribute, value);
+}
+
+GeometryRef OgrRow::Shape() const {
+  if (!shape_) shape_ = ShapeFromOgr(feature_->GetGeometryRef(), traits_->shape_type, traits_->reference);
+  return shape_;
+}
+
+void OgrRow::SetShape(const GeometryRef& shape) {
+  shape_ = shape;
+  shape_changed_ = true;
+}
+
+void OgrRow::StoreShape() const {
+  if (!shape_changed_) return;
+  const auto* point = dynamic_cast<const Point*>(shape_.get());
+  if (point != nullptr && !point->IsEmpty()) {
+    OGRGeometry* standing = feature_->GetGeometryRef();
+    if (standing != nullptr && standing->getGeometryType() == wkbPoint) {
+      standing->toPoint()->setX(point->X());
+      standing->toPoint()->setY(point->Y());
+      return;
+    }
+  }
+  feature_->SetGeometryDirectly(shape_ ? OgrFromShape(*shape_, traits_->curves).release() : nullptr);
+}
+
+void OgrRow::Refill(OgrFeatureHandle feature) {
+  feature_ = std::move(feature);
+  shape_ = nullptr;
+  shape_changed_ = false;
+}
+
+void OgrRow::Rebind(OGRFeatureDefn& definition) {
+  if (feature_->GetDefnRef() == &definition) return;
+  OgrFeatureHandle rebound(OGRFeature::CreateFeature(&definition));
+  for (int index = 0; index < feature_->GetFieldCount(); ++index) {
+    if (feature_->IsFieldSet(index) != 0) rebound->SetField(index, feature_->GetRawFieldRef(index));
+  }
+  rebound->SetGeometryDirectly(feature_->StealGeometry());
+  feature_ = std::move(rebound);
+}
+
+void OgrFeature::Store() {
+  const auto owner = Cast<OgrClass>(Table());
+  Require(owner, "Table")->StoreRow(*this);
+}
+
+void OgrFeature::Delete() {
+  const auto owner = Cast<OgrClass>(Table());
+  Require(owner, "Table")->DeleteRow(OID());
+}
+
+GeometryRef OgrFeature::ShapeCopy() const {
+  const GeometryRef shape = Shape();
+  return shape ? CloneOf(*shape) : nullptr;
+}
+
+Envelope OgrFeature::Extent() const {
+  const GeometryRef shape = Shape();
+  return shape ? shape->Envelope() : Envelope();
+}
+
+}  // namespace tessarine::engine

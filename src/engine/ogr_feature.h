@@ -1,0 +1,72 @@
+// Rows over OGR features.
+#pragma once
+
+#include <ogrsf_frmts.h>
+
+#include <memory>
+
+#include "engine/ogr_fields.h"
+#include "platform/data.h"
+
+namespace tessarine::engine {
+
+using OgrFeatureHandle = std::unique_ptr<OGRFeature, OGRFeatureUniquePtrDeleter>;
+
+/// What all rows of one class share.
+struct RowTraits {
+  FieldMap fields;
+  AttributeWriter writer;
+  esriGeometryType shape_type = esriGeometryNull;
+  SpatialReferenceRef reference;
+  bool curves = false;  ///< the format stores circular arcs
+};
+
+/// A row of a class: what was read, or what is to be inserted.
+class OgrRow : public virtual IFeatureBuffer {
+ public:
+  OgrRow(std::shared_ptr<const RowTraits> traits, OgrFeatureHandle feature)
+      : traits_(std::move(traits)), feature_(std::move(feature)) {}
+
+  [[nodiscard]] FieldsRef Fields() const override { return traits_->fields.fields; }
+  [[nodiscard]] Variant Value(std::int32_t index) const override;
+  void SetValue(std::int32_t index, const Variant& value) override;
+  [[nodiscard]] GeometryRef Shape() const override;
+  void SetShape(const GeometryRef& shape) override;
+
+  [[nodiscard]] OGRFeature& Feature() const { return *feature_; }
+  [[nodiscard]] bool ShapeChanged() const { return shape_changed_; }
+  /// Puts the shape that was set into the OGR feature.
+  void StoreShape() const;
+  void Refill(OgrFeatureHandle feature);
+  /// Takes on the layout of another handle on the same layer.
+  void Rebind(OGRFeatureDefn& definition);
+
+ protected:
+  [[nodiscard]] const RowTraits& Traits() const { return *traits_; }
+
+ private:
+  std::shared_ptr<const RowTraits> traits_;
+  OgrFeatureHandle feature_;
+  mutable GeometryRef shape_;
+  bool shape_changed_ = false;
+};
+
+/// A stored feature, or a stored row of a table.
+class OgrFeature final : public OgrRow, public virtual IFeature {
+ public:
+  OgrFeature(std::shared_ptr<const RowTraits> traits, OgrFeatureHandle feature, std::weak_ptr<IClass> table)
+      : OgrRow(std::move(traits), std::move(feature)), table_(std::move(table)) {}
+
+  [[nodiscard]] std::int64_t OID() const override { return Feature().GetFID(); }
+  [[nodiscard]] bool HasOID() const override { return true; }
+  void Store() override;
+  void Delete() override;
+  [[nodiscard]] std::shared_ptr<IClass> Table() const override { return table_.lock(); }
+  [[nodiscard]] GeometryRef ShapeCopy() const override;
+  [[nodiscard]] Envelope Extent() const override;
+
+ private:
+  std::weak_ptr<IClass> table_;
+};
+
+}  // namespace tessarine::engine

@@ -1,0 +1,29 @@
+// OGR geometry to and from our shapes.
+#pragma once
+
+#include <ogr_geometry.h>
+
+#include <memory>
+
+#include "platform/geometry.h"
+
+namespace tessarine::engine {
+
+/// The shape type that holds an OGR type: singles and multiples share one, curves count as what they bound. Null for
+/// types that hold no one kind.
+[[nodiscard]] esriGeometryType ShapeTypeOf(OGRwkbGeometryType type);
+
+/// An empty shape of the type.
+[[nodiscard]] GeometryRef EmptyShape(esriGeometryType type, const SpatialReferenceRef& reference);
+
+/// The shape of the given type: Z and M dropped, parts in order, circular arcs kept, exterior rings clockwise and
+/// holes counter-clockwise with their first vertices kept. Nothing, or an empty geometry, gives an empty shape. A
+/// geometry of another kind raises fault 13.
+[[nodiscard]] GeometryRef ShapeFromOgr(const OGRGeometry* geometry, esriGeometryType type,
+                                       const SpatialReferenceRef& reference);
+
+/// The OGR geometry of a shape; nothing for an empty one. Without `curves_allowed`, and for curves that OGR has no
+/// class for, curves become chords.
+[[nodiscard]] std::unique_ptr<OGRGeometry> OgrFromShape(const IGeometry& shape, bool curves_allowed);
+
+}  // namespace tessarine::engine

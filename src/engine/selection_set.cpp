@@ -1,0 +1,98 @@
+// Selections: the identifiers of rows, in order.
+#include <algorithm>
+
+#include "engine/data_source.h"
+#include "engine/engine_fault.h"
+
+namespace tessarine {
+namespace {
+
+// Up to this share of the rows, each is fetched by its identifier; above it, all rows are read in order.
+constexpr double kFetchShare = 0.1;
+
+/// Passes on only the selected rows of a cursor over the class.
+class SelectedRows final : public IFeatureCursor {
+ public:
+  SelectedRows(std::shared_ptr<const std::vector<std::int64_t>> oids, std::shared_ptr<IFeatureCursor> rows)
+      : oids_(std::move(oids)), rows_(std::move(rows)) {}
+
+  [[nodiscard]] std::shared_ptr<IFeature> NextFeature() override {
+    while (std::shared_ptr<IFeature> feature = rows_->NextFeature()) {
+      if (std::ranges::binary_search(*oids_, feature->OID())) return feature;
+    }
+    return nullptr;
+  }
+  [[nodiscard]] std::shared_ptr<IRow> NextRow() override { return NextFeature(); }
+  void UpdateFeature(const std::shared_ptr<IFeature>& feature) override { rows_->UpdateFeature(feature); }
+  void UpdateRow(const std::shared_ptr<IRow>& row) override { rows_->UpdateRow(row); }
+  std::int64_t InsertFeature(const IFeatureBuffer& buffer) override { return rows_->InsertFeature(buffer); }
+  std::int64_t InsertRow(const IRowBuffer& buffer) override { return rows_->InsertRow(buffer); }
+  void Flush() override { rows_->Flush(); }
+
+ private:
+  std::shared_ptr<const std::vector<std::int64_t>> oids_;
+  std::shared_ptr<IFeatureCursor> rows_;
+};
+
+/// Fetches the selected rows one by one.
+class FetchedRows final : public IFeatureCursor {
+ public:
+  FetchedRows(std::shared_ptr<IFeatureClass> features, std::shared_ptr<const std::vector<std::int64_t>> oids)
+      : features_(std::move(features)), oids_(std::move(oids)) {}
+
+  [[nodiscard]] std::shared_ptr<IFeature> NextFeature() override {
+    return next_ < oids_->size() ? features_->GetFeature((*oids_)[next_++]) : nullptr;
+  }
+  [[nodiscard]] std::shared_ptr<IRow> NextRow() override { return NextFeature(); }
+  void UpdateFeature(const std::shared_ptr<IFeature>& feature) override { feature->Store(); }
+  void UpdateRow(const std::shared_ptr<IRow>& row) override { row->Store(); }
+  std::int64_t InsertFeature(const IFeatureBuffer&) override { Raise(kInvalidCall, "This cursor can't insert rows."); }
+  std::int64_t InsertRow(const IRowBuffer&) override { Raise(kInvalidCall, "This cursor can't insert rows."); }
+  void Flush() override {}
+
+ private:
+  std::shared_ptr<IFeatureClass> features_;
+  std::shared_ptr<const std::vector<std::int64_t>> oids_;
+  std::size_t next_ = 0;
+};
+
+class SelectionSet final : public ISelectionSet {
+ public:
+  SelectionSet(std::shared_ptr<IFeatureClass> features, std::vector<std::int64_t> oids)
+      : features_(std::move(features)),
+        oids_(std::make_shared<const std::vector<std::int64_t>>(std::move(oids))) {}
+
+  [[nodiscard]] std::int32_t Count() const override { return static_cast<std::int32_t>(oids_->size()); }
+
+  [[nodiscard]] std::shared_ptr<ICursor> Search(const QueryFilter* filter, bool recycling) override {
+    const bool few = static_cast<double>(oids_->size()) < kFetchShare * features_->FeatureCount(nullptr);
+    if (few && filter == nullptr) return std::make_shared<FetchedRows>(features_, oids_);
+    return std::make_shared<SelectedRows>(oids_, features_->Search(filter, recycling));
+  }
+
+ private:
+  std::shared_ptr<IFeatureClass> features_;
+  std::shared_ptr<const std::vector<std::int64_t>> oids_;
+};
+
+}  // namespace
+
+std::shared_ptr<ISelectionSet> SelectByWhere(const std::shared_ptr<IFeatureClass>& features,
+                                             const std::string& where) {
+  QueryFilter filter;
+  filter.WhereClause = where;
+  std::vector<std::int64_t> oids;
+  const auto cursor = features->Search(&filter, true);
+  while (const auto feature = cursor->NextFeature()) oids.push_back(feature->OID());
+  return SelectByOids(features, std::move(oids));
+}
+
+std::shared_ptr<ISelectionSet> SelectByOids(const std::shared_ptr<IFeatureClass>& features,
+                                            std::vector<std::int64_t> oids) {
+  std::ranges::sort(oids);
+  const auto repeated = std::ranges::unique(oids);
+  oids.erase(repeated.begin(), repeated.end());
+  return std::make_shared<SelectionSet>(features, std::move(oids));
+}
+
+}  // namespace tessarine

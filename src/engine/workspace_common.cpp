@@ -1,0 +1,105 @@
+#include "engine/workspace_common.h"
+
+#include <unistd.h>
+
+#include <array>
+#include <filesystem>
+
+#include "engine/engine_fault.h"
+#include "engine/ogr_fields.h"
+#include "engine/srs_from_gdal.h"
+#include "platform/paths.h"
+
+namespace tessarine::engine {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::array kShapefileEndings = {".shp", ".shx", ".dbf", ".prj", ".cpg", ".qpj", ".sbn",
+                                          ".sbx", ".qix", ".idm", ".ind", ".shp.xml"};
+
+class PlainWorkspace final : public IWorkspace {
+ public:
+  explicit PlainWorkspace(std::string path) : path_(std::move(path)) {}
+  [[nodiscard]] std::string PathName() const override { return path_; }
+
+ private:
+  std::string path_;
+};
+
+OGRwkbGeometryType OgrTypeOf(esriGeometryType type, bool shapefile) {
+  switch (type) {
+    case esriGeometryPoint:
+      return wkbPoint;
+    case esriGeometryMultipoint:
+      return wkbMultiPoint;
+    case esriGeometryPolyline:
+      // A shapefile doesn't tell single from multiple; a geodatabase stores every line as a multiple one.
+      return shapefile ? wkbLineString : wkbMultiLineString;
+    case esriGeometryPolygon:
+      return shapefile ? wkbPolygon : wkbMultiPolygon;
+    default:
+      Raise(kInvalidCall, "A feature class holds points, multipoints, polylines or polygons.");
+  }
+}
+
+}  // namespace
+
+std::shared_ptr<IWorkspace> WorkspaceOf(const std::string& driver, const std::string& native_path) {
+  const bool is_container = driver == "OpenFileGDB" || driver == "PGeo" || fs::is_directory(native_path);
+  const std::string place = is_container ? native_path : fs::path(native_path).parent_path().string();
+  return std::make_shared<PlainWorkspace>(FromNativePath(place));
+}
+
+void DeleteShapefile(const std::string& native_path) {
+  const fs::path base = fs::path(native_path).replace_extension();
+  for (const char* ending : kShapefileEndings) {
+    const fs::path file = base.string() + ending;
+    std::error_code error;
+    fs::remove(file, error);
+    if (error) {
+      RaiseEngineFault("'" + file.string() + "' can't be deleted: " + error.message() + ".");
+    }
+  }
+}
+
+const GeometryDef& ShapeDefinition(const NewClass& request) {
+  const std::int32_t index = request.fields->FindField(request.shape_field);
+  if (index < 0) Raise(kInvalidCall, "The new class '" + request.name + "' has no shape field.");
+  const auto& definition = request.fields->Field(index)->GeometryDef;
+  return *Require(definition, "GeometryDef");
+}
+
+void CreateLayer(GDALDataset& dataset, const NewClass& request, CPLStringList options, bool shapefile) {
+  const GeometryDef& shape = ShapeDefinition(request);
+  OgrReference reference;
+  if (shape.SpatialReference) reference = OgrFromReference(*shape.SpatialReference);
+  const GdalErrorScope errors;
+  OGRLayer* layer = dataset.CreateLayer(request.name.c_str(), reference.get(), OgrTypeOf(shape.GeometryType, shapefile),
+                                        options.List());
+  if (layer == nullptr) {
+    RaiseEngineFault("The feature class '" + request.name + "' can't be created in '" + dataset.GetDescription() +
+                     "'" + errors.Quote() + ": check that the place is writable and the name is legal.");
+  }
+  for (const FieldRef& field : *request.fields) {
+    if (field->Type == esriFieldTypeOID || field->Type == esriFieldTypeGeometry) continue;
+    if (shapefile && field->Name.size() > 10) {
+      RaiseEngineFault("The field name '" + field->Name + "' is longer than the 10 characters of a dBASE table.");
+    }
+    if (layer->CreateField(OgrFieldOf(*field, shapefile).get()) != OGRERR_NONE) {
+      RaiseEngineFault("The field '" + field->Name + "' can't be added to '" + request.name + "'" + errors.Quote() +
+                       ".");
+    }
+  }
+}
+
+void RequireWritableFolder(const std::string& native_folder) {
+  if (!fs::is_directory(native_folder)) {
+    RaiseEngineFault("There is no folder '" + native_folder + "': make it first, or name another.");
+  }
+  if (access(native_folder.c_str(), W_OK) != 0) {
+    RaiseEngineFault("The folder '" + native_folder + "' can't be written to: check its permissions, or name another.");
+  }
+}
+
+}  // namespace tessarine::engine

@@ -1,0 +1,34 @@
+// What the workspaces share.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "engine/ogr_source.h"
+#include "platform/data.h"
+
+namespace tessarine::engine {
+
+/// The workspace that a dataset of this driver lies in: the folder of a file, or the geodatabase.
+[[nodiscard]] std::shared_ptr<IWorkspace> WorkspaceOf(const std::string& driver, const std::string& native_path);
+
+/// Removes a shapefile with all files that belong to it.
+void DeleteShapefile(const std::string& native_path);
+
+/// What a new class shall be.
+struct NewClass {
+  std::string name;
+  const Fields* fields;
+  std::string shape_field;
+};
+
+/// Creates an empty layer in a dataset and adds the attribute fields. The dataset's own layer options come first.
+void CreateLayer(GDALDataset& dataset, const NewClass& request, CPLStringList options, bool shapefile);
+
+/// The shape definition of the request's shape field; fault 5 when there is none.
+[[nodiscard]] const GeometryDef& ShapeDefinition(const NewClass& request);
+
+/// A folder that a new file can be made in, or a fault that says what is wrong with it.
+void RequireWritableFolder(const std::string& native_folder);
+
+}  // namespace tessarine::engine
