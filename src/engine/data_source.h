@@ -45,7 +45,11 @@ class DataSource : public virtual Object {
 void CreateFileGeodatabase(const std::string& native_path);
 /// Removes a file geodatabase that holds no layer.
 void RemoveFileGeodatabaseIfEmpty(const std::string& native_path);
-/// Announces a feature dataset: opening it succeeds from now on, and its first class makes it.
-void PromiseFeatureDataset(const std::string& native_geodatabase, const std::string& name);
+/// Announces a feature dataset: opening it succeeds from now on, and its first class makes it with this reference.
+void PromiseFeatureDataset(const std::string& native_geodatabase, const std::string& name,
+                           const SpatialReferenceRef& reference);
+/// The reference of a feature dataset that has classes; nothing where there is no such dataset or class.
+[[nodiscard]] SpatialReferenceRef FeatureDatasetReference(const std::string& native_geodatabase,
+                                                          const std::string& name);
 
 }  // namespace tessarine

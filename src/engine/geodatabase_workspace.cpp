@@ -1,7 +1,6 @@
 // File geodatabases, which can be written, and personal geodatabases, which can only be read.
 #include <filesystem>
 #include <map>
-#include <set>
 
 #include "engine/data_source.h"
 #include "engine/engine_fault.h"
@@ -18,16 +17,22 @@ namespace fs = std::filesystem;
 using namespace engine;
 
 // Feature datasets that were announced and come to be with their first class.
-std::map<std::string, std::set<std::string>>& PromisedDatasets() {
-  static std::map<std::string, std::set<std::string>> promised;
+using Promises = std::map<std::pair<std::string, std::string>, SpatialReferenceRef>;
+
+Promises& PromisedDatasets() {
+  static Promises promised;
   return promised;
 }
 
 std::string NormalPath(const std::string& native) { return fs::absolute(native).lexically_normal().string(); }
 
+SpatialReferenceRef PromisedReference(const std::string& geodatabase, const std::string& name) {
+  const auto promised = PromisedDatasets().find({NormalPath(geodatabase), name});
+  return promised == PromisedDatasets().end() ? nullptr : promised->second;
+}
+
 bool HasDataset(const std::string& geodatabase, const std::string& name) {
-  const auto promised = PromisedDatasets().find(NormalPath(geodatabase));
-  if (promised != PromisedDatasets().end() && promised->second.contains(name)) return true;
+  if (PromisedReference(geodatabase, name)) return true;
   const DatasetHandle dataset = OpenDataset(geodatabase, false);
   const auto root = dataset->GetRootGroup();
   if (!root) return false;
@@ -71,18 +76,11 @@ class GeodatabaseDataset final : public IFeatureDataset {
   [[nodiscard]] std::shared_ptr<IPropertySet> PropertySet() const override { return nullptr; }
   void Delete() override { RaiseEngineFault("The feature dataset '" + name_ + "' can't be deleted from here."); }
 
-  /// That of its first class; unknown while it has none.
+  /// That of its first class; while it has none, the one that was announced.
   [[nodiscard]] SpatialReferenceRef SpatialReference() const override {
-    const DatasetHandle dataset = OpenDataset(geodatabase_, false);
-    const auto root = dataset->GetRootGroup();
-    const auto group = root ? root->OpenGroup(name_) : nullptr;
-    if (group) {
-      for (const std::string& layer_name : group->GetVectorLayerNames()) {
-        const OGRLayer* layer = group->OpenVectorLayer(layer_name);
-        if (layer != nullptr) return ReferenceFromOgr(const_cast<OGRLayer*>(layer)->GetSpatialRef());
-      }
-    }
-    return ReferenceFromOgr(nullptr);
+    if (SpatialReferenceRef reference = FeatureDatasetReference(geodatabase_, name_)) return reference;
+    const SpatialReferenceRef promised = PromisedReference(geodatabase_, name_);
+    return promised ? promised : ReferenceFromOgr(nullptr);
   }
   [[nodiscard]] Envelope Extent() const override { return {}; }
 
@@ -190,8 +188,22 @@ std::shared_ptr<IWorkspaceFactory> CreateAccessWorkspaceFactory() {
   return std::make_shared<GeodatabaseFactory<PersonalGeodatabase>>(".mdb");
 }
 
-void PromiseFeatureDataset(const std::string& native_geodatabase, const std::string& name) {
-  PromisedDatasets()[NormalPath(native_geodatabase)].insert(name);
+void PromiseFeatureDataset(const std::string& native_geodatabase, const std::string& name,
+                           const SpatialReferenceRef& reference) {
+  PromisedDatasets()[{NormalPath(native_geodatabase), name}] = reference;
+}
+
+SpatialReferenceRef FeatureDatasetReference(const std::string& native_geodatabase, const std::string& name) {
+  if (!fs::exists(native_geodatabase)) return nullptr;
+  const DatasetHandle dataset = OpenDataset(native_geodatabase, false);
+  const auto root = dataset->GetRootGroup();
+  const GdalErrorScope quiet;
+  const auto group = root ? root->OpenGroup(name) : nullptr;
+  if (!group) return nullptr;
+  for (const std::string& layer_name : group->GetVectorLayerNames()) {
+    if (OGRLayer* layer = group->OpenVectorLayer(layer_name)) return ReferenceFromOgr(layer->GetSpatialRef());
+  }
+  return nullptr;
 }
 
 void CreateFileGeodatabase(const std::string& native_path) {

@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "platform/host.h"
+#include "platform/paths.h"
 #include "platform/text_formats.h"
 #include "support/MyGeneralOperations.h"
 #include "support/aml_func_mod.h"
@@ -147,7 +148,7 @@ bool OutputWorkspaceExists(const std::string& text, const OutputChoice& choice) 
   const std::string directory =
       choice.IsFeatureDataset ? choice.Directory : WithoutTrailingSlash(ReturnDir(text));
   if (ExistFileDir(directory)) return true;
-  Host().MessageBox().Show("Unable to create Feature Class:\r\n" + directory + " is not a valid workspace...",
+  Host().MessageBox().Show("Unable to create Feature Class:\r\n" + ToNativePath(directory) + " is not a valid workspace...",
                            "Failed to Create Feature Class:");
   return false;
 }

@@ -1,0 +1,92 @@
+#include "frame/ErrorHandling.h"
+
+#include "platform/host.h"
+#include "platform/text_formats.h"
+
+namespace tessarine::ErrorHandling {
+namespace {
+
+constexpr const char* kLineBreak = "\r\n";
+constexpr const char* kTab = "\t";
+
+// True while a fault climbs through procedures that pass it on; its header text stands already.
+bool g_entered = false;
+
+// The host's error dialog, kept as long as the host is the same.
+std::shared_ptr<IErrorDialog> g_dialog;
+IHost* g_dialog_host = nullptr;
+
+IErrorDialog& ErrorDialog() {
+  if (!g_dialog || g_dialog_host != &Host()) {
+    g_dialog = Host().CreateErrorDialog();
+    g_dialog_host = &Host();
+  }
+  return *g_dialog;
+}
+
+std::string NumberAndDescription(std::int32_t number, const std::string& description) {
+  return std::string("Error Number ") + kLineBreak + kTab + std::to_string(number) + kLineBreak + "Description" +
+         kLineBreak + kTab + description + kLineBreak + kLineBreak;
+}
+
+std::string Header(std::int32_t number, const std::string& description) {
+  return kLineBreak + std::string("Tessarine Tools v. ") + TESSARINE_VERSION + ":  " +
+         NumberAndDescription(number, description);
+}
+
+std::string MessageText(const std::string& procedure_name, const std::string& description) {
+  return std::string("An error has occured in the application.   Record the call stack sequence") + kLineBreak +
+         "and the description of the error." + kLineBreak + kLineBreak + "Error Call Stack Sequence " + kLineBreak +
+         kTab + procedure_name + kLineBreak + description;
+}
+
+void ShowMessage(const std::string& text) {
+  Host().MessageBox().Show(text, "Unexpected Program Error", MessageButtons::Ok, MessageIcon::Exclamation);
+}
+
+void Report(std::int32_t version, const std::string& procedure_name, std::int32_t number, const std::string& source,
+            const std::string& description) {
+  switch (version) {
+    case kErrorDialogReport:
+      ErrorDialog().AppendErrorText(std::string("Record Call Stack Sequence - Bottom line is error line.") +
+                                    kLineBreak + kLineBreak + kTab + procedure_name + kLineBreak + description);
+      ErrorDialog().SetVisible(true);
+      return;
+    case kChoiceReport:
+      if (Host().MessageBox().Show(MessageText(procedure_name, description), "Unexpected Program Error",
+                                   MessageButtons::YesNo, MessageIcon::Exclamation) == MessageAnswer::Yes) {
+        throw Fault(number, source, kTab + procedure_name + kLineBreak + description);
+      }
+      return;
+    default:
+      ShowMessage(MessageText(procedure_name, description));
+  }
+}
+
+void ReportTrap(const TrapSite& site, const Fault& fault) {
+  HandleError(site.top, site.procedure + site.source + " " + GetErrorLineNumberString(fault.Line()), fault.Number(),
+              fault.Source(), fault.Description(), kErrorDialogReport, 0);
+}
+
+}  // namespace
+
+std::string GetErrorLineNumberString(std::int32_t line_number) {
+  return line_number == 0 ? "" : "Line : " + std::to_string(line_number);
+}
+
+void HandleError(bool top_procedure, const std::string& procedure_name, std::int32_t number,
+                 const std::string& source, const std::string& description, std::int32_t version, std::int32_t) {
+  if (top_procedure) {
+    const std::string text = g_entered ? description : Header(number, description);
+    g_entered = false;
+    Report(version, procedure_name, number, source, text);
+    return;
+  }
+  const std::string text = g_entered ? description : NumberAndDescription(number, description);
+  g_entered = true;
+  throw Fault(number, source, kTab + procedure_name + kLineBreak + text);
+}
+
+void Install() { SetFaultReporter(ReportTrap); }
+
+}  // namespace tessarine::ErrorHandling

@@ -1,0 +1,131 @@
+#include "frame/clsExtension.h"
+
+#include <cmath>
+#include <functional>
+
+#include "frame/ErrorHandling.h"
+#include "platform/host.h"
+#include "platform/text_formats.h"
+#include "platform/trap.h"
+#include "support/aml_func_mod.h"
+
+namespace tessarine {
+namespace {
+
+constexpr const char* kExtensionId = "Tessarine.clsExtension";
+constexpr const char* kOtherExtensionId = "{BD6262BC-D9D4-4B93-87E0-E442702D93E6}";
+constexpr const char* kUnknownVersion = "Unable to determine ArcGIS Version!";
+constexpr double kStreamVersion = 3.0;
+
+// The settings that a document keeps, in the order of the stream, behind the stream's version.
+struct PersistedField {
+  std::function<Variant(const clsExtension&)> write;
+  std::function<void(clsExtension&, const Variant&)> read;
+};
+
+PersistedField Persisted(double clsExtension::*member) {
+  return {[=](const clsExtension& e) { return Variant(e.*member); },
+          [=](clsExtension& e, const Variant& v) { e.*member = v.AsDouble(); }};
+}
+PersistedField Persisted(std::string clsExtension::*member) {
+  return {[=](const clsExtension& e) { return Variant(e.*member); },
+          [=](clsExtension& e, const Variant& v) { e.*member = v.AsText(); }};
+}
+PersistedField Persisted(bool clsExtension::*member) {
+  return {[=](const clsExtension& e) { return Variant(e.*member); },
+          [=](clsExtension& e, const Variant& v) { e.*member = v.AsBoolean(); }};
+}
+PersistedField Persisted(std::int32_t clsExtension::*member) {
+  return {[=](const clsExtension& e) { return Variant(e.*member); },
+          [=](clsExtension& e, const Variant& v) { e.*member = v.AsLong(); }};
+}
+
+const std::vector<PersistedField>& PersistedFields() {
+  static const std::vector<PersistedField> fields = {
+      Persisted(&clsExtension::DirectoryPath),
+      Persisted(&clsExtension::NewShapefileLocation),
+      Persisted(&clsExtension::ProgressDialogSetExpanded),
+      Persisted(&clsExtension::ProgressDialogAutoClose),
+      Persisted(&clsExtension::LongitudeShift),
+      Persisted(&clsExtension::LongitudeWrapOption),
+      Persisted(&clsExtension::CustomBoundaryWest),
+      Persisted(&clsExtension::CustomBoundaryNorth),
+      Persisted(&clsExtension::CustomBoundaryEast),
+      Persisted(&clsExtension::CustomBoundarySouth),
+      Persisted(&clsExtension::DirectoryType),
+  };
+  return fields;
+}
+
+// Version texts such as "9.3.1", read as far as the minor number.
+bool IsAtLeast92(const std::string& version) {
+  std::vector<std::string> parts;
+  aml_func_mod::ParseString(version, parts, '.');
+  if (parts.size() < 2 || !IsNumericText(parts[0]) || !IsNumericText(parts[1])) return false;
+  const double major = std::floor(ToNumber(parts[0]));
+  const double minor = std::floor(ToNumber(parts[1]));
+  return major > 9 || (major == 9 && minor >= 2);
+}
+
+}  // namespace
+
+std::string clsExtension::Name() const { return "Tessarine Suite"; }
+
+void clsExtension::Startup(const Variant& initialization_data) {
+  ErrorHandling::Install();
+  Trap("IExtension_Startup", [&] {
+    is_version_92_ = false;
+    is_version_92_ = IsAtLeast92(ReturnArcGISVersion());
+    const auto application = initialization_data.AsObject<IApplication>();
+    other_extension_ = Require(application, "IApplication")->FindExtensionByCLSID(UID(kOtherExtensionId));
+  });
+}
+
+void clsExtension::Shutdown() {
+  Trap("IExtension_Shutdown", [this] {
+    SelectedLayer = nullptr;
+    SelectedFeatureClass = nullptr;
+    SelectedFields = nullptr;
+    GeometryOptions = nullptr;
+    SelectedPointLayer = nullptr;
+    other_extension_ = nullptr;
+    frmGeoCentricReturn = nullptr;
+    frmBoundaryWrapReturn = nullptr;
+    frmLayerFieldsReturn = nullptr;
+  });
+}
+
+std::shared_ptr<UID> clsExtension::ID() const { return std::make_shared<UID>(kExtensionId); }
+
+void clsExtension::Load(IVariantStream& stream) {
+  Trap("IPersistVariant_Load", [&] {
+    stream_version_ = stream.Read().AsDouble();
+    for (const PersistedField& field : PersistedFields()) field.read(*this, stream.Read());
+  });
+}
+
+void clsExtension::Save(IVariantStream& stream) {
+  Trap("IPersistVariant_Save", [&] {
+    stream.Write(kStreamVersion);
+    for (const PersistedField& field : PersistedFields()) stream.Write(field.write(*this));
+  });
+}
+
+std::shared_ptr<clsExtension> FindExtension(const std::shared_ptr<IApplication>& application) {
+  return Cast<clsExtension>(Require(application, "IApplication")->FindExtensionByCLSID(UID(kExtensionId)));
+}
+
+std::string ReturnArcGISVersion() {
+  return Trap("ReturnArcGISVersion", []() -> std::string {
+    std::string text = Host().Registry().QueryLocalMachine(SubKey("ESRI", "ArcGIS", ""), "RealVersion");
+    if (text.empty()) return kUnknownVersion;
+    text.pop_back();  // the terminating null
+    return text;
+  });
+}
+
+std::string SubKey(const std::string& company, const std::string& product, const std::string& version) {
+  return "Software\\" + company + "\\" + product + (version.empty() ? "" : "\\" + version);
+}
+
+}  // namespace tessarine

@@ -1,0 +1,40 @@
+#include "frame/commands/command_base.h"
+
+#include "platform/trap.h"
+#include "support/frmReport_modal.h"
+
+namespace tessarine {
+
+CommandBase::CommandBase(const CommandRow& row) : row_(row), bitmap_(std::make_shared<Picture>(row.bitmap_id)) {}
+
+CommandBase::~CommandBase() {
+  bitmap_ = nullptr;
+  document_ = nullptr;
+  application_ = nullptr;
+}
+
+std::string CommandBase::Name() const { return std::string("Tessarine_") + row_.name; }
+
+void CommandBase::OnCreate(const ObjectRef& hook) {
+  Trap("ICommand_OnCreate", [&] {
+    application_ = Cast<IApplication>(hook);
+    document_ = Cast<IMxDocument>(Require(application_, "IApplication")->Document());
+  });
+}
+
+void CommandBase::OnClick() {
+  Trap("ICommand_OnClick", [this] { Run(); });
+}
+
+void CommandBase::MarkDirty() const {
+  const auto dirty = Cast<IDocumentDirty>(document_);
+  Require(dirty, "IDocumentDirty")->SetDirty();
+}
+
+void CommandBase::ShowReport(const std::string& report) {
+  frmReport_modal form;
+  form.txtReport.SetTextRTF(report);
+  form.ShowModal();
+}
+
+}  // namespace tessarine

@@ -1,0 +1,51 @@
+// What all commands share: their answers come from their row of the table of commands.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "frame/commands/command_table.h"
+#include "platform/application.h"
+
+namespace tessarine {
+
+class CommandBase : public ICommand {
+ public:
+  explicit CommandBase(const CommandRow& row);
+  ~CommandBase() override;
+  CommandBase(const CommandBase&) = delete;
+  CommandBase& operator=(const CommandBase&) = delete;
+
+  /// Always, for all commands but one. Dialogs and workers tell in words what they can't work on.
+  [[nodiscard]] bool Enabled() const override { return true; }
+  [[nodiscard]] bool Checked() const override { return false; }
+  [[nodiscard]] std::string Name() const override;
+  [[nodiscard]] std::string Caption() const override { return row_.caption; }
+  [[nodiscard]] std::string Tooltip() const override { return row_.tooltip; }
+  [[nodiscard]] std::string Message() const override { return row_.message; }
+  [[nodiscard]] std::string HelpFile() const override { return ""; }
+  [[nodiscard]] std::int32_t HelpContextID() const override { return 0; }
+  [[nodiscard]] std::shared_ptr<Picture> Bitmap() const override { return bitmap_; }
+  [[nodiscard]] std::string Category() const override { return "Halvorn"; }
+  void OnCreate(const ObjectRef& hook) override;
+  /// Runs the tool under the error trap.
+  void OnClick() final;
+
+ protected:
+  virtual void Run() = 0;
+
+  [[nodiscard]] const CommandRow& Row() const { return row_; }
+  [[nodiscard]] const std::shared_ptr<IApplication>& Application() const { return application_; }
+  [[nodiscard]] const std::shared_ptr<IMxDocument>& Document() const { return document_; }
+  void MarkDirty() const;
+  /// Puts the report into the report dialog and shows it.
+  static void ShowReport(const std::string& report);
+
+ private:
+  const CommandRow& row_;
+  std::shared_ptr<IApplication> application_;
+  std::shared_ptr<IMxDocument> document_;
+  std::shared_ptr<Picture> bitmap_;
+};
+
+}  // namespace tessarine

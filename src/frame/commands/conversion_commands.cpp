@@ -1,0 +1,70 @@
+// The eight conversions: dialog, worker, report.
+#include "conversion/frmLayerFields.h"
+#include "conversion/modCreateVertices.h"
+#include "frame/clsExtension.h"
+#include "frame/commands/command_base.h"
+#include "frame/commands/commands.h"
+#include "platform/host.h"
+
+namespace tessarine {
+namespace {
+
+class ConversionCommand final : public CommandBase {
+ public:
+  ConversionCommand(const CommandRow& row, std::int32_t option) : CommandBase(row), option_(option) {}
+
+ private:
+  void Run() override {
+    const modCreateVertices::ConversionRun* run = modCreateVertices::FindRun(option_);
+    if (run == nullptr) RaiseUnavailable(Row());
+    {
+      frmLayerFields dialog;
+      dialog.SetArcApplication(Application());
+      dialog.SetConversionOption(option_);
+      dialog.ShowModal();
+    }
+    const std::shared_ptr<clsExtension> extension = FindExtension(Application());
+    if (!extension->ShouldContinue) return;
+    const bool planned = Host().PlanOnly();
+    ShowReport(planned ? Plan(*run, extension) : Convert(*run, extension));
+    extension->SelectedLayer = nullptr;
+    extension->SelectedFeatureClass = nullptr;
+    extension->SelectedFields = nullptr;
+    if (!planned) MarkDirty();
+  }
+
+  [[nodiscard]] std::string Convert(const modCreateVertices::ConversionRun& run,
+                                    const std::shared_ptr<clsExtension>& extension) const {
+    const bool large = extension->AnalysisRecordCount > run.ProgressThreshold;
+    return modCreateVertices::RunConversion(run, extension->SelectedLayer, extension->SelectedFields,
+                                            extension->DoAllRecords, extension->NewShapefileLocation, Application(),
+                                            extension, large);
+  }
+
+  [[nodiscard]] std::string Plan(const modCreateVertices::ConversionRun& run,
+                                 const std::shared_ptr<clsExtension>& extension) const {
+    return modCreateVertices::PlanConversion(run, extension->SelectedLayer, extension->SelectedFields,
+                                             extension->DoAllRecords, extension->NewShapefileLocation, Application(),
+                                             extension);
+  }
+
+  std::int32_t option_;
+};
+
+}  // namespace
+
+template <std::int32_t Option>
+std::shared_ptr<ICommand> MakeConversionCommand(const CommandRow& row) {
+  return std::make_shared<ConversionCommand>(row, Option);
+}
+
+template std::shared_ptr<ICommand> MakeConversionCommand<1>(const CommandRow&);
+template std::shared_ptr<ICommand> MakeConversionCommand<2>(const CommandRow&);
+template std::shared_ptr<ICommand> MakeConversionCommand<4>(const CommandRow&);
+template std::shared_ptr<ICommand> MakeConversionCommand<8>(const CommandRow&);
+template std::shared_ptr<ICommand> MakeConversionCommand<16>(const CommandRow&);
+template std::shared_ptr<ICommand> MakeConversionCommand<32>(const CommandRow&);
+template std::shared_ptr<ICommand> MakeConversionCommand<64>(const CommandRow&);
+template std::shared_ptr<ICommand> MakeConversionCommand<128>(const CommandRow&);
+
+}  // namespace tessarine

@@ -1,0 +1,9 @@
+// The general operations that dialogs and runs share.
+#pragma once
+
+#include "support/dataset_names.h"
+#include "support/elapsed_time.h"
+#include "support/layer_listing.h"
+#include "support/numeric_helpers.h"
+#include "support/output_datasets.h"
+#include "support/output_kinds.h"

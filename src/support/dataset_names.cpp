@@ -1,0 +1,172 @@
+#include "support/dataset_names.h"
+
+#include <algorithm>
+#include <functional>
+
+#include "platform/fault.h"
+#include "platform/text_formats.h"
+#include "platform/trap.h"
+#include "support/aml_func_mod.h"
+#include "support/attempt.h"
+
+namespace tessarine::MyGeneralOperations {
+namespace {
+
+constexpr std::size_t kDbaseNameLength = 10;
+
+bool IsLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
+bool IsNameCharacter(char c) { return IsLetter(c) || (c >= '0' && c <= '9') || c == '_'; }
+// The bytes behind the first of a character outside ASCII; one "_" stands for the whole character.
+bool IsContinuation(char c) { return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U; }
+
+std::string CleanName(const std::string& text, const std::function<bool(char)>& allowed) {
+  std::string clean;
+  for (const char c : text) {
+    if (!IsContinuation(c)) clean += allowed(c) ? c : '_';
+  }
+  return clean;
+}
+
+std::string FirstCharacters(const std::string& text, std::size_t count) {
+  std::size_t end = 0;
+  for (; end < text.size() && count > 0; --count) {
+    ++end;
+    while (end < text.size() && IsContinuation(text[end])) ++end;
+  }
+  return text.substr(0, end);
+}
+
+std::vector<std::string> NamesIn(const ObjectRef& existing) {
+  std::vector<std::string> names;
+  if (const auto fields = Cast<Fields>(existing)) {
+    for (const FieldRef& field : *fields) names.push_back(field->Name);
+  } else if (const auto list = Cast<VarArray>(existing)) {
+    for (const Variant& element : *list) {
+      if (const auto field = element.AsObject<Field>()) {
+        names.push_back(field->Name);
+      } else if (element.kind() == Variant::Kind::String) {
+        names.push_back(element.Text());
+      }
+    }
+  } else if (const auto texts = Cast<StrArray>(existing)) {
+    names.assign(texts->begin(), texts->end());
+  }
+  return names;
+}
+
+std::string FirstFree(const std::string& name, const std::function<bool(const std::string&)>& taken) {
+  if (!taken(name)) return name;
+  for (int number = 2;; ++number) {
+    std::string candidate = name + "_" + std::to_string(number);
+    if (!taken(candidate)) return candidate;
+  }
+}
+
+}  // namespace
+
+bool CheckIfFeatureClassExists(const std::shared_ptr<IFeatureWorkspace>& workspace, const std::string& name) {
+  if (Attempt([&] { return workspace->OpenFeatureClass(name); })) return true;
+  return Attempt([&] { return workspace->OpenTable(name); }) != nullptr;
+}
+
+bool CheckIfTableExists(const std::shared_ptr<IFeatureWorkspace>& workspace, const std::string& name) {
+  if (Attempt([&] { return workspace->OpenTable(name); })) return true;
+  return Attempt([&] { return workspace->OpenFeatureClass(name); }) != nullptr;
+}
+
+std::string MakeUniqueGDBFeatureClassName(const std::shared_ptr<IFeatureWorkspace>& workspace,
+                                          const std::string& name) {
+  return Trap("MakeUniqueGDBFeatureClassName", [&] {
+    return FirstFree(name, [&](const std::string& candidate) { return CheckIfFeatureClassExists(workspace, candidate); });
+  });
+}
+
+std::string MakeUniqueGDBTableName(const std::shared_ptr<IFeatureWorkspace>& workspace, const std::string& name) {
+  return Trap("MakeUniqueGDBTableName", [&] {
+    return FirstFree(name, [&](const std::string& candidate) { return CheckIfTableExists(workspace, candidate); });
+  });
+}
+
+std::string MakeUniqueShapeFilename(const std::string& path) { return aml_func_mod::MakeUniqueFilename(path); }
+
+std::string MakeUniquedBASEName(const std::string& path) { return aml_func_mod::MakeUniqueFilename(path); }
+
+std::string ReplaceBadChars(const std::string& text, bool replace_dot, bool replace_backslash, bool replace_blank,
+                            bool prefix_first_letter) {
+  return Trap("ReplaceBadChars", [&]() -> std::string {
+    if (text.empty()) return "z";
+    std::string clean = CleanName(text, [&](char c) {
+      return IsNameCharacter(c) || (c == '.' && !replace_dot) || (c == '\\' && !replace_backslash) ||
+             (c == ' ' && !replace_blank);
+    });
+    if (prefix_first_letter && !IsLetter(clean.front())) clean.insert(0, 1, 'z');
+    return clean;
+  });
+}
+
+std::string ReturnDBASEFieldName(const std::string& name, const ObjectRef& existing_fields) {
+  return Trap("ReturnDBASEFieldName", [&] {
+    std::string legal = FirstCharacters(name.empty() ? "zField" : name, kDbaseNameLength);
+    if (!IsLetter(legal.front())) legal = FirstCharacters("z" + legal, kDbaseNameLength);
+    legal = CleanName(legal, IsNameCharacter);
+    const std::vector<std::string> existing = NamesIn(existing_fields);
+    const auto taken = [&](const std::string& candidate) {
+      return std::ranges::any_of(existing, [&](const std::string& other) { return EqualsIgnoringCase(other, candidate); });
+    };
+    std::string candidate = legal;
+    for (int counter = 2; taken(candidate); ++counter) {
+      const std::string digits = std::to_string(counter);
+      candidate = legal.substr(0, kDbaseNameLength - digits.size()) + digits;
+    }
+    return candidate;
+  });
+}
+
+std::shared_ptr<VarArray> MakeFieldNameVarArray(const IClass& from_class, const IClass& to_class,
+                                                const VarArray& selected_fields, bool use_array_elements) {
+  return Trap("MakeFieldNameVarArray", [&] {
+    auto rows = std::make_shared<VarArray>();
+    for (const Variant& entry : selected_fields) {
+      std::string source, output;
+      if (use_array_elements) {
+        const auto names = entry.AsObject<StrArray>();
+        source = Require(names, "IStringArray")->Element(0);
+        output = names->Element(1);
+      } else {
+        const auto field = entry.AsObject<Field>();
+        source = output = Require(field, "IField")->Name;
+      }
+      auto row = std::make_shared<VarArray>();
+      row->Add(source);
+      row->Add(from_class.FindField(source));
+      row->Add(output);
+      row->Add(to_class.FindField(output));
+      rows->Add(row);
+    }
+    return rows;
+  });
+}
+
+std::string ConvertLongBinary(std::int32_t value, std::int32_t width) {
+  return Trap("ConvertLongBinary", [&] {
+    if (value < 1) Raise(kInvalidCall, "Only values of at least 1 have such digits.");
+    std::string digits;
+    for (; value != 1; value /= 2) digits.insert(0, std::to_string(value % 2));
+    digits.insert(0, "1");
+    if (static_cast<std::int32_t>(digits.size()) < width) {
+      digits.insert(0, static_cast<std::size_t>(width) - digits.size(), '0');
+    }
+    return digits;
+  });
+}
+
+bool CheckDatafileFormat(const IDataset& dataset) {
+  return Trap("CheckDatafileFormat", [&] {
+    if (LowerCase(dataset.Category()).find("file geodatabase") == std::string::npos) return false;
+    const std::shared_ptr<IPropertySet> properties = dataset.PropertySet();
+    const Variant format = Require(properties, "PropertySet")->GetProperty("Datafile Format");
+    return format.IsNumeric() && format.AsLong() == 1;
+  });
+}
+
+}  // namespace tessarine::MyGeneralOperations

@@ -1,0 +1,68 @@
+#include "support/frmMessageBox.h"
+
+#include "platform/host.h"
+#include "platform/trap.h"
+
+namespace tessarine {
+
+frmMessageBox::frmMessageBox() : Form("frmMessageBox") {
+  SetCaption(" Message");
+  SetSize(240, 130);
+  SetMinimumSize(160, 90);
+  txtMessage.Move(7, 7, 226, 94);
+  txtMessage.Locked = true;
+  txtMessage.MultiLine = true;
+  cmdYes.SetCaption("&Yes");
+  cmdYes.Move(107, 109, 50, 14);
+  cmdYes.Default = true;
+  cmdNo.SetCaption("&No");
+  cmdNo.Move(163, 109, 50, 14);
+  cmdNo.Cancel = true;
+  imgCornerBars.Move(223, 113, 10, 10);
+  imgCornerBars.SetResourceId(202);
+  txtMessage.SetTabIndex(0);
+  cmdYes.SetTabIndex(1);
+  cmdNo.SetTabIndex(2);
+  cmdYes.Click = [this] { cmdYes_Click(); };
+  cmdNo.Click = [this] { cmdNo_Click(); };
+}
+
+void frmMessageBox::SetArcApplication(const std::shared_ptr<IApplication>& application) {
+  Trap("ArcApplication", [&] {
+    application_ = application;
+    extension_ = FindExtension(application_);
+    Require(extension_, "clsExtension")->ShouldContinue = false;
+  });
+}
+
+void frmMessageBox::Form_Load() {
+  Trap("Form_Load", [this] {
+    SetTopmost(true);
+    MoveTo(Host().Forms().ScreenWidth() / 2 - Width() / 2, Host().Forms().ScreenHeight() / 3 - Height() / 3);
+    anchors_.Item(txtMessage).SetAnchors(enumStartEnd, enumStartEnd);
+    anchors_.Item(cmdYes).SetAnchors(enumSizeEnd, enumSizeEnd);
+    anchors_.Item(cmdNo).SetAnchors(enumSizeEnd, enumSizeEnd);
+    anchors_.Item(imgCornerBars).SetAnchors(enumSizeEnd, enumSizeEnd);
+    anchors_.SetForm(*this);
+  });
+}
+
+void frmMessageBox::Form_Resize() {
+  Trap("Form_Resize", [this] { anchors_.DoAnchors(); });
+}
+
+void frmMessageBox::cmdYes_Click() {
+  Trap("cmdYes_Click", [this] {
+    extension_->ShouldContinue = true;
+    Unload();
+  });
+}
+
+void frmMessageBox::cmdNo_Click() {
+  Trap("cmdNo_Click", [this] {
+    extension_->ShouldContinue = false;
+    Unload();
+  });
+}
+
+}  // namespace tessarine

@@ -1,0 +1,13 @@
+// The status window of the conversion tools.
+#pragma once
+
+#include "support/progress_form.h"
+
+namespace tessarine {
+
+class frmOrlProgressPercent final : public ProgressForm {
+ public:
+  frmOrlProgressPercent() : ProgressForm("frmOrlProgressPercent") {}
+};
+
+}  // namespace tessarine

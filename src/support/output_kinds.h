@@ -1,0 +1,29 @@
+// The kinds of output and their words.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "platform/data.h"
+
+namespace tessarine::MyGeneralOperations {
+
+enum OutputKind : std::int32_t {
+  kUnknownOutput = 0,
+  kShapefile = 1,
+  kFileGeodatabase = 2,
+  kPersonalGeodatabase = 4,
+};
+
+/// "Shapefile", "File Geodatabase", "Personal Geodatabase", or "" for any other kind.
+[[nodiscard]] std::string DirectoryTypeText(std::int32_t kind);
+/// The kind of such a text, `kUnknownOutput` for any other.
+[[nodiscard]] OutputKind KindOfDirectoryType(std::string_view text);
+/// The catalog's word for a class of this kind, or "" for any other kind.
+[[nodiscard]] std::string CategoryOfKind(std::int32_t kind);
+/// The factory for a place of this category; nothing for any other category.
+[[nodiscard]] std::shared_ptr<IWorkspaceFactory> FactoryOfCategory(std::string_view category);
+
+}  // namespace tessarine::MyGeneralOperations

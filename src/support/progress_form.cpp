@@ -1,0 +1,163 @@
+#include "support/progress_form.h"
+
+#include <cmath>
+
+#include "platform/text_formats.h"
+#include "platform/trap.h"
+#include "support/aml_func_mod.h"
+#include "support/progress_text.h"
+
+namespace tessarine {
+namespace {
+
+constexpr double kBarMargin = 4.0;
+constexpr double kWidth = 280.0;
+constexpr double kSmallHeight = 108.0;
+constexpr double kExpandedHeight = 208.0;
+constexpr float kStep = 0.1F;
+constexpr std::int64_t kSecondsPerDay = 86400;
+
+}  // namespace
+
+ProgressForm::ProgressForm(const std::string& name) : Form(name) {
+  SetCaption(" Current Status:");
+  SetSize(kWidth, kSmallHeight);
+  SetMinimumSize(kWidth, kSmallHeight);
+  lblBeginTime.Move(7, 6, 190, 9);
+  lblCurrentTime.Move(213, 6, 60, 9);
+  lblIndex.Move(7, 19, 266, 9);
+  lblRecordNumber.Move(7, 31, 206, 9);
+  lblPercentDone.Move(233, 31, 40, 9);
+  pct_barBorder.Move(7, 43, 266, 12);
+  icnProgressLine.SetContainer(pct_barBorder);
+  icnProgressLine.Move(kBarMargin / 2, 2, 0, 8);
+  lblTimeLeft.Move(7, 59, 266, 9);
+  lblEstCompletionTime.Move(7, 71, 266, 9);
+  chkClose.Move(7, 88, 110, 11);
+  cmdDetails.Move(151, 87, 62, 14);
+  cmdStop.Move(219, 87, 54, 14);
+  txtDetails.Move(7, 108, 266, 93);
+
+  chkClose.SetCaption("Close When Finished...");
+  cmdDetails.SetCaption("Show Details");
+  cmdStop.SetCaption("Stop");
+  cmdStop.Cancel = true;
+  txtDetails.SetBackColor(kWindowBackground);
+  txtDetails.SetVisible(false);
+  Timer1.Interval = 500;
+  chkClose.SetTabIndex(0);
+  cmdDetails.SetTabIndex(1);
+  cmdStop.SetTabIndex(2);
+  txtDetails.SetTabIndex(3);
+
+  cmdDetails.Click = [this] { cmdDetails_Click(); };
+  cmdStop.Click = [this] { cmdStop_Click(); };
+  Timer1.Tick = [this] { Timer1_Timer(); };
+}
+
+std::shared_ptr<IModelessFrame> ProgressForm::Frame() {
+  return Trap("Frame", [this] {
+    if (!frame_) {
+      frame_ = Host().CreateModelessFrame();
+      frame_->Create(shared_from_this());
+      frame_->SetCaption(" Current Status:");
+    }
+    return frame_;
+  });
+}
+
+void ProgressForm::SetProgRecCount(std::int32_t count) {
+  record_count_ = count;
+  count_text_ = aml_func_mod::InsertCommas(count);
+}
+
+void ProgressForm::Form_Load() {
+  Trap("Form_Load", [this] {
+    MoveTo(Host().Forms().ScreenWidth() / 2 - Width() / 2, Host().Forms().ScreenHeight() / 2 - Height() / 2);
+    chkClose.SetValue(auto_close_ ? CheckBox::kChecked : CheckBox::kUnchecked);
+    (void)Frame();
+    ExpandProgress();
+    const Date now = Host().Clock().Now();
+    lblBeginTime.SetCaption("Began Job: " + ShortDate(now) + " " + LongTime(now));
+    lblTimeLeft.SetCaption("Estimated time remaining: ---:---:---");
+    lblEstCompletionTime.SetCaption("Estimated completion time: -----------");
+    lblPercentDone.SetCaption("(00.0%)");
+    lblRecordNumber.SetCaption("-----");
+    lblIndex.SetCaption("-----");
+    icnProgressLine.Move(icnProgressLine.Left(), icnProgressLine.Top(), 0, icnProgressLine.Height());
+  });
+}
+
+void ProgressForm::Form_Unload() { count_text_.clear(); }
+
+void ProgressForm::Est_Time_Left(std::int32_t& record, const std::string& index_text, const std::string& prefix_text) {
+  Trap("Est_Time_Left", [&] {
+    const double percent = MyGeneralOperations::PercentDone(record, record_count_);
+    if (static_cast<double>(next_step_ + kStep) > percent) return;
+    Host().PumpEvents();
+    next_step_ += kStep;
+    lblIndex.SetCaption(index_text);
+    lblRecordNumber.SetCaption(record_count_ != 0 ? prefix_text + aml_func_mod::InsertCommas(record) + " of " +
+                                                        count_text_ + "..."
+                                                  : prefix_text);
+    const float fraction =
+        record_count_ > 0 ? static_cast<float>(record) / static_cast<float>(record_count_) : 0.0F;
+    icnProgressLine.Move(icnProgressLine.Left(), icnProgressLine.Top(),
+                         static_cast<double>(fraction) * (pct_barBorder.Control::Width() - kBarMargin),
+                         icnProgressLine.Height());
+    icnProgressLine.Refresh();
+    lblPercentDone.SetCaption("(" + NumberText(percent) + "%)");
+    ShowTimes(record);
+  });
+}
+
+void ProgressForm::ShowTimes(std::int32_t record) {
+  const Date now = Host().Clock().Now();
+  const std::int64_t elapsed = SecondsBetween(begin_time_, now);
+  const auto total = static_cast<std::int64_t>(std::floor(static_cast<double>(record_count_) *
+                                                          static_cast<double>(elapsed) / record));
+  const std::int64_t left = total - elapsed;
+  if (SecondsBetween(last_refresh_, now) < 1) return;
+  last_refresh_ = now;
+  const Date completion = AddSeconds(begin_time_, static_cast<double>(total));
+  lblEstCompletionTime.SetCaption(
+      "Estimated completion time: " + LongTime(completion) +
+      (total <= kSecondsPerDay ? "" : ", " + ShortDate(completion)));
+  lblTimeLeft.SetCaption("Estimated time remaining:  " + std::to_string(left / 3600) + ":" +
+                         TwoDigits(left % 3600 / 60) + ":" + TwoDigits(left % 60));
+}
+
+void ProgressForm::ExpandProgress() {
+  Trap("ExpandProgress", [this] {
+    txtDetails.SetVisible(expanded_);
+    cmdDetails.SetCaption(expanded_ ? "Minimize" : "Show Details");
+    Resize(Width(), expanded_ ? kExpandedHeight : kSmallHeight);
+  });
+}
+
+void ProgressForm::AppendDetails(const std::string& text) {
+  txtDetails.SetText(txtDetails.Text() + text);
+  txtDetails.SetSelStart(static_cast<std::int32_t>(txtDetails.Text().size()));
+}
+
+void ProgressForm::cmdDetails_Click() {
+  Trap("cmdDetails_Click", [this] {
+    expanded_ = !expanded_;
+    ExpandProgress();
+  });
+}
+
+void ProgressForm::cmdStop_Click() {
+  Trap("cmdStop_Click", [this] { Stop(); });
+}
+
+void ProgressForm::Timer1_Timer() {
+  Trap("Timer1_Timer", [this] {
+    const std::string time = LongTime(Host().Clock().Now());
+    if (lblCurrentTime.Caption() == time) return;
+    lblCurrentTime.SetCaption(time);
+    Host().PumpEvents();
+  });
+}
+
+}  // namespace tessarine

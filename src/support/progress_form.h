@@ -1,0 +1,79 @@
+// The status window of a long run: bar, counter, estimate of the time left, a log and a Stop button. The two forms of
+// it show the same and keep the same protocol.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "platform/date.h"
+#include "platform/form.h"
+#include "platform/host.h"
+
+namespace tessarine {
+
+class ProgressForm : public Form, public std::enable_shared_from_this<ProgressForm> {
+ public:
+  Label lblBeginTime{*this, "lblBeginTime"};
+  Label lblCurrentTime{*this, "lblCurrentTime"};
+  Label lblIndex{*this, "lblIndex"};
+  Label lblRecordNumber{*this, "lblRecordNumber"};
+  ::tessarine::Frame pct_barBorder{*this, "pct_barBorder"};
+  Image icnProgressLine{*this, "icnProgressLine"};
+  Label lblPercentDone{*this, "lblPercentDone"};
+  Label lblTimeLeft{*this, "lblTimeLeft"};
+  Label lblEstCompletionTime{*this, "lblEstCompletionTime"};
+  RichTextBox txtDetails{*this, "txtDetails"};
+  CheckBox chkClose{*this, "chkClose"};
+  CommandButton cmdDetails{*this, "cmdDetails"};
+  CommandButton cmdStop{*this, "cmdStop"};
+  Timer Timer1{*this, "Timer1"};
+
+  /// The host's window around the form, made on first use with the caption " Current Status:".
+  [[nodiscard]] std::shared_ptr<IModelessFrame> Frame();
+
+  /// One step of the display: record `record` is in hand. It moves at most once per tenth of a percent.
+  void Est_Time_Left(std::int32_t& record, const std::string& index_text, const std::string& prefix_text);
+
+  /// False once the user pressed Stop.
+  [[nodiscard]] bool ShouldContinue() const { return should_continue_; }
+  void SetShouldContinue(bool value) { should_continue_ = value; }
+  [[nodiscard]] Date ProgBeginTime() const { return begin_time_; }
+  void SetProgBeginTime(Date time) { begin_time_ = time; }
+  void SetProgRecCount(std::int32_t count);
+  [[nodiscard]] bool SetExpanded() const { return expanded_; }
+  void SetSetExpanded(bool value) { expanded_ = value; }
+  [[nodiscard]] bool SetAutoClose() const { return auto_close_; }
+  void SetSetAutoClose(bool value) { auto_close_ = value; }
+  /// Shows or hides the log as `SetExpanded` tells.
+  void ExpandProgress();
+
+  /// Puts text behind the log and scrolls to it.
+  void AppendDetails(const std::string& text);
+
+ protected:
+  explicit ProgressForm(const std::string& name);
+
+  void Form_Load() override;
+  void Form_Unload() override;
+  /// What a click on Stop does in this form.
+  virtual void cmdStop_Click();
+  void Stop() { should_continue_ = false; }
+
+ private:
+  void cmdDetails_Click();
+  void Timer1_Timer();
+  void ShowTimes(std::int32_t record);
+
+  std::shared_ptr<IModelessFrame> frame_;
+  bool should_continue_ = false;
+  Date begin_time_;
+  std::int32_t record_count_ = 0;
+  std::string count_text_;
+  Date last_refresh_;
+  float next_step_ = 0.0F;
+  bool expanded_ = false;
+  bool auto_close_ = false;
+};
+
+}  // namespace tessarine

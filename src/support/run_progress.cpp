@@ -1,0 +1,93 @@
+#include "support/run_progress.h"
+
+#include "platform/fault.h"
+#include "platform/text_formats.h"
+#include "support/elapsed_time.h"
+#include "support/frmOrlProgressPercent.h"
+#include "support/progress_bail_out.h"
+#include "support/progress_text.h"
+
+namespace tessarine {
+namespace {
+
+std::string TimeAndDay(Date time) { return LongTime(time) + ",  " + ShortDate(time); }
+
+// A line of the log with the moment it was written.
+std::string StampedLine(const std::string& line) {
+  return line + " --> \r\n          [time stamp " + TimeAndDay(Host().Clock().Now()) + "]\r\n";
+}
+
+}  // namespace
+
+RunProgress::RunProgress(RunProgressWords words, const std::shared_ptr<IApplication>& application,
+                         const std::shared_ptr<clsExtension>& extension, std::int32_t count, bool show_dialog)
+    : words_(std::move(words)),
+      application_(application),
+      status_bar_(Require(application->StatusBar(), "StatusBar")),
+      count_(count),
+      begin_(Host().Clock().Now()),
+      last_update_(begin_) {
+  status_bar_->ProgressBar()->SetPosition(1);
+  status_bar_->ShowProgressBar(words_.StatusText, 1, count_, 1, true);
+  if (show_dialog) OpenDialog(extension);
+}
+
+void RunProgress::OpenDialog(const std::shared_ptr<clsExtension>& extension) {
+  dialog_ = std::make_shared<frmOrlProgressPercent>();
+  dialog_->SetSetExpanded(true);
+  dialog_->SetSetAutoClose(extension->ProgressDialogAutoClose);
+  dialog_->SetShouldContinue(true);
+  dialog_->SetProgBeginTime(begin_);
+  dialog_->SetProgRecCount(count_);
+  dialog_->Load();
+  dialog_->lblCurrentTime.SetCaption(LongTime(begin_));
+  const std::string began = "Began Job: " + TimeAndDay(begin_);
+  dialog_->lblBeginTime.SetCaption(began);
+  dialog_->txtDetails.SetText("Began Job: \r\n" + words_.ActionText + TimeAndDay(begin_) +
+                              "\r\n-------------------------------------------\r\n");
+  dialog_->chkClose.SetValue(extension->ProgressDialogAutoClose ? CheckBox::kChecked : CheckBox::kUnchecked);
+  const std::shared_ptr<IModelessFrame> frame = dialog_->Frame();
+  frame->SetCaption(" Current Status:");
+  frame->SetVisible(true);
+  dialog_->ShowModeless();
+}
+
+bool RunProgress::Step(std::int32_t record) {
+  if (record == count_ || SecondsBetween(last_update_, Host().Clock().Now()) >= 1) {
+    if (!Update(record)) return false;
+  }
+  status_bar_->StepProgressBar();
+  return true;
+}
+
+bool RunProgress::Update(std::int32_t record) {
+  status_bar_->SetMessage(0, MyGeneralOperations::CalcTimeLeft(words_.StatusText, begin_, record, count_));
+  last_update_ = Host().Clock().Now();
+  return !dialog_ || UpdateDialog(record);
+}
+
+bool RunProgress::UpdateDialog(std::int32_t record) {
+  Host().PumpEvents();
+  dialog_->AppendDetails(
+      StampedLine("Working on Feature " + std::to_string(record) + " of " + std::to_string(count_) + "..."));
+  dialog_->Est_Time_Left(record, words_.RepeatedAction, "Performing Calculations...");
+  dialog_->lblCurrentTime.SetCaption(LongTime(Host().Clock().Now()));
+  dialog_->Refresh();
+  return !MyGeneralOperations::BailOutOfProgress(dialog_, application_);
+}
+
+void RunProgress::Finish() {
+  status_bar_->ProgressBar()->SetPosition(1);
+  status_bar_->HideProgressBar();
+  if (!dialog_) return;
+  if (dialog_->chkClose.Value() == CheckBox::kChecked) {
+    dialog_->Frame()->SetVisible(false);
+    dialog_->Hide();
+    dialog_ = nullptr;
+    return;
+  }
+  dialog_->AppendDetails(StampedLine("Calculations Complete...") +
+                         MyGeneralOperations::ReturnTimeElapsed(begin_, Host().Clock().Now()));
+}
+
+}  // namespace tessarine

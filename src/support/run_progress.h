@@ -1,0 +1,48 @@
+// What a person sees of a run while it works: the host's status bar for every run, and the progress dialog for large
+// ones.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "frame/clsExtension.h"
+#include "platform/application.h"
+#include "platform/date.h"
+#include "support/progress_form.h"
+
+namespace tessarine {
+
+struct RunProgressWords {
+  std::string StatusText;      ///< the status bar's text
+  std::string ActionText;      ///< what the log begins with
+  std::string RepeatedAction;  ///< what the dialog shows while it works
+};
+
+class RunProgress {
+ public:
+  /// Shows the status bar and, with `show_dialog`, the progress dialog.
+  RunProgress(RunProgressWords words, const std::shared_ptr<IApplication>& application,
+              const std::shared_ptr<clsExtension>& extension, std::int32_t count, bool show_dialog);
+
+  /// One record further. Everything but the bar is brought up to date once a second and at the last record; that is
+  /// also when a stop is seen. False when the user stopped the run.
+  [[nodiscard]] bool Step(std::int32_t record);
+  /// The run went to its end.
+  void Finish();
+
+ private:
+  void OpenDialog(const std::shared_ptr<clsExtension>& extension);
+  [[nodiscard]] bool Update(std::int32_t record);
+  [[nodiscard]] bool UpdateDialog(std::int32_t record);
+
+  RunProgressWords words_;
+  std::shared_ptr<IApplication> application_;
+  std::shared_ptr<IStatusBar> status_bar_;
+  std::shared_ptr<ProgressForm> dialog_;
+  std::int32_t count_;
+  Date begin_;
+  Date last_update_;
+};
+
+}  // namespace tessarine
