@@ -40,7 +40,9 @@ void ApplyFilter(LayerHandle& handle, const QueryFilter& filter) {
   if (!filter.SubFields.empty() && filter.SubFields != "*") {
     CPLStringList names;
     for (const std::string& name : IgnoredFields(layer, filter.SubFields)) names.AddString(name.c_str());
-    layer.SetIgnoredFields(const_cast<const char**>(names.List()));
+    if (layer.SetIgnoredFields(const_cast<const char**>(names.List())) != OGRERR_NONE) {
+      RaiseEngineFault("The fields of '" + std::string(layer.GetName()) + "' can't be restricted.");
+    }
   }
 }
 
@@ -55,7 +57,7 @@ ReadingCursor::ReadingCursor(std::shared_ptr<OgrClass> owner, LayerHandle handle
 }
 
 ReadingCursor::~ReadingCursor() {
-  if (in_transaction_) handle_.Layer().CommitTransaction();
+  if (in_transaction_) (void)(handle_.Layer().CommitTransaction() == OGRERR_NONE);
 }
 
 bool ReadingCursor::Matches(const OGRFeature& feature) const {
@@ -114,8 +116,12 @@ std::int64_t ReadingCursor::InsertFeature(const IFeatureBuffer&) { RaiseWrongUse
 std::int64_t ReadingCursor::InsertRow(const IRowBuffer&) { RaiseWrongUse("insert rows"); }
 
 void ReadingCursor::Flush() {
-  if (in_transaction_) handle_.Layer().CommitTransaction();
+  if (!in_transaction_) return;
   in_transaction_ = false;
+  const GdalErrorScope errors;
+  if (handle_.Layer().CommitTransaction() != OGRERR_NONE) {
+    RaiseEngineFault("Rows of '" + owner_->Source()->Path() + "' can't be written" + errors.Quote() + ".");
+  }
 }
 
 InsertingCursor::InsertingCursor(std::shared_ptr<OgrClass> owner, LayerHandle handle)
@@ -125,7 +131,7 @@ InsertingCursor::InsertingCursor(std::shared_ptr<OgrClass> owner, LayerHandle ha
 
 InsertingCursor::~InsertingCursor() {
   const GdalErrorScope quiet;
-  if (in_transaction_) handle_.Layer().CommitTransaction();
+  if (in_transaction_) (void)(handle_.Layer().CommitTransaction() == OGRERR_NONE);
 }
 
 void InsertingCursor::UpdateFeature(const std::shared_ptr<IFeature>&) { RaiseWrongUse("update rows"); }

@@ -124,9 +124,11 @@ bool OutputExists(const OutputPlace& place) {
   return false;
 }
 
-PreparedPlace::PreparedPlace(const OutputPlace& place, TerminalSystem& system, bool plan_only) : place_(place) {
+PreparedPlace::PreparedPlace(const OutputPlace& place, const SpatialReferenceRef& reference, TerminalSystem& system,
+                             bool plan_only)
+    : place_(place) {
   if (place.kind != OutputPlace::Kind::FileGeodatabase) return;
-  if (!place.dataset.empty()) PromiseFeatureDataset(place.container, place.dataset);
+  if (!place.dataset.empty()) PromiseFeatureDataset(place.container, place.dataset, reference);
   if (fs::exists(place.container)) return;
   if (plan_only) {
     system.Promise(FromNativePath(place.container));

@@ -27,11 +27,13 @@ struct OutputPlace {
 /// True when something of this name is there already.
 [[nodiscard]] bool OutputExists(const OutputPlace& place);
 
-/// Makes the place ready for a run: a file geodatabase that isn't there is created. In a plan it is only promised.
+/// Makes the place ready for a run: a file geodatabase that isn't there is created, and a new feature dataset takes
+/// the given reference. In a plan they are only promised.
 /// What was made and is still empty when this object goes away is removed again.
 class PreparedPlace {
  public:
-  PreparedPlace(const OutputPlace& place, TerminalSystem& system, bool plan_only);
+  PreparedPlace(const OutputPlace& place, const SpatialReferenceRef& reference, TerminalSystem& system,
+                bool plan_only);
   ~PreparedPlace();
   PreparedPlace(const PreparedPlace&) = delete;
   PreparedPlace& operator=(const PreparedPlace&) = delete;

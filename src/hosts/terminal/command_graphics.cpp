@@ -1,0 +1,80 @@
+// The one-click tools for graphic elements of a document: selection and zoom.
+#include <fmt/core.h>
+
+#include <CLI/CLI.hpp>
+#include <memory>
+
+#include "hosts/terminal/commands.h"
+#include "hosts/terminal/refusal.h"
+#include "hosts/terminal/session.h"
+#include "platform/text_formats.h"
+
+namespace tessarine {
+namespace {
+
+struct GraphicsOptions {
+  CommonOptions common;
+  bool all = false, none = false, flip = false;
+};
+
+ExitStatus ClickOn(const GraphicsOptions& options, const char* class_id) {
+  Session session(options.common);
+  const ExitStatus status = session.Run(class_id, nullptr);
+  const DocumentMap& map = session.Document().Map();
+  if (!options.common.quiet && status == ExitStatus::Done) {
+    fmt::print("{} of {} graphic elements selected.\n", map.ElementSelectionCount(), map.Elements().size());
+  }
+  return status;
+}
+
+ExitStatus RunSelect(const GraphicsOptions& options) {
+  const char* class_id = options.all    ? "Tessarine.clsSelAllElements"
+                         : options.none ? "Tessarine.clsUnselElements"
+                                        : "Tessarine.clsFlipGraphicSel";
+  return ClickOn(options, class_id);
+}
+
+ExitStatus RunZoom(const GraphicsOptions& options) {
+  Session session(options.common);
+  const bool any = session.Document().Map().ElementSelectionCount() > 0;
+  const ExitStatus status = session.Run("Tessarine.clsZoomToSelected", nullptr);
+  if (options.common.quiet || status != ExitStatus::Done) return status;
+  if (!any) {
+    fmt::print("No graphic element is selected; the view stays.\n");
+    return status;
+  }
+  const Envelope extent = session.Document().ActiveView()->Extent();
+  fmt::print("Extent: {}, {}, {}, {}\n", NumberText(extent.XMin()), NumberText(extent.YMin()),
+             NumberText(extent.XMax()), NumberText(extent.YMax()));
+  return status;
+}
+
+void AddDocumentOptions(CLI::App& command, GraphicsOptions& options) {
+  command.add_option("document", options.common.document, "The map document")->required()->type_name("MAP.json");
+  command.add_flag("-q,--quiet", options.common.quiet, "Print nothing");
+  command.add_flag("-n,--dry-run", options.common.dry_run, "Run, but leave the document's file as it is");
+}
+
+}  // namespace
+
+void AddGraphicsCommands(CLI::App& program, ChosenCommand& chosen) {
+  auto select = std::make_shared<GraphicsOptions>();
+  CLI::App& selection =
+      *program.add_subcommand("select-graphics", "Select all graphic elements of a document's map, none, or the others");
+  AddDocumentOptions(selection, *select);
+  CLI::Option_group& kinds = *selection.add_option_group("selection");
+  kinds.add_flag("--all", select->all, "Select all graphic elements");
+  kinds.add_flag("--none", select->none, "Select none");
+  kinds.add_flag("--flip", select->flip, "Select those that aren't selected");
+  kinds.require_option(1);
+  selection.footer("Example:\n  tessarine select-graphics tests/data/graphics.json --all --dry-run");
+  selection.callback([&chosen, select] { chosen.run = [select] { return RunSelect(*select); }; });
+
+  auto zoom = std::make_shared<GraphicsOptions>();
+  CLI::App& zooming = *program.add_subcommand("zoom", "Zoom a document's view to the selected graphic elements");
+  AddDocumentOptions(zooming, *zoom);
+  zooming.footer("Example:\n  tessarine zoom tests/data/graphics.json --dry-run");
+  zooming.callback([&chosen, zoom] { chosen.run = [zoom] { return RunZoom(*zoom); }; });
+}
+
+}  // namespace tessarine

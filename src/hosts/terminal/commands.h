@@ -1,0 +1,23 @@
+// The commands of the program. Each takes its arguments without touching a file, then runs.
+#pragma once
+
+#include <CLI/App.hpp>
+#include <functional>
+#include <string>
+
+#include "hosts/terminal/exit_status.h"
+
+namespace tessarine {
+
+/// What the command line chose to do; set by the command that was given.
+struct ChosenCommand {
+  std::function<ExitStatus()> run;
+  std::string command_line;
+};
+
+void AddConversionCommands(CLI::App& program, ChosenCommand& chosen);
+void AddInfoCommand(CLI::App& program, ChosenCommand& chosen);
+void AddGraphicsCommands(CLI::App& program, ChosenCommand& chosen);
+void AddMenuCommand(CLI::App& program, ChosenCommand& chosen);
+
+}  // namespace tessarine

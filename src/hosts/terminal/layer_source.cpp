@@ -1,0 +1,61 @@
+#include "hosts/terminal/layer_source.h"
+
+#include <filesystem>
+
+#include "engine/data_source.h"
+#include "hosts/terminal/refusal.h"
+
+namespace tessarine {
+namespace {
+
+std::shared_ptr<DocumentFeatureLayer> FindInDocument(MapDocument& document, const std::string& name) {
+  const std::shared_ptr<IEnumLayer> layers = document.Map().Layers(nullptr, true);
+  while (const std::shared_ptr<ILayer> layer = layers->Next()) {
+    if (layer->Name() == name) return Cast<DocumentFeatureLayer>(layer);
+  }
+  return nullptr;
+}
+
+std::shared_ptr<DocumentFeatureLayer> AddSource(MapDocument& document, const SourceOptions& options) {
+  std::string path, layer;
+  SplitSource(options.source, path, layer);
+  if (!options.layer.empty()) layer = options.layer;
+  // Opening it here gives the reason when it fails; in a document a broken layer is only left out.
+  const std::shared_ptr<IFeatureClass> features = DataSource::Open(path, false)->OpenFeatureClass(layer);
+  auto result = std::make_shared<DocumentFeatureLayer>(features->Name(), LayerSource{path, layer});
+  result->SetFeatureClass(features);
+  document.Map().AddLayer(result);
+  return result;
+}
+
+}  // namespace
+
+void SplitSource(const std::string& text, std::string& path, std::string& layer) {
+  path = text;
+  layer.clear();
+  if (std::filesystem::exists(text)) return;
+  const std::size_t colon = text.rfind(':');
+  if (colon == std::string::npos || !std::filesystem::exists(text.substr(0, colon))) return;
+  path = text.substr(0, colon);
+  layer = text.substr(colon + 1);
+}
+
+std::shared_ptr<DocumentFeatureLayer> TakeLayer(MapDocument& document, const SourceOptions& options) {
+  try {
+    std::shared_ptr<DocumentFeatureLayer> layer = FindInDocument(document, options.source);
+    if (layer && !layer->Valid()) throw Refusal("The layer '" + options.source + "' can't be opened. " + layer->Problem());
+    if (!layer) layer = AddSource(document, options);
+    document.SetSelectedLayer(layer);
+    if (!options.where.empty()) {
+      layer->SetSelection(SelectByWhere(layer->FeatureClass(), options.where));
+      if (layer->SelectionSet()->Count() == 0) {
+        throw Refusal("No record of '" + layer->Name() + "' meets the condition \"" + options.where + "\".");
+      }
+    }
+    return layer;
+  } catch (const Fault& fault) {
+    throw Refusal(fault.Description());
+  }
+}
+
+}  // namespace tessarine

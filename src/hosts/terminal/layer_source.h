@@ -1,0 +1,26 @@
+// The layer that a command works on: named by a path, or by its name in a document.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "hosts/document/document_layer.h"
+#include "hosts/document/map_document.h"
+
+namespace tessarine {
+
+struct SourceOptions {
+  std::string source;
+  std::string layer;
+  std::string where;
+};
+
+/// Finds the layer in the document by its name, or adds the source's layer to it, chosen in the table of contents;
+/// `--where` becomes its selection. Raises `Refusal`, which names what is wrong and the way out.
+[[nodiscard]] std::shared_ptr<DocumentFeatureLayer> TakeLayer(MapDocument& document, const SourceOptions& options);
+
+/// "path:layer" where the path with the colon doesn't exist.
+void SplitSource(const std::string& text, std::string& path, std::string& layer);
+
+}  // namespace tessarine

@@ -1,0 +1,3 @@
+#include "hosts/terminal/program.h"
+
+int main(int argc, char** argv) { return tessarine::RunProgram(argc, argv); }

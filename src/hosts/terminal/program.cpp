@@ -1,0 +1,74 @@
+#include "hosts/terminal/program.h"
+
+#include <fmt/core.h>
+
+#include <CLI/CLI.hpp>
+#include <cstdio>
+
+#include "engine/versions.h"
+#include "hosts/terminal/commands.h"
+#include "hosts/terminal/refusal.h"
+#include "platform/fault.h"
+
+namespace tessarine {
+namespace {
+
+std::string VersionText() {
+  const LibraryVersions versions = EngineLibraryVersions();
+  return fmt::format("tessarine {} (GDAL {}, GEOS {}, PROJ {})", TESSARINE_VERSION, versions.gdal, versions.geos,
+                     versions.proj);
+}
+
+std::string CommandLine(int argc, char** argv) {
+  std::string line;
+  for (int index = 0; index < argc; ++index) {
+    const std::string word = argv[index];
+    const bool plain = !word.empty() && word.find_first_of(" \t\"'\\$*") == std::string::npos;
+    std::string quoted = "'";
+    for (const char c : word) quoted += c == '\'' ? "'\\''" : std::string(1, c);
+    line += (index == 0 ? "" : " ") + (plain ? word : quoted + "'");
+  }
+  return line;
+}
+
+int StatusOf(ExitStatus status) { return static_cast<int>(status); }
+
+int Refuse(const std::string& text) {
+  fmt::print(stderr, "tessarine: {}\n", text);
+  return StatusOf(ExitStatus::Refused);
+}
+
+}  // namespace
+
+int RunProgram(int argc, char** argv) {
+  CLI::App program("Measures features on the spheroid, converts features, and works on the graphics of maps.",
+                   "tessarine");
+  ChosenCommand chosen;
+  chosen.command_line = CommandLine(argc, argv);
+  program.set_version_flag("-V,--version", VersionText);
+  program.require_subcommand(1);
+  program.footer("tessarine COMMAND --help tells the options of a command, with an example.");
+  AddConversionCommands(program, chosen);
+  AddInfoCommand(program, chosen);
+  AddGraphicsCommands(program, chosen);
+  AddMenuCommand(program, chosen);
+  try {
+    program.parse(argc, argv);
+  } catch (const CLI::ParseError& error) {
+    // Help and version are no errors.
+    return program.exit(error) == 0 ? StatusOf(ExitStatus::Done) : StatusOf(ExitStatus::Refused);
+  }
+  try {
+    return StatusOf(chosen.run());
+  } catch (const Refusal& refusal) {
+    return Refuse(refusal.what());
+  } catch (const Fault& fault) {
+    fmt::print(stderr, "tessarine: {}\n", fault.Description());
+    return StatusOf(ExitStatus::Failed);
+  } catch (const std::exception& error) {
+    fmt::print(stderr, "tessarine: {}\n", error.what());
+    return StatusOf(ExitStatus::Failed);
+  }
+}
+
+}  // namespace tessarine

@@ -1,0 +1,8 @@
+// The program as a whole: arguments in, exit status out.
+#pragma once
+
+namespace tessarine {
+
+[[nodiscard]] int RunProgram(int argc, char** argv);
+
+}  // namespace tessarine

@@ -1,0 +1,39 @@
+// One run of a tool in the terminal: the document, the application around it, the host, and what came of the run.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "hosts/document/document_application.h"
+#include "hosts/terminal/common_options.h"
+#include "hosts/terminal/exit_status.h"
+#include "hosts/terminal/terminal_host.h"
+
+namespace tessarine {
+
+class Session {
+ public:
+  /// Opens the document of the options, or an empty one.
+  explicit Session(const CommonOptions& options);
+  ~Session();
+  Session(const Session&) = delete;
+  Session& operator=(const Session&) = delete;
+
+  [[nodiscard]] MapDocument& Document() const { return *document_; }
+  [[nodiscard]] TerminalHost& Host() { return host_; }
+
+  /// Clicks a command, its forms answered by the script; nothing answers no form. Prints the report and writes it to
+  /// the file that the options name, saves a document that became dirty, and tells how it went.
+  [[nodiscard]] ExitStatus Run(const std::string& command_id, FormScript* script);
+
+ private:
+  void DeliverReport();
+  [[nodiscard]] ExitStatus Outcome();
+
+  const CommonOptions& options_;
+  std::shared_ptr<MapDocument> document_;
+  TerminalHost host_;
+  std::shared_ptr<DocumentApplication> application_;
+};
+
+}  // namespace tessarine
