@@ -1,0 +1,111 @@
+// The walls of the house: who may include whom.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <regex>
+#include <string>
+#include <vector>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+struct Room {
+  const char* folder;               // below src/
+  std::vector<const char*> allowed; // prefixes of quoted includes
+  bool libraries;                   // may see more than the standard library
+};
+
+// `frame/commands` stands before `frame`, so that the longer prefix is found first.
+const std::vector<Room> kRooms = {
+    {"platform/", {"platform/"}, false},
+    {"geodesy/", {"platform/", "geodesy/"}, false},
+    {"engine/", {"platform/", "engine/"}, true},
+    {"frame/commands/",
+     {"platform/", "geodesy/", "support/", "frame/", "spheroids/", "conversion/", "calculator/", "graphics/",
+      "planetary/"},
+     false},
+    {"frame/", {"platform/", "geodesy/", "support/", "frame/"}, false},
+    {"support/", {"platform/", "geodesy/", "support/", "frame/clsExtension.h", "frame/ErrorHandling.h"}, false},
+    {"spheroids/", {"platform/", "geodesy/", "support/", "spheroids/", "frame/clsExtension.h", "frame/ErrorHandling.h"},
+     false},
+    {"conversion/",
+     {"platform/", "geodesy/", "support/", "conversion/", "frame/clsExtension.h", "frame/ErrorHandling.h"},
+     false},
+    {"calculator/",
+     {"platform/", "geodesy/", "support/", "spheroids/", "calculator/", "frame/clsExtension.h",
+      "frame/ErrorHandling.h"},
+     false},
+    {"graphics/",
+     {"platform/", "geodesy/", "support/", "graphics/", "frame/clsExtension.h", "frame/ErrorHandling.h"},
+     false},
+    {"planetary/",
+     {"platform/", "geodesy/", "support/", "spheroids/", "planetary/", "frame/clsExtension.h",
+      "frame/ErrorHandling.h"},
+     false},
+    {"hosts/", {""}, true},
+};
+
+// Headers of the C++ standard library and of POSIX that the suite itself may use.
+bool IsSystemHeader(const std::string& name) {
+  static const std::regex standard("[a-z_]+|c?[a-z]+|dlfcn\\.h");
+  return std::regex_match(name, standard);
+}
+
+const Room* RoomOf(const std::string& path) {
+  for (const Room& room : kRooms) {
+    if (path.starts_with(room.folder)) return &room;
+  }
+  return nullptr;
+}
+
+bool Allowed(const Room& room, const std::string& include) {
+  for (const char* prefix : room.allowed) {
+    if (include.starts_with(prefix)) return true;
+  }
+  return false;
+}
+
+TEST(House, EveryFileIncludesOnlyWhatItsRoomMaySee) {
+  const fs::path source = fs::path(TESSARINE_SOURCE_DIR) / "src";
+  const std::regex include_line(R"re(^\s*#\s*include\s*([<"])([^>"]+)[>"])re");
+  int files = 0, includes = 0;
+  for (const auto& entry : fs::recursive_directory_iterator(source)) {
+    const std::string extension = entry.path().extension().string();
+    if (extension != ".h" && extension != ".cpp") continue;
+    const std::string path = entry.path().lexically_relative(source).generic_string();
+    const Room* room = RoomOf(path);
+    ASSERT_NE(room, nullptr) << path << " lies in no known folder";
+    ++files;
+    std::ifstream file(entry.path());
+    for (std::string line; std::getline(file, line);) {
+      std::smatch match;
+      if (!std::regex_search(line, match, include_line)) continue;
+      ++includes;
+      const std::string name = match[2];
+      if (match[1] == "\"") {
+        EXPECT_TRUE(Allowed(*room, name)) << path << " may not include " << name;
+      } else {
+        EXPECT_TRUE(room->libraries || IsSystemHeader(name)) << path << " may not include <" << name << ">";
+      }
+    }
+  }
+  EXPECT_GT(files, 50);
+  EXPECT_GT(includes, 200);
+}
+
+// Hosts know commands, forms and the extension by their identifiers alone.
+TEST(House, HostsIncludeNoClassOfTheSuite) {
+  const fs::path hosts = fs::path(TESSARINE_SOURCE_DIR) / "src/hosts";
+  const std::regex suite(R"re(#include "(frame|support|conversion|calculator|graphics|planetary|spheroids)/)re");
+  for (const auto& entry : fs::recursive_directory_iterator(hosts)) {
+    if (!entry.is_regular_file()) continue;
+    std::ifstream file(entry.path());
+    for (std::string line; std::getline(file, line);) {
+      EXPECT_FALSE(std::regex_search(line, suite)) << entry.path() << ": " << line;
+    }
+  }
+}
+
+}  // namespace
