@@ -1,9 +1,21 @@
 #include "hosts/document/document_layer.h"
 
 #include "engine/data_source.h"
+#include "platform/paths.h"
 #include "platform/text_formats.h"
 
 namespace tessarine {
+namespace {
+
+// A class's full name is its file, or its container with its name behind.
+LayerSource SourceOf(const IDataset& dataset) {
+  const std::string full_name = dataset.FullName();
+  const std::string behind = "\\" + dataset.Name();
+  if (!EndsWithIgnoringCase(full_name, behind)) return {ToNativePath(full_name), ""};
+  return {ToNativePath(full_name.substr(0, full_name.size() - behind.size())), dataset.Name()};
+}
+
+}  // namespace
 
 DocumentFeatureLayer::DocumentFeatureLayer(std::string name, LayerSource source)
     : name_(std::move(name)), source_(std::move(source)) {}
@@ -35,6 +47,7 @@ void DocumentFeatureLayer::SetFeatureClass(const std::shared_ptr<IFeatureClass>&
   class_ = feature_class;
   opened_ = true;
   selection_ = nullptr;
+  if (const auto dataset = Cast<IDataset>(class_)) source_ = SourceOf(*dataset);
 }
 
 std::string DocumentFeatureLayer::DataSourceType() const {

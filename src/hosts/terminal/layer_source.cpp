@@ -20,9 +20,12 @@ std::shared_ptr<DocumentFeatureLayer> AddSource(MapDocument& document, const Sou
   std::string path, layer;
   SplitSource(options.source, path, layer);
   if (!options.layer.empty()) layer = options.layer;
+  // A document that is kept elsewhere must find the data again.
+  if (std::filesystem::exists(path)) path = std::filesystem::absolute(path).lexically_normal().string();
   // Opening it here gives the reason when it fails; in a document a broken layer is only left out.
   const std::shared_ptr<IFeatureClass> features = DataSource::Open(path, false)->OpenFeatureClass(layer);
-  auto result = std::make_shared<DocumentFeatureLayer>(features->Name(), LayerSource{path, layer});
+  auto result = std::make_shared<DocumentFeatureLayer>();
+  result->SetName(features->Name());
   result->SetFeatureClass(features);
   document.Map().AddLayer(result);
   return result;

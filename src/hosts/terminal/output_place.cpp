@@ -127,6 +127,11 @@ bool OutputExists(const OutputPlace& place) {
 PreparedPlace::PreparedPlace(const OutputPlace& place, const SpatialReferenceRef& reference, TerminalSystem& system,
                              bool plan_only)
     : place_(place) {
+  if (place.kind == OutputPlace::Kind::PersonalGeodatabase && !fs::exists(place.container)) {
+    throw Refusal("The output '" + place.NativePath() +
+                  "' can't be made: personal geodatabases can be read but not written here. Write a shapefile "
+                  "(NAME.shp) or a class of a file geodatabase (NAME.gdb/CLASS).");
+  }
   if (place.kind != OutputPlace::Kind::FileGeodatabase) return;
   if (!place.dataset.empty()) PromiseFeatureDataset(place.container, place.dataset, reference);
   if (fs::exists(place.container)) return;

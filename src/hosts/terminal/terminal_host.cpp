@@ -113,8 +113,11 @@ std::shared_ptr<IFeatureLayer> TerminalHost::CreateFeatureLayer() { return std::
 
 std::shared_ptr<ISimpleRenderer> TerminalHost::CreateSimpleRenderer() { return std::make_shared<DocumentRenderer>(); }
 
-bool TerminalHost::Confirm(const std::string& title) const {
-  if (manners_.yes || (manners_.overwrite && title == kOverwriteTitle)) return true;
+bool TerminalHost::AnsweredByOptions(const std::string& title) const {
+  return manners_.yes || (manners_.overwrite && title == kOverwriteTitle);
+}
+
+bool TerminalHost::AskUser() const {
   if (!manners_.interactive) return false;
   fmt::print(stderr, "[y/N] ");
   std::string answer;
@@ -124,11 +127,8 @@ bool TerminalHost::Confirm(const std::string& title) const {
 
 MessageAnswer TerminalHost::Show(const std::string& text, const std::string& title, MessageButtons buttons,
                                  MessageIcon) {
-  const bool answered_yes =
-      buttons == MessageButtons::YesNo && (manners_.yes || (manners_.overwrite && title == kOverwriteTitle));
-  if (!answered_yes) {
-    fmt::print(stderr, "{}{}{}\n", Trim(title), title.empty() ? "" : "\n", NativeLines(text));
-  }
+  if (buttons == MessageButtons::YesNo && AnsweredByOptions(title)) return MessageAnswer::Yes;
+  fmt::print(stderr, "{}{}{}\n", Trim(title), title.empty() ? "" : "\n", NativeLines(text));
   switch (buttons) {
     case MessageButtons::Ok:
       return MessageAnswer::Ok;
@@ -136,7 +136,7 @@ MessageAnswer TerminalHost::Show(const std::string& text, const std::string& tit
       // "Ok" would show the same dialog again, which has no other answer here.
       return MessageAnswer::Cancel;
     case MessageButtons::YesNo:
-      return Confirm(title) ? MessageAnswer::Yes : MessageAnswer::No;
+      return AskUser() ? MessageAnswer::Yes : MessageAnswer::No;
   }
   return MessageAnswer::Cancel;
 }
@@ -147,7 +147,12 @@ void TerminalHost::ShowModal(Form& form) {
     if (auto* exit = form.FindAs<CommandButton>("cmdOK")) exit->Press();
     return;
   }
-  if (script_ != nullptr) script_->Answer(form);
+  try {
+    if (script_ != nullptr) script_->Answer(form);
+  } catch (const Refusal& refusal) {
+    // The procedures between here and the session trap what they don't know; the session throws it again.
+    refusal_ = refusal;
+  }
   if (form.Visible()) {
     form_refused_ = true;
     form.CloseByUser();

@@ -10,6 +10,7 @@
 
 #include "engine/local_system.h"
 #include "hosts/terminal/form_script.h"
+#include "hosts/terminal/refusal.h"
 #include "platform/host.h"
 
 namespace tessarine {
@@ -60,6 +61,8 @@ class TerminalHost final : public IHost,
   [[nodiscard]] const std::optional<std::string>& Report() const { return report_; }
   [[nodiscard]] bool FaultReported() const { return fault_reported_; }
   [[nodiscard]] bool FormRefused() const { return form_refused_; }
+  /// What the options asked of a form and the form can't give.
+  [[nodiscard]] const std::optional<Refusal>& AnswerRefused() const { return refusal_; }
   void NoteFault() { fault_reported_ = true; }
 
   // IHost
@@ -97,7 +100,8 @@ class TerminalHost final : public IHost,
   [[nodiscard]] std::string QueryLocalMachine(const std::string& key, const std::string& value) const override;
 
  private:
-  [[nodiscard]] bool Confirm(const std::string& title) const;
+  [[nodiscard]] bool AnsweredByOptions(const std::string& title) const;
+  [[nodiscard]] bool AskUser() const;
 
   TerminalManners manners_;
   std::string host_version_;
@@ -110,6 +114,7 @@ class TerminalHost final : public IHost,
   std::optional<std::string> report_;
   bool fault_reported_ = false;
   bool form_refused_ = false;
+  std::optional<Refusal> refusal_;
   IHost* previous_;
 };
 
