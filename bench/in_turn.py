@@ -1,0 +1,46 @@
+#!/usr/bin/env python3
+"""Times commands in alternation and prints their medians, peak memories and ratios to the first.
+
+in_turn.py [--runs N] NAME=COMMAND NAME=COMMAND ...   Each command goes to a shell.
+"""
+import argparse
+import os
+import statistics
+import subprocess
+import sys
+import time
+
+
+def run_once(command):
+    start = time.monotonic()
+    process = subprocess.Popen(["sh", "-c", command], stdout=subprocess.DEVNULL, stderr=subprocess.PIPE)
+    errors = process.stderr.read()
+    _, status, usage = os.wait4(process.pid, 0)
+    seconds = time.monotonic() - start
+    if status != 0:
+        sys.exit(f"'{command}' failed: {errors.decode(errors='replace')[-500:]}")
+    return seconds, usage.ru_maxrss / 1024
+
+
+def main():
+    parser = argparse.ArgumentParser()
+    parser.add_argument("--runs", type=int, default=3)
+    parser.add_argument("commands", nargs="+")
+    arguments = parser.parse_args()
+    commands = dict(entry.split("=", 1) for entry in arguments.commands)
+    seconds = {name: [] for name in commands}
+    memory = dict.fromkeys(commands, 0.0)
+    for _ in range(arguments.runs):
+        for name, command in commands.items():
+            elapsed, peak = run_once(command)
+            seconds[name].append(elapsed)
+            memory[name] = max(memory[name], peak)
+    first = statistics.median(next(iter(seconds.values())))
+    print(f"{'':24} {'median s':>9} {'min':>7} {'max':>7} {'MB':>7} {'first/this':>11}")
+    for name, values in seconds.items():
+        median = statistics.median(values)
+        print(f"{name:24} {median:9.2f} {min(values):7.2f} {max(values):7.2f} {memory[name]:7.0f} {first / median:11.2f}")
+
+
+if __name__ == "__main__":
+    main()
