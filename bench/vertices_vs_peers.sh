@@ -8,7 +8,7 @@ build=$1 work=$2 runs=${3:-3}
 for kind in lines polygons; do
   peers=("plain GDAL=rm -f '$work'/plain.* && '$build/bin/plain_vertices' '$work/$kind.shp' '$work/plain.shp'")
   if command -v qgis_process.bin >/dev/null; then
-    peers+=("QGIS=QT_QPA_PLATFORM=offscreen qgis_process.bin run native:extractvertices \
+    peers+=("QGIS=PATH=/usr/bin:/bin QT_QPA_PLATFORM=offscreen qgis_process.bin run native:extractvertices \
       --INPUT='$work/$kind.shp' --OUTPUT='$work/qgis.shp'")
   fi
   echo "$kind, 4,000,000 vertices into a shapefile"

@@ -124,6 +124,11 @@ void ReadingCursor::Flush() {
   }
 }
 
+void ReadingCursor::Close() {
+  Flush();
+  handle_.Close();
+}
+
 InsertingCursor::InsertingCursor(std::shared_ptr<OgrClass> owner, LayerHandle handle)
     : owner_(std::move(owner)),
       handle_(std::move(handle)),
@@ -158,6 +163,11 @@ std::int64_t InsertingCursor::InsertRow(const IRowBuffer& buffer) {
 
 void InsertingCursor::Flush() {
   if (since_commit_ >= kRowsPerCommit) Commit();
+}
+
+void InsertingCursor::Close() {
+  Commit();
+  handle_.Close();
 }
 
 void InsertingCursor::Commit() {

@@ -23,6 +23,7 @@ class ReadingCursor final : public IFeatureCursor {
   std::int64_t InsertFeature(const IFeatureBuffer&) override;
   std::int64_t InsertRow(const IRowBuffer&) override;
   void Flush() override;
+  void Close() override;
 
  private:
   [[nodiscard]] OgrFeatureHandle NextOgr();
@@ -50,6 +51,7 @@ class InsertingCursor final : public IFeatureCursor {
   std::int64_t InsertRow(const IRowBuffer& buffer) override;
   /// Rows count as written from here on; the format itself is asked to write after many rows, and at the end.
   void Flush() override;
+  void Close() override;
 
  private:
   void Commit();

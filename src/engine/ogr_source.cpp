@@ -50,9 +50,21 @@ LayerHandle OgrSource::Read() {
 
 LayerHandle OgrSource::Write() { return Open(true); }
 
+void LayerHandle::Close() {
+  const GdalErrorScope errors;
+  dataset_.reset();
+  ++source_->generation_;
+  source_->idle_.clear();
+  if (errors.Failed()) {
+    RaiseEngineFault("'" + source_->Path() + "' can't be written to its end" + errors.Quote() +
+                     ": check the room on the disk and the permissions.");
+  }
+}
+
 LayerHandle::~LayerHandle() {
   if (!dataset_) return;
   if (writing_) {
+    const GdalErrorScope quiet;
     dataset_.reset();
     ++source_->generation_;
     source_->idle_.clear();

@@ -65,6 +65,8 @@ class LayerHandle {
   LayerHandle(LayerHandle&&) = default;
   LayerHandle& operator=(LayerHandle&&) = delete;
   ~LayerHandle();
+  /// Closes a writing handle now, and raises a fault when what GDAL still held could not be written.
+  void Close();
 
   [[nodiscard]] GDALDataset& Dataset() const { return *dataset_; }
   [[nodiscard]] OGRLayer& Layer() const { return *layer_; }

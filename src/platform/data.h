@@ -90,6 +90,8 @@ class ICursor : public virtual Object {
   virtual std::int64_t InsertRow(const IRowBuffer& buffer) = 0;
   /// Writes all buffered rows. Rows that were never flushed may be lost when the cursor goes away by a fault.
   virtual void Flush() = 0;
+  /// Writes all and lets the data go; what could not be written is told as a fault. The cursor is of no use after it.
+  virtual void Close() { Flush(); }
 };
 
 class IFeatureCursor : public virtual ICursor {

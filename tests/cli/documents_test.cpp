@@ -1,0 +1,114 @@
+#include <nlohmann/json.hpp>
+
+#include "cli/program_run.h"
+
+namespace tessarine::testing {
+namespace {
+
+using ::testing::HasSubstr;
+using nlohmann::json;
+
+class Documents : public ProgramTest {
+ protected:
+  Documents() {
+    for (const auto& entry : std::filesystem::directory_iterator(TESSARINE_TEST_DATA)) {
+      std::filesystem::copy(entry.path(), folder_);
+    }
+  }
+  [[nodiscard]] json Document() const { return json::parse(ReadFile(In("graphics.json"))); }
+  [[nodiscard]] int Selected() const {
+    int count = 0;
+    const json document = Document();
+    for (const json& element : document["map"]["graphics"]) count += element.value("selected", false) ? 1 : 0;
+    return count;
+  }
+};
+
+TEST_F(Documents, SelectionIsChangedInTheFile) {
+  ASSERT_EQ(Selected(), 2);
+  EXPECT_EQ(RunTessarine({"select-graphics", In("graphics.json"), "--flip"}).out, "10 of 12 graphic elements selected.\n");
+  EXPECT_EQ(Selected(), 10);
+  EXPECT_EQ(RunTessarine({"select-graphics", In("graphics.json"), "--all", "--dry-run"}).status, 0);
+  EXPECT_EQ(Selected(), 10);
+  EXPECT_EQ(RunTessarine({"select-graphics", In("graphics.json"), "--none"}).status, 0);
+  EXPECT_EQ(Selected(), 0);
+  EXPECT_EQ(RunTessarine({"select-graphics", In("graphics.json"), "--all", "--none"}).status, 2);
+}
+
+TEST_F(Documents, ZoomTakesTheSelectedBoundsTimesOneAndATwentieth) {
+  // London to Berlin: 13.52 by 3.66 degrees about 6.64, 50.69.
+  const ProgramOutcome run = RunTessarine({"zoom", In("graphics.json")});
+  EXPECT_EQ(run.status, 0) << run.err;
+  const json extent = Document()["map"]["extent"];
+  EXPECT_NEAR(extent[0], 6.64 - 1.05 * 13.52 / 2, 1e-12);
+  EXPECT_NEAR(extent[1], 50.69 - 1.05 * 3.66 / 2, 1e-12);
+  EXPECT_NEAR(extent[2], 6.64 + 1.05 * 13.52 / 2, 1e-12);
+  EXPECT_NEAR(extent[3], 50.69 + 1.05 * 3.66 / 2, 1e-12);
+}
+
+TEST_F(Documents, ResultLayerIsAddedAndFoundAgain) {
+  ASSERT_EQ(RunTessarine({"vertices", "countries", "--document", In("graphics.json"), "-o", In("v.gdb/v"), "-q"}).status, 0);
+  ASSERT_EQ(RunTessarine({"vertices", "disputed borders", "-d", In("graphics.json"), "-o", In("w.shp"), "-q"}).status, 0);
+  std::vector<std::string> names;
+  const json document = Document();
+  for (const json& layer : document["map"]["layers"]) names.push_back(layer["name"]);
+  EXPECT_THAT(names, ::testing::IsSupersetOf({"v", "w"}));
+  // A layer of points can't be converted, so the refusal shows that its data was found.
+  const ProgramOutcome again = RunTessarine({"vertices", "v", "-d", In("graphics.json"), "-o", In("x.shp")});
+  EXPECT_EQ(again.status, 2);
+  EXPECT_THAT(again.err, HasSubstr("wrong kind"));
+}
+
+TEST_F(Documents, OldHostDisablesBuildingPolygons) {
+  WriteFile(In("old.json"), R"({"format": "tessarine map document", "host version": "9.1"})");
+  EXPECT_THAT(RunTessarine({"menu", "-d", In("old.json")}).out,
+              HasSubstr("Buil&d Polygons (Disabled: Pre-ArcGIS 9.2)  [Tessarine_BuildPolygon]  (disabled)"));
+  const ProgramOutcome now = RunTessarine({"menu"});
+  EXPECT_THAT(now.out, HasSubstr("&Tessarine Tools  [menu Tessarine]"));
+  EXPECT_THAT(now.out, Not(HasSubstr("(disabled)")));
+}
+
+TEST_F(Documents, ShortSettingsAreReportedAndTheDocumentStillWorks) {
+  WriteFile(In("short.json"), R"({"format": "tessarine map document", "settings": [{"double": 1.5}]})");
+  const ProgramOutcome run = RunTessarine({"menu", "-d", In("short.json")});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_THAT(run.err, HasSubstr("IPersistVariant_Load"));
+  EXPECT_THAT(run.err, HasSubstr("settings end early"));
+  EXPECT_THAT(run.out, HasSubstr("&Tessarine Tools"));
+}
+
+class Info : public ProgramTest {};
+
+TEST_F(Info, TellsShapeReferenceAndFields) {
+  const ProgramOutcome run = RunTessarine({"info", Data("cities.shp")});
+  EXPECT_EQ(run.status, 0);
+  for (const char* words : {"Layer: cities", "point", "geographic, WGS 84", "6378137", "6356752.314245", "243", "name"}) {
+    EXPECT_THAT(run.out, HasSubstr(words));
+  }
+  WriteFile(In("plain.json"), R"({"type":"FeatureCollection","features":[]})");
+  EXPECT_EQ(RunTessarine({"info", In("plain.json")}).status, 0);
+  EXPECT_EQ(RunTessarine({"info", In("none.shp")}).status, 2);
+}
+
+TEST_F(Info, EveryCommandHasHelpWithAnExample) {
+  const std::string help = RunTessarine({"--help"}).out;
+  const std::size_t list = help.find("Subcommands:");
+  ASSERT_NE(list, std::string::npos);
+  std::istringstream lines(help.substr(list));
+  std::string line;
+  int commands = 0;
+  std::getline(lines, line);
+  while (std::getline(lines, line) && line.starts_with("  ") && line[2] != ' ') {
+    const std::string command = line.substr(2, line.find(' ', 2) - 2);
+    const ProgramOutcome run = RunTessarine({command, "--help"});
+    EXPECT_EQ(run.status, 0) << command;
+    EXPECT_THAT(run.out, HasSubstr("Example:\n  tessarine " + command)) << command;
+    ++commands;
+  }
+  EXPECT_GE(commands, 5);
+  const ProgramOutcome version = RunTessarine({"--version"});
+  EXPECT_THAT(version.out, ::testing::ContainsRegex("tessarine [0-9.]+ \\(GDAL [0-9.]+, GEOS [0-9.]+, PROJ [0-9.]+\\)"));
+}
+
+}  // namespace
+}  // namespace tessarine::testing
