@@ -1,0 +1,108 @@
+#include "geodesy/planetary_latitude.h"
+
+#include <cmath>
+#include <limits>
+#include <string>
+
+#include "geodesy/angles.h"
+#include "geodesy/checked_arithmetic.h"
+#include "geodesy/vertex_walk.h"
+#include "platform/host.h"
+#include "platform/trap.h"
+
+namespace tessarine::MyGeometricOperations {
+namespace {
+
+using checked::Divide;
+using checked::Finite;
+using checked::Tangent;
+
+// The way of one vertex, and the routine's name as its message box spells it.
+struct Conversion {
+  void (*convert)(double lon, double lat, double semi_major, double semi_minor, double long_shift, double& new_lon,
+                  double& new_lat);
+  const char* shown_name;
+};
+
+constexpr Conversion kToOGraphic{XYOCentricToOGraphic, "FeaturePlanetOCentricToPlanetOGraphic"};
+constexpr Conversion kToOCentric{XYOGraphicToOCentric, "FeaturePlanetOgraphicToPlanetOcentric"};
+
+double SquaredAxisRatio(double semi_major, double semi_minor) {
+  const double ratio = Divide(semi_major, semi_minor);
+  return Finite(ratio * ratio);
+}
+
+void TakeOwnAxes(const IGeometry& geometry, const Conversion& conversion, double& semi_major, double& semi_minor) {
+  const SpatialReferenceRef& reference = Require(geometry.SpatialReference(), "SpatialReference");
+  const auto geographic = Cast<const GeographicCoordinateSystem>(reference);
+  if (!geographic) {
+    Host().MessageBox().Show("Unexpected Spatial Reference:\r\nThe function '" + std::string(conversion.shown_name) +
+                                 "' only accepts geometries with geographic projections.\r\n"
+                                 "This geometry has spatial reference '" +
+                                 reference->Name() + "...",
+                             "");
+    Raise(kTypeMismatch, "The spatial reference is not a geographic one.");
+  }
+  const auto& spheroid = Require(Require(geographic->Datum(), "Datum")->Spheroid(), "Spheroid");
+  semi_major = spheroid->SemiMajorAxis();
+  semi_minor = spheroid->SemiMinorAxis();
+}
+
+// A conversion that fails reports under its own name and leaves what it was given to fill; that must fail the shape.
+XY ConvertVertex(const Conversion& conversion, XY vertex, double semi_major, double semi_minor, double long_shift) {
+  constexpr double kUnset = std::numeric_limits<double>::quiet_NaN();
+  XY converted{kUnset, kUnset};
+  conversion.convert(vertex.x, vertex.y, semi_major, semi_minor, long_shift, converted.x, converted.y);
+  return {Finite(converted.x), Finite(converted.y)};
+}
+
+GeometryRef ConvertFeature(const GeometryRef& geometry, const Conversion& conversion, double& semi_major,
+                           double& semi_minor, double long_shift) {
+  Require(geometry, "Geometry");
+  if (semi_major <= 0.0 || semi_minor <= 0.0) TakeOwnAxes(*geometry, conversion, semi_major, semi_minor);
+  const GeometryRef converted = CopyWithVertices(
+      *geometry, [&](XY vertex) { return ConvertVertex(conversion, vertex, semi_major, semi_minor, long_shift); });
+  if (!converted) {
+    Host().MessageBox().Show(
+        "Unexpected Geometry Type:\r\nThe function 'PlanetOCentricToPlanetOGraphic' only accepts "
+        "points, polylines, polygons or multipoints.",
+        "");
+  }
+  return converted;
+}
+
+}  // namespace
+
+void XYOCentricToOGraphic(double lon, double lat, double semi_major, double semi_minor, double long_shift,
+                          double& new_lon, double& new_lat) {
+  Trap("XYOCentricToOGraphic", [&] {
+    const double shifted = Finite(lon + long_shift);
+    const double k = SquaredAxisRatio(semi_major, semi_minor);
+    const double latitude = AsDegrees(std::atan(Finite(k * Tangent(AsRadians(lat)))));
+    new_lon = shifted, new_lat = latitude;
+  });
+}
+
+void XYOGraphicToOCentric(double lon, double lat, double semi_major, double semi_minor, double long_shift,
+                          double& new_lon, double& new_lat) {
+  Trap("XYOGraphicToOCentric", [&] {
+    const double shifted = Finite(lon + long_shift);
+    const double k = SquaredAxisRatio(semi_major, semi_minor);
+    const double latitude = AsDegrees(std::atan(Divide(Tangent(AsRadians(lat)), k)));
+    new_lon = shifted, new_lat = latitude;
+  });
+}
+
+GeometryRef FeaturePlanetOCentricToPlanetOGraphic(const GeometryRef& geometry, double& semi_major, double& semi_minor,
+                                                  double long_shift) {
+  return Trap("FeaturePlanetOCentricToPlanetOGraphic",
+              [&] { return ConvertFeature(geometry, kToOGraphic, semi_major, semi_minor, long_shift); });
+}
+
+GeometryRef FeaturePlanetOGraphicToPlanetOCentric(const GeometryRef& geometry, double& semi_major, double& semi_minor,
+                                                  double long_shift) {
+  return Trap("FeaturePlanetOGraphicToPlanetOCentric",
+              [&] { return ConvertFeature(geometry, kToOCentric, semi_major, semi_minor, long_shift); });
+}
+
+}  // namespace tessarine::MyGeometricOperations

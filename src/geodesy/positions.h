@@ -1,0 +1,15 @@
+// How the routines of the geodesy core read a point object.
+#pragma once
+
+#include "geodesy/checked_arithmetic.h"
+#include "platform/geometry.h"
+
+namespace tessarine::MyGeometricOperations {
+
+/// The coordinates of a point. An empty point has none and raises fault 5, so that nothing is measured from 0, 0.
+[[nodiscard]] inline XY CoordinatesOf(const Point& point) {
+  if (point.IsEmpty()) Raise(kInvalidCall, "The point is empty and has no coordinates.");
+  return point.Coordinates();
+}
+
+}  // namespace tessarine::MyGeometricOperations
