@@ -23,13 +23,14 @@ fs::path MakeFolder() {
   return pattern;
 }
 
-pid_t Start(const std::vector<std::string>& arguments, const std::string& out, const std::string& err) {
+pid_t Start(const std::vector<std::string>& arguments, const std::string& in, const std::string& out,
+            const std::string& err) {
   const pid_t child = fork();
   if (child != 0) return child;
   std::vector<char*> words{const_cast<char*>(TESSARINE_PROGRAM)};
   for (const std::string& argument : arguments) words.push_back(const_cast<char*>(argument.c_str()));
   words.push_back(nullptr);
-  const int input = open("/dev/null", O_RDONLY);
+  const int input = open(in.c_str(), O_RDONLY);
   const int output = open(out.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
   const int errors = open(err.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
   if (dup2(input, 0) < 0 || dup2(output, 1) < 0 || dup2(errors, 2) < 0) _exit(126);
@@ -37,10 +38,11 @@ pid_t Start(const std::vector<std::string>& arguments, const std::string& out, c
   _exit(127);
 }
 
-ProgramOutcome Run(const std::vector<std::string>& arguments, const std::function<void(pid_t)>& meanwhile) {
+ProgramOutcome Run(const std::vector<std::string>& arguments, const std::string& input,
+                   const std::function<void(pid_t)>& meanwhile) {
   const fs::path folder = MakeFolder();
   const std::string out = folder / "out", err = folder / "err";
-  const pid_t child = Start(arguments, out, err);
+  const pid_t child = Start(arguments, input, out, err);
   meanwhile(child);
   int status = 0;
   waitpid(child, &status, 0);
@@ -51,12 +53,12 @@ ProgramOutcome Run(const std::vector<std::string>& arguments, const std::functio
 
 }  // namespace
 
-ProgramOutcome RunTessarine(const std::vector<std::string>& arguments) {
-  return Run(arguments, [](pid_t) {});
+ProgramOutcome RunTessarine(const std::vector<std::string>& arguments, const std::string& input) {
+  return Run(arguments, input, [](pid_t) {});
 }
 
 ProgramOutcome RunAndInterrupt(const std::vector<std::string>& arguments, const fs::path& file, std::uintmax_t bytes) {
-  return Run(arguments, [&](pid_t child) {
+  return Run(arguments, "/dev/null", [&](pid_t child) {
     for (int look = 0; look < 6000; ++look) {
       std::error_code error;
       const std::uintmax_t size = fs::file_size(file, error);

@@ -14,8 +14,9 @@ struct ProgramOutcome {
   std::string out, err;
 };
 
-/// Runs `tessarine` with these arguments; standard input is empty, neither output is a terminal.
-[[nodiscard]] ProgramOutcome RunTessarine(const std::vector<std::string>& arguments);
+/// Runs `tessarine` with these arguments; standard input is the file, neither output is a terminal.
+[[nodiscard]] ProgramOutcome RunTessarine(const std::vector<std::string>& arguments,
+                                          const std::string& input = "/dev/null");
 
 /// The same, with an interrupt as soon as `file` has grown past `bytes`.
 [[nodiscard]] ProgramOutcome RunAndInterrupt(const std::vector<std::string>& arguments,

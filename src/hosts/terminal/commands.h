@@ -16,8 +16,12 @@ struct ChosenCommand {
 };
 
 void AddConversionCommands(CLI::App& program, ChosenCommand& chosen);
+void AddBuildPolygonsCommand(CLI::App& program, ChosenCommand& chosen);
+void AddGeodesicCommands(CLI::App& program, ChosenCommand& chosen);
+void AddPlanetaryCommands(CLI::App& program, ChosenCommand& chosen);
 void AddInfoCommand(CLI::App& program, ChosenCommand& chosen);
 void AddGraphicsCommands(CLI::App& program, ChosenCommand& chosen);
+void AddSpheroidsCommand(CLI::App& program, ChosenCommand& chosen);
 void AddMenuCommand(CLI::App& program, ChosenCommand& chosen);
 
 }  // namespace tessarine

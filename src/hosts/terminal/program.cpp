@@ -3,7 +3,9 @@
 #include <fmt/core.h>
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <cstdio>
+#include <cstdlib>
 
 #include "engine/versions.h"
 #include "hosts/terminal/commands.h"
@@ -31,6 +33,17 @@ std::string CommandLine(int argc, char** argv) {
   return line;
 }
 
+// The words after the program's name. A negative number would pass for an option, were it not for a blank before it.
+std::vector<std::string> Words(int argc, char** argv) {
+  std::vector<std::string> words(argv + 1, argv + argc);
+  for (std::string& word : words) {
+    char* end = nullptr;
+    if (word.starts_with('-') && word.size() > 1) (void)std::strtod(word.c_str(), &end);
+    if (end != nullptr && *end == '\0') word.insert(0, " ");
+  }
+  return words;
+}
+
 int StatusOf(ExitStatus status) { return static_cast<int>(status); }
 
 int Refuse(const std::string& text) {
@@ -49,11 +62,18 @@ int RunProgram(int argc, char** argv) {
   program.require_subcommand(1);
   program.footer("tessarine COMMAND --help tells the options of a command, with an example.");
   AddConversionCommands(program, chosen);
+  AddBuildPolygonsCommand(program, chosen);
+  AddGeodesicCommands(program, chosen);
+  AddPlanetaryCommands(program, chosen);
   AddInfoCommand(program, chosen);
   AddGraphicsCommands(program, chosen);
+  AddSpheroidsCommand(program, chosen);
   AddMenuCommand(program, chosen);
   try {
-    program.parse(argc, argv);
+    // The parser takes its words from the back.
+    std::vector<std::string> words = Words(argc, argv);
+    std::reverse(words.begin(), words.end());
+    program.parse(std::move(words));
   } catch (const CLI::ParseError& error) {
     // Help and version are no errors.
     return program.exit(error) == 0 ? StatusOf(ExitStatus::Done) : StatusOf(ExitStatus::Refused);

@@ -1,0 +1,71 @@
+#include <nlohmann/json.hpp>
+#include <sstream>
+
+#include "cli/program_run.h"
+
+namespace tessarine::testing {
+namespace {
+
+using ::testing::HasSubstr;
+using nlohmann::json;
+
+class Geodesics : public ProgramTest {
+ protected:
+  // Runs with these lines as standard input, and gives the lines of the answer.
+  std::vector<std::string> Lines(std::vector<std::string> arguments, const std::string& input, int status) {
+    WriteFile(In("input"), input);
+    const ProgramOutcome run = RunTessarine(arguments, In("input"));
+    EXPECT_EQ(run.status, status) << run.err;
+    EXPECT_EQ(run.err, "");
+    std::vector<std::string> lines;
+    std::istringstream out(run.out);
+    for (std::string line; std::getline(out, line);) lines.push_back(line);
+    return lines;
+  }
+};
+
+// Expected numbers come from PROJ's `geod`, which solves both problems exactly.
+TEST_F(Geodesics, AgreeWithAnExactSolution) {
+  const ProgramOutcome inverse = RunTessarine({"inverse", "2.35", "48.86", "-73.94", "40.67", "--json"});
+  ASSERT_EQ(inverse.status, 0) << inverse.err;
+  const json line = json::parse(inverse.out);
+  EXPECT_NEAR(line["distance"], 5850960.340388, 1e-4);
+  EXPECT_NEAR(line["azimuth1"], 360.0 - 68.258250537, 1e-7);
+  EXPECT_NEAR(line["azimuth2"], 180.0 + 53.71473, 1e-7);
+
+  const ProgramOutcome direct =
+      RunTessarine({"direct", "2.35", "48.86", "1000000", "90", "--radii", "3396190,3376200", "--json"});
+  ASSERT_EQ(direct.status, 0) << direct.err;
+  const json end = json::parse(direct.out);
+  EXPECT_NEAR(end["lon"], 27.0206335002, 2e-9);
+  EXPECT_NEAR(end["lat"], 46.1143033365, 2e-9);
+  EXPECT_NEAR(end["azimuth2"], 180.0 - 71.6800259275, 1e-7);
+  const json named = json::parse(
+      RunTessarine({"direct", "2.35", "48.86", "1000000", "90", "--spheroid", "mars 2000", "--json"}).out);
+  EXPECT_NEAR(named["lon"], 27.0206335002, 2e-9);
+}
+
+TEST_F(Geodesics, BadLinesAreAnsweredInTheirPlace) {
+  const std::vector<std::string> lines =
+      Lines({"inverse"}, "0 0 1 0\n0 0 north 0\n0, 95, 1, 0\n1 2 3\n-1 0 0 0\n", 1);
+  ASSERT_EQ(lines.size(), 5U);
+  // One degree of the equator.
+  EXPECT_EQ(lines[0], "111319.4908 90.00000000 90.00000000");
+  EXPECT_THAT(lines[1], HasSubstr("line 2: 'north' is no number for lon2"));
+  EXPECT_THAT(lines[2], HasSubstr("line 3: lat1 is 95"));
+  EXPECT_THAT(lines[3], HasSubstr("line 4: 3 numbers instead of four"));
+  EXPECT_EQ(lines[4], lines[0]);
+  EXPECT_EQ(json::parse(Lines({"direct", "--json"}, "0 0 nan 0\n", 1).at(0))["line"], 1);
+  EXPECT_TRUE(Lines({"direct"}, "", 0).empty());
+}
+
+TEST_F(Geodesics, RefuseSpheroidsThatAreNone) {
+  const ProgramOutcome unknown = RunTessarine({"inverse", "0", "0", "1", "0", "--spheroid", "Marz 2000"});
+  EXPECT_EQ(unknown.status, 2);
+  EXPECT_THAT(unknown.err, HasSubstr("Mars 2000"));
+  EXPECT_EQ(RunTessarine({"inverse", "0", "0", "1", "0", "--radii", "1000"}).status, 2);
+  EXPECT_EQ(RunTessarine({"inverse", "0", "0", "1", "0", "--radii", "1000,-5"}).status, 2);
+}
+
+}  // namespace
+}  // namespace tessarine::testing
