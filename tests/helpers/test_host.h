@@ -50,6 +50,8 @@ class TestForms final : public IFormHost {
  public:
   /// What the user does with a modal form; a form that this leaves open counts as closed by its title bar.
   std::function<void(Form&)> modal;
+  /// Called with each form that is shown without waiting for it.
+  std::function<void(Form&)> modeless;
   std::vector<std::string> shown;
 
   void ShowModal(Form& form) override {
@@ -57,7 +59,10 @@ class TestForms final : public IFormHost {
     if (modal) modal(form);
     if (form.Visible()) form.CloseByUser();
   }
-  void ShowModeless(Form& form) override { shown.push_back(form.Name()); }
+  void ShowModeless(Form& form) override {
+    shown.push_back(form.Name());
+    if (modeless) modeless(form);
+  }
   [[nodiscard]] double ScreenWidth() const override { return 1000.0; }
   [[nodiscard]] double ScreenHeight() const override { return 600.0; }
 };
@@ -84,9 +89,13 @@ class TestSystem final : public LocalOperatingSystem {
  public:
   std::vector<std::string> opened;
   std::string user = "ann";
+  std::string program_folder;  ///< empty: where the test program lies
 
   [[nodiscard]] std::string UserName() const override { return user; }
   void ShellExecute(const std::string& path, const std::string&) override { opened.push_back(path); }
+  [[nodiscard]] std::string ProgramFolder() const override {
+    return program_folder.empty() ? LocalOperatingSystem::ProgramFolder() : program_folder;
+  }
 };
 
 class TestErrorDialog final : public IErrorDialog {

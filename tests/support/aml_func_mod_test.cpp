@@ -93,9 +93,16 @@ TEST(TextTest, InsertCommas) {
     const char* text;
   };
   const Row rows[] = {
-      {0, "0"},           {123, "123"},       {1000, "1,000"},        {999999, "999,999"},
-      {1000000, "1,000,000"}, {-1234567, "-1,234,567"}, {1234567.89, "1,234,567.89"}, {0.12345, "0.12345"},
-      {1234.5678, "1,234.5678"}, {"98765", "98,765"},
+      {0, "0"},
+      {123, "123"},
+      {1000, "1,000"},
+      {999999, "999,999"},
+      {1000000, "1,000,000"},
+      {-1234567, "-1,234,567"},
+      {1234567.89, "1,234,567.89"},
+      {0.12345, "0.12345"},
+      {1234.5678, "1,234.5678"},
+      {"98765", "98,765"},
   };
   for (const Row& row : rows) EXPECT_EQ(InsertCommas(row.value), row.text);
 }
@@ -126,16 +133,20 @@ TEST(FileTest, FilesAndFolders) {
 TEST(FileTest, MakeUniqueFilename) {
   const TestHost host;
   const TemporaryFolder folder;
-  for (const char* name : {"a.shp", "b.shp", "b_2.shp", "bare", "c.json", "d.parquet", "e.v.shp"}) folder.Write(name);
+  for (const char* name : {"a.shp", "b.shp", "b_2.shp", "bare", "c.json", "d.table", "e.v.shp"}) folder.Write(name);
   struct Row {
     const char* wanted;
     const char* free;
   };
   const Row rows[] = {
-      {"new.shp", "new.shp"}, {"a.shp", "a_2.shp"},       {"b.shp", "b_3.shp"},           {"bare", "bare_2"},
-      {"c.json", "c_2.json"}, {"e.v.shp", "e.v_2.shp"},
+      {"new.shp", "new.shp"},
+      {"a.shp", "a_2.shp"},
+      {"b.shp", "b_3.shp"},
+      {"bare", "bare_2"},
+      {"c.json", "c_2.json"},
+      {"e.v.shp", "e.v_2.shp"},
       // Only an ending of at most four letters is one.
-      {"d.parquet", "d.parquet_2"},
+      {"d.table", "d.table_2"},
   };
   for (const Row& row : rows) EXPECT_EQ(MakeUniqueFilename(folder.Path(row.wanted)), folder.Path(row.free));
 }

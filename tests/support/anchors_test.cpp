@@ -23,8 +23,8 @@ TEST(AnchorTest, TheSevenBehavioursAndBack) {
     Place grown;
   };
   const Row rows[] = {
-      {enumNone, {30, 15, 90, 45}},      {enumStart, {20, 10, 90, 45}},     {enumStartSize, {20, 10, 60, 30}},
-      {enumStartEnd, {20, 10, 160, 80}}, {enumSize, {45, 22.5, 60, 30}},    {enumSizeEnd, {120, 60, 60, 30}},
+      {enumNone, {30, 15, 90, 45}},      {enumStart, {20, 10, 90, 45}},  {enumStartSize, {20, 10, 60, 30}},
+      {enumStartEnd, {20, 10, 160, 80}}, {enumSize, {45, 22.5, 60, 30}}, {enumSizeEnd, {120, 60, 60, 30}},
       {enumEnd, {30, 15, 150, 75}},
   };
   for (const Row& row : rows) {

@@ -28,7 +28,9 @@ TEST(DbaseNameTest, LegalNames) {
       {"1234567890", "z123456789"},
       {"population_2010", "population"},
       {"a-b.c d", "a_b_c_d"},
-      {"Gr\xC3\xB6\xC3\x9F" "e (m\xC2\xB2)", "Gr__e__m__"},  // ten characters in fourteen bytes
+      {"Gr\xC3\xB6\xC3\x9F"
+       "e (m\xC2\xB2)",
+       "Gr__e__m__"},  // ten characters in fourteen bytes
       {"\xC3\x89tat", "z_tat"},
   };
   for (const Row& row : rows) EXPECT_EQ(ReturnDBASEFieldName(row.name, nullptr), row.legal);
@@ -102,8 +104,10 @@ TEST(ExistenceTest, ATableTakesTheNameOfAClassToo) {
 }
 
 TEST(FieldPairsTest, NamesAndIndexesOfBothClasses) {
-  const MemoryClass from(esriGeometryPoint, {NewField("FID", esriFieldTypeOID), NewField("population", esriFieldTypeDouble)});
-  const MemoryClass to(esriGeometryPoint, {NewField("pop", esriFieldTypeDouble), NewField("Population", esriFieldTypeDouble)});
+  const MemoryClass from(esriGeometryPoint,
+                         {NewField("FID", esriFieldTypeOID), NewField("population", esriFieldTypeDouble)});
+  const MemoryClass to(esriGeometryPoint,
+                       {NewField("pop", esriFieldTypeDouble), NewField("Population", esriFieldTypeDouble)});
   VarArray fields;
   fields.Add(NewField("population", esriFieldTypeDouble));
   const auto by_field = MakeFieldNameVarArray(from, to, fields, false);

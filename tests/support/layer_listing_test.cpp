@@ -87,9 +87,18 @@ TEST(LayerListingTest, EachFlagSelectsItsLayersInMapOrder) {
     const char* names;
   };
   const Row rows[] = {
-      {1, "areas points lines clusters "}, {2, "raster "}, {4, "table "}, {8, "points "}, {16, "lines "},
-      {32, "areas "}, {64, "clusters "}, {128, "tin "}, {256, ""}, {112, "areas lines clusters "},
-      {2 + 4 + 8, "raster points table "}, {511, "areas raster points tin lines clusters table "},
+      {1, "areas points lines clusters "},
+      {2, "raster "},
+      {4, "table "},
+      {8, "points "},
+      {16, "lines "},
+      {32, "areas "},
+      {64, "clusters "},
+      {128, "tin "},
+      {256, ""},
+      {112, "areas lines clusters "},
+      {2 + 4 + 8, "raster points table "},
+      {511, "areas raster points tin lines clusters table "},
   };
   for (const Row& row : rows) {
     std::string names;

@@ -34,7 +34,8 @@ class RecordingWorkspace final : public IFeatureWorkspace {
   [[nodiscard]] std::shared_ptr<IFeatureClass> CreateFeatureClass(const std::string& class_name, const FieldsRef& list,
                                                                   const std::shared_ptr<UID>& id,
                                                                   const std::shared_ptr<UID>&, esriFeatureType,
-                                                                  const std::string& shape, const std::string&) override {
+                                                                  const std::string& shape,
+                                                                  const std::string&) override {
     name = class_name, fields = list, clsid = id, shape_field = shape;
     return std::make_shared<MemoryClass>(esriGeometryPoint);
   }
@@ -115,8 +116,7 @@ TEST_F(OutputTest, ATakenNameIsOverwrittenOrAskedForAnew) {
   EXPECT_EQ(output->FindField("old_field"), -1);
   EXPECT_NE(output->FindField("new_field"), -1);
   EXPECT_EQ(host.messages.shown[0].title, "Feature Class Already Exists:");
-  EXPECT_EQ(host.messages.shown[0].text,
-            "The Feature Class 'roads.shp' already exists!  Do you wish to overwrite it?");
+  EXPECT_EQ(host.messages.shown[0].text, "The Feature Class 'roads.shp' already exists!  Do you wish to overwrite it?");
 
   host.messages.answers = {MessageAnswer::No};
   host.browse.answers = {{Folder(), "others"}};
@@ -220,17 +220,6 @@ TEST(GridSizeTest, AboutTwoHundredFeaturesToATile) {
   EXPECT_EQ(GridSizeFor(&flat, 0), 100.0);
   EXPECT_EQ(GridSizeFor(&empty, 200), 100.0);
   EXPECT_EQ(GridSizeFor(nullptr, 200), 100.0);
-}
-
-TEST(OutputKindTest, WordsOfTheKinds) {
-  for (const std::int32_t kind : {1, 2, 4}) {
-    EXPECT_EQ(KindOfDirectoryType(DirectoryTypeText(kind)), kind);
-    EXPECT_NE(FactoryOfCategory(CategoryOfKind(kind)), nullptr);
-  }
-  EXPECT_EQ(KindOfDirectoryType("shapefile"), kUnknownOutput);
-  EXPECT_EQ(DirectoryTypeText(3), "");
-  EXPECT_EQ(CategoryOfKind(0), "");
-  EXPECT_EQ(FactoryOfCategory("dBASE Table"), nullptr);
 }
 
 }  // namespace

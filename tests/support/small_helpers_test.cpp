@@ -1,14 +1,12 @@
 // Key filters, number texts, sorting, elapsed times and the other small routines.
 #include <gtest/gtest.h>
 
-#include "helpers/fake_application.h"
 #include "helpers/reported_faults.h"
 #include "helpers/temporary_folder.h"
 #include "helpers/test_host.h"
 #include "platform/rich_text.h"
 #include "support/MyGeneralOperations.h"
 #include "support/QuickSort.h"
-#include "support/manual.h"
 
 namespace tessarine::MyGeneralOperations {
 namespace {
@@ -24,14 +22,22 @@ TEST(KeyFilterTest, RefusesWhatMakesNoNumber) {
     bool real, positive;
   };
   const Row rows[] = {
-      {"backspace", 8, "1", 1, true, true},          {"tab", 9, "1", 1, false, false},
-      {"return", 13, "1", 1, false, false},          {"plus", 43, "", 0, false, false},
-      {"comma", 44, "1", 1, true, true},             {"minus", 45, "", 0, true, false},
-      {"slash", 47, "1", 1, false, false},           {"zero", 48, "", 0, true, true},
-      {"nine", 57, "1", 1, true, true},              {"colon", 58, "1", 1, false, false},
-      {"exponent letter", 'e', "1", 1, false, false}, {"first point", 46, "15", 1, true, true},
-      {"leading point", 46, "5", 0, true, true},     {"second point", 46, "1.5", 3, false, false},
-      {"second point ahead", 46, "1.5", 0, false, false}, {"point alone", 46, "", 0, false, false},
+      {"backspace", 8, "1", 1, true, true},
+      {"tab", 9, "1", 1, false, false},
+      {"return", 13, "1", 1, false, false},
+      {"plus", 43, "", 0, false, false},
+      {"comma", 44, "1", 1, true, true},
+      {"minus", 45, "", 0, true, false},
+      {"slash", 47, "1", 1, false, false},
+      {"zero", 48, "", 0, true, true},
+      {"nine", 57, "1", 1, true, true},
+      {"colon", 58, "1", 1, false, false},
+      {"exponent letter", 'e', "1", 1, false, false},
+      {"first point", 46, "15", 1, true, true},
+      {"leading point", 46, "5", 0, true, true},
+      {"second point", 46, "1.5", 3, false, false},
+      {"second point ahead", 46, "1.5", 0, false, false},
+      {"point alone", 46, "", 0, false, false},
       {"point behind a sign and digit", 46, "-5", 2, true, true},
   };
   for (const Row& row : rows) {
@@ -167,32 +173,8 @@ TEST(OpenDocTest, OpensWhatIsThereAndTellsWhatIsMissing) {
   EXPECT_EQ(host.system.opened.size(), 1U);
   ASSERT_EQ(host.messages.shown.size(), 1U);
   EXPECT_EQ(host.messages.shown[0].title, "Missing File:");
-  EXPECT_EQ(host.messages.shown[0].text, "Unable to find the following file:\r\n\r\n" + folder.Native("gone.pdf") +
-                                             "\r\n\r\nBailing out...");
-}
-
-class OneTool final : public ICommandItem, public ICommandBars, public IDocument,
-                      public std::enable_shared_from_this<OneTool> {
- public:
-  std::string asked;
-  int executed = 0;
-  void Execute() override { ++executed; }
-  [[nodiscard]] std::shared_ptr<ICommandItem> Find(const UID& uid, bool, bool) override {
-    asked = uid.Value;
-    return shared_from_this();
-  }
-  [[nodiscard]] std::shared_ptr<ICommandBars> CommandBars() const override {
-    return std::const_pointer_cast<OneTool>(shared_from_this());
-  }
-};
-
-TEST(SelectToolTest, TheHostsToolIsExecuted) {
-  const auto tool = std::make_shared<OneTool>();
-  const auto application = std::make_shared<testing::FakeApplication>();
-  application->document = tool;
-  EnableSelectTool(application);
-  EXPECT_EQ(tool->asked, "{C22579D1-BC17-11D0-8667-0000F8751720}");
-  EXPECT_EQ(tool->executed, 1);
+  EXPECT_EQ(host.messages.shown[0].text,
+            "Unable to find the following file:\r\n\r\n" + folder.Native("gone.pdf") + "\r\n\r\nBailing out...");
 }
 
 }  // namespace

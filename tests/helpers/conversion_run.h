@@ -1,0 +1,108 @@
+// Runs of the conversion tools on small GeoJSON layers; outputs are read back with GDAL alone.
+#pragma once
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <ogrsf_frmts.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "conversion/modCreateVertices.h"
+#include "engine/data_source.h"
+#include "helpers/fake_application.h"
+#include "helpers/reported_faults.h"
+#include "helpers/temporary_folder.h"
+#include "helpers/test_host.h"
+#include "hosts/document/document_layer.h"
+#include "hosts/document/map_document.h"
+#include "platform/rich_text.h"
+
+namespace tessarine::testing {
+
+/// A feature of GeoJSON: its geometry, or "null", and its properties.
+inline std::string Feature(const std::string& geometry, const std::string& properties = "{}") {
+  return R"({"type":"Feature","properties":)" + properties + R"(,"geometry":)" + geometry + "}";
+}
+inline std::string Shape(const std::string& type, const std::string& coordinates) {
+  return R"({"type":")" + type + R"(","coordinates":)" + coordinates + "}";
+}
+
+class ConversionRunTest : public ::testing::Test {
+ protected:
+  TestHost host;
+  ReportedFaults reported;
+  TemporaryFolder folder;
+  std::shared_ptr<FakeApplication> application = std::make_shared<FakeApplication>();
+  std::shared_ptr<MapDocument> document = std::make_shared<MapDocument>();
+  std::shared_ptr<clsExtension> extension = std::make_shared<clsExtension>();
+  std::string report;  // as RTF
+
+  void SetUp() override {
+    application->document = document;
+    application->extension = extension;
+    extension->DirectoryType = "Shapefile";
+  }
+
+  /// A layer of these features in a reference; rows are numbered from 0.
+  std::shared_ptr<DocumentFeatureLayer> Layer(const std::string& name, const std::vector<std::string>& features,
+                                              const std::string& epsg = "32612") {
+    std::string text = R"({"type":"FeatureCollection","crs":{"type":"name","properties":{"name":"EPSG:)" + epsg +
+                       R"("}},"features":[)";
+    for (std::size_t row = 0; row < features.size(); ++row) text += (row == 0 ? "" : ",\n") + features[row];
+    folder.Write(name + ".geojson", text + "]}");
+    auto layer = std::make_shared<DocumentFeatureLayer>();
+    layer->SetName(name);
+    layer->SetFeatureClass(DataSource::Open(folder.Native(name + ".geojson"), false)->OpenFeatureClass(""));
+    return layer;
+  }
+
+  static std::shared_ptr<VarArray> FieldsOf(const IFeatureLayer& layer, const std::vector<std::string>& names) {
+    auto fields = std::make_shared<VarArray>();
+    const auto all = layer.FeatureClass()->Fields();
+    for (const std::string& name : names) fields->Add(all->Field(all->FindField(name)));
+    return fields;
+  }
+
+  /// The report as a person reads it.
+  std::string Run(modCreateVertices::ConversionWorker& worker, const std::shared_ptr<DocumentFeatureLayer>& layer,
+                  const std::vector<std::string>& fields = {}, bool all = true, bool show_progress = false) {
+    report = worker(layer, FieldsOf(*layer, fields), all, folder.Path("out.shp"), application, extension,
+                    show_progress, false);
+    return ToPlainText(ReadRtf(report));
+  }
+
+  /// The rows of a file: the fields as text, then the shape as well-known text.
+  std::vector<std::string> Rows(const std::string& file = "out.shp") const {
+    std::vector<std::string> rows;
+    const GDALDatasetUniquePtr dataset(GDALDataset::Open(folder.Native(file).c_str(), GDAL_OF_VECTOR));
+    if (!dataset) return rows;
+    for (const auto& feature : *dataset->GetLayer(0)) {
+      std::string row;
+      for (int field = 0; field < feature->GetFieldCount(); ++field) {
+        const bool number = feature->GetFieldDefnRef(field)->GetType() == OFTReal;
+        row += (!feature->IsFieldSetAndNotNull(field) ? "NULL"
+                : number ? NumberText(feature->GetFieldAsDouble(field))
+                         : std::string(feature->GetFieldAsString(field))) +
+               " ";
+      }
+      const OGRGeometry* shape = feature->GetGeometryRef();
+      rows.push_back(row + (shape != nullptr ? shape->exportToWkt() : "none"));
+    }
+    return rows;
+  }
+  /// The names of the fields, and the name of the reference.
+  std::string Layout(const std::string& file = "out.shp") const {
+    const GDALDatasetUniquePtr dataset(GDALDataset::Open(folder.Native(file).c_str(), GDAL_OF_VECTOR));
+    if (!dataset) return "";
+    OGRLayer& layer = *dataset->GetLayer(0);
+    std::string names;
+    for (int field = 0; field < layer.GetLayerDefn()->GetFieldCount(); ++field) {
+      names += std::string(layer.GetLayerDefn()->GetFieldDefn(field)->GetNameRef()) + " ";
+    }
+    return names + (layer.GetSpatialRef() != nullptr ? layer.GetSpatialRef()->GetName() : "");
+  }
+};
+
+}  // namespace tessarine::testing
