@@ -1,5 +1,6 @@
 #include "engine/local_system.h"
 
+#include <cpl_string.h>
 #include <pwd.h>
 #include <spawn.h>
 #include <sys/wait.h>
@@ -9,6 +10,8 @@
 #include <cstdlib>
 #include <ctime>
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <system_error>
 
 #include "platform/paths.h"
@@ -17,6 +20,24 @@ extern char** environ;
 
 namespace tessarine {
 namespace fs = std::filesystem;
+
+namespace {
+
+std::string Utf8FromLatin1(std::string_view bytes) {
+  std::string text;
+  for (const char c : bytes) {
+    const auto byte = static_cast<unsigned char>(c);
+    if (byte < 0x80U) {
+      text += c;
+    } else {
+      text += static_cast<char>(0xC0U | (byte >> 6U));
+      text += static_cast<char>(0x80U | (byte & 0x3FU));
+    }
+  }
+  return text;
+}
+
+}  // namespace
 
 Date SystemClock::Now() const {
   const auto now = std::chrono::system_clock::now();
@@ -34,6 +55,18 @@ bool LocalOperatingSystem::Exists(const std::string& path) const {
 bool LocalOperatingSystem::IsFile(const std::string& path) const {
   std::error_code error;
   return fs::is_regular_file(ToNativePath(path), error);
+}
+
+std::string LocalOperatingSystem::ReadTextFile(const std::string& path) const {
+  const std::string native = ToNativePath(path);
+  if (!IsFile(path)) Raise(kPathNotFound, "There is no file '" + native + "'.");
+  std::ifstream file(native, std::ios::binary);
+  std::string bytes{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+  if (!file) Raise(kInvalidCall, "The file '" + native + "' can't be read: check its permissions.");
+  constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+  if (bytes.starts_with(kByteOrderMark)) bytes.erase(0, kByteOrderMark.size());
+  const bool utf8 = CPLIsUTF8(bytes.data(), static_cast<int>(bytes.size())) != 0;
+  return utf8 ? bytes : Utf8FromLatin1(bytes);
 }
 
 std::string LocalOperatingSystem::LongPathName(const std::string& path) const {

@@ -16,6 +16,7 @@ class LocalOperatingSystem : public IOperatingSystem {
  public:
   [[nodiscard]] bool Exists(const std::string& path) const override;
   [[nodiscard]] bool IsFile(const std::string& path) const override;
+  [[nodiscard]] std::string ReadTextFile(const std::string& path) const override;
   [[nodiscard]] std::string LongPathName(const std::string& path) const override;
   [[nodiscard]] std::string UserName() const override;
   /// Hands the file to the desktop's opener, which works on after the program has ended.

@@ -57,8 +57,8 @@ std::shared_ptr<const GeographicCoordinateSystem> GeographicOf(const OGRSpatialR
   auto datum = DatumOf(reference);
   const double tolerance = kToleranceMetres / datum->Spheroid()->SemiMajorAxis() / radians;
   const char* name = reference.GetName();
-  return std::make_shared<GeographicCoordinateSystem>(name != nullptr ? name : "", WktOf(reference),
-                                                      CodeOf(reference), tolerance, std::move(datum),
+  return std::make_shared<GeographicCoordinateSystem>(name != nullptr ? name : "", WktOf(reference), CodeOf(reference),
+                                                      tolerance, std::move(datum),
                                                       CoordinateUnit{unit_name != nullptr ? unit_name : "", radians});
 }
 
@@ -86,15 +86,30 @@ std::shared_ptr<const Spheroid> SpheroidOf(PJ_CONTEXT* context, const PJ* ellips
   return std::make_shared<Spheroid>(proj_get_name(ellipsoid), major, minor);
 }
 
-// An ellipsoid of this code, or the ellipsoid of a reference of this code.
-std::shared_ptr<const Spheroid> FindSpheroid(PJ_CONTEXT* context, const char* authority, const std::string& code) {
-  ProjObject ellipsoid(
-      proj_create_from_database(context, authority, code.c_str(), PJ_CATEGORY_ELLIPSOID, 0, nullptr));
-  if (!ellipsoid) {
-    const ProjObject crs(proj_create_from_database(context, authority, code.c_str(), PJ_CATEGORY_CRS, 0, nullptr));
-    if (crs) ellipsoid.reset(proj_get_ellipsoid(context, crs.get()));
-  }
-  return ellipsoid ? SpheroidOf(context, ellipsoid.get()) : nullptr;
+// An ellipsoid of this code.
+ProjObject FindEllipsoid(PJ_CONTEXT* context, const char* authority, const std::string& code) {
+  return ProjObject(proj_create_from_database(context, authority, code.c_str(), PJ_CATEGORY_ELLIPSOID, 0, nullptr));
+}
+
+// The ellipsoid of a reference of this code.
+ProjObject FindEllipsoidOfReference(PJ_CONTEXT* context, const char* authority, const std::string& code) {
+  const ProjObject crs(proj_create_from_database(context, authority, code.c_str(), PJ_CATEGORY_CRS, 0, nullptr));
+  return ProjObject(crs ? proj_get_ellipsoid(context, crs.get()) : nullptr);
+}
+
+// The reference of a text with its axes longitude or easting first, as the suite keeps coordinates.
+ProjObject EastFirst(PJ_CONTEXT* context, const std::string& wkt) {
+  ProjObject reference(proj_create(context, wkt.c_str()));
+  if (!reference) return nullptr;
+  ProjObject turned(proj_normalize_for_visualization(context, reference.get()));
+  return turned ? std::move(turned) : std::move(reference);
+}
+
+// Names that the registry knows for the same thing don't count, nor does the order in which a text gives the axes.
+bool AreEquivalent(const std::string& first, const std::string& second) {
+  thread_local const ProjContext context = QuietContext();
+  const ProjObject a = EastFirst(context.get(), first), b = EastFirst(context.get(), second);
+  return a && b && proj_is_equivalent_to_with_ctx(context.get(), a.get(), b.get(), PJ_COMP_EQUIVALENT) != 0;
 }
 
 }  // namespace
@@ -116,9 +131,9 @@ SpatialReferenceRef ReferenceFromOgr(const OGRSpatialReference* reference) {
   const char* unit_name = nullptr;
   const double metres = own->GetLinearUnits(&unit_name);
   const char* name = own->GetName();
-  return std::make_shared<ProjectedCoordinateSystem>(
-      name != nullptr ? name : "", WktOf(*own), CodeOf(*own), kToleranceMetres / metres, GeographicOf(*geographic),
-      CoordinateUnit{unit_name != nullptr ? unit_name : "", metres});
+  return std::make_shared<ProjectedCoordinateSystem>(name != nullptr ? name : "", WktOf(*own), CodeOf(*own),
+                                                     kToleranceMetres / metres, GeographicOf(*geographic),
+                                                     CoordinateUnit{unit_name != nullptr ? unit_name : "", metres});
 }
 
 OgrReference OgrFromReference(const SpatialReference& reference) {
@@ -138,11 +153,16 @@ bool SpatialReference::IsEqual(const Object& other) const {
   if (reference == nullptr) return false;
   if (reference->wkt_ == wkt_) return true;
   if (wkt_.empty() || reference->wkt_.empty()) return false;
-  const GdalErrorScope quiet;
-  const OgrReference first = engine::OgrFromReference(*this);
-  const OgrReference second = engine::OgrFromReference(*reference);
-  const char* const options[] = {"IGNORE_DATA_AXIS_TO_SRS_AXIS_MAPPING=YES", "CRITERION=EQUIVALENT", nullptr};
-  return first->IsSame(second.get(), options) != 0;
+  // Whole layers are compared shape by shape, and reading the texts costs far more than comparing them.
+  struct Answer {
+    std::string first, second;
+    bool equal = false;
+  };
+  thread_local Answer last;
+  if (last.first != wkt_ || last.second != reference->wkt_) {
+    last = {wkt_, reference->wkt_, AreEquivalent(wkt_, reference->wkt_)};
+  }
+  return last.equal;
 }
 
 std::shared_ptr<const GeographicCoordinateSystem> SpatialReferenceEnvironment::CreateGeographicCoordinateSystem(
@@ -159,9 +179,16 @@ std::shared_ptr<const GeographicCoordinateSystem> SpatialReferenceEnvironment::C
 }
 
 std::shared_ptr<const Spheroid> SpatialReferenceEnvironment::CreateSpheroid(std::int32_t code) {
-  const ProjContext context = QuietContext();
-  for (const char* authority : kAuthorities) {
-    if (auto spheroid = FindSpheroid(context.get(), authority, std::to_string(code))) return spheroid;
+  // Opening the database costs far more than a look into it.
+  thread_local const ProjContext context = QuietContext();
+  // An authority gives the same number to an ellipsoid and to a reference that has nothing to do with it, so a
+  // reference only counts when no authority has an ellipsoid of this code.
+  for (const auto find : {FindEllipsoid, FindEllipsoidOfReference}) {
+    for (const char* authority : kAuthorities) {
+      const ProjObject ellipsoid = find(context.get(), authority, std::to_string(code));
+      if (!ellipsoid) continue;
+      if (auto spheroid = SpheroidOf(context.get(), ellipsoid.get())) return spheroid;
+    }
   }
   Raise(kInvalidCall, "No spheroid has the code " + std::to_string(code) + ".");
 }

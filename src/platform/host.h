@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -98,6 +99,8 @@ class IGxDialog : public virtual Object {
 /// The host's dialog for choosing a reference.
 class ISpatialReferenceDialog2 : public virtual Object {
  public:
+  /// The reference that the dialog begins with; nothing begins with none.
+  virtual void SetInitial(const SpatialReferenceRef&) {}
   /// Nothing when the user gave up.
   [[nodiscard]] virtual SpatialReferenceRef DoModalCreate(std::int32_t parent) = 0;
 };
@@ -132,6 +135,11 @@ class IRegistry {
   virtual ~IRegistry() = default;
   /// The text value with its terminating null, empty when it isn't there.
   [[nodiscard]] virtual std::string QueryLocalMachine(const std::string& key, const std::string& value) const = 0;
+  /// The double-word value; nothing when it isn't there or is a text.
+  [[nodiscard]] virtual std::optional<std::uint32_t> QueryLocalMachineNumber(const std::string&,
+                                                                             const std::string&) const {
+    return std::nullopt;
+  }
 };
 
 /// Services of the operating system. All paths are backslash paths.
@@ -141,6 +149,9 @@ class IOperatingSystem {
   /// True for files and folders alike.
   [[nodiscard]] virtual bool Exists(const std::string& path) const = 0;
   [[nodiscard]] virtual bool IsFile(const std::string& path) const = 0;
+  /// The whole text of a file as UTF-8, without a byte order mark; bytes that are no UTF-8 are read as Latin-1. Fault
+  /// 76 when there is no such file, 5 when it can't be read.
+  [[nodiscard]] virtual std::string ReadTextFile(const std::string& path) const = 0;
   /// The absolute form of the path; empty when there is none.
   [[nodiscard]] virtual std::string LongPathName(const std::string& path) const = 0;
   [[nodiscard]] virtual std::string UserName() const = 0;
@@ -175,6 +186,10 @@ class IHost {
   /// Gives the event queue its turn.
   virtual void PumpEvents() = 0;
   virtual void RestoreMousePointer() = 0;
+  /// Shows the hourglass until the pointer is restored; hosts without a pointer do nothing.
+  virtual void ShowWaitPointer() {}
+  /// The short sound at the end of a run; hosts without one stay silent.
+  virtual void Beep() {}
 
   [[nodiscard]] virtual std::shared_ptr<IErrorDialog> CreateErrorDialog() = 0;
   [[nodiscard]] virtual std::shared_ptr<IModelessFrame> CreateModelessFrame() = 0;

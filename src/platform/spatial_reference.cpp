@@ -6,6 +6,14 @@ bool SpatialReference::IsXYPrecisionEqual(const SpatialReference& other) const {
   return XYResolution() == other.XYResolution();
 }
 
+ObjectRef Spheroid::Clone() const { return std::make_shared<Spheroid>(*this); }
+
+bool Spheroid::IsEqual(const Object& other) const {
+  const auto* spheroid = dynamic_cast<const Spheroid*>(&other);
+  return spheroid != nullptr && spheroid->name_ == name_ && spheroid->semi_major_axis_ == semi_major_axis_ &&
+         spheroid->semi_minor_axis_ == semi_minor_axis_;
+}
+
 ObjectRef GeographicCoordinateSystem::Clone() const { return std::make_shared<GeographicCoordinateSystem>(*this); }
 
 ObjectRef ProjectedCoordinateSystem::Clone() const { return std::make_shared<ProjectedCoordinateSystem>(*this); }

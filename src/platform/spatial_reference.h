@@ -12,7 +12,7 @@
 namespace tessarine {
 
 /// The figure of a body: an ellipsoid of revolution, or a sphere with equal axes. Axes in metres.
-class Spheroid final : public virtual Object {
+class Spheroid final : public IClone {
  public:
   Spheroid(std::string name, double semi_major_axis, double semi_minor_axis)
       : name_(std::move(name)), semi_major_axis_(semi_major_axis), semi_minor_axis_(semi_minor_axis) {}
@@ -20,6 +20,9 @@ class Spheroid final : public virtual Object {
   [[nodiscard]] const std::string& Name() const { return name_; }
   [[nodiscard]] double SemiMajorAxis() const { return semi_major_axis_; }
   [[nodiscard]] double SemiMinorAxis() const { return semi_minor_axis_; }
+
+  [[nodiscard]] ObjectRef Clone() const override;
+  [[nodiscard]] bool IsEqual(const Object& other) const override;
 
  private:
   std::string name_;

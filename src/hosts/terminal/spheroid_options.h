@@ -1,0 +1,47 @@
+// The spheroid that a command computes on: one of the catalogue by its name or code, or two radii.
+#pragma once
+
+#include <CLI/App.hpp>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/form.h"
+#include "platform/spheroid_catalog.h"
+
+namespace tessarine {
+
+struct SpheroidOptions {
+  std::string spheroid;  ///< a name or a code
+  std::string radii;     ///< "A,B" in metres
+};
+
+struct ChosenSpheroid {
+  std::string name;  ///< "Custom Spheroid" for radii
+  double semi_major_axis = 0.0, semi_minor_axis = 0.0;
+  std::optional<SpheroidList> list;  ///< nothing for radii
+};
+
+/// Adds --spheroid and --radii, which exclude each other.
+void AddSpheroidOptions(CLI::App& command, SpheroidOptions& options);
+
+/// What the options name; nothing when none was given. Names compare without regard to case, blanks and hyphens;
+/// custom spheroids go before planets, these before Earth. Raises `Refusal`, which lists near matches. A host must be
+/// set: it knows where the custom file lies.
+[[nodiscard]] std::optional<ChosenSpheroid> ChooseSpheroid(const SpheroidOptions& options);
+
+/// Sets the controls of an open spheroid dialog to the choice, through its own lists and boxes; OK is the caller's.
+void FillSpheroidForm(Form& form, const ChosenSpheroid& choice);
+
+/// The catalogue of the suite.
+[[nodiscard]] std::shared_ptr<ISpheroidCatalog> SpheroidCatalog();
+
+/// Names like the text, the nearest first, up to five: those that hold it or that it holds, and those a few letters
+/// away.
+[[nodiscard]] std::vector<std::string> NearSpheroidNames(const std::string& text,
+                                                         const std::vector<NamedSpheroid>& spheroids);
+/// " Near are: ..." or a hint at the list, to stand behind a refusal.
+[[nodiscard]] std::string NearSpheroidsHint(const std::string& text, const std::vector<NamedSpheroid>& spheroids);
+
+}  // namespace tessarine
