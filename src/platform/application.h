@@ -88,6 +88,32 @@ class IApplication : public virtual Object {
   [[nodiscard]] virtual ObjectRef FindExtensionByCLSID(const UID& uid) const = 0;
 };
 
+enum esriEditState : std::int32_t {
+  esriStateNotEditing = 0,
+  esriStateEditing = 1,
+  esriStateEditingUnfocused = 2,
+};
+
+/// The host's editor, an extension of the identifier "esriEditor.Editor"; hosts without one have none.
+class IEditor : public virtual Object {
+ public:
+  [[nodiscard]] virtual esriEditState EditState() const = 0;
+};
+
+/// An open window that shows a table.
+class ITableWindow : public virtual Object {
+ public:
+  /// Reads the table again and repaints.
+  virtual void Refresh() = 0;
+};
+
+/// What an application answers that can show tables.
+class ITableWindows : public virtual Object {
+ public:
+  /// The window that shows the layer's table, nothing when none is open.
+  [[nodiscard]] virtual std::shared_ptr<ITableWindow> FindViaLayer(const std::shared_ptr<ILayer>& layer) const = 0;
+};
+
 // What the suite implements.
 
 class IExtension : public virtual Object {

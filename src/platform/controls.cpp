@@ -157,6 +157,7 @@ std::int32_t ListBox::SelCount() const {
 
 void ComboBox::Clear() {
   items_.clear();
+  if (DropDownList) text_.clear();
   list_index_ = -1;
   Changed();
 }
@@ -175,7 +176,12 @@ const std::string& ComboBox::List(std::int32_t index) const {
 
 void ComboBox::SetListIndex(std::int32_t index) {
   if (index == list_index_) return;
-  if (index != -1) text_ = List(index);
+  // What stands in a list that can't be edited is always one of its lines, or nothing.
+  if (index != -1) {
+    text_ = List(index);
+  } else if (DropDownList) {
+    text_.clear();
+  }
   list_index_ = index;
   Changed();
   Fire(Click);

@@ -133,6 +133,19 @@ class IClass : public virtual Object {
   virtual void AddField(const FieldRef& field) = 0;
 };
 
+/// How the rows of a class may be changed.
+class IObjectClassInfo2 : public virtual Object {
+ public:
+  /// True when rows can be written outside of an edit session; False for data that can only be read.
+  [[nodiscard]] virtual bool CanBypassEditSession() const = 0;
+};
+
+/// A class that may be kept in versions.
+class IVersionedObject : public virtual Object {
+ public:
+  [[nodiscard]] virtual bool IsRegisteredAsVersioned() const = 0;
+};
+
 class ITable : public virtual IClass, public virtual IDataset {
  public:
   [[nodiscard]] virtual std::int32_t RowCount(const QueryFilter* filter) const = 0;
@@ -171,6 +184,13 @@ class ISelectionSet : public virtual Object {
   [[nodiscard]] virtual std::int32_t Count() const = 0;
   /// A cursor over the selected rows in the order of their identifiers; an `IFeatureCursor` for features.
   [[nodiscard]] virtual std::shared_ptr<ICursor> Search(const QueryFilter* filter, bool recycling) = 0;
+};
+
+/// A selection whose rows can be changed.
+class ISelectionSet2 : public virtual ISelectionSet {
+ public:
+  /// Like `Search`, with a cursor that also writes rows back.
+  [[nodiscard]] virtual std::shared_ptr<ICursor> Update(const QueryFilter* filter, bool recycling) = 0;
 };
 
 /// The edit session of a workspace.

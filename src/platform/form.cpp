@@ -81,6 +81,14 @@ void Form::CloseByUser() {
   Unload();
 }
 
+void Form::MouseMoved(const Control* control) {
+  if (control == nullptr) {
+    Form_MouseMove();
+  } else if (control->MouseMove) {
+    control->MouseMove();
+  }
+}
+
 void Form::Refresh() {
   if (OnRefresh) OnRefresh();
 }

@@ -74,6 +74,8 @@ class Control : public virtual Object {
   void Refresh();
 
   std::function<void()> GotFocus, LostFocus;
+  /// The mouse moved over the control.
+  std::function<void()> MouseMove;
 
  protected:
   void Changed();
@@ -105,6 +107,8 @@ class Label final : public Captioned {
   using Captioned::Captioned;
   [[nodiscard]] bool Bold() const { return bold_; }
   void SetBold(bool bold) { bold_ = bold, Changed(); }
+  /// Makes the label a link.
+  std::function<void()> Click;
 
  private:
   bool bold_ = false;
@@ -290,6 +294,8 @@ class Form : public Container {
   [[nodiscard]] double MinimumWidth() const { return minimum_width_; }
   [[nodiscard]] double MinimumHeight() const { return minimum_height_; }
 
+  [[nodiscard]] std::int32_t BackColor() const { return back_color_; }
+  void SetBackColor(std::int32_t color) { back_color_ = color, Notify(nullptr); }
   /// True when the form keeps above the host's windows.
   [[nodiscard]] bool Topmost() const { return topmost_; }
   void SetTopmost(bool topmost) { topmost_ = topmost; }
@@ -315,6 +321,8 @@ class Form : public Container {
   void Unload();
   /// What the title bar's close box does: `Form_QueryUnload`, then unloads.
   void CloseByUser();
+  /// What a view calls when the mouse moves over a control, or over the form itself (nothing).
+  void MouseMoved(const Control* control);
   void Refresh();
 
   // A view's ears: called after any change of a control (nothing stands for the form itself), and when the form
@@ -330,6 +338,7 @@ class Form : public Container {
   virtual void Form_Resize() {}
   virtual void Form_Unload() {}
   virtual void Form_QueryUnload() {}
+  virtual void Form_MouseMove() {}
 
  private:
   friend class Control;
@@ -337,6 +346,7 @@ class Form : public Container {
 
   std::string name_, caption_;
   double left_ = 0.0, top_ = 0.0, minimum_width_ = 0.0, minimum_height_ = 0.0;
+  std::int32_t back_color_ = kButtonFace;
   bool topmost_ = false, loaded_ = false, visible_ = false;
   std::vector<Control*> controls_;
   Control* active_ = nullptr;

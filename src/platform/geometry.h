@@ -273,6 +273,8 @@ class Path : public IGeometry, public ICurve, public IPointCollection, public IS
   void ReverseOrientation();
   /// Rises with every change; a shape compares it to know whether it is still as it was simplified.
   [[nodiscard]] std::uint64_t ChangeCount() const { return changes_; }
+  /// Rises with every change to the number of vertices of any path, in this thread.
+  [[nodiscard]] static std::uint64_t SizeChanges();
 
   [[nodiscard]] esriGeometryType GeometryType() const override { return esriGeometryPath; }
   [[nodiscard]] bool IsEmpty() const override { return vertices_.empty(); }
@@ -305,6 +307,8 @@ class Path : public IGeometry, public ICurve, public IPointCollection, public IS
   void Move(double dx, double dy) override;
 
  private:
+  void NoteSizeChange();
+
   std::vector<XY> vertices_;
   // A curve keeps its shape between the ends that it was given. When vertices move, the curve follows from that shape,
   // so that a walk which moves every vertex in turn moves the curve as a whole.
@@ -409,14 +413,14 @@ class PartedShape : public IGeometry,
 
   std::vector<std::shared_ptr<Path>> parts_;
   std::uint64_t changes_ = 0;
+  std::uint64_t part_changes_ = 0;
   std::uint64_t simple_stamp_ = 0;
   bool simple_ = false;
-  // Where the last look-up by index ended, so that a walk in order costs nothing per step. A change to the sizes of
-  // the parts makes the place stale, which its stamp tells; it is looked at when a walk leaves its part.
+  // Where the last look-up by index ended, so that a walk in order costs nothing per step. Any change to the sizes of
+  // parts makes the place stale, which its stamp tells.
   struct CachedPlace {
     std::size_t part = 0;
     std::int32_t first = 0;
-    std::int32_t next = 0;
     std::uint64_t stamp = 0;
   };
   template <class Count>

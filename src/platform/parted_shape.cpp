@@ -29,6 +29,7 @@ void PartedShape::MarkSimple() {
 void PartedShape::SetParts(std::vector<std::shared_ptr<Path>> parts) {
   // The stamp must rise even if the new parts were changed less often than the old ones.
   changes_ = Stamp() + 1;
+  ++part_changes_;
   parts_ = std::move(parts);
 }
 
@@ -43,6 +44,7 @@ void PartedShape::CopyPartsTo(PartedShape& target) const {
 
 void PartedShape::AppendPart(std::shared_ptr<Path> part) {
   ++changes_;
+  ++part_changes_;
   parts_.push_back(std::move(part));
 }
 
@@ -114,14 +116,8 @@ std::int32_t PartedShape::SegmentCount() const {
 template <class Count>
 PartedShape::Place PartedShape::FindPlace(std::int32_t index, CachedPlace& cache, const char* what,
                                           Count&& count) const {
-  if (index == cache.next && cache.part < parts_.size() && index >= cache.first &&
-      index < cache.first + count(*parts_[cache.part])) {
-    ++cache.next;
-    return {cache.part, index - cache.first};
-  }
-  const std::uint64_t stamp = Stamp();
-  if (index < cache.first || cache.part >= parts_.size() || cache.stamp != stamp) cache = {0, 0, 0, stamp};
-  cache.next = index + 1;
+  const std::uint64_t stamp = Path::SizeChanges() + part_changes_;
+  if (index < cache.first || cache.part >= parts_.size() || cache.stamp != stamp) cache = {0, 0, stamp};
   for (; cache.part < parts_.size(); ++cache.part) {
     const std::int32_t in_part = count(*parts_[cache.part]);
     if (index >= 0 && index < cache.first + in_part) return {cache.part, index - cache.first};

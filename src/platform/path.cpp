@@ -7,6 +7,8 @@
 namespace tessarine {
 namespace {
 
+thread_local std::uint64_t size_changes = 0;
+
 std::size_t Checked(std::int32_t index, std::int32_t count, const char* what) {
   if (index < 0 || index >= count) {
     Raise(kInvalidCall, std::string("The path has no ") + what + " " + std::to_string(index) + "; it has " +
@@ -31,13 +33,20 @@ std::span<const Path::CurveAt> Path::Curves() const {
   return curves_;
 }
 
+std::uint64_t Path::SizeChanges() { return size_changes; }
+
+void Path::NoteSizeChange() {
+  ++changes_;
+  ++size_changes;
+}
+
 void Path::SetVertices(std::vector<XY> vertices) { SetVertices(std::move(vertices), {}); }
 
 void Path::SetVertices(std::vector<XY> vertices, std::vector<CurveAt> curves) {
   vertices_ = std::move(vertices);
   curves_ = std::move(curves);
   curves_lag_ = false;
-  ++changes_;
+  NoteSizeChange();
 }
 
 void Path::ReverseOrientation() {
@@ -102,7 +111,7 @@ XY Path::Point(std::int32_t index) const { return vertices_[Checked(index, Point
 
 void Path::AddPoint(XY point) {
   vertices_.push_back(point);
-  ++changes_;
+  NoteSizeChange();
 }
 
 void Path::UpdatePoint(std::int32_t index, XY point) {
@@ -144,7 +153,7 @@ void Path::AddSegment(const tessarine::Segment& segment) {
   }
   if (segment.IsCurve()) curves_.push_back({vertices_.size() - 1, segment});
   vertices_.push_back(segment.ToPoint());
-  ++changes_;
+  NoteSizeChange();
 }
 
 void Path::AddSegmentCollection(const ISegmentCollection& other) {
@@ -153,7 +162,7 @@ void Path::AddSegmentCollection(const ISegmentCollection& other) {
     if (!vertices_.empty()) vertices_.pop_back();
     vertices_.insert(vertices_.end(), path->vertices_.begin(), path->vertices_.end());
     curves_lag_ = !curves_.empty();
-    ++changes_;
+    NoteSizeChange();
     return;
   }
   const std::int32_t count = other.SegmentCount();

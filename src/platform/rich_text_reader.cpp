@@ -145,14 +145,12 @@ class RtfReader {
       if (state_.passed_over) return;
       EndRun();
       EndParagraph();
-    } else if (word == "pard") {
-      paragraph_.alignment = RichParagraph::Alignment::Left;
+    } else if (word == "pard" || word == "ql") {
+      Align(RichParagraph::Alignment::Left);
     } else if (word == "qc") {
-      paragraph_.alignment = RichParagraph::Alignment::Center;
-    } else if (word == "ql") {
-      paragraph_.alignment = RichParagraph::Alignment::Left;
+      Align(RichParagraph::Alignment::Center);
     } else if (word == "qr") {
-      paragraph_.alignment = RichParagraph::Alignment::Right;
+      Align(RichParagraph::Alignment::Right);
     } else if (word == "tab") {
       PutByte('\t');
     } else if (word == "u") {
@@ -181,6 +179,10 @@ class RtfReader {
     }
     EndRun();
     state_.format = format;
+  }
+
+  void Align(RichParagraph::Alignment alignment) {
+    if (!state_.passed_over) paragraph_.alignment = alignment;
   }
 
   // A character by its number, then its substitutes for readers that know no such number.

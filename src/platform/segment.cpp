@@ -122,38 +122,64 @@ void AddExtremes(const BezierCurve& curve, Envelope& box) {
   add_roots(curve.from.y, curve.control1.y, curve.control2.y, curve.to.y);
 }
 
-// Green's theorem about the curve's own start, so that no precision is lost far from the origin.
+// The area between a curve and its chord, and that area's first moments.
 struct Moments {
   double area = 0.0, x = 0.0, y = 0.0;
 };
-template <class Curve>
-Moments BeyondChord(const Curve& curve) {
+Moments BeyondChord(const Line&) { return {}; }
+
+// sweep - sin(sweep), also where the two nearly cancel.
+double SweepMinusSine(double sweep) {
+  if (std::fabs(sweep) > 1.0) return sweep - std::sin(sweep);
+  double term = sweep * sweep * sweep / 6.0, sum = 0.0;
+  for (int order = 5; order <= 23; order += 2) {
+    sum += term;
+    term *= -sweep * sweep / (order * (order - 1));
+  }
+  return sum;
+}
+
+// The segment of the unit circle about the origin from the angle `start`.
+Moments CircleSegment(double start, double sweep) {
+  const double half_sine = std::sin(sweep / 2.0);
+  const double reach = 2.0 / 3.0 * half_sine * half_sine * half_sine;
+  const double middle = start + sweep / 2.0;
+  return {SweepMinusSine(sweep) / 2.0, reach * std::cos(middle), reach * std::sin(middle)};
+}
+
+Moments BeyondChord(const EllipticArc& arc) {
+  const Moments unit = CircleSegment(arc.start, arc.sweep);
+  const double scale = arc.semi_major * arc.semi_minor;
+  const double along = scale * arc.semi_major * unit.x, across = scale * arc.semi_minor * unit.y;
+  const double c = std::cos(arc.rotation), s = std::sin(arc.rotation);
+  const double area = scale * unit.area;
+  return {area, area * arc.center.x + along * c - across * s, area * arc.center.y + along * s + across * c};
+}
+
+Moments BeyondChord(const CircularArc& arc) {
+  if (arc.sweep == 0.0) return {};
+  const double radius = arc.Radius();
+  const double start = std::atan2(arc.from.y - arc.center.y, arc.from.x - arc.center.x);
+  return BeyondChord(EllipticArc{arc.from, arc.to, arc.center, radius, radius, 0.0, start, arc.sweep});
+}
+
+// Green's theorem about the curve's own start, so that no precision is lost far from the origin. The integrands are
+// polynomials of degree 5 and 8, which the rule takes exactly. The chord adds nothing to them.
+Moments BeyondChord(const BezierCurve& curve) {
   const XY origin = curve.from;
-  const auto local = [&](double t) {
-    const XY at = At(curve, t);
-    return XY{at.x - origin.x, at.y - origin.y};
-  };
-  Moments moments;
-  // The chord runs from the local origin along a straight line and so adds nothing to either integral.
-  moments.area = Integrate(
-      [&](double t) {
-        const XY p = local(t), v = Velocity(curve, t);
-        return 0.5 * (p.x * v.y - p.y * v.x);
-      },
-      0.0, 1.0);
-  const auto moment = [&](auto pick) {
-    return Integrate(
+  const auto integral = [&](auto weight) {
+    return detail::GaussRule(
         [&](double t) {
-          const XY p = local(t), v = Velocity(curve, t);
-          return pick(p) * (p.x * v.y - p.y * v.x) / 3.0;
+          const XY at = At(curve, t), v = Velocity(curve, t);
+          const XY p{at.x - origin.x, at.y - origin.y};
+          return weight(p) * (p.x * v.y - p.y * v.x);
         },
         0.0, 1.0);
   };
-  moments.x = moment([](XY p) { return p.x; }) + moments.area * origin.x;
-  moments.y = moment([](XY p) { return p.y; }) + moments.area * origin.y;
-  return moments;
+  const double area = integral([](XY) { return 0.5; });
+  return {area, integral([](XY p) { return p.x / 3.0; }) + area * origin.x,
+          integral([](XY p) { return p.y / 3.0; }) + area * origin.y};
 }
-Moments BeyondChord(const Line&) { return {}; }
 
 // A similarity: scale and turn as one complex factor, then a move.
 struct Similarity {

@@ -122,6 +122,20 @@ std::string PlainNumber(std::string_view text) {
   return at == trimmed.size() ? plain : "";
 }
 
+// Whether a plain number's first digit that isn't 0 stands behind the point, its power of ten counted in.
+bool IsBelowOne(std::string_view plain) {
+  const std::size_t mark = std::min(plain.find('e'), plain.size());
+  const std::size_t point = std::min(plain.find('.'), mark);
+  const std::size_t first = std::min(plain.find_first_of("123456789"), mark);
+  const std::ptrdiff_t places = static_cast<std::ptrdiff_t>(point) - static_cast<std::ptrdiff_t>(first);
+  std::int64_t power = 0;
+  const std::string_view digits = plain.substr(std::min(mark + 1, plain.size()));
+  if (std::from_chars(digits.data(), digits.data() + digits.size(), power).ec == std::errc::result_out_of_range) {
+    return digits.front() == '-';
+  }
+  return places + power <= 0;
+}
+
 bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
 
 char LowerLetter(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
@@ -174,9 +188,7 @@ double ToNumber(std::string_view text) {
   double value = 0.0;
   const auto [end, error] = std::from_chars(plain.data(), plain.data() + plain.size(), value);
   if (error == std::errc::result_out_of_range) {
-    // Too small a number is 0; the other way it is an overflow.
-    const std::size_t mark = plain.find('e');
-    if (mark != std::string::npos && plain[mark + 1] == '-') return 0.0;
+    if (IsBelowOne(plain)) return 0.0;
     Raise(kOverflow, "'" + std::string(text) + "' is too large a number.");
   }
   return value;

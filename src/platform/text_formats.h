@@ -10,7 +10,7 @@
 namespace tessarine {
 
 /// A number as it appears in running text: up to 15 significant digits, no trailing zeros, an exponent ("1E+20",
-/// "1.5E-07") where the plain form would need more than 15 places.
+/// "3.3333333333E-07") where the plain form would need more than 15 places.
 [[nodiscard]] std::string NumberText(double value);
 /// The shortest text that reads back as the same double, for machine-readable output.
 [[nodiscard]] std::string ExactNumberText(double value);

@@ -67,14 +67,27 @@ OutputChoice ChosenPlace(const IGxDialog& dialog, OutputKind kind) {
   return chosen;
 }
 
-MessageAnswer RefuseCategory(const std::string& category) {
+// Any category that begins as the geodatabases' do.
+OutputKind KindOfAnyPlace(std::string_view category) {
+  if (category.starts_with("File Geodatabase")) return kFileGeodatabase;
+  if (category.starts_with("Personal Geodatabase")) return kPersonalGeodatabase;
+  return KindOfPlace(category);
+}
+
+MessageAnswer RefuseCategory(const std::string& category, const std::string& line_break) {
   return Host().MessageBox().Show(
       "Unexpected Feature Class Type (" + category +
-          ")!\r\nThis function will only create shapefiles or feature classes in "
-          "\r\nFile or Personal GeoDatabases.  Please click 'OK' to select a "
-          "\r\nnew Feature Class Name, or 'Cancel' to bail out.",
+          ")!\r\nThis function will only create shapefiles or feature classes in " + line_break +
+          "File or Personal GeoDatabases.  Please click 'OK' to select a " + line_break +
+          "new Feature Class Name, or 'Cancel' to bail out.",
       "Invalid Feature Class Type:", MessageButtons::OkCancel);
 }
+
+struct BrowseRules {
+  std::string title;
+  OutputKind (*kind_of)(std::string_view category);
+  const char* refusal_line_break;
+};
 
 }  // namespace
 
@@ -87,28 +100,38 @@ std::string OutputChoice::FullPath() const {
   return Directory + "\\" + (IsFeatureDataset ? FeatureDatasetName + "\\" : "") + Name;
 }
 
+OutputChoice RememberedPlace(const clsExtension& extension, const std::shared_ptr<IApplication>& application) {
+  OutputChoice place;
+  place.Directory = extension.DirectoryPath;
+  place.IsFeatureDataset = extension.IsFeatureDataset;
+  place.FeatureDatasetName = extension.FeatDatasetName;
+  place.Kind = extension.DirectoryType.empty() ? kShapefile : KindOfDirectoryType(extension.DirectoryType);
+  if (!ExistFileDir(place.Directory) || place.Kind == kUnknownOutput) {
+    place.Directory = ReturnDir(GetFullFileString(GetMxDocPath(application)));
+    place.Kind = kShapefile;
+  }
+  place.Directory = WithoutTrailingSlash(place.Directory);
+  if (place.Kind == kShapefile) {
+    place.IsFeatureDataset = false;
+    place.FeatureDatasetName.clear();
+  }
+  return place;
+}
+
+OutputChoice ProposeName(OutputChoice place, const std::string& base_name) {
+  if (place.Kind == kShapefile) {
+    const std::string path = MakeUniqueShapeFilename(place.Directory + "\\" + base_name + ".shp");
+    place.Directory = WithoutTrailingSlash(ReturnDir(path));
+    place.Name = ReturnFilename(path);
+    return place;
+  }
+  place.Name = MakeUniqueGDBFeatureClassName(OpenGeodatabase(place.Kind, place.Directory), base_name);
+  return place;
+}
+
 OutputChoice ProposeOutput(const clsExtension& extension, const std::shared_ptr<IApplication>& application,
                            std::string base_name) {
-  OutputChoice choice;
-  choice.Directory = extension.DirectoryPath;
-  choice.IsFeatureDataset = extension.IsFeatureDataset;
-  choice.FeatureDatasetName = extension.FeatDatasetName;
-  choice.Kind = extension.DirectoryType.empty() ? kShapefile : KindOfDirectoryType(extension.DirectoryType);
-  if (!ExistFileDir(choice.Directory) || choice.Kind == kUnknownOutput) {
-    choice.Directory = ReturnDir(GetFullFileString(GetMxDocPath(application)));
-    choice.Kind = kShapefile;
-  }
-  choice.Directory = WithoutTrailingSlash(choice.Directory);
-  if (choice.Kind == kShapefile) {
-    choice.IsFeatureDataset = false;
-    choice.FeatureDatasetName.clear();
-    const std::string path = MakeUniqueShapeFilename(choice.Directory + "\\" + base_name + ".shp");
-    choice.Directory = WithoutTrailingSlash(ReturnDir(path));
-    choice.Name = ReturnFilename(path);
-    return choice;
-  }
-  choice.Name = MakeUniqueGDBFeatureClassName(OpenGeodatabase(choice.Kind, choice.Directory), base_name);
-  return choice;
+  return ProposeName(RememberedPlace(extension, application), base_name);
 }
 
 void FollowTypedPath(const std::string& text, OutputChoice& choice) {
@@ -124,23 +147,35 @@ void FollowTypedPath(const std::string& text, OutputChoice& choice) {
   }
 }
 
-bool BrowseForOutput(const std::string& text, OutputChoice& choice) {
+namespace {
+
+bool Browse(const std::string& text, OutputChoice& choice, const BrowseRules& rules) {
   const std::string offered = choice.Kind == kShapefile ? MakeUniqueShapeFilename(text) : text;
   for (;;) {
     const std::shared_ptr<IGxDialog> dialog = Host().CreateGxDialog();
     dialog->AddFilter(GxFilter::FeatureClasses, true);
     dialog->SetAllowMultiSelect(false);
     dialog->SetStartingLocation(Replace(choice.Directory, "/", "\\"));
-    dialog->SetTitle("Enter the name of your new Feature Class or Shapefile:");
+    dialog->SetTitle(rules.title);
     dialog->SetName(offered);
     if (!dialog->DoModalSave(0)) return false;
     const std::string category = Require(dialog->FinalLocation(), "FinalLocation")->Category();
-    if (const OutputKind kind = KindOfPlace(category); kind != kUnknownOutput) {
+    if (const OutputKind kind = rules.kind_of(category); kind != kUnknownOutput) {
       choice = ChosenPlace(*dialog, kind);
       return true;
     }
-    if (RefuseCategory(category) != MessageAnswer::Ok) return false;
+    if (RefuseCategory(category, rules.refusal_line_break) != MessageAnswer::Ok) return false;
   }
+}
+
+}  // namespace
+
+bool BrowseForOutput(const std::string& text, OutputChoice& choice, const std::string& title) {
+  return Browse(text, choice, {title, KindOfPlace, "\r\n"});
+}
+
+bool BrowseForOutput(const std::string& text, OutputChoice& choice, AnyGeodatabasePlace) {
+  return Browse(text, choice, {"Enter the name of your new Feature Class or Shapefile:", KindOfAnyPlace, ""});
 }
 
 bool OutputWorkspaceExists(const std::string& text, const OutputChoice& choice) {

@@ -27,6 +27,11 @@ struct OutputChoice {
 /// The path without one "\" or "/" at its end.
 [[nodiscard]] std::string WithoutTrailingSlash(std::string path);
 
+/// The place, without a name, that the last run left in the extension, or beside the document when that place is gone.
+[[nodiscard]] OutputChoice RememberedPlace(const clsExtension& extension,
+                                           const std::shared_ptr<IApplication>& application);
+/// A free name in the place: the base name, with a number where it is taken.
+[[nodiscard]] OutputChoice ProposeName(OutputChoice place, const std::string& base_name);
 /// The proposal for a new output: a free name in the place that the last run left in the extension, or beside the
 /// document when that place is gone.
 [[nodiscard]] OutputChoice ProposeOutput(const clsExtension& extension,
@@ -37,7 +42,13 @@ struct OutputChoice {
 void FollowTypedPath(const std::string& text, OutputChoice& choice);
 
 /// Shows the browse dialog until the user picks a usable place or gives up. True when the choice changed.
-[[nodiscard]] bool BrowseForOutput(const std::string& text, OutputChoice& choice);
+[[nodiscard]] bool BrowseForOutput(
+    const std::string& text, OutputChoice& choice,
+    const std::string& title = "Enter the name of your new Feature Class or Shapefile:");
+/// The same, taking every item of a geodatabase for a place in it.
+struct AnyGeodatabasePlace {};
+inline constexpr AnyGeodatabasePlace kAnyGeodatabasePlace;
+[[nodiscard]] bool BrowseForOutput(const std::string& text, OutputChoice& choice, AnyGeodatabasePlace);
 
 /// True when the folder or geodatabase of the output exists; otherwise the user is told.
 [[nodiscard]] bool OutputWorkspaceExists(const std::string& text, const OutputChoice& choice);

@@ -14,7 +14,7 @@ constexpr double kBarMargin = 4.0;
 constexpr double kWidth = 280.0;
 constexpr double kSmallHeight = 108.0;
 constexpr double kExpandedHeight = 208.0;
-constexpr float kStep = 0.1F;
+constexpr double kStep = 0.1;
 constexpr std::int64_t kSecondsPerDay = 86400;
 
 }  // namespace
@@ -93,9 +93,10 @@ void ProgressForm::Form_Unload() { count_text_.clear(); }
 void ProgressForm::Est_Time_Left(std::int32_t& record, const std::string& index_text, const std::string& prefix_text) {
   Trap("Est_Time_Left", [&] {
     const double percent = MyGeneralOperations::PercentDone(record, record_count_);
-    if (static_cast<double>(next_step_ + kStep) > percent) return;
+    const double next_step = static_cast<double>(next_step_) + kStep;
+    if (next_step > percent) return;
     Host().PumpEvents();
-    next_step_ += kStep;
+    next_step_ = static_cast<float>(next_step);
     lblIndex.SetCaption(index_text);
     lblRecordNumber.SetCaption(record_count_ != 0 ? prefix_text + aml_func_mod::InsertCommas(record) + " of " +
                                                         count_text_ + "..."

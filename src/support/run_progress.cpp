@@ -3,6 +3,7 @@
 #include "platform/fault.h"
 #include "platform/text_formats.h"
 #include "support/elapsed_time.h"
+#include "support/frmOrlProgressMeter.h"
 #include "support/frmOrlProgressPercent.h"
 #include "support/progress_bail_out.h"
 #include "support/progress_text.h"
@@ -21,19 +22,25 @@ std::string StampedLine(const std::string& line) {
 
 RunProgress::RunProgress(RunProgressWords words, const std::shared_ptr<IApplication>& application,
                          const std::shared_ptr<clsExtension>& extension, std::int32_t count, bool show_dialog)
+    : RunProgress(std::move(words), application, extension, count,
+                  show_dialog ? std::make_shared<frmOrlProgressPercent>() : nullptr) {}
+
+RunProgress::RunProgress(RunProgressWords words, const std::shared_ptr<IApplication>& application,
+                         const std::shared_ptr<clsExtension>& extension, std::int32_t count,
+                         std::shared_ptr<ProgressForm> dialog)
     : words_(std::move(words)),
       application_(application),
       status_bar_(Require(application->StatusBar(), "StatusBar")),
+      dialog_(std::move(dialog)),
       count_(count),
       begin_(Host().Clock().Now()),
       last_update_(begin_) {
   status_bar_->ProgressBar()->SetPosition(1);
   status_bar_->ShowProgressBar(words_.StatusText, 1, count_, 1, true);
-  if (show_dialog) OpenDialog(extension);
+  if (dialog_) OpenDialog(extension);
 }
 
 void RunProgress::OpenDialog(const std::shared_ptr<clsExtension>& extension) {
-  dialog_ = std::make_shared<frmOrlProgressPercent>();
   dialog_->SetSetExpanded(true);
   dialog_->SetSetAutoClose(extension->ProgressDialogAutoClose);
   dialog_->SetShouldContinue(true);
@@ -76,18 +83,42 @@ bool RunProgress::UpdateDialog(std::int32_t record) {
   return !MyGeneralOperations::BailOutOfProgress(dialog_, application_);
 }
 
-void RunProgress::Finish() {
+void RunProgress::HideBar() {
   status_bar_->ProgressBar()->SetPosition(1);
   status_bar_->HideProgressBar();
+}
+
+void RunProgress::HideDialog() {
+  dialog_->Frame()->SetVisible(false);
+  dialog_->Hide();
+  dialog_ = nullptr;
+}
+
+// Only this kind of dialog closes by the button that stopped it.
+void RunProgress::OfferClose() {
+  if (Is<frmOrlProgressMeter>(dialog_)) dialog_->cmdStop.SetCaption("Close");
+}
+
+void RunProgress::Finish() {
+  HideBar();
   if (!dialog_) return;
   if (dialog_->chkClose.Value() == CheckBox::kChecked) {
-    dialog_->Frame()->SetVisible(false);
-    dialog_->Hide();
-    dialog_ = nullptr;
+    HideDialog();
     return;
   }
   dialog_->AppendDetails(StampedLine("Calculations Complete...") +
                          MyGeneralOperations::ReturnTimeElapsed(begin_, Host().Clock().Now()));
+  OfferClose();
+}
+
+void RunProgress::Stop() {
+  HideBar();
+  if (dialog_) OfferClose();
+}
+
+void RunProgress::Abandon() {
+  HideBar();
+  if (dialog_) HideDialog();
 }
 
 }  // namespace tessarine

@@ -24,17 +24,28 @@ class RunProgress {
   /// Shows the status bar and, with `show_dialog`, the progress dialog.
   RunProgress(RunProgressWords words, const std::shared_ptr<IApplication>& application,
               const std::shared_ptr<clsExtension>& extension, std::int32_t count, bool show_dialog);
+  /// The same with a progress dialog of the run's own kind; nothing shows none.
+  RunProgress(RunProgressWords words, const std::shared_ptr<IApplication>& application,
+              const std::shared_ptr<clsExtension>& extension, std::int32_t count,
+              std::shared_ptr<ProgressForm> dialog);
 
   /// One record further. Everything but the bar is brought up to date once a second and at the last record; that is
   /// also when a stop is seen. False when the user stopped the run.
   [[nodiscard]] bool Step(std::int32_t record);
   /// The run went to its end.
   void Finish();
+  /// The user stopped the run: the bar goes, and a dialog that stays open offers to close itself.
+  void Stop();
+  /// The run never began: bar and dialog go.
+  void Abandon();
 
  private:
   void OpenDialog(const std::shared_ptr<clsExtension>& extension);
   [[nodiscard]] bool Update(std::int32_t record);
   [[nodiscard]] bool UpdateDialog(std::int32_t record);
+  void HideBar();
+  void HideDialog();
+  void OfferClose();
 
   RunProgressWords words_;
   std::shared_ptr<IApplication> application_;

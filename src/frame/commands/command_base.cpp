@@ -23,7 +23,10 @@ void CommandBase::OnCreate(const ObjectRef& hook) {
 }
 
 void CommandBase::OnClick() {
-  Trap("ICommand_OnClick", [this] { Run(); });
+  Trap("ICommand_OnClick", [this] {
+    Require(document_, "IMxDocument");
+    Run();
+  });
 }
 
 void CommandBase::MarkDirty() const {

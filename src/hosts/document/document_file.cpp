@@ -250,6 +250,8 @@ std::shared_ptr<MapDocument> ReadDocumentText(std::string_view text, const std::
     root = json::parse(text);
   } catch (const json::parse_error& error) {
     Raise(kInvalidCall, "It is no JSON: byte " + std::to_string(error.byte) + " can't be read.");
+  } catch (const json::out_of_range&) {
+    Raise(kInvalidCall, "It is no JSON that can be used: a number in it is too large.");
   }
   auto document = std::make_shared<MapDocument>();
   DocumentReader(*document, folder).Read(JsonPlace(root, ""));
@@ -271,7 +273,11 @@ std::shared_ptr<MapDocument> ReadDocumentFile(const std::string& native_path) {
 }
 
 std::string WriteDocumentText(const MapDocument& document, const std::string& folder) {
-  return DocumentWriter(document, folder).Write().dump(2) + "\n";
+  try {
+    return DocumentWriter(document, folder).Write().dump(2) + "\n";
+  } catch (const json::type_error&) {
+    Raise(kInvalidCall, "The map document can't be written: a name or path in it is no UTF-8 text.");
+  }
 }
 
 void WriteDocumentFile(const MapDocument& document) {

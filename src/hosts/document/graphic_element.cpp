@@ -80,6 +80,13 @@ constexpr std::array kKinds = {
 
 }  // namespace
 
+GeometryRef GraphicElement::Geometry() const {
+  if (Shape && !Shape->SpatialReference()) {
+    if (const auto place = Place.lock()) Shape->SetSpatialReference(place->ElementReference());
+  }
+  return Shape;
+}
+
 void GraphicElement::QueryBounds(IDisplay&, Envelope& bounds) const {
   bounds = Shape ? Shape->Envelope() : Envelope();
 }

@@ -9,11 +9,20 @@
 
 namespace tessarine {
 
+/// The view that an element lies in.
+class IElementPlace {
+ public:
+  virtual ~IElementPlace() = default;
+  /// The reference of the elements' coordinates; nothing where there is none.
+  [[nodiscard]] virtual SpatialReferenceRef ElementReference() const = 0;
+};
+
 /// What all kinds share. The shape of an element is a point, polyline or polygon in the reference of the map, or of
 /// the page for elements of the layout.
 class GraphicElement : public virtual IElement, public IElementProperties {
  public:
-  [[nodiscard]] GeometryRef Geometry() const override { return Shape; }
+  /// A shape without a reference takes that of its view.
+  [[nodiscard]] GeometryRef Geometry() const override;
   /// The envelope of the shape; a symbol's size isn't known without a display.
   void QueryBounds(IDisplay& display, Envelope& bounds) const override;
   [[nodiscard]] std::string Name() const override { return name_; }
@@ -26,6 +35,7 @@ class GraphicElement : public virtual IElement, public IElementProperties {
   /// The text of a text element, the file of a picture, the title of a graph or frame.
   std::string Content;
   bool Selected = false;
+  std::weak_ptr<const IElementPlace> Place;
 
  private:
   std::string name_;
@@ -34,7 +44,6 @@ class GraphicElement : public virtual IElement, public IElementProperties {
 class GroupElement final : public GraphicElement, public IGroupElement {
  public:
   [[nodiscard]] const char* Kind() const override { return "group"; }
-  [[nodiscard]] GeometryRef Geometry() const override { return Shape; }
   /// The bounds of all members.
   void QueryBounds(IDisplay& display, Envelope& bounds) const override;
   [[nodiscard]] std::int32_t ElementCount() const override { return static_cast<std::int32_t>(Members.size()); }

@@ -1,6 +1,7 @@
 // Reading JSON of a document with errors that name the place.
 #pragma once
 
+#include <limits>
 #include <nlohmann/json.hpp>
 #include <string>
 #include <utility>
@@ -46,7 +47,9 @@ class JsonPlace {
     return value_->get<double>();
   }
   [[nodiscard]] std::int64_t Whole() const {
+    constexpr auto kLargest = static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max());
     if (!value_->is_number_integer()) Fail("a whole number");
+    if (value_->is_number_unsigned() && value_->get<std::uint64_t>() > kLargest) Fail("a whole number of 64 bits");
     return value_->get<std::int64_t>();
   }
   [[nodiscard]] std::string Text() const {

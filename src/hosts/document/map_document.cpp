@@ -61,6 +61,11 @@ std::shared_ptr<IGraphicsContainer> DocumentView::GraphicsContainer() const { re
 
 std::shared_ptr<IElement> DocumentView::Next() { return next_ < elements_.size() ? elements_[next_++] : nullptr; }
 
+void DocumentView::AddElement(std::shared_ptr<GraphicElement> element) {
+  element->Place = self_;
+  elements_.push_back(std::move(element));
+}
+
 std::int32_t DocumentView::ElementSelectionCount() const {
   return static_cast<std::int32_t>(
       std::ranges::count_if(elements_, [](const auto& element) { return element->Selected; }));
@@ -127,6 +132,11 @@ SpatialReferenceRef DocumentMap::SpatialReference() const {
     if (!Is<const UnknownCoordinateSystem>(reference)) return reference;
   }
   return std::make_shared<UnknownCoordinateSystem>();
+}
+
+SpatialReferenceRef DocumentMap::ElementReference() const {
+  const SpatialReferenceRef reference = SpatialReference();
+  return Is<const UnknownCoordinateSystem>(reference) ? nullptr : reference;
 }
 
 std::shared_ptr<IStandaloneTable> DocumentMap::StandaloneTable(std::int32_t index) const {

@@ -14,7 +14,10 @@ namespace tessarine {
 class NullDisplay final : public IDisplay {};
 
 /// What a map and a layout share: an extent, and graphic elements with a selection.
-class DocumentView : public IActiveView, public IGraphicsContainer, public IGraphicsContainerSelect {
+class DocumentView : public IActiveView,
+                     public IGraphicsContainer,
+                     public IGraphicsContainerSelect,
+                     public IElementPlace {
  public:
   DocumentView() = default;
   DocumentView(const DocumentView&) = delete;
@@ -40,7 +43,9 @@ class DocumentView : public IActiveView, public IGraphicsContainer, public IGrap
 
   /// The elements in drawing order.
   [[nodiscard]] const std::vector<std::shared_ptr<GraphicElement>>& Elements() const { return elements_; }
-  void AddElement(std::shared_ptr<GraphicElement> element) { elements_.push_back(std::move(element)); }
+  void AddElement(std::shared_ptr<GraphicElement> element);
+  /// The page has none.
+  [[nodiscard]] SpatialReferenceRef ElementReference() const override { return nullptr; }
   void SetOwner(std::weak_ptr<DocumentView> self) { self_ = std::move(self); }
 
  private:
@@ -60,6 +65,8 @@ class DocumentMap final : public DocumentView, public IMap, public IStandaloneTa
   [[nodiscard]] std::shared_ptr<IEnumLayer> Layers(const std::shared_ptr<UID>& uid, bool recursive) const override;
   void AddLayer(const std::shared_ptr<ILayer>& layer) override;
   [[nodiscard]] std::int32_t SelectionCount() const override;
+  /// The map's, unless it is unknown.
+  [[nodiscard]] SpatialReferenceRef ElementReference() const override;
   /// The map's own reference, or that of its first layer that has one.
   [[nodiscard]] SpatialReferenceRef SpatialReference() const override;
   void SetSpatialReference(SpatialReferenceRef reference) { reference_ = std::move(reference); }
