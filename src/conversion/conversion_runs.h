@@ -7,10 +7,12 @@
 #include <string_view>
 
 #include "platform/geometry_types.h"
+#include "platform/spatial_reference.h"
 
 namespace tessarine {
 
 class ConversionStep;
+struct StepContext;
 
 namespace modCreateVertices {
 
@@ -26,28 +28,42 @@ struct RunWords {
   std::string_view CountNoun;
 };
 
-/// What the output class takes its shape type from.
-enum class OutputShape { Point, Polyline, Polygon, LikeInputPart, LikeInput };
+/// What a run makes of an input of one shape type.
+struct ShapeRule {
+  esriGeometryType Input;  ///< `esriGeometryNull` stands for every type
+  esriGeometryType Output;
+  /// Base names of the double fields that the run writes behind `Uniq_ID`.
+  std::span<const std::string_view> MeasureFields;
+};
+
+/// How a run goes through its features.
+enum class RunKind {
+  Planar,      ///< each feature by itself, in the input's reference
+  Geographic,  ///< the same, but the output is in degrees of longitude and latitude
+  Joining,     ///< one output feature for all, with the attributes of the first; never a progress dialog
+};
 
 struct ConversionRun {
   std::int32_t ConversionOption;
   std::string_view Worker;
-  OutputShape Shape;
+  RunKind Kind;
+  std::span<const ShapeRule> Rules;
   /// The progress dialog is shown when the count of records exceeds this.
   std::int32_t ProgressThreshold;
-  /// Base names of the double fields that the run writes behind `Uniq_ID`.
-  std::span<const std::string_view> MeasureFields;
   bool ReportsSkipped;         ///< the report lists features without a shape
   bool FlushesEachFeature;
   RunWords Words;
-  std::unique_ptr<ConversionStep> (*MakeStep)();
+  std::unique_ptr<ConversionStep> (*MakeStep)(const StepContext& context);
 };
 
 /// The run of an option, nothing when there is none.
 [[nodiscard]] const ConversionRun* FindRun(std::int32_t conversion_option);
 [[nodiscard]] std::span<const ConversionRun> AllRuns();
-/// The shape type of the output for an input of the given type.
-[[nodiscard]] esriGeometryType OutputGeometry(OutputShape shape, esriGeometryType input);
+/// What the run makes of an input of this type. A type without a rule gives no measure, and no output type unless the
+/// run joins, which keeps the type of its input.
+[[nodiscard]] ShapeRule RuleFor(const ConversionRun& run, esriGeometryType input);
+/// The reference that the output of the run takes for an input in this one.
+[[nodiscard]] SpatialReferenceRef OutputReference(const ConversionRun& run, const SpatialReferenceRef& input);
 
 }  // namespace modCreateVertices
 }  // namespace tessarine

@@ -17,13 +17,26 @@ class ConversionSink {
   /// The value of the run's measure field number `index`, from 0.
   virtual void SetMeasure(std::size_t index, double value) = 0;
   virtual void Insert() = 0;
+  /// Writes what is at hand, without an identifier.
+  virtual void InsertUnnumbered() = 0;
+};
+
+/// What a step knows of the run before the first feature.
+struct StepContext {
+  esriGeometryType InputType = esriGeometryNull;
+  SpatialReferenceRef Reference;        ///< of the input
+  SpatialReferenceRef OutputReference;  ///< the same but for runs whose output is geographic
 };
 
 class ConversionStep {
  public:
   virtual ~ConversionStep() = default;
+  /// False when the run shall read no feature at all.
+  [[nodiscard]] virtual bool TakesFeatures() const { return true; }
   /// Called once for each feature whose shape isn't empty.
   virtual void Convert(const GeometryRef& shape, ConversionSink& sink) = 0;
+  /// Called once after the last feature.
+  virtual void Finish(ConversionSink&) {}
 };
 
 }  // namespace tessarine

@@ -1,17 +1,27 @@
 #include "conversion/field_transfer.h"
 
+#include <algorithm>
+
 #include "platform/rich_text.h"
 #include "support/MyGeneralOperations.h"
 
 namespace tessarine {
 namespace {
 
-std::string FreeOwnName(const IFeatureClass& input, std::string_view base) {
+constexpr std::string_view kUniqueId = "Uniq_ID";
+
+template <class Taken>
+std::string FreeName(std::string_view base, Taken&& taken) {
   std::string candidate(base);
-  for (int number = 2; input.FindField(candidate) != -1; ++number) {
-    candidate = std::string(base) + "_" + std::to_string(number);
-  }
+  for (int number = 2; taken(candidate); ++number) candidate = std::string(base) + "_" + std::to_string(number);
   return candidate;
+}
+
+template <class Taken>
+std::vector<std::string> FreeNames(std::span<const std::string_view> bases, Taken&& taken) {
+  std::vector<std::string> names;
+  for (const std::string_view base : bases) names.push_back(FreeName(base, taken));
+  return names;
 }
 
 FieldRef NewUniqueIdField(const std::string& name) {
@@ -34,14 +44,27 @@ FieldRef NewMeasureField(const std::string& name) {
 
 }  // namespace
 
-FieldTransfer::FieldTransfer(const IFeatureClass& input, const modCreateVertices::ConversionRun& run,
+FieldTransfer FieldTransfer::BesideInput(const IFeatureClass& input, std::span<const std::string_view> measures,
+                                         const VarArray& chosen) {
+  const auto taken = [&](const std::string& name) { return input.FindField(name) != -1; };
+  return {FreeName(kUniqueId, taken), FreeNames(measures, taken), chosen};
+}
+
+FieldTransfer FieldTransfer::BesideChosen(std::span<const std::string_view> measures, const VarArray& chosen) {
+  const auto taken = [&](const std::string& name) {
+    return std::any_of(chosen.begin(), chosen.end(), [&](const Variant& element) {
+      const auto field = element.AsObject<Field>();
+      return Require(field, "IField")->Name == name;
+    });
+  };
+  return {FreeName(kUniqueId, taken), FreeNames(measures, taken), chosen};
+}
+
+FieldTransfer::FieldTransfer(std::string unique_id_name, std::vector<std::string> measure_names,
                              const VarArray& chosen)
-    : unique_id_name_(FreeOwnName(input, "Uniq_ID")) {
+    : unique_id_name_(std::move(unique_id_name)), measure_names_(std::move(measure_names)) {
   output_fields_->Add(NewUniqueIdField(unique_id_name_));
-  for (const std::string_view base : run.MeasureFields) {
-    measure_names_.push_back(FreeOwnName(input, base));
-    output_fields_->Add(NewMeasureField(measure_names_.back()));
-  }
+  for (const std::string& name : measure_names_) output_fields_->Add(NewMeasureField(name));
   for (const Variant& element : chosen) {
     const auto source = element.AsObject<Field>();
     const std::shared_ptr<Field> copy = CloneOf(*Require(source, "IField"));
@@ -51,11 +74,12 @@ FieldTransfer::FieldTransfer(const IFeatureClass& input, const modCreateVertices
   }
 }
 
-void FieldTransfer::Bind(const IFeatureClass& input, const IFeatureClass& output) {
+void FieldTransfer::Bind(const IFeatureClass* input, const IFeatureClass& output) {
   unique_id_index_ = output.FindField(unique_id_name_);
   for (const std::string& name : measure_names_) measure_indexes_.push_back(output.FindField(name));
+  if (input == nullptr) return;
   for (const NamePair& names : chosen_) {
-    chosen_indexes_.push_back({input.FindField(names.input), output.FindField(names.output)});
+    chosen_indexes_.push_back({input->FindField(names.input), output.FindField(names.output)});
   }
 }
 

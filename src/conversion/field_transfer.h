@@ -4,21 +4,26 @@
 
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
-#include "conversion/conversion_runs.h"
 #include "platform/arrays.h"
 #include "platform/data.h"
 
 namespace tessarine {
 
+/// A chosen field takes a legal dBASE name that is still free, whatever the kind of output. The chosen fields
+/// themselves stay as they are.
 class FieldTransfer {
  public:
-  /// Names and makes the output fields. An own field whose name the input class already bears becomes name_2, name_3
-  /// and so on; a chosen field takes a legal dBASE name that is still free, whatever the kind of output. The chosen
-  /// fields themselves stay as they are.
-  FieldTransfer(const IFeatureClass& input, const modCreateVertices::ConversionRun& run, const VarArray& chosen);
+  /// Own fields that give way to the input class: one whose name the class already bears becomes name_2, name_3 and
+  /// so on. `measures` are the base names of the double fields behind `Uniq_ID`.
+  [[nodiscard]] static FieldTransfer BesideInput(const IFeatureClass& input,
+                                                 std::span<const std::string_view> measures, const VarArray& chosen);
+  /// Own fields that give way to the chosen fields alone, whose names are compared with case.
+  [[nodiscard]] static FieldTransfer BesideChosen(std::span<const std::string_view> measures, const VarArray& chosen);
 
   /// The output fields in order, for the creation of the class.
   [[nodiscard]] const std::shared_ptr<VarArray>& OutputFields() const { return output_fields_; }
@@ -29,8 +34,9 @@ class FieldTransfer {
   /// The chosen fields under both names, in the order of the choice.
   [[nodiscard]] const std::vector<NamePair>& Chosen() const { return chosen_; }
 
-  /// Looks all field positions up, once, before the first feature is read.
-  void Bind(const IFeatureClass& input, const IFeatureClass& output);
+  /// Looks all field positions up, once, before the first feature is read. `input` is the class of the chosen fields
+  /// and may be nothing when none of them is to be copied.
+  void Bind(const IFeatureClass* input, const IFeatureClass& output);
   [[nodiscard]] std::int32_t UniqueIdIndex() const { return unique_id_index_; }
   [[nodiscard]] std::int32_t MeasureIndex(std::size_t measure) const { return measure_indexes_[measure]; }
   /// Copies the chosen attributes; a null stays null.
@@ -40,6 +46,8 @@ class FieldTransfer {
   [[nodiscard]] std::string FieldReport() const;
 
  private:
+  FieldTransfer(std::string unique_id_name, std::vector<std::string> measure_names, const VarArray& chosen);
+
   struct IndexPair {
     std::int32_t input, output;
   };

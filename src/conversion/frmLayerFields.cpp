@@ -1,11 +1,10 @@
 #include "conversion/frmLayerFields.h"
 
 #include <array>
-#include <string_view>
 
+#include "conversion/layer_choices.h"
 #include "conversion/layer_fields_texts.h"
 #include "platform/host.h"
-#include "platform/text_formats.h"
 #include "platform/trap.h"
 #include "support/MyGeneralOperations.h"
 #include "support/aml_func_mod.h"
@@ -15,38 +14,6 @@ namespace tessarine {
 namespace {
 
 using namespace MyGeneralOperations;
-
-// Fields that no output can carry over, or that every output has of its own.
-bool IsTransferable(const Field& field) {
-  switch (field.Type) {
-    case esriFieldTypeOID:
-    case esriFieldTypeGeometry:
-    case esriFieldTypeBlob:
-    case esriFieldTypeRaster:
-    case esriFieldTypeGUID:
-    case esriFieldTypeGlobalID:
-    case esriFieldTypeXML:
-      return false;
-    default:
-      return !EqualsIgnoringCase(field.Name, "Shape_Area") && !EqualsIgnoringCase(field.Name, "Shape_Length");
-  }
-}
-
-std::string AliasOf(const IFeatureLayer& layer, const Field& field) {
-  const auto* layer_fields = dynamic_cast<const ILayerFields*>(&layer);
-  if (layer_fields == nullptr) return field.AliasName;
-  const std::int32_t index = layer_fields->FindField(field.Name);
-  return index < 0 ? field.AliasName : layer_fields->FieldInfo(index).Alias;
-}
-
-std::shared_ptr<ISelectionSet> SelectionOf(const std::shared_ptr<IFeatureLayer>& layer) {
-  const auto selection = Cast<IFeatureSelection>(layer);
-  return selection ? selection->SelectionSet() : nullptr;
-}
-
-std::string WithCount(std::string_view label, std::int32_t count) {
-  return std::string(label) + " (n = " + std::to_string(count) + ")";
-}
 
 }  // namespace
 
@@ -82,7 +49,7 @@ frmLayerFields::frmLayerFields() : Form("frmLayerFields") {
 
 void frmLayerFields::LayOut() {
   SetSize(320, 262);
-  SetMinimumSize(260, 220);
+  SetMinimumSize(320, 220);
   lblLayer.Move(7, 7, 148, 9);
   lbxLayers.Move(7, 18, 148, 66);
   lblFields.Move(165, 7, 148, 9);
@@ -144,29 +111,17 @@ void frmLayerFields::SetConversionOption(std::int32_t option) {
 }
 
 void frmLayerFields::FillLayers() {
-  std::int32_t position = 0;
-  std::int32_t preferred = 0;
-  for (const Variant& element : *layers_) {
-    const auto layer = element.AsObject<ILayer>();
-    if (layer && layer->Valid()) {
-      lbxLayers.AddItem(layer->Name());
-      if (layer->Name() == preferred_layer_) preferred = position;
-    }
-    ++position;
-  }
+  const std::int32_t preferred = ListLayers(*layers_, preferred_layer_, lbxLayers);
   if (lbxLayers.ListCount() > 0) lbxLayers.SetListIndex(preferred);
 }
 
-std::shared_ptr<IFeatureLayer> frmLayerFields::CurrentLayer() const {
-  if (!layers_ || lbxLayers.ListIndex() < 0) return nullptr;
-  return layers_->Element(lbxLayers.ListIndex()).AsObject<IFeatureLayer>();
-}
+std::shared_ptr<IFeatureLayer> frmLayerFields::CurrentLayer() const { return LayerAt(layers_, lbxLayers.ListIndex()); }
 
 void frmLayerFields::lbxLayers_Click() {
   Trap("lbxLayers_Click", [this] {
     const std::shared_ptr<IFeatureLayer> layer = CurrentLayer();
     Require(layer, "layer");
-    FillFields(layer);
+    fields_ = ListFields(*layer, true, lbxFields);
     all_selected_ = false;
     UpdateSelName();
     ShowRecordCounts(layer);
@@ -174,28 +129,10 @@ void frmLayerFields::lbxLayers_Click() {
   });
 }
 
-void frmLayerFields::FillFields(const std::shared_ptr<IFeatureLayer>& layer) {
-  fields_.clear();
-  lbxFields.Clear();
-  for (const FieldRef& field : *layer->FeatureClass()->Fields()) {
-    if (!IsTransferable(*field)) continue;
-    fields_.push_back(field);
-    lbxFields.AddItem(AliasOf(*layer, *field));
-  }
-}
-
 void frmLayerFields::ShowRecordCounts(const std::shared_ptr<IFeatureLayer>& layer) {
   const LayerFieldsTexts* texts = FindLayerFieldsTexts(conversion_option_);
   const std::string verb(texts != nullptr ? texts->record_verb : "Convert");
-  const std::int32_t total = layer->FeatureClass()->FeatureCount(nullptr);
-  const std::shared_ptr<ISelectionSet> selection = SelectionOf(layer);
-  const std::int32_t selected = selection ? selection->Count() : 0;
-  optAll.SetEnabled(true);
-  optAll.SetCaption(WithCount(verb + " All Records", total));
-  optSel.SetEnabled(selected > 0);
-  optSel.SetCaption(selection ? WithCount(verb + " Selected Records", selected) : "Unable to get selection...");
-  optAll.SetValue(selected == 0);
-  optSel.SetValue(selected > 0);
+  ShowRecordChoice(layer, verb + " All Records", verb + " Selected Records", optAll, optSel);
 }
 
 void frmLayerFields::UpdateSelName() {
@@ -213,9 +150,7 @@ void frmLayerFields::ShowOutput(const OutputChoice& choice) {
 
 void frmLayerFields::cmdSelFields_Click() {
   Trap("cmdSelFields_Click", [this] {
-    for (std::int32_t line = 0; line < lbxFields.ListCount(); ++line) lbxFields.SetSelected(line, !all_selected_);
-    lbxFields.SetTopIndex(0);
-    lbxFields.Refresh();
+    SelectAllLines(lbxFields, !all_selected_);
     all_selected_ = !all_selected_;
     UpdateSelName();
   });
@@ -236,14 +171,6 @@ void frmLayerFields::cmdGetWorkspace_Click() {
   });
 }
 
-std::shared_ptr<VarArray> frmLayerFields::ChosenFields() const {
-  auto chosen = std::make_shared<VarArray>();
-  for (std::int32_t line = 0; line < lbxFields.ListCount(); ++line) {
-    if (lbxFields.Selected(line)) chosen->Add(fields_[static_cast<std::size_t>(line)]);
-  }
-  return chosen;
-}
-
 void frmLayerFields::cmdOK_Click() {
   Trap("cmdOK_Click", [this] {
     if (!OutputWorkspaceExists(txtOutput.Text(), output_)) {
@@ -253,7 +180,7 @@ void frmLayerFields::cmdOK_Click() {
     const std::shared_ptr<IFeatureLayer> layer = CurrentLayer();
     extension_->NewShapefileLocation = txtOutput.Text();
     extension_->SelectedLayer = Require(layer, "layer");
-    extension_->SelectedFields = ChosenFields();
+    extension_->SelectedFields = SelectedFieldsOf(lbxFields, fields_);
     RememberOutput(output_, *extension_);
     extension_->ShouldContinue = true;
     extension_->DoAllRecords = optAll.Value();

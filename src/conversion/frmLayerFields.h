@@ -58,13 +58,11 @@ class frmLayerFields final : public Form {
 
   void LayOut();
   void FillLayers();
-  void FillFields(const std::shared_ptr<IFeatureLayer>& layer);
   void ShowRecordCounts(const std::shared_ptr<IFeatureLayer>& layer);
   void UpdateSelName();
   void UpdateOkState();
   void ShowOutput(const MyGeneralOperations::OutputChoice& choice);
   [[nodiscard]] std::shared_ptr<IFeatureLayer> CurrentLayer() const;
-  [[nodiscard]] std::shared_ptr<VarArray> ChosenFields() const;
 
   std::shared_ptr<IApplication> application_;
   std::shared_ptr<IMxDocument> document_;

@@ -4,7 +4,9 @@
 
 #include "conversion/conversion_step.h"
 #include "conversion/field_transfer.h"
+#include "conversion/output_frame.h"
 #include "conversion/output_target.h"
+#include "conversion/run_data.h"
 #include "conversion/run_reports.h"
 #include "platform/host.h"
 #include "platform/trap.h"
@@ -18,26 +20,6 @@ namespace {
 using namespace MyGeneralOperations;
 
 constexpr std::int32_t kReportFontSize = 8;
-
-struct Input {
-  std::shared_ptr<IFeatureClass> features;
-  std::shared_ptr<IFeatureCursor> cursor;
-  std::int32_t count = 0;
-};
-
-Input OpenInput(const std::shared_ptr<IFeatureLayer>& layer, bool all_records) {
-  Input input;
-  input.features = Require(layer->FeatureClass(), "FeatureClass");
-  if (all_records) {
-    input.cursor = input.features->Search(nullptr, true);
-    input.count = input.features->FeatureCount(nullptr);
-    return input;
-  }
-  const auto selection = Require(Cast<IFeatureSelection>(layer), "IFeatureSelection")->SelectionSet();
-  input.cursor = Cast<IFeatureCursor>(Require(selection, "SelectionSet")->Search(nullptr, true));
-  input.count = selection->Count();
-  return input;
-}
 
 // Writes output features: one buffer, refilled for each of them.
 class OutputWriter final : public ConversionSink {
@@ -54,10 +36,15 @@ class OutputWriter final : public ConversionSink {
   }
   void Insert() override {
     buffer_->SetValue(transfer_.UniqueIdIndex(), ++count_);
+    InsertUnnumbered();
+  }
+  void InsertUnnumbered() override {
     cursor_->InsertFeature(*buffer_);
     ++Host().Journal().Written;
   }
   void Flush() { cursor_->Flush(); }
+  /// Flushes, and tells of rows that could not be written.
+  void Close() { cursor_->Close(); }
 
  private:
   const FieldTransfer& transfer_;
@@ -66,30 +53,16 @@ class OutputWriter final : public ConversionSink {
   std::int32_t count_ = 0;
 };
 
-std::shared_ptr<IFeatureClass> CreateOutput(const ConversionRun& run, const IFeatureClass& input,
-                                            const std::shared_ptr<VarArray>& fields, OutputTarget& target) {
-  esriGeometryType geometry_type = OutputGeometry(run.Shape, input.ShapeType());
-  const Envelope extent = input.Extent();
-  return Require(CreateGeneralFeatureClass(geometry_type, input.SpatialReference(), target.directory, target.name,
-                                           target.kind, fields, std::string(run.Words.NamePrompt),
-                                           target.is_feature_dataset, target.feature_dataset, false, false, &extent, 0),
-                 "the output feature class was not created");
-}
-
-void AddResultLayer(const std::shared_ptr<IFeatureClass>& output, const std::string& name,
-                    const IMxDocument& document) {
-  const std::shared_ptr<IFeatureLayer> layer = Host().CreateFeatureLayer();
-  layer->SetFeatureClass(output);
-  layer->SetName(name);
-  document.FocusMap()->AddLayer(layer);
-}
-
 // The features of the input, one by one. False when the user stopped the run.
-bool ConvertFeatures(const ConversionRun& run, const Input& input, OutputWriter& writer, RunProgress& progress,
-                     RunFacts& facts) {
+bool ConvertFeatures(const ConversionRun& run, const StepContext& context, const RunInput& input, OutputWriter& writer,
+                     RunProgress& progress, RunFacts& facts) {
   RunJournal& journal = Host().Journal();
-  const std::unique_ptr<ConversionStep> step = run.MakeStep();
+  const bool joins = run.Kind == RunKind::Joining;
+  const std::unique_ptr<ConversionStep> step = run.MakeStep(context);
   while (const std::shared_ptr<IFeature> feature = input.cursor->NextFeature()) {
+    // One feature for all bears the attributes of the first, whether that has a shape or not.
+    if (joins && facts.records_done == 0) writer.BeginFeature(*feature);
+    if (!step->TakesFeatures()) break;
     ++facts.records_done;
     if (!progress.Step(facts.records_done)) return false;
     ++journal.Read;
@@ -99,10 +72,11 @@ bool ConvertFeatures(const ConversionRun& run, const Input& input, OutputWriter&
       journal.SkippedOIDs.push_back(feature->OID());
       continue;
     }
-    writer.BeginFeature(*feature);
+    if (!joins) writer.BeginFeature(*feature);
     step->Convert(shape, writer);
     if (run.FlushesEachFeature) writer.Flush();
   }
+  step->Finish(writer);
   return true;
 }
 
@@ -126,28 +100,38 @@ std::string RunConversion(const ConversionRun& run, const std::shared_ptr<IFeatu
   journal.Begin = Host().Clock().Now();
   const auto run_body = [&]() -> std::string {
     const auto document = Cast<IMxDocument>(application->Document());
-    const Input input = OpenInput(layer, all_records);
+    const RunInput input = OpenInput(layer, all_records);
     facts.layer_name = layer->Name();
     facts.all_records = all_records;
     facts.record_count = input.count;
     facts.output_path = path;
-    RunProgress progress(ProgressWords(run, facts.layer_name), application, extension, input.count, show_progress);
+    RunProgress progress(ProgressWords(run, facts.layer_name), application, extension, input.count,
+                         show_progress && run.Kind != RunKind::Joining);
 
     OutputTarget target = SplitOutputPath(path, *extension);
     const SpatialReferenceRef reference = input.features->SpatialReference();
     facts.reference_name = reference->Name();
-    journal.Reference = reference;
-    FieldTransfer transfer(*input.features, run, *fields);
-    const std::shared_ptr<IFeatureClass> output =
-        CreateOutput(run, *input.features, transfer.OutputFields(), target);
+    if (!CanFrame(run, reference)) {
+      journal.Failed = true;
+      journal.End = Host().Clock().Now();
+      return UnknownReferenceReport(run);
+    }
+    const OutputFrame frame = FrameOf(run, *input.features);
+    journal.Reference = frame.reference;
+    const esriGeometryType input_type = input.features->ShapeType();
+    const ShapeRule rule = RuleFor(run, input_type);
+    FieldTransfer transfer = FieldTransfer::BesideInput(*input.features, rule.MeasureFields, *fields);
+    const std::shared_ptr<IFeatureClass> output = CreateRunOutput(
+        target, rule.Output, frame.reference, frame.extent, transfer.OutputFields(), run.Words.NamePrompt);
     journal.OutputPath = path;
-    transfer.Bind(*input.features, *output);
+    transfer.Bind(input.features.get(), *output);
     facts.field_report = transfer.FieldReport();
 
     {
       OutputWriter writer(output, transfer);
-      const bool finished = ConvertFeatures(run, input, writer, progress, facts);
-      writer.Flush();
+      const StepContext context{input_type, reference, frame.reference};
+      const bool finished = ConvertFeatures(run, context, input, writer, progress, facts);
+      writer.Close();
       if (!finished) {
         journal.Stopped = true;
         journal.End = Host().Clock().Now();
@@ -170,13 +154,6 @@ std::string RunConversion(const ConversionRun& run, const std::shared_ptr<IFeatu
     return FailureReport(run, facts, fault);
   };
   return TrapWith(run.Worker, run_body, on_fault);
-}
-
-std::string ConvertToVertices(const std::shared_ptr<IFeatureLayer>& layer, const std::shared_ptr<VarArray>& fields,
-                              bool all_records, const std::string& path,
-                              const std::shared_ptr<IApplication>& application,
-                              const std::shared_ptr<clsExtension>& extension, bool show_progress, bool) {
-  return RunConversion(*FindRun(1), layer, fields, all_records, path, application, extension, show_progress);
 }
 
 std::string CalcTimeLeft(const std::string& prefix, Date start, std::int32_t done, std::int32_t total) {

@@ -30,12 +30,31 @@ namespace tessarine::modCreateVertices {
                                          const std::string& path, const std::shared_ptr<IApplication>& application,
                                          const std::shared_ptr<clsExtension>& extension);
 
-/// One point for each vertex, with `Uniq_ID`, `X_Coord` and `Y_Coord`; the last argument is read by nobody.
-[[nodiscard]] std::string ConvertToVertices(const std::shared_ptr<IFeatureLayer>& layer,
-                                            const std::shared_ptr<VarArray>& fields, bool all_records,
-                                            const std::string& path, const std::shared_ptr<IApplication>& application,
-                                            const std::shared_ptr<clsExtension>& extension, bool show_progress,
-                                            bool reserved);
+/// The shape of the eight workers; the last argument is read by nobody.
+using ConversionWorker = std::string(const std::shared_ptr<IFeatureLayer>& layer,
+                                     const std::shared_ptr<VarArray>& fields, bool all_records,
+                                     const std::string& path, const std::shared_ptr<IApplication>& application,
+                                     const std::shared_ptr<clsExtension>& extension, bool show_progress,
+                                     bool reserved);
+
+/// One point for each vertex, with `Uniq_ID`, `X_Coord` and `Y_Coord`.
+[[nodiscard]] ConversionWorker ConvertToVertices;
+/// One point inside each polygon, with the same fields.
+[[nodiscard]] ConversionWorker ConvertToLabelPoints;
+/// One point for each feature: centre of gravity, middle of the length, or mean; it may lie outside a polygon.
+[[nodiscard]] ConversionWorker ConvertToCentroids;
+/// The same on the curved body; `X_Coord` is longitude and `Y_Coord` latitude in degrees. Without a known reference
+/// nothing is written and the report says so.
+[[nodiscard]] ConversionWorker ConvertToSphericalCentroid;
+/// One polygon for each polyline, its parts closed to rings, with `Area`. A line that bounds nothing gives a record
+/// without a shape.
+[[nodiscard]] ConversionWorker PolylinesToPolygons;
+/// One polyline for each polygon, with the `Length` of all its boundaries.
+[[nodiscard]] ConversionWorker PolygonsToPolylines;
+/// One feature for each part, with coordinates, `Length` or `Area`.
+[[nodiscard]] ConversionWorker SplitMultipart;
+/// One feature for all, with `Count`, `Length` or `Area` and the attributes of the first.
+[[nodiscard]] ConversionWorker JoinFeatures;
 
 /// The status text of a run: lead-in, record, share done and the estimated time left.
 [[nodiscard]] std::string CalcTimeLeft(const std::string& prefix, Date start, std::int32_t done, std::int32_t total);

@@ -33,11 +33,8 @@ constexpr std::string_view kSuccessBody =
 
 constexpr std::string_view kProblemLine = "zzzProbReport\r\n";
 
-// The block that lists the features without a shape.
 std::string SkippedBlock(const modCreateVertices::ConversionRun& run, const std::string& skipped_list) {
-  const std::string block = std::string(run.Words.SkippedHeading) +
-                            "\r\nzzzRunningProblems\r\n\\b ---------------------------------------------\\b0\\par\r\n";
-  return Replace(block, "zzzRunningProblems", skipped_list);
+  return ProblemBlock(run.Words.SkippedHeading, skipped_list);
 }
 
 std::string RecordLine(const modCreateVertices::ConversionRun& run, const RunFacts& facts) {
@@ -46,6 +43,14 @@ std::string RecordLine(const modCreateVertices::ConversionRun& run, const RunFac
 }
 
 }  // namespace
+
+std::string_view ReportHeader() { return kHeader; }
+
+std::string ProblemBlock(std::string_view heading, const std::string& list) {
+  const std::string block = std::string(heading) +
+                            "\r\nzzzRunningProblems\r\n\\b ---------------------------------------------\\b0\\par\r\n";
+  return Replace(block, "zzzRunningProblems", list);
+}
 
 std::string PathForReport(const std::string& path) { return EscapeRtf(ToNativePath(path)); }
 
@@ -77,6 +82,16 @@ std::string FailureReport(const modCreateVertices::ConversionRun& run, const Run
          std::to_string(fault.Number()) + ":  " + EscapeRtf(fault.Description()) + "\\par\r\n" +
          "----------------------------------------------------------\\par\r\n" + "Analyzing Record #" +
          std::to_string(facts.records_done) + "\\par\r\n" + "}";
+}
+
+std::string UnknownReferenceReport(const modCreateVertices::ConversionRun& run) {
+  return std::string(kHeader) + "!!!  " + std::string(run.Words.ReportTitle) + " Failed  !!!\\par\r\n" +
+         "Selected Feature Class has unknown coordinate system...\\par\r\n"
+         "\\par\r\n"
+         "This function must know the projection of the data in order to calculate the geographic centroid!  Bailing "
+         "out...\\par\r\n"
+         "----------------------------------------------------------\\par\r\n"
+         "}\r\n";
 }
 
 }  // namespace tessarine

@@ -28,6 +28,13 @@ struct RunFacts {
 [[nodiscard]] std::string StoppedReport(const modCreateVertices::ConversionRun& run, const RunFacts& facts);
 [[nodiscard]] std::string FailureReport(const modCreateVertices::ConversionRun& run, const RunFacts& facts,
                                         const Fault& fault);
+/// The report of a run that needs to know the projection of data that doesn't tell it.
+[[nodiscard]] std::string UnknownReferenceReport(const modCreateVertices::ConversionRun& run);
+
+/// A block of records that a report lists: its heading, the list, and the rule below.
+[[nodiscard]] std::string ProblemBlock(std::string_view heading, const std::string& list);
+/// What all reports begin with.
+[[nodiscard]] std::string_view ReportHeader();
 
 /// A path as it stands in a report: native, escaped.
 [[nodiscard]] std::string PathForReport(const std::string& path);

@@ -25,6 +25,6 @@ class VertexStep final : public ConversionStep {
 
 }  // namespace
 
-std::unique_ptr<ConversionStep> MakeVertexStep() { return std::make_unique<VertexStep>(); }
+std::unique_ptr<ConversionStep> MakeVertexStep(const StepContext&) { return std::make_unique<VertexStep>(); }
 
 }  // namespace tessarine

@@ -1,7 +1,6 @@
-// Buffer, Union, ConstructUnion, Cut and SimplifyNetwork.
+// Buffer, Union, Cut and SimplifyNetwork.
 #include <cmath>
 #include <limits>
-#include <set>
 
 #include "engine/geos_bridge.h"
 #include "platform/fault.h"
@@ -64,28 +63,6 @@ GeometryRef UnionOf(const IGeometry& first, const IGeometry& second) {
   const GeosGeometry a = ToGeos(first), b = ToGeos(second);
   return ShapeOf(first.GeometryType(), Checked(GEOSUnion_r(Geos(), a.get(), b.get())).get(),
                  first.SpatialReference());
-}
-
-// The members of the bag of one kind, as one GEOS collection.
-struct BagMembers {
-  std::vector<GeosGeometry> shapes;
-  GeometryRef only;  // the member, while there is just one
-  SpatialReferenceRef reference;
-};
-
-BagMembers CollectMembers(IEnumGeometry& geometries, esriGeometryType type) {
-  BagMembers members;
-  geometries.Reset();
-  while (const GeometryRef member = geometries.Next()) {
-    const bool fits = member->GeometryType() == type ||
-                      (type == esriGeometryMultipoint && member->GeometryType() == esriGeometryPoint);
-    if (!fits) continue;
-    if (!members.reference) members.reference = member->SpatialReference();
-    if (member->IsEmpty()) continue;
-    members.only = members.shapes.empty() ? member : nullptr;
-    members.shapes.push_back(ToGeos(*member));
-  }
-  return members;
 }
 
 // The side of the cutter on which a place lies: positive is left of the cutter's nearest segment.
@@ -159,42 +136,6 @@ GeometryRef Multipoint::Buffer(double distance) const { return BufferOf(*this, d
 
 GeometryRef PartedShape::Union(const IGeometry& other) const { return UnionOf(*this, other); }
 GeometryRef Multipoint::Union(const IGeometry& other) const { return UnionOf(*this, other); }
-
-void PartedShape::ConstructUnion(IEnumGeometry& geometries) {
-  BagMembers members = CollectMembers(geometries, GeometryType());
-  if (members.reference) SetSpatialReference(members.reference);
-  if (members.shapes.empty()) {
-    SetParts({});
-  } else if (members.only) {
-    const auto copy = Cast<PartedShape>(ObjectRef(members.only->Clone()));
-    copy->Simplify();
-    SetParts({copy->Parts().begin(), copy->Parts().end()});
-  } else {
-    const GeosGeometry all = CollectionToGeos(GEOS_GEOMETRYCOLLECTION, std::move(members.shapes));
-    const GeosGeometry united = Checked(GEOSUnaryUnion_r(Geos(), all.get()));
-    SetParts(GeometryType() == esriGeometryPolygon ? RingsFromGeos(united.get()) : PathsFromGeos(united.get()));
-  }
-  MarkSimple();
-}
-
-void Multipoint::ConstructUnion(IEnumGeometry& geometries) {
-  std::vector<XY> points;
-  SpatialReferenceRef reference;
-  geometries.Reset();
-  while (const GeometryRef member = geometries.Next()) {
-    if (const auto single = Cast<tessarine::Point>(member)) {
-      if (!single->IsEmpty()) points.push_back(single->Coordinates());
-    } else if (const auto several = Cast<Multipoint>(member)) {
-      points.insert(points.end(), several->points_.begin(), several->points_.end());
-    } else {
-      continue;
-    }
-    if (!reference) reference = member->SpatialReference();
-  }
-  if (reference) SetSpatialReference(reference);
-  SetVertices(std::move(points));
-  Simplify();
-}
 
 void PartedShape::Cut(const Polyline& cutter, GeometryRef& left, GeometryRef& right) const {
   CutShape(*this, cutter, left, right);

@@ -30,6 +30,18 @@ void DropRepeatedVertices(Path& path) {
   path.SetVertices({rest.begin(), rest.end()}, {curves.begin(), curves.end()});
 }
 
+// Whether a ring bounds nothing because it runs back and forth on one line. One without area need not: the loops of a
+// figure of eight cancel each other out.
+bool LiesOnOneLine(const Ring& ring) {
+  const std::vector<XY> vertices = DensifiedVertices(ring);
+  const XY start = vertices.front();
+  const auto other = std::ranges::find_if(vertices, [&](XY vertex) { return vertex != start; });
+  if (other == vertices.end()) return true;
+  return std::ranges::all_of(vertices, [&](XY vertex) {
+    return GEOSOrientationIndex_r(Geos(), start.x, start.y, other->x, other->y, vertex.x, vertex.y) == 0;
+  });
+}
+
 // A simple copy of a parted shape's parts, without those that bound nothing. The parts themselves are changed only
 // where they must be.
 std::vector<PathRef> UsableParts(const PartedShape& shape, bool rings) {
@@ -43,7 +55,8 @@ std::vector<PathRef> UsableParts(const PartedShape& shape, bool rings) {
     auto ring = Cast<Ring>(part);
     if (!ring) continue;
     ring->Close();
-    if (ring->PointCount() < (ring->HasCurves() ? 2 : 4) || ring->Area() == 0.0) continue;
+    if (ring->PointCount() < (ring->HasCurves() ? 2 : 4)) continue;
+    if (ring->Area() == 0.0 && LiesOnOneLine(*ring)) continue;
     parts.push_back(ring);
   }
   return parts;

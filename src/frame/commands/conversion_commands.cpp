@@ -16,7 +16,6 @@ class ConversionCommand final : public CommandBase {
  private:
   void Run() override {
     const modCreateVertices::ConversionRun* run = modCreateVertices::FindRun(option_);
-    if (run == nullptr) RaiseUnavailable(Row());
     {
       frmLayerFields dialog;
       dialog.SetArcApplication(Application());

@@ -1,16 +1,13 @@
-// The conversions of features: vertices.
+// The conversions of features.
 #include <CLI/CLI.hpp>
 #include <memory>
 
-#include "engine/data_source.h"
 #include "hosts/terminal/commands.h"
+#include "hosts/terminal/form_answers.h"
 #include "hosts/terminal/layer_source.h"
 #include "hosts/terminal/output_place.h"
-#include "hosts/terminal/refusal.h"
 #include "hosts/terminal/report_output.h"
 #include "hosts/terminal/session.h"
-#include "platform/paths.h"
-#include "platform/text_formats.h"
 
 namespace tessarine {
 namespace {
@@ -20,13 +17,31 @@ struct ConversionRow {
   const char* class_id;
   const char* description;
   const char* takes;    ///< the shapes that the tool takes, in words
+  bool geographic;      ///< the output is in degrees, whatever the input
   const char* example;
 };
 
 constexpr ConversionRow kConversions[] = {
     {"vertices", "Tessarine.clsShapesToVertices", "One point for each vertex of lines, polygons and multipoints",
-     "polylines, polygons or multipoints",
+     "polylines, polygons or multipoints", false,
      "tessarine vertices tests/data/countries.shp --fields name,pop_est -o vertex.shp"},
+    {"label-points", "Tessarine.clsConvertLabelpoint", "One point inside each polygon", "polygons", false,
+     "tessarine label-points tests/data/countries.shp --fields name -o labels.shp"},
+    {"centroids", "Tessarine.clsConvertCentroid",
+     "The centre of each polygon or multipoint and the middle of each line, on the plane",
+     "polylines, polygons or multipoints", false,
+     "tessarine centroids tests/data/countries.shp --fields name --where \"continent = 'Africa'\" -o centroids.shp"},
+    {"spherical-centroids", "Tessarine.clsConvertSphCentroid",
+     "The same on the globe, as longitude and latitude", "polylines, polygons or multipoints", true,
+     "tessarine spherical-centroids tests/data/countries.shp --fields name -o centers.shp"},
+    {"to-polygons", "Tessarine.clsConvertToPolygon", "Close the parts of lines to polygons", "polylines", false,
+     "tessarine to-polygons tests/data/disputed_borders.shp --all-fields -o areas.shp"},
+    {"to-polylines", "Tessarine.clsConvertToPolyline", "The boundaries of polygons as lines", "polygons", false,
+     "tessarine to-polylines tests/data/countries.shp --fields name -o boundaries.shp"},
+    {"split", "Tessarine.clsConvertSplit", "One feature for each part of multipart features", "features", false,
+     "tessarine split tests/data/countries.shp --fields name,iso_a3 -o parts.shp"},
+    {"combine", "Tessarine.clsConvertJoin", "One feature for all: the union of lines or polygons", "features", false,
+     "tessarine combine tests/data/countries.shp --where \"continent = 'Africa'\" --fields continent -o africa.shp"},
 };
 
 struct ConversionOptions {
@@ -45,96 +60,24 @@ class LayerFieldsScript final : public FormScript {
       : row_(row), options_(options), layer_(layer), output_(output) {}
 
   void Answer(Form& form) override {
-    ChooseLayer(Control<ListBox>(form, "lbxLayers"));
-    ChooseFields(Control<ListBox>(form, "lbxFields"));
-    ChooseOutput(form);
-    Control<CommandButton>(form, "cmdOK").Press();
+    ChooseLayer(ControlOf<ListBox>(form, "lbxLayers"), layer_, row_.name, row_.takes);
+    ChooseFields(ControlOf<ListBox>(form, "lbxFields"), layer_, "--fields", options_.fields, options_.all_fields);
+    ChooseOutput(form, output_);
+    ControlOf<CommandButton>(form, "cmdOK").Press();
   }
 
  private:
-  template <class Kind>
-  static Kind& Control(Form& form, const char* name) {
-    auto* control = form.FindAs<Kind>(name);
-    if (control == nullptr) Raise(kInvalidCall, std::string("The form has no control '") + name + "'.");
-    return *control;
-  }
-
-  static std::int32_t FindLine(const ListBox& list, const std::string& text) {
-    for (std::int32_t line = 0; line < list.ListCount(); ++line) {
-      if (EqualsIgnoringCase(list.List(line), text)) return line;
-    }
-    return -1;
-  }
-
-  void ChooseLayer(ListBox& list) const {
-    const std::int32_t line = FindLine(list, layer_.Name());
-    if (line < 0) {
-      throw Refusal("The layer '" + layer_.Name() + "' is of the wrong kind: '" + row_.name + "' takes " + row_.takes +
-                    ".");
-    }
-    list.SetListIndex(line);
-  }
-
-  // A field is named by its name or by the alias that the layer shows.
-  std::int32_t FindFieldLine(const ListBox& list, const std::string& name) const {
-    const std::int32_t line = FindLine(list, name);
-    if (line >= 0) return line;
-    const std::int32_t index = layer_.FindField(name);
-    return index < 0 ? -1 : FindLine(list, layer_.FieldInfo(index).Alias);
-  }
-
-  void ChooseFields(ListBox& list) const {
-    for (std::int32_t line = 0; line < list.ListCount(); ++line) list.SetSelected(line, options_.all_fields);
-    for (const std::string& name : options_.fields) {
-      const std::int32_t line = FindFieldLine(list, name);
-      if (line < 0) {
-        std::string offered;
-        for (std::int32_t other = 0; other < list.ListCount(); ++other) {
-          offered += (other == 0 ? "" : ", ") + list.List(other);
-        }
-        throw Refusal("--fields: '" + layer_.Name() + "' has no field '" + name + "'. It has: " +
-                      (offered.empty() ? "none that can be carried over" : offered) + ".");
-      }
-      list.SetSelected(line, true);
-    }
-  }
-
-  void ChooseOutput(Form& form) const {
-    auto& text = Control<TextBox>(form, "txtOutput");
-    if (output_.InGeodatabase()) {
-      Control<CommandButton>(form, "cmdGetWorkspace").Press();
-    } else if (output_.kind == OutputPlace::Kind::Folder) {
-      // The proposal's own name, in the folder that was named.
-      const std::string proposal = text.Text();
-      const std::string name = proposal.substr(proposal.rfind('\\') + 1);
-      text.SetText(FromNativePath(output_.container) + "\\" + name);
-    } else {
-      text.SetText(FromNativePath(output_.NativePath()));
-    }
-  }
-
   const ConversionRow& row_;
   const ConversionOptions& options_;
   const DocumentFeatureLayer& layer_;
   const OutputPlace& output_;
 };
 
-void RefuseTakenName(const OutputPlace& place, const CommonOptions& options) {
-  const TerminalManners manners = options.Manners();
-  if (manners.overwrite || manners.yes || manners.interactive || manners.plan_only) return;
-  if (OutputExists(place)) {
-    throw Refusal("'" + place.NativePath() + "' exists already: add --overwrite to replace it, or name another.");
-  }
-}
-
-// Coordinates keep the input's reference, so a dataset in another one can't take them.
-void CheckDataset(const OutputPlace& place, const DocumentFeatureLayer& layer) {
-  if (place.kind != OutputPlace::Kind::FileGeodatabase || place.dataset.empty()) return;
-  const SpatialReferenceRef own = FeatureDatasetReference(place.container, place.dataset);
-  if (own && !own->IsEqual(*layer.SpatialReference())) {
-    throw Refusal("The feature dataset '" + place.dataset + "' is in '" + own->Name() + "', but '" + layer.Name() +
-                  "' in '" + layer.SpatialReference()->Name() + "': name another dataset, or none.");
-  }
+// The reference that the output will bear.
+SpatialReferenceRef OutputReference(const ConversionRow& row, const DocumentFeatureLayer& layer) {
+  const SpatialReferenceRef own = layer.SpatialReference();
+  const auto projected = row.geographic ? Cast<const ProjectedCoordinateSystem>(own) : nullptr;
+  return projected ? projected->GeographicCoordinateSystem() : own;
 }
 
 ExitStatus RunConversionCommand(const ConversionRow& row, const ConversionOptions& options) {
@@ -143,8 +86,9 @@ ExitStatus RunConversionCommand(const ConversionRow& row, const ConversionOption
   Session session(options.common);
   const std::shared_ptr<DocumentFeatureLayer> layer = TakeLayer(session.Document(), options.source);
   RefuseTakenName(place, options.common);
-  CheckDataset(place, *layer);
-  const PreparedPlace prepared(place, layer->SpatialReference(), session.Host().LocalSystem(),
+  const SpatialReferenceRef reference = OutputReference(row, *layer);
+  CheckDataset(place, reference);
+  const PreparedPlace prepared(place, reference, session.Host().LocalSystem(),
                                options.common.dry_run);
   if (place.InGeodatabase()) session.Host().SetBrowsePlace(prepared.Browse());
   LayerFieldsScript script(row, options, *layer, place);

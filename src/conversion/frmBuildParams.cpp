@@ -1,0 +1,246 @@
+#include "conversion/frmBuildParams.h"
+
+#include "conversion/build_reports.h"
+#include "conversion/layer_choices.h"
+#include "platform/host.h"
+#include "platform/text_formats.h"
+#include "platform/trap.h"
+#include "support/MyGeneralOperations.h"
+#include "support/manual.h"
+
+namespace tessarine {
+namespace {
+
+using namespace MyGeneralOperations;
+
+constexpr const char* kNoPointLayers = "[No Point Layers Available]";
+constexpr const char* kNoLineLayer = "Units:  [No Polyline Layer Selected]";
+constexpr double kPlainTolerance = 0.0001;
+constexpr int kToleranceDecimals = 13;
+
+double DefaultTolerance(const SpatialReference& reference) {
+  return reference.XYToleranceValid() ? reference.XYTolerance() : kPlainTolerance;
+}
+
+// At most 13 decimals, without zeros at the end.
+std::string ToleranceText(double tolerance) {
+  std::string text = FixedText(tolerance, kToleranceDecimals);
+  while (text.ends_with('0')) text.pop_back();
+  if (text.ends_with('.')) text.pop_back();
+  return text;
+}
+
+}  // namespace
+
+void frmBuildParams::SetArcApplication(const std::shared_ptr<IApplication>& application) {
+  Trap("ArcApplication", [&] {
+    application_ = application;
+    document_ = Cast<IMxDocument>(application_->Document());
+    const auto selected = Cast<IFeatureLayer>(document_->SelectedLayer());
+    preferred_layer_ = selected ? selected->Name() : "";
+    extension_ = FindExtension(application_);
+    extension_->ShouldContinue = false;
+    FillPointLayers();
+    SetLabelPointParams();
+    all_selected_ = false;
+    UpdateSelName();
+    FillLineLayers();
+    optFirstLabelPoint.SetValue(extension_->BuildUseFirstLabelPoint);
+    optCentroidLabelPoint.SetValue(!extension_->BuildUseFirstLabelPoint);
+    ShowOutput(ProposeOutput(*extension_, application_, "Polygons"));
+    if (layers_->Count() == 0) {
+      optAll.SetValue(true);
+      txtCluster.SetEnabled(false);
+      lblUnits.SetCaption(kNoLineLayer);
+    }
+    CheckOK();
+  });
+}
+
+void frmBuildParams::FillPointLayers() {
+  point_layers_ = Require(ReturnLayersByType(document_->FocusMap(), kPointLayers), "ReturnLayersByType");
+  cbxPointLayers.Clear();
+  lbxFields.Clear();
+  fields_.clear();
+  if (point_layers_->Count() == 0) {
+    chkUseLabelPoints.SetValue(CheckBox::kGrayed);
+    chkUseLabelPoints.SetEnabled(false);
+    return;
+  }
+  chkUseLabelPoints.SetEnabled(true);
+  chkUseLabelPoints.SetValue(CheckBox::kUnchecked);
+  for (const Variant& element : *point_layers_) cbxPointLayers.AddItem(element.AsObject<ILayer>()->Name());
+  cbxPointLayers.SetListIndex(0);
+}
+
+void frmBuildParams::FillLineLayers() {
+  lbxLayers.Clear();
+  layers_ = Require(ReturnLayersByType(document_->FocusMap(), kPolylineLayers), "ReturnLayersByType");
+  const std::int32_t preferred = ListLayers(*layers_, preferred_layer_, lbxLayers);
+  if (lbxLayers.ListCount() > 0) lbxLayers.SetListIndex(preferred);
+}
+
+void frmBuildParams::SetLabelPointParams() {
+  switch (chkUseLabelPoints.Value()) {
+    case CheckBox::kUnchecked:
+      EnableLabelControls(false);
+      break;
+    case CheckBox::kChecked:
+      EnableLabelControls(true);
+      if (cbxPointLayers.ListIndex() < 0) cbxPointLayers.SetListIndex(0);
+      break;
+    default:
+      cbxPointLayers.Clear();
+      cbxPointLayers.AddItem(kNoPointLayers);
+      cbxPointLayers.SetListIndex(0);
+      EnableLabelControls(false);
+  }
+}
+
+void frmBuildParams::EnableLabelControls(bool enabled) {
+  Control* const controls[] = {&frameLabelPoints,   &optAllLabelPoints,     &frameWhichPoint, &lblChooseLabelPoint,
+                               &optFirstLabelPoint, &optCentroidLabelPoint, &lblFields,       &cbxPointLayers,
+                               &lbxFields,          &cmdSelFields};
+  for (Control* control : controls) control->SetEnabled(enabled);
+  optSelLabelPoints.SetEnabled(enabled && points_selected_);
+}
+
+void frmBuildParams::UpdateSelName() {
+  cmdSelFields.SetCaption(all_selected_ ? "Unselect All Fields" : "Select All Fields");
+  CheckOK();
+}
+
+void frmBuildParams::CheckOK() {
+  const bool transfers = chkUseLabelPoints.Value() == CheckBox::kChecked;
+  cmdOK.SetEnabled(lbxLayers.ListIndex() >= 0 && !txtCluster.Text().empty() &&
+                   (!transfers || lbxFields.SelCount() > 0));
+}
+
+std::shared_ptr<IFeatureLayer> frmBuildParams::PointLayer() const {
+  return LayerAt(point_layers_, cbxPointLayers.ListIndex());
+}
+
+void frmBuildParams::lbxLayers_Click() {
+  Trap("lbxLayers_Click", [this] {
+    const std::shared_ptr<IFeatureLayer> layer = LayerAt(layers_, lbxLayers.ListIndex());
+    const std::shared_ptr<IFeatureClass> features = Require(layer, "layer")->FeatureClass();
+    ShowRecordChoice(layer, "Use All Polylines", "Selected Polylines", optAll, optSel);
+    const SpatialReferenceRef reference = Require(features, "FeatureClass")->SpatialReference();
+    txtCluster.SetText(ToleranceText(DefaultTolerance(*reference)));
+    lblUnits.SetCaption("Units: " + UnitWord(reference));
+    CheckOK();
+  });
+}
+
+void frmBuildParams::cbxPointLayers_Click() {
+  Trap("cbxPointLayers_Click", [this] {
+    if (cbxPointLayers.Text() == kNoPointLayers) return;
+    const std::shared_ptr<IFeatureLayer> layer = PointLayer();
+    fields_ = ListFields(*Require(layer, "layer"), false, lbxFields);
+    all_selected_ = false;
+    UpdateSelName();
+    ShowRecordChoice(layer, "Consider All Label Points", "Only Selected Points", optAllLabelPoints, optSelLabelPoints);
+    points_selected_ = optSelLabelPoints.Enabled();
+    // Counting enables the options; without a transfer they stay grey.
+    const bool transfers = chkUseLabelPoints.Value() == CheckBox::kChecked;
+    optAllLabelPoints.SetEnabled(transfers);
+    optSelLabelPoints.SetEnabled(transfers && points_selected_);
+    CheckOK();
+  });
+}
+
+void frmBuildParams::chkUseLabelPoints_Click() {
+  Trap("chkUseLabelPoints_Click", [this] {
+    SetLabelPointParams();
+    CheckOK();
+  });
+}
+
+void frmBuildParams::cmdSelFields_Click() {
+  Trap("cmdSelFields_Click", [this] {
+    SelectAllLines(lbxFields, !all_selected_);
+    all_selected_ = !all_selected_;
+    UpdateSelName();
+    CheckOK();
+  });
+}
+
+void frmBuildParams::optAll_Click() {
+  Trap("optAll_Click", [this] { CheckOK(); });
+}
+
+void frmBuildParams::txtCluster_KeyPress(std::int32_t& key_ascii) {
+  Trap("txtCluster_KeyPress", [&] { CheckNumericRealPositive(key_ascii, txtCluster); });
+}
+
+void frmBuildParams::ShowOutput(const OutputChoice& choice) {
+  // The text's own change event reads the path as typed; what is known of the place comes after it.
+  txtOutput.SetText(choice.FullPath());
+  output_ = choice;
+}
+
+void frmBuildParams::txtOutput_Change() {
+  Trap("txtOutput_Change", [this] { FollowTypedPath(txtOutput.Text(), output_); });
+}
+
+void frmBuildParams::cmdGetWorkspace_Click() {
+  Trap("cmdGetWorkspace_Click", [this] {
+    OutputChoice choice = output_;
+    if (!BrowseForOutput(txtOutput.Text(), choice, "Enter the name of your new Polygon Feature Class:")) return;
+    ShowOutput(choice);
+    CheckOK();
+  });
+}
+
+void frmBuildParams::LeaveLabelChoices() {
+  const bool transfers = chkUseLabelPoints.Value() == CheckBox::kChecked;
+  extension_->BuildShouldTransferLabels = transfers;
+  extension_->BuildUseAllLabelPoints = optAllLabelPoints.Value();
+  extension_->BuildUseFirstLabelPoint = optFirstLabelPoint.Value();
+  extension_->SelectedPointLayer = transfers ? PointLayer() : nullptr;
+  extension_->SelectedFields = transfers ? SelectedFieldsOf(lbxFields, fields_) : nullptr;
+}
+
+void frmBuildParams::cmdOK_Click() {
+  Trap("cmdOK_Click", [this] {
+    if (!OutputWorkspaceExists(txtOutput.Text(), output_)) {
+      txtOutput.SetFocus();
+      return;
+    }
+    const std::shared_ptr<IFeatureLayer> layer = LayerAt(layers_, lbxLayers.ListIndex());
+    extension_->NewShapefileLocation = txtOutput.Text();
+    RememberOutput(output_, *extension_);
+    extension_->SelectedLayer = Require(layer, "layer");
+    extension_->AnalysisRecordCount =
+        optAll.Value() ? layer->FeatureClass()->FeatureCount(nullptr) : SelectionOf(layer)->Count();
+    extension_->DoAllRecords = optAll.Value();
+    extension_->BuildClusterTolerance = ToNumber(txtCluster.Text());
+    LeaveLabelChoices();
+    extension_->ShouldContinue = true;
+    Unload();
+  });
+}
+
+void frmBuildParams::cmdCancel_Click() {
+  Trap("cmdCancel_Click", [this] {
+    extension_->ShouldContinue = false;
+    extension_->SelectedFields = nullptr;
+    extension_->SelectedLayer = nullptr;
+    Unload();
+  });
+}
+
+void frmBuildParams::cmdManual_Click() {
+  Trap("cmdManual_Click", [] { OpenManual(); });
+}
+
+void frmBuildParams::Form_Unload() {
+  application_ = nullptr;
+  document_ = nullptr;
+  extension_ = nullptr;
+  layers_ = nullptr;
+  point_layers_ = nullptr;
+  fields_.clear();
+}
+
+}  // namespace tessarine

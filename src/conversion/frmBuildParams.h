@@ -1,0 +1,99 @@
+// The dialog in front of the building of polygons: a polyline layer with a cluster tolerance, the output, and the
+// points whose attributes the polygons take.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "frame/clsExtension.h"
+#include "platform/application.h"
+#include "platform/form.h"
+#include "support/AnchorObjectList.h"
+#include "support/output_chooser.h"
+
+namespace tessarine {
+
+/// Set up by `SetArcApplication`, then shown modally. A valid OK leaves the choices in `clsExtension` with
+/// `ShouldContinue` True; any other way out leaves it False.
+class frmBuildParams final : public Form {
+ public:
+  frmBuildParams();
+
+  Label lblLayer{*this, "lblLayer"};
+  ListBox lbxLayers{*this, "lbxLayers"};
+  Frame framePolylines{*this, "framePolylines"};
+  OptionButton optAll{*this, "optAll"};
+  OptionButton optSel{*this, "optSel"};
+  Label lblTolerance{*this, "lblTolerance"};
+  TextBox txtCluster{*this, "txtCluster"};
+  Label lblUnits{*this, "lblUnits"};
+  CheckBox chkUseLabelPoints{*this, "chkUseLabelPoints"};
+  Label lblLabelPoints{*this, "lblLabelPoints"};
+  ComboBox cbxPointLayers{*this, "cbxPointLayers"};
+  Frame frameLabelPoints{*this, "frameLabelPoints"};
+  OptionButton optAllLabelPoints{*this, "optAllLabelPoints"};
+  OptionButton optSelLabelPoints{*this, "optSelLabelPoints"};
+  Frame frameWhichPoint{*this, "frameWhichPoint"};
+  Label lblChooseLabelPoint{*this, "lblChooseLabelPoint"};
+  OptionButton optFirstLabelPoint{*this, "optFirstLabelPoint"};
+  OptionButton optCentroidLabelPoint{*this, "optCentroidLabelPoint"};
+  Label lblFields{*this, "lblFields"};
+  ListBox lbxFields{*this, "lbxFields"};
+  CommandButton cmdSelFields{*this, "cmdSelFields"};
+  TextBox txtMessage{*this, "txtMessage"};
+  Label lblOutputName{*this, "lblOutputName"};
+  TextBox txtOutput{*this, "txtOutput"};
+  CommandButton cmdGetWorkspace{*this, "cmdGetWorkspace"};
+  CommandButton cmdManual{*this, "cmdManual"};
+  CommandButton cmdOK{*this, "cmdOK"};
+  CommandButton cmdCancel{*this, "cmdCancel"};
+
+  /// Fills the whole form from the map and from what the last run left.
+  void SetArcApplication(const std::shared_ptr<IApplication>& application);
+
+ protected:
+  void Form_Load() override;
+  void Form_Resize() override;
+  void Form_Unload() override;
+
+ private:
+  void lbxLayers_Click();
+  void cbxPointLayers_Click();
+  void chkUseLabelPoints_Click();
+  void cmdSelFields_Click();
+  void optAll_Click();
+  void txtCluster_KeyPress(std::int32_t& key_ascii);
+  void txtOutput_Change();
+  void cmdGetWorkspace_Click();
+  void cmdManual_Click();
+  void cmdOK_Click();
+  void cmdCancel_Click();
+
+  void SetTexts();
+  void SetEvents();
+  void LayOut();
+  void OrderTabs();
+  void FillPointLayers();
+  void FillLineLayers();
+  void SetLabelPointParams();
+  void EnableLabelControls(bool enabled);
+  void UpdateSelName();
+  void CheckOK();
+  void ShowOutput(const MyGeneralOperations::OutputChoice& choice);
+  void LeaveLabelChoices();
+  [[nodiscard]] std::shared_ptr<IFeatureLayer> PointLayer() const;
+
+  std::shared_ptr<IApplication> application_;
+  std::shared_ptr<IMxDocument> document_;
+  std::shared_ptr<clsExtension> extension_;
+  std::shared_ptr<VarArray> layers_, point_layers_;
+  std::vector<FieldRef> fields_;
+  bool all_selected_ = false;
+  bool points_selected_ = false;  // the point layer has a selection
+  std::string preferred_layer_;
+  MyGeneralOperations::OutputChoice output_;
+  AnchorObjectList anchors_;
+};
+
+}  // namespace tessarine

@@ -1,0 +1,32 @@
+// The label point of a polygon.
+#pragma once
+
+#include <memory>
+
+#include "platform/data.h"
+#include "platform/map.h"
+
+namespace tessarine {
+
+class LabelSearch {
+ public:
+  /// Looks among all points of the layer, or the selected ones. `polygons` is the reference of the polygons.
+  LabelSearch(const std::shared_ptr<IFeatureLayer>& layer, bool all_points, bool first_point,
+              const SpatialReferenceRef& polygons);
+
+  /// The point in the polygon or on its boundary that gives its attributes; nothing when there is none. The polygon
+  /// stays as it is.
+  [[nodiscard]] std::shared_ptr<IFeature> Find(const Polygon& polygon) const;
+
+ private:
+  [[nodiscard]] std::shared_ptr<IFeatureCursor> PointsIn(const QueryFilter& filter) const;
+  [[nodiscard]] std::shared_ptr<IFeature> Nearest(const std::shared_ptr<IFeature>& first, IFeatureCursor& rest,
+                                                  XY center) const;
+
+  std::shared_ptr<IFeatureClass> points_;
+  std::shared_ptr<ISelectionSet> selection_;  // nothing when all points count
+  bool first_point_;
+  SpatialReferenceRef reference_;  // nothing when the polygons' own serves
+};
+
+}  // namespace tessarine

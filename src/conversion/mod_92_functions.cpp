@@ -1,0 +1,196 @@
+#include "conversion/mod_92_functions.h"
+
+#include <array>
+#include <optional>
+
+#include "conversion/build_reports.h"
+#include "conversion/field_transfer.h"
+#include "conversion/label_search.h"
+#include "conversion/output_target.h"
+#include "conversion/run_data.h"
+#include "platform/feature_construction.h"
+#include "platform/host.h"
+#include "platform/text_formats.h"
+#include "platform/trap.h"
+#include "support/MyGeneralOperations.h"
+#include "support/aml_func_mod.h"
+#include "support/attempt.h"
+
+namespace tessarine::mod_92_functions {
+namespace {
+
+using namespace MyGeneralOperations;
+
+constexpr std::int32_t kReportFontSize = 8;
+constexpr std::array<std::string_view, 1> kMeasures = {"Area"};
+
+/// The moving picture and the hourglass while the run lasts, however it ends.
+class BusySigns {
+ public:
+  explicit BusySigns(const std::shared_ptr<IApplication>& application)
+      : animation_(Require(application->StatusBar(), "StatusBar")->ProgressAnimation()) {
+    if (animation_) {
+      animation_->Show();
+      animation_->Play();
+    }
+    Host().ShowWaitPointer();
+  }
+  ~BusySigns() {
+    Attempt([this] {
+      if (animation_) {
+        animation_->Stop();
+        animation_->Hide();
+      }
+      Host().RestoreMousePointer();
+    });
+  }
+  BusySigns(const BusySigns&) = delete;
+  BusySigns& operator=(const BusySigns&) = delete;
+
+ private:
+  std::shared_ptr<IAnimationProgressor> animation_;  // nothing where the host has none
+};
+
+struct Lines {
+  std::shared_ptr<IFeatureClass> features;
+  std::vector<GeometryRef> shapes;
+  std::int32_t count = 0;
+};
+
+Lines CollectLines(const std::shared_ptr<IFeatureLayer>& layer, bool all_lines) {
+  const RunInput input = OpenInput(layer, all_lines);
+  Lines lines{input.features, {}, input.count};
+  while (const std::shared_ptr<IFeature> feature = input.cursor->NextFeature()) {
+    lines.shapes.push_back(Require(feature->Shape(), "Shape"));
+  }
+  return lines;
+}
+
+void ConstructPolygons(const Lines& lines, double tolerance, IFeatureClass& output) {
+  GeometryBag bag;
+  Envelope bounds;
+  for (const GeometryRef& shape : lines.shapes) {
+    bounds.Union(shape->Envelope());
+    bag.AddGeometry(shape);
+  }
+  FeatureConstruction().ConstructPolygonsFromGeometries(output, bounds, bag, tolerance);
+}
+
+// Numbers and measures the polygons and gives them their labels. Answers the list of those without.
+std::string CompletePolygons(IFeatureClass& output, const FieldTransfer& transfer,
+                             const std::optional<LabelSearch>& labels) {
+  std::string unlabelled;
+  std::int32_t count = 0;
+  const std::shared_ptr<IFeatureCursor> cursor = output.Update(nullptr, false);
+  while (const std::shared_ptr<IFeature> feature = cursor->NextFeature()) {
+    const auto polygon = Cast<Polygon>(feature->Shape());
+    Require(polygon, "IPolygon")->Simplify();
+    feature->SetShape(polygon);
+    feature->SetValue(transfer.UniqueIdIndex(), ++count);
+    feature->SetValue(transfer.MeasureIndex(0), polygon->Area());
+    if (labels) {
+      if (const std::shared_ptr<IFeature> point = labels->Find(*polygon)) {
+        transfer.CopyAttributes(*point, *feature);
+      } else {
+        unlabelled += "  ** OID Value = " + std::to_string(feature->OID()) + "\\par\r\n";
+      }
+    }
+    cursor->UpdateFeature(feature);
+  }
+  cursor->Flush();
+  cursor->Close();
+  return unlabelled;
+}
+
+// The user may have named the output anew; a shapefile loses its ending on the way.
+bool SameClassName(const std::string& used, const std::string& asked) {
+  return EqualsIgnoringCase(aml_func_mod::SetExtension(used, "shp"), aml_func_mod::SetExtension(asked, "shp"));
+}
+
+// Ends a run that has nothing to work on.
+std::string GiveUp(const std::string& message) {
+  RunJournal& journal = Host().Journal();
+  journal.Failed = true;
+  journal.End = Host().Clock().Now();
+  Host().MessageBox().Show(message, "");
+  return "";
+}
+
+}  // namespace
+
+std::string orlBuildPolygons(const std::shared_ptr<IFeatureLayer>& line_layer, bool all_lines, double cluster_tolerance,
+                             bool transfer_labels, bool use_all_label_points, bool use_first_label_point,
+                             const std::shared_ptr<IFeatureLayer>& point_layer, const std::shared_ptr<VarArray>& fields,
+                             const std::string& path, bool, const ObjectRef&,
+                             const std::shared_ptr<IMxDocument>& document,
+                             const std::shared_ptr<IApplication>& application,
+                             const std::shared_ptr<clsExtension>& extension) {
+  RunJournal& journal = Host().Journal();
+  journal = RunJournal();
+  journal.Begin = Host().Clock().Now();
+  const auto run_body = [&]() -> std::string {
+    const BusySigns busy(application);
+    const Lines lines = CollectLines(line_layer, all_lines);
+    journal.Read = static_cast<std::int64_t>(lines.shapes.size());
+    if (lines.shapes.empty()) {
+      return GiveUp("No polylines available in '" + line_layer->Name() + "'!  Function cancelled...");
+    }
+
+    BuildFacts facts;
+    facts.output_path = aml_func_mod::MakeUniqueFilename(path);
+    OutputTarget target = SplitOutputPath(facts.output_path, *extension);
+    const std::string asked_name = target.name;
+    const VarArray none;
+    FieldTransfer transfer = FieldTransfer::BesideChosen(kMeasures, fields ? *fields : none);
+    const SpatialReferenceRef reference = lines.features->SpatialReference();
+    const Envelope extent = lines.features->Extent();
+    const std::shared_ptr<IFeatureClass> output =
+        CreateRunOutput(target, esriGeometryPolygon, reference, extent, transfer.OutputFields(),
+                        "Specify New Polygon Feature Class Name:");
+    if (!SameClassName(target.name, asked_name)) facts.output_path = target.directory + "\\" + target.name;
+    journal.OutputPath = facts.output_path;
+    journal.Reference = output->SpatialReference();
+    const auto points = transfer_labels ? Require(point_layer, "point layer")->FeatureClass() : nullptr;
+    transfer.Bind(points.get(), *output);
+
+    ConstructPolygons(lines, cluster_tolerance, *output);
+    facts.output_count = output->FeatureCount(nullptr);
+    if (facts.output_count == 0) {
+      return GiveUp("No polygons were created from '" + line_layer->Name() +
+                    "'!  Possibly no polylines intersected in such a way as to create a bounded region.  Function "
+                    "cancelled...");
+    }
+    std::optional<LabelSearch> labels;
+    if (transfer_labels) {
+      labels.emplace(point_layer, use_all_label_points, use_first_label_point, output->SpatialReference());
+    }
+    facts.unlabelled = CompletePolygons(*output, transfer, labels);
+    journal.Written = facts.output_count;
+
+    AddResultLayer(output, target.name, *document);
+    document->ActiveView()->PartialRefresh(esriViewGeography, nullptr, nullptr);
+
+    journal.End = Host().Clock().Now();
+    facts.line_layer = line_layer->Name();
+    facts.all_lines = all_lines;
+    facts.line_count = lines.count;
+    facts.cluster_tolerance = cluster_tolerance;
+    facts.unit = UnitWord(reference);
+    facts.transfers_labels = transfer_labels;
+    if (point_layer) facts.point_layer = point_layer->Name();
+    facts.all_points = use_all_label_points;
+    facts.first_point = use_first_label_point;
+    facts.field_report = transfer.FieldReport();
+    facts.reference_name = reference->Name();
+    facts.time_spent = ReturnTimeElapsedRTF(journal.Begin, journal.End, kReportFontSize);
+    return BuildReport(facts);
+  };
+  const auto on_fault = [&](const Fault&) -> std::string {
+    journal.Failed = true;
+    journal.End = Host().Clock().Now();
+    return "";
+  };
+  return TrapWith("orlBuildPolygons", run_body, on_fault);
+}
+
+}  // namespace tessarine::mod_92_functions

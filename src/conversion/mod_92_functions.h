@@ -1,0 +1,31 @@
+// Polygons from the regions that polylines bound together.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "frame/clsExtension.h"
+#include "platform/application.h"
+
+namespace tessarine::mod_92_functions {
+
+/// Builds one polygon for each region that the layer's lines bound, with `Uniq_ID` and `Area`, and answers the report
+/// as RTF; an empty text when a message told that there are no lines or no regions.
+///
+/// Lines closer than `cluster_tolerance`, in the unit of their coordinates, count as meeting. With `transfer_labels`
+/// each polygon takes the chosen fields of one point of `point_layer` that lies in it or on its boundary: the first in
+/// the order of the data, or the one nearest to the polygon's centre of gravity, measured in the points' reference; of
+/// two equally near ones the first. A polygon without a point is listed and keeps these fields unset. Point layer and
+/// fields may be nothing. The output is named anew when its path is taken. No attribute of the lines is carried over.
+/// The run can't be stopped. A fault ends in the fault report and an empty text.
+[[nodiscard]] std::string orlBuildPolygons(
+    const std::shared_ptr<IFeatureLayer>& line_layer, bool all_lines, double cluster_tolerance, bool transfer_labels,
+    bool use_all_label_points, bool use_first_label_point, const std::shared_ptr<IFeatureLayer>& point_layer,
+    const std::shared_ptr<VarArray>& fields, const std::string& path, bool reserved, const ObjectRef& unused,
+    const std::shared_ptr<IMxDocument>& document, const std::shared_ptr<IApplication>& application,
+    const std::shared_ptr<clsExtension>& extension);
+
+/// What such a run would do, as a report: nothing is written.
+[[nodiscard]] std::string PlanBuildPolygons(const clsExtension& extension);
+
+}  // namespace tessarine::mod_92_functions

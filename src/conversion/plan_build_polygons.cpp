@@ -1,0 +1,48 @@
+// The plan of the building of polygons: what its run would read and make.
+#include <array>
+
+#include "conversion/build_reports.h"
+#include "conversion/field_transfer.h"
+#include "conversion/mod_92_functions.h"
+#include "conversion/output_target.h"
+#include "conversion/plan_texts.h"
+#include "conversion/run_reports.h"
+#include "platform/rich_text.h"
+#include "platform/trap.h"
+#include "support/MyGeneralOperations.h"
+#include "support/aml_func_mod.h"
+
+namespace tessarine::mod_92_functions {
+namespace {
+
+constexpr std::array<std::string_view, 1> kMeasures = {"Area"};
+
+std::string LabelLines(const clsExtension& extension) {
+  if (!extension.BuildShouldTransferLabels) return "  ** No label point attributes used...\\par\r\n";
+  return "  ** Label Point Layer: " + EscapeRtf(extension.SelectedPointLayer->Name()) + "\\par\r\n";
+}
+
+}  // namespace
+
+std::string PlanBuildPolygons(const clsExtension& extension) {
+  return Trap("PlanBuildPolygons", [&]() -> std::string {
+    const std::shared_ptr<IFeatureLayer>& layer = Require(extension.SelectedLayer, "layer");
+    const SpatialReferenceRef reference = layer->FeatureClass()->SpatialReference();
+    const std::string path = aml_func_mod::MakeUniqueFilename(extension.NewShapefileLocation);
+    const VarArray none;
+    const FieldTransfer transfer =
+        FieldTransfer::BesideChosen(kMeasures, extension.SelectedFields ? *extension.SelectedFields : none);
+    return std::string(ReportHeader()) +
+           "Build Polygons, planned only: nothing was written\\par\r\n\\pard Input:\\b0\\par\r\n"
+           "  ** Input Polyline Feature Layer: " +
+           EscapeRtf(layer->Name()) + "\\par\r\n  ** " +
+           (extension.DoAllRecords ? "Use All Polylines (n = " : "Selected Polylines (n = ") +
+           std::to_string(extension.AnalysisRecordCount) + ")\\par\r\n  ** Cluster Tolerance: " +
+           MyGeneralOperations::TrimZerosAndDecimals(extension.BuildClusterTolerance, false) + " " +
+           EscapeRtf(UnitWord(reference)) + "\\par\r\n" + LabelLines(extension) +
+           "  ** Spatial Reference:  " + EscapeRtf(reference->Name()) + "\\par\r\n" +
+           PlannedOutput(path, SplitOutputPath(path, extension), "polygon", transfer) + "}";
+  });
+}
+
+}  // namespace tessarine::mod_92_functions

@@ -1,0 +1,68 @@
+// One point for each feature: centroids and label points.
+#include "conversion/point_output.h"
+#include "conversion/steps.h"
+#include "platform/fault.h"
+
+namespace tessarine {
+namespace {
+
+XY MeanOf(const IPointCollection& points) {
+  const std::int32_t count = points.PointCount();
+  double x = 0.0, y = 0.0;
+  for (std::int32_t index = 0; index < count; ++index) {
+    const XY point = points.Point(index);
+    x += point.x;
+    y += point.y;
+  }
+  return {x / count, y / count};
+}
+
+class LabelPointStep final : public ConversionStep {
+ public:
+  void Convert(const GeometryRef& shape, ConversionSink& sink) override {
+    const auto polygon = Cast<IArea>(shape);
+    InsertPoint(std::make_shared<Point>(Require(polygon, "IArea")->LabelPoint()), sink);
+  }
+};
+
+class CentroidStep final : public ConversionStep {
+ public:
+  explicit CentroidStep(esriGeometryType input) : input_(input) {}
+
+  void Convert(const GeometryRef& shape, ConversionSink& sink) override {
+    switch (input_) {
+      case esriGeometryPolygon: {
+        const auto area = Cast<IArea>(shape);
+        point_ = std::make_shared<Point>(Require(area, "IArea")->Centroid());
+        break;
+      }
+      case esriGeometryPolyline: {
+        const auto curve = Cast<ICurve>(shape);
+        point_ = std::make_shared<Point>(Require(curve, "ICurve")->QueryPoint(esriNoExtension, 0.5, true));
+        break;
+      }
+      case esriGeometryMultipoint: {
+        const auto points = Cast<IPointCollection>(shape);
+        point_ = std::make_shared<Point>(MeanOf(*Require(points, "IPointCollection")));
+        break;
+      }
+      default:
+        break;
+    }
+    InsertPoint(Require(point_, "IPoint"), sink);
+  }
+
+ private:
+  esriGeometryType input_;
+  std::shared_ptr<Point> point_;
+};
+
+}  // namespace
+
+std::unique_ptr<ConversionStep> MakeLabelPointStep(const StepContext&) { return std::make_unique<LabelPointStep>(); }
+
+std::unique_ptr<ConversionStep> MakeCentroidStep(const StepContext& context) {
+  return std::make_unique<CentroidStep>(context.InputType);
+}
+
+}  // namespace tessarine

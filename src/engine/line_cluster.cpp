@@ -1,0 +1,220 @@
+#include "engine/line_cluster.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <map>
+
+namespace tessarine::engine {
+namespace {
+
+// Leading lines through vertices may make new crossings, and these new places. Rounds beyond the first few happen
+// only where the tolerance is as large as the shapes themselves.
+constexpr int kMostRounds = 20;
+
+double Distance(XY first, XY second) { return std::hypot(first.x - second.x, first.y - second.y); }
+
+double DistanceFrom(XY from, XY to, XY place) {
+  const double dx = to.x - from.x, dy = to.y - from.y;
+  const double square = dx * dx + dy * dy;
+  if (square == 0.0) return Distance(from, place);
+  const double along = std::clamp(((place.x - from.x) * dx + (place.y - from.y) * dy) / square, 0.0, 1.0);
+  return std::hypot(from.x + along * dx - place.x, from.y + along * dy - place.y);
+}
+
+// True when a segment is to be led through a place: it passes it within the tolerance, and both ways that come of it
+// are shorter than the segment. So segments only ever become shorter, and the leading comes to an end also in triangles
+// hardly larger than the tolerance, where every side passes the corner across.
+bool LeadsThrough(XY from, XY to, XY place, double tolerance) {
+  if (place == from || place == to || DistanceFrom(from, to, place) > tolerance) return false;
+  return std::max(Distance(from, place), Distance(place, to)) < Distance(from, to);
+}
+
+// Moves the vertices to their settled places. True when a line changed.
+bool SettleVertices(LineList& lines, PlaceCluster& cluster) {
+  bool changed = false;
+  for (std::vector<XY>& line : lines) {
+    for (XY& vertex : line) {
+      const XY settled = cluster.Settle(vertex);
+      changed = changed || settled != vertex;
+      vertex = settled;
+    }
+    const auto repeated = std::unique(line.begin(), line.end());
+    changed = changed || repeated != line.end();
+    line.erase(repeated, line.end());
+  }
+  std::erase_if(lines, [](const std::vector<XY>& line) { return line.size() < 2; });
+  return changed;
+}
+
+struct SegmentKey {
+  std::size_t line, start;
+};
+
+struct TreeRelease {
+  void operator()(GEOSSTRtree* tree) const { GEOSSTRtree_destroy_r(Geos(), tree); }
+};
+
+// The segments of all lines, found by place.
+class SegmentIndex {
+ public:
+  explicit SegmentIndex(const LineList& lines) : tree_(GEOSSTRtree_create_r(Geos(), kNodeCapacity)) {
+    for (std::size_t line = 0; line < lines.size(); ++line) {
+      for (std::size_t start = 0; start + 1 < lines[line].size(); ++start) keys_.push_back({line, start});
+    }
+    boxes_.reserve(keys_.size());
+    for (SegmentKey& key : keys_) {
+      boxes_.push_back(LineToGeos({lines[key.line][key.start], lines[key.line][key.start + 1]}));
+      GEOSSTRtree_insert_r(Geos(), tree_.get(), boxes_.back().get(), &key);
+    }
+  }
+
+  template <class Visit>
+  void NearTo(XY place, double distance, Visit&& visit) const {
+    const GeosGeometry box =
+        RectangleToGeos({place.x - distance, place.y - distance, place.x + distance, place.y + distance});
+    GEOSSTRtree_query_r(
+        Geos(), tree_.get(), box.get(),
+        [](void* item, void* self) {
+          (*static_cast<std::remove_reference_t<Visit>*>(self))(*static_cast<SegmentKey*>(item));
+        },
+        &visit);
+  }
+
+ private:
+  static constexpr std::size_t kNodeCapacity = 10;
+  std::vector<SegmentKey> keys_;
+  std::vector<GeosGeometry> boxes_;
+  std::unique_ptr<GEOSSTRtree, TreeRelease> tree_;
+};
+
+std::vector<XY> DistinctVertices(const LineList& lines) {
+  std::vector<XY> vertices;
+  for (const std::vector<XY>& line : lines) vertices.insert(vertices.end(), line.begin(), line.end());
+  std::ranges::sort(vertices, {}, [](XY vertex) { return std::pair(vertex.x, vertex.y); });
+  const auto repeated = std::ranges::unique(vertices);
+  vertices.erase(repeated.begin(), repeated.end());
+  return vertices;
+}
+
+// Appends the way from one place to another, without its start, through those of the candidates that it passes within
+// the tolerance. The nearest comes first, and the ways to and from it are looked at anew: a way through all of them at
+// once would run to and fro between candidates on both sides.
+void AppendWay(XY from, XY to, const std::vector<XY>& candidates, double tolerance, std::vector<XY>& line) {
+  const XY* nearest = nullptr;
+  double least = tolerance;
+  std::vector<XY> others;
+  for (const XY& candidate : candidates) {
+    if (!LeadsThrough(from, to, candidate, tolerance)) continue;
+    const double distance = DistanceFrom(from, to, candidate);
+    others.push_back(candidate);
+    if (nearest != nullptr && distance >= least) continue;
+    nearest = &candidate;
+    least = distance;
+  }
+  if (nearest == nullptr) {
+    line.push_back(to);
+    return;
+  }
+  std::erase(others, *nearest);
+  AppendWay(from, *nearest, others, tolerance, line);
+  AppendWay(*nearest, to, others, tolerance, line);
+}
+
+// Leads segments through the vertices that they pass within the tolerance. True when a line changed.
+bool LeadThroughVertices(LineList& lines, double tolerance) {
+  const SegmentIndex index(lines);
+  std::map<std::pair<std::size_t, std::size_t>, std::vector<XY>> candidates;
+  for (const XY vertex : DistinctVertices(lines)) {
+    index.NearTo(vertex, tolerance, [&](const SegmentKey& key) {
+      const XY from = lines[key.line][key.start], to = lines[key.line][key.start + 1];
+      if (LeadsThrough(from, to, vertex, tolerance)) candidates[{key.line, key.start}].push_back(vertex);
+    });
+  }
+  for (auto segment = candidates.begin(); segment != candidates.end();) {
+    const std::size_t number = segment->first.first;
+    const std::vector<XY> old = std::move(lines[number]);
+    std::vector<XY> line{old.front()};
+    for (std::size_t start = 0; start + 1 < old.size(); ++start) {
+      if (segment != candidates.end() && segment->first == std::pair(number, start)) {
+        AppendWay(old[start], old[start + 1], segment->second, tolerance, line);
+        ++segment;
+      } else {
+        line.push_back(old[start + 1]);
+      }
+    }
+    lines[number] = std::move(line);
+  }
+  return !candidates.empty();
+}
+
+LineList SplitAtCrossings(const LineList& lines) {
+  std::vector<GeosGeometry> members;
+  members.reserve(lines.size());
+  for (const std::vector<XY>& line : lines) members.push_back(LineToGeos(line));
+  const GeosGeometry all = CollectionToGeos(GEOS_MULTILINESTRING, std::move(members));
+  const GeosGeometry noded = Checked(GEOSUnaryUnion_r(Geos(), all.get()));
+  LineList split;
+  ForEachMember(noded.get(), [&](const GEOSGeometry* member, int type) {
+    if (type == GEOS_LINESTRING && GEOSisEmpty_r(Geos(), member) == 0) split.push_back(VerticesFromGeos(member));
+  });
+  return split;
+}
+
+// The tolerance, or 0 when it is finer than the coordinates themselves.
+double Perceptible(double tolerance, const LineList& lines) {
+  double largest = 0.0;
+  for (const std::vector<XY>& line : lines) {
+    for (const XY vertex : line) largest = std::max({largest, std::fabs(vertex.x), std::fabs(vertex.y)});
+  }
+  return tolerance > largest * std::numeric_limits<double>::epsilon() ? tolerance : 0.0;
+}
+
+}  // namespace
+
+std::size_t PlaceCluster::CellHash::operator()(const Cell& cell) const {
+  return std::hash<std::int64_t>()(cell.column) * 1000003U ^ std::hash<std::int64_t>()(cell.row);
+}
+
+PlaceCluster::Cell PlaceCluster::CellOf(XY place) const {
+  return {static_cast<std::int64_t>(std::floor(place.x / distance_)),
+          static_cast<std::int64_t>(std::floor(place.y / distance_))};
+}
+
+XY PlaceCluster::Settle(XY place) {
+  const Cell own = CellOf(place);
+  const XY* nearest = nullptr;
+  double least = distance_;
+  for (std::int64_t column = own.column - 1; column <= own.column + 1; ++column) {
+    for (std::int64_t row = own.row - 1; row <= own.row + 1; ++row) {
+      const auto found = cells_.find({column, row});
+      if (found == cells_.end()) continue;
+      for (const XY& standing : found->second) {
+        const double distance = Distance(standing, place);
+        if (distance > least || (nearest != nullptr && distance == least)) continue;
+        nearest = &standing;
+        least = distance;
+      }
+    }
+  }
+  if (nearest != nullptr) return *nearest;
+  cells_[own].push_back(place);
+  return place;
+}
+
+LineList NodeLines(LineList lines, double tolerance) {
+  tolerance = Perceptible(tolerance, lines);
+  if (tolerance == 0.0) return SplitAtCrossings(lines);
+  PlaceCluster cluster(tolerance);
+  SettleVertices(lines, cluster);
+  LineList split = SplitAtCrossings(lines);
+  for (int round = 0; round < kMostRounds; ++round) {
+    const bool settled = SettleVertices(split, cluster);
+    const bool led = LeadThroughVertices(split, tolerance);
+    if (!settled && !led) break;
+    split = SplitAtCrossings(split);
+  }
+  return split;
+}
+
+}  // namespace tessarine::engine

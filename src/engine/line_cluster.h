@@ -1,0 +1,41 @@
+// Bringing lines together that nearly meet.
+#pragma once
+
+#include <cstdint>
+#include <unordered_map>
+#include <vector>
+
+#include "engine/geos_bridge.h"
+
+namespace tessarine::engine {
+
+/// Places no two of which lie within a distance of each other. The first to come stays; later ones go to the nearest
+/// that stands. Kept in square cells as wide as the distance.
+class PlaceCluster {
+ public:
+  explicit PlaceCluster(double distance) : distance_(distance) {}
+
+  /// The place that this one becomes.
+  [[nodiscard]] XY Settle(XY place);
+
+ private:
+  struct Cell {
+    std::int64_t column, row;
+    bool operator==(const Cell&) const = default;
+  };
+  struct CellHash {
+    std::size_t operator()(const Cell& cell) const;
+  };
+  [[nodiscard]] Cell CellOf(XY place) const;
+
+  double distance_;
+  std::unordered_map<Cell, std::vector<XY>, CellHash> cells_;
+};
+
+using LineList = std::vector<std::vector<XY>>;
+
+/// The lines, split where they meet, with places within the tolerance of each other made one and lines led through
+/// the vertices that they pass within it. Lines that shrink to a place are gone.
+[[nodiscard]] LineList NodeLines(LineList lines, double tolerance);
+
+}  // namespace tessarine::engine

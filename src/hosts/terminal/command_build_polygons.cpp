@@ -1,0 +1,167 @@
+// Polygons from the regions between lines.
+#include <CLI/CLI.hpp>
+#include <cmath>
+#include <filesystem>
+#include <memory>
+
+#include "engine/data_source.h"
+#include "hosts/terminal/commands.h"
+#include "hosts/terminal/form_answers.h"
+#include "hosts/terminal/layer_source.h"
+#include "hosts/terminal/refusal.h"
+#include "hosts/terminal/report_output.h"
+#include "hosts/terminal/session.h"
+#include "platform/text_formats.h"
+
+namespace tessarine {
+namespace {
+
+constexpr const char* kCommand = "build-polygons";
+constexpr const char* kExample =
+    "tessarine to-polylines tests/data/countries.shp -o boundaries.shp\n"
+    "  tessarine build-polygons boundaries.shp --labels tests/data/cities.shp --label-fields name -o regions.shp";
+constexpr int kToleranceDecimals = 15;
+
+struct BuildOptions {
+  CommonOptions common;
+  SourceOptions lines;
+  SourceOptions labels;
+  std::string output;
+  std::string tolerance;
+  std::vector<std::string> label_fields;
+  std::string label_choice;
+};
+
+// The tolerance as the form's box takes it: plain digits.
+std::string ToleranceText(const std::string& option) {
+  const bool usable = IsNumericText(option) && std::isfinite(ToNumber(option)) && ToNumber(option) >= 0.0;
+  if (!usable) throw Refusal("--cluster-tolerance: '" + option + "' is no number of 0 or more.");
+  std::string text = FixedText(ToNumber(option), kToleranceDecimals);
+  while (text.ends_with('0')) text.pop_back();
+  if (text.ends_with('.')) text.pop_back();
+  return text;
+}
+
+bool SameFile(const OutputPlace& place, const DocumentFeatureLayer* layer) {
+  std::error_code error;
+  return layer != nullptr && place.kind == OutputPlace::Kind::Shapefile &&
+         std::filesystem::equivalent(place.NativePath(), layer->Source().path, error);
+}
+
+// Answers the dialog.
+class BuildParamsScript final : public FormScript {
+ public:
+  BuildParamsScript(const BuildOptions& options, const DocumentFeatureLayer& lines,
+                    const std::shared_ptr<DocumentFeatureLayer>& labels, const OutputPlace& output)
+      : options_(options), lines_(lines), labels_(labels), output_(output) {}
+
+  void Answer(Form& form) override {
+    ChooseLayer(ControlOf<ListBox>(form, "lbxLayers"), lines_, kCommand, "polylines");
+    if (!options_.tolerance.empty()) TypeTolerance(ControlOf<TextBox>(form, "txtCluster"));
+    if (labels_) ChooseLabels(form);
+    ChooseOutput(form, output_);
+    RemoveReplaced();
+    ControlOf<CommandButton>(form, "cmdOK").Press();
+  }
+
+ private:
+  void TypeTolerance(TextBox& box) const {
+    box.SetText("");
+    box.Type(ToleranceText(options_.tolerance));
+  }
+
+  void ChooseLabels(Form& form) const {
+    ControlOf<CheckBox>(form, "chkUseLabelPoints").SetValue(CheckBox::kChecked);
+    auto& layers = ControlOf<ComboBox>(form, "cbxPointLayers");
+    layers.SetListIndex(PointLine(layers));
+    ChooseFields(ControlOf<ListBox>(form, "lbxFields"), *labels_, "--label-fields", options_.label_fields, false);
+    if (options_.label_choice.empty()) return;
+    const bool first = options_.label_choice == "first";
+    ControlOf<OptionButton>(form, first ? "optFirstLabelPoint" : "optCentroidLabelPoint").SetValue(true);
+  }
+
+  std::int32_t PointLine(const ComboBox& layers) const {
+    for (std::int32_t line = 0; line < layers.ListCount(); ++line) {
+      if (layers.List(line) == labels_->Name()) return line;
+    }
+    throw Refusal("--labels: the layer '" + labels_->Name() + "' is of the wrong kind: labels are points.");
+  }
+
+  // The run itself would rather take another name than replace a shapefile.
+  void RemoveReplaced() const {
+    const TerminalManners manners = options_.common.Manners();
+    if (manners.plan_only || !(manners.overwrite || manners.yes)) return;
+    if (output_.kind != OutputPlace::Kind::Shapefile || !OutputExists(output_)) return;
+    DataSource::Open(output_.NativePath(), true)->OpenFeatureClass("")->Delete();
+  }
+
+  const BuildOptions& options_;
+  const DocumentFeatureLayer& lines_;
+  const std::shared_ptr<DocumentFeatureLayer>& labels_;
+  const OutputPlace& output_;
+};
+
+ExitStatus RunBuildPolygons(const BuildOptions& options) {
+  CheckReportFile(options.common.report_file);
+  if (!options.tolerance.empty()) (void)ToleranceText(options.tolerance);
+  const OutputPlace place = ParseOutputPlace(options.output);
+  Session session(options.common);
+  std::shared_ptr<DocumentFeatureLayer> labels;
+  if (!options.labels.source.empty()) labels = TakeLayer(session.Document(), options.labels);
+  const std::shared_ptr<DocumentFeatureLayer> lines = TakeLayer(session.Document(), options.lines);
+  if (SameFile(place, lines.get()) || SameFile(place, labels.get())) {
+    throw Refusal("'" + place.NativePath() + "' is read by this run: name another output.");
+  }
+  RefuseTakenName(place, options.common);
+  CheckDataset(place, lines->SpatialReference());
+  const PreparedPlace prepared(place, lines->SpatialReference(), session.Host().LocalSystem(),
+                               options.common.dry_run);
+  if (place.InGeodatabase()) session.Host().SetBrowsePlace(prepared.Browse());
+  BuildParamsScript script(options, *lines, labels, place);
+  return session.Run("Tessarine.clsBuildPolygon", &script);
+}
+
+void AddLabelOptions(CLI::App& command, BuildOptions& options) {
+  CLI::Option& labels = *command.add_option("--labels", options.labels.source,
+                                            "Points whose attributes the polygons take: a path, PATH:LAYER, or a "
+                                            "layer of the document");
+  CLI::Option& fields = *command.add_option("--label-fields", options.label_fields,
+                                            "The fields of the points to carry over, with commas between");
+  fields.delimiter(',');
+  fields.needs(&labels);
+  labels.needs(&fields);
+  command.add_option("--label-layer", options.labels.layer, "The layer of the points, where their data holds several")
+      ->needs(&labels);
+  command.add_option("--label-where", options.labels.where, "Take only the points that meet this SQL condition")
+      ->needs(&labels);
+  command
+      .add_option("--label-choice", options.label_choice,
+                  "Of several points in a polygon take the first, or the one nearest to its centre")
+      ->check(CLI::IsMember({"first", "nearest"}))
+      ->needs(&labels);
+}
+
+}  // namespace
+
+void AddBuildPolygonsCommand(CLI::App& program, ChosenCommand& chosen) {
+  auto options = std::make_shared<BuildOptions>();
+  CLI::App& command = *program.add_subcommand(kCommand, "One polygon for each region that lines bound together");
+  command.add_option("lines", options->lines.source, "The lines: a path, PATH:LAYER, or a layer of the document")
+      ->required();
+  command.add_option("-o,--output", options->output,
+                     "The new class: NAME.shp, a folder, GEODATABASE.gdb/NAME or GEODATABASE.gdb/DATASET/NAME")
+      ->required();
+  command.add_option("-l,--layer", options->lines.layer, "The layer, where the data holds several");
+  command.add_option("-w,--where", options->lines.where, "Take only the lines that meet this SQL condition");
+  command.add_option("-t,--cluster-tolerance", options->tolerance,
+                     "The distance under which lines count as meeting, in the unit of the data");
+  AddLabelOptions(command, *options);
+  AddCommonOptions(command, options->common);
+  command.footer(std::string("Example:\n  ") + kExample);
+  command.callback([&chosen, options] {
+    options->common.command_line = chosen.command_line;
+    chosen.run = [options] { return RunBuildPolygons(*options); };
+  });
+}
+
+}  // namespace tessarine

@@ -1,0 +1,86 @@
+#include "hosts/terminal/form_answers.h"
+
+#include "engine/data_source.h"
+#include "hosts/terminal/refusal.h"
+#include "platform/paths.h"
+#include "platform/text_formats.h"
+
+namespace tessarine {
+namespace {
+
+template <class List>
+std::int32_t FindLine(const List& list, const std::string& text) {
+  for (std::int32_t line = 0; line < list.ListCount(); ++line) {
+    if (EqualsIgnoringCase(list.List(line), text)) return line;
+  }
+  return -1;
+}
+
+std::int32_t FindFieldLine(const ListBox& list, const DocumentFeatureLayer& layer, const std::string& name) {
+  const std::int32_t line = FindLine(list, name);
+  if (line >= 0) return line;
+  const std::int32_t index = layer.FindField(name);
+  return index < 0 ? -1 : FindLine(list, layer.FieldInfo(index).Alias);
+}
+
+std::string AllLines(const ListBox& list) {
+  std::string lines;
+  for (std::int32_t line = 0; line < list.ListCount(); ++line) lines += (line == 0 ? "" : ", ") + list.List(line);
+  return lines.empty() ? "none that can be carried over" : lines;
+}
+
+}  // namespace
+
+void ChooseLayer(ListBox& list, const DocumentFeatureLayer& layer, const std::string& command,
+                 const std::string& takes) {
+  const std::int32_t line = FindLine(list, layer.Name());
+  if (line < 0) {
+    throw Refusal("The layer '" + layer.Name() + "' is of the wrong kind: '" + command + "' takes " + takes + ".");
+  }
+  list.SetListIndex(line);
+}
+
+void ChooseFields(ListBox& list, const DocumentFeatureLayer& layer, const std::string& option,
+                  const std::vector<std::string>& names, bool all) {
+  for (std::int32_t line = 0; line < list.ListCount(); ++line) list.SetSelected(line, all);
+  for (const std::string& name : names) {
+    const std::int32_t line = FindFieldLine(list, layer, name);
+    if (line < 0) {
+      throw Refusal(option + ": '" + layer.Name() + "' has no field '" + name + "'. It has: " + AllLines(list) + ".");
+    }
+    list.SetSelected(line, true);
+  }
+}
+
+void ChooseOutput(Form& form, const OutputPlace& output) {
+  auto& text = ControlOf<TextBox>(form, "txtOutput");
+  if (output.InGeodatabase()) {
+    ControlOf<CommandButton>(form, "cmdGetWorkspace").Press();
+  } else if (output.kind == OutputPlace::Kind::Folder) {
+    // The proposal's own name, in the folder that was named.
+    const std::string proposal = text.Text();
+    const std::string name = proposal.substr(proposal.rfind('\\') + 1);
+    text.SetText(FromNativePath(output.container) + "\\" + name);
+  } else {
+    text.SetText(FromNativePath(output.NativePath()));
+  }
+}
+
+void RefuseTakenName(const OutputPlace& place, const CommonOptions& options) {
+  const TerminalManners manners = options.Manners();
+  if (manners.overwrite || manners.yes || manners.interactive || manners.plan_only) return;
+  if (OutputExists(place)) {
+    throw Refusal("'" + place.NativePath() + "' exists already: add --overwrite to replace it, or name another.");
+  }
+}
+
+void CheckDataset(const OutputPlace& place, const SpatialReferenceRef& reference) {
+  if (place.kind != OutputPlace::Kind::FileGeodatabase || place.dataset.empty()) return;
+  const SpatialReferenceRef own = FeatureDatasetReference(place.container, place.dataset);
+  if (own && !own->IsEqual(*reference)) {
+    throw Refusal("The feature dataset '" + place.dataset + "' is in '" + own->Name() + "', but the output in '" +
+                  reference->Name() + "': name another dataset, or none.");
+  }
+}
+
+}  // namespace tessarine

@@ -1,0 +1,40 @@
+// The answers that commands give to forms with a layer, fields and an output.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "hosts/document/document_layer.h"
+#include "hosts/terminal/common_options.h"
+#include "hosts/terminal/output_place.h"
+#include "platform/fault.h"
+#include "platform/form.h"
+
+namespace tessarine {
+
+/// The control of this name and kind; a fault when the form has none.
+template <class Kind>
+[[nodiscard]] Kind& ControlOf(Form& form, const char* name) {
+  auto* control = form.FindAs<Kind>(name);
+  if (control == nullptr) Raise(kInvalidCall, std::string("The form has no control '") + name + "'.");
+  return *control;
+}
+
+/// Chooses the layer's line. Refuses a layer that the form doesn't offer: `command` takes only `takes`.
+void ChooseLayer(ListBox& list, const DocumentFeatureLayer& layer, const std::string& command,
+                 const std::string& takes);
+
+/// Selects the lines of the named fields, or all. A field is named by its name or by the alias that the layer shows.
+void ChooseFields(ListBox& list, const DocumentFeatureLayer& layer, const std::string& option,
+                  const std::vector<std::string>& names, bool all);
+
+/// Fills "txtOutput", by way of the browse button where the place is in a geodatabase.
+void ChooseOutput(Form& form, const OutputPlace& output);
+
+/// Refuses an output that exists where nobody could be asked about it.
+void RefuseTakenName(const OutputPlace& place, const CommonOptions& options);
+
+/// Refuses a feature dataset in another reference than the output's.
+void CheckDataset(const OutputPlace& place, const SpatialReferenceRef& reference);
+
+}  // namespace tessarine
