@@ -31,6 +31,7 @@ struct Offer {
   std::string layer;
   std::optional<esriGeometryType> kind;
   bool has_shape = true;
+  bool only_kind = true;
 };
 
 void AddOffers(OGRLayer& layer, std::vector<Offer>& offers) {
@@ -58,7 +59,8 @@ void AddOffers(OGRLayer& layer, std::vector<Offer>& offers) {
   }
   for (const KindSuffix& row : kKindSuffixes) {
     if (!kinds.contains(row.type)) continue;
-    offers.push_back({kinds.size() == 1 ? name : name + row.suffix, name, row.type});
+    const bool only = kinds.size() == 1;
+    offers.push_back({only ? name : name + row.suffix, name, row.type, true, only});
   }
 }
 
@@ -98,7 +100,7 @@ class OgrDataSource final : public DataSource {
 
  private:
   [[nodiscard]] std::shared_ptr<OgrSource> SourceOf(const Offer& offer) const {
-    return std::make_shared<OgrSource>(path_, offer.layer, offer.kind);
+    return std::make_shared<OgrSource>(path_, offer.layer, offer.kind, offer.only_kind);
   }
 
   [[nodiscard]] std::string JoinedNames() const {

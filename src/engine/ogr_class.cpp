@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <limits>
 
+#include "engine/attribute_update.h"
 #include "engine/engine_fault.h"
 #include "engine/ogr_cursor.h"
 #include "engine/ogr_geometry.h"
@@ -74,13 +75,17 @@ void OgrClass::ReadTraits() {
 std::int32_t OgrClass::FindField(std::string_view name) const { return Fields()->FindField(name); }
 
 void OgrClass::AddField(const FieldRef& field) {
+  if (field->Name.empty()) RaiseEngineFault("A field without a name can't be added to '" + source_->Path() + "'.");
+  if (FindField(field->Name) >= 0) {
+    RaiseEngineFault("'" + source_->Path() + "' has a field '" + field->Name + "' already: choose another name.");
+  }
   const GdalErrorScope errors;
   {
     const LayerHandle handle = source_->Write();
     const auto definition = OgrFieldOf(*field, driver_ == "ESRI Shapefile");
     if (handle.Layer().CreateField(definition.get()) != OGRERR_NONE || errors.Failed()) {
-      RaiseEngineFault("The field '" + field->Name + "' can't be added to '" + source_->Path() + "'" +
-                       errors.Quote() + ".");
+      RaiseEngineFault("The field '" + field->Name + "' can't be added to '" + source_->Path() + "'" + errors.Quote() +
+                       ".");
     }
   }
   ReadTraits();
@@ -108,11 +113,13 @@ std::shared_ptr<IPropertySet> OgrClass::PropertySet() const {
 
 void OgrClass::Delete() {
   if (driver_ == "ESRI Shapefile") {
+    source_->Renew();
     DeleteShapefile(source_->Path());
     return;
   }
   const GdalErrorScope errors;
   const DatasetHandle dataset = OpenDataset(source_->Path(), true);
+  source_->Renew();
   for (int index = 0; index < dataset->GetLayerCount(); ++index) {
     if (source_->LayerName() != dataset->GetLayer(index)->GetName()) continue;
     if (dataset->DeleteLayer(index) == OGRERR_NONE) return;
@@ -122,8 +129,21 @@ void OgrClass::Delete() {
                    ".");
 }
 
+bool OgrClass::CanBypassEditSession() const {
+  try {
+    const LayerHandle handle = source_->Write();
+    return handle.Layer().TestCapability(OLCRandomWrite) != 0;
+  } catch (const Fault&) {
+    return false;
+  }
+}
+
 void OgrClass::StoreRow(const OgrRow& row) {
   row.StoreShape();
+  if (driver_ == "OpenFileGDB") {
+    StoreFileGdbRow(*source_, row.Feature());
+    return;
+  }
   const GdalErrorScope errors;
   const LayerHandle handle = source_->Write();
   if (handle.Layer().SetFeature(&row.Feature()) != OGRERR_NONE) {
@@ -136,8 +156,8 @@ void OgrClass::DeleteRow(std::int64_t oid) {
   const GdalErrorScope errors;
   const LayerHandle handle = source_->Write();
   if (handle.Layer().DeleteFeature(oid) != OGRERR_NONE) {
-    RaiseEngineFault("Row " + std::to_string(oid) + " of '" + source_->Path() + "' can't be deleted" +
-                     errors.Quote() + ".");
+    RaiseEngineFault("Row " + std::to_string(oid) + " of '" + source_->Path() + "' can't be deleted" + errors.Quote() +
+                     ".");
   }
 }
 
@@ -151,8 +171,12 @@ std::int32_t OgrClass::CountRows(const QueryFilter* filter) const {
     while (cursor.NextFeature()) ++count;
   } else {
     if (filter != nullptr) ApplyFilter(handle, *filter);
-    const GdalErrorScope quiet;
+    const GdalErrorScope errors;
     count = handle.Layer().GetFeatureCount(1);
+    if (count < 0 || errors.Failed()) {
+      RaiseEngineFault("The rows of '" + Name() + "' in '" + source_->Path() + "' can't be counted" + errors.Quote() +
+                       ".");
+    }
   }
   if (count > std::numeric_limits<std::int32_t>::max()) {
     Raise(kOverflow, "'" + source_->Path() + "' holds more rows than can be counted.");
@@ -164,8 +188,8 @@ std::shared_ptr<IFeatureCursor> OgrClass::OpenReader(const QueryFilter* filter, 
   return std::make_shared<ReadingCursor>(shared_from_this(), source_->Read(), filter, recycling);
 }
 
-std::shared_ptr<IFeatureCursor> OgrClass::OpenUpdater(const QueryFilter* filter, bool recycling) {
-  return std::make_shared<ReadingCursor>(shared_from_this(), source_->Write(), filter, recycling);
+std::shared_ptr<IFeatureCursor> OgrClass::OpenUpdater(const QueryFilter* filter, bool recycling, ChosenRows chosen) {
+  return std::make_shared<UpdatingCursor>(shared_from_this(), source_->Write(), filter, recycling, std::move(chosen));
 }
 
 std::shared_ptr<IFeatureCursor> OgrClass::OpenInserter() {

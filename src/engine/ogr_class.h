@@ -1,8 +1,10 @@
 // Feature classes and tables over OGR layers.
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "engine/ogr_feature.h"
 #include "engine/ogr_source.h"
@@ -11,7 +13,10 @@
 namespace tessarine::engine {
 
 /// What feature classes and tables share.
-class OgrClass : public virtual IClass, public virtual IDataset, public std::enable_shared_from_this<OgrClass> {
+class OgrClass : public virtual IClass,
+                 public virtual IDataset,
+                 public IObjectClassInfo2,
+                 public std::enable_shared_from_this<OgrClass> {
  public:
   explicit OgrClass(std::shared_ptr<OgrSource> source);
 
@@ -26,6 +31,7 @@ class OgrClass : public virtual IClass, public virtual IDataset, public std::ena
   [[nodiscard]] std::shared_ptr<IWorkspace> Workspace() const override;
   [[nodiscard]] std::shared_ptr<IPropertySet> PropertySet() const override;
   void Delete() override;
+  [[nodiscard]] bool CanBypassEditSession() const override;
 
   [[nodiscard]] const std::string& DriverName() const { return driver_; }
   [[nodiscard]] const std::shared_ptr<OgrSource>& Source() const { return source_; }
@@ -35,7 +41,9 @@ class OgrClass : public virtual IClass, public virtual IDataset, public std::ena
 
   [[nodiscard]] std::int32_t CountRows(const QueryFilter* filter) const;
   [[nodiscard]] std::shared_ptr<IFeatureCursor> OpenReader(const QueryFilter* filter, bool recycling);
-  [[nodiscard]] std::shared_ptr<IFeatureCursor> OpenUpdater(const QueryFilter* filter, bool recycling);
+  /// A cursor that writes back what it reads; with `chosen`, only over the rows of these identifiers, in order.
+  [[nodiscard]] std::shared_ptr<IFeatureCursor> OpenUpdater(
+      const QueryFilter* filter, bool recycling, std::shared_ptr<const std::vector<std::int64_t>> chosen = nullptr);
   [[nodiscard]] std::shared_ptr<IFeatureCursor> OpenInserter();
   [[nodiscard]] std::shared_ptr<IFeature> ReadRow(std::int64_t oid);
 

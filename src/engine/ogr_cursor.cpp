@@ -2,6 +2,7 @@
 
 #include "engine/engine_fault.h"
 #include "engine/ogr_geometry.h"
+#include "platform/text_formats.h"
 
 namespace tessarine::engine {
 namespace {
@@ -20,6 +21,16 @@ std::vector<std::string> IgnoredFields(OGRLayer& layer, const std::string& wante
   return ignored;
 }
 
+// A database looks at a condition only when rows are read.
+bool CompilesInDatabase(const LayerHandle& handle, const std::string& condition) {
+  const std::string table = Replace(handle.Layer().GetName(), "\"", "\"\"");
+  const std::string sql = "EXPLAIN SELECT 1 FROM \"" + table + "\" WHERE " + condition;
+  OGRLayer* plan = handle.Dataset().ExecuteSQL(sql.c_str(), nullptr, nullptr);
+  if (plan == nullptr) return false;
+  handle.Dataset().ReleaseResultSet(plan);
+  return true;
+}
+
 [[noreturn]] void RaiseWrongUse(const char* what) { Raise(kInvalidCall, std::string("This cursor can't ") + what + "."); }
 
 }  // namespace
@@ -28,7 +39,9 @@ void ApplyFilter(LayerHandle& handle, const QueryFilter& filter) {
   OGRLayer& layer = handle.Layer();
   if (!filter.WhereClause.empty()) {
     const GdalErrorScope errors;
-    if (layer.SetAttributeFilter(filter.WhereClause.c_str()) != OGRERR_NONE || errors.Failed()) {
+    bool usable = layer.SetAttributeFilter(filter.WhereClause.c_str()) == OGRERR_NONE;
+    if (usable && handle.IsDatabase()) usable = CompilesInDatabase(handle, filter.WhereClause);
+    if (!usable || errors.Failed()) {
       RaiseEngineFault("The condition \"" + filter.WhereClause + "\" can't be used on '" + layer.GetName() + "'" +
                        errors.Quote() + ". Check its field names and quotes.");
     }
@@ -56,14 +69,14 @@ ReadingCursor::ReadingCursor(std::shared_ptr<OgrClass> owner, LayerHandle handle
   handle_.Layer().ResetReading();
 }
 
-ReadingCursor::~ReadingCursor() {
-  if (in_transaction_) (void)(handle_.Layer().CommitTransaction() == OGRERR_NONE);
-}
-
 bool ReadingCursor::Matches(const OGRFeature& feature) const {
   const auto kind = owner_->Source()->Kind();
   const OGRGeometry* geometry = feature.GetGeometryRef();
-  if (kind && (geometry == nullptr || ShapeTypeOf(geometry->getGeometryType()) != *kind)) return false;
+  if (kind) {
+    const bool belongs = geometry == nullptr ? owner_->Source()->HasOnlyKind()
+                                             : ShapeTypeOf(geometry->getGeometryType()) == *kind;
+    if (!belongs) return false;
+  }
   if (!region_) return true;
   const GeometryRef shape = ShapeFromOgr(geometry, owner_->Traits()->shape_type, owner_->Traits()->reference);
   return shape && !shape->IsEmpty() && !dynamic_cast<const IRelationalOperator&>(*region_).Disjoint(*shape);
@@ -72,7 +85,7 @@ bool ReadingCursor::Matches(const OGRFeature& feature) const {
 OgrFeatureHandle ReadingCursor::NextOgr() {
   const GdalErrorScope errors;
   for (;;) {
-    OgrFeatureHandle feature(handle_.Layer().GetNextFeature());
+    OgrFeatureHandle feature = handle_.NextFeature();
     if (!feature) {
       if (errors.Failed()) {
         RaiseEngineFault("'" + owner_->Source()->Path() + "' can't be read to its end" + errors.Quote() +
@@ -96,38 +109,11 @@ std::shared_ptr<IFeature> ReadingCursor::NextFeature() {
   return recycled_;
 }
 
-void ReadingCursor::UpdateFeature(const std::shared_ptr<IFeature>& feature) { UpdateRow(feature); }
-
-void ReadingCursor::UpdateRow(const std::shared_ptr<IRow>& row) {
-  const auto own = Cast<OgrRow>(Require(row, "row"));
-  Require(own, "a row of this cursor")->StoreShape();
-  const GdalErrorScope errors;
-  OGRLayer& layer = handle_.Layer();
-  if (!in_transaction_ && layer.TestCapability(OLCTransactions) != 0) {
-    in_transaction_ = layer.StartTransaction() == OGRERR_NONE;
-  }
-  if (layer.SetFeature(&own->Feature()) != OGRERR_NONE) {
-    RaiseEngineFault("Row " + std::to_string(own->Feature().GetFID()) + " of '" + owner_->Source()->Path() +
-                     "' can't be written" + errors.Quote() + ".");
-  }
-}
-
+void ReadingCursor::UpdateRow(const std::shared_ptr<IRow>&) { RaiseWrongUse("update rows"); }
 std::int64_t ReadingCursor::InsertFeature(const IFeatureBuffer&) { RaiseWrongUse("insert rows"); }
 std::int64_t ReadingCursor::InsertRow(const IRowBuffer&) { RaiseWrongUse("insert rows"); }
 
-void ReadingCursor::Flush() {
-  if (!in_transaction_) return;
-  in_transaction_ = false;
-  const GdalErrorScope errors;
-  if (handle_.Layer().CommitTransaction() != OGRERR_NONE) {
-    RaiseEngineFault("Rows of '" + owner_->Source()->Path() + "' can't be written" + errors.Quote() + ".");
-  }
-}
-
-void ReadingCursor::Close() {
-  Flush();
-  handle_.Close();
-}
+void ReadingCursor::Close() { handle_.Close(); }
 
 InsertingCursor::InsertingCursor(std::shared_ptr<OgrClass> owner, LayerHandle handle)
     : owner_(std::move(owner)),

@@ -1,8 +1,11 @@
 // Cursors over OGR layers.
 #pragma once
 
+#include <cstdint>
 #include <memory>
+#include <vector>
 
+#include "engine/attribute_update.h"
 #include "engine/ogr_class.h"
 
 namespace tessarine::engine {
@@ -10,23 +13,27 @@ namespace tessarine::engine {
 /// Sets the filters of a handle; a condition that OGR refuses raises a fault that quotes it.
 void ApplyFilter(LayerHandle& handle, const QueryFilter& filter);
 
-/// Reads rows, and writes those back that it read when it was opened for update.
-class ReadingCursor final : public IFeatureCursor {
+/// Reads rows.
+class ReadingCursor : public IFeatureCursor {
  public:
   ReadingCursor(std::shared_ptr<OgrClass> owner, LayerHandle handle, const QueryFilter* filter, bool recycling);
-  ~ReadingCursor() override;
 
   [[nodiscard]] std::shared_ptr<IFeature> NextFeature() override;
   [[nodiscard]] std::shared_ptr<IRow> NextRow() override { return NextFeature(); }
-  void UpdateFeature(const std::shared_ptr<IFeature>& feature) override;
+  void UpdateFeature(const std::shared_ptr<IFeature>& feature) override { UpdateRow(feature); }
   void UpdateRow(const std::shared_ptr<IRow>& row) override;
   std::int64_t InsertFeature(const IFeatureBuffer&) override;
   std::int64_t InsertRow(const IRowBuffer&) override;
-  void Flush() override;
+  void Flush() override {}
   void Close() override;
 
+ protected:
+  /// The next row that belongs to the class and meets the filter.
+  [[nodiscard]] virtual OgrFeatureHandle NextOgr();
+  [[nodiscard]] const std::shared_ptr<OgrClass>& Owner() const { return owner_; }
+  [[nodiscard]] LayerHandle& Handle() { return handle_; }
+
  private:
-  [[nodiscard]] OgrFeatureHandle NextOgr();
   [[nodiscard]] bool Matches(const OGRFeature& feature) const;
 
   std::shared_ptr<OgrClass> owner_;
@@ -34,6 +41,34 @@ class ReadingCursor final : public IFeatureCursor {
   GeometryRef region_;
   bool recycling_;
   std::shared_ptr<OgrFeature> recycled_;
+};
+
+/// The rows that an updating cursor is restricted to: identifiers in order; nothing means all rows.
+using ChosenRows = std::shared_ptr<const std::vector<std::int64_t>>;
+
+/// Reads rows and writes them back. Only what was set since a row was read is written: attributes without the shape,
+/// where the format allows it.
+class UpdatingCursor final : public ReadingCursor {
+ public:
+  UpdatingCursor(std::shared_ptr<OgrClass> owner, LayerHandle handle, const QueryFilter* filter, bool recycling,
+                 ChosenRows chosen);
+  ~UpdatingCursor() override;
+
+  [[nodiscard]] std::shared_ptr<IFeature> NextFeature() override;
+  void UpdateRow(const std::shared_ptr<IRow>& row) override;
+  void Flush() override;
+  void Close() override;
+
+ protected:
+  [[nodiscard]] OgrFeatureHandle NextOgr() override;
+
+ private:
+  void WriteWhole(const OgrRow& row);
+
+  ChosenRows chosen_;
+  bool fetches_ = false;  ///< each chosen row is fetched by its identifier
+  std::size_t next_ = 0;
+  std::unique_ptr<AttributeUpdate> update_;
   bool in_transaction_ = false;
 };
 

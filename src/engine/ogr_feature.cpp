@@ -1,5 +1,6 @@
 #include "engine/ogr_feature.h"
 
+#include <algorithm>
 #include <cstdint>
 
 #include "engine/ogr_class.h"
@@ -28,10 +29,13 @@ void OgrRow::SetValue(std::int32_t index, const Variant& value) {
     return;
   }
   const int attribute = traits_->fields.OgrIndex(index);
-  if (attribute < 0 || attribute >= feature_->GetFieldCount()) {
+  if (attribute < 0 || index >= traits_->fields.fields->FieldCount()) {
     Raise(kInvalidCall, "The field " + std::to_string(index) + " of a row can't be written.");
   }
   traits_->writer.Write(*feature_, attribute, value);
+  if (tracks_changes_ && std::ranges::find(changed_attributes_, attribute) == changed_attributes_.end()) {
+    changed_attributes_.push_back(attribute);
+  }
 }
 
 GeometryRef OgrRow::Shape() const {
@@ -62,7 +66,10 @@ void OgrRow::Refill(OgrFeatureHandle feature) {
   feature_ = std::move(feature);
   shape_ = nullptr;
   shape_changed_ = false;
+  changed_attributes_.clear();
 }
+
+void OgrRow::TakeFrom(OgrRow& other) { Refill(std::move(other.feature_)); }
 
 void OgrRow::Rebind(OGRFeatureDefn& definition) {
   if (feature_->GetDefnRef() == &definition) return;

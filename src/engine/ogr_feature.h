@@ -4,6 +4,8 @@
 #include <ogrsf_frmts.h>
 
 #include <memory>
+#include <span>
+#include <vector>
 
 #include "engine/ogr_fields.h"
 #include "platform/data.h"
@@ -35,9 +37,15 @@ class OgrRow : public virtual IFeatureBuffer {
 
   [[nodiscard]] OGRFeature& Feature() const { return *feature_; }
   [[nodiscard]] bool ShapeChanged() const { return shape_changed_; }
+  /// Remembers from here on which attributes are set.
+  void TrackChanges() { tracks_changes_ = true; }
+  /// The OGR indexes of the attributes that were set, each once.
+  [[nodiscard]] std::span<const int> ChangedAttributes() const { return changed_attributes_; }
   /// Puts the shape that was set into the OGR feature.
   void StoreShape() const;
   void Refill(OgrFeatureHandle feature);
+  /// Becomes the row that the other one was, which is of no use any more.
+  void TakeFrom(OgrRow& other);
   /// Takes on the layout of another handle on the same layer.
   void Rebind(OGRFeatureDefn& definition);
 
@@ -49,6 +57,8 @@ class OgrRow : public virtual IFeatureBuffer {
   OgrFeatureHandle feature_;
   mutable GeometryRef shape_;
   bool shape_changed_ = false;
+  bool tracks_changes_ = false;
+  std::vector<int> changed_attributes_;
 };
 
 /// A stored feature, or a stored row of a table.

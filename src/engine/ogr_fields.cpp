@@ -1,5 +1,7 @@
 #include "engine/ogr_fields.h"
 
+#include <array>
+#include <charconv>
 #include <cmath>
 
 #include "platform/fault.h"
@@ -89,6 +91,12 @@ Variant DateOf(const OGRFeature& feature, int index) {
   return MakeDate(year, month, day, hour, minute, static_cast<int>(second));
 }
 
+bool PrintsAs(double value, int decimals, std::string_view beginning) {
+  std::array<char, 400> room;
+  const auto end = std::to_chars(room.data(), room.data() + room.size(), value, std::chars_format::fixed, decimals);
+  return std::string_view(room.data(), static_cast<std::size_t>(end.ptr - room.data())).starts_with(beginning);
+}
+
 }  // namespace
 
 FieldMap MapFields(OGRLayer& layer, esriGeometryType shape_type, const SpatialReferenceRef& reference,
@@ -146,7 +154,8 @@ Variant ValueOf(const OGRFeature& feature, int index) {
   const OGRFieldDefn& field = *feature.GetFieldDefnRef(index);
   switch (field.GetType()) {
     case OFTInteger:
-      if (TypeOf(field) == esriFieldTypeSmallInteger) return static_cast<std::int16_t>(feature.GetFieldAsInteger(index));
+      if (TypeOf(field) == esriFieldTypeSmallInteger)
+        return static_cast<std::int16_t>(feature.GetFieldAsInteger(index));
       return static_cast<std::int32_t>(feature.GetFieldAsInteger(index));
     case OFTInteger64:
       return static_cast<double>(feature.GetFieldAsInteger64(index));
@@ -169,6 +178,15 @@ Variant ValueOf(const OGRFeature& feature, int index) {
   }
 }
 
+std::string_view NumberInColumn(double value, std::size_t width, int decimals, std::span<char> room) {
+  for (; decimals >= 0; --decimals) {
+    const auto end = std::to_chars(room.data(), room.data() + room.size(), value, std::chars_format::fixed, decimals);
+    const auto size = static_cast<std::size_t>(end.ptr - room.data());
+    if (end.ec == std::errc() && size <= width) return {room.data(), size};
+  }
+  return {};
+}
+
 AttributeWriter::AttributeWriter(const OGRFeatureDefn& definition, bool dbase) {
   for (int index = 0; index < definition.GetFieldCount(); ++index) {
     const OGRFieldDefn& field = *definition.GetFieldDefn(index);
@@ -183,12 +201,18 @@ AttributeWriter::AttributeWriter(const OGRFeatureDefn& definition, bool dbase) {
 }
 
 double AttributeWriter::Fitted(double value, const Column& column, const char* name) const {
-  for (int decimals = column.decimals; decimals >= 0; --decimals) {
-    const std::string text = FixedText(value, decimals);
-    if (static_cast<int>(text.size()) <= column.width) return ToNumber(text);
+  std::array<char, 400> room;
+  const std::string_view text = NumberInColumn(value, static_cast<std::size_t>(column.width), column.decimals, room);
+  if (text.empty()) {
+    Raise(kOverflow, "The value " + NumberText(value) + " doesn't fit the field '" + name + "' of width " +
+                         std::to_string(column.width) + ".");
   }
-  Raise(kOverflow, "The value " + NumberText(value) + " doesn't fit the field '" + name + "' of width " +
-                       std::to_string(column.width) + ".");
+  double number = 0.0;
+  std::from_chars(text.data(), text.data() + text.size(), number);
+  // OGR prints all decimals and cuts them off at the width: a number just below the text would lose its last digit.
+  if (PrintsAs(number, column.decimals, text)) return number;
+  const double above = std::nextafter(number, std::copysign(HUGE_VAL, number));
+  return PrintsAs(above, column.decimals, text) ? above : number;
 }
 
 void AttributeWriter::WriteNumber(OGRFeature& feature, int index, const Variant& value) const {

@@ -4,6 +4,8 @@
 #include <ogrsf_frmts.h>
 
 #include <memory>
+#include <span>
+#include <string_view>
 #include <vector>
 
 #include "platform/field.h"
@@ -31,6 +33,10 @@ struct FieldMap {
 
 /// The attribute's value; Null where it has none.
 [[nodiscard]] Variant ValueOf(const OGRFeature& feature, int index);
+
+/// The number as a column of this width keeps it: right rounded, with as many of the decimals as there is room for.
+/// Nothing when it doesn't fit.
+[[nodiscard]] std::string_view NumberInColumn(double value, std::size_t width, int decimals, std::span<char> room);
 
 /// Writes attributes of one layer. Knows which fields a dBASE table keeps as text of a fixed width.
 class AttributeWriter {

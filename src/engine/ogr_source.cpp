@@ -1,11 +1,36 @@
 #include "engine/ogr_source.h"
 
 #include <filesystem>
+#include <map>
 #include <mutex>
 
 #include "engine/engine_fault.h"
 
 namespace tessarine::engine {
+namespace {
+
+namespace fs = std::filesystem;
+
+// The parts of a shapefile, and the folder around it with its name as the layer's, stand for one and the same.
+std::string FileKey(const std::string& path, const std::string& layer) {
+  std::error_code error;
+  fs::path place = path;
+  if (fs::is_directory(place, error) && fs::exists(place / (layer + ".shp"), error)) place /= layer + ".shp";
+  if (place.extension() == ".shp" || place.extension() == ".dbf") place.replace_extension();
+  const fs::path canonical = fs::weakly_canonical(place, error);
+  return (error ? place : canonical).string();
+}
+
+std::shared_ptr<SharedFile> SharedFileOf(const std::string& path, const std::string& layer) {
+  static std::map<std::string, std::weak_ptr<SharedFile>> files;
+  std::erase_if(files, [](const auto& entry) { return entry.second.expired(); });
+  std::weak_ptr<SharedFile>& known = files[FileKey(path, layer)];
+  std::shared_ptr<SharedFile> file = known.lock();
+  if (!file) known = file = std::make_shared<SharedFile>();
+  return file;
+}
+
+}  // namespace
 
 void RegisterDrivers() {
   static std::once_flag once;
@@ -22,7 +47,7 @@ DatasetHandle OpenDataset(const std::string& native_path, bool update) {
   const unsigned flags = GDAL_OF_VECTOR | (update ? GDAL_OF_UPDATE : GDAL_OF_READONLY);
   DatasetHandle dataset(GDALDataset::Open(native_path.c_str(), flags));
   if (dataset) return dataset;
-  if (!std::filesystem::exists(native_path)) {
+  if (!fs::exists(native_path)) {
     RaiseEngineFault("There is no file or folder '" + native_path + "': check its name and folder.");
   }
   if (update) {
@@ -33,27 +58,102 @@ DatasetHandle OpenDataset(const std::string& native_path, bool update) {
                    ". Give a shapefile, GeoPackage, file geodatabase, GeoJSON, KML or the like.");
 }
 
+OGRFeatureUniquePtr RowWalk::Next() {
+  begun_ = true;
+  if (!in_memory_) return OGRFeatureUniquePtr(layer_.GetNextFeature());
+  if (ahead_.empty()) {
+    if (!failure_.empty()) CPLError(CE_Failure, CPLE_AppDefined, "%s", failure_.c_str());
+    return nullptr;
+  }
+  OGRFeatureUniquePtr feature = std::move(ahead_.front());
+  ahead_.pop_front();
+  return feature;
+}
+
+void RowWalk::ReadAhead() {
+  if (in_memory_) return;
+  const GdalErrorScope errors;
+  while (OGRFeature* feature = layer_.GetNextFeature()) ahead_.emplace_back(feature);
+  if (errors.Failed()) failure_ = errors.Text();
+  layer_.ResetReading();
+  in_memory_ = true;
+}
+
+OgrSource::OgrSource(std::string native_path, std::string layer, std::optional<esriGeometryType> kind, bool only_kind)
+    : path_(std::move(native_path)),
+      layer_(std::move(layer)),
+      kind_(kind),
+      only_kind_(only_kind),
+      file_(SharedFileOf(path_, layer_)),
+      idle_generation_(file_->generation) {}
+
 LayerHandle OgrSource::Open(bool update) {
   DatasetHandle dataset = OpenDataset(path_, update);
   OGRLayer* layer = dataset->GetLayerByName(layer_.c_str());
   if (layer == nullptr) RaiseEngineFault("'" + path_ + "' has no layer '" + layer_ + "' any more.");
-  return {shared_from_this(), std::move(dataset), *layer, update, generation_};
+  return {shared_from_this(), std::move(dataset), *layer, update};
 }
 
 LayerHandle OgrSource::Read() {
+  if (idle_generation_ != file_->generation) idle_.clear();
   if (idle_.empty()) return Open(false);
   DatasetHandle dataset = std::move(idle_.back());
   idle_.pop_back();
   OGRLayer* layer = dataset->GetLayerByName(layer_.c_str());
-  return {shared_from_this(), std::move(dataset), *layer, false, generation_};
+  return {shared_from_this(), std::move(dataset), *layer, false};
 }
 
-LayerHandle OgrSource::Write() { return Open(true); }
+LayerHandle OgrSource::Write() {
+  std::erase_if(file_->walks, [](const std::weak_ptr<RowWalk>& walk) { return walk.expired(); });
+  for (const std::weak_ptr<RowWalk>& walk : file_->walks) {
+    const auto open = walk.lock();
+    if (open->HasBegun()) open->ReadAhead();
+  }
+  return Open(true);
+}
+
+void OgrSource::Renew() {
+  ++file_->generation;
+  idle_.clear();
+}
+
+LayerHandle::LayerHandle(std::shared_ptr<OgrSource> source, DatasetHandle dataset, OGRLayer& layer, bool writing)
+    : source_(std::move(source)),
+      dataset_(std::move(dataset)),
+      layer_(&layer),
+      writing_(writing),
+      generation_(source_->file_->generation) {
+  if (writing_) {
+    ++source_->file_->writers;
+  } else if (IsDatabase()) {
+    walk_ = std::make_shared<RowWalk>(layer);
+    source_->file_->walks.push_back(walk_);
+  }
+}
+
+bool LayerHandle::IsDatabase() const {
+  const std::string_view driver = dataset_->GetDriverName();
+  return driver == "GPKG" || driver == "SQLite";
+}
+
+OGRFeatureUniquePtr LayerHandle::NextFeature() {
+  if (!walk_) return OGRFeatureUniquePtr(layer_->GetNextFeature());
+  if (!walk_->HasBegun() && source_->file_->writers > 0) walk_->ReadAhead();
+  return walk_->Next();
+}
+
+void LayerHandle::CloseDataset() {
+  walk_.reset();
+  dataset_.reset();
+  if (!writing_) return;
+  --source_->file_->writers;
+  source_->Renew();
+}
 
 void LayerHandle::Close() {
   const GdalErrorScope errors;
-  dataset_.reset();
-  ++source_->generation_;
+  if (!dataset_) return;
+  CloseDataset();
   source_->idle_.clear();
   if (errors.Failed()) {
     RaiseEngineFault("'" + source_->Path() + "' can't be written to its end" + errors.Quote() +
@@ -63,18 +163,19 @@ void LayerHandle::Close() {
 
 LayerHandle::~LayerHandle() {
   if (!dataset_) return;
-  if (writing_) {
+  if (writing_ || generation_ != source_->file_->generation) {
     const GdalErrorScope quiet;
-    dataset_.reset();
-    ++source_->generation_;
-    source_->idle_.clear();
-  } else if (generation_ == source_->generation_) {
-    layer_->SetAttributeFilter(nullptr);
-    layer_->SetSpatialFilter(nullptr);
-    layer_->SetIgnoredFields(nullptr);
-    layer_->ResetReading();
-    source_->idle_.push_back(std::move(dataset_));
+    CloseDataset();
+    return;
   }
+  walk_.reset();
+  layer_->SetAttributeFilter(nullptr);
+  layer_->SetSpatialFilter(nullptr);
+  layer_->SetIgnoredFields(nullptr);
+  layer_->ResetReading();
+  if (source_->idle_generation_ != generation_) source_->idle_.clear();
+  source_->idle_generation_ = generation_;
+  source_->idle_.push_back(std::move(dataset_));
 }
 
 }  // namespace tessarine::engine

@@ -5,6 +5,7 @@
 #include <gdal_priv.h>
 #include <ogrsf_frmts.h>
 
+#include <deque>
 #include <memory>
 #include <optional>
 #include <string>
@@ -25,22 +26,51 @@ void RegisterDrivers();
 /// Opens a vector dataset, or raises a fault that names the file and quotes GDAL.
 [[nodiscard]] DatasetHandle OpenDataset(const std::string& native_path, bool update);
 
+/// The walk of a reading handle over the rows of a database. One that is half done keeps everyone from writing, so it
+/// can take its rest into memory.
+class RowWalk {
+ public:
+  explicit RowWalk(OGRLayer& layer) : layer_(layer) {}
+
+  [[nodiscard]] OGRFeatureUniquePtr Next();
+  [[nodiscard]] bool HasBegun() const { return begun_; }
+  void ReadAhead();
+
+ private:
+  OGRLayer& layer_;
+  std::deque<OGRFeatureUniquePtr> ahead_;
+  std::string failure_;  // met while reading ahead, told behind the last row
+  bool begun_ = false;
+  bool in_memory_ = false;
+};
+
+/// What all sources share that stand on the same file.
+struct SharedFile {
+  int generation = 0;  ///< grows whenever the file was written
+  int writers = 0;     ///< handles that write now
+  std::vector<std::weak_ptr<RowWalk>> walks;
+};
+
 class LayerHandle;
 
 class OgrSource : public std::enable_shared_from_this<OgrSource> {
  public:
-  /// `kind` restricts a layer of mixed shapes to those of one type.
-  OgrSource(std::string native_path, std::string layer, std::optional<esriGeometryType> kind)
-      : path_(std::move(native_path)), layer_(std::move(layer)), kind_(kind) {}
+  /// `kind` restricts a layer of mixed shapes to those of one type. Rows without a shape belong to it where it is the
+  /// `only_kind` of the layer.
+  OgrSource(std::string native_path, std::string layer, std::optional<esriGeometryType> kind, bool only_kind = true);
 
   [[nodiscard]] const std::string& Path() const { return path_; }
   [[nodiscard]] const std::string& LayerName() const { return layer_; }
   [[nodiscard]] std::optional<esriGeometryType> Kind() const { return kind_; }
+  [[nodiscard]] bool HasOnlyKind() const { return only_kind_; }
 
   /// A handle for reading: an idle one, or a new one.
   [[nodiscard]] LayerHandle Read();
-  /// A new handle for writing. Handles opened before don't see what it writes; they are dropped when it goes.
+  /// A new handle for writing. Handles opened before don't see what it writes; they are dropped when it goes, those of
+  /// other sources on the same file too.
   [[nodiscard]] LayerHandle Write();
+  /// Drops what was read before the file was changed.
+  void Renew();
 
  private:
   friend class LayerHandle;
@@ -49,34 +79,39 @@ class OgrSource : public std::enable_shared_from_this<OgrSource> {
   std::string path_;
   std::string layer_;
   std::optional<esriGeometryType> kind_;
+  bool only_kind_;
+  std::shared_ptr<SharedFile> file_;
   std::vector<DatasetHandle> idle_;
-  int generation_ = 0;
+  int idle_generation_ = 0;
 };
 
 /// A dataset handle with its layer. Going away, a reading handle returns to its source and a writing one is closed.
 class LayerHandle {
  public:
-  LayerHandle(std::shared_ptr<OgrSource> source, DatasetHandle dataset, OGRLayer& layer, bool writing, int generation)
-      : source_(std::move(source)),
-        dataset_(std::move(dataset)),
-        layer_(&layer),
-        writing_(writing),
-        generation_(generation) {}
+  LayerHandle(std::shared_ptr<OgrSource> source, DatasetHandle dataset, OGRLayer& layer, bool writing);
   LayerHandle(LayerHandle&&) = default;
   LayerHandle& operator=(LayerHandle&&) = delete;
   ~LayerHandle();
-  /// Closes a writing handle now, and raises a fault when what GDAL still held could not be written.
+  /// Closes the handle now, and raises a fault when what GDAL still held could not be written.
   void Close();
+
+  /// The next row that meets the layer's filters; nothing at the end.
+  [[nodiscard]] OGRFeatureUniquePtr NextFeature();
+  /// Whether rows are asked for by SQL, and a reader locks the file.
+  [[nodiscard]] bool IsDatabase() const;
 
   [[nodiscard]] GDALDataset& Dataset() const { return *dataset_; }
   [[nodiscard]] OGRLayer& Layer() const { return *layer_; }
 
  private:
+  void CloseDataset();
+
   std::shared_ptr<OgrSource> source_;
   DatasetHandle dataset_;
   OGRLayer* layer_;
   bool writing_;
   int generation_;
+  std::shared_ptr<RowWalk> walk_;  // only for databases
 };
 
 }  // namespace tessarine::engine

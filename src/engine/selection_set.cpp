@@ -3,6 +3,7 @@
 
 #include "engine/data_source.h"
 #include "engine/engine_fault.h"
+#include "engine/ogr_class.h"
 
 namespace tessarine {
 namespace {
@@ -28,6 +29,7 @@ class SelectedRows final : public IFeatureCursor {
   std::int64_t InsertFeature(const IFeatureBuffer& buffer) override { return rows_->InsertFeature(buffer); }
   std::int64_t InsertRow(const IRowBuffer& buffer) override { return rows_->InsertRow(buffer); }
   void Flush() override { rows_->Flush(); }
+  void Close() override { rows_->Close(); }
 
  private:
   std::shared_ptr<const std::vector<std::int64_t>> oids_;
@@ -37,11 +39,20 @@ class SelectedRows final : public IFeatureCursor {
 /// Fetches the selected rows one by one.
 class FetchedRows final : public IFeatureCursor {
  public:
-  FetchedRows(std::shared_ptr<IFeatureClass> features, std::shared_ptr<const std::vector<std::int64_t>> oids)
-      : features_(std::move(features)), oids_(std::move(oids)) {}
+  FetchedRows(std::shared_ptr<IFeatureClass> features, std::shared_ptr<const std::vector<std::int64_t>> oids,
+              bool recycling)
+      : features_(std::move(features)), oids_(std::move(oids)), recycling_(recycling) {}
 
   [[nodiscard]] std::shared_ptr<IFeature> NextFeature() override {
-    return next_ < oids_->size() ? features_->GetFeature((*oids_)[next_++]) : nullptr;
+    if (next_ >= oids_->size()) return nullptr;
+    std::shared_ptr<IFeature> feature = features_->GetFeature((*oids_)[next_++]);
+    if (!recycling_) return feature;
+    if (recycled_) {
+      Cast<engine::OgrRow>(recycled_)->TakeFrom(*Cast<engine::OgrRow>(feature));
+    } else {
+      recycled_ = std::move(feature);
+    }
+    return recycled_;
   }
   [[nodiscard]] std::shared_ptr<IRow> NextRow() override { return NextFeature(); }
   void UpdateFeature(const std::shared_ptr<IFeature>& feature) override { feature->Store(); }
@@ -53,21 +64,29 @@ class FetchedRows final : public IFeatureCursor {
  private:
   std::shared_ptr<IFeatureClass> features_;
   std::shared_ptr<const std::vector<std::int64_t>> oids_;
+  bool recycling_;
+  std::shared_ptr<IFeature> recycled_;
   std::size_t next_ = 0;
 };
 
-class SelectionSet final : public ISelectionSet {
+class SelectionSet final : public ISelectionSet2 {
  public:
   SelectionSet(std::shared_ptr<IFeatureClass> features, std::vector<std::int64_t> oids)
-      : features_(std::move(features)),
-        oids_(std::make_shared<const std::vector<std::int64_t>>(std::move(oids))) {}
+      : features_(std::move(features)), oids_(std::make_shared<const std::vector<std::int64_t>>(std::move(oids))) {}
 
   [[nodiscard]] std::int32_t Count() const override { return static_cast<std::int32_t>(oids_->size()); }
 
   [[nodiscard]] std::shared_ptr<ICursor> Search(const QueryFilter* filter, bool recycling) override {
     const bool few = static_cast<double>(oids_->size()) < kFetchShare * features_->FeatureCount(nullptr);
-    if (few && filter == nullptr) return std::make_shared<FetchedRows>(features_, oids_);
+    // Only the engine's own rows can be refilled with what was fetched.
+    const bool fetches = few && filter == nullptr && (!recycling || Cast<engine::OgrClass>(features_));
+    if (fetches) return std::make_shared<FetchedRows>(features_, oids_, recycling);
     return std::make_shared<SelectedRows>(oids_, features_->Search(filter, recycling));
+  }
+
+  [[nodiscard]] std::shared_ptr<ICursor> Update(const QueryFilter* filter, bool recycling) override {
+    if (const auto own = Cast<engine::OgrClass>(features_)) return own->OpenUpdater(filter, recycling, oids_);
+    return std::make_shared<SelectedRows>(oids_, features_->Update(filter, recycling));
   }
 
  private:
@@ -77,8 +96,7 @@ class SelectionSet final : public ISelectionSet {
 
 }  // namespace
 
-std::shared_ptr<ISelectionSet> SelectByWhere(const std::shared_ptr<IFeatureClass>& features,
-                                             const std::string& where) {
+std::shared_ptr<ISelectionSet> SelectByWhere(const std::shared_ptr<IFeatureClass>& features, const std::string& where) {
   QueryFilter filter;
   filter.WhereClause = where;
   std::vector<std::int64_t> oids;

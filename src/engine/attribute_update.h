@@ -1,0 +1,38 @@
+// Changing attributes of stored rows while their shapes stay as they are, byte for byte.
+//
+// OGR writes a whole row: its shape, which it encodes anew, and all its attributes. Formats that let a column be reached
+// alone get a way of their own here; it costs what the changed columns cost.
+#pragma once
+
+#include <memory>
+#include <span>
+
+#include "engine/ogr_source.h"
+
+namespace tessarine::engine {
+
+class AttributeUpdate {
+ public:
+  virtual ~AttributeUpdate() = default;
+  /// Writes these attributes of the feature. False when one of them can't go this way; nothing was written then. Fault
+  /// 6 for a number too long for its column.
+  [[nodiscard]] virtual bool Write(const OGRFeature& feature, std::span<const int> attributes) = 0;
+  /// Writes what is still held back, and holds nothing more: another writer may follow, then this one again.
+  virtual void Finish() = 0;
+};
+
+/// Columns of the dBASE table beside a shapefile; nothing where the table can't be found or isn't as the layer says.
+[[nodiscard]] std::unique_ptr<AttributeUpdate> OpenDbaseUpdate(const OgrSource& source, OGRLayer& layer);
+
+/// Columns of a GeoPackage table, in the transaction of the handle.
+[[nodiscard]] std::unique_ptr<AttributeUpdate> OpenGeoPackageUpdate(GDALDataset& dataset, OGRLayer& layer);
+
+/// Columns of a table of a file geodatabase. OGR must not change the table while this lives. Nothing where the table is
+/// of a kind that can't be changed this way.
+[[nodiscard]] std::unique_ptr<AttributeUpdate> OpenFileGdbUpdate(const OgrSource& source, OGRLayer& layer);
+
+/// Writes a whole row of a table of a file geodatabase through GDAL, on a handle of its own. GDAL up to 3.6 puts growing
+/// rows into free places that overlap others, and doesn't tell the table of the longest row; both are seen to here.
+void StoreFileGdbRow(OgrSource& source, OGRFeature& feature);
+
+}  // namespace tessarine::engine

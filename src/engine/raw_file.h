@@ -1,0 +1,45 @@
+// A file that is changed in place, byte by byte.
+#pragma once
+
+#include <cstdint>
+#include <cstring>
+#include <span>
+#include <string>
+
+namespace tessarine::engine {
+
+/// Every transfer is whole, or a fault that names the file.
+class RawFile {
+ public:
+  explicit RawFile(std::string path);
+  ~RawFile();
+  RawFile(const RawFile&) = delete;
+  RawFile& operator=(const RawFile&) = delete;
+
+  /// False when there is no such file or it may not be written.
+  [[nodiscard]] bool IsOpen() const { return handle_ >= 0; }
+  [[nodiscard]] std::int64_t Size() const;
+  void Read(std::int64_t offset, std::span<char> bytes) const;
+  void Write(std::int64_t offset, std::span<const char> bytes) const;
+
+ private:
+  [[noreturn]] void Fail(const char* reason) const;
+
+  std::string path_;
+  int handle_;
+};
+
+/// Whole numbers of `bytes.size()` bytes, the lowest first.
+[[nodiscard]] inline std::uint64_t LittleEndian(std::span<const char> bytes) {
+  std::uint64_t value = 0;
+  for (std::size_t at = bytes.size(); at > 0; --at) value = value * 256 + static_cast<unsigned char>(bytes[at - 1]);
+  return value;
+}
+inline void PutLittleEndian(std::uint64_t value, std::span<char> bytes) {
+  for (char& byte : bytes) {
+    byte = static_cast<char>(value & 0xFFU);
+    value >>= 8U;
+  }
+}
+
+}  // namespace tessarine::engine

@@ -1,0 +1,111 @@
+#include <algorithm>
+
+#include "engine/engine_fault.h"
+#include "engine/ogr_cursor.h"
+
+namespace tessarine::engine {
+namespace {
+
+// Up to this share of the rows, each is fetched by its identifier; above it, all rows are read in order.
+constexpr double kFetchShare = 0.1;
+
+constexpr const char* kFileGdbDriver = "OpenFileGDB";
+
+std::unique_ptr<AttributeUpdate> OpenUpdate(const OgrClass& owner, const LayerHandle& handle) {
+  if (owner.DriverName() == "ESRI Shapefile") return OpenDbaseUpdate(*owner.Source(), handle.Layer());
+  if (owner.DriverName() == "GPKG") return OpenGeoPackageUpdate(handle.Dataset(), handle.Layer());
+  if (owner.DriverName() == kFileGdbDriver) return OpenFileGdbUpdate(*owner.Source(), handle.Layer());
+  return nullptr;
+}
+
+}  // namespace
+
+UpdatingCursor::UpdatingCursor(std::shared_ptr<OgrClass> owner, LayerHandle handle, const QueryFilter* filter,
+                               bool recycling, ChosenRows chosen)
+    : ReadingCursor(std::move(owner), std::move(handle), filter, recycling),
+      chosen_(std::move(chosen)),
+      update_(OpenUpdate(*Owner(), Handle())) {
+  if (!chosen_ || filter != nullptr || Owner()->Source()->Kind()) return;
+  const auto all = static_cast<double>(Handle().Layer().GetFeatureCount(1));
+  fetches_ = static_cast<double>(chosen_->size()) < kFetchShare * all;
+}
+
+UpdatingCursor::~UpdatingCursor() {
+  const GdalErrorScope quiet;
+  try {
+    UpdatingCursor::Flush();
+  } catch (const Fault&) {
+    // Whoever wanted to know has called Close.
+  }
+}
+
+OgrFeatureHandle UpdatingCursor::NextOgr() {
+  if (fetches_) {
+    if (next_ >= chosen_->size()) return nullptr;
+    const std::int64_t oid = (*chosen_)[next_++];
+    const GdalErrorScope quiet;
+    OgrFeatureHandle feature(Handle().Layer().GetFeature(oid));
+    if (!feature) Raise(kInvalidCall, "'" + Owner()->Name() + "' has no row " + std::to_string(oid) + " any more.");
+    return feature;
+  }
+  OgrFeatureHandle feature = ReadingCursor::NextOgr();
+  while (feature && chosen_ && !std::ranges::binary_search(*chosen_, feature->GetFID())) {
+    feature = ReadingCursor::NextOgr();
+  }
+  return feature;
+}
+
+std::shared_ptr<IFeature> UpdatingCursor::NextFeature() {
+  std::shared_ptr<IFeature> feature = ReadingCursor::NextFeature();
+  if (feature) Cast<OgrRow>(feature)->TrackChanges();
+  return feature;
+}
+
+void UpdatingCursor::UpdateRow(const std::shared_ptr<IRow>& row) {
+  const auto own = Cast<OgrRow>(Require(row, "row"));
+  Require(own, "a row of this cursor");
+  OGRLayer& layer = Handle().Layer();
+  if (!in_transaction_ && layer.TestCapability(OLCTransactions) != 0) {
+    in_transaction_ = layer.StartTransaction() == OGRERR_NONE;
+  }
+  if (update_ && !own->ShapeChanged() && update_->Write(own->Feature(), own->ChangedAttributes())) return;
+  WriteWhole(*own);
+}
+
+void UpdatingCursor::WriteWhole(const OgrRow& row) {
+  if (Owner()->DriverName() == kFileGdbDriver) {
+    // Two writers of one table must not know it at different states.
+    if (update_) update_->Finish();
+    update_ = nullptr;
+    Owner()->StoreRow(row);
+    update_ = OpenUpdate(*Owner(), Handle());
+    return;
+  }
+  row.StoreShape();
+  if (update_) update_->Finish();
+  const GdalErrorScope errors;
+  const bool written = Handle().Layer().SetFeature(&row.Feature()) == OGRERR_NONE &&
+                       (!update_ || in_transaction_ || Handle().Layer().SyncToDisk() == OGRERR_NONE);
+  if (!written) {
+    RaiseEngineFault("Row " + std::to_string(row.Feature().GetFID()) + " of '" + Owner()->Source()->Path() +
+                     "' can't be written" + errors.Quote() + ".");
+  }
+}
+
+void UpdatingCursor::Flush() {
+  if (update_) update_->Finish();
+  if (!in_transaction_) return;
+  in_transaction_ = false;
+  const GdalErrorScope errors;
+  if (Handle().Layer().CommitTransaction() != OGRERR_NONE) {
+    RaiseEngineFault("Rows of '" + Owner()->Source()->Path() + "' can't be written" + errors.Quote() + ".");
+  }
+}
+
+void UpdatingCursor::Close() {
+  Flush();
+  update_ = nullptr;
+  ReadingCursor::Close();
+}
+
+}  // namespace tessarine::engine
