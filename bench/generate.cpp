@@ -4,6 +4,7 @@
 
 #include <cmath>
 #include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 #include <memory>
 #include <numbers>
@@ -16,6 +17,9 @@ constexpr int kLines = 200'000;
 constexpr int kLineVertices = 20;
 constexpr int kPolygons = 100'000;
 constexpr int kPolygonVertices = 40;
+// Streets: lines over a square of this many blocks a side, each a few blocks long.
+constexpr int kStreets = 100'000;
+constexpr int kBlocks = 400;
 
 // A walk of steps up to 0.05 degrees, away from the poles and the 180th meridian.
 std::unique_ptr<OGRGeometry> MakeLine(std::mt19937_64& random) {
@@ -46,12 +50,25 @@ std::unique_ptr<OGRGeometry> MakePolygon(std::mt19937_64& random) {
   return polygon;
 }
 
+// A piece of a street, along x or along y, that crosses the streets of the other direction.
+std::unique_ptr<OGRGeometry> MakeStreet(std::mt19937_64& random) {
+  std::uniform_int_distribution<int> block(0, kBlocks);
+  std::uniform_real_distribution<double> length(1.2, 3.8);
+  const int row = block(random);
+  const double from = block(random) - 0.4, to = from + length(random);
+  const bool along_x = (random() & 1U) != 0;
+  auto line = std::make_unique<OGRLineString>();
+  line->addPoint(along_x ? from : row, along_x ? row : from);
+  line->addPoint(along_x ? to : row, along_x ? row : to);
+  return line;
+}
+
 template <class Make>
 void WriteLayer(const std::string& path, GDALDriver& driver, const char* name, OGRwkbGeometryType type, int count,
                 Make make) {
   std::filesystem::remove_all(path);
   OGRSpatialReference reference;
-  reference.SetFromUserInput("EPSG:4326");
+  reference.SetFromUserInput(std::string(name) == "streets" ? "EPSG:32633" : "EPSG:4326");
   reference.SetAxisMappingStrategy(OAMS_TRADITIONAL_GIS_ORDER);
   GDALDatasetUniquePtr dataset(driver.Create(path.c_str(), 0, 0, 0, GDT_Unknown, nullptr));
   OGRLayer* layer = dataset->CreateLayer(name, &reference, type);
@@ -88,4 +105,5 @@ int main(int argc, char** argv) {
   std::filesystem::create_directories(folder);
   WriteLayer(folder + "/lines." + ending, *driver, "lines", wkbLineString, kLines, MakeLine);
   WriteLayer(folder + "/polygons." + ending, *driver, "polygons", wkbPolygon, kPolygons, MakePolygon);
+  WriteLayer(folder + "/streets." + ending, *driver, "streets", wkbLineString, kStreets, MakeStreet);
 }

@@ -1,0 +1,233 @@
+#include "planetary/LongitudeForm.h"
+
+#include <algorithm>
+
+#include "platform/host.h"
+#include "platform/text_formats.h"
+#include "platform/trap.h"
+#include "support/MyGeneralOperations.h"
+#include "support/aml_func_mod.h"
+#include "support/attempt.h"
+#include "support/manual.h"
+
+namespace tessarine {
+namespace {
+
+using namespace MyGeneralOperations;
+
+constexpr int kBoxDecimals = 13;
+constexpr std::int32_t kLayersWithShapes = kPointLayers + kPolylineLayers + kPolygonLayers + kMultipointLayers;
+
+// The reference of a layer, as its data tells it.
+SpatialReferenceRef ReferenceOf(const IFeatureLayer& layer) {
+  const std::shared_ptr<IFeatureClass> features = layer.FeatureClass();
+  return features ? features->SpatialReference() : nullptr;
+}
+
+}  // namespace
+
+LongitudeForm::LongitudeForm(const std::string& name) : Form(name) {
+  lblLayer.SetCaption("Select &Layer to Convert:");
+  optWrap180.SetCaption("Wrap Longitude around -180° to 180° Range");
+  optWrap360.SetCaption("Wrap Longitude around 0° to 360° Range");
+  lblLongShift.SetCaption("Longitudinal Shift =");
+  lblDegrees.SetCaption("Decimal Degrees");
+  lblOutputName.SetCaption("Output &Feature Class:");
+  cmdGetWorkspace.SetToolTipText("Browse for Output Feature Class...");
+  cmdGetWorkspace.PictureId = 201;
+  cmdManual.SetCaption("Manual");
+  cmdOK.SetCaption("OK");
+  cmdCancel.SetCaption("Cancel");
+  txtMessage.Locked = true;
+  txtMessage.MultiLine = true;
+  cmdOK.SetEnabled(false);
+  cmdOK.Default = true;
+  cmdCancel.Cancel = true;
+
+  lbxLayers.Click = [this] { Trap("lbxLayers_Click", [this] { lbxLayers_Click(); }); };
+  txtLongShift.Change = [this] { txtLongShift_Change(); };
+  txtLongShift.KeyPress = [this](std::int32_t& key) { CheckNumericReal(key, txtLongShift); };
+  txtOutput.Change = [this] { txtOutput_Change(); };
+  cmdGetWorkspace.Click = [this] { cmdGetWorkspace_Click(); };
+  cmdManual.Click = [] { Trap("cmdManual_Click", [] { OpenManual(); }); };
+  cmdOK.Click = [this] { Trap("cmdOK_Click", [this] { cmdOK_Click(); }); };
+  cmdCancel.Click = [this] { cmdCancel_Click(); };
+
+  lblLayer.Move(7, 7, 150, 9);
+  lbxLayers.Move(7, 18, 150, 92);
+  txtMessage.Move(165, 18, 148, 92);
+  txtMessage.SetBackColor(kButtonFace);
+  for (Control* box : std::initializer_list<Control*>{&lbxLayers, &txtLongShift, &txtOutput}) {
+    box->SetBackColor(kWindowBackground);
+  }
+}
+
+void LongitudeForm::PlaceLowerRows(double top) {
+  lblLongShift.Move(7, top + 2, 82, 9);
+  txtLongShift.Move(93, top, 74, 13);
+  lblDegrees.Move(171, top + 2, 64, 9);
+  lblOutputName.Move(7, top + 22, 286, 9);
+  txtOutput.Move(7, top + 33, 286, 13);
+  cmdGetWorkspace.Move(297, top + 32, 16, 15);
+  cmdManual.Move(7, top + 54, 56, 14);
+  cmdOK.Move(197, top + 54, 56, 14);
+  cmdCancel.Move(257, top + 54, 56, 14);
+  SetSize(320, top + 75);
+  SetMinimumSize(320, top + 75);
+}
+
+void LongitudeForm::SetTabOrder(std::initializer_list<Control*> controls) {
+  std::int32_t index = 0;
+  for (Control* control : controls) control->SetTabIndex(index++);
+}
+
+void LongitudeForm::KeepAboveLowerEdge(std::initializer_list<Control*> controls) {
+  for (Control* control : controls) anchors_.Item(*control).SetAnchors(enumStartSize, enumSizeEnd);
+}
+
+void LongitudeForm::Form_Load() {
+  Trap("Form_Load", [this] {
+    SetTopmost(true);
+    MoveTo(Host().Forms().ScreenWidth() / 2 - Width() / 2, Host().Forms().ScreenHeight() / 3 - Height() / 3);
+    if (!extension_) extension_ = FindExtension(application_);
+    anchors_.Item(lblLayer).SetAnchors(enumStartSize, enumStartSize);
+    for (Control* control : std::initializer_list<Control*>{&lbxLayers, &txtMessage}) {
+      anchors_.Item(*control).SetAnchors(enumNone, enumStartEnd);
+    }
+    KeepAboveLowerEdge(
+        {&optWrap180, &optWrap360, &lblLongShift, &txtLongShift, &lblDegrees, &lblOutputName, &cmdManual});
+    anchors_.Item(txtOutput).SetAnchors(enumStartEnd, enumSizeEnd);
+    for (Control* control : std::initializer_list<Control*>{&cmdGetWorkspace, &cmdOK, &cmdCancel}) {
+      anchors_.Item(*control).SetAnchors(enumSizeEnd, enumSizeEnd);
+    }
+    anchors_.SetForm(*this);
+  });
+}
+
+void LongitudeForm::Form_Resize() {
+  Trap("Form_Resize", [this] { anchors_.DoAnchors(); });
+}
+
+void LongitudeForm::Form_Unload() {
+  application_ = nullptr;
+  extension_ = nullptr;
+  layers_.clear();
+}
+
+void LongitudeForm::Begin(const std::shared_ptr<IApplication>& application,
+                          const std::shared_ptr<clsExtension>& extension, const std::string& preferred_layer) {
+  application_ = application;
+  extension_ = extension;
+  extension_->ShouldContinue = false;
+  ForgetChoices(*extension_);
+  FillLayers(preferred_layer);
+}
+
+void LongitudeForm::FillLayers(const std::string& preferred) {
+  const auto document = Require(Cast<IMxDocument>(application_->Document()), "IMxDocument");
+  const std::shared_ptr<ILayer> in_map = document->SelectedLayer();
+  const auto all = Require(ReturnLayersByType(document->FocusMap(), kLayersWithShapes), "ReturnLayersByType");
+  lbxLayers.Clear();
+  layers_.clear();
+  std::int32_t used_before = -1, chosen_in_map = -1;
+  for (const Variant& element : *all) {
+    const auto layer = element.AsObject<IFeatureLayer>();
+    if (!layer || !Is<const GeographicCoordinateSystem>(ReferenceOf(*layer))) continue;
+    const auto line = static_cast<std::int32_t>(layers_.size());
+    if (used_before < 0 && !preferred.empty() && layer->Name() == preferred) used_before = line;
+    if (in_map == layer) chosen_in_map = line;
+    layers_.push_back(layer);
+    lbxLayers.AddItem(layer->Name());
+  }
+  cmdOK.SetEnabled(lbxLayers.ListCount() > 0);
+  if (lbxLayers.ListCount() == 0) return;
+  lbxLayers.SetListIndex(used_before >= 0 ? used_before : std::max(0, chosen_in_map));
+}
+
+std::shared_ptr<IFeatureLayer> LongitudeForm::CurrentLayer() const {
+  const std::int32_t line = lbxLayers.ListIndex();
+  return line < 0 ? nullptr : layers_.at(static_cast<std::size_t>(line));
+}
+
+void LongitudeForm::lbxLayers_Click() { cmdOK.SetEnabled(lbxLayers.ListCount() > 0); }
+
+void LongitudeForm::ShowShift(double shift) {
+  txtLongShift.SetText(BoxNumber(shift));
+  shift_ = shift;
+}
+
+void LongitudeForm::txtLongShift_Change() {
+  Trap("txtLongShift_Change", [this] { shift_ = NumberIn(txtLongShift.Text()).value_or(shift_); });
+}
+
+void LongitudeForm::ShowOutput(const OutputChoice& choice) {
+  // The text's own change event reads the path as typed; what is known of the place comes after it.
+  txtOutput.SetText(choice.FullPath());
+  output_ = choice;
+}
+
+void LongitudeForm::txtOutput_Change() {
+  Trap("txtOutput_Change", [this] { FollowTypedOutput(txtOutput.Text(), output_); });
+}
+
+void LongitudeForm::cmdGetWorkspace_Click() {
+  Trap("cmdGetWorkspace_Click", [this] {
+    OutputChoice choice = output_;
+    if (BrowseForOutput(txtOutput.Text(), choice)) ShowOutput(choice);
+  });
+}
+
+void LongitudeForm::cmdCancel_Click() {
+  Trap("cmdCancel_Click", [this] {
+    extension_->ShouldContinue = false;
+    ForgetChoices(*extension_);
+    Unload();
+  });
+}
+
+bool LongitudeForm::OutputPlaceExists() {
+  if (OutputWorkspaceExists(txtOutput.Text(), output_)) return true;
+  txtOutput.SetFocus();
+  return false;
+}
+
+std::shared_ptr<VarArray> LongitudeForm::DescribeOutput(const IFeatureLayer& layer) {
+  RememberOutput(output_, *extension_);
+  return OutputDescription::Make(layer, output_);
+}
+
+void LongitudeForm::Finish() {
+  extension_->ShouldContinue = true;
+  Hide();
+}
+
+std::string BoxNumber(double value) {
+  const std::string text = aml_func_mod::BasicTrimAvenue(FixedText(value, kBoxDecimals), "", "0");
+  return aml_func_mod::BasicTrimAvenue(text, "", ".");
+}
+
+std::optional<double> NumberIn(const std::string& text) {
+  // A text can be numeric and still too large for a double.
+  return IsNumericText(text) ? Attempt([&] { return std::optional(ToNumber(text)); }) : std::nullopt;
+}
+
+void FollowTypedOutput(const std::string& text, OutputChoice& choice) {
+  const std::string folder = WithoutTrailingSlash(aml_func_mod::ReturnDir(text));
+  choice.Name = aml_func_mod::ReturnFilename(text);
+  if (choice.IsFeatureDataset && EqualsIgnoringCase(folder, choice.Directory + "\\" + choice.FeatureDatasetName))
+    return;
+  choice.Directory = folder;
+  choice.IsFeatureDataset = false;
+  choice.FeatureDatasetName.clear();
+  if (EndsWithIgnoringCase(folder, ".gdb")) {
+    choice.Kind = kFileGeodatabase;
+  } else if (EndsWithIgnoringCase(folder, ".mdb")) {
+    choice.Kind = kPersonalGeodatabase;
+  } else {
+    choice.Kind = kShapefile;
+    // A path without a name is asked for when the output is made.
+    if (!choice.Name.empty()) choice.Name = aml_func_mod::SetExtension(choice.Name, "shp");
+  }
+}
+
+}  // namespace tessarine

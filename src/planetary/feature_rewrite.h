@@ -1,0 +1,48 @@
+// The run that the planetary tools share: every feature of a class goes, with its attributes and a new shape, into a
+// new class.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "frame/clsExtension.h"
+#include "planetary/planetary_lists.h"
+#include "planetary/rewrite_reports.h"
+#include "platform/application.h"
+
+namespace tessarine {
+
+/// The new shape of a feature, and what its report has to say about it.
+struct RewrittenShape {
+  GeometryRef shape;    ///< nothing stores the feature without a shape
+  std::string problem;  ///< plain text; empty when there is none
+};
+
+struct FeatureRewrite {
+  std::string_view worker;
+  std::string_view conversion;          ///< as "Wrap to Boundary"
+  std::string_view title;               ///< of the report
+  std::vector<ReportSection> sections;  ///< what the report says of the choices
+  std::shared_ptr<IFeatureLayer> layer;
+  OutputDescription output;
+  /// Takes a private copy of a shape that isn't empty, and the feature's identifier.
+  std::function<RewrittenShape(const GeometryRef& shape, std::int64_t oid)> rewrite;
+};
+
+/// Carries the run out and returns its report as RTF.
+///
+/// Takes the whole class of the layer in the order of the data: neither a selection nor a definition query limits it.
+/// Features without a shape are written as they are and reported. A layer of the output is added to the document. A run
+/// that the user stops keeps what was written, adds its layer as a partial one and says so. A fault ends the run: the
+/// report tells of it, and the fault report is shown.
+[[nodiscard]] std::string RewriteFeatures(const FeatureRewrite& run, const std::shared_ptr<IApplication>& application,
+                                          const std::shared_ptr<IMxDocument>& document,
+                                          const std::shared_ptr<clsExtension>& extension, bool show_progress);
+
+/// What such a run would read, make and ask, as a report: nothing is written.
+[[nodiscard]] std::string PlanRewrite(const FeatureRewrite& run);
+
+}  // namespace tessarine

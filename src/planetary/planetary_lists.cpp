@@ -1,0 +1,93 @@
+#include "planetary/planetary_lists.h"
+
+#include "planetary/carried_fields.h"
+
+namespace tessarine {
+namespace {
+
+constexpr const char* kBrowseTitle = "Enter the name of your new Feature Class or Shapefile:";
+
+}  // namespace
+
+std::shared_ptr<VarArray> OutputDescription::Make(const IFeatureLayer& layer,
+                                                  const MyGeneralOperations::OutputChoice& place) {
+  const std::shared_ptr<IFeatureClass> features = Require(layer.FeatureClass(), "FeatureClass");
+  const CarriedFields carried = CarryFields(*features->Fields(), place.Kind);
+  auto list = std::make_shared<VarArray>();
+  list->Add(static_cast<std::int32_t>(features->ShapeType()));
+  // References are shared and never changed; a list can only hold them without their const.
+  list->Add(std::const_pointer_cast<SpatialReference>(features->SpatialReference()));
+  list->Add(place.Directory);
+  list->Add(place.Name);
+  list->Add(static_cast<std::int32_t>(place.Kind));
+  list->Add(carried.fields);
+  list->Add(kBrowseTitle);
+  list->Add(place.IsFeatureDataset);
+  list->Add(place.FeatureDatasetName);
+  list->Add(false);
+  list->Add(false);
+  list->Add(Variant());
+  list->Add(0);
+  list->Add(carried.names);
+  return list;
+}
+
+MyGeneralOperations::OutputChoice OutputDescription::Place() const {
+  MyGeneralOperations::OutputChoice place;
+  place.Directory = At(kDirectory).AsText();
+  place.Name = At(kName).AsText();
+  place.Kind = static_cast<MyGeneralOperations::OutputKind>(At(kOutputKind).AsLong());
+  place.IsFeatureDataset = At(kIsFeatureDataset).AsBoolean();
+  place.FeatureDatasetName = At(kFeatureDatasetName).AsText();
+  return place;
+}
+
+std::shared_ptr<VarArray> WrapArguments::Make(const std::shared_ptr<IFeatureLayer>& layer, const WrapBox& box,
+                                              std::int32_t option, std::shared_ptr<VarArray> output, double shift) {
+  auto list = std::make_shared<VarArray>();
+  list->Add(layer);
+  for (const double side : {box.west, box.north, box.east, box.south}) list->Add(side);
+  list->Add(option);
+  list->Add(std::move(output));
+  list->Add(shift);
+  return list;
+}
+
+std::shared_ptr<VarArray> GeoCentricArguments::Make(const std::shared_ptr<IFeatureLayer>& layer,
+                                                    const std::string& spheroid_name, double semi_major_axis,
+                                                    double semi_minor_axis, double shift, std::int32_t wrap_option,
+                                                    std::shared_ptr<VarArray> output) {
+  auto list = std::make_shared<VarArray>();
+  list->Add(layer);
+  list->Add(spheroid_name);
+  for (const double value : {semi_major_axis, semi_minor_axis, shift}) list->Add(value);
+  list->Add(wrap_option);
+  list->Add(std::move(output));
+  return list;
+}
+
+void ReleaseLayer(VarArray& arguments) {
+  const auto layer = arguments.Element(0).AsObject<IFeatureLayer>();
+  if (layer) arguments.SetElement(0, layer->Name());
+}
+
+std::string ReleasedLayerName(const std::shared_ptr<VarArray>& arguments) {
+  if (!arguments || arguments->Element(0).kind() != Variant::Kind::String) return "";
+  return arguments->Element(0).Text();
+}
+
+std::shared_ptr<VarArray> GeoCentricInput::Make(const std::shared_ptr<IApplication>& application,
+                                                const std::shared_ptr<clsExtension>& extension,
+                                                const std::string& directory, std::int32_t output_kind,
+                                                const std::string& caption, const std::string& instruction) {
+  auto list = std::make_shared<VarArray>();
+  list->Add(application);
+  list->Add(extension);
+  list->Add(directory);
+  list->Add(output_kind);
+  list->Add(caption);
+  list->Add(instruction);
+  return list;
+}
+
+}  // namespace tessarine

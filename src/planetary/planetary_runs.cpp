@@ -1,0 +1,183 @@
+#include "planetary/planetary_runs.h"
+
+#include <cmath>
+#include <optional>
+
+#include "geodesy/MyGeometricOperations.h"
+#include "planetary/LongitudeForm.h"
+#include "planetary/feature_rewrite.h"
+#include "platform/trap.h"
+#include "support/MyGeneralOperations.h"
+
+namespace tessarine {
+namespace {
+
+using namespace MyGeometricOperations;
+
+constexpr const char* kDegrees = " decimal degrees";
+constexpr const char* kWrapName = "Wrap to Boundary";
+constexpr std::string_view kWrapTitle = "Wrap to Boundary Conversion Complete:";
+// Both directions bear the title of the one.
+constexpr std::string_view kLatitudeTitle = "OCentric to OGraphic Conversion Complete:";
+
+struct Direction {
+  std::string_view worker;
+  const char* conversion;
+  GeometryRef (*convert)(const GeometryRef& geometry, double& semi_major, double& semi_minor, double long_shift);
+};
+
+constexpr Direction kToGraphic{"CalcPlanetoCentricToPlanetoGraphic", "OCentric to OGraphic",
+                               FeaturePlanetOCentricToPlanetOGraphic};
+constexpr Direction kToCentric{"CalcPlanetoGraphicToPlanetoCentric", "OGraphic to OCentric",
+                               FeaturePlanetOGraphicToPlanetOCentric};
+
+std::string OptionText(std::int32_t option, const char* otherwise) {
+  if (option == kWrap180) return "Wrap to Range -180 to 180 Degrees";
+  if (option == kWrap360) return "Wrap to Range 0 to 360 Degrees";
+  return otherwise;
+}
+
+ReportSection InputSection(const std::string& conversion, const IFeatureLayer& layer) {
+  return {"Input Parameters:", {"  ** Conversion Type: " + conversion, "  ** Input Feature Layer: " + layer.Name()}};
+}
+
+std::string Degrees(double value) { return MyGeneralOperations::TrimZerosAndDecimals(value, false); }
+
+// Along one axis, the offset of the tile that holds all from `low` to `high` without reaching its sides, counted in the
+// steps of the general walk; nothing when there is none, or when it lies far away.
+std::optional<double> TileOffset(double low, double high, double side, double size) {
+  constexpr double kFarthest = 1000.0;
+  if (!(size > 0.0) || !(std::fabs(low - side) / size <= kFarthest)) return std::nullopt;
+  double tile = side, offset = 0.0;
+  for (; tile > low; tile -= size) offset -= size;
+  for (; tile + size < low; tile += size) offset += size;
+  return low > tile && high < tile + size ? std::optional(offset) : std::nullopt;
+}
+
+RewrittenShape WrapFeature(const GeometryRef& copy, std::int64_t oid, const WrapBox& box, double shift) {
+  const std::string feature = std::to_string(oid);
+  const RewrittenShape failed{
+      copy, "  --> Failed to wrap feature at OID #" + feature + ".  Wrap function apparently crashed..."};
+  const GeometryRef shape = shift != 0.0 ? FeatureLongitudeShift(copy, shift) : copy;
+  if (!shape) return failed;
+  const GeometryRef wrapped = WrapOwnShape(shape, box);
+  if (!wrapped) return {shape, failed.problem};
+  if (wrapped->IsEmpty()) return {wrapped, "  --> Wrapped Feature at OID #" + feature + " is empty..."};
+  return {wrapped, ""};
+}
+
+FeatureRewrite WrapRun(const WrapArguments& arguments) {
+  const std::shared_ptr<IFeatureLayer> layer = Require(arguments.Layer(), "layer");
+  const WrapBox box = arguments.Box();
+  const double shift = arguments.Shift();
+  return {
+      "WrapToBoundaries",
+      kWrapName,
+      kWrapTitle,
+      {InputSection(kWrapName, *layer),
+       {"Boundary Parameters:",
+        {"  ** Option:  " + OptionText(arguments.Option(), "Custom Wrap Boundaries"),
+         "  ** Western Boundary:  " + Degrees(box.west), "  ** Northern Boundary:  " + Degrees(box.north) + kDegrees,
+         "  ** Eastern Boundary:  " + Degrees(box.east) + kDegrees,
+         "  ** Southern Boundary:  " + Degrees(box.south) + kDegrees,
+         "  ** Longitudinal Shift:  " + Degrees(shift) + kDegrees}}},
+      layer,
+      arguments.Output(),
+      [box, shift](const GeometryRef& shape, std::int64_t oid) { return WrapFeature(shape, oid, box, shift); }};
+}
+
+FeatureRewrite LatitudeRun(const Direction& direction, const GeoCentricArguments& arguments) {
+  const std::shared_ptr<IFeatureLayer> layer = Require(arguments.Layer(), "layer");
+  const std::int32_t option = arguments.Option();
+  double semi_major = arguments.SemiMajorAxis(), semi_minor = arguments.SemiMinorAxis();
+  const double shift = arguments.Shift();
+  return {direction.worker,
+          direction.conversion,
+          kLatitudeTitle,
+          {InputSection(direction.conversion, *layer),
+           {"Spheroid Parameters:",
+            {"  ** Spheroid Name:  " + arguments.SpheroidName(),
+             "  ** Spheroid Semi-Major (Equatorial) Radius:  " + BoxNumber(semi_major) + " meters",
+             "  ** Spheroid Semi-Minor (Polar) Radius:  " + BoxNumber(semi_minor) + " meters",
+             "  ** Longitudinal Shift:  " + BoxNumber(shift) + kDegrees,
+             "  ** Wrap Option:  " + OptionText(option, "No Wrap Option")}}},
+          layer,
+          arguments.Output(),
+          [=, convert = direction.convert](const GeometryRef& shape, std::int64_t) mutable -> RewrittenShape {
+            const GeometryRef converted = convert(shape, semi_major, semi_minor, shift);
+            if (option == kWrap180) return {WrapOwnShape(converted, kBox180), ""};
+            if (option == kWrap360) return {WrapOwnShape(converted, kBox360), ""};
+            return {converted, ""};
+          }};
+}
+
+std::string RunLatitudes(const Direction& direction, const std::shared_ptr<IApplication>& application,
+                         const std::shared_ptr<IMxDocument>& document, const std::shared_ptr<clsExtension>& extension,
+                         const std::shared_ptr<VarArray>& arguments, bool show_progress) {
+  return Trap(direction.worker, [&] {
+    const GeoCentricArguments given(Require(arguments, "Arguments"));
+    return RewriteFeatures(LatitudeRun(direction, given), application, document, extension, show_progress);
+  });
+}
+
+std::string PlanLatitudes(const Direction& direction, const std::shared_ptr<VarArray>& arguments) {
+  return Trap(direction.worker, [&] {
+    return PlanRewrite(LatitudeRun(direction, GeoCentricArguments(Require(arguments, "Arguments"))));
+  });
+}
+
+}  // namespace
+
+GeometryRef WrapOwnShape(const GeometryRef& shape, const WrapBox& box) {
+  if (const auto topology = Cast<ITopologicalOperator>(shape)) {
+    const Envelope extent = shape->Envelope();
+    const auto dx = TileOffset(extent.XMin(), extent.XMax(), box.west, box.east - box.west);
+    const auto dy = TileOffset(extent.YMin(), extent.YMax(), box.south, box.north - box.south);
+    if (dx && dy && !extent.IsEmpty()) {
+      return Trap("WrapToBoundary", [&] {
+        topology->Simplify();
+        if (*dx != 0.0 || *dy != 0.0) ShiftPointsToWrapBoundary(shape, {*dx, *dy});
+        return shape;
+      });
+    }
+  }
+  return WrapToBoundary(shape, box.west, box.east, box.south, box.north, nullptr);
+}
+
+std::string WrapToBoundaries(const std::shared_ptr<IApplication>& application,
+                             const std::shared_ptr<IMxDocument>& document,
+                             const std::shared_ptr<clsExtension>& extension, const std::shared_ptr<VarArray>& arguments,
+                             bool show_progress) {
+  return Trap("WrapToBoundaries", [&] {
+    const WrapArguments given(Require(arguments, "Arguments"));
+    return RewriteFeatures(WrapRun(given), application, document, extension, show_progress);
+  });
+}
+
+std::string PlanWrapToBoundaries(const std::shared_ptr<VarArray>& arguments) {
+  return Trap("WrapToBoundaries", [&] { return PlanRewrite(WrapRun(WrapArguments(Require(arguments, "Arguments")))); });
+}
+
+std::string CalcPlanetoCentricToPlanetoGraphic(const std::shared_ptr<IApplication>& application,
+                                               const std::shared_ptr<IMxDocument>& document,
+                                               const std::shared_ptr<clsExtension>& extension,
+                                               const std::shared_ptr<VarArray>& arguments, bool show_progress) {
+  return RunLatitudes(kToGraphic, application, document, extension, arguments, show_progress);
+}
+
+std::string CalcPlanetoGraphicToPlanetoCentric(const std::shared_ptr<IApplication>& application,
+                                               const std::shared_ptr<IMxDocument>& document,
+                                               const std::shared_ptr<clsExtension>& extension,
+                                               const std::shared_ptr<VarArray>& arguments, bool show_progress) {
+  return RunLatitudes(kToCentric, application, document, extension, arguments, show_progress);
+}
+
+std::string PlanCentricToGraphic(const std::shared_ptr<VarArray>& arguments) {
+  return PlanLatitudes(kToGraphic, arguments);
+}
+
+std::string PlanGraphicToCentric(const std::shared_ptr<VarArray>& arguments) {
+  return PlanLatitudes(kToCentric, arguments);
+}
+
+}  // namespace tessarine

@@ -1,0 +1,38 @@
+// The three runs of the planetary tools.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "frame/clsExtension.h"
+#include "planetary/planetary_lists.h"
+#include "platform/application.h"
+
+namespace tessarine {
+
+/// The shape of the three runs. The arguments are those of the run's dialog, and the answer is the report, as RTF.
+using PlanetaryRun = std::string(const std::shared_ptr<IApplication>& application,
+                                 const std::shared_ptr<IMxDocument>& document,
+                                 const std::shared_ptr<clsExtension>& extension,
+                                 const std::shared_ptr<VarArray>& arguments, bool show_progress);
+/// What such a run would do, as a report.
+using PlanetaryPlan = std::string(const std::shared_ptr<VarArray>& arguments);
+
+/// Brings every feature into the box, in one record each, after a shift of its longitudes (`WrapArguments`). A feature
+/// that fails is written as it stands after the shift and reported; so is one that comes out empty.
+[[nodiscard]] PlanetaryRun WrapToBoundaries;
+[[nodiscard]] PlanetaryPlan PlanWrapToBoundaries;
+
+/// Rewrites latitudes from the one system to the other, shifts longitudes and wraps them, in this order
+/// (`GeoCentricArguments`). The reference stays as it is: nothing in the data tells the system. A feature that fails is
+/// written without a shape.
+[[nodiscard]] PlanetaryRun CalcPlanetoCentricToPlanetoGraphic;
+[[nodiscard]] PlanetaryRun CalcPlanetoGraphicToPlanetoCentric;
+[[nodiscard]] PlanetaryPlan PlanCentricToGraphic;
+[[nodiscard]] PlanetaryPlan PlanGraphicToCentric;
+
+/// `WrapToBoundary`, at the cost of a simplification and a move for a shape that lies inside the box, or inside one of
+/// the copies of the box around it, and touches none of its edges. Changes the shape given.
+[[nodiscard]] GeometryRef WrapOwnShape(const GeometryRef& shape, const WrapBox& box);
+
+}  // namespace tessarine

@@ -1,0 +1,76 @@
+#include "planetary/rewrite_reports.h"
+
+#include "platform/paths.h"
+#include "platform/rich_text.h"
+#include "support/aml_func_mod.h"
+
+namespace tessarine {
+namespace {
+
+constexpr std::string_view kHeader =
+    "{\\rtf1\\ansi\\ansicpg1252\\deff0\\deflang1033{\\fonttbl{\\f0\\fswiss\\fprq2\\fcharset0 Arial;}}\r\n"
+    "{\\*\\generator Msftedit 5.41.15.1507;}\\viewkind4\\uc1\\pard\\qc\\b\\f0\\fs17 ";
+constexpr std::string_view kTitleEnd = "\\b0\\fs17\\par\r\n\\pard ";
+constexpr std::string_view kRule = "---------------------------------------------\\par\r\n";
+constexpr std::string_view kCreateFailure = "'CreateGeneralFeatureClass' Function failed unexpectedly...";
+constexpr std::string_view kProblemHeading = "NOTE:  The following problems were found in the dataset:";
+constexpr std::string_view kStoppedNote = "NOTE:  Exited Function Prematurely at Record ";
+
+std::string Opening(std::string_view title) {
+  return std::string(kHeader) + EscapeRtf(title) + std::string(kTitleEnd) + std::string(kRule);
+}
+
+std::string FailedOpening(std::string_view conversion) {
+  return Opening("!!!  " + std::string(conversion) + " Conversion Failed  !!!");
+}
+
+std::string Bold(std::string_view heading) { return "\\b " + EscapeRtf(heading) + "\\b0\\par\r\n"; }
+
+std::string Section(const ReportSection& section) {
+  std::string text = Bold(section.heading);
+  for (const std::string& line : section.lines) text += EscapeRtf(line) + "\\par\r\n";
+  return text + std::string(kRule);
+}
+
+std::string Sections(const std::vector<ReportSection>& sections) {
+  std::string text;
+  for (const ReportSection& section : sections) text += Section(section);
+  return text;
+}
+
+}  // namespace
+
+std::string ProblemLine(const std::string& text) { return EscapeRtf(text) + "\\par\r\n"; }
+
+std::string RewriteReport(std::string_view title, const std::vector<ReportSection>& sections, const OutputFacts& output,
+                          const RewriteFacts& facts) {
+  std::string report =
+      Opening(title) + Sections(sections) +
+      Section({"Output:",
+               {"  ** Feature Class:  " + output.class_name, "  ** Workspace:  " + ToNativePath(output.workspace),
+                "  ** Contains " + aml_func_mod::InsertCommas(output.count) +
+                    (output.count == 1 ? " feature" : " features")}});
+  if (facts.stopped) {
+    report += Bold(std::string(kStoppedNote) + std::to_string(facts.records_done)) + std::string(kRule);
+  }
+  if (!facts.problems.empty()) report += Bold(kProblemHeading) + facts.problems + std::string(kRule);
+  return report + "\\pard\\qc " + facts.time_spent + "\\par\r\n}";
+}
+
+std::string NoOutputReport(std::string_view conversion) {
+  return FailedOpening(conversion) + EscapeRtf(kCreateFailure) + "\\par\r\n}";
+}
+
+std::string FaultReport(std::string_view conversion, std::string_view worker, const RewriteFacts& facts,
+                        const Fault& fault) {
+  return FailedOpening(conversion) + "Function = " + EscapeRtf(worker) +
+         "\\par\r\nLine Number = " + std::to_string(fault.Line()) + "\\par\r\nError " + std::to_string(fault.Number()) +
+         ":  " + EscapeRtf(fault.Description()) + "\\par\r\n" + std::string(kRule) + "Analyzing Record #" +
+         std::to_string(facts.records_done) + "\\par\r\n}";
+}
+
+std::string PlanReport(std::string_view conversion, const std::vector<ReportSection>& sections) {
+  return Opening(std::string(conversion) + " Conversion, planned only: nothing was written") + Sections(sections) + "}";
+}
+
+}  // namespace tessarine

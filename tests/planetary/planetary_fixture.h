@@ -1,0 +1,100 @@
+// A map in memory, an input class with features, and the outputs of the planetary runs as GDAL alone reads them.
+#pragma once
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <ogrsf_frmts.h>
+
+#include "engine/data_source.h"
+#include "helpers/fake_application.h"
+#include "helpers/memory_class.h"
+#include "helpers/reported_faults.h"
+#include "helpers/shapes.h"
+#include "helpers/temporary_folder.h"
+#include "helpers/test_host.h"
+#include "hosts/document/document_layer.h"
+#include "hosts/document/map_document.h"
+#include "planetary/planetary_runs.h"
+#include "platform/rich_text.h"
+
+namespace tessarine::testing {
+
+/// A stored feature: its values behind each other, and its geometry.
+struct StoredRow {
+  std::string values;
+  std::unique_ptr<OGRGeometry> shape;
+
+  [[nodiscard]] double Area() const { return shape ? OGR_G_Area(OGRGeometry::ToHandle(shape.get())) : 0.0; }
+  [[nodiscard]] OGREnvelope Extent() const {
+    OGREnvelope box;
+    shape->getEnvelope(&box);
+    return box;
+  }
+};
+
+struct StoredClass {
+  std::string fields;
+  std::vector<StoredRow> rows;
+};
+
+inline StoredClass ReadStored(const std::string& file, const char* layer_name = nullptr) {
+  GDALAllRegister();
+  StoredClass result;
+  const GDALDatasetUniquePtr dataset(GDALDataset::Open(file.c_str(), GDAL_OF_VECTOR));
+  if (!dataset) return result;
+  OGRLayer* layer = layer_name != nullptr ? dataset->GetLayerByName(layer_name) : dataset->GetLayer(0);
+  for (int field = 0; field < layer->GetLayerDefn()->GetFieldCount(); ++field) {
+    result.fields += std::string(layer->GetLayerDefn()->GetFieldDefn(field)->GetNameRef()) + " ";
+  }
+  for (const auto& feature : *layer) {
+    StoredRow row;
+    for (int field = 0; field < feature->GetFieldCount(); ++field) {
+      row.values += std::string(feature->IsFieldSetAndNotNull(field) ? feature->GetFieldAsString(field) : "NULL") + " ";
+    }
+    row.shape.reset(feature->StealGeometry());
+    result.rows.push_back(std::move(row));
+  }
+  return result;
+}
+
+class PlanetaryTest : public ::testing::Test {
+ protected:
+  TestHost host;
+  ReportedFaults reported;
+  TemporaryFolder folder;
+  std::shared_ptr<FakeApplication> application = std::make_shared<FakeApplication>();
+  std::shared_ptr<MapDocument> document = std::make_shared<MapDocument>();
+  std::shared_ptr<clsExtension> extension = std::make_shared<clsExtension>();
+  std::shared_ptr<MemoryClass> features;
+  std::shared_ptr<DocumentFeatureLayer> layer = std::make_shared<DocumentFeatureLayer>();
+  MyGeneralOperations::OutputChoice place;
+
+  void SetUp() override {
+    application->document = document;
+    application->extension = extension;
+    application->templates = {folder.Path("map.json")};
+    place.Directory = folder.Path();
+    place.Name = "out.shp";
+    place.Kind = MyGeneralOperations::kShapefile;
+    layer->SetName("craters");
+  }
+  void Use(esriGeometryType type, std::vector<FieldRef> fields = {}) {
+    features = std::make_shared<MemoryClass>(type, std::move(fields));
+    features->reference = SpatialReferenceEnvironment::CreateFromText("EPSG:4326");
+    layer->SetFeatureClass(features);
+  }
+  void UseCountries() {
+    layer->SetFeatureClass(DataSource::Open(TESSARINE_TEST_DATA "/countries.shp", false)->OpenFeatureClass(""));
+  }
+  void UseStored(const std::string& name) {
+    layer->SetFeatureClass(DataSource::Open(folder.Native(name), false)->OpenFeatureClass(""));
+  }
+  // The report as a person reads it.
+  std::string Wrap(const WrapBox& box, std::int32_t option, double shift = 0.0, bool show_progress = false) {
+    const auto arguments = WrapArguments::Make(layer, box, option, OutputDescription::Make(*layer, place), shift);
+    return ToPlainText(ReadRtf(WrapToBoundaries(application, document, extension, arguments, show_progress)));
+  }
+  StoredClass Output() const { return ReadStored(folder.Native(place.Name)); }
+};
+
+}  // namespace tessarine::testing
