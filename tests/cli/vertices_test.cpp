@@ -146,6 +146,7 @@ class VerticesRefuse : public ProgramTest, public ::testing::WithParamInterface<
     fs::create_directory(folder_ / "in");
     for (const char* ending : {".shp", ".shx", ".dbf", ".prj"}) {
       fs::copy_file(Data("countries") + ending, In("in/short") + ending);
+      fs::copy_file(Data("countries") + ending, In("in/whole") + ending);
       if (std::string(ending) != ".dbf") fs::copy_file(Data("countries") + ending, In("in/nodbf") + ending);
     }
     fs::resize_file(In("in/short.shp"), 5000);
@@ -182,6 +183,7 @@ INSTANTIATE_TEST_SUITE_P(
                    {"--fields", "'names'", "It has: pop_est, continent, name"}},
         RefusalRow{"points", {"DATA/cities.shp", "-o", "OUT/x.shp"}, {"wrong kind", "polylines, polygons or multipoints"}},
         RefusalRow{"no folder", {"DATA/countries.shp", "-o", "OUT/none/x.shp"}, {"none"}},
+        RefusalRow{"onto itself", {"OUT/in/whole.shp", "-o", "OUT/in/whole.shp", "--overwrite"}, {"read by this run"}},
         RefusalRow{"no ending", {"DATA/countries.shp", "-o", "OUT/x.abc"}, {"x.abc", "NAME.shp"}},
         RefusalRow{"geodatabase alone", {"DATA/countries.shp", "-o", "OUT/x.gdb"}, {"names no feature class"}},
         RefusalRow{"personal geodatabase",

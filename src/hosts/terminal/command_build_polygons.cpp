@@ -1,13 +1,13 @@
 // Polygons from the regions between lines.
 #include <CLI/CLI.hpp>
 #include <cmath>
-#include <filesystem>
 #include <memory>
 
 #include "engine/data_source.h"
 #include "hosts/terminal/commands.h"
 #include "hosts/terminal/form_answers.h"
 #include "hosts/terminal/layer_source.h"
+#include "hosts/terminal/output_run.h"
 #include "hosts/terminal/refusal.h"
 #include "hosts/terminal/report_output.h"
 #include "hosts/terminal/session.h"
@@ -40,12 +40,6 @@ std::string ToleranceText(const std::string& option) {
   while (text.ends_with('0')) text.pop_back();
   if (text.ends_with('.')) text.pop_back();
   return text;
-}
-
-bool SameFile(const OutputPlace& place, const DocumentFeatureLayer* layer) {
-  std::error_code error;
-  return layer != nullptr && place.kind == OutputPlace::Kind::Shapefile &&
-         std::filesystem::equivalent(place.NativePath(), layer->Source().path, error);
 }
 
 // Answers the dialog.
@@ -109,16 +103,10 @@ ExitStatus RunBuildPolygons(const BuildOptions& options) {
   std::shared_ptr<DocumentFeatureLayer> labels;
   if (!options.labels.source.empty()) labels = TakeLayer(session.Document(), options.labels);
   const std::shared_ptr<DocumentFeatureLayer> lines = TakeLayer(session.Document(), options.lines);
-  if (SameFile(place, lines.get()) || SameFile(place, labels.get())) {
-    throw Refusal("'" + place.NativePath() + "' is read by this run: name another output.");
-  }
-  RefuseTakenName(place, options.common);
-  CheckDataset(place, lines->SpatialReference());
-  const PreparedPlace prepared(place, lines->SpatialReference(), session.Host().LocalSystem(),
-                               options.common.dry_run);
-  if (place.InGeodatabase()) session.Host().SetBrowsePlace(prepared.Browse());
+  RefuseSource(place, *lines);
+  if (labels) RefuseSource(place, *labels);
   BuildParamsScript script(options, *lines, labels, place);
-  return session.Run("Tessarine.clsBuildPolygon", &script);
+  return RunInto(session, "Tessarine.clsBuildPolygon", script, place, lines->SpatialReference(), options.common);
 }
 
 void AddLabelOptions(CLI::App& command, BuildOptions& options) {

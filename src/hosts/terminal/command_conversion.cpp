@@ -5,7 +5,7 @@
 #include "hosts/terminal/commands.h"
 #include "hosts/terminal/form_answers.h"
 #include "hosts/terminal/layer_source.h"
-#include "hosts/terminal/output_place.h"
+#include "hosts/terminal/output_run.h"
 #include "hosts/terminal/report_output.h"
 #include "hosts/terminal/session.h"
 
@@ -85,14 +85,9 @@ ExitStatus RunConversionCommand(const ConversionRow& row, const ConversionOption
   const OutputPlace place = ParseOutputPlace(options.output);
   Session session(options.common);
   const std::shared_ptr<DocumentFeatureLayer> layer = TakeLayer(session.Document(), options.source);
-  RefuseTakenName(place, options.common);
-  const SpatialReferenceRef reference = OutputReference(row, *layer);
-  CheckDataset(place, reference);
-  const PreparedPlace prepared(place, reference, session.Host().LocalSystem(),
-                               options.common.dry_run);
-  if (place.InGeodatabase()) session.Host().SetBrowsePlace(prepared.Browse());
+  RefuseSource(place, *layer);
   LayerFieldsScript script(row, options, *layer, place);
-  return session.Run(row.class_id, &script);
+  return RunInto(session, row.class_id, script, place, OutputReference(row, *layer), options.common);
 }
 
 void AddConversion(const ConversionRow& row, CLI::App& program, ChosenCommand& chosen) {

@@ -1,12 +1,11 @@
 // The planetary tools: wrap to a box, and latitudes of planets.
 #include <CLI/CLI.hpp>
-#include <filesystem>
 #include <memory>
 
 #include "hosts/terminal/commands.h"
 #include "hosts/terminal/form_answers.h"
 #include "hosts/terminal/layer_source.h"
-#include "hosts/terminal/output_place.h"
+#include "hosts/terminal/output_run.h"
 #include "hosts/terminal/refusal.h"
 #include "hosts/terminal/report_output.h"
 #include "hosts/terminal/session.h"
@@ -15,8 +14,6 @@
 
 namespace tessarine {
 namespace {
-
-namespace fs = std::filesystem;
 
 constexpr const char* kTakes = "layers in degrees of longitude and latitude";
 
@@ -68,22 +65,6 @@ void CheckShift(const std::string& shift) {
   if (!shift.empty() && !IsNumericText(shift)) {
     throw Refusal("--shift: '" + shift + "' is no number of degrees.");
   }
-}
-
-bool IsSameFile(const fs::path& first, const fs::path& second) {
-  std::error_code error;
-  return fs::equivalent(first, second, error);
-}
-
-// True for an output that is the very data to be read.
-bool IsSource(const OutputPlace& place, const DocumentFeatureLayer& layer) {
-  const fs::path source = layer.Source().path;
-  if (place.InGeodatabase()) {
-    return IsSameFile(place.container, source) && EqualsIgnoringCase(place.name, layer.Source().layer);
-  }
-  return place.kind == OutputPlace::Kind::Shapefile &&
-         (IsSameFile(place.NativePath(), source) ||
-          IsSameFile(place.NativePath(), source / (layer.Source().layer + ".shp")));
 }
 
 // What the answers to both dialogs share.
@@ -177,15 +158,9 @@ ExitStatus RunPlanetary(const PlanetaryOptions& options, const char* class_id, M
   const OutputPlace place = ParseOutputPlace(options.output);
   Session session(options.common);
   const std::shared_ptr<DocumentFeatureLayer> layer = TakeLayer(session.Document(), options.source);
-  if (IsSource(place, *layer)) {
-    throw Refusal("'" + place.NativePath() + "' is read by this run: name another output.");
-  }
+  RefuseSource(place, *layer);
   auto script = make_script(*layer, place);
-  RefuseTakenName(place, options.common);
-  CheckDataset(place, layer->SpatialReference());
-  const PreparedPlace prepared(place, layer->SpatialReference(), session.Host().LocalSystem(), options.common.dry_run);
-  if (place.InGeodatabase()) session.Host().SetBrowsePlace(prepared.Browse());
-  return session.Run(class_id, &script);
+  return RunInto(session, class_id, script, place, layer->SpatialReference(), options.common);
 }
 
 ExitStatus RunWrap(const WrapOptions& options) {

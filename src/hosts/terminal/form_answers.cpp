@@ -1,5 +1,7 @@
 #include "hosts/terminal/form_answers.h"
 
+#include <filesystem>
+
 #include "engine/data_source.h"
 #include "hosts/terminal/refusal.h"
 #include "platform/paths.h"
@@ -7,6 +9,8 @@
 
 namespace tessarine {
 namespace {
+
+namespace fs = std::filesystem;
 
 template <class List>
 std::int32_t FindLine(const List& list, const std::string& text) {
@@ -27,6 +31,22 @@ std::string AllLines(const ListBox& list) {
   std::string lines;
   for (std::int32_t line = 0; line < list.ListCount(); ++line) lines += (line == 0 ? "" : ", ") + list.List(line);
   return lines.empty() ? "none that can be carried over" : lines;
+}
+
+bool IsSameFile(const fs::path& first, const fs::path& second) {
+  std::error_code error;
+  return fs::equivalent(first, second, error);
+}
+
+// True for an output that is the very data to be read.
+bool IsSource(const OutputPlace& place, const DocumentFeatureLayer& layer) {
+  const fs::path source = layer.Source().path;
+  if (place.InGeodatabase()) {
+    return IsSameFile(place.container, source) && EqualsIgnoringCase(place.name, layer.Source().layer);
+  }
+  return place.kind == OutputPlace::Kind::Shapefile &&
+         (IsSameFile(place.NativePath(), source) ||
+          IsSameFile(place.NativePath(), source / (layer.Source().layer + ".shp")));
 }
 
 }  // namespace
@@ -71,6 +91,12 @@ void RefuseTakenName(const OutputPlace& place, const CommonOptions& options) {
   if (manners.overwrite || manners.yes || manners.interactive || manners.plan_only) return;
   if (OutputExists(place)) {
     throw Refusal("'" + place.NativePath() + "' exists already: add --overwrite to replace it, or name another.");
+  }
+}
+
+void RefuseSource(const OutputPlace& place, const DocumentFeatureLayer& layer) {
+  if (IsSource(place, layer)) {
+    throw Refusal("'" + place.NativePath() + "' is read by this run: name another output.");
   }
 }
 

@@ -34,6 +34,9 @@ void ChooseOutput(Form& form, const OutputPlace& output);
 /// Refuses an output that exists where nobody could be asked about it.
 void RefuseTakenName(const OutputPlace& place, const CommonOptions& options);
 
+/// Refuses an output that is the very data to be read.
+void RefuseSource(const OutputPlace& place, const DocumentFeatureLayer& layer);
+
 /// Refuses a feature dataset in another reference than the output's.
 void CheckDataset(const OutputPlace& place, const SpatialReferenceRef& reference);
 

@@ -1,0 +1,16 @@
+#include "hosts/terminal/output_run.h"
+
+#include "hosts/terminal/form_answers.h"
+
+namespace tessarine {
+
+ExitStatus RunInto(Session& session, const std::string& class_id, FormScript& script, const OutputPlace& place,
+                   const SpatialReferenceRef& reference, const CommonOptions& options) {
+  RefuseTakenName(place, options);
+  CheckDataset(place, reference);
+  const PreparedPlace prepared(place, reference, session.Host().LocalSystem(), options.dry_run);
+  if (place.InGeodatabase()) session.Host().SetBrowsePlace(prepared.Browse());
+  return session.Run(class_id, &script);
+}
+
+}  // namespace tessarine

@@ -1,0 +1,18 @@
+// A command that writes a new class: the place is checked and prepared, the browse dialog will answer it, the tool runs.
+#pragma once
+
+#include <string>
+
+#include "hosts/terminal/output_place.h"
+#include "hosts/terminal/session.h"
+
+namespace tessarine {
+
+/// Runs a tool that writes into `place` with coordinates in `reference`. Refuses a name that is taken where nobody can
+/// be asked about it, and a feature dataset in another reference. A geodatabase that was made for the run and stays
+/// empty goes away again.
+[[nodiscard]] ExitStatus RunInto(Session& session, const std::string& class_id, FormScript& script,
+                                 const OutputPlace& place, const SpatialReferenceRef& reference,
+                                 const CommonOptions& options);
+
+}  // namespace tessarine
