@@ -1,7 +1,7 @@
 // Changing attributes of stored rows while their shapes stay as they are, byte for byte.
 //
-// OGR writes a whole row: its shape, which it encodes anew, and all its attributes. Formats that let a column be reached
-// alone get a way of their own here; it costs what the changed columns cost.
+// OGR writes a whole row: its shape, which it encodes anew, and all its attributes. Formats that let a column be
+// reached alone get a way of their own here; it costs what the changed columns cost.
 #pragma once
 
 #include <memory>
@@ -31,8 +31,9 @@ class AttributeUpdate {
 /// of a kind that can't be changed this way.
 [[nodiscard]] std::unique_ptr<AttributeUpdate> OpenFileGdbUpdate(const OgrSource& source, OGRLayer& layer);
 
-/// Writes a whole row of a table of a file geodatabase through GDAL, on a handle of its own. GDAL up to 3.6 puts growing
-/// rows into free places that overlap others, and doesn't tell the table of the longest row; both are seen to here.
+/// Writes a whole row of a table of a file geodatabase through GDAL, on a handle of its own. GDAL up to 3.6 puts
+/// growing rows into free places that overlap others, and doesn't tell the table of the longest row; both are seen to
+/// here.
 void StoreFileGdbRow(OgrSource& source, OGRFeature& feature);
 
 }  // namespace tessarine::engine

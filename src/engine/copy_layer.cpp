@@ -55,6 +55,20 @@ struct OptionsFree {
   void operator()(GDALVectorTranslateOptions* options) const { GDALVectorTranslateOptionsFree(options); }
 };
 
+// A file geodatabase counts its rows from 1.
+bool KeepsIdentifiers(const LayerPlace& target, OGRLayer& rows) {
+  if (!EndsWithIgnoringCase(target.path, ".gdb")) return true;
+  const GdalErrorScope quiet;
+  const OGRFeatureUniquePtr first(rows.GetFeature(0));
+  return first == nullptr;
+}
+
+void RemoveWhatIsThere(const std::string& path) {
+  const GdalErrorScope quiet;
+  GDALDriver* driver = GetGDALDriverManager()->GetDriverByName(DriverOf(path).c_str());
+  if (driver != nullptr) (void)driver->Delete(path.c_str());
+}
+
 std::string OnlyLayer(const LayerPlace& place) {
   return place.layer.empty() ? Cast<IDataset>(DataSource::Open(place.path, false)->OpenFeatureClass(""))->Name()
                              : place.layer;
@@ -64,7 +78,8 @@ std::string OnlyLayer(const LayerPlace& place) {
 
 LayerPlace ParseLayerPlace(const std::string& text) {
   const fs::path path = fs::absolute(text).lexically_normal();
-  if (FindInPlace(path.parent_path().string()) != nullptr) return {path.parent_path().string(), path.filename().string()};
+  if (FindInPlace(path.parent_path().string()) != nullptr)
+    return {path.parent_path().string(), path.filename().string()};
   const std::size_t colon = path.string().rfind(':');
   if (colon != std::string::npos && FindInPlace(path.string().substr(0, colon)) != nullptr) {
     return {path.string().substr(0, colon), path.string().substr(colon + 1)};
@@ -98,19 +113,25 @@ void CopyLayer(const LayerPlace& source, const LayerPlace& target) {
   if (add) arguments.AddString("-update").AddString("-overwrite");
   const std::string name = !target.layer.empty() ? target.layer : fs::path(target.path).stem().string();
   arguments.AddString("-nln").AddString(name.c_str());
-  arguments.AddString("-preserve_fid");
-  // A polygon layer of a shapefile holds multipolygons, too.
-  if (row != nullptr && row->container) arguments.AddString("-nlt").AddString("PROMOTE_TO_MULTI");
+  const DatasetHandle input = OpenDataset(source.path, false);
+  OGRLayer* rows = input->GetLayerByName(layer.c_str());
+  if (rows == nullptr) RaiseEngineFault("'" + source.path + "' has no layer '" + layer + "'.");
+  if (KeepsIdentifiers(target, *rows)) arguments.AddString("-preserve_fid");
+  // A layer of polygons or lines in a shapefile holds those of several parts, too.
+  const OGRwkbGeometryType type = wkbFlatten(rows->GetGeomType());
+  if (row != nullptr && row->container && (type == wkbPolygon || type == wkbLineString)) {
+    arguments.AddString("-nlt").AddString("PROMOTE_TO_MULTI");
+  }
   arguments.AddString(layer.c_str());
   const std::unique_ptr<GDALVectorTranslateOptions, OptionsFree> options(
       GDALVectorTranslateOptionsNew(arguments.List(), nullptr));
-  const DatasetHandle input = OpenDataset(source.path, false);
   GDALDatasetH input_handle = GDALDataset::ToHandle(input.get());
   const GdalErrorScope errors;
   int usage_error = 0;
   GDALDatasetH made = GDALVectorTranslate(target.path.c_str(), nullptr, 1, &input_handle, options.get(), &usage_error);
   if (made != nullptr) GDALClose(made);
   if (made == nullptr || errors.Failed()) {
+    if (!add) RemoveWhatIsThere(target.path);
     RaiseEngineFault("'" + layer + "' of '" + source.path + "' can't be copied to '" + target.path + "'" +
                      errors.Quote() + ".");
   }

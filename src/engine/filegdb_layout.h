@@ -1,7 +1,7 @@
 // The columns of a table of a file geodatabase, as its own header tells them.
 //
-// A row is its length in 4 bytes, one bit for each nullable column (set: null), then the values that aren't null, in the
-// order of the columns. Texts, shapes and blobs have their length in front, seven bits a byte.
+// A row is its length in 4 bytes, one bit for each nullable column (set: null), then the values that aren't null, in
+// the order of the columns. Texts, shapes and blobs have their length in front, seven bits a byte.
 #pragma once
 
 #include <cstddef>
@@ -16,8 +16,19 @@ namespace tessarine::engine {
 
 struct GdbColumn {
   enum Type : std::uint8_t {
-    kShort = 0, kLong = 1, kSingle = 2, kDouble = 3, kText = 4, kDate = 5, kOid = 6, kShape = 7, kBlob = 8, kRaster = 9,
-    kGuid = 10, kGlobalId = 11, kXml = 12
+    kShort = 0,
+    kLong = 1,
+    kSingle = 2,
+    kDouble = 3,
+    kText = 4,
+    kDate = 5,
+    kOid = 6,
+    kShape = 7,
+    kBlob = 8,
+    kRaster = 9,
+    kGuid = 10,
+    kGlobalId = 11,
+    kXml = 12
   };
   std::string name;
   Type type = kShort;

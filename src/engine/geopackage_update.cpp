@@ -1,5 +1,5 @@
-// Columns of a GeoPackage table, changed by SQL. Unlike OGR's own way it leaves the shape's column alone, so neither the
-// shape nor the spatial index is written.
+// Columns of a GeoPackage table, changed by SQL. Unlike OGR's own way it leaves the shape's column alone, so neither
+// the shape nor the spatial index is written.
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -61,7 +61,8 @@ class GeoPackageUpdate final : public AttributeUpdate {
     if (!changed_) return;
     changed_ = false;
     Execute(
-        "UPDATE gpkg_contents SET last_change = strftime('%Y-%m-%dT%H:%M:%fZ', 'now') WHERE lower(table_name) = lower(" +
+        "UPDATE gpkg_contents SET last_change = strftime('%Y-%m-%dT%H:%M:%fZ', 'now') WHERE lower(table_name) = "
+        "lower(" +
         Literal(table_) + ")");
   }
 
@@ -98,8 +99,8 @@ class GeoPackageUpdate final : public AttributeUpdate {
       if (column > 1) sql += ", ";
       sql += columns_[static_cast<std::size_t>(index)] + " = held_rows.column" + std::to_string(++column);
     }
-    sql += " FROM (VALUES " + values_ + ") AS held_rows WHERE " + Identifier(table_) + "." + key_ +
-           " = held_rows.column1";
+    sql +=
+        " FROM (VALUES " + values_ + ") AS held_rows WHERE " + Identifier(table_) + "." + key_ + " = held_rows.column1";
     values_.clear();
     held_rows_ = 0;
     changed_ = true;

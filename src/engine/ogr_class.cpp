@@ -1,5 +1,6 @@
 #include "engine/ogr_class.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <limits>
 
@@ -25,6 +26,11 @@ constexpr CategoryRow kCategories[] = {
     {"OpenFileGDB", "File Geodatabase"},
     {"PGeo", "Personal Geodatabase"},
 };
+
+// Formats whose rows are reached one by one. Of the others GDAL rewrites the whole file, shapes included, and a new
+// field is lost as long as it holds nothing.
+constexpr std::string_view kChangedInPlace[] = {"ESRI Shapefile", "GPKG",         "OpenFileGDB", "SQLite",
+                                                "PostgreSQL",     "MSSQLSpatial", "MySQL",       "OCI"};
 
 class DatasetProperties final : public IPropertySet {
  public:
@@ -130,6 +136,7 @@ void OgrClass::Delete() {
 }
 
 bool OgrClass::CanBypassEditSession() const {
+  if (std::ranges::find(kChangedInPlace, driver_) == std::end(kChangedInPlace)) return false;
   try {
     const LayerHandle handle = source_->Write();
     return handle.Layer().TestCapability(OLCRandomWrite) != 0;

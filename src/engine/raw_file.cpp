@@ -17,7 +17,8 @@ RawFile::~RawFile() {
 }
 
 void RawFile::Fail(const char* reason) const {
-  RaiseEngineFault("'" + path_ + "' can't be changed (" + reason + "): check the room on the disk and the permissions.");
+  RaiseEngineFault("'" + path_ + "' can't be changed (" + reason +
+                   "): check the room on the disk and the permissions.");
 }
 
 std::int64_t RawFile::Size() const {

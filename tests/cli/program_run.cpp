@@ -57,7 +57,8 @@ ProgramOutcome RunTessarine(const std::vector<std::string>& arguments, const std
   return Run(arguments, input, [](pid_t) {});
 }
 
-ProgramOutcome RunAndInterrupt(const std::vector<std::string>& arguments, const fs::path& file, std::uintmax_t bytes) {
+ProgramOutcome RunAndInterrupt(const std::vector<std::string>& arguments, const fs::path& file, std::uintmax_t bytes,
+                               int signal) {
   return Run(arguments, "/dev/null", [&](pid_t child) {
     for (int look = 0; look < 6000; ++look) {
       std::error_code error;
@@ -67,7 +68,8 @@ ProgramOutcome RunAndInterrupt(const std::vector<std::string>& arguments, const 
       if (waitid(P_PID, static_cast<id_t>(child), &ended, WEXITED | WNOHANG | WNOWAIT) != 0 || ended.si_pid != 0) break;
       std::this_thread::sleep_for(std::chrono::milliseconds(10));
     }
-    kill(child, SIGINT);
+    std::this_thread::sleep_for(std::chrono::milliseconds(200));
+    kill(child, signal);
   });
 }
 

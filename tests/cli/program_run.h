@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <csignal>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -18,9 +19,9 @@ struct ProgramOutcome {
 [[nodiscard]] ProgramOutcome RunTessarine(const std::vector<std::string>& arguments,
                                           const std::string& input = "/dev/null");
 
-/// The same, with an interrupt as soon as `file` has grown past `bytes`.
+/// The same, with an interrupt or another signal a fifth of a second after `file` is seen to hold more than `bytes`.
 [[nodiscard]] ProgramOutcome RunAndInterrupt(const std::vector<std::string>& arguments,
-                                             const std::filesystem::path& file, std::uintmax_t bytes);
+                                             const std::filesystem::path& file, std::uintmax_t bytes, int signal = SIGINT);
 
 [[nodiscard]] std::string ReadFile(const std::filesystem::path& path);
 void WriteFile(const std::filesystem::path& path, const std::string& text);

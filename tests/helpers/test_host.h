@@ -77,7 +77,13 @@ class TestClipboard final : public IClipboard {
 class TestRegistry final : public IRegistry {
  public:
   std::string real_version = "9.3.1";  ///< empty: the key is missing
+  std::optional<std::uint32_t> number;
   mutable std::string asked_key, asked_value;
+
+  [[nodiscard]] std::optional<std::uint32_t> QueryLocalMachineNumber(const std::string&,
+                                                                     const std::string&) const override {
+    return number;
+  }
 
   [[nodiscard]] std::string QueryLocalMachine(const std::string& key, const std::string& value) const override {
     asked_key = key, asked_value = value;
@@ -203,11 +209,31 @@ class TestFeatureLayer final : public IGeoFeatureLayer {
   [[nodiscard]] std::shared_ptr<IFeatureClass> FeatureClass() const override { return class_; }
   void SetFeatureClass(const std::shared_ptr<IFeatureClass>& feature_class) override { class_ = feature_class; }
   [[nodiscard]] std::string DataSourceType() const override { return "Test Feature Class"; }
-  void SetRenderer(const std::shared_ptr<IFeatureRenderer>&) override {}
+  void SetRenderer(const std::shared_ptr<IFeatureRenderer>& given) override { renderer = given; }
+  std::shared_ptr<IFeatureRenderer> renderer;
 
  private:
   std::string name_;
   std::shared_ptr<IFeatureClass> class_;
+};
+
+class TestRenderer final : public ISimpleRenderer {
+ public:
+  std::shared_ptr<ISymbol> symbol;
+  void SetSymbol(const std::shared_ptr<ISymbol>& given) override { symbol = given; }
+};
+
+/// The dialog for references: it answers what the host was given, and remembers what it began with.
+class TestReferenceDialog final : public ISpatialReferenceDialog2 {
+ public:
+  TestReferenceDialog(SpatialReferenceRef answer, SpatialReferenceRef& initial)
+      : answer_(std::move(answer)), initial_(initial) {}
+  void SetInitial(const SpatialReferenceRef& reference) override { initial_ = reference; }
+  [[nodiscard]] SpatialReferenceRef DoModalCreate(std::int32_t) override { return answer_; }
+
+ private:
+  SpatialReferenceRef answer_;
+  SpatialReferenceRef& initial_;
 };
 
 /// The host of a test while it lives; put one on the stack.
@@ -228,7 +254,9 @@ class TestHost final : public IHost {
   std::vector<std::string> error_reports;
   std::shared_ptr<IPrinter> printer;  ///< nothing: the printer dialog is cancelled
   std::function<void()> on_pump;
-  int pumps = 0, pointer_restored = 0;
+  int pumps = 0, pointer_restored = 0, beeps = 0;
+  SpatialReferenceRef chosen_reference;   ///< nothing: the dialog for references is cancelled
+  SpatialReferenceRef initial_reference;  ///< what that dialog began with
   RunJournal journal;
   bool plan_only = false;
 
@@ -248,10 +276,13 @@ class TestHost final : public IHost {
   }
   std::shared_ptr<IModelessFrame> CreateModelessFrame() override { return std::make_shared<TestModelessFrame>(); }
   std::shared_ptr<IGxDialog> CreateGxDialog() override { return std::make_shared<TestGxDialog>(browse); }
-  std::shared_ptr<ISpatialReferenceDialog2> CreateSpatialReferenceDialog() override { return nullptr; }
+  std::shared_ptr<ISpatialReferenceDialog2> CreateSpatialReferenceDialog() override {
+    return std::make_shared<TestReferenceDialog>(chosen_reference, initial_reference);
+  }
   std::shared_ptr<IPrinter> ChoosePrinter() override { return printer; }
   std::shared_ptr<IFeatureLayer> CreateFeatureLayer() override { return std::make_shared<TestFeatureLayer>(); }
-  std::shared_ptr<ISimpleRenderer> CreateSimpleRenderer() override { return nullptr; }
+  std::shared_ptr<ISimpleRenderer> CreateSimpleRenderer() override { return std::make_shared<TestRenderer>(); }
+  void Beep() override { ++beeps; }
   RunJournal& Journal() override { return journal; }
   [[nodiscard]] bool PlanOnly() const override { return plan_only; }
 

@@ -20,8 +20,18 @@ std::shared_ptr<ICommand> MakeZoomCommand(const CommandRow& row);
 /// Tells by its caption that it needs a newer host where it does.
 std::shared_ptr<ICommand> MakeBuildPolygonCommand(const CommandRow& row);
 
-/// A tool that this version of the suite doesn't hold: a click ends in a fault report that says so.
-std::shared_ptr<ICommand> MakeUnavailableCommand(const CommandRow& row);
-[[noreturn]] void RaiseUnavailable(const CommandRow& row);
+// Dialog, worker and report of the planetary tools.
+std::shared_ptr<ICommand> MakeWrapBoundaryCommand(const CommandRow& row);
+std::shared_ptr<ICommand> MakeCentricToGraphicCommand(const CommandRow& row);
+std::shared_ptr<ICommand> MakeGraphicToCentricCommand(const CommandRow& row);
+
+/// The geometry calculator.
+std::shared_ptr<ICommand> MakeCalculateCommand(const CommandRow& row);
+
+// Dialogs that do all the work themselves.
+std::shared_ptr<ICommand> MakeNewShapefileCommand(const CommandRow& row);
+std::shared_ptr<ICommand> MakeSelectGraphicsCommand(const CommandRow& row);
+std::shared_ptr<ICommand> MakeNameGraphicsCommand(const CommandRow& row);
+std::shared_ptr<ICommand> MakeAboutCommand(const CommandRow& row);
 
 }  // namespace tessarine

@@ -8,10 +8,13 @@
 #include <filesystem>
 #include <fstream>
 
+#include "calculator/clsMeasureCatalog.h"
 #include "frame/clsExtension.h"
+#include "frame/clsFunctionFactory.h"
 #include "frame/commands/command_table.h"
 #include "frame/menus.h"
 #include "platform/text_formats.h"
+#include "spheroids/clsSpheroidCatalog.h"
 
 namespace tessarine {
 namespace {
@@ -53,6 +56,9 @@ std::vector<ComponentClass> MakeClasses() {
       Plain<clsShapeSubMenu>("Tessarine.clsShapeSubMenu", {"IMenuDef"}),
       Plain<clsGraphicsSubMenu>("Tessarine.clsGraphicsSubMenu", {"IMenuDef"}),
       Plain<clsGeodesicSubMenu>("Tessarine.clsGeodesicSubMenu", {"IMenuDef"}),
+      Plain<clsFunctionFactory>("Tessarine.clsFunctionFactory", {"IGPFunctionFactory"}),
+      Plain<clsMeasureCatalog>("Tessarine.clsMeasureCatalog", {"IMeasureCatalog"}),
+      Plain<clsSpheroidCatalog>("Tessarine.clsSpheroidCatalog", {"ISpheroidCatalog"}),
   };
   for (const CommandRow& row : AllCommands()) {
     classes.push_back({std::string("Tessarine.") + row.class_name, {"ICommand"}, [&row] { return row.make(row); }});

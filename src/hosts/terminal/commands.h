@@ -19,8 +19,14 @@ void AddConversionCommands(CLI::App& program, ChosenCommand& chosen);
 void AddBuildPolygonsCommand(CLI::App& program, ChosenCommand& chosen);
 void AddGeodesicCommands(CLI::App& program, ChosenCommand& chosen);
 void AddPlanetaryCommands(CLI::App& program, ChosenCommand& chosen);
+void AddMeasuresCommand(CLI::App& program, ChosenCommand& chosen);
+void AddCalculateCommand(CLI::App& program, ChosenCommand& chosen);
 void AddInfoCommand(CLI::App& program, ChosenCommand& chosen);
 void AddGraphicsCommands(CLI::App& program, ChosenCommand& chosen);
+void AddGraphicToolsCommand(CLI::App& program, ChosenCommand& chosen);
+/// Adds `to-features` and `new` to the command `graphics`.
+void AddGraphicFeaturesCommands(CLI::App& graphics, ChosenCommand& chosen);
+void AddAboutCommand(CLI::App& program, ChosenCommand& chosen);
 void AddSpheroidsCommand(CLI::App& program, ChosenCommand& chosen);
 void AddMenuCommand(CLI::App& program, ChosenCommand& chosen);
 

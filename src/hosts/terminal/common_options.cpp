@@ -10,19 +10,23 @@ TerminalManners CommonOptions::Manners() const {
   return {.yes = yes, .overwrite = overwrite, .interactive = isatty(STDIN_FILENO) != 0, .plan_only = dry_run};
 }
 
-void AddCommonOptions(CLI::App& command, CommonOptions& options) {
+void AddRunOptions(CLI::App& command, CommonOptions& options) {
   command
       .add_option("-r,--report", options.report_file,
                   "Also write the report to this file; its ending tells the form: .txt, .rtf, .html or .json")
       ->type_name("FILE");
-  command
-      .add_option("-d,--document", options.document,
-                  "Work in this map document: its layers, selection and remembered settings")
-      ->type_name("MAP.json");
   command.add_flag("-q,--quiet", options.quiet, "Print no report");
   command.add_flag("--overwrite", options.overwrite, "Replace an output that exists");
   command.add_flag("-y,--yes", options.yes, "Answer Yes to every question");
   command.add_flag("-n,--dry-run", options.dry_run, "Check everything and print the plan, but write nothing");
+}
+
+void AddCommonOptions(CLI::App& command, CommonOptions& options) {
+  command
+      .add_option("-d,--document", options.document,
+                  "Work in this map document: its layers, selection and remembered settings")
+      ->type_name("MAP.json");
+  AddRunOptions(command, options);
 }
 
 }  // namespace tessarine

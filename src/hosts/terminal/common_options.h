@@ -20,6 +20,8 @@ struct CommonOptions {
   [[nodiscard]] TerminalManners Manners() const;
 };
 
+/// Adds --report, --quiet, --overwrite, --yes and --dry-run.
+void AddRunOptions(CLI::App& command, CommonOptions& options);
 /// Adds --report, --document, --quiet, --overwrite, --yes and --dry-run.
 void AddCommonOptions(CLI::App& command, CommonOptions& options);
 

@@ -150,6 +150,7 @@ PreparedPlace::~PreparedPlace() {
 
 BrowsePlace PreparedPlace::Browse() const {
   const std::string container = FromNativePath(place_.container);
+  if (!place_.InGeodatabase()) return {std::make_shared<PlaceObject>(container, "Folder"), place_.name};
   const std::string kind =
       place_.kind == OutputPlace::Kind::FileGeodatabase ? "File Geodatabase" : "Personal Geodatabase";
   if (place_.dataset.empty()) return {std::make_shared<PlaceObject>(container, kind), place_.name};

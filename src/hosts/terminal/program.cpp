@@ -65,10 +65,14 @@ int RunProgram(int argc, char** argv) {
   AddBuildPolygonsCommand(program, chosen);
   AddGeodesicCommands(program, chosen);
   AddPlanetaryCommands(program, chosen);
+  AddMeasuresCommand(program, chosen);
+  AddCalculateCommand(program, chosen);
   AddInfoCommand(program, chosen);
   AddGraphicsCommands(program, chosen);
+  AddGraphicToolsCommand(program, chosen);
   AddSpheroidsCommand(program, chosen);
   AddMenuCommand(program, chosen);
+  AddAboutCommand(program, chosen);
   try {
     // The parser takes its words from the back.
     std::vector<std::string> words = Words(argc, argv);

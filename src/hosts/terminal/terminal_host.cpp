@@ -15,6 +15,7 @@ namespace {
 
 constexpr const char* kReportForm = "frmReport_modal";
 constexpr const char* kOverwriteTitle = "Feature Class Already Exists:";
+constexpr const char* kConfirmTitle = "Confirm Action:";
 
 // What a message says, with the line ends of a terminal.
 std::string NativeLines(const std::string& text) { return Replace(text, "\r\n", "\n"); }
@@ -85,6 +86,15 @@ class TerminalGxDialog final : public IGxDialog {
   std::string name_;
 };
 
+class TerminalReferenceDialog final : public ISpatialReferenceDialog2 {
+ public:
+  explicit TerminalReferenceDialog(SpatialReferenceRef chosen) : chosen_(std::move(chosen)) {}
+  [[nodiscard]] SpatialReferenceRef DoModalCreate(std::int32_t) override { return chosen_; }
+
+ private:
+  SpatialReferenceRef chosen_;
+};
+
 }  // namespace
 
 TerminalHost::TerminalHost(TerminalManners manners, std::string host_version)
@@ -109,6 +119,10 @@ std::shared_ptr<IModelessFrame> TerminalHost::CreateModelessFrame() {
 
 std::shared_ptr<IGxDialog> TerminalHost::CreateGxDialog() { return std::make_shared<TerminalGxDialog>(browse_place_); }
 
+std::shared_ptr<ISpatialReferenceDialog2> TerminalHost::CreateSpatialReferenceDialog() {
+  return std::make_shared<TerminalReferenceDialog>(chosen_reference_);
+}
+
 std::shared_ptr<IFeatureLayer> TerminalHost::CreateFeatureLayer() { return std::make_shared<DocumentFeatureLayer>(); }
 
 std::shared_ptr<ISimpleRenderer> TerminalHost::CreateSimpleRenderer() { return std::make_shared<DocumentRenderer>(); }
@@ -128,12 +142,15 @@ bool TerminalHost::AskUser() const {
 MessageAnswer TerminalHost::Show(const std::string& text, const std::string& title, MessageButtons buttons,
                                  MessageIcon) {
   if (buttons == MessageButtons::YesNo && AnsweredByOptions(title)) return MessageAnswer::Yes;
+  const bool confirmation = buttons == MessageButtons::OkCancel && title == kConfirmTitle;
+  if (confirmation && manners_.yes) return MessageAnswer::Ok;
   fmt::print(stderr, "{}{}{}\n", Trim(title), title.empty() ? "" : "\n", NativeLines(text));
   switch (buttons) {
     case MessageButtons::Ok:
       return MessageAnswer::Ok;
     case MessageButtons::OkCancel:
-      // "Ok" would show the same dialog again, which has no other answer here.
+      if (confirmation && AskUser()) return MessageAnswer::Ok;
+      // Elsewhere "Ok" would show the same dialog again, which has no other answer here.
       return MessageAnswer::Cancel;
     case MessageButtons::YesNo:
       return AskUser() ? MessageAnswer::Yes : MessageAnswer::No;

@@ -54,6 +54,8 @@ class TerminalHost final : public IHost,
 
   void SetScript(FormScript* script) { script_ = script; }
   void SetBrowsePlace(BrowsePlace place) { browse_place_ = std::move(place); }
+  /// What the dialog for references answers; nothing cancels it.
+  void SetChosenReference(SpatialReferenceRef reference) { chosen_reference_ = std::move(reference); }
   [[nodiscard]] TerminalSystem& LocalSystem() { return system_; }
   [[nodiscard]] const TerminalManners& Manners() const { return manners_; }
 
@@ -78,7 +80,7 @@ class TerminalHost final : public IHost,
   std::shared_ptr<IErrorDialog> CreateErrorDialog() override;
   std::shared_ptr<IModelessFrame> CreateModelessFrame() override;
   std::shared_ptr<IGxDialog> CreateGxDialog() override;
-  std::shared_ptr<ISpatialReferenceDialog2> CreateSpatialReferenceDialog() override { return nullptr; }
+  std::shared_ptr<ISpatialReferenceDialog2> CreateSpatialReferenceDialog() override;
   std::shared_ptr<IPrinter> ChoosePrinter() override { return nullptr; }
   std::shared_ptr<IFeatureLayer> CreateFeatureLayer() override;
   std::shared_ptr<ISimpleRenderer> CreateSimpleRenderer() override;
@@ -109,6 +111,7 @@ class TerminalHost final : public IHost,
   TerminalSystem system_;
   FormScript* script_ = nullptr;
   std::optional<BrowsePlace> browse_place_;
+  SpatialReferenceRef chosen_reference_;
   std::vector<std::weak_ptr<Form>> open_forms_;
   RunJournal journal_;
   std::optional<std::string> report_;

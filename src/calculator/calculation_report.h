@@ -1,0 +1,47 @@
+// The texts of a calculation run, in the order in which the reader sees them.
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+
+#include "calculator/geometry_options.h"
+#include "calculator/measure_catalogue.h"
+
+namespace tessarine {
+
+struct CalculationFacts {
+  std::string layer_name, reference_name;
+  bool all_records = true;
+  std::int32_t record_count = 0;  ///< records to be done
+  std::int32_t total_count = 0;   ///< records of the layer
+  std::string_view noun;          ///< of the total
+  std::string field_report, problem_report, time_spent;
+  std::string spheroid_name;
+  double semi_major = 0.0, semi_minor = 0.0;
+  bool geocentric = false;
+};
+
+/// The numbered lines "label: field name" of the chosen measures.
+[[nodiscard]] std::string FieldReport(std::span<const OptionEntry> entries, esriGeometryType shape, SpatialKind kind);
+/// True when one of the chosen measures takes its time.
+[[nodiscard]] bool HasSlowMeasure(std::span<const OptionEntry> entries, esriGeometryType shape, SpatialKind kind);
+
+[[nodiscard]] std::string CalculationReport(const CalculationFacts& facts);
+/// What stands in place of it before anything is written.
+[[nodiscard]] std::string PlannedCalculation(const CalculationFacts& facts, const std::string& new_fields,
+                                             const std::string& overwritten_fields);
+
+[[nodiscard]] std::string CompressedGeodatabaseReport(const std::string& layer_name);
+[[nodiscard]] std::string EditSessionReport();
+[[nodiscard]] std::string NotEditableReport();
+[[nodiscard]] std::string FieldNotAddedReport(const std::string& field_name, const std::string& layer_name);
+
+/// The line of one empty feature.
+[[nodiscard]] std::string EmptyFeatureLine(std::int64_t oid);
+/// What a run tells of its empty features; empty when there were none.
+[[nodiscard]] std::string ProblemReport(const std::string& empty_features);
+/// The same of a run that was stopped at a record.
+[[nodiscard]] std::string StoppedProblemReport(const std::string& empty_features, std::int32_t record);
+
+}  // namespace tessarine

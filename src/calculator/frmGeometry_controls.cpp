@@ -1,0 +1,183 @@
+// How the dialog follows the chosen layer.
+#include <algorithm>
+
+#include "calculator/frmGeometry.h"
+#include "platform/text_formats.h"
+#include "support/MyGeneralOperations.h"
+#include "support/aml_func_mod.h"
+
+namespace tessarine {
+namespace {
+
+constexpr std::int32_t kNewName = 0xFFFFFF;
+constexpr std::int32_t kTakenName = 0xFFFFC3;
+
+constexpr const char* kGeographicOnly = "Advanced functions available only for Geographic Datasets:";
+constexpr const char* kNotForPoints = "Advanced functions irrelevant for Point feature classes:";
+
+const char* KindWord(SpatialKind kind) {
+  switch (kind) {
+    case SpatialKind::Geographic:
+      return "Geographic";
+    case SpatialKind::Projected:
+      return "Projected";
+    default:
+      return "Unknown";
+  }
+}
+
+std::shared_ptr<const GeographicCoordinateSystem> GeographicOf(const SpatialReferenceRef& reference) {
+  if (const auto projected = Cast<const ProjectedCoordinateSystem>(reference)) {
+    return projected->GeographicCoordinateSystem();
+  }
+  return Cast<const GeographicCoordinateSystem>(reference);
+}
+
+std::string Counted(const char* label, std::int32_t count) {
+  return std::string(label) + " (n = " + std::to_string(count) + ")";
+}
+
+// Controls that keep working without any layer.
+bool StaysEnabled(const Control& control) {
+  for (const char* name : {"cmdCancel", "cmdManual", "txtMessage", "Line1"}) {
+    if (EqualsIgnoringCase(control.Name(), name)) return true;
+  }
+  return false;
+}
+
+}  // namespace
+
+void frmGeometry::SetGeometryControls() {
+  for (ComboBox* combo : combos_) {
+    combo->Clear();
+    combo->SetText("");
+    combo->SetVisible(false);
+    combo->AddItem("");
+  }
+  if (layers_->Count() == 0) {
+    ShowNoLayers();
+  } else {
+    const std::shared_ptr<IFeatureLayer> layer = Require(CurrentLayer(), "layer");
+    const std::shared_ptr<IFeatureClass> features = Require(layer->FeatureClass(), "FeatureClass");
+    ShowSpheroid(*features);
+    ListNumericFields(*layer);
+    ShowCatalogue(features->ShapeType(), SpatialKindOf(features->SpatialReference()));
+    ShowRecordChoice(*layer);
+  }
+  handed_flags_ = use_flags_;
+  CheckOK();
+}
+
+void frmGeometry::ShowNoLayers() {
+  optAll.SetValue(true);
+  optAll.SetCaption("Calculate All Records");
+  optSel.SetCaption("Only Selected Records");
+  for (Control* control : Controls()) {
+    if (!StaysEnabled(*control)) control->SetEnabled(false);
+  }
+  for (CheckBox* box : boxes_) box->SetCaption("No Feature Layers");
+  use_flags_.fill(false);
+}
+
+void frmGeometry::ShowSpheroid(const IFeatureClass& features) {
+  const SpatialReferenceRef reference = features.SpatialReference();
+  const bool geographic = SpatialKindOf(reference) == SpatialKind::Geographic;
+  cmdAdvanced.SetEnabled(geographic);
+  cmdAdvanced.SetToolTipText(geographic ? "" : kGeographicOnly);
+  if (!geographic) geocentric_ = false;
+  if (const auto system = GeographicOf(reference)) {
+    const Spheroid& spheroid = *system->Datum()->Spheroid();
+    spheroid_name_ = spheroid.Name();
+    semi_major_ = spheroid.SemiMajorAxis();
+    semi_minor_ = spheroid.SemiMinorAxis();
+    ShowSpheroidLine();
+  } else {
+    lblSpheroidOptions.SetCaption("Spheroid Unknown");
+  }
+  if (features.ShapeType() != esriGeometryPoint) return;
+  cmdAdvanced.SetEnabled(false);
+  cmdAdvanced.SetToolTipText(kNotForPoints);
+  geocentric_ = false;
+}
+
+void frmGeometry::ShowSpheroidLine() {
+  // A label takes a lone "&" for a mnemonic.
+  lblSpheroidOptions.SetCaption("Spheroid: " + Replace(spheroid_name_, "&", "&&") +
+                                ",  Maj.Rad. = " + MyGeneralOperations::TrimZerosAndDecimals(semi_major_, false) +
+                                "m,  Min.Rad. = " + MyGeneralOperations::TrimZerosAndDecimals(semi_minor_, false) +
+                                "m");
+}
+
+void frmGeometry::ListNumericFields(const IFeatureLayer& layer) {
+  numeric_names_.clear();
+  numeric_fields_.clear();
+  const auto* layer_fields = dynamic_cast<const ILayerFields*>(&layer);
+  for (const FieldRef& field : *layer.FeatureClass()->Fields()) {
+    if (!aml_func_mod::FieldIsNumeric(*field)) continue;
+    if (layer_fields != nullptr && layer_fields->FindField(field->Name) < 0) continue;
+    numeric_fields_.push_back(field);
+    numeric_names_.push_back(field->Name);
+  }
+}
+
+void frmGeometry::ShowCatalogue(esriGeometryType shape, SpatialKind kind) {
+  lbSelFeatureType.SetCaption(std::string(ShapeNoun(shape, 1)) + " Feature Class:  " + KindWord(kind) +
+                              " Coordinate System");
+  use_flags_ = ComboUseFlagsOf(shape, kind);
+  for (std::int32_t id = 1; id <= kOptionCount; ++id) {
+    const MeasureRow* row = FindMeasure(shape, kind, id);
+    CheckBox& box = *boxes_[static_cast<std::size_t>(id - 1)];
+    box.SetVisible(row != nullptr);
+    box.SetValue(CheckBox::kUnchecked);
+    box.SetCaption(row != nullptr ? std::string(row->caption) : "");
+    if (row == nullptr) continue;
+    for (std::size_t position = 0; position < row->FieldCount(); ++position) {
+      FillComboBox(*ComboOf(id, static_cast<std::int32_t>(position)), row->default_fields[position]);
+    }
+  }
+}
+
+void frmGeometry::ShowRecordChoice(const IFeatureLayer& layer) {
+  const std::int32_t all = layer.FeatureClass()->FeatureCount(nullptr);
+  const auto* selection = dynamic_cast<const IFeatureSelection*>(&layer);
+  const std::shared_ptr<ISelectionSet> set = selection != nullptr ? selection->SelectionSet() : nullptr;
+  const std::int32_t chosen = set ? set->Count() : 0;
+  optAll.SetEnabled(true);
+  optAll.SetCaption(Counted("Calculate All Records", all));
+  optSel.SetEnabled(chosen > 0);
+  optSel.SetCaption(set ? Counted("Selected Records", chosen) : "Unable to get selection...");
+  optAll.SetValue(chosen == 0);
+  optSel.SetValue(chosen > 0);
+}
+
+void frmGeometry::FillComboBox(ComboBox& combo, std::string_view default_name) {
+  // A match at the first place counts as none: the name then stands twice, and the box stays white.
+  std::int32_t position = 0;
+  for (std::size_t index = 0; index < numeric_names_.size(); ++index) {
+    if (EqualsIgnoringCase(numeric_names_[index], default_name)) position = static_cast<std::int32_t>(index);
+  }
+  combo.Clear();
+  combo.SetVisible(false);
+  if (position == 0) combo.AddItem(std::string(default_name));
+  for (const std::string& name : numeric_names_) combo.AddItem(name);
+  combo.SetListIndex(position);
+  combo.SetBackColor(position > 0 ? kTakenName : kNewName);
+  combo.Refresh();
+}
+
+void frmGeometry::CheckComboBoxEntry(ComboBox& combo) {
+  const std::string text = combo.Text();
+  const auto found =
+      std::ranges::find_if(numeric_names_, [&](const std::string& name) { return EqualsIgnoringCase(name, text); });
+  if (found == numeric_names_.end()) {
+    combo.SetBackColor(kNewName);
+  } else {
+    combo.Clear();
+    for (const std::string& name : numeric_names_) combo.AddItem(name);
+    combo.SetListIndex(static_cast<std::int32_t>(found - numeric_names_.begin()));
+    combo.SetBackColor(kTakenName);
+  }
+  combo.Refresh();
+}
+
+}  // namespace tessarine

@@ -1,0 +1,252 @@
+#include "calculator/measure_catalogue.h"
+
+#include <algorithm>
+#include <functional>
+#include <string>
+#include <type_traits>
+
+#include "calculator/multipoint_measures.h"
+#include "calculator/point_measures.h"
+#include "calculator/polygon_measures.h"
+#include "calculator/polyline_measures.h"
+
+namespace tessarine {
+namespace {
+
+// A member of a record as a measure: the class of the record and the type of the value.
+template <class Member>
+struct MemberOf;
+template <class TheRecord, class TheValue>
+struct MemberOf<TheValue (TheRecord::*)()> {
+  using Record = TheRecord;
+  using Value = TheValue;
+};
+template <class TheRecord, class TheValue>
+struct MemberOf<TheValue (TheRecord::*)() const> : MemberOf<TheValue (TheRecord::*)()> {};
+
+template <auto kMember>
+MeasuredValues Call(MeasureRecord& record) {
+  return std::invoke(kMember, static_cast<typename MemberOf<decltype(kMember)>::Record&>(record));
+}
+
+template <class Value>
+constexpr MeasuredKind KindOf() {
+  if (std::is_same_v<Value, XY>) return MeasuredKind::RealPair;
+  return std::is_same_v<Value, std::int32_t> ? MeasuredKind::Count : MeasuredKind::Real;
+}
+
+template <auto kMember>
+constexpr MeasureCode kBy = {Call<kMember>, KindOf<typename MemberOf<decltype(kMember)>::Value>()};
+
+using enum SpatialKind;
+constexpr auto kPoint = esriGeometryPoint;
+constexpr auto kMultipoint = esriGeometryMultipoint;
+constexpr auto kPolyline = esriGeometryPolyline;
+constexpr auto kPolygon = esriGeometryPolygon;
+
+constexpr bool kSlow = true, kQuick = false;
+// Whether the fields take the null value when a feature has no geometry. Six measures of polylines leave theirs alone.
+constexpr bool kNull = true, kKept = false;
+
+// clang-format off
+constexpr auto kMeasures = std::to_array<MeasureRow>({
+    {kPoint, Unknown, 1, "Coordinates", kQuick, kNull, kBy<&PointRecord::Position>,
+     {"X_Coord", "Y_Coord"}, {"X-Coordinate", "Y-Coordinate"}},
+
+    {kPoint, Projected, 1, "Coordinates", kQuick, kNull, kBy<&PointRecord::Position>,
+     {"X_Coord", "Y_Coord"}, {"Projected X-Coordinate", "Projected Y-Coordinate"}},
+    {kPoint, Projected, 2, "Longitude / Latitude", kQuick, kNull, kBy<&PointRecord::LongitudeLatitude>,
+     {"Longitude", "Latitude"}, {"Longitude", "Latitude"}},
+
+    {kPoint, Geographic, 1, "Longitude / Latitude", kQuick, kNull, kBy<&PointRecord::Position>,
+     {"Longitude", "Latitude"}, {"Longitude", "Latitude"}},
+
+    {kMultipoint, Unknown, 1, "Centroid", kQuick, kNull, kBy<&MultipointRecord::Centroid>,
+     {"Cent_X", "Cent_Y"}, {"Centroid X-Coordinate", "Centroid Y-Coordinate"}},
+    {kMultipoint, Unknown, 2, "Number of Points", kQuick, kNull, kBy<&MultipointRecord::PointCount>,
+     {"Points"}, {"Point Count"}},
+
+    {kMultipoint, Projected, 1, "Centroid", kQuick, kNull, kBy<&MultipointRecord::Centroid>,
+     {"Cent_X", "Cent_Y"}, {"Centroid X-Coordinate", "Centroid Y-Coordinate"}},
+    {kMultipoint, Projected, 2, "Sph. Centroid", kSlow, kNull, kBy<&MultipointRecord::ProjectedSpheroidalCentroid>,
+     {"Sph_Cen_X", "Sph_Cen_Y"}, {"Spherical Centroid X-Coordinate", "Spherical Centroid Y-Coordinate"}},
+    {kMultipoint, Projected, 3, "Number of Points", kQuick, kNull, kBy<&MultipointRecord::PointCount>,
+     {"Points"}, {"Point Count"}},
+
+    {kMultipoint, Geographic, 1, "Sph. Centroid", kSlow, kNull, kBy<&MultipointRecord::SpheroidalCentroid>,
+     {"Sph_Cen_X", "Sph_Cen_Y"}, {"Spherical Centroid X-Coordinate", "Spherical Centroid Y-Coordinate"}},
+    {kMultipoint, Geographic, 2, "Number of Points", kQuick, kNull, kBy<&MultipointRecord::PointCount>,
+     {"Points"}, {"Point Count"}},
+
+    {kPolyline, Unknown, 1, "Length", kQuick, kNull, kBy<&PolylineRecord::Length>,
+     {"Length"}, {"Length"}},
+    {kPolyline, Unknown, 2, "Starting Point", kQuick, kNull, kBy<&PolylineRecord::StartPoint>,
+     {"Start_X", "Start_Y"}, {"Start Point X-Coordinate", "Start Point Y-Coordinate"}},
+    {kPolyline, Unknown, 3, "Midpoint", kQuick, kNull, kBy<&PolylineRecord::Midpoint>,
+     {"Mid_X", "Mid_Y"}, {"Midpoint X-Coordinate", "Midpoint Y-Coordinate"}},
+    {kPolyline, Unknown, 4, "Ending Point", kQuick, kNull, kBy<&PolylineRecord::EndPoint>,
+     {"End_X", "End_Y"}, {"End Point X-Coordinate", "End Point Y-Coordinate"}},
+    {kPolyline, Unknown, 5, "Average Azimuth", kQuick, kNull, kBy<&PolylineRecord::Azimuth>,
+     {"Azimuth"}, {"Average Azimuth"}},
+    {kPolyline, Unknown, 6, "Number of Parts", kQuick, kNull, kBy<&PolylineRecord::PartCount>,
+     {"Parts"}, {"Count of Sub-Polylines"}},
+    {kPolyline, Unknown, 7, "Number of Vertices", kQuick, kKept, kBy<&PolylineRecord::VertexCount>,
+     {"Vertices"}, {"Number of Vertices"}},
+
+    {kPolyline, Projected, 1, "Plan. Length", kQuick, kNull, kBy<&PolylineRecord::Length>,
+     {"Plan_Len"}, {"Planimetric Length"}},
+    {kPolyline, Projected, 2, "Spheroidal Length", kSlow, kNull, kBy<&PolylineRecord::SpheroidalLength>,
+     {"Sph_Len"}, {"Spheroidal Length"}},
+    {kPolyline, Projected, 3, "Starting Point", kQuick, kNull, kBy<&PolylineRecord::StartPoint>,
+     {"Start_X", "Start_Y"}, {"Start Point X-Coordinate", "Start Point Y-Coordinate"}},
+    {kPolyline, Projected, 4, "Midpoint", kQuick, kNull, kBy<&PolylineRecord::Midpoint>,
+     {"Mid_X", "Mid_Y"}, {"Projected Midpoint X-Coordinate", "Projected Midpoint Y-Coordinate"}},
+    {kPolyline, Projected, 5, "Spheroidal Midpoint", kSlow, kNull, kBy<&PolylineRecord::ProjectedSpheroidalMidpoint>,
+     {"Sph_Mid_X", "Sph_Mid_Y"}, {"Spheroidal Midpoint X-Coordinate", "Spheroidal Midpoint Y-Coordinate"}},
+    {kPolyline, Projected, 6, "Ending Point", kQuick, kNull, kBy<&PolylineRecord::EndPoint>,
+     {"End_X", "End_Y"}, {"End Point X-Coordinate", "End Point Y-Coordinate"}},
+    {kPolyline, Projected, 7, "Projected Azimuth", kQuick, kNull, kBy<&PolylineRecord::Azimuth>,
+     {"Prj_Az"}, {"Projected Azimuth"}},
+    {kPolyline, Projected, 8, "Sph. Start Azimuth", kQuick, kNull, kBy<&PolylineRecord::StartAzimuth>,
+     {"Start_Az"}, {"Spheroidal Start Azimuth"}},
+    {kPolyline, Projected, 9, "Sph. End Azimuth", kQuick, kKept, kBy<&PolylineRecord::EndAzimuth>,
+     {"End_Az"}, {"Spheroidal End Azimuth"}},
+    {kPolyline, Projected, 10, "Number of Parts", kQuick, kKept, kBy<&PolylineRecord::PartCount>,
+     {"Parts"}, {"Count of Sub-Polylines"}},
+    {kPolyline, Projected, 11, "Number of Vertices", kQuick, kKept, kBy<&PolylineRecord::VertexCount>,
+     {"Vertices"}, {"Number of Vertices"}},
+
+    {kPolyline, Geographic, 1, "Spheroidal Length", kSlow, kNull, kBy<&PolylineRecord::SpheroidalLength>,
+     {"Sph_Len"}, {"Spheroidal Length"}},
+    {kPolyline, Geographic, 2, "Starting Point", kQuick, kNull, kBy<&PolylineRecord::StartLongitudeLatitude>,
+     {"Start_X", "Start_Y"}, {"Start Point Longitude", "Start Point Latitude"}},
+    {kPolyline, Geographic, 3, "Midpoint", kSlow, kNull, kBy<&PolylineRecord::SpheroidalMidpoint>,
+     {"Mid_X", "Mid_Y"}, {"Spheroidal Midpoint Longitude", "Spheroidal Midpoint Latitude"}},
+    {kPolyline, Geographic, 4, "Ending Point", kQuick, kNull, kBy<&PolylineRecord::EndLongitudeLatitude>,
+     {"End_X", "End_Y"}, {"End Point Longitude", "End Point Latitude"}},
+    {kPolyline, Geographic, 5, "Start Azimuth", kQuick, kNull, kBy<&PolylineRecord::StartAzimuth>,
+     {"Start_Az"}, {"Spheroidal Start Azimuth"}},
+    {kPolyline, Geographic, 6, "End Azimuth", kQuick, kNull, kBy<&PolylineRecord::EndAzimuth>,
+     {"End_Az"}, {"Spheroidal End Azimuth"}},
+    {kPolyline, Geographic, 7, "Number of Parts", kQuick, kKept, kBy<&PolylineRecord::PartCount>,
+     {"Parts"}, {"Count of Sub-Polylines"}},
+    {kPolyline, Geographic, 8, "Number of Vertices", kQuick, kKept, kBy<&PolylineRecord::VertexCount>,
+     {"Vertices"}, {"Number of Vertices"}},
+
+    {kPolygon, Unknown, 1, "Area", kQuick, kNull, kBy<&PolygonRecord::Area>,
+     {"Poly_Area"}, {"Area"}},
+    {kPolygon, Unknown, 2, "Centroid", kQuick, kNull, kBy<&PolygonRecord::Centroid>,
+     {"X_Coord", "Y_Coord"}, {"Centroid X-Coordinate", "Centroid Y-Coordinate"}},
+    {kPolygon, Unknown, 3, "Perimeter Length", kQuick, kNull, kBy<&PolygonRecord::Perimeter>,
+     {"Length"}, {"Perimeter Length"}},
+    {kPolygon, Unknown, 4, "Number of Parts", kQuick, kNull, kBy<&PolygonRecord::PartCount>,
+     {"Parts"}, {"Count of Sub-Polygons"}},
+    {kPolygon, Unknown, 5, "Number of Vertices", kQuick, kNull, kBy<&PolygonRecord::VertexCount>,
+     {"Vertices"}, {"Number of Vertices"}},
+
+    {kPolygon, Projected, 1, "Plan. Area", kQuick, kNull, kBy<&PolygonRecord::Area>,
+     {"Plan_Area"}, {"Planimetric Area"}},
+    {kPolygon, Projected, 2, "Spherical Area", kSlow, kNull, kBy<&PolygonRecord::SphericalArea>,
+     {"Sph_Area"}, {"Spherical Area"}},
+    {kPolygon, Projected, 3, "Plan. Centroid", kQuick, kNull, kBy<&PolygonRecord::Centroid>,
+     {"Cent_X", "Cent_Y"}, {"Planimetric Centroid X-Coordinate", "Planimetric Centroid Y-Coordinate"}},
+    {kPolygon, Projected, 4, "Sph. Centroid", kSlow, kNull, kBy<&PolygonRecord::ProjectedSphericalCentroid>,
+     {"Sph_Cen_X", "Sph_Cen_Y"}, {"Spherical Centroid X-Coordinate", "Spherical Centroid Y-Coordinate"}},
+    {kPolygon, Projected, 5, "Plan. Perimeter", kQuick, kNull, kBy<&PolygonRecord::Perimeter>,
+     {"Pl_Perim"}, {"Projected Perimeter Length"}},
+    {kPolygon, Projected, 6, "Sph. Perimeter", kSlow, kNull, kBy<&PolygonRecord::SpheroidalPerimeter>,
+     {"Sph_Perim"}, {"Spheroidal Perimeter Length"}},
+    {kPolygon, Projected, 7, "Number of Parts", kQuick, kNull, kBy<&PolygonRecord::PartCount>,
+     {"Parts"}, {"Count of Sub-Polygons"}},
+    {kPolygon, Projected, 8, "Number of Vertices", kQuick, kNull, kBy<&PolygonRecord::VertexCount>,
+     {"Vertices"}, {"Number of Vertices"}},
+
+    {kPolygon, Geographic, 1, "Sph. Area", kSlow, kNull, kBy<&PolygonRecord::SphericalArea>,
+     {"Sph_Area"}, {"Spherical Area"}},
+    {kPolygon, Geographic, 2, "Sph. Centroid", kSlow, kNull, kBy<&PolygonRecord::SphericalCentroid>,
+     {"Longitude", "Latitude"}, {"Spherical Centroid X-Coordinate", "Spherical Centroid Y-Coordinate"}},
+    {kPolygon, Geographic, 3, "Perimeter Length", kSlow, kNull, kBy<&PolygonRecord::SpheroidalPerimeter>,
+     {"Sph_Len"}, {"Spheroidal Perimeter Length"}},
+    {kPolygon, Geographic, 4, "Number of Parts", kQuick, kNull, kBy<&PolygonRecord::PartCount>,
+     {"Parts"}, {"Count of Sub-Polygons"}},
+    {kPolygon, Geographic, 5, "Number of Vertices", kQuick, kNull, kBy<&PolygonRecord::VertexCount>,
+     {"Vertices"}, {"Number of Vertices"}},
+});
+// clang-format on
+
+constexpr bool SameLayer(const MeasureRow& left, const MeasureRow& right) {
+  return left.shape == right.shape && left.kind == right.kind;
+}
+
+// The options of a layer stand together and count from 1, and a measure has as many fields as values.
+constexpr bool IsInOrder(std::span<const MeasureRow> rows) {
+  for (std::size_t index = 0; index < rows.size(); ++index) {
+    const MeasureRow& row = rows[index];
+    const bool continues = index > 0 && SameLayer(rows[index - 1], row);
+    if (row.option_id != (continues ? rows[index - 1].option_id + 1 : 1) || row.option_id > kOptionCount) return false;
+    if ((row.measure.kind == MeasuredKind::RealPair) != (row.FieldCount() == 2)) return false;
+    if (row.report_labels[1].empty() != row.default_fields[1].empty()) return false;
+    if (row.FieldCount() == 2 && row.option_id > kLastPairedOption) return false;
+  }
+  return true;
+}
+static_assert(IsInOrder(kMeasures));
+
+struct ShapeNouns {
+  esriGeometryType shape;
+  std::string_view one;
+  std::string_view many;
+};
+
+constexpr auto kNouns = std::to_array<ShapeNouns>({
+    {kPoint, "Point", "Points"},
+    {kMultipoint, "Multipoint", "Multipoints"},
+    {kPolyline, "Polyline", "Polylines"},
+    {kPolygon, "Polygon", "Polygons"},
+});
+
+}  // namespace
+
+SpatialKind SpatialKindOf(const SpatialReferenceRef& reference) {
+  if (Is<const GeographicCoordinateSystem>(reference)) return Geographic;
+  return Is<const ProjectedCoordinateSystem>(reference) ? Projected : Unknown;
+}
+
+std::span<const MeasureRow> AllMeasures() { return kMeasures; }
+
+std::span<const MeasureRow> MeasuresOf(esriGeometryType shape, SpatialKind kind) {
+  const auto fits = [&](const MeasureRow& row) { return row.shape == shape && row.kind == kind; };
+  const auto first = std::ranges::find_if(kMeasures, fits);
+  return {first, std::find_if_not(first, kMeasures.end(), fits)};
+}
+
+const MeasureRow* FindMeasure(esriGeometryType shape, SpatialKind kind, std::int32_t option_id) {
+  const auto rows = MeasuresOf(shape, kind);
+  if (option_id < 1 || option_id > static_cast<std::int32_t>(rows.size())) return nullptr;
+  return &rows[static_cast<std::size_t>(option_id - 1)];
+}
+
+ComboUseFlags ComboUseFlagsOf(esriGeometryType shape, SpatialKind kind) {
+  ComboUseFlags flags{};
+  for (const MeasureRow& row : MeasuresOf(shape, kind)) {
+    for (std::int32_t position = 0; position < static_cast<std::int32_t>(row.FieldCount()); ++position) {
+      flags[static_cast<std::size_t>(ComboIndex(row.option_id, position))] = true;
+    }
+  }
+  return flags;
+}
+
+std::int32_t ComboIndex(std::int32_t option_id, std::int32_t position) {
+  if (option_id < 1 || option_id > kOptionCount || position < 0 || position > 1) return -1;
+  if (option_id <= kLastPairedOption) return 2 * (option_id - 1) + position;
+  return position == 0 ? option_id + kLastPairedOption - 1 : -1;
+}
+
+std::string_view ShapeNoun(esriGeometryType shape, std::int64_t record_count) {
+  for (const ShapeNouns& nouns : kNouns) {
+    if (nouns.shape == shape) return record_count == 1 ? nouns.one : nouns.many;
+  }
+  return {};
+}
+
+}  // namespace tessarine

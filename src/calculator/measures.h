@@ -1,0 +1,87 @@
+// How a run asks for the values of a feature.
+//
+//   MeasureSettings settings = MeasureSettingsOf(shape_type, reference, options);  // once, before the record loop
+//   ...
+//   const auto record = BeginRecord(feature->ShapeCopy(), settings);               // once for each feature with a
+//   shape const MeasuredValues values = Measure(*row, *record);                          // once for each chosen option
+//   buffer.SetValue(first_index, values.First);
+//   if (row->FieldCount() == 2) buffer.SetValue(second_index, values.Second);
+//
+// A record owns what its measures share: the copy in geographic coordinates, the spheroidal midpoint with its length,
+// the two azimuths of one line, the spherical area with its centroid. Each is computed when the first measure asks.
+//
+// Planar measures are in the units of the data, spheroidal ones in the unit of the axes, metres; azimuths and angles
+// are degrees. Nothing is converted, rounded or scaled. What can't be measured raises a fault, but for the routines of
+// the geodesy core, which report their own and answer 0.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+
+#include "calculator/measure_catalogue.h"
+#include "platform/geometry.h"
+#include "platform/variant.h"
+
+namespace tessarine {
+
+class GeometryOptions;
+
+/// What a measure hands to the row: a double or a 32-bit integer for the first field, and a double for the second
+/// where the measure has one; otherwise the second stays empty.
+struct MeasuredValues {
+  MeasuredValues() = default;
+  MeasuredValues(double value) : First(value) {}                          // NOLINT(google-explicit-constructor)
+  MeasuredValues(std::int32_t count) : First(count) {}                    // NOLINT
+  MeasuredValues(XY position) : First(position.x), Second(position.y) {}  // NOLINT
+
+  Variant First;
+  Variant Second;
+};
+
+/// What all records of a run have in common. The record loop owns it: axes of 0 are replaced, once, by those of the
+/// data's own spheroid when planetocentric shapes are converted.
+struct MeasureSettings {
+  esriGeometryType Shape = esriGeometryNull;
+  SpatialKind Kind = SpatialKind::Unknown;
+  SpatialReferenceRef Reference;  ///< of the layer's data
+  double SemiMajor = 0.0, SemiMinor = 0.0;
+  bool Geocentric = false;
+};
+
+[[nodiscard]] MeasureSettings MeasureSettingsOf(esriGeometryType shape, const SpatialReferenceRef& reference,
+                                                const GeometryOptions& options);
+
+/// How often a record did the work that its measures share.
+struct SharedWork {
+  std::int32_t Projections = 0;          ///< copies of the shape in geographic coordinates
+  std::int32_t LatitudeConversions = 0;  ///< conversions of the whole shape to planetographic latitudes
+  std::int32_t MidpointPasses = 0;       ///< walks over all segments for length and midpoint
+  std::int32_t AzimuthSolutions = 0;     ///< solutions of the inverse problem
+  std::int32_t AreaPasses = 0;           ///< walks over all triangles for area and centroid
+};
+
+/// One feature in the run: its shape, and what was already computed of it.
+class MeasureRecord {
+ public:
+  virtual ~MeasureRecord() = default;
+  MeasureRecord(const MeasureRecord&) = delete;
+  MeasureRecord& operator=(const MeasureRecord&) = delete;
+
+  [[nodiscard]] const SharedWork& Work() const { return work_; }
+  [[nodiscard]] const MeasureSettings& Settings() const { return settings_; }
+
+ protected:
+  explicit MeasureRecord(MeasureSettings& settings) : settings_(settings) {}
+
+  MeasureSettings& settings_;  // outlives the record
+  SharedWork work_;
+};
+
+/// The record of a shape that isn't empty. The shape must be a private copy: some measures change it. Fault 13 when it
+/// isn't of the layer's shape type. `settings` must outlive the record.
+[[nodiscard]] std::unique_ptr<MeasureRecord> BeginRecord(const GeometryRef& shape_copy, MeasureSettings& settings);
+
+/// The values of one measure. Fault 5 when the row belongs to another shape type or kind than the record.
+[[nodiscard]] MeasuredValues Measure(const MeasureRow& row, MeasureRecord& record);
+
+}  // namespace tessarine

@@ -1,0 +1,160 @@
+#include "calculator/modCalcGeometry.h"
+
+#include "calculator/calculation_report.h"
+#include "calculator/result_fields.h"
+#include "platform/host.h"
+#include "platform/trap.h"
+#include "support/MyGeneralOperations.h"
+#include "support/dataset_names.h"
+#include "support/elapsed_time.h"
+
+namespace tessarine::modCalcGeometry {
+namespace {
+
+constexpr const char* kEditorId = "esriEditor.Editor";
+constexpr std::int32_t kReportFontSize = 8;
+// The meter opens above the first count, and from the second on where a measure is slow.
+constexpr std::int32_t kLongRun = 1000;
+constexpr std::int32_t kLongSlowRun = 11;
+
+struct LoopRow {
+  esriGeometryType shape;
+  decltype(&CalcGeometryPoint) loop;
+};
+constexpr LoopRow kLoops[] = {
+    {esriGeometryPoint, CalcGeometryPoint},
+    {esriGeometryMultipoint, CalcGeometryMultipoint},
+    {esriGeometryPolyline, CalcGeometryPolyline},
+    {esriGeometryPolygon, CalcGeometryPolygon},
+};
+
+std::shared_ptr<IFeatureClass> FeaturesOf(const GeometryOptions& options) {
+  return Require(Require(options.Layer(), "layer")->FeatureClass(), "FeatureClass");
+}
+
+bool IsEditing(const IApplication& application) {
+  const auto editor = Cast<IEditor>(application.FindExtensionByCLSID(UID(kEditorId)));
+  return editor && editor->EditState() == esriStateEditing;
+}
+
+// Why the layer can't be changed; empty when it can.
+std::string Objection(const GeometryOptions& options, const IApplication& application) {
+  const std::shared_ptr<IFeatureClass> features = FeaturesOf(options);
+  if (MyGeneralOperations::CheckDatafileFormat(*features)) return CompressedGeodatabaseReport(options.Layer()->Name());
+  if (IsEditing(application)) return EditSessionReport();
+  if (!CanEditWOEditSession(features)) return NotEditableReport();
+  return "";
+}
+
+std::int32_t CountToDo(const GeometryOptions& options) {
+  if (options.AllRecords()) return FeaturesOf(options)->FeatureCount(nullptr);
+  const auto selection = Cast<IFeatureSelection>(options.Layer());
+  return Require(Require(selection, "IFeatureSelection")->SelectionSet(), "SelectionSet")->Count();
+}
+
+CalculationFacts GatherFacts(const GeometryOptions& options) {
+  const std::shared_ptr<IFeatureClass> features = FeaturesOf(options);
+  const esriGeometryType shape = features->ShapeType();
+  CalculationFacts facts;
+  facts.layer_name = options.Layer()->Name();
+  facts.reference_name = features->SpatialReference()->Name();
+  facts.all_records = options.AllRecords();
+  facts.record_count = CountToDo(options);
+  facts.total_count = features->FeatureCount(nullptr);
+  facts.noun = ShapeNoun(shape, facts.total_count);
+  facts.field_report = FieldReport(options.Options(), shape, SpatialKindOf(features->SpatialReference()));
+  facts.spheroid_name = options.SpheroidName();
+  facts.semi_major = options.SemiMajor();
+  facts.semi_minor = options.SemiMinor();
+  facts.geocentric = options.Geocentric();
+  return facts;
+}
+
+std::string RunShape(const std::shared_ptr<VarArray>& options, const std::shared_ptr<IApplication>& application,
+                     const FieldIndexes& indexes, std::int32_t& record_count, bool show_progress) {
+  const esriGeometryType shape = FeaturesOf(GeometryOptions(options))->ShapeType();
+  for (const LoopRow& row : kLoops) {
+    if (row.shape == shape) return row.loop(options, application, indexes, record_count, show_progress, false);
+  }
+  return "";
+}
+
+void RefreshTableWindow(const std::shared_ptr<IApplication>& application, const std::shared_ptr<ILayer>& layer) {
+  const auto windows = Cast<ITableWindows>(application);
+  const auto window = windows ? windows->FindViaLayer(layer) : nullptr;
+  if (window) window->Refresh();
+}
+
+std::string Refused(const std::string& report) {
+  Host().Journal().Failed = true;
+  return report;
+}
+
+std::string Calculate(const std::shared_ptr<VarArray>& carrier, const std::shared_ptr<IApplication>& application) {
+  const GeometryOptions options(carrier);
+  const std::shared_ptr<IFeatureClass> features = FeaturesOf(options);
+  if (const std::string objection = Objection(options, *application); !objection.empty()) return Refused(objection);
+
+  std::vector<OptionEntry> entries = options.Options();
+  const std::vector<std::string> names = FieldNamesInUse(entries, options.UseFlags());
+  const std::string& layer_name = options.Layer()->Name();
+  if (const auto failed = MakeMissingFields(*features, names)) {
+    const std::string report = FieldNotAddedReport(*failed, layer_name);
+    Host().MessageBox().Show(report + "  Bailing out...", "");
+    return Refused(report);
+  }
+  const FieldIndexes indexes = CheckFields(*features, names, entries);
+
+  CalculationFacts facts = GatherFacts(options);
+  const bool slow = HasSlowMeasure(entries, features->ShapeType(), SpatialKindOf(features->SpatialReference()));
+  const bool show_progress = facts.record_count > kLongRun || (slow && facts.record_count >= kLongSlowRun);
+  RunJournal& journal = Host().Journal();
+  journal.OutputPath = features->FullName();
+  journal.Reference = features->SpatialReference();
+  journal.Begin = Host().Clock().Now();
+  facts.problem_report = RunShape(carrier, application, indexes, facts.record_count, show_progress);
+  RefreshTableWindow(application, options.Layer());
+  journal.End = Host().Clock().Now();
+  facts.time_spent = MyGeneralOperations::ReturnTimeElapsedRTF(journal.Begin, journal.End, kReportFontSize);
+  return CalculationReport(facts);
+}
+
+}  // namespace
+
+std::string CalcGeometry(const std::shared_ptr<VarArray>& options, const std::shared_ptr<IApplication>& application,
+                         bool, bool) {
+  return TrapWith(
+      "CalcGeometry", [&] { return Calculate(options, Require(application, "IApplication")); },
+      [](const Fault&) {
+        Host().Journal().Failed = true;
+        return std::string();
+      });
+}
+
+std::string PlanGeometry(const std::shared_ptr<VarArray>& carrier, const std::shared_ptr<IApplication>& application) {
+  return Trap("PlanGeometry", [&]() -> std::string {
+    const GeometryOptions options(carrier);
+    if (const std::string objection = Objection(options, *application); !objection.empty()) return Refused(objection);
+    std::string missing, present;
+    for (const std::string& name : FieldNamesInUse(options.Options(), options.UseFlags())) {
+      std::string& list = FeaturesOf(options)->FindField(name) < 0 ? missing : present;
+      list += (list.empty() ? "" : ", ") + name;
+    }
+    return PlannedCalculation(GatherFacts(options), missing, present);
+  });
+}
+
+bool CanEditWOEditSession(const std::shared_ptr<IFeatureClass>& features) {
+  return Trap("CanEditWOEditSession", [&] {
+    const auto info = Cast<IObjectClassInfo2>(features);
+    if (!Require(info, "IObjectClassInfo2")->CanBypassEditSession()) return false;
+    const auto versioned = Cast<IVersionedObject>(features);
+    return !versioned || !versioned->IsRegisteredAsVersioned();
+  });
+}
+
+std::shared_ptr<clsExtension> GetExtension(const std::shared_ptr<IApplication>& application) {
+  return Trap("GetExtension", [&] { return FindExtension(application); });
+}
+
+}  // namespace tessarine::modCalcGeometry

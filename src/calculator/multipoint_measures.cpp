@@ -1,0 +1,43 @@
+#include "calculator/multipoint_measures.h"
+
+#include "calculator/measure_coordinates.h"
+#include "geodesy/MyGeometricOperations.h"
+
+namespace tessarine {
+
+namespace geodesy = MyGeometricOperations;
+using namespace measure_coordinates;
+
+namespace {
+
+constexpr double kOnSpheroid = 0.0;
+constexpr const char* kNoCentroid = "The centroid of the multipoint can't be computed.";
+
+XY CentroidOnSpheroid(const std::shared_ptr<Multipoint>& points, const MeasureSettings& settings) {
+  return PositionOf(geodesy::MultipointCentroidSpheroid(points, settings.SemiMajor, settings.SemiMinor, kOnSpheroid),
+                    kNoCentroid);
+}
+
+}  // namespace
+
+MultipointRecord::MultipointRecord(std::shared_ptr<Multipoint> shape, MeasureSettings& settings)
+    : MeasureRecord(settings), shape_(std::move(shape)) {
+  if (settings.Kind == SpatialKind::Geographic) planetographic_ = PlanetographicShape(shape_, settings_, work_);
+}
+
+XY MultipointRecord::Centroid() const { return PositionOf(geodesy::MultipointCentroid(shape_), kNoCentroid); }
+
+XY MultipointRecord::ProjectedSpheroidalCentroid() {
+  const SpatialReferenceRef geographic = GeographicSystemOf(*shape_);
+  ++work_.Projections;
+  shape_->Project(geographic);
+  return InProjectionOfLayer(CentroidOnSpheroid(shape_, settings_), geographic, settings_);
+}
+
+XY MultipointRecord::SpheroidalCentroid() {
+  return InLatitudesOfData(CentroidOnSpheroid(planetographic_, settings_), settings_);
+}
+
+std::int32_t MultipointRecord::PointCount() const { return shape_->PointCount(); }
+
+}  // namespace tessarine

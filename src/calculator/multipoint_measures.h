@@ -1,0 +1,26 @@
+// Measures of multipoints.
+#pragma once
+
+#include "calculator/measures.h"
+
+namespace tessarine {
+
+class MultipointRecord final : public MeasureRecord {
+ public:
+  MultipointRecord(std::shared_ptr<Multipoint> shape, MeasureSettings& settings);
+
+  /// The plain means of x and y.
+  [[nodiscard]] XY Centroid() const;
+  /// The centre on the spheroid, in the projection of the layer. It leaves the shape in geographic coordinates, so the
+  /// plain centroid has to be asked for before.
+  [[nodiscard]] XY ProjectedSpheroidalCentroid();
+  /// The centre on the spheroid as longitude and latitude, in the latitudes of the data.
+  [[nodiscard]] XY SpheroidalCentroid();
+  [[nodiscard]] std::int32_t PointCount() const;
+
+ private:
+  std::shared_ptr<Multipoint> shape_;
+  std::shared_ptr<Multipoint> planetographic_;  // geographic layers only
+};
+
+}  // namespace tessarine

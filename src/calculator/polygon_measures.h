@@ -1,0 +1,46 @@
+// Measures of polygons. Area and centroid on the sphere come from one walk over the polygon, which is the slowest step
+// of the calculator.
+#pragma once
+
+#include "calculator/measures.h"
+
+namespace tessarine {
+
+class PolygonRecord final : public MeasureRecord {
+ public:
+  PolygonRecord(std::shared_ptr<Polygon> shape, MeasureSettings& settings);
+
+  // On the plane of the data's coordinates.
+  [[nodiscard]] double Area() const;
+  [[nodiscard]] XY Centroid() const;
+  [[nodiscard]] double Perimeter() const;
+  /// Exterior rings: holes are no parts.
+  [[nodiscard]] std::int32_t PartCount() const;
+  /// Of all rings.
+  [[nodiscard]] std::int32_t VertexCount() const;
+
+  /// On the sphere with the spheroid's volume, in the square of the axes' unit; negative for rings that run the wrong
+  /// way.
+  [[nodiscard]] double SphericalArea();
+  /// Of all rings, holes included.
+  [[nodiscard]] double SpheroidalPerimeter();
+
+  // The centre of mass of the surface; -9999 both for a polygon whose spherical area isn't above 0.
+  /// In the projection of the layer.
+  [[nodiscard]] XY ProjectedSphericalCentroid();
+  /// In a geographic layer, in the latitudes of the data.
+  [[nodiscard]] XY SphericalCentroid();
+
+ private:
+  const std::shared_ptr<Polygon>& GeographicPolygon();
+  void MeasureArea();
+  void FindCentroid();
+  [[nodiscard]] bool HasCentroid() const;
+
+  std::shared_ptr<Polygon> shape_;
+  std::shared_ptr<Polygon> geographic_;
+  double spherical_area_ = kNullMark;
+  XY centroid_{kNullMark, kNullMark};  // in planetographic latitudes
+};
+
+}  // namespace tessarine

@@ -1,0 +1,93 @@
+#include "calculator/polyline_measures.h"
+
+#include "calculator/measure_coordinates.h"
+#include "geodesy/MyGeometricOperations.h"
+
+namespace tessarine {
+
+namespace geodesy = MyGeometricOperations;
+using namespace measure_coordinates;
+
+namespace {
+
+constexpr double kMiddle = 0.5;
+constexpr const char* kNoMidpoint = "The midpoint of the polyline can't be computed.";
+
+}  // namespace
+
+PolylineRecord::PolylineRecord(std::shared_ptr<Polyline> shape, MeasureSettings& settings)
+    : MeasureRecord(settings), shape_(std::move(shape)) {
+  if (settings.Kind == SpatialKind::Geographic) geographic_ = PlanetographicShape(shape_, settings_, work_);
+}
+
+double PolylineRecord::Length() const { return shape_->Length(); }
+
+XY PolylineRecord::StartPoint() const { return shape_->FromPoint(); }
+
+XY PolylineRecord::Midpoint() const { return shape_->QueryPoint(esriNoExtension, kMiddle, true); }
+
+XY PolylineRecord::EndPoint() const { return shape_->ToPoint(); }
+
+double PolylineRecord::Azimuth() const { return geodesy::CalcBearing2(shape_->FromPoint(), shape_->ToPoint()); }
+
+std::int32_t PolylineRecord::PartCount() const { return shape_->GeometryCount(); }
+
+std::int32_t PolylineRecord::VertexCount() const { return shape_->PointCount(); }
+
+double PolylineRecord::SpheroidalLength() {
+  FindMidpoint();
+  return spheroidal_length_;
+}
+
+double PolylineRecord::StartAzimuth() {
+  SolveAzimuths();
+  return start_azimuth_;
+}
+
+double PolylineRecord::EndAzimuth() {
+  SolveAzimuths();
+  return end_azimuth_;
+}
+
+XY PolylineRecord::ProjectedSpheroidalMidpoint() {
+  FindMidpoint();
+  return InProjectionOfLayer(PositionOf(midpoint_, kNoMidpoint), GeographicSystemOf(*shape_), settings_);
+}
+
+XY PolylineRecord::SpheroidalMidpoint() {
+  FindMidpoint();
+  return InLatitudesOfData(PositionOf(midpoint_, kNoMidpoint), settings_);
+}
+
+XY PolylineRecord::StartLongitudeLatitude() { return InLatitudesOfData(shape_->FromPoint(), settings_); }
+
+XY PolylineRecord::EndLongitudeLatitude() { return InLatitudesOfData(shape_->ToPoint(), settings_); }
+
+const std::shared_ptr<Polyline>& PolylineRecord::GeographicLine() {
+  if (!geographic_) geographic_ = GeographicCopy(*shape_, work_);
+  return geographic_;
+}
+
+void PolylineRecord::FindMidpoint() {
+  if (midpoint_) return;
+  double position = kMiddle;
+  ++work_.MidpointPasses;
+  midpoint_ = geodesy::SpheroidalPolylineMidpoint2(GeographicLine(), position, true, spheroidal_length_,
+                                                   settings_.SemiMajor, settings_.SemiMinor);
+}
+
+// A line without azimuths keeps its marks, so the next measure that asks comes here again, to the same result.
+void PolylineRecord::SolveAzimuths() {
+  if (start_azimuth_ >= 0.0 && end_azimuth_ >= 0.0) return;
+  const Polyline& line = *GeographicLine();
+  // A line of coincident points is empty once its projected copy was simplified.
+  if (line.IsEmpty() || line.FromPoint() == line.ToPoint()) {
+    start_azimuth_ = end_azimuth_ = kNullMark;
+    return;
+  }
+  ++work_.AzimuthSolutions;
+  geodesy::DistanceVincentyPoints2(line.FromPoint(), line.ToPoint(), start_azimuth_, end_azimuth_, settings_.SemiMajor,
+                                   settings_.SemiMinor);
+}
+
+}  // namespace tessarine

@@ -1,0 +1,49 @@
+// Measures of polylines. Azimuths run from the first point of the first part to the last point of the last one,
+// whatever lies between; a line whose ends coincide has the azimuth -9999.
+#pragma once
+
+#include "calculator/measures.h"
+
+namespace tessarine {
+
+class PolylineRecord final : public MeasureRecord {
+ public:
+  PolylineRecord(std::shared_ptr<Polyline> shape, MeasureSettings& settings);
+
+  // On the plane of the data's coordinates.
+  [[nodiscard]] double Length() const;
+  [[nodiscard]] XY StartPoint() const;
+  [[nodiscard]] XY Midpoint() const;
+  [[nodiscard]] XY EndPoint() const;
+  [[nodiscard]] double Azimuth() const;
+  [[nodiscard]] std::int32_t PartCount() const;
+  [[nodiscard]] std::int32_t VertexCount() const;
+
+  // On the spheroid, in projected and geographic layers.
+  [[nodiscard]] double SpheroidalLength();
+  [[nodiscard]] double StartAzimuth();
+  [[nodiscard]] double EndAzimuth();
+
+  /// The middle of the spheroidal length, in the projection of the layer.
+  [[nodiscard]] XY ProjectedSpheroidalMidpoint();
+
+  /// The same in a geographic layer, in the latitudes of the data.
+  [[nodiscard]] XY SpheroidalMidpoint();
+  // The ends in a geographic layer. With planetocentric data they go through the conversion to planetocentric latitudes
+  // although they are stored so already, and differ from the stored vertex.
+  [[nodiscard]] XY StartLongitudeLatitude();
+  [[nodiscard]] XY EndLongitudeLatitude();
+
+ private:
+  const std::shared_ptr<Polyline>& GeographicLine();
+  void FindMidpoint();
+  void SolveAzimuths();
+
+  std::shared_ptr<Polyline> shape_;
+  std::shared_ptr<Polyline> geographic_;
+  std::shared_ptr<Point> midpoint_;  // in planetographic latitudes
+  double spheroidal_length_ = kNullMark;
+  double start_azimuth_ = kNullMark, end_azimuth_ = kNullMark;
+};
+
+}  // namespace tessarine

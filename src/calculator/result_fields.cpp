@@ -1,0 +1,83 @@
+#include "calculator/result_fields.h"
+
+#include "platform/host.h"
+#include "support/attempt.h"
+
+namespace tessarine {
+namespace {
+
+constexpr std::int32_t kPrecision = 16;
+constexpr std::int32_t kScale = 12;
+constexpr std::size_t kCandidateLength = 10;
+
+// The last characters of a UTF-8 text.
+std::string LastCharacters(const std::string& text, std::size_t count) {
+  std::size_t at = text.size();
+  while (at > 0 && count > 0) {
+    --at;
+    if ((static_cast<unsigned char>(text[at]) & 0xC0U) != 0x80U) --count;
+  }
+  return text.substr(at);
+}
+
+// The next free name; the counter runs on from field to field.
+std::string FreeName(const IFeatureClass& features, const std::string& name, std::int32_t& counter) {
+  std::string candidate = name;
+  while (features.FindField(candidate) != -1) {
+    candidate = LastCharacters(name + std::to_string(++counter), kCandidateLength);
+  }
+  return candidate;
+}
+
+void ReplaceName(std::vector<OptionEntry>& entries, const std::string& name, const std::string& substitute) {
+  for (OptionEntry& entry : entries) {
+    if (entry.FirstField() == name) entry.SetFirstField(substitute);
+    if (entry.SecondField() == name) entry.SetSecondField(substitute);
+  }
+}
+
+}  // namespace
+
+FieldRef NewResultField(const std::string& name) {
+  auto field = std::make_shared<Field>();
+  field->Name = name;
+  field->Type = esriFieldTypeDouble;
+  field->Precision = kPrecision;
+  field->Scale = kScale;
+  return field;
+}
+
+std::unique_ptr<std::string> MakeMissingFields(IFeatureClass& features, const std::vector<std::string>& names) {
+  for (const std::string& name : names) {
+    if (features.FindField(name) >= 0) continue;
+    MyGeneralOperations::Attempt([&] { features.AddField(NewResultField(name)); });
+    if (features.FindField(name) < 0) return std::make_unique<std::string>(name);
+  }
+  return nullptr;
+}
+
+FieldIndexes CheckFields(IFeatureClass& features, const std::vector<std::string>& names,
+                         std::vector<OptionEntry>& entries) {
+  struct Substitution {
+    std::string name, substitute;
+  };
+  FieldIndexes indexes;
+  std::vector<Substitution> substitutions;
+  std::int32_t counter = 1;
+  for (const std::string& name : names) {
+    std::string current = name;
+    if (!features.Fields()->Field(features.FindField(name))->Editable) {
+      current = FreeName(features, name, counter);
+      features.AddField(NewResultField(current));
+      Host().MessageBox().Show(
+          "The field named '" + name + "' was not editable!  Substituting the name '" + current + "'...",
+          "Problem with Field Name '" + name + "':");
+      substitutions.push_back({name, current});
+    }
+    indexes.Add(current, features.FindField(name));
+  }
+  for (const Substitution& pair : substitutions) ReplaceName(entries, pair.name, pair.substitute);
+  return indexes;
+}
+
+}  // namespace tessarine

@@ -1,0 +1,27 @@
+// The fields that a run writes to: the missing ones are made, those that can't be written are replaced.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "calculator/geometry_options.h"
+#include "calculator/result_writing.h"
+#include "platform/data.h"
+
+namespace tessarine {
+
+/// A new field of the calculator: a double of 16 digits, 12 behind the point, also for counts.
+[[nodiscard]] FieldRef NewResultField(const std::string& name);
+
+/// Makes the fields that the class doesn't have. The name of the first that can't be made, nothing when all are there;
+/// those made before it stay.
+[[nodiscard]] std::unique_ptr<std::string> MakeMissingFields(IFeatureClass& features,
+                                                             const std::vector<std::string>& names);
+
+/// The places of the fields. A field that isn't editable gets a new one beside it, of which the user is told, and the
+/// entries take its name; the place stays the one of the field that can't be written.
+[[nodiscard]] FieldIndexes CheckFields(IFeatureClass& features, const std::vector<std::string>& names,
+                                       std::vector<OptionEntry>& entries);
+
+}  // namespace tessarine

@@ -1,0 +1,48 @@
+// How the values of a measure reach the table, and what a feature without geometry gets in their place.
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "calculator/geometry_options.h"
+#include "calculator/measure_catalogue.h"
+#include "calculator/measures.h"
+#include "platform/data.h"
+
+namespace tessarine {
+
+/// Where the fields of a run lie in the table, by name; case doesn't count.
+class FieldIndexes {
+ public:
+  [[nodiscard]] bool Contains(std::string_view name) const;
+  /// A name that is there already keeps its index.
+  void Add(std::string_view name, std::int32_t index);
+  /// Fault 5 for a name that isn't there.
+  [[nodiscard]] std::int32_t Item(std::string_view name) const;
+
+ private:
+  std::vector<std::pair<std::string, std::int32_t>> items_;
+};
+
+/// A chosen measure with the places of its fields.
+struct ChosenMeasure {
+  const MeasureRow* row = nullptr;
+  std::int32_t first = -1, second = -1;  ///< -1 where the measure has no such field
+};
+
+/// The chosen measures in the order of the options; ids that the layer's catalogue doesn't have are passed over.
+[[nodiscard]] std::vector<ChosenMeasure> ResolveMeasures(std::span<const OptionEntry> entries, esriGeometryType shape,
+                                                         SpatialKind kind, const FieldIndexes& indexes);
+
+/// Writes the values as they are: a double, or a 32-bit integer for counts. Nothing is stored yet.
+void WriteValues(const ChosenMeasure& measure, const MeasuredValues& values, IRowBuffer& row);
+
+/// Writes the null mark into the fields of the entries, but for those that keep what they hold. Stores nothing. A value
+/// that is refused is reported and ends the call.
+void WriteNullValues(std::span<const OptionEntry> entries, esriGeometryType shape, SpatialKind kind, IRowBuffer& row,
+                     const FieldIndexes& indexes);
+
+}  // namespace tessarine

@@ -1,0 +1,37 @@
+// Names of graphic elements: compared without regard to case, counted, matched against patterns.
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tessarine {
+
+/// The text with its letters made small: Latin, Greek and Cyrillic ones. Text that differs only in case folds to the
+/// same.
+[[nodiscard]] std::string FoldedCase(std::string_view text);
+
+/// True when the whole name matches the pattern, whatever the case. "*" stands for any run of characters, "&" and "?"
+/// for one character; everything else stands for itself.
+[[nodiscard]] bool MatchesPattern(std::string_view name, std::string_view pattern);
+
+/// Distinct names and how often each was met. Names that differ only in case are one, in the spelling met first.
+class NameCounts {
+ public:
+  void Add(const std::string& name);
+  [[nodiscard]] bool IsEmpty() const { return counts_.empty(); }
+  /// Binary ascending.
+  [[nodiscard]] std::vector<std::string> SortedNames() const;
+  [[nodiscard]] std::int32_t CountOf(const std::string& name) const;
+
+ private:
+  struct Entry {
+    std::string name;
+    std::int32_t count = 0;
+  };
+  std::map<std::string, Entry> counts_;
+};
+
+}  // namespace tessarine

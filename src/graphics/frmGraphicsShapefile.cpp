@@ -1,0 +1,203 @@
+#include "graphics/frmGraphicsShapefile.h"
+
+#include "platform/host.h"
+#include "platform/text_formats.h"
+#include "platform/trap.h"
+#include "support/aml_func_mod.h"
+#include "support/manual.h"
+
+namespace tessarine {
+namespace {
+
+using namespace MyGeneralOperations;
+
+constexpr const char* kBaseName = "NewShape";
+constexpr std::int32_t kModeColor = 0xC2C2C2;
+constexpr const char* kLayoutLine = "Conversion Unavailable in Layout View...";
+constexpr const char* kNoGraphicsLine = "No graphics available...";
+
+bool IsKnown(const SpatialReferenceRef& reference) {
+  return reference && !Is<const UnknownCoordinateSystem>(reference);
+}
+
+}  // namespace
+
+void frmGraphicsShapefile::SetArcApplication(const std::shared_ptr<IApplication>& application) {
+  Trap("ArcApplication", [&] {
+    application_ = application;
+    document_ = Cast<IMxDocument>(application_->Document());
+    if (!extension_) extension_ = FindExtension(application_);
+    Require(extension_, "clsExtension")->ShouldContinue = false;
+    CheckEnable();
+  });
+}
+
+void frmGraphicsShapefile::Form_Load() {
+  Trap("Form_Load", [this] {
+    SetTopmost(true);
+    const IFormHost& screen = Host().Forms();
+    MoveTo(2 * screen.ScreenWidth() / 3 - 2 * Width() / 3, 2 * screen.ScreenHeight() / 3 - Height() / 3);
+    SetAnchors();
+    optNew.SetValue(true);
+    optPolygon.SetValue(true);
+    lbxGraphics.Clear();
+    if (Is<IPageLayout>(document_->ActiveView())) {
+      OfferNoConversion(kLayoutLine);
+    } else {
+      FillGraphicsArrays();
+      if (harvest_->All.Count() > 0) {
+        OfferConversions();
+      } else {
+        OfferNoConversion(kNoGraphicsLine);
+      }
+    }
+    const SpatialReferenceRef map_reference = document_->FocusMap()->SpatialReference();
+    reference_ = IsKnown(map_reference) ? map_reference : nullptr;
+    ShowReference();
+    ShowOutput(ProposeOutput(*extension_, application_, kBaseName));
+    optNew.SetBackColor(kModeColor);
+    optConvert.SetBackColor(kModeColor);
+    CheckEnable();
+  });
+}
+
+void frmGraphicsShapefile::FillGraphicsArrays() {
+  Trap("FillGraphicsArrays", [this] { harvest_ = HarvestGraphics(*document_); });
+}
+
+void frmGraphicsShapefile::OfferConversions() {
+  chkSelected.SetEnabled(true);
+  optConvert.SetEnabled(true);
+  const bool any_selected = harvest_->Selected.Count() > 0;
+  chkSelected.SetValue(any_selected ? CheckBox::kChecked : CheckBox::kUnchecked);
+  (any_selected ? optConvert : optNew).SetValue(true);
+  FillGraphicsListBox();
+}
+
+void frmGraphicsShapefile::OfferNoConversion(const char* line) {
+  harvest_.reset();
+  chkSelected.SetValue(CheckBox::kUnchecked);
+  chkSelected.SetEnabled(false);
+  optNew.SetValue(true);
+  optConvert.SetEnabled(false);
+  lbxGraphics.SetEnabled(false);
+  lbxGraphics.Clear();
+  lbxGraphics.AddItem(line);
+}
+
+void frmGraphicsShapefile::FillGraphicsListBox() {
+  Trap("FillGraphicsListBox", [this] {
+    // Without graphics the list says why there are none.
+    if (!harvest_) return;
+    lbxGraphics.Clear();
+    const std::shared_ptr<StrArray> lines = ChosenSet().ConversionLines();
+    for (const std::string& line : *lines) lbxGraphics.AddItem(line);
+  });
+}
+
+void frmGraphicsShapefile::CheckEnable() {
+  Trap("CheckEnable", [this] {
+    const bool any_shape = optPoint.Value() || optPolyline.Value() || optPolygon.Value();
+    const bool ready =
+        (optNew.Value() && any_shape) || (optConvert.Value() && harvest_ && lbxGraphics.ListIndex() >= 0);
+    Control* const shapes[] = {&frmNew, &optPoint, &optPolyline, &optPolygon};
+    for (Control* control : shapes) control->SetEnabled(optNew.Value());
+    lbxGraphics.SetEnabled(optConvert.Value());
+    chkSelected.SetEnabled(optConvert.Value());
+    cmdOK.SetEnabled(ready && IsKnown(reference_));
+  });
+}
+
+void frmGraphicsShapefile::ShowReference() {
+  lblSpRef.SetCaption("Spatial Reference = " +
+                      (reference_ ? Replace(reference_->Name(), "&", "&&") : "<-- No Spatial Reference Set -->"));
+}
+
+void frmGraphicsShapefile::ShowOutput(const OutputChoice& choice) {
+  // The text's own change event reads the path as typed; what is known of the place comes after it.
+  txtOutput.SetText(choice.FullPath());
+  output_ = choice;
+}
+
+OutputChoice frmGraphicsShapefile::TypedPlace() const {
+  OutputChoice place = output_;
+  place.Directory = WithoutTrailingSlash(aml_func_mod::ReturnDir(txtOutput.Text()));
+  place.Name = aml_func_mod::ReturnFilename(txtOutput.Text());
+  // A feature dataset is a part of the path that no workspace knows.
+  if (place.IsFeatureDataset &&
+      EqualsIgnoringCase(aml_func_mod::ReturnFilename(place.Directory), place.FeatureDatasetName)) {
+    place.Directory = WithoutTrailingSlash(aml_func_mod::ReturnDir(place.Directory));
+  }
+  return place;
+}
+
+esriGeometryType frmGraphicsShapefile::ChosenGeometry() const {
+  if (optPoint.Value()) return esriGeometryPoint;
+  return optPolyline.Value() ? esriGeometryPolyline : esriGeometryPolygon;
+}
+
+void frmGraphicsShapefile::chkSelected_Click() {
+  Trap("chkSelected_Click", [this] {
+    FillGraphicsListBox();
+    CheckEnable();
+  });
+}
+
+void frmGraphicsShapefile::Mode_Click() {
+  Trap(optConvert.Value() ? "optConvert_Click" : "optNew_Click", [this] {
+    FillGraphicsListBox();
+    CheckEnable();
+  });
+}
+
+void frmGraphicsShapefile::Shape_Click() { CheckEnable(); }
+
+void frmGraphicsShapefile::lbxGraphics_Click() { CheckEnable(); }
+
+void frmGraphicsShapefile::cmdSpRef_Click() {
+  Trap("cmdSpRef_Click", [this] {
+    const std::shared_ptr<ISpatialReferenceDialog2> dialog = Host().CreateSpatialReferenceDialog();
+    Require(dialog, "SpatialReferenceDialog")->SetInitial(reference_);
+    if (const SpatialReferenceRef chosen = dialog->DoModalCreate(0)) {
+      reference_ = chosen;
+      ShowReference();
+    }
+    CheckEnable();
+  });
+}
+
+void frmGraphicsShapefile::txtOutput_Change() {
+  Trap("txtOutput_Change", [this] { output_ = TypedPlace(); });
+}
+
+void frmGraphicsShapefile::cmdGetWorkspace_Click() {
+  Trap("cmdGetWorkspace_Click", [this] {
+    OutputChoice choice = output_;
+    if (!BrowseForOutput(txtOutput.Text(), choice, kAnyGeodatabasePlace)) return;
+    if (choice.Kind == kShapefile && !EndsWithIgnoringCase(choice.Name, ".shp")) choice.Name += ".shp";
+    ShowOutput(choice);
+  });
+}
+
+void frmGraphicsShapefile::cmdCancel_Click() {
+  Trap("cmdCancel_Click", [this] { Unload(); });
+}
+
+void frmGraphicsShapefile::cmdHelp_Click() {
+  Trap("cmdHelp_Click", [] { OpenManual(); });
+}
+
+void frmGraphicsShapefile::Form_Resize() {
+  Trap("Form_Resize", [this] { anchors_.DoAnchors(); });
+}
+
+void frmGraphicsShapefile::Form_Unload() {
+  application_ = nullptr;
+  document_ = nullptr;
+  extension_ = nullptr;
+  reference_ = nullptr;
+  output_reference_ = nullptr;
+  harvest_.reset();
+}
+
+}  // namespace tessarine

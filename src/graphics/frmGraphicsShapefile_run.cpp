@@ -1,0 +1,133 @@
+// What OK of frmGraphicsShapefile does: the class, its features, the new layer, the report.
+#include "graphics/frmGraphicsShapefile.h"
+#include "graphics/graphics_run.h"
+#include "platform/host.h"
+#include "platform/trap.h"
+#include "support/MyGeneralOperations.h"
+#include "support/attempt.h"
+#include "support/frmReport_modal.h"
+
+namespace tessarine {
+namespace {
+
+using namespace MyGeneralOperations;
+
+bool Exists(const OutputChoice& place) {
+  const std::shared_ptr<IWorkspaceFactory> factory = FactoryOfCategory(CategoryOfKind(place.Kind));
+  const auto workspace = Attempt([&] { return Require(factory, "factory")->OpenFromFile(place.Directory, 0); });
+  return workspace && CheckIfFeatureClassExists(workspace, place.Name);
+}
+
+}  // namespace
+
+void frmGraphicsShapefile::cmdOK_Click() {
+  Trap("cmdOK_Click", [this] {
+    RememberOutput(TypedPlace(), *extension_);
+    RunJournal& journal = Host().Journal();
+    journal = RunJournal();
+    journal.Begin = Host().Clock().Now();
+    Made made;
+    const Outcome outcome = optNew.Value() ? MakeEmptyClass(made) : ConvertGraphics(made);
+    if (outcome == Outcome::GoBack) return;
+    if (outcome == Outcome::Done) {
+      journal.End = Host().Clock().Now();
+      if (made.feature_class) AddLayer(made);
+      EnableSelectTool(application_);
+      Host().Beep();
+      Hide();
+      frmReport_modal report;
+      report.txtReport.SetTextRTF(ReportText(made.report));
+      report.ShowModal();
+    }
+    Unload();
+  });
+}
+
+frmGraphicsShapefile::Outcome frmGraphicsShapefile::MakeEmptyClass(Made& made) {
+  const EmptyClass& row = EmptyClassOf(ChosenGeometry());
+  made.report.title = "Empty Shapefile Created and Added to Map";
+  made.report.option_title = "Feature Class Option:";
+  made.report.option = row.text;
+  made.report.fields = EmptyFieldLines(row.measure);
+  return MakeClass(row.geometry_type, row.measure, false, made) ? Outcome::Done : Outcome::NothingMade;
+}
+
+frmGraphicsShapefile::Outcome frmGraphicsShapefile::ConvertGraphics(Made& made) {
+  const GraphicConversion& conversion = ConversionAt(lbxGraphics.ListIndex());
+  const bool selected = SelectedOnly();
+  const GraphicSet& set = ChosenSet();
+  const std::int32_t count = conversion.CountIn(set);
+  if (count == 0) return AskAboutMissing(conversion.MissingTitle(), conversion.MissingText(selected));
+
+  const bool names = conversion.AnyNameIn(set);
+  const SpatialReferenceRef map_reference = document_->FocusMap()->SpatialReference();
+  GraphicsReport& report = made.report;
+  report.title = "Graphics to Feature Classes Conversion Complete";
+  report.option_title = "Conversion Option:";
+  report.option = conversion.Text(selected);
+  report.records = count;
+  report.counts = CountLine((set.*conversion.first.list).Count(), conversion.first.count_words);
+  if (conversion.second.list != nullptr) {
+    report.counts += CountLine((set.*conversion.second.list).Count(), conversion.second.count_words);
+  }
+  Host().Journal().Read = count;
+  if (!MakeClass(conversion.geometry_type, conversion.measure, names, made)) return Outcome::NothingMade;
+  report.fields = FieldLines(conversion.measure, names, selected, output_reference_, map_reference);
+  made.symbol = (set.*conversion.symbol_list).FirstSymbol;
+  if (!made.feature_class) return Outcome::Done;
+  NameCounts written;
+  FillGraphicsClass(made.feature_class, conversion, set, output_reference_, map_reference, written);
+  report.names = NameLines(written);
+  return Outcome::Done;
+}
+
+frmGraphicsShapefile::Outcome frmGraphicsShapefile::AskAboutMissing(const std::string& title, const std::string& text) {
+  const MessageAnswer answer = Host().MessageBox().Show(text, title, MessageButtons::OkCancel);
+  return answer == MessageAnswer::Ok ? Outcome::GoBack : Outcome::NothingMade;
+}
+
+bool frmGraphicsShapefile::MakeClass(esriGeometryType geometry_type, GraphicMeasure measure, bool names, Made& made) {
+  OutputChoice place = TypedPlace();
+  output_reference_ = reference_;
+  if (Host().PlanOnly()) {
+    Plan(place, made.report);
+    return true;
+  }
+  made.feature_class = MakeGraphicsClass(geometry_type, measure, names, reference_, place);
+  if (!made.feature_class) return false;
+  // A feature dataset puts its own reference on its classes.
+  const bool in_dataset = place.IsFeatureDataset && place.Kind != kShapefile;
+  if (in_dataset) output_reference_ = made.feature_class->SpatialReference();
+  made.report.path = made.feature_class->FullName();
+  Host().Journal().OutputPath = made.report.path;
+  Host().Journal().Reference = output_reference_;
+  return true;
+}
+
+void frmGraphicsShapefile::Plan(const OutputChoice& place, GraphicsReport& report) const {
+  report.title = optNew.Value() ? "Empty Shapefile, planned only: nothing was written"
+                                : "Graphics to Feature Classes Conversion, planned only: nothing was written";
+  report.output_title = "Output:";
+  report.path = place.FullPath();
+  report.questions = Exists(place)
+                         ? "   Feature Class Already Exists: the run would ask whether to overwrite it.\\par\r\n"
+                         : "   None\\par\r\n";
+}
+
+void frmGraphicsShapefile::AddLayer(const Made& made) {
+  const std::shared_ptr<IFeatureLayer> layer = Require(Host().CreateFeatureLayer(), "FeatureLayer");
+  layer->SetFeatureClass(made.feature_class);
+  const std::string alias = made.feature_class->AliasName();
+  layer->SetName(alias.empty() ? made.feature_class->Name() : alias);
+  const auto drawn = Cast<IGeoFeatureLayer>(layer);
+  const std::shared_ptr<ISimpleRenderer> renderer = made.symbol ? Host().CreateSimpleRenderer() : nullptr;
+  if (drawn && renderer) {
+    renderer->SetSymbol(made.symbol);
+    drawn->SetRenderer(renderer);
+  }
+  document_->FocusMap()->AddLayer(layer);
+  document_->UpdateContents();
+  Require(Cast<IDocumentDirty>(document_), "IDocumentDirty")->SetDirty();
+}
+
+}  // namespace tessarine

@@ -1,0 +1,189 @@
+#include "graphics/graphics_run.h"
+
+#include "geodesy/MyGeometricOperations.h"
+#include "platform/fault.h"
+#include "platform/host.h"
+#include "support/MyGeneralOperations.h"
+
+namespace tessarine {
+namespace {
+
+using namespace MyGeometricOperations;
+
+constexpr std::int32_t kPieceCount = 200;
+constexpr const char* kClassTitle = "Specify New Feature Class Name:";
+
+FieldRef NumberField(const char* name) {
+  auto field = std::make_shared<Field>();
+  field->Name = field->AliasName = name;
+  field->Type = esriFieldTypeDouble;
+  field->Precision = 16;
+  field->Scale = 8;
+  return field;
+}
+
+FieldRef NameField() {
+  auto field = std::make_shared<Field>();
+  field->Name = field->AliasName = "Name";
+  field->Type = esriFieldTypeString;
+  field->Length = 50;
+  return field;
+}
+
+std::shared_ptr<VarArray> FieldsOf(GraphicMeasure measure, bool names) {
+  auto fields = std::make_shared<VarArray>();
+  switch (measure) {
+    case GraphicMeasure::Coordinates:
+      fields->Add(NumberField("X_Coord"));
+      fields->Add(NumberField("Y_Coord"));
+      break;
+    case GraphicMeasure::Length:
+      fields->Add(NumberField("Length"));
+      break;
+    case GraphicMeasure::Area:
+      fields->Add(NumberField("Area"));
+      break;
+  }
+  if (names) fields->Add(NameField());
+  return fields;
+}
+
+bool IsKnown(const SpatialReferenceRef& reference) {
+  return reference && !Is<const UnknownCoordinateSystem>(reference);
+}
+
+// The geographic reference beneath; nothing where there is none.
+SpatialReferenceRef GeographicOf(const SpatialReferenceRef& reference) {
+  if (const auto projected = Cast<const ProjectedCoordinateSystem>(reference)) {
+    return projected->GeographicCoordinateSystem();
+  }
+  return Cast<const GeographicCoordinateSystem>(reference);
+}
+
+// Both flags are read ahead of the call, as everywhere before a constructed shape is used; neither decides anything.
+void MakeSimple(const GeometryRef& shape) {
+  const auto topology = Cast<ITopologicalOperator>(shape);
+  if (!topology) return;
+  static_cast<void>(topology->IsKnownSimple());
+  static_cast<void>(topology->IsSimple());
+  topology->Simplify();
+}
+
+class GraphicWriter {
+ public:
+  GraphicWriter(const std::shared_ptr<IFeatureClass>& target, const GraphicConversion& conversion,
+                SpatialReferenceRef output, const SpatialReferenceRef& map, NameCounts& names)
+      : conversion_(conversion),
+        output_(std::move(output)),
+        label_(GeographicOf(map)),
+        names_(names),
+        unique_id_(target->FindField("Unique_ID")),
+        x_(target->FindField("X_Coord")),
+        y_(target->FindField("Y_Coord")),
+        length_(target->FindField("Length")),
+        area_(target->FindField("Area")),
+        name_(target->FindField("Name")),
+        buffer_(target->CreateFeatureBuffer()),
+        cursor_(target->Insert(true)) {}
+
+  void WriteAll(const GraphicList& list, bool with_names) {
+    for (std::int32_t index = 0; index < list.Count(); ++index) {
+      const GeometryRef shape = Placed(Straightened(list.Shapes->Element(index).AsObject<IGeometry>()));
+      MakeSimple(shape);
+      buffer_->SetShape(shape);
+      if (unique_id_ >= 0) buffer_->SetValue(unique_id_, record_);
+      Measure(shape);
+      if (with_names) WriteName(list.Names->Element(index));
+      cursor_->InsertFeature(*buffer_);
+      ++record_;
+      ++Host().Journal().Written;
+    }
+  }
+
+  void Finish() {
+    cursor_->Flush();
+    cursor_->Close();
+  }
+
+ private:
+  // A copy without true curves, of the shape that the class takes.
+  [[nodiscard]] GeometryRef Straightened(const GeometryRef& own) const {
+    const GeometryRef copy = CloneOf(*Require(own, "Geometry"));
+    GeometryRef shape = copy;
+    if (conversion_.geometry_type == esriGeometryPolygon) shape = CurveToPolygon(copy, kPieceCount);
+    if (conversion_.geometry_type == esriGeometryPolyline) shape = CurveToPolyline(copy, kPieceCount);
+    return Require(shape, "Geometry");
+  }
+
+  [[nodiscard]] GeometryRef Placed(const GeometryRef& shape) const {
+    if (!IsKnown(shape->SpatialReference()) && label_) shape->SetSpatialReference(label_);
+    if (!MyGeneralOperations::CompareSpatialReferences(shape->SpatialReference(), output_)) shape->Project(output_);
+    return shape;
+  }
+
+  // A copy in longitude and latitude.
+  static GeometryRef OnTheGlobe(const GeometryRef& shape) {
+    GeometryRef copy = CloneOf(*shape);
+    if (const auto projected = Cast<const ProjectedCoordinateSystem>(copy->SpatialReference())) {
+      copy->Project(projected->GeographicCoordinateSystem());
+      MakeSimple(copy);
+    }
+    return copy;
+  }
+
+  void Measure(const GeometryRef& shape) {
+    switch (conversion_.measure) {
+      case GraphicMeasure::Coordinates: {
+        const auto point = Cast<Point>(shape);
+        const bool empty = Require(point, "IPoint")->IsEmpty();
+        buffer_->SetValue(x_, empty ? Variant(Null()) : Variant(point->X()));
+        buffer_->SetValue(y_, empty ? Variant(Null()) : Variant(point->Y()));
+        return;
+      }
+      case GraphicMeasure::Length:
+        buffer_->SetValue(length_, SpheroidalPolylineLength(Cast<Polyline>(OnTheGlobe(shape))));
+        return;
+      case GraphicMeasure::Area: {
+        double longitude = 0.0, latitude = 0.0;
+        buffer_->SetValue(area_, SphericalPolygonArea(Cast<Polygon>(OnTheGlobe(shape)), false, longitude, latitude));
+        return;
+      }
+    }
+  }
+
+  void WriteName(const std::string& name) {
+    buffer_->SetValue(name_, name);
+    names_.Add(name);
+  }
+
+  const GraphicConversion& conversion_;
+  SpatialReferenceRef output_, label_;
+  NameCounts& names_;
+  std::int32_t unique_id_, x_, y_, length_, area_, name_;
+  std::shared_ptr<IFeatureBuffer> buffer_;
+  std::shared_ptr<IFeatureCursor> cursor_;
+  std::int32_t record_ = 1;
+};
+
+}  // namespace
+
+std::shared_ptr<IFeatureClass> MakeGraphicsClass(esriGeometryType geometry_type, GraphicMeasure measure, bool names,
+                                                 const SpatialReferenceRef& reference,
+                                                 MyGeneralOperations::OutputChoice& place) {
+  if (!place.Directory.ends_with('\\')) place.Directory += '\\';
+  return MyGeneralOperations::CreateGeneralFeatureClass(
+      geometry_type, reference, place.Directory, place.Name, place.Kind, FieldsOf(measure, names), kClassTitle,
+      place.IsFeatureDataset, place.FeatureDatasetName, false, true, nullptr, 0);
+}
+
+void FillGraphicsClass(const std::shared_ptr<IFeatureClass>& target, const GraphicConversion& conversion,
+                       const GraphicSet& set, const SpatialReferenceRef& output, const SpatialReferenceRef& map,
+                       NameCounts& names) {
+  const bool with_names = conversion.AnyNameIn(set);
+  GraphicWriter writer(target, conversion, output, map, names);
+  writer.WriteAll(set.*conversion.first.list, with_names);
+  if (conversion.second.list != nullptr) writer.WriteAll(set.*conversion.second.list, with_names);
+  writer.Finish();
+}
+
+}  // namespace tessarine

@@ -1,0 +1,168 @@
+#include "hosts/terminal/geometry_script.h"
+
+#include <algorithm>
+
+#include "hosts/document/component_loader.h"
+#include "hosts/terminal/refusal.h"
+#include "platform/host.h"
+#include "platform/measure_catalog.h"
+#include "platform/text_formats.h"
+
+namespace tessarine {
+namespace {
+
+constexpr int kBoxes = 11;
+constexpr std::int32_t kTakenName = 0xFFFFC3;
+
+template <class Kind>
+Kind& ControlOf(const Form& form, const std::string& name) {
+  auto* control = form.FindAs<Kind>(name);
+  if (control == nullptr) Raise(kInvalidCall, "The form '" + form.Name() + "' has no control '" + name + "'.");
+  return *control;
+}
+
+void ChooseLayer(const Form& form, const DocumentFeatureLayer& layer) {
+  auto& list = ControlOf<ListBox>(form, "lbxLayers");
+  for (std::int32_t line = 0; line < list.ListCount(); ++line) {
+    if (list.List(line) != layer.Name()) continue;
+    list.SetListIndex(line);
+    return;
+  }
+  throw Refusal("The layer '" + layer.Name() +
+                "' is of the wrong kind: measures are for points, multipoints, polylines and polygons.");
+}
+
+// The combo boxes of a box, as far as the dialog shows them while it is ticked.
+std::vector<ComboBox*> ShownCombos(const Form& form, int box) {
+  std::vector<ComboBox*> combos;
+  for (int position = 1; position <= 2; ++position) {
+    auto* combo = form.FindAs<ComboBox>("cbx" + std::to_string(box) + std::to_string(position));
+    if (combo != nullptr && combo->Visible()) combos.push_back(combo);
+  }
+  return combos;
+}
+
+// The layer's measures; the box of a measure bears its option id.
+std::vector<CataloguedMeasure> CatalogueOf(const DocumentFeatureLayer& layer) {
+  return CreateComponentAs<IMeasureCatalog>("Tessarine.clsMeasureCatalog", "IMeasureCatalog")
+      ->Measures(layer.FeatureClass()->ShapeType(), layer.SpatialReference());
+}
+
+bool IsCalled(const CataloguedMeasure& measure, const std::string& name) {
+  const auto same = [&](const std::string& label) { return EqualsIgnoringCase(label, name); };
+  return same(measure.Caption) || same(std::to_string(measure.OptionId)) ||
+         std::ranges::any_of(measure.ReportLabels, same);
+}
+
+OfferedMeasure OfferOf(const Form& form, const CataloguedMeasure& measure) {
+  const int box_number = measure.OptionId;
+  auto& box = ControlOf<CheckBox>(form, "chk" + std::to_string(box_number));
+  OfferedMeasure offer{box_number, box.Caption(), measure.ReportLabels, measure.Slow, {}};
+  box.SetValue(CheckBox::kChecked);
+  for (const ComboBox* combo : ShownCombos(form, box_number)) {
+    offer.fields.push_back({combo->Text(), combo->BackColor() == kTakenName});
+  }
+  box.SetValue(CheckBox::kUnchecked);
+  return offer;
+}
+
+std::vector<std::string> SplitAtCommas(const std::string& text) {
+  std::vector<std::string> parts(1);
+  for (const char c : text) {
+    if (c == ',') {
+      parts.emplace_back();
+    } else {
+      parts.back() += c;
+    }
+  }
+  for (std::string& part : parts) part = Trim(part);
+  return parts;
+}
+
+void NameFields(Form& form, int box, const std::string& measure, const std::string& names) {
+  const std::vector<ComboBox*> combos = ShownCombos(form, box);
+  const std::vector<std::string> fields = SplitAtCommas(names);
+  if (fields.size() != combos.size()) {
+    throw Refusal("-m \"" + measure + "\": this measure has " +
+                  (combos.size() == 1 ? "one field" : std::to_string(combos.size()) + " fields") + ", but " +
+                  std::to_string(fields.size()) + " are named.");
+  }
+  for (std::size_t index = 0; index < combos.size(); ++index) {
+    form.SetActiveControl(combos[index]);
+    combos[index]->SetText(fields[index]);
+  }
+  // Leaving a box lets the dialog look at what was typed.
+  form.SetActiveControl(form.Find("cmdOK"));
+}
+
+}  // namespace
+
+void MeasureListing::Answer(Form& form) {
+  ChooseLayer(form, layer_);
+  offered_.layer = layer_.Name();
+  offered_.feature_type = ControlOf<Label>(form, "lbSelFeatureType").Caption();
+  offered_.spheroid = Replace(ControlOf<Label>(form, "lblSpheroidOptions").Caption(), "&&", "&");
+  for (const CataloguedMeasure& measure : CatalogueOf(layer_)) offered_.measures.push_back(OfferOf(form, measure));
+  ControlOf<CommandButton>(form, "cmdCancel").Press();
+}
+
+void GeometryScript::Answer(Form& form) {
+  if (form.Name() == "frmGeometry") {
+    AnswerGeometry(form);
+  } else if (form.Name() == "frmSpheroidOptionsExt") {
+    AnswerSpheroid(form);
+  } else {
+    AnswerQuestion(form);
+  }
+}
+
+void GeometryScript::AnswerGeometry(Form& form) {
+  ChooseLayer(form, layer_);
+  if (answers_.all_measures) {
+    for (int number = 1; number <= kBoxes; ++number) {
+      auto& box = ControlOf<CheckBox>(form, "chk" + std::to_string(number));
+      if (box.Visible()) box.SetValue(CheckBox::kChecked);
+    }
+  }
+  for (const std::string& measure : answers_.measures) Tick(form, measure);
+  if (answers_.spheroid || answers_.planetocentric) {
+    auto& advanced = ControlOf<CommandButton>(form, "cmdAdvanced");
+    if (!advanced.Enabled()) {
+      throw Refusal("--spheroid, --radii and --planetocentric can't be used on '" + layer_.Name() + "'. " +
+                    Replace(advanced.ToolTipText(), ":", "."));
+    }
+    advanced.Press();
+  }
+  ControlOf<CommandButton>(form, "cmdOK").Press();
+}
+
+void GeometryScript::Tick(Form& form, const std::string& measure) const {
+  const std::size_t equals = measure.find('=');
+  const std::string name = Trim(measure.substr(0, equals));
+  std::string offered;
+  for (const CataloguedMeasure& known : CatalogueOf(layer_)) {
+    if (!IsCalled(known, name)) {
+      offered += (offered.empty() ? "" : ", ") + known.Caption;
+      continue;
+    }
+    ControlOf<CheckBox>(form, "chk" + std::to_string(known.OptionId)).SetValue(CheckBox::kChecked);
+    if (equals != std::string::npos) NameFields(form, known.OptionId, measure, measure.substr(equals + 1));
+    return;
+  }
+  throw Refusal("-m \"" + measure + "\": '" + layer_.Name() + "' has no measure '" + name + "'. It has: " + offered +
+                ".");
+}
+
+void GeometryScript::AnswerSpheroid(Form& form) const {
+  if (answers_.spheroid) FillSpheroidForm(form, *answers_.spheroid);
+  if (answers_.planetocentric) ControlOf<OptionButton>(form, "optCentric").SetValue(true);
+  ControlOf<CommandButton>(form, "cmdOK").Press();
+}
+
+void GeometryScript::AnswerQuestion(Form& form) {
+  const std::string text = ControlOf<TextBox>(form, "txtMessage").Text();
+  const bool yes = Host().MessageBox().Show(text, form.Caption(), MessageButtons::YesNo) == MessageAnswer::Yes;
+  ControlOf<CommandButton>(form, yes ? "cmdYes" : "cmdNo").Press();
+}
+
+}  // namespace tessarine

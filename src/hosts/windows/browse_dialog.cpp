@@ -1,0 +1,358 @@
+#include "hosts/windows/browse_dialog.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QDir>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QInputDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QStyle>
+#include <algorithm>
+#include <filesystem>
+
+#include "engine/data_source.h"
+#include "hosts/windows/message_box.h"
+#include "hosts/windows/pictures.h"
+#include "hosts/windows/pointer.h"
+#include "hosts/windows/qt_text.h"
+#include "platform/paths.h"
+#include "platform/text_formats.h"
+
+namespace tessarine {
+namespace {
+
+namespace fs = std::filesystem;
+
+struct FilterRow {
+  GxFilter filter;
+  const char* caption;
+};
+
+constexpr FilterRow kFilters[] = {
+    {GxFilter::FeatureClasses, "Feature classes and shapefiles"},
+    {GxFilter::Tables, "Tables"},
+    {GxFilter::TextFiles, "Text files (*.txt, *.csv, *.dat)"},
+};
+
+QIcon IconOf(const CatalogItem& item) {
+  constexpr std::int32_t kLayers = 203, kTool = 204;
+  const QStyle& style = *QApplication::style();
+  switch (item.kind) {
+    case CatalogKind::Folder:
+      return style.standardIcon(QStyle::SP_DirIcon);
+    case CatalogKind::FileGeodatabase:
+    case CatalogKind::PersonalGeodatabase:
+      return style.standardIcon(QStyle::SP_DriveHDIcon);
+    case CatalogKind::FeatureDataset:
+      return PictureOf(kLayers);
+    case CatalogKind::Shapefile:
+    case CatalogKind::FeatureClass:
+      return PictureOf(109);
+    case CatalogKind::Table:
+      return PictureOf(kTool);
+    default:
+      return style.standardIcon(QStyle::SP_FileIcon);
+  }
+}
+
+// The part behind the last separator, of either kind.
+std::string LastPart(const std::string& path) {
+  const std::size_t at = path.find_last_of("\\/");
+  return at == std::string::npos ? path : path.substr(at + 1);
+}
+
+}  // namespace
+
+BrowseDialog::BrowseDialog(const BrowseRequest& request, QWidget* parent)
+    : QDialog(parent),
+      request_(request),
+      look_in_(new QComboBox(this)),
+      up_(new QPushButton(this)),
+      new_folder_(new QPushButton(QStringLiteral("New &Folder"), this)),
+      new_geodatabase_(new QPushButton(QStringLiteral("New &Geodatabase"), this)),
+      list_(new QListWidget(this)),
+      name_(new QLineEdit(this)),
+      filter_(new QComboBox(this)),
+      enter_(new QPushButton(this)) {
+  Build();
+  name_->setText(ToQt(LastPart(request_.name)));
+  for (const std::string& start : {request_.start, FromQt(QDir::homePath()), std::string("/")}) {
+    const auto container = FindContainer(start);
+    if (!container) continue;
+    LookIn(*container);
+    break;
+  }
+  name_->setFocus();
+  name_->selectAll();
+}
+
+void BrowseDialog::Build() {
+  setObjectName(QStringLiteral("BrowseDialog"));
+  setWindowTitle(ToQt(request_.title));
+  setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+  const std::pair<QWidget*, const char*> names[] = {
+      {look_in_, "cbxLookIn"},       {up_, "cmdUp"},
+      {new_folder_, "cmdNewFolder"}, {new_geodatabase_, "cmdNewGeodatabase"},
+      {list_, "lbxItems"},           {name_, "txtName"},
+      {filter_, "cbxFilter"},        {enter_, "cmdEnter"}};
+  for (const auto& [widget, name] : names) widget->setObjectName(QLatin1String(name));
+
+  look_in_->setEditable(true);
+  look_in_->setInsertPolicy(QComboBox::NoInsert);
+  look_in_->setCompleter(nullptr);
+  up_->setIcon(style()->standardIcon(QStyle::SP_FileDialogToParent));
+  up_->setToolTip(QStringLiteral("Up one level"));
+  new_folder_->setVisible(request_.save);
+  new_geodatabase_->setVisible(request_.save);
+  for (QPushButton* button : {up_, new_folder_, new_geodatabase_}) button->setAutoDefault(false);
+  if (request_.multi_select && !request_.save) list_->setSelectionMode(QAbstractItemView::ExtendedSelection);
+  if (request_.filters.empty()) request_.filters.push_back(GxFilter::FeatureClasses);
+  for (const GxFilter filter : request_.filters) {
+    for (const FilterRow& row : kFilters) {
+      if (row.filter == filter) filter_->addItem(QLatin1String(row.caption));
+    }
+  }
+  filter_->setCurrentIndex(static_cast<int>(request_.default_filter));
+  enter_->setText(request_.button.empty() ? QLatin1String(request_.save ? "&Save" : "&Open") : ToQt(request_.button));
+  enter_->setDefault(true);
+  auto* cancel = new QPushButton(QStringLiteral("Cancel"), this);
+  cancel->setObjectName(QStringLiteral("cmdCancel"));
+
+  auto* look_label = new QLabel(QStringLiteral("&Look in:"), this);
+  look_label->setBuddy(look_in_);
+  auto* name_label = new QLabel(QStringLiteral("&Name:"), this);
+  name_label->setBuddy(name_);
+  auto* filter_label = new QLabel(QStringLiteral("Show of &type:"), this);
+  filter_label->setBuddy(filter_);
+  auto* top = new QHBoxLayout;
+  top->addWidget(look_in_, 1);
+  for (QPushButton* button : {up_, new_folder_, new_geodatabase_}) top->addWidget(button);
+  auto* grid = new QGridLayout(this);
+  grid->addWidget(look_label, 0, 0);
+  grid->addLayout(top, 0, 1, 1, 2);
+  grid->addWidget(list_, 1, 0, 1, 3);
+  grid->addWidget(name_label, 2, 0);
+  grid->addWidget(name_, 2, 1);
+  grid->addWidget(enter_, 2, 2);
+  grid->addWidget(filter_label, 3, 0);
+  grid->addWidget(filter_, 3, 1);
+  grid->addWidget(cancel, 3, 2);
+  grid->setColumnStretch(1, 1);
+  resize(DialogUnits(font()).Size(340, 210));
+
+  connect(look_in_, QOverload<int>::of(&QComboBox::activated), this,
+          [this](int index) { GoTo(look_in_->itemData(index).toString()); });
+  connect(look_in_->lineEdit(), &QLineEdit::returnPressed, this, [this] { GoTo(look_in_->currentText()); });
+  connect(up_, &QPushButton::clicked, this, [this] { GoUp(); });
+  connect(new_folder_, &QPushButton::clicked, this, [this] { MakeFolder(); });
+  connect(new_geodatabase_, &QPushButton::clicked, this, [this] { MakeGeodatabase(); });
+  connect(list_, &QListWidget::itemSelectionChanged, this, [this] { TakeSelection(); });
+  connect(list_, &QListWidget::itemActivated, this, [this](QListWidgetItem* item) { Activate(list_->row(item)); });
+  connect(filter_, QOverload<int>::of(&QComboBox::activated), this, [this] { FillList(); });
+  connect(enter_, &QPushButton::clicked, this, [this] { Confirm(); });
+  connect(cancel, &QPushButton::clicked, this, [this] { reject(); });
+}
+
+GxFilter BrowseDialog::Filter() const {
+  return request_.filters[static_cast<std::size_t>(qMax(0, filter_->currentIndex()))];
+}
+
+void BrowseDialog::LookIn(const CatalogItem& container) {
+  location_ = container;
+  ShowAncestors();
+  FillList();
+  new_folder_->setEnabled(container.kind == CatalogKind::Folder);
+  new_geodatabase_->setEnabled(container.kind == CatalogKind::Folder);
+}
+
+void BrowseDialog::ShowAncestors() {
+  look_in_->clear();
+  std::optional<CatalogItem> container = location_;
+  while (container) {
+    const QString path = ToQt(container->DisplayPath());
+    look_in_->addItem(path, path);
+    container = ContainerAbove(*container);
+  }
+  look_in_->setCurrentIndex(0);
+  up_->setEnabled(look_in_->count() > 1);
+}
+
+void BrowseDialog::FillList() {
+  items_ = ListContainer(location_, Filter());
+  const QSignalBlocker quiet(list_);
+  list_->clear();
+  for (const CatalogItem& item : items_) {
+    auto* line = new QListWidgetItem(IconOf(item), ToQt(item.name), list_);
+    line->setToolTip(ToQt(item.Category()));
+  }
+}
+
+void BrowseDialog::GoUp() {
+  if (const auto above = ContainerAbove(location_)) LookIn(*above);
+}
+
+void BrowseDialog::GoTo(const QString& path) {
+  if (const auto container = FindContainer(FromQt(path))) {
+    LookIn(*container);
+  } else {
+    Refuse(QStringLiteral("There is no folder or geodatabase '%1'.").arg(path));
+    look_in_->setEditText(ToQt(location_.DisplayPath()));
+  }
+}
+
+void BrowseDialog::Activate(int row) {
+  if (row < 0) return;
+  const CatalogItem item = items_[static_cast<std::size_t>(row)];
+  if (item.IsContainer()) {
+    LookIn(item);
+  } else {
+    Confirm();
+  }
+}
+
+// The name of chosen data; a container leaves the name alone.
+void BrowseDialog::TakeSelection() {
+  QStringList names;
+  for (const QListWidgetItem* line : list_->selectedItems()) {
+    const CatalogItem& item = items_[static_cast<std::size_t>(list_->row(line))];
+    if (!item.IsContainer()) names << ToQt(item.name);
+  }
+  if (!names.isEmpty()) name_->setText(names.join(QStringLiteral("; ")));
+}
+
+// A name that is a path leads to its place first.
+bool BrowseDialog::FollowTypedPath() {
+  const std::string typed = FromQt(name_->text().trimmed());
+  const bool names_container = typed == ".." || std::ranges::any_of(items_, [&](const CatalogItem& item) {
+                                 return item.IsContainer() && item.name == typed;
+                               });
+  if (typed.find('/') == std::string::npos && !names_container) return true;
+  const fs::path path = fs::path(location_.DisplayPath()) / typed;
+  if (const auto container = FindContainer(path.string())) {
+    LookIn(*container);
+    name_->clear();
+    return false;
+  }
+  const auto above = FindContainer(path.parent_path().string());
+  if (!above) {
+    Refuse(QStringLiteral("There is no folder or geodatabase '%1'.").arg(ToQt(path.parent_path().string())));
+    return false;
+  }
+  LookIn(*above);
+  name_->setText(ToQt(path.filename().string()));
+  return true;
+}
+
+bool BrowseDialog::TakeNamedData() {
+  chosen_.clear();
+  for (const QString& part : name_->text().split(QLatin1Char(';'), Qt::SkipEmptyParts)) {
+    const std::string wanted = FromQt(part.trimmed());
+    const CatalogItem* found = nullptr;
+    for (const CatalogItem& item : items_) {
+      if (!item.IsContainer() && EqualsIgnoringCase(item.name, wanted)) found = &item;
+    }
+    if (found == nullptr) {
+      Refuse(QStringLiteral("'%1' holds nothing of the name '%2'.").arg(ToQt(location_.DisplayPath()), part.trimmed()));
+      return false;
+    }
+    chosen_.push_back(*found);
+  }
+  return !chosen_.empty();
+}
+
+void BrowseDialog::Confirm() {
+  // A container that is marked in the list opens, unless a name was typed for this one.
+  if (list_->hasFocus() && list_->selectedItems().size() == 1) {
+    const CatalogItem item = items_[static_cast<std::size_t>(list_->row(list_->selectedItems().first()))];
+    if (item.IsContainer()) {
+      LookIn(item);
+      return;
+    }
+  }
+  if (!FollowTypedPath()) return;
+  if (name_->text().trimmed().isEmpty()) {
+    name_->setFocus();
+    return;
+  }
+  if (request_.save || TakeNamedData()) accept();
+}
+
+std::string BrowseDialog::Name() const {
+  std::string name = FromQt(name_->text().trimmed());
+  const bool shapefile = request_.save && location_.kind == CatalogKind::Folder && Filter() == GxFilter::FeatureClasses;
+  if (shapefile && !EndsWithIgnoringCase(name, ".shp")) name += ".shp";
+  return name;
+}
+
+void BrowseDialog::MakeFolder() {
+  const QString name = QInputDialog::getText(this, QStringLiteral("New Folder"), QStringLiteral("Name:"));
+  if (name.trimmed().isEmpty()) return;
+  std::error_code error;
+  const fs::path path = fs::path(location_.path) / FromQt(name.trimmed());
+  fs::create_directory(path, error);
+  if (error) {
+    Refuse(QStringLiteral("The folder '%1' can't be made: %2.").arg(ToQt(path.string()), ToQt(error.message())));
+    return;
+  }
+  GoTo(ToQt(path.string()));
+}
+
+void BrowseDialog::MakeGeodatabase() {
+  const QString name = QInputDialog::getText(this, QStringLiteral("New Geodatabase"), QStringLiteral("Name:"));
+  if (name.trimmed().isEmpty()) return;
+  std::string file = FromQt(name.trimmed());
+  if (!EndsWithIgnoringCase(file, ".gdb")) file += ".gdb";
+  const fs::path path = fs::path(location_.path) / file;
+  try {
+    CreateFileGeodatabase(path.string());
+  } catch (const Fault& fault) {
+    Refuse(ToQt(fault.Description()));
+    return;
+  }
+  GoTo(ToQt(path.string()));
+}
+
+void BrowseDialog::Refuse(const QString& text) {
+  ShowMessageBox(this, FromQt(text), FromQt(windowTitle()), MessageButtons::Ok, MessageIcon::Exclamation);
+}
+
+void WindowGxDialog::AddFilter(GxFilter filter, bool is_default) {
+  if (is_default) request_.default_filter = request_.filters.size();
+  request_.filters.push_back(filter);
+}
+
+void WindowGxDialog::SetStartingLocation(const std::string& path) { request_.start = ToNativePath(path); }
+
+bool WindowGxDialog::Run(bool save, std::vector<CatalogItem>& chosen) {
+  const PointerPause pause;
+  request_.save = save;
+  // Where no place was given, the name may tell one.
+  if (request_.start.empty() && request_.name.find('\\') != std::string::npos) {
+    request_.start = fs::path(ToNativePath(request_.name)).parent_path().string();
+  }
+  BrowseDialog dialog(request_, forms_.DialogParent());
+  if (dialog.exec() != QDialog::Accepted) return false;
+  location_ = ToGxObject(dialog.Location());
+  request_.name = dialog.Name();
+  chosen = dialog.Chosen();
+  return true;
+}
+
+bool WindowGxDialog::DoModalSave(std::int32_t) {
+  std::vector<CatalogItem> none;
+  return Run(true, none);
+}
+
+bool WindowGxDialog::DoModalOpen(std::int32_t, std::vector<std::shared_ptr<IGxObject>>& selection) {
+  std::vector<CatalogItem> chosen;
+  if (!Run(false, chosen)) return false;
+  selection.clear();
+  for (const CatalogItem& item : chosen) selection.push_back(ToGxObject(item));
+  return true;
+}
+
+}  // namespace tessarine

@@ -1,0 +1,96 @@
+// The browse dialog: a container to look in, a list of what it holds, and a name.
+#pragma once
+
+#include <QDialog>
+#include <string>
+#include <vector>
+
+#include "hosts/windows/catalog.h"
+#include "hosts/windows/window_forms.h"
+
+class QComboBox;
+class QLineEdit;
+class QListWidget;
+class QPushButton;
+
+namespace tessarine {
+
+/// What a browse dialog is asked for, and what it answers.
+struct BrowseRequest {
+  bool save = true;
+  bool multi_select = false;
+  std::vector<GxFilter> filters;
+  std::size_t default_filter = 0;
+  std::string title, button;
+  std::string start;  ///< a native path
+  std::string name;
+};
+
+/// Its widgets are "cbxLookIn", "cmdUp", "cmdNewFolder", "cmdNewGeodatabase", "lbxItems", "txtName", "cbxFilter",
+/// "cmdEnter" and "cmdCancel".
+class BrowseDialog final : public QDialog {
+ public:
+  BrowseDialog(const BrowseRequest& request, QWidget* parent);
+
+  /// The container that was open at the end, and the name typed there.
+  [[nodiscard]] const CatalogItem& Location() const { return location_; }
+  [[nodiscard]] std::string Name() const;
+  /// The chosen data, when it was asked for.
+  [[nodiscard]] const std::vector<CatalogItem>& Chosen() const { return chosen_; }
+
+ private:
+  void Build();
+  void LookIn(const CatalogItem& container);
+  void FillList();
+  void ShowAncestors();
+  void GoUp();
+  void GoTo(const QString& path);
+  void Activate(int row);
+  void TakeSelection();
+  void Confirm();
+  bool FollowTypedPath();
+  bool TakeNamedData();
+  void MakeFolder();
+  void MakeGeodatabase();
+  void Refuse(const QString& text);
+  [[nodiscard]] GxFilter Filter() const;
+
+  BrowseRequest request_;
+  CatalogItem location_;
+  std::vector<CatalogItem> items_;
+  std::vector<CatalogItem> chosen_;
+  QComboBox* look_in_;
+  QPushButton* up_;
+  QPushButton* new_folder_;
+  QPushButton* new_geodatabase_;
+  QListWidget* list_;
+  QLineEdit* name_;
+  QComboBox* filter_;
+  QPushButton* enter_;
+};
+
+/// The dialog as the suite asks for it.
+class WindowGxDialog final : public IGxDialog {
+ public:
+  explicit WindowGxDialog(WindowForms& forms) : forms_(forms) {}
+  void AddFilter(GxFilter filter, bool is_default) override;
+  void SetAllowMultiSelect(bool allow) override { request_.multi_select = allow; }
+  void SetTitle(const std::string& title) override { request_.title = title; }
+  void SetButtonCaption(const std::string& caption) override { request_.button = caption; }
+  void SetStartingLocation(const std::string& path) override;
+  [[nodiscard]] std::string Name() const override { return request_.name; }
+  void SetName(const std::string& name) override { request_.name = name; }
+  /// The folder, geodatabase or feature dataset that was open when the user confirmed.
+  [[nodiscard]] std::shared_ptr<IGxObject> FinalLocation() const override { return location_; }
+  bool DoModalSave(std::int32_t parent) override;
+  bool DoModalOpen(std::int32_t parent, std::vector<std::shared_ptr<IGxObject>>& selection) override;
+
+ private:
+  bool Run(bool save, std::vector<CatalogItem>& chosen);
+
+  WindowForms& forms_;
+  BrowseRequest request_;
+  std::shared_ptr<IGxObject> location_;
+};
+
+}  // namespace tessarine

@@ -1,0 +1,219 @@
+#include "hosts/windows/catalog.h"
+
+#include <gdal_priv.h>
+#include <ogrsf_frmts.h>
+
+#include <algorithm>
+#include <array>
+#include <filesystem>
+
+#include "engine/data_source.h"
+#include "platform/fault.h"
+#include "platform/paths.h"
+#include "platform/text_formats.h"
+
+namespace tessarine {
+namespace {
+
+namespace fs = std::filesystem;
+
+bool IsIn(const std::string& path, const char* ending) { return EndsWithIgnoringCase(path, ending); }
+
+CatalogItem PlaceAt(CatalogKind kind, const fs::path& path) {
+  return {kind, path.string(), "", path.filename().empty() ? path.string() : path.filename().string()};
+}
+
+// Data by the ending of its file.
+struct FileRow {
+  const char* ending;
+  CatalogKind kind;
+  GxFilter filter;
+};
+
+constexpr std::array kFiles = {
+    FileRow{".shp", CatalogKind::Shapefile, GxFilter::FeatureClasses},
+    FileRow{".dbf", CatalogKind::Table, GxFilter::Tables},
+    FileRow{".txt", CatalogKind::TextFile, GxFilter::TextFiles},
+    FileRow{".csv", CatalogKind::TextFile, GxFilter::TextFiles},
+    FileRow{".dat", CatalogKind::TextFile, GxFilter::TextFiles},
+};
+
+// The attributes of a shapefile aren't a table of their own.
+bool BelongsToShapefile(const fs::path& path) {
+  return IsIn(path.string(), ".dbf") && fs::exists(fs::path(path).replace_extension(".shp"));
+}
+
+void ListFolder(const fs::path& folder, GxFilter filter, std::vector<CatalogItem>& items) {
+  std::error_code error;
+  for (const auto& entry : fs::directory_iterator(folder, fs::directory_options::skip_permission_denied, error)) {
+    const fs::path& path = entry.path();
+    const std::string name = path.filename().string();
+    if (name.starts_with('.')) continue;
+    if (entry.is_directory(error)) {
+      items.push_back(PlaceAt(IsIn(name, ".gdb") ? CatalogKind::FileGeodatabase : CatalogKind::Folder, path));
+      continue;
+    }
+    if (IsIn(name, ".mdb")) items.push_back(PlaceAt(CatalogKind::PersonalGeodatabase, path));
+    for (const FileRow& row : kFiles) {
+      if (row.filter == filter && IsIn(name, row.ending) && !BelongsToShapefile(path)) {
+        items.push_back({row.kind, path.string(), "", name});
+      }
+    }
+  }
+}
+
+void ListLayers(GDALDataset& data, const CatalogItem& geodatabase, const std::vector<std::string>& names,
+                const std::string& dataset, GxFilter filter, std::vector<CatalogItem>& items) {
+  for (const std::string& name : names) {
+    OGRLayer* layer = data.GetLayerByName(name.c_str());
+    if (layer == nullptr) continue;
+    const bool table = layer->GetGeomType() == wkbNone;
+    if (filter != (table ? GxFilter::Tables : GxFilter::FeatureClasses)) continue;
+    items.push_back({table ? CatalogKind::Table : CatalogKind::FeatureClass, geodatabase.path, dataset, name});
+  }
+}
+
+void ListGeodatabase(const CatalogItem& container, GxFilter filter, std::vector<CatalogItem>& items) {
+  GDALAllRegister();
+  CPLPushErrorHandler(CPLQuietErrorHandler);
+  const GDALDatasetUniquePtr data(GDALDataset::Open(container.path.c_str(), GDAL_OF_VECTOR | GDAL_OF_READONLY));
+  CPLPopErrorHandler();
+  if (!data) return;
+  const std::shared_ptr<GDALGroup> root = data->GetRootGroup();
+  if (!root) {
+    std::vector<std::string> names;
+    for (OGRLayer* layer : data->GetLayers()) names.emplace_back(layer->GetName());
+    ListLayers(*data, container, names, "", filter, items);
+    return;
+  }
+  if (!container.dataset.empty()) {
+    if (const auto group = root->OpenGroup(container.dataset)) {
+      ListLayers(*data, container, group->GetVectorLayerNames(), container.dataset, filter, items);
+    }
+    return;
+  }
+  for (const std::string& name : root->GetGroupNames()) {
+    items.push_back({CatalogKind::FeatureDataset, container.path, name, name});
+  }
+  ListLayers(*data, container, root->GetVectorLayerNames(), "", filter, items);
+}
+
+bool HasDataset(const CatalogItem& geodatabase, const std::string& name) {
+  std::vector<CatalogItem> items;
+  ListGeodatabase(geodatabase, GxFilter::FeatureClasses, items);
+  return std::ranges::any_of(items, [&](const CatalogItem& item) {
+    return item.kind == CatalogKind::FeatureDataset && EqualsIgnoringCase(item.name, name);
+  });
+}
+
+class GxItem : public virtual IGxObject {
+ public:
+  explicit GxItem(CatalogItem item) : item_(std::move(item)) {}
+  [[nodiscard]] std::string FullName() const override { return FromNativePath(item_.DisplayPath()); }
+  [[nodiscard]] std::string Category() const override { return item_.Category(); }
+
+ protected:
+  [[nodiscard]] const CatalogItem& Item() const { return item_; }
+
+ private:
+  CatalogItem item_;
+};
+
+class GxDatasetItem final : public GxItem, public IGxDataset {
+ public:
+  using GxItem::GxItem;
+  [[nodiscard]] std::shared_ptr<IDataset> Dataset() const override {
+    const CatalogItem& item = Item();
+    switch (item.kind) {
+      case CatalogKind::FeatureDataset:
+        return CreateFileGDBWorkspaceFactory()
+            ->OpenFromFile(FromNativePath(item.path), 0)
+            ->OpenFeatureDataset(item.dataset);
+      case CatalogKind::FeatureClass:
+        return DataSource::Open(item.path, false)->OpenFeatureClass(item.name);
+      case CatalogKind::Shapefile:
+        return DataSource::Open(item.path, false)->OpenFeatureClass("");
+      default:
+        return DataSource::Open(item.path, false)->OpenTable(IsIn(item.path, ".dbf") ? "" : item.name);
+    }
+  }
+};
+
+}  // namespace
+
+std::string CatalogItem::DisplayPath() const {
+  fs::path display = path;
+  if (!dataset.empty()) display /= dataset;
+  const bool in_geodatabase = IsIn(path, ".gdb") || IsIn(path, ".mdb");
+  if (in_geodatabase && !IsContainer()) display /= name;
+  return display.string();
+}
+
+std::string CatalogItem::Category() const {
+  const std::string geodatabase = IsIn(path, ".mdb") ? "Personal Geodatabase" : "File Geodatabase";
+  switch (kind) {
+    case CatalogKind::Folder:
+      return "Folder";
+    case CatalogKind::FileGeodatabase:
+    case CatalogKind::PersonalGeodatabase:
+      return geodatabase;
+    case CatalogKind::FeatureDataset:
+      return geodatabase + " Feature Dataset";
+    case CatalogKind::Shapefile:
+      return "Shapefile";
+    case CatalogKind::FeatureClass:
+      return geodatabase + " Feature Class";
+    case CatalogKind::Table:
+      return IsIn(path, ".dbf") ? "dBASE Table" : geodatabase + " Table";
+    case CatalogKind::TextFile:
+      return "Text File";
+  }
+  return "";
+}
+
+std::optional<CatalogItem> FindContainer(const std::string& native_path) {
+  if (native_path.empty()) return std::nullopt;
+  std::error_code error;
+  fs::path path = fs::absolute(native_path, error).lexically_normal();
+  if (!path.has_filename() && path.has_relative_path()) path = path.parent_path();
+  if (fs::is_directory(path, error)) {
+    return PlaceAt(IsIn(path.string(), ".gdb") ? CatalogKind::FileGeodatabase : CatalogKind::Folder, path);
+  }
+  if (fs::is_regular_file(path, error) && IsIn(path.string(), ".mdb")) {
+    return PlaceAt(CatalogKind::PersonalGeodatabase, path);
+  }
+  if (!IsIn(path.parent_path().string(), ".gdb") || !fs::is_directory(path.parent_path(), error)) return std::nullopt;
+  const std::string name = path.filename().string();
+  CatalogItem geodatabase = PlaceAt(CatalogKind::FileGeodatabase, path.parent_path());
+  if (!HasDataset(geodatabase, name)) return std::nullopt;
+  return CatalogItem{CatalogKind::FeatureDataset, geodatabase.path, name, name};
+}
+
+std::vector<CatalogItem> ListContainer(const CatalogItem& container, GxFilter filter) {
+  std::vector<CatalogItem> items;
+  if (container.kind == CatalogKind::Folder) {
+    ListFolder(container.path, filter, items);
+  } else {
+    ListGeodatabase(container, filter, items);
+  }
+  std::ranges::sort(items, [](const CatalogItem& a, const CatalogItem& b) {
+    if (a.IsContainer() != b.IsContainer()) return a.IsContainer();
+    return LowerCase(a.name) < LowerCase(b.name);
+  });
+  return items;
+}
+
+std::optional<CatalogItem> ContainerAbove(const CatalogItem& item) {
+  if (item.kind == CatalogKind::FeatureDataset) return FindContainer(item.path);
+  const fs::path path = item.path;
+  if (!path.has_relative_path()) return std::nullopt;
+  return FindContainer(path.parent_path().string());
+}
+
+std::shared_ptr<IGxObject> ToGxObject(const CatalogItem& item) {
+  const bool is_dataset = !item.IsContainer() && item.kind != CatalogKind::TextFile;
+  if (is_dataset || item.kind == CatalogKind::FeatureDataset) return std::make_shared<GxDatasetItem>(item);
+  return std::make_shared<GxItem>(item);
+}
+
+}  // namespace tessarine

@@ -1,0 +1,57 @@
+#include "hosts/windows/colors.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "platform/form.h"
+
+namespace tessarine {
+namespace {
+
+// The least contrast at which a text of normal size counts as readable (WCAG 2, level AA).
+constexpr double kReadableContrast = 4.5;
+
+double Linear(double share) { return share <= 0.04045 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4); }
+
+double Luminance(const QColor& color) {
+  return 0.2126 * Linear(color.redF()) + 0.7152 * Linear(color.greenF()) + 0.0722 * Linear(color.blueF());
+}
+
+double Contrast(const QColor& first, const QColor& second) {
+  const double a = Luminance(first), b = Luminance(second);
+  return (std::max(a, b) + 0.05) / (std::min(a, b) + 0.05);
+}
+
+}  // namespace
+
+bool IsExplicitColor(std::int32_t color) { return color >= 0; }
+
+QColor ColorOf(std::int32_t color, const QPalette& palette) {
+  switch (color) {
+    case kWindowBackground:
+      return palette.color(QPalette::Active, QPalette::Base);
+    case kWindowText:
+      return palette.color(QPalette::Active, QPalette::WindowText);
+    case kButtonFace:
+      return palette.color(QPalette::Active, QPalette::Window);
+    case kGrayText:
+      return palette.color(QPalette::Disabled, QPalette::WindowText);
+    default:
+      return QColor((color >> 16) & 0xFF, (color >> 8) & 0xFF, color & 0xFF);
+  }
+}
+
+QColor TextColorOn(const QColor& background, std::int32_t fore_color, const QPalette& palette) {
+  const QColor text = ColorOf(fore_color, palette);
+  if (IsExplicitColor(fore_color) || fore_color == kGrayText || Contrast(text, background) >= kReadableContrast) {
+    return text;
+  }
+  return Contrast(Qt::black, background) >= Contrast(Qt::white, background) ? Qt::black : Qt::white;
+}
+
+QColor FadedText(const QColor& text, const QColor& background) {
+  return QColor((text.red() + background.red()) / 2, (text.green() + background.green()) / 2,
+                (text.blue() + background.blue()) / 2);
+}
+
+}  // namespace tessarine

@@ -1,0 +1,23 @@
+// The colours of forms and controls in a palette.
+#pragma once
+
+#include <QColor>
+#include <QPalette>
+#include <cstdint>
+
+namespace tessarine {
+
+/// True for 0xRRGGBB, False for a system colour.
+[[nodiscard]] bool IsExplicitColor(std::int32_t color);
+
+/// The colour itself, system colours taken from the palette.
+[[nodiscard]] QColor ColorOf(std::int32_t color, const QPalette& palette);
+
+/// The colour of a text on a background. A system colour that can't be read there gives way to black or white, so that
+/// forms with colours of their own stay readable under a dark theme.
+[[nodiscard]] QColor TextColorOn(const QColor& background, std::int32_t fore_color, const QPalette& palette);
+
+/// The colour of a text that is disabled: half way into its background, whatever that is.
+[[nodiscard]] QColor FadedText(const QColor& text, const QColor& background);
+
+}  // namespace tessarine

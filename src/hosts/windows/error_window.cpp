@@ -1,0 +1,50 @@
+#include "hosts/windows/error_window.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QDialogButtonBox>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "hosts/windows/dialog_units.h"
+
+namespace tessarine {
+
+ErrorWindow::ErrorWindow(QWidget* parent) : QDialog(parent), text_(new QPlainTextEdit(this)) {
+  setObjectName(QStringLiteral("ErrorDialog"));
+  setWindowTitle(QStringLiteral("Unexpected Program Error"));
+  setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+  setWindowModality(Qt::ApplicationModal);
+  text_->setObjectName(QStringLiteral("txtError"));
+  text_->setReadOnly(true);
+  text_->setTabStopDistance(text_->fontMetrics().horizontalAdvance(QStringLiteral("0000")));
+  text_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  auto* buttons = new QDialogButtonBox(this);
+  QPushButton* copy = buttons->addButton(QStringLiteral("&Copy to Clipboard"), QDialogButtonBox::ActionRole);
+  QPushButton* close = buttons->addButton(QStringLiteral("C&lose"), QDialogButtonBox::RejectRole);
+  copy->setObjectName(QStringLiteral("cmdCopy"));
+  close->setObjectName(QStringLiteral("cmdClose"));
+  close->setDefault(true);
+  connect(copy, &QPushButton::clicked, this, [this] { QApplication::clipboard()->setText(text_->toPlainText()); });
+  connect(close, &QPushButton::clicked, this, [this] { hide(); });
+  auto* layout = new QVBoxLayout(this);
+  layout->addWidget(text_);
+  layout->addWidget(buttons);
+  resize(DialogUnits(font()).Size(330, 180));
+}
+
+void ErrorWindow::Add(const QString& report) {
+  const bool first = text_->document()->isEmpty();
+  text_->appendPlainText(first ? report.trimmed() : QStringLiteral("\n") + report.trimmed());
+  if (first) text_->moveCursor(QTextCursor::Start);
+  show();
+  raise();
+}
+
+void ErrorWindow::hideEvent(QHideEvent* event) {
+  QDialog::hideEvent(event);
+  text_->clear();
+}
+
+}  // namespace tessarine

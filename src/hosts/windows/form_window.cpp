@@ -1,0 +1,308 @@
+#include "hosts/windows/form_window.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QScreen>
+#include <QScrollArea>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "hosts/windows/colors.h"
+#include "hosts/windows/qt_text.h"
+
+namespace tessarine {
+namespace {
+
+/// What the controls lie on.
+class Canvas final : public QWidget {
+ public:
+  Canvas(std::function<void(QSize)> resized, std::function<void()> mouse_moved)
+      : resized_(std::move(resized)), mouse_moved_(std::move(mouse_moved)) {
+    setMouseTracking(true);
+  }
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override { resized_(event->size()); }
+  void mouseMoveEvent(QMouseEvent*) override { mouse_moved_(); }
+
+ private:
+  std::function<void(QSize)> resized_;
+  std::function<void()> mouse_moved_;
+};
+
+bool HasMinimum(const Form& form) { return form.MinimumWidth() > 0.0 || form.MinimumHeight() > 0.0; }
+
+Qt::WindowFlags FlagsOf(const Form& form, const QWidget* parent) {
+  Qt::WindowFlags flags = Qt::Dialog | Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint;
+  // Over a host's window a dialog of its own keeps above it; without one the window manager has to be asked.
+  if (form.Topmost() && parent == nullptr) flags |= Qt::WindowStaysOnTopHint;
+  if (HasMinimum(form)) flags |= Qt::WindowMaximizeButtonHint;
+  return flags;
+}
+
+}  // namespace
+
+FormWindow::FormWindow(Form& form, QWidget* parent, QSize room)
+    : QDialog(parent, FlagsOf(form, parent)),
+      form_(form),
+      room_(room),
+      units_(font()),
+      scroll_(new QScrollArea(this)),
+      canvas_(new Canvas([this](QSize size) { TakeSize(size); }, [this] { MouseMoved(); })) {
+  setObjectName(ToQt(form.Name()));
+  scroll_->setFrameShape(QFrame::NoFrame);
+  scroll_->setFocusPolicy(Qt::NoFocus);
+  scroll_->setWidgetResizable(true);
+  scroll_->setWidget(canvas_);
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->addWidget(scroll_);
+  MakeViews();
+  OrderTabs();
+  ListenToForm();
+  Flush();
+}
+
+FormWindow::~FormWindow() {
+  Conceal();
+  views_.clear();
+}
+
+ControlView* FormWindow::ViewOf(const Control& control) const {
+  for (const auto& view : views_) {
+    if (&view->Control() == &control) return view.get();
+  }
+  return nullptr;
+}
+
+QWidget* FormWindow::WidgetOf(const std::string& name) const {
+  const Control* control = form_.Find(name);
+  const ControlView* view = control != nullptr ? ViewOf(*control) : nullptr;
+  return view != nullptr ? view->Widget() : nullptr;
+}
+
+QWidget* FormWindow::ParentOf(const Control& control) const {
+  const auto* frame = dynamic_cast<const Frame*>(&control.Container());
+  const ControlView* outer = frame != nullptr ? ViewOf(*frame) : nullptr;
+  return outer != nullptr ? outer->Widget() : canvas_;
+}
+
+// Frames first, since others stand in them; then the order of the form, in which a later control lies above.
+void FormWindow::MakeViews() {
+  for (const bool frames : {true, false}) {
+    for (Control* control : form_.Controls()) {
+      if ((dynamic_cast<const Frame*>(control) != nullptr) != frames) continue;
+      if (auto view = MakeControlView(*this, *control, *ParentOf(*control))) views_.push_back(std::move(view));
+    }
+  }
+}
+
+void FormWindow::OrderTabs() {
+  std::vector<ControlView*> order;
+  for (const auto& view : views_) {
+    if (view->Widget() == nullptr) continue;
+    if (view->Control().TabIndex() >= 0) {
+      order.push_back(view.get());
+    } else {
+      view->Widget()->setFocusPolicy(Qt::NoFocus);
+    }
+  }
+  std::ranges::stable_sort(order, {}, [](const ControlView* view) { return view->Control().TabIndex(); });
+  QWidget* before = nullptr;
+  std::vector<QLabel*> labels;
+  for (const ControlView* view : order) {
+    if (!view->TakesFocus()) {
+      if (auto* label = qobject_cast<QLabel*>(view->Widget())) labels.push_back(label);
+      continue;
+    }
+    // The mnemonic of a label leads to the control behind it.
+    if (!labels.empty()) labels.back()->setBuddy(view->Widget());
+    labels.clear();
+    if (before != nullptr) setTabOrder(before, view->Widget());
+    before = view->Widget();
+  }
+}
+
+void FormWindow::ListenToForm() {
+  form_was_visible_ = form_.Visible();
+  form_.OnChanged = [this](Control* control) { FormChanged(control); };
+  form_.OnRefresh = [this] {
+    Flush();
+    canvas_->repaint();
+  };
+}
+
+void FormWindow::FormChanged(Control* control) {
+  if (control == nullptr) {
+    if (form_was_visible_ && !form_.Visible()) {
+      Conceal();
+      return;
+    }
+    form_was_visible_ = form_.Visible();
+    form_needs_update_ = true;
+  } else if (ControlView* view = ViewOf(*control)) {
+    view->NeedsUpdate = true;
+  }
+  if (flush_planned_) return;
+  flush_planned_ = true;
+  QMetaObject::invokeMethod(
+      this, [this] { Flush(); }, Qt::QueuedConnection);
+}
+
+void FormWindow::Flush() {
+  if (concealed_ || flushing_) return;
+  flushing_ = true;
+  flush_planned_ = false;
+  if (form_needs_update_) UpdateForm();
+  for (const auto& view : views_) {
+    if (view->NeedsUpdate) view->Update();
+  }
+  UpdateFocus();
+  flushing_ = false;
+}
+
+void FormWindow::UpdateForm() {
+  form_needs_update_ = false;
+  // The blank in front of a caption keeps it off the window's icon; there is none here.
+  setWindowTitle((caption_.isEmpty() ? ToQt(form_.Caption()) : caption_).trimmed());
+  QPalette colors = palette();
+  colors.setColor(QPalette::Window, ColorOf(form_.BackColor(), palette()));
+  if (IsExplicitColor(form_.BackColor()) && colors != canvas_->palette()) {
+    canvas_->setPalette(colors);
+    canvas_->setAutoFillBackground(true);
+  }
+  if (isVisible() && (form_.Left() != shown_left_ || form_.Top() != shown_top_)) PlaceOnScreen();
+  UpdateSize();
+}
+
+// A screen keeps some of its room for the window's frame.
+QSize FormWindow::Room() const { return room_.isValid() ? room_ : screen()->availableSize() * 0.95; }
+
+void FormWindow::UpdateSize() {
+  const QSize size = units_.Size(form_.Width(), form_.Height());
+  const QSize room = Room();
+  const QSize least = HasMinimum(form_) ? units_.Size(form_.MinimumWidth(), form_.MinimumHeight()) : size;
+  canvas_->setMinimumSize(least.boundedTo(size));
+  if (HasMinimum(form_)) {
+    setMinimumSize(least.boundedTo(room).boundedTo(size));
+  } else {
+    setFixedSize(size.boundedTo(room));
+  }
+  if (canvas_->size() != size) resize(size.boundedTo(room));
+}
+
+// The user's size becomes the form's, which lays its controls out anew.
+void FormWindow::TakeSize(QSize size) {
+  if (flushing_ || concealed_ || size == units_.Size(form_.Width(), form_.Height())) return;
+  Trap(form_.Name() + " Form_Resize",
+       [&] { form_.Resize(units_.UnitsAcross(size.width()), units_.UnitsDown(size.height())); });
+  Flush();
+}
+
+void FormWindow::MouseMoved() {
+  if (!concealed_) Trap(form_.Name() + " MouseMove", [this] { form_.MouseMoved(nullptr); });
+}
+
+void FormWindow::UpdateFocus() {
+  const Control* active = form_.ActiveControl();
+  const ControlView* view = active != nullptr ? ViewOf(*active) : nullptr;
+  if (view == nullptr || !view->TakesFocus() || view->Widget() == focusWidget()) return;
+  if (view->Widget()->isEnabled() && view->Control().Visible()) view->Widget()->setFocus(Qt::OtherFocusReason);
+}
+
+void FormWindow::SetCaption(const std::string& caption) {
+  caption_ = ToQt(caption);
+  setWindowTitle(caption_.trimmed());
+}
+
+void FormWindow::PlaceOnScreen() {
+  shown_left_ = form_.Left();
+  shown_top_ = form_.Top();
+  const QRect room = screen()->availableGeometry();
+  QPoint corner = room.topLeft() + units_.Rect(shown_left_, shown_top_, 0, 0).topLeft();
+  if (shown_left_ == 0.0 && shown_top_ == 0.0) {
+    const QRect around = parentWidget() != nullptr ? parentWidget()->window()->geometry() : room;
+    corner = around.center() - QPoint(width() / 2, height() / 2);
+  }
+  corner.setX(std::clamp(corner.x(), room.left(), std::max(room.left(), room.right() - width())));
+  corner.setY(std::clamp(corner.y(), room.top(), std::max(room.top(), room.bottom() - height())));
+  move(corner);
+}
+
+void FormWindow::FocusFirst() {
+  if (form_.ActiveControl() != nullptr) return;
+  const ControlView* first = nullptr;
+  for (const auto& view : views_) {
+    const Control& control = view->Control();
+    if (!view->TakesFocus() || control.TabIndex() < 0 || !control.Enabled() || !control.Visible()) continue;
+    if (first == nullptr || control.TabIndex() < first->Control().TabIndex()) first = view.get();
+  }
+  if (first != nullptr) first->Control().SetFocus();
+}
+
+void FormWindow::Open() {
+  Flush();
+  PlaceOnScreen();
+  Trap(form_.Name() + " GotFocus", [this] { FocusFirst(); });
+  Flush();
+  show();
+  raise();
+  activateWindow();
+}
+
+void FormWindow::Conceal() {
+  if (concealed_) return;
+  concealed_ = true;
+  form_.OnChanged = nullptr;
+  form_.OnRefresh = nullptr;
+  hide();
+  if (OnConcealed) OnConcealed();
+}
+
+template <class IsWanted>
+void FormWindow::PressButton(IsWanted&& is_wanted) {
+  for (Control* control : form_.Controls()) {
+    auto* button = dynamic_cast<CommandButton*>(control);
+    if (button == nullptr || !is_wanted(*button)) continue;
+    Trap(button->Name(), [button] { button->Press(); });
+    return;
+  }
+}
+
+void FormWindow::keyPressEvent(QKeyEvent* event) {
+  Flush();
+  switch (event->key()) {
+    case Qt::Key_Escape:
+      PressButton([](const CommandButton& button) { return button.Cancel; });
+      return;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      PressButton([](const CommandButton& button) { return button.Default; });
+      return;
+    default:
+      QDialog::keyPressEvent(event);
+  }
+}
+
+void FormWindow::closeEvent(QCloseEvent* event) {
+  event->ignore();
+  if (concealed_) return;
+  Trap(form_.Name() + " Form_QueryUnload", [this] { form_.CloseByUser(); });
+  Conceal();
+}
+
+void FormWindow::Scale() {
+  units_ = DialogUnits(font());
+  form_needs_update_ = true;
+  for (const auto& view : views_) view->NeedsUpdate = true;
+  Flush();
+}
+
+void FormWindow::changeEvent(QEvent* event) {
+  QDialog::changeEvent(event);
+  if (event->type() == QEvent::FontChange || event->type() == QEvent::PaletteChange) Scale();
+}
+
+}  // namespace tessarine

@@ -1,0 +1,85 @@
+// Any form of the suite as a window, drawn from its controls alone.
+#pragma once
+
+#include <QDialog>
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include "hosts/windows/control_view.h"
+#include "hosts/windows/dialog_units.h"
+#include "platform/form.h"
+
+class QScrollArea;
+
+namespace tessarine {
+
+/// The window of one form: its object name is the form's name, its inside is laid out in dialog units of the window's
+/// font. Changes of the form are shown together, before the next input and at the latest when the event loop turns.
+///
+/// A form whose minimum size is 0 has a fixed size. A window that doesn't fit the screen scrolls.
+class FormWindow final : public QDialog {
+ public:
+  /// The room is what the window may take; nothing stands for the screen.
+  FormWindow(Form& form, QWidget* parent, QSize room = {});
+  ~FormWindow() override;
+
+  [[nodiscard]] Form& ShownForm() const { return form_; }
+  [[nodiscard]] const DialogUnits& Units() const { return units_; }
+  [[nodiscard]] ControlView* ViewOf(const Control& control) const;
+  /// The widget of the control of this name; nothing when there is none.
+  [[nodiscard]] QWidget* WidgetOf(const std::string& name) const;
+
+  /// A caption in place of the form's own.
+  void SetCaption(const std::string& caption);
+  /// Shows the window where the form says, or in the middle of its parent, with the focus on its first control.
+  void Open();
+  /// Takes the window away and lets the form go; nothing of the form is touched after it.
+  void Conceal();
+  [[nodiscard]] bool Concealed() const { return concealed_; }
+  /// Shows all changes now.
+  void Flush();
+
+  /// Called once when the window went away, by the form or by the user.
+  std::function<void()> OnConcealed;
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+  void changeEvent(QEvent* event) override;
+  // Escape and the title bar go the form's way, never Qt's own.
+  void reject() override {}
+  void accept() override {}
+
+ private:
+  void MakeViews();
+  void OrderTabs();
+  void ListenToForm();
+  void FormChanged(Control* control);
+  void UpdateForm();
+  void UpdateSize();
+  void UpdateFocus();
+  void PlaceOnScreen();
+  void FocusFirst();
+  void TakeSize(QSize size);
+  void MouseMoved();
+  void Scale();
+  [[nodiscard]] QWidget* ParentOf(const Control& control) const;
+  template <class IsWanted>
+  void PressButton(IsWanted&& is_wanted);
+
+  [[nodiscard]] QSize Room() const;
+
+  Form& form_;
+  QSize room_;
+  DialogUnits units_;
+  QScrollArea* scroll_;
+  QWidget* canvas_;
+  std::vector<std::unique_ptr<ControlView>> views_;
+  QString caption_;
+  double shown_left_ = 0.0, shown_top_ = 0.0;
+  bool form_needs_update_ = true, flush_planned_ = false, flushing_ = false;
+  bool form_was_visible_ = false, concealed_ = false;
+};
+
+}  // namespace tessarine

@@ -1,0 +1,24 @@
+// Typing as the filters of text controls know it.
+#pragma once
+
+#include <QKeyEvent>
+#include <QString>
+#include <cstdint>
+
+namespace tessarine {
+
+/// What stands for a character beyond ASCII.
+inline constexpr std::int32_t kBeyondAscii = 0x10000;
+
+/// The ASCII code of a key that types something, 8 for backspace, 0 for keys that type nothing.
+[[nodiscard]] std::int32_t KeyOf(const QKeyEvent& event);
+
+/// The piece of a changed text that stands in place of a piece of the text before.
+struct Replacement {
+  int start = 0, removed = 0;
+  QString inserted;
+};
+
+[[nodiscard]] Replacement Compare(const QString& before, const QString& now);
+
+}  // namespace tessarine

@@ -1,0 +1,66 @@
+#include "hosts/windows/message_box.h"
+
+#include <QMessageBox>
+#include <QPushButton>
+#include <vector>
+
+#include "hosts/windows/pointer.h"
+#include "hosts/windows/qt_text.h"
+
+namespace tessarine {
+namespace {
+
+struct AnswerButton {
+  MessageAnswer answer;
+  const char* name;
+  const char* caption;
+  QMessageBox::ButtonRole role;
+};
+
+// The last answers for Escape.
+std::vector<AnswerButton> ButtonsOf(MessageButtons buttons) {
+  const AnswerButton ok{MessageAnswer::Ok, "cmdOK", "OK", QMessageBox::AcceptRole};
+  switch (buttons) {
+    case MessageButtons::OkCancel:
+      return {ok, {MessageAnswer::Cancel, "cmdCancel", "Cancel", QMessageBox::RejectRole}};
+    case MessageButtons::YesNo:
+      return {{MessageAnswer::Yes, "cmdYes", "&Yes", QMessageBox::YesRole},
+              {MessageAnswer::No, "cmdNo", "&No", QMessageBox::NoRole}};
+    default:
+      return {ok};
+  }
+}
+
+}  // namespace
+
+MessageAnswer ShowMessageBox(QWidget* parent, const std::string& text, const std::string& title, MessageButtons buttons,
+                             MessageIcon icon) {
+  const PointerPause pause;
+  QMessageBox box(parent);
+  box.setObjectName(QStringLiteral("MessageBox"));
+  box.setWindowTitle(ToQt(title).trimmed());
+  box.setTextFormat(Qt::PlainText);
+  box.setTextInteractionFlags(Qt::TextSelectableByMouse);
+  box.setText(LinesToQt(text));
+  if (icon == MessageIcon::Exclamation) {
+    box.setIcon(QMessageBox::Warning);
+  } else if (buttons != MessageButtons::Ok) {
+    box.setIcon(QMessageBox::Question);
+  }
+  const std::vector<AnswerButton> answers = ButtonsOf(buttons);
+  std::vector<QAbstractButton*> made;
+  for (const AnswerButton& answer : answers) {
+    QPushButton* button = box.addButton(QLatin1String(answer.caption), answer.role);
+    button->setObjectName(QLatin1String(answer.name));
+    made.push_back(button);
+  }
+  box.setDefaultButton(static_cast<QPushButton*>(made.front()));
+  box.setEscapeButton(made.back());
+  box.exec();
+  for (std::size_t index = 0; index < made.size(); ++index) {
+    if (box.clickedButton() == made[index]) return answers[index].answer;
+  }
+  return answers.back().answer;
+}
+
+}  // namespace tessarine

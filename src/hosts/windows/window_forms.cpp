@@ -1,0 +1,139 @@
+#include "hosts/windows/window_forms.h"
+
+#include <QApplication>
+#include <QEventLoop>
+#include <QScreen>
+#include <algorithm>
+
+#include "hosts/windows/pointer.h"
+
+namespace tessarine {
+
+/// Knows the form only as long as others keep it: the form keeps the frame.
+class WindowForms::FrameOfForm final : public IModelessFrame {
+ public:
+  explicit FrameOfForm(WindowForms& forms) : forms_(forms), alive_(&forms.context_) {}
+
+  void Create(const std::shared_ptr<Form>& form) override {
+    form_ = form;
+    if (alive_) forms_.Know(form);
+  }
+  [[nodiscard]] std::string Caption() const override { return caption_; }
+  void SetCaption(const std::string& caption) override {
+    caption_ = caption;
+    if (FormWindow* window = Window()) window->SetCaption(caption);
+  }
+  [[nodiscard]] bool Visible() const override { return Window() != nullptr; }
+  void SetVisible(bool visible) override {
+    const std::shared_ptr<Form> form = form_.lock();
+    if (!form || !alive_) return;
+    if (visible) {
+      forms_.OpenModeless(*form, &caption_);
+    } else {
+      forms_.CloseModeless(*form);
+    }
+  }
+
+ private:
+  [[nodiscard]] FormWindow* Window() const {
+    const std::shared_ptr<Form> form = form_.lock();
+    return form && alive_ ? forms_.WindowOf(*form) : nullptr;
+  }
+
+  WindowForms& forms_;
+  QPointer<QObject> alive_;
+  std::weak_ptr<Form> form_;
+  std::string caption_;
+};
+
+WindowForms::WindowForms(QWidget* main_window) : main_window_(main_window) {}
+
+WindowForms::~WindowForms() {
+  for (Modeless& entry : modeless_) {
+    entry.window->OnConcealed = nullptr;
+    entry.window = nullptr;
+  }
+}
+
+void WindowForms::ShowModal(Form& form) {
+  const PointerPause pause;
+  FormWindow window(form, DialogParent(), room_);
+  window.setWindowModality(Qt::ApplicationModal);
+  QEventLoop loop;
+  window.OnConcealed = [&loop] { loop.quit(); };
+  modal_.push_back(&window);
+  window.Open();
+  if (OnOpened) OnOpened(window);
+  if (!window.Concealed()) loop.exec(QEventLoop::DialogExec);
+  std::erase(modal_, &window);
+}
+
+void WindowForms::ShowModeless(Form& form) { OpenModeless(form, nullptr); }
+
+void WindowForms::Know(const std::shared_ptr<Form>& form) {
+  std::erase_if(known_, [](const auto& entry) { return entry.expired(); });
+  known_.push_back(form);
+}
+
+void WindowForms::OpenModeless(Form& form, const std::string* caption) {
+  FormWindow* window = WindowOf(form);
+  if (window == nullptr) {
+    std::shared_ptr<Form> kept;
+    for (const auto& entry : known_) {
+      if (const auto known = entry.lock(); known.get() == &form) kept = known;
+    }
+    modeless_.push_back({kept, &form, std::make_unique<FormWindow>(form, DialogParent(), room_)});
+    window = modeless_.back().window.get();
+    window->OnConcealed = [this, window] { Retire(*window); };
+    if (caption != nullptr) window->SetCaption(*caption);
+    window->Open();
+    if (OnOpened) OnOpened(*window);
+    return;
+  }
+  if (caption != nullptr) window->SetCaption(*caption);
+  window->raise();
+}
+
+void WindowForms::CloseModeless(const Form& form) {
+  if (FormWindow* window = WindowOf(form)) window->Conceal();
+}
+
+// The window may be in the middle of an event of its own: it goes when the event loop turns.
+void WindowForms::Retire(const FormWindow& window) {
+  const auto entry =
+      std::ranges::find_if(modeless_, [&](const Modeless& open) { return open.window.get() == &window; });
+  if (entry == modeless_.end()) return;
+  retired_.push_back(std::move(*entry));
+  modeless_.erase(entry);
+  QMetaObject::invokeMethod(
+      &context_, [this] { retired_.clear(); }, Qt::QueuedConnection);
+}
+
+FormWindow* WindowForms::WindowOf(const Form& form) const {
+  for (FormWindow* window : modal_) {
+    if (&window->ShownForm() == &form) return window;
+  }
+  for (const Modeless& entry : modeless_) {
+    if (entry.form == &form) return entry.window.get();
+  }
+  return nullptr;
+}
+
+QWidget* WindowForms::DialogParent() const {
+  QWidget* modal = QApplication::activeModalWidget();
+  return modal != nullptr ? modal : main_window_.data();
+}
+
+QSize WindowForms::ScreenSize() const {
+  if (room_.isValid()) return room_;
+  const QScreen* screen = main_window_ ? main_window_->screen() : QGuiApplication::primaryScreen();
+  return screen->availableGeometry().size();
+}
+
+double WindowForms::ScreenWidth() const { return DialogUnits(QApplication::font()).UnitsAcross(ScreenSize().width()); }
+
+double WindowForms::ScreenHeight() const { return DialogUnits(QApplication::font()).UnitsDown(ScreenSize().height()); }
+
+std::shared_ptr<IModelessFrame> WindowForms::CreateFrame() { return std::make_shared<FrameOfForm>(*this); }
+
+}  // namespace tessarine

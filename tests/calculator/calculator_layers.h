@@ -1,0 +1,77 @@
+// Layers of a map for the tests of the calculator, made and read back by GDAL.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <map>
+#include <memory>
+#include <string>
+
+#include "engine/test_layers.h"
+#include "frame/clsExtension.h"
+#include "helpers/fake_application.h"
+#include "helpers/reported_faults.h"
+#include "helpers/temporary_folder.h"
+#include "helpers/test_host.h"
+#include "hosts/document/document_layer.h"
+#include "hosts/document/map_document.h"
+
+namespace tessarine::testing {
+
+inline const char* const kSquare = "POLYGON ((10 40,10 41,11 41,11 40,10 40))";
+inline const char* const kSquareWithHole =
+    "POLYGON ((10 40,10 41,11 41,11 40,10 40),(10.4 40.4,10.6 40.4,10.6 40.6,10.4 40.6,10.4 40.4))";
+
+class CalculatorTest : public ::testing::Test {
+ protected:
+  TestHost host;
+  ReportedFaults reported;
+  TemporaryFolder folder;
+  std::shared_ptr<FakeApplication> application = std::make_shared<FakeApplication>();
+  std::shared_ptr<MapDocument> document = std::make_shared<MapDocument>();
+  std::shared_ptr<clsExtension> extension = std::make_shared<clsExtension>();
+
+  void SetUp() override {
+    application->document = document;
+    application->extension = extension;
+  }
+
+  std::shared_ptr<DocumentFeatureLayer> Open(const std::string& file, const std::string& name) {
+    auto layer = std::make_shared<DocumentFeatureLayer>();
+    layer->SetName(name);
+    layer->SetFeatureClass(DataSource::Open(folder.Native(file), false)->OpenFeatureClass(""));
+    document->Map().AppendLayer(layer);
+    return layer;
+  }
+
+  // A layer with the fields "name" and "size", in the format of the file's ending.
+  std::shared_ptr<DocumentFeatureLayer> Add(const std::string& file, OGRwkbGeometryType type,
+                                            const std::vector<TestRow>& rows, int epsg = 4326) {
+    const std::string driver = file.ends_with(".shp")    ? "ESRI Shapefile"
+                               : file.ends_with(".gpkg") ? "GPKG"
+                               : file.ends_with(".gdb")  ? "OpenFileGDB"
+                                                         : "GeoJSON";
+    const std::string name = file.substr(0, file.find('.'));
+    WriteLayer({driver, folder.Native(file), name, type, rows, epsg});
+    return Open(file, name);
+  }
+
+  // A row's attributes and geometry as GDAL reads them; "null" for a null.
+  std::map<std::string, std::string> Row(const std::string& file, int number) const {
+    std::map<std::string, std::string> values;
+    const GDALDatasetUniquePtr dataset(GDALDataset::Open(folder.Native(file).c_str(), GDAL_OF_VECTOR));
+    int at = 0;
+    for (const auto& feature : *dataset->GetLayer(0)) {
+      if (at++ != number) continue;
+      for (int index = 0; index < feature->GetFieldCount(); ++index) {
+        values[feature->GetFieldDefnRef(index)->GetNameRef()] =
+            feature->IsFieldSetAndNotNull(index) ? feature->GetFieldAsString(index) : "null";
+      }
+      const OGRGeometry* geometry = feature->GetGeometryRef();
+      values["wkt"] = geometry != nullptr ? geometry->exportToWkt() : "";
+    }
+    return values;
+  }
+};
+
+}  // namespace tessarine::testing

@@ -1,0 +1,156 @@
+#include <gdal_priv.h>
+#include <ogrsf_frmts.h>
+
+#include <csignal>
+#include <nlohmann/json.hpp>
+
+#include "cli/program_run.h"
+
+namespace tessarine::testing {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using nlohmann::json;
+
+GDALDatasetUniquePtr OpenData(const std::string& path) {
+  GDALAllRegister();
+  return GDALDatasetUniquePtr(GDALDataset::Open(path.c_str(), GDAL_OF_VECTOR));
+}
+
+class Calculate : public ProgramTest {
+ protected:
+  void CopyCountries() {
+    for (const char* ending : {".shp", ".shx", ".dbf", ".prj", ".cpg"}) {
+      std::filesystem::copy_file(Data("countries") + ending, In("countries") + ending);
+    }
+  }
+  static double ValueOf(OGRLayer& layer, const char* country, const char* field) {
+    layer.SetAttributeFilter(("name = '" + std::string(country) + "'").c_str());
+    layer.ResetReading();
+    const OGRFeatureUniquePtr row(layer.GetNextFeature());
+    return row ? row->GetFieldAsDouble(field) : std::nan("");
+  }
+};
+
+TEST_F(Calculate, WritesAttributesInPlaceAndNothingElse) {
+  CopyCountries();
+  const ProgramOutcome run = RunTessarine({"calculate", In("countries.shp"), "-m", "Spherical Area", "-m",
+                                           "Sph. Centroid=LON,LAT", "-m", "4=PARTS", "--yes"});
+  ASSERT_EQ(run.status, 0) << run.err;
+  for (const char* words : {"Geometry Calculation Successful:", "  ** Calculated Geometry for All Features (n = 177)",
+                            "       1] Spherical Area: Field Name = [Sph_Area]", "Field Name = [LON]",
+                            "  ** Spheroid Semi-Major (Equatorial) Radius: 6378137 meters"}) {
+    EXPECT_THAT(run.out, HasSubstr(words));
+  }
+  EXPECT_EQ(ReadFile(In("countries.shp")), ReadFile(Data("countries.shp")));
+  EXPECT_EQ(ReadFile(In("countries.shx")), ReadFile(Data("countries.shx")));
+  const auto before = OpenData(Data("countries.shp")), after = OpenData(In("countries.shp"));
+  OGRLayer &old_layer = *before->GetLayer(0), &new_layer = *after->GetLayer(0);
+  const int fields = old_layer.GetLayerDefn()->GetFieldCount();
+  ASSERT_EQ(new_layer.GetLayerDefn()->GetFieldCount(), fields + 4);
+  for (const auto& old_row : old_layer) {
+    const OGRFeatureUniquePtr new_row(new_layer.GetFeature(old_row->GetFID()));
+    for (int field = 0; field < fields; ++field) {
+      EXPECT_STREQ(new_row->GetFieldAsString(field), old_row->GetFieldAsString(field));
+    }
+  }
+  // Areas as published, in square kilometres; the map is generalized, so two percent are granted.
+  EXPECT_NEAR(ValueOf(new_layer, "Brazil", "Sph_Area") / 1e6, 8'515'767, 8'515'767 * 0.02);
+  EXPECT_NEAR(ValueOf(new_layer, "Australia", "Sph_Area") / 1e6, 7'692'024, 7'692'024 * 0.02);
+  EXPECT_NEAR(ValueOf(new_layer, "Australia", "LON"), 134.5, 1.0);
+  EXPECT_NEAR(ValueOf(new_layer, "Australia", "LAT"), -25.6, 1.0);
+  EXPECT_EQ(ValueOf(new_layer, "Australia", "PARTS"), 2);
+}
+
+TEST_F(Calculate, WorksOnACopyInAnyFormat) {
+  for (const char* name : {"copy.shp", "copy.gpkg", "copy.geojson", "copy.gdb/copy"}) {
+    const ProgramOutcome run =
+        RunTessarine({"calculate", Data("countries.shp"), "--all-measures", "-o", In(name), "--yes", "-q"});
+    ASSERT_EQ(run.status, 0) << name << run.err;
+    const std::filesystem::path path(In(name));
+    const auto copy = OpenData(path.parent_path().extension() == ".gdb" ? path.parent_path().string() : path.string());
+    ASSERT_TRUE(copy) << name;
+    EXPECT_EQ(copy->GetLayer(0)->GetFeatureCount(), 177) << name;
+    EXPECT_NEAR(ValueOf(*copy->GetLayer(0), "Brazil", "Sph_Area") / 1e6, 8'515'767, 8'515'767 * 0.02) << name;
+  }
+  EXPECT_EQ(RunTessarine({"calculate", Data("countries.shp"), "--all-measures", "-o", In("copy.gpkg"), "-q"}).status, 2);
+}
+
+TEST_F(Calculate, RefusesWhatTheDialogDoesNotOffer) {
+  CopyCountries();
+  const std::string before = ReadFile(In("countries.dbf"));
+  const auto refused = [&](const std::vector<std::string>& more, const std::string& words) {
+    std::vector<std::string> arguments{"calculate", In("countries.shp")};
+    arguments.insert(arguments.end(), more.begin(), more.end());
+    const ProgramOutcome run = RunTessarine(arguments);
+    EXPECT_EQ(run.status, 2) << run.out;
+    EXPECT_THAT(run.err, HasSubstr(words));
+  };
+  refused({}, "Nothing to calculate");
+  refused({"-m", "Volume"}, "It has: Sph. Area, Sph. Centroid");
+  refused({"-m", "Sph. Centroid=LON"}, "2 fields");
+  refused({"-m", "Sph. Area=name"}, "name");
+  refused({"-m", "Sph. Area", "--spheroid", "Vulcan"}, "Vulcan");
+  EXPECT_EQ(ReadFile(In("countries.dbf")), before);
+  EXPECT_EQ(RunTessarine({"calculate", In("countries.shp"), "--all-measures", "--dry-run", "--yes"}).status, 0);
+  EXPECT_EQ(ReadFile(In("countries.dbf")), before);
+}
+
+// 150,000 polygons of 20 vertices.
+void WriteManyPolygons(const std::string& path) {
+  GDALAllRegister();
+  GDALDriver* driver = GetGDALDriverManager()->GetDriverByName("ESRI Shapefile");
+  GDALDatasetUniquePtr data(driver->Create(path.c_str(), 0, 0, 0, GDT_Unknown, nullptr));
+  OGRSpatialReference reference;
+  reference.SetFromUserInput("EPSG:4326");
+  OGRLayer* layer = data->CreateLayer("many", &reference, wkbPolygon);
+  OGRFieldDefn number("number", OFTInteger), area("Sph_Area", OFTReal);
+  area.SetWidth(16);
+  area.SetPrecision(3);
+  layer->CreateField(&number);
+  layer->CreateField(&area);
+  for (int index = 0; index < 150000; ++index) {
+    OGRLinearRing ring;
+    for (int vertex = 0; vertex < 20; ++vertex) {
+      ring.addPoint(index % 300 - 150 + 0.4 * std::cos(-0.3 * vertex), index % 130 - 65 + 0.4 * std::sin(-0.3 * vertex));
+    }
+    ring.closeRings();
+    OGRPolygon polygon;
+    polygon.addRing(&ring);
+    OGRFeature feature(layer->GetLayerDefn());
+    feature.SetField(0, index);
+    feature.SetGeometry(&polygon);
+    ASSERT_EQ(layer->CreateFeature(&feature), OGRERR_NONE);
+  }
+}
+
+TEST_F(Calculate, AnInterruptLeavesAllRowsAndSaysWhatHappened) {
+  WriteManyPolygons(In("many.shp"));
+  const ProgramOutcome run = RunAndInterrupt(
+      {"calculate", In("many.shp"), "-m", "Sph. Area", "--yes", "--report", In("r.json")}, In("many.dbf"), 1000);
+  EXPECT_EQ(run.status, 1) << run.out << run.err;
+  EXPECT_THAT(run.out, HasSubstr("remature"));
+  const auto data = OpenData(In("many.shp"));
+  ASSERT_TRUE(data);
+  EXPECT_EQ(data->GetLayer(0)->GetFeatureCount(), 150000);
+  EXPECT_EQ(json::parse(ReadFile(In("r.json")))["outcome"], "stopped");
+}
+
+TEST_F(Calculate, AKilledRunLeavesAFileWithAllRows) {
+  WriteManyPolygons(In("many.shp"));
+  (void)RunAndInterrupt({"calculate", In("many.shp"), "-m", "Sph. Area", "--yes"}, In("many.dbf"), 1000, SIGKILL);
+  const auto data = OpenData(In("many.shp"));
+  ASSERT_TRUE(data);
+  OGRLayer& layer = *data->GetLayer(0);
+  EXPECT_EQ(layer.GetFeatureCount(), 150000);
+  int row = 0;
+  for (const auto& feature : layer) {
+    ASSERT_EQ(feature->GetFieldAsInteger("number"), row++);
+    ASSERT_NE(feature->GetGeometryRef(), nullptr);
+  }
+  EXPECT_EQ(row, 150000);
+}
+
+}  // namespace
+}  // namespace tessarine::testing

@@ -1,0 +1,219 @@
+// The view of forms: what the user's input does, and what code's changes show.
+#include <QApplication>
+#include <QCheckBox>
+#include <QClipboard>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListView>
+#include <QPushButton>
+
+#include "tests/hosts/windows/windows_fixture.h"
+
+namespace tessarine {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+class FormWindowTest : public testing::WindowsTest {
+ protected:
+  testing::LogForm form;
+
+  template <class Widget>
+  static Widget& Of(FormWindow& window, const char* name) {
+    return *qobject_cast<Widget*>(window.WidgetOf(name));
+  }
+};
+
+TEST_F(FormWindowTest, TypingGoesThroughTheFilterThenChangesThenLosesTheFocusBeforeAClick) {
+  Show(form, [&](FormWindow& window) {
+    auto& box = Of<QLineEdit>(window, "txtNumber");
+    EXPECT_TRUE(box.hasFocus());
+    EXPECT_THAT(form.TakeLog(), ElementsAre("got txtNumber"));
+    QTest::keyClicks(&box, "a1");
+    EXPECT_THAT(form.TakeLog(), ElementsAre("key 97", "key 49", "change 1 at 1"));
+    QTest::keyClick(&box, Qt::Key_Home);
+    QTest::keyClicks(&box, "2");
+    QTest::keyClick(&box, Qt::Key_Backspace);
+    EXPECT_THAT(form.TakeLog(), ElementsAre("key 50", "change 21 at 1", "key 8", "change 1 at 0"));
+    QTest::mouseClick(window.WidgetOf("cmdOK"), Qt::LeftButton);
+    EXPECT_THAT(form.TakeLog(), ElementsAre("lost txtNumber", "got cmdOK", "ok"));
+    QTest::keyClick(&window, Qt::Key_N, Qt::AltModifier);
+    EXPECT_THAT(form.TakeLog(), ElementsAre("lost cmdOK", "got txtNumber"));
+    QTest::keyClick(&box, Qt::Key_G, Qt::AltModifier);
+    EXPECT_THAT(form.TakeLog(), ElementsAre("lost txtNumber", "got cmdOK", "ok"));
+  });
+}
+
+TEST_F(FormWindowTest, WhatIsPastedOrSetByCodeKeepsTheFilterAndIsShown) {
+  Show(form, [&](FormWindow& window) {
+    auto& box = Of<QLineEdit>(window, "txtNumber");
+    form.txtNumber.SetText("19");
+    form.txtNumber.SetSelStart(1);
+    QApplication::clipboard()->setText("x2y3");
+    window.Flush();
+    EXPECT_EQ(box.text(), "19");
+    box.paste();
+    EXPECT_EQ(form.txtNumber.Text(), "1239");
+    window.Flush();
+    EXPECT_EQ(box.text(), "1239");
+    EXPECT_EQ(box.cursorPosition(), 3);
+    form.txtNumber.SetSelStart(0);
+    form.txtNumber.SetSelLength(2);
+    form.txtNumber.SetEnabled(false);
+    form.lblNumber.SetCaption("&Count:");
+    form.cmdOK.SetVisible(false);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(box.selectedText(), "12");
+    EXPECT_FALSE(box.isEnabled());
+    EXPECT_EQ(Of<QLabel>(window, "lblNumber").text(), "&Count:");
+    EXPECT_FALSE(window.WidgetOf("cmdOK")->isVisible());
+  });
+}
+
+TEST_F(FormWindowTest, ListsAndBoxesTellEachChoiceOnceAndFollowCode) {
+  Show(form, [&](FormWindow& window) {
+    form.TakeLog();
+    auto& list = Of<QListView>(window, "lbxFields");
+    for (const int line : {0, 2, 0}) {
+      QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, list.visualRect(list.model()->index(line, 0)).center());
+    }
+    EXPECT_THAT(form.TakeLog(), ElementsAre("lost txtNumber", "got lbxFields", "fields 1", "fields 2", "fields 1"));
+    form.lbxFields.SetSelected(1, true);
+    form.lbxFields.AddItem("zone");
+    window.Flush();
+    EXPECT_EQ(list.model()->rowCount(), 4);
+    EXPECT_EQ(list.selectionModel()->selectedIndexes().size(), 2);
+    EXPECT_THAT(form.TakeLog(), ElementsAre("fields 2"));
+
+    auto& combo = Of<QComboBox>(window, "cbxKind");
+    combo.setFocus();
+    QTest::keyClicks(&combo, "ab");
+    QTest::keyClick(&combo, Qt::Key_Down);
+    EXPECT_THAT(form.TakeLog(), ElementsAre("lost lbxFields", "got cbxKind", "typed a", "typed ab", "kind point"));
+    form.cbxKind.SetText("area");
+    window.Flush();
+    EXPECT_EQ(combo.currentText(), "area");
+
+    QTest::keyClick(&window, Qt::Key_A, Qt::AltModifier);
+    QTest::keyClick(window.WidgetOf("chkAll"), Qt::Key_Space);
+    form.chkAll.SetValue(CheckBox::kGrayed);
+    window.Flush();
+    EXPECT_EQ(Of<QCheckBox>(window, "chkAll").checkState(), Qt::PartiallyChecked);
+    EXPECT_THAT(form.TakeLog(), ElementsAre("typed area", "lost cbxKind", "got chkAll", "all 1", "all 0", "all 2"));
+  });
+}
+
+TEST_F(FormWindowTest, ReturnIsTheDefaultEscapeTheCancelAndTheTitleBarTheFormsOwnWay) {
+  Show(form, [&](FormWindow& window) {
+    form.TakeLog();
+    QTest::keyClick(window.WidgetOf("txtNumber"), Qt::Key_Return);
+    QTest::keyClick(window.WidgetOf("lbxFields"), Qt::Key_Enter);
+    EXPECT_THAT(form.TakeLog(), ElementsAre("ok", "ok"));
+    form.cmdOK.SetEnabled(false);
+    QTest::keyClick(window.WidgetOf("txtNumber"), Qt::Key_Return);
+    EXPECT_THAT(form.TakeLog(), IsEmpty());
+    QTest::keyClick(window.WidgetOf("txtNumber"), Qt::Key_Escape);
+    EXPECT_TRUE(window.Concealed());
+  });
+  EXPECT_THAT(form.TakeLog(), ElementsAre("cancel", "unload"));
+  Show(form, [&](FormWindow& window) {
+    form.TakeLog();
+    window.close();
+  });
+  EXPECT_THAT(form.TakeLog(), ElementsAre("query unload", "unload"));
+  EXPECT_FALSE(form.Visible());
+}
+
+TEST_F(FormWindowTest, TheUsersSizeLaysTheFormOutAndCodesSizeMovesTheWindow) {
+  Show(form, [&](FormWindow& window) {
+    EXPECT_EQ(window.windowTitle(), "Log:");
+    const DialogUnits units = window.Units();
+    EXPECT_EQ(window.size(), units.Size(200, 120));
+    EXPECT_EQ(window.minimumSize(), units.Size(100, 80));
+    window.resize(units.Size(300, 150));
+    QCoreApplication::processEvents();
+    EXPECT_NEAR(form.Width(), 300, 0.5);
+    EXPECT_NEAR(form.lbxFields.Width(), 140, 0.5);
+    EXPECT_EQ(window.WidgetOf("lbxFields")->width(), units.Rect(7, 24, form.lbxFields.Width(), 60).width());
+    form.Resize(240, 100);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(window.size(), units.Size(240, 100));
+  });
+}
+
+TEST_F(FormWindowTest, AModalFormWaitsAndAFaultInItsEventIsReported) {
+  form.cmdOK.Click = [] { Raise(kInvalidCall, "No layer."); };
+  WhenModal([&](QWidget& dialog) {
+    EXPECT_EQ(dialog.objectName(), "LogForm");
+    Click(dialog, "cmdOK");
+    WhenModal([&](QWidget& errors) {
+      EXPECT_EQ(errors.objectName(), "ErrorDialog");
+      Click(errors, "cmdCopy");
+      Click(errors, "cmdClose");
+      Click(dialog, "cmdCancel");
+    });
+  });
+  form.ShowModal();
+  EXPECT_FALSE(form.Loaded());
+  EXPECT_THAT(QApplication::clipboard()->text().toStdString(),
+              ::testing::AllOf(::testing::HasSubstr("cmdOK"), ::testing::HasSubstr("No layer.")));
+}
+
+TEST_F(FormWindowTest, AModelessFrameKeepsItsFormUntilItsWindowCloses) {
+  auto kept = std::make_shared<testing::LogForm>();
+  const std::weak_ptr<Form> watched = kept;
+  const auto frame = host.CreateModelessFrame();
+  frame->Create(kept);
+  frame->SetCaption(" Current Status:");
+  kept->Load();
+  frame->SetVisible(true);
+  kept->ShowModeless();
+  FormWindow* window = host.FormWindows().WindowOf(*kept);
+  ASSERT_NE(window, nullptr);
+  EXPECT_EQ(window->windowTitle(), "Current Status:");
+  kept = nullptr;
+  QCoreApplication::processEvents();
+  ASSERT_FALSE(watched.expired());
+  EXPECT_TRUE(frame->Visible());
+  window->close();
+  EXPECT_FALSE(frame->Visible());
+  QCoreApplication::processEvents();
+  EXPECT_TRUE(watched.expired());
+  frame->SetVisible(true);  // nothing is there to show
+  EXPECT_FALSE(frame->Visible());
+}
+
+TEST_F(FormWindowTest, DuringARunThePumpReachesTheSuitesWindowsAlone) {
+  QPushButton foreign;
+  int foreign_clicks = 0;
+  QObject::connect(&foreign, &QPushButton::clicked, [&] { ++foreign_clicks; });
+  foreign.show();
+  auto kept = std::make_shared<testing::LogForm>();
+  host.CreateModelessFrame()->Create(kept);
+  kept->ShowModeless();
+  auto* own = host.FormWindows().WindowOf(*kept)->WidgetOf("cmdOK");
+  const auto click = [](QWidget* widget) {
+    for (const QEvent::Type type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+      QCoreApplication::postEvent(
+          widget, new QMouseEvent(type, widget->rect().center(), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier));
+    }
+  };
+  {
+    const WindowHost::RunScope scope(host);
+    EXPECT_TRUE(host.Running());
+    click(&foreign);
+    click(own);
+    host.PumpEvents();
+    EXPECT_EQ(foreign_clicks, 0);
+    EXPECT_EQ(kept->log.back(), "ok");
+  }
+  click(&foreign);
+  host.PumpEvents();
+  EXPECT_EQ(foreign_clicks, 1);
+  kept->Unload();
+}
+
+}  // namespace
+}  // namespace tessarine

@@ -1,0 +1,224 @@
+// The host's own dialogs, its clipboard and its printer.
+#include <QApplication>
+#include <QClipboard>
+#include <QFontMetricsF>
+#include <QLineEdit>
+#include <QListView>
+#include <QListWidget>
+#include <QMimeData>
+#include <QPlainTextEdit>
+#include <QPrinter>
+#include <QPushButton>
+#include <cmath>
+#include <fstream>
+#include <sstream>
+
+#include "engine/data_source.h"
+#include "helpers/temporary_folder.h"
+#include "hosts/windows/browse_dialog.h"
+#include "hosts/windows/printer.h"
+#include "support/frmReport_modal.h"
+#include "support/rtf_printing.h"
+#include "tests/hosts/windows/windows_fixture.h"
+
+namespace tessarine {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+
+class HostDialogsTest : public testing::WindowsTest {
+ protected:
+  testing::TemporaryFolder folder;
+
+  static void Double(QWidget& dialog, const char* name) {
+    auto* list = dialog.findChild<QListWidget*>("lbxItems");
+    const auto found = list->findItems(QLatin1String(name), Qt::MatchExactly);
+    ASSERT_EQ(found.size(), 1) << name;
+    Q_EMIT list->itemActivated(found.first());
+  }
+  static std::vector<std::string> Lines(QWidget& dialog) {
+    std::vector<std::string> lines;
+    const auto* list = dialog.findChild<QListWidget*>("lbxItems");
+    for (int row = 0; row < list->count(); ++row) lines.push_back(list->item(row)->text().toStdString());
+    return lines;
+  }
+  static void Type(QWidget& dialog, const char* name, const std::string& text) {
+    auto* box = dialog.findChild<QLineEdit*>(QLatin1String(name));
+    box->clear();
+    QTest::keyClicks(box, ToQt(text));
+  }
+  // A geodatabase with a class at its root and one in a dataset.
+  void MakeGeodatabase() const {
+    const std::string gdb = folder.Native("world.gdb");
+    CreateFileGeodatabase(gdb);
+    PromiseFeatureDataset(gdb, "places", SpatialReferenceEnvironment::CreateFromText("EPSG:4326"));
+    const auto workspace = CreateFileGDBWorkspaceFactory()->OpenFromFile(FromNativePath(gdb), 0);
+    const auto source = DataSource::Open(TESSARINE_TEST_DATA "/cities.shp", false)->OpenFeatureClass("");
+    const auto fields = source->Fields();
+    (void)workspace->CreateFeatureClass("towns", fields, nullptr, nullptr, esriFTSimple, "Shape", "");
+    (void)workspace->OpenFeatureDataset("places")->CreateFeatureClass("cities", fields, nullptr, nullptr, esriFTSimple,
+                                                                      "Shape", "");
+  }
+};
+
+TEST_F(HostDialogsTest, MessageBoxesAnswerAsTheUserDoes) {
+  const auto answer = [&](MessageButtons buttons, Qt::Key key) {
+    WhenModal([&, key](QWidget& box) {
+      EXPECT_EQ(box.windowTitle(), "Invalid Value:");
+      QTest::keyClick(&box, key);
+    });
+    return host.MessageBox().Show("One.\r\nTwo.", " Invalid Value:", buttons);
+  };
+  EXPECT_EQ(answer(MessageButtons::Ok, Qt::Key_Escape), MessageAnswer::Ok);
+  EXPECT_EQ(answer(MessageButtons::OkCancel, Qt::Key_Return), MessageAnswer::Ok);
+  EXPECT_EQ(answer(MessageButtons::OkCancel, Qt::Key_Escape), MessageAnswer::Cancel);
+  EXPECT_EQ(answer(MessageButtons::YesNo, Qt::Key_Return), MessageAnswer::Yes);
+  EXPECT_EQ(answer(MessageButtons::YesNo, Qt::Key_Escape), MessageAnswer::No);
+}
+
+TEST_F(HostDialogsTest, FaultReportsCollectUntilTheUserClosesTheirWindow) {
+  const auto dialog = host.CreateErrorDialog();
+  for (const char* text : {"first\r\n", "second"}) {
+    dialog->AppendErrorText(text);
+    dialog->SetVisible(true);
+  }
+  QWidget* window = QApplication::activeModalWidget();
+  ASSERT_NE(window, nullptr);
+  auto* text = window->findChild<QPlainTextEdit*>("txtError");
+  EXPECT_EQ(text->toPlainText(), "first\n\nsecond");
+  text->selectAll();
+  EXPECT_TRUE(text->textCursor().hasSelection());
+  EXPECT_TRUE(text->isReadOnly());
+  window->close();
+  dialog->AppendErrorText("third");
+  dialog->SetVisible(true);
+  EXPECT_EQ(text->toPlainText(), "third");
+}
+
+TEST_F(HostDialogsTest, AReportIsCopiedAsRtfHtmlAndPlainText) {
+  frmReport_modal report;
+  const std::string rtf = "{\\rtf1\\ansi\\pard\\b Area\\b0\\par 5 < 7 km\\u178?\\par}";
+  report.txtReport.SetTextRTF(rtf);
+  Show(report, [&](FormWindow& window) { Click(window, "cmdCopy"); });
+  const QMimeData* data = QApplication::clipboard()->mimeData();
+  EXPECT_EQ(data->data("text/rtf").toStdString(), rtf);
+  EXPECT_EQ(data->text().trimmed(), ToQt("Area\n5 < 7 km²"));
+  EXPECT_THAT(data->html().toStdString(), HasSubstr("5 &lt; 7 km²"));
+}
+
+TEST_F(HostDialogsTest, PrintingFillsPageAfterPage) {
+  constexpr int kLines = 200;
+  std::string rtf = "{\\rtf1\\ansi\\pard\\fs17 ";
+  for (int line = 1; line <= kLines; ++line) rtf += "line " + std::to_string(line) + "\\par ";
+  auto device = std::make_unique<QPrinter>(QPrinter::HighResolution);
+  device->setOutputFormat(QPrinter::PdfFormat);
+  device->setPageSize(QPageSize(QPageSize::Letter));
+  device->setOutputFileName(ToQt(folder.Native("report.pdf")));
+  QFont font(QStringLiteral("Arial"));
+  font.setPointSizeF(8.5);
+  const double line_height = QFontMetricsF(font, device.get()).lineSpacing() / device->logicalDpiY();
+  WindowPrinter printer(std::move(device));
+  EXPECT_NEAR(printer.PageWidth(), 8.5 * 1440, 20);
+  EXPECT_NEAR(printer.PageHeight(), 11 * 1440, 20);
+  MyGeneralOperations::PrintRTF(rtf + "}", printer, 1440, 1440, 1440, 1440);
+
+  std::ifstream file(folder.Native("report.pdf"), std::ios::binary);
+  std::stringstream bytes;
+  bytes << file.rdbuf();
+  const std::string pdf = bytes.str();
+  int pages = 0;
+  for (std::size_t at = pdf.find("/Type /Page\n"); at != std::string::npos; at = pdf.find("/Type /Page\n", at + 1))
+    ++pages;
+  // Nine inches of text on each page, and the empty paragraph at the end.
+  EXPECT_EQ(pages, static_cast<int>(std::ceil((kLines + 1) / std::floor(9.0 / line_height))));
+}
+
+TEST_F(HostDialogsTest, BrowsingWalksFoldersAndGeodatabasesAndTakesTypedNames) {
+  MakeGeodatabase();
+  folder.Write("roads.shp");
+  folder.Write("roads.dbf");
+  folder.Write("notes.txt");
+  std::filesystem::create_directory(folder.Native("sub"));
+  const auto browse = [&](auto user) {
+    const auto dialog = host.CreateGxDialog();
+    dialog->AddFilter(GxFilter::FeatureClasses, true);
+    dialog->SetStartingLocation(folder.Path());
+    dialog->SetName(folder.Path("Output.shp"));
+    WhenModal([user](QWidget& window) { user(window); });
+    if (!dialog->DoModalSave(0)) return std::string("cancelled");
+    const auto place = dialog->FinalLocation();
+    const auto dataset = Cast<IGxDataset>(place);
+    return place->Category() + "|" + place->FullName() + "|" + dialog->Name() +
+           (dataset ? "|" + dataset->Dataset()->Name() : "");
+  };
+  EXPECT_EQ(browse([](QWidget& window) {
+              EXPECT_THAT(Lines(window), ElementsAre("sub", "world.gdb", "roads.shp"));
+              EXPECT_EQ(window.findChild<QLineEdit*>("txtName")->text(), "Output.shp");
+              Type(window, "txtName", "lakes");
+              QTest::keyClick(&window, Qt::Key_Return);
+            }),
+            "Folder|" + folder.Path() + "|lakes.shp");
+  EXPECT_EQ(browse([](QWidget& window) {
+              Double(window, "world.gdb");
+              EXPECT_THAT(Lines(window), ElementsAre("places", "towns"));
+              Double(window, "places");
+              EXPECT_THAT(Lines(window), ElementsAre("cities"));
+              Type(window, "txtName", "lakes");
+              Click(window, "cmdEnter");
+            }),
+            "File Geodatabase Feature Dataset|" + folder.Path("world.gdb") + "\\places|lakes|places");
+  EXPECT_EQ(browse([&](QWidget& window) {
+              Type(window, "txtName", folder.Native("world.gdb") + "/rivers");
+              Click(window, "cmdEnter");
+            }),
+            "File Geodatabase|" + folder.Path("world.gdb") + "|rivers");
+  EXPECT_EQ(browse([](QWidget& window) {
+              Double(window, "sub");
+              Click(window, "cmdUp");
+              Click(window, "cmdCancel");
+            }),
+            "cancelled");
+}
+
+TEST_F(HostDialogsTest, OpeningGivesTheDataThatWasChosen) {
+  MakeGeodatabase();
+  const auto dialog = host.CreateGxDialog();
+  dialog->AddFilter(GxFilter::Tables, false);
+  dialog->AddFilter(GxFilter::FeatureClasses, true);
+  dialog->SetAllowMultiSelect(true);
+  dialog->SetStartingLocation(folder.Path("world.gdb"));
+  WhenModal([](QWidget& window) {
+    Double(window, "places");
+    Type(window, "txtName", "Cities");
+    Click(window, "cmdEnter");
+  });
+  std::vector<std::shared_ptr<IGxObject>> chosen;
+  ASSERT_TRUE(dialog->DoModalOpen(0, chosen));
+  ASSERT_EQ(chosen.size(), 1U);
+  EXPECT_EQ(chosen.front()->Category(), "File Geodatabase Feature Class");
+  EXPECT_EQ(Cast<IGxDataset>(chosen.front())->Dataset()->Name(), "cities");
+}
+
+TEST_F(HostDialogsTest, AReferenceIsFoundByWordsOrDefinedByItsText) {
+  const auto dialog = host.CreateSpatialReferenceDialog();
+  const auto choose = [&](const char* typed, int line) {
+    WhenModal([typed, line](QWidget& window) {
+      Type(window, "txtSearch", typed);
+      auto* list = window.findChild<QListView*>("lbxReferences");
+      if (line >= 0) list->setCurrentIndex(list->model()->index(line, 0));
+      Click(window, window.findChild<QPushButton*>("cmdOK")->isEnabled() ? "cmdOK" : "cmdCancel");
+    });
+    return dialog->DoModalCreate(0);
+  };
+  const SpatialReferenceRef utm = choose("wgs utm 12N", 0);
+  ASSERT_TRUE(utm);
+  EXPECT_THAT(utm->Name(), ::testing::AllOf(HasSubstr("WGS"), HasSubstr("UTM zone 12N")));
+  EXPECT_EQ(choose("EPSG:4326", -1)->FactoryCode(), 4326);
+  EXPECT_EQ(choose("+proj=nonsense", -1), nullptr);
+  dialog->SetInitial(utm);
+  EXPECT_EQ(choose("", -1), utm);
+}
+
+}  // namespace
+}  // namespace tessarine

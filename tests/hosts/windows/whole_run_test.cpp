@@ -1,0 +1,97 @@
+// Whole pieces of work in windows: a conversion from its dialog to its report, and the progress of a long run.
+#include <QLabel>
+#include <QLineEdit>
+#include <QTextEdit>
+
+#include "frame/clsExtension.h"
+#include "helpers/fake_application.h"
+#include "helpers/temporary_folder.h"
+#include "hosts/document/document_application.h"
+#include "hosts/document/document_file.h"
+#include "platform/paths.h"
+#include "support/frmOrlProgressMeter.h"
+#include "support/progress_bail_out.h"
+#include "tests/hosts/windows/windows_fixture.h"
+
+namespace tessarine {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+
+using WholeRunTest = testing::WindowsTest;
+
+TEST_F(WholeRunTest, AConversionGoesFromItsDialogToItsReport) {
+  const testing::TemporaryFolder folder;
+  const auto document = ReadDocumentFile(TESSARINE_TEST_DATA "/graphics.json");
+  const auto application = std::make_shared<DocumentApplication>(document, std::make_shared<testing::FakeStatusBar>());
+  application->Start();
+  std::vector<std::string> opened;
+  std::string report;
+  host.FormWindows().OnOpened = [&](FormWindow& window) {
+    opened.push_back(window.ShownForm().Name());
+    (void)QTest::qWaitForWindowActive(&window);
+    if (opened.size() == 1) {
+      auto* output = qobject_cast<QLineEdit*>(window.WidgetOf("txtOutput"));
+      output->selectAll();
+      QTest::keyClicks(output, ToQt(folder.Native("vertices.shp")));
+      EXPECT_EQ(window.ShownForm().FindAs<TextBox>("txtOutput")->Text(), folder.Path("vertices.shp"));
+      EXPECT_EQ(output->text().toStdString(), folder.Native("vertices.shp"));
+      Click(window, "cmdSelFields");
+      Click(window, "cmdOK");
+    } else {
+      report = qobject_cast<QTextEdit*>(window.WidgetOf("txtReport"))->toPlainText().toStdString();
+      QTest::keyClick(&window, Qt::Key_Escape);
+    }
+    EXPECT_TRUE(window.Concealed());
+  };
+  {
+    const WindowHost::RunScope scope(host);
+    EXPECT_TRUE(application->Click("Tessarine.clsShapesToVertices"));
+  }
+  application->Stop();
+  EXPECT_THAT(opened, ElementsAre("frmLayerFields", "frmReport_modal"));
+  EXPECT_THAT(report, HasSubstr(folder.Native("vertices.shp")));
+  EXPECT_TRUE(folder.Has("vertices.dbf"));
+}
+
+TEST_F(WholeRunTest, TheProgressWindowStopsTheRunAndShowsOrHidesItsLog) {
+  const auto application = std::make_shared<testing::FakeApplication>();
+  application->extension = std::make_shared<clsExtension>();
+  const auto form = std::make_shared<frmOrlProgressMeter>();
+  form->SetShouldContinue(true);
+  form->SetProgBeginTime(host.Clock().Now());
+  form->SetProgRecCount(1000);
+  form->Load();
+  form->Frame()->SetVisible(true);
+  form->ShowModeless();
+  FormWindow& window = *host.FormWindows().WindowOf(*form);
+  const WindowHost::RunScope scope(host);
+  const int small = window.height();
+  Click(window, "cmdDetails");
+  host.PumpEvents();
+  EXPECT_GT(window.height(), small);
+  EXPECT_TRUE(window.WidgetOf("txtDetails")->isVisible());
+
+  std::int32_t record = 500;
+  form->Est_Time_Left(record, "Calculating...", "");
+  form->AppendDetails("half\r\ndone");
+  form->Refresh();
+  const QWidget& bar = *window.WidgetOf("icnProgressLine");
+  EXPECT_NEAR(2.0 * bar.width(), window.WidgetOf("pct_barBorder")->width(), 12);
+  EXPECT_EQ(qobject_cast<QLabel*>(window.WidgetOf("lblPercentDone"))->text(), "(50%)");
+  EXPECT_EQ(qobject_cast<QTextEdit*>(window.WidgetOf("txtDetails"))->toPlainText(), "half\ndone");
+  const QString clock = qobject_cast<QLabel*>(window.WidgetOf("lblCurrentTime"))->text();
+  QTest::qWait(600);
+  EXPECT_NE(qobject_cast<QLabel*>(window.WidgetOf("lblCurrentTime"))->text(), clock);
+
+  EXPECT_FALSE(MyGeneralOperations::BailOutOfProgress(form, application));
+  Click(window, "chkClose");
+  Click(window, "cmdStop");
+  EXPECT_TRUE(MyGeneralOperations::BailOutOfProgress(form, application));
+  EXPECT_TRUE(window.Concealed());
+  EXPECT_FALSE(form->Frame()->Visible());
+}
+
+}  // namespace
+}  // namespace tessarine
