@@ -25,10 +25,8 @@ struct Body {
   double a, b;
 };
 constexpr Body kBodies[] = {
-    {"WGS 1984", 6378137.0, 6356752.31424518},
-    {"Sphere", 6371000.0, 6371000.0},
-    {"Mars 2000", 3396190.0, 3376200.0},
-    {"Jupiter 2000", 71492000.0, 66854000.0},
+    {"WGS 1984", 6378137.0, 6356752.31424518}, {"Sphere", 6371000.0, 6371000.0},
+    {"Mars 2000", 3396190.0, 3376200.0},       {"Jupiter 2000", 71492000.0, 66854000.0},
     {"Flattened 1/5", 6378137.0, 5102509.6},
 };
 
@@ -72,8 +70,8 @@ struct Errors {
 
 Errors ErrorsOf(const Body& body, const Geodesic& exact, const Pair& pair) {
   double azimuth1 = 0.0, azimuth2 = 0.0, exact1 = 0.0, exact2 = 0.0, exact_distance = 0.0;
-  const double distance = geodesy::DistanceVincentyNumbers2(pair.lon1, pair.lat1, pair.lon2, pair.lat2, azimuth1,
-                                                            azimuth2, body.a, body.b);
+  const double distance =
+      geodesy::DistanceVincentyNumbers2(pair.lon1, pair.lat1, pair.lon2, pair.lat2, azimuth1, azimuth2, body.a, body.b);
   exact.Inverse(pair.lat1, pair.lon1, pair.lat2, pair.lon2, exact_distance, exact1, exact2);
   return {std::fabs(distance - exact_distance) * kEarthRadius / body.a,
           std::max(std::fabs(std::remainder(azimuth1 - exact1, 360.0)),
@@ -82,9 +80,9 @@ Errors ErrorsOf(const Body& body, const Geodesic& exact, const Pair& pair) {
 
 // The angle between the second end and the antipode of the first, in degrees.
 double FromAntipode(const Pair& pair) {
-  const double cosine = std::sin(pair.lat1 * kDegree) * std::sin(pair.lat2 * kDegree) +
-                        std::cos(pair.lat1 * kDegree) * std::cos(pair.lat2 * kDegree) *
-                            std::cos((pair.lon2 - pair.lon1) * kDegree);
+  const double cosine =
+      std::sin(pair.lat1 * kDegree) * std::sin(pair.lat2 * kDegree) +
+      std::cos(pair.lat1 * kDegree) * std::cos(pair.lat2 * kDegree) * std::cos((pair.lon2 - pair.lon1) * kDegree);
   return 180.0 - std::acos(std::clamp(cosine, -1.0, 1.0)) / kDegree;
 }
 
@@ -112,8 +110,9 @@ Errors SeriesErrors(const Body& body, const Geodesic& exact) {
 bool Fails(const Errors& errors, const Errors& series) { return errors.distance > 2.0 * series.distance; }
 
 void PrintAnywhere() {
-  std::printf("| body | flattening | worst distance outside the zone | worst azimuth outside | pairs inside | "
-              "farthest of them from the antipode |\n|---|---|---|---|---|---|\n");
+  std::printf(
+      "| body | flattening | worst distance outside the zone | worst azimuth outside | pairs inside | "
+      "farthest of them from the antipode |\n|---|---|---|---|---|---|\n");
   for (const Body& body : kBodies) {
     const Geodesic exact(body.a, (body.a - body.b) / body.a);
     const Errors series = SeriesErrors(body, exact);

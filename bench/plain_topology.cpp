@@ -30,16 +30,16 @@ int main(int argc, char** argv) {
   OGRLayer* input = source->GetLayer(0);
   std::vector<GEOSGeometry*> shapes;
   for (const OGRFeatureUniquePtr& feature : input) shapes.push_back(feature->GetGeometryRef()->exportToGEOS(geos));
-  GEOSGeometry* all = GEOSGeom_createCollection_r(geos, GEOS_GEOMETRYCOLLECTION, shapes.data(),
-                                                  static_cast<unsigned>(shapes.size()));
+  GEOSGeometry* all =
+      GEOSGeom_createCollection_r(geos, GEOS_GEOMETRYCOLLECTION, shapes.data(), static_cast<unsigned>(shapes.size()));
   GEOSGeometry* joined = GEOSUnaryUnion_r(geos, all);
   GEOSGeom_destroy_r(geos, all);
 
   GDALDriver* driver = GetGDALDriverManager()->GetDriverByName("ESRI Shapefile");
   GDALDatasetUniquePtr target(driver->Create(argv[3], 0, 0, 0, GDT_Unknown, nullptr));
-  OGRLayer* output = target->CreateLayer("result", input->GetSpatialRef(),
-                                         polygonize || GEOSGeom_getDimensions_r(geos, joined) == 2 ? wkbPolygon
-                                                                                                   : wkbLineString);
+  OGRLayer* output =
+      target->CreateLayer("result", input->GetSpatialRef(),
+                          polygonize || GEOSGeom_getDimensions_r(geos, joined) == 2 ? wkbPolygon : wkbLineString);
   OGRFieldDefn number("number", OFTInteger);
   output->CreateField(&number);
   if (!polygonize) {

@@ -33,7 +33,8 @@ int main(int argc, char** argv) {
   GDALDatasetUniquePtr target(driver->Create(argv[2], 0, 0, 0, GDT_Unknown, nullptr));
   OGRLayer* input = source->GetLayer(0);
   OGRLayer* output = target->CreateLayer("vertices", input->GetSpatialRef(), wkbPoint);
-  OGRFieldDefn number("Uniq_ID", OFTInteger), x("X_Coord", OFTReal), y("Y_Coord", OFTReal), carried("number", OFTInteger);
+  OGRFieldDefn number("Uniq_ID", OFTInteger), x("X_Coord", OFTReal), y("Y_Coord", OFTReal),
+      carried("number", OFTInteger);
   for (OGRFieldDefn* field : {&x, &y}) field->SetWidth(16), field->SetPrecision(8);
   for (OGRFieldDefn* field : {&number, &x, &y, &carried}) output->CreateField(field);
   int next = 1;

@@ -51,12 +51,14 @@ frmGeometry::frmGeometry()
 void frmGeometry::LayOut() {
   SetSize(420, 326);
   SetMinimumSize(380, 310);
+  imgLayers.SetResourceId(203);
   imgLayers.Move(7, 6, 10, 10);
   lbSelFeatureType.Move(20, 7, 240, 9);
   lbxLayers.Move(7, 18, 200, 58);
   txtMessage.Move(213, 18, 200, 58);
   optAll.Move(7, 81, 200, 11);
   optSel.Move(213, 81, 200, 11);
+  imgOptions.SetResourceId(204);
   imgOptions.Move(7, 99, 10, 10);
   lblSelGeometry.Move(20, 100, 115, 9);
   lblFields.Move(141, 100, 272, 9);
@@ -91,21 +93,23 @@ void frmGeometry::LayOut() {
 }
 
 void frmGeometry::AnchorControls() {
-  struct Placed {
-    Control& control;
-    AnchorTypes x, y;
-  };
-  const Placed placed[] = {
-      {imgLayers, enumStartSize, enumStartSize}, {lbSelFeatureType, enumStartSize, enumStartSize},
-      {lbxLayers, enumNone, enumStartEnd},       {txtMessage, enumNone, enumStartEnd},
-      {optAll, enumNone, enumSizeEnd},           {optSel, enumNone, enumSizeEnd},
-      {imgOptions, enumStartSize, enumSizeEnd},  {lblSelGeometry, enumStartSize, enumSizeEnd},
-      {lblFields, enumNone, enumSizeEnd},        {Line1, enumStartEnd, enumSizeEnd},
-      {cmdAdvanced, enumStartSize, enumSizeEnd}, {lblSpheroidOptions, enumStartEnd, enumSizeEnd},
-      {cmdManual, enumStartSize, enumSizeEnd},   {cmdOK, enumSizeEnd, enumSizeEnd},
+  anchors_.Hold({
+      {imgLayers, enumStartSize, enumStartSize},
+      {lbSelFeatureType, enumStartSize, enumStartSize},
+      {lbxLayers, enumNone, enumStartEnd},
+      {txtMessage, enumNone, enumStartEnd},
+      {optAll, enumNone, enumSizeEnd},
+      {optSel, enumNone, enumSizeEnd},
+      {imgOptions, enumStartSize, enumSizeEnd},
+      {lblSelGeometry, enumStartSize, enumSizeEnd},
+      {lblFields, enumNone, enumSizeEnd},
+      {Line1, enumStartEnd, enumSizeEnd},
+      {cmdAdvanced, enumStartSize, enumSizeEnd},
+      {lblSpheroidOptions, enumStartEnd, enumSizeEnd},
+      {cmdManual, enumStartSize, enumSizeEnd},
+      {cmdOK, enumSizeEnd, enumSizeEnd},
       {cmdCancel, enumSizeEnd, enumSizeEnd},
-  };
-  for (const Placed& row : placed) anchors_.Item(row.control).SetAnchors(row.x, row.y);
+  });
   for (CheckBox* box : boxes_) anchors_.Item(*box).SetAnchors(enumNone, enumSizeEnd);
   for (ComboBox* combo : combos_) anchors_.Item(*combo).SetAnchors(enumNone, enumSizeEnd);
   anchors_.SetForm(*this);

@@ -18,9 +18,9 @@ namespace modCreateVertices {
 
 /// The words of a run, in the order in which a person meets them.
 struct RunWords {
-  std::string_view StatusLeadIn;     ///< the layer's name follows
+  std::string_view StatusLeadIn;  ///< the layer's name follows
   std::string_view ActionText;
-  std::string_view RepeatedAction;   ///< the action text inside the loop
+  std::string_view RepeatedAction;  ///< the action text inside the loop
   std::string_view NamePrompt;
   std::string_view SkippedHeading;
   std::string_view ReportTitle;
@@ -50,7 +50,7 @@ struct ConversionRun {
   std::span<const ShapeRule> Rules;
   /// The progress dialog is shown when the count of records exceeds this.
   std::int32_t ProgressThreshold;
-  bool ReportsSkipped;         ///< the report lists features without a shape
+  bool ReportsSkipped;  ///< the report lists features without a shape
   bool FlushesEachFeature;
   RunWords Words;
   std::unique_ptr<ConversionStep> (*MakeStep)(const StepContext& context);

@@ -60,8 +60,7 @@ FieldTransfer FieldTransfer::BesideChosen(std::span<const std::string_view> meas
   return {FreeName(kUniqueId, taken), FreeNames(measures, taken), chosen};
 }
 
-FieldTransfer::FieldTransfer(std::string unique_id_name, std::vector<std::string> measure_names,
-                             const VarArray& chosen)
+FieldTransfer::FieldTransfer(std::string unique_id_name, std::vector<std::string> measure_names, const VarArray& chosen)
     : unique_id_name_(std::move(unique_id_name)), measure_names_(std::move(measure_names)) {
   output_fields_->Add(NewUniqueIdField(unique_id_name_));
   for (const std::string& name : measure_names_) output_fields_->Add(NewMeasureField(name));

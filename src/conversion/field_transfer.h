@@ -20,8 +20,8 @@ class FieldTransfer {
  public:
   /// Own fields that give way to the input class: one whose name the class already bears becomes name_2, name_3 and
   /// so on. `measures` are the base names of the double fields behind `Uniq_ID`.
-  [[nodiscard]] static FieldTransfer BesideInput(const IFeatureClass& input,
-                                                 std::span<const std::string_view> measures, const VarArray& chosen);
+  [[nodiscard]] static FieldTransfer BesideInput(const IFeatureClass& input, std::span<const std::string_view> measures,
+                                                 const VarArray& chosen);
   /// Own fields that give way to the chosen fields alone, whose names are compared with case.
   [[nodiscard]] static FieldTransfer BesideChosen(std::span<const std::string_view> measures, const VarArray& chosen);
 

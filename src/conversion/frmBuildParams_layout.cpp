@@ -146,12 +146,8 @@ void frmBuildParams::Form_Load() {
     SetTopmost(true);
     MoveTo(Host().Forms().ScreenWidth() / 2 - Width() / 2, Host().Forms().ScreenHeight() / 3 - Height() / 3);
     if (!extension_) extension_ = FindExtension(application_);
-    struct Placed {
-      Control& control;
-      AnchorTypes x, y;
-    };
     // The left column keeps its width; lists and texts take the height, the right column the width.
-    const Placed placed[] = {
+    anchors_.Hold({
         {lblLayer, enumStartSize, enumStartSize},        {lbxLayers, enumStartSize, enumStartSize},
         {framePolylines, enumStartSize, enumStartSize},  {lblTolerance, enumStartSize, enumStartSize},
         {txtCluster, enumStartSize, enumStartSize},      {lblUnits, enumStartSize, enumStartSize},
@@ -163,8 +159,7 @@ void frmBuildParams::Form_Load() {
         {txtOutput, enumStartEnd, enumSizeEnd},          {cmdGetWorkspace, enumSizeEnd, enumSizeEnd},
         {cmdManual, enumStartSize, enumSizeEnd},         {cmdOK, enumSizeEnd, enumSizeEnd},
         {cmdCancel, enumSizeEnd, enumSizeEnd},
-    };
-    for (const Placed& row : placed) anchors_.Item(row.control).SetAnchors(row.x, row.y);
+    });
     anchors_.SetForm(*this);
   });
 }

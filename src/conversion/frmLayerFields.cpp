@@ -71,9 +71,9 @@ void frmLayerFields::LayOut() {
   txtOutput.SetBackColor(kWindowBackground);
 
   std::int32_t tab_index = 0;
-  const std::array<Control*, 14> tab_order = {&lblLayer,  &lbxLayers,  &optAll,        &optSel,    &lblFields,
-                                              &lbxFields, &cmdSelFields, &txtMessage,  &lblOutputName, &txtOutput,
-                                              &cmdGetWorkspace, &cmdManual, &cmdOK,    &cmdCancel};
+  const std::array<Control*, 14> tab_order = {&lblLayer,        &lbxLayers,    &optAll,     &optSel,        &lblFields,
+                                              &lbxFields,       &cmdSelFields, &txtMessage, &lblOutputName, &txtOutput,
+                                              &cmdGetWorkspace, &cmdManual,    &cmdOK,      &cmdCancel};
   for (Control* control : tab_order) control->SetTabIndex(tab_index++);
 }
 
@@ -156,7 +156,9 @@ void frmLayerFields::cmdSelFields_Click() {
   });
 }
 
-void frmLayerFields::optAll_Click() { Trap("optAll_Click", [this] { UpdateOkState(); }); }
+void frmLayerFields::optAll_Click() {
+  Trap("optAll_Click", [this] { UpdateOkState(); });
+}
 
 void frmLayerFields::txtOutput_Change() {
   Trap("txtOutput_Change", [this] { FollowTypedPath(txtOutput.Text(), output_); });
@@ -208,20 +210,22 @@ void frmLayerFields::Form_Load() {
     SetTopmost(true);
     MoveTo(Host().Forms().ScreenWidth() / 2 - Width() / 2, Host().Forms().ScreenHeight() / 3 - Height() / 3);
     if (!extension_) extension_ = FindExtension(application_);
-    struct Placed {
-      Control& control;
-      AnchorTypes x, y;
-    };
-    const Placed placed[] = {
-        {lblLayer, enumStartSize, enumStartSize},    {lbxLayers, enumNone, enumStartEnd},
-        {lblFields, enumNone, enumStartSize},        {lbxFields, enumNone, enumStartEnd},
-        {cmdSelFields, enumNone, enumSizeEnd},       {optAll, enumStartSize, enumSizeEnd},
-        {optSel, enumStartSize, enumSizeEnd},        {txtMessage, enumStartEnd, enumSizeEnd},
-        {lblOutputName, enumStartSize, enumSizeEnd}, {txtOutput, enumStartEnd, enumSizeEnd},
-        {cmdGetWorkspace, enumSizeEnd, enumSizeEnd}, {cmdManual, enumStartSize, enumSizeEnd},
-        {cmdOK, enumSizeEnd, enumSizeEnd},           {cmdCancel, enumSizeEnd, enumSizeEnd},
-    };
-    for (const Placed& row : placed) anchors_.Item(row.control).SetAnchors(row.x, row.y);
+    anchors_.Hold({
+        {lblLayer, enumStartSize, enumStartSize},
+        {lbxLayers, enumNone, enumStartEnd},
+        {lblFields, enumNone, enumStartSize},
+        {lbxFields, enumNone, enumStartEnd},
+        {cmdSelFields, enumNone, enumSizeEnd},
+        {optAll, enumStartSize, enumSizeEnd},
+        {optSel, enumStartSize, enumSizeEnd},
+        {txtMessage, enumStartEnd, enumSizeEnd},
+        {lblOutputName, enumStartSize, enumSizeEnd},
+        {txtOutput, enumStartEnd, enumSizeEnd},
+        {cmdGetWorkspace, enumSizeEnd, enumSizeEnd},
+        {cmdManual, enumStartSize, enumSizeEnd},
+        {cmdOK, enumSizeEnd, enumSizeEnd},
+        {cmdCancel, enumSizeEnd, enumSizeEnd},
+    });
     anchors_.SetForm(*this);
   });
 }

@@ -31,9 +31,7 @@ class OutputWriter final : public ConversionSink {
   void BeginFeature(const IFeature& input) { transfer_.CopyAttributes(input, *buffer_); }
 
   void SetShape(const GeometryRef& shape) override { buffer_->SetShape(shape); }
-  void SetMeasure(std::size_t index, double value) override {
-    buffer_->SetValue(transfer_.MeasureIndex(index), value);
-  }
+  void SetMeasure(std::size_t index, double value) override { buffer_->SetValue(transfer_.MeasureIndex(index), value); }
   void Insert() override {
     buffer_->SetValue(transfer_.UniqueIdIndex(), ++count_);
     InsertUnnumbered();
@@ -121,8 +119,8 @@ std::string RunConversion(const ConversionRun& run, const std::shared_ptr<IFeatu
     const esriGeometryType input_type = input.features->ShapeType();
     const ShapeRule rule = RuleFor(run, input_type);
     FieldTransfer transfer = FieldTransfer::BesideInput(*input.features, rule.MeasureFields, *fields);
-    const std::shared_ptr<IFeatureClass> output = CreateRunOutput(
-        target, rule.Output, frame.reference, frame.extent, transfer.OutputFields(), run.Words.NamePrompt);
+    const std::shared_ptr<IFeatureClass> output = CreateRunOutput(target, rule.Output, frame.reference, frame.extent,
+                                                                  transfer.OutputFields(), run.Words.NamePrompt);
     journal.OutputPath = path;
     transfer.Bind(input.features.get(), *output);
     facts.field_report = transfer.FieldReport();

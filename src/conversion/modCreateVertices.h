@@ -32,10 +32,9 @@ namespace tessarine::modCreateVertices {
 
 /// The shape of the eight workers; the last argument is read by nobody.
 using ConversionWorker = std::string(const std::shared_ptr<IFeatureLayer>& layer,
-                                     const std::shared_ptr<VarArray>& fields, bool all_records,
-                                     const std::string& path, const std::shared_ptr<IApplication>& application,
-                                     const std::shared_ptr<clsExtension>& extension, bool show_progress,
-                                     bool reserved);
+                                     const std::shared_ptr<VarArray>& fields, bool all_records, const std::string& path,
+                                     const std::shared_ptr<IApplication>& application,
+                                     const std::shared_ptr<clsExtension>& extension, bool show_progress, bool reserved);
 
 /// One point for each vertex, with `Uniq_ID`, `X_Coord` and `Y_Coord`.
 [[nodiscard]] ConversionWorker ConvertToVertices;

@@ -15,9 +15,7 @@ struct OutputTarget {
   bool is_feature_dataset = false;
   std::string feature_dataset;
 
-  [[nodiscard]] bool InDataset() const {
-    return is_feature_dataset && kind != MyGeneralOperations::kShapefile;
-  }
+  [[nodiscard]] bool InDataset() const { return is_feature_dataset && kind != MyGeneralOperations::kShapefile; }
 };
 
 /// Splits the path; the kind and the dataset are those that the dialog left in the extension. The name of a feature

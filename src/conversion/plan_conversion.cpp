@@ -42,8 +42,8 @@ std::string PlanConversion(const ConversionRun& run, const std::shared_ptr<IFeat
            "  ** Input Feature Layer: " +
            EscapeRtf(layer->Name()) + "\\par\r\n  ** " +
            std::string(all_records ? run.Words.AllLabel : run.Words.SelectedLabel) +
-           std::to_string(extension->AnalysisRecordCount) + ")\\par\r\n  ** Spatial Reference:  " +
-           EscapeRtf(input->SpatialReference()->Name()) + "\\par\r\n" +
+           std::to_string(extension->AnalysisRecordCount) +
+           ")\\par\r\n  ** Spatial Reference:  " + EscapeRtf(input->SpatialReference()->Name()) + "\\par\r\n" +
            PlannedOutput(path, target, ShapeWord(rule.Output), transfer) + "}";
   });
 }

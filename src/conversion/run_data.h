@@ -30,7 +30,6 @@ struct RunInput {
                                                              std::string_view name_prompt);
 
 /// Adds a layer of the output to the focus map.
-void AddResultLayer(const std::shared_ptr<IFeatureClass>& output, const std::string& name,
-                    const IMxDocument& document);
+void AddResultLayer(const std::shared_ptr<IFeatureClass>& output, const std::string& name, const IMxDocument& document);
 
 }  // namespace tessarine

@@ -47,8 +47,8 @@ std::string RecordLine(const modCreateVertices::ConversionRun& run, const RunFac
 std::string_view ReportHeader() { return kHeader; }
 
 std::string ProblemBlock(std::string_view heading, const std::string& list) {
-  const std::string block = std::string(heading) +
-                            "\r\nzzzRunningProblems\r\n\\b ---------------------------------------------\\b0\\par\r\n";
+  const std::string block =
+      std::string(heading) + "\r\nzzzRunningProblems\r\n\\b ---------------------------------------------\\b0\\par\r\n";
   return Replace(block, "zzzRunningProblems", list);
 }
 
@@ -76,10 +76,10 @@ std::string StoppedReport(const modCreateVertices::ConversionRun& run, const Run
 
 std::string FailureReport(const modCreateVertices::ConversionRun& run, const RunFacts& facts, const Fault& fault) {
   return std::string(kHeader) + "!!!  " + std::string(run.Words.ReportTitle) + " Failed  !!!\\par\r\n" +
-         "\\pard ---------------------------------------------\\b0\\par\r\n" +
-         "Module = " + std::string(kModule) + "\\par\r\n" + "Function = " + std::string(run.Worker) + "\\par\r\n" +
-         "Line Number = " + std::to_string(fault.Line()) + "\\par\r\n" + "Error " +
-         std::to_string(fault.Number()) + ":  " + EscapeRtf(fault.Description()) + "\\par\r\n" +
+         "\\pard ---------------------------------------------\\b0\\par\r\n" + "Module = " + std::string(kModule) +
+         "\\par\r\n" + "Function = " + std::string(run.Worker) + "\\par\r\n" +
+         "Line Number = " + std::to_string(fault.Line()) + "\\par\r\n" + "Error " + std::to_string(fault.Number()) +
+         ":  " + EscapeRtf(fault.Description()) + "\\par\r\n" +
          "----------------------------------------------------------\\par\r\n" + "Analyzing Record #" +
          std::to_string(facts.records_done) + "\\par\r\n" + "}";
 }

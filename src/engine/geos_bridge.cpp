@@ -40,8 +40,8 @@ Context& TheContext() {
 
 GEOSCoordSequence* Sequence(const std::vector<XY>& vertices) {
   static_assert(sizeof(XY) == 2 * sizeof(double));
-  GEOSCoordSequence* sequence = GEOSCoordSeq_copyFromBuffer_r(
-      Geos(), reinterpret_cast<const double*>(vertices.data()), static_cast<unsigned>(vertices.size()), 0, 0);
+  GEOSCoordSequence* sequence = GEOSCoordSeq_copyFromBuffer_r(Geos(), reinterpret_cast<const double*>(vertices.data()),
+                                                              static_cast<unsigned>(vertices.size()), 0, 0);
   if (sequence == nullptr) TheContext().RaiseLast();
   return sequence;
 }

@@ -31,7 +31,9 @@ bool CompilesInDatabase(const LayerHandle& handle, const std::string& condition)
   return true;
 }
 
-[[noreturn]] void RaiseWrongUse(const char* what) { Raise(kInvalidCall, std::string("This cursor can't ") + what + "."); }
+[[noreturn]] void RaiseWrongUse(const char* what) {
+  Raise(kInvalidCall, std::string("This cursor can't ") + what + ".");
+}
 
 }  // namespace
 
@@ -73,8 +75,8 @@ bool ReadingCursor::Matches(const OGRFeature& feature) const {
   const auto kind = owner_->Source()->Kind();
   const OGRGeometry* geometry = feature.GetGeometryRef();
   if (kind) {
-    const bool belongs = geometry == nullptr ? owner_->Source()->HasOnlyKind()
-                                             : ShapeTypeOf(geometry->getGeometryType()) == *kind;
+    const bool belongs =
+        geometry == nullptr ? owner_->Source()->HasOnlyKind() : ShapeTypeOf(geometry->getGeometryType()) == *kind;
     if (!belongs) return false;
   }
   if (!region_) return true;

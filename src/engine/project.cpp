@@ -97,9 +97,8 @@ void IGeometry::Project(const SpatialReferenceRef& reference) {
   const bool known = spatial_reference_ && reference && !spatial_reference_->Wkt().empty() && !reference->Wkt().empty();
   if (known && !IsEmpty() && !spatial_reference_->IsEqual(*reference)) {
     OGRCoordinateTransformation& transformation = TransformationBetween(*spatial_reference_, *reference);
-    ChangeVertices(*this, [&](std::span<const XY> vertices) {
-      return Transformed(vertices, transformation, *reference);
-    });
+    ChangeVertices(*this,
+                   [&](std::span<const XY> vertices) { return Transformed(vertices, transformation, *reference); });
   }
   spatial_reference_ = reference;
 }

@@ -61,8 +61,7 @@ GeometryRef UnionOf(const IGeometry& first, const IGeometry& second) {
     Raise(kTypeMismatch, "Only shapes of one kind can be united.");
   }
   const GeosGeometry a = ToGeos(first), b = ToGeos(second);
-  return ShapeOf(first.GeometryType(), Checked(GEOSUnion_r(Geos(), a.get(), b.get())).get(),
-                 first.SpatialReference());
+  return ShapeOf(first.GeometryType(), Checked(GEOSUnion_r(Geos(), a.get(), b.get())).get(), first.SpatialReference());
 }
 
 // The side of the cutter on which a place lies: positive is left of the cutter's nearest segment.

@@ -15,8 +15,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::array kShapefileEndings = {".shp", ".shx", ".dbf", ".prj", ".cpg", ".qpj", ".sbn",
-                                          ".sbx", ".qix", ".idm", ".ind", ".shp.xml"};
+constexpr std::array kShapefileEndings = {".shp", ".shx", ".dbf", ".prj", ".cpg", ".qpj",
+                                          ".sbn", ".sbx", ".qix", ".idm", ".ind", ".shp.xml"};
 
 class PlainWorkspace final : public IWorkspace {
  public:
@@ -78,8 +78,8 @@ void CreateLayer(GDALDataset& dataset, const NewClass& request, CPLStringList op
   OGRLayer* layer = dataset.CreateLayer(request.name.c_str(), reference.get(), OgrTypeOf(shape.GeometryType, shapefile),
                                         options.List());
   if (layer == nullptr) {
-    RaiseEngineFault("The feature class '" + request.name + "' can't be created in '" + dataset.GetDescription() +
-                     "'" + errors.Quote() + ": check that the place is writable and the name is legal.");
+    RaiseEngineFault("The feature class '" + request.name + "' can't be created in '" + dataset.GetDescription() + "'" +
+                     errors.Quote() + ": check that the place is writable and the name is legal.");
   }
   for (const FieldRef& field : *request.fields) {
     if (field->Type == esriFieldTypeOID || field->Type == esriFieldTypeGeometry) continue;

@@ -74,8 +74,8 @@ std::string GetErrorLineNumberString(std::int32_t line_number) {
   return line_number == 0 ? "" : "Line : " + std::to_string(line_number);
 }
 
-void HandleError(bool top_procedure, const std::string& procedure_name, std::int32_t number,
-                 const std::string& source, const std::string& description, std::int32_t version, std::int32_t) {
+void HandleError(bool top_procedure, const std::string& procedure_name, std::int32_t number, const std::string& source,
+                 const std::string& description, std::int32_t version, std::int32_t) {
   if (top_procedure) {
     const std::string text = g_entered ? description : Header(number, description);
     g_entered = false;

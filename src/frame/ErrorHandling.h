@@ -25,9 +25,8 @@ enum ReportForm : std::int32_t {
 /// returns. Any other procedure adds its line on top of the description and the fault is raised again, so the lines
 /// of the stack end with the deepest one. `procedure_name` is the whole line: the name with its blank, the source, a
 /// blank and the line text.
-void HandleError(bool top_procedure, const std::string& procedure_name, std::int32_t number,
-                 const std::string& source, const std::string& description, std::int32_t version,
-                 std::int32_t parent_window);
+void HandleError(bool top_procedure, const std::string& procedure_name, std::int32_t number, const std::string& source,
+                 const std::string& description, std::int32_t version, std::int32_t parent_window);
 
 /// Makes the traps of this process report here.
 void Install();

@@ -100,6 +100,7 @@ void frmAbout::LayOut() {
   lblMaker.Move(7, 163, 40, 9);
   lblWeb.Move(57, 163, 110, 9);
   lblMail.Move(177, 163, 100, 9);
+  imgBottomInset.SetResourceId(205);
   imgBottomInset.Move(7, 177, 286, 14);
   cmdManual.Move(7, 199, 56, 14);
   cmdSysInfo.Move(67, 199, 76, 14);
@@ -121,18 +122,18 @@ void frmAbout::Form_Load() {
   Trap("Form_Load", [this] {
     SetTopmost(true);
     MoveTo(Host().Forms().ScreenWidth() / 2 - Width() / 2, Host().Forms().ScreenHeight() / 3 - Height() / 3);
-    struct Placed {
-      Control& control;
-      AnchorTypes x, y;
-    };
-    const Placed placed[] = {
-        {lblVersion, enumStartSize, enumStartSize}, {Text1, enumStartEnd, enumStartEnd},
-        {lblMaker, enumStartSize, enumSizeEnd},     {lblWeb, enumStartSize, enumSizeEnd},
-        {lblMail, enumStartSize, enumSizeEnd},      {imgBottomInset, enumStartEnd, enumSizeEnd},
-        {cmdManual, enumStartSize, enumSizeEnd},    {cmdSysInfo, enumStartSize, enumSizeEnd},
-        {cmdOK, enumSizeEnd, enumSizeEnd},          {imgCornerBars, enumSizeEnd, enumSizeEnd},
-    };
-    for (const Placed& row : placed) anchors_.Item(row.control).SetAnchors(row.x, row.y);
+    anchors_.Hold({
+        {lblVersion, enumStartSize, enumStartSize},
+        {Text1, enumStartEnd, enumStartEnd},
+        {lblMaker, enumStartSize, enumSizeEnd},
+        {lblWeb, enumStartSize, enumSizeEnd},
+        {lblMail, enumStartSize, enumSizeEnd},
+        {imgBottomInset, enumStartEnd, enumSizeEnd},
+        {cmdManual, enumStartSize, enumSizeEnd},
+        {cmdSysInfo, enumStartSize, enumSizeEnd},
+        {cmdOK, enumSizeEnd, enumSizeEnd},
+        {imgCornerBars, enumSizeEnd, enumSizeEnd},
+    });
     anchors_.SetForm(*this);
     lblVersion.SetCaption("Version " TESSARINE_VERSION);
     Text1.SetTextRTF(kAboutText);

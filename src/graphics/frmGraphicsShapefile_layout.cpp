@@ -78,20 +78,21 @@ void frmGraphicsShapefile::SetEvents() {
 }
 
 void frmGraphicsShapefile::SetAnchors() {
-  struct Placed {
-    Control& control;
-    AnchorTypes x, y;
-  };
-  const Placed placed[] = {
-      {optNew, enumStartEnd, enumStartSize},     {frmNew, enumStartEnd, enumStartSize},
-      {optConvert, enumStartEnd, enumStartSize}, {lbxGraphics, enumStartEnd, enumStartEnd},
-      {chkSelected, enumStartSize, enumSizeEnd}, {cmdSpRef, enumStartSize, enumSizeEnd},
-      {lblSpRef, enumStartEnd, enumSizeEnd},     {lblOutputName, enumStartEnd, enumSizeEnd},
-      {txtOutput, enumStartEnd, enumSizeEnd},    {cmdGetWorkspace, enumSizeEnd, enumSizeEnd},
-      {cmdHelp, enumStartSize, enumSizeEnd},     {cmdOK, enumSizeEnd, enumSizeEnd},
+  anchors_.Hold({
+      {optNew, enumStartEnd, enumStartSize},
+      {frmNew, enumStartEnd, enumStartSize},
+      {optConvert, enumStartEnd, enumStartSize},
+      {lbxGraphics, enumStartEnd, enumStartEnd},
+      {chkSelected, enumStartSize, enumSizeEnd},
+      {cmdSpRef, enumStartSize, enumSizeEnd},
+      {lblSpRef, enumStartEnd, enumSizeEnd},
+      {lblOutputName, enumStartEnd, enumSizeEnd},
+      {txtOutput, enumStartEnd, enumSizeEnd},
+      {cmdGetWorkspace, enumSizeEnd, enumSizeEnd},
+      {cmdHelp, enumStartSize, enumSizeEnd},
+      {cmdOK, enumSizeEnd, enumSizeEnd},
       {cmdCancel, enumSizeEnd, enumSizeEnd},
-  };
-  for (const Placed& row : placed) anchors_.Item(row.control).SetAnchors(row.x, row.y);
+  });
   anchors_.SetForm(*this);
 }
 

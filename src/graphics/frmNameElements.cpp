@@ -113,17 +113,15 @@ void frmNameElements::Form_Load() {
   Trap("Form_Load", [this] {
     SetTopmost(true);
     MoveTo(Host().Forms().ScreenWidth() / 2 - Width() / 2, Host().Forms().ScreenHeight() / 3 - Height() / 3);
-    struct Placed {
-      Control& control;
-      AnchorTypes x, y;
-    };
-    const Placed placed[] = {
-        {lblName, enumStartSize, enumStartSize}, {txtName, enumStartEnd, enumStartSize},
-        {optAll, enumStartEnd, enumStartSize},   {optSel, enumStartEnd, enumStartSize},
-        {cmdManual, enumStartSize, enumSizeEnd}, {cmdOK, enumSizeEnd, enumSizeEnd},
+    anchors_.Hold({
+        {lblName, enumStartSize, enumStartSize},
+        {txtName, enumStartEnd, enumStartSize},
+        {optAll, enumStartEnd, enumStartSize},
+        {optSel, enumStartEnd, enumStartSize},
+        {cmdManual, enumStartSize, enumSizeEnd},
+        {cmdOK, enumSizeEnd, enumSizeEnd},
         {cmdCancel, enumSizeEnd, enumSizeEnd},
-    };
-    for (const Placed& row : placed) anchors_.Item(row.control).SetAnchors(row.x, row.y);
+    });
     anchors_.SetForm(*this);
   });
 }

@@ -216,11 +216,7 @@ void frmSelectGraphics::Form_Load() {
   Trap("Form_Load", [this] {
     SetTopmost(true);
     MoveTo(Host().Forms().ScreenWidth() / 2 - Width() / 2, Host().Forms().ScreenHeight() / 3 - Height() / 3);
-    struct Placed {
-      Control& control;
-      AnchorTypes x, y;
-    };
-    const Placed placed[] = {
+    anchors_.Hold({
         {lblSelByName, enumStartEnd, enumStartSize},
         {lblSelFromList, enumStartEnd, enumStartSize},
         {lbxNamesActive, enumStartEnd, enumStartEnd},
@@ -231,8 +227,7 @@ void frmSelectGraphics::Form_Load() {
         {cmdHelp, enumStartSize, enumSizeEnd},
         {cmdOK, enumSizeEnd, enumSizeEnd},
         {cmdClose, enumSizeEnd, enumSizeEnd},
-    };
-    for (const Placed& row : placed) anchors_.Item(row.control).SetAnchors(row.x, row.y);
+    });
     anchors_.SetForm(*this);
   });
 }

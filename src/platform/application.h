@@ -32,8 +32,8 @@ class IStatusBar : public virtual Object {
   virtual void SetMessage(std::int32_t panel, const std::string& text) = 0;
   [[nodiscard]] virtual std::shared_ptr<IAnimationProgressor> ProgressAnimation() = 0;
   [[nodiscard]] virtual std::shared_ptr<IStepProgressor> ProgressBar() = 0;
-  virtual void ShowProgressBar(const std::string& text, std::int32_t minimum, std::int32_t maximum,
-                               std::int32_t step, bool one_panel) = 0;
+  virtual void ShowProgressBar(const std::string& text, std::int32_t minimum, std::int32_t maximum, std::int32_t step,
+                               bool one_panel) = 0;
   virtual void StepProgressBar() = 0;
   virtual void HideProgressBar() = 0;
 };

@@ -30,8 +30,8 @@ class ListOf : public virtual Object {
  private:
   [[nodiscard]] std::size_t Checked(std::int32_t index) const {
     if (index < 0 || index >= Count()) {
-      Raise(kInvalidCall, "There is no element " + std::to_string(index) + " in a list of " +
-                              std::to_string(Count()) + ".");
+      Raise(kInvalidCall,
+            "There is no element " + std::to_string(index) + " in a list of " + std::to_string(Count()) + ".");
     }
     return static_cast<std::size_t>(index);
   }

@@ -19,10 +19,10 @@ class IClassFactory {
 /// What the four exports answer.
 enum ComponentResult : int {
   kComponentOk = 0,
-  kComponentFalse = 1,         ///< `DllCanUnloadNow`: objects of the library still live
-  kNoSuchClass = -1,           ///< no class of this identifier
-  kNoSuchInterface = -2,       ///< the class doesn't implement the interface
-  kComponentFailed = -3,       ///< the manifest could not be written or removed
+  kComponentFalse = 1,    ///< `DllCanUnloadNow`: objects of the library still live
+  kNoSuchClass = -1,      ///< no class of this identifier
+  kNoSuchInterface = -2,  ///< the class doesn't implement the interface
+  kComponentFailed = -3,  ///< the manifest could not be written or removed
 };
 
 /// The name under which the manifest of a registered library lies in the user's data folder.

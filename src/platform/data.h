@@ -36,9 +36,9 @@ class UID final : public virtual Object {
 
 /// Which rows a search takes. Empty members restrict nothing.
 struct QueryFilter {
-  std::string WhereClause;      ///< an SQL condition in the syntax of the data's format
-  std::string SubFields;        ///< names joined by commas; fields left out read as empty
-  GeometryRef Geometry;         ///< rows whose shape shares a point with this one, in the data's reference
+  std::string WhereClause;  ///< an SQL condition in the syntax of the data's format
+  std::string SubFields;    ///< names joined by commas; fields left out read as empty
+  GeometryRef Geometry;     ///< rows whose shape shares a point with this one, in the data's reference
 };
 
 class IRowBuffer : public virtual Object {
@@ -235,7 +235,7 @@ class IWorkspaceFactory : public virtual Object {
  public:
   /// Opens a folder, a `.gdb` folder or a `.mdb` file; the window is the owner of any prompt.
   [[nodiscard]] virtual std::shared_ptr<IFeatureWorkspace> OpenFromFile(const std::string& path,
-                                                                       std::int32_t window) = 0;
+                                                                        std::int32_t window) = 0;
   [[nodiscard]] virtual bool IsWorkspace(const std::string& path) const = 0;
   /// True when the folder holds data that this factory opens.
   [[nodiscard]] virtual bool ContainsWorkspace(const std::string& folder) const = 0;

@@ -17,8 +17,8 @@ class FeatureConstruction final {
   ///
   /// `cluster_tolerance` is in the unit of the coordinates; 0 joins nothing but equal places. Fault 5 when it is
   /// negative or no number.
-  void ConstructPolygonsFromGeometries(IFeatureClass& target, const Envelope& processing_bounds,
-                                       IEnumGeometry& lines, double cluster_tolerance) const;
+  void ConstructPolygonsFromGeometries(IFeatureClass& target, const Envelope& processing_bounds, IEnumGeometry& lines,
+                                       double cluster_tolerance) const;
 };
 
 }  // namespace tessarine

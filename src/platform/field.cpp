@@ -31,8 +31,8 @@ bool Field::IsEqual(const Object& other) const {
 
 const FieldRef& Fields::Field(std::int32_t index) const {
   if (index < 0 || index >= FieldCount()) {
-    Raise(kInvalidCall, "There is no field " + std::to_string(index) + " in a list of " +
-                            std::to_string(FieldCount()) + ".");
+    Raise(kInvalidCall,
+          "There is no field " + std::to_string(index) + " in a list of " + std::to_string(FieldCount()) + ".");
   }
   return fields_[static_cast<std::size_t>(index)];
 }

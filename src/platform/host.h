@@ -115,8 +115,8 @@ class IPrinter : public virtual Object {
   [[nodiscard]] virtual double PhysicalOffsetY() const = 0;
   virtual void StartDocument(const std::string& title) = 0;
   /// Draws the text from character `first` into the rectangle and answers the first character that didn't fit.
-  virtual std::int32_t FormatRange(const std::string& rtf, std::int32_t first, double left, double top,
-                                   double right, double bottom) = 0;
+  virtual std::int32_t FormatRange(const std::string& rtf, std::int32_t first, double left, double top, double right,
+                                   double bottom) = 0;
   virtual void NewPage() = 0;
   virtual void EndDocument() = 0;
 };

@@ -192,9 +192,9 @@ ObjectRef GeometryBag::Clone() const {
 
 bool GeometryBag::IsEqual(const Object& other) const {
   const auto* bag = dynamic_cast<const GeometryBag*>(&other);
-  return bag != nullptr &&
-         std::ranges::equal(members_, bag->members_,
-                            [](const auto& first, const auto& second) { return first->IsEqual(*second); });
+  return bag != nullptr && std::ranges::equal(members_, bag->members_, [](const auto& first, const auto& second) {
+           return first->IsEqual(*second);
+         });
 }
 
 GeometryRef GeometryBag::Geometry(std::int32_t index) const {

@@ -9,10 +9,10 @@ namespace tessarine {
 namespace {
 
 // Code page 1252 from 0x80 to 0x9F; the rest of it is Latin-1.
-constexpr std::array<std::uint32_t, 32> kWindows1252 = {
-    0x20AC, 0x81,   0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-    0x2039, 0x0152, 0x8D,   0x017D, 0x8F,   0x90,   0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x9D,   0x017E, 0x0178};
+constexpr std::array<std::uint32_t, 32> kWindows1252 = {0x20AC, 0x81,   0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
+                                                        0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x8D,   0x017D, 0x8F,
+                                                        0x90,   0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
+                                                        0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x9D,   0x017E, 0x0178};
 
 void AppendUtf8(std::string& text, std::uint32_t code) {
   if (code < 0x80) {
@@ -253,8 +253,6 @@ RichText ReadPlain(std::string_view text) {
 
 }  // namespace
 
-RichText ReadRtf(std::string_view rtf) {
-  return rtf.starts_with("{\\rtf") ? RtfReader(rtf).Read() : ReadPlain(rtf);
-}
+RichText ReadRtf(std::string_view rtf) { return rtf.starts_with("{\\rtf") ? RtfReader(rtf).Read() : ReadPlain(rtf); }
 
 }  // namespace tessarine

@@ -57,8 +57,8 @@ const char* AlignmentWord(RichParagraph::Alignment alignment) {
 }
 
 std::string HtmlRun(const RichRun& run) {
-  std::string html = "<span style=\"font-size: " + NumberText(run.half_points / 2.0) + "pt\">" +
-                     EscapeHtml(run.text) + "</span>";
+  std::string html =
+      "<span style=\"font-size: " + NumberText(run.half_points / 2.0) + "pt\">" + EscapeHtml(run.text) + "</span>";
   if (run.underline) html = "<u>" + html + "</u>";
   if (run.italic) html = "<i>" + html + "</i>";
   if (run.bold) html = "<b>" + html + "</b>";
@@ -73,8 +73,8 @@ std::string ToPlainText(const RichText& text) {
 
 std::string ToTerminalText(const RichText& text) {
   return Join(text, [](const RichRun& run) {
-    const std::string on = std::string(run.bold ? "\033[1m" : "") + (run.italic ? "\033[3m" : "") +
-                           (run.underline ? "\033[4m" : "");
+    const std::string on =
+        std::string(run.bold ? "\033[1m" : "") + (run.italic ? "\033[3m" : "") + (run.underline ? "\033[4m" : "");
     return on.empty() ? run.text : on + run.text + "\033[0m";
   });
 }

@@ -263,7 +263,9 @@ XY Segment::MomentBeyondChord() const {
 }
 
 Segment Segment::Reversed() const {
-  return std::visit(Overloaded{[](const Line& line) -> Segment { return Line{line.to, line.from}; },
+  return std::visit(Overloaded{[](const Line& line) -> Segment {
+                                 return Line{line.to, line.from};
+                               },
                                [](const CircularArc& arc) -> Segment {
                                  return CircularArc{arc.to, arc.from, arc.center, -arc.sweep};
                                },
@@ -286,24 +288,25 @@ Segment Segment::Moved(double dx, double dy) const {
 
 Segment Segment::WithEnds(XY from, XY to) const {
   const Similarity map(FromPoint(), ToPoint(), from, to);
-  return std::visit(
-      Overloaded{[&](const Line&) -> Segment { return Line{from, to}; },
-                 [&](const CircularArc& arc) -> Segment {
-                   return CircularArc{from, to, map.Map(arc.center), arc.sweep};
-                 },
-                 [&](EllipticArc arc) -> Segment {
-                   arc.center = map.Map(arc.center);
-                   arc.semi_major *= map.Scale();
-                   arc.semi_minor *= map.Scale();
-                   arc.rotation += map.Turn();
-                   arc.from = from;
-                   arc.to = to;
-                   return arc;
-                 },
-                 [&](const BezierCurve& curve) -> Segment {
-                   return BezierCurve{from, map.Map(curve.control1), map.Map(curve.control2), to};
-                 }},
-      shape_);
+  return std::visit(Overloaded{[&](const Line&) -> Segment {
+                                 return Line{from, to};
+                               },
+                               [&](const CircularArc& arc) -> Segment {
+                                 return CircularArc{from, to, map.Map(arc.center), arc.sweep};
+                               },
+                               [&](EllipticArc arc) -> Segment {
+                                 arc.center = map.Map(arc.center);
+                                 arc.semi_major *= map.Scale();
+                                 arc.semi_minor *= map.Scale();
+                                 arc.rotation += map.Turn();
+                                 arc.from = from;
+                                 arc.to = to;
+                                 return arc;
+                               },
+                               [&](const BezierCurve& curve) -> Segment {
+                                 return BezierCurve{from, map.Map(curve.control1), map.Map(curve.control2), to};
+                               }},
+                    shape_);
 }
 
 }  // namespace tessarine

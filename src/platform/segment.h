@@ -57,10 +57,10 @@ struct BezierCurve {
 
 class Segment {
  public:
-  Segment(const Line& line) : shape_(line) {}            // NOLINT(google-explicit-constructor)
-  Segment(const CircularArc& arc) : shape_(arc) {}       // NOLINT
-  Segment(const EllipticArc& arc) : shape_(arc) {}       // NOLINT
-  Segment(const BezierCurve& curve) : shape_(curve) {}   // NOLINT
+  Segment(const Line& line) : shape_(line) {}           // NOLINT(google-explicit-constructor)
+  Segment(const CircularArc& arc) : shape_(arc) {}      // NOLINT
+  Segment(const EllipticArc& arc) : shape_(arc) {}      // NOLINT
+  Segment(const BezierCurve& curve) : shape_(curve) {}  // NOLINT
 
   /// `esriGeometryLine`, `esriGeometryCircularArc`, `esriGeometryEllipticArc` or `esriGeometryBezier3Curve`.
   [[nodiscard]] esriGeometryType GeometryType() const;

@@ -87,7 +87,8 @@ class GeographicCoordinateSystem final : public SpatialReference {
   GeographicCoordinateSystem(std::string name, std::string wkt, std::int32_t factory_code, double xy_tolerance,
                              std::shared_ptr<const tessarine::Datum> datum, tessarine::CoordinateUnit unit)
       : SpatialReference(std::move(name), std::move(wkt), factory_code, xy_tolerance),
-        datum_(std::move(datum)), unit_(std::move(unit)) {}
+        datum_(std::move(datum)),
+        unit_(std::move(unit)) {}
 
   [[nodiscard]] const std::shared_ptr<const tessarine::Datum>& Datum() const { return datum_; }
   /// The angular unit, its factor in radians.
@@ -105,11 +106,11 @@ class ProjectedCoordinateSystem final : public SpatialReference {
                             std::shared_ptr<const tessarine::GeographicCoordinateSystem> geographic,
                             tessarine::CoordinateUnit unit)
       : SpatialReference(std::move(name), std::move(wkt), factory_code, xy_tolerance),
-        geographic_(std::move(geographic)), unit_(std::move(unit)) {}
+        geographic_(std::move(geographic)),
+        unit_(std::move(unit)) {}
 
   /// The geographic reference beneath the projection.
-  [[nodiscard]] const std::shared_ptr<const tessarine::GeographicCoordinateSystem>& GeographicCoordinateSystem()
-      const {
+  [[nodiscard]] const std::shared_ptr<const tessarine::GeographicCoordinateSystem>& GeographicCoordinateSystem() const {
     return geographic_;
   }
   /// The linear unit, its factor in metres.

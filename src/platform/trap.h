@@ -55,8 +55,8 @@ auto RunTrapped(std::string_view procedure, bool top, Body&& body, const std::so
 
 /// Runs the body; a fault ends here, is reported, and the result is empty.
 template <class Body>
-auto Trap(std::string_view procedure, Body&& body,
-          const std::source_location where = std::source_location::current()) -> std::invoke_result_t<Body> {
+auto Trap(std::string_view procedure, Body&& body, const std::source_location where = std::source_location::current())
+    -> std::invoke_result_t<Body> {
   return detail::RunTrapped(procedure, true, std::forward<Body>(body), where);
 }
 
@@ -76,8 +76,7 @@ auto TrapWith(std::string_view procedure, Body&& body, OnFault&& on_fault,
 /// Runs the body; a fault takes this procedure's line on and goes to the caller.
 template <class Body>
 auto TrapAndPassOn(std::string_view procedure, Body&& body,
-                   const std::source_location where = std::source_location::current())
-    -> std::invoke_result_t<Body> {
+                   const std::source_location where = std::source_location::current()) -> std::invoke_result_t<Body> {
   return detail::RunTrapped(procedure, false, std::forward<Body>(body), where);
 }
 

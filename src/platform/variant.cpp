@@ -58,17 +58,15 @@ bool Variant::IsNumeric() const {
 }
 
 double Variant::AsDouble() const {
-  return std::visit(Overloaded{[](std::monostate) { return 0.0; },
-                               [](tessarine::Null) -> double { RaiseMismatch(); },
-                               [](bool value) { return value ? -1.0 : 0.0; },
-                               [](std::int16_t value) { return static_cast<double>(value); },
-                               [](std::int32_t value) { return static_cast<double>(value); },
-                               [](float value) { return static_cast<double>(value); },
-                               [](double value) { return value; },
-                               [](const std::string& value) { return ToNumber(value); },
-                               [](tessarine::Date value) { return value.serial; },
-                               [](const ObjectRef&) -> double { RaiseMismatch(); }},
-                    value_);
+  return std::visit(
+      Overloaded{
+          [](std::monostate) { return 0.0; }, [](tessarine::Null) -> double { RaiseMismatch(); },
+          [](bool value) { return value ? -1.0 : 0.0; }, [](std::int16_t value) { return static_cast<double>(value); },
+          [](std::int32_t value) { return static_cast<double>(value); },
+          [](float value) { return static_cast<double>(value); }, [](double value) { return value; },
+          [](const std::string& value) { return ToNumber(value); }, [](tessarine::Date value) { return value.serial; },
+          [](const ObjectRef&) -> double { RaiseMismatch(); }},
+      value_);
 }
 
 bool Variant::AsBoolean() const {
@@ -95,15 +93,13 @@ float Variant::AsSingle() const {
 
 std::string Variant::AsText() const {
   return std::visit(
-      Overloaded{[](std::monostate) { return std::string(); },
-                 [](tessarine::Null) -> std::string { RaiseMismatch(); },
+      Overloaded{[](std::monostate) { return std::string(); }, [](tessarine::Null) -> std::string { RaiseMismatch(); },
                  [](bool value) { return std::string(value ? "True" : "False"); },
                  [](std::int16_t value) { return std::to_string(value); },
                  [](std::int32_t value) { return std::to_string(value); },
                  // The shortest decimal that names the single is the one that a person typed.
                  [](float value) { return NumberText(ToNumber(ShortestSingle(value))); },
-                 [](double value) { return NumberText(value); },
-                 [](const std::string& value) { return value; },
+                 [](double value) { return NumberText(value); }, [](const std::string& value) { return value; },
                  [](tessarine::Date value) { return ShortDate(value) + " " + LongTime(value); },
                  [](const ObjectRef&) -> std::string { RaiseMismatch(); }},
       value_);

@@ -23,16 +23,16 @@ class Variant {
   enum class Kind { Empty, Null, Boolean, Short, Long, Single, Double, String, Date, Object };
 
   Variant() = default;
-  Variant(Null value) : value_(value) {}                // NOLINT(google-explicit-constructor)
-  Variant(bool value) : value_(value) {}                // NOLINT
-  Variant(std::int16_t value) : value_(value) {}        // NOLINT
-  Variant(std::int32_t value) : value_(value) {}        // NOLINT
-  Variant(float value) : value_(value) {}               // NOLINT
-  Variant(double value) : value_(value) {}              // NOLINT
-  Variant(std::string value) : value_(std::move(value)) {}        // NOLINT
-  Variant(std::string_view value) : value_(std::string(value)) {} // NOLINT
-  Variant(const char* value) : value_(std::string(value)) {}      // NOLINT
-  Variant(tessarine::Date value) : value_(value) {}     // NOLINT
+  Variant(Null value) : value_(value) {}                           // NOLINT(google-explicit-constructor)
+  Variant(bool value) : value_(value) {}                           // NOLINT
+  Variant(std::int16_t value) : value_(value) {}                   // NOLINT
+  Variant(std::int32_t value) : value_(value) {}                   // NOLINT
+  Variant(float value) : value_(value) {}                          // NOLINT
+  Variant(double value) : value_(value) {}                         // NOLINT
+  Variant(std::string value) : value_(std::move(value)) {}         // NOLINT
+  Variant(std::string_view value) : value_(std::string(value)) {}  // NOLINT
+  Variant(const char* value) : value_(std::string(value)) {}       // NOLINT
+  Variant(tessarine::Date value) : value_(value) {}                // NOLINT
   template <class T>
   Variant(std::shared_ptr<T> value) : value_(ObjectRef(std::move(value))) {}  // NOLINT
 

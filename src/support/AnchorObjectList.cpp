@@ -2,6 +2,10 @@
 
 namespace tessarine {
 
+void AnchorObjectList::Hold(std::initializer_list<AnchoredControl> controls) {
+  for (const AnchoredControl& held : controls) Item(held.control).SetAnchors(held.x, held.y);
+}
+
 std::int32_t AnchorObjectList::IndexOf(const Control& control) const {
   for (std::size_t index = 0; index < items_.size(); ++index) {
     if (&items_[index].Control() == &control) return static_cast<std::int32_t>(index);

@@ -2,10 +2,17 @@
 
 #include <cstdint>
 #include <deque>
+#include <initializer_list>
 
 #include "support/AnchorObject.h"
 
 namespace tessarine {
+
+/// A control and how it is held in both directions.
+struct AnchoredControl {
+  Control& control;
+  AnchorTypes x, y;
+};
 
 /// The anchors of a form's controls.
 class AnchorObjectList {
@@ -13,6 +20,8 @@ class AnchorObjectList {
   [[nodiscard]] std::int32_t Count() const { return static_cast<std::int32_t>(items_.size()); }
   /// The entry of the control, made on first use.
   [[nodiscard]] AnchorObject& Item(Control& control);
+  /// Records these controls, each with its types.
+  void Hold(std::initializer_list<AnchoredControl> controls);
   /// -1 for a control without an entry.
   [[nodiscard]] std::int32_t IndexOf(const Control& control) const;
   void Remove(const Control& control);

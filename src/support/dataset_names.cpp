@@ -77,7 +77,8 @@ bool CheckIfTableExists(const std::shared_ptr<IFeatureWorkspace>& workspace, con
 std::string MakeUniqueGDBFeatureClassName(const std::shared_ptr<IFeatureWorkspace>& workspace,
                                           const std::string& name) {
   return Trap("MakeUniqueGDBFeatureClassName", [&] {
-    return FirstFree(name, [&](const std::string& candidate) { return CheckIfFeatureClassExists(workspace, candidate); });
+    return FirstFree(name,
+                     [&](const std::string& candidate) { return CheckIfFeatureClassExists(workspace, candidate); });
   });
 }
 
@@ -111,7 +112,8 @@ std::string ReturnDBASEFieldName(const std::string& name, const ObjectRef& exist
     legal = CleanName(legal, IsNameCharacter);
     const std::vector<std::string> existing = NamesIn(existing_fields);
     const auto taken = [&](const std::string& candidate) {
-      return std::ranges::any_of(existing, [&](const std::string& other) { return EqualsIgnoringCase(other, candidate); });
+      return std::ranges::any_of(existing,
+                                 [&](const std::string& other) { return EqualsIgnoringCase(other, candidate); });
     };
     std::string candidate = legal;
     for (int counter = 2; taken(candidate); ++counter) {

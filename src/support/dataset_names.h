@@ -38,8 +38,7 @@ namespace tessarine::MyGeneralOperations {
 /// Rows of source name, source index, output name, output index. An entry of `selected_fields` is a `StrArray` of
 /// both names with `use_array_elements`, else a `Field` that has one name in both classes.
 [[nodiscard]] std::shared_ptr<VarArray> MakeFieldNameVarArray(const IClass& from_class, const IClass& to_class,
-                                                              const VarArray& selected_fields,
-                                                              bool use_array_elements);
+                                                              const VarArray& selected_fields, bool use_array_elements);
 
 /// The value in binary digits, at least `width` of them. The value is at least 1.
 [[nodiscard]] std::string ConvertLongBinary(std::int32_t value, std::int32_t width);

@@ -65,8 +65,8 @@ void OpenDoc(const std::string& path) {
       Host().System().ShellExecute(path, aml_func_mod::ReturnDir(path));
       return;
     }
-    Host().MessageBox().Show("Unable to find the following file:\r\n\r\n" + ToNativePath(path) + "\r\n\r\nBailing out...",
-                             "Missing File:");
+    Host().MessageBox().Show(
+        "Unable to find the following file:\r\n\r\n" + ToNativePath(path) + "\r\n\r\nBailing out...", "Missing File:");
   });
 }
 

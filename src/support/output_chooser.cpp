@@ -75,12 +75,11 @@ OutputKind KindOfAnyPlace(std::string_view category) {
 }
 
 MessageAnswer RefuseCategory(const std::string& category, const std::string& line_break) {
-  return Host().MessageBox().Show(
-      "Unexpected Feature Class Type (" + category +
-          ")!\r\nThis function will only create shapefiles or feature classes in " + line_break +
-          "File or Personal GeoDatabases.  Please click 'OK' to select a " + line_break +
-          "new Feature Class Name, or 'Cancel' to bail out.",
-      "Invalid Feature Class Type:", MessageButtons::OkCancel);
+  return Host().MessageBox().Show("Unexpected Feature Class Type (" + category +
+                                      ")!\r\nThis function will only create shapefiles or feature classes in " +
+                                      line_break + "File or Personal GeoDatabases.  Please click 'OK' to select a " +
+                                      line_break + "new Feature Class Name, or 'Cancel' to bail out.",
+                                  "Invalid Feature Class Type:", MessageButtons::OkCancel);
 }
 
 struct BrowseRules {
@@ -180,11 +179,11 @@ bool BrowseForOutput(const std::string& text, OutputChoice& choice, AnyGeodataba
 
 bool OutputWorkspaceExists(const std::string& text, const OutputChoice& choice) {
   // A feature dataset is no folder: its place is the geodatabase.
-  const std::string directory =
-      choice.IsFeatureDataset ? choice.Directory : WithoutTrailingSlash(ReturnDir(text));
+  const std::string directory = choice.IsFeatureDataset ? choice.Directory : WithoutTrailingSlash(ReturnDir(text));
   if (ExistFileDir(directory)) return true;
-  Host().MessageBox().Show("Unable to create Feature Class:\r\n" + ToNativePath(directory) + " is not a valid workspace...",
-                           "Failed to Create Feature Class:");
+  Host().MessageBox().Show(
+      "Unable to create Feature Class:\r\n" + ToNativePath(directory) + " is not a valid workspace...",
+      "Failed to Create Feature Class:");
   return false;
 }
 

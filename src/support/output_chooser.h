@@ -42,9 +42,8 @@ struct OutputChoice {
 void FollowTypedPath(const std::string& text, OutputChoice& choice);
 
 /// Shows the browse dialog until the user picks a usable place or gives up. True when the choice changed.
-[[nodiscard]] bool BrowseForOutput(
-    const std::string& text, OutputChoice& choice,
-    const std::string& title = "Enter the name of your new Feature Class or Shapefile:");
+[[nodiscard]] bool BrowseForOutput(const std::string& text, OutputChoice& choice,
+                                   const std::string& title = "Enter the name of your new Feature Class or Shapefile:");
 /// The same, taking every item of a geodatabase for a place in it.
 struct AnyGeodatabasePlace {};
 inline constexpr AnyGeodatabasePlace kAnyGeodatabasePlace;

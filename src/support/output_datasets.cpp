@@ -144,9 +144,9 @@ bool TakeKind(std::int32_t output_kind, std::string& directory, std::string& nam
 bool MakeNameFree(const std::shared_ptr<IFeatureWorkspace>& workspace, const std::string& name,
                   const std::string& shown_name) {
   while (CheckIfFeatureClassExists(workspace, name)) {
-    const MessageAnswer answer = Host().MessageBox().Show(
-        "The Feature Class '" + shown_name + "' already exists!  Do you wish to overwrite it?",
-        "Feature Class Already Exists:", MessageButtons::YesNo);
+    const MessageAnswer answer =
+        Host().MessageBox().Show("The Feature Class '" + shown_name + "' already exists!  Do you wish to overwrite it?",
+                                 "Feature Class Already Exists:", MessageButtons::YesNo);
     if (answer != MessageAnswer::Yes) return false;
     workspace->OpenFeatureClass(name)->Delete();
   }
@@ -173,7 +173,8 @@ std::shared_ptr<IFeatureClass> CreateGeneralFeatureClass(
     for (;;) {
       Place place;
       if (directory.empty() || name.empty()) {
-        if (!AskForPlace(dialog_title, directory, name, is_feature_dataset, feature_dataset_name, place)) return nullptr;
+        if (!AskForPlace(dialog_title, directory, name, is_feature_dataset, feature_dataset_name, place))
+          return nullptr;
       } else if (!TakeKind(output_kind, directory, name, place)) {
         return nullptr;
       }
@@ -216,8 +217,9 @@ std::shared_ptr<IFeatureClass> CreateShapefileFeatureClass(std::string& director
     if (EndsWithIgnoringCase(directory, ".shp")) directory = ReturnDir(directory);
     if (EndsWithIgnoringCase(name, ".shp")) name.resize(name.size() - 4);
     if (!ExistFileDir(directory)) {
-      Host().MessageBox().Show("Unable to create Feature Class:\r\n" + ToNativePath(directory) + " is not a valid workspace...",
-                               "Failed to Create Feature Class:");
+      Host().MessageBox().Show(
+          "Unable to create Feature Class:\r\n" + ToNativePath(directory) + " is not a valid workspace...",
+          "Failed to Create Feature Class:");
       return nullptr;
     }
     const std::shared_ptr<IFeatureWorkspace> workspace = CreateShapefileWorkspaceFactory()->OpenFromFile(directory, 0);
@@ -253,10 +255,10 @@ std::shared_ptr<IFeatureClass> CreateGDBFeatureClass(
     definition->HasM = false;
     definition->HasZ = false;
     definition->SpatialReference = spatial_reference;
-    const auto list =
-        FieldList({NewShapeField("geometry", definition),
-                   NewField(UniqueFieldName("Object_ID", kObjectIdLimit, fields), "object identifier", esriFieldTypeOID)},
-                  fields);
+    const auto list = FieldList(
+        {NewShapeField("geometry", definition),
+         NewField(UniqueFieldName("Object_ID", kObjectIdLimit, fields), "object identifier", esriFieldTypeOID)},
+        fields);
     return workspace->CreateFeatureClass(name, list, clsid, extclsid, feature_type, GeometryFieldName(*list),
                                          config_keyword);
   });
@@ -282,9 +284,8 @@ std::shared_ptr<IFeatureClass> CreateDatasetFeatureClass(
     definition->HasM = false;
     definition->HasZ = false;
     definition->SpatialReference = dataset->SpatialReference();
-    const auto list = FieldList({NewShapeField("geometry", definition),
-                                 NewField("Object_ID", "object identifier", esriFieldTypeOID)},
-                                fields);
+    const auto list = FieldList(
+        {NewShapeField("geometry", definition), NewField("Object_ID", "object identifier", esriFieldTypeOID)}, fields);
     return dataset->CreateFeatureClass(name, list, clsid, extclsid, feature_type, GeometryFieldName(*list),
                                        config_keyword);
   });

@@ -22,9 +22,11 @@ namespace tessarine::MyGeneralOperations {
     bool add_unique_id, const Envelope* envelope, std::int32_t feature_count);
 
 /// A shapefile in a folder. The folder may be given by the path of a shapefile in it.
-[[nodiscard]] std::shared_ptr<IFeatureClass> CreateShapefileFeatureClass(
-    std::string& directory, std::string& name, const SpatialReferenceRef& spatial_reference,
-    esriGeometryType& geometry_type, const std::shared_ptr<VarArray>& fields, bool add_unique_id);
+[[nodiscard]] std::shared_ptr<IFeatureClass> CreateShapefileFeatureClass(std::string& directory, std::string& name,
+                                                                         const SpatialReferenceRef& spatial_reference,
+                                                                         esriGeometryType& geometry_type,
+                                                                         const std::shared_ptr<VarArray>& fields,
+                                                                         bool add_unique_id);
 
 /// A stand-alone class of a geodatabase. A missing `clsid` follows from the feature type, which may force the
 /// geometry type.

@@ -98,11 +98,10 @@ void ProgressForm::Est_Time_Left(std::int32_t& record, const std::string& index_
     Host().PumpEvents();
     next_step_ = static_cast<float>(next_step);
     lblIndex.SetCaption(index_text);
-    lblRecordNumber.SetCaption(record_count_ != 0 ? prefix_text + aml_func_mod::InsertCommas(record) + " of " +
-                                                        count_text_ + "..."
-                                                  : prefix_text);
-    const float fraction =
-        record_count_ > 0 ? static_cast<float>(record) / static_cast<float>(record_count_) : 0.0F;
+    lblRecordNumber.SetCaption(record_count_ != 0
+                                   ? prefix_text + aml_func_mod::InsertCommas(record) + " of " + count_text_ + "..."
+                                   : prefix_text);
+    const float fraction = record_count_ > 0 ? static_cast<float>(record) / static_cast<float>(record_count_) : 0.0F;
     icnProgressLine.Move(icnProgressLine.Left(), icnProgressLine.Top(),
                          static_cast<double>(fraction) * (pct_barBorder.Control::Width() - kBarMargin),
                          icnProgressLine.Height());
@@ -115,15 +114,14 @@ void ProgressForm::Est_Time_Left(std::int32_t& record, const std::string& index_
 void ProgressForm::ShowTimes(std::int32_t record) {
   const Date now = Host().Clock().Now();
   const std::int64_t elapsed = SecondsBetween(begin_time_, now);
-  const auto total = static_cast<std::int64_t>(std::floor(static_cast<double>(record_count_) *
-                                                          static_cast<double>(elapsed) / record));
+  const auto total =
+      static_cast<std::int64_t>(std::floor(static_cast<double>(record_count_) * static_cast<double>(elapsed) / record));
   const std::int64_t left = total - elapsed;
   if (SecondsBetween(last_refresh_, now) < 1) return;
   last_refresh_ = now;
   const Date completion = AddSeconds(begin_time_, static_cast<double>(total));
-  lblEstCompletionTime.SetCaption(
-      "Estimated completion time: " + LongTime(completion) +
-      (total <= kSecondsPerDay ? "" : ", " + ShortDate(completion)));
+  lblEstCompletionTime.SetCaption("Estimated completion time: " + LongTime(completion) +
+                                  (total <= kSecondsPerDay ? "" : ", " + ShortDate(completion)));
   lblTimeLeft.SetCaption("Estimated time remaining:  " + std::to_string(left / 3600) + ":" +
                          TwoDigits(left % 3600 / 60) + ":" + TwoDigits(left % 60));
 }

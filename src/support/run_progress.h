@@ -26,8 +26,7 @@ class RunProgress {
               const std::shared_ptr<clsExtension>& extension, std::int32_t count, bool show_dialog);
   /// The same with a progress dialog of the run's own kind; nothing shows none.
   RunProgress(RunProgressWords words, const std::shared_ptr<IApplication>& application,
-              const std::shared_ptr<clsExtension>& extension, std::int32_t count,
-              std::shared_ptr<ProgressForm> dialog);
+              const std::shared_ptr<clsExtension>& extension, std::int32_t count, std::shared_ptr<ProgressForm> dialog);
 
   /// One record further. Everything but the bar is brought up to date once a second and at the last record; that is
   /// also when a stop is seen. False when the user stopped the run.

@@ -9,9 +9,9 @@
 namespace tessarine::testing {
 namespace {
 
+using nlohmann::json;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
-using nlohmann::json;
 
 GDALDatasetUniquePtr OpenData(const std::string& path) {
   GDALAllRegister();
@@ -74,7 +74,8 @@ TEST_F(Calculate, WorksOnACopyInAnyFormat) {
     EXPECT_EQ(copy->GetLayer(0)->GetFeatureCount(), 177) << name;
     EXPECT_NEAR(ValueOf(*copy->GetLayer(0), "Brazil", "Sph_Area") / 1e6, 8'515'767, 8'515'767 * 0.02) << name;
   }
-  EXPECT_EQ(RunTessarine({"calculate", Data("countries.shp"), "--all-measures", "-o", In("copy.gpkg"), "-q"}).status, 2);
+  EXPECT_EQ(RunTessarine({"calculate", Data("countries.shp"), "--all-measures", "-o", In("copy.gpkg"), "-q"}).status,
+            2);
 }
 
 TEST_F(Calculate, RefusesWhatTheDialogDoesNotOffer) {
@@ -112,7 +113,8 @@ void WriteManyPolygons(const std::string& path) {
   for (int index = 0; index < 150000; ++index) {
     OGRLinearRing ring;
     for (int vertex = 0; vertex < 20; ++vertex) {
-      ring.addPoint(index % 300 - 150 + 0.4 * std::cos(-0.3 * vertex), index % 130 - 65 + 0.4 * std::sin(-0.3 * vertex));
+      ring.addPoint(index % 300 - 150 + 0.4 * std::cos(-0.3 * vertex),
+                    index % 130 - 65 + 0.4 * std::sin(-0.3 * vertex));
     }
     ring.closeRings();
     OGRPolygon polygon;

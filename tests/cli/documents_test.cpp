@@ -7,8 +7,8 @@
 namespace tessarine::testing {
 namespace {
 
-using ::testing::HasSubstr;
 using nlohmann::json;
+using ::testing::HasSubstr;
 
 class Documents : public ProgramTest {
  protected:
@@ -28,7 +28,8 @@ class Documents : public ProgramTest {
 
 TEST_F(Documents, SelectionIsChangedInTheFile) {
   ASSERT_EQ(Selected(), 2);
-  EXPECT_EQ(RunTessarine({"select-graphics", In("graphics.json"), "--flip"}).out, "10 of 12 graphic elements selected.\n");
+  EXPECT_EQ(RunTessarine({"select-graphics", In("graphics.json"), "--flip"}).out,
+            "10 of 12 graphic elements selected.\n");
   EXPECT_EQ(Selected(), 10);
   EXPECT_EQ(RunTessarine({"select-graphics", In("graphics.json"), "--all", "--dry-run"}).status, 0);
   EXPECT_EQ(Selected(), 10);
@@ -49,8 +50,10 @@ TEST_F(Documents, ZoomTakesTheSelectedBoundsTimesOneAndATwentieth) {
 }
 
 TEST_F(Documents, ResultLayerIsAddedAndFoundAgain) {
-  ASSERT_EQ(RunTessarine({"vertices", "countries", "--document", In("graphics.json"), "-o", In("v.gdb/v"), "-q"}).status, 0);
-  ASSERT_EQ(RunTessarine({"vertices", "disputed borders", "-d", In("graphics.json"), "-o", In("w.shp"), "-q"}).status, 0);
+  ASSERT_EQ(
+      RunTessarine({"vertices", "countries", "--document", In("graphics.json"), "-o", In("v.gdb/v"), "-q"}).status, 0);
+  ASSERT_EQ(RunTessarine({"vertices", "disputed borders", "-d", In("graphics.json"), "-o", In("w.shp"), "-q"}).status,
+            0);
   std::vector<std::string> names;
   const json document = Document();
   for (const json& layer : document["map"]["layers"]) names.push_back(layer["name"]);
@@ -84,7 +87,8 @@ class Info : public ProgramTest {};
 TEST_F(Info, TellsShapeReferenceAndFields) {
   const ProgramOutcome run = RunTessarine({"info", Data("cities.shp")});
   EXPECT_EQ(run.status, 0);
-  for (const char* words : {"Layer: cities", "point", "geographic, WGS 84", "6378137", "6356752.314245", "243", "name"}) {
+  for (const char* words :
+       {"Layer: cities", "point", "geographic, WGS 84", "6378137", "6356752.314245", "243", "name"}) {
     EXPECT_THAT(run.out, HasSubstr(words));
   }
   WriteFile(In("plain.json"), R"({"type":"FeatureCollection","features":[]})");

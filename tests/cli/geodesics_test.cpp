@@ -6,8 +6,8 @@
 namespace tessarine::testing {
 namespace {
 
-using ::testing::HasSubstr;
 using nlohmann::json;
+using ::testing::HasSubstr;
 
 class Geodesics : public ProgramTest {
  protected:
@@ -40,14 +40,13 @@ TEST_F(Geodesics, AgreeWithAnExactSolution) {
   EXPECT_NEAR(end["lon"], 27.0206335002, 2e-9);
   EXPECT_NEAR(end["lat"], 46.1143033365, 2e-9);
   EXPECT_NEAR(end["azimuth2"], 180.0 - 71.6800259275, 1e-7);
-  const json named = json::parse(
-      RunTessarine({"direct", "2.35", "48.86", "1000000", "90", "--spheroid", "mars 2000", "--json"}).out);
+  const json named =
+      json::parse(RunTessarine({"direct", "2.35", "48.86", "1000000", "90", "--spheroid", "mars 2000", "--json"}).out);
   EXPECT_NEAR(named["lon"], 27.0206335002, 2e-9);
 }
 
 TEST_F(Geodesics, BadLinesAreAnsweredInTheirPlace) {
-  const std::vector<std::string> lines =
-      Lines({"inverse"}, "0 0 1 0\n0 0 north 0\n0, 95, 1, 0\n1 2 3\n-1 0 0 0\n", 1);
+  const std::vector<std::string> lines = Lines({"inverse"}, "0 0 1 0\n0 0 north 0\n0, 95, 1, 0\n1 2 3\n-1 0 0 0\n", 1);
   ASSERT_EQ(lines.size(), 5U);
   // One degree of the equator.
   EXPECT_EQ(lines[0], "111319.4908 90.00000000 90.00000000");

@@ -21,7 +21,8 @@ struct ProgramOutcome {
 
 /// The same, with an interrupt or another signal a fifth of a second after `file` is seen to hold more than `bytes`.
 [[nodiscard]] ProgramOutcome RunAndInterrupt(const std::vector<std::string>& arguments,
-                                             const std::filesystem::path& file, std::uintmax_t bytes, int signal = SIGINT);
+                                             const std::filesystem::path& file, std::uintmax_t bytes,
+                                             int signal = SIGINT);
 
 [[nodiscard]] std::string ReadFile(const std::filesystem::path& path);
 void WriteFile(const std::filesystem::path& path, const std::string& text);

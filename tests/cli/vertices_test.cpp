@@ -9,10 +9,10 @@
 namespace tessarine::testing {
 namespace {
 
+using nlohmann::json;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
-using nlohmann::json;
 
 GDALDatasetUniquePtr OpenData(const std::string& path) {
   GDALAllRegister();
@@ -41,13 +41,15 @@ TEST_F(Vertices, OfTheCountriesWithTwoFields) {
             "       2] name\n"
             "---------------------------------------------\n"
             "Output:\n"
-            "  ** " + In("vertex.shp") + "\n"
-            "  ** Spatial Reference:  WGS 84\n"
-            "  ** Contains 10643 vertex points\n"
-            "---------------------------------------------\n"
-            "Analysis Began TIME\n"
-            "Analysis Complete TIME\n"
-            " TIME\n\n");
+            "  ** " +
+                In("vertex.shp") +
+                "\n"
+                "  ** Spatial Reference:  WGS 84\n"
+                "  ** Contains 10643 vertex points\n"
+                "---------------------------------------------\n"
+                "Analysis Began TIME\n"
+                "Analysis Complete TIME\n"
+                " TIME\n\n");
 
   const auto output = OpenData(In("vertex.shp"));
   ASSERT_TRUE(output);
@@ -128,7 +130,8 @@ INSTANTIATE_TEST_SUITE_P(
         PlaceRow{"geodatabase", {"-o", "OUT/new.gdb/points"}, "new.gdb", "points", 10643},
         PlaceRow{"feature dataset", {"-o", "OUT/new.gdb/shapes/points"}, "new.gdb", "points", 10643},
         PlaceRow{"folder", {"-o", "OUT/"}, "vertex.shp", "vertex", 10643},
-        PlaceRow{"selection", {"--where", "continent = 'Africa'", "-o", "OUT/africa.shp"}, "africa.shp", "africa", 2242},
+        PlaceRow{
+            "selection", {"--where", "continent = 'Africa'", "-o", "OUT/africa.shp"}, "africa.shp", "africa", 2242},
         PlaceRow{"all fields", {"--all-fields", "-o", "OUT/all.shp"}, "all.shp", "all", 10643}));
 
 struct RefusalRow {
@@ -181,7 +184,8 @@ INSTANTIATE_TEST_SUITE_P(
         RefusalRow{"unknown field",
                    {"DATA/countries.shp", "-f", "names", "-o", "OUT/x.shp"},
                    {"--fields", "'names'", "It has: pop_est, continent, name"}},
-        RefusalRow{"points", {"DATA/cities.shp", "-o", "OUT/x.shp"}, {"wrong kind", "polylines, polygons or multipoints"}},
+        RefusalRow{
+            "points", {"DATA/cities.shp", "-o", "OUT/x.shp"}, {"wrong kind", "polylines, polygons or multipoints"}},
         RefusalRow{"no folder", {"DATA/countries.shp", "-o", "OUT/none/x.shp"}, {"none"}},
         RefusalRow{"onto itself", {"OUT/in/whole.shp", "-o", "OUT/in/whole.shp", "--overwrite"}, {"read by this run"}},
         RefusalRow{"no ending", {"DATA/countries.shp", "-o", "OUT/x.abc"}, {"x.abc", "NAME.shp"}},
@@ -191,7 +195,8 @@ INSTANTIATE_TEST_SUITE_P(
                    {"can be read but not written", "NAME.shp", "NAME.gdb/CLASS"}},
         RefusalRow{"broken condition", {"DATA/countries.shp", "-w", "name = = 1", "-o", "OUT/x.shp"}, {"name = = 1"}},
         RefusalRow{"empty selection", {"DATA/countries.shp", "-w", "name = ''", "-o", "OUT/x.shp"}, {"No record"}},
-        RefusalRow{"report ending", {"DATA/countries.shp", "-o", "OUT/x.shp", "--report", "OUT/r.doc"}, {"r.doc", "json"}},
+        RefusalRow{
+            "report ending", {"DATA/countries.shp", "-o", "OUT/x.shp", "--report", "OUT/r.doc"}, {"r.doc", "json"}},
         RefusalRow{"damaged document",
                    {"countries", "--document", "OUT/in/damaged.json", "-o", "OUT/x.shp"},
                    {"damaged.json", "no JSON"}},
@@ -229,8 +234,7 @@ void WriteManyLines(const std::string& path) {
   std::string text = R"({"type":"FeatureCollection","features":[)";
   for (int line = 0; line < 60000; ++line) {
     const std::string x = std::to_string(line % 360 - 180) + ".5";
-    text += std::string(line > 0 ? "," : "") +
-            R"({"type":"Feature","properties":{"n":)" + std::to_string(line) +
+    text += std::string(line > 0 ? "," : "") + R"({"type":"Feature","properties":{"n":)" + std::to_string(line) +
             R"(},"geometry":{"type":"LineString","coordinates":[[)" + x + ",0],[" + x + ",1],[" + x + ",2]]}}";
   }
   WriteFile(path, text + "]}");
@@ -238,8 +242,8 @@ void WriteManyLines(const std::string& path) {
 
 TEST_F(Vertices, StoppedRunLeavesAValidPartAndSaysSo) {
   WriteManyLines(In("many.json"));
-  const ProgramOutcome run = RunAndInterrupt(
-      {"vertices", In("many.json"), "-o", In("v.shp"), "--report", In("r.json")}, In("v.dbf"), 10000);
+  const ProgramOutcome run =
+      RunAndInterrupt({"vertices", In("many.json"), "-o", In("v.shp"), "--report", In("r.json")}, In("v.dbf"), 10000);
   EXPECT_EQ(run.status, 1) << run.err;
   EXPECT_THAT(run.out, HasSubstr("Exited Function Prematurely at Record"));
   EXPECT_THAT(run.out, HasSubstr("Partial output saved to " + In("v.shp")));
@@ -256,9 +260,10 @@ TEST_F(Vertices, StoppedRunLeavesAValidPartAndSaysSo) {
 TEST_F(Vertices, ReportInEveryKind) {
   for (const char* ending : {"rtf", "txt", "html", "json"}) {
     const std::string report = In(std::string("r.") + ending);
-    ASSERT_EQ(RunTessarine({"vertices", Data("countries.shp"), "-o", In("v.shp"), "--overwrite", "-q", "--report", report})
-                  .status,
-              0);
+    ASSERT_EQ(
+        RunTessarine({"vertices", Data("countries.shp"), "-o", In("v.shp"), "--overwrite", "-q", "--report", report})
+            .status,
+        0);
     EXPECT_THAT(ReadFile(report), HasSubstr("Contains 10643 vertex points")) << ending;
     // As a person sees it: the path is native in every kind.
     if (std::string(ending) != "rtf") {

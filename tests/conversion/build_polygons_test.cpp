@@ -81,9 +81,9 @@ TEST_F(BuildPolygonsTest, WithoutLinesNothingIsMade) {
 TEST_F(BuildPolygonsTest, LabelsComeFromTheFirstOrTheNearestPoint) {
   const auto lines = Layer("lines", kTwoSquares);
   // The centres are (5, 5) and (15, 5); "near" and "same" are equally far from the first. One lies on the border.
-  const auto points = Layer("points", {PointFeature("[1,1]", "far"), PointFeature("[5,6]", "near"),
-                                       PointFeature("[6,5]", "same"), PointFeature("[20,9]", "edge"),
-                                       PointFeature("[30,30]", "off")});
+  const auto points =
+      Layer("points", {PointFeature("[1,1]", "far"), PointFeature("[5,6]", "near"), PointFeature("[6,5]", "same"),
+                       PointFeature("[20,9]", "edge"), PointFeature("[30,30]", "off")});
   points->SetSelectedOids({2, 4});
   const struct {
     Labels labels;

@@ -16,13 +16,14 @@ constexpr const char* kBracket = "[[[0,0],[4,0],[4,1],[1,1],[1,3],[4,3],[4,4],[0
 class CentroidsTest : public ConversionRunTest {};
 
 TEST_F(CentroidsTest, OfPolygonsMayLieOutsideLabelPointsMayNot) {
-  const auto layer = Layer("fields", {Feature(Shape("Polygon", kBracket), R"({"name":"bracket"})"),
-                                      Feature("null", R"({"name":"nothing"})"),
-                                      // A hole in the left half moves the centre to the right:
-                                      // (16 * 2 - 4 * 1.5) / 12 = 13 / 6.
-                                      Feature(Shape("Polygon", "[[[0,0],[4,0],[4,4],[0,4],[0,0]],"
-                                                               "[[0.5,1],[2.5,1],[2.5,3],[0.5,3],[0.5,1]]]"),
-                                              R"({"name":"hole"})")});
+  const auto layer = Layer(
+      "fields", {Feature(Shape("Polygon", kBracket), R"({"name":"bracket"})"), Feature("null", R"({"name":"nothing"})"),
+                 // A hole in the left half moves the centre to the right:
+                 // (16 * 2 - 4 * 1.5) / 12 = 13 / 6.
+                 Feature(Shape("Polygon",
+                               "[[[0,0],[4,0],[4,4],[0,4],[0,0]],"
+                               "[[0.5,1],[2.5,1],[2.5,3],[0.5,3],[0.5,1]]]"),
+                         R"({"name":"hole"})")});
   const std::string text = Run(ConvertToCentroids, layer, {"name"});
   EXPECT_EQ(Layout(), "Uniq_ID X_Coord Y_Coord name WGS 84 / UTM zone 12N");
   // (16 * 2 - 6 * 2.5) / 10
@@ -54,8 +55,8 @@ TEST_F(CentroidsTest, OfLinesHalveTheLengthOfAllParts) {
 }
 
 TEST_F(CentroidsTest, OfMultipointsCountRepeatedPointsTwice) {
-  const auto layer = Layer("wells", {Feature(Shape("MultiPoint", "[[0,0],[0,0],[6,3]]")),
-                                     Feature(Shape("MultiPoint", "[[7,8]]"))});
+  const auto layer =
+      Layer("wells", {Feature(Shape("MultiPoint", "[[0,0],[0,0],[6,3]]")), Feature(Shape("MultiPoint", "[[7,8]]"))});
   Run(ConvertToCentroids, layer);
   EXPECT_THAT(Rows(), ElementsAre("1 2 1 POINT (2 1)", "2 7 8 POINT (7 8)"));
 }

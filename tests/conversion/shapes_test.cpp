@@ -23,11 +23,11 @@ TEST_F(ShapesTest, LinesCloseToPolygons) {
        Feature(Shape("MultiLineString", "[[[0,0],[0,1],[1,1]],[[8,0],[8,2],[10,2],[10,0]]]"), R"({"name":"apart"})")});
   const std::string text = Run(PolylinesToPolygons, layer, {"name"});
   EXPECT_EQ(Layout(), "Uniq_ID Area name WGS 84 / UTM zone 12N");
-  EXPECT_THAT(Rows(), ElementsAre("1 16 open POLYGON ((0 0,0 4,4 4,4 0,0 0))",
-                                  // A line that bounds nothing is a record without a shape.
-                                  "2 0 collapses none",
-                                  "3 32 nested POLYGON ((0 0,0 6,6 6,6 0,0 0),(1 1,3 1,3 3,1 3,1 1))",
-                                  StartsWith("4 4.5 apart MULTIPOLYGON ((")));
+  EXPECT_THAT(Rows(),
+              ElementsAre("1 16 open POLYGON ((0 0,0 4,4 4,4 0,0 0))",
+                          // A line that bounds nothing is a record without a shape.
+                          "2 0 collapses none", "3 32 nested POLYGON ((0 0,0 6,6 6,6 0,0 0),(1 1,3 1,3 3,1 3,1 1))",
+                          StartsWith("4 4.5 apart MULTIPOLYGON ((")));
   EXPECT_THAT(text, HasSubstr("Empty Polylines Found:"));
   EXPECT_THAT(text, HasSubstr("OID Value = 3\n"));
   EXPECT_THAT(text, HasSubstr("Contains 4 polygons"));

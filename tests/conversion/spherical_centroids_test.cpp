@@ -25,9 +25,8 @@ class SphericalCentroidsTest : public ConversionRunTest {
 
 TEST_F(SphericalCentroidsTest, OfAQuarterBandLiesOnItsMiddleMeridian) {
   // Between 0 and 10 degrees of longitude and the two parallels of 20: by symmetry at (5, 0).
-  const auto layer = Layer("bands", {Feature(Shape("Polygon", "[[[0,-20],[0,20],[10,20],[10,-20],[0,-20]]]")),
-                                     Feature("null")},
-                           "4326");
+  const auto layer = Layer(
+      "bands", {Feature(Shape("Polygon", "[[[0,-20],[0,20],[10,20],[10,-20],[0,-20]]]")), Feature("null")}, "4326");
   const std::string text = Run(ConvertToSphericalCentroid, layer);
   EXPECT_EQ(Layout(), "Uniq_ID X_Coord Y_Coord WGS 84");
   ASSERT_EQ(Rows().size(), 1U);
@@ -40,8 +39,9 @@ TEST_F(SphericalCentroidsTest, OfAQuarterBandLiesOnItsMiddleMeridian) {
 
 TEST_F(SphericalCentroidsTest, OfProjectedDataIsGeographic) {
   // About (500000, 0) of zone 12 north, which is longitude -111 on the equator; a metre is 8.98e-6 degrees.
-  const auto layer = Layer("plots", {Feature(Shape("Polygon", "[[[499000,-1000],[499000,1000],[501000,1000],"
-                                                              "[501000,-1000],[499000,-1000]]]"))});
+  const auto layer = Layer("plots", {Feature(Shape("Polygon",
+                                                   "[[[499000,-1000],[499000,1000],[501000,1000],"
+                                                   "[501000,-1000],[499000,-1000]]]"))});
   const std::string text = Run(ConvertToSphericalCentroid, layer);
   EXPECT_EQ(Layout(), "Uniq_ID X_Coord Y_Coord WGS 84");
   EXPECT_THAT(text, HasSubstr("Spatial Reference:  WGS 84 / UTM zone 12N"));  // of the input

@@ -24,8 +24,9 @@ TEST_F(SplitCombineTest, SplitsEveryKindUnderRunningNumbers) {
     std::vector<std::string> rows;
   } cases[] = {
       {"areas",
-       {Feature(Shape("MultiPolygon", "[[[[0,0],[0,9],[9,9],[9,0],[0,0]],[[1,1],[3,1],[3,3],[1,3],[1,1]]],"
-                                      "[[[20,0],[20,2],[22,2],[22,0],[20,0]]]]"),
+       {Feature(Shape("MultiPolygon",
+                      "[[[[0,0],[0,9],[9,9],[9,0],[0,0]],[[1,1],[3,1],[3,3],[1,3],[1,1]]],"
+                      "[[[20,0],[20,2],[22,2],[22,0],[20,0]]]]"),
                 R"({"name":"isles"})"),
         Feature("null", R"({"name":"sunk"})"),
         Feature(Shape("MultiPolygon", "[[[[0,0],[0,1],[1,1],[1,0],[0,0]]]]"), R"({"name":"rock"})")},
@@ -60,11 +61,11 @@ TEST_F(SplitCombineTest, SplittingPointsFailsForWantOfAnOutputType) {
 }
 
 TEST_F(SplitCombineTest, TouchingAndOverlappingPolygonsDissolve) {
-  const auto layer = Layer("areas", {Feature("null", R"({"name":"first","pop":null})"),
-                                     Feature(Shape("Polygon", "[[[0,0],[0,2],[2,2],[2,0],[0,0]]]"),
-                                             R"({"name":"second","pop":5})"),
-                                     Feature(Shape("Polygon", "[[[2,0],[2,2],[4,2],[4,0],[2,0]]]")),
-                                     Feature(Shape("Polygon", "[[[3,1],[3,3],[5,3],[5,1],[3,1]]]"))});
+  const auto layer =
+      Layer("areas", {Feature("null", R"({"name":"first","pop":null})"),
+                      Feature(Shape("Polygon", "[[[0,0],[0,2],[2,2],[2,0],[0,0]]]"), R"({"name":"second","pop":5})"),
+                      Feature(Shape("Polygon", "[[[2,0],[2,2],[4,2],[4,0],[2,0]]]")),
+                      Feature(Shape("Polygon", "[[[3,1],[3,3],[5,3],[5,1],[3,1]]]"))});
   layer->SetSelectedOids({0, 1, 2});
   // The attributes are those of the first record, which has no shape.
   const std::string text = Run(JoinFeatures, layer, {"name", "pop"}, false, true);
@@ -85,8 +86,8 @@ TEST_F(SplitCombineTest, TouchingAndOverlappingPolygonsDissolve) {
 }
 
 TEST_F(SplitCombineTest, LinesAreCountedOnceAndNothingIsStillOneFeature) {
-  Run(JoinFeatures, Layer("roads", {Feature(Shape("LineString", "[[0,0],[10,0]]")),
-                                    Feature(Shape("LineString", "[[4,0],[14,0]]"))}));
+  Run(JoinFeatures,
+      Layer("roads", {Feature(Shape("LineString", "[[0,0],[10,0]]")), Feature(Shape("LineString", "[[4,0],[14,0]]"))}));
   EXPECT_THAT(Rows(), ElementsAre(StartsWith("1 14 LINESTRING (0 0,")));
   host.messages.answers = {MessageAnswer::Yes};
   const auto empty = Layer("none", {Feature("null"), Feature(R"({"type":"LineString","coordinates":[]})")});

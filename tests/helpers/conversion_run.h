@@ -68,8 +68,8 @@ class ConversionRunTest : public ::testing::Test {
   /// The report as a person reads it.
   std::string Run(modCreateVertices::ConversionWorker& worker, const std::shared_ptr<DocumentFeatureLayer>& layer,
                   const std::vector<std::string>& fields = {}, bool all = true, bool show_progress = false) {
-    report = worker(layer, FieldsOf(*layer, fields), all, folder.Path("out.shp"), application, extension,
-                    show_progress, false);
+    report = worker(layer, FieldsOf(*layer, fields), all, folder.Path("out.shp"), application, extension, show_progress,
+                    false);
     return ToPlainText(ReadRtf(report));
   }
 
@@ -83,8 +83,8 @@ class ConversionRunTest : public ::testing::Test {
       for (int field = 0; field < feature->GetFieldCount(); ++field) {
         const bool number = feature->GetFieldDefnRef(field)->GetType() == OFTReal;
         row += (!feature->IsFieldSetAndNotNull(field) ? "NULL"
-                : number ? NumberText(feature->GetFieldAsDouble(field))
-                         : std::string(feature->GetFieldAsString(field))) +
+                : number                              ? NumberText(feature->GetFieldAsDouble(field))
+                                                      : std::string(feature->GetFieldAsString(field))) +
                " ";
       }
       const OGRGeometry* shape = feature->GetGeometryRef();

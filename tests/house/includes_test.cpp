@@ -12,9 +12,9 @@ namespace {
 namespace fs = std::filesystem;
 
 struct Room {
-  const char* folder;               // below src/
-  std::vector<const char*> allowed; // prefixes of quoted includes
-  bool libraries;                   // may see more than the standard library
+  const char* folder;                // below src/
+  std::vector<const char*> allowed;  // prefixes of quoted includes
+  bool libraries;                    // may see more than the standard library
 };
 
 // `frame/commands` stands before `frame`, so that the longer prefix is found first.
@@ -28,7 +28,8 @@ const std::vector<Room> kRooms = {
      false},
     {"frame/", {"platform/", "geodesy/", "support/", "frame/"}, false},
     {"support/", {"platform/", "geodesy/", "support/", "frame/clsExtension.h", "frame/ErrorHandling.h"}, false},
-    {"spheroids/", {"platform/", "geodesy/", "support/", "spheroids/", "frame/clsExtension.h", "frame/ErrorHandling.h"},
+    {"spheroids/",
+     {"platform/", "geodesy/", "support/", "spheroids/", "frame/clsExtension.h", "frame/ErrorHandling.h"},
      false},
     {"conversion/",
      {"platform/", "geodesy/", "support/", "conversion/", "frame/clsExtension.h", "frame/ErrorHandling.h"},
@@ -41,8 +42,7 @@ const std::vector<Room> kRooms = {
      {"platform/", "geodesy/", "support/", "graphics/", "frame/clsExtension.h", "frame/ErrorHandling.h"},
      false},
     {"planetary/",
-     {"platform/", "geodesy/", "support/", "spheroids/", "planetary/", "frame/clsExtension.h",
-      "frame/ErrorHandling.h"},
+     {"platform/", "geodesy/", "support/", "spheroids/", "planetary/", "frame/clsExtension.h", "frame/ErrorHandling.h"},
      false},
     {"hosts/", {""}, true},
 };

@@ -103,8 +103,8 @@ std::string LibraryPath() {
 }
 
 std::string ManifestText() {
-  std::string text = "{\n  \"library\": " + JsonText(LibraryPath()) + ",\n  \"version\": " +
-                     JsonText(TESSARINE_VERSION) + ",\n  \"classes\": [";
+  std::string text = "{\n  \"library\": " + JsonText(LibraryPath()) +
+                     ",\n  \"version\": " + JsonText(TESSARINE_VERSION) + ",\n  \"classes\": [";
   bool first = true;
   for (const ComponentClass& component : ComponentClasses()) {
     std::string interfaces;

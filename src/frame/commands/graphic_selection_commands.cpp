@@ -124,7 +124,9 @@ class ZoomCommand final : public GraphicsCommand {
 
 }  // namespace
 
-std::shared_ptr<ICommand> MakeSelectAllCommand(const CommandRow& row) { return std::make_shared<SelectAllCommand>(row); }
+std::shared_ptr<ICommand> MakeSelectAllCommand(const CommandRow& row) {
+  return std::make_shared<SelectAllCommand>(row);
+}
 std::shared_ptr<ICommand> MakeUnselectAllCommand(const CommandRow& row) {
   return std::make_shared<UnselectAllCommand>(row);
 }

@@ -87,9 +87,8 @@ class DocumentReader {
   std::shared_ptr<ILayer> ReadGroup(const JsonPlace& place, const std::string& name, int depth) {
     if (depth == kMaximumGroupDepth) place.Fail("nested less deeply");
     auto group = std::make_shared<DocumentGroupLayer>(name);
-    place.Member("members").ForEach([&](const JsonPlace& item) {
-      group->Members.push_back(ReadLayer(item, depth + 1));
-    });
+    place.Member("members").ForEach(
+        [&](const JsonPlace& item) { group->Members.push_back(ReadLayer(item, depth + 1)); });
     return group;
   }
 
@@ -130,9 +129,8 @@ class DocumentReader {
     }
     const auto group = Cast<GroupElement>(element);
     if (group && place.Has("members")) {
-      place.Member("members").ForEach([&](const JsonPlace& item) {
-        group->Members.push_back(ReadElement(item, depth + 1));
-      });
+      place.Member("members").ForEach(
+          [&](const JsonPlace& item) { group->Members.push_back(ReadElement(item, depth + 1)); });
     }
     return element;
   }
@@ -145,8 +143,7 @@ class DocumentReader {
 
 class DocumentWriter {
  public:
-  DocumentWriter(const MapDocument& document, std::string folder)
-      : document_(document), folder_(std::move(folder)) {}
+  DocumentWriter(const MapDocument& document, std::string folder) : document_(document), folder_(std::move(folder)) {}
 
   json Write() const {
     json root = {{"format", kFormat},

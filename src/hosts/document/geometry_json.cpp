@@ -41,14 +41,9 @@ Segment CurveFromJson(XY from, const JsonPlace& item) {
   }
   if (item.Has("ellipse")) {
     const XY axes = item.Member("axes").Pair();
-    return EllipticArc{from,
-                       item.Member("ellipse").Pair(),
-                       item.Member("center").Pair(),
-                       axes.x,
-                       axes.y,
-                       item.Member("rotation").Number(),
-                       item.Member("start").Number(),
-                       item.Member("sweep").Number()};
+    return EllipticArc{
+        from,   item.Member("ellipse").Pair(),    item.Member("center").Pair(),  axes.x,
+        axes.y, item.Member("rotation").Number(), item.Member("start").Number(), item.Member("sweep").Number()};
   }
   if (item.Has("bezier")) {
     const JsonPlace controls = item.Member("controls");

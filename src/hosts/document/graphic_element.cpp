@@ -70,11 +70,16 @@ struct KindRow {
 };
 
 constexpr std::array kKinds = {
-    KindRow{"marker", Make<MarkerElement>},       KindRow{"line", Make<LineElement>},
-    KindRow{"polygon", Make<PolygonElement>},     KindRow{"rectangle", Make<RectangleElement>},
-    KindRow{"ellipse", Make<EllipseElement>},     KindRow{"circle", Make<CircleElement>},
-    KindRow{"text", Make<TextElement>},           KindRow{"picture", Make<PictureElement>},
-    KindRow{"data graph", Make<DataGraphElement>}, KindRow{"frame", Make<FrameElement>},
+    KindRow{"marker", Make<MarkerElement>},
+    KindRow{"line", Make<LineElement>},
+    KindRow{"polygon", Make<PolygonElement>},
+    KindRow{"rectangle", Make<RectangleElement>},
+    KindRow{"ellipse", Make<EllipseElement>},
+    KindRow{"circle", Make<CircleElement>},
+    KindRow{"text", Make<TextElement>},
+    KindRow{"picture", Make<PictureElement>},
+    KindRow{"data graph", Make<DataGraphElement>},
+    KindRow{"frame", Make<FrameElement>},
     KindRow{"group", Make<GroupElement>},
 };
 
@@ -87,9 +92,7 @@ GeometryRef GraphicElement::Geometry() const {
   return Shape;
 }
 
-void GraphicElement::QueryBounds(IDisplay&, Envelope& bounds) const {
-  bounds = Shape ? Shape->Envelope() : Envelope();
-}
+void GraphicElement::QueryBounds(IDisplay&, Envelope& bounds) const { bounds = Shape ? Shape->Envelope() : Envelope(); }
 
 void GroupElement::QueryBounds(IDisplay& display, Envelope& bounds) const {
   bounds = Shape ? Shape->Envelope() : Envelope();

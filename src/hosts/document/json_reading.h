@@ -69,9 +69,7 @@ class JsonPlace {
   [[nodiscard]] std::string TextOr(const char* key, const std::string& otherwise) const {
     return Has(key) ? Member(key).Text() : otherwise;
   }
-  [[nodiscard]] bool FlagOr(const char* key, bool otherwise) const {
-    return Has(key) ? Member(key).Flag() : otherwise;
-  }
+  [[nodiscard]] bool FlagOr(const char* key, bool otherwise) const { return Has(key) ? Member(key).Flag() : otherwise; }
 
  private:
   const nlohmann::json* value_;

@@ -24,9 +24,7 @@ class LayerList final : public IEnumLayer {
  public:
   explicit LayerList(std::vector<std::shared_ptr<ILayer>> layers) : layers_(std::move(layers)) {}
   void Reset() override { next_ = 0; }
-  [[nodiscard]] std::shared_ptr<ILayer> Next() override {
-    return next_ < layers_.size() ? layers_[next_++] : nullptr;
-  }
+  [[nodiscard]] std::shared_ptr<ILayer> Next() override { return next_ < layers_.size() ? layers_[next_++] : nullptr; }
 
  private:
   std::vector<std::shared_ptr<ILayer>> layers_;

@@ -136,8 +136,9 @@ void AddBuildPolygonsCommand(CLI::App& program, ChosenCommand& chosen) {
   CLI::App& command = *program.add_subcommand(kCommand, "One polygon for each region that lines bound together");
   command.add_option("lines", options->lines.source, "The lines: a path, PATH:LAYER, or a layer of the document")
       ->required();
-  command.add_option("-o,--output", options->output,
-                     "The new class: NAME.shp, a folder, GEODATABASE.gdb/NAME or GEODATABASE.gdb/DATASET/NAME")
+  command
+      .add_option("-o,--output", options->output,
+                  "The new class: NAME.shp, a folder, GEODATABASE.gdb/NAME or GEODATABASE.gdb/DATASET/NAME")
       ->required();
   command.add_option("-l,--layer", options->lines.layer, "The layer, where the data holds several");
   command.add_option("-w,--where", options->lines.where, "Take only the lines that meet this SQL condition");

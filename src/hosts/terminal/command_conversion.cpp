@@ -16,8 +16,8 @@ struct ConversionRow {
   const char* name;
   const char* class_id;
   const char* description;
-  const char* takes;    ///< the shapes that the tool takes, in words
-  bool geographic;      ///< the output is in degrees, whatever the input
+  const char* takes;  ///< the shapes that the tool takes, in words
+  bool geographic;    ///< the output is in degrees, whatever the input
   const char* example;
 };
 
@@ -31,8 +31,8 @@ constexpr ConversionRow kConversions[] = {
      "The centre of each polygon or multipoint and the middle of each line, on the plane",
      "polylines, polygons or multipoints", false,
      "tessarine centroids tests/data/countries.shp --fields name --where \"continent = 'Africa'\" -o centroids.shp"},
-    {"spherical-centroids", "Tessarine.clsConvertSphCentroid",
-     "The same on the globe, as longitude and latitude", "polylines, polygons or multipoints", true,
+    {"spherical-centroids", "Tessarine.clsConvertSphCentroid", "The same on the globe, as longitude and latitude",
+     "polylines, polygons or multipoints", true,
      "tessarine spherical-centroids tests/data/countries.shp --fields name -o centers.shp"},
     {"to-polygons", "Tessarine.clsConvertToPolygon", "Close the parts of lines to polygons", "polylines", false,
      "tessarine to-polygons tests/data/disputed_borders.shp --all-fields -o areas.shp"},
@@ -95,8 +95,9 @@ void AddConversion(const ConversionRow& row, CLI::App& program, ChosenCommand& c
   CLI::App& command = *program.add_subcommand(row.name, row.description);
   command.add_option("source", options->source.source, "The data: a path, PATH:LAYER, or a layer of the document")
       ->required();
-  command.add_option("-o,--output", options->output,
-                     "The new class: NAME.shp, a folder, GEODATABASE.gdb/NAME or GEODATABASE.gdb/DATASET/NAME")
+  command
+      .add_option("-o,--output", options->output,
+                  "The new class: NAME.shp, a folder, GEODATABASE.gdb/NAME or GEODATABASE.gdb/DATASET/NAME")
       ->required();
   command.add_option("-l,--layer", options->source.layer, "The layer, where the data holds several");
   command.add_option("-w,--where", options->source.where, "Take only the records that meet this SQL condition");

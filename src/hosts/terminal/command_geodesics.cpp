@@ -121,8 +121,8 @@ FourNumbers ReadNumbers(const ProblemRow& problem, std::string_view line) {
   for (std::size_t index = 0; index < 4; ++index) {
     numbers[index] = ReadNumber(words[index], problem.takes[index]);
     if (problem.is_latitude[index] && std::abs(numbers[index]) > 90.0) {
-      throw std::invalid_argument(fmt::format("{} is {}: latitudes lie between -90 and 90", problem.takes[index],
-                                              words[index]));
+      throw std::invalid_argument(
+          fmt::format("{} is {}: latitudes lie between -90 and 90", problem.takes[index], words[index]));
     }
   }
   return numbers;
@@ -230,13 +230,13 @@ void AddGeodesic(const ProblemRow& problem, CLI::App& program, ChosenCommand& ch
       ->expected(4);
   AddSpheroidOptions(command, options->spheroid);
   command.add_flag("--json", options->json, "Print one JSON object a line, with all digits");
-  command.footer(fmt::format("On WGS 1984 unless told otherwise. Angles are degrees; azimuths run clockwise from "
-                             "north. A bad line gives an error on its\nown line, the others go on, and the exit "
-                             "status is 1.\n\nExample:\n  {}",
-                             problem.example));
-  command.callback([&problem, &chosen, options] {
-    chosen.run = [&problem, options] { return RunGeodesics(problem, *options); };
-  });
+  command.footer(
+      fmt::format("On WGS 1984 unless told otherwise. Angles are degrees; azimuths run clockwise from "
+                  "north. A bad line gives an error on its\nown line, the others go on, and the exit "
+                  "status is 1.\n\nExample:\n  {}",
+                  problem.example));
+  command.callback(
+      [&problem, &chosen, options] { chosen.run = [&problem, options] { return RunGeodesics(problem, *options); }; });
 }
 
 }  // namespace

@@ -59,8 +59,8 @@ void AddDocumentOptions(CLI::App& command, GraphicsOptions& options) {
 
 void AddGraphicsCommands(CLI::App& program, ChosenCommand& chosen) {
   auto select = std::make_shared<GraphicsOptions>();
-  CLI::App& selection =
-      *program.add_subcommand("select-graphics", "Select all graphic elements of a document's map, none, or the others");
+  CLI::App& selection = *program.add_subcommand("select-graphics",
+                                                "Select all graphic elements of a document's map, none, or the others");
   AddDocumentOptions(selection, *select);
   CLI::Option_group& kinds = *selection.add_option_group("selection");
   kinds.add_flag("--all", select->all, "Select all graphic elements");

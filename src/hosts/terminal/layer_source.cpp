@@ -46,7 +46,8 @@ void SplitSource(const std::string& text, std::string& path, std::string& layer)
 std::shared_ptr<DocumentFeatureLayer> TakeLayer(MapDocument& document, const SourceOptions& options) {
   try {
     std::shared_ptr<DocumentFeatureLayer> layer = FindInDocument(document, options.source);
-    if (layer && !layer->Valid()) throw Refusal("The layer '" + options.source + "' can't be opened. " + layer->Problem());
+    if (layer && !layer->Valid())
+      throw Refusal("The layer '" + options.source + "' can't be opened. " + layer->Problem());
     if (!layer) layer = AddSource(document, options);
     document.SetSelectedLayer(layer);
     if (!options.where.empty()) {

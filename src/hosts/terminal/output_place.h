@@ -32,8 +32,7 @@ struct OutputPlace {
 /// What was made and is still empty when this object goes away is removed again.
 class PreparedPlace {
  public:
-  PreparedPlace(const OutputPlace& place, const SpatialReferenceRef& reference, TerminalSystem& system,
-                bool plan_only);
+  PreparedPlace(const OutputPlace& place, const SpatialReferenceRef& reference, TerminalSystem& system, bool plan_only);
   ~PreparedPlace();
   PreparedPlace(const PreparedPlace&) = delete;
   PreparedPlace& operator=(const PreparedPlace&) = delete;

@@ -1,4 +1,5 @@
-// A command that writes a new class: the place is checked and prepared, the browse dialog will answer it, the tool runs.
+// A command that writes a new class: the place is checked and prepared, the browse dialog will answer it, the tool
+// runs.
 #pragma once
 
 #include <string>

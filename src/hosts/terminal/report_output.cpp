@@ -59,7 +59,9 @@ std::string JsonReport(const std::string& rtf, const CommonOptions& options, Ter
       {"output", journal.OutputPath.empty() ? json() : json(ToNativePath(journal.OutputPath))},
       {"spatial_reference", ReferenceToJson(journal.Reference)},
       {"records",
-       {{"read", journal.Read}, {"written", journal.Written}, {"skipped", journal.SkippedOIDs.size()},
+       {{"read", journal.Read},
+        {"written", journal.Written},
+        {"skipped", journal.SkippedOIDs.size()},
         {"skipped_oids", journal.SkippedOIDs}}},
       {"report", ToPlainText(ReadRtf(rtf))},
   };

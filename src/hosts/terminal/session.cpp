@@ -36,7 +36,8 @@ Session::~Session() { application_->Stop(); }
 ExitStatus Session::Run(const std::string& command_id, FormScript* script) {
   host_.SetScript(script);
   CatchInterrupt();
-  if (!application_->Click(command_id)) throw Refusal("This command is disabled: the document's host is too old for it.");
+  if (!application_->Click(command_id))
+    throw Refusal("This command is disabled: the document's host is too old for it.");
   if (host_.AnswerRefused()) throw *host_.AnswerRefused();
   DeliverReport();
   if (document_->Dirty()) {

@@ -41,11 +41,7 @@ struct BrowsePlace {
   std::string name;
 };
 
-class TerminalHost final : public IHost,
-                           public IMessageBox,
-                           public IFormHost,
-                           public IClipboard,
-                           public IRegistry {
+class TerminalHost final : public IHost, public IMessageBox, public IFormHost, public IClipboard, public IRegistry {
  public:
   TerminalHost(TerminalManners manners, std::string host_version);
   ~TerminalHost() override;
