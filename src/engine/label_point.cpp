@@ -1,6 +1,9 @@
 // LabelPoint: a place that surely lies inside a polygon.
 #include <algorithm>
+#include <list>
 #include <optional>
+#include <span>
+#include <vector>
 
 #include "engine/geos_bridge.h"
 #include "platform/fault.h"
@@ -10,11 +13,48 @@ namespace {
 
 using namespace engine;
 
-// Strictly inside, by predicates that rounding doesn't fool.
-bool LiesInside(const GEOSGeometry* area, XY place) {
-  const GeosGeometry probe = Checked(GEOSGeom_createPointFromXY_r(Geos(), place.x, place.y));
-  return CheckedFlag(GEOSContains_r(Geos(), area, probe.get()));
-}
+// The polygon's rings, curves as chords.
+class Rings {
+ public:
+  explicit Rings(const Polygon& polygon) {
+    for (const auto& part : polygon.Parts()) {
+      if (part->HasCurves()) densified_.push_back(DensifiedVertices(*part));
+      rings_.push_back(part->HasCurves() ? std::span<const XY>(densified_.back()) : part->Vertices());
+    }
+  }
+
+  /// Strictly inside by the even-odd rule, with a predicate that rounding doesn't fool.
+  [[nodiscard]] bool Hold(XY place) const {
+    bool inside = false;
+    for (const std::span<const XY> ring : rings_) {
+      for (std::size_t at = 0; at + 1 < ring.size(); ++at) {
+        const Crossing crossing = Cross(ring[at], ring[at + 1], place);
+        if (crossing == Crossing::Touches) return false;
+        if (crossing == Crossing::Right) inside = !inside;
+      }
+    }
+    return inside;
+  }
+
+ private:
+  enum class Crossing { None, Right, Touches };
+
+  // What a ray from the place eastwards does to a side.
+  static Crossing Cross(XY from, XY to, XY place) {
+    if (from == place || to == place) return Crossing::Touches;
+    if (from.y == place.y && to.y == place.y) {
+      return (from.x < place.x) != (to.x < place.x) ? Crossing::Touches : Crossing::None;
+    }
+    if ((from.y > place.y) == (to.y > place.y)) return Crossing::None;
+    if (from.x < place.x && to.x < place.x) return Crossing::None;
+    const int turn = GEOSOrientationIndex_r(Geos(), from.x, from.y, to.x, to.y, place.x, place.y);
+    if (turn == 0) return Crossing::Touches;
+    return (turn > 0) == (to.y > from.y) ? Crossing::Right : Crossing::None;
+  }
+
+  std::list<std::vector<XY>> densified_;
+  std::vector<std::span<const XY>> rings_;
+};
 
 std::optional<XY> CenterOfGravity(const Polygon& polygon) {
   if (polygon.Area() == 0.0) return std::nullopt;
@@ -48,15 +88,16 @@ std::vector<Triangle> Triangles(const GEOSGeometry* area) {
 
 XY InnerPoint(const Polygon& polygon) {
   if (polygon.IsEmpty()) Raise(kInvalidCall, "An empty polygon has no label point.");
+  const Rings rings(polygon);
+  const std::optional<XY> center = CenterOfGravity(polygon);
+  if (center && rings.Hold(*center)) return *center;
   const GeosGeometry own = ToGeos(polygon);
   if (GEOSisEmpty_r(Geos(), own.get()) != 0) Raise(kInvalidCall, "A polygon without area has no label point.");
-  const std::optional<XY> center = CenterOfGravity(polygon);
-  if (center && LiesInside(own.get(), *center)) return *center;
   const XY middle = MiddleOfWidestCut(own.get());
-  if (LiesInside(own.get(), middle)) return middle;
+  if (rings.Hold(middle)) return middle;
   // Slivers only a few roundings wide: the cut's middle may round onto their border.
   for (const Triangle& triangle : Triangles(own.get())) {
-    if (LiesInside(own.get(), triangle.center)) return triangle.center;
+    if (rings.Hold(triangle.center)) return triangle.center;
   }
   // No coordinate lies strictly inside such a polygon; this one lies on its border.
   return middle;

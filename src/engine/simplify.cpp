@@ -3,6 +3,7 @@
 #include <set>
 
 #include "engine/geos_bridge.h"
+#include "engine/plain_ring.h"
 
 namespace tessarine {
 namespace {
@@ -105,7 +106,9 @@ bool SameParts(std::span<const PathRef> first, const std::vector<PathRef>& secon
 
 void SimplifyPolygon(PartedShape& polygon) {
   std::vector<PathRef> parts = UsableParts(polygon, true);
-  if (!parts.empty()) {
+  if (parts.size() == 1 && !parts.front()->HasCurves() && IsPlainRing(parts.front()->Vertices())) {
+    Orient(parts.front().get(), true, parts);
+  } else if (!parts.empty()) {
     const NestedRings nested = NestRings(Pointers(parts));
     if (CheckedFlag(GEOSisValid_r(Geos(), NestedToGeos(nested).get()))) {
       for (const NestedRings::Shell& shell : nested.shells) {
