@@ -1,0 +1,38 @@
+// The fields of a layer and the values in them.
+#pragma once
+
+#include <qgsfield.h>
+#include <qgsvectorlayer.h>
+
+#include <QVariant>
+#include <vector>
+
+#include "platform/field.h"
+#include "platform/variant.h"
+
+namespace tessarine::qgis {
+
+/// The fields as the suite sees them: the identifier, the shape where there is one, then the attributes.
+struct Columns {
+  static constexpr int kNoAttribute = -1;
+
+  FieldsRef fields;
+  std::int32_t shape_index = -1;
+  std::vector<int> attributes;  ///< the layer's index of each field, `kNoAttribute` for identifier and shape
+
+  /// The layer's index; fault 5 outside the list.
+  [[nodiscard]] int AttributeOf(std::int32_t index) const;
+};
+
+/// The shape field has no reference yet.
+[[nodiscard]] Columns ColumnsOf(const QgsVectorLayer& layer);
+
+[[nodiscard]] Variant ValueOf(const QVariant& value, const QgsField& field);
+
+/// The value as the field stores it. Fault 13 for one that is no such field's, fault 6 for one that doesn't fit.
+[[nodiscard]] QVariant StoredValue(const Variant& value, const QgsField& field);
+
+/// A field that the layer's provider can add; fault 13 when it has no such type.
+[[nodiscard]] QgsField NewFieldFor(const Field& field, const QgsVectorDataProvider& provider);
+
+}  // namespace tessarine::qgis

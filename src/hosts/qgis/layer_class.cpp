@@ -1,0 +1,201 @@
+#include "hosts/qgis/layer_class.h"
+
+#include <qgsproviderregistry.h>
+#include <qgsvectordataprovider.h>
+
+#include <QFileInfo>
+#include <algorithm>
+#include <limits>
+
+#include "engine/workspace_common.h"
+#include "hosts/qgis/layer_row.h"
+#include "hosts/qgis/values.h"
+#include "hosts/windows/qt_text.h"
+#include "platform/fault.h"
+#include "platform/paths.h"
+
+namespace tessarine::qgis {
+namespace {
+
+struct CategoryRow {
+  const char* storage;
+  const char* category;
+};
+constexpr CategoryRow kCategories[] = {
+    {"ESRI Shapefile", "Shapefile"},
+    {"OpenFileGDB", "File Geodatabase"},
+    {"PGeo", "Personal Geodatabase"},
+};
+
+// Data that the program can open isn't compressed, and has no other property that counts.
+class NoProperties final : public IPropertySet {
+ public:
+  [[nodiscard]] Variant GetProperty(std::string_view) const override { return {}; }
+};
+
+struct FilePlace {
+  QString path, layer;
+};
+
+FilePlace PlaceOf(const QgsVectorLayer& layer) {
+  if (layer.providerType() != QStringLiteral("ogr")) return {};
+  const QVariantMap parts = QgsProviderRegistry::instance()->decodeUri(layer.providerType(), layer.source());
+  FilePlace place{parts.value(QStringLiteral("path")).toString(), parts.value(QStringLiteral("layerName")).toString()};
+  if (place.layer.isEmpty()) place.layer = QFileInfo(place.path).completeBaseName();
+  return place;
+}
+
+[[noreturn]] void RaiseProviderFault(QgsVectorLayer& layer, const std::string& what) {
+  const QStringList told = layer.dataProvider()->errors();
+  layer.dataProvider()->clearErrors();
+  Raise(kEngine, what + " the layer '" + FromQt(layer.name()) + "'" +
+                     (told.isEmpty() ? "." : ": " + FromQt(told.join(QStringLiteral("; ")))));
+}
+
+}  // namespace
+
+QgsVectorLayer& LayerClass::Layer() const {
+  if (!layer_ || !layer_->isValid()) {
+    Raise(kObjectNotSet, "The layer '" + FromQt(name_) + "' can't be read: it is no longer in the project.");
+  }
+  return *layer_;
+}
+
+std::shared_ptr<const LayerTraits> LayerClass::Traits() const {
+  const QgsVectorLayer& layer = Layer();
+  if (traits_ && traits_->fields == layer.fields() && traits_->reference == ReferenceOf(layer.crs())) return traits_;
+  auto traits = std::make_shared<LayerTraits>();
+  traits->columns = ColumnsOf(layer);
+  traits->fields = layer.fields();
+  traits->shape_type = ShapeTypeOf(layer.wkbType());
+  traits->reference = ReferenceOf(layer.crs());
+  traits_ = std::move(traits);
+  return traits_;
+}
+
+void LayerClass::Change(const QgsChangedAttributesMap& attributes, const QgsGeometryMap& shapes) {
+  QgsVectorDataProvider& provider = *Layer().dataProvider();
+  provider.clearErrors();
+  if (!attributes.isEmpty() && !provider.changeAttributeValues(attributes)) {
+    RaiseProviderFault(Layer(), "Attributes can't be written to");
+  }
+  // The provider takes what is geometry alone.
+  QgsGeometryMap changed = shapes;
+  if (!changed.isEmpty() && !provider.changeGeometryValues(changed)) {
+    RaiseProviderFault(Layer(), "Shapes can't be written to");
+  }
+}
+
+void LayerClass::DeleteRow(QgsFeatureId oid) {
+  if (!Layer().dataProvider()->deleteFeatures({oid})) RaiseProviderFault(Layer(), "A row can't be deleted from");
+  ShowChanges(true);
+}
+
+void LayerClass::ShowChanges(bool shapes_changed) {
+  if (!layer_) return;
+  layer_->reload();
+  if (shapes_changed) layer_->updateExtents();
+  layer_->triggerRepaint();
+}
+
+void LayerClass::AddField(const FieldRef& field) {
+  QgsVectorLayer& layer = Layer();
+  const QgsField added = NewFieldFor(*field, *layer.dataProvider());
+  if (FindField(field->Name) >= 0) {
+    Raise(kInvalidCall, "The layer '" + FromQt(layer.name()) + "' has a field '" + field->Name + "' already.");
+  }
+  layer.dataProvider()->clearErrors();
+  if (!layer.dataProvider()->addAttributes({added})) {
+    RaiseProviderFault(layer, "The field '" + field->Name + "' can't be added to");
+  }
+  layer.updateFields();
+  if (layer.fields().lookupField(added.name()) < 0) {
+    RaiseProviderFault(layer, "The field '" + field->Name + "' can't be added under this name to");
+  }
+}
+
+std::string LayerClass::Name() const {
+  const FilePlace place = PlaceOf(Layer());
+  return FromQt(place.path.isEmpty() ? Layer().name() : place.layer);
+}
+
+std::string LayerClass::FullName() const {
+  const QgsVectorLayer& layer = Layer();
+  const FilePlace place = PlaceOf(layer);
+  if (place.path.isEmpty()) return FromQt(layer.providerType()) + ": " + FromQt(layer.name());
+  const bool shapefile = layer.storageType() == QStringLiteral("ESRI Shapefile");
+  return FromNativePath(FromQt(shapefile ? place.path : place.path + '/' + place.layer));
+}
+
+std::string LayerClass::Category() const {
+  const QString storage = Layer().storageType();
+  for (const CategoryRow& row : kCategories) {
+    if (storage == QLatin1String(row.storage)) return std::string(row.category) + " Feature Class";
+  }
+  return FromQt(storage.isEmpty() ? Layer().providerType() : storage) + " Feature Class";
+}
+
+std::shared_ptr<IWorkspace> LayerClass::Workspace() const {
+  return engine::WorkspaceOf(FromQt(Layer().storageType()), FromQt(PlaceOf(Layer()).path));
+}
+
+std::shared_ptr<IPropertySet> LayerClass::PropertySet() const { return std::make_shared<NoProperties>(); }
+
+void LayerClass::Delete() {
+  Raise(kInvalidCall, "The data of the layer '" + FromQt(Layer().name()) + "' can't be deleted through the map.");
+}
+
+bool LayerClass::CanBypassEditSession() const {
+  const QgsVectorLayer& layer = Layer();
+  return !layer.isEditable() && !layer.readOnly() &&
+         (layer.dataProvider()->capabilities() & QgsVectorDataProvider::ChangeAttributeValues) != 0;
+}
+
+std::int32_t LayerClass::CountRows(const QueryFilter* filter) {
+  std::int64_t count = filter == nullptr ? Layer().featureCount() : -1;
+  // Some providers don't know, and a filter always asks for a look at the rows.
+  if (count < 0) {
+    count = 0;
+    const auto rows = OpenReader(filter, true);
+    while (rows->NextFeature()) ++count;
+  }
+  if (count > std::numeric_limits<std::int32_t>::max()) {
+    Raise(kOverflow, "The layer '" + FromQt(Layer().name()) + "' holds more rows than can be counted.");
+  }
+  return static_cast<std::int32_t>(count);
+}
+
+std::shared_ptr<IFeature> LayerClass::ReadRow(std::int64_t oid) {
+  QgsFeature feature = Layer().getFeature(oid);
+  if (!feature.isValid()) {
+    Raise(kInvalidCall, "The layer '" + FromQt(Layer().name()) + "' has no row " + std::to_string(oid) + ".");
+  }
+  return std::make_shared<LayerRow>(Traits(), std::move(feature), weak_from_this());
+}
+
+std::string LayerFeatures::ShapeFieldName() const {
+  const auto traits = Traits();
+  return traits->columns.fields->Field(traits->columns.shape_index)->Name;
+}
+
+Envelope LayerFeatures::Extent() const { return EnvelopeOf(Layer().extent()); }
+
+std::int32_t LayerFeatures::FeatureCount(const QueryFilter* filter) const {
+  return const_cast<LayerFeatures*>(this)->CountRows(filter);
+}
+
+std::shared_ptr<IFeatureBuffer> LayerFeatures::CreateFeatureBuffer() {
+  return std::make_shared<LayerRow>(Traits(), QgsFeature(Layer().fields()), weak_from_this());
+}
+
+std::int32_t LayerTable::RowCount(const QueryFilter* filter) const {
+  return const_cast<LayerTable*>(this)->CountRows(filter);
+}
+
+LayerSelection::LayerSelection(std::shared_ptr<LayerClass> rows) : rows_(std::move(rows)) {
+  const QgsFeatureIds chosen = rows_->Layer().selectedFeatureIds();
+  oids_.assign(chosen.begin(), chosen.end());
+  std::ranges::sort(oids_);
+}
+
+}  // namespace tessarine::qgis

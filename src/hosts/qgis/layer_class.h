@@ -1,0 +1,132 @@
+// The data of a vector layer of the project, of any provider, as a feature class or a table.
+//
+// Rows are read and written through the layer and its provider, so that the program's own caches, connections and
+// filters hold. The layer's filter restricts what there is.
+#pragma once
+
+#include <qgsfeature.h>
+#include <qgsvectorlayer.h>
+
+#include <QPointer>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "hosts/qgis/columns.h"
+#include "platform/data.h"
+
+namespace tessarine::qgis {
+
+/// What all rows of one layer share. It is made anew when the layer's fields change.
+struct LayerTraits {
+  Columns columns;
+  QgsFields fields;
+  esriGeometryType shape_type = esriGeometryNull;
+  SpatialReferenceRef reference;
+};
+
+class LayerClass : public virtual IClass,
+                   public virtual IDataset,
+                   public IObjectClassInfo2,
+                   public std::enable_shared_from_this<LayerClass> {
+ public:
+  explicit LayerClass(QgsVectorLayer& layer) : layer_(&layer), name_(layer.name()) {}
+
+  /// Fault 91 when the layer was taken out of the project.
+  [[nodiscard]] QgsVectorLayer& Layer() const;
+  [[nodiscard]] std::shared_ptr<const LayerTraits> Traits() const;
+  /// Writes attributes by the layer's field indexes, and shapes. A fault quotes the provider.
+  void Change(const QgsChangedAttributesMap& attributes, const QgsGeometryMap& shapes);
+  void DeleteRow(QgsFeatureId oid);
+  /// Lets the program read the data again: the map, open tables, and whoever listens to the layer. Only where shapes
+  /// changed, too, the extent is asked for, which takes a walk over all rows in some databases.
+  void ShowChanges(bool shapes_changed);
+
+  // IClass
+  [[nodiscard]] std::int32_t FindField(std::string_view name) const override { return Fields()->FindField(name); }
+  [[nodiscard]] FieldsRef Fields() const override { return Traits()->columns.fields; }
+  void AddField(const FieldRef& field) override;
+
+  // IDataset
+  [[nodiscard]] std::string Name() const override;
+  /// The path of file data; for others the provider and the layer's name.
+  [[nodiscard]] std::string FullName() const override;
+  [[nodiscard]] std::string BrowseName() const override { return Name(); }
+  [[nodiscard]] std::string Category() const override;
+  [[nodiscard]] std::shared_ptr<IWorkspace> Workspace() const override;
+  [[nodiscard]] std::shared_ptr<IPropertySet> PropertySet() const override;
+  void Delete() override;
+
+  /// False for a layer that is being edited, is read-only, or whose provider changes no attributes.
+  [[nodiscard]] bool CanBypassEditSession() const override;
+
+  [[nodiscard]] std::int32_t CountRows(const QueryFilter* filter);
+  [[nodiscard]] std::shared_ptr<IFeatureCursor> OpenReader(const QueryFilter* filter, bool recycling);
+  /// The rows of these identifiers, in order; with `writing` they can be written back.
+  [[nodiscard]] std::shared_ptr<IFeatureCursor> OpenChosen(std::vector<QgsFeatureId> oids, const QueryFilter* filter,
+                                                           bool recycling, bool writing);
+  [[nodiscard]] std::shared_ptr<IFeatureCursor> OpenUpdater(const QueryFilter* filter, bool recycling);
+  [[nodiscard]] std::shared_ptr<IFeatureCursor> OpenInserter();
+  [[nodiscard]] std::shared_ptr<IFeature> ReadRow(std::int64_t oid);
+
+ private:
+  QPointer<QgsVectorLayer> layer_;
+  QString name_;
+  mutable std::shared_ptr<const LayerTraits> traits_;
+};
+
+class LayerFeatures final : public LayerClass, public IFeatureClass {
+ public:
+  using LayerClass::LayerClass;
+
+  [[nodiscard]] esriGeometryType ShapeType() const override { return Traits()->shape_type; }
+  [[nodiscard]] std::string ShapeFieldName() const override;
+  [[nodiscard]] std::string AliasName() const override { return Name(); }
+  [[nodiscard]] SpatialReferenceRef SpatialReference() const override { return Traits()->reference; }
+  [[nodiscard]] Envelope Extent() const override;
+  [[nodiscard]] std::int32_t FeatureCount(const QueryFilter* filter) const override;
+  [[nodiscard]] std::shared_ptr<IFeatureCursor> Search(const QueryFilter* filter, bool recycling) override {
+    return OpenReader(filter, recycling);
+  }
+  [[nodiscard]] std::shared_ptr<IFeatureCursor> Update(const QueryFilter* filter, bool recycling) override {
+    return OpenUpdater(filter, recycling);
+  }
+  [[nodiscard]] std::shared_ptr<IFeatureCursor> Insert(bool) override { return OpenInserter(); }
+  [[nodiscard]] std::shared_ptr<IFeatureBuffer> CreateFeatureBuffer() override;
+  [[nodiscard]] std::shared_ptr<IFeature> GetFeature(std::int64_t oid) override { return ReadRow(oid); }
+};
+
+class LayerTable final : public LayerClass, public ITable {
+ public:
+  using LayerClass::LayerClass;
+
+  [[nodiscard]] std::int32_t RowCount(const QueryFilter* filter) const override;
+  [[nodiscard]] std::shared_ptr<ICursor> SearchRows(const QueryFilter* filter, bool recycling) override {
+    return OpenReader(filter, recycling);
+  }
+  [[nodiscard]] std::shared_ptr<IRow> GetRow(std::int64_t oid) override { return ReadRow(oid); }
+  [[nodiscard]] std::shared_ptr<ICursor> InsertRows(bool) override { return OpenInserter(); }
+  [[nodiscard]] std::shared_ptr<ICursor> UpdateRows(const QueryFilter* filter, bool recycling) override {
+    return OpenUpdater(filter, recycling);
+  }
+};
+
+/// The rows that are selected in the layer when this is made.
+class LayerSelection final : public ISelectionSet2 {
+ public:
+  explicit LayerSelection(std::shared_ptr<LayerClass> rows);
+
+  [[nodiscard]] std::int32_t Count() const override { return static_cast<std::int32_t>(oids_.size()); }
+  [[nodiscard]] std::shared_ptr<ICursor> Search(const QueryFilter* filter, bool recycling) override {
+    return rows_->OpenChosen(oids_, filter, recycling, false);
+  }
+  [[nodiscard]] std::shared_ptr<ICursor> Update(const QueryFilter* filter, bool recycling) override {
+    return rows_->OpenChosen(oids_, filter, recycling, true);
+  }
+
+ private:
+  std::shared_ptr<LayerClass> rows_;
+  std::vector<QgsFeatureId> oids_;
+};
+
+}  // namespace tessarine::qgis

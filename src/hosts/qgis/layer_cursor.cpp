@@ -1,0 +1,274 @@
+// Cursors over layers.
+//
+// Rows to be written come in batches that are read whole before one of them is written: many databases refuse to write
+// while a reader is half done.
+#include <qgsfeatureiterator.h>
+#include <qgsfeaturerequest.h>
+#include <qgsvectordataprovider.h>
+
+#include <algorithm>
+#include <map>
+
+#include "hosts/qgis/layer_class.h"
+#include "hosts/qgis/layer_row.h"
+#include "hosts/qgis/values.h"
+#include "hosts/windows/qt_text.h"
+#include "platform/fault.h"
+
+namespace tessarine::qgis {
+namespace {
+
+constexpr std::size_t kReadBatch = 1000;
+// Databases commit once for each batch.
+constexpr std::size_t kWriteBatch = 5000;
+
+QgsFeatureRequest RequestOf(const QueryFilter* filter, const QgsVectorLayer& layer) {
+  QgsFeatureRequest request;
+  if (filter == nullptr) return request;
+  if (!filter->WhereClause.empty()) request.setFilterExpression(ToQt(filter->WhereClause));
+  if (!filter->SubFields.empty()) {
+    QStringList names;
+    for (const QString& name : ToQt(filter->SubFields).split(',', Qt::SkipEmptyParts)) names << name.trimmed();
+    request.setSubsetOfAttributes(names, layer.fields());
+  }
+  if (filter->Geometry) request.setFilterRect(RectangleOf(filter->Geometry->Envelope()));
+  return request;
+}
+
+class RowFeed {
+ public:
+  virtual ~RowFeed() = default;
+  [[nodiscard]] virtual bool Next(QgsFeature& feature) = 0;
+};
+
+/// All rows as the layer delivers them.
+class WholeFeed final : public RowFeed {
+ public:
+  WholeFeed(QgsVectorLayer& layer, const QgsFeatureRequest& request) : rows_(layer.getFeatures(request)) {
+    if (!rows_.isValid()) Raise(kEngine, "The rows of the layer '" + FromQt(layer.name()) + "' can't be read.");
+  }
+  [[nodiscard]] bool Next(QgsFeature& feature) override { return rows_.nextFeature(feature); }
+
+ private:
+  QgsFeatureIterator rows_;
+};
+
+/// The rows of these identifiers, in this order. Rows that are gone are left out.
+class ChosenFeed final : public RowFeed {
+ public:
+  ChosenFeed(std::shared_ptr<LayerClass> owner, std::vector<QgsFeatureId> oids, QgsFeatureRequest request)
+      : owner_(std::move(owner)), oids_(std::move(oids)), request_(std::move(request)) {}
+
+  [[nodiscard]] bool Next(QgsFeature& feature) override {
+    while (next_ < oids_.size()) {
+      if (next_ == read_) ReadBatch();
+      const auto found = batch_.find(oids_[next_++]);
+      if (found == batch_.end()) continue;
+      feature = std::move(found->second);
+      return true;
+    }
+    return false;
+  }
+
+ private:
+  void ReadBatch() {
+    batch_.clear();
+    QgsFeatureIds wanted;
+    for (; read_ < oids_.size() && read_ < next_ + kReadBatch; ++read_) wanted.insert(oids_[read_]);
+    request_.setFilterFids(wanted);
+    QgsFeatureIterator rows = owner_->Layer().getFeatures(request_);
+    for (QgsFeature feature; rows.nextFeature(feature);) batch_[feature.id()] = feature;
+  }
+
+  std::shared_ptr<LayerClass> owner_;
+  std::vector<QgsFeatureId> oids_;
+  QgsFeatureRequest request_;
+  std::map<QgsFeatureId, QgsFeature> batch_;
+  std::size_t next_ = 0, read_ = 0;
+};
+
+class LayerCursor : public IFeatureCursor {
+ public:
+  LayerCursor(std::shared_ptr<LayerClass> owner, std::unique_ptr<RowFeed> feed, const QueryFilter* filter,
+              bool recycling)
+      : owner_(std::move(owner)),
+        traits_(owner_->Traits()),
+        feed_(std::move(feed)),
+        region_(filter != nullptr ? filter->Geometry : nullptr),
+        recycling_(recycling) {}
+
+  [[nodiscard]] std::shared_ptr<IFeature> NextFeature() override {
+    QgsFeature feature;
+    while (feed_ && feed_->Next(feature)) {
+      if (!Matches(feature)) continue;
+      if (recycling_ && recycled_) {
+        recycled_->Refill(std::move(feature));
+        return recycled_;
+      }
+      auto row = std::make_shared<LayerRow>(traits_, std::move(feature), owner_);
+      if (recycling_) recycled_ = row;
+      return row;
+    }
+    return nullptr;
+  }
+  [[nodiscard]] std::shared_ptr<IRow> NextRow() override { return NextFeature(); }
+  void UpdateFeature(const std::shared_ptr<IFeature>& feature) override { UpdateRow(feature); }
+  void UpdateRow(const std::shared_ptr<IRow>&) override { Raise(kInvalidCall, "This cursor only reads rows."); }
+  std::int64_t InsertFeature(const IFeatureBuffer& buffer) override { return InsertRow(buffer); }
+  std::int64_t InsertRow(const IRowBuffer&) override { Raise(kInvalidCall, "This cursor can't insert rows."); }
+  void Flush() override {}
+  void Close() override {
+    Flush();
+    feed_ = nullptr;
+  }
+
+ protected:
+  [[nodiscard]] LayerClass& Owner() const { return *owner_; }
+
+ private:
+  [[nodiscard]] bool Matches(const QgsFeature& feature) const {
+    if (!region_) return true;
+    const GeometryRef shape = ShapeOf(feature.geometry(), traits_->shape_type, traits_->reference);
+    return shape && !shape->IsEmpty() && !dynamic_cast<const IRelationalOperator&>(*region_).Disjoint(*shape);
+  }
+
+  std::shared_ptr<LayerClass> owner_;
+  std::shared_ptr<const LayerTraits> traits_;
+  std::unique_ptr<RowFeed> feed_;
+  GeometryRef region_;
+  bool recycling_;
+  std::shared_ptr<LayerRow> recycled_;
+};
+
+/// Writes back what was set in the rows, a batch at a time.
+class WritingCursor final : public LayerCursor {
+ public:
+  WritingCursor(std::shared_ptr<LayerClass> owner, std::unique_ptr<RowFeed> feed, const QueryFilter* filter,
+                bool recycling)
+      : LayerCursor(std::move(owner), std::move(feed), filter, recycling), provider_(Provider()) {
+    provider_->enterUpdateMode();
+  }
+  ~WritingCursor() override {
+    if (provider_) provider_->leaveUpdateMode();
+  }
+
+  void UpdateRow(const std::shared_ptr<IRow>& row) override {
+    const auto own = Cast<LayerRow>(row);
+    if (!own) Raise(kInvalidCall, "A row of another source can't be written to this layer.");
+    if (!own->Changes().isEmpty()) attributes_.insert(own->OID(), own->Changes());
+    if (own->ShapeChanged()) shapes_.insert(own->OID(), own->StoredShape());
+    if (static_cast<std::size_t>(attributes_.size() + shapes_.size()) >= kWriteBatch) Flush();
+  }
+
+  void Flush() override {
+    Owner().Change(attributes_, shapes_);
+    wrote_ = wrote_ || !attributes_.isEmpty() || !shapes_.isEmpty();
+    wrote_shapes_ = wrote_shapes_ || !shapes_.isEmpty();
+    attributes_.clear();
+    shapes_.clear();
+  }
+
+  void Close() override {
+    LayerCursor::Close();
+    if (provider_) provider_->leaveUpdateMode();
+    provider_ = nullptr;
+    if (wrote_) Owner().ShowChanges(wrote_shapes_);
+    wrote_ = wrote_shapes_ = false;
+  }
+
+ private:
+  [[nodiscard]] QgsVectorDataProvider* Provider() const {
+    QgsVectorLayer& layer = Owner().Layer();
+    if (!Owner().CanBypassEditSession()) {
+      Raise(kEngine, "The layer '" + FromQt(layer.name()) + "' is being edited or can only be read.");
+    }
+    return layer.dataProvider();
+  }
+
+  QPointer<QgsVectorDataProvider> provider_;
+  QgsChangedAttributesMap attributes_;
+  QgsGeometryMap shapes_;
+  bool wrote_ = false, wrote_shapes_ = false;
+};
+
+/// Appends rows.
+class InsertingCursor final : public IFeatureCursor {
+ public:
+  explicit InsertingCursor(std::shared_ptr<LayerClass> owner) : owner_(std::move(owner)) {}
+
+  [[nodiscard]] std::shared_ptr<IFeature> NextFeature() override { return nullptr; }
+  [[nodiscard]] std::shared_ptr<IRow> NextRow() override { return nullptr; }
+  void UpdateFeature(const std::shared_ptr<IFeature>& feature) override { UpdateRow(feature); }
+  void UpdateRow(const std::shared_ptr<IRow>&) override { Raise(kInvalidCall, "This cursor only inserts rows."); }
+  std::int64_t InsertFeature(const IFeatureBuffer& buffer) override { return InsertRow(buffer); }
+  std::int64_t InsertRow(const IRowBuffer& buffer) override {
+    const auto* own = dynamic_cast<const LayerRow*>(&buffer);
+    if (own == nullptr) Raise(kInvalidCall, "A row of another source can't be inserted into this layer.");
+    rows_ << own->ForInsert();
+    if (static_cast<std::size_t>(rows_.size()) >= kWriteBatch) Flush();
+    return -1;
+  }
+  void Flush() override {
+    if (rows_.isEmpty()) return;
+    QgsVectorLayer& layer = owner_->Layer();
+    if (!layer.dataProvider()->addFeatures(rows_, QgsFeatureSink::FastInsert)) {
+      Raise(kEngine, "Rows can't be added to the layer '" + FromQt(layer.name()) +
+                         "': " + FromQt(layer.dataProvider()->errors().join(QStringLiteral("; "))));
+    }
+    rows_.clear();
+  }
+  void Close() override {
+    Flush();
+    owner_->ShowChanges(true);
+  }
+
+ private:
+  std::shared_ptr<LayerClass> owner_;
+  QgsFeatureList rows_;
+};
+
+}  // namespace
+
+std::shared_ptr<IFeatureCursor> LayerClass::OpenReader(const QueryFilter* filter, bool recycling) {
+  auto feed = std::make_unique<WholeFeed>(Layer(), RequestOf(filter, Layer()));
+  return std::make_shared<LayerCursor>(shared_from_this(), std::move(feed), filter, recycling);
+}
+
+std::shared_ptr<IFeatureCursor> LayerClass::OpenChosen(std::vector<QgsFeatureId> oids, const QueryFilter* filter,
+                                                       bool recycling, bool writing) {
+  if (filter != nullptr && !filter->WhereClause.empty()) {
+    // A request takes identifiers or a condition, not both.
+    QgsFeatureRequest request = RequestOf(filter, Layer());
+    request.setNoAttributes().setFlags(QgsFeatureRequest::NoGeometry);
+    std::vector<QgsFeatureId> met;
+    QgsFeatureIterator rows = Layer().getFeatures(request);
+    for (QgsFeature row; rows.nextFeature(row);) {
+      if (std::ranges::binary_search(oids, row.id())) met.push_back(row.id());
+    }
+    std::ranges::sort(met);
+    oids = std::move(met);
+  }
+  QgsFeatureRequest request = RequestOf(filter, Layer());
+  request.setFilterRect(QgsRectangle());
+  auto feed = std::make_unique<ChosenFeed>(shared_from_this(), std::move(oids), request);
+  if (writing) return std::make_shared<WritingCursor>(shared_from_this(), std::move(feed), filter, recycling);
+  return std::make_shared<LayerCursor>(shared_from_this(), std::move(feed), filter, recycling);
+}
+
+std::shared_ptr<IFeatureCursor> LayerClass::OpenUpdater(const QueryFilter* filter, bool recycling) {
+  QgsFeatureRequest request = RequestOf(filter, Layer());
+  if (filter == nullptr || filter->WhereClause.empty()) request.setNoAttributes();
+  if (filter == nullptr || !filter->Geometry) request.setFlags(QgsFeatureRequest::NoGeometry);
+  std::vector<QgsFeatureId> oids;
+  QgsFeatureIterator rows = Layer().getFeatures(request);
+  for (QgsFeature row; rows.nextFeature(row);) oids.push_back(row.id());
+  rows.close();
+  auto feed = std::make_unique<ChosenFeed>(shared_from_this(), std::move(oids), QgsFeatureRequest());
+  return std::make_shared<WritingCursor>(shared_from_this(), std::move(feed), filter, recycling);
+}
+
+std::shared_ptr<IFeatureCursor> LayerClass::OpenInserter() {
+  return std::make_shared<InsertingCursor>(shared_from_this());
+}
+
+}  // namespace tessarine::qgis

@@ -1,0 +1,95 @@
+#include "hosts/qgis/layer_row.h"
+
+#include <qgsvectordataprovider.h>
+
+#include "hosts/qgis/values.h"
+#include "hosts/windows/qt_text.h"
+#include "platform/fault.h"
+
+namespace tessarine::qgis {
+
+Variant LayerRow::Value(std::int32_t index) const {
+  if (index == traits_->columns.shape_index) return Shape();
+  const int attribute = traits_->columns.AttributeOf(index);
+  if (attribute == Columns::kNoAttribute) {
+    // Row identifiers of more than 32 bits keep their value as a double.
+    if (OID() == static_cast<std::int32_t>(OID())) return static_cast<std::int32_t>(OID());
+    return static_cast<double>(OID());
+  }
+  return ValueOf(feature_.attribute(attribute), traits_->fields.at(attribute));
+}
+
+void LayerRow::SetValue(std::int32_t index, const Variant& value) {
+  if (index == traits_->columns.shape_index) {
+    SetShape(value.AsObject<IGeometry>());
+    return;
+  }
+  const int attribute = traits_->columns.AttributeOf(index);
+  if (attribute == Columns::kNoAttribute) Raise(kInvalidCall, "The identifier of a row can't be changed.");
+  if (traits_->fields.fieldOrigin(attribute) != QgsFields::OriginProvider) {
+    Raise(kInvalidCall, "The field '" + FromQt(traits_->fields.at(attribute).name()) +
+                            "' is calculated or joined: it can't be written.");
+  }
+  const QVariant stored = StoredValue(value, traits_->fields.at(attribute));
+  feature_.setAttribute(attribute, stored);
+  // Provider fields come first, so that the layer's index is the provider's too.
+  changes_.insert(traits_->fields.fieldOriginIndex(attribute), stored);
+}
+
+void LayerRow::Store() {
+  const std::shared_ptr<LayerClass>& owner = Require(owner_.lock(), "Table");
+  QgsChangedAttributesMap attributes;
+  if (!changes_.isEmpty()) attributes.insert(feature_.id(), changes_);
+  QgsGeometryMap shapes;
+  if (shape_changed_) shapes.insert(feature_.id(), StoredShape());
+  owner->Change(attributes, shapes);
+  owner->ShowChanges(shape_changed_);
+}
+
+void LayerRow::Delete() { Require(owner_.lock(), "Table")->DeleteRow(feature_.id()); }
+
+GeometryRef LayerRow::Shape() const {
+  if (!shape_ && traits_->shape_type != esriGeometryNull) {
+    shape_ = ShapeOf(feature_.geometry(), traits_->shape_type, traits_->reference);
+  }
+  return shape_;
+}
+
+void LayerRow::SetShape(const GeometryRef& shape) {
+  shape_ = shape;
+  shape_changed_ = true;
+}
+
+GeometryRef LayerRow::ShapeCopy() const {
+  const GeometryRef shape = Shape();
+  return shape ? CloneOf(*shape) : nullptr;
+}
+
+Envelope LayerRow::Extent() const {
+  const GeometryRef shape = Shape();
+  return shape ? shape->Envelope() : Envelope();
+}
+
+void LayerRow::Refill(QgsFeature feature) {
+  feature_ = std::move(feature);
+  shape_ = nullptr;
+  shape_changed_ = false;
+  changes_.clear();
+}
+
+QgsGeometry LayerRow::StoredShape() const {
+  if (!shape_) return {};
+  QgsVectorDataProvider& provider = *Require(owner_.lock(), "Table")->Layer().dataProvider();
+  const QgsGeometry geometry = GeometryOf(*shape_, QgsWkbTypes::isCurvedType(provider.wkbType()));
+  // Single or multiple, as the layer stores it; a shape of several parts stays whole.
+  const QVector<QgsGeometry> fitting = geometry.coerceToType(provider.wkbType());
+  return fitting.size() == 1 ? fitting.front() : geometry;
+}
+
+QgsFeature LayerRow::ForInsert() const {
+  QgsFeature feature = feature_;
+  if (shape_changed_) feature.setGeometry(StoredShape());
+  return feature;
+}
+
+}  // namespace tessarine::qgis

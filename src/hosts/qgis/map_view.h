@@ -1,0 +1,67 @@
+// The focus map: the layers and tables of the project, the map canvas, and the annotation items as graphic elements.
+#pragma once
+
+#include <qgsannotationlayer.h>
+#include <qgsmapcanvas.h>
+#include <qgsrubberband.h>
+
+#include <QPointer>
+#include <map>
+#include <memory>
+
+#include "hosts/qgis/element_view.h"
+#include "hosts/qgis/graphics_memory.h"
+#include "hosts/qgis/layers.h"
+
+namespace tessarine::qgis {
+
+class MapView final : public ElementView, public IMap, public IStandaloneTableCollection {
+ public:
+  MapView(QgsMapCanvas* canvas, LayerBook& book, GraphicsMemory& memory)
+      : canvas_(canvas), book_(book), memory_(memory) {}
+
+  // IMap
+  [[nodiscard]] std::string Name() const override { return "Layers"; }
+  [[nodiscard]] std::int32_t LayerCount() const override;
+  [[nodiscard]] std::shared_ptr<ILayer> Layer(std::int32_t index) const override;
+  [[nodiscard]] std::shared_ptr<IEnumLayer> Layers(const std::shared_ptr<UID>& uid, bool recursive) const override;
+  void AddLayer(const std::shared_ptr<ILayer>& layer) override;
+  [[nodiscard]] std::int32_t SelectionCount() const override;
+  /// The project's, or that of its first layer that has one.
+  [[nodiscard]] SpatialReferenceRef SpatialReference() const override;
+
+  // IStandaloneTableCollection
+  [[nodiscard]] std::int32_t StandaloneTableCount() const override;
+  [[nodiscard]] std::shared_ptr<IStandaloneTable> StandaloneTable(std::int32_t index) const override;
+
+  // IActiveView
+  [[nodiscard]] Envelope Extent() const override;
+  void SetExtent(const Envelope& extent) override;
+  void Refresh() override;
+  void PartialRefresh(std::int32_t phase, const ObjectRef& data, const Envelope* envelope) override;
+
+  // Elements
+  [[nodiscard]] std::string NameOf(const QString& id) const override { return memory_.NameOf(id); }
+  void SetNameOf(const QString& id, const std::string& name) override { memory_.SetNameOf(id, name); }
+  /// Takes the marks off items that are gone, and moves the others to where their items are.
+  void RefreshMarks();
+  void ForgetSelection() { marks_.clear(); }
+  /// Selects one item and no other, as a click in the program's own annotation tool does.
+  void SelectOnly(const QString& id);
+
+ protected:
+  [[nodiscard]] std::vector<ElementRef> ReadElements() const override;
+  [[nodiscard]] bool IsSelected(const QString& id) const override { return marks_.contains(id); }
+  void SetSelected(const QString& id, bool selected) override;
+
+ private:
+  void Mark(const QString& id);
+
+  QPointer<QgsMapCanvas> canvas_;
+  LayerBook& book_;
+  GraphicsMemory& memory_;
+  // The selected items, each with the band that shows it.
+  std::map<QString, std::unique_ptr<QgsRubberBand>> marks_;
+};
+
+}  // namespace tessarine::qgis

@@ -1,0 +1,140 @@
+#include "hosts/qgis/menu_bar.h"
+
+#include <QApplication>
+#include <QMainWindow>
+#include <QMenuBar>
+#include <QToolButton>
+
+#include "hosts/document/component_loader.h"
+#include "hosts/windows/pictures.h"
+#include "hosts/windows/qt_text.h"
+#include "platform/component.h"
+#include "platform/trap.h"
+
+namespace tessarine::qgis {
+namespace {
+
+constexpr const char* kToolBarId = "Tessarine.clsToolBar";
+
+bool IsMenu(const std::string& id) {
+  const IClassFactory* factory = nullptr;
+  return DllGetClassObject(id.c_str(), "IMenuDef", &factory) == kComponentOk;
+}
+
+}  // namespace
+
+MenuBar::MenuBar(QgisInterface& program, WindowHost& host, std::shared_ptr<ProgramApplication> application)
+    : program_(program), host_(host), application_(std::move(application)) {
+  const auto definition = CreateComponentAs<IToolBarDef>(kToolBarId, "IToolBarDef");
+  toolbar_ = program_.addToolBar(ToQt(definition->Caption()));
+  toolbar_->setObjectName(ToQt(definition->Name()));
+  for (std::int32_t position = 0; position < definition->ItemCount(); ++position) {
+    ItemDef item;
+    definition->GetItemInfo(position, item);
+    if (item.ID.empty() || !IsMenu(item.ID)) continue;
+    const auto root = CreateComponentAs<IMenuDef>(item.ID, "IMenuDef");
+    QMenu* menu = MakeMenu(item.ID, *root, program_.mainWindow());
+    roots_.emplace_back(menu);
+    auto* button = new QToolButton(toolbar_);
+    button->setMenu(menu);
+    button->setText(ToQt(root->Caption()));
+    button->setPopupMode(QToolButton::InstantPopup);
+    button->setToolButtonStyle(Qt::ToolButtonTextOnly);
+    toolbar_->addWidget(button);
+    if (!Is<IRootLevelMenu>(root)) continue;
+    auto* bar = qobject_cast<QMainWindow*>(program_.mainWindow())->menuBar();
+    bar->insertMenu(program_.firstRightStandardMenu()->menuAction(), menu);
+  }
+  QObject::connect(&program_, &QgisInterface::layoutDesignerOpened, &context_,
+                   [this](QgsLayoutDesignerInterface* designer) { AddToDesigner(*designer); });
+  for (QgsLayoutDesignerInterface* designer : program_.openLayoutDesigners()) AddToDesigner(*designer);
+}
+
+MenuBar::~MenuBar() {
+  // Windows lose the menus first; afterwards nothing points at them.
+  for (const auto& root : roots_) {
+    if (!root) continue;
+    for (QWidget* widget : root->menuAction()->associatedWidgets()) widget->removeAction(root->menuAction());
+  }
+  if (toolbar_) {
+    qobject_cast<QMainWindow*>(program_.mainWindow())->removeToolBar(toolbar_);
+    delete toolbar_.data();
+  }
+  for (const auto& root : roots_) delete root.data();
+}
+
+QMenu* MenuBar::MakeMenu(const std::string& id, const IMenuDef& definition, QWidget* parent) {
+  auto* menu = new QMenu(ToQt(definition.Caption()), parent);
+  menu->setObjectName(ToQt(id));
+  menu->setToolTipsVisible(true);
+  Fill(*menu, definition);
+  QObject::connect(menu, &QMenu::aboutToShow, &context_, [this] {
+    Trap("MenuOpened", [this] {
+      NoteWindow();
+      AskEnabled();
+    });
+  });
+  return menu;
+}
+
+void MenuBar::Fill(QMenu& menu, const IMenuDef& definition) {
+  for (std::int32_t position = 0; position < definition.ItemCount(); ++position) {
+    ItemDef item;
+    definition.GetItemInfo(position, item);
+    if (item.ID.empty()) continue;
+    if (item.Group && !menu.isEmpty()) menu.addSeparator();
+    if (IsMenu(item.ID)) {
+      menu.addMenu(MakeMenu(item.ID, *CreateComponentAs<IMenuDef>(item.ID, "IMenuDef"), &menu));
+    } else {
+      AddCommand(menu, item.ID);
+    }
+  }
+}
+
+void MenuBar::AddCommand(QMenu& menu, const std::string& id) {
+  const auto command = CreateComponentAs<ICommand>(id, "ICommand");
+  command->OnCreate(application_);
+  auto* action = new QAction(ToQt(command->Caption()), &menu);
+  action->setObjectName(ToQt(command->Name()));
+  if (const auto picture = command->Bitmap()) action->setIcon(PictureOf(picture->ResourceId()));
+  action->setToolTip(ToQt(command->Tooltip()));
+  action->setStatusTip(ToQt(command->Message()));
+  // The program moves items to a menu of its own where their texts say "About" or "Preferences".
+  action->setMenuRole(QAction::NoRole);
+  menu.addAction(action);
+  items_.push_back({command, action});
+  QObject::connect(action, &QAction::triggered, &context_, [this, clicked = command.get()] { Click(*clicked); });
+}
+
+void MenuBar::AddToDesigner(QgsLayoutDesignerInterface& designer) {
+  auto* window = qobject_cast<QMainWindow*>(designer.window());
+  if (window == nullptr) return;
+  for (const auto& root : roots_) {
+    if (root) window->menuBar()->addAction(root->menuAction());
+  }
+}
+
+void MenuBar::NoteWindow() {
+  QgsLayoutDesignerInterface* active = nullptr;
+  for (QgsLayoutDesignerInterface* designer : program_.openLayoutDesigners()) {
+    if (designer->window() == QApplication::activeWindow()) active = designer;
+  }
+  application_->Project().SetActiveDesigner(active);
+}
+
+void MenuBar::AskEnabled() {
+  for (const Item& item : items_) item.action->setEnabled(!host_.Running() && item.command->Enabled());
+}
+
+void MenuBar::Click(ICommand& command) {
+  if (host_.Running()) return;
+  Trap("MenuClicked", [&] {
+    // A click by a shortcut or a script comes without an opened menu.
+    if (!command.Enabled()) return;
+    NoteWindow();
+    const WindowHost::RunScope running(host_);
+    command.OnClick();
+  });
+}
+
+}  // namespace tessarine::qgis

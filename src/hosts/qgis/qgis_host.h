@@ -1,0 +1,27 @@
+// The map program as host: windows, with layers and renderers of the program.
+#pragma once
+
+#include "engine/local_system.h"
+#include "hosts/qgis/layers.h"
+#include "hosts/windows/window_host.h"
+
+namespace tessarine::qgis {
+
+/// The operating system; the suite lies where the plug-in does, not where the map program does.
+class PluginSystem final : public LocalOperatingSystem {
+ public:
+  [[nodiscard]] std::string ProgramFolder() const override;
+};
+
+class QgisHost final : public WindowHost {
+ public:
+  using WindowHost::WindowHost;
+  IOperatingSystem& System() override { return system_; }
+  std::shared_ptr<IFeatureLayer> CreateFeatureLayer() override { return std::make_shared<VectorLayer>(); }
+  std::shared_ptr<ISimpleRenderer> CreateSimpleRenderer() override { return std::make_shared<SingleRenderer>(); }
+
+ private:
+  PluginSystem system_;
+};
+
+}  // namespace tessarine::qgis

@@ -1,0 +1,58 @@
+"""While a layout's window is at work, its items are the graphic elements."""
+from program_steps import (QApplication, QCheckBox, QgsProject, QTest, child, command, expect, iface, press, type_into,
+                           wait_until)
+from qgis.core import (QgsLayoutItemLabel, QgsLayoutItemShape, QgsLayoutPoint, QgsLayoutSize, QgsPrintLayout)
+
+
+def add_shape(layout, kind, x):
+    shape = QgsLayoutItemShape(layout)
+    shape.setShapeType(kind)
+    layout.addLayoutItem(shape)
+    shape.attemptMove(QgsLayoutPoint(x, 20))
+    shape.attemptResize(QgsLayoutSize(30, 10))
+    return shape
+
+
+def scenario():
+    project = QgsProject.instance()
+    layout = QgsPrintLayout(project)
+    layout.initializeDefaults()
+    layout.setName("page")
+    project.layoutManager().addLayout(layout)
+    ellipse = add_shape(layout, QgsLayoutItemShape.Ellipse, 10)
+    rectangle = add_shape(layout, QgsLayoutItemShape.Rectangle, 60)
+    label = QgsLayoutItemLabel(layout)
+    layout.addLayoutItem(label)
+    label.setId("heading")
+
+    seen = []
+
+    def look(form):
+        seen.append({box.text() for box in form.findChildren(QCheckBox)})
+        press(form, "cmdClose")
+
+    expect("frmSelectGraphics", look)
+    command("Tessarine_SelectGraphics").trigger()
+    assert "Ellipses [0]" in shortened(seen[-1]), seen
+
+    window = iface.openLayoutDesigner(layout).window()
+    menus = [action.text().replace("&", "") for action in window.menuBar().actions()]
+    assert "Tessarine Tools" in menus, menus
+    window.activateWindow()
+    wait_until(lambda: QApplication.activeWindow() is window, "the layout's window doesn't become active")
+
+    def by_type(form):
+        seen.append({box.text() for box in form.findChildren(QCheckBox)})
+        press(form, "chkEllipses")
+        type_into(form, "txtName", "head*")
+        press(form, "cmdOK")
+
+    expect("frmSelectGraphics", by_type)
+    command("Tessarine_SelectGraphics").trigger()
+    assert ellipse.isSelected() and label.isSelected() and not rectangle.isSelected(), seen
+    window.close()
+    QTest.qWait(50)
+
+
+def shortened(texts):
+    return {" ".join(text.replace("&", "").split()) for text in texts}

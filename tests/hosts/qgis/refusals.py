@@ -1,0 +1,35 @@
+"""Layers that are being edited or can only be read are refused in the told words, and stay as they are."""
+import os
+
+from program_steps import (WORK, QgsProject, QgsVectorLayer, choose_line, command, expect, make_layer, press,
+                           read_report)
+
+LINE = "LINESTRING(0 0, 10 0)"
+
+
+def refused(layer, words):
+    def answer(form):
+        choose_line(form, "lbxLayers", layer.name())
+        press(form, "chk1")
+        press(form, "cmdOK")
+
+    expect("frmGeometry", answer)
+    read_report([words])
+    command("Tessarine_CalcGeometry").trigger()
+    assert layer.fields().indexOf("Sph_Len") < 0
+
+
+def scenario():
+    edited = make_layer("LineString", [LINE], WORK / "edited.gpkg", "edited")
+    assert edited.startEditing()
+    refused(edited, "requires that ArcMap not be in edit mode")
+    assert edited.isEditable() and not edited.isModified()
+    assert edited.rollBack()
+
+    make_layer("LineString", [LINE], WORK / "locked.shp", "written")
+    for file in WORK.glob("locked.*"):
+        os.chmod(file, 0o444)
+    locked = QgsVectorLayer(str(WORK / "locked.shp"), "locked", "ogr")
+    locked.setReadOnly(True)
+    QgsProject.instance().addMapLayer(locked)
+    refused(locked, "This layer cannot be edited outside of an edit session")
