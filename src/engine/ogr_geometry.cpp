@@ -173,13 +173,14 @@ std::unique_ptr<OGRGeometry> PolygonOf(const NestedRings::Shell& shell, bool cur
     return polygon;
   }
   auto polygon = std::make_unique<OGRPolygon>();
-  const auto add = [&](const Path& ring) {
+  const auto add = [&](const Path& ring, bool clockwise) {
     auto line = std::make_unique<OGRLinearRing>();
     FillLine(*line, DensifiedVertices(ring));
+    if ((line->isClockwise() != 0) != clockwise) line->reverseWindingOrder();
     polygon->addRingDirectly(line.release());
   };
-  add(*shell.ring);
-  for (const Path* hole : shell.holes) add(*hole);
+  add(*shell.ring, true);
+  for (const Path* hole : shell.holes) add(*hole, false);
   return polygon;
 }
 

@@ -1,5 +1,7 @@
 #include "engine/ogr_source.h"
 
+#include <cpl_conv.h>
+
 #include <filesystem>
 #include <map>
 #include <mutex>
@@ -38,8 +40,6 @@ void RegisterDrivers() {
     GDALAllRegister();
     // Broken shapefiles are refused by our own checks; a missing index is nothing to be rebuilt in silence.
     CPLSetConfigOption("SHAPE_RESTORE_SHX", "NO");
-    // Rings are written as they must run. The driver's own look at them costs the square of their number.
-    CPLSetConfigOption("SHAPE_REWIND_ON_WRITE", "NO");
   });
 }
 
@@ -90,6 +90,8 @@ OgrSource::OgrSource(std::string native_path, std::string layer, std::optional<e
       idle_generation_(file_->generation) {}
 
 LayerHandle OgrSource::Open(bool update) {
+  // Our rings run as they must. The driver's own look at them would cost the square of their number.
+  const CPLConfigOptionSetter rings_as_given("SHAPE_REWIND_ON_WRITE", "NO", false);
   DatasetHandle dataset = OpenDataset(path_, update);
   OGRLayer* layer = dataset->GetLayerByName(layer_.c_str());
   if (layer == nullptr) RaiseEngineFault("'" + path_ + "' has no layer '" + layer_ + "' any more.");
