@@ -26,7 +26,7 @@ for format in shp gpkg; do
     peers=("plain rewrite=$copy && '$build/bin/plain_rewrite' '$work/run.$format'")
     if command -v qgis_process.bin >/dev/null; then
       peers+=("QGIS=$copy && PATH=/usr/bin:/bin QT_QPA_PLATFORM=offscreen qgis_process.bin run \
-        native:exportaddgeometrycolumns --INPUT='$work/run.$format' --CALC_METHOD=2 --OUTPUT='$work/qgis.$format'" )
+        qgis:exportaddgeometrycolumns --INPUT='$work/run.$format' --CALC_METHOD=2 --OUTPUT='$work/qgis.$format'" )
     fi
     if [ "$format" = gpkg ] && command -v spatialite >/dev/null; then
       peers+=("SpatiaLite=$copy && spatialite '$work/run.gpkg' \"SELECT EnableGpkgAmphibiousMode(); ${sql//run/$kind}\"")
