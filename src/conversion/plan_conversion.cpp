@@ -6,28 +6,10 @@
 #include "conversion/plan_texts.h"
 #include "conversion/run_reports.h"
 #include "platform/rich_text.h"
+#include "platform/shape_words.h"
 #include "platform/trap.h"
 
 namespace tessarine::modCreateVertices {
-namespace {
-
-const char* ShapeWord(esriGeometryType type) {
-  switch (type) {
-    case esriGeometryPoint:
-      return "point";
-    case esriGeometryMultipoint:
-      return "multipoint";
-    case esriGeometryPolyline:
-      return "polyline";
-    case esriGeometryPolygon:
-      return "polygon";
-    default:
-      return "unknown";
-  }
-}
-
-}  // namespace
-
 std::string PlanConversion(const ConversionRun& run, const std::shared_ptr<IFeatureLayer>& layer,
                            const std::shared_ptr<VarArray>& fields, bool all_records, const std::string& path,
                            const std::shared_ptr<IApplication>&, const std::shared_ptr<clsExtension>& extension) {
@@ -44,7 +26,7 @@ std::string PlanConversion(const ConversionRun& run, const std::shared_ptr<IFeat
            std::string(all_records ? run.Words.AllLabel : run.Words.SelectedLabel) +
            std::to_string(extension->AnalysisRecordCount) +
            ")\\par\r\n  ** Spatial Reference:  " + EscapeRtf(input->SpatialReference()->Name()) + "\\par\r\n" +
-           PlannedOutput(path, target, ShapeWord(rule.Output), transfer) + "}";
+           PlannedOutput(path, target, ShapeWord(rule.Output, "unknown"), transfer) + "}";
   });
 }
 

@@ -1,6 +1,7 @@
 #include "hosts/document/geometry_json.h"
 
 #include "hosts/document/json_reading.h"
+#include "platform/shape_words.h"
 
 namespace tessarine {
 namespace {
@@ -79,25 +80,16 @@ GeometryRef ReadParts(const JsonPlace& parts) {
   return shape;
 }
 
-const char* TypeWord(esriGeometryType type) {
-  switch (type) {
-    case esriGeometryPoint:
-      return "point";
-    case esriGeometryMultipoint:
-      return "multipoint";
-    case esriGeometryPolyline:
-      return "polyline";
-    case esriGeometryPolygon:
-      return "polygon";
-    default:
-      Raise(kTypeMismatch, "A document keeps points, multipoints, polylines and polygons only.");
-  }
+std::string TypeOf(const IGeometry& geometry) {
+  const std::string word = ShapeWord(geometry.GeometryType(), "");
+  if (word.empty()) Raise(kTypeMismatch, "A document keeps points, multipoints, polylines and polygons only.");
+  return word;
 }
 
 }  // namespace
 
 json GeometryToJson(const IGeometry& geometry) {
-  json result = {{"type", TypeWord(geometry.GeometryType())}};
+  json result = {{"type", TypeOf(geometry)}};
   if (const auto* point = dynamic_cast<const Point*>(&geometry)) {
     if (!point->IsEmpty()) result["at"] = Pair(point->Coordinates());
   } else if (const auto* points = dynamic_cast<const Multipoint*>(&geometry)) {

@@ -8,6 +8,7 @@
 #include "hosts/terminal/commands.h"
 #include "hosts/terminal/layer_source.h"
 #include "hosts/terminal/refusal.h"
+#include "platform/shape_words.h"
 #include "platform/text_formats.h"
 
 namespace tessarine {
@@ -17,21 +18,6 @@ struct InfoOptions {
   std::string source;
   std::string layer;
 };
-
-const char* ShapeWord(esriGeometryType type) {
-  switch (type) {
-    case esriGeometryPoint:
-      return "point";
-    case esriGeometryMultipoint:
-      return "multipoint";
-    case esriGeometryPolyline:
-      return "polyline";
-    case esriGeometryPolygon:
-      return "polygon";
-    default:
-      return "none (a table)";
-  }
-}
 
 const char* TypeWord(esriFieldType type) {
   switch (type) {
@@ -81,7 +67,7 @@ void PrintReference(const SpatialReferenceRef& reference) {
 }
 
 void PrintLayer(const LayerInfo& info) {
-  fmt::print("Layer: {}\n  Shape type:  {}\n", info.name, ShapeWord(info.shape_type));
+  fmt::print("Layer: {}\n  Shape type:  {}\n", info.name, ShapeWord(info.shape_type, "none (a table)"));
   if (info.shape_type != esriGeometryNull) PrintReference(info.reference);
   fmt::print("  Records:     {}\n  Fields:\n", info.count);
   for (const FieldRef& field : *info.fields) {
