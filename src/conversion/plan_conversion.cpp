@@ -10,6 +10,7 @@
 #include "platform/trap.h"
 
 namespace tessarine::modCreateVertices {
+
 std::string PlanConversion(const ConversionRun& run, const std::shared_ptr<IFeatureLayer>& layer,
                            const std::shared_ptr<VarArray>& fields, bool all_records, const std::string& path,
                            const std::shared_ptr<IApplication>&, const std::shared_ptr<clsExtension>& extension) {
