@@ -15,18 +15,19 @@ namespace {
 using checked::Finite;
 using checked::Power;
 using checked::Root;
-using checked::Tangent;
 using detail::kWgs1984SemiMajor;
 using detail::kWgs1984SemiMinor;
+using detail::Sine;
+using detail::Tangent;
 
 // The central angle between two places, by the haversine form.
 double SideBetween(XY a, XY b) {
   const double phi_a = DegToRad(a.y), phi_b = DegToRad(b.y);
   const double d_phi = phi_a - phi_b;
   const double d_lambda = DegToRad(a.x - b.x);
-  const double sin_lambda = std::sin(d_lambda / 2.0), sin_phi = std::sin(d_phi / 2.0);
+  const double sin_lambda = Sine(d_lambda / 2.0), sin_phi = Sine(d_phi / 2.0);
   const double h = std::cos(phi_a) * std::cos(phi_b) * (sin_lambda * sin_lambda) + sin_phi * sin_phi;
-  return 2.0 * atan2(Root(h), Root(1.0 - h));
+  return 2.0 * detail::HalfSide(Root(h), Root(1.0 - h));
 }
 
 double AreaOf(XY p1, XY p2, XY p3, double& sign, double a, double b) {
@@ -37,7 +38,7 @@ double AreaOf(XY p1, XY p2, XY p3, double& sign, double a, double b) {
   const double s = (s12 + s23 + s31) / 2.0;
   const double product =
       Tangent(s / 2.0) * Tangent((s - s12) / 2.0) * Tangent((s - s23) / 2.0) * Tangent((s - s31) / 2.0);
-  const double excess = 4.0 * std::atan(Root(std::fabs(product)));
+  const double excess = 4.0 * detail::ArcTangent(Root(std::fabs(product)));
   const double area = Finite(radius * radius * excess * turn);
   sign = turn;
   return area;

@@ -15,13 +15,11 @@
 //
 // Special positions:
 //  - Coordinates closer than 1e-12 degrees count as equal in the tests for triangles without area.
-//  - A pole, given as any longitude at latitude 90 or -90, may be a corner, but corners are compared by coordinates:
-//  two
-//    longitudes at one pole are two corners. A ring around a pole must run along the pole's parallel and back along the
-//    meridians, as it does on the plane, to have its apex inside.
+//  - A pole, given as any longitude at latitude 90 or -90, may be a corner, but corners are compared by coordinates,
+//    so two longitudes at one pole are two corners. A ring around a pole must run along the pole's parallel and back
+//    along the meridians, as it does on the plane, to have its apex inside.
 //  - Longitudes are used as they are. Sine and cosine don't mind 358 degrees for -2, but the apex is found on the
-//  plane:
-//    cut shapes at the 180 degree meridian, or let their longitudes run past it.
+//    plane: cut shapes at the 180 degree meridian, or let their longitudes run past it.
 //  - A side of 180 degrees or more has no single great circle: sides are the short way round.
 //
 // Errors: each routine reports under its own name and answers 0. A triangle that fails counts as 0 and the polygon goes
@@ -30,7 +28,8 @@
 // Accuracy: the area of a triangle keeps about 2e-16 / h of itself, where h is its least height in radians: 1e-9 at a
 // metre, 1e-12 at a kilometre. Triangles with long sides whose corners nearly lie on one great circle lose more, up to
 // about 1e-16 / h^2. Against the spheroid itself the sphere of the Earth is 0.45 percent too large at the equator and
-// 0.9 percent too small at the poles.
+// 0.9 percent too small at the poles. The centre takes each triangle's mass at the mean of its corners, which is off by
+// the cube of the triangles' size: at most 2e-6 degrees for polygons 2 degrees across, 2e-3 for 20 and 0.07 for 60.
 //
 // Source: sides by R. W. Sinnott, Virtues of the Haversine, Sky and Telescope 68 (2), 159 (1984); excess by the theorem
 // of S. L'Huilier, in I. Todhunter, Spherical Trigonometry, 5th edition (1886), article 102.

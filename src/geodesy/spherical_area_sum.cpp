@@ -1,6 +1,7 @@
 #include "geodesy/spherical_area_sum.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 #include "geodesy/angles.h"
@@ -25,10 +26,54 @@ double Radians(double degrees) { return degrees * kPi / 180.0; }
 
 bool IsPlain(XY at) { return std::fabs(at.x) <= kPlainLongitude && (at.y == 0.0 || std::fabs(at.y) >= kTinyLatitude); }
 
-// `atan2` of two roots, times 2; a root below 0 spoils it.
-double SideOf(double sine, double cosine) {
-  if (cosine == 0.0) return sine == 0.0 ? 0.0 : 2.0 * (kPi / 2.0);
-  return 2.0 * std::atan(sine / cosine);
+// One function for all lanes: the series side by side, then the C library for those that aren't small.
+template <class Row, class Series, class Exact>
+void Apply(Row& lanes, Series series, Exact exact) {
+  const Row arguments = lanes;
+  for (double& lane : lanes) lane = series(lane);
+  for (std::size_t i = 0; i < lanes.size(); ++i) {
+    if (!detail::IsSmall(arguments[i])) lanes[i] = exact(arguments[i]);
+  }
+}
+
+template <class Row>
+void TakeSines(Row& lanes) {
+  Apply(
+      lanes, [](double x) { return detail::SineSeries(x); }, [](double x) { return std::sin(x); });
+}
+
+template <class Row>
+void TakeTangents(Row& lanes) {
+  Apply(
+      lanes, [](double x) { return detail::TangentSeries(x); }, [](double x) { return std::tan(x); });
+}
+
+template <class Row>
+void TakeArcTangents(Row& lanes) {
+  Apply(
+      lanes, [](double x) { return detail::ArcTangentSeries(x); }, [](double x) { return std::atan(x); });
+}
+
+// Central angles by the haversine form, from the halved differences of longitude and latitude and the products of the
+// cosines of latitude. A root of a number below 0 spoils its side.
+template <class Row>
+Row Sides(Row half_lambda, Row half_phi, const Row& cosines) {
+  TakeSines(half_lambda);
+  TakeSines(half_phi);
+  Row sine, cosine, sides;
+  for (std::size_t i = 0; i < sides.size(); ++i) {
+    const double h = cosines[i] * (half_lambda[i] * half_lambda[i]) + half_phi[i] * half_phi[i];
+    sine[i] = std::sqrt(h);
+    cosine[i] = std::sqrt(1.0 - h);
+    sides[i] = sine[i] / cosine[i];
+  }
+  TakeArcTangents(sides);
+  for (double& side : sides) side *= 2.0;
+  for (std::size_t i = 0; i < sides.size(); ++i) {
+    if (cosine[i] == 0.0) [[unlikely]]
+      sides[i] = 2.0 * detail::HalfSide(sine[i], cosine[i]);
+  }
+  return sides;
 }
 
 }  // namespace
@@ -46,87 +91,115 @@ SphericalAreaSum::SphericalAreaSum(double semi_major, double semi_minor, bool wa
   radius_squared_ = radius * radius;
 }
 
-// Each loop does one operation for all vertices, so that none waits for another.
-void SphericalAreaSum::Prepare(std::span<const XY> positions, const Apex& apex, std::span<Vertex> vertices) {
-  const std::size_t count = positions.size();
-  std::array<double, kLanes> theta, lambda, half_lambda, sine, cosine;
-  for (std::size_t i = 0; i < count; ++i) {
-    const XY at = positions[i];
-    vertices[i].at = at;
-    vertices[i].phi = Radians(at.y);
-    vertices[i].plain = IsPlain(at);
-    theta[i] = Radians(90.0 - at.y);
-    lambda[i] = Radians(at.x);
-    half_lambda[i] = Radians(apex.at.x - at.x) / 2.0;
+void SphericalAreaSum::Vertices::Carry(std::size_t place) {
+  for (Row* row : {&lon, &lat, &phi, &cos_phi, &x, &y, &z, &side}) (*row)[0] = (*row)[place];
+  plain[0] = plain[place];
+}
+
+// Fills places 1 and up; what is left over repeats the last position.
+void SphericalAreaSum::Prepare(std::span<const XY> positions, const Apex& apex, Vertices& vertices) {
+  for (std::size_t i = 0; i < kLanes; ++i) {
+    const XY at = positions[std::min(i, positions.size() - 1)];
+    vertices.lon[i + 1] = at.x;
+    vertices.lat[i + 1] = at.y;
+    vertices.plain[i + 1] = IsPlain(at);
   }
-  for (std::size_t i = 0; i < count; ++i) vertices[i].cos_phi = std::cos(vertices[i].phi);
-  for (std::size_t i = 0; i < count; ++i) {
+  Lanes theta, lambda, half_lambda, half_phi, cosines;
+  for (std::size_t i = 0; i < kLanes; ++i) {
+    vertices.phi[i + 1] = Radians(vertices.lat[i + 1]);
+    theta[i] = Radians(90.0 - vertices.lat[i + 1]);
+    lambda[i] = Radians(vertices.lon[i + 1]);
+    half_lambda[i] = Radians(apex.at.x - vertices.lon[i + 1]) / 2.0;
+    half_phi[i] = (apex.phi - vertices.phi[i + 1]) / 2.0;
+  }
+  for (std::size_t i = 0; i < kLanes; ++i) vertices.cos_phi[i + 1] = std::cos(vertices.phi[i + 1]);
+  for (std::size_t i = 0; i < kLanes; ++i) cosines[i] = apex.cos_phi * vertices.cos_phi[i + 1];
+  for (std::size_t i = 0; i < kLanes; ++i) {
     const double sin_theta = std::sin(theta[i]);
-    vertices[i].unit = {sin_theta * std::cos(lambda[i]), sin_theta * std::sin(lambda[i]), std::cos(theta[i])};
+    vertices.x[i + 1] = sin_theta * std::cos(lambda[i]);
+    vertices.y[i + 1] = sin_theta * std::sin(lambda[i]);
+    vertices.z[i + 1] = std::cos(theta[i]);
   }
-  for (std::size_t i = 0; i < count; ++i) {
-    const double sin_lambda = std::sin(half_lambda[i]), sin_phi = std::sin((apex.phi - vertices[i].phi) / 2.0);
-    const double h = apex.cos_phi * vertices[i].cos_phi * (sin_lambda * sin_lambda) + sin_phi * sin_phi;
-    sine[i] = std::sqrt(h);
-    cosine[i] = std::sqrt(1.0 - h);
-  }
-  for (std::size_t i = 0; i < count; ++i) vertices[i].side = SideOf(sine[i], cosine[i]);
+  const Lanes sides = Sides(half_lambda, half_phi, cosines);
+  std::copy(sides.begin(), sides.end(), vertices.side.begin() + 1);
 }
 
-void SphericalAreaSum::AddTriangles(std::span<const Vertex> vertices, const Apex& apex) {
-  const std::size_t count = vertices.size() - 1;
-  std::array<double, kLanes> half_lambda, sine, cosine, side, product;
-  for (std::size_t i = 0; i < count; ++i) half_lambda[i] = Radians(vertices[i].at.x - vertices[i + 1].at.x) / 2.0;
-  for (std::size_t i = 0; i < count; ++i) {
-    const Vertex &from = vertices[i], &to = vertices[i + 1];
-    const double sin_lambda = std::sin(half_lambda[i]), sin_phi = std::sin((from.phi - to.phi) / 2.0);
-    const double h = from.cos_phi * to.cos_phi * (sin_lambda * sin_lambda) + sin_phi * sin_phi;
-    sine[i] = std::sqrt(h);
-    cosine[i] = std::sqrt(1.0 - h);
+void SphericalAreaSum::Measure(const Vertices& v, const Apex& apex, Triangles& triangles) {
+  Lanes half_lambda, half_phi, cosines;
+  for (std::size_t i = 0; i < kLanes; ++i) {
+    half_lambda[i] = Radians(v.lon[i] - v.lon[i + 1]) / 2.0;
+    half_phi[i] = (v.phi[i] - v.phi[i + 1]) / 2.0;
+    cosines[i] = v.cos_phi[i] * v.cos_phi[i + 1];
   }
-  for (std::size_t i = 0; i < count; ++i) side[i] = SideOf(sine[i], cosine[i]);
-  for (std::size_t i = 0; i < count; ++i) {
-    const double s12 = side[i], s23 = vertices[i + 1].side, s31 = vertices[i].side;
+  triangles.side = Sides(half_lambda, half_phi, cosines);
+
+  Lanes t0, t1, t2, t3;
+  for (std::size_t i = 0; i < kLanes; ++i) {
+    const double s12 = triangles.side[i], s23 = v.side[i + 1], s31 = v.side[i];
     const double s = (s12 + s23 + s31) / 2.0;
-    product[i] = std::tan(s / 2.0) * std::tan((s - s12) / 2.0) * std::tan((s - s23) / 2.0) * std::tan((s - s31) / 2.0);
+    t0[i] = s / 2.0;
+    t1[i] = (s - s12) / 2.0;
+    t2[i] = (s - s23) / 2.0;
+    t3[i] = (s - s31) / 2.0;
   }
-  for (std::size_t i = 0; i < count; ++i) product[i] = 4.0 * std::atan(std::sqrt(std::fabs(product[i])));
+  for (Lanes* lanes : {&t0, &t1, &t2, &t3}) TakeTangents(*lanes);
+  Lanes& excess = triangles.excess;
+  for (std::size_t i = 0; i < kLanes; ++i) excess[i] = std::sqrt(std::fabs(t0[i] * t1[i] * t2[i] * t3[i]));
+  TakeArcTangents(excess);
+  for (double& lane : excess) lane *= 4.0;
 
-  for (std::size_t i = 0; i < count; ++i) {
-    const double area = SignedArea(vertices[i], vertices[i + 1], apex, side[i], product[i]);
-    area_ += area;
-    if (want_centroid_) AddCenter(vertices[i], vertices[i + 1], apex, area);
+  const UnitVector& r = apex.unit;
+  for (std::size_t i = 0; i < kLanes; ++i) {
+    const double px = v.x[i], py = v.y[i], pz = v.z[i];
+    const double ux = v.x[i + 1] - px, uy = v.y[i + 1] - py, uz = v.z[i + 1] - pz;
+    const double wx = r.x - px, wy = r.y - py, wz = r.z - pz;
+    triangles.triple[i] = px * (uy * wz - uz * wy) + py * (uz * wx - ux * wz) + pz * (ux * wy - uy * wx);
   }
 }
 
-double SphericalAreaSum::SignedArea(const Vertex& from, const Vertex& to, const Apex& apex, double side,
-                                    double excess) const {
-  if (detail::HasNoArea(from.at, to.at, apex.at)) return 0.0;
-  const double area = radius_squared_ * excess;
+// The operations of `TriangleCentroid3D`.
+void SphericalAreaSum::FindCenters(const Vertices& v, const Apex& apex, Triangles& triangles) {
+  const UnitVector& w = apex.unit;
+  for (std::size_t i = 0; i < kLanes; ++i) {
+    const double x = (v.x[i] + v.x[i + 1] + w.x) / 3.0, y = (v.y[i] + v.y[i + 1] + w.y) / 3.0;
+    const double z = (v.z[i] + v.z[i + 1] + w.z) / 3.0;
+    const double length = std::sqrt(x * x + y * y + z * z);
+    triangles.length[i] = length;
+    triangles.x[i] = x / length;
+    triangles.y[i] = y / length;
+    triangles.z[i] = z / length;
+  }
+}
+
+double SphericalAreaSum::SignedArea(const Vertices& vertices, const Apex& apex, const Triangles& triangles,
+                                    std::size_t lane) const {
+  const XY from = vertices.At(lane), to = vertices.At(lane + 1);
+  if (detail::HasNoArea(from, to, apex.at)) return 0.0;
+  const double area = radius_squared_ * triangles.excess[lane];
   if (!std::isfinite(area)) {
     double sign = 0.0;
-    return fixed_ ? SphericalTriangleArea(from.at, to.at, apex.at, sign)
-                  : SphericalTriangleArea2(from.at, to.at, apex.at, sign, a_, b_);
+    return fixed_ ? SphericalTriangleArea(from, to, apex.at, sign)
+                  : SphericalTriangleArea2(from, to, apex.at, sign, a_, b_);
   }
-  const UnitVector &p = from.unit, &q = to.unit, &r = apex.unit;
-  const double ux = q.x - p.x, uy = q.y - p.y, uz = q.z - p.z;
-  const double vx = r.x - p.x, vy = r.y - p.y, vz = r.z - p.z;
-  const double triple = p.x * (uy * vz - uz * vy) + p.y * (uz * vx - ux * vz) + p.z * (ux * vy - uy * vx);
-  if (from.plain && to.plain && apex.plain && std::fabs(triple) > kTurnBound * (side + from.side)) {
-    return area * (triple > 0.0 ? -1.0 : 1.0);
+  const double triple = triangles.triple[lane];
+  const double bound = kTurnBound * (triangles.side[lane] + vertices.side[lane]);
+  if (vertices.plain[lane] && vertices.plain[lane + 1] && apex.plain && std::fabs(triple) > bound) {
+    return triple > 0.0 ? -area : area;
   }
-  return area * detail::SignOfTurn(from.at, to.at, apex.at);
+  return area * detail::SignOfTurn(from, to, apex.at);
 }
 
-// The operations of `TriangleCentroid3D`, its result brought to the unit sphere, times the area.
-void SphericalAreaSum::AddCenter(const Vertex& from, const Vertex& to, const Apex& apex, double area) {
-  const UnitVector &u = from.unit, &v = to.unit, &w = apex.unit;
-  const double x = (u.x + v.x + w.x) / 3.0, y = (u.y + v.y + w.y) / 3.0, z = (u.z + v.z + w.z) / 3.0;
-  const double length = checked::Finite(std::sqrt(x * x + y * y + z * z));
-  if (length == 0.0) Raise(kDivisionByZero, "Division by zero");
-  moment_.x += x / length * area;
-  moment_.y += y / length * area;
-  moment_.z += z / length * area;
+// In the order of the segments. Each centre counts by its area.
+void SphericalAreaSum::Add(const Vertices& vertices, const Apex& apex, const Triangles& triangles, std::size_t count) {
+  for (std::size_t i = 0; i < count; ++i) {
+    const double area = SignedArea(vertices, apex, triangles, i);
+    area_ += area;
+    if (!want_centroid_) continue;
+    if (checked::Finite(triangles.length[i]) == 0.0) Raise(kDivisionByZero, "Division by zero");
+    moment_.x += triangles.x[i] * area;
+    moment_.y += triangles.y[i] * area;
+    moment_.z += triangles.z[i] * area;
+  }
 }
 
 void SphericalAreaSum::AddRing(std::span<const XY> ring, XY apex_at) {
@@ -135,13 +208,17 @@ void SphericalAreaSum::AddRing(std::span<const XY> ring, XY apex_at) {
   apex.cos_phi = std::cos(apex.phi);
   SphericalLatLongToCart(apex_at.x, apex_at.y, apex.unit.x, apex.unit.y, apex.unit.z);
 
-  std::array<Vertex, kLanes + 1> vertices;
+  Vertices vertices;
+  Triangles triangles;
   Prepare(ring.first(1), apex, vertices);
+  vertices.Carry(1);
   for (std::size_t next = 1; next < ring.size();) {
     const std::size_t count = std::min(kLanes, ring.size() - next);
-    Prepare(ring.subspan(next, count), apex, std::span(vertices).subspan(1));
-    AddTriangles({vertices.data(), count + 1}, apex);
-    vertices[0] = vertices[count];
+    Prepare(ring.subspan(next, count), apex, vertices);
+    Measure(vertices, apex, triangles);
+    if (want_centroid_) FindCenters(vertices, apex, triangles);
+    Add(vertices, apex, triangles, count);
+    vertices.Carry(count);
     next += count;
   }
 }

@@ -3,7 +3,7 @@
 // For each segment From, To of a ring the triangle (From, To, Apex) is added, with the area of `SphericalTriangleArea`
 // or `SphericalTriangleArea2` to the last bit and in the order of the segments. What belongs to one vertex (its sines
 // and cosines, its side towards the apex) is found once for the two segments that share it, and what belongs to the
-// apex once for the ring.
+// apex once for the ring. Each loop does one operation for eight vertices, so that none waits for another.
 //
 // The sign needs no azimuths where the three places clearly turn one way: their triple product decides it outside the
 // bound of its rounding, and within the bound the two azimuths are compared as in the triangle's routine.
@@ -38,31 +38,41 @@ class SphericalAreaSum {
 
  private:
   static constexpr std::size_t kLanes = 8;
+  using Lanes = std::array<double, kLanes>;
 
   struct UnitVector {
     double x, y, z;
   };
-  struct Vertex {
+  struct Apex {
     XY at;
     double phi, cos_phi;  // the latitude in radians
     UnitVector unit;
-    double side;  // central angle to the apex
-    bool plain;   // the triple product may decide
+    bool plain;  // the triple product may decide
   };
-  struct Apex {
-    XY at;
-    double phi, cos_phi;
-    UnitVector unit;
-    bool plain;
+  // The vertices of a block, one quantity a row. Place 0 holds the last vertex of the block before.
+  struct Vertices {
+    using Row = std::array<double, kLanes + 1>;
+    Row lon, lat, phi, cos_phi, x, y, z;
+    Row side;  // central angle to the apex
+    std::array<bool, kLanes + 1> plain;
+
+    [[nodiscard]] XY At(std::size_t place) const { return {lon[place], lat[place]}; }
+    void Carry(std::size_t place);
+  };
+  // The triangles of a block: the side from vertex to vertex, the excess, the centre brought to the unit sphere, its
+  // length before, and the triple product of the corners.
+  struct Triangles {
+    Lanes side, excess, x, y, z, length, triple;
   };
 
   SphericalAreaSum(double semi_major, double semi_minor, bool want_centroid, bool fixed);
 
-  static void Prepare(std::span<const XY> positions, const Apex& apex, std::span<Vertex> vertices);
-  void AddTriangles(std::span<const Vertex> vertices, const Apex& apex);
-  [[nodiscard]] double SignedArea(const Vertex& from, const Vertex& to, const Apex& apex, double side,
-                                  double excess) const;
-  void AddCenter(const Vertex& from, const Vertex& to, const Apex& apex, double area);
+  static void Prepare(std::span<const XY> positions, const Apex& apex, Vertices& vertices);
+  static void Measure(const Vertices& vertices, const Apex& apex, Triangles& triangles);
+  static void FindCenters(const Vertices& vertices, const Apex& apex, Triangles& triangles);
+  void Add(const Vertices& vertices, const Apex& apex, const Triangles& triangles, std::size_t count);
+  [[nodiscard]] double SignedArea(const Vertices& vertices, const Apex& apex, const Triangles& triangles,
+                                  std::size_t lane) const;
 
   double a_, b_, radius_squared_;
   bool want_centroid_;

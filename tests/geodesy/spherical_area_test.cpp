@@ -9,6 +9,7 @@
 
 #include "geodesy/angles.h"
 #include "geodesy/cartesian.h"
+#include "geodesy/small_angles.h"
 #include "geodesy/spherical_area_sum.h"
 #include "platform/spatial_reference.h"
 #include "tests/geodesy/fault_log.h"
@@ -104,6 +105,33 @@ TEST(SphericalTriangle, WithoutAreaTheSignStays) {
   double sign = 42.0;
   EXPECT_EQ(SphericalTriangleArea2(XY{0, 0}, XY{10, 0}, XY{30, 0}, sign, kA, kB), 0.0);
   EXPECT_EQ(sign, -1.0);
+}
+
+// Against the C library's functions of more digits. Half a unit in the last place is what rounding alone costs.
+TEST(SmallAngles, RoundLikeTheCLibrary) {
+  struct Row {
+    const char* name;
+    double (*ours)(double);
+    long double (*exact)(long double);
+  };
+  const Row rows[] = {{"sine", detail::Sine, std::sin},
+                      {"tangent", detail::Tangent, std::tan},
+                      {"arc tangent", detail::ArcTangent, std::atan}};
+  std::mt19937_64 random(5);
+  std::uniform_real_distribution<double> unit(0.0, 1.0);
+  for (const Row& row : rows) {
+    long double worst = 0.0L;
+    for (int round = 0; round < 60000; ++round) {
+      const double size = round % 2 ? 2.0 * detail::kSmall * unit(random) : std::pow(2.0, -300.0 * unit(random));
+      const double x = round % 3 ? size : -size;
+      const long double exact = row.exact(x);
+      const long double unit_in_last_place = std::ldexp(1.0L, std::ilogb(exact) - 52);
+      worst = std::max(worst, std::fabs(row.ours(x) - exact) / unit_in_last_place);
+    }
+    EXPECT_LT(worst, 0.57L) << row.name;
+    EXPECT_EQ(row.ours(0.0), 0.0) << row.name;
+    EXPECT_TRUE(std::isnan(row.ours(std::nan("")))) << row.name;
+  }
 }
 
 // Bits from a transcription in Python, where sums, products and roots are IEEE doubles and each other function is
