@@ -116,12 +116,15 @@ std::shared_ptr<clsExtension> FindExtension(const std::shared_ptr<IApplication>&
 }
 
 std::string ReturnArcGISVersion() {
-  return Trap("ReturnArcGISVersion", []() -> std::string {
-    std::string text = Host().Registry().QueryLocalMachine(SubKey("ESRI", "ArcGIS", ""), "RealVersion");
-    if (text.empty()) return kUnknownVersion;
-    text.pop_back();  // the terminating null
-    return text;
-  });
+  return TrapWith(
+      "ReturnArcGISVersion",
+      []() -> std::string {
+        std::string text = Host().Registry().QueryLocalMachine(SubKey("ESRI", "ArcGIS", ""), "RealVersion");
+        if (text.empty()) return kUnknownVersion;
+        text.pop_back();  // the terminating null
+        return text;
+      },
+      [](const Fault&) { return std::string(kUnknownVersion); });
 }
 
 std::string SubKey(const std::string& company, const std::string& product, const std::string& version) {

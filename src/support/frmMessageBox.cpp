@@ -1,6 +1,5 @@
 #include "support/frmMessageBox.h"
 
-#include "platform/host.h"
 #include "platform/trap.h"
 
 namespace tessarine {
@@ -38,7 +37,7 @@ void frmMessageBox::SetArcApplication(const std::shared_ptr<IApplication>& appli
 void frmMessageBox::Form_Load() {
   Trap("Form_Load", [this] {
     SetTopmost(true);
-    MoveTo(Host().Forms().ScreenWidth() / 2 - Width() / 2, Host().Forms().ScreenHeight() / 3 - Height() / 3);
+    MoveToUpperMiddle();
     anchors_.Item(txtMessage).SetAnchors(enumStartEnd, enumStartEnd);
     anchors_.Item(cmdYes).SetAnchors(enumSizeEnd, enumSizeEnd);
     anchors_.Item(cmdNo).SetAnchors(enumSizeEnd, enumSizeEnd);
@@ -53,14 +52,14 @@ void frmMessageBox::Form_Resize() {
 
 void frmMessageBox::cmdYes_Click() {
   Trap("cmdYes_Click", [this] {
-    extension_->ShouldContinue = true;
+    Require(extension_, "clsExtension")->ShouldContinue = true;
     Unload();
   });
 }
 
 void frmMessageBox::cmdNo_Click() {
   Trap("cmdNo_Click", [this] {
-    extension_->ShouldContinue = false;
+    Require(extension_, "clsExtension")->ShouldContinue = false;
     Unload();
   });
 }

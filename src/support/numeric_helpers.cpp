@@ -79,8 +79,10 @@ bool CompareSpatialReferences(const SpatialReferenceRef& first, const SpatialRef
 
 void EnableSelectTool(const std::shared_ptr<IApplication>& application) {
   Trap("EnableSelectTool", [&] {
-    const std::shared_ptr<ICommandBars> bars = application->Document()->CommandBars();
-    const std::shared_ptr<ICommandItem> item = bars->Find(UID(kSelectElementsTool), false, false);
+    const std::shared_ptr<IDocument> document = Require(application, "IApplication")->Document();
+    const std::shared_ptr<ICommandBars> bars = Require(document, "IDocument")->CommandBars();
+    const std::shared_ptr<ICommandItem> item =
+        Require(bars, "ICommandBars")->Find(UID(kSelectElementsTool), false, false);
     if (item) item->Execute();
   });
 }

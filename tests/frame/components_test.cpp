@@ -184,13 +184,43 @@ TEST_F(CommandTest, PolygonBuildingNeedsANewerHost) {
   EXPECT_TRUE(Command("clsShapesToVertices")->Enabled());
 }
 
+struct RunOfACommand {
+  const char* command;
+  const char* dialog;
+};
+
+// One of each kind of run that begins with a dialog.
+constexpr RunOfACommand kRuns[] = {
+    {"clsShapesToVertices", "frmLayerFields"}, {"clsConvertGeometry", "frmGeometry"},
+    {"clsBuildPolygon", "frmBuildParams"},     {"clsWrapBoundary", "frmBoundaryWrap"},
+    {"OCentricToOGraphic", "frmGeoCentric"},
+};
+
 TEST_F(CommandTest, ACancelledDialogLeavesEverythingAsItWas) {
-  extension->ShouldContinue = true;
-  Command("clsShapesToVertices")->OnClick();
-  EXPECT_EQ(host.forms.shown, std::vector<std::string>{"frmLayerFields"});
-  EXPECT_FALSE(extension->ShouldContinue);
-  EXPECT_FALSE(document->Dirty());
-  EXPECT_TRUE(host.error_reports.empty());
+  for (const RunOfACommand& run : kRuns) {
+    SCOPED_TRACE(run.command);
+    extension->ShouldContinue = true;
+    host.forms.shown.clear();
+    Command(run.command)->OnClick();
+    EXPECT_EQ(host.forms.shown, std::vector<std::string>{run.dialog});
+    EXPECT_FALSE(extension->ShouldContinue);
+    EXPECT_FALSE(document->Dirty());
+    EXPECT_TRUE(host.error_reports.empty());
+  }
+}
+
+TEST_F(CommandTest, WithoutTheExtensionARunEndsInAReport) {
+  application->extension = nullptr;
+  for (const RunOfACommand& run : kRuns) {
+    SCOPED_TRACE(run.command);
+    const auto command = Command(run.command);
+    host.error_reports.clear();
+    command->OnClick();
+    ASSERT_FALSE(host.error_reports.empty());
+    EXPECT_NE(host.error_reports.back().find("\tICommand_OnClick "), std::string::npos);
+    EXPECT_NE(host.error_reports.back().find("clsExtension"), std::string::npos);
+    EXPECT_TRUE(host.forms.shown.empty());
+  }
 }
 
 TEST_F(CommandTest, AHookThatIsNoApplicationIsReported) {

@@ -1,6 +1,7 @@
 // Key filters, number texts, sorting, elapsed times and the other small routines.
 #include <gtest/gtest.h>
 
+#include "helpers/fake_application.h"
 #include "helpers/reported_faults.h"
 #include "helpers/temporary_folder.h"
 #include "helpers/test_host.h"
@@ -159,6 +160,14 @@ TEST(SpatialReferenceTest, ComparesAlsoNothing) {
   EXPECT_FALSE(CompareSpatialReferences(nullptr, wgs84));
   EXPECT_TRUE(CompareSpatialReferences(wgs84, again));
   EXPECT_FALSE(CompareSpatialReferences(wgs84, utm));
+}
+
+TEST(SelectToolTest, WithoutADocumentTheToolIsReported) {
+  const TestHost host;
+  const testing::ReportedFaults reported;
+  EnableSelectTool(nullptr);
+  EnableSelectTool(std::make_shared<testing::FakeApplication>());
+  EXPECT_EQ(host.error_reports.size(), 2U);
 }
 
 TEST(OpenDocTest, OpensWhatIsThereAndTellsWhatIsMissing) {

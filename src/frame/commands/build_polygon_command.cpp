@@ -32,7 +32,7 @@ class BuildPolygonCommand final : public CommandBase {
 
  private:
   void Run() override {
-    extension_ = FindExtension(Application());
+    extension_ = Require(FindExtension(Application()), "clsExtension");
     {
       frmBuildParams dialog;
       dialog.SetArcApplication(Application());

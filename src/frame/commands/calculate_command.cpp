@@ -15,12 +15,12 @@ class CalculateCommand final : public CommandBase {
 
  private:
   void Run() override {
+    const std::shared_ptr<clsExtension> extension = Require(FindExtension(Application()), "clsExtension");
     {
       frmGeometry dialog;
       dialog.SetArcApplication(Application());
       dialog.ShowModal();
     }
-    const std::shared_ptr<clsExtension> extension = FindExtension(Application());
     if (!extension->ShouldContinue) return;
     const bool planned = Host().PlanOnly();
     ShowReport(planned ? modCalcGeometry::PlanGeometry(extension->GeometryOptions, Application())

@@ -15,6 +15,7 @@ class ConversionCommand final : public CommandBase {
 
  private:
   void Run() override {
+    const std::shared_ptr<clsExtension> extension = Require(FindExtension(Application()), "clsExtension");
     const modCreateVertices::ConversionRun* run = modCreateVertices::FindRun(option_);
     {
       frmLayerFields dialog;
@@ -22,7 +23,6 @@ class ConversionCommand final : public CommandBase {
       dialog.SetConversionOption(option_);
       dialog.ShowModal();
     }
-    const std::shared_ptr<clsExtension> extension = FindExtension(Application());
     if (!extension->ShouldContinue) return;
     const bool planned = Host().PlanOnly();
     ShowReport(planned ? Plan(*run, extension) : Convert(*run, extension));
