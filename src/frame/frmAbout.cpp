@@ -121,7 +121,7 @@ void frmAbout::MakeLink(Label& label, const char* address, std::int32_t hover_co
 void frmAbout::Form_Load() {
   Trap("Form_Load", [this] {
     SetTopmost(true);
-    MoveTo(Host().Forms().ScreenWidth() / 2 - Width() / 2, Host().Forms().ScreenHeight() / 3 - Height() / 3);
+    MoveToUpperMiddle();
     anchors_.Hold({
         {lblVersion, enumStartSize, enumStartSize},
         {Text1, enumStartEnd, enumStartEnd},

@@ -112,7 +112,7 @@ void frmNameElements::cmdManual_Click() {
 void frmNameElements::Form_Load() {
   Trap("Form_Load", [this] {
     SetTopmost(true);
-    MoveTo(Host().Forms().ScreenWidth() / 2 - Width() / 2, Host().Forms().ScreenHeight() / 3 - Height() / 3);
+    MoveToUpperMiddle();
     anchors_.Hold({
         {lblName, enumStartSize, enumStartSize},
         {txtName, enumStartEnd, enumStartSize},

@@ -1,7 +1,6 @@
 #include "graphics/frmSelectGraphics.h"
 
 #include "graphics/element_names.h"
-#include "platform/host.h"
 #include "platform/trap.h"
 #include "support/QuickSort.h"
 #include "support/manual.h"
@@ -215,7 +214,7 @@ void frmSelectGraphics::cmdHelp_Click() {
 void frmSelectGraphics::Form_Load() {
   Trap("Form_Load", [this] {
     SetTopmost(true);
-    MoveTo(Host().Forms().ScreenWidth() / 2 - Width() / 2, Host().Forms().ScreenHeight() / 3 - Height() / 3);
+    MoveToUpperMiddle();
     anchors_.Hold({
         {lblSelByName, enumStartEnd, enumStartSize},
         {lblSelFromList, enumStartEnd, enumStartSize},

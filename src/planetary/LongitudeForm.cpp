@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "platform/host.h"
 #include "platform/text_formats.h"
 #include "platform/trap.h"
 #include "support/MyGeneralOperations.h"
@@ -88,7 +87,7 @@ void LongitudeForm::KeepAboveLowerEdge(std::initializer_list<Control*> controls)
 void LongitudeForm::Form_Load() {
   Trap("Form_Load", [this] {
     SetTopmost(true);
-    MoveTo(Host().Forms().ScreenWidth() / 2 - Width() / 2, Host().Forms().ScreenHeight() / 3 - Height() / 3);
+    MoveToUpperMiddle();
     if (!extension_) extension_ = FindExtension(application_);
     anchors_.Item(lblLayer).SetAnchors(enumStartSize, enumStartSize);
     for (Control* control : std::initializer_list<Control*>{&lbxLayers, &txtMessage}) {

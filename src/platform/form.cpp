@@ -16,6 +16,11 @@ void Form::MoveTo(double left, double top) {
   Notify(nullptr);
 }
 
+void Form::MoveToUpperMiddle() {
+  const IFormHost& screen = Host().Forms();
+  MoveTo(screen.ScreenWidth() / 2 - Width() / 2, screen.ScreenHeight() / 3 - Height() / 3);
+}
+
 void Form::SetSize(double width, double height) {
   width_ = width;
   height_ = height;

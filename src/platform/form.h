@@ -107,6 +107,8 @@ class Label final : public Captioned {
   using Captioned::Captioned;
   [[nodiscard]] bool Bold() const { return bold_; }
   void SetBold(bool bold) { bold_ = bold, Changed(); }
+  /// The text ends at the label's right edge.
+  bool RightAligned = false;
   /// Makes the label a link.
   std::function<void()> Click;
 
@@ -288,6 +290,8 @@ class Form : public Container {
   [[nodiscard]] double Left() const { return left_; }
   [[nodiscard]] double Top() const { return top_; }
   void MoveTo(double left, double top);
+  /// Places the form where dialogs open: midway across the screen, with a third of the free height above it.
+  void MoveToUpperMiddle();
   /// Sets the inner size and runs `Form_Resize` when the form is loaded.
   void Resize(double width, double height);
   /// The size below which a view lets no user shrink the window.

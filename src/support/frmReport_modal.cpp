@@ -14,7 +14,7 @@ constexpr double kMarginTwips = 1440.0;
 frmReport_modal::frmReport_modal() : Form("frmReport_modal") {
   SetCaption(" Report");
   SetSize(330, 240);
-  SetMinimumSize(240, 120);
+  SetMinimumSize(290, 120);
   // The background box gives the rich text its white border.
   txtBackground.Move(7, 7, 316, 204);
   txtBackground.Locked = true;
@@ -22,9 +22,9 @@ frmReport_modal::frmReport_modal() : Form("frmReport_modal") {
   txtReport.Move(11, 11, 308, 196);
   txtReport.SetBackColor(kWindowBackground);
   cmdCopy.SetCaption("&Copy to Clipboard");
-  cmdCopy.Move(7, 219, 84, 14);
+  cmdCopy.Move(7, 219, 92, 14);
   cmdPrint.SetCaption("&Print");
-  cmdPrint.Move(97, 219, 50, 14);
+  cmdPrint.Move(105, 219, 50, 14);
   cmdOK.SetCaption("&Exit");
   cmdOK.Move(255, 219, 50, 14);
   cmdOK.Default = true;
@@ -45,9 +45,9 @@ void frmReport_modal::Form_Load() {
     SetTopmost(true);
     anchors_.Item(txtReport).SetAnchors(enumStartEnd, enumStartEnd);
     anchors_.Item(txtBackground).SetAnchors(enumStartEnd, enumStartEnd);
-    anchors_.Item(cmdCopy).SetAnchors(enumStartSize, enumSizeEnd);
-    anchors_.Item(cmdPrint).SetAnchors(enumStartSize, enumSizeEnd);
-    anchors_.Item(cmdOK).SetAnchors(enumSizeEnd, enumSizeEnd);
+    anchors_.Item(cmdCopy).SetAnchors(enumNone, enumSizeEnd);
+    anchors_.Item(cmdPrint).SetAnchors(enumNone, enumSizeEnd);
+    anchors_.Item(cmdOK).SetAnchors(enumNone, enumSizeEnd);
     anchors_.Item(imgCornerBars).SetAnchors(enumSizeEnd, enumSizeEnd);
     anchors_.SetForm(*this);
   });

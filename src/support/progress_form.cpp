@@ -14,30 +14,17 @@ constexpr double kBarMargin = 4.0;
 constexpr double kWidth = 280.0;
 constexpr double kSmallHeight = 108.0;
 constexpr double kExpandedHeight = 208.0;
+constexpr double kLeastExpandedHeight = 146.0;
 constexpr double kStep = 0.1;
 constexpr std::int64_t kSecondsPerDay = 86400;
 
 }  // namespace
 
-ProgressForm::ProgressForm(const std::string& name) : Form(name) {
+ProgressForm::ProgressForm(const std::string& name) : Form(name), expanded_height_(kExpandedHeight) {
   SetCaption(" Current Status:");
-  SetSize(kWidth, kSmallHeight);
-  SetMinimumSize(kWidth, kSmallHeight);
-  lblBeginTime.Move(7, 6, 190, 9);
-  lblCurrentTime.Move(213, 6, 60, 9);
-  lblIndex.Move(7, 19, 266, 9);
-  lblRecordNumber.Move(7, 31, 206, 9);
-  lblPercentDone.Move(233, 31, 40, 9);
-  pct_barBorder.Move(7, 43, 266, 12);
-  icnProgressLine.SetContainer(pct_barBorder);
-  icnProgressLine.Move(kBarMargin / 2, 2, 0, 8);
-  lblTimeLeft.Move(7, 59, 266, 9);
-  lblEstCompletionTime.Move(7, 71, 266, 9);
-  chkClose.Move(7, 88, 110, 11);
-  cmdDetails.Move(151, 87, 62, 14);
-  cmdStop.Move(219, 87, 54, 14);
-  txtDetails.Move(7, 108, 266, 93);
-
+  LayOut();
+  lblCurrentTime.RightAligned = true;
+  lblPercentDone.RightAligned = true;
   chkClose.SetCaption("Close When Finished...");
   cmdDetails.SetCaption("Show Details");
   cmdStop.SetCaption("Stop");
@@ -53,6 +40,46 @@ ProgressForm::ProgressForm(const std::string& name) : Form(name) {
   cmdDetails.Click = [this] { cmdDetails_Click(); };
   cmdStop.Click = [this] { cmdStop_Click(); };
   Timer1.Tick = [this] { Timer1_Timer(); };
+}
+
+// Places are told for the expanded form; the small one hides what is beneath the buttons.
+void ProgressForm::LayOut() {
+  SetSize(kWidth, kExpandedHeight);
+  SetMinimumSize(kWidth, kSmallHeight);
+  lblBeginTime.Move(7, 6, 190, 9);
+  lblCurrentTime.Move(213, 6, 60, 9);
+  lblIndex.Move(7, 19, 266, 9);
+  lblRecordNumber.Move(7, 31, 206, 9);
+  lblPercentDone.Move(233, 31, 40, 9);
+  pct_barBorder.Move(7, 43, 266, 12);
+  icnProgressLine.SetContainer(pct_barBorder);
+  icnProgressLine.Move(kBarMargin / 2, 2, 0, 8);
+  lblTimeLeft.Move(7, 59, 266, 9);
+  lblEstCompletionTime.Move(7, 71, 266, 9);
+  chkClose.Move(7, 88, 110, 11);
+  cmdDetails.Move(151, 87, 62, 14);
+  cmdStop.Move(219, 87, 54, 14);
+  txtDetails.Move(7, 108, 266, 93);
+  HoldAnchors();
+  SetSize(kWidth, kSmallHeight);
+}
+
+void ProgressForm::HoldAnchors() {
+  anchors_.Hold({
+      {lblBeginTime, enumStartSize, enumStartSize},
+      {lblCurrentTime, enumSizeEnd, enumStartSize},
+      {lblIndex, enumStartEnd, enumStartSize},
+      {lblRecordNumber, enumStartEnd, enumStartSize},
+      {lblPercentDone, enumSizeEnd, enumStartSize},
+      {pct_barBorder, enumStartEnd, enumStartSize},
+      {lblTimeLeft, enumStartEnd, enumStartSize},
+      {lblEstCompletionTime, enumStartEnd, enumStartSize},
+      {chkClose, enumStartSize, enumStartSize},
+      {cmdDetails, enumSizeEnd, enumStartSize},
+      {cmdStop, enumSizeEnd, enumStartSize},
+      {txtDetails, enumStartEnd, enumStartEnd},
+  });
+  anchors_.SetForm(*this);
 }
 
 std::shared_ptr<IModelessFrame> ProgressForm::Frame() {
@@ -77,14 +104,22 @@ void ProgressForm::Form_Load() {
     chkClose.SetValue(auto_close_ ? CheckBox::kChecked : CheckBox::kUnchecked);
     (void)Frame();
     ExpandProgress();
-    const Date now = Host().Clock().Now();
-    lblBeginTime.SetCaption("Began Job: " + ShortDate(now) + " " + LongTime(now));
+    lblBeginTime.SetCaption("Began Job: " + ShortDate(begin_time_) + " " + LongTime(begin_time_));
     lblTimeLeft.SetCaption("Estimated time remaining: ---:---:---");
     lblEstCompletionTime.SetCaption("Estimated completion time: -----------");
     lblPercentDone.SetCaption("(00.0%)");
     lblRecordNumber.SetCaption("-----");
     lblIndex.SetCaption("-----");
-    icnProgressLine.Move(icnProgressLine.Left(), icnProgressLine.Top(), 0, icnProgressLine.Height());
+    fraction_ = 0.0F;
+    ShowFraction();
+  });
+}
+
+void ProgressForm::Form_Resize() {
+  Trap("Form_Resize", [this] {
+    anchors_.DoAnchors();
+    ShowFraction();
+    if (expanded_) expanded_height_ = Height();
   });
 }
 
@@ -101,14 +136,18 @@ void ProgressForm::Est_Time_Left(std::int32_t& record, const std::string& index_
     lblRecordNumber.SetCaption(record_count_ != 0
                                    ? prefix_text + aml_func_mod::InsertCommas(record) + " of " + count_text_ + "..."
                                    : prefix_text);
-    const float fraction = record_count_ > 0 ? static_cast<float>(record) / static_cast<float>(record_count_) : 0.0F;
-    icnProgressLine.Move(icnProgressLine.Left(), icnProgressLine.Top(),
-                         static_cast<double>(fraction) * (pct_barBorder.Control::Width() - kBarMargin),
-                         icnProgressLine.Height());
+    fraction_ = record_count_ > 0 ? static_cast<float>(record) / static_cast<float>(record_count_) : 0.0F;
+    ShowFraction();
     icnProgressLine.Refresh();
     lblPercentDone.SetCaption("(" + NumberText(percent) + "%)");
     ShowTimes(record);
   });
+}
+
+void ProgressForm::ShowFraction() {
+  icnProgressLine.Move(icnProgressLine.Left(), icnProgressLine.Top(),
+                       static_cast<double>(fraction_) * (pct_barBorder.Control::Width() - kBarMargin),
+                       icnProgressLine.Height());
 }
 
 void ProgressForm::ShowTimes(std::int32_t record) {
@@ -130,7 +169,8 @@ void ProgressForm::ExpandProgress() {
   Trap("ExpandProgress", [this] {
     txtDetails.SetVisible(expanded_);
     cmdDetails.SetCaption(expanded_ ? "Minimize" : "Show Details");
-    Resize(Width(), expanded_ ? kExpandedHeight : kSmallHeight);
+    SetMinimumSize(kWidth, expanded_ ? kLeastExpandedHeight : kSmallHeight);
+    Resize(Width(), expanded_ ? expanded_height_ : kSmallHeight);
   });
 }
 

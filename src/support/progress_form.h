@@ -9,6 +9,7 @@
 #include "platform/date.h"
 #include "platform/form.h"
 #include "platform/host.h"
+#include "support/AnchorObjectList.h"
 
 namespace tessarine {
 
@@ -55,12 +56,18 @@ class ProgressForm : public Form, public std::enable_shared_from_this<ProgressFo
   explicit ProgressForm(const std::string& name);
 
   void Form_Load() override;
+  void Form_Resize() override;
   void Form_Unload() override;
+  /// Closing the window of a run ends the run.
+  void Form_QueryUnload() override { Stop(); }
   /// What a click on Stop does in this form.
   virtual void cmdStop_Click();
   void Stop() { should_continue_ = false; }
 
  private:
+  void LayOut();
+  void HoldAnchors();
+  void ShowFraction();
   void cmdDetails_Click();
   void Timer1_Timer();
   void ShowTimes(std::int32_t record);
@@ -70,10 +77,13 @@ class ProgressForm : public Form, public std::enable_shared_from_this<ProgressFo
   Date begin_time_;
   std::int32_t record_count_ = 0;
   std::string count_text_;
+  float fraction_ = 0.0F;
   Date last_refresh_;
   float next_step_ = 0.0F;
   bool expanded_ = false;
   bool auto_close_ = false;
+  double expanded_height_;
+  AnchorObjectList anchors_;
 };
 
 }  // namespace tessarine

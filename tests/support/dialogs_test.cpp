@@ -112,9 +112,12 @@ TEST_F(ReportDialogTest, LayoutHoldsAtEverySize) {
   EXPECT_TRUE(form.Topmost());
   const std::vector<std::string> none;
   EXPECT_EQ(LayoutProblems(form, {"txtBackground"}), none);
-  const double width = form.txtReport.Width();
-  form.Resize(form.Width() + 100, form.Height() + 50);
-  EXPECT_NEAR(form.txtReport.Width(), width + 100, 1e-4);
+  const double width = form.txtReport.Width(), left = form.cmdPrint.Left(), top = form.cmdPrint.Top();
+  form.Resize(form.Width() + 110, form.Height() + 50);
+  EXPECT_NEAR(form.txtReport.Width(), width + 110, 1e-4);
+  // A third more width: the row of buttons keeps its share of it, at the bottom.
+  EXPECT_NEAR(form.cmdPrint.Left(), left * 4 / 3, 1e-4);
+  EXPECT_NEAR(form.cmdPrint.Top(), top + 50, 1e-4);
   EXPECT_EQ(LayoutProblems(form, {"txtBackground"}), none);
   form.Resize(form.MinimumWidth(), form.MinimumHeight());
   EXPECT_EQ(LayoutProblems(form, {"txtBackground"}), none);
@@ -142,6 +145,14 @@ TEST(MessageBoxTest, TheAnswerIsLeftInTheExtension) {
     EXPECT_EQ(extension->ShouldContinue, row.answer);
     EXPECT_FALSE(form.Loaded());
   }
+}
+
+TEST(MessageBoxTest, AnAnswerWithoutAnExtensionIsReported) {
+  TestHost host;
+  const testing::ReportedFaults reported;
+  frmMessageBox form;
+  for (CommandButton* button : {&form.cmdYes, &form.cmdNo}) button->Press();
+  EXPECT_EQ(host.error_reports.size(), 2U);
 }
 
 TEST(MessageBoxTest, TheTextStretchesAndTheButtonsKeepTheirCorner) {

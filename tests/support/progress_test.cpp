@@ -42,7 +42,9 @@ class ProgressTest : public ::testing::Test {
 };
 
 TEST_F(ProgressTest, OneStepOfTheDisplay) {
+  At(3);  // the window opens a moment after the run began
   const auto form = Started(1000);
+  EXPECT_EQ(form->lblBeginTime.Caption(), "Began Job: 3/14/2026 9:26:53 AM");
   EXPECT_EQ(form->lblPercentDone.Caption(), "(00.0%)");
   At(100);
   Step(*form, 250);
@@ -115,6 +117,40 @@ TEST_F(ProgressTest, DetailsClockPlaceAndLayout) {
   EXPECT_EQ(form->lblCurrentTime.Caption(), "9:26:53 AM");
   form->Timer1.Tick();
   EXPECT_EQ(host.pumps, 1) << "the same second again changes nothing";
+}
+
+TEST_F(ProgressTest, TheUsersSizeGoesToTheLogAndTheBar) {
+  const auto form = Started(1000);
+  form->cmdDetails.Press();
+  At(100);
+  Step(*form, 500);
+  const double log = form->txtDetails.Height(), expanded = form->Height();
+  form->Resize(form->Width() + 80, expanded + 60);
+  EXPECT_NEAR(form->txtDetails.Height(), log + 60, 1e-4);
+  EXPECT_NEAR(form->txtDetails.Width() + form->txtDetails.Left(), form->Width() - form->txtDetails.Left(), 1e-4);
+  const double room = form->pct_barBorder.Control::Width() - 2 * form->icnProgressLine.Left();
+  EXPECT_NEAR(form->icnProgressLine.Width(), room / 2, 1e-4) << "half of the run";
+  EXPECT_EQ(testing::LayoutProblems(*form), std::vector<std::string>{});
+  form->Resize(form->MinimumWidth(), form->MinimumHeight());
+  EXPECT_EQ(testing::LayoutProblems(*form), std::vector<std::string>{});
+  EXPECT_GT(form->txtDetails.Height(), 20);
+
+  // The small form and back keeps what the user made of the large one.
+  form->Resize(form->Width(), expanded + 60);
+  form->cmdDetails.Press();
+  EXPECT_LT(form->Height(), expanded);
+  form->cmdDetails.Press();
+  EXPECT_EQ(form->Height(), expanded + 60);
+  EXPECT_NEAR(form->txtDetails.Height(), log + 60, 1e-4);
+}
+
+TEST_F(ProgressTest, ClosingTheWindowOfARunStopsIt) {
+  const auto form = Started(10);
+  form->ShowModeless();
+  EXPECT_FALSE(BailOutOfProgress(form, application));
+  form->CloseByUser();
+  EXPECT_FALSE(form->Visible());
+  EXPECT_TRUE(BailOutOfProgress(form, application));
 }
 
 TEST_F(ProgressTest, StopOfTheTwoForms) {
