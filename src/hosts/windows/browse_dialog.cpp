@@ -6,6 +6,7 @@
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QInputDialog>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -262,6 +263,13 @@ bool BrowseDialog::TakeNamedData() {
     chosen_.push_back(*found);
   }
   return !chosen_.empty();
+}
+
+// Return has led to a place already where these have the focus, and confirms nothing there.
+void BrowseDialog::keyPressEvent(QKeyEvent* event) {
+  const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  if (enter && (focusWidget() == look_in_ || focusWidget() == list_)) return;
+  QDialog::keyPressEvent(event);
 }
 
 void BrowseDialog::Confirm() {

@@ -38,6 +38,9 @@ class BrowseDialog final : public QDialog {
   /// The chosen data, when it was asked for.
   [[nodiscard]] const std::vector<CatalogItem>& Chosen() const { return chosen_; }
 
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+
  private:
   void Build();
   void LookIn(const CatalogItem& container);

@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QPushButton>
 #include <QRadioButton>
+#include <algorithm>
 
 #include "hosts/windows/control_view.h"
 #include "hosts/windows/form_window.h"
@@ -41,8 +42,16 @@ class ButtonView final : public ControlView {
  private:
   [[nodiscard]] QPushButton& Push() const { return *static_cast<QPushButton*>(Widget()); }
 
+  // Without a default button of the form's own, Qt would make the first one look like it.
+  [[nodiscard]] bool FormHasDefault() const {
+    return std::ranges::any_of(button_.Owner().Controls(), [](const tessarine::Control* control) {
+      const auto* button = dynamic_cast<const CommandButton*>(control);
+      return button != nullptr && button->Default;
+    });
+  }
+
   void UpdateContent() override {
-    Push().setAutoDefault(true);
+    Push().setAutoDefault(FormHasDefault());
     if (button_.Default) Push().setDefault(true);
     if (button_.PictureId == 0) {
       Push().setText(ToQt(button_.Caption()));

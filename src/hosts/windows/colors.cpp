@@ -11,6 +11,9 @@ namespace {
 // The least contrast at which a text of normal size counts as readable (WCAG 2, level AA).
 constexpr double kReadableContrast = 4.5;
 
+// Below this luminance white is easier to read than black.
+constexpr double kDarkLuminance = 0.18;
+
 double Linear(double share) { return share <= 0.04045 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4); }
 
 double Luminance(const QColor& color) {
@@ -20,6 +23,16 @@ double Luminance(const QColor& color) {
 double Contrast(const QColor& first, const QColor& second) {
   const double a = Luminance(first), b = Luminance(second);
   return (std::max(a, b) + 0.05) / (std::min(a, b) + 0.05);
+}
+
+// The same hue in a lighter shade that can be read on a dark background.
+QColor Lightened(const QColor& color, const QColor& background) {
+  QColor lighter = color;
+  for (double lightness = color.lightnessF(); lightness < 1.0 && Contrast(lighter, background) < kReadableContrast;
+       lightness += 0.02) {
+    lighter.setHslF(qMax(0.0, color.hslHueF()), color.hslSaturationF(), lightness);
+  }
+  return lighter;
 }
 
 }  // namespace
@@ -41,11 +54,14 @@ QColor ColorOf(std::int32_t color, const QPalette& palette) {
   }
 }
 
+bool IsReadableOn(const QColor& background, const QColor& text) {
+  return Contrast(text, background) >= kReadableContrast;
+}
+
 QColor TextColorOn(const QColor& background, std::int32_t fore_color, const QPalette& palette) {
   const QColor text = ColorOf(fore_color, palette);
-  if (IsExplicitColor(fore_color) || fore_color == kGrayText || Contrast(text, background) >= kReadableContrast) {
-    return text;
-  }
+  if (fore_color == kGrayText || IsReadableOn(background, text)) return text;
+  if (IsExplicitColor(fore_color)) return Luminance(background) < kDarkLuminance ? Lightened(text, background) : text;
   return Contrast(Qt::black, background) >= Contrast(Qt::white, background) ? Qt::black : Qt::white;
 }
 

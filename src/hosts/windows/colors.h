@@ -13,8 +13,12 @@ namespace tessarine {
 /// The colour itself, system colours taken from the palette.
 [[nodiscard]] QColor ColorOf(std::int32_t color, const QPalette& palette);
 
+/// True when a text of this colour has the contrast of a readable one.
+[[nodiscard]] bool IsReadableOn(const QColor& background, const QColor& text);
+
 /// The colour of a text on a background. A system colour that can't be read there gives way to black or white, so that
-/// forms with colours of their own stay readable under a dark theme.
+/// forms with colours of their own stay readable under a dark theme; a colour of the form's own becomes lighter on a
+/// dark background.
 [[nodiscard]] QColor TextColorOn(const QColor& background, std::int32_t fore_color, const QPalette& palette);
 
 /// The colour of a text that is disabled: half way into its background, whatever that is.

@@ -67,7 +67,8 @@ void ControlView::UpdateColors() {
   for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text}) {
     palette.setColor(QPalette::Disabled, role, FadedText(text, background));
   }
-  if (HoldsText()) palette.setColor(QPalette::Base, background);
+  // The mark of a box or an option has the colour of the text and lies on the base.
+  if (HoldsText() || !IsReadableOn(palette.color(QPalette::Base), text)) palette.setColor(QPalette::Base, background);
   if (IsExplicitColor(control_.BackColor())) palette.setColor(widget_->backgroundRole(), background);
   if (palette != widget_->palette()) widget_->setPalette(palette);
   widget_->setAutoFillBackground(IsExplicitColor(control_.BackColor()));

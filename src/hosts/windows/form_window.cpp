@@ -178,7 +178,12 @@ void FormWindow::UpdateForm() {
 }
 
 // A screen keeps some of its room for the window's frame.
-QSize FormWindow::Room() const { return room_.isValid() ? room_ : screen()->availableSize() * 0.95; }
+QSize FormWindow::Room() const { return room_.isValid() ? room_ : HomeScreen()->availableSize() * 0.95; }
+
+// A dialog opens on the screen of what it stands over.
+const QScreen* FormWindow::HomeScreen() const {
+  return parentWidget() != nullptr && !isVisible() ? parentWidget()->screen() : screen();
+}
 
 void FormWindow::UpdateSize() {
   const QSize size = units_.Size(form_.Width(), form_.Height());
@@ -220,7 +225,7 @@ void FormWindow::SetCaption(const std::string& caption) {
 void FormWindow::PlaceOnScreen() {
   shown_left_ = form_.Left();
   shown_top_ = form_.Top();
-  const QRect room = screen()->availableGeometry();
+  const QRect room = HomeScreen()->availableGeometry();
   QPoint corner = room.topLeft() + units_.Rect(shown_left_, shown_top_, 0, 0).topLeft();
   if (shown_left_ == 0.0 && shown_top_ == 0.0) {
     const QRect around = parentWidget() != nullptr ? parentWidget()->window()->geometry() : room;
@@ -261,6 +266,8 @@ void FormWindow::Conceal() {
   if (OnConcealed) OnConcealed();
 }
 
+bool FormWindow::ButtonHasFocus() const { return dynamic_cast<const CommandButton*>(form_.ActiveControl()) != nullptr; }
+
 template <class IsWanted>
 void FormWindow::PressButton(IsWanted&& is_wanted) {
   for (Control* control : form_.Controls()) {
@@ -279,7 +286,9 @@ void FormWindow::keyPressEvent(QKeyEvent* event) {
       return;
     case Qt::Key_Return:
     case Qt::Key_Enter:
-      PressButton([](const CommandButton& button) { return button.Default; });
+      PressButton([this](const CommandButton& button) {
+        return ButtonHasFocus() ? &button == form_.ActiveControl() : button.Default;
+      });
       return;
     default:
       QDialog::keyPressEvent(event);

@@ -10,6 +10,7 @@
 #include "hosts/windows/dialog_units.h"
 #include "platform/form.h"
 
+class QScreen;
 class QScrollArea;
 
 namespace tessarine {
@@ -69,6 +70,8 @@ class FormWindow final : public QDialog {
   void PressButton(IsWanted&& is_wanted);
 
   [[nodiscard]] QSize Room() const;
+  [[nodiscard]] const QScreen* HomeScreen() const;
+  [[nodiscard]] bool ButtonHasFocus() const;
 
   Form& form_;
   QSize room_;

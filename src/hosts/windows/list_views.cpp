@@ -55,11 +55,22 @@ class ListBoxView final : public ControlView {
 
   void Chosen(const QItemSelection& selected, const QItemSelection& deselected) {
     if (!list_.MultiSelect) {
-      if (!selected.indexes().isEmpty()) list_.SetListIndex(selected.indexes().first().row());
+      if (selected.indexes().isEmpty()) {
+        ShowChoiceAgain();
+      } else {
+        list_.SetListIndex(selected.indexes().first().row());
+      }
       return;
     }
     for (const QModelIndex& index : deselected.indexes()) list_.SetSelected(index.row(), false);
     for (const QModelIndex& index : selected.indexes()) list_.SetSelected(index.row(), true);
+  }
+
+  // A click with Ctrl takes the mark away, and a list of one choice keeps it.
+  void ShowChoiceAgain() {
+    NeedsUpdate = true;
+    QMetaObject::invokeMethod(
+        this, [this] { Window().Flush(); }, Qt::QueuedConnection);
   }
 
   void UpdateContent() override {

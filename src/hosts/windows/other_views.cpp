@@ -59,17 +59,16 @@ class ImageWidget final : public QWidget {
  public:
   using QWidget::QWidget;
   std::int32_t picture = 0;
-  QColor fill;
+  QColor fill, behind, ink;
   bool line = false, bar = false;
 
  protected:
   void paintEvent(QPaintEvent*) override {
     QPainter painter(this);
     if (picture != 0) {
-      PictureOf(picture).paint(&painter, rect(), Qt::AlignCenter, isEnabled() ? QIcon::Normal : QIcon::Disabled);
+      PictureOf(picture, behind)
+          .paint(&painter, rect(), Qt::AlignCenter, isEnabled() ? QIcon::Normal : QIcon::Disabled);
     } else if (line) {
-      QColor ink = palette().color(QPalette::WindowText);
-      ink.setAlphaF(0.35);
       painter.fillRect(0, height() / 2, width(), 1, ink);
     } else if (bar) {
       painter.fillRect(rect(), fill);
@@ -88,6 +87,9 @@ class ImageView final : public ControlView {
     constexpr double kThickestLine = 2.0;
     auto& widget = *static_cast<ImageWidget*>(Widget());
     widget.picture = image_.ResourceId();
+    widget.behind = Background();
+    widget.ink = TextColorOn(widget.behind, kWindowText, Window().palette());
+    widget.ink.setAlphaF(0.35);
     widget.line = image_.Height() <= kThickestLine;
     widget.bar = dynamic_cast<const Frame*>(&image_.Container()) != nullptr;
     widget.fill = IsExplicitColor(image_.BackColor()) ? ColorOf(image_.BackColor(), Window().palette())

@@ -1,14 +1,12 @@
 #include "hosts/windows/pictures.h"
 
-#include <QApplication>
+#include <QGuiApplication>
 #include <QIconEngine>
 #include <QPainter>
-#include <QStyle>
+#include <QPalette>
 
 namespace tessarine {
 namespace {
-
-constexpr std::int32_t kBrowsePicture = 201;
 
 // Pictures are drawn on a square of 16 by 16. A drawing is a row of strokes, each a letter and its points:
 // P polygon, F faint polygon, L line, A arrow, S dashed box from corner to corner, E ellipse around the first point
@@ -40,12 +38,13 @@ constexpr Drawing kDrawings[] = {
     {122, "E 8,8 7,5;L 8,8 13,5;A 9,14 14,14;R 8,8"},
     {123, "E 8,8 7,5;L 10,9 13,5;A 14,14 9,14;R 10,9"},
     {124, "S 3,1 13,15;P 1,10 1,6 5,6 5,10;P 11,10 11,6 15,6 15,10"},
+    {201, "F 1,13 1,3 6,3 8,5 13,5 13,8;P 1,13 4,7 15,7 13,13"},
     {203, "F 2,11 8,14 14,11 8,8;F 2,8 8,11 14,8 8,5;P 2,5 8,8 14,5 8,2"},
     {kStripPicture, ""},
     {204, "L 2,4 4,6 7,2;L 9,4 14,4;L 2,11 4,13 7,9;L 9,11 14,11"},
 };
 
-constexpr QRgb kInk = 0xFF2F4858, kFill = 0xFF9CC5A1, kFaint = 0xFFDCE5DA, kMark = 0xFFC8553D;
+constexpr QRgb kInk = 0xFF2F4858, kLightInk = 0xFFC9D6DE, kFill = 0xFF9CC5A1, kFaint = 0xFFDCE5DA, kMark = 0xFFC8553D;
 
 void DrawArrow(QPainter& painter, QPointF from, QPointF to) {
   QLineF shaft(from, to);
@@ -57,8 +56,8 @@ void DrawArrow(QPainter& painter, QPointF from, QPointF to) {
   }
 }
 
-void DrawStroke(QPainter& painter, QChar kind, const QPolygonF& points) {
-  painter.setPen(QPen(QColor(kInk), 1.2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+void DrawStroke(QPainter& painter, QChar kind, const QPolygonF& points, const QColor& ink) {
+  painter.setPen(QPen(ink, 1.2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
   painter.setBrush(Qt::NoBrush);
   switch (kind.toLatin1()) {
     case 'P':
@@ -73,7 +72,7 @@ void DrawStroke(QPainter& painter, QChar kind, const QPolygonF& points) {
       DrawArrow(painter, points[0], points[1]);
       break;
     case 'S':
-      painter.setPen(QPen(QColor(kInk), 1.0, Qt::DotLine));
+      painter.setPen(QPen(ink, 1.0, Qt::DotLine));
       painter.drawRect(QRectF(points[0], points[1]));
       break;
     case 'H':
@@ -85,7 +84,7 @@ void DrawStroke(QPainter& painter, QChar kind, const QPolygonF& points) {
     case 'D':
     case 'R':
       painter.setPen(Qt::NoPen);
-      painter.setBrush(QColor(kind == 'R' ? kMark : kInk));
+      painter.setBrush(kind == 'R' ? QColor(kMark) : ink);
       for (const QPointF& point : points) painter.drawEllipse(point, 1.6, 1.6);
       break;
     default:
@@ -114,7 +113,7 @@ void DrawStrip(QPainter& painter, const QRectF& strip) {
 /// Draws the strokes anew for each size that is asked for.
 class DrawingEngine final : public QIconEngine {
  public:
-  explicit DrawingEngine(const char* strokes) : strokes_(strokes) {}
+  DrawingEngine(const char* strokes, const QColor& background) : strokes_(strokes), background_(background) {}
 
   void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override {
     painter->save();
@@ -134,7 +133,7 @@ class DrawingEngine final : public QIconEngine {
         points << QPointF(point.section(QLatin1Char(','), 0, 0).toDouble(),
                           point.section(QLatin1Char(','), 1, 1).toDouble());
       }
-      DrawStroke(*painter, stroke.at(0), points);
+      DrawStroke(*painter, stroke.at(0), points, Ink());
     }
     painter->restore();
   }
@@ -145,18 +144,23 @@ class DrawingEngine final : public QIconEngine {
     paint(&painter, QRect(QPoint(0, 0), size), mode, state);
     return pixmap;
   }
-  [[nodiscard]] QIconEngine* clone() const override { return new DrawingEngine(strokes_); }
+  [[nodiscard]] QIconEngine* clone() const override { return new DrawingEngine(strokes_, background_); }
 
  private:
+  [[nodiscard]] QColor Ink() const {
+    const QColor behind = background_.isValid() ? background_ : QGuiApplication::palette().color(QPalette::Window);
+    return behind.lightnessF() < 0.5 ? kLightInk : kInk;
+  }
+
   const char* strokes_;
+  QColor background_;
 };
 
 }  // namespace
 
-QIcon PictureOf(std::int32_t resource_id) {
-  if (resource_id == kBrowsePicture) return QApplication::style()->standardIcon(QStyle::SP_DirOpenIcon);
+QIcon PictureOf(std::int32_t resource_id, const QColor& background) {
   for (const Drawing& drawing : kDrawings) {
-    if (drawing.id == resource_id) return QIcon(new DrawingEngine(drawing.strokes));
+    if (drawing.id == resource_id) return QIcon(new DrawingEngine(drawing.strokes, background));
   }
   return {};
 }

@@ -1,6 +1,7 @@
 // The pictures of the suite: those of its commands and those that stand on forms, by their resource ids.
 #pragma once
 
+#include <QColor>
 #include <QIcon>
 #include <cstdint>
 
@@ -12,7 +13,8 @@ inline constexpr std::int32_t kCornerPicture = 202;
 /// The strip of a graticule along the lower edge of a form; it fills whatever it is given.
 inline constexpr std::int32_t kStripPicture = 205;
 
-/// The picture of this id, drawn sharp at any size; an empty one for an id that has none.
-[[nodiscard]] QIcon PictureOf(std::int32_t resource_id);
+/// The picture of this id, drawn sharp at any size; an empty one for an id that has none. Its lines are dark, or light
+/// on a dark background; without one told that is the colour of the program's windows.
+[[nodiscard]] QIcon PictureOf(std::int32_t resource_id, const QColor& background = {});
 
 }  // namespace tessarine

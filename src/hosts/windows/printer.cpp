@@ -64,6 +64,8 @@ double WindowPrinter::PhysicalOffsetY() const {
 
 void WindowPrinter::StartDocument(const std::string& title) {
   printer_->setDocName(ToQt(title));
+  page_ = 1;
+  sheet_begun_ = false;
   printer_->setCreator(QStringLiteral("Tessarine Tools"));
   if (!painter_.begin(printer_.get())) {
     const QString place = printer_->outputFileName().isEmpty() ? printer_->printerName() : printer_->outputFileName();
@@ -86,18 +88,30 @@ std::int32_t WindowPrinter::FormatRange(const std::string& rtf, std::int32_t fir
   const double across = printer_->logicalDpiX() / kTwipsPerInch, down = printer_->logicalDpiY() / kTwipsPerInch;
   LayOut(rtf, (right - left) * across);
   const FittingLines lines = FitLines(document_, IndexOfCharacter(text_, first), (bottom - top) * down);
+  if (PageIsWanted()) Draw(lines.top, lines.bottom, left * across, top * down);
+  return CharactersBefore(text_, lines.next);
+}
+
+// The user may have asked for some of the pages.
+bool WindowPrinter::PageIsWanted() const {
+  if (printer_->printRange() != QPrinter::PageRange || printer_->fromPage() == 0) return true;
+  return page_ >= printer_->fromPage() && page_ <= printer_->toPage();
+}
+
+void WindowPrinter::Draw(double first_line, double end, double left, double top) {
+  if (sheet_begun_) printer_->newPage();
+  sheet_begun_ = true;
   painter_.save();
-  painter_.translate(left * across, top * down - lines.top);
+  painter_.translate(left, top - first_line);
   QAbstractTextDocumentLayout::PaintContext context;
-  context.clip = QRectF(0, lines.top, width_, lines.bottom - lines.top);
+  context.clip = QRectF(0, first_line, width_, end - first_line);
   context.palette.setColor(QPalette::Text, Qt::black);
   painter_.setClipRect(context.clip);
   document_.documentLayout()->draw(&painter_, context);
   painter_.restore();
-  return CharactersBefore(text_, lines.next);
 }
 
-void WindowPrinter::NewPage() { printer_->newPage(); }
+void WindowPrinter::NewPage() { ++page_; }
 
 void WindowPrinter::EndDocument() { painter_.end(); }
 

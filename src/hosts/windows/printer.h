@@ -11,6 +11,7 @@
 
 namespace tessarine {
 
+/// Prints the pages that were asked for, all of them unless the device was given a range.
 class WindowPrinter final : public IPrinter {
  public:
   explicit WindowPrinter(std::unique_ptr<QPrinter> printer);
@@ -28,9 +29,14 @@ class WindowPrinter final : public IPrinter {
 
  private:
   void LayOut(const std::string& rtf, double width);
+  [[nodiscard]] bool PageIsWanted() const;
+  /// Draws the lines between two heights of the document with their corner at a place of the sheet.
+  void Draw(double first_line, double end, double left, double top);
 
   std::unique_ptr<QPrinter> printer_;
   QPainter painter_;
+  int page_ = 1;
+  bool sheet_begun_ = false;
   // The text of the pages so far, laid out once for all of them.
   std::string rtf_;
   double width_ = -1.0;

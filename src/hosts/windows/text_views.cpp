@@ -22,6 +22,7 @@ class CaptionLabel final : public QLabel {
  public:
   using QLabel::QLabel;
   std::function<void()> clicked;
+  bool right_aligned = false;
 
  protected:
   void mouseReleaseEvent(QMouseEvent* event) override {
@@ -30,7 +31,7 @@ class CaptionLabel final : public QLabel {
   void paintEvent(QPaintEvent*) override {
     QPainter painter(this);
     const bool one_line = height() < 2 * fontMetrics().lineSpacing();
-    const int flags = int{Qt::TextShowMnemonic} | int{Qt::AlignLeft} |
+    const int flags = int{Qt::TextShowMnemonic} | int{right_aligned ? Qt::AlignRight : Qt::AlignLeft} |
                       (one_line ? int{Qt::AlignVCenter} : int{Qt::AlignTop} | int{Qt::TextWordWrap});
     const QString shown =
         one_line ? fontMetrics().elidedText(text(), Qt::ElideRight, width(), Qt::TextShowMnemonic) : text();
@@ -57,6 +58,7 @@ class LabelView final : public ControlView {
     font.setUnderline(static_cast<bool>(label_.Click));
     if (font != Text().font()) Text().setFont(font);
     if (label_.Click) Text().setCursor(Qt::PointingHandCursor);
+    Text().right_aligned = label_.RightAligned;
     const QString caption = LinesToQt(label_.Caption());
     if (caption != Text().text()) Text().setText(caption);
     const QString whole = QString(caption).remove(QLatin1Char('&'));

@@ -126,6 +126,46 @@ TEST_F(FormWindowTest, ReturnIsTheDefaultEscapeTheCancelAndTheTitleBarTheFormsOw
   EXPECT_FALSE(form.Visible());
 }
 
+TEST_F(FormWindowTest, ReturnAndEscapeWorkFromEveryControl) {
+  for (const char* name : {"txtNumber", "cbxKind", "lbxFields", "chkAll", "cmdOK"}) {
+    SCOPED_TRACE(name);
+    Show(form, [&](FormWindow& window) {
+      window.WidgetOf(name)->setFocus();
+      form.TakeLog();
+      QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+      EXPECT_THAT(form.TakeLog(), ElementsAre("ok"));
+      QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+      EXPECT_THAT(form.TakeLog(), ElementsAre("cancel", "unload"));
+    });
+  }
+  form.cmdOK.Default = false;
+  Show(form, [&](FormWindow& window) {
+    window.WidgetOf("txtNumber")->setFocus();
+    form.TakeLog();
+    EXPECT_FALSE(Of<QPushButton>(window, "cmdOK").isDefault()) << "no button looks as if Return pressed it";
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    EXPECT_THAT(form.TakeLog(), IsEmpty());
+    window.WidgetOf("cmdCancel")->setFocus();
+    form.TakeLog();
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    EXPECT_THAT(form.TakeLog(), ElementsAre("cancel", "unload"));
+  });
+}
+
+TEST_F(FormWindowTest, AListOfOneChoiceKeepsIt) {
+  form.lbxFields.MultiSelect = false;
+  Show(form, [&](FormWindow& window) {
+    auto& list = Of<QListView>(window, "lbxFields");
+    for (const Qt::KeyboardModifiers keys : {Qt::KeyboardModifiers(), Qt::KeyboardModifiers(Qt::ControlModifier)}) {
+      QTest::mouseClick(list.viewport(), Qt::LeftButton, keys, list.visualRect(list.model()->index(1, 0)).center());
+    }
+    QCoreApplication::processEvents();
+    EXPECT_EQ(form.lbxFields.ListIndex(), 1);
+    ASSERT_EQ(list.selectionModel()->selectedIndexes().size(), 1);
+    EXPECT_EQ(list.selectionModel()->selectedIndexes().first().row(), 1);
+  });
+}
+
 TEST_F(FormWindowTest, TheUsersSizeLaysTheFormOutAndCodesSizeMovesTheWindow) {
   Show(form, [&](FormWindow& window) {
     EXPECT_EQ(window.windowTitle(), "Log:");

@@ -1,6 +1,7 @@
 // The host's own dialogs, its clipboard and its printer.
 #include <QApplication>
 #include <QClipboard>
+#include <QComboBox>
 #include <QFontMetricsF>
 #include <QLineEdit>
 #include <QListView>
@@ -47,6 +48,27 @@ class HostDialogsTest : public testing::WindowsTest {
     auto* box = dialog.findChild<QLineEdit*>(QLatin1String(name));
     box->clear();
     QTest::keyClicks(box, ToQt(text));
+  }
+  [[nodiscard]] std::unique_ptr<QPrinter> PdfPrinter() const {
+    auto device = std::make_unique<QPrinter>(QPrinter::HighResolution);
+    device->setOutputFormat(QPrinter::PdfFormat);
+    device->setPageSize(QPageSize(QPageSize::Letter));
+    device->setOutputFileName(ToQt(folder.Native("report.pdf")));
+    return device;
+  }
+  [[nodiscard]] int PrintedPages() const {
+    std::ifstream file(folder.Native("report.pdf"), std::ios::binary);
+    std::stringstream bytes;
+    bytes << file.rdbuf();
+    const std::string pdf = bytes.str();
+    int pages = 0;
+    for (auto at = pdf.find("/Type /Page\n"); at != std::string::npos; at = pdf.find("/Type /Page\n", at + 1)) ++pages;
+    return pages;
+  }
+  static std::string LongReport(int lines) {
+    std::string rtf = "{\\rtf1\\ansi\\pard\\fs17 ";
+    for (int line = 1; line <= lines; ++line) rtf += "line " + std::to_string(line) + "\\par ";
+    return rtf + "}";
   }
   // A geodatabase with a class at its root and one in a dataset.
   void MakeGeodatabase() const {
@@ -109,29 +131,40 @@ TEST_F(HostDialogsTest, AReportIsCopiedAsRtfHtmlAndPlainText) {
 
 TEST_F(HostDialogsTest, PrintingFillsPageAfterPage) {
   constexpr int kLines = 200;
-  std::string rtf = "{\\rtf1\\ansi\\pard\\fs17 ";
-  for (int line = 1; line <= kLines; ++line) rtf += "line " + std::to_string(line) + "\\par ";
-  auto device = std::make_unique<QPrinter>(QPrinter::HighResolution);
-  device->setOutputFormat(QPrinter::PdfFormat);
-  device->setPageSize(QPageSize(QPageSize::Letter));
-  device->setOutputFileName(ToQt(folder.Native("report.pdf")));
+  auto device = PdfPrinter();
   QFont font(QStringLiteral("Arial"));
   font.setPointSizeF(8.5);
   const double line_height = QFontMetricsF(font, device.get()).lineSpacing() / device->logicalDpiY();
   WindowPrinter printer(std::move(device));
   EXPECT_NEAR(printer.PageWidth(), 8.5 * 1440, 20);
   EXPECT_NEAR(printer.PageHeight(), 11 * 1440, 20);
-  MyGeneralOperations::PrintRTF(rtf + "}", printer, 1440, 1440, 1440, 1440);
-
-  std::ifstream file(folder.Native("report.pdf"), std::ios::binary);
-  std::stringstream bytes;
-  bytes << file.rdbuf();
-  const std::string pdf = bytes.str();
-  int pages = 0;
-  for (std::size_t at = pdf.find("/Type /Page\n"); at != std::string::npos; at = pdf.find("/Type /Page\n", at + 1))
-    ++pages;
+  MyGeneralOperations::PrintRTF(LongReport(kLines), printer, 1440, 1440, 1440, 1440);
   // Nine inches of text on each page, and the empty paragraph at the end.
-  EXPECT_EQ(pages, static_cast<int>(std::ceil((kLines + 1) / std::floor(9.0 / line_height))));
+  EXPECT_EQ(PrintedPages(), static_cast<int>(std::ceil((kLines + 1) / std::floor(9.0 / line_height))));
+}
+
+TEST_F(HostDialogsTest, PrintingKeepsToThePagesThatWereAskedFor) {
+  struct Row {
+    int from, to, pages;
+  };
+  for (const Row& row : {Row{2, 3, 2}, Row{1, 1, 1}, Row{3, 99, 2}}) {
+    auto device = PdfPrinter();
+    device->setPrintRange(QPrinter::PageRange);
+    device->setFromTo(row.from, row.to);
+    WindowPrinter printer(std::move(device));
+    // Sixty lines and a bit on each page.
+    MyGeneralOperations::PrintRTF(LongReport(200), printer, 1440, 1440, 1440, 1440);
+    EXPECT_EQ(PrintedPages(), row.pages) << row.from << " to " << row.to;
+  }
+}
+
+TEST_F(HostDialogsTest, CancellingThePrinterDialogLeavesTheReportOpen) {
+  frmReport_modal report;
+  Show(report, [&](FormWindow& window) {
+    WhenModal([](QWidget& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
+    Click(window, "cmdPrint");
+    EXPECT_FALSE(window.Concealed());
+  });
 }
 
 TEST_F(HostDialogsTest, BrowsingWalksFoldersAndGeodatabasesAndTakesTypedNames) {
@@ -179,6 +212,35 @@ TEST_F(HostDialogsTest, BrowsingWalksFoldersAndGeodatabasesAndTakesTypedNames) {
               Click(window, "cmdCancel");
             }),
             "cancelled");
+}
+
+TEST_F(HostDialogsTest, ReturnThatLeadsToAPlaceDoesNotConfirm) {
+  std::filesystem::create_directories(folder.Native("sub/inner"));
+  const auto dialog = host.CreateGxDialog();
+  dialog->SetStartingLocation(folder.Path());
+  dialog->SetName("Output.shp");
+  WhenModal([&](QWidget& window) {
+    auto* look_in = window.findChild<QComboBox*>("cbxLookIn");
+    look_in->setFocus();
+    look_in->lineEdit()->selectAll();
+    QTest::keyClicks(look_in, ToQt(folder.Native("sub")));
+    QTest::keyClick(look_in, Qt::Key_Return);
+    EXPECT_TRUE(window.isVisible());
+    ASSERT_THAT(Lines(window), ElementsAre("inner"));
+    auto* list = window.findChild<QListWidget*>("lbxItems");
+    list->setFocus();
+    list->setCurrentRow(0);
+    QTest::keyClick(list, Qt::Key_Return);
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_THAT(Lines(window), ElementsAre());
+    auto* name = window.findChild<QLineEdit*>("txtName");
+    name->setFocus();
+    QTest::keyClick(name, Qt::Key_Return);
+    EXPECT_FALSE(window.isVisible());
+    window.close();
+  });
+  ASSERT_TRUE(dialog->DoModalSave(0));
+  EXPECT_EQ(dialog->FinalLocation()->FullName(), folder.Path("sub") + "\\inner");
 }
 
 TEST_F(HostDialogsTest, OpeningGivesTheDataThatWasChosen) {

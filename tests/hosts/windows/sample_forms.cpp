@@ -1,5 +1,8 @@
 #include "hosts/windows/sample_forms.h"
 
+#include <QPalette>
+#include <QStyle>
+
 #include "frame/commands/command_table.h"
 #include "helpers/fake_application.h"
 #include "hosts/document/document_application.h"
@@ -26,6 +29,20 @@ std::string SampleReport() {
       "\\b Attribute Fields:\\b0\\par\r\n   name\\par\r\n   pop_est\\par\r\n"
       "\\b Shapefile saved to:\\b0\\par\r\n   /home/ann/maps/spherical_centroid.shp\\par\r\n";
   return report + MyGeneralOperations::ReturnTimeElapsedRTF(begin, AddSeconds(begin, 61), 8) + "}";
+}
+
+// The colours that desktops use at night.
+QPalette DarkPalette() {
+  QPalette palette(QColor(0x31363B), QColor(0x2A2E32));
+  palette.setColor(QPalette::Base, QColor(0x1B1E20));
+  palette.setColor(QPalette::AlternateBase, QColor(0x232629));
+  for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+    palette.setColor(role, QColor(0xFCFCFC));
+    palette.setColor(QPalette::Disabled, role, QColor(0x7F8C8D));
+  }
+  palette.setColor(QPalette::Highlight, QColor(0x3DAEE9));
+  palette.setColor(QPalette::HighlightedText, QColor(0xFCFCFC));
+  return palette;
 }
 
 class FormTour {
@@ -91,11 +108,11 @@ class FormTour {
     std::int32_t record = 4321;
     form->Est_Time_Left(record, "Calculating Polygon Attributes...", "Performing Calculations...");
     form->txtDetails.SetText(
-        "Calculating Geometry on Polygons...\r\nBegan Job: 9:26:53 AM,  3/14/2026\r\n"
+        "Calculating Geometry on Polygons...\r\nBegan Job: 9:25:18 AM,  3/14/2026\r\n"
         "-------------------------------------------\r\n");
     form->AppendDetails(
-        "Working on Feature 4321 of 12345... --> \r\n          [time stamp 9:28:28 AM,  3/14/2026]\r\n");
-    form->lblCurrentTime.SetCaption("9:28:28 AM");
+        "Working on Feature 4321 of 12345... --> \r\n          [time stamp 9:26:53 AM,  3/14/2026]\r\n");
+    form->lblCurrentTime.SetCaption("9:26:53 AM");
     form->Frame()->SetVisible(true);
   }
 
@@ -121,14 +138,18 @@ class FormTour {
 
 }  // namespace
 
-QtSession::QtSession(double scale, int points) {
+QtSession::QtSession(const Drawing& drawing) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
-  qputenv("QT_SCALE_FACTOR", QByteArray::number(scale));
+  qputenv("QT_SCALE_FACTOR", QByteArray::number(drawing.scale));
   application_ = std::make_unique<QApplication>(count_, static_cast<char**>(arguments_));
   QApplication::setStyle(QStringLiteral("fusion"));
-  QApplication::setFont(QFont(QStringLiteral("DejaVu Sans"), points));
+  if (drawing.dark) QApplication::setPalette(DarkPalette());
+  QApplication::setFont(QFont(QStringLiteral("DejaVu Sans"), drawing.points));
   QApplication::setQuitOnLastWindowClosed(false);
 }
+
+// A palette outlives its application.
+QtSession::~QtSession() { QApplication::setPalette(QApplication::style()->standardPalette()); }
 
 std::shared_ptr<IFeatureLayer> SampleHost::CreateFeatureLayer() { return std::make_shared<DocumentFeatureLayer>(); }
 

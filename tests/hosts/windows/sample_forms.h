@@ -13,10 +13,20 @@
 
 namespace tessarine::testing {
 
-/// Qt without a screen, at a scale (2 for 200 percent) and a size of the font. One at a time.
+/// How a session's windows are drawn: the scale (2 for 200 percent), the size of the font and the theme.
+struct Drawing {
+  double scale = 1.0;
+  int points = 9;
+  bool dark = false;
+};
+
+/// Qt without a screen. One at a time.
 class QtSession {
  public:
-  explicit QtSession(double scale = 1.0, int points = 9);
+  explicit QtSession(const Drawing& drawing = {});
+  ~QtSession();
+  QtSession(const QtSession&) = delete;
+  QtSession& operator=(const QtSession&) = delete;
 
   [[nodiscard]] QApplication& Application() { return *application_; }
 

@@ -1,6 +1,7 @@
-// Writes a picture of every form and of the host's own dialogs: tessarine_screenshots FOLDER [SCALE [POINTS]]
+// Writes a picture of every form and of the host's own dialogs: tessarine_screenshots FOLDER [SCALE [POINTS [dark]]]
 #include <QLineEdit>
 #include <QPainter>
+#include <QPalette>
 #include <QPixmap>
 #include <QTimer>
 #include <cstdio>
@@ -57,7 +58,7 @@ class Album {
 QPixmap PicturesOfCommands() {
   const auto commands = AllCommands();
   QPixmap sheet(static_cast<int>(commands.size()) * 40, 64);
-  sheet.fill(QColor(0xEFEFEF));
+  sheet.fill(QApplication::palette().color(QPalette::Window));
   QPainter painter(&sheet);
   int left = 4;
   for (const CommandRow& row : commands) {
@@ -101,10 +102,14 @@ void AddHostDialogs(Album& album, SampleHost& host, const TemporaryFolder& data)
 int main(int count, char** arguments) {
   using namespace tessarine::testing;
   if (count < 2) {
-    std::fprintf(stderr, "usage: %s FOLDER [SCALE [POINTS]]\n", arguments[0]);
+    std::fprintf(stderr, "usage: %s FOLDER [SCALE [POINTS [dark]]]\n", arguments[0]);
     return 2;
   }
-  QtSession session(count > 2 ? std::atof(arguments[2]) : 1.0, count > 3 ? std::atoi(arguments[3]) : 9);
+  Drawing drawing;
+  if (count > 2) drawing.scale = std::atof(arguments[2]);
+  if (count > 3) drawing.points = std::atoi(arguments[3]);
+  drawing.dark = count > 4;
+  const QtSession session(drawing);
   const TemporaryFolder data;
   SampleHost host;
   host.clock_stands = true;

@@ -72,6 +72,16 @@ TEST_F(WholeRunTest, TheProgressWindowStopsTheRunAndShowsOrHidesItsLog) {
   host.PumpEvents();
   EXPECT_GT(window.height(), small);
   EXPECT_TRUE(window.WidgetOf("txtDetails")->isVisible());
+  const int log = window.WidgetOf("txtDetails")->height();
+  window.resize(window.width(), window.height() + 80);
+  host.PumpEvents();
+  EXPECT_NEAR(window.WidgetOf("txtDetails")->height(), log + 80, 1);
+  Click(window, "cmdDetails");
+  host.PumpEvents();
+  EXPECT_EQ(window.height(), small);
+  Click(window, "cmdDetails");
+  host.PumpEvents();
+  EXPECT_NEAR(window.WidgetOf("txtDetails")->height(), log + 80, 1);
 
   std::int32_t record = 500;
   form->Est_Time_Left(record, "Calculating...", "");
@@ -91,6 +101,21 @@ TEST_F(WholeRunTest, TheProgressWindowStopsTheRunAndShowsOrHidesItsLog) {
   EXPECT_TRUE(MyGeneralOperations::BailOutOfProgress(form, application));
   EXPECT_TRUE(window.Concealed());
   EXPECT_FALSE(form->Frame()->Visible());
+}
+
+TEST_F(WholeRunTest, ClosingTheProgressWindowByItsTitleBarStopsTheRun) {
+  const auto application = std::make_shared<testing::FakeApplication>();
+  application->extension = std::make_shared<clsExtension>();
+  const auto form = std::make_shared<frmOrlProgressMeter>();
+  form->SetShouldContinue(true);
+  form->SetProgBeginTime(host.Clock().Now());
+  form->Load();
+  form->Frame()->SetVisible(true);
+  form->ShowModeless();
+  EXPECT_FALSE(MyGeneralOperations::BailOutOfProgress(form, application));
+  host.FormWindows().WindowOf(*form)->close();
+  EXPECT_FALSE(form->Frame()->Visible());
+  EXPECT_TRUE(MyGeneralOperations::BailOutOfProgress(form, application));
 }
 
 }  // namespace

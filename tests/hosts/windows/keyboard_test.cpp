@@ -1,0 +1,100 @@
+// Every form of the suite without a mouse.
+#include <algorithm>
+#include <map>
+
+#include "helpers/temporary_folder.h"
+#include "platform/text_formats.h"
+#include "tests/hosts/windows/windows_fixture.h"
+
+namespace tessarine {
+namespace {
+
+std::string MnemonicOf(const std::string& caption) {
+  const std::size_t at = caption.find('&');
+  const bool marked = at != std::string::npos && at + 1 < caption.size() && caption[at + 1] != ' ';
+  return marked ? LowerCase(caption.substr(at + 1, 1)) : "";
+}
+
+bool CanTakeFocus(const FormWindow& window, const Control& control) {
+  const ControlView* view = window.ViewOf(control);
+  return view != nullptr && view->TakesFocus() && control.TabIndex() >= 0 && view->Widget()->isEnabled() &&
+         view->Widget()->isVisible();
+}
+
+std::vector<std::string> DoubleMnemonics(const FormWindow& window) {
+  std::map<std::string, std::string> taken;
+  std::vector<std::string> doubles;
+  for (const Control* control : window.ShownForm().Controls()) {
+    const auto* captioned = dynamic_cast<const Captioned*>(control);
+    if (captioned == nullptr || !control->Visible()) continue;
+    const std::string key = MnemonicOf(captioned->Caption());
+    if (key.empty()) continue;
+    const auto [other, fresh] = taken.try_emplace(key, control->Name());
+    if (!fresh) doubles.push_back(control->Name() + " and " + other->second + " share " + key);
+  }
+  return doubles;
+}
+
+// The controls that Tab comes by on one way around, from the first one on.
+std::vector<std::string> TabWay() {
+  std::vector<std::string> way;
+  const auto name = [] {
+    const QWidget* widget = QApplication::focusWidget();
+    return widget != nullptr ? widget->objectName().toStdString() : std::string();
+  };
+  for (std::string at = name(); !at.empty() && std::ranges::find(way, at) == way.end(); at = name()) {
+    way.push_back(at);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+  }
+  return way;
+}
+
+// In the order of the tab indexes. Of a group of option buttons Tab needs to reach one.
+std::vector<std::string> ToldWay(const FormWindow& window, const std::vector<std::string>& walked) {
+  std::vector<const Control*> controls;
+  for (const Control* control : window.ShownForm().Controls()) {
+    if (!CanTakeFocus(window, *control)) continue;
+    const bool option = dynamic_cast<const OptionButton*>(control) != nullptr;
+    if (!option || std::ranges::find(walked, control->Name()) != walked.end()) controls.push_back(control);
+  }
+  std::ranges::stable_sort(controls, {}, &Control::TabIndex);
+  std::vector<std::string> way;
+  for (const Control* control : controls) way.push_back(control->Name());
+  return way;
+}
+
+bool HasButton(const Form& form, bool CommandButton::*kind) {
+  return std::ranges::any_of(form.Controls(), [&](const Control* control) {
+    const auto* button = dynamic_cast<const CommandButton*>(control);
+    return button != nullptr && button->*kind;
+  });
+}
+
+TEST(KeyboardTest, EveryFormIsWalkedByTabAndEndedByKeys) {
+  const testing::QtSession qt;
+  const testing::TemporaryFolder folder;
+  testing::SampleHost host;
+  int forms = 0;
+  VisitForms(host, folder.Native(), [&](const std::string& name, FormWindow& window) {
+    SCOPED_TRACE(name);
+    ++forms;
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    EXPECT_THAT(DoubleMnemonics(window), ::testing::IsEmpty());
+    EXPECT_TRUE(HasButton(window.ShownForm(), &CommandButton::Cancel));
+    // A run in progress has nothing to confirm.
+    const bool progress = window.ShownForm().FindAs<Timer>("Timer1") != nullptr;
+    EXPECT_EQ(HasButton(window.ShownForm(), &CommandButton::Default), !progress);
+    // A form may begin elsewhere than at its first control, and it may keep Tab to itself nowhere.
+    const std::vector<std::string> way = TabWay();
+    std::vector<std::string> told = ToldWay(window, way);
+    ASSERT_FALSE(way.empty());
+    const auto first = std::ranges::find(told, way.front());
+    ASSERT_NE(first, told.end());
+    std::ranges::rotate(told, first);
+    EXPECT_EQ(way, told);
+  });
+  EXPECT_GE(forms, 20);
+}
+
+}  // namespace
+}  // namespace tessarine
