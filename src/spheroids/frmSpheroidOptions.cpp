@@ -1,6 +1,5 @@
 #include "spheroids/frmSpheroidOptions.h"
 
-#include "platform/host.h"
 #include "platform/text_formats.h"
 #include "platform/trap.h"
 #include "spheroids/USGS_Functions.h"
@@ -215,7 +214,7 @@ void frmSpheroidOptions::cmdCancel_Click() {
 void frmSpheroidOptions::Form_Load() {
   Trap("Form_Load", [this] {
     SetTopmost(true);
-    MoveTo(Host().Forms().ScreenWidth() / 2 - Width() / 2, Host().Forms().ScreenHeight() / 3 - Height() / 3);
+    MoveToUpperMiddle();
     // Only the width follows the form; height that is left over stays above the buttons.
     Control* const stretched[] = {&lblUSGS,      &cbxUSGS,        &lblESRIPlanetary, &cbxESRIPlanets, &lblESRIEarth,
                                   &cbxESRIEarth, &cmdLoadCurrent, &lblCurrent,       &txtMajor,       &txtMinor};
