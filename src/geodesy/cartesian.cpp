@@ -63,7 +63,7 @@ void SpheroidalCartToLatLong(double& lon, double& lat, double x, double y, doubl
                              double semi_minor, double) {
   Trap("SpheroidalCartToLatLong", [&] {
     const double p = Root(x * x + y * y);
-    const double t = atan2(z * semi_major, p * semi_minor);
+    const double t = atan2(Finite(z * semi_major), Finite(p * semi_minor));
     const double e2 = Divide(semi_major * semi_major - semi_minor * semi_minor, semi_major * semi_major);
     const double ep2 = Divide(e2, 1.0 - e2);
     const double numerator = Finite(z + ep2 * semi_minor * Power(std::sin(t), 3.0));

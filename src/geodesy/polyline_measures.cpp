@@ -136,8 +136,22 @@ void ForEachSegment(const PartsOf& parts, const LineFigure& figure, Visit&& visi
   }
 }
 
-// The first row beyond the target, from the start of a stretch that is known to hold it.
+// While it lives, faults end in their traps without a report.
+class Silence {
+ public:
+  Silence() : reporter_(SetFaultReporter(nullptr)) {}
+  ~Silence() { SetFaultReporter(reporter_); }
+  Silence(const Silence&) = delete;
+  Silence& operator=(const Silence&) = delete;
+
+ private:
+  FaultReporter reporter_;
+};
+
+// The first row beyond the target, from the start of a stretch that is known to hold it. What fails in it was reported
+// when the line was measured.
 Row RowBeyond(const PartsOf& parts, const LineFigure& figure, const Milestones::Stretch& stretch, double target) {
+  const Silence already_reported;
   Row row{0.0, stretch.before, 0.0, {}};
   std::size_t vertex = stretch.vertex;
   for (std::size_t part = stretch.part; part < parts.Count(); ++part, vertex = 0) {

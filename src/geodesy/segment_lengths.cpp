@@ -118,6 +118,7 @@ bool SegmentLengths::Next(Batch& batch) {
   if (next_ + 1 >= vertices_.size()) return false;
   const std::size_t count = std::min(kLanes, vertices_.size() - 1 - next_);
   std::array<Lane, kLanes> lanes;
+  const bool sound_figure = std::isfinite(figure_.Flattening());
   for (std::size_t index = 0; index < count; ++index) {
     const XY from = vertices_[next_ + index], to = vertices_[next_ + index + 1];
     const Latitude start = latitude_;
@@ -135,7 +136,7 @@ bool SegmentLengths::Next(Batch& batch) {
                     0.0,
                     0.0,
                     0.0,
-                    !IsTiny(start.sine) && !IsTiny(latitude_.sine)};
+                    sound_figure && !IsTiny(start.sine) && !IsTiny(latitude_.sine)};
     // Coincident positions have the length 0 and make no pass.
     if (from == to) lanes[index].lambda_before = L;
   }

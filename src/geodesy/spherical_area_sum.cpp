@@ -189,16 +189,29 @@ double SphericalAreaSum::SignedArea(const Vertices& vertices, const Apex& apex, 
   return area * detail::SignOfTurn(from, to, apex.at);
 }
 
+// The centre of one triangle by the routines that report what there is to report, brought to the unit sphere.
+SphericalAreaSum::UnitVector SphericalAreaSum::ReportedCenter(XY from, XY to, XY apex) {
+  UnitVector p{}, q{}, r{}, center{};
+  SphericalLatLongToCart(from.x, from.y, p.x, p.y, p.z);
+  SphericalLatLongToCart(to.x, to.y, q.x, q.y, q.z);
+  SphericalLatLongToCart(apex.x, apex.y, r.x, r.y, r.z);
+  TriangleCentroid3D(p.x, p.y, p.z, q.x, q.y, q.z, r.x, r.y, r.z, center.x, center.y, center.z);
+  const double length = checked::Finite(std::sqrt(center.x * center.x + center.y * center.y + center.z * center.z));
+  return {checked::Divide(center.x, length), checked::Divide(center.y, length), checked::Divide(center.z, length)};
+}
+
 // In the order of the segments. Each centre counts by its area.
 void SphericalAreaSum::Add(const Vertices& vertices, const Apex& apex, const Triangles& triangles, std::size_t count) {
   for (std::size_t i = 0; i < count; ++i) {
     const double area = SignedArea(vertices, apex, triangles, i);
     area_ += area;
     if (!want_centroid_) continue;
-    if (checked::Finite(triangles.length[i]) == 0.0) Raise(kDivisionByZero, "Division by zero");
-    moment_.x += triangles.x[i] * area;
-    moment_.y += triangles.y[i] * area;
-    moment_.z += triangles.z[i] * area;
+    UnitVector center{triangles.x[i], triangles.y[i], triangles.z[i]};
+    if (!(std::isfinite(triangles.length[i]) && triangles.length[i] > 0.0)) [[unlikely]]
+      center = ReportedCenter(vertices.At(i), vertices.At(i + 1), apex.at);
+    moment_.x += center.x * area;
+    moment_.y += center.y * area;
+    moment_.z += center.z * area;
   }
 }
 

@@ -70,6 +70,7 @@ class SphericalAreaSum {
   static void Prepare(std::span<const XY> positions, const Apex& apex, Vertices& vertices);
   static void Measure(const Vertices& vertices, const Apex& apex, Triangles& triangles);
   static void FindCenters(const Vertices& vertices, const Apex& apex, Triangles& triangles);
+  [[nodiscard]] static UnitVector ReportedCenter(XY from, XY to, XY apex);
   void Add(const Vertices& vertices, const Apex& apex, const Triangles& triangles, std::size_t count);
   [[nodiscard]] double SignedArea(const Vertices& vertices, const Apex& apex, const Triangles& triangles,
                                   std::size_t lane) const;

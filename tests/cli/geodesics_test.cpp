@@ -56,14 +56,31 @@ TEST_F(Geodesics, BadLinesAreAnsweredInTheirPlace) {
   EXPECT_EQ(lines[4], lines[0]);
   EXPECT_EQ(json::parse(Lines({"direct", "--json"}, "0 0 nan 0\n", 1).at(0))["line"], 1);
   EXPECT_TRUE(Lines({"direct"}, "", 0).empty());
+  EXPECT_THAT(Lines({"inverse"}, "+-1 0 0 0\n+1 0 0 0\r\n", 1).at(0), HasSubstr("'+-1' is no number for lon1"));
+  // Bytes that are no UTF-8 neither end the run nor spoil the JSON.
+  const std::vector<std::string> quoted = Lines({"inverse", "--json"}, "\xff\xfe 0 1 0\n0 0 1 0\n", 1);
+  ASSERT_EQ(quoted.size(), 2U);
+  EXPECT_EQ(json::parse(quoted[0])["line"], 1);
+  EXPECT_NEAR(json::parse(quoted[1])["distance"], 111319.490793, 1e-6);
+}
+
+TEST_F(Geodesics, LongitudesATurnApartAreOneMeridian) {
+  const std::vector<std::string> lines =
+      Lines({"inverse"}, "180 10 180 50\n-180 10 180 50\n180 10 -180 50\n-180 10 540 50\n-180 10 180 10\n", 0);
+  ASSERT_EQ(lines.size(), 5U);
+  for (std::size_t line = 1; line < 4; ++line) EXPECT_EQ(lines[line], lines[0]);
+  EXPECT_NEAR(std::stod(lines[0]), 4434992.2084, 2e-4);
+  EXPECT_EQ(lines[4], "0.0000 0.00000000 0.00000000");
 }
 
 TEST_F(Geodesics, RefuseSpheroidsThatAreNone) {
   const ProgramOutcome unknown = RunTessarine({"inverse", "0", "0", "1", "0", "--spheroid", "Marz 2000"});
   EXPECT_EQ(unknown.status, 2);
   EXPECT_THAT(unknown.err, HasSubstr("Mars 2000"));
-  EXPECT_EQ(RunTessarine({"inverse", "0", "0", "1", "0", "--radii", "1000"}).status, 2);
-  EXPECT_EQ(RunTessarine({"inverse", "0", "0", "1", "0", "--radii", "1000,-5"}).status, 2);
+  for (const char* radii : {"1000", "1000,-5", "1000,0", "nan,1000", "1e400,1", "1,2,3", ""}) {
+    EXPECT_EQ(RunTessarine({"inverse", "0", "0", "1", "0", "--radii", radii}).status, 2) << radii;
+  }
+  EXPECT_EQ(RunTessarine({"inverse", "0", "0", "1", "0", "--spheroid", " "}).status, 2);
 }
 
 }  // namespace

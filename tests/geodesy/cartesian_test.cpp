@@ -54,6 +54,10 @@ TEST(Cartesian, PinnedBits) {
   SpheroidalCartToLatLong(lon, lat, -1925000.0, -5050000.0, 3380000.0, kA, kB, 0.0);
   EXPECT_EQ(Bits(lon), 0xC05BB770ACD96F7Au);
   EXPECT_EQ(Bits(lat), 0x4040190592B7B415u);
+  TriangleCentroid3D(0.1, 0.2, 0.3, 0.7, -0.4, 1.3, -0.6, 0.9, 0.05, place.x, place.y, place.z);
+  EXPECT_EQ(Bits(place.x), 0x3FB1111111111110u);
+  EXPECT_EQ(Bits(place.y), 0x3FCDDDDDDDDDDDDDu);
+  EXPECT_EQ(Bits(place.z), 0x3FE199999999999Au);
 }
 
 TEST(Cartesian, AxesAndUnitSphere) {
@@ -163,13 +167,15 @@ TEST(Cartesian, FaultsLeaveTheOutputsAlone) {
   SpheroidalLatLongToCart(10, 20, x, y, z, 0.0, kB, 0.0);
   SpheroidalCartToLatLong(x, y, 1.0, 1.0, 1.0, 0.0, kB, 0.0);
   SpheroidalCartToLatLong(x, y, 1.0, 1.0, 1.0, kA, 0.0, 0.0);
+  SpheroidalCartToLatLong(x, y, 0.0, 0.0, 1e200, 1e200, 1e200, 0.0);
   SphericalLatLongToCart(10, 20, x, y, z, 1e308 * 10.0);
   SphericalCartToLatLong(x, y, 1e200, 1.0, 1.0);
   TriangleCentroid3D(1e308, 0, 0, 1e308, 0, 0, 0, 0, 0, x, y, z);
   EXPECT_THAT((std::vector<double>{x, y, z}), ElementsAre(1.0, 2.0, 3.0));
   EXPECT_THAT(log.Reports(),
               ElementsAre("SpheroidalLatLongToCart 11", "SpheroidalCartToLatLong 11", "SpheroidalCartToLatLong 11",
-                          "SphericalLatLongToCart 6", "SphericalCartToLatLong 6", "TriangleCentroid3D 6"));
+                          "SpheroidalCartToLatLong 6", "SphericalLatLongToCart 6", "SphericalCartToLatLong 6",
+                          "TriangleCentroid3D 6"));
 }
 
 }  // namespace

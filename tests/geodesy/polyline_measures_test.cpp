@@ -193,8 +193,28 @@ TEST(PolylineMeasures, Faults) {
     EXPECT_NEAR(place->Y(), 0.0, 1e-9);
     EXPECT_THAT(log.Reports(), ElementsAre("DistanceVincentyNumbers2 11"));
   }
+  {
+    // Every other segment of a long line fails. The one that holds the middle is found again without a second report.
+    Vertices path;
+    for (int index = 0; index < 700; ++index) {
+      path.push_back({index * 0.01, 0});
+      path.push_back({index * 0.01 + 1e-200, 1e-200});
+    }
+    const auto count = [&path] {
+      FaultLog log;
+      double half = 0.5, length = 0.0;
+      static_cast<void>(SpheroidalPolylineMidpoint2(path, half, true, length, kA, kB));
+      return log.Reports().size();
+    };
+    FaultLog log;
+    static_cast<void>(SpheroidalPolylineLength2(path, kA, kB));
+    const std::size_t once = log.Reports().size();
+    EXPECT_GT(once, 0u);
+    EXPECT_EQ(count(), once);
+  }
+  // Without a major axis every segment fails, one along a whole turn too, which needs no iteration.
   FaultLog log;
-  EXPECT_EQ(SpheroidalPolylineLength2(Of({{{10, 0}, {12, 0}, {14, 0}}}), 0.0, 1.0), 0.0);
+  EXPECT_EQ(SpheroidalPolylineLength2(Of({{{10, 0}, {12, 0}, {372, 0}}}), 0.0, 1.0), 0.0);
   EXPECT_THAT(log.Reports(), ElementsAre("DistanceVincentyNumbers2 11", "DistanceVincentyNumbers2 11"));
 }
 

@@ -209,6 +209,7 @@ TEST(SphericalPolygon, Faults) {
     EXPECT_EQ(SphericalPolygonArea(nullptr, true, lon, lat), 0.0);
     EXPECT_EQ(SphericalTriangleArea(Point(), Point(0, 1), Point(1, 0), sign), 0.0);
     EXPECT_THAT(log.Reports(), ElementsAre("SphericalPolygonArea 91", "SphericalTriangleArea 5"));
+    EXPECT_EQ(sign, 3.0);
   }
   {
     // A negative volume has no real cube root. Each triangle fails by itself and the polygon goes on.
@@ -217,10 +218,24 @@ TEST(SphericalPolygon, Faults) {
     EXPECT_THAT(log.Reports(), ElementsAre("SphericalTriangleArea2 5", "SphericalTriangleArea2 5",
                                            "SphericalTriangleArea2 5", "SphericalTriangleArea2 5"));
   }
+  {
+    // A longitude past all reckoning is reported wherever it is used, and the polygon goes on.
+    FaultLog log;
+    const Vertices ring = {{0, 0}, {0, 1}, {1e308, 1}, {1, 0}, {2, 0.5}};
+    const XY apex{0.5, 0.25};
+    SphericalAreaSum sum(true);
+    sum.AddRing(ring, apex);
+    double area = 0.0;
+    for (std::size_t next = 1; next < ring.size(); ++next) {
+      area += SphericalTriangleArea(ring[next - 1], ring[next], apex, sign);
+    }
+    EXPECT_EQ(sum.Area(), area);
+    EXPECT_FALSE(log.Reports().empty());
+    EXPECT_THAT(log.Reports(), ::testing::Each(std::string("DegToRad 6")));
+  }
   FaultLog log;
   EXPECT_EQ(SphericalPolygonArea(PolygonOf({{{0, 0}, {1, 1}, {2, 2}, {0, 0}}}), true, lon, lat), 0.0);
   EXPECT_THAT(log.Reports(), ElementsAre("SphericalPolygonArea 11"));  // no planar centroid to span triangles from
-  EXPECT_EQ(sign, 3.0);
   EXPECT_EQ(lon, 1.0);
 }
 

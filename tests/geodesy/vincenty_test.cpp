@@ -245,6 +245,20 @@ TEST(Vincenty, LineWithVertices) {
                 1e-4);
   }
 
+  // Bits as for the other lines above.
+  Point pinned(-110.9, 32.2);
+  pinned.SetSpatialReference(mars);
+  std::shared_ptr<Polyline> quarters;
+  count = 4;
+  PointLineVincenty2(pinned, 2500000.0, 63.4, end, far_azimuth, count, quarters);
+  ASSERT_EQ(quarters->PointCount(), 4);
+  EXPECT_EQ(Bits(quarters->Point(1).x), 0xC057C2424431375Du);
+  EXPECT_EQ(Bits(quarters->Point(1).y), 0x4042C614E4DEF25Fu);
+  EXPECT_EQ(Bits(end.X()), 0xC04D6E706979D9B2u);
+  EXPECT_EQ(Bits(end.Y()), 0x404445FB708D8FF2u);
+  EXPECT_EQ(Bits(far_azimuth), 0x4057F214F99896DCu);
+  count = 5;
+
   const FaultLog log;
   start.SetSpatialReference(std::make_shared<const UnknownCoordinateSystem>());
   PointLineVincenty2(start, 1.0, 0.0, end, far_azimuth, count, line);

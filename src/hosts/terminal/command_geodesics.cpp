@@ -42,12 +42,20 @@ struct Result {
 };
 using Results = std::array<Result, 3>;
 
+// A turn apart, as -180 and 180 are, the iteration doesn't start and every distance would be 0. The same meridian by
+// another number is free of that.
+double WithinOneTurn(double lon1, double lon2) {
+  const double apart = lon2 - lon1;
+  return std::fabs(apart) > 359.0 ? lon2 - 360.0 * std::round(apart / 360.0) : lon2;
+}
+
 Results SolveInverse(const FourNumbers& given, const std::optional<Axes>& axes) {
   double azimuth1 = 0.0, azimuth2 = 0.0;
+  const double lon2 = WithinOneTurn(given[0], given[2]);
   const double distance =
-      axes ? geodesy::DistanceVincentyNumbers2(given[0], given[1], given[2], given[3], azimuth1, azimuth2,
-                                               axes->semi_major, axes->semi_minor)
-           : geodesy::DistanceVincentyNumbers(given[0], given[1], given[2], given[3], azimuth1, azimuth2);
+      axes ? geodesy::DistanceVincentyNumbers2(given[0], given[1], lon2, given[3], azimuth1, azimuth2, axes->semi_major,
+                                               axes->semi_minor)
+           : geodesy::DistanceVincentyNumbers(given[0], given[1], lon2, given[3], azimuth1, azimuth2);
   return {{{"distance", 4, distance}, {"azimuth1", 8, azimuth1}, {"azimuth2", 8, azimuth2}}};
 }
 
@@ -66,6 +74,7 @@ struct ProblemRow {
   std::array<const char*, 4> takes;
   std::array<bool, 4> is_latitude;
   Results (*solve)(const FourNumbers&, const std::optional<Axes>&);
+  const char* caution;
   const char* example;
 };
 
@@ -75,12 +84,14 @@ constexpr ProblemRow kProblems[] = {
      {"lon1", "lat1", "lon2", "lat2"},
      {false, true, false, true},
      SolveInverse,
+     "Within a degree of the antipode the figures may be far off, without a word.",
      "tessarine inverse 2.35 48.86 -73.94 40.67"},
     {"direct",
      "The position at a distance in metres and an azimuth from a start, and the azimuth of travel there",
      {"lon", "lat", "distance", "azimuth"},
      {false, true, false, false},
      SolveDirect,
+     "A line across the 180 degree meridian ends past 180 or -180.",
      "tessarine direct 2.35 48.86 1000000 90 --spheroid \"WGS 1984\""},
 };
 
@@ -105,7 +116,8 @@ double ReadNumber(std::string_view word, const char* name) {
   double value = 0.0;
   const std::string_view digits = word.starts_with('+') ? word.substr(1) : word;
   const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), value);
-  if (error != std::errc() || end != digits.data() + digits.size() || !std::isfinite(value)) {
+  const bool is_whole = error == std::errc() && end == digits.data() + digits.size() && !word.starts_with("+-");
+  if (!is_whole || !std::isfinite(value)) {
     throw std::invalid_argument(fmt::format("'{}' is no number for {}", word, name));
   }
   return value;
@@ -188,7 +200,9 @@ class GeodesicPrinter {
 
   void PrintError(const std::string& text) const {
     if (json_) {
-      fmt::print("{}\n", nlohmann::ordered_json({{"error", text}, {"line", line_number_}}).dump());
+      // The text may quote a line in any encoding.
+      const nlohmann::ordered_json object = {{"error", text}, {"line", line_number_}};
+      fmt::print("{}\n", object.dump(-1, ' ', false, nlohmann::ordered_json::error_handler_t::replace));
     } else {
       fmt::print("error: line {}: {}\n", line_number_, text);
     }
@@ -233,8 +247,8 @@ void AddGeodesic(const ProblemRow& problem, CLI::App& program, ChosenCommand& ch
   command.footer(
       fmt::format("On WGS 1984 unless told otherwise. Angles are degrees; azimuths run clockwise from "
                   "north. A bad line gives an error on its\nown line, the others go on, and the exit "
-                  "status is 1.\n\nExample:\n  {}",
-                  problem.example));
+                  "status is 1.\n{}\n\nExample:\n  {}",
+                  problem.caution, problem.example));
   command.callback(
       [&problem, &chosen, options] { chosen.run = [&problem, options] { return RunGeodesics(problem, *options); }; });
 }
