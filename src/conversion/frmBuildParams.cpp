@@ -106,7 +106,7 @@ void frmBuildParams::EnableLabelControls(bool enabled) {
 }
 
 void frmBuildParams::UpdateSelName() {
-  cmdSelFields.SetCaption(all_selected_ ? "Unselect All Fields" : "Select All Fields");
+  cmdSelFields.SetCaption(SelectFieldsCaption(all_selected_));
   CheckOK();
 }
 
@@ -223,9 +223,7 @@ void frmBuildParams::cmdOK_Click() {
 
 void frmBuildParams::cmdCancel_Click() {
   Trap("cmdCancel_Click", [this] {
-    extension_->ShouldContinue = false;
-    extension_->SelectedFields = nullptr;
-    extension_->SelectedLayer = nullptr;
+    ForgetChoices(*extension_);
     Unload();
   });
 }

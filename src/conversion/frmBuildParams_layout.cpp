@@ -1,6 +1,6 @@
 // How frmBuildParams looks and what its controls are wired to.
 #include "conversion/frmBuildParams.h"
-#include "platform/host.h"
+#include "conversion/layer_choices.h"
 #include "platform/trap.h"
 
 namespace tessarine {
@@ -31,7 +31,7 @@ void frmBuildParams::SetTexts() {
   lblFields.SetCaption("Layer and Attribute &Fields to Include:");
   lbxFields.SetToolTipText("Select Label Point Attribute Fields");
   lbxFields.MultiSelect = true;
-  cmdSelFields.SetCaption("Select All Fields");
+  cmdSelFields.SetCaption(SelectFieldsCaption(false));
   txtMessage.Locked = true;
   txtMessage.MultiLine = true;
   txtMessage.SetText(
@@ -144,7 +144,7 @@ void frmBuildParams::OrderTabs() {
 void frmBuildParams::Form_Load() {
   Trap("Form_Load", [this] {
     SetTopmost(true);
-    MoveTo(Host().Forms().ScreenWidth() / 2 - Width() / 2, Host().Forms().ScreenHeight() / 3 - Height() / 3);
+    MoveToUpperMiddle();
     if (!extension_) extension_ = FindExtension(application_);
     // The left column keeps its width; lists and texts take the height, the right column the width.
     anchors_.Hold({

@@ -4,7 +4,6 @@
 
 #include "conversion/layer_choices.h"
 #include "conversion/layer_fields_texts.h"
-#include "platform/host.h"
 #include "platform/trap.h"
 #include "support/MyGeneralOperations.h"
 #include "support/aml_func_mod.h"
@@ -21,7 +20,7 @@ frmLayerFields::frmLayerFields() : Form("frmLayerFields") {
   SetCaption(" Input Parameters:");
   lblLayer.SetCaption("Select &Layer to Convert:");
   lblFields.SetCaption("Select &Fields to Include:");
-  cmdSelFields.SetCaption("Select All Fields");
+  cmdSelFields.SetCaption(SelectFieldsCaption(false));
   optAll.SetCaption("Convert All Records");
   optSel.SetCaption("Convert Selected Records");
   lblOutputName.SetCaption("Output Feature &Class:");
@@ -136,7 +135,7 @@ void frmLayerFields::ShowRecordCounts(const std::shared_ptr<IFeatureLayer>& laye
 }
 
 void frmLayerFields::UpdateSelName() {
-  cmdSelFields.SetCaption(all_selected_ ? "Unselect All Fields" : "Select All Fields");
+  cmdSelFields.SetCaption(SelectFieldsCaption(all_selected_));
   UpdateOkState();
 }
 
@@ -194,9 +193,7 @@ void frmLayerFields::cmdOK_Click() {
 
 void frmLayerFields::cmdCancel_Click() {
   Trap("cmdCancel_Click", [this] {
-    extension_->ShouldContinue = false;
-    extension_->SelectedFields = nullptr;
-    extension_->SelectedLayer = nullptr;
+    ForgetChoices(*extension_);
     Unload();
   });
 }
@@ -208,7 +205,7 @@ void frmLayerFields::cmdManual_Click() {
 void frmLayerFields::Form_Load() {
   Trap("Form_Load", [this] {
     SetTopmost(true);
-    MoveTo(Host().Forms().ScreenWidth() / 2 - Width() / 2, Host().Forms().ScreenHeight() / 3 - Height() / 3);
+    MoveToUpperMiddle();
     if (!extension_) extension_ = FindExtension(application_);
     anchors_.Hold({
         {lblLayer, enumStartSize, enumStartSize},

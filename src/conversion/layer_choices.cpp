@@ -82,6 +82,16 @@ void SelectAllLines(ListBox& list, bool selected) {
   list.Refresh();
 }
 
+const char* SelectFieldsCaption(bool all_selected) {
+  return all_selected ? "Unselect All Fields" : "Select All Fields";
+}
+
+void ForgetChoices(clsExtension& extension) {
+  extension.ShouldContinue = false;
+  extension.SelectedFields = nullptr;
+  extension.SelectedLayer = nullptr;
+}
+
 std::shared_ptr<ISelectionSet> SelectionOf(const std::shared_ptr<IFeatureLayer>& layer) {
   const auto selection = Cast<IFeatureSelection>(layer);
   return selection ? selection->SelectionSet() : nullptr;

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "frame/clsExtension.h"
 #include "platform/arrays.h"
 #include "platform/form.h"
 #include "platform/map.h"
@@ -29,6 +30,12 @@ std::vector<FieldRef> ListFields(const IFeatureLayer& layer, bool leave_out_meas
 
 /// Selects every line, or none, and scrolls back to the first.
 void SelectAllLines(ListBox& list, bool selected);
+
+/// What the button beside the fields says: what pressing it would do next.
+[[nodiscard]] const char* SelectFieldsCaption(bool all_selected);
+
+/// Leaves nothing to run in the extension, for a dialog that is given up.
+void ForgetChoices(clsExtension& extension);
 
 /// The selection of a layer, nothing when it can't be had.
 [[nodiscard]] std::shared_ptr<ISelectionSet> SelectionOf(const std::shared_ptr<IFeatureLayer>& layer);

@@ -108,12 +108,12 @@ std::string RunConversion(const ConversionRun& run, const std::shared_ptr<IFeatu
 
     OutputTarget target = SplitOutputPath(path, *extension);
     const SpatialReferenceRef reference = input.features->SpatialReference();
-    facts.reference_name = reference->Name();
     if (!CanFrame(run, reference)) {
       journal.Failed = true;
       journal.End = Host().Clock().Now();
       return UnknownReferenceReport(run);
     }
+    facts.reference_name = Require(reference, "SpatialReference")->Name();
     const OutputFrame frame = FrameOf(run, *input.features);
     journal.Reference = frame.reference;
     const esriGeometryType input_type = input.features->ShapeType();

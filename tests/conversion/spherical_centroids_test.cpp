@@ -68,17 +68,21 @@ TEST_F(SphericalCentroidsTest, OfMultipointsKnowsThatTheGlobeIsRound) {
 }
 
 TEST_F(SphericalCentroidsTest, AnUnknownReferenceIsRefusedBeforeAnythingIsMade) {
-  const auto features = std::make_shared<MemoryClass>(esriGeometryPolygon);
-  const auto layer = std::make_shared<DocumentFeatureLayer>();
-  layer->SetName("plain");
-  layer->SetFeatureClass(features);
-  const std::string text = Run(ConvertToSphericalCentroid, layer);
-  EXPECT_EQ(text.substr(0, text.find('\n')), "!!!  Features to Spherical Centroids Failed  !!!");
-  EXPECT_THAT(text, HasSubstr("\nSelected Feature Class has unknown coordinate system...\n"));
-  EXPECT_FALSE(folder.Has("out.shp"));
-  EXPECT_TRUE(application->status_bar->bar_visible);
-  EXPECT_THAT(host.error_reports, IsEmpty());
-  EXPECT_TRUE(host.journal.Failed);
+  const SpatialReferenceRef unknown_ones[] = {std::make_shared<UnknownCoordinateSystem>(), nullptr};
+  for (const SpatialReferenceRef& reference : unknown_ones) {
+    const auto features = std::make_shared<MemoryClass>(esriGeometryPolygon);
+    features->reference = reference;
+    const auto layer = std::make_shared<DocumentFeatureLayer>();
+    layer->SetName("plain");
+    layer->SetFeatureClass(features);
+    const std::string text = Run(ConvertToSphericalCentroid, layer);
+    EXPECT_EQ(text.substr(0, text.find('\n')), "!!!  Features to Spherical Centroids Failed  !!!");
+    EXPECT_THAT(text, HasSubstr("\nSelected Feature Class has unknown coordinate system...\n"));
+    EXPECT_FALSE(folder.Has("out.shp"));
+    EXPECT_TRUE(application->status_bar->bar_visible);
+    EXPECT_THAT(host.error_reports, IsEmpty());
+    EXPECT_TRUE(host.journal.Failed);
+  }
 }
 
 }  // namespace

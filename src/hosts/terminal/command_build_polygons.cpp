@@ -35,7 +35,7 @@ struct BuildOptions {
 // The tolerance as the form's box takes it: plain digits.
 std::string ToleranceText(const std::string& option) {
   const bool usable = IsNumericText(option) && std::isfinite(ToNumber(option)) && ToNumber(option) >= 0.0;
-  if (!usable) throw Refusal("--cluster-tolerance: '" + option + "' is no number of 0 or more.");
+  if (!usable) throw Refusal("--cluster-tolerance: '" + Trim(option) + "' is no number of 0 or more.");
   std::string text = FixedText(ToNumber(option), kToleranceDecimals);
   while (text.ends_with('0')) text.pop_back();
   if (text.ends_with('.')) text.pop_back();

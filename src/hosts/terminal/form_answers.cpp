@@ -20,6 +20,14 @@ std::int32_t FindLine(const List& list, const std::string& text) {
   return -1;
 }
 
+// Layers may differ in case alone.
+std::int32_t FindExactLine(const ListBox& list, const std::string& text) {
+  for (std::int32_t line = 0; line < list.ListCount(); ++line) {
+    if (list.List(line) == text) return line;
+  }
+  return -1;
+}
+
 std::int32_t FindFieldLine(const ListBox& list, const DocumentFeatureLayer& layer, const std::string& name) {
   const std::int32_t line = FindLine(list, name);
   if (line >= 0) return line;
@@ -49,11 +57,28 @@ bool IsSource(const OutputPlace& place, const DocumentFeatureLayer& layer) {
           IsSameFile(place.NativePath(), source / (layer.Source().layer + ".shp")));
 }
 
+// The path, or the first of name_2, name_3 and so on that is free: how the forms propose names.
+fs::path FirstFree(const fs::path& path) {
+  fs::path free = path;
+  for (int number = 2; fs::exists(free); ++number) {
+    free.replace_filename(path.stem().string() + "_" + std::to_string(number) + path.extension().string());
+  }
+  return free;
+}
+
+// The name that a form proposes, without the number that makes it unique in the form's own folder.
+std::string PlainName(const fs::path& proposal) {
+  const std::string stem = proposal.stem().string();
+  const std::string plain = stem.substr(0, stem.rfind('_')) + proposal.extension().string();
+  const bool numbered = FirstFree(proposal.parent_path() / plain) == proposal;
+  return numbered ? plain : proposal.filename().string();
+}
+
 }  // namespace
 
 void ChooseLayer(ListBox& list, const DocumentFeatureLayer& layer, const std::string& command,
                  const std::string& takes) {
-  const std::int32_t line = FindLine(list, layer.Name());
+  const std::int32_t line = FindExactLine(list, layer.Name());
   if (line < 0) {
     throw Refusal("The layer '" + layer.Name() + "' is of the wrong kind: '" + command + "' takes " + takes + ".");
   }
@@ -77,10 +102,8 @@ void ChooseOutput(Form& form, const OutputPlace& output) {
   if (output.InGeodatabase()) {
     ControlOf<CommandButton>(form, "cmdGetWorkspace").Press();
   } else if (output.kind == OutputPlace::Kind::Folder) {
-    // The proposal's own name, in the folder that was named.
-    const std::string proposal = text.Text();
-    const std::string name = proposal.substr(proposal.rfind('\\') + 1);
-    text.SetText(FromNativePath(output.container) + "\\" + name);
+    const fs::path path = fs::path(output.container) / PlainName(ToNativePath(text.Text()));
+    text.SetText(FromNativePath(FirstFree(path).string()));
   } else {
     text.SetText(FromNativePath(output.NativePath()));
   }

@@ -28,7 +28,8 @@ void ChooseLayer(ListBox& list, const DocumentFeatureLayer& layer, const std::st
 void ChooseFields(ListBox& list, const DocumentFeatureLayer& layer, const std::string& option,
                   const std::vector<std::string>& names, bool all);
 
-/// Fills "txtOutput", by way of the browse button where the place is in a geodatabase.
+/// Fills "txtOutput", by way of the browse button where the place is in a geodatabase. In a folder the class takes the
+/// name that the form proposes, with a number where that is taken, so nothing is ever replaced there.
 void ChooseOutput(Form& form, const OutputPlace& output);
 
 /// Refuses an output that exists where nobody could be asked about it.

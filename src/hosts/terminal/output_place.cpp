@@ -115,6 +115,15 @@ OutputPlace ParseOutputPlace(const std::string& text) {
                 "(NAME.gdb/CLASS).");
 }
 
+void RefuseBrokenContainer(const OutputPlace& place) {
+  if (!place.InGeodatabase() || !fs::exists(place.container)) return;
+  try {
+    (void)DataSource::Open(place.container, false);
+  } catch (const Fault& fault) {
+    throw Refusal("The output '" + place.NativePath() + "' can't be made. " + fault.Description());
+  }
+}
+
 bool OutputExists(const OutputPlace& place) {
   if (place.kind == OutputPlace::Kind::Shapefile) return fs::exists(place.NativePath());
   if (!place.InGeodatabase() || !fs::exists(place.container)) return false;

@@ -24,6 +24,9 @@ struct OutputPlace {
 /// Reads "x.shp", "folder", "x.gdb/name", "x.gdb/dataset/name", "x.mdb/name". Raises `Refusal` for anything else.
 [[nodiscard]] OutputPlace ParseOutputPlace(const std::string& text);
 
+/// Refuses a geodatabase that is there but can't be opened.
+void RefuseBrokenContainer(const OutputPlace& place);
+
 /// True when something of this name is there already.
 [[nodiscard]] bool OutputExists(const OutputPlace& place);
 

@@ -6,6 +6,7 @@ namespace tessarine {
 
 ExitStatus RunInto(Session& session, const std::string& class_id, FormScript& script, const OutputPlace& place,
                    const SpatialReferenceRef& reference, const CommonOptions& options) {
+  RefuseBrokenContainer(place);
   RefuseTakenName(place, options);
   CheckDataset(place, reference);
   const PreparedPlace prepared(place, reference, session.Host().LocalSystem(), options.dry_run);
