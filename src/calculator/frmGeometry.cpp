@@ -160,6 +160,7 @@ std::vector<NamedField> frmGeometry::ChosenFields() const {
 
 bool frmGeometry::Confirm(const std::string& text, const std::string& title) const {
   extension_->ShouldContinue = false;
+  Host().Beep();
   frmMessageBox box;
   box.SetArcApplication(application_);
   box.SetCaption(title);

@@ -154,6 +154,9 @@ void RemoveLayer(const LayerPlace& place) {
   if (driver == nullptr || driver->Delete(place.path.c_str()) != CE_None) {
     RaiseEngineFault("'" + place.path + "' can't be replaced" + quiet.Quote() + ".");
   }
+  // Of a file geodatabase the driver leaves the emptied folder.
+  std::error_code error;
+  if (fs::is_directory(place.path, error)) fs::remove(place.path, error);
 }
 
 }  // namespace tessarine

@@ -1,6 +1,7 @@
 // Project and SnapToSpatialReference.
 #include <ogr_spatialref.h>
 
+#include <algorithm>
 #include <cmath>
 #include <map>
 
@@ -79,13 +80,33 @@ void ChangeVertices(IGeometry& geometry, Change&& change) {
   }
 }
 
-double Rounded(double value, double step) { return std::round(value / step) * step; }
+// The points of a reference's grid.
+class Grid {
+ public:
+  explicit Grid(const SpatialReferenceRef& reference)
+      : step_(reference->XYResolution()), geographic_(Is<const GeographicCoordinateSystem>(reference)) {}
 
-void SnapParts(PartedShape& shape, double step) {
+  [[nodiscard]] XY Nearest(XY vertex) const {
+    XY nearest{Rounded(vertex.x), Rounded(vertex.y)};
+    // A pole is kept: a latitude beyond it is one of the other hemisphere to a tangent.
+    if (geographic_ && std::fabs(vertex.y) <= kPole) nearest.y = std::clamp(nearest.y, -kPole, kPole);
+    return nearest;
+  }
+
+ private:
+  static constexpr double kPole = 90.0;
+
+  [[nodiscard]] double Rounded(double value) const { return std::round(value / step_) * step_; }
+
+  double step_;
+  bool geographic_;
+};
+
+void SnapParts(PartedShape& shape, const Grid& grid) {
   for (const auto& part : shape.Parts()) {
     for (std::int32_t index = 0; index < part->PointCount(); ++index) {
       const XY old = part->Point(index);
-      const XY snapped{Rounded(old.x, step), Rounded(old.y, step)};
+      const XY snapped = grid.Nearest(old);
       if (snapped != old) part->UpdatePoint(index, snapped);
     }
   }
@@ -105,14 +126,14 @@ void IGeometry::Project(const SpatialReferenceRef& reference) {
 
 void IGeometry::SnapToSpatialReference() {
   if (!spatial_reference_ || !spatial_reference_->XYToleranceValid() || IsEmpty()) return;
-  const double step = spatial_reference_->XYResolution();
+  const Grid grid(spatial_reference_);
   if (auto* shape = dynamic_cast<PartedShape*>(this)) {
-    SnapParts(*shape, step);
+    SnapParts(*shape, grid);
     return;
   }
   ChangeVertices(*this, [&](std::span<const XY> vertices) {
     std::vector<XY> snapped;
-    for (const XY vertex : vertices) snapped.push_back({Rounded(vertex.x, step), Rounded(vertex.y, step)});
+    for (const XY vertex : vertices) snapped.push_back(grid.Nearest(vertex));
     return snapped;
   });
 }

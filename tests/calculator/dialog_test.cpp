@@ -154,6 +154,7 @@ TEST_F(GeometryDialog, BothQuestionsAndTheOptionsThatOkLeaves) {
   answers = {true, false};
   form.cmdOK.Press();
   ASSERT_EQ(questions.size(), 2U);
+  EXPECT_EQ(host.beeps, 2);
   const std::string line = "  --> Option 'Sph. Area',  Field Name = 1 long name";
   EXPECT_THAT(questions[0],
               HasSubstr("---------\r\n" + line + "  (> 10 characters)\r\n" + line +

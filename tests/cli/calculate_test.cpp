@@ -63,6 +63,16 @@ TEST_F(Calculate, WritesAttributesInPlaceAndNothingElse) {
   EXPECT_EQ(ValueOf(new_layer, "Australia", "PARTS"), 2);
 }
 
+TEST_F(Calculate, APerimeterAlongThePoleIsTheSameBehindAnArea) {
+  // The geodesics of PROJ over all edges of Antarctica; those from 180 to -180 degrees at the pole have no length.
+  constexpr double kPerimeter = 29'831'193.096;
+  const ProgramOutcome run =
+      RunTessarine({"calculate", Data("countries.shp"), "-m", "1", "-m", "3", "-o", In("copy.gpkg"), "-q"});
+  ASSERT_EQ(run.status, 0) << run.err;
+  const auto copy = OpenData(In("copy.gpkg"));
+  EXPECT_NEAR(ValueOf(*copy->GetLayer(0), "Antarctica", "Sph_Len"), kPerimeter, 0.01);
+}
+
 TEST_F(Calculate, WorksOnACopyInAnyFormat) {
   for (const char* name : {"copy.shp", "copy.gpkg", "copy.geojson", "copy.gdb/copy"}) {
     const ProgramOutcome run =
@@ -92,9 +102,92 @@ TEST_F(Calculate, RefusesWhatTheDialogDoesNotOffer) {
   refused({"-m", "Volume"}, "It has: Sph. Area, Sph. Centroid");
   refused({"-m", "Sph. Centroid=LON"}, "2 fields");
   refused({"-m", "Sph. Area", "--spheroid", "Vulcan"}, "Vulcan");
+  refused({"-m", "1=A", "-m", "Spherical Area=B"}, "named before");
+  // As from shell variables that aren't set: without these options the run would write into the source.
+  for (const char* option : {"-o", "--where", "--spheroid", "--radii"}) {
+    refused({"-m", "Sph. Area", option, ""}, "there is nothing behind it");
+  }
   EXPECT_EQ(ReadFile(In("countries.dbf")), before);
   EXPECT_EQ(RunTessarine({"calculate", In("countries.shp"), "--all-measures", "--dry-run", "--yes"}).status, 0);
   EXPECT_EQ(ReadFile(In("countries.dbf")), before);
+}
+
+TEST_F(Calculate, ARefusedRunLeavesWhatItWasToReplace) {
+  for (const char* name : {"taken.shp", "taken.gpkg", "taken.gdb/taken"}) {
+    const std::vector<std::string> before = Left();
+    EXPECT_EQ(RunTessarine({"calculate", Data("cities.shp"), "-m", "Volume", "-o", In(name)}).status, 2);
+    EXPECT_EQ(Left(), before) << "no emptied folder";
+    const std::vector<std::string> run = {"calculate", Data("cities.shp"), "-m", "1", "-q", "-o", In(name)};
+    ASSERT_EQ(RunTessarine(run).status, 0) << name;
+    const std::filesystem::path path(In(name));
+    const std::string file = path.parent_path().extension() == ".gdb" ? path.parent_path().string() : path.string();
+    const std::vector<std::string> left = Left();
+    EXPECT_EQ(RunTessarine({"calculate", Data("countries.shp"), "-m", "Volume", "-o", In(name), "--overwrite"}).status,
+              2);
+    EXPECT_EQ(Left(), left);
+    EXPECT_EQ(OpenData(file)->GetLayer(0)->GetGeomType(), wkbPoint) << name;
+
+    const ProgramOutcome replaced = RunTessarine(
+        {"calculate", Data("countries.shp"), "-m", "1", "-o", In(name), "--overwrite", "-r", In("r.json")});
+    EXPECT_EQ(replaced.status, 0) << replaced.err;
+    EXPECT_THAT(replaced.out, HasSubstr("Input Feature Layer: taken\n"));
+    EXPECT_EQ(json::parse(ReadFile(In("r.json")))["output"],
+              path.extension() == ".gpkg" ? In("taken.gpkg/taken") : In(name));
+    EXPECT_EQ(OpenData(file)->GetLayer(0)->GetFeatureCount(), 177) << name;
+    std::filesystem::remove(In("r.json"));
+    EXPECT_EQ(Left(), left);
+  }
+}
+
+// A layer of lines: of two points, empty, closed, and of two points again.
+void WriteLines(const std::string& path, const std::string& driver) {
+  GDALAllRegister();
+  GDALDatasetUniquePtr data(
+      GetGDALDriverManager()->GetDriverByName(driver.c_str())->Create(path.c_str(), 0, 0, 0, GDT_Unknown, nullptr));
+  OGRSpatialReference reference;
+  reference.SetFromUserInput("EPSG:4326");
+  OGRLayer* layer = data->CreateLayer("lines", &reference, wkbLineString);
+  OGRFieldDefn text("text", OFTString), number("number", OFTInteger);
+  text.SetWidth(5);
+  layer->CreateField(&text);
+  layer->CreateField(&number);
+  for (const char* wkt : {"LINESTRING (0 0,1 1)", "", "LINESTRING (0 0,1 1,0 0)", "LINESTRING (0 0,0 1)"}) {
+    OGRFeature row(layer->GetLayerDefn());
+    OGRGeometry* line = nullptr;
+    if (*wkt != '\0') OGRGeometryFactory::createFromWkt(wkt, nullptr, &line);
+    row.SetGeometryDirectly(line);
+    row.SetField("number", 100000);
+    ASSERT_EQ(layer->CreateFeature(&row), OGRERR_NONE);
+  }
+}
+
+TEST_F(Calculate, AColumnThatGrowsLeavesTheOthersAlone) {
+  WriteLines(In("lines.shp"), "ESRI Shapefile");
+  const ProgramOutcome run = RunTessarine({"calculate", In("lines.shp"), "-m", "Start Azimuth=text", "--yes"});
+  EXPECT_EQ(run.status, 0) << run.err;
+  const auto data = OpenData(In("lines.shp"));
+  std::vector<std::string> texts;
+  for (const auto& row : *data->GetLayer(0)) {
+    texts.emplace_back(row->GetFieldAsString("text"));
+    EXPECT_EQ(row->GetFieldAsInteger("number"), 100000) << row->GetFID();
+  }
+  // "geod +ellps=WGS84 -I" from 0 0 to 1 1: 45.188040229359 degrees.
+  EXPECT_THAT(texts, ElementsAre(::testing::StartsWith("45.188040229"), "-9999", "-9999", "0"));
+}
+
+TEST_F(Calculate, AValueNeverReplacesAShape) {
+  WriteLines(In("lines.shp"), "ESRI Shapefile");
+  WriteLines(In("lines.gpkg"), "GPKG");
+  for (const char* name : {"lines.shp", "lines.gpkg"}) {
+    const std::string field = std::string(name) == "lines.shp" ? "Shape" : "geom";
+    const ProgramOutcome run = RunTessarine({"calculate", In(name), "-m", "Spheroidal Length=" + field, "--yes"});
+    EXPECT_EQ(run.status, 1) << run.out;
+    EXPECT_THAT(run.err, HasSubstr("CalcGeometryPolyline "));
+    const auto data = OpenData(In(name));
+    int shapes = 0;
+    for (const auto& row : *data->GetLayer(0)) shapes += row->GetGeometryRef() != nullptr ? 1 : 0;
+    EXPECT_EQ(shapes, 3) << name;
+  }
 }
 
 // 150,000 polygons of 20 vertices.

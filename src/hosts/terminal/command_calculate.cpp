@@ -11,6 +11,8 @@
 #include "hosts/terminal/report_output.h"
 #include "hosts/terminal/session.h"
 #include "hosts/terminal/spheroid_options.h"
+#include "platform/paths.h"
+#include "platform/text_formats.h"
 
 namespace tessarine {
 namespace {
@@ -27,16 +29,24 @@ struct CalculateOptions {
   SpheroidOptions spheroid;
 };
 
-/// The copy that -o names. A format that can't be changed in place is written from a GeoPackage beside it, at the end.
-/// Unless it is kept, nothing of it stays.
+std::string NameOf(const LayerPlace& place) {
+  return place.layer.empty() ? fs::path(place.path).stem().string() : place.layer;
+}
+
+// A place for work beside another, of the same format where that can be changed in place.
+LayerPlace PlaceBeside(const LayerPlace& place) {
+  if (EndsWithIgnoringCase(place.path, ".shp")) return {place.path + ".working.shp", ""};
+  const std::string ending = ChangesInPlace(place.path) ? fs::path(place.path).extension().string() : ".gpkg";
+  return {place.path + ".working" + ending, NameOf(place)};
+}
+
+/// The copy that -o names. Where something stands there already, and where the format can't be changed in place, it is
+/// made beside its place and put there at the end. Unless it is kept, nothing of it stays and nothing else was touched.
 class WorkingCopy {
  public:
   WorkingCopy(const CalculateOptions& options, const LayerPlace& source) : target_(ParseLayerPlace(options.copy)) {
     Check(options, source);
-    working_ = target_;
-    if (!ChangesInPlace(target_.path)) {
-      working_ = {target_.path + ".working.gpkg", fs::path(target_.path).stem().string()};
-    }
+    working_ = ChangesInPlace(target_.path) && !LayerExists(target_) ? target_ : PlaceBeside(target_);
     CopyLayer(source, working_);
   }
   ~WorkingCopy() {
@@ -50,6 +60,12 @@ class WorkingCopy {
   WorkingCopy& operator=(const WorkingCopy&) = delete;
 
   [[nodiscard]] const LayerPlace& Place() const { return working_; }
+  [[nodiscard]] std::string Name() const { return NameOf(target_); }
+  /// The copy's place at the end, as a report tells it.
+  [[nodiscard]] std::string OutputPath() const {
+    const bool container = ChangesInPlace(target_.path) && !EndsWithIgnoringCase(target_.path, ".shp");
+    return FromNativePath(target_.path) + (container ? "\\" + NameOf(target_) : "");
+  }
   void Keep() {
     kept_ = true;
     if (working_.path != target_.path) CopyLayer(working_, target_);
@@ -79,10 +95,14 @@ class WorkingCopy {
   bool kept_ = false;
 };
 
-ExitStatus Calculate(const CalculateOptions& options, const SourceOptions& source, const std::string& shown_name) {
+// The copy is nothing when the source itself is changed.
+ExitStatus Calculate(const CalculateOptions& options, const SourceOptions& source, const WorkingCopy* copy) {
   Session session(options.common);
   const std::shared_ptr<DocumentFeatureLayer> layer = TakeLayer(session.Document(), source);
-  if (!shown_name.empty()) layer->SetName(shown_name);
+  if (copy != nullptr) {
+    layer->SetName(copy->Name());
+    session.TellOutput(copy->OutputPath());
+  }
   const GeometryAnswers answers{options.measures, options.all_measures, ChooseSpheroid(options.spheroid),
                                 options.planetocentric};
   GeometryScript script(answers, *layer);
@@ -103,7 +123,7 @@ ExitStatus CalculateOnCopy(const CalculateOptions& options) {
   source.layer = copy.Place().layer;
   CalculateOptions on_copy = options;
   on_copy.common.document.clear();
-  const ExitStatus status = Calculate(on_copy, source, fs::path(options.copy).stem().string());
+  const ExitStatus status = Calculate(on_copy, source, &copy);
   if (status != ExitStatus::Refused) copy.Keep();
   return status;
 }
@@ -114,7 +134,7 @@ ExitStatus RunCalculate(const CalculateOptions& options) {
     throw Refusal("Nothing to calculate: name measures with -m, or give --all-measures. 'tessarine measures " +
                   options.source.source + "' lists them.");
   }
-  if (options.copy.empty() || options.common.dry_run) return Calculate(options, options.source, "");
+  if (options.copy.empty() || options.common.dry_run) return Calculate(options, options.source, nullptr);
   return CalculateOnCopy(options);
 }
 
@@ -137,10 +157,12 @@ void AddCalculateCommand(CLI::App& program, ChosenCommand& chosen) {
       .add_option("-o,--output", options->copy,
                   "Leave the source as it is and work on this copy of the layer: NAME.shp, NAME.gpkg[:LAYER], "
                   "NAME.gdb/LAYER, or any other file that GDAL writes")
-      ->type_name("COPY");
+      ->type_name("COPY")
+      ->check(NotEmpty());
   command.add_option("-l,--layer", options->source.layer, "The layer, where the data holds several");
-  command.add_option("-w,--where", options->source.where,
-                     "Calculate only for the records that meet this SQL condition");
+  command
+      .add_option("-w,--where", options->source.where, "Calculate only for the records that meet this SQL condition")
+      ->check(NotEmpty());
   AddSpheroidOptions(command, options->spheroid);
   command.add_flag("--planetocentric", options->planetocentric, "The latitudes of the data are planetocentric");
   AddCommonOptions(command, options->common);

@@ -4,17 +4,27 @@
 
 #include <CLI/CLI.hpp>
 
+#include "platform/text_formats.h"
+
 namespace tessarine {
 
 TerminalManners CommonOptions::Manners() const {
   return {.yes = yes, .overwrite = overwrite, .interactive = isatty(STDIN_FILENO) != 0, .plan_only = dry_run};
 }
 
+CLI::Validator NotEmpty() {
+  return {[](const std::string& text) {
+            return Trim(text).empty() ? std::string("there is nothing behind it") : std::string();
+          },
+          ""};
+}
+
 void AddRunOptions(CLI::App& command, CommonOptions& options) {
   command
       .add_option("-r,--report", options.report_file,
                   "Also write the report to this file; its ending tells the form: .txt, .rtf, .html or .json")
-      ->type_name("FILE");
+      ->type_name("FILE")
+      ->check(NotEmpty());
   command.add_flag("-q,--quiet", options.quiet, "Print no report");
   command.add_flag("--overwrite", options.overwrite, "Replace an output that exists");
   command.add_flag("-y,--yes", options.yes, "Answer Yes to every question");

@@ -20,6 +20,9 @@ struct CommonOptions {
   [[nodiscard]] TerminalManners Manners() const;
 };
 
+/// An empty text, as of a shell variable that isn't set, must not pass for an option that wasn't given.
+[[nodiscard]] CLI::Validator NotEmpty();
+
 /// Adds --report, --quiet, --overwrite, --yes and --dry-run.
 void AddRunOptions(CLI::App& command, CommonOptions& options);
 /// Adds --report, --document, --quiet, --overwrite, --yes and --dry-run.

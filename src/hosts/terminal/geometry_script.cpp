@@ -1,6 +1,7 @@
 #include "hosts/terminal/geometry_script.h"
 
 #include <algorithm>
+#include <set>
 
 #include "hosts/document/component_loader.h"
 #include "hosts/terminal/refusal.h"
@@ -124,7 +125,12 @@ void GeometryScript::AnswerGeometry(Form& form) {
       if (box.Visible()) box.SetValue(CheckBox::kChecked);
     }
   }
-  for (const std::string& measure : answers_.measures) Tick(form, measure);
+  std::set<std::int32_t> named;
+  for (const std::string& measure : answers_.measures) {
+    const std::int32_t option_id = Tick(form, measure);
+    if (measure.find('=') == std::string::npos || named.insert(option_id).second) continue;
+    throw Refusal("-m \"" + measure + "\": the fields of this measure were named before; a run writes it once.");
+  }
   if (answers_.spheroid || answers_.planetocentric) {
     auto& advanced = ControlOf<CommandButton>(form, "cmdAdvanced");
     if (!advanced.Enabled()) {
@@ -132,11 +138,13 @@ void GeometryScript::AnswerGeometry(Form& form) {
                     Replace(advanced.ToolTipText(), ":", "."));
     }
     advanced.Press();
+    // The dialog shows its reason itself.
+    if (!spheroid_taken_) throw Refusal("The spheroid dialog doesn't take --spheroid, --radii or --planetocentric.");
   }
   ControlOf<CommandButton>(form, "cmdOK").Press();
 }
 
-void GeometryScript::Tick(Form& form, const std::string& measure) const {
+std::int32_t GeometryScript::Tick(Form& form, const std::string& measure) const {
   const std::size_t equals = measure.find('=');
   const std::string name = Trim(measure.substr(0, equals));
   std::string offered;
@@ -147,16 +155,18 @@ void GeometryScript::Tick(Form& form, const std::string& measure) const {
     }
     ControlOf<CheckBox>(form, "chk" + std::to_string(known.OptionId)).SetValue(CheckBox::kChecked);
     if (equals != std::string::npos) NameFields(form, known.OptionId, measure, measure.substr(equals + 1));
-    return;
+    return known.OptionId;
   }
   throw Refusal("-m \"" + measure + "\": '" + layer_.Name() + "' has no measure '" + name + "'. It has: " + offered +
                 ".");
 }
 
-void GeometryScript::AnswerSpheroid(Form& form) const {
+void GeometryScript::AnswerSpheroid(Form& form) {
   if (answers_.spheroid) FillSpheroidForm(form, *answers_.spheroid);
   if (answers_.planetocentric) ControlOf<OptionButton>(form, "optCentric").SetValue(true);
-  ControlOf<CommandButton>(form, "cmdOK").Press();
+  auto& ok = ControlOf<CommandButton>(form, "cmdOK");
+  spheroid_taken_ = ok.Enabled();
+  ok.Press();
 }
 
 void GeometryScript::AnswerQuestion(Form& form) {

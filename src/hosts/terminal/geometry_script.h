@@ -59,12 +59,14 @@ class GeometryScript final : public FormScript {
 
  private:
   void AnswerGeometry(Form& form);
-  void AnswerSpheroid(Form& form) const;
+  void AnswerSpheroid(Form& form);
   static void AnswerQuestion(Form& form);
-  void Tick(Form& form, const std::string& measure) const;
+  /// The option id of the measure.
+  std::int32_t Tick(Form& form, const std::string& measure) const;
 
   const GeometryAnswers& answers_;
   const DocumentFeatureLayer& layer_;
+  bool spheroid_taken_ = false;
 };
 
 }  // namespace tessarine

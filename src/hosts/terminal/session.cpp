@@ -49,6 +49,7 @@ ExitStatus Session::Run(const std::string& command_id, FormScript* script) {
 
 void Session::DeliverReport() {
   if (!host_.Report()) return;
+  if (!told_output_.empty()) host_.Journal().OutputPath = told_output_;
   if (!options_.quiet) PrintReport(*host_.Report(), isatty(STDOUT_FILENO) != 0);
   if (!options_.report_file.empty()) WriteReport(*host_.Report(), options_, host_);
 }

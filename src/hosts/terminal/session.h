@@ -22,6 +22,9 @@ class Session {
   [[nodiscard]] MapDocument& Document() const { return *document_; }
   [[nodiscard]] TerminalHost& Host() { return host_; }
 
+  /// The report names this output, a path as the suite writes it, instead of where the run itself wrote.
+  void TellOutput(std::string path) { told_output_ = std::move(path); }
+
   /// Clicks a command, its forms answered by the script; nothing answers no form. Prints the report and writes it to
   /// the file that the options name, saves a document that became dirty, and tells how it went.
   [[nodiscard]] ExitStatus Run(const std::string& command_id, FormScript* script);
@@ -34,6 +37,7 @@ class Session {
   std::shared_ptr<MapDocument> document_;
   TerminalHost host_;
   std::shared_ptr<DocumentApplication> application_;
+  std::string told_output_;
 };
 
 }  // namespace tessarine

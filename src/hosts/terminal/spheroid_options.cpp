@@ -7,6 +7,7 @@
 #include <sstream>
 
 #include "hosts/document/component_loader.h"
+#include "hosts/terminal/common_options.h"
 #include "hosts/terminal/refusal.h"
 #include "platform/text_formats.h"
 
@@ -82,6 +83,14 @@ ChosenSpheroid FromRadii(const std::string& text) {
   return {"Custom Spheroid", Radius(text.substr(0, comma), text), Radius(text.substr(comma + 1), text), std::nullopt};
 }
 
+// The custom file may hold any numbers, and the dialogs take no others than these.
+void CheckAxes(const NamedSpheroid& spheroid) {
+  if (spheroid.SemiMajorAxis > 0.0 && spheroid.SemiMinorAxis > 0.0) return;
+  throw Refusal("Nothing can be computed on the spheroid '" + spheroid.Name + "': its axes are " +
+                NumberText(spheroid.SemiMajorAxis) + " and " + NumberText(spheroid.SemiMinorAxis) +
+                " metres, and both must be above 0.");
+}
+
 ChosenSpheroid FromCatalog(const std::string& text) {
   const std::shared_ptr<ISpheroidCatalog> catalog = SpheroidCatalog();
   const std::string wanted = Essence(text);
@@ -90,6 +99,7 @@ ChosenSpheroid FromCatalog(const std::string& text) {
     for (NamedSpheroid& spheroid : catalog->Spheroids(list)) {
       const bool by_code = spheroid.Code != 0 && std::to_string(spheroid.Code) == Trim(text);
       if (by_code || (!wanted.empty() && Essence(spheroid.Name) == wanted)) {
+        CheckAxes(spheroid);
         return {spheroid.Name, spheroid.SemiMajorAxis, spheroid.SemiMinorAxis, list};
       }
       seen.push_back(std::move(spheroid));
@@ -123,11 +133,13 @@ void AddSpheroidOptions(CLI::App& command, SpheroidOptions& options) {
       command
           .add_option("--spheroid", options.spheroid,
                       "Compute on this spheroid instead of the data's own; 'tessarine spheroids' lists them")
-          ->type_name("NAME|CODE");
+          ->type_name("NAME|CODE")
+          ->check(NotEmpty());
   command
       .add_option("--radii", options.radii,
                   "Compute on a spheroid of these radii in metres: semi-major (equatorial), semi-minor (polar)")
       ->type_name("A,B")
+      ->check(NotEmpty())
       ->excludes(spheroid);
 }
 
