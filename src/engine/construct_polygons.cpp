@@ -1,10 +1,12 @@
 // Construction of polygons from the regions between lines.
 #include <algorithm>
 #include <cmath>
+#include <optional>
 #include <tuple>
 
 #include "engine/geos_bridge.h"
 #include "engine/line_cluster.h"
+#include "engine/planar_areas.h"
 #include "platform/fault.h"
 #include "platform/feature_construction.h"
 
@@ -37,20 +39,38 @@ auto OrderOf(const Region& region) {
   return std::tuple(region.box.XMin(), region.box.YMin(), region.box.XMax(), region.box.YMax(), region.area);
 }
 
-std::vector<Region> RegionsBetween(const LineList& noded) {
+std::vector<std::vector<std::shared_ptr<Path>>> FacesByGeos(const LineList& noded) {
   std::vector<GeosGeometry> members;
   members.reserve(noded.size());
-  for (const std::vector<XY>& line : noded) members.push_back(LineToGeos(line));
+  for (const std::vector<XY>& line : noded) {
+    if (line.size() > 1) members.push_back(LineToGeos(line));
+  }
   const GeosGeometry lines = CollectionToGeos(GEOS_MULTILINESTRING, std::move(members));
-  const GEOSGeometry* const input = lines.get();
+  // GEOS wants lines that end where they meet.
+  const GeosGeometry pieces = Checked(GEOSUnaryUnion_r(Geos(), lines.get()));
+  const GEOSGeometry* const input = pieces.get();
   const GeosGeometry faces = Checked(GEOSPolygonize_r(Geos(), &input, 1));
+  std::vector<std::vector<std::shared_ptr<Path>>> polygons;
+  ForEachMember(faces.get(), [&](const GEOSGeometry* face, int) { polygons.push_back(RingsFromGeos(face)); });
+  return polygons;
+}
+
+std::vector<std::vector<std::shared_ptr<Path>>> PolygonsBetween(const LineList& noded) {
+  std::optional<AreaList> faces = FacesBetween(noded);
+  if (!faces) return FacesByGeos(noded);
+  std::vector<std::vector<std::shared_ptr<Path>>> polygons;
+  for (AreaRings& rings : *faces) polygons.push_back(PartsOf({std::move(rings)}));
+  return polygons;
+}
+
+std::vector<Region> RegionsBetween(const LineList& noded) {
   std::vector<Region> regions;
-  ForEachMember(faces.get(), [&](const GEOSGeometry* face, int) {
+  for (auto& parts : PolygonsBetween(noded)) {
     auto polygon = std::make_shared<Polygon>();
-    polygon->SetParts(RingsFromGeos(face));
+    polygon->SetParts(std::move(parts));
     polygon->MarkSimple();
     regions.push_back({polygon, polygon->Envelope(), polygon->Area()});
-  });
+  }
   std::ranges::sort(regions, {}, OrderOf);
   return regions;
 }

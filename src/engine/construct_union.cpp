@@ -3,19 +3,31 @@
 #include <iterator>
 #include <memory>
 #include <numeric>
+#include <optional>
 
+#include "engine/box_tree.h"
 #include "engine/geos_bridge.h"
+#include "engine/planar_areas.h"
 
 namespace tessarine {
 namespace {
 
 using namespace engine;
 
+using PathRef = std::shared_ptr<Path>;
+using Member = std::shared_ptr<const PartedShape>;
+
 struct BagMembers {
-  std::vector<GeosGeometry> shapes;
-  GeometryRef only;  // the member, while there is just one
+  std::vector<Member> shapes;
   SpatialReferenceRef reference;
 };
+
+Member Simplified(const Member& shape) {
+  if (shape->IsKnownSimple()) return shape;
+  const auto copy = CloneOf(*shape);
+  copy->Simplify();
+  return copy;
+}
 
 BagMembers CollectMembers(IEnumGeometry& geometries, esriGeometryType type) {
   BagMembers members;
@@ -23,9 +35,7 @@ BagMembers CollectMembers(IEnumGeometry& geometries, esriGeometryType type) {
   while (const GeometryRef member = geometries.Next()) {
     if (member->GeometryType() != type) continue;
     if (!members.reference) members.reference = member->SpatialReference();
-    if (member->IsEmpty()) continue;
-    members.only = members.shapes.empty() ? member : nullptr;
-    members.shapes.push_back(ToGeos(*member));
+    if (!member->IsEmpty()) members.shapes.push_back(Simplified(Cast<PartedShape>(member)));
   }
   return members;
 }
@@ -34,92 +44,86 @@ BagMembers CollectMembers(IEnumGeometry& geometries, esriGeometryType type) {
 // group is united on its own; a union of everything at once would cost far more.
 class Groups {
  public:
-  explicit Groups(std::vector<GeosGeometry> shapes) : shapes_(std::move(shapes)), parents_(shapes_.size()) {
-    std::iota(parents_.begin(), parents_.end(), std::size_t{0});
-    Join();
+  explicit Groups(const std::vector<Member>& shapes) : shapes_(shapes), parents_(shapes.size()) {
+    std::iota(parents_.begin(), parents_.end(), 0U);
+    std::vector<Box> boxes;
+    boxes.reserve(shapes.size());
+    for (const Member& shape : shapes) boxes.push_back(Box::Of(shape->Envelope()));
+    BoxTree(boxes).Pairs([this](std::uint32_t first, std::uint32_t second) { Unite(first, second); });
   }
 
-  /// The groups in the order of their first members, each as one collection.
-  std::vector<GeosGeometry> Take() {
-    std::vector<std::vector<GeosGeometry>> groups(shapes_.size());
-    for (std::size_t at = 0; at < shapes_.size(); ++at) groups[RootOf(at)].push_back(std::move(shapes_[at]));
-    std::vector<GeosGeometry> collections;
-    for (std::vector<GeosGeometry>& group : groups) {
-      if (!group.empty()) collections.push_back(CollectionToGeos(GEOS_GEOMETRYCOLLECTION, std::move(group)));
-    }
-    return collections;
+  /// In the order of their first members.
+  std::vector<std::vector<Member>> Take() {
+    std::vector<std::vector<Member>> groups(shapes_.size());
+    for (std::uint32_t at = 0; at < shapes_.size(); ++at) groups[RootOf(at)].push_back(shapes_[at]);
+    std::erase_if(groups, [](const std::vector<Member>& group) { return group.empty(); });
+    return groups;
   }
 
  private:
-  struct TreeDestroy {
-    void operator()(GEOSSTRtree* tree) const { GEOSSTRtree_destroy_r(Geos(), tree); }
-  };
-  struct Query {
-    Groups* groups;
-    std::size_t member;
-  };
-
-  void Join() {
-    constexpr std::size_t kNodeCapacity = 10;
-    const std::unique_ptr<GEOSSTRtree, TreeDestroy> tree(GEOSSTRtree_create_r(Geos(), kNodeCapacity));
-    for (std::size_t at = 0; at < shapes_.size(); ++at) {
-      GEOSSTRtree_insert_r(Geos(), tree.get(), shapes_[at].get(), &parents_[at]);
-    }
-    for (std::size_t at = 0; at < shapes_.size(); ++at) {
-      Query query{this, at};
-      GEOSSTRtree_query_r(
-          Geos(), tree.get(), shapes_[at].get(),
-          [](void* item, void* data) {
-            const auto* asked = static_cast<Query*>(data);
-            const auto found =
-                static_cast<std::size_t>(static_cast<std::size_t*>(item) - asked->groups->parents_.data());
-            asked->groups->Unite(asked->member, found);
-          },
-          &query);
-    }
-  }
-
-  std::size_t RootOf(std::size_t member) {
+  std::uint32_t RootOf(std::uint32_t member) {
     while (parents_[member] != member) member = parents_[member] = parents_[parents_[member]];
     return member;
   }
   // The first member of a group stays its root, so that the order is that of the members.
-  void Unite(std::size_t first, std::size_t second) {
-    const std::size_t root = RootOf(first), other = RootOf(second);
+  void Unite(std::uint32_t first, std::uint32_t second) {
+    const std::uint32_t root = RootOf(first), other = RootOf(second);
     parents_[std::max(root, other)] = std::min(root, other);
   }
 
-  std::vector<GeosGeometry> shapes_;
-  std::vector<std::size_t> parents_;
+  const std::vector<Member>& shapes_;
+  std::vector<std::uint32_t> parents_;
 };
 
-std::vector<std::shared_ptr<Path>> UnitedAreas(const GEOSGeometry* group) {
-  return RingsFromGeos(Checked(GEOSUnaryUnion_r(Geos(), group)).get());
+GeosGeometry UnionByGeos(const std::vector<Member>& group) {
+  std::vector<GeosGeometry> shapes;
+  for (const Member& member : group) shapes.push_back(ToGeos(*member));
+  return Checked(GEOSUnaryUnion_r(Geos(), CollectionToGeos(GEOS_GEOMETRYCOLLECTION, std::move(shapes)).get()));
+}
+
+std::vector<PathRef> AreaOf(const PartedShape& polygon) {
+  std::vector<const Path*> rings;
+  for (const PathRef& part : polygon.Parts()) rings.push_back(part.get());
+  std::vector<PathRef> parts;
+  const auto append = [&](const Path& ring) { parts.push_back(std::make_shared<Ring>(DensifiedVertices(ring))); };
+  for (const NestedRings::Shell& shell : NestRings(rings).shells) {
+    append(*shell.ring);
+    for (const Path* hole : shell.holes) append(*hole);
+  }
+  return parts;
+}
+
+std::vector<PathRef> UnitedAreas(const std::vector<Member>& group) {
+  if (group.size() == 1) return AreaOf(*group.front());
+  LineList rings;
+  for (const Member& member : group) {
+    for (const PathRef& part : member->Parts()) rings.push_back(DensifiedVertices(*part));
+  }
+  if (const std::optional<LineList> noded = WithCrossings(std::move(rings))) {
+    if (std::optional<AreaList> areas = CoveredAreas(*noded)) return PartsOf(std::move(*areas));
+  }
+  return RingsFromGeos(UnionByGeos(group).get());
 }
 
 // The union splits lines wherever they meet. Pieces that follow each other without a branch are one path again; the
 // direction of the lines stays.
-std::vector<std::shared_ptr<Path>> UnitedLines(const GEOSGeometry* group) {
-  const GeosGeometry pieces = Checked(GEOSUnaryUnion_r(Geos(), group));
-  return PathsFromGeos(Checked(GEOSLineMergeDirected_r(Geos(), pieces.get())).get());
+std::vector<PathRef> UnitedLines(const std::vector<Member>& group) {
+  return PathsFromGeos(Checked(GEOSLineMergeDirected_r(Geos(), UnionByGeos(group).get())).get());
 }
 
 }  // namespace
 
 void PartedShape::ConstructUnion(IEnumGeometry& geometries) {
-  BagMembers members = CollectMembers(geometries, GeometryType());
+  const BagMembers members = CollectMembers(geometries, GeometryType());
   if (members.reference) SetSpatialReference(members.reference);
-  if (members.shapes.empty()) {
-    SetParts({});
-  } else if (members.only) {
-    const auto copy = Cast<PartedShape>(ObjectRef(members.only->Clone()));
-    copy->Simplify();
+  if (members.shapes.size() == 1) {
+    const auto copy = CloneOf(*members.shapes.front());
     SetParts({copy->Parts().begin(), copy->Parts().end()});
   } else {
-    std::vector<std::shared_ptr<Path>> parts;
-    for (const GeosGeometry& group : Groups(std::move(members.shapes)).Take()) {
-      auto united = GeometryType() == esriGeometryPolygon ? UnitedAreas(group.get()) : UnitedLines(group.get());
-      std::ranges::move(united, std::back_inserter(parts));
+    std::vector<PathRef> parts;
+    for (const std::vector<Member>& group : Groups(members.shapes).Take()) {
+      std::ranges::move(GeometryType() == esriGeometryPolygon ? UnitedAreas(group) : UnitedLines(group),
+                        std::back_inserter(parts));
     }
     SetParts(std::move(parts));
   }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "engine/box_tree.h"
 #include "engine/engine_fault.h"
 
 namespace tessarine::engine {
@@ -116,48 +117,6 @@ std::vector<XY> DensifiedVertices(const Path& path) {
   return result;
 }
 
-// The boxes of rings, for those that hold a place.
-class BoxTree {
- public:
-  /// The boxes in the order of `order`.
-  BoxTree(const std::vector<Nested>& rings, const std::vector<std::size_t>& order) : places_(order.size()) {
-    constexpr std::size_t kNodeCapacity = 10;
-    tree_.reset(GEOSSTRtree_create_r(Geos(), kNodeCapacity));
-    for (std::size_t place = 0; place < order.size(); ++place) {
-      places_[place] = place;
-      boxes_.push_back(RectangleToGeos(rings[order[place]].box));
-      GEOSSTRtree_insert_r(Geos(), tree_.get(), boxes_.back().get(), &places_[place]);
-    }
-  }
-
-  /// The places in the order of the boxes that hold the probe and stand before `end`, the last first.
-  std::vector<std::size_t> Holding(XY probe, std::size_t end) const {
-    struct Answer {
-      std::size_t end;
-      std::vector<std::size_t> found;
-    } answer{end, {}};
-    const GeosGeometry point = Checked(GEOSGeom_createPointFromXY_r(Geos(), probe.x, probe.y));
-    GEOSSTRtree_query_r(
-        Geos(), tree_.get(), point.get(),
-        [](void* item, void* data) {
-          auto* asked = static_cast<Answer*>(data);
-          if (const std::size_t place = *static_cast<std::size_t*>(item); place < asked->end)
-            asked->found.push_back(place);
-        },
-        &answer);
-    std::ranges::sort(answer.found, std::greater());
-    return std::move(answer.found);
-  }
-
- private:
-  struct Destroy {
-    void operator()(GEOSSTRtree* tree) const { GEOSSTRtree_destroy_r(Geos(), tree); }
-  };
-  std::vector<std::size_t> places_;
-  std::vector<GeosGeometry> boxes_;
-  std::unique_ptr<GEOSSTRtree, Destroy> tree_;
-};
-
 NestedRings NestRings(const std::vector<const Path*>& rings) {
   NestedRings result;
   if (rings.size() == 1) {
@@ -175,14 +134,22 @@ NestedRings NestRings(const std::vector<const Path*>& rings) {
   std::vector<std::size_t> order(nested.size());
   for (std::size_t index = 0; index < order.size(); ++index) order[index] = index;
   std::ranges::stable_sort(order, [&](std::size_t a, std::size_t b) { return nested[a].area > nested[b].area; });
-  const BoxTree boxes(nested, order);
+  std::vector<Box> boxes;
+  for (const std::size_t index : order) boxes.push_back(Box::Of(nested[index].box));
+  const BoxTree tree(boxes);
+  std::vector<std::uint32_t> before;
   for (std::size_t place = 0; place < order.size(); ++place) {
     Nested& inner = nested[order[place]];
     const XY probe = Probe(inner.closed);
-    for (const std::size_t before : boxes.Holding(probe, place)) {
-      const Nested& outer = nested[order[before]];
+    before.clear();
+    tree.Meeting(Box::Of(probe), [&](std::uint32_t other) {
+      if (other < place) before.push_back(other);
+    });
+    std::ranges::sort(before, std::greater());
+    for (const std::uint32_t candidate : before) {
+      const Nested& outer = nested[order[candidate]];
       if (!Covers(outer.box, inner.box) || !outer.closed.Encloses(probe)) continue;
-      inner.parent = static_cast<std::ptrdiff_t>(order[before]);
+      inner.parent = static_cast<std::ptrdiff_t>(order[candidate]);
       inner.depth = outer.depth + 1;
       break;
     }

@@ -5,7 +5,7 @@
 #include <span>
 #include <vector>
 
-#include "engine/geos_bridge.h"
+#include "engine/turn.h"
 #include "platform/fault.h"
 
 namespace tessarine {
@@ -47,7 +47,7 @@ class Rings {
     }
     if ((from.y > place.y) == (to.y > place.y)) return Crossing::None;
     if (from.x < place.x && to.x < place.x) return Crossing::None;
-    const int turn = GEOSOrientationIndex_r(Geos(), from.x, from.y, to.x, to.y, place.x, place.y);
+    const int turn = Turn(from, to, place);
     if (turn == 0) return Crossing::Touches;
     return (turn > 0) == (to.y > from.y) ? Crossing::Right : Crossing::None;
   }

@@ -3,7 +3,10 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
-#include <map>
+#include <optional>
+
+#include "engine/box_tree.h"
+#include "engine/geos_bridge.h"
 
 namespace tessarine::engine {
 namespace {
@@ -49,43 +52,32 @@ bool SettleVertices(LineList& lines, PlaceCluster& cluster) {
 
 struct SegmentKey {
   std::size_t line, start;
-};
-
-struct TreeRelease {
-  void operator()(GEOSSTRtree* tree) const { GEOSSTRtree_destroy_r(Geos(), tree); }
+  auto operator<=>(const SegmentKey&) const = default;
 };
 
 // The segments of all lines, found by place.
 class SegmentIndex {
  public:
-  explicit SegmentIndex(const LineList& lines) : tree_(GEOSSTRtree_create_r(Geos(), kNodeCapacity)) {
+  explicit SegmentIndex(const LineList& lines) {
+    std::vector<Box> boxes;
     for (std::size_t line = 0; line < lines.size(); ++line) {
-      for (std::size_t start = 0; start + 1 < lines[line].size(); ++start) keys_.push_back({line, start});
+      for (std::size_t start = 0; start + 1 < lines[line].size(); ++start) {
+        keys_.push_back({line, start});
+        boxes.push_back(Box::Of(lines[line][start], lines[line][start + 1]));
+      }
     }
-    boxes_.reserve(keys_.size());
-    for (SegmentKey& key : keys_) {
-      boxes_.push_back(LineToGeos({lines[key.line][key.start], lines[key.line][key.start + 1]}));
-      GEOSSTRtree_insert_r(Geos(), tree_.get(), boxes_.back().get(), &key);
-    }
+    tree_ = BoxTree(boxes);
   }
 
   template <class Visit>
   void NearTo(XY place, double distance, Visit&& visit) const {
-    const GeosGeometry box =
-        RectangleToGeos({place.x - distance, place.y - distance, place.x + distance, place.y + distance});
-    GEOSSTRtree_query_r(
-        Geos(), tree_.get(), box.get(),
-        [](void* item, void* self) {
-          (*static_cast<std::remove_reference_t<Visit>*>(self))(*static_cast<SegmentKey*>(item));
-        },
-        &visit);
+    tree_.Meeting({place.x - distance, place.y - distance, place.x + distance, place.y + distance},
+                  [&](std::uint32_t number) { visit(keys_[number]); });
   }
 
  private:
-  static constexpr std::size_t kNodeCapacity = 10;
   std::vector<SegmentKey> keys_;
-  std::vector<GeosGeometry> boxes_;
-  std::unique_ptr<GEOSSTRtree, TreeRelease> tree_;
+  BoxTree tree_;
 };
 
 std::vector<XY> DistinctVertices(const LineList& lines) {
@@ -121,37 +113,50 @@ void AppendWay(XY from, XY to, const std::vector<XY>& candidates, double toleran
   AppendWay(*nearest, to, others, tolerance, line);
 }
 
-// Leads segments through the vertices that they pass within the tolerance. True when a line changed.
-bool LeadThroughVertices(LineList& lines, double tolerance) {
+// A vertex that a segment passes.
+struct Passed {
+  SegmentKey segment;
+  XY vertex;
+};
+
+std::vector<Passed> PassedVertices(const LineList& lines, double tolerance) {
   const SegmentIndex index(lines);
-  std::map<std::pair<std::size_t, std::size_t>, std::vector<XY>> candidates;
+  std::vector<Passed> passed;
   for (const XY vertex : DistinctVertices(lines)) {
     index.NearTo(vertex, tolerance, [&](const SegmentKey& key) {
       const XY from = lines[key.line][key.start], to = lines[key.line][key.start + 1];
-      if (LeadsThrough(from, to, vertex, tolerance)) candidates[{key.line, key.start}].push_back(vertex);
+      if (LeadsThrough(from, to, vertex, tolerance)) passed.push_back({key, vertex});
     });
   }
-  for (auto segment = candidates.begin(); segment != candidates.end();) {
-    const std::size_t number = segment->first.first;
+  std::ranges::stable_sort(passed, {}, &Passed::segment);
+  return passed;
+}
+
+// Leads segments through the vertices that they pass within the tolerance. True when a line changed.
+bool LeadThroughVertices(LineList& lines, double tolerance) {
+  const std::vector<Passed> passed = PassedVertices(lines, tolerance);
+  for (auto next = passed.begin(); next != passed.end();) {
+    const std::size_t number = next->segment.line;
     const std::vector<XY> old = std::move(lines[number]);
-    std::vector<XY> line{old.front()};
+    std::vector<XY> line{old.front()}, candidates;
     for (std::size_t start = 0; start + 1 < old.size(); ++start) {
-      if (segment != candidates.end() && segment->first == std::pair(number, start)) {
-        AppendWay(old[start], old[start + 1], segment->second, tolerance, line);
-        ++segment;
-      } else {
-        line.push_back(old[start + 1]);
+      candidates.clear();
+      for (; next != passed.end() && next->segment == SegmentKey{number, start}; ++next) {
+        candidates.push_back(next->vertex);
       }
+      AppendWay(old[start], old[start + 1], candidates, tolerance, line);
     }
     lines[number] = std::move(line);
   }
-  return !candidates.empty();
+  return !passed.empty();
 }
 
-LineList SplitAtCrossings(const LineList& lines) {
+LineList SplitByGeos(const LineList& lines) {
   std::vector<GeosGeometry> members;
   members.reserve(lines.size());
-  for (const std::vector<XY>& line : lines) members.push_back(LineToGeos(line));
+  for (const std::vector<XY>& line : lines) {
+    if (line.size() > 1) members.push_back(LineToGeos(line));
+  }
   const GeosGeometry all = CollectionToGeos(GEOS_MULTILINESTRING, std::move(members));
   const GeosGeometry noded = Checked(GEOSUnaryUnion_r(Geos(), all.get()));
   LineList split;
@@ -159,6 +164,12 @@ LineList SplitAtCrossings(const LineList& lines) {
     if (type == GEOS_LINESTRING && GEOSisEmpty_r(Geos(), member) == 0) split.push_back(VerticesFromGeos(member));
   });
   return split;
+}
+
+void SplitAtCrossings(LineList& lines) {
+  std::optional<LineList> split = WithCrossings(lines);
+  lines = split ? std::move(*split) : SplitByGeos(lines);
+  std::erase_if(lines, [](const std::vector<XY>& line) { return line.size() < 2; });
 }
 
 // The tolerance, or 0 when it is finer than the coordinates themselves.
@@ -204,17 +215,20 @@ XY PlaceCluster::Settle(XY place) {
 
 LineList NodeLines(LineList lines, double tolerance) {
   tolerance = Perceptible(tolerance, lines);
-  if (tolerance == 0.0) return SplitAtCrossings(lines);
+  if (tolerance == 0.0) {
+    SplitAtCrossings(lines);
+    return lines;
+  }
   PlaceCluster cluster(tolerance);
   SettleVertices(lines, cluster);
-  LineList split = SplitAtCrossings(lines);
+  SplitAtCrossings(lines);
   for (int round = 0; round < kMostRounds; ++round) {
-    const bool settled = SettleVertices(split, cluster);
-    const bool led = LeadThroughVertices(split, tolerance);
+    const bool settled = SettleVertices(lines, cluster);
+    const bool led = LeadThroughVertices(lines, tolerance);
     if (!settled && !led) break;
-    split = SplitAtCrossings(split);
+    SplitAtCrossings(lines);
   }
-  return split;
+  return lines;
 }
 
 }  // namespace tessarine::engine

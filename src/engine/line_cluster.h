@@ -5,7 +5,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "engine/geos_bridge.h"
+#include "engine/noding.h"
 
 namespace tessarine::engine {
 
@@ -32,10 +32,8 @@ class PlaceCluster {
   std::unordered_map<Cell, std::vector<XY>, CellHash> cells_;
 };
 
-using LineList = std::vector<std::vector<XY>>;
-
-/// The lines, split where they meet, with places within the tolerance of each other made one and lines led through
-/// the vertices that they pass within it. Lines that shrink to a place are gone.
+/// The lines, with a vertex wherever they meet, places within the tolerance of each other made one, and lines led
+/// through the vertices that they pass within it. Lines that shrink to a place are gone.
 [[nodiscard]] LineList NodeLines(LineList lines, double tolerance);
 
 }  // namespace tessarine::engine

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <vector>
 
-#include "engine/geos_bridge.h"
+#include "engine/turn.h"
 
 namespace tessarine::engine {
 namespace {
@@ -13,8 +13,6 @@ struct Side {
   double xmin, xmax;
   std::size_t index;
 };
-
-int Turn(XY a, XY b, XY c) { return GEOSOrientationIndex_r(Geos(), a.x, a.y, b.x, b.y, c.x, c.y); }
 
 bool MayMeet(const Side& first, const Side& second) {
   if (std::max(first.from.y, first.to.y) < std::min(second.from.y, second.to.y)) return false;

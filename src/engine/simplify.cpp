@@ -1,9 +1,12 @@
 // Simplify, for polygons, polylines and multipoints.
 #include <algorithm>
+#include <cmath>
+#include <optional>
 #include <set>
 
 #include "engine/geos_bridge.h"
 #include "engine/plain_ring.h"
+#include "engine/planar_areas.h"
 
 namespace tessarine {
 namespace {
@@ -75,39 +78,66 @@ void Orient(const Path* ring, bool clockwise, const std::vector<PathRef>& parts)
   if ((own->Area() > 0.0) != clockwise) own->ReverseOrientation();
 }
 
-// Even-odd: the faces between all rings, kept where an odd number of rings lies around them.
-std::vector<PathRef> Repair(const std::vector<PathRef>& parts) {
-  std::vector<Ring> rings;
+// The faces between all lines, kept where an odd number of rings lies around them.
+std::vector<PathRef> RepairByFaces(const LineList& rings) {
+  std::vector<Ring> around;
   std::vector<GeosGeometry> lines;
-  for (const PathRef& part : parts) {
-    rings.emplace_back(DensifiedVertices(*part));
-    const auto vertices = rings.back().Vertices();
-    lines.push_back(LineToGeos({vertices.begin(), vertices.end()}));
+  for (const std::vector<XY>& ring : rings) {
+    around.emplace_back(ring);
+    lines.push_back(LineToGeos(ring));
   }
   const GeosGeometry all = CollectionToGeos(GEOS_MULTILINESTRING, std::move(lines));
-  const GeosGeometry noded = Checked(GEOSUnaryUnion_r(Geos(), all.get()));
-  const GEOSGeometry* const input = noded.get();
+  const GeosGeometry pieces = Checked(GEOSUnaryUnion_r(Geos(), all.get()));
+  const GEOSGeometry* const input = pieces.get();
   const GeosGeometry faces = Checked(GEOSPolygonize_r(Geos(), &input, 1));
   std::vector<GeosGeometry> kept;
   ForEachMember(faces.get(), [&](const GEOSGeometry* face, int) {
     const GeosGeometry inside = Checked(GEOSPointOnSurface_r(Geos(), face));
-    const std::vector<XY> probe = VerticesFromGeos(inside.get());
-    const auto around = std::ranges::count_if(rings, [&](const Ring& ring) { return ring.Encloses(probe.front()); });
-    if (around % 2 != 0) kept.push_back(Checked(GEOSGeom_clone_r(Geos(), face)));
+    const XY probe = VerticesFromGeos(inside.get()).front();
+    const auto count = std::ranges::count_if(around, [&](const Ring& ring) { return ring.Encloses(probe); });
+    if (count % 2 != 0) kept.push_back(Checked(GEOSGeom_clone_r(Geos(), face)));
   });
   if (kept.empty()) return {};
   const GeosGeometry area = CollectionToGeos(GEOS_GEOMETRYCOLLECTION, std::move(kept));
   return RingsFromGeos(Checked(GEOSUnaryUnion_r(Geos(), area.get())).get());
 }
 
+// Even-odd over all rings.
+std::vector<PathRef> EvenOddRings(const LineList& rings) {
+  if (const std::optional<LineList> noded = WithCrossings(rings)) {
+    if (std::optional<AreaList> areas = EvenOddAreas(*noded)) return PartsOf(std::move(*areas));
+  }
+  return RepairByFaces(rings);
+}
+
+// Where a ring crosses itself by rounding alone, a sliver is left that no grid of its reference could hold.
+std::vector<PathRef> Repair(const std::vector<PathRef>& parts, double resolution) {
+  LineList rings;
+  for (const PathRef& part : parts) rings.push_back(DensifiedVertices(*part));
+  std::vector<PathRef> mended = EvenOddRings(rings);
+  std::erase_if(mended, [&](const PathRef& part) {
+    return std::fabs(Cast<Ring>(part)->Area()) * 2.0 <= resolution * part->Length();
+  });
+  return mended;
+}
+
 bool SameParts(std::span<const PathRef> first, const std::vector<PathRef>& second) {
   return std::ranges::equal(first, second);
 }
 
+double ResolutionOf(const IGeometry& shape) {
+  const SpatialReferenceRef reference = shape.SpatialReference();
+  return reference && reference->XYToleranceValid() ? reference->XYResolution() : 0.0;
+}
+
 void SimplifyPolygon(PartedShape& polygon) {
   std::vector<PathRef> parts = UsableParts(polygon, true);
-  if (parts.size() == 1 && !parts.front()->HasCurves() && IsPlainRing(parts.front()->Vertices())) {
-    Orient(parts.front().get(), true, parts);
+  if (parts.size() == 1 && !parts.front()->HasCurves()) {
+    if (IsPlainRing(parts.front()->Vertices())) {
+      Orient(parts.front().get(), true, parts);
+    } else {
+      parts = Repair(parts, ResolutionOf(polygon));
+    }
   } else if (!parts.empty()) {
     const NestedRings nested = NestRings(Pointers(parts));
     if (CheckedFlag(GEOSisValid_r(Geos(), NestedToGeos(nested).get()))) {
@@ -116,7 +146,7 @@ void SimplifyPolygon(PartedShape& polygon) {
         for (const Path* hole : shell.holes) Orient(hole, false, parts);
       }
     } else {
-      parts = Repair(parts);
+      parts = Repair(parts, ResolutionOf(polygon));
     }
   }
   if (!SameParts(polygon.Parts(), parts)) polygon.SetParts(std::move(parts));

@@ -1,0 +1,21 @@
+// Lines that meet at vertices only.
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include "platform/geometry_types.h"
+
+namespace tessarine::engine {
+
+using LineList = std::vector<std::vector<XY>>;
+
+/// The lines with a vertex wherever they meet themselves or each other, so that any two of their segments have nothing
+/// in common but ends, or are the same segment, whichever way it runs. Repeated vertices are gone; a line may shrink to
+/// one vertex. Old vertices stay bit for bit; a crossing is rounded once.
+///
+/// Nothing where that can't be reached so simply: for coordinates that aren't finite or beyond 1e100, or where lines
+/// run so near to each other that the rounding of a crossing brings new ones.
+[[nodiscard]] std::optional<LineList> WithCrossings(LineList lines);
+
+}  // namespace tessarine::engine

@@ -1,0 +1,34 @@
+// Areas made of the faces between lines.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include "engine/noding.h"
+#include "platform/geometry.h"
+
+namespace tessarine::engine {
+
+/// The rings of one polygon, closed: the exterior one, clockwise, then its holes, counter-clockwise. Each ring starts
+/// at its vertex of least x (then y) and passes no place twice; holes stand in the order of their first vertices.
+using AreaRings = std::vector<std::vector<XY>>;
+using AreaList = std::vector<AreaRings>;
+
+// All take lines as `WithCrossings` answers them, and keep all vertices. The result doesn't depend on the order of the
+// lines, and polygons come in the order of the first vertices of their exterior rings. Nothing is answered where the
+// lines turn out not to be what they should be.
+
+/// One polygon for each bounded face. Lines that bound nothing are left out.
+[[nodiscard]] std::optional<AreaList> FacesBetween(const LineList& lines);
+
+/// What lies within an odd number of the closed lines.
+[[nodiscard]] std::optional<AreaList> EvenOddAreas(const LineList& rings);
+
+/// What lies in at least one of many valid polygons, whose rings keep the inside at their right.
+[[nodiscard]] std::optional<AreaList> CoveredAreas(const LineList& rings);
+
+/// All rings of the areas, as the parts of one polygon.
+[[nodiscard]] std::vector<std::shared_ptr<Path>> PartsOf(AreaList areas);
+
+}  // namespace tessarine::engine
