@@ -29,7 +29,13 @@ double PolygonRecord::SphericalArea() {
 }
 
 double PolygonRecord::SpheroidalPerimeter() {
-  return geodesy::SpheroidalPolylineLength2(geodesy::PolygonToPolyline(GeographicPolygon()), settings_.SemiMajor,
+  const std::shared_ptr<Polygon>& polygon = GeographicPolygon();
+  // A single simple ring becomes the only path of the polyline as it stands.
+  if (polygon->GeometryCount() == 1 && !polygon->HasCurves() && polygon->IsSimple()) {
+    return geodesy::SpheroidalPolylineLength2(polygon->Parts().front()->Vertices(), settings_.SemiMajor,
+                                              settings_.SemiMinor);
+  }
+  return geodesy::SpheroidalPolylineLength2(geodesy::PolygonToPolyline(polygon), settings_.SemiMajor,
                                             settings_.SemiMinor);
 }
 

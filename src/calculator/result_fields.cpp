@@ -1,6 +1,9 @@
 #include "calculator/result_fields.h"
 
+#include <algorithm>
+
 #include "platform/host.h"
+#include "platform/text_formats.h"
 #include "support/attempt.h"
 
 namespace tessarine {
@@ -48,9 +51,13 @@ FieldRef NewResultField(const std::string& name) {
 }
 
 std::unique_ptr<std::string> MakeMissingFields(IFeatureClass& features, const std::vector<std::string>& names) {
+  std::vector<FieldRef> missing;
   for (const std::string& name : names) {
-    if (features.FindField(name) >= 0) continue;
-    MyGeneralOperations::Attempt([&] { features.AddField(NewResultField(name)); });
+    const auto same = [&](const FieldRef& field) { return EqualsIgnoringCase(field->Name, name); };
+    if (features.FindField(name) < 0 && std::ranges::none_of(missing, same)) missing.push_back(NewResultField(name));
+  }
+  if (!missing.empty()) MyGeneralOperations::Attempt([&] { features.AddFields(missing); });
+  for (const std::string& name : names) {
     if (features.FindField(name) < 0) return std::make_unique<std::string>(name);
   }
   return nullptr;

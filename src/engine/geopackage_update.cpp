@@ -1,9 +1,11 @@
 // Columns of a GeoPackage table, changed by SQL. Unlike OGR's own way it leaves the shape's column alone, so neither
 // the shape nor the spatial index is written.
+#include <sqlite3.h>
+
 #include <algorithm>
-#include <array>
-#include <charconv>
+#include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "engine/attribute_update.h"
@@ -13,23 +15,29 @@
 namespace tessarine::engine {
 namespace {
 
+struct Finalize {
+  void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
+};
+using Statement = std::unique_ptr<sqlite3_stmt, Finalize>;
+
 std::string Identifier(const std::string& name) { return "\"" + Replace(name, "\"", "\"\"") + "\""; }
 std::string Literal(const std::string& text) { return "'" + Replace(text, "'", "''") + "'"; }
 
-template <class Number, class... Format>
-void AppendNumber(std::string& sql, Number number, Format... format) {
-  std::array<char, 48> room;
-  const auto end = std::to_chars(room.data(), room.data() + room.size(), number, format...);
-  sql.append(room.data(), end.ptr);
+// The connection of a dataset that GDAL has open. Nothing when GDAL was built with a SQLite of its own.
+sqlite3* ConnectionOf(GDALDataset& dataset) {
+  const GdalErrorScope quiet;
+  OGRLayer* answer = dataset.ExecuteSQL("SELECT sqlite_source_id()", nullptr, nullptr);
+  if (answer == nullptr) return nullptr;
+  const OGRFeatureUniquePtr row(answer->GetNextFeature());
+  const bool same = row && std::string_view(row->GetFieldAsString(0)) == sqlite3_sourceid();
+  dataset.ReleaseResultSet(answer);
+  return same ? static_cast<sqlite3*>(dataset.GetInternalHandle("SQLITE_HANDLE")) : nullptr;
 }
-
-// A statement for each row would cost more than its work; so many rows go into one.
-constexpr int kRowsPerStatement = 400;
 
 class GeoPackageUpdate final : public AttributeUpdate {
  public:
-  GeoPackageUpdate(GDALDataset& dataset, OGRLayer& layer)
-      : dataset_(dataset), table_(layer.GetName()), key_(Identifier(layer.GetFIDColumn())) {
+  GeoPackageUpdate(sqlite3* connection, OGRLayer& layer)
+      : connection_(connection), table_(layer.GetName()), key_(Identifier(layer.GetFIDColumn())) {
     const OGRFeatureDefn& definition = *layer.GetLayerDefn();
     for (int index = 0; index < definition.GetFieldCount(); ++index) {
       columns_.push_back(Identifier(definition.GetFieldDefn(index)->GetNameRef()));
@@ -41,29 +49,22 @@ class GeoPackageUpdate final : public AttributeUpdate {
     for (const int index : attributes) {
       if (!IsWritable(feature.GetFieldDefnRef(index)->GetType())) return false;
     }
-    if (!std::ranges::equal(attributes, held_attributes_)) {
-      ExecuteHeld();
-      held_attributes_.assign(attributes.begin(), attributes.end());
-    }
-    values_ += held_rows_ == 0 ? "(" : ",(";
-    AppendNumber(values_, static_cast<long long>(feature.GetFID()));
-    for (const int index : attributes) {
-      values_ += ',';
-      AppendValue(feature, index);
-    }
-    values_ += ')';
-    if (++held_rows_ >= kRowsPerStatement) ExecuteHeld();
+    if (!std::ranges::equal(attributes, attributes_)) PrepareFor(attributes);
+    int place = 0;
+    for (const int index : attributes) Bind(++place, feature, index);
+    sqlite3_bind_int64(update_.get(), ++place, feature.GetFID());
+    changed_ = true;
+    Run(*update_);
     return true;
   }
 
   void Finish() override {
-    ExecuteHeld();
     if (!changed_) return;
     changed_ = false;
-    Execute(
-        "UPDATE gpkg_contents SET last_change = strftime('%Y-%m-%dT%H:%M:%fZ', 'now') WHERE lower(table_name) = "
-        "lower(" +
-        Literal(table_) + ")");
+    Run(
+        *Prepared("UPDATE gpkg_contents SET last_change = strftime('%Y-%m-%dT%H:%M:%fZ', 'now') WHERE "
+                  "lower(table_name) = lower(" +
+                  Literal(table_) + ")"));
   }
 
  private:
@@ -71,63 +72,63 @@ class GeoPackageUpdate final : public AttributeUpdate {
     return type == OFTInteger || type == OFTInteger64 || type == OFTReal || type == OFTString;
   }
 
-  void AppendValue(const OGRFeature& feature, int index) {
+  void PrepareFor(std::span<const int> attributes) {
+    std::string sql = "UPDATE " + Identifier(table_) + " SET ";
+    for (const int index : attributes) sql += columns_[static_cast<std::size_t>(index)] + " = ?, ";
+    sql.resize(sql.size() - 2);
+    update_ = Prepared(sql + " WHERE " + key_ + " = ?");
+    attributes_.assign(attributes.begin(), attributes.end());
+  }
+
+  // The values live as long as the feature, and the statement runs at once.
+  void Bind(int place, const OGRFeature& feature, int index) {
     if (feature.IsFieldSetAndNotNull(index) == 0) {
-      values_ += "NULL";
+      sqlite3_bind_null(update_.get(), place);
       return;
     }
     switch (feature.GetFieldDefnRef(index)->GetType()) {
       case OFTInteger:
       case OFTInteger64:
-        AppendNumber(values_, static_cast<long long>(feature.GetFieldAsInteger64(index)));
+        sqlite3_bind_int64(update_.get(), place, feature.GetFieldAsInteger64(index));
         return;
       case OFTReal:
-        // With 17 digits SQLite reads back the very same double; the exponent keeps whole numbers real.
-        AppendNumber(values_, feature.GetFieldAsDouble(index), std::chars_format::scientific, 16);
+        sqlite3_bind_double(update_.get(), place, feature.GetFieldAsDouble(index));
         return;
       default:
-        values_ += Literal(feature.GetFieldAsString(index));
+        sqlite3_bind_text(update_.get(), place, feature.GetFieldAsString(index), -1, SQLITE_TRANSIENT);
     }
   }
 
-  // UPDATE table SET a = held.column2, b = held.column3 FROM (VALUES (key, a, b), ...) AS held WHERE ...
-  void ExecuteHeld() {
-    if (held_rows_ == 0) return;
-    std::string sql = "UPDATE " + Identifier(table_) + " SET ";
-    int column = 1;
-    for (const int index : held_attributes_) {
-      if (column > 1) sql += ", ";
-      sql += columns_[static_cast<std::size_t>(index)] + " = held_rows.column" + std::to_string(++column);
-    }
-    sql +=
-        " FROM (VALUES " + values_ + ") AS held_rows WHERE " + Identifier(table_) + "." + key_ + " = held_rows.column1";
-    values_.clear();
-    held_rows_ = 0;
-    changed_ = true;
-    Execute(sql);
+  [[nodiscard]] Statement Prepared(const std::string& sql) const {
+    sqlite3_stmt* statement = nullptr;
+    if (sqlite3_prepare_v2(connection_, sql.c_str(), -1, &statement, nullptr) != SQLITE_OK) RaiseFailure();
+    return Statement(statement);
   }
 
-  void Execute(const std::string& sql) {
-    const GdalErrorScope errors;
-    OGRLayer* result = dataset_.ExecuteSQL(sql.c_str(), nullptr, nullptr);
-    if (result != nullptr) dataset_.ReleaseResultSet(result);
-    if (errors.Failed()) RaiseEngineFault("Rows of '" + table_ + "' can't be written" + errors.Quote() + ".");
+  void Run(sqlite3_stmt& statement) const {
+    const bool done = sqlite3_step(&statement) == SQLITE_DONE;
+    if (!done) RaiseFailure();
+    sqlite3_reset(&statement);
   }
 
-  GDALDataset& dataset_;
+  [[noreturn]] void RaiseFailure() const {
+    RaiseEngineFault("Rows of '" + table_ + "' can't be written (SQLite says: " + sqlite3_errmsg(connection_) + ").");
+  }
+
+  sqlite3* connection_;
   std::string table_, key_;
   std::vector<std::string> columns_;
-  std::vector<int> held_attributes_;
-  std::string values_;
-  int held_rows_ = 0;
+  std::vector<int> attributes_;  // those of the statement
+  Statement update_;
   bool changed_ = false;
 };
 
 }  // namespace
 
 std::unique_ptr<AttributeUpdate> OpenGeoPackageUpdate(GDALDataset& dataset, OGRLayer& layer) {
-  if (*layer.GetFIDColumn() == '\0') return nullptr;
-  return std::make_unique<GeoPackageUpdate>(dataset, layer);
+  sqlite3* const connection = ConnectionOf(dataset);
+  if (connection == nullptr || *layer.GetFIDColumn() == '\0') return nullptr;
+  return std::make_unique<GeoPackageUpdate>(connection, layer);
 }
 
 }  // namespace tessarine::engine

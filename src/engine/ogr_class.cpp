@@ -1,10 +1,13 @@
 #include "engine/ogr_class.h"
 
+#include <unistd.h>
+
 #include <algorithm>
 #include <filesystem>
 #include <limits>
 
 #include "engine/attribute_update.h"
+#include "engine/dbase_columns.h"
 #include "engine/engine_fault.h"
 #include "engine/ogr_cursor.h"
 #include "engine/ogr_geometry.h"
@@ -80,17 +83,28 @@ void OgrClass::ReadTraits() {
 
 std::int32_t OgrClass::FindField(std::string_view name) const { return Fields()->FindField(name); }
 
-void OgrClass::AddField(const FieldRef& field) {
-  if (field->Name.empty()) RaiseEngineFault("A field without a name can't be added to '" + source_->Path() + "'.");
-  if (FindField(field->Name) >= 0) {
-    RaiseEngineFault("'" + source_->Path() + "' has a field '" + field->Name + "' already: choose another name.");
+void OgrClass::AddFields(std::span<const FieldRef> fields) {
+  if (driver_ == "ESRI Shapefile") {
+    if (const std::size_t added = AddDbaseColumns(*source_, fields); added > 0) {
+      source_->Renew();
+      ReadTraits();
+      fields = fields.subspan(added);
+    }
+  }
+  for (const FieldRef& field : fields) CreateField(*field);
+}
+
+void OgrClass::CreateField(const Field& field) {
+  if (field.Name.empty()) RaiseEngineFault("A field without a name can't be added to '" + source_->Path() + "'.");
+  if (FindField(field.Name) >= 0) {
+    RaiseEngineFault("'" + source_->Path() + "' has a field '" + field.Name + "' already: choose another name.");
   }
   const GdalErrorScope errors;
   {
     const LayerHandle handle = source_->Write();
-    const auto definition = OgrFieldOf(*field, driver_ == "ESRI Shapefile");
+    const auto definition = OgrFieldOf(field, driver_ == "ESRI Shapefile");
     if (handle.Layer().CreateField(definition.get()) != OGRERR_NONE || errors.Failed()) {
-      RaiseEngineFault("The field '" + field->Name + "' can't be added to '" + source_->Path() + "'" + errors.Quote() +
+      RaiseEngineFault("The field '" + field.Name + "' can't be added to '" + source_->Path() + "'" + errors.Quote() +
                        ".");
     }
   }
@@ -100,8 +114,12 @@ void OgrClass::AddField(const FieldRef& field) {
 std::string OgrClass::Name() const { return source_->LayerName(); }
 
 std::string OgrClass::FullName() const {
-  const bool shapefile = driver_ == "ESRI Shapefile";
-  return FromNativePath(shapefile ? source_->Path() : source_->Path() + "/" + source_->LayerName());
+  if (driver_ != "ESRI Shapefile") return FromNativePath(source_->Path() + "/" + source_->LayerName());
+  // A shapefile is a file of its own, even where its folder was opened.
+  fs::path file = source_->Path();
+  if (fs::is_directory(file))
+    file /= source_->LayerName() + (traits_->shape_type == esriGeometryNull ? ".dbf" : ".shp");
+  return FromNativePath(file.string());
 }
 
 std::string OgrClass::Category() const {
@@ -137,6 +155,10 @@ void OgrClass::Delete() {
 
 bool OgrClass::CanBypassEditSession() const {
   if (std::ranges::find(kChangedInPlace, driver_) == std::end(kChangedInPlace)) return false;
+  // SQLite opens a file for writing also where that isn't allowed.
+  std::error_code error;
+  if (fs::exists(source_->Path(), error) && access(source_->Path().c_str(), W_OK) != 0) return false;
+  const GdalErrorScope quiet;
   try {
     const LayerHandle handle = source_->Write();
     return handle.Layer().TestCapability(OLCRandomWrite) != 0;

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -22,7 +23,8 @@ class OgrClass : public virtual IClass,
 
   [[nodiscard]] std::int32_t FindField(std::string_view name) const override;
   [[nodiscard]] FieldsRef Fields() const override { return traits_->fields.fields; }
-  void AddField(const FieldRef& field) override;
+  void AddField(const FieldRef& field) override { AddFields({&field, 1}); }
+  void AddFields(std::span<const FieldRef> fields) override;
 
   [[nodiscard]] std::string Name() const override;
   [[nodiscard]] std::string FullName() const override;
@@ -52,6 +54,7 @@ class OgrClass : public virtual IClass,
 
  private:
   void ReadTraits();
+  void CreateField(const Field& field);
 
   std::shared_ptr<OgrSource> source_;
   std::shared_ptr<const RowTraits> traits_;

@@ -25,7 +25,7 @@ Variant OgrRow::Value(std::int32_t index) const {
 
 void OgrRow::SetValue(std::int32_t index, const Variant& value) {
   if (index == traits_->fields.shape_index) {
-    SetShape(value.AsObject<IGeometry>());
+    SetShape(ShapeOf(value));
     return;
   }
   const int attribute = traits_->fields.OgrIndex(index);
@@ -39,8 +39,12 @@ void OgrRow::SetValue(std::int32_t index, const Variant& value) {
 }
 
 GeometryRef OgrRow::Shape() const {
-  if (!shape_) shape_ = ShapeFromOgr(feature_->GetGeometryRef(), traits_->shape_type, traits_->reference);
+  if (!shape_) shape_ = ReadShape();
   return shape_;
+}
+
+GeometryRef OgrRow::ReadShape() const {
+  return ShapeFromOgr(feature_->GetGeometryRef(), traits_->shape_type, traits_->reference);
 }
 
 void OgrRow::SetShape(const GeometryRef& shape) {
@@ -92,8 +96,9 @@ void OgrFeature::Delete() {
 }
 
 GeometryRef OgrFeature::ShapeCopy() const {
-  const GeometryRef shape = Shape();
-  return shape ? CloneOf(*shape) : nullptr;
+  if (const GeometryRef& known = KnownShape()) return CloneOf(*known);
+  // What is made here belongs to nobody else.
+  return ReadShape();
 }
 
 Envelope OgrFeature::Extent() const {

@@ -51,6 +51,9 @@ class OgrRow : public virtual IFeatureBuffer {
 
  protected:
   [[nodiscard]] const RowTraits& Traits() const { return *traits_; }
+  /// The shape where it was asked for or set before; else nothing.
+  [[nodiscard]] const GeometryRef& KnownShape() const { return shape_; }
+  [[nodiscard]] GeometryRef ReadShape() const;
 
  private:
   std::shared_ptr<const RowTraits> traits_;

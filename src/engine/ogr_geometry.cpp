@@ -272,4 +272,12 @@ std::unique_ptr<OGRGeometry> OgrFromShape(const IGeometry& shape, bool curves_al
   Raise(kTypeMismatch, "Only points, multipoints, polylines and polygons can be stored.");
 }
 
+GeometryRef ShapeOf(const Variant& value) {
+  if (value.IsEmpty() || value.IsNull()) return nullptr;
+  if (value.kind() != Variant::Kind::Object) {
+    Raise(kTypeMismatch, "The shape of a row can't be replaced by the value '" + value.AsText() + "'.");
+  }
+  return value.AsObject<IGeometry>();
+}
+
 }  // namespace tessarine::engine

@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "platform/geometry.h"
+#include "platform/variant.h"
 
 namespace tessarine::engine {
 
@@ -25,5 +26,9 @@ namespace tessarine::engine {
 /// The OGR geometry of a shape; nothing for an empty one. Without `curves_allowed`, and for curves that OGR has no
 /// class for, curves become chords.
 [[nodiscard]] std::unique_ptr<OGRGeometry> OgrFromShape(const IGeometry& shape, bool curves_allowed);
+
+/// What a value means for the shape field of a row: a shape, or nothing to clear it. Fault 13 for a number or a text,
+/// which must not clear a shape.
+[[nodiscard]] GeometryRef ShapeOf(const Variant& value);
 
 }  // namespace tessarine::engine

@@ -5,6 +5,8 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstdlib>
+#include <filesystem>
 
 #include "engine/engine_fault.h"
 
@@ -44,6 +46,38 @@ void RawFile::Write(std::int64_t offset, std::span<const char> bytes) const {
     if (put <= 0) Fail(std::strerror(errno));
     done += static_cast<std::size_t>(put);
   }
+}
+
+namespace {
+
+// The file itself where the path is a link to it.
+std::string RealPath(const std::string& path) {
+  std::error_code error;
+  const std::filesystem::path real = std::filesystem::canonical(path, error);
+  return error ? path : real.string();
+}
+
+}  // namespace
+
+FileReplacement::FileReplacement(const std::string& path)
+    : target_(RealPath(path)), path_(target_ + ".XXXXXX"), file_(target_, mkostemp(path_.data(), O_CLOEXEC)) {
+  struct stat status {};
+  if (!file_.IsOpen() || stat(target_.c_str(), &status) != 0) return;
+  // An owner that can't be kept becomes the user, as after any copy.
+  if (chown(path_.c_str(), status.st_uid, status.st_gid) != 0) errno = 0;
+  chmod(path_.c_str(), status.st_mode);
+}
+
+FileReplacement::~FileReplacement() {
+  if (file_.IsOpen() && !path_.empty()) unlink(path_.c_str());
+}
+
+void FileReplacement::Commit() {
+  if (rename(path_.c_str(), target_.c_str()) != 0) {
+    RaiseEngineFault("'" + target_ + "' can't be replaced (" + std::strerror(errno) +
+                     "): check the room on the disk and the permissions.");
+  }
+  path_.clear();
 }
 
 }  // namespace tessarine::engine

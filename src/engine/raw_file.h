@@ -12,6 +12,8 @@ namespace tessarine::engine {
 class RawFile {
  public:
   explicit RawFile(std::string path);
+  /// Takes over an open file.
+  RawFile(std::string path, int handle) : path_(std::move(path)), handle_(handle) {}
   ~RawFile();
   RawFile(const RawFile&) = delete;
   RawFile& operator=(const RawFile&) = delete;
@@ -27,6 +29,25 @@ class RawFile {
 
   std::string path_;
   int handle_;
+};
+
+/// The new version of a file: written beside it, and put in its place when it is whole.
+class FileReplacement {
+ public:
+  explicit FileReplacement(const std::string& path);
+  /// Removes what was not committed.
+  ~FileReplacement();
+  FileReplacement(const FileReplacement&) = delete;
+  FileReplacement& operator=(const FileReplacement&) = delete;
+
+  /// Not open where the folder takes no new file.
+  [[nodiscard]] const RawFile& File() const { return file_; }
+  /// From here on the file is the new one; owner and permissions stay.
+  void Commit();
+
+ private:
+  std::string target_, path_;
+  RawFile file_;
 };
 
 /// Whole numbers of `bytes.size()` bytes, the lowest first.

@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -131,6 +132,10 @@ class IClass : public virtual Object {
   [[nodiscard]] virtual std::int32_t FindField(std::string_view name) const = 0;
   [[nodiscard]] virtual FieldsRef Fields() const = 0;
   virtual void AddField(const FieldRef& field) = 0;
+  /// Adds the fields in this order. The first that can't be added ends it by its fault; those before it stay.
+  virtual void AddFields(std::span<const FieldRef> fields) {
+    for (const FieldRef& field : fields) AddField(field);
+  }
 };
 
 /// How the rows of a class may be changed.

@@ -1,4 +1,5 @@
 // Reading, writing and selecting rows: one contract for every format that can be written.
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "engine/test_layers.h"
@@ -218,6 +219,87 @@ TEST_P(Cursors, NewFieldsCanBeFilledAtOnce) {
   EXPECT_EQ(cursor->NextFeature()->Value(index).AsDouble(), 1.5e15);
   EXPECT_EQ(Names(nullptr), "a b c d ");
   EXPECT_NE(FaultTextOf([&] { towns_->AddField(field); }), "") << "the name is taken";
+}
+
+TEST_P(Cursors, FieldsComeInTheirOrderUpToTheFirstThatFails) {
+  const auto field_of = [](const char* name, std::int32_t precision) {
+    auto field = std::make_shared<Field>();
+    field->Name = name;
+    field->Type = esriFieldTypeDouble;
+    field->Precision = precision;
+    field->Scale = precision > 0 ? 12 : 0;
+    return field;
+  };
+  const FieldRef fields[] = {field_of("Area", 16), field_of("Wide", 24), field_of("Open", 0), field_of("AREA", 16),
+                             field_of("Never", 16)};
+  EXPECT_THAT(FaultTextOf([&] { towns_->AddFields(fields); }), ::testing::HasSubstr("'AREA'"));
+  std::string names;
+  for (std::int32_t index = size_ + 1; index < towns_->Fields()->FieldCount(); ++index) {
+    names += towns_->Fields()->Field(index)->Name + " ";
+  }
+  EXPECT_EQ(names, "Area Wide Open ");
+  // GDAL finds the rows as they were, and nothing in the new columns.
+  std::string rows;
+  for (const auto& row : ReadLayer(file_, "towns")) rows += row.wkt + row.name + std::to_string(int(row.size)) + " ";
+  EXPECT_EQ(rows, "POINT (0 0)a1 POINT (5 5)b2 POINT (9 9)c3 d4 ");
+  const GDALDatasetUniquePtr dataset(GDALDataset::Open(file_.c_str(), GDAL_OF_VECTOR));
+  for (const auto& row : *dataset->GetLayer(0)) {
+    for (const char* name : {"Area", "Wide", "Open"}) {
+      EXPECT_TRUE(!row->IsFieldSetAndNotNull(row->GetFieldIndex(name))) << name;
+    }
+  }
+}
+
+TEST(Shapefiles, ATableWithNewColumnsKeepsItsPlaceAndPermissions) {
+  namespace fs = std::filesystem;
+  const TemporaryFolder folder;
+  WriteLayer({"ESRI Shapefile", folder.Native("towns.shp"), "towns", wkbPoint, {{"POINT (0 0)", "\xc3\xa9", 1.0}}});
+  const auto files = [&] { return std::distance(fs::directory_iterator(folder.Native("")), {}); };
+  const auto count = files();
+  const fs::path table = folder.Native("towns.dbf"), real = folder.Native("real.dbf");
+  fs::permissions(table, fs::perms::owner_read | fs::perms::owner_write | fs::perms::others_read);
+  fs::rename(table, real);
+  fs::create_symlink(real, table);
+  const auto towns = DataSource::Open(folder.Native("towns.shp"), false)->OpenFeatureClass("");
+  auto field = std::make_shared<Field>();
+  field->Name = "Area";
+  field->Type = esriFieldTypeDouble;
+  field->Precision = 16;
+  field->Scale = 12;
+  towns->AddField(field);
+  EXPECT_TRUE(fs::is_symlink(table));
+  EXPECT_EQ(fs::status(real).permissions(), fs::perms::owner_read | fs::perms::owner_write | fs::perms::others_read);
+  EXPECT_EQ(files(), count + 1) << "the link, and nothing left over";
+  EXPECT_EQ(ReadLayer(folder.Native("towns.shp")).at(0).name, "\xc3\xa9");
+  EXPECT_EQ(towns->FindField("Area"), towns->FindField("size") + 1);
+}
+
+// Rows whose attributes change stand beside one that a longer text widens, and one whose shape changes.
+TEST(Shapefiles, ReadingGoesOnBehindARowThatIsWrittenWhole) {
+  const TemporaryFolder folder;
+  const std::string file = folder.Native("towns.shp");
+  WriteLayer({"ESRI Shapefile",
+              file,
+              "towns",
+              wkbPoint,
+              {{"POINT (0 0)", "a", 1.0}, {"POINT (1 1)", "b", 2.0}, {"POINT (2 2)", "c", 3.0}, {"", "d", 4.0}}});
+  const auto towns = DataSource::Open(file, false)->OpenFeatureClass("");
+  const std::int32_t name = towns->FindField("name"), size = towns->FindField("size");
+  QueryFilter filter;
+  filter.WhereClause = "size <> 2";
+  const auto cursor = towns->Update(&filter, false);
+  const std::string long_name(60, 'x');
+  while (const auto row = cursor->NextFeature()) {
+    row->SetValue(size, row->Value(size).AsDouble() + 10.0);
+    if (row->Value(name).AsText() == "a") row->SetValue(name, long_name);
+    if (row->Value(name).AsText() == "c") row->SetShape(std::make_shared<Point>(7.0, 8.0));
+    cursor->UpdateFeature(row);
+  }
+  cursor->Close();
+  std::string rows;
+  for (const auto& row : ReadLayer(file)) rows += row.wkt + " " + row.name + " " + std::to_string(int(row.size)) + ",";
+  EXPECT_EQ(rows, "POINT (0 0) " + long_name + " 11,POINT (1 1) b 2,POINT (7 8) c 13, d 14,");
+  EXPECT_EQ(NamesOf(towns->Search(nullptr, true), name), long_name + " b c d ");
 }
 
 TEST_P(Cursors, SelectionsComeInTheOrderOfIdentifiers) {

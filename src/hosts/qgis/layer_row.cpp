@@ -2,6 +2,7 @@
 
 #include <qgsvectordataprovider.h>
 
+#include "engine/ogr_geometry.h"
 #include "hosts/qgis/values.h"
 #include "hosts/windows/qt_text.h"
 #include "platform/fault.h"
@@ -21,7 +22,7 @@ Variant LayerRow::Value(std::int32_t index) const {
 
 void LayerRow::SetValue(std::int32_t index, const Variant& value) {
   if (index == traits_->columns.shape_index) {
-    SetShape(value.AsObject<IGeometry>());
+    SetShape(engine::ShapeOf(value));
     return;
   }
   const int attribute = traits_->columns.AttributeOf(index);
@@ -37,7 +38,7 @@ void LayerRow::SetValue(std::int32_t index, const Variant& value) {
 }
 
 void LayerRow::Store() {
-  const std::shared_ptr<LayerClass>& owner = Require(owner_.lock(), "Table");
+  const std::shared_ptr<LayerClass> owner = Require(owner_.lock(), "Table");
   QgsChangedAttributesMap attributes;
   if (!changes_.isEmpty()) attributes.insert(feature_.id(), changes_);
   QgsGeometryMap shapes;
@@ -48,10 +49,13 @@ void LayerRow::Store() {
 
 void LayerRow::Delete() { Require(owner_.lock(), "Table")->DeleteRow(feature_.id()); }
 
+GeometryRef LayerRow::ReadShape() const {
+  if (traits_->shape_type == esriGeometryNull) return nullptr;
+  return ShapeOf(feature_.geometry(), traits_->shape_type, traits_->reference);
+}
+
 GeometryRef LayerRow::Shape() const {
-  if (!shape_ && traits_->shape_type != esriGeometryNull) {
-    shape_ = ShapeOf(feature_.geometry(), traits_->shape_type, traits_->reference);
-  }
+  if (!shape_) shape_ = ReadShape();
   return shape_;
 }
 
@@ -61,8 +65,8 @@ void LayerRow::SetShape(const GeometryRef& shape) {
 }
 
 GeometryRef LayerRow::ShapeCopy() const {
-  const GeometryRef shape = Shape();
-  return shape ? CloneOf(*shape) : nullptr;
+  // While nobody holds the shape itself, one that is read for the caller is a copy.
+  return shape_ ? CloneOf(*shape_) : ReadShape();
 }
 
 Envelope LayerRow::Extent() const {

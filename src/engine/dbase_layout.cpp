@@ -1,0 +1,57 @@
+#include "engine/dbase_layout.h"
+
+#include <ctime>
+#include <filesystem>
+
+namespace tessarine::engine {
+
+namespace fs = std::filesystem;
+
+std::string FindDbaseTable(const OgrSource& source) {
+  std::error_code error;
+  fs::path base = source.Path();
+  if (fs::is_directory(base, error)) base /= source.LayerName() + ".shp";
+  for (const char* ending : {".dbf", ".DBF", ".Dbf"}) {
+    const fs::path table = fs::path(base).replace_extension(ending);
+    if (fs::is_regular_file(table, error)) return table.string();
+  }
+  return "";
+}
+
+DbaseLayout ReadDbaseLayout(const RawFile& file) {
+  std::array<char, kDbaseHeaderSize> header{};
+  file.Read(0, header);
+  const std::span<const char> bytes(header);
+  DbaseLayout layout;
+  layout.record_count = static_cast<std::int64_t>(LittleEndian(bytes.subspan(4, 4)));
+  layout.first_record = static_cast<std::int64_t>(LittleEndian(bytes.subspan(8, 2)));
+  layout.record_size = static_cast<std::int64_t>(LittleEndian(bytes.subspan(10, 2)));
+  if (layout.first_record <= static_cast<std::int64_t>(kDbaseHeaderSize)) return layout;
+  std::vector<char> described(static_cast<std::size_t>(layout.first_record) - kDbaseHeaderSize);
+  file.Read(kDbaseHeaderSize, described);
+  std::size_t offset = 1;
+  for (std::size_t at = 0; at + kDbaseColumnSize <= described.size() && described[at] != '\r'; at += kDbaseColumnSize) {
+    const char* name = &described[at];
+    DbaseColumn column{
+        {name, strnlen(name, 11)}, described[at + 11], offset, static_cast<unsigned char>(described[at + 16]), 0};
+    if (column.type == 'N' || column.type == 'F') {
+      column.decimals = static_cast<unsigned char>(described[at + 17]);
+    } else {
+      // Texts longer than 255 bytes have the rest of their width in the next byte.
+      column.width += 256U * static_cast<unsigned char>(described[at + 17]);
+    }
+    offset += column.width;
+    layout.columns.push_back(std::move(column));
+  }
+  if (static_cast<std::int64_t>(offset) != layout.record_size) layout.columns.clear();
+  return layout;
+}
+
+std::array<char, 3> DbaseDate() {
+  const std::time_t now = std::time(nullptr);
+  std::tm day{};
+  localtime_r(&now, &day);
+  return {static_cast<char>(day.tm_year), static_cast<char>(day.tm_mon + 1), static_cast<char>(day.tm_mday)};
+}
+
+}  // namespace tessarine::engine
