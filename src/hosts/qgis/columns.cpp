@@ -3,6 +3,7 @@
 #include <qgsvectordataprovider.h>
 
 #include <QDateTime>
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <optional>
@@ -148,6 +149,15 @@ QVariant::Type StorageOf(esriFieldType type) {
   }
 }
 
+// Databases also have decimal numbers, whose places before the point run out, and numbers of half the precision.
+constexpr const char* kDoubleTypes[] = {"double precision", "double", "binary_double", "float8", "float"};
+
+std::ptrdiff_t RankOfType(const QString& name) {
+  const auto* found = std::ranges::find_if(
+      kDoubleTypes, [&](const char* type) { return name.compare(QLatin1String(type), Qt::CaseInsensitive) == 0; });
+  return found - std::begin(kDoubleTypes);
+}
+
 int Clamped(int wanted, int least, int most) {
   if (wanted <= 0) return least > 0 ? least : 0;
   if (most > 0 && wanted > most) return most;
@@ -238,7 +248,11 @@ QVariant StoredValue(const Variant& value, const QgsField& field) {
 QgsField NewFieldFor(const Field& field, const QgsVectorDataProvider& provider) {
   const QVariant::Type wanted = StorageOf(field.Type);
   const bool text = wanted == QVariant::String;
-  for (const QgsVectorDataProvider::NativeType& native : provider.nativeTypes()) {
+  QList<QgsVectorDataProvider::NativeType> types = provider.nativeTypes();
+  std::stable_sort(types.begin(), types.end(), [](const auto& first, const auto& second) {
+    return RankOfType(first.mTypeName) < RankOfType(second.mTypeName);
+  });
+  for (const QgsVectorDataProvider::NativeType& native : types) {
     if (native.mType != wanted) continue;
     const int length = Clamped(text ? field.Length : field.Precision, native.mMinLen, native.mMaxLen);
     const int decimals = text ? 0 : Clamped(field.Scale, native.mMinPrec, native.mMaxPrec);

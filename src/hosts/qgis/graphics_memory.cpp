@@ -1,13 +1,12 @@
 #include "hosts/qgis/graphics_memory.h"
 
-#include <qgsannotationitem.h>
-#include <qgsannotationlayer.h>
 #include <qgsproject.h>
 
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 
+#include "hosts/qgis/annotation_items.h"
 #include "hosts/windows/qt_text.h"
 
 namespace tessarine::qgis {
@@ -43,7 +42,8 @@ void GraphicsMemory::Save() const {
 }
 
 void GraphicsMemory::Notice() {
-  const QStringList present = QgsProject::instance()->mainAnnotationLayer()->items().keys();
+  QStringList present;
+  for (const PlacedItem& placed : AnnotationItems()) present << placed.key;
   for (int index = order_.size() - 1; index >= 0; --index) {
     if (present.contains(order_.at(index))) continue;
     names_.remove(order_.at(index));

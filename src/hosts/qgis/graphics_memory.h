@@ -9,6 +9,7 @@
 
 namespace tessarine::qgis {
 
+/// Items go by their keys.
 class GraphicsMemory {
  public:
   /// Reads the project's entry; an absent or unreadable one remembers nothing.

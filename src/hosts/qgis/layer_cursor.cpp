@@ -2,6 +2,7 @@
 //
 // Rows to be written come in batches that are read whole before one of them is written: many databases refuse to write
 // while a reader is half done.
+#include <qgsexpression.h>
 #include <qgsfeatureiterator.h>
 #include <qgsfeaturerequest.h>
 #include <qgsvectordataprovider.h>
@@ -22,10 +23,26 @@ constexpr std::size_t kReadBatch = 1000;
 // Databases commit once for each batch.
 constexpr std::size_t kWriteBatch = 5000;
 
+// The program itself takes a condition that can't be read for one that no row meets.
+QString CheckedCondition(const std::string& condition, const QgsVectorLayer& layer) {
+  const QgsExpression expression(ToQt(condition));
+  QString problem = expression.parserErrorString();
+  for (const QString& name : expression.referencedColumns()) {
+    if (name != QgsFeatureRequest::ALL_ATTRIBUTES && layer.fields().lookupField(name) < 0) {
+      problem = QStringLiteral("there is no field '%1'").arg(name);
+    }
+  }
+  if (!problem.isEmpty()) {
+    Raise(kInvalidCall, "The condition '" + condition + "' can't be used for the layer '" + FromQt(layer.name()) +
+                            "': " + FromQt(problem.simplified()));
+  }
+  return expression.expression();
+}
+
 QgsFeatureRequest RequestOf(const QueryFilter* filter, const QgsVectorLayer& layer) {
   QgsFeatureRequest request;
   if (filter == nullptr) return request;
-  if (!filter->WhereClause.empty()) request.setFilterExpression(ToQt(filter->WhereClause));
+  if (!filter->WhereClause.empty()) request.setFilterExpression(CheckedCondition(filter->WhereClause, layer));
   if (!filter->SubFields.empty()) {
     QStringList names;
     for (const QString& name : ToQt(filter->SubFields).split(',', Qt::SkipEmptyParts)) names << name.trimmed();
@@ -77,7 +94,7 @@ class ChosenFeed final : public RowFeed {
     for (; read_ < oids_.size() && read_ < next_ + kReadBatch; ++read_) wanted.insert(oids_[read_]);
     request_.setFilterFids(wanted);
     QgsFeatureIterator rows = owner_->Layer().getFeatures(request_);
-    for (QgsFeature feature; rows.nextFeature(feature);) batch_[feature.id()] = feature;
+    for (QgsFeature feature; rows.nextFeature(feature);) batch_.emplace(feature.id(), feature);
   }
 
   std::shared_ptr<LayerClass> owner_;

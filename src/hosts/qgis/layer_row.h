@@ -39,6 +39,8 @@ class LayerRow final : public virtual IFeature {
   [[nodiscard]] QgsFeature ForInsert() const;
 
  private:
+  [[nodiscard]] GeometryRef ReadShape() const;
+
   std::shared_ptr<const LayerTraits> traits_;
   QgsFeature feature_;
   std::weak_ptr<LayerClass> owner_;

@@ -152,21 +152,31 @@ void MapView::PartialRefresh(std::int32_t phase, const ObjectRef&, const Envelop
 
 std::vector<ElementRef> MapView::ReadElements() const {
   memory_.Notice();
-  QgsAnnotationLayer* layer = QgsProject::instance()->mainAnnotationLayer();
-  const QMap<QString, QgsAnnotationItem*> items = layer->items();
-  QStringList ids = items.keys();
-  std::stable_sort(ids.begin(), ids.end(), [&](const QString& first, const QString& second) {
-    return std::pair(items[first]->zIndex(), memory_.RankOf(first)) <
-           std::pair(items[second]->zIndex(), memory_.RankOf(second));
-  });
-  const SpatialReferenceRef own = ReferenceOf(layer->crs());
   const SpatialReferenceRef map = SpatialReference();
   const auto self = std::const_pointer_cast<ElementView>(shared_from_this());
   std::vector<ElementRef> elements;
-  for (const QString& id : ids) {
-    if (ElementRef element = ElementOf(id, *items[id], own, map, self)) elements.push_back(std::move(element));
+  for (const PlacedItem& placed : ShownItems()) {
+    const SpatialReferenceRef own = ReferenceOf(placed.layer->crs());
+    if (ElementRef element = ElementOf(placed.key, *placed.item, own, map, self))
+      elements.push_back(std::move(element));
   }
   return elements;
+}
+
+std::vector<PlacedItem> MapView::ShownItems() const {
+  std::vector<PlacedItem> items = AnnotationItems();
+  std::erase_if(items, [](const PlacedItem& placed) { return !IsShown(*placed.layer); });
+  const auto height = [this](const PlacedItem& placed) {
+    return std::pair(placed.item->zIndex(), memory_.RankOf(placed.key));
+  };
+  // Layer for layer, as they came.
+  for (auto first = items.begin(); first != items.end();) {
+    const auto behind =
+        std::find_if(first, items.end(), [&](const auto& other) { return other.layer != first->layer; });
+    std::stable_sort(first, behind, [&](const auto& low, const auto& high) { return height(low) < height(high); });
+    first = behind;
+  }
+  return items;
 }
 
 void MapView::SetSelected(const QString& id, bool selected) {
@@ -177,16 +187,15 @@ void MapView::SetSelected(const QString& id, bool selected) {
   }
 }
 
-void MapView::SelectOnly(const QString& id) {
-  marks_.clear();
-  Mark(id);
+void MapView::SelectItems(const QStringList& keys, SelectionWay way) {
+  if (way == SelectionWay::Replace) marks_.clear();
+  for (const QString& key : keys) SetSelected(key, way != SelectionWay::Toggle || !IsSelected(key));
 }
 
-void MapView::Mark(const QString& id) {
-  QgsAnnotationLayer* layer = QgsProject::instance()->mainAnnotationLayer();
-  const QgsAnnotationItem* item = layer->item(id);
-  if (item == nullptr || !canvas_) return;
-  const QgsGeometry geometry = GeometryOfItem(*item);
+void MapView::Mark(const QString& key) {
+  const PlacedItem placed = FindAnnotationItem(key);
+  if (placed.item == nullptr || !canvas_) return;
+  const QgsGeometry geometry = GeometryOfItem(*placed.item);
   auto band = std::make_unique<QgsRubberBand>(canvas_.data(), geometry.type());
   band->setStrokeColor(QColor::fromRgb(kMarkColor));
   QColor fill = QColor::fromRgb(kMarkColor);
@@ -195,19 +204,18 @@ void MapView::Mark(const QString& id) {
   band->setWidth(kMarkWidth);
   band->setIcon(QgsRubberBand::ICON_BOX);
   band->setIconSize(kMarkSize);
-  band->setToGeometry(geometry, layer->crs());
-  marks_[id] = std::move(band);
+  band->setToGeometry(geometry, placed.layer->crs());
+  marks_[key] = std::move(band);
 }
 
 void MapView::RefreshMarks() {
-  QgsAnnotationLayer* layer = QgsProject::instance()->mainAnnotationLayer();
   for (auto mark = marks_.begin(); mark != marks_.end();) {
-    const QgsAnnotationItem* item = layer->item(mark->first);
-    if (item == nullptr) {
+    const PlacedItem placed = FindAnnotationItem(mark->first);
+    if (placed.item == nullptr || !IsShown(*placed.layer)) {
       mark = marks_.erase(mark);
       continue;
     }
-    mark->second->setToGeometry(GeometryOfItem(*item), layer->crs());
+    mark->second->setToGeometry(GeometryOfItem(*placed.item), placed.layer->crs());
     ++mark;
   }
 }

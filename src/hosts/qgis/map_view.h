@@ -1,19 +1,23 @@
 // The focus map: the layers and tables of the project, the map canvas, and the annotation items as graphic elements.
 #pragma once
 
-#include <qgsannotationlayer.h>
 #include <qgsmapcanvas.h>
 #include <qgsrubberband.h>
 
 #include <QPointer>
+#include <QStringList>
 #include <map>
 #include <memory>
 
+#include "hosts/qgis/annotation_items.h"
 #include "hosts/qgis/element_view.h"
 #include "hosts/qgis/graphics_memory.h"
 #include "hosts/qgis/layers.h"
 
 namespace tessarine::qgis {
+
+/// What becomes of the selection before.
+enum class SelectionWay { Replace, Add, Toggle };
 
 class MapView final : public ElementView, public IMap, public IStandaloneTableCollection {
  public:
@@ -46,8 +50,10 @@ class MapView final : public ElementView, public IMap, public IStandaloneTableCo
   /// Takes the marks off items that are gone, and moves the others to where their items are.
   void RefreshMarks();
   void ForgetSelection() { marks_.clear(); }
-  /// Selects one item and no other, as a click in the program's own annotation tool does.
-  void SelectOnly(const QString& id);
+  /// The annotation items that the map shows, in drawing order, the lowest first.
+  [[nodiscard]] std::vector<PlacedItem> ShownItems() const;
+  /// Selects the items of these keys.
+  void SelectItems(const QStringList& keys, SelectionWay way);
 
  protected:
   [[nodiscard]] std::vector<ElementRef> ReadElements() const override;
@@ -55,7 +61,7 @@ class MapView final : public ElementView, public IMap, public IStandaloneTableCo
   void SetSelected(const QString& id, bool selected) override;
 
  private:
-  void Mark(const QString& id);
+  void Mark(const QString& key);
 
   QPointer<QgsMapCanvas> canvas_;
   LayerBook& book_;

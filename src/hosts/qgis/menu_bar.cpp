@@ -1,5 +1,8 @@
 #include "hosts/qgis/menu_bar.h"
 
+#include <qgsapplication.h>
+#include <qgsmapcanvas.h>
+
 #include <QApplication>
 #include <QMainWindow>
 #include <QMenuBar>
@@ -45,12 +48,14 @@ MenuBar::MenuBar(QgisInterface& program, WindowHost& host, std::shared_ptr<Progr
     auto* bar = qobject_cast<QMainWindow*>(program_.mainWindow())->menuBar();
     bar->insertMenu(program_.firstRightStandardMenu()->menuAction(), menu);
   }
+  AddSelectionTool();
   QObject::connect(&program_, &QgisInterface::layoutDesignerOpened, &context_,
                    [this](QgsLayoutDesignerInterface* designer) { AddToDesigner(*designer); });
   for (QgsLayoutDesignerInterface* designer : program_.openLayoutDesigners()) AddToDesigner(*designer);
 }
 
 MenuBar::~MenuBar() {
+  selection_tool_ = nullptr;  // the canvas drops it
   // Windows lose the menus first; afterwards nothing points at them.
   for (const auto& root : roots_) {
     if (!root) continue;
@@ -104,6 +109,21 @@ void MenuBar::AddCommand(QMenu& menu, const std::string& id) {
   menu.addAction(action);
   items_.push_back({command, action});
   QObject::connect(action, &QAction::triggered, &context_, [this, clicked = command.get()] { Click(*clicked); });
+}
+
+void MenuBar::AddSelectionTool() {
+  QgsMapCanvas& canvas = *program_.mapCanvas();
+  selection_tool_ = std::make_unique<ItemSelectionTool>(canvas, application_->Project().Map());
+  auto* action = new QAction(QgsApplication::getThemeIcon(QStringLiteral("/mActionSelectRectangle.svg")),
+                             QStringLiteral("Select Annotation Items"), toolbar_);
+  action->setObjectName(QLatin1String(kSelectItemsAction));
+  action->setStatusTip(QStringLiteral(
+      "Select annotation items with a click or a rectangle; with Shift, in addition to those that are selected"));
+  action->setCheckable(true);
+  toolbar_->addAction(action);
+  selection_tool_->setAction(action);
+  QObject::connect(action, &QAction::triggered, &context_,
+                   [this, &canvas] { canvas.setMapTool(selection_tool_.get()); });
 }
 
 void MenuBar::AddToDesigner(QgsLayoutDesignerInterface& designer) {

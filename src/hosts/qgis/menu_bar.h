@@ -12,6 +12,7 @@
 #include <string>
 #include <vector>
 
+#include "hosts/qgis/item_selection_tool.h"
 #include "hosts/qgis/program_application.h"
 #include "hosts/windows/window_host.h"
 
@@ -34,6 +35,7 @@ class MenuBar {
   void Fill(QMenu& menu, const IMenuDef& definition);
   [[nodiscard]] QMenu* MakeMenu(const std::string& id, const IMenuDef& definition, QWidget* parent);
   void AddCommand(QMenu& menu, const std::string& id);
+  void AddSelectionTool();
   void AddToDesigner(QgsLayoutDesignerInterface& designer);
   /// Asks the commands of a menu whether they are enabled.
   void AskEnabled();
@@ -46,6 +48,7 @@ class MenuBar {
   std::vector<Item> items_;
   std::vector<QPointer<QMenu>> roots_;
   QPointer<QToolBar> toolbar_;
+  std::unique_ptr<ItemSelectionTool> selection_tool_;
   QObject context_;
 };
 

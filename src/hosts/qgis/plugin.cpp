@@ -17,16 +17,31 @@ namespace {
 // What the host answers for its own version; it has all that the suite asks of one from 9.2 on.
 constexpr const char* kHostVersion = "10.0";
 
+class PluginWindow final : public IProgramWindow {
+ public:
+  explicit PluginWindow(QgisInterface& program) : program_(program) {}
+  [[nodiscard]] QWidget* Window() const override { return program_.mainWindow(); }
+  [[nodiscard]] QgsMapCanvas* Canvas() const override { return program_.mapCanvas(); }
+  [[nodiscard]] QgsStatusBar* StatusBar() const override { return program_.statusBarIface(); }
+  [[nodiscard]] QgsMapLayer* ActiveLayer() const override { return program_.activeLayer(); }
+  [[nodiscard]] QList<QgsLayoutDesignerInterface*> LayoutDesigners() const override {
+    return program_.openLayoutDesigners();
+  }
+
+ private:
+  QgisInterface& program_;
+};
+
 class TessarinePlugin final : public QObject, public QgisPlugin {
  public:
   TessarinePlugin(QgisInterface& program, const QString& name, const QString& description, const QString& category,
                   const QString& version)
-      : QgisPlugin(name, description, category, version, QgisPlugin::UI), program_(program) {}
+      : QgisPlugin(name, description, category, version, QgisPlugin::UI), program_(program), window_(program) {}
 
   void initGui() override {
     Trap("initGui", [this] {
       host_ = std::make_unique<QgisHost>(program_.mainWindow(), kHostVersion);
-      application_ = std::make_shared<ProgramApplication>(program_);
+      application_ = std::make_shared<ProgramApplication>(window_);
       application_->Start();
       menus_ = std::make_unique<MenuBar>(program_, *host_, application_);
     });
@@ -41,6 +56,7 @@ class TessarinePlugin final : public QObject, public QgisPlugin {
 
  private:
   QgisInterface& program_;
+  PluginWindow window_;
   std::unique_ptr<QgisHost> host_;
   std::shared_ptr<ProgramApplication> application_;
   std::unique_ptr<MenuBar> menus_;

@@ -1,14 +1,17 @@
 #include "hosts/qgis/program_application.h"
 
 #include <qgsattributetablemodel.h>
+#include <qgslayertree.h>
 #include <qgsmaptoolmodifyannotation.h>
 #include <qgsproject.h>
 
 #include <QApplication>
 #include <QDir>
+#include <algorithm>
 #include <vector>
 
 #include "hosts/document/component_loader.h"
+#include "hosts/qgis/annotation_items.h"
 #include "hosts/qgis/settings_text.h"
 #include "hosts/windows/qt_text.h"
 #include "platform/paths.h"
@@ -61,10 +64,10 @@ class TableWindow final : public ITableWindow {
 
 }  // namespace
 
-ProgramApplication::ProgramApplication(QgisInterface& program)
+ProgramApplication::ProgramApplication(IProgramWindow& program)
     : program_(program),
       document_(std::make_shared<ProjectDocument>(program)),
-      status_bar_(std::make_shared<ProgramStatusBar>(program.statusBarIface())) {}
+      status_bar_(std::make_shared<ProgramStatusBar>(program.StatusBar())) {}
 
 void ProgramApplication::Start() {
   StartExtension();
@@ -74,7 +77,11 @@ void ProgramApplication::Start() {
 
 void ProgramApplication::Stop() {
   QObject::disconnect(QgsProject::instance(), nullptr, &context_, nullptr);
-  if (followed_) QObject::disconnect(followed_, nullptr, &context_, nullptr);
+  QObject::disconnect(QgsProject::instance()->layerTreeRoot(), nullptr, &context_, nullptr);
+  for (const auto& layer : followed_) {
+    if (layer) QObject::disconnect(layer, nullptr, &context_, nullptr);
+  }
+  followed_.clear();
   StopExtension();
   document_->Reset();
 }
@@ -94,30 +101,42 @@ void ProgramApplication::Follow() {
       FollowAnnotations();
     });
   });
+  const auto changed = [this] { AnnotationsChanged(); };
+  QObject::connect(project, &QgsProject::layersAdded, &context_, changed);
+  QObject::connect(project, &QgsProject::layersRemoved, &context_, changed);
+  QObject::connect(project->layerTreeRoot(), &QgsLayerTreeNode::visibilityChanged, &context_, changed);
   FollowAnnotations();
-  if (auto* tool = program_.mapCanvas()->findChild<QgsMapToolModifyAnnotation*>()) {
-    QObject::connect(tool, &QgsMapToolModifyAnnotation::itemSelected, &context_,
-                     [this](QgsAnnotationLayer* layer, const QString& id) {
-                       const bool focus_map = layer == QgsProject::instance()->mainAnnotationLayer();
-                       if (focus_map) document_->Map().SelectOnly(id);
-                     });
-    QObject::connect(tool, &QgsMapToolModifyAnnotation::selectionCleared, &context_, [this] {
-      // Its own choice of one goes with it, not a selection of several.
-      if (document_->Map().ElementSelectionCount() == 1) document_->Map().ForgetSelection();
-    });
-  }
+  FollowProgramTool();
+}
+
+void ProgramApplication::FollowProgramTool() {
+  auto* tool = program_.Canvas()->findChild<QgsMapToolModifyAnnotation*>();
+  if (tool == nullptr) return;
+  QObject::connect(tool, &QgsMapToolModifyAnnotation::itemSelected, &context_,
+                   [this](QgsAnnotationLayer* layer, const QString& id) {
+                     document_->Map().SelectItems({KeyOf(*layer, id)}, SelectionWay::Replace);
+                   });
+  QObject::connect(tool, &QgsMapToolModifyAnnotation::selectionCleared, &context_, [this] {
+    // Its own choice of one goes with it, not a selection of several.
+    if (document_->Map().ElementSelectionCount() == 1) document_->Map().ForgetSelection();
+  });
 }
 
 void ProgramApplication::FollowAnnotations() {
-  QgsAnnotationLayer* layer = QgsProject::instance()->mainAnnotationLayer();
-  if (followed_ == layer) return;
-  followed_ = layer;
-  // Every item that is made, moved or removed asks for a repaint.
-  QObject::connect(layer, &QgsMapLayer::repaintRequested, &context_, [this] {
-    Trap("AnnotationsChanged", [this] {
-      document_->Memory().Notice();
-      document_->Map().RefreshMarks();
-    });
+  std::erase_if(followed_, [](const auto& layer) { return layer.isNull(); });
+  for (QgsAnnotationLayer* layer : AnnotationLayers()) {
+    if (std::ranges::any_of(followed_, [&](const auto& known) { return known == layer; })) continue;
+    followed_.emplace_back(layer);
+    // Every item that is made, moved or removed asks for a repaint.
+    QObject::connect(layer, &QgsMapLayer::repaintRequested, &context_, [this] { AnnotationsChanged(); });
+  }
+}
+
+void ProgramApplication::AnnotationsChanged() {
+  Trap("AnnotationsChanged", [this] {
+    FollowAnnotations();
+    document_->Memory().Notice();
+    document_->Map().RefreshMarks();
   });
 }
 

@@ -2,11 +2,14 @@
 // and takes them back when the project is saved.
 #pragma once
 
-#include <qgisinterface.h>
+#include <qgsannotationlayer.h>
 
 #include <QObject>
+#include <QPointer>
 #include <memory>
+#include <vector>
 
+#include "hosts/qgis/program_window.h"
 #include "hosts/qgis/project_document.h"
 #include "hosts/qgis/status_bar.h"
 #include "platform/application.h"
@@ -17,7 +20,7 @@ class ProgramApplication final : public IApplication,
                                  public ITableWindows,
                                  public std::enable_shared_from_this<ProgramApplication> {
  public:
-  explicit ProgramApplication(QgisInterface& program);
+  explicit ProgramApplication(IProgramWindow& program);
 
   /// Creates the extension and follows the project from now on.
   void Start();
@@ -35,17 +38,19 @@ class ProgramApplication final : public IApplication,
 
  private:
   void Follow();
+  void FollowProgramTool();
   void FollowAnnotations();
+  void AnnotationsChanged();
   void StartExtension();
   void StopExtension();
   void LoadSettings();
   void SaveSettings();
 
-  QgisInterface& program_;
+  IProgramWindow& program_;
   std::shared_ptr<ProjectDocument> document_;
   std::shared_ptr<ProgramStatusBar> status_bar_;
   std::shared_ptr<IExtension> extension_;
-  QPointer<QgsAnnotationLayer> followed_;
+  std::vector<QPointer<QgsAnnotationLayer>> followed_;
   QObject context_;  // what is connected ends with it
 };
 

@@ -6,6 +6,7 @@
 #include <QAction>
 #include <QMainWindow>
 
+#include "hosts/qgis/item_selection_tool.h"
 #include "platform/text_formats.h"
 
 namespace tessarine::qgis {
@@ -17,7 +18,7 @@ struct CommandRow {
   const char* action;  ///< the object name in the main window
 };
 constexpr CommandRow kCommands[] = {
-    {"{C22579D1-BC17-11D0-8667-0000F8751720}", "mActionModifyAnnotation"},
+    {"{C22579D1-BC17-11D0-8667-0000F8751720}", kSelectItemsAction},
 };
 
 class ProgramCommand final : public ICommandItem {
@@ -49,16 +50,16 @@ class ProgramCommands final : public ICommandBars {
 
 }  // namespace
 
-ProjectDocument::ProjectDocument(QgisInterface& program)
-    : program_(program), map_(std::make_shared<MapView>(program.mapCanvas(), book_, memory_)) {}
+ProjectDocument::ProjectDocument(IProgramWindow& program)
+    : program_(program), map_(std::make_shared<MapView>(program.Canvas(), book_, memory_)) {}
 
 std::shared_ptr<ICommandBars> ProjectDocument::CommandBars() const {
-  return std::make_shared<ProgramCommands>(program_.mainWindow());
+  return std::make_shared<ProgramCommands>(program_.Window());
 }
 
 std::shared_ptr<LayoutView> ProjectDocument::CurrentLayout() const {
   if (designer_) return std::make_shared<LayoutView>(designer_->layout(), designer_);
-  const QList<QgsLayoutDesignerInterface*> open = program_.openLayoutDesigners();
+  const QList<QgsLayoutDesignerInterface*> open = program_.LayoutDesigners();
   if (!open.isEmpty()) return std::make_shared<LayoutView>(open.last()->layout(), open.last());
   const QList<QgsPrintLayout*> stored = QgsProject::instance()->layoutManager()->printLayouts();
   return std::make_shared<LayoutView>(stored.isEmpty() ? nullptr : stored.first(), nullptr);
@@ -70,7 +71,7 @@ std::shared_ptr<IActiveView> ProjectDocument::ActiveView() const {
 }
 
 std::shared_ptr<ILayer> ProjectDocument::SelectedLayer() const {
-  QgsMapLayer* layer = program_.activeLayer();
+  QgsMapLayer* layer = program_.ActiveLayer();
   return layer != nullptr && !IsTable(*layer) ? book_.Of(*layer) : nullptr;
 }
 

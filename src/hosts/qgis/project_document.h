@@ -1,7 +1,6 @@
 // The open project as the suite's document.
 #pragma once
 
-#include <qgisinterface.h>
 #include <qgslayoutdesignerinterface.h>
 
 #include <QPointer>
@@ -9,13 +8,14 @@
 
 #include "hosts/qgis/layout_view.h"
 #include "hosts/qgis/map_view.h"
+#include "hosts/qgis/program_window.h"
 #include "platform/application.h"
 
 namespace tessarine::qgis {
 
 class ProjectDocument final : public IMxDocument, public IDocumentDirty {
  public:
-  explicit ProjectDocument(QgisInterface& program);
+  explicit ProjectDocument(IProgramWindow& program);
 
   // IMxDocument
   [[nodiscard]] std::shared_ptr<ICommandBars> CommandBars() const override;
@@ -39,7 +39,7 @@ class ProjectDocument final : public IMxDocument, public IDocumentDirty {
  private:
   [[nodiscard]] std::shared_ptr<LayoutView> CurrentLayout() const;
 
-  QgisInterface& program_;
+  IProgramWindow& program_;
   mutable LayerBook book_;
   GraphicsMemory memory_;
   std::shared_ptr<MapView> map_;

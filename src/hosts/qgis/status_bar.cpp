@@ -1,22 +1,25 @@
 #include "hosts/qgis/status_bar.h"
 
+#include <algorithm>
+
 #include "hosts/windows/qt_text.h"
 
 namespace tessarine::qgis {
 namespace {
 
 constexpr int kBarWidth = 160;
+// The program's bar measures its text at each change; a run steps for each record.
+constexpr auto kShowInterval = std::chrono::milliseconds(100);
 
 class StepProgressor final : public IStepProgressor {
  public:
   explicit StepProgressor(std::weak_ptr<ProgramStatusBar> owner) : owner_(std::move(owner)) {}
   [[nodiscard]] std::int32_t Position() const override {
     const auto owner = owner_.lock();
-    return owner && owner->Bar() != nullptr ? owner->Bar()->value() : 0;
+    return owner ? owner->Position() : 0;
   }
   void SetPosition(std::int32_t position) override {
-    const auto owner = owner_.lock();
-    if (owner && owner->Bar() != nullptr) owner->Bar()->setValue(position);
+    if (const auto owner = owner_.lock()) owner->SetPosition(position);
   }
 
  private:
@@ -66,7 +69,9 @@ void ProgramStatusBar::ShowBar(int minimum, int maximum) {
     bar_->addPermanentWidget(progress_);
   }
   progress_->setRange(minimum, maximum);
-  progress_->setValue(minimum);
+  maximum_ = maximum;
+  position_ = minimum;
+  ShowPosition();
   progress_->show();
 }
 
@@ -77,8 +82,16 @@ void ProgramStatusBar::ShowProgressBar(const std::string& text, std::int32_t min
   ShowBar(minimum, maximum);
 }
 
-void ProgramStatusBar::StepProgressBar() {
-  if (progress_) progress_->setValue(progress_->value() + step_);
+void ProgramStatusBar::StepProgressBar() { SetPosition(std::min(maximum_, position_ + step_)); }
+
+void ProgramStatusBar::SetPosition(std::int32_t position) {
+  position_ = position;
+  if (position_ >= maximum_ || std::chrono::steady_clock::now() - shown_at_ >= kShowInterval) ShowPosition();
+}
+
+void ProgramStatusBar::ShowPosition() {
+  shown_at_ = std::chrono::steady_clock::now();
+  if (progress_) progress_->setValue(position_);
 }
 
 void ProgramStatusBar::HideProgressBar() {

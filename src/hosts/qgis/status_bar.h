@@ -5,6 +5,7 @@
 
 #include <QPointer>
 #include <QProgressBar>
+#include <chrono>
 #include <memory>
 
 #include "platform/application.h"
@@ -28,12 +29,16 @@ class ProgramStatusBar final : public IStatusBar, public std::enable_shared_from
 
   /// Shows the bar, moving by itself where both limits are 0.
   void ShowBar(int minimum, int maximum);
-  [[nodiscard]] QProgressBar* Bar() const { return progress_; }
+  [[nodiscard]] std::int32_t Position() const { return position_; }
+  void SetPosition(std::int32_t position);
 
  private:
+  void ShowPosition();
+
   QPointer<QgsStatusBar> bar_;
   QPointer<QProgressBar> progress_;
-  int step_ = 1;
+  std::int32_t maximum_ = 0, step_ = 1, position_ = 0;
+  std::chrono::steady_clock::time_point shown_at_;
 };
 
 }  // namespace tessarine::qgis

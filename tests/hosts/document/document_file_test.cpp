@@ -1,6 +1,7 @@
 #include "hosts/document/document_file.h"
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <filesystem>
 #include <fstream>
@@ -101,8 +102,8 @@ TEST(DocumentFileTest, DamagedDocumentsNameThePlace) {
       {"empty", "", "no JSON"},
       {"cut off", R"({"format": "tessarine map doc)", "no JSON: byte"},
       {"bytes that are no UTF-8", "{\"format\": \"\xFF\"}", "no JSON"},
-      {"a list", "[]", "must be an object"},
-      {"another file", R"({"type": "FeatureCollection"})", "has no 'format'"},
+      {"a list", "[]", "It must be an object"},
+      {"another file", R"({"type": "FeatureCollection"})", "It has no 'format'"},
       {"another format", R"({"format": "atlas"})", "'format' must be \"tessarine map document\""},
       {"a number too large", InMap(R"("extent": [0, 0, 1e999, 1])"), "no JSON"},
       {"extent of three", InMap(R"("extent": [1, 2, 3])"), "'map.extent' must be four numbers"},
@@ -159,6 +160,26 @@ TEST(DocumentFileTest, FilesAreReplacedAsAWhole) {
   document->Map().AppendLayer(std::make_shared<DocumentFeatureLayer>("l\xE9on", LayerSource{"/l\xE9on.shp", ""}));
   EXPECT_THROW(WriteDocumentFile(*document), Fault);
   EXPECT_NO_THROW((void)ReadDocumentFile(folder.Native("map.json")));
+}
+
+TEST(DocumentFileTest, LinksAndPermissionsStay) {
+  namespace fs = std::filesystem;
+  const TemporaryFolder folder;
+  folder.Write("map.json", "before");
+  fs::permissions(folder.Native("map.json"), fs::perms::owner_read | fs::perms::owner_write);
+  fs::create_symlink("map.json", folder.Native("link.json"));
+  const auto document = std::make_shared<MapDocument>();
+  document->Path = folder.Native("link.json");
+  WriteDocumentFile(*document);
+  EXPECT_TRUE(fs::is_symlink(folder.Native("link.json")));
+  EXPECT_NO_THROW((void)ReadDocumentFile(folder.Native("map.json")));
+  EXPECT_EQ(fs::status(folder.Native("map.json")).permissions(), fs::perms::owner_read | fs::perms::owner_write);
+
+  fs::permissions(folder.Native("map.json"), fs::perms::owner_read);
+  // Whoever may write everything isn't refused.
+  if (geteuid() != 0) {
+    EXPECT_THROW(WriteDocumentFile(*document), Fault);
+  }
 }
 
 TEST(DocumentFileTest, FaultsNameTheFile) {

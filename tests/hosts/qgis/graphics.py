@@ -3,8 +3,10 @@ from program_steps import (WORK, QgsProject, child, choose_line, command, expect
                            press, read_report, type_into)
 from qgis.core import (QgsAnnotationLineItem, QgsAnnotationMarkerItem, QgsAnnotationPointTextItem,
                        QgsAnnotationPolygonItem, QgsCircularString, QgsCoordinateReferenceSystem, QgsCurvePolygon,
-                       QgsLineString, QgsPoint, QgsPointXY, QgsPolygon, QgsRectangle)
+                       QgsFillSymbol, QgsLineString, QgsPoint, QgsPointXY, QgsPolygon, QgsRectangle)
 from qgis.gui import QgsRubberBand
+
+COLOR = "#1234ab"
 
 
 def area(*corners):
@@ -23,8 +25,10 @@ def circle(x, y, radius):
 def add_items():
     items = QgsProject.instance().mainAnnotationLayer()
     items.setCrs(QgsCoordinateReferenceSystem("EPSG:4326"))
+    first = QgsAnnotationPolygonItem(area((0, 0), (0, 10), (10, 10), (10, 0)))
+    first.setSymbol(QgsFillSymbol.createSimple({"color": COLOR}))
     return [items.addItem(item) for item in (
-        QgsAnnotationPolygonItem(area((0, 0), (0, 10), (10, 10), (10, 0))), QgsAnnotationPolygonItem(circle(20, 5, 5)),
+        first, QgsAnnotationPolygonItem(circle(20, 5, 5)),
         QgsAnnotationPolygonItem(area((40, 0), (45, 10), (50, 3))),
         QgsAnnotationLineItem(QgsLineString([QgsPoint(0, 20), QgsPoint(30, 20)])),
         QgsAnnotationMarkerItem(QgsPoint(-30, -20)), QgsAnnotationPointTextItem("text", QgsPointXY(-10, -10)))]
@@ -99,6 +103,7 @@ def scenario():
     command("Tessarine_MakeShapefile").trigger()
     layer = project.layerTreeRoot().children()[0].layer()
     assert layer.featureCount() == 3
+    assert layer.renderer().symbol().color().name() == COLOR, layer.renderer().symbol().color().name()
     areas = sorted(row.geometry().area() for row in layer.getFeatures())
     # Half the cross product of two sides; 10 by 10; chords of a circle with radius 5 cover a little less than it.
     assert abs(areas[0] - 42.5) < 1e-9 and abs(areas[2] - 100.0) < 1e-9, areas
