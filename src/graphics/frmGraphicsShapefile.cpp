@@ -45,7 +45,7 @@ void frmGraphicsShapefile::Form_Load() {
       OfferNoConversion(kLayoutLine);
     } else {
       FillGraphicsArrays();
-      if (harvest_->All.Count() > 0) {
+      if (harvest_ && harvest_->All.Count() > 0) {
         OfferConversions();
       } else {
         OfferNoConversion(kNoGraphicsLine);

@@ -18,6 +18,11 @@ bool Exists(const OutputChoice& place) {
   return workspace && CheckIfFeatureClassExists(workspace, place.Name);
 }
 
+// Of the class itself: a name asked for again may have led to another kind of place.
+bool IsShapefile(const IFeatureClass& feature_class) {
+  return feature_class.Category().starts_with(CategoryOfKind(kShapefile));
+}
+
 }  // namespace
 
 void frmGraphicsShapefile::cmdOK_Click() {
@@ -95,10 +100,12 @@ bool frmGraphicsShapefile::MakeClass(esriGeometryType geometry_type, GraphicMeas
   }
   made.feature_class = MakeGraphicsClass(geometry_type, measure, names, reference_, place);
   if (!made.feature_class) return false;
-  // A feature dataset puts its own reference on its classes.
-  const bool in_dataset = place.IsFeatureDataset && place.Kind != kShapefile;
-  if (in_dataset) output_reference_ = made.feature_class->SpatialReference();
   made.report.path = made.feature_class->FullName();
+  if (place.IsFeatureDataset && !IsShapefile(*made.feature_class)) {
+    // A feature dataset puts its own reference on its classes; their full names leave it out.
+    output_reference_ = made.feature_class->SpatialReference();
+    made.report.path = place.FullPath();
+  }
   Host().Journal().OutputPath = made.report.path;
   Host().Journal().Reference = output_reference_;
   return true;

@@ -66,7 +66,7 @@ std::string FieldLines(GraphicMeasure measure, bool names, bool selected, const 
   return names ? lines + "   [Name]:  Names of graphic elements\\par\r\n" : lines;
 }
 
-std::string CountLine(std::int32_t count, const char* words) { return "   " + std::to_string(count) + words + "\r\n"; }
+std::string CountLine(std::int32_t count, const char* words) { return std::to_string(count) + words + "\r\n"; }
 
 std::string NameLines(const NameCounts& names) {
   if (names.IsEmpty()) return "";

@@ -68,7 +68,11 @@ TEST_F(Graphics, EmptyClassesAndRefusals) {
     EXPECT_EQ(Run({"new", In("graphics.json"), shapes, "-o", In(std::string("x.gdb/") + shapes)}).status, 0);
   }
   EXPECT_EQ(Run({"new", In("graphics.json"), "points", "-o", In("x.gdb/points")}).status, 2);
-  EXPECT_EQ(Run({"new", In("graphics.json"), "circles", "-o", In("y.shp")}).status, 2);
+  EXPECT_THAT(Run({"new", In("graphics.json"), "points", "-o", In("x.gdb/set/points_2")}).out,
+              HasSubstr("Shapefile saved to:\n   " + In("x.gdb/set/points_2")));
+  EXPECT_THAT(Run({"new", In("graphics.json"), "circles", "-o", In("countries.shp")}).err, HasSubstr("is no shape"));
+  EXPECT_THAT(Run({"new", In("graphics.json"), "points", "-o", In("y.shp"), "--reference", "EPSG:4978"}).err,
+              HasSubstr("neither geographic nor projected"));
   EXPECT_EQ(Run({"new", In("graphics.json"), "points", "-o", In("none/y.shp")}).status, 2);
   WriteFile(In("bare.json"), R"({"format": "tessarine map document"})");
   EXPECT_THAT(Run({"new", In("bare.json"), "points", "-o", In("y.shp")}).err, HasSubstr("--reference"));

@@ -132,6 +132,11 @@ TEST_F(GraphicSelectionTest, ZoomToNothingAndToAPoint) {
   point->Selected = true;
   Click("clsZoomToSelected");
   EXPECT_EQ(document->view->Extent(), Envelope(3, 4, 3, 4));
+  document->dirty = false;
+  point->Shape = nullptr;
+  Click("clsZoomToSelected");
+  EXPECT_EQ(document->view->Extent(), Envelope(3, 4, 3, 4)) << "an element without a shape lies nowhere";
+  EXPECT_FALSE(document->dirty);
 }
 
 }  // namespace

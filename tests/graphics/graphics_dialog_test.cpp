@@ -82,6 +82,27 @@ TEST_F(GraphicsDialog, FirstModeFollowsTheViewAndItsGraphics) {
   }
 }
 
+// An element whose shape can't be had.
+class BrokenElement final : public GraphicElement {
+ public:
+  [[nodiscard]] const char* Kind() const override { return "broken"; }
+  [[nodiscard]] GeometryRef Geometry() const override { Raise(kInvalidCall, "It can't be drawn."); }
+};
+
+TEST_F(GraphicsDialog, ElementsThatCannotBeReadLeaveTheEmptyClasses) {
+  document->Map().AddElement(std::make_shared<BrokenElement>());
+  frmGraphicsShapefile dialog;
+  Show<frmGraphicsShapefile>(dialog, [&](frmGraphicsShapefile& form) {
+    EXPECT_FALSE(form.optConvert.Enabled());
+    EXPECT_EQ(form.lbxGraphics.List(0), "No graphics available...");
+    EXPECT_EQ(form.txtOutput.Text(), folder.Path("NewShape.shp"));
+    EXPECT_TRUE(form.cmdOK.Enabled());
+  });
+  ASSERT_EQ(host.error_reports.size(), 1U);
+  EXPECT_THAT(host.error_reports[0], HasSubstr("FillGraphicsArrays"));
+  host.error_reports.clear();
+}
+
 TEST_F(GraphicsDialog, OkNeedsAChoiceAndAReference) {
   document->Map().SetSpatialReference(nullptr);
   Add("marker", At(0, 0), "", true);

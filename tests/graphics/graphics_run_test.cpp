@@ -81,7 +81,7 @@ TEST_F(GraphicsRun, LengthsAreGeodesicAndPolygonsBecomeTheirBoundaries) {
   ASSERT_EQ(lengths.size(), 2U);
   EXPECT_NEAR(lengths[0], 10001965.729, 1e-3);
   EXPECT_NEAR(lengths[1], 2 * 4984944.378, 2e-3);
-  EXPECT_THAT(report, HasSubstr("   1 polyline graphics\n   1 polygon graphics\n"));
+  EXPECT_THAT(report, HasSubstr("Conversion Count:\n1 polyline graphics\n1 polygon graphics\n"));
   EXPECT_THAT(report, HasSubstr("Convert all graphic polylines and polygons to Polyline Feature Class"));
   EXPECT_THAT(report, HasSubstr("   1] <- NO NAME ->  (1 elements)\n   2] meridian  (1 elements)\n"));
 }

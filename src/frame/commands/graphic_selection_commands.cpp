@@ -114,7 +114,8 @@ class ZoomCommand final : public GraphicsCommand {
  private:
   void Run() override {
     std::optional<Envelope> bounds = BoundsOf(*Selection()->SelectedElements());
-    if (!bounds) return;
+    // Elements without a shape lie nowhere; a view without an extent would show nothing.
+    if (!bounds || bounds->IsEmpty()) return;
     bounds->Expand(kZoomFactor, kZoomFactor, true);
     View()->SetExtent(*bounds);
     View()->Refresh();

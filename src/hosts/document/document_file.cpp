@@ -1,6 +1,7 @@
 #include "hosts/document/document_file.h"
 
-#include <cstdio>
+#include <unistd.h>
+
 #include <filesystem>
 #include <fstream>
 #include <sstream>
@@ -239,6 +240,29 @@ std::string FolderOf(const std::string& native_path) {
   return fs::absolute(native_path).parent_path().lexically_normal().string();
 }
 
+// The file behind a name that may be a link, so that the link stays one.
+fs::path FileBehind(const std::string& native_path) {
+  std::error_code error;
+  const fs::path file = fs::canonical(native_path, error);
+  return error ? fs::path(native_path) : file;
+}
+
+// Replaces the file as a whole; who may read and write it stays. False when that can't be done.
+bool ReplaceFile(const fs::path& target, const std::string& text) {
+  std::error_code error;
+  const fs::file_status before = fs::status(target, error);
+  if (fs::exists(before) && access(target.c_str(), W_OK) != 0) return false;
+  const fs::path draft = target.string() + ".part";
+  std::ofstream file(draft, std::ios::binary | std::ios::trunc);
+  if (fs::exists(before)) fs::permissions(draft, before.permissions(), error);
+  file << text;
+  file.close();
+  if (file) fs::rename(draft, target, error);
+  if (file && !error) return true;
+  fs::remove(draft, error);
+  return false;
+}
+
 }  // namespace
 
 std::shared_ptr<MapDocument> ReadDocumentText(std::string_view text, const std::string& folder) {
@@ -279,15 +303,10 @@ std::string WriteDocumentText(const MapDocument& document, const std::string& fo
 
 void WriteDocumentFile(const MapDocument& document) {
   const std::string text = WriteDocumentText(document, FolderOf(document.Path));
-  const std::string draft = document.Path + ".part";
-  std::ofstream file(draft, std::ios::binary | std::ios::trunc);
-  file << text;
-  file.close();
-  if (!file || std::rename(draft.c_str(), document.Path.c_str()) != 0) {
-    std::remove(draft.c_str());
-    Raise(kPathNotFound, "The map document '" + document.Path +
-                             "' can't be written: check that its folder exists, is writable and has room.");
-  }
+  if (ReplaceFile(FileBehind(document.Path), text)) return;
+  Raise(kPathNotFound, "The map document '" + document.Path +
+                           "' can't be written: check that its folder exists, that both are writable, and that there "
+                           "is room.");
 }
 
 }  // namespace tessarine

@@ -15,7 +15,8 @@ namespace tessarine {
 /// The same from text; relative data paths are seen from `folder`.
 [[nodiscard]] std::shared_ptr<MapDocument> ReadDocumentText(std::string_view text, const std::string& folder);
 
-/// Writes the document to its own path. The file is replaced as a whole, so a failure leaves the old one.
+/// Writes the document to its own path. The file is replaced as a whole, so a failure leaves the old one; its
+/// permissions stay, and a link to it stays a link. A file that may not be written is refused.
 void WriteDocumentFile(const MapDocument& document);
 [[nodiscard]] std::string WriteDocumentText(const MapDocument& document, const std::string& folder);
 

@@ -19,14 +19,14 @@ class JsonPlace {
   [[nodiscard]] const nlohmann::json& Value() const { return *value_; }
   [[nodiscard]] const std::string& Path() const { return path_; }
   [[noreturn]] void Fail(const std::string& expected) const {
-    Raise(kInvalidCall, "'" + path_ + "' must be " + expected + ".");
+    Raise(kInvalidCall, Called() + " must be " + expected + ".");
   }
 
   [[nodiscard]] bool Has(const char* key) const { return value_->is_object() && value_->contains(key); }
   [[nodiscard]] JsonPlace Member(const char* key) const {
     if (!value_->is_object()) Fail("an object");
     const auto found = value_->find(key);
-    if (found == value_->end()) Raise(kInvalidCall, "'" + path_ + "' has no '" + std::string(key) + "'.");
+    if (found == value_->end()) Raise(kInvalidCall, Called() + " has no '" + std::string(key) + "'.");
     return {*found, path_.empty() ? key : path_ + "." + key};
   }
   [[nodiscard]] JsonPlace Item(std::size_t index) const {
@@ -72,6 +72,9 @@ class JsonPlace {
   [[nodiscard]] bool FlagOr(const char* key, bool otherwise) const { return Has(key) ? Member(key).Flag() : otherwise; }
 
  private:
+  // The document itself has no way to it.
+  [[nodiscard]] std::string Called() const { return path_.empty() ? "It" : "'" + path_ + "'"; }
+
   const nlohmann::json* value_;
   std::string path_;
 };

@@ -87,16 +87,22 @@ void NameInFolder(OutputPlace& place) {
 
 SpatialReferenceRef ReferenceOf(const FeatureOptions& options, const DocumentMap& map) {
   if (options.reference.empty()) return map.SpatialReference();
+  SpatialReferenceRef reference;
   try {
-    return SpatialReferenceEnvironment::CreateFromText(options.reference);
+    reference = SpatialReferenceEnvironment::CreateFromText(options.reference);
   } catch (const Fault& fault) {
     throw Refusal("--reference: " + fault.Description());
   }
+  if (Is<const UnknownCoordinateSystem>(reference)) {
+    throw Refusal("--reference: '" + options.reference + "' is neither geographic nor projected.");
+  }
+  return reference;
 }
 
 ExitStatus RunFeatures(const FeatureOptions& options) {
   CheckReportFile(options.common.report_file);
-  if (options.both && RowOf(options.shape).both_line < 0) {
+  const ShapeRow& shape = RowOf(options.shape);
+  if (options.both && shape.both_line < 0) {
     throw Refusal("--both takes lines and polygons: convert --to polylines or --to polygons with it.");
   }
   OutputPlace place = ParseOutputPlace(options.output);

@@ -155,7 +155,8 @@ void AddSelect(CLI::App& graphics, ChosenCommand& chosen) {
   CLI::App& command = AddDocumentCommand(
       graphics, "select", "Add graphic elements of the active view to the selection, by type or name", options->common);
   for (std::size_t index = 0; index < kTypes.size(); ++index) {
-    command.add_flag(std::string("--") + kTypes[index].option, options->types[index]);
+    const std::string kind = kTypes[index].option;
+    command.add_flag("--" + kind, options->types[index], "Select the " + Replace(kind, "-", " "));
   }
   command.add_option("--name", options->names, "Select the elements of this name; may be given several times")
       ->allow_extra_args(false);

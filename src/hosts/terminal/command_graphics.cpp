@@ -39,8 +39,9 @@ ExitStatus RunZoom(const GraphicsOptions& options) {
   const bool any = session.Document().Map().ElementSelectionCount() > 0;
   const ExitStatus status = session.Run("Tessarine.clsZoomToSelected", nullptr);
   if (options.common.quiet || status != ExitStatus::Done) return status;
-  if (!any) {
-    fmt::print("No graphic element is selected; the view stays.\n");
+  if (!session.Document().Dirty()) {
+    fmt::print("{}; the view stays.\n",
+               any ? "The selected graphic elements have no shape" : "No graphic element is selected");
     return status;
   }
   const Envelope extent = session.Document().ActiveView()->Extent();
