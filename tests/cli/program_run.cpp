@@ -68,7 +68,7 @@ ProgramOutcome RunAndInterrupt(const std::vector<std::string>& arguments, const 
       if (waitid(P_PID, static_cast<id_t>(child), &ended, WEXITED | WNOHANG | WNOWAIT) != 0 || ended.si_pid != 0) break;
       std::this_thread::sleep_for(std::chrono::milliseconds(10));
     }
-    std::this_thread::sleep_for(std::chrono::milliseconds(200));
+    std::this_thread::sleep_for(std::chrono::milliseconds(100));
     kill(child, signal);
   });
 }

@@ -19,7 +19,7 @@ struct ProgramOutcome {
 [[nodiscard]] ProgramOutcome RunTessarine(const std::vector<std::string>& arguments,
                                           const std::string& input = "/dev/null");
 
-/// The same, with an interrupt or another signal a fifth of a second after `file` is seen to hold more than `bytes`.
+/// The same, with an interrupt or another signal a tenth of a second after `file` is seen to hold more than `bytes`.
 [[nodiscard]] ProgramOutcome RunAndInterrupt(const std::vector<std::string>& arguments,
                                              const std::filesystem::path& file, std::uintmax_t bytes,
                                              int signal = SIGINT);

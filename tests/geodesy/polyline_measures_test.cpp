@@ -19,9 +19,12 @@ std::atomic<long> g_allocations = 0;
 }
 
 // Counts what this program allocates. Inlined, a pair of them looks mismatched to GCC 12.
-[[gnu::noinline]] void* operator new(std::size_t size) {
+[[gnu::noinline]] void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
   ++g_allocations;
-  if (void* memory = std::malloc(size != 0 ? size : 1)) return memory;
+  return std::malloc(size != 0 ? size : 1);
+}
+[[gnu::noinline]] void* operator new(std::size_t size) {
+  if (void* memory = operator new(size, std::nothrow)) return memory;
   throw std::bad_alloc();
 }
 [[gnu::noinline]] void operator delete(void* memory) noexcept { std::free(memory); }
