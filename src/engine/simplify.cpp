@@ -152,6 +152,13 @@ void SimplifyPolygon(PartedShape& polygon) {
   if (!SameParts(polygon.Parts(), parts)) polygon.SetParts(std::move(parts));
 }
 
+// A polygon that would stay as it is, told without a copy.
+bool IsOnePlainRing(const PartedShape& shape) {
+  if (shape.GeometryType() != esriGeometryPolygon || shape.Parts().size() != 1) return false;
+  const auto ring = dynamic_cast<const Ring*>(shape.Parts().front().get());
+  return ring != nullptr && !ring->HasCurves() && IsPlainRing(ring->Vertices()) && ring->Area() > 0.0;
+}
+
 void SimplifyPolyline(PartedShape& line) {
   std::vector<PathRef> parts = UsableParts(line, false);
   if (!SameParts(line.Parts(), parts)) line.SetParts(std::move(parts));
@@ -175,7 +182,7 @@ void PartedShape::Simplify() {
 }
 
 bool PartedShape::IsSimple() const {
-  if (IsKnownSimple()) return true;
+  if (IsKnownSimple() || IsOnePlainRing(*this)) return true;
   const auto copy = CloneOf(*this);
   copy->Simplify();
   return copy->IsEqual(*this);

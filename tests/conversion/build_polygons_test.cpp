@@ -42,8 +42,8 @@ class BuildPolygonsTest : public ConversionRunTest {
 TEST_F(BuildPolygonsTest, EveryRegionOnceAndNoFreeEnds) {
   const std::string text = Build(Layer("lines", kTwoSquares));
   EXPECT_EQ(Layout(), "Uniq_ID Area WGS 84 / UTM zone 12N");
-  EXPECT_THAT(Rows(), ElementsAre("1 100 POLYGON ((0 0,0 10,10 10,10 0,0 0))",
-                                  "2 100 POLYGON ((10 0,10 10,20 10,20 0,10 0))"));
+  EXPECT_THAT(Rows(),
+              ElementsAre("1 100 POLYGON ((0 0,0 10,10 10,10 0,0 0))", "2 100 POLYGON ((10 0,10 10,20 10,20 0,10 0))"));
   EXPECT_THAT(text, StartsWith("Build Polygons Function Complete:\n"
                                "---------------------------------------------\n"
                                "Input Parameters:\n"
