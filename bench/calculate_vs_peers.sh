@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # `tessarine calculate` in place beside what a user would take instead, and beside two floors: a plain reading and
-# rewriting of whole features, and a reading that measures by the geodesy core alone and writes one column.
+# rewriting of whole features, and a reading that measures by the geodesy core alone and adds the columns.
 # calculate_vs_peers.sh BUILD_FOLDER WORK_FOLDER [RUNS]
 #
 # Every run gets a fresh copy of the data, made before the clock starts. SpatiaLite and PostGIS measure in their own
@@ -26,7 +26,7 @@ stop_server() {
 }
 pg_bin=$(ls -d /usr/lib/postgresql/*/bin 2>/dev/null | tail -1)
 if [ -n "$pg_bin" ] && ls /usr/share/postgresql/*/extension/postgis.control >/dev/null 2>&1; then
-  server=$(mktemp -d /tmp/calculate-bench.XXXXXX)
+  server=$(mktemp -d -t calculate-bench.XXXXXX)
   trap stop_server EXIT
   if [ "$(id -u)" = 0 ]; then chown postgres "$server"; fi
   as_postgres "$pg_bin/initdb" -D "$server/data" -A trust -U postgres >/dev/null
@@ -65,8 +65,8 @@ compare() {
     if [ "$format" = gpkg ]; then name+=":$kind"; fi
     commands=(
       "tessarine=$(fresh "$kind" $format) ;; '$build/bin/tessarine' calculate '$name' $options --yes -q"
-      "read, write one column=$(fresh "$kind" $format) ;; '$build/bin/plain_attributes' '$work/run.$format' none"
-      "read, measure, write=$(fresh "$kind" $format) ;; '$build/bin/plain_attributes' '$work/run.$format' $arithmetic"
+      "read, add one column=$(fresh "$kind" $format) ;; '$build/bin/plain_attributes' '$work/run.$format' none"
+      "read, measure, add=$(fresh "$kind" $format) ;; '$build/bin/plain_attributes' '$work/run.$format' $arithmetic"
       "rewrite whole features=$(fresh "$kind" $format) ;; '$build/bin/plain_rewrite' '$work/run.$format'"
     )
     if [ "$qgis" = yes ] && has qgis_process.bin; then

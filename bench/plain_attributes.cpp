@@ -1,6 +1,6 @@
 // plain_attributes FILE none|lengths|azimuths|polygons: reads every feature through OGR, measures it by the geodesy
-// core alone, and writes one double column of the table, nothing else. `none` measures nothing. The floor of a
-// calculation in place.
+// core alone, and adds the values as columns of doubles, nothing else: the floor of a calculation in place. `none` adds
+// one column and measures nothing.
 #include <gdal_priv.h>
 #include <ogrsf_frmts.h>
 #include <sqlite3.h>
@@ -9,6 +9,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <fstream>
+#include <iterator>
 #include <memory>
 #include <string>
 #include <vector>
@@ -34,53 +35,86 @@ std::vector<XY> VerticesOf(const OGRSimpleCurve& line) {
   return vertices;
 }
 
-double MeasureLength(const OGRLineString& line) {
-  return geodesy::SpheroidalPolylineLength2(VerticesOf(line), kSemiMajor, kSemiMinor);
-}
+// The values of all rows, row by row.
+struct Table {
+  std::size_t columns = 1;
+  std::vector<std::int64_t> keys;
+  std::vector<double> values;
+};
 
-double MeasureAzimuths(const OGRLineString& line) {
+void MeasureAzimuths(const OGRLineString& line, std::vector<double>& values) {
   const std::vector<XY> vertices = VerticesOf(line);
   double start = 0.0, end = 0.0;
   geodesy::DistanceVincentyPoints2(vertices.front(), vertices.back(), start, end, kSemiMajor, kSemiMinor);
-  return start + end;
+  values.insert(values.end(), {start, end});
 }
 
-double MeasurePolygon(const OGRPolygon& polygon) {
+// Area and centroid are found again for a centroid west or south, as the calculator's rule has it.
+void MeasurePolygon(const OGRPolygon& polygon, std::vector<double>& values) {
   auto ring = std::make_shared<Ring>();
   ring->SetVertices(VerticesOf(*polygon.getExteriorRing()));
   const auto shape = std::make_shared<Polygon>();
   shape->SetParts({ring});
   double lon = 0.0, lat = 0.0;
-  const double perimeter = geodesy::SpheroidalPolylineLength2(ring->Vertices(), kSemiMajor, kSemiMinor);
-  return geodesy::SphericalPolygonArea2(shape, true, lon, lat, kSemiMajor, kSemiMinor) + 0.0 * (perimeter + lon + lat);
+  const auto measure = [&] { return geodesy::SphericalPolygonArea2(shape, true, lon, lat, kSemiMajor, kSemiMinor); };
+  const double area = measure();
+  if (lon < 0.0 || lat < 0.0) measure();
+  values.insert(values.end(),
+                {area, lon, lat, geodesy::SpheroidalPolylineLength2(ring->Vertices(), kSemiMajor, kSemiMinor)});
 }
 
-double Measure(const OGRFeature& feature, const std::string& what) {
+void Measure(const OGRFeature& feature, const std::string& what, std::vector<double>& values) {
   const OGRGeometry& shape = *feature.GetGeometryRef();
-  if (what == "lengths") return MeasureLength(*shape.toLineString());
-  if (what == "azimuths") return MeasureAzimuths(*shape.toLineString());
-  if (what == "polygons") return MeasurePolygon(*shape.toPolygon());
-  return feature.GetFieldAsDouble("value") + 1.0;
+  if (what == "azimuths") {
+    MeasureAzimuths(*shape.toLineString(), values);
+  } else if (what == "polygons") {
+    MeasurePolygon(*shape.toPolygon(), values);
+  } else if (what == "lengths") {
+    values.push_back(geodesy::SpheroidalPolylineLength2(VerticesOf(*shape.toLineString()), kSemiMajor, kSemiMinor));
+  } else {
+    values.push_back(feature.GetFieldAsDouble("value") + 1.0);
+  }
 }
 
-// The column `value` is the last one: 24 bytes at the end of each record.
-void WriteDbase(std::string path, const std::vector<double>& values) {
+std::string NewColumn(std::size_t index) { return "new_" + std::to_string(index); }
+
+// One pass from the old table to a longer one in its place.
+void WriteDbase(std::string path, const Table& table) {
+  constexpr std::size_t kWidth = 24, kDescriptor = 32;
   path.replace(path.size() - 3, 3, "dbf");
-  std::fstream table(path, std::ios::in | std::ios::out | std::ios::binary);
-  unsigned char header[12];
-  table.read(reinterpret_cast<char*>(header), sizeof(header));
-  const std::size_t first = header[8] + 256U * header[9], size = header[10] + 256U * header[11];
-  std::vector<char> rows(values.size() * size);
-  table.seekg(static_cast<std::streamoff>(first));
-  table.read(rows.data(), static_cast<std::streamsize>(rows.size()));
-  for (std::size_t row = 0; row < values.size(); ++row) {
-    char text[400];
-    std::snprintf(text, sizeof(text), "%24.6f", values[row]);
-    std::memcpy(&rows[(row + 1) * size - 24], text, 24);
+  std::ifstream old_table(path, std::ios::binary);
+  const std::string old_bytes{std::istreambuf_iterator<char>(old_table), {}};
+  const auto number = [&](std::size_t at) {
+    return static_cast<unsigned char>(old_bytes[at]) + 256U * static_cast<unsigned char>(old_bytes[at + 1]);
+  };
+  const std::size_t first = number(8), size = number(10), rows = table.values.size() / table.columns;
+  std::string bytes = old_bytes.substr(0, first - 1);
+  for (std::size_t column = 0; column < table.columns; ++column) {
+    std::string descriptor(kDescriptor, '\0');
+    descriptor.replace(0, NewColumn(column).size(), NewColumn(column));
+    descriptor[11] = 'N';
+    descriptor[16] = static_cast<char>(kWidth);
+    descriptor[17] = 6;
+    bytes += descriptor;
   }
-  table.seekp(static_cast<std::streamoff>(first));
-  table.write(rows.data(), static_cast<std::streamsize>(rows.size()));
-  if (!table) Fail("the table can't be written");
+  bytes += old_bytes[first - 1];
+  const auto put = [&](std::size_t at, std::size_t value) {
+    bytes[at] = static_cast<char>(value & 0xFFU);
+    bytes[at + 1] = static_cast<char>(value >> 8U);
+  };
+  put(8, bytes.size());
+  put(10, size + kWidth * table.columns);
+  for (std::size_t row = 0; row < rows; ++row) {
+    bytes.append(old_bytes, first + row * size, size);
+    for (std::size_t column = 0; column < table.columns; ++column) {
+      char text[400];
+      std::snprintf(text, sizeof(text), "%24.6f", table.values[row * table.columns + column]);
+      bytes.append(text, kWidth);
+    }
+  }
+  bytes += '\x1A';
+  std::ofstream(path + ".new", std::ios::binary) << bytes;
+  if (std::rename((path + ".new").c_str(), path.c_str()) != 0) Fail("the table can't be written");
 }
 
 void Execute(sqlite3* base, const char* sql) {
@@ -88,18 +122,25 @@ void Execute(sqlite3* base, const char* sql) {
 }
 
 // On GDAL's connection, which has the functions that the triggers of a GeoPackage call.
-void WriteGeoPackage(const std::string& path, const std::string& layer, const std::vector<std::int64_t>& keys,
-                     const std::vector<double>& values) {
+void WriteGeoPackage(const std::string& path, const std::string& layer, const Table& table) {
   GDALDatasetUniquePtr data(GDALDataset::Open(path.c_str(), GDAL_OF_VECTOR | GDAL_OF_UPDATE));
   if (!data) Fail("the file can't be opened for writing");
   auto* base = static_cast<sqlite3*>(data->GetInternalHandle("SQLITE_HANDLE"));
   sqlite3_stmt* update = nullptr;
-  const std::string sql = "UPDATE \"" + layer + "\" SET value = ? WHERE fid = ?";
+  std::string sql = "UPDATE \"" + layer + "\" SET ";
+  for (std::size_t column = 0; column < table.columns; ++column) {
+    const std::string add = "ALTER TABLE \"" + layer + "\" ADD COLUMN " + NewColumn(column) + " DOUBLE";
+    Execute(base, add.c_str());
+    sql += (column == 0 ? "" : ", ") + NewColumn(column) + " = ?";
+  }
+  sql += " WHERE fid = ?";
   Execute(base, "BEGIN");
   if (sqlite3_prepare_v2(base, sql.c_str(), -1, &update, nullptr) != SQLITE_OK) Fail(sqlite3_errmsg(base));
-  for (std::size_t row = 0; row < values.size(); ++row) {
-    sqlite3_bind_double(update, 1, values[row]);
-    sqlite3_bind_int64(update, 2, keys[row]);
+  const int columns = static_cast<int>(table.columns);
+  auto value = table.values.begin();
+  for (const std::int64_t key : table.keys) {
+    for (int column = 1; column <= columns; ++column) sqlite3_bind_double(update, column, *value++);
+    sqlite3_bind_int64(update, columns + 1, key);
     if (sqlite3_step(update) != SQLITE_DONE) Fail(sqlite3_errmsg(base));
     sqlite3_reset(update);
   }
@@ -116,8 +157,8 @@ int main(int argc, char** argv) {
   }
   const std::string path = argv[1], what = argv[2];
   GDALAllRegister();
-  std::vector<double> values;
-  std::vector<std::int64_t> keys;
+  Table table;
+  table.columns = what == "polygons" ? 4 : what == "azimuths" ? 2 : 1;
   std::string name;
   {
     GDALDatasetUniquePtr data(GDALDataset::Open(path.c_str(), GDAL_OF_VECTOR));
@@ -125,13 +166,13 @@ int main(int argc, char** argv) {
     OGRLayer* layer = data->GetLayer(0);
     name = layer->GetName();
     for (const auto& feature : *layer) {
-      keys.push_back(feature->GetFID());
-      values.push_back(Measure(*feature, what));
+      table.keys.push_back(feature->GetFID());
+      Measure(*feature, what, table.values);
     }
   }
   if (path.ends_with(".shp")) {
-    WriteDbase(path, values);
+    WriteDbase(path, table);
   } else {
-    WriteGeoPackage(path, name, keys, values);
+    WriteGeoPackage(path, name, table);
   }
 }

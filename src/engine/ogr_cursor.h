@@ -69,6 +69,7 @@ class UpdatingCursor final : public ReadingCursor {
   bool fetches_ = false;  ///< each chosen row is fetched by its identifier
   std::size_t next_ = 0;
   std::unique_ptr<AttributeUpdate> update_;
+  bool transactions_;
   bool in_transaction_ = false;
 };
 

@@ -24,7 +24,8 @@ UpdatingCursor::UpdatingCursor(std::shared_ptr<OgrClass> owner, LayerHandle hand
                                bool recycling, ChosenRows chosen)
     : ReadingCursor(std::move(owner), std::move(handle), filter, recycling),
       chosen_(std::move(chosen)),
-      update_(OpenUpdate(*Owner(), Handle())) {
+      update_(OpenUpdate(*Owner(), Handle())),
+      transactions_(Handle().Layer().TestCapability(OLCTransactions) != 0) {
   if (!chosen_ || filter != nullptr || Owner()->Source()->Kind()) return;
   const auto all = static_cast<double>(Handle().Layer().GetFeatureCount(1));
   fetches_ = static_cast<double>(chosen_->size()) < kFetchShare * all;
@@ -64,10 +65,7 @@ std::shared_ptr<IFeature> UpdatingCursor::NextFeature() {
 void UpdatingCursor::UpdateRow(const std::shared_ptr<IRow>& row) {
   const auto own = Cast<OgrRow>(Require(row, "row"));
   Require(own, "a row of this cursor");
-  OGRLayer& layer = Handle().Layer();
-  if (!in_transaction_ && layer.TestCapability(OLCTransactions) != 0) {
-    in_transaction_ = layer.StartTransaction() == OGRERR_NONE;
-  }
+  if (transactions_ && !in_transaction_) in_transaction_ = Handle().Layer().StartTransaction() == OGRERR_NONE;
   if (update_ && !own->ShapeChanged() && update_->Write(own->Feature(), own->ChangedAttributes())) return;
   WriteWhole(*own);
 }
