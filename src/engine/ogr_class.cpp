@@ -91,7 +91,13 @@ void OgrClass::AddFields(std::span<const FieldRef> fields) {
       fields = fields.subspan(added);
     }
   }
-  for (const FieldRef& field : fields) CreateField(*field);
+  for (const FieldRef& field : fields) {
+    CreateField(*field);
+    // Formats with short names cut a longer one.
+    if (FindField(field->Name) >= 0) continue;
+    RaiseEngineFault("The field '" + field->Name + "' can't be added under this name to '" + source_->Path() +
+                     "': choose a shorter one.");
+  }
 }
 
 void OgrClass::CreateField(const Field& field) {

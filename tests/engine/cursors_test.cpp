@@ -250,6 +250,22 @@ TEST_P(Cursors, FieldsComeInTheirOrderUpToTheFirstThatFails) {
   }
 }
 
+TEST(Shapefiles, NothingIsAddedBehindANameThatIsCut) {
+  const TemporaryFolder folder;
+  WriteLayer({"ESRI Shapefile", folder.Native("towns.shp"), "towns", wkbPoint, {{"POINT (0 0)", "a", 1.0}}});
+  const auto towns = DataSource::Open(folder.Native("towns.shp"), false)->OpenFeatureClass("");
+  std::vector<FieldRef> fields;
+  for (const char* name : {"First", "ElevenChars", "Never"}) {
+    auto field = std::make_shared<Field>();
+    field->Name = name;
+    field->Type = esriFieldTypeDouble;
+    fields.push_back(field);
+  }
+  EXPECT_THAT(FaultTextOf([&] { towns->AddFields(fields); }), ::testing::HasSubstr("'ElevenChars'"));
+  EXPECT_GE(towns->FindField("First"), 0);
+  EXPECT_EQ(towns->FindField("Never"), -1);
+}
+
 TEST(Shapefiles, ATableWithNewColumnsKeepsItsPlaceAndPermissions) {
   namespace fs = std::filesystem;
   const TemporaryFolder folder;

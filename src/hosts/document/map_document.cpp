@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "hosts/document/document_layer.h"
+#include "hosts/document/layer_list.h"
 
 namespace tessarine {
 namespace {
@@ -17,17 +18,6 @@ class ElementList final : public IEnumElement {
 
  private:
   std::vector<std::shared_ptr<IElement>> elements_;
-  std::size_t next_ = 0;
-};
-
-class LayerList final : public IEnumLayer {
- public:
-  explicit LayerList(std::vector<std::shared_ptr<ILayer>> layers) : layers_(std::move(layers)) {}
-  void Reset() override { next_ = 0; }
-  [[nodiscard]] std::shared_ptr<ILayer> Next() override { return next_ < layers_.size() ? layers_[next_++] : nullptr; }
-
- private:
-  std::vector<std::shared_ptr<ILayer>> layers_;
   std::size_t next_ = 0;
 };
 

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 
+#include "hosts/document/layer_list.h"
 #include "hosts/qgis/annotation_elements.h"
 #include "hosts/qgis/values.h"
 #include "hosts/windows/qt_text.h"
@@ -15,17 +16,6 @@ namespace {
 
 constexpr QRgb kMarkColor = 0xFF00B7C3;
 constexpr int kMarkWidth = 2, kMarkSize = 12;
-
-class LayerWalk final : public IEnumLayer {
- public:
-  explicit LayerWalk(std::vector<std::shared_ptr<ILayer>> layers) : layers_(std::move(layers)) {}
-  void Reset() override { next_ = 0; }
-  [[nodiscard]] std::shared_ptr<ILayer> Next() override { return next_ < layers_.size() ? layers_[next_++] : nullptr; }
-
- private:
-  std::vector<std::shared_ptr<ILayer>> layers_;
-  std::size_t next_ = 0;
-};
 
 void Collect(const QgsLayerTreeGroup& group, bool recursive, LayerBook& book,
              std::vector<std::shared_ptr<ILayer>>& layers) {
@@ -87,7 +77,7 @@ std::shared_ptr<ILayer> MapView::Layer(std::int32_t index) const {
 }
 
 std::shared_ptr<IEnumLayer> MapView::Layers(const std::shared_ptr<UID>&, bool recursive) const {
-  return std::make_shared<LayerWalk>(TopLayers(book_, recursive));
+  return std::make_shared<LayerList>(TopLayers(book_, recursive));
 }
 
 void MapView::AddLayer(const std::shared_ptr<ILayer>& layer) {
