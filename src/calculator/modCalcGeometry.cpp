@@ -86,7 +86,7 @@ void RefreshTableWindow(const std::shared_ptr<IApplication>& application, const 
 }
 
 std::string Refused(const std::string& report) {
-  Host().Journal().Failed = true;
+  Host().Journal().failed = true;
   return report;
 }
 
@@ -109,13 +109,13 @@ std::string Calculate(const std::shared_ptr<VarArray>& carrier, const std::share
   const bool slow = HasSlowMeasure(entries, features->ShapeType(), SpatialKindOf(features->SpatialReference()));
   const bool show_progress = facts.record_count > kLongRun || (slow && facts.record_count >= kLongSlowRun);
   RunJournal& journal = Host().Journal();
-  journal.OutputPath = features->FullName();
-  journal.Reference = features->SpatialReference();
-  journal.Begin = Host().Clock().Now();
+  journal.output_path = features->FullName();
+  journal.reference = features->SpatialReference();
+  journal.begin = Host().Clock().Now();
   facts.problem_report = RunShape(carrier, application, indexes, facts.record_count, show_progress);
   RefreshTableWindow(application, options.Layer());
-  journal.End = Host().Clock().Now();
-  facts.time_spent = MyGeneralOperations::ReturnTimeElapsedRTF(journal.Begin, journal.End, kReportFontSize);
+  journal.end = Host().Clock().Now();
+  facts.time_spent = MyGeneralOperations::ReturnTimeElapsedRTF(journal.begin, journal.end, kReportFontSize);
   return CalculationReport(facts);
 }
 
@@ -126,7 +126,7 @@ std::string CalcGeometry(const std::shared_ptr<VarArray>& options, const std::sh
   return TrapWith(
       "CalcGeometry", [&] { return Calculate(options, Require(application, "IApplication")); },
       [](const Fault&) {
-        Host().Journal().Failed = true;
+        Host().Journal().failed = true;
         return std::string();
       });
 }

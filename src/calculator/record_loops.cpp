@@ -33,14 +33,14 @@ class RecordLoop {
     while (const std::shared_ptr<IFeature> feature = cursor->NextFeature()) {
       ++record;
       if (!progress.Step(record)) {
-        journal.Stopped = true;
+        journal.stopped = true;
         cursor->Close();
         return StoppedProblemReport(empty_features_, record);
       }
-      ++journal.Read;
+      ++journal.read;
       Calculate(*feature);
       cursor->UpdateFeature(feature);
-      ++journal.Written;
+      ++journal.written;
     }
     cursor->Close();
     progress.Finish();
@@ -64,7 +64,7 @@ class RecordLoop {
     const GeometryRef shape = feature.ShapeCopy();
     if (!shape || shape->IsEmpty()) {
       empty_features_ += EmptyFeatureLine(feature.OID());
-      Host().Journal().SkippedOIDs.push_back(feature.OID());
+      Host().Journal().skipped_oids.push_back(feature.OID());
       WriteNullValues(entries_, settings_.Shape, settings_.Kind, feature, indexes_);
       return;
     }
@@ -90,7 +90,7 @@ std::string RunLoop(const char* routine, const std::shared_ptr<VarArray>& option
   return TrapWith(
       routine, [&] { return RecordLoop(options, application, indexes, show_progress).Run(record_count); },
       [](const Fault&) {
-        Host().Journal().Failed = true;
+        Host().Journal().failed = true;
         return std::string();
       });
 }

@@ -38,7 +38,7 @@ class OutputWriter final : public ConversionSink {
   }
   void InsertUnnumbered() override {
     cursor_->InsertFeature(*buffer_);
-    ++Host().Journal().Written;
+    ++Host().Journal().written;
   }
   void Flush() { cursor_->Flush(); }
   /// Flushes, and tells of rows that could not be written.
@@ -63,11 +63,11 @@ bool ConvertFeatures(const ConversionRun& run, const StepContext& context, const
     if (!step->TakesFeatures()) break;
     ++facts.records_done;
     if (!progress.Step(facts.records_done)) return false;
-    ++journal.Read;
+    ++journal.read;
     const GeometryRef shape = feature->Shape();
     if (Require(shape, "Shape")->IsEmpty()) {
       facts.skipped_list += "  ** OID Value = " + std::to_string(feature->OID()) + "\\par\r\n";
-      journal.SkippedOIDs.push_back(feature->OID());
+      journal.skipped_oids.push_back(feature->OID());
       continue;
     }
     if (!joins) writer.BeginFeature(*feature);
@@ -95,7 +95,7 @@ std::string RunConversion(const ConversionRun& run, const std::shared_ptr<IFeatu
   RunFacts facts;
   RunJournal& journal = Host().Journal();
   journal = RunJournal();
-  journal.Begin = Host().Clock().Now();
+  journal.begin = Host().Clock().Now();
   const auto run_body = [&]() -> std::string {
     const auto document = Cast<IMxDocument>(application->Document());
     const RunInput input = OpenInput(layer, all_records);
@@ -109,19 +109,19 @@ std::string RunConversion(const ConversionRun& run, const std::shared_ptr<IFeatu
     OutputTarget target = SplitOutputPath(path, *extension);
     const SpatialReferenceRef reference = input.features->SpatialReference();
     if (!CanFrame(run, reference)) {
-      journal.Failed = true;
-      journal.End = Host().Clock().Now();
+      journal.failed = true;
+      journal.end = Host().Clock().Now();
       return UnknownReferenceReport(run);
     }
     facts.reference_name = Require(reference, "SpatialReference")->Name();
     const OutputFrame frame = FrameOf(run, *input.features);
-    journal.Reference = frame.reference;
+    journal.reference = frame.reference;
     const esriGeometryType input_type = input.features->ShapeType();
     const ShapeRule rule = RuleFor(run, input_type);
     FieldTransfer transfer = FieldTransfer::BesideInput(*input.features, rule.MeasureFields, *fields);
     const std::shared_ptr<IFeatureClass> output = CreateRunOutput(target, rule.Output, frame.reference, frame.extent,
                                                                   transfer.OutputFields(), run.Words.NamePrompt);
-    journal.OutputPath = path;
+    journal.output_path = path;
     transfer.Bind(input.features.get(), *output);
     facts.field_report = transfer.FieldReport();
 
@@ -131,8 +131,8 @@ std::string RunConversion(const ConversionRun& run, const std::shared_ptr<IFeatu
       const bool finished = ConvertFeatures(run, context, input, writer, progress, facts);
       writer.Close();
       if (!finished) {
-        journal.Stopped = true;
-        journal.End = Host().Clock().Now();
+        journal.stopped = true;
+        journal.end = Host().Clock().Now();
         return StoppedReport(run, facts);
       }
     }
@@ -141,14 +141,14 @@ std::string RunConversion(const ConversionRun& run, const std::shared_ptr<IFeatu
     progress.Finish();
     document->ActiveView()->PartialRefresh(esriViewGeography, nullptr, nullptr);
 
-    journal.End = Host().Clock().Now();
+    journal.end = Host().Clock().Now();
     facts.output_count = output->FeatureCount(nullptr);
-    facts.time_spent = ReturnTimeElapsedRTF(journal.Begin, journal.End, kReportFontSize);
+    facts.time_spent = ReturnTimeElapsedRTF(journal.begin, journal.end, kReportFontSize);
     return SuccessReport(run, facts);
   };
   const auto on_fault = [&](const Fault& fault) {
-    journal.Failed = true;
-    journal.End = Host().Clock().Now();
+    journal.failed = true;
+    journal.end = Host().Clock().Now();
     return FailureReport(run, facts, fault);
   };
   return TrapWith(run.Worker, run_body, on_fault);

@@ -110,8 +110,8 @@ bool SameClassName(const std::string& used, const std::string& asked) {
 // Ends a run that has nothing to work on.
 std::string GiveUp(const std::string& message) {
   RunJournal& journal = Host().Journal();
-  journal.Failed = true;
-  journal.End = Host().Clock().Now();
+  journal.failed = true;
+  journal.end = Host().Clock().Now();
   Host().MessageBox().Show(message, "");
   return "";
 }
@@ -127,11 +127,11 @@ std::string orlBuildPolygons(const std::shared_ptr<IFeatureLayer>& line_layer, b
                              const std::shared_ptr<clsExtension>& extension) {
   RunJournal& journal = Host().Journal();
   journal = RunJournal();
-  journal.Begin = Host().Clock().Now();
+  journal.begin = Host().Clock().Now();
   const auto run_body = [&]() -> std::string {
     const BusySigns busy(application);
     const Lines lines = CollectLines(line_layer, all_lines);
-    journal.Read = static_cast<std::int64_t>(lines.shapes.size());
+    journal.read = static_cast<std::int64_t>(lines.shapes.size());
     if (lines.shapes.empty()) {
       return GiveUp("No polylines available in '" + line_layer->Name() + "'!  Function cancelled...");
     }
@@ -148,8 +148,8 @@ std::string orlBuildPolygons(const std::shared_ptr<IFeatureLayer>& line_layer, b
         CreateRunOutput(target, esriGeometryPolygon, reference, extent, transfer.OutputFields(),
                         "Specify New Polygon Feature Class Name:");
     if (!SameClassName(target.name, asked_name)) facts.output_path = target.directory + "\\" + target.name;
-    journal.OutputPath = facts.output_path;
-    journal.Reference = output->SpatialReference();
+    journal.output_path = facts.output_path;
+    journal.reference = output->SpatialReference();
     const auto points = transfer_labels ? Require(point_layer, "point layer")->FeatureClass() : nullptr;
     transfer.Bind(points.get(), *output);
 
@@ -165,12 +165,12 @@ std::string orlBuildPolygons(const std::shared_ptr<IFeatureLayer>& line_layer, b
       labels.emplace(point_layer, use_all_label_points, use_first_label_point, output->SpatialReference());
     }
     facts.unlabelled = CompletePolygons(*output, transfer, labels);
-    journal.Written = facts.output_count;
+    journal.written = facts.output_count;
 
     AddResultLayer(output, target.name, *document);
     document->ActiveView()->PartialRefresh(esriViewGeography, nullptr, nullptr);
 
-    journal.End = Host().Clock().Now();
+    journal.end = Host().Clock().Now();
     facts.line_layer = line_layer->Name();
     facts.all_lines = all_lines;
     facts.line_count = lines.count;
@@ -182,12 +182,12 @@ std::string orlBuildPolygons(const std::shared_ptr<IFeatureLayer>& line_layer, b
     facts.first_point = use_first_label_point;
     facts.field_report = transfer.FieldReport();
     facts.reference_name = reference->Name();
-    facts.time_spent = ReturnTimeElapsedRTF(journal.Begin, journal.End, kReportFontSize);
+    facts.time_spent = ReturnTimeElapsedRTF(journal.begin, journal.end, kReportFontSize);
     return BuildReport(facts);
   };
   const auto on_fault = [&](const Fault&) -> std::string {
-    journal.Failed = true;
-    journal.End = Host().Clock().Now();
+    journal.failed = true;
+    journal.end = Host().Clock().Now();
     return "";
   };
   return TrapWith("orlBuildPolygons", run_body, on_fault);

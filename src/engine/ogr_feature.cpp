@@ -23,10 +23,10 @@ Variant OgrRow::Value(std::int32_t index) const {
   return ValueOf(*feature_, attribute);
 }
 
-void OgrRow::SetValue(std::int32_t index, const Variant& value) {
+ValueChange OgrRow::SetValue(std::int32_t index, const Variant& value) {
   if (index == traits_->fields.shape_index) {
     SetShape(ShapeOf(value));
-    return;
+    return ValueChange::None;
   }
   const int attribute = traits_->fields.OgrIndex(index);
   if (attribute < 0 || index >= traits_->fields.fields->FieldCount()) {
@@ -36,6 +36,7 @@ void OgrRow::SetValue(std::int32_t index, const Variant& value) {
   if (tracks_changes_ && std::ranges::find(changed_attributes_, attribute) == changed_attributes_.end()) {
     changed_attributes_.push_back(attribute);
   }
+  return ValueChange::None;
 }
 
 GeometryRef OgrRow::Shape() const {

@@ -31,7 +31,7 @@ class OgrRow : public virtual IFeatureBuffer {
 
   [[nodiscard]] FieldsRef Fields() const override { return traits_->fields.fields; }
   [[nodiscard]] Variant Value(std::int32_t index) const override;
-  void SetValue(std::int32_t index, const Variant& value) override;
+  ValueChange SetValue(std::int32_t index, const Variant& value) override;
   [[nodiscard]] GeometryRef Shape() const override;
   void SetShape(const GeometryRef& shape) override;
 

@@ -30,12 +30,12 @@ void frmGraphicsShapefile::cmdOK_Click() {
     RememberOutput(TypedPlace(), *extension_);
     RunJournal& journal = Host().Journal();
     journal = RunJournal();
-    journal.Begin = Host().Clock().Now();
+    journal.begin = Host().Clock().Now();
     Made made;
     const Outcome outcome = optNew.Value() ? MakeEmptyClass(made) : ConvertGraphics(made);
     if (outcome == Outcome::GoBack) return;
     if (outcome == Outcome::Done) {
-      journal.End = Host().Clock().Now();
+      journal.end = Host().Clock().Now();
       if (made.feature_class) AddLayer(made);
       EnableSelectTool(application_);
       Host().Beep();
@@ -75,7 +75,7 @@ frmGraphicsShapefile::Outcome frmGraphicsShapefile::ConvertGraphics(Made& made) 
   if (conversion.second.list != nullptr) {
     report.counts += CountLine((set.*conversion.second.list).Count(), conversion.second.count_words);
   }
-  Host().Journal().Read = count;
+  Host().Journal().read = count;
   if (!MakeClass(conversion.geometry_type, conversion.measure, names, made)) return Outcome::NothingMade;
   report.fields = FieldLines(conversion.measure, names, selected, output_reference_, map_reference);
   made.symbol = (set.*conversion.symbol_list).FirstSymbol;
@@ -106,8 +106,8 @@ bool frmGraphicsShapefile::MakeClass(esriGeometryType geometry_type, GraphicMeas
     output_reference_ = made.feature_class->SpatialReference();
     made.report.path = place.FullPath();
   }
-  Host().Journal().OutputPath = made.report.path;
-  Host().Journal().Reference = output_reference_;
+  Host().Journal().output_path = made.report.path;
+  Host().Journal().reference = output_reference_;
   return true;
 }
 

@@ -96,7 +96,7 @@ class GraphicWriter {
       if (with_names) WriteName(list.Names->Element(index));
       cursor_->InsertFeature(*buffer_);
       ++record_;
-      ++Host().Journal().Written;
+      ++Host().Journal().written;
     }
   }
 

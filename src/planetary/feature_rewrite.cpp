@@ -91,13 +91,13 @@ bool RewriteAll(const FeatureRewrite& run, IFeatureClass& input, const std::shar
   while (const std::shared_ptr<IFeature> feature = reader->NextFeature()) {
     finished = progress.Step(++facts.records_done);
     if (!finished) break;
-    ++journal.Read;
+    ++journal.read;
     const RewrittenShape rewritten = Rewrite(run, *feature);
     if (!rewritten.problem.empty()) facts.problems += ProblemLine(rewritten.problem);
     buffer->SetShape(rewritten.shape);
     attributes.Copy(*feature, *buffer);
     writer->InsertFeature(*buffer);
-    ++journal.Written;
+    ++journal.written;
   }
   writer->Close();
   return finished;
@@ -123,8 +123,8 @@ bool ReadsItsOutput(const FeatureRewrite& run) {
 std::string EndWithoutOutput(const FeatureRewrite& run, const char* reason) {
   Host().MessageBox().Show(std::string("No Feature Class Created:\r\n") + reason, "");
   RunJournal& journal = Host().Journal();
-  journal.Failed = true;
-  journal.End = Host().Clock().Now();
+  journal.failed = true;
+  journal.end = Host().Clock().Now();
   return NoOutputReport(run.conversion);
 }
 
@@ -144,15 +144,15 @@ std::string RunBody(const FeatureRewrite& run, const std::shared_ptr<IApplicatio
     progress.Abandon();
     return EndWithoutOutput(run, "Bailing out...");
   }
-  journal.OutputPath = output.place.FullPath();
-  journal.Reference = output.features->SpatialReference();
+  journal.output_path = output.place.FullPath();
+  journal.reference = output.features->SpatialReference();
 
   facts.stopped = !RewriteAll(run, *input, output.features, progress, facts);
-  journal.Stopped = facts.stopped;
+  journal.stopped = facts.stopped;
   facts.stopped ? progress.Stop() : progress.Finish();
   ShowResult(output, facts.stopped, document);
-  journal.End = Host().Clock().Now();
-  facts.time_spent = ReturnTimeElapsedRTF(journal.Begin, journal.End, kReportFontSize);
+  journal.end = Host().Clock().Now();
+  facts.time_spent = ReturnTimeElapsedRTF(journal.begin, journal.end, kReportFontSize);
   return RewriteReport(run.title, run.sections,
                        {ShownName(output.place), output.place.Directory, output.features->FeatureCount(nullptr)},
                        facts);
@@ -173,11 +173,11 @@ std::string RewriteFeatures(const FeatureRewrite& run, const std::shared_ptr<IAp
   RewriteFacts facts;
   RunJournal& journal = Host().Journal();
   journal = RunJournal();
-  journal.Begin = Host().Clock().Now();
+  journal.begin = Host().Clock().Now();
   const auto body = [&] { return RunBody(run, application, document, extension, show_progress, facts); };
   const auto on_fault = [&](const Fault& fault) {
-    journal.Failed = true;
-    journal.End = Host().Clock().Now();
+    journal.failed = true;
+    journal.end = Host().Clock().Now();
     return FaultReport(run.conversion, run.worker, facts, fault);
   };
   return TrapWith(run.worker, body, on_fault);

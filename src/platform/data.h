@@ -13,6 +13,7 @@
 #include "platform/field.h"
 #include "platform/geometry.h"
 #include "platform/object.h"
+#include "platform/value_change.h"
 #include "platform/variant.h"
 
 namespace tessarine {
@@ -47,7 +48,9 @@ class IRowBuffer : public virtual Object {
   [[nodiscard]] virtual FieldsRef Fields() const = 0;
   /// Attribute access by field index; fault 5 outside the list.
   [[nodiscard]] virtual Variant Value(std::int32_t index) const = 0;
-  virtual void SetValue(std::int32_t index, const Variant& value) = 0;
+  /// Returns what became of a value that the field can't hold as it is; that never is a fault. Fault 5 outside the
+  /// list and for fields that can't be written at all.
+  virtual ValueChange SetValue(std::int32_t index, const Variant& value) = 0;
 };
 
 class ITable;

@@ -16,33 +16,48 @@ enum FaultNumber : std::int32_t {
   kOverflow = 6,
   kDivisionByZero = 11,
   kTypeMismatch = 13,
+  kPathAccess = 75,
   kPathNotFound = 76,
   kObjectNotSet = 91,
   kEngine = -2147467259,
 };
 
-/// An error with a number, a source (who raised it), a description for a person and the line of code, 0 when
-/// unknown. `what()` is the description.
+/// An error with a number, a source (who raised it), a description for a person, and the file and line of code that
+/// raised it, empty and 0 when unknown. `what()` is the description.
 class Fault : public std::runtime_error {
  public:
-  Fault(std::int32_t number, std::string source, const std::string& description, std::int32_t line = 0)
-      : std::runtime_error(description), number_(number), source_(std::move(source)), line_(line) {}
+  Fault(std::int32_t number, std::string source, const std::string& description, std::int32_t line = 0,
+        std::string file = "")
+      : std::runtime_error(description),
+        number_(number),
+        source_(std::move(source)),
+        file_(std::move(file)),
+        line_(line) {}
 
   [[nodiscard]] std::int32_t Number() const { return number_; }
   [[nodiscard]] const std::string& Source() const { return source_; }
   [[nodiscard]] std::string Description() const { return what(); }
   [[nodiscard]] std::int32_t Line() const { return line_; }
+  /// The file below the source root, as "geodesy/vincenty.cpp".
+  [[nodiscard]] const std::string& File() const { return file_; }
+  /// "geodesy/vincenty.cpp:120"; empty when unknown.
+  [[nodiscard]] std::string Place() const { return line_ == 0 ? "" : file_ + ":" + std::to_string(line_); }
 
  private:
   std::int32_t number_;
   std::string source_;
+  std::string file_;
   std::int32_t line_;
 };
 
-/// Raises a fault that carries the caller's line.
+/// The name of a source file below the source root.
+[[nodiscard]] std::string SourceFileName(std::string_view path);
+
+/// Raises a fault that carries the caller's file and line.
 [[noreturn]] inline void Raise(std::int32_t number, const std::string& description,
                                const std::source_location where = std::source_location::current()) {
-  throw Fault(number, "Tessarine", description, static_cast<std::int32_t>(where.line()));
+  throw Fault(number, "Tessarine", description, static_cast<std::int32_t>(where.line()),
+              SourceFileName(where.file_name()));
 }
 
 /// The object, or fault 91 naming what is missing.

@@ -13,6 +13,7 @@
 #include "platform/date.h"
 #include "platform/form.h"
 #include "platform/map.h"
+#include "platform/run_journal.h"
 
 namespace tessarine {
 
@@ -159,18 +160,6 @@ class IOperatingSystem {
   virtual void ShellExecute(const std::string& path, const std::string& folder) = 0;
   /// The folder that the program and its manual lie in.
   [[nodiscard]] virtual std::string ProgramFolder() const = 0;
-};
-
-/// What a run did to its records. Workers write it, hosts read it.
-struct RunJournal {
-  std::int64_t Read = 0;
-  std::int64_t Written = 0;
-  std::vector<std::int64_t> SkippedOIDs;
-  bool Stopped = false;
-  bool Failed = false;
-  Date Begin, End;
-  std::string OutputPath;  ///< a backslash path, empty when no output was made
-  SpatialReferenceRef Reference;
 };
 
 class IHost {

@@ -5,14 +5,13 @@ namespace {
 
 FaultReporter g_reporter = nullptr;
 
-// The file's name with its folder below the source root.
-std::string SourceName(std::string_view file) {
-  constexpr std::string_view kRoot = "src/";
-  const auto at = file.rfind(kRoot);
-  return std::string(at == std::string_view::npos ? file : file.substr(at + kRoot.size()));
-}
-
 }  // namespace
+
+std::string SourceFileName(std::string_view path) {
+  constexpr std::string_view kRoot = "src/";
+  const auto at = path.rfind(kRoot);
+  return std::string(at == std::string_view::npos ? path : path.substr(at + kRoot.size()));
+}
 
 Fault CurrentFault() {
   try {
@@ -32,7 +31,7 @@ namespace detail {
 
 void ReportCurrentFault(std::string_view procedure, bool top, const std::source_location& where) {
   const Fault fault = CurrentFault();
-  if (g_reporter != nullptr) g_reporter({std::string(procedure) + " ", SourceName(where.file_name()), top}, fault);
+  if (g_reporter != nullptr) g_reporter({std::string(procedure) + " ", SourceFileName(where.file_name()), top}, fault);
   if (!top) throw fault;
 }
 

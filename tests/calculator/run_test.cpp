@@ -70,8 +70,8 @@ TEST_F(RunTest, ValuesAndReportOfAPolygonLayerWithAnEmptyFeature) {
   EXPECT_THAT(report, HasSubstr("geometry fields...\\par\r\n  ** OID Value = 1\\par\r\n\r\n\\b ----------"));
   EXPECT_THAT(report, HasSubstr("\\par\r\n\\pard\\qc \\b\\fs16 Analysis Began:"));
   EXPECT_THAT(report, Not(HasSubstr("zzz")));
-  EXPECT_EQ(host.journal.Written, 3);
-  EXPECT_THAT(host.journal.SkippedOIDs, ElementsAre(1));
+  EXPECT_EQ(host.journal.written, 3);
+  EXPECT_THAT(host.journal.skipped_oids, ElementsAre(1));
   EXPECT_EQ(application->status_bar->steps, 3);
   EXPECT_EQ(application->status_bar->progress_text, "Calculating Geometry on areas");
   EXPECT_FALSE(application->status_bar->bar_visible);
@@ -115,11 +115,11 @@ TEST_F(RunTest, AStoppedRunKeepsWhatItWrote) {
   Form* meter = nullptr;
   host.forms.modeless = [&](Form& form) { meter = &form; };
   host.on_pump = [&] {
-    if (host.journal.Written >= 5) meter->FindAs<CommandButton>("cmdStop")->Press();
+    if (host.journal.written >= 5) meter->FindAs<CommandButton>("cmdStop")->Press();
   };
   const std::string report = Run(layer, {OptionEntry(1, "X", "Y")});
-  ASSERT_TRUE(host.journal.Stopped);
-  const auto written = static_cast<int>(host.journal.Written);
+  ASSERT_TRUE(host.journal.stopped);
+  const auto written = static_cast<int>(host.journal.written);
   EXPECT_THAT(report, HasSubstr("Geometry Calculation Successful:"));
   EXPECT_THAT(report, HasSubstr("\\par\r\nExited Function Prematurely at Record " + std::to_string(written + 1) +
                                 "\\par\r\n\\pard\\qc "));
@@ -137,7 +137,7 @@ TEST_F(RunTest, AFieldThatCanNotBeMadeEndsTheRun) {
   EXPECT_EQ(host.messages.shown[0].text, "Failed to add field '' to Feature Layer towns!  Bailing out...");
   EXPECT_TRUE(Row("towns.gpkg", 0).contains("X")) << "fields made before stay";
   EXPECT_FALSE(Row("towns.gpkg", 0).contains("LON"));
-  EXPECT_TRUE(host.journal.Failed);
+  EXPECT_TRUE(host.journal.failed);
 }
 
 TEST_F(RunTest, AFieldThatCanNotBeWrittenIsReplacedInNameOnly) {

@@ -139,9 +139,10 @@ class NotedRow final : public IRowBuffer {
   std::int32_t refuses = -1;
   [[nodiscard]] FieldsRef Fields() const override { return nullptr; }
   [[nodiscard]] Variant Value(std::int32_t index) const override { return written.at(index); }
-  void SetValue(std::int32_t index, const Variant& value) override {
+  ValueChange SetValue(std::int32_t index, const Variant& value) override {
     if (index == refuses) Raise(kTypeMismatch, "no such value");
     written[index] = value;
+    return ValueChange::None;
   }
 };
 

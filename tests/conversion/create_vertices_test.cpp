@@ -170,9 +170,9 @@ TEST_F(VerticesTest, FeaturesWithoutShapeAreSkippedInSilence) {
   const std::string text = Run();
   EXPECT_THAT(text, HasSubstr("Contains 5 vertex points"));
   EXPECT_THAT(text, Not(HasSubstr("OID")));
-  EXPECT_EQ(host.journal.SkippedOIDs, (std::vector<std::int64_t>{1, 3}));
-  EXPECT_EQ(host.journal.Read, 3);
-  EXPECT_EQ(host.journal.Written, 5);
+  EXPECT_EQ(host.journal.skipped_oids, (std::vector<std::int64_t>{1, 3}));
+  EXPECT_EQ(host.journal.read, 3);
+  EXPECT_EQ(host.journal.written, 5);
 
   features->rows.erase(features->rows.begin() + 1);
   host.messages.answers = {MessageAnswer::Yes};
@@ -204,11 +204,11 @@ TEST_F(VerticesTest, StopInTheMiddleKeepsWhatWasWritten) {
   EXPECT_THAT(text, HasSubstr("Exited Function Prematurely at Record "));
   EXPECT_THAT(text, HasSubstr("Partial output saved to " + folder.Native("out.shp")));
   EXPECT_TRUE(report.ends_with("}"));
-  EXPECT_TRUE(host.journal.Stopped);
-  EXPECT_EQ(Output().rows.size(), static_cast<std::size_t>(host.journal.Written));
-  EXPECT_EQ(host.journal.Written % 5, 0);
-  EXPECT_GT(host.journal.Written, 0);
-  EXPECT_LT(host.journal.Read, 6);
+  EXPECT_TRUE(host.journal.stopped);
+  EXPECT_EQ(Output().rows.size(), static_cast<std::size_t>(host.journal.written));
+  EXPECT_EQ(host.journal.written % 5, 0);
+  EXPECT_GT(host.journal.written, 0);
+  EXPECT_LT(host.journal.read, 6);
   EXPECT_EQ(document->Map().LayerCount(), 0);
   EXPECT_THAT(form->txtDetails.Text(), HasSubstr("Operation cancelled prematurely at "));
   EXPECT_TRUE(host.error_reports.empty());
@@ -225,7 +225,7 @@ TEST_F(VerticesTest, AFailureIsToldTwiceAndKeepsWhatWasFlushed) {
   }
   ASSERT_EQ(host.error_reports.size(), 1U);
   EXPECT_THAT(host.error_reports[0], HasSubstr("\tConvertToVertices "));
-  EXPECT_TRUE(host.journal.Failed);
+  EXPECT_TRUE(host.journal.failed);
   EXPECT_EQ(Output().rows.size(), 10U);
   EXPECT_EQ(document->Map().LayerCount(), 0);
 }

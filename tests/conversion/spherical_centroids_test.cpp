@@ -81,7 +81,7 @@ TEST_F(SphericalCentroidsTest, AnUnknownReferenceIsRefusedBeforeAnythingIsMade) 
     EXPECT_FALSE(folder.Has("out.shp"));
     EXPECT_TRUE(application->status_bar->bar_visible);
     EXPECT_THAT(host.error_reports, IsEmpty());
-    EXPECT_TRUE(host.journal.Failed);
+    EXPECT_TRUE(host.journal.failed);
   }
 }
 

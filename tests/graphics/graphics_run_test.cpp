@@ -153,7 +153,7 @@ TEST_F(GraphicsRun, NamesAreCountedAndLookAndLayerFollow) {
   EXPECT_TRUE(document->Dirty());
   EXPECT_EQ(host.beeps, 1);
   EXPECT_EQ(extension->DirectoryPath, folder.Path());
-  EXPECT_EQ(host.journal.Written, 4);
+  EXPECT_EQ(host.journal.written, 4);
 }
 
 TEST_F(GraphicsRun, GeodatabaseClassesBearNoUniqueId) {

@@ -25,7 +25,7 @@ class MemoryFeature final : public IFeature {
 
   [[nodiscard]] FieldsRef Fields() const override { return nullptr; }
   [[nodiscard]] Variant Value(std::int32_t index) const override { return values_.at(static_cast<std::size_t>(index)); }
-  void SetValue(std::int32_t, const Variant&) override { Raise(kInvalidCall, "read-only"); }
+  ValueChange SetValue(std::int32_t, const Variant&) override { Raise(kInvalidCall, "read-only"); }
   [[nodiscard]] std::int64_t OID() const override { return oid_; }
   [[nodiscard]] bool HasOID() const override { return true; }
   void Store() override {}

@@ -21,35 +21,36 @@ struct Room {
 const std::vector<Room> kRooms = {
     {"platform/", {"platform/"}, false},
     {"geodesy/", {"platform/", "geodesy/"}, false},
-    {"engine/", {"platform/", "engine/"}, true},
+    {"outputs/", {"platform/", "outputs/"}, false},
+    {"engine/", {"platform/", "outputs/", "engine/"}, true},
     {"frame/commands/",
-     {"platform/", "geodesy/", "support/", "frame/", "spheroids/", "conversion/", "calculator/", "graphics/",
+     {"platform/", "geodesy/", "outputs/", "support/", "frame/", "spheroids/", "conversion/", "calculator/", "graphics/",
       "planetary/"},
      false},
     {"frame/", {"platform/", "geodesy/", "support/", "frame/"}, false},
-    {"support/", {"platform/", "geodesy/", "support/", "frame/clsExtension.h", "frame/ErrorHandling.h"}, false},
+    {"support/", {"platform/", "geodesy/", "outputs/", "support/", "frame/clsExtension.h", "frame/ErrorHandling.h"}, false},
     {"spheroids/",
      {"platform/", "geodesy/", "support/", "spheroids/", "frame/clsExtension.h", "frame/ErrorHandling.h"},
      false},
     {"conversion/",
-     {"platform/", "geodesy/", "support/", "conversion/", "frame/clsExtension.h", "frame/ErrorHandling.h"},
+     {"platform/", "geodesy/", "outputs/", "support/", "conversion/", "frame/clsExtension.h", "frame/ErrorHandling.h"},
      false},
     {"calculator/",
-     {"platform/", "geodesy/", "support/", "spheroids/", "calculator/", "frame/clsExtension.h",
+     {"platform/", "geodesy/", "outputs/", "support/", "spheroids/", "calculator/", "frame/clsExtension.h",
       "frame/ErrorHandling.h"},
      false},
     {"graphics/",
-     {"platform/", "geodesy/", "support/", "graphics/", "frame/clsExtension.h", "frame/ErrorHandling.h"},
+     {"platform/", "geodesy/", "outputs/", "support/", "graphics/", "frame/clsExtension.h", "frame/ErrorHandling.h"},
      false},
     {"planetary/",
-     {"platform/", "geodesy/", "support/", "spheroids/", "planetary/", "frame/clsExtension.h", "frame/ErrorHandling.h"},
+     {"platform/", "geodesy/", "outputs/", "support/", "spheroids/", "planetary/", "frame/clsExtension.h", "frame/ErrorHandling.h"},
      false},
     {"hosts/", {""}, true},
 };
 
 // Headers of the C++ standard library and of POSIX that the suite itself may use.
 bool IsSystemHeader(const std::string& name) {
-  static const std::regex standard("[a-z_]+|c?[a-z]+|dlfcn\\.h");
+  static const std::regex standard(R"re([a-z_]+|c?[a-z]+|(dlfcn|fcntl|unistd|linux/fs|sys/[a-z]+)\.h)re");
   return std::regex_match(name, standard);
 }
 

@@ -98,7 +98,7 @@ TEST_F(WrapRunTest, AreasOverManyBoxesAndFailuresInBetween) {
   EXPECT_NEAR(output.rows[1].Area(), 1e18, 1.0) << "written as it stands";
   EXPECT_THAT(text, HasSubstr("  --> Failed to wrap feature at OID #2.  Wrap function apparently crashed...\n"));
   EXPECT_EQ(host.error_reports.size(), 1U);
-  EXPECT_FALSE(host.journal.Failed);
+  EXPECT_FALSE(host.journal.failed);
   EXPECT_NEAR(output.rows[2].Area(), 200.0, 1e-9);
   // One vertex each tenth of a degree along both cut edges, and the corners between.
   int vertices = 0;
@@ -163,11 +163,11 @@ TEST_F(WrapRunTest, StopKeepsThePartialLayer) {
   const std::string text = Wrap(kBox180, kWrap180, 0.0, true);
   EXPECT_EQ(form->Name(), "frmOrlProgressMeter");
   EXPECT_THAT(
-      text, HasSubstr("NOTE:  Exited Function Prematurely at Record " + std::to_string(host.journal.Read + 1) + "\n"));
-  EXPECT_TRUE(host.journal.Stopped);
-  EXPECT_GT(host.journal.Written, 0);
-  EXPECT_LT(host.journal.Written, 6);
-  EXPECT_EQ(Output().rows.size(), static_cast<std::size_t>(host.journal.Written));
+      text, HasSubstr("NOTE:  Exited Function Prematurely at Record " + std::to_string(host.journal.read + 1) + "\n"));
+  EXPECT_TRUE(host.journal.stopped);
+  EXPECT_GT(host.journal.written, 0);
+  EXPECT_LT(host.journal.written, 6);
+  EXPECT_EQ(Output().rows.size(), static_cast<std::size_t>(host.journal.written));
   ASSERT_EQ(document->Map().LayerCount(), 1);
   EXPECT_EQ(document->Map().Layer(0)->Name(), "out  [Partial]");
   EXPECT_EQ(form->cmdStop.Caption(), "Close");
@@ -183,7 +183,7 @@ TEST_F(WrapRunTest, WithoutAnOutputTheRunEnds) {
   ASSERT_EQ(host.messages.shown.size(), 2U);
   EXPECT_EQ(host.messages.shown[1].text, "No Feature Class Created:\r\nBailing out...");
   EXPECT_THAT(text, HasSubstr("'CreateGeneralFeatureClass' Function failed unexpectedly..."));
-  EXPECT_TRUE(host.journal.Failed);
+  EXPECT_TRUE(host.journal.failed);
   EXPECT_FALSE(application->status_bar->bar_visible);
 
   // The class that is read is never overwritten.

@@ -20,10 +20,10 @@ Variant LayerRow::Value(std::int32_t index) const {
   return ValueOf(feature_.attribute(attribute), traits_->fields.at(attribute));
 }
 
-void LayerRow::SetValue(std::int32_t index, const Variant& value) {
+ValueChange LayerRow::SetValue(std::int32_t index, const Variant& value) {
   if (index == traits_->columns.shape_index) {
     SetShape(engine::ShapeOf(value));
-    return;
+    return ValueChange::None;
   }
   const int attribute = traits_->columns.AttributeOf(index);
   if (attribute == Columns::kNoAttribute) Raise(kInvalidCall, "The identifier of a row can't be changed.");
@@ -35,6 +35,7 @@ void LayerRow::SetValue(std::int32_t index, const Variant& value) {
   feature_.setAttribute(attribute, stored);
   // Provider fields come first, so that the layer's index is the provider's too.
   changes_.insert(traits_->fields.fieldOriginIndex(attribute), stored);
+  return ValueChange::None;
 }
 
 void LayerRow::Store() {

@@ -18,7 +18,7 @@ class LayerRow final : public virtual IFeature {
 
   [[nodiscard]] FieldsRef Fields() const override { return traits_->columns.fields; }
   [[nodiscard]] Variant Value(std::int32_t index) const override;
-  void SetValue(std::int32_t index, const Variant& value) override;
+  ValueChange SetValue(std::int32_t index, const Variant& value) override;
   [[nodiscard]] std::int64_t OID() const override { return feature_.id(); }
   [[nodiscard]] bool HasOID() const override { return true; }
   void Store() override;

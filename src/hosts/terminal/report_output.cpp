@@ -27,8 +27,8 @@ std::string IsoTime(Date date) {
 
 const char* OutcomeWord(const RunJournal& journal, bool plan_only, bool fault_reported) {
   if (plan_only) return "planned";
-  if (journal.Failed || fault_reported) return "failed";
-  return journal.Stopped ? "stopped" : "done";
+  if (journal.failed || fault_reported) return "failed";
+  return journal.stopped ? "stopped" : "done";
 }
 
 std::shared_ptr<const GeographicCoordinateSystem> GeographicOf(const SpatialReferenceRef& reference) {
@@ -56,19 +56,19 @@ std::string JsonReport(const std::string& rtf, const CommonOptions& options, Ter
       {"versions",
        {{"tessarine", TESSARINE_VERSION}, {"gdal", versions.gdal}, {"geos", versions.geos}, {"proj", versions.proj}}},
       {"outcome", OutcomeWord(journal, host.PlanOnly(), host.FaultReported())},
-      {"output", journal.OutputPath.empty() ? json() : json(ToNativePath(journal.OutputPath))},
-      {"spatial_reference", ReferenceToJson(journal.Reference)},
+      {"output", journal.output_path.empty() ? json() : json(ToNativePath(journal.output_path))},
+      {"spatial_reference", ReferenceToJson(journal.reference)},
       {"records",
-       {{"read", journal.Read},
-        {"written", journal.Written},
-        {"skipped", journal.SkippedOIDs.size()},
-        {"skipped_oids", journal.SkippedOIDs}}},
+       {{"read", journal.read},
+        {"written", journal.written},
+        {"skipped", journal.skipped_oids.size()},
+        {"skipped_oids", journal.skipped_oids}}},
       {"report", ToPlainText(ReadRtf(rtf))},
   };
   if (!host.PlanOnly()) {
-    report["start"] = IsoTime(journal.Begin);
-    report["end"] = IsoTime(journal.End);
-    report["elapsed_seconds"] = SecondsBetween(journal.Begin, journal.End);
+    report["start"] = IsoTime(journal.begin);
+    report["end"] = IsoTime(journal.end);
+    report["elapsed_seconds"] = SecondsBetween(journal.begin, journal.end);
   }
   return report.dump(2, ' ', false, json::error_handler_t::replace) + "\n";
 }

@@ -49,14 +49,14 @@ ExitStatus Session::Run(const std::string& command_id, FormScript* script) {
 
 void Session::DeliverReport() {
   if (!host_.Report()) return;
-  if (!told_output_.empty()) host_.Journal().OutputPath = told_output_;
+  if (!told_output_.empty()) host_.Journal().output_path = told_output_;
   if (!options_.quiet) PrintReport(*host_.Report(), isatty(STDOUT_FILENO) != 0);
   if (!options_.report_file.empty()) WriteReport(*host_.Report(), options_, host_);
 }
 
 ExitStatus Session::Outcome() {
   const RunJournal& journal = host_.Journal();
-  if (host_.FaultReported() || journal.Failed || journal.Stopped) return ExitStatus::Failed;
+  if (host_.FaultReported() || journal.failed || journal.stopped) return ExitStatus::Failed;
   return host_.FormRefused() ? ExitStatus::Refused : ExitStatus::Done;
 }
 

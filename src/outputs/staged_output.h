@@ -1,0 +1,60 @@
+// Outputs that are made beside their target and take its place when they are whole.
+//
+//   StagedOutput staged("/data/roads.shp", StagedOutput::Begin::Empty);
+//   ... make staged.Path() and all files beside it ...
+//   staged.Publish();
+//
+// The staging folder lies beside the target, hidden, so that a rename suffices; it is locked while its run lives. Until
+// `Publish` the target is as it was. A single file or folder is exchanged with the target in one step of the file
+// system. Of several files, a list of what is to be done is on the disk before the first is renamed: when the process
+// dies between two renames, `FinishInterrupted` ends them. Files are on the disk before they are renamed, so that a
+// loss of power leaves the old output or the new one.
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace tessarine {
+
+/// The files that make up the data set at this native path, as they lie on the disk: of a shapefile or dBASE table
+/// those of its name with the endings of its format in any case, of everything else the file or folder itself with the
+/// files that SQLite and GDAL put beside it. Sorted; empty when there are none.
+[[nodiscard]] std::vector<std::filesystem::path> FilesOfDataset(const std::filesystem::path& path);
+
+/// Ends what a dead run was about to publish in place of `target`, and removes what other dead runs left for it. Runs
+/// that live are left alone. Faults of the file system end it silently: it is tried again by the next run.
+void FinishInterrupted(const std::filesystem::path& target);
+
+class StagedOutput {
+ public:
+  enum class Begin {
+    Empty,  ///< nothing lies at `Path()`
+    Copy,   ///< a copy of the target, where there is one
+  };
+
+  /// Makes the staging folder. Fault 76 when the target's folder isn't there, 75 when it can't be written to.
+  StagedOutput(std::filesystem::path target, Begin begin);
+  /// Discards what was not published.
+  ~StagedOutput();
+  StagedOutput(const StagedOutput&) = delete;
+  StagedOutput& operator=(const StagedOutput&) = delete;
+
+  [[nodiscard]] const std::filesystem::path& Target() const { return target_; }
+  /// Where the output is to be made: of the target's own name, in the staging folder.
+  [[nodiscard]] const std::filesystem::path& Path() const { return path_; }
+
+  /// Puts what was made in the target's place and removes what was there, with all its files. Every handle on the
+  /// files must be closed. Fault 75 when the file system refuses; the old output is whole then.
+  void Publish();
+  /// Removes what was made; the target is as it was.
+  void Discard();
+
+ private:
+  std::filesystem::path target_;
+  std::filesystem::path folder_;
+  std::filesystem::path path_;
+  int lock_ = -1;
+};
+
+}  // namespace tessarine

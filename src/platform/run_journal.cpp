@@ -1,0 +1,83 @@
+#include "platform/run_journal.h"
+
+#include <algorithm>
+#include <array>
+#include <numeric>
+
+namespace tessarine {
+namespace {
+
+struct ChangeRow {
+  ValueChange change;
+  std::string_view key;
+  std::string_view words;
+};
+
+constexpr std::array kChanges = {
+    ChangeRow{ValueChange::None, "none", "as it was"},
+    ChangeRow{ValueChange::OutOfRange, "out_of_range", "too large for the field, written as null"},
+    ChangeRow{ValueChange::NotFinite, "not_finite", "no finite number, written as null"},
+    ChangeRow{ValueChange::TextCut, "text_cut", "text cut to the width of the field"},
+    ChangeRow{ValueChange::Rounded, "rounded", "rounded to the decimals of the field"},
+    ChangeRow{ValueChange::TimeDropped, "time_dropped", "time of day left out"},
+    ChangeRow{ValueChange::DayAdded, "day_added", "time of day stored with a day"},
+    ChangeRow{ValueChange::ZoneDropped, "zone_dropped", "time zone left out"},
+    ChangeRow{ValueChange::Unreadable, "unreadable", "can't be converted, written as null"},
+    ChangeRow{ValueChange::BadText, "bad_text", "bytes that are no text replaced"},
+};
+
+const ChangeRow& RowOf(ValueChange change) { return *std::ranges::find(kChanges, change, &ChangeRow::change); }
+
+void ListOid(std::vector<std::int64_t>& oids, std::int64_t oid) {
+  if (oids.size() < RunJournal::kListedOids) oids.push_back(oid);
+}
+
+}  // namespace
+
+std::string_view ValueChangeWords(ValueChange change) { return RowOf(change).words; }
+std::string_view ValueChangeKey(ValueChange change) { return RowOf(change).key; }
+
+void RunJournal::NoteChange(std::string_view field, ValueChange kind, std::int64_t oid) {
+  if (kind == ValueChange::None) return;
+  const auto known = std::ranges::find_if(
+      changed, [&](const ChangedValues& values) { return values.kind == kind && values.field == field; });
+  if (known != changed.end()) {
+    ++known->count;
+  } else {
+    changed.push_back({std::string(field), kind, 1, oid});
+  }
+}
+
+void RunJournal::NoteName(std::string_view asked, std::string_view name_written) {
+  if (asked != name_written) changed_names.push_back({std::string(asked), std::string(name_written)});
+}
+
+void RunJournal::NoteWarning(std::string_view text, std::int64_t oid) {
+  auto known = std::ranges::find(warnings, text, &RunWarning::text);
+  if (known == warnings.end()) known = warnings.insert(known, {std::string(text), 0, {}});
+  ++known->count;
+  ListOid(known->first_oids, oid);
+}
+
+void RunJournal::NoteFault(const Fault& fault, std::int64_t oid) {
+  const std::string place = fault.Place();
+  auto known = std::ranges::find_if(faults, [&](const RunFault& row) {
+    return row.number == fault.Number() && row.place == place && row.description == fault.what();
+  });
+  if (known == faults.end()) known = faults.insert(known, {fault.Number(), fault.Description(), place, 0, {}});
+  ++known->count;
+  ListOid(known->first_oids, oid);
+  unmeasured_oids.push_back(oid);
+}
+
+void RunJournal::Fail(std::string_view reason) {
+  failed = true;
+  if (failure.empty()) failure = reason;
+}
+
+std::int64_t RunJournal::FaultCount() const {
+  return std::accumulate(faults.begin(), faults.end(), std::int64_t{0},
+                         [](std::int64_t sum, const RunFault& fault) { return sum + fault.count; });
+}
+
+}  // namespace tessarine
