@@ -5,13 +5,14 @@
 // faults: they report under their name and answer the empty result of their type.
 #pragma once
 
-#include "geodesy/angles.h"                // IWYU pragma: export
-#include "geodesy/cartesian.h"             // IWYU pragma: export
-#include "geodesy/multipoint_centroids.h"  // IWYU pragma: export
-#include "geodesy/planetary_latitude.h"    // IWYU pragma: export
-#include "geodesy/polyline_measures.h"     // IWYU pragma: export
-#include "geodesy/reshape.h"               // IWYU pragma: export
-#include "geodesy/spherical_area.h"        // IWYU pragma: export
-#include "geodesy/spherical_area_sum.h"    // IWYU pragma: export
-#include "geodesy/vincenty.h"              // IWYU pragma: export
-#include "geodesy/wrap.h"                  // IWYU pragma: export
+#include "geodesy/angles.h"                  // IWYU pragma: export
+#include "geodesy/cartesian.h"               // IWYU pragma: export
+#include "geodesy/longitude_continuation.h"  // IWYU pragma: export
+#include "geodesy/multipoint_centroids.h"    // IWYU pragma: export
+#include "geodesy/planetary_latitude.h"      // IWYU pragma: export
+#include "geodesy/polyline_measures.h"       // IWYU pragma: export
+#include "geodesy/reshape.h"                 // IWYU pragma: export
+#include "geodesy/spherical_area.h"          // IWYU pragma: export
+#include "geodesy/spherical_area_sum.h"      // IWYU pragma: export
+#include "geodesy/vincenty.h"                // IWYU pragma: export
+#include "geodesy/wrap.h"                    // IWYU pragma: export

@@ -1,0 +1,178 @@
+#include "geodesy/polar_rings.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+
+namespace tessarine::MyGeometricOperations {
+namespace {
+
+using Vertices = std::vector<XY>;
+
+constexpr double kTurn = 360.0;
+constexpr double kPole = 90.0;
+
+enum class Side : std::uint8_t { North, South };
+
+Side Opposite(Side side) { return side == Side::North ? Side::South : Side::North; }
+
+// A ring round the globe, its last vertex dropped: the first one stands a turn farther in its place.
+struct Girdle {
+  Vertices vertices;
+  double turn;  // the longitude from one round to the next, 360 or -360 for plain rings
+  std::size_t place;
+  double mean_latitude;
+};
+
+// The mean over the longitude, by which rings that don't meet are in order from pole to pole.
+double MeanLatitude(const Vertices& ring) {
+  double sum = 0.0;
+  for (std::size_t index = 1; index < ring.size(); ++index) {
+    sum += (ring[index].x - ring[index - 1].x) * (ring[index].y + ring[index - 1].y) / 2.0;
+  }
+  return sum / (ring.back().x - ring.front().x);
+}
+
+Girdle GirdleOf(const Vertices& ring, std::size_t place) {
+  Girdle girdle{ring, TurnsOf(ring) * kTurn, place, MeanLatitude(ring)};
+  girdle.vertices.pop_back();
+  return girdle;
+}
+
+// To the right of its course.
+Side InsideOf(const Girdle& girdle) { return girdle.turn < 0.0 ? Side::North : Side::South; }
+
+// Begins at another of its vertices; those that go to the end move on by a turn.
+void BeginAt(Girdle& girdle, std::size_t first) {
+  for (std::size_t index = 0; index < first; ++index) girdle.vertices[index].x += girdle.turn;
+  std::ranges::rotate(girdle.vertices, girdle.vertices.begin() + static_cast<std::ptrdiff_t>(first));
+}
+
+std::size_t NextToPole(const Vertices& vertices, Side side) {
+  const auto latitude = [&](XY vertex) { return side == Side::North ? vertex.y : -vertex.y; };
+  const auto found = std::ranges::max_element(vertices, {}, latitude);
+  return static_cast<std::size_t>(found - vertices.begin());
+}
+
+// The meridian begins at the vertex next to the pole, so nothing of the ring lies between the two.
+Vertices LedOver(Girdle girdle, Side side) {
+  BeginAt(girdle, NextToPole(girdle.vertices, side));
+  const double pole = side == Side::North ? kPole : -kPole;
+  const XY begin = girdle.vertices.front();
+  Vertices ring = std::move(girdle.vertices);
+  ring.push_back({begin.x + girdle.turn, begin.y});
+  if (begin.y != pole) {
+    ring.push_back({begin.x + girdle.turn, pole});
+    ring.push_back({begin.x, pole});
+  }
+  ring.push_back(begin);
+  return ring;
+}
+
+void TurnWestward(Girdle& girdle) {
+  if (girdle.turn < 0.0) return;
+  // The first vertex stays the first, and the others follow from the far end.
+  std::reverse(girdle.vertices.begin() + 1, girdle.vertices.end());
+  for (std::size_t index = 1; index < girdle.vertices.size(); ++index) girdle.vertices[index].x -= girdle.turn;
+  girdle.turn = -girdle.turn;
+}
+
+bool Crosses(XY a, XY b, XY c, XY d) {
+  const auto turn = [](XY p, XY q, XY r) { return (q.x - p.x) * (r.y - p.y) - (q.y - p.y) * (r.x - p.x); };
+  return turn(a, b, c) * turn(a, b, d) < 0.0 && turn(c, d, a) * turn(c, d, b) < 0.0;
+}
+
+// Whether a bridge meets a ring in any of the rounds that it could reach.
+bool Meets(XY from, XY to, const Girdle& girdle) {
+  const std::size_t count = girdle.vertices.size();
+  for (std::size_t index = 0; index < count; ++index) {
+    const XY begin = girdle.vertices[index];
+    XY end = girdle.vertices[(index + 1) % count];
+    if (index + 1 == count) end.x += girdle.turn;
+    for (const double shift : {-2.0 * kTurn, -kTurn, 0.0, kTurn, 2.0 * kTurn}) {
+      if (Crosses(from, to, {begin.x + shift, begin.y}, {end.x + shift, end.y})) return true;
+    }
+  }
+  return false;
+}
+
+// Moves the whole ring until its first vertex is nearest to a longitude.
+void MoveNear(Girdle& girdle, double longitude) {
+  const double turns = std::round((longitude - girdle.vertices.front().x) / kTurn);
+  for (XY& vertex : girdle.vertices) vertex.x += turns * kTurn;
+}
+
+// Begins both rings where a straight bridge between them meets neither: at the northern vertex of the lower ring, and
+// the nearest vertex of the upper one that can be seen from there. There is always one in sight.
+void FindBridge(Girdle& lower, Girdle& upper) {
+  BeginAt(lower, NextToPole(lower.vertices, Side::North));
+  const XY from = lower.vertices.front();
+  struct Candidate {
+    std::size_t index;
+    double distance;
+  };
+  std::vector<Candidate> candidates;
+  for (std::size_t index = 0; index < upper.vertices.size(); ++index) {
+    const XY vertex = upper.vertices[index];
+    candidates.push_back({index, std::hypot(std::remainder(vertex.x - from.x, kTurn), vertex.y - from.y)});
+  }
+  std::ranges::stable_sort(candidates, {}, &Candidate::distance);
+  for (const Candidate& candidate : candidates) {
+    const XY vertex = upper.vertices[candidate.index];
+    const XY to{from.x + std::remainder(vertex.x - from.x, kTurn), vertex.y};
+    if (Meets(from, to, lower) || Meets(from, to, upper)) continue;
+    BeginAt(upper, candidate.index);
+    break;
+  }
+  MoveNear(upper, from.x);
+}
+
+// Along the lower ring, over the bridge, back along the upper one, and over the bridge a turn before.
+Vertices Joined(Girdle lower, Girdle upper) {
+  TurnWestward(lower);
+  TurnWestward(upper);
+  FindBridge(lower, upper);
+  Vertices ring = lower.vertices;
+  ring.push_back({ring.front().x + lower.turn, ring.front().y});
+  ring.push_back({upper.vertices.front().x + upper.turn, upper.vertices.front().y});
+  ring.insert(ring.end(), upper.vertices.rbegin(), upper.vertices.rend());
+  ring.push_back(ring.front());
+  return ring;
+}
+
+// Where the inside of the southernmost ring lies. Inside and outside take turns from ring to ring.
+Side InsideOfFirst(const std::vector<Girdle>& from_south, EnclosedPole pole) {
+  const bool odd = from_south.size() % 2 != 0;
+  if (pole != EnclosedPole::BySense && odd) return pole == EnclosedPole::North ? Side::North : Side::South;
+  const auto first = std::ranges::min_element(from_south, {}, &Girdle::place);
+  const Side side = InsideOf(*first);
+  return (first - from_south.begin()) % 2 == 0 ? side : Opposite(side);
+}
+
+}  // namespace
+
+void JoinRingsRoundTheGlobe(std::vector<std::vector<XY>>& rings, EnclosedPole pole) {
+  std::vector<Girdle> girdles;
+  for (std::size_t place = 0; place < rings.size(); ++place) {
+    if (TurnsOf(rings[place]) != 0) girdles.push_back(GirdleOf(rings[place], place));
+  }
+  if (girdles.empty()) return;
+  std::ranges::stable_sort(girdles, {}, &Girdle::mean_latitude);
+
+  const auto put = [&](std::size_t place, Vertices ring) { rings[place] = std::move(ring); };
+  std::size_t next = 0;
+  if (InsideOfFirst(girdles, pole) == Side::South) {
+    put(girdles[0].place, LedOver(girdles[0], Side::South));
+    next = 1;
+  }
+  for (; next + 1 < girdles.size(); next += 2) {
+    const Girdle &lower = girdles[next], &upper = girdles[next + 1];
+    put(std::max(lower.place, upper.place), {});
+    put(std::min(lower.place, upper.place), Joined(lower, upper));
+  }
+  if (next < girdles.size()) put(girdles[next].place, LedOver(girdles[next], Side::North));
+  std::erase_if(rings, [](const Vertices& ring) { return ring.empty(); });
+}
+
+}  // namespace tessarine::MyGeometricOperations

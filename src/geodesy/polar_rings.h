@@ -1,0 +1,14 @@
+// Rings that run once round the globe: led over the pole that they enclose, or joined in pairs to bands.
+#pragma once
+
+#include <vector>
+
+#include "geodesy/longitude_continuation.h"
+
+namespace tessarine::MyGeometricOperations {
+
+/// Replaces those rings of a polygon that end a turn away from where they begin by rings that close on the plane of
+/// longitude and latitude. The others stay. What it makes of them is told with `ArrangedRings`.
+void JoinRingsRoundTheGlobe(std::vector<std::vector<XY>>& rings, EnclosedPole pole);
+
+}  // namespace tessarine::MyGeometricOperations
