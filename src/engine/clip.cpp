@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "engine/geos_bridge.h"
+#include "engine/half_plane.h"
 
 namespace tessarine {
 namespace {
@@ -51,8 +52,19 @@ bool ClipLine(const Envelope& box, XY& from, XY& to) {
          (from != to || start == end);
 }
 
+// A closed path may begin inside the box, and the piece that leads back there then goes on with the first one.
+void JoinAcrossStart(XY start, std::size_t first, std::vector<PathRef>& pieces) {
+  if (pieces.size() < first + 2 || pieces[first]->FromPoint() != start || pieces.back()->ToPoint() != start) return;
+  std::vector<XY> joined(pieces.back()->Vertices().begin(), pieces.back()->Vertices().end());
+  const std::span<const XY> rest = pieces[first]->Vertices();
+  joined.insert(joined.end(), rest.begin() + 1, rest.end());
+  pieces[first]->SetVertices(std::move(joined));
+  pieces.pop_back();
+}
+
 void ClipPath(const Envelope& box, const Path& path, std::vector<PathRef>& result) {
   const std::vector<XY> vertices = DensifiedVertices(path);
+  const std::size_t first = result.size();
   std::vector<XY> piece;
   const auto finish = [&] {
     if (piece.size() > 1) result.push_back(std::make_shared<Path>(std::move(piece)));
@@ -72,6 +84,7 @@ void ClipPath(const Envelope& box, const Path& path, std::vector<PathRef>& resul
     if (to != vertices[index]) finish();
   }
   finish();
+  if (path.IsClosed()) JoinAcrossStart(vertices.front(), first, result);
 }
 
 void ClipPolyline(PartedShape& line, const Envelope& box) {
@@ -133,7 +146,36 @@ bool Touches(const Envelope& box, const Envelope& extent) {
          extent.YMax() == box.YMax();
 }
 
-// A spacing of 0 adds no vertices.
+std::vector<PathRef> PartsByGeos(const PartedShape& polygon, const Envelope& box) {
+  const GeosGeometry own = ToGeos(polygon), rectangle = RectangleToGeos(box);
+  std::vector<PathRef> rings = RingsFromGeos(Checked(GEOSIntersection_r(Geos(), own.get(), rectangle.get())).get());
+  SnapToBox(box, rings);
+  return rings;
+}
+
+// Cuts at those sides of the box alone that the simple polygon reaches over.
+std::vector<PathRef> PartsInside(const PartedShape& polygon, const Envelope& extent, const Envelope& box) {
+  using Kept = HalfPlane::Kept;
+  const std::pair<bool, HalfPlane> sides[] = {{extent.XMin() < box.XMin(), {Kept::kEast, box.XMin()}},
+                                              {extent.XMax() > box.XMax(), {Kept::kWest, box.XMax()}},
+                                              {extent.YMin() < box.YMin(), {Kept::kNorth, box.YMin()}},
+                                              {extent.YMax() > box.YMax(), {Kept::kSouth, box.YMax()}}};
+  LineList rings;
+  for (const PathRef& part : polygon.Parts()) {
+    if (part->Envelope().Intersects(box)) rings.push_back(DensifiedVertices(*part));
+  }
+  for (const auto& [reaches_over, half] : sides) {
+    if (!reaches_over) continue;
+    std::optional<LineList> cut = CutToHalfPlane(rings, half);
+    if (!cut) return PartsByGeos(polygon, box);
+    rings = std::move(*cut);
+  }
+  std::vector<PathRef> parts;
+  for (std::vector<XY>& ring : rings) parts.push_back(std::make_shared<Ring>(std::move(ring)));
+  return parts;
+}
+
+// A spacing of 0 adds no vertices. Vertices on the box alone don't undo that a polygon is simple; a cut may.
 void ClipPolygon(PartedShape& polygon, const Envelope& box, double spacing) {
   const Envelope extent = polygon.Envelope();
   if (!box.Intersects(extent)) {
@@ -141,22 +183,14 @@ void ClipPolygon(PartedShape& polygon, const Envelope& box, double spacing) {
     polygon.MarkSimple();
     return;
   }
+  polygon.Simplify();
   const bool whole = Inside(box, extent);
-  if (whole) {
-    polygon.Simplify();
-    if (spacing <= 0.0 || !Touches(box, extent)) return;
-  } else {
-    const GeosGeometry own = ToGeos(polygon), rectangle = RectangleToGeos(box);
-    std::vector<PathRef> rings = RingsFromGeos(Checked(GEOSIntersection_r(Geos(), own.get(), rectangle.get())).get());
-    SnapToBox(box, rings);
-    polygon.SetParts(std::move(rings));
+  if (!whole) polygon.SetParts(PartsInside(polygon, extent, box));
+  if (spacing <= 0.0 || (whole && !Touches(box, extent))) return;
+  for (const PathRef& ring : polygon.Parts()) {
+    if (!ring->HasCurves()) DensifyOnBox(box, spacing, *ring);
   }
-  if (spacing > 0.0) {
-    for (const PathRef& ring : polygon.Parts()) {
-      if (!ring->HasCurves()) DensifyOnBox(box, spacing, *ring);
-    }
-  }
-  polygon.MarkSimple();
+  if (whole) polygon.MarkSimple();
 }
 
 }  // namespace

@@ -2,10 +2,14 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
+#include <set>
+#include <utility>
 #include <vector>
 
 #include "geodesy/checked_arithmetic.h"
 #include "geodesy/vertex_walk.h"
+#include "geodesy/wrap_tiles.h"
 #include "platform/host.h"
 #include "platform/trap.h"
 
@@ -16,13 +20,18 @@ using checked::Finite;
 
 // The spacing of vertices along cut edges of polygons, in degrees.
 constexpr double kDensity = 0.1;
-// Past this many widths or heights, or tiles in all, the walk in single steps is refused.
+// Past this many widths or heights a shape is refused: its coordinates hardly tell places in a box apart.
 constexpr double kFarthest = 1e6;
-constexpr double kMostTiles = 1e8;
+// So many pieces are united at a time, which bounds the places where they cross each other.
+constexpr std::size_t kUnitedAtOnce = 8;
 
 struct Box {
   double west, east, south, north;
   double width = Finite(east - west), height = Finite(north - south);
+
+  [[nodiscard]] TileAxis Columns() const { return {west, width}; }
+  [[nodiscard]] TileAxis Rows() const { return {south, height}; }
+  [[nodiscard]] Envelope Extent() const { return {west, south, east, north}; }
 };
 
 Box BoxOf(double west, double east, double south, double north) {
@@ -35,6 +44,13 @@ void RequireReach(double value, double side, double size) {
   if (std::fabs(Finite(value) - side) / size > kFarthest) {
     Raise(kInvalidCall, "The shape lies more than a million boxes away from the boundary box.");
   }
+}
+
+void RequireReach(const Envelope& extent, const Box& box) {
+  RequireReach(extent.XMin(), box.west, box.width);
+  RequireReach(extent.XMax(), box.west, box.width);
+  RequireReach(extent.YMin(), box.south, box.height);
+  RequireReach(extent.YMax(), box.south, box.height);
 }
 
 double Wrapped(double value, double low, double high, double size) {
@@ -52,21 +68,9 @@ GeometryRef WrapPoint(const Point& point, const Box& box) {
   return CopyWithVertices(point, [&](XY position) { return WrappedInto(box, position); });
 }
 
-void RequireReach(const Envelope& extent, const Box& box) {
-  RequireReach(extent.XMin(), box.west, box.width);
-  RequireReach(extent.XMax(), box.west, box.width);
-  RequireReach(extent.YMin(), box.south, box.height);
-  RequireReach(extent.YMax(), box.south, box.height);
-  const double columns = (std::max(extent.XMax(), box.west) - std::min(extent.XMin(), box.west)) / box.width + 1.0;
-  const double rows = (std::max(extent.YMax(), box.south) - std::min(extent.YMin(), box.south)) / box.height + 1.0;
-  if (columns * rows > kMostTiles) Raise(kInvalidCall, "The shape covers too many copies of the boundary box.");
+ITopologicalOperator& TopologyOf(const GeometryRef& geometry) {
+  return *Require(Cast<ITopologicalOperator>(geometry), "ITopologicalOperator");
 }
-
-// A copy of the box that the shape reaches into, and its offset from the box.
-struct Tile {
-  Envelope extent;
-  DoubleArray shift;
-};
 
 std::shared_ptr<Polygon> PolygonOf(const Envelope& extent) {
   auto polygon = std::make_shared<Polygon>();
@@ -79,77 +83,140 @@ std::shared_ptr<Polygon> PolygonOf(const Envelope& extent) {
   return polygon;
 }
 
-// Tiles far from the shape's extent are passed over before a polygon is built for them.
-bool Meets(const IRelationalOperator& shape, const Envelope& shape_extent, const Envelope& tile) {
-  return !shape_extent.IsEmpty() && tile.Intersects(shape_extent) && !shape.Disjoint(*PolygonOf(tile));
+double MeasureOf(const IGeometry& shape) {
+  if (const auto* polygon = dynamic_cast<const Polygon*>(&shape)) return polygon->Area();
+  if (const auto* line = dynamic_cast<const Polyline*>(&shape)) return line->Length();
+  const auto* places = dynamic_cast<const Multipoint*>(&shape);
+  if (places == nullptr) return 0.0;
+  std::set<std::pair<double, double>> different;
+  for (const XY place : places->Vertices()) different.emplace(place.x, place.y);
+  return static_cast<double>(different.size());
 }
 
-// Column by column from the south-western tile, the offsets counted along with the tiles.
-std::vector<Tile> TilesOf(const IGeometry& geometry, const Box& box) {
-  const auto* shape = dynamic_cast<const IRelationalOperator*>(&geometry);
-  if (shape == nullptr) Raise(kTypeMismatch, "The shape can't be compared with the boundary box.");
-  const Envelope extent = geometry.Envelope();
-  RequireReach(extent, box);
+// Each vertex may move by half the spacing of doubles at the largest coordinate on either side of the wrap.
+double RoundingOf(const IGeometry& shape, const Box& box) {
+  constexpr double kSpacing = 2.3e-16;
+  const auto* parted = dynamic_cast<const PartedShape*>(&shape);
+  if (parted == nullptr || parted->IsEmpty()) return 0.0;
+  const Envelope extent = shape.Envelope();
+  double largest = 0.0;
+  for (const double value :
+       {extent.XMin(), extent.XMax(), extent.YMin(), extent.YMax(), box.west, box.east, box.south, box.north}) {
+    largest = std::max(largest, std::fabs(value));
+  }
+  const bool is_area = shape.GeometryType() == esriGeometryPolygon;
+  return 2.0 * kSpacing * largest * (is_area ? parted->Length() : static_cast<double>(parted->PointCount()));
+}
 
-  double tile_x = box.west, tile_y = box.south, shift_x = 0.0, shift_y = 0.0;
-  for (; tile_x > extent.XMin(); tile_x -= box.width) shift_x -= box.width;
-  for (; tile_y > extent.YMin(); tile_y -= box.height) shift_y -= box.height;
-  const double column_y = tile_y, column_shift_y = shift_y;
+// The sides of a tile come to lie exactly on those of the box.
+void BringHome(const TilePiece& piece, const Box& box) {
+  const double dx = box.Columns().OffsetOf(piece.tile.column), dy = box.Rows().OffsetOf(piece.tile.row);
+  if (dx == 0.0 && dy == 0.0) return;
+  ShiftPointsToWrapBoundary(piece.shape, {dx, dy});
+  const Envelope home = box.Extent(), moved = piece.shape->Envelope();
+  if (moved.XMin() >= home.XMin() && moved.XMax() <= home.XMax() && moved.YMin() >= home.YMin() &&
+      moved.YMax() <= home.YMax()) {
+    return;
+  }
+  const auto vertices = Require(Cast<IPointCollection>(piece.shape), "IPointCollection");
+  for (std::int32_t index = 0; index < vertices->PointCount(); ++index) {
+    const XY place = vertices->Point(index);
+    vertices->UpdatePoint(
+        index, {std::clamp(place.x, home.XMin(), home.XMax()), std::clamp(place.y, home.YMin(), home.YMax())});
+  }
+}
 
-  std::vector<Tile> tiles;
-  for (; tile_x < extent.XMax(); tile_x += box.width, shift_x += box.width) {
-    for (; tile_y < extent.YMax(); tile_y += box.height, shift_y += box.height) {
-      const Envelope tile(tile_x, tile_y, tile_x + box.width, tile_y + box.height);
-      if (Meets(*shape, extent, tile)) tiles.push_back({tile, {shift_x, shift_y}});
+// Unites polygons a few at a time; the unions are united in turn, so that no union ever has to do with many outlines
+// that cross.
+class PolygonUnion {
+ public:
+  PolygonUnion() : levels_(1) {}
+
+  void Add(GeometryRef piece, std::size_t level = 0) {
+    if (level == levels_.size()) levels_.emplace_back();
+    levels_[level].push_back(std::move(piece));
+    if (levels_[level].size() == kUnitedAtOnce) Add(United(std::exchange(levels_[level], {})), level + 1);
+  }
+  [[nodiscard]] GeometryRef Result() {
+    std::vector<GeometryRef> rest;
+    for (std::vector<GeometryRef>& level : levels_) std::ranges::move(level, std::back_inserter(rest));
+    return United(std::move(rest));
+  }
+
+ private:
+  static GeometryRef United(std::vector<GeometryRef> shapes) {
+    if (shapes.size() == 1) return shapes.front();
+    GeometryBag bag;
+    for (const GeometryRef& shape : shapes) bag.AddGeometry(shape);
+    auto target = std::make_shared<Polygon>();
+    target->ConstructUnion(bag);
+    return target;
+  }
+  std::vector<std::vector<GeometryRef>> levels_;
+};
+
+GeometryRef UnitedPolygon(const TilePieces& cut, const Box& box, const KeepGoing& keep_going) {
+  GeometryRef result = PolygonOf(box.Extent());
+  if (!cut.covers_a_tile) {
+    PolygonUnion united;
+    for (const TilePiece& piece : cut.pieces) {
+      if (keep_going && !keep_going()) return nullptr;
+      TopologyOf(piece.shape).Simplify();
+      united.Add(piece.shape);
     }
-    tile_y = column_y;
-    shift_y = column_shift_y;
+    result = united.Result();
   }
-  return tiles;
+  TopologyOf(result).ClipDense(box.Extent(), kDensity);
+  return result;
 }
 
-GeometryRef NewTarget(esriGeometryType type) {
-  switch (type) {
-    case esriGeometryPolyline:
-      return std::make_shared<Polyline>();
-    case esriGeometryPolygon:
-      return std::make_shared<Polygon>();
-    case esriGeometryMultipoint:
-      return std::make_shared<Multipoint>();
-    default:
-      return nullptr;
+// Lines aren't united, which would take one of two stretches that coincide.
+GeometryRef JoinedLine(const TilePieces& cut) {
+  std::vector<std::shared_ptr<Path>> parts;
+  for (const TilePiece& piece : cut.pieces) {
+    std::ranges::copy(Cast<Polyline>(piece.shape)->Parts(), std::back_inserter(parts));
   }
+  auto line = std::make_shared<Polyline>();
+  line->SetParts(std::move(parts));
+  return line;
 }
 
-ITopologicalOperator& TopologyOf(const GeometryRef& geometry) {
-  return *Require(Cast<ITopologicalOperator>(geometry), "ITopologicalOperator");
-}
-
-GeometryRef PieceIn(const Tile& tile, const IGeometry& source) {
-  const GeometryRef piece = CloneOf(source);
-  ITopologicalOperator& topology = TopologyOf(piece);
-  if (source.GeometryType() == esriGeometryPolygon) {
-    topology.ClipDense(tile.extent, kDensity);
-  } else {
-    topology.Clip(tile.extent);
+GeometryRef JoinedPlaces(const TilePieces& cut) {
+  std::vector<XY> places;
+  for (const TilePiece& piece : cut.pieces) {
+    std::ranges::copy(Cast<Multipoint>(piece.shape)->Vertices(), std::back_inserter(places));
   }
-  ShiftPointsToWrapBoundary(piece, tile.shift);
-  topology.Simplify();
-  return piece;
+  return std::make_shared<Multipoint>(std::move(places));
 }
 
-GeometryRef WrapShape(const IGeometry& geometry, const Box& box) {
-  const std::vector<Tile> tiles = TilesOf(geometry, box);
-  GeometryBag bag;
-  const GeometryRef target = NewTarget(geometry.GeometryType());
-  // Every tile cuts the same simple shape, so it is made simple once; the places of a multipoint are cut as they are.
-  const GeometryRef source = CloneOf(geometry);
-  if (!tiles.empty() && geometry.GeometryType() != esriGeometryMultipoint) TopologyOf(source).Simplify();
-  for (const Tile& tile : tiles) bag.AddGeometry(PieceIn(tile, *source));
-  ITopologicalOperator& united = TopologyOf(target);
-  united.ConstructUnion(bag);
-  united.Simplify();
-  return target;
+bool CanBeCut(const IGeometry& geometry) {
+  const esriGeometryType type = geometry.GeometryType();
+  return type == esriGeometryPolyline || type == esriGeometryPolygon || type == esriGeometryMultipoint;
+}
+
+WrappedShape WrapShape(const GeometryRef& geometry, const Box& box, const KeepGoing& keep_going) {
+  if (!CanBeCut(*geometry)) Raise(kTypeMismatch, "Only points, multipoints, polylines and polygons can be wrapped.");
+  RequireReach(geometry->Envelope(), box);
+  const SpatialReferenceRef reference = geometry->SpatialReference();
+  const esriGeometryType type = geometry->GeometryType();
+  WrappedShape wrapped;
+  if (type != esriGeometryMultipoint) TopologyOf(geometry).Simplify();
+  wrapped.measure_before = MeasureOf(*geometry);
+  wrapped.rounding = RoundingOf(*geometry, box);
+
+  const TilePieces cut = CutIntoTiles(geometry, box.Columns(), box.Rows(), keep_going);
+  wrapped.stopped = cut.stopped;
+  if (cut.stopped) return wrapped;
+  for (const TilePiece& piece : cut.pieces) BringHome(piece, box);
+  wrapped.shape = type == esriGeometryPolygon    ? UnitedPolygon(cut, box, keep_going)
+                  : type == esriGeometryPolyline ? JoinedLine(cut)
+                                                 : JoinedPlaces(cut);
+  wrapped.stopped = !wrapped.shape;
+  if (wrapped.stopped) return wrapped;
+  TopologyOf(wrapped.shape).Simplify();
+  wrapped.shape->SetSpatialReference(reference);
+  wrapped.measure_after = MeasureOf(*wrapped.shape);
+  return wrapped;
 }
 
 }  // namespace
@@ -159,7 +226,15 @@ GeometryRef WrapToBoundary(const GeometryRef& geometry, double west, double east
   return Trap("WrapToBoundary", [&] {
     const Box box = BoxOf(west, east, south, north);
     const auto point = Cast<Point>(Require(geometry, "Geometry"));
-    return point ? WrapPoint(*point, box) : WrapShape(*geometry, box);
+    return point ? WrapPoint(*point, box) : WrapShape(CloneOf(*geometry), box, nullptr).shape;
+  });
+}
+
+WrappedShape WrapOwnShape(const GeometryRef& geometry, const WrapBox& bounds, const KeepGoing& keep_going) {
+  return Trap("WrapToBoundary", [&] {
+    const Box box = BoxOf(bounds.west, bounds.east, bounds.south, bounds.north);
+    const auto point = Cast<Point>(Require(geometry, "Geometry"));
+    return point ? WrappedShape{.shape = WrapPoint(*point, box)} : WrapShape(geometry, box, keep_going);
   });
 }
 

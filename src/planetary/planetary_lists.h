@@ -7,6 +7,7 @@
 #include <string>
 
 #include "frame/clsExtension.h"
+#include "geodesy/wrap.h"
 #include "platform/arrays.h"
 #include "platform/map.h"
 #include "support/output_chooser.h"
@@ -19,11 +20,6 @@ enum WrapOption : std::int32_t {
   kCustomOrNoWrap = 0,
   kWrap180 = 1,
   kWrap360 = 2,
-};
-
-/// A box of longitudes and latitudes, in degrees.
-struct WrapBox {
-  double west = -180.0, north = 90.0, east = 180.0, south = -90.0;
 };
 
 constexpr WrapBox kBox180{-180.0, 90.0, 180.0, -90.0};

@@ -1,8 +1,5 @@
 #include "planetary/planetary_runs.h"
 
-#include <cmath>
-#include <optional>
-
 #include "geodesy/MyGeometricOperations.h"
 #include "planetary/LongitudeForm.h"
 #include "planetary/feature_rewrite.h"
@@ -43,24 +40,13 @@ ReportSection InputSection(const std::string& conversion, const IFeatureLayer& l
 
 std::string Degrees(double value) { return MyGeneralOperations::TrimZerosAndDecimals(value, false); }
 
-// Along one axis, the offset of the tile that holds all from `low` to `high` without reaching its sides, counted in the
-// steps of the general walk; nothing when there is none, or when it lies far away.
-std::optional<double> TileOffset(double low, double high, double side, double size) {
-  constexpr double kFarthest = 1000.0;
-  if (!(size > 0.0) || !(std::fabs(low - side) / size <= kFarthest)) return std::nullopt;
-  double tile = side, offset = 0.0;
-  for (; tile > low; tile -= size) offset -= size;
-  for (; tile + size < low; tile += size) offset += size;
-  return low > tile && high < tile + size ? std::optional(offset) : std::nullopt;
-}
-
 RewrittenShape WrapFeature(const GeometryRef& copy, std::int64_t oid, const WrapBox& box, double shift) {
   const std::string feature = std::to_string(oid);
   const RewrittenShape failed{
       copy, "  --> Failed to wrap feature at OID #" + feature + ".  Wrap function apparently crashed..."};
   const GeometryRef shape = shift != 0.0 ? FeatureLongitudeShift(copy, shift) : copy;
   if (!shape) return failed;
-  const GeometryRef wrapped = WrapOwnShape(shape, box);
+  const GeometryRef wrapped = WrapOwnShape(shape, box, nullptr).shape;
   if (!wrapped) return {shape, failed.problem};
   if (wrapped->IsEmpty()) return {wrapped, "  --> Wrapped Feature at OID #" + feature + " is empty..."};
   return {wrapped, ""};
@@ -105,8 +91,8 @@ FeatureRewrite LatitudeRun(const Direction& direction, const GeoCentricArguments
           arguments.Output(),
           [=, convert = direction.convert](const GeometryRef& shape, std::int64_t) mutable -> RewrittenShape {
             const GeometryRef converted = convert(shape, semi_major, semi_minor, shift);
-            if (option == kWrap180) return {WrapOwnShape(converted, kBox180), ""};
-            if (option == kWrap360) return {WrapOwnShape(converted, kBox360), ""};
+            if (option == kWrap180) return {WrapOwnShape(converted, kBox180, nullptr).shape, ""};
+            if (option == kWrap360) return {WrapOwnShape(converted, kBox360, nullptr).shape, ""};
             return {converted, ""};
           }};
 }
@@ -127,22 +113,6 @@ std::string PlanLatitudes(const Direction& direction, const std::shared_ptr<VarA
 }
 
 }  // namespace
-
-GeometryRef WrapOwnShape(const GeometryRef& shape, const WrapBox& box) {
-  if (const auto topology = Cast<ITopologicalOperator>(shape)) {
-    const Envelope extent = shape->Envelope();
-    const auto dx = TileOffset(extent.XMin(), extent.XMax(), box.west, box.east - box.west);
-    const auto dy = TileOffset(extent.YMin(), extent.YMax(), box.south, box.north - box.south);
-    if (dx && dy && !extent.IsEmpty()) {
-      return Trap("WrapToBoundary", [&] {
-        topology->Simplify();
-        if (*dx != 0.0 || *dy != 0.0) ShiftPointsToWrapBoundary(shape, {*dx, *dy});
-        return shape;
-      });
-    }
-  }
-  return WrapToBoundary(shape, box.west, box.east, box.south, box.north, nullptr);
-}
 
 std::string WrapToBoundaries(const std::shared_ptr<IApplication>& application,
                              const std::shared_ptr<IMxDocument>& document,

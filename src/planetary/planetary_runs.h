@@ -31,8 +31,4 @@ using PlanetaryPlan = std::string(const std::shared_ptr<VarArray>& arguments);
 [[nodiscard]] PlanetaryPlan PlanCentricToGraphic;
 [[nodiscard]] PlanetaryPlan PlanGraphicToCentric;
 
-/// `WrapToBoundary`, at the cost of a simplification and a move for a shape that lies inside the box, or inside one of
-/// the copies of the box around it, and touches none of its edges. Changes the shape given.
-[[nodiscard]] GeometryRef WrapOwnShape(const GeometryRef& shape, const WrapBox& box);
-
 }  // namespace tessarine

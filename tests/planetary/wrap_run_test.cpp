@@ -260,7 +260,7 @@ TEST_F(WrapRunTest, InsideTheBoxTheCutLeavesNoTrace) {
   };
   for (const Row& row : rows) {
     const GeometryRef general = MyGeometricOperations::WrapToBoundary(row.shape, -180, 180, -90, 90, nullptr);
-    const GeometryRef own = WrapOwnShape(CloneOf(*row.shape), kBox180);
+    const GeometryRef own = MyGeometricOperations::WrapOwnShape(CloneOf(*row.shape), kBox180, nullptr).shape;
     ASSERT_TRUE(general && own) << row.name;
     EXPECT_TRUE(own->IsEqual(*general)) << row.name;
   }
