@@ -1,5 +1,6 @@
 #include "geodesy/planetary_latitude.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <string>
@@ -48,6 +49,14 @@ void TakeOwnAxes(const IGeometry& geometry, const Conversion& conversion, double
   semi_minor = spheroid->SemiMinorAxis();
 }
 
+// The arc tangent of a pole comes back a rounding off, and degrees of the cut pi may lie beyond 90. Latitudes on the
+// globe stay on it, and the poles are where they are in either system.
+double OnGlobe(double from, double converted) {
+  constexpr double kPole = 90.0;
+  if (std::fabs(from) > kPole) return converted;
+  return std::fabs(from) == kPole ? from : std::clamp(converted, -kPole, kPole);
+}
+
 // A conversion that fails reports under its own name and leaves what it was given to fill; that must fail the shape.
 XY ConvertVertex(const Conversion& conversion, XY vertex, double semi_major, double semi_minor, double long_shift) {
   constexpr double kUnset = std::numeric_limits<double>::quiet_NaN();
@@ -79,7 +88,7 @@ void XYOCentricToOGraphic(double lon, double lat, double semi_major, double semi
     const double shifted = Finite(lon + long_shift);
     const double k = SquaredAxisRatio(semi_major, semi_minor);
     const double latitude = AsDegrees(std::atan(Finite(k * Tangent(AsRadians(lat)))));
-    new_lon = shifted, new_lat = latitude;
+    new_lon = shifted, new_lat = OnGlobe(lat, latitude);
   });
 }
 
@@ -89,7 +98,7 @@ void XYOGraphicToOCentric(double lon, double lat, double semi_major, double semi
     const double shifted = Finite(lon + long_shift);
     const double k = SquaredAxisRatio(semi_major, semi_minor);
     const double latitude = AsDegrees(std::atan(Divide(Tangent(AsRadians(lat)), k)));
-    new_lon = shifted, new_lat = latitude;
+    new_lon = shifted, new_lat = OnGlobe(lat, latitude);
   });
 }
 

@@ -10,8 +10,9 @@
 //   SemiMajor a, SemiMinor b   semi-axes in one unit
 //   LongShift              degrees, added to the longitude; nothing is reduced to a range, not past 180 either
 //
-// Angles convert by `AsRadians` and `AsDegrees`. The latitude 0 stays 0. A pole comes back as 90 within 1e-12 degrees,
-// since the cut pi keeps the tangent finite. On a sphere a latitude stays as it is, apart from the rounding of the
+// Angles convert by `AsRadians` and `AsDegrees`. The latitudes 0, 90 and -90 stay exactly, and latitudes on the globe
+// come out on the globe, which the cut pi alone wouldn't grant: on some bodies it takes 90 to 90.00000000000009. On a
+// sphere a latitude stays as it is, apart from the rounding of the
 // tangent and its arc. Forth and back it returns within 1e-13 degrees.
 //
 // Source: J. P. Snyder, Map Projections, A Working Manual, U.S. Geological Survey Professional Paper 1395 (1987),

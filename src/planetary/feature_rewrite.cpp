@@ -17,6 +17,7 @@ using namespace MyGeneralOperations;
 constexpr std::int32_t kReportFontSize = 8;
 constexpr const char* kTask = "Converting Features...";
 constexpr const char* kPartial = "  [Partial]";
+constexpr const char* kChanged = "The output holds another area, length or number of places than the input.";
 
 // The described class, and the place that it got in the end: the user may have named another one.
 struct CreatedOutput {
@@ -71,12 +72,12 @@ class AttributeCopy {
   std::vector<Pair> pairs_;
 };
 
-RewrittenShape Rewrite(const FeatureRewrite& run, const IFeature& feature) {
+RewrittenShape Rewrite(const FeatureRewrite& run, const IFeature& feature, const KeepGoing& keep_going) {
   const GeometryRef shape = feature.ShapeCopy();
   if (!shape || shape->IsEmpty()) {
     return {shape, "  --> Feature at OID #" + std::to_string(feature.OID()) + " is empty..."};
   }
-  return run.rewrite(shape, feature.OID());
+  return run.rewrite(shape, feature.OID(), keep_going);
 }
 
 // The features one by one. False when the user stopped the run.
@@ -87,12 +88,16 @@ bool RewriteAll(const FeatureRewrite& run, IFeatureClass& input, const std::shar
   const std::shared_ptr<IFeatureCursor> reader = input.Search(nullptr, false);
   const std::shared_ptr<IFeatureCursor> writer = output->Insert(true);
   const std::shared_ptr<IFeatureBuffer> buffer = output->CreateFeatureBuffer();
+  const KeepGoing keep_going = [&progress] { return progress.GoesOn(); };
   bool finished = true;
   while (const std::shared_ptr<IFeature> feature = reader->NextFeature()) {
     finished = progress.Step(++facts.records_done);
     if (!finished) break;
     ++journal.read;
-    const RewrittenShape rewritten = Rewrite(run, *feature);
+    const RewrittenShape rewritten = Rewrite(run, *feature, keep_going);
+    finished = !rewritten.stopped;
+    if (!finished) break;
+    if (facts.measures.Add(rewritten.measure, feature->OID())) journal.NoteWarning(kChanged, feature->OID());
     if (!rewritten.problem.empty()) facts.problems += ProblemLine(rewritten.problem);
     buffer->SetShape(rewritten.shape);
     attributes.Copy(*feature, *buffer);
@@ -144,8 +149,9 @@ std::string RunBody(const FeatureRewrite& run, const std::shared_ptr<IApplicatio
     progress.Abandon();
     return EndWithoutOutput(run, "Bailing out...");
   }
-  journal.output_path = output.place.FullPath();
-  journal.reference = output.features->SpatialReference();
+  journal.OutputPath = output.place.FullPath();
+  facts.measures.type = input->ShapeType();
+  journal.Reference = output.features->SpatialReference();
 
   facts.stopped = !RewriteAll(run, *input, output.features, progress, facts);
   journal.stopped = facts.stopped;

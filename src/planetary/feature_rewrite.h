@@ -17,9 +17,13 @@ namespace tessarine {
 
 /// The new shape of a feature, and what its report has to say about it.
 struct RewrittenShape {
-  GeometryRef shape;    ///< nothing stores the feature without a shape
-  std::string problem;  ///< plain text; empty when there is none
+  GeometryRef shape;         ///< nothing stores the feature without a shape
+  std::string problem;       ///< plain text; empty when there is none
+  bool stopped = false;      ///< the user ended the run; there is no shape
+  RewrittenMeasure measure;  ///< how much there was and is, where the run keeps account of it
 };
+
+using MyGeometricOperations::KeepGoing;
 
 struct FeatureRewrite {
   std::string_view worker;
@@ -28,8 +32,8 @@ struct FeatureRewrite {
   std::vector<ReportSection> sections;  ///< what the report says of the choices
   std::shared_ptr<IFeatureLayer> layer;
   OutputDescription output;
-  /// Takes a private copy of a shape that isn't empty, and the feature's identifier.
-  std::function<RewrittenShape(const GeometryRef& shape, std::int64_t oid)> rewrite;
+  /// Takes a private copy of a shape that isn't empty, the feature's identifier, and what long work asks meanwhile.
+  std::function<RewrittenShape(const GeometryRef& shape, std::int64_t oid, const KeepGoing& keep_going)> rewrite;
 };
 
 /// Carries the run out and returns its report as RTF.

@@ -40,16 +40,23 @@ ReportSection InputSection(const std::string& conversion, const IFeatureLayer& l
 
 std::string Degrees(double value) { return MyGeneralOperations::TrimZerosAndDecimals(value, false); }
 
-RewrittenShape WrapFeature(const GeometryRef& copy, std::int64_t oid, const WrapBox& box, double shift) {
+RewrittenMeasure MeasureOf(const WrappedShape& wrapped) {
+  return {wrapped.measure_before, wrapped.measure_after, wrapped.rounding};
+}
+
+RewrittenShape WrapFeature(const GeometryRef& copy, std::int64_t oid, const WrapBox& box, double shift,
+                           const KeepGoing& keep_going) {
   const std::string feature = std::to_string(oid);
   const RewrittenShape failed{
       copy, "  --> Failed to wrap feature at OID #" + feature + ".  Wrap function apparently crashed..."};
   const GeometryRef shape = shift != 0.0 ? FeatureLongitudeShift(copy, shift) : copy;
   if (!shape) return failed;
-  const GeometryRef wrapped = WrapOwnShape(shape, box, nullptr).shape;
-  if (!wrapped) return {shape, failed.problem};
-  if (wrapped->IsEmpty()) return {wrapped, "  --> Wrapped Feature at OID #" + feature + " is empty..."};
-  return {wrapped, ""};
+  const WrappedShape wrapped = WrapOwnShape(CloneOf(*shape), box, keep_going);
+  if (wrapped.stopped) return {.stopped = true};
+  if (!wrapped.shape) return {shape, failed.problem};
+  const bool empty = wrapped.shape->IsEmpty();
+  return {wrapped.shape, empty ? "  --> Wrapped Feature at OID #" + feature + " is empty..." : "", false,
+          MeasureOf(wrapped)};
 }
 
 FeatureRewrite WrapRun(const WrapArguments& arguments) {
@@ -69,7 +76,9 @@ FeatureRewrite WrapRun(const WrapArguments& arguments) {
          "  ** Longitudinal Shift:  " + Degrees(shift) + kDegrees}}},
       layer,
       arguments.Output(),
-      [box, shift](const GeometryRef& shape, std::int64_t oid) { return WrapFeature(shape, oid, box, shift); }};
+      [box, shift](const GeometryRef& shape, std::int64_t oid, const KeepGoing& keep_going) {
+        return WrapFeature(shape, oid, box, shift, keep_going);
+      }};
 }
 
 FeatureRewrite LatitudeRun(const Direction& direction, const GeoCentricArguments& arguments) {
@@ -89,11 +98,16 @@ FeatureRewrite LatitudeRun(const Direction& direction, const GeoCentricArguments
              "  ** Wrap Option:  " + OptionText(option, "No Wrap Option")}}},
           layer,
           arguments.Output(),
-          [=, convert = direction.convert](const GeometryRef& shape, std::int64_t) mutable -> RewrittenShape {
+          [=, convert = direction.convert](const GeometryRef& shape, std::int64_t oid,
+                                           const KeepGoing& keep_going) mutable -> RewrittenShape {
             const GeometryRef converted = convert(shape, semi_major, semi_minor, shift);
-            if (option == kWrap180) return {WrapOwnShape(converted, kBox180, nullptr).shape, ""};
-            if (option == kWrap360) return {WrapOwnShape(converted, kBox360, nullptr).shape, ""};
-            return {converted, ""};
+            const RewrittenShape failed{nullptr, "  --> Failed to convert feature at OID #" + std::to_string(oid) +
+                                                     ".  It is written without a shape..."};
+            if (!converted) return failed;
+            if (option != kWrap180 && option != kWrap360) return {.shape = converted};
+            const WrappedShape wrapped = WrapOwnShape(converted, option == kWrap180 ? kBox180 : kBox360, keep_going);
+            if (!wrapped.shape && !wrapped.stopped) return failed;
+            return {.shape = wrapped.shape, .stopped = wrapped.stopped, .measure = MeasureOf(wrapped)};
           }};
 }
 

@@ -1,7 +1,10 @@
 #include "planetary/rewrite_reports.h"
 
+#include <cmath>
+
 #include "platform/paths.h"
 #include "platform/rich_text.h"
+#include "platform/text_formats.h"
 #include "support/aml_func_mod.h"
 
 namespace tessarine {
@@ -38,7 +41,45 @@ std::string Sections(const std::vector<ReportSection>& sections) {
   return text;
 }
 
+struct MeasureWords {
+  const char* name;
+  const char* unit;
+};
+
+MeasureWords WordsOf(esriGeometryType type) {
+  if (type == esriGeometryPolygon) return {"area", " square degrees"};
+  if (type == esriGeometryPolyline) return {"length", " degrees"};
+  return {"number of places", ""};
+}
+
+std::string OidList(const MeasureAccount& account) {
+  std::string text;
+  for (const std::int64_t oid : account.first_oids) text += (text.empty() ? "#" : ", #") + std::to_string(oid);
+  const auto more = account.differing - static_cast<std::int64_t>(account.first_oids.size());
+  return more > 0 ? text + " and " + std::to_string(more) + " more" : text;
+}
+
+ReportSection DifferenceSection(const MeasureAccount& account) {
+  const MeasureWords words = WordsOf(account.type);
+  return {std::string("NOTE:  The ") + words.name + " of some features changed:",
+          {"  --> In:  " + NumberText(account.before) + words.unit,
+           "  --> Out:  " + NumberText(account.after) + words.unit, "  --> Changed at OID " + OidList(account),
+           "  --> Pieces that come to lie on each other count once; what lies on an edge stands on both edges."}};
+}
+
 }  // namespace
+
+bool MeasureAccount::Add(const RewrittenMeasure& measure, std::int64_t oid) {
+  constexpr double kTolerance = 1e-9;
+  constexpr std::size_t kListed = 10;
+  before += measure.before;
+  after += measure.after;
+  const double allowed = kTolerance * std::fabs(measure.before) + measure.rounding;
+  if (std::fabs(measure.after - measure.before) <= allowed) return false;
+  ++differing;
+  if (first_oids.size() < kListed) first_oids.push_back(oid);
+  return true;
+}
 
 std::string ProblemLine(const std::string& text) { return EscapeRtf(text) + "\\par\r\n"; }
 
@@ -53,6 +94,7 @@ std::string RewriteReport(std::string_view title, const std::vector<ReportSectio
   if (facts.stopped) {
     report += Bold(std::string(kStoppedNote) + std::to_string(facts.records_done)) + std::string(kRule);
   }
+  if (facts.measures.differing > 0) report += Section(DifferenceSection(facts.measures));
   if (!facts.problems.empty()) report += Bold(kProblemHeading) + facts.problems + std::string(kRule);
   return report + "\\pard\\qc " + facts.time_spent + "\\par\r\n}";
 }

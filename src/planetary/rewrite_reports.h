@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "platform/fault.h"
+#include "platform/geometry_types.h"
 
 namespace tessarine {
 
@@ -23,12 +24,30 @@ struct OutputFacts {
   std::int32_t count = 0;
 };
 
+/// How much of a shape there was and is: area, length or number of places.
+struct RewrittenMeasure {
+  double before = 0.0, after = 0.0;
+  double rounding = 0.0;  ///< the difference that says nothing
+};
+
+/// The account of a run: what went in and came out over all features, and where the two differ.
+struct MeasureAccount {
+  esriGeometryType type = esriGeometryNull;
+  double before = 0.0, after = 0.0;
+  std::int64_t differing = 0;
+  std::vector<std::int64_t> first_oids;  ///< of those that differ
+
+  /// True when the measures of the feature differ.
+  bool Add(const RewrittenMeasure& measure, std::int64_t oid);
+};
+
 /// How the run went. Texts are plain, apart from those that are said to be RTF.
 struct RewriteFacts {
   std::int32_t records_done = 0;
   bool stopped = false;
   std::string problems;    ///< RTF; empty when there was none
   std::string time_spent;  ///< RTF
+  MeasureAccount measures;
 };
 
 /// A line of the section of problems, as RTF.

@@ -60,12 +60,15 @@ void RunProgress::OpenDialog(const std::shared_ptr<clsExtension>& extension) {
 }
 
 bool RunProgress::Step(std::int32_t record) {
+  record_ = record;
   if (record == count_ || SecondsBetween(last_update_, Host().Clock().Now()) >= 1) {
     if (!Update(record)) return false;
   }
   status_bar_->StepProgressBar();
   return true;
 }
+
+bool RunProgress::GoesOn() { return SecondsBetween(last_update_, Host().Clock().Now()) < 1 || Update(record_); }
 
 bool RunProgress::Update(std::int32_t record) {
   status_bar_->SetMessage(0, MyGeneralOperations::CalcTimeLeft(words_.StatusText, begin_, record, count_));

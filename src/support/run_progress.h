@@ -31,6 +31,9 @@ class RunProgress {
   /// One record further. Everything but the bar is brought up to date once a second and at the last record; that is
   /// also when a stop is seen. False when the user stopped the run.
   [[nodiscard]] bool Step(std::int32_t record);
+  /// For long work on one record, as often as it likes: the same look at the clock, without a step. False when the user
+  /// stopped the run.
+  [[nodiscard]] bool GoesOn();
   /// The run went to its end.
   void Finish();
   /// The user stopped the run: the bar goes, and a dialog that stays open offers to close itself.
@@ -51,6 +54,7 @@ class RunProgress {
   std::shared_ptr<IStatusBar> status_bar_;
   std::shared_ptr<ProgressForm> dialog_;
   std::int32_t count_;
+  std::int32_t record_ = 0;
   Date begin_;
   Date last_update_;
 };
