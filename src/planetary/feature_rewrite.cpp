@@ -149,9 +149,9 @@ std::string RunBody(const FeatureRewrite& run, const std::shared_ptr<IApplicatio
     progress.Abandon();
     return EndWithoutOutput(run, "Bailing out...");
   }
-  journal.OutputPath = output.place.FullPath();
+  journal.output_path = output.place.FullPath();
   facts.measures.type = input->ShapeType();
-  journal.Reference = output.features->SpatialReference();
+  journal.reference = output.features->SpatialReference();
 
   facts.stopped = !RewriteAll(run, *input, output.features, progress, facts);
   journal.stopped = facts.stopped;

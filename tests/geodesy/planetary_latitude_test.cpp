@@ -76,6 +76,33 @@ TEST(PlanetaryLatitude, Positions) {
               ElementsAre("XYOCentricToOGraphic 11", "XYOGraphicToOCentric 11", "XYOGraphicToOCentric 6"));
 }
 
+TEST(PlanetaryLatitude, PolesStayPolesOnEveryBody) {
+  struct Row {
+    const char* body;
+    double a, b;
+  };
+  const Row rows[] = {{"Earth", kA, kB},
+                      {"Mars", kMarsA, kMarsB},
+                      {"Jupiter", 71492000, 66854000},
+                      {"Saturn", 60268000, 54364000},
+                      {"Larissa", 104000, 89000},
+                      {"Metis", 30000, 20000},
+                      {"sphere", 1000, 1000},
+                      {"prolate", 1000, 1500}};
+  for (const Row& row : rows) {
+    for (const double pole : {90.0, -90.0}) {
+      EXPECT_EQ(ToGraphic(pole, row.a, row.b), pole) << row.body;
+      EXPECT_EQ(ToCentric(pole, row.a, row.b), pole) << row.body;
+    }
+    for (double lat = 90.0; lat > 89.999; lat = std::nextafter(lat, 0.0) - 1e-5) {
+      EXPECT_LE(ToGraphic(lat, row.a, row.b), 90.0) << row.body << " " << lat;
+      EXPECT_LE(ToCentric(lat, row.a, row.b), 90.0) << row.body << " " << lat;
+      EXPECT_GE(ToGraphic(-lat, row.a, row.b), -90.0) << row.body << " " << lat;
+    }
+    EXPECT_LE(ToGraphic(std::nextafter(90.0, 0.0), row.a, row.b), 90.0) << row.body;
+  }
+}
+
 TEST(PlanetaryLatitude, AgreesWithGeographicLib) {
 #ifndef TESSARINE_HAS_ELLIPSOID
   GTEST_SKIP() << "GeographicLib is not installed, nothing to compare with.";
