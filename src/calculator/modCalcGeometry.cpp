@@ -98,7 +98,10 @@ std::string Calculate(const std::shared_ptr<VarArray>& carrier, const std::share
   std::vector<OptionEntry> entries = options.Options();
   const std::vector<std::string> names = FieldNamesInUse(entries, options.UseFlags());
   const std::string& layer_name = options.Layer()->Name();
+  // New fields and their values appear together, where the format has edits.
+  const std::shared_ptr<IEdit> edit = features->BeginEdit();
   if (const auto failed = MakeMissingFields(*features, names)) {
+    if (edit) edit->Abandon();
     const std::string report = FieldNotAddedReport(*failed, layer_name);
     Host().MessageBox().Show(report + "  Bailing out...", "");
     return Refused(report);
@@ -113,6 +116,7 @@ std::string Calculate(const std::shared_ptr<VarArray>& carrier, const std::share
   journal.reference = features->SpatialReference();
   journal.begin = Host().Clock().Now();
   facts.problem_report = RunShape(carrier, application, indexes, facts.record_count, show_progress);
+  if (edit) edit->Finish();
   RefreshTableWindow(application, options.Layer());
   journal.end = Host().Clock().Now();
   facts.time_spent = MyGeneralOperations::ReturnTimeElapsedRTF(journal.begin, journal.end, kReportFontSize);

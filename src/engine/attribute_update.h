@@ -31,9 +31,4 @@ class AttributeUpdate {
 /// of a kind that can't be changed this way.
 [[nodiscard]] std::unique_ptr<AttributeUpdate> OpenFileGdbUpdate(const OgrSource& source, OGRLayer& layer);
 
-/// Writes a whole row of a table of a file geodatabase through GDAL, on a handle of its own. GDAL up to 3.6 puts
-/// growing rows into free places that overlap others, and doesn't tell the table of the longest row; both are seen to
-/// here.
-void StoreFileGdbRow(OgrSource& source, OGRFeature& feature);
-
 }  // namespace tessarine::engine

@@ -6,6 +6,7 @@
 
 #include "engine/data_source.h"
 #include "engine/engine_fault.h"
+#include "engine/filegdb_edit.h"
 #include "engine/ogr_source.h"
 #include "platform/text_formats.h"
 
@@ -101,11 +102,38 @@ bool LayerExists(const LayerPlace& place) {
   return false;
 }
 
+namespace {
+
+void CopyLayerTo(const LayerPlace& source, const LayerPlace& target);
+void RemoveLayerAt(const LayerPlace& place);
+
+}  // namespace
+
 void CopyLayer(const LayerPlace& source, const LayerPlace& target) {
+  if (!IsFileGdb(target.path)) return CopyLayerTo(source, target);
+  EditFileGdb(target.path, [&](FileGdbEdit& edit) {
+    const std::string name = !target.layer.empty() ? target.layer : fs::path(target.path).stem().string();
+    CopyLayerTo(source, {edit.Folder(), name});
+  });
+}
+
+void RemoveLayer(const LayerPlace& place) {
+  if (!IsFileGdb(place.path) || place.layer.empty()) return RemoveLayerAt(place);
+  bool is_last = false;
+  EditFileGdb(place.path, [&](FileGdbEdit& edit) {
+    is_last = OpenDataset(place.path, false)->GetLayerCount() == 1;
+    if (!is_last) RemoveLayerAt({edit.Folder(), place.layer});
+  });
+  if (is_last) RemoveLayerAt({place.path, ""});
+}
+
+namespace {
+
+void CopyLayerTo(const LayerPlace& source, const LayerPlace& target) {
   const std::string layer = OnlyLayer(source);
   const bool exists = fs::exists(target.path);
   const FormatRow* row = FindInPlace(target.path);
-  if (exists && (row == nullptr || !row->container || target.layer.empty())) RemoveLayer({target.path, ""});
+  if (exists && (row == nullptr || !row->container || target.layer.empty())) RemoveLayerAt({target.path, ""});
   const bool add = exists && fs::exists(target.path);
 
   CPLStringList arguments;
@@ -137,10 +165,10 @@ void CopyLayer(const LayerPlace& source, const LayerPlace& target) {
   }
 }
 
-void RemoveLayer(const LayerPlace& place) {
+void RemoveLayerAt(const LayerPlace& place) {
   const GdalErrorScope quiet;
   if (!place.layer.empty()) {
-    const DatasetHandle dataset = OpenDataset(place.path, true);
+    const DatasetHandle dataset = OpenDatasetAt(place.path, true);
     for (int index = 0; index < dataset->GetLayerCount() && dataset->GetLayerCount() > 1; ++index) {
       if (!EqualsIgnoringCase(dataset->GetLayer(index)->GetName(), place.layer)) continue;
       if (dataset->DeleteLayer(index) != OGRERR_NONE) {
@@ -158,5 +186,7 @@ void RemoveLayer(const LayerPlace& place) {
   std::error_code error;
   if (fs::is_directory(place.path, error)) fs::remove(place.path, error);
 }
+
+}  // namespace
 
 }  // namespace tessarine

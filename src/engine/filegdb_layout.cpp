@@ -3,6 +3,7 @@
 #include <cpl_string.h>
 
 #include <array>
+#include <bit>
 
 #include "platform/fault.h"
 
@@ -24,11 +25,11 @@ class Reader {
   }
   std::uint64_t Number(std::size_t size) { return LittleEndian(Take(size)); }
   unsigned Byte() { return static_cast<unsigned>(Number(1)); }
+  double Real() { return std::bit_cast<double>(Number(8)); }
   // A length byte, then as many UTF-16 units.
   std::string Name() {
-    std::string text;
-    for (unsigned count = Byte(); count > 0; --count) AppendUnit(text, static_cast<unsigned>(Number(2)));
-    return text;
+    const std::size_t count = Byte();
+    return TextOfUtf16(Take(2 * count));
   }
   std::uint64_t PackedNumber() {
     std::uint64_t value = 0;
@@ -41,20 +42,6 @@ class Reader {
   }
 
  private:
-  // Names outside the basic plane don't occur; a lone surrogate only makes the name differ.
-  static void AppendUnit(std::string& text, unsigned unit) {
-    if (unit < 0x80U) {
-      text += static_cast<char>(unit);
-    } else if (unit < 0x800U) {
-      text += static_cast<char>(0xC0U | (unit >> 6U));
-      text += static_cast<char>(0x80U | (unit & 0x3FU));
-    } else {
-      text += static_cast<char>(0xE0U | (unit >> 12U));
-      text += static_cast<char>(0x80U | ((unit >> 6U) & 0x3FU));
-      text += static_cast<char>(0x80U | (unit & 0x3FU));
-    }
-  }
-
   std::span<const char> bytes_;
 };
 
@@ -62,25 +49,33 @@ constexpr unsigned kNullableFlag = 1;
 constexpr unsigned kDefaultFlag = 4;
 constexpr unsigned kHasM = 2;
 constexpr unsigned kHasZ = 4;
+constexpr std::uint32_t kLayerHasUtf8 = 0x100U;
+constexpr std::uint32_t kLayerHasM = 0x40000000U;
+constexpr std::uint32_t kLayerHasZ = 0x80000000U;
 
-unsigned ReadShapeColumn(Reader& reader, std::uint32_t layer_flags) {
+unsigned ReadShapeColumn(Reader& reader, std::uint32_t layer_flags, GdbDescription& description) {
   (void)reader.Byte();
   const unsigned flags = reader.Byte();
   (void)reader.Take(static_cast<std::size_t>(reader.Number(2)));  // the reference's text
   const unsigned dimensions = reader.Byte();
-  std::size_t numbers = 3 + 1 + 4;  // origin and scale, tolerance, extent
+  GdbGrid grid;
+  grid.x_origin = reader.Real();
+  grid.y_origin = reader.Real();
+  grid.xy_scale = reader.Real();
+  description.grid = grid;
+  std::size_t numbers = 1 + 4;  // tolerance, extent
   if ((dimensions & kHasM) != 0) numbers += 3;
   if ((dimensions & kHasZ) != 0) numbers += 3;
   // The extents of further dimensions follow the layer's own flags.
-  if ((layer_flags & 0x80000000U) != 0) numbers += 2;
-  if ((layer_flags & 0x40000000U) != 0) numbers += 2;
+  if ((layer_flags & kLayerHasZ) != 0) numbers += 2;
+  if ((layer_flags & kLayerHasM) != 0) numbers += 2;
   (void)reader.Take(8 * numbers);
   (void)reader.Byte();
   (void)reader.Take(8 * static_cast<std::size_t>(reader.Number(4)));  // the cells of the spatial index
   return flags;
 }
 
-unsigned ReadColumnRest(Reader& reader, GdbColumn::Type type, std::uint32_t layer_flags) {
+unsigned ReadColumnRest(Reader& reader, GdbColumn::Type type, std::uint32_t layer_flags, GdbDescription& description) {
   unsigned flags = 0;
   switch (type) {
     case GdbColumn::kText: {
@@ -91,7 +86,7 @@ unsigned ReadColumnRest(Reader& reader, GdbColumn::Type type, std::uint32_t laye
       return flags;
     }
     case GdbColumn::kShape:
-      return ReadShapeColumn(reader, layer_flags);
+      return ReadShapeColumn(reader, layer_flags, description);
     case GdbColumn::kOid:
     case GdbColumn::kBlob:
     case GdbColumn::kGuid:
@@ -109,9 +104,10 @@ unsigned ReadColumnRest(Reader& reader, GdbColumn::Type type, std::uint32_t laye
   }
 }
 
-std::vector<GdbColumn> ReadColumns(Reader reader) {
+void ReadColumns(Reader reader, GdbDescription& description) {
   (void)reader.Number(4);  // the version
   const auto layer_flags = static_cast<std::uint32_t>(reader.Number(4));
+  description.utf8 = (layer_flags & kLayerHasUtf8) != 0;
   const std::uint64_t count = reader.Number(2);
   std::vector<GdbColumn> columns;
   int null_bit = 0;
@@ -120,35 +116,76 @@ std::vector<GdbColumn> ReadColumns(Reader reader) {
     column.name = reader.Name();
     (void)reader.Name();  // the alias
     const unsigned type = reader.Byte();
-    if (type > GdbColumn::kXml || type == GdbColumn::kRaster) return {};
+    if (type > GdbColumn::kXml || type == GdbColumn::kRaster) return;
     column.type = static_cast<GdbColumn::Type>(type);
-    column.nullable = (ReadColumnRest(reader, column.type, layer_flags) & kNullableFlag) != 0;
+    column.nullable = (ReadColumnRest(reader, column.type, layer_flags, description) & kNullableFlag) != 0;
     if (column.type == GdbColumn::kOid) column.nullable = false;
     if (column.nullable) column.null_bit = null_bit++;
     columns.push_back(std::move(column));
   }
-  return columns;
+  description.null_bytes = static_cast<std::size_t>((null_bit + 7) / 8);
+  description.columns = std::move(columns);
+}
+
+void AppendCodePoint(std::string& text, std::uint32_t code) {
+  const auto put = [&](std::uint32_t bits) { text += static_cast<char>(bits); };
+  if (code < 0x80U) {
+    put(code);
+  } else if (code < 0x800U) {
+    put(0xC0U | (code >> 6U));
+    put(0x80U | (code & 0x3FU));
+  } else if (code < 0x10000U) {
+    put(0xE0U | (code >> 12U));
+    put(0x80U | ((code >> 6U) & 0x3FU));
+    put(0x80U | (code & 0x3FU));
+  } else {
+    put(0xF0U | (code >> 18U));
+    put(0x80U | ((code >> 12U) & 0x3FU));
+    put(0x80U | ((code >> 6U) & 0x3FU));
+    put(0x80U | (code & 0x3FU));
+  }
+}
+
+void AppendUnit(std::string& bytes, std::uint32_t unit) {
+  bytes += static_cast<char>(unit & 0xFFU);
+  bytes += static_cast<char>(unit >> 8U);
+}
+
+bool HasLength(GdbColumn::Type type) {
+  return type == GdbColumn::kText || type == GdbColumn::kShape || type == GdbColumn::kBlob || type == GdbColumn::kXml;
+}
+
+std::string_view WithoutLength(std::string_view stored) {
+  std::size_t at = 0;
+  while (at < stored.size() && (static_cast<unsigned char>(stored[at]) & 0x80U) != 0) ++at;
+  return stored.substr(at + 1);
 }
 
 }  // namespace
 
-std::vector<GdbColumn> ReadGdbColumns(const RawFile& table) {
+GdbDescription ReadGdbDescription(const RawFile& table) {
+  GdbDescription description;
   std::array<char, 40> header{};
+  if (table.Size() < static_cast<std::int64_t>(header.size())) return description;
   table.Read(0, header);
   const std::span<const char> bytes(header);
-  if (LittleEndian(bytes.first(4)) != 3) return {};  // row numbers of 64 bits
+  if (LittleEndian(bytes.first(4)) != 3) return description;  // row numbers of 64 bits
   const auto place = static_cast<std::int64_t>(LittleEndian(bytes.subspan(32, 8)));
+  if (place < 40 || place + 4 > table.Size()) return description;
   std::array<char, 4> size{};
   table.Read(place, size);
   const auto length = static_cast<std::int64_t>(LittleEndian(size));
-  if (length > kLongestHeader || place + 4 + length > table.Size()) return {};
+  if (length > kLongestHeader || place + 4 + length > table.Size()) return description;
   std::vector<char> described(static_cast<std::size_t>(length));
   table.Read(place + 4, described);
+  description.place = place;
+  description.size = 4 + length;
   try {
-    return ReadColumns(Reader(described));
+    ReadColumns(Reader(described), description);
   } catch (const Fault&) {
-    return {};
+    description.columns.clear();
   }
+  return description;
 }
 
 std::size_t GdbValueSize(GdbColumn::Type type, std::span<const char> bytes) {
@@ -177,6 +214,68 @@ std::size_t GdbValueSize(GdbColumn::Type type, std::span<const char> bytes) {
     if ((byte & 0x80U) == 0) return length + at + 1;
   }
   return 0;
+}
+
+bool IsGdbNull(std::span<const char> row, const GdbColumn& column) {
+  if (!column.nullable) return false;
+  const auto byte = static_cast<unsigned char>(row[static_cast<std::size_t>(column.null_bit / 8)]);
+  return (byte >> (column.null_bit % 8) & 1) != 0;
+}
+
+std::optional<GdbValues> SplitGdbRow(const GdbDescription& description, std::string_view row) {
+  if (row.size() < description.null_bytes) return std::nullopt;
+  GdbValues values(description.columns.size());
+  std::size_t at = description.null_bytes;
+  for (std::size_t index = 0; index < values.size(); ++index) {
+    const GdbColumn& column = description.columns[index];
+    if (column.type == GdbColumn::kOid || IsGdbNull(row, column)) continue;
+    const std::size_t size = GdbValueSize(column.type, std::span(row).subspan(at));
+    if (size == 0 || size > row.size() - at) return std::nullopt;
+    const std::string_view stored = row.substr(at, size);
+    values[index] = HasLength(column.type) ? WithoutLength(stored) : stored;
+    at += size;
+  }
+  if (at != row.size()) return std::nullopt;
+  return values;
+}
+
+std::string GdbText(const GdbDescription& description, std::string_view stored) {
+  return description.utf8 ? std::string(stored) : TextOfUtf16(stored);
+}
+
+std::string TextOfUtf16(std::span<const char> bytes) {
+  std::string text;
+  const auto unit_at = [&](std::size_t at) { return static_cast<std::uint32_t>(LittleEndian(bytes.subspan(at, 2))); };
+  for (std::size_t at = 0; at + 2 <= bytes.size(); at += 2) {
+    std::uint32_t code = unit_at(at);
+    const bool is_pair = code >= 0xD800U && code < 0xDC00U && at + 4 <= bytes.size() && unit_at(at + 2) >= 0xDC00U &&
+                         unit_at(at + 2) < 0xE000U;
+    if (is_pair) {
+      code = 0x10000U + ((code - 0xD800U) << 10U) + (unit_at(at + 2) - 0xDC00U);
+      at += 2;
+    }
+    AppendCodePoint(text, code);
+  }
+  return text;
+}
+
+std::string Utf16OfText(std::string_view text) {
+  std::string bytes;
+  for (std::size_t at = 0; at < text.size();) {
+    const auto lead = static_cast<unsigned char>(text[at++]);
+    const int more = lead < 0xC0U ? 0 : lead < 0xE0U ? 1 : lead < 0xF0U ? 2 : 3;
+    std::uint32_t code = more == 0 ? lead : lead & (0x3FU >> more);
+    for (int index = 0; index < more && at < text.size(); ++index, ++at) {
+      code = (code << 6U) | (static_cast<unsigned char>(text[at]) & 0x3FU);
+    }
+    if (code >= 0x10000U) {
+      AppendUnit(bytes, 0xD800U + ((code - 0x10000U) >> 10U));
+      AppendUnit(bytes, 0xDC00U + ((code - 0x10000U) & 0x3FFU));
+    } else {
+      AppendUnit(bytes, code);
+    }
+  }
+  return bytes;
 }
 
 std::string GdbLength(std::size_t length) {

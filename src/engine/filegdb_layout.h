@@ -1,13 +1,47 @@
-// The columns of a table of a file geodatabase, as its own header tells them.
+// The bytes of a table of a file geodatabase of version 10. Numbers are little-endian; places count from the start of a
+// file.
 //
-// A row is its length in 4 bytes, one bit for each nullable column (set: null), then the values that aren't null, in
-// the order of the columns. Texts, shapes and blobs have their length in front, seven bits a byte.
+// A geodatabase is a folder. Table number N is made of files named "a" and N in eight hexadecimal digits:
+//
+//   .gdbtable     the description of the columns, and the rows
+//     0   4  3 (4: row numbers of 64 bits)
+//     4   4  rows that aren't deleted
+//     8   4  the length of the longest row or of the description; readers take their buffer from it
+//    24   8  the size of the file
+//    32   8  the place of the description: its length in 4 bytes, 4 bytes (4), the flags of the table in 4 bytes, the
+//            number of columns in 2 bytes, the columns. The low byte of the flags is the kind of shape, bit 8 is set
+//            where texts are UTF-8 (else UTF-16), bit 30 for M, bit 31 for Z.
+//     A row is its length in 4 bytes, one bit for each nullable column (set: null; bits to spare are set), then the
+//     values that aren't null, in the order of the columns. Texts, shapes and blobs have their length in front, seven
+//     bits a byte. The identifier isn't stored. A place that was given up holds the negative of its length.
+//   .gdbtablx     where the rows are
+//     0   4  3
+//     4   4  pages that are in the file
+//     8   4  the highest row number
+//    12   4  bytes of an offset: 4, 5 or 6
+//    16      the pages: 1024 offsets each, 0 where there is no row
+//     behind them 16 bytes: words of a bit map, pages in all, pages in the file, words in use; then the bit map, one
+//     bit for each page that is in the file. No words: all pages are there.
+//   .freelist     places that rows gave up, for rows to come; may be missing
+//     Pages of 4096 bytes: entries in 4 bytes, the page before in 4 bytes, then for each its size (the length in front
+//     included) in 4 bytes and its offset. At the end 344 bytes: 1, the first empty page, then the last page and the
+//     number of pages of each class of sizes.
+//   .gdbindexes   the indexes: their number in 4 bytes; of each its name, 12 bytes, its expression (a column, or
+//                 "LOWER(column)"), 2 bytes. Names are a count in 4 bytes and UTF-16.
+//   .NAME.atx     the index of that name: values with the row numbers they belong to
+//   .spx          the same for the cells of shapes
+//
+// Table 1 is the catalogue: the name of table N is in its row N. Names that begin with "GDB_" are the geodatabase's
+// own. GDB_Items has a row for each class, table and feature dataset, with its definition as XML;
+// GDB_ItemRelationships tells by two identifiers what lies in what.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "engine/raw_file.h"
@@ -36,11 +70,37 @@ struct GdbColumn {
   int null_bit = -1;  ///< the place among the nullable columns
 };
 
-/// The columns in order; empty where the header tells anything that isn't understood.
-[[nodiscard]] std::vector<GdbColumn> ReadGdbColumns(const RawFile& table);
+/// The grid that coordinates are kept on: a coordinate is stored as (value - origin) * scale, which isn't negative.
+struct GdbGrid {
+  double x_origin = 0.0, y_origin = 0.0, xy_scale = 0.0;
+};
+
+struct GdbDescription {
+  std::int64_t place = 0, size = 0;  ///< the length in front included
+  bool utf8 = true;
+  std::vector<GdbColumn> columns;  ///< in order; empty where anything isn't understood
+  std::size_t null_bytes = 0;      ///< at the start of each row
+  std::optional<GdbGrid> grid;     ///< of tables with shapes
+};
+
+[[nodiscard]] GdbDescription ReadGdbDescription(const RawFile& table);
 
 /// The size of a column's value at the start of `bytes`, its length in front included; 0 where that can't be told.
 [[nodiscard]] std::size_t GdbValueSize(GdbColumn::Type type, std::span<const char> bytes);
+
+[[nodiscard]] bool IsGdbNull(std::span<const char> row, const GdbColumn& column);
+
+/// The values of a row by column, as stored, without lengths in front; nothing for null and for the identifier.
+using GdbValues = std::vector<std::optional<std::string_view>>;
+/// Nothing where the row doesn't end with its last value.
+[[nodiscard]] std::optional<GdbValues> SplitGdbRow(const GdbDescription& description, std::string_view row);
+
+/// A stored text as UTF-8.
+[[nodiscard]] std::string GdbText(const GdbDescription& description, std::string_view stored);
+/// Pairs of bytes as UTF-8.
+[[nodiscard]] std::string TextOfUtf16(std::span<const char> bytes);
+/// The reverse; the text must be UTF-8.
+[[nodiscard]] std::string Utf16OfText(std::string_view text);
 
 /// The bytes of a length.
 [[nodiscard]] std::string GdbLength(std::size_t length);

@@ -3,72 +3,20 @@
 #include <algorithm>
 #include <array>
 #include <bit>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <map>
 #include <optional>
+#include <set>
 
 #include "engine/attribute_update.h"
 #include "engine/engine_fault.h"
-#include "engine/filegdb_layout.h"
-#include "platform/text_formats.h"
+#include "engine/filegdb_edit.h"
+#include "engine/filegdb_table.h"
 
 namespace tessarine::engine {
 namespace {
 
-namespace fs = std::filesystem;
-
 constexpr std::size_t kHeaderSize = 40;
-constexpr std::int64_t kFirstOffset = 16;
-constexpr std::int64_t kRowsPerPage = 1024;
 constexpr std::size_t kHeldBytes = 4 << 20;
-
-/// Where the rows of a table lie: a file of offsets by row number, in pages; pages without rows may be left out.
-class RowPlaces {
- public:
-  explicit RowPlaces(const std::string& path) : file_(path) {
-    if (!file_.IsOpen()) return;
-    std::array<char, kFirstOffset> header{};
-    file_.Read(0, header);
-    const std::span<const char> bytes(header);
-    pages_ = static_cast<std::int64_t>(LittleEndian(bytes.subspan(4, 4)));
-    row_count_ = static_cast<std::int64_t>(LittleEndian(bytes.subspan(8, 4)));
-    width_ = static_cast<std::size_t>(LittleEndian(bytes.subspan(12, 4)));
-    const std::int64_t end = kFirstOffset + pages_ * kRowsPerPage * static_cast<std::int64_t>(width_);
-    // Whole pages stand for all rows; the trailer of a table with gaps says otherwise.
-    usable_ = LittleEndian(bytes.first(4)) == 3 && width_ >= 4 && width_ <= 6 && row_count_ <= pages_ * kRowsPerPage &&
-              file_.Size() >= end;
-  }
-
-  [[nodiscard]] bool IsUsable() const { return usable_; }
-  [[nodiscard]] std::int64_t OffsetLimit() const { return std::int64_t{1} << (8 * width_); }
-
-  /// 0 where there is no such row.
-  [[nodiscard]] std::int64_t Find(std::int64_t oid) const {
-    if (oid < 1 || oid > row_count_) return 0;
-    std::array<char, 8> bytes{};
-    const std::span<char> used = std::span(bytes).first(width_);
-    file_.Read(PlaceOf(oid), used);
-    return static_cast<std::int64_t>(LittleEndian(used));
-  }
-  void Set(std::int64_t oid, std::int64_t offset) const {
-    std::array<char, 8> bytes{};
-    const std::span<char> used = std::span(bytes).first(width_);
-    PutLittleEndian(static_cast<std::uint64_t>(offset), used);
-    file_.Write(PlaceOf(oid), used);
-  }
-
- private:
-  [[nodiscard]] std::int64_t PlaceOf(std::int64_t oid) const {
-    return kFirstOffset + (oid - 1) * static_cast<std::int64_t>(width_);
-  }
-
-  RawFile file_;
-  std::int64_t pages_ = 0, row_count_ = 0;
-  std::size_t width_ = 0;
-  bool usable_ = false;
-};
 
 /// A column's new value as it stands in a row; nothing for null.
 using NewValue = std::optional<std::string>;
@@ -81,7 +29,7 @@ std::string BytesOf(Number number) {
   return bytes;
 }
 
-NewValue Encode(const OGRFeature& feature, int index, GdbColumn::Type type) {
+NewValue Encode(const OGRFeature& feature, int index, GdbColumn::Type type, const GdbDescription& table) {
   if (feature.IsFieldSetAndNotNull(index) == 0) return std::nullopt;
   switch (type) {
     case GdbColumn::kShort: {
@@ -99,7 +47,8 @@ NewValue Encode(const OGRFeature& feature, int index, GdbColumn::Type type) {
     case GdbColumn::kDouble:
       return BytesOf(feature.GetFieldAsDouble(index));
     default: {
-      const std::string text = feature.GetFieldAsString(index);
+      std::string text = feature.GetFieldAsString(index);
+      if (!table.utf8) text = Utf16OfText(text);
       return GdbLength(text.size()) + text;
     }
   }
@@ -107,49 +56,16 @@ NewValue Encode(const OGRFeature& feature, int index, GdbColumn::Type type) {
 
 bool IsWritable(GdbColumn::Type type) { return type <= GdbColumn::kText; }
 
-// The description of the indexes of a table, where it has any on attributes.
-std::string ReadIndexes(const std::string& base) {
-  std::error_code error;
-  const fs::path path(base);
-  const std::string prefix = path.filename().string() + ".";
-  for (const auto& entry : fs::directory_iterator(path.parent_path(), error)) {
-    const std::string name = entry.path().filename().string();
-    if (!name.starts_with(prefix) || !EndsWithIgnoringCase(name, ".atx")) continue;
-    std::ifstream file(base + ".gdbindexes", std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-  }
-  return "";
-}
-
-// True where an index is kept of this column: its name in two bytes a character, by itself or as "LOWER(name)".
-bool IsIndexed(const std::string& indexes, const std::string& column) {
-  if (indexes.empty()) return false;
-  for (const std::string& expression : {column, "LOWER(" + column + ")"}) {
-    std::string pattern(4, '\0');
-    PutLittleEndian(expression.size(), pattern);
-    for (const char c : expression) pattern.append({c, '\0'});
-    if (indexes.find(pattern) != std::string::npos) return true;
-  }
-  return false;
-}
-
 class FileGdbUpdate final : public AttributeUpdate {
  public:
-  FileGdbUpdate(const std::string& base, OGRLayer& layer)
-      : base_(base), table_(base + ".gdbtable"), places_(base + ".gdbtablx") {
-    if (!table_.IsOpen() || !places_.IsUsable()) return;
-    columns_ = ReadGdbColumns(table_);
-    const std::string indexes = ReadIndexes(base);
-    for (const GdbColumn& column : columns_) {
-      null_bytes_ += column.nullable ? 1 : 0;
-      indexed_.push_back(IsIndexed(indexes, column.name));
-    }
-    null_bytes_ = (null_bytes_ + 7) / 8;
+  FileGdbUpdate(std::shared_ptr<FileGdbEdit> edit, const std::string& base, OGRLayer& layer)
+      : edit_(std::move(edit)), base_(base), table_(base, FileAccess::kChange) {
+    if (!table_.IsUsable()) return;
     MatchFields(*layer.GetLayerDefn());
-    table_.Read(0, header_);
+    table_.File().Read(0, header_);
     const std::span<const char> header(header_);
     longest_ = static_cast<std::size_t>(LittleEndian(header.subspan(8, 4)));
-    end_ = std::max(static_cast<std::int64_t>(LittleEndian(header.subspan(24, 8))), table_.Size());
+    end_ = table_.File().Size();
   }
 
   ~FileGdbUpdate() override {
@@ -169,22 +85,22 @@ class FileGdbUpdate final : public AttributeUpdate {
     std::map<std::size_t, NewValue> values;
     for (const int index : attributes) {
       const std::size_t column = column_of_[static_cast<std::size_t>(index)];
-      if (!IsWritable(columns_[column].type)) return false;
-      if (indexed_[column]) {
-        RaiseEngineFault("The field '" + columns_[column].name +
-                         "' has an index, which can't be kept up to date. Choose another field, or work on a copy.");
-      }
-      values[column] = Encode(feature, index, columns_[column].type);
+      const GdbColumn::Type type = Columns()[column].type;
+      if (!IsWritable(type)) return false;
+      values[column] = Encode(feature, index, type, table_.Description());
+    }
+    for (const auto& [column, value] : values) {
+      if (written_.insert(column).second) edit_->ColumnChanges(base_, Columns()[column].name);
     }
     const std::int64_t oid = feature.GetFID();
     // A row that is still held back hasn't its new place yet.
     if (!moved_.empty() && oid <= moved_.back().oid) Finish();
-    const std::int64_t offset = places_.Find(oid);
+    const std::int64_t offset = table_.Places().Find(oid);
     if (offset == 0) RaiseDamaged(oid);
     const std::string before = ReadRow(oid, offset);
     const std::string after = Rebuild(oid, before, values);
     if (after.size() == before.size()) {
-      table_.Write(offset + 4, after);
+      table_.File().Write(offset + 4, after);
     } else {
       Append(oid, offset, before.size(), after);
     }
@@ -194,15 +110,15 @@ class FileGdbUpdate final : public AttributeUpdate {
   void Finish() override {
     if (moved_.empty()) return;
     // The new rows are in the file before anything points to them.
-    table_.Write(held_from_, held_);
+    table_.File().Write(held_from_, held_);
     PutLittleEndian(longest_, std::span(header_).subspan(8, 4));
     PutLittleEndian(static_cast<std::uint64_t>(end_), std::span(header_).subspan(24, 8));
-    table_.Write(0, header_);
-    for (const Moved& row : moved_) places_.Set(row.oid, row.to);
+    table_.File().Write(0, header_);
+    for (const Moved& row : moved_) table_.Places().Set(row.oid, row.to);
     for (const Moved& row : moved_) {
       std::array<char, 4> freed{};
       PutLittleEndian(static_cast<std::uint64_t>(-static_cast<std::int64_t>(row.old_size)), freed);
-      table_.Write(row.from, freed);
+      table_.File().Write(row.from, freed);
     }
     moved_.clear();
     held_.clear();
@@ -215,14 +131,15 @@ class FileGdbUpdate final : public AttributeUpdate {
     std::size_t old_size;
   };
 
+  [[nodiscard]] const std::vector<GdbColumn>& Columns() const { return table_.Description().columns; }
+
   void MatchFields(const OGRFeatureDefn& definition) {
     for (int index = 0; index < definition.GetFieldCount(); ++index) {
-      const std::string name = definition.GetFieldDefn(index)->GetNameRef();
-      const auto found = std::ranges::find(columns_, name, &GdbColumn::name);
-      if (found == columns_.end()) return;
-      column_of_.push_back(static_cast<std::size_t>(found - columns_.begin()));
+      const int found = table_.FindColumn(definition.GetFieldDefn(index)->GetNameRef());
+      if (found < 0) return;
+      column_of_.push_back(static_cast<std::size_t>(found));
     }
-    usable_ = !columns_.empty();
+    usable_ = true;
   }
 
   [[noreturn]] void RaiseDamaged(std::int64_t oid) const {
@@ -231,24 +148,20 @@ class FileGdbUpdate final : public AttributeUpdate {
   }
 
   [[nodiscard]] std::string ReadRow(std::int64_t oid, std::int64_t offset) const {
-    std::array<char, 4> size{};
-    table_.Read(offset, size);
-    const auto length = static_cast<std::int32_t>(LittleEndian(size));
-    if (length < static_cast<std::int32_t>(null_bytes_) || offset + 4 + length > end_) RaiseDamaged(oid);
-    std::string row(static_cast<std::size_t>(length), '\0');
-    table_.Read(offset + 4, row);
-    return row;
+    const std::optional<std::string> row = table_.Row(offset);
+    if (!row || row->size() < table_.Description().null_bytes) RaiseDamaged(oid);
+    return *row;
   }
 
   // The row with its new values; all other bytes are taken over.
   [[nodiscard]] std::string Rebuild(std::int64_t oid, const std::string& before,
                                     const std::map<std::size_t, NewValue>& values) const {
-    std::string after = before.substr(0, null_bytes_);
-    std::size_t at = null_bytes_;
-    for (std::size_t index = 0; index < columns_.size(); ++index) {
-      const GdbColumn& column = columns_[index];
+    std::size_t at = table_.Description().null_bytes;
+    std::string after = before.substr(0, at);
+    for (std::size_t index = 0; index < Columns().size(); ++index) {
+      const GdbColumn& column = Columns()[index];
       if (column.type == GdbColumn::kOid) continue;
-      const bool is_null = column.nullable && IsNullBit(before, column.null_bit);
+      const bool is_null = IsGdbNull(before, column);
       std::size_t size = 0;
       if (!is_null) {
         size = GdbValueSize(column.type, std::span(before).subspan(at));
@@ -270,9 +183,6 @@ class FileGdbUpdate final : public AttributeUpdate {
     return after;
   }
 
-  static bool IsNullBit(const std::string& row, int bit) {
-    return (static_cast<unsigned char>(row[static_cast<std::size_t>(bit / 8)]) >> (bit % 8) & 1) != 0;
-  }
   static void SetNullBit(std::string& row, int bit, bool is_null) {
     char& byte = row[static_cast<std::size_t>(bit / 8)];
     const auto mask = static_cast<unsigned char>(1U << (bit % 8));
@@ -282,7 +192,7 @@ class FileGdbUpdate final : public AttributeUpdate {
 
   void Append(std::int64_t oid, std::int64_t from, std::size_t old_size, const std::string& row) {
     if (moved_.empty()) held_from_ = end_;
-    if (end_ + static_cast<std::int64_t>(row.size()) + 4 >= places_.OffsetLimit()) {
+    if (end_ + static_cast<std::int64_t>(row.size()) + 4 >= table_.Places().OffsetLimit()) {
       RaiseEngineFault("'" + base_ + ".gdbtable' can't grow any more.");
     }
     std::array<char, 4> size{};
@@ -295,13 +205,11 @@ class FileGdbUpdate final : public AttributeUpdate {
     if (held_.size() >= kHeldBytes) Finish();
   }
 
+  std::shared_ptr<FileGdbEdit> edit_;
   std::string base_;
-  RawFile table_;
-  RowPlaces places_;
-  std::vector<GdbColumn> columns_;
-  std::vector<bool> indexed_;
+  GdbTable table_;
   std::vector<std::size_t> column_of_;  // by OGR index
-  std::size_t null_bytes_ = 0;
+  std::set<std::size_t> written_;       // columns
   std::array<char, kHeaderSize> header_{};
   std::int64_t end_ = 0;
   std::size_t longest_ = 0;
@@ -311,62 +219,15 @@ class FileGdbUpdate final : public AttributeUpdate {
   bool usable_ = false;
 };
 
-// The files of a table are numbered by its row in the catalog of the geodatabase.
-std::string FindTable(const OgrSource& source) {
-  const char* const options[] = {"LIST_ALL_TABLES=YES", nullptr};
-  const char* const drivers[] = {"OpenFileGDB", nullptr};
-  const GdalErrorScope quiet;
-  const DatasetHandle dataset(GDALDataset::Open(source.Path().c_str(), GDAL_OF_VECTOR, drivers, options));
-  OGRLayer* catalog = dataset ? dataset->GetLayerByName("GDB_SystemCatalog") : nullptr;
-  if (catalog == nullptr) return "";
-  for (const auto& row : *catalog) {
-    if (source.LayerName() != row->GetFieldAsString("Name")) continue;
-    std::array<char, 16> name{};
-    std::snprintf(name.data(), name.size(), "a%08x", static_cast<unsigned>(row->GetFID()));
-    return (fs::path(source.Path()) / name.data()).string();
-  }
-  return "";
-}
-
-// Tells the table's header of its size, and of a row that is longer than all others.
-void SettleHeader(const std::string& base, std::int64_t oid) {
-  const RawFile table(base + ".gdbtable");
-  const RowPlaces places(base + ".gdbtablx");
-  const std::int64_t offset = table.IsOpen() && places.IsUsable() ? places.Find(oid) : 0;
-  if (offset == 0) return;
-  std::array<char, kHeaderSize> header{};
-  std::array<char, 4> size{};
-  table.Read(0, header);
-  table.Read(offset, size);
-  const std::span<char> longest = std::span(header).subspan(8, 4);
-  PutLittleEndian(std::max(LittleEndian(longest), LittleEndian(size)), longest);
-  PutLittleEndian(static_cast<std::uint64_t>(table.Size()), std::span(header).subspan(24, 8));
-  table.Write(0, header);
-}
-
 }  // namespace
 
 std::unique_ptr<AttributeUpdate> OpenFileGdbUpdate(const OgrSource& source, OGRLayer& layer) {
-  const std::string base = FindTable(source);
+  std::shared_ptr<FileGdbEdit> edit = FileGdbEdit::UnderWay(source.Path());
+  if (!edit) Raise(kInvalidCall, "'" + source.Path() + "' is written to outside of an edit.");
+  const std::string base = FindGdbTable(edit->Folder(), source.LayerName());
   if (base.empty()) return nullptr;
-  auto update = std::make_unique<FileGdbUpdate>(base, layer);
+  auto update = std::make_unique<FileGdbUpdate>(std::move(edit), base, layer);
   return update->IsUsable() ? std::move(update) : nullptr;
-}
-
-void StoreFileGdbRow(OgrSource& source, OGRFeature& feature) {
-  const std::string base = FindTable(source);
-  std::error_code error;
-  // Without a list of free places, a row that grows goes to the end.
-  if (!base.empty()) fs::remove(base + ".freelist", error);
-  {
-    const GdalErrorScope errors;
-    const LayerHandle handle = source.Write();
-    if (handle.Layer().SetFeature(&feature) != OGRERR_NONE) {
-      RaiseEngineFault("Row " + std::to_string(feature.GetFID()) + " of '" + source.Path() + "' can't be written" +
-                       errors.Quote() + ".");
-    }
-  }
-  if (!base.empty()) SettleHeader(base, feature.GetFID());
 }
 
 }  // namespace tessarine::engine

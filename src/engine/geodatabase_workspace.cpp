@@ -4,6 +4,8 @@
 
 #include "engine/data_source.h"
 #include "engine/engine_fault.h"
+#include "engine/filegdb_edit.h"
+#include "engine/filegdb_grid.h"
 #include "engine/ogr_class.h"
 #include "engine/srs_from_gdal.h"
 #include "engine/workspace_common.h"
@@ -27,44 +29,106 @@ Promises& PromisedDatasets() {
 std::string NormalPath(const std::string& native) { return fs::absolute(native).lexically_normal().string(); }
 
 SpatialReferenceRef PromisedReference(const std::string& geodatabase, const std::string& name) {
-  const auto promised = PromisedDatasets().find({NormalPath(geodatabase), name});
-  return promised == PromisedDatasets().end() ? nullptr : promised->second;
+  for (const auto& [place, reference] : PromisedDatasets()) {
+    if (place.first == NormalPath(geodatabase) && EqualsIgnoringCase(place.second, name)) return reference;
+  }
+  return nullptr;
+}
+
+// The name of a feature dataset as the geodatabase has it; empty where there is none of this name in any case.
+std::string StoredDatasetName(const std::string& geodatabase, const std::string& name) {
+  if (!fs::exists(PlaceOfData(geodatabase))) return "";
+  const DatasetHandle dataset = OpenDataset(geodatabase, false);
+  const auto root = dataset->GetRootGroup();
+  if (!root) return "";
+  for (const std::string& group : root->GetGroupNames()) {
+    if (EqualsIgnoringCase(group, name)) return group;
+  }
+  return "";
 }
 
 bool HasDataset(const std::string& geodatabase, const std::string& name) {
-  if (PromisedReference(geodatabase, name)) return true;
-  const DatasetHandle dataset = OpenDataset(geodatabase, false);
-  const auto root = dataset->GetRootGroup();
-  if (!root) return false;
-  for (const std::string& group : root->GetGroupNames()) {
-    if (EqualsIgnoringCase(group, name)) return true;
-  }
-  return false;
+  return PromisedReference(geodatabase, name) || !StoredDatasetName(geodatabase, name).empty();
 }
 
+void RequireFreeName(GDALDataset& dataset, const std::string& path, const std::string& name) {
+  for (int index = 0; index < dataset.GetLayerCount(); ++index) {
+    if (!EqualsIgnoringCase(dataset.GetLayer(index)->GetName(), name)) continue;
+    RaiseEngineFault("The class '" + name + "' exists already in '" + path + "'.");
+  }
+}
+
+// The grid of a dataset's first class.
+std::optional<NewGrid> GridOfDataset(const std::string& path, const std::string& dataset_name) {
+  const DatasetHandle dataset = OpenDataset(path, false);
+  const auto root = dataset->GetRootGroup();
+  const GdalErrorScope quiet;
+  const auto group = root ? root->OpenGroup(dataset_name) : nullptr;
+  if (!group) return std::nullopt;
+  for (const std::string& name : group->GetVectorLayerNames()) {
+    if (const std::optional<GdbGrid> grid = GridOfClass(path, name)) return NewGrid{*grid, 10.0 / grid->xy_scale};
+  }
+  return std::nullopt;
+}
+
+// The classes of a dataset share a grid; else it is made for the coordinates that come.
+std::optional<NewGrid> GridOfNewClass(const std::string& path, const std::string& dataset_name,
+                                      const GeometryDef& shape) {
+  if (!dataset_name.empty()) {
+    if (const auto grid = GridOfDataset(path, dataset_name)) return grid;
+  }
+  GridUnit unit = GridUnit::kUnknown;
+  if (Is<GeographicCoordinateSystem>(shape.SpatialReference)) unit = GridUnit::kDegrees;
+  if (Is<ProjectedCoordinateSystem>(shape.SpatialReference)) unit = GridUnit::kLength;
+  return GridFor(shape.Extent, unit);
+}
+
+void AddGrid(const NewGrid& grid, CPLStringList& options) {
+  options.SetNameValue("XORIGIN", ExactNumberText(grid.grid.x_origin).c_str());
+  options.SetNameValue("YORIGIN", ExactNumberText(grid.grid.y_origin).c_str());
+  options.SetNameValue("XYSCALE", ExactNumberText(grid.grid.xy_scale).c_str());
+  options.SetNameValue("XYTOLERANCE", ExactNumberText(grid.xy_tolerance).c_str());
+}
+
+void CreateClass(const std::string& path, const std::string& dataset_name, const NewClass& request) {
+  const std::optional<NewGrid> grid = GridOfNewClass(path, dataset_name, ShapeDefinition(request));
+  const DatasetHandle dataset = OpenDataset(path, true);
+  RequireFreeName(*dataset, path, request.name);
+  CPLStringList options;
+  options.SetNameValue("GEOMETRY_NAME", request.shape_field.c_str());
+  for (const FieldRef& field : *request.fields) {
+    if (field->Type == esriFieldTypeOID) options.SetNameValue("FID", field->Name.c_str());
+  }
+  if (!dataset_name.empty()) options.SetNameValue("FEATURE_DATASET", dataset_name.c_str());
+  if (grid) AddGrid(*grid, options);
+  CreateLayer(*dataset, request, options, false);
+}
+
+// The new class appears with its rows, when the cursor that inserts them is closed.
 std::shared_ptr<IFeatureClass> CreateInGeodatabase(const std::string& path, const std::string& dataset_name,
                                                    const std::string& name, const FieldsRef& fields,
                                                    const std::string& shape_field) {
-  {
-    const DatasetHandle dataset = OpenDataset(path, true);
-    if (dataset->GetLayerByName(name.c_str()) != nullptr) {
-      RaiseEngineFault("The class '" + name + "' exists already in '" + path + "'.");
-    }
-    CPLStringList options;
-    options.SetNameValue("GEOMETRY_NAME", shape_field.c_str());
-    for (const FieldRef& field : *fields) {
-      if (field->Type == esriFieldTypeOID) options.SetNameValue("FID", field->Name.c_str());
-    }
-    if (!dataset_name.empty()) options.SetNameValue("FEATURE_DATASET", dataset_name.c_str());
-    CreateLayer(*dataset, {name, fields.get(), shape_field}, options, false);
+  std::shared_ptr<FileGdbEdit> edit = FileGdbEdit::Begin(path);
+  try {
+    std::string stored = dataset_name.empty() ? "" : StoredDatasetName(path, dataset_name);
+    if (stored.empty()) stored = dataset_name;
+    CreateClass(path, stored, {name, fields.get(), shape_field});
+    auto features = DataSource::Open(path, false)->OpenFeatureClass(name);
+    if (const auto own = Cast<OgrClass>(features)) own->KeepEdit(own->BeginEdit());
+    edit.reset();
+    return features;
+  } catch (...) {
+    if (edit && edit.use_count() == 1) edit->Abandon();
+    throw;
   }
-  return DataSource::Open(path, false)->OpenFeatureClass(name);
 }
 
 class GeodatabaseDataset final : public IFeatureDataset {
  public:
-  GeodatabaseDataset(std::string geodatabase, std::string name)
-      : geodatabase_(std::move(geodatabase)), name_(std::move(name)) {}
+  GeodatabaseDataset(std::string geodatabase, const std::string& name) : geodatabase_(std::move(geodatabase)) {
+    name_ = StoredDatasetName(geodatabase_, name);
+    if (name_.empty()) name_ = name;
+  }
 
   [[nodiscard]] std::string Name() const override { return name_; }
   [[nodiscard]] std::string FullName() const override { return FromNativePath(geodatabase_) + "\\" + name_; }
@@ -194,11 +258,12 @@ void PromiseFeatureDataset(const std::string& native_geodatabase, const std::str
 }
 
 SpatialReferenceRef FeatureDatasetReference(const std::string& native_geodatabase, const std::string& name) {
-  if (!fs::exists(native_geodatabase)) return nullptr;
+  const std::string stored = StoredDatasetName(native_geodatabase, name);
+  if (stored.empty()) return nullptr;
   const DatasetHandle dataset = OpenDataset(native_geodatabase, false);
   const auto root = dataset->GetRootGroup();
   const GdalErrorScope quiet;
-  const auto group = root ? root->OpenGroup(name) : nullptr;
+  const auto group = root ? root->OpenGroup(stored) : nullptr;
   if (!group) return nullptr;
   for (const std::string& layer_name : group->GetVectorLayerNames()) {
     if (OGRLayer* layer = group->OpenVectorLayer(layer_name)) return ReferenceFromOgr(layer->GetSpatialRef());
@@ -209,10 +274,14 @@ SpatialReferenceRef FeatureDatasetReference(const std::string& native_geodatabas
 void CreateFileGeodatabase(const std::string& native_path) {
   RequireWritableFolder(fs::absolute(native_path).parent_path().string());
   RegisterDrivers();
-  const GdalErrorScope errors;
-  GDALDriver* driver = GetGDALDriverManager()->GetDriverByName("OpenFileGDB");
-  const DatasetHandle dataset(driver->Create(native_path.c_str(), 0, 0, 0, GDT_Unknown, nullptr));
-  if (!dataset) RaiseEngineFault("The file geodatabase '" + native_path + "' can't be created" + errors.Quote() + ".");
+  if (fs::exists(native_path)) RaiseEngineFault("'" + native_path + "' exists already: name another geodatabase.");
+  EditFileGdb(native_path, [&](FileGdbEdit& edit) {
+    const GdalErrorScope errors;
+    GDALDriver* driver = GetGDALDriverManager()->GetDriverByName("OpenFileGDB");
+    const DatasetHandle dataset(driver->Create(edit.Folder().c_str(), 0, 0, 0, GDT_Unknown, nullptr));
+    if (dataset) return;
+    RaiseEngineFault("The file geodatabase '" + native_path + "' can't be created" + errors.Quote() + ".");
+  });
 }
 
 void RemoveFileGeodatabaseIfEmpty(const std::string& native_path) {

@@ -9,6 +9,7 @@
 #include "engine/attribute_update.h"
 #include "engine/dbase_columns.h"
 #include "engine/engine_fault.h"
+#include "engine/filegdb_edit.h"
 #include "engine/ogr_cursor.h"
 #include "engine/ogr_geometry.h"
 #include "engine/srs_from_gdal.h"
@@ -30,6 +31,8 @@ constexpr CategoryRow kCategories[] = {
     {"PGeo", "Personal Geodatabase"},
 };
 
+constexpr const char* kFileGdbDriver = "OpenFileGDB";
+
 // Formats whose rows are reached one by one. Of the others GDAL rewrites the whole file, shapes included, and a new
 // field is lost as long as it holds nothing.
 constexpr std::string_view kChangedInPlace[] = {"ESRI Shapefile", "GPKG",         "OpenFileGDB", "SQLite",
@@ -45,6 +48,19 @@ class DatasetProperties final : public IPropertySet {
 
  private:
   bool compressed_;
+};
+
+class GeodatabaseEdit final : public IEdit {
+ public:
+  explicit GeodatabaseEdit(std::shared_ptr<FileGdbEdit> edit) : edit_(std::move(edit)) {}
+  void Finish() override { FileGdbEdit::End(edit_); }
+  void Abandon() override {
+    if (edit_) edit_->Abandon();
+    FileGdbEdit::End(edit_);
+  }
+
+ private:
+  std::shared_ptr<FileGdbEdit> edit_;
 };
 
 // A compressed file geodatabase keeps .cdf files beside its tables.
@@ -84,6 +100,12 @@ void OgrClass::ReadTraits() {
 std::int32_t OgrClass::FindField(std::string_view name) const { return Fields()->FindField(name); }
 
 void OgrClass::AddFields(std::span<const FieldRef> fields) {
+  std::shared_ptr<IEdit> edit = BeginEdit();
+  AddAllFields(fields);
+  if (edit) edit->Finish();
+}
+
+void OgrClass::AddAllFields(std::span<const FieldRef> fields) {
   if (driver_ == "ESRI Shapefile") {
     if (const std::size_t added = AddDbaseColumns(*source_, fields); added > 0) {
       source_->Renew();
@@ -138,7 +160,7 @@ std::string OgrClass::Category() const {
 std::shared_ptr<IWorkspace> OgrClass::Workspace() const { return WorkspaceOf(driver_, source_->Path()); }
 
 std::shared_ptr<IPropertySet> OgrClass::PropertySet() const {
-  return std::make_shared<DatasetProperties>(driver_ == "OpenFileGDB" && HoldsCompressedTables(source_->Path()));
+  return std::make_shared<DatasetProperties>(driver_ == kFileGdbDriver && HoldsCompressedTables(source_->Path()));
 }
 
 void OgrClass::Delete() {
@@ -147,6 +169,14 @@ void OgrClass::Delete() {
     DeleteShapefile(source_->Path());
     return;
   }
+  if (driver_ == kFileGdbDriver) {
+    EditFileGdb(source_->Path(), [&](FileGdbEdit&) { DeleteLayer(); });
+  } else {
+    DeleteLayer();
+  }
+}
+
+void OgrClass::DeleteLayer() {
   const GdalErrorScope errors;
   const DatasetHandle dataset = OpenDataset(source_->Path(), true);
   source_->Renew();
@@ -166,8 +196,10 @@ bool OgrClass::CanBypassEditSession() const {
   if (fs::exists(source_->Path(), error) && access(source_->Path().c_str(), W_OK) != 0) return false;
   const GdalErrorScope quiet;
   try {
-    const LayerHandle handle = source_->Write();
-    return handle.Layer().TestCapability(OLCRandomWrite) != 0;
+    // Nothing is changed; so the geodatabase itself may be looked at.
+    const DatasetHandle dataset = OpenDatasetAt(PlaceOfData(source_->Path()), true);
+    OGRLayer* layer = dataset->GetLayerByName(source_->LayerName().c_str());
+    return layer != nullptr && layer->TestCapability(OLCRandomWrite) != 0;
   } catch (const Fault&) {
     return false;
   }
@@ -175,25 +207,34 @@ bool OgrClass::CanBypassEditSession() const {
 
 void OgrClass::StoreRow(const OgrRow& row) {
   row.StoreShape();
-  if (driver_ == "OpenFileGDB") {
-    StoreFileGdbRow(*source_, row.Feature());
-    return;
-  }
   const GdalErrorScope errors;
-  const LayerHandle handle = source_->Write();
+  LayerHandle handle = source_->Write();
+  RowsChange();
   if (handle.Layer().SetFeature(&row.Feature()) != OGRERR_NONE) {
     RaiseEngineFault("Row " + std::to_string(row.Feature().GetFID()) + " of '" + source_->Path() +
                      "' can't be written" + errors.Quote() + ".");
   }
+  handle.Close();
 }
 
 void OgrClass::DeleteRow(std::int64_t oid) {
   const GdalErrorScope errors;
-  const LayerHandle handle = source_->Write();
+  LayerHandle handle = source_->Write();
+  RowsChange();
   if (handle.Layer().DeleteFeature(oid) != OGRERR_NONE) {
     RaiseEngineFault("Row " + std::to_string(oid) + " of '" + source_->Path() + "' can't be deleted" + errors.Quote() +
                      ".");
   }
+  handle.Close();
+}
+
+void OgrClass::RowsChange() const {
+  if (const auto edit = FileGdbEdit::UnderWay(source_->Path())) edit->RowsChange(source_->LayerName());
+}
+
+std::shared_ptr<IEdit> OgrClass::BeginEdit() {
+  if (driver_ != kFileGdbDriver) return nullptr;
+  return std::make_shared<GeodatabaseEdit>(FileGdbEdit::Begin(source_->Path()));
 }
 
 std::int32_t OgrClass::CountRows(const QueryFilter* filter) const {
@@ -228,7 +269,11 @@ std::shared_ptr<IFeatureCursor> OgrClass::OpenUpdater(const QueryFilter* filter,
 }
 
 std::shared_ptr<IFeatureCursor> OgrClass::OpenInserter() {
-  return std::make_shared<InsertingCursor>(shared_from_this(), source_->Write());
+  LayerHandle handle = source_->Write();
+  RowsChange();
+  auto cursor = std::make_shared<InsertingCursor>(shared_from_this(), std::move(handle));
+  kept_edit_ = nullptr;  // the cursor's from here on
+  return cursor;
 }
 
 std::shared_ptr<IFeature> OgrClass::ReadRow(std::int64_t oid) {

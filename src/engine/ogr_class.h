@@ -25,6 +25,7 @@ class OgrClass : public virtual IClass,
   [[nodiscard]] FieldsRef Fields() const override { return traits_->fields.fields; }
   void AddField(const FieldRef& field) override { AddFields({&field, 1}); }
   void AddFields(std::span<const FieldRef> fields) override;
+  [[nodiscard]] std::shared_ptr<IEdit> BeginEdit() override;
 
   [[nodiscard]] std::string Name() const override;
   [[nodiscard]] std::string FullName() const override;
@@ -40,6 +41,10 @@ class OgrClass : public virtual IClass,
   [[nodiscard]] std::shared_ptr<const RowTraits> Traits() const { return traits_; }
   void StoreRow(const OgrRow& row);
   void DeleteRow(std::int64_t oid);
+  /// To be called before GDAL writes rows.
+  void RowsChange() const;
+  /// A new class: it appears together with the rows of the next cursor that inserts.
+  void KeepEdit(std::shared_ptr<IEdit> edit) { kept_edit_ = std::move(edit); }
 
   [[nodiscard]] std::int32_t CountRows(const QueryFilter* filter) const;
   [[nodiscard]] std::shared_ptr<IFeatureCursor> OpenReader(const QueryFilter* filter, bool recycling);
@@ -54,11 +59,14 @@ class OgrClass : public virtual IClass,
 
  private:
   void ReadTraits();
+  void AddAllFields(std::span<const FieldRef> fields);
   void CreateField(const Field& field);
+  void DeleteLayer();
 
   std::shared_ptr<OgrSource> source_;
   std::shared_ptr<const RowTraits> traits_;
   std::string driver_;
+  std::shared_ptr<IEdit> kept_edit_;
 };
 
 class OgrFeatureClass final : public OgrClass, public IFeatureClass {

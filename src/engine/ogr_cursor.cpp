@@ -120,6 +120,7 @@ void ReadingCursor::Close() { handle_.Close(); }
 InsertingCursor::InsertingCursor(std::shared_ptr<OgrClass> owner, LayerHandle handle)
     : owner_(std::move(owner)),
       handle_(std::move(handle)),
+      grid_(GridOfClass(owner_->Source()->Path(), owner_->Source()->LayerName())),
       transactions_(handle_.Layer().TestCapability(OLCTransactions) != 0) {}
 
 InsertingCursor::~InsertingCursor() {
@@ -139,6 +140,7 @@ std::int64_t InsertingCursor::InsertRow(const IRowBuffer& buffer) {
   row->StoreShape();
   OGRFeature& feature = row->Feature();
   feature.SetFID(OGRNullFID);
+  if (grid_) RequireOnGrid(*grid_, feature, owner_->Name());
   const GdalErrorScope errors;
   if (transactions_ && !in_transaction_) in_transaction_ = layer.StartTransaction() == OGRERR_NONE;
   if (layer.CreateFeature(&feature) != OGRERR_NONE || errors.Failed()) {

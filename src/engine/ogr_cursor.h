@@ -3,9 +3,11 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "engine/attribute_update.h"
+#include "engine/filegdb_grid.h"
 #include "engine/ogr_class.h"
 
 namespace tessarine::engine {
@@ -64,11 +66,15 @@ class UpdatingCursor final : public ReadingCursor {
 
  private:
   void WriteWhole(const OgrRow& row);
+  void WriteWholeToFileGdb(const OgrRow& row);
+  void CloseWholeRows();
 
   ChosenRows chosen_;
   bool fetches_ = false;  ///< each chosen row is fetched by its identifier
   std::size_t next_ = 0;
   std::unique_ptr<AttributeUpdate> update_;
+  std::optional<LayerHandle> whole_rows_;
+  bool refused_ = false;  ///< attributes were met that can't be written alone
   bool transactions_;
   bool in_transaction_ = false;
 };
@@ -94,6 +100,7 @@ class InsertingCursor final : public IFeatureCursor {
 
   std::shared_ptr<OgrClass> owner_;
   LayerHandle handle_;
+  std::optional<GdbGrid> grid_;  ///< of a class of a file geodatabase
   bool transactions_;
   bool in_transaction_ = false;
   std::int64_t since_commit_ = 0;

@@ -7,6 +7,7 @@
 #include <mutex>
 
 #include "engine/engine_fault.h"
+#include "engine/filegdb_edit.h"
 
 namespace tessarine::engine {
 namespace {
@@ -44,6 +45,15 @@ void RegisterDrivers() {
 }
 
 DatasetHandle OpenDataset(const std::string& native_path, bool update) {
+  if (update && IsFileGdb(native_path) && !FileGdbEdit::UnderWay(native_path)) {
+    Raise(kInvalidCall, "'" + native_path + "' is written to outside of an edit.");
+  }
+  return OpenDatasetAt(PlaceOfData(native_path), update);
+}
+
+void FileChanged(const std::string& native_path) { ++SharedFileOf(native_path, "")->generation; }
+
+DatasetHandle OpenDatasetAt(const std::string& native_path, bool update) {
   RegisterDrivers();
   const GdalErrorScope errors;
   const unsigned flags = GDAL_OF_VECTOR | (update ? GDAL_OF_UPDATE : GDAL_OF_READONLY);
@@ -92,10 +102,15 @@ OgrSource::OgrSource(std::string native_path, std::string layer, std::optional<e
 LayerHandle OgrSource::Open(bool update) {
   // Our rings run as they must. The driver's own look at them would cost the square of their number.
   const CPLConfigOptionSetter rings_as_given("SHAPE_REWIND_ON_WRITE", "NO", false);
+  std::shared_ptr<FileGdbEdit> edit;
+  if (update && IsFileGdb(path_)) {
+    edit = FileGdbEdit::Begin(path_);
+    edit->TableChanges(layer_);
+  }
   DatasetHandle dataset = OpenDataset(path_, update);
   OGRLayer* layer = dataset->GetLayerByName(layer_.c_str());
   if (layer == nullptr) RaiseEngineFault("'" + path_ + "' has no layer '" + layer_ + "' any more.");
-  return {shared_from_this(), std::move(dataset), *layer, update};
+  return {shared_from_this(), std::move(dataset), *layer, update, std::move(edit)};
 }
 
 LayerHandle OgrSource::Read() {
@@ -104,7 +119,7 @@ LayerHandle OgrSource::Read() {
   DatasetHandle dataset = std::move(idle_.back());
   idle_.pop_back();
   OGRLayer* layer = dataset->GetLayerByName(layer_.c_str());
-  return {shared_from_this(), std::move(dataset), *layer, false};
+  return {shared_from_this(), std::move(dataset), *layer, false, nullptr};
 }
 
 LayerHandle OgrSource::Write() {
@@ -121,8 +136,10 @@ void OgrSource::Renew() {
   idle_.clear();
 }
 
-LayerHandle::LayerHandle(std::shared_ptr<OgrSource> source, DatasetHandle dataset, OGRLayer& layer, bool writing)
+LayerHandle::LayerHandle(std::shared_ptr<OgrSource> source, DatasetHandle dataset, OGRLayer& layer, bool writing,
+                         std::shared_ptr<FileGdbEdit> edit)
     : source_(std::move(source)),
+      edit_(std::move(edit)),
       dataset_(std::move(dataset)),
       layer_(&layer),
       writing_(writing),
@@ -163,6 +180,7 @@ void LayerHandle::Close() {
     RaiseEngineFault("'" + source_->Path() + "' can't be written to its end" + errors.Quote() +
                      ": check the room on the disk and the permissions.");
   }
+  FileGdbEdit::End(edit_);
 }
 
 LayerHandle::~LayerHandle() {

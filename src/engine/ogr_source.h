@@ -15,6 +15,8 @@
 
 namespace tessarine::engine {
 
+class FileGdbEdit;
+
 struct DatasetClose {
   void operator()(GDALDataset* dataset) const { GDALClose(dataset); }
 };
@@ -23,8 +25,14 @@ using DatasetHandle = std::unique_ptr<GDALDataset, DatasetClose>;
 /// Registers the drivers, once.
 void RegisterDrivers();
 
-/// Opens a vector dataset, or raises a fault that names the file and quotes GDAL.
+/// Opens a vector dataset, or raises a fault that names the file and quotes GDAL. A file geodatabase that is being
+/// changed is opened as the edit has it; for writing it opens only in an edit.
 [[nodiscard]] DatasetHandle OpenDataset(const std::string& native_path, bool update);
+/// The same with the very file or folder.
+[[nodiscard]] DatasetHandle OpenDatasetAt(const std::string& native_path, bool update);
+
+/// Another file or folder stands at this path now: handles that were kept for reading are dropped.
+void FileChanged(const std::string& native_path);
 
 /// The walk of a reading handle over the rows of a database. One that is half done keeps everyone from writing, so it
 /// can take its rest into memory.
@@ -88,7 +96,9 @@ class OgrSource : public std::enable_shared_from_this<OgrSource> {
 /// A dataset handle with its layer. Going away, a reading handle returns to its source and a writing one is closed.
 class LayerHandle {
  public:
-  LayerHandle(std::shared_ptr<OgrSource> source, DatasetHandle dataset, OGRLayer& layer, bool writing);
+  /// With an edit, it is held as long as the handle is open.
+  LayerHandle(std::shared_ptr<OgrSource> source, DatasetHandle dataset, OGRLayer& layer, bool writing,
+              std::shared_ptr<FileGdbEdit> edit);
   LayerHandle(LayerHandle&&) = default;
   LayerHandle& operator=(LayerHandle&&) = delete;
   ~LayerHandle();
@@ -107,6 +117,7 @@ class LayerHandle {
   void CloseDataset();
 
   std::shared_ptr<OgrSource> source_;
+  std::shared_ptr<FileGdbEdit> edit_;
   DatasetHandle dataset_;
   OGRLayer* layer_;
   bool writing_;

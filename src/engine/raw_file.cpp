@@ -12,14 +12,16 @@
 
 namespace tessarine::engine {
 
-RawFile::RawFile(std::string path) : path_(std::move(path)), handle_(open(path_.c_str(), O_RDWR | O_CLOEXEC)) {}
+RawFile::RawFile(std::string path, FileAccess access)
+    : path_(std::move(path)),
+      handle_(open(path_.c_str(), (access == FileAccess::kRead ? O_RDONLY : O_RDWR) | O_CLOEXEC)) {}
 
 RawFile::~RawFile() {
   if (handle_ >= 0) close(handle_);
 }
 
 void RawFile::Fail(const char* reason) const {
-  RaiseEngineFault("'" + path_ + "' can't be changed (" + reason +
+  RaiseEngineFault("'" + path_ + "' can't be read or changed (" + reason +
                    "): check the room on the disk and the permissions.");
 }
 

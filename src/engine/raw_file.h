@@ -8,17 +8,19 @@
 
 namespace tessarine::engine {
 
+enum class FileAccess { kRead, kChange };
+
 /// Every transfer is whole, or a fault that names the file.
 class RawFile {
  public:
-  explicit RawFile(std::string path);
+  explicit RawFile(std::string path, FileAccess access = FileAccess::kChange);
   /// Takes over an open file.
   RawFile(std::string path, int handle) : path_(std::move(path)), handle_(handle) {}
   ~RawFile();
   RawFile(const RawFile&) = delete;
   RawFile& operator=(const RawFile&) = delete;
 
-  /// False when there is no such file or it may not be written.
+  /// False when there is no such file or it may not be opened for what was asked.
   [[nodiscard]] bool IsOpen() const { return handle_ >= 0; }
   [[nodiscard]] std::int64_t Size() const;
   void Read(std::int64_t offset, std::span<char> bytes) const;

@@ -66,17 +66,17 @@ void UpdatingCursor::UpdateRow(const std::shared_ptr<IRow>& row) {
   const auto own = Cast<OgrRow>(Require(row, "row"));
   Require(own, "a row of this cursor");
   if (transactions_ && !in_transaction_) in_transaction_ = Handle().Layer().StartTransaction() == OGRERR_NONE;
-  if (update_ && !own->ShapeChanged() && update_->Write(own->Feature(), own->ChangedAttributes())) return;
+  if (!own->ShapeChanged()) {
+    if (!refused_) CloseWholeRows();
+    if (update_ && update_->Write(own->Feature(), own->ChangedAttributes())) return;
+    refused_ = update_ != nullptr || refused_;
+  }
   WriteWhole(*own);
 }
 
 void UpdatingCursor::WriteWhole(const OgrRow& row) {
   if (Owner()->DriverName() == kFileGdbDriver) {
-    // Two writers of one table must not know it at different states.
-    if (update_) update_->Finish();
-    update_ = nullptr;
-    Owner()->StoreRow(row);
-    update_ = OpenUpdate(*Owner(), Handle());
+    WriteWholeToFileGdb(row);
     return;
   }
   row.StoreShape();
@@ -88,6 +88,31 @@ void UpdatingCursor::WriteWhole(const OgrRow& row) {
     RaiseEngineFault("Row " + std::to_string(row.Feature().GetFID()) + " of '" + Owner()->Source()->Path() +
                      "' can't be written" + errors.Quote() + ".");
   }
+}
+
+// Two writers of one table must not know it at different states: what GDAL writes, it writes on a handle of its own
+// that is opened behind our last byte, and closed before our next.
+void UpdatingCursor::WriteWholeToFileGdb(const OgrRow& row) {
+  if (update_) update_->Finish();
+  update_ = nullptr;
+  if (!whole_rows_) {
+    whole_rows_.emplace(Owner()->Source()->Write());
+    Owner()->RowsChange();
+  }
+  row.StoreShape();
+  const std::optional<GdbGrid> grid = GridOfClass(Owner()->Source()->Path(), Owner()->Source()->LayerName());
+  if (grid && row.ShapeChanged()) RequireOnGrid(*grid, row.Feature(), Owner()->Name());
+  const GdalErrorScope errors;
+  if (whole_rows_->Layer().SetFeature(&row.Feature()) == OGRERR_NONE) return;
+  RaiseEngineFault("Row " + std::to_string(row.Feature().GetFID()) + " of '" + Owner()->Source()->Path() +
+                   "' can't be written" + errors.Quote() + ".");
+}
+
+void UpdatingCursor::CloseWholeRows() {
+  if (!whole_rows_) return;
+  whole_rows_->Close();
+  whole_rows_.reset();
+  update_ = OpenUpdate(*Owner(), Handle());
 }
 
 void UpdatingCursor::Flush() {
@@ -102,6 +127,7 @@ void UpdatingCursor::Flush() {
 
 void UpdatingCursor::Close() {
   Flush();
+  CloseWholeRows();
   update_ = nullptr;
   ReadingCursor::Close();
 }

@@ -27,13 +27,13 @@ struct CreatedOutput {
   [[nodiscard]] bool IsShapefile() const { return Cast<IDataset>(features)->Category().starts_with("Shapefile"); }
 };
 
-CreatedOutput CreateOutput(const OutputDescription& description) {
+CreatedOutput CreateOutput(const OutputDescription& description, const Envelope& extent) {
   CreatedOutput output{nullptr, description.Place()};
   OutputChoice& place = output.place;
   esriGeometryType shape_type = description.ShapeType();
   output.features = CreateGeneralFeatureClass(
       shape_type, description.Reference(), place.Directory, place.Name, place.Kind, description.Fields(),
-      description.DialogTitle(), place.IsFeatureDataset, place.FeatureDatasetName, false, false, nullptr, 0);
+      description.DialogTitle(), place.IsFeatureDataset, place.FeatureDatasetName, false, false, &extent, 0);
   place.Directory = WithoutTrailingSlash(place.Directory);
   if (output.features && output.IsShapefile()) {
     place.IsFeatureDataset = false;
@@ -144,7 +144,7 @@ std::string RunBody(const FeatureRewrite& run, const std::shared_ptr<IApplicatio
     progress.Abandon();
     return EndWithoutOutput(run, "The output is the feature class that is to be converted...");
   }
-  const CreatedOutput output = CreateOutput(run.output);
+  const CreatedOutput output = CreateOutput(run.output, input->Extent());
   if (!output.features) {
     progress.Abandon();
     return EndWithoutOutput(run, "Bailing out...");

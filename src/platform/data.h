@@ -128,6 +128,16 @@ class IDataset : public virtual Object {
   virtual void Delete() = 0;
 };
 
+/// Changes of stored data that others see at once, when the edit ends. Edits of the same data that overlap end together.
+class IEdit : public virtual Object {
+ public:
+  /// Ends this edit, and raises the fault where its changes can't be kept; the data are as before then. An edit that is
+  /// let go ends too, in silence.
+  virtual void Finish() = 0;
+  /// Nothing of it is kept: the data are as before.
+  virtual void Abandon() = 0;
+};
+
 /// What tables and feature classes share.
 class IClass : public virtual Object {
  public:
@@ -139,6 +149,8 @@ class IClass : public virtual Object {
   virtual void AddFields(std::span<const FieldRef> fields) {
     for (const FieldRef& field : fields) AddField(field);
   }
+  /// Until the edit ends, others see the data as they were. Nothing where the format has no such edits.
+  [[nodiscard]] virtual std::shared_ptr<IEdit> BeginEdit() { return nullptr; }
 };
 
 /// How the rows of a class may be changed.

@@ -20,6 +20,7 @@ enum FaultNumber : std::int32_t {
   kPathNotFound = 76,
   kObjectNotSet = 91,
   kEngine = -2147467259,
+  kCoordinateRange = -2147220734,  ///< a shape can't be stored on the grid of its class; without it the row can
 };
 
 /// An error with a number, a source (who raised it), a description for a person, and the file and line of code that

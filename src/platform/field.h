@@ -38,6 +38,9 @@ class GeometryDef final : public virtual Object {
   bool HasM = false;
   bool HasZ = false;
   SpatialReferenceRef SpatialReference;
+  /// Where the shapes of a new class will lie; empty where that isn't known. Formats that keep coordinates on a grid
+  /// make it fit.
+  Envelope Extent;
 
   /// The size of one grid level, 0 where none was set.
   [[nodiscard]] double GridSize(std::int32_t level) const;

@@ -140,6 +140,14 @@ bool TakeKind(std::int32_t output_kind, std::string& directory, std::string& nam
   return true;
 }
 
+// The classes of a dataset share its reference; shapes of another would lie elsewhere.
+void RefuseOtherReference(const IFeatureDataset& dataset, const SpatialReferenceRef& reference) {
+  const SpatialReferenceRef own = dataset.SpatialReference();
+  if (!own || !reference || own->IsEqual(*reference)) return;
+  Raise(kInvalidCall, "The feature dataset '" + dataset.Name() + "' is in '" + own->Name() + "', but the output in '" +
+                          reference->Name() + "': name another dataset, or none.");
+}
+
 // True when the name is free, or was made free with the user's consent.
 bool MakeNameFree(const std::shared_ptr<IFeatureWorkspace>& workspace, const std::string& name,
                   const std::string& shown_name) {
@@ -190,14 +198,18 @@ std::shared_ptr<IFeatureClass> CreateGeneralFeatureClass(
       if (directory.ends_with('\\') || directory.ends_with('/')) directory.pop_back();
       const std::shared_ptr<IFeatureWorkspace> workspace = factory->OpenFromFile(directory, 0);
       std::shared_ptr<IFeatureDataset> dataset;
-      if (in_dataset) dataset = workspace->OpenFeatureDataset(feature_dataset_name);
+      if (in_dataset) {
+        dataset = workspace->OpenFeatureDataset(feature_dataset_name);
+        RefuseOtherReference(*dataset, spatial_reference);
+      }
 
       if (!MakeNameFree(workspace, name, shown_name)) {
         name.clear();
         continue;
       }
       if (in_dataset) {
-        return CreateDatasetFeatureClass(dataset, name, esriFTSimple, geometry_type, fields, nullptr, nullptr, "");
+        return CreateDatasetFeatureClass(dataset, name, esriFTSimple, geometry_type, fields, nullptr, nullptr, "",
+                                         envelope);
       }
       if (is_shapefile) {
         return CreateShapefileFeatureClass(directory, name, spatial_reference, geometry_type, fields, add_unique_id);
@@ -255,6 +267,7 @@ std::shared_ptr<IFeatureClass> CreateGDBFeatureClass(
     definition->HasM = false;
     definition->HasZ = false;
     definition->SpatialReference = spatial_reference;
+    if (envelope != nullptr) definition->Extent = *envelope;
     const auto list = FieldList(
         {NewShapeField("geometry", definition),
          NewField(UniqueFieldName("Object_ID", kObjectIdLimit, fields), "object identifier", esriFieldTypeOID)},
@@ -267,7 +280,7 @@ std::shared_ptr<IFeatureClass> CreateGDBFeatureClass(
 std::shared_ptr<IFeatureClass> CreateDatasetFeatureClass(
     const std::shared_ptr<IFeatureDataset>& dataset, const std::string& name, esriFeatureType feature_type,
     esriGeometryType& geometry_type, const std::shared_ptr<VarArray>& fields, std::shared_ptr<UID> clsid,
-    const std::shared_ptr<UID>& extclsid, const std::string& config_keyword) {
+    const std::shared_ptr<UID>& extclsid, const std::string& config_keyword, const Envelope* envelope) {
   return Trap("CreateDatasetFeatureClass", [&]() -> std::shared_ptr<IFeatureClass> {
     if (!dataset || name.empty()) return nullptr;
     if (!clsid) {
@@ -284,8 +297,11 @@ std::shared_ptr<IFeatureClass> CreateDatasetFeatureClass(
     definition->HasM = false;
     definition->HasZ = false;
     definition->SpatialReference = dataset->SpatialReference();
+    if (envelope != nullptr) definition->Extent = *envelope;
     const auto list = FieldList(
-        {NewShapeField("geometry", definition), NewField("Object_ID", "object identifier", esriFieldTypeOID)}, fields);
+        {NewShapeField("geometry", definition),
+         NewField(UniqueFieldName("Object_ID", kObjectIdLimit, fields), "object identifier", esriFieldTypeOID)},
+        fields);
     return dataset->CreateFeatureClass(name, list, clsid, extclsid, feature_type, GeometryFieldName(*list),
                                        config_keyword);
   });

@@ -41,7 +41,7 @@ namespace tessarine::MyGeneralOperations {
 [[nodiscard]] std::shared_ptr<IFeatureClass> CreateDatasetFeatureClass(
     const std::shared_ptr<IFeatureDataset>& dataset, const std::string& name, esriFeatureType feature_type,
     esriGeometryType& geometry_type, const std::shared_ptr<VarArray>& fields, std::shared_ptr<UID> clsid,
-    const std::shared_ptr<UID>& extclsid, const std::string& config_keyword);
+    const std::shared_ptr<UID>& extclsid, const std::string& config_keyword, const Envelope* envelope = nullptr);
 
 /// The size of the spatial grid for data of this extent: about 200 features to a tile, never larger than the extent;
 /// 100 when nothing is known.

@@ -1,0 +1,86 @@
+#include "engine/filegdb_grid.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "engine/filegdb_edit.h"
+#include "engine/filegdb_table.h"
+#include "platform/fault.h"
+#include "platform/text_formats.h"
+
+namespace tessarine::engine {
+namespace {
+
+// Up to here each step is told apart by a double; a new class gets no grid of more.
+constexpr double kExactSteps = 9007199254740992.0;
+// Up to here steps can be stored.
+constexpr double kMostSteps = 9.2e18;
+
+constexpr double kDegreeOrigin = -400.0;
+constexpr double kDegreeScale = 1e9;
+constexpr double kDegreeTolerance = 0.000000008983153;
+// That of GDAL for lengths: 0.1 mm where the unit is a metre.
+constexpr double kLengthOrigin = -2147483647.0;
+constexpr double kLengthScale = 1e4;
+// Nothing is known of unit and extent: as wide as for lengths, and a tenth of a second where they are degrees.
+constexpr double kUnknownScale = 1e6;
+// A turn of longitudes, at least.
+constexpr double kLeastRoom = 400.0;
+
+NewGrid MakeGrid(double x_origin, double y_origin, double scale) {
+  return {{x_origin, y_origin, scale}, std::max(10.0 / scale, scale == kDegreeScale ? kDegreeTolerance : 0.0)};
+}
+
+bool FitsSteps(const GdbGrid& grid, const Envelope& box, double most) {
+  const auto fits = [&](double value, double origin) {
+    const double steps = (value - origin) * grid.xy_scale;
+    return steps >= 0.0 && steps <= most;
+  };
+  return fits(box.XMin(), grid.x_origin) && fits(box.XMax(), grid.x_origin) && fits(box.YMin(), grid.y_origin) &&
+         fits(box.YMax(), grid.y_origin);
+}
+
+bool Fits(const GdbGrid& grid, const Envelope& box) { return FitsSteps(grid, box, kExactSteps); }
+
+}  // namespace
+
+std::optional<NewGrid> GridFor(const Envelope& extent, GridUnit unit) {
+  if (extent.IsEmpty()) {
+    if (unit != GridUnit::kUnknown) return std::nullopt;
+    return MakeGrid(kLengthOrigin, kLengthOrigin, kUnknownScale);
+  }
+  const double room = std::max({extent.Width(), extent.Height(), kLeastRoom});
+  const Envelope wide(extent.XMin() - room, extent.YMin() - room, extent.XMax() + room, extent.YMax() + room);
+  if (!std::isfinite(room) || !std::isfinite(wide.XMin()) || !std::isfinite(wide.YMin())) return std::nullopt;
+  const NewGrid degrees = MakeGrid(kDegreeOrigin, kDegreeOrigin, kDegreeScale);
+  if (unit != GridUnit::kLength && Fits(degrees.grid, extent)) {
+    if (unit == GridUnit::kDegrees) return std::nullopt;
+    return degrees;
+  }
+  if (unit == GridUnit::kLength && Fits({kLengthOrigin, kLengthOrigin, kLengthScale}, wide)) return std::nullopt;
+  double scale = unit == GridUnit::kLength ? kLengthScale : kDegreeScale;
+  const double x_origin = std::floor(wide.XMin()), y_origin = std::floor(wide.YMin());
+  while (scale > 0.0 && !Fits({x_origin, y_origin, scale}, wide)) scale /= 10.0;
+  return MakeGrid(x_origin, y_origin, scale);
+}
+
+std::optional<GdbGrid> GridOfClass(const std::string& native_path, const std::string& name) {
+  if (!IsFileGdb(native_path)) return std::nullopt;
+  const std::string base = FindGdbTable(PlaceOfData(native_path), name);
+  if (base.empty()) return std::nullopt;
+  return GdbTable(base).Description().grid;
+}
+
+void RequireOnGrid(const GdbGrid& grid, const OGRFeature& feature, const std::string& class_name) {
+  const OGRGeometry* shape = feature.GetGeometryRef();
+  if (shape == nullptr || shape->IsEmpty()) return;
+  OGREnvelope box;
+  shape->getEnvelope(&box);
+  if (FitsSteps(grid, {box.MinX, box.MinY, box.MaxX, box.MaxY}, kMostSteps)) return;
+  Raise(kCoordinateRange, "Coordinate out of range: the shape reaches from x " + NumberText(box.MinX) + ", y " +
+                              NumberText(box.MinY) + " to x " + NumberText(box.MaxX) + ", y " + NumberText(box.MaxY) +
+                              ", but '" + class_name + "' keeps none below x " + NumberText(grid.x_origin) + ", y " +
+                              NumberText(grid.y_origin) + " and none that isn't a number.");
+}
+
+}  // namespace tessarine::engine

@@ -1,0 +1,32 @@
+// The grid that a new class of a file geodatabase keeps its coordinates on.
+#pragma once
+
+#include <ogrsf_frmts.h>
+
+#include <optional>
+#include <string>
+
+#include "engine/filegdb_layout.h"
+#include "platform/geometry_types.h"
+
+namespace tessarine::engine {
+
+enum class GridUnit { kDegrees, kLength, kUnknown };
+
+struct NewGrid {
+  GdbGrid grid;
+  double xy_tolerance = 0.0;
+};
+
+/// The grid for coordinates within `extent`, which may be empty where it isn't known. Nothing: GDAL's own does. Room is
+/// left around the extent for shapes that come out larger than their sources.
+[[nodiscard]] std::optional<NewGrid> GridFor(const Envelope& extent, GridUnit unit);
+
+/// The grid of a class that there is; nothing where it isn't one of a file geodatabase, or keeps no shapes.
+[[nodiscard]] std::optional<GdbGrid> GridOfClass(const std::string& native_path, const std::string& name);
+
+/// Fault `kCoordinateRange` where the shape of the feature lies where the grid can't hold it. Without its shape the
+/// feature can be written.
+void RequireOnGrid(const GdbGrid& grid, const OGRFeature& feature, const std::string& class_name);
+
+}  // namespace tessarine::engine
