@@ -1,6 +1,7 @@
 #include "platform/date.h"
 
 #include <cmath>
+#include <cstdlib>
 
 namespace tessarine {
 namespace {
@@ -24,15 +25,7 @@ std::int64_t FloorDivide(std::int64_t value, std::int64_t divisor) {
   return value / divisor - (value % divisor < 0 ? 1 : 0);
 }
 
-}  // namespace
-
-Date MakeDate(int year, int month, int day, int hour, int minute, int second) {
-  const std::int64_t days = DaysFromCivil(year, month, day) - kSerialEpoch;
-  return {static_cast<double>(days) + (hour * 3600 + minute * 60 + second) / kSecondsPerDay};
-}
-
-DateParts Split(Date date) {
-  const std::int64_t seconds = WholeSeconds(date);
+DateParts PartsOf(std::int64_t seconds) {
   const std::int64_t serial_day = FloorDivide(seconds, 86400);
   const auto second_of_day = static_cast<int>(seconds - serial_day * 86400);
   const std::int64_t days = serial_day + kSerialEpoch + 719468;
@@ -54,8 +47,45 @@ DateParts Split(Date date) {
   return parts;
 }
 
+}  // namespace
+
+Date MakeDate(int year, int month, int day, int hour, int minute, double second) {
+  const std::int64_t days = DaysFromCivil(year, month, day) - kSerialEpoch;
+  return {static_cast<double>(days) + (hour * 3600 + minute * 60 + second) / kSecondsPerDay};
+}
+
+DateParts Split(Date date) { return PartsOf(WholeSeconds(date)); }
+
+DateParts SplitToMilliseconds(Date date) {
+  const std::int64_t milliseconds = std::llround(date.serial * kSecondsPerDay * 1000.0);
+  const std::int64_t seconds = FloorDivide(milliseconds, 1000);
+  DateParts parts = PartsOf(seconds);
+  parts.millisecond = static_cast<int>(milliseconds - seconds * 1000);
+  return parts;
+}
+
+std::string IsoText(Date date) {
+  const DateParts parts = SplitToMilliseconds(date);
+  const auto padded = [](int value, std::size_t width) {
+    std::string digits = std::to_string(std::abs(value));
+    if (digits.size() < width) digits.insert(0, width - digits.size(), '0');
+    return (value < 0 ? "-" : "") + digits;
+  };
+  std::string text;
+  if (!date.time_only) text = padded(parts.year, 4) + "-" + padded(parts.month, 2) + "-" + padded(parts.day, 2) + "T";
+  text += padded(parts.hour, 2) + ":" + padded(parts.minute, 2) + ":" + padded(parts.second, 2);
+  if (parts.millisecond != 0) text += "." + padded(parts.millisecond, 3);
+  if (date.zone == Date::kNoZone) return text;
+  if (date.zone == 0) return text + "Z";
+  return text + (date.zone < 0 ? "-" : "+") + padded(std::abs(date.zone) / 60, 2) + ":" +
+         padded(std::abs(date.zone) % 60, 2);
+}
+
 std::int64_t SecondsBetween(Date begin, Date end) { return WholeSeconds(end) - WholeSeconds(begin); }
 
-Date AddSeconds(Date date, double seconds) { return {date.serial + seconds / kSecondsPerDay}; }
+Date AddSeconds(Date date, double seconds) {
+  date.serial += seconds / kSecondsPerDay;
+  return date;
+}
 
 }  // namespace tessarine

@@ -1,5 +1,7 @@
 #include "platform/field.h"
 
+#include <algorithm>
+
 #include "platform/fault.h"
 #include "platform/text_formats.h"
 
@@ -26,7 +28,7 @@ ObjectRef Field::Clone() const {
 bool Field::IsEqual(const Object& other) const {
   const auto* field = dynamic_cast<const Field*>(&other);
   return field != nullptr && field->Name == Name && field->AliasName == AliasName && field->Type == Type &&
-         field->Length == Length && field->Precision == Precision && field->Scale == Scale;
+         field->Length == Length && field->Precision == Precision && field->Scale == Scale && field->Content == Content;
 }
 
 const FieldRef& Fields::Field(std::int32_t index) const {
@@ -42,6 +44,18 @@ std::int32_t Fields::FindField(std::string_view name) const {
     if (EqualsIgnoringCase(fields_[static_cast<std::size_t>(index)]->Name, name)) return index;
   }
   return -1;
+}
+
+std::int32_t Fields::IndexOf(const tessarine::Field& field) const {
+  const auto find = [this](const auto& matches) {
+    const auto found = std::ranges::find_if(fields_, matches);
+    return found == fields_.end() ? -1 : static_cast<std::int32_t>(found - fields_.begin());
+  };
+  const std::int32_t itself = find([&](const FieldRef& own) { return own.get() == &field; });
+  if (itself >= 0) return itself;
+  const std::int32_t exact = find([&](const FieldRef& own) { return IsAttribute(*own) && own->Name == field.Name; });
+  if (exact >= 0) return exact;
+  return find([&](const FieldRef& own) { return IsAttribute(*own) && EqualsIgnoringCase(own->Name, field.Name); });
 }
 
 }  // namespace tessarine

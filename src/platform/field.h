@@ -27,7 +27,11 @@ enum esriFieldType : std::int32_t {
   esriFieldTypeGUID = 10,
   esriFieldTypeGlobalID = 11,
   esriFieldTypeXML = 12,
+  esriFieldTypeInteger64 = 64,  ///< a whole number of 64 bits, which the fixed types above have no number for
 };
+
+/// What the values of a date field tell.
+enum class DateContent : std::uint8_t { DayAndTime, Day, Time };
 
 /// The shape definition of a geometry field.
 class GeometryDef final : public virtual Object {
@@ -59,6 +63,7 @@ class Field final : public IClone {
   std::int32_t Length = 0;     ///< characters of a text, bytes of a number; 0 leaves it to the format
   std::int32_t Precision = 0;  ///< digits of a number; 0 leaves it to the format
   std::int32_t Scale = 0;      ///< digits behind the point
+  DateContent Content = DateContent::DayAndTime;
   bool Editable = true;
   bool IsNullable = true;
   std::shared_ptr<tessarine::GeometryDef> GeometryDef;
@@ -77,6 +82,9 @@ class Fields final : public virtual Object {
   [[nodiscard]] const FieldRef& Field(std::int32_t index) const;
   /// The position of the field of this name, ignoring case; -1 for an unknown name.
   [[nodiscard]] std::int32_t FindField(std::string_view name) const;
+  /// The position of this very field. One of another list is found by its name among the attributes, with case first:
+  /// never the identifier or the shape. -1 when there is none.
+  [[nodiscard]] std::int32_t IndexOf(const tessarine::Field& field) const;
   void AddField(FieldRef field) { fields_.push_back(std::move(field)); }
 
   [[nodiscard]] auto begin() const { return fields_.begin(); }
@@ -85,6 +93,11 @@ class Fields final : public virtual Object {
  private:
   std::vector<FieldRef> fields_;
 };
+
+/// True for all but the identifier and the shape of a row.
+[[nodiscard]] inline bool IsAttribute(const Field& field) {
+  return field.Type != esriFieldTypeOID && field.Type != esriFieldTypeGeometry;
+}
 
 using FieldsRef = std::shared_ptr<const tessarine::Fields>;
 

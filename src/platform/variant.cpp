@@ -4,6 +4,7 @@
 #include <charconv>
 #include <cmath>
 #include <limits>
+#include <utility>
 
 #include "platform/text_formats.h"
 
@@ -31,13 +32,24 @@ std::string ShortestSingle(float value) {
 }
 
 template <class Whole>
+[[noreturn]] void RaiseTooLarge(const std::string& value) {
+  Raise(kOverflow,
+        "Overflow: " + value + " doesn't fit a whole number of " + std::to_string(sizeof(Whole) * 8) + " bits.");
+}
+
+template <class Whole>
 Whole ToWhole(double value) {
   const double rounded = RoundHalfEven(value);
-  if (!(rounded >= std::numeric_limits<Whole>::min() && rounded <= std::numeric_limits<Whole>::max())) {
-    Raise(kOverflow, "Overflow: " + NumberText(value) + " doesn't fit a whole number of " +
-                         std::to_string(sizeof(Whole) * 8) + " bits.");
-  }
+  // The greatest number of 64 bits is no double, the one above it is.
+  const double end = std::ldexp(1.0, std::numeric_limits<Whole>::digits);
+  if (!(rounded >= -end && rounded < end)) RaiseTooLarge<Whole>(NumberText(value));
   return static_cast<Whole>(rounded);
+}
+
+template <class Whole>
+Whole ToWhole(std::int64_t value) {
+  if (!std::in_range<Whole>(value)) RaiseTooLarge<Whole>(std::to_string(value));
+  return static_cast<Whole>(value);
 }
 
 }  // namespace
@@ -47,6 +59,7 @@ bool Variant::IsNumeric() const {
     case Kind::Boolean:
     case Kind::Short:
     case Kind::Long:
+    case Kind::LongLong:
     case Kind::Single:
     case Kind::Double:
       return true;
@@ -63,6 +76,7 @@ double Variant::AsDouble() const {
           [](std::monostate) { return 0.0; }, [](tessarine::Null) -> double { RaiseMismatch(); },
           [](bool value) { return value ? -1.0 : 0.0; }, [](std::int16_t value) { return static_cast<double>(value); },
           [](std::int32_t value) { return static_cast<double>(value); },
+          [](std::int64_t value) { return static_cast<double>(value); },
           [](float value) { return static_cast<double>(value); }, [](double value) { return value; },
           [](const std::string& value) { return ToNumber(value); }, [](tessarine::Date value) { return value.serial; },
           [](const ObjectRef&) -> double { RaiseMismatch(); }},
@@ -78,11 +92,25 @@ bool Variant::AsBoolean() const {
   return AsDouble() != 0.0;
 }
 
-std::int16_t Variant::AsShort() const { return ToWhole<std::int16_t>(AsDouble()); }
+std::int16_t Variant::AsShort() const {
+  if (const auto* whole = std::get_if<std::int64_t>(&value_)) return ToWhole<std::int16_t>(*whole);
+  return ToWhole<std::int16_t>(AsDouble());
+}
 
 std::int32_t Variant::AsLong() const {
   if (const auto* whole = std::get_if<std::int32_t>(&value_)) return *whole;
+  if (const auto* whole = std::get_if<std::int64_t>(&value_)) return ToWhole<std::int32_t>(*whole);
   return ToWhole<std::int32_t>(AsDouble());
+}
+
+std::int64_t Variant::AsLongLong() const {
+  if (const auto* whole = std::get_if<std::int64_t>(&value_)) return *whole;
+  if (const auto* text = std::get_if<std::string>(&value_)) {
+    std::int64_t whole = 0;
+    const auto end = std::from_chars(text->data(), text->data() + text->size(), whole);
+    if (end.ec == std::errc() && end.ptr == text->data() + text->size()) return whole;
+  }
+  return ToWhole<std::int64_t>(AsDouble());
 }
 
 float Variant::AsSingle() const {
@@ -97,6 +125,7 @@ std::string Variant::AsText() const {
                  [](bool value) { return std::string(value ? "True" : "False"); },
                  [](std::int16_t value) { return std::to_string(value); },
                  [](std::int32_t value) { return std::to_string(value); },
+                 [](std::int64_t value) { return std::to_string(value); },
                  // The shortest decimal that names the single is the one that a person typed.
                  [](float value) { return NumberText(ToNumber(ShortestSingle(value))); },
                  [](double value) { return NumberText(value); }, [](const std::string& value) { return value; },

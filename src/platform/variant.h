@@ -20,13 +20,14 @@ struct Null {
 
 class Variant {
  public:
-  enum class Kind { Empty, Null, Boolean, Short, Long, Single, Double, String, Date, Object };
+  enum class Kind { Empty, Null, Boolean, Short, Long, LongLong, Single, Double, String, Date, Object };
 
   Variant() = default;
   Variant(Null value) : value_(value) {}                           // NOLINT(google-explicit-constructor)
   Variant(bool value) : value_(value) {}                           // NOLINT
   Variant(std::int16_t value) : value_(value) {}                   // NOLINT
   Variant(std::int32_t value) : value_(value) {}                   // NOLINT
+  Variant(std::int64_t value) : value_(value) {}                   // NOLINT
   Variant(float value) : value_(value) {}                          // NOLINT
   Variant(double value) : value_(value) {}                         // NOLINT
   Variant(std::string value) : value_(std::move(value)) {}         // NOLINT
@@ -47,7 +48,10 @@ class Variant {
   [[nodiscard]] bool AsBoolean() const;
   [[nodiscard]] std::int16_t AsShort() const;
   [[nodiscard]] std::int32_t AsLong() const;
+  /// Exact for whole numbers, and for text that reads as one.
+  [[nodiscard]] std::int64_t AsLongLong() const;
   [[nodiscard]] float AsSingle() const;
+  /// The nearest double: whole numbers beyond 2^53 may lose their last digits.
   [[nodiscard]] double AsDouble() const;
   [[nodiscard]] std::string AsText() const;
   [[nodiscard]] tessarine::Date AsDate() const;
@@ -64,8 +68,8 @@ class Variant {
   bool operator==(const Variant&) const = default;
 
  private:
-  std::variant<std::monostate, tessarine::Null, bool, std::int16_t, std::int32_t, float, double, std::string,
-               tessarine::Date, ObjectRef>
+  std::variant<std::monostate, tessarine::Null, bool, std::int16_t, std::int32_t, std::int64_t, float, double,
+               std::string, tessarine::Date, ObjectRef>
       value_;
 };
 

@@ -123,7 +123,7 @@ std::string InsertCommas(const Variant& value) {
 
 bool FieldIsNumeric(const Field& field) {
   return field.Type == esriFieldTypeSmallInteger || field.Type == esriFieldTypeInteger ||
-         field.Type == esriFieldTypeSingle || field.Type == esriFieldTypeDouble;
+         field.Type == esriFieldTypeInteger64 || field.Type == esriFieldTypeSingle || field.Type == esriFieldTypeDouble;
 }
 
 std::string ClipExtension(const std::string& path) {

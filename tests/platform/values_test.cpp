@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <limits>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -47,6 +48,24 @@ TEST(Variants, WholeNumbersRoundHalvesToEven) {
   EXPECT_EQ(Variant(-32768).AsShort(), -32768);
   EXPECT_EQ(FaultOf([] { (void)Variant(std::nan("")).AsLong(); }), kOverflow);
   EXPECT_EQ(FaultOf([] { (void)Variant(1e39).AsSingle(); }), kOverflow);
+}
+
+TEST(Variants, WholeNumbersOf64BitsKeepAllDigits) {
+  constexpr std::int64_t kLarge = 123456789012345678;
+  const Variant large(kLarge);
+  EXPECT_EQ(large.kind(), Kind::LongLong);
+  EXPECT_TRUE(large.IsNumeric());
+  EXPECT_EQ(large.AsLongLong(), kLarge);
+  EXPECT_EQ(large.AsText(), "123456789012345678");
+  EXPECT_EQ(large.AsDouble(), 123456789012345680.0);
+  EXPECT_EQ(Variant("123456789012345678").AsLongLong(), kLarge);
+  EXPECT_EQ(Variant(" 1,234.5 ").AsLongLong(), 1234);
+  EXPECT_EQ(Variant(std::int64_t{-7}).AsLong(), -7);
+  EXPECT_EQ(Variant(-9223372036854775808.0).AsLongLong(), std::numeric_limits<std::int64_t>::min());
+  EXPECT_EQ(FaultOf([&] { (void)large.AsLong(); }), kOverflow);
+  EXPECT_EQ(FaultOf([] { (void)Variant(std::int64_t{4294967297}).AsShort(); }), kOverflow);
+  EXPECT_EQ(FaultOf([] { (void)Variant(9223372036854775808.0).AsLongLong(); }), kOverflow);
+  EXPECT_EQ(FaultOf([] { (void)Variant(Null{}).AsLongLong(); }), kTypeMismatch);
 }
 
 TEST(Variants, ConvertAmongFlagsNumbersTextsAndDates) {
@@ -114,6 +133,24 @@ TEST(FieldLists, FindNamesIgnoringCase) {
   EXPECT_EQ(fields.Field(1)->Name, "Shape");
   EXPECT_EQ(FaultOf([&] { (void)fields.Field(3); }), kInvalidCall);
   EXPECT_EQ(FaultOf([&] { (void)fields.Field(-1); }), kInvalidCall);
+}
+
+TEST(FieldLists, FindAFieldByItselfOrAmongTheAttributes) {
+  const auto made = [](const char* name, esriFieldType type) {
+    auto field = std::make_shared<Field>();
+    field->Name = name;
+    field->Type = type;
+    return field;
+  };
+  Fields fields;
+  fields.AddField(made("FID", esriFieldTypeOID));
+  fields.AddField(made("Shape", esriFieldTypeGeometry));
+  for (const char* name : {"shape", "a", "A"}) fields.AddField(made(name, esriFieldTypeString));
+  EXPECT_EQ(fields.IndexOf(*fields.Field(0)), 0);
+  EXPECT_EQ(fields.IndexOf(*fields.Field(4)), 4);
+  EXPECT_EQ(fields.IndexOf(*made("A", esriFieldTypeString)), 4) << "with case first";
+  EXPECT_EQ(fields.IndexOf(*made("SHAPE", esriFieldTypeString)), 2) << "never the shape";
+  EXPECT_EQ(fields.IndexOf(*made("FID", esriFieldTypeInteger)), -1) << "never the identifier";
 }
 
 TEST(FieldLists, ACloneSharesNothing) {
