@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/fault.h"
 #include "platform/rich_text.h"
 #include "support/MyGeneralOperations.h"
 
@@ -69,21 +70,28 @@ FieldTransfer::FieldTransfer(std::string unique_id_name, std::vector<std::string
     const std::shared_ptr<Field> copy = CloneOf(*Require(source, "IField"));
     copy->Name = MyGeneralOperations::ReturnDBASEFieldName(source->Name, output_fields_);
     chosen_.push_back({source->Name, copy->Name});
+    chosen_fields_.push_back(source);
     output_fields_->Add(copy);
   }
 }
 
 void FieldTransfer::Bind(const IFeatureClass* input, const IFeatureClass& output) {
-  unique_id_index_ = output.FindField(unique_id_name_);
-  for (const std::string& name : measure_names_) measure_indexes_.push_back(output.FindField(name));
+  std::vector<std::int32_t> places =
+      LastAttributes(*output.Fields(), static_cast<std::size_t>(output_fields_->Count()));
+  const auto first_measure = places.begin() + 1;
+  const auto first_chosen = first_measure + static_cast<std::ptrdiff_t>(measure_names_.size());
+  unique_id_index_ = places.front();
+  measure_indexes_.assign(first_measure, first_chosen);
   if (input == nullptr) return;
-  for (const NamePair& names : chosen_) {
-    chosen_indexes_.push_back({input->FindField(names.input), output.FindField(names.output)});
+  const FieldsRef input_fields = input->Fields();
+  std::vector<std::int32_t> sources;
+  for (const FieldRef& field : chosen_fields_) {
+    sources.push_back(input_fields->IndexOf(*field));
+    if (sources.back() >= 0) continue;
+    Raise(kInvalidCall, "'" + input->Name() + "' has no field '" + field->Name + "' any more.");
   }
-}
-
-void FieldTransfer::CopyAttributes(const IRowBuffer& from, IRowBuffer& to) const {
-  for (const IndexPair& pair : chosen_indexes_) to.SetValue(pair.output, from.Value(pair.input));
+  places.erase(places.begin(), first_chosen);
+  copy_ = AttributeCopy(sources, places, *output.Fields());
 }
 
 std::string FieldTransfer::FieldReport() const {

@@ -11,6 +11,7 @@
 
 #include "platform/arrays.h"
 #include "platform/data.h"
+#include "support/attribute_copy.h"
 
 namespace tessarine {
 
@@ -34,13 +35,13 @@ class FieldTransfer {
   /// The chosen fields under both names, in the order of the choice.
   [[nodiscard]] const std::vector<NamePair>& Chosen() const { return chosen_; }
 
-  /// Looks all field positions up, once, before the first feature is read. `input` is the class of the chosen fields
-  /// and may be nothing when none of them is to be copied.
+  /// Finds all field positions, once, before the first feature is read. `input` is the class of the chosen fields and
+  /// may be nothing when none of them is to be copied. The output was created with the output fields.
   void Bind(const IFeatureClass* input, const IFeatureClass& output);
   [[nodiscard]] std::int32_t UniqueIdIndex() const { return unique_id_index_; }
   [[nodiscard]] std::int32_t MeasureIndex(std::size_t measure) const { return measure_indexes_[measure]; }
-  /// Copies the chosen attributes; a null stays null.
-  void CopyAttributes(const IRowBuffer& from, IRowBuffer& to) const;
+  /// Copies the chosen attributes; a null stays null. Values that change on the way are counted.
+  void CopyAttributes(const IRow& from, IRowBuffer& to, RunJournal& journal) const { copy_.Copy(from, to, journal); }
 
   /// The field lines of the report, as RTF.
   [[nodiscard]] std::string FieldReport() const;
@@ -48,17 +49,14 @@ class FieldTransfer {
  private:
   FieldTransfer(std::string unique_id_name, std::vector<std::string> measure_names, const VarArray& chosen);
 
-  struct IndexPair {
-    std::int32_t input, output;
-  };
-
   std::shared_ptr<VarArray> output_fields_ = std::make_shared<VarArray>();
   std::string unique_id_name_;
   std::vector<std::string> measure_names_;
   std::vector<NamePair> chosen_;
+  std::vector<FieldRef> chosen_fields_;
   std::int32_t unique_id_index_ = -1;
   std::vector<std::int32_t> measure_indexes_;
-  std::vector<IndexPair> chosen_indexes_;
+  AttributeCopy copy_;
 };
 
 }  // namespace tessarine

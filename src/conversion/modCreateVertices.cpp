@@ -25,13 +25,22 @@ constexpr std::int32_t kReportFontSize = 8;
 class OutputWriter final : public ConversionSink {
  public:
   OutputWriter(const std::shared_ptr<IFeatureClass>& output, const FieldTransfer& transfer)
-      : transfer_(transfer), buffer_(output->CreateFeatureBuffer()), cursor_(output->Insert(true)) {}
+      : transfer_(transfer),
+        fields_(output->Fields()),
+        buffer_(output->CreateFeatureBuffer()),
+        cursor_(output->Insert(true)) {}
 
   /// The attributes repeat on every output feature of one input feature and stay in the buffer until the next.
-  void BeginFeature(const IFeature& input) { transfer_.CopyAttributes(input, *buffer_); }
+  void BeginFeature(const IFeature& input) {
+    oid_ = input.OID();
+    transfer_.CopyAttributes(input, *buffer_, Host().Journal());
+  }
 
   void SetShape(const GeometryRef& shape) override { buffer_->SetShape(shape); }
-  void SetMeasure(std::size_t index, double value) override { buffer_->SetValue(transfer_.MeasureIndex(index), value); }
+  void SetMeasure(std::size_t index, double value) override {
+    const std::int32_t place = transfer_.MeasureIndex(index);
+    NoteMeasureChange(Host().Journal(), *fields_->Field(place), buffer_->SetValue(place, value), oid_);
+  }
   void Insert() override {
     buffer_->SetValue(transfer_.UniqueIdIndex(), ++count_);
     InsertUnnumbered();
@@ -46,9 +55,11 @@ class OutputWriter final : public ConversionSink {
 
  private:
   const FieldTransfer& transfer_;
+  FieldsRef fields_;
   std::shared_ptr<IFeatureBuffer> buffer_;
   std::shared_ptr<IFeatureCursor> cursor_;
   std::int32_t count_ = 0;
+  std::int64_t oid_ = 0;  // of the input feature in hand
 };
 
 // The features of the input, one by one. False when the user stopped the run.

@@ -87,10 +87,12 @@ std::string CompletePolygons(IFeatureClass& output, const FieldTransfer& transfe
     Require(polygon, "IPolygon")->Simplify();
     feature->SetShape(polygon);
     feature->SetValue(transfer.UniqueIdIndex(), ++count);
-    feature->SetValue(transfer.MeasureIndex(0), polygon->Area());
+    const FieldRef& area = output.Fields()->Field(transfer.MeasureIndex(0));
+    NoteMeasureChange(Host().Journal(), *area, feature->SetValue(transfer.MeasureIndex(0), polygon->Area()),
+                      feature->OID());
     if (labels) {
       if (const std::shared_ptr<IFeature> point = labels->Find(*polygon)) {
-        transfer.CopyAttributes(*point, *feature);
+        transfer.CopyAttributes(*point, *feature, Host().Journal());
       } else {
         unlabelled += "  ** OID Value = " + std::to_string(feature->OID()) + "\\par\r\n";
       }

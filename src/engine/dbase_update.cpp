@@ -9,8 +9,8 @@
 #include "engine/attribute_update.h"
 #include "engine/dbase_layout.h"
 #include "engine/engine_fault.h"
-#include "engine/ogr_fields.h"
 #include "engine/raw_file.h"
+#include "platform/value_fit.h"
 
 namespace tessarine::engine {
 namespace {

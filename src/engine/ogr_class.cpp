@@ -86,13 +86,15 @@ OgrClass::OgrClass(std::shared_ptr<OgrSource> source) : source_(std::move(source
 void OgrClass::ReadTraits() {
   const LayerHandle handle = source_->Read();
   driver_ = handle.Dataset().GetDriverName();
-  const bool shapefile = driver_ == "ESRI Shapefile";
+  const ColumnStore store = ColumnStoreOf(driver_);
   OGRLayer& layer = handle.Layer();
   auto traits = std::make_shared<RowTraits>();
+  traits->store = store;
   traits->shape_type = LayerShapeType(*source_, layer);
   traits->reference = ReferenceFromOgr(layer.GetSpatialRef());
-  traits->fields = MapFields(layer, traits->shape_type, traits->reference, shapefile);
-  traits->writer = AttributeWriter(*layer.GetLayerDefn(), shapefile);
+  traits->fields = MapFields(layer, traits->shape_type, traits->reference, store);
+  traits->writer = AttributeWriter(*layer.GetLayerDefn(), store);
+  if (store == ColumnStore::Dbase) traits->wide_numbers = WideNumbers::Open(*source_, layer);
   traits->curves = StoresCurves(driver_);
   traits_ = std::move(traits);
 }
@@ -130,7 +132,7 @@ void OgrClass::CreateField(const Field& field) {
   const GdalErrorScope errors;
   {
     const LayerHandle handle = source_->Write();
-    const auto definition = OgrFieldOf(field, driver_ == "ESRI Shapefile");
+    const auto definition = OgrFieldOf(field, ColumnStoreOf(driver_));
     if (handle.Layer().CreateField(definition.get()) != OGRERR_NONE || errors.Failed()) {
       RaiseEngineFault("The field '" + field.Name + "' can't be added to '" + source_->Path() + "'" + errors.Quote() +
                        ".");

@@ -13,14 +13,26 @@ Variant OgrRow::Value(std::int32_t index) const {
   if (index == 0) {
     const GIntBig oid = feature_->GetFID();
     if (oid >= INT32_MIN && oid <= INT32_MAX) return static_cast<std::int32_t>(oid);
-    return static_cast<double>(oid);
+    return static_cast<std::int64_t>(oid);
   }
   if (index == traits_->fields.shape_index) return Shape();
   const int attribute = traits_->fields.OgrIndex(index);
   if (attribute < 0 || attribute >= feature_->GetFieldCount()) {
     Raise(kInvalidCall, "A row has no field " + std::to_string(index) + ".");
   }
-  return ValueOf(*feature_, attribute);
+  if (const auto whole = WideNumber(attribute)) return *whole;
+  return ValueOf(*feature_, attribute, traits_->store);
+}
+
+bool OgrRow::HasChanged(int attribute) const {
+  return std::ranges::find(changed_attributes_, attribute) != changed_attributes_.end();
+}
+
+std::optional<std::int64_t> OgrRow::WideNumber(int attribute) const {
+  const WideNumbers* wide = traits_->wide_numbers.get();
+  const bool stored = wide != nullptr && wide->IsWide(attribute) && Use() == RowUse::Stored;
+  if (!stored || HasChanged(attribute) || feature_->IsFieldSetAndNotNull(attribute) == 0) return std::nullopt;
+  return wide->Read(feature_->GetFID(), attribute);
 }
 
 ValueChange OgrRow::SetValue(std::int32_t index, const Variant& value) {
@@ -32,11 +44,11 @@ ValueChange OgrRow::SetValue(std::int32_t index, const Variant& value) {
   if (attribute < 0 || index >= traits_->fields.fields->FieldCount()) {
     Raise(kInvalidCall, "The field " + std::to_string(index) + " of a row can't be written.");
   }
-  traits_->writer.Write(*feature_, attribute, value);
-  if (tracks_changes_ && std::ranges::find(changed_attributes_, attribute) == changed_attributes_.end()) {
+  const ValueChange change = traits_->writer.Write(*feature_, attribute, value, Use());
+  if ((tracks_changes_ || traits_->wide_numbers) && !HasChanged(attribute)) {
     changed_attributes_.push_back(attribute);
   }
-  return ValueChange::None;
+  return change;
 }
 
 GeometryRef OgrRow::Shape() const {

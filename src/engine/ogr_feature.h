@@ -4,10 +4,13 @@
 #include <ogrsf_frmts.h>
 
 #include <memory>
+#include <optional>
 #include <span>
 #include <vector>
 
+#include "engine/attribute_writer.h"
 #include "engine/ogr_fields.h"
+#include "engine/wide_numbers.h"
 #include "platform/data.h"
 
 namespace tessarine::engine {
@@ -17,7 +20,9 @@ using OgrFeatureHandle = std::unique_ptr<OGRFeature, OGRFeatureUniquePtrDeleter>
 /// What all rows of one class share.
 struct RowTraits {
   FieldMap fields;
+  ColumnStore store = ColumnStore::Other;
   AttributeWriter writer;
+  std::shared_ptr<const WideNumbers> wide_numbers;  ///< where there are any
   esriGeometryType shape_type = esriGeometryNull;
   SpatialReferenceRef reference;
   bool curves = false;  ///< the format stores circular arcs
@@ -41,6 +46,7 @@ class OgrRow : public virtual IFeatureBuffer {
   void TrackChanges() { tracks_changes_ = true; }
   /// The OGR indexes of the attributes that were set, each once.
   [[nodiscard]] std::span<const int> ChangedAttributes() const { return changed_attributes_; }
+  [[nodiscard]] virtual RowUse Use() const { return RowUse::New; }
   /// Puts the shape that was set into the OGR feature.
   void StoreShape() const;
   void Refill(OgrFeatureHandle feature);
@@ -56,6 +62,10 @@ class OgrRow : public virtual IFeatureBuffer {
   [[nodiscard]] GeometryRef ReadShape() const;
 
  private:
+  [[nodiscard]] bool HasChanged(int attribute) const;
+  /// The digits of a number that OGR has read as a double; nothing where it is none of those, or was set.
+  [[nodiscard]] std::optional<std::int64_t> WideNumber(int attribute) const;
+
   std::shared_ptr<const RowTraits> traits_;
   OgrFeatureHandle feature_;
   mutable GeometryRef shape_;
@@ -72,6 +82,7 @@ class OgrFeature final : public OgrRow, public virtual IFeature {
 
   [[nodiscard]] std::int64_t OID() const override { return Feature().GetFID(); }
   [[nodiscard]] bool HasOID() const override { return true; }
+  [[nodiscard]] RowUse Use() const override { return RowUse::Stored; }
   void Store() override;
   void Delete() override;
   [[nodiscard]] std::shared_ptr<IClass> Table() const override { return table_.lock(); }

@@ -1,24 +1,34 @@
 #include "engine/ogr_fields.h"
 
-#include <array>
-#include <charconv>
+#include <algorithm>
 #include <cmath>
 
-#include "platform/fault.h"
+#include "engine/wide_numbers.h"
+#include "platform/text_encoding.h"
 #include "platform/text_formats.h"
 
 namespace tessarine::engine {
 namespace {
 
+constexpr int kLongestSmallInteger = 4;
+constexpr int kLongestDbaseText = 254;
+// A wider whole number reads back as a double; a column grows when a longer one is met.
+constexpr int kLongestDbaseWhole = 18;
+constexpr int kUniqueIdText = 38;
+constexpr int kTimeText = 18;  // 12:34:56.789+01:00
+
+// What OGR tells of a zone: 1 is a local time, 100 is UTC, and a step is a quarter of an hour.
+constexpr int kUtc = 100, kMinutesPerStep = 15;
+
 esriFieldType TypeOf(const OGRFieldDefn& field) {
   switch (field.GetType()) {
     case OFTInteger: {
       const bool small = field.GetSubType() == OFSTInt16 || field.GetSubType() == OFSTBoolean ||
-                         (field.GetWidth() > 0 && field.GetWidth() <= 4);
+                         (field.GetWidth() > 0 && field.GetWidth() <= kLongestSmallInteger);
       return small ? esriFieldTypeSmallInteger : esriFieldTypeInteger;
     }
     case OFTInteger64:
-      return esriFieldTypeDouble;
+      return esriFieldTypeInteger64;
     case OFTReal:
       return field.GetSubType() == OFSTFloat32 ? esriFieldTypeSingle : esriFieldTypeDouble;
     case OFTDate:
@@ -28,30 +38,48 @@ esriFieldType TypeOf(const OGRFieldDefn& field) {
     case OFTBinary:
       return esriFieldTypeBlob;
     default:
-      return esriFieldTypeString;
+      return field.GetSubType() == OFSTUUID ? esriFieldTypeGUID : esriFieldTypeString;
   }
 }
 
-FieldRef AttributeField(const OGRFieldDefn& definition) {
+DateContent ContentOf(OGRFieldType type) {
+  return type == OFTDate ? DateContent::Day : type == OFTTime ? DateContent::Time : DateContent::DayAndTime;
+}
+
+FieldRef AttributeField(const OGRFieldDefn& definition, ColumnStore store) {
   auto field = std::make_shared<Field>();
-  field->Name = definition.GetNameRef();
+  field->Name = ReadableText(definition.GetNameRef());
   const char* alias = definition.GetAlternativeNameRef();
-  field->AliasName = alias != nullptr && *alias != '\0' ? alias : field->Name;
-  field->Type = TypeOf(definition);
-  if (field->Type == esriFieldTypeString) {
-    field->Length = definition.GetWidth();
-  } else if (field->Type != esriFieldTypeDate && field->Type != esriFieldTypeBlob) {
-    field->Precision = definition.GetWidth();
-    field->Scale = definition.GetPrecision();
+  field->AliasName = alias != nullptr && *alias != '\0' ? ReadableText(alias) : field->Name;
+  field->Type = store == ColumnStore::Dbase && IsWideWhole(definition) ? esriFieldTypeInteger64 : TypeOf(definition);
+  switch (field->Type) {
+    case esriFieldTypeString:
+    case esriFieldTypeGUID:
+      field->Length = definition.GetWidth();
+      break;
+    case esriFieldTypeDate:
+      field->Content = ContentOf(definition.GetType());
+      break;
+    case esriFieldTypeBlob:
+      break;
+    default:
+      field->Precision = definition.GetWidth();
+      field->Scale = definition.GetPrecision();
   }
   field->IsNullable = definition.IsNullable() != 0;
   return field;
 }
 
-FieldRef OidField(OGRLayer& layer, bool is_shapefile) {
+// The name, or one made of it that no attribute bears.
+std::string FreeName(std::string name, const Fields& attributes) {
+  while (attributes.FindField(name) >= 0) name += '_';
+  return name;
+}
+
+FieldRef OidField(OGRLayer& layer, ColumnStore store, const Fields& attributes) {
   auto field = std::make_shared<Field>();
   const std::string column = layer.GetFIDColumn();
-  field->Name = !column.empty() ? column : is_shapefile ? "FID" : "OBJECTID";
+  field->Name = FreeName(!column.empty() ? column : store == ColumnStore::Dbase ? "FID" : "OBJECTID", attributes);
   field->AliasName = field->Name;
   field->Type = esriFieldTypeOID;
   field->Editable = false;
@@ -59,10 +87,11 @@ FieldRef OidField(OGRLayer& layer, bool is_shapefile) {
   return field;
 }
 
-FieldRef ShapeField(OGRLayer& layer, esriGeometryType shape_type, const SpatialReferenceRef& reference) {
+FieldRef ShapeField(OGRLayer& layer, esriGeometryType shape_type, const SpatialReferenceRef& reference,
+                    const Fields& attributes) {
   auto field = std::make_shared<Field>();
   const std::string column = layer.GetGeometryColumn();
-  field->Name = column.empty() ? "Shape" : column;
+  field->Name = FreeName(column.empty() ? "Shape" : column, attributes);
   field->AliasName = field->Name;
   field->Type = esriFieldTypeGeometry;
   field->GeometryDef = std::make_shared<GeometryDef>();
@@ -81,43 +110,78 @@ std::string JoinedList(const OGRFeature& feature, int index) {
   return text;
 }
 
-Variant DateOf(const OGRFeature& feature, int index) {
+Variant DateOf(const OGRFeature& feature, int index, ColumnStore store) {
   int year = 0, month = 0, day = 0, hour = 0, minute = 0, zone = 0;
-  float second = 0.0F;
-  if (feature.GetFieldAsDateTime(index, &year, &month, &day, &hour, &minute, &second, &zone) == 0) return Null{};
+  float single = 0.0F;
+  if (feature.GetFieldAsDateTime(index, &year, &month, &day, &hour, &minute, &single, &zone) == 0) return Null{};
+  // A single is right to the thousandth.
+  const double second = std::round(static_cast<double>(single) * 1000.0) / 1000.0;
+  Date date;
   if (feature.GetFieldDefnRef(index)->GetType() == OFTTime) {
-    return Date{(hour * 3600 + minute * 60 + static_cast<double>(second)) / 86400.0};
+    date.serial = (hour * 3600 + minute * 60 + second) / 86400.0;
+    date.time_only = true;
+  } else {
+    date = MakeDate(year, month, day, hour, minute, second);
   }
-  return MakeDate(year, month, day, hour, minute, static_cast<int>(second));
+  // OGR calls the times of a file geodatabase UTC, which the format doesn't say.
+  if (zone > 1 && store != ColumnStore::FileGeodatabase)
+    date.zone = static_cast<std::int16_t>((zone - kUtc) * kMinutesPerStep);
+  return date;
 }
 
-bool PrintsAs(double value, int decimals, std::string_view beginning) {
-  std::array<char, 400> room;
-  const auto end = std::to_chars(room.data(), room.data() + room.size(), value, std::chars_format::fixed, decimals);
-  return std::string_view(room.data(), static_cast<std::size_t>(end.ptr - room.data())).starts_with(beginning);
+void DefineDate(DateContent content, ColumnStore store, OGRFieldDefn& definition) {
+  switch (content) {
+    case DateContent::Time:
+      definition.SetType(store == ColumnStore::Other ? OFTTime : OFTString);
+      if (store != ColumnStore::Other) definition.SetWidth(kTimeText);
+      return;
+    case DateContent::Day:
+      definition.SetType(store == ColumnStore::FileGeodatabase ? OFTDateTime : OFTDate);
+      return;
+    case DateContent::DayAndTime:
+      // A dBASE table keeps days only.
+      definition.SetType(store == ColumnStore::Dbase ? OFTDate : OFTDateTime);
+  }
+}
+
+void DefineText(int length, ColumnStore store, OGRFieldDefn& definition) {
+  definition.SetWidth(store == ColumnStore::Dbase ? std::min(length, kLongestDbaseText) : length);
+}
+
+void DefineWhole64(const Field& field, ColumnStore store, OGRFieldDefn& definition) {
+  // A file geodatabase has no such column: a double keeps all that have up to 15 digits.
+  definition.SetType(store == ColumnStore::FileGeodatabase ? OFTReal : OFTInteger64);
+  if (store == ColumnStore::Dbase) definition.SetWidth(std::min(field.Precision, kLongestDbaseWhole));
 }
 
 }  // namespace
 
+ColumnStore ColumnStoreOf(std::string_view driver) {
+  if (driver == "ESRI Shapefile") return ColumnStore::Dbase;
+  return driver == "OpenFileGDB" ? ColumnStore::FileGeodatabase : ColumnStore::Other;
+}
+
 FieldMap MapFields(OGRLayer& layer, esriGeometryType shape_type, const SpatialReferenceRef& reference,
-                   bool is_shapefile) {
+                   ColumnStore store) {
   FieldMap map;
+  Fields attributes;
+  const OGRFeatureDefn& definition = *layer.GetLayerDefn();
+  for (int index = 0; index < definition.GetFieldCount(); ++index) {
+    attributes.AddField(AttributeField(*definition.GetFieldDefn(index), store));
+  }
   auto fields = std::make_shared<Fields>();
-  fields->AddField(OidField(layer, is_shapefile));
+  fields->AddField(OidField(layer, store, attributes));
   if (shape_type != esriGeometryNull) {
     map.shape_index = 1;
     map.first_attribute = 2;
-    fields->AddField(ShapeField(layer, shape_type, reference));
+    fields->AddField(ShapeField(layer, shape_type, reference, attributes));
   }
-  const OGRFeatureDefn& definition = *layer.GetLayerDefn();
-  for (int index = 0; index < definition.GetFieldCount(); ++index) {
-    fields->AddField(AttributeField(*definition.GetFieldDefn(index)));
-  }
+  for (const FieldRef& field : attributes) fields->AddField(field);
   map.fields = std::move(fields);
   return map;
 }
 
-std::unique_ptr<OGRFieldDefn> OgrFieldOf(const Field& field, bool dbase) {
+std::unique_ptr<OGRFieldDefn> OgrFieldOf(const Field& field, ColumnStore store) {
   auto definition = std::make_unique<OGRFieldDefn>(field.Name.c_str(), OFTString);
   switch (field.Type) {
     case esriFieldTypeSmallInteger:
@@ -129,6 +193,9 @@ std::unique_ptr<OGRFieldDefn> OgrFieldOf(const Field& field, bool dbase) {
       definition->SetType(OFTInteger);
       definition->SetWidth(field.Precision);
       break;
+    case esriFieldTypeInteger64:
+      DefineWhole64(field, store, *definition);
+      break;
     case esriFieldTypeSingle:
     case esriFieldTypeDouble:
       definition->SetType(OFTReal);
@@ -137,11 +204,14 @@ std::unique_ptr<OGRFieldDefn> OgrFieldOf(const Field& field, bool dbase) {
       definition->SetPrecision(field.Scale);
       break;
     case esriFieldTypeDate:
-      // A dBASE table keeps days only.
-      definition->SetType(dbase ? OFTDate : OFTDateTime);
+      DefineDate(field.Content, store, *definition);
+      break;
+    case esriFieldTypeGUID:
+    case esriFieldTypeGlobalID:
+      DefineText(kUniqueIdText, store, *definition);
       break;
     default:
-      definition->SetWidth(field.Length);
+      DefineText(field.Length, store, *definition);
   }
   if (!field.AliasName.empty() && field.AliasName != field.Name) {
     definition->SetAlternativeName(field.AliasName.c_str());
@@ -149,7 +219,7 @@ std::unique_ptr<OGRFieldDefn> OgrFieldOf(const Field& field, bool dbase) {
   return definition;
 }
 
-Variant ValueOf(const OGRFeature& feature, int index) {
+Variant ValueOf(const OGRFeature& feature, int index, ColumnStore store) {
   if (feature.IsFieldSetAndNotNull(index) == 0) return Null{};
   const OGRFieldDefn& field = *feature.GetFieldDefnRef(index);
   switch (field.GetType()) {
@@ -158,14 +228,14 @@ Variant ValueOf(const OGRFeature& feature, int index) {
         return static_cast<std::int16_t>(feature.GetFieldAsInteger(index));
       return static_cast<std::int32_t>(feature.GetFieldAsInteger(index));
     case OFTInteger64:
-      return static_cast<double>(feature.GetFieldAsInteger64(index));
+      return static_cast<std::int64_t>(feature.GetFieldAsInteger64(index));
     case OFTReal:
       if (field.GetSubType() == OFSTFloat32) return static_cast<float>(feature.GetFieldAsDouble(index));
       return feature.GetFieldAsDouble(index);
     case OFTDate:
     case OFTTime:
     case OFTDateTime:
-      return DateOf(feature, index);
+      return DateOf(feature, index, store);
     case OFTIntegerList:
     case OFTInteger64List:
     case OFTRealList:
@@ -175,98 +245,6 @@ Variant ValueOf(const OGRFeature& feature, int index) {
       return Null{};
     default:
       return feature.GetFieldAsString(index);
-  }
-}
-
-std::string_view NumberInColumn(double value, std::size_t width, int decimals, std::span<char> room) {
-  for (; decimals >= 0; --decimals) {
-    const auto end = std::to_chars(room.data(), room.data() + room.size(), value, std::chars_format::fixed, decimals);
-    const auto size = static_cast<std::size_t>(end.ptr - room.data());
-    if (end.ec == std::errc() && size <= width) return {room.data(), size};
-  }
-  return {};
-}
-
-AttributeWriter::AttributeWriter(const OGRFeatureDefn& definition, bool dbase) {
-  for (int index = 0; index < definition.GetFieldCount(); ++index) {
-    const OGRFieldDefn& field = *definition.GetFieldDefn(index);
-    Column column{field.GetType(), field.GetWidth(), field.GetPrecision(), 0.0};
-    if (dbase && column.type == OFTReal && column.width > 0) {
-      // The sign and the point take a place each.
-      const int whole_places = column.width - column.decimals - (column.decimals > 0 ? 2 : 1);
-      column.safe_limit = std::pow(10.0, whole_places) - 1.0;
-    }
-    columns_.push_back(column);
-  }
-}
-
-double AttributeWriter::Fitted(double value, const Column& column, const char* name) const {
-  std::array<char, 400> room;
-  const std::string_view text = NumberInColumn(value, static_cast<std::size_t>(column.width), column.decimals, room);
-  if (text.empty()) {
-    Raise(kOverflow, "The value " + NumberText(value) + " doesn't fit the field '" + name + "' of width " +
-                         std::to_string(column.width) + ".");
-  }
-  double number = 0.0;
-  std::from_chars(text.data(), text.data() + text.size(), number);
-  // OGR prints all decimals and cuts them off at the width: a number just below the text would lose its last digit.
-  if (PrintsAs(number, column.decimals, text)) return number;
-  const double above = std::nextafter(number, std::copysign(HUGE_VAL, number));
-  return PrintsAs(above, column.decimals, text) ? above : number;
-}
-
-void AttributeWriter::WriteNumber(OGRFeature& feature, int index, const Variant& value) const {
-  const Column& column = columns_[static_cast<std::size_t>(index)];
-  if (column.type == OFTInteger) {
-    feature.SetField(index, static_cast<int>(value.AsLong()));
-  } else if (column.type == OFTInteger64) {
-    const double whole = std::round(value.AsDouble());
-    if (!(std::fabs(whole) < 9.2e18)) Raise(kOverflow, "The value " + NumberText(whole) + " is too large.");
-    feature.SetField(index, static_cast<GIntBig>(whole));
-  } else {
-    double number = value.AsDouble();
-    if (!std::isfinite(number)) Raise(kOverflow, "The value is no finite number.");
-    if (column.safe_limit != 0.0 && std::fabs(number) > column.safe_limit) {
-      number = Fitted(number, column, feature.GetFieldDefnRef(index)->GetNameRef());
-    }
-    feature.SetField(index, number);
-  }
-}
-
-void AttributeWriter::Write(OGRFeature& feature, int index, const Variant& value) const {
-  if (value.IsNull() || value.IsEmpty()) {
-    feature.SetFieldNull(index);
-    return;
-  }
-  try {
-    switch (columns_[static_cast<std::size_t>(index)].type) {
-      case OFTInteger:
-      case OFTInteger64:
-      case OFTReal:
-        WriteNumber(feature, index, value);
-        return;
-      case OFTDate:
-      case OFTTime:
-      case OFTDateTime: {
-        const DateParts parts = Split(value.AsDate());
-        feature.SetField(index, parts.year, parts.month, parts.day, parts.hour, parts.minute,
-                         static_cast<float>(parts.second));
-        return;
-      }
-      case OFTString:
-        if (value.kind() == Variant::Kind::String) {
-          feature.SetField(index, value.Text().c_str());
-        } else {
-          feature.SetField(index, value.AsText().c_str());
-        }
-        return;
-      default:
-        Raise(kTypeMismatch, "Such fields can't be written.");
-    }
-  } catch (const Fault& fault) {
-    throw Fault(fault.Number(), fault.Source(),
-                std::string("Field '") + feature.GetFieldDefnRef(index)->GetNameRef() + "': " + fault.Description(),
-                fault.Line());
   }
 }
 

@@ -4,16 +4,19 @@
 #include <ogrsf_frmts.h>
 
 #include <memory>
-#include <span>
 #include <string_view>
-#include <vector>
 
 #include "platform/field.h"
 #include "platform/variant.h"
 
 namespace tessarine::engine {
 
-/// The fields of a layer: the identifier first, the shape second where there is one, then the attributes.
+/// The formats whose columns have ways of their own.
+enum class ColumnStore : std::uint8_t { Dbase, FileGeodatabase, Other };
+[[nodiscard]] ColumnStore ColumnStoreOf(std::string_view driver);
+
+/// The fields of a layer: the identifier first, the shape second where there is one, then the attributes. Names that
+/// are made up for the identifier and the shape are none of an attribute's.
 struct FieldMap {
   FieldsRef fields;
   std::int32_t shape_index = -1;
@@ -26,37 +29,13 @@ struct FieldMap {
 };
 
 [[nodiscard]] FieldMap MapFields(OGRLayer& layer, esriGeometryType shape_type, const SpatialReferenceRef& reference,
-                                 bool is_shapefile);
+                                 ColumnStore store);
 
-/// The OGR definition of a new field.
-[[nodiscard]] std::unique_ptr<OGRFieldDefn> OgrFieldOf(const Field& field, bool dbase);
+/// The OGR definition of a new field: the nearest that the format has. Times of day without a day become texts where
+/// it keeps only days.
+[[nodiscard]] std::unique_ptr<OGRFieldDefn> OgrFieldOf(const Field& field, ColumnStore store);
 
 /// The attribute's value; Null where it has none.
-[[nodiscard]] Variant ValueOf(const OGRFeature& feature, int index);
-
-/// The number as a column of this width keeps it: right rounded, with as many of the decimals as there is room for.
-/// Nothing when it doesn't fit.
-[[nodiscard]] std::string_view NumberInColumn(double value, std::size_t width, int decimals, std::span<char> room);
-
-/// Writes attributes of one layer. Knows which fields a dBASE table keeps as text of a fixed width.
-class AttributeWriter {
- public:
-  AttributeWriter() = default;
-  AttributeWriter(const OGRFeatureDefn& definition, bool dbase);
-
-  /// Fault 13 for a value that is no such field's, fault 6 for one that doesn't fit; both name the field.
-  void Write(OGRFeature& feature, int index, const Variant& value) const;
-
- private:
-  struct Column {
-    OGRFieldType type = OFTString;
-    int width = 0, decimals = 0;
-    double safe_limit = 0.0;  // numbers below it fit with all decimals; 0 without a limit
-  };
-  [[nodiscard]] double Fitted(double value, const Column& column, const char* name) const;
-  void WriteNumber(OGRFeature& feature, int index, const Variant& value) const;
-
-  std::vector<Column> columns_;
-};
+[[nodiscard]] Variant ValueOf(const OGRFeature& feature, int index, ColumnStore store);
 
 }  // namespace tessarine::engine

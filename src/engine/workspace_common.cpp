@@ -74,6 +74,7 @@ void CreateLayer(GDALDataset& dataset, const NewClass& request, CPLStringList op
   const GeometryDef& shape = ShapeDefinition(request);
   OgrReference reference;
   if (shape.SpatialReference) reference = OgrFromReference(*shape.SpatialReference);
+  const ColumnStore store = ColumnStoreOf(dataset.GetDriverName());
   const GdalErrorScope errors;
   OGRLayer* layer = dataset.CreateLayer(request.name.c_str(), reference.get(), OgrTypeOf(shape.GeometryType, shapefile),
                                         options.List());
@@ -86,7 +87,7 @@ void CreateLayer(GDALDataset& dataset, const NewClass& request, CPLStringList op
     if (shapefile && field->Name.size() > 10) {
       RaiseEngineFault("The field name '" + field->Name + "' is longer than the 10 characters of a dBASE table.");
     }
-    if (layer->CreateField(OgrFieldOf(*field, shapefile).get()) != OGRERR_NONE) {
+    if (layer->CreateField(OgrFieldOf(*field, store).get()) != OGRERR_NONE) {
       RaiseEngineFault("The field '" + field->Name + "' can't be added to '" + request.name + "'" + errors.Quote() +
                        ".");
     }

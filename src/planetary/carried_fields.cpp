@@ -61,6 +61,14 @@ std::string ShapefileFieldName(const std::string& name) {
   return cut;
 }
 
+std::vector<std::int32_t> CarriedPositions(const Fields& input) {
+  std::vector<std::int32_t> positions;
+  for (std::int32_t index = 0; index < input.FieldCount(); ++index) {
+    if (CanBeCarried(*input.Field(index))) positions.push_back(index);
+  }
+  return positions;
+}
+
 CarriedFields CarryFields(const Fields& input, std::int32_t output_kind) {
   CarriedFields carried{std::make_shared<VarArray>(), std::make_shared<VarArray>()};
   for (const FieldRef& field : input) {

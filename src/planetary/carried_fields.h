@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "platform/arrays.h"
 #include "platform/field.h"
@@ -18,6 +19,9 @@ struct CarriedFields {
 /// Shapes, identifiers, blobs and rasters stay behind. A shapefile takes names of at most 10 characters that begin
 /// with no digit; two fields never get the same one.
 [[nodiscard]] CarriedFields CarryFields(const Fields& input, std::int32_t output_kind);
+
+/// The positions of the input's fields that are carried over, in order.
+[[nodiscard]] std::vector<std::int32_t> CarriedPositions(const Fields& input);
 
 /// The name cut for a shapefile: its first 10 characters, and for a digit at the start a "Z" ahead of the last 9 of
 /// them.

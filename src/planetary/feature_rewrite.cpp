@@ -1,11 +1,13 @@
 #include "planetary/feature_rewrite.h"
 
+#include "planetary/carried_fields.h"
 #include "platform/host.h"
 #include "platform/paths.h"
 #include "platform/text_formats.h"
 #include "platform/trap.h"
 #include "support/MyGeneralOperations.h"
 #include "support/attempt.h"
+#include "support/attribute_copy.h"
 #include "support/frmOrlProgressMeter.h"
 #include "support/run_progress.h"
 
@@ -46,31 +48,11 @@ std::string ShownName(const OutputChoice& place) {
   return place.IsFeatureDataset ? place.FeatureDatasetName + ":" + place.Name : place.Name;
 }
 
-// Copies attributes from a feature to the buffer under the names of the output. A format that has its own rules may
-// store a field under another name; the fields stand behind all others then as ever, in their order.
-class AttributeCopy {
- public:
-  AttributeCopy(const IFeatureClass& from, const IFeatureClass& to, const VarArray& names) {
-    const auto rows = Require(MakeFieldNameVarArray(from, to, names, true), "MakeFieldNameVarArray");
-    std::int32_t in_order = to.Fields()->FieldCount() - rows->Count();
-    for (const Variant& element : *rows) {
-      const auto row = element.AsObject<VarArray>();
-      const std::int32_t by_name = row->Element(kToIndex).AsLong();
-      pairs_.push_back({row->Element(kFromIndex).AsLong(), by_name >= 0 ? by_name : in_order});
-      ++in_order;
-    }
-  }
-  void Copy(const IRowBuffer& from, IRowBuffer& to) const {
-    for (const Pair& pair : pairs_) to.SetValue(pair.to, from.Value(pair.from));
-  }
-
- private:
-  enum Position : std::int32_t { kFromIndex = 1, kToIndex = 3 };
-  struct Pair {
-    std::int32_t from, to;
-  };
-  std::vector<Pair> pairs_;
-};
+// All carried fields, in the order that the output was created with.
+AttributeCopy CopyOf(const IFeatureClass& from, const IFeatureClass& to) {
+  const std::vector<std::int32_t> sources = CarriedPositions(*from.Fields());
+  return {sources, LastAttributes(*to.Fields(), sources.size()), *to.Fields()};
+}
 
 RewrittenShape Rewrite(const FeatureRewrite& run, const IFeature& feature, const KeepGoing& keep_going) {
   const GeometryRef shape = feature.ShapeCopy();
@@ -84,7 +66,7 @@ RewrittenShape Rewrite(const FeatureRewrite& run, const IFeature& feature, const
 bool RewriteAll(const FeatureRewrite& run, IFeatureClass& input, const std::shared_ptr<IFeatureClass>& output,
                 RunProgress& progress, RewriteFacts& facts) {
   RunJournal& journal = Host().Journal();
-  const AttributeCopy attributes(input, *output, *run.output.FieldNames());
+  const AttributeCopy attributes = CopyOf(input, *output);
   const std::shared_ptr<IFeatureCursor> reader = input.Search(nullptr, false);
   const std::shared_ptr<IFeatureCursor> writer = output->Insert(true);
   const std::shared_ptr<IFeatureBuffer> buffer = output->CreateFeatureBuffer();
@@ -100,7 +82,7 @@ bool RewriteAll(const FeatureRewrite& run, IFeatureClass& input, const std::shar
     if (facts.measures.Add(rewritten.measure, feature->OID())) journal.NoteWarning(kChanged, feature->OID());
     if (!rewritten.problem.empty()) facts.problems += ProblemLine(rewritten.problem);
     buffer->SetShape(rewritten.shape);
-    attributes.Copy(*feature, *buffer);
+    attributes.Copy(*feature, *buffer, journal);
     writer->InsertFeature(*buffer);
     ++journal.written;
   }

@@ -120,8 +120,7 @@ TEST_P(Cursors, InsertedRowsAreThereForEveryReader) {
     buffer->SetValue(name_, Null{});
     buffer->SetValue(size_, "12.5");
     cursor->InsertFeature(*buffer);
-    EXPECT_EQ(FaultOf([&] { buffer->SetValue(size_, "twelve"); }), kTypeMismatch);
-    EXPECT_NE(FaultTextOf([&] { buffer->SetValue(size_, "twelve"); }).find("'size'"), std::string::npos);
+    EXPECT_EQ(buffer->SetValue(size_, "twelve"), ValueChange::Unreadable);
     EXPECT_EQ(FaultOf([&] { buffer->SetValue(0, 5); }), kInvalidCall) << "the identifier";
     cursor->Flush();
     EXPECT_EQ(FaultOf([&] { cursor->UpdateRow(nullptr); }), kInvalidCall);
@@ -290,7 +289,7 @@ TEST(Shapefiles, ATableWithNewColumnsKeepsItsPlaceAndPermissions) {
   EXPECT_EQ(towns->FindField("Area"), towns->FindField("size") + 1);
 }
 
-// Rows whose attributes change stand beside one that a longer text widens, and one whose shape changes.
+// Rows whose attributes change stand beside one whose text GDAL must encode, and one whose shape changes.
 TEST(Shapefiles, ReadingGoesOnBehindARowThatIsWrittenWhole) {
   const TemporaryFolder folder;
   const std::string file = folder.Native("towns.shp");
@@ -304,18 +303,18 @@ TEST(Shapefiles, ReadingGoesOnBehindARowThatIsWrittenWhole) {
   QueryFilter filter;
   filter.WhereClause = "size <> 2";
   const auto cursor = towns->Update(&filter, false);
-  const std::string long_name(60, 'x');
+  const std::string foreign_name = "\xc3\xa9lan";
   while (const auto row = cursor->NextFeature()) {
     row->SetValue(size, row->Value(size).AsDouble() + 10.0);
-    if (row->Value(name).AsText() == "a") row->SetValue(name, long_name);
+    if (row->Value(name).AsText() == "a") row->SetValue(name, foreign_name);
     if (row->Value(name).AsText() == "c") row->SetShape(std::make_shared<Point>(7.0, 8.0));
     cursor->UpdateFeature(row);
   }
   cursor->Close();
   std::string rows;
   for (const auto& row : ReadLayer(file)) rows += row.wkt + " " + row.name + " " + std::to_string(int(row.size)) + ",";
-  EXPECT_EQ(rows, "POINT (0 0) " + long_name + " 11,POINT (1 1) b 2,POINT (7 8) c 13, d 14,");
-  EXPECT_EQ(NamesOf(towns->Search(nullptr, true), name), long_name + " b c d ");
+  EXPECT_EQ(rows, "POINT (0 0) " + foreign_name + " 11,POINT (1 1) b 2,POINT (7 8) c 13, d 14,");
+  EXPECT_EQ(NamesOf(towns->Search(nullptr, true), name), foreign_name + " b c d ");
 }
 
 TEST_P(Cursors, SelectionsComeInTheOrderOfIdentifiers) {

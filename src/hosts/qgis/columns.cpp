@@ -4,31 +4,47 @@
 
 #include <QDateTime>
 #include <algorithm>
-#include <array>
-#include <charconv>
-#include <optional>
+#include <limits>
 #include <string_view>
+#include <utility>
 
-#include "engine/ogr_fields.h"
 #include "hosts/qgis/values.h"
 #include "hosts/windows/qt_text.h"
 #include "platform/fault.h"
+#include "platform/value_fit.h"
 
 namespace tessarine::qgis {
 namespace {
 
 constexpr int kLongestSmallInteger = 4;
+constexpr const char* kSixteenBitTypes[] = {"smallint", "int2", "int16"};
+
+bool IsSixteenBits(const QgsField& field) {
+  const QString type = field.typeName();
+  for (const char* name : kSixteenBitTypes) {
+    if (type.compare(QLatin1String(name), Qt::CaseInsensitive) == 0) return true;
+  }
+  return false;
+}
+
+bool IsUniqueId(const QgsField& field) {
+  const QString type = field.typeName();
+  return type.compare(QLatin1String("uuid"), Qt::CaseInsensitive) == 0 ||
+         type.compare(QLatin1String("uniqueidentifier"), Qt::CaseInsensitive) == 0;
+}
 
 esriFieldType TypeOf(const QgsField& field) {
   switch (field.type()) {
     case QVariant::Bool:
       return esriFieldTypeSmallInteger;
     case QVariant::Int:
-      return field.length() > 0 && field.length() <= kLongestSmallInteger ? esriFieldTypeSmallInteger
-                                                                          : esriFieldTypeInteger;
+      return IsSixteenBits(field) || (field.length() > 0 && field.length() <= kLongestSmallInteger)
+                 ? esriFieldTypeSmallInteger
+                 : esriFieldTypeInteger;
     case QVariant::UInt:
     case QVariant::LongLong:
     case QVariant::ULongLong:
+      return esriFieldTypeInteger64;
     case QVariant::Double:
       return esriFieldTypeDouble;
     case QVariant::Date:
@@ -38,8 +54,14 @@ esriFieldType TypeOf(const QgsField& field) {
     case QVariant::ByteArray:
       return esriFieldTypeBlob;
     default:
-      return esriFieldTypeString;
+      return IsUniqueId(field) ? esriFieldTypeGUID : esriFieldTypeString;
   }
+}
+
+DateContent ContentOf(QVariant::Type type) {
+  return type == QVariant::Date   ? DateContent::Day
+         : type == QVariant::Time ? DateContent::Time
+                                  : DateContent::DayAndTime;
 }
 
 FieldRef AttributeField(const QgsField& source, bool stored) {
@@ -47,7 +69,8 @@ FieldRef AttributeField(const QgsField& source, bool stored) {
   field->Name = FromQt(source.name());
   field->AliasName = FromQt(source.displayName());
   field->Type = TypeOf(source);
-  if (field->Type == esriFieldTypeString) {
+  field->Content = ContentOf(source.type());
+  if (field->Type == esriFieldTypeString || field->Type == esriFieldTypeGUID) {
     field->Length = source.length();
   } else if (field->Type != esriFieldTypeDate && field->Type != esriFieldTypeBlob) {
     field->Precision = source.length();
@@ -81,8 +104,9 @@ FieldRef OidField(const QgsVectorLayer& layer, int identifier) {
 FieldRef ShapeField(const QgsVectorLayer& layer, esriGeometryType type) {
   auto field = std::make_shared<Field>();
   // Providers don't tell the name of the column.
-  const QString name = QStringLiteral("Shape");
-  field->Name = FromQt(layer.fields().lookupField(name) < 0 ? name : name + '_');
+  QString name = QStringLiteral("Shape");
+  while (layer.fields().lookupField(name) >= 0) name += '_';
+  field->Name = FromQt(name);
   field->AliasName = field->Name;
   field->Type = esriFieldTypeGeometry;
   field->GeometryDef = std::make_shared<GeometryDef>();
@@ -94,58 +118,128 @@ FieldRef ShapeField(const QgsVectorLayer& layer, esriGeometryType type) {
 Date DateOf(const QDateTime& time) {
   const QDate day = time.date();
   const QTime clock = time.time();
-  return MakeDate(day.year(), day.month(), day.day(), clock.hour(), clock.minute(), clock.second());
+  Date date = MakeDate(day.year(), day.month(), day.day(), clock.hour(), clock.minute(),
+                       clock.second() + clock.msec() / 1000.0);
+  // Times without a zone come as local ones.
+  if (time.timeSpec() != Qt::LocalTime) date.zone = static_cast<std::int16_t>(time.offsetFromUtc() / 60);
+  return date;
 }
 
-QDateTime TimeOf(Date date) {
-  const DateParts parts = Split(date);
-  return {QDate(parts.year, parts.month, parts.day), QTime(parts.hour, parts.minute, parts.second)};
+Date DateOf(const QTime& time) {
+  Date date{time.msecsSinceStartOfDay() / 86400000.0};
+  date.time_only = true;
+  return date;
 }
 
-QVariant Plain(const Variant& value) {
+QTime ClockOf(const DateParts& parts) { return {parts.hour, parts.minute, parts.second, parts.millisecond}; }
+
+QVariant TimeOf(Date date, QVariant::Type type) {
+  const DateParts parts = SplitToMilliseconds(date);
+  if (type == QVariant::Time) return ClockOf(parts);
+  const QDate day(parts.year, parts.month, parts.day);
+  if (type == QVariant::Date) return day;
+  if (date.zone == Date::kNoZone) return QDateTime(day, ClockOf(parts));
+  return QDateTime(day, ClockOf(parts), Qt::OffsetFromUTC, date.zone * 60);
+}
+
+template <class Whole>
+void LimitTo(ColumnLimits& limits) {
+  limits.least = std::numeric_limits<Whole>::min();
+  limits.most = std::numeric_limits<Whole>::max();
+}
+
+void LimitWhole(const QgsField& field, ColumnLimits& limits) {
+  limits.kind = ColumnLimits::Kind::Whole;
+  if (field.type() == QVariant::Bool) limits.least = 0, limits.most = 1;
+  if (field.type() == QVariant::Int) LimitTo<std::int32_t>(limits);
+  if (field.type() == QVariant::UInt) LimitTo<std::uint32_t>(limits);
+  if (field.type() == QVariant::ULongLong) limits.least = 0;
+  if (IsSixteenBits(field)) LimitTo<std::int16_t>(limits);
+}
+
+ColumnLimits LimitsOf(const QgsField& field, bool dbase) {
+  ColumnLimits limits;
+  switch (field.type()) {
+    case QVariant::Bool:
+    case QVariant::Int:
+    case QVariant::UInt:
+    case QVariant::LongLong:
+    case QVariant::ULongLong:
+      LimitWhole(field, limits);
+      if (dbase) limits.LimitPlaces(field.length());
+      return limits;
+    case QVariant::Double:
+      limits.kind = ColumnLimits::Kind::Double;
+      // Rounded here, because dBASE drivers cut the places off that are too many.
+      if (field.length() > 0 && (dbase || field.precision() > 0)) {
+        limits.LimitDecimals(field.length(), std::max(field.precision(), 0));
+      }
+      return limits;
+    case QVariant::Date:
+      limits.kind = ColumnLimits::Kind::Day;
+      return limits;
+    case QVariant::Time:
+      limits.kind = ColumnLimits::Kind::Time;
+      return limits;
+    case QVariant::DateTime:
+      limits.kind = ColumnLimits::Kind::DayAndTime;
+      return limits;
+    case QVariant::String:
+      if (field.length() > 0) {
+        (dbase ? limits.most_bytes : limits.most_characters) = static_cast<std::size_t>(field.length());
+      }
+      return limits;
+    default:
+      limits.kind = ColumnLimits::Kind::Unwritable;
+      return limits;
+  }
+}
+
+QVariant Plain(const Variant& value, const QgsField& field) {
   switch (value.kind()) {
-    case Variant::Kind::Boolean:
-      return value.AsBoolean();
-    case Variant::Kind::Short:
-    case Variant::Kind::Long:
-      return value.AsLong();
-    case Variant::Kind::Single:
+    case Variant::Kind::LongLong:
+      return static_cast<qlonglong>(value.AsLongLong());
     case Variant::Kind::Double:
       return value.AsDouble();
     case Variant::Kind::String:
       return ToQt(value.Text());
     case Variant::Kind::Date:
-      return TimeOf(value.AsDate());
+      return TimeOf(value.AsDate(), field.type());
     default:
-      return {};
+      return QVariant(field.type());
   }
 }
 
-// A number in a column of fixed width may lose decimals, never the places before the point: nothing for one that
-// doesn't fit. Rounded here, because dBASE drivers cut the places off that are too many.
-std::optional<double> Fitted(double value, const QgsField& field) {
-  if (field.length() <= 0 || field.precision() <= 0) return value;
-  std::array<char, 400> room{};
-  const std::string_view text =
-      engine::NumberInColumn(value, static_cast<std::size_t>(field.length()), field.precision(), room);
-  if (text.empty()) return std::nullopt;
-  double fitted = value;
-  std::from_chars(text.data(), text.data() + text.size(), fitted);
-  return fitted;
-}
-
-QVariant::Type StorageOf(esriFieldType type) {
-  switch (type) {
+QVariant::Type StorageOf(const Field& field) {
+  switch (field.Type) {
     case esriFieldTypeSmallInteger:
     case esriFieldTypeInteger:
       return QVariant::Int;
+    case esriFieldTypeInteger64:
+      return QVariant::LongLong;
     case esriFieldTypeSingle:
     case esriFieldTypeDouble:
       return QVariant::Double;
     case esriFieldTypeDate:
-      return QVariant::DateTime;
+      return field.Content == DateContent::Day    ? QVariant::Date
+             : field.Content == DateContent::Time ? QVariant::Time
+                                                  : QVariant::DateTime;
     default:
       return QVariant::String;
+  }
+}
+
+// Where a format lacks the type.
+QVariant::Type NextBest(QVariant::Type type) {
+  switch (type) {
+    case QVariant::LongLong:
+      return QVariant::Double;
+    case QVariant::Date:
+      return QVariant::DateTime;
+    case QVariant::Time:
+      return QVariant::String;
+    default:
+      return type;
   }
 }
 
@@ -205,14 +299,17 @@ Variant ValueOf(const QVariant& value, const QgsField& field) {
       return static_cast<std::int32_t>(value.toInt());
     case QVariant::UInt:
     case QVariant::LongLong:
+      return static_cast<std::int64_t>(value.toLongLong());
     case QVariant::ULongLong:
+      if (std::in_range<std::int64_t>(value.toULongLong())) return static_cast<std::int64_t>(value.toLongLong());
+      return static_cast<double>(value.toULongLong());
     case QVariant::Double:
       return value.toDouble();
     case QVariant::Date:
     case QVariant::DateTime:
       return DateOf(value.toDateTime());
     case QVariant::Time:
-      return Date{QTime(0, 0).secsTo(value.toTime()) / 86400.0};
+      return DateOf(value.toTime());
     case QVariant::ByteArray:
       return Null{};
     case QVariant::StringList:
@@ -226,37 +323,32 @@ Variant ValueOf(const QVariant& value, const QgsField& field) {
   }
 }
 
-QVariant StoredValue(const Variant& value, const QgsField& field) {
-  const std::string name = FromQt(field.name());
-  if (value.IsNull() || value.IsEmpty()) return QVariant(field.type());
-  QVariant stored = Plain(value);
-  if (!stored.isValid()) Raise(kTypeMismatch, "The field '" + name + "' can't hold this value.");
-  const bool is_number = stored.type() == QVariant::Double || stored.type() == QVariant::Int;
-  if (is_number && field.type() == QVariant::Double) {
-    const std::optional<double> fitted = Fitted(stored.toDouble(), field);
-    if (fitted) return *fitted;
-    Raise(kOverflow, "The number " + FromQt(stored.toString()) + " is too large for the field '" + name + "'.");
+StoredValue FitToField(const Variant& value, const QgsField& field, bool dbase) {
+  const ColumnLimits limits = LimitsOf(field, dbase);
+  if (limits.kind == ColumnLimits::Kind::Unwritable) {
+    Raise(kInvalidCall, "The field '" + FromQt(field.name()) + "' can't be written: binary values and lists can't.");
   }
-  QString problem;
-  if (!field.convertCompatible(stored, &problem)) {
-    Raise(is_number ? kOverflow : kTypeMismatch,
-          "The field '" + name + "' can't hold '" + FromQt(Plain(value).toString()) + "': " + FromQt(problem));
-  }
-  return stored;
+  const FittedValue fitted = FitValue(value, limits);
+  StoredValue stored{Plain(fitted.value, field), fitted.change};
+  // What the program itself refuses becomes null, too.
+  if (stored.value.isNull() || field.convertCompatible(stored.value)) return stored;
+  return {QVariant(field.type()), ValueChange::Unreadable};
 }
 
 QgsField NewFieldFor(const Field& field, const QgsVectorDataProvider& provider) {
-  const QVariant::Type wanted = StorageOf(field.Type);
-  const bool text = wanted == QVariant::String;
   QList<QgsVectorDataProvider::NativeType> types = provider.nativeTypes();
   std::stable_sort(types.begin(), types.end(), [](const auto& first, const auto& second) {
     return RankOfType(first.mTypeName) < RankOfType(second.mTypeName);
   });
-  for (const QgsVectorDataProvider::NativeType& native : types) {
-    if (native.mType != wanted) continue;
-    const int length = Clamped(text ? field.Length : field.Precision, native.mMinLen, native.mMaxLen);
-    const int decimals = text ? 0 : Clamped(field.Scale, native.mMinPrec, native.mMaxPrec);
-    return {ToQt(field.Name), wanted, native.mTypeName, length, decimals};
+  const QVariant::Type wanted = StorageOf(field);
+  for (const QVariant::Type type : {wanted, NextBest(wanted)}) {
+    const bool text = type == QVariant::String;
+    for (const QgsVectorDataProvider::NativeType& native : types) {
+      if (native.mType != type) continue;
+      const int length = Clamped(text ? field.Length : field.Precision, native.mMinLen, native.mMaxLen);
+      const int decimals = text ? 0 : Clamped(field.Scale, native.mMinPrec, native.mMaxPrec);
+      return {ToQt(field.Name), type, native.mTypeName, length, decimals};
+    }
   }
   Raise(kTypeMismatch, "The layer's format has no type for the field '" + field.Name + "'.");
 }

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "platform/field.h"
+#include "platform/value_change.h"
 #include "platform/variant.h"
 
 namespace tessarine::qgis {
@@ -29,10 +30,15 @@ struct Columns {
 
 [[nodiscard]] Variant ValueOf(const QVariant& value, const QgsField& field);
 
-/// The value as the field stores it. Fault 13 for one that is no such field's, fault 6 for one that doesn't fit.
-[[nodiscard]] QVariant StoredValue(const Variant& value, const QgsField& field);
+struct StoredValue {
+  QVariant value;
+  ValueChange change = ValueChange::None;
+};
+/// The value as the field stores it, and what became of it. `dbase` fields keep numbers as text of a fixed width. Fault
+/// 5 for fields that can't be written.
+[[nodiscard]] StoredValue FitToField(const Variant& value, const QgsField& field, bool dbase);
 
-/// A field that the layer's provider can add; fault 13 when it has no such type.
+/// A field that the layer's provider can add; its nearest type. Fault 13 when it has none.
 [[nodiscard]] QgsField NewFieldFor(const Field& field, const QgsVectorDataProvider& provider);
 
 }  // namespace tessarine::qgis

@@ -69,6 +69,7 @@ std::shared_ptr<const LayerTraits> LayerClass::Traits() const {
   traits->fields = layer.fields();
   traits->shape_type = ShapeTypeOf(layer.wkbType());
   traits->reference = ReferenceOf(layer.crs());
+  traits->dbase = layer.storageType() == QStringLiteral("ESRI Shapefile");
   traits_ = std::move(traits);
   return traits_;
 }

@@ -23,6 +23,7 @@ struct LayerTraits {
   QgsFields fields;
   esriGeometryType shape_type = esriGeometryNull;
   SpatialReferenceRef reference;
+  bool dbase = false;  ///< numbers are kept as text of a fixed width
 };
 
 class LayerClass : public virtual IClass,

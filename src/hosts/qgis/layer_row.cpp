@@ -13,9 +13,8 @@ Variant LayerRow::Value(std::int32_t index) const {
   if (index == traits_->columns.shape_index) return Shape();
   const int attribute = traits_->columns.AttributeOf(index);
   if (attribute == Columns::kNoAttribute) {
-    // Row identifiers of more than 32 bits keep their value as a double.
     if (OID() == static_cast<std::int32_t>(OID())) return static_cast<std::int32_t>(OID());
-    return static_cast<double>(OID());
+    return static_cast<std::int64_t>(OID());
   }
   return ValueOf(feature_.attribute(attribute), traits_->fields.at(attribute));
 }
@@ -31,11 +30,11 @@ ValueChange LayerRow::SetValue(std::int32_t index, const Variant& value) {
     Raise(kInvalidCall, "The field '" + FromQt(traits_->fields.at(attribute).name()) +
                             "' is calculated or joined: it can't be written.");
   }
-  const QVariant stored = StoredValue(value, traits_->fields.at(attribute));
-  feature_.setAttribute(attribute, stored);
+  const StoredValue stored = FitToField(value, traits_->fields.at(attribute), traits_->dbase);
+  feature_.setAttribute(attribute, stored.value);
   // Provider fields come first, so that the layer's index is the provider's too.
-  changes_.insert(traits_->fields.fieldOriginIndex(attribute), stored);
-  return ValueChange::None;
+  changes_.insert(traits_->fields.fieldOriginIndex(attribute), stored.value);
+  return stored.change;
 }
 
 void LayerRow::Store() {

@@ -25,12 +25,19 @@ const char* TypeWord(esriFieldType type) {
       return "small integer";
     case esriFieldTypeInteger:
       return "integer";
+    case esriFieldTypeInteger64:
+      return "long integer";
     case esriFieldTypeSingle:
       return "single";
     case esriFieldTypeDouble:
       return "double";
     case esriFieldTypeString:
       return "text";
+    case esriFieldTypeGUID:
+    case esriFieldTypeGlobalID:
+      return "unique id";
+    case esriFieldTypeXML:
+      return "xml";
     case esriFieldTypeDate:
       return "date";
     case esriFieldTypeOID:

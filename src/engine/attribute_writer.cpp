@@ -1,0 +1,136 @@
+#include "engine/attribute_writer.h"
+
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <limits>
+#include <string>
+
+#include "platform/fault.h"
+
+namespace tessarine::engine {
+namespace {
+
+constexpr std::size_t kLongestDbaseText = 254;
+constexpr int kUtc = 100, kMinutesPerStep = 15;  // OGR's zones
+
+using Kind = ColumnLimits::Kind;
+
+Kind KindOf(const OGRFieldDefn& field) {
+  switch (field.GetType()) {
+    case OFTInteger:
+    case OFTInteger64:
+      return Kind::Whole;
+    case OFTReal:
+      return field.GetSubType() == OFSTFloat32 ? Kind::Single : Kind::Double;
+    case OFTDate:
+      return Kind::Day;
+    case OFTTime:
+      return Kind::Time;
+    case OFTDateTime:
+      return Kind::DayAndTime;
+    case OFTString:
+      return Kind::Text;
+    default:
+      return Kind::Unwritable;
+  }
+}
+
+template <class Whole>
+void LimitTo(ColumnLimits& limits) {
+  limits.least = std::numeric_limits<Whole>::min();
+  limits.most = std::numeric_limits<Whole>::max();
+}
+
+// What the type itself holds.
+ColumnLimits LimitsOf(const OGRFieldDefn& field, ColumnStore store) {
+  ColumnLimits limits;
+  limits.kind = KindOf(field);
+  if (field.GetType() == OFTInteger) LimitTo<std::int32_t>(limits);
+  if (field.GetSubType() == OFSTInt16) LimitTo<std::int16_t>(limits);
+  if (field.GetSubType() == OFSTBoolean) limits.least = 0, limits.most = 1;
+  if (store == ColumnStore::Dbase) {
+    if (field.GetType() == OFTReal && field.GetWidth() > 0) {
+      limits.LimitDecimals(field.GetWidth(), field.GetPrecision());
+    }
+    limits.most_bytes = kLongestDbaseText;
+  } else if (field.GetWidth() > 0) {
+    limits.most_characters = static_cast<std::size_t>(field.GetWidth());
+  }
+  limits.keeps_zone = store == ColumnStore::Other;
+  return limits;
+}
+
+bool PrintsAs(double value, int decimals, std::string_view beginning) {
+  std::array<char, 400> room;
+  const auto end = std::to_chars(room.data(), room.data() + room.size(), value, std::chars_format::fixed, decimals);
+  return std::string_view(room.data(), static_cast<std::size_t>(end.ptr - room.data())).starts_with(beginning);
+}
+
+// OGR prints all decimals and cuts them off at the width: a number just below its text would lose its last digit.
+double SafeFromCutting(double number, const ColumnLimits& column) {
+  if (column.width <= 0 || std::fabs(number) < column.safe_below) return number;
+  std::array<char, 400> room;
+  const std::string_view text = NumberInColumn(number, static_cast<std::size_t>(column.width), column.decimals, room);
+  if (text.empty() || PrintsAs(number, column.decimals, text)) return number;
+  const double above = std::nextafter(number, std::copysign(HUGE_VAL, number));
+  return PrintsAs(above, column.decimals, text) ? above : number;
+}
+
+void PutDate(OGRFeature& feature, int index, Date date) {
+  const DateParts parts = SplitToMilliseconds(date);
+  const auto second = static_cast<float>(parts.second + parts.millisecond / 1000.0);
+  const int zone = date.zone == Date::kNoZone ? 0 : kUtc + date.zone / kMinutesPerStep;
+  if (date.time_only) {
+    feature.SetField(index, 0, 0, 0, parts.hour, parts.minute, second, zone);
+  } else {
+    feature.SetField(index, parts.year, parts.month, parts.day, parts.hour, parts.minute, second, zone);
+  }
+}
+
+void Put(OGRFeature& feature, int index, const Variant& value, const ColumnLimits& column) {
+  switch (value.kind()) {
+    case Variant::Kind::LongLong:
+      feature.SetField(index, static_cast<GIntBig>(value.AsLongLong()));
+      return;
+    case Variant::Kind::Double:
+      feature.SetField(index, SafeFromCutting(value.AsDouble(), column));
+      return;
+    case Variant::Kind::Date:
+      PutDate(feature, index, value.AsDate());
+      return;
+    case Variant::Kind::String:
+      feature.SetField(index, value.Text().c_str());
+      return;
+    default:
+      feature.SetFieldNull(index);
+  }
+}
+
+}  // namespace
+
+AttributeWriter::AttributeWriter(const OGRFeatureDefn& definition, ColumnStore store) {
+  for (int index = 0; index < definition.GetFieldCount(); ++index) {
+    const OGRFieldDefn& field = *definition.GetFieldDefn(index);
+    Column column{field.GetType(), LimitsOf(field, store), LimitsOf(field, store)};
+    if (store == ColumnStore::Dbase && field.GetWidth() > 0) {
+      column.stored.LimitPlaces(field.GetWidth());
+      column.stored.most_bytes = static_cast<std::size_t>(field.GetWidth());
+    }
+    columns_.push_back(column);
+  }
+}
+
+ValueChange AttributeWriter::Write(OGRFeature& feature, int index, const Variant& value, RowUse use) const {
+  const Column& column = columns_[static_cast<std::size_t>(index)];
+  const ColumnLimits& limits = use == RowUse::New ? column.grown : column.stored;
+  if (limits.kind == Kind::Unwritable) {
+    Raise(kInvalidCall, std::string("Field '") + feature.GetFieldDefnRef(index)->GetNameRef() +
+                            "': binary values and lists can't be written.");
+  }
+  const FittedValue fitted = FitValue(value, limits);
+  Put(feature, index, fitted.value, limits);
+  return fitted.change;
+}
+
+}  // namespace tessarine::engine

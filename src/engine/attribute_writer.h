@@ -1,0 +1,35 @@
+// Writing attributes into OGR features.
+#pragma once
+
+#include <ogrsf_frmts.h>
+
+#include <vector>
+
+#include "engine/ogr_fields.h"
+#include "platform/value_fit.h"
+
+namespace tessarine::engine {
+
+/// What a row is written for. The columns of a dBASE table grow with new rows, up to what the format allows; columns
+/// that stand in a table are as they are.
+enum class RowUse : std::uint8_t { New, Stored };
+
+/// Knows what each column of a layer can hold.
+class AttributeWriter {
+ public:
+  AttributeWriter() = default;
+  AttributeWriter(const OGRFeatureDefn& definition, ColumnStore store);
+
+  /// Puts the value into the feature as the column can hold it, and returns what became of it. Fault 5, naming the
+  /// field, for binary fields and lists.
+  [[nodiscard]] ValueChange Write(OGRFeature& feature, int index, const Variant& value, RowUse use) const;
+
+ private:
+  struct Column {
+    OGRFieldType type = OFTString;
+    ColumnLimits grown, stored;
+  };
+  std::vector<Column> columns_;
+};
+
+}  // namespace tessarine::engine

@@ -1,0 +1,39 @@
+// Attribute values from the rows of one class to those of another.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "platform/data.h"
+#include "platform/run_journal.h"
+
+namespace tessarine {
+
+/// The positions of the last attributes of a class, in order: where the fields lie that it was created with, whatever
+/// names its format gave them. Fault 5 when it has fewer.
+[[nodiscard]] std::vector<std::int32_t> LastAttributes(const Fields& fields, std::size_t count);
+
+/// Which attribute goes where.
+class AttributeCopy {
+ public:
+  AttributeCopy() = default;
+  /// Position by position. Names of the output are those that it shows.
+  AttributeCopy(const std::vector<std::int32_t>& from, const std::vector<std::int32_t>& to, const Fields& output);
+
+  /// Nulls stay null. Values that change on the way are counted.
+  void Copy(const IRow& from, IRowBuffer& to, RunJournal& journal) const;
+
+ private:
+  struct Pair {
+    std::int32_t from, to;
+    std::string name;
+  };
+  std::vector<Pair> pairs_;
+};
+
+/// Counts what became of a measure that a run wrote, but for decimals that its own column has no room for: that is what
+/// the column's decimals are for.
+void NoteMeasureChange(RunJournal& journal, const Field& field, ValueChange change, std::int64_t oid);
+
+}  // namespace tessarine
