@@ -50,6 +50,18 @@ std::unique_ptr<OGRGeometry> MakePolygon(std::mt19937_64& random) {
   return polygon;
 }
 
+// The same, one in ten about the 180th meridian, where its longitudes jump from 180 to -180.
+std::unique_ptr<OGRGeometry> MakeJumping(std::mt19937_64& random) {
+  auto polygon = MakePolygon(random);
+  if (random() % 10 != 0) return polygon;
+  OGRLinearRing& ring = *polygon->toPolygon()->getExteriorRing();
+  const double shift = 180.0 - ring.getX(0);
+  for (int vertex = 0; vertex < ring.getNumPoints(); ++vertex) {
+    ring.setPoint(vertex, std::remainder(ring.getX(vertex) + shift, 360.0), ring.getY(vertex));
+  }
+  return polygon;
+}
+
 // A piece of a street, along x or along y, that crosses the streets of the other direction.
 std::unique_ptr<OGRGeometry> MakeStreet(std::mt19937_64& random) {
   std::uniform_int_distribution<int> block(0, kBlocks);
@@ -105,5 +117,6 @@ int main(int argc, char** argv) {
   std::filesystem::create_directories(folder);
   WriteLayer(folder + "/lines." + ending, *driver, "lines", wkbLineString, kLines, MakeLine);
   WriteLayer(folder + "/polygons." + ending, *driver, "polygons", wkbPolygon, kPolygons, MakePolygon);
+  WriteLayer(folder + "/jumping." + ending, *driver, "jumping", wkbPolygon, kPolygons, MakeJumping);
   WriteLayer(folder + "/streets." + ending, *driver, "streets", wkbLineString, kStreets, MakeStreet);
 }

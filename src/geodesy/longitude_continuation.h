@@ -24,9 +24,15 @@
 
 namespace tessarine::MyGeometricOperations {
 
-/// Which pole a ring round the globe encloses: what lies to the right of its course, as the suite keeps exterior rings,
-/// or the pole that is named.
-enum class EnclosedPole { BySense, North, South };
+/// Which poles lie inside rings round the globe.
+enum class EnclosedPole {
+  BySense,      ///< what lies to the right of their course, as the suite keeps exterior rings
+  North,        ///< of an odd number of rings
+  South,        ///< of an odd number of rings
+  Both,         ///< of an even number: caps, and belts between them
+  Neither,      ///< of an even number: belts
+  SmallerPart,  ///< what makes the smaller part of the sphere; the course decides between halves
+};
 
 /// The longitude moved by whole turns to within 180 degrees of `from`; itself where it is there already.
 [[nodiscard]] double CarriedOn(double from, double longitude);
@@ -45,8 +51,9 @@ enum class EnclosedPole { BySense, North, South };
 /// pole or joined to bands, those inside others brought to them. All rings close; where the ends of one differ, a
 /// straight step closes it. The order of the rings stays, a joined pair standing at the place of its first.
 ///
-/// Of several rings round the globe, each is the border between inside and outside, in turn from pole to pole. A named
-/// pole decides where their number is odd; otherwise the course of the first one does.
+/// Of several rings round the globe, each is the border between inside and outside, in turn from pole to pole. A choice
+/// that doesn't fit their number leaves it to the smaller part. Files don't keep the course of such a ring: formats and
+/// their drivers turn rings by their area on the plane, which says nothing here.
 ///
 /// Cost: linear in the vertices where no ring runs round the globe and nothing was moved; else each ring is looked for
 /// in the larger ones whose extent holds it.

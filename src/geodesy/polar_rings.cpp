@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
+#include <numbers>
 
 namespace tessarine::MyGeometricOperations {
 namespace {
@@ -141,13 +142,36 @@ Vertices Joined(Girdle lower, Girdle upper) {
   return ring;
 }
 
-// Where the inside of the southernmost ring lies. Inside and outside take turns from ring to ring.
-Side InsideOfFirst(const std::vector<Girdle>& from_south, EnclosedPole pole) {
-  const bool odd = from_south.size() % 2 != 0;
-  if (pole != EnclosedPole::BySense && odd) return pole == EnclosedPole::North ? Side::North : Side::South;
+// The part of the sphere that lies inside if the south pole does.
+double PartFromSouth(const std::vector<Girdle>& from_south) {
+  constexpr double kRadians = std::numbers::pi / 180.0;
+  double part = 0.0, border = -1.0;
+  bool inside = true;
+  for (const Girdle& girdle : from_south) {
+    const double height = std::sin(girdle.mean_latitude * kRadians);
+    if (inside) part += (height - border) / 2.0;
+    border = height;
+    inside = !inside;
+  }
+  return inside ? part + (1.0 - border) / 2.0 : part;
+}
+
+Side BySense(const std::vector<Girdle>& from_south) {
   const auto first = std::ranges::min_element(from_south, {}, &Girdle::place);
   const Side side = InsideOf(*first);
   return (first - from_south.begin()) % 2 == 0 ? side : Opposite(side);
+}
+
+// Where the inside of the southernmost ring lies. Inside and outside take turns from ring to ring.
+Side InsideOfFirst(const std::vector<Girdle>& from_south, EnclosedPole pole) {
+  const bool odd = from_south.size() % 2 != 0;
+  if (pole == EnclosedPole::BySense) return BySense(from_south);
+  if (pole == (odd ? EnclosedPole::North : EnclosedPole::Neither)) return Side::North;
+  if (pole == (odd ? EnclosedPole::South : EnclosedPole::Both)) return Side::South;
+  constexpr double kHalf = 0.5, kSame = 1e-12;
+  const double part = PartFromSouth(from_south);
+  if (std::fabs(part - kHalf) <= kSame) return BySense(from_south);
+  return part < kHalf ? Side::South : Side::North;
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include "planetary/LongitudeForm.h"
 
 #include <algorithm>
+#include <sstream>
 
 #include "platform/text_formats.h"
 #include "platform/trap.h"
@@ -39,6 +40,7 @@ LongitudeForm::LongitudeForm(const std::string& name) : Form(name) {
   cmdCancel.SetCaption("Cancel");
   txtMessage.Locked = true;
   txtMessage.MultiLine = true;
+  lblFromDocument.SetVisible(false);
   cmdOK.SetEnabled(false);
   cmdOK.Default = true;
   cmdCancel.Cancel = true;
@@ -193,6 +195,13 @@ bool LongitudeForm::OutputPlaceExists() {
 std::shared_ptr<VarArray> LongitudeForm::DescribeOutput(const IFeatureLayer& layer) {
   RememberOutput(output_, *extension_);
   return OutputDescription::Make(layer, output_);
+}
+
+std::vector<std::string> LongitudeForm::FromDocument() const {
+  std::vector<std::string> settings;
+  std::istringstream lines(lblFromDocument.Caption());
+  for (std::string line; std::getline(lines, line);) settings.push_back(line);
+  return settings;
 }
 
 void LongitudeForm::Finish() {

@@ -80,6 +80,8 @@ bool RewriteAll(const FeatureRewrite& run, IFeatureClass& input, const std::shar
     finished = !rewritten.stopped;
     if (!finished) break;
     if (facts.measures.Add(rewritten.measure, feature->OID())) journal.NoteWarning(kChanged, feature->OID());
+    if (rewritten.steps.holds_north) facts.poles.north.push_back(feature->OID());
+    if (rewritten.steps.holds_south) facts.poles.south.push_back(feature->OID());
     if (!rewritten.problem.empty()) facts.problems += ProblemLine(rewritten.problem);
     buffer->SetShape(rewritten.shape);
     attributes.Copy(*feature, *buffer, journal);

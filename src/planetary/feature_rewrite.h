@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "frame/clsExtension.h"
+#include "geodesy/short_steps.h"
 #include "planetary/planetary_lists.h"
 #include "planetary/rewrite_reports.h"
 #include "platform/application.h"
@@ -21,6 +22,7 @@ struct RewrittenShape {
   std::string problem{};          ///< plain text; empty when there is none
   bool stopped = false;           ///< the user ended the run; there is no shape
   RewrittenMeasure measure = {};  ///< how much there was and is, where the run keeps account of it
+  MyGeometricOperations::ShortSteps steps = {};
 };
 
 using MyGeometricOperations::KeepGoing;

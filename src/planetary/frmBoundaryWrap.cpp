@@ -1,5 +1,8 @@
 #include "planetary/frmBoundaryWrap.h"
 
+#include <algorithm>
+#include <iterator>
+
 #include "platform/host.h"
 #include "platform/trap.h"
 #include "support/MyGeneralOperations.h"
@@ -19,6 +22,22 @@ constexpr const char* kInstruction =
 constexpr const char* kInvalidValue = "Invalid Boundary Value:";
 constexpr const char* kInvalidValues = "Invalid Boundary Values:";
 
+struct PoleLine {
+  MyGeometricOperations::EnclosedPole pole;
+  const char* text;
+};
+
+constexpr PoleLine kPoleLines[] = {{MyGeometricOperations::EnclosedPole::SmallerPart, "the smaller part"},
+                                   {MyGeometricOperations::EnclosedPole::North, "the north pole"},
+                                   {MyGeometricOperations::EnclosedPole::South, "the south pole"},
+                                   {MyGeometricOperations::EnclosedPole::Both, "both poles"},
+                                   {MyGeometricOperations::EnclosedPole::Neither, "neither pole"}};
+
+// What the last run was asked for, as long as its list stands.
+StepChoice RememberedSteps(const clsExtension& extension) {
+  return extension.frmBoundaryWrapReturn ? WrapArguments(extension.frmBoundaryWrapReturn).Steps() : StepChoice{};
+}
+
 WrapBox RememberedBox(const clsExtension& extension) {
   const WrapBox box{extension.CustomBoundaryWest, extension.CustomBoundaryNorth, extension.CustomBoundaryEast,
                     extension.CustomBoundarySouth};
@@ -35,6 +54,12 @@ frmBoundaryWrap::frmBoundaryWrap() : LongitudeForm("frmBoundaryWrap") {
   lblEast.SetCaption("Eastern Boundary");
   lblNorth.SetCaption("Northern Boundary");
   lblSouth.SetCaption("Southern Boundary");
+  chkShortSteps.SetCaption("Steps of more than 180° mean the short &way over the edge");
+  lblPole.SetCaption("Rings round the globe &hold");
+  cboPole.DropDownList = true;
+  cboPole.SetBackColor(kWindowBackground);
+  for (const PoleLine& line : kPoleLines) cboPole.AddItem(line.text);
+  chkShortSteps.Click = [this] { Trap("chkShortSteps_Click", [this] { FollowShortSteps(); }); };
   optWrap180.Click = [this] { Trap("optWrap180_Click", [this] { ChooseOption(kWrap180); }); };
   optWrap360.Click = [this] { Trap("optWrap360_Click", [this] { ChooseOption(kWrap360); }); };
   optCustom.Click = [this] { Trap("optCustom_Click", [this] { ChooseOption(kCustomOrNoWrap); }); };
@@ -53,22 +78,28 @@ void frmBoundaryWrap::LayOut() {
   txtNorth.Move(89, 175, 72, 13);
   lblSouth.Move(169, 177, 70, 9);
   txtSouth.Move(241, 175, 72, 13);
-  PlaceLowerRows(198);
-  SetTabOrder({&lblLayer,  &lbxLayers,       &txtMessage,   &optWrap180,   &optWrap360, &optCustom,
-               &lblWest,   &txtWest,         &lblEast,      &txtEast,      &lblNorth,   &txtNorth,
-               &lblSouth,  &txtSouth,        &lblLongShift, &txtLongShift, &lblDegrees, &lblOutputName,
-               &txtOutput, &cmdGetWorkspace, &cmdManual,    &cmdOK,        &cmdCancel});
+  chkShortSteps.Move(7, 196, 306, 11);
+  lblPole.Move(17, 213, 104, 9);
+  cboPole.Move(125, 211, 90, 13);
+  PlaceLowerRows(232);
+  SetTabOrder({&lblLayer,      &lbxLayers,       &txtMessage, &optWrap180,   &optWrap360,   &optCustom,  &lblWest,
+               &txtWest,       &lblEast,         &txtEast,    &lblNorth,     &txtNorth,     &lblSouth,   &txtSouth,
+               &chkShortSteps, &lblPole,         &cboPole,    &lblLongShift, &txtLongShift, &lblDegrees, &lblOutputName,
+               &txtOutput,     &cmdGetWorkspace, &cmdManual,  &cmdOK,        &cmdCancel});
 }
 
 void frmBoundaryWrap::Form_Load() {
   LongitudeForm::Form_Load();
-  KeepAboveLowerEdge({&optCustom, &lblWest, &txtWest, &lblEast, &txtEast, &lblNorth, &txtNorth, &lblSouth, &txtSouth});
+  KeepAboveLowerEdge({&optCustom, &lblWest, &txtWest, &lblEast, &txtEast, &lblNorth, &txtNorth, &lblSouth, &txtSouth,
+                      &chkShortSteps, &lblPole, &cboPole});
 }
 
 void frmBoundaryWrap::SetArcApplication(const std::shared_ptr<IApplication>& application) {
   Trap("ArcApplication", [&] {
     const std::shared_ptr<clsExtension> extension = Require(FindExtension(application), "clsExtension");
+    const StepChoice steps = RememberedSteps(*extension);
     Begin(application, extension, ReleasedLayerName(extension->frmBoundaryWrapReturn));
+    ShowSteps(steps);
     ShowBox(RememberedBox(*extension));
     ShowShift(extension->LongitudeShift);
     OptionButton& option = extension->LongitudeWrapOption == kWrap180   ? optWrap180
@@ -95,6 +126,24 @@ void frmBoundaryWrap::ShowBox(const WrapBox& box) {
   txtEast.SetText(BoxNumber(box.east));
   txtNorth.SetText(BoxNumber(box.north));
   txtSouth.SetText(BoxNumber(box.south));
+}
+
+void frmBoundaryWrap::ShowSteps(const StepChoice& choice) {
+  const auto* line = std::ranges::find(kPoleLines, choice.pole, &PoleLine::pole);
+  cboPole.SetListIndex(line != std::end(kPoleLines) ? static_cast<std::int32_t>(line - kPoleLines) : 0);
+  chkShortSteps.SetValue(choice.steps == LongSteps::kShortWay ? CheckBox::kChecked : CheckBox::kUnchecked);
+  FollowShortSteps();
+}
+
+void frmBoundaryWrap::FollowShortSteps() {
+  const bool short_way = chkShortSteps.Value() == CheckBox::kChecked;
+  cboPole.SetEnabled(short_way);
+  cboPole.SetBackColor(short_way ? kWindowBackground : kButtonFace);
+}
+
+StepChoice frmBoundaryWrap::ChosenSteps() const {
+  if (chkShortSteps.Value() != CheckBox::kChecked) return {};
+  return {LongSteps::kShortWay, kPoleLines[cboPole.ListIndex()].pole};
 }
 
 std::optional<WrapBox> frmBoundaryWrap::ChosenBox() {
@@ -152,7 +201,9 @@ void frmBoundaryWrap::cmdOK_Click() {
   extension.CustomBoundarySouth = box->south;
   extension.LongitudeShift = Shift();
   extension.LongitudeWrapOption = option_;
-  extension.frmBoundaryWrapReturn = WrapArguments::Make(layer, *box, option_, DescribeOutput(*layer), Shift());
+  extension.frmBoundaryWrapReturn =
+      WrapArguments::Make(layer, *box, option_, DescribeOutput(*layer), Shift(), ChosenSteps());
+  WrapArguments(extension.frmBoundaryWrapReturn).SetFromDocument(FromDocument());
   Finish();
 }
 

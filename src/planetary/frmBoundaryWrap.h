@@ -23,6 +23,9 @@ class frmBoundaryWrap final : public LongitudeForm {
   TextBox txtNorth{*this, "txtNorth"};
   Label lblSouth{*this, "lblSouth"};
   TextBox txtSouth{*this, "txtSouth"};
+  CheckBox chkShortSteps{*this, "chkShortSteps"};
+  Label lblPole{*this, "lblPole"};
+  ComboBox cboPole{*this, "cboPole"};
 
   void SetArcApplication(const std::shared_ptr<IApplication>& application);
 
@@ -35,6 +38,9 @@ class frmBoundaryWrap final : public LongitudeForm {
   void LayOut();
   void ChooseOption(std::int32_t option);
   void ShowBox(const WrapBox& box);
+  void ShowSteps(const StepChoice& choice);
+  void FollowShortSteps();
+  [[nodiscard]] StepChoice ChosenSteps() const;
   /// The box of the chosen option; nothing after the user was told what is wrong with it.
   [[nodiscard]] std::optional<WrapBox> ChosenBox();
   [[nodiscard]] std::optional<WrapBox> CustomBox();

@@ -159,6 +159,7 @@ void frmGeoCentric::cmdOK_Click() {
   extension.LongitudeWrapOption = option_;
   extension.frmGeoCentricReturn = GeoCentricArguments::Make(layer, spheroid_name_, semi_major_axis_, semi_minor_axis_,
                                                             Shift(), option_, DescribeOutput(*layer));
+  GeoCentricArguments(extension.frmGeoCentricReturn).SetFromDocument(FromDocument());
   Finish();
 }
 

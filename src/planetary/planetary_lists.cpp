@@ -9,6 +9,22 @@ constexpr const char* kBrowseTitle = "Enter the name of your new Feature Class o
 
 }  // namespace
 
+std::vector<std::string> TextsAt(const VarArray& list, std::int32_t position) {
+  if (list.Count() <= position) return {};
+  const auto texts = list.Element(position).AsObject<StrArray>();
+  return {texts->begin(), texts->end()};
+}
+
+void PutTexts(VarArray& list, std::int32_t position, const std::vector<std::string>& texts) {
+  auto items = std::make_shared<StrArray>();
+  for (const std::string& text : texts) items->Add(text);
+  if (list.Count() == position) {
+    list.Add(items);
+  } else {
+    list.SetElement(position, items);
+  }
+}
+
 std::shared_ptr<VarArray> OutputDescription::Make(const IFeatureLayer& layer,
                                                   const MyGeneralOperations::OutputChoice& place) {
   const std::shared_ptr<IFeatureClass> features = Require(layer.FeatureClass(), "FeatureClass");
@@ -43,14 +59,23 @@ MyGeneralOperations::OutputChoice OutputDescription::Place() const {
 }
 
 std::shared_ptr<VarArray> WrapArguments::Make(const std::shared_ptr<IFeatureLayer>& layer, const WrapBox& box,
-                                              std::int32_t option, std::shared_ptr<VarArray> output, double shift) {
+                                              std::int32_t option, std::shared_ptr<VarArray> output, double shift,
+                                              const StepChoice& steps) {
   auto list = std::make_shared<VarArray>();
   list->Add(layer);
   for (const double side : {box.west, box.north, box.east, box.south}) list->Add(side);
   list->Add(option);
   list->Add(std::move(output));
   list->Add(shift);
+  list->Add(static_cast<std::int32_t>(steps.steps));
+  list->Add(static_cast<std::int32_t>(steps.pole));
   return list;
+}
+
+StepChoice WrapArguments::Steps() const {
+  if (list_->Count() <= kPole) return {};
+  return {static_cast<LongSteps>(At(kSteps).AsLong()),
+          static_cast<MyGeometricOperations::EnclosedPole>(At(kPole).AsLong())};
 }
 
 std::shared_ptr<VarArray> GeoCentricArguments::Make(const std::shared_ptr<IFeatureLayer>& layer,

@@ -5,8 +5,10 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "frame/clsExtension.h"
+#include "geodesy/longitude_continuation.h"
 #include "geodesy/wrap.h"
 #include "platform/arrays.h"
 #include "platform/map.h"
@@ -20,6 +22,15 @@ enum WrapOption : std::int32_t {
   kCustomOrNoWrap = 0,
   kWrap180 = 1,
   kWrap360 = 2,
+};
+
+/// What a step of more than 180 degrees of longitude means.
+enum class LongSteps : std::int32_t { kAsTheyStand = 0, kShortWay = 1 };
+
+/// How shapes that jump over the edge are read.
+struct StepChoice {
+  LongSteps steps = LongSteps::kAsTheyStand;
+  MyGeometricOperations::EnclosedPole pole = MyGeometricOperations::EnclosedPole::SmallerPart;
 };
 
 constexpr WrapBox kBox180{-180.0, 90.0, 180.0, -90.0};
@@ -63,6 +74,11 @@ class OutputDescription {
   std::shared_ptr<VarArray> list_;
 };
 
+/// The texts at a position; none where the list ends before it.
+[[nodiscard]] std::vector<std::string> TextsAt(const VarArray& list, std::int32_t position);
+/// Puts texts at a position, which must be in the list or the next behind it.
+void PutTexts(VarArray& list, std::int32_t position, const std::vector<std::string>& texts);
+
 /// The choices of the wrap dialog.
 class WrapArguments {
  public:
@@ -70,7 +86,7 @@ class WrapArguments {
 
   [[nodiscard]] static std::shared_ptr<VarArray> Make(const std::shared_ptr<IFeatureLayer>& layer, const WrapBox& box,
                                                       std::int32_t option, std::shared_ptr<VarArray> output,
-                                                      double shift);
+                                                      double shift, const StepChoice& steps = {});
 
   /// Nothing once the run is over.
   [[nodiscard]] std::shared_ptr<IFeatureLayer> Layer() const { return At(kLayer).AsObject<IFeatureLayer>(); }
@@ -80,9 +96,26 @@ class WrapArguments {
   [[nodiscard]] std::int32_t Option() const { return At(kOption).AsLong(); }
   [[nodiscard]] OutputDescription Output() const { return OutputDescription(At(kOutput).AsObject<VarArray>()); }
   [[nodiscard]] double Shift() const { return At(kShift).AsDouble(); }
+  /// As they stand in a list that says nothing of it.
+  [[nodiscard]] StepChoice Steps() const;
+  /// The names of settings that came from the map document without anybody's word.
+  [[nodiscard]] std::vector<std::string> FromDocument() const { return TextsAt(*list_, kFromDocument); }
+  void SetFromDocument(const std::vector<std::string>& names) { PutTexts(*list_, kFromDocument, names); }
 
  private:
-  enum Position : std::int32_t { kLayer, kWest, kNorth, kEast, kSouth, kOption, kOutput, kShift };
+  enum Position : std::int32_t {
+    kLayer,
+    kWest,
+    kNorth,
+    kEast,
+    kSouth,
+    kOption,
+    kOutput,
+    kShift,
+    kSteps,
+    kPole,
+    kFromDocument
+  };
   [[nodiscard]] const Variant& At(std::int32_t position) const { return list_->Element(position); }
   std::shared_ptr<VarArray> list_;
 };
@@ -104,9 +137,21 @@ class GeoCentricArguments {
   [[nodiscard]] double Shift() const { return At(kShift).AsDouble(); }
   [[nodiscard]] std::int32_t Option() const { return At(kOption).AsLong(); }
   [[nodiscard]] OutputDescription Output() const { return OutputDescription(At(kOutput).AsObject<VarArray>()); }
+  /// The names of settings that came from the map document without anybody's word.
+  [[nodiscard]] std::vector<std::string> FromDocument() const { return TextsAt(*list_, kFromDocument); }
+  void SetFromDocument(const std::vector<std::string>& names) { PutTexts(*list_, kFromDocument, names); }
 
  private:
-  enum Position : std::int32_t { kLayer, kSpheroidName, kSemiMajorAxis, kSemiMinorAxis, kShift, kOption, kOutput };
+  enum Position : std::int32_t {
+    kLayer,
+    kSpheroidName,
+    kSemiMajorAxis,
+    kSemiMinorAxis,
+    kShift,
+    kOption,
+    kOutput,
+    kFromDocument
+  };
   [[nodiscard]] const Variant& At(std::int32_t position) const { return list_->Element(position); }
   std::shared_ptr<VarArray> list_;
 };

@@ -1,6 +1,7 @@
 #include "planetary/planetary_runs.h"
 
 #include "geodesy/MyGeometricOperations.h"
+#include "geodesy/short_steps.h"
 #include "planetary/LongitudeForm.h"
 #include "planetary/feature_rewrite.h"
 #include "platform/trap.h"
@@ -40,45 +41,96 @@ ReportSection InputSection(const std::string& conversion, const IFeatureLayer& l
 
 std::string Degrees(double value) { return MyGeneralOperations::TrimZerosAndDecimals(value, false); }
 
+const char* PoleText(EnclosedPole pole) {
+  switch (pole) {
+    case EnclosedPole::North:
+      return "North Pole";
+    case EnclosedPole::South:
+      return "South Pole";
+    case EnclosedPole::Both:
+      return "Both Poles";
+    case EnclosedPole::Neither:
+      return "Neither Pole";
+    default:
+      return "Smaller Part";
+  }
+}
+
+// Nothing is said of steps that stay as they stand.
+void AddSteps(const StepChoice& choice, ReportSection& section) {
+  if (choice.steps == LongSteps::kAsTheyStand) return;
+  section.lines.emplace_back("  ** Steps of more than 180 Degrees:  The Short Way over the Edge");
+  section.lines.push_back(std::string("  ** Rings round the Globe Hold:  ") + PoleText(choice.pole));
+}
+
+void AddFromDocument(const std::vector<std::string>& settings, std::vector<ReportSection>& sections) {
+  if (settings.empty()) return;
+  ReportSection section{"Taken from the Map Document:", {}};
+  for (const std::string& setting : settings) section.lines.push_back("  ** " + setting);
+  sections.push_back(std::move(section));
+}
+
 RewrittenMeasure MeasureOf(const WrappedShape& wrapped) {
   return {wrapped.measure_before, wrapped.measure_after, wrapped.rounding};
 }
 
-RewrittenShape WrapFeature(const GeometryRef& copy, std::int64_t oid, const WrapBox& box, double shift,
+struct WrapTask {
+  WrapBox box;
+  double shift;
+  StepChoice steps;
+};
+
+// The shape where the wrap finds it: shifted, and carried on over the edge where that is wanted.
+struct Prepared {
+  GeometryRef shape;
+  ShortSteps steps;
+};
+
+Prepared Prepare(const GeometryRef& copy, const WrapTask& task) {
+  Prepared prepared{task.shift != 0.0 ? FeatureLongitudeShift(copy, task.shift) : copy, {}};
+  if (prepared.shape && task.steps.steps == LongSteps::kShortWay) {
+    prepared.steps = TakeShortSteps(*prepared.shape, task.steps.pole);
+  }
+  return prepared;
+}
+
+RewrittenShape WrapFeature(const GeometryRef& copy, std::int64_t oid, const WrapTask& task,
                            const KeepGoing& keep_going) {
   const std::string feature = std::to_string(oid);
-  const RewrittenShape failed{
-      copy, "  --> Failed to wrap feature at OID #" + feature + ".  Wrap function apparently crashed..."};
-  const GeometryRef shape = shift != 0.0 ? FeatureLongitudeShift(copy, shift) : copy;
-  if (!shape) return failed;
-  const WrappedShape wrapped = WrapOwnShape(CloneOf(*shape), box, keep_going);
+  const std::string failure =
+      "  --> Failed to wrap feature at OID #" + feature + ".  Wrap function apparently crashed...";
+  const Prepared prepared = Trap("WrapToBoundary", [&] { return Prepare(copy, task); });
+  if (!prepared.shape) return {copy, failure};
+  const WrappedShape wrapped = WrapOwnShape(CloneOf(*prepared.shape), task.box, keep_going);
   if (wrapped.stopped) return {.stopped = true};
-  if (!wrapped.shape) return {shape, failed.problem};
+  if (!wrapped.shape) return {prepared.shape, failure};
   const bool empty = wrapped.shape->IsEmpty();
   return {wrapped.shape, empty ? "  --> Wrapped Feature at OID #" + feature + " is empty..." : "", false,
-          MeasureOf(wrapped)};
+          MeasureOf(wrapped), prepared.steps};
 }
 
 FeatureRewrite WrapRun(const WrapArguments& arguments) {
   const std::shared_ptr<IFeatureLayer> layer = Require(arguments.Layer(), "layer");
-  const WrapBox box = arguments.Box();
-  const double shift = arguments.Shift();
-  return {
-      "WrapToBoundaries",
-      kWrapName,
-      kWrapTitle,
-      {InputSection(kWrapName, *layer),
-       {"Boundary Parameters:",
-        {"  ** Option:  " + OptionText(arguments.Option(), "Custom Wrap Boundaries"),
-         "  ** Western Boundary:  " + Degrees(box.west), "  ** Northern Boundary:  " + Degrees(box.north) + kDegrees,
-         "  ** Eastern Boundary:  " + Degrees(box.east) + kDegrees,
-         "  ** Southern Boundary:  " + Degrees(box.south) + kDegrees,
-         "  ** Longitudinal Shift:  " + Degrees(shift) + kDegrees}}},
-      layer,
-      arguments.Output(),
-      [box, shift](const GeometryRef& shape, std::int64_t oid, const KeepGoing& keep_going) {
-        return WrapFeature(shape, oid, box, shift, keep_going);
-      }};
+  const WrapTask task{arguments.Box(), arguments.Shift(), arguments.Steps()};
+  ReportSection boundary{"Boundary Parameters:",
+                         {"  ** Option:  " + OptionText(arguments.Option(), "Custom Wrap Boundaries"),
+                          "  ** Western Boundary:  " + Degrees(task.box.west),
+                          "  ** Northern Boundary:  " + Degrees(task.box.north) + kDegrees,
+                          "  ** Eastern Boundary:  " + Degrees(task.box.east) + kDegrees,
+                          "  ** Southern Boundary:  " + Degrees(task.box.south) + kDegrees,
+                          "  ** Longitudinal Shift:  " + Degrees(task.shift) + kDegrees}};
+  AddSteps(task.steps, boundary);
+  std::vector<ReportSection> sections{InputSection(kWrapName, *layer), boundary};
+  AddFromDocument(arguments.FromDocument(), sections);
+  return {"WrapToBoundaries",
+          kWrapName,
+          kWrapTitle,
+          sections,
+          layer,
+          arguments.Output(),
+          [task](const GeometryRef& shape, std::int64_t oid, const KeepGoing& keep_going) {
+            return WrapFeature(shape, oid, task, keep_going);
+          }};
 }
 
 FeatureRewrite LatitudeRun(const Direction& direction, const GeoCentricArguments& arguments) {
@@ -86,16 +138,19 @@ FeatureRewrite LatitudeRun(const Direction& direction, const GeoCentricArguments
   const std::int32_t option = arguments.Option();
   double semi_major = arguments.SemiMajorAxis(), semi_minor = arguments.SemiMinorAxis();
   const double shift = arguments.Shift();
+  std::vector<ReportSection> sections{
+      InputSection(direction.conversion, *layer),
+      {"Spheroid Parameters:",
+       {"  ** Spheroid Name:  " + arguments.SpheroidName(),
+        "  ** Spheroid Semi-Major (Equatorial) Radius:  " + BoxNumber(semi_major) + " meters",
+        "  ** Spheroid Semi-Minor (Polar) Radius:  " + BoxNumber(semi_minor) + " meters",
+        "  ** Longitudinal Shift:  " + BoxNumber(shift) + kDegrees,
+        "  ** Wrap Option:  " + OptionText(option, "No Wrap Option")}}};
+  AddFromDocument(arguments.FromDocument(), sections);
   return {direction.worker,
           direction.conversion,
           kLatitudeTitle,
-          {InputSection(direction.conversion, *layer),
-           {"Spheroid Parameters:",
-            {"  ** Spheroid Name:  " + arguments.SpheroidName(),
-             "  ** Spheroid Semi-Major (Equatorial) Radius:  " + BoxNumber(semi_major) + " meters",
-             "  ** Spheroid Semi-Minor (Polar) Radius:  " + BoxNumber(semi_minor) + " meters",
-             "  ** Longitudinal Shift:  " + BoxNumber(shift) + kDegrees,
-             "  ** Wrap Option:  " + OptionText(option, "No Wrap Option")}}},
+          sections,
           layer,
           arguments.Output(),
           [=, convert = direction.convert](const GeometryRef& shape, std::int64_t oid,

@@ -1,6 +1,8 @@
 #include "planetary/rewrite_reports.h"
 
+#include <algorithm>
 #include <cmath>
+#include <span>
 
 #include "platform/paths.h"
 #include "platform/rich_text.h"
@@ -18,6 +20,8 @@ constexpr std::string_view kRule = "--------------------------------------------
 constexpr std::string_view kCreateFailure = "'CreateGeneralFeatureClass' Function failed unexpectedly...";
 constexpr std::string_view kProblemHeading = "NOTE:  The following problems were found in the dataset:";
 constexpr std::string_view kStoppedNote = "NOTE:  Exited Function Prematurely at Record ";
+
+constexpr std::size_t kListed = 10;
 
 std::string Opening(std::string_view title) {
   return std::string(kHeader) + EscapeRtf(title) + std::string(kTitleEnd) + std::string(kRule);
@@ -52,26 +56,40 @@ MeasureWords WordsOf(esriGeometryType type) {
   return {"number of places", ""};
 }
 
-std::string OidList(const MeasureAccount& account) {
+std::string OidList(std::span<const std::int64_t> first, std::int64_t count) {
   std::string text;
-  for (const std::int64_t oid : account.first_oids) text += (text.empty() ? "#" : ", #") + std::to_string(oid);
-  const auto more = account.differing - static_cast<std::int64_t>(account.first_oids.size());
+  for (const std::int64_t oid : first) text += (text.empty() ? "#" : ", #") + std::to_string(oid);
+  const auto more = count - static_cast<std::int64_t>(first.size());
   return more > 0 ? text + " and " + std::to_string(more) + " more" : text;
+}
+
+void AddPole(const char* name, const std::vector<std::int64_t>& oids, ReportSection& section) {
+  if (oids.empty()) return;
+  const std::span<const std::int64_t> first(oids.data(), std::min(oids.size(), kListed));
+  section.lines.push_back(std::string("  --> ") + name + ":  OID " +
+                          OidList(first, static_cast<std::int64_t>(oids.size())));
+}
+
+ReportSection PoleSection(const HeldPoles& poles) {
+  ReportSection section{"NOTE:  Rings round the globe were led over a pole:", {}};
+  AddPole("North Pole", poles.north, section);
+  AddPole("South Pole", poles.south, section);
+  return section;
 }
 
 ReportSection DifferenceSection(const MeasureAccount& account) {
   const MeasureWords words = WordsOf(account.type);
-  return {std::string("NOTE:  The ") + words.name + " of some features changed:",
-          {"  --> In:  " + NumberText(account.before) + words.unit,
-           "  --> Out:  " + NumberText(account.after) + words.unit, "  --> Changed at OID " + OidList(account),
-           "  --> Pieces that come to lie on each other count once; what lies on an edge stands on both edges."}};
+  return {
+      std::string("NOTE:  The ") + words.name + " of some features changed:",
+      {"  --> In:  " + NumberText(account.before) + words.unit, "  --> Out:  " + NumberText(account.after) + words.unit,
+       "  --> Changed at OID " + OidList(account.first_oids, account.differing),
+       "  --> Pieces that come to lie on each other count once; what lies on an edge stands on both edges."}};
 }
 
 }  // namespace
 
 bool MeasureAccount::Add(const RewrittenMeasure& measure, std::int64_t oid) {
   constexpr double kTolerance = 1e-9;
-  constexpr std::size_t kListed = 10;
   before += measure.before;
   after += measure.after;
   const double allowed = kTolerance * std::fabs(measure.before) + measure.rounding;
@@ -94,6 +112,7 @@ std::string RewriteReport(std::string_view title, const std::vector<ReportSectio
   if (facts.stopped) {
     report += Bold(std::string(kStoppedNote) + std::to_string(facts.records_done)) + std::string(kRule);
   }
+  if (!facts.poles.north.empty() || !facts.poles.south.empty()) report += Section(PoleSection(facts.poles));
   if (facts.measures.differing > 0) report += Section(DifferenceSection(facts.measures));
   if (!facts.problems.empty()) report += Bold(kProblemHeading) + facts.problems + std::string(kRule);
   return report + "\\pard\\qc " + facts.time_spent + "\\par\r\n}";

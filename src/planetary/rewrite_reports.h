@@ -41,6 +41,11 @@ struct MeasureAccount {
   bool Add(const RewrittenMeasure& measure, std::int64_t oid);
 };
 
+/// The features that were taken to hold a pole.
+struct HeldPoles {
+  std::vector<std::int64_t> north, south;
+};
+
 /// How the run went. Texts are plain, apart from those that are said to be RTF.
 struct RewriteFacts {
   std::int32_t records_done = 0;
@@ -48,6 +53,7 @@ struct RewriteFacts {
   std::string problems;    ///< RTF; empty when there was none
   std::string time_spent;  ///< RTF
   MeasureAccount measures;
+  HeldPoles poles;
 };
 
 /// A line of the section of problems, as RTF.

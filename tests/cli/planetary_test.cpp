@@ -1,5 +1,9 @@
 // The commands of the planetary tools, as a user runs them.
 #include <gmock/gmock.h>
+#include <ogrsf_frmts.h>
+
+#include <filesystem>
+#include <fstream>
 
 #include "cli/program_run.h"
 
@@ -8,8 +12,21 @@ namespace {
 
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
+using ::testing::Not;
 
-class Planetary : public ProgramTest {};
+class Planetary : public ProgramTest {
+ protected:
+  static std::vector<double> AreasIn(const std::string& file) {
+    GDALAllRegister();
+    std::vector<double> areas;
+    const GDALDatasetUniquePtr data(GDALDataset::Open(file.c_str(), GDAL_OF_VECTOR));
+    if (!data) return areas;
+    for (const auto& feature : *data->GetLayer(0)) {
+      areas.push_back(OGR_G_Area(OGRGeometry::ToHandle(feature->GetGeometryRef())));
+    }
+    return areas;
+  }
+};
 
 TEST_F(Planetary, WhatIsAskedWronglyIsRefusedAndLeavesNothing) {
   struct Row {
@@ -23,6 +40,9 @@ TEST_F(Planetary, WhatIsAskedWronglyIsRefusedAndLeavesNothing) {
       {{"wrap", countries, "--bounds", "10,0,5,20"}, "Western Boundary Value >= Eastern Boundary Value..."},
       {{"wrap", countries, "--bounds", "10,south,15,20"}, "Southern Boundary Value is invalid..."},
       {{"wrap", countries, "--range", "270"}, "--range"},
+      {{"wrap", countries, "--range", "180", "--pole", "north"}, "--short-steps"},
+      {{"wrap", countries, "--range", "180", "--short-steps", "--pole", "east"}, "--pole"},
+      {{"wrap", "countries", "--document", Data("graphics.json")}, "or a --document that remembers one"},
       {{"wrap", countries, "--range", "180", "--shift", "half"}, "--shift: 'half' is no number of degrees."},
       {{"to-graphic", countries, "--radii", "0,5"}, "--radii 0,5 isn't understood"},
       {{"to-centric", countries, "--spheroid", "Marz 2000"}, "There is no spheroid 'Marz 2000'. Near are 'Mars 2000'"},
@@ -67,6 +87,62 @@ TEST_F(Planetary, WrapAndConvertWithTheOptionsOfTheDialogs) {
   const ProgramOutcome over =
       RunTessarine({"wrap", Data("cities.shp"), "--range", "360", "-o", In("mars.shp"), "--overwrite"});
   EXPECT_EQ(over.status, 0) << over.err;
+}
+
+TEST_F(Planetary, StepsGoTheShortWayIfAskedFor) {
+  std::ofstream(In("jump.json")) << R"({"type": "FeatureCollection", "features": [
+    {"type": "Feature", "properties": {}, "geometry": {"type": "Polygon", "coordinates":
+      [[[170, 0], [-170, 0], [-170, 10], [170, 10], [170, 0]]]}},
+    {"type": "Feature", "properties": {}, "geometry": {"type": "Polygon", "coordinates":
+      [[[0, -60], [-120, -66], [120, -63], [0, -60]]]}}]})";
+  struct Row {
+    std::vector<std::string> options;
+    double box, cap;  // square degrees
+  };
+  const Row rows[] = {
+      {{}, 3400, -1}, {{"--short-steps"}, 200, 360 * 27}, {{"--short-steps", "--pole", "north"}, 200, 360 * 153}};
+  int number = 0;
+  for (const Row& row : rows) {
+    const std::string out = In("out" + std::to_string(++number) + ".shp");
+    std::vector<std::string> arguments{"wrap", In("jump.json"), "--range", "180", "-o", out};
+    arguments.insert(arguments.end(), row.options.begin(), row.options.end());
+    const ProgramOutcome run = RunTessarine(arguments);
+    ASSERT_EQ(run.status, 0) << run.err;
+    const std::vector<double> areas = AreasIn(out);
+    ASSERT_EQ(areas.size(), 2U);
+    EXPECT_NEAR(areas[0], row.box, 1e-9);
+    if (row.cap > 0) {
+      EXPECT_NEAR(areas[1], row.cap, 1e-9);
+    }
+  }
+}
+
+TEST_F(Planetary, SettingsOfADocumentApplyAndAreTold) {
+  for (const char* file : {"graphics.json", "countries.shp", "countries.shx", "countries.dbf", "countries.prj"}) {
+    std::filesystem::copy(Data(file), folder_);
+  }
+  const std::vector<std::string> document{"--document", In("graphics.json")};
+  const auto run = [&](std::vector<std::string> arguments) {
+    arguments.insert(arguments.end(), document.begin(), document.end());
+    return RunTessarine(arguments);
+  };
+  const ProgramOutcome first =
+      run({"wrap", "countries", "--bounds", "-90,-90,270,90", "--shift", "-12.5", "-o", In("a.shp")});
+  ASSERT_EQ(first.status, 0) << first.err;
+  EXPECT_THAT(first.out, Not(HasSubstr("Taken from the Map Document")));
+  for (const bool planned : {true, false}) {
+    std::vector<std::string> arguments{"wrap", "countries", "-o", In("b.shp")};
+    if (planned) arguments.push_back("--dry-run");
+    const ProgramOutcome second = run(arguments);
+    ASSERT_EQ(second.status, 0) << second.err;
+    EXPECT_THAT(second.out, HasSubstr("  ** Western Boundary:  -90\n"));
+    EXPECT_THAT(second.out, HasSubstr("Taken from the Map Document:\n  ** Boundary Box\n"
+                                      "  ** Longitudinal Shift:  -12.5 decimal degrees\n"));
+  }
+  const ProgramOutcome told = run({"wrap", "countries", "--range", "360", "--shift", "0", "-o", In("c.shp")});
+  EXPECT_THAT(told.out, Not(HasSubstr("Taken from the Map Document")));
+  const ProgramOutcome latitudes = run({"to-centric", "countries", "-o", In("d.shp")});
+  EXPECT_THAT(latitudes.out, HasSubstr("Taken from the Map Document:\n  ** Wrap Option\n---"));
 }
 
 }  // namespace

@@ -157,6 +157,38 @@ TEST_F(PlanetaryFormTest, OkOfTheWrapRefusesWhatIsNoBox) {
   EXPECT_EQ(extension->DirectoryType, "Shapefile");
 }
 
+TEST_F(PlanetaryFormTest, StepsOverTheEdgeAreAChoiceThatIsOffAtFirst) {
+  using MyGeometricOperations::EnclosedPole;
+  OpenWrap();
+  EXPECT_EQ(wrap.chkShortSteps.Value(), CheckBox::kUnchecked);
+  EXPECT_FALSE(wrap.cboPole.Enabled());
+  wrap.cmdOK.Press();
+  EXPECT_EQ(WrapArguments(extension->frmBoundaryWrapReturn).Steps().steps, LongSteps::kAsTheyStand);
+
+  frmBoundaryWrap second;
+  second.SetArcApplication(application);
+  second.chkShortSteps.SetValue(CheckBox::kChecked);
+  EXPECT_TRUE(second.cboPole.Enabled());
+  EXPECT_EQ(second.cboPole.Text(), "the smaller part");
+  second.cboPole.SetListIndex(2);
+  second.cmdOK.Press();
+  const StepChoice chosen = WrapArguments(extension->frmBoundaryWrapReturn).Steps();
+  EXPECT_EQ(chosen.steps, LongSteps::kShortWay);
+  EXPECT_EQ(chosen.pole, EnclosedPole::South);
+
+  // As with the layer, the next dialog shows the last choice.
+  ReleaseLayer(*extension->frmBoundaryWrapReturn);
+  frmBoundaryWrap third;
+  third.SetArcApplication(application);
+  EXPECT_EQ(third.chkShortSteps.Value(), CheckBox::kChecked);
+  EXPECT_EQ(third.cboPole.Text(), "the south pole");
+  // A list of eight elements says nothing of steps.
+  const auto shorter = std::make_shared<VarArray>();
+  for (int element = 0; element < 8; ++element) shorter->Add(0.0);
+  EXPECT_EQ(WrapArguments(shorter).Steps().steps, LongSteps::kAsTheyStand);
+  EXPECT_TRUE(WrapArguments(shorter).FromDocument().empty());
+}
+
 TEST_F(PlanetaryFormTest, TheNextDialogSelectsTheLayerOfTheLastRunAgain) {
   OpenWrap();
   wrap.lbxLayers.SetListIndex(1);

@@ -90,8 +90,10 @@ class PlanetaryTest : public ::testing::Test {
     layer->SetFeatureClass(DataSource::Open(folder.Native(name), false)->OpenFeatureClass(""));
   }
   // The report as a person reads it.
-  std::string Wrap(const WrapBox& box, std::int32_t option, double shift = 0.0, bool show_progress = false) {
-    const auto arguments = WrapArguments::Make(layer, box, option, OutputDescription::Make(*layer, place), shift);
+  std::string Wrap(const WrapBox& box, std::int32_t option, double shift = 0.0, bool show_progress = false,
+                   const StepChoice& steps = {}) {
+    const auto arguments =
+        WrapArguments::Make(layer, box, option, OutputDescription::Make(*layer, place), shift, steps);
     return ToPlainText(ReadRtf(WrapToBoundaries(application, document, extension, arguments, show_progress)));
   }
   StoredClass Output() const { return ReadStored(folder.Native(place.Name)); }

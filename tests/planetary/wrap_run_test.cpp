@@ -151,6 +151,67 @@ TEST_F(WrapRunTest, AttributesTakeNamesThatAShapefileCanHold) {
   EXPECT_EQ(output.rows.at(0).values, "Tharsis 10 20 30 NULL ");
 }
 
+TEST_F(WrapRunTest, WhatChangedIsTold) {
+  Use(esriGeometryPolyline);
+  features->Add(PolylineOf({{{0, 0}, {1, 0}}}));
+  features->Add(PolylineOf({{{190, 0}, {180, 0}, {180, 10}, {170, 10}}}));
+  features->Add(PolylineOf({{{170, 5}, {190, 5}}}));
+  const std::string text = Wrap(kBox180, kWrap180);
+  EXPECT_THAT(text, HasSubstr("NOTE:  The length of some features changed:\n  --> In:  51 degrees\n"
+                              "  --> Out:  61 degrees\n  --> Changed at OID #2\n"));
+  ASSERT_EQ(host.journal.warnings.size(), 1U);
+  EXPECT_THAT(host.journal.warnings[0].first_oids, ::testing::ElementsAre(2));
+
+  // Small shapes far from the box lose digits of their coordinates, which is no change.
+  Use(esriGeometryPolygon);
+  features->Add(PolygonOf({Box(3.1e-6, 1e-6, 1.31e-5, 1.1e-5)}));
+  place.Name = "far.shp";
+  EXPECT_THAT(Wrap({3600, 90, 3960, -90}, kCustomOrNoWrap), Not(HasSubstr("changed")));
+  EXPECT_TRUE(host.journal.warnings.empty());
+}
+
+TEST_F(WrapRunTest, StepsGoTheShortWayIfAskedFor) {
+  Use(esriGeometryPolygon);
+  features->Add(PolygonOf({{{170, 0}, {170, 10}, {-170, 10}, {-170, 0}, {170, 0}}}));
+  features->Add(PolygonOf({{{0, 80}, {120, 80}, {-120, 80}, {0, 80}}}));
+  const std::string as_given = Wrap(kBox180, kWrap180);
+  EXPECT_THAT(as_given, Not(HasSubstr("Steps")));
+  EXPECT_NEAR(Output().rows.at(0).Area(), 3400.0, 1e-9);
+  place.Name = "short.shp";
+  const StepChoice short_way{LongSteps::kShortWay, MyGeometricOperations::EnclosedPole::SmallerPart};
+  const std::string text = Wrap(kBox180, kWrap180, 0.0, false, short_way);
+  const StoredClass output = Output();
+  EXPECT_NEAR(output.rows.at(0).Area(), 200.0, 1e-9);
+  EXPECT_NEAR(output.rows.at(1).Area(), 3600.0, 1e-9);
+  EXPECT_THAT(text, HasSubstr("  ** Steps of more than 180 Degrees:  The Short Way over the Edge\n"
+                              "  ** Rings round the Globe Hold:  Smaller Part\n"));
+  EXPECT_THAT(text, HasSubstr("NOTE:  Rings round the globe were led over a pole:\n  --> North Pole:  OID #2\n-"));
+  EXPECT_THAT(text, Not(HasSubstr("changed")));
+  place.Name = "south.shp";
+  Wrap(kBox180, kWrap180, 0.0, false, {LongSteps::kShortWay, MyGeometricOperations::EnclosedPole::South});
+  EXPECT_NEAR(Output().rows.at(1).Area(), 360.0 * 170, 1e-9);
+}
+
+TEST_F(WrapRunTest, AStopIsSeenInsideAFeature) {
+  Use(esriGeometryPolyline);
+  std::vector<XY> zigzag;
+  for (int step = 0; step < 400; ++step) zigzag.push_back({step * 0.7, step % 2 == 0 ? 0.0 : 50.0});
+  features->Add(PolylineOf({{{0, 0}, {1, 0}}}));
+  features->Add(PolylineOf({zigzag}));
+  std::shared_ptr<ProgressForm> form;
+  host.forms.modeless = [&](Form& shown) { form = dynamic_cast<ProgressForm&>(shown).shared_from_this(); };
+  host.clock.step = 1;
+  int pumped = 0;
+  host.on_pump = [&] {
+    if (++pumped == 20) form->cmdStop.Press();
+  };
+  const std::string text = Wrap({0, 1, 1, 0}, kCustomOrNoWrap, 0.0, true);
+  EXPECT_THAT(text, HasSubstr("NOTE:  Exited Function Prematurely at Record 2\n"));
+  EXPECT_EQ(pumped, 20) << "nothing more was done";
+  EXPECT_EQ(Output().rows.size(), 1U);
+  EXPECT_TRUE(host.journal.stopped);
+}
+
 TEST_F(WrapRunTest, StopKeepsThePartialLayer) {
   Use(esriGeometryPoint);
   for (int index = 0; index < 6; ++index) features->Add(std::make_shared<Point>(index, 0));

@@ -1,5 +1,6 @@
 // The planetary tools: wrap to a box, and latitudes of planets.
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <memory>
 
 #include "hosts/terminal/commands.h"
@@ -27,6 +28,8 @@ struct PlanetaryOptions {
 struct WrapOptions : PlanetaryOptions {
   std::string range;
   std::string bounds;  ///< four numbers with commas between
+  bool short_steps = false;
+  std::string pole;
 };
 
 struct LatitudeRow {
@@ -47,6 +50,17 @@ struct LatitudeOptions : PlanetaryOptions {
   SpheroidOptions spheroid;
   std::string wrap;
 };
+
+constexpr const char* kNeedsBox =
+    "'wrap' needs a box: --range 180, --range 360 or --bounds W,S,E,N, or a --document that remembers one.";
+
+// The lines of the dialog, behind the one that leaves it to the data.
+constexpr const char* kPoles[] = {"north", "south", "both", "neither"};
+
+std::int32_t PoleLineOf(const std::string& name) {
+  const auto* found = std::ranges::find(kPoles, name);
+  return static_cast<std::int32_t>(found - kPoles) + 1;
+}
 
 std::vector<std::string> SplitAtCommas(const std::string& text) {
   std::vector<std::string> parts(1);
@@ -76,8 +90,18 @@ class PlanetaryScript : public FormScript {
 
  protected:
   void ChooseSource(Form& form) const { ChooseLayer(ControlOf<ListBox>(form, "lbxLayers"), layer_, command_, kTakes); }
+  // What nobody named on the command line stays as the document remembers it, and is told.
+  static void NoteFromDocument(Form& form, const std::string& setting) {
+    auto& label = ControlOf<Label>(form, "lblFromDocument");
+    label.SetCaption(label.Caption() + setting + "\n");
+  }
   void PressOk(Form& form) const {
-    if (!options_.shift.empty()) ControlOf<TextBox>(form, "txtLongShift").SetText(options_.shift);
+    auto& shift = ControlOf<TextBox>(form, "txtLongShift");
+    if (!options_.shift.empty()) {
+      shift.SetText(options_.shift);
+    } else if (shift.Text() != "0") {
+      NoteFromDocument(form, "Longitudinal Shift:  " + shift.Text() + " decimal degrees");
+    }
     ChooseOutput(form, output_);
     ControlOf<CommandButton>(form, "cmdOK").Press();
   }
@@ -96,13 +120,32 @@ class WrapScript final : public PlanetaryScript {
 
   void Answer(Form& form) override {
     ChooseSource(form);
-    const char* option = options_.range == "180" ? "optWrap180" : options_.range == "360" ? "optWrap360" : "optCustom";
-    ControlOf<OptionButton>(form, option).SetValue(true);
-    if (!options_.bounds.empty()) TypeBounds(form);
+    ChooseBox(form);
+    ControlOf<CheckBox>(form, "chkShortSteps")
+        .SetValue(options_.short_steps ? CheckBox::kChecked : CheckBox::kUnchecked);
+    if (!options_.pole.empty()) {
+      ControlOf<ComboBox>(form, "cboPole").SetListIndex(PoleLineOf(options_.pole));
+    }
     PressOk(form);
   }
 
  private:
+  void ChooseBox(Form& form) const {
+    if (options_.range.empty() && options_.bounds.empty()) {
+      if (!RemembersBox(form)) throw Refusal(kNeedsBox);
+      NoteFromDocument(form, "Boundary Box");
+      return;
+    }
+    const char* option = options_.range == "180" ? "optWrap180" : options_.range == "360" ? "optWrap360" : "optCustom";
+    ControlOf<OptionButton>(form, option).SetValue(true);
+    if (!options_.bounds.empty()) TypeBounds(form);
+  }
+  // Without a remembered box the form shows its own, which is that of the range of 180.
+  static bool RemembersBox(Form& form) {
+    const auto text = [&form](const char* box) { return ControlOf<TextBox>(form, box).Text(); };
+    return !ControlOf<OptionButton>(form, "optCustom").Value() || text("txtWest") != "-180" ||
+           text("txtEast") != "180" || text("txtSouth") != "-90" || text("txtNorth") != "90";
+  }
   void TypeBounds(Form& form) const {
     constexpr const char* kSides[] = {"txtWest", "txtSouth", "txtEast", "txtNorth"};
     const std::vector<std::string> bounds = SplitAtCommas(options_.bounds);
@@ -133,6 +176,8 @@ class LatitudeScript final : public PlanetaryScript {
     if (!options_.wrap.empty()) {
       const char* option = options_.wrap == "180" ? "optWrap180" : options_.wrap == "360" ? "optWrap360" : "optNoWrap";
       ControlOf<OptionButton>(form, option).SetValue(true);
+    } else if (!ControlOf<OptionButton>(form, "optNoWrap").Value()) {
+      NoteFromDocument(form, "Wrap Option");
     }
     PressOk(form);
   }
@@ -164,9 +209,8 @@ ExitStatus RunPlanetary(const PlanetaryOptions& options, const char* class_id, M
 }
 
 ExitStatus RunWrap(const WrapOptions& options) {
-  if (options.range.empty() && options.bounds.empty()) {
-    throw Refusal("'wrap' needs a box: --range 180, --range 360 or --bounds W,S,E,N.");
-  }
+  const bool box_is_given = !options.range.empty() || !options.bounds.empty();
+  if (!box_is_given && options.common.document.empty()) throw Refusal(kNeedsBox);
   if (!options.bounds.empty() && SplitAtCommas(options.bounds).size() != 4) {
     throw Refusal("--bounds takes four numbers: west, south, east and north, as in --bounds -90,-90,270,90.");
   }
@@ -202,6 +246,17 @@ void AddWrap(CLI::App& program, ChosenCommand& chosen) {
   command.add_option("--bounds", options->bounds, "A box of your own, in degrees")
       ->type_name("W,S,E,N")
       ->excludes(&range);
+  CLI::Option& short_steps =
+      *command.add_flag("--short-steps", options->short_steps,
+                        "Steps of more than 180 degrees mean the short way: from 170 to -170 are 20 degrees over the "
+                        "edge, not 340 across the map");
+  command
+      .add_option(
+          "--pole", options->pole,
+          "What rings round the globe hold: one ring the north or the south pole, two rings both or neither. Without "
+          "it they hold the smaller part of the sphere")
+      ->check(CLI::IsMember({"north", "south", "both", "neither"}))
+      ->needs(&short_steps);
   AddCommonOptions(command, options->common);
   command.footer("Example:\n  tessarine wrap tests/data/countries.shp --range 360 -o countries_360.shp");
   command.callback([&chosen, options] {

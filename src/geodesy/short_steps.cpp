@@ -1,0 +1,75 @@
+#include "geodesy/short_steps.h"
+
+#include <algorithm>
+#include <utility>
+#include <vector>
+
+#include "platform/fault.h"
+
+namespace tessarine::MyGeometricOperations {
+namespace {
+
+using Vertices = std::vector<XY>;
+using PathRef = std::shared_ptr<Path>;
+
+constexpr double kPole = 90.0;
+
+bool AnyLongStep(const PartedShape& shape) {
+  return std::ranges::any_of(shape.Parts(), [](const PathRef& part) {
+    const std::span<const XY> vertices = part->Vertices();
+    // The side that closes an open ring counts, too.
+    return HasLongStep(vertices) || (part->GeometryType() == esriGeometryRing && !vertices.empty() &&
+                                     HasLongStep(std::vector<XY>{vertices.back(), vertices.front()}));
+  });
+}
+
+bool RunsRoundTheGlobe(const Path& ring) { return TurnsOf(CarriedOn(ring.Vertices())) != 0; }
+
+// As torn, a ring keeps the direction that tells a hole of its file from an exterior ring.
+bool AHoleRunsRoundTheGlobe(const PartedShape& polygon) {
+  return std::ranges::any_of(
+      polygon.Parts(), [](const PathRef& part) { return Cast<Ring>(part)->Area() < 0.0 && RunsRoundTheGlobe(*part); });
+}
+
+// The greatest latitude north, or south.
+double ReachOf(const std::vector<Vertices>& rings, double sign) {
+  double reach = -kPole;
+  for (const Vertices& ring : rings) {
+    for (const XY vertex : ring) reach = std::max(reach, sign * vertex.y);
+  }
+  return reach;
+}
+
+ShortSteps ContinueRings(PartedShape& polygon, EnclosedPole pole) {
+  std::vector<Vertices> rings;
+  for (const PathRef& part : polygon.Parts()) rings.emplace_back(part->Vertices().begin(), part->Vertices().end());
+  const bool girdled =
+      std::ranges::any_of(polygon.Parts(), [](const PathRef& part) { return RunsRoundTheGlobe(*part); });
+  if (pole == EnclosedPole::SmallerPart && AHoleRunsRoundTheGlobe(polygon)) pole = EnclosedPole::Neither;
+  std::vector<Vertices> continued = ContinuedRings(rings, pole);
+  const ShortSteps steps{continued != rings, girdled && ReachOf(continued, 1.0) == kPole,
+                         girdled && ReachOf(continued, -1.0) == kPole};
+  if (!steps.changed) return {};
+  std::vector<PathRef> parts;
+  for (Vertices& ring : continued) parts.push_back(std::make_shared<Ring>(std::move(ring)));
+  polygon.SetParts(std::move(parts));
+  return steps;
+}
+
+ShortSteps ContinuePaths(PartedShape& line) {
+  for (const PathRef& part : line.Parts()) {
+    if (HasLongStep(part->Vertices())) part->SetVertices(CarriedOn(part->Vertices()));
+  }
+  return {.changed = true};
+}
+
+}  // namespace
+
+ShortSteps TakeShortSteps(IGeometry& shape, EnclosedPole pole) {
+  auto* parted = dynamic_cast<PartedShape*>(&shape);
+  if (parted == nullptr || !AnyLongStep(*parted)) return {};
+  if (parted->HasCurves()) Raise(kInvalidCall, "A shape with curves has a step of more than 180 degrees.");
+  return parted->GeometryType() == esriGeometryPolygon ? ContinueRings(*parted, pole) : ContinuePaths(*parted);
+}
+
+}  // namespace tessarine::MyGeometricOperations
