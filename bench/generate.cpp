@@ -55,7 +55,7 @@ std::unique_ptr<OGRGeometry> MakeJumping(std::mt19937_64& random) {
   auto polygon = MakePolygon(random);
   if (random() % 10 != 0) return polygon;
   OGRLinearRing& ring = *polygon->toPolygon()->getExteriorRing();
-  const double shift = 180.0 - ring.getX(0);
+  const double shift = 180.03 - ring.getX(0);
   for (int vertex = 0; vertex < ring.getNumPoints(); ++vertex) {
     ring.setPoint(vertex, std::remainder(ring.getX(vertex) + shift, 360.0), ring.getY(vertex));
   }

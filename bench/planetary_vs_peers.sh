@@ -26,7 +26,7 @@ for file in ours peer; do
 done
 echo "wrap of one polygon of 5,000 vertices into a box of a hundredth of a degree, 300,000 tiles around it"
 [ -f "$work/round.shp" ] || ogr2ogr "$work/round.shp" "$work/polygons.shp" -dialect sqlite \
-  -sql "SELECT ST_Buffer(MakePoint(0, 0, 4326), 3, 1250) AS geometry FROM polygons LIMIT 1"
+  -sql "SELECT ST_Buffer(MakePoint(0, 0, 4326), 3, 1250) AS geometry, number FROM polygons LIMIT 1"
 "$here/in_turn.py" --runs "$runs" \
   "tessarine=rm -f '$work'/ours.* && '$build/bin/tessarine' wrap '$work/round.shp' -o '$work/ours.shp' --bounds 0,0,0.01,0.01 -q"
 echo "to-centric, 100,000 polygons"
