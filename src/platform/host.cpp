@@ -1,5 +1,6 @@
 #include "platform/host.h"
 
+#include <chrono>
 #include <utility>
 
 #include "platform/fault.h"
@@ -10,6 +11,10 @@ namespace {
 IHost* g_host = nullptr;
 
 }  // namespace
+
+double IClock::SteadySeconds() const {
+  return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count();
+}
 
 IHost& Host() {
   if (g_host == nullptr) Raise(kObjectNotSet, "No host serves this process.");

@@ -20,8 +20,10 @@ namespace tessarine {
 class IClock {
  public:
   virtual ~IClock() = default;
-  /// Local time, to the second or better.
+  /// Local time, to the second or better; for texts. It jumps when somebody sets the clock.
   [[nodiscard]] virtual Date Now() const = 0;
+  /// Seconds since some moment, for spans; it never goes back.
+  [[nodiscard]] virtual double SteadySeconds() const;
 };
 
 enum class MessageButtons { Ok, OkCancel, YesNo };

@@ -1,5 +1,8 @@
 #include "support/elapsed_time.h"
 
+#include <algorithm>
+#include <cmath>
+
 #include "platform/text_formats.h"
 #include "platform/trap.h"
 
@@ -15,8 +18,8 @@ std::string Counted(std::int64_t value, const char* singular, const char* plural
   return std::to_string(value) + (value == 1 ? singular : plural);
 }
 
-std::string ElapsedText(Date begin, Date end) {
-  std::int64_t rest = SecondsBetween(begin, end);
+std::string ElapsedText(double seconds) {
+  auto rest = static_cast<std::int64_t>(std::floor(std::max(0.0, seconds)));
   const std::int64_t days = rest / 86400;
   rest %= 86400;
   const std::int64_t hours = rest / 3600;
@@ -32,19 +35,27 @@ std::string ElapsedText(Date begin, Date end) {
 }  // namespace
 
 std::string ReturnTimeElapsed(Date begin, Date end) {
-  return Trap("ReturnTimeElapsed", [&] {
+  return ReturnTimeElapsed(begin, end, static_cast<double>(SecondsBetween(begin, end)));
+}
+
+std::string ReturnTimeElapsed(Date begin, Date end, double seconds) {
+  return TrapHelper("ReturnTimeElapsed", [&] {
     return "Analysis Began: " + LongDate(begin) + ";  " + LongTime(begin) + "\r\n" +
            "Analysis Complete: " + LongDate(end) + ";  " + LongTime(end) + "\r\n" +
-           "Time Elapsed: " + ElapsedText(begin, end);
+           "Time Elapsed: " + ElapsedText(seconds);
   });
 }
 
 std::string ReturnTimeElapsedRTF(Date begin, Date end, std::int32_t font_size) {
-  return Trap("ReturnTimeElapsedRTF", [&] {
+  return ReturnTimeElapsedRTF(begin, end, font_size, static_cast<double>(SecondsBetween(begin, end)));
+}
+
+std::string ReturnTimeElapsedRTF(Date begin, Date end, std::int32_t font_size, double seconds) {
+  return TrapHelper("ReturnTimeElapsedRTF", [&] {
     std::string text = Replace(kTemplate, "zzzFontSizezzz", std::to_string(font_size * 2));
     text = Replace(text, "zzzTimeBeganzzz", LongDate(begin) + " at " + LongTime(begin));
     text = Replace(text, "zzzTimeEndzzz", LongDate(end) + " at " + LongTime(end));
-    return Replace(text, "zzzTimeElapsedzzz", ElapsedText(begin, end));
+    return Replace(text, "zzzTimeElapsedzzz", ElapsedText(seconds));
   });
 }
 

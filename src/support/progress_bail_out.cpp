@@ -22,7 +22,7 @@ bool BailOutOfProgress(const std::shared_ptr<Form>& form, const std::shared_ptr<
     const Date now = Host().Clock().Now();
     progress->AppendDetails("\r\nOperation cancelled prematurely at " + LongDate(now) + ";  " + LongTime(now) +
                             "\r\n---------------------------------------------------------\r\n" +
-                            ReturnTimeElapsed(progress->ProgBeginTime(), now));
+                            ReturnTimeElapsed(progress->ProgBeginTime(), now, progress->ElapsedSeconds()));
     if (progress->chkClose.Value() == CheckBox::kChecked) progress->Frame()->SetVisible(false);
     return true;
   });

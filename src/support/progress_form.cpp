@@ -93,6 +93,14 @@ std::shared_ptr<IModelessFrame> ProgressForm::Frame() {
   });
 }
 
+void ProgressForm::SetProgBeginTime(Date time) {
+  begin_time_ = time;
+  const IClock& clock = Host().Clock();
+  begin_seconds_ = clock.SteadySeconds() - static_cast<double>(SecondsBetween(time, clock.Now()));
+}
+
+double ProgressForm::ElapsedSeconds() const { return Host().Clock().SteadySeconds() - begin_seconds_; }
+
 void ProgressForm::SetProgRecCount(std::int32_t count) {
   record_count_ = count;
   count_text_ = aml_func_mod::InsertCommas(count);
@@ -151,13 +159,13 @@ void ProgressForm::ShowFraction() {
 }
 
 void ProgressForm::ShowTimes(std::int32_t record) {
-  const Date now = Host().Clock().Now();
-  const std::int64_t elapsed = SecondsBetween(begin_time_, now);
+  const double seconds = ElapsedSeconds();
+  const auto elapsed = static_cast<std::int64_t>(std::floor(seconds));
   const auto total =
       static_cast<std::int64_t>(std::floor(static_cast<double>(record_count_) * static_cast<double>(elapsed) / record));
   const std::int64_t left = total - elapsed;
-  if (SecondsBetween(last_refresh_, now) < 1) return;
-  last_refresh_ = now;
+  if (last_refresh_ && seconds - *last_refresh_ < 1.0) return;
+  last_refresh_ = seconds;
   const Date completion = AddSeconds(begin_time_, static_cast<double>(total));
   lblEstCompletionTime.SetCaption("Estimated completion time: " + LongTime(completion) +
                                   (total <= kSecondsPerDay ? "" : ", " + ShortDate(completion)));

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "platform/date.h"
@@ -40,7 +41,9 @@ class ProgressForm : public Form, public std::enable_shared_from_this<ProgressFo
   [[nodiscard]] bool ShouldContinue() const { return should_continue_; }
   void SetShouldContinue(bool value) { should_continue_ = value; }
   [[nodiscard]] Date ProgBeginTime() const { return begin_time_; }
-  void SetProgBeginTime(Date time) { begin_time_ = time; }
+  void SetProgBeginTime(Date time);
+  /// Seconds since the begin of the run.
+  [[nodiscard]] double ElapsedSeconds() const;
   void SetProgRecCount(std::int32_t count);
   [[nodiscard]] bool SetExpanded() const { return expanded_; }
   void SetSetExpanded(bool value) { expanded_ = value; }
@@ -78,7 +81,8 @@ class ProgressForm : public Form, public std::enable_shared_from_this<ProgressFo
   std::int32_t record_count_ = 0;
   std::string count_text_;
   float fraction_ = 0.0F;
-  Date last_refresh_;
+  double begin_seconds_ = 0.0;  // of the steady clock
+  std::optional<double> last_refresh_;
   float next_step_ = 0.0F;
   bool expanded_ = false;
   bool auto_close_ = false;

@@ -1,22 +1,16 @@
 #include "support/progress_text.h"
 
+#include <algorithm>
 #include <cmath>
-#include <limits>
 
-#include "platform/fault.h"
 #include "platform/host.h"
 #include "platform/text_formats.h"
-#include "platform/trap.h"
 
 namespace tessarine::MyGeneralOperations {
 namespace {
 
-std::int32_t Checked(std::int64_t value) {
-  if (value < std::numeric_limits<std::int32_t>::min() || value > std::numeric_limits<std::int32_t>::max()) {
-    Raise(kOverflow, "Overflow.");
-  }
-  return static_cast<std::int32_t>(value);
-}
+// Some thousand years; nobody reads an estimate beyond it.
+constexpr double kLongest = 1e11;
 
 }  // namespace
 
@@ -25,19 +19,19 @@ double PercentDone(std::int32_t done, std::int32_t total) {
   return ToNumber(FixedText(static_cast<double>(fraction * 100.0F), 2));
 }
 
+std::string CalcTimeLeft(const std::string& prefix, double elapsed_seconds, std::int32_t done, std::int32_t total) {
+  const double elapsed = std::floor(elapsed_seconds);
+  const double estimate = done > 0 ? std::nearbyint(static_cast<double>(total) * elapsed / done) : elapsed;
+  const auto left = static_cast<std::int64_t>(std::clamp(estimate - elapsed, -kLongest, kLongest));
+  const std::int64_t hours = left / 3600;
+  const std::int64_t minutes = left % 3600 / 60;
+  return prefix + ".....[record #" + std::to_string(done) + " of " + std::to_string(total) + "  ---  " +
+         NumberText(PercentDone(done, total)) + "%]....." + "Est. Time Left = " + std::to_string(hours) + ":" +
+         TwoDigits(minutes) + ":" + TwoDigits(left % 60) + "...";
+}
+
 std::string CalcTimeLeft(const std::string& prefix, Date start, std::int32_t done, std::int32_t total) {
-  return Trap("CalcTimeLeft", [&] {
-    const double percent = PercentDone(done, total);
-    const std::int64_t elapsed = SecondsBetween(start, Host().Clock().Now());
-    const std::int32_t product = Checked(static_cast<std::int64_t>(total) * elapsed);
-    if (done == 0) Raise(kDivisionByZero, "Division by zero.");
-    const std::int64_t left = std::llrint(static_cast<double>(product) / done) - elapsed;
-    const std::int64_t hours = left / 3600;
-    const std::int64_t minutes = left % 3600 / 60;
-    return prefix + ".....[record #" + std::to_string(done) + " of " + std::to_string(total) + "  ---  " +
-           NumberText(percent) + "%]....." + "Est. Time Left = " + std::to_string(hours) + ":" + TwoDigits(minutes) +
-           ":" + TwoDigits(left % 60) + "...";
-  });
+  return CalcTimeLeft(prefix, static_cast<double>(SecondsBetween(start, Host().Clock().Now())), done, total);
 }
 
 }  // namespace tessarine::MyGeneralOperations

@@ -27,21 +27,25 @@ RunProgress::RunProgress(RunProgressWords words, const std::shared_ptr<IApplicat
 
 RunProgress::RunProgress(RunProgressWords words, const std::shared_ptr<IApplication>& application,
                          const std::shared_ptr<clsExtension>& extension, std::int32_t count,
-                         std::shared_ptr<ProgressForm> dialog)
+                         std::shared_ptr<ProgressForm> dialog, LogView log_view)
     : words_(std::move(words)),
       application_(application),
       status_bar_(Require(application->StatusBar(), "StatusBar")),
       dialog_(std::move(dialog)),
       count_(count),
       begin_(Host().Clock().Now()),
-      last_update_(begin_) {
-  status_bar_->ProgressBar()->SetPosition(1);
+      begin_seconds_(Host().Clock().SteadySeconds()),
+      last_update_(begin_seconds_) {
   status_bar_->ShowProgressBar(words_.StatusText, 1, count_, 1, true);
-  if (dialog_) OpenDialog(extension);
+  status_bar_->ProgressBar()->SetPosition(1);
+  if (dialog_) OpenDialog(extension, log_view);
 }
 
-void RunProgress::OpenDialog(const std::shared_ptr<clsExtension>& extension) {
-  dialog_->SetSetExpanded(true);
+double RunProgress::ElapsedSeconds() const { return Host().Clock().SteadySeconds() - begin_seconds_; }
+
+void RunProgress::OpenDialog(const std::shared_ptr<clsExtension>& extension, LogView log_view) {
+  Require(extension, "clsExtension");
+  dialog_->SetSetExpanded(log_view == LogView::Shown || extension->ProgressDialogSetExpanded);
   dialog_->SetSetAutoClose(extension->ProgressDialogAutoClose);
   dialog_->SetShouldContinue(true);
   dialog_->SetProgBeginTime(begin_);
@@ -50,7 +54,7 @@ void RunProgress::OpenDialog(const std::shared_ptr<clsExtension>& extension) {
   dialog_->lblCurrentTime.SetCaption(LongTime(begin_));
   const std::string began = "Began Job: " + TimeAndDay(begin_);
   dialog_->lblBeginTime.SetCaption(began);
-  dialog_->txtDetails.SetText("Began Job: \r\n" + words_.ActionText + TimeAndDay(begin_) +
+  dialog_->txtDetails.SetText(words_.LogLead + words_.ActionText + TimeAndDay(begin_) +
                               "\r\n-------------------------------------------\r\n");
   dialog_->chkClose.SetValue(extension->ProgressDialogAutoClose ? CheckBox::kChecked : CheckBox::kUnchecked);
   const std::shared_ptr<IModelessFrame> frame = dialog_->Frame();
@@ -61,18 +65,18 @@ void RunProgress::OpenDialog(const std::shared_ptr<clsExtension>& extension) {
 
 bool RunProgress::Step(std::int32_t record) {
   record_ = record;
-  if (record == count_ || SecondsBetween(last_update_, Host().Clock().Now()) >= 1) {
-    if (!Update(record)) return false;
-  }
+  if ((record == count_ || SecondsSinceUpdate() >= 1.0) && !Update(record)) return false;
   status_bar_->StepProgressBar();
   return true;
 }
 
-bool RunProgress::GoesOn() { return SecondsBetween(last_update_, Host().Clock().Now()) < 1 || Update(record_); }
+bool RunProgress::GoesOn() { return SecondsSinceUpdate() < 1.0 || Update(record_); }
+
+double RunProgress::SecondsSinceUpdate() const { return Host().Clock().SteadySeconds() - last_update_; }
 
 bool RunProgress::Update(std::int32_t record) {
-  status_bar_->SetMessage(0, MyGeneralOperations::CalcTimeLeft(words_.StatusText, begin_, record, count_));
-  last_update_ = Host().Clock().Now();
+  last_update_ = Host().Clock().SteadySeconds();
+  status_bar_->SetMessage(0, MyGeneralOperations::CalcTimeLeft(words_.StatusText, ElapsedSeconds(), record, count_));
   return !dialog_ || UpdateDialog(record);
 }
 
@@ -83,6 +87,7 @@ bool RunProgress::UpdateDialog(std::int32_t record) {
   dialog_->Est_Time_Left(record, words_.RepeatedAction, "Performing Calculations...");
   dialog_->lblCurrentTime.SetCaption(LongTime(Host().Clock().Now()));
   dialog_->Refresh();
+  Host().PumpEvents();
   return !MyGeneralOperations::BailOutOfProgress(dialog_, application_);
 }
 
@@ -93,7 +98,7 @@ void RunProgress::HideBar() {
 
 void RunProgress::HideDialog() {
   dialog_->Frame()->SetVisible(false);
-  dialog_->Hide();
+  dialog_->Unload();
   dialog_ = nullptr;
 }
 
@@ -110,7 +115,7 @@ void RunProgress::Finish() {
     return;
   }
   dialog_->AppendDetails(StampedLine("Calculations Complete...") +
-                         MyGeneralOperations::ReturnTimeElapsed(begin_, Host().Clock().Now()));
+                         MyGeneralOperations::ReturnTimeElapsed(begin_, Host().Clock().Now(), ElapsedSeconds()));
   OfferClose();
 }
 

@@ -15,9 +15,13 @@ namespace tessarine {
 
 struct RunProgressWords {
   std::string StatusText;      ///< the status bar's text
-  std::string ActionText;      ///< what the log begins with
+  std::string ActionText;      ///< what the log says ahead of the time of the begin
   std::string RepeatedAction;  ///< what the dialog shows while it works
+  std::string LogLead = "Began Job: \r\n";
 };
+
+/// Whether the dialog opens with its log.
+enum class LogView { Shown, AsLastTime };
 
 class RunProgress {
  public:
@@ -26,7 +30,8 @@ class RunProgress {
               const std::shared_ptr<clsExtension>& extension, std::int32_t count, bool show_dialog);
   /// The same with a progress dialog of the run's own kind; nothing shows none.
   RunProgress(RunProgressWords words, const std::shared_ptr<IApplication>& application,
-              const std::shared_ptr<clsExtension>& extension, std::int32_t count, std::shared_ptr<ProgressForm> dialog);
+              const std::shared_ptr<clsExtension>& extension, std::int32_t count, std::shared_ptr<ProgressForm> dialog,
+              LogView log_view = LogView::Shown);
 
   /// One record further. Everything but the bar is brought up to date once a second and at the last record; that is
   /// also when a stop is seen. False when the user stopped the run.
@@ -42,7 +47,9 @@ class RunProgress {
   void Abandon();
 
  private:
-  void OpenDialog(const std::shared_ptr<clsExtension>& extension);
+  void OpenDialog(const std::shared_ptr<clsExtension>& extension, LogView log_view);
+  [[nodiscard]] double ElapsedSeconds() const;
+  [[nodiscard]] double SecondsSinceUpdate() const;
   [[nodiscard]] bool Update(std::int32_t record);
   [[nodiscard]] bool UpdateDialog(std::int32_t record);
   void HideBar();
@@ -56,7 +63,8 @@ class RunProgress {
   std::int32_t count_;
   std::int32_t record_ = 0;
   Date begin_;
-  Date last_update_;
+  double begin_seconds_;  // of the steady clock
+  double last_update_;
 };
 
 }  // namespace tessarine

@@ -1,6 +1,7 @@
 // A host for tests: it owns the clock, answers message boxes from a script and remembers what was shown.
 #pragma once
 
+#include <cmath>
 #include <deque>
 #include <functional>
 #include <string>
@@ -23,6 +24,18 @@ class TestClock final : public IClock {
     const_cast<TestClock*>(this)->now = AddSeconds(now, step);
     return answer;
   }
+  /// As many seconds as `now` went on, whatever `SetBack` did to it.
+  [[nodiscard]] double SteadySeconds() const override {
+    return std::round((Now().serial * 86400.0 + set_back_) * 1000.0) / 1000.0;
+  }
+  /// Somebody sets the clock back.
+  void SetBack(double seconds) {
+    now = AddSeconds(now, -seconds);
+    set_back_ += seconds;
+  }
+
+ private:
+  double set_back_ = 0.0;
 };
 
 struct ShownMessage {
