@@ -1,7 +1,13 @@
 #include "engine/dbase_layout.h"
 
+#include <algorithm>
+#include <chrono>
 #include <ctime>
 #include <filesystem>
+#include <fstream>
+#include <map>
+#include <mutex>
+#include <span>
 
 namespace tessarine::engine {
 
@@ -45,6 +51,57 @@ DbaseLayout ReadDbaseLayout(const RawFile& file) {
   }
   if (static_cast<std::int64_t>(offset) != layout.record_size) layout.columns.clear();
   return layout;
+}
+
+namespace {
+
+std::int64_t CountMarks(std::ifstream& file) {
+  constexpr std::int64_t kBlock = 1 << 18;
+  std::array<char, kDbaseHeaderSize> header{};
+  if (!file.read(header.data(), header.size())) return 0;
+  const std::span<const char> bytes(header);
+  const auto count = static_cast<std::int64_t>(LittleEndian(bytes.subspan(4, 4)));
+  const auto size = static_cast<std::int64_t>(LittleEndian(bytes.subspan(10, 2)));
+  if (size == 0) return 0;
+  file.seekg(static_cast<std::int64_t>(LittleEndian(bytes.subspan(8, 2))));
+  std::vector<char> block(static_cast<std::size_t>(std::max<std::int64_t>(1, kBlock / size) * size));
+  std::int64_t deleted = 0, seen = 0;
+  while (seen < count) {
+    file.read(block.data(), static_cast<std::streamsize>(block.size()));
+    const std::int64_t read = file.gcount();
+    for (std::int64_t at = 0; at < read && seen < count; at += size, ++seen) {
+      if (block[static_cast<std::size_t>(at)] == '*') ++deleted;
+    }
+    if (!file) break;
+  }
+  return deleted;
+}
+
+struct CountedTable {
+  fs::file_time_type changed;
+  std::uintmax_t size = 0;
+  std::int64_t deleted = 0;
+};
+
+}  // namespace
+
+std::int64_t CountDeletedRecords(const std::string& table) {
+  static std::mutex lock;
+  static std::map<std::string, CountedTable> known;
+  std::error_code error;
+  const fs::file_time_type changed = fs::last_write_time(table, error);
+  const std::uintmax_t size = fs::file_size(table, error);
+  if (error) return 0;
+  const std::lock_guard guard(lock);
+  const auto found = known.find(table);
+  if (found != known.end() && found->second.changed == changed && found->second.size == size) {
+    return found->second.deleted;
+  }
+  std::ifstream file(table, std::ios::binary);
+  const std::int64_t deleted = CountMarks(file);
+  // A table written just now may change again within the grain of its time.
+  if (fs::file_time_type::clock::now() - changed > std::chrono::seconds(2)) known[table] = {changed, size, deleted};
+  return deleted;
 }
 
 std::array<char, 3> DbaseDate() {

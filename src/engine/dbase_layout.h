@@ -37,6 +37,10 @@ inline constexpr std::int64_t kDbaseDateAt = 1;
 
 [[nodiscard]] DbaseLayout ReadDbaseLayout(const RawFile& file);
 
+/// How many records of the table bear the mark of deleted ones. Reads a byte of each record, at the cost of reading
+/// the table; a table that didn't change since the last call on it is not read again.
+[[nodiscard]] std::int64_t CountDeletedRecords(const std::string& table);
+
 /// The day as the header tells the one of the last change: years since 1900, month, day.
 [[nodiscard]] std::array<char, 3> DbaseDate();
 

@@ -8,6 +8,7 @@
 
 #include "engine/attribute_update.h"
 #include "engine/dbase_columns.h"
+#include "engine/dbase_layout.h"
 #include "engine/engine_fault.h"
 #include "engine/filegdb_edit.h"
 #include "engine/ogr_cursor.h"
@@ -255,6 +256,9 @@ std::int32_t OgrClass::CountRows(const QueryFilter* filter) const {
       RaiseEngineFault("The rows of '" + Name() + "' in '" + source_->Path() + "' can't be counted" + errors.Quote() +
                        ".");
     }
+    // The driver counts records that it will not read.
+    const bool all = filter == nullptr || filter->WhereClause.empty();
+    if (driver_ == "ESRI Shapefile" && all) count -= std::min(count, CountDeletedRecords(FindDbaseTable(*source_)));
   }
   if (count > std::numeric_limits<std::int32_t>::max()) {
     Raise(kOverflow, "'" + source_->Path() + "' holds more rows than can be counted.");

@@ -76,14 +76,14 @@ bool CheckIfTableExists(const std::shared_ptr<IFeatureWorkspace>& workspace, con
 
 std::string MakeUniqueGDBFeatureClassName(const std::shared_ptr<IFeatureWorkspace>& workspace,
                                           const std::string& name) {
-  return Trap("MakeUniqueGDBFeatureClassName", [&] {
+  return TrapHelper("MakeUniqueGDBFeatureClassName", [&] {
     return FirstFree(name,
                      [&](const std::string& candidate) { return CheckIfFeatureClassExists(workspace, candidate); });
   });
 }
 
 std::string MakeUniqueGDBTableName(const std::shared_ptr<IFeatureWorkspace>& workspace, const std::string& name) {
-  return Trap("MakeUniqueGDBTableName", [&] {
+  return TrapHelper("MakeUniqueGDBTableName", [&] {
     return FirstFree(name, [&](const std::string& candidate) { return CheckIfTableExists(workspace, candidate); });
   });
 }
@@ -94,7 +94,7 @@ std::string MakeUniquedBASEName(const std::string& path) { return aml_func_mod::
 
 std::string ReplaceBadChars(const std::string& text, bool replace_dot, bool replace_backslash, bool replace_blank,
                             bool prefix_first_letter) {
-  return Trap("ReplaceBadChars", [&]() -> std::string {
+  return TrapHelper("ReplaceBadChars", [&]() -> std::string {
     if (text.empty()) return "z";
     std::string clean = CleanName(text, [&](char c) {
       return IsNameCharacter(c) || (c == '.' && !replace_dot) || (c == '\\' && !replace_backslash) ||
@@ -106,7 +106,7 @@ std::string ReplaceBadChars(const std::string& text, bool replace_dot, bool repl
 }
 
 std::string ReturnDBASEFieldName(const std::string& name, const ObjectRef& existing_fields) {
-  return Trap("ReturnDBASEFieldName", [&] {
+  return TrapHelper("ReturnDBASEFieldName", [&] {
     std::string legal = FirstCharacters(name.empty() ? "zField" : name, kDbaseNameLength);
     if (!IsLetter(legal.front())) legal = FirstCharacters("z" + legal, kDbaseNameLength);
     legal = CleanName(legal, IsNameCharacter);
@@ -126,7 +126,7 @@ std::string ReturnDBASEFieldName(const std::string& name, const ObjectRef& exist
 
 std::shared_ptr<VarArray> MakeFieldNameVarArray(const IClass& from_class, const IClass& to_class,
                                                 const VarArray& selected_fields, bool use_array_elements) {
-  return Trap("MakeFieldNameVarArray", [&] {
+  return TrapHelper("MakeFieldNameVarArray", [&] {
     auto rows = std::make_shared<VarArray>();
     for (const Variant& entry : selected_fields) {
       std::string source, output;
@@ -150,7 +150,7 @@ std::shared_ptr<VarArray> MakeFieldNameVarArray(const IClass& from_class, const 
 }
 
 std::string ConvertLongBinary(std::int32_t value, std::int32_t width) {
-  return Trap("ConvertLongBinary", [&] {
+  return TrapHelper("ConvertLongBinary", [&] {
     if (value < 1) Raise(kInvalidCall, "Only values of at least 1 have such digits.");
     std::string digits;
     for (; value != 1; value /= 2) digits.insert(0, std::to_string(value % 2));
@@ -163,10 +163,12 @@ std::string ConvertLongBinary(std::int32_t value, std::int32_t width) {
 }
 
 bool CheckDatafileFormat(const IDataset& dataset) {
-  return Trap("CheckDatafileFormat", [&] {
+  return TrapHelper("CheckDatafileFormat", [&] {
     if (LowerCase(dataset.Category()).find("file geodatabase") == std::string::npos) return false;
+    // A feature dataset has no properties of its own.
     const std::shared_ptr<IPropertySet> properties = dataset.PropertySet();
-    const Variant format = Require(properties, "PropertySet")->GetProperty("Datafile Format");
+    if (!properties) return false;
+    const Variant format = properties->GetProperty("Datafile Format");
     return format.IsNumeric() && format.AsLong() == 1;
   });
 }

@@ -357,5 +357,21 @@ TEST(Selections, AFewRowsOutOfMany) {
   EXPECT_EQ(recycling->NextRow(), first) << "a recycling cursor answers one object";
 }
 
+TEST(ShapefileRows, ThoseWithADeletionMarkAreNotCounted) {
+  const TemporaryFolder folder;
+  std::vector<testing::TestRow> rows(300, {"POINT (1 2)", "a", 1.0});
+  WriteLayer({"ESRI Shapefile", folder.Native("towns.shp"), "towns", wkbPoint, rows});
+  {
+    const GDALDatasetUniquePtr dataset(
+        GDALDataset::Open(folder.Native("towns.shp").c_str(), GDAL_OF_VECTOR | GDAL_OF_UPDATE));
+    for (const int row : {0, 7, 299}) ASSERT_EQ(dataset->GetLayer(0)->DeleteFeature(row), OGRERR_NONE);
+  }
+  const auto towns = DataSource::Open(folder.Native("towns.shp"), false)->OpenFeatureClass("towns");
+  EXPECT_EQ(towns->FeatureCount(nullptr), 297);
+  int read = 0;
+  for (const auto cursor = towns->Search(nullptr, true); cursor->NextFeature();) ++read;
+  EXPECT_EQ(read, 297);
+}
+
 }  // namespace
 }  // namespace tessarine
