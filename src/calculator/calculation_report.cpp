@@ -3,6 +3,7 @@
 #include "platform/rich_text.h"
 #include "platform/text_formats.h"
 #include "support/MyGeneralOperations.h"
+#include "support/journal_report.h"
 
 namespace tessarine {
 namespace {
@@ -36,6 +37,10 @@ constexpr std::string_view kEmptyFeatures =
     "aware of this if you calculate statistics on the geometry fields...\\par\r\n"
     "zzzRunningProblems\r\n"
     "\\b ---------------------------------------------\\b0\\par\r\n";
+
+constexpr std::string_view kFaultConsequence =
+    "Values of these features that could not be calculated are set to -9999, or left null where a measure has no such "
+    "mark.";
 
 std::string SpheroidLines(const CalculationFacts& facts) {
   const auto radius = [](double value) { return MyGeneralOperations::TrimZerosAndDecimals(value, false); };
@@ -89,8 +94,8 @@ bool HasSlowMeasure(std::span<const OptionEntry> entries, esriGeometryType shape
 }
 
 std::string CalculationReport(const CalculationFacts& facts) {
-  return Filled(std::string(kHeader) + "Geometry Calculation Successful:" + std::string(kInput) + SpheroidLines(facts) +
-                    std::string(kRule) + std::string(kEnd),
+  return Filled(std::string(kHeader) + "Geometry Calculation " + std::string(facts.outcome) + ":" +
+                    std::string(kInput) + SpheroidLines(facts) + std::string(kRule) + std::string(kEnd),
                 facts);
 }
 
@@ -134,15 +139,28 @@ std::string FieldNotAddedReport(const std::string& field_name, const std::string
   return "Failed to add field '" + field_name + "' to Feature Layer " + layer_name + "!";
 }
 
-std::string EmptyFeatureLine(std::int64_t oid) { return "  ** OID Value = " + std::to_string(oid) + "\\par\r\n"; }
-
-std::string ProblemReport(const std::string& empty_features) {
-  return empty_features.empty() ? "" : Replace(kEmptyFeatures, "zzzRunningProblems", empty_features);
+std::string ProblemReport(const RunJournal& journal, const std::string& layer_name) {
+  std::string empty_features;
+  for (const std::int64_t oid : journal.skipped_oids)
+    empty_features += "  ** OID Value = " + std::to_string(oid) + "\\par\r\n";
+  return (empty_features.empty() ? "" : Replace(kEmptyFeatures, "zzzRunningProblems", empty_features)) +
+         ProblemSections(journal, layer_name, kFaultConsequence);
 }
 
-std::string StoppedProblemReport(const std::string& empty_features, std::int32_t record) {
-  return ProblemReport(empty_features) + (empty_features.empty() ? "" : "Note:  ") +
-         "Exited Function Prematurely at Record " + std::to_string(record) + "\\par\r\n";
+std::string StoppedProblemReport(const RunJournal& journal, const std::string& layer_name, std::int32_t record) {
+  const std::string problems = ProblemReport(journal, layer_name);
+  return problems + (problems.empty() ? "" : "Note:  ") + "Exited Function Prematurely at Record " +
+         std::to_string(record) + "\\par\r\n";
+}
+
+std::string FailedProblemReport(const RunJournal& journal, const std::string& layer_name, std::int32_t record,
+                                const Fault& fault) {
+  return ProblemReport(journal, layer_name) + FailureSection(fault) + "Analyzing Record #" + std::to_string(record) +
+         "\\par\r\n";
+}
+
+std::string FailedCalculation(const Fault& fault) {
+  return std::string(kHeader) + "Geometry Calculation Failed:\\par\r\n\\pard " + FailureSection(fault) + "}";
 }
 
 }  // namespace tessarine

@@ -7,6 +7,7 @@
 
 #include "calculator/geometry_options.h"
 #include "calculator/measure_catalogue.h"
+#include "platform/run_journal.h"
 
 namespace tessarine {
 
@@ -20,6 +21,7 @@ struct CalculationFacts {
   std::string spheroid_name;
   double semi_major = 0.0, semi_minor = 0.0;
   bool geocentric = false;
+  std::string_view outcome = "Successful";
 };
 
 /// The numbered lines "label: field name" of the chosen measures.
@@ -37,11 +39,15 @@ struct CalculationFacts {
 [[nodiscard]] std::string NotEditableReport();
 [[nodiscard]] std::string FieldNotAddedReport(const std::string& field_name, const std::string& layer_name);
 
-/// The line of one empty feature.
-[[nodiscard]] std::string EmptyFeatureLine(std::int64_t oid);
-/// What a run tells of its empty features; empty when there were none.
-[[nodiscard]] std::string ProblemReport(const std::string& empty_features);
+/// What a run tells of its empty features and of those that met a fault; empty when there were none.
+[[nodiscard]] std::string ProblemReport(const RunJournal& journal, const std::string& layer_name);
 /// The same of a run that was stopped at a record.
-[[nodiscard]] std::string StoppedProblemReport(const std::string& empty_features, std::int32_t record);
+[[nodiscard]] std::string StoppedProblemReport(const RunJournal& journal, const std::string& layer_name,
+                                               std::int32_t record);
+/// The same of a run that a fault ended at a record.
+[[nodiscard]] std::string FailedProblemReport(const RunJournal& journal, const std::string& layer_name,
+                                              std::int32_t record, const Fault& fault);
+/// The report of a run that ended before its first record.
+[[nodiscard]] std::string FailedCalculation(const Fault& fault);
 
 }  // namespace tessarine

@@ -3,10 +3,12 @@
 #include "calculator/calculation_report.h"
 #include "calculator/result_fields.h"
 #include "platform/host.h"
-#include "platform/trap.h"
+#include "platform/rich_text.h"
+#include "platform/run_scope.h"
 #include "support/MyGeneralOperations.h"
 #include "support/dataset_names.h"
 #include "support/elapsed_time.h"
+#include "support/journal_report.h"
 
 namespace tessarine::modCalcGeometry {
 namespace {
@@ -86,11 +88,12 @@ void RefreshTableWindow(const std::shared_ptr<IApplication>& application, const 
 }
 
 std::string Refused(const std::string& report) {
-  Host().Journal().failed = true;
+  Host().Journal().Fail(report.starts_with("{\\rtf") ? ToPlainText(ReadRtf(report)) : report);
   return report;
 }
 
-std::string Calculate(const std::shared_ptr<VarArray>& carrier, const std::shared_ptr<IApplication>& application) {
+std::string Calculate(const std::shared_ptr<VarArray>& carrier, const std::shared_ptr<IApplication>& application,
+                      RunScope& scope) {
   const GeometryOptions options(carrier);
   const std::shared_ptr<IFeatureClass> features = FeaturesOf(options);
   if (const std::string objection = Objection(options, *application); !objection.empty()) return Refused(objection);
@@ -111,15 +114,17 @@ std::string Calculate(const std::shared_ptr<VarArray>& carrier, const std::share
   CalculationFacts facts = GatherFacts(options);
   const bool slow = HasSlowMeasure(entries, features->ShapeType(), SpatialKindOf(features->SpatialReference()));
   const bool show_progress = facts.record_count > kLongRun || (slow && facts.record_count >= kLongSlowRun);
-  RunJournal& journal = Host().Journal();
+  RunJournal& journal = scope.Journal();
   journal.output_path = features->FullName();
   journal.reference = features->SpatialReference();
-  journal.begin = Host().Clock().Now();
+  if (facts.semi_major > 0.0) journal.spheroid = RunSpheroid{facts.spheroid_name, facts.semi_major, facts.semi_minor};
   facts.problem_report = RunShape(carrier, application, indexes, facts.record_count, show_progress);
   if (edit) edit->Finish();
   RefreshTableWindow(application, options.Layer());
-  journal.end = Host().Clock().Now();
-  facts.time_spent = MyGeneralOperations::ReturnTimeElapsedRTF(journal.begin, journal.end, kReportFontSize);
+  scope.End();
+  facts.outcome = OutcomeTitle(journal);
+  facts.time_spent =
+      MyGeneralOperations::ReturnTimeElapsedRTF(journal.begin, journal.end, kReportFontSize, journal.elapsed_seconds);
   return CalculationReport(facts);
 }
 
@@ -127,11 +132,12 @@ std::string Calculate(const std::shared_ptr<VarArray>& carrier, const std::share
 
 std::string CalcGeometry(const std::shared_ptr<VarArray>& options, const std::shared_ptr<IApplication>& application,
                          bool, bool) {
+  RunScope scope(Host().Journal(), Host().Clock());
   return TrapWith(
-      "CalcGeometry", [&] { return Calculate(options, Require(application, "IApplication")); },
-      [](const Fault&) {
-        Host().Journal().failed = true;
-        return std::string();
+      "CalcGeometry", [&] { return Calculate(options, Require(application, "IApplication"), scope); },
+      [&](const Fault& fault) {
+        scope.Journal().Fail(fault.Description());
+        return FailedCalculation(fault);
       });
 }
 

@@ -27,8 +27,9 @@ using MyGeneralOperations::CalcTimeLeft;
 [[nodiscard]] std::string PlanGeometry(const std::shared_ptr<VarArray>& options,
                                        const std::shared_ptr<IApplication>& application);
 
-// The record loops, one for each shape. Each answers what the report tells of problems, empty when there were none. A
-// record that fails ends the loop; the fault is reported under the routine's name. The last argument has no effect.
+// The record loops, one for each shape. Each returns what the report tells of problems, empty when there were none. A
+// measure that fails costs its own values; its fault is reported under the routine's name, once for all records. The
+// last argument has no effect.
 [[nodiscard]] std::string CalcGeometryPoint(const std::shared_ptr<VarArray>& options,
                                             const std::shared_ptr<IApplication>& application,
                                             const FieldIndexes& indexes, std::int32_t& record_count, bool show_progress,

@@ -1,11 +1,15 @@
 // The record loops of the calculator. They differ in their names and words alone; what is measured stands in the
 // catalogue.
-#include "calculator/calculation_progress.h"
+#include <optional>
+
 #include "calculator/calculation_report.h"
 #include "calculator/measures.h"
 #include "calculator/modCalcGeometry.h"
 #include "platform/host.h"
-#include "platform/trap.h"
+#include "platform/run_scope.h"
+#include "support/frmOrlProgressMeter.h"
+#include "support/journal_report.h"
+#include "support/run_progress.h"
 
 namespace tessarine::modCalcGeometry {
 namespace {
@@ -24,54 +28,95 @@ class RecordLoop {
         settings_(MeasureSettingsOf(features_->ShapeType(), features_->SpatialReference(), options_)),
         measures_(ResolveMeasures(entries_, settings_.Shape, settings_.Kind, indexes_)) {}
 
+  /// What the report tells of problems.
   std::string Run(std::int32_t& record_count) {
-    const std::shared_ptr<IFeatureCursor> cursor = OpenCursor(record_count);
-    CalculationProgress progress(std::string(ShapeNoun(settings_.Shape, 1)), std::string(ShapeNoun(settings_.Shape, 2)),
-                                 layer_->Name(), application_, record_count, show_progress_);
-    RunJournal& journal = Host().Journal();
-    std::int32_t record = 0;
-    while (const std::shared_ptr<IFeature> feature = cursor->NextFeature()) {
-      ++record;
-      if (!progress.Step(record)) {
-        journal.stopped = true;
-        cursor->Close();
-        return StoppedProblemReport(empty_features_, record);
+    OpenCursor(record_count);
+    RunProgress progress = Progress(record_count);
+    while (const std::shared_ptr<IFeature> feature = cursor_->NextFeature()) {
+      ++record_;
+      if (!progress.Step(record_)) {
+        journal_.stopped = true;
+        cursor_->Close();
+        return StoppedProblemReport(journal_, layer_->Name(), record_);
       }
-      ++journal.read;
-      Calculate(*feature);
-      cursor->UpdateFeature(feature);
-      ++journal.written;
+      ++journal_.read;
+      Calculate(feature);
     }
-    cursor->Close();
+    cursor_->Close();
     progress.Finish();
-    return ProblemReport(empty_features_);
+    return ProblemReport(journal_, layer_->Name());
   }
 
+  /// Ends a run that can't go on. Whatever the table took stays.
+  std::string Fail(const Fault& fault) {
+    if (cursor_) {
+      try {
+        cursor_->Close();
+      } catch (const Fault&) {
+        // Nothing tells how many of them came through.
+        journal_.written = 0;
+      }
+    }
+    return FailedProblemReport(journal_, layer_->Name(), record_, fault);
+  }
+
+  [[nodiscard]] std::string LayerName() const { return layer_->Name(); }
+
  private:
-  std::shared_ptr<IFeatureCursor> OpenCursor(std::int32_t& record_count) const {
+  void OpenCursor(std::int32_t& record_count) {
     if (options_.AllRecords()) {
       record_count = features_->FeatureCount(nullptr);
-      return Require(features_->Update(nullptr, false), "cursor");
+      cursor_ = Require(features_->Update(nullptr, false), "cursor");
+      return;
     }
     const auto selection = Cast<ISelectionSet2>(Require(Cast<IFeatureSelection>(layer_), "selection")->SelectionSet());
     record_count = Require(selection, "SelectionSet")->Count();
-    const auto cursor = Cast<IFeatureCursor>(selection->Update(nullptr, false));
-    return Require(cursor, "cursor");
+    cursor_ = Require(Cast<IFeatureCursor>(selection->Update(nullptr, false)), "cursor");
   }
 
-  void Calculate(IFeature& feature) {
-    // A copy, because the measures project and simplify it.
-    const GeometryRef shape = feature.ShapeCopy();
-    if (!shape || shape->IsEmpty()) {
-      empty_features_ += EmptyFeatureLine(feature.OID());
-      Host().Journal().skipped_oids.push_back(feature.OID());
-      WriteNullValues(entries_, settings_.Shape, settings_.Kind, feature, indexes_);
-      return;
+  RunProgress Progress(std::int32_t count) const {
+    RunProgressWords words;
+    words.StatusText = "Calculating Geometry on " + layer_->Name();
+    words.LogLead = "Calculating Geometry on " + std::string(ShapeNoun(settings_.Shape, 2)) + "...\r\nBegan Job: ";
+    words.RepeatedAction = "Calculating " + std::string(ShapeNoun(settings_.Shape, 1)) + " Attributes...";
+    return {std::move(words),
+            application_,
+            FindExtension(application_),
+            count,
+            show_progress_ ? std::make_shared<frmOrlProgressMeter>() : nullptr,
+            LogView::AsLastTime};
+  }
+
+  void Calculate(const std::shared_ptr<IFeature>& feature) {
+    const std::int64_t oid = feature->OID();
+    GeometryRef shape;
+    std::unique_ptr<MeasureRecord> record;
+    const bool read = WorkOnRecord(journal_, oid, [&] {
+      // A copy, because the measures project and simplify it.
+      shape = feature->ShapeCopy();
+      if (shape && !shape->IsEmpty()) record = BeginRecord(shape, settings_);
+    });
+    if (read && !record) {
+      journal_.skipped_oids.push_back(oid);
+      static_cast<void>(WorkOnRecord(
+          journal_, oid, [&] { WriteNullValues(entries_, settings_.Shape, settings_.Kind, *feature, indexes_); }));
+    } else {
+      for (const ChosenMeasure& measure : measures_) Calculate(measure, record.get(), *feature, oid);
     }
-    const std::unique_ptr<MeasureRecord> record = BeginRecord(shape, settings_);
-    for (const ChosenMeasure& measure : measures_) WriteValues(measure, Measure(*measure.row, *record), feature);
+    const bool stored = WorkOnRecord(journal_, oid, [&] { WriteRow([&] { cursor_->UpdateFeature(feature); }); });
+    if (stored) ++journal_.written;
   }
 
+  // A measure that fails leaves the others of its record alone.
+  void Calculate(const ChosenMeasure& measure, MeasureRecord* record, IFeature& feature, std::int64_t oid) {
+    const bool measured = record != nullptr && WorkOnRecord(journal_, oid, [&] {
+                            WriteValues(measure, Measure(*measure.row, *record), feature);
+                          });
+    if (measured) return;
+    static_cast<void>(WorkOnRecord(journal_, oid, [&] { WriteMissing(measure, feature); }));
+  }
+
+  RunJournal& journal_ = Host().Journal();
   GeometryOptions options_;
   const std::shared_ptr<IApplication>& application_;
   const FieldIndexes& indexes_;
@@ -81,17 +126,26 @@ class RecordLoop {
   std::vector<OptionEntry> entries_;
   MeasureSettings settings_;
   std::vector<ChosenMeasure> measures_;
-  std::string empty_features_;
+  std::shared_ptr<IFeatureCursor> cursor_;
+  std::int32_t record_ = 0;
 };
 
 std::string RunLoop(const char* routine, const std::shared_ptr<VarArray>& options,
                     const std::shared_ptr<IApplication>& application, const FieldIndexes& indexes,
                     std::int32_t& record_count, bool show_progress) {
+  std::optional<RecordLoop> loop;
+  const auto tell_faults = [&] { ReportRecordFaults(Host().Journal(), routine, loop ? loop->LayerName() : ""); };
   return TrapWith(
-      routine, [&] { return RecordLoop(options, application, indexes, show_progress).Run(record_count); },
-      [](const Fault&) {
-        Host().Journal().failed = true;
-        return std::string();
+      routine,
+      [&] {
+        const std::string problems = loop.emplace(options, application, indexes, show_progress).Run(record_count);
+        tell_faults();
+        return problems;
+      },
+      [&](const Fault& fault) {
+        Host().Journal().Fail(fault.Description());
+        tell_faults();
+        return loop ? loop->Fail(fault) : FailureSection(fault);
       });
 }
 

@@ -44,9 +44,16 @@ void WriteValues(const ChosenMeasure& measure, const MeasuredValues& values, IRo
   if (measure.second >= 0) row.SetValue(measure.second, values.Second);
 }
 
+void WriteMissing(const ChosenMeasure& measure, IRowBuffer& row) {
+  const std::int32_t places[] = {measure.first, measure.second};
+  for (std::size_t position = 0; position < measure.row->FieldCount(); ++position) {
+    row.SetValue(places[position], position < measure.row->NullFieldCount() ? Variant(kNullMark) : Variant(Null()));
+  }
+}
+
 void WriteNullValues(std::span<const OptionEntry> entries, esriGeometryType shape, SpatialKind kind, IRowBuffer& row,
                      const FieldIndexes& indexes) {
-  Trap("WriteNullValues", [&] {
+  TrapHelper("WriteNullValues", [&] {
     for (const OptionEntry& entry : entries) {
       const MeasureRow* measure = FindMeasure(shape, kind, entry.OptionId());
       if (measure == nullptr) continue;

@@ -40,8 +40,12 @@ struct ChosenMeasure {
 /// Writes the values as they are: a double, or a 32-bit integer for counts. Nothing is stored yet.
 void WriteValues(const ChosenMeasure& measure, const MeasuredValues& values, IRowBuffer& row);
 
+/// Writes what stands for the values of a measure that failed: the null mark into the fields that have it for features
+/// without a shape, null into the others.
+void WriteMissing(const ChosenMeasure& measure, IRowBuffer& row);
+
 /// Writes the null mark into the fields of the entries, but for those that keep what they hold. Stores nothing. A value
-/// that is refused is reported and ends the call.
+/// that is refused ends the call.
 void WriteNullValues(std::span<const OptionEntry> entries, esriGeometryType shape, SpatialKind kind, IRowBuffer& row,
                      const FieldIndexes& indexes);
 

@@ -4,12 +4,13 @@
 #include "platform/rich_text.h"
 #include "platform/text_formats.h"
 #include "support/MyGeneralOperations.h"
+#include "support/journal_report.h"
 
 namespace tessarine {
 namespace {
 
 constexpr std::string_view kBody =
-    "Build Polygons Function Complete:\\par\r\n"
+    "Build Polygons Function zzzOutcome:\\par\r\n"
     "\\pard ---------------------------------------------\\par\r\n"
     "Input Parameters:\\b0\\par\r\n"
     "  ** Input Polyline Feature Layer:  \\b zzzFClass\\b0\\par\r\n"
@@ -29,6 +30,8 @@ constexpr std::string_view kBody =
 constexpr std::string_view kMissingLabels =
     "\\b Missing Label Points:\\b0  These polygons had no label points within the polygon boundary...\\par";
 
+constexpr std::string_view kConsequence = "These features could not be used.";
+
 std::string LabelReport(const BuildFacts& facts) {
   if (!facts.transfers_labels) return "  ** No label point attributes used...\\par\r\n";
   return "\\b Label Point Layer:   \\b0 " + EscapeRtf(facts.point_layer) + "\\par\r\n" +
@@ -41,11 +44,14 @@ std::string LabelReport(const BuildFacts& facts) {
 
 }  // namespace
 
-std::string BuildReport(const BuildFacts& facts) {
+std::string BuildReport(const BuildFacts& facts, const RunJournal& journal) {
   std::string report = std::string(ReportHeader()) + std::string(kBody);
+  const std::string problems = ProblemSections(journal, facts.line_layer, kConsequence);
+  report = Replace(report, "zzzOutcome",
+                   journal.Outcome() == RunOutcome::Done ? "Complete" : std::string(OutcomeTitle(journal)));
   report = Replace(report, "zzzLabelReport", LabelReport(facts));
-  report =
-      Replace(report, "zzzProbReport", facts.unlabelled.empty() ? "" : ProblemBlock(kMissingLabels, facts.unlabelled));
+  report = Replace(report, "zzzProbReport",
+                   (facts.unlabelled.empty() ? "" : ProblemBlock(kMissingLabels, facts.unlabelled)) + problems);
   report =
       Replace(report, "zzzTolerance",
               MyGeneralOperations::TrimZerosAndDecimals(facts.cluster_tolerance, false) + " " + EscapeRtf(facts.unit));
@@ -58,6 +64,11 @@ std::string BuildReport(const BuildFacts& facts) {
   report = Replace(report, "zzzNumRecs", "Contains " + std::to_string(facts.output_count) + " features");
   report = Replace(report, "TimeSpentString", facts.time_spent);
   return Replace(report, "zzzFClass", EscapeRtf(facts.line_layer));
+}
+
+std::string BuildFailureReport(const Fault& fault, const RunJournal& journal, const std::string& line_layer) {
+  return std::string(ReportHeader()) + "!!!  Build Polygons Function Failed  !!!\\par\r\n" + "\\pard " +
+         FailureSection(fault) + ProblemSections(journal, line_layer, kConsequence) + "}";
 }
 
 std::string UnitWord(const SpatialReferenceRef& reference) {

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 
+#include "platform/run_journal.h"
 #include "platform/spatial_reference.h"
 
 namespace tessarine {
@@ -27,7 +28,10 @@ struct BuildFacts {
   std::string time_spent;  ///< RTF already
 };
 
-[[nodiscard]] std::string BuildReport(const BuildFacts& facts);
+[[nodiscard]] std::string BuildReport(const BuildFacts& facts, const RunJournal& journal);
+/// The report of a run that a fault ended.
+[[nodiscard]] std::string BuildFailureReport(const Fault& fault, const RunJournal& journal,
+                                             const std::string& line_layer);
 
 /// The unit of a reference's coordinates as dialog and report name it.
 [[nodiscard]] std::string UnitWord(const SpatialReferenceRef& reference);

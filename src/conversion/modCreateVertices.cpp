@@ -9,9 +9,10 @@
 #include "conversion/run_data.h"
 #include "conversion/run_reports.h"
 #include "platform/host.h"
-#include "platform/trap.h"
+#include "platform/run_scope.h"
 #include "support/MyGeneralOperations.h"
 #include "support/progress_text.h"
+#include "support/rows_on_disk.h"
 #include "support/run_progress.h"
 
 namespace tessarine::modCreateVertices {
@@ -42,11 +43,12 @@ class OutputWriter final : public ConversionSink {
     NoteMeasureChange(Host().Journal(), *fields_->Field(place), buffer_->SetValue(place, value), oid_);
   }
   void Insert() override {
-    buffer_->SetValue(transfer_.UniqueIdIndex(), ++count_);
+    buffer_->SetValue(transfer_.UniqueIdIndex(), count_ + 1);
     InsertUnnumbered();
+    ++count_;
   }
   void InsertUnnumbered() override {
-    cursor_->InsertFeature(*buffer_);
+    WriteRow([this] { cursor_->InsertFeature(*buffer_); });
     ++Host().Journal().written;
   }
   void Flush() { cursor_->Flush(); }
@@ -69,21 +71,25 @@ bool ConvertFeatures(const ConversionRun& run, const StepContext& context, const
   const bool joins = run.Kind == RunKind::Joining;
   const std::unique_ptr<ConversionStep> step = run.MakeStep(context);
   while (const std::shared_ptr<IFeature> feature = input.cursor->NextFeature()) {
+    const std::int64_t oid = feature->OID();
     // One feature for all bears the attributes of the first, whether that has a shape or not.
-    if (joins && facts.records_done == 0) writer.BeginFeature(*feature);
+    if (joins && facts.records_done == 0) {
+      static_cast<void>(WorkOnRecord(journal, oid, [&] { writer.BeginFeature(*feature); }));
+    }
     if (!step->TakesFeatures()) break;
     ++facts.records_done;
     if (!progress.Step(facts.records_done)) return false;
     ++journal.read;
-    const GeometryRef shape = feature->Shape();
-    if (Require(shape, "Shape")->IsEmpty()) {
-      facts.skipped_list += "  ** OID Value = " + std::to_string(feature->OID()) + "\\par\r\n";
-      journal.skipped_oids.push_back(feature->OID());
-      continue;
-    }
-    if (!joins) writer.BeginFeature(*feature);
-    step->Convert(shape, writer);
-    if (run.FlushesEachFeature) writer.Flush();
+    const bool converted = WorkOnRecord(journal, oid, [&] {
+      const GeometryRef shape = feature->Shape();
+      if (!shape || shape->IsEmpty()) {
+        journal.skipped_oids.push_back(oid);
+        return;
+      }
+      if (!joins) writer.BeginFeature(*feature);
+      step->Convert(shape, writer);
+    });
+    if (converted && run.FlushesEachFeature) writer.Flush();
   }
   step->Finish(writer);
   return true;
@@ -104,24 +110,24 @@ std::string RunConversion(const ConversionRun& run, const std::shared_ptr<IFeatu
                           const std::shared_ptr<IApplication>& application,
                           const std::shared_ptr<clsExtension>& extension, bool show_progress) {
   RunFacts facts;
-  RunJournal& journal = Host().Journal();
-  journal = RunJournal();
-  journal.begin = Host().Clock().Now();
+  RunScope scope(Host().Journal(), Host().Clock());
+  RunJournal& journal = scope.Journal();
+  std::shared_ptr<IFeatureClass> output;
+  const auto tell_faults = [&] { ReportRecordFaults(journal, run.Worker, facts.layer_name); };
   const auto run_body = [&]() -> std::string {
     const auto document = Cast<IMxDocument>(application->Document());
     const RunInput input = OpenInput(layer, all_records);
     facts.layer_name = layer->Name();
     facts.all_records = all_records;
     facts.record_count = input.count;
-    facts.output_path = path;
     RunProgress progress(ProgressWords(run, facts.layer_name), application, extension, input.count,
                          show_progress && run.Kind != RunKind::Joining);
 
     OutputTarget target = SplitOutputPath(path, *extension);
     const SpatialReferenceRef reference = input.features->SpatialReference();
     if (!CanFrame(run, reference)) {
-      journal.failed = true;
-      journal.end = Host().Clock().Now();
+      journal.Fail("'" + facts.layer_name +
+                   "' has no known coordinate system, and this run must know it: define the projection of the data.");
       return UnknownReferenceReport(run);
     }
     facts.reference_name = Require(reference, "SpatialReference")->Name();
@@ -130,9 +136,9 @@ std::string RunConversion(const ConversionRun& run, const std::shared_ptr<IFeatu
     const esriGeometryType input_type = input.features->ShapeType();
     const ShapeRule rule = RuleFor(run, input_type);
     FieldTransfer transfer = FieldTransfer::BesideInput(*input.features, rule.MeasureFields, *fields);
-    const std::shared_ptr<IFeatureClass> output = CreateRunOutput(target, rule.Output, frame.reference, frame.extent,
-                                                                  transfer.OutputFields(), run.Words.NamePrompt);
-    journal.output_path = path;
+    output = CreateRunOutput(target, rule.Output, frame.reference, frame.extent, transfer.OutputFields(),
+                             run.Words.NamePrompt);
+    journal.output_path = facts.output_path = WrittenPath(target, *output);
     transfer.Bind(input.features.get(), *output);
     facts.field_report = transfer.FieldReport();
 
@@ -141,10 +147,11 @@ std::string RunConversion(const ConversionRun& run, const std::shared_ptr<IFeatu
       const StepContext context{input_type, reference, frame.reference};
       const bool finished = ConvertFeatures(run, context, input, writer, progress, facts);
       writer.Close();
+      CheckRowsWritten(journal, *output);
+      tell_faults();
       if (!finished) {
         journal.stopped = true;
-        journal.end = Host().Clock().Now();
-        return StoppedReport(run, facts);
+        return StoppedReport(run, facts, journal);
       }
     }
     AddResultLayer(output, target.name, *document);
@@ -152,15 +159,16 @@ std::string RunConversion(const ConversionRun& run, const std::shared_ptr<IFeatu
     progress.Finish();
     document->ActiveView()->PartialRefresh(esriViewGeography, nullptr, nullptr);
 
-    journal.end = Host().Clock().Now();
-    facts.output_count = output->FeatureCount(nullptr);
-    facts.time_spent = ReturnTimeElapsedRTF(journal.begin, journal.end, kReportFontSize);
-    return SuccessReport(run, facts);
+    scope.End();
+    facts.output_count = static_cast<std::int32_t>(journal.written);
+    facts.time_spent = ReturnTimeElapsedRTF(journal.begin, journal.end, kReportFontSize, journal.elapsed_seconds);
+    return SuccessReport(run, facts, journal);
   };
   const auto on_fault = [&](const Fault& fault) {
-    journal.failed = true;
-    journal.end = Host().Clock().Now();
-    return FailureReport(run, facts, fault);
+    journal.Fail(fault.Description());
+    journal.written = ReadableRows(output);
+    tell_faults();
+    return FailureReport(run, facts, journal, fault);
   };
   return TrapWith(run.Worker, run_body, on_fault);
 }

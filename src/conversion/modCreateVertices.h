@@ -15,10 +15,11 @@ namespace tessarine::modCreateVertices {
 /// Carries the run out and returns its report as RTF.
 ///
 /// Reads all records of the layer, or the selected ones, in the order of the data. Features without a shape are passed
-/// over. The output takes the spatial reference of the input; a layer of it is added to the focus map. `fields` are
-/// fields of the input class and may be none. `path` is the full backslash path of the output; its kind and feature
-/// dataset come from the extension. A run that the user stops leaves what was written and says so. A fault ends the
-/// run: the report tells of it, the fault report is shown, and what was flushed stays.
+/// over; so are those that meet a fault, which the report and the fault report tell of. The output takes the spatial
+/// reference of the input; a layer of it is added to the focus map. `fields` are fields of the input class and may be
+/// none. `path` is the full backslash path of the output; its kind and feature dataset come from the extension. A run
+/// that the user stops leaves what was written and says so. A source that can't be read on or an output that can't be
+/// written on ends the run: the report tells of it, the fault report is shown, and what was flushed stays.
 [[nodiscard]] std::string RunConversion(const ConversionRun& run, const std::shared_ptr<IFeatureLayer>& layer,
                                         const std::shared_ptr<VarArray>& fields, bool all_records,
                                         const std::string& path, const std::shared_ptr<IApplication>& application,

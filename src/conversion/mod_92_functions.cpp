@@ -10,11 +10,11 @@
 #include "conversion/run_data.h"
 #include "platform/feature_construction.h"
 #include "platform/host.h"
-#include "platform/text_formats.h"
-#include "platform/trap.h"
+#include "platform/run_scope.h"
 #include "support/MyGeneralOperations.h"
 #include "support/aml_func_mod.h"
 #include "support/attempt.h"
+#include "support/rows_on_disk.h"
 
 namespace tessarine::mod_92_functions {
 namespace {
@@ -22,6 +22,7 @@ namespace {
 using namespace MyGeneralOperations;
 
 constexpr std::int32_t kReportFontSize = 8;
+constexpr const char* kWorker = "orlBuildPolygons";
 constexpr std::array<std::string_view, 1> kMeasures = {"Area"};
 
 /// The moving picture and the hourglass while the run lasts, however it ends.
@@ -60,8 +61,18 @@ struct Lines {
 Lines CollectLines(const std::shared_ptr<IFeatureLayer>& layer, bool all_lines) {
   const RunInput input = OpenInput(layer, all_lines);
   Lines lines{input.features, {}, input.count};
+  RunJournal& journal = Host().Journal();
   while (const std::shared_ptr<IFeature> feature = input.cursor->NextFeature()) {
-    lines.shapes.push_back(Require(feature->Shape(), "Shape"));
+    ++journal.read;
+    const std::int64_t oid = feature->OID();
+    static_cast<void>(WorkOnRecord(journal, oid, [&] {
+      const GeometryRef shape = feature->Shape();
+      if (shape) {
+        lines.shapes.push_back(shape);
+      } else {
+        journal.skipped_oids.push_back(oid);
+      }
+    }));
   }
   return lines;
 }
@@ -79,41 +90,36 @@ void ConstructPolygons(const Lines& lines, double tolerance, IFeatureClass& outp
 // Numbers and measures the polygons and gives them their labels. Answers the list of those without.
 std::string CompletePolygons(IFeatureClass& output, const FieldTransfer& transfer,
                              const std::optional<LabelSearch>& labels) {
+  RunJournal& journal = Host().Journal();
   std::string unlabelled;
   std::int32_t count = 0;
   const std::shared_ptr<IFeatureCursor> cursor = output.Update(nullptr, false);
   while (const std::shared_ptr<IFeature> feature = cursor->NextFeature()) {
-    const auto polygon = Cast<Polygon>(feature->Shape());
-    Require(polygon, "IPolygon")->Simplify();
-    feature->SetShape(polygon);
-    feature->SetValue(transfer.UniqueIdIndex(), ++count);
-    const FieldRef& area = output.Fields()->Field(transfer.MeasureIndex(0));
-    NoteMeasureChange(Host().Journal(), *area, feature->SetValue(transfer.MeasureIndex(0), polygon->Area()),
-                      feature->OID());
-    if (labels) {
+    const std::int64_t oid = feature->OID();
+    static_cast<void>(WorkOnRecord(journal, oid, [&] {
+      feature->SetValue(transfer.UniqueIdIndex(), ++count);
+      const auto polygon = Cast<Polygon>(feature->Shape());
+      Require(polygon, "IPolygon")->Simplify();
+      feature->SetShape(polygon);
+      const FieldRef& area = output.Fields()->Field(transfer.MeasureIndex(0));
+      NoteMeasureChange(journal, *area, feature->SetValue(transfer.MeasureIndex(0), polygon->Area()), oid);
+      if (!labels) return;
       if (const std::shared_ptr<IFeature> point = labels->Find(*polygon)) {
-        transfer.CopyAttributes(*point, *feature, Host().Journal());
+        transfer.CopyAttributes(*point, *feature, journal);
       } else {
-        unlabelled += "  ** OID Value = " + std::to_string(feature->OID()) + "\\par\r\n";
+        unlabelled += "  ** OID Value = " + std::to_string(oid) + "\\par\r\n";
       }
-    }
-    cursor->UpdateFeature(feature);
+    }));
+    static_cast<void>(WorkOnRecord(journal, oid, [&] { WriteRow([&] { cursor->UpdateFeature(feature); }); }));
   }
   cursor->Flush();
   cursor->Close();
   return unlabelled;
 }
 
-// The user may have named the output anew; a shapefile loses its ending on the way.
-bool SameClassName(const std::string& used, const std::string& asked) {
-  return EqualsIgnoringCase(aml_func_mod::SetExtension(used, "shp"), aml_func_mod::SetExtension(asked, "shp"));
-}
-
 // Ends a run that has nothing to work on.
 std::string GiveUp(const std::string& message) {
-  RunJournal& journal = Host().Journal();
-  journal.failed = true;
-  journal.end = Host().Clock().Now();
+  Host().Journal().Fail(message);
   Host().MessageBox().Show(message, "");
   return "";
 }
@@ -127,13 +133,13 @@ std::string orlBuildPolygons(const std::shared_ptr<IFeatureLayer>& line_layer, b
                              const std::shared_ptr<IMxDocument>& document,
                              const std::shared_ptr<IApplication>& application,
                              const std::shared_ptr<clsExtension>& extension) {
-  RunJournal& journal = Host().Journal();
-  journal = RunJournal();
-  journal.begin = Host().Clock().Now();
+  RunScope scope(Host().Journal(), Host().Clock());
+  RunJournal& journal = scope.Journal();
+  const auto tell_faults = [&] { ReportRecordFaults(journal, kWorker, line_layer->Name()); };
+  std::shared_ptr<IFeatureClass> output;
   const auto run_body = [&]() -> std::string {
     const BusySigns busy(application);
     const Lines lines = CollectLines(line_layer, all_lines);
-    journal.read = static_cast<std::int64_t>(lines.shapes.size());
     if (lines.shapes.empty()) {
       return GiveUp("No polylines available in '" + line_layer->Name() + "'!  Function cancelled...");
     }
@@ -141,15 +147,13 @@ std::string orlBuildPolygons(const std::shared_ptr<IFeatureLayer>& line_layer, b
     BuildFacts facts;
     facts.output_path = aml_func_mod::MakeUniqueFilename(path);
     OutputTarget target = SplitOutputPath(facts.output_path, *extension);
-    const std::string asked_name = target.name;
     const VarArray none;
     FieldTransfer transfer = FieldTransfer::BesideChosen(kMeasures, fields ? *fields : none);
     const SpatialReferenceRef reference = lines.features->SpatialReference();
     const Envelope extent = lines.features->Extent();
-    const std::shared_ptr<IFeatureClass> output =
-        CreateRunOutput(target, esriGeometryPolygon, reference, extent, transfer.OutputFields(),
-                        "Specify New Polygon Feature Class Name:");
-    if (!SameClassName(target.name, asked_name)) facts.output_path = target.directory + "\\" + target.name;
+    output = CreateRunOutput(target, esriGeometryPolygon, reference, extent, transfer.OutputFields(),
+                             "Specify New Polygon Feature Class Name:");
+    facts.output_path = WrittenPath(target, *output);
     journal.output_path = facts.output_path;
     journal.reference = output->SpatialReference();
     const auto points = transfer_labels ? Require(point_layer, "point layer")->FeatureClass() : nullptr;
@@ -168,11 +172,13 @@ std::string orlBuildPolygons(const std::shared_ptr<IFeatureLayer>& line_layer, b
     }
     facts.unlabelled = CompletePolygons(*output, transfer, labels);
     journal.written = facts.output_count;
+    CheckRowsWritten(journal, *output);
+    tell_faults();
 
     AddResultLayer(output, target.name, *document);
     document->ActiveView()->PartialRefresh(esriViewGeography, nullptr, nullptr);
 
-    journal.end = Host().Clock().Now();
+    scope.End();
     facts.line_layer = line_layer->Name();
     facts.all_lines = all_lines;
     facts.line_count = lines.count;
@@ -184,15 +190,16 @@ std::string orlBuildPolygons(const std::shared_ptr<IFeatureLayer>& line_layer, b
     facts.first_point = use_first_label_point;
     facts.field_report = transfer.FieldReport();
     facts.reference_name = reference->Name();
-    facts.time_spent = ReturnTimeElapsedRTF(journal.begin, journal.end, kReportFontSize);
-    return BuildReport(facts);
+    facts.time_spent = ReturnTimeElapsedRTF(journal.begin, journal.end, kReportFontSize, journal.elapsed_seconds);
+    return BuildReport(facts, journal);
   };
-  const auto on_fault = [&](const Fault&) -> std::string {
-    journal.failed = true;
-    journal.end = Host().Clock().Now();
-    return "";
+  const auto on_fault = [&](const Fault& fault) {
+    journal.Fail(fault.Description());
+    journal.written = ReadableRows(output);
+    tell_faults();
+    return BuildFailureReport(fault, journal, line_layer->Name());
   };
-  return TrapWith("orlBuildPolygons", run_body, on_fault);
+  return TrapWith(kWorker, run_body, on_fault);
 }
 
 }  // namespace tessarine::mod_92_functions

@@ -29,6 +29,12 @@ std::shared_ptr<IFeatureClass> CreateRunOutput(OutputTarget& target, esriGeometr
       "the output feature class was not created");
 }
 
+std::string WrittenPath(const OutputTarget& target, const IFeatureClass& output) {
+  // The name of a class leaves out the dataset that it lies in.
+  const bool in_dataset = target.is_feature_dataset && !output.Category().starts_with("Shapefile");
+  return in_dataset ? target.directory + "\\" + target.name : output.FullName();
+}
+
 void AddResultLayer(const std::shared_ptr<IFeatureClass>& output, const std::string& name,
                     const IMxDocument& document) {
   const std::shared_ptr<IFeatureLayer> layer = Host().CreateFeatureLayer();

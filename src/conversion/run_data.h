@@ -29,6 +29,9 @@ struct RunInput {
                                                              const std::shared_ptr<VarArray>& fields,
                                                              std::string_view name_prompt);
 
+/// Where the output lies, as it was made.
+[[nodiscard]] std::string WrittenPath(const OutputTarget& target, const IFeatureClass& output);
+
 /// Adds a layer of the output to the focus map.
 void AddResultLayer(const std::shared_ptr<IFeatureClass>& output, const std::string& name, const IMxDocument& document);
 

@@ -3,18 +3,20 @@
 #include "platform/paths.h"
 #include "platform/rich_text.h"
 #include "platform/text_formats.h"
+#include "support/journal_report.h"
 
 namespace tessarine {
 namespace {
 
 constexpr std::string_view kModule = "modCreateVertices";
+constexpr std::string_view kModuleFile = "conversion/modCreateVertices.cpp";
 
 constexpr std::string_view kHeader =
     "{\\rtf1\\ansi\\ansicpg1252\\deff0\\deflang1033{\\fonttbl{\\f0\\fswiss\\fcharset0 Arial;}}\r\n"
     "{\\*\\generator Msftedit 5.41.15.1507;}\\viewkind4\\uc1\\pard\\qc\\b\\f0\\fs16 ";
 
 constexpr std::string_view kSuccessBody =
-    " Successful:\\par\r\n"
+    ":\\par\r\n"
     "\\pard ---------------------------------------------\\par\r\n"
     "Input Parameters:\\b0\\par\r\n"
     "  ** Input Feature Layer: zzzFClass\\par\r\n"
@@ -33,8 +35,14 @@ constexpr std::string_view kSuccessBody =
 
 constexpr std::string_view kProblemLine = "zzzProbReport\r\n";
 
-std::string SkippedBlock(const modCreateVertices::ConversionRun& run, const std::string& skipped_list) {
-  return ProblemBlock(run.Words.SkippedHeading, skipped_list);
+std::string SkippedBlock(const modCreateVertices::ConversionRun& run, const RunJournal& journal) {
+  std::string list;
+  for (const std::int64_t oid : journal.skipped_oids) list += "  ** OID Value = " + std::to_string(oid) + "\\par\r\n";
+  return list.empty() ? "" : ProblemBlock(run.Words.SkippedHeading, list);
+}
+
+std::string Problems(const RunFacts& facts, const RunJournal& journal) {
+  return ProblemSections(journal, facts.layer_name, "These features could not be converted and were left out.");
 }
 
 std::string RecordLine(const modCreateVertices::ConversionRun& run, const RunFacts& facts) {
@@ -54,10 +62,13 @@ std::string ProblemBlock(std::string_view heading, const std::string& list) {
 
 std::string PathForReport(const std::string& path) { return EscapeRtf(ToNativePath(path)); }
 
-std::string SuccessReport(const modCreateVertices::ConversionRun& run, const RunFacts& facts) {
-  std::string report = std::string(kHeader) + std::string(run.Words.ReportTitle) + std::string(kSuccessBody);
-  if (!run.ReportsSkipped) report = Replace(report, kProblemLine, "");
-  report = Replace(report, "zzzProbReport", facts.skipped_list.empty() ? "" : SkippedBlock(run, facts.skipped_list));
+std::string SuccessReport(const modCreateVertices::ConversionRun& run, const RunFacts& facts,
+                          const RunJournal& journal) {
+  std::string report = std::string(kHeader) + std::string(run.Words.ReportTitle) + " " +
+                       std::string(OutcomeTitle(journal)) + std::string(kSuccessBody);
+  const std::string problems = Problems(facts, journal);
+  if (!run.ReportsSkipped && problems.empty()) report = Replace(report, kProblemLine, "");
+  report = Replace(report, "zzzProbReport", (run.ReportsSkipped ? SkippedBlock(run, journal) : "") + problems);
   report = Replace(report, "zzzFieldReport", facts.field_report);
   report = Replace(report, "zzzFClass", EscapeRtf(facts.layer_name));
   report = Replace(report, "zzzSpRef", "Spatial Reference:  " + EscapeRtf(facts.reference_name));
@@ -68,20 +79,25 @@ std::string SuccessReport(const modCreateVertices::ConversionRun& run, const Run
   return Replace(report, "TimeSpentString", facts.time_spent);
 }
 
-std::string StoppedReport(const modCreateVertices::ConversionRun& run, const RunFacts& facts) {
+std::string StoppedReport(const modCreateVertices::ConversionRun& run, const RunFacts& facts,
+                          const RunJournal& journal) {
   return std::string(kHeader) + "Exited Function Prematurely at Record " + std::to_string(facts.records_done) +
          "\\par\r\nPartial output saved to " + PathForReport(facts.output_path) + "\\par\r\n" +
-         (facts.skipped_list.empty() ? "" : SkippedBlock(run, facts.skipped_list)) + "}";
+         SkippedBlock(run, journal) + Problems(facts, journal) + "}";
 }
 
-std::string FailureReport(const modCreateVertices::ConversionRun& run, const RunFacts& facts, const Fault& fault) {
+std::string FailureReport(const modCreateVertices::ConversionRun& run, const RunFacts& facts, const RunJournal& journal,
+                          const Fault& fault) {
   return std::string(kHeader) + "!!!  " + std::string(run.Words.ReportTitle) + " Failed  !!!\\par\r\n" +
          "\\pard ---------------------------------------------\\b0\\par\r\n" + "Module = " + std::string(kModule) +
-         "\\par\r\n" + "Function = " + std::string(run.Worker) + "\\par\r\n" +
-         "Line Number = " + std::to_string(fault.Line()) + "\\par\r\n" + "Error " + std::to_string(fault.Number()) +
-         ":  " + EscapeRtf(fault.Description()) + "\\par\r\n" +
+         "\\par\r\n" + "Function = " + std::string(run.Worker) + "\\par\r\n" + LineNumberLine(fault, kModuleFile) +
+         "Error " + std::to_string(fault.Number()) + ":  " + EscapeRtf(fault.Description()) + "\\par\r\n" +
          "----------------------------------------------------------\\par\r\n" + "Analyzing Record #" +
-         std::to_string(facts.records_done) + "\\par\r\n" + "}";
+         std::to_string(facts.records_done) + "\\par\r\n" +
+         (facts.output_path.empty()
+              ? ""
+              : "Rows in " + PathForReport(facts.output_path) + ": " + std::to_string(journal.written) + "\\par\r\n") +
+         Problems(facts, journal) + "}";
 }
 
 std::string UnknownReferenceReport(const modCreateVertices::ConversionRun& run) {

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "conversion/conversion_runs.h"
-#include "platform/fault.h"
+#include "platform/run_journal.h"
 
 namespace tessarine {
 
@@ -19,15 +19,17 @@ struct RunFacts {
   std::string output_path;   ///< a backslash path
   std::string reference_name;
   std::int32_t output_count = 0;
-  std::string skipped_list;  ///< RTF already; empty when no feature was skipped
-  std::string time_spent;    ///< RTF already
+  std::string time_spent;  ///< RTF already
 };
 
-[[nodiscard]] std::string SuccessReport(const modCreateVertices::ConversionRun& run, const RunFacts& facts);
+[[nodiscard]] std::string SuccessReport(const modCreateVertices::ConversionRun& run, const RunFacts& facts,
+                                        const RunJournal& journal);
 /// The report of a run that the user stopped.
-[[nodiscard]] std::string StoppedReport(const modCreateVertices::ConversionRun& run, const RunFacts& facts);
+[[nodiscard]] std::string StoppedReport(const modCreateVertices::ConversionRun& run, const RunFacts& facts,
+                                        const RunJournal& journal);
+/// The report of a run that a fault ended; `journal` tells what came of it until then.
 [[nodiscard]] std::string FailureReport(const modCreateVertices::ConversionRun& run, const RunFacts& facts,
-                                        const Fault& fault);
+                                        const RunJournal& journal, const Fault& fault);
 /// The report of a run that needs to know the projection of data that doesn't tell it.
 [[nodiscard]] std::string UnknownReferenceReport(const modCreateVertices::ConversionRun& run);
 

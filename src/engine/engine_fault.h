@@ -9,7 +9,10 @@
 
 namespace tessarine::engine {
 
-[[noreturn]] inline void RaiseEngineFault(const std::string& text) { throw Fault(kEngine, "Engine", text); }
+[[noreturn]] inline void RaiseEngineFault(const std::string& text,
+                                          const std::source_location where = std::source_location::current()) {
+  throw Fault(kEngine, "Engine", text, static_cast<std::int32_t>(where.line()), SourceFileName(where.file_name()));
+}
 
 /// Collects GDAL's messages while it lives, so that none is printed and faults can quote them.
 class GdalErrorScope {
@@ -40,5 +43,17 @@ class GdalErrorScope {
   std::string text_;
   bool failed_ = false;
 };
+
+/// Raises the fault of a row that GDAL didn't write. Where a rule of its table refused the row, others can be written;
+/// everything else counts as a failure of the output, which the advice is about.
+[[noreturn]] inline void RaiseRowNotWritten(const std::string& what, const GdalErrorScope& errors,
+                                            const std::string& advice,
+                                            const std::source_location where = std::source_location::current()) {
+  if (errors.Text().find("constraint failed") == std::string::npos) {
+    RaiseEngineFault(what + errors.Quote() + advice, where);
+  }
+  throw Fault(kRowRefused, "Engine", what + errors.Quote() + ".", static_cast<std::int32_t>(where.line()),
+              SourceFileName(where.file_name()));
+}
 
 }  // namespace tessarine::engine

@@ -144,8 +144,8 @@ std::int64_t InsertingCursor::InsertRow(const IRowBuffer& buffer) {
   const GdalErrorScope errors;
   if (transactions_ && !in_transaction_) in_transaction_ = layer.StartTransaction() == OGRERR_NONE;
   if (layer.CreateFeature(&feature) != OGRERR_NONE || errors.Failed()) {
-    RaiseEngineFault("A row can't be written to '" + owner_->Source()->Path() + "'" + errors.Quote() +
-                     ": check the room on the disk and the permissions.");
+    RaiseRowNotWritten("A row can't be written to '" + owner_->Source()->Path() + "'", errors,
+                       ": check the room on the disk and the permissions.");
   }
   ++since_commit_;
   return feature.GetFID();

@@ -85,8 +85,9 @@ void UpdatingCursor::WriteWhole(const OgrRow& row) {
   const bool written = Handle().Layer().SetFeature(&row.Feature()) == OGRERR_NONE &&
                        (!update_ || in_transaction_ || Handle().Layer().SyncToDisk() == OGRERR_NONE);
   if (!written) {
-    RaiseEngineFault("Row " + std::to_string(row.Feature().GetFID()) + " of '" + Owner()->Source()->Path() +
-                     "' can't be written" + errors.Quote() + ".");
+    RaiseRowNotWritten(
+        "Row " + std::to_string(row.Feature().GetFID()) + " of '" + Owner()->Source()->Path() + "' can't be written",
+        errors, ".");
   }
 }
 

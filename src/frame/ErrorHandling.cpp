@@ -63,9 +63,28 @@ void Report(std::int32_t version, const std::string& procedure_name, std::int32_
   }
 }
 
+std::string ProcedureLine(const std::string& procedure, const std::string& file, std::int32_t line) {
+  return procedure + file + " " + GetErrorLineNumberString(line);
+}
+
+// A fault that came through other procedures brings their lines, the outermost on top.
 void ReportTrap(const TrapSite& site, const Fault& fault) {
-  HandleError(site.top, site.procedure + site.source + " " + GetErrorLineNumberString(fault.Line()), fault.Number(),
-              fault.Source(), fault.Description(), kErrorDialogReport, 0);
+  if (fault.Calls().empty()) {
+    const bool own = fault.File() == site.source;
+    std::string lines = ProcedureLine(site.procedure, site.source, own ? fault.Line() : site.line);
+    if (!own && fault.Line() != 0) {
+      lines += std::string(kLineBreak) + kTab + ProcedureLine("Raised in ", fault.File(), fault.Line());
+    }
+    HandleError(true, lines, fault.Number(), fault.Source(), fault.Description(), kErrorDialogReport, 0);
+    return;
+  }
+  std::string text;
+  for (auto call = fault.Calls().rbegin(); call != fault.Calls().rend(); ++call) {
+    text += kTab + ProcedureLine(call->procedure + " ", call->file, call->line) + kLineBreak;
+  }
+  g_entered = true;
+  HandleError(true, ProcedureLine(site.procedure, site.source, site.line), fault.Number(), fault.Source(),
+              text + NumberAndDescription(fault.Number(), fault.Description()), kErrorDialogReport, 0);
 }
 
 }  // namespace

@@ -35,31 +35,31 @@ double BearingOf(XY p1, XY p2) {
 }  // namespace
 
 double RadToDeg(double x) {
-  return Trap("RadToDeg", [&] { return Finite(x * 180.0 / kPi); });
+  return TrapHelper("RadToDeg", [&] { return Finite(x * 180.0 / kPi); });
 }
 
 double DegToRad(double x) {
-  return Trap("DegToRad", [&] { return Finite(x * kPi / 180.0); });
+  return TrapHelper("DegToRad", [&] { return Finite(x * kPi / 180.0); });
 }
 
 double AsRadians(double x) {
-  return Trap("AsRadians", [&] { return Finite(x / 180.0 * kPi); });
+  return TrapHelper("AsRadians", [&] { return Finite(x / 180.0 * kPi); });
 }
 
 double AsDegrees(double x) {
-  return Trap("AsDegrees", [&] { return Finite(x * 180.0 / kPi); });
+  return TrapHelper("AsDegrees", [&] { return Finite(x * 180.0 / kPi); });
 }
 
 double atan2(double y, double x) {
-  return Trap("atan2", [&] { return AngleOf(y, x); });
+  return TrapHelper("atan2", [&] { return AngleOf(y, x); });
 }
 
 double CalcBearing2(XY p1, XY p2) {
-  return Trap("CalcBearing2", [&] { return BearingOf(p1, p2); });
+  return TrapHelper("CalcBearing2", [&] { return BearingOf(p1, p2); });
 }
 
 double CalcBearing2(const Point& p1, const Point& p2) {
-  return Trap("CalcBearing2", [&] { return BearingOf(CoordinatesOf(p1), CoordinatesOf(p2)); });
+  return TrapHelper("CalcBearing2", [&] { return BearingOf(CoordinatesOf(p1), CoordinatesOf(p2)); });
 }
 
 }  // namespace tessarine::MyGeometricOperations

@@ -27,7 +27,7 @@ void Put(const Place& place, double& x, double& y, double& z) {
 }  // namespace
 
 void SphericalLatLongToCart(double lon, double lat, double& x, double& y, double& z, double radius) {
-  Trap("SphericalLatLongToCart", [&] {
+  TrapHelper("SphericalLatLongToCart", [&] {
     const double theta = DegToRad(90.0 - lat);
     const double phi = DegToRad(lon);
     const double sin_theta = std::sin(theta);
@@ -37,7 +37,7 @@ void SphericalLatLongToCart(double lon, double lat, double& x, double& y, double
 
 void SpheroidalLatLongToCart(double lon, double lat, double& x, double& y, double& z, double semi_major,
                              double semi_minor, double height) {
-  Trap("SpheroidalLatLongToCart", [&] {
+  TrapHelper("SpheroidalLatLongToCart", [&] {
     const double theta = DegToRad(90.0 - lat);
     const double phi = DegToRad(lon);
     const double sin_theta = std::sin(theta);
@@ -51,7 +51,7 @@ void SpheroidalLatLongToCart(double lon, double lat, double& x, double& y, doubl
 }
 
 void SphericalCartToLatLong(double& lon, double& lat, double x, double y, double z) {
-  Trap("SphericalCartToLatLong", [&] {
+  TrapHelper("SphericalCartToLatLong", [&] {
     const double r = Root(x * x + y * y);
     const double new_lon = RadToDeg(atan2(y, x));
     const double new_lat = 90.0 - RadToDeg(atan2(r, z));
@@ -61,7 +61,7 @@ void SphericalCartToLatLong(double& lon, double& lat, double x, double y, double
 
 void SpheroidalCartToLatLong(double& lon, double& lat, double x, double y, double z, double semi_major,
                              double semi_minor, double) {
-  Trap("SpheroidalCartToLatLong", [&] {
+  TrapHelper("SpheroidalCartToLatLong", [&] {
     const double p = Root(x * x + y * y);
     const double t = atan2(Finite(z * semi_major), Finite(p * semi_minor));
     const double e2 = Divide(semi_major * semi_major - semi_minor * semi_minor, semi_major * semi_major);
@@ -77,7 +77,7 @@ void SpheroidalCartToLatLong(double& lon, double& lat, double x, double y, doubl
 
 void TriangleCentroid3D(double x1, double y1, double z1, double x2, double y2, double z2, double x3, double y3,
                         double z3, double& cx, double& cy, double& cz) {
-  Trap("TriangleCentroid3D", [&] {
+  TrapHelper("TriangleCentroid3D", [&] {
     Put({(x1 + x2 + x3) / 3.0, (y1 + y2 + y3) / 3.0, (z1 + z2 + z3) / 3.0}, cx, cy, cz);
   });
 }

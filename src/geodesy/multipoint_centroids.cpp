@@ -64,17 +64,18 @@ std::shared_ptr<Point> NewPoint(XY at) {
 
 std::shared_ptr<Point> MultipointCentroidSpheroid(const std::shared_ptr<IPointCollection>& multipoint,
                                                   double semi_major, double semi_minor, double height) {
-  return Trap("MultipointCentroidSpheroid", [&] {
+  return TrapHelper("MultipointCentroidSpheroid", [&] {
     return NewPoint(SpheroidalMean(*Require(multipoint, "Multipoint"), semi_major, semi_minor, height));
   });
 }
 
 XY MultipointCentroidSpheroid(std::span<const XY> points, double semi_major, double semi_minor, double height) {
-  return Trap("MultipointCentroidSpheroid", [&] { return SpheroidalMean(points, semi_major, semi_minor, height); });
+  return TrapHelper("MultipointCentroidSpheroid",
+                    [&] { return SpheroidalMean(points, semi_major, semi_minor, height); });
 }
 
 std::shared_ptr<Point> MultipointCentroid(const std::shared_ptr<IPointCollection>& multipoint) {
-  return Trap("MultipointCentroid", [&] {
+  return TrapHelper("MultipointCentroid", [&] {
     auto point = NewPoint(PlanarMean(*Require(multipoint, "Multipoint")));
     if (const auto shape = Cast<IGeometry>(multipoint)) point->SetSpatialReference(shape->SpatialReference());
     return point;
@@ -82,7 +83,7 @@ std::shared_ptr<Point> MultipointCentroid(const std::shared_ptr<IPointCollection
 }
 
 XY MultipointCentroid(std::span<const XY> points) {
-  return Trap("MultipointCentroid", [&] { return PlanarMean(points); });
+  return TrapHelper("MultipointCentroid", [&] { return PlanarMean(points); });
 }
 
 }  // namespace tessarine::MyGeometricOperations

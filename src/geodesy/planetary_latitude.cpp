@@ -84,7 +84,7 @@ GeometryRef ConvertFeature(const GeometryRef& geometry, const Conversion& conver
 
 void XYOCentricToOGraphic(double lon, double lat, double semi_major, double semi_minor, double long_shift,
                           double& new_lon, double& new_lat) {
-  Trap("XYOCentricToOGraphic", [&] {
+  TrapHelper("XYOCentricToOGraphic", [&] {
     const double shifted = Finite(lon + long_shift);
     const double k = SquaredAxisRatio(semi_major, semi_minor);
     const double latitude = AsDegrees(std::atan(Finite(k * Tangent(AsRadians(lat)))));
@@ -94,7 +94,7 @@ void XYOCentricToOGraphic(double lon, double lat, double semi_major, double semi
 
 void XYOGraphicToOCentric(double lon, double lat, double semi_major, double semi_minor, double long_shift,
                           double& new_lon, double& new_lat) {
-  Trap("XYOGraphicToOCentric", [&] {
+  TrapHelper("XYOGraphicToOCentric", [&] {
     const double shifted = Finite(lon + long_shift);
     const double k = SquaredAxisRatio(semi_major, semi_minor);
     const double latitude = AsDegrees(std::atan(Divide(Tangent(AsRadians(lat)), k)));
@@ -104,14 +104,14 @@ void XYOGraphicToOCentric(double lon, double lat, double semi_major, double semi
 
 GeometryRef FeaturePlanetOCentricToPlanetOGraphic(const GeometryRef& geometry, double& semi_major, double& semi_minor,
                                                   double long_shift) {
-  return Trap("FeaturePlanetOCentricToPlanetOGraphic",
-              [&] { return ConvertFeature(geometry, kToOGraphic, semi_major, semi_minor, long_shift); });
+  return TrapHelper("FeaturePlanetOCentricToPlanetOGraphic",
+                    [&] { return ConvertFeature(geometry, kToOGraphic, semi_major, semi_minor, long_shift); });
 }
 
 GeometryRef FeaturePlanetOGraphicToPlanetOCentric(const GeometryRef& geometry, double& semi_major, double& semi_minor,
                                                   double long_shift) {
-  return Trap("FeaturePlanetOGraphicToPlanetOCentric",
-              [&] { return ConvertFeature(geometry, kToOCentric, semi_major, semi_minor, long_shift); });
+  return TrapHelper("FeaturePlanetOGraphicToPlanetOCentric",
+                    [&] { return ConvertFeature(geometry, kToOCentric, semi_major, semi_minor, long_shift); });
 }
 
 }  // namespace tessarine::MyGeometricOperations

@@ -218,28 +218,29 @@ std::shared_ptr<Point> PointAt(const Walk& walk, const SpatialReferenceRef& refe
 }  // namespace
 
 double SpheroidalPolylineLength(const std::shared_ptr<Polyline>& polyline) {
-  return Trap("SpheroidalPolylineLength",
-              [&] { return LengthOf(PartsOf(Require(polyline, "Polyline")->Parts()), LineFigure()); });
+  return TrapHelper("SpheroidalPolylineLength",
+                    [&] { return LengthOf(PartsOf(Require(polyline, "Polyline")->Parts()), LineFigure()); });
 }
 
 double SpheroidalPolylineLength(std::span<const XY> path) {
-  return Trap("SpheroidalPolylineLength", [&] { return LengthOf(PartsOf(path), LineFigure()); });
+  return TrapHelper("SpheroidalPolylineLength", [&] { return LengthOf(PartsOf(path), LineFigure()); });
 }
 
 double SpheroidalPolylineLength2(const std::shared_ptr<Polyline>& polyline, double semi_major, double semi_minor) {
-  return Trap("SpheroidalPolylineLength2", [&] {
+  return TrapHelper("SpheroidalPolylineLength2", [&] {
     return LengthOf(PartsOf(Require(polyline, "Polyline")->Parts()), LineFigure(semi_major, semi_minor));
   });
 }
 
 double SpheroidalPolylineLength2(std::span<const XY> path, double semi_major, double semi_minor) {
-  return Trap("SpheroidalPolylineLength2", [&] { return LengthOf(PartsOf(path), LineFigure(semi_major, semi_minor)); });
+  return TrapHelper("SpheroidalPolylineLength2",
+                    [&] { return LengthOf(PartsOf(path), LineFigure(semi_major, semi_minor)); });
 }
 
 std::shared_ptr<Point> SpheroidalPolylineMidpoint2(const std::shared_ptr<Polyline>& polyline, double& position,
                                                    bool as_ratio, double& total_length, double semi_major,
                                                    double semi_minor) {
-  return Trap("SpheroidalPolylineMidpoint2", [&] {
+  return TrapHelper("SpheroidalPolylineMidpoint2", [&] {
     const PartsOf parts(Require(polyline, "Polyline")->Parts());
     const LineFigure figure(semi_major, semi_minor);
     return PointAt(WalkTo(parts, figure, position, as_ratio, total_length), polyline->SpatialReference());
@@ -248,7 +249,7 @@ std::shared_ptr<Point> SpheroidalPolylineMidpoint2(const std::shared_ptr<Polylin
 
 XY SpheroidalPolylineMidpoint2(std::span<const XY> path, double& position, bool as_ratio, double& total_length,
                                double semi_major, double semi_minor) {
-  return Trap("SpheroidalPolylineMidpoint2", [&] {
+  return TrapHelper("SpheroidalPolylineMidpoint2", [&] {
     const LineFigure figure(semi_major, semi_minor);
     const Walk walk = WalkTo(PartsOf(path), figure, position, as_ratio, total_length);
     XY end;

@@ -132,7 +132,7 @@ auto ShowFaults(const char* procedure, Body&& body) -> decltype(body()) {
 }  // namespace
 
 std::shared_ptr<Polyline> PolygonToPolyline(const std::shared_ptr<Polygon>& polygon) {
-  return Trap("PolygonToPolyline", [&] {
+  return TrapHelper("PolygonToPolyline", [&] {
     const SpatialReferenceRef reference = Require(polygon, "Polygon")->SpatialReference();
     auto polyline = std::make_shared<Polyline>();
     // Holes without an exterior ring stand behind the others in the bag and bound no component.

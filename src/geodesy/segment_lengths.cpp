@@ -6,6 +6,7 @@
 
 #include "geodesy/angles.h"
 #include "geodesy/vincenty.h"
+#include "platform/fault.h"
 
 namespace tessarine::MyGeometricOperations {
 namespace {
@@ -88,6 +89,13 @@ double LengthOf(const Lane& lane, double a, double b) {
   return b * A * (lane.sigma - delta_sigma);
 }
 
+// Positions less than a hundredth of a micrometre apart. Their sines may be the same, and no azimuth leads from one to
+// the other; as a segment of a line that is no reason to lose the line.
+bool AreOnePlace(XY from, XY to) {
+  constexpr double kDegrees = 1e-13;
+  return std::fabs(from.x - to.x) < kDegrees && std::fabs(from.y - to.y) < kDegrees;
+}
+
 bool IsTiny(double sine) { return sine != 0.0 && std::fabs(sine) < kTinySine; }
 
 }  // namespace
@@ -100,8 +108,13 @@ LineFigure::LineFigure(double semi_major, double semi_minor)
 
 double LineFigure::Measure(XY from, XY to, double& azimuth) const {
   double azimuth2 = 0.0;
-  return fixed_ ? DistanceVincentyPoints(from, to, azimuth, azimuth2)
-                : DistanceVincentyPoints2(from, to, azimuth, azimuth2, a_, b_);
+  try {
+    return fixed_ ? DistanceVincentyPoints(from, to, azimuth, azimuth2)
+                  : DistanceVincentyPoints2(from, to, azimuth, azimuth2, a_, b_);
+  } catch (const Fault&) {
+    if (!AreOnePlace(from, to)) throw;
+    return 0.0;
+  }
 }
 
 SegmentLengths::SegmentLengths(const LineFigure& figure, std::span<const XY> vertices)

@@ -83,29 +83,30 @@ double SignOfTurn(XY p1, XY p2, XY p3) {
 }  // namespace detail
 
 double SphericalTriangleArea(XY p1, XY p2, XY p3, double& sign) {
-  return Trap("SphericalTriangleArea", [&] { return AreaOf(p1, p2, p3, sign, kWgs1984SemiMajor, kWgs1984SemiMinor); });
+  return TrapHelper("SphericalTriangleArea",
+                    [&] { return AreaOf(p1, p2, p3, sign, kWgs1984SemiMajor, kWgs1984SemiMinor); });
 }
 
 double SphericalTriangleArea(const Point& p1, const Point& p2, const Point& p3, double& sign) {
-  return Trap("SphericalTriangleArea", [&] {
+  return TrapHelper("SphericalTriangleArea", [&] {
     return AreaOf(CoordinatesOf(p1), CoordinatesOf(p2), CoordinatesOf(p3), sign, kWgs1984SemiMajor, kWgs1984SemiMinor);
   });
 }
 
 double SphericalTriangleArea2(XY p1, XY p2, XY p3, double& sign, double semi_major, double semi_minor) {
-  return Trap("SphericalTriangleArea2", [&] { return AreaOf(p1, p2, p3, sign, semi_major, semi_minor); });
+  return TrapHelper("SphericalTriangleArea2", [&] { return AreaOf(p1, p2, p3, sign, semi_major, semi_minor); });
 }
 
 double SphericalTriangleArea2(const Point& p1, const Point& p2, const Point& p3, double& sign, double semi_major,
                               double semi_minor) {
-  return Trap("SphericalTriangleArea2", [&] {
+  return TrapHelper("SphericalTriangleArea2", [&] {
     return AreaOf(CoordinatesOf(p1), CoordinatesOf(p2), CoordinatesOf(p3), sign, semi_major, semi_minor);
   });
 }
 
 double SphericalPolygonArea(const std::shared_ptr<Polygon>& polygon, bool want_centroid, double& centroid_lon,
                             double& centroid_lat) {
-  return Trap("SphericalPolygonArea", [&] {
+  return TrapHelper("SphericalPolygonArea", [&] {
     return PolygonAreaOf(*Require(polygon, "Polygon"), SphericalAreaSum(want_centroid), want_centroid, centroid_lon,
                          centroid_lat);
   });
@@ -113,7 +114,7 @@ double SphericalPolygonArea(const std::shared_ptr<Polygon>& polygon, bool want_c
 
 double SphericalPolygonArea2(const std::shared_ptr<Polygon>& polygon, bool want_centroid, double& centroid_lon,
                              double& centroid_lat, double semi_major, double semi_minor) {
-  return Trap("SphericalPolygonArea2", [&] {
+  return TrapHelper("SphericalPolygonArea2", [&] {
     Require(polygon, "Polygon")->SnapToSpatialReference();
     return PolygonAreaOf(*polygon, SphericalAreaSum(semi_major, semi_minor, want_centroid), want_centroid, centroid_lon,
                          centroid_lat);

@@ -161,7 +161,7 @@ GeographicRef GeographicOf(const SpatialReferenceRef& reference) {
 }  // namespace
 
 double DistanceVincentyNumbers(double lon1, double lat1, double lon2, double lat2, double& azimuth1, double& azimuth2) {
-  return Trap("DistanceVincentyNumbers", [&] {
+  return TrapHelper("DistanceVincentyNumbers", [&] {
     const XY from{lon1, lat1}, to{lon2, lat2};
     return Coincide(from, to, azimuth1, azimuth2) ? 0.0 : Inverse(from, to, FixedWgs1984(), azimuth1, azimuth2);
   });
@@ -169,7 +169,7 @@ double DistanceVincentyNumbers(double lon1, double lat1, double lon2, double lat
 
 double DistanceVincentyNumbers2(double lon1, double lat1, double lon2, double lat2, double& azimuth1, double& azimuth2,
                                 double semi_major, double semi_minor) {
-  return Trap("DistanceVincentyNumbers2", [&] {
+  return TrapHelper("DistanceVincentyNumbers2", [&] {
     const XY from{lon1, lat1}, to{lon2, lat2};
     if (Coincide(from, to, azimuth1, azimuth2)) return 0.0;
     return Inverse(from, to, FigureOf(semi_major, semi_minor), azimuth1, azimuth2);
@@ -181,7 +181,7 @@ double DistanceVincentyPoints(XY from_point, XY to_point, double& azimuth1, doub
 }
 
 double DistanceVincentyPoints(const Point& from_point, const Point& to_point, double& azimuth1, double& azimuth2) {
-  return Trap("DistanceVincentyPoints", [&] {
+  return TrapHelper("DistanceVincentyPoints", [&] {
     return DistanceVincentyPoints(CoordinatesOf(from_point), CoordinatesOf(to_point), azimuth1, azimuth2);
   });
 }
@@ -194,7 +194,7 @@ double DistanceVincentyPoints2(XY from_point, XY to_point, double& azimuth1, dou
 
 double DistanceVincentyPoints2(const Point& from_point, const Point& to_point, double& azimuth1, double& azimuth2,
                                double semi_major, double semi_minor) {
-  return Trap("DistanceVincentyPoints2", [&] {
+  return TrapHelper("DistanceVincentyPoints2", [&] {
     return DistanceVincentyPoints2(CoordinatesOf(from_point), CoordinatesOf(to_point), azimuth1, azimuth2, semi_major,
                                    semi_minor);
   });
@@ -202,13 +202,13 @@ double DistanceVincentyPoints2(const Point& from_point, const Point& to_point, d
 
 void PointLineVincentyPerPoint2(XY start_point, double distance, double azimuth, XY& end_point, double& far_azimuth,
                                 double semi_major, double semi_minor) {
-  Trap("PointLineVincentyPerPoint2",
-       [&] { end_point = DirectFrom(start_point, distance, azimuth, far_azimuth, semi_major, semi_minor); });
+  TrapHelper("PointLineVincentyPerPoint2",
+             [&] { end_point = DirectFrom(start_point, distance, azimuth, far_azimuth, semi_major, semi_minor); });
 }
 
 void PointLineVincentyPerPoint2(const Point& start_point, double distance, double azimuth, Point& end_point,
                                 double& far_azimuth, double semi_major, double semi_minor) {
-  Trap("PointLineVincentyPerPoint2", [&] {
+  TrapHelper("PointLineVincentyPerPoint2", [&] {
     const XY end = DirectFrom(CoordinatesOf(start_point), distance, azimuth, far_azimuth, semi_major, semi_minor);
     end_point.PutCoords(end.x, end.y);
   });
@@ -216,7 +216,7 @@ void PointLineVincentyPerPoint2(const Point& start_point, double distance, doubl
 
 void PointLineVincenty2(const Point& start_point, double distance, double azimuth, Point& end_point,
                         double& far_azimuth, std::int32_t& vertex_count, std::shared_ptr<Polyline>& polyline) {
-  Trap("PointLineVincenty2", [&] {
+  TrapHelper("PointLineVincenty2", [&] {
     const GeographicRef geographic = GeographicOf(start_point.SpatialReference());
     const auto& spheroid = Require(Require(geographic->Datum(), "Datum")->Spheroid(), "Spheroid");
     const double a = spheroid->SemiMajorAxis(), b = spheroid->SemiMinorAxis();

@@ -223,7 +223,7 @@ WrappedShape WrapShape(const GeometryRef& geometry, const Box& box, const KeepGo
 
 GeometryRef WrapToBoundary(const GeometryRef& geometry, double west, double east, double south, double north,
                            const std::shared_ptr<IMxDocument>&) {
-  return Trap("WrapToBoundary", [&] {
+  return TrapHelper("WrapToBoundary", [&] {
     const Box box = BoxOf(west, east, south, north);
     const auto point = Cast<Point>(Require(geometry, "Geometry"));
     return point ? WrapPoint(*point, box) : WrapShape(CloneOf(*geometry), box, nullptr).shape;
@@ -231,7 +231,7 @@ GeometryRef WrapToBoundary(const GeometryRef& geometry, double west, double east
 }
 
 WrappedShape WrapOwnShape(const GeometryRef& geometry, const WrapBox& bounds, const KeepGoing& keep_going) {
-  return Trap("WrapToBoundary", [&] {
+  return TrapHelper("WrapToBoundary", [&] {
     const Box box = BoxOf(bounds.west, bounds.east, bounds.south, bounds.north);
     const auto point = Cast<Point>(Require(geometry, "Geometry"));
     return point ? WrappedShape{.shape = WrapPoint(*point, box)} : WrapShape(geometry, box, keep_going);
@@ -243,14 +243,14 @@ XY WrapPosition(XY position, double west, double east, double south, double nort
 }
 
 void ShiftPointsToWrapBoundary(const GeometryRef& geometry, const DoubleArray& shift) {
-  Trap("ShiftPointsToWrapBoundary", [&] {
+  TrapHelper("ShiftPointsToWrapBoundary", [&] {
     const double dx = shift.Element(0), dy = shift.Element(1);
     Require(Cast<ITransform2D>(geometry), "ITransform2D")->Move(-dx, -dy);
   });
 }
 
 GeometryRef FeatureLongitudeShift(const GeometryRef& geometry, double shift) {
-  return Trap("FeatureLongitudeShift", [&] {
+  return TrapHelper("FeatureLongitudeShift", [&] {
     const GeometryRef shifted = CopyWithVertices(*Require(geometry, "Geometry"), [&](XY vertex) {
       return XY{Finite(vertex.x + shift), vertex.y};
     });

@@ -83,6 +83,7 @@ class frmGraphicsShapefile final : public Form {
   [[nodiscard]] const GraphicSet& ChosenSet() const { return SelectedOnly() ? harvest_->Selected : harvest_->All; }
   [[nodiscard]] MyGeneralOperations::OutputChoice TypedPlace() const;
 
+  Outcome MakeOutput(Made& made);
   Outcome MakeEmptyClass(Made& made);
   Outcome ConvertGraphics(Made& made);
   Outcome AskAboutMissing(const std::string& title, const std::string& text);

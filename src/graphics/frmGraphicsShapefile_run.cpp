@@ -2,15 +2,20 @@
 #include "graphics/frmGraphicsShapefile.h"
 #include "graphics/graphics_run.h"
 #include "platform/host.h"
-#include "platform/trap.h"
+#include "platform/run_scope.h"
 #include "support/MyGeneralOperations.h"
 #include "support/attempt.h"
 #include "support/frmReport_modal.h"
+#include "support/journal_report.h"
+#include "support/rows_on_disk.h"
 
 namespace tessarine {
 namespace {
 
 using namespace MyGeneralOperations;
+
+// What stands for the layer where elements met a fault.
+constexpr const char* kGraphics = "graphics of the map";
 
 bool Exists(const OutputChoice& place) {
   const std::shared_ptr<IWorkspaceFactory> factory = FactoryOfCategory(CategoryOfKind(place.Kind));
@@ -28,14 +33,12 @@ bool IsShapefile(const IFeatureClass& feature_class) {
 void frmGraphicsShapefile::cmdOK_Click() {
   Trap("cmdOK_Click", [this] {
     RememberOutput(TypedPlace(), *extension_);
-    RunJournal& journal = Host().Journal();
-    journal = RunJournal();
-    journal.begin = Host().Clock().Now();
+    RunScope scope(Host().Journal(), Host().Clock());
     Made made;
-    const Outcome outcome = optNew.Value() ? MakeEmptyClass(made) : ConvertGraphics(made);
+    const Outcome outcome = MakeOutput(made);
     if (outcome == Outcome::GoBack) return;
     if (outcome == Outcome::Done) {
-      journal.end = Host().Clock().Now();
+      scope.End();
       if (made.feature_class) AddLayer(made);
       EnableSelectTool(application_);
       Host().Beep();
@@ -46,6 +49,17 @@ void frmGraphicsShapefile::cmdOK_Click() {
     }
     Unload();
   });
+}
+
+frmGraphicsShapefile::Outcome frmGraphicsShapefile::MakeOutput(Made& made) {
+  RunJournal& journal = Host().Journal();
+  try {
+    return optNew.Value() ? MakeEmptyClass(made) : ConvertGraphics(made);
+  } catch (...) {
+    journal.Fail(CurrentFault().Description());
+    journal.written = ReadableRows(made.feature_class);
+    throw;
+  }
 }
 
 frmGraphicsShapefile::Outcome frmGraphicsShapefile::MakeEmptyClass(Made& made) {
@@ -83,6 +97,13 @@ frmGraphicsShapefile::Outcome frmGraphicsShapefile::ConvertGraphics(Made& made) 
   NameCounts written;
   FillGraphicsClass(made.feature_class, conversion, set, output_reference_, map_reference, written);
   report.names = NameLines(written);
+  const RunJournal& journal = Host().Journal();
+  report.records = static_cast<std::int32_t>(journal.written);
+  report.problems = ProblemSections(journal, kGraphics, "These elements, counted from 1, were left out.");
+  if (journal.Outcome() != RunOutcome::Done) {
+    report.title = "Graphics to Feature Classes Conversion " + std::string(OutcomeTitle(journal));
+  }
+  ReportRecordFaults(journal, "cmdOK_Click", kGraphics);
   return Outcome::Done;
 }
 

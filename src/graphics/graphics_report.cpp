@@ -34,7 +34,7 @@ std::string ReportText(const GraphicsReport& report) {
   text += "\\b Attribute Fields:\\b0\\par\r\n" + report.fields;
   text += "\\b " + report.output_title + "\\b0\\par\r\n   " + EscapeRtf(ToNativePath(report.path)) + kLineEnd;
   if (!report.questions.empty()) text += "\\b Questions:\\b0\\par\r\n" + report.questions;
-  return text + "}";
+  return text + report.problems + "}";
 }
 
 std::string EmptyFieldLines(GraphicMeasure measure) {

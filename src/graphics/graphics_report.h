@@ -22,6 +22,7 @@ struct GraphicsReport {
   std::string output_title = "Shapefile saved to:";
   std::string path;       ///< a backslash path
   std::string questions;  ///< RTF already; of a planned run
+  std::string problems;   ///< RTF already; empty when every element was converted
 };
 
 [[nodiscard]] std::string ReportText(const GraphicsReport& report);

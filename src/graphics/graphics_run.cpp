@@ -3,7 +3,9 @@
 #include "geodesy/MyGeometricOperations.h"
 #include "platform/fault.h"
 #include "platform/host.h"
+#include "platform/run_scope.h"
 #include "support/MyGeneralOperations.h"
+#include "support/rows_on_disk.h"
 
 namespace tessarine {
 namespace {
@@ -87,16 +89,13 @@ class GraphicWriter {
         cursor_(target->Insert(true)) {}
 
   void WriteAll(const GraphicList& list, bool with_names) {
+    RunJournal& journal = Host().Journal();
     for (std::int32_t index = 0; index < list.Count(); ++index) {
-      const GeometryRef shape = Placed(Straightened(list.Shapes->Element(index).AsObject<IGeometry>()));
-      MakeSimple(shape);
-      buffer_->SetShape(shape);
-      if (unique_id_ >= 0) buffer_->SetValue(unique_id_, record_);
-      Measure(shape);
-      if (with_names) WriteName(list.Names->Element(index));
-      cursor_->InsertFeature(*buffer_);
-      ++record_;
-      ++Host().Journal().written;
+      static_cast<void>(WorkOnRecord(journal, ++element_, [&] {
+        WriteElement(list.Shapes->Element(index).AsObject<IGeometry>(),
+                     with_names ? &list.Names->Element(index) : nullptr);
+        ++journal.written;
+      }));
     }
   }
 
@@ -106,6 +105,18 @@ class GraphicWriter {
   }
 
  private:
+  void WriteElement(const GeometryRef& own, const std::string* name) {
+    const GeometryRef shape = Placed(Straightened(own));
+    MakeSimple(shape);
+    buffer_->SetShape(shape);
+    if (unique_id_ >= 0) buffer_->SetValue(unique_id_, record_);
+    Measure(shape);
+    if (name != nullptr) buffer_->SetValue(name_, *name);
+    WriteRow([this] { cursor_->InsertFeature(*buffer_); });
+    ++record_;
+    if (name != nullptr) names_.Add(*name);
+  }
+
   // A copy without true curves, of the shape that the class takes.
   [[nodiscard]] GeometryRef Straightened(const GeometryRef& own) const {
     const GeometryRef copy = CloneOf(*Require(own, "Geometry"));
@@ -151,11 +162,6 @@ class GraphicWriter {
     }
   }
 
-  void WriteName(const std::string& name) {
-    buffer_->SetValue(name_, name);
-    names_.Add(name);
-  }
-
   const GraphicConversion& conversion_;
   SpatialReferenceRef output_, label_;
   NameCounts& names_;
@@ -163,6 +169,7 @@ class GraphicWriter {
   std::shared_ptr<IFeatureBuffer> buffer_;
   std::shared_ptr<IFeatureCursor> cursor_;
   std::int32_t record_ = 1;
+  std::int64_t element_ = 0;  // of all lists, from 1
 };
 
 }  // namespace
@@ -184,6 +191,7 @@ void FillGraphicsClass(const std::shared_ptr<IFeatureClass>& target, const Graph
   writer.WriteAll(set.*conversion.first.list, with_names);
   if (conversion.second.list != nullptr) writer.WriteAll(set.*conversion.second.list, with_names);
   writer.Finish();
+  CheckRowsWritten(Host().Journal(), *target);
 }
 
 }  // namespace tessarine

@@ -3,12 +3,14 @@
 #include "planetary/carried_fields.h"
 #include "platform/host.h"
 #include "platform/paths.h"
+#include "platform/run_scope.h"
 #include "platform/text_formats.h"
-#include "platform/trap.h"
 #include "support/MyGeneralOperations.h"
 #include "support/attempt.h"
 #include "support/attribute_copy.h"
 #include "support/frmOrlProgressMeter.h"
+#include "support/journal_report.h"
+#include "support/rows_on_disk.h"
 #include "support/run_progress.h"
 
 namespace tessarine {
@@ -76,17 +78,26 @@ bool RewriteAll(const FeatureRewrite& run, IFeatureClass& input, const std::shar
     finished = progress.Step(++facts.records_done);
     if (!finished) break;
     ++journal.read;
-    const RewrittenShape rewritten = Rewrite(run, *feature, keep_going);
+    const std::int64_t oid = feature->OID();
+    RewrittenShape rewritten;
+    static_cast<void>(WorkOnRecord(journal, oid, [&] { rewritten = Rewrite(run, *feature, keep_going); }));
     finished = !rewritten.stopped;
     if (!finished) break;
-    if (facts.measures.Add(rewritten.measure, feature->OID())) journal.NoteWarning(kChanged, feature->OID());
-    if (rewritten.steps.holds_north) facts.poles.north.push_back(feature->OID());
-    if (rewritten.steps.holds_south) facts.poles.south.push_back(feature->OID());
+    if (facts.measures.Add(rewritten.measure, oid)) journal.NoteWarning(kChanged, oid);
+    if (rewritten.steps.holds_north) facts.poles.north.push_back(oid);
+    if (rewritten.steps.holds_south) facts.poles.south.push_back(oid);
     if (!rewritten.problem.empty()) facts.problems += ProblemLine(rewritten.problem);
-    buffer->SetShape(rewritten.shape);
-    attributes.Copy(*feature, *buffer, journal);
-    writer->InsertFeature(*buffer);
-    ++journal.written;
+    if (!WorkOnRecord(journal, oid, [&] { attributes.Copy(*feature, *buffer, journal); })) continue;
+    const auto write = [&](const GeometryRef& shape) {
+      return WorkOnRecord(journal, oid, [&] {
+        buffer->SetShape(shape);
+        WriteRow([&] { writer->InsertFeature(*buffer); });
+        ++journal.written;
+      });
+    };
+    // What the output can't hold is the shape, as a rule; the record isn't lost with it.
+    if (write(rewritten.shape) || !rewritten.shape || !write(nullptr)) continue;
+    facts.problems += ProblemLine("  --> Feature at OID #" + std::to_string(oid) + " was written without its shape...");
   }
   writer->Close();
   return finished;
@@ -111,16 +122,21 @@ bool ReadsItsOutput(const FeatureRewrite& run) {
 
 std::string EndWithoutOutput(const FeatureRewrite& run, const char* reason) {
   Host().MessageBox().Show(std::string("No Feature Class Created:\r\n") + reason, "");
-  RunJournal& journal = Host().Journal();
-  journal.failed = true;
-  journal.end = Host().Clock().Now();
+  Host().Journal().Fail(std::string("No feature class was created: ") + reason);
   return NoOutputReport(run.conversion);
+}
+
+// "Complete" is not said of a run that lost rows.
+std::string TitleOf(const FeatureRewrite& run, const RunJournal& journal) {
+  const bool lost = journal.failed || (!journal.stopped && journal.written < journal.read);
+  return lost ? Replace(run.title, "Complete", std::string(OutcomeTitle(journal))) : std::string(run.title);
 }
 
 std::string RunBody(const FeatureRewrite& run, const std::shared_ptr<IApplication>& application,
                     const std::shared_ptr<IMxDocument>& document, const std::shared_ptr<clsExtension>& extension,
-                    bool show_progress, RewriteFacts& facts) {
-  RunJournal& journal = Host().Journal();
+                    bool show_progress, RewriteFacts& facts, RunScope& scope,
+                    std::shared_ptr<IFeatureClass>& written_to) {
+  RunJournal& journal = scope.Journal();
   const std::shared_ptr<IFeatureClass> input = Require(Require(run.layer, "layer")->FeatureClass(), "FeatureClass");
   RunProgress progress({"Converting " + run.layer->Name(), std::string(kTask) + "\r\n", kTask}, application, extension,
                        input->FeatureCount(nullptr), show_progress ? std::make_shared<frmOrlProgressMeter>() : nullptr);
@@ -133,18 +149,21 @@ std::string RunBody(const FeatureRewrite& run, const std::shared_ptr<IApplicatio
     progress.Abandon();
     return EndWithoutOutput(run, "Bailing out...");
   }
+  written_to = output.features;
   journal.output_path = output.place.FullPath();
   facts.measures.type = input->ShapeType();
   journal.reference = output.features->SpatialReference();
 
   facts.stopped = !RewriteAll(run, *input, output.features, progress, facts);
+  CheckRowsWritten(journal, *output.features);
   journal.stopped = facts.stopped;
   facts.stopped ? progress.Stop() : progress.Finish();
   ShowResult(output, facts.stopped, document);
-  journal.end = Host().Clock().Now();
-  facts.time_spent = ReturnTimeElapsedRTF(journal.begin, journal.end, kReportFontSize);
-  return RewriteReport(run.title, run.sections,
-                       {ShownName(output.place), output.place.Directory, output.features->FeatureCount(nullptr)},
+  scope.End();
+  facts.time_spent = ReturnTimeElapsedRTF(journal.begin, journal.end, kReportFontSize, journal.elapsed_seconds);
+  facts.problems += FaultLines(journal, run.layer->Name());
+  return RewriteReport(TitleOf(run, journal), run.sections,
+                       {ShownName(output.place), output.place.Directory, static_cast<std::int32_t>(journal.written)},
                        facts);
 }
 
@@ -161,13 +180,21 @@ std::string RewriteFeatures(const FeatureRewrite& run, const std::shared_ptr<IAp
                             const std::shared_ptr<IMxDocument>& document,
                             const std::shared_ptr<clsExtension>& extension, bool show_progress) {
   RewriteFacts facts;
-  RunJournal& journal = Host().Journal();
-  journal = RunJournal();
-  journal.begin = Host().Clock().Now();
-  const auto body = [&] { return RunBody(run, application, document, extension, show_progress, facts); };
+  RunScope scope(Host().Journal(), Host().Clock());
+  RunJournal& journal = scope.Journal();
+  journal.spheroid = run.spheroid;
+  std::shared_ptr<IFeatureClass> output;
+  const auto tell_faults = [&] { ReportRecordFaults(journal, run.worker, run.layer->Name()); };
+  const auto body = [&] {
+    const std::string report = RunBody(run, application, document, extension, show_progress, facts, scope, output);
+    tell_faults();
+    return report;
+  };
   const auto on_fault = [&](const Fault& fault) {
-    journal.failed = true;
-    journal.end = Host().Clock().Now();
+    journal.Fail(fault.Description());
+    journal.written = ReadableRows(output);
+    tell_faults();
+    facts.problems += FaultLines(journal, run.layer->Name());
     return FaultReport(run.conversion, run.worker, facts, fault);
   };
   return TrapWith(run.worker, body, on_fault);

@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -13,6 +14,7 @@
 #include "planetary/planetary_lists.h"
 #include "planetary/rewrite_reports.h"
 #include "platform/application.h"
+#include "platform/run_journal.h"
 
 namespace tessarine {
 
@@ -36,14 +38,16 @@ struct FeatureRewrite {
   OutputDescription output;
   /// Takes a private copy of a shape that isn't empty, the feature's identifier, and what long work asks meanwhile.
   std::function<RewrittenShape(const GeometryRef& shape, std::int64_t oid, const KeepGoing& keep_going)> rewrite;
+  std::optional<RunSpheroid> spheroid = std::nullopt;  ///< that the shapes are computed on
 };
 
 /// Carries the run out and returns its report as RTF.
 ///
 /// Takes the whole class of the layer in the order of the data: neither a selection nor a definition query limits it.
 /// Features without a shape are written as they are and reported. A layer of the output is added to the document. A run
-/// that the user stops keeps what was written, adds its layer as a partial one and says so. A fault ends the run: the
-/// report tells of it, and the fault report is shown.
+/// that the user stops keeps what was written, adds its layer as a partial one and says so. A feature that meets a
+/// fault is written without a shape and reported; so is one whose shape the output can't hold. A source that can't be
+/// read on or an output that can't be written on ends the run: the report tells of it, and the fault report is shown.
 [[nodiscard]] std::string RewriteFeatures(const FeatureRewrite& run, const std::shared_ptr<IApplication>& application,
                                           const std::shared_ptr<IMxDocument>& document,
                                           const std::shared_ptr<clsExtension>& extension, bool show_progress);

@@ -4,7 +4,8 @@
 #include "geodesy/short_steps.h"
 #include "planetary/LongitudeForm.h"
 #include "planetary/feature_rewrite.h"
-#include "platform/trap.h"
+#include "platform/host.h"
+#include "platform/run_scope.h"
 #include "support/MyGeneralOperations.h"
 
 namespace tessarine {
@@ -99,9 +100,13 @@ RewrittenShape WrapFeature(const GeometryRef& copy, std::int64_t oid, const Wrap
   const std::string feature = std::to_string(oid);
   const std::string failure =
       "  --> Failed to wrap feature at OID #" + feature + ".  Wrap function apparently crashed...";
-  const Prepared prepared = Trap("WrapToBoundary", [&] { return Prepare(copy, task); });
+  RunJournal& journal = Host().Journal();
+  Prepared prepared;
+  WrappedShape wrapped;
+  static_cast<void>(WorkOnRecord(journal, oid, [&] { prepared = Prepare(copy, task); }));
   if (!prepared.shape) return {copy, failure};
-  const WrappedShape wrapped = WrapOwnShape(CloneOf(*prepared.shape), task.box, keep_going);
+  static_cast<void>(
+      WorkOnRecord(journal, oid, [&] { wrapped = WrapOwnShape(CloneOf(*prepared.shape), task.box, keep_going); }));
   if (wrapped.stopped) return {.stopped = true};
   if (!wrapped.shape) return {prepared.shape, failure};
   const bool empty = wrapped.shape->IsEmpty();
@@ -155,15 +160,21 @@ FeatureRewrite LatitudeRun(const Direction& direction, const GeoCentricArguments
           arguments.Output(),
           [=, convert = direction.convert](const GeometryRef& shape, std::int64_t oid,
                                            const KeepGoing& keep_going) mutable -> RewrittenShape {
-            const GeometryRef converted = convert(shape, semi_major, semi_minor, shift);
+            RunJournal& journal = Host().Journal();
             const RewrittenShape failed{nullptr, "  --> Failed to convert feature at OID #" + std::to_string(oid) +
                                                      ".  It is written without a shape..."};
+            GeometryRef converted;
+            WrappedShape wrapped;
+            static_cast<void>(
+                WorkOnRecord(journal, oid, [&] { converted = convert(shape, semi_major, semi_minor, shift); }));
             if (!converted) return failed;
             if (option != kWrap180 && option != kWrap360) return {.shape = converted};
-            const WrappedShape wrapped = WrapOwnShape(converted, option == kWrap180 ? kBox180 : kBox360, keep_going);
+            const WrapBox& box = option == kWrap180 ? kBox180 : kBox360;
+            static_cast<void>(WorkOnRecord(journal, oid, [&] { wrapped = WrapOwnShape(converted, box, keep_going); }));
             if (!wrapped.shape && !wrapped.stopped) return failed;
             return {.shape = wrapped.shape, .stopped = wrapped.stopped, .measure = MeasureOf(wrapped)};
-          }};
+          },
+          RunSpheroid{arguments.SpheroidName(), semi_major, semi_minor}};
 }
 
 std::string RunLatitudes(const Direction& direction, const std::shared_ptr<IApplication>& application,

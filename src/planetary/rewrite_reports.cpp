@@ -8,6 +8,7 @@
 #include "platform/rich_text.h"
 #include "platform/text_formats.h"
 #include "support/aml_func_mod.h"
+#include "support/journal_report.h"
 
 namespace tessarine {
 namespace {
@@ -124,10 +125,10 @@ std::string NoOutputReport(std::string_view conversion) {
 
 std::string FaultReport(std::string_view conversion, std::string_view worker, const RewriteFacts& facts,
                         const Fault& fault) {
-  return FailedOpening(conversion) + "Function = " + EscapeRtf(worker) +
-         "\\par\r\nLine Number = " + std::to_string(fault.Line()) + "\\par\r\nError " + std::to_string(fault.Number()) +
-         ":  " + EscapeRtf(fault.Description()) + "\\par\r\n" + std::string(kRule) + "Analyzing Record #" +
-         std::to_string(facts.records_done) + "\\par\r\n}";
+  return FailedOpening(conversion) + "Function = " + EscapeRtf(worker) + "\\par\r\n" +
+         LineNumberLine(fault, "planetary/feature_rewrite.cpp") + "Error " + std::to_string(fault.Number()) + ":  " +
+         EscapeRtf(fault.Description()) + "\\par\r\n" + std::string(kRule) + "Analyzing Record #" +
+         std::to_string(facts.records_done) + "\\par\r\n" + facts.problems + "}";
 }
 
 std::string PlanReport(std::string_view conversion, const std::vector<ReportSection>& sections) {

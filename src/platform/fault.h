@@ -7,6 +7,8 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 namespace tessarine {
 
@@ -21,6 +23,14 @@ enum FaultNumber : std::int32_t {
   kObjectNotSet = 91,
   kEngine = -2147467259,
   kCoordinateRange = -2147220734,  ///< a shape can't be stored on the grid of its class; without it the row can
+  kRowRefused = -2147220733,       ///< this row can't be stored as it is; others can
+};
+
+/// A procedure that a fault climbed through, and the line of code that it left it by.
+struct FaultCall {
+  std::string procedure;
+  std::string file;  ///< below the source root
+  std::int32_t line = 0;
 };
 
 /// An error with a number, a source (who raised it), a description for a person, and the file and line of code that
@@ -42,13 +52,33 @@ class Fault : public std::runtime_error {
   /// The file below the source root, as "geodesy/vincenty.cpp".
   [[nodiscard]] const std::string& File() const { return file_; }
   /// "geodesy/vincenty.cpp:120"; empty when unknown.
-  [[nodiscard]] std::string Place() const { return line_ == 0 ? "" : file_ + ":" + std::to_string(line_); }
+  [[nodiscard]] std::string Place() const { return file_.empty() ? "" : file_ + ":" + std::to_string(line_); }
+
+  /// The procedures that passed the fault on, the deepest first.
+  [[nodiscard]] const std::vector<FaultCall>& Calls() const { return calls_; }
+  /// Puts a procedure that passes the fault on on top of the others. The deepest bears the place where the fault was
+  /// raised, when that is known; the others the line given.
+  void PassThrough(FaultCall call) {
+    if (calls_.empty() && line_ != 0) call.file = file_, call.line = line_;
+    calls_.push_back(std::move(call));
+  }
+  void PassThrough(const std::vector<FaultCall>& calls) { calls_.insert(calls_.end(), calls.begin(), calls.end()); }
+
+  /// True when the run can't go on with its next record: its source or its output is of no use any more.
+  [[nodiscard]] bool EndsRun() const { return ends_run_; }
+  [[nodiscard]] Fault EndingTheRun() const {
+    Fault fault = *this;
+    fault.ends_run_ = true;
+    return fault;
+  }
 
  private:
   std::int32_t number_;
   std::string source_;
   std::string file_;
   std::int32_t line_;
+  std::vector<FaultCall> calls_;
+  bool ends_run_ = false;
 };
 
 /// The name of a source file below the source root.

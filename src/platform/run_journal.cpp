@@ -54,20 +54,35 @@ void RunJournal::NoteName(std::string_view asked, std::string_view name_written)
 
 void RunJournal::NoteWarning(std::string_view text, std::int64_t oid) {
   auto known = std::ranges::find(warnings, text, &RunWarning::text);
-  if (known == warnings.end()) known = warnings.insert(known, {std::string(text), 0, {}});
+  if (known == warnings.end()) {
+    if (warnings.size() >= kListedKinds) {
+      ++other_warnings;
+      return;
+    }
+    known = warnings.insert(known, {std::string(text), 0, {}});
+  }
   ++known->count;
   ListOid(known->first_oids, oid);
 }
 
 void RunJournal::NoteFault(const Fault& fault, std::int64_t oid) {
+  // A record that several faults met is one record.
+  if (unmeasured_oids.empty() || unmeasured_oids.back() != oid) unmeasured_oids.push_back(oid);
   const std::string place = fault.Place();
   auto known = std::ranges::find_if(faults, [&](const RunFault& row) {
     return row.number == fault.Number() && row.place == place && row.description == fault.what();
   });
-  if (known == faults.end()) known = faults.insert(known, {fault.Number(), fault.Description(), place, 0, {}});
+  if (known == faults.end()) {
+    if (faults.size() >= kListedKinds) {
+      ++other_faults;
+      return;
+    }
+    known = faults.insert(known, {fault.Number(), fault.Description(), place, 0, {}, 0, fault});
+  }
+  if (known->count > 0 && known->last_oid == oid) return;
+  known->last_oid = oid;
   ++known->count;
   ListOid(known->first_oids, oid);
-  unmeasured_oids.push_back(oid);
 }
 
 void RunJournal::Fail(std::string_view reason) {
@@ -76,8 +91,15 @@ void RunJournal::Fail(std::string_view reason) {
 }
 
 std::int64_t RunJournal::FaultCount() const {
-  return std::accumulate(faults.begin(), faults.end(), std::int64_t{0},
+  return std::accumulate(faults.begin(), faults.end(), other_faults,
                          [](std::int64_t sum, const RunFault& fault) { return sum + fault.count; });
+}
+
+RunOutcome RunJournal::Outcome() const {
+  if (failed) return RunOutcome::Failed;
+  if (stopped) return RunOutcome::Stopped;
+  if (cancelled) return RunOutcome::Cancelled;
+  return unmeasured_oids.empty() ? RunOutcome::Done : RunOutcome::Incomplete;
 }
 
 }  // namespace tessarine

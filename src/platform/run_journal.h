@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -33,9 +34,26 @@ struct RunWarning {
 struct RunFault {
   std::int32_t number = 0;
   std::string description;
-  std::string place;  ///< file and line of where it was raised, as "geodesy/vincenty.cpp:120"
-  std::int64_t count = 0;
+  std::string place;                     ///< file and line of where it was raised, as "geodesy/vincenty.cpp:120"
+  std::int64_t count = 0;                ///< of records
   std::vector<std::int64_t> first_oids;  ///< up to `kListedOids`; empty where no record was in hand
+  std::int64_t last_oid = 0;
+  Fault first{0, "", ""};  ///< as it was caught
+};
+
+/// The body that the run measured on.
+struct RunSpheroid {
+  std::string name;
+  double semi_major = 0.0, semi_minor = 0.0;  ///< metres
+};
+
+/// How a run ended, the worst first.
+enum class RunOutcome : std::uint8_t {
+  Failed,
+  Stopped,
+  Cancelled,
+  Incomplete,  ///< it went to its end, but a fault kept it from working on some records
+  Done,
 };
 
 /// A field or class that bears another name in the output than it was asked for.
@@ -47,6 +65,8 @@ struct ChangedName {
 class RunJournal {
  public:
   static constexpr std::size_t kListedOids = 10;
+  /// So many kinds of faults and of warnings are kept apart; whatever else comes is only counted.
+  static constexpr std::size_t kListedKinds = 20;
 
   std::int64_t read = 0;
   std::int64_t written = 0;                   ///< rows that are in the output
@@ -56,24 +76,28 @@ class RunJournal {
   std::vector<ChangedName> changed_names;
   std::vector<RunWarning> warnings;
   std::vector<RunFault> faults;
+  std::int64_t other_warnings = 0, other_faults = 0;  ///< of kinds past `kListedKinds`
   bool stopped = false;
   bool failed = false;
-  bool cancelled = false;  ///< the user gave up at a question: nothing was done, and nothing failed
-  std::string failure;     ///< why the run failed, a sentence; empty otherwise
-  Date begin, end;
-  std::string output_path;  ///< a backslash path of what is on the disk, empty when no output was made
+  bool cancelled = false;        ///< the user gave up at a question: nothing was done, and nothing failed
+  std::string failure;           ///< why the run failed, a sentence; empty otherwise
+  Date begin, end;               ///< wall time, for texts
+  double elapsed_seconds = 0.0;  ///< by a clock that nobody sets
+  std::string output_path;       ///< a backslash path of what is on the disk, empty when no output was made
   SpatialReferenceRef reference;
+  std::optional<RunSpheroid> spheroid;  ///< nothing where the run measured on no spheroid, or on the reference's
 
   /// Counts a value that the output holds otherwise. `ValueChange::None` does nothing.
   void NoteChange(std::string_view field, ValueChange kind, std::int64_t oid);
   void NoteName(std::string_view asked, std::string_view written);
   void NoteWarning(std::string_view text, std::int64_t oid);
-  /// Counts a fault that met a record; the record counts as unmeasured.
+  /// Counts a fault that met a record: once for each kind, and the record counts as unmeasured once.
   void NoteFault(const Fault& fault, std::int64_t oid);
   /// Ends the run as failed for this reason. The first reason stays.
   void Fail(std::string_view reason);
 
   [[nodiscard]] std::int64_t FaultCount() const;
+  [[nodiscard]] RunOutcome Outcome() const;
 };
 
 }  // namespace tessarine

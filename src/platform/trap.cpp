@@ -4,6 +4,7 @@ namespace tessarine {
 namespace {
 
 FaultReporter g_reporter = nullptr;
+thread_local bool t_record_in_hand = false;
 
 }  // namespace
 
@@ -27,12 +28,29 @@ Fault CurrentFault() {
 
 FaultReporter SetFaultReporter(FaultReporter reporter) { return std::exchange(g_reporter, reporter); }
 
+void ReportFault(std::string_view procedure, const Fault& fault, const std::source_location where) {
+  if (g_reporter == nullptr) return;
+  g_reporter({std::string(procedure) + " ", SourceFileName(where.file_name()), static_cast<std::int32_t>(where.line())},
+             fault);
+}
+
+RecordInHand::RecordInHand() : before_(std::exchange(t_record_in_hand, true)) {}
+RecordInHand::~RecordInHand() { t_record_in_hand = before_; }
+
 namespace detail {
 
-void ReportCurrentFault(std::string_view procedure, bool top, const std::source_location& where) {
-  const Fault fault = CurrentFault();
-  if (g_reporter != nullptr) g_reporter({std::string(procedure) + " ", SourceFileName(where.file_name()), top}, fault);
-  if (!top) throw fault;
+void TakeCurrentFault(std::string_view procedure, TrapKind kind, const std::source_location& where) {
+  Fault fault = CurrentFault();
+  const bool ends = kind == TrapKind::Ends || (kind == TrapKind::EndsWithoutRecord && !t_record_in_hand);
+  if (ends) {
+    ReportFault(procedure, fault, where);
+    return;
+  }
+  const std::string file = SourceFileName(where.file_name());
+  // The place where it was raised is a line of its own, where that isn't in the deepest procedure's file.
+  if (fault.Calls().empty() && fault.Line() != 0 && fault.File() != file) fault.PassThrough({"Raised in", "", 0});
+  fault.PassThrough({std::string(procedure), file, static_cast<std::int32_t>(where.line())});
+  throw fault;
 }
 
 }  // namespace detail

@@ -24,7 +24,7 @@ void Sort(std::vector<std::string>& array, std::int32_t first, std::int32_t last
 }  // namespace
 
 void StringsAscending(std::vector<std::string>& array, std::int32_t first, std::int32_t last) {
-  Trap("StringsAscending", [&] {
+  TrapHelper("StringsAscending", [&] {
     if (first >= last) return;
     if (first < 0 || static_cast<std::size_t>(last) >= array.size()) {
       Raise(kInvalidCall, "The range to sort lies outside the list.");

@@ -24,7 +24,7 @@ std::string Joined(const std::vector<std::string>& parts, std::size_t count, con
 }  // namespace
 
 void ParseString(const std::string& text, std::vector<std::string>& parts, char delimiter) {
-  Trap("ParseString", [&] {
+  TrapHelper("ParseString", [&] {
     if (Trim(Subst(text, std::string(1, delimiter))).empty()) return;
     parts.assign(1, "");
     std::string part;
@@ -59,7 +59,7 @@ void ParseString(const std::string& text, std::vector<std::string>& parts, char 
 }
 
 std::string Subst(const std::string& text, const std::string& find, const std::optional<std::string>& replacement) {
-  return Trap("Subst", [&]() -> std::string {
+  return TrapHelper("Subst", [&]() -> std::string {
     if (find.empty()) return text;
     if (!replacement) {
       std::string rest = text, result;
@@ -83,21 +83,21 @@ std::string Subst(const std::string& text, const std::string& find, const std::o
 }
 
 std::string Before(const std::string& text, const std::string& marker) {
-  return Trap("Before", [&] {
+  return TrapHelper("Before", [&] {
     const std::size_t at = text.find(marker);
     return at == std::string::npos ? std::string() : text.substr(0, at);
   });
 }
 
 std::string After(const std::string& text, const std::string& marker) {
-  return Trap("After", [&] {
+  return TrapHelper("After", [&] {
     const std::size_t at = text.find(marker);
     return at == std::string::npos ? std::string() : text.substr(at + marker.size());
   });
 }
 
 std::string BasicTrimAvenue(const std::string& text, const std::string& left_set, const std::string& right_set) {
-  return Trap("BasicTrimAvenue", [&] {
+  return TrapHelper("BasicTrimAvenue", [&] {
     std::string rest = text;
     while (!rest.empty() && right_set.find(rest.back()) != std::string::npos) rest.pop_back();
     while (!rest.empty() && left_set.find(rest.front()) != std::string::npos) rest.erase(0, 1);
@@ -106,7 +106,7 @@ std::string BasicTrimAvenue(const std::string& text, const std::string& left_set
 }
 
 std::string InsertCommas(const Variant& value) {
-  return Trap("InsertCommas", [&] {
+  return TrapHelper("InsertCommas", [&] {
     const std::string text = value.AsText();
     const std::size_t point = text.find('.');
     const std::string whole = text.substr(0, point);
@@ -127,7 +127,7 @@ bool FieldIsNumeric(const Field& field) {
 }
 
 std::string ClipExtension(const std::string& path) {
-  return Trap("ClipExtension", [&]() -> std::string {
+  return TrapHelper("ClipExtension", [&]() -> std::string {
     const std::vector<std::string> parts = Parts(path, '.');
     if (parts.empty()) return "";
     return parts.size() == 1 ? parts.front() : Joined(parts, parts.size() - 1, ".");
@@ -135,11 +135,11 @@ std::string ClipExtension(const std::string& path) {
 }
 
 std::string SetExtension(const std::string& path, const std::string& extension) {
-  return Trap("SetExtension", [&] { return ClipExtension(path) + "." + extension; });
+  return TrapHelper("SetExtension", [&] { return ClipExtension(path) + "." + extension; });
 }
 
 std::string ReturnDir(const std::string& path) {
-  return Trap("ReturnDir", [&]() -> std::string {
+  return TrapHelper("ReturnDir", [&]() -> std::string {
     const std::vector<std::string> parts = Parts(path, '\\');
     if (parts.empty()) return "\\";
     return Joined(parts, std::max<std::size_t>(1, parts.size() - 1), "\\") + "\\";
@@ -147,7 +147,7 @@ std::string ReturnDir(const std::string& path) {
 }
 
 std::string ReturnFilename(const std::string& path) {
-  return Trap("ReturnFilename", [&]() -> std::string {
+  return TrapHelper("ReturnFilename", [&]() -> std::string {
     const std::vector<std::string> parts = Parts(path, '\\');
     return parts.empty() ? "" : parts.back();
   });
@@ -163,7 +163,7 @@ std::string GetFullFileString(const std::string& path) {
 }
 
 bool FileExists(const std::string& path) {
-  return Trap("FileExists", [&] { return Host().System().IsFile(path); });
+  return TrapHelper("FileExists", [&] { return Host().System().IsFile(path); });
 }
 
 bool ExistFileDir(const std::string& path) {
@@ -175,7 +175,7 @@ bool ExistFileDir(const std::string& path) {
 }
 
 std::string MakeUniqueFilename(const std::string& path) {
-  return Trap("MakeUniqueFilename", [&]() -> std::string {
+  return TrapHelper("MakeUniqueFilename", [&]() -> std::string {
     if (!ExistFileDir(path)) return path;
     std::string base = path, extension;
     const std::size_t point = path.rfind('.');
@@ -191,14 +191,15 @@ std::string MakeUniqueFilename(const std::string& path) {
 }
 
 std::string GetMxDocPath(const std::shared_ptr<IApplication>& application) {
-  return Trap("GetMxDocPath", [&] {
+  return TrapHelper("GetMxDocPath", [&] {
     const std::shared_ptr<ITemplates> templates = Require(application, "application")->Templates();
     return templates->Item(templates->Count() - 1);
   });
 }
 
 std::string GetTheUserName() {
-  return Trap("GetTheUserName", [] { return BasicTrimAvenue(Host().System().UserName(), "", std::string(1, '\0')); });
+  return TrapHelper("GetTheUserName",
+                    [] { return BasicTrimAvenue(Host().System().UserName(), "", std::string(1, '\0')); });
 }
 
 }  // namespace tessarine::aml_func_mod

@@ -51,7 +51,7 @@ void CheckNumericRealPositive(std::int32_t& key_code, const TextBox& text_box) {
 }
 
 std::string TrimZerosAndDecimals(double number, bool use_thousands) {
-  return Trap("TrimZerosAndDecimals", [&] {
+  return TrapHelper("TrimZerosAndDecimals", [&] {
     std::string text = FixedText(number, 15, use_thousands);
     while (!text.empty() && text.back() == '0') text.pop_back();
     if (!text.empty() && text.back() == '.') text.pop_back();
@@ -71,7 +71,7 @@ void OpenDoc(const std::string& path) {
 }
 
 bool CompareSpatialReferences(const SpatialReferenceRef& first, const SpatialReferenceRef& second) {
-  return Trap("CompareSpatialReferences", [&] {
+  return TrapHelper("CompareSpatialReferences", [&] {
     if (!first || !second) return !first && !second;
     return first->IsEqual(*second) && first->IsXYPrecisionEqual(*second);
   });

@@ -108,6 +108,33 @@ TEST_F(RunTest, TheMeterIsForLongRuns) {
   EXPECT_THAT(host.error_reports, IsEmpty());
 }
 
+TEST_F(RunTest, ABadRecordCostsItsOwnValuesAlone) {
+  // A longitude past all reckoning in the second record.
+  const auto layer = Add("fields.shp", wkbPolygon,
+                         {{testing::kSquare, "a", 1},
+                          {"POLYGON ((10 40,10 41,1e308 41,11 40,10 40))", "b", 2},
+                          {testing::kSquare, "c", 3}});
+  const std::string report = Run(layer, {OptionEntry(1, "AREA", ""), OptionEntry(4, "PARTS", "")});
+  EXPECT_NEAR(std::stod(Row("fields.shp", 0).at("AREA")), std::stod(Row("fields.shp", 2).at("AREA")), 1e-6);
+  EXPECT_GT(std::stod(Row("fields.shp", 2).at("AREA")), 9e9);
+  EXPECT_EQ(std::stod(Row("fields.shp", 1).at("AREA")), -9999);
+  EXPECT_NE(std::stod(Row("fields.shp", 1).at("PARTS")), -9999) << "what can be measured is";
+  EXPECT_THAT(host.journal.unmeasured_oids, ElementsAre(1));
+  EXPECT_EQ(host.journal.written, 3);
+  EXPECT_EQ(host.journal.Outcome(), RunOutcome::Incomplete);
+  EXPECT_THAT(report, HasSubstr("Geometry Calculation Finished with Problems:"));
+  EXPECT_THAT(report, HasSubstr("Layer 'fields', OID Value = 1\\par"));
+  ASSERT_EQ(host.error_reports.size(), 1U) << "told once";
+  EXPECT_THAT(host.error_reports[0], HasSubstr("\tCalcGeometryPolygon calculator/record_loops.cpp Line : "));
+  EXPECT_THAT(host.error_reports[0], HasSubstr("Layer 'fields', OID 1\r\n"));
+
+  // The next run in the process tells of itself alone.
+  Run(Points(3), {OptionEntry(1, "X", "Y")});
+  EXPECT_EQ(host.journal.read, 3);
+  EXPECT_EQ(host.journal.written, 3);
+  EXPECT_THAT(host.journal.unmeasured_oids, IsEmpty());
+}
+
 TEST_F(RunTest, AStoppedRunKeepsWhatItWrote) {
   const auto layer = Points(1200);
   // Two looks at the clock make a second: a record in two is an update.

@@ -200,5 +200,14 @@ TEST_F(CalculatorTest, ARefusedNullMarkIsReportedAndLeavesTheRestUnwritten) {
   EXPECT_THAT(host.error_reports[0], ::testing::HasSubstr("WriteNullValues"));
 }
 
+TEST_F(CalculatorTest, AMeasureThatFailsLeavesItsMarkOrNull) {
+  NotedRow row;
+  WriteMissing({FindMeasure(esriGeometryPolyline, SpatialKind::Geographic, 2), 4, 5}, row);
+  WriteMissing({FindMeasure(esriGeometryPolyline, SpatialKind::Geographic, 8), 6, -1}, row);
+  EXPECT_EQ(row.written[4], Variant(std::int16_t{-9999}));
+  EXPECT_EQ(row.written[5], Variant(std::int16_t{-9999}));
+  EXPECT_TRUE(row.written[6].IsNull()) << "a count of vertices has no mark";
+}
+
 }  // namespace
 }  // namespace tessarine

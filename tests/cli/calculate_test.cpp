@@ -2,6 +2,7 @@
 #include <ogrsf_frmts.h>
 
 #include <csignal>
+#include <fstream>
 #include <nlohmann/json.hpp>
 
 #include "cli/program_run.h"
@@ -217,6 +218,53 @@ void WriteManyPolygons(const std::string& path) {
     feature.SetGeometry(&polygon);
     ASSERT_EQ(layer->CreateFeature(&feature), OGRERR_NONE);
   }
+}
+
+// Three squares; the second has a corner whose longitude is beyond all reckoning.
+void WriteBadPolygon(const std::string& path) {
+  std::ofstream(path) << R"({"type":"FeatureCollection","features":[)"
+                      << R"({"type":"Feature","properties":{"n":1},"geometry":{"type":"Polygon","coordinates":)"
+                      << "[[[10,40],[10,41],[11,41],[11,40],[10,40]]]}},"
+                      << R"({"type":"Feature","properties":{"n":2},"geometry":{"type":"Polygon","coordinates":)"
+                      << "[[[10,40],[10,41],[1e308,41],[11,40],[10,40]]]}},"
+                      << R"({"type":"Feature","properties":{"n":3},"geometry":{"type":"Polygon","coordinates":)"
+                      << "[[[10,40],[10,41],[11,41],[11,40],[10,40]]]}}]}";
+}
+
+TEST_F(Calculate, OneBadPolygonIsToldOnceAndCostsNoOther) {
+  WriteBadPolygon(In("fields.geojson"));
+  const ProgramOutcome run =
+      RunTessarine({"calculate", In("fields.geojson"), "-m", "1", "-m", "4", "-o", In("copy.shp"), "--radii",
+                    "6000000,6000000", "-q", "--report", In("r.json")});
+  EXPECT_EQ(run.status, 1) << "a record was left unmeasured";
+  std::size_t told = 0;
+  for (std::size_t at = 0; (at = run.err.find("Record Call Stack Sequence", at)) != std::string::npos; ++at) ++told;
+  EXPECT_EQ(told, 1U) << run.err;
+  EXPECT_THAT(run.err, HasSubstr("CalcGeometryPolygon calculator/record_loops.cpp Line : "));
+  const auto copy = OpenData(In("copy.shp"));
+  std::vector<double> areas, parts;
+  for (const auto& row : *copy->GetLayer(0)) {
+    areas.push_back(row->GetFieldAsDouble("Sph_Area"));
+    parts.push_back(row->GetFieldAsDouble("Parts"));
+  }
+  ASSERT_EQ(areas.size(), 3U);
+  EXPECT_GT(areas[0], 7e9);
+  EXPECT_EQ(areas[1], -9999);
+  EXPECT_EQ(areas[2], areas[0]);
+  EXPECT_THAT((std::vector<double>{parts[0], parts[2]}), ElementsAre(1, 1));
+
+  const json report = json::parse(ReadFile(In("r.json")));
+  EXPECT_EQ(report["outcome"], "incomplete");
+  EXPECT_EQ(report["records"]["read"], 3);
+  EXPECT_EQ(report["records"]["written"], 3);
+  EXPECT_EQ(report["records"]["unmeasured"], 1);
+  ASSERT_EQ(report["faults"].size(), 1U);
+  EXPECT_EQ(report["faults"][0]["number"], 5);
+  EXPECT_EQ(report["faults"][0]["count"], 1);
+  EXPECT_EQ(report["faults"][0]["first_oids"], report["records"]["unmeasured_oids"]);
+  EXPECT_THAT(report["faults"][0]["place"].get<std::string>(), HasSubstr("geodesy/"));
+  EXPECT_TRUE(report["failure"].is_null());
+  EXPECT_EQ(report["spatial_reference"]["spheroid"]["semi_major_axis"], 6000000.0) << "the one that was used";
 }
 
 TEST_F(Calculate, AnInterruptLeavesAllRowsAndSaysWhatHappened) {

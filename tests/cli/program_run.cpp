@@ -1,6 +1,7 @@
 #include "cli/program_run.h"
 
 #include <fcntl.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -23,8 +24,10 @@ fs::path MakeFolder() {
   return pattern;
 }
 
+constexpr std::uintmax_t kNoLimit = 0;
+
 pid_t Start(const std::vector<std::string>& arguments, const std::string& in, const std::string& out,
-            const std::string& err) {
+            const std::string& err, std::uintmax_t largest_file) {
   const pid_t child = fork();
   if (child != 0) return child;
   std::vector<char*> words{const_cast<char*>(TESSARINE_PROGRAM)};
@@ -34,15 +37,19 @@ pid_t Start(const std::vector<std::string>& arguments, const std::string& in, co
   const int output = open(out.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
   const int errors = open(err.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
   if (dup2(input, 0) < 0 || dup2(output, 1) < 0 || dup2(errors, 2) < 0) _exit(126);
+  if (largest_file != kNoLimit) {
+    const rlimit limit{largest_file, largest_file};
+    if (setrlimit(RLIMIT_FSIZE, &limit) != 0 || signal(SIGXFSZ, SIG_IGN) == SIG_ERR) _exit(125);
+  }
   execv(TESSARINE_PROGRAM, words.data());
   _exit(127);
 }
 
 ProgramOutcome Run(const std::vector<std::string>& arguments, const std::string& input,
-                   const std::function<void(pid_t)>& meanwhile) {
+                   const std::function<void(pid_t)>& meanwhile, std::uintmax_t largest_file = kNoLimit) {
   const fs::path folder = MakeFolder();
   const std::string out = folder / "out", err = folder / "err";
-  const pid_t child = Start(arguments, input, out, err);
+  const pid_t child = Start(arguments, input, out, err, largest_file);
   meanwhile(child);
   int status = 0;
   waitpid(child, &status, 0);
@@ -55,6 +62,11 @@ ProgramOutcome Run(const std::vector<std::string>& arguments, const std::string&
 
 ProgramOutcome RunTessarine(const std::vector<std::string>& arguments, const std::string& input) {
   return Run(arguments, input, [](pid_t) {});
+}
+
+ProgramOutcome RunWithoutRoom(const std::vector<std::string>& arguments, std::uintmax_t bytes) {
+  return Run(
+      arguments, "/dev/null", [](pid_t) {}, bytes);
 }
 
 ProgramOutcome RunAndInterrupt(const std::vector<std::string>& arguments, const fs::path& file, std::uintmax_t bytes,

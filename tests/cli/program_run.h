@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
+#include <cstdint>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -23,6 +24,9 @@ struct ProgramOutcome {
 [[nodiscard]] ProgramOutcome RunAndInterrupt(const std::vector<std::string>& arguments,
                                              const std::filesystem::path& file, std::uintmax_t bytes,
                                              int signal = SIGINT);
+
+/// The same without a signal, but no file can grow beyond so many bytes, as on a disk that is full.
+[[nodiscard]] ProgramOutcome RunWithoutRoom(const std::vector<std::string>& arguments, std::uintmax_t bytes);
 
 [[nodiscard]] std::string ReadFile(const std::filesystem::path& path);
 void WriteFile(const std::filesystem::path& path, const std::string& text);

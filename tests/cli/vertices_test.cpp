@@ -274,5 +274,25 @@ TEST_F(Vertices, ReportInEveryKind) {
   EXPECT_THAT(ReadFile(In("r.html")), HasSubstr("<b>"));
 }
 
+TEST_F(Vertices, WithoutRoomTheReportTellsWhatIsOnTheDisk) {
+  for (const char* name : {"out.shp", "out.gdb/out"}) {
+    const std::filesystem::path path(In(name));
+    const bool shapefile = path.extension() == ".shp";
+    const ProgramOutcome run = RunWithoutRoom(
+        {"vertices", Data("countries.shp"), "-o", path.string(), "-q", "--report", In("r.json")}, 200'000);
+    EXPECT_EQ(run.status, 1) << name;
+    EXPECT_THAT(run.err, HasSubstr("check the room on the disk")) << name;
+    const json report = json::parse(ReadFile(In("r.json")));
+    EXPECT_EQ(report["outcome"], "failed") << name;
+    EXPECT_THAT(report["failure"].get<std::string>(), HasSubstr("check the room on the disk"));
+    EXPECT_THAT(report["report"].get<std::string>(), HasSubstr("!!!  Shapes to Vertices Failed  !!!"));
+    std::int64_t readable = 0;
+    if (const auto output = OpenData(shapefile ? path.string() : path.parent_path().string())) {
+      for (const auto& row : *output->GetLayer(0)) readable += row->GetGeometryRef() != nullptr ? 1 : 0;
+    }
+    EXPECT_EQ(report["records"]["written"], readable) << name;
+  }
+}
+
 }  // namespace
 }  // namespace tessarine::testing

@@ -220,19 +220,41 @@ TEST_F(VerticesTest, AFailureIsToldTwiceAndKeepsWhatWasFlushed) {
   const std::string text = Run();
   for (const char* line :
        {"!!!  Shapes to Vertices Failed  !!!", "Module = modCreateVertices", "Function = ConvertToVertices",
-        "Error -2147467259:  The disk is {gone}.", "Analyzing Record #2"}) {
+        "Error -2147467259:  The disk is {gone}.", "Analyzing Record #2", "Rows in "}) {
     EXPECT_THAT(text, HasSubstr(line));
   }
   ASSERT_EQ(host.error_reports.size(), 1U);
   EXPECT_THAT(host.error_reports[0], HasSubstr("\tConvertToVertices "));
   EXPECT_TRUE(host.journal.failed);
+  EXPECT_EQ(host.journal.failure, "The disk is {gone}.");
+  EXPECT_EQ(host.journal.written, 10);
   EXPECT_EQ(Output().rows.size(), 10U);
   EXPECT_EQ(document->Map().LayerCount(), 0);
 }
 
-TEST_F(VerticesTest, AMissingShapeAndAMissingPlaceFail) {
+TEST_F(VerticesTest, ARecordThatFailsIsLeftOutAndTold) {
+  for (int index = 0; index < 5; ++index) features->Add(Square(index * 10.0, 0, 1));
   features->Add(nullptr);
-  EXPECT_THAT(Run(), HasSubstr("Error 91:  "));
+  features->rows[1]->broken = features->rows[3]->broken = true;
+  const std::string text = Run();
+  EXPECT_THAT(text, HasSubstr("Shapes to Vertices Finished with Problems:"));
+  EXPECT_THAT(text, HasSubstr("Error 6:  The shape is broken."));
+  EXPECT_THAT(text, HasSubstr("Layer 'parcels', OID Value = 2\n"));
+  EXPECT_THAT(text, HasSubstr("Layer 'parcels', OID Value = 4\n"));
+  const ReadBack output = Output();
+  ASSERT_EQ(output.rows.size(), 15U);
+  EXPECT_EQ(output.rows.back().substr(0, 3), "15 ") << "the numbers have no gap";
+  EXPECT_EQ(host.journal.unmeasured_oids, (std::vector<std::int64_t>{2, 4}));
+  EXPECT_EQ(host.journal.skipped_oids, (std::vector<std::int64_t>{6})) << "no shape at all is an empty one";
+  EXPECT_EQ(host.journal.read, 6);
+  EXPECT_EQ(host.journal.written, 15);
+  EXPECT_FALSE(host.journal.failed);
+  ASSERT_EQ(host.error_reports.size(), 1U);
+  EXPECT_THAT(host.error_reports[0], HasSubstr("Layer 'parcels', OID 2, 4\r\n"));
+  EXPECT_EQ(document->Map().LayerCount(), 1);
+}
+
+TEST_F(VerticesTest, AMissingPlaceFails) {
   EXPECT_THAT(Run({}, true, false, "gone/out.shp"), HasSubstr("Failed"));
   extension->DirectoryType = "Coverage";
   EXPECT_THAT(Run(), HasSubstr("Failed"));

@@ -5,10 +5,12 @@
 
 #include "helpers/reported_faults.h"
 #include "helpers/test_host.h"
+#include "platform/run_scope.h"
 
 namespace tessarine::ErrorHandling {
 namespace {
 
+using ::testing::HasSubstr;
 using ::testing::MatchesRegex;
 using ::testing::StartsWith;
 using testing::TestHost;
@@ -87,12 +89,55 @@ TEST(HandleErrorTest, TrapsReportTheirProcedures) {
   EXPECT_EQ(result, 0);
   ASSERT_EQ(host.error_reports.size(), 1U);
   EXPECT_THAT(host.error_reports[0],
-              MatchesRegex("[^\t]*\tOuter [^\r]*error_handling_test.cpp \r\n\tInner [^\r]*error_handling_test.cpp "
-                           "Line : [0-9]+\r\nError Number \r\n\t11\r\nDescription\r\n\tDivision by zero.\r\n\r\n"));
+              MatchesRegex("[^\t]*\tOuter [^\r]*error_handling_test.cpp Line : [0-9]+\r\n\tInner "
+                           "[^\r]*error_handling_test.cpp Line : [0-9]+\r\nError Number "
+                           "\r\n\t11\r\nDescription\r\n\tDivision by zero.\r\n\r\n"));
 
   Trap("Plain", [] { throw std::out_of_range("beyond the end"); });
   ASSERT_EQ(host.error_reports.size(), 2U);
   EXPECT_THAT(host.error_reports[1], ::testing::HasSubstr("Error Number \r\n\t5\r\nDescription\r\n\tbeyond the end"));
+}
+
+TEST(HandleErrorTest, ALineBelongsToTheFileNamedBesideIt) {
+  const TestHost host;
+  const testing::ReportedFaults reported;
+  const Fault deep(kOverflow, "Tessarine", "Overflow", 23, "geodesy/checked_arithmetic.h");
+  Trap("Alone", [&] { throw deep; });
+  Trap("Top", [&] { TrapAndPassOn("Middle", [&] { TrapAndPassOn("Deep", [&] { throw deep; }); }); });
+  Trap("Standard", [] { throw std::out_of_range("beyond the end"); });
+  ASSERT_EQ(host.error_reports.size(), 3U);
+  EXPECT_THAT(host.error_reports[0],
+              MatchesRegex("[^\t]*\tAlone [^\r]*error_handling_test.cpp Line : [0-9]+\r\n\tRaised in "
+                           "geodesy/checked_arithmetic.h Line : 23\r\n\r\nTessarine Tools.*"));
+  EXPECT_THAT(host.error_reports[1],
+              MatchesRegex("[^\t]*\tTop [^\r]*error_handling_test.cpp Line : [0-9]+\r\n\tMiddle "
+                           "[^\r]*error_handling_test.cpp Line : [0-9]+\r\n\tDeep "
+                           "[^\r]*error_handling_test.cpp Line : [0-9]+\r\n\tRaised in geodesy/checked_arithmetic.h "
+                           "Line : 23\r\nError Number \r\n\t6\r\nDescription\r\n\tOverflow\r\n\r\n"));
+  EXPECT_THAT(host.error_reports[2], MatchesRegex("[^\t]*\tStandard [^\r]*error_handling_test.cpp Line : [0-9]+\r.*"));
+}
+
+TEST(HandleErrorTest, FaultsOfRecordsAreReportedOnceForEachKind) {
+  TestHost host;
+  const testing::ReportedFaults reported;
+  const auto helper = [] {
+    return TrapHelper("Helper", []() -> int { throw Fault(kOverflow, "Tessarine", "Overflow", 7, "deep.cpp"); });
+  };
+  EXPECT_EQ(helper(), 0) << "by itself it ends its faults";
+  ASSERT_EQ(host.error_reports.size(), 1U);
+  host.error_reports.clear();
+
+  for (std::int64_t oid = 3; oid < 57; ++oid) EXPECT_FALSE(WorkOnRecord(host.journal, oid, helper));
+  EXPECT_FALSE(WorkOnRecord(host.journal, 99, [] { Raise(kTypeMismatch, "Another."); }));
+  EXPECT_TRUE(host.error_reports.empty());
+  ReportRecordFaults(host.journal, "Loop", "roads");
+  ASSERT_EQ(host.error_reports.size(), 2U);
+  EXPECT_THAT(host.error_reports[0],
+              MatchesRegex("[^\t]*\tLoop [^\r]*error_handling_test.cpp Line : [0-9]+\r\n\tHelper "
+                           "[^\r]*error_handling_test.cpp Line : [0-9]+\r\n\tRaised in deep.cpp Line : 7\r\n"
+                           "Error Number \r\n\t6\r\nDescription\r\n\tOverflow\r\n\tLayer 'roads', OID 3, 4, 5, 6, 7, "
+                           "8, 9, 10, 11, 12 and 44 more of the same\r\n\r\n"));
+  EXPECT_THAT(host.error_reports[1], HasSubstr("\tLayer 'roads', OID 99\r\n"));
 }
 
 TEST(LineNumberTest, ZeroIsLeftOut) {

@@ -31,10 +31,18 @@ class MemoryFeature final : public IFeature {
   void Store() override {}
   void Delete() override {}
   [[nodiscard]] std::shared_ptr<IClass> Table() const override { return nullptr; }
-  [[nodiscard]] GeometryRef Shape() const override { return shape_; }
+  [[nodiscard]] GeometryRef Shape() const override {
+    if (broken) Raise(kOverflow, "The shape is broken.");
+    return shape_;
+  }
   void SetShape(const GeometryRef&) override { Raise(kInvalidCall, "read-only"); }
-  [[nodiscard]] GeometryRef ShapeCopy() const override { return Cast<IGeometry>(shape_->Clone()); }
+  [[nodiscard]] GeometryRef ShapeCopy() const override {
+    const GeometryRef shape = Shape();
+    return shape ? Cast<IGeometry>(shape->Clone()) : nullptr;
+  }
   [[nodiscard]] Envelope Extent() const override { return shape_ ? shape_->Envelope() : Envelope(); }
+
+  bool broken = false;  ///< asking for the shape raises a fault
 
  private:
   std::int64_t oid_;

@@ -180,7 +180,7 @@ TEST(PathNames, BackslashesInsideSlashesOutside) {
 struct Report {
   std::string procedure, source, description;
   std::int32_t number;
-  bool top;
+  std::vector<FaultCall> calls;
 };
 std::vector<Report> g_reports;
 
@@ -189,7 +189,7 @@ class Traps : public ::testing::Test {
   void SetUp() override {
     g_reports.clear();
     before_ = SetFaultReporter([](const TrapSite& site, const Fault& fault) {
-      g_reports.push_back({site.procedure, site.source, fault.Description(), fault.Number(), site.top});
+      g_reports.push_back({site.procedure, site.source, fault.Description(), fault.Number(), fault.Calls()});
     });
   }
   void TearDown() override { SetFaultReporter(before_); }
@@ -207,7 +207,6 @@ TEST_F(Traps, EndAFaultWithTheEmptyResult) {
   ASSERT_EQ(g_reports.size(), 3U);
   EXPECT_EQ(g_reports[0].procedure, "Area ");
   EXPECT_EQ(g_reports[0].number, kDivisionByZero);
-  EXPECT_TRUE(g_reports[0].top);
   EXPECT_NE(g_reports[0].source.find("values_test.cpp"), std::string::npos);
   EXPECT_EQ(g_reports[1].number, kInvalidCall);
   EXPECT_EQ(g_reports[1].description, "too far");
@@ -218,10 +217,10 @@ TEST_F(Traps, PassAFaultOnOrMakeAResultOfIt) {
   const int made = TrapWith(
       "Outer", [&] { return inner(), 1; }, [](const Fault& fault) { return -fault.Number(); });
   EXPECT_EQ(made, -kOverflow);
-  ASSERT_EQ(g_reports.size(), 2U);
-  EXPECT_EQ(g_reports[0].procedure, "Inner ");
-  EXPECT_FALSE(g_reports[0].top);
-  EXPECT_EQ(g_reports[1].procedure, "Outer ");
+  ASSERT_EQ(g_reports.size(), 1U);
+  EXPECT_EQ(g_reports[0].procedure, "Outer ");
+  ASSERT_EQ(g_reports[0].calls.size(), 1U);
+  EXPECT_EQ(g_reports[0].calls[0].procedure, "Inner");
   EXPECT_EQ(FaultOf([] { (void)Require(std::shared_ptr<Point>(), "shape"); }), kObjectNotSet);
 }
 

@@ -63,7 +63,7 @@ class BuildPolygonCommand final : public CommandBase {
 }  // namespace
 
 std::shared_ptr<ICommand> MakeBuildPolygonCommand(const CommandRow& row) {
-  return std::make_shared<BuildPolygonCommand>(row);
+  return std::make_shared<BuildPolygonCommand>(row, std::source_location::current());
 }
 
 }  // namespace tessarine

@@ -33,7 +33,7 @@ class CalculateCommand final : public CommandBase {
 }  // namespace
 
 std::shared_ptr<ICommand> MakeCalculateCommand(const CommandRow& row) {
-  return std::make_shared<CalculateCommand>(row);
+  return std::make_shared<CalculateCommand>(row, std::source_location::current());
 }
 
 }  // namespace tessarine

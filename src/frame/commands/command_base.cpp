@@ -5,7 +5,8 @@
 
 namespace tessarine {
 
-CommandBase::CommandBase(const CommandRow& row) : row_(row), bitmap_(std::make_shared<Picture>(row.bitmap_id)) {}
+CommandBase::CommandBase(const CommandRow& row, const std::source_location& own)
+    : row_(row), own_(own), bitmap_(std::make_shared<Picture>(row.bitmap_id)) {}
 
 CommandBase::~CommandBase() {
   bitmap_ = nullptr;
@@ -16,17 +17,23 @@ CommandBase::~CommandBase() {
 std::string CommandBase::Name() const { return std::string("Tessarine_") + row_.name; }
 
 void CommandBase::OnCreate(const ObjectRef& hook) {
-  Trap("ICommand_OnCreate", [&] {
-    application_ = Cast<IApplication>(hook);
-    document_ = Cast<IMxDocument>(Require(application_, "IApplication")->Document());
-  });
+  Trap(
+      "ICommand_OnCreate",
+      [&] {
+        application_ = Cast<IApplication>(hook);
+        document_ = Cast<IMxDocument>(Require(application_, "IApplication")->Document());
+      },
+      own_);
 }
 
 void CommandBase::OnClick() {
-  Trap("ICommand_OnClick", [this] {
-    Require(document_, "IMxDocument");
-    Run();
-  });
+  Trap(
+      "ICommand_OnClick",
+      [this] {
+        Require(document_, "IMxDocument");
+        Run();
+      },
+      own_);
 }
 
 void CommandBase::MarkDirty() const {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <source_location>
 #include <string>
 
 #include "frame/commands/command_table.h"
@@ -11,7 +12,8 @@ namespace tessarine {
 
 class CommandBase : public ICommand {
  public:
-  explicit CommandBase(const CommandRow& row);
+  /// `own` lies in the file of the command's class; faults that end in a click are reported with it.
+  CommandBase(const CommandRow& row, const std::source_location& own);
   ~CommandBase() override;
   CommandBase(const CommandBase&) = delete;
   CommandBase& operator=(const CommandBase&) = delete;
@@ -43,6 +45,7 @@ class CommandBase : public ICommand {
 
  private:
   const CommandRow& row_;
+  std::source_location own_;
   std::shared_ptr<IApplication> application_;
   std::shared_ptr<IMxDocument> document_;
   std::shared_ptr<Picture> bitmap_;

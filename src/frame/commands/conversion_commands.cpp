@@ -11,7 +11,8 @@ namespace {
 
 class ConversionCommand final : public CommandBase {
  public:
-  ConversionCommand(const CommandRow& row, std::int32_t option) : CommandBase(row), option_(option) {}
+  ConversionCommand(const CommandRow& row, const std::source_location& own, std::int32_t option)
+      : CommandBase(row, own), option_(option) {}
 
  private:
   void Run() override {
@@ -54,7 +55,7 @@ class ConversionCommand final : public CommandBase {
 
 template <std::int32_t Option>
 std::shared_ptr<ICommand> MakeConversionCommand(const CommandRow& row) {
-  return std::make_shared<ConversionCommand>(row, Option);
+  return std::make_shared<ConversionCommand>(row, std::source_location::current(), Option);
 }
 
 template std::shared_ptr<ICommand> MakeConversionCommand<1>(const CommandRow&);

@@ -126,14 +126,16 @@ class ZoomCommand final : public GraphicsCommand {
 }  // namespace
 
 std::shared_ptr<ICommand> MakeSelectAllCommand(const CommandRow& row) {
-  return std::make_shared<SelectAllCommand>(row);
+  return std::make_shared<SelectAllCommand>(row, std::source_location::current());
 }
 std::shared_ptr<ICommand> MakeUnselectAllCommand(const CommandRow& row) {
-  return std::make_shared<UnselectAllCommand>(row);
+  return std::make_shared<UnselectAllCommand>(row, std::source_location::current());
 }
 std::shared_ptr<ICommand> MakeFlipSelectionCommand(const CommandRow& row) {
-  return std::make_shared<FlipSelectionCommand>(row);
+  return std::make_shared<FlipSelectionCommand>(row, std::source_location::current());
 }
-std::shared_ptr<ICommand> MakeZoomCommand(const CommandRow& row) { return std::make_shared<ZoomCommand>(row); }
+std::shared_ptr<ICommand> MakeZoomCommand(const CommandRow& row) {
+  return std::make_shared<ZoomCommand>(row, std::source_location::current());
+}
 
 }  // namespace tessarine

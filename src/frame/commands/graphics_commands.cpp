@@ -26,16 +26,16 @@ class DialogCommand final : public CommandBase {
 }  // namespace
 
 std::shared_ptr<ICommand> MakeNewShapefileCommand(const CommandRow& row) {
-  return std::make_shared<DialogCommand<frmGraphicsShapefile>>(row);
+  return std::make_shared<DialogCommand<frmGraphicsShapefile>>(row, std::source_location::current());
 }
 std::shared_ptr<ICommand> MakeSelectGraphicsCommand(const CommandRow& row) {
-  return std::make_shared<DialogCommand<frmSelectGraphics>>(row);
+  return std::make_shared<DialogCommand<frmSelectGraphics>>(row, std::source_location::current());
 }
 std::shared_ptr<ICommand> MakeNameGraphicsCommand(const CommandRow& row) {
-  return std::make_shared<DialogCommand<frmNameElements>>(row);
+  return std::make_shared<DialogCommand<frmNameElements>>(row, std::source_location::current());
 }
 std::shared_ptr<ICommand> MakeAboutCommand(const CommandRow& row) {
-  return std::make_shared<DialogCommand<frmAbout>>(row);
+  return std::make_shared<DialogCommand<frmAbout>>(row, std::source_location::current());
 }
 
 }  // namespace tessarine

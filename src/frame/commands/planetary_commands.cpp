@@ -90,8 +90,8 @@ constexpr LatitudeDirection kToCentric{" Planetographic to Planetocentric:", Cal
 
 class LatitudeCommand final : public PlanetaryCommand {
  public:
-  LatitudeCommand(const CommandRow& row, const LatitudeDirection& direction)
-      : PlanetaryCommand(row), direction_(direction) {}
+  LatitudeCommand(const CommandRow& row, const std::source_location& own, const LatitudeDirection& direction)
+      : PlanetaryCommand(row, own), direction_(direction) {}
 
  private:
   std::shared_ptr<VarArray> Ask(const std::shared_ptr<clsExtension>& extension,
@@ -114,15 +114,15 @@ class LatitudeCommand final : public PlanetaryCommand {
 }  // namespace
 
 std::shared_ptr<ICommand> MakeWrapBoundaryCommand(const CommandRow& row) {
-  return std::make_shared<WrapBoundaryCommand>(row);
+  return std::make_shared<WrapBoundaryCommand>(row, std::source_location::current());
 }
 
 std::shared_ptr<ICommand> MakeCentricToGraphicCommand(const CommandRow& row) {
-  return std::make_shared<LatitudeCommand>(row, kToGraphic);
+  return std::make_shared<LatitudeCommand>(row, std::source_location::current(), kToGraphic);
 }
 
 std::shared_ptr<ICommand> MakeGraphicToCentricCommand(const CommandRow& row) {
-  return std::make_shared<LatitudeCommand>(row, kToCentric);
+  return std::make_shared<LatitudeCommand>(row, std::source_location::current(), kToCentric);
 }
 
 }  // namespace tessarine

@@ -25,10 +25,27 @@ std::string IsoTime(Date date) {
                      parts.minute, parts.second);
 }
 
+// A fault that was reported and is in no record's account kept something from being done.
+bool FailedOutsideRecords(const RunJournal& journal, bool fault_reported) {
+  return fault_reported && journal.FaultCount() == 0;
+}
+
 const char* OutcomeWord(const RunJournal& journal, bool plan_only, bool fault_reported) {
   if (plan_only) return "planned";
-  if (journal.failed || fault_reported) return "failed";
-  return journal.stopped ? "stopped" : "done";
+  if (FailedOutsideRecords(journal, fault_reported)) return "failed";
+  switch (journal.Outcome()) {
+    case RunOutcome::Failed:
+      return "failed";
+    case RunOutcome::Stopped:
+      return "stopped";
+    case RunOutcome::Cancelled:
+      return "cancelled";
+    case RunOutcome::Incomplete:
+      return "incomplete";
+    case RunOutcome::Done:
+      break;
+  }
+  return "done";
 }
 
 std::shared_ptr<const GeographicCoordinateSystem> GeographicOf(const SpatialReferenceRef& reference) {
@@ -36,16 +53,73 @@ std::shared_ptr<const GeographicCoordinateSystem> GeographicOf(const SpatialRefe
   return Cast<const GeographicCoordinateSystem>(reference);
 }
 
-json ReferenceToJson(const SpatialReferenceRef& reference) {
-  if (!reference) return nullptr;
-  json result = {{"name", reference->Name()}, {"wkt", reference->Wkt()}};
-  if (const auto geographic = GeographicOf(reference)) {
-    const auto& spheroid = geographic->Datum()->Spheroid();
-    result["spheroid"] = {{"name", spheroid->Name()},
-                          {"semi_major_axis", spheroid->SemiMajorAxis()},
-                          {"semi_minor_axis", spheroid->SemiMinorAxis()}};
+// The spheroid that the run worked on: its own, or else that of the data.
+json SpheroidToJson(const RunJournal& journal) {
+  const auto body = [](const std::string& name, double semi_major, double semi_minor) {
+    return json{{"name", name}, {"semi_major_axis", semi_major}, {"semi_minor_axis", semi_minor}};
+  };
+  if (journal.spheroid) {
+    return body(journal.spheroid->name, journal.spheroid->semi_major, journal.spheroid->semi_minor);
   }
-  return result;
+  const auto geographic = GeographicOf(journal.reference);
+  if (!geographic) return nullptr;
+  const auto& spheroid = geographic->Datum()->Spheroid();
+  return body(spheroid->Name(), spheroid->SemiMajorAxis(), spheroid->SemiMinorAxis());
+}
+
+// The spheroid beside the reference is the one that was used; what the reference itself says stands in its text.
+json ReferenceToJson(const RunJournal& journal) {
+  const SpatialReferenceRef& reference = journal.reference;
+  if (!reference) return nullptr;
+  return {{"name", reference->Name()}, {"wkt", reference->Wkt()}, {"spheroid", SpheroidToJson(journal)}};
+}
+
+json ChangesToJson(const RunJournal& journal) {
+  json list = json::array();
+  for (const ChangedValues& values : journal.changed) {
+    list.push_back({{"field", values.field},
+                    {"kind", ValueChangeKey(values.kind)},
+                    {"count", values.count},
+                    {"first_oid", values.first_oid}});
+  }
+  return list;
+}
+
+json NamesToJson(const RunJournal& journal) {
+  json list = json::array();
+  for (const ChangedName& name : journal.changed_names) {
+    list.push_back({{"asked", name.asked}, {"written", name.written}});
+  }
+  return list;
+}
+
+json WarningsToJson(const RunJournal& journal) {
+  json list = json::array();
+  for (const RunWarning& warning : journal.warnings) {
+    list.push_back({{"text", warning.text}, {"count", warning.count}, {"first_oids", warning.first_oids}});
+  }
+  return list;
+}
+
+json FaultsToJson(const RunJournal& journal) {
+  json list = json::array();
+  for (const RunFault& fault : journal.faults) {
+    list.push_back({{"number", fault.number},
+                    {"description", fault.description},
+                    {"place", fault.place},
+                    {"count", fault.count},
+                    {"first_oids", fault.first_oids}});
+  }
+  return list;
+}
+
+json RecordsToJson(const RunJournal& journal) {
+  return {{"read", journal.read},
+          {"written", journal.written},
+          {"skipped", journal.skipped_oids.size()},
+          {"skipped_oids", journal.skipped_oids},
+          {"unmeasured", journal.unmeasured_oids.size()},
+          {"unmeasured_oids", journal.unmeasured_oids}};
 }
 
 std::string JsonReport(const std::string& rtf, const CommonOptions& options, TerminalHost& host) {
@@ -57,18 +131,21 @@ std::string JsonReport(const std::string& rtf, const CommonOptions& options, Ter
        {{"tessarine", TESSARINE_VERSION}, {"gdal", versions.gdal}, {"geos", versions.geos}, {"proj", versions.proj}}},
       {"outcome", OutcomeWord(journal, host.PlanOnly(), host.FaultReported())},
       {"output", journal.output_path.empty() ? json() : json(ToNativePath(journal.output_path))},
-      {"spatial_reference", ReferenceToJson(journal.reference)},
-      {"records",
-       {{"read", journal.read},
-        {"written", journal.written},
-        {"skipped", journal.skipped_oids.size()},
-        {"skipped_oids", journal.skipped_oids}}},
+      {"spatial_reference", ReferenceToJson(journal)},
+      {"records", RecordsToJson(journal)},
+      {"failure", journal.failure.empty() ? json() : json(journal.failure)},
+      {"changed", ChangesToJson(journal)},
+      {"changed_names", NamesToJson(journal)},
+      {"warnings", WarningsToJson(journal)},
+      {"other_warnings", journal.other_warnings},
+      {"faults", FaultsToJson(journal)},
+      {"other_faults", journal.other_faults},
       {"report", ToPlainText(ReadRtf(rtf))},
   };
   if (!host.PlanOnly()) {
     report["start"] = IsoTime(journal.begin);
     report["end"] = IsoTime(journal.end);
-    report["elapsed_seconds"] = SecondsBetween(journal.begin, journal.end);
+    report["elapsed_seconds"] = static_cast<std::int64_t>(journal.elapsed_seconds);
   }
   return report.dump(2, ' ', false, json::error_handler_t::replace) + "\n";
 }

@@ -1,6 +1,9 @@
 #include "hosts/terminal/session.h"
 
+#include <fmt/core.h>
 #include <unistd.h>
+
+#include <cstdio>
 
 #include "hosts/document/document_file.h"
 #include "hosts/terminal/interrupt.h"
@@ -56,7 +59,15 @@ void Session::DeliverReport() {
 
 ExitStatus Session::Outcome() {
   const RunJournal& journal = host_.Journal();
-  if (host_.FaultReported() || journal.failed || journal.stopped) return ExitStatus::Failed;
+  // Whoever asked for quiet learns it all the same.
+  if (!journal.failure.empty() && !host_.FaultReported() && !host_.WasShown(journal.failure)) {
+    fmt::print(stderr, "tessarine: {}\n", journal.failure);
+  }
+  const RunOutcome outcome = journal.Outcome();
+  if (host_.FaultReported() || outcome == RunOutcome::Failed || outcome == RunOutcome::Stopped ||
+      outcome == RunOutcome::Incomplete) {
+    return ExitStatus::Failed;
+  }
   return host_.FormRefused() ? ExitStatus::Refused : ExitStatus::Done;
 }
 

@@ -145,6 +145,7 @@ MessageAnswer TerminalHost::Show(const std::string& text, const std::string& tit
   const bool confirmation = buttons == MessageButtons::OkCancel && title == kConfirmTitle;
   if (confirmation && manners_.yes) return MessageAnswer::Ok;
   fmt::print(stderr, "{}{}{}\n", Trim(title), title.empty() ? "" : "\n", NativeLines(text));
+  last_message_ = text;
   switch (buttons) {
     case MessageButtons::Ok:
       return MessageAnswer::Ok;
@@ -157,6 +158,8 @@ MessageAnswer TerminalHost::Show(const std::string& text, const std::string& tit
   }
   return MessageAnswer::Cancel;
 }
+
+bool TerminalHost::WasShown(const std::string& text) const { return last_message_.find(text) != std::string::npos; }
 
 void TerminalHost::ShowModal(Form& form) {
   if (form.Name() == kReportForm) {

@@ -62,6 +62,8 @@ class TerminalHost final : public IHost, public IMessageBox, public IFormHost, p
   /// What the options asked of a form and the form can't give.
   [[nodiscard]] const std::optional<Refusal>& AnswerRefused() const { return refusal_; }
   void NoteFault() { fault_reported_ = true; }
+  /// True when a message box has told this text.
+  [[nodiscard]] bool WasShown(const std::string& text) const;
 
   // IHost
   IClock& Clock() override { return clock_; }
@@ -112,6 +114,7 @@ class TerminalHost final : public IHost, public IMessageBox, public IFormHost, p
   RunJournal journal_;
   std::optional<std::string> report_;
   bool fault_reported_ = false;
+  std::string last_message_;
   bool form_refused_ = false;
   std::optional<Refusal> refusal_;
   IHost* previous_;
