@@ -10,6 +10,7 @@
 #include "conversion/run_reports.h"
 #include "platform/host.h"
 #include "platform/run_scope.h"
+#include "platform/run_stop.h"
 #include "support/MyGeneralOperations.h"
 #include "support/progress_text.h"
 #include "support/rows_on_disk.h"
@@ -145,7 +146,8 @@ std::string RunConversion(const ConversionRun& run, const std::shared_ptr<IFeatu
     {
       OutputWriter writer(output, transfer);
       const StepContext context{input_type, reference, frame.reference};
-      const bool finished = ConvertFeatures(run, context, input, writer, progress, facts);
+      const bool finished =
+          UnlessStopped([&] { return ConvertFeatures(run, context, input, writer, progress, facts); });
       writer.Close();
       CheckRowsWritten(journal, *output);
       tell_faults();

@@ -11,6 +11,7 @@
 #include "platform/feature_construction.h"
 #include "platform/host.h"
 #include "platform/run_scope.h"
+#include "platform/run_stop.h"
 #include "support/MyGeneralOperations.h"
 #include "support/aml_func_mod.h"
 #include "support/attempt.h"
@@ -63,6 +64,7 @@ Lines CollectLines(const std::shared_ptr<IFeatureLayer>& layer, bool all_lines) 
   Lines lines{input.features, {}, input.count};
   RunJournal& journal = Host().Journal();
   while (const std::shared_ptr<IFeature> feature = input.cursor->NextFeature()) {
+    EndIfStopped();
     ++journal.read;
     const std::int64_t oid = feature->OID();
     static_cast<void>(WorkOnRecord(journal, oid, [&] {
@@ -95,6 +97,7 @@ std::string CompletePolygons(IFeatureClass& output, const FieldTransfer& transfe
   std::int32_t count = 0;
   const std::shared_ptr<IFeatureCursor> cursor = output.Update(nullptr, false);
   while (const std::shared_ptr<IFeature> feature = cursor->NextFeature()) {
+    EndIfStopped();
     const std::int64_t oid = feature->OID();
     static_cast<void>(WorkOnRecord(journal, oid, [&] {
       feature->SetValue(transfer.UniqueIdIndex(), ++count);
@@ -199,7 +202,13 @@ std::string orlBuildPolygons(const std::shared_ptr<IFeatureLayer>& line_layer, b
     tell_faults();
     return BuildFailureReport(fault, journal, line_layer->Name());
   };
-  return TrapWith(kWorker, run_body, on_fault);
+  std::string report;
+  if (!UnlessStopped([&] { report = TrapWith(kWorker, run_body, on_fault); })) {
+    journal.stopped = true;
+    journal.written = ReadableRows(output);
+    tell_faults();
+  }
+  return report;
 }
 
 }  // namespace tessarine::mod_92_functions

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "platform/geometry_types.h"
+#include "platform/run_stop.h"
 
 namespace tessarine::engine {
 
@@ -73,6 +74,7 @@ class BoxTree {
 
   template <class Visit>
   void VisitWithin(std::size_t level, std::size_t begin, std::size_t end, Visit& visit) const {
+    EndIfStopped();
     for (std::size_t first = begin; first < end; ++first) {
       if (level > 0) VisitWithin(level - 1, first * kNodeCapacity, EndOfNode(level, first), visit);
       for (std::size_t second = first + 1; second < end; ++second) {

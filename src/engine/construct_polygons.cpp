@@ -9,6 +9,7 @@
 #include "engine/planar_areas.h"
 #include "platform/fault.h"
 #include "platform/feature_construction.h"
+#include "platform/run_stop.h"
 
 namespace tessarine {
 namespace {
@@ -89,6 +90,7 @@ void FeatureConstruction::ConstructPolygonsFromGeometries(IFeatureClass& target,
   const std::shared_ptr<IFeatureBuffer> buffer = target.CreateFeatureBuffer();
   const std::shared_ptr<IFeatureCursor> cursor = target.Insert(true);
   for (const Region& region : regions) {
+    EndIfStopped();
     region.polygon->SetSpatialReference(target.SpatialReference());
     buffer->SetShape(region.polygon);
     cursor->InsertFeature(*buffer);

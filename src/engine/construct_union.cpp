@@ -8,6 +8,7 @@
 #include "engine/box_tree.h"
 #include "engine/geos_bridge.h"
 #include "engine/planar_areas.h"
+#include "platform/run_stop.h"
 
 namespace tessarine {
 namespace {
@@ -35,6 +36,7 @@ BagMembers CollectMembers(IEnumGeometry& geometries, esriGeometryType type) {
   while (const GeometryRef member = geometries.Next()) {
     if (member->GeometryType() != type) continue;
     if (!members.reference) members.reference = member->SpatialReference();
+    EndIfStopped();
     if (!member->IsEmpty()) members.shapes.push_back(Simplified(Cast<PartedShape>(member)));
   }
   return members;
@@ -122,6 +124,7 @@ void PartedShape::ConstructUnion(IEnumGeometry& geometries) {
   } else {
     std::vector<PathRef> parts;
     for (const std::vector<Member>& group : Groups(members.shapes).Take()) {
+      EndIfStopped();
       std::ranges::move(GeometryType() == esriGeometryPolygon ? UnitedAreas(group) : UnitedLines(group),
                         std::back_inserter(parts));
     }

@@ -5,6 +5,7 @@
 
 #include "engine/box_tree.h"
 #include "engine/engine_fault.h"
+#include "platform/run_stop.h"
 
 namespace tessarine::engine {
 namespace {
@@ -26,6 +27,7 @@ class Context {
 
   [[nodiscard]] GEOSContextHandle_t Handle() const { return handle_; }
   [[noreturn]] void RaiseLast() const {
+    EndIfStopped();
     RaiseEngineFault("The shape can't be worked on. (GEOS says: " + last_error_ + ")");
   }
 

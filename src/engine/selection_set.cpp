@@ -4,6 +4,7 @@
 #include "engine/data_source.h"
 #include "engine/engine_fault.h"
 #include "engine/ogr_class.h"
+#include "platform/run_stop.h"
 
 namespace tessarine {
 namespace {
@@ -101,7 +102,10 @@ std::shared_ptr<ISelectionSet> SelectByWhere(const std::shared_ptr<IFeatureClass
   filter.WhereClause = where;
   std::vector<std::int64_t> oids;
   const auto cursor = features->Search(&filter, true);
-  while (const auto feature = cursor->NextFeature()) oids.push_back(feature->OID());
+  while (const auto feature = cursor->NextFeature()) {
+    EndIfStopped();
+    oids.push_back(feature->OID());
+  }
   return SelectByOids(features, std::move(oids));
 }
 

@@ -23,4 +23,6 @@ IHost& Host() {
 
 IHost* SetHost(IHost* host) { return std::exchange(g_host, host); }
 
+bool StopRequested() { return g_host != nullptr && g_host->StopRequested(); }
+
 }  // namespace tessarine

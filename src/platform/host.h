@@ -176,6 +176,9 @@ class IHost {
   [[nodiscard]] virtual IOperatingSystem& System() = 0;
   /// Gives the event queue its turn.
   virtual void PumpEvents() = 0;
+  /// True once the user asked the run to stop by other means than the Stop button of a progress form; it stays so.
+  /// Costs next to nothing: loops may ask at every record.
+  [[nodiscard]] virtual bool StopRequested() const { return false; }
   virtual void RestoreMousePointer() = 0;
   /// Shows the hourglass until the pointer is restored; hosts without a pointer do nothing.
   virtual void ShowWaitPointer() {}
@@ -201,5 +204,7 @@ class IHost {
 [[nodiscard]] IHost& Host();
 /// Sets the host, or nothing when it goes away; answers the one before.
 IHost* SetHost(IHost* host);
+/// What the host of this process says; false where there is none.
+[[nodiscard]] bool StopRequested();
 
 }  // namespace tessarine

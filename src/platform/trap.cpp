@@ -1,5 +1,7 @@
 #include "platform/trap.h"
 
+#include "platform/run_stop.h"
+
 namespace tessarine {
 namespace {
 
@@ -16,6 +18,8 @@ std::string SourceFileName(std::string_view path) {
 
 Fault CurrentFault() {
   try {
+    throw;
+  } catch (const RunStopped&) {
     throw;
   } catch (const Fault& fault) {
     return fault;

@@ -53,7 +53,8 @@ class RecordInHand {
   bool before_;
 };
 
-/// The fault in flight; for use inside a catch block. Standard exceptions become faults of number 5.
+/// The fault in flight; for use inside a catch block. Standard exceptions become faults of number 5. A stop is no
+/// fault: `RunStopped` is raised again and goes on to the run that it ends.
 [[nodiscard]] Fault CurrentFault();
 
 namespace detail {

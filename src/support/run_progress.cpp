@@ -77,7 +77,8 @@ double RunProgress::SecondsSinceUpdate() const { return Host().Clock().SteadySec
 bool RunProgress::Update(std::int32_t record) {
   last_update_ = Host().Clock().SteadySeconds();
   status_bar_->SetMessage(0, MyGeneralOperations::CalcTimeLeft(words_.StatusText, ElapsedSeconds(), record, count_));
-  return !dialog_ || UpdateDialog(record);
+  const bool goes_on = !dialog_ || UpdateDialog(record);
+  return goes_on && !StopRequested();
 }
 
 bool RunProgress::UpdateDialog(std::int32_t record) {

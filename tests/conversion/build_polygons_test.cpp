@@ -58,6 +58,15 @@ TEST_F(BuildPolygonsTest, EveryRegionOnceAndNoFreeEnds) {
   EXPECT_EQ(host.pointer_restored, 1);
 }
 
+TEST_F(BuildPolygonsTest, AStopEndsTheRunWithoutAFault) {
+  host.stop_requested = true;
+  EXPECT_EQ(Build(Layer("lines", kTwoSquares)), "");
+  EXPECT_TRUE(host.journal.stopped);
+  EXPECT_FALSE(host.journal.failed);
+  EXPECT_THAT(host.error_reports, IsEmpty());
+  EXPECT_THAT(host.messages.shown, IsEmpty());
+}
+
 TEST_F(BuildPolygonsTest, GapsCloseWithinTheToleranceOnly) {
   const std::vector<std::string> gap = {LineFeature("[[0,0],[10,0],[10,10],[0,10],[0,0.05]]")};
   EXPECT_EQ(Build(Layer("gap", gap), 0.01), "");

@@ -60,6 +60,17 @@ TEST_F(SplitCombineTest, SplittingPointsFailsForWantOfAnOutputType) {
   EXPECT_FALSE(folder.Has("out.shp"));
 }
 
+TEST_F(SplitCombineTest, AStopWithinTheUnionEndsTheRun) {
+  const auto layer = Layer("areas", {Feature(Shape("Polygon", "[[[0,0],[0,2],[2,2],[2,0],[0,0]]]")),
+                                     Feature(Shape("Polygon", "[[[1,0],[1,2],[4,2],[4,0],[1,0]]]"))});
+  // Stopped once the last record was read: what is left is the union.
+  application->status_bar->on_step = [this] { host.stop_requested = application->status_bar->steps == 2; };
+  EXPECT_THAT(Run(JoinFeatures, layer), HasSubstr("Exited Function Prematurely"));
+  EXPECT_TRUE(host.journal.stopped);
+  EXPECT_EQ(host.journal.written, 0);
+  EXPECT_THAT(host.error_reports, IsEmpty());
+}
+
 TEST_F(SplitCombineTest, TouchingAndOverlappingPolygonsDissolve) {
   const auto layer =
       Layer("areas", {Feature("null", R"({"name":"first","pop":null})"),

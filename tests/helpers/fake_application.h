@@ -1,6 +1,7 @@
 // An application that hands out what a test gives it, with a status bar that remembers.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -18,6 +19,7 @@ class FakeStatusBar final : public IStatusBar,
   std::string progress_text;
   std::int32_t maximum = 0, steps = 0, position = 0;
   bool bar_visible = false;
+  std::function<void()> on_step;
 
   void SetMessage(std::int32_t, const std::string& text) override { messages.push_back(text); }
   [[nodiscard]] std::shared_ptr<IAnimationProgressor> ProgressAnimation() override { return nullptr; }
@@ -25,7 +27,10 @@ class FakeStatusBar final : public IStatusBar,
   void ShowProgressBar(const std::string& text, std::int32_t, std::int32_t last, std::int32_t, bool) override {
     progress_text = text, maximum = last, bar_visible = true;
   }
-  void StepProgressBar() override { ++steps; }
+  void StepProgressBar() override {
+    ++steps;
+    if (on_step) on_step();
+  }
   void HideProgressBar() override { bar_visible = false; }
   [[nodiscard]] std::int32_t Position() const override { return position; }
   void SetPosition(std::int32_t value) override { position = value; }

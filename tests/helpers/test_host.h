@@ -272,6 +272,7 @@ class TestHost final : public IHost {
   SpatialReferenceRef initial_reference;  ///< what that dialog began with
   RunJournal journal;
   bool plan_only = false;
+  bool stop_requested = false;
 
   IClock& Clock() override { return clock; }
   IMessageBox& MessageBox() override { return messages; }
@@ -283,6 +284,7 @@ class TestHost final : public IHost {
     ++pumps;
     if (on_pump) on_pump();
   }
+  [[nodiscard]] bool StopRequested() const override { return stop_requested; }
   void RestoreMousePointer() override { ++pointer_restored; }
   std::shared_ptr<IErrorDialog> CreateErrorDialog() override {
     return std::make_shared<TestErrorDialog>(error_reports);

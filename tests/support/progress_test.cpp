@@ -246,6 +246,13 @@ TEST_F(ProgressTest, AClockSetBackChangesNoSpan) {
   EXPECT_EQ(application->status_bar->position, 1);
 }
 
+TEST_F(ProgressTest, AStopIsSeenWithoutADialogAtTheNextUpdate) {
+  RunProgress progress({"Reading roads", "Reading...", "Reading..."}, application, extension, 3, false);
+  EXPECT_TRUE(progress.Step(1));
+  host.stop_requested = true;
+  EXPECT_FALSE(progress.Step(3));
+}
+
 TEST_F(ProgressTest, ARunShowsItsDialogAndClosesItAtTheEnd) {
   for (const bool auto_close : {false, true}) {
     extension->ProgressDialogAutoClose = auto_close;

@@ -157,12 +157,10 @@ void AddCalculateCommand(CLI::App& program, ChosenCommand& chosen) {
       .add_option("-o,--output", options->copy,
                   "Leave the source as it is and work on this copy of the layer: NAME.shp, NAME.gpkg[:LAYER], "
                   "NAME.gdb/LAYER, or any other file that GDAL writes")
-      ->type_name("COPY")
-      ->check(NotEmpty());
+      ->type_name("COPY");
   command.add_option("-l,--layer", options->source.layer, "The layer, where the data holds several");
-  command
-      .add_option("-w,--where", options->source.where, "Calculate only for the records that meet this SQL condition")
-      ->check(NotEmpty());
+  command.add_option("-w,--where", options->source.where,
+                     "Calculate only for the records that meet this SQL condition");
   AddSpheroidOptions(command, options->spheroid);
   command.add_flag("--planetocentric", options->planetocentric, "The latitudes of the data are planetocentric");
   AddCommonOptions(command, options->common);

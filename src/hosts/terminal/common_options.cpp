@@ -12,19 +12,24 @@ TerminalManners CommonOptions::Manners() const {
   return {.yes = yes, .overwrite = overwrite, .interactive = isatty(STDIN_FILENO) != 0, .plan_only = dry_run};
 }
 
-CLI::Validator NotEmpty() {
-  return {[](const std::string& text) {
-            return Trim(text).empty() ? std::string("there is nothing behind it") : std::string();
-          },
-          ""};
+void RefuseEmptyValues(CLI::App& program) {
+  const CLI::Validator not_empty(
+      [](const std::string& text) {
+        return Trim(text).empty() ? std::string("there is nothing behind it") : std::string();
+      },
+      "");
+  for (CLI::Option* option : program.get_options()) {
+    const bool is_flag = option->get_items_expected_max() == 0;
+    if (!is_flag) option->check(not_empty);
+  }
+  for (CLI::App* command : program.get_subcommands({})) RefuseEmptyValues(*command);
 }
 
 void AddRunOptions(CLI::App& command, CommonOptions& options) {
   command
       .add_option("-r,--report", options.report_file,
                   "Also write the report to this file; its ending tells the form: .txt, .rtf, .html or .json")
-      ->type_name("FILE")
-      ->check(NotEmpty());
+      ->type_name("FILE");
   command.add_flag("-q,--quiet", options.quiet, "Print no report");
   command.add_flag("--overwrite", options.overwrite, "Replace an output that exists");
   command.add_flag("-y,--yes", options.yes, "Answer Yes to every question");

@@ -20,8 +20,9 @@ struct CommonOptions {
   [[nodiscard]] TerminalManners Manners() const;
 };
 
-/// An empty text, as of a shell variable that isn't set, must not pass for an option that wasn't given.
-[[nodiscard]] CLI::Validator NotEmpty();
+/// Makes all commands refuse an empty value, for whichever option or argument: an empty text, as of a shell variable
+/// that isn't set, must not pass for one that wasn't given. Call it once all commands are there.
+void RefuseEmptyValues(CLI::App& program);
 
 /// Adds --report, --quiet, --overwrite, --yes and --dry-run.
 void AddRunOptions(CLI::App& command, CommonOptions& options);

@@ -1,27 +1,39 @@
 #include "hosts/terminal/interrupt.h"
 
+#include <unistd.h>
+
 #include <csignal>
+#include <string_view>
 
 namespace tessarine {
 namespace {
 
+constexpr int kSignals[] = {SIGINT, SIGTERM, SIGHUP};
+constexpr std::string_view kAnswer = "\nStopping... Once more ends the program at once.\n";
+
 volatile std::sig_atomic_t g_interrupted = 0;
 
-extern "C" void OnInterrupt(int) { g_interrupted = 1; }
+// Whichever of the signals comes next ends the program.
+extern "C" void OnInterrupt(int) {
+  g_interrupted = 1;
+  for (const int signal : kSignals) std::signal(signal, SIG_DFL);
+  if (write(STDERR_FILENO, kAnswer.data(), kAnswer.size()) < 0) return;  // nobody is there to be told
+}
 
 }  // namespace
 
-void CatchInterrupt() {
-  struct sigaction action {};
-  action.sa_handler = OnInterrupt;
-  action.sa_flags = static_cast<int>(SA_RESETHAND | SA_RESTART);
-  sigaction(SIGINT, &action, nullptr);
+void CatchInterrupts() {
+  if (WasInterrupted()) return;
+  for (const int signal : kSignals) {
+    struct sigaction action {};
+    if (sigaction(signal, nullptr, &action) != 0 || action.sa_handler == SIG_IGN) continue;
+    action = {};
+    action.sa_handler = OnInterrupt;
+    action.sa_flags = SA_RESTART;
+    sigaction(signal, &action, nullptr);
+  }
 }
 
-bool TakeInterrupt() {
-  if (g_interrupted == 0) return false;
-  g_interrupted = 0;
-  return true;
-}
+bool WasInterrupted() { return g_interrupted != 0; }
 
 }  // namespace tessarine

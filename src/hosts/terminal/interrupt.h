@@ -1,11 +1,14 @@
-// Ctrl-C: the first asks the run to stop, the second ends the program.
+// Ctrl-C, and the signals that a system sends to end a program: the first asks the run to stop, the second ends the
+// program.
 #pragma once
 
 namespace tessarine {
 
-/// Catches the next interrupt; the one after it has the system's own effect again.
-void CatchInterrupt();
-/// True once, after an interrupt was caught.
-[[nodiscard]] bool TakeInterrupt();
+/// From now on SIGINT, SIGTERM and SIGHUP are answered with a line on standard error and remembered; the one after it
+/// has the system's own effect again. A signal that the program was started to ignore, as by nohup, stays ignored.
+void CatchInterrupts();
+
+/// True once a signal was caught, and from then on.
+[[nodiscard]] bool WasInterrupted();
 
 }  // namespace tessarine

@@ -1,16 +1,20 @@
 #include "hosts/terminal/program.h"
 
+#include <fcntl.h>
 #include <fmt/core.h>
+#include <unistd.h>
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 
 #include "engine/versions.h"
 #include "hosts/terminal/commands.h"
+#include "hosts/terminal/common_options.h"
 #include "hosts/terminal/refusal.h"
-#include "platform/fault.h"
 
 namespace tessarine {
 namespace {
@@ -51,9 +55,16 @@ int Refuse(const std::string& text) {
   return StatusOf(ExitStatus::Refused);
 }
 
-}  // namespace
+// A file that a run opens must not take the place of a stream that the caller closed: texts would go into it.
+void OccupyClosedStreams() {
+  for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+    if (fcntl(stream, F_GETFD) != -1) continue;
+    // Opened the wrong way round, so that its use fails as on a closed one.
+    (void)open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY);
+  }
+}
 
-int RunProgram(int argc, char** argv) {
+int RunCommand(int argc, char** argv) {
   CLI::App program("Measures features on the spheroid, converts features, and works on the graphics of maps.",
                    "tessarine");
   ChosenCommand chosen;
@@ -73,6 +84,7 @@ int RunProgram(int argc, char** argv) {
   AddSpheroidsCommand(program, chosen);
   AddMenuCommand(program, chosen);
   AddAboutCommand(program, chosen);
+  RefuseEmptyValues(program);
   try {
     // The parser takes its words from the back.
     std::vector<std::string> words = Words(argc, argv);
@@ -86,13 +98,23 @@ int RunProgram(int argc, char** argv) {
     return StatusOf(chosen.run());
   } catch (const Refusal& refusal) {
     return Refuse(refusal.what());
-  } catch (const Fault& fault) {
-    fmt::print(stderr, "tessarine: {}\n", fault.Description());
-    return StatusOf(ExitStatus::Failed);
   } catch (const std::exception& error) {
-    fmt::print(stderr, "tessarine: {}\n", error.what());
+    // What standard output couldn't take is told at the end.
+    if (std::ferror(stdout) == 0) fmt::print(stderr, "tessarine: {}\n", error.what());
     return StatusOf(ExitStatus::Failed);
   }
+}
+
+}  // namespace
+
+int RunProgram(int argc, char** argv) {
+  OccupyClosedStreams();
+  const int status = RunCommand(argc, argv);
+  errno = 0;
+  if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0) return status;
+  fmt::print(stderr, "tessarine: Standard output can't be written to its end{}.\n",
+             errno != 0 ? std::string(": ") + std::strerror(errno) : "");
+  return status == StatusOf(ExitStatus::Done) ? StatusOf(ExitStatus::Failed) : status;
 }
 
 }  // namespace tessarine

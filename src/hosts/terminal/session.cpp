@@ -5,11 +5,13 @@
 
 #include <cstdio>
 
+#include "engine/topology_stop.h"
 #include "hosts/document/document_file.h"
 #include "hosts/terminal/interrupt.h"
 #include "hosts/terminal/refusal.h"
 #include "hosts/terminal/report_output.h"
-#include "hosts/terminal/terminal_status_bar.h"
+#include "platform/paths.h"
+#include "platform/run_stop.h"
 
 namespace tessarine {
 namespace {
@@ -29,8 +31,10 @@ Session::Session(const CommonOptions& options)
     : options_(options),
       document_(OpenDocument(options.document)),
       host_(options.Manners(), document_->HostVersion),
-      application_(std::make_shared<DocumentApplication>(
-          document_, std::make_shared<TerminalStatusBar>(!options.quiet && isatty(STDERR_FILENO) != 0))) {
+      status_bar_(std::make_shared<TerminalStatusBar>(!options.quiet && isatty(STDERR_FILENO) != 0)),
+      application_(std::make_shared<DocumentApplication>(document_, status_bar_)) {
+  CatchInterrupts();
+  LetStopsEndTopology();
   application_->Start();
 }
 
@@ -38,23 +42,46 @@ Session::~Session() { application_->Stop(); }
 
 ExitStatus Session::Run(const std::string& command_id, FormScript* script) {
   host_.SetScript(script);
-  CatchInterrupt();
-  if (!application_->Click(command_id))
-    throw Refusal("This command is disabled: the document's host is too old for it.");
+  bool enabled = true;
+  if (!UnlessStopped([&] { enabled = application_->Click(command_id); })) host_.Journal().stopped = true;
+  status_bar_->HideProgressBar();
+  if (!enabled) throw Refusal("This command is disabled: the document's host is too old for it.");
   if (host_.AnswerRefused()) throw *host_.AnswerRefused();
-  DeliverReport();
-  if (document_->Dirty()) {
-    application_->Stop();
-    if (!document_->Path.empty() && !options_.dry_run) WriteDocumentFile(*document_);
-  }
+  if (!told_output_.empty() && host_.Report()) host_.Journal().output_path = told_output_;
+  // Each of these is done whatever becomes of the others; what is printed comes last, since its reader may go away.
+  OrTell([this] { SaveDocument(); });
+  OrTell([this] { WriteReportFile(); });
+  PrintOutcome();
   return Outcome();
 }
 
-void Session::DeliverReport() {
-  if (!host_.Report()) return;
-  if (!told_output_.empty()) host_.Journal().output_path = told_output_;
-  if (!options_.quiet) PrintReport(*host_.Report(), isatty(STDOUT_FILENO) != 0);
-  if (!options_.report_file.empty()) WriteReport(*host_.Report(), options_, host_);
+template <class Work>
+void Session::OrTell(Work&& work) {
+  try {
+    work();
+  } catch (const Fault& fault) {
+    fmt::print(stderr, "tessarine: {}\n", fault.Description());
+    host_.NoteFault();
+  }
+}
+
+void Session::SaveDocument() {
+  if (!document_->Dirty()) return;
+  application_->Stop();
+  if (!document_->Path.empty() && !options_.dry_run) WriteDocumentFile(*document_);
+}
+
+void Session::WriteReportFile() {
+  if (host_.Report() && !options_.report_file.empty()) WriteReport(*host_.Report(), options_, host_);
+}
+
+void Session::PrintOutcome() {
+  const std::string report = host_.Report().value_or("");
+  if (!report.empty() && !options_.quiet) PrintReport(report, isatty(STDOUT_FILENO) != 0);
+  if (!host_.Journal().stopped || !report.empty()) return;
+  const std::string& output = host_.Journal().output_path;
+  fmt::print(stderr, "tessarine: The run was stopped{}.\n",
+             output.empty() ? "" : "; '" + ToNativePath(output) + "' holds what was written until then");
 }
 
 ExitStatus Session::Outcome() {
@@ -64,9 +91,18 @@ ExitStatus Session::Outcome() {
     fmt::print(stderr, "tessarine: {}\n", journal.failure);
   }
   const RunOutcome outcome = journal.Outcome();
-  if (host_.FaultReported() || outcome == RunOutcome::Failed || outcome == RunOutcome::Stopped ||
-      outcome == RunOutcome::Incomplete) {
-    return ExitStatus::Failed;
+  // What fails while a run is only planned is what the run would be refused for.
+  if (host_.PlanOnly() && (host_.FaultReported() || outcome == RunOutcome::Failed)) return ExitStatus::Refused;
+  if (host_.FaultReported()) return ExitStatus::Failed;
+  switch (outcome) {
+    case RunOutcome::Failed:
+    case RunOutcome::Stopped:
+    case RunOutcome::Incomplete:
+      return ExitStatus::Failed;
+    case RunOutcome::Cancelled:
+      return WasInterrupted() ? ExitStatus::Failed : ExitStatus::Refused;
+    case RunOutcome::Done:
+      break;
   }
   return host_.FormRefused() ? ExitStatus::Refused : ExitStatus::Done;
 }

@@ -8,6 +8,7 @@
 #include "hosts/terminal/common_options.h"
 #include "hosts/terminal/exit_status.h"
 #include "hosts/terminal/terminal_host.h"
+#include "hosts/terminal/terminal_status_bar.h"
 
 namespace tessarine {
 
@@ -30,12 +31,18 @@ class Session {
   [[nodiscard]] ExitStatus Run(const std::string& command_id, FormScript* script);
 
  private:
-  void DeliverReport();
+  /// Does the work; a fault in it is told on standard error and counts for the exit status.
+  template <class Work>
+  void OrTell(Work&& work);
+  void SaveDocument();
+  void WriteReportFile();
+  void PrintOutcome();
   [[nodiscard]] ExitStatus Outcome();
 
   const CommonOptions& options_;
   std::shared_ptr<MapDocument> document_;
   TerminalHost host_;
+  std::shared_ptr<TerminalStatusBar> status_bar_;
   std::shared_ptr<DocumentApplication> application_;
   std::string told_output_;
 };

@@ -133,13 +133,11 @@ void AddSpheroidOptions(CLI::App& command, SpheroidOptions& options) {
       command
           .add_option("--spheroid", options.spheroid,
                       "Compute on this spheroid instead of the data's own; 'tessarine spheroids' lists them")
-          ->type_name("NAME|CODE")
-          ->check(NotEmpty());
+          ->type_name("NAME|CODE");
   command
       .add_option("--radii", options.radii,
                   "Compute on a spheroid of these radii in metres: semi-major (equatorial), semi-minor (polar)")
       ->type_name("A,B")
-      ->check(NotEmpty())
       ->excludes(spheroid);
 }
 

@@ -1,10 +1,11 @@
 #include "hosts/terminal/terminal_host.h"
 
 #include <fmt/core.h>
+#include <poll.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cstdio>
-#include <iostream>
 
 #include "hosts/document/document_layer.h"
 #include "hosts/terminal/interrupt.h"
@@ -16,9 +17,23 @@ namespace {
 constexpr const char* kReportForm = "frmReport_modal";
 constexpr const char* kOverwriteTitle = "Feature Class Already Exists:";
 constexpr const char* kConfirmTitle = "Confirm Action:";
+constexpr int kLookInterval = 200;  // milliseconds between two looks for a signal while a question is open
 
 // What a message says, with the line ends of a terminal.
 std::string NativeLines(const std::string& text) { return Replace(text, "\r\n", "\n"); }
+
+// A line of standard input, without its end; empty when the user asks the run to stop instead of answering.
+std::string ReadAnswer() {
+  std::string line;
+  pollfd input{STDIN_FILENO, POLLIN, 0};
+  char next = 0;
+  while (!WasInterrupted()) {
+    if (poll(&input, 1, kLookInterval) <= 0) continue;
+    if (read(STDIN_FILENO, &next, 1) != 1 || next == '\n') return line;
+    line += next;
+  }
+  return "";
+}
 
 class TerminalErrorDialog final : public IErrorDialog {
  public:
@@ -102,12 +117,16 @@ TerminalHost::TerminalHost(TerminalManners manners, std::string host_version)
 
 TerminalHost::~TerminalHost() { SetHost(previous_); }
 
+bool TerminalHost::StopRequested() const { return WasInterrupted(); }
+
 void TerminalHost::PumpEvents() {
+  if (!StopRequested()) return;
   std::erase_if(open_forms_, [](const auto& form) { return form.expired(); });
-  if (open_forms_.empty() || !TakeInterrupt()) return;
   for (const auto& entry : open_forms_) {
     const std::shared_ptr<Form> form = entry.lock();
-    if (auto* stop = form->FindAs<CommandButton>("cmdStop")) stop->Press();
+    auto* stop = form->FindAs<CommandButton>("cmdStop");
+    // After the end of the work the same button closes the form.
+    if (stop != nullptr && stop->Caption() == "Stop") stop->Press();
   }
 }
 
@@ -134,8 +153,8 @@ bool TerminalHost::AnsweredByOptions(const std::string& title) const {
 bool TerminalHost::AskUser() const {
   if (!manners_.interactive) return false;
   fmt::print(stderr, "[y/N] ");
-  std::string answer;
-  std::getline(std::cin, answer);
+  std::fflush(stderr);
+  const std::string answer = ReadAnswer();
   return EqualsIgnoringCase(Trim(answer), "y") || EqualsIgnoringCase(Trim(answer), "yes");
 }
 

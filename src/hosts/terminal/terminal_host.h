@@ -72,8 +72,9 @@ class TerminalHost final : public IHost, public IMessageBox, public IFormHost, p
   IClipboard& Clipboard() override { return *this; }
   IRegistry& Registry() override { return *this; }
   IOperatingSystem& System() override { return system_; }
-  /// An interrupt presses Stop on the open progress form.
+  /// A stop presses Stop on the open progress forms.
   void PumpEvents() override;
+  [[nodiscard]] bool StopRequested() const override;
   void RestoreMousePointer() override {}
   std::shared_ptr<IErrorDialog> CreateErrorDialog() override;
   std::shared_ptr<IModelessFrame> CreateModelessFrame() override;

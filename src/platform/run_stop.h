@@ -1,0 +1,43 @@
+// The end of a run that the user stopped in the midst of work that has no records to count.
+//
+//   const bool finished = UnlessStopped([&] { UniteAll(shapes); });   // the run
+//   ...
+//   EndIfStopped();                                                   // each loop of UniteAll, once a second or
+//   oftener
+#pragma once
+
+#include <exception>
+#include <type_traits>
+#include <utility>
+
+#include "platform/host.h"
+
+namespace tessarine {
+
+/// The user stopped the run. It is no fault: traps pass it on unreported, to the run that ends by it.
+class RunStopped : public std::exception {
+ public:
+  [[nodiscard]] const char* what() const noexcept override { return "The run was stopped."; }
+};
+
+/// Raises `RunStopped` once the user asked the run to stop.
+inline void EndIfStopped() {
+  if (StopRequested()) throw RunStopped();
+}
+
+/// Does the work and returns what it does, or true when it returns nothing; false when it was stopped.
+template <class Work>
+[[nodiscard]] bool UnlessStopped(Work&& work) {
+  try {
+    if constexpr (std::is_void_v<std::invoke_result_t<Work>>) {
+      std::forward<Work>(work)();
+      return true;
+    } else {
+      return std::forward<Work>(work)();
+    }
+  } catch (const RunStopped&) {
+    return false;
+  }
+}
+
+}  // namespace tessarine
