@@ -4,7 +4,6 @@
 
 #include "platform/host.h"
 #include "platform/text_formats.h"
-#include "support/attempt.h"
 
 namespace tessarine {
 namespace {
@@ -50,17 +49,22 @@ FieldRef NewResultField(const std::string& name) {
   return field;
 }
 
-std::unique_ptr<std::string> MakeMissingFields(IFeatureClass& features, const std::vector<std::string>& names) {
+std::optional<FieldFailure> MakeMissingFields(IFeatureClass& features, const std::vector<std::string>& names) {
   std::vector<FieldRef> missing;
   for (const std::string& name : names) {
     const auto same = [&](const FieldRef& field) { return EqualsIgnoringCase(field->Name, name); };
     if (features.FindField(name) < 0 && std::ranges::none_of(missing, same)) missing.push_back(NewResultField(name));
   }
-  if (!missing.empty()) MyGeneralOperations::Attempt([&] { features.AddFields(missing); });
-  for (const std::string& name : names) {
-    if (features.FindField(name) < 0) return std::make_unique<std::string>(name);
+  std::string cause = "The format of the data doesn't keep a field under this name.";
+  try {
+    if (!missing.empty()) features.AddFields(missing);
+  } catch (const Fault& fault) {
+    cause = fault.Description();
   }
-  return nullptr;
+  for (const std::string& name : names) {
+    if (features.FindField(name) < 0) return FieldFailure{name, cause};
+  }
+  return std::nullopt;
 }
 
 FieldIndexes CheckFields(IFeatureClass& features, const std::vector<std::string>& names,

@@ -1,7 +1,7 @@
 // The fields that a run writes to: the missing ones are made, those that can't be written are replaced.
 #pragma once
 
-#include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -14,10 +14,15 @@ namespace tessarine {
 /// A new field of the calculator: a double of 16 digits, 12 behind the point, also for counts.
 [[nodiscard]] FieldRef NewResultField(const std::string& name);
 
-/// Makes the fields that the class doesn't have. The name of the first that can't be made, nothing when all are there;
-/// those made before it stay.
-[[nodiscard]] std::unique_ptr<std::string> MakeMissingFields(IFeatureClass& features,
-                                                             const std::vector<std::string>& names);
+/// A field that can't be made, and why: a sentence.
+struct FieldFailure {
+  std::string name, cause;
+};
+
+/// Makes the fields that the class doesn't have. The first that can't be made, nothing when all are there; those made
+/// before it stay.
+[[nodiscard]] std::optional<FieldFailure> MakeMissingFields(IFeatureClass& features,
+                                                            const std::vector<std::string>& names);
 
 /// The places of the fields. A field that isn't editable gets a new one beside it, of which the user is told, and the
 /// entries take its name; the place stays the one of the field that can't be written.

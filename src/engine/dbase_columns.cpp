@@ -9,7 +9,6 @@
 namespace tessarine::engine {
 namespace {
 
-constexpr std::size_t kLongestName = 10;
 constexpr std::int32_t kGreatestWidth = 32;
 constexpr std::size_t kMostColumns = 255;
 constexpr std::int64_t kLargestSize = 65535;  // of the header, and of a record
@@ -21,7 +20,7 @@ constexpr char kEndOfHeader = '\r';
 bool IsPlainName(std::string_view name) {
   constexpr std::string_view kDigits = "0123456789";
   constexpr std::string_view kPlain = "0123456789_ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
-  return !name.empty() && name.size() <= kLongestName && name.find_first_not_of(kPlain) == std::string_view::npos &&
+  return !name.empty() && name.size() <= kDbaseNameLength && name.find_first_not_of(kPlain) == std::string_view::npos &&
          kDigits.find(name.front()) == std::string_view::npos;
 }
 

@@ -80,6 +80,17 @@ esriGeometryType LayerShapeType(const OgrSource& source, OGRLayer& layer) {
   return ShapeTypeOf(layer.GetGeomType());
 }
 
+// The library would cut a longer name and leave an empty field under what is left of it. It writes names of letters
+// beyond A to Z with one byte each.
+void CheckDbaseName(const std::string& path, const Field& field) {
+  const auto starts = [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; };
+  const auto length = static_cast<std::size_t>(std::ranges::count_if(field.Name, starts));
+  if (length <= kDbaseNameLength) return;
+  RaiseEngineFault("The field '" + field.Name + "' can't be added to '" + path + "': its name is " +
+                   std::to_string(length) + " characters long, and the format keeps " +
+                   std::to_string(kDbaseNameLength) + ".");
+}
+
 }  // namespace
 
 OgrClass::OgrClass(std::shared_ptr<OgrSource> source) : source_(std::move(source)) { ReadTraits(); }
@@ -117,6 +128,7 @@ void OgrClass::AddAllFields(std::span<const FieldRef> fields) {
     }
   }
   for (const FieldRef& field : fields) {
+    if (driver_ == "ESRI Shapefile") CheckDbaseName(source_->Path(), *field);
     CreateField(*field);
     // Formats with short names cut a longer one.
     if (FindField(field->Name) >= 0) continue;

@@ -2,6 +2,7 @@
 
 #include "engine/engine_fault.h"
 #include "engine/ogr_geometry.h"
+#include "engine/way_out.h"
 #include "platform/text_formats.h"
 
 namespace tessarine::engine {
@@ -145,7 +146,7 @@ std::int64_t InsertingCursor::InsertRow(const IRowBuffer& buffer) {
   if (transactions_ && !in_transaction_) in_transaction_ = layer.StartTransaction() == OGRERR_NONE;
   if (layer.CreateFeature(&feature) != OGRERR_NONE || errors.Failed()) {
     RaiseRowNotWritten("A row can't be written to '" + owner_->Source()->Path() + "'", errors,
-                       ": check the room on the disk and the permissions.");
+                       WayOut(owner_->Source()->Path(), errors.Text()));
   }
   ++since_commit_;
   return feature.GetFID();
@@ -172,7 +173,7 @@ void InsertingCursor::Commit() {
   }
   if (result != OGRERR_NONE || errors.Failed()) {
     RaiseEngineFault("Rows can't be written to '" + owner_->Source()->Path() + "'" + errors.Quote() +
-                     ": check the room on the disk and the permissions.");
+                     WayOut(owner_->Source()->Path(), errors.Text()));
   }
 }
 

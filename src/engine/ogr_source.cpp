@@ -8,6 +8,7 @@
 
 #include "engine/engine_fault.h"
 #include "engine/filegdb_edit.h"
+#include "engine/way_out.h"
 
 namespace tessarine::engine {
 namespace {
@@ -33,6 +34,20 @@ std::shared_ptr<SharedFile> SharedFileOf(const std::string& path, const std::str
   return file;
 }
 
+// A program that was killed in the midst of a change leaves its journal beside a database. Only one that may write can
+// undo the change by it.
+bool HasJournal(const std::string& path) {
+  std::error_code error;
+  const std::uintmax_t size = fs::file_size(path + "-journal", error);
+  return !error && size > 0 && fs::is_regular_file(path, error);
+}
+
+// Opening it to read a row is enough. Where a program at work holds the database, its change stays as it is.
+void RollBack(const std::string& path) {
+  const GdalErrorScope quiet;
+  (void)DatasetHandle(GDALDataset::Open(path.c_str(), GDAL_OF_VECTOR | GDAL_OF_UPDATE));
+}
+
 }  // namespace
 
 void RegisterDrivers() {
@@ -55,10 +70,19 @@ void FileChanged(const std::string& native_path) { ++SharedFileOf(native_path, "
 
 DatasetHandle OpenDatasetAt(const std::string& native_path, bool update) {
   RegisterDrivers();
-  const GdalErrorScope errors;
+  GdalErrorScope errors;
   const unsigned flags = GDAL_OF_VECTOR | (update ? GDAL_OF_UPDATE : GDAL_OF_READONLY);
   DatasetHandle dataset(GDALDataset::Open(native_path.c_str(), flags));
+  if (!dataset && !update && HasJournal(native_path)) {
+    RollBack(native_path);
+    errors.Clear();
+    dataset.reset(GDALDataset::Open(native_path.c_str(), flags));
+  }
   if (dataset) return dataset;
+  if (!update && HasJournal(native_path)) {
+    RaiseEngineFault("'" + native_path + "' was left in the midst of a change, and that can't be undone" +
+                     errors.Quote() + ": make the file, its '-journal' beside it and their folder writable.");
+  }
   if (!fs::exists(native_path)) {
     RaiseEngineFault("There is no file or folder '" + native_path + "': check its name and folder.");
   }
@@ -178,7 +202,7 @@ void LayerHandle::Close() {
   source_->idle_.clear();
   if (errors.Failed()) {
     RaiseEngineFault("'" + source_->Path() + "' can't be written to its end" + errors.Quote() +
-                     ": check the room on the disk and the permissions.");
+                     WayOut(source_->Path(), errors.Text()));
   }
   FileGdbEdit::End(edit_);
 }

@@ -9,6 +9,7 @@
 #include <filesystem>
 
 #include "engine/engine_fault.h"
+#include "engine/way_out.h"
 
 namespace tessarine::engine {
 
@@ -21,8 +22,7 @@ RawFile::~RawFile() {
 }
 
 void RawFile::Fail(const char* reason) const {
-  RaiseEngineFault("'" + path_ + "' can't be read or changed (" + reason +
-                   "): check the room on the disk and the permissions.");
+  RaiseEngineFault("'" + path_ + "' can't be read or changed (" + reason + ")" + WayOut(path_, reason));
 }
 
 std::int64_t RawFile::Size() const {
@@ -76,8 +76,8 @@ FileReplacement::~FileReplacement() {
 
 void FileReplacement::Commit() {
   if (rename(path_.c_str(), target_.c_str()) != 0) {
-    RaiseEngineFault("'" + target_ + "' can't be replaced (" + std::strerror(errno) +
-                     "): check the room on the disk and the permissions.");
+    const std::string reason = std::strerror(errno);
+    RaiseEngineFault("'" + target_ + "' can't be replaced (" + reason + ")" + WayOut(target_, reason));
   }
   path_.clear();
 }

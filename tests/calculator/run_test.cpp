@@ -159,9 +159,11 @@ TEST_F(RunTest, AStoppedRunKeepsWhatItWrote) {
 TEST_F(RunTest, AFieldThatCanNotBeMadeEndsTheRun) {
   const auto layer = Points(2);
   EXPECT_EQ(Run(layer, {OptionEntry(1, "X", ""), OptionEntry(2, "LON", "LAT")}),
-            "Failed to add field '' to Feature Layer towns!");
+            "Failed to add field '' to Feature Layer towns!\r\n" + host.journal.failure);
+  EXPECT_THAT(host.journal.failure, HasSubstr("without a name"));
   ASSERT_EQ(host.messages.shown.size(), 1U);
-  EXPECT_EQ(host.messages.shown[0].text, "Failed to add field '' to Feature Layer towns!  Bailing out...");
+  EXPECT_EQ(host.messages.shown[0].text,
+            "Failed to add field '' to Feature Layer towns!  Bailing out...\r\n" + host.journal.failure);
   EXPECT_TRUE(Row("towns.gpkg", 0).contains("X")) << "fields made before stay";
   EXPECT_FALSE(Row("towns.gpkg", 0).contains("LON"));
   EXPECT_TRUE(host.journal.failed);

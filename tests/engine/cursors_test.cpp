@@ -1,6 +1,10 @@
 // Reading, writing and selecting rows: one contract for every format that can be written.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
 
 #include "engine/test_layers.h"
 
@@ -263,6 +267,37 @@ TEST(Shapefiles, NothingIsAddedBehindANameThatIsCut) {
   EXPECT_THAT(FaultTextOf([&] { towns->AddFields(fields); }), ::testing::HasSubstr("'ElevenChars'"));
   EXPECT_GE(towns->FindField("First"), 0);
   EXPECT_EQ(towns->FindField("Never"), -1);
+  EXPECT_EQ(towns->FindField("ElevenChar"), -1) << "no empty field of the cut name";
+}
+
+// A program that is killed in the midst of a change, with part of it in the file and the journal beside it.
+void DieWhileChanging(const std::string& file) {
+  const pid_t child = fork();
+  if (child == 0) {
+    const GDALDatasetUniquePtr dataset(GDALDataset::Open(file.c_str(), GDAL_OF_VECTOR | GDAL_OF_UPDATE));
+    for (const char* statement :
+         {"PRAGMA cache_size = 1", "BEGIN", "UPDATE towns SET name = 'changed' || hex(zeroblob(200))"}) {
+      dataset->ReleaseResultSet(dataset->ExecuteSQL(statement, nullptr, nullptr));
+    }
+    kill(getpid(), SIGKILL);
+  }
+  waitpid(child, nullptr, 0);
+}
+
+TEST(GeoPackages, AChangeThatWasKilledIsUndoneByReading) {
+  const TemporaryFolder folder;
+  const std::string file = folder.Native("t.gpkg");
+  std::vector<testing::TestRow> rows;
+  for (int row = 0; row < 2000; ++row) rows.push_back({"POINT (0 0)", "before", 1.0});
+  WriteLayer({"GPKG", file, "towns", wkbPoint, rows});
+  DieWhileChanging(file);
+  ASSERT_GT(std::filesystem::file_size(file + "-journal"), 0U) << "the test leaves no journal";
+  const auto towns = DataSource::Open(file, false)->OpenFeatureClass("towns");
+  const std::int32_t name = towns->FindField("name");
+  const auto cursor = towns->Search(nullptr, true);
+  int count = 0;
+  while (const auto row = cursor->NextFeature()) count += row->Value(name).AsText() == "before" ? 1 : 0;
+  EXPECT_EQ(count, 2000);
 }
 
 TEST(Shapefiles, ATableWithNewColumnsKeepsItsPlaceAndPermissions) {

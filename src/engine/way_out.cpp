@@ -1,0 +1,40 @@
+#include "engine/way_out.h"
+
+#include <sys/statvfs.h>
+#include <unistd.h>
+
+#include <filesystem>
+
+namespace tessarine::engine {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::uintmax_t kLeastRoom = 64 * 1024;
+
+bool DiskIsFull(const fs::path& folder) {
+  struct statvfs disk {};
+  if (statvfs(folder.c_str(), &disk) != 0) return false;
+  return static_cast<std::uintmax_t>(disk.f_bavail) * disk.f_frsize < kLeastRoom;
+}
+
+bool MayWrite(const fs::path& path) {
+  std::error_code error;
+  return !fs::exists(path, error) || access(path.c_str(), W_OK) == 0;
+}
+
+}  // namespace
+
+std::string WayOut(const std::string& path, const std::string& complaint) {
+  const fs::path folder = fs::absolute(path).parent_path();
+  if (DiskIsFull(folder)) return ": there is no room left on its disk.";
+  if (!MayWrite(path) || !MayWrite(folder)) return ": it may not be written to; check its permissions.";
+  // File geodatabases keep coordinates as whole steps from a corner.
+  if (complaint.find("ncode") != std::string::npos) {
+    return ": a coordinate lies outside of the range that the output was made for.";
+  }
+  if (complaint.find("locked") != std::string::npos) return ": another program holds it; close it there.";
+  return ".";
+}
+
+}  // namespace tessarine::engine
