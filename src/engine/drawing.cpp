@@ -65,7 +65,13 @@ bool SizeHasUnit(OGRStyleTool& tool) {
   return unit != std::string::npos && (text[unit] == 'p' || text[unit] == 'm' || text[unit] == 'c');
 }
 
-void ReadPart(OGRStyleTool& part, DrawnStyle& style) {
+// What the parts of a style say of a point: whether it is a symbol, a label, or both.
+struct PointStyle {
+  bool symbol = false, label = false;
+  std::string label_text;
+};
+
+void ReadPart(OGRStyleTool& part, DrawnStyle& style, PointStyle& point) {
   GBool is_default = TRUE;
   if (auto* pen = dynamic_cast<OGRStylePen*>(&part)) {
     style.line_color = ColorText(part, pen->Color(is_default));
@@ -75,6 +81,14 @@ void ReadPart(OGRStyleTool& part, DrawnStyle& style) {
   } else if (auto* symbol = dynamic_cast<OGRStyleSymbol*>(&part)) {
     style.marker_color = ColorText(part, symbol->Color(is_default));
     if (SizeHasUnit(part)) style.marker_size = SizeOf(*symbol, [&](GBool& unset) { return symbol->Size(unset); });
+    const double size = symbol->Size(is_default);
+    point.symbol = is_default != 0 || size != 0.0;
+  } else if (auto* label = dynamic_cast<OGRStyleLabel*>(&part)) {
+    point.label = true;
+    const char* text = label->TextString(is_default);
+    if (text != nullptr && is_default == 0) point.label_text = text;
+    style.text_color = ColorText(part, label->ForeColor(is_default));
+    if (SizeHasUnit(part)) style.text_size = SizeOf(*label, [&](GBool& unset) { return label->Size(unset); });
   }
 }
 
@@ -91,13 +105,13 @@ void ReadSimpleStyle(const OGRFeature& feature, DrawnStyle& style) {
   if (style.line_width == 0.0 && IsNumericText(width)) style.line_width = Positive(ToNumber(width));
 }
 
-DrawnStyle StyleOf(OGRFeature& feature, OGRStyleTable* shared_styles) {
+DrawnStyle StyleOf(OGRFeature& feature, OGRStyleTable* shared_styles, PointStyle& point) {
   DrawnStyle style;
   OGRStyleMgr manager(shared_styles);
   if (manager.InitFromFeature(&feature) != nullptr) {
     for (int index = 0; index < manager.GetPartCount(); ++index) {
       const std::unique_ptr<OGRStyleTool> part(manager.GetPart(index));
-      if (part) ReadPart(*part, style);
+      if (part) ReadPart(*part, style, point);
     }
   }
   ReadSimpleStyle(feature, style);
@@ -140,7 +154,9 @@ class LayerReader {
       return;
     }
     const std::size_t before = drawing_.shapes.size();
-    const DrawnShape pattern{nullptr, TextOf(feature, name_field_), StyleOf(feature, styles_)};
+    PointStyle point;
+    DrawnShape pattern{nullptr, TextOf(feature, name_field_), StyleOf(feature, styles_, point), std::nullopt};
+    if (point.label && !point.symbol) pattern.words = point.label_text.empty() ? pattern.name : point.label_text;
     Add(*geometry, pattern);
     if (drawing_.shapes.size() == before) ++drawing_.skipped;
   }
@@ -156,7 +172,8 @@ class LayerReader {
 
   void Keep(GeometryRef shape, const DrawnShape& pattern) {
     if (shape->IsEmpty()) return;
-    drawing_.shapes.push_back({std::move(shape), pattern.name, pattern.style});
+    const bool is_point = shape->GeometryType() == esriGeometryPoint;
+    drawing_.shapes.push_back({std::move(shape), pattern.name, pattern.style, is_point ? pattern.words : std::nullopt});
   }
 
   OGRLayer& layer_;

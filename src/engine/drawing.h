@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -14,12 +15,16 @@ namespace tessarine {
 struct DrawnStyle {
   std::string marker_color, line_color, fill_color;
   double marker_size = 0.0, line_width = 0.0;
+  std::string text_color;
+  double text_size = 0.0;
 };
 
 struct DrawnShape {
   GeometryRef shape;  ///< a point, polyline or polygon, with its reference
   std::string name;
   DrawnStyle style;
+  /// The words that stand at the point instead of a marker; nothing where a marker is drawn.
+  std::optional<std::string> words;
 };
 
 struct Drawing {
@@ -30,7 +35,8 @@ struct Drawing {
 /// Reads all layers of a file, or one. The name of a shape is the text of `name_field`, or where that is empty, of the
 /// first of the fields "name", "title" and "label" that the layer has. Several points of one feature become a shape
 /// each; lines and areas of one feature stay together. Styles come from the format itself, or from the fields of simple
-/// GeoJSON styles ("stroke", "stroke-width", "fill", "marker-color").
+/// GeoJSON styles ("stroke", "stroke-width", "fill", "marker-color"). A point that the style gives a label and no
+/// visible symbol is a text: that of the label, or the name.
 ///
 /// A file that can't be read, a layer or field that isn't there, and a file that breaks off raise a fault that tells
 /// which.

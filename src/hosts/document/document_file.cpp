@@ -1,7 +1,9 @@
 #include "hosts/document/document_file.h"
 
+#include <fcntl.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
@@ -20,6 +22,22 @@ namespace fs = std::filesystem;
 constexpr const char* kFormat = "tessarine map document";
 constexpr int kMaximumGroupDepth = 32;
 
+constexpr const char* kDocumentMembers[] = {"format", "host version", "active view", "map", "layout", "settings"};
+constexpr const char* kMapMembers[] = {"name", "reference", "extent", "layers", "tables", "graphics"};
+constexpr const char* kLayoutMembers[] = {"extent", "graphics"};
+constexpr const char* kGroupMembers[] = {"name", "visible", "chosen", "members"};
+constexpr const char* kLayerMembers[] = {"name",  "visible", "chosen", "source",
+                                         "layer", "symbol",  "fields", "selection"};
+constexpr const char* kFieldMembers[] = {"alias", "visible"};
+constexpr const char* kTableMembers[] = {"name", "source", "layer"};
+constexpr const char* kElementMembers[] = {"kind", "name", "selected", "symbol", "content", "shape", "members"};
+constexpr const char* kShapeMembers[] = {"type", "at", "points", "parts"};
+
+// A path of a document's file, as this program can open it.
+std::string SeenFrom(const fs::path& folder, const fs::path& path) {
+  return path.is_absolute() ? path.string() : (folder / path).lexically_normal().string();
+}
+
 // --- Reading ---------------------------------------------------------------------------------------------------
 
 class DocumentReader {
@@ -30,7 +48,10 @@ class DocumentReader {
     if (root.Member("format").Text() != kFormat) root.Member("format").Fail("\"" + std::string(kFormat) + "\"");
     document_.HostVersion = root.TextOr("host version", document_.HostVersion);
     if (root.Has("map")) ReadMap(root.Member("map"));
-    if (root.Has("layout")) ReadView(root.Member("layout"), document_.Layout());
+    if (root.Has("layout")) {
+      ReadView(root.Member("layout"), document_.Layout());
+      document_.Layout().Others = OtherMembers(root.Member("layout").Value(), kLayoutMembers);
+    }
     const std::string active = root.TextOr("active view", "map");
     if (active != "map" && active != "layout") root.Member("active view").Fail("\"map\" or \"layout\"");
     document_.SetLayoutActive(active == "layout");
@@ -39,6 +60,7 @@ class DocumentReader {
         document_.Settings.push_back(SettingFromJson(item));
       });
     }
+    document_.Others = OtherMembers(root.Value(), kDocumentMembers);
   }
 
  private:
@@ -46,17 +68,21 @@ class DocumentReader {
     DocumentMap& map = document_.Map();
     map.SetName(place.TextOr("name", map.Name()));
     if (place.Has("reference")) {
-      map.SetSpatialReference(SpatialReferenceEnvironment::CreateFromText(place.Member("reference").Text()));
+      const std::string text = place.Member("reference").Text();
+      map.SetSpatialReference(SpatialReferenceEnvironment::CreateFromText(text), text);
     }
     if (place.Has("layers")) {
       place.Member("layers").ForEach([&](const JsonPlace& item) { map.AppendLayer(ReadLayer(item, 0)); });
     }
     if (place.Has("tables")) {
       place.Member("tables").ForEach([&](const JsonPlace& item) {
-        map.AddTable(std::make_shared<DocumentTable>(item.Member("name").Text(), ReadSource(item)));
+        const auto table = std::make_shared<DocumentTable>(item.Member("name").Text(), ReadSource(item));
+        table->Others = OtherMembers(item.Value(), kTableMembers);
+        map.AddTable(table);
       });
     }
     ReadView(place, map);
+    map.Others = OtherMembers(place.Value(), kMapMembers);
   }
 
   void ReadView(const JsonPlace& place, DocumentView& view) {
@@ -72,9 +98,8 @@ class DocumentReader {
   }
 
   LayerSource ReadSource(const JsonPlace& place) const {
-    const fs::path path = place.Member("source").Text();
-    return {path.is_absolute() ? path.string() : (fs::path(folder_) / path).lexically_normal().string(),
-            place.TextOr("layer", "")};
+    const std::string written = place.Member("source").Text();
+    return {SeenFrom(folder_, written), place.TextOr("layer", ""), written};
   }
 
   std::shared_ptr<ILayer> ReadLayer(const JsonPlace& place, int depth) {
@@ -90,6 +115,7 @@ class DocumentReader {
     auto group = std::make_shared<DocumentGroupLayer>(name);
     place.Member("members").ForEach(
         [&](const JsonPlace& item) { group->Members.push_back(ReadLayer(item, depth + 1)); });
+    group->Others = OtherMembers(place.Value(), kGroupMembers);
     return group;
   }
 
@@ -106,6 +132,7 @@ class DocumentReader {
       for (const auto& [field, value] : fields.Value().items()) {
         const JsonPlace info(value, fields.Path() + "." + field);
         layer->SetFieldInfo(field, {info.TextOr("alias", field), info.FlagOr("visible", true)});
+        layer->FieldOthers[field] = OtherMembers(value, kFieldMembers);
       }
     }
     if (place.Has("selection")) {
@@ -113,6 +140,7 @@ class DocumentReader {
       place.Member("selection").ForEach([&](const JsonPlace& item) { oids.push_back(item.Whole()); });
       layer->SetSelectedOids(std::move(oids));
     }
+    layer->Others = OtherMembers(place.Value(), kLayerMembers);
     return layer;
   }
 
@@ -127,7 +155,9 @@ class DocumentReader {
     if (place.Has("shape")) {
       const JsonPlace shape = place.Member("shape");
       element->Shape = GeometryFromJson(shape.Value(), shape.Path());
+      element->ShapeOthers = OtherMembers(shape.Value(), kShapeMembers);
     }
+    element->Others = OtherMembers(place.Value(), kElementMembers);
     const auto group = Cast<GroupElement>(element);
     if (group && place.Has("members")) {
       place.Member("members").ForEach(
@@ -157,6 +187,7 @@ class DocumentWriter {
       root["settings"] = json::array();
       for (const Variant& value : document_.Settings) root["settings"].push_back(SettingToJson(value));
     }
+    document_.Others.AddTo(root);
     return root;
   }
 
@@ -164,12 +195,13 @@ class DocumentWriter {
   json WriteMap() const {
     const DocumentMap& map = document_.Map();
     json result = {{"name", map.Name()}, {"layers", json::array()}};
-    if (map.OwnReference()) result["reference"] = map.OwnReference()->Wkt();
+    if (const std::string text = map.OwnReferenceText(); !text.empty()) result["reference"] = text;
     for (const auto& layer : map.AllLayers()) result["layers"].push_back(WriteLayer(layer));
     for (std::int32_t index = 0; index < map.StandaloneTableCount(); ++index) {
       const auto table = Cast<DocumentTable>(map.StandaloneTable(index));
       json entry = {{"name", table->Name()}};
       WriteSource(table->Source(), entry);
+      table->Others.AddTo(entry);
       result["tables"].push_back(entry);
     }
     WriteView(map, result);
@@ -181,12 +213,14 @@ class DocumentWriter {
     if (!extent.IsEmpty()) result["extent"] = {extent.XMin(), extent.YMin(), extent.XMax(), extent.YMax()};
     result["graphics"] = json::array();
     for (const auto& element : view.Elements()) result["graphics"].push_back(WriteElement(*element));
+    view.Others.AddTo(result);
   }
 
   void WriteSource(const LayerSource& source, json& result) const {
     const fs::path relative = fs::path(source.path).lexically_relative(folder_);
     const bool below = !relative.empty() && *relative.begin() != "..";
-    result["source"] = below ? relative.string() : source.path;
+    const bool same = !source.written.empty() && SeenFrom(folder_, source.written) == source.path;
+    result["source"] = same ? source.written : below ? relative.string() : source.path;
     if (!source.layer.empty()) result["layer"] = source.layer;
   }
 
@@ -196,6 +230,7 @@ class DocumentWriter {
       result["visible"] = group->Visible();
       result["members"] = json::array();
       for (const auto& member : group->Members) result["members"].push_back(WriteLayer(member));
+      group->Others.AddTo(result);
     } else if (const auto features = Cast<DocumentFeatureLayer>(layer)) {
       WriteFeatures(*features, result);
     }
@@ -207,7 +242,9 @@ class DocumentWriter {
     result["visible"] = layer.Visible();
     WriteSource(layer.Source(), result);
     for (const auto& [field, info] : layer.FieldInfos()) {
-      result["fields"][field] = {{"alias", info.Alias}, {"visible", info.Visible}};
+      json& entry = result["fields"][field] = {{"alias", info.Alias}, {"visible", info.Visible}};
+      const auto others = layer.FieldOthers.find(field);
+      if (others != layer.FieldOthers.end()) others->second.AddTo(entry);
     }
     if (const auto renderer = Cast<DocumentRenderer>(layer.Renderer())) {
       const auto symbol = Cast<DocumentSymbol>(renderer->Symbol());
@@ -215,6 +252,7 @@ class DocumentWriter {
     }
     const std::vector<std::int64_t> selected = layer.SelectedOids();
     if (!selected.empty()) result["selection"] = selected;
+    layer.Others.AddTo(result);
   }
 
   static json WriteElement(const GraphicElement& element) {
@@ -224,7 +262,11 @@ class DocumentWriter {
     if (!element.Content.empty()) result["content"] = element.Content;
     const auto symbol = Cast<DocumentSymbol>(element.DrawnWith);
     if (symbol) result["symbol"] = symbol->Definition;
-    if (element.Shape) result["shape"] = GeometryToJson(*element.Shape);
+    if (element.Shape) {
+      result["shape"] = GeometryToJson(*element.Shape);
+      element.ShapeOthers.AddTo(result["shape"]);
+    }
+    element.Others.AddTo(result);
     if (const auto* group = dynamic_cast<const GroupElement*>(&element)) {
       result["members"] = json::array();
       for (const auto& member : group->Members) result["members"].push_back(WriteElement(*member));
@@ -247,12 +289,29 @@ fs::path FileBehind(const std::string& native_path) {
   return error ? fs::path(native_path) : file;
 }
 
+// Makes a file that wasn't there, named after the target; empty when none can be made.
+fs::path NewFileBeside(const fs::path& target) {
+  constexpr int kMostTries = 1000;
+  constexpr mode_t kForAllBy = 0666;  // the user's mask takes off what it must
+  for (int number = 1; number <= kMostTries; ++number) {
+    const fs::path draft = target.string() + ".part" + (number == 1 ? "" : std::to_string(number));
+    const int file = open(draft.c_str(), O_WRONLY | O_CREAT | O_EXCL, kForAllBy);
+    if (file >= 0) {
+      close(file);
+      return draft;
+    }
+    if (errno != EEXIST) break;
+  }
+  return {};
+}
+
 // Replaces the file as a whole; who may read and write it stays. False when that can't be done.
 bool ReplaceFile(const fs::path& target, const std::string& text) {
   std::error_code error;
   const fs::file_status before = fs::status(target, error);
   if (fs::exists(before) && access(target.c_str(), W_OK) != 0) return false;
-  const fs::path draft = target.string() + ".part";
+  const fs::path draft = NewFileBeside(target);
+  if (draft.empty()) return false;
   std::ofstream file(draft, std::ios::binary | std::ios::trunc);
   if (fs::exists(before)) fs::permissions(draft, before.permissions(), error);
   file << text;

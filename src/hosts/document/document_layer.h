@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "hosts/document/other_members.h"
 #include "platform/map.h"
 
 namespace tessarine {
@@ -26,10 +27,11 @@ class DocumentRenderer final : public ISimpleRenderer {
   std::shared_ptr<ISymbol> symbol_;
 };
 
-/// Where a layer's data lies: a native path, relative ones seen from the document, and the layer in it.
+/// Where a layer's data lies: a native path, and the layer in it.
 struct LayerSource {
   std::string path;
   std::string layer;
+  std::string written = {};  ///< the path as the document's file has it, seen from its folder; empty for new layers
 };
 
 /// A feature layer. Its data is opened when it is first asked for; a layer whose data can't be opened is not valid and
@@ -68,6 +70,9 @@ class DocumentFeatureLayer final : public IGeoFeatureLayer,
   void SetFieldInfo(const std::string& field, tessarine::FieldInfo info) { infos_[field] = std::move(info); }
   [[nodiscard]] const std::map<std::string, tessarine::FieldInfo>& FieldInfos() const { return infos_; }
 
+  OtherMembers Others;
+  std::map<std::string, OtherMembers> FieldOthers;  ///< by field name
+
   [[nodiscard]] SpatialReferenceRef SpatialReference() const override;
   [[nodiscard]] Envelope Extent() const override;
 
@@ -100,6 +105,7 @@ class DocumentGroupLayer final : public IGroupLayer {
   [[nodiscard]] bool Visible() const { return visible_; }
 
   std::vector<std::shared_ptr<ILayer>> Members;
+  OtherMembers Others;
 
  private:
   std::string name_;
@@ -112,6 +118,8 @@ class DocumentTable final : public IStandaloneTable {
   [[nodiscard]] std::string Name() const override { return name_; }
   [[nodiscard]] std::shared_ptr<ITable> Table() const override;
   [[nodiscard]] const LayerSource& Source() const { return source_; }
+
+  OtherMembers Others;
 
  private:
   std::string name_;

@@ -25,6 +25,7 @@ ElementKind KindOf(const DrawnShape& drawn) {
   const DrawnStyle& style = drawn.style;
   switch (drawn.shape->GeometryType()) {
     case esriGeometryPoint:
+      if (drawn.words) return {"text", &ImportResult::texts, SymbolText("text", style.text_color, style.text_size)};
       return {"marker", &ImportResult::markers, SymbolText("marker", style.marker_color, style.marker_size)};
     case esriGeometryPolyline:
       return {"line", &ImportResult::lines, SymbolText("line", style.line_color, style.line_width)};
@@ -64,6 +65,7 @@ ImportResult AddDrawing(const Drawing& drawing, bool select, DocumentMap& map) {
     const ElementKind kind = KindOf(drawn);
     const std::shared_ptr<GraphicElement> element = MakeElement(kind.word);
     element->SetName(drawn.name);
+    element->Content = drawn.words.value_or("");
     element->Selected = select;
     element->Shape = std::move(shape);
     if (!kind.symbol.empty()) element->DrawnWith = std::make_shared<DocumentSymbol>(kind.symbol);

@@ -69,12 +69,21 @@ void ReadPart(const JsonPlace& items, Path& part) {
   part.SetVertices(std::move(vertices), std::move(curves));
 }
 
+// A ring may be written without its first vertex at the end; the side that leads back is one of its sides all the same.
+void Close(Ring& ring) {
+  std::vector<XY> vertices(ring.Vertices().begin(), ring.Vertices().end());
+  if (vertices.empty() || vertices.front() == vertices.back()) return;
+  vertices.push_back(vertices.front());
+  ring.SetVertices(std::move(vertices), {ring.Curves().begin(), ring.Curves().end()});
+}
+
 template <class Shape, class Part>
 GeometryRef ReadParts(const JsonPlace& parts) {
   auto shape = std::make_shared<Shape>();
   parts.ForEach([&](const JsonPlace& items) {
     auto part = std::make_shared<Part>();
     ReadPart(items, *part);
+    if constexpr (std::is_same_v<Part, Ring>) Close(*part);
     shape->AddGeometry(part);
   });
   return shape;

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "hosts/document/other_members.h"
 #include "platform/map.h"
 
 namespace tessarine {
@@ -36,6 +37,7 @@ class GraphicElement : public virtual IElement, public IElementProperties {
   std::string Content;
   bool Selected = false;
   std::weak_ptr<const IElementPlace> Place;
+  OtherMembers Others, ShapeOthers;
 
  private:
   std::string name_;

@@ -48,6 +48,8 @@ class DocumentView : public IActiveView,
   [[nodiscard]] SpatialReferenceRef ElementReference() const override { return nullptr; }
   void SetOwner(std::weak_ptr<DocumentView> self) { self_ = std::move(self); }
 
+  OtherMembers Others;
+
  private:
   Envelope extent_;
   std::shared_ptr<IDisplay> display_ = std::make_shared<NullDisplay>();
@@ -69,7 +71,15 @@ class DocumentMap final : public DocumentView, public IMap, public IStandaloneTa
   [[nodiscard]] SpatialReferenceRef ElementReference() const override;
   /// The map's own reference, or that of its first layer that has one.
   [[nodiscard]] SpatialReferenceRef SpatialReference() const override;
-  void SetSpatialReference(SpatialReferenceRef reference) { reference_ = std::move(reference); }
+  /// `text` is what the document's file calls it, empty for its WKT.
+  void SetSpatialReference(SpatialReferenceRef reference, std::string text = "") {
+    reference_ = std::move(reference);
+    reference_text_ = std::move(text);
+  }
+  /// How the document's file calls its own reference; empty where it has none.
+  [[nodiscard]] std::string OwnReferenceText() const {
+    return !reference_text_.empty() || !reference_ ? reference_text_ : reference_->Wkt();
+  }
   [[nodiscard]] const SpatialReferenceRef& OwnReference() const { return reference_; }
   /// Adds below all others, for reading a document.
   void AppendLayer(std::shared_ptr<ILayer> layer) { layers_.push_back(std::move(layer)); }
@@ -84,6 +94,7 @@ class DocumentMap final : public DocumentView, public IMap, public IStandaloneTa
   std::vector<std::shared_ptr<ILayer>> layers_;
   std::vector<std::shared_ptr<IStandaloneTable>> tables_;
   SpatialReferenceRef reference_;
+  std::string reference_text_;
 };
 
 class DocumentLayout final : public DocumentView, public IPageLayout {};
@@ -115,6 +126,7 @@ class MapDocument final : public IMxDocument, public IDocumentDirty {
   std::string HostVersion = "9.3.1";
   /// The settings of the suite, as its extension wrote them.
   std::vector<Variant> Settings;
+  OtherMembers Others;
 
  private:
   std::shared_ptr<DocumentMap> map_;

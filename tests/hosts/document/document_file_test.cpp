@@ -53,6 +53,45 @@ TEST(DocumentFileTest, ADocumentComesBackWhole) {
             WriteDocumentText(*document, "/maps"));
 }
 
+// Members that other programs wrote, at each level, and texts that need not be as this program would put them.
+constexpr const char* kForeign = R"({
+  "format": "tessarine map document", "host version": "9.3.1", "active view": "map", "author": {"name": "A"},
+  "map": {"name": "m", "reference": "EPSG:4326", "scale": 5000, "graphics": [
+      {"kind": "text", "content": "x", "angle": 45, "shape": {"type": "point", "at": [1, 2], "z": 3}},
+      {"kind": "group", "locked": true, "members": [{"kind": "line", "dash": [1, 2]}]}],
+    "layers": [{"name": "up", "source": "../up.shp", "visible": true, "opacity": 0.5,
+                "fields": {"a": {"alias": "A", "visible": true, "format": "%d"}}},
+               {"name": "dots", "source": "./sub/../here.shp", "visible": true},
+               {"name": "g", "visible": true, "open": false, "members": []}],
+    "tables": [{"name": "t", "source": "../t.dbf", "note": null}]},
+  "layout": {"graphics": [], "paper": "A4"}
+})";
+
+TEST(DocumentFileTest, WhatOtherProgramsWroteStays) {
+  const auto document = ReadDocumentText(kForeign, "/maps/one");
+  EXPECT_EQ(Cast<DocumentFeatureLayer>(document->Map().Layer(0))->Source().path, "/maps/up.shp");
+  const json written = json::parse(WriteDocumentText(*document, "/maps/one"));
+  EXPECT_EQ(json::diff(json::parse(kForeign), written), json::array()) << written.dump(2);
+  // Somewhere else the paths must lead to the same files.
+  const json moved = json::parse(WriteDocumentText(*document, "/other"));
+  EXPECT_EQ(moved["map"]["layers"][0]["source"], "/maps/up.shp");
+  // What the suite knows it may also take away.
+  document->Map().Elements()[0]->Content.clear();
+  const json changed = json::parse(WriteDocumentText(*document, "/maps/one"));
+  EXPECT_FALSE(changed["map"]["graphics"][0].contains("content"));
+  EXPECT_EQ(changed["map"]["graphics"][0]["angle"], 45);
+}
+
+TEST(DocumentFileTest, AnOpenRingIsClosed) {
+  const auto document = ReadDocumentText(
+      R"({"format": "tessarine map document", "map": {"graphics": [{"kind": "polygon", "shape":
+         {"type": "polygon", "parts": [[[0, 0], [0, 3], [4, 0]], [[0, 0], [0, 3], [4, 0], [0, 0]]]}}]}})",
+      "/maps");
+  const auto polygon = Cast<Polygon>(document->Map().Elements()[0]->Shape);
+  ASSERT_EQ(polygon->GeometryCount(), 2);
+  for (const auto& ring : polygon->Parts()) EXPECT_EQ(ring->Length(), 12.0);
+}
+
 TEST(DocumentFileTest, WhatIsReadStandsInTheDocument) {
   const auto document = ReadDocumentText(kFull, "/maps");
   EXPECT_TRUE(document->LayoutActive());
@@ -180,6 +219,18 @@ TEST(DocumentFileTest, LinksAndPermissionsStay) {
   if (geteuid() != 0) {
     EXPECT_THROW(WriteDocumentFile(*document), Fault);
   }
+}
+
+TEST(DocumentFileTest, SavingTouchesNoOtherFile) {
+  const TemporaryFolder folder;
+  folder.Write("map.json.part", "mine");
+  MapDocument document;
+  document.Path = folder.Native("map.json");
+  WriteDocumentFile(document);
+  EXPECT_EQ(ReadDocumentFile(document.Path)->Map().Name(), "Layers");
+  std::ifstream kept(folder.Native("map.json.part"));
+  EXPECT_EQ(std::string(std::istreambuf_iterator<char>(kept), {}), "mine");
+  EXPECT_FALSE(std::filesystem::exists(folder.Native("map.json.part2")));
 }
 
 TEST(DocumentFileTest, FaultsNameTheFile) {

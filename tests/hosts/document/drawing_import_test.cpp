@@ -52,6 +52,29 @@ TEST(DrawingImport, GeoJsonIntoTheMapsReference) {
   EXPECT_NEAR(line->FromPoint().y, 0.0, 1e-6);
 }
 
+TEST(DrawingImport, WordsBecomeTexts) {
+  const testing::TemporaryFolder folder;
+  folder.Write("d.dxf",
+               "0\nSECTION\n2\nENTITIES\n0\nTEXT\n8\n0\n10\n1.0\n20\n2.0\n40\n3.0\n1\nHello words\n"
+               "0\nPOINT\n8\n0\n10\n5.0\n20\n6.0\n0\nENDSEC\n0\nEOF\n");
+  folder.Write("d.kml", R"(<kml xmlns="http://www.opengis.net/kml/2.2"><Document>
+    <Style id="label"><IconStyle><scale>0</scale></IconStyle><LabelStyle><color>ff0000ff</color></LabelStyle></Style>
+    <Style id="pin"><IconStyle><Icon><href>p.png</href></Icon></IconStyle><LabelStyle><color>ff0000ff</color></LabelStyle>
+    </Style>
+    <Placemark><name>Lake</name><styleUrl>#label</styleUrl><Point><coordinates>1,2</coordinates></Point></Placemark>
+    <Placemark><name>Pin</name><styleUrl>#pin</styleUrl><Point><coordinates>3,4</coordinates></Point></Placemark>
+    </Document></kml>)");
+  for (const auto& [file, words] : {std::pair("d.dxf", "Hello words"), std::pair("d.kml", "Lake")}) {
+    MapDocument document;
+    const ImportResult result = AddDrawing(ReadDrawing(folder.Native(file), "", ""), false, document.Map());
+    EXPECT_EQ(result.texts, 1) << file;
+    EXPECT_EQ(result.markers, 1) << file;
+    ASSERT_EQ(document.Map().Elements().size(), 2U) << file;
+    EXPECT_TRUE(Is<ITextElement>(document.Map().Elements()[0])) << file;
+    EXPECT_EQ(document.Map().Elements()[0]->Content, words);
+  }
+}
+
 TEST(DrawingImport, WhatIsMissingIsNamed) {
   const std::string kml = TESSARINE_TEST_DATA "/drawing.kml";
   EXPECT_THAT(testing::FaultTextOf([&] { (void)ReadDrawing(kml, "", "colour"); }), ::testing::HasSubstr("'colour'"));
