@@ -9,10 +9,6 @@
 
 namespace tessarine {
 
-/// The text with its letters made small: Latin, Greek and Cyrillic ones. Text that differs only in case folds to the
-/// same.
-[[nodiscard]] std::string FoldedCase(std::string_view text);
-
 /// True when the whole name matches the pattern, whatever the case. "*" stands for any run of characters, "&" and "?"
 /// for one character; everything else stands for itself.
 [[nodiscard]] bool MatchesPattern(std::string_view name, std::string_view pattern);

@@ -1,6 +1,7 @@
 #include "graphics/frmSelectGraphics.h"
 
 #include "graphics/element_names.h"
+#include "platform/letter_case.h"
 #include "platform/trap.h"
 #include "support/QuickSort.h"
 #include "support/manual.h"
