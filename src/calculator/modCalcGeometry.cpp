@@ -105,9 +105,10 @@ std::string Calculate(const std::shared_ptr<VarArray>& carrier, const std::share
   const std::shared_ptr<IEdit> edit = features->BeginEdit();
   if (const auto failed = MakeMissingFields(*features, names)) {
     if (edit) edit->Abandon();
-    const std::string report = FieldNotAddedReport(*failed, layer_name);
-    Host().MessageBox().Show(report + "  Bailing out...", "");
-    return Refused(report);
+    const std::string report = FieldNotAddedReport(failed->name, layer_name);
+    Host().MessageBox().Show(report + "  Bailing out...\r\n" + failed->cause, "");
+    Host().Journal().Fail(failed->cause);
+    return report + "\r\n" + failed->cause;
   }
   const FieldIndexes indexes = CheckFields(*features, names, entries);
 
@@ -145,8 +146,13 @@ std::string PlanGeometry(const std::shared_ptr<VarArray>& carrier, const std::sh
   return Trap("PlanGeometry", [&]() -> std::string {
     const GeometryOptions options(carrier);
     if (const std::string objection = Objection(options, *application); !objection.empty()) return Refused(objection);
+    RunJournal& journal = Host().Journal();
+    journal = RunJournal();
+    journal.output_path = FeaturesOf(options)->FullName();
+    journal.reference = FeaturesOf(options)->SpatialReference();
     std::string missing, present;
     for (const std::string& name : FieldNamesInUse(options.Options(), options.UseFlags())) {
+      journal.planned_fields.push_back(name);
       std::string& list = FeaturesOf(options)->FindField(name) < 0 ? missing : present;
       list += (list.empty() ? "" : ", ") + name;
     }

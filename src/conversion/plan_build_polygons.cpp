@@ -7,6 +7,7 @@
 #include "conversion/output_target.h"
 #include "conversion/plan_texts.h"
 #include "conversion/run_reports.h"
+#include "platform/host.h"
 #include "platform/rich_text.h"
 #include "platform/trap.h"
 #include "support/MyGeneralOperations.h"
@@ -28,6 +29,8 @@ std::string PlanBuildPolygons(const clsExtension& extension) {
   return Trap("PlanBuildPolygons", [&]() -> std::string {
     const std::shared_ptr<IFeatureLayer>& layer = Require(extension.SelectedLayer, "layer");
     const SpatialReferenceRef reference = layer->FeatureClass()->SpatialReference();
+    Host().Journal() = RunJournal();
+    Host().Journal().reference = reference;
     const std::string path = aml_func_mod::MakeUniqueFilename(extension.NewShapefileLocation);
     const VarArray none;
     const FieldTransfer transfer =

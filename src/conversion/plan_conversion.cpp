@@ -5,6 +5,7 @@
 #include "conversion/output_target.h"
 #include "conversion/plan_texts.h"
 #include "conversion/run_reports.h"
+#include "platform/host.h"
 #include "platform/rich_text.h"
 #include "platform/shape_words.h"
 #include "platform/trap.h"
@@ -16,7 +17,12 @@ std::string PlanConversion(const ConversionRun& run, const std::shared_ptr<IFeat
                            const std::shared_ptr<IApplication>&, const std::shared_ptr<clsExtension>& extension) {
   return Trap("PlanConversion", [&]() -> std::string {
     const std::shared_ptr<IFeatureClass> input = Require(layer->FeatureClass(), "FeatureClass");
-    if (!CanFrame(run, input->SpatialReference())) return UnknownReferenceReport(run);
+    if (!CanFrame(run, input->SpatialReference())) {
+      Host().Journal().failed = true;
+      return UnknownReferenceReport(run);
+    }
+    Host().Journal() = RunJournal();
+    Host().Journal().reference = FrameOf(run, *input).reference;
     const OutputTarget target = SplitOutputPath(path, *extension);
     const ShapeRule rule = RuleFor(run, input->ShapeType());
     const FieldTransfer transfer = FieldTransfer::BesideInput(*input, rule.MeasureFields, *fields);

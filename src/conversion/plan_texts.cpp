@@ -1,6 +1,7 @@
 #include "conversion/plan_texts.h"
 
 #include "conversion/run_reports.h"
+#include "platform/host.h"
 #include "platform/rich_text.h"
 #include "support/MyGeneralOperations.h"
 #include "support/attempt.h"
@@ -45,12 +46,17 @@ std::string FieldLines(const FieldTransfer& transfer) {
 
 std::string PlannedOutput(const std::string& path, const OutputTarget& target, std::string_view shape_word,
                           const FieldTransfer& transfer) {
-  const std::string question = OutputExists(target)
-                                   ? "  ** Feature Class Already Exists: the run would ask whether to overwrite it."
-                                   : "  ** None";
+  RunJournal& journal = Host().Journal();
+  journal.output_path = path;
+  for (const Variant& field : *transfer.OutputFields()) journal.planned_fields.push_back(field.AsObject<Field>()->Name);
+  std::string question = "None";
+  if (OutputExists(target)) {
+    question = "Feature Class Already Exists: the run would ask whether to overwrite it.";
+    journal.planned_questions.push_back(question);
+  }
   return "\\b Output:\\b0\\par\r\n  ** " + PathForReport(path) + "\\par\r\n  ** " + KindText(target) + ", " +
          std::string(shape_word) + "\\par\r\n\\b Fields:\\b0\\par\r\n" + FieldLines(transfer) +
-         "\\b Questions:\\b0\\par\r\n" + question + "\\par\r\n";
+         "\\b Questions:\\b0\\par\r\n  ** " + question + "\\par\r\n";
 }
 
 }  // namespace tessarine

@@ -9,7 +9,7 @@
 
 namespace tessarine {
 
-/// Place, kind, fields and questions of a planned output, as RTF.
+/// Place, kind, fields and questions of a planned output, as RTF. The journal gets them too.
 [[nodiscard]] std::string PlannedOutput(const std::string& path, const OutputTarget& target,
                                         std::string_view shape_word, const FieldTransfer& transfer);
 

@@ -89,7 +89,8 @@ class frmGraphicsShapefile final : public Form {
   Outcome AskAboutMissing(const std::string& title, const std::string& text);
   /// Creates the class of the report, or in a plan only says where it would be.
   bool MakeClass(esriGeometryType geometry_type, GraphicMeasure measure, bool names, Made& made);
-  void Plan(const MyGeneralOperations::OutputChoice& place, GraphicsReport& report) const;
+  void Plan(const MyGeneralOperations::OutputChoice& place, std::vector<std::string> fields,
+            GraphicsReport& report) const;
   void AddLayer(const Made& made);
 
   std::shared_ptr<IApplication> application_;

@@ -116,7 +116,7 @@ bool frmGraphicsShapefile::MakeClass(esriGeometryType geometry_type, GraphicMeas
   OutputChoice place = TypedPlace();
   output_reference_ = reference_;
   if (Host().PlanOnly()) {
-    Plan(place, made.report);
+    Plan(place, FieldNamesOf(measure, names), made.report);
     return true;
   }
   made.feature_class = MakeGraphicsClass(geometry_type, measure, names, reference_, place);
@@ -132,14 +132,22 @@ bool frmGraphicsShapefile::MakeClass(esriGeometryType geometry_type, GraphicMeas
   return true;
 }
 
-void frmGraphicsShapefile::Plan(const OutputChoice& place, GraphicsReport& report) const {
+void frmGraphicsShapefile::Plan(const OutputChoice& place, std::vector<std::string> fields,
+                                GraphicsReport& report) const {
+  RunJournal& journal = Host().Journal();
+  journal.output_path = place.FullPath();
+  journal.reference = output_reference_;
+  journal.planned_fields = std::move(fields);
   report.title = optNew.Value() ? "Empty Shapefile, planned only: nothing was written"
                                 : "Graphics to Feature Classes Conversion, planned only: nothing was written";
   report.output_title = "Output:";
   report.path = place.FullPath();
-  report.questions = Exists(place)
-                         ? "   Feature Class Already Exists: the run would ask whether to overwrite it.\\par\r\n"
-                         : "   None\\par\r\n";
+  std::string question = "None";
+  if (Exists(place)) {
+    question = "Feature Class Already Exists: the run would ask whether to overwrite it.";
+    journal.planned_questions.push_back(question);
+  }
+  report.questions = "   " + question + "\\par\r\n";
 }
 
 void frmGraphicsShapefile::AddLayer(const Made& made) {

@@ -174,6 +174,12 @@ class GraphicWriter {
 
 }  // namespace
 
+std::vector<std::string> FieldNamesOf(GraphicMeasure measure, bool names) {
+  std::vector<std::string> list;
+  for (const Variant& field : *FieldsOf(measure, names)) list.push_back(field.AsObject<Field>()->Name);
+  return list;
+}
+
 std::shared_ptr<IFeatureClass> MakeGraphicsClass(esriGeometryType geometry_type, GraphicMeasure measure, bool names,
                                                  const SpatialReferenceRef& reference,
                                                  MyGeneralOperations::OutputChoice& place) {

@@ -10,6 +10,9 @@
 
 namespace tessarine {
 
+/// The fields of a class that measures so, with or without the names of the elements.
+[[nodiscard]] std::vector<std::string> FieldNamesOf(GraphicMeasure measure, bool names);
+
 /// Creates the class with the fields of the measure, and "Name" where asked for. Nothing when the user gave up; the
 /// place ends as what was used.
 [[nodiscard]] std::shared_ptr<IFeatureClass> MakeGraphicsClass(esriGeometryType geometry_type, GraphicMeasure measure,

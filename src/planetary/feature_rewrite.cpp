@@ -202,6 +202,10 @@ std::string RewriteFeatures(const FeatureRewrite& run, const std::shared_ptr<IAp
 
 std::string PlanRewrite(const FeatureRewrite& run) {
   const OutputChoice place = run.output.Place();
+  RunJournal& journal = Host().Journal();
+  journal = RunJournal();
+  journal.output_path = place.FullPath();
+  journal.reference = run.output.Reference();
   std::vector<ReportSection> sections = run.sections;
   sections.push_back({"Output:",
                       {"  ** Feature Class:  " + ShownName(place), "  ** Workspace:  " + ToNativePath(place.Directory),
@@ -209,15 +213,18 @@ std::string PlanRewrite(const FeatureRewrite& run) {
   ReportSection fields{"Fields:", {}};
   for (const Variant& element : *run.output.FieldNames()) {
     const auto names = element.AsObject<StrArray>();
+    journal.planned_fields.push_back(names->Element(1));
     const bool renamed = names->Element(0) != names->Element(1);
     fields.lines.push_back("       " + names->Element(1) + (renamed ? "  <--  " + names->Element(0) : ""));
   }
   if (fields.lines.empty()) fields.lines.emplace_back("       <-- No Fields -->");
   sections.push_back(fields);
-  sections.push_back(
-      {"Questions:",
-       {NameIsTaken(place) ? "  ** Feature Class Already Exists: the run would ask whether to overwrite it."
-                           : "  ** None"}});
+  std::string question = "None";
+  if (NameIsTaken(place)) {
+    question = "Feature Class Already Exists: the run would ask whether to overwrite it.";
+    journal.planned_questions.push_back(question);
+  }
+  sections.push_back({"Questions:", {"  ** " + question}});
   return PlanReport(run.conversion, sections);
 }
 

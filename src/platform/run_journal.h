@@ -86,6 +86,8 @@ class RunJournal {
   std::string output_path;       ///< a backslash path of what is on the disk, empty when no output was made
   SpatialReferenceRef reference;
   std::optional<RunSpheroid> spheroid;  ///< nothing where the run measured on no spheroid, or on the reference's
+  std::vector<std::string> planned_fields;     ///< of a run that was only planned: those that it would make or fill
+  std::vector<std::string> planned_questions;  ///< what it would ask, whole sentences
 
   /// Counts a value that the output holds otherwise. `ValueChange::None` does nothing.
   void NoteChange(std::string_view field, ValueChange kind, std::int64_t oid);

@@ -64,6 +64,45 @@ TEST_F(Documents, ResultLayerIsAddedAndFoundAgain) {
   EXPECT_THAT(again.err, HasSubstr("wrong kind"));
 }
 
+TEST_F(Documents, APathIsNeverTakenForALayerOfThatName) {
+  // The document's layer of lines bears the name of a file of points, and a group that of a layer.
+  WriteFile(In("names.json"), R"({"format": "tessarine map document", "map": {"layers": [
+    {"name": "both", "members": [{"name": "inner", "source": "cities.shp"}]},
+    {"name": "both", "source": "countries.shp"},
+    {"name": "cities", "source": "countries.shp"},
+    {"name": "twice", "source": "countries.shp"}, {"name": "twice", "source": "cities.shp"}]}})");
+  const std::vector<std::string> rest{"-d", In("names.json"), "-n", "-o", In("v.shp")};
+  const auto plan = [&](const std::string& source) {
+    std::vector<std::string> arguments{"vertices", source};
+    arguments.insert(arguments.end(), rest.begin(), rest.end());
+    return RunTessarine(arguments);
+  };
+  const ProgramOutcome points = plan(In("cities.shp"));
+  EXPECT_EQ(points.status, 2) << points.out;
+  EXPECT_THAT(points.err, HasSubstr("wrong kind"));
+  EXPECT_EQ(plan("both").status, 0) << plan("both").err;
+  EXPECT_THAT(plan("twice").err, HasSubstr("several layers named 'twice'"));
+}
+
+TEST_F(Documents, AFieldsNameWinsOverAnAlias) {
+  WriteFile(In("aliases.json"), R"({"format": "tessarine map document", "map": {"layers": [
+    {"name": "land", "source": "countries.shp", "fields": {"continent": {"alias": "name"},
+     "pop_est": {"alias": "Figure"}, "gdp_md_est": {"alias": "Figure"}, "iso_a3": {"alias": "Code"}}}]}})");
+  const auto convert = [&](const std::string& fields) {
+    return RunTessarine({"centroids", "land", "-d", In("aliases.json"), "-f", fields, "-n", "-q", "-o", In("c.shp"),
+                         "-r", In("p.json")});
+  };
+  for (const auto& [asked, field] : std::vector<std::pair<std::string, std::string>>{
+           {"name", "name"}, {"code", "iso_a3"}, {"gdp_md_est", "gdp_md_est"}, {"pop_est", "pop_est"}}) {
+    const ProgramOutcome run = convert(asked);
+    ASSERT_EQ(run.status, 0) << run.err;
+    EXPECT_EQ(json::parse(ReadFile(In("p.json")))["plan"]["fields"].back(), field) << asked;
+  }
+  const ProgramOutcome unsure = convert("Figure");
+  EXPECT_EQ(unsure.status, 2);
+  EXPECT_THAT(unsure.err, HasSubstr("one of several"));
+}
+
 TEST_F(Documents, OldHostDisablesBuildingPolygons) {
   WriteFile(In("old.json"), R"({"format": "tessarine map document", "host version": "9.1"})");
   EXPECT_THAT(RunTessarine({"menu", "-d", In("old.json")}).out,

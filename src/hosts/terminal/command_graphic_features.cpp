@@ -5,6 +5,7 @@
 
 #include "hosts/terminal/commands.h"
 #include "hosts/terminal/form_answers.h"
+#include "hosts/terminal/output_checks.h"
 #include "hosts/terminal/output_place.h"
 #include "hosts/terminal/report_output.h"
 #include "hosts/terminal/session.h"
@@ -107,10 +108,7 @@ ExitStatus RunFeatures(const FeatureOptions& options) {
   }
   OutputPlace place = ParseOutputPlace(options.output);
   NameInFolder(place);
-  if (!fs::is_directory(fs::path(place.container).parent_path()) ||
-      (!place.InGeodatabase() && !fs::is_directory(place.container))) {
-    throw Refusal("The folder of the output '" + place.NativePath() + "' doesn't exist.");
-  }
+  RefuseUnusablePlace(place);
   Session session(options.common);
   RefuseTakenName(place, options.common);
   const SpatialReferenceRef reference = ReferenceOf(options, session.Document().Map());

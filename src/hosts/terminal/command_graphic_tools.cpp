@@ -10,8 +10,10 @@
 #include "hosts/document/document_file.h"
 #include "hosts/document/drawing_import.h"
 #include "hosts/terminal/commands.h"
+#include "hosts/terminal/counted_elements.h"
 #include "hosts/terminal/form_answers.h"
 #include "hosts/terminal/session.h"
+#include "platform/letter_case.h"
 #include "platform/text_formats.h"
 
 namespace tessarine {
@@ -40,6 +42,13 @@ void AddQuietRun(CLI::App& command, CommonOptions& options) {
 
 // --- list ----------------------------------------------------------------------------------------------------------
 
+// Rows of a list are lines.
+std::string OnOneLine(std::string text) {
+  std::ranges::replace_if(
+      text, [](unsigned char c) { return c < 0x20 || c == 0x7F; }, ' ');
+  return text;
+}
+
 std::string ShapeText(const GeometryRef& shape) {
   if (!shape || shape->IsEmpty()) return "no shape";
   if (const auto point = Cast<Point>(shape)) return NumberText(point->X()) + ", " + NumberText(point->Y());
@@ -52,15 +61,15 @@ std::string ShapeText(const GeometryRef& shape) {
 void PrintElement(const GraphicElement& element, const std::string& number, int depth) {
   const auto symbol = Cast<DocumentSymbol>(element.DrawnWith);
   fmt::print("{:>5}  {}  {:<11}  {:<24}  {:<32}  {}\n", number, element.Selected ? "*" : " ",
-             std::string(static_cast<std::size_t>(depth), ' ') + element.Kind(), element.Name(),
-             ShapeText(element.Shape), symbol ? symbol->Definition : "");
+             std::string(static_cast<std::size_t>(depth), ' ') + element.Kind(), OnOneLine(element.Name()),
+             ShapeText(element.Shape), symbol ? OnOneLine(symbol->Definition) : "");
   const auto* group = dynamic_cast<const GroupElement*>(&element);
   if (group == nullptr) return;
   for (const auto& member : group->Members) PrintElement(*member, "", depth + 1);
 }
 
 void PrintView(const char* title, const DocumentView& view) {
-  fmt::print("{}: {} graphic elements, {} selected\n", title, view.Elements().size(), view.ElementSelectionCount());
+  fmt::print("{}: {}, {} selected\n", title, CountedElements(view.Elements().size()), view.ElementSelectionCount());
   int number = 0;
   for (const auto& element : view.Elements()) PrintElement(*element, std::to_string(++number), 0);
 }
@@ -128,7 +137,7 @@ class SelectScript final : public FormScript {
     std::string names;
     for (std::int32_t line = 0; line < list.ListCount(); ++line) {
       const std::string own = list.List(line).substr(0, list.List(line).rfind(" ["));
-      if (EqualsIgnoringCase(own, name)) return line;
+      if (FoldedCase(own) == FoldedCase(name)) return line;
       names += (names.empty() ? "" : ", ") + own;
     }
     throw Refusal("--name: no graphic element is named '" + name + "'. There are: " + names + ".");
@@ -146,7 +155,7 @@ ExitStatus RunSelect(const SelectOptions& options) {
   const MapDocument& document = session.Document();
   const DocumentView& view = document.LayoutActive() ? static_cast<const DocumentView&>(document.Layout())
                                                      : static_cast<const DocumentView&>(document.Map());
-  fmt::print("{} of {} graphic elements selected.\n", view.ElementSelectionCount(), view.Elements().size());
+  fmt::print("{} of {} selected.\n", view.ElementSelectionCount(), CountedElements(view.Elements().size()));
   return status;
 }
 
@@ -207,7 +216,7 @@ ExitStatus RunName(const NameOptions& options) {
   const DocumentMap& map = session.Document().Map();
   const std::size_t count =
       script.OnSelected() ? static_cast<std::size_t>(map.ElementSelectionCount()) : map.Elements().size();
-  fmt::print("{} of {} graphic elements named '{}'.\n", count, map.Elements().size(), options.name);
+  fmt::print("{} of {} named '{}'.\n", count, CountedElements(map.Elements().size()), options.name);
   return status;
 }
 
@@ -255,7 +264,8 @@ ExitStatus RunImport(const ImportOptions& options) {
   const ImportResult result = AddDrawing(drawing, options.select, document->Map());
   if (!options.common.dry_run) WriteDocumentFile(*document);
   if (options.common.quiet) return ExitStatus::Done;
-  fmt::print("Imported: markers {}, lines {}, polygons {}.\n", result.markers, result.lines, result.polygons);
+  fmt::print("Imported: markers {}, lines {}, polygons {}{}.\n", result.markers, result.lines, result.polygons,
+             result.texts > 0 ? ", texts " + std::to_string(result.texts) : "");
   if (result.skipped > 0) {
     fmt::print("Left out: {}, without a shape or outside of the map's projection.\n", result.skipped);
   }

@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "hosts/terminal/commands.h"
+#include "hosts/terminal/counted_elements.h"
 #include "hosts/terminal/refusal.h"
 #include "hosts/terminal/session.h"
 #include "platform/text_formats.h"
@@ -22,7 +23,7 @@ ExitStatus ClickOn(const GraphicsOptions& options, const char* class_id) {
   const ExitStatus status = session.Run(class_id, nullptr);
   const DocumentMap& map = session.Document().Map();
   if (!options.common.quiet && status == ExitStatus::Done) {
-    fmt::print("{} of {} graphic elements selected.\n", map.ElementSelectionCount(), map.Elements().size());
+    fmt::print("{} of {} selected.\n", map.ElementSelectionCount(), CountedElements(map.Elements().size()));
   }
   return status;
 }

@@ -89,7 +89,14 @@ class PlanetaryScript : public FormScript {
       : command_(command), options_(options), layer_(layer), output_(output) {}
 
  protected:
-  void ChooseSource(Form& form) const { ChooseLayer(ControlOf<ListBox>(form, "lbxLayers"), layer_, command_, kTakes); }
+  void ChooseSource(Form& form) const {
+    const SpatialReferenceRef reference = layer_.SpatialReference();
+    if (!reference || Is<const UnknownCoordinateSystem>(reference)) {
+      throw Refusal("The layer '" + layer_.Name() + "' has no spatial reference: '" + command_ + "' takes " + kTakes +
+                    ". Declare the reference of the data first, as with a .prj file.");
+    }
+    ChooseLayer(ControlOf<ListBox>(form, "lbxLayers"), layer_, command_, kTakes);
+  }
   // What nobody named on the command line stays as the document remembers it, and is told.
   static void NoteFromDocument(Form& form, const std::string& setting) {
     auto& label = ControlOf<Label>(form, "lblFromDocument");

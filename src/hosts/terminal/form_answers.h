@@ -24,7 +24,8 @@ template <class Kind>
 void ChooseLayer(ListBox& list, const DocumentFeatureLayer& layer, const std::string& command,
                  const std::string& takes);
 
-/// Selects the lines of the named fields, or all. A field is named by its name or by the alias that the layer shows.
+/// Selects the lines of the named fields, or all. A field is named by its name or, where no field has that name, by the
+/// alias that the layer shows; an alias of several fields is refused.
 void ChooseFields(ListBox& list, const DocumentFeatureLayer& layer, const std::string& option,
                   const std::vector<std::string>& names, bool all);
 

@@ -1,5 +1,6 @@
 #include "hosts/terminal/layer_source.h"
 
+#include <algorithm>
 #include <filesystem>
 
 #include "engine/data_source.h"
@@ -8,12 +9,37 @@
 namespace tessarine {
 namespace {
 
-std::shared_ptr<DocumentFeatureLayer> FindInDocument(MapDocument& document, const std::string& name) {
+std::vector<std::shared_ptr<ILayer>> AllLayers(const MapDocument& document) {
+  std::vector<std::shared_ptr<ILayer>> all;
   const std::shared_ptr<IEnumLayer> layers = document.Map().Layers(nullptr, true);
-  while (const std::shared_ptr<ILayer> layer = layers->Next()) {
-    if (layer->Name() == name) return Cast<DocumentFeatureLayer>(layer);
+  while (const std::shared_ptr<ILayer> layer = layers->Next()) all.push_back(layer);
+  return all;
+}
+
+// Groups may bear the names of layers.
+std::shared_ptr<DocumentFeatureLayer> FindInDocument(const MapDocument& document, const std::string& name) {
+  std::shared_ptr<DocumentFeatureLayer> found;
+  for (const auto& layer : AllLayers(document)) {
+    const auto features = Cast<DocumentFeatureLayer>(layer);
+    if (!features || features->Name() != name) continue;
+    if (found) {
+      throw Refusal("The document has several layers named '" + name +
+                    "': rename one of them, or give the path of the data.");
+    }
+    found = features;
   }
-  return nullptr;
+  return found;
+}
+
+// The forms know layers by their names alone, so that a layer of the document must not bear the same one.
+std::string FreeLayerName(const MapDocument& document, const std::string& name) {
+  const std::vector<std::shared_ptr<ILayer>> layers = AllLayers(document);
+  const auto taken = [&](const std::string& candidate) {
+    return std::ranges::any_of(layers, [&](const auto& layer) { return layer->Name() == candidate; });
+  };
+  std::string free = name;
+  for (int number = 2; taken(free); ++number) free = name + " (" + std::to_string(number) + ")";
+  return free;
 }
 
 std::shared_ptr<DocumentFeatureLayer> AddSource(MapDocument& document, const SourceOptions& options) {
@@ -25,7 +51,7 @@ std::shared_ptr<DocumentFeatureLayer> AddSource(MapDocument& document, const Sou
   // Opening it here gives the reason when it fails; in a document a broken layer is only left out.
   const std::shared_ptr<IFeatureClass> features = DataSource::Open(path, false)->OpenFeatureClass(layer);
   auto result = std::make_shared<DocumentFeatureLayer>();
-  result->SetName(features->Name());
+  result->SetName(FreeLayerName(document, features->Name()));
   result->SetFeatureClass(features);
   document.Map().AddLayer(result);
   return result;

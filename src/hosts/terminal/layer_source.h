@@ -16,7 +16,8 @@ struct SourceOptions {
   std::string where;
 };
 
-/// Finds the layer in the document by its name, or adds the source's layer to it, chosen in the table of contents;
+/// Finds the layer in the document by its name, or adds the source's layer to it under a name that no other layer
+/// bears, chosen in the table of contents;
 /// `--where` becomes its selection. Raises `Refusal`, which names what is wrong and the way out.
 [[nodiscard]] std::shared_ptr<DocumentFeatureLayer> TakeLayer(MapDocument& document, const SourceOptions& options);
 

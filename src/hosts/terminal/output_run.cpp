@@ -1,12 +1,13 @@
 #include "hosts/terminal/output_run.h"
 
 #include "hosts/terminal/form_answers.h"
+#include "hosts/terminal/output_checks.h"
 
 namespace tessarine {
 
 ExitStatus RunInto(Session& session, const std::string& class_id, FormScript& script, const OutputPlace& place,
                    const SpatialReferenceRef& reference, const CommonOptions& options) {
-  RefuseBrokenContainer(place);
+  RefuseUnusablePlace(place);
   RefuseTakenName(place, options);
   CheckDataset(place, reference);
   const PreparedPlace prepared(place, reference, session.Host().LocalSystem(), options.dry_run);

@@ -142,7 +142,9 @@ std::string JsonReport(const std::string& rtf, const CommonOptions& options, Ter
       {"other_faults", journal.other_faults},
       {"report", ToPlainText(ReadRtf(rtf))},
   };
-  if (!host.PlanOnly()) {
+  if (host.PlanOnly()) {
+    report["plan"] = {{"fields", journal.planned_fields}, {"questions", journal.planned_questions}};
+  } else {
     report["start"] = IsoTime(journal.begin);
     report["end"] = IsoTime(journal.end);
     report["elapsed_seconds"] = static_cast<std::int64_t>(journal.elapsed_seconds);

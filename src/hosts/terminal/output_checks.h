@@ -1,0 +1,12 @@
+// What a run would find at its end about the place of its output, looked at before it begins; plans look at it too.
+#pragma once
+
+#include "hosts/terminal/output_place.h"
+
+namespace tessarine {
+
+/// Refuses a place whose folder isn't there or can't be written to, and a container that can't be opened or written to.
+/// Each refusal names the folder or container itself.
+void RefuseUnusablePlace(const OutputPlace& place);
+
+}  // namespace tessarine

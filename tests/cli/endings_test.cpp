@@ -1,0 +1,191 @@
+// How runs end that don't go their way: signals, questions, streams that take nothing, values that are empty, plans of
+// what would be refused.
+#include <fcntl.h>
+#include <pty.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <nlohmann/json.hpp>
+
+#include "cli/program_run.h"
+
+namespace tessarine::testing {
+namespace {
+
+namespace fs = std::filesystem;
+using nlohmann::json;
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using ::testing::Not;
+
+class Endings : public ProgramTest {
+ protected:
+  // What stands behind the command goes to the shell: where the streams lead.
+  int Shell(const std::string& arguments, const std::string& streams) {
+    const std::string line =
+        std::string("'") + TESSARINE_PROGRAM + "' " + arguments + " 2>'" + In("err") + "' " + streams;
+    const int status = std::system(line.c_str());
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+  }
+  [[nodiscard]] std::string Errors() const { return ReadFile(In("err")); }
+};
+
+struct EmptyRow {
+  const char* name;
+  std::vector<std::string> arguments;
+};
+
+void PrintTo(const EmptyRow& row, std::ostream* out) { *out << row.name; }
+
+class EmptyValues : public ProgramTest, public ::testing::WithParamInterface<EmptyRow> {};
+
+TEST_P(EmptyValues, AreRefused) {
+  std::vector<std::string> arguments = GetParam().arguments;
+  for (std::string& argument : arguments) {
+    if (argument == "SHP") argument = Data("countries.shp");
+    if (argument == "MAP") argument = Data("graphics.json");
+    if (argument == "OUT") argument = In("out.shp");
+  }
+  const ProgramOutcome run = RunTessarine(arguments);
+  EXPECT_EQ(run.status, 2) << run.out;
+  EXPECT_THAT(run.err, HasSubstr("there is nothing behind it"));
+  EXPECT_THAT(Left(), IsEmpty());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Options, EmptyValues,
+    ::testing::Values(
+        EmptyRow{"where", {"vertices", "SHP", "-o", "OUT", "--where", ""}},
+        EmptyRow{"blanks", {"vertices", "SHP", "-o", "OUT", "--where", "  "}},
+        EmptyRow{"layer", {"split", "SHP", "-o", "OUT", "--layer", ""}},
+        EmptyRow{"document", {"wrap", "SHP", "--range", "360", "-o", "OUT", "--document", ""}},
+        EmptyRow{"report", {"centroids", "SHP", "-o", "OUT", "--report", ""}},
+        EmptyRow{"tolerance", {"build-polygons", "SHP", "-o", "OUT", "-t", ""}},
+        EmptyRow{"label where",
+                 {"build-polygons", "SHP", "-o", "OUT", "--labels", "SHP", "--label-fields", "a", "--label-where", ""}},
+        EmptyRow{"shift", {"to-graphic", "SHP", "-o", "OUT", "--shift", ""}},
+        EmptyRow{"spheroid", {"calculate", "SHP", "--all-measures", "-o", "OUT", "--spheroid", ""}},
+        EmptyRow{"source", {"info", ""}}, EmptyRow{"pattern", {"graphics", "select", "MAP", "--pattern", ""}},
+        EmptyRow{"name", {"graphics", "name", "MAP", "", "--yes"}},
+        EmptyRow{"reference", {"graphics", "new", "MAP", "points", "-o", "OUT", "--reference", ""}}),
+    [](const auto& row) {
+      std::string name = row.param.name;
+      std::erase(name, ' ');
+      return name;
+    });
+
+TEST_F(Endings, AReportThatCanNotBePrintedIsNoSuccess) {
+  const std::string vertices = "vertices '" + Data("countries.shp") + "' --overwrite -o '" + In("v.shp") + "'";
+  for (const std::string& command : {vertices, "info '" + Data("countries.shp") + "'", std::string("--help")}) {
+    EXPECT_EQ(Shell(command, ">/dev/full"), 1) << command;
+    EXPECT_THAT(Errors(), HasSubstr("Standard output can't be written")) << command;
+  }
+  EXPECT_EQ(Shell(vertices + " --quiet", ">/dev/full"), 0) << Errors();
+  EXPECT_EQ(Shell(vertices + " --quiet --report '" + In("full.json") + "'", ">/dev/null; rm -f '" + In("x") + "'"), 0);
+}
+
+TEST_F(Endings, AClosedStreamTakesNoFileOfTheRun) {
+  EXPECT_EQ(Shell("vertices '" + Data("countries.shp") + "' -o '" + In("v.shp") + "'", "<&- >&-"), 1) << Errors();
+  for (const char* ending : {"shp", "shx", "dbf", "prj"}) {
+    EXPECT_THAT(ReadFile(In(std::string("v.") + ending)), Not(HasSubstr("Shapes to Vertices"))) << ending;
+  }
+}
+
+// The program with a terminal on its standard input, at a question.
+class AtQuestion : public Endings, public ::testing::WithParamInterface<int> {};
+
+TEST_P(AtQuestion, ASignalIsAnsweredAndLeavesTheOldOutput) {
+  ASSERT_EQ(RunTessarine({"vertices", Data("countries.shp"), "-o", In("v.shp"), "-q"}).status, 0);
+  const std::string before = ReadFile(In("v.shp"));
+  int master = -1;
+  const pid_t child = forkpty(&master, nullptr, nullptr, nullptr);
+  if (child == 0) {
+    const int out = open(In("out").c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
+    dup2(out, STDOUT_FILENO);
+    execl(TESSARINE_PROGRAM, TESSARINE_PROGRAM, "split", Data("countries.shp").c_str(), "-o", In("v.shp").c_str(),
+          static_cast<char*>(nullptr));
+    _exit(127);
+  }
+  std::string shown;
+  char bytes[256];
+  const auto read_until = [&](const char* words) {
+    while (shown.find(words) == std::string::npos) {
+      const ssize_t count = read(master, bytes, sizeof bytes);
+      if (count <= 0) return false;
+      shown.append(bytes, static_cast<std::size_t>(count));
+    }
+    return true;
+  };
+  ASSERT_TRUE(read_until("[y/N]")) << shown;
+  kill(child, GetParam());
+  EXPECT_TRUE(read_until("Stopping...")) << shown;
+  while (read(master, bytes, sizeof bytes) > 0) {
+  }
+  int status = 0;
+  waitpid(child, &status, 0);
+  close(master);
+  EXPECT_TRUE(WIFEXITED(status)) << "the first signal doesn't kill";
+  EXPECT_EQ(WEXITSTATUS(status), 1);
+  EXPECT_EQ(ReadFile(In("v.shp")), before);
+}
+
+INSTANTIATE_TEST_SUITE_P(Signals, AtQuestion, ::testing::Values(SIGINT, SIGTERM, SIGHUP));
+
+TEST_F(Endings, APlanIsRefusedForWhatTheRunIsRefusedFor) {
+  ASSERT_EQ(RunTessarine({"vertices", Data("cities.shp"), "-o", In("x.shp")}).status, 2);
+  ASSERT_EQ(RunTessarine({"vertices", Data("countries.shp"), "-o", In("taken.shp"), "-q"}).status, 0);
+  fs::create_directory(folder_ / "broken.gdb");
+  struct Row {
+    std::vector<std::string> arguments;
+    std::string words;
+  };
+  const std::vector<Row> rows = {
+      {{"vertices", Data("countries.shp"), "-o", In("none/x.shp")}, In("none")},
+      {{"vertices", Data("countries.shp"), "-o", In("none/x.gdb/v")}, "no folder '" + In("none") + "'"},
+      {{"vertices", Data("countries.shp"), "-o", In("taken.shp")}, "exists already"},
+      {{"vertices", Data("cities.shp"), "-o", In("x.shp")}, "wrong kind"},
+      {{"wrap", Data("countries.shp"), "--range", "360", "-o", In("broken.gdb/v")}, "broken.gdb"},
+      {{"graphics", "to-features", Data("graphics.json"), "--to", "points", "--all", "-o", In("broken.gdb/v")},
+       "broken.gdb"},
+      {{"graphics", "new", Data("graphics.json"), "points", "-o", In("none/x.gdb/v")},
+       "no folder '" + In("none") + "'"},
+  };
+  for (const Row& row : rows) {
+    std::vector<std::string> planned = row.arguments;
+    planned.emplace_back("--dry-run");
+    const ProgramOutcome run = RunTessarine(row.arguments), plan = RunTessarine(planned);
+    EXPECT_EQ(run.status, 2) << row.arguments[3];
+    EXPECT_EQ(plan.status, 2) << row.arguments[3] << plan.out;
+    EXPECT_EQ(plan.err, run.err);
+    EXPECT_THAT(plan.err, HasSubstr(row.words));
+  }
+}
+
+TEST_F(Endings, APlanTellsOutputFieldsAndQuestions) {
+  ASSERT_EQ(RunTessarine({"vertices", Data("countries.shp"), "-o", In("v.shp"), "-q"}).status, 0);
+  ASSERT_EQ(RunTessarine({"vertices", Data("countries.shp"), "-f", "name", "-o", In("v.shp"), "--overwrite", "-n", "-q",
+                          "-r", In("p.json")})
+                .status,
+            0);
+  const json plan = json::parse(ReadFile(In("p.json")));
+  EXPECT_EQ(plan["outcome"], "planned");
+  EXPECT_EQ(plan["output"], In("v.shp"));
+  EXPECT_EQ(plan["spatial_reference"]["name"], "WGS 84");
+  EXPECT_EQ(plan["plan"]["fields"].back(), "name");
+  ASSERT_EQ(plan["plan"]["questions"].size(), 1U);
+  EXPECT_THAT(plan["plan"]["questions"][0].get<std::string>(), HasSubstr("overwrite"));
+}
+
+TEST_F(Endings, ALayerWithoutReferenceIsNamedAsThat) {
+  for (const char* ending : {"shp", "shx", "dbf"}) {
+    fs::copy(Data(std::string("countries.") + ending), folder_);
+  }
+  const ProgramOutcome run = RunTessarine({"wrap", In("countries.shp"), "--range", "360", "-o", In("w.shp")});
+  EXPECT_EQ(run.status, 2);
+  EXPECT_THAT(run.err, HasSubstr("no spatial reference"));
+}
+
+}  // namespace
+}  // namespace tessarine::testing
