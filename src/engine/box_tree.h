@@ -90,6 +90,7 @@ class BoxTree {
       visit(numbers_[first], numbers_[second]);
       return;
     }
+    EndIfStopped();
     for (std::size_t a = first * kNodeCapacity; a < EndOfNode(level, first); ++a) {
       if (!levels_[level - 1][a].Meets(levels_[level][second])) continue;
       for (std::size_t b = second * kNodeCapacity; b < EndOfNode(level, second); ++b) {

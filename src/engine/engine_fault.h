@@ -49,7 +49,10 @@ class GdalErrorScope {
 [[noreturn]] inline void RaiseRowNotWritten(const std::string& what, const GdalErrorScope& errors,
                                             const std::string& advice,
                                             const std::source_location where = std::source_location::current()) {
-  if (errors.Text().find("constraint failed") == std::string::npos) {
+  // The second is of a file geodatabase: a coordinate that it can't hold.
+  const bool of_this_row = errors.Text().find("constraint failed") != std::string::npos ||
+                           errors.Text().find("annot encode") != std::string::npos;
+  if (!of_this_row) {
     RaiseEngineFault(what + errors.Quote() + advice, where);
   }
   throw Fault(kRowRefused, "Engine", what + errors.Quote() + ".", static_cast<std::int32_t>(where.line()),

@@ -4,6 +4,7 @@
 #include "platform/host.h"
 #include "platform/paths.h"
 #include "platform/run_scope.h"
+#include "platform/run_stop.h"
 #include "platform/text_formats.h"
 #include "support/MyGeneralOperations.h"
 #include "support/attempt.h"
@@ -61,7 +62,9 @@ RewrittenShape Rewrite(const FeatureRewrite& run, const IFeature& feature, const
   if (!shape || shape->IsEmpty()) {
     return {shape, "  --> Feature at OID #" + std::to_string(feature.OID()) + " is empty..."};
   }
-  return run.rewrite(shape, feature.OID(), keep_going);
+  RewrittenShape rewritten;
+  if (!UnlessStopped([&] { rewritten = run.rewrite(shape, feature.OID(), keep_going); })) rewritten.stopped = true;
+  return rewritten;
 }
 
 // The features one by one. False when the user stopped the run.
