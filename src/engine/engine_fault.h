@@ -45,17 +45,15 @@ class GdalErrorScope {
 };
 
 /// Raises the fault of a row that GDAL didn't write. Where a rule of its table refused the row, others can be written;
-/// everything else counts as a failure of the output, which the advice is about.
+/// everything else counts as a failure of the output. The advice stands at the end of the text.
 [[noreturn]] inline void RaiseRowNotWritten(const std::string& what, const GdalErrorScope& errors,
                                             const std::string& advice,
                                             const std::source_location where = std::source_location::current()) {
-  // The second is of a file geodatabase: a coordinate that it can't hold.
+  // The second is of a coordinate that a file geodatabase can't hold.
   const bool of_this_row = errors.Text().find("constraint failed") != std::string::npos ||
-                           errors.Text().find("annot encode") != std::string::npos;
-  if (!of_this_row) {
-    RaiseEngineFault(what + errors.Quote() + advice, where);
-  }
-  throw Fault(kRowRefused, "Engine", what + errors.Quote() + ".", static_cast<std::int32_t>(where.line()),
+                           errors.Text().find("Cannot encode") != std::string::npos;
+  if (!of_this_row) RaiseEngineFault(what + errors.Quote() + advice, where);
+  throw Fault(kRowRefused, "Engine", what + errors.Quote() + advice, static_cast<std::int32_t>(where.line()),
               SourceFileName(where.file_name()));
 }
 

@@ -30,7 +30,7 @@ std::string WayOut(const std::string& path, const std::string& complaint) {
   if (DiskIsFull(folder)) return ": there is no room left on its disk.";
   if (!MayWrite(path) || !MayWrite(folder)) return ": it may not be written to; check its permissions.";
   // File geodatabases keep coordinates as whole steps from a corner.
-  if (complaint.find("ncode") != std::string::npos) {
+  if (complaint.find("Cannot encode") != std::string::npos) {
     return ": a coordinate lies outside of the range that the output was made for.";
   }
   if (complaint.find("locked") != std::string::npos) return ": another program holds it; close it there.";

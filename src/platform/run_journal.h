@@ -85,7 +85,7 @@ class RunJournal {
   double elapsed_seconds = 0.0;  ///< by a clock that nobody sets
   std::string output_path;       ///< a backslash path of what is on the disk, empty when no output was made
   SpatialReferenceRef reference;
-  std::optional<RunSpheroid> spheroid;  ///< nothing where the run measured on no spheroid, or on the reference's
+  std::optional<RunSpheroid> spheroid;         ///< nothing where the run measured on no spheroid, or on the reference's
   std::vector<std::string> planned_fields;     ///< of a run that was only planned: those that it would make or fill
   std::vector<std::string> planned_questions;  ///< what it would ask, whole sentences
 
