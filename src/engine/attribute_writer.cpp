@@ -52,12 +52,13 @@ ColumnLimits LimitsOf(const OGRFieldDefn& field, ColumnStore store) {
   if (store == ColumnStore::Dbase) {
     if (field.GetType() == OFTReal && field.GetWidth() > 0) {
       limits.LimitDecimals(field.GetWidth(), field.GetPrecision());
+      limits.takes_exponent = true;
     }
     limits.most_bytes = kLongestDbaseText;
   } else if (field.GetWidth() > 0) {
     limits.most_characters = static_cast<std::size_t>(field.GetWidth());
   }
-  limits.keeps_zone = store == ColumnStore::Other;
+  limits.keeps_zone = limits.keeps_fraction = store == ColumnStore::Other;
   return limits;
 }
 
@@ -119,6 +120,15 @@ AttributeWriter::AttributeWriter(const OGRFeatureDefn& definition, ColumnStore s
     }
     columns_.push_back(column);
   }
+}
+
+bool AttributeWriter::NeedsExponent(const OGRFeature& feature, int index) const {
+  const ColumnLimits& column = columns_[static_cast<std::size_t>(index)].stored;
+  if (!column.takes_exponent || feature.IsFieldSetAndNotNull(index) == 0) return false;
+  const double value = feature.GetFieldAsDouble(index);
+  if (std::fabs(value) < column.safe_below) return false;
+  std::array<char, 400> room;
+  return NumberInColumn(value, static_cast<std::size_t>(column.width), column.decimals, room).empty();
 }
 
 ValueChange AttributeWriter::Write(OGRFeature& feature, int index, const Variant& value, RowUse use) const {

@@ -24,6 +24,9 @@ class AttributeWriter {
   /// field, for binary fields and lists.
   [[nodiscard]] ValueChange Write(OGRFeature& feature, int index, const Variant& value, RowUse use) const;
 
+  /// True for a number that the column of a dBASE table has room for with an exponent only, as GDAL can't write it.
+  [[nodiscard]] bool NeedsExponent(const OGRFeature& feature, int index) const;
+
  private:
   struct Column {
     OGRFieldType type = OFTString;

@@ -101,7 +101,9 @@ class DbaseUpdate final : public AttributeUpdate {
     std::array<char, 400> room;
     std::string_view text;
     if (feature.GetFieldDefnRef(index)->GetType() == OFTReal) {
-      text = NumberInColumn(feature.GetFieldAsDouble(index), column.width, column.decimals, room);
+      const double value = feature.GetFieldAsDouble(index);
+      text = NumberInColumn(value, column.width, column.decimals, room);
+      if (text.empty()) text = ExponentInColumn(value, column.width, room);
     } else {
       const auto end = std::to_chars(room.data(), room.data() + room.size(), feature.GetFieldAsInteger64(index));
       text = {room.data(), static_cast<std::size_t>(end.ptr - room.data())};

@@ -144,10 +144,12 @@ std::int64_t InsertingCursor::InsertRow(const IRowBuffer& buffer) {
   if (grid_) RequireOnGrid(*grid_, feature, owner_->Name());
   const GdalErrorScope errors;
   if (transactions_ && !in_transaction_) in_transaction_ = layer.StartTransaction() == OGRERR_NONE;
+  exponents_.TakeOut(feature, row->Exponents());
   if (layer.CreateFeature(&feature) != OGRERR_NONE || errors.Failed()) {
     RaiseRowNotWritten("A row can't be written to '" + owner_->Source()->Path() + "'", errors,
                        WayOut(owner_->Source()->Path(), errors.Text()));
   }
+  exponents_.PutBack(feature);
   ++since_commit_;
   return feature.GetFID();
 }
@@ -159,6 +161,7 @@ void InsertingCursor::Flush() {
 void InsertingCursor::Close() {
   Commit();
   handle_.Close();
+  exponents_.Write(*owner_->Source());
 }
 
 void InsertingCursor::Commit() {

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "engine/attribute_update.h"
+#include "engine/exponent_cells.h"
 #include "engine/filegdb_grid.h"
 #include "engine/ogr_class.h"
 
@@ -104,6 +105,7 @@ class InsertingCursor final : public IFeatureCursor {
   bool transactions_;
   bool in_transaction_ = false;
   std::int64_t since_commit_ = 0;
+  ExponentCells exponents_;
 };
 
 }  // namespace tessarine::engine

@@ -45,6 +45,8 @@ ValueChange OgrRow::SetValue(std::int32_t index, const Variant& value) {
     Raise(kInvalidCall, "The field " + std::to_string(index) + " of a row can't be written.");
   }
   const ValueChange change = traits_->writer.Write(*feature_, attribute, value, Use());
+  std::erase(exponents_, attribute);
+  if (traits_->writer.NeedsExponent(*feature_, attribute)) exponents_.push_back(attribute);
   if ((tracks_changes_ || traits_->wide_numbers) && !HasChanged(attribute)) {
     changed_attributes_.push_back(attribute);
   }
@@ -84,6 +86,7 @@ void OgrRow::Refill(OgrFeatureHandle feature) {
   shape_ = nullptr;
   shape_changed_ = false;
   changed_attributes_.clear();
+  exponents_.clear();
 }
 
 void OgrRow::TakeFrom(OgrRow& other) { Refill(std::move(other.feature_)); }

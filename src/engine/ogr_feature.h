@@ -47,6 +47,8 @@ class OgrRow : public virtual IFeatureBuffer {
   /// The OGR indexes of the attributes that were set, each once.
   [[nodiscard]] std::span<const int> ChangedAttributes() const { return changed_attributes_; }
   [[nodiscard]] virtual RowUse Use() const { return RowUse::New; }
+  /// The OGR indexes of the numbers that were set and need an exponent.
+  [[nodiscard]] std::span<const int> Exponents() const { return exponents_; }
   /// Puts the shape that was set into the OGR feature.
   void StoreShape() const;
   void Refill(OgrFeatureHandle feature);
@@ -72,6 +74,7 @@ class OgrRow : public virtual IFeatureBuffer {
   bool shape_changed_ = false;
   bool tracks_changes_ = false;
   std::vector<int> changed_attributes_;
+  std::vector<int> exponents_;
 };
 
 /// A stored feature, or a stored row of a table.

@@ -82,12 +82,19 @@ void UpdatingCursor::WriteWhole(const OgrRow& row) {
   row.StoreShape();
   if (update_) update_->Finish();
   const GdalErrorScope errors;
+  ExponentCells exponents;
+  exponents.TakeOut(row.Feature(), row.Exponents());
   const bool written = Handle().Layer().SetFeature(&row.Feature()) == OGRERR_NONE &&
                        (!update_ || in_transaction_ || Handle().Layer().SyncToDisk() == OGRERR_NONE);
   if (!written) {
     RaiseRowNotWritten(
         "Row " + std::to_string(row.Feature().GetFID()) + " of '" + Owner()->Source()->Path() + "' can't be written",
         errors, ".");
+  }
+  exponents.PutBack(row.Feature());
+  if (!row.Exponents().empty() && !(update_ && update_->Write(row.Feature(), row.Exponents()))) {
+    RaiseEngineFault("Row " + std::to_string(row.Feature().GetFID()) + " of '" + Owner()->Source()->Path() +
+                     "' has numbers too large for their columns.");
   }
 }
 

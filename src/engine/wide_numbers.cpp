@@ -1,7 +1,5 @@
 #include "engine/wide_numbers.h"
 
-#include <fcntl.h>
-
 #include <algorithm>
 #include <charconv>
 #include <string>
@@ -28,7 +26,7 @@ std::shared_ptr<const WideNumbers> WideNumbers::Open(const OgrSource& source, OG
   if (std::ranges::none_of(wide, [](bool is_wide) { return is_wide; })) return nullptr;
   const std::string path = FindDbaseTable(source);
   if (path.empty()) return nullptr;
-  auto file = std::make_unique<RawFile>(path, open(path.c_str(), O_RDONLY | O_CLOEXEC));
+  auto file = std::make_unique<RawFile>(path, FileAccess::kRead);
   if (!file->IsOpen()) return nullptr;
   DbaseLayout layout = ReadDbaseLayout(*file);
   if (layout.columns.size() != wide.size()) return nullptr;

@@ -20,6 +20,7 @@ using Kind = ColumnLimits::Kind;
 constexpr double kFirstDay = -693593.0;
 constexpr double kEndOfDays = 2958466.0;
 constexpr int kWidestWhole = 18;
+constexpr int kMostDigits = 16;
 
 FittedValue Nulled(ValueChange change) { return {Null{}, change}; }
 
@@ -85,7 +86,11 @@ FittedValue FitDecimals(double value, const ColumnLimits& column) {
   }
   std::array<char, 400> room;
   const std::string_view text = NumberInColumn(value, static_cast<std::size_t>(column.width), column.decimals, room);
-  if (text.empty()) return Nulled(ValueChange::OutOfRange);
+  if (text.empty()) {
+    const bool has_room =
+        column.takes_exponent && !ExponentInColumn(value, static_cast<std::size_t>(column.width), room).empty();
+    return has_room ? FittedValue{value} : Nulled(ValueChange::OutOfRange);
+  }
   double fitted = 0.0;
   std::from_chars(text.data(), text.data() + text.size(), fitted);
   return {fitted, AgreeInDigits(fitted, value) ? ValueChange::None : ValueChange::Rounded};
@@ -235,6 +240,20 @@ FittedValue FitValue(const Variant& value, const ColumnLimits& column) {
     default:
       return FitNumber(value, column);
   }
+}
+
+std::string_view ExponentInColumn(double value, std::size_t width, std::span<char> room) {
+  for (int decimals = kMostDigits; decimals >= 0; --decimals) {
+    const auto end =
+        std::to_chars(room.data(), room.data() + room.size(), value, std::chars_format::scientific, decimals);
+    const auto size = static_cast<std::size_t>(end.ptr - room.data());
+    if (end.ec != std::errc() || size > width) continue;
+    double written = 0.0;
+    std::from_chars(room.data(), end.ptr, written);
+    if (!AgreeInDigits(written, value)) return {};
+    return {room.data(), size};
+  }
+  return {};
 }
 
 std::string_view NumberInColumn(double value, std::size_t width, int decimals, std::span<char> room) {

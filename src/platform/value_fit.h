@@ -25,7 +25,8 @@ struct ColumnLimits {
   // Numbers that are kept as decimal text of at most `width` places, sign and point among them; 0 for all others.
   int width = 0;
   int decimals = 0;
-  double safe_below = 0.0;  ///< smaller numbers have room with all decimals
+  bool takes_exponent = false;  ///< where plain digits have no room
+  double safe_below = 0.0;      ///< smaller numbers have room with all decimals
   // Texts; 0 without a limit.
   std::size_t most_bytes = 0;
   std::size_t most_characters = 0;
@@ -50,5 +51,8 @@ struct FittedValue {
 /// The number as a column of this width keeps it: right rounded, with as many of the decimals as there is room for.
 /// Nothing when it doesn't fit.
 [[nodiscard]] std::string_view NumberInColumn(double value, std::size_t width, int decimals, std::span<char> room);
+/// The number with an exponent, with as many digits as there is room for. Nothing where that would change its first 15
+/// digits.
+[[nodiscard]] std::string_view ExponentInColumn(double value, std::size_t width, std::span<char> room);
 
 }  // namespace tessarine

@@ -34,6 +34,12 @@ ColumnLimits Decimals(int places, int behind_point) {
   return column;
 }
 
+ColumnLimits WithExponent(int places, int behind_point) {
+  ColumnLimits column = Decimals(places, behind_point);
+  column.takes_exponent = true;
+  return column;
+}
+
 ColumnLimits SixteenBits() {
   ColumnLimits column = ColumnOf(Kind::Whole);
   column.least = -32768;
@@ -88,6 +94,8 @@ TEST(ValueFit, RealNumbersKeepFifteenDigitsOrSayThatTheyDont) {
       {"infinity", HUGE_VAL, ColumnOf(Kind::Double), Null{}, ValueChange::NotFinite},
       {"the greatest double", 1.79769313486e+308, ColumnOf(Kind::Double), 1.79769313486e+308},
       {"it has no room", -1.79769313486e+308, Decimals(24, 15), Null{}, ValueChange::OutOfRange},
+      {"it has some with an exponent", -1.79769313486e+308, WithExponent(19, 11), -1.79769313486e+308},
+      {"but not for all its digits", -1.79769313486e+308, WithExponent(12, 4), Null{}, ValueChange::OutOfRange},
       {"1e-300 in decimals", 1e-300, Decimals(24, 15), 1e-300, ValueChange::Rounded},
       {"a third", 1.0 / 3.0, Decimals(24, 15), 1.0 / 3.0},
       {"a hundredth of a third", 1.0 / 300.0, Decimals(24, 15), 1.0 / 300.0, ValueChange::Rounded},
