@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "engine/engine_fault.h"
+#include "engine/left_out.h"
 #include "engine/ogr_class.h"
 #include "engine/ogr_geometry.h"
 #include "engine/shapefile_check.h"
@@ -93,7 +94,7 @@ class OgrDataSource final : public DataSource {
     for (const Offer& offer : offers_) {
       const auto own = std::make_shared<OgrTable>(SourceOf(offer));
       infos.push_back({offer.name, offer.has_shape ? own->Traits()->shape_type : esriGeometryNull,
-                       own->Traits()->reference, own->CountRows(nullptr), own->Fields()});
+                       own->Traits()->reference, own->CountRows(nullptr), own->Fields(), FindLeftOut(*own->Source())});
     }
     return infos;
   }

@@ -17,6 +17,7 @@ struct LayerInfo {
   SpatialReferenceRef reference;
   std::int64_t count = 0;
   FieldsRef fields;
+  std::vector<LeftOutRecords> left_out;  ///< not among the counted ones
 };
 
 class DataSource : public virtual Object {

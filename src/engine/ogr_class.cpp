@@ -11,6 +11,8 @@
 #include "engine/dbase_layout.h"
 #include "engine/engine_fault.h"
 #include "engine/filegdb_edit.h"
+#include "engine/filegdb_table.h"
+#include "engine/left_out.h"
 #include "engine/ogr_cursor.h"
 #include "engine/ogr_geometry.h"
 #include "engine/srs_from_gdal.h"
@@ -91,6 +93,19 @@ void CheckDbaseName(const std::string& path, const Field& field) {
                    std::to_string(kDbaseNameLength) + ".");
 }
 
+// OGR reads identifiers and XML of a file geodatabase as plain texts.
+void TellTexts(const OgrSource& source, const Fields& fields) {
+  const std::string base = FindGdbTable(PlaceOfData(source.Path()), source.LayerName());
+  if (base.empty()) return;
+  const GdbTable table(base);
+  for (const GdbColumn& column : table.Description().columns) {
+    const bool is_text =
+        column.type == GdbColumn::kGuid || column.type == GdbColumn::kGlobalId || column.type == GdbColumn::kXml;
+    const std::int32_t index = is_text ? fields.FindField(column.name) : -1;
+    if (index >= 0) fields.Field(index)->Type = static_cast<esriFieldType>(column.type);
+  }
+}
+
 }  // namespace
 
 OgrClass::OgrClass(std::shared_ptr<OgrSource> source) : source_(std::move(source)) { ReadTraits(); }
@@ -106,6 +121,7 @@ void OgrClass::ReadTraits() {
   traits->reference = ReferenceFromOgr(layer.GetSpatialRef());
   traits->fields = MapFields(layer, traits->shape_type, traits->reference, store);
   traits->writer = AttributeWriter(*layer.GetLayerDefn(), store);
+  if (store == ColumnStore::FileGeodatabase) TellTexts(*source_, *traits->fields.fields);
   if (store == ColumnStore::Dbase) traits->wide_numbers = WideNumbers::Open(*source_, layer);
   traits->curves = StoresCurves(driver_);
   traits_ = std::move(traits);
@@ -314,6 +330,8 @@ std::string OgrFeatureClass::ShapeFieldName() const {
   const FieldMap& fields = Traits()->fields;
   return fields.fields->Field(fields.shape_index)->Name;
 }
+
+std::vector<LeftOutRecords> OgrFeatureClass::LeftOut() const { return FindLeftOut(*Source()); }
 
 std::shared_ptr<IFeatureBuffer> OgrFeatureClass::CreateFeatureBuffer() {
   const LayerHandle handle = Source()->Read();

@@ -87,6 +87,7 @@ class OgrFeatureClass final : public OgrClass, public IFeatureClass {
   }
   [[nodiscard]] std::shared_ptr<IFeatureCursor> Insert(bool) override { return OpenInserter(); }
   [[nodiscard]] std::shared_ptr<IFeatureBuffer> CreateFeatureBuffer() override;
+  [[nodiscard]] std::vector<LeftOutRecords> LeftOut() const override;
   [[nodiscard]] std::shared_ptr<IFeature> GetFeature(std::int64_t oid) override { return ReadRow(oid); }
 };
 

@@ -9,6 +9,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/field.h"
 #include "platform/geometry.h"
@@ -128,7 +129,8 @@ class IDataset : public virtual Object {
   virtual void Delete() = 0;
 };
 
-/// Changes of stored data that others see at once, when the edit ends. Edits of the same data that overlap end together.
+/// Changes of stored data that others see at once, when the edit ends. Edits of the same data that overlap end
+/// together.
 class IEdit : public virtual Object {
  public:
   /// Ends this edit, and raises the fault where its changes can't be kept; the data are as before then. An edit that is
@@ -183,6 +185,12 @@ class IGeoDataset : public virtual Object {
   [[nodiscard]] virtual Envelope Extent() const = 0;
 };
 
+/// Records of one kind of shape that no class holds.
+struct LeftOutRecords {
+  std::string kind;  ///< "GEOMETRYCOLLECTION"
+  std::vector<std::int64_t> oids;
+};
+
 class IFeatureClass : public virtual IClass, public virtual IDataset, public virtual IGeoDataset {
  public:
   [[nodiscard]] virtual esriGeometryType ShapeType() const = 0;
@@ -194,6 +202,9 @@ class IFeatureClass : public virtual IClass, public virtual IDataset, public vir
   [[nodiscard]] virtual std::shared_ptr<IFeatureCursor> Update(const QueryFilter* filter, bool recycling) = 0;
   [[nodiscard]] virtual std::shared_ptr<IFeatureCursor> Insert(bool use_buffering) = 0;
   [[nodiscard]] virtual std::shared_ptr<IFeatureBuffer> CreateFeatureBuffer() = 0;
+  /// The records of its layer that neither this class nor one for another kind of shape has among its rows. Takes a
+  /// walk over all records where the layer mixes shapes, and is empty for all others.
+  [[nodiscard]] virtual std::vector<LeftOutRecords> LeftOut() const { return {}; }
   /// Fault 5 when there is no such row.
   [[nodiscard]] virtual std::shared_ptr<IFeature> GetFeature(std::int64_t oid) = 0;
 };

@@ -194,6 +194,9 @@ class IHost {
   [[nodiscard]] virtual std::shared_ptr<IFeatureLayer> CreateFeatureLayer() = 0;
   [[nodiscard]] virtual std::shared_ptr<ISimpleRenderer> CreateSimpleRenderer() = 0;
 
+  /// Tells the user something before a run begins. Hosts whose user sees the report at once do nothing.
+  virtual void Announce(const std::string&) {}
+
   /// The record of the run in hand.
   [[nodiscard]] virtual RunJournal& Journal() = 0;
   /// True when runs shall only be planned: commands show their plan as the report and write nothing.

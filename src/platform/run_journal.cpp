@@ -17,13 +17,13 @@ constexpr std::array kChanges = {
     ChangeRow{ValueChange::None, "none", "as it was"},
     ChangeRow{ValueChange::OutOfRange, "out_of_range", "too large for the field, written as null"},
     ChangeRow{ValueChange::NotFinite, "not_finite", "no finite number, written as null"},
-    ChangeRow{ValueChange::TextCut, "text_cut", "text cut to the width of the field"},
+    ChangeRow{ValueChange::TextCut, "text_cut", "cut to the width of the field"},
     ChangeRow{ValueChange::Rounded, "rounded", "rounded to the decimals of the field"},
-    ChangeRow{ValueChange::TimeDropped, "time_dropped", "time of day left out"},
-    ChangeRow{ValueChange::DayAdded, "day_added", "time of day stored with a day"},
-    ChangeRow{ValueChange::ZoneDropped, "zone_dropped", "time zone left out"},
-    ChangeRow{ValueChange::Unreadable, "unreadable", "can't be converted, written as null"},
-    ChangeRow{ValueChange::BadText, "bad_text", "bytes that are no text replaced"},
+    ChangeRow{ValueChange::TimeDropped, "time_dropped", "written without time of day"},
+    ChangeRow{ValueChange::DayAdded, "day_added", "that had no day, stored with one"},
+    ChangeRow{ValueChange::ZoneDropped, "zone_dropped", "written without time zone"},
+    ChangeRow{ValueChange::Unreadable, "unreadable", "that can't be converted, written as null"},
+    ChangeRow{ValueChange::BadText, "bad_text", "that are no UTF-8, read as Latin-1"},
 };
 
 const ChangeRow& RowOf(ValueChange change) { return *std::ranges::find(kChanges, change, &ChangeRow::change); }

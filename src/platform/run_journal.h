@@ -71,6 +71,7 @@ class RunJournal {
   std::int64_t read = 0;
   std::int64_t written = 0;                   ///< rows that are in the output
   std::vector<std::int64_t> skipped_oids;     ///< records that a run passed over: they had nothing to work on
+  std::vector<std::int64_t> left_out_oids;    ///< records whose shapes are of a kind that no class holds
   std::vector<std::int64_t> unmeasured_oids;  ///< records that a fault kept from being worked on
   std::vector<ChangedValues> changed;         ///< in the order of their first record
   std::vector<ChangedName> changed_names;

@@ -16,7 +16,7 @@ enum class ValueChange : std::uint8_t {
   DayAdded,     ///< a time of day without a day, stored with one
   ZoneDropped,  ///< a time zone
   Unreadable,   ///< a value of another kind that can't be converted; null
-  BadText,      ///< bytes that are no text in the encoding of the data, replaced
+  BadText,      ///< bytes that are no text in the encoding of the data, taken as Latin-1
 };
 
 /// "out of range, null", "cut to the width of the field" and so on, as reports write it.

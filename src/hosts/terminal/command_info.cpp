@@ -2,12 +2,14 @@
 #include <fmt/core.h>
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <memory>
 
 #include "engine/data_source.h"
 #include "hosts/terminal/commands.h"
 #include "hosts/terminal/layer_source.h"
 #include "hosts/terminal/refusal.h"
+#include "platform/run_journal.h"
 #include "platform/shape_words.h"
 #include "platform/text_formats.h"
 
@@ -73,10 +75,23 @@ void PrintReference(const SpatialReferenceRef& reference) {
   }
 }
 
+void PrintLeftOut(const LeftOutRecords& records) {
+  std::string oids;
+  const std::size_t listed = std::min(records.oids.size(), RunJournal::kListedOids);
+  for (std::size_t index = 0; index < listed; ++index) {
+    oids += (index == 0 ? "" : ", ") + std::to_string(records.oids[index]);
+  }
+  if (listed < records.oids.size()) oids += ", ...";
+  fmt::print("  Skipped:     {} more of the kind {}, which no tool takes (OID {})\n", records.oids.size(), records.kind,
+             oids);
+}
+
 void PrintLayer(const LayerInfo& info) {
   fmt::print("Layer: {}\n  Shape type:  {}\n", info.name, ShapeWord(info.shape_type, "none (a table)"));
   if (info.shape_type != esriGeometryNull) PrintReference(info.reference);
-  fmt::print("  Records:     {}\n  Fields:\n", info.count);
+  fmt::print("  Records:     {}\n", info.count);
+  for (const LeftOutRecords& records : info.left_out) PrintLeftOut(records);
+  fmt::print("  Fields:\n");
   for (const FieldRef& field : *info.fields) {
     fmt::print("    {:<24} {:<14} {}\n", field->Name, TypeWord(field->Type), WidthText(*field));
   }
