@@ -7,8 +7,10 @@
 #include "calculator/modCalcGeometry.h"
 #include "platform/host.h"
 #include "platform/run_scope.h"
+#include "support/attribute_copy.h"
 #include "support/frmOrlProgressMeter.h"
 #include "support/journal_report.h"
+#include "support/records_read.h"
 #include "support/run_progress.h"
 
 namespace tessarine::modCalcGeometry {
@@ -31,6 +33,7 @@ class RecordLoop {
   /// What the report tells of problems.
   std::string Run(std::int32_t& record_count) {
     OpenCursor(record_count);
+    if (options_.AllRecords()) NoteLeftOut(*features_, journal_);
     RunProgress progress = Progress(record_count);
     while (const std::shared_ptr<IFeature> feature = cursor_->NextFeature()) {
       ++record_;
@@ -43,6 +46,7 @@ class RecordLoop {
       Calculate(feature);
     }
     cursor_->Close();
+    RequireRecords(journal_, record_count, layer_->Name());
     progress.Finish();
     return ProblemReport(journal_, layer_->Name());
   }
@@ -98,8 +102,9 @@ class RecordLoop {
     });
     if (read && !record) {
       journal_.skipped_oids.push_back(oid);
-      static_cast<void>(WorkOnRecord(
-          journal_, oid, [&] { WriteNullValues(entries_, settings_.Shape, settings_.Kind, *feature, indexes_); }));
+      static_cast<void>(WorkOnRecord(journal_, oid, [&] {
+        WriteNullValues(entries_, settings_.Shape, settings_.Kind, *feature, indexes_, NoteFor(oid));
+      }));
     } else {
       for (const ChosenMeasure& measure : measures_) Calculate(measure, record.get(), *feature, oid);
     }
@@ -107,13 +112,19 @@ class RecordLoop {
     if (stored) ++journal_.written;
   }
 
+  ChangeNote NoteFor(std::int64_t oid) {
+    return [this, oid](std::int32_t index, ValueChange change) {
+      NoteMeasureChange(journal_, *features_->Fields()->Field(index), change, oid);
+    };
+  }
+
   // A measure that fails leaves the others of its record alone.
   void Calculate(const ChosenMeasure& measure, MeasureRecord* record, IFeature& feature, std::int64_t oid) {
     const bool measured = record != nullptr && WorkOnRecord(journal_, oid, [&] {
-                            WriteValues(measure, Measure(*measure.row, *record), feature);
+                            WriteValues(measure, Measure(*measure.row, *record), feature, NoteFor(oid));
                           });
     if (measured) return;
-    static_cast<void>(WorkOnRecord(journal_, oid, [&] { WriteMissing(measure, feature); }));
+    static_cast<void>(WorkOnRecord(journal_, oid, [&] { WriteMissing(measure, feature, NoteFor(oid)); }));
   }
 
   RunJournal& journal_ = Host().Journal();

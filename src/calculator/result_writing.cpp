@@ -13,6 +13,12 @@ auto FindName(const std::vector<std::pair<std::string, std::int32_t>>& items, st
   return std::ranges::find_if(items, [&](const auto& item) { return EqualsIgnoringCase(item.first, name); });
 }
 
+ValueChange Set(IRowBuffer& row, std::int32_t index, const Variant& value, const ChangeNote& note) {
+  const ValueChange change = row.SetValue(index, value);
+  if (note && change != ValueChange::None) note(index, change);
+  return change;
+}
+
 }  // namespace
 
 bool FieldIndexes::Contains(std::string_view name) const { return FindName(items_, name) != items_.end(); }
@@ -39,26 +45,29 @@ std::vector<ChosenMeasure> ResolveMeasures(std::span<const OptionEntry> entries,
   return measures;
 }
 
-void WriteValues(const ChosenMeasure& measure, const MeasuredValues& values, IRowBuffer& row) {
-  row.SetValue(measure.first, values.First);
-  if (measure.second >= 0) row.SetValue(measure.second, values.Second);
+void WriteValues(const ChosenMeasure& measure, const MeasuredValues& values, IRowBuffer& row, const ChangeNote& note) {
+  static_cast<void>(Set(row, measure.first, values.First, note));
+  if (measure.second >= 0) static_cast<void>(Set(row, measure.second, values.Second, note));
 }
 
-void WriteMissing(const ChosenMeasure& measure, IRowBuffer& row) {
+void WriteMissing(const ChosenMeasure& measure, IRowBuffer& row, const ChangeNote& note) {
   const std::int32_t places[] = {measure.first, measure.second};
   for (std::size_t position = 0; position < measure.row->FieldCount(); ++position) {
-    row.SetValue(places[position], position < measure.row->NullFieldCount() ? Variant(kNullMark) : Variant(Null()));
+    const bool marked = position < measure.row->NullFieldCount();
+    static_cast<void>(Set(row, places[position], marked ? Variant(kNullMark) : Variant(Null()), note));
   }
 }
 
 void WriteNullValues(std::span<const OptionEntry> entries, esriGeometryType shape, SpatialKind kind, IRowBuffer& row,
-                     const FieldIndexes& indexes) {
+                     const FieldIndexes& indexes, const ChangeNote& note) {
   TrapHelper("WriteNullValues", [&] {
     for (const OptionEntry& entry : entries) {
       const MeasureRow* measure = FindMeasure(shape, kind, entry.OptionId());
       if (measure == nullptr) continue;
       for (std::size_t position = 0; position < measure->NullFieldCount(); ++position) {
-        row.SetValue(indexes.Item(entry.Field(static_cast<std::int32_t>(position))), kNullMark);
+        const std::string name = entry.Field(static_cast<std::int32_t>(position));
+        if (Set(row, indexes.Item(name), kNullMark, note) == ValueChange::None) continue;
+        Raise(kOverflow, "The field '" + name + "' has no room for -9999.");
       }
     }
   });

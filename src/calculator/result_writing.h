@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -37,16 +38,20 @@ struct ChosenMeasure {
 [[nodiscard]] std::vector<ChosenMeasure> ResolveMeasures(std::span<const OptionEntry> entries, esriGeometryType shape,
                                                          SpatialKind kind, const FieldIndexes& indexes);
 
+/// Told of each value that its field can't hold as it is: the field's index, and what became of the value.
+using ChangeNote = std::function<void(std::int32_t, ValueChange)>;
+
 /// Writes the values as they are: a double, or a 32-bit integer for counts. Nothing is stored yet.
-void WriteValues(const ChosenMeasure& measure, const MeasuredValues& values, IRowBuffer& row);
+void WriteValues(const ChosenMeasure& measure, const MeasuredValues& values, IRowBuffer& row,
+                 const ChangeNote& note = nullptr);
 
 /// Writes what stands for the values of a measure that failed: the null mark into the fields that have it for features
 /// without a shape, null into the others.
-void WriteMissing(const ChosenMeasure& measure, IRowBuffer& row);
+void WriteMissing(const ChosenMeasure& measure, IRowBuffer& row, const ChangeNote& note = nullptr);
 
-/// Writes the null mark into the fields of the entries, but for those that keep what they hold. Stores nothing. A value
-/// that is refused ends the call.
+/// Writes the null mark into the fields of the entries, but for those that keep what they hold. Stores nothing. A mark
+/// that a field has no room for ends the call.
 void WriteNullValues(std::span<const OptionEntry> entries, esriGeometryType shape, SpatialKind kind, IRowBuffer& row,
-                     const FieldIndexes& indexes);
+                     const FieldIndexes& indexes, const ChangeNote& note = nullptr);
 
 }  // namespace tessarine

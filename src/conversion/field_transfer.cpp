@@ -75,6 +75,14 @@ FieldTransfer::FieldTransfer(std::string unique_id_name, std::vector<std::string
   }
 }
 
+std::vector<CarriedField> FieldTransfer::Carried() const {
+  std::vector<CarriedField> fields;
+  for (std::size_t index = 0; index < chosen_.size(); ++index) {
+    fields.push_back({chosen_fields_[index], chosen_[index].output});
+  }
+  return fields;
+}
+
 void FieldTransfer::Bind(const IFeatureClass* input, const IFeatureClass& output) {
   std::vector<std::int32_t> places =
       LastAttributes(*output.Fields(), static_cast<std::size_t>(output_fields_->Count()));

@@ -12,6 +12,7 @@
 #include "platform/arrays.h"
 #include "platform/data.h"
 #include "support/attribute_copy.h"
+#include "support/foretold_changes.h"
 
 namespace tessarine {
 
@@ -34,6 +35,9 @@ class FieldTransfer {
   };
   /// The chosen fields under both names, in the order of the choice.
   [[nodiscard]] const std::vector<NamePair>& Chosen() const { return chosen_; }
+
+  /// The same, for what can be foretold of their values.
+  [[nodiscard]] std::vector<CarriedField> Carried() const;
 
   /// Finds all field positions, once, before the first feature is read. `input` is the class of the chosen fields and
   /// may be nothing when none of them is to be copied. The output was created with the output fields.

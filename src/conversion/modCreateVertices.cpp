@@ -13,6 +13,7 @@
 #include "platform/run_stop.h"
 #include "support/MyGeneralOperations.h"
 #include "support/progress_text.h"
+#include "support/records_read.h"
 #include "support/rows_on_disk.h"
 #include "support/run_progress.h"
 
@@ -92,6 +93,7 @@ bool ConvertFeatures(const ConversionRun& run, const StepContext& context, const
     });
     if (converted && run.FlushesEachFeature) writer.Flush();
   }
+  if (step->TakesFeatures()) RequireRecords(journal, input.count, facts.layer_name);
   step->Finish(writer);
   return true;
 }
@@ -137,6 +139,8 @@ std::string RunConversion(const ConversionRun& run, const std::shared_ptr<IFeatu
     const esriGeometryType input_type = input.features->ShapeType();
     const ShapeRule rule = RuleFor(run, input_type);
     FieldTransfer transfer = FieldTransfer::BesideInput(*input.features, rule.MeasureFields, *fields);
+    AnnounceChanges(transfer.Carried(), target.kind);
+    if (all_records) NoteLeftOut(*input.features, journal);
     output = CreateRunOutput(target, rule.Output, frame.reference, frame.extent, transfer.OutputFields(),
                              run.Words.NamePrompt);
     journal.output_path = facts.output_path = WrittenPath(target, *output);

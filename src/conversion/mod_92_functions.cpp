@@ -15,6 +15,7 @@
 #include "support/MyGeneralOperations.h"
 #include "support/aml_func_mod.h"
 #include "support/attempt.h"
+#include "support/records_read.h"
 #include "support/rows_on_disk.h"
 
 namespace tessarine::mod_92_functions {
@@ -152,6 +153,8 @@ std::string orlBuildPolygons(const std::shared_ptr<IFeatureLayer>& line_layer, b
     OutputTarget target = SplitOutputPath(facts.output_path, *extension);
     const VarArray none;
     FieldTransfer transfer = FieldTransfer::BesideChosen(kMeasures, fields ? *fields : none);
+    AnnounceChanges(transfer.Carried(), target.kind);
+    if (all_lines) NoteLeftOut(*lines.features, journal);
     const SpatialReferenceRef reference = lines.features->SpatialReference();
     const Envelope extent = lines.features->Extent();
     output = CreateRunOutput(target, esriGeometryPolygon, reference, extent, transfer.OutputFields(),

@@ -42,6 +42,14 @@ std::string FieldLines(const FieldTransfer& transfer) {
   return lines;
 }
 
+std::string ForetoldLines(const FieldTransfer& transfer, const OutputTarget& target) {
+  std::string lines;
+  for (const std::string& sentence : ForetoldChanges(transfer.Carried(), target.kind)) {
+    lines += "  ** " + EscapeRtf(sentence) + "\\par\r\n";
+  }
+  return lines.empty() ? "" : "\\b Foretold:\\b0\\par\r\n" + lines;
+}
+
 }  // namespace
 
 std::string PlannedOutput(const std::string& path, const OutputTarget& target, std::string_view shape_word,
@@ -56,7 +64,7 @@ std::string PlannedOutput(const std::string& path, const OutputTarget& target, s
   }
   return "\\b Output:\\b0\\par\r\n  ** " + PathForReport(path) + "\\par\r\n  ** " + KindText(target) + ", " +
          std::string(shape_word) + "\\par\r\n\\b Fields:\\b0\\par\r\n" + FieldLines(transfer) +
-         "\\b Questions:\\b0\\par\r\n  ** " + question + "\\par\r\n";
+         ForetoldLines(transfer, target) + "\\b Questions:\\b0\\par\r\n  ** " + question + "\\par\r\n";
 }
 
 }  // namespace tessarine

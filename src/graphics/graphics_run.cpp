@@ -5,6 +5,7 @@
 #include "platform/host.h"
 #include "platform/run_scope.h"
 #include "support/MyGeneralOperations.h"
+#include "support/attribute_copy.h"
 #include "support/rows_on_disk.h"
 
 namespace tessarine {
@@ -109,9 +110,9 @@ class GraphicWriter {
     const GeometryRef shape = Placed(Straightened(own));
     MakeSimple(shape);
     buffer_->SetShape(shape);
-    if (unique_id_ >= 0) buffer_->SetValue(unique_id_, record_);
+    if (unique_id_ >= 0) Put(unique_id_, record_);
     Measure(shape);
-    if (name != nullptr) buffer_->SetValue(name_, *name);
+    if (name != nullptr) Put(name_, *name);
     WriteRow([this] { cursor_->InsertFeature(*buffer_); });
     ++record_;
     if (name != nullptr) names_.Add(*name);
@@ -132,6 +133,10 @@ class GraphicWriter {
     return shape;
   }
 
+  void Put(std::int32_t index, const Variant& value) {
+    NoteMeasureChange(Host().Journal(), *buffer_->Fields()->Field(index), buffer_->SetValue(index, value), element_);
+  }
+
   // A copy in longitude and latitude.
   static GeometryRef OnTheGlobe(const GeometryRef& shape) {
     GeometryRef copy = CloneOf(*shape);
@@ -147,16 +152,16 @@ class GraphicWriter {
       case GraphicMeasure::Coordinates: {
         const auto point = Cast<Point>(shape);
         const bool empty = Require(point, "IPoint")->IsEmpty();
-        buffer_->SetValue(x_, empty ? Variant(Null()) : Variant(point->X()));
-        buffer_->SetValue(y_, empty ? Variant(Null()) : Variant(point->Y()));
+        Put(x_, empty ? Variant(Null()) : Variant(point->X()));
+        Put(y_, empty ? Variant(Null()) : Variant(point->Y()));
         return;
       }
       case GraphicMeasure::Length:
-        buffer_->SetValue(length_, SpheroidalPolylineLength(Cast<Polyline>(OnTheGlobe(shape))));
+        Put(length_, SpheroidalPolylineLength(Cast<Polyline>(OnTheGlobe(shape))));
         return;
       case GraphicMeasure::Area: {
         double longitude = 0.0, latitude = 0.0;
-        buffer_->SetValue(area_, SphericalPolygonArea(Cast<Polygon>(OnTheGlobe(shape)), false, longitude, latitude));
+        Put(area_, SphericalPolygonArea(Cast<Polygon>(OnTheGlobe(shape)), false, longitude, latitude));
         return;
       }
     }

@@ -81,4 +81,14 @@ CarriedFields CarryFields(const Fields& input, std::int32_t output_kind) {
   return carried;
 }
 
+std::vector<CarriedField> CarriedUnder(const Fields& input, const VarArray& names) {
+  std::vector<CarriedField> fields;
+  const std::vector<std::int32_t> positions = CarriedPositions(input);
+  for (std::size_t index = 0; index < positions.size(); ++index) {
+    const auto pair = names.Element(static_cast<std::int32_t>(index)).AsObject<StrArray>();
+    fields.push_back({input.Field(positions[index]), pair->Element(1)});
+  }
+  return fields;
+}
+
 }  // namespace tessarine

@@ -8,6 +8,7 @@
 
 #include "platform/arrays.h"
 #include "platform/field.h"
+#include "support/foretold_changes.h"
 
 namespace tessarine {
 
@@ -22,6 +23,9 @@ struct CarriedFields {
 
 /// The positions of the input's fields that are carried over, in order.
 [[nodiscard]] std::vector<std::int32_t> CarriedPositions(const Fields& input);
+
+/// What is carried over under which name, for what can be foretold of the values.
+[[nodiscard]] std::vector<CarriedField> CarriedUnder(const Fields& input, const VarArray& names);
 
 /// The name cut for a shapefile: its first 10 characters, and for a digit at the start a "Z" ahead of the last 9 of
 /// them.

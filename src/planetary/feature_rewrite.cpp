@@ -9,8 +9,10 @@
 #include "support/MyGeneralOperations.h"
 #include "support/attempt.h"
 #include "support/attribute_copy.h"
+#include "support/foretold_changes.h"
 #include "support/frmOrlProgressMeter.h"
 #include "support/journal_report.h"
+#include "support/records_read.h"
 #include "support/rows_on_disk.h"
 #include "support/run_progress.h"
 
@@ -141,12 +143,16 @@ std::string RunBody(const FeatureRewrite& run, const std::shared_ptr<IApplicatio
                     std::shared_ptr<IFeatureClass>& written_to) {
   RunJournal& journal = scope.Journal();
   const std::shared_ptr<IFeatureClass> input = Require(Require(run.layer, "layer")->FeatureClass(), "FeatureClass");
+  const std::int32_t announced = input->FeatureCount(nullptr);
   RunProgress progress({"Converting " + run.layer->Name(), std::string(kTask) + "\r\n", kTask}, application, extension,
-                       input->FeatureCount(nullptr), show_progress ? std::make_shared<frmOrlProgressMeter>() : nullptr);
+                       announced, show_progress ? std::make_shared<frmOrlProgressMeter>() : nullptr);
   if (ReadsItsOutput(run)) {
     progress.Abandon();
     return EndWithoutOutput(run, "The output is the feature class that is to be converted...");
   }
+  AnnounceChanges(CarriedUnder(*input->Fields(), *run.output.FieldNames()), run.output.Place().Kind);
+  NoteLeftOut(*input, journal);
+  facts.problems += WarningLines(journal, run.layer->Name());
   const CreatedOutput output = CreateOutput(run.output, input->Extent());
   if (!output.features) {
     progress.Abandon();
@@ -158,13 +164,14 @@ std::string RunBody(const FeatureRewrite& run, const std::shared_ptr<IApplicatio
   journal.reference = output.features->SpatialReference();
 
   facts.stopped = !RewriteAll(run, *input, output.features, progress, facts);
+  if (!facts.stopped) RequireRecords(journal, announced, run.layer->Name());
   CheckRowsWritten(journal, *output.features);
   journal.stopped = facts.stopped;
   facts.stopped ? progress.Stop() : progress.Finish();
   ShowResult(output, facts.stopped, document);
   scope.End();
   facts.time_spent = ReturnTimeElapsedRTF(journal.begin, journal.end, kReportFontSize, journal.elapsed_seconds);
-  facts.problems += FaultLines(journal, run.layer->Name());
+  facts.problems += FaultLines(journal, run.layer->Name()) + ChangeLines(journal);
   return RewriteReport(TitleOf(run, journal), run.sections,
                        {ShownName(output.place), output.place.Directory, static_cast<std::int32_t>(journal.written)},
                        facts);
@@ -197,7 +204,7 @@ std::string RewriteFeatures(const FeatureRewrite& run, const std::shared_ptr<IAp
     journal.Fail(fault.Description());
     journal.written = ReadableRows(output);
     tell_faults();
-    facts.problems += FaultLines(journal, run.layer->Name());
+    facts.problems += FaultLines(journal, run.layer->Name()) + ChangeLines(journal);
     return FaultReport(run.conversion, run.worker, facts, fault);
   };
   return TrapWith(run.worker, body, on_fault);
@@ -222,6 +229,12 @@ std::string PlanRewrite(const FeatureRewrite& run) {
   }
   if (fields.lines.empty()) fields.lines.emplace_back("       <-- No Fields -->");
   sections.push_back(fields);
+  ReportSection foretold{"Foretold:", {}};
+  const FieldsRef input = run.layer->FeatureClass()->Fields();
+  for (const std::string& sentence : ForetoldChanges(CarriedUnder(*input, *run.output.FieldNames()), place.Kind)) {
+    foretold.lines.push_back("  ** " + sentence);
+  }
+  if (!foretold.lines.empty()) sections.push_back(foretold);
   std::string question = "None";
   if (NameIsTaken(place)) {
     question = "Feature Class Already Exists: the run would ask whether to overwrite it.";

@@ -1,6 +1,7 @@
 #include "support/journal_report.h"
 
 #include "platform/rich_text.h"
+#include "support/aml_func_mod.h"
 
 namespace tessarine {
 namespace {
@@ -57,9 +58,21 @@ std::string WarningLines(const RunJournal& journal, std::string_view layer) {
   return lines + OtherLine(journal.other_warnings, "warnings of other kinds");
 }
 
+std::string ChangeLines(const RunJournal& journal) {
+  std::string lines;
+  for (const ChangedValues& values : journal.changed) {
+    const bool one = values.count == 1;
+    lines += "  ** " + EscapeRtf(values.field) + ":  " + aml_func_mod::InsertCommas(values.count) +
+             (one ? " value " : " values ") + std::string(ValueChangeWords(values.kind)) +
+             (one ? " (OID " : " (first at OID ") + std::to_string(values.first_oid) + ")" + std::string(kLineEnd);
+  }
+  return lines;
+}
+
 std::string ProblemSections(const RunJournal& journal, std::string_view layer, std::string_view consequence) {
   return Block("Problems Found:", consequence, FaultLines(journal, layer)) +
-         Block("Warnings:", "", WarningLines(journal, layer));
+         Block("Warnings:", "", WarningLines(journal, layer)) +
+         Block("Changed Values:", "The output can't hold these values as they are.", ChangeLines(journal));
 }
 
 std::string FailureSection(const Fault& fault) {

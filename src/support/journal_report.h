@@ -15,8 +15,11 @@ namespace tessarine {
 /// The same for warnings.
 [[nodiscard]] std::string WarningLines(const RunJournal& journal, std::string_view layer);
 
-/// Both under headings of their own, each closed by a rule; empty where there is nothing to tell. `consequence` is a
-/// sentence about the records that met a fault.
+/// A line for each field and kind of values that the output can't hold as they are: their number, and the first record.
+[[nodiscard]] std::string ChangeLines(const RunJournal& journal);
+
+/// All three under headings of their own, each closed by a rule; empty where there is nothing to tell. `consequence` is
+/// a sentence about the records that met a fault.
 [[nodiscard]] std::string ProblemSections(const RunJournal& journal, std::string_view layer,
                                           std::string_view consequence);
 

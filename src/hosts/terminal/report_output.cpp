@@ -114,10 +114,12 @@ json FaultsToJson(const RunJournal& journal) {
 }
 
 json RecordsToJson(const RunJournal& journal) {
+  std::vector<std::int64_t> skipped = journal.skipped_oids;
+  skipped.insert(skipped.end(), journal.left_out_oids.begin(), journal.left_out_oids.end());
   return {{"read", journal.read},
           {"written", journal.written},
-          {"skipped", journal.skipped_oids.size()},
-          {"skipped_oids", journal.skipped_oids},
+          {"skipped", skipped.size()},
+          {"skipped_oids", skipped},
           {"unmeasured", journal.unmeasured_oids.size()},
           {"unmeasured_oids", journal.unmeasured_oids}};
 }

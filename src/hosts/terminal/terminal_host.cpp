@@ -119,6 +119,8 @@ TerminalHost::~TerminalHost() { SetHost(previous_); }
 
 bool TerminalHost::StopRequested() const { return WasInterrupted(); }
 
+void TerminalHost::Announce(const std::string& sentence) { fmt::print(stderr, "tessarine: {}\n", sentence); }
+
 void TerminalHost::PumpEvents() {
   if (!StopRequested()) return;
   std::erase_if(open_forms_, [](const auto& form) { return form.expired(); });

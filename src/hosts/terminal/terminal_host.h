@@ -83,6 +83,7 @@ class TerminalHost final : public IHost, public IMessageBox, public IFormHost, p
   std::shared_ptr<IPrinter> ChoosePrinter() override { return nullptr; }
   std::shared_ptr<IFeatureLayer> CreateFeatureLayer() override;
   std::shared_ptr<ISimpleRenderer> CreateSimpleRenderer() override;
+  void Announce(const std::string& sentence) override;
   RunJournal& Journal() override { return journal_; }
   [[nodiscard]] bool PlanOnly() const override { return manners_.plan_only; }
 

@@ -1,6 +1,8 @@
 // Reading and changing the rows of the map's layers.
 #include <gmock/gmock.h>
 
+#include <cmath>
+
 #include "engine/test_layers.h"
 #include "hosts/contract/host_contract.h"
 
@@ -139,6 +141,57 @@ TEST_P(HostContract, FieldsAreAddedAndFilledInPlace) {
     EXPECT_EQ(row->GetGeometryRef() != nullptr, number < 4);
   }
   EXPECT_EQ(number, 4);
+}
+
+// A layer whose attributes bear the names of a row's roles, with a whole number of 64 bits.
+void WriteRoles(const std::string& driver_name, const std::string& file) {
+  GDALAllRegister();
+  GDALDriver* driver = GetGDALDriverManager()->GetDriverByName(driver_name.c_str());
+  const GDALDatasetUniquePtr dataset(driver->Create(file.c_str(), 0, 0, 0, GDT_Unknown, nullptr));
+  OGRLayer* layer = dataset->CreateLayer("roles", nullptr, wkbPoint, nullptr);
+  OGRFieldDefn shape("Shape", OFTString), identifier("OBJECTID", OFTInteger), large("large", OFTInteger64);
+  large.SetWidth(18);
+  for (OGRFieldDefn* field : {&shape, &identifier, &large}) ASSERT_EQ(layer->CreateField(field), OGRERR_NONE);
+  OGRFeature row(layer->GetLayerDefn());
+  OGRPoint point(1, 2);
+  row.SetGeometry(&point);
+  row.SetField("Shape", "round");
+  row.SetField("OBJECTID", 501);
+  row.SetField("large", GIntBig{123456789012345678});
+  ASSERT_EQ(layer->CreateFeature(&row), OGRERR_NONE);
+}
+
+TEST_P(HostContract, AttributesBearAnyNameAndKeepTheirValues) {
+  WriteRoles(GetParam().driver, FileOf("roles"));
+  host_->OpenLayer(FileOf("roles"), "roles", "");
+  const auto roles = Class("roles");
+  const auto row = roles->Search(nullptr, false)->NextFeature();
+  EXPECT_EQ(row->Value(roles->FindField("shape")).AsText(), "round");
+  EXPECT_EQ(row->Value(roles->FindField("OBJECTID")).AsLong(), 501);
+  EXPECT_EQ(Cast<Point>(row->Shape())->Y(), 2.0);
+  EXPECT_EQ(roles->FindField(roles->ShapeFieldName()), 1);
+  const std::int32_t large = roles->FindField("large");
+  EXPECT_EQ(roles->Fields()->Field(large)->Type, esriFieldTypeInteger64);
+  EXPECT_EQ(row->Value(large), Variant(std::int64_t{123456789012345678}));
+  EXPECT_EQ(row->SetValue(large, std::int64_t{987654321987654321}), ValueChange::None);
+  row->Store();
+  EXPECT_EQ(Class("roles")->GetFeature(row->OID())->Value(large).AsLongLong(), 987654321987654321);
+}
+
+TEST_P(HostContract, ValuesThatDontFitAreTold) {
+  OpenTowns();
+  const auto towns = Class("towns");
+  const std::int32_t name = towns->FindField("name"), size = towns->FindField("size");
+  const auto row = towns->GetFeature(Oids(*towns, "a").front());
+  EXPECT_EQ(row->SetValue(name, std::string(41, 'n')), ValueChange::TextCut);
+  EXPECT_EQ(row->Value(name).AsText(), std::string(40, 'n'));
+  EXPECT_EQ(row->SetValue(name, "K\xF6ln"), ValueChange::BadText);
+  EXPECT_EQ(row->Value(name).AsText(), "K\xC3\xB6ln");
+  for (const double number : {std::nan(""), HUGE_VAL}) {
+    EXPECT_EQ(row->SetValue(size, number), ValueChange::NotFinite);
+    EXPECT_TRUE(row->Value(size).IsNull());
+  }
+  EXPECT_EQ(row->SetValue(size, 12.5), ValueChange::None);
 }
 
 TEST_P(HostContract, RowsAreChangedInsertedAndDeleted) {
