@@ -1,7 +1,6 @@
 // Construction of polygons from the regions between lines.
 #include <algorithm>
 #include <cmath>
-#include <optional>
 #include <tuple>
 
 #include "engine/geos_bridge.h"
@@ -40,35 +39,11 @@ auto OrderOf(const Region& region) {
   return std::tuple(region.box.XMin(), region.box.YMin(), region.box.XMax(), region.box.YMax(), region.area);
 }
 
-std::vector<std::vector<std::shared_ptr<Path>>> FacesByGeos(const LineList& noded) {
-  std::vector<GeosGeometry> members;
-  members.reserve(noded.size());
-  for (const std::vector<XY>& line : noded) {
-    if (line.size() > 1) members.push_back(LineToGeos(line));
-  }
-  const GeosGeometry lines = CollectionToGeos(GEOS_MULTILINESTRING, std::move(members));
-  // GEOS wants lines that end where they meet.
-  const GeosGeometry pieces = Checked(GEOSUnaryUnion_r(Geos(), lines.get()));
-  const GEOSGeometry* const input = pieces.get();
-  const GeosGeometry faces = Checked(GEOSPolygonize_r(Geos(), &input, 1));
-  std::vector<std::vector<std::shared_ptr<Path>>> polygons;
-  ForEachMember(faces.get(), [&](const GEOSGeometry* face, int) { polygons.push_back(RingsFromGeos(face)); });
-  return polygons;
-}
-
-std::vector<std::vector<std::shared_ptr<Path>>> PolygonsBetween(const LineList& noded) {
-  std::optional<AreaList> faces = FacesBetween(noded);
-  if (!faces) return FacesByGeos(noded);
-  std::vector<std::vector<std::shared_ptr<Path>>> polygons;
-  for (AreaRings& rings : *faces) polygons.push_back(PartsOf({std::move(rings)}));
-  return polygons;
-}
-
 std::vector<Region> RegionsBetween(const LineList& noded) {
   std::vector<Region> regions;
-  for (auto& parts : PolygonsBetween(noded)) {
+  for (AreaRings& rings : FacesBetween(noded)) {
     auto polygon = std::make_shared<Polygon>();
-    polygon->SetParts(std::move(parts));
+    polygon->SetParts(PartsOf({std::move(rings)}));
     polygon->MarkSimple();
     regions.push_back({polygon, polygon->Envelope(), polygon->Area()});
   }

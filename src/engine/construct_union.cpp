@@ -3,7 +3,6 @@
 #include <iterator>
 #include <memory>
 #include <numeric>
-#include <optional>
 
 #include "engine/box_tree.h"
 #include "engine/geos_bridge.h"
@@ -83,28 +82,39 @@ GeosGeometry UnionByGeos(const std::vector<Member>& group) {
   return Checked(GEOSUnaryUnion_r(Geos(), CollectionToGeos(GEOS_GEOMETRYCOLLECTION, std::move(shapes)).get()));
 }
 
-std::vector<PathRef> AreaOf(const PartedShape& polygon) {
+NestedRings NestPartsOf(const PartedShape& polygon) {
   std::vector<const Path*> rings;
   for (const PathRef& part : polygon.Parts()) rings.push_back(part.get());
+  return NestRings(rings);
+}
+
+std::vector<PathRef> AreaOf(const PartedShape& polygon) {
   std::vector<PathRef> parts;
   const auto append = [&](const Path& ring) { parts.push_back(std::make_shared<Ring>(DensifiedVertices(ring))); };
-  for (const NestedRings::Shell& shell : NestRings(rings).shells) {
+  for (const NestedRings::Shell& shell : NestPartsOf(polygon).shells) {
     append(*shell.ring);
     for (const Path* hole : shell.holes) append(*hole);
   }
   return parts;
 }
 
+// The rings with the inside at their right. The sign of a sliver's area may be wrong, and its sense with it.
+void AppendRings(const PartedShape& polygon, LineList& rings) {
+  const auto append = [&](const Path& ring, bool clockwise) {
+    rings.push_back(DensifiedVertices(ring));
+    if (RunsCounterClockwise(rings.back()) == clockwise) std::ranges::reverse(rings.back());
+  };
+  for (const NestedRings::Shell& shell : NestPartsOf(polygon).shells) {
+    append(*shell.ring, true);
+    for (const Path* hole : shell.holes) append(*hole, false);
+  }
+}
+
 std::vector<PathRef> UnitedAreas(const std::vector<Member>& group) {
   if (group.size() == 1) return AreaOf(*group.front());
   LineList rings;
-  for (const Member& member : group) {
-    for (const PathRef& part : member->Parts()) rings.push_back(DensifiedVertices(*part));
-  }
-  if (const std::optional<LineList> noded = WithCrossings(std::move(rings))) {
-    if (std::optional<AreaList> areas = CoveredAreas(*noded)) return PartsOf(std::move(*areas));
-  }
-  return RingsFromGeos(UnionByGeos(group).get());
+  for (const Member& member : group) AppendRings(*member, rings);
+  return PartsOf(CoveredAreas(Noded(std::move(rings))));
 }
 
 // The union splits lines wherever they meet. Pieces that follow each other without a branch are one path again; the
@@ -113,22 +123,26 @@ std::vector<PathRef> UnitedLines(const std::vector<Member>& group) {
   return PathsFromGeos(Checked(GEOSLineMergeDirected_r(Geos(), UnionByGeos(group).get())).get());
 }
 
+std::vector<PathRef> UnitedParts(const std::vector<Member>& shapes, esriGeometryType type) {
+  std::vector<PathRef> parts;
+  for (const std::vector<Member>& group : Groups(shapes).Take()) {
+    EndIfStopped();
+    std::ranges::move(type == esriGeometryPolygon ? UnitedAreas(group) : UnitedLines(group), std::back_inserter(parts));
+  }
+  return parts;
+}
+
 }  // namespace
 
 void PartedShape::ConstructUnion(IEnumGeometry& geometries) {
   const BagMembers members = CollectMembers(geometries, GeometryType());
   if (members.reference) SetSpatialReference(members.reference);
-  if (members.shapes.size() == 1) {
+  // A lone area is its own union, curves and all; a line that runs twice over a stretch is not.
+  if (members.shapes.size() == 1 && GeometryType() == esriGeometryPolygon) {
     const auto copy = CloneOf(*members.shapes.front());
     SetParts({copy->Parts().begin(), copy->Parts().end()});
   } else {
-    std::vector<PathRef> parts;
-    for (const std::vector<Member>& group : Groups(members.shapes).Take()) {
-      EndIfStopped();
-      std::ranges::move(GeometryType() == esriGeometryPolygon ? UnitedAreas(group) : UnitedLines(group),
-                        std::back_inserter(parts));
-    }
-    SetParts(std::move(parts));
+    SetParts(UnitedParts(members.shapes, GeometryType()));
   }
   MarkSimple();
 }

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cmath>
 
-#include "engine/box_tree.h"
 #include "engine/engine_fault.h"
 #include "platform/run_stop.h"
 
@@ -62,26 +61,6 @@ GeosGeometry RingToGeos(const Path& ring) {
   return Checked(GEOSGeom_createLinearRing_r(Geos(), Sequence(vertices)));
 }
 
-bool Covers(const Envelope& outer, const Envelope& inner) {
-  return outer.XMin() <= inner.XMin() && outer.YMin() <= inner.YMin() && outer.XMax() >= inner.XMax() &&
-         outer.YMax() >= inner.YMax();
-}
-
-struct Nested {
-  const Path* ring;
-  Envelope box;
-  double area;
-  Ring closed;  // for the test of enclosure
-  std::ptrdiff_t parent = -1;
-  int depth = 0;
-};
-
-// A place of the ring that isn't likely to touch another ring: the middle of its first segment.
-XY Probe(const Path& ring) {
-  const XY from = ring.Vertices()[0], to = ring.Vertices()[1];
-  return {(from.x + to.x) / 2.0, (from.y + to.y) / 2.0};
-}
-
 void AppendRing(const GEOSGeometry* ring, bool clockwise, std::vector<std::shared_ptr<Path>>& rings) {
   std::vector<XY> vertices = VerticesFromGeos(ring);
   if ((ChordArea(vertices) < 0.0) != clockwise) std::ranges::reverse(vertices);
@@ -116,55 +95,6 @@ std::vector<XY> DensifiedVertices(const Path& path) {
     }
   }
   if (!vertices.empty()) result.push_back(vertices.back());
-  return result;
-}
-
-NestedRings NestRings(const std::vector<const Path*>& rings) {
-  NestedRings result;
-  if (rings.size() == 1) {
-    result.shells.push_back({rings.front(), {}});
-    return result;
-  }
-  std::vector<Nested> nested;
-  nested.reserve(rings.size());
-  for (const Path* ring : rings) {
-    std::vector<XY> vertices = DensifiedVertices(*ring);
-    const double area = std::fabs(ChordArea(vertices));
-    nested.push_back({ring, ring->Envelope(), area, Ring(std::move(vertices))});
-  }
-  // From the largest to the smallest: a ring's parent, the smallest ring around it, is placed before the ring.
-  std::vector<std::size_t> order(nested.size());
-  for (std::size_t index = 0; index < order.size(); ++index) order[index] = index;
-  std::ranges::stable_sort(order, [&](std::size_t a, std::size_t b) { return nested[a].area > nested[b].area; });
-  std::vector<Box> boxes;
-  for (const std::size_t index : order) boxes.push_back(Box::Of(nested[index].box));
-  const BoxTree tree(boxes);
-  std::vector<std::uint32_t> before;
-  for (std::size_t place = 0; place < order.size(); ++place) {
-    Nested& inner = nested[order[place]];
-    const XY probe = Probe(inner.closed);
-    before.clear();
-    tree.Meeting(Box::Of(probe), [&](std::uint32_t other) {
-      if (other < place) before.push_back(other);
-    });
-    std::ranges::sort(before, std::greater());
-    for (const std::uint32_t candidate : before) {
-      const Nested& outer = nested[order[candidate]];
-      if (!Covers(outer.box, inner.box) || !outer.closed.Encloses(probe)) continue;
-      inner.parent = static_cast<std::ptrdiff_t>(order[candidate]);
-      inner.depth = outer.depth + 1;
-      break;
-    }
-  }
-  std::vector<std::size_t> shell_of(nested.size());
-  for (std::size_t index = 0; index < nested.size(); ++index) {
-    if (nested[index].depth % 2 != 0) continue;
-    shell_of[index] = result.shells.size();
-    result.shells.push_back({nested[index].ring, {}});
-  }
-  for (const Nested& hole : nested) {
-    if (hole.depth % 2 != 0) result.shells[shell_of[static_cast<std::size_t>(hole.parent)]].holes.push_back(hole.ring);
-  }
   return result;
 }
 

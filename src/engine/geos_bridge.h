@@ -6,6 +6,7 @@
 #include <memory>
 #include <vector>
 
+#include "engine/ring_nesting.h"
 #include "platform/geometry.h"
 
 namespace tessarine::engine {
@@ -25,16 +26,6 @@ using GeosGeometry = std::unique_ptr<GEOSGeometry, GeosRelease>;
 
 /// The part with every curve replaced by chords.
 [[nodiscard]] std::vector<XY> DensifiedVertices(const Path& path);
-
-/// Rings by even-odd nesting, whichever way they run.
-struct NestedRings {
-  struct Shell {
-    const Path* ring;
-    std::vector<const Path*> holes;
-  };
-  std::vector<Shell> shells;
-};
-[[nodiscard]] NestedRings NestRings(const std::vector<const Path*>& rings);
 
 [[nodiscard]] GeosGeometry LineToGeos(const std::vector<XY>& vertices);
 [[nodiscard]] GeosGeometry NestedToGeos(const NestedRings& rings);

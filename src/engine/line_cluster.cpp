@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
-#include <optional>
 
 #include "engine/box_tree.h"
 #include "engine/geos_bridge.h"
@@ -151,24 +150,8 @@ bool LeadThroughVertices(LineList& lines, double tolerance) {
   return !passed.empty();
 }
 
-LineList SplitByGeos(const LineList& lines) {
-  std::vector<GeosGeometry> members;
-  members.reserve(lines.size());
-  for (const std::vector<XY>& line : lines) {
-    if (line.size() > 1) members.push_back(LineToGeos(line));
-  }
-  const GeosGeometry all = CollectionToGeos(GEOS_MULTILINESTRING, std::move(members));
-  const GeosGeometry noded = Checked(GEOSUnaryUnion_r(Geos(), all.get()));
-  LineList split;
-  ForEachMember(noded.get(), [&](const GEOSGeometry* member, int type) {
-    if (type == GEOS_LINESTRING && GEOSisEmpty_r(Geos(), member) == 0) split.push_back(VerticesFromGeos(member));
-  });
-  return split;
-}
-
 void SplitAtCrossings(LineList& lines) {
-  std::optional<LineList> split = WithCrossings(lines);
-  lines = split ? std::move(*split) : SplitByGeos(lines);
+  lines = Noded(std::move(lines));
   std::erase_if(lines, [](const std::vector<XY>& line) { return line.size() < 2; });
 }
 

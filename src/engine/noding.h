@@ -18,4 +18,9 @@ using LineList = std::vector<std::vector<XY>>;
 /// run so near to each other that the rounding of a crossing brings new ones.
 [[nodiscard]] std::optional<LineList> WithCrossings(LineList lines);
 
+/// The same wherever it can be reached at all. Where `WithCrossings` has no answer, all vertices go to the finest grid
+/// that gives one, commonly eight times as wide as doubles are apart at the largest coordinate (7.5e-9 m in UTM).
+/// Fault 5 for coordinates that aren't finite or beyond 1e100.
+[[nodiscard]] LineList Noded(LineList lines);
+
 }  // namespace tessarine::engine

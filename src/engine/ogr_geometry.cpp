@@ -174,9 +174,10 @@ std::unique_ptr<OGRGeometry> PolygonOf(const NestedRings::Shell& shell, bool cur
   }
   auto polygon = std::make_unique<OGRPolygon>();
   const auto add = [&](const Path& ring, bool clockwise) {
+    std::vector<XY> vertices = DensifiedVertices(ring);
+    if (RunsCounterClockwise(vertices) == clockwise) std::ranges::reverse(vertices);
     auto line = std::make_unique<OGRLinearRing>();
-    FillLine(*line, DensifiedVertices(ring));
-    if ((line->isClockwise() != 0) != clockwise) line->reverseWindingOrder();
+    FillLine(*line, vertices);
     polygon->addRingDirectly(line.release());
   };
   add(*shell.ring, true);

@@ -3,11 +3,17 @@
 #include <algorithm>
 
 #include "engine/face_map.h"
+#include "platform/fault.h"
 
 namespace tessarine::engine {
 namespace {
 
 constexpr std::uint32_t kNone = FaceMap::kNone;
+
+void RequireSure(bool sure) {
+  if (!sure)
+    Raise(kInvalidCall, "The areas between the lines can't be found: the lines meet elsewhere than at vertices.");
+}
 
 // The ring turned round: a graph's rings keep the area at their left.
 std::vector<XY> VerticesOf(const FaceMap::Ring& ring, const PlanarGraph& graph) {
@@ -45,41 +51,41 @@ AreaList AreasOf(const FaceMap& map, const PlanarGraph& graph, Condition&& condi
 }
 
 // Of a graph in which each edge has the inside at one hand only.
-std::optional<AreaList> AlternatingAreas(PlanarGraph& graph) {
+AreaList AlternatingAreas(PlanarGraph& graph) {
   graph.Link();
   const FaceMap map(graph);
-  if (!map.IsSure()) return std::nullopt;
+  RequireSure(map.IsSure());
   const std::vector<std::int32_t> levels = map.Levels([](std::uint32_t) { return 1; });
   return AreasOf(map, graph, [&](std::uint32_t walk) { return levels[walk] % 2 != 0; });
 }
 
 }  // namespace
 
-std::optional<AreaList> FacesBetween(const LineList& lines) {
+AreaList FacesBetween(const LineList& lines) {
   PlanarGraph graph(lines);
   graph.DropLooseEdges();
   const FaceMap map(graph);
-  if (!map.IsSure()) return std::nullopt;
+  RequireSure(map.IsSure());
   return AreasOf(map, graph, [](std::uint32_t) { return true; });
 }
 
-std::optional<AreaList> EvenOddAreas(const LineList& rings) {
+AreaList EvenOddAreas(const LineList& rings) {
   PlanarGraph graph(rings);
   graph.KeepEdges([&](std::size_t edge) { return graph.Edges()[edge].passes % 2 != 0; });
   return AlternatingAreas(graph);
 }
 
-std::optional<AreaList> CoveredAreas(const LineList& rings) {
+AreaList CoveredAreas(const LineList& rings) {
   PlanarGraph graph(rings);
   graph.KeepEdges([&](std::size_t edge) { return graph.Edges()[edge].upwards != 0; });
   graph.Link();
   const FaceMap map(graph);
-  if (!map.IsSure()) return std::nullopt;
+  RequireSure(map.IsSure());
   const std::vector<std::int32_t> covers = map.Levels([&](std::uint32_t half) {
     const std::int32_t upwards = graph.Edges()[half / 2].upwards;
     return half % 2 == 0 ? -upwards : upwards;
   });
-  if (std::ranges::any_of(covers, [](std::int32_t count) { return count < 0; })) return std::nullopt;
+  RequireSure(std::ranges::all_of(covers, [](std::int32_t count) { return count >= 0; }));
   graph.KeepEdges([&](std::size_t edge) {
     const auto half = static_cast<std::uint32_t>(2 * edge);
     return (covers[map.WalkOf(half)] > 0) != (covers[map.WalkOf(half + 1)] > 0);

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <memory>
-#include <optional>
 #include <vector>
 
 #include "engine/noding.h"
@@ -15,18 +14,18 @@ namespace tessarine::engine {
 using AreaRings = std::vector<std::vector<XY>>;
 using AreaList = std::vector<AreaRings>;
 
-// All take lines as `WithCrossings` answers them, and keep all vertices. The result doesn't depend on the order of the
-// lines, and polygons come in the order of the first vertices of their exterior rings. Nothing is answered where the
-// lines turn out not to be what they should be.
+// All take lines as `Noded` answers them, and keep all vertices. The result doesn't depend on the order of the
+// lines, and polygons come in the order of the first vertices of their exterior rings. Lines that
+// turn out not to be what they should be raise fault 5.
 
 /// One polygon for each bounded face. Lines that bound nothing are left out.
-[[nodiscard]] std::optional<AreaList> FacesBetween(const LineList& lines);
+[[nodiscard]] AreaList FacesBetween(const LineList& lines);
 
 /// What lies within an odd number of the closed lines.
-[[nodiscard]] std::optional<AreaList> EvenOddAreas(const LineList& rings);
+[[nodiscard]] AreaList EvenOddAreas(const LineList& rings);
 
 /// What lies in at least one of many valid polygons, whose rings keep the inside at their right.
-[[nodiscard]] std::optional<AreaList> CoveredAreas(const LineList& rings);
+[[nodiscard]] AreaList CoveredAreas(const LineList& rings);
 
 /// All rings of the areas, as the parts of one polygon.
 [[nodiscard]] std::vector<std::shared_ptr<Path>> PartsOf(AreaList areas);

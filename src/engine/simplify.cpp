@@ -1,12 +1,13 @@
 // Simplify, for polygons, polylines and multipoints.
 #include <algorithm>
 #include <cmath>
-#include <optional>
 #include <set>
+#include <unordered_set>
 
 #include "engine/geos_bridge.h"
 #include "engine/plain_ring.h"
 #include "engine/planar_areas.h"
+#include "engine/snap_rounding.h"
 
 namespace tessarine {
 namespace {
@@ -72,52 +73,26 @@ std::vector<const Path*> Pointers(const std::vector<PathRef>& parts) {
   return pointers;
 }
 
-void Orient(const Path* ring, bool clockwise, const std::vector<PathRef>& parts) {
-  const auto part = std::ranges::find_if(parts, [&](const PathRef& candidate) { return candidate.get() == ring; });
-  const auto own = Cast<Ring>(*part);
-  if ((own->Area() > 0.0) != clockwise) own->ReverseOrientation();
+void Orient(Path& ring, bool clockwise) {
+  if ((dynamic_cast<const Ring&>(ring).Area() > 0.0) != clockwise) ring.ReverseOrientation();
 }
 
-// The faces between all lines, kept where an odd number of rings lies around them.
-std::vector<PathRef> RepairByFaces(const LineList& rings) {
-  std::vector<Ring> around;
-  std::vector<GeosGeometry> lines;
-  for (const std::vector<XY>& ring : rings) {
-    around.emplace_back(ring);
-    lines.push_back(LineToGeos(ring));
-  }
-  const GeosGeometry all = CollectionToGeos(GEOS_MULTILINESTRING, std::move(lines));
-  const GeosGeometry pieces = Checked(GEOSUnaryUnion_r(Geos(), all.get()));
-  const GEOSGeometry* const input = pieces.get();
-  const GeosGeometry faces = Checked(GEOSPolygonize_r(Geos(), &input, 1));
-  std::vector<GeosGeometry> kept;
-  ForEachMember(faces.get(), [&](const GEOSGeometry* face, int) {
-    const GeosGeometry inside = Checked(GEOSPointOnSurface_r(Geos(), face));
-    const XY probe = VerticesFromGeos(inside.get()).front();
-    const auto count = std::ranges::count_if(around, [&](const Ring& ring) { return ring.Encloses(probe); });
-    if (count % 2 != 0) kept.push_back(Checked(GEOSGeom_clone_r(Geos(), face)));
-  });
-  if (kept.empty()) return {};
-  const GeosGeometry area = CollectionToGeos(GEOS_GEOMETRYCOLLECTION, std::move(kept));
-  return RingsFromGeos(Checked(GEOSUnaryUnion_r(Geos(), area.get())).get());
+// Shells run clockwise, holes the other way.
+void OrientAll(const NestedRings& nested, const std::vector<PathRef>& parts) {
+  std::unordered_set<const Path*> holes;
+  for (const NestedRings::Shell& shell : nested.shells) holes.insert(shell.holes.begin(), shell.holes.end());
+  for (const PathRef& part : parts) Orient(*part, !holes.contains(part.get()));
 }
 
-// Even-odd over all rings.
-std::vector<PathRef> EvenOddRings(const LineList& rings) {
-  if (const std::optional<LineList> noded = WithCrossings(rings)) {
-    if (std::optional<AreaList> areas = EvenOddAreas(*noded)) return PartsOf(std::move(*areas));
-  }
-  return RepairByFaces(rings);
-}
-
-// Where a ring crosses itself by rounding alone, a sliver is left that no grid of its reference could hold.
+// Where a ring crosses itself by rounding alone, a sliver is left that no grid of its reference could hold, or none of
+// whose sides doubles tell from the others.
 std::vector<PathRef> Repair(const std::vector<PathRef>& parts, double resolution) {
   LineList rings;
   for (const PathRef& part : parts) rings.push_back(DensifiedVertices(*part));
-  std::vector<PathRef> mended = EvenOddRings(rings);
-  std::erase_if(mended, [&](const PathRef& part) {
-    return std::fabs(Cast<Ring>(part)->Area()) * 2.0 <= resolution * part->Length();
-  });
+  const double width = std::max(resolution, FinestGrid(rings));
+  std::vector<PathRef> mended = PartsOf(EvenOddAreas(Noded(std::move(rings))));
+  std::erase_if(
+      mended, [&](const PathRef& part) { return std::fabs(Cast<Ring>(part)->Area()) * 2.0 <= width * part->Length(); });
   return mended;
 }
 
@@ -134,17 +109,14 @@ void SimplifyPolygon(PartedShape& polygon) {
   std::vector<PathRef> parts = UsableParts(polygon, true);
   if (parts.size() == 1 && !parts.front()->HasCurves()) {
     if (IsPlainRing(parts.front()->Vertices())) {
-      Orient(parts.front().get(), true, parts);
+      Orient(*parts.front(), true);
     } else {
       parts = Repair(parts, ResolutionOf(polygon));
     }
   } else if (!parts.empty()) {
     const NestedRings nested = NestRings(Pointers(parts));
     if (CheckedFlag(GEOSisValid_r(Geos(), NestedToGeos(nested).get()))) {
-      for (const NestedRings::Shell& shell : nested.shells) {
-        Orient(shell.ring, true, parts);
-        for (const Path* hole : shell.holes) Orient(hole, false, parts);
-      }
+      OrientAll(nested, parts);
     } else {
       parts = Repair(parts, ResolutionOf(polygon));
     }

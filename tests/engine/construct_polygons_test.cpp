@@ -122,7 +122,7 @@ TEST(NodeLines, KeepsPlacesApartAndSettles) {
     }
   }
   // Done again, nothing moves any more: a fixed point was reached.
-  EXPECT_EQ(engine::NodeLines(noded, kTolerance).size(), noded.size());
+  EXPECT_EQ(engine::NodeLines(noded, kTolerance), noded);
 }
 
 }  // namespace

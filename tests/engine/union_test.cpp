@@ -59,6 +59,35 @@ TEST(ConstructUnion, OfLinesDropsWhatLiesTwiceAndKeepsTheirDirection) {
   }
 }
 
+TEST(ConstructUnion, OfOneLineIsWhatItIsInCompany) {
+  const struct {
+    const char* name;
+    std::vector<XY> line;
+    double length;
+    std::int32_t paths;
+  } rows[] = {
+      {"there and back and there again", {{0, 0}, {10, 0}, {0, 0}, {10, 0}}, 10.0, 1},
+      {"plain", {{0, 0}, {3, 4}, {6, 0}}, 10.0, 1},
+      {"across itself", {{0, 0}, {4, 0}, {4, 3}, {0, 3}, {0, 2}, {8, 2}}, 4.0 + 3.0 + 4.0 + 1.0 + 8.0, 3},
+  };
+  for (const auto& row : rows) {
+    GeometryBag alone, in_company;
+    alone.AddGeometry(PolylineOf({row.line}));
+    in_company.AddGeometry(PolylineOf({row.line}));
+    in_company.AddGeometry(PolylineOf({{{100, 0}, {101, 0}}}));
+    Polyline one, two;
+    one.ConstructUnion(alone);
+    two.ConstructUnion(in_company);
+    EXPECT_DOUBLE_EQ(one.Length(), row.length) << row.name;
+    EXPECT_EQ(one.GeometryCount(), row.paths) << row.name;
+    EXPECT_DOUBLE_EQ(two.Length(), row.length + 1.0) << row.name;
+    EXPECT_EQ(two.GeometryCount(), row.paths + 1) << row.name;
+    for (std::int32_t path = 0; path < row.paths; ++path) {
+      EXPECT_TRUE(one.Geometry(path)->IsEqual(*two.Geometry(path))) << row.name;
+    }
+  }
+}
+
 TEST(ConstructUnion, OfNothingIsEmpty) {
   GeometryBag bag;
   Polygon polygon;

@@ -1,0 +1,178 @@
+// Lines so near to each other that rounding makes new crossings, and the road that they take over a grid.
+#include "engine/noding.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+#include <random>
+
+#include "engine/geos_bridge.h"
+#include "engine/planar_areas.h"
+#include "engine/snap_rounding.h"
+#include "helpers/shapes.h"
+
+namespace tessarine::engine {
+namespace {
+
+using testing::Box;
+
+constexpr double kWidth = 300.0;  // of the square around each set of lines
+
+// In UTM, a square with lines through it that run 1e-9 to 1e-6 m from each other, and a few that cross them all.
+LineList NearLines(unsigned seed, int count) {
+  std::mt19937_64 random(seed);
+  const auto between = [&](double least, double most) {
+    return std::uniform_real_distribution<double>(least, most)(random);
+  };
+  const XY center{500000.0 + between(0, 1000), 5400000.0 + between(0, 1000)};
+  const auto across = [&](double angle, double reach, double off_x, double off_y) {
+    const double dx = reach * std::cos(angle), dy = reach * std::sin(angle);
+    return std::vector<XY>{{center.x - dx + off_x, center.y - dy + off_y},
+                           {center.x + dx + off_x, center.y + dy - off_y}};
+  };
+  const double angle = between(0, 2.0 * std::numbers::pi);
+  LineList lines;
+  for (int number = 0; number < count; ++number) {
+    const double apart = std::pow(10.0, between(-9, -6));
+    lines.push_back(
+        across(angle + between(-1e-9, 1e-9), between(30, 100), between(-apart, apart), between(-apart, apart)));
+  }
+  for (int number = 0; number < 5; ++number)
+    lines.push_back(across(angle + between(0.5, 2.5), 20, between(-20, 20), 0));
+  const double half = kWidth / 2.0;
+  lines.push_back(Box(center.x - half, center.y - half, center.x + half, center.y + half));
+  return lines;
+}
+
+double AreaOf(const AreaList& areas) {
+  double sum = 0.0;
+  for (const AreaRings& rings : areas) {
+    for (const std::vector<XY>& ring : rings) sum -= ChordArea(ring);
+  }
+  return sum;
+}
+
+bool AllValid(const AreaList& areas) {
+  return std::ranges::all_of(areas, [](const AreaRings& rings) {
+    Polygon polygon;
+    polygon.SetParts(PartsOf({rings}));
+    polygon.MarkSimple();
+    return GEOSisValid_r(Geos(), ToGeos(polygon).get()) == 1;
+  });
+}
+
+double DistanceTo(XY from, XY to, XY place) {
+  const double dx = to.x - from.x, dy = to.y - from.y;
+  const double along = std::clamp(((place.x - from.x) * dx + (place.y - from.y) * dy) / (dx * dx + dy * dy), 0.0, 1.0);
+  return std::hypot(from.x + along * dx - place.x, from.y + along * dy - place.y);
+}
+
+TEST(Noded, LinesNanometresApartFillTheirSquareWithValidFaces) {
+  int over_grid = 0;
+  for (unsigned seed = 1; seed <= 20; ++seed) {
+    const LineList lines = NearLines(seed, 16);
+    over_grid += WithCrossings(lines) ? 0 : 1;
+    const LineList noded = Noded(lines);
+    EXPECT_TRUE(WithCrossings(noded) == noded) << seed << ": nothing meets but at vertices";
+    const AreaList faces = FacesBetween(noded);
+    // The faces that touch the square's border make it up; none overlaps another.
+    EXPECT_NEAR(AreaOf(faces), kWidth * kWidth, 1e-5) << seed;
+    EXPECT_TRUE(AllValid(faces)) << seed;
+  }
+  EXPECT_GE(over_grid, 10);  // the generator is of use only while it finds lines of this kind
+}
+
+TEST(SnapRounded, MovesNothingByMoreThanTheGrid) {
+  const LineList lines = NearLines(5, 30);
+  ASSERT_FALSE(WithCrossings(lines));
+  const double grid = FinestGrid(lines);
+  EXPECT_EQ(grid, std::ldexp(1.0, 22 - 52 + 3));  // 2^22 is the power of two below 5,400,000
+  const std::optional<LineList> snapped = SnapRounded(lines, grid);
+  ASSERT_TRUE(snapped);
+  ASSERT_EQ(snapped->size(), lines.size());
+  std::size_t added = 0;
+  for (std::size_t number = 0; number < lines.size(); ++number) {
+    const std::vector<XY>& line = (*snapped)[number];
+    EXPECT_LE(std::hypot(line.front().x - lines[number].front().x, line.front().y - lines[number].front().y), grid);
+    EXPECT_LE(std::hypot(line.back().x - lines[number].back().x, line.back().y - lines[number].back().y), grid);
+    added += line.size() - lines[number].size();
+    for (const XY vertex : line) {
+      EXPECT_EQ(std::fmod(vertex.x, grid), 0.0);
+      EXPECT_EQ(std::fmod(vertex.y, grid), 0.0);
+      double nearest = kWidth;
+      for (std::size_t at = 1; at < lines[number].size(); ++at) {
+        nearest = std::min(nearest, DistanceTo(lines[number][at - 1], lines[number][at], vertex));
+      }
+      EXPECT_LE(nearest, grid) << "line " << number;
+    }
+  }
+  EXPECT_GT(added, 100U);
+}
+
+TEST(SnapRounded, LeadsALineThroughTheSquaresThatItMeets) {
+  // On whole numbers. The first line passes through the square around (2, 1) and above that around (5, 1).
+  const LineList lines = {{{0, 0}, {8, 3}}, {{2, 1}, {2, 9}}, {{5, 1}, {5, -9}}, {{0.2, 0.3}, {0.4, -0.4}}};
+  const LineList expected = {{{0, 0}, {2, 1}, {8, 3}}, {{2, 1}, {2, 9}}, {{5, 1}, {5, -9}}, {{0, 0}}};
+  EXPECT_EQ(SnapRounded(lines, 1.0), expected);
+}
+
+// Both roads must find the same areas, the grid's width apart.
+TEST(SnapRounded, GivesTheAreasOfTheExactRoad) {
+  std::mt19937_64 random(99);
+  std::uniform_real_distribution<double> place(0, 100);
+  for (int round = 0; round < 40; ++round) {
+    LineList rings(1 + random() % 5);
+    double length = 0.0;
+    for (std::vector<XY>& ring : rings) {
+      for (int vertex = 0; vertex < 12; ++vertex) ring.push_back({place(random), place(random)});
+      ring.push_back(ring.front());
+      for (std::size_t at = 1; at < ring.size(); ++at)
+        length += std::hypot(ring[at].x - ring[at - 1].x, ring[at].y - ring[at - 1].y);
+    }
+    const std::optional<LineList> exact = WithCrossings(rings);
+    ASSERT_TRUE(exact);
+    const double grid = std::ldexp(1.0, -30);
+    const std::optional<LineList> snapped = SnapRounded(rings, grid);
+    ASSERT_TRUE(snapped) << round;
+    EXPECT_EQ(FacesBetween(*snapped).size(), FacesBetween(*exact).size()) << round;
+    EXPECT_NEAR(AreaOf(FacesBetween(*snapped)), AreaOf(FacesBetween(*exact)), length * grid) << round;
+    EXPECT_NEAR(AreaOf(EvenOddAreas(*snapped)), AreaOf(EvenOddAreas(*exact)), length * grid) << round;
+  }
+}
+
+// Thirty wedges with a common tip, each a little over its neighbour: where they overlap, nothing is covered less than
+// once, on either road.
+TEST(SnapRounded, CoversWhatTheExactRoadCovers) {
+  LineList wedges;
+  for (int number = 0; number < 30; ++number) {
+    const double from = number * 0.2, to = (number + 1) * 0.2 + 1e-9;
+    wedges.push_back({{7, 5}, {7 + std::cos(to), 5 + std::sin(to)}, {7 + std::cos(from), 5 + std::sin(from)}, {7, 5}});
+  }
+  const std::optional<LineList> exact = WithCrossings(wedges);
+  ASSERT_TRUE(exact);
+  for (const int exponent : {-48, -40, -30, -20}) {
+    const double grid = std::ldexp(1.0, exponent);
+    const std::optional<LineList> snapped = SnapRounded(wedges, grid);
+    ASSERT_TRUE(snapped) << exponent;
+    EXPECT_NEAR(AreaOf(CoveredAreas(*snapped)), AreaOf(CoveredAreas(*exact)), 90 * grid) << exponent;
+  }
+}
+
+// 22 lines through nearly one place, and a square of area 1 around it.
+TEST(Noded, AFanLosesNoSliver) {
+  LineList lines;
+  for (int number = 0; number < 22; ++number) {
+    const double angle = 0.1 + number * 0.137, dx = 9.0 * std::cos(angle), dy = 9.0 * std::sin(angle);
+    lines.push_back({{3.7 - dx, 2.9 - dy}, {3.7 + dx, 2.9 + dy}});
+  }
+  lines.push_back(Box(3.2, 2.4, 4.2, 3.4));
+  const AreaList faces = FacesBetween(Noded(lines));
+  EXPECT_GE(faces.size(), 44U);
+  EXPECT_TRUE(AllValid(faces));
+  EXPECT_NEAR(AreaOf(faces), 1.0, 1e-13);
+}
+
+}  // namespace
+}  // namespace tessarine::engine
