@@ -69,13 +69,26 @@ ProgramOutcome RunWithoutRoom(const std::vector<std::string>& arguments, std::ui
       arguments, "/dev/null", [](pid_t) {}, bytes);
 }
 
+namespace {
+
+// The size of a file, or of one of that name in a folder beside it: outputs are made there until they are whole.
+std::uintmax_t SizeWhereItIsMade(const fs::path& file) {
+  std::error_code error;
+  for (const auto& entry : fs::recursive_directory_iterator(file.parent_path(), error)) {
+    if (entry.path().filename() != file.filename()) continue;
+    const std::uintmax_t size = fs::file_size(entry.path(), error);
+    if (!error) return size;
+  }
+  return 0;
+}
+
+}  // namespace
+
 ProgramOutcome RunAndInterrupt(const std::vector<std::string>& arguments, const fs::path& file, std::uintmax_t bytes,
                                int signal) {
   return Run(arguments, "/dev/null", [&](pid_t child) {
     for (int look = 0; look < 6000; ++look) {
-      std::error_code error;
-      const std::uintmax_t size = fs::file_size(file, error);
-      if (!error && size > bytes) break;
+      if (SizeWhereItIsMade(file) > bytes) break;
       siginfo_t ended{};
       if (waitid(P_PID, static_cast<id_t>(child), &ended, WEXITED | WNOHANG | WNOWAIT) != 0 || ended.si_pid != 0) break;
       std::this_thread::sleep_for(std::chrono::milliseconds(10));
