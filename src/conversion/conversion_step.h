@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <string_view>
 
 #include "platform/data.h"
 
@@ -19,6 +20,11 @@ class ConversionSink {
   virtual void Insert() = 0;
   /// Writes what is at hand, without an identifier.
   virtual void InsertUnnumbered() = 0;
+  /// The input feature gets no output; it is listed among the skipped ones. `reason` is a whole sentence, the same for
+  /// all features that it holds for.
+  virtual void Skip(std::string_view reason) = 0;
+  /// Tells something about the input feature that a user should know of; a sentence like that of `Skip`.
+  virtual void Warn(std::string_view text) = 0;
 };
 
 /// What a step knows of the run before the first feature.
@@ -33,7 +39,7 @@ class ConversionStep {
   virtual ~ConversionStep() = default;
   /// False when the run shall read no feature at all.
   [[nodiscard]] virtual bool TakesFeatures() const { return true; }
-  /// Called once for each feature whose shape isn't empty.
+  /// Called once for each feature whose shape isn't empty and has only finite coordinates.
   virtual void Convert(const GeometryRef& shape, ConversionSink& sink) = 0;
   /// Called once after the last feature.
   virtual void Finish(ConversionSink&) {}

@@ -1,6 +1,8 @@
 #include "conversion/label_search.h"
 
 #include <cmath>
+#include <compare>
+#include <optional>
 
 #include "conversion/layer_choices.h"
 #include "platform/fault.h"
@@ -44,22 +46,29 @@ std::shared_ptr<IFeature> LabelSearch::Find(const Polygon& polygon) const {
   QueryFilter filter;
   filter.Geometry = region;
   const std::shared_ptr<IFeatureCursor> cursor = PointsIn(filter);
-  std::shared_ptr<IFeature> first = cursor->NextFeature();
-  if (!first || first_point_) return first;
-  return Nearest(first, *cursor, center.Coordinates());
+  return first_point_ ? First(*cursor) : Nearest(*cursor, center.Coordinates());
 }
 
-std::shared_ptr<IFeature> LabelSearch::Nearest(const std::shared_ptr<IFeature>& first, IFeatureCursor& rest,
-                                               XY center) const {
-  std::int64_t winner = first->OID();
-  double least = DistanceTo(center, *first);
-  while (const std::shared_ptr<IFeature> feature = rest.NextFeature()) {
-    const double distance = DistanceTo(center, *feature);
-    if (distance >= least) continue;
-    least = distance;
-    winner = feature->OID();
+std::shared_ptr<IFeature> LabelSearch::First(IFeatureCursor& hits) const {
+  std::optional<std::int64_t> winner;
+  while (const std::shared_ptr<IFeature> feature = hits.NextFeature()) {
+    if (!winner || feature->OID() < *winner) winner = feature->OID();
   }
-  return points_->GetFeature(winner);
+  return winner ? points_->GetFeature(*winner) : nullptr;
+}
+
+std::shared_ptr<IFeature> LabelSearch::Nearest(IFeatureCursor& hits, XY center) const {
+  struct Candidate {
+    double distance;
+    std::int64_t oid;
+    auto operator<=>(const Candidate&) const = default;
+  };
+  std::optional<Candidate> winner;
+  while (const std::shared_ptr<IFeature> feature = hits.NextFeature()) {
+    const Candidate candidate{DistanceTo(center, *feature), feature->OID()};
+    if (!winner || candidate < *winner) winner = candidate;
+  }
+  return winner ? points_->GetFeature(winner->oid) : nullptr;
 }
 
 }  // namespace tessarine

@@ -14,14 +14,17 @@ class LabelSearch {
   LabelSearch(const std::shared_ptr<IFeatureLayer>& layer, bool all_points, bool first_point,
               const SpatialReferenceRef& polygons);
 
-  /// The point in the polygon or on its boundary that gives its attributes; nothing when there is none. The polygon
-  /// stays as it is.
+  /// The point in the polygon or on its boundary that gives its attributes; nothing when there is none. Of several the
+  /// first by identifier, or the nearest to the polygon's centre, the first of these where they are equally near. The
+  /// polygon stays as it is.
   [[nodiscard]] std::shared_ptr<IFeature> Find(const Polygon& polygon) const;
 
  private:
   [[nodiscard]] std::shared_ptr<IFeatureCursor> PointsIn(const QueryFilter& filter) const;
-  [[nodiscard]] std::shared_ptr<IFeature> Nearest(const std::shared_ptr<IFeature>& first, IFeatureCursor& rest,
-                                                  XY center) const;
+  // A database gives the points that lie in a polygon in the order of its index. What counts is the order of the rows,
+  // which their identifiers tell.
+  [[nodiscard]] std::shared_ptr<IFeature> First(IFeatureCursor& hits) const;
+  [[nodiscard]] std::shared_ptr<IFeature> Nearest(IFeatureCursor& hits, XY center) const;
 
   std::shared_ptr<IFeatureClass> points_;
   std::shared_ptr<ISelectionSet> selection_;  // nothing when all points count

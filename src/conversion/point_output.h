@@ -7,6 +7,9 @@
 
 namespace tessarine {
 
+/// Why a polygon has no point.
+inline constexpr std::string_view kNoArea = "Polygons without area have neither a centre nor a place inside.";
+
 /// Writes the point with its coordinates in the first two measure fields.
 inline void InsertPoint(const std::shared_ptr<Point>& point, ConversionSink& sink) {
   sink.SetShape(point);

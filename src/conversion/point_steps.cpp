@@ -20,8 +20,10 @@ XY MeanOf(const IPointCollection& points) {
 class LabelPointStep final : public ConversionStep {
  public:
   void Convert(const GeometryRef& shape, ConversionSink& sink) override {
-    const auto polygon = Cast<IArea>(shape);
-    InsertPoint(std::make_shared<Point>(Require(polygon, "IArea")->LabelPoint()), sink);
+    const auto polygon = Cast<Polygon>(shape);
+    const std::optional<XY> point = Require(polygon, "IArea")->InnerPoint();
+    if (!point) return sink.Skip(kNoArea);
+    InsertPoint(std::make_shared<Point>(*point), sink);
   }
 };
 
@@ -32,8 +34,9 @@ class CentroidStep final : public ConversionStep {
   void Convert(const GeometryRef& shape, ConversionSink& sink) override {
     switch (input_) {
       case esriGeometryPolygon: {
-        const auto area = Cast<IArea>(shape);
-        point_ = std::make_shared<Point>(Require(area, "IArea")->Centroid());
+        const auto polygon = Cast<Polygon>(shape);
+        if (!Require(polygon, "IArea")->HasArea()) return sink.Skip(kNoArea);
+        point_ = std::make_shared<Point>(polygon->Centroid());
         break;
       }
       case esriGeometryPolyline: {

@@ -29,6 +29,7 @@ class SphericalCentroidStep final : public ConversionStep {
     }
     if (projected_) shape->Project(geographic_);
     const std::shared_ptr<Point> center = CenterOf(shape);
+    if (!center && input_ == esriGeometryPolygon) return sink.Skip(kNoArea);
     Require(center, "IPoint");
     if (center->IsEmpty()) Raise(kObjectNotSet, "The centre of the feature can't be computed.");
     center->SetSpatialReference(geographic_);
@@ -51,10 +52,11 @@ class SphericalCentroidStep final : public ConversionStep {
     }
   }
 
+  // Nothing where there is no area that a centre could be of.
   [[nodiscard]] std::shared_ptr<Point> PolygonCenter(const std::shared_ptr<Polygon>& polygon) const {
     double longitude = 0.0, latitude = 0.0;
-    geodesy::SphericalPolygonArea2(polygon, true, longitude, latitude, semi_major_, semi_minor_);
-    return std::make_shared<Point>(longitude, latitude);
+    const double area = geodesy::SphericalPolygonArea2(polygon, true, longitude, latitude, semi_major_, semi_minor_);
+    return area > 0.0 ? std::make_shared<Point>(longitude, latitude) : nullptr;
   }
 
   // The axes stand one place too early: the length of the line goes to the major axis, and the segments are measured

@@ -5,6 +5,8 @@
 namespace tessarine {
 namespace {
 
+constexpr std::string_view kHoleOutside = "A hole that lies in no exterior ring was written as a feature of its own.";
+
 class SplitStep final : public ConversionStep {
  public:
   explicit SplitStep(const StepContext& context) : input_(context.InputType), reference_(context.Reference) {}
@@ -46,11 +48,11 @@ class SplitStep final : public ConversionStep {
     }
   }
 
-  // A hole stays with its exterior ring.
+  // A hole stays with its exterior ring. One without is an area of its own, as it is wherever a polygon is simplified.
   void SplitComponents(const Polygon& polygon, ConversionSink& sink) const {
-    const std::int32_t count = polygon.ExteriorRingCount();
     const std::shared_ptr<GeometryBag> components = polygon.ConnectedComponentBag();
-    for (std::int32_t index = 0; index < count; ++index) {
+    if (components->GeometryCount() > polygon.ExteriorRingCount()) sink.Warn(kHoleOutside);
+    for (std::int32_t index = 0; index < components->GeometryCount(); ++index) {
       const auto component = Cast<Polygon>(components->Geometry(index));
       component->SetSpatialReference(reference_);
       component->Simplify();

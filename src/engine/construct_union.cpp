@@ -1,8 +1,10 @@
 // ConstructUnion: one shape of all the members of a bag.
 #include <algorithm>
+#include <array>
 #include <iterator>
 #include <memory>
 #include <numeric>
+#include <span>
 
 #include "engine/box_tree.h"
 #include "engine/geos_bridge.h"
@@ -16,6 +18,9 @@ using namespace engine;
 
 using PathRef = std::shared_ptr<Path>;
 using Member = std::shared_ptr<const PartedShape>;
+
+constexpr std::size_t kAtOnce = 64;        // members, however they overlap
+constexpr std::size_t kCrowdedPairs = 12;  // of boxes that meet, for each member; neighbours in a mosaic have 4
 
 struct BagMembers {
   std::vector<Member> shapes;
@@ -110,11 +115,49 @@ void AppendRings(const PartedShape& polygon, LineList& rings) {
   }
 }
 
-std::vector<PathRef> UnitedAreas(const std::vector<Member>& group) {
-  if (group.size() == 1) return AreaOf(*group.front());
+std::vector<PathRef> UnitedAtOnce(std::span<const Member> members) {
   LineList rings;
-  for (const Member& member : group) AppendRings(*member, rings);
+  for (const Member& member : members) AppendRings(*member, rings);
   return PartsOf(CoveredAreas(Noded(std::move(rings))));
+}
+
+// Whether each member overlaps many others, so that all crossings of their rings would be many more than those of the
+// union.
+bool IsCrowded(const std::vector<Member>& group) {
+  if (group.size() <= kAtOnce) return false;
+  std::vector<Box> boxes;
+  for (const Member& member : group) boxes.push_back(Box::Of(member->Envelope()));
+  std::size_t pairs = 0;
+  BoxTree(boxes).Pairs([&](std::uint32_t, std::uint32_t) { ++pairs; });
+  return pairs > kCrowdedPairs * group.size();
+}
+
+// Unites neighbours first, and what came of them after.
+Member UnitedByHalves(std::span<Member> members) {
+  auto united = std::make_shared<Polygon>();
+  if (members.size() <= kAtOnce) {
+    united->SetParts(UnitedAtOnce(members));
+  } else {
+    Envelope all;
+    for (const Member& member : members) all.Union(member->Envelope());
+    const bool wide = all.XMax() - all.XMin() > all.YMax() - all.YMin();
+    std::ranges::stable_sort(members, {}, [&](const Member& member) {
+      const Envelope box = member->Envelope();
+      return wide ? box.XMin() + box.XMax() : box.YMin() + box.YMax();
+    });
+    const std::size_t half = members.size() / 2;
+    const std::array halves = {UnitedByHalves(members.first(half)), UnitedByHalves(members.subspan(half))};
+    united->SetParts(UnitedAtOnce(halves));
+  }
+  united->MarkSimple();
+  return united;
+}
+
+std::vector<PathRef> UnitedAreas(std::vector<Member> group) {
+  if (group.size() == 1) return AreaOf(*group.front());
+  if (!IsCrowded(group)) return UnitedAtOnce(group);
+  const Member united = UnitedByHalves(group);
+  return {united->Parts().begin(), united->Parts().end()};
 }
 
 // The union splits lines wherever they meet. Pieces that follow each other without a branch are one path again; the

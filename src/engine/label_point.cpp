@@ -56,11 +56,6 @@ class Rings {
   std::vector<std::span<const XY>> rings_;
 };
 
-std::optional<XY> CenterOfGravity(const Polygon& polygon) {
-  if (polygon.Area() == 0.0) return std::nullopt;
-  return polygon.Centroid();
-}
-
 // The middle of the widest cut of a horizontal line half-way between two vertices.
 XY MiddleOfWidestCut(const GEOSGeometry* area) {
   return VerticesFromGeos(Checked(GEOSPointOnSurface_r(Geos(), area)).get()).front();
@@ -86,13 +81,13 @@ std::vector<Triangle> Triangles(const GEOSGeometry* area) {
   return triangles;
 }
 
-XY InnerPoint(const Polygon& polygon) {
-  if (polygon.IsEmpty()) Raise(kInvalidCall, "An empty polygon has no label point.");
+std::optional<XY> FindInnerPoint(const Polygon& polygon) {
+  if (polygon.IsEmpty()) return std::nullopt;
   const Rings rings(polygon);
-  const std::optional<XY> center = CenterOfGravity(polygon);
-  if (center && rings.Hold(*center)) return *center;
+  const XY center = polygon.Centroid();
+  if (rings.Hold(center)) return center;
   const GeosGeometry own = ToGeos(polygon);
-  if (GEOSisEmpty_r(Geos(), own.get()) != 0) Raise(kInvalidCall, "A polygon without area has no label point.");
+  if (GEOSisEmpty_r(Geos(), own.get()) != 0) return std::nullopt;
   const XY middle = MiddleOfWidestCut(own.get());
   if (rings.Hold(middle)) return middle;
   // Slivers only a few roundings wide: the cut's middle may round onto their border.
@@ -105,12 +100,18 @@ XY InnerPoint(const Polygon& polygon) {
 
 }  // namespace
 
-XY Polygon::LabelPoint() const { return InnerPoint(*this); }
+std::optional<XY> Polygon::InnerPoint() const { return FindInnerPoint(*this); }
+
+XY Polygon::LabelPoint() const {
+  const std::optional<XY> point = InnerPoint();
+  if (!point) Raise(kInvalidCall, "A polygon without area has no label point.");
+  return *point;
+}
 
 XY Ring::LabelPoint() const {
   Polygon polygon;
   polygon.AddGeometry(std::make_shared<Ring>(*this));
-  return InnerPoint(polygon);
+  return polygon.LabelPoint();
 }
 
 }  // namespace tessarine

@@ -100,13 +100,13 @@ std::shared_ptr<GeometryBag> BagOf(const std::vector<RingRef>& rings, const Spat
 }
 
 // A component stands alone: its rings are copies.
-std::shared_ptr<Polygon> Component(const RingRef& exterior, const std::vector<RingRef>& holes, const Polygon& source) {
+std::shared_ptr<Polygon> Component(const RingRef& exterior, const std::vector<RingRef>& holes,
+                                   const SpatialReferenceRef& reference) {
   std::vector<std::shared_ptr<Path>> parts{CloneOf(*exterior)};
   for (const RingRef& hole : holes) parts.push_back(CloneOf(*hole));
   auto component = std::make_shared<Polygon>();
   component->SetParts(std::move(parts));
-  component->SetSpatialReference(source.SpatialReference());
-  if (source.IsKnownSimple()) component->MarkSimple();
+  component->SetSpatialReference(reference);
   return component;
 }
 
@@ -136,10 +136,17 @@ std::shared_ptr<GeometryBag> Polygon::ConnectedComponentBag() const {
   auto bag = std::make_shared<GeometryBag>();
   bag->SetSpatialReference(SpatialReference());
   const RingFamilies families = FindFamilies(*this);
+  // Asked once: the answer costs a look at every part.
+  const bool simple = IsKnownSimple();
+  const auto add = [&](const RingRef& exterior, const std::vector<RingRef>& holes) {
+    const std::shared_ptr<Polygon> component = Component(exterior, holes, SpatialReference());
+    if (simple) component->MarkSimple();
+    bag->AddGeometry(component);
+  };
   for (std::size_t index = 0; index < families.exteriors.size(); ++index) {
-    bag->AddGeometry(Component(families.exteriors[index], families.holes[index], *this));
+    add(families.exteriors[index], families.holes[index]);
   }
-  for (const RingRef& orphan : families.orphans) bag->AddGeometry(Component(orphan, {}, *this));
+  for (const RingRef& orphan : families.orphans) add(orphan, {});
   return bag;
 }
 

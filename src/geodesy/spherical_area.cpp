@@ -48,6 +48,8 @@ double PolygonAreaOf(const Polygon& polygon, SphericalAreaSum sum, bool want_cen
   const std::shared_ptr<GeometryBag> components = polygon.ConnectedComponentBag();
   for (std::int32_t index = 0; index < components->GeometryCount(); ++index) {
     const auto component = Cast<Polygon>(components->Geometry(index));
+    // A part without area adds none, and has no centre of gravity to span triangles from.
+    if (!component->HasArea()) continue;
     const XY apex = component->Centroid();
     for (const std::shared_ptr<Path>& ring : component->Parts()) sum.AddRing(ring->Vertices(), apex);
   }

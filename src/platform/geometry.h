@@ -10,6 +10,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -467,8 +468,15 @@ class Polygon final : public PartedShape, public IArea {
   [[nodiscard]] std::shared_ptr<GeometryBag> ConnectedComponentBag() const;
 
   [[nodiscard]] double Area() const override;
+  /// False where the area is 0, or nothing but the rounding of its sum.
+  [[nodiscard]] bool HasArea() const;
+  /// The centre of gravity of the area, holes left out; without an area that of the boundaries by their length, and
+  /// without a length the mean of the vertices. Fault 5 for an empty polygon.
   [[nodiscard]] XY Centroid() const override;
+  /// Fault 5 for a polygon without an inner point.
   [[nodiscard]] XY LabelPoint() const override;
+  /// A place inside the polygon, as the even-odd rule has it; nothing for one that bounds nothing.
+  [[nodiscard]] std::optional<XY> InnerPoint() const;
 
  private:
   [[nodiscard]] std::shared_ptr<Path> NewPart() const override;

@@ -1,10 +1,61 @@
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 #include "platform/fault.h"
 #include "platform/geometry.h"
 
 namespace tessarine {
+namespace {
+
+// How far the rounding of the vertices, and of each product and difference, may bring the sum of a polygon's area off.
+double RoundingOfArea(const Polygon& polygon) {
+  double sum = 0.0;
+  for (const auto& part : polygon.Parts()) {
+    const std::span<const XY> vertices = part->Vertices();
+    for (std::size_t at = 2; at < vertices.size(); ++at) {
+      const double x1 = vertices[at - 1].x - vertices[0].x, y1 = vertices[at - 1].y - vertices[0].y;
+      const double x2 = vertices[at].x - vertices[0].x, y2 = vertices[at].y - vertices[0].y;
+      sum += std::fabs(x1 * y2) + std::fabs(x2 * y1) + std::fabs(vertices[at].x) * (std::fabs(y1) + std::fabs(y2)) +
+             std::fabs(vertices[at].y) * (std::fabs(x1) + std::fabs(x2));
+    }
+  }
+  return 2.0 * std::numeric_limits<double>::epsilon() * sum;
+}
+
+XY MeanOfVertices(const Polygon& polygon) {
+  const XY origin = polygon.FromPoint();
+  double x = 0.0, y = 0.0;
+  std::int32_t count = 0;
+  for (const auto& part : polygon.Parts()) {
+    // The closing vertex is the first once more.
+    const std::span<const XY> vertices = part->Vertices().first(part->Vertices().size() - (part->IsClosed() ? 1 : 0));
+    for (const XY vertex : vertices) {
+      x += vertex.x - origin.x;
+      y += vertex.y - origin.y;
+      ++count;
+    }
+  }
+  return {origin.x + x / count, origin.y + y / count};
+}
+
+XY CenterOfBoundaries(const Polygon& polygon) {
+  const XY origin = polygon.FromPoint();
+  double length = 0.0, x = 0.0, y = 0.0;
+  for (std::int32_t index = 0; index < polygon.SegmentCount(); ++index) {
+    const Segment segment = polygon.Segment(index);
+    const double own = segment.Length();
+    const XY middle = segment.QueryPoint(esriNoExtension, 0.5, true);
+    length += own;
+    x += (middle.x - origin.x) * own;
+    y += (middle.y - origin.y) * own;
+  }
+  if (length == 0.0) return MeanOfVertices(polygon);
+  return {origin.x + x / length, origin.y + y / length};
+}
+
+}  // namespace
+
 ObjectRef Polygon::Clone() const {
   auto copy = std::make_shared<Polygon>();
   CopyPartsTo(*copy);
@@ -31,6 +82,17 @@ double Polygon::Area() const {
   return area;
 }
 
+bool Polygon::HasArea() const {
+  const double area = std::fabs(Area());
+  const tessarine::Envelope box = Envelope();
+  // Rounding could only matter in a polygon that fills next to nothing of its box.
+  if (area > 1e-6 * (box.XMax() - box.XMin()) * (box.YMax() - box.YMin())) return true;
+  if (HasCurves()) return area > 0.0;
+  // Of coordinates beyond measure nothing can be told; whoever works with them meets the overflow.
+  const double rounding = RoundingOfArea(*this);
+  return !std::isfinite(rounding) || area > rounding;
+}
+
 XY Polygon::Centroid() const {
   double area = 0.0, x = 0.0, y = 0.0;
   if (IsEmpty()) Raise(kInvalidCall, "An empty polygon has no centre of gravity.");
@@ -45,7 +107,7 @@ XY Polygon::Centroid() const {
     x += (center.x - origin.x) * ring_area;
     y += (center.y - origin.y) * ring_area;
   }
-  if (area == 0.0) Raise(kDivisionByZero, "A polygon without area has no centre of gravity.");
+  if (!HasArea()) return CenterOfBoundaries(*this);
   return {origin.x + x / area, origin.y + y / area};
 }
 

@@ -5,6 +5,7 @@ namespace tessarine {
 namespace {
 
 using namespace testing;
+using ::testing::AllOf;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::StartsWith;
@@ -44,6 +45,46 @@ TEST_F(CentroidsTest, OfPolygonsMayLieOutsideLabelPointsMayNot) {
   const OGRFeatureUniquePtr first(written->GetLayer(0)->GetNextFeature());
   const double x = first->GetGeometryRef()->toPoint()->getX(), y = first->GetGeometryRef()->toPoint()->getY();
   EXPECT_TRUE(x > 0 && x < 4 && y > 0 && y < 4 && (x < 1 || y < 1 || y > 3)) << x << " " << y;
+}
+
+// The first runs along one line, the second is drawn along a diagonal whose places no double holds.
+const std::vector<std::string> kTwoFlatOfFour = {
+    Feature(Shape("Polygon", "[[[0,0],[0,1],[1,1],[1,0],[0,0]]]"), R"({"name":"a"})"),
+    Feature(Shape("Polygon", "[[[3,3],[4,3],[5,3],[3,3]]]"), R"({"name":"flat"})"),
+    Feature(Shape("Polygon", "[[[0.1,0.1],[0.2,0.2],[0.7,0.7],[0.1,0.1]]]"), R"({"name":"flat too"})"),
+    Feature(Shape("Polygon", "[[[4,0],[4,1],[5,1],[5,0],[4,0]]]"), R"({"name":"b"})")};
+
+TEST_F(CentroidsTest, APolygonWithoutAreaCostsNoOther) {
+  const auto layer = Layer("fields", kTwoFlatOfFour, "4326");
+  const struct {
+    const char* name;
+    ConversionWorker& worker;
+    const char* heading;
+  } runs[] = {{"centroids", ConvertToCentroids, "Empty Geometries Found:"},
+              {"label points", ConvertToLabelPoints, "Empty Polygons Found:"},
+              {"spherical centroids", ConvertToSphericalCentroid, "Empty Features Found:"}};
+  for (const auto& run : runs) {
+    SCOPED_TRACE(run.name);
+    host.messages.answers = {MessageAnswer::Yes};
+    const std::string text = Run(run.worker, layer, {"name"});
+    EXPECT_THAT(Rows(), ElementsAre(AllOf(StartsWith("1 0.5 0.5"), HasSubstr(" a POINT (0.5")),
+                                    AllOf(StartsWith("2 4.5 0.5"), HasSubstr(" b POINT (4.5"))));
+    EXPECT_THAT(text, HasSubstr(std::string(run.heading) + " These features were skipped in the analysis...\n"
+                                                           "  ** OID Value = 1\n  ** OID Value = 2\n"));
+    EXPECT_THAT(host.journal.skipped_oids, ElementsAre(1, 2));
+    ASSERT_EQ(host.journal.warnings.size(), 1U);
+    EXPECT_EQ(host.journal.warnings[0].count, 2);
+    EXPECT_FALSE(host.journal.failed);
+  }
+}
+
+// The loops cancel each other out: no centre of gravity, but room for a label.
+TEST_F(CentroidsTest, AFigureOfEightHasALabelPointOnly) {
+  const auto layer = Layer("eight", {Feature(Shape("Polygon", "[[[0,0],[2,2],[2,0],[0,2],[0,0]]]"))});
+  EXPECT_THAT(Run(ConvertToCentroids, layer), HasSubstr("OID Value = 0\n"));
+  EXPECT_TRUE(Rows().empty());
+  host.messages.answers = {MessageAnswer::Yes};
+  EXPECT_THAT(Run(ConvertToLabelPoints, layer), HasSubstr("Contains 1 label points"));
 }
 
 TEST_F(CentroidsTest, OfLinesHalveTheLengthOfAllParts) {

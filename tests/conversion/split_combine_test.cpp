@@ -1,6 +1,7 @@
 // Splitting and combining. Expected shapes by hand.
 #include "conversion/steps.h"
 #include "helpers/conversion_run.h"
+#include "helpers/memory_class.h"
 #include "helpers/shapes.h"
 
 namespace tessarine {
@@ -53,11 +54,55 @@ TEST_F(SplitCombineTest, SplitsEveryKindUnderRunningNumbers) {
   }
 }
 
+TEST_F(SplitCombineTest, AHoleOutsideOfAllShellsIsAFeatureAndTold) {
+  const auto layer = Layer("areas", {Feature(Shape("Polygon", "[[[0,0],[0,1],[1,1],[1,0],[0,0]]]")),
+                                     Feature(Shape("Polygon",
+                                                   "[[[0,0],[0,9],[9,9],[9,0],[0,0]],[[1,1],[2,1],[2,2],[1,2],[1,1]],"
+                                                   "[[15,5],[17,5],[17,6],[15,6],[15,5]]]"))});
+  Run(SplitMultipart, layer);
+  EXPECT_THAT(Rows(), ElementsAre(StartsWith("1 1 POLYGON"), StartsWith("2 80 POLYGON"),
+                                  "3 2 POLYGON ((15 5,15 6,17 6,17 5,15 5))"));
+  ASSERT_EQ(host.journal.warnings.size(), 1U);
+  EXPECT_THAT(host.journal.warnings[0].first_oids, ElementsAre(1));
+}
+
+TEST_F(SplitCombineTest, ShapesWithNoNumbersAreSkippedByEveryRun) {
+  constexpr double kNan = std::numeric_limits<double>::quiet_NaN(), kInfinity = std::numeric_limits<double>::infinity();
+  const auto features = std::make_shared<MemoryClass>(esriGeometryPolygon);
+  features->reference = SpatialReferenceEnvironment::CreateFromText("EPSG:4326");
+  features->Add(PolygonOf({Box(0, 0, 2, 2)}));
+  features->Add(PolygonOf({{{0, 0}, {0, 2}, {kNan, 2}, {2, 0}, {0, 0}}}));
+  features->Add(PolygonOf({Box(5, 5, 7, 7), {{0, 0}, {0, 2}, {2, kInfinity}, {2, 0}, {0, 0}}}));
+  features->Add(PolygonOf({Box(0, 4, 2, 6)}));
+  const auto layer = std::make_shared<DocumentFeatureLayer>();
+  layer->SetName("odd");
+  layer->SetFeatureClass(features);
+  const struct {
+    ConversionWorker& worker;
+    std::size_t rows;
+    bool lists;
+  } runs[] = {{ConvertToVertices, 10, false}, {ConvertToLabelPoints, 2, true},
+              {ConvertToCentroids, 2, true},  {ConvertToSphericalCentroid, 2, true},
+              {PolygonsToPolylines, 2, true}, {SplitMultipart, 2, true},
+              {JoinFeatures, 1, true}};
+  for (const auto& run : runs) {
+    SCOPED_TRACE(run.rows);
+    host.messages.answers = {MessageAnswer::Yes};
+    const std::string text = Run(run.worker, layer);
+    EXPECT_EQ(Rows().size(), run.rows);
+    EXPECT_EQ(host.journal.skipped_oids.size(), 2U);
+    EXPECT_EQ(host.journal.warnings.size(), 1U);
+    EXPECT_EQ(text.find("These features were skipped") != std::string::npos, run.lists) << text;
+  }
+}
+
 TEST_F(SplitCombineTest, SplittingPointsFailsForWantOfAnOutputType) {
+  folder.Write("out.shp", "somebody's");
   const std::string text = Run(SplitMultipart, Layer("cities", {Feature(Shape("Point", "[1,2]"))}));
   EXPECT_THAT(text, HasSubstr("!!!  Split Multipart Shapes Failed  !!!"));
   EXPECT_THAT(text, HasSubstr("Function = SplitMultipart\n"));
-  EXPECT_FALSE(folder.Has("out.shp"));
+  EXPECT_THAT(host.messages.shown, IsEmpty());  // nobody was asked to have a file replaced in vain
+  EXPECT_TRUE(folder.Has("out.shp"));
 }
 
 TEST_F(SplitCombineTest, AStopWithinTheUnionEndsTheRun) {
@@ -114,11 +159,11 @@ TEST_F(SplitCombineTest, MultipointsGiveOneBareFeature) {
   EXPECT_EQ(application->status_bar->steps, 0);
 }
 
-TEST_F(SplitCombineTest, PointsMakeAMultipointThatAClassOfPointsRefuses) {
+TEST_F(SplitCombineTest, CombiningPointsFailsBeforeAnythingIsMade) {
   const auto layer = Layer("cities", {Feature(Shape("Point", "[1,2]")), Feature(Shape("Point", "[3,4]"))});
   EXPECT_THAT(Run(JoinFeatures, layer), HasSubstr("!!!  Join Features Failed  !!!"));
   EXPECT_EQ(host.error_reports.size(), 1U);
-  EXPECT_EQ(Layout(), "Uniq_ID Count WGS 84 / UTM zone 12N");
+  EXPECT_FALSE(folder.Has("out.shp"));
 }
 
 // What a step hands on, without a class that may refuse it.
@@ -130,6 +175,8 @@ struct Recorder final : ConversionSink {
   void SetMeasure(std::size_t, double value) override { measure = value; }
   void Insert() override { ++inserted; }
   void InsertUnnumbered() override {}
+  void Skip(std::string_view) override {}
+  void Warn(std::string_view) override {}
 };
 
 TEST_F(SplitCombineTest, CoincidingPointsCountOnce) {
