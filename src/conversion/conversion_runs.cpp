@@ -211,6 +211,14 @@ ShapeRule RuleFor(const ConversionRun& run, esriGeometryType input) {
   return {input, run.Kind == RunKind::Joining ? input : esriGeometryNull, {}};
 }
 
+std::string_view WhyNever(const ConversionRun& run, esriGeometryType input) {
+  if (run.Kind == RunKind::Joining && input == esriGeometryPoint) {
+    return "Points can't be combined: what they make is a multipoint, which the new class of points can't hold.";
+  }
+  if (RuleFor(run, input).Output != esriGeometryNull) return "";
+  return "Features of this kind have no parts to split: choose a layer of multipoints, polylines or polygons.";
+}
+
 SpatialReferenceRef OutputReference(const ConversionRun& run, const SpatialReferenceRef& input) {
   if (run.Kind != RunKind::Geographic) return input;
   const auto projected = Cast<const ProjectedCoordinateSystem>(input);

@@ -62,6 +62,8 @@ struct ConversionRun {
 /// What the run makes of an input of this type. A type without a rule gives no measure, and no output type unless the
 /// run joins, which keeps the type of its input.
 [[nodiscard]] ShapeRule RuleFor(const ConversionRun& run, esriGeometryType input);
+/// Why the run can do nothing with an input of this type, a sentence; empty where it can.
+[[nodiscard]] std::string_view WhyNever(const ConversionRun& run, esriGeometryType input);
 /// The reference that the output of the run takes for an input in this one.
 [[nodiscard]] SpatialReferenceRef OutputReference(const ConversionRun& run, const SpatialReferenceRef& input);
 

@@ -8,6 +8,7 @@
 #include "conversion/output_target.h"
 #include "conversion/run_data.h"
 #include "conversion/run_reports.h"
+#include "platform/finite_shape.h"
 #include "platform/host.h"
 #include "platform/run_scope.h"
 #include "platform/run_stop.h"
@@ -24,6 +25,9 @@ using namespace MyGeneralOperations;
 
 constexpr std::int32_t kReportFontSize = 8;
 
+constexpr std::string_view kNotFinite =
+    "Features with a coordinate that is infinite or no number have no output: mend or remove these coordinates.";
+
 // Writes output features: one buffer, refilled for each of them.
 class OutputWriter final : public ConversionSink {
  public:
@@ -33,6 +37,8 @@ class OutputWriter final : public ConversionSink {
         buffer_(output->CreateFeatureBuffer()),
         cursor_(output->Insert(true)) {}
 
+  /// The input feature that comes now.
+  void SetInput(std::int64_t oid) { oid_ = oid; }
   /// The attributes repeat on every output feature of one input feature and stay in the buffer until the next.
   void BeginFeature(const IFeature& input) {
     oid_ = input.OID();
@@ -53,6 +59,11 @@ class OutputWriter final : public ConversionSink {
     WriteRow([this] { cursor_->InsertFeature(*buffer_); });
     ++Host().Journal().written;
   }
+  void Skip(std::string_view reason) override {
+    Host().Journal().skipped_oids.push_back(oid_);
+    Warn(reason);
+  }
+  void Warn(std::string_view text) override { Host().Journal().NoteWarning(text, oid_); }
   void Flush() { cursor_->Flush(); }
   /// Flushes, and tells of rows that could not be written.
   void Close() { cursor_->Close(); }
@@ -86,6 +97,11 @@ bool ConvertFeatures(const ConversionRun& run, const StepContext& context, const
       const GeometryRef shape = feature->Shape();
       if (!shape || shape->IsEmpty()) {
         journal.skipped_oids.push_back(oid);
+        return;
+      }
+      writer.SetInput(oid);
+      if (!HasOnlyFiniteCoordinates(*shape)) {
+        writer.Skip(kNotFinite);
         return;
       }
       if (!joins) writer.BeginFeature(*feature);
@@ -126,7 +142,6 @@ std::string RunConversion(const ConversionRun& run, const std::shared_ptr<IFeatu
     RunProgress progress(ProgressWords(run, facts.layer_name), application, extension, input.count,
                          show_progress && run.Kind != RunKind::Joining);
 
-    OutputTarget target = SplitOutputPath(path, *extension);
     const SpatialReferenceRef reference = input.features->SpatialReference();
     if (!CanFrame(run, reference)) {
       journal.Fail("'" + facts.layer_name +
@@ -137,13 +152,26 @@ std::string RunConversion(const ConversionRun& run, const std::shared_ptr<IFeatu
     const OutputFrame frame = FrameOf(run, *input.features);
     journal.reference = frame.reference;
     const esriGeometryType input_type = input.features->ShapeType();
+    // Before an output of the same name would be replaced.
+    if (const std::string_view reason = WhyNever(run, input_type); !reason.empty()) {
+      Raise(kTypeMismatch, std::string(reason));
+    }
     const ShapeRule rule = RuleFor(run, input_type);
     FieldTransfer transfer = FieldTransfer::BesideInput(*input.features, rule.MeasureFields, *fields);
-    AnnounceChanges(transfer.Carried(), target.kind);
     if (all_records) NoteLeftOut(*input.features, journal);
-    output = CreateRunOutput(target, rule.Output, frame.reference, frame.extent, transfer.OutputFields(),
-                             run.Words.NamePrompt);
-    journal.output_path = facts.output_path = WrittenPath(target, *output);
+    OutputRequest request = RequestFor(SplitOutputPath(path, *extension), run.Words.NamePrompt);
+    request.geometry_type = rule.Output;
+    request.reference = frame.reference;
+    request.envelope = &frame.extent;
+    request.fields = transfer.OutputFields();
+    request.sources = {input.features};
+    AnnounceChanges(transfer.Carried(), request.kind);
+    output = CreateOutput(request);
+    if (!output) {
+      progress.Abandon();
+      return EndWithoutOutput();
+    }
+    facts.output_path = OutputPath(*output, request);
     transfer.Bind(input.features.get(), *output);
     facts.field_report = transfer.FieldReport();
 
@@ -153,6 +181,7 @@ std::string RunConversion(const ConversionRun& run, const std::shared_ptr<IFeatu
       const bool finished =
           UnlessStopped([&] { return ConvertFeatures(run, context, input, writer, progress, facts); });
       writer.Close();
+      PublishOutput(*output, request);
       CheckRowsWritten(journal, *output);
       tell_faults();
       if (!finished) {
@@ -160,7 +189,7 @@ std::string RunConversion(const ConversionRun& run, const std::shared_ptr<IFeatu
         return StoppedReport(run, facts, journal);
       }
     }
-    AddResultLayer(output, target.name, *document);
+    AddResultLayer(output, output->Name(), *document);
     document->UpdateContents();
     progress.Finish();
     document->ActiveView()->PartialRefresh(esriViewGeography, nullptr, nullptr);
@@ -172,7 +201,7 @@ std::string RunConversion(const ConversionRun& run, const std::shared_ptr<IFeatu
   };
   const auto on_fault = [&](const Fault& fault) {
     journal.Fail(fault.Description());
-    journal.written = ReadableRows(output);
+    DiscardUnpublished(output);
     tell_faults();
     return FailureReport(run, facts, journal, fault);
   };

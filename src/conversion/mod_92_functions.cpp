@@ -9,6 +9,7 @@
 #include "conversion/output_target.h"
 #include "conversion/run_data.h"
 #include "platform/feature_construction.h"
+#include "platform/finite_shape.h"
 #include "platform/host.h"
 #include "platform/run_scope.h"
 #include "platform/run_stop.h"
@@ -26,6 +27,9 @@ using namespace MyGeneralOperations;
 constexpr std::int32_t kReportFontSize = 8;
 constexpr const char* kWorker = "orlBuildPolygons";
 constexpr std::array<std::string_view, 1> kMeasures = {"Area"};
+
+constexpr std::string_view kNotFinite =
+    "Lines with a coordinate that is infinite or no number bound nothing: mend or remove these coordinates.";
 
 /// The moving picture and the hourglass while the run lasts, however it ends.
 class BusySigns {
@@ -70,10 +74,11 @@ Lines CollectLines(const std::shared_ptr<IFeatureLayer>& layer, bool all_lines) 
     const std::int64_t oid = feature->OID();
     static_cast<void>(WorkOnRecord(journal, oid, [&] {
       const GeometryRef shape = feature->Shape();
-      if (shape) {
+      if (shape && HasOnlyFiniteCoordinates(*shape)) {
         lines.shapes.push_back(shape);
       } else {
         journal.skipped_oids.push_back(oid);
+        if (shape) journal.NoteWarning(kNotFinite, oid);
       }
     }));
   }
@@ -150,19 +155,25 @@ std::string orlBuildPolygons(const std::shared_ptr<IFeatureLayer>& line_layer, b
 
     BuildFacts facts;
     facts.output_path = aml_func_mod::MakeUniqueFilename(path);
-    OutputTarget target = SplitOutputPath(facts.output_path, *extension);
     const VarArray none;
     FieldTransfer transfer = FieldTransfer::BesideChosen(kMeasures, fields ? *fields : none);
-    AnnounceChanges(transfer.Carried(), target.kind);
     if (all_lines) NoteLeftOut(*lines.features, journal);
     const SpatialReferenceRef reference = lines.features->SpatialReference();
     const Envelope extent = lines.features->Extent();
-    output = CreateRunOutput(target, esriGeometryPolygon, reference, extent, transfer.OutputFields(),
-                             "Specify New Polygon Feature Class Name:");
-    facts.output_path = WrittenPath(target, *output);
-    journal.output_path = facts.output_path;
-    journal.reference = output->SpatialReference();
     const auto points = transfer_labels ? Require(point_layer, "point layer")->FeatureClass() : nullptr;
+    OutputRequest request =
+        RequestFor(SplitOutputPath(facts.output_path, *extension), "Specify New Polygon Feature Class Name:");
+    request.geometry_type = esriGeometryPolygon;
+    request.reference = reference;
+    request.envelope = &extent;
+    request.fields = transfer.OutputFields();
+    request.sources = {lines.features};
+    if (points) request.sources.push_back(points);
+    AnnounceChanges(transfer.Carried(), request.kind);
+    output = CreateOutput(request);
+    if (!output) return EndWithoutOutput();
+    facts.output_path = OutputPath(*output, request);
+    journal.reference = output->SpatialReference();
     transfer.Bind(points.get(), *output);
 
     ConstructPolygons(lines, cluster_tolerance, *output);
@@ -177,11 +188,12 @@ std::string orlBuildPolygons(const std::shared_ptr<IFeatureLayer>& line_layer, b
       labels.emplace(point_layer, use_all_label_points, use_first_label_point, output->SpatialReference());
     }
     facts.unlabelled = CompletePolygons(*output, transfer, labels);
+    PublishOutput(*output, request);
     journal.written = facts.output_count;
     CheckRowsWritten(journal, *output);
     tell_faults();
 
-    AddResultLayer(output, target.name, *document);
+    AddResultLayer(output, output->Name(), *document);
     document->ActiveView()->PartialRefresh(esriViewGeography, nullptr, nullptr);
 
     scope.End();
@@ -201,14 +213,14 @@ std::string orlBuildPolygons(const std::shared_ptr<IFeatureLayer>& line_layer, b
   };
   const auto on_fault = [&](const Fault& fault) {
     journal.Fail(fault.Description());
-    journal.written = ReadableRows(output);
+    DiscardUnpublished(output);
     tell_faults();
     return BuildFailureReport(fault, journal, line_layer->Name());
   };
   std::string report;
   if (!UnlessStopped([&] { report = TrapWith(kWorker, run_body, on_fault); })) {
     journal.stopped = true;
-    journal.written = ReadableRows(output);
+    DiscardUnpublished(output);
     tell_faults();
   }
   return report;

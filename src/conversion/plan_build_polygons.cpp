@@ -35,6 +35,8 @@ std::string PlanBuildPolygons(const clsExtension& extension) {
     const VarArray none;
     const FieldTransfer transfer =
         FieldTransfer::BesideChosen(kMeasures, extension.SelectedFields ? *extension.SelectedFields : none);
+    std::vector<std::shared_ptr<IClass>> sources = {layer->FeatureClass()};
+    if (extension.BuildShouldTransferLabels) sources.push_back(extension.SelectedPointLayer->FeatureClass());
     return std::string(ReportHeader()) +
            "Build Polygons, planned only: nothing was written\\par\r\n\\pard Input:\\b0\\par\r\n"
            "  ** Input Polyline Feature Layer: " +
@@ -44,7 +46,7 @@ std::string PlanBuildPolygons(const clsExtension& extension) {
            MyGeneralOperations::TrimZerosAndDecimals(extension.BuildClusterTolerance, false) + " " +
            EscapeRtf(UnitWord(reference)) + "\\par\r\n" + LabelLines(extension) +
            "  ** Spatial Reference:  " + EscapeRtf(reference->Name()) + "\\par\r\n" +
-           PlannedOutput(path, SplitOutputPath(path, extension), "polygon", transfer) + "}";
+           PlannedOutput(SplitOutputPath(path, extension), "polygon", transfer, sources) + "}";
   });
 }
 

@@ -11,6 +11,14 @@
 #include "platform/trap.h"
 
 namespace tessarine::modCreateVertices {
+namespace {
+
+std::string RefusalLine(std::string_view reason) {
+  if (reason.empty()) return "";
+  return "\\b The run would be refused:\\b0\\par\r\n  ** " + EscapeRtf(std::string(reason)) + "\\par\r\n";
+}
+
+}  // namespace
 
 std::string PlanConversion(const ConversionRun& run, const std::shared_ptr<IFeatureLayer>& layer,
                            const std::shared_ptr<VarArray>& fields, bool all_records, const std::string& path,
@@ -33,7 +41,8 @@ std::string PlanConversion(const ConversionRun& run, const std::shared_ptr<IFeat
            std::string(all_records ? run.Words.AllLabel : run.Words.SelectedLabel) +
            std::to_string(extension->AnalysisRecordCount) +
            ")\\par\r\n  ** Spatial Reference:  " + EscapeRtf(input->SpatialReference()->Name()) + "\\par\r\n" +
-           PlannedOutput(path, target, ShapeWord(rule.Output, "unknown"), transfer) + "}";
+           PlannedOutput(target, ShapeWord(rule.Output, "unknown"), transfer, {input}) +
+           RefusalLine(WhyNever(run, input->ShapeType())) + "}";
   });
 }
 

@@ -1,28 +1,14 @@
 #include "conversion/plan_texts.h"
 
+#include "conversion/run_data.h"
 #include "conversion/run_reports.h"
-#include "platform/host.h"
 #include "platform/rich_text.h"
 #include "support/MyGeneralOperations.h"
-#include "support/attempt.h"
-#include "support/output_chooser.h"
 
 namespace tessarine {
 namespace {
 
 using namespace MyGeneralOperations;
-
-std::shared_ptr<IFeatureWorkspace> OpenTarget(const OutputTarget& target) {
-  const auto factory = target.kind == kFileGeodatabase       ? CreateFileGDBWorkspaceFactory()
-                       : target.kind == kPersonalGeodatabase ? CreateAccessWorkspaceFactory()
-                                                             : CreateShapefileWorkspaceFactory();
-  return Attempt([&] { return factory->OpenFromFile(WithoutTrailingSlash(target.directory), 0); });
-}
-
-bool OutputExists(const OutputTarget& target) {
-  const std::shared_ptr<IFeatureWorkspace> workspace = OpenTarget(target);
-  return workspace && CheckIfFeatureClassExists(workspace, target.name);
-}
 
 std::string KindText(const OutputTarget& target) {
   const std::string kind = DirectoryTypeText(target.kind);
@@ -52,17 +38,14 @@ std::string ForetoldLines(const FieldTransfer& transfer, const OutputTarget& tar
 
 }  // namespace
 
-std::string PlannedOutput(const std::string& path, const OutputTarget& target, std::string_view shape_word,
-                          const FieldTransfer& transfer) {
-  RunJournal& journal = Host().Journal();
-  journal.output_path = path;
-  for (const Variant& field : *transfer.OutputFields()) journal.planned_fields.push_back(field.AsObject<Field>()->Name);
-  std::string question = "None";
-  if (OutputExists(target)) {
-    question = "Feature Class Already Exists: the run would ask whether to overwrite it.";
-    journal.planned_questions.push_back(question);
-  }
-  return "\\b Output:\\b0\\par\r\n  ** " + PathForReport(path) + "\\par\r\n  ** " + KindText(target) + ", " +
+std::string PlannedOutput(const OutputTarget& target, std::string_view shape_word, const FieldTransfer& transfer,
+                          std::vector<std::shared_ptr<IClass>> sources) {
+  OutputRequest request = RequestFor(target, "");
+  request.fields = transfer.OutputFields();
+  request.sources = std::move(sources);
+  const OutputPlan plan = PlanOutput(request);
+  const std::string question = NotePlan(plan, request);
+  return "\\b Output:\\b0\\par\r\n  ** " + PathForReport(plan.path) + "\\par\r\n  ** " + KindText(target) + ", " +
          std::string(shape_word) + "\\par\r\n\\b Fields:\\b0\\par\r\n" + FieldLines(transfer) +
          ForetoldLines(transfer, target) + "\\b Questions:\\b0\\par\r\n  ** " + question + "\\par\r\n";
 }

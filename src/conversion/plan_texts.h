@@ -1,16 +1,19 @@
 // What the plans of runs say of their output.
 #pragma once
 
+#include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "conversion/field_transfer.h"
 #include "conversion/output_target.h"
 
 namespace tessarine {
 
-/// Place, kind, fields and questions of a planned output, as RTF. The journal gets them too.
-[[nodiscard]] std::string PlannedOutput(const std::string& path, const OutputTarget& target,
-                                        std::string_view shape_word, const FieldTransfer& transfer);
+/// Place, kind, fields and questions of a planned output, as RTF; the journal gets them, too. A fault where the run
+/// would be refused: the output is one of its sources, or can't bear its name.
+[[nodiscard]] std::string PlannedOutput(const OutputTarget& target, std::string_view shape_word,
+                                        const FieldTransfer& transfer, std::vector<std::shared_ptr<IClass>> sources);
 
 }  // namespace tessarine

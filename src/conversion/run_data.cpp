@@ -19,20 +19,22 @@ RunInput OpenInput(const std::shared_ptr<IFeatureLayer>& layer, bool all_records
   return input;
 }
 
-std::shared_ptr<IFeatureClass> CreateRunOutput(OutputTarget& target, esriGeometryType shape_type,
-                                               const SpatialReferenceRef& reference, const Envelope& extent,
-                                               const std::shared_ptr<VarArray>& fields, std::string_view name_prompt) {
-  return Require(
-      MyGeneralOperations::CreateGeneralFeatureClass(shape_type, reference, target.directory, target.name, target.kind,
-                                                     fields, std::string(name_prompt), target.is_feature_dataset,
-                                                     target.feature_dataset, false, false, &extent, 0),
-      "the output feature class was not created");
+MyGeneralOperations::OutputRequest RequestFor(const OutputTarget& target, std::string_view name_prompt) {
+  MyGeneralOperations::OutputRequest request;
+  request.directory = target.directory;
+  request.name = target.name;
+  request.kind = target.kind;
+  request.is_feature_dataset = target.is_feature_dataset;
+  request.feature_dataset = target.feature_dataset;
+  request.dialog_title = name_prompt;
+  return request;
 }
 
-std::string WrittenPath(const OutputTarget& target, const IFeatureClass& output) {
-  // The name of a class leaves out the dataset that it lies in.
-  const bool in_dataset = target.is_feature_dataset && !output.Category().starts_with("Shapefile");
-  return in_dataset ? target.directory + "\\" + target.name : output.FullName();
+std::string EndWithoutOutput() {
+  if (!Host().Journal().cancelled) {
+    Raise(kObjectNotSet, "Object variable not set: the output feature class was not created");
+  }
+  return "";
 }
 
 void AddResultLayer(const std::shared_ptr<IFeatureClass>& output, const std::string& name,

@@ -10,6 +10,7 @@
 #include "platform/application.h"
 #include "platform/arrays.h"
 #include "platform/data.h"
+#include "support/output_datasets.h"
 
 namespace tessarine {
 
@@ -22,15 +23,11 @@ struct RunInput {
 /// All records of the layer, or the selected ones, in the order of the data.
 [[nodiscard]] RunInput OpenInput(const std::shared_ptr<IFeatureLayer>& layer, bool all_records);
 
-/// Creates the output class; the target ends as what was used. A fault when there is none.
-[[nodiscard]] std::shared_ptr<IFeatureClass> CreateRunOutput(OutputTarget& target, esriGeometryType shape_type,
-                                                             const SpatialReferenceRef& reference,
-                                                             const Envelope& extent,
-                                                             const std::shared_ptr<VarArray>& fields,
-                                                             std::string_view name_prompt);
+/// The request for an output at this target, without what the run knows of its data.
+[[nodiscard]] MyGeneralOperations::OutputRequest RequestFor(const OutputTarget& target, std::string_view name_prompt);
 
-/// Where the output lies, as it was made.
-[[nodiscard]] std::string WrittenPath(const OutputTarget& target, const IFeatureClass& output);
+/// The empty report of a run that made no output because the user gave up. A fault where it was for another reason.
+[[nodiscard]] std::string EndWithoutOutput();
 
 /// Adds a layer of the output to the focus map.
 void AddResultLayer(const std::shared_ptr<IFeatureClass>& output, const std::string& name, const IMxDocument& document);

@@ -44,8 +44,8 @@ class DataSource : public virtual Object {
 
 /// Makes an empty file geodatabase.
 void CreateFileGeodatabase(const std::string& native_path);
-/// Removes a file geodatabase that holds no layer.
-void RemoveFileGeodatabaseIfEmpty(const std::string& native_path);
+/// Announces a file geodatabase: opening its workspace succeeds from now on, and its first class makes it.
+void PromiseFileGeodatabase(const std::string& native_path);
 /// Announces a feature dataset: opening it succeeds from now on, and its first class makes it with this reference.
 void PromiseFeatureDataset(const std::string& native_geodatabase, const std::string& name,
                            const SpatialReferenceRef& reference);

@@ -15,7 +15,7 @@ namespace fs = std::filesystem;
 
 std::string FindDbaseTable(const OgrSource& source) {
   std::error_code error;
-  fs::path base = source.Path();
+  fs::path base = source.DataPath();
   if (fs::is_directory(base, error)) base /= source.LayerName() + ".shp";
   for (const char* ending : {".dbf", ".DBF", ".Dbf"}) {
     const fs::path table = fs::path(base).replace_extension(ending);

@@ -41,6 +41,8 @@ class FileGdbEdit {
   /// Where the data are while the edit lasts.
   [[nodiscard]] const std::string& Folder() const { return copy_.Folder(); }
 
+  /// To be called when GDAL has made the geodatabase in `Folder`.
+  void OwnCatalogue();
   /// To be called before GDAL opens a class for writing: its files become ones of the copy alone.
   void TableChanges(const std::string& name);
   /// GDAL writes or deletes rows of this table; it makes the indexes anew itself.
@@ -58,7 +60,6 @@ class FileGdbEdit {
   };
 
   explicit FileGdbEdit(const std::string& native_path);
-  void OwnCatalogue();
   void BlockFreePlaces(const std::string& base);
   void UnblockFreePlaces();
   void Publish();

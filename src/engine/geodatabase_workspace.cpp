@@ -1,6 +1,7 @@
 // File geodatabases, which can be written, and personal geodatabases, which can only be read.
 #include <filesystem>
 #include <map>
+#include <set>
 
 #include "engine/data_source.h"
 #include "engine/engine_fault.h"
@@ -8,6 +9,7 @@
 #include "engine/filegdb_grid.h"
 #include "engine/ogr_class.h"
 #include "engine/srs_from_gdal.h"
+#include "engine/staged_class.h"
 #include "engine/workspace_common.h"
 #include "platform/paths.h"
 #include "platform/text_formats.h"
@@ -26,7 +28,15 @@ Promises& PromisedDatasets() {
   return promised;
 }
 
+// Geodatabases that were announced and come to be with their first class.
+std::set<std::string>& PromisedGeodatabases() {
+  static std::set<std::string> promised;
+  return promised;
+}
+
 std::string NormalPath(const std::string& native) { return fs::absolute(native).lexically_normal().string(); }
+
+bool IsPromised(const std::string& geodatabase) { return PromisedGeodatabases().contains(NormalPath(geodatabase)); }
 
 SpatialReferenceRef PromisedReference(const std::string& geodatabase, const std::string& name) {
   for (const auto& [place, reference] : PromisedDatasets()) {
@@ -90,7 +100,7 @@ void AddGrid(const NewGrid& grid, CPLStringList& options) {
   options.SetNameValue("XYTOLERANCE", ExactNumberText(grid.xy_tolerance).c_str());
 }
 
-void CreateClass(const std::string& path, const std::string& dataset_name, const NewClass& request) {
+std::string CreateClass(const std::string& path, const std::string& dataset_name, const NewClass& request) {
   const std::optional<NewGrid> grid = GridOfNewClass(path, dataset_name, ShapeDefinition(request));
   const DatasetHandle dataset = OpenDataset(path, true);
   RequireFreeName(*dataset, path, request.name);
@@ -101,31 +111,52 @@ void CreateClass(const std::string& path, const std::string& dataset_name, const
   }
   if (!dataset_name.empty()) options.SetNameValue("FEATURE_DATASET", dataset_name.c_str());
   if (grid) AddGrid(*grid, options);
-  CreateLayer(*dataset, request, options, false);
+  return CreateLayer(*dataset, request, options, false);
 }
 
-// The new class appears with its rows, when the cursor that inserts them is closed.
-std::shared_ptr<IFeatureClass> CreateInGeodatabase(const std::string& path, const std::string& dataset_name,
-                                                   const std::string& name, const FieldsRef& fields,
-                                                   const std::string& shape_field) {
-  std::shared_ptr<FileGdbEdit> edit = FileGdbEdit::Begin(path);
+void MakeGeodatabase(const std::string& folder, const std::string& shown_path) {
+  RegisterDrivers();
+  const GdalErrorScope errors;
+  GDALDriver* driver = GetGDALDriverManager()->GetDriverByName("OpenFileGDB");
+  const DatasetHandle dataset(driver->Create(folder.c_str(), 0, 0, 0, GDT_Unknown, nullptr));
+  if (dataset) return;
+  RaiseEngineFault("The file geodatabase '" + shown_path + "' can't be created" + errors.Quote() + ".");
+}
+
+// Names whose class or table the next class of the name may replace, in lower case.
+using ReplacedNames = std::shared_ptr<std::set<std::string>>;
+
+struct PlaceOfClasses {
+  std::string path;
+  std::string dataset;  // empty at the root
+  ReplacedNames replaced;
+};
+
+// The new class, and the geodatabase where that isn't there yet, appear when the class is published.
+std::shared_ptr<IFeatureClass> CreateInGeodatabase(const PlaceOfClasses& place, const std::string& name,
+                                                   const FieldsRef& fields, const std::string& shape_field) {
+  RequireWritableFolder(fs::absolute(place.path).parent_path().string());
+  std::shared_ptr<FileGdbEdit> edit = FileGdbEdit::Begin(place.path);
   try {
-    std::string stored = dataset_name.empty() ? "" : StoredDatasetName(path, dataset_name);
-    if (stored.empty()) stored = dataset_name;
-    CreateClass(path, stored, {name, fields.get(), shape_field});
-    auto features = DataSource::Open(path, false)->OpenFeatureClass(name);
-    if (const auto own = Cast<OgrClass>(features)) own->KeepEdit(own->BeginEdit());
-    edit.reset();
-    return features;
+    if (!fs::exists(edit->Folder())) {
+      MakeGeodatabase(edit->Folder(), place.path);
+      edit->OwnCatalogue();
+    }
+    if (place.replaced->erase(LowerCase(name)) > 0) DataSource::Open(place.path, false)->OpenTable(name)->Delete();
+    std::string stored = place.dataset.empty() ? "" : StoredDatasetName(place.path, place.dataset);
+    if (stored.empty()) stored = place.dataset;
+    const std::string made = CreateClass(place.path, stored, {name, fields.get(), shape_field});
+    return std::make_shared<StagedGeodatabaseClass>(place.path, made, edit);
   } catch (...) {
-    if (edit && edit.use_count() == 1) edit->Abandon();
+    edit->Abandon();
     throw;
   }
 }
 
 class GeodatabaseDataset final : public IFeatureDataset {
  public:
-  GeodatabaseDataset(std::string geodatabase, const std::string& name) : geodatabase_(std::move(geodatabase)) {
+  GeodatabaseDataset(std::string geodatabase, const std::string& name, ReplacedNames replaced)
+      : geodatabase_(std::move(geodatabase)), replaced_(std::move(replaced)) {
     name_ = StoredDatasetName(geodatabase_, name);
     if (name_.empty()) name_ = name;
   }
@@ -153,13 +184,23 @@ class GeodatabaseDataset final : public IFeatureDataset {
                                                                   const std::shared_ptr<UID>&, esriFeatureType,
                                                                   const std::string& shape_field,
                                                                   const std::string&) override {
-    return CreateInGeodatabase(geodatabase_, name_, name, fields, shape_field);
+    return CreateInGeodatabase({geodatabase_, name_, replaced_}, name, fields, shape_field);
   }
 
  private:
   std::string geodatabase_;
   std::string name_;
+  ReplacedNames replaced_;
 };
+
+bool HoldsLayer(const std::string& path, const std::string& name) {
+  if (!fs::exists(PlaceOfData(path))) return false;
+  const DatasetHandle dataset = OpenDataset(path, false);
+  for (int index = 0; index < dataset->GetLayerCount(); ++index) {
+    if (EqualsIgnoringCase(dataset->GetLayer(index)->GetName(), name)) return true;
+  }
+  return false;
+}
 
 class FileGeodatabase final : public IFeatureWorkspace {
  public:
@@ -174,18 +215,21 @@ class FileGeodatabase final : public IFeatureWorkspace {
   }
   [[nodiscard]] std::shared_ptr<IFeatureDataset> OpenFeatureDataset(const std::string& name) override {
     if (!HasDataset(path_, name)) RaiseEngineFault("'" + path_ + "' has no feature dataset '" + name + "'.");
-    return std::make_shared<GeodatabaseDataset>(path_, name);
+    return std::make_shared<GeodatabaseDataset>(path_, name, replaced_);
   }
+  [[nodiscard]] bool HoldsName(const std::string& name) override { return HoldsLayer(path_, name); }
+  void AllowReplacing(const std::string& name) override { replaced_->insert(LowerCase(name)); }
   [[nodiscard]] std::shared_ptr<IFeatureClass> CreateFeatureClass(const std::string& name, const FieldsRef& fields,
                                                                   const std::shared_ptr<UID>&,
                                                                   const std::shared_ptr<UID>&, esriFeatureType,
                                                                   const std::string& shape_field,
                                                                   const std::string&) override {
-    return CreateInGeodatabase(path_, "", name, fields, shape_field);
+    return CreateInGeodatabase({path_, "", replaced_}, name, fields, shape_field);
   }
 
  private:
   std::string path_;
+  ReplacedNames replaced_ = std::make_shared<std::set<std::string>>();
 };
 
 class PersonalGeodatabase final : public IFeatureWorkspace {
@@ -223,12 +267,13 @@ class GeodatabaseFactory final : public IWorkspaceFactory {
 
   [[nodiscard]] std::shared_ptr<IFeatureWorkspace> OpenFromFile(const std::string& path, std::int32_t) override {
     const std::string native = ToNativePath(path);
-    if (!fs::exists(native)) RaiseEngineFault("There is no geodatabase '" + native + "'.");
+    if (!fs::exists(native) && !IsPromised(native)) RaiseEngineFault("There is no geodatabase '" + native + "'.");
     if (!IsWorkspace(path)) RaiseEngineFault("'" + native + "' is no geodatabase of the kind " + ending_ + ".");
     return std::make_shared<Workspace>(native);
   }
   [[nodiscard]] bool IsWorkspace(const std::string& path) const override {
-    return EndsWithIgnoringCase(path, ending_) && fs::exists(ToNativePath(path));
+    const std::string native = ToNativePath(path);
+    return EndsWithIgnoringCase(path, ending_) && (fs::exists(native) || IsPromised(native));
   }
   [[nodiscard]] bool ContainsWorkspace(const std::string& folder) const override {
     std::error_code error;
@@ -252,6 +297,8 @@ std::shared_ptr<IWorkspaceFactory> CreateAccessWorkspaceFactory() {
   return std::make_shared<GeodatabaseFactory<PersonalGeodatabase>>(".mdb");
 }
 
+void PromiseFileGeodatabase(const std::string& native_path) { PromisedGeodatabases().insert(NormalPath(native_path)); }
+
 void PromiseFeatureDataset(const std::string& native_geodatabase, const std::string& name,
                            const SpatialReferenceRef& reference) {
   PromisedDatasets()[{NormalPath(native_geodatabase), name}] = reference;
@@ -272,26 +319,9 @@ SpatialReferenceRef FeatureDatasetReference(const std::string& native_geodatabas
 }
 
 void CreateFileGeodatabase(const std::string& native_path) {
-  RequireWritableFolder(fs::absolute(native_path).parent_path().string());
-  RegisterDrivers();
   if (fs::exists(native_path)) RaiseEngineFault("'" + native_path + "' exists already: name another geodatabase.");
-  EditFileGdb(native_path, [&](FileGdbEdit& edit) {
-    const GdalErrorScope errors;
-    GDALDriver* driver = GetGDALDriverManager()->GetDriverByName("OpenFileGDB");
-    const DatasetHandle dataset(driver->Create(edit.Folder().c_str(), 0, 0, 0, GDT_Unknown, nullptr));
-    if (dataset) return;
-    RaiseEngineFault("The file geodatabase '" + native_path + "' can't be created" + errors.Quote() + ".");
-  });
-}
-
-void RemoveFileGeodatabaseIfEmpty(const std::string& native_path) {
-  try {
-    if (OpenDataset(native_path, false)->GetLayerCount() > 0) return;
-  } catch (const Fault&) {
-    return;
-  }
-  std::error_code error;
-  fs::remove_all(native_path, error);
+  RequireWritableFolder(fs::absolute(native_path).parent_path().string());
+  EditFileGdb(native_path, [&](FileGdbEdit& edit) { MakeGeodatabase(edit.Folder(), native_path); });
 }
 
 }  // namespace tessarine

@@ -7,6 +7,7 @@
 #include <limits>
 
 #include "engine/attribute_update.h"
+#include "engine/dataset_files.h"
 #include "engine/dbase_columns.h"
 #include "engine/dbase_layout.h"
 #include "engine/engine_fault.h"
@@ -127,6 +128,13 @@ void OgrClass::ReadTraits() {
   traits_ = std::move(traits);
 }
 
+void OgrClass::MoveTo(std::shared_ptr<OgrSource> source) {
+  source_ = std::move(source);
+  ReadTraits();
+}
+
+DatasetFiles OgrClass::Files() const { return FilesOfLayer(source_->DataPath(), source_->LayerName()); }
+
 std::int32_t OgrClass::FindField(std::string_view name) const { return Fields()->FindField(name); }
 
 void OgrClass::AddFields(std::span<const FieldRef> fields) {
@@ -197,7 +205,7 @@ std::shared_ptr<IPropertySet> OgrClass::PropertySet() const {
 void OgrClass::Delete() {
   if (driver_ == "ESRI Shapefile") {
     source_->Renew();
-    DeleteShapefile(source_->Path());
+    DeleteShapefile(ToNativePath(FullName()));
     return;
   }
   if (driver_ == kFileGdbDriver) {
@@ -305,9 +313,7 @@ std::shared_ptr<IFeatureCursor> OgrClass::OpenUpdater(const QueryFilter* filter,
 std::shared_ptr<IFeatureCursor> OgrClass::OpenInserter() {
   LayerHandle handle = source_->Write();
   RowsChange();
-  auto cursor = std::make_shared<InsertingCursor>(shared_from_this(), std::move(handle));
-  kept_edit_ = nullptr;  // the cursor's from here on
-  return cursor;
+  return std::make_shared<InsertingCursor>(shared_from_this(), std::move(handle));
 }
 
 std::shared_ptr<IFeature> OgrClass::ReadRow(std::int64_t oid) {

@@ -17,6 +17,7 @@ namespace tessarine::engine {
 class OgrClass : public virtual IClass,
                  public virtual IDataset,
                  public IObjectClassInfo2,
+                 public IDatasetFiles,
                  public std::enable_shared_from_this<OgrClass> {
  public:
   explicit OgrClass(std::shared_ptr<OgrSource> source);
@@ -35,6 +36,7 @@ class OgrClass : public virtual IClass,
   [[nodiscard]] std::shared_ptr<IPropertySet> PropertySet() const override;
   void Delete() override;
   [[nodiscard]] bool CanBypassEditSession() const override;
+  [[nodiscard]] DatasetFiles Files() const override;
 
   [[nodiscard]] const std::string& DriverName() const { return driver_; }
   [[nodiscard]] const std::shared_ptr<OgrSource>& Source() const { return source_; }
@@ -43,8 +45,6 @@ class OgrClass : public virtual IClass,
   void DeleteRow(std::int64_t oid);
   /// To be called before GDAL writes rows.
   void RowsChange() const;
-  /// A new class: it appears together with the rows of the next cursor that inserts.
-  void KeepEdit(std::shared_ptr<IEdit> edit) { kept_edit_ = std::move(edit); }
 
   [[nodiscard]] std::int32_t CountRows(const QueryFilter* filter) const;
   [[nodiscard]] std::shared_ptr<IFeatureCursor> OpenReader(const QueryFilter* filter, bool recycling);
@@ -56,6 +56,8 @@ class OgrClass : public virtual IClass,
 
  protected:
   [[nodiscard]] Envelope LayerExtent() const;
+  /// The rows are those of another source from here on; the fields may have other names there.
+  void MoveTo(std::shared_ptr<OgrSource> source);
 
  private:
   void ReadTraits();
@@ -66,10 +68,9 @@ class OgrClass : public virtual IClass,
   std::shared_ptr<OgrSource> source_;
   std::shared_ptr<const RowTraits> traits_;
   std::string driver_;
-  std::shared_ptr<IEdit> kept_edit_;
 };
 
-class OgrFeatureClass final : public OgrClass, public IFeatureClass {
+class OgrFeatureClass : public OgrClass, public IFeatureClass {
  public:
   using OgrClass::OgrClass;
 

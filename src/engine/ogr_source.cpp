@@ -117,10 +117,19 @@ void RowWalk::ReadAhead() {
 
 OgrSource::OgrSource(std::string native_path, std::string layer, std::optional<esriGeometryType> kind, bool only_kind)
     : path_(std::move(native_path)),
+      data_path_(path_),
       layer_(std::move(layer)),
       kind_(kind),
       only_kind_(only_kind),
       file_(SharedFileOf(path_, layer_)),
+      idle_generation_(file_->generation) {}
+
+OgrSource::OgrSource(std::string native_path, std::string data_path, std::string layer)
+    : path_(std::move(native_path)),
+      data_path_(std::move(data_path)),
+      layer_(std::move(layer)),
+      only_kind_(true),
+      file_(SharedFileOf(data_path_, layer_)),
       idle_generation_(file_->generation) {}
 
 LayerHandle OgrSource::Open(bool update) {
@@ -131,7 +140,7 @@ LayerHandle OgrSource::Open(bool update) {
     edit = FileGdbEdit::Begin(path_);
     edit->TableChanges(layer_);
   }
-  DatasetHandle dataset = OpenDataset(path_, update);
+  DatasetHandle dataset = OpenDataset(data_path_, update);
   OGRLayer* layer = dataset->GetLayerByName(layer_.c_str());
   if (layer == nullptr) RaiseEngineFault("'" + path_ + "' has no layer '" + layer_ + "' any more.");
   return {shared_from_this(), std::move(dataset), *layer, update, std::move(edit)};

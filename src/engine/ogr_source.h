@@ -66,8 +66,12 @@ class OgrSource : public std::enable_shared_from_this<OgrSource> {
   /// `kind` restricts a layer of mixed shapes to those of one type. Rows without a shape belong to it where it is the
   /// `only_kind` of the layer.
   OgrSource(std::string native_path, std::string layer, std::optional<esriGeometryType> kind, bool only_kind = true);
+  /// Data that lie elsewhere, in `data_path`, until they take their place.
+  OgrSource(std::string native_path, std::string data_path, std::string layer);
 
   [[nodiscard]] const std::string& Path() const { return path_; }
+  /// Where the data are now.
+  [[nodiscard]] const std::string& DataPath() const { return data_path_; }
   [[nodiscard]] const std::string& LayerName() const { return layer_; }
   [[nodiscard]] std::optional<esriGeometryType> Kind() const { return kind_; }
   [[nodiscard]] bool HasOnlyKind() const { return only_kind_; }
@@ -84,7 +88,7 @@ class OgrSource : public std::enable_shared_from_this<OgrSource> {
   friend class LayerHandle;
   [[nodiscard]] LayerHandle Open(bool update);
 
-  std::string path_;
+  std::string path_, data_path_;
   std::string layer_;
   std::optional<esriGeometryType> kind_;
   bool only_kind_;

@@ -20,7 +20,7 @@ class PlanarGraph {
   };
   static constexpr std::uint32_t kNone = 0xFFFFFFFFU;
 
-  /// Of lines as `WithCrossings` answers them.
+  /// Of lines as `Noded` answers them.
   explicit PlanarGraph(const LineList& lines);
 
   [[nodiscard]] const std::vector<Edge>& Edges() const { return edges_; }

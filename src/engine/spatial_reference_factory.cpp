@@ -6,6 +6,7 @@
 
 #include "engine/engine_fault.h"
 #include "engine/srs_from_gdal.h"
+#include "platform/text_formats.h"
 
 namespace tessarine {
 namespace {
@@ -27,6 +28,12 @@ OgrReference NewOgrReference() {
 std::string NodeName(const OGRSpatialReference& reference, const char* node) {
   const char* value = reference.GetAttrValue(node);
   return value != nullptr ? value : "";
+}
+
+// What GDAL makes of a GeoPackage layer that declares degrees of no known body: the axes of WGS 84 under this name.
+bool IsUndefined(const OGRSpatialReference& reference) {
+  const char* name = reference.GetName();
+  return name != nullptr && EqualsIgnoringCase(name, "Undefined geographic SRS");
 }
 
 std::string WktOf(const OGRSpatialReference& reference) {
@@ -118,7 +125,7 @@ namespace engine {
 
 SpatialReferenceRef ReferenceFromOgr(const OGRSpatialReference* reference) {
   static const SpatialReferenceRef unknown = std::make_shared<UnknownCoordinateSystem>();
-  if (reference == nullptr || reference->IsEmpty() || reference->IsLocal()) return unknown;
+  if (reference == nullptr || reference->IsEmpty() || reference->IsLocal() || IsUndefined(*reference)) return unknown;
   const GdalErrorScope quiet;
   OgrReference own(reference->Clone());
   own->SetAxisMappingStrategy(OAMS_TRADITIONAL_GIS_ORDER);

@@ -34,7 +34,7 @@ std::string WayOut(const std::string& path, const std::string& complaint) {
     return ": a coordinate lies outside of the range that the output was made for.";
   }
   if (complaint.find("locked") != std::string::npos) return ": another program holds it; close it there.";
-  return ".";
+  return ": check the room on the disk and the permissions.";
 }
 
 }  // namespace tessarine::engine

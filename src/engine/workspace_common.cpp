@@ -2,21 +2,18 @@
 
 #include <unistd.h>
 
-#include <array>
 #include <filesystem>
 
 #include "engine/engine_fault.h"
 #include "engine/ogr_fields.h"
 #include "engine/srs_from_gdal.h"
+#include "outputs/staged_output.h"
 #include "platform/paths.h"
 
 namespace tessarine::engine {
 namespace {
 
 namespace fs = std::filesystem;
-
-constexpr std::array kShapefileEndings = {".shp", ".shx", ".dbf", ".prj", ".cpg", ".qpj",
-                                          ".sbn", ".sbx", ".qix", ".idm", ".ind", ".shp.xml"};
 
 class PlainWorkspace final : public IWorkspace {
  public:
@@ -52,9 +49,7 @@ std::shared_ptr<IWorkspace> WorkspaceOf(const std::string& driver, const std::st
 }
 
 void DeleteShapefile(const std::string& native_path) {
-  const fs::path base = fs::path(native_path).replace_extension();
-  for (const char* ending : kShapefileEndings) {
-    const fs::path file = base.string() + ending;
+  for (const fs::path& file : FilesOfDataset(native_path)) {
     std::error_code error;
     fs::remove(file, error);
     if (error) {
@@ -70,7 +65,7 @@ const GeometryDef& ShapeDefinition(const NewClass& request) {
   return *Require(definition, "GeometryDef");
 }
 
-void CreateLayer(GDALDataset& dataset, const NewClass& request, CPLStringList options, bool shapefile) {
+std::string CreateLayer(GDALDataset& dataset, const NewClass& request, CPLStringList options, bool shapefile) {
   const GeometryDef& shape = ShapeDefinition(request);
   OgrReference reference;
   if (shape.SpatialReference) reference = OgrFromReference(*shape.SpatialReference);
@@ -79,19 +74,20 @@ void CreateLayer(GDALDataset& dataset, const NewClass& request, CPLStringList op
   OGRLayer* layer = dataset.CreateLayer(request.name.c_str(), reference.get(), OgrTypeOf(shape.GeometryType, shapefile),
                                         options.List());
   if (layer == nullptr) {
-    RaiseEngineFault("The feature class '" + request.name + "' can't be created in '" + dataset.GetDescription() + "'" +
-                     errors.Quote() + ": check that the place is writable and the name is legal.");
+    RaiseEngineFault("The feature class '" + request.name + "' can't be created" + errors.Quote() +
+                     ": check that the place is writable and the name is legal.");
   }
+  const OGRFeatureDefn& made = *layer->GetLayerDefn();
   for (const FieldRef& field : *request.fields) {
     if (field->Type == esriFieldTypeOID || field->Type == esriFieldTypeGeometry) continue;
-    if (shapefile && field->Name.size() > 10) {
-      RaiseEngineFault("The field name '" + field->Name + "' is longer than the 10 characters of a dBASE table.");
-    }
-    if (layer->CreateField(OgrFieldOf(*field, store).get()) != OGRERR_NONE) {
+    const int before = made.GetFieldCount();
+    const bool created = layer->CreateField(OgrFieldOf(*field, store).get()) == OGRERR_NONE;
+    if (!created || made.GetFieldCount() != before + 1) {
       RaiseEngineFault("The field '" + field->Name + "' can't be added to '" + request.name + "'" + errors.Quote() +
                        ".");
     }
   }
+  return layer->GetName();
 }
 
 void RequireWritableFolder(const std::string& native_folder) {

@@ -22,8 +22,10 @@ struct NewClass {
   std::string shape_field;
 };
 
-/// Creates an empty layer in a dataset and adds the attribute fields. The dataset's own layer options come first.
-void CreateLayer(GDALDataset& dataset, const NewClass& request, CPLStringList options, bool shapefile);
+/// Creates an empty layer in a dataset and adds the attribute fields, in their order. Returns the name that the format
+/// gave the layer; it may have given the fields other names, too.
+[[nodiscard]] std::string CreateLayer(GDALDataset& dataset, const NewClass& request, CPLStringList options,
+                                      bool shapefile);
 
 /// The shape definition of the request's shape field; fault 5 when there is none.
 [[nodiscard]] const GeometryDef& ShapeDefinition(const NewClass& request);

@@ -13,6 +13,7 @@
 #include "platform/form.h"
 #include "support/AnchorObjectList.h"
 #include "support/output_chooser.h"
+#include "support/output_datasets.h"
 
 namespace tessarine {
 
@@ -50,6 +51,7 @@ class frmGraphicsShapefile final : public Form {
   // How a press of OK went.
   enum class Outcome { Done, NothingMade, GoBack };
   struct Made {
+    MyGeneralOperations::OutputRequest request;
     std::shared_ptr<IFeatureClass> feature_class;
     std::shared_ptr<ISymbol> symbol;
     GraphicsReport report;
@@ -89,8 +91,7 @@ class frmGraphicsShapefile final : public Form {
   Outcome AskAboutMissing(const std::string& title, const std::string& text);
   /// Creates the class of the report, or in a plan only says where it would be.
   bool MakeClass(esriGeometryType geometry_type, GraphicMeasure measure, bool names, Made& made);
-  void Plan(const MyGeneralOperations::OutputChoice& place, std::vector<std::string> fields,
-            GraphicsReport& report) const;
+  void Plan(Made& made) const;
   void AddLayer(const Made& made);
 
   std::shared_ptr<IApplication> application_;

@@ -4,10 +4,8 @@
 #include "platform/host.h"
 #include "platform/run_scope.h"
 #include "support/MyGeneralOperations.h"
-#include "support/attempt.h"
 #include "support/frmReport_modal.h"
 #include "support/journal_report.h"
-#include "support/rows_on_disk.h"
 
 namespace tessarine {
 namespace {
@@ -16,17 +14,6 @@ using namespace MyGeneralOperations;
 
 // What stands for the layer where elements met a fault.
 constexpr const char* kGraphics = "graphics of the map";
-
-bool Exists(const OutputChoice& place) {
-  const std::shared_ptr<IWorkspaceFactory> factory = FactoryOfCategory(CategoryOfKind(place.Kind));
-  const auto workspace = Attempt([&] { return Require(factory, "factory")->OpenFromFile(place.Directory, 0); });
-  return workspace && CheckIfFeatureClassExists(workspace, place.Name);
-}
-
-// Of the class itself: a name asked for again may have led to another kind of place.
-bool IsShapefile(const IFeatureClass& feature_class) {
-  return feature_class.Category().starts_with(CategoryOfKind(kShapefile));
-}
 
 }  // namespace
 
@@ -57,7 +44,7 @@ frmGraphicsShapefile::Outcome frmGraphicsShapefile::MakeOutput(Made& made) {
     return optNew.Value() ? MakeEmptyClass(made) : ConvertGraphics(made);
   } catch (...) {
     journal.Fail(CurrentFault().Description());
-    journal.written = ReadableRows(made.feature_class);
+    DiscardUnpublished(made.feature_class);
     throw;
   }
 }
@@ -68,7 +55,9 @@ frmGraphicsShapefile::Outcome frmGraphicsShapefile::MakeEmptyClass(Made& made) {
   made.report.option_title = "Feature Class Option:";
   made.report.option = row.text;
   made.report.fields = EmptyFieldLines(row.measure);
-  return MakeClass(row.geometry_type, row.measure, false, made) ? Outcome::Done : Outcome::NothingMade;
+  if (!MakeClass(row.geometry_type, row.measure, false, made)) return Outcome::NothingMade;
+  if (made.feature_class) PublishOutput(*made.feature_class, made.request);
+  return Outcome::Done;
 }
 
 frmGraphicsShapefile::Outcome frmGraphicsShapefile::ConvertGraphics(Made& made) {
@@ -96,6 +85,7 @@ frmGraphicsShapefile::Outcome frmGraphicsShapefile::ConvertGraphics(Made& made) 
   if (!made.feature_class) return Outcome::Done;
   NameCounts written;
   FillGraphicsClass(made.feature_class, conversion, set, output_reference_, map_reference, written);
+  PublishOutput(*made.feature_class, made.request);
   report.names = NameLines(written);
   const RunJournal& journal = Host().Journal();
   report.records = static_cast<std::int32_t>(journal.written);
@@ -113,41 +103,31 @@ frmGraphicsShapefile::Outcome frmGraphicsShapefile::AskAboutMissing(const std::s
 }
 
 bool frmGraphicsShapefile::MakeClass(esriGeometryType geometry_type, GraphicMeasure measure, bool names, Made& made) {
-  OutputChoice place = TypedPlace();
+  const OutputChoice place = TypedPlace();
   output_reference_ = reference_;
+  made.request = GraphicsRequest(geometry_type, measure, names, reference_, place);
   if (Host().PlanOnly()) {
-    Plan(place, FieldNamesOf(measure, names), made.report);
+    Plan(made);
     return true;
   }
-  made.feature_class = MakeGraphicsClass(geometry_type, measure, names, reference_, place);
+  made.feature_class = CreateOutput(made.request);
   if (!made.feature_class) return false;
-  made.report.path = made.feature_class->FullName();
-  if (place.IsFeatureDataset && !IsShapefile(*made.feature_class)) {
-    // A feature dataset puts its own reference on its classes; their full names leave it out.
-    output_reference_ = made.feature_class->SpatialReference();
-    made.report.path = place.FullPath();
-  }
-  Host().Journal().output_path = made.report.path;
+  made.report.path = OutputPath(*made.feature_class, made.request);
+  // A feature dataset puts its own reference on its classes.
+  if (made.request.is_feature_dataset) output_reference_ = made.feature_class->SpatialReference();
   Host().Journal().reference = output_reference_;
   return true;
 }
 
-void frmGraphicsShapefile::Plan(const OutputChoice& place, std::vector<std::string> fields,
-                                GraphicsReport& report) const {
-  RunJournal& journal = Host().Journal();
-  journal.output_path = place.FullPath();
-  journal.reference = output_reference_;
-  journal.planned_fields = std::move(fields);
+void frmGraphicsShapefile::Plan(Made& made) const {
+  const OutputPlan plan = PlanOutput(made.request);
+  Host().Journal().reference = output_reference_;
+  GraphicsReport& report = made.report;
   report.title = optNew.Value() ? "Empty Shapefile, planned only: nothing was written"
                                 : "Graphics to Feature Classes Conversion, planned only: nothing was written";
   report.output_title = "Output:";
-  report.path = place.FullPath();
-  std::string question = "None";
-  if (Exists(place)) {
-    question = "Feature Class Already Exists: the run would ask whether to overwrite it.";
-    journal.planned_questions.push_back(question);
-  }
-  report.questions = "   " + question + "\\par\r\n";
+  report.path = plan.path;
+  report.questions = "   " + NotePlan(plan, made.request) + "\\par\r\n";
 }
 
 void frmGraphicsShapefile::AddLayer(const Made& made) {

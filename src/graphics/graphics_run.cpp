@@ -179,19 +179,22 @@ class GraphicWriter {
 
 }  // namespace
 
-std::vector<std::string> FieldNamesOf(GraphicMeasure measure, bool names) {
-  std::vector<std::string> list;
-  for (const Variant& field : *FieldsOf(measure, names)) list.push_back(field.AsObject<Field>()->Name);
-  return list;
-}
-
-std::shared_ptr<IFeatureClass> MakeGraphicsClass(esriGeometryType geometry_type, GraphicMeasure measure, bool names,
-                                                 const SpatialReferenceRef& reference,
-                                                 MyGeneralOperations::OutputChoice& place) {
-  if (!place.Directory.ends_with('\\')) place.Directory += '\\';
-  return MyGeneralOperations::CreateGeneralFeatureClass(
-      geometry_type, reference, place.Directory, place.Name, place.Kind, FieldsOf(measure, names), kClassTitle,
-      place.IsFeatureDataset, place.FeatureDatasetName, false, true, nullptr, 0);
+MyGeneralOperations::OutputRequest GraphicsRequest(esriGeometryType geometry_type, GraphicMeasure measure, bool names,
+                                                   const SpatialReferenceRef& reference,
+                                                   const MyGeneralOperations::OutputChoice& place) {
+  MyGeneralOperations::OutputRequest request;
+  request.geometry_type = geometry_type;
+  request.reference = reference;
+  request.directory = place.Directory;
+  request.name = place.Name;
+  request.kind = place.Kind;
+  request.fields = FieldsOf(measure, names);
+  request.dialog_title = kClassTitle;
+  request.is_feature_dataset = place.IsFeatureDataset;
+  request.feature_dataset = place.FeatureDatasetName;
+  request.add_unique_id = true;
+  request.projects = true;
+  return request;
 }
 
 void FillGraphicsClass(const std::shared_ptr<IFeatureClass>& target, const GraphicConversion& conversion,

@@ -7,17 +7,14 @@
 #include "graphics/graphics_options.h"
 #include "platform/data.h"
 #include "support/output_chooser.h"
+#include "support/output_datasets.h"
 
 namespace tessarine {
 
-/// The fields of a class that measures so, with or without the names of the elements.
-[[nodiscard]] std::vector<std::string> FieldNamesOf(GraphicMeasure measure, bool names);
-
-/// Creates the class with the fields of the measure, and "Name" where asked for. Nothing when the user gave up; the
-/// place ends as what was used.
-[[nodiscard]] std::shared_ptr<IFeatureClass> MakeGraphicsClass(esriGeometryType geometry_type, GraphicMeasure measure,
-                                                               bool names, const SpatialReferenceRef& reference,
-                                                               MyGeneralOperations::OutputChoice& place);
+/// The request for a class with the fields of the measure, and "Name" where asked for.
+[[nodiscard]] MyGeneralOperations::OutputRequest GraphicsRequest(esriGeometryType geometry_type, GraphicMeasure measure,
+                                                                 bool names, const SpatialReferenceRef& reference,
+                                                                 const MyGeneralOperations::OutputChoice& place);
 
 /// Fills a class with the elements of a conversion.
 ///

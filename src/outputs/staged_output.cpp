@@ -3,14 +3,18 @@
 #include <fcntl.h>
 #include <linux/fs.h>
 #include <sys/file.h>
+#include <sys/stat.h>
 #include <sys/syscall.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <chrono>
 #include <cstring>
 #include <fstream>
+#include <functional>
+#include <set>
 
 #include "platform/fault.h"
 #include "platform/text_formats.h"
@@ -22,7 +26,7 @@ namespace fs = std::filesystem;
 
 constexpr const char* kMark = ".tessarine-";
 constexpr const char* kLockName = "lock";
-// Says that all new files are whole; what stands in the folder is to be published.
+// Says that all new files are whole, and what is to be renamed.
 constexpr const char* kReadyName = "ready";
 constexpr const char* kNewFolder = "new";
 constexpr const char* kOldFolder = "old";
@@ -39,9 +43,14 @@ bool IsShapefile(const fs::path& path) {
   return EqualsIgnoringCase(ending, ".shp") || EqualsIgnoringCase(ending, ".dbf");
 }
 
-bool BelongsToShapefile(const std::string& name, const std::string& stem) {
-  if (!name.starts_with(stem)) return false;
+bool BelongsToShapefile(const fs::path& file, const std::string& stem) {
+  const std::string name = file.filename().string();
+  if (name.size() < stem.size() || !EqualsIgnoringCase(name.substr(0, stem.size()), stem)) return false;
   const std::string_view rest = std::string_view(name).substr(stem.size());
+  std::error_code error;
+  if (!name.starts_with(stem) && !fs::equivalent(file, file.parent_path() / (stem + std::string(rest)), error)) {
+    return false;
+  }
   if (std::ranges::any_of(kShapefileEndings, [&](std::string_view ending) { return EqualsIgnoringCase(rest, ending); }))
     return true;
   // An attribute index bears its field's name: "roads.name.atx".
@@ -68,27 +77,162 @@ void SyncTree(const fs::path& path) {
   SyncOne(path);
 }
 
+void Step() {
+  if (before_publishing_step != nullptr) before_publishing_step();
+}
+
 bool Exchange(const fs::path& first, const fs::path& second) {
+  Step();
   return syscall(SYS_renameat2, AT_FDCWD, first.c_str(), AT_FDCWD, second.c_str(), RENAME_EXCHANGE) == 0;
 }
 
-// Renames what `FinishPublishing` was called for: the old files into the staging folder, the new ones to their places.
-// Whatever was done already is passed over, so that it can be called again.
-void FinishPublishing(const fs::path& target, const fs::path& folder) {
-  const fs::path fresh = folder / kNewFolder;
+void Rename(const fs::path& from, const fs::path& to) {
+  Step();
+  fs::rename(from, to);
+}
+
+// What a file is, whatever its name: another program that writes to it makes another of it.
+std::string IdentityOf(const fs::path& path) {
+  struct stat status {};
+  if (lstat(path.c_str(), &status) != 0) return "";
+  std::string identity = std::to_string(status.st_dev) + " " + std::to_string(status.st_ino);
+  if (S_ISDIR(status.st_mode)) return identity;
+  return identity + " " + std::to_string(status.st_size) + " " + std::to_string(status.st_mtim.tv_sec) + " " +
+         std::to_string(status.st_mtim.tv_nsec);
+}
+
+using Identities = std::set<std::string>;
+
+Identities IdentitiesOf(const std::vector<fs::path>& files) {
+  Identities identities;
+  for (const fs::path& file : files) identities.insert(IdentityOf(file));
+  return identities;
+}
+
+std::vector<fs::path> FilesIn(const fs::path& folder) {
+  std::vector<fs::path> files;
+  for (const auto& entry : fs::directory_iterator(folder)) files.push_back(entry.path());
+  std::ranges::sort(files);
+  return files;
+}
+
+// What a publication moves: the files that stand at the target, and those that were made.
+struct Moves {
+  Identities old, fresh;
+};
+
+constexpr std::string_view kOldMark = "old ";
+constexpr std::string_view kNewMark = "new ";
+
+void WriteMoves(const fs::path& folder, const Moves& moves) {
+  Step();
+  const fs::path unfinished = folder / "list";
+  std::ofstream file(unfinished);
+  for (const std::string& identity : moves.old) file << kOldMark << identity << '\n';
+  for (const std::string& identity : moves.fresh) file << kNewMark << identity << '\n';
+  file.close();
+  if (!file) RaiseAccess("Nothing can be written to the folder", folder, errno);
+  SyncOne(unfinished);
+  Rename(unfinished, folder / kReadyName);
+  SyncOne(folder);
+}
+
+Moves ReadMoves(const fs::path& folder) {
+  Moves moves;
+  std::ifstream file(folder / kReadyName);
+  for (std::string line; std::getline(file, line);) {
+    if (line.starts_with(kOldMark)) moves.old.insert(line.substr(kOldMark.size()));
+    if (line.starts_with(kNewMark)) moves.fresh.insert(line.substr(kNewMark.size()));
+  }
+  return moves;
+}
+
+// Renames what the list tells: the old files into the staging folder, the new ones to their places. Whatever was done
+// already is passed over, so that it can be called again. False, with nothing done, where others have written there.
+bool FinishPublishing(const fs::path& target, const fs::path& folder) {
+  const Moves moves = ReadMoves(folder);
   const fs::path old = folder / kOldFolder;
   const fs::path place = target.parent_path();
-  std::vector<fs::path> made;
-  for (const auto& entry : fs::directory_iterator(fresh)) made.push_back(entry.path());
-  fs::create_directory(old);
-  // The old files of a data set whose new files lie in their places already bear the names of new ones.
-  if (!fs::exists(folder / "moved")) {
-    for (const fs::path& file : FilesOfDataset(target)) fs::rename(file, old / file.filename());
-    std::ofstream(folder / "moved").close();
-    SyncOne(folder);
+  std::vector<fs::path> leaving;
+  for (const fs::path& file : FilesOfDataset(target)) {
+    const std::string identity = IdentityOf(file);
+    if (moves.fresh.contains(identity)) continue;
+    if (!moves.old.contains(identity)) return false;
+    leaving.push_back(file);
   }
-  for (const fs::path& file : made) fs::rename(file, place / file.filename());
+  std::vector<fs::path> made = FilesIn(folder / kNewFolder);
+  // The file that the data are opened by.
+  const auto is_main = [&](const fs::path& file) { return file.filename() == target.filename(); };
+  std::ranges::stable_partition(leaving, is_main);
+  std::ranges::stable_partition(made, std::not_fn(is_main));
+  fs::create_directory(old);
+  for (const fs::path& file : leaving) Rename(file, old / file.filename());
+  SyncOne(old);
   SyncOne(place);
+  for (const fs::path& file : made) Rename(file, place / file.filename());
+  SyncOne(place);
+  return true;
+}
+
+// Puts back what a publication moved before it failed. False where not all could be put back: then nothing may be
+// removed.
+bool TakeBack(const fs::path& target, const fs::path& folder) {
+  try {
+    const Moves moves = ReadMoves(folder);
+    for (const fs::path& file : FilesOfDataset(target)) {
+      if (moves.fresh.contains(IdentityOf(file))) Rename(file, folder / kNewFolder / file.filename());
+    }
+    if (fs::exists(folder / kOldFolder)) {
+      for (const fs::path& file : FilesIn(folder / kOldFolder)) Rename(file, target.parent_path() / file.filename());
+    }
+    return true;
+  } catch (const std::exception&) {
+    return false;
+  }
+}
+
+// The list goes first: without it the rest is only rubbish.
+void RemoveFolder(const fs::path& folder) {
+  std::error_code error;
+  if (fs::remove(folder / kReadyName, error)) SyncOne(folder);
+  Step();
+  fs::remove_all(folder, error);
+}
+
+// New files are as open to others as those that they replace.
+void TakeModes(const std::vector<fs::path>& made, const fs::path& place) {
+  for (const fs::path& file : made) {
+    struct stat status {};
+    if (stat((place / file.filename()).c_str(), &status) != 0 || !S_ISREG(status.st_mode)) continue;
+    (void)chmod(file.c_str(), status.st_mode & 07777U);
+    if (chown(file.c_str(), status.st_uid, status.st_gid) != 0) errno = 0;  // then it is the user's
+  }
+}
+
+void RefuseFullFolders(const std::vector<fs::path>& standing, const fs::path& target) {
+  if (!IsShapefile(target)) return;
+  std::error_code error;
+  for (const fs::path& file : standing) {
+    const bool full = !fs::is_symlink(file, error) && fs::is_directory(file, error) && !fs::is_empty(file, error);
+    if (!full) continue;
+    Raise(kPathAccess, "'" + file.string() + "' is a folder with something in it and isn't replaced by a file: name " +
+                           "another output, or remove the folder.");
+  }
+}
+
+// A folder or single file is what a link to it leads to.
+fs::path ResolvedTarget(const fs::path& target) {
+  const fs::path path = fs::absolute(target).lexically_normal();
+  std::error_code error;
+  const fs::path real = IsShapefile(path) ? path : fs::canonical(path, error);
+  return error ? path : real;
+}
+
+// A run may have made its folder and not yet locked it.
+bool IsFresh(const fs::path& folder) {
+  std::error_code error;
+  const auto made = fs::last_write_time(folder, error);
+  return !error && fs::file_time_type::clock::now() - made < std::chrono::minutes(1);
 }
 
 std::string FolderPrefix(const fs::path& target) { return "." + target.filename().string() + kMark; }
@@ -110,14 +254,17 @@ std::vector<fs::path> FilesOfDataset(const fs::path& path) {
   }
   const std::string stem = path.stem().string();
   for (const auto& entry : fs::directory_iterator(path.has_parent_path() ? path.parent_path() : ".", error)) {
-    if (BelongsToShapefile(entry.path().filename().string(), stem)) files.push_back(entry.path());
+    if (BelongsToShapefile(entry.path(), stem)) files.push_back(entry.path());
   }
   std::ranges::sort(files);
   return files;
 }
 
-void FinishInterrupted(const fs::path& target) {
+void (*before_publishing_step)() = nullptr;
+
+void FinishInterrupted(const fs::path& path) {
   std::error_code error;
+  const fs::path target = ResolvedTarget(path);
   const std::string prefix = FolderPrefix(target);
   std::vector<fs::path> folders;
   for (const auto& entry : fs::directory_iterator(target.has_parent_path() ? target.parent_path() : ".", error)) {
@@ -125,21 +272,20 @@ void FinishInterrupted(const fs::path& target) {
   }
   for (const fs::path& folder : folders) {
     const int lock = open((folder / kLockName).c_str(), O_RDWR | O_CLOEXEC);
-    if (lock >= 0 && flock(lock, LOCK_EX | LOCK_NB) != 0) {
-      close(lock);
-      continue;
-    }
-    try {
-      if (fs::exists(folder / kReadyName)) FinishPublishing(target, folder);
-      fs::remove_all(folder);
-    } catch (const std::exception&) {
-      // The next run tries again.
+    const bool living = lock >= 0 ? flock(lock, LOCK_EX | LOCK_NB) != 0 : IsFresh(folder);
+    if (!living) {
+      try {
+        if (fs::exists(folder / kReadyName)) (void)FinishPublishing(target, folder);
+        RemoveFolder(folder);
+      } catch (const std::exception&) {
+        // The next run tries again.
+      }
     }
     if (lock >= 0) close(lock);
   }
 }
 
-StagedOutput::StagedOutput(fs::path target, Begin begin) : target_(fs::absolute(target).lexically_normal()) {
+StagedOutput::StagedOutput(const fs::path& target, Begin begin) : target_(ResolvedTarget(target)) {
   const fs::path parent = target_.parent_path();
   if (!fs::is_directory(parent)) Raise(kPathNotFound, "There is no folder '" + parent.string() + "'.");
   FinishInterrupted(target_);
@@ -164,21 +310,30 @@ StagedOutput::StagedOutput(fs::path target, Begin begin) : target_(fs::absolute(
 
 StagedOutput::~StagedOutput() { Discard(); }
 
-void StagedOutput::Publish() {
+void StagedOutput::Publish(Standing on_standing) {
   if (folder_.empty()) Raise(kInvalidCall, "The output '" + target_.string() + "' was published already.");
   const fs::path fresh = folder_ / kNewFolder;
-  SyncTree(fresh);
-  const auto made = std::distance(fs::directory_iterator(fresh), fs::directory_iterator());
   try {
+    const std::vector<fs::path> made = FilesIn(fresh);
     const std::vector<fs::path> standing = FilesOfDataset(target_);
-    const bool one_for_one = made == 1 && standing.size() == 1 && standing.front() == target_;
+    if (!standing.empty() && on_standing == Standing::Keep) {
+      Raise(kPathAccess, "'" + standing.front().string() + "' came to be while this run worked; it is left as it is, " +
+                             "and nothing of this run is in it. Name another output, or overwrite it.");
+    }
+    RefuseFullFolders(standing, target_);
+    TakeModes(made, target_.parent_path());
+    SyncTree(fresh);
+    const bool one_for_one = made.size() == 1 && standing.size() == 1 && standing.front() == target_;
     if (!one_for_one || !Exchange(path_, target_)) {
-      std::ofstream(folder_ / kReadyName).close();
-      SyncTree(folder_);
-      FinishPublishing(target_, folder_);
+      WriteMoves(folder_, {IdentitiesOf(standing), IdentitiesOf(made)});
+      if (!FinishPublishing(target_, folder_)) {
+        Raise(kPathAccess, "'" + target_.string() + "' is being written to by another program; it is left as it is.");
+      }
     }
     SyncOne(target_.parent_path());
   } catch (const fs::filesystem_error& error) {
+    // The next run ends what can't be taken back now.
+    if (!TakeBack(target_, folder_)) Leave();
     RaiseAccess("The output can't take the place of", target_, error.code().value());
   }
   Discard();
@@ -186,8 +341,11 @@ void StagedOutput::Publish() {
 
 void StagedOutput::Discard() {
   if (folder_.empty()) return;
-  std::error_code error;
-  fs::remove_all(folder_, error);
+  RemoveFolder(folder_);
+  Leave();
+}
+
+void StagedOutput::Leave() {
   if (lock_ >= 0) close(lock_);
   lock_ = -1;
   folder_.clear();

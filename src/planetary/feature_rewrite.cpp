@@ -7,7 +7,6 @@
 #include "platform/run_stop.h"
 #include "platform/text_formats.h"
 #include "support/MyGeneralOperations.h"
-#include "support/attempt.h"
 #include "support/attribute_copy.h"
 #include "support/foretold_changes.h"
 #include "support/frmOrlProgressMeter.h"
@@ -26,27 +25,35 @@ constexpr const char* kTask = "Converting Features...";
 constexpr const char* kPartial = "  [Partial]";
 constexpr const char* kChanged = "The output holds another area, length or number of places than the input.";
 
-// The described class, and the place that it got in the end: the user may have named another one.
-struct CreatedOutput {
-  std::shared_ptr<IFeatureClass> features;
+// The request that the description makes for a run that reads this class.
+OutputRequest RequestFor(const OutputDescription& description, const std::shared_ptr<IFeatureClass>& input) {
+  const OutputChoice place = description.Place();
+  OutputRequest request;
+  request.geometry_type = description.ShapeType();
+  request.reference = description.Reference();
+  request.directory = place.Directory;
+  request.name = place.Name;
+  request.kind = place.Kind;
+  request.fields = description.Fields();
+  request.dialog_title = description.DialogTitle();
+  request.is_feature_dataset = place.IsFeatureDataset;
+  request.feature_dataset = place.FeatureDatasetName;
+  request.sources = {input};
+  return request;
+}
+
+// The place that the class got in the end: the user may have named another one.
+OutputChoice PlaceOf(const IFeatureClass& output, const OutputRequest& request) {
   OutputChoice place;
-
-  [[nodiscard]] bool IsShapefile() const { return Cast<IDataset>(features)->Category().starts_with("Shapefile"); }
-};
-
-CreatedOutput CreateOutput(const OutputDescription& description, const Envelope& extent) {
-  CreatedOutput output{nullptr, description.Place()};
-  OutputChoice& place = output.place;
-  esriGeometryType shape_type = description.ShapeType();
-  output.features = CreateGeneralFeatureClass(
-      shape_type, description.Reference(), place.Directory, place.Name, place.Kind, description.Fields(),
-      description.DialogTitle(), place.IsFeatureDataset, place.FeatureDatasetName, false, false, &extent, 0);
-  place.Directory = WithoutTrailingSlash(place.Directory);
-  if (output.features && output.IsShapefile()) {
+  place.Directory = WithoutTrailingSlash(request.directory);
+  place.Name = request.name;
+  place.IsFeatureDataset = request.is_feature_dataset;
+  place.FeatureDatasetName = request.feature_dataset;
+  if (output.Category().starts_with("Shapefile")) {
     place.IsFeatureDataset = false;
     if (!EndsWithIgnoringCase(place.Name, ".shp")) place.Name += ".shp";
   }
-  return output;
+  return place;
 }
 
 std::string ShownName(const OutputChoice& place) {
@@ -108,24 +115,18 @@ bool RewriteAll(const FeatureRewrite& run, IFeatureClass& input, const std::shar
   return finished;
 }
 
-void ShowResult(const CreatedOutput& output, bool partial, const std::shared_ptr<IMxDocument>& document) {
+void ShowResult(const std::shared_ptr<IFeatureClass>& output, bool partial,
+                const std::shared_ptr<IMxDocument>& document) {
   const std::shared_ptr<IFeatureLayer> layer = Host().CreateFeatureLayer();
-  layer->SetFeatureClass(output.features);
-  layer->SetName(output.features->AliasName() + (partial ? kPartial : ""));
+  layer->SetFeatureClass(output);
+  layer->SetName(output->AliasName() + (partial ? kPartial : ""));
   layer->SetVisible(true);
   document->AddLayer(layer);
   document->UpdateContents();
 }
 
-// Overwriting what is being read would leave neither.
-bool ReadsItsOutput(const FeatureRewrite& run) {
-  const OutputChoice place = run.output.Place();
-  const std::string path = place.FullPath();
-  const std::string own = run.layer->FeatureClass()->FullName();
-  return EqualsIgnoringCase(own, path) || EqualsIgnoringCase(own, place.Directory + "\\" + place.Name);
-}
-
 std::string EndWithoutOutput(const FeatureRewrite& run, const char* reason) {
+  if (Host().Journal().cancelled) return "";
   Host().MessageBox().Show(std::string("No Feature Class Created:\r\n") + reason, "");
   Host().Journal().Fail(std::string("No feature class was created: ") + reason);
   return NoOutputReport(run.conversion);
@@ -146,42 +147,34 @@ std::string RunBody(const FeatureRewrite& run, const std::shared_ptr<IApplicatio
   const std::int32_t announced = input->FeatureCount(nullptr);
   RunProgress progress({"Converting " + run.layer->Name(), std::string(kTask) + "\r\n", kTask}, application, extension,
                        announced, show_progress ? std::make_shared<frmOrlProgressMeter>() : nullptr);
-  if (ReadsItsOutput(run)) {
-    progress.Abandon();
-    return EndWithoutOutput(run, "The output is the feature class that is to be converted...");
-  }
   AnnounceChanges(CarriedUnder(*input->Fields(), *run.output.FieldNames()), run.output.Place().Kind);
   NoteLeftOut(*input, journal);
   facts.problems += WarningLines(journal, run.layer->Name());
-  const CreatedOutput output = CreateOutput(run.output, input->Extent());
-  if (!output.features) {
+  OutputRequest request = RequestFor(run.output, input);
+  const Envelope extent = input->Extent();
+  request.envelope = &extent;
+  const std::shared_ptr<IFeatureClass> output = CreateOutput(request);
+  if (!output) {
     progress.Abandon();
     return EndWithoutOutput(run, "Bailing out...");
   }
-  written_to = output.features;
-  journal.output_path = output.place.FullPath();
+  written_to = output;
   facts.measures.type = input->ShapeType();
-  journal.reference = output.features->SpatialReference();
+  const OutputChoice place = PlaceOf(*output, request);
+  journal.reference = output->SpatialReference();
 
-  facts.stopped = !RewriteAll(run, *input, output.features, progress, facts);
+  facts.stopped = !RewriteAll(run, *input, output, progress, facts);
   if (!facts.stopped) RequireRecords(journal, announced, run.layer->Name());
-  CheckRowsWritten(journal, *output.features);
+  PublishOutput(*output, request);
+  CheckRowsWritten(journal, *output);
   journal.stopped = facts.stopped;
   facts.stopped ? progress.Stop() : progress.Finish();
   ShowResult(output, facts.stopped, document);
   scope.End();
   facts.time_spent = ReturnTimeElapsedRTF(journal.begin, journal.end, kReportFontSize, journal.elapsed_seconds);
-  facts.problems += FaultLines(journal, run.layer->Name()) + ChangeLines(journal);
+  facts.problems += FaultLines(journal, run.layer->Name()) + ChangeLines(journal) + ChangedNameLines(journal);
   return RewriteReport(TitleOf(run, journal), run.sections,
-                       {ShownName(output.place), output.place.Directory, static_cast<std::int32_t>(journal.written)},
-                       facts);
-}
-
-bool NameIsTaken(const OutputChoice& place) {
-  const auto factory = FactoryOfCategory(CategoryOfKind(place.Kind));
-  if (!factory || place.Name.empty()) return false;
-  const auto workspace = Attempt([&] { return factory->OpenFromFile(place.Directory, 0); });
-  return workspace && CheckIfFeatureClassExists(workspace, place.Name);
+                       {ShownName(place), place.Directory, static_cast<std::int32_t>(journal.written)}, facts);
 }
 
 }  // namespace
@@ -202,7 +195,7 @@ std::string RewriteFeatures(const FeatureRewrite& run, const std::shared_ptr<IAp
   };
   const auto on_fault = [&](const Fault& fault) {
     journal.Fail(fault.Description());
-    journal.written = ReadableRows(output);
+    DiscardUnpublished(output);
     tell_faults();
     facts.problems += FaultLines(journal, run.layer->Name()) + ChangeLines(journal);
     return FaultReport(run.conversion, run.worker, facts, fault);
@@ -211,21 +204,23 @@ std::string RewriteFeatures(const FeatureRewrite& run, const std::shared_ptr<IAp
 }
 
 std::string PlanRewrite(const FeatureRewrite& run) {
-  const OutputChoice place = run.output.Place();
   RunJournal& journal = Host().Journal();
   journal = RunJournal();
-  journal.output_path = place.FullPath();
   journal.reference = run.output.Reference();
+  OutputRequest request = RequestFor(run.output, Require(run.layer, "layer")->FeatureClass());
+  const OutputPlan plan = PlanOutput(request);
+  OutputChoice place = run.output.Place();
+  place.Name = request.name;
   std::vector<ReportSection> sections = run.sections;
   sections.push_back({"Output:",
                       {"  ** Feature Class:  " + ShownName(place), "  ** Workspace:  " + ToNativePath(place.Directory),
                        "  ** " + DirectoryTypeText(place.Kind)}});
   ReportSection fields{"Fields:", {}};
+  std::int32_t index = 0;
   for (const Variant& element : *run.output.FieldNames()) {
-    const auto names = element.AsObject<StrArray>();
-    journal.planned_fields.push_back(names->Element(1));
-    const bool renamed = names->Element(0) != names->Element(1);
-    fields.lines.push_back("       " + names->Element(1) + (renamed ? "  <--  " + names->Element(0) : ""));
+    const std::string& source = element.AsObject<StrArray>()->Element(0);
+    const std::string& name = request.fields->Element(index++).AsObject<Field>()->Name;
+    fields.lines.push_back("       " + name + (source != name ? "  <--  " + source : ""));
   }
   if (fields.lines.empty()) fields.lines.emplace_back("       <-- No Fields -->");
   sections.push_back(fields);
@@ -235,12 +230,7 @@ std::string PlanRewrite(const FeatureRewrite& run) {
     foretold.lines.push_back("  ** " + sentence);
   }
   if (!foretold.lines.empty()) sections.push_back(foretold);
-  std::string question = "None";
-  if (NameIsTaken(place)) {
-    question = "Feature Class Already Exists: the run would ask whether to overwrite it.";
-    journal.planned_questions.push_back(question);
-  }
-  sections.push_back({"Questions:", {"  ** " + question}});
+  sections.push_back({"Questions:", {"  ** " + NotePlan(plan, request)}});
   return PlanReport(run.conversion, sections);
 }
 

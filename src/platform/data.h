@@ -140,6 +140,29 @@ class IEdit : public virtual Object {
   virtual void Abandon() = 0;
 };
 
+/// What a class is made of on this machine, for the comparison with outputs.
+struct DatasetFiles {
+  std::vector<std::string> files;    ///< native paths of files and folders; of data in an archive, the archive's
+  std::vector<std::string> classes;  ///< what is read of files that hold several classes; "" where that isn't known
+};
+
+/// A class that lies in files. Classes of servers and of memory have none.
+class IDatasetFiles : public virtual Object {
+ public:
+  [[nodiscard]] virtual DatasetFiles Files() const = 0;
+};
+
+/// A new class, made beside its place. Until it is published, whatever stood under its name stands there still; one
+/// that is never published leaves nothing.
+class IStagedDataset : public virtual Object {
+ public:
+  /// Puts the class in its place; what it was allowed to replace goes away. All cursors on it must be closed. A fault
+  /// leaves the old data as they were.
+  virtual void Publish() = 0;
+  /// Gives the new class up; it is of no use after it.
+  virtual void Discard() = 0;
+};
+
 /// What tables and feature classes share.
 class IClass : public virtual Object {
  public:
@@ -254,6 +277,10 @@ class IFeatureWorkspace : public virtual IWorkspace {
   [[nodiscard]] virtual std::shared_ptr<ITable> OpenTable(const std::string& name) = 0;
   [[nodiscard]] virtual std::shared_ptr<IFeatureClass> OpenFeatureClass(const std::string& name) = 0;
   [[nodiscard]] virtual std::shared_ptr<IFeatureDataset> OpenFeatureDataset(const std::string& name) = 0;
+  /// True when anything stands under this name, in whatever state it is: a class, a table, a part of either.
+  [[nodiscard]] virtual bool HoldsName(const std::string&) { return false; }
+  /// The next class of this name takes the place of what stands there; without this it can't be created.
+  virtual void AllowReplacing(const std::string&) {}
   /// Creates an empty feature class with the given fields. The shape field's `GeometryDef` gives shape type and
   /// reference; an OID field names the identifier where the format has one.
   [[nodiscard]] virtual std::shared_ptr<IFeatureClass> CreateFeatureClass(

@@ -1,6 +1,7 @@
 #include "support/aml_func_mod.h"
 
 #include <algorithm>
+#include <array>
 
 #include "platform/host.h"
 #include "platform/text_formats.h"
@@ -19,6 +20,17 @@ std::string Joined(const std::vector<std::string>& parts, std::size_t count, con
   std::string text;
   for (std::size_t index = 0; index < count; ++index) text += (index == 0 ? "" : glue) + parts[index];
   return text;
+}
+
+// What a shapefile or dBASE table can't be without: a lone one of them is somebody's data.
+constexpr std::array kParts = {".shp", ".dbf", ".shx", ".SHP", ".DBF", ".SHX"};
+
+// A shapefile and a dBASE table of the same name are one.
+bool IsTaken(const std::string& path) {
+  if (ExistFileDir(path)) return true;
+  if (!EndsWithIgnoringCase(path, ".shp") && !EndsWithIgnoringCase(path, ".dbf")) return false;
+  const std::string base = path.substr(0, path.size() - 4);
+  return std::ranges::any_of(kParts, [&](const char* ending) { return ExistFileDir(base + ending); });
 }
 
 }  // namespace
@@ -176,7 +188,7 @@ bool ExistFileDir(const std::string& path) {
 
 std::string MakeUniqueFilename(const std::string& path) {
   return TrapHelper("MakeUniqueFilename", [&]() -> std::string {
-    if (!ExistFileDir(path)) return path;
+    if (!IsTaken(path)) return path;
     std::string base = path, extension;
     const std::size_t point = path.rfind('.');
     if (point != std::string::npos && point + 5 >= path.size()) {
@@ -185,7 +197,7 @@ std::string MakeUniqueFilename(const std::string& path) {
     }
     for (int number = 2;; ++number) {
       const std::string candidate = base + "_" + std::to_string(number) + extension;
-      if (!ExistFileDir(candidate)) return candidate;
+      if (!IsTaken(candidate)) return candidate;
     }
   });
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <functional>
 
+#include "outputs/formats.h"
 #include "platform/fault.h"
 #include "platform/text_formats.h"
 #include "platform/trap.h"
@@ -12,7 +13,7 @@
 namespace tessarine::MyGeneralOperations {
 namespace {
 
-constexpr std::size_t kDbaseNameLength = 10;
+const std::size_t kDbaseNameLength = FormatOfKind(1)->field_names.longest;
 
 bool IsLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
 bool IsNameCharacter(char c) { return IsLetter(c) || (c >= '0' && c <= '9') || c == '_'; }

@@ -69,10 +69,21 @@ std::string ChangeLines(const RunJournal& journal) {
   return lines;
 }
 
+std::string ChangedNameLines(const RunJournal& journal) {
+  std::string lines;
+  for (const ChangedName& name : journal.changed_names) {
+    lines +=
+        "  ** '" + EscapeRtf(name.asked) + "' is written as '" + EscapeRtf(name.written) + "'" + std::string(kLineEnd);
+  }
+  return lines;
+}
+
 std::string ProblemSections(const RunJournal& journal, std::string_view layer, std::string_view consequence) {
   return Block("Problems Found:", consequence, FaultLines(journal, layer)) +
          Block("Warnings:", "", WarningLines(journal, layer)) +
-         Block("Changed Values:", "The output can't hold these values as they are.", ChangeLines(journal));
+         Block("Changed Values:", "The output can't hold these values as they are.", ChangeLines(journal)) +
+         Block("Names Changed:", "The format of the output doesn't take these names as they are.",
+               ChangedNameLines(journal));
 }
 
 std::string FailureSection(const Fault& fault) {

@@ -18,6 +18,9 @@ namespace tessarine {
 /// A line for each field and kind of values that the output can't hold as they are: their number, and the first record.
 [[nodiscard]] std::string ChangeLines(const RunJournal& journal);
 
+/// A line for each name that the format of the output changed.
+[[nodiscard]] std::string ChangedNameLines(const RunJournal& journal);
+
 /// All three under headings of their own, each closed by a rule; empty where there is nothing to tell. `consequence` is
 /// a sentence about the records that met a fault.
 [[nodiscard]] std::string ProblemSections(const RunJournal& journal, std::string_view layer,

@@ -1,8 +1,8 @@
 #include "support/output_chooser.h"
 
-#include <array>
 #include <string_view>
 
+#include "outputs/output_place.h"
 #include "platform/host.h"
 #include "platform/paths.h"
 #include "platform/text_formats.h"
@@ -14,37 +14,16 @@ namespace {
 
 using namespace aml_func_mod;
 
-struct PlaceCategory {
-  std::string_view category;
-  OutputKind kind;
-};
-
-constexpr std::array kAcceptedPlaces = {
-    PlaceCategory{"Shapefile", kShapefile},
-    PlaceCategory{"Folder", kShapefile},
-    PlaceCategory{"dBASE Table", kShapefile},
-    PlaceCategory{"File Geodatabase Feature Class", kFileGeodatabase},
-    PlaceCategory{"File Geodatabase Raster Catalog", kFileGeodatabase},
-    PlaceCategory{"File Geodatabase", kFileGeodatabase},
-    PlaceCategory{"File Geodatabase Feature Dataset", kFileGeodatabase},
-    PlaceCategory{"File Geodatabase Table", kFileGeodatabase},
-    PlaceCategory{"Personal Geodatabase Feature Class", kPersonalGeodatabase},
-    PlaceCategory{"Personal Geodatabase Raster Catalog", kPersonalGeodatabase},
-    PlaceCategory{"Personal Geodatabase", kPersonalGeodatabase},
-    PlaceCategory{"Personal Geodatabase Feature Dataset", kPersonalGeodatabase},
-    PlaceCategory{"Personal Geodatabase Table", kPersonalGeodatabase},
-};
-
+// Tables count as places of outputs beside them.
 OutputKind KindOfPlace(std::string_view category) {
-  for (const PlaceCategory& place : kAcceptedPlaces) {
-    if (place.category == category) return place.kind;
-  }
-  return kUnknownOutput;
+  if (category == "dBASE Table") return kShapefile;
+  if (category == "File Geodatabase Table") return kFileGeodatabase;
+  if (category == "Personal Geodatabase Table") return kPersonalGeodatabase;
+  return KindOfCategory(category);
 }
 
 std::shared_ptr<IFeatureWorkspace> OpenGeodatabase(OutputKind kind, const std::string& path) {
-  const auto factory = kind == kFileGeodatabase ? CreateFileGDBWorkspaceFactory() : CreateAccessWorkspaceFactory();
-  return factory->OpenFromFile(path, 0);
+  return Require(FactoryOfKind(kind), "factory")->OpenFromFile(path, 0);
 }
 
 // The place that a confirmed browse dialog names.
@@ -180,7 +159,17 @@ bool BrowseForOutput(const std::string& text, OutputChoice& choice, AnyGeodataba
 bool OutputWorkspaceExists(const std::string& text, const OutputChoice& choice) {
   // A feature dataset is no folder: its place is the geodatabase.
   const std::string directory = choice.IsFeatureDataset ? choice.Directory : WithoutTrailingSlash(ReturnDir(text));
-  if (ExistFileDir(directory)) return true;
+  const Format* format = FormatOfKind(choice.Kind);
+  if (format == nullptr) return ExistFileDir(directory);
+  const OutputPlace place{format, ToNativePath(WithoutTrailingSlash(text.substr(0, text.rfind('\\')))), "",
+                          text.substr(text.rfind('\\') + 1)};
+  if (const auto problem = text.empty() ? std::nullopt : NameProblem(place)) {
+    Host().MessageBox().Show(*problem, "Failed to Create Feature Class:");
+    return false;
+  }
+  // A shapefile in the folder of a geodatabase would be lost in it, and a class outside of any has no place.
+  const bool fits = format->container == (FormatOfPath(directory) != nullptr && FormatOfPath(directory)->container);
+  if (fits && ExistFileDir(directory)) return true;
   Host().MessageBox().Show(
       "Unable to create Feature Class:\r\n" + ToNativePath(directory) + " is not a valid workspace...",
       "Failed to Create Feature Class:");

@@ -5,13 +5,17 @@
 #include <cmath>
 #include <optional>
 
+#include "outputs/output_place.h"
 #include "platform/host.h"
 #include "platform/paths.h"
 #include "platform/text_formats.h"
 #include "platform/trap.h"
 #include "support/aml_func_mod.h"
+#include "support/attempt.h"
 #include "support/dataset_names.h"
+#include "support/output_chooser.h"
 #include "support/output_kinds.h"
+#include "support/rows_on_disk.h"
 
 namespace tessarine::MyGeneralOperations {
 namespace {
@@ -23,6 +27,7 @@ constexpr double kDatasetGridSize = 10.0;
 constexpr double kFeaturesPerTile = 200.0;
 constexpr std::size_t kUniqueIdLimit = 10;
 constexpr std::size_t kObjectIdLimit = 11;
+constexpr std::size_t kShapeLimit = 10;
 
 struct FeatureTypeRow {
   esriFeatureType type;
@@ -49,7 +54,7 @@ std::string UniqueFieldName(const std::string& base, std::size_t limit, const st
   const auto taken = [&](const std::string& name) {
     return fields && std::any_of(fields->begin(), fields->end(), [&](const Variant& element) {
              const auto field = element.AsObject<Field>();
-             return field && field->Name == name;
+             return field && EqualsIgnoringCase(field->Name, name);
            });
   };
   std::string name = base;
@@ -68,8 +73,8 @@ FieldRef NewField(const std::string& name, const std::string& alias, esriFieldTy
   return field;
 }
 
-FieldRef NewShapeField(const std::string& alias, std::shared_ptr<GeometryDef> definition) {
-  FieldRef field = NewField("Shape", alias, esriFieldTypeGeometry);
+FieldRef NewShapeField(const std::string& name, const std::string& alias, std::shared_ptr<GeometryDef> definition) {
+  FieldRef field = NewField(name, alias, esriFieldTypeGeometry);
   field->GeometryDef = std::move(definition);
   return field;
 }
@@ -94,49 +99,156 @@ std::string GeometryFieldName(const Fields& fields) {
   return name;
 }
 
-// Where an output goes, as `CreateGeneralFeatureClass` learns it.
-struct Place {
-  std::string category;
-  bool is_shapefile = false;
-};
-
-bool AskForPlace(const std::string& title, std::string& directory, std::string& name, bool& is_feature_dataset,
-                 std::string& feature_dataset_name, Place& place) {
-  const std::shared_ptr<IGxDialog> dialog = Host().CreateGxDialog();
-  dialog->AddFilter(GxFilter::FeatureClasses, true);
-  dialog->SetTitle(title);
-  dialog->SetAllowMultiSelect(false);
-  dialog->SetButtonCaption("Enter");
-  if (!dialog->DoModalSave(0)) return false;
-  const auto location = Require(dialog->FinalLocation(), "FinalLocation");
-  directory = location->FullName();
-  name = dialog->Name();
-  if (const auto item = Cast<IGxDataset>(location)) {
-    const std::shared_ptr<IDataset> dataset = item->Dataset();
-    directory = dataset->Workspace()->PathName();
-    // Any dataset behind the place but a class of its own is a feature dataset.
-    if (Is<IFeatureDataset>(dataset) || EndsWithIgnoringCase(location->Category(), "Feature Dataset")) {
-      is_feature_dataset = true;
-      feature_dataset_name = dataset->Name();
-    }
+std::shared_ptr<IFeatureClass> NewShapefile(IFeatureWorkspace& workspace, const std::string& name,
+                                            const SpatialReferenceRef& reference, esriGeometryType geometry_type,
+                                            const std::shared_ptr<VarArray>& fields, bool add_unique_id) {
+  auto definition = std::make_shared<GeometryDef>();
+  definition->GeometryType = geometry_type;
+  definition->SpatialReference = reference;
+  std::vector<FieldRef> own{NewShapeField("Shape", "", definition)};
+  if (add_unique_id) {
+    own.push_back(NewField(UniqueFieldName("Unique_ID", kUniqueIdLimit, fields), "", esriFieldTypeInteger));
   }
-  place.category = location->Category();
-  return true;
+  return workspace.CreateFeatureClass(name, FieldList(own, fields), nullptr, nullptr, esriFTSimple, "Shape", "");
 }
 
-bool TakeKind(std::int32_t output_kind, std::string& directory, std::string& name, Place& place) {
-  place.category = CategoryOfKind(output_kind);
-  if (place.category.empty()) {
+// The class identifier that follows from the feature type, which may force the geometry type; nothing where no such
+// class can be made.
+std::shared_ptr<UID> ClassIdOf(esriFeatureType feature_type, esriGeometryType& geometry_type) {
+  const FeatureTypeRow* row = FindFeatureType(feature_type);
+  if (row == nullptr || row->class_id == nullptr) return nullptr;
+  if (row->forced) geometry_type = *row->forced;
+  return std::make_shared<UID>(row->class_id);
+}
+
+std::shared_ptr<Fields> GeodatabaseFields(std::shared_ptr<GeometryDef> definition,
+                                          const std::shared_ptr<VarArray>& fields) {
+  return FieldList(
+      {NewShapeField(UniqueFieldName("Shape", kShapeLimit, fields), "geometry", std::move(definition)),
+       NewField(UniqueFieldName("Object_ID", kObjectIdLimit, fields), "object identifier", esriFieldTypeOID)},
+      fields);
+}
+
+std::shared_ptr<IFeatureClass> NewGeodatabaseClass(
+    const std::shared_ptr<IFeatureWorkspace>& workspace, const std::string& name, esriFeatureType feature_type,
+    const SpatialReferenceRef& spatial_reference, esriGeometryType& geometry_type,
+    const std::shared_ptr<VarArray>& fields, std::shared_ptr<UID> clsid, const std::shared_ptr<UID>& extclsid,
+    const std::string& config_keyword, const Envelope* envelope, std::int32_t feature_count) {
+  if (!workspace || name.empty()) return nullptr;
+  if (!clsid) {
+    clsid = ClassIdOf(feature_type, geometry_type);
+    if (!clsid) return nullptr;
+    if (feature_type == esriFTSimple && geometry_type == esriGeometryLine) geometry_type = esriGeometryPolyline;
+  }
+  auto definition = std::make_shared<GeometryDef>();
+  definition->GeometryType = geometry_type;
+  definition->GridCount = 1;
+  definition->SetGridSize(0, GridSizeFor(envelope, feature_count));
+  definition->HasM = false;
+  definition->HasZ = false;
+  definition->SpatialReference = spatial_reference;
+  if (envelope != nullptr) definition->Extent = *envelope;
+  const auto list = GeodatabaseFields(definition, fields);
+  return workspace->CreateFeatureClass(name, list, clsid, extclsid, feature_type, GeometryFieldName(*list),
+                                       config_keyword);
+}
+
+std::shared_ptr<IFeatureClass> NewDatasetClass(const std::shared_ptr<IFeatureDataset>& dataset, const std::string& name,
+                                               esriFeatureType feature_type, esriGeometryType& geometry_type,
+                                               const std::shared_ptr<VarArray>& fields, std::shared_ptr<UID> clsid,
+                                               const std::shared_ptr<UID>& extclsid, const std::string& config_keyword,
+                                               const Envelope* envelope) {
+  if (!dataset || name.empty()) return nullptr;
+  if (!clsid) clsid = ClassIdOf(feature_type, geometry_type);
+  if (!clsid) return nullptr;
+  auto definition = std::make_shared<GeometryDef>();
+  definition->GeometryType = geometry_type;
+  definition->GridCount = 1;
+  definition->SetGridSize(0, kDatasetGridSize);
+  definition->AvgNumPoints = 2;
+  definition->HasM = false;
+  definition->HasZ = false;
+  definition->SpatialReference = dataset->SpatialReference();
+  if (envelope != nullptr) definition->Extent = *envelope;
+  const auto list = GeodatabaseFields(definition, fields);
+  return dataset->CreateFeatureClass(name, list, clsid, extclsid, feature_type, GeometryFieldName(*list),
+                                     config_keyword);
+}
+
+bool IsFolderCategory(const std::string& category) { return category == "Shapefile" || category == "Folder"; }
+
+// Asks for directory, name and dataset; the category of the place, nothing when the user gave up.
+std::optional<std::string> AskForPlace(OutputRequest& request) {
+  const std::shared_ptr<IGxDialog> dialog = Host().CreateGxDialog();
+  dialog->AddFilter(GxFilter::FeatureClasses, true);
+  dialog->SetTitle(request.dialog_title);
+  dialog->SetAllowMultiSelect(false);
+  dialog->SetButtonCaption("Enter");
+  if (!dialog->DoModalSave(0)) {
+    Host().Journal().cancelled = true;
+    return std::nullopt;
+  }
+  const auto location = Require(dialog->FinalLocation(), "FinalLocation");
+  request.directory = location->FullName();
+  request.name = dialog->Name();
+  if (const auto item = Cast<IGxDataset>(location)) {
+    const std::shared_ptr<IDataset> dataset = item->Dataset();
+    request.directory = dataset->Workspace()->PathName();
+    // Any dataset behind the place but a class of its own is a feature dataset.
+    if (Is<IFeatureDataset>(dataset) || EndsWithIgnoringCase(location->Category(), "Feature Dataset")) {
+      request.is_feature_dataset = true;
+      request.feature_dataset = dataset->Name();
+    }
+  }
+  return location->Category();
+}
+
+// The category of a place that the caller named; nothing, and the user told, for a kind that there is none of.
+std::optional<std::string> CategoryOf(OutputRequest& request) {
+  const std::string category = CategoryOfKind(request.kind);
+  if (category.empty()) {
     Host().MessageBox().Show(
         "PROBLEM:  This function can only create shapefiles, file geodatabase feature classes, or "
         "\r\npersonal geodatabase feature classes.  Bailing out...",
         "Invalid Output Type:");
-    return false;
+    return std::nullopt;
   }
-  if (output_kind == kShapefile) {
-    name = SetExtension(name, "shp");
-    if (!directory.ends_with('\\')) directory += '\\';
+  if (request.kind == kShapefile) {
+    request.name = SetExtension(request.name, "shp");
+    if (!request.directory.ends_with('\\')) request.directory += '\\';
   }
+  return category;
+}
+
+// What the request names, with a shapefile's ending.
+OutputPlace PlaceOf(const OutputRequest& request, const Format& format) {
+  OutputPlace place{&format, ToNativePath(WithoutTrailingSlash(request.directory)), "", request.name};
+  if (format.container && request.is_feature_dataset) place.dataset = request.feature_dataset;
+  if (!format.container && !EndsWithIgnoringCase(place.name, format.ending)) place.name += format.ending;
+  return place;
+}
+
+// Why the output can't be made here, as a sentence.
+std::optional<std::string> PlaceProblem(const OutputRequest& request, const OutputPlace& place) {
+  if (const auto problem = NameProblem(place)) return problem;
+  for (const std::shared_ptr<IClass>& source : request.sources) {
+    const auto files = Cast<IDatasetFiles>(source);
+    if (files && place.Overlaps(files->Files())) {
+      return "'" + place.NativePath() + "' is read by this run: name another output.";
+    }
+  }
+  return std::nullopt;
+}
+
+// True when the name is free, or the user agrees that what bears it goes when the new class is whole.
+bool MakeNameFree(const std::shared_ptr<IFeatureWorkspace>& workspace, const std::string& name,
+                  const std::string& shown_name) {
+  if (!workspace->HoldsName(name) && !CheckIfFeatureClassExists(workspace, name)) return true;
+  const MessageAnswer answer =
+      Host().MessageBox().Show("The Feature Class '" + shown_name + "' already exists!  Do you wish to overwrite it?",
+                               "Feature Class Already Exists:", MessageButtons::YesNo);
+  if (answer != MessageAnswer::Yes) return false;
+  workspace->AllowReplacing(name);
   return true;
 }
 
@@ -148,17 +260,43 @@ void RefuseOtherReference(const IFeatureDataset& dataset, const SpatialReference
                           reference->Name() + "': name another dataset, or none.");
 }
 
-// True when the name is free, or was made free with the user's consent.
-bool MakeNameFree(const std::shared_ptr<IFeatureWorkspace>& workspace, const std::string& name,
-                  const std::string& shown_name) {
-  while (CheckIfFeatureClassExists(workspace, name)) {
-    const MessageAnswer answer =
-        Host().MessageBox().Show("The Feature Class '" + shown_name + "' already exists!  Do you wish to overwrite it?",
-                                 "Feature Class Already Exists:", MessageButtons::YesNo);
-    if (answer != MessageAnswer::Yes) return false;
-    workspace->OpenFeatureClass(name)->Delete();
+std::shared_ptr<IFeatureClass> CreateAt(OutputRequest& request, const std::string& category,
+                                        const std::shared_ptr<IFeatureWorkspace>& workspace,
+                                        const std::shared_ptr<IFeatureDataset>& dataset) {
+  if (dataset) {
+    return NewDatasetClass(dataset, request.name, esriFTSimple, request.geometry_type, request.fields, nullptr, nullptr,
+                           "", request.envelope);
   }
-  return true;
+  if (IsFolderCategory(category)) {
+    const bool ending = EndsWithIgnoringCase(request.name, ".shp");
+    const std::string name = ending ? request.name.substr(0, request.name.size() - 4) : request.name;
+    return NewShapefile(*workspace, name, request.reference, request.geometry_type, request.fields,
+                        request.add_unique_id);
+  }
+  return NewGeodatabaseClass(workspace, request.name, esriFTSimple, request.reference, request.geometry_type,
+                             request.fields, nullptr, nullptr, "", request.envelope, request.feature_count);
+}
+
+// The attributes of a class in their order: what it was asked for, then, under the names that the format chose.
+void TakeMadeNames(const IFeatureClass& output, OutputRequest& request) {
+  RunJournal& journal = Host().Journal();
+  if (output.Name() != request.name && !output.Category().starts_with(CategoryOfKind(kShapefile))) {
+    journal.NoteName(request.name, output.Name());
+    request.name = output.Name();
+  }
+  if (!request.fields) return;
+  std::vector<FieldRef> made;
+  for (const FieldRef& field : *output.Fields()) {
+    if (field->Type != esriFieldTypeOID && field->Type != esriFieldTypeGeometry) made.push_back(field);
+  }
+  const auto count = static_cast<std::size_t>(request.fields->Count());
+  if (made.size() < count) Raise(kInvalidCall, "'" + output.Name() + "' was made with too few fields.");
+  for (std::size_t index = 0; index < count; ++index) {
+    const auto asked = request.fields->Element(static_cast<std::int32_t>(index)).AsObject<Field>();
+    const std::string& name = made[made.size() - count + index]->Name;
+    journal.NoteName(asked->Name, name);
+    asked->Name = name;
+  }
 }
 
 }  // namespace
@@ -172,52 +310,142 @@ double GridSizeFor(const Envelope* envelope, std::int32_t feature_count) {
   return grid;
 }
 
+void MakeFieldNamesLegal(const std::shared_ptr<VarArray>& fields, std::int32_t kind) {
+  const Format* format = FormatOfKind(kind);
+  if (!fields || format == nullptr) return;
+  const NameRule& rule = format->field_names;
+  std::vector<std::string> names;
+  const auto taken = [&](const std::string& name) {
+    return std::ranges::any_of(names, [&](const std::string& other) { return EqualsIgnoringCase(other, name); });
+  };
+  // Who bears a legal name keeps it, wherever it stands in the list.
+  std::vector<FieldRef> others;
+  for (const Variant& element : *fields) {
+    const auto field = element.AsObject<Field>();
+    if (LegalName(rule, Require(field, "IField")->Name) == field->Name && !taken(field->Name)) {
+      names.push_back(field->Name);
+    } else {
+      others.push_back(field);
+    }
+  }
+  for (const FieldRef& field : others) {
+    const std::string asked = field->Name;
+    field->Name = FreeLegalName(rule, asked, taken);
+    names.push_back(field->Name);
+    Host().Journal().NoteName(asked, field->Name);
+  }
+}
+
+std::shared_ptr<IFeatureClass> CreateOutput(OutputRequest& request) {
+  return TrapAndPassOn("CreateGeneralFeatureClass", [&]() -> std::shared_ptr<IFeatureClass> {
+    for (;;) {
+      const bool named = !request.directory.empty() && !request.name.empty();
+      const std::optional<std::string> category = named ? CategoryOf(request) : AskForPlace(request);
+      if (!category) return nullptr;
+      const std::shared_ptr<IWorkspaceFactory> factory = FactoryOfCategory(*category);
+      if (!factory) {
+        Host().MessageBox().Show(
+            "Unexpected Feature Class Type (" + *category + ")!  Need to write new code for this...", "");
+        return nullptr;
+      }
+      const std::int32_t kind = KindOfCategory(*category);
+      const Format& format = *FormatOfKind(kind);
+      const bool in_dataset = request.is_feature_dataset && format.container;
+      request.is_feature_dataset = in_dataset;
+      request.directory = WithoutTrailingSlash(request.directory);
+      const OutputPlace place = PlaceOf(request, format);
+      if (const auto problem = PlaceProblem(request, place)) {
+        Host().MessageBox().Show(*problem, "Failed to Create Feature Class:");
+        request.name.clear();
+        continue;
+      }
+      if (format.container && place.ClassName() != request.name) {
+        Host().Journal().NoteName(request.name, place.ClassName());
+        request.name = place.ClassName();
+      }
+      const std::shared_ptr<IFeatureWorkspace> workspace = factory->OpenFromFile(request.directory, 0);
+      std::shared_ptr<IFeatureDataset> dataset;
+      if (in_dataset) {
+        dataset = workspace->OpenFeatureDataset(request.feature_dataset);
+        if (!request.projects) RefuseOtherReference(*dataset, request.reference);
+      }
+      const std::string shown_name = in_dataset ? request.feature_dataset + ":" + request.name : request.name;
+      if (!MakeNameFree(workspace, request.name, shown_name)) {
+        request.name.clear();
+        continue;
+      }
+      MakeFieldNamesLegal(request.fields, kind);
+      std::shared_ptr<IFeatureClass> output = CreateAt(request, *category, workspace, dataset);
+      if (output) TakeMadeNames(*output, request);
+      return output;
+    }
+  });
+}
+
+OutputPlan PlanOutput(OutputRequest& request) {
+  const Format* format = FormatOfKind(request.kind);
+  if (format == nullptr || request.name.empty()) return {request.directory + "\\" + request.name, false};
+  if (request.kind == kShapefile) request.name = SetExtension(request.name, "shp");
+  request.directory = WithoutTrailingSlash(request.directory);
+  OutputPlace place = PlaceOf(request, *format);
+  if (const auto problem = PlaceProblem(request, place)) Raise(kInvalidCall, *problem);
+  if (format->container) Host().Journal().NoteName(request.name, place.ClassName());
+  request.name = place.name = place.ClassName();
+  MakeFieldNamesLegal(request.fields, request.kind);
+  const auto workspace = Attempt([&] { return FactoryOfKind(request.kind)->OpenFromFile(request.directory, 0); });
+  const bool exists =
+      workspace && (workspace->HoldsName(request.name) || CheckIfFeatureClassExists(workspace, request.name));
+  return {FromNativePath(place.NativePath()), exists};
+}
+
+std::string NotePlan(const OutputPlan& plan, const OutputRequest& request) {
+  RunJournal& journal = Host().Journal();
+  journal.output_path = plan.path;
+  if (request.fields) {
+    for (const Variant& field : *request.fields) journal.planned_fields.push_back(field.AsObject<Field>()->Name);
+  }
+  if (!plan.exists) return "None";
+  std::string question = "Feature Class Already Exists: the run would ask whether to overwrite it.";
+  journal.planned_questions.push_back(question);
+  return question;
+}
+
+void DiscardUnpublished(const std::shared_ptr<IFeatureClass>& output) {
+  RunJournal& journal = Host().Journal();
+  if (!journal.output_path.empty()) {
+    journal.written = ReadableRows(output);
+    return;
+  }
+  if (const auto staged = Cast<IStagedDataset>(output)) staged->Discard();
+  journal.written = 0;
+}
+
+std::string OutputPath(const IFeatureClass& output, const OutputRequest& request) {
+  const bool shapefile = output.Category().starts_with(CategoryOfKind(kShapefile));
+  if (shapefile || !request.is_feature_dataset) return output.FullName();
+  return request.directory + "\\" + request.feature_dataset + "\\" + output.Name();
+}
+
+void PublishOutput(IFeatureClass& output, const OutputRequest& request) {
+  if (auto* staged = dynamic_cast<IStagedDataset*>(&output)) staged->Publish();
+  Host().Journal().output_path = OutputPath(output, request);
+}
+
 std::shared_ptr<IFeatureClass> CreateGeneralFeatureClass(
     esriGeometryType& geometry_type, const SpatialReferenceRef& spatial_reference, std::string& directory,
     std::string& name, std::int32_t output_kind, const std::shared_ptr<VarArray>& fields,
-    const std::string& dialog_title, bool& is_feature_dataset, std::string& feature_dataset_name, bool reserved,
+    const std::string& dialog_title, bool& is_feature_dataset, std::string& feature_dataset_name, bool,
     bool add_unique_id, const Envelope* envelope, std::int32_t feature_count) {
-  return Trap("CreateGeneralFeatureClass", [&]() -> std::shared_ptr<IFeatureClass> {
-    for (;;) {
-      Place place;
-      if (directory.empty() || name.empty()) {
-        if (!AskForPlace(dialog_title, directory, name, is_feature_dataset, feature_dataset_name, place))
-          return nullptr;
-      } else if (!TakeKind(output_kind, directory, name, place)) {
-        return nullptr;
-      }
-      const std::shared_ptr<IWorkspaceFactory> factory = FactoryOfCategory(place.category);
-      if (!factory) {
-        Host().MessageBox().Show(
-            "Unexpected Feature Class Type (" + place.category + ")!  Need to write new code for this...", "");
-        return nullptr;
-      }
-      const bool is_shapefile = place.category == "Shapefile" || place.category == "Folder";
-      const bool in_dataset = is_feature_dataset && !is_shapefile;
-      const std::string shown_name = in_dataset ? feature_dataset_name + ":" + name : name;
-      if (directory.ends_with('\\') || directory.ends_with('/')) directory.pop_back();
-      const std::shared_ptr<IFeatureWorkspace> workspace = factory->OpenFromFile(directory, 0);
-      std::shared_ptr<IFeatureDataset> dataset;
-      if (in_dataset) {
-        dataset = workspace->OpenFeatureDataset(feature_dataset_name);
-        RefuseOtherReference(*dataset, spatial_reference);
-      }
-
-      if (!MakeNameFree(workspace, name, shown_name)) {
-        name.clear();
-        continue;
-      }
-      if (in_dataset) {
-        return CreateDatasetFeatureClass(dataset, name, esriFTSimple, geometry_type, fields, nullptr, nullptr, "",
-                                         envelope);
-      }
-      if (is_shapefile) {
-        return CreateShapefileFeatureClass(directory, name, spatial_reference, geometry_type, fields, add_unique_id);
-      }
-      return CreateGDBFeatureClass(workspace, name, esriFTSimple, spatial_reference, geometry_type, fields, nullptr,
-                                   nullptr, "", reserved, output_kind, envelope, feature_count);
-    }
-  });
+  OutputRequest request{
+      geometry_type,      spatial_reference,    directory,     name,  output_kind, fields,        dialog_title,
+      is_feature_dataset, feature_dataset_name, add_unique_id, false, envelope,    feature_count, {}};
+  std::shared_ptr<IFeatureClass> output = Trap("CreateGeneralFeatureClass", [&] { return CreateOutput(request); });
+  geometry_type = request.geometry_type;
+  directory = request.directory;
+  name = request.name;
+  is_feature_dataset = request.is_feature_dataset;
+  feature_dataset_name = request.feature_dataset;
+  return output;
 }
 
 std::shared_ptr<IFeatureClass> CreateShapefileFeatureClass(std::string& directory, std::string& name,
@@ -234,15 +462,8 @@ std::shared_ptr<IFeatureClass> CreateShapefileFeatureClass(std::string& director
           "Failed to Create Feature Class:");
       return nullptr;
     }
-    const std::shared_ptr<IFeatureWorkspace> workspace = CreateShapefileWorkspaceFactory()->OpenFromFile(directory, 0);
-    auto definition = std::make_shared<GeometryDef>();
-    definition->GeometryType = geometry_type;
-    definition->SpatialReference = spatial_reference;
-    std::vector<FieldRef> own{NewShapeField("", definition)};
-    if (add_unique_id) {
-      own.push_back(NewField(UniqueFieldName("Unique_ID", kUniqueIdLimit, fields), "", esriFieldTypeInteger));
-    }
-    return workspace->CreateFeatureClass(name, FieldList(own, fields), nullptr, nullptr, esriFTSimple, "Shape", "");
+    return NewShapefile(*CreateShapefileWorkspaceFactory()->OpenFromFile(directory, 0), name, spatial_reference,
+                        geometry_type, fields, add_unique_id);
   });
 }
 
@@ -251,29 +472,9 @@ std::shared_ptr<IFeatureClass> CreateGDBFeatureClass(
     const SpatialReferenceRef& spatial_reference, esriGeometryType& geometry_type,
     const std::shared_ptr<VarArray>& fields, std::shared_ptr<UID> clsid, const std::shared_ptr<UID>& extclsid,
     const std::string& config_keyword, bool, std::int32_t, const Envelope* envelope, std::int32_t feature_count) {
-  return Trap("CreateGDBFeatureClass", [&]() -> std::shared_ptr<IFeatureClass> {
-    if (!workspace || name.empty()) return nullptr;
-    if (!clsid) {
-      const FeatureTypeRow* row = FindFeatureType(feature_type);
-      if (row == nullptr || row->class_id == nullptr) return nullptr;
-      clsid = std::make_shared<UID>(row->class_id);
-      if (row->forced) geometry_type = *row->forced;
-      if (feature_type == esriFTSimple && geometry_type == esriGeometryLine) geometry_type = esriGeometryPolyline;
-    }
-    auto definition = std::make_shared<GeometryDef>();
-    definition->GeometryType = geometry_type;
-    definition->GridCount = 1;
-    definition->SetGridSize(0, GridSizeFor(envelope, feature_count));
-    definition->HasM = false;
-    definition->HasZ = false;
-    definition->SpatialReference = spatial_reference;
-    if (envelope != nullptr) definition->Extent = *envelope;
-    const auto list = FieldList(
-        {NewShapeField("geometry", definition),
-         NewField(UniqueFieldName("Object_ID", kObjectIdLimit, fields), "object identifier", esriFieldTypeOID)},
-        fields);
-    return workspace->CreateFeatureClass(name, list, clsid, extclsid, feature_type, GeometryFieldName(*list),
-                                         config_keyword);
+  return Trap("CreateGDBFeatureClass", [&] {
+    return NewGeodatabaseClass(workspace, name, feature_type, spatial_reference, geometry_type, fields,
+                               std::move(clsid), extclsid, config_keyword, envelope, feature_count);
   });
 }
 
@@ -281,29 +482,9 @@ std::shared_ptr<IFeatureClass> CreateDatasetFeatureClass(
     const std::shared_ptr<IFeatureDataset>& dataset, const std::string& name, esriFeatureType feature_type,
     esriGeometryType& geometry_type, const std::shared_ptr<VarArray>& fields, std::shared_ptr<UID> clsid,
     const std::shared_ptr<UID>& extclsid, const std::string& config_keyword, const Envelope* envelope) {
-  return Trap("CreateDatasetFeatureClass", [&]() -> std::shared_ptr<IFeatureClass> {
-    if (!dataset || name.empty()) return nullptr;
-    if (!clsid) {
-      const FeatureTypeRow* row = FindFeatureType(feature_type);
-      if (row == nullptr || row->class_id == nullptr) return nullptr;
-      clsid = std::make_shared<UID>(row->class_id);
-      if (row->forced) geometry_type = *row->forced;
-    }
-    auto definition = std::make_shared<GeometryDef>();
-    definition->GeometryType = geometry_type;
-    definition->GridCount = 1;
-    definition->SetGridSize(0, kDatasetGridSize);
-    definition->AvgNumPoints = 2;
-    definition->HasM = false;
-    definition->HasZ = false;
-    definition->SpatialReference = dataset->SpatialReference();
-    if (envelope != nullptr) definition->Extent = *envelope;
-    const auto list = FieldList(
-        {NewShapeField("geometry", definition),
-         NewField(UniqueFieldName("Object_ID", kObjectIdLimit, fields), "object identifier", esriFieldTypeOID)},
-        fields);
-    return dataset->CreateFeatureClass(name, list, clsid, extclsid, feature_type, GeometryFieldName(*list),
-                                       config_keyword);
+  return Trap("CreateDatasetFeatureClass", [&] {
+    return NewDatasetClass(dataset, name, feature_type, geometry_type, fields, std::move(clsid), extclsid,
+                           config_keyword, envelope);
   });
 }
 

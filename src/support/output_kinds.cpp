@@ -1,68 +1,67 @@
 #include "support/output_kinds.h"
 
+#include <algorithm>
 #include <array>
+
+#include "outputs/formats.h"
 
 namespace tessarine::MyGeneralOperations {
 namespace {
 
-struct KindRow {
-  OutputKind kind;
-  std::string_view directory_type;
-  std::string_view category;
-};
-
-constexpr std::array kKinds = {
-    KindRow{kShapefile, "Shapefile", "Shapefile"},
-    KindRow{kFileGeodatabase, "File Geodatabase", "File Geodatabase Feature Class"},
-    KindRow{kPersonalGeodatabase, "Personal Geodatabase", "Personal Geodatabase Feature Class"},
-};
+// What stands behind a geodatabase's name in the categories of places in it that a class can be made in.
+constexpr std::array<std::string_view, 4> kPlacesInGeodatabases = {"", " Feature Class", " Raster Catalog",
+                                                                   " Feature Dataset"};
 
 struct FactoryRow {
-  std::string_view category;
+  OutputKind kind;
   std::shared_ptr<IWorkspaceFactory> (*make)();
 };
 
 constexpr std::array kFactories = {
-    FactoryRow{"Shapefile", CreateShapefileWorkspaceFactory},
-    FactoryRow{"Folder", CreateShapefileWorkspaceFactory},
-    FactoryRow{"File Geodatabase Feature Class", CreateFileGDBWorkspaceFactory},
-    FactoryRow{"File Geodatabase Raster Catalog", CreateFileGDBWorkspaceFactory},
-    FactoryRow{"File Geodatabase", CreateFileGDBWorkspaceFactory},
-    FactoryRow{"File Geodatabase Feature Dataset", CreateFileGDBWorkspaceFactory},
-    FactoryRow{"Personal Geodatabase Feature Class", CreateAccessWorkspaceFactory},
-    FactoryRow{"Personal Geodatabase Raster Catalog", CreateAccessWorkspaceFactory},
-    FactoryRow{"Personal Geodatabase", CreateAccessWorkspaceFactory},
-    FactoryRow{"Personal Geodatabase Feature Dataset", CreateAccessWorkspaceFactory},
+    FactoryRow{kShapefile, CreateShapefileWorkspaceFactory},
+    FactoryRow{kFileGeodatabase, CreateFileGDBWorkspaceFactory},
+    FactoryRow{kPersonalGeodatabase, CreateAccessWorkspaceFactory},
 };
 
 }  // namespace
 
 std::string DirectoryTypeText(std::int32_t kind) {
-  for (const KindRow& row : kKinds) {
-    if (row.kind == kind) return std::string(row.directory_type);
-  }
-  return "";
+  const Format* format = FormatOfKind(kind);
+  return format == nullptr ? "" : std::string(format->name);
 }
 
 OutputKind KindOfDirectoryType(std::string_view text) {
-  for (const KindRow& row : kKinds) {
-    if (row.directory_type == text) return row.kind;
+  for (const Format& format : AllFormats()) {
+    if (format.name == text) return static_cast<OutputKind>(format.kind);
   }
   return kUnknownOutput;
 }
 
 std::string CategoryOfKind(std::int32_t kind) {
-  for (const KindRow& row : kKinds) {
-    if (row.kind == kind) return std::string(row.category);
+  const Format* format = FormatOfKind(kind);
+  return format == nullptr ? "" : std::string(format->category);
+}
+
+OutputKind KindOfCategory(std::string_view category) {
+  if (category == "Folder") return kShapefile;
+  for (const Format& format : AllFormats()) {
+    if (format.kind == 0) continue;
+    if (!format.container && category == format.category) return static_cast<OutputKind>(format.kind);
+    if (!format.container || !category.starts_with(format.name)) continue;
+    category.remove_prefix(format.name.size());
+    const bool known = std::ranges::find(kPlacesInGeodatabases, category) != kPlacesInGeodatabases.end();
+    return known ? static_cast<OutputKind>(format.kind) : kUnknownOutput;
   }
-  return "";
+  return kUnknownOutput;
+}
+
+std::shared_ptr<IWorkspaceFactory> FactoryOfKind(std::int32_t kind) {
+  const auto row = std::ranges::find(kFactories, kind, &FactoryRow::kind);
+  return row == kFactories.end() ? nullptr : row->make();
 }
 
 std::shared_ptr<IWorkspaceFactory> FactoryOfCategory(std::string_view category) {
-  for (const FactoryRow& row : kFactories) {
-    if (row.category == category) return row.make();
-  }
-  return nullptr;
+  return FactoryOfKind(KindOfCategory(category));
 }
 
 }  // namespace tessarine::MyGeneralOperations

@@ -23,6 +23,10 @@ enum OutputKind : std::int32_t {
 [[nodiscard]] OutputKind KindOfDirectoryType(std::string_view text);
 /// The catalog's word for a class of this kind, or "" for any other kind.
 [[nodiscard]] std::string CategoryOfKind(std::int32_t kind);
+/// The kind of output that a place of this category takes; `kUnknownOutput` for any other.
+[[nodiscard]] OutputKind KindOfCategory(std::string_view category);
+/// The factory for outputs of this kind; nothing for any other.
+[[nodiscard]] std::shared_ptr<IWorkspaceFactory> FactoryOfKind(std::int32_t kind);
 /// The factory for a place of this category; nothing for any other category.
 [[nodiscard]] std::shared_ptr<IWorkspaceFactory> FactoryOfCategory(std::string_view category);
 

@@ -158,8 +158,8 @@ TEST_F(RunTest, AStoppedRunKeepsWhatItWrote) {
 
 TEST_F(RunTest, AFieldThatCanNotBeMadeEndsTheRun) {
   const auto layer = Points(2);
-  EXPECT_EQ(Run(layer, {OptionEntry(1, "X", ""), OptionEntry(2, "LON", "LAT")}),
-            "Failed to add field '' to Feature Layer towns!\r\n" + host.journal.failure);
+  const std::string report = Run(layer, {OptionEntry(1, "X", ""), OptionEntry(2, "LON", "LAT")});
+  EXPECT_EQ(report, "Failed to add field '' to Feature Layer towns!\r\n" + host.journal.failure);
   EXPECT_THAT(host.journal.failure, HasSubstr("without a name"));
   ASSERT_EQ(host.messages.shown.size(), 1U);
   EXPECT_EQ(host.messages.shown[0].text,

@@ -80,8 +80,8 @@ TEST_F(Planetary, WrapAndConvertWithTheOptionsOfTheDialogs) {
   const ProgramOutcome taken = RunTessarine({"wrap", Data("cities.shp"), "--range", "360", "-o", In("mars.shp")});
   EXPECT_EQ(taken.status, 2);
   const ProgramOutcome plan =
-      RunTessarine({"wrap", Data("cities.shp"), "--range", "360", "-o", In("mars.shp"), "--dry-run"});
-  EXPECT_EQ(plan.status, 0);
+      RunTessarine({"wrap", Data("cities.shp"), "--range", "360", "-o", In("mars.shp"), "--dry-run", "--overwrite"});
+  EXPECT_EQ(plan.status, 0) << plan.err;
   EXPECT_THAT(plan.out, HasSubstr("planned only: nothing was written"));
   EXPECT_THAT(plan.out, HasSubstr("Already Exists"));
   const ProgramOutcome over =

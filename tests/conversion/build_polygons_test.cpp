@@ -2,6 +2,8 @@
 #include "conversion/frmBuildParams.h"
 #include "conversion/mod_92_functions.h"
 #include "helpers/conversion_run.h"
+#include "helpers/memory_class.h"
+#include "helpers/shapes.h"
 
 namespace tessarine {
 namespace {
@@ -74,10 +76,10 @@ TEST_F(BuildPolygonsTest, GapsCloseWithinTheToleranceOnly) {
   EXPECT_EQ(host.messages.shown[0].text,
             "No polygons were created from 'gap'!  Possibly no polylines intersected in such a way as to create a "
             "bounded region.  Function cancelled...");
-  EXPECT_TRUE(folder.Has("out.shp"));  // empty, and its name is taken
+  EXPECT_FALSE(folder.Has("out.shp")) << "nothing takes a name without polygons";
   EXPECT_EQ(document->Map().LayerCount(), 0);
-  EXPECT_THAT(Build(Layer("gap", gap), 0.1), HasSubstr("out_2.shp\n"));
-  EXPECT_THAT(Rows("out_2.shp"), ElementsAre(StartsWith("1 100 POLYGON")));
+  EXPECT_THAT(Build(Layer("gap", gap), 0.1), HasSubstr("out.shp\n"));
+  EXPECT_THAT(Rows("out.shp"), ElementsAre(StartsWith("1 100 POLYGON")));
 }
 
 TEST_F(BuildPolygonsTest, WithoutLinesNothingIsMade) {
@@ -115,6 +117,52 @@ TEST_F(BuildPolygonsTest, LabelsComeFromTheFirstOrTheNearestPoint) {
                         "  ** OID Value = 1\n") != std::string::npos,
               row.names[1] == "NULL");
   }
+}
+
+// The index of a GeoPackage gives the points of a polygon in an order of its own. All points here are equally near to
+// the centre.
+TEST_F(BuildPolygonsTest, TheOrderOfThePointsIsThatOfTheRowsInEveryFormat) {
+  const auto lines = Layer("lines", {LineFeature("[[0,0],[100,0],[100,100],[0,100],[0,0]]")});
+  std::vector<std::string> features;
+  for (int number = 0; number < 400; ++number) {
+    features.push_back(PointFeature(number % 2 == 0 ? "[80,20]" : "[20,80]", "p" + std::to_string(number)));
+  }
+  Layer("points", features);
+  const GDALDatasetUniquePtr source(GDALDataset::Open(folder.Native("points.geojson").c_str(), GDAL_OF_VECTOR));
+  int built = 0;
+  for (const std::string format : {"GPKG", "GeoJSON", "ESRI Shapefile"}) {
+    SCOPED_TRACE(format);
+    const std::string path = folder.Native(format == "GPKG" ? "p.gpkg" : format == "GeoJSON" ? "p.json" : "p.shp");
+    {
+      GDALDriver* const driver = GetGDALDriverManager()->GetDriverByName(format.c_str());
+      const GDALDatasetUniquePtr copy(driver->Create(path.c_str(), 0, 0, 0, GDT_Unknown, nullptr));
+      ASSERT_NE(copy->CopyLayer(source->GetLayer(0), "p"), nullptr);
+    }
+    const auto points = std::make_shared<DocumentFeatureLayer>();
+    points->SetName(format);
+    points->SetFeatureClass(DataSource::Open(path, false)->OpenFeatureClass(""));
+    for (const bool take_first : {true, false}) {
+      Build(lines, 0.001, {points, true, take_first});
+      const std::string file = ++built == 1 ? "out.shp" : "out_" + std::to_string(built) + ".shp";
+      EXPECT_THAT(Rows(file), ElementsAre(StartsWith("1 10000 p0 POLYGON"))) << take_first;
+    }
+  }
+}
+
+TEST_F(BuildPolygonsTest, ALineWithNoNumbersCostsNoPolygon) {
+  constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
+  const auto features = std::make_shared<MemoryClass>(esriGeometryPolyline);
+  features->reference = SpatialReferenceEnvironment::CreateFromText("EPSG:32612");
+  features->Add(PolylineOf({Box(0, 0, 10, 10)}));
+  features->Add(PolylineOf({{{5, 5}, {kNan, 7}}}));
+  const auto layer = std::make_shared<DocumentFeatureLayer>();
+  layer->SetName("odd");
+  layer->SetFeatureClass(features);
+  Build(layer);
+  EXPECT_THAT(Rows(), ElementsAre(StartsWith("1 100 POLYGON")));
+  EXPECT_EQ(host.journal.skipped_oids.size(), 1U);
+  ASSERT_EQ(host.journal.warnings.size(), 1U);
+  EXPECT_EQ(host.journal.read, 2);
 }
 
 TEST_F(BuildPolygonsTest, PointsInAnotherReferenceAreFound) {

@@ -298,11 +298,11 @@ TEST_F(LayerFieldsTest, BrowsingForAPlace) {
   EXPECT_EQ(extension->DirectoryType, "File Geodatabase");
   EXPECT_EQ(extension->DirectoryPath, folder.Path("a.gdb"));
 
-  // The same path typed by hand counts as a shapefile.
+  // The same path typed by hand means the class in the geodatabase, never a shapefile among its tables.
   Open();
   form.txtOutput.SetText(folder.Path("a.gdb") + "\\roads");
   form.cmdOK.Press();
-  EXPECT_EQ(extension->DirectoryType, "Shapefile");
+  EXPECT_EQ(extension->DirectoryType, "File Geodatabase");
 }
 
 TEST_F(LayerFieldsTest, LayoutHoldsAtEverySize) {

@@ -8,6 +8,7 @@
 
 #include "engine/filegdb_grid.h"
 #include "engine/geodatabase_helpers.h"
+#include "helpers/published.h"
 #include "platform/text_formats.h"
 
 namespace tessarine {
@@ -69,6 +70,7 @@ TEST(GeodatabaseGrid, HoldsTheExtentOfTheRun) {
     buffer->SetShape(std::make_shared<Point>(point.x, point.y));
     cursor->InsertFeature(*buffer);
     cursor->Close();
+    (void)testing::Published(features);
     const GDALDatasetUniquePtr dataset(GDALDataset::Open(file.c_str(), GDAL_OF_VECTOR));
     const OGRFeatureUniquePtr read(dataset->GetLayer(0)->GetNextFeature());
     ASSERT_NE(read, nullptr) << point.what;
@@ -106,6 +108,7 @@ TEST(GeodatabaseGrid, AShapeBeyondItIsNamed) {
   buffer->SetShape(std::make_shared<Point>(12.0, 45.0));
   insert();
   cursor->Close();
+  (void)testing::Published(features);
   const auto rows = ReadLayer(file, "places");
   ASSERT_EQ(rows.size(), 2U);
   EXPECT_EQ(rows[0].wkt, "");
@@ -121,7 +124,8 @@ TEST(GeodatabaseDatasets, AreOneInAnyCase) {
   for (const auto& [dataset_name, name] : {std::pair("ds", "a"), std::pair("DS", "b")}) {
     PromiseFeatureDataset(file, dataset_name, reference);
     const auto dataset = workspace->OpenFeatureDataset(dataset_name);
-    (void)dataset->CreateFeatureClass(name, PointFields("EPSG:32612", {}), nullptr, nullptr, esriFTSimple, "Shape", "");
+    (void)testing::Published(
+        dataset->CreateFeatureClass(name, PointFields("EPSG:32612", {}), nullptr, nullptr, esriFTSimple, "Shape", ""));
   }
   EXPECT_TRUE(FeatureDatasetReference(file, "Ds")->IsEqual(*reference));
   const GDALDatasetUniquePtr written(GDALDataset::Open(file.c_str(), GDAL_OF_VECTOR));

@@ -5,6 +5,7 @@
 #include <numbers>
 
 #include "engine/srs_from_gdal.h"
+#include "engine/test_layers.h"
 #include "helpers/shapes.h"
 
 namespace tessarine {
@@ -169,6 +170,24 @@ TEST(References, EqualWhateverTheirTextIs) {
   EXPECT_TRUE(Reference("")->IsEqual(*Reference("")));
   EXPECT_TRUE(Reference("EPSG:32612")->IsXYPrecisionEqual(*Reference("EPSG:32613")));
   EXPECT_FALSE(Reference("EPSG:32612")->IsXYPrecisionEqual(*by_code));
+}
+
+// A layer with neither coordinate system nor unit, as the format numbers them.
+TEST(References, GeoPackagesOfUndefinedReferencesHaveNone) {
+  for (const int srs_id : {0, -1}) {
+    const testing::TemporaryFolder folder;
+    const std::string file = folder.Native("layer.gpkg");
+    testing::WriteLayer({"GPKG", file, "layer", wkbPoint, {{"POINT (500000 -4000000)"}}});
+    {
+      const GDALDatasetUniquePtr dataset(GDALDataset::Open(file.c_str(), GDAL_OF_VECTOR | GDAL_OF_UPDATE));
+      for (const char* table : {"gpkg_contents", "gpkg_geometry_columns"}) {
+        const std::string sql = std::string("UPDATE ") + table + " SET srs_id = " + std::to_string(srs_id);
+        dataset->ReleaseResultSet(dataset->ExecuteSQL(sql.c_str(), nullptr, nullptr));
+      }
+    }
+    const SpatialReferenceRef reference = DataSource::Open(file, false)->OpenFeatureClass("")->SpatialReference();
+    EXPECT_NE(dynamic_cast<const UnknownCoordinateSystem*>(reference.get()), nullptr) << srs_id << reference->Name();
+  }
 }
 
 TEST(References, UnknownOnesAndTextsThatAreNone) {

@@ -59,6 +59,22 @@ TEST(ConstructUnion, OfLinesDropsWhatLiesTwiceAndKeepsTheirDirection) {
   }
 }
 
+// Three hundred squares along a diagonal, each over thirty others on both sides: a staircase, whose area is that of the
+// first square and of what each adds to the one before.
+TEST(ConstructUnion, OfACrowdIsThatOfItsPairs) {
+  constexpr int kCount = 300, kSide = 30;
+  GeometryBag bag;
+  for (int number = 0; number < kCount; ++number) {
+    const double at = (number * 7) % kCount;  // in no order of place
+    bag.AddGeometry(PolygonOf({Box(at, at, at + kSide, at + kSide)}));
+  }
+  bag.AddGeometry(PolygonOf({Box(500, 0, 510, 10), Box(502, 2, 508, 8, false)}));
+  Polygon result;
+  result.ConstructUnion(bag);
+  EXPECT_DOUBLE_EQ(result.Area(), kSide * kSide + (kCount - 1) * (2.0 * kSide - 1.0) + 100.0 - 36.0);
+  EXPECT_EQ(result.GeometryCount(), 3);
+}
+
 TEST(ConstructUnion, OfOneLineIsWhatItIsInCompany) {
   const struct {
     const char* name;

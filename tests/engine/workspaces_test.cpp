@@ -6,6 +6,7 @@
 
 #include "engine/local_system.h"
 #include "engine/test_layers.h"
+#include "helpers/published.h"
 
 namespace tessarine {
 namespace {
@@ -14,6 +15,7 @@ using testing::Box;
 using testing::FaultOf;
 using testing::FaultTextOf;
 using testing::PolygonOf;
+using testing::Published;
 using testing::ReadLayer;
 using testing::TemporaryFolder;
 using testing::WriteLayer;
@@ -47,7 +49,7 @@ FieldsRef NewFields(esriGeometryType shape_type, int epsg) {
 
 std::shared_ptr<IFeatureClass> CreateIn(IFeatureWorkspace& workspace, const std::string& name,
                                         const FieldsRef& fields) {
-  return workspace.CreateFeatureClass(name, fields, nullptr, nullptr, esriFTSimple, "Shape", "");
+  return Published(workspace.CreateFeatureClass(name, fields, nullptr, nullptr, esriFTSimple, "Shape", ""));
 }
 
 // One row of every field, written through the class and read back by it and by GDAL.
@@ -117,19 +119,80 @@ TEST(Workspaces, AFolderOfShapefiles) {
   EXPECT_TRUE(folder.IsEmpty()) << "all parts are gone";
 }
 
-TEST(Workspaces, ANameTooLongForDbaseLeavesNothingBehind) {
+TEST(Workspaces, FieldsAreReadBackUnderTheNamesThatTheFormatGaveThem) {
+  const TemporaryFolder folder;
+  CreateFileGeodatabase(folder.Native("a.gdb"));
+  struct Row {
+    std::shared_ptr<IFeatureWorkspace> workspace;
+    const char* asked;
+    const char* made;
+  };
+  const Row rows[] = {{CreateShapefileWorkspaceFactory()->OpenFromFile(folder.Path(), 0), "ElevenChars", "ElevenChar"},
+                      {CreateFileGDBWorkspaceFactory()->OpenFromFile(folder.Path("a.gdb"), 0), "select", "select_"}};
+  for (const Row& row : rows) {
+    auto fields = std::make_shared<Fields>(*NewFields(esriGeometryPoint, 4326));
+    fields->AddField(NewField(row.asked, esriFieldTypeDouble));
+    const auto made = CreateIn(*row.workspace, "p", fields);
+    EXPECT_EQ(made->Fields()->Field(made->Fields()->FieldCount() - 1)->Name, row.made);
+    EXPECT_EQ(made->FindField(row.asked), -1);
+  }
+}
+
+TEST(Workspaces, ANewShapefileIsNowhereUntilItIsPublished) {
   const TemporaryFolder folder;
   const auto workspace = CreateShapefileWorkspaceFactory()->OpenFromFile(folder.Path(), 0);
-  auto fields = std::make_shared<Fields>(*NewFields(esriGeometryPoint, 4326));
-  fields->AddField(NewField("ElevenChars", esriFieldTypeDouble));
-  EXPECT_NE(FaultTextOf([&] { (void)CreateIn(*workspace, "p", fields); }).find("ElevenChars"), std::string::npos);
-  EXPECT_TRUE(folder.IsEmpty());
+  const auto create = [&] {
+    return workspace->CreateFeatureClass("a", NewFields(esriGeometryPoint, 4326), nullptr, nullptr, esriFTSimple,
+                                         "Shape", "");
+  };
+  {
+    const auto given_up = create();
+    EXPECT_EQ(given_up->FullName(), folder.Path("a.shp")) << "messages tell of the place that was named";
+    EXPECT_FALSE(folder.Has("a.shp"));
+    Cast<IStagedDataset>(given_up)->Discard();
+    EXPECT_TRUE(folder.IsEmpty());
+  }
+  { (void)create(); }
+  EXPECT_TRUE(folder.IsEmpty()) << "a class that is never published leaves nothing";
+
+  const auto kept = create();
+  folder.Write("a.dbf", "theirs");
+  EXPECT_NE(FaultTextOf([&] { Cast<IStagedDataset>(kept)->Publish(); }).find("came to be"), std::string::npos);
+  EXPECT_FALSE(folder.Has("a.shp"));
+  EXPECT_NE(FaultTextOf([&] { (void)create(); }).find("exists already"), std::string::npos);
+  EXPECT_TRUE(workspace->HoldsName("A.shp") == folder.Has("A.dbf")) << "as the file system tells cases apart";
+  EXPECT_TRUE(workspace->HoldsName("a"));
+  workspace->AllowReplacing("a.shp");
+  const auto replacing = create();
+  EXPECT_EQ(std::filesystem::file_size(folder.Native("a.dbf")), 6U);
+  Cast<IStagedDataset>(replacing)->Publish();
+  EXPECT_EQ(replacing->FeatureCount(nullptr), 0);
+  EXPECT_TRUE(folder.Has("a.shp"));
+}
+
+// What stands under the name of a table, of either case, is found as a table and as a part of a shapefile.
+TEST(Workspaces, ALoneTableIsFoundByTheNameOfAShapefile) {
+  const TemporaryFolder folder;
+  const auto workspace = CreateShapefileWorkspaceFactory()->OpenFromFile(folder.Path(), 0);
+  (void)CreateIn(*workspace, "t", NewFields(esriGeometryPoint, 4326));
+  for (const char* ending : {".shp", ".shx", ".prj", ".cpg"}) std::filesystem::remove(folder.Native("t") + ending);
+  for (const char* name : {"t", "t.shp", "t.dbf"}) {
+    EXPECT_NE(workspace->OpenTable(name), nullptr) << name;
+    EXPECT_TRUE(workspace->HoldsName(name)) << name;
+  }
+  std::filesystem::rename(folder.Native("t.dbf"), folder.Native("t.DBF"));
+  EXPECT_NE(workspace->OpenTable("t.shp"), nullptr);
+}
+
+TEST(Workspaces, AFailedCreationLeavesNothingBehind) {
+  const TemporaryFolder folder;
+  const auto workspace = CreateShapefileWorkspaceFactory()->OpenFromFile(folder.Path(), 0);
   EXPECT_NE(FaultOf([&] { (void)CreateIn(*workspace, "p", std::make_shared<Fields>()); }), 0) << "no shape field";
   EXPECT_TRUE(folder.IsEmpty());
 }
 
 // A dBASE number field has room for its width: digits behind the point give way, then it is an overflow.
-TEST(Workspaces, NumbersThatAreTooWideForDbaseAreNull) {
+TEST(Workspaces, NumbersFitDbaseByFewerDecimalsOrAnExponent) {
   const TemporaryFolder folder;
   const auto workspace = CreateShapefileWorkspaceFactory()->OpenFromFile(folder.Path(), 0);
   const auto features = CreateIn(*workspace, "a", NewFields(esriGeometryPolygon, 4326));
@@ -153,8 +216,8 @@ TEST(Workspaces, NumbersThatAreTooWideForDbaseAreNull) {
   const auto cursor = features->Search(nullptr, true);
   for (const Row& row : rows) EXPECT_DOUBLE_EQ(cursor->NextFeature()->Value(area).AsDouble(), row.stored);
   for (const double value : {1e16, -1e15}) {
-    EXPECT_EQ(buffer->SetValue(area, value), ValueChange::OutOfRange) << value;
-    EXPECT_TRUE(buffer->Value(area).IsNull());
+    EXPECT_EQ(buffer->SetValue(area, value), ValueChange::None) << value;
+    EXPECT_EQ(buffer->Value(area).AsDouble(), value);
   }
 }
 
@@ -178,12 +241,40 @@ TEST(Workspaces, AFileGeodatabase) {
   EXPECT_EQ(lakes->PropertySet()->GetProperty("Datafile Format"), Variant(0));
   EXPECT_NE(FaultOf([&] { (void)CreateIn(*workspace, "lakes", NewFields(esriGeometryPoint, 4326)); }), 0);
   EXPECT_NE(FaultOf([&] { (void)workspace->OpenFeatureClass("rivers"); }), 0);
-  RemoveFileGeodatabaseIfEmpty(file);
-  EXPECT_TRUE(std::filesystem::exists(file)) << "it holds a class";
   lakes->Delete();
   EXPECT_NE(FaultOf([&] { (void)workspace->OpenFeatureClass("lakes"); }), 0);
-  RemoveFileGeodatabaseIfEmpty(file);
-  EXPECT_FALSE(std::filesystem::exists(file));
+}
+
+// A geodatabase that is promised is made by the first class that is published, and a class that is given up leaves the
+// geodatabase as it was.
+TEST(Workspaces, AClassOfAGeodatabaseIsNowhereUntilItIsPublished) {
+  const TemporaryFolder folder;
+  const std::string file = folder.Native("new.gdb");
+  const auto factory = CreateFileGDBWorkspaceFactory();
+  PromiseFileGeodatabase(file);
+  const auto workspace = factory->OpenFromFile(folder.Path("new.gdb"), 0);
+  EXPECT_FALSE(workspace->HoldsName("a"));
+  const auto create = [&](const char* name) {
+    return workspace->CreateFeatureClass(name, NewFields(esriGeometryPoint, 4326), nullptr, nullptr, esriFTSimple,
+                                         "Shape", "");
+  };
+  { (void)create("a"); }
+  EXPECT_TRUE(folder.IsEmpty());
+  (void)Published(create("a"));
+  EXPECT_TRUE(workspace->HoldsName("A"));
+
+  EXPECT_NE(FaultTextOf([&] { (void)create("A"); }).find("exists already"), std::string::npos);
+  workspace->AllowReplacing("a");
+  {
+    const auto given_up = create("a");
+    EXPECT_EQ(given_up->FullName(), folder.Path("new.gdb/a"));
+  }
+  EXPECT_EQ(ReadLayer(file, "a").size(), 0U) << "the old class stands";
+  workspace->AllowReplacing("a");
+  (void)Published(create("a"));
+  (void)Published(create("b"));
+  EXPECT_TRUE(workspace->HoldsName("a") && workspace->HoldsName("b"));
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.Native()), {}), 1) << "nothing lies beside it";
 }
 
 TEST(Workspaces, AFeatureDatasetOfAFileGeodatabase) {
@@ -196,8 +287,8 @@ TEST(Workspaces, AFeatureDatasetOfAFileGeodatabase) {
   PromiseFeatureDataset(file, "water", reference);
   const auto dataset = workspace->OpenFeatureDataset("water");
   EXPECT_TRUE(dataset->SpatialReference()->IsEqual(*reference));
-  const auto lakes = dataset->CreateFeatureClass("lakes", NewFields(esriGeometryPolygon, 32612), nullptr, nullptr,
-                                                 esriFTSimple, "Shape", "");
+  const auto lakes = Published(dataset->CreateFeatureClass("lakes", NewFields(esriGeometryPolygon, 32612), nullptr,
+                                                           nullptr, esriFTSimple, "Shape", ""));
   FillAndCheck(*lakes, file, false);
   EXPECT_TRUE(FeatureDatasetReference(file, "water")->IsEqual(*reference));
   EXPECT_EQ(FeatureDatasetReference(file, "air"), nullptr);

@@ -109,31 +109,120 @@ TEST_F(Staging, TheNextRunClearsWhatADeadOneLeftAndLeavesALivingOneAlone) {
   EXPECT_EQ(Read(At("a.shp")), "old");
 }
 
-TEST_F(Staging, APublicationThatDiedBetweenTwoRenamesIsEnded) {
-  for (const char* name : {"a.shp", "a.shx", "a.dbf", "a.sbn"}) Write(At(name), "old");
-  const auto ready = [](StagedOutput& staged) {
-    const fs::path folder = staged.Path().parent_path().parent_path();
-    Write(folder / "ready", "");
-    fs::create_directory(folder / "old");
-    return folder;
-  };
-  // Dead before the first old file was moved, between two of them, and between two of the new ones.
-  const std::vector<std::function<void(StagedOutput&)>> points = {
-      [&](StagedOutput& staged) { ready(staged); },
-      [&](StagedOutput& staged) { fs::rename(At("a.shx"), ready(staged) / "old/a.shx"); },
-      [&](StagedOutput& staged) {
-        const fs::path folder = ready(staged);
-        for (const fs::path& file : FilesOfDataset(At("a.shp"))) fs::rename(file, folder / "old" / file.filename());
-        Write(folder / "moved", "");
-        fs::rename(staged.Path(), At("a.shp"));
-      }};
-  for (const auto& point : points) {
-    DieWhilePublishing(point);
+int g_steps_left = 0;
+void DieAtStep() {
+  if (g_steps_left-- == 0) _exit(0);
+}
+
+// Whatever the point at which the process dies, the old output stands there or the new one, and after the next look
+// nothing else does.
+TEST_F(Staging, APublicationThatDiesAtAnyPointLeavesOneOutputWhole) {
+  int old_outputs = 0, torn_to_others = 0;
+  int steps = 0;
+  for (bool died = true; died; ++steps) {
+    ASSERT_LT(steps, 100);
+    for (const char* name : {"a.shp", "a.shx", "a.dbf", "a.SBN"}) Write(At(name), "old");
+    DieWhilePublishing([&](StagedOutput& staged) {
+      g_steps_left = steps;
+      before_publishing_step = DieAtStep;
+      staged.Publish();
+      Write(At("ended"), "");
+    });
+    died = !fs::remove(At("ended"));
+    // Nobody takes a half for the whole: without its .shp there is nothing to open.
+    const std::string seen = Read(At("a.shp"));
+    if (seen.empty()) ++torn_to_others;
+    if (seen == "old") {
+      EXPECT_EQ(Read(At("a.shx")) + Read(At("a.dbf")) + Read(At("a.SBN")), "oldoldold") << steps;
+    }
+    if (seen == "new.shp") {
+      EXPECT_EQ(Read(At("a.shx")) + Read(At("a.dbf")), "new.shxnew.dbf") << steps;
+    }
+
     FinishInterrupted(At("a.shp"));
-    EXPECT_THAT(Listed(), ElementsAre("a.dbf", "a.shp", "a.shx"));
-    EXPECT_EQ(Read(At("a.shp")) + Read(At("a.shx")) + Read(At("a.dbf")), "new.shpnew.shxnew.dbf");
-    Write(At("a.sbn"), "old");
+    if (Read(At("a.shp")) == "old") {
+      ++old_outputs;
+      EXPECT_THAT(Listed(), ElementsAre("a.SBN", "a.dbf", "a.shp", "a.shx")) << steps;
+    } else {
+      EXPECT_THAT(Listed(), ElementsAre("a.dbf", "a.shp", "a.shx")) << steps;
+      EXPECT_EQ(Read(At("a.shp")) + Read(At("a.shx")) + Read(At("a.dbf")), "new.shpnew.shxnew.dbf") << steps;
+    }
   }
+  EXPECT_GT(steps, 8);
+  EXPECT_GT(old_outputs, 0);
+  EXPECT_GT(torn_to_others, 0);
+}
+
+TEST_F(Staging, WhatOthersWroteSinceADeathIsLeftAlone) {
+  for (const char* name : {"a.shp", "a.shx", "a.dbf"}) Write(At(name), "old");
+  DieWhilePublishing([](StagedOutput& staged) {
+    g_steps_left = 4;
+    before_publishing_step = DieAtStep;
+    staged.Publish();
+  });
+  ASSERT_FALSE(fs::exists(At("a.shp")));
+  for (const char* name : {"a.shp", "a.shx", "a.dbf"}) Write(At(name), "theirs");
+  FinishInterrupted(At("a.shp"));
+  EXPECT_THAT(Listed(), ElementsAre("a.dbf", "a.shp", "a.shx"));
+  EXPECT_EQ(Read(At("a.shp")) + Read(At("a.dbf")), "theirstheirs");
+}
+
+TEST_F(Staging, AnOutputThatCameToBeMeanwhileIsKeptUnlessItMayBeReplaced) {
+  StagedOutput staged(At("a.shp"), StagedOutput::Begin::Empty);
+  Write(staged.Path(), "new");
+  Write(At("a.dbf"), "theirs");
+  EXPECT_THROW(staged.Publish(StagedOutput::Standing::Keep), Fault);
+  EXPECT_EQ(Read(At("a.dbf")), "theirs");
+  staged.Publish(StagedOutput::Standing::Replace);
+  EXPECT_THAT(Listed(), ElementsAre("a.shp"));
+}
+
+TEST_F(Staging, ALinkToAFolderOrAFileIsFollowedAndLinksOfPartsAreReplaced) {
+  fs::create_directory(At("real"));
+  fs::create_directory(At("real") / "g.gdb");
+  Write(At("real") / "b.gpkg", "old");
+  Write(At("real") / "a.shp", "old");
+  fs::create_symlink(At("real") / "g.gdb", At("g.gdb"));
+  fs::create_symlink(At("real") / "b.gpkg", At("b.gpkg"));
+  fs::create_symlink(At("real") / "a.shp", At("a.shp"));
+  {
+    StagedOutput staged(At("g.gdb"), StagedOutput::Begin::Copy);
+    Write(staged.Path() / "one", "new");
+    staged.Publish();
+  }
+  for (const char* name : {"b.gpkg", "a.shp"}) {
+    StagedOutput staged(At(name), StagedOutput::Begin::Empty);
+    Write(staged.Path(), "new");
+    staged.Publish();
+  }
+  EXPECT_TRUE(fs::is_symlink(At("g.gdb")));
+  EXPECT_EQ(Read(At("real") / "g.gdb/one"), "new");
+  EXPECT_TRUE(fs::is_symlink(At("b.gpkg")));
+  EXPECT_EQ(Read(At("real") / "b.gpkg"), "new");
+  EXPECT_FALSE(fs::is_symlink(At("a.shp")));
+  EXPECT_EQ(Read(At("a.shp")) + Read(At("real") / "a.shp"), "newold");
+  EXPECT_THAT(Names(At("real")), ElementsAre("a.shp", "b.gpkg", "g.gdb"));
+}
+
+TEST_F(Staging, AFullFolderOfTheNameIsKeptAndAnEmptyOneReplaced) {
+  fs::create_directory(At("a.shp"));
+  Write(At("a.shp") / "letter.txt", "dear");
+  StagedOutput staged(At("a.shp"), StagedOutput::Begin::Empty);
+  Write(staged.Path(), "new");
+  EXPECT_THROW(staged.Publish(), Fault);
+  EXPECT_EQ(Read(At("a.shp") / "letter.txt"), "dear");
+  fs::remove(At("a.shp") / "letter.txt");
+  staged.Publish();
+  EXPECT_EQ(Read(At("a.shp")), "new");
+}
+
+TEST_F(Staging, ANewFileIsAsOpenToOthersAsTheOldOne) {
+  Write(At("a.shp"), "old");
+  fs::permissions(At("a.shp"), fs::perms::owner_read | fs::perms::owner_write);
+  StagedOutput staged(At("a.shp"), StagedOutput::Begin::Empty);
+  Write(staged.Path(), "new");
+  staged.Publish();
+  EXPECT_EQ(fs::status(At("a.shp")).permissions(), fs::perms::owner_read | fs::perms::owner_write);
 }
 
 TEST_F(Staging, AMissingFolderIsNamed) {

@@ -6,6 +6,7 @@
 
 #include "engine/data_source.h"
 #include "helpers/memory_class.h"
+#include "helpers/published.h"
 #include "helpers/reported_faults.h"
 #include "helpers/temporary_folder.h"
 #include "helpers/test_host.h"
@@ -59,10 +60,12 @@ struct Request {
   bool in_dataset = false;
   std::string dataset = {};
   esriGeometryType type = esriGeometryPoint;
+  const char* reference = "EPSG:4326";
 
   std::shared_ptr<IFeatureClass> Create(const std::shared_ptr<VarArray>& fields = nullptr, bool unique_id = false) {
-    return CreateGeneralFeatureClass(type, SpatialReferenceEnvironment::CreateFromText("EPSG:4326"), directory, name,
-                                     kind, fields, "Where to?", in_dataset, dataset, false, unique_id, nullptr, 0);
+    return testing::Published(CreateGeneralFeatureClass(type, SpatialReferenceEnvironment::CreateFromText(reference),
+                                                        directory, name, kind, fields, "Where to?", in_dataset, dataset,
+                                                        false, unique_id, nullptr, 0));
   }
 };
 
@@ -155,7 +158,7 @@ TEST_F(OutputTest, CancelledAndImpossibleRequests) {
 TEST_F(OutputTest, AShapefileFolderMayBeNamedByAShapefileInIt) {
   std::string directory = folder.Path("old.shp"), name = "new.shp";
   esriGeometryType type = esriGeometryPolygon;
-  EXPECT_NE(CreateShapefileFeatureClass(directory, name, nullptr, type, nullptr, false), nullptr);
+  EXPECT_NE(testing::Published(CreateShapefileFeatureClass(directory, name, nullptr, type, nullptr, false)), nullptr);
   EXPECT_TRUE(folder.Has("new.shp"));
 
   directory = folder.Path("gone"), name = "new";
@@ -169,12 +172,17 @@ TEST_F(OutputTest, AClassInAFeatureDataset) {
   CreateFileGeodatabase(folder.Native("a.gdb"));
   PromiseFeatureDataset(folder.Native("a.gdb"), "traffic", SpatialReferenceEnvironment::CreateFromText("EPSG:32612"));
   Request request{folder.Path("a.gdb") + "\\", "roads", kFileGeodatabase, true, "traffic"};
+  EXPECT_EQ(request.Create(), nullptr) << "data in degrees don't belong into a dataset in metres";
+  ASSERT_EQ(host.error_reports.size(), 1U);
+  EXPECT_THAT(host.error_reports[0], ::testing::HasSubstr("The feature dataset 'traffic' is in"));
+  request.reference = "EPSG:32612";
   const auto output = request.Create(FieldsNamed({"lanes"}));
-  ASSERT_NE(output, nullptr) << (host.error_reports.empty() ? "" : host.error_reports[0]);
+  ASSERT_NE(output, nullptr) << host.error_reports.back();
   EXPECT_EQ(output->SpatialReference()->FactoryCode(), 32612) << "that of the dataset";
   EXPECT_NE(output->FindField("lanes"), -1);
 
   Request again{folder.Path("a.gdb"), "roads", kFileGeodatabase, true, "traffic"};
+  again.reference = "EPSG:32612";
   EXPECT_EQ(again.Create(), nullptr);
   ASSERT_EQ(host.messages.shown.size(), 1U);
   EXPECT_NE(host.messages.shown[0].text.find("'traffic:roads'"), std::string::npos);

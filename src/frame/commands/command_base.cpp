@@ -1,5 +1,6 @@
 #include "frame/commands/command_base.h"
 
+#include "platform/host.h"
 #include "platform/trap.h"
 #include "support/frmReport_modal.h"
 
@@ -42,6 +43,8 @@ void CommandBase::MarkDirty() const {
 }
 
 void CommandBase::ShowReport(const std::string& report) {
+  // The user gave up, and knows it.
+  if (Host().Journal().cancelled) return;
   frmReport_modal form;
   form.txtReport.SetTextRTF(report);
   form.ShowModal();

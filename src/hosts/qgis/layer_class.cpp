@@ -1,12 +1,18 @@
 #include "hosts/qgis/layer_class.h"
 
+#include <qgsproject.h>
 #include <qgsproviderregistry.h>
 #include <qgsvectordataprovider.h>
+#include <qgsvectorlayerjoininfo.h>
+#include <qgsvirtuallayerdefinition.h>
 
 #include <QFileInfo>
+#include <QSet>
+#include <QUrl>
 #include <algorithm>
 #include <limits>
 
+#include "engine/dataset_files.h"
 #include "engine/workspace_common.h"
 #include "hosts/qgis/layer_row.h"
 #include "hosts/qgis/values.h"
@@ -37,12 +43,45 @@ struct FilePlace {
   QString path, layer;
 };
 
-FilePlace PlaceOf(const QgsVectorLayer& layer) {
-  if (layer.providerType() != QStringLiteral("ogr")) return {};
-  const QVariantMap parts = QgsProviderRegistry::instance()->decodeUri(layer.providerType(), layer.source());
+FilePlace PlaceOf(const QString& provider, const QString& source) {
+  const QVariantMap parts = QgsProviderRegistry::instance()->decodeUri(provider, source);
   FilePlace place{parts.value(QStringLiteral("path")).toString(), parts.value(QStringLiteral("layerName")).toString()};
   if (place.layer.isEmpty()) place.layer = QFileInfo(place.path).completeBaseName();
   return place;
+}
+
+FilePlace PlaceOf(const QgsVectorLayer& layer) {
+  return layer.providerType() == QStringLiteral("ogr") ? PlaceOf(layer.providerType(), layer.source()) : FilePlace();
+}
+
+void AddFiles(DatasetFiles& found, const QString& provider, const QString& source) {
+  const FilePlace place = PlaceOf(provider, source);
+  if (place.path.isEmpty()) return;
+  DatasetFiles more = engine::FilesOfLayer(FromQt(place.path), FromQt(place.layer));
+  found.files.insert(found.files.end(), more.files.begin(), more.files.end());
+  found.classes.insert(found.classes.end(), more.classes.begin(), more.classes.end());
+}
+
+// Layers may refer to each other in a circle.
+void AddFiles(DatasetFiles& found, const QgsVectorLayer& layer, QSet<QString>& seen) {
+  if (seen.contains(layer.id())) return;
+  seen.insert(layer.id());
+  if (layer.providerType() == QStringLiteral("virtual")) {
+    const QgsVirtualLayerDefinition queried =
+        QgsVirtualLayerDefinition::fromUrl(QUrl::fromEncoded(layer.source().toUtf8()));
+    for (const auto& source : queried.sourceLayers()) {
+      if (!source.isReferenced()) {
+        AddFiles(found, source.provider(), source.source());
+      } else if (auto* other = QgsProject::instance()->mapLayer<QgsVectorLayer*>(source.reference())) {
+        AddFiles(found, *other, seen);
+      }
+    }
+  } else {
+    AddFiles(found, layer.providerType(), layer.source());
+  }
+  for (const QgsVectorLayerJoinInfo& join : layer.vectorJoins()) {
+    if (const QgsVectorLayer* other = join.joinLayer()) AddFiles(found, *other, seen);
+  }
 }
 
 [[noreturn]] void RaiseProviderFault(QgsVectorLayer& layer, const std::string& what) {
@@ -150,6 +189,13 @@ bool LayerClass::CanBypassEditSession() const {
   const QgsVectorLayer& layer = Layer();
   return !layer.isEditable() && !layer.readOnly() &&
          (layer.dataProvider()->capabilities() & QgsVectorDataProvider::ChangeAttributeValues) != 0;
+}
+
+DatasetFiles LayerClass::Files() const {
+  DatasetFiles found;
+  QSet<QString> seen;
+  AddFiles(found, Layer(), seen);
+  return found;
 }
 
 std::int32_t LayerClass::CountRows(const QueryFilter* filter) {

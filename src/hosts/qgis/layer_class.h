@@ -29,6 +29,7 @@ struct LayerTraits {
 class LayerClass : public virtual IClass,
                    public virtual IDataset,
                    public IObjectClassInfo2,
+                   public IDatasetFiles,
                    public std::enable_shared_from_this<LayerClass> {
  public:
   explicit LayerClass(QgsVectorLayer& layer) : layer_(&layer), name_(layer.name()) {}
@@ -60,6 +61,9 @@ class LayerClass : public virtual IClass,
 
   /// False for a layer that is being edited, is read-only, or whose provider changes no attributes.
   [[nodiscard]] bool CanBypassEditSession() const override;
+
+  /// Those of joined layers, too; of a virtual layer those of the layers that it queries.
+  [[nodiscard]] DatasetFiles Files() const override;
 
   [[nodiscard]] std::int32_t CountRows(const QueryFilter* filter);
   [[nodiscard]] std::shared_ptr<IFeatureCursor> OpenReader(const QueryFilter* filter, bool recycling);

@@ -2,8 +2,8 @@
 #include <CLI/CLI.hpp>
 #include <cmath>
 #include <memory>
+#include <optional>
 
-#include "engine/data_source.h"
 #include "hosts/terminal/commands.h"
 #include "hosts/terminal/form_answers.h"
 #include "hosts/terminal/layer_source.h"
@@ -11,6 +11,7 @@
 #include "hosts/terminal/refusal.h"
 #include "hosts/terminal/report_output.h"
 #include "hosts/terminal/session.h"
+#include "platform/paths.h"
 #include "platform/text_formats.h"
 
 namespace tessarine {
@@ -27,15 +28,19 @@ struct BuildOptions {
   SourceOptions lines;
   SourceOptions labels;
   std::string output;
-  std::string tolerance;
+  std::optional<std::string> tolerance;
   std::vector<std::string> label_fields;
   std::string label_choice;
 };
 
 // The tolerance as the form's box takes it: plain digits.
 std::string ToleranceText(const std::string& option) {
-  const bool usable = IsNumericText(option) && std::isfinite(ToNumber(option)) && ToNumber(option) >= 0.0;
-  if (!usable) throw Refusal("--cluster-tolerance: '" + Trim(option) + "' is no number of 0 or more.");
+  // A comma would be read as a separator of thousands, as the dialog reads it.
+  const bool usable = option.find(',') == std::string::npos && IsNumericText(option) &&
+                      std::isfinite(ToNumber(option)) && ToNumber(option) >= 0.0;
+  if (!usable) {
+    throw Refusal("--cluster-tolerance: '" + Trim(option) + "' is no number of 0 or more with a decimal point.");
+  }
   std::string text = FixedText(ToNumber(option), kToleranceDecimals);
   while (text.ends_with('0')) text.pop_back();
   if (text.ends_with('.')) text.pop_back();
@@ -51,17 +56,16 @@ class BuildParamsScript final : public FormScript {
 
   void Answer(Form& form) override {
     ChooseLayer(ControlOf<ListBox>(form, "lbxLayers"), lines_, kCommand, "polylines");
-    if (!options_.tolerance.empty()) TypeTolerance(ControlOf<TextBox>(form, "txtCluster"));
+    if (options_.tolerance) TypeTolerance(ControlOf<TextBox>(form, "txtCluster"));
     if (labels_) ChooseLabels(form);
     ChooseOutput(form, output_);
-    RemoveReplaced();
     ControlOf<CommandButton>(form, "cmdOK").Press();
   }
 
  private:
   void TypeTolerance(TextBox& box) const {
     box.SetText("");
-    box.Type(ToleranceText(options_.tolerance));
+    box.Type(ToleranceText(*options_.tolerance));
   }
 
   void ChooseLabels(Form& form) const {
@@ -81,14 +85,6 @@ class BuildParamsScript final : public FormScript {
     throw Refusal("--labels: the layer '" + labels_->Name() + "' is of the wrong kind: labels are points.");
   }
 
-  // The run itself would rather take another name than replace a shapefile.
-  void RemoveReplaced() const {
-    const TerminalManners manners = options_.common.Manners();
-    if (manners.plan_only || !(manners.overwrite || manners.yes)) return;
-    if (output_.kind != OutputPlace::Kind::Shapefile || !OutputExists(output_)) return;
-    DataSource::Open(output_.NativePath(), true)->OpenFeatureClass("")->Delete();
-  }
-
   const BuildOptions& options_;
   const DocumentFeatureLayer& lines_;
   const std::shared_ptr<DocumentFeatureLayer>& labels_;
@@ -97,7 +93,7 @@ class BuildParamsScript final : public FormScript {
 
 ExitStatus RunBuildPolygons(const BuildOptions& options) {
   CheckReportFile(options.common.report_file);
-  if (!options.tolerance.empty()) (void)ToleranceText(options.tolerance);
+  if (options.tolerance) (void)ToleranceText(*options.tolerance);
   const OutputPlace place = ParseOutputPlace(options.output);
   Session session(options.common);
   std::shared_ptr<DocumentFeatureLayer> labels;
@@ -105,6 +101,9 @@ ExitStatus RunBuildPolygons(const BuildOptions& options) {
   const std::shared_ptr<DocumentFeatureLayer> lines = TakeLayer(session.Document(), options.lines);
   RefuseSource(place, *lines);
   if (labels) RefuseSource(place, *labels);
+  const TerminalManners manners = options.common.Manners();
+  // The run would rather take another name than ask.
+  if (manners.overwrite || manners.yes) session.Host().LocalSystem().GiveFree(FromNativePath(place.NativePath()));
   BuildParamsScript script(options, *lines, labels, place);
   return RunInto(session, "Tessarine.clsBuildPolygon", script, place, lines->SpatialReference(), options.common);
 }

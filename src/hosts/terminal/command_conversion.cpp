@@ -6,6 +6,7 @@
 #include "hosts/terminal/form_answers.h"
 #include "hosts/terminal/layer_source.h"
 #include "hosts/terminal/output_run.h"
+#include "hosts/terminal/refusal.h"
 #include "hosts/terminal/report_output.h"
 #include "hosts/terminal/session.h"
 
@@ -19,6 +20,7 @@ struct ConversionRow {
   const char* takes;  ///< the shapes that the tool takes, in words
   bool geographic;    ///< the output is in degrees, whatever the input
   const char* example;
+  const char* without_points = nullptr;  ///< why the tool can do nothing with points
 };
 
 constexpr ConversionRow kConversions[] = {
@@ -39,9 +41,10 @@ constexpr ConversionRow kConversions[] = {
     {"to-polylines", "Tessarine.clsConvertToPolyline", "The boundaries of polygons as lines", "polygons", false,
      "tessarine to-polylines tests/data/countries.shp --fields name -o boundaries.shp"},
     {"split", "Tessarine.clsConvertSplit", "One feature for each part of multipart features", "features", false,
-     "tessarine split tests/data/countries.shp --fields name,iso_a3 -o parts.shp"},
+     "tessarine split tests/data/countries.shp --fields name,iso_a3 -o parts.shp", "points have no parts to split"},
     {"combine", "Tessarine.clsConvertJoin", "One feature for all: the union of lines or polygons", "features", false,
-     "tessarine combine tests/data/countries.shp --where \"continent = 'Africa'\" --fields continent -o africa.shp"},
+     "tessarine combine tests/data/countries.shp --where \"continent = 'Africa'\" --fields continent -o africa.shp",
+     "what points make is a multipoint, which the new class of points can't hold"},
 };
 
 struct ConversionOptions {
@@ -87,6 +90,12 @@ ExitStatus RunConversionCommand(const ConversionRow& row, const ConversionOption
   const std::shared_ptr<DocumentFeatureLayer> layer = TakeLayer(session.Document(), options.source);
   RefuseSource(place, *layer);
   LayerFieldsScript script(row, options, *layer, place);
+  if (row.without_points != nullptr && layer->FeatureClass()->ShapeType() == esriGeometryPoint) {
+    // The plan says so too.
+    if (options.common.dry_run)
+      (void)RunInto(session, row.class_id, script, place, OutputReference(row, *layer), options.common);
+    throw Refusal(std::string(row.name) + ": '" + layer->Name() + "' holds points: " + row.without_points + ".");
+  }
   return RunInto(session, row.class_id, script, place, OutputReference(row, *layer), options.common);
 }
 

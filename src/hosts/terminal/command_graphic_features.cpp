@@ -78,12 +78,9 @@ class GraphicsScript final : public FormScript {
 
 // A free name for an output that is given as a folder.
 void NameInFolder(OutputPlace& place) {
-  if (place.kind != OutputPlace::Kind::Folder) return;
-  place.kind = OutputPlace::Kind::Shapefile;
-  place.name = "NewShape.shp";
-  for (int number = 2; fs::exists(place.NativePath()); ++number) {
-    place.name = "NewShape_" + std::to_string(number) + ".shp";
-  }
+  if (!place.IsFolder()) return;
+  place.format = FormatOfPath(".shp");
+  place.name = FirstFreePath(fs::path(place.container) / "NewShape.shp").filename().string();
 }
 
 SpatialReferenceRef ReferenceOf(const FeatureOptions& options, const DocumentMap& map) {
@@ -113,7 +110,7 @@ ExitStatus RunFeatures(const FeatureOptions& options) {
   RefuseTakenName(place, options.common);
   const SpatialReferenceRef reference = ReferenceOf(options, session.Document().Map());
   CheckDataset(place, reference);
-  const PreparedPlace prepared(place, reference, session.Host().LocalSystem(), options.common.dry_run);
+  const PreparedPlace prepared(place, reference, session.Host().LocalSystem());
   session.Host().SetBrowsePlace(prepared.Browse());
   session.Host().SetChosenReference(reference);
   GraphicsScript script(options);

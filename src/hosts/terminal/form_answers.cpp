@@ -77,36 +77,11 @@ std::string AllLines(const ListBox& list) {
   return lines.empty() ? "none that can be carried over" : lines;
 }
 
-bool IsSameFile(const fs::path& first, const fs::path& second) {
-  std::error_code error;
-  return fs::equivalent(first, second, error);
-}
-
-// True for an output that is the very data to be read.
-bool IsSource(const OutputPlace& place, const DocumentFeatureLayer& layer) {
-  const fs::path source = layer.Source().path;
-  if (place.InGeodatabase()) {
-    return IsSameFile(place.container, source) && EqualsIgnoringCase(place.name, layer.Source().layer);
-  }
-  return place.kind == OutputPlace::Kind::Shapefile &&
-         (IsSameFile(place.NativePath(), source) ||
-          IsSameFile(place.NativePath(), source / (layer.Source().layer + ".shp")));
-}
-
-// The path, or the first of name_2, name_3 and so on that is free: how the forms propose names.
-fs::path FirstFree(const fs::path& path) {
-  fs::path free = path;
-  for (int number = 2; fs::exists(free); ++number) {
-    free.replace_filename(path.stem().string() + "_" + std::to_string(number) + path.extension().string());
-  }
-  return free;
-}
-
 // The name that a form proposes, without the number that makes it unique in the form's own folder.
 std::string PlainName(const fs::path& proposal) {
   const std::string stem = proposal.stem().string();
   const std::string plain = stem.substr(0, stem.rfind('_')) + proposal.extension().string();
-  const bool numbered = FirstFree(proposal.parent_path() / plain) == proposal;
+  const bool numbered = FirstFreePath(proposal.parent_path() / plain) == proposal;
   return numbered ? plain : proposal.filename().string();
 }
 
@@ -143,11 +118,11 @@ void ChooseFields(ListBox& list, const DocumentFeatureLayer& layer, const std::s
 
 void ChooseOutput(Form& form, const OutputPlace& output) {
   auto& text = ControlOf<TextBox>(form, "txtOutput");
-  if (output.InGeodatabase()) {
+  if (output.InContainer()) {
     ControlOf<CommandButton>(form, "cmdGetWorkspace").Press();
-  } else if (output.kind == OutputPlace::Kind::Folder) {
+  } else if (output.IsFolder()) {
     const fs::path path = fs::path(output.container) / PlainName(ToNativePath(text.Text()));
-    text.SetText(FromNativePath(FirstFree(path).string()));
+    text.SetText(FromNativePath(FirstFreePath(path).string()));
   } else {
     text.SetText(FromNativePath(output.NativePath()));
   }
@@ -162,13 +137,14 @@ void RefuseTakenName(const OutputPlace& place, const CommonOptions& options) {
 }
 
 void RefuseSource(const OutputPlace& place, const DocumentFeatureLayer& layer) {
-  if (IsSource(place, layer)) {
+  const auto files = Cast<IDatasetFiles>(layer.FeatureClass());
+  if (!place.IsFolder() && files && place.Overlaps(files->Files())) {
     throw Refusal("'" + place.NativePath() + "' is read by this run: name another output.");
   }
 }
 
 void CheckDataset(const OutputPlace& place, const SpatialReferenceRef& reference) {
-  if (place.kind != OutputPlace::Kind::FileGeodatabase || place.dataset.empty()) return;
+  if (place.dataset.empty()) return;
   const SpatialReferenceRef own = FeatureDatasetReference(place.container, place.dataset);
   if (own && !own->IsEqual(*reference)) {
     throw Refusal("The feature dataset '" + place.dataset + "' is in '" + own->Name() + "', but the output in '" +

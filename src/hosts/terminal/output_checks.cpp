@@ -14,15 +14,16 @@ namespace fs = std::filesystem;
 // What has to be there already: a new geodatabase is made in its folder.
 fs::path ExistingPart(const OutputPlace& place) {
   const fs::path container = place.container;
-  return place.InGeodatabase() && !fs::exists(container) ? container.parent_path() : container;
+  return place.InContainer() && !fs::exists(container) ? container.parent_path() : container;
 }
 
 }  // namespace
 
 void RefuseUnusablePlace(const OutputPlace& place) {
+  if (const auto problem = NameProblem(place)) throw Refusal(*problem);
   const fs::path part = ExistingPart(place);
   const std::string output = "The output '" + place.NativePath() + "' can't be made: ";
-  const bool is_file = place.kind == OutputPlace::Kind::PersonalGeodatabase && fs::is_regular_file(part);
+  const bool is_file = place.InContainer() && !place.format->folder && fs::is_regular_file(part);
   if (!is_file && !fs::is_directory(part)) throw Refusal(output + "there is no folder '" + part.string() + "'.");
   if (access(part.c_str(), W_OK) != 0) {
     throw Refusal(output + "'" + part.string() + "' can't be written to; check its permissions.");

@@ -5,8 +5,8 @@
 
 namespace tessarine {
 
-/// Refuses a place whose folder isn't there or can't be written to, and a container that can't be opened or written to.
-/// Each refusal names the folder or container itself.
+/// Refuses a name that can't be written as it stands, a place whose folder isn't there or can't be written to, and a
+/// container that can't be opened or written to. Each refusal names the folder or container itself.
 void RefuseUnusablePlace(const OutputPlace& place);
 
 }  // namespace tessarine

@@ -74,9 +74,9 @@ bool SplitAtGeodatabase(const fs::path& path, const char* ending, fs::path& cont
   return found;
 }
 
-OutputPlace GeodatabasePlace(const std::string& text, OutputPlace::Kind kind, const fs::path& container,
+OutputPlace GeodatabasePlace(const std::string& text, const Format& format, const fs::path& container,
                              const std::vector<std::string>& rest) {
-  OutputPlace place{kind, container.string(), "", ""};
+  OutputPlace place{&format, container.string(), "", ""};
   if (rest.empty() || rest.size() > 2) {
     throw Refusal("'" + text + "' names no feature class: write GEODATABASE/NAME or GEODATABASE/DATASET/NAME.");
   }
@@ -85,14 +85,9 @@ OutputPlace GeodatabasePlace(const std::string& text, OutputPlace::Kind kind, co
   return place;
 }
 
-}  // namespace
+const Format& Shapefiles() { return *FormatOfPath(".shp"); }
 
-std::string OutputPlace::NativePath() const {
-  fs::path path = container;
-  if (!dataset.empty()) path /= dataset;
-  if (!name.empty()) path /= name;
-  return path.string();
-}
+}  // namespace
 
 OutputPlace ParseOutputPlace(const std::string& text) {
   if (text.empty()) throw Refusal("-o needs a place: a shapefile, a folder, or GEODATABASE.gdb/NAME.");
@@ -100,23 +95,22 @@ OutputPlace ParseOutputPlace(const std::string& text) {
   if (!path.has_filename()) path = path.parent_path();
   fs::path container;
   std::vector<std::string> rest;
-  if (SplitAtGeodatabase(path, ".gdb", container, rest)) {
-    return GeodatabasePlace(text, OutputPlace::Kind::FileGeodatabase, container, rest);
-  }
-  if (SplitAtGeodatabase(path, ".mdb", container, rest)) {
-    return GeodatabasePlace(text, OutputPlace::Kind::PersonalGeodatabase, container, rest);
+  for (const char* ending : {".gdb", ".mdb"}) {
+    if (SplitAtGeodatabase(path, ending, container, rest)) {
+      return GeodatabasePlace(text, *FormatOfPath(ending), container, rest);
+    }
   }
   if (EndsWithIgnoringCase(path.string(), ".shp")) {
-    return {OutputPlace::Kind::Shapefile, path.parent_path().string(), "", path.filename().string()};
+    return {&Shapefiles(), path.parent_path().string(), "", path.filename().string()};
   }
-  if (fs::is_directory(path)) return {OutputPlace::Kind::Folder, path.string(), "", ""};
+  if (fs::is_directory(path)) return {nullptr, path.string(), "", ""};
   throw Refusal("The output '" + text +
                 "' is neither a shapefile (NAME.shp), a folder that exists, nor a class in a geodatabase "
                 "(NAME.gdb/CLASS).");
 }
 
 void RefuseBrokenContainer(const OutputPlace& place) {
-  if (!place.InGeodatabase() || !fs::exists(place.container)) return;
+  if (!place.InContainer() || !fs::exists(place.container)) return;
   try {
     (void)DataSource::Open(place.container, false);
   } catch (const Fault& fault) {
@@ -125,43 +119,33 @@ void RefuseBrokenContainer(const OutputPlace& place) {
 }
 
 bool OutputExists(const OutputPlace& place) {
-  if (place.kind == OutputPlace::Kind::Shapefile) return fs::exists(place.NativePath());
-  if (!place.InGeodatabase() || !fs::exists(place.container)) return false;
+  if (!place.InContainer()) return !place.Files().empty();
+  if (!fs::exists(place.container)) return false;
   for (const std::string& layer : DataSource::Open(place.container, false)->LayerNames()) {
-    if (EqualsIgnoringCase(layer, place.name)) return true;
+    if (EqualsIgnoringCase(layer, place.ClassName())) return true;
   }
   return false;
 }
 
-PreparedPlace::PreparedPlace(const OutputPlace& place, const SpatialReferenceRef& reference, TerminalSystem& system,
-                             bool plan_only)
+PreparedPlace::PreparedPlace(const OutputPlace& place, const SpatialReferenceRef& reference, TerminalSystem& system)
     : place_(place) {
-  if (place.kind == OutputPlace::Kind::PersonalGeodatabase && !fs::exists(place.container)) {
+  if (place.InContainer() && !place.format->writable && !fs::exists(place.container)) {
     throw Refusal("The output '" + place.NativePath() +
                   "' can't be made: personal geodatabases can be read but not written here. Write a shapefile "
                   "(NAME.shp) or a class of a file geodatabase (NAME.gdb/CLASS).");
   }
-  if (place.kind != OutputPlace::Kind::FileGeodatabase) return;
+  if (!place.InContainer() || !place.format->writable) return;
   if (!place.dataset.empty()) PromiseFeatureDataset(place.container, place.dataset, reference);
   if (fs::exists(place.container)) return;
-  if (plan_only) {
-    system.Promise(FromNativePath(place.container));
-    return;
-  }
   if (!fs::is_directory(fs::path(place.container).parent_path())) return;  // the dialog tells of the missing folder
-  CreateFileGeodatabase(place.container);
-  created_ = true;
-}
-
-PreparedPlace::~PreparedPlace() {
-  if (created_) RemoveFileGeodatabaseIfEmpty(place_.container);
+  PromiseFileGeodatabase(place.container);
+  system.Promise(FromNativePath(place.container));
 }
 
 BrowsePlace PreparedPlace::Browse() const {
   const std::string container = FromNativePath(place_.container);
-  if (!place_.InGeodatabase()) return {std::make_shared<PlaceObject>(container, "Folder"), place_.name};
-  const std::string kind =
-      place_.kind == OutputPlace::Kind::FileGeodatabase ? "File Geodatabase" : "Personal Geodatabase";
+  if (!place_.InContainer()) return {std::make_shared<PlaceObject>(container, "Folder"), place_.name};
+  const std::string kind(place_.format->name);
   if (place_.dataset.empty()) return {std::make_shared<PlaceObject>(container, kind), place_.name};
   auto dataset = std::make_shared<PlaceDataset>(container, place_.dataset, kind + " Feature Dataset");
   dataset->SetSelf(dataset);

@@ -10,8 +10,8 @@ ExitStatus RunInto(Session& session, const std::string& class_id, FormScript& sc
   RefuseUnusablePlace(place);
   RefuseTakenName(place, options);
   CheckDataset(place, reference);
-  const PreparedPlace prepared(place, reference, session.Host().LocalSystem(), options.dry_run);
-  if (place.InGeodatabase()) session.Host().SetBrowsePlace(prepared.Browse());
+  const PreparedPlace prepared(place, reference, session.Host().LocalSystem());
+  if (place.InContainer()) session.Host().SetBrowsePlace(prepared.Browse());
   return session.Run(class_id, &script);
 }
 

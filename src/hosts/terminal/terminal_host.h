@@ -23,16 +23,25 @@ struct TerminalManners {
   bool plan_only = false;
 };
 
-/// The operating system, with places that a plan counts on but that aren't made yet.
+/// The operating system, with places that a run counts on but that aren't made yet, and without those that the user
+/// has agreed to replace.
 class TerminalSystem final : public LocalOperatingSystem {
  public:
   void Promise(const std::string& path) { promised_.insert(path); }
+  /// The data set at this path counts as gone, with whatever ending.
+  void GiveFree(const std::string& path) { free_.insert(WithoutEnding(path)); }
   [[nodiscard]] bool Exists(const std::string& path) const override {
+    if (free_.contains(WithoutEnding(path))) return false;
     return promised_.contains(path) || LocalOperatingSystem::Exists(path);
   }
 
  private:
-  std::set<std::string> promised_;
+  [[nodiscard]] static std::string WithoutEnding(const std::string& path) {
+    const std::size_t point = path.rfind('.');
+    return point == std::string::npos || path.find('\\', point) != std::string::npos ? path : path.substr(0, point);
+  }
+
+  std::set<std::string> promised_, free_;
 };
 
 /// What the browse dialog answers: once, the place of the command line; then it is cancelled.

@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 
 #include "engine/test_layers.h"
+#include "helpers/published.h"
 #include "hosts/contract/host_contract.h"
 
 namespace tessarine::testing {
@@ -194,6 +195,7 @@ TEST_P(HostContract, ResultsComeToTheTopWithTheirSymbol) {
   buffer->SetShape(std::make_shared<Point>(3, 4));
   cursor->InsertFeature(*buffer);
   cursor->Close();
+  testing::Published(made);
 
   const auto layer = host_->NewLayer();
   layer->SetFeatureClass(made);

@@ -15,6 +15,7 @@
 #include <sstream>
 
 #include "engine/data_source.h"
+#include "helpers/published.h"
 #include "helpers/temporary_folder.h"
 #include "hosts/windows/browse_dialog.h"
 #include "hosts/windows/printer.h"
@@ -78,9 +79,10 @@ class HostDialogsTest : public testing::WindowsTest {
     const auto workspace = CreateFileGDBWorkspaceFactory()->OpenFromFile(FromNativePath(gdb), 0);
     const auto source = DataSource::Open(TESSARINE_TEST_DATA "/cities.shp", false)->OpenFeatureClass("");
     const auto fields = source->Fields();
-    (void)workspace->CreateFeatureClass("towns", fields, nullptr, nullptr, esriFTSimple, "Shape", "");
-    (void)workspace->OpenFeatureDataset("places")->CreateFeatureClass("cities", fields, nullptr, nullptr, esriFTSimple,
-                                                                      "Shape", "");
+    (void)testing::Published(
+        workspace->CreateFeatureClass("towns", fields, nullptr, nullptr, esriFTSimple, "Shape", ""));
+    (void)testing::Published(workspace->OpenFeatureDataset("places")->CreateFeatureClass(
+        "cities", fields, nullptr, nullptr, esriFTSimple, "Shape", ""));
   }
 };
 

@@ -1,0 +1,50 @@
+#include "engine/staged_class.h"
+
+#include "platform/fault.h"
+
+namespace tessarine::engine {
+
+StagedFeatureClass::StagedFeatureClass(std::unique_ptr<StagedOutput> staged, const std::string& layer,
+                                       StagedOutput::Standing standing)
+    : OgrFeatureClass(std::make_shared<OgrSource>(staged->Target().string(), staged->Path().string(), layer)),
+      staged_(std::move(staged)),
+      standing_(standing) {}
+
+void StagedFeatureClass::Publish() {
+  if (!staged_) Raise(kInvalidCall, "'" + Name() + "' was published or given up already.");
+  const std::string layer = Source()->LayerName();
+  Source()->Renew();
+  staged_->Publish(standing_);
+  const auto published = std::make_shared<OgrSource>(staged_->Target().string(), layer, std::nullopt);
+  staged_.reset();
+  // Who has read what was there before must not go on with it.
+  published->Renew();
+  MoveTo(published);
+}
+
+void StagedFeatureClass::Discard() {
+  if (!staged_) return;
+  Source()->Renew();
+  staged_.reset();
+}
+
+StagedGeodatabaseClass::StagedGeodatabaseClass(const std::string& geodatabase, const std::string& layer,
+                                               std::shared_ptr<FileGdbEdit> edit)
+    : OgrFeatureClass(std::make_shared<OgrSource>(geodatabase, layer, std::nullopt)), edit_(std::move(edit)) {}
+
+StagedGeodatabaseClass::~StagedGeodatabaseClass() { Discard(); }
+
+void StagedGeodatabaseClass::Publish() {
+  if (!edit_) Raise(kInvalidCall, "'" + Name() + "' was published or given up already.");
+  Source()->Renew();
+  FileGdbEdit::End(edit_);
+}
+
+void StagedGeodatabaseClass::Discard() {
+  if (!edit_) return;
+  Source()->Renew();
+  edit_->Abandon();
+  edit_.reset();
+}
+
+}  // namespace tessarine::engine

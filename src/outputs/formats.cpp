@@ -1,0 +1,148 @@
+#include "outputs/formats.h"
+
+#include <algorithm>
+#include <array>
+#include <vector>
+
+#include "platform/text_formats.h"
+
+namespace tessarine {
+namespace {
+
+using Words = std::string_view;
+
+// What the library that writes file geodatabases doesn't take as the name of a class, and of a field.
+constexpr std::array kGeodatabaseWords = {
+    Words("add"),   Words("alter"),  Words("and"),    Words("as"),    Words("asc"),    Words("between"),
+    Words("by"),    Words("column"), Words("create"), Words("date"),  Words("delete"), Words("desc"),
+    Words("drop"),  Words("exists"), Words("for"),    Words("from"),  Words("in"),     Words("insert"),
+    Words("into"),  Words("is"),     Words("like"),   Words("not"),   Words("null"),   Words("or"),
+    Words("order"), Words("select"), Words("set"),    Words("table"), Words("update"), Words("values"),
+    Words("where")};
+constexpr auto kGeodatabaseFieldWords = [] {
+  std::array<std::string_view, kGeodatabaseWords.size() + 1> words{};
+  std::ranges::copy(kGeodatabaseWords, words.begin());
+  words.back() = "objectid";
+  return words;
+}();
+constexpr std::array kGeodatabasePrefixes = {Words("sde_"), Words("gdb_"), Words("delta_")};
+
+constexpr NameRule kFileName{200, true, NameRule::Characters::Any, {}, {}};
+constexpr NameRule kDbaseField{10, true, NameRule::Characters::Any, {}, {}};
+constexpr NameRule kGeodatabaseClass{160, false, NameRule::Characters::Word, kGeodatabaseWords, kGeodatabasePrefixes};
+constexpr NameRule kGeodatabaseField{64, false, NameRule::Characters::Word, kGeodatabaseFieldWords, {}};
+constexpr NameRule kAnyText{1000, true, NameRule::Characters::Any, {}, {}};
+
+constexpr std::array kFormats = {
+    Format{.name = "Shapefile",
+           .category = "Shapefile",
+           .ending = ".shp",
+           .driver = "ESRI Shapefile",
+           .kind = 1,
+           .writable = true,
+           .updated_in_place = true,
+           .class_names = kFileName,
+           .field_names = kDbaseField},
+    Format{.name = "File Geodatabase",
+           .category = "File Geodatabase Feature Class",
+           .ending = ".gdb",
+           .driver = "OpenFileGDB",
+           .kind = 2,
+           .container = true,
+           .folder = true,
+           .writable = true,
+           .updated_in_place = true,
+           .feature_datasets = true,
+           .class_names = kGeodatabaseClass,
+           .field_names = kGeodatabaseField},
+    Format{.name = "Personal Geodatabase",
+           .category = "Personal Geodatabase Feature Class",
+           .ending = ".mdb",
+           .driver = "PGeo",
+           .kind = 4,
+           .container = true,
+           .feature_datasets = true,
+           .class_names = kGeodatabaseClass,
+           .field_names = kGeodatabaseField},
+    Format{.name = "GeoPackage",
+           .category = "GPKG Feature Class",
+           .ending = ".gpkg",
+           .driver = "GPKG",
+           .container = true,
+           .writable = true,
+           .updated_in_place = true,
+           .class_names = kAnyText,
+           .field_names = kAnyText},
+};
+
+template <class Test>
+const Format* Find(Test&& test) {
+  const auto found = std::ranges::find_if(kFormats, test);
+  return found == kFormats.end() ? nullptr : &*found;
+}
+
+bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+bool IsLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
+bool BeginsCharacter(char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; }
+// Letters beyond ASCII are letters.
+bool IsWordByte(char c) {
+  return IsLetter(c) || IsDigit(c) || c == '_' || (static_cast<unsigned char>(c) & 0x80U) != 0;
+}
+
+// The first characters that fit; none is torn.
+std::string Cut(const NameRule& rule, const std::string& name, std::size_t room) {
+  std::size_t end = 0, count = 0;
+  while (end < name.size()) {
+    std::size_t next = end + 1;
+    while (next < name.size() && !BeginsCharacter(name[next])) ++next;
+    count += rule.bytes ? next - end : 1;
+    if (count > room) break;
+    end = next;
+  }
+  return name.substr(0, end);
+}
+
+}  // namespace
+
+const Format* FormatOfKind(std::int32_t kind) {
+  return kind == 0 ? nullptr : Find([&](const Format& format) { return format.kind == kind; });
+}
+
+const Format* FormatOfPath(std::string_view path) {
+  return Find([&](const Format& format) { return EndsWithIgnoringCase(path, format.ending); });
+}
+
+const Format* FormatOfDriver(std::string_view driver) {
+  return Find([&](const Format& format) { return format.driver == driver; });
+}
+
+std::span<const Format> AllFormats() { return kFormats; }
+
+std::string LegalName(const NameRule& rule, const std::string& name) {
+  if (name.empty()) return name;
+  std::string legal = name;
+  if (rule.characters == NameRule::Characters::Word) {
+    std::ranges::replace_if(
+        legal, [](char c) { return !IsWordByte(c); }, '_');
+    if (IsDigit(legal.front())) legal.insert(0, 1, '_');
+  }
+  const std::string lower = LowerCase(legal);
+  if (std::ranges::any_of(rule.prefixes, [&](std::string_view prefix) { return lower.starts_with(prefix); })) {
+    legal.insert(0, 1, '_');
+  }
+  if (std::ranges::find(rule.reserved, lower) != rule.reserved.end()) legal += '_';
+  return Cut(rule, legal, rule.longest);
+}
+
+std::string FreeLegalName(const NameRule& rule, const std::string& name,
+                          const std::function<bool(const std::string&)>& taken) {
+  const std::string legal = LegalName(rule, name);
+  std::string candidate = legal;
+  for (int number = 2; taken(candidate); ++number) {
+    const std::string digits = "_" + std::to_string(number);
+    candidate = Cut(rule, legal, rule.longest - digits.size()) + digits;
+  }
+  return candidate;
+}
+
+}  // namespace tessarine

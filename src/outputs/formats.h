@@ -1,0 +1,52 @@
+// The formats of outputs: one table of what is known of each.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace tessarine {
+
+/// What a format takes for a name. A name that it doesn't take is changed when the class or field is made.
+struct NameRule {
+  enum class Characters {
+    Any,   ///< whatever a file or a text may hold
+    Word,  ///< letters of any language, digits and "_"; no digit first
+  };
+  std::size_t longest = 0;  ///< in bytes where `bytes`, else in characters
+  bool bytes = false;
+  Characters characters = Characters::Any;
+  std::span<const std::string_view> reserved;  ///< lower case; such a name gets a "_" behind it
+  std::span<const std::string_view> prefixes;  ///< lower case; a name that begins so gets a "_" in front
+};
+
+struct Format {
+  std::string_view name;      ///< as documents remember it: "File Geodatabase"
+  std::string_view category;  ///< of its classes in a catalog: "File Geodatabase Feature Class"
+  std::string_view ending;    ///< ".gdb"
+  std::string_view driver;    ///< of the engine's library
+  std::int32_t kind = 0;      ///< the number that dialogs and documents keep, 0 where they have none
+  bool container = false;     ///< one file or folder holds several classes, each under a name
+  bool folder = false;        ///< a container that is a folder
+  bool writable = false;
+  bool updated_in_place = false;
+  bool feature_datasets = false;
+  NameRule class_names, field_names;
+};
+
+/// The row of a kind, an ending (of a path, in any case) or a driver; null where there is none.
+[[nodiscard]] const Format* FormatOfKind(std::int32_t kind);
+[[nodiscard]] const Format* FormatOfPath(std::string_view path);
+[[nodiscard]] const Format* FormatOfDriver(std::string_view driver);
+[[nodiscard]] std::span<const Format> AllFormats();
+
+/// The name as the format will call it. An empty name stays empty.
+[[nodiscard]] std::string LegalName(const NameRule& rule, const std::string& name);
+/// The same, with a number where it is taken; the number stays within the longest name.
+[[nodiscard]] std::string FreeLegalName(const NameRule& rule, const std::string& name,
+                                        const std::function<bool(const std::string&)>& taken);
+
+}  // namespace tessarine

@@ -1,0 +1,113 @@
+#include "outputs/output_place.h"
+
+#include <algorithm>
+
+#include "outputs/staged_output.h"
+#include "platform/text_formats.h"
+
+namespace tessarine {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::string_view kVirtual = "/vsi";
+
+// "/vsizip/{/data/a.zip}/b.shp" and "/vsisubfile/10_20,/data/a.bin" without what stands ahead of the path.
+std::string_view WithoutVirtualPrefix(std::string_view path) {
+  const std::size_t slash = path.find('/', 1);
+  if (slash == std::string_view::npos) return {};
+  const bool part = path.substr(0, slash) == "/vsisubfile";
+  path.remove_prefix(slash + 1);
+  if (part) path.remove_prefix(std::min(path.find(',') + 1, path.size()));
+  if (path.starts_with('{')) path = path.substr(1, path.find('}') - 1);
+  return path;
+}
+
+// The longest beginning of the path that is there.
+fs::path LongestThatExists(fs::path path) {
+  std::error_code error;
+  while (!path.empty() && path.has_relative_path() && !fs::exists(path, error)) path = path.parent_path();
+  return path;
+}
+
+bool IsIn(const fs::path& file, const fs::path& container) {
+  std::error_code error;
+  return IsSameFile(file, container) || IsSameFile(fs::canonical(file, error).parent_path(), container);
+}
+
+bool KeepsItsSpelling(const std::string& part) { return part.find('"') == std::string::npos && Trim(part) == part; }
+
+}  // namespace
+
+std::string RealFile(std::string_view path) {
+  if (!path.starts_with(kVirtual)) return std::string(path);
+  while (path.starts_with(kVirtual)) path = WithoutVirtualPrefix(path);
+  return LongestThatExists(std::string(path)).string();
+}
+
+bool IsSameFile(const fs::path& first, const fs::path& second) {
+  std::error_code error;
+  return fs::equivalent(first, second, error) && !error;
+}
+
+std::string OutputPlace::NativePath() const {
+  fs::path path = container;
+  if (!dataset.empty()) path /= dataset;
+  if (!name.empty()) path /= name;
+  return path.string();
+}
+
+std::string OutputPlace::ClassName() const {
+  if (!InContainer()) return name;
+  // An ending that was typed out of habit isn't a part of the name.
+  const bool ending = EndsWithIgnoringCase(name, ".shp");
+  return LegalName(format->class_names, ending ? name.substr(0, name.size() - 4) : name);
+}
+
+std::vector<fs::path> OutputPlace::Files() const {
+  if (InContainer()) return FilesOfDataset(container);
+  return IsFolder() ? std::vector<fs::path>() : FilesOfDataset(NativePath());
+}
+
+bool OutputPlace::Overlaps(const DatasetFiles& source) const {
+  const auto is_read = [&](const fs::path& own) {
+    return std::ranges::any_of(source.files, [&](const std::string& file) {
+      return InContainer() ? IsIn(RealFile(file), own) : IsSameFile(RealFile(file), own);
+    });
+  };
+  const std::vector<fs::path> own = Files();
+  if (std::ranges::none_of(own, is_read)) return false;
+  // Other classes of the container stay as they are.
+  return !InContainer() || source.classes.empty() || std::ranges::any_of(source.classes, [&](const std::string& read) {
+    return read.empty() || EqualsIgnoringCase(read, ClassName());
+  });
+}
+
+std::optional<std::string> NameProblem(const OutputPlace& place) {
+  if (place.IsFolder()) return std::nullopt;
+  const std::string shown = "The output '" + place.NativePath() + "' can't be written under this name: ";
+  const bool nameless = place.name.empty() || EqualsIgnoringCase(place.name, place.format->ending);
+  if (nameless) return shown + "it names no class. Put a name ahead of '" + std::string(place.format->ending) + "'.";
+  const fs::path path = place.NativePath();
+  for (const fs::path& part : path) {
+    if (KeepsItsSpelling(part.string())) continue;
+    return shown + "'" + part.string() +
+           "' holds a quotation mark or a blank at one of its ends. Choose another name, "
+           "or rename the folder.";
+  }
+  if (path.string().find('\\') != std::string::npos) {
+    return shown + "it holds a backslash. Choose another name, or rename the folder.";
+  }
+  return std::nullopt;
+}
+
+fs::path FirstFreePath(const fs::path& path) {
+  fs::path free = path;
+  std::error_code error;
+  for (int number = 2; fs::exists(free, error) || !FilesOfDataset(free).empty(); ++number) {
+    free.replace_filename(path.stem().string() + "_" + std::to_string(number) + path.extension().string());
+  }
+  return free;
+}
+
+}  // namespace tessarine

@@ -1,0 +1,47 @@
+// Where an output lies, and whether it would touch what a run reads.
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "outputs/formats.h"
+#include "platform/data.h"
+
+namespace tessarine {
+
+struct OutputPlace {
+  const Format* format = nullptr;  ///< null for a folder in which a name is still to be chosen
+  std::string container;           ///< the folder or geodatabase: a native path
+  std::string dataset;             ///< the feature dataset, empty when there is none
+  std::string name;                ///< the class; of a file of its own the file's name; empty for a folder
+
+  [[nodiscard]] bool IsFolder() const { return format == nullptr; }
+  [[nodiscard]] bool InContainer() const { return format != nullptr && format->container; }
+  /// Container, dataset and name.
+  [[nodiscard]] std::string NativePath() const;
+  /// The name that the format will give the class: "a_b" for "a b" in a geodatabase.
+  [[nodiscard]] std::string ClassName() const;
+  /// The files that the output would replace or change, as they lie on the disk.
+  [[nodiscard]] std::vector<std::filesystem::path> Files() const;
+  /// True when these data would be replaced or changed. Files are compared by what they are, not by their names, so
+  /// that links and other spellings don't hide anything.
+  [[nodiscard]] bool Overlaps(const DatasetFiles& source) const;
+};
+
+/// Why nothing can be written under this name, as a sentence; nothing where it can. Names with quotation marks, or with
+/// blanks at the ends of a part, lose them on the way to the file; "" and ".shp" name nothing.
+[[nodiscard]] std::optional<std::string> NameProblem(const OutputPlace& place);
+
+/// The files that a native path of any kind comes down to: archives for what lies in them, other files as they are.
+[[nodiscard]] std::string RealFile(std::string_view path);
+
+/// True when both are the same file or folder, by whatever names and links; false where one isn't there.
+[[nodiscard]] bool IsSameFile(const std::filesystem::path& first, const std::filesystem::path& second);
+
+/// The path, or the first of name_2, name_3 and so on under which no data set has a file.
+[[nodiscard]] std::filesystem::path FirstFreePath(const std::filesystem::path& path);
+
+}  // namespace tessarine

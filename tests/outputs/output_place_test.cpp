@@ -1,0 +1,123 @@
+#include "outputs/output_place.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "helpers/temporary_folder.h"
+
+namespace tessarine {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::TemporaryFolder;
+
+const Format* const kShapefileRow = FormatOfKind(1);
+const Format* const kGeodatabaseRow = FormatOfKind(2);
+
+TEST(Formats, AreFoundByKindPathAndDriver) {
+  EXPECT_EQ(kShapefileRow->category, "Shapefile");
+  EXPECT_EQ(FormatOfPath("/data/A.GDB"), kGeodatabaseRow);
+  EXPECT_EQ(FormatOfDriver("PGeo"), FormatOfKind(4));
+  EXPECT_EQ(FormatOfKind(0), nullptr);
+  EXPECT_EQ(FormatOfKind(3), nullptr);
+  EXPECT_EQ(FormatOfPath("/data/a.xyz"), nullptr);
+}
+
+struct NameRow {
+  const char* asked;
+  const char* name;
+};
+
+TEST(Formats, NamesThatAGeodatabaseDoesNotTake) {
+  const NameRow fields[] = {{"select", "select_"}, {"Date", "Date_"}, {"OBJECTID", "OBJECTID_"},
+                            {"a b", "a_b"},        {"1x", "_1x"},     {"ab.c", "ab_c"},
+                            {"Länge", "Länge"},    {"_u", "_u"},      {"Shape", "Shape"},
+                            {"gdb_x", "gdb_x"},    {"", ""}};
+  for (const NameRow& row : fields) EXPECT_EQ(LegalName(kGeodatabaseRow->field_names, row.asked), row.name);
+  const NameRow classes[] = {{"sde_x", "_sde_x"}, {"GDB_Items", "_GDB_Items"}, {"objectid", "objectid"}};
+  for (const NameRow& row : classes) EXPECT_EQ(LegalName(kGeodatabaseRow->class_names, row.asked), row.name);
+  EXPECT_EQ(LegalName(kGeodatabaseRow->field_names, std::string(70, 'x')), std::string(64, 'x'));
+}
+
+TEST(Formats, NamesOfDbaseColumnsAreCutBetweenCharacters) {
+  const NameRule& rule = kShapefileRow->field_names;
+  EXPECT_EQ(LegalName(rule, "elevenchars"), "elevenchar");
+  EXPECT_EQ(LegalName(rule, "Entfernunü"), "Entfernun");
+  EXPECT_EQ(LegalName(rule, "a b.c"), "a b.c");
+  const auto taken = [](const std::string& name) { return name == "elevenchar" || name == "elevench_2"; };
+  EXPECT_EQ(FreeLegalName(rule, "elevenchars", taken), "elevench_3");
+}
+
+class Places : public ::testing::Test {
+ protected:
+  [[nodiscard]] fs::path At(const char* name) const { return folder_.Native(name); }
+  [[nodiscard]] OutputPlace Shapefile(const char* name) const { return {kShapefileRow, folder_.Native(), "", name}; }
+  [[nodiscard]] OutputPlace Class(const char* geodatabase, const char* name) const {
+    return {kGeodatabaseRow, folder_.Native(geodatabase), "", name};
+  }
+  [[nodiscard]] bool Reads(const OutputPlace& place, const std::string& file, std::vector<std::string> classes = {}) {
+    return place.Overlaps({{file.starts_with("/") ? file : folder_.Native(file)}, std::move(classes)});
+  }
+
+  TemporaryFolder folder_;
+};
+
+TEST_F(Places, AShapefileOverlapsWithAnyOfItsPartsByAnyName) {
+  for (const char* name : {"a.shp", "a.dbf", "b.shp"}) folder_.Write(name);
+  fs::create_symlink(At("a.dbf"), At("link.dbf"));
+  fs::create_hard_link(At("a.shp"), At("hard.shp"));
+  fs::create_directory(At("sub"));
+  for (const char* file : {"a.shp", "a.dbf", "link.dbf", "hard.shp", "sub/../a.dbf"}) {
+    EXPECT_TRUE(Reads(Shapefile("a.shp"), file)) << file;
+    EXPECT_FALSE(Reads(Shapefile("c.shp"), file)) << file;
+  }
+  EXPECT_FALSE(Reads(Shapefile("a.shp"), "b.shp"));
+  EXPECT_TRUE(Reads(Shapefile("link.shp"), "a.dbf")) << "its table would be replaced";
+}
+
+TEST_F(Places, InAGeodatabaseTheClassesAreComparedAsTheyWillBeCalled) {
+  fs::create_directory(At("g.gdb"));
+  folder_.Write("g.gdb/a00000009.gdbtable");
+  fs::create_symlink(At("g.gdb"), At("link.gdb"));
+  fs::create_symlink(At("g.gdb/a00000009.gdbtable"), At("table"));
+  const char* const names[] = {"a_b", "A_B", "a b", "a_b.shp"};
+  for (const char* name : names) {
+    EXPECT_TRUE(Reads(Class("g.gdb", name), "g.gdb", {"a_b"})) << name;
+    EXPECT_TRUE(Reads(Class("link.gdb", name), "g.gdb/a00000009.gdbtable", {"a_b"})) << name;
+    EXPECT_TRUE(Reads(Class("g.gdb", name), "table", {"a_b"})) << name;
+    EXPECT_FALSE(Reads(Class("g.gdb", name), "g.gdb", {"c"})) << name;
+    EXPECT_FALSE(Reads(Class("other.gdb", name), "g.gdb", {"a_b"})) << name;
+  }
+  EXPECT_TRUE(Reads(Class("g.gdb", "new"), "g.gdb", {""})) << "what is read isn't known";
+}
+
+TEST_F(Places, VirtualPathsComeDownToTheirFiles) {
+  folder_.Write("a.zip");
+  folder_.Write("a.bin");
+  const std::string folder = folder_.Native();
+  EXPECT_EQ(RealFile("/vsizip/" + folder + "/a.zip/in/b.shp"), folder + "/a.zip");
+  EXPECT_EQ(RealFile("/vsizip/{" + folder + "/a.zip}/b.shp"), folder + "/a.zip");
+  EXPECT_EQ(RealFile("/vsisubfile/10_20," + folder + "/a.bin"), folder + "/a.bin");
+  EXPECT_EQ(RealFile("/vsizip//vsisubfile/0_9," + folder + "/a.bin/b.shp"), folder + "/a.bin");
+  EXPECT_EQ(RealFile(folder + "/nowhere.shp"), folder + "/nowhere.shp");
+}
+
+TEST_F(Places, NamesThatCannotBeWrittenAreRefused) {
+  const char* const refused[] = {"", ".shp", ".SHP", " blank.shp", "blank.shp ", "a\"b.shp", "a\\b.shp"};
+  for (const char* name : refused) EXPECT_TRUE(NameProblem(Shapefile(name))) << name;
+  for (const char* name : {"a.shp", "a.shp.shp", "a b.shp", "ä.shp"})
+    EXPECT_FALSE(NameProblem(Shapefile(name))) << name;
+  OutputPlace quoted = Shapefile("a.shp");
+  quoted.container += "/\"q\"";
+  EXPECT_THAT(NameProblem(quoted).value_or(""), ::testing::HasSubstr("'\"q\"'"));
+}
+
+TEST_F(Places, AFreeNameIsOneThatNoDataSetHasAFileOf) {
+  folder_.Write("v.dbf");
+  folder_.Write("v_2.SHX");
+  EXPECT_EQ(FirstFreePath(At("v.shp")), At("v_3.shp"));
+  EXPECT_EQ(FirstFreePath(At("w.shp")), At("w.shp"));
+}
+
+}  // namespace
+}  // namespace tessarine
