@@ -10,6 +10,7 @@
 #include "engine/ogr_geometry.h"
 #include "engine/shapefile_check.h"
 #include "engine/srs_from_gdal.h"
+#include "outputs/staged_output.h"
 #include "platform/text_formats.h"
 
 namespace tessarine {
@@ -142,6 +143,8 @@ class OgrDataSource final : public DataSource {
 }  // namespace
 
 std::shared_ptr<DataSource> DataSource::Open(const std::string& native_path, bool update) {
+  // A run may have died between the renames of its last step.
+  if (!native_path.starts_with("/vsi")) FinishInterrupted(native_path);
   if (EndsWithIgnoringCase(native_path, ".shp") && std::filesystem::exists(native_path)) CheckShapefile(native_path);
   const DatasetHandle dataset = OpenDataset(native_path, update);
   std::vector<Offer> offers;

@@ -75,7 +75,7 @@ class UpdatingCursor final : public ReadingCursor {
   std::size_t next_ = 0;
   std::unique_ptr<AttributeUpdate> update_;
   std::optional<LayerHandle> whole_rows_;
-  bool refused_ = false;  ///< attributes were met that can't be written alone
+  std::optional<GdbGrid> grid_;  ///< of the class that `whole_rows_` writes to
   bool transactions_;
   bool in_transaction_ = false;
 };

@@ -66,11 +66,7 @@ void UpdatingCursor::UpdateRow(const std::shared_ptr<IRow>& row) {
   const auto own = Cast<OgrRow>(Require(row, "row"));
   Require(own, "a row of this cursor");
   if (transactions_ && !in_transaction_) in_transaction_ = Handle().Layer().StartTransaction() == OGRERR_NONE;
-  if (!own->ShapeChanged()) {
-    if (!refused_) CloseWholeRows();
-    if (update_ && update_->Write(own->Feature(), own->ChangedAttributes())) return;
-    refused_ = update_ != nullptr || refused_;
-  }
+  if (!own->ShapeChanged() && update_ && update_->Write(own->Feature(), own->ChangedAttributes())) return;
   WriteWhole(*own);
 }
 
@@ -98,18 +94,19 @@ void UpdatingCursor::WriteWhole(const OgrRow& row) {
   }
 }
 
-// Two writers of one table must not know it at different states: what GDAL writes, it writes on a handle of its own
-// that is opened behind our last byte, and closed before our next.
+// Two writers of one table must not know it at different states: from the first row that our writer can't take, GDAL
+// writes all of them, on a handle of its own that is opened behind our last byte. Its closing costs a walk over the
+// table.
 void UpdatingCursor::WriteWholeToFileGdb(const OgrRow& row) {
   if (update_) update_->Finish();
   update_ = nullptr;
   if (!whole_rows_) {
     whole_rows_.emplace(Owner()->Source()->Write());
     Owner()->RowsChange();
+    grid_ = GridOfClass(Owner()->Source()->Path(), Owner()->Source()->LayerName());
   }
   row.StoreShape();
-  const std::optional<GdbGrid> grid = GridOfClass(Owner()->Source()->Path(), Owner()->Source()->LayerName());
-  if (grid && row.ShapeChanged()) RequireOnGrid(*grid, row.Feature(), Owner()->Name());
+  if (grid_ && row.ShapeChanged()) RequireOnGrid(*grid_, row.Feature(), Owner()->Name());
   const GdalErrorScope errors;
   if (whole_rows_->Layer().SetFeature(&row.Feature()) == OGRERR_NONE) return;
   RaiseEngineFault("Row " + std::to_string(row.Feature().GetFID()) + " of '" + Owner()->Source()->Path() +
@@ -120,7 +117,6 @@ void UpdatingCursor::CloseWholeRows() {
   if (!whole_rows_) return;
   whole_rows_->Close();
   whole_rows_.reset();
-  update_ = OpenUpdate(*Owner(), Handle());
 }
 
 void UpdatingCursor::Flush() {

@@ -50,6 +50,14 @@ bool IsSameFile(const fs::path& first, const fs::path& second) {
   return fs::equivalent(first, second, error) && !error;
 }
 
+bool WouldTouch(const fs::path& path, const fs::path& file) {
+  std::error_code error;
+  const auto real = [&](const fs::path& any) { return fs::weakly_canonical(fs::absolute(any), error); };
+  if (real(path) == real(file) || IsSameFile(path, file)) return true;
+  const Format* format = FormatOfPath(file.string());
+  return format != nullptr && format->folder && real(path).parent_path() == real(file);
+}
+
 std::string OutputPlace::NativePath() const {
   fs::path path = container;
   if (!dataset.empty()) path /= dataset;

@@ -41,6 +41,10 @@ struct OutputPlace {
 /// True when both are the same file or folder, by whatever names and links; false where one isn't there.
 [[nodiscard]] bool IsSameFile(const std::filesystem::path& first, const std::filesystem::path& second);
 
+/// True when a file that is written to the path would be this file, lie in this geodatabase, or replace either. Neither
+/// need be there.
+[[nodiscard]] bool WouldTouch(const std::filesystem::path& path, const std::filesystem::path& file);
+
 /// The path, or the first of name_2, name_3 and so on under which no data set has a file.
 [[nodiscard]] std::filesystem::path FirstFreePath(const std::filesystem::path& path);
 

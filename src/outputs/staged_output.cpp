@@ -237,6 +237,35 @@ bool IsFresh(const fs::path& folder) {
 
 std::string FolderPrefix(const fs::path& target) { return "." + target.filename().string() + kMark; }
 
+// Ends or clears away a run's folder for this target, unless the run lives.
+void FinishOne(const fs::path& target, const fs::path& folder) {
+  const int lock = open((folder / kLockName).c_str(), O_RDWR | O_CLOEXEC);
+  const bool living = lock >= 0 ? flock(lock, LOCK_EX | LOCK_NB) != 0 : IsFresh(folder);
+  if (!living) {
+    try {
+      if (fs::exists(folder / kReadyName)) (void)FinishPublishing(target, folder);
+      RemoveFolder(folder);
+    } catch (const std::exception&) {
+      // The next run tries again.
+    }
+  }
+  if (lock >= 0) close(lock);
+}
+
+// Those of one name, or of all names when it is empty.
+void FinishIn(const fs::path& place, const std::string& name) {
+  std::error_code error;
+  std::vector<std::pair<fs::path, fs::path>> found;
+  for (const auto& entry : fs::directory_iterator(place, error)) {
+    const std::string folder = entry.path().filename().string();
+    const std::size_t mark = folder.starts_with('.') ? folder.rfind(kMark) : std::string::npos;
+    if (mark == std::string::npos || mark < 2) continue;
+    const std::string target = folder.substr(1, mark - 1);
+    if (name.empty() || target == name) found.emplace_back(place / target, entry.path());
+  }
+  for (const auto& [target, folder] : found) FinishOne(target, folder);
+}
+
 }  // namespace
 
 std::vector<fs::path> FilesOfDataset(const fs::path& path) {
@@ -265,24 +294,8 @@ void (*before_publishing_step)() = nullptr;
 void FinishInterrupted(const fs::path& path) {
   std::error_code error;
   const fs::path target = ResolvedTarget(path);
-  const std::string prefix = FolderPrefix(target);
-  std::vector<fs::path> folders;
-  for (const auto& entry : fs::directory_iterator(target.has_parent_path() ? target.parent_path() : ".", error)) {
-    if (entry.path().filename().string().starts_with(prefix)) folders.push_back(entry.path());
-  }
-  for (const fs::path& folder : folders) {
-    const int lock = open((folder / kLockName).c_str(), O_RDWR | O_CLOEXEC);
-    const bool living = lock >= 0 ? flock(lock, LOCK_EX | LOCK_NB) != 0 : IsFresh(folder);
-    if (!living) {
-      try {
-        if (fs::exists(folder / kReadyName)) (void)FinishPublishing(target, folder);
-        RemoveFolder(folder);
-      } catch (const std::exception&) {
-        // The next run tries again.
-      }
-    }
-    if (lock >= 0) close(lock);
-  }
+  FinishIn(target.has_parent_path() ? target.parent_path() : ".", target.filename().string());
+  if (fs::is_directory(target, error)) FinishIn(target, "");
 }
 
 StagedOutput::StagedOutput(const fs::path& target, Begin begin) : target_(ResolvedTarget(target)) {

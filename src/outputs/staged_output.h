@@ -27,8 +27,9 @@ namespace tessarine {
 /// beside it. Sorted; empty when there are none. Costs a walk over the folder for a shapefile.
 [[nodiscard]] std::vector<std::filesystem::path> FilesOfDataset(const std::filesystem::path& path);
 
-/// Ends what a dead run was about to publish at this path, and removes what other dead runs left for it. Runs
-/// that live are left alone. Faults of the file system end it silently: it is tried again by the next run.
+/// Ends what a dead run was about to publish at this path, or in this folder, and removes what other dead runs left
+/// for it. Runs that live are left alone. Faults of the file system end it silently: it is tried again by the next run.
+/// Costs a walk over the folder.
 void FinishInterrupted(const std::filesystem::path& path);
 
 /// Called ahead of each change of the disk while an output is published; null but in tests, which end the process

@@ -187,5 +187,39 @@ TEST_F(Endings, ALayerWithoutReferenceIsNamedAsThat) {
   EXPECT_THAT(run.err, HasSubstr("no spatial reference"));
 }
 
+// A report is one more output: it takes the place of nothing that the run reads or writes otherwise.
+TEST_F(Endings, AReportOverDataOfItsRunIsRefused) {
+  const std::string lines = In("lines.json");
+  WriteFile(lines, R"({"type": "FeatureCollection", "features": [{"type": "Feature", "properties": {"n": 1},
+    "geometry": {"type": "LineString", "coordinates": [[0, 0], [1, 0], [1, 1], [0, 0]]}}]})");
+  fs::copy_file(Data("graphics.json"), In("map.json"));
+  fs::create_symlink(lines, In("link.json"));
+  ASSERT_EQ(RunTessarine({"build-polygons", lines, "-o", In("g.gdb/old"), "-q"}).status, 0);
+  struct Row {
+    std::vector<std::string> command;
+    std::string report;
+  };
+  const Row rows[] = {
+      {{"build-polygons", lines, "-o", In("out.shp")}, lines},
+      {{"build-polygons", lines, "-o", In("out.shp"), "--dry-run"}, lines},
+      {{"vertices", lines, "-a", "-o", In("out.shp")}, In("link.json")},
+      {{"build-polygons", lines, "-o", In("g.gdb/out")}, In("g.gdb/report.json")},
+      {{"vertices", In("g.gdb:old"), "-a", "-o", In("out.shp")}, In("g.gdb/report.txt")},
+      {{"calculate", lines, "--all-measures", "-o", In("out.json")}, In("out.json")},
+      {{"graphics", "to-features", In("map.json"), "--to", "polygons", "-o", In("out.shp")}, In("map.json")},
+  };
+  const std::string before = ReadFile(lines), map_before = ReadFile(In("map.json"));
+  for (const Row& row : rows) {
+    std::vector<std::string> arguments = row.command;
+    arguments.insert(arguments.end(), {"--report", row.report});
+    const ProgramOutcome run = RunTessarine(arguments);
+    EXPECT_EQ(run.status, 2) << row.report << "\n" << run.err;
+    EXPECT_THAT(run.err, HasSubstr("The report can't be written to '" + row.report + "'"));
+  }
+  EXPECT_EQ(ReadFile(lines), before);
+  EXPECT_EQ(ReadFile(In("map.json")), map_before);
+  EXPECT_FALSE(fs::exists(In("out.shp")) || fs::exists(In("out.json")) || fs::exists(In("g.gdb/report.json")));
+}
+
 }  // namespace
 }  // namespace tessarine::testing

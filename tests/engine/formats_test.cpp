@@ -1,10 +1,13 @@
 // Data of the formats that people bring, made by GDAL and read through DataSource.
 #include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <fstream>
 #include <numbers>
 
 #include "engine/test_layers.h"
+#include "outputs/staged_output.h"
 
 namespace tessarine {
 namespace {
@@ -228,6 +231,33 @@ TEST(Formats, ABrokenShapefileIsRefused) {
     const std::string text = opens(folder);
     EXPECT_NE(text.find(row.told), std::string::npos) << row.part << " " << row.keep << ": " << text;
     EXPECT_FALSE(row.keep < 0 && std::filesystem::exists(part)) << "nothing is rebuilt in silence";
+  }
+}
+
+// A run that died between the renames of its shapefile had made all of it: whoever opens the file or its folder next
+// gets the whole.
+TEST(Formats, OpeningEndsWhatADeadRunWasAboutToRename) {
+  static int steps_left;
+  for (const char* opened : {"lakes.shp", ""}) {
+    const TemporaryFolder folder;
+    const std::string path = folder.Native("lakes.shp");
+    WriteLayer({"ESRI Shapefile", path, "lakes", wkbPolygon, {{"POLYGON ((0 0,0 1,1 1,0 0))", "old"}}});
+    const pid_t child = fork();
+    if (child == 0) {
+      StagedOutput staged(path, StagedOutput::Begin::Copy);
+      steps_left = 4;
+      before_publishing_step = [] {
+        if (steps_left-- == 0) _exit(0);
+      };
+      staged.Publish();
+      _exit(1);
+    }
+    int status = 0;
+    ASSERT_EQ(waitpid(child, &status, 0), child);
+    ASSERT_EQ(status, 0);
+    ASSERT_FALSE(std::filesystem::exists(path));
+    const auto source = DataSource::Open(*opened == '\0' ? folder.Native() : path, false);
+    EXPECT_EQ(AllOf(*source->OpenFeatureClass("lakes")).size(), 1U);
   }
 }
 

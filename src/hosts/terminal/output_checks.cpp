@@ -5,6 +5,7 @@
 #include <filesystem>
 
 #include "hosts/terminal/refusal.h"
+#include "hosts/terminal/report_output.h"
 
 namespace tessarine {
 namespace {
@@ -19,7 +20,7 @@ fs::path ExistingPart(const OutputPlace& place) {
 
 }  // namespace
 
-void RefuseUnusablePlace(const OutputPlace& place) {
+void RefuseUnusablePlace(const OutputPlace& place, const std::string& report_file) {
   if (const auto problem = NameProblem(place)) throw Refusal(*problem);
   const fs::path part = ExistingPart(place);
   const std::string output = "The output '" + place.NativePath() + "' can't be made: ";
@@ -29,6 +30,7 @@ void RefuseUnusablePlace(const OutputPlace& place) {
     throw Refusal(output + "'" + part.string() + "' can't be written to; check its permissions.");
   }
   RefuseBrokenContainer(place);
+  RefuseReportOver(report_file, {place.InContainer() ? place.container : place.NativePath()}, kIsOutput);
 }
 
 }  // namespace tessarine

@@ -6,7 +6,8 @@
 namespace tessarine {
 
 /// Refuses a name that can't be written as it stands, a place whose folder isn't there or can't be written to, and a
-/// container that can't be opened or written to. Each refusal names the folder or container itself.
-void RefuseUnusablePlace(const OutputPlace& place);
+/// container that can't be opened or written to, and a report that would lie over the output. Each refusal names the
+/// folder or container itself.
+void RefuseUnusablePlace(const OutputPlace& place, const std::string& report_file);
 
 }  // namespace tessarine

@@ -9,6 +9,7 @@
 
 #include "engine/versions.h"
 #include "hosts/terminal/refusal.h"
+#include "outputs/output_place.h"
 #include "platform/paths.h"
 #include "platform/rich_text.h"
 #include "platform/text_formats.h"
@@ -189,6 +190,15 @@ void CheckReportFile(const std::string& path) {
   }
   const fs::path folder = fs::absolute(path).parent_path();
   if (!fs::is_directory(folder)) throw Refusal("The report's folder '" + folder.string() + "' doesn't exist.");
+}
+
+void RefuseReportOver(const std::string& report_file, const std::vector<std::string>& files, std::string_view role) {
+  if (report_file.empty()) return;
+  for (const std::string& file : files) {
+    if (file.empty() || !WouldTouch(report_file, file)) continue;
+    throw Refusal("The report can't be written to '" + report_file + "', which " + std::string(role) +
+                  ": name another file.");
+  }
 }
 
 void WriteReport(const std::string& rtf, const CommonOptions& options, TerminalHost& host) {

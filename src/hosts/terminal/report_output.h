@@ -2,6 +2,8 @@
 #pragma once
 
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "hosts/terminal/common_options.h"
 #include "hosts/terminal/terminal_host.h"
@@ -13,6 +15,12 @@ void PrintReport(const std::string& rtf, bool on_terminal);
 
 /// Checks that a report file's ending names a form and that its folder exists. Raises `Refusal`.
 void CheckReportFile(const std::string& path);
+
+inline constexpr std::string_view kIsOutput = "is this run's output";
+
+/// Refuses a report file that is one of these files, or lies in one of these folders: `role` says what the run does
+/// with them, as "is the map document". Empty paths are passed over.
+void RefuseReportOver(const std::string& report_file, const std::vector<std::string>& files, std::string_view role);
 
 /// Writes the report in the form that the file's ending names: .txt, .rtf, .html or .json.
 void WriteReport(const std::string& rtf, const CommonOptions& options, TerminalHost& host);

@@ -7,6 +7,7 @@
 
 #include "engine/topology_stop.h"
 #include "hosts/document/document_file.h"
+#include "hosts/document/document_layer.h"
 #include "hosts/terminal/interrupt.h"
 #include "hosts/terminal/refusal.h"
 #include "hosts/terminal/report_output.h"
@@ -40,7 +41,19 @@ Session::Session(const CommonOptions& options)
 
 Session::~Session() { application_->Stop(); }
 
+void Session::RefuseReportOverData() const {
+  RefuseReportOver(options_.report_file, {document_->Path}, "is the map document");
+  if (!told_output_.empty()) RefuseReportOver(options_.report_file, {ToNativePath(told_output_)}, kIsOutput);
+  const std::shared_ptr<IEnumLayer> layers = document_->Map().Layers(nullptr, true);
+  while (const std::shared_ptr<ILayer> any = layers->Next()) {
+    const auto layer = Cast<DocumentFeatureLayer>(any);
+    const auto data = layer ? Cast<IDatasetFiles>(layer->FeatureClass()) : nullptr;
+    if (data) RefuseReportOver(options_.report_file, data->Files().files, "'" + layer->Name() + "' is read from");
+  }
+}
+
 ExitStatus Session::Run(const std::string& command_id, FormScript* script) {
+  if (!options_.report_file.empty()) RefuseReportOverData();
   host_.SetScript(script);
   bool enabled = true;
   if (!UnlessStopped([&] { enabled = application_->Click(command_id); })) host_.Journal().stopped = true;

@@ -34,6 +34,8 @@ class Session {
   /// Does the work; a fault in it is told on standard error and counts for the exit status.
   template <class Work>
   void OrTell(Work&& work);
+  // A report takes the place of no file that the run reads or writes otherwise.
+  void RefuseReportOverData() const;
   void SaveDocument();
   void WriteReportFile();
   void PrintOutcome();
