@@ -8,6 +8,7 @@
 
 #include "engine/engine_fault.h"
 #include "engine/filegdb_layout.h"
+#include "outputs/way_out.h"
 #include "platform/text_formats.h"
 
 namespace tessarine::engine {
@@ -81,7 +82,7 @@ void WriteGdbIndexes(const std::string& base, const std::vector<GdbIndex>& index
   for (const GdbIndex& index : indexes)
     file.write(index.bytes.data(), static_cast<std::streamsize>(index.bytes.size()));
   file.close();
-  if (!file) RaiseEngineFault("'" + path + "' can't be written: check the room on the disk and the permissions.");
+  if (!file) RaiseEngineFault("'" + path + "' can't be written" + WayOut(path, ""));
 }
 
 std::string GdbIndexFile(const std::string& base, const GdbIndex& index) { return base + "." + index.name + ".atx"; }

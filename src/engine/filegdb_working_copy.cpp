@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "engine/engine_fault.h"
+#include "outputs/way_out.h"
 #include "platform/text_formats.h"
 
 namespace tessarine::engine {
@@ -31,8 +32,9 @@ std::string RealPath(const std::string& path) {
   return text;
 }
 
-[[noreturn]] void Fail(const std::string& what, int code) {
-  RaiseEngineFault(what + " (" + std::strerror(code) + "): check the room on the disk and the permissions.");
+[[noreturn]] void Fail(const std::string& path, const std::string& what, int code) {
+  const std::string reason = std::strerror(code);
+  RaiseEngineFault("'" + path + "' " + what + " (" + reason + ")" + WayOut(path, reason));
 }
 
 // What the file system complains of is told like all else.
@@ -41,14 +43,14 @@ auto Told(const std::string& path, Work&& work) {
   try {
     return work();
   } catch (const fs::filesystem_error& error) {
-    Fail("'" + path + "' can't be copied", error.code().value());
+    Fail(path, "can't be copied", error.code().value());
   }
 }
 
 // Shares the blocks where the file system can; copies else.
 void CopyFile(const fs::path& from, const fs::path& to) {
   const int in = open(from.c_str(), O_RDONLY | O_CLOEXEC);
-  if (in < 0) Fail("'" + from.string() + "' can't be read", errno);
+  if (in < 0) Fail(from.string(), "can't be read", errno);
   struct stat status {};
   fstat(in, &status);
   const int out = open(to.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, status.st_mode & 07777U);
@@ -62,7 +64,7 @@ void CopyFile(const fs::path& from, const fs::path& to) {
   if (shared) return;
   std::error_code error;
   fs::copy_file(from, to, fs::copy_options::overwrite_existing, error);
-  if (error) Fail("'" + from.string() + "' can't be copied", error.value());
+  if (error) Fail(to.string(), "can't be made", error.value());
 }
 
 }  // namespace
@@ -97,7 +99,7 @@ FileGdbWorkingCopy::~FileGdbWorkingCopy() {
 void FileGdbWorkingCopy::Lock() {
   for (int tries = 0; tries < kLockTries; ++tries) {
     lock_ = open(target_.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (lock_ < 0) Fail("'" + target_ + "' can't be opened", errno);
+    if (lock_ < 0) Fail(target_, "can't be opened", errno);
     // Some network file systems have no such locks.
     const bool taken = flock(lock_, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
     struct stat own {
@@ -115,7 +117,7 @@ void FileGdbWorkingCopy::Lock() {
 void FileGdbWorkingCopy::LinkAll() const {
   struct stat status {};
   stat(target_.c_str(), &status);
-  if (mkdir(folder_.c_str(), status.st_mode & 07777U) != 0) Fail("'" + folder_ + "' can't be made", errno);
+  if (mkdir(folder_.c_str(), status.st_mode & 07777U) != 0) Fail(folder_, "can't be made", errno);
   if (chown(folder_.c_str(), status.st_uid, status.st_gid) != 0) errno = 0;
   chmod(folder_.c_str(), status.st_mode & 07777U);
   for (const auto& entry : fs::recursive_directory_iterator(target_)) {

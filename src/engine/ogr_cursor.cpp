@@ -2,7 +2,7 @@
 
 #include "engine/engine_fault.h"
 #include "engine/ogr_geometry.h"
-#include "engine/way_out.h"
+#include "outputs/way_out.h"
 #include "platform/text_formats.h"
 
 namespace tessarine::engine {

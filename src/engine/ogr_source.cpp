@@ -8,7 +8,7 @@
 
 #include "engine/engine_fault.h"
 #include "engine/filegdb_edit.h"
-#include "engine/way_out.h"
+#include "outputs/way_out.h"
 
 namespace tessarine::engine {
 namespace {

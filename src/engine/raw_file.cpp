@@ -9,7 +9,7 @@
 #include <filesystem>
 
 #include "engine/engine_fault.h"
-#include "engine/way_out.h"
+#include "outputs/way_out.h"
 
 namespace tessarine::engine {
 

@@ -10,12 +10,12 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
-#include <chrono>
 #include <cstring>
 #include <fstream>
 #include <functional>
 #include <set>
 
+#include "outputs/way_out.h"
 #include "platform/fault.h"
 #include "platform/text_formats.h"
 
@@ -58,8 +58,8 @@ bool BelongsToShapefile(const fs::path& file, const std::string& stem) {
 }
 
 [[noreturn]] void RaiseAccess(const std::string& what, const fs::path& path, int error) {
-  Raise(kPathAccess, what + " '" + path.string() + "' (" + std::strerror(error) +
-                         "): check its permissions and the room on the disk.");
+  const std::string reason = std::strerror(error);
+  Raise(kPathAccess, what + " '" + path.string() + "' (" + reason + ")" + WayOut(path.string(), reason));
 }
 
 void SyncOne(const fs::path& path) {
@@ -228,19 +228,40 @@ fs::path ResolvedTarget(const fs::path& target) {
   return error ? path : real;
 }
 
-// A run may have made its folder and not yet locked it.
-bool IsFresh(const fs::path& folder) {
-  std::error_code error;
-  const auto made = fs::last_write_time(folder, error);
-  return !error && fs::file_time_type::clock::now() - made < std::chrono::minutes(1);
+// A new folder with a lock in it that is held; the lock. Whoever clears away what dead runs left may take a folder for
+// such until it is locked: then another is made.
+int MakeLockedFolder(const fs::path& parent, const std::string& prefix, fs::path& folder) {
+  for (;;) {
+    std::string name = (parent / (prefix + "XXXXXX")).string();
+    if (mkdtemp(name.data()) == nullptr) RaiseAccess("Nothing can be written to the folder", parent, errno);
+    folder = name;
+    const int lock = open((folder / kLockName).c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
+    if (lock < 0 && errno == ENOENT) continue;
+    if (lock < 0) {
+      const int error = errno;
+      rmdir(name.c_str());
+      RaiseAccess("Nothing can be written to the folder", parent, error);
+    }
+    struct stat own {
+    }, named{};
+    // Some network file systems have no such locks.
+    const bool taken = flock(lock, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+    const bool there = fstat(lock, &own) == 0 && stat((folder / kLockName).c_str(), &named) == 0;
+    if (!taken && there && own.st_ino == named.st_ino) return lock;
+    close(lock);
+  }
 }
 
 std::string FolderPrefix(const fs::path& target) { return "." + target.filename().string() + kMark; }
 
 // Ends or clears away a run's folder for this target, unless the run lives.
 void FinishOne(const fs::path& target, const fs::path& folder) {
-  const int lock = open((folder / kLockName).c_str(), O_RDWR | O_CLOEXEC);
-  const bool living = lock >= 0 ? flock(lock, LOCK_EX | LOCK_NB) != 0 : IsFresh(folder);
+  const auto open_lock = [&] { return open((folder / kLockName).c_str(), O_RDWR | O_CLOEXEC); };
+  int lock = open_lock();
+  // Without a lock it was only just made, by a run that makes another when it is gone, or it was being removed.
+  if (lock < 0 && (rmdir(folder.c_str()) == 0 || errno == ENOENT)) return;
+  if (lock < 0) lock = open_lock();
+  const bool living = lock >= 0 && flock(lock, LOCK_EX | LOCK_NB) != 0;
   if (!living) {
     try {
       if (fs::exists(folder / kReadyName)) (void)FinishPublishing(target, folder);
@@ -302,11 +323,7 @@ StagedOutput::StagedOutput(const fs::path& target, Begin begin) : target_(Resolv
   const fs::path parent = target_.parent_path();
   if (!fs::is_directory(parent)) Raise(kPathNotFound, "There is no folder '" + parent.string() + "'.");
   FinishInterrupted(target_);
-  std::string name = (parent / (FolderPrefix(target_) + "XXXXXX")).string();
-  if (mkdtemp(name.data()) == nullptr) RaiseAccess("Nothing can be written to the folder", parent, errno);
-  folder_ = name;
-  lock_ = open((folder_ / kLockName).c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
-  if (lock_ >= 0) (void)flock(lock_, LOCK_EX | LOCK_NB);
+  lock_ = MakeLockedFolder(parent, FolderPrefix(target_), folder_);
   const fs::path fresh = folder_ / kNewFolder;
   fs::create_directory(fresh);
   path_ = fresh / target_.filename();

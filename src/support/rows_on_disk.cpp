@@ -21,7 +21,7 @@ void CheckRowsWritten(RunJournal& journal, const IFeatureClass& output) {
   if (held < journal.written) {
     journal.Fail("Only " + std::to_string(held) + " of the " + std::to_string(journal.written) +
                  " rows that were written are in '" + ToNativePath(output.FullName()) +
-                 "': check the room on the disk.");
+                 "': it isn't whole.");
   }
   journal.written = held;
 }

@@ -1,11 +1,11 @@
-#include "engine/way_out.h"
+#include "outputs/way_out.h"
 
 #include <sys/statvfs.h>
 #include <unistd.h>
 
 #include <filesystem>
 
-namespace tessarine::engine {
+namespace tessarine {
 namespace {
 
 namespace fs = std::filesystem;
@@ -34,7 +34,7 @@ std::string WayOut(const std::string& path, const std::string& complaint) {
     return ": a coordinate lies outside of the range that the output was made for.";
   }
   if (complaint.find("locked") != std::string::npos) return ": another program holds it; close it there.";
-  return ": check the room on the disk and the permissions.";
+  return ".";
 }
 
-}  // namespace tessarine::engine
+}  // namespace tessarine
