@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "engine/filegdb_dates.h"
 #include "engine/wide_numbers.h"
 #include "platform/text_encoding.h"
 #include "platform/text_formats.h"
@@ -122,6 +123,7 @@ Variant DateOf(const OGRFeature& feature, int index, ColumnStore store) {
     date.time_only = true;
   } else {
     date = MakeDate(year, month, day, hour, minute, second);
+    if (store == ColumnStore::FileGeodatabase) date = WithoutLateness(date);
   }
   // OGR calls the times of a file geodatabase UTC, which the format doesn't say.
   if (zone > 1 && store != ColumnStore::FileGeodatabase)

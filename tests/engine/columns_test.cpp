@@ -251,5 +251,16 @@ TEST(Columns, ValuesOfStoredRowsStayWithinTheirColumns) {
   }
 }
 
+TEST(Columns, DatesBefore1970AreThoseThatAGeodatabaseHolds) {
+  for (const char* date : {"0099-01-01T00:00:00", "1899-12-30T23:59:59", "1950-03-04T05:06:07", "1969-12-31T23:59:58",
+                           "1970-01-01T00:00:01", "2020-02-29T12:00:00"}) {
+    const TemporaryFolder folder;
+    WriteColumns("OpenFileGDB", folder.Native("d.gdb"), {{"at", OFTDateTime}}, {date});
+    const auto points = Opened(folder.Native("d.gdb"));
+    const auto feature = points->Search(nullptr, false)->NextFeature();
+    EXPECT_EQ(IsoText(feature->Value(points->FindField("at")).AsDate()), date);
+  }
+}
+
 }  // namespace
 }  // namespace tessarine
