@@ -1,6 +1,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cctype>
+#include <map>
+
 #include "helpers/reported_faults.h"
 #include "helpers/temporary_folder.h"
 #include "helpers/test_host.h"
@@ -76,6 +79,61 @@ TEST_F(Catalog, AxesAreThePublishedOnes) {
   };
   for (const PublishedSpheroid& published : kEarth) check(lists.Earth(), published);
   for (const PublishedSpheroid& published : kPlanets) check(lists.Planets(), published);
+}
+
+// Letters and digits alone, in lower case.
+std::string Bare(std::string_view name) {
+  std::string bare;
+  for (const char letter : name) {
+    if (std::isalnum(static_cast<unsigned char>(letter)) != 0) {
+      bare += static_cast<char>(std::tolower(static_cast<unsigned char>(letter)));
+    }
+  }
+  return bare;
+}
+
+// What the registry calls the body or figure whose name the table words otherwise.
+const std::map<std::string, std::string> kRegistryNames = {
+    {"Everest (adjustment 1937)", "Everest 1830 (1937 Adjustment)"},
+    {"Everest (definition 1962)", "Everest 1830 (1962 Definition)"},
+    {"Everest (definition 1967)", "Everest 1830 (1967 Definition)"},
+    {"Everest (definition 1975)", "Everest 1830 (1975 Definition)"},
+    {"Everest modified", "Everest 1830 Modified"},
+    {"GEM gravity potential model", "GEM 10C"},
+    {"GRS 1967 = International 1967", "GRS 1967"},
+    {"Krasovsky 1940", "Krassowsky 1940"},
+    {"Transit precise ephemeris", "NWL 9D"},
+    {"OSU 1986 geoidal model", "OSU86F"},
+    {"OSU 1991 geoidal model", "OSU91A"},
+    {"Authalic sphere", "Sphere"},
+    {"WGS 1972", "WGS 72"},
+    {"WGS 1984", "WGS 84"},
+    {"Authalic sphere (ARC/INFO)", "Sphere_ARC_INFO"},
+    {"PZ 1990", "PZ-90"},
+    {"Clarke 1880 (Intl Foot)", "Clarke 1880 (international foot)"},
+    {"Authalic sphere based upon Intl 1924", "International 1924 Authalic Sphere"},
+    {"Major auxiliary sphere based upon WGS 1984", "WGS_1984_Major_Auxiliary_Sphere"},
+};
+
+// The axes come from the registry by the code of the table: a code beside the wrong name takes another body's axes.
+TEST_F(Catalog, EveryCodeIsThatOfItsName) {
+  const SpheroidLists lists = Lists();
+  int count = 0;
+  for (const SpheroidNames& list : {lists.Planets(), lists.Earth()}) {
+    for (const std::string& name : Texts(list.Names)) {
+      const std::string registry = list.Row(name).Spheroid()->Name();
+      if (const auto other = kRegistryNames.find(name); other != kRegistryNames.end()) {
+        EXPECT_EQ(registry, other->second) << name;
+      } else {
+        const std::size_t planet = name.find(" - ");
+        std::string own = planet == std::string::npos ? name : name.substr(planet + 3);
+        if (own.starts_with("The ")) own.erase(0, 4);
+        EXPECT_THAT(Bare(registry), HasSubstr(Bare(own))) << name;
+      }
+      ++count;
+    }
+  }
+  EXPECT_EQ(count, 127);
 }
 
 TEST_F(Catalog, EveryCodeOfBothTablesIsKnownAndInOrder) {
