@@ -10,6 +10,7 @@
 
 #include "engine/attribute_update.h"
 #include "engine/engine_fault.h"
+#include "outputs/way_out.h"
 #include "platform/text_formats.h"
 
 namespace tessarine::engine {
@@ -112,7 +113,10 @@ class GeoPackageUpdate final : public AttributeUpdate {
   }
 
   [[noreturn]] void RaiseFailure() const {
-    RaiseEngineFault("Rows of '" + table_ + "' can't be written (SQLite says: " + sqlite3_errmsg(connection_) + ").");
+    const char* file = sqlite3_db_filename(connection_, "main");
+    const std::string path = file == nullptr ? "" : file, complaint = sqlite3_errmsg(connection_);
+    RaiseEngineFault("Rows of '" + table_ + "' in '" + path + "' can't be written (SQLite says: " + complaint + ")" +
+                     WayOut(path, complaint));
   }
 
   sqlite3* connection_;

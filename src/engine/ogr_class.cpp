@@ -18,6 +18,7 @@
 #include "engine/ogr_geometry.h"
 #include "engine/srs_from_gdal.h"
 #include "engine/workspace_common.h"
+#include "outputs/way_out.h"
 #include "platform/paths.h"
 
 namespace tessarine::engine {
@@ -172,7 +173,7 @@ void OgrClass::CreateField(const Field& field) {
     const auto definition = OgrFieldOf(field, ColumnStoreOf(driver_));
     if (handle.Layer().CreateField(definition.get()) != OGRERR_NONE || errors.Failed()) {
       RaiseEngineFault("The field '" + field.Name + "' can't be added to '" + source_->Path() + "'" + errors.Quote() +
-                       ".");
+                       WayOut(source_->Path(), errors.Text()));
     }
   }
   ReadTraits();

@@ -2,6 +2,7 @@
 
 #include "engine/engine_fault.h"
 #include "engine/ogr_cursor.h"
+#include "outputs/way_out.h"
 
 namespace tessarine::engine {
 namespace {
@@ -85,7 +86,7 @@ void UpdatingCursor::WriteWhole(const OgrRow& row) {
   if (!written) {
     RaiseRowNotWritten(
         "Row " + std::to_string(row.Feature().GetFID()) + " of '" + Owner()->Source()->Path() + "' can't be written",
-        errors, ".");
+        errors, WayOut(Owner()->Source()->Path(), errors.Text()));
   }
   exponents.PutBack(row.Feature());
   if (!row.Exponents().empty() && !(update_ && update_->Write(row.Feature(), row.Exponents()))) {
@@ -110,7 +111,7 @@ void UpdatingCursor::WriteWholeToFileGdb(const OgrRow& row) {
   const GdalErrorScope errors;
   if (whole_rows_->Layer().SetFeature(&row.Feature()) == OGRERR_NONE) return;
   RaiseEngineFault("Row " + std::to_string(row.Feature().GetFID()) + " of '" + Owner()->Source()->Path() +
-                   "' can't be written" + errors.Quote() + ".");
+                   "' can't be written" + errors.Quote() + WayOut(Owner()->Source()->Path(), errors.Text()));
 }
 
 void UpdatingCursor::CloseWholeRows() {
@@ -125,7 +126,8 @@ void UpdatingCursor::Flush() {
   in_transaction_ = false;
   const GdalErrorScope errors;
   if (Handle().Layer().CommitTransaction() != OGRERR_NONE) {
-    RaiseEngineFault("Rows of '" + Owner()->Source()->Path() + "' can't be written" + errors.Quote() + ".");
+    RaiseEngineFault("Rows of '" + Owner()->Source()->Path() + "' can't be written" + errors.Quote() +
+                     WayOut(Owner()->Source()->Path(), errors.Text()));
   }
 }
 
