@@ -4,6 +4,8 @@
 // reached alone get a way of their own here; it costs what the changed columns cost.
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <span>
 
@@ -21,14 +23,20 @@ class AttributeUpdate {
   virtual void Finish() = 0;
 };
 
+/// Bytes that are held back before they are written. A block of a dBASE table is one record at least.
+inline constexpr std::int64_t kDbaseBlock = 1 << 20;
+inline constexpr std::size_t kFileGdbHold = 4 << 20;
+
 /// Columns of the dBASE table beside a shapefile; nothing where the table can't be found or isn't as the layer says.
-[[nodiscard]] std::unique_ptr<AttributeUpdate> OpenDbaseUpdate(const OgrSource& source, OGRLayer& layer);
+[[nodiscard]] std::unique_ptr<AttributeUpdate> OpenDbaseUpdate(const OgrSource& source, OGRLayer& layer,
+                                                               std::int64_t block_bytes = kDbaseBlock);
 
 /// Columns of a GeoPackage table, in the transaction of the handle.
 [[nodiscard]] std::unique_ptr<AttributeUpdate> OpenGeoPackageUpdate(GDALDataset& dataset, OGRLayer& layer);
 
 /// Columns of a table of a file geodatabase. OGR must not change the table while this lives. Nothing where the table is
 /// of a kind that can't be changed this way.
-[[nodiscard]] std::unique_ptr<AttributeUpdate> OpenFileGdbUpdate(const OgrSource& source, OGRLayer& layer);
+[[nodiscard]] std::unique_ptr<AttributeUpdate> OpenFileGdbUpdate(const OgrSource& source, OGRLayer& layer,
+                                                                 std::size_t held_bytes = kFileGdbHold);
 
 }  // namespace tessarine::engine

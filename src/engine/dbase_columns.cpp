@@ -12,7 +12,6 @@ namespace {
 constexpr std::int32_t kGreatestWidth = 32;
 constexpr std::size_t kMostColumns = 255;
 constexpr std::int64_t kLargestSize = 65535;  // of the header, and of a record
-constexpr std::int64_t kBlockBytes = 1 << 20;
 constexpr std::int64_t kLongestTrailer = 1024;
 constexpr char kNullDigit = '*';
 constexpr char kEndOfHeader = '\r';
@@ -44,9 +43,9 @@ class Extension {
 
   [[nodiscard]] std::size_t AddedCount() const { return added_.size(); }
 
-  void Write(const RawFile& from, const RawFile& to) const {
+  void Write(const RawFile& from, const RawFile& to, std::int64_t block_bytes) const {
     WriteHeader(from, to);
-    const std::int64_t block = std::max<std::int64_t>(1, kBlockBytes / size_);
+    const std::int64_t block = std::max<std::int64_t>(1, block_bytes / size_);
     std::vector<char> rows, longer;
     for (std::int64_t row = 0; row < before_.record_count; row += block) {
       const std::int64_t count = std::min(block, before_.record_count - row);
@@ -111,7 +110,7 @@ bool IsPlainTable(const DbaseLayout& layout, std::int64_t file_size) {
 
 }  // namespace
 
-std::size_t AddDbaseColumns(const OgrSource& source, std::span<const FieldRef> fields) {
+std::size_t AddDbaseColumns(const OgrSource& source, std::span<const FieldRef> fields, std::int64_t block_bytes) {
   const std::string path = FindDbaseTable(source);
   if (path.empty()) return 0;
   const RawFile table(path);
@@ -125,7 +124,7 @@ std::size_t AddDbaseColumns(const OgrSource& source, std::span<const FieldRef> f
   if (extension.AddedCount() == 0) return 0;
   FileReplacement replacement(path);
   if (!replacement.File().IsOpen()) return 0;
-  extension.Write(table, replacement.File());
+  extension.Write(table, replacement.File(), block_bytes);
   replacement.Commit();
   return extension.AddedCount();
 }

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <span>
 
+#include "engine/attribute_update.h"
 #include "engine/ogr_source.h"
 #include "platform/field.h"
 
@@ -15,6 +16,7 @@ constexpr std::size_t kDbaseNameLength = 10;
 /// they are doubles of a told width under short plain names that the table doesn't have yet. 0 for a table that has to
 /// be left to GDAL. Rows hold null there. The table is replaced by the new one when that is whole, so a run that is
 /// killed leaves either of the two. Raises a fault, and leaves the table as it was, where there is no room on the disk.
-[[nodiscard]] std::size_t AddDbaseColumns(const OgrSource& source, std::span<const FieldRef> fields);
+[[nodiscard]] std::size_t AddDbaseColumns(const OgrSource& source, std::span<const FieldRef> fields,
+                                          std::int64_t block_bytes = kDbaseBlock);
 
 }  // namespace tessarine::engine

@@ -15,12 +15,10 @@
 namespace tessarine::engine {
 namespace {
 
-constexpr std::int64_t kBlockBytes = 1 << 20;
-
 using Column = DbaseColumn;
 
-std::int64_t BlockRecords(const DbaseLayout& layout) {
-  return std::max<std::int64_t>(1, kBlockBytes / layout.record_size);
+std::int64_t BlockRecords(const DbaseLayout& layout, std::int64_t block_bytes) {
+  return std::max<std::int64_t>(1, block_bytes / layout.record_size);
 }
 
 bool IsNumeric(const Column& column) { return column.type == 'N' || column.type == 'F'; }
@@ -31,8 +29,11 @@ bool IsPlainText(std::string_view text, std::size_t width) {
 
 class DbaseUpdate final : public AttributeUpdate {
  public:
-  DbaseUpdate(std::unique_ptr<RawFile> file, DbaseLayout layout)
-      : file_(std::move(file)), layout_(std::move(layout)), block_records_(BlockRecords(layout_)) {}
+  DbaseUpdate(std::unique_ptr<RawFile> file, DbaseLayout layout, std::int64_t block_bytes)
+      : file_(std::move(file)),
+        layout_(std::move(layout)),
+        block_bytes_(block_bytes),
+        block_records_(BlockRecords(layout_, block_bytes)) {}
 
   ~DbaseUpdate() override {
     try {
@@ -69,7 +70,7 @@ class DbaseUpdate final : public AttributeUpdate {
     block_count_ = 0;
     stale_ = layout_.columns.size() != column_count;
     if (stale_) return false;
-    block_records_ = BlockRecords(layout_);
+    block_records_ = BlockRecords(layout_, block_bytes_);
     return true;
   }
 
@@ -142,7 +143,7 @@ class DbaseUpdate final : public AttributeUpdate {
 
   std::unique_ptr<RawFile> file_;
   DbaseLayout layout_;
-  std::int64_t block_records_;
+  std::int64_t block_bytes_, block_records_;
   std::vector<char> block_;
   std::int64_t block_first_ = 0, block_count_ = 0;
   bool block_changed_ = false, changed_ = false;
@@ -151,14 +152,14 @@ class DbaseUpdate final : public AttributeUpdate {
 
 }  // namespace
 
-std::unique_ptr<AttributeUpdate> OpenDbaseUpdate(const OgrSource& source, OGRLayer& layer) {
+std::unique_ptr<AttributeUpdate> OpenDbaseUpdate(const OgrSource& source, OGRLayer& layer, std::int64_t block_bytes) {
   const std::string path = FindDbaseTable(source);
   if (path.empty()) return nullptr;
   auto file = std::make_unique<RawFile>(path);
   if (!file->IsOpen()) return nullptr;
   DbaseLayout layout = ReadDbaseLayout(*file);
   if (layout.columns.size() != static_cast<std::size_t>(layer.GetLayerDefn()->GetFieldCount())) return nullptr;
-  return std::make_unique<DbaseUpdate>(std::move(file), std::move(layout));
+  return std::make_unique<DbaseUpdate>(std::move(file), std::move(layout), block_bytes);
 }
 
 }  // namespace tessarine::engine

@@ -16,7 +16,6 @@ namespace tessarine::engine {
 namespace {
 
 constexpr std::size_t kHeaderSize = 40;
-constexpr std::size_t kHeldBytes = 4 << 20;
 
 /// A column's new value as it stands in a row; nothing for null.
 using NewValue = std::optional<std::string>;
@@ -58,8 +57,8 @@ bool IsWritable(GdbColumn::Type type) { return type <= GdbColumn::kText; }
 
 class FileGdbUpdate final : public AttributeUpdate {
  public:
-  FileGdbUpdate(std::shared_ptr<FileGdbEdit> edit, const std::string& base, OGRLayer& layer)
-      : edit_(std::move(edit)), base_(base), table_(base, FileAccess::kChange) {
+  FileGdbUpdate(std::shared_ptr<FileGdbEdit> edit, const std::string& base, OGRLayer& layer, std::size_t held_bytes)
+      : edit_(std::move(edit)), base_(base), table_(base, FileAccess::kChange), held_bytes_(held_bytes) {
     if (!table_.IsUsable()) return;
     MatchFields(*layer.GetLayerDefn());
     table_.File().Read(0, header_);
@@ -202,7 +201,7 @@ class FileGdbUpdate final : public AttributeUpdate {
     moved_.push_back({oid, from, end_, old_size});
     longest_ = std::max(longest_, row.size());
     end_ += static_cast<std::int64_t>(row.size()) + 4;
-    if (held_.size() >= kHeldBytes) Finish();
+    if (held_.size() >= held_bytes_) Finish();
   }
 
   std::shared_ptr<FileGdbEdit> edit_;
@@ -213,6 +212,7 @@ class FileGdbUpdate final : public AttributeUpdate {
   std::array<char, kHeaderSize> header_{};
   std::int64_t end_ = 0;
   std::size_t longest_ = 0;
+  std::size_t held_bytes_;
   std::string held_;
   std::int64_t held_from_ = 0;
   std::vector<Moved> moved_;
@@ -221,12 +221,12 @@ class FileGdbUpdate final : public AttributeUpdate {
 
 }  // namespace
 
-std::unique_ptr<AttributeUpdate> OpenFileGdbUpdate(const OgrSource& source, OGRLayer& layer) {
+std::unique_ptr<AttributeUpdate> OpenFileGdbUpdate(const OgrSource& source, OGRLayer& layer, std::size_t held_bytes) {
   std::shared_ptr<FileGdbEdit> edit = FileGdbEdit::UnderWay(source.Path());
   if (!edit) Raise(kInvalidCall, "'" + source.Path() + "' is written to outside of an edit.");
   const std::string base = FindGdbTable(edit->Folder(), source.LayerName());
   if (base.empty()) return nullptr;
-  auto update = std::make_unique<FileGdbUpdate>(std::move(edit), base, layer);
+  auto update = std::make_unique<FileGdbUpdate>(std::move(edit), base, layer, held_bytes);
   return update->IsUsable() ? std::move(update) : nullptr;
 }
 

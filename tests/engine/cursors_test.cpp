@@ -4,8 +4,12 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <array>
 #include <csignal>
 
+#include "engine/attribute_update.h"
+#include "engine/dbase_columns.h"
+#include "engine/filegdb_edit.h"
 #include "engine/test_layers.h"
 
 namespace tessarine {
@@ -18,6 +22,7 @@ using testing::NamesOf;
 using testing::PolygonOf;
 using testing::ReadLayer;
 using testing::TemporaryFolder;
+using testing::TestLayer;
 using testing::WriteLayer;
 
 struct Store {
@@ -406,6 +411,75 @@ TEST(ShapefileRows, ThoseWithADeletionMarkAreNotCounted) {
   int read = 0;
   for (const auto cursor = towns->Search(nullptr, true); cursor->NextFeature();) ++read;
   EXPECT_EQ(read, 297);
+}
+
+// Rows are held back in blocks and written when one is full or left: here each row is a block of its own.
+TEST(Blocks, RowsOfManyBlocksAreWrittenInAnyOrder) {
+  constexpr int kRows = 7;
+  constexpr std::array kOrder = {5, 0, 6, 1, 0, 3};
+  for (const char* file : {"a.shp", "a.gdb"}) {
+    SCOPED_TRACE(file);
+    const TemporaryFolder folder;
+    const std::string path = folder.Native(file);
+    const bool shapefile = std::string(file) == "a.shp";
+    TestLayer layer{shapefile ? "ESRI Shapefile" : "OpenFileGDB", path, "a", wkbPoint, {}};
+    for (int row = 0; row < kRows; ++row) layer.rows.push_back({"POINT (1 2)", "row " + std::to_string(row), -1.0});
+    WriteLayer(layer);
+    {
+      std::shared_ptr<engine::FileGdbEdit> edit = shapefile ? nullptr : engine::FileGdbEdit::Begin(path);
+      const engine::OgrSource source(path, "a", std::nullopt);
+      GDALDatasetUniquePtr dataset(GDALDataset::Open((edit ? edit->Folder() : path).c_str(), GDAL_OF_VECTOR));
+      OGRLayer& rows = *dataset->GetLayer(0);
+      if (edit) edit->TableChanges("a");
+      const auto update =
+          shapefile ? engine::OpenDbaseUpdate(source, rows, 1) : engine::OpenFileGdbUpdate(source, rows, 1);
+      ASSERT_NE(update, nullptr);
+      const int name = rows.GetLayerDefn()->GetFieldIndex("name"), size = rows.GetLayerDefn()->GetFieldIndex("size");
+      for (std::size_t step = 0; step < kOrder.size(); ++step) {
+        const OGRFeatureUniquePtr row(rows.GetFeature(kOrder.at(step) + (shapefile ? 0 : 1)));
+        row->SetField(name, ("longer than before " + std::to_string(step)).c_str());
+        row->SetField(size, static_cast<double>(step));
+        ASSERT_TRUE(update->Write(*row, std::array{name, size}));
+      }
+      update->Finish();
+      dataset.reset();
+      if (edit) engine::FileGdbEdit::End(edit);
+    }
+    const GDALDatasetUniquePtr written(GDALDataset::Open(path.c_str(), GDAL_OF_VECTOR));
+    std::vector<std::string> found;
+    for (const auto& row : *written->GetLayer(0)) {
+      found.push_back(std::string(row->GetFieldAsString("name")) + " " +
+                      std::to_string(row->GetFieldAsInteger("size")));
+    }
+    const std::vector<std::string> expected = {
+        "longer than before 4 4", "longer than before 3 3", "row 2 -1", "longer than before 5 5", "row 4 -1",
+        "longer than before 0 0", "longer than before 2 2"};
+    EXPECT_EQ(found, expected);
+  }
+}
+
+TEST(Blocks, NewColumnsOfATableOfManyBlocksLeaveTheOthersInTheirRows) {
+  const TemporaryFolder folder;
+  const std::string path = folder.Native("a.shp");
+  TestLayer layer{"ESRI Shapefile", path, "a", wkbPoint, {}};
+  for (int row = 0; row < 5; ++row) layer.rows.push_back({"POINT (1 2)", "row " + std::to_string(row), row / 4.0});
+  WriteLayer(layer);
+  auto field = std::make_shared<Field>();
+  field->Name = "more";
+  field->Type = esriFieldTypeDouble;
+  field->Precision = 20;
+  field->Scale = 5;
+  const std::vector<FieldRef> fields = {field};
+  ASSERT_EQ(engine::AddDbaseColumns(engine::OgrSource(path, "a", std::nullopt), fields, 1), 1U);
+  const GDALDatasetUniquePtr written(GDALDataset::Open(path.c_str(), GDAL_OF_VECTOR));
+  int row = 0;
+  for (const auto& feature : *written->GetLayer(0)) {
+    EXPECT_EQ(feature->GetFieldAsString("name"), "row " + std::to_string(row));
+    EXPECT_EQ(feature->GetFieldAsDouble("size"), row / 4.0);
+    EXPECT_EQ(feature->IsFieldSetAndNotNull(feature->GetFieldIndex("more")), 0);
+    ++row;
+  }
+  EXPECT_EQ(row, 5);
 }
 
 }  // namespace
