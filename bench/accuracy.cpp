@@ -1,5 +1,4 @@
 // Prints docs/accuracy.md's figures: the geodesic routines beside GeographicLib's exact solution, on several bodies.
-#include <GeographicLib/Geodesic.hpp>
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -7,11 +6,13 @@
 #include <numbers>
 #include <random>
 
+#include "bench/accuracy_of_shapes.h"
+#include "geodesy/convergence.h"
 #include "geodesy/vincenty.h"
+#include "platform/exact_geodesy.h"
 
 namespace {
 
-using GeographicLib::Geodesic;
 namespace geodesy = tessarine::MyGeometricOperations;
 
 constexpr double kDegree = std::numbers::pi / 180.0;
@@ -27,7 +28,7 @@ struct Body {
 constexpr Body kBodies[] = {
     {"WGS 1984", 6378137.0, 6356752.31424518}, {"Sphere", 6371000.0, 6371000.0},
     {"Mars 2000", 3396190.0, 3376200.0},       {"Jupiter 2000", 71492000.0, 66854000.0},
-    {"Flattened 1/5", 6378137.0, 5102509.6},
+    {"Saturn 2000", 60268000.0, 54364000.0},   {"Flattened 1/5", 6378137.0, 5102509.6},
 };
 
 struct Pair {
@@ -68,14 +69,22 @@ struct Errors {
   double azimuth = 0.0;   // degrees
 };
 
-Errors ErrorsOf(const Body& body, const Geodesic& exact, const Pair& pair) {
-  double azimuth1 = 0.0, azimuth2 = 0.0, exact1 = 0.0, exact2 = 0.0, exact_distance = 0.0;
+struct Solved {
+  Errors errors;
+  bool converged;
+};
+
+Solved Solve(const Body& body, const Pair& pair) {
+  double azimuth1 = 0.0, azimuth2 = 0.0;
+  const geodesy::ConvergenceWatch watch;
   const double distance =
       geodesy::DistanceVincentyNumbers2(pair.lon1, pair.lat1, pair.lon2, pair.lat2, azimuth1, azimuth2, body.a, body.b);
-  exact.Inverse(pair.lat1, pair.lon1, pair.lat2, pair.lon2, exact_distance, exact1, exact2);
-  return {std::fabs(distance - exact_distance) * kEarthRadius / body.a,
-          std::max(std::fabs(std::remainder(azimuth1 - exact1, 360.0)),
-                   std::fabs(std::remainder(azimuth2 - exact2, 360.0)))};
+  const tessarine::ExactGeodesic exact =
+      tessarine::SolveInverseExactly({pair.lon1, pair.lat1}, {pair.lon2, pair.lat2}, body.a, body.b);
+  return {{std::fabs(distance - exact.distance) * kEarthRadius / body.a,
+           std::max(std::fabs(std::remainder(azimuth1 - exact.azimuth1, 360.0)),
+                    std::fabs(std::remainder(azimuth2 - exact.azimuth2, 360.0)))},
+          watch.AllConverged()};
 }
 
 // The angle between the second end and the antipode of the first, in degrees.
@@ -86,48 +95,41 @@ double FromAntipode(const Pair& pair) {
   return 180.0 - std::acos(std::clamp(cosine, -1.0, 1.0)) / kDegree;
 }
 
-// Where the iteration fails, the azimuths are off by degrees and the distance by kilometres; elsewhere only the cut
-// series errs. The zone of failure scales with the flattening, so everything is told in units of 180 degrees times f.
+// The zone where the iteration doesn't settle scales with the flattening, so it is told in units of 180 degrees times
+// f.
 double ZoneUnit(const Body& body) { return 180.0 * (body.a - body.b) / body.a; }
-
-// The largest errors well outside the zone: those of the series itself.
-Errors SeriesErrors(const Body& body, const Geodesic& exact) {
-  Pairs pairs;
-  Errors worst;
-  const double nearest = 1.0 + 2.0 * ZoneUnit(body);
-  for (int index = 0; index < kPairs; ++index) {
-    const Pair pair = pairs.Anywhere();
-    const double apart = FromAntipode(pair);
-    if (apart < nearest) continue;
-    const Errors errors = ErrorsOf(body, exact, pair);
-    worst.distance = std::max(worst.distance, errors.distance);
-    // Short lines turn fast: their azimuths say little of the series.
-    if (apart < 175.0) worst.azimuth = std::max(worst.azimuth, errors.azimuth);
-  }
-  return worst;
-}
-
-bool Fails(const Errors& errors, const Errors& series) { return errors.distance > 2.0 * series.distance; }
 
 void PrintAnywhere() {
   std::printf(
-      "| body | flattening | worst distance outside the zone | worst azimuth outside | pairs inside | "
-      "farthest of them from the antipode |\n|---|---|---|---|---|---|\n");
+      "| body | flattening | worst distance where settled | worst azimuth where settled | pairs not settled | "
+      "farthest of them from the antipode | worst distance of them |\n|---|---|---|---|---|---|---|\n");
   for (const Body& body : kBodies) {
-    const Geodesic exact(body.a, (body.a - body.b) / body.a);
-    const Errors series = SeriesErrors(body, exact);
     Pairs pairs;
+    Errors settled;
+    double lost = 0.0, farthest = 0.0;
     int failed = 0;
-    double farthest = 0.0;
-    for (int index = 0; index < kPairs; ++index) {
-      const Pair pair = pairs.Anywhere();
-      if (!Fails(ErrorsOf(body, exact, pair), series)) continue;
-      ++failed;
-      farthest = std::max(farthest, FromAntipode(pair));
+    const auto take = [&](const Pair& pair, bool counts) {
+      const Solved solved = Solve(body, pair);
+      const double apart = FromAntipode(pair);
+      if (!solved.converged) {
+        failed += counts ? 1 : 0;
+        farthest = std::max(farthest, apart);
+        lost = std::max(lost, solved.errors.distance);
+        return;
+      }
+      settled.distance = std::max(settled.distance, solved.errors.distance);
+      // Azimuths turn fast on short lines and near the antipode: there they say little of the series.
+      if (apart > 5.0 && apart < 175.0) settled.azimuth = std::max(settled.azimuth, solved.errors.azimuth);
+    };
+    for (int index = 0; index < kPairs; ++index) take(pairs.Anywhere(), true);
+    // Where it happens, as many again.
+    const double reach = 2.5 * ZoneUnit(body);
+    for (int index = 0; index < kPairs && reach > 0.0; ++index) {
+      take(pairs.NearAntipode(reach * (index + 0.5) / kPairs), false);
     }
-    std::printf("| %s | %.6f | %.3g mm | %.1e degrees | %.4f %% | %.2f degrees |\n", body.name,
-                (body.a - body.b) / body.a, series.distance * 1000.0, series.azimuth, 100.0 * failed / kPairs,
-                farthest);
+    std::printf("| %s | %.6f | %.3g mm | %.1e degrees | %.4f %% | %.2f degrees | %.3g km |\n", body.name,
+                (body.a - body.b) / body.a, settled.distance * 1000.0, settled.azimuth, 100.0 * failed / kPairs,
+                farthest, lost / 1000.0);
   }
 }
 
@@ -137,7 +139,7 @@ void PrintNearAntipode() {
   for (const Body& body : kBodies) {
     if (body.a != body.b) std::printf(" %s |", body.name);
   }
-  std::printf("\n|---|---|---|---|---|\n| unit: 180 degrees f |");
+  std::printf("\n|---|---|---|---|---|---|\n| unit: 180 degrees f |");
   for (const Body& body : kBodies) {
     if (body.a != body.b) std::printf(" %.3f degrees |", ZoneUnit(body));
   }
@@ -146,18 +148,45 @@ void PrintNearAntipode() {
     std::printf("| %.2f to %.2f |", kEdges[bin], kEdges[bin + 1]);
     for (const Body& body : kBodies) {
       if (body.a == body.b) continue;
-      const Geodesic exact(body.a, (body.a - body.b) / body.a);
-      const Errors series = SeriesErrors(body, exact);
       Pairs pairs;
       int failed = 0;
       for (int index = 0; index < kPairsPerBin; ++index) {
         const double share = (index + 0.5) / kPairsPerBin;
         const double degrees = (kEdges[bin] + (kEdges[bin + 1] - kEdges[bin]) * share) * ZoneUnit(body);
-        if (Fails(ErrorsOf(body, exact, pairs.NearAntipode(degrees)), series)) ++failed;
+        if (!Solve(body, pairs.NearAntipode(degrees)).converged) ++failed;
       }
       std::printf(" %.2f %% |", 100.0 * failed / kPairsPerBin);
     }
     std::printf("\n");
+  }
+}
+
+// The end of a line of a given length and azimuth, by the distance and azimuth of the exact line back to its start.
+void PrintDirect() {
+  std::printf("\n| body | lines up to | worst position | worst azimuth at the end |\n|---|---|---|---|\n");
+  for (const Body& body : kBodies) {
+    for (const double reach : {0.1, 1.0}) {
+      Pairs pairs;
+      double position = 0.0, azimuth = 0.0;
+      for (int index = 0; index < kPairs / 3; ++index) {
+        const Pair pair = pairs.Anywhere();
+        const double distance = reach * std::numbers::pi * body.b * (index + 0.5) / (kPairs / 3.0) * 0.9;
+        tessarine::XY end{};
+        double far_azimuth = 0.0;
+        geodesy::PointLineVincentyPerPoint2(tessarine::XY{pair.lon1, pair.lat1}, distance, pair.lon2 + 180.0, end,
+                                            far_azimuth, body.a, body.b);
+        const tessarine::ExactGeodesic exact =
+            tessarine::SolveInverseExactly({pair.lon1, pair.lat1}, end, body.a, body.b);
+        const double turn = std::remainder(exact.azimuth1 - (pair.lon2 + 180.0), 360.0) * kDegree;
+        const double sideways = body.a * std::sin(distance / body.a) * turn;
+        position = std::max(position, std::hypot(exact.distance - distance, sideways) * kEarthRadius / body.a);
+        if (std::fabs(end.y) < 89.0) {
+          azimuth = std::max(azimuth, std::fabs(std::remainder(exact.azimuth2 - far_azimuth, 360.0)));
+        }
+      }
+      std::printf("| %s | %.0f %% of half round | %.3g mm | %.1e degrees |\n", body.name, reach * 90.0,
+                  position * 1000.0, azimuth);
+    }
   }
 }
 
@@ -166,4 +195,10 @@ void PrintNearAntipode() {
 int main() {
   PrintAnywhere();
   PrintNearAntipode();
+  PrintDirect();
+  tessarine::bench::PrintAreas();
+  tessarine::bench::PrintCentroids();
+  tessarine::bench::PrintMidpoints();
+  tessarine::bench::PrintMultipointCentroids();
+  tessarine::bench::PrintSmallAngles();
 }

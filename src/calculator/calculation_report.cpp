@@ -1,5 +1,7 @@
 #include "calculator/calculation_report.h"
 
+#include <cmath>
+
 #include "platform/rich_text.h"
 #include "platform/text_formats.h"
 #include "support/MyGeneralOperations.h"
@@ -49,7 +51,7 @@ std::string SpheroidLines(const CalculationFacts& facts) {
          "  ** Spheroid Semi-Minor (Polar) Radius: " + radius(facts.semi_minor) + " meters\\par\r\n" +
          "  ** Coordinate System: " +
          (facts.geocentric ? "Data are in Planetocentric Coordinates" : "Data are in Planetographic Coordinates") +
-         "\\par\r\n";
+         "\\par\r\n" + facts.longitude_line;
 }
 
 // Puts the facts into the tokens of a report.
@@ -137,6 +139,24 @@ std::string NotEditableReport() {
 
 std::string FieldNotAddedReport(const std::string& field_name, const std::string& layer_name) {
   return "Failed to add field '" + field_name + "' to Feature Layer " + layer_name + "!";
+}
+
+std::string LongitudeLine(const SpatialReferenceRef& reference) {
+  auto geographic = Cast<const GeographicCoordinateSystem>(reference);
+  const auto projected = Cast<const ProjectedCoordinateSystem>(reference);
+  if (projected) geographic = projected->GeographicCoordinateSystem();
+  if (!geographic) return "";
+  const PrimeMeridian& meridian = geographic->PrimeMeridian();
+  std::string line;
+  if (meridian.Longitude != 0.0) {
+    line += "  ** Longitudes: relative to the meridian of " + EscapeRtf(meridian.Name) + ", " +
+            NumberText(std::fabs(meridian.Longitude)) + " degrees " + (meridian.Longitude > 0.0 ? "east" : "west") +
+            " of Greenwich\\par\r\n";
+  }
+  if (geographic->InDegrees()) {
+    line += "  ** Positions: in the unit of the data, " + EscapeRtf(geographic->CoordinateUnit().Name) + "\\par\r\n";
+  }
+  return line;
 }
 
 std::string ProblemReport(const RunJournal& journal, const std::string& layer_name) {

@@ -18,6 +18,7 @@ struct CalculationFacts {
   std::int32_t total_count = 0;   ///< records of the layer
   std::string_view noun;          ///< of the total
   std::string field_report, problem_report, time_spent;
+  std::string longitude_line;  ///< as `LongitudeLine` has it
   std::string spheroid_name;
   double semi_major = 0.0, semi_minor = 0.0;
   bool geocentric = false;
@@ -38,6 +39,11 @@ struct CalculationFacts {
 [[nodiscard]] std::string EditSessionReport();
 [[nodiscard]] std::string NotEditableReport();
 [[nodiscard]] std::string FieldNotAddedReport(const std::string& field_name, const std::string& layer_name);
+
+/// What a reader has to know of the coordinates among the results, a line that begins with blanks and stars: the prime
+/// meridian that longitudes are relative to, where it isn't Greenwich's, and the angular unit, where it isn't the
+/// degree; empty otherwise.
+[[nodiscard]] std::string LongitudeLine(const SpatialReferenceRef& reference);
 
 /// What a run tells of its empty features and of those that met a fault; empty when there were none.
 [[nodiscard]] std::string ProblemReport(const RunJournal& journal, const std::string& layer_name);

@@ -160,6 +160,8 @@ constexpr auto kMeasures = std::to_array<MeasureRow>({
      {"Parts"}, {"Count of Sub-Polygons"}},
     {kPolygon, Projected, 8, "Number of Vertices", kQuick, kNull, kBy<&PolygonRecord::VertexCount>,
      {"Vertices"}, {"Number of Vertices"}},
+    {kPolygon, Projected, 9, "Spheroidal Area", kSlow, kNull, kBy<&PolygonRecord::SpheroidalArea>,
+     {"Spd_Area"}, {"Spheroidal Area"}},
 
     {kPolygon, Geographic, 1, "Sph. Area", kSlow, kNull, kBy<&PolygonRecord::SphericalArea>,
      {"Sph_Area"}, {"Spherical Area"}},
@@ -171,6 +173,8 @@ constexpr auto kMeasures = std::to_array<MeasureRow>({
      {"Parts"}, {"Count of Sub-Polygons"}},
     {kPolygon, Geographic, 5, "Number of Vertices", kQuick, kNull, kBy<&PolygonRecord::VertexCount>,
      {"Vertices"}, {"Number of Vertices"}},
+    {kPolygon, Geographic, 6, "Spheroidal Area", kSlow, kNull, kBy<&PolygonRecord::SpheroidalArea>,
+     {"Spd_Area"}, {"Spheroidal Area"}},
 });
 // clang-format on
 

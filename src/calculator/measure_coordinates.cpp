@@ -10,21 +10,39 @@ namespace {
 
 constexpr double kNoShift = 0.0;
 
+// True for a geographic reference whose unit isn't the degree.
+bool HasOtherUnit(const SpatialReferenceRef& reference) {
+  const auto geographic = Cast<const GeographicCoordinateSystem>(reference);
+  return geographic && geographic->InDegrees();
+}
+
 }  // namespace
 
-SpatialReferenceRef GeographicSystemOf(const IGeometry& shape) {
-  const auto projected = Cast<const ProjectedCoordinateSystem>(shape.SpatialReference());
-  return Require(Require(projected, "IProjectedCoordinateSystem")->GeographicCoordinateSystem(),
-                 "IGeographicCoordinateSystem");
+template <class Shape>
+std::shared_ptr<Shape> GeographicCopy(const Shape& shape, SharedWork& work) {
+  ++work.Projections;
+  Require(Cast<const ProjectedCoordinateSystem>(shape.SpatialReference()), "IProjectedCoordinateSystem");
+  std::shared_ptr<Shape> copy = CloneOf(shape);
+  geodesy::BringToDegrees(*copy);
+  copy->Simplify();
+  return copy;
 }
+
+template std::shared_ptr<Polyline> GeographicCopy(const Polyline&, SharedWork&);
+template std::shared_ptr<Polygon> GeographicCopy(const Polygon&, SharedWork&);
 
 template <class Shape>
 std::shared_ptr<Shape> PlanetographicShape(const std::shared_ptr<Shape>& shape, MeasureSettings& settings,
                                            SharedWork& work) {
-  if (!settings.Geocentric) return shape;
+  std::shared_ptr<Shape> degrees = shape;
+  if (HasOtherUnit(shape->SpatialReference())) {
+    degrees = CloneOf(*shape);
+    geodesy::BringToDegrees(*degrees);
+  }
+  if (!settings.Geocentric) return degrees;
   ++work.LatitudeConversions;
   const auto converted = Cast<Shape>(
-      geodesy::FeaturePlanetOCentricToPlanetOGraphic(shape, settings.SemiMajor, settings.SemiMinor, kNoShift));
+      geodesy::FeaturePlanetOCentricToPlanetOGraphic(degrees, settings.SemiMajor, settings.SemiMinor, kNoShift));
   return Require(converted, "planetographic shape");
 }
 
@@ -34,19 +52,19 @@ template std::shared_ptr<Polyline> PlanetographicShape(const std::shared_ptr<Pol
 template std::shared_ptr<Polygon> PlanetographicShape(const std::shared_ptr<Polygon>&, MeasureSettings&, SharedWork&);
 
 XY InLatitudesOfData(XY position, MeasureSettings& settings) {
-  if (!settings.Geocentric) return position;
-  const auto graphic = std::make_shared<Point>(position);
-  graphic->SetSpatialReference(settings.Reference);
-  const auto centric = Cast<Point>(
-      geodesy::FeaturePlanetOGraphicToPlanetOCentric(graphic, settings.SemiMajor, settings.SemiMinor, kNoShift));
-  return Require(centric, "planetocentric point")->Coordinates();
+  if (settings.Geocentric) {
+    const auto graphic = std::make_shared<Point>(position);
+    graphic->SetSpatialReference(settings.Reference);
+    const auto centric = Cast<Point>(
+        geodesy::FeaturePlanetOGraphicToPlanetOCentric(graphic, settings.SemiMajor, settings.SemiMinor, kNoShift));
+    position = Require(centric, "planetocentric point")->Coordinates();
+  }
+  return HasOtherUnit(settings.Reference) ? geodesy::FromDegrees(position, settings.Reference) : position;
 }
 
-XY InProjectionOfLayer(XY position, const SpatialReferenceRef& geographic, const MeasureSettings& settings) {
-  Point point(position);
-  point.SetSpatialReference(geographic);
-  point.Project(Require(settings.Reference, "IProjectedCoordinateSystem"));
-  return point.Coordinates();
+XY InProjectionOfLayer(XY position, const MeasureSettings& settings) {
+  Require(Cast<const ProjectedCoordinateSystem>(settings.Reference), "IProjectedCoordinateSystem");
+  return geodesy::FromDegrees(position, settings.Reference);
 }
 
 XY PositionOf(const std::shared_ptr<Point>& point, const char* failure) {

@@ -1,4 +1,5 @@
-// Ways between a layer's coordinates and the planetographic longitudes and latitudes that spheroidal measures need.
+// Ways between a layer's coordinates and the planetographic longitudes and latitudes, in degrees, that spheroidal
+// measures need.
 #pragma once
 
 #include <memory>
@@ -8,30 +9,22 @@
 
 namespace tessarine::measure_coordinates {
 
-/// The geographic reference beneath the projection of a shape; fault 91 when the shape isn't projected.
-[[nodiscard]] SpatialReferenceRef GeographicSystemOf(const IGeometry& shape);
-
-/// A simplified copy of a projected line or polygon in longitudes and latitudes.
+/// A simplified copy of a projected line or polygon in longitudes and latitudes. Its rings are whole, as
+/// `BringToDegrees` makes them.
 template <class Shape>
-[[nodiscard]] std::shared_ptr<Shape> GeographicCopy(const Shape& shape, SharedWork& work) {
-  ++work.Projections;
-  const std::shared_ptr<Shape> copy = CloneOf(shape);
-  copy->Project(GeographicSystemOf(shape));
-  copy->Simplify();
-  return copy;
-}
+[[nodiscard]] std::shared_ptr<Shape> GeographicCopy(const Shape& shape, SharedWork& work);
 
-/// The shape itself, or a copy with planetographic latitudes when the data's own are planetocentric.
+/// A shape of a geographic layer with planetographic latitudes in degrees: the shape itself where it has them already,
+/// otherwise a copy.
 template <class Shape>
 [[nodiscard]] std::shared_ptr<Shape> PlanetographicShape(const std::shared_ptr<Shape>& shape, MeasureSettings& settings,
                                                          SharedWork& work);
 
-/// A planetographic position in the latitudes of the data.
+/// A planetographic position of a geographic layer in the latitudes and the unit of the data.
 [[nodiscard]] XY InLatitudesOfData(XY position, MeasureSettings& settings);
 
-/// A position in longitude and latitude, brought to the projection of the layer.
-[[nodiscard]] XY InProjectionOfLayer(XY position, const SpatialReferenceRef& geographic,
-                                     const MeasureSettings& settings);
+/// A position in longitude and latitude, brought to the projection of the layer. Fault 91 when the layer has none.
+[[nodiscard]] XY InProjectionOfLayer(XY position, const MeasureSettings& settings);
 
 /// The coordinates of a point that a routine found; a fault with the text for a null or empty one.
 [[nodiscard]] XY PositionOf(const std::shared_ptr<Point>& point, const char* failure);

@@ -1,10 +1,13 @@
 #include "calculator/measures.h"
 
+#include <algorithm>
+
 #include "calculator/geometry_options.h"
 #include "calculator/multipoint_measures.h"
 #include "calculator/point_measures.h"
 #include "calculator/polygon_measures.h"
 #include "calculator/polyline_measures.h"
+#include "platform/finite_shape.h"
 
 namespace tessarine {
 namespace {
@@ -13,10 +16,40 @@ template <class Record, class Shape>
 std::unique_ptr<MeasureRecord> RecordOf(const GeometryRef& geometry, MeasureSettings& settings) {
   auto shape = Cast<Shape>(geometry);
   if (!shape) Raise(kTypeMismatch, "The shape of the feature isn't of its layer's shape type.");
+  if (!HasOnlyFiniteCoordinates(*shape)) {
+    Raise(kInvalidCall, "The shape has a coordinate that is no finite number, so nothing of it can be measured.");
+  }
   return std::make_unique<Record>(std::move(shape), settings);
 }
 
+struct WarningRow {
+  MeasureWarning warning;
+  std::string_view text;
+};
+
+constexpr WarningRow kWarnings[] = {
+    {MeasureWarning::NotConverged,
+     "A segment or a line between its ends joins nearly antipodal positions, where the iteration for geodesics didn't "
+     "settle: lengths, midpoints and azimuths may be far off."},
+    {MeasureWarning::WideRing,
+     "A ring is more than 180 degrees of longitude wide: its spherical area and centroid may be wrong, because they "
+     "take "
+     "the short way round between any two places."},
+    {MeasureWarning::OneLobe, "A ring crosses itself: its spheroidal perimeter is that of one of its lobes alone."},
+    {MeasureWarning::FlattenedSphere,
+     "The spherical area is that on a sphere of the same volume, which on a body as flattened as this one is off by "
+     "several percent: the spheroidal area isn't."},
+};
+
 }  // namespace
+
+std::string_view WarningText(MeasureWarning warning) {
+  return std::ranges::find(kWarnings, warning, &WarningRow::warning)->text;
+}
+
+void MeasureRecord::Warn(MeasureWarning warning) {
+  if (std::ranges::find(warnings_, warning) == warnings_.end()) warnings_.push_back(warning);
+}
 
 MeasureSettings MeasureSettingsOf(esriGeometryType shape, const SpatialReferenceRef& reference,
                                   const GeometryOptions& options) {

@@ -1,22 +1,37 @@
 // How a run asks for the values of a feature.
 //
-//   MeasureSettings settings = MeasureSettingsOf(shape_type, reference, options);  // once, before the record loop
-//   ...
-//   const auto record = BeginRecord(feature->ShapeCopy(), settings);               // once for each feature with a
-//   shape const MeasuredValues values = Measure(*row, *record);                          // once for each chosen option
+// Once, before the record loop:
+//
+//   MeasureSettings settings = MeasureSettingsOf(shape_type, reference, options);
+//
+// once for each feature with a shape:
+//
+//   const auto record = BeginRecord(feature->ShapeCopy(), settings);
+//
+// once for each chosen option:
+//
+//   const MeasuredValues values = Measure(*row, *record);
 //   buffer.SetValue(first_index, values.First);
 //   if (row->FieldCount() == 2) buffer.SetValue(second_index, values.Second);
+//
+// and behind the last of them, what the report has to tell of the values:
+//
+//   for (const MeasureWarning warning : record->Warnings()) journal.NoteWarning(WarningText(warning), oid);
 //
 // A record owns what its measures share: the copy in geographic coordinates, the spheroidal midpoint with its length,
 // the two azimuths of one line, the spherical area with its centroid. Each is computed when the first measure asks.
 //
 // Planar measures are in the units of the data, spheroidal ones in the unit of the axes, metres; azimuths and angles
-// are degrees. Nothing is converted, rounded or scaled. What can't be measured raises a fault, but for the routines of
+// are degrees. Nothing is converted, rounded or scaled, but for geographic data in another angular unit than degrees:
+// they are measured in degrees, and positions go back to their unit. The value of a measure doesn't depend on which
+// others were asked for before. What can't be measured raises a fault, but for the routines of
 // the geodesy core, which report their own and answer 0.
 #pragma once
 
 #include <cstdint>
 #include <memory>
+#include <string_view>
+#include <vector>
 
 #include "calculator/measure_catalogue.h"
 #include "platform/geometry.h"
@@ -51,6 +66,16 @@ struct MeasureSettings {
 [[nodiscard]] MeasureSettings MeasureSettingsOf(esriGeometryType shape, const SpatialReferenceRef& reference,
                                                 const GeometryOptions& options);
 
+/// What the value of a measure can't mean for a record, though there is one.
+enum class MeasureWarning {
+  NotConverged,     ///< a geodesic between nearly antipodal positions: its length and azimuths may be far off
+  WideRing,         ///< the spherical area and centroid of a ring more than 180 degrees wide
+  OneLobe,          ///< the perimeter of a ring that crosses itself: one of its lobes
+  FlattenedSphere,  ///< the area on a sphere in place of a strongly flattened spheroid
+};
+/// The sentence that the report and its JSON have for it.
+[[nodiscard]] std::string_view WarningText(MeasureWarning warning);
+
 /// How often a record did the work that its measures share.
 struct SharedWork {
   std::int32_t Projections = 0;          ///< copies of the shape in geographic coordinates
@@ -69,16 +94,23 @@ class MeasureRecord {
 
   [[nodiscard]] const SharedWork& Work() const { return work_; }
   [[nodiscard]] const MeasureSettings& Settings() const { return settings_; }
+  /// Of the measures asked for so far, each kind once.
+  [[nodiscard]] const std::vector<MeasureWarning>& Warnings() const { return warnings_; }
 
  protected:
   explicit MeasureRecord(MeasureSettings& settings) : settings_(settings) {}
+  void Warn(MeasureWarning warning);
 
   MeasureSettings& settings_;  // outlives the record
   SharedWork work_;
+
+ private:
+  std::vector<MeasureWarning> warnings_;
 };
 
 /// The record of a shape that isn't empty. The shape must be a private copy: some measures change it. Fault 13 when it
-/// isn't of the layer's shape type. `settings` must outlive the record.
+/// isn't of the layer's shape type, and fault 5 when a coordinate is no finite number: nothing of such a shape can be
+/// measured. `settings` must outlive the record.
 [[nodiscard]] std::unique_ptr<MeasureRecord> BeginRecord(const GeometryRef& shape_copy, MeasureSettings& settings);
 
 /// The values of one measure. Fault 5 when the row belongs to another shape type or kind than the record.

@@ -65,6 +65,7 @@ CalculationFacts GatherFacts(const GeometryOptions& options) {
   facts.total_count = features->FeatureCount(nullptr);
   facts.noun = ShapeNoun(shape, facts.total_count);
   facts.field_report = FieldReport(options.Options(), shape, SpatialKindOf(features->SpatialReference()));
+  facts.longitude_line = LongitudeLine(features->SpatialReference());
   facts.spheroid_name = options.SpheroidName();
   facts.semi_major = options.SemiMajor();
   facts.semi_minor = options.SemiMinor();

@@ -28,10 +28,10 @@ MultipointRecord::MultipointRecord(std::shared_ptr<Multipoint> shape, MeasureSet
 XY MultipointRecord::Centroid() const { return PositionOf(geodesy::MultipointCentroid(shape_), kNoCentroid); }
 
 XY MultipointRecord::ProjectedSpheroidalCentroid() {
-  const SpatialReferenceRef geographic = GeographicSystemOf(*shape_);
   ++work_.Projections;
-  shape_->Project(geographic);
-  return InProjectionOfLayer(CentroidOnSpheroid(shape_, settings_), geographic, settings_);
+  const std::shared_ptr<Multipoint> copy = CloneOf(*shape_);
+  geodesy::BringToDegrees(*copy);
+  return InProjectionOfLayer(CentroidOnSpheroid(copy, settings_), settings_);
 }
 
 XY MultipointRecord::SpheroidalCentroid() {

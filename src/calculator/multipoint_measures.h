@@ -11,8 +11,7 @@ class MultipointRecord final : public MeasureRecord {
 
   /// The plain means of x and y.
   [[nodiscard]] XY Centroid() const;
-  /// The centre on the spheroid, in the projection of the layer. It leaves the shape in geographic coordinates, so the
-  /// plain centroid has to be asked for before.
+  /// The centre on the spheroid, in the projection of the layer.
   [[nodiscard]] XY ProjectedSpheroidalCentroid();
   /// The centre on the spheroid as longitude and latitude, in the latitudes of the data.
   [[nodiscard]] XY SpheroidalCentroid();

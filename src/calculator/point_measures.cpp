@@ -1,10 +1,8 @@
 #include "calculator/point_measures.h"
 
-#include "calculator/measure_coordinates.h"
+#include "geodesy/geographic_shape.h"
 
 namespace tessarine {
-
-using namespace measure_coordinates;
 
 PointRecord::PointRecord(std::shared_ptr<Point> shape, MeasureSettings& settings)
     : MeasureRecord(settings), shape_(std::move(shape)) {}
@@ -12,9 +10,7 @@ PointRecord::PointRecord(std::shared_ptr<Point> shape, MeasureSettings& settings
 XY PointRecord::Position() const { return shape_->Coordinates(); }
 
 XY PointRecord::LongitudeLatitude() const {
-  Point copy = *shape_;
-  copy.Project(GeographicSystemOf(*shape_));
-  return copy.Coordinates();
+  return MyGeometricOperations::ToDegrees(shape_->Coordinates(), shape_->SpatialReference());
 }
 
 }  // namespace tessarine

@@ -1,12 +1,67 @@
 #include "calculator/polygon_measures.h"
 
+#include <algorithm>
+#include <cmath>
+
 #include "calculator/measure_coordinates.h"
 #include "geodesy/MyGeometricOperations.h"
+#include "platform/exact_geodesy.h"
 
 namespace tessarine {
 
 namespace geodesy = MyGeometricOperations;
 using namespace measure_coordinates;
+
+namespace {
+
+constexpr double kHalfTurn = 180.0;
+// Beyond this flattening the sphere of equal volume is more than a few percent off.
+constexpr double kStrongFlattening = 1.0 / 50.0;
+
+// Without it there is nothing to measure on the globe.
+bool HasArea(const Polygon& polygon) {
+  return std::ranges::any_of(polygon.Parts(), [](const auto& part) { return Cast<Ring>(part)->Area() != 0.0; });
+}
+
+// The lobes of a ring may cancel each other out on the plane and still have a line round each.
+bool BoundsNothing(const Polygon& polygon) {
+  if (HasArea(polygon)) return false;
+  const auto simple = CloneOf(polygon);
+  simple->Simplify();
+  return simple->IsEmpty();
+}
+
+bool HasWideRing(const Polygon& polygon) {
+  return std::ranges::any_of(polygon.Parts(), [](const auto& part) { return part->Envelope().Width() > kHalfTurn; });
+}
+
+// Whether a ring falls into several when it is made simple.
+bool HasLobes(const Polygon& polygon) {
+  const std::shared_ptr<GeometryBag> components = polygon.ConnectedComponentBag();
+  for (std::int32_t index = 0; index < components->GeometryCount(); ++index) {
+    const auto component = Cast<Polygon>(components->Geometry(index));
+    if (component->IsSimple()) continue;
+    component->Simplify();
+    if (component->ExteriorRingCount() > 1) return true;
+  }
+  return false;
+}
+
+// The polygon with rings that jump over the edge of the longitudes carried on.
+std::shared_ptr<Polygon> Whole(const Polygon& polygon) {
+  std::vector<std::vector<XY>> rings;
+  for (const auto& part : polygon.Parts()) rings.emplace_back(part->Vertices().begin(), part->Vertices().end());
+  std::vector<std::shared_ptr<Path>> parts;
+  for (auto& ring : geodesy::ContinuedRings(std::move(rings), geodesy::EnclosedPole::SmallerPart)) {
+    parts.push_back(std::make_shared<Ring>(std::move(ring)));
+  }
+  auto whole = std::make_shared<Polygon>();
+  whole->SetParts(std::move(parts));
+  whole->SetSpatialReference(polygon.SpatialReference());
+  return whole;
+}
+
+}  // namespace
 
 PolygonRecord::PolygonRecord(std::shared_ptr<Polygon> shape, MeasureSettings& settings)
     : MeasureRecord(settings), shape_(std::move(shape)) {
@@ -15,7 +70,7 @@ PolygonRecord::PolygonRecord(std::shared_ptr<Polygon> shape, MeasureSettings& se
 
 double PolygonRecord::Area() const { return shape_->Area(); }
 
-XY PolygonRecord::Centroid() const { return shape_->Centroid(); }
+XY PolygonRecord::Centroid() const { return shape_->Area() != 0.0 ? shape_->Centroid() : shape_->CentroidOfLines(); }
 
 double PolygonRecord::Perimeter() const { return shape_->Length(); }
 
@@ -25,23 +80,45 @@ std::int32_t PolygonRecord::VertexCount() const { return shape_->PointCount(); }
 
 double PolygonRecord::SphericalArea() {
   if (spherical_area_ < 0.0) MeasureArea();
+  if (std::fabs(settings_.SemiMajor - settings_.SemiMinor) > kStrongFlattening * settings_.SemiMajor) {
+    Warn(MeasureWarning::FlattenedSphere);
+  }
   return spherical_area_;
 }
 
 double PolygonRecord::SpheroidalPerimeter() {
-  const std::shared_ptr<Polygon>& polygon = GeographicPolygon();
+  const geodesy::ConvergenceWatch watch;
+  const double length = PerimeterOf(GeographicPolygon());
+  if (!watch.AllConverged()) Warn(MeasureWarning::NotConverged);
+  return length;
+}
+
+double PolygonRecord::PerimeterOf(const std::shared_ptr<Polygon>& polygon) {
   // A single simple ring becomes the only path of the polyline as it stands.
   if (polygon->GeometryCount() == 1 && !polygon->HasCurves() && polygon->IsSimple()) {
     return geodesy::SpheroidalPolylineLength2(polygon->Parts().front()->Vertices(), settings_.SemiMajor,
                                               settings_.SemiMinor);
   }
+  if (BoundsNothing(*polygon)) return 0.0;
+  if (HasLobes(*polygon)) Warn(MeasureWarning::OneLobe);
   return geodesy::SpheroidalPolylineLength2(geodesy::PolygonToPolyline(polygon), settings_.SemiMajor,
                                             settings_.SemiMinor);
 }
 
+double PolygonRecord::SpheroidalArea() {
+  const Polygon& polygon = *GeographicPolygon();
+  // What comes out of a projection is whole already.
+  const std::shared_ptr<Polygon> whole = settings_.Kind == SpatialKind::Geographic ? Whole(polygon) : CloneOf(polygon);
+  whole->Simplify();
+  double area = 0.0;
+  for (const auto& ring : whole->Parts())
+    area += ExactRingArea(ring->Vertices(), settings_.SemiMajor, settings_.SemiMinor);
+  return area;
+}
+
 XY PolygonRecord::ProjectedSphericalCentroid() {
   FindCentroid();
-  return HasCentroid() ? InProjectionOfLayer(centroid_, GeographicSystemOf(*shape_), settings_) : centroid_;
+  return HasCentroid() ? InProjectionOfLayer(centroid_, settings_) : centroid_;
 }
 
 XY PolygonRecord::SphericalCentroid() {
@@ -54,8 +131,14 @@ const std::shared_ptr<Polygon>& PolygonRecord::GeographicPolygon() {
   return geographic_;
 }
 
+// On a copy, because the routine snaps what it measures to the grid of its reference.
 void PolygonRecord::MeasureArea() {
-  const std::shared_ptr<Polygon>& polygon = GeographicPolygon();
+  const std::shared_ptr<Polygon> polygon = CloneOf(*GeographicPolygon());
+  if (!HasArea(*polygon)) {
+    spherical_area_ = 0.0;
+    return;
+  }
+  if (HasWideRing(*polygon)) Warn(MeasureWarning::WideRing);
   ++work_.AreaPasses;
   spherical_area_ =
       geodesy::SphericalPolygonArea2(polygon, true, centroid_.x, centroid_.y, settings_.SemiMajor, settings_.SemiMinor);

@@ -12,6 +12,7 @@ class PolygonRecord final : public MeasureRecord {
 
   // On the plane of the data's coordinates.
   [[nodiscard]] double Area() const;
+  /// Of the lines of a polygon without area, or of its vertices where they have no length.
   [[nodiscard]] XY Centroid() const;
   [[nodiscard]] double Perimeter() const;
   /// Exterior rings: holes are no parts.
@@ -24,6 +25,9 @@ class PolygonRecord final : public MeasureRecord {
   [[nodiscard]] double SphericalArea();
   /// Of all rings, holes included.
   [[nodiscard]] double SpheroidalPerimeter();
+  /// On the spheroid itself, between geodesics. Rings that jump over the edge of the longitudes, or run round a pole,
+  /// count as what they mean; a ring round a pole encloses the nearer one.
+  [[nodiscard]] double SpheroidalArea();
 
   // The centre of mass of the surface; -9999 both for a polygon whose spherical area isn't above 0.
   /// In the projection of the layer.
@@ -33,6 +37,7 @@ class PolygonRecord final : public MeasureRecord {
 
  private:
   const std::shared_ptr<Polygon>& GeographicPolygon();
+  [[nodiscard]] double PerimeterOf(const std::shared_ptr<Polygon>& polygon);
   void MeasureArea();
   void FindCentroid();
   [[nodiscard]] bool HasCentroid() const;

@@ -51,7 +51,7 @@ double PolylineRecord::EndAzimuth() {
 
 XY PolylineRecord::ProjectedSpheroidalMidpoint() {
   FindMidpoint();
-  return InProjectionOfLayer(PositionOf(midpoint_, kNoMidpoint), GeographicSystemOf(*shape_), settings_);
+  return InProjectionOfLayer(PositionOf(midpoint_, kNoMidpoint), settings_);
 }
 
 XY PolylineRecord::SpheroidalMidpoint() {
@@ -59,9 +59,14 @@ XY PolylineRecord::SpheroidalMidpoint() {
   return InLatitudesOfData(PositionOf(midpoint_, kNoMidpoint), settings_);
 }
 
-XY PolylineRecord::StartLongitudeLatitude() { return InLatitudesOfData(shape_->FromPoint(), settings_); }
+XY PolylineRecord::StartLongitudeLatitude() { return LongitudeLatitudeOf(shape_->FromPoint()); }
 
-XY PolylineRecord::EndLongitudeLatitude() { return InLatitudesOfData(shape_->ToPoint(), settings_); }
+XY PolylineRecord::EndLongitudeLatitude() { return LongitudeLatitudeOf(shape_->ToPoint()); }
+
+XY PolylineRecord::LongitudeLatitudeOf(XY vertex) {
+  if (!settings_.Geocentric) return vertex;
+  return InLatitudesOfData(geodesy::ToDegrees(vertex, settings_.Reference), settings_);
+}
 
 const std::shared_ptr<Polyline>& PolylineRecord::GeographicLine() {
   if (!geographic_) geographic_ = GeographicCopy(*shape_, work_);
@@ -72,8 +77,10 @@ void PolylineRecord::FindMidpoint() {
   if (midpoint_) return;
   double position = kMiddle;
   ++work_.MidpointPasses;
+  const geodesy::ConvergenceWatch watch;
   midpoint_ = geodesy::SpheroidalPolylineMidpoint2(GeographicLine(), position, true, spheroidal_length_,
                                                    settings_.SemiMajor, settings_.SemiMinor);
+  if (!watch.AllConverged()) Warn(MeasureWarning::NotConverged);
 }
 
 // A line without azimuths keeps its marks, so the next measure that asks comes here again, to the same result.
@@ -81,13 +88,15 @@ void PolylineRecord::SolveAzimuths() {
   if (start_azimuth_ >= 0.0 && end_azimuth_ >= 0.0) return;
   const Polyline& line = *GeographicLine();
   // A line of coincident points is empty once its projected copy was simplified.
-  if (line.IsEmpty() || line.FromPoint() == line.ToPoint()) {
-    start_azimuth_ = end_azimuth_ = kNullMark;
-    return;
-  }
+  start_azimuth_ = end_azimuth_ = kNullMark;
+  if (line.IsEmpty()) return;
+  const XY from = line.FromPoint();
+  const XY to{geodesy::WithinOneTurn(from.x, line.ToPoint().x), line.ToPoint().y};
+  if (from == to) return;
   ++work_.AzimuthSolutions;
-  geodesy::DistanceVincentyPoints2(line.FromPoint(), line.ToPoint(), start_azimuth_, end_azimuth_, settings_.SemiMajor,
-                                   settings_.SemiMinor);
+  const geodesy::ConvergenceWatch watch;
+  geodesy::DistanceVincentyPoints2(from, to, start_azimuth_, end_azimuth_, settings_.SemiMajor, settings_.SemiMinor);
+  if (!watch.AllConverged()) Warn(MeasureWarning::NotConverged);
 }
 
 }  // namespace tessarine

@@ -36,6 +36,7 @@ class PolylineRecord final : public MeasureRecord {
 
  private:
   const std::shared_ptr<Polyline>& GeographicLine();
+  [[nodiscard]] XY LongitudeLatitudeOf(XY vertex);
   void FindMidpoint();
   void SolveAzimuths();
 

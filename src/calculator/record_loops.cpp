@@ -108,8 +108,13 @@ class RecordLoop {
     } else {
       for (const ChosenMeasure& measure : measures_) Calculate(measure, record.get(), *feature, oid);
     }
+    if (record) NoteWarnings(*record, oid);
     const bool stored = WorkOnRecord(journal_, oid, [&] { WriteRow([&] { cursor_->UpdateFeature(feature); }); });
     if (stored) ++journal_.written;
+  }
+
+  void NoteWarnings(const MeasureRecord& record, std::int64_t oid) {
+    for (const MeasureWarning warning : record.Warnings()) journal_.NoteWarning(WarningText(warning), oid);
   }
 
   ChangeNote NoteFor(std::int64_t oid) {

@@ -14,8 +14,7 @@ constexpr double kSegmentSemiMinor = 6356752.31424518;
 class SphericalCentroidStep final : public ConversionStep {
  public:
   explicit SphericalCentroidStep(const StepContext& context)
-      : input_(context.InputType), geographic_(context.OutputReference) {
-    projected_ = Is<const ProjectedCoordinateSystem>(context.Reference);
+      : input_(context.InputType), reference_(context.Reference), geographic_(context.OutputReference) {
     const auto system = Cast<const GeographicCoordinateSystem>(geographic_);
     const auto& spheroid = Require(system, "IGeographicCoordinateSystem")->Datum()->Spheroid();
     semi_major_ = Require(spheroid, "ISpheroid")->SemiMajorAxis();
@@ -27,11 +26,14 @@ class SphericalCentroidStep final : public ConversionStep {
       sink.InsertUnnumbered();
       return;
     }
-    if (projected_) shape->Project(geographic_);
+    shape->SetSpatialReference(reference_);
+    geodesy::BringToDegrees(*shape);
     const std::shared_ptr<Point> center = CenterOf(shape);
     if (!center && input_ == esriGeometryPolygon) return sink.Skip(kNoArea);
     Require(center, "IPoint");
     if (center->IsEmpty()) Raise(kObjectNotSet, "The centre of the feature can't be computed.");
+    const XY position = geodesy::FromDegrees(center->Coordinates(), geographic_);
+    center->PutCoords(position.x, position.y);
     center->SetSpatialReference(geographic_);
     InsertPoint(center, sink);
   }
@@ -67,8 +69,7 @@ class SphericalCentroidStep final : public ConversionStep {
   }
 
   esriGeometryType input_;
-  SpatialReferenceRef geographic_;
-  bool projected_ = false;
+  SpatialReferenceRef reference_, geographic_;
   double semi_major_ = 0.0, semi_minor_ = 0.0;
 };
 

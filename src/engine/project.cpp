@@ -2,8 +2,10 @@
 #include <ogr_spatialref.h>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <map>
+#include <optional>
 
 #include "engine/engine_fault.h"
 #include "engine/geos_bridge.h"
@@ -37,8 +39,28 @@ OGRCoordinateTransformation& TransformationBetween(const SpatialReference& from,
   return *cache.emplace(key, std::move(made)).first->second;
 }
 
+bool Transform(OGRCoordinateTransformation& transformation, XY& position) {
+  int ok = 0;
+  transformation.Transform(1, &position.x, &position.y, nullptr, &ok);
+  return ok != 0 && std::isfinite(position.x) && std::isfinite(position.y);
+}
+
+// A vertex on the edge of a map of the world may lie beyond it by the rounding of its projection. Within the tolerance
+// of the reference it is the same place as one that lies inside.
+std::optional<XY> TransformedNearby(XY vertex, OGRCoordinateTransformation& transformation, double tolerance) {
+  constexpr std::array kShares = {1e-6, 1e-3, 1.0};
+  constexpr std::array<XY, 8> kDirections = {{{-1, 0}, {1, 0}, {0, -1}, {0, 1}, {-1, -1}, {-1, 1}, {1, -1}, {1, 1}}};
+  for (const double share : kShares) {
+    for (const XY direction : kDirections) {
+      XY near{vertex.x + direction.x * share * tolerance, vertex.y + direction.y * share * tolerance};
+      if (Transform(transformation, near)) return near;
+    }
+  }
+  return std::nullopt;
+}
+
 std::vector<XY> Transformed(std::span<const XY> vertices, OGRCoordinateTransformation& transformation,
-                            const SpatialReference& target) {
+                            const SpatialReference& source, const SpatialReference& target) {
   std::vector<double> x, y;
   x.reserve(vertices.size());
   y.reserve(vertices.size());
@@ -47,17 +69,18 @@ std::vector<XY> Transformed(std::span<const XY> vertices, OGRCoordinateTransform
     y.push_back(vertex.y);
   }
   std::vector<int> ok(vertices.size(), 0);
-  {
-    const GdalErrorScope quiet;
-    transformation.Transform(static_cast<int>(vertices.size()), x.data(), y.data(), nullptr, ok.data());
-  }
+  const GdalErrorScope quiet;
+  transformation.Transform(static_cast<int>(vertices.size()), x.data(), y.data(), nullptr, ok.data());
   std::vector<XY> result(vertices.size());
   for (std::size_t index = 0; index < vertices.size(); ++index) {
-    if (ok[index] == 0 || !std::isfinite(x[index]) || !std::isfinite(y[index])) {
+    result[index] = {x[index], y[index]};
+    if (ok[index] != 0 && std::isfinite(x[index]) && std::isfinite(y[index])) continue;
+    const std::optional<XY> nearby = TransformedNearby(vertices[index], transformation, source.XYTolerance());
+    if (!nearby) {
       RaiseEngineFault("The coordinates (" + NumberText(vertices[index].x) + ", " + NumberText(vertices[index].y) +
                        ") can't be projected to '" + target.Name() + "'.");
     }
-    result[index] = {x[index], y[index]};
+    result[index] = *nearby;
   }
   return result;
 }
@@ -118,8 +141,9 @@ void IGeometry::Project(const SpatialReferenceRef& reference) {
   const bool known = spatial_reference_ && reference && !spatial_reference_->Wkt().empty() && !reference->Wkt().empty();
   if (known && !IsEmpty() && !spatial_reference_->IsEqual(*reference)) {
     OGRCoordinateTransformation& transformation = TransformationBetween(*spatial_reference_, *reference);
-    ChangeVertices(*this,
-                   [&](std::span<const XY> vertices) { return Transformed(vertices, transformation, *reference); });
+    ChangeVertices(*this, [&](std::span<const XY> vertices) {
+      return Transformed(vertices, transformation, *spatial_reference_, *reference);
+    });
   }
   spatial_reference_ = reference;
 }

@@ -16,6 +16,7 @@ using engine::OgrReference;
 
 constexpr double kToleranceMetres = 0.001;
 constexpr double kDegree = 0.017453292519943295;
+constexpr double kSameUnit = 1e-9;  // between the degrees of one text and another
 // Codes are looked up under these authorities, in this order.
 constexpr std::array kAuthorities = {"EPSG", "ESRI", "IAU_2015"};
 
@@ -58,7 +59,27 @@ std::shared_ptr<const Datum> DatumOf(const OGRSpatialReference& reference) {
   return std::make_shared<Datum>(NodeName(reference, "DATUM"), std::move(spheroid));
 }
 
+PrimeMeridian PrimeMeridianOf(const OGRSpatialReference& reference) {
+  const char* name = nullptr;
+  const double longitude = reference.GetPrimeMeridian(&name);
+  return {name != nullptr ? name : "", longitude};
+}
+
+// The same reference counted in degrees.
+OgrReference InDegrees(const OGRSpatialReference& reference) {
+  OgrReference degrees(reference.Clone());
+  degrees->SetAngularUnits(SRS_UA_DEGREE, kDegree);
+  degrees->SetAxisMappingStrategy(OAMS_TRADITIONAL_GIS_ORDER);
+  return degrees;
+}
+
+bool IsInDegrees(const OGRSpatialReference& reference) {
+  return std::fabs(reference.GetAngularUnits(nullptr) / kDegree - 1.0) < kSameUnit;
+}
+
 std::shared_ptr<const GeographicCoordinateSystem> GeographicOf(const OGRSpatialReference& reference) {
+  std::shared_ptr<const GeographicCoordinateSystem> in_degrees;
+  if (!IsInDegrees(reference)) in_degrees = GeographicOf(*InDegrees(reference));
   const char* unit_name = nullptr;
   const double radians = reference.GetAngularUnits(&unit_name);
   auto datum = DatumOf(reference);
@@ -66,7 +87,8 @@ std::shared_ptr<const GeographicCoordinateSystem> GeographicOf(const OGRSpatialR
   const char* name = reference.GetName();
   return std::make_shared<GeographicCoordinateSystem>(name != nullptr ? name : "", WktOf(reference), CodeOf(reference),
                                                       tolerance, std::move(datum),
-                                                      CoordinateUnit{unit_name != nullptr ? unit_name : "", radians});
+                                                      CoordinateUnit{unit_name != nullptr ? unit_name : "", radians},
+                                                      PrimeMeridianOf(reference), std::move(in_degrees));
 }
 
 struct ProjContextRelease {
@@ -133,13 +155,15 @@ SpatialReferenceRef ReferenceFromOgr(const OGRSpatialReference* reference) {
   if (own->IsCompound()) own->StripVertical();
   if (own->IsGeographic()) return GeographicOf(*own);
   if (!own->IsProjected()) return unknown;
-  const OgrReference geographic(own->CloneGeogCS());
-  geographic->SetAxisMappingStrategy(OAMS_TRADITIONAL_GIS_ORDER);
+  const OgrReference base(own->CloneGeogCS());
+  base->SetAxisMappingStrategy(OAMS_TRADITIONAL_GIS_ORDER);
+  const auto geographic = GeographicOf(*base);
   const char* unit_name = nullptr;
   const double metres = own->GetLinearUnits(&unit_name);
   const char* name = own->GetName();
   return std::make_shared<ProjectedCoordinateSystem>(name != nullptr ? name : "", WktOf(*own), CodeOf(*own),
-                                                     kToleranceMetres / metres, GeographicOf(*geographic),
+                                                     kToleranceMetres / metres,
+                                                     geographic->InDegrees() ? geographic->InDegrees() : geographic,
                                                      CoordinateUnit{unit_name != nullptr ? unit_name : "", metres});
 }
 

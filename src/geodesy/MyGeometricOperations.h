@@ -7,6 +7,8 @@
 
 #include "geodesy/angles.h"                  // IWYU pragma: export
 #include "geodesy/cartesian.h"               // IWYU pragma: export
+#include "geodesy/convergence.h"             // IWYU pragma: export
+#include "geodesy/geographic_shape.h"        // IWYU pragma: export
 #include "geodesy/longitude_continuation.h"  // IWYU pragma: export
 #include "geodesy/multipoint_centroids.h"    // IWYU pragma: export
 #include "geodesy/planetary_latitude.h"      // IWYU pragma: export

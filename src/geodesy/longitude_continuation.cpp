@@ -103,6 +103,14 @@ double CarriedOn(double from, double longitude) {
   return longitude - std::round(step / kTurn) * kTurn;
 }
 
+double WithinOneTurn(double from, double longitude) {
+  const double step = longitude - from;
+  // The iteration of the inverse problem takes what is this near to a turn for one.
+  constexpr double kAlmost = kTurn - 1e-9;
+  if (!(std::fabs(step) >= kAlmost) || !std::isfinite(step)) return longitude;
+  return longitude - std::round(step / kTurn) * kTurn;
+}
+
 bool HasLongStep(std::span<const XY> vertices) {
   for (std::size_t index = 1; index < vertices.size(); ++index) {
     if (std::fabs(vertices[index].x - vertices[index - 1].x) > kHalfTurn) return true;

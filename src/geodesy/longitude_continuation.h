@@ -37,6 +37,10 @@ enum class EnclosedPole {
 /// The longitude moved by whole turns to within 180 degrees of `from`; itself where it is there already.
 [[nodiscard]] double CarriedOn(double from, double longitude);
 
+/// The longitude moved by whole turns where it lies a turn or more from `from`, as 180 does from -180; otherwise
+/// itself. What takes sines and cosines of a difference doesn't need it, but for those that stumble over a whole turn.
+[[nodiscard]] double WithinOneTurn(double from, double longitude);
+
 /// True when two neighbours are more than 180 degrees of longitude apart.
 [[nodiscard]] bool HasLongStep(std::span<const XY> vertices);
 

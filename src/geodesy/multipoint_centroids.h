@@ -25,7 +25,7 @@ namespace tessarine::MyGeometricOperations {
 ///
 /// The mean lies below the surface, and the way back is one step of Bowring's formula, which is exact on the surface
 /// only: on the Earth the latitude is off by 1e-10 degrees for two points 10 degrees apart, 1e-9 for 20, 1e-7 for 60
-/// and 2e-6 for 120. At a pole the longitude is arbitrary.
+/// and 7e-6 for 120. At a pole the longitude is arbitrary.
 ///
 /// Antipodal points have no centre. From the spheroid's centre itself, the mean of both poles, the step leads to
 /// longitude 0 and latitude 180, and on a true sphere to latitude 90; other pairs leave a remainder of the cut pi

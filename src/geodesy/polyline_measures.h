@@ -11,7 +11,8 @@
 // Each form comes for a polyline and, for callers with bare coordinates, for the vertices of one path. No form
 // allocates anything per segment: the length of a million segments costs the iterations of a million inverse problems.
 // Every length is that of `DistanceVincentyPoints` or `DistanceVincentyPoints2` to the last bit, and the lengths are
-// added in the order of the segments.
+// added in the order of the segments. A segment whose ends are a whole turn of longitude apart, as -180 and 180, is
+// measured between the same meridians within one turn.
 //
 // Poles, the 180 degree meridian, nearly antipodal ends of one segment and accuracy: as told in vincenty.h, segment by
 // segment. An empty polyline has the length 0.

@@ -31,6 +31,8 @@ void AddAsPath(const ISegmentCollection& ring, Polyline& polyline) {
 
 void AddRingsOfComponent(Polygon& component, Polyline& polyline) {
   MakeSimple(component);
+  // A ring that bounds nothing has no line round it.
+  if (component.IsEmpty()) return;
   const auto exterior = Cast<Ring>(component.ExteriorRingBag()->Geometry(0));
   AddAsPath(*exterior, polyline);
   if (component.InteriorRingCount(*exterior) <= 0) return;
@@ -141,6 +143,7 @@ std::shared_ptr<Polyline> PolygonToPolyline(const std::shared_ptr<Polygon>& poly
     for (std::int32_t index = 0; index < count; ++index) {
       AddRingsOfComponent(*Cast<Polygon>(components->Geometry(index)), *polyline);
     }
+    if (count > 0 && polyline->IsEmpty()) Raise(kInvalidCall, "No ring of the polygon bounds an area.");
     MakeSimple(*polyline);
     polyline->SetSpatialReference(reference);
     return polyline;

@@ -19,10 +19,10 @@ namespace tessarine::MyGeometricOperations {
 ///
 /// Works on a simplified copy of each connected component, so the paths of exterior rings run clockwise and those of
 /// holes the other way, and true curves stay curves. The length of the result is the perimeter including the holes. An
-/// empty polygon gives an empty polyline.
+/// empty polygon gives an empty polyline, and a component without area no path. Of a component that falls into several
+/// when it is simplified (a ring that crosses itself) the first one alone is taken.
 ///
-/// A fault (no polygon; a component that vanishes when it is simplified) is reported under the routine's name and the
-/// result is null.
+/// A fault (no polygon; one without area) is reported under the routine's name and the result is null.
 [[nodiscard]] std::shared_ptr<Polyline> PolygonToPolyline(const std::shared_ptr<Polygon>& polygon);
 
 /// The shape as a polygon without true curves.

@@ -5,6 +5,8 @@
 #include <limits>
 
 #include "geodesy/angles.h"
+#include "geodesy/convergence.h"
+#include "geodesy/longitude_continuation.h"
 #include "geodesy/vincenty.h"
 #include "platform/fault.h"
 
@@ -73,6 +75,7 @@ void Iterate(std::span<Lane> lanes, double f) {
     count = 0;
     for (std::size_t index = 0; index < in_pass; ++index) keep_running(*running[index]);
   }
+  NoteUnconverged(count);
 }
 
 double LengthOf(const Lane& lane, double a, double b) {
@@ -108,6 +111,9 @@ LineFigure::LineFigure(double semi_major, double semi_minor)
 
 double LineFigure::Measure(XY from, XY to, double& azimuth) const {
   double azimuth2 = 0.0;
+  // A turn to the east and back to the same place is no length to the routine itself, which also checks the axes then.
+  const XY turned{WithinOneTurn(from.x, to.x), to.y};
+  if (turned != from || to.x < from.x) to = turned;
   try {
     return fixed_ ? DistanceVincentyPoints(from, to, azimuth, azimuth2)
                   : DistanceVincentyPoints2(from, to, azimuth, azimuth2, a_, b_);
@@ -137,19 +143,20 @@ bool SegmentLengths::Next(Batch& batch) {
     const Latitude start = latitude_;
     latitude_ = Reduced(to.y);
     const double L = Radians(to.x - from.x);
-    lanes[index] = {L,
-                    start.sine,
-                    start.cosine,
-                    latitude_.sine,
-                    latitude_.cosine,
-                    L,
-                    kTwoPi,
-                    0.0,
-                    0.0,
-                    0.0,
-                    0.0,
-                    0.0,
-                    sound_figure && !IsTiny(start.sine) && !IsTiny(latitude_.sine)};
+    lanes[index] = {
+        L,
+        start.sine,
+        start.cosine,
+        latitude_.sine,
+        latitude_.cosine,
+        L,
+        kTwoPi,
+        0.0,
+        0.0,
+        0.0,
+        0.0,
+        0.0,
+        sound_figure && !IsTiny(start.sine) && !IsTiny(latitude_.sine) && to.x == WithinOneTurn(from.x, to.x)};
     // Coincident positions have the length 0 and make no pass.
     if (from == to) lanes[index].lambda_before = L;
   }

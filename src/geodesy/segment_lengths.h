@@ -6,7 +6,9 @@
 // every length is theirs to the last bit.
 //
 // A segment whose arithmetic isn't plainly sound (a division by zero, an overflow, a latitude so close to 0 that an
-// azimuth might overflow) is handed to these routines themselves, which report what there is to report.
+// azimuth might overflow) is handed to these routines themselves, which report what there is to report. So is a segment
+// whose ends are a whole turn of longitude apart, with the far end brought to the turn of the near one: at +360 degrees
+// the iteration doesn't start, and every length would be 0.
 #pragma once
 
 #include <array>
@@ -27,7 +29,8 @@ class LineFigure {
   [[nodiscard]] double SemiMinor() const { return b_; }
   [[nodiscard]] double Flattening() const { return f_; }
 
-  /// The length and forward azimuth of one segment by the routine that the figure stands for, faults and all: a fault
+  /// The length and forward azimuth of one segment, its ends within one turn, by the routine that the figure stands
+  /// for, faults and all: a fault
   /// is reported there, gives the length 0 and leaves the azimuth as it was.
   double Measure(XY from, XY to, double& azimuth) const;
 

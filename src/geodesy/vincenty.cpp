@@ -4,6 +4,7 @@
 
 #include "geodesy/angles.h"
 #include "geodesy/checked_arithmetic.h"
+#include "geodesy/convergence.h"
 #include "geodesy/positions.h"
 #include "platform/trap.h"
 
@@ -92,6 +93,7 @@ double Inverse(XY from, XY to, const Figure& figure, double& azimuth1, double& a
     lambda_before = lambda;
     lambda = Finite(L + LongitudeLead(figure.f, sin_alpha, cos_sq_alpha, arc));
   }
+  if (std::fabs(lambda - lambda_before) > kTolerance) NoteUnconverged(1);
 
   const Series series = SeriesOf(figure, cos_sq_alpha);
   const double distance = Finite(figure.b * series.A * (arc.sigma - DeltaSigma(series.B, arc)));

@@ -137,13 +137,14 @@ class GraphicWriter {
     NoteMeasureChange(Host().Journal(), *buffer_->Fields()->Field(index), buffer_->SetValue(index, value), element_);
   }
 
-  // A copy in longitude and latitude.
+  // A copy in longitude and latitude, in degrees.
   static GeometryRef OnTheGlobe(const GeometryRef& shape) {
     GeometryRef copy = CloneOf(*shape);
-    if (const auto projected = Cast<const ProjectedCoordinateSystem>(copy->SpatialReference())) {
-      copy->Project(projected->GeographicCoordinateSystem());
-      MakeSimple(copy);
-    }
+    const SpatialReferenceRef own = copy->SpatialReference();
+    const SpatialReferenceRef degrees = MyGeometricOperations::DegreesOf(own);
+    if (!degrees || own == degrees) return copy;
+    MyGeometricOperations::BringToDegrees(*copy);
+    MakeSimple(copy);
     return copy;
   }
 

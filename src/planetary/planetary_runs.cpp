@@ -114,6 +114,25 @@ RewrittenShape WrapFeature(const GeometryRef& copy, std::int64_t oid, const Wrap
           MeasureOf(wrapped), prepared.steps};
 }
 
+// Boxes, shifts and latitudes are degrees. A layer in another angular unit goes through degrees and back.
+template <class Rewrite>
+auto ThroughDegrees(const IFeatureLayer& layer, Rewrite rewrite) {
+  const SpatialReferenceRef reference = Require(layer.FeatureClass(), "FeatureClass")->SpatialReference();
+  const auto geographic = Cast<const GeographicCoordinateSystem>(reference);
+  const SpatialReferenceRef degrees = geographic ? geographic->InDegrees() : nullptr;
+  return [=](const GeometryRef& shape, std::int64_t oid, const KeepGoing& keep_going) mutable -> RewrittenShape {
+    if (!degrees) return rewrite(shape, oid, keep_going);
+    shape->SetSpatialReference(reference);
+    BringToDegrees(*shape);
+    RewrittenShape rewritten = rewrite(shape, oid, keep_going);
+    if (rewritten.shape) {
+      rewritten.shape->SetSpatialReference(degrees);
+      rewritten.shape->Project(reference);
+    }
+    return rewritten;
+  };
+}
+
 FeatureRewrite WrapRun(const WrapArguments& arguments) {
   const std::shared_ptr<IFeatureLayer> layer = Require(arguments.Layer(), "layer");
   const WrapTask task{arguments.Box(), arguments.Shift(), arguments.Steps()};
@@ -133,9 +152,9 @@ FeatureRewrite WrapRun(const WrapArguments& arguments) {
           sections,
           layer,
           arguments.Output(),
-          [task](const GeometryRef& shape, std::int64_t oid, const KeepGoing& keep_going) {
+          ThroughDegrees(*layer, [task](const GeometryRef& shape, std::int64_t oid, const KeepGoing& keep_going) {
             return WrapFeature(shape, oid, task, keep_going);
-          }};
+          })};
 }
 
 FeatureRewrite LatitudeRun(const Direction& direction, const GeoCentricArguments& arguments) {
@@ -158,22 +177,25 @@ FeatureRewrite LatitudeRun(const Direction& direction, const GeoCentricArguments
           sections,
           layer,
           arguments.Output(),
-          [=, convert = direction.convert](const GeometryRef& shape, std::int64_t oid,
-                                           const KeepGoing& keep_going) mutable -> RewrittenShape {
-            RunJournal& journal = Host().Journal();
-            const RewrittenShape failed{nullptr, "  --> Failed to convert feature at OID #" + std::to_string(oid) +
-                                                     ".  It is written without a shape..."};
-            GeometryRef converted;
-            WrappedShape wrapped;
-            static_cast<void>(
-                WorkOnRecord(journal, oid, [&] { converted = convert(shape, semi_major, semi_minor, shift); }));
-            if (!converted) return failed;
-            if (option != kWrap180 && option != kWrap360) return {.shape = converted};
-            const WrapBox& box = option == kWrap180 ? kBox180 : kBox360;
-            static_cast<void>(WorkOnRecord(journal, oid, [&] { wrapped = WrapOwnShape(converted, box, keep_going); }));
-            if (!wrapped.shape && !wrapped.stopped) return failed;
-            return {.shape = wrapped.shape, .stopped = wrapped.stopped, .measure = MeasureOf(wrapped)};
-          },
+          ThroughDegrees(*layer,
+                         [=, convert = direction.convert](const GeometryRef& shape, std::int64_t oid,
+                                                          const KeepGoing& keep_going) mutable -> RewrittenShape {
+                           RunJournal& journal = Host().Journal();
+                           const RewrittenShape failed{nullptr, "  --> Failed to convert feature at OID #" +
+                                                                    std::to_string(oid) +
+                                                                    ".  It is written without a shape..."};
+                           GeometryRef converted;
+                           WrappedShape wrapped;
+                           static_cast<void>(WorkOnRecord(
+                               journal, oid, [&] { converted = convert(shape, semi_major, semi_minor, shift); }));
+                           if (!converted) return failed;
+                           if (option != kWrap180 && option != kWrap360) return {.shape = converted};
+                           const WrapBox& box = option == kWrap180 ? kBox180 : kBox360;
+                           static_cast<void>(
+                               WorkOnRecord(journal, oid, [&] { wrapped = WrapOwnShape(converted, box, keep_going); }));
+                           if (!wrapped.shape && !wrapped.stopped) return failed;
+                           return {.shape = wrapped.shape, .stopped = wrapped.stopped, .measure = MeasureOf(wrapped)};
+                         }),
           RunSpheroid{arguments.SpheroidName(), semi_major, semi_minor}};
 }
 

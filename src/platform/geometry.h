@@ -389,6 +389,9 @@ class PartedShape : public IGeometry,
   void ClipDense(const tessarine::Envelope& clipper, double dense_distance) override;
   [[nodiscard]] bool Disjoint(const IGeometry& other) const override;
   [[nodiscard]] bool Contains(const IGeometry& other) const override;
+  /// The mean of the segments by their length, a curve standing for its middle; of the vertices where no segment has a
+  /// length. What is left of a polygon without area. Fault 5 for an empty shape.
+  [[nodiscard]] XY CentroidOfLines() const;
   void Move(double dx, double dy) override;
 
   /// Replaces the parts.

@@ -182,6 +182,29 @@ void PartedShape::Move(double dx, double dy) {
   if (simple) MarkSimple();
 }
 
+XY PartedShape::CentroidOfLines() const {
+  double length = 0.0, x = 0.0, y = 0.0;
+  const XY origin = FromPoint();
+  for (const auto& part : parts_) {
+    for (std::int32_t index = 0; index < part->SegmentCount(); ++index) {
+      const tessarine::Segment segment = part->Segment(index);
+      const double weight = segment.Length();
+      const XY middle = segment.QueryPoint(esriNoExtension, 0.5, true);
+      length += weight;
+      x += (middle.x - origin.x) * weight;
+      y += (middle.y - origin.y) * weight;
+    }
+  }
+  if (length > 0.0) return {origin.x + x / length, origin.y + y / length};
+  const std::int32_t count = PointCount();
+  for (std::int32_t index = 0; index < count; ++index) {
+    const XY vertex = Point(index);
+    x += (vertex.x - origin.x) / count;
+    y += (vertex.y - origin.y) / count;
+  }
+  return {origin.x + x, origin.y + y};
+}
+
 // --- Polyline ----------------------------------------------------------------------------------------------------
 
 ObjectRef Polyline::Clone() const {

@@ -49,6 +49,12 @@ struct CoordinateUnit {
   double ConversionFactor = 1.0;
 };
 
+/// Where a reference counts its longitudes from, in degrees east of Greenwich.
+struct PrimeMeridian {
+  std::string Name = "Greenwich";
+  double Longitude = 0.0;
+};
+
 /// Base of the three kinds below. References are never changed once made and are shared freely.
 class SpatialReference : public IClone {
  public:
@@ -85,19 +91,28 @@ using SpatialReferenceRef = std::shared_ptr<const SpatialReference>;
 class GeographicCoordinateSystem final : public SpatialReference {
  public:
   GeographicCoordinateSystem(std::string name, std::string wkt, std::int32_t factory_code, double xy_tolerance,
-                             std::shared_ptr<const tessarine::Datum> datum, tessarine::CoordinateUnit unit)
+                             std::shared_ptr<const tessarine::Datum> datum, tessarine::CoordinateUnit unit,
+                             tessarine::PrimeMeridian prime_meridian = {},
+                             std::shared_ptr<const GeographicCoordinateSystem> in_degrees = nullptr)
       : SpatialReference(std::move(name), std::move(wkt), factory_code, xy_tolerance),
         datum_(std::move(datum)),
-        unit_(std::move(unit)) {}
+        unit_(std::move(unit)),
+        prime_meridian_(std::move(prime_meridian)),
+        in_degrees_(std::move(in_degrees)) {}
 
   [[nodiscard]] const std::shared_ptr<const tessarine::Datum>& Datum() const { return datum_; }
   /// The angular unit, its factor in radians.
   [[nodiscard]] const tessarine::CoordinateUnit& CoordinateUnit() const { return unit_; }
+  [[nodiscard]] const tessarine::PrimeMeridian& PrimeMeridian() const { return prime_meridian_; }
+  /// The same reference with degrees as its unit; null where its unit is the degree.
+  [[nodiscard]] const std::shared_ptr<const GeographicCoordinateSystem>& InDegrees() const { return in_degrees_; }
   [[nodiscard]] ObjectRef Clone() const override;
 
  private:
   std::shared_ptr<const tessarine::Datum> datum_;
   tessarine::CoordinateUnit unit_;
+  tessarine::PrimeMeridian prime_meridian_;
+  std::shared_ptr<const GeographicCoordinateSystem> in_degrees_;
 };
 
 class ProjectedCoordinateSystem final : public SpatialReference {
@@ -109,7 +124,7 @@ class ProjectedCoordinateSystem final : public SpatialReference {
         geographic_(std::move(geographic)),
         unit_(std::move(unit)) {}
 
-  /// The geographic reference beneath the projection.
+  /// The geographic reference beneath the projection, in degrees whatever the unit of the projection's definition is.
   [[nodiscard]] const std::shared_ptr<const tessarine::GeographicCoordinateSystem>& GeographicCoordinateSystem() const {
     return geographic_;
   }

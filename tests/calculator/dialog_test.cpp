@@ -61,7 +61,8 @@ TEST_F(GeometryDialog, TheControlsFollowTheLayer) {
   document->SetSelectedLayer(areas);
   Open();
   EXPECT_EQ(form.lbSelFeatureType.Caption(), "Polygon Feature Class:  Geographic Coordinate System");
-  EXPECT_EQ(Captions(), "Sph. Area; Sph. Centroid; Perimeter Length; Number of Parts; Number of Vertices; ");
+  EXPECT_EQ(Captions(),
+            "Sph. Area; Sph. Centroid; Perimeter Length; Number of Parts; Number of Vertices; Spheroidal Area; ");
   EXPECT_EQ(form.lblSpheroidOptions.Caption(), "Spheroid: WGS 84,  Maj.Rad. = 6378137m,  Min.Rad. = 6356752.31424518m");
   EXPECT_TRUE(form.cmdAdvanced.Enabled());
   EXPECT_EQ(form.optAll.Caption(), "Calculate All Records (n = 2)");

@@ -33,8 +33,8 @@ const Offer kOffers[] = {
     {esriGeometryPolyline, Projected, "rrpppprrrcc", "-s--s------", "11222211000"},
     {esriGeometryPolyline, Geographic, "rppprrcc", "s-s-----", "12221100"},
     {esriGeometryPolygon, Unknown, "rprcc", "-----", "12111"},
-    {esriGeometryPolygon, Projected, "rrpprrcc", "-s-s-s--", "11221111"},
-    {esriGeometryPolygon, Geographic, "rprcc", "sss--", "12111"},
+    {esriGeometryPolygon, Projected, "rrpprrccr", "-s-s-s--s", "112211111"},
+    {esriGeometryPolygon, Geographic, "rprccr", "sss--s", "121111"},
     {esriGeometryNull, Projected, "", "", ""},
 };
 
@@ -65,8 +65,8 @@ TEST(MeasureCatalogue, OffersOfEachLayer) {
     EXPECT_EQ(FindMeasure(offer.shape, offer.kind, 0), nullptr);
     EXPECT_EQ(FindMeasure(offer.shape, offer.kind, static_cast<std::int32_t>(values.size()) + 1), nullptr);
   }
-  EXPECT_EQ(total, 55u);
-  EXPECT_EQ(AllMeasures().size(), 55u);
+  EXPECT_EQ(total, 57u);
+  EXPECT_EQ(AllMeasures().size(), 57u);
 }
 
 // The same idea has other names in other layers.

@@ -73,6 +73,20 @@ TEST_F(Geodesics, LongitudesATurnApartAreOneMeridian) {
   EXPECT_EQ(lines[4], "0.0000 0.00000000 0.00000000");
 }
 
+// Opposite places on the equator, over the pole: twice the quarter of the meridian. The other by the geodesics of PROJ.
+TEST_F(Geodesics, AntipodalPairsAreSolvedAndMarked) {
+  const ProgramOutcome run = RunTessarine({"inverse", "0", "0", "180", "0", "--json"});
+  ASSERT_EQ(run.status, 0) << run.err;
+  const json line = json::parse(run.out);
+  EXPECT_NEAR(line["distance"], 20003931.458624, 1e-5);
+  EXPECT_EQ(line["converged"], false);
+  EXPECT_EQ(line["method"], "GeographicLib Geodesic");
+  EXPECT_THAT(run.err, HasSubstr("line 1: nearly antipodal positions"));
+  const ProgramOutcome plain = RunTessarine({"inverse", "0", "0.1", "179.7", "-0.3"});
+  EXPECT_THAT(plain.out, HasSubstr("19975624.2897 158.44785049 21.55242340"));
+  EXPECT_EQ(json::parse(RunTessarine({"inverse", "0", "0", "90", "0", "--json"}).out)["converged"], true);
+}
+
 TEST_F(Geodesics, RefuseSpheroidsThatAreNone) {
   const ProgramOutcome unknown = RunTessarine({"inverse", "0", "0", "1", "0", "--spheroid", "Marz 2000"});
   EXPECT_EQ(unknown.status, 2);

@@ -10,7 +10,9 @@
 #include <new>
 #include <random>
 
+#include "geodesy/convergence.h"
 #include "geodesy/vincenty.h"
+#include "platform/exact_geodesy.h"
 #include "platform/spatial_reference.h"
 #include "tests/geodesy/fault_log.h"
 
@@ -266,6 +268,44 @@ TEST(PolylineMeasures, AreThePlainOnesToTheLastBit) {
       EXPECT_EQ(SpheroidalPolylineMidpoint2(path, distance, false, found, kA, kB), expected) << count << " " << ratio;
     }
   }
+}
+
+// A segment between nearly antipodal places anywhere in a batch is noticed, and nothing else is.
+TEST(PolylineMeasures, TellWhatDidNotConverge) {
+  for (std::size_t at = 0; at < 20; ++at) {
+    Vertices path;
+    for (int index = 0; index < 21; ++index) path.push_back({index * 2.0, 10.0 + index % 3});
+    const ConvergenceWatch plain;
+    static_cast<void>(SpheroidalPolylineLength2(path, kA, kB));
+    EXPECT_TRUE(plain.AllConverged());
+    path.insert(path.begin() + static_cast<std::ptrdiff_t>(at) + 1, {path[at].x + 179.7, -path[at].y + 0.1});
+    const ConvergenceWatch watch;
+    static_cast<void>(SpheroidalPolylineLength2(path, kA, kB));
+    EXPECT_FALSE(watch.AllConverged()) << at;
+  }
+}
+
+// The unconverged solutions and no others are far from the exact distance.
+TEST(PolylineMeasures, ConvergenceIsAnExactMark) {
+  std::mt19937_64 random(40);
+  std::uniform_real_distribution<double> share(-1.0, 1.0);
+  int converged = 0, far_off = 0;
+  for (int index = 0; index < 5000; ++index) {
+    const XY from{180.0 * share(random), 60.0 * share(random)};
+    const XY to{from.x + 180.0 + 1.3 * share(random), -from.y + 1.3 * share(random)};
+    double azimuth1 = 0.0, azimuth2 = 0.0;
+    const ConvergenceWatch watch;
+    const double distance = DistanceVincentyPoints2(from, to, azimuth1, azimuth2, kA, kB);
+    const double error = std::fabs(distance - SolveInverseExactly(from, to, kA, kB).distance);
+    if (watch.AllConverged()) {
+      ++converged;
+      EXPECT_LT(error, 1e-4) << from.x << " " << from.y << " " << to.x << " " << to.y;
+    } else if (error > 1000.0) {
+      ++far_off;
+    }
+  }
+  EXPECT_GT(converged, 1000);
+  EXPECT_GT(far_off, 500);
 }
 
 TEST(PolylineMeasures, AllocateNothingPerSegment) {

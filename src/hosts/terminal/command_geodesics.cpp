@@ -13,13 +13,17 @@
 #include <optional>
 #include <stdexcept>
 #include <string_view>
+#include <utility>
 
+#include "geodesy/convergence.h"
+#include "geodesy/longitude_continuation.h"
 #include "geodesy/vincenty.h"
 #include "hosts/document/map_document.h"
 #include "hosts/terminal/commands.h"
 #include "hosts/terminal/refusal.h"
 #include "hosts/terminal/spheroid_options.h"
 #include "hosts/terminal/terminal_host.h"
+#include "platform/exact_geodesy.h"
 #include "platform/trap.h"
 
 namespace tessarine {
@@ -40,32 +44,60 @@ struct Result {
   int places;
   double value;
 };
-using Results = std::array<Result, 3>;
+struct Solution {
+  std::array<Result, 3> results;
+  /// How the inverse problem was solved instead, where the iteration didn't settle; empty where it did.
+  std::string other_method = {};
+};
 
-// A turn apart, as -180 and 180 are, the iteration doesn't start and every distance would be 0. The same meridian by
-// another number is free of that.
-double WithinOneTurn(double lon1, double lon2) {
-  const double apart = lon2 - lon1;
-  return std::fabs(apart) > 359.0 ? lon2 - 360.0 * std::round(apart / 360.0) : lon2;
-}
+/// While it lives, a fault that a routine traps is kept here instead of being reported.
+class FaultCatcher {
+ public:
+  FaultCatcher() : previous_(SetFaultReporter(Keep)) { kept_.reset(); }
+  ~FaultCatcher() { SetFaultReporter(previous_); }
+  FaultCatcher(const FaultCatcher&) = delete;
+  FaultCatcher& operator=(const FaultCatcher&) = delete;
 
-Results SolveInverse(const FourNumbers& given, const std::optional<Axes>& axes) {
+  /// What was kept since the last call.
+  static std::optional<std::string> Take() { return std::exchange(kept_, std::nullopt); }
+
+ private:
+  static void Keep(const TrapSite&, const Fault& fault) {
+    if (!kept_) kept_ = fault.Description();
+  }
+
+  static inline std::optional<std::string> kept_;
+  FaultReporter previous_;
+};
+
+// Nearly antipodal positions are left to the exact method.
+Solution SolveInverse(const FourNumbers& given, const std::optional<Axes>& axes) {
   double azimuth1 = 0.0, azimuth2 = 0.0;
-  const double lon2 = WithinOneTurn(given[0], given[2]);
+  // A turn apart, as -180 and 180 are, the iteration wouldn't start.
+  const double lon2 = geodesy::WithinOneTurn(given[0], given[2]);
+  const geodesy::ConvergenceWatch watch;
   const double distance =
       axes ? geodesy::DistanceVincentyNumbers2(given[0], given[1], lon2, given[3], azimuth1, azimuth2, axes->semi_major,
                                                axes->semi_minor)
            : geodesy::DistanceVincentyNumbers(given[0], given[1], lon2, given[3], azimuth1, azimuth2);
-  return {{{"distance", 4, distance}, {"azimuth1", 8, azimuth1}, {"azimuth2", 8, azimuth2}}};
+  const auto results = [](double length, double start, double end) {
+    return std::array<Result, 3>{{{"distance", 4, length}, {"azimuth1", 8, start}, {"azimuth2", 8, end}}};
+  };
+  if (!FaultCatcher::Take() && watch.AllConverged()) return {results(distance, azimuth1, azimuth2)};
+  const Axes used = axes.value_or(kWgs84);
+  const ExactGeodesic exact =
+      SolveInverseExactly({given[0], given[1]}, {given[2], given[3]}, used.semi_major, used.semi_minor);
+  return {results(exact.distance, exact.azimuth1, exact.azimuth2),
+          std::string(ExactGeodesyMethod(used.semi_major, used.semi_minor))};
 }
 
-Results SolveDirect(const FourNumbers& given, const std::optional<Axes>& axes) {
+Solution SolveDirect(const FourNumbers& given, const std::optional<Axes>& axes) {
   const Axes used = axes.value_or(kWgs84);
   XY end{};
   double azimuth2 = 0.0;
   geodesy::PointLineVincentyPerPoint2(XY{given[0], given[1]}, given[2], given[3], end, azimuth2, used.semi_major,
                                       used.semi_minor);
-  return {{{"lon", 9, end.x}, {"lat", 9, end.y}, {"azimuth2", 8, azimuth2}}};
+  return {{{{"lon", 9, end.x}, {"lat", 9, end.y}, {"azimuth2", 8, azimuth2}}}};
 }
 
 struct ProblemRow {
@@ -73,7 +105,8 @@ struct ProblemRow {
   const char* description;
   std::array<const char*, 4> takes;
   std::array<bool, 4> is_latitude;
-  Results (*solve)(const FourNumbers&, const std::optional<Axes>&);
+  Solution (*solve)(const FourNumbers&, const std::optional<Axes>&);
+  bool iterates;  ///< and may fail to settle
   const char* caution;
   const char* example;
 };
@@ -84,13 +117,18 @@ constexpr ProblemRow kProblems[] = {
      {"lon1", "lat1", "lon2", "lat2"},
      {false, true, false, true},
      SolveInverse,
-     "Within a degree of the antipode the figures may be far off, without a word.",
+     true,
+     "Near the antipode of the first position the iteration may not settle: within 1.1 degrees of it on the Earth, 1.9 "
+     "on\n"
+     "Mars, 21 on Jupiter, 30 on Saturn. Such a pair is solved by an exact method; a line on standard error and, with\n"
+     "--json, \"converged\": false and \"method\" tell so.",
      "tessarine inverse 2.35 48.86 -73.94 40.67"},
     {"direct",
      "The position at a distance in metres and an azimuth from a start, and the azimuth of travel there",
      {"lon", "lat", "distance", "azimuth"},
      {false, true, false, false},
      SolveDirect,
+     false,
      "A line across the 180 degree meridian ends past 180 or -180.",
      "tessarine direct 2.35 48.86 1000000 90 --spheroid \"WGS 1984\""},
 };
@@ -140,31 +178,6 @@ FourNumbers ReadNumbers(const ProblemRow& problem, std::string_view line) {
   return numbers;
 }
 
-/// While it lives, a fault that a routine traps is kept here instead of being reported.
-class FaultCatcher {
- public:
-  FaultCatcher() : previous_(SetFaultReporter(Keep)) { kept_.reset(); }
-  ~FaultCatcher() { SetFaultReporter(previous_); }
-  FaultCatcher(const FaultCatcher&) = delete;
-  FaultCatcher& operator=(const FaultCatcher&) = delete;
-
-  /// Raises what was kept since the last call.
-  static void Check() {
-    if (!kept_) return;
-    const std::string text = *kept_;
-    kept_.reset();
-    throw std::invalid_argument(text);
-  }
-
- private:
-  static void Keep(const TrapSite&, const Fault& fault) {
-    if (!kept_) kept_ = fault.Description();
-  }
-
-  static inline std::optional<std::string> kept_;
-  FaultReporter previous_;
-};
-
 /// Solves line by line and prints each result, or what is wrong with its line, on a line of its own.
 class GeodesicPrinter {
  public:
@@ -174,27 +187,37 @@ class GeodesicPrinter {
   void PrintLine(std::string_view line) {
     ++line_number_;
     try {
-      const Results results = problem_.solve(ReadNumbers(problem_, line), axes_);
-      FaultCatcher::Check();
-      PrintResults(results);
+      const Solution solution = problem_.solve(ReadNumbers(problem_, line), axes_);
+      if (const std::optional<std::string> fault = FaultCatcher::Take()) throw std::invalid_argument(*fault);
+      PrintSolution(solution);
     } catch (const std::invalid_argument& error) {
       failed_ = true;
       PrintError(error.what());
+    } catch (const Fault& fault) {
+      failed_ = true;
+      PrintError(fault.Description());
     }
   }
 
   [[nodiscard]] bool Failed() const { return failed_; }
 
  private:
-  void PrintResults(const Results& results) const {
-    if (json_) {
-      nlohmann::ordered_json object;
-      for (const Result& result : results) object[result.name] = result.value;
-      fmt::print("{}\n", object.dump());
+  void PrintSolution(const Solution& solution) const {
+    const auto& results = solution.results;
+    if (!solution.other_method.empty()) {
+      fmt::print(stderr, "line {}: nearly antipodal positions, where the iteration doesn't settle: solved by {}\n",
+                 line_number_, solution.other_method);
+    }
+    if (!json_) {
+      fmt::print("{:.{}f} {:.{}f} {:.{}f}\n", results[0].value, results[0].places, results[1].value, results[1].places,
+                 results[2].value, results[2].places);
       return;
     }
-    fmt::print("{:.{}f} {:.{}f} {:.{}f}\n", results[0].value, results[0].places, results[1].value, results[1].places,
-               results[2].value, results[2].places);
+    nlohmann::ordered_json object;
+    for (const Result& result : results) object[result.name] = result.value;
+    if (problem_.iterates) object["converged"] = solution.other_method.empty();
+    if (!solution.other_method.empty()) object["method"] = solution.other_method;
+    fmt::print("{}\n", object.dump());
   }
 
   void PrintError(const std::string& text) const {

@@ -1,0 +1,205 @@
+// What a measure gives doesn't depend on its company, and one bad part or vertex spoils nothing else.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+#include "calculator/geometry_options.h"
+#include "calculator/measures.h"
+#include "helpers/shapes.h"
+#include "tests/geodesy/fault_log.h"
+
+namespace tessarine {
+namespace {
+
+using namespace testing;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using enum SpatialKind;
+
+constexpr double kMajor = 6378137.0, kMinor = 6356752.31424518;
+
+SpatialReferenceRef Reference(SpatialKind kind) {
+  if (kind == Unknown) return std::make_shared<UnknownCoordinateSystem>();
+  return SpatialReferenceEnvironment::CreateFromText(kind == Projected ? "EPSG:32633" : "EPSG:4326");
+}
+
+class Feature {
+ public:
+  Feature(SpatialKind kind, const IGeometry& shape, double minor = kMinor) {
+    const GeometryRef copy = CloneOf(shape);
+    copy->SetSpatialReference(Reference(kind));
+    settings_ = {copy->GeometryType(), kind, Reference(kind), kMajor, minor, false};
+    record_ = BeginRecord(copy, settings_);
+  }
+  MeasuredValues operator()(std::int32_t id) {
+    return Measure(*FindMeasure(settings_.Shape, settings_.Kind, id), *record_);
+  }
+  [[nodiscard]] const std::vector<MeasureWarning>& Warnings() const { return record_->Warnings(); }
+
+ private:
+  MeasureSettings settings_;
+  std::unique_ptr<MeasureRecord> record_;
+};
+
+// Off every grid, with vertices a hair apart, a hole, and a second part.
+GeometryRef AwkwardPolygon(double x, double y, double size) {
+  std::vector<XY> ring;
+  for (int step = 0; step < 40; ++step) {
+    const double angle = -step * 0.15707963267948966, reach = size * (1.0 + 0.3 * std::sin(5.0 * angle));
+    ring.push_back({x + reach * std::cos(angle), y + reach * std::sin(angle)});
+    if (step % 7 == 0) ring.push_back({ring.back().x + size * 3e-11, ring.back().y + size * 2e-11});
+  }
+  ring.push_back(ring.front());
+  return PolygonOf({ring, Box(x - size / 7, y - size / 7, x + size / 9, y + size / 9, false),
+                    Box(x + 3 * size, y, x + 4.1 * size, y + size)});
+}
+
+TEST(Independence, EveryMeasureAloneAndInCompany) {
+  const struct {
+    const char* name;
+    SpatialKind kind;
+    GeometryRef shape;
+  } rows[] = {
+      {"polygon in the west", Geographic, AwkwardPolygon(-70.123456789, -12.3456789, 0.7)},
+      {"polygon in the east", Geographic, AwkwardPolygon(70.123456789, 12.3456789, 0.7)},
+      {"projected polygon", Projected, AwkwardPolygon(512345.678, 5543210.987, 7000)},
+      {"planar polygon", Unknown, AwkwardPolygon(1.1, 2.2, 3.3)},
+      {"line", Geographic, PolylineOf({{{10.1, 50.2}, {11.3, 51.4}, {13.5, 51.6}}, {{14.7, 51.8}, {14.9, 50.1}}})},
+      {"projected line", Projected, PolylineOf({{{500000.1, 5540000.2}, {520000.3, 5560000.4}, {530000, 5550000}}})},
+      {"points", Geographic, std::make_shared<Multipoint>(std::vector<XY>{{1.1, 2.2}, {3.3, 4.4}})},
+      {"projected points", Projected,
+       std::make_shared<Multipoint>(std::vector<XY>{{400000.1, 5500000}, {600000, 5500000.7}})},
+      {"projected point", Projected, std::make_shared<Point>(600000.1, 5500000.7)},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.name);
+    const auto measures = MeasuresOf(row.shape->GeometryType(), row.kind);
+    Feature forward(row.kind, *row.shape), backward(row.kind, *row.shape);
+    std::vector<MeasuredValues> in_order, reversed(measures.size());
+    for (const MeasureRow& measure : measures) in_order.push_back(forward(measure.option_id));
+    for (std::size_t at = measures.size(); at-- > 0;) reversed[at] = backward(measures[at].option_id);
+    for (std::size_t at = 0; at < measures.size(); ++at) {
+      SCOPED_TRACE(measures[at].caption);
+      const MeasuredValues alone = Feature(row.kind, *row.shape)(measures[at].option_id);
+      EXPECT_EQ(in_order[at].First, alone.First);
+      EXPECT_EQ(in_order[at].Second, alone.Second);
+      EXPECT_EQ(reversed[at].First, alone.First);
+      EXPECT_EQ(reversed[at].Second, alone.Second);
+    }
+  }
+}
+
+// A part that bounds nothing, beside one that does.
+TEST(DegenerateParts, TheOthersAreMeasured) {
+  const std::vector<XY> square = Box(10, 40, 11, 41);
+  const struct {
+    const char* name;
+    std::vector<XY> part;
+  } rows[] = {
+      {"there and back", {{20, 40}, {21, 41}, {20, 40}}},
+      {"along three places", {{20, 40}, {21, 40}, {22, 40}, {20, 40}}},
+      {"one place", {{20, 40}, {20, 40}, {20, 40}, {20, 40}}},
+  };
+  const FaultLog log;
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.name);
+    for (const bool first : {true, false}) {
+      const auto both = first ? PolygonOf({row.part, square}) : PolygonOf({square, row.part});
+      Feature feature(Geographic, *both), alone(Geographic, *PolygonOf({square}));
+      for (const std::int32_t id : {1, 3, 6}) {
+        EXPECT_NEAR(feature(id).First.AsDouble(), alone(id).First.AsDouble(), 1e-3) << id;
+      }
+      EXPECT_NEAR(feature(2).First.AsDouble(), alone(2).First.AsDouble(), 1e-9);
+    }
+    // Alone it has no area, and no centre on the globe.
+    Feature nothing(Geographic, *PolygonOf({row.part}));
+    EXPECT_EQ(nothing(1).First, Variant(0.0));
+    EXPECT_EQ(nothing(2).First, Variant(-9999.0));
+    EXPECT_EQ(nothing(6).First, Variant(0.0));
+  }
+  EXPECT_THAT(log.Reports(), IsEmpty());
+}
+
+// As GEOS has it: of the lines, or of the places where these have no length.
+TEST(DegenerateParts, APlanarCentroidWithoutArea) {
+  const struct {
+    const char* name;
+    std::vector<std::vector<XY>> rings;
+    XY centroid;
+  } rows[] = {
+      {"there and back", {{{0, 0}, {4, 2}, {0, 0}}}, {2, 1}},
+      {"along a line", {{{0, 0}, {1, 0}, {4, 0}, {0, 0}}}, {2, 0}},
+      {"two lines, by length", {{{0, 0}, {2, 0}, {0, 0}}, {{10, 0}, {10, 6}, {10, 0}}}, {7.75, 2.25}},
+      {"one place", {{{3, 5}, {3, 5}, {3, 5}, {3, 5}}}, {3, 5}},
+      {"with an area beside it", {{{100, 100}, {200, 100}, {100, 100}}, Box(0, 0, 2, 2)}, {1, 1}},
+  };
+  for (const auto& row : rows) {
+    const MeasuredValues values = Feature(Unknown, *PolygonOf(row.rings))(2);
+    EXPECT_NEAR(values.First.AsDouble(), row.centroid.x, 1e-12) << row.name;
+    EXPECT_NEAR(values.Second.AsDouble(), row.centroid.y, 1e-12) << row.name;
+  }
+}
+
+TEST(BadCoordinates, NothingIsMeasured) {
+  const double bad[] = {std::numeric_limits<double>::quiet_NaN(), std::numeric_limits<double>::infinity()};
+  for (const double value : bad) {
+    auto ring = Box(10, 10, 12, 12);
+    ring[2].y = value;
+    EXPECT_EQ(FaultOf([&] { Feature(Geographic, *PolygonOf({ring})); }), kInvalidCall);
+    EXPECT_EQ(FaultOf([&] { Feature(Unknown, *PolylineOf({{{0, 0}, {value, 1}}})); }), kInvalidCall);
+    EXPECT_EQ(FaultOf([&] { Feature(Unknown, Multipoint({{0, 0}, {value, 1}})); }), kInvalidCall);
+    EXPECT_EQ(FaultOf([&] { Feature(Projected, Point(value, 1)); }), kInvalidCall);
+  }
+}
+
+// The ends of a segment one turn apart, on a line that is the same without the turn.
+TEST(WholeTurns, LengthsAndAzimuths) {
+  const double expected = Feature(Geographic, *PolylineOf({{{180, 0}, {180, 10}}}))(1).First.AsDouble();
+  EXPECT_NEAR(expected, 1105854.83, 0.01);
+  for (const double turns : {-720.0, -360.0, 360.0, 720.0}) {
+    Feature feature(Geographic, *PolylineOf({{{-180, 0}, {-180 + turns, 10}}}));
+    EXPECT_NEAR(feature(1).First.AsDouble(), expected, 1e-6) << turns;
+    EXPECT_NEAR(feature(3).Second.AsDouble(), 5.0, 0.001) << turns;
+    EXPECT_NEAR(std::remainder(feature(5).First.AsDouble(), 360.0), 0.0, 1e-9) << turns;
+  }
+  Feature closed(Geographic, *PolylineOf({{{-180, 0}, {0, 40}, {180, 0}}}));
+  EXPECT_EQ(closed(5).First, Variant(-9999.0));
+  EXPECT_NEAR(Feature(Geographic, *PolylineOf({{{-180, 5}, {180, 5}}}))(1).First.AsDouble(), 0.0, 1e-6);
+}
+
+TEST(Warnings, NameWhatAValueCantMean) {
+  using enum MeasureWarning;
+  const auto bow = PolygonOf({{{0, 0}, {2, 2}, {2, 0}, {0, 3}, {0, 0}}});
+  const auto antipodal = PolylineOf({{{0, 0}, {179.7, 0.3}}});
+  const struct {
+    const char* name;
+    GeometryRef shape;
+    double minor;
+    std::int32_t id;
+    std::vector<MeasureWarning> warnings;
+  } rows[] = {
+      {"plain", PolygonOf({Box(10, 40, 11, 41)}), kMinor, 1, {}},
+      {"wide", PolygonOf({Box(-100, 40, 100, 41)}), kMinor, 1, {WideRing}},
+      {"wide, but its perimeter is asked for", PolygonOf({Box(-100, 40, 100, 41)}), kMinor, 3, {}},
+      {"bow", bow, kMinor, 3, {OneLobe}},
+      {"bow by its area", bow, kMinor, 1, {}},
+      {"Saturn", PolygonOf({Box(10, 40, 11, 41)}), kMajor * 0.902, 1, {FlattenedSphere}},
+      {"Saturn's true area", PolygonOf({Box(10, 40, 11, 41)}), kMajor * 0.902, 6, {}},
+      {"antipodal length", antipodal, kMinor, 1, {NotConverged}},
+      {"antipodal azimuth", antipodal, kMinor, 6, {NotConverged}},
+      {"antipodal count", antipodal, kMinor, 8, {}},
+      {"far, but not antipodal", PolylineOf({{{0, 0}, {170, 10}}}), kMinor, 1, {}},
+  };
+  for (const auto& row : rows) {
+    Feature feature(Geographic, *row.shape, row.minor);
+    static_cast<void>(feature(row.id));
+    EXPECT_EQ(feature.Warnings(), row.warnings) << row.name;
+    for (const MeasureWarning warning : row.warnings) EXPECT_FALSE(WarningText(warning).empty());
+  }
+}
+
+}  // namespace
+}  // namespace tessarine

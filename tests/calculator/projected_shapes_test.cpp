@@ -1,0 +1,262 @@
+// A polygon in a projection has the geodesic measures of the same polygon in longitude and latitude.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <map>
+#include <numbers>
+
+#include "calculator/geometry_options.h"
+#include "calculator/measures.h"
+#include "engine/data_source.h"
+#include "geodesy/MyGeometricOperations.h"
+#include "helpers/shapes.h"
+
+namespace tessarine {
+namespace {
+
+using namespace testing;
+using enum SpatialKind;
+namespace geodesy = MyGeometricOperations;
+
+SpatialReferenceRef Reference(const std::string& text) { return SpatialReferenceEnvironment::CreateFromText(text); }
+
+// The bundled countries by name.
+const std::map<std::string, std::shared_ptr<Polygon>>& Countries() {
+  static const auto countries = [] {
+    std::map<std::string, std::shared_ptr<Polygon>> result;
+    const auto source = DataSource::Open(TESSARINE_TEST_DATA "/countries.shp", false);
+    const auto features = source->OpenFeatureClass("");
+    const std::int32_t name = features->FindField("NAME");
+    const auto cursor = features->Search(nullptr, false);
+    while (const auto feature = cursor->NextFeature()) {
+      result[feature->Value(name).AsText()] = Cast<Polygon>(feature->ShapeCopy());
+    }
+    return result;
+  }();
+  return countries;
+}
+
+constexpr XY kNoCentroid{-9999.0, -9999.0};
+
+struct Values {
+  double spherical_area, perimeter, spheroidal_area;
+  XY centroid;
+};
+
+double ValueOf(MeasureRecord& record, std::int32_t id) {
+  const MeasureSettings& settings = record.Settings();
+  return Measure(*FindMeasure(settings.Shape, settings.Kind, id), record).First.AsDouble();
+}
+
+XY PositionOf(MeasureRecord& record, std::int32_t id) {
+  const MeasureSettings& settings = record.Settings();
+  const MeasuredValues values = Measure(*FindMeasure(settings.Shape, settings.Kind, id), record);
+  return {values.First.AsDouble(), values.Second.AsDouble()};
+}
+
+MeasureSettings SettingsOf(const SpatialReferenceRef& reference, esriGeometryType shape = esriGeometryPolygon) {
+  const auto spheroid = geodesy::DegreesOf(reference)->Datum()->Spheroid();
+  return {shape, SpatialKindOf(reference), reference, spheroid->SemiMajorAxis(), spheroid->SemiMinorAxis(), false};
+}
+
+Values MeasuresOf(const std::shared_ptr<Polygon>& polygon) {
+  MeasureSettings settings = SettingsOf(polygon->SpatialReference());
+  const auto record = BeginRecord(CloneOf(*polygon), settings);
+  if (settings.Kind == Geographic) {
+    return {ValueOf(*record, 1), ValueOf(*record, 3), ValueOf(*record, 6), PositionOf(*record, 2)};
+  }
+  const XY centroid = PositionOf(*record, 4);
+  return {ValueOf(*record, 2), ValueOf(*record, 6), ValueOf(*record, 9),
+          centroid == kNoCentroid ? centroid : geodesy::ToDegrees(centroid, settings.Reference)};
+}
+
+double Apart(XY a, XY b) {
+  const double across = std::remainder(a.x - b.x, 360.0) * std::cos(b.y * std::numbers::pi / 180.0);
+  return std::hypot(across, a.y - b.y);
+}
+
+void ExpectSame(const Values& projected, const Values& geographic) {
+  EXPECT_NEAR(projected.spherical_area / geographic.spherical_area, 1.0, 1e-6);
+  EXPECT_NEAR(projected.perimeter / geographic.perimeter, 1.0, 1e-6);
+  EXPECT_NEAR(projected.spheroidal_area / geographic.spheroidal_area, 1.0, 1e-6);
+  EXPECT_LT(Apart(projected.centroid, geographic.centroid), 1e-6);
+}
+
+// The shape in the geographic reference beneath a projection, so that no shift of datum comes in, and in it.
+void ExpectSameInBoth(const Polygon& shape, const std::string& projection) {
+  const SpatialReferenceRef reference = Reference(projection);
+  const auto geographic = CloneOf(shape);
+  geographic->SetSpatialReference(geodesy::DegreesOf(reference));
+  const auto projected = CloneOf(*geographic);
+  projected->Project(reference);
+  ExpectSame(MeasuresOf(projected), MeasuresOf(geographic));
+}
+
+TEST(ProjectedShapes, CountriesMeasureAsInLongitudeAndLatitude) {
+  const std::vector<std::string> world = {"Russia", "Fiji", "Kenya", "South Africa", "New Zealand", "Norway", "Brazil"};
+  struct Row {
+    const char* projection;
+    std::vector<std::string> countries;
+  };
+  std::vector<Row> rows = {
+      {"EPSG:3031", {"Antarctica", "Chile", "New Zealand"}},
+      {"EPSG:3995", {"Greenland", "Russia", "Canada", "Norway"}},
+      {"EPSG:3338", {"Canada", "United States of America", "Russia"}},
+      {"EPSG:27572", {"Belgium", "Switzerland"}},
+      {"EPSG:3413", {"Greenland", "Russia", "Canada"}},
+      {"EPSG:3572", {"Russia", "Canada"}},
+      {"EPSG:32661", {"Greenland", "Russia"}},
+      {"EPSG:32761", {"Antarctica"}},
+      {"EPSG:3035", {"Norway", "Poland", "Italy"}},
+      {"EPSG:3577", {"Australia"}},
+      {"EPSG:2193", {"New Zealand"}},
+      {"EPSG:32701", {"Fiji"}},
+      {"EPSG:2154", {"Belgium", "Switzerland"}},
+      {"EPSG:3979", {"Canada"}},
+      {"ESRI:102003", {"United States of America", "Mexico"}},
+      {"EPSG:5514", {"Czechia", "Slovakia"}},
+      {"EPSG:2048", {"South Africa"}},
+  };
+  for (const char* projection : {"EPSG:3832", "EPSG:3857", "EPSG:3395", "EPSG:6933", "EPSG:8857", "ESRI:54030",
+                                 "ESRI:54009", "ESRI:54012", "ESRI:54032", "EPSG:3410"}) {
+    rows.push_back({projection, world});
+  }
+  for (const Row& row : rows) {
+    for (const std::string& name : row.countries) {
+      SCOPED_TRACE(name + " in " + row.projection);
+      ASSERT_TRUE(Countries().contains(name));
+      ExpectSameInBoth(*Countries().at(name), row.projection);
+    }
+  }
+}
+
+// Shapes that a projection tears, with their vertices so close that the map's edges and the globe's agree.
+std::vector<XY> Dense(const std::vector<XY>& corners, double step) {
+  std::vector<XY> ring;
+  for (std::size_t index = 0; index + 1 < corners.size(); ++index) {
+    const XY from = corners[index], to = corners[index + 1];
+    const int pieces = std::max(1, static_cast<int>(std::hypot(to.x - from.x, to.y - from.y) / step));
+    for (int piece = 0; piece < pieces; ++piece) {
+      ring.push_back({from.x + (to.x - from.x) * piece / pieces, from.y + (to.y - from.y) * piece / pieces});
+    }
+  }
+  ring.push_back(ring.front());
+  return ring;
+}
+
+TEST(ProjectedShapes, ShapesOverTheEdge) {
+  struct Row {
+    const char* name;
+    std::shared_ptr<Polygon> shape;
+    const char* projection;
+  };
+  const Row rows[] = {
+      {"a box in Alaska over 180", PolygonOf({Dense(Box(170, 55, 200, 65), 1)}), "EPSG:3338"},
+      {"a box over the edge of a world map", PolygonOf({Dense(Box(-40, -5, -20, 5), 1)}), "EPSG:3832"},
+      {"its hole over the edge too", PolygonOf({Dense(Box(-40, -5, -20, 5), 1), Dense(Box(-33, -2, -27, 2, false), 1)}),
+       "EPSG:3832"},
+      {"its hole beyond the edge", PolygonOf({Dense(Box(-40, -5, -20, 5), 1), Dense(Box(-28, -2, -22, 2, false), 1)}),
+       "EPSG:3832"},
+      {"a cap", PolygonOf({Dense(Box(-180, -90, 180, -70), 1)}), "EPSG:3031"},
+      {"a cap with a hole", PolygonOf({Dense(Box(-180, -90, 180, -60), 1), Dense(Box(20, -75, 60, -70, false), 1)}),
+       "EPSG:3031"},
+      {"a sector from the pole", PolygonOf({Dense({{60, 80}, {60, 90}, {120, 90}, {120, 80}, {60, 80}}, 1)}),
+       "EPSG:3995"},
+      {"the globe to 80 degrees", PolygonOf({Dense(Box(-180, -60, 180, 80), 2)}), "EPSG:3857"},
+  };
+  for (const Row& row : rows) {
+    SCOPED_TRACE(row.name);
+    ExpectSameInBoth(*row.shape, row.projection);
+  }
+}
+
+// Circles about the pole on the map, by the area of a spherical cap or zone. Which way they run doesn't matter.
+TEST(ProjectedShapes, RingsRoundThePoleOfTheMap) {
+  const SpatialReferenceRef reference = Reference("EPSG:3031");
+  const auto circle = [&](double latitude, bool clockwise) {
+    std::vector<XY> ring;
+    for (int step = 0; step <= 720; ++step) {
+      const double longitude = (clockwise ? 0.5 : -0.5) * (step % 720);
+      ring.push_back(geodesy::FromDegrees({std::remainder(longitude, 360.0), latitude}, reference));
+    }
+    return ring;
+  };
+  const double radius = 6371007.0, to_radians = std::numbers::pi / 180.0;
+  const auto cap = [&](double latitude) {
+    return 2.0 * std::numbers::pi * radius * radius * (1.0 - std::sin(latitude * to_radians));
+  };
+  for (const bool clockwise : {true, false}) {
+    const auto whole = PolygonOf({circle(-70, clockwise)});
+    whole->SetSpatialReference(reference);
+    EXPECT_NEAR(MeasuresOf(whole).spheroidal_area / cap(70), 1.0, 0.01) << clockwise;
+    EXPECT_NEAR(MeasuresOf(whole).spherical_area / cap(70), 1.0, 1e-4) << clockwise;
+    // The centre of so large a shape is a rough one.
+    EXPECT_LT(Apart(MeasuresOf(whole).centroid, {0, -90}), 0.2) << clockwise;
+    const auto zone = PolygonOf({circle(-70, clockwise), circle(-80, !clockwise)});
+    zone->SetSpatialReference(reference);
+    EXPECT_NEAR(MeasuresOf(zone).spherical_area / (cap(70) - cap(80)), 1.0, 1e-4) << clockwise;
+  }
+}
+
+// Grads and radians are another way to write degrees.
+TEST(OtherAngularUnits, MeasureAsDegrees) {
+  const std::string head =
+      "GEOGCS[\"Somewhere\",DATUM[\"Somewhere\",SPHEROID[\"Clarke 1880 (IGN)\",6378249.2,293.466021293627]],"
+      "PRIMEM[\"Greenwich\",0],";
+  struct Row {
+    const char* name;
+    SpatialReferenceRef reference;
+    double unit;  // in degrees
+  };
+  const Row rows[] = {
+      {"grads from Paris", Reference("EPSG:4807"), 0.9},
+      {"radians", Reference(head + "UNIT[\"radian\",1]]"), 180.0 / std::numbers::pi},
+  };
+  for (const Row& row : rows) {
+    SCOPED_TRACE(row.name);
+    const auto in_unit = [&](const IGeometry& shape) {
+      auto copy = Cast<PartedShape>(GeometryRef(CloneOf(shape)));
+      for (const auto& part : copy->Parts()) {
+        for (std::int32_t index = 0; index < part->PointCount(); ++index) {
+          part->UpdatePoint(index, {part->Point(index).x / row.unit, part->Point(index).y / row.unit});
+        }
+      }
+      copy->SetSpatialReference(row.reference);
+      return copy;
+    };
+    const auto degrees = PolygonOf({Box(1, 45, 3, 47), Box(1.5, 45.5, 2.5, 46.5, false)});
+    degrees->SetSpatialReference(geodesy::DegreesOf(row.reference));
+    const Values expected = MeasuresOf(degrees);
+    const Values values = MeasuresOf(Cast<Polygon>(GeometryRef(in_unit(*degrees))));
+    EXPECT_NEAR(values.spherical_area / expected.spherical_area, 1.0, 1e-9);
+    EXPECT_NEAR(values.perimeter / expected.perimeter, 1.0, 1e-9);
+    EXPECT_NEAR(values.spheroidal_area / expected.spheroidal_area, 1.0, 1e-9);
+    // Positions come back in the unit of the data.
+    EXPECT_NEAR(values.centroid.x * row.unit, expected.centroid.x, 1e-9);
+    EXPECT_NEAR(values.centroid.y * row.unit, expected.centroid.y, 1e-9);
+
+    const auto line = PolylineOf({{{1, 45}, {2, 46}, {5, 44}}});
+    line->SetSpatialReference(geodesy::DegreesOf(row.reference));
+    MeasureSettings in_degrees = SettingsOf(line->SpatialReference(), esriGeometryPolyline);
+    MeasureSettings in_units = SettingsOf(row.reference, esriGeometryPolyline);
+    const auto first = BeginRecord(CloneOf(*line), in_degrees), second = BeginRecord(in_unit(*line), in_units);
+    EXPECT_NEAR(ValueOf(*second, 1) / ValueOf(*first, 1), 1.0, 1e-10);
+    EXPECT_NEAR(PositionOf(*second, 3).x * row.unit, PositionOf(*first, 3).x, 1e-9);
+    EXPECT_NEAR(ValueOf(*second, 5), ValueOf(*first, 5), 1e-7);
+    EXPECT_EQ(PositionOf(*second, 2), (XY{1 / row.unit, 45 / row.unit}));
+  }
+}
+
+// EPSG:27572 is defined on a reference in grads; longitudes and latitudes are degrees all the same.
+TEST(OtherAngularUnits, AProjectionOverGradsGivesDegrees) {
+  const SpatialReferenceRef lambert = Reference("EPSG:27572");
+  EXPECT_NEAR(geodesy::ToDegrees({600000, 2200000}, lambert).x, 0.0, 1e-9);
+  EXPECT_NEAR(geodesy::ToDegrees({600000, 2200000}, lambert).y, 46.8, 1e-9);
+  const auto geographic = geodesy::DegreesOf(lambert);
+  EXPECT_EQ(geographic->PrimeMeridian().Name, "Paris");
+  EXPECT_NEAR(geographic->PrimeMeridian().Longitude, 2.33722917, 1e-8);
+}
+
+}  // namespace
+}  // namespace tessarine
