@@ -1,9 +1,11 @@
 #include "outputs/way_out.h"
 
+#include <sys/resource.h>
 #include <sys/statvfs.h>
 #include <unistd.h>
 
 #include <filesystem>
+#include <optional>
 
 namespace tessarine {
 namespace {
@@ -16,6 +18,12 @@ bool DiskIsFull(const fs::path& folder) {
   struct statvfs disk {};
   if (statvfs(folder.c_str(), &disk) != 0) return false;
   return static_cast<std::uintmax_t>(disk.f_bavail) * disk.f_frsize < kLeastRoom;
+}
+
+std::optional<std::uintmax_t> FileSizeLimit() {
+  struct rlimit limit {};
+  if (getrlimit(RLIMIT_FSIZE, &limit) != 0 || limit.rlim_cur == RLIM_INFINITY) return std::nullopt;
+  return limit.rlim_cur;
 }
 
 bool MayWrite(const fs::path& path) {
@@ -34,6 +42,9 @@ std::string WayOut(const std::string& path, const std::string& complaint) {
     return ": a coordinate lies outside of the range that the output was made for.";
   }
   if (complaint.find("locked") != std::string::npos) return ": another program holds it; close it there.";
+  if (const auto limit = FileSizeLimit()) {
+    return ": files may not grow beyond " + std::to_string(*limit) + " bytes here (ulimit -f).";
+  }
   return ".";
 }
 

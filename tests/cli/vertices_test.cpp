@@ -281,10 +281,10 @@ TEST_F(Vertices, WithoutRoomTheReportTellsWhatIsOnTheDisk) {
     const ProgramOutcome run = RunWithoutRoom(
         {"vertices", Data("countries.shp"), "-o", path.string(), "-q", "--report", In("r.json")}, 200'000);
     EXPECT_EQ(run.status, 1) << name;
-    EXPECT_THAT(run.err, HasSubstr("check the room on the disk")) << name;
+    EXPECT_THAT(run.err, HasSubstr("(ulimit -f)")) << name;
     const json report = json::parse(ReadFile(In("r.json")));
     EXPECT_EQ(report["outcome"], "failed") << name;
-    EXPECT_THAT(report["failure"].get<std::string>(), HasSubstr("check the room on the disk"));
+    EXPECT_THAT(report["failure"].get<std::string>(), HasSubstr("(ulimit -f)"));
     EXPECT_THAT(report["report"].get<std::string>(), HasSubstr("!!!  Shapes to Vertices Failed  !!!"));
     std::int64_t readable = 0;
     if (const auto output = OpenData(shapefile ? path.string() : path.parent_path().string())) {
