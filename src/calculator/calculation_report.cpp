@@ -44,6 +44,9 @@ constexpr std::string_view kFaultConsequence =
     "Values of these features that could not be calculated are set to -9999, or left null where a measure has no such "
     "mark.";
 
+constexpr std::string_view kCopyConsequence =
+    "These records could not be copied as they are: they are without their shapes, or not in the copy at all.";
+
 std::string SpheroidLines(const CalculationFacts& facts) {
   const auto radius = [](double value) { return MyGeneralOperations::TrimZerosAndDecimals(value, false); };
   return "  ** Spheroid Name: " + EscapeRtf(facts.spheroid_name) + "\\par\r\n" +
@@ -101,12 +104,21 @@ std::string CalculationReport(const CalculationFacts& facts) {
                 facts);
 }
 
+std::string CopySections(const RunJournal& notes, const std::string& layer_name) {
+  return ProblemSections(notes, layer_name, kCopyConsequence);
+}
+
+std::string NoCopyLine() { return "\\b Nothing of the copy is kept.\\b0\\par\r\n" + std::string(kRule); }
+
 std::string PlannedCalculation(const CalculationFacts& facts, const std::string& new_fields,
                                const std::string& overwritten_fields) {
   const auto listed = [](const std::string& names) { return names.empty() ? std::string("none") : EscapeRtf(names); };
+  std::string foretold = facts.foretold.empty() ? "" : std::string(kRule) + "The Copy:\\b0\\par\r\n";
+  for (const std::string& sentence : facts.foretold) foretold += "  ** " + EscapeRtf(sentence) + "\\par\r\n";
   return Filled(std::string(kHeader) + "Geometry Calculation, planned only: nothing was written" + std::string(kInput) +
-                    SpheroidLines(facts) + std::string(kRule) + "Fields:\\b0\\par\r\n" + "  ** New: " +
-                    listed(new_fields) + "\\par\r\n" + "  ** Overwritten: " + listed(overwritten_fields) + "\\par\r\n}",
+                    SpheroidLines(facts) + std::string(kRule) + "Fields:\\b0\\par\r\n" +
+                    "  ** New: " + listed(new_fields) + "\\par\r\n" +
+                    "  ** Overwritten: " + listed(overwritten_fields) + "\\par\r\n" + foretold + "}",
                 facts);
 }
 

@@ -23,6 +23,7 @@ struct CalculationFacts {
   double semi_major = 0.0, semi_minor = 0.0;
   bool geocentric = false;
   std::string_view outcome = "Successful";
+  std::vector<std::string> foretold;  ///< of a copy: what its format can't keep, sentence by sentence
 };
 
 /// The numbered lines "label: field name" of the chosen measures.
@@ -31,6 +32,10 @@ struct CalculationFacts {
 [[nodiscard]] bool HasSlowMeasure(std::span<const OptionEntry> entries, esriGeometryType shape, SpatialKind kind);
 
 [[nodiscard]] std::string CalculationReport(const CalculationFacts& facts);
+/// What a run tells of the copy that it worked on: what was noted while its records were copied; empty without any.
+[[nodiscard]] std::string CopySections(const RunJournal& notes, const std::string& layer_name);
+/// That nothing of the copy is kept, since the run ended this way before it was whole.
+[[nodiscard]] std::string NoCopyLine();
 /// What stands in place of it before anything is written.
 [[nodiscard]] std::string PlannedCalculation(const CalculationFacts& facts, const std::string& new_fields,
                                              const std::string& overwritten_fields);

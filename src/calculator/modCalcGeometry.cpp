@@ -3,8 +3,10 @@
 #include "calculator/calculation_report.h"
 #include "calculator/result_fields.h"
 #include "platform/host.h"
+#include "platform/paths.h"
 #include "platform/rich_text.h"
 #include "platform/run_scope.h"
+#include "platform/run_stop.h"
 #include "support/MyGeneralOperations.h"
 #include "support/dataset_names.h"
 #include "support/elapsed_time.h"
@@ -93,6 +95,33 @@ std::string Refused(const std::string& report) {
   return report;
 }
 
+std::string GiveUp(IStagedDataset& copy) {
+  copy.Discard();
+  Host().Journal().written = 0;
+  return NoCopyLine();
+}
+
+// A class that was made for this run takes its place now, with what was done until a stop; that of a run that failed
+// is given up. Returns what the report tells of it.
+std::string SettleCopy(const std::shared_ptr<IFeatureClass>& features, const std::string& layer_name) {
+  const auto copy = Cast<IStagedDataset>(features);
+  if (!copy) return "";
+  RunJournal& journal = Host().Journal();
+  if (journal.failed) return GiveUp(*copy);
+  try {
+    if (!UnlessStopped([&] { MyGeneralOperations::PublishOutput(*features, {}); })) {
+      journal.stopped = true;
+      return GiveUp(*copy);
+    }
+  } catch (const Fault& fault) {
+    journal.Fail(fault.Description());
+    return FailureSection(fault) + GiveUp(*copy);
+  }
+  if (copy->Notes() == nullptr) return "";
+  journal.written = copy->Notes()->written;
+  return CopySections(*copy->Notes(), layer_name);
+}
+
 std::string Calculate(const std::shared_ptr<VarArray>& carrier, const std::shared_ptr<IApplication>& application,
                       RunScope& scope) {
   const GeometryOptions options(carrier);
@@ -117,11 +146,17 @@ std::string Calculate(const std::shared_ptr<VarArray>& carrier, const std::share
   const bool slow = HasSlowMeasure(entries, features->ShapeType(), SpatialKindOf(features->SpatialReference()));
   const bool show_progress = facts.record_count > kLongRun || (slow && facts.record_count >= kLongSlowRun);
   RunJournal& journal = scope.Journal();
-  journal.output_path = features->FullName();
+  if (!Is<IStagedDataset>(features)) journal.output_path = features->FullName();
   journal.reference = features->SpatialReference();
   if (facts.semi_major > 0.0) journal.spheroid = RunSpheroid{facts.spheroid_name, facts.semi_major, facts.semi_minor};
-  facts.problem_report = RunShape(carrier, application, indexes, facts.record_count, show_progress);
+  const bool finished = UnlessStopped(
+      [&] { facts.problem_report = RunShape(carrier, application, indexes, facts.record_count, show_progress); });
+  if (!finished) {
+    journal.stopped = true;
+    facts.problem_report = StoppedProblemReport(journal, layer_name, static_cast<std::int32_t>(journal.read));
+  }
   if (edit) edit->Finish();
+  facts.problem_report += SettleCopy(features, layer_name);
   RefreshTableWindow(application, options.Layer());
   scope.End();
   facts.outcome = OutcomeTitle(journal);
@@ -152,12 +187,24 @@ std::string PlanGeometry(const std::shared_ptr<VarArray>& carrier, const std::sh
     journal.output_path = FeaturesOf(options)->FullName();
     journal.reference = FeaturesOf(options)->SpatialReference();
     std::string missing, present;
-    for (const std::string& name : FieldNamesInUse(options.Options(), options.UseFlags())) {
+    const std::vector<std::string> names = FieldNamesInUse(options.Options(), options.UseFlags());
+    for (const std::string& name : names) {
       journal.planned_fields.push_back(name);
       std::string& list = FeaturesOf(options)->FindField(name) < 0 ? missing : present;
       list += (list.empty() ? "" : ", ") + name;
     }
-    return PlannedCalculation(GatherFacts(options), missing, present);
+    CalculationFacts facts = GatherFacts(options);
+    if (const auto copy = Cast<IStagedDataset>(FeaturesOf(options))) {
+      // It is only there to be tried on.
+      if (const auto failed = MakeMissingFields(*FeaturesOf(options), names)) {
+        return Refused(FieldNotAddedReport(failed->name, facts.layer_name) + " " + failed->cause);
+      }
+      if (copy->Notes() != nullptr) journal.TakeNotes(*copy->Notes());
+      facts.foretold = copy->Foretold();
+      facts.foretold.insert(facts.foretold.begin(), "It is written to '" + ToNativePath(journal.output_path) + "'.");
+      for (const std::string& question : journal.planned_questions) facts.foretold.push_back(question);
+    }
+    return PlannedCalculation(facts, missing, present);
   });
 }
 

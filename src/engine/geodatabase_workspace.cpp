@@ -7,6 +7,7 @@
 #include "engine/engine_fault.h"
 #include "engine/filegdb_edit.h"
 #include "engine/filegdb_grid.h"
+#include "engine/geodatabase_class.h"
 #include "engine/ogr_class.h"
 #include "engine/srs_from_gdal.h"
 #include "engine/staged_class.h"
@@ -83,14 +84,14 @@ std::optional<NewGrid> GridOfDataset(const std::string& path, const std::string&
 
 // The classes of a dataset share a grid; else it is made for the coordinates that come.
 std::optional<NewGrid> GridOfNewClass(const std::string& path, const std::string& dataset_name,
-                                      const GeometryDef& shape) {
+                                      const SpatialReferenceRef& reference, const Envelope& extent) {
   if (!dataset_name.empty()) {
     if (const auto grid = GridOfDataset(path, dataset_name)) return grid;
   }
   GridUnit unit = GridUnit::kUnknown;
-  if (Is<GeographicCoordinateSystem>(shape.SpatialReference)) unit = GridUnit::kDegrees;
-  if (Is<ProjectedCoordinateSystem>(shape.SpatialReference)) unit = GridUnit::kLength;
-  return GridFor(shape.Extent, unit);
+  if (Is<GeographicCoordinateSystem>(reference)) unit = GridUnit::kDegrees;
+  if (Is<ProjectedCoordinateSystem>(reference)) unit = GridUnit::kLength;
+  return GridFor(extent, unit);
 }
 
 void AddGrid(const NewGrid& grid, CPLStringList& options) {
@@ -98,20 +99,6 @@ void AddGrid(const NewGrid& grid, CPLStringList& options) {
   options.SetNameValue("YORIGIN", ExactNumberText(grid.grid.y_origin).c_str());
   options.SetNameValue("XYSCALE", ExactNumberText(grid.grid.xy_scale).c_str());
   options.SetNameValue("XYTOLERANCE", ExactNumberText(grid.xy_tolerance).c_str());
-}
-
-std::string CreateClass(const std::string& path, const std::string& dataset_name, const NewClass& request) {
-  const std::optional<NewGrid> grid = GridOfNewClass(path, dataset_name, ShapeDefinition(request));
-  const DatasetHandle dataset = OpenDataset(path, true);
-  RequireFreeName(*dataset, path, request.name);
-  CPLStringList options;
-  options.SetNameValue("GEOMETRY_NAME", request.shape_field.c_str());
-  for (const FieldRef& field : *request.fields) {
-    if (field->Type == esriFieldTypeOID) options.SetNameValue("FID", field->Name.c_str());
-  }
-  if (!dataset_name.empty()) options.SetNameValue("FEATURE_DATASET", dataset_name.c_str());
-  if (grid) AddGrid(*grid, options);
-  return CreateLayer(*dataset, request, options, false);
 }
 
 void MakeGeodatabase(const std::string& folder, const std::string& shown_path) {
@@ -135,22 +122,18 @@ struct PlaceOfClasses {
 // The new class, and the geodatabase where that isn't there yet, appear when the class is published.
 std::shared_ptr<IFeatureClass> CreateInGeodatabase(const PlaceOfClasses& place, const std::string& name,
                                                    const FieldsRef& fields, const std::string& shape_field) {
-  RequireWritableFolder(fs::absolute(place.path).parent_path().string());
-  std::shared_ptr<FileGdbEdit> edit = FileGdbEdit::Begin(place.path);
-  try {
-    if (!fs::exists(edit->Folder())) {
-      MakeGeodatabase(edit->Folder(), place.path);
-      edit->OwnCatalogue();
+  const NewClass request{name, fields.get(), shape_field};
+  const GeometryDef& shape = ShapeDefinition(request);
+  const bool replaces = place.replaced->erase(LowerCase(name)) > 0;
+  const GeodatabasePlace target{place.path, place.dataset, name, replaces, shape.SpatialReference, shape.Extent};
+  NewGeodatabaseClass made = MakeInGeodatabase(target, [&](GDALDataset& dataset, CPLStringList options) {
+    options.SetNameValue("GEOMETRY_NAME", shape_field.c_str());
+    for (const FieldRef& field : *fields) {
+      if (field->Type == esriFieldTypeOID) options.SetNameValue("FID", field->Name.c_str());
     }
-    if (place.replaced->erase(LowerCase(name)) > 0) DataSource::Open(place.path, false)->OpenTable(name)->Delete();
-    std::string stored = place.dataset.empty() ? "" : StoredDatasetName(place.path, place.dataset);
-    if (stored.empty()) stored = place.dataset;
-    const std::string made = CreateClass(place.path, stored, {name, fields.get(), shape_field});
-    return std::make_shared<StagedGeodatabaseClass>(place.path, made, edit);
-  } catch (...) {
-    edit->Abandon();
-    throw;
-  }
+    return CreateLayer(dataset, request, std::move(options), false);
+  });
+  return std::make_shared<StagedGeodatabaseClass>(place.path, made.name, made.edit);
 }
 
 class GeodatabaseDataset final : public IFeatureDataset {
@@ -288,6 +271,31 @@ class GeodatabaseFactory final : public IWorkspaceFactory {
 };
 
 }  // namespace
+
+engine::NewGeodatabaseClass engine::MakeInGeodatabase(const GeodatabasePlace& place, const LayerMaker& make) {
+  RequireWritableFolder(fs::absolute(place.path).parent_path().string());
+  NewGeodatabaseClass made{FileGdbEdit::Begin(place.path), ""};
+  try {
+    if (!fs::exists(made.edit->Folder())) {
+      MakeGeodatabase(made.edit->Folder(), place.path);
+      made.edit->OwnCatalogue();
+    }
+    if (place.replaces) DataSource::Open(place.path, false)->OpenTable(place.name)->Delete();
+    std::string stored = place.dataset.empty() ? "" : StoredDatasetName(place.path, place.dataset);
+    if (stored.empty()) stored = place.dataset;
+    const std::optional<NewGrid> grid = GridOfNewClass(place.path, stored, place.reference, place.extent);
+    const DatasetHandle dataset = OpenDataset(place.path, true);
+    RequireFreeName(*dataset, place.path, place.name);
+    CPLStringList options;
+    if (!stored.empty()) options.SetNameValue("FEATURE_DATASET", stored.c_str());
+    if (grid) AddGrid(*grid, options);
+    made.name = make(*dataset, options);
+    return made;
+  } catch (...) {
+    made.edit->Abandon();
+    throw;
+  }
+}
 
 std::shared_ptr<IWorkspaceFactory> CreateFileGDBWorkspaceFactory() {
   return std::make_shared<GeodatabaseFactory<FileGeodatabase>>(".gdb");

@@ -233,11 +233,12 @@ bool OgrClass::CanBypassEditSession() const {
   if (std::ranges::find(kChangedInPlace, driver_) == std::end(kChangedInPlace)) return false;
   // SQLite opens a file for writing also where that isn't allowed.
   std::error_code error;
-  if (fs::exists(source_->Path(), error) && access(source_->Path().c_str(), W_OK) != 0) return false;
+  const std::string& path = source_->DataPath();
+  if (fs::exists(path, error) && access(path.c_str(), W_OK) != 0) return false;
   const GdalErrorScope quiet;
   try {
     // Nothing is changed; so the geodatabase itself may be looked at.
-    const DatasetHandle dataset = OpenDatasetAt(PlaceOfData(source_->Path()), true);
+    const DatasetHandle dataset = OpenDatasetAt(PlaceOfData(path), true);
     OGRLayer* layer = dataset->GetLayerByName(source_->LayerName().c_str());
     return layer != nullptr && layer->TestCapability(OLCRandomWrite) != 0;
   } catch (const Fault&) {

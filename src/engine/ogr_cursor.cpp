@@ -140,7 +140,8 @@ std::int64_t InsertingCursor::InsertRow(const IRowBuffer& buffer) {
   row->Rebind(*layer.GetLayerDefn());
   row->StoreShape();
   OGRFeature& feature = row->Feature();
-  feature.SetFID(OGRNullFID);
+  if (!keeps_identifiers_) feature.SetFID(OGRNullFID);
+  const std::int64_t kept = feature.GetFID();
   if (grid_) RequireOnGrid(*grid_, feature, owner_->Name());
   const GdalErrorScope errors;
   if (transactions_ && !in_transaction_) in_transaction_ = layer.StartTransaction() == OGRERR_NONE;
@@ -151,7 +152,8 @@ std::int64_t InsertingCursor::InsertRow(const IRowBuffer& buffer) {
   }
   exponents_.PutBack(feature);
   ++since_commit_;
-  return feature.GetFID();
+  // Some drivers take 0 for none.
+  return keeps_identifiers_ ? kept : feature.GetFID();
 }
 
 void InsertingCursor::Flush() {

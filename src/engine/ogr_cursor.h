@@ -30,9 +30,10 @@ class ReadingCursor : public IFeatureCursor {
   void Flush() override {}
   void Close() override;
 
- protected:
   /// The next row that belongs to the class and meets the filter.
   [[nodiscard]] virtual OgrFeatureHandle NextOgr();
+
+ protected:
   [[nodiscard]] const std::shared_ptr<OgrClass>& Owner() const { return owner_; }
   [[nodiscard]] LayerHandle& Handle() { return handle_; }
 
@@ -62,7 +63,6 @@ class UpdatingCursor final : public ReadingCursor {
   void Flush() override;
   void Close() override;
 
- protected:
   [[nodiscard]] OgrFeatureHandle NextOgr() override;
 
  private:
@@ -96,11 +96,17 @@ class InsertingCursor final : public IFeatureCursor {
   void Flush() override;
   void Close() override;
 
+  /// From here on rows keep the identifiers that they come with.
+  void KeepIdentifiers() { keeps_identifiers_ = true; }
+  /// The layout that rows are written in.
+  [[nodiscard]] OGRFeatureDefn& Definition() { return *handle_.Layer().GetLayerDefn(); }
+
  private:
   void Commit();
 
   std::shared_ptr<OgrClass> owner_;
   LayerHandle handle_;
+  bool keeps_identifiers_ = false;
   std::optional<GdbGrid> grid_;  ///< of a class of a file geodatabase
   bool transactions_;
   bool in_transaction_ = false;

@@ -11,7 +11,7 @@
 namespace tessarine::engine {
 
 /// Bears the names of its place from the start, so that every message tells of the place that the user named.
-class StagedFeatureClass final : public OgrFeatureClass, public IStagedDataset {
+class StagedFeatureClass : public OgrFeatureClass, public IStagedDataset {
  public:
   /// The layer was made in `staged`.
   StagedFeatureClass(std::unique_ptr<StagedOutput> staged, const std::string& layer, StagedOutput::Standing standing);
@@ -26,7 +26,7 @@ class StagedFeatureClass final : public OgrFeatureClass, public IStagedDataset {
 
 /// A new class of a file geodatabase. The edit that made it ends with its publication; until then this program alone
 /// sees the class.
-class StagedGeodatabaseClass final : public OgrFeatureClass, public IStagedDataset {
+class StagedGeodatabaseClass : public OgrFeatureClass, public IStagedDataset {
  public:
   StagedGeodatabaseClass(const std::string& geodatabase, const std::string& layer, std::shared_ptr<FileGdbEdit> edit);
   ~StagedGeodatabaseClass() override;

@@ -32,6 +32,19 @@ constexpr NameRule kDbaseField{10, true, NameRule::Characters::Any, {}, {}};
 constexpr NameRule kGeodatabaseClass{160, false, NameRule::Characters::Word, kGeodatabaseWords, kGeodatabasePrefixes};
 constexpr NameRule kGeodatabaseField{64, false, NameRule::Characters::Word, kGeodatabaseFieldWords, {}};
 constexpr NameRule kAnyText{1000, true, NameRule::Characters::Any, {}, {}};
+constexpr NameRule kTableField{31, true, NameRule::Characters::Word, {}, {}};
+
+// What a shapefile may consist of, as the programs of the field write it.
+constexpr std::array kShapefileParts = {Words(".shp"), Words(".shx"), Words(".dbf"),    Words(".prj"), Words(".cpg"),
+                                        Words(".sbn"), Words(".sbx"), Words(".qix"),    Words(".qpj"), Words(".qmd"),
+                                        Words(".fbn"), Words(".fbx"), Words(".ain"),    Words(".aih"), Words(".atx"),
+                                        Words(".ixs"), Words(".mxs"), Words(".shp.xml")};
+constexpr std::array kTableParts = {Words(".tab"), Words(".dat"), Words(".map"), Words(".id"), Words(".ind")};
+constexpr std::array kInterchangeParts = {Words(".mif"), Words(".mid")};
+constexpr std::array kGmlParts = {Words(".gml"), Words(".xsd"), Words(".gfs")};
+
+constexpr std::array kUnicodeTable = {Words("ENCODING=UTF-8")};
+constexpr std::array kShapesAsText = {Words("GEOMETRY=AS_WKT")};
 
 constexpr std::array kFormats = {
     Format{.name = "Shapefile",
@@ -42,7 +55,9 @@ constexpr std::array kFormats = {
            .writable = true,
            .updated_in_place = true,
            .class_names = kFileName,
-           .field_names = kDbaseField},
+           .field_names = kDbaseField,
+           .parts = kShapefileParts,
+           .layer_options = kUnicodeTable},
     Format{.name = "File Geodatabase",
            .category = "File Geodatabase Feature Class",
            .ending = ".gdb",
@@ -53,6 +68,8 @@ constexpr std::array kFormats = {
            .writable = true,
            .updated_in_place = true,
            .feature_datasets = true,
+           .keeps_identifiers = true,
+           .multiple_shapes = true,
            .class_names = kGeodatabaseClass,
            .field_names = kGeodatabaseField},
     Format{.name = "Personal Geodatabase",
@@ -71,8 +88,61 @@ constexpr std::array kFormats = {
            .container = true,
            .writable = true,
            .updated_in_place = true,
+           .keeps_identifiers = true,
+           .multiple_shapes = true,
            .class_names = kAnyText,
            .field_names = kAnyText},
+    Format{.name = "GeoJSON",
+           .category = "GeoJSON Feature Class",
+           .ending = ".geojson",
+           .driver = "GeoJSON",
+           .writable = true,
+           .keeps_identifiers = true,
+           .class_names = kFileName,
+           .field_names = kAnyText},
+    Format{.name = "FlatGeobuf",
+           .category = "FlatGeobuf Feature Class",
+           .ending = ".fgb",
+           .driver = "FlatGeobuf",
+           .writable = true,
+           .reorders = true,
+           .needs_shapes = true,
+           .class_names = kFileName,
+           .field_names = kAnyText},
+    Format{.name = "MapInfo Table",
+           .category = "MapInfo File Feature Class",
+           .ending = ".tab",
+           .driver = "MapInfo File",
+           .writable = true,
+           .class_names = kFileName,
+           .field_names = kTableField,
+           .parts = kTableParts,
+           .layer_options = kUnicodeTable},
+    Format{.name = "MapInfo Interchange",
+           .category = "MapInfo File Feature Class",
+           .ending = ".mif",
+           .driver = "MapInfo File",
+           .writable = true,
+           .class_names = kFileName,
+           .field_names = kTableField,
+           .parts = kInterchangeParts,
+           .layer_options = kUnicodeTable},
+    Format{.name = "Comma Separated Values",
+           .category = "CSV Feature Class",
+           .ending = ".csv",
+           .driver = "CSV",
+           .writable = true,
+           .class_names = kFileName,
+           .field_names = kAnyText,
+           .layer_options = kShapesAsText},
+    Format{.name = "Geography Markup Language",
+           .category = "GML Feature Class",
+           .ending = ".gml",
+           .driver = "GML",
+           .writable = true,
+           .class_names = kFileName,
+           .field_names = kAnyText,
+           .parts = kGmlParts},
 };
 
 template <class Test>
@@ -143,6 +213,23 @@ std::string FreeLegalName(const NameRule& rule, const std::string& name,
     candidate = Cut(rule, legal, rule.longest - digits.size()) + digits;
   }
   return candidate;
+}
+
+std::vector<std::string> FreeLegalNames(const NameRule& rule, const std::vector<std::string>& names,
+                                        const std::vector<std::string>& reserved) {
+  std::vector<std::string> given = reserved;
+  const auto taken = [&](const std::string& name) {
+    return std::ranges::any_of(given, [&](const std::string& other) { return EqualsIgnoringCase(other, name); });
+  };
+  std::vector<std::string> legal(names.size());
+  for (std::size_t index = 0; index < names.size(); ++index) {
+    if (LegalName(rule, names[index]) != names[index] || taken(names[index])) continue;
+    given.push_back(legal[index] = names[index]);
+  }
+  for (std::size_t index = 0; index < names.size(); ++index) {
+    if (legal[index].empty()) given.push_back(legal[index] = FreeLegalName(rule, names[index], taken));
+  }
+  return legal;
 }
 
 }  // namespace tessarine

@@ -7,6 +7,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace tessarine {
 
@@ -34,7 +35,13 @@ struct Format {
   bool writable = false;
   bool updated_in_place = false;
   bool feature_datasets = false;
+  bool keeps_identifiers = false;  ///< a new row can be given its identifier
+  bool reorders = false;           ///< rows don't come back in the order in which they were written
+  bool needs_shapes = false;       ///< a row without a shape can't be kept
+  bool multiple_shapes = false;    ///< a class is of single shapes or of multiple ones, never of both
   NameRule class_names, field_names;
+  std::span<const std::string_view> parts = {};          ///< endings of all its files, where it has several
+  std::span<const std::string_view> layer_options = {};  ///< "NAME=VALUE", for the library that makes a class
 };
 
 /// The row of a kind, an ending (of a path, in any case) or a driver; null where there is none.
@@ -48,5 +55,10 @@ struct Format {
 /// The same, with a number where it is taken; the number stays within the longest name.
 [[nodiscard]] std::string FreeLegalName(const NameRule& rule, const std::string& name,
                                         const std::function<bool(const std::string&)>& taken);
+
+/// Names for all of them, each legal and different from the others and from those that are reserved, whatever their
+/// case. Who bears a legal name keeps it, wherever it stands in the list.
+[[nodiscard]] std::vector<std::string> FreeLegalNames(const NameRule& rule, const std::vector<std::string>& names,
+                                                      const std::vector<std::string>& reserved = {});
 
 }  // namespace tessarine

@@ -14,7 +14,9 @@
 #include <fstream>
 #include <functional>
 #include <set>
+#include <span>
 
+#include "outputs/formats.h"
 #include "outputs/way_out.h"
 #include "platform/fault.h"
 #include "platform/text_formats.h"
@@ -31,19 +33,22 @@ constexpr const char* kReadyName = "ready";
 constexpr const char* kNewFolder = "new";
 constexpr const char* kOldFolder = "old";
 
-// What a shapefile may consist of, as the programs of the field write it.
-constexpr std::array<std::string_view, 18> kShapefileEndings = {".shp", ".shx", ".dbf", ".prj", ".cpg", ".sbn",
-                                                                ".sbx", ".qix", ".qpj", ".qmd", ".fbn", ".fbx",
-                                                                ".ain", ".aih", ".atx", ".ixs", ".mxs", ".shp.xml"};
 // What stands beside a file of its whole name.
 constexpr std::array<std::string_view, 4> kCompanions = {"-wal", "-shm", "-journal", ".aux.xml"};
 
-bool IsShapefile(const fs::path& path) {
+using Parts = std::span<const std::string_view>;
+
+// The endings of the files that a data set of this path consists of; none for one of a single file or folder. The table
+// beside a shapefile is a part of it, or a data set of its own, under the same name.
+Parts PartsOf(const fs::path& path) {
   const std::string ending = path.extension().string();
-  return EqualsIgnoringCase(ending, ".shp") || EqualsIgnoringCase(ending, ".dbf");
+  const Format* format = FormatOfPath(EqualsIgnoringCase(ending, ".dbf") ? ".shp" : ending);
+  return format == nullptr ? Parts() : format->parts;
 }
 
-bool BelongsToShapefile(const fs::path& file, const std::string& stem) {
+bool HasParts(const fs::path& path) { return !PartsOf(path).empty(); }
+
+bool BelongsTo(const Parts& parts, const fs::path& file, const std::string& stem) {
   const std::string name = file.filename().string();
   if (name.size() < stem.size() || !EqualsIgnoringCase(name.substr(0, stem.size()), stem)) return false;
   const std::string_view rest = std::string_view(name).substr(stem.size());
@@ -51,10 +56,11 @@ bool BelongsToShapefile(const fs::path& file, const std::string& stem) {
   if (!name.starts_with(stem) && !fs::equivalent(file, file.parent_path() / (stem + std::string(rest)), error)) {
     return false;
   }
-  if (std::ranges::any_of(kShapefileEndings, [&](std::string_view ending) { return EqualsIgnoringCase(rest, ending); }))
+  if (std::ranges::any_of(parts, [&](std::string_view ending) { return EqualsIgnoringCase(rest, ending); }))
     return true;
   // An attribute index bears its field's name: "roads.name.atx".
-  return rest.starts_with('.') && EndsWithIgnoringCase(std::string(rest), ".atx");
+  const bool indexed = std::ranges::find(parts, ".atx") != parts.end();
+  return indexed && rest.starts_with('.') && EndsWithIgnoringCase(std::string(rest), ".atx");
 }
 
 [[noreturn]] void RaiseAccess(const std::string& what, const fs::path& path, int error) {
@@ -210,7 +216,7 @@ void TakeModes(const std::vector<fs::path>& made, const fs::path& place) {
 }
 
 void RefuseFullFolders(const std::vector<fs::path>& standing, const fs::path& target) {
-  if (!IsShapefile(target)) return;
+  if (!HasParts(target)) return;
   std::error_code error;
   for (const fs::path& file : standing) {
     const bool full = !fs::is_symlink(file, error) && fs::is_directory(file, error) && !fs::is_empty(file, error);
@@ -224,7 +230,7 @@ void RefuseFullFolders(const std::vector<fs::path>& standing, const fs::path& ta
 fs::path ResolvedTarget(const fs::path& target) {
   const fs::path path = fs::absolute(target).lexically_normal();
   std::error_code error;
-  const fs::path real = IsShapefile(path) ? path : fs::canonical(path, error);
+  const fs::path real = HasParts(path) ? path : fs::canonical(path, error);
   return error ? path : real;
 }
 
@@ -292,7 +298,8 @@ void FinishIn(const fs::path& place, const std::string& name) {
 std::vector<fs::path> FilesOfDataset(const fs::path& path) {
   std::vector<fs::path> files;
   std::error_code error;
-  if (!IsShapefile(path)) {
+  const Parts parts = PartsOf(path);
+  if (parts.empty()) {
     if (!fs::exists(fs::symlink_status(path, error))) return files;
     files.push_back(path);
     for (const std::string_view companion : kCompanions) {
@@ -304,7 +311,7 @@ std::vector<fs::path> FilesOfDataset(const fs::path& path) {
   }
   const std::string stem = path.stem().string();
   for (const auto& entry : fs::directory_iterator(path.has_parent_path() ? path.parent_path() : ".", error)) {
-    if (BelongsToShapefile(entry.path(), stem)) files.push_back(entry.path());
+    if (BelongsTo(parts, entry.path(), stem)) files.push_back(entry.path());
   }
   std::ranges::sort(files);
   return files;
@@ -328,6 +335,7 @@ StagedOutput::StagedOutput(const fs::path& target, Begin begin) : target_(Resolv
   fs::create_directory(fresh);
   path_ = fresh / target_.filename();
   if (begin == Begin::Empty) return;
+  copied_ = IdentityOf(target_);
   try {
     for (const fs::path& file : FilesOfDataset(target_)) {
       fs::copy(file, fresh / file.filename(), fs::copy_options::recursive);
@@ -349,6 +357,11 @@ void StagedOutput::Publish(Standing on_standing) {
     if (!standing.empty() && on_standing == Standing::Keep) {
       Raise(kPathAccess, "'" + standing.front().string() + "' came to be while this run worked; it is left as it is, " +
                              "and nothing of this run is in it. Name another output, or overwrite it.");
+    }
+    if (!copied_.empty() && copied_ != IdentityOf(target_)) {
+      Raise(kPathAccess, "'" + target_.string() +
+                             "' was changed by another program while this run worked on a copy of " +
+                             "it; it is left as it is, and nothing of this run is in it. Run it again.");
     }
     RefuseFullFolders(standing, target_);
     TakeModes(made, target_.parent_path());

@@ -21,10 +21,10 @@
 
 namespace tessarine {
 
-/// The files that make up the data set at this native path, as they lie on the disk: of a shapefile or dBASE table
-/// those of its name with the endings of its format in any case (and the name in any case, where the file system
-/// doesn't tell them apart), of everything else the file or folder itself with the files that SQLite and GDAL put
-/// beside it. Sorted; empty when there are none. Costs a walk over the folder for a shapefile.
+/// The files that make up the data set at this native path, as they lie on the disk: of a shapefile, dBASE table or
+/// other format of several files those of its name with the endings of its format in any case (and the name in any
+/// case, where the file system doesn't tell them apart), of everything else the file or folder itself with the files
+/// that SQLite and GDAL put beside it. Sorted; empty when there are none. Costs a walk over the folder for a shapefile.
 [[nodiscard]] std::vector<std::filesystem::path> FilesOfDataset(const std::filesystem::path& path);
 
 /// Ends what a dead run was about to publish at this path, or in this folder, and removes what other dead runs left
@@ -60,7 +60,8 @@ class StagedOutput {
   };
 
   /// Puts what was made in the target's place. Every handle on the files must be closed. Fault 75 when the file system
-  /// refuses, or when a folder with something in it bears the name of a file; the old output is whole then.
+  /// refuses, when a folder with something in it bears the name of a file, or when the target of a copy was changed
+  /// since; the old output is whole then.
   void Publish(Standing standing = Standing::Replace);
   /// Removes what was made; the target is as it was.
   void Discard();
@@ -71,6 +72,7 @@ class StagedOutput {
   std::filesystem::path target_;
   std::filesystem::path folder_;
   std::filesystem::path path_;
+  std::string copied_;  // what the target was when it was copied, empty where it wasn't
   int lock_ = -1;
 };
 

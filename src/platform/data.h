@@ -19,6 +19,8 @@
 
 namespace tessarine {
 
+class RunJournal;
+
 enum esriFeatureType : std::int32_t {
   esriFTSimple = 1,
   esriFTSimpleJunction = 7,
@@ -161,6 +163,10 @@ class IStagedDataset : public virtual Object {
   virtual void Publish() = 0;
   /// Gives the new class up; it is of no use after it.
   virtual void Discard() = 0;
+  /// What was noted while the class was made, ahead of its run; null where nothing was.
+  [[nodiscard]] virtual const RunJournal* Notes() const { return nullptr; }
+  /// What the class can't keep of its source, known before a value is read: whole sentences.
+  [[nodiscard]] virtual std::vector<std::string> Foretold() const { return {}; }
 };
 
 /// What tables and feature classes share.

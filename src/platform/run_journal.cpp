@@ -85,6 +85,27 @@ void RunJournal::NoteFault(const Fault& fault, std::int64_t oid) {
   ListOid(known->first_oids, oid);
 }
 
+void RunJournal::TakeNotes(const RunJournal& notes) {
+  const auto append = [](auto& list, const auto& more) { list.insert(list.end(), more.begin(), more.end()); };
+  append(changed_names, notes.changed_names);
+  append(planned_questions, notes.planned_questions);
+  append(unmeasured_oids, notes.unmeasured_oids);
+  append(warnings, notes.warnings);
+  append(faults, notes.faults);
+  other_warnings += notes.other_warnings;
+  other_faults += notes.other_faults;
+  for (const ChangedValues& values : notes.changed) {
+    const auto known = std::ranges::find_if(changed, [&](const ChangedValues& own) {
+      return own.kind == values.kind && own.field == values.field;
+    });
+    if (known == changed.end()) {
+      changed.push_back(values);
+    } else {
+      known->count += values.count;
+    }
+  }
+}
+
 void RunJournal::Fail(std::string_view reason) {
   failed = true;
   if (failure.empty()) failure = reason;

@@ -96,6 +96,8 @@ class RunJournal {
   void NoteWarning(std::string_view text, std::int64_t oid);
   /// Counts a fault that met a record: once for each kind, and the record counts as unmeasured once.
   void NoteFault(const Fault& fault, std::int64_t oid);
+  /// Takes over names, changes, warnings, faults and questions that were noted before the run began.
+  void TakeNotes(const RunJournal& notes);
   /// Ends the run as failed for this reason. The first reason stays.
   void Fail(std::string_view reason);
 

@@ -313,26 +313,12 @@ double GridSizeFor(const Envelope* envelope, std::int32_t feature_count) {
 void MakeFieldNamesLegal(const std::shared_ptr<VarArray>& fields, std::int32_t kind) {
   const Format* format = FormatOfKind(kind);
   if (!fields || format == nullptr) return;
-  const NameRule& rule = format->field_names;
-  std::vector<std::string> names;
-  const auto taken = [&](const std::string& name) {
-    return std::ranges::any_of(names, [&](const std::string& other) { return EqualsIgnoringCase(other, name); });
-  };
-  // Who bears a legal name keeps it, wherever it stands in the list.
-  std::vector<FieldRef> others;
-  for (const Variant& element : *fields) {
-    const auto field = element.AsObject<Field>();
-    if (LegalName(rule, Require(field, "IField")->Name) == field->Name && !taken(field->Name)) {
-      names.push_back(field->Name);
-    } else {
-      others.push_back(field);
-    }
-  }
-  for (const FieldRef& field : others) {
-    const std::string asked = field->Name;
-    field->Name = FreeLegalName(rule, asked, taken);
-    names.push_back(field->Name);
-    Host().Journal().NoteName(asked, field->Name);
+  std::vector<std::string> asked;
+  for (const Variant& element : *fields) asked.push_back(Require(element.AsObject<Field>(), "IField")->Name);
+  const std::vector<std::string> legal = FreeLegalNames(format->field_names, asked);
+  for (std::size_t index = 0; index < legal.size(); ++index) {
+    fields->Element(static_cast<std::int32_t>(index)).AsObject<Field>()->Name = legal[index];
+    Host().Journal().NoteName(asked[index], legal[index]);
   }
 }
 
@@ -427,7 +413,10 @@ std::string OutputPath(const IFeatureClass& output, const OutputRequest& request
 }
 
 void PublishOutput(IFeatureClass& output, const OutputRequest& request) {
-  if (auto* staged = dynamic_cast<IStagedDataset*>(&output)) staged->Publish();
+  if (auto* staged = dynamic_cast<IStagedDataset*>(&output)) {
+    staged->Publish();
+    if (const RunJournal* notes = staged->Notes()) Host().Journal().TakeNotes(*notes);
+  }
   Host().Journal().output_path = OutputPath(output, request);
 }
 

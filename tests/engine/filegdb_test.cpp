@@ -5,10 +5,10 @@
 
 #include <fstream>
 
-#include "engine/copy_layer.h"
 #include "engine/filegdb_edit.h"
 #include "engine/filegdb_table.h"
 #include "engine/geodatabase_helpers.h"
+#include "engine/layer_copy.h"
 
 namespace tessarine {
 namespace {
@@ -75,9 +75,7 @@ class Geodatabases : public ::testing::TestWithParam<int> {
   }
 
   // The first ones and the last.
-  static std::vector<int> Changed() {
-    return GetParam() == 2 ? std::vector{0, 1} : std::vector{0, 1, GetParam() - 1};
-  }
+  static std::vector<int> Changed() { return GetParam() == 2 ? std::vector{0, 1} : std::vector{0, 1, GetParam() - 1}; }
 
   static constexpr int kRows = 12;
   TemporaryFolder folder_;
@@ -137,18 +135,28 @@ TEST_P(Geodatabases, StayWholeWhereRowsGrowComeAndGo) {
   }
 }
 
+// Copies a class of the geodatabase under another name.
+void CopyClass(const std::string& file, const std::string& name, const std::string& copy, bool replaces) {
+  const LayerCopyRequest request{.source = OpenClass(file, name),
+                                 .place = {FormatOfPath(file), file, "", copy},
+                                 .only = std::nullopt,
+                                 .replaces = replaces,
+                                 .question = ""};
+  Cast<IStagedDataset>(MakeLayerCopy(request).output)->Publish();
+}
+
 TEST_P(Geodatabases, StayWholeWhereClassesComeAndGo) {
   before_ = ContentOf(file_);
-  CopyLayer({file_, ClassName(0)}, {file_, "copied"});
+  CopyClass(file_, ClassName(0), "copied", false);
   before_["copied"] = before_[ClassName(0)];
   ExpectWhole("a copy");
   OpenClass(file_, ClassName(1))->Delete();
   before_.erase(ClassName(1));
   ExpectWhole("a class less");
   OpenClass(file_, "copied")->AddFields(Doubles(9));
-  CopyLayer({file_, ClassName(0)}, {file_, "copied"});
+  CopyClass(file_, ClassName(0), "copied", true);
   ExpectWhole("a copy over another");
-  RemoveLayer({file_, "copied"});
+  OpenClass(file_, "copied")->Delete();
   before_.erase("copied");
   ExpectWhole("the copy removed");
 }

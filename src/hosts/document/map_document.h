@@ -66,6 +66,10 @@ class DocumentMap final : public DocumentView, public IMap, public IStandaloneTa
   [[nodiscard]] std::shared_ptr<ILayer> Layer(std::int32_t index) const override;
   [[nodiscard]] std::shared_ptr<IEnumLayer> Layers(const std::shared_ptr<UID>& uid, bool recursive) const override;
   void AddLayer(const std::shared_ptr<ILayer>& layer) override;
+  /// Takes a layer at the top level out of the map.
+  void RemoveLayer(const ILayer& layer) {
+    std::erase_if(layers_, [&](const std::shared_ptr<ILayer>& own) { return own.get() == &layer; });
+  }
   [[nodiscard]] std::int32_t SelectionCount() const override;
   /// The map's, unless it is unknown.
   [[nodiscard]] SpatialReferenceRef ElementReference() const override;

@@ -1,131 +1,135 @@
 // Geometric attributes, written into the attribute table of a layer or of a copy of it.
 #include <CLI/CLI.hpp>
-#include <filesystem>
+#include <algorithm>
 #include <memory>
 
-#include "engine/copy_layer.h"
+#include "engine/data_source.h"
+#include "engine/layer_copy.h"
 #include "hosts/terminal/commands.h"
+#include "hosts/terminal/copy_place.h"
 #include "hosts/terminal/geometry_script.h"
 #include "hosts/terminal/layer_source.h"
 #include "hosts/terminal/refusal.h"
 #include "hosts/terminal/report_output.h"
 #include "hosts/terminal/session.h"
 #include "hosts/terminal/spheroid_options.h"
-#include "platform/paths.h"
+#include "platform/rich_text.h"
+#include "platform/run_scope.h"
+#include "platform/run_stop.h"
 #include "platform/text_formats.h"
 
 namespace tessarine {
 namespace {
 
-namespace fs = std::filesystem;
-
 struct CalculateOptions {
   CommonOptions common;
   SourceOptions source;
   std::string copy;
+  bool only_selected = false;
   std::vector<std::string> measures;
   bool all_measures = false;
   bool planetocentric = false;
   SpheroidOptions spheroid;
 };
 
-std::string NameOf(const LayerPlace& place) {
-  return place.layer.empty() ? fs::path(place.path).stem().string() : place.layer;
-}
-
-// A place for work beside another, of the same format where that can be changed in place.
-LayerPlace PlaceBeside(const LayerPlace& place) {
-  if (EndsWithIgnoringCase(place.path, ".shp")) return {place.path + ".working.shp", ""};
-  const std::string ending = ChangesInPlace(place.path) ? fs::path(place.path).extension().string() : ".gpkg";
-  return {place.path + ".working" + ending, NameOf(place)};
-}
-
-/// The copy that -o names. Where something stands there already, and where the format can't be changed in place, it is
-/// made beside its place and put there at the end. Unless it is kept, nothing of it stays and nothing else was touched.
-class WorkingCopy {
- public:
-  WorkingCopy(const CalculateOptions& options, const LayerPlace& source) : target_(ParseLayerPlace(options.copy)) {
-    Check(options, source);
-    working_ = ChangesInPlace(target_.path) && !LayerExists(target_) ? target_ : PlaceBeside(target_);
-    CopyLayer(source, working_);
-  }
-  ~WorkingCopy() {
-    try {
-      if (!kept_ || working_.path != target_.path) RemoveLayer(working_);
-    } catch (const Fault&) {
-      // What can't be removed stays.
-    }
-  }
-  WorkingCopy(const WorkingCopy&) = delete;
-  WorkingCopy& operator=(const WorkingCopy&) = delete;
-
-  [[nodiscard]] const LayerPlace& Place() const { return working_; }
-  [[nodiscard]] std::string Name() const { return NameOf(target_); }
-  /// The copy's place at the end, as a report tells it.
-  [[nodiscard]] std::string OutputPath() const {
-    const bool container = ChangesInPlace(target_.path) && !EndsWithIgnoringCase(target_.path, ".shp");
-    return FromNativePath(target_.path) + (container ? "\\" + NameOf(target_) : "");
-  }
-  void Keep() {
-    kept_ = true;
-    if (working_.path != target_.path) CopyLayer(working_, target_);
-  }
-
- private:
-  void Check(const CalculateOptions& options, const LayerPlace& source) const {
-    if (!CanWriteFormatOf(target_.path)) {
-      throw Refusal("-o " + options.copy +
-                    ": no format is known for this ending. Name a .shp, .gpkg, .gdb/NAME, "
-                    ".geojson or another file that GDAL writes.");
-    }
-    if (!fs::is_directory(fs::path(target_.path).parent_path())) {
-      throw Refusal("-o " + options.copy + ": there is no folder '" + fs::path(target_.path).parent_path().string() +
-                    "'.");
-    }
-    std::error_code error;
-    if (fs::equivalent(source.path, target_.path, error) && (target_.layer.empty() || target_.layer == source.layer)) {
-      throw Refusal("-o " + options.copy + " is the source itself: name another file, or leave -o out.");
-    }
-    if (LayerExists(target_) && !options.common.overwrite) {
-      throw Refusal("'" + options.copy + "' exists already: add --overwrite to replace it, or name another.");
-    }
-  }
-
-  LayerPlace target_, working_;
-  bool kept_ = false;
-};
-
-// The copy is nothing when the source itself is changed.
-ExitStatus Calculate(const CalculateOptions& options, const SourceOptions& source, const WorkingCopy* copy) {
-  Session session(options.common);
-  const std::shared_ptr<DocumentFeatureLayer> layer = TakeLayer(session.Document(), source);
-  if (copy != nullptr) {
-    layer->SetName(copy->Name());
-    session.TellOutput(copy->OutputPath());
-  }
+ExitStatus Calculate(const CalculateOptions& options, Session& session, const DocumentFeatureLayer& layer) {
   const GeometryAnswers answers{options.measures, options.all_measures, ChooseSpheroid(options.spheroid),
                                 options.planetocentric};
-  GeometryScript script(answers, *layer);
+  GeometryScript script(answers, layer);
   return session.Run("Tessarine.clsConvertGeometry", &script);
 }
 
-// The source's layer by its place; the document's layers by what they were opened from.
-LayerPlace SourcePlace(const CalculateOptions& options) {
-  const Session session(options.common);
+ExitStatus CalculateInPlace(const CalculateOptions& options) {
+  if (options.only_selected) throw Refusal("--only-selected is for copies: name one with -o.");
+  Session session(options.common);
   const std::shared_ptr<DocumentFeatureLayer> layer = TakeLayer(session.Document(), options.source);
-  return {layer->Source().path, layer->Source().layer};
+  return Calculate(options, session, *layer);
+}
+
+// Puts the copy in the place of its source for this run, with what the document says of fields and selection.
+std::shared_ptr<DocumentFeatureLayer> TakeCopy(const LayerCopy& copy, const DocumentFeatureLayer& source,
+                                               const std::vector<std::int64_t>& selected, Session& session) {
+  auto layer = std::make_shared<DocumentFeatureLayer>();
+  layer->SetFeatureClass(copy.output);
+  layer->SetName(FreeLayerName(session.Document(), copy.output->Name()));
+  for (const CopiedField& field : copy.fields) {
+    for (const auto& [name, info] : source.FieldInfos()) {
+      if (!field.copy.empty() && EqualsIgnoringCase(name, field.source)) layer->SetFieldInfo(field.copy, info);
+    }
+  }
+  if (!selected.empty()) layer->SetSelection(SelectByOids(copy.output, selected));
+  session.Document().Map().AddLayer(layer);
+  session.Document().SetSelectedLayer(layer);
+  session.KeepForRunOnly(layer);
+  return layer;
+}
+
+// The identifiers in the copy; those of the source where it is only planned.
+std::vector<std::int64_t> SelectedInCopy(const LayerCopy& copy, const std::vector<std::int64_t>& selected,
+                                         bool plan_only) {
+  if (plan_only) return selected;
+  std::vector<std::int64_t> own;
+  for (const auto& [source, target] : copy.oids) {
+    if (std::ranges::binary_search(selected, source)) own.push_back(target);
+  }
+  return own;
+}
+
+// The report of a run that ended before its copy was whole.
+std::string NoCopyReport(const RunJournal& journal, const std::string& layer) {
+  const std::string cause =
+      journal.stopped ? "The run was stopped while the records of " + layer + " were copied." : journal.failure;
+  return "{\\rtf1\\ansi{\\fonttbl{\\f0\\fswiss Arial;}}\\pard\\qc\\b\\f0\\fs16 Geometry Calculation " +
+         std::string(journal.stopped ? "Stopped" : "Failed") + ":\\par\r\n\\pard\\b0 " + EscapeRtf(cause) +
+         "\\par\r\nNothing of the copy is kept.\\par\r\n}";
+}
+
+// Nothing where the user stopped it or it failed, which the journal tells.
+std::optional<LayerCopy> MakeCopy(const LayerCopyRequest& request, RunJournal& journal) {
+  try {
+    std::optional<LayerCopy> copy;
+    if (!UnlessStopped([&] { copy = MakeLayerCopy(request); })) journal.stopped = true;
+    return copy;
+  } catch (const Fault& fault) {
+    if (request.plan_only || fault.Number() == kInvalidCall) throw Refusal(fault.Description());
+    journal.Fail(fault.Description());
+    return std::nullopt;
+  }
 }
 
 ExitStatus CalculateOnCopy(const CalculateOptions& options) {
-  WorkingCopy copy(options, SourcePlace(options));
-  SourceOptions source = options.source;
-  source.source = copy.Place().path;
-  source.layer = copy.Place().layer;
-  CalculateOptions on_copy = options;
-  on_copy.common.document.clear();
-  const ExitStatus status = Calculate(on_copy, source, &copy);
-  if (status != ExitStatus::Refused) copy.Keep();
-  return status;
+  const CopyPlace target = ParseCopyPlace(options.copy);
+  Session session(options.common);
+  const std::size_t known_layers = session.Document().Map().AllLayers().size();
+  const std::shared_ptr<DocumentFeatureLayer> source = TakeLayer(session.Document(), options.source);
+  // The copy stands for it.
+  if (session.Document().Map().AllLayers().size() > known_layers) session.Document().Map().RemoveLayer(*source);
+  RefuseUnusableCopy(target, *source, options.common.report_file);
+  std::vector<std::int64_t> selected =
+      source->SelectionSet()->Count() > 0 ? source->SelectedOids() : std::vector<std::int64_t>();
+  if (options.only_selected && selected.empty()) {
+    throw Refusal("--only-selected: no record is selected. Add --where, or select records in the document.");
+  }
+  const ReplacementAnswer answer = AskToReplace(target, options.common);
+  if (answer.replacing == Replacing::Declined) return ExitStatus::Refused;
+
+  LayerCopyRequest request{source->FeatureClass(), target.place,
+                           std::nullopt,           answer.replacing == Replacing::Agreed,
+                           answer.question,        options.common.dry_run};
+  if (options.only_selected) request.only = selected;
+  RunJournal& journal = session.Host().Journal();
+  std::optional<LayerCopy> copy;
+  {
+    const RunScope scope(journal, session.Host().Clock());
+    copy = MakeCopy(request, journal);
+  }
+  if (!copy) return session.EndEarly(NoCopyReport(journal, source->Name()));
+  if (!options.common.dry_run) {
+    for (const std::string& sentence : Cast<IStagedDataset>(copy->output)->Foretold()) Host().Announce(sentence);
+  }
+  selected =
+      options.only_selected ? std::vector<std::int64_t>() : SelectedInCopy(*copy, selected, options.common.dry_run);
+  return Calculate(options, session, *TakeCopy(*copy, *source, selected, session));
 }
 
 ExitStatus RunCalculate(const CalculateOptions& options) {
@@ -134,8 +138,7 @@ ExitStatus RunCalculate(const CalculateOptions& options) {
     throw Refusal("Nothing to calculate: name measures with -m, or give --all-measures. 'tessarine measures " +
                   options.source.source + "' lists them.");
   }
-  if (options.copy.empty() || options.common.dry_run) return Calculate(options, options.source, nullptr);
-  return CalculateOnCopy(options);
+  return options.copy.empty() ? CalculateInPlace(options) : CalculateOnCopy(options);
 }
 
 }  // namespace
@@ -161,6 +164,8 @@ void AddCalculateCommand(CLI::App& program, ChosenCommand& chosen) {
   command.add_option("-l,--layer", options->source.layer, "The layer, where the data holds several");
   command.add_option("-w,--where", options->source.where,
                      "Calculate only for the records that meet this SQL condition");
+  command.add_flag("--only-selected", options->only_selected,
+                   "Copy only the records that meet --where, or that are selected in the document");
   AddSpheroidOptions(command, options->spheroid);
   command.add_flag("--planetocentric", options->planetocentric, "The latitudes of the data are planetocentric");
   AddCommonOptions(command, options->common);

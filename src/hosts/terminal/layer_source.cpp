@@ -31,17 +31,6 @@ std::shared_ptr<DocumentFeatureLayer> FindInDocument(const MapDocument& document
   return found;
 }
 
-// The forms know layers by their names alone, so that a layer of the document must not bear the same one.
-std::string FreeLayerName(const MapDocument& document, const std::string& name) {
-  const std::vector<std::shared_ptr<ILayer>> layers = AllLayers(document);
-  const auto taken = [&](const std::string& candidate) {
-    return std::ranges::any_of(layers, [&](const auto& layer) { return layer->Name() == candidate; });
-  };
-  std::string free = name;
-  for (int number = 2; taken(free); ++number) free = name + " (" + std::to_string(number) + ")";
-  return free;
-}
-
 std::shared_ptr<DocumentFeatureLayer> AddSource(MapDocument& document, const SourceOptions& options) {
   std::string path, layer;
   SplitSource(options.source, path, layer);
@@ -58,6 +47,16 @@ std::shared_ptr<DocumentFeatureLayer> AddSource(MapDocument& document, const Sou
 }
 
 }  // namespace
+
+std::string FreeLayerName(const MapDocument& document, const std::string& name) {
+  const std::vector<std::shared_ptr<ILayer>> layers = AllLayers(document);
+  const auto taken = [&](const std::string& candidate) {
+    return std::ranges::any_of(layers, [&](const auto& layer) { return layer->Name() == candidate; });
+  };
+  std::string free = name;
+  for (int number = 2; taken(free); ++number) free = name + " (" + std::to_string(number) + ")";
+  return free;
+}
 
 void SplitSource(const std::string& text, std::string& path, std::string& layer) {
   path = text;

@@ -21,6 +21,9 @@ struct SourceOptions {
 /// `--where` becomes its selection. Raises `Refusal`, which names what is wrong and the way out.
 [[nodiscard]] std::shared_ptr<DocumentFeatureLayer> TakeLayer(MapDocument& document, const SourceOptions& options);
 
+/// The name, or with a number behind it one that no layer of the document bears: forms know layers by their names.
+[[nodiscard]] std::string FreeLayerName(const MapDocument& document, const std::string& name);
+
 /// "path:layer" where the path with the colon doesn't exist.
 void SplitSource(const std::string& text, std::string& path, std::string& layer);
 

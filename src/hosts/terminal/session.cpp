@@ -43,7 +43,6 @@ Session::~Session() { application_->Stop(); }
 
 void Session::RefuseReportOverData() const {
   RefuseReportOver(options_.report_file, {document_->Path}, "is the map document");
-  if (!told_output_.empty()) RefuseReportOver(options_.report_file, {ToNativePath(told_output_)}, kIsOutput);
   const std::shared_ptr<IEnumLayer> layers = document_->Map().Layers(nullptr, true);
   while (const std::shared_ptr<ILayer> any = layers->Next()) {
     const auto layer = Cast<DocumentFeatureLayer>(any);
@@ -60,7 +59,15 @@ ExitStatus Session::Run(const std::string& command_id, FormScript* script) {
   status_bar_->HideProgressBar();
   if (!enabled) throw Refusal("This command is disabled: the document's host is too old for it.");
   if (host_.AnswerRefused()) throw *host_.AnswerRefused();
-  if (!told_output_.empty() && host_.Report()) host_.Journal().output_path = told_output_;
+  return Conclude();
+}
+
+ExitStatus Session::EndEarly(const std::string& report) {
+  host_.SetReport(report);
+  return Conclude();
+}
+
+ExitStatus Session::Conclude() {
   // Each of these is done whatever becomes of the others; what is printed comes last, since its reader may go away.
   OrTell([this] { SaveDocument(); });
   OrTell([this] { WriteReportFile(); });
@@ -81,6 +88,7 @@ void Session::OrTell(Work&& work) {
 void Session::SaveDocument() {
   if (!document_->Dirty()) return;
   application_->Stop();
+  if (run_layer_) document_->Map().RemoveLayer(*run_layer_);
   if (!document_->Path.empty() && !options_.dry_run) WriteDocumentFile(*document_);
 }
 
@@ -90,8 +98,9 @@ void Session::WriteReportFile() {
 
 void Session::PrintOutcome() {
   const std::string report = host_.Report().value_or("");
-  if (!report.empty() && !options_.quiet) PrintReport(report, isatty(STDOUT_FILENO) != 0);
-  if (!host_.Journal().stopped || !report.empty()) return;
+  const bool prints = !report.empty() && !options_.quiet;
+  if (prints) PrintReport(report, isatty(STDOUT_FILENO) != 0);
+  if (!host_.Journal().stopped || prints) return;
   const std::string& output = host_.Journal().output_path;
   fmt::print(stderr, "tessarine: The run was stopped{}.\n",
              output.empty() ? "" : "; '" + ToNativePath(output) + "' holds what was written until then");

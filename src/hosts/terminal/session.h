@@ -23,12 +23,14 @@ class Session {
   [[nodiscard]] MapDocument& Document() const { return *document_; }
   [[nodiscard]] TerminalHost& Host() { return host_; }
 
-  /// The report names this output, a path as the suite writes it, instead of where the run itself wrote.
-  void TellOutput(std::string path) { told_output_ = std::move(path); }
+  /// This layer is there for the run alone: the document is saved without it.
+  void KeepForRunOnly(std::shared_ptr<ILayer> layer) { run_layer_ = std::move(layer); }
 
   /// Clicks a command, its forms answered by the script; nothing answers no form. Prints the report and writes it to
   /// the file that the options name, saves a document that became dirty, and tells how it went.
   [[nodiscard]] ExitStatus Run(const std::string& command_id, FormScript* script);
+  /// Ends a run that came to nothing before its command could be clicked; the journal tells why.
+  [[nodiscard]] ExitStatus EndEarly(const std::string& report);
 
  private:
   /// Does the work; a fault in it is told on standard error and counts for the exit status.
@@ -36,6 +38,7 @@ class Session {
   void OrTell(Work&& work);
   // A report takes the place of no file that the run reads or writes otherwise.
   void RefuseReportOverData() const;
+  [[nodiscard]] ExitStatus Conclude();
   void SaveDocument();
   void WriteReportFile();
   void PrintOutcome();
@@ -46,7 +49,7 @@ class Session {
   TerminalHost host_;
   std::shared_ptr<TerminalStatusBar> status_bar_;
   std::shared_ptr<DocumentApplication> application_;
-  std::string told_output_;
+  std::shared_ptr<ILayer> run_layer_;
 };
 
 }  // namespace tessarine

@@ -66,6 +66,7 @@ class TerminalHost final : public IHost, public IMessageBox, public IFormHost, p
 
   /// The report that a run showed, as RTF; nothing when none was shown.
   [[nodiscard]] const std::optional<std::string>& Report() const { return report_; }
+  void SetReport(std::string rtf) { report_ = std::move(rtf); }
   [[nodiscard]] bool FaultReported() const { return fault_reported_; }
   [[nodiscard]] bool FormRefused() const { return form_refused_; }
   /// What the options asked of a form and the form can't give.

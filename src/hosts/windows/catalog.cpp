@@ -4,10 +4,10 @@
 #include <ogrsf_frmts.h>
 
 #include <algorithm>
-#include <array>
 #include <filesystem>
 
 #include "engine/data_source.h"
+#include "outputs/formats.h"
 #include "platform/fault.h"
 #include "platform/paths.h"
 #include "platform/text_formats.h"
@@ -17,7 +17,17 @@ namespace {
 
 namespace fs = std::filesystem;
 
-bool IsIn(const std::string& path, const char* ending) { return EndsWithIgnoringCase(path, ending); }
+bool IsIn(const std::string& path, std::string_view ending) { return EndsWithIgnoringCase(path, ending); }
+
+// The format of a geodatabase; null for whatever is none.
+const Format* GeodatabaseFormat(const std::string& path) {
+  const Format* format = FormatOfPath(path);
+  return format != nullptr && format->feature_datasets ? format : nullptr;
+}
+
+CatalogKind KindOfGeodatabase(const Format& format) {
+  return format.folder ? CatalogKind::FileGeodatabase : CatalogKind::PersonalGeodatabase;
+}
 
 CatalogItem PlaceAt(CatalogKind kind, const fs::path& path) {
   return {kind, path.string(), "", path.filename().empty() ? path.string() : path.filename().string()};
@@ -25,13 +35,13 @@ CatalogItem PlaceAt(CatalogKind kind, const fs::path& path) {
 
 // Data by the ending of its file.
 struct FileRow {
-  const char* ending;
+  std::string_view ending;
   CatalogKind kind;
   GxFilter filter;
 };
 
-constexpr std::array kFiles = {
-    FileRow{".shp", CatalogKind::Shapefile, GxFilter::FeatureClasses},
+const FileRow kFiles[] = {
+    FileRow{FormatOfDriver("ESRI Shapefile")->ending, CatalogKind::Shapefile, GxFilter::FeatureClasses},
     FileRow{".dbf", CatalogKind::Table, GxFilter::Tables},
     FileRow{".txt", CatalogKind::TextFile, GxFilter::TextFiles},
     FileRow{".csv", CatalogKind::TextFile, GxFilter::TextFiles},
@@ -50,10 +60,13 @@ void ListFolder(const fs::path& folder, GxFilter filter, std::vector<CatalogItem
     const std::string name = path.filename().string();
     if (name.starts_with('.')) continue;
     if (entry.is_directory(error)) {
-      items.push_back(PlaceAt(IsIn(name, ".gdb") ? CatalogKind::FileGeodatabase : CatalogKind::Folder, path));
+      const Format* geodatabase = GeodatabaseFormat(name);
+      const bool plain = geodatabase == nullptr || !geodatabase->folder;
+      items.push_back(PlaceAt(plain ? CatalogKind::Folder : CatalogKind::FileGeodatabase, path));
       continue;
     }
-    if (IsIn(name, ".mdb")) items.push_back(PlaceAt(CatalogKind::PersonalGeodatabase, path));
+    const Format* geodatabase = GeodatabaseFormat(name);
+    if (geodatabase != nullptr && !geodatabase->folder) items.push_back(PlaceAt(KindOfGeodatabase(*geodatabase), path));
     for (const FileRow& row : kFiles) {
       if (row.filter == filter && IsIn(name, row.ending) && !BelongsToShapefile(path)) {
         items.push_back({row.kind, path.string(), "", name});
@@ -144,13 +157,13 @@ class GxDatasetItem final : public GxItem, public IGxDataset {
 std::string CatalogItem::DisplayPath() const {
   fs::path display = path;
   if (!dataset.empty()) display /= dataset;
-  const bool in_geodatabase = IsIn(path, ".gdb") || IsIn(path, ".mdb");
-  if (in_geodatabase && !IsContainer()) display /= name;
+  if (GeodatabaseFormat(path) != nullptr && !IsContainer()) display /= name;
   return display.string();
 }
 
 std::string CatalogItem::Category() const {
-  const std::string geodatabase = IsIn(path, ".mdb") ? "Personal Geodatabase" : "File Geodatabase";
+  const Format* format = GeodatabaseFormat(path);
+  const std::string geodatabase(format == nullptr ? "" : format->name);
   switch (kind) {
     case CatalogKind::Folder:
       return "Folder";
@@ -177,12 +190,16 @@ std::optional<CatalogItem> FindContainer(const std::string& native_path) {
   fs::path path = fs::absolute(native_path, error).lexically_normal();
   if (!path.has_filename() && path.has_relative_path()) path = path.parent_path();
   if (fs::is_directory(path, error)) {
-    return PlaceAt(IsIn(path.string(), ".gdb") ? CatalogKind::FileGeodatabase : CatalogKind::Folder, path);
+    const Format* format = GeodatabaseFormat(path.string());
+    const bool plain = format == nullptr || !format->folder;
+    return PlaceAt(plain ? CatalogKind::Folder : CatalogKind::FileGeodatabase, path);
   }
-  if (fs::is_regular_file(path, error) && IsIn(path.string(), ".mdb")) {
-    return PlaceAt(CatalogKind::PersonalGeodatabase, path);
+  const Format* format = GeodatabaseFormat(path.string());
+  if (format != nullptr && !format->folder && fs::is_regular_file(path, error)) {
+    return PlaceAt(KindOfGeodatabase(*format), path);
   }
-  if (!IsIn(path.parent_path().string(), ".gdb") || !fs::is_directory(path.parent_path(), error)) return std::nullopt;
+  const Format* above = GeodatabaseFormat(path.parent_path().string());
+  if (above == nullptr || !above->folder || !fs::is_directory(path.parent_path(), error)) return std::nullopt;
   const std::string name = path.filename().string();
   CatalogItem geodatabase = PlaceAt(CatalogKind::FileGeodatabase, path.parent_path());
   if (!HasDataset(geodatabase, name)) return std::nullopt;

@@ -1,0 +1,361 @@
+#include "engine/converted_copy.h"
+
+#include "engine/copy_target.h"
+#include "engine/copy_values.h"
+#include "engine/ogr_cursor.h"
+#include "engine/srs_from_gdal.h"
+#include "outputs/way_out.h"
+#include "platform/run_stop.h"
+
+namespace tessarine::engine {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* kMoved =
+    "The shape lies a little beside the source's: the format keeps coordinates with fewer digits.";
+constexpr const char* kNoPlaceWithoutShape = "The format keeps no record without a shape: this one isn't in the copy.";
+constexpr const char* kShapeLost = "The format doesn't keep the shape.";
+
+/// A record of the source with what the run has made of it, for one row of the file.
+class MergedRows {
+ public:
+  MergedRows(const Conversion& conversion, const std::shared_ptr<OgrClass>& worked)
+      : conversion_(conversion),
+        worked_(worked),
+        worked_rows_(worked->Source()->Read()),
+        source_(conversion.source, conversion.source->Source()->Read(), nullptr, true) {}
+
+  /// False at the end.
+  [[nodiscard]] bool Next() {
+    while (OgrFeatureHandle feature = source_.NextOgr()) {
+      const std::int64_t oid = feature->GetFID();
+      if (!IsChosen(conversion_.chosen, oid)) continue;
+      const std::int64_t worked_oid = conversion_.worked_oids.at(next_++);
+      if (worked_oid == kNoRow) continue;
+      from_.emplace(conversion_.source->Traits(), std::move(feature), conversion_.source);
+      row_.reset(worked_rows_.Layer().GetFeature(worked_oid));
+      if (!row_) RaiseEngineFault("Row " + std::to_string(worked_oid) + " of the copy can't be read any more.");
+      Compare();
+      return true;
+    }
+    return false;
+  }
+
+  [[nodiscard]] const OgrFeature& From() const { return *from_; }
+  [[nodiscard]] const OGRFeature& Worked() const { return *row_; }
+  [[nodiscard]] bool IsChanged(std::size_t column) const { return changed_[column]; }
+  [[nodiscard]] const OGRFeatureDefn& WorkedDefinition() const { return *worked_rows_.Layer().GetLayerDefn(); }
+
+ private:
+  // Which attributes aren't as they were when the record was copied.
+  void Compare() {
+    const std::vector<CopyColumn>& columns = conversion_.worked_columns->All();
+    OgrRow copied(worked_->Traits(), OgrFeatureHandle(OGRFeature::CreateFeature(worked_rows_.Layer().GetLayerDefn())));
+    changed_.assign(columns.size(), false);
+    for (std::size_t index = 0; index < columns.size(); ++index) {
+      if (columns[index].target < 0) continue;
+      (void)conversion_.worked_columns->Copy(columns[index], *from_, copied);
+      const int target = columns[index].target;
+      changed_[index] = CompareValues(*row_, target, copied.Feature(), target) != ValueChange::None;
+    }
+  }
+
+  const Conversion& conversion_;
+  std::shared_ptr<OgrClass> worked_;
+  LayerHandle worked_rows_;
+  ReadingCursor source_;
+  std::size_t next_ = 0;
+  std::optional<OgrFeature> from_;
+  OGRFeatureUniquePtr row_;
+  std::vector<bool> changed_;
+};
+
+// A field that the run has added.
+struct Result {
+  int worked = 0, written = 0;
+};
+
+/// The file that is written.
+class TargetFile {
+ public:
+  TargetFile(const Conversion& conversion, const fs::path& path) : conversion_(conversion), path_(path) {
+    LayerHandle source = conversion.source->Source()->Read();
+    GDALDriver& driver = DriverOf(*conversion.format);
+    const std::shared_ptr<const RowTraits> traits = conversion.source->Traits();
+    columns_ = std::make_shared<CopyColumns>(*traits, *source.Layer().GetLayerDefn(), driver, *conversion.format, false,
+                                             std::vector<std::string>());
+    declared_ = source.Layer().GetGeomType();
+    type_ = LayerTypeFor(declared_, traits->shape_type, conversion.shapes, *conversion.format);
+    dataset_ = CreateFile(driver, path, conversion.target);
+    layer_ = CreateTargetLayer(*dataset_, conversion.layer, source.Layer().GetSpatialRef(), type_,
+                               LayerOptions(*conversion.format), conversion.target);
+    columns_->AddTo(*layer_, conversion.target.string());
+  }
+  ~TargetFile() {
+    const GdalErrorScope quiet;
+    dataset_.reset();
+  }
+  TargetFile(const TargetFile&) = delete;
+  TargetFile& operator=(const TargetFile&) = delete;
+
+  void AddResults(const OGRFeatureDefn& worked, RunJournal& notes) {
+    std::vector<std::string> standing, names;
+    const OGRFeatureDefn& made = *layer_->GetLayerDefn();
+    for (int index = 0; index < made.GetFieldCount(); ++index) {
+      standing.emplace_back(made.GetFieldDefn(index)->GetNameRef());
+    }
+    int first = 0;
+    for (const CopyColumn& column : conversion_.worked_columns->All()) first = std::max(first, column.target + 1);
+    for (int index = first; index < worked.GetFieldCount(); ++index) {
+      names.emplace_back(worked.GetFieldDefn(index)->GetNameRef());
+    }
+    const std::vector<std::string> legal = FreeLegalNames(conversion_.format->field_names, names, standing);
+    for (int index = first; index < worked.GetFieldCount(); ++index) {
+      const auto place = static_cast<std::size_t>(index - first);
+      OGRFieldDefn definition(legal[place].c_str(), worked.GetFieldDefn(index)->GetType());
+      const GdalErrorScope errors;
+      const int before = made.GetFieldCount();
+      if (layer_->CreateField(&definition) != OGRERR_NONE || made.GetFieldCount() != before + 1) {
+        RaiseEngineFault("The field '" + names[place] + "' can't be added to '" + conversion_.target.string() + "'" +
+                         errors.Quote() + ".");
+      }
+      results_.push_back({index, before});
+      notes.NoteName(names[place], made.GetFieldDefn(before)->GetNameRef());
+    }
+  }
+
+  /// Made once all columns are there.
+  void PrepareRows() {
+    auto traits = std::make_shared<RowTraits>();
+    traits->fields = MapFields(*layer_, conversion_.source->Traits()->shape_type, nullptr, ColumnStore::Other);
+    traits->writer = AttributeWriter(*layer_->GetLayerDefn(), ColumnStore::Other);
+    traits_ = std::move(traits);
+  }
+
+  /// A record that the format can't keep is left out, which the notes tell.
+  [[nodiscard]] bool Takes(const MergedRows& merged) const {
+    const OGRGeometry* shape = merged.From().Feature().GetGeometryRef();
+    return !conversion_.format->needs_shapes || (shape != nullptr && !shape->IsEmpty());
+  }
+
+  void Write(const MergedRows& merged, RunJournal& notes) {
+    const std::int64_t oid = merged.From().OID();
+    OgrRow row(traits_, OgrFeatureHandle(OGRFeature::CreateFeature(layer_->GetLayerDefn())));
+    const std::vector<CopyColumn>& columns = columns_->All();
+    for (std::size_t index = 0; index < columns.size(); ++index) {
+      if (columns[index].target < 0) continue;
+      if (merged.IsChanged(index)) {
+        const int worked = conversion_.worked_columns->All()[index].target;
+        PutWorked(merged.Worked(), worked, row.Feature(), columns[index].target);
+      } else {
+        (void)columns_->Copy(columns[index], merged.From(), row);
+      }
+    }
+    for (const Result& result : results_) PutWorked(merged.Worked(), result.worked, row.Feature(), result.written);
+    OGRFeature& feature = row.Feature();
+    if (conversion_.format->keeps_identifiers && !conversion_.shapes.repeated) feature.SetFID(oid);
+    const OGRGeometry* shape = merged.From().Feature().GetGeometryRef();
+    if (shape != nullptr) {
+      feature.SetGeometryDirectly(FitShape(std::unique_ptr<OGRGeometry>(shape->clone()), type_).release());
+    }
+    Store(feature, oid, notes);
+  }
+
+  void Close() {
+    const GdalErrorScope errors;
+    layer_ = nullptr;
+    dataset_.reset();
+    if (errors.Failed()) {
+      RaiseEngineFault("'" + conversion_.target.string() + "' can't be written to its end" + errors.Quote() +
+                       WayOut(path_.string(), errors.Text()));
+    }
+  }
+
+  [[nodiscard]] const std::shared_ptr<CopyColumns>& Columns() const { return columns_; }
+  [[nodiscard]] const std::vector<Result>& Results() const { return results_; }
+  [[nodiscard]] OGRLayer& Layer() const { return *layer_; }
+  [[nodiscard]] OGRwkbGeometryType DeclaredType() const { return declared_; }
+
+ private:
+  static void PutWorked(const OGRFeature& worked, int from, OGRFeature& row, int to) {
+    if (worked.IsFieldSetAndNotNull(from) == 0) {
+      row.SetFieldNull(to);
+    } else if (worked.GetFieldDefnRef(from)->GetType() == row.GetFieldDefnRef(to)->GetType()) {
+      row.SetField(to, worked.GetRawFieldRef(from));
+    } else if (worked.GetFieldDefnRef(from)->GetType() == OFTReal) {
+      row.SetField(to, worked.GetFieldAsDouble(from));
+    } else {
+      row.SetField(to, worked.GetFieldAsString(from));
+    }
+  }
+
+  void Store(OGRFeature& feature, std::int64_t oid, RunJournal& notes) {
+    GdalErrorScope errors;
+    if (layer_->CreateFeature(&feature) == OGRERR_NONE && !errors.Failed()) {
+      if (!errors.Text().empty()) notes.NoteWarning("GDAL says: " + errors.Text(), oid);
+      return;
+    }
+    RaiseEngineFault("Row " + std::to_string(oid) + " can't be written to '" + conversion_.target.string() + "'" +
+                     errors.Quote() + WayOut(path_.string(), errors.Text()));
+  }
+
+  const Conversion& conversion_;
+  fs::path path_;
+  std::shared_ptr<CopyColumns> columns_;
+  OGRwkbGeometryType declared_ = wkbUnknown, type_ = wkbUnknown;
+  DatasetHandle dataset_;
+  OGRLayer* layer_ = nullptr;
+  std::vector<Result> results_;
+  std::shared_ptr<const RowTraits> traits_;
+};
+
+/// Reads the file again, row by row beside what was meant.
+class Readback {
+ public:
+  Readback(const fs::path& path, const TargetFile& file, const OGRFeatureDefn& made, RunJournal& notes)
+      : dataset_(OpenDatasetAt(path.string(), false)), layer_(*dataset_->GetLayer(0)), notes_(notes) {
+    const OGRFeatureDefn& read = *layer_.GetLayerDefn();
+    for (const CopyColumn& column : file.Columns()->All()) {
+      columns_.push_back(column.target < 0 ? -1 : read.GetFieldIndex(made.GetFieldDefn(column.target)->GetNameRef()));
+    }
+    for (const Result& result : file.Results()) {
+      results_.push_back({result.worked, read.GetFieldIndex(made.GetFieldDefn(result.written)->GetNameRef())});
+    }
+  }
+
+  [[nodiscard]] std::int64_t Count() const {
+    std::int64_t count = 0;
+    layer_.ResetReading();
+    while (OGRFeatureUniquePtr(layer_.GetNextFeature())) ++count;
+    layer_.ResetReading();
+    return count;
+  }
+
+  void Compare(const MergedRows& merged, const Conversion& conversion) {
+    const OGRFeatureUniquePtr row(layer_.GetNextFeature());
+    if (!row) return;
+    const std::int64_t oid = merged.From().OID();
+    for (std::size_t index = 0; index < columns_.size(); ++index) {
+      if (columns_[index] < 0) continue;
+      const bool changed = merged.IsChanged(index);
+      const int worked = conversion.worked_columns->All()[index].target;
+      CompareOne(changed ? merged.Worked() : merged.From().Feature(), changed ? worked : static_cast<int>(index), *row,
+                 columns_[index], oid);
+    }
+    for (const Result& result : results_) {
+      if (result.written >= 0) CompareOne(merged.Worked(), result.worked, *row, result.written, oid);
+    }
+    CompareShapes(merged.From().Feature().GetGeometryRef(), row->GetGeometryRef(), oid);
+  }
+
+ private:
+  void CompareOne(const OGRFeature& meant, int meant_index, const OGRFeature& row, int index, std::int64_t oid) {
+    notes_.NoteChange(row.GetFieldDefnRef(index)->GetNameRef(), CompareValues(meant, meant_index, row, index), oid);
+  }
+
+  void CompareShapes(const OGRGeometry* meant, const OGRGeometry* written, std::int64_t oid) {
+    if (meant == nullptr || meant->IsEmpty()) return;
+    if (written == nullptr || written->IsEmpty()) {
+      notes_.NoteFault(Fault(kRowRefused, "Engine", kShapeLost, __LINE__, SourceFileName(__FILE__)), oid);
+    } else if (ShapeMoved(*meant, *written)) {
+      notes_.NoteWarning(kMoved, oid);
+    }
+  }
+
+  DatasetHandle dataset_;
+  OGRLayer& layer_;
+  RunJournal& notes_;
+  std::vector<int> columns_;
+  std::vector<Result> results_;
+};
+
+}  // namespace
+
+std::shared_ptr<const CopyColumns> ProbeConversion(const Conversion& conversion, const fs::path& folder,
+                                                   CopyFacts& facts, std::vector<std::string>& names) {
+  TargetFile file(conversion, folder / conversion.target.filename());
+  const OGRFeatureDefn& made = *file.Layer().GetLayerDefn();
+  for (const CopyColumn& column : file.Columns()->All()) {
+    names.push_back(file.Columns()->MadeName(column, made));
+    if (!names.back().empty()) facts.notes.NoteName(column.field->Name, names.back());
+  }
+  facts.foretold = file.Columns()->Foretold(made);
+  for (std::string& sentence : ForetoldOfShapes(file.DeclaredType(), conversion.shapes, file.Layer())) {
+    facts.foretold.push_back(std::move(sentence));
+  }
+  std::shared_ptr<const CopyColumns> columns = file.Columns();
+  // An empty file of some formats can't be closed without a complaint.
+  const GdalErrorScope quiet;
+  try {
+    file.Close();
+  } catch (const Fault&) {
+    return columns;
+  }
+  return columns;
+}
+
+ConvertedCopy::ConvertedCopy(std::shared_ptr<CopyFacts> facts, std::unique_ptr<StagedOutput> work,
+                             Conversion conversion)
+    : CopyFactsHolder(std::move(facts)),
+      OgrFeatureClass(std::make_shared<OgrSource>(conversion.target.string(), work->Path().string(), conversion.layer)),
+      work_(std::move(work)),
+      conversion_(std::move(conversion)) {}
+
+void ConvertedCopy::Publish() {
+  if (!work_ || Facts().planned_rows) Raise(kInvalidCall, "'" + Name() + "' can't be published.");
+  // What a stopped run has done is written to its end.
+  const bool stopped = StopRequested();
+  const auto poll = [&] {
+    if (!stopped) EndIfStopped();
+  };
+  const auto self = std::dynamic_pointer_cast<OgrClass>(shared_from_this());
+  StagedOutput staged(conversion_.target, StagedOutput::Begin::Empty);
+  TargetFile file(conversion_, staged.Path());
+  RunJournal notes;
+  const std::unique_ptr<OGRFeatureDefn, void (*)(OGRFeatureDefn*)> made = [&] {
+    MergedRows merged(conversion_, self);
+    file.AddResults(merged.WorkedDefinition(), notes);
+    file.PrepareRows();
+    while (merged.Next()) {
+      poll();
+      if (file.Takes(merged)) {
+        file.Write(merged, notes);
+      } else {
+        --Facts().rows;
+        notes.NoteFault(Fault(kRowRefused, "Engine", kNoPlaceWithoutShape, __LINE__, SourceFileName(__FILE__)),
+                        merged.From().OID());
+      }
+    }
+    std::unique_ptr<OGRFeatureDefn, void (*)(OGRFeatureDefn*)> definition(
+        file.Layer().GetLayerDefn()->Clone(), [](OGRFeatureDefn* clone) { clone->Release(); });
+    definition->Reference();
+    return definition;
+  }();
+  file.Close();
+  {
+    Readback readback(staged.Path(), file, *made, notes);
+    RequireAllRows(Facts(), readback.Count());
+    notes.written = Facts().rows;
+    if (!conversion_.format->reorders) {
+      MergedRows merged(conversion_, self);
+      while (merged.Next()) {
+        poll();
+        readback.Compare(merged, conversion_);
+      }
+    }
+  }
+  Source()->Renew();
+  staged.Publish(conversion_.standing);
+  work_.reset();
+  Facts().notes.TakeNotes(notes);
+  Facts().notes.written = notes.written;
+}
+
+void ConvertedCopy::Discard() {
+  if (!work_) return;
+  Source()->Renew();
+  work_.reset();
+}
+
+}  // namespace tessarine::engine

@@ -1,0 +1,61 @@
+// A copy in a format that can't be changed in place.
+//
+// The run works on a GeoPackage with the records. When it is published, the source's records are written in the copy's
+// own format, each attribute as the source has it, or, where the run has changed it, as the GeoPackage has it; so
+// what a GeoPackage can't keep isn't lost on the way. Then the file is read again and compared.
+#pragma once
+
+#include <memory>
+
+#include "engine/copy_classes.h"
+#include "engine/copy_columns.h"
+#include "engine/copy_rows.h"
+
+namespace tessarine::engine {
+
+/// What is to be written, and where.
+struct Conversion {
+  std::shared_ptr<OgrClass> source;
+  ChosenOids chosen;
+  const Format* format = nullptr;
+  std::filesystem::path target;
+  std::string layer;
+  StagedOutput::Standing standing = StagedOutput::Standing::Keep;
+  ShapeFacts shapes;
+  std::shared_ptr<const CopyColumns> worked_columns;  ///< of the GeoPackage
+  std::vector<std::int64_t> worked_oids;              ///< in it, in the order of the source's chosen records
+};
+
+/// What the file of a conversion will be, found out by making an empty one in `folder`: the columns as the format has
+/// them. `facts` takes what the format can't keep. Fault where there can be no such file.
+[[nodiscard]] std::shared_ptr<const CopyColumns> ProbeConversion(const Conversion& conversion,
+                                                                 const std::filesystem::path& folder, CopyFacts& facts,
+                                                                 std::vector<std::string>& names);
+
+class ConvertedCopy final : private CopyFactsHolder, public OgrFeatureClass, public IStagedDataset {
+ public:
+  /// The GeoPackage is in `work`.
+  ConvertedCopy(std::shared_ptr<CopyFacts> facts, std::unique_ptr<StagedOutput> work, Conversion conversion);
+  ~ConvertedCopy() override { Discard(); }
+  ConvertedCopy(const ConvertedCopy&) = delete;
+  ConvertedCopy& operator=(const ConvertedCopy&) = delete;
+
+  [[nodiscard]] std::string FullName() const override { return Facts().full_name; }
+  [[nodiscard]] std::int32_t FeatureCount(const QueryFilter* filter) const override {
+    return Facts().planned_rows ? *Facts().planned_rows : OgrFeatureClass::FeatureCount(filter);
+  }
+  [[nodiscard]] std::vector<LeftOutRecords> LeftOut() const override { return Facts().left_out; }
+  [[nodiscard]] const RunJournal* Notes() const override { return &Facts().notes; }
+  [[nodiscard]] std::vector<std::string> Foretold() const override { return Facts().foretold; }
+  /// The conversion, filled in further while the copy is made.
+  [[nodiscard]] Conversion& Target() { return conversion_; }
+
+  void Publish() override;
+  void Discard() override;
+
+ private:
+  std::unique_ptr<StagedOutput> work_;
+  Conversion conversion_;
+};
+
+}  // namespace tessarine::engine

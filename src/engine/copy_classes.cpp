@@ -1,0 +1,19 @@
+#include "engine/copy_classes.h"
+
+#include "platform/paths.h"
+
+namespace tessarine::engine {
+
+CopyFacts::~CopyFacts() {
+  std::error_code error;
+  if (!scratch.empty()) std::filesystem::remove_all(scratch, error);
+}
+
+void RequireAllRows(const CopyFacts& facts, std::int64_t held) {
+  if (held == facts.rows) return;
+  RaiseEngineFault("Only " + std::to_string(held) + " of the " + std::to_string(facts.rows) +
+                   " rows that were written are in '" + ToNativePath(facts.full_name) +
+                   "': check the room on the disk. Nothing of the copy is kept.");
+}
+
+}  // namespace tessarine::engine

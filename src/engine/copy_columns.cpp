@@ -1,0 +1,220 @@
+#include "engine/copy_columns.h"
+
+#include "engine/engine_fault.h"
+#include "platform/text_formats.h"
+
+namespace tessarine::engine {
+namespace {
+
+using Way = CopyColumn::Way;
+
+constexpr int kLongestDbaseText = 254;
+
+bool IsList(OGRFieldType type) {
+  return type == OFTIntegerList || type == OFTInteger64List || type == OFTRealList || type == OFTStringList;
+}
+
+bool IsTime(OGRFieldType type) { return type == OFTDate || type == OFTTime || type == OFTDateTime; }
+
+/// The types of columns that a driver makes.
+class DriverTypes {
+ public:
+  explicit DriverTypes(GDALDriver& driver)
+      : names_(CSLTokenizeString2(driver.GetMetadataItem(GDAL_DMD_CREATIONFIELDDATATYPES), " ", 0)) {}
+  // A driver that tells of none is asked when the column is made.
+  [[nodiscard]] bool Has(OGRFieldType type) const {
+    return names_.empty() || names_.FindString(OGRFieldDefn::GetFieldTypeName(type)) >= 0;
+  }
+
+ private:
+  CPLStringList names_;
+};
+
+// Columns with ways of their own: dBASE tables, file geodatabases and GeoPackages.
+bool IsFitted(const Format& format) { return format.updated_in_place; }
+
+void BecomeText(CopyColumn& column, Way way) {
+  column.way = way;
+  column.definition->SetType(OFTString);
+  column.definition->SetWidth(0);
+  column.definition->SetPrecision(0);
+}
+
+std::unique_ptr<OGRFieldDefn> PlainDefinition(const OGRFieldDefn& source, bool same_format) {
+  auto definition = std::make_unique<OGRFieldDefn>(&source);
+  if (same_format) return definition;
+  definition->SetNullable(1);
+  definition->SetUnique(0);
+  definition->SetDefault(nullptr);
+  definition->SetDomainName("");
+  // The widths of numbers are those of decimal texts; other formats would refuse what has no room in them.
+  if (definition->GetType() != OFTString) {
+    definition->SetWidth(0);
+    definition->SetPrecision(0);
+  }
+  return definition;
+}
+
+CopyColumn ColumnFor(const FieldRef& field, const OGRFieldDefn& source, const DriverTypes& types, const Format& format,
+                     bool same_format) {
+  CopyColumn column;
+  column.field = field;
+  const ColumnStore store = ColumnStoreOf(format.driver);
+  const OGRFieldType type = source.GetType();
+  column.definition = PlainDefinition(source, same_format);
+  if (IsList(type)) {
+    column.way = Way::Raw;
+    if (!types.Has(type)) BecomeText(column, Way::List);
+  } else if (type == OFTBinary) {
+    column.way = types.Has(type) ? Way::Raw : Way::LeftOut;
+  } else if (store != ColumnStore::Other || IsWideWhole(source)) {
+    column.definition = OgrFieldOf(*field, store);
+    column.way = Way::Value;
+  } else if (IsTime(type)) {
+    column.way = IsFitted(format) && type == OFTDateTime ? Way::Moment : Way::Raw;
+    if (!types.Has(type)) BecomeText(column, Way::Text);
+  } else if (type == OFTInteger64 && !types.Has(type)) {
+    column.definition->SetType(OFTReal);
+    column.definition->SetWidth(0);
+  } else {
+    const bool plain = type == OFTInteger || type == OFTInteger64 || type == OFTReal;
+    column.way = plain && !IsFitted(format) ? Way::Raw : Way::Value;
+  }
+  return column;
+}
+
+// In UTC, which is all that some formats keep.
+Variant InUtc(const Variant& value, ValueChange& change) {
+  if (value.kind() != Variant::Kind::Date) return value;
+  Date date = value.AsDate();
+  if (date.zone == Date::kNoZone || date.zone == 0) return value;
+  date.serial -= date.zone / 1440.0;
+  date.zone = 0;
+  change = ValueChange::ZoneDropped;
+  return date;
+}
+
+std::string ForetoldLoss(const Field& field, const CopyColumn& column, const OGRFieldDefn& made) {
+  if (column.way == Way::List) return "lists become texts.";
+  if (field.Type != esriFieldTypeDate && field.Type != esriFieldTypeInteger64 && field.Type != esriFieldTypeString) {
+    return "";
+  }
+  const OGRFieldType type = made.GetType();
+  if (field.Type == esriFieldTypeDate && type == OFTString) {
+    return field.Content == DateContent::Time ? "times of day become texts." : "dates become texts.";
+  }
+  if (field.Type == esriFieldTypeDate && field.Content == DateContent::DayAndTime && type == OFTDate) {
+    return "times of day are left out, the format keeps days only.";
+  }
+  if (field.Type == esriFieldTypeInteger64 && type == OFTReal) {
+    return "whole numbers beyond 9,007,199,254,740,992 that no double holds exactly become null.";
+  }
+  const bool cut = field.Type == esriFieldTypeString && column.definition->GetWidth() == kLongestDbaseText;
+  if (cut && field.Length > kLongestDbaseText) return "texts longer than 254 bytes are cut.";
+  return "";
+}
+
+}  // namespace
+
+CopyColumns::CopyColumns(const RowTraits& traits, const OGRFeatureDefn& source, GDALDriver& driver,
+                         const Format& format, bool same_format, const std::vector<std::string>& reserved)
+    : first_attribute_(traits.fields.first_attribute) {
+  const DriverTypes types(driver);
+  std::vector<std::string> names;
+  for (int index = 0; index < source.GetFieldCount(); ++index) {
+    const FieldRef& field = traits.fields.fields->Field(first_attribute_ + index);
+    columns_.push_back(ColumnFor(field, *source.GetFieldDefn(index), types, format, same_format));
+    columns_.back().source = index;
+    names.push_back(field->Name);
+  }
+  const std::vector<std::string> legal = FreeLegalNames(format.field_names, names, reserved);
+  for (std::size_t index = 0; index < columns_.size(); ++index)
+    columns_[index].definition->SetName(legal[index].c_str());
+}
+
+void CopyColumns::AddTo(OGRLayer& layer, const std::string& shown) {
+  const OGRFeatureDefn& made = *layer.GetLayerDefn();
+  bool any = columns_.empty();
+  for (CopyColumn& column : columns_) {
+    column.target = -1;
+    if (column.way == Way::LeftOut) continue;
+    const GdalErrorScope errors;
+    // Some formats have columns of their own from the start.
+    const int standing = made.GetFieldIndex(column.definition->GetNameRef());
+    const int before = made.GetFieldCount();
+    const bool created = layer.CreateField(column.definition.get()) == OGRERR_NONE;
+    if (created && made.GetFieldCount() == before + 1) {
+      column.target = before;
+    } else if (standing >= 0 && made.GetFieldDefn(standing)->GetType() == column.definition->GetType()) {
+      column.target = standing;
+    } else {
+      column.way = Way::LeftOut;
+      continue;
+    }
+    any = true;
+    const OGRFieldType type = made.GetFieldDefn(column.target)->GetType();
+    if (column.way == Way::Raw && type != column.definition->GetType()) {
+      column.way = IsList(column.definition->GetType()) ? Way::List : type == OFTString ? Way::Text : Way::Value;
+    }
+  }
+  if (!any) {
+    Raise(kInvalidCall,
+          "'" + shown + "' can't be written: its format keeps no fields of a user's own. Name another format.");
+  }
+}
+
+ValueChange CopyColumns::Copy(const CopyColumn& column, const OgrRow& from, OgrRow& to) const {
+  if (column.way == Way::LeftOut) return ValueChange::None;
+  OGRFeature& source = from.Feature();
+  OGRFeature& target = to.Feature();
+  if (source.IsFieldSet(column.source) == 0) return ValueChange::None;
+  if (source.IsFieldNull(column.source) != 0) {
+    target.SetFieldNull(column.target);
+    return ValueChange::None;
+  }
+  const std::int32_t index = to.Fields()->FieldCount() - target.GetFieldCount() + column.target;
+  ValueChange change = ValueChange::None;
+  switch (column.way) {
+    case Way::Raw:
+      target.SetField(column.target, source.GetRawFieldRef(column.source));
+      return change;
+    case Way::List: {
+      char* text = source.GetFieldAsSerializedJSon(column.source);
+      change = to.SetValue(index, std::string(text != nullptr ? text : ""));
+      CPLFree(text);
+      return change;
+    }
+    case Way::Text:
+      return to.SetValue(index, std::string(source.GetFieldAsString(column.source)));
+    case Way::Moment: {
+      const Variant moment = InUtc(from.Value(first_attribute_ + column.source), change);
+      const ValueChange fitted = to.SetValue(index, moment);
+      return fitted == ValueChange::None ? change : fitted;
+    }
+    default:
+      return to.SetValue(index, from.Value(first_attribute_ + column.source));
+  }
+}
+
+std::string CopyColumns::MadeName(const CopyColumn& column, const OGRFeatureDefn& made) const {
+  return column.target < 0 ? "" : made.GetFieldDefn(column.target)->GetNameRef();
+}
+
+std::vector<std::string> CopyColumns::Foretold(const OGRFeatureDefn& made) const {
+  std::vector<std::string> sentences;
+  for (const CopyColumn& column : columns_) {
+    const std::string name = MadeName(column, made);
+    if (name.empty()) {
+      sentences.push_back("The field '" + column.field->Name + "' is left out: the format keeps nothing of its kind.");
+      continue;
+    }
+    if (name != column.field->Name) {
+      sentences.push_back("The field '" + column.field->Name + "' is written as '" + name + "'.");
+    }
+    const std::string loss = ForetoldLoss(*column.field, column, *made.GetFieldDefn(column.target));
+    if (!loss.empty()) sentences.push_back("In the field '" + name + "', " + loss);
+  }
+  return sentences;
+}
+
+}  // namespace tessarine::engine

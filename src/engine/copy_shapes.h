@@ -1,0 +1,45 @@
+// The shapes of a copy: which type its layer gets, and what has to be known of the source's shapes for that.
+#pragma once
+
+#include <ogrsf_frmts.h>
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "engine/ogr_class.h"
+#include "outputs/formats.h"
+
+namespace tessarine::engine {
+
+/// Identifiers in order; nothing means all records.
+using ChosenOids = std::optional<std::vector<std::int64_t>>;
+
+[[nodiscard]] bool IsChosen(const ChosenOids& chosen, std::int64_t oid);
+
+/// What a walk over the chosen records shows.
+struct ShapeFacts {
+  bool single = false, multiple = false;  ///< shapes of one part by their type, and of several
+  bool z = false, m = false, curves = false;
+  std::vector<std::int64_t> oids;     ///< in the order of the records
+  Envelope extent;                    ///< empty where there are no shapes
+  std::int64_t least = 0, most = -1;  ///< identifiers
+  bool repeated = false;              ///< an identifier stands there twice
+};
+/// Polls the stop.
+[[nodiscard]] ShapeFacts LookAtShapes(const std::shared_ptr<OgrClass>& source, const ChosenOids& chosen);
+
+/// The type of a layer that holds these shapes in this format.
+[[nodiscard]] OGRwkbGeometryType LayerTypeFor(OGRwkbGeometryType declared, esriGeometryType kind,
+                                              const ShapeFacts& facts, const Format& format);
+
+/// The shape as a layer of this type takes it: a single one becomes a multiple one where only those are held.
+[[nodiscard]] std::unique_ptr<OGRGeometry> FitShape(std::unique_ptr<OGRGeometry> shape, OGRwkbGeometryType type);
+
+/// What the new layer can't keep of the shapes of the source, sentence by sentence.
+[[nodiscard]] std::vector<std::string> ForetoldOfShapes(OGRwkbGeometryType declared, const ShapeFacts& facts,
+                                                        OGRLayer& layer);
+
+}  // namespace tessarine::engine

@@ -1,0 +1,28 @@
+// New files and layers of any format that GDAL writes.
+#pragma once
+
+#include <gdal_priv.h>
+
+#include <filesystem>
+#include <string>
+
+#include "engine/ogr_source.h"
+#include "outputs/formats.h"
+
+namespace tessarine::engine {
+
+/// The driver of a format; fault where GDAL has none.
+[[nodiscard]] GDALDriver& DriverOf(const Format& format);
+
+/// Makes an empty file. A fault names `shown`.
+[[nodiscard]] DatasetHandle CreateFile(GDALDriver& driver, const std::filesystem::path& path,
+                                       const std::filesystem::path& shown);
+
+[[nodiscard]] CPLStringList LayerOptions(const Format& format);
+
+/// Makes a layer without fields. Fault where it can't be made, or has no place for shapes.
+[[nodiscard]] OGRLayer* CreateTargetLayer(GDALDataset& dataset, const std::string& name,
+                                          const OGRSpatialReference* reference, OGRwkbGeometryType type,
+                                          const CPLStringList& options, const std::filesystem::path& shown);
+
+}  // namespace tessarine::engine

@@ -1,0 +1,141 @@
+#include "engine/copy_values.h"
+
+#include <cpl_conv.h>
+
+#include <array>
+#include <cmath>
+#include <cstring>
+#include <string>
+
+namespace tessarine::engine {
+namespace {
+
+constexpr int kUtc = 100;
+constexpr double kSameNumber = 1e-10;  // relative, of a coordinate
+
+bool IsNothing(const OGRFeature& feature, int index) {
+  if (feature.IsFieldSetAndNotNull(index) == 0) return true;
+  return feature.GetFieldDefnRef(index)->GetType() == OFTString && *feature.GetFieldAsString(index) == '\0';
+}
+
+bool IsList(OGRFieldType type) {
+  return type == OFTIntegerList || type == OFTInteger64List || type == OFTRealList || type == OFTStringList;
+}
+
+std::string ListText(const OGRFeature& feature, int index) {
+  if (feature.GetFieldDefnRef(index)->GetType() == OFTString) return feature.GetFieldAsString(index);
+  char* text = feature.GetFieldAsSerializedJSon(index);
+  std::string list = text != nullptr ? text : "";
+  CPLFree(text);
+  return list;
+}
+
+bool SameDigits(double first, double second) {
+  if (first == second || (std::isnan(first) && std::isnan(second))) return true;
+  std::array<char, 40> a{}, b{};
+  CPLsnprintf(a.data(), a.size(), "%.15g", first);
+  CPLsnprintf(b.data(), b.size(), "%.15g", second);
+  return std::strcmp(a.data(), b.data()) == 0;
+}
+
+ValueChange CompareReals(double meant, double written) {
+  if (SameDigits(meant, written)) return ValueChange::None;
+  if (!std::isfinite(meant)) return ValueChange::NotFinite;
+  const bool near = std::fabs(meant - written) <= 1e-3 * std::fabs(meant);
+  return near || std::fabs(meant - written) < 1.0 ? ValueChange::Rounded : ValueChange::OutOfRange;
+}
+
+ValueChange CompareWholes(const OGRFeature& meant, int meant_index, const OGRFeature& written, int written_index) {
+  const GIntBig whole = meant.GetFieldAsInteger64(meant_index);
+  if (written.GetFieldDefnRef(written_index)->GetType() == OFTReal) {
+    const double number = written.GetFieldAsDouble(written_index);
+    if (std::fabs(number) < 9.2e18 && static_cast<GIntBig>(number) == whole) return ValueChange::None;
+    return CompareReals(static_cast<double>(whole), number) == ValueChange::OutOfRange ? ValueChange::OutOfRange
+                                                                                       : ValueChange::Rounded;
+  }
+  return whole == written.GetFieldAsInteger64(written_index) ? ValueChange::None : ValueChange::OutOfRange;
+}
+
+struct Moment {
+  int year = 0, month = 0, day = 0, hour = 0, minute = 0, zone = 0;
+  float second = 0.0F;
+
+  Moment(const OGRFeature& feature, int index) {
+    feature.GetFieldAsDateTime(index, &year, &month, &day, &hour, &minute, &second, &zone);
+    if (zone <= 1 || zone == kUtc) zone = 0;
+  }
+  [[nodiscard]] bool SameDay(const Moment& other) const {
+    return year == other.year && month == other.month && day == other.day;
+  }
+  [[nodiscard]] bool SameTime(const Moment& other) const {
+    return hour == other.hour && minute == other.minute && std::fabs(second - other.second) < 0.0005F;
+  }
+};
+
+ValueChange CompareMoments(const OGRFeature& meant, int meant_index, const OGRFeature& written, int written_index) {
+  const OGRFieldType type = written.GetFieldDefnRef(written_index)->GetType();
+  if (type == OFTString) {
+    const std::string text = meant.GetFieldAsString(meant_index);
+    return text == written.GetFieldAsString(written_index) ? ValueChange::None : ValueChange::Unreadable;
+  }
+  const Moment first(meant, meant_index), second(written, written_index);
+  const bool day_matters = meant.GetFieldDefnRef(meant_index)->GetType() != OFTTime;
+  if (day_matters && !first.SameDay(second))
+    return first.zone != 0 ? ValueChange::ZoneDropped : ValueChange::Unreadable;
+  if (first.zone != second.zone) return ValueChange::ZoneDropped;
+  return first.SameTime(second) ? ValueChange::None : ValueChange::TimeDropped;
+}
+
+ValueChange CompareTexts(const std::string& meant, const std::string& written) {
+  if (meant == written) return ValueChange::None;
+  return written.size() < meant.size() && meant.starts_with(written) ? ValueChange::TextCut : ValueChange::BadText;
+}
+
+ValueChange Missing(const OGRFeature& meant, int index) {
+  const OGRFieldType type = meant.GetFieldDefnRef(index)->GetType();
+  if (type == OFTReal && !std::isfinite(meant.GetFieldAsDouble(index))) return ValueChange::NotFinite;
+  return type == OFTInteger || type == OFTInteger64 || type == OFTReal ? ValueChange::OutOfRange
+                                                                       : ValueChange::Unreadable;
+}
+
+bool Near(double first, double second) {
+  return std::fabs(first - second) <= kSameNumber * std::max(1.0, std::fabs(first));
+}
+
+}  // namespace
+
+ValueChange CompareValues(const OGRFeature& meant, int meant_index, const OGRFeature& written, int written_index) {
+  const bool nothing = IsNothing(meant, meant_index);
+  if (nothing && IsNothing(written, written_index)) return ValueChange::None;
+  if (nothing) return ValueChange::Unreadable;
+  if (IsNothing(written, written_index)) return Missing(meant, meant_index);
+  const OGRFieldType type = meant.GetFieldDefnRef(meant_index)->GetType();
+  switch (type) {
+    case OFTInteger:
+    case OFTInteger64:
+      return CompareWholes(meant, meant_index, written, written_index);
+    case OFTReal:
+      return CompareReals(meant.GetFieldAsDouble(meant_index), written.GetFieldAsDouble(written_index));
+    case OFTDate:
+    case OFTTime:
+    case OFTDateTime:
+      return CompareMoments(meant, meant_index, written, written_index);
+    default:
+      break;
+  }
+  if (IsList(type)) {
+    return ListText(meant, meant_index) == ListText(written, written_index) ? ValueChange::None
+                                                                            : ValueChange::Unreadable;
+  }
+  return CompareTexts(meant.GetFieldAsString(meant_index), written.GetFieldAsString(written_index));
+}
+
+bool ShapeMoved(const OGRGeometry& meant, const OGRGeometry& written) {
+  OGREnvelope first, second;
+  meant.getEnvelope(&first);
+  written.getEnvelope(&second);
+  return !Near(first.MinX, second.MinX) || !Near(first.MinY, second.MinY) || !Near(first.MaxX, second.MaxX) ||
+         !Near(first.MaxY, second.MaxY);
+}
+
+}  // namespace tessarine::engine

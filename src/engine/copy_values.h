@@ -1,0 +1,18 @@
+// Comparison of what was written with what was meant.
+#pragma once
+
+#include <ogrsf_frmts.h>
+
+#include "platform/value_change.h"
+
+namespace tessarine::engine {
+
+/// What became of an attribute; `None` where it is the same: numbers in 15 digits, times of no zone and of UTC alike, a
+/// text without characters as nothing at all.
+[[nodiscard]] ValueChange CompareValues(const OGRFeature& meant, int meant_index, const OGRFeature& written,
+                                        int written_index);
+
+/// True where the shape lies elsewhere than it was meant to, beyond what the last digits of its numbers make out.
+[[nodiscard]] bool ShapeMoved(const OGRGeometry& meant, const OGRGeometry& written);
+
+}  // namespace tessarine::engine

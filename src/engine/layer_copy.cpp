@@ -1,0 +1,275 @@
+#include "engine/layer_copy.h"
+
+#include <algorithm>
+
+#include "engine/converted_copy.h"
+#include "engine/copy_classes.h"
+#include "engine/copy_rows.h"
+#include "engine/copy_target.h"
+#include "engine/geodatabase_class.h"
+#include "platform/paths.h"
+#include "platform/text_formats.h"
+
+namespace tessarine {
+namespace {
+
+namespace fs = std::filesystem;
+using namespace engine;
+
+constexpr std::int64_t kMostGeodatabaseRow = 2147483647;
+constexpr const char* kGeoPackage = ".gpkg";
+
+// A name for a column that the format needs for itself, which no attribute bears.
+std::string OwnColumn(const std::string& wished, const char* usual, const RowTraits& traits) {
+  const Fields& fields = *traits.fields.fields;
+  const auto taken = [&](const std::string& name) {
+    return std::ranges::any_of(
+        fields, [&](const FieldRef& field) { return IsAttribute(*field) && EqualsIgnoringCase(field->Name, name); });
+  };
+  const std::string base = wished.empty() ? usual : wished;
+  std::string name = base;
+  for (int number = 1; taken(name); ++number) name = base + "_" + std::to_string(number);
+  return name;
+}
+
+/// Makes one copy.
+class Copier {
+ public:
+  Copier(const LayerCopyRequest& request, std::shared_ptr<OgrClass> source)
+      : request_(request),
+        source_(std::move(source)),
+        place_(request.place),
+        format_(*request.place.format),
+        facts_(std::make_shared<CopyFacts>()) {
+    facts_->full_name = FromNativePath(ShownPath());
+    if (!request_.question.empty()) facts_->notes.planned_questions.push_back(request_.question);
+    if (place_.InContainer()) facts_->notes.NoteName(place_.name, place_.ClassName());
+    if (!request_.only) facts_->left_out = request_.source->LeftOut();
+    if (request_.plan_only) {
+      MoveToScratch();
+      const auto count =
+          request_.only ? static_cast<std::int32_t>(request_.only->size()) : request_.source->FeatureCount(nullptr);
+      facts_->planned_rows = count;
+    } else {
+      shapes_ = LookAtShapes(source_, request_.only);
+    }
+  }
+
+  LayerCopy Make() {
+    if (!format_.updated_in_place) return MakeConverted();
+    if (format_.folder) return Filled(MakeInFileGeodatabase());
+    return Filled(format_.container ? MakeInGeoPackage() : MakeShapefile());
+  }
+
+ private:
+  [[nodiscard]] std::string ShownPath() const {
+    return format_.container
+               ? (fs::path(place_.container) / place_.dataset / place_.ClassName()).lexically_normal().string()
+               : place_.NativePath();
+  }
+
+  // A copy that is only planned is made where nobody looks.
+  void MoveToScratch() {
+    std::string folder = (fs::temp_directory_path() / "tessarine-plan-XXXXXX").string();
+    if (mkdtemp(folder.data()) == nullptr) RaiseEngineFault("No folder can be made in '" + folder + "'.");
+    facts_->scratch = folder;
+    place_.container =
+        place_.InContainer() ? (fs::path(folder) / fs::path(place_.container).filename()).string() : folder;
+    place_.dataset.clear();
+  }
+
+  [[nodiscard]] fs::path TargetFile() const { return place_.InContainer() ? place_.container : place_.NativePath(); }
+  [[nodiscard]] StagedOutput::Standing Standing() const {
+    return request_.replaces ? StagedOutput::Standing::Replace : StagedOutput::Standing::Keep;
+  }
+  [[nodiscard]] ChosenOids Chosen() const { return request_.only; }
+
+  void TellNames(const OGRFeatureDefn& made) {
+    for (const CopyColumn& column : columns_->All()) {
+      names_.push_back(columns_->MadeName(column, made));
+      if (!names_.back().empty()) facts_->notes.NoteName(column.field->Name, names_.back());
+    }
+    facts_->foretold = columns_->Foretold(made);
+  }
+
+  // Makes the layer with its columns, and returns its name.
+  std::string MakeLayer(GDALDataset& dataset, const std::string& name, const Format& format, CPLStringList options,
+                        const fs::path& shown) {
+    LayerHandle source = source_->Source()->Read();
+    const bool same_format = format.driver == source.Dataset().GetDriverName();
+    if (format.ending == kGeoPackage) {
+      const std::string fid = same_format ? source.Layer().GetFIDColumn() : "";
+      const std::string shape = same_format ? source.Layer().GetGeometryColumn() : "";
+      options.SetNameValue("FID", OwnColumn(fid, "fid", *source_->Traits()).c_str());
+      options.SetNameValue("GEOMETRY_NAME", OwnColumn(shape, "geom", *source_->Traits()).c_str());
+    }
+    const OGRwkbGeometryType declared = source.Layer().GetGeomType();
+    type_ = LayerTypeFor(declared, source_->Traits()->shape_type, shapes_, format);
+    columns_ = std::make_shared<CopyColumns>(*source_->Traits(), *source.Layer().GetLayerDefn(), DriverOf(format),
+                                             format, same_format, std::vector<std::string>());
+    if (same_format) CopyDomains(source.Dataset(), dataset);
+    OGRLayer* layer = CreateTargetLayer(dataset, name, source.Layer().GetSpatialRef(), type_, options, shown);
+    columns_->AddTo(*layer, shown.string());
+    if (&format == &format_) {
+      TellNames(*layer->GetLayerDefn());
+      for (std::string& sentence : ForetoldOfShapes(declared, shapes_, *layer)) {
+        facts_->foretold.push_back(std::move(sentence));
+      }
+    }
+    return layer->GetName();
+  }
+
+  // Fields of the same format keep their domains.
+  void CopyDomains(GDALDataset& from, GDALDataset& to) {
+    const GdalErrorScope quiet;
+    for (const CopyColumn& column : columns_->All()) {
+      const std::string name = column.definition->GetDomainName();
+      if (name.empty() || to.GetFieldDomain(name) != nullptr) continue;
+      const OGRFieldDomain* domain = from.GetFieldDomain(name);
+      std::string reason;
+      const bool added =
+          domain != nullptr && to.AddFieldDomain(std::unique_ptr<OGRFieldDomain>(domain->Clone()), reason);
+      if (!added) column.definition->SetDomainName("");
+    }
+  }
+
+  std::shared_ptr<OgrFeatureClass> MakeShapefile() {
+    auto staged = std::make_unique<StagedOutput>(TargetFile(), StagedOutput::Begin::Empty);
+    std::string layer;
+    {
+      const DatasetHandle dataset = CreateFile(DriverOf(format_), staged->Path(), staged->Target());
+      layer = MakeLayer(*dataset, staged->Path().stem().string(), format_, LayerOptions(format_), staged->Target());
+    }
+    return std::make_shared<CopyOf<StagedFeatureClass>>(facts_, std::move(staged), layer, Standing());
+  }
+
+  std::shared_ptr<OgrFeatureClass> MakeInGeoPackage() {
+    const bool stands = fs::exists(TargetFile());
+    auto staged =
+        std::make_unique<StagedOutput>(TargetFile(), stands ? StagedOutput::Begin::Copy : StagedOutput::Begin::Empty);
+    std::string layer;
+    {
+      const DatasetHandle dataset = stands ? OpenDatasetAt(staged->Path().string(), true)
+                                           : CreateFile(DriverOf(format_), staged->Path(), staged->Target());
+      if (request_.replaces) RemoveFrom(*dataset, place_.ClassName());
+      layer = MakeLayer(*dataset, place_.ClassName(), format_, LayerOptions(format_), staged->Target());
+    }
+    const auto standing = stands ? StagedOutput::Standing::Replace : StagedOutput::Standing::Keep;
+    return std::make_shared<CopyOf<StagedFeatureClass>>(facts_, std::move(staged), layer, standing);
+  }
+
+  static void RemoveFrom(GDALDataset& dataset, const std::string& name) {
+    const GdalErrorScope errors;
+    for (int index = 0; index < dataset.GetLayerCount(); ++index) {
+      if (!EqualsIgnoringCase(dataset.GetLayer(index)->GetName(), name)) continue;
+      if (dataset.DeleteLayer(index) == OGRERR_NONE) return;
+      RaiseEngineFault("The layer '" + name + "' can't be replaced" + errors.Quote() + ".");
+    }
+  }
+
+  std::shared_ptr<OgrFeatureClass> MakeInFileGeodatabase() {
+    const GeodatabasePlace place{place_.container,
+                                 place_.dataset,
+                                 place_.ClassName(),
+                                 request_.replaces && !request_.plan_only,
+                                 source_->Traits()->reference,
+                                 shapes_.extent};
+    const NewGeodatabaseClass made = MakeInGeodatabase(place, [&](GDALDataset& dataset, CPLStringList options) {
+      options.SetNameValue("GEOMETRY_NAME", OwnColumn("", "Shape", *source_->Traits()).c_str());
+      return MakeLayer(dataset, place_.ClassName(), format_, std::move(options), place_.container);
+    });
+    return std::make_shared<CopyOf<StagedGeodatabaseClass>>(facts_, place_.container, made.name, made.edit);
+  }
+
+  // Identifiers are kept where all of them can be.
+  [[nodiscard]] bool KeepsIdentifiers(const Format& format) const {
+    if (!format.keeps_identifiers || shapes_.repeated) return false;
+    return !format.folder || (shapes_.least > 0 && shapes_.most < kMostGeodatabaseRow);
+  }
+
+  LayerCopy Filled(const std::shared_ptr<OgrFeatureClass>& output) {
+    LayerCopy copy{output, {}, {}};
+    FillIn(output, format_, facts_->notes, copy);
+    return copy;
+  }
+
+  // Returns the identifiers of the rows, in order.
+  std::vector<std::int64_t> FillIn(const std::shared_ptr<OgrFeatureClass>& output, const Format& format,
+                                   RunJournal& notes, LayerCopy& copy) {
+    NameFields(copy);
+    if (request_.plan_only) return {};
+    CopiedRows rows = CopyRows(source_, Chosen(), *columns_, type_, KeepsIdentifiers(format), output, notes);
+    facts_->rows = rows.count;
+    for (std::size_t index = 0; index < rows.oids.size(); ++index) {
+      if (rows.oids[index] != kNoRow) copy.oids.emplace_back(shapes_.oids[index], rows.oids[index]);
+    }
+    std::ranges::sort(copy.oids);
+    return std::move(rows.oids);
+  }
+
+  void NameFields(LayerCopy& copy) const {
+    const std::vector<CopyColumn>& columns = columns_->All();
+    for (std::size_t index = 0; index < columns.size(); ++index) {
+      copy.fields.push_back({columns[index].field->Name, names_.at(index)});
+    }
+  }
+
+  LayerCopy MakeConverted() {
+    Conversion conversion;
+    conversion.source = source_;
+    conversion.chosen = request_.only;
+    conversion.format = &format_;
+    conversion.target = TargetFile();
+    conversion.layer = conversion.target.stem().string();
+    conversion.standing = Standing();
+    conversion.shapes = shapes_;
+    {
+      const StagedOutput probe(conversion.target, StagedOutput::Begin::Empty);
+      (void)ProbeConversion(conversion, probe.Path().parent_path(), *facts_, names_);
+    }
+    const Format& worked = *FormatOfPath(kGeoPackage);
+    auto work = std::make_unique<StagedOutput>(conversion.target.string() + kGeoPackage, StagedOutput::Begin::Empty);
+    {
+      const DatasetHandle dataset = CreateFile(DriverOf(worked), work->Path(), work->Target());
+      (void)MakeLayer(*dataset, conversion.layer, worked, LayerOptions(worked), work->Target());
+    }
+    conversion.worked_columns = columns_;
+    const auto output = std::make_shared<ConvertedCopy>(facts_, std::move(work), std::move(conversion));
+    LayerCopy copy{output, {}, {}};
+    // What a GeoPackage makes of a value isn't what the copy has of it.
+    RunJournal notes;
+    output->Target().worked_oids = FillIn(output, worked, notes, copy);
+    notes.changed.clear();
+    facts_->notes.TakeNotes(notes);
+    return copy;
+  }
+
+  const LayerCopyRequest& request_;
+  std::shared_ptr<OgrClass> source_;
+  OutputPlace place_;
+  const Format& format_;
+  std::shared_ptr<CopyFacts> facts_;
+  ShapeFacts shapes_;
+  std::shared_ptr<CopyColumns> columns_;
+  OGRwkbGeometryType type_ = wkbUnknown;
+  std::vector<std::string> names_;  // of the source's attributes in the copy
+};
+
+}  // namespace
+
+bool Stands(const OutputPlace& place) {
+  if (!place.InContainer()) return !place.Files().empty();
+  if (!fs::exists(place.container)) return false;
+  const DatasetHandle dataset = OpenDataset(place.container, false);
+  for (int index = 0; index < dataset->GetLayerCount(); ++index) {
+    if (EqualsIgnoringCase(dataset->GetLayer(index)->GetName(), place.ClassName())) return true;
+  }
+  return false;
+}
+
+LayerCopy MakeLayerCopy(const LayerCopyRequest& request) {
+  const auto source = Cast<OgrClass>(request.source);
+  return Copier(request, Require(source, "IFeatureClass")).Make();
+}
+
+}  // namespace tessarine

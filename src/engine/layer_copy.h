@@ -1,0 +1,50 @@
+// A copy of a layer, made beside its place, that a run works on before it is published.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "outputs/output_place.h"
+#include "platform/data.h"
+
+namespace tessarine {
+
+struct LayerCopyRequest {
+  std::shared_ptr<IFeatureClass> source;          ///< a class of the engine's
+  OutputPlace place;                              ///< with its format and name
+  std::optional<std::vector<std::int64_t>> only;  ///< the records to copy, all where nothing is given
+  bool replaces = false;                          ///< what stands at the place goes away when the copy is published
+  std::string question;                           ///< that the plan tells of, empty for none
+  bool plan_only = false;  ///< the copy is for looking at: its columns are those of the copy, its counts the source's
+};
+
+struct CopiedField {
+  std::string source;
+  std::string copy;  ///< empty where the format keeps nothing of its kind
+};
+
+struct LayerCopy {
+  /// Holds the records and takes new fields. It is an `IStagedDataset`: publishing it puts the copy in its place, in
+  /// its own format, and checks that all its rows are there. Where a format can't be changed in place, what is worked
+  /// on is a GeoPackage, and publishing it writes the records of the source anew, with what has been changed.
+  std::shared_ptr<IFeatureClass> output;
+  std::vector<CopiedField> fields;
+  std::vector<std::pair<std::int64_t, std::int64_t>>
+      oids;  ///< of the source and the copy, by the first; none of a plan
+};
+
+/// The format that a path's ending names: of the table, or another that GDAL writes. Null where there is none.
+[[nodiscard]] const Format* FormatToWrite(const std::string& native_path);
+
+/// True when a layer or table stands under the name of the place, or, outside of containers, any file of it.
+[[nodiscard]] bool Stands(const OutputPlace& place);
+
+/// Faults name the target and what to do; nothing is left of the copy then; that of number 5 is
+/// about what the format can't hold at all. Raises `RunStopped`.
+[[nodiscard]] LayerCopy MakeLayerCopy(const LayerCopyRequest& request);
+
+}  // namespace tessarine

@@ -1,0 +1,376 @@
+// Copies that the calculator works on: whose records they hold, what is kept of them in each format, and what stands at
+// their place when a run ends in another way.
+#include <gmock/gmock.h>
+#include <ogrsf_frmts.h>
+
+#include <nlohmann/json.hpp>
+#include <set>
+
+#include "cli/program_run.h"
+
+namespace tessarine::testing {
+namespace {
+
+namespace fs = std::filesystem;
+using nlohmann::json;
+using ::testing::Contains;
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using ::testing::Not;
+
+// Lines, points and polygons, a record without a shape and one with an empty shape; lists; a line with heights.
+constexpr const char* kMixed = R"({"type":"FeatureCollection","features":[
+{"type":"Feature","id":7,"properties":{"k":1,"list":["a","b,c"]},"geometry":{"type":"Point","coordinates":[1,2]}},
+{"type":"Feature","id":30,"properties":{"k":2,"list":["d"]},"geometry":{"type":"LineString","coordinates":[[0,0],[1,1]]}},
+{"type":"Feature","id":9,"properties":{"k":3,"list":null},
+ "geometry":{"type":"Polygon","coordinates":[[[0,0],[1,0],[1,1],[0,0]]]}},
+{"type":"Feature","id":4,"properties":{"k":4,"list":["e","f"]},
+ "geometry":{"type":"LineString","coordinates":[[0,0,5],[2,2,6]]}}]})";
+
+constexpr const char* kHoles = R"({"type":"FeatureCollection","features":[
+{"type":"Feature","properties":{"k":1},"geometry":{"type":"LineString","coordinates":[[0,0],[1,1]]}},
+{"type":"Feature","properties":{"k":2},"geometry":null},
+{"type":"Feature","properties":{"k":3},"geometry":{"type":"LineString","coordinates":[]}},
+{"type":"Feature","properties":{"k":4},"geometry":{"type":"LineString","coordinates":[[0,0],[2,1]]}}]})";
+
+GDALDatasetUniquePtr OpenData(const std::string& path) {
+  GDALAllRegister();
+  return GDALDatasetUniquePtr(GDALDataset::Open(path.c_str(), GDAL_OF_VECTOR));
+}
+
+// The values of a field, by those of another.
+std::map<std::string, std::string> Values(const std::string& path, const char* layer, const char* key,
+                                          const char* field) {
+  std::map<std::string, std::string> values;
+  const auto data = OpenData(path);
+  OGRLayer* rows = data == nullptr ? nullptr : *layer == '\0' ? data->GetLayer(0) : data->GetLayerByName(layer);
+  if (rows == nullptr) return values;
+  for (const auto& row : *rows) {
+    const int index = row->GetFieldIndex(field);
+    values[row->GetFieldAsString(key)] =
+        index < 0 || row->IsFieldSetAndNotNull(index) == 0 ? "null" : row->GetFieldAsString(index);
+  }
+  return values;
+}
+
+std::set<std::string> Layers(const std::string& path) {
+  std::set<std::string> names;
+  const auto data = OpenData(path);
+  for (OGRLayer* layer : data->GetLayers()) names.insert(layer->GetName());
+  return names;
+}
+
+class Copies : public ProgramTest {
+ protected:
+  ProgramOutcome Calculate(const std::string& source, const std::string& copy,
+                           std::vector<std::string> more = {}) const {
+    more.insert(more.begin(), {"calculate", source, "-m", "1", "-q", "-o", copy});
+    return RunTessarine(more);
+  }
+  [[nodiscard]] json Report() const { return json::parse(ReadFile(In("r.json"))); }
+  // What stands in the folder besides the named things.
+  [[nodiscard]] std::vector<std::string> LeftBeside(const std::set<std::string>& known) const {
+    std::vector<std::string> names = Left();
+    std::erase_if(names, [&](const std::string& name) { return known.contains(name); });
+    return names;
+  }
+};
+
+TEST_F(Copies, AConditionBelongsToTheSource) {
+  // Identifiers begin with 0 in a shapefile, with 1 in a geodatabase.
+  for (const char* copy : {"w.shp", "w.gpkg", "w.gdb/w", "w.geojson", "w.fgb", "w.tab"}) {
+    const ProgramOutcome run = Calculate(Data("countries.shp"), In(copy), {"--where", "FID = 2"});
+    ASSERT_EQ(run.status, 0) << copy << run.err;
+    const std::string file = In(std::string(copy).substr(0, std::string(copy).find("/")));
+    auto measured = Values(file, "", "name", "Sph_Area");
+    EXPECT_EQ(measured.size(), 177U) << copy;
+    EXPECT_THAT(measured["W. Sahara"], ::testing::StartsWith("964857")) << copy;
+    std::erase_if(measured, [](const auto& entry) { return entry.second == "null" || entry.second == "0"; });
+    EXPECT_EQ(measured.size(), 1U) << copy;
+  }
+}
+
+TEST_F(Copies, TheChosenRecordsAloneAreCopiedWhereThatIsAskedFor) {
+  for (const char* copy : {"c.shp", "c.gpkg", "c.gdb/c", "c.geojson", "c.fgb", "c.csv"}) {
+    const ProgramOutcome run =
+        Calculate(Data("countries.shp"), In(copy),
+                  {"--where", "continent = 'Oceania'", "--only-selected", "--report", In("r.json")});
+    ASSERT_EQ(run.status, 0) << copy << run.err;
+    const std::string file = In(std::string(copy).substr(0, std::string(copy).find("/")));
+    const auto continents = Values(file, "", "name", "continent");
+    EXPECT_EQ(continents.size(), 7U) << copy;
+    for (const auto& [name, continent] : continents) EXPECT_EQ(continent, "Oceania") << name;
+    EXPECT_EQ(Report()["records"]["written"], 7) << copy;
+  }
+  const ProgramOutcome unchosen = Calculate(Data("countries.shp"), In("u.shp"), {"--only-selected"});
+  EXPECT_EQ(unchosen.status, 2);
+  EXPECT_THAT(unchosen.err, HasSubstr("no record is selected"));
+  EXPECT_EQ(RunTessarine({"calculate", Data("countries.shp"), "-m", "1", "--only-selected"}).status, 2);
+}
+
+TEST_F(Copies, TheSelectionAndTheFieldsOfADocumentAreThoseOfItsLayer) {
+  WriteFile(In("map.json"), R"({"layers":[{"name":"lands","source":")" + Data("countries.shp") +
+                                R"(","selection":[3,5],"fields":{"name":{"visible":false}}}]})");
+  const std::string document = ReadFile(In("map.json"));
+  const ProgramOutcome run = Calculate("lands", In("d.gdb/d"), {"--document", In("map.json"), "--only-selected"});
+  ASSERT_EQ(run.status, 0) << run.err;
+  const auto names = Values(In("d.gdb"), "d", "name", "Sph_Area");
+  EXPECT_EQ(names.size(), 2U) << "hidden fields are copied";
+  EXPECT_TRUE(names.contains("Canada"));
+  EXPECT_EQ(json::parse(ReadFile(In("map.json")))["layers"], json::parse(document)["layers"]);
+}
+
+TEST_F(Copies, OneKindOfAMixedLayerIsCopiedWithItsLists) {
+  WriteFile(In("mixed.geojson"), kMixed);
+  for (const char* copy : {"l.shp", "l.gpkg", "l.gdb/l", "l.geojson", "l.fgb", "l.tab"}) {
+    const ProgramOutcome run = Calculate(In("mixed.geojson") + ":mixed (lines)", In(copy));
+    ASSERT_EQ(run.status, 0) << copy << run.err;
+    const std::string file = In(std::string(copy).substr(0, std::string(copy).find("/")));
+    const auto data = OpenData(file);
+    ASSERT_TRUE(data) << copy;
+    EXPECT_EQ(data->GetLayer(0)->GetFeatureCount(), 2) << copy;
+    const auto lists = Values(file, "", "k", "list");
+    const bool native = std::string(copy) == "l.geojson";
+    EXPECT_THAT(lists.at("4"), HasSubstr(native ? "e,f" : "\"e\", \"f\"")) << copy;
+    EXPECT_EQ(run.err.find("lists become texts") == std::string::npos, native) << copy;
+  }
+}
+
+TEST_F(Copies, ShapesKeepTheirTypeAndTheirHeights) {
+  WriteFile(In("mixed.geojson"), kMixed);
+  for (const char* copy : {"z.gpkg", "z.fgb", "z.geojson"}) {
+    ASSERT_EQ(Calculate(In("mixed.geojson") + ":mixed (lines)", In(copy)).status, 0) << copy;
+    const auto data = OpenData(In(copy));
+    EXPECT_EQ(wkbFlatten(data->GetLayer(0)->GetGeomType()), wkbLineString) << copy;
+    double highest = 0.0;
+    for (const auto& row : *data->GetLayer(0)) {
+      OGREnvelope3D box;
+      row->GetGeometryRef()->getEnvelope(&box);
+      highest = std::max(highest, box.MaxZ);
+    }
+    EXPECT_EQ(highest, 6.0) << copy;
+  }
+}
+
+TEST_F(Copies, BinaryColumnsAreCarriedOrTold) {
+  {
+    const auto data = GDALDatasetUniquePtr(
+        GetGDALDriverManager()->GetDriverByName("GPKG")->Create(In("b.gpkg").c_str(), 0, 0, 0, GDT_Unknown, nullptr));
+    OGRLayer* layer = data->CreateLayer("b", nullptr, wkbPoint, nullptr);
+    OGRFieldDefn key("k", OFTInteger), bytes("bytes", OFTBinary);
+    ASSERT_EQ(layer->CreateField(&key), OGRERR_NONE);
+    ASSERT_EQ(layer->CreateField(&bytes), OGRERR_NONE);
+    OGRFeature feature(layer->GetLayerDefn());
+    feature.SetField(0, 1);
+    const unsigned char content[] = {0, 1, 255};
+    feature.SetField(1, 3, content);
+    feature.SetGeometryDirectly(new OGRPoint(1, 2));
+    ASSERT_EQ(layer->CreateFeature(&feature), OGRERR_NONE);
+  }
+  for (const char* copy : {"copy.gpkg", "copy.gdb/copy", "copy.fgb"}) {
+    const ProgramOutcome run = Calculate(In("b.gpkg"), In(copy));
+    ASSERT_EQ(run.status, 0) << copy << run.err;
+    const auto bytes = Values(In(std::string(copy).substr(0, std::string(copy).find("/"))), "", "k", "bytes");
+    EXPECT_EQ(bytes.at("1"), "0001FF") << copy;
+  }
+  for (const char* copy : {"copy.shp", "copy.geojson"}) {
+    const ProgramOutcome run = Calculate(In("b.gpkg"), In(copy));
+    EXPECT_EQ(run.status, 0) << copy << run.err;
+    EXPECT_THAT(run.err, HasSubstr("The field 'bytes' is left out")) << copy;
+  }
+}
+
+TEST_F(Copies, RecordsWithoutShapeAreKeptOrTheRunSaysWhichAreNot) {
+  WriteFile(In("holes.geojson"), kHoles);
+  for (const char* copy : {"h.shp", "h.gpkg", "h.gdb/h", "h.geojson", "h.tab"}) {
+    const ProgramOutcome run = Calculate(In("holes.geojson"), In(copy), {"--report", In("r.json")});
+    ASSERT_EQ(run.status, 0) << copy << run.err;
+    EXPECT_EQ(Values(In(std::string(copy).substr(0, std::string(copy).find("/"))), "", "k", "k").size(), 4U) << copy;
+    EXPECT_EQ(Report()["records"]["written"], 4) << copy;
+  }
+  const ProgramOutcome run = Calculate(In("holes.geojson"), In("h.fgb"), {"--report", In("r.json")});
+  EXPECT_EQ(run.status, 1) << "two records aren't in the copy";
+  EXPECT_EQ(Values(In("h.fgb"), "", "k", "k").size(), 2U);
+  EXPECT_EQ(Report()["records"]["written"], 2);
+  EXPECT_EQ(Report()["records"]["unmeasured_oids"], json::parse("[1,2]"));
+  EXPECT_THAT(Report()["report"].get<std::string>(), HasSubstr("keeps no record without a shape"));
+}
+
+TEST_F(Copies, NumbersAndNamesThatAFormatChangesAreToldBeforeAndAfter) {
+  WriteFile(In("n.geojson"), R"({"type":"FeatureCollection","features":[{"type":"Feature",
+    "properties":{"k":1,"whole_number":123456789012345678,"whole_numbers":5},
+    "geometry":{"type":"Point","coordinates":[1,2]}}]})");
+  ProgramOutcome run = Calculate(In("n.geojson"), In("n.gdb/select"), {"--report", In("r.json")});
+  ASSERT_EQ(run.status, 0) << run.err;
+  EXPECT_THAT(run.err, HasSubstr("whole numbers beyond 9,007,199,254,740,992"));
+  EXPECT_EQ(Report()["changed"][0]["field"], "whole_number");
+  EXPECT_EQ(Report()["changed"][0]["kind"], "out_of_range");
+  EXPECT_EQ(Report()["changed_names"][0]["written"], "select_");
+  EXPECT_EQ(Report()["output"], In("n.gdb/select_"));
+  EXPECT_THAT(Layers(In("n.gdb")), ElementsAre("select_"));
+
+  run = Calculate(In("n.geojson"), In("n.shp"), {"--report", In("r.json"), "--dry-run"});
+  ASSERT_EQ(run.status, 0) << run.err;
+  const json planned = Report()["changed_names"];
+  EXPECT_EQ(planned.size(), 2U);
+  EXPECT_THAT(Report()["report"].get<std::string>(), HasSubstr("'whole_number' is written as 'whole_numb'"));
+  EXPECT_THAT(Left(), Not(Contains("n.shp")));
+  run = Calculate(In("n.geojson"), In("n.shp"), {"--report", In("r.json")});
+  ASSERT_EQ(run.status, 0) << run.err;
+  EXPECT_EQ(Report()["changed_names"], planned);
+  EXPECT_EQ(Values(In("n.shp"), "", "k", "whole_numb")["1"], "123456789012345678");
+  EXPECT_EQ(Values(In("n.shp"), "", "k", planned[1]["written"].get<std::string>().c_str())["1"], "5");
+}
+
+TEST_F(Copies, APlanIsThatOfTheCopyAndRefusesWhatTheRunRefuses) {
+  ASSERT_EQ(Calculate(Data("cities.shp"), In("taken.gpkg")).status, 0);
+  fs::create_directories(In("folder.geojson/inside"));
+  struct Row {
+    const char* copy;
+    const char* words;
+  };
+  for (const Row& row : {Row{"none/c.gpkg", "no folder"}, Row{"taken.gpkg", "exists already"},
+                         Row{"c.xyz", "no format"}, Row{"c.dxf", "keeps no fields"}, Row{"c.xlsx", "keeps no shapes"},
+                         Row{"folder.geojson", "is a folder"}, Row{"taken.gpkg/a/b", "names no layer"}}) {
+    const std::vector<std::string> before = Left();
+    const ProgramOutcome run = Calculate(Data("countries.shp"), In(row.copy));
+    const ProgramOutcome plan = Calculate(Data("countries.shp"), In(row.copy), {"--dry-run"});
+    EXPECT_EQ(run.status, 2) << row.copy << run.err;
+    EXPECT_EQ(plan.status, 2) << row.copy;
+    EXPECT_EQ(plan.err, run.err);
+    EXPECT_THAT(plan.err, HasSubstr(row.words));
+    EXPECT_EQ(Left(), before) << row.copy;
+  }
+  const ProgramOutcome plan =
+      Calculate(Data("countries.shp"), In("taken.gpkg"), {"--dry-run", "--overwrite", "--report", In("r.json")});
+  EXPECT_EQ(plan.status, 0) << plan.err;
+  EXPECT_EQ(Report()["output"], In("taken.gpkg/taken"));
+  EXPECT_EQ(Report()["plan"]["questions"].size(), 1U);
+  EXPECT_THAT(Values(In("taken.gpkg"), "", "name", "Sph_Area"), Not(IsEmpty()));
+}
+
+TEST_F(Copies, OtherLayersOfAContainerStay) {
+  for (const std::string file : {"town.gpkg", "town.gdb"}) {
+    ASSERT_EQ(Calculate(Data("cities.shp"), In(file + "/kept")).status, 0);
+    ASSERT_EQ(Calculate(Data("cities.shp"), In(file + "/town")).status, 0);
+    const auto before = Values(In(file), "kept", "name", "X_Coord");
+    EXPECT_EQ(Calculate(Data("countries.shp"), In(file)).status, 2) << "exists already";
+    const ProgramOutcome run = Calculate(Data("countries.shp"), In(file), {"--overwrite"});
+    EXPECT_EQ(run.status, 0) << run.err;
+    EXPECT_THAT(Layers(In(file)), ElementsAre("kept", "town"));
+    EXPECT_EQ(Values(In(file), "kept", "name", "X_Coord"), before);
+    EXPECT_EQ(Values(In(file), "town", "name", "Sph_Area").size(), 177U);
+  }
+  EXPECT_THAT(Left(), ElementsAre("town.gdb", "town.gpkg"));
+}
+
+TEST_F(Copies, NothingThatIsReadIsReplaced) {
+  for (const char* ending : {".shp", ".shx", ".dbf", ".prj"}) {
+    fs::copy_file(Data(std::string("countries") + ending), In(std::string("lands") + ending));
+  }
+  ASSERT_EQ(Calculate(In("lands.shp"), In("x.gpkg:lands")).status, 0);
+  fs::create_symlink(In("lands.shp"), In("link.shp"));
+  const std::string before = ReadFile(In("lands.dbf")), package = ReadFile(In("x.gpkg"));
+  struct Row {
+    std::string source, copy;
+  };
+  for (const Row& row : {Row{In("lands.shp"), In("lands.shp")}, Row{In("link.shp"), In("lands.shp")},
+                         Row{In("lands.dbf"), In("lands.shp")}, Row{In("x.gpkg"), In("x.gpkg:lands")},
+                         Row{In("x.gpkg"), In("x.gpkg/LANDS")}}) {
+    const ProgramOutcome run = Calculate(row.source, row.copy, {"--overwrite", "--yes"});
+    EXPECT_EQ(run.status, 2) << row.source << " to " << row.copy;
+    EXPECT_EQ(ReadFile(In("lands.dbf")), before);
+    EXPECT_EQ(ReadFile(In("x.gpkg")), package);
+  }
+  EXPECT_EQ(Calculate(In("x.gpkg"), In("x.gpkg:measured")).status, 0);
+  EXPECT_THAT(Layers(In("x.gpkg")), ElementsAre("lands", "measured"));
+}
+
+// Many lines of some vertices each, so that copying takes its time.
+void WriteManyLines(const std::string& path) {
+  GDALAllRegister();
+  const auto data = GDALDatasetUniquePtr(
+      GetGDALDriverManager()->GetDriverByName("ESRI Shapefile")->Create(path.c_str(), 0, 0, 0, GDT_Unknown, nullptr));
+  OGRSpatialReference reference;
+  reference.importFromEPSG(4326);
+  OGRLayer* layer = data->CreateLayer("many", &reference, wkbLineString, nullptr);
+  OGRFieldDefn key("k", OFTInteger);
+  ASSERT_EQ(layer->CreateField(&key), OGRERR_NONE);
+  OGRFeature feature(layer->GetLayerDefn());
+  for (int row = 0; row < 150000; ++row) {
+    OGRLineString line;
+    for (int vertex = 0; vertex < 5; ++vertex) line.addPoint(row % 170 + 0.1 * vertex, row % 80);
+    feature.SetFID(OGRNullFID);
+    feature.SetField(0, row);
+    feature.SetGeometry(&line);
+    ASSERT_EQ(layer->CreateFeature(&feature), OGRERR_NONE);
+  }
+}
+
+class StoppedCopies : public Copies, public ::testing::WithParamInterface<std::pair<const char*, const char*>> {};
+
+TEST_P(StoppedCopies, LeaveTheOldOutputAndNothingElse) {
+  const auto [copy, grows] = GetParam();
+  WriteManyLines(In("many.shp"));
+  const std::string file = In(std::string(copy).substr(0, std::string(copy).find("/")));
+  ASSERT_EQ(Calculate(Data("disputed_borders.shp"), In(copy)).status, 0);
+  const std::vector<std::string> before = Left();
+  const auto rows = OpenData(file)->GetLayer(0)->GetFeatureCount();
+  const ProgramOutcome run = RunAndInterrupt(
+      {"calculate", In("many.shp"), "--all-measures", "--yes", "-o", In(copy), "--overwrite", "--report", In("r.json")},
+      In(grows), 20000, SIGTERM);
+  EXPECT_EQ(run.status, 1) << run.out << run.err;
+  EXPECT_THAT(run.err, HasSubstr("Stopping"));
+  EXPECT_THAT(run.out, HasSubstr("Nothing of the copy is kept")) << run.err;
+  EXPECT_EQ(Report()["outcome"], "stopped");
+  EXPECT_TRUE(Report()["output"].is_null());
+  EXPECT_EQ(Report()["records"]["written"], 0);
+  fs::remove(In("r.json"));
+  EXPECT_EQ(Left(), before);
+  EXPECT_EQ(OpenData(file)->GetLayer(0)->GetFeatureCount(), rows);
+}
+
+INSTANTIATE_TEST_SUITE_P(Formats, StoppedCopies,
+                         ::testing::Values(std::pair("s.shp", "s.shp"), std::pair("s.gpkg", "s.gpkg"),
+                                           std::pair("s.geojson", "s.geojson.gpkg")),
+                         [](const auto& row) {
+                           std::string name = row.param.first;
+                           return name.substr(name.find('.') + 1);
+                         });
+
+TEST_F(Copies, AStopWhileMeasuringKeepsTheCopyWithWhatWasDone) {
+  WriteManyLines(In("many.shp"));
+  // The table of the copy grows by the new columns once its records are there.
+  const std::uintmax_t table = fs::file_size(In("many.dbf"));
+  const ProgramOutcome run = RunAndInterrupt(
+      {"calculate", In("many.shp"), "--all-measures", "--yes", "-o", In("m.shp"), "--report", In("r.json")},
+      In("m.dbf"), table + 1000000);
+  EXPECT_EQ(run.status, 1) << run.out << run.err;
+  EXPECT_EQ(Report()["outcome"], "stopped");
+  EXPECT_EQ(Report()["output"], In("m.shp"));
+  EXPECT_EQ(Report()["records"]["written"], 150000);
+  EXPECT_EQ(OpenData(In("m.shp"))->GetLayer(0)->GetFeatureCount(), 150000);
+  EXPECT_THAT(LeftBeside({"many.shp", "many.shx", "many.dbf", "many.prj", "m.shp", "m.shx", "m.dbf", "m.prj", "m.cpg",
+                          "r.json"}),
+              IsEmpty());
+}
+
+TEST_F(Copies, ADiskThatIsFullCostsOnlyTheCopy) {
+  WriteManyLines(In("many.shp"));
+  for (const char* copy : {"f.shp", "f.gpkg", "f.geojson"}) {
+    const std::vector<std::string> before = Left();
+    const ProgramOutcome run = RunWithoutRoom(
+        {"calculate", In("many.shp"), "-m", "1", "-q", "-o", In(copy), "--report", In("r.json")}, 3000000);
+    EXPECT_EQ(run.status, 1) << copy << run.out;
+    EXPECT_EQ(Report()["outcome"], "failed") << copy;
+    EXPECT_EQ(Report()["records"]["written"], 0) << copy;
+    EXPECT_FALSE(Report()["failure"].is_null()) << copy;
+    EXPECT_THAT(run.err, HasSubstr(In(copy))) << copy;
+    fs::remove(In("r.json"));
+    EXPECT_EQ(Left(), before) << copy;
+  }
+}
+
+}  // namespace
+}  // namespace tessarine::testing
