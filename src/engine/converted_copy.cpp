@@ -15,7 +15,7 @@ namespace fs = std::filesystem;
 constexpr const char* kMoved =
     "The shape lies a little beside the source's: the format keeps coordinates with fewer digits.";
 constexpr const char* kNoPlaceWithoutShape = "The format keeps no record without a shape: this one isn't in the copy.";
-constexpr const char* kShapeLost = "The format doesn't keep the shape.";
+const std::string kShapeLost = "The format doesn't keep the shape.";
 
 /// A record of the source with what the run has made of it, for one row of the file.
 class MergedRows {
@@ -87,10 +87,10 @@ class TargetFile {
                                              std::vector<std::string>());
     declared_ = source.Layer().GetGeomType();
     type_ = LayerTypeFor(declared_, traits->shape_type, conversion.shapes, *conversion.format);
-    dataset_ = CreateFile(driver, path, conversion.target);
+    dataset_ = CreateFile(driver, path, conversion.shown);
     layer_ = CreateTargetLayer(*dataset_, conversion.layer, source.Layer().GetSpatialRef(), type_,
-                               LayerOptions(*conversion.format), conversion.target);
-    columns_->AddTo(*layer_, conversion.target.string());
+                               LayerOptions(*conversion.format), conversion.shown);
+    columns_->AddTo(*layer_, conversion.shown.string());
   }
   ~TargetFile() {
     const GdalErrorScope quiet;
@@ -117,7 +117,7 @@ class TargetFile {
       const GdalErrorScope errors;
       const int before = made.GetFieldCount();
       if (layer_->CreateField(&definition) != OGRERR_NONE || made.GetFieldCount() != before + 1) {
-        RaiseEngineFault("The field '" + names[place] + "' can't be added to '" + conversion_.target.string() + "'" +
+        RaiseEngineFault("The field '" + names[place] + "' can't be added to '" + conversion_.shown.string() + "'" +
                          errors.Quote() + ".");
       }
       results_.push_back({index, before});
@@ -157,7 +157,8 @@ class TargetFile {
     if (conversion_.format->keeps_identifiers && !conversion_.shapes.repeated) feature.SetFID(oid);
     const OGRGeometry* shape = merged.From().Feature().GetGeometryRef();
     if (shape != nullptr) {
-      feature.SetGeometryDirectly(FitShape(std::unique_ptr<OGRGeometry>(shape->clone()), type_).release());
+      feature.SetGeometryDirectly(
+          FitShape(std::unique_ptr<OGRGeometry>(shape->clone()), type_, *conversion_.format).release());
     }
     Store(feature, oid, notes);
   }
@@ -167,7 +168,7 @@ class TargetFile {
     layer_ = nullptr;
     dataset_.reset();
     if (errors.Failed()) {
-      RaiseEngineFault("'" + conversion_.target.string() + "' can't be written to its end" + errors.Quote() +
+      RaiseEngineFault("'" + conversion_.shown.string() + "' can't be written to its end" + errors.Quote() +
                        WayOut(path_.string(), errors.Text()));
     }
   }
@@ -190,14 +191,27 @@ class TargetFile {
     }
   }
 
+  // A shape that the format doesn't take costs the record its shape alone.
   void Store(OGRFeature& feature, std::int64_t oid, RunJournal& notes) {
     GdalErrorScope errors;
-    if (layer_->CreateFeature(&feature) == OGRERR_NONE && !errors.Failed()) {
+    if (TryToStore(feature, errors)) {
       if (!errors.Text().empty()) notes.NoteWarning("GDAL says: " + errors.Text(), oid);
       return;
     }
-    RaiseEngineFault("Row " + std::to_string(oid) + " can't be written to '" + conversion_.target.string() + "'" +
-                     errors.Quote() + WayOut(path_.string(), errors.Text()));
+    const std::string quote = errors.Quote(), complaint = errors.Text();
+    const std::unique_ptr<OGRGeometry> shape(feature.StealGeometry());
+    errors.Clear();
+    if (!shape || conversion_.format->needs_shapes || !TryToStore(feature, errors)) {
+      RaiseEngineFault("Row " + std::to_string(oid) + " can't be written to '" + conversion_.shown.string() + "'" +
+                       quote + WayOut(path_.string(), complaint));
+    }
+    if (!shape->IsEmpty()) {
+      notes.NoteFault(Fault(kRowRefused, "Engine", kShapeLost + quote, __LINE__, SourceFileName(__FILE__)), oid);
+    }
+  }
+
+  bool TryToStore(OGRFeature& feature, const GdalErrorScope& errors) {
+    return layer_->CreateFeature(&feature) == OGRERR_NONE && !errors.Failed();
   }
 
   const Conversion& conversion_;
@@ -274,6 +288,8 @@ class Readback {
 
 std::shared_ptr<const CopyColumns> ProbeConversion(const Conversion& conversion, const fs::path& folder,
                                                    CopyFacts& facts, std::vector<std::string>& names) {
+  // What an empty file complains of is told elsewhere.
+  const GdalErrorScope quiet;
   TargetFile file(conversion, folder / conversion.target.filename());
   const OGRFeatureDefn& made = *file.Layer().GetLayerDefn();
   for (const CopyColumn& column : file.Columns()->All()) {
@@ -285,20 +301,13 @@ std::shared_ptr<const CopyColumns> ProbeConversion(const Conversion& conversion,
     facts.foretold.push_back(std::move(sentence));
   }
   std::shared_ptr<const CopyColumns> columns = file.Columns();
-  // An empty file of some formats can't be closed without a complaint.
-  const GdalErrorScope quiet;
-  try {
-    file.Close();
-  } catch (const Fault&) {
-    return columns;
-  }
   return columns;
 }
 
 ConvertedCopy::ConvertedCopy(std::shared_ptr<CopyFacts> facts, std::unique_ptr<StagedOutput> work,
                              Conversion conversion)
     : CopyFactsHolder(std::move(facts)),
-      OgrFeatureClass(std::make_shared<OgrSource>(conversion.target.string(), work->Path().string(), conversion.layer)),
+      OgrFeatureClass(std::make_shared<OgrSource>(conversion.shown.string(), work->Path().string(), conversion.layer)),
       work_(std::move(work)),
       conversion_(std::move(conversion)) {}
 
@@ -310,6 +319,7 @@ void ConvertedCopy::Publish() {
     if (!stopped) EndIfStopped();
   };
   const auto self = std::dynamic_pointer_cast<OgrClass>(shared_from_this());
+  const GdalErrorScope quiet;
   StagedOutput staged(conversion_.target, StagedOutput::Begin::Empty);
   TargetFile file(conversion_, staged.Path());
   RunJournal notes;

@@ -18,7 +18,7 @@ struct Conversion {
   std::shared_ptr<OgrClass> source;
   ChosenOids chosen;
   const Format* format = nullptr;
-  std::filesystem::path target;
+  std::filesystem::path target, shown;  ///< where it is made, and what the user calls it
   std::string layer;
   StagedOutput::Standing standing = StagedOutput::Standing::Keep;
   ShapeFacts shapes;

@@ -11,9 +11,14 @@ namespace {
 /// Writes row by row.
 class RowCopier {
  public:
-  RowCopier(const CopyColumns& columns, OGRwkbGeometryType type, bool keeps, const std::shared_ptr<OgrClass>& target,
-            RunJournal& notes)
-      : columns_(columns), type_(type), target_(target), cursor_(target, target->Source()->Write()), notes_(notes) {
+  RowCopier(const CopyColumns& columns, OGRwkbGeometryType type, const Format& format, bool keeps,
+            const std::shared_ptr<OgrClass>& target, RunJournal& notes)
+      : columns_(columns),
+        type_(type),
+        format_(format),
+        target_(target),
+        cursor_(target, target->Source()->Write()),
+        notes_(notes) {
     target->RowsChange();
     if (keeps) cursor_.KeepIdentifiers();
   }
@@ -29,7 +34,7 @@ class RowCopier {
     }
     row.Feature().SetFID(oid);
     row.Feature().SetGeometryDirectly(
-        FitShape(std::unique_ptr<OGRGeometry>(from.Feature().StealGeometry()), type_).release());
+        FitShape(std::unique_ptr<OGRGeometry>(from.Feature().StealGeometry()), type_, format_).release());
     try {
       return cursor_.InsertRow(row);
     } catch (const Fault& fault) {
@@ -60,6 +65,7 @@ class RowCopier {
 
   const CopyColumns& columns_;
   OGRwkbGeometryType type_;
+  const Format& format_;
   std::shared_ptr<OgrClass> target_;
   InsertingCursor cursor_;
   RunJournal& notes_;
@@ -68,10 +74,11 @@ class RowCopier {
 }  // namespace
 
 CopiedRows CopyRows(const std::shared_ptr<OgrClass>& source, const ChosenOids& chosen, const CopyColumns& columns,
-                    OGRwkbGeometryType type, bool keeps, const std::shared_ptr<OgrClass>& target, RunJournal& notes) {
+                    OGRwkbGeometryType type, const Format& format, bool keeps, const std::shared_ptr<OgrClass>& target,
+                    RunJournal& notes) {
   CopiedRows copied;
   ReadingCursor cursor(source, source->Source()->Read(), nullptr, true);
-  RowCopier copier(columns, type, keeps, target, notes);
+  RowCopier copier(columns, type, format, keeps, target, notes);
   while (OgrFeatureHandle feature = cursor.NextOgr()) {
     EndIfStopped();
     const std::int64_t oid = feature->GetFID();

@@ -24,7 +24,7 @@ struct CopiedRows {
 /// identifiers of the source. A row that can't be written with its shape is written without it, and one that can't be
 /// written at all left out; the notes tell both, and each value that became another. Polls the stop.
 [[nodiscard]] CopiedRows CopyRows(const std::shared_ptr<OgrClass>& source, const ChosenOids& chosen,
-                                  const CopyColumns& columns, OGRwkbGeometryType type, bool keeps,
+                                  const CopyColumns& columns, OGRwkbGeometryType type, const Format& format, bool keeps,
                                   const std::shared_ptr<OgrClass>& target, RunJournal& notes);
 
 }  // namespace tessarine::engine

@@ -81,12 +81,17 @@ OGRwkbGeometryType LayerTypeFor(OGRwkbGeometryType declared, esriGeometryType ki
   return OGR_GT_SetModifier(type, facts.z || OGR_GT_HasZ(declared) != 0, facts.m || OGR_GT_HasM(declared) != 0);
 }
 
-std::unique_ptr<OGRGeometry> FitShape(std::unique_ptr<OGRGeometry> shape, OGRwkbGeometryType type) {
-  if (!shape || OGR_GT_IsSubClassOf(OGR_GT_Flatten(type), wkbGeometryCollection) == 0) return shape;
-  if (OGR_GT_IsSubClassOf(shape->getGeometryType(), wkbGeometryCollection) != 0 &&
-      (shape->hasCurveGeometry() != 0) == (OGR_GT_IsNonLinear(type) != 0)) {
-    return shape;
+std::unique_ptr<OGRGeometry> FitShape(std::unique_ptr<OGRGeometry> shape, OGRwkbGeometryType type,
+                                      const Format& format) {
+  if (!shape) return shape;
+  if (format.uniform_shapes) {
+    if (OGR_GT_HasZ(type) != 0) shape->set3D(TRUE);
+    if (OGR_GT_HasM(type) != 0) shape->setMeasured(TRUE);
   }
+  if (OGR_GT_IsSubClassOf(OGR_GT_Flatten(type), wkbGeometryCollection) == 0) return shape;
+  const bool is_multiple = OGR_GT_IsSubClassOf(shape->getGeometryType(), wkbGeometryCollection) != 0;
+  const bool curves = OGR_GT_IsNonLinear(shape->getGeometryType()) != 0;
+  if (is_multiple && curves == (OGR_GT_IsNonLinear(type) != 0)) return shape;
   const OGRwkbGeometryType own = OGR_GT_SetModifier(OGR_GT_Flatten(type), shape->Is3D(), shape->IsMeasured());
   return std::unique_ptr<OGRGeometry>(OGRGeometryFactory::forceTo(shape.release(), own));
 }

@@ -35,8 +35,10 @@ struct ShapeFacts {
 [[nodiscard]] OGRwkbGeometryType LayerTypeFor(OGRwkbGeometryType declared, esriGeometryType kind,
                                               const ShapeFacts& facts, const Format& format);
 
-/// The shape as a layer of this type takes it: a single one becomes a multiple one where only those are held.
-[[nodiscard]] std::unique_ptr<OGRGeometry> FitShape(std::unique_ptr<OGRGeometry> shape, OGRwkbGeometryType type);
+/// The shape as a layer of this type takes it: a single one becomes a multiple one where only those are held, and where
+/// all shapes have heights or measures, those that have none get 0.
+[[nodiscard]] std::unique_ptr<OGRGeometry> FitShape(std::unique_ptr<OGRGeometry> shape, OGRwkbGeometryType type,
+                                                    const Format& format);
 
 /// What the new layer can't keep of the shapes of the source, sentence by sentence.
 [[nodiscard]] std::vector<std::string> ForetoldOfShapes(OGRwkbGeometryType declared, const ShapeFacts& facts,

@@ -13,8 +13,10 @@ namespace {
 constexpr int kUtc = 100;
 constexpr double kSameNumber = 1e-10;  // relative, of a coordinate
 
-bool IsNothing(const OGRFeature& feature, int index) {
-  if (feature.IsFieldSetAndNotNull(index) == 0) return true;
+bool IsNull(const OGRFeature& feature, int index) { return feature.IsFieldSetAndNotNull(index) == 0; }
+
+// Texts without characters are null to some formats.
+bool IsEmpty(const OGRFeature& feature, int index) {
   return feature.GetFieldDefnRef(index)->GetType() == OFTString && *feature.GetFieldAsString(index) == '\0';
 }
 
@@ -105,10 +107,11 @@ bool Near(double first, double second) {
 }  // namespace
 
 ValueChange CompareValues(const OGRFeature& meant, int meant_index, const OGRFeature& written, int written_index) {
-  const bool nothing = IsNothing(meant, meant_index);
-  if (nothing && IsNothing(written, written_index)) return ValueChange::None;
-  if (nothing) return ValueChange::Unreadable;
-  if (IsNothing(written, written_index)) return Missing(meant, meant_index);
+  const bool was_null = IsNull(meant, meant_index);
+  if (IsNull(written, written_index)) {
+    return was_null || IsEmpty(meant, meant_index) ? ValueChange::None : Missing(meant, meant_index);
+  }
+  if (was_null) return ValueChange::NullFilled;
   const OGRFieldType type = meant.GetFieldDefnRef(meant_index)->GetType();
   switch (type) {
     case OFTInteger:

@@ -8,7 +8,7 @@
 namespace tessarine::engine {
 
 /// What became of an attribute; `None` where it is the same: numbers in 15 digits, times of no zone and of UTC alike, a
-/// text without characters as nothing at all.
+/// text without characters is as good as null.
 [[nodiscard]] ValueChange CompareValues(const OGRFeature& meant, int meant_index, const OGRFeature& written,
                                         int written_index);
 

@@ -68,6 +68,11 @@ class Copier {
                : place_.NativePath();
   }
 
+  [[nodiscard]] fs::path ShownFile() const {
+    const OutputPlace& place = request_.place;
+    return place.InContainer() ? place.container : place.NativePath();
+  }
+
   // A copy that is only planned is made where nobody looks.
   void MoveToScratch() {
     std::string folder = (fs::temp_directory_path() / "tessarine-plan-XXXXXX").string();
@@ -137,8 +142,8 @@ class Copier {
     auto staged = std::make_unique<StagedOutput>(TargetFile(), StagedOutput::Begin::Empty);
     std::string layer;
     {
-      const DatasetHandle dataset = CreateFile(DriverOf(format_), staged->Path(), staged->Target());
-      layer = MakeLayer(*dataset, staged->Path().stem().string(), format_, LayerOptions(format_), staged->Target());
+      const DatasetHandle dataset = CreateFile(DriverOf(format_), staged->Path(), ShownFile());
+      layer = MakeLayer(*dataset, staged->Path().stem().string(), format_, LayerOptions(format_), ShownFile());
     }
     return std::make_shared<CopyOf<StagedFeatureClass>>(facts_, std::move(staged), layer, Standing());
   }
@@ -150,9 +155,9 @@ class Copier {
     std::string layer;
     {
       const DatasetHandle dataset = stands ? OpenDatasetAt(staged->Path().string(), true)
-                                           : CreateFile(DriverOf(format_), staged->Path(), staged->Target());
+                                           : CreateFile(DriverOf(format_), staged->Path(), ShownFile());
       if (request_.replaces) RemoveFrom(*dataset, place_.ClassName());
-      layer = MakeLayer(*dataset, place_.ClassName(), format_, LayerOptions(format_), staged->Target());
+      layer = MakeLayer(*dataset, place_.ClassName(), format_, LayerOptions(format_), ShownFile());
     }
     const auto standing = stands ? StagedOutput::Standing::Replace : StagedOutput::Standing::Keep;
     return std::make_shared<CopyOf<StagedFeatureClass>>(facts_, std::move(staged), layer, standing);
@@ -176,7 +181,7 @@ class Copier {
                                  shapes_.extent};
     const NewGeodatabaseClass made = MakeInGeodatabase(place, [&](GDALDataset& dataset, CPLStringList options) {
       options.SetNameValue("GEOMETRY_NAME", OwnColumn("", "Shape", *source_->Traits()).c_str());
-      return MakeLayer(dataset, place_.ClassName(), format_, std::move(options), place_.container);
+      return MakeLayer(dataset, place_.ClassName(), format_, std::move(options), ShownFile());
     });
     return std::make_shared<CopyOf<StagedGeodatabaseClass>>(facts_, place_.container, made.name, made.edit);
   }
@@ -198,7 +203,7 @@ class Copier {
                                    RunJournal& notes, LayerCopy& copy) {
     NameFields(copy);
     if (request_.plan_only) return {};
-    CopiedRows rows = CopyRows(source_, Chosen(), *columns_, type_, KeepsIdentifiers(format), output, notes);
+    CopiedRows rows = CopyRows(source_, Chosen(), *columns_, type_, format, KeepsIdentifiers(format), output, notes);
     facts_->rows = rows.count;
     for (std::size_t index = 0; index < rows.oids.size(); ++index) {
       if (rows.oids[index] != kNoRow) copy.oids.emplace_back(shapes_.oids[index], rows.oids[index]);
@@ -220,6 +225,7 @@ class Copier {
     conversion.chosen = request_.only;
     conversion.format = &format_;
     conversion.target = TargetFile();
+    conversion.shown = request_.place.NativePath();
     conversion.layer = conversion.target.stem().string();
     conversion.standing = Standing();
     conversion.shapes = shapes_;
@@ -230,8 +236,8 @@ class Copier {
     const Format& worked = *FormatOfPath(kGeoPackage);
     auto work = std::make_unique<StagedOutput>(conversion.target.string() + kGeoPackage, StagedOutput::Begin::Empty);
     {
-      const DatasetHandle dataset = CreateFile(DriverOf(worked), work->Path(), work->Target());
-      (void)MakeLayer(*dataset, conversion.layer, worked, LayerOptions(worked), work->Target());
+      const DatasetHandle dataset = CreateFile(DriverOf(worked), work->Path(), ShownFile());
+      (void)MakeLayer(*dataset, conversion.layer, worked, LayerOptions(worked), ShownFile());
     }
     conversion.worked_columns = columns_;
     const auto output = std::make_shared<ConvertedCopy>(facts_, std::move(work), std::move(conversion));

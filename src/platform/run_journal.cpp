@@ -23,6 +23,7 @@ constexpr std::array kChanges = {
     ChangeRow{ValueChange::DayAdded, "day_added", "that had no day, stored with one"},
     ChangeRow{ValueChange::ZoneDropped, "zone_dropped", "written without time zone"},
     ChangeRow{ValueChange::Unreadable, "unreadable", "that can't be converted, written as null"},
+    ChangeRow{ValueChange::NullFilled, "null_filled", "that were null, written as 0 or as an empty text"},
     ChangeRow{ValueChange::BadText, "bad_text", "that are no UTF-8, read as Latin-1"},
 };
 
@@ -95,9 +96,8 @@ void RunJournal::TakeNotes(const RunJournal& notes) {
   other_warnings += notes.other_warnings;
   other_faults += notes.other_faults;
   for (const ChangedValues& values : notes.changed) {
-    const auto known = std::ranges::find_if(changed, [&](const ChangedValues& own) {
-      return own.kind == values.kind && own.field == values.field;
-    });
+    const auto known = std::ranges::find_if(
+        changed, [&](const ChangedValues& own) { return own.kind == values.kind && own.field == values.field; });
     if (known == changed.end()) {
       changed.push_back(values);
     } else {
