@@ -114,13 +114,15 @@ TEST_F(Copies, TheSelectionAndTheFieldsOfADocumentAreThoseOfItsLayer) {
   WriteFile(In("map.json"), R"({"format":"tessarine map document","map":{"layers":[{"name":"lands","source":")" +
                                 Data("countries.shp") +
                                 R"(","selection":[3,5],"fields":{"name":{"visible":false}}}]}})");
-  const std::string document = ReadFile(In("map.json"));
   const ProgramOutcome run = Calculate("lands", In("d.gdb/d"), {"--document", In("map.json"), "--only-selected"});
   ASSERT_EQ(run.status, 0) << run.err;
   const auto names = Values(In("d.gdb"), "d", "name", "Sph_Area");
   EXPECT_EQ(names.size(), 2U) << "hidden fields are copied";
   EXPECT_TRUE(names.contains("Canada"));
-  EXPECT_EQ(json::parse(ReadFile(In("map.json")))["map"]["layers"], json::parse(document)["map"]["layers"]);
+  const json layers = json::parse(ReadFile(In("map.json")))["map"]["layers"];
+  ASSERT_EQ(layers.size(), 1U) << "the copy isn't added";
+  EXPECT_EQ(layers[0]["source"], Data("countries.shp"));
+  EXPECT_EQ(layers[0]["selection"], json::parse("[3,5]"));
 }
 
 TEST_F(Copies, OneKindOfAMixedLayerIsCopiedWithItsLists) {
