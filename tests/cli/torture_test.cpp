@@ -83,7 +83,7 @@ constexpr Format kSources[] = {{"Shapefile", "ESRI Shapefile", "nasty.shp"},
 enum class Shapes : std::uint8_t { Polygons, Lines, Points };
 
 // Formats that the calculator's copies alone are written in.
-constexpr std::string_view kCopiesOnly[] = {".gpkg", ".geojson", ".fgb", ".tab"};
+constexpr std::string_view kCopiesOnly[] = {".gpkg", ".geojson", ".fgb"};
 
 struct Command {
   const char* name;
