@@ -1,5 +1,7 @@
 #include "engine/converted_copy.h"
 
+#include <cmath>
+
 #include "engine/copy_target.h"
 #include "engine/copy_values.h"
 #include "engine/ogr_cursor.h"
@@ -191,8 +193,16 @@ class TargetFile {
     }
   }
 
+  static void NullUnlessFinite(OGRFeature& feature) {
+    for (int index = 0; index < feature.GetFieldCount(); ++index) {
+      const bool number = feature.GetFieldDefnRef(index)->GetType() == OFTReal;
+      if (number && !std::isfinite(feature.GetFieldAsDouble(index))) feature.SetFieldNull(index);
+    }
+  }
+
   // A shape that the format doesn't take costs the record its shape alone.
   void Store(OGRFeature& feature, std::int64_t oid, RunJournal& notes) {
+    if (conversion_.format->finite_numbers) NullUnlessFinite(feature);
     GdalErrorScope errors;
     if (TryToStore(feature, errors)) {
       if (!errors.Text().empty()) notes.NoteWarning("GDAL says: " + errors.Text(), oid);

@@ -167,8 +167,8 @@ ValueChange CopyColumns::Copy(const CopyColumn& column, const OgrRow& from, OgrR
   if (column.way == Way::LeftOut) return ValueChange::None;
   OGRFeature& source = from.Feature();
   OGRFeature& target = to.Feature();
-  if (source.IsFieldSet(column.source) == 0) return ValueChange::None;
-  if (source.IsFieldNull(column.source) != 0) {
+  // A format without a list of columns has those that its records name: none is left unset.
+  if (source.IsFieldSetAndNotNull(column.source) == 0) {
     target.SetFieldNull(column.target);
     return ValueChange::None;
   }

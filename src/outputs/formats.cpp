@@ -98,6 +98,7 @@ constexpr std::array kFormats = {
            .driver = "GeoJSON",
            .writable = true,
            .keeps_identifiers = true,
+           .finite_numbers = true,
            .class_names = kFileName,
            .field_names = kAnyText},
     Format{.name = "FlatGeobuf",

@@ -39,6 +39,7 @@ struct Format {
   bool reorders = false;           ///< rows don't come back in the order in which they were written
   bool needs_shapes = false;       ///< a row without a shape can't be kept
   bool uniform_shapes = false;     ///< all shapes of a class have heights, or none has; so with measures
+  bool finite_numbers = false;     ///< infinities and no-number can't be kept; such a value is null
   bool multiple_shapes = false;    ///< a class is of single shapes or of multiple ones, never of both
   NameRule class_names, field_names;
   std::span<const std::string_view> parts = {};          ///< endings of all its files, where it has several

@@ -266,7 +266,8 @@ TEST_P(Torture, EveryValueIsThereOrItIsTold) {
         output.substr(0, output.find(".gdb/") == std::string::npos ? output.size() : output.find(".gdb/") + 4));
     const bool one = command.name == std::string("combine");
     ASSERT_EQ(to.rows.size(), one ? 1 : from.rows.size());
-    ASSERT_GE(to.names.size(), from.names.size());
+    ASSERT_GE(to.names.size(), from.names.size())
+        << ::testing::PrintToString(to.names) << " of " << ::testing::PrintToString(from.names);
     const std::size_t own = copies ? 0 : to.names.size() - from.names.size();
     std::set<std::string> distinct(to.names.begin(), to.names.end());
     EXPECT_EQ(distinct.size(), to.names.size());
