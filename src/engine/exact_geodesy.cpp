@@ -20,6 +20,7 @@ using GeographicLib::GeodesicExact;
 // Up to here the series of the library are as exact as doubles; beyond, its elliptic integrals are asked.
 constexpr double kLargestSeriesFlattening = 1.0 / 50.0;
 constexpr double kPole = 90.0;
+constexpr double kPoleRounding = 1e-9;
 constexpr double kHalfTurn = 180.0;
 constexpr double kTurn = 360.0;
 constexpr double kMostHalfTurns = 1e6;
@@ -85,8 +86,8 @@ XY Checked(XY position) {
   if (!std::isfinite(position.x) || !std::isfinite(position.y)) {
     Raise(kInvalidCall, "A position has a coordinate that is no finite number.");
   }
-  if (std::fabs(position.y) > kPole) Raise(kInvalidCall, "A latitude lies beyond a pole.");
-  return position;
+  if (std::fabs(position.y) > kPole + kPoleRounding) Raise(kInvalidCall, "A latitude lies beyond a pole.");
+  return {position.x, std::clamp(position.y, -kPole, kPole)};
 }
 
 double AzimuthOf(double degrees) {
@@ -107,6 +108,7 @@ ExactGeodesic SolveInverseExactly(XY from, XY to, double semi_major, double semi
 
 double ExactRingArea(std::span<const XY> ring, double semi_major, double semi_minor) {
   if (ring.empty()) return 0.0;
+  static_cast<void>(Checked(ring.front()));
   const Solver& solver = SolverOf(semi_major, semi_minor);
   GeographicLib::Accumulator<> sum;
   const auto add = [&](XY from, XY to) {
@@ -117,11 +119,10 @@ double ExactRingArea(std::span<const XY> ring, double semi_major, double semi_mi
     for (int piece = 1; piece <= pieces; ++piece) {
       const double part = static_cast<double>(piece) / pieces;
       const XY end = piece == pieces ? to : XY{from.x + part * step, from.y + part * (to.y - from.y)};
-      sum += solver.Solve(start, end).area;
+      sum += solver.Solve(Checked(start), Checked(end)).area;
       start = end;
     }
   };
-  for (std::size_t index = 0; index < ring.size(); ++index) static_cast<void>(Checked(ring[index]));
   for (std::size_t index = 1; index < ring.size(); ++index) add(ring[index - 1], ring[index]);
   if (ring.front() != ring.back()) add(ring.back(), ring.front());
   return sum();

@@ -4,7 +4,9 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <limits>
 #include <map>
+#include <numbers>
 #include <optional>
 
 #include "engine/engine_fault.h"
@@ -59,6 +61,19 @@ std::optional<XY> TransformedNearby(XY vertex, OGRCoordinateTransformation& tran
   return std::nullopt;
 }
 
+// A pole in grads or off the edge of a map may come out a rounding beyond 90 degrees.
+XY WithinPoles(XY position, double pole) {
+  constexpr double kRounding = 1e-11;
+  const bool beyond = std::fabs(position.y) > pole && std::fabs(position.y) <= pole * (1.0 + kRounding);
+  return {position.x, beyond ? std::copysign(pole, position.y) : position.y};
+}
+
+double PoleOf(const SpatialReference& reference) {
+  const auto* geographic = dynamic_cast<const GeographicCoordinateSystem*>(&reference);
+  return geographic != nullptr ? std::numbers::pi / 2.0 / geographic->CoordinateUnit().ConversionFactor
+                               : std::numeric_limits<double>::infinity();
+}
+
 std::vector<XY> Transformed(std::span<const XY> vertices, OGRCoordinateTransformation& transformation,
                             const SpatialReference& source, const SpatialReference& target) {
   std::vector<double> x, y;
@@ -69,18 +84,19 @@ std::vector<XY> Transformed(std::span<const XY> vertices, OGRCoordinateTransform
     y.push_back(vertex.y);
   }
   std::vector<int> ok(vertices.size(), 0);
+  const double pole = PoleOf(target);
   const GdalErrorScope quiet;
   transformation.Transform(static_cast<int>(vertices.size()), x.data(), y.data(), nullptr, ok.data());
   std::vector<XY> result(vertices.size());
   for (std::size_t index = 0; index < vertices.size(); ++index) {
-    result[index] = {x[index], y[index]};
+    result[index] = WithinPoles({x[index], y[index]}, pole);
     if (ok[index] != 0 && std::isfinite(x[index]) && std::isfinite(y[index])) continue;
     const std::optional<XY> nearby = TransformedNearby(vertices[index], transformation, source.XYTolerance());
     if (!nearby) {
       RaiseEngineFault("The coordinates (" + NumberText(vertices[index].x) + ", " + NumberText(vertices[index].y) +
                        ") can't be projected to '" + target.Name() + "'.");
     }
-    result[index] = *nearby;
+    result[index] = WithinPoles(*nearby, pole);
   }
   return result;
 }

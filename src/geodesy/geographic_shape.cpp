@@ -25,9 +25,11 @@ std::vector<Vertices> RingsOf(const Polygon& polygon) {
   return rings;
 }
 
-bool MeetsPole(const Vertices& ring) {
-  return std::ranges::any_of(ring, [](XY vertex) { return std::fabs(vertex.y) >= kPoleLatitude; });
+bool Meets(const Vertices& ring, double sign) {
+  return std::ranges::any_of(ring, [&](XY vertex) { return sign * vertex.y >= kPoleLatitude; });
 }
+
+bool MeetsPole(const Vertices& ring) { return Meets(ring, 1.0) || Meets(ring, -1.0); }
 
 // A ring on the map, and the same ring in degrees.
 struct MappedRing {
@@ -89,6 +91,14 @@ bool RunsTheRightWay(const Polygon& map, std::size_t place) {
   return (map.Ring(static_cast<std::int32_t>(place))->Area() > 0.0) == exterior;
 }
 
+// Whether a ring round the globe has its inside at its right. One that runs by way of a pole holds that pole, though a
+// map of the other hemisphere has it outside: it runs westward round the north.
+bool HoldsTheRightPole(const MappedRing& ring, const Polygon& map, std::size_t place) {
+  const bool north = Meets(ring.degrees, 1.0), south = Meets(ring.degrees, -1.0);
+  if (north != south) return (TurnsOf(ring.degrees) < 0) == north;
+  return RunsTheRightWay(map, place);
+}
+
 void MendRings(Polygon& polygon, const Polygon& map) {
   std::vector<Vertices> rings = RingsOf(polygon);
   bool torn = false;
@@ -99,7 +109,7 @@ void MendRings(Polygon& polygon, const Polygon& map) {
         Mended(WithMiddles({*map.Parts()[place], ring}, map.SpatialReference(), polygon.SpatialReference()));
     if (carried == ring) continue;
     ring = std::move(carried);
-    if (TurnsOf(ring) != 0 && !RunsTheRightWay(map, place)) std::ranges::reverse(ring);
+    if (TurnsOf(ring) != 0 && !HoldsTheRightPole({*map.Parts()[place], ring}, map, place)) std::ranges::reverse(ring);
     torn = true;
   }
   if (!torn) return;

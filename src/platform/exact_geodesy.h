@@ -22,7 +22,7 @@ struct ExactGeodesic {
 };
 
 /// The shortest line between two positions, nearly antipodal ones too. Where several are equally short, one of them.
-/// Fault 5 for a latitude beyond a pole or a number that isn't finite.
+/// Fault 5 for a latitude beyond a pole by more than a rounding, or a number that isn't finite.
 [[nodiscard]] ExactGeodesic SolveInverseExactly(XY from, XY to, double semi_major, double semi_minor);
 
 /// The area that a ring of geodesics encloses, in the square of the axes' unit: positive when it runs clockwise.
