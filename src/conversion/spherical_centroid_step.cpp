@@ -8,6 +8,9 @@ namespace {
 
 namespace geodesy = MyGeometricOperations;
 
+constexpr std::string_view kTooWide =
+    "Polygons with rings more than 180 degrees of longitude wide have no spherical centroid where their spherical area "
+    "comes out as 0 or less.";
 // The minor axis that the lengths of a polyline's segments are measured with.
 constexpr double kSegmentSemiMinor = 6356752.31424518;
 
@@ -29,7 +32,8 @@ class SphericalCentroidStep final : public ConversionStep {
     shape->SetSpatialReference(reference_);
     geodesy::BringToDegrees(*shape);
     const std::shared_ptr<Point> center = CenterOf(shape);
-    if (!center && input_ == esriGeometryPolygon) return sink.Skip(kNoArea);
+    if (!center && input_ == esriGeometryPolygon)
+      return sink.Skip(Cast<Polygon>(shape)->HasArea() ? kTooWide : kNoArea);
     Require(center, "IPoint");
     if (center->IsEmpty()) Raise(kObjectNotSet, "The centre of the feature can't be computed.");
     const XY position = geodesy::FromDegrees(center->Coordinates(), geographic_);

@@ -136,7 +136,10 @@ void BringToDegrees(IGeometry& shape) {
   const bool projected = Is<const ProjectedCoordinateSystem>(own);
   const std::shared_ptr<Polygon> map = polygon != nullptr && projected ? CloneOf(*polygon) : nullptr;
   shape.Project(degrees);
-  if (map) MendRings(*polygon, *map);
+  if (!map) return;
+  MendRings(*polygon, *map);
+  // By its area on the map a ring over the edge of the map may run the wrong way.
+  polygon->Simplify();
 }
 
 XY ToDegrees(XY position, const SpatialReferenceRef& layer) {

@@ -50,6 +50,37 @@ TEST_F(SphericalCentroidsTest, OfProjectedDataIsGeographic) {
   EXPECT_NEAR(center.y, 0.0, 1e-7);
 }
 
+// A map that is cut at -30: boxes over the cut are torn, and their rings seem to run the other way there.
+TEST_F(SphericalCentroidsTest, OfAPolygonOverTheEdgeOfItsMap) {
+  std::vector<XY> ring = {{18924313.4, -5e5}, {19926188.8, -5e5}, {-19926188.8, -5e5}, {-18924313.4, -5e5},
+                          {-18924313.4, 5e5}, {-19926188.8, 5e5}, {19926188.8, 5e5},   {18924313.4, 5e5}};
+  ring.push_back(ring.front());
+  std::string forward, backward;
+  for (const XY vertex : ring) {
+    const std::string text = "[" + std::to_string(vertex.x) + "," + std::to_string(vertex.y) + "]";
+    forward += (forward.empty() ? "" : ",") + text;
+    backward = text + (backward.empty() ? "" : ",") + backward;
+  }
+  const auto layer = Layer(
+      "boxes", {Feature(Shape("Polygon", "[[" + forward + "]]")), Feature(Shape("Polygon", "[[" + backward + "]]"))},
+      "3832");
+  Run(ConvertToSphericalCentroid, layer);
+  ASSERT_EQ(Rows().size(), 2U);
+  for (const std::string& row : Rows()) {
+    EXPECT_NEAR(Place(row).x, -30.0, 1e-7);
+    EXPECT_NEAR(Place(row).y, 0.0, 1e-7);
+  }
+}
+
+TEST_F(SphericalCentroidsTest, OfAGlobeThereIsNone) {
+  const auto layer =
+      Layer("globes", {Feature(Shape("Polygon", "[[[-180,-90],[-180,90],[180,90],[180,-90],[-180,-90]]]"))}, "4326");
+  Run(ConvertToSphericalCentroid, layer);
+  EXPECT_THAT(Rows(), IsEmpty());
+  ASSERT_EQ(host.journal.warnings.size(), 1U);
+  EXPECT_THAT(host.journal.warnings[0].text, HasSubstr("more than 180 degrees of longitude wide"));
+}
+
 TEST_F(SphericalCentroidsTest, OfLinesOnTheEquatorIsTheirMiddle) {
   const auto layer = Layer("lines", {Feature(Shape("LineString", "[[10,0],[12,0],[20,0]]"))}, "4326");
   Run(ConvertToSphericalCentroid, layer);
