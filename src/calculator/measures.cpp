@@ -33,9 +33,13 @@ constexpr WarningRow kWarnings[] = {
      "settle: lengths, midpoints and azimuths may be far off."},
     {MeasureWarning::WideRing,
      "A ring is more than 180 degrees of longitude wide: its spherical area and centroid may be wrong, because they "
-     "take "
-     "the short way round between any two places."},
+     "take the short way round between any two places."},
     {MeasureWarning::OneLobe, "A ring crosses itself: its spheroidal perimeter is that of one of its lobes alone."},
+    {MeasureWarning::SignedLobes,
+     "A ring crosses itself: its lobes count by the way they run, so that their spherical areas may cancel each other "
+     "out."},
+    {MeasureWarning::NoCentroid,
+     "A polygon has no spherical centroid, because its spherical area isn't above 0: -9999 stands in its place."},
     {MeasureWarning::FlattenedSphere,
      "The spherical area is that on a sphere of the same volume, which on a body as flattened as this one is off by "
      "several percent: the spheroidal area isn't."},

@@ -71,6 +71,8 @@ enum class MeasureWarning {
   NotConverged,     ///< a geodesic between nearly antipodal positions: its length and azimuths may be far off
   WideRing,         ///< the spherical area and centroid of a ring more than 180 degrees wide
   OneLobe,          ///< the perimeter of a ring that crosses itself: one of its lobes
+  SignedLobes,      ///< the spherical area and centroid of such a ring: the lobes count by their sense
+  NoCentroid,       ///< -9999, because the spherical area isn't above 0
   FlattenedSphere,  ///< the area on a sphere in place of a strongly flattened spheroid
 };
 /// The sentence that the report and its JSON have for it.

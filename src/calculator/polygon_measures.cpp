@@ -37,6 +37,7 @@ bool HasWideRing(const Polygon& polygon) {
 
 // Whether a ring falls into several when it is made simple.
 bool HasLobes(const Polygon& polygon) {
+  if (polygon.IsKnownSimple()) return false;
   const std::shared_ptr<GeometryBag> components = polygon.ConnectedComponentBag();
   for (std::int32_t index = 0; index < components->GeometryCount(); ++index) {
     const auto component = Cast<Polygon>(components->Geometry(index));
@@ -118,11 +119,13 @@ double PolygonRecord::SpheroidalArea() {
 
 XY PolygonRecord::ProjectedSphericalCentroid() {
   FindCentroid();
+  if (!HasCentroid()) Warn(MeasureWarning::NoCentroid);
   return HasCentroid() ? InProjectionOfLayer(centroid_, settings_) : centroid_;
 }
 
 XY PolygonRecord::SphericalCentroid() {
   FindCentroid();
+  if (!HasCentroid()) Warn(MeasureWarning::NoCentroid);
   return HasCentroid() ? InLatitudesOfData(centroid_, settings_) : centroid_;
 }
 
@@ -139,6 +142,7 @@ void PolygonRecord::MeasureArea() {
     return;
   }
   if (HasWideRing(*polygon)) Warn(MeasureWarning::WideRing);
+  if (HasLobes(*polygon)) Warn(MeasureWarning::SignedLobes);
   ++work_.AreaPasses;
   spherical_area_ =
       geodesy::SphericalPolygonArea2(polygon, true, centroid_.x, centroid_.y, settings_.SemiMajor, settings_.SemiMinor);

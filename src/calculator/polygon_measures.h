@@ -26,7 +26,7 @@ class PolygonRecord final : public MeasureRecord {
   /// Of all rings, holes included.
   [[nodiscard]] double SpheroidalPerimeter();
   /// On the spheroid itself, between geodesics. Rings that jump over the edge of the longitudes, or run round a pole,
-  /// count as what they mean; a ring round a pole encloses the nearer one.
+  /// count as what they mean; a ring round the globe encloses the smaller part.
   [[nodiscard]] double SpheroidalArea();
 
   // The centre of mass of the surface; -9999 both for a polygon whose spherical area isn't above 0.
