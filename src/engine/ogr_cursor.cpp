@@ -1,6 +1,7 @@
 #include "engine/ogr_cursor.h"
 
 #include "engine/engine_fault.h"
+#include "engine/filegdb_polygons.h"
 #include "engine/ogr_geometry.h"
 #include "outputs/way_out.h"
 #include "platform/text_formats.h"
@@ -142,7 +143,10 @@ std::int64_t InsertingCursor::InsertRow(const IRowBuffer& buffer) {
   OGRFeature& feature = row->Feature();
   if (!keeps_identifiers_) feature.SetFID(OGRNullFID);
   const std::int64_t kept = feature.GetFID();
-  if (grid_) RequireOnGrid(*grid_, feature, owner_->Name());
+  if (grid_) {
+    RequireOnGrid(*grid_, feature, owner_->Name());
+    KeepValidOnGrid(*grid_, feature);
+  }
   const GdalErrorScope errors;
   if (transactions_ && !in_transaction_) in_transaction_ = layer.StartTransaction() == OGRERR_NONE;
   exponents_.TakeOut(feature, row->Exponents());

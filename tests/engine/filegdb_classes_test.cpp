@@ -9,6 +9,7 @@
 #include "engine/filegdb_grid.h"
 #include "engine/geodatabase_helpers.h"
 #include "helpers/published.h"
+#include "helpers/shapes.h"
 #include "platform/text_formats.h"
 
 namespace tessarine {
@@ -24,17 +25,21 @@ using testing::FindingsOf;
 using testing::ReadLayer;
 using testing::TemporaryFolder;
 
-std::shared_ptr<Fields> PointFields(const std::string& reference, const Envelope& extent) {
+std::shared_ptr<Fields> ShapeField(const std::string& reference, const Envelope& extent, esriGeometryType type) {
   auto fields = std::make_shared<Fields>();
   auto shape = std::make_shared<Field>();
   shape->Name = "Shape";
   shape->Type = esriFieldTypeGeometry;
   shape->GeometryDef = std::make_shared<GeometryDef>();
-  shape->GeometryDef->GeometryType = esriGeometryPoint;
+  shape->GeometryDef->GeometryType = type;
   shape->GeometryDef->SpatialReference = SpatialReferenceEnvironment::CreateFromText(reference);
   shape->GeometryDef->Extent = extent;
   fields->AddField(shape);
   return fields;
+}
+
+std::shared_ptr<Fields> PointFields(const std::string& reference, const Envelope& extent) {
+  return ShapeField(reference, extent, esriGeometryPoint);
 }
 
 std::shared_ptr<IFeatureClass> MakeClass(const std::string& file, const std::string& name,
@@ -113,6 +118,49 @@ TEST(GeodatabaseGrid, AShapeBeyondItIsNamed) {
   ASSERT_EQ(rows.size(), 2U);
   EXPECT_EQ(rows[0].wkt, "");
   EXPECT_EQ(rows[1].wkt, "POINT (12 45)");
+}
+
+// Valid before the format rounds them to a tenth of a millimetre, and after.
+TEST(GeodatabaseGrid, PolygonsStayValidOnIt) {
+  using Rings = std::vector<std::vector<XY>>;
+  const struct {
+    const char* name;
+    Rings rings;
+  } rows[] = {
+      {"a needle that leans over", {{{0.00004, 0}, {3, 10.00004}, {7, 10}, {7, 0}, {3.00003, 9.9999}, {0.00004, 0}}}},
+      {"crossing triangles",
+       {{{3, 0}, {5, 3}, {6, 4}, {2, 0}, {5, 2}, {3, 0}},
+        {{6, 1}, {2, 0}, {5, 3}, {6, 1}},
+        {{4, 1}, {3, 6}, {5, 5}, {1, 3}, {4, 1}},
+        {{0, 2}, {0, 6}, {2, 4}, {4, 0}, {1, 5}, {0, 2}}}},
+      {"a plain one, off the grid", {{{0.12345678, 0}, {0, 10}, {10, 10.98765432}, {0.12345678, 0}}}},
+  };
+  const TemporaryFolder folder;
+  const std::string file = folder.Native("areas.gdb");
+  CreateFileGeodatabase(file);
+  const auto features = MakeClass(file, "areas", ShapeField("EPSG:32633", {}, esriGeometryPolygon));
+  const auto cursor = features->Insert(true);
+  const auto buffer = features->CreateFeatureBuffer();
+  std::vector<double> areas;
+  for (const auto& row : rows) {
+    const auto polygon = testing::PolygonOf(row.rings);
+    polygon->Simplify();
+    areas.push_back(polygon->Area());
+    buffer->SetShape(polygon);
+    cursor->InsertFeature(*buffer);
+  }
+  EXPECT_NEAR(areas[1], 10.9442331531408, 1e-12);
+  cursor->Close();
+  (void)testing::Published(features);
+  const auto stored = ReadLayer(file, "areas");
+  ASSERT_EQ(stored.size(), std::size(rows));
+  for (std::size_t at = 0; at < stored.size(); ++at) {
+    OGRGeometry* shape = nullptr;
+    ASSERT_EQ(OGRGeometryFactory::createFromWkt(stored[at].wkt.c_str(), nullptr, &shape), OGRERR_NONE);
+    const std::unique_ptr<OGRGeometry> read(shape);
+    EXPECT_TRUE(read->IsValid()) << rows[at].name << " " << stored[at].wkt;
+    EXPECT_NEAR(OGR_G_Area(OGRGeometry::ToHandle(read.get())), areas[at], 5e-3) << rows[at].name;
+  }
 }
 
 TEST(GeodatabaseDatasets, AreOneInAnyCase) {
