@@ -28,6 +28,9 @@ constexpr std::int32_t kReportFontSize = 8;
 constexpr std::string_view kNotFinite =
     "Features with a coordinate that is infinite or no number have no output: mend or remove these coordinates.";
 
+constexpr std::string_view kNothingLeft =
+    "A part or feature was written without a shape, because it bounds no area or has no length.";
+
 // Writes output features: one buffer, refilled for each of them.
 class OutputWriter final : public ConversionSink {
  public:
@@ -45,7 +48,10 @@ class OutputWriter final : public ConversionSink {
     transfer_.CopyAttributes(input, *buffer_, Host().Journal());
   }
 
-  void SetShape(const GeometryRef& shape) override { buffer_->SetShape(shape); }
+  void SetShape(const GeometryRef& shape) override {
+    if (shape && shape->IsEmpty()) Warn(kNothingLeft);
+    buffer_->SetShape(shape);
+  }
   void SetMeasure(std::size_t index, double value) override {
     const std::int32_t place = transfer_.MeasureIndex(index);
     NoteMeasureChange(Host().Journal(), *fields_->Field(place), buffer_->SetValue(place, value), oid_);

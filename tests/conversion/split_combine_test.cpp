@@ -66,6 +66,17 @@ TEST_F(SplitCombineTest, AHoleOutsideOfAllShellsIsAFeatureAndTold) {
   EXPECT_THAT(host.journal.warnings[0].first_oids, ElementsAre(1));
 }
 
+TEST_F(SplitCombineTest, PartsThatBoundNothingAreTold) {
+  const auto layer =
+      Layer("flat", {Feature(Shape("Polygon", "[[[0,0],[0,1],[1,1],[1,0],[0,0]]]")),
+                     Feature(Shape("MultiPolygon", "[[[[0,0],[0,1],[1,1],[0,0]]],[[[5,5],[6,6],[7,7],[5,5]]]]"))});
+  Run(SplitMultipart, layer);
+  EXPECT_EQ(Rows().size(), 3U);
+  ASSERT_EQ(host.journal.warnings.size(), 1U);
+  EXPECT_THAT(host.journal.warnings[0].text, HasSubstr("written without a shape"));
+  EXPECT_THAT(host.journal.warnings[0].first_oids, ElementsAre(1));
+}
+
 TEST_F(SplitCombineTest, ShapesWithNoNumbersAreSkippedByEveryRun) {
   constexpr double kNan = std::numeric_limits<double>::quiet_NaN(), kInfinity = std::numeric_limits<double>::infinity();
   const auto features = std::make_shared<MemoryClass>(esriGeometryPolygon);
