@@ -36,10 +36,12 @@ class SphericalCentroidStep final : public ConversionStep {
       return sink.Skip(Cast<Polygon>(shape)->HasArea() ? kTooWide : kNoArea);
     Require(center, "IPoint");
     if (center->IsEmpty()) Raise(kObjectNotSet, "The centre of the feature can't be computed.");
-    const XY position = geodesy::FromDegrees(center->Coordinates(), geographic_);
+    const XY degrees = center->Coordinates();
+    const XY position = geodesy::FromDegrees(degrees, geographic_);
     center->PutCoords(position.x, position.y);
     center->SetSpatialReference(geographic_);
-    InsertPoint(center, sink);
+    // The fields tell degrees, whatever unit the reference counts in.
+    InsertPoint(center, degrees, sink);
   }
 
  private:

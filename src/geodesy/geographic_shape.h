@@ -22,8 +22,9 @@ namespace tessarine::MyGeometricOperations {
 [[nodiscard]] std::shared_ptr<const GeographicCoordinateSystem> DegreesOf(const SpatialReferenceRef& reference);
 
 /// Brings the shape to longitude and latitude in decimal degrees, in place, and gives it that reference. A shape that
-/// is there already keeps its bits; a polygon comes out of a projection simple. Curves become lines where coordinates change. Fault 91 for a reference that is
-/// neither geographic nor projected, and the engine's fault for a vertex that the projection can't take back.
+/// is there already keeps its bits; a polygon comes out of a projection simple. Curves become lines where coordinates
+/// change. Fault 91 for a reference that is neither geographic nor projected, and the engine's fault for a vertex that
+/// the projection can't take back.
 void BringToDegrees(IGeometry& shape);
 
 /// A position of a layer in degrees, and one in degrees brought to the coordinates of a layer, whose reference is

@@ -72,6 +72,19 @@ TEST_F(SphericalCentroidsTest, OfAPolygonOverTheEdgeOfItsMap) {
   }
 }
 
+// A box about the equator, 20 grads east of Paris: the point bears grads, the fields tell degrees.
+TEST_F(SphericalCentroidsTest, OfAReferenceInGradsIsToldInDegrees) {
+  const auto layer = Layer("plots", {Feature(Shape("Polygon", "[[[19,-1],[19,1],[21,1],[21,-1],[19,-1]]]"))}, "4807");
+  Run(ConvertToSphericalCentroid, layer);
+  double x = 0, y = 0, px = 0, py = 0;
+  int number = 0;
+  ASSERT_EQ(std::sscanf(Rows().at(0).c_str(), "%d %lf %lf POINT (%lf %lf)", &number, &x, &y, &px, &py), 5);
+  EXPECT_NEAR(x, 18.0, 1e-8);
+  EXPECT_NEAR(px, 20.0, 1e-8);
+  EXPECT_NEAR(y, 0.0, 1e-8);
+  EXPECT_NEAR(py, 0.0, 1e-8);
+}
+
 TEST_F(SphericalCentroidsTest, OfAGlobeThereIsNone) {
   const auto layer =
       Layer("globes", {Feature(Shape("Polygon", "[[[-180,-90],[-180,90],[180,90],[180,-90],[-180,-90]]]"))}, "4326");
