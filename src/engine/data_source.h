@@ -38,7 +38,9 @@ class DataSource : public virtual Object {
 /// The rows that meet an SQL condition; a condition that can't be used raises a fault that quotes it.
 [[nodiscard]] std::shared_ptr<ISelectionSet> SelectByWhere(const std::shared_ptr<IFeatureClass>& features,
                                                            const std::string& where);
-/// The rows with these identifiers.
+/// Those of the identifiers that are there, sorted, each once. Fetches a few rows, or goes over all.
+[[nodiscard]] std::vector<std::int64_t> OidsThatExist(IFeatureClass& features, std::vector<std::int64_t> oids);
+/// The rows with these identifiers, all of which are there.
 [[nodiscard]] std::shared_ptr<ISelectionSet> SelectByOids(const std::shared_ptr<IFeatureClass>& features,
                                                           std::vector<std::int64_t> oids);
 

@@ -95,6 +95,14 @@ class SelectionSet final : public ISelectionSet2 {
   std::shared_ptr<const std::vector<std::int64_t>> oids_;
 };
 
+bool HasRow(IFeatureClass& features, std::int64_t oid) {
+  try {
+    return features.GetFeature(oid) != nullptr;
+  } catch (const Fault&) {
+    return false;
+  }
+}
+
 }  // namespace
 
 std::shared_ptr<ISelectionSet> SelectByWhere(const std::shared_ptr<IFeatureClass>& features, const std::string& where) {
@@ -107,6 +115,25 @@ std::shared_ptr<ISelectionSet> SelectByWhere(const std::shared_ptr<IFeatureClass
     oids.push_back(feature->OID());
   }
   return SelectByOids(features, std::move(oids));
+}
+
+std::vector<std::int64_t> OidsThatExist(IFeatureClass& features, std::vector<std::int64_t> oids) {
+  std::ranges::sort(oids);
+  const auto repeated = std::ranges::unique(oids);
+  oids.erase(repeated.begin(), repeated.end());
+  if (oids.empty()) return oids;
+  if (static_cast<double>(oids.size()) < kFetchShare * features.FeatureCount(nullptr)) {
+    std::erase_if(oids, [&](std::int64_t oid) { return !HasRow(features, oid); });
+    return oids;
+  }
+  std::vector<std::int64_t> there;
+  const auto cursor = features.Search(nullptr, true);
+  while (const auto feature = cursor->NextFeature()) {
+    EndIfStopped();
+    if (std::ranges::binary_search(oids, feature->OID())) there.push_back(feature->OID());
+  }
+  std::ranges::sort(there);
+  return there;
 }
 
 std::shared_ptr<ISelectionSet> SelectByOids(const std::shared_ptr<IFeatureClass>& features,

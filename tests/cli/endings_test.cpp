@@ -221,5 +221,32 @@ TEST_F(Endings, AReportOverDataOfItsRunIsRefused) {
   EXPECT_FALSE(fs::exists(In("out.shp")) || fs::exists(In("out.json")) || fs::exists(In("g.gdb/report.json")));
 }
 
+// A document may remember records that have gone since.
+TEST_F(Endings, SelectedRecordsThatAreGoneAreToldAndTheOthersTaken) {
+  const auto document = [&](const std::string& selection) {
+    WriteFile(In("map.json"), R"({"format": "tessarine map document", "map": {"name": "M", "layers": [{"name": "c",
+      "source": ")" + Data("countries.shp") +
+                                  R"(", "selection": )" + selection + "}]}}");
+  };
+  const auto read_by = [&](const std::vector<std::string>& arguments) {
+    document("[1, 9999, 3]");
+    std::vector<std::string> all = arguments;
+    all.insert(all.end(), {"-d", In("map.json"), "-q", "--report", In("r.json")});
+    const ProgramOutcome run = RunTessarine(all);
+    EXPECT_EQ(run.status, 0) << run.err;
+    EXPECT_EQ(run.err.find("selects 1 record of 'c'") != std::string::npos, all[1] == "c") << run.err;
+    return json::parse(ReadFile(In("r.json"))).at("records").at("read").get<int>();
+  };
+  EXPECT_EQ(read_by({"centroids", "c", "-o", In("a.shp")}), 2);
+  EXPECT_EQ(read_by({"calculate", "c", "-m", "Number of Parts", "-o", In("b.gpkg"), "--only-selected"}), 2);
+  // Another layer's selection is no affair of a run.
+  EXPECT_EQ(read_by({"centroids", Data("countries.shp"), "-w", "FID < 5", "-o", In("c.shp")}), 5);
+
+  document("[9999]");
+  const ProgramOutcome none = RunTessarine({"centroids", "c", "-d", In("map.json"), "-o", In("d.shp")});
+  EXPECT_EQ(none.status, 2);
+  EXPECT_THAT(none.err, HasSubstr("None of the records that the document selects in 'c' is there"));
+}
+
 }  // namespace
 }  // namespace tessarine::testing

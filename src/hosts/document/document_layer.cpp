@@ -1,6 +1,7 @@
 #include "hosts/document/document_layer.h"
 
 #include "engine/data_source.h"
+#include "platform/host.h"
 #include "platform/paths.h"
 #include "platform/text_formats.h"
 
@@ -30,7 +31,6 @@ void DocumentFeatureLayer::OpenOnce() const {
     problem_ = fault.Description();
     return;
   }
-  if (!selected_oids_.empty()) selection_ = SelectByOids(class_, selected_oids_);
 }
 
 bool DocumentFeatureLayer::Valid() const {
@@ -57,7 +57,7 @@ std::string DocumentFeatureLayer::DataSourceType() const {
 
 void DocumentFeatureLayer::SetSelectedOids(std::vector<std::int64_t> oids) {
   selected_oids_ = std::move(oids);
-  selection_ = class_ ? SelectByOids(class_, selected_oids_) : nullptr;
+  selection_ = nullptr;
 }
 
 std::vector<std::int64_t> DocumentFeatureLayer::SelectedOids() const {
@@ -70,7 +70,15 @@ std::vector<std::int64_t> DocumentFeatureLayer::SelectedOids() const {
 
 std::shared_ptr<ISelectionSet> DocumentFeatureLayer::SelectionSet() const {
   OpenOnce();
-  if (!selection_ && class_) selection_ = SelectByOids(class_, {});
+  if (selection_ || !class_) return selection_;
+  // Records may have gone since the document was saved.
+  std::vector<std::int64_t> there = OidsThatExist(*class_, selected_oids_);
+  if (const std::size_t gone = selected_oids_.size() - there.size(); gone > 0) {
+    Host().Announce("The document selects " + std::to_string(gone) + (gone == 1 ? " record" : " records") + " of '" +
+                    name_ + "' that '" + source_.path + "' doesn't hold: " + (gone == 1 ? "it is" : "they are") +
+                    " left out of the selection.");
+  }
+  selection_ = SelectByOids(class_, std::move(there));
   return selection_;
 }
 

@@ -73,6 +73,11 @@ std::shared_ptr<DocumentFeatureLayer> TakeLayer(MapDocument& document, const Sou
     std::shared_ptr<DocumentFeatureLayer> layer = FindInDocument(document, options.source);
     if (layer && !layer->Valid())
       throw Refusal("The layer '" + options.source + "' can't be opened. " + layer->Problem());
+    if (layer && !layer->SelectedOids().empty() && layer->SelectionSet()->Count() == 0 && options.where.empty()) {
+      throw Refusal("None of the records that the document selects in '" + layer->Name() +
+                    "' is there: without a selection all records would be taken. Select others in the document, or "
+                    "give --where.");
+    }
     if (!layer) layer = AddSource(document, options);
     document.SetSelectedLayer(layer);
     if (!options.where.empty()) {
