@@ -16,6 +16,7 @@
 #include "engine/left_out.h"
 #include "engine/ogr_cursor.h"
 #include "engine/ogr_geometry.h"
+#include "engine/shapefile_lock.h"
 #include "engine/srs_from_gdal.h"
 #include "engine/workspace_common.h"
 #include "outputs/way_out.h"
@@ -75,6 +76,18 @@ bool HoldsCompressedTables(const std::string& path) {
     if (entry.path().extension() == ".cdf") return true;
   }
   return false;
+}
+
+// The .shp of a source that may be named by its table or its folder.
+std::string ShapefileOf(const OgrSource& source) {
+  std::error_code error;
+  fs::path path = source.DataPath();
+  if (fs::is_directory(path, error)) path /= source.LayerName() + ".shp";
+  for (const char* ending : {".shp", ".SHP", ".Shp"}) {
+    const fs::path shapes = fs::path(path).replace_extension(ending);
+    if (fs::is_regular_file(shapes, error)) return shapes.string();
+  }
+  return path.string();
 }
 
 bool StoresCurves(const std::string& driver) { return driver == "GPKG" || driver == "OpenFileGDB"; }
@@ -274,6 +287,13 @@ void OgrClass::RowsChange() const {
 }
 
 std::shared_ptr<IEdit> OgrClass::BeginEdit() {
+  if (driver_ == "ESRI Shapefile") {
+    std::shared_ptr<IEdit> edit = LockShapefile(ShapefileOf(*source_));
+    // Another run may have changed it until now.
+    source_->Renew();
+    ReadTraits();
+    return edit;
+  }
   if (driver_ != kFileGdbDriver) return nullptr;
   return std::make_shared<GeodatabaseEdit>(FileGdbEdit::Begin(source_->Path()));
 }

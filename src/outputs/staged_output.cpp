@@ -215,17 +215,6 @@ void TakeModes(const std::vector<fs::path>& made, const fs::path& place) {
   }
 }
 
-void RefuseFullFolders(const std::vector<fs::path>& standing, const fs::path& target) {
-  if (!HasParts(target)) return;
-  std::error_code error;
-  for (const fs::path& file : standing) {
-    const bool full = !fs::is_symlink(file, error) && fs::is_directory(file, error) && !fs::is_empty(file, error);
-    if (!full) continue;
-    Raise(kPathAccess, "'" + file.string() + "' is a folder with something in it and isn't replaced by a file: name " +
-                           "another output, or remove the folder.");
-  }
-}
-
 // A folder or single file is what a link to it leads to.
 fs::path ResolvedTarget(const fs::path& target) {
   const fs::path path = fs::absolute(target).lexically_normal();
@@ -317,6 +306,18 @@ std::vector<fs::path> FilesOfDataset(const fs::path& path) {
   return files;
 }
 
+std::optional<std::string> ReplacingProblem(const fs::path& path) {
+  if (!HasParts(path)) return std::nullopt;
+  std::error_code error;
+  for (const fs::path& file : FilesOfDataset(path)) {
+    const bool full = !fs::is_symlink(file, error) && fs::is_directory(file, error) && !fs::is_empty(file, error);
+    if (!full) continue;
+    return "'" + file.string() + "' is a folder with something in it and isn't replaced by a file: name another " +
+           "output, or remove the folder.";
+  }
+  return std::nullopt;
+}
+
 void (*before_publishing_step)() = nullptr;
 
 void FinishInterrupted(const fs::path& path) {
@@ -363,7 +364,7 @@ void StagedOutput::Publish(Standing on_standing) {
                              "' was changed by another program while this run worked on a copy of " +
                              "it; it is left as it is, and nothing of this run is in it. Run it again.");
     }
-    RefuseFullFolders(standing, target_);
+    if (const auto problem = ReplacingProblem(target_)) Raise(kPathAccess, *problem);
     TakeModes(made, target_.parent_path());
     SyncTree(fresh);
     const bool one_for_one = made.size() == 1 && standing.size() == 1 && standing.front() == target_;

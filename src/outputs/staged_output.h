@@ -16,6 +16,7 @@
 #pragma once
 
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -26,6 +27,10 @@ namespace tessarine {
 /// case, where the file system doesn't tell them apart), of everything else the file or folder itself with the files
 /// that SQLite and GDAL put beside it. Sorted; empty when there are none. Costs a walk over the folder for a shapefile.
 [[nodiscard]] std::vector<std::filesystem::path> FilesOfDataset(const std::filesystem::path& path);
+
+/// Why what stands at the path of a data set of several files can't be replaced, as a sentence: a folder with something
+/// in it bears the name of one of them. Nothing where it can.
+[[nodiscard]] std::optional<std::string> ReplacingProblem(const std::filesystem::path& path);
 
 /// Ends what a dead run was about to publish at this path, or in this folder, and removes what other dead runs left
 /// for it. Runs that live are left alone. Faults of the file system end it silently: it is tried again by the next run.

@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "outputs/output_place.h"
+#include "outputs/staged_output.h"
 #include "platform/host.h"
 #include "platform/paths.h"
 #include "platform/text_formats.h"
@@ -231,11 +232,27 @@ OutputPlace PlaceOf(const OutputRequest& request, const Format& format) {
 // Why the output can't be made here, as a sentence.
 std::optional<std::string> PlaceProblem(const OutputRequest& request, const OutputPlace& place) {
   if (const auto problem = NameProblem(place)) return problem;
+  if (!place.InContainer()) {
+    if (const auto problem = ReplacingProblem(place.NativePath())) return problem;
+  }
   for (const std::shared_ptr<IClass>& source : request.sources) {
     const auto files = Cast<IDatasetFiles>(source);
     if (files && place.Overlaps(files->Files())) {
       return "'" + place.NativePath() + "' is read by this run: name another output.";
     }
+  }
+  return std::nullopt;
+}
+
+// Classes and feature datasets of a geodatabase share their names.
+std::optional<std::string> NameConflict(IFeatureWorkspace& workspace, const OutputRequest& request) {
+  const std::string place = ToNativePath(request.directory);
+  if (Attempt([&] { return workspace.OpenFeatureDataset(request.name); })) {
+    return "'" + request.name + "' is a feature dataset of '" + place + "': name another class.";
+  }
+  if (request.is_feature_dataset && workspace.HoldsName(request.feature_dataset)) {
+    return "'" + request.feature_dataset + "' is a class of '" + place +
+           "' and no feature dataset: name another dataset, or none.";
   }
   return std::nullopt;
 }
@@ -319,6 +336,8 @@ void MakeFieldNamesLegal(const std::shared_ptr<VarArray>& fields, std::int32_t k
   for (std::size_t index = 0; index < legal.size(); ++index) {
     fields->Element(static_cast<std::int32_t>(index)).AsObject<Field>()->Name = legal[index];
     Host().Journal().NoteName(asked[index], legal[index]);
+    if (asked[index] == legal[index]) continue;
+    Host().Announce("The field '" + asked[index] + "' is written as '" + legal[index] + "'.");
   }
 }
 
@@ -350,6 +369,11 @@ std::shared_ptr<IFeatureClass> CreateOutput(OutputRequest& request) {
         request.name = place.ClassName();
       }
       const std::shared_ptr<IFeatureWorkspace> workspace = factory->OpenFromFile(request.directory, 0);
+      if (const auto conflict = format.container ? NameConflict(*workspace, request) : std::nullopt) {
+        Host().MessageBox().Show(*conflict, "Failed to Create Feature Class:");
+        request.name.clear();
+        continue;
+      }
       std::shared_ptr<IFeatureDataset> dataset;
       if (in_dataset) {
         dataset = workspace->OpenFeatureDataset(request.feature_dataset);
@@ -379,6 +403,9 @@ OutputPlan PlanOutput(OutputRequest& request) {
   request.name = place.name = place.ClassName();
   MakeFieldNamesLegal(request.fields, request.kind);
   const auto workspace = Attempt([&] { return FactoryOfKind(request.kind)->OpenFromFile(request.directory, 0); });
+  if (const auto conflict = workspace && format->container ? NameConflict(*workspace, request) : std::nullopt) {
+    Raise(kInvalidCall, *conflict);
+  }
   const bool exists =
       workspace && (workspace->HoldsName(request.name) || CheckIfFeatureClassExists(workspace, request.name));
   return {FromNativePath(place.NativePath()), exists};

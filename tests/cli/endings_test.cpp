@@ -2,6 +2,7 @@
 // what would be refused.
 #include <fcntl.h>
 #include <pty.h>
+#include <sys/file.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -246,6 +247,54 @@ TEST_F(Endings, SelectedRecordsThatAreGoneAreToldAndTheOthersTaken) {
   const ProgramOutcome none = RunTessarine({"centroids", "c", "-d", In("map.json"), "-o", In("d.shp")});
   EXPECT_EQ(none.status, 2);
   EXPECT_THAT(none.err, HasSubstr("None of the records that the document selects in 'c' is there"));
+}
+
+// Names that stand for something else are refused before anything is done, by the plan too.
+TEST_F(Endings, NamesThatAreTakenOtherwiseAreRefused) {
+  ASSERT_EQ(RunTessarine({"centroids", Data("countries.shp"), "-o", In("g.gdb/ds/v"), "-q"}).status, 0);
+  fs::create_directory(In("full.shp"));
+  WriteFile(In("full.shp/kept"), "mine");
+  struct Row {
+    const char* output;
+    const char* cause;
+  };
+  for (const Row& row : {Row{"g.gdb/ds", "'ds' is a feature dataset of"}, Row{"g.gdb/v/x", "'v' is a class of"},
+                         Row{"full.shp", "is a folder with something in it"}}) {
+    for (const char* mode : {"--quiet", "--dry-run"}) {
+      const ProgramOutcome run =
+          RunTessarine({"centroids", Data("countries.shp"), "-o", In(row.output), "--overwrite", mode});
+      EXPECT_EQ(run.status, 2) << row.output << mode;
+      EXPECT_THAT(run.err, HasSubstr(row.cause));
+    }
+  }
+  EXPECT_EQ(ReadFile(In("full.shp/kept")), "mine");
+  EXPECT_THAT(Left(), ElementsAre("full.shp", "g.gdb"));
+}
+
+TEST_F(Endings, AShapefileThatAnotherRunChangesIsLeftAlone) {
+  for (const char* ending : {".shp", ".shx", ".dbf", ".prj", ".cpg"}) {
+    fs::copy_file(Data("cities") + ending, In("cities") + ending);
+  }
+  const std::string before = ReadFile(In("cities.dbf"));
+  const int held = open(In("cities.shp").c_str(), O_RDONLY | O_CLOEXEC);
+  ASSERT_EQ(flock(held, LOCK_EX | LOCK_NB), 0);
+  const ProgramOutcome run = RunTessarine({"calculate", In("cities.shp"), "--all-measures", "-y", "-q"});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_THAT(run.err, HasSubstr("is being changed by another run"));
+  EXPECT_EQ(ReadFile(In("cities.dbf")), before);
+  close(held);
+  EXPECT_EQ(RunTessarine({"calculate", In("cities.shp"), "--all-measures", "-y", "-q"}).status, 0);
+}
+
+TEST_F(Endings, NamesThatGiveWayAreSaidBeforeTheRun) {
+  WriteFile(In("a.json"), R"({"type": "FeatureCollection", "features": [{"type": "Feature",
+    "properties": {"select": 1, "a b": 2}, "geometry": {"type": "LineString", "coordinates": [[0, 0], [1, 1]]}}]})");
+  for (const std::vector<std::string>& tool :
+       {std::vector<std::string>{"wrap", "--range", "360"}, {"vertices", "-a"}}) {
+    std::vector<std::string> arguments = tool;
+    arguments.insert(arguments.end(), {In("a.json"), "-o", In("g.gdb/" + tool[0]), "-q"});
+    EXPECT_THAT(RunTessarine(arguments).err, HasSubstr("The field 'select' is written as 'select_'."));
+  }
 }
 
 }  // namespace
