@@ -97,7 +97,17 @@ QgsVectorLayer& LayerClass::Layer() const {
   if (!layer_ || !layer_->isValid()) {
     Raise(kObjectNotSet, "The layer '" + FromQt(name_) + "' can't be read: it is no longer in the project.");
   }
+  if (layer_->dataProvider() == nullptr || !layer_->dataProvider()->isValid()) {
+    Raise(kPathNotFound, "The data of the layer '" + FromQt(name_) + "' can't be read: they have gone, or their " +
+                             "program or server doesn't answer.");
+  }
   return *layer_;
+}
+
+void ReloadKeepingSelection(QgsVectorLayer& layer) {
+  const QgsFeatureIds selected = layer.selectedFeatureIds();
+  layer.reload();
+  if (!selected.isEmpty()) layer.selectByIds(selected);
 }
 
 std::shared_ptr<const LayerTraits> LayerClass::Traits() const {
@@ -133,7 +143,7 @@ void LayerClass::DeleteRow(QgsFeatureId oid) {
 
 void LayerClass::ShowChanges(bool shapes_changed) {
   if (!layer_) return;
-  layer_->reload();
+  ReloadKeepingSelection(*layer_);
   if (shapes_changed) layer_->updateExtents();
   layer_->triggerRepaint();
 }

@@ -26,6 +26,9 @@ struct LayerTraits {
   bool dbase = false;  ///< numbers are kept as text of a fixed width
 };
 
+/// Reads the data of a layer again; what the user selected stays selected, which the program would clear.
+void ReloadKeepingSelection(QgsVectorLayer& layer);
+
 class LayerClass : public virtual IClass,
                    public virtual IDataset,
                    public IObjectClassInfo2,

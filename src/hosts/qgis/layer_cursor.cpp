@@ -62,7 +62,8 @@ class RowFeed {
 class WholeFeed final : public RowFeed {
  public:
   WholeFeed(QgsVectorLayer& layer, const QgsFeatureRequest& request) : rows_(layer.getFeatures(request)) {
-    if (!rows_.isValid()) Raise(kEngine, "The rows of the layer '" + FromQt(layer.name()) + "' can't be read.");
+    // While a layer is edited its rows come from the layer, and what the iterator says is of the provider's.
+    if (!layer.isEditable() && !rows_.isValid()) Raise(kEngine, "The rows of the layer '" + FromQt(layer.name()) + "' can't be read.");
   }
   [[nodiscard]] bool Next(QgsFeature& feature) override { return rows_.nextFeature(feature); }
 

@@ -7,6 +7,7 @@
 
 #include "hosts/document/layer_list.h"
 #include "hosts/qgis/annotation_elements.h"
+#include "hosts/qgis/layer_class.h"
 #include "hosts/qgis/values.h"
 #include "hosts/windows/qt_text.h"
 #include "platform/fault.h"
@@ -60,7 +61,13 @@ void ReloadLayersOf(const QgsVectorLayer& added) {
     if (layer->providerType() != added.providerType() || !layer->isValid()) continue;
     const QVariantMap other = providers->decodeUri(layer->providerType(), layer->source());
     if (other.value(QStringLiteral("path")) != place.value(QStringLiteral("path"))) continue;
-    layer->reload();
+    // Other layers of a container hold the rows that they held.
+    const bool other_rows = other.value(QStringLiteral("layerName")) != place.value(QStringLiteral("layerName"));
+    if (other_rows) {
+      ReloadKeepingSelection(*layer);
+    } else {
+      layer->reload();
+    }
     layer->updateFields();
     layer->updateExtents();
     layer->triggerRepaint();

@@ -81,6 +81,32 @@ TEST(LayerClass, NothingIsWrittenBesideAnEditSession) {
   EXPECT_TRUE(features->CanBypassEditSession());
 }
 
+// What is read is what the user sees: unsaved edits too.
+TEST(LayerClass, ALayerThatIsEditedIsReadWithItsEdits) {
+  const auto layer = PointsInMemory();
+  const auto features = std::make_shared<qgis::LayerFeatures>(*layer);
+  ASSERT_TRUE(layer->startEditing());
+  EXPECT_EQ(Sizes(*features), "1 2 3 ");
+  ASSERT_TRUE(layer->changeAttributeValue(2, 0, 20));
+  ASSERT_TRUE(layer->deleteFeature(3));
+  const std::string seen = Sizes(*features);
+  EXPECT_TRUE(seen == "1 20 " || seen == "20 1 ") << seen;
+}
+
+TEST(LayerClass, WritingKeepsTheSelection) {
+  const auto layer = PointsInMemory();
+  const auto features = std::make_shared<qgis::LayerFeatures>(*layer);
+  layer->selectByIds({1, 3});
+  const auto cursor = features->Update(nullptr, true);
+  while (const auto row = cursor->NextFeature()) {
+    row->SetValue(features->FindField("size"), 7);
+    cursor->UpdateFeature(row);
+  }
+  cursor->Close();
+  EXPECT_EQ(Sizes(*features), "7 7 7 ");
+  EXPECT_EQ(layer->selectedFeatureIds(), (QgsFeatureIds{1, 3}));
+}
+
 TEST(LayerClass, ALayerThatLeftTheProject) {
   auto layer = PointsInMemory();
   const qgis::VectorLayer shown(*layer);
