@@ -1,0 +1,25 @@
+// The table of runs: from how many records on a person sees a progress dialog, by the command's number.
+#include "conversion/conversion_runs.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+
+namespace tessarine::modCreateVertices {
+namespace {
+
+TEST(RunTable, ProgressIsShownAboveTheThresholdOfEachRun) {
+  // Below 0: the flag is always set, and the run takes no notice of it.
+  const std::map<std::int32_t, std::int32_t> thresholds = {{1, 500},  {2, 2000}, {4, 2000},  {8, 20},
+                                                           {16, 500}, {32, 500}, {64, 2000}, {128, -1}};
+  EXPECT_EQ(AllRuns().size(), thresholds.size());
+  for (const auto& [option, threshold] : thresholds) {
+    const ConversionRun* run = FindRun(option);
+    ASSERT_NE(run, nullptr) << option;
+    EXPECT_EQ(run->ProgressThreshold, threshold) << run->Worker;
+  }
+  EXPECT_EQ(FindRun(3), nullptr);
+}
+
+}  // namespace
+}  // namespace tessarine::modCreateVertices
