@@ -84,6 +84,7 @@ class OgrDataSource final : public DataSource {
     if (!offer.has_shape) {
       RaiseEngineFault("'" + offer.name + "' in '" + path_ + "' is a table without shapes.");
     }
+    if (driver_ == "ESRI Shapefile") CheckInFolder(offer.layer);
     return std::make_shared<OgrFeatureClass>(SourceOf(offer));
   }
   [[nodiscard]] std::shared_ptr<ITable> OpenTable(const std::string& layer) const override {
@@ -103,6 +104,13 @@ class OgrDataSource final : public DataSource {
  private:
   [[nodiscard]] std::shared_ptr<OgrSource> SourceOf(const Offer& offer) const {
     return std::make_shared<OgrSource>(path_, offer.layer, offer.kind, offer.only_kind);
+  }
+
+  // A shapefile that was opened by itself was checked then.
+  void CheckInFolder(const std::string& layer) const {
+    const std::filesystem::path shapefile = std::filesystem::path(path_) / (layer + ".shp");
+    std::error_code error;
+    if (std::filesystem::is_regular_file(shapefile, error)) CheckShapefile(shapefile.string());
   }
 
   [[nodiscard]] std::string JoinedNames() const {

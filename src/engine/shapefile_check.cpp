@@ -4,13 +4,18 @@
 #include <cstdint>
 #include <filesystem>
 #include <fstream>
+#include <span>
 
+#include "engine/dbase_layout.h"
 #include "engine/engine_fault.h"
 
 namespace tessarine::engine {
 namespace {
 
 namespace fs = std::filesystem;
+
+constexpr std::uint64_t kShapeHeaderSize = 100;
+constexpr std::uint64_t kIndexEntrySize = 8;
 
 // The beside-file with this ending, in either case; empty when there is none.
 std::string Sibling(const fs::path& shapefile, const char* lower, const char* upper) {
@@ -22,8 +27,8 @@ std::string Sibling(const fs::path& shapefile, const char* lower, const char* up
   return "";
 }
 
-// The length that the header of a .shp or .shx gives: 16-bit words at byte 24, big-endian.
-void CheckLength(const std::string& path) {
+// The bytes that the header of a .shp or .shx tells of, all of them there: 16-bit words at byte 24, big-endian.
+std::uint64_t CheckedLength(const std::string& path) {
   std::array<unsigned char, 100> header{};
   std::ifstream file(path, std::ios::binary);
   file.read(reinterpret_cast<char*>(header.data()), static_cast<std::streamsize>(header.size()));
@@ -37,6 +42,33 @@ void CheckLength(const std::string& path) {
     RaiseEngineFault("'" + path + "' was cut off: its header tells of " + std::to_string(words * 2) +
                      " bytes, but it has " + std::to_string(length) + ". Get a whole copy of it.");
   }
+  return words * 2;
+}
+
+// The rows that the header of a .dbf tells of, all of them there.
+std::uint64_t CheckedRows(const std::string& path) {
+  std::array<char, kDbaseHeaderSize> header{};
+  std::ifstream file(path, std::ios::binary);
+  if (!file.read(header.data(), header.size())) {
+    RaiseEngineFault("'" + path + "' is no dBASE table: it is shorter than its header. Get a whole copy of it.");
+  }
+  const std::span<const char> bytes(header);
+  const std::uint64_t rows = LittleEndian(bytes.subspan(4, 4));
+  const std::uint64_t first = LittleEndian(bytes.subspan(8, 2)), size = LittleEndian(bytes.subspan(10, 2));
+  const std::uint64_t length = fs::file_size(path);
+  if (length >= first + rows * size) return rows;
+  const std::uint64_t there = size == 0 || length < first ? 0 : (length - first) / size;
+  RaiseEngineFault("'" + path + "' was cut off: its header tells of " + std::to_string(rows) + " rows, but it has " +
+                   std::to_string(there) + ". Get a whole copy of it.");
+}
+
+// Shapes and rows belong together by their order alone; what is over on either side would be lost without a word.
+void CheckRows(const std::string& native_path, const std::string& table, std::uint64_t shapes) {
+  const std::uint64_t rows = CheckedRows(table);
+  if (rows == shapes) return;
+  RaiseEngineFault("The parts of the shapefile '" + native_path + "' don't belong together: it has " +
+                   std::to_string(shapes) + " shapes, but '" + table + "' has " + std::to_string(rows) +
+                   " rows. Copy all its parts together, or mend the table.");
 }
 
 }  // namespace
@@ -47,11 +79,12 @@ void CheckShapefile(const std::string& native_path) {
   if (index.empty()) {
     RaiseEngineFault("The shapefile '" + native_path + "' lacks its .shx file: copy all its parts together.");
   }
-  if (Sibling(shapefile, ".dbf", ".DBF").empty()) {
+  const std::string table = Sibling(shapefile, ".dbf", ".DBF");
+  if (table.empty()) {
     RaiseEngineFault("The shapefile '" + native_path + "' lacks its .dbf file: copy all its parts together.");
   }
-  CheckLength(native_path);
-  CheckLength(index);
+  static_cast<void>(CheckedLength(native_path));
+  CheckRows(native_path, table, (CheckedLength(index) - kShapeHeaderSize) / kIndexEntrySize);
 }
 
 }  // namespace tessarine::engine

@@ -5,7 +5,8 @@
 
 namespace tessarine::engine {
 
-/// Raises a fault when the .shx or .dbf is missing, or the .shp or .shx is shorter than its header says.
+/// Raises a fault when the .shx or .dbf is missing, one of the three is shorter than its header says, or the .dbf has
+/// another number of rows than there are shapes.
 void CheckShapefile(const std::string& native_path);
 
 }  // namespace tessarine::engine

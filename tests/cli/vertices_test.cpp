@@ -153,6 +153,14 @@ class VerticesRefuse : public ProgramTest, public ::testing::WithParamInterface<
       if (std::string(ending) != ".dbf") fs::copy_file(Data("countries") + ending, In("in/nodbf") + ending);
     }
     fs::resize_file(In("in/short.shp"), 5000);
+    for (const char* name : {"in/fewer", "in/cut"}) {
+      for (const char* ending : {".shp", ".shx", ".dbf"}) fs::copy_file(Data("countries") + ending, In(name) + ending);
+    }
+    // The number of rows stands at byte 4: 177 become 170.
+    std::string table = ReadFile(In("in/fewer.dbf"));
+    table[4] = static_cast<char>(170);
+    WriteFile(In("in/fewer.dbf"), table);
+    fs::resize_file(In("in/cut.dbf"), fs::file_size(In("in/cut.dbf")) - 3);
     WriteFile(In("in/text.shp"), "This is no shapefile.");
     WriteFile(In("in/damaged.json"), "{\"format\": ");
   }
@@ -179,6 +187,11 @@ INSTANTIATE_TEST_SUITE_P(
         RefusalRow{"no vector data", {"OUT/in/damaged.json", "-o", "OUT/x.shp"}, {"damaged.json", "no vector data"}},
         RefusalRow{"no shapefile", {"OUT/in/text.shp", "-o", "OUT/x.shp"}, {"text.shp"}},
         RefusalRow{"cut off", {"OUT/in/short.shp", "-o", "OUT/x.shp"}, {"short.shp", "cut off"}},
+        RefusalRow{"fewer rows than shapes",
+                   {"OUT/in/fewer.shp", "-o", "OUT/x.shp"},
+                   {"fewer.shp", "177 shapes", "fewer.dbf' has 170 rows", "Copy all its parts"}},
+        RefusalRow{"fewer rows in a folder", {"OUT/in", "-l", "fewer", "-o", "OUT/x.shp"}, {"fewer.shp", "170 rows"}},
+        RefusalRow{"table cut off", {"OUT/in/cut.shp", "-o", "OUT/x.shp"}, {"cut.dbf", "177 rows", "it has 176"}},
         RefusalRow{"attributes missing", {"OUT/in/nodbf.shp", "-o", "OUT/x.shp"}, {"nodbf", ".dbf"}},
         RefusalRow{"unknown layer", {"DATA/countries.shp", "-l", "rivers", "-o", "OUT/x.shp"}, {"rivers", "countries"}},
         RefusalRow{"unknown field",
