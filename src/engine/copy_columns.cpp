@@ -176,6 +176,10 @@ ValueChange CopyColumns::Copy(const CopyColumn& column, const OgrRow& from, OgrR
   ValueChange change = ValueChange::None;
   switch (column.way) {
     case Way::Raw:
+      if (IsImpossibleDate(source, column.source)) {
+        target.SetFieldNull(column.target);
+        return ValueChange::Unreadable;
+      }
       target.SetField(column.target, source.GetRawFieldRef(column.source));
       return change;
     case Way::List: {

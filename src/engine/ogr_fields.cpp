@@ -5,6 +5,7 @@
 
 #include "engine/filegdb_dates.h"
 #include "engine/wide_numbers.h"
+#include "platform/calendar.h"
 #include "platform/text_encoding.h"
 #include "platform/text_formats.h"
 
@@ -111,23 +112,39 @@ std::string JoinedList(const OGRFeature& feature, int index) {
   return text;
 }
 
-Variant DateOf(const OGRFeature& feature, int index, ColumnStore store) {
+struct ReadMoment {
   int year = 0, month = 0, day = 0, hour = 0, minute = 0, zone = 0;
-  float single = 0.0F;
-  if (feature.GetFieldAsDateTime(index, &year, &month, &day, &hour, &minute, &single, &zone) == 0) return Null{};
+  float second = 0.0F;
+  bool is_there = false;
+
+  ReadMoment(const OGRFeature& feature, int index)
+      : is_there(feature.GetFieldAsDateTime(index, &year, &month, &day, &hour, &minute, &second, &zone) != 0) {}
+
+  // Formats that keep dates as digits take any; a minute may end with a leap second.
+  [[nodiscard]] bool IsPossible(OGRFieldType type) const {
+    const bool time = hour >= 0 && hour < 24 && minute >= 0 && minute < 60 && second >= 0.0F && second < 61.0F;
+    return time && (type == OFTTime || IsCalendarDay(year, month, day));
+  }
+};
+
+Variant DateOf(const OGRFeature& feature, int index, ColumnStore store) {
+  const ReadMoment read(feature, index);
+  const OGRFieldType type = feature.GetFieldDefnRef(index)->GetType();
+  if (!read.is_there) return Null{};
+  if (!read.IsPossible(type)) return ImpossibleDate();
   // A single is right to the thousandth.
-  const double second = std::round(static_cast<double>(single) * 1000.0) / 1000.0;
+  const double second = std::round(static_cast<double>(read.second) * 1000.0) / 1000.0;
   Date date;
-  if (feature.GetFieldDefnRef(index)->GetType() == OFTTime) {
-    date.serial = (hour * 3600 + minute * 60 + second) / 86400.0;
+  if (type == OFTTime) {
+    date.serial = (read.hour * 3600 + read.minute * 60 + second) / 86400.0;
     date.time_only = true;
   } else {
-    date = MakeDate(year, month, day, hour, minute, second);
+    date = MakeDate(read.year, read.month, read.day, read.hour, read.minute, second);
     if (store == ColumnStore::FileGeodatabase) date = WithoutLateness(date);
   }
   // OGR calls the times of a file geodatabase UTC, which the format doesn't say.
-  if (zone > 1 && store != ColumnStore::FileGeodatabase)
-    date.zone = static_cast<std::int16_t>((zone - kUtc) * kMinutesPerStep);
+  if (read.zone > 1 && store != ColumnStore::FileGeodatabase)
+    date.zone = static_cast<std::int16_t>((read.zone - kUtc) * kMinutesPerStep);
   return date;
 }
 
@@ -219,6 +236,13 @@ std::unique_ptr<OGRFieldDefn> OgrFieldOf(const Field& field, ColumnStore store) 
     definition->SetAlternativeName(field.AliasName.c_str());
   }
   return definition;
+}
+
+bool IsImpossibleDate(const OGRFeature& feature, int index) {
+  const OGRFieldType type = feature.GetFieldDefnRef(index)->GetType();
+  if (type != OFTDate && type != OFTTime && type != OFTDateTime) return false;
+  const ReadMoment read(feature, index);
+  return read.is_there && !read.IsPossible(type);
 }
 
 Variant ValueOf(const OGRFeature& feature, int index, ColumnStore store) {

@@ -35,7 +35,9 @@ struct FieldMap {
 /// it keeps only days.
 [[nodiscard]] std::unique_ptr<OGRFieldDefn> OgrFieldOf(const Field& field, ColumnStore store);
 
-/// The attribute's value; Null where it has none.
+/// True for a date or time that is there and that no calendar or clock knows.
+[[nodiscard]] bool IsImpossibleDate(const OGRFeature& feature, int index);
+/// The attribute's value; Null where it has none, `ImpossibleDate()` for such a date.
 [[nodiscard]] Variant ValueOf(const OGRFeature& feature, int index, ColumnStore store);
 
 }  // namespace tessarine::engine

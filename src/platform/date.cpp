@@ -3,6 +3,8 @@
 #include <cmath>
 #include <cstdlib>
 
+#include "platform/calendar.h"
+
 namespace tessarine {
 namespace {
 
@@ -49,6 +51,12 @@ DateParts PartsOf(std::int64_t seconds) {
 
 }  // namespace
 
+bool IsCalendarDay(int year, int month, int day) {
+  if (month < 1 || month > 12 || day < 1) return false;
+  const std::int64_t after = month == 12 ? DaysFromCivil(year + 1LL, 1, 1) : DaysFromCivil(year, month + 1, 1);
+  return day <= after - DaysFromCivil(year, month, 1);
+}
+
 Date MakeDate(int year, int month, int day, int hour, int minute, double second) {
   const std::int64_t days = DaysFromCivil(year, month, day) - kSerialEpoch;
   return {static_cast<double>(days) + (hour * 3600 + minute * 60 + second) / kSecondsPerDay};
@@ -65,6 +73,7 @@ DateParts SplitToMilliseconds(Date date) {
 }
 
 std::string IsoText(Date date) {
+  if (IsImpossible(date)) return "";
   const DateParts parts = SplitToMilliseconds(date);
   const auto padded = [](int value, std::size_t width) {
     std::string digits = std::to_string(std::abs(value));

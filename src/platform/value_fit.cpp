@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 
+#include "platform/calendar.h"
 #include "platform/fault.h"
 #include "platform/text_encoding.h"
 #include "platform/text_formats.h"
@@ -230,6 +231,7 @@ void ColumnLimits::LimitDecimals(int most_places, int places_behind_point) {
 FittedValue FitValue(const Variant& value, const ColumnLimits& column) {
   if (column.kind == Kind::Unwritable) Raise(kInvalidCall, "Such fields can't be written.");
   if (value.IsNull() || value.IsEmpty()) return {Null{}};
+  if (value.kind() == Variant::Kind::Date && IsImpossible(value.AsDate())) return Nulled(ValueChange::Unreadable);
   switch (column.kind) {
     case Kind::Text:
       return FitText(value, column);

@@ -6,6 +6,7 @@
 #include <limits>
 #include <utility>
 
+#include "platform/calendar.h"
 #include "platform/text_formats.h"
 
 namespace tessarine {
@@ -129,7 +130,9 @@ std::string Variant::AsText() const {
                  // The shortest decimal that names the single is the one that a person typed.
                  [](float value) { return NumberText(ToNumber(ShortestSingle(value))); },
                  [](double value) { return NumberText(value); }, [](const std::string& value) { return value; },
-                 [](tessarine::Date value) { return ShortDate(value) + " " + LongTime(value); },
+                 [](tessarine::Date value) {
+                   return IsImpossible(value) ? std::string() : ShortDate(value) + " " + LongTime(value);
+                 },
                  [](const ObjectRef&) -> std::string { RaiseMismatch(); }},
       value_);
 }

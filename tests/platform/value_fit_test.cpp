@@ -8,6 +8,7 @@
 #include <limits>
 
 #include "helpers/shapes.h"
+#include "platform/calendar.h"
 #include "platform/fault.h"
 #include "platform/text_encoding.h"
 
@@ -149,6 +150,9 @@ TEST(ValueFit, TimesKeepWhatTheColumnHasRoomFor) {
       {"a time of day gets one", clock, plain, Date{0.5}, ValueChange::DayAdded},
       {"a serial number", 36526.75, ColumnOf(Kind::DayAndTime), MakeDate(2000, 1, 1, 18)},
       {"beyond the year 9999", 3e6, ColumnOf(Kind::DayAndTime), Null{}, ValueChange::OutOfRange},
+      {"an impossible date", ImpossibleDate(), ColumnOf(Kind::Day), Null{}, ValueChange::Unreadable},
+      {"an impossible date as text", ImpossibleDate(), ColumnLimits(), Null{}, ValueChange::Unreadable},
+      {"an impossible date as a number", ImpossibleDate(), Places(9), Null{}, ValueChange::Unreadable},
       {"no date", "Whitsun", ColumnOf(Kind::Day), Null{}, ValueChange::Unreadable},
   });
   EXPECT_EQ(testing::FaultOf([] { (void)FitValue(1, ColumnOf(Kind::Unwritable)); }), kInvalidCall);

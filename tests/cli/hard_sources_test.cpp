@@ -1,0 +1,98 @@
+// Sources with records and values that can't be read as they are: each is told, and costs no other.
+#include <gdal_priv.h>
+#include <ogrsf_frmts.h>
+
+#include <limits>
+#include <nlohmann/json.hpp>
+
+#include "cli/program_run.h"
+
+namespace tessarine::testing {
+namespace {
+
+using nlohmann::json;
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+
+constexpr const char* kSquare = "POLYGON ((0 0,0 1,1 1,1 0,0 0))";
+
+class HardSources : public ProgramTest {
+ protected:
+  // A layer in degrees with a date and a text; each record has its number as the text, and no shape for "".
+  static void Make(const char* driver, const std::string& file, OGRwkbGeometryType type,
+                   const std::vector<std::string>& shapes, const std::vector<std::string>& dates = {}) {
+    GDALAllRegister();
+    const GDALDatasetUniquePtr data(
+        GetGDALDriverManager()->GetDriverByName(driver)->Create(file.c_str(), 0, 0, 0, GDT_Unknown, nullptr));
+    ASSERT_TRUE(data) << file;
+    OGRSpatialReference reference;
+    reference.SetWellKnownGeogCS("WGS84");
+    OGRLayer* layer = data->CreateLayer("layer", &reference, type, nullptr);
+    OGRFieldDefn day("day", OFTDate), name("name", OFTString);
+    ASSERT_EQ(layer->CreateField(&day), OGRERR_NONE);
+    ASSERT_EQ(layer->CreateField(&name), OGRERR_NONE);
+    for (std::size_t index = 0; index < shapes.size(); ++index) {
+      OGRFeature row(layer->GetLayerDefn());
+      OGRGeometry* shape = nullptr;
+      if (!shapes[index].empty()) OGRGeometryFactory::createFromWkt(shapes[index].c_str(), nullptr, &shape);
+      row.SetGeometryDirectly(shape);
+      if (index < dates.size()) row.SetField("day", dates[index].c_str());
+      row.SetField("name", std::to_string(index).c_str());
+      ASSERT_EQ(layer->CreateFeature(&row), OGRERR_NONE);
+    }
+  }
+
+  // Writes other bytes of the same number over the first place that has `old`.
+  static void Patch(const std::string& file, const std::string& old, const std::string& bytes) {
+    std::string content = ReadFile(file);
+    const std::size_t at = content.find(old);
+    ASSERT_NE(at, std::string::npos) << file;
+    WriteFile(file, content.replace(at, old.size(), bytes));
+  }
+
+  static std::vector<std::string> Column(const std::string& file, const char* field) {
+    GDALAllRegister();
+    const GDALDatasetUniquePtr data(GDALDataset::Open(file.c_str(), GDAL_OF_VECTOR));
+    std::vector<std::string> values;
+    if (!data) return values;
+    for (const auto& row : *data->GetLayer(0)) {
+      const int index = row->GetFieldIndex(field);
+      values.emplace_back(row->IsFieldSetAndNotNull(index) == 0 ? "null" : row->GetFieldAsString(index));
+    }
+    return values;
+  }
+
+  static std::vector<int> Oids(const json& records, const char* key) {
+    return records["records"][key].get<std::vector<int>>();
+  }
+};
+
+TEST_F(HardSources, DatesOfNoCalendarBecomeNullAndAreCounted) {
+  Make("ESRI Shapefile", In("a.shp"), wkbPolygon, {kSquare, kSquare, kSquare, kSquare},
+       {"2020/01/01", "2020/01/02", "2020/01/03", "2024/02/29"});
+  Patch(In("a.dbf"), "20200101", "20261399");
+  Patch(In("a.dbf"), "20200102", "20230231");
+  Patch(In("a.dbf"), "20200103", "00000000");
+  const std::vector<std::string> days{"null", "null", "null", "2024/02/29"};
+  const std::vector<std::vector<std::string>> commands{{"split", "-a", "-o", In("s.shp")},
+                                                       {"wrap", "--range", "360", "-o", In("w.shp")},
+                                                       {"calculate", "-m", "Sph. Area", "-o", In("c.gpkg")},
+                                                       {"calculate", "-m", "Sph. Area", "-o", In("c.shp")}};
+  for (std::vector<std::string> command : commands) {
+    const std::string output = command.back();
+    command.insert(command.begin() + 1, In("a.shp"));
+    command.insert(command.end(), {"-r", In("r.json")});
+    const ProgramOutcome run = RunTessarine(command);
+    ASSERT_EQ(run.status, 0) << run.out << run.err;
+    EXPECT_EQ(Column(output, "day"), days) << output;
+    const json changed = json::parse(ReadFile(In("r.json")))["changed"];
+    ASSERT_EQ(changed.size(), 1U) << output << changed;
+    EXPECT_EQ(changed[0]["field"], "day");
+    EXPECT_EQ(changed[0]["kind"], "unreadable");
+    EXPECT_EQ(changed[0]["count"], 2) << output;
+    std::filesystem::remove(In("r.json"));
+  }
+}
+
+}  // namespace
+}  // namespace tessarine::testing
