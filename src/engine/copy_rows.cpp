@@ -2,6 +2,7 @@
 
 #include "engine/engine_fault.h"
 #include "engine/ogr_cursor.h"
+#include "engine/reading_warnings.h"
 #include "platform/run_scope.h"
 #include "platform/run_stop.h"
 
@@ -84,11 +85,15 @@ CopiedRows CopyRows(const std::shared_ptr<OgrClass>& source, const ChosenOids& c
     const std::int64_t oid = feature->GetFID();
     if (!IsChosen(chosen, oid)) continue;
     const OgrFeature row(source->Traits(), std::move(feature), source);
+    if (!cursor.ShapeFault().empty()) {
+      notes.NoteFault(Fault(kEngine, "Engine", cursor.ShapeFault(), __LINE__, SourceFileName(__FILE__)), oid);
+    }
     copied.oids.push_back(copier.Copy(row, oid));
     if (copied.oids.back() != kNoRow) ++copied.count;
     copier.Flush();
   }
   copier.Close();
+  TellReadingWarnings(source->Source()->DataPath(), notes);
   return copied;
 }
 

@@ -260,6 +260,7 @@ bool OgrClass::CanBypassEditSession() const {
 }
 
 void OgrClass::StoreRow(const OgrRow& row) {
+  row.RequireReadable();
   row.StoreShape();
   const GdalErrorScope errors;
   LayerHandle handle = source_->Write();
@@ -340,10 +341,13 @@ std::shared_ptr<IFeatureCursor> OgrClass::OpenInserter() {
 
 std::shared_ptr<IFeature> OgrClass::ReadRow(std::int64_t oid) {
   const LayerHandle handle = source_->Read();
-  const GdalErrorScope quiet;
+  const ReadingScope errors;
   OgrFeatureHandle feature(handle.Layer().GetFeature(oid));
   if (!feature) Raise(kInvalidCall, "'" + Name() + "' has no row " + std::to_string(oid) + ".");
-  return std::make_shared<OgrFeature>(traits_, std::move(feature), weak_from_this());
+  std::string shape_fault = ShapeFaultOf(*feature, errors, source_->Path());
+  auto row = std::make_shared<OgrFeature>(traits_, std::move(feature), weak_from_this());
+  row->LackShape(std::move(shape_fault));
+  return row;
 }
 
 Envelope OgrClass::LayerExtent() const {

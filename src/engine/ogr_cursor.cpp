@@ -71,6 +71,28 @@ ReadingCursor::ReadingCursor(std::shared_ptr<OgrClass> owner, LayerHandle handle
     region_ = filter->Geometry;
   }
   handle_.Layer().ResetReading();
+  TellReadingWarnings(owner_->Source()->DataPath());
+}
+
+std::string ShapeFaultOf(const OGRFeature& feature, const ReadingScope& errors, const std::string& path) {
+  if (!errors.Failed() || feature.GetGeometryRef() != nullptr || feature.GetGeomFieldCount() == 0) return "";
+  return "The shape of a record of '" + path + "' can't be read" + errors.Quote() +
+         ". Mend the file, or get a whole copy of it.";
+}
+
+void ReadingCursor::TakeComplaints(const OGRFeature& feature, const ReadingScope& errors) {
+  const std::string& path = owner_->Source()->DataPath();
+  shape_fault_ = ShapeFaultOf(feature, errors, owner_->Source()->Path());
+  if (errors.Warnings().empty()) return;
+  KeepReadingWarnings(path, errors);
+  TellReadingWarnings(path);
+}
+
+OgrFeatureHandle ReadingCursor::FetchOgr(std::int64_t oid) {
+  const ReadingScope errors;
+  OgrFeatureHandle feature(handle_.Layer().GetFeature(oid));
+  if (feature) TakeComplaints(*feature, errors);
+  return feature;
 }
 
 bool ReadingCursor::Matches(const OGRFeature& feature) const {
@@ -87,8 +109,9 @@ bool ReadingCursor::Matches(const OGRFeature& feature) const {
 }
 
 OgrFeatureHandle ReadingCursor::NextOgr() {
-  const GdalErrorScope errors;
+  ReadingScope errors;
   for (;;) {
+    errors.Clear();
     OgrFeatureHandle feature = handle_.NextFeature();
     if (!feature) {
       if (errors.Failed()) {
@@ -97,6 +120,7 @@ OgrFeatureHandle ReadingCursor::NextOgr() {
       }
       return nullptr;
     }
+    TakeComplaints(*feature, errors);
     if (Matches(*feature)) return feature;
   }
 }
@@ -104,13 +128,16 @@ OgrFeatureHandle ReadingCursor::NextOgr() {
 std::shared_ptr<IFeature> ReadingCursor::NextFeature() {
   OgrFeatureHandle feature = NextOgr();
   if (!feature) return nullptr;
-  if (!recycling_) return std::make_shared<OgrFeature>(owner_->Traits(), std::move(feature), owner_);
-  if (recycled_) {
+  std::shared_ptr<OgrFeature> row;
+  if (recycling_ && recycled_) {
     recycled_->Refill(std::move(feature));
+    row = recycled_;
   } else {
-    recycled_ = std::make_shared<OgrFeature>(owner_->Traits(), std::move(feature), owner_);
+    row = std::make_shared<OgrFeature>(owner_->Traits(), std::move(feature), owner_);
+    if (recycling_) recycled_ = row;
   }
-  return recycled_;
+  row->LackShape(shape_fault_);
+  return row;
 }
 
 void ReadingCursor::UpdateRow(const std::shared_ptr<IRow>&) { RaiseWrongUse("update rows"); }

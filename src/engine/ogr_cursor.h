@@ -10,11 +10,15 @@
 #include "engine/exponent_cells.h"
 #include "engine/filegdb_grid.h"
 #include "engine/ogr_class.h"
+#include "engine/reading_warnings.h"
 
 namespace tessarine::engine {
 
 /// Sets the filters of a handle; a condition that OGR refuses raises a fault that quotes it.
 void ApplyFilter(LayerHandle& handle, const QueryFilter& filter);
+
+/// Why the shape of a row can't be had, by what GDAL said at reading it; empty where it was read, or there is none.
+[[nodiscard]] std::string ShapeFaultOf(const OGRFeature& feature, const ReadingScope& errors, const std::string& path);
 
 /// Reads rows.
 class ReadingCursor : public IFeatureCursor {
@@ -32,19 +36,25 @@ class ReadingCursor : public IFeatureCursor {
 
   /// The next row that belongs to the class and meets the filter.
   [[nodiscard]] virtual OgrFeatureHandle NextOgr();
+  /// Why the shape of the row that was read last can't be had; empty where it was read, or the row has none.
+  [[nodiscard]] const std::string& ShapeFault() const { return shape_fault_; }
 
  protected:
+  /// The row of this identifier, or nothing.
+  [[nodiscard]] OgrFeatureHandle FetchOgr(std::int64_t oid);
   [[nodiscard]] const std::shared_ptr<OgrClass>& Owner() const { return owner_; }
   [[nodiscard]] LayerHandle& Handle() { return handle_; }
 
  private:
   [[nodiscard]] bool Matches(const OGRFeature& feature) const;
+  void TakeComplaints(const OGRFeature& feature, const ReadingScope& errors);
 
   std::shared_ptr<OgrClass> owner_;
   LayerHandle handle_;
   GeometryRef region_;
   bool recycling_;
   std::shared_ptr<OgrFeature> recycled_;
+  std::string shape_fault_;
 };
 
 /// The rows that an updating cursor is restricted to: identifiers in order; nothing means all rows.

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdint>
 
+#include "engine/engine_fault.h"
 #include "engine/ogr_class.h"
 #include "engine/ogr_geometry.h"
 #include "platform/fault.h"
@@ -58,7 +59,12 @@ GeometryRef OgrRow::Shape() const {
   return shape_;
 }
 
+void OgrRow::RequireReadable() const {
+  if (!shape_fault_.empty() && !shape_changed_) RaiseEngineFault(shape_fault_);
+}
+
 GeometryRef OgrRow::ReadShape() const {
+  RequireReadable();
   return ShapeFromOgr(feature_->GetGeometryRef(), traits_->shape_type, traits_->reference);
 }
 
@@ -84,12 +90,16 @@ void OgrRow::StoreShape() const {
 void OgrRow::Refill(OgrFeatureHandle feature) {
   feature_ = std::move(feature);
   shape_ = nullptr;
+  shape_fault_.clear();
   shape_changed_ = false;
   changed_attributes_.clear();
   exponents_.clear();
 }
 
-void OgrRow::TakeFrom(OgrRow& other) { Refill(std::move(other.feature_)); }
+void OgrRow::TakeFrom(OgrRow& other) {
+  Refill(std::move(other.feature_));
+  shape_fault_ = std::move(other.shape_fault_);
+}
 
 void OgrRow::Rebind(OGRFeatureDefn& definition) {
   if (feature_->GetDefnRef() == &definition) return;

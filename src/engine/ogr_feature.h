@@ -6,6 +6,7 @@
 #include <memory>
 #include <optional>
 #include <span>
+#include <string>
 #include <vector>
 
 #include "engine/attribute_writer.h"
@@ -49,6 +50,10 @@ class OgrRow : public virtual IFeatureBuffer {
   [[nodiscard]] virtual RowUse Use() const { return RowUse::New; }
   /// The OGR indexes of the numbers that were set and need an exponent.
   [[nodiscard]] std::span<const int> Exponents() const { return exponents_; }
+  /// The shape is there and can't be read, for this reason: whoever asks for it gets the fault.
+  void LackShape(std::string reason) { shape_fault_ = std::move(reason); }
+  /// Raises the fault of a shape that can't be read.
+  void RequireReadable() const;
   /// Puts the shape that was set into the OGR feature.
   void StoreShape() const;
   void Refill(OgrFeatureHandle feature);
@@ -71,6 +76,7 @@ class OgrRow : public virtual IFeatureBuffer {
   std::shared_ptr<const RowTraits> traits_;
   OgrFeatureHandle feature_;
   mutable GeometryRef shape_;
+  std::string shape_fault_;  // empty where the shape was read, or there is none
   bool shape_changed_ = false;
   bool tracks_changes_ = false;
   std::vector<int> changed_attributes_;

@@ -8,6 +8,7 @@
 
 #include "engine/engine_fault.h"
 #include "engine/filegdb_edit.h"
+#include "engine/reading_warnings.h"
 #include "outputs/way_out.h"
 
 namespace tessarine::engine {
@@ -66,11 +67,14 @@ DatasetHandle OpenDataset(const std::string& native_path, bool update) {
   return OpenDatasetAt(PlaceOfData(native_path), update);
 }
 
-void FileChanged(const std::string& native_path) { ++SharedFileOf(native_path, "")->generation; }
+void FileChanged(const std::string& native_path) {
+  ++SharedFileOf(native_path, "")->generation;
+  ForgetReadingWarnings(native_path);
+}
 
 DatasetHandle OpenDatasetAt(const std::string& native_path, bool update) {
   RegisterDrivers();
-  GdalErrorScope errors;
+  ReadingScope errors;
   const unsigned flags = GDAL_OF_VECTOR | (update ? GDAL_OF_UPDATE : GDAL_OF_READONLY);
   DatasetHandle dataset(GDALDataset::Open(native_path.c_str(), flags));
   if (!dataset && !update && HasJournal(native_path)) {
@@ -78,7 +82,10 @@ DatasetHandle OpenDatasetAt(const std::string& native_path, bool update) {
     errors.Clear();
     dataset.reset(GDALDataset::Open(native_path.c_str(), flags));
   }
-  if (dataset) return dataset;
+  if (dataset) {
+    KeepReadingWarnings(native_path, errors);
+    return dataset;
+  }
   if (!update && HasJournal(native_path)) {
     RaiseEngineFault("'" + native_path + "' was left in the midst of a change, and that can't be undone" +
                      errors.Quote() + ": make the file, its '-journal' beside it and their folder writable.");
@@ -97,20 +104,21 @@ DatasetHandle OpenDatasetAt(const std::string& native_path, bool update) {
 OGRFeatureUniquePtr RowWalk::Next() {
   begun_ = true;
   if (!in_memory_) return OGRFeatureUniquePtr(layer_.GetNextFeature());
-  if (ahead_.empty()) {
-    if (!failure_.empty()) CPLError(CE_Failure, CPLE_AppDefined, "%s", failure_.c_str());
-    return nullptr;
-  }
-  OGRFeatureUniquePtr feature = std::move(ahead_.front());
+  if (ahead_.empty()) return nullptr;
+  ReadRow row = std::move(ahead_.front());
   ahead_.pop_front();
-  return feature;
+  if (!row.failure.empty()) CPLError(CE_Failure, CPLE_AppDefined, "%s", row.failure.c_str());
+  return std::move(row.feature);
 }
 
 void RowWalk::ReadAhead() {
   if (in_memory_) return;
-  const GdalErrorScope errors;
-  while (OGRFeature* feature = layer_.GetNextFeature()) ahead_.emplace_back(feature);
-  if (errors.Failed()) failure_ = errors.Text();
+  GdalErrorScope errors;
+  do {
+    errors.Clear();
+    OGRFeatureUniquePtr feature(layer_.GetNextFeature());
+    ahead_.push_back({std::move(feature), errors.Failed() ? errors.Text() : ""});
+  } while (ahead_.back().feature);
   layer_.ResetReading();
   in_memory_ = true;
 }

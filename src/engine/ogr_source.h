@@ -45,9 +45,13 @@ class RowWalk {
   void ReadAhead();
 
  private:
+  struct ReadRow {
+    OGRFeatureUniquePtr feature;
+    std::string failure;  // met at reading it, told again when it is asked for
+  };
+
   OGRLayer& layer_;
-  std::deque<OGRFeatureUniquePtr> ahead_;
-  std::string failure_;  // met while reading ahead, told behind the last row
+  std::deque<ReadRow> ahead_;  // the last one without a row
   bool begun_ = false;
   bool in_memory_ = false;
 };

@@ -45,8 +45,7 @@ OgrFeatureHandle UpdatingCursor::NextOgr() {
   if (fetches_) {
     if (next_ >= chosen_->size()) return nullptr;
     const std::int64_t oid = (*chosen_)[next_++];
-    const GdalErrorScope quiet;
-    OgrFeatureHandle feature(Handle().Layer().GetFeature(oid));
+    OgrFeatureHandle feature = FetchOgr(oid);
     if (!feature) Raise(kInvalidCall, "'" + Owner()->Name() + "' has no row " + std::to_string(oid) + " any more.");
     return feature;
   }
@@ -68,6 +67,8 @@ void UpdatingCursor::UpdateRow(const std::shared_ptr<IRow>& row) {
   Require(own, "a row of this cursor");
   if (transactions_ && !in_transaction_) in_transaction_ = Handle().Layer().StartTransaction() == OGRERR_NONE;
   if (!own->ShapeChanged() && update_ && update_->Write(own->Feature(), own->ChangedAttributes())) return;
+  // The row as it was read would take the place of the shape.
+  own->RequireReadable();
   WriteWhole(*own);
 }
 

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "platform/fault.h"
+#include "platform/running_journal.h"
 
 namespace tessarine {
 namespace {
@@ -22,6 +23,8 @@ IHost& Host() {
 }
 
 IHost* SetHost(IHost* host) { return std::exchange(g_host, host); }
+
+RunJournal* RunningJournal() { return g_host == nullptr ? nullptr : &g_host->Journal(); }
 
 bool StopRequested() { return g_host != nullptr && g_host->StopRequested(); }
 

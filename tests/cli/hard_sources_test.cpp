@@ -94,5 +94,60 @@ TEST_F(HardSources, DatesOfNoCalendarBecomeNullAndAreCounted) {
   }
 }
 
+// The shape of the second record lies beyond the end of the .shp, by its index.
+TEST_F(HardSources, AShapeThatCantBeReadIsAFaultOfItsRecord) {
+  Make("ESRI Shapefile", In("a.shp"), wkbPolygon, {kSquare, kSquare, kSquare});
+  std::string index = ReadFile(In("a.shx"));
+  index.replace(100 + 8, 4, std::string("\x05\xF5\xE1\x00", 4));
+  WriteFile(In("a.shx"), index);
+  const std::vector<std::vector<std::string>> commands{{"wrap", "--range", "360", "-o", In("w.shp")},
+                                                       {"vertices", "-o", In("v.shp")},
+                                                       {"calculate", "-m", "Sph. Area", "-o", In("c.gpkg")},
+                                                       {"calculate", "-m", "Sph. Area"}};
+  for (std::vector<std::string> command : commands) {
+    command.insert(command.begin() + 1, In("a.shp"));
+    command.insert(command.end(), {"-r", In("r.json")});
+    const ProgramOutcome run = RunTessarine(command);
+    EXPECT_EQ(run.status, 1) << command[0] << run.out << run.err;
+    EXPECT_THAT(run.out, HasSubstr("a.shp' can't be read (GDAL says:")) << command[0];
+    const json report = json::parse(ReadFile(In("r.json")));
+    EXPECT_EQ(report["outcome"], "incomplete") << command[0];
+    EXPECT_EQ(report["records"]["read"], 3) << command[0];
+    EXPECT_THAT(Oids(report, "unmeasured_oids"), ElementsAre(1)) << command[0] << command.back();
+    std::filesystem::remove(In("r.json"));
+  }
+}
+
+TEST_F(HardSources, WarningsOfChangedValuesAreTold) {
+  WriteFile(In("big.geojson"),
+            R"({"type":"FeatureCollection","features":[{"type":"Feature","properties":{"a":123456789012345678901234},)"
+            R"("geometry":{"type":"Polygon","coordinates":[[[0,0],[0,1],[1,1],[0,0]]]}}]})");
+  Make("GPKG", In("day.gpkg"), wkbPolygon, {kSquare, kSquare}, {"2020/01/01", "2020/01/02"});
+  {
+    const GDALDatasetUniquePtr data(GDALDataset::Open(In("day.gpkg").c_str(), GDAL_OF_VECTOR | GDAL_OF_UPDATE));
+    data->ReleaseResultSet(data->ExecuteSQL("UPDATE layer SET day = 'rubbish' WHERE fid = 2", nullptr, nullptr));
+  }
+  struct Row {
+    const char* file;
+    const char* said;
+  };
+  for (const Row& row :
+       {Row{"big.geojson", "clamped to INT64_MIN/INT64_MAX"}, Row{"day.gpkg", "in column day: rubbish"}}) {
+    for (const std::vector<std::string>& command :
+         {std::vector<std::string>{"split", In(row.file), "-a", "-o", In("s.shp")},
+          {"wrap", In(row.file), "--range", "360", "-o", In("w.shp")},
+          {"calculate", In(row.file), "-m", "Sph. Area", "-o", In("c.gpkg")}}) {
+      std::vector<std::string> arguments = command;
+      arguments.insert(arguments.end(), {"--overwrite", "-r", In("r.json")});
+      const ProgramOutcome run = RunTessarine(arguments);
+      EXPECT_EQ(run.status, 0) << run.out << run.err;
+      EXPECT_THAT(run.out, HasSubstr(row.said)) << row.file << command[0];
+      const json warnings = json::parse(ReadFile(In("r.json")))["warnings"];
+      ASSERT_EQ(warnings.size(), 1U) << row.file << command[0] << warnings;
+      EXPECT_THAT(warnings[0]["text"].get<std::string>(), HasSubstr(row.said));
+    }
+  }
+}
+
 }  // namespace
 }  // namespace tessarine::testing

@@ -1,0 +1,88 @@
+#include "engine/reading_warnings.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <map>
+#include <string_view>
+#include <vector>
+
+#include "platform/running_journal.h"
+
+namespace tessarine::engine {
+namespace {
+
+// Words of the warnings that tell of a value that became another; drivers warn of much else.
+constexpr std::string_view kTelling[] = {
+    "clamped",   "Invalid content", "Invalid value", "Value '",         "parsed incompletely",  "overflow",
+    "truncated", "not valid UTF-8", "out of range",  "too many digits", "cannot be represented"};
+constexpr std::size_t kKept = 10;
+constexpr std::size_t kKeptAtOnce = 20;
+
+using Kept = std::map<std::string, std::vector<std::string>>;
+
+Kept& KeptWarnings() {
+  static Kept kept;
+  return kept;
+}
+
+std::string KeyOf(const std::string& path) {
+  std::error_code error;
+  const std::filesystem::path canonical = std::filesystem::weakly_canonical(path, error);
+  return error ? path : canonical.string();
+}
+
+bool TellsOfAChange(std::string_view message) {
+  return std::ranges::any_of(kTelling,
+                             [&](std::string_view words) { return message.find(words) != std::string_view::npos; });
+}
+
+}  // namespace
+
+std::string ReadingScope::Quote() const {
+  const std::string& said = failed_ || warnings_.empty() ? failure_ : warnings_.front();
+  return said.empty() ? "" : " (GDAL says: " + said + ")";
+}
+
+void ReadingScope::Clear() {
+  failed_ = false;
+  failure_.clear();
+  warnings_.clear();
+}
+
+void CPL_STDCALL ReadingScope::Collect(CPLErr severity, CPLErrorNum, const char* message) {
+  auto* scope = static_cast<ReadingScope*>(CPLGetErrorHandlerUserData());
+  if (severity >= CE_Failure && !scope->failed_) {
+    scope->failed_ = true;
+    scope->failure_ = message;
+  }
+  if (severity == CE_Warning && scope->warnings_.size() < kKeptAtOnce) scope->warnings_.emplace_back(message);
+}
+
+void KeepReadingWarnings(const std::string& path, const ReadingScope& scope) {
+  for (const std::string& message : scope.Warnings()) {
+    if (!TellsOfAChange(message)) continue;
+    std::vector<std::string>& kept = KeptWarnings()[KeyOf(path)];
+    if (kept.size() < kKept && std::ranges::find(kept, message) == kept.end()) kept.push_back(message);
+  }
+}
+
+void ForgetReadingWarnings(const std::string& path) {
+  if (!KeptWarnings().empty()) KeptWarnings().erase(KeyOf(path));
+}
+
+void TellReadingWarnings(const std::string& path, RunJournal& journal) {
+  if (KeptWarnings().empty()) return;
+  const auto kept = KeptWarnings().find(KeyOf(path));
+  if (kept == KeptWarnings().end()) return;
+  for (const std::string& message : kept->second) {
+    const std::string text = "Values of '" + path + "' were read otherwise than they are stored. GDAL says: " + message;
+    const bool is_told = std::ranges::find(journal.warnings, text, &RunWarning::text) != journal.warnings.end();
+    if (!is_told) journal.warnings.push_back({text, 0, {}});
+  }
+}
+
+void TellReadingWarnings(const std::string& path) {
+  if (RunJournal* journal = RunningJournal()) TellReadingWarnings(path, *journal);
+}
+
+}  // namespace tessarine::engine
