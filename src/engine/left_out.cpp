@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "engine/engine_fault.h"
 #include "engine/ogr_geometry.h"
 
 namespace tessarine::engine {
@@ -26,10 +27,12 @@ std::vector<LeftOutRecords> FindLeftOut(OgrSource& source) {
   const OGRwkbGeometryType type = handle.Layer().GetGeomType();
   if (type == wkbNone || ShapeTypeOf(type) != esriGeometryNull) return kinds;
   ReadShapesOnly(handle.Layer());
+  const bool mixes = source.Kind() && !source.HasOnlyKind();
+  const GdalErrorScope quiet;
   while (const OGRFeatureUniquePtr feature = handle.NextFeature()) {
     const OGRGeometry* shape = feature->GetGeometryRef();
-    if (shape == nullptr || ShapeTypeOf(shape->getGeometryType()) != esriGeometryNull) continue;
-    const std::string kind = shape->getGeometryName();
+    if (shape == nullptr ? !mixes : ShapeTypeOf(shape->getGeometryType()) != esriGeometryNull) continue;
+    const std::string kind = shape == nullptr ? "" : shape->getGeometryName();
     auto known = std::ranges::find(kinds, kind, &LeftOutRecords::kind);
     if (known == kinds.end()) known = kinds.insert(known, {kind, {}});
     known->oids.push_back(feature->GetFID());

@@ -7,7 +7,9 @@ namespace tessarine {
 void NoteLeftOut(const IFeatureClass& features, RunJournal& journal) {
   for (const LeftOutRecords& records : features.LeftOut()) {
     const std::string text =
-        "A shape of the kind " + records.kind + " is no point, line or polygon: its record was skipped.";
+        records.kind.empty()
+            ? "A record without a shape belongs to no kind of a layer that mixes them: it was skipped."
+            : "A shape of the kind " + records.kind + " is no point, line or polygon: its record was skipped.";
     for (const std::int64_t oid : records.oids) {
       journal.left_out_oids.push_back(oid);
       journal.NoteWarning(text, oid);

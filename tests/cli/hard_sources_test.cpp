@@ -149,5 +149,17 @@ TEST_F(HardSources, WarningsOfChangedValuesAreTold) {
   }
 }
 
+TEST_F(HardSources, RecordsWithoutAShapeAreSkippedOfLayersThatMixKinds) {
+  Make("GPKG", In("n.gpkg"), wkbUnknown, {"LINESTRING (0 0,1 1)", "POINT (1 2)", "", "LINESTRING EMPTY"});
+  const ProgramOutcome info = RunTessarine({"info", In("n.gpkg")});
+  EXPECT_THAT(info.out, HasSubstr("Records:     2"));
+  EXPECT_THAT(info.out, HasSubstr("1 more without a shape, in a layer that mixes kinds of them (OID 3)"));
+  const ProgramOutcome run =
+      RunTessarine({"split", In("n.gpkg"), "-l", "layer (lines)", "-o", In("s.shp"), "-r", In("s.json")});
+  EXPECT_EQ(run.status, 0) << run.err;
+  EXPECT_THAT(run.out, HasSubstr("A record without a shape belongs to no kind"));
+  EXPECT_THAT(Oids(json::parse(ReadFile(In("s.json"))), "skipped_oids"), ::testing::UnorderedElementsAre(3, 4));
+}
+
 }  // namespace
 }  // namespace tessarine::testing

@@ -82,8 +82,9 @@ void PrintLeftOut(const LeftOutRecords& records) {
     oids += (index == 0 ? "" : ", ") + std::to_string(records.oids[index]);
   }
   if (listed < records.oids.size()) oids += ", ...";
-  fmt::print("  Skipped:     {} more of the kind {}, which no tool takes (OID {})\n", records.oids.size(), records.kind,
-             oids);
+  const std::string what = records.kind.empty() ? "without a shape, in a layer that mixes kinds of them"
+                                                : "of the kind " + records.kind + ", which no tool takes";
+  fmt::print("  Skipped:     {} more {} (OID {})\n", records.oids.size(), what, oids);
 }
 
 void PrintLayer(const LayerInfo& info) {
