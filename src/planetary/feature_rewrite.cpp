@@ -69,6 +69,7 @@ AttributeCopy CopyOf(const IFeatureClass& from, const IFeatureClass& to) {
 RewrittenShape Rewrite(const FeatureRewrite& run, const IFeature& feature, const KeepGoing& keep_going) {
   const GeometryRef shape = feature.ShapeCopy();
   if (!shape || shape->IsEmpty()) {
+    Host().Journal().skipped_oids.push_back(feature.OID());
     return {shape, "  --> Feature at OID #" + std::to_string(feature.OID()) + " is empty..."};
   }
   RewrittenShape rewritten;

@@ -161,5 +161,16 @@ TEST_F(HardSources, RecordsWithoutAShapeAreSkippedOfLayersThatMixKinds) {
   EXPECT_THAT(Oids(json::parse(ReadFile(In("s.json"))), "skipped_oids"), ::testing::UnorderedElementsAre(3, 4));
 }
 
+TEST_F(HardSources, WrapCountsRecordsWithoutAShapeAsSkipped) {
+  Make("GPKG", In("n.gpkg"), wkbPolygon, {kSquare, "", kSquare, "POLYGON EMPTY"});
+  const ProgramOutcome run =
+      RunTessarine({"wrap", In("n.gpkg"), "--range", "360", "-o", In("w.shp"), "-r", In("w.json")});
+  EXPECT_EQ(run.status, 0) << run.err;
+  const json report = json::parse(ReadFile(In("w.json")));
+  EXPECT_EQ(report["records"]["written"], 4);
+  EXPECT_THAT(Oids(report, "skipped_oids"), ElementsAre(2, 4));
+  EXPECT_THAT(Column(In("w.shp"), "name"), ElementsAre("0", "1", "2", "3"));
+}
+
 }  // namespace
 }  // namespace tessarine::testing
