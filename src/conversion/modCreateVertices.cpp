@@ -171,6 +171,7 @@ std::string RunConversion(const ConversionRun& run, const std::shared_ptr<IFeatu
     request.envelope = &frame.extent;
     request.fields = transfer.OutputFields();
     request.sources = {input.features};
+    AnnounceLosses(*input.features, facts.layer_name, transfer.Carried(), journal);
     AnnounceChanges(transfer.Carried(), request.kind);
     output = CreateOutput(request);
     if (!output) {

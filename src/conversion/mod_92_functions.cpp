@@ -169,6 +169,7 @@ std::string orlBuildPolygons(const std::shared_ptr<IFeatureLayer>& line_layer, b
     request.fields = transfer.OutputFields();
     request.sources = {lines.features};
     if (points) request.sources.push_back(points);
+    AnnounceLosses(*lines.features, line_layer->Name(), transfer.Carried(), journal);
     AnnounceChanges(transfer.Carried(), request.kind);
     output = CreateOutput(request);
     if (!output) return EndWithoutOutput();

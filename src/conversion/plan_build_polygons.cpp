@@ -46,7 +46,9 @@ std::string PlanBuildPolygons(const clsExtension& extension) {
            MyGeneralOperations::TrimZerosAndDecimals(extension.BuildClusterTolerance, false) + " " +
            EscapeRtf(UnitWord(reference)) + "\\par\r\n" + LabelLines(extension) +
            "  ** Spatial Reference:  " + EscapeRtf(reference->Name()) + "\\par\r\n" +
-           PlannedOutput(SplitOutputPath(path, extension), "polygon", transfer, sources) + "}";
+           PlannedOutput(SplitOutputPath(path, extension), "polygon", transfer, sources,
+                         ForetoldLosses(*layer->FeatureClass(), layer->Name(), transfer.Carried())) +
+           "}";
   });
 }
 

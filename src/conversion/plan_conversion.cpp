@@ -41,7 +41,8 @@ std::string PlanConversion(const ConversionRun& run, const std::shared_ptr<IFeat
            std::string(all_records ? run.Words.AllLabel : run.Words.SelectedLabel) +
            std::to_string(extension->AnalysisRecordCount) +
            ")\\par\r\n  ** Spatial Reference:  " + EscapeRtf(input->SpatialReference()->Name()) + "\\par\r\n" +
-           PlannedOutput(target, ShapeWord(rule.Output, "unknown"), transfer, {input}) +
+           PlannedOutput(target, ShapeWord(rule.Output, "unknown"), transfer, {input},
+                         ForetoldLosses(*input, layer->Name(), transfer.Carried())) +
            RefusalLine(WhyNever(run, input->ShapeType())) + "}";
   });
 }

@@ -28,9 +28,11 @@ std::string FieldLines(const FieldTransfer& transfer) {
   return lines;
 }
 
-std::string ForetoldLines(const FieldTransfer& transfer, const OutputTarget& target) {
+std::string ForetoldLines(const FieldTransfer& transfer, const OutputTarget& target, std::vector<std::string> losses) {
+  const std::vector<std::string> changes = ForetoldChanges(transfer.Carried(), target.kind);
+  losses.insert(losses.end(), changes.begin(), changes.end());
   std::string lines;
-  for (const std::string& sentence : ForetoldChanges(transfer.Carried(), target.kind)) {
+  for (const std::string& sentence : losses) {
     lines += "  ** " + EscapeRtf(sentence) + "\\par\r\n";
   }
   return lines.empty() ? "" : "\\b Foretold:\\b0\\par\r\n" + lines;
@@ -39,7 +41,7 @@ std::string ForetoldLines(const FieldTransfer& transfer, const OutputTarget& tar
 }  // namespace
 
 std::string PlannedOutput(const OutputTarget& target, std::string_view shape_word, const FieldTransfer& transfer,
-                          std::vector<std::shared_ptr<IClass>> sources) {
+                          std::vector<std::shared_ptr<IClass>> sources, const std::vector<std::string>& losses) {
   OutputRequest request = RequestFor(target, "");
   request.fields = transfer.OutputFields();
   request.sources = std::move(sources);
@@ -47,7 +49,7 @@ std::string PlannedOutput(const OutputTarget& target, std::string_view shape_wor
   const std::string question = NotePlan(plan, request);
   return "\\b Output:\\b0\\par\r\n  ** " + PathForReport(plan.path) + "\\par\r\n  ** " + KindText(target) + ", " +
          std::string(shape_word) + "\\par\r\n\\b Fields:\\b0\\par\r\n" + FieldLines(transfer) +
-         ForetoldLines(transfer, target) + "\\b Questions:\\b0\\par\r\n  ** " + question + "\\par\r\n";
+         ForetoldLines(transfer, target, losses) + "\\b Questions:\\b0\\par\r\n  ** " + question + "\\par\r\n";
 }
 
 }  // namespace tessarine

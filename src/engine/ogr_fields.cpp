@@ -99,6 +99,8 @@ FieldRef ShapeField(OGRLayer& layer, esriGeometryType shape_type, const SpatialR
   field->GeometryDef = std::make_shared<GeometryDef>();
   field->GeometryDef->GeometryType = shape_type;
   field->GeometryDef->SpatialReference = reference;
+  field->GeometryDef->HasZ = wkbHasZ(layer.GetGeomType());
+  field->GeometryDef->HasM = wkbHasM(layer.GetGeomType());
   return field;
 }
 

@@ -1,5 +1,8 @@
 #include "planetary/feature_rewrite.h"
 
+#include <algorithm>
+#include <iterator>
+
 #include "planetary/carried_fields.h"
 #include "platform/host.h"
 #include "platform/paths.h"
@@ -139,6 +142,15 @@ std::string TitleOf(const FeatureRewrite& run, const RunJournal& journal) {
   return lost ? Replace(run.title, "Complete", std::string(OutcomeTitle(journal))) : std::string(run.title);
 }
 
+// Measures that changed have a section of their own.
+std::string OtherWarningLines(const RunJournal& journal, std::string_view layer) {
+  RunJournal others;
+  others.other_warnings = journal.other_warnings;
+  std::ranges::copy_if(journal.warnings, std::back_inserter(others.warnings),
+                       [](const RunWarning& warning) { return warning.text != kChanged; });
+  return WarningLines(others, layer);
+}
+
 std::string RunBody(const FeatureRewrite& run, const std::shared_ptr<IApplication>& application,
                     const std::shared_ptr<IMxDocument>& document, const std::shared_ptr<clsExtension>& extension,
                     bool show_progress, RewriteFacts& facts, RunScope& scope,
@@ -148,9 +160,10 @@ std::string RunBody(const FeatureRewrite& run, const std::shared_ptr<IApplicatio
   const std::int32_t announced = input->FeatureCount(nullptr);
   RunProgress progress({"Converting " + run.layer->Name(), std::string(kTask) + "\r\n", kTask}, application, extension,
                        announced, show_progress ? std::make_shared<frmOrlProgressMeter>() : nullptr);
-  AnnounceChanges(CarriedUnder(*input->Fields(), *run.output.FieldNames()), run.output.Place().Kind);
+  const std::vector<CarriedField> carried = CarriedUnder(*input->Fields(), *run.output.FieldNames());
+  AnnounceLosses(*input, run.layer->Name(), carried, journal);
+  AnnounceChanges(carried, run.output.Place().Kind);
   NoteLeftOut(*input, journal);
-  facts.problems += WarningLines(journal, run.layer->Name());
   OutputRequest request = RequestFor(run.output, input);
   const Envelope extent = input->Extent();
   request.envelope = &extent;
@@ -173,7 +186,8 @@ std::string RunBody(const FeatureRewrite& run, const std::shared_ptr<IApplicatio
   ShowResult(output, facts.stopped, document);
   scope.End();
   facts.time_spent = ReturnTimeElapsedRTF(journal.begin, journal.end, kReportFontSize, journal.elapsed_seconds);
-  facts.problems += FaultLines(journal, run.layer->Name()) + ChangeLines(journal) + ChangedNameLines(journal);
+  facts.problems = OtherWarningLines(journal, run.layer->Name()) + facts.problems +
+                   FaultLines(journal, run.layer->Name()) + ChangeLines(journal) + ChangedNameLines(journal);
   return RewriteReport(TitleOf(run, journal), run.sections,
                        {ShownName(place), place.Directory, static_cast<std::int32_t>(journal.written)}, facts);
 }
@@ -198,7 +212,8 @@ std::string RewriteFeatures(const FeatureRewrite& run, const std::shared_ptr<IAp
     journal.Fail(fault.Description());
     DiscardUnpublished(output);
     tell_faults();
-    facts.problems += FaultLines(journal, run.layer->Name()) + ChangeLines(journal);
+    facts.problems = OtherWarningLines(journal, run.layer->Name()) + facts.problems +
+                     FaultLines(journal, run.layer->Name()) + ChangeLines(journal);
     return FaultReport(run.conversion, run.worker, facts, fault);
   };
   return TrapWith(run.worker, body, on_fault);
@@ -227,9 +242,11 @@ std::string PlanRewrite(const FeatureRewrite& run) {
   sections.push_back(fields);
   ReportSection foretold{"Foretold:", {}};
   const FieldsRef input = run.layer->FeatureClass()->Fields();
-  for (const std::string& sentence : ForetoldChanges(CarriedUnder(*input, *run.output.FieldNames()), place.Kind)) {
-    foretold.lines.push_back("  ** " + sentence);
-  }
+  const std::vector<CarriedField> carried = CarriedUnder(*input, *run.output.FieldNames());
+  std::vector<std::string> sentences = ForetoldLosses(*run.layer->FeatureClass(), run.layer->Name(), carried);
+  const std::vector<std::string> changes = ForetoldChanges(carried, place.Kind);
+  sentences.insert(sentences.end(), changes.begin(), changes.end());
+  for (const std::string& sentence : sentences) foretold.lines.push_back("  ** " + sentence);
   if (!foretold.lines.empty()) sections.push_back(foretold);
   sections.push_back({"Questions:", {"  ** " + NotePlan(plan, request)}});
   return PlanReport(run.conversion, sections);

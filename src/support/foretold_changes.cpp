@@ -1,6 +1,9 @@
 #include "support/foretold_changes.h"
 
+#include <algorithm>
+
 #include "platform/host.h"
+#include "platform/text_formats.h"
 #include "support/output_kinds.h"
 
 namespace tessarine {
@@ -26,7 +29,76 @@ std::string ForetoldLoss(const Field& field, std::int32_t kind) {
   return "";
 }
 
+bool IsCarried(const Field& field, const std::vector<CarriedField>& fields) {
+  return std::ranges::any_of(fields, [&](const CarriedField& carried) { return carried.source->Name == field.Name; });
+}
+
+// Kinds that some tools or all leave out, by no choice of the user.
+bool MayBeLeftOut(const Field& field) {
+  switch (field.Type) {
+    case esriFieldTypeBlob:
+    case esriFieldTypeRaster:
+    case esriFieldTypeGUID:
+    case esriFieldTypeGlobalID:
+    case esriFieldTypeXML:
+      return true;
+    default:
+      return false;
+  }
+}
+
+// What formats count of the shapes; a new class counts its own.
+bool IsStoredMeasure(const Field& field) {
+  return EqualsIgnoringCase(field.Name, "Shape_Area") || EqualsIgnoringCase(field.Name, "Shape_Length");
+}
+
+// Whoever names some fields knows that the others stay behind.
+bool AllOthersAreCarried(const Fields& input, const std::vector<CarriedField>& fields) {
+  return !fields.empty() && std::ranges::all_of(input, [&](const FieldRef& field) {
+    return !IsAttribute(*field) || MayBeLeftOut(*field) || IsStoredMeasure(*field) || IsCarried(*field, fields);
+  });
+}
+
+std::string LostNumbers(const Fields& input) {
+  for (const FieldRef& field : input) {
+    if (field->Type != esriFieldTypeGeometry || !field->GeometryDef) continue;
+    const GeometryDef& shape = *field->GeometryDef;
+    if (shape.HasZ && shape.HasM) return "heights (Z) and measures (M)";
+    if (shape.HasZ) return "heights (Z)";
+    if (shape.HasM) return "measures (M)";
+  }
+  return "";
+}
+
 }  // namespace
+
+std::vector<std::string> ForetoldLosses(const IFeatureClass& input, std::string_view layer,
+                                        const std::vector<CarriedField>& fields) {
+  std::vector<std::string> sentences;
+  const std::string of_layer = " of '" + std::string(layer) + "'";
+  const FieldsRef all = input.Fields();
+  if (const std::string numbers = LostNumbers(*all); !numbers.empty()) {
+    sentences.push_back("The " + numbers + " of the shapes" + of_layer + " are left out: the output is flat.");
+  }
+  if (!AllOthersAreCarried(*all, fields)) return sentences;
+  for (const FieldRef& field : *all) {
+    if (!MayBeLeftOut(*field) || IsCarried(*field, fields)) continue;
+    const char* kind = field->Type == esriFieldTypeBlob || field->Type == esriFieldTypeRaster
+                           ? "binary values"
+                           : "identifiers and XML of a geodatabase";
+    sentences.push_back("The field '" + field->Name + "'" + of_layer + " is left out: " + kind +
+                        " are not carried over.");
+  }
+  return sentences;
+}
+
+void AnnounceLosses(const IFeatureClass& input, std::string_view layer, const std::vector<CarriedField>& fields,
+                    RunJournal& journal) {
+  for (const std::string& sentence : ForetoldLosses(input, layer, fields)) {
+    Host().Announce(sentence);
+    journal.warnings.push_back({sentence, 0, {}});
+  }
+}
 
 std::vector<std::string> ForetoldChanges(const std::vector<CarriedField>& fields, std::int32_t output_kind) {
   std::vector<std::string> sentences;

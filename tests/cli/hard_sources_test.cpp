@@ -172,5 +172,53 @@ TEST_F(HardSources, WrapCountsRecordsWithoutAShapeAsSkipped) {
   EXPECT_THAT(Column(In("w.shp"), "name"), ElementsAre("0", "1", "2", "3"));
 }
 
+TEST_F(HardSources, WhatNoOutputTakesOverIsForetoldAndTold) {
+  GDALAllRegister();
+  {
+    const GDALDatasetUniquePtr data(
+        GetGDALDriverManager()->GetDriverByName("GPKG")->Create(In("z.gpkg").c_str(), 0, 0, 0, GDT_Unknown, nullptr));
+    OGRSpatialReference reference;
+    reference.SetWellKnownGeogCS("WGS84");
+    OGRLayer* layer = data->CreateLayer("hills", &reference, wkbLineStringZM, nullptr);
+    OGRFieldDefn photo("photo", OFTBinary), name("name", OFTString);
+    ASSERT_EQ(layer->CreateField(&photo), OGRERR_NONE);
+    ASSERT_EQ(layer->CreateField(&name), OGRERR_NONE);
+    OGRFeature row(layer->GetLayerDefn());
+    OGRGeometry* line = nullptr;
+    OGRGeometryFactory::createFromWkt("LINESTRING ZM (0 0 5 1,1 1 6 2)", nullptr, &line);
+    row.SetGeometryDirectly(line);
+    row.SetField("name", "a");
+    ASSERT_EQ(layer->CreateFeature(&row), OGRERR_NONE);
+  }
+  const std::string flat =
+      "The heights (Z) and measures (M) of the shapes of 'hills' are left out: the output is flat.";
+  const std::string binary = "The field 'photo' of 'hills' is left out: binary values are not carried over.";
+  struct Row {
+    std::vector<std::string> command;
+    bool all_fields;
+  };
+  for (const Row& row : {Row{{"wrap", In("z.gpkg"), "--range", "360", "-o", In("w.shp")}, true},
+                         Row{{"split", In("z.gpkg"), "-a", "-o", In("s.shp")}, true},
+                         Row{{"vertices", In("z.gpkg"), "-o", In("v.shp")}, false}}) {
+    std::vector<std::string> arguments = row.command;
+    arguments.emplace_back("--dry-run");
+    const ProgramOutcome plan = RunTessarine(arguments);
+    EXPECT_THAT(plan.out, HasSubstr("Foretold:\n  ** " + flat + (row.all_fields ? "\n  ** " + binary : "")));
+    arguments.back() = "--report";
+    arguments.push_back(In("r.json"));
+    arguments.emplace_back("--overwrite");
+    const ProgramOutcome run = RunTessarine(arguments);
+    EXPECT_EQ(run.status, 0) << run.err;
+    EXPECT_EQ(run.err, "tessarine: " + flat + "\n" + (row.all_fields ? "tessarine: " + binary + "\n" : ""));
+    EXPECT_THAT(run.out, HasSubstr(flat)) << row.command[0];
+    std::vector<std::string> warnings;
+    const json report = json::parse(ReadFile(In("r.json")));
+    for (const json& warning : report["warnings"]) {
+      warnings.push_back(warning["text"]);
+    }
+    EXPECT_EQ(warnings, row.all_fields ? (std::vector<std::string>{flat, binary}) : std::vector<std::string>{flat});
+  }
+}
+
 }  // namespace
 }  // namespace tessarine::testing
