@@ -1,5 +1,7 @@
 #include "engine/ogr_cursor.h"
 
+#include <cmath>
+
 #include "engine/engine_fault.h"
 #include "engine/filegdb_polygons.h"
 #include "engine/ogr_geometry.h"
@@ -35,6 +37,24 @@ bool CompilesInDatabase(const LayerHandle& handle, const std::string& condition)
 
 [[noreturn]] void RaiseWrongUse(const char* what) {
   Raise(kInvalidCall, std::string("This cursor can't ") + what + ".");
+}
+
+class FiniteCoordinates final : public OGRDefaultConstGeometryVisitor {
+ public:
+  using OGRDefaultConstGeometryVisitor::visit;
+  void visit(const OGRPoint* point) override {
+    if (!point->IsEmpty()) finite_ = finite_ && std::isfinite(point->getX()) && std::isfinite(point->getY());
+  }
+  [[nodiscard]] bool Finite() const { return finite_; }
+
+ private:
+  bool finite_ = true;
+};
+
+bool IsFinite(const OGRFeature& feature) {
+  FiniteCoordinates coordinates;
+  if (const OGRGeometry* shape = feature.GetGeometryRef()) shape->accept(&coordinates);
+  return coordinates.Finite();
 }
 
 }  // namespace
@@ -178,6 +198,10 @@ std::int64_t InsertingCursor::InsertRow(const IRowBuffer& buffer) {
   if (transactions_ && !in_transaction_) in_transaction_ = layer.StartTransaction() == OGRERR_NONE;
   exponents_.TakeOut(feature, row->Exponents());
   if (layer.CreateFeature(&feature) != OGRERR_NONE || errors.Failed()) {
+    if (!IsFinite(feature)) {
+      Raise(kCoordinateRange, "A shape can't be written to '" + owner_->Source()->Path() +
+                                  "': a coordinate of it is infinite or no number.");
+    }
     RaiseRowNotWritten("A row can't be written to '" + owner_->Source()->Path() + "'", errors,
                        WayOut(owner_->Source()->Path(), errors.Text()));
   }

@@ -220,5 +220,28 @@ TEST_F(HardSources, WhatNoOutputTakesOverIsForetoldAndTold) {
   }
 }
 
+TEST_F(HardSources, AnInfiniteCoordinateCostsNoOtherRecord) {
+  Make("GPKG", In("i.gpkg"), wkbLineString, {"LINESTRING (0 0,1 1)", "LINESTRING (0 0,5 3)", "LINESTRING (0 0,2 2)"});
+  {
+    const GDALDatasetUniquePtr data(GDALDataset::Open(In("i.gpkg").c_str(), GDAL_OF_VECTOR | GDAL_OF_UPDATE));
+    OGRFeatureUniquePtr row(data->GetLayer(0)->GetFeature(2));
+    row->GetGeometryRef()->toLineString()->setPoint(1, std::numeric_limits<double>::infinity(), 3);
+    ASSERT_EQ(data->GetLayer(0)->SetFeature(row.get()), OGRERR_NONE);
+    // The driver can't keep the extent of such a layer, and says so.
+    const CPLErrorHandlerPusher quiet(CPLQuietErrorHandler);
+    data->FlushCache();
+  }
+  for (const char* output : {"w.shp", "w.gdb/w"}) {
+    const ProgramOutcome run =
+        RunTessarine({"wrap", In("i.gpkg"), "--range", "360", "-o", In(output), "-r", In("w.json"), "--overwrite"});
+    EXPECT_EQ(run.status, 1) << output;
+    const json report = json::parse(ReadFile(In("w.json")));
+    EXPECT_EQ(report["outcome"], "incomplete") << output;
+    EXPECT_EQ(report["records"]["written"], 3) << output;
+    EXPECT_THAT(Oids(report, "unmeasured_oids"), ElementsAre(2)) << output;
+    EXPECT_THAT(Column(std::string(output) == "w.shp" ? In("w.shp") : In("w.gdb"), "name"), ElementsAre("0", "1", "2"));
+  }
+}
+
 }  // namespace
 }  // namespace tessarine::testing
