@@ -243,5 +243,46 @@ TEST_F(HardSources, AnInfiniteCoordinateCostsNoOtherRecord) {
   }
 }
 
+TEST_F(HardSources, FormatsThatAreOnlyWrittenAsAWholeAreRefusedInPlaceBeforeTheRun) {
+  Make("FlatGeobuf", In("a.fgb"), wkbPolygon, {kSquare});
+  const std::string before = ReadFile(In("a.fgb"));
+  for (const char* last : {"-q", "--dry-run"}) {
+    const ProgramOutcome run = RunTessarine({"calculate", In("a.fgb"), "-m", "Sph. Area", last});
+    EXPECT_EQ(run.status, 2) << run.out;
+    EXPECT_THAT(run.err, HasSubstr("Work on a copy: -o COPY."));
+    EXPECT_EQ(run.out, "");
+  }
+  EXPECT_EQ(ReadFile(In("a.fgb")), before);
+}
+
+TEST_F(HardSources, ALayerOfTheWrongKindIsNamedAsItWasAskedFor) {
+  Make("GPKG", In("n.gpkg"), wkbUnknown, {"LINESTRING (0 0,1 1)", "POINT (1 2)"});
+  const ProgramOutcome points = RunTessarine({"vertices", In("n.gpkg"), "-l", "layer (points)", "-o", In("p.shp")});
+  EXPECT_EQ(points.status, 2);
+  EXPECT_THAT(points.err, HasSubstr("The layer 'layer (points)' is of the wrong kind"));
+}
+
+TEST_F(HardSources, AreSpelledAsOutputsAreAndMayHaveColons) {
+  ASSERT_EQ(RunTessarine({"vertices", Data("cities.shp"), "-o", In("c.gdb/shapes/towns")}).status, 2);
+  ASSERT_EQ(RunTessarine({"vertices", Data("countries.shp"), "-o", In("c.gdb/shapes/corners"), "-q"}).status, 0);
+  for (const char* spelling : {"c.gdb/corners", "c.gdb/shapes/corners", "c.gdb:corners"}) {
+    const ProgramOutcome info = RunTessarine({"info", In(spelling)});
+    EXPECT_EQ(info.status, 0) << spelling << info.err;
+    EXPECT_THAT(info.out, HasSubstr("Records:     10643")) << spelling;
+  }
+  const ProgramOutcome missing = RunTessarine({"info", In("c.gdb/lakes")});
+  EXPECT_EQ(missing.status, 2);
+  EXPECT_THAT(missing.err, HasSubstr("has no layer 'lakes'"));
+
+  GDALAllRegister();
+  {
+    const GDALDatasetUniquePtr data(
+        GetGDALDriverManager()->GetDriverByName("GPKG")->Create(In("x.gpkg").c_str(), 0, 0, 0, GDT_Unknown, nullptr));
+    ASSERT_NE(data->CreateLayer("a:b", nullptr, wkbPoint, nullptr), nullptr);
+    ASSERT_NE(data->CreateLayer("b", nullptr, wkbPoint, nullptr), nullptr);
+  }
+  EXPECT_THAT(RunTessarine({"info", In("x.gpkg:a:b")}).out, HasSubstr("Layer: a:b"));
+}
+
 }  // namespace
 }  // namespace tessarine::testing

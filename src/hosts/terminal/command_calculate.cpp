@@ -39,10 +39,20 @@ ExitStatus Calculate(const CalculateOptions& options, Session& session, const Do
   return session.Run("Tessarine.clsConvertGeometry", &script);
 }
 
+// Where a run would only find out that nothing can be written.
+void RefuseReadOnly(const DocumentFeatureLayer& layer) {
+  const auto info = Cast<IObjectClassInfo2>(layer.FeatureClass());
+  if (!info || info->CanBypassEditSession()) return;
+  throw Refusal("The records of '" + layer.Name() +
+                "' can't be changed in place: their file may not be written, or its format is only written as a whole. "
+                "Work on a copy: -o COPY.");
+}
+
 ExitStatus CalculateInPlace(const CalculateOptions& options) {
   if (options.only_selected) throw Refusal("--only-selected is for copies: name one with -o.");
   Session session(options.common);
   const std::shared_ptr<DocumentFeatureLayer> layer = TakeLayer(session.Document(), options.source);
+  RefuseReadOnly(*layer);
   return Calculate(options, session, *layer);
 }
 

@@ -5,6 +5,7 @@
 
 #include "engine/data_source.h"
 #include "hosts/terminal/refusal.h"
+#include "platform/text_formats.h"
 
 namespace tessarine {
 namespace {
@@ -31,6 +32,19 @@ std::shared_ptr<DocumentFeatureLayer> FindInDocument(const MapDocument& document
   return found;
 }
 
+// The geodatabase that a class is named in, as outputs are, by its folder or by that of a feature dataset; or nothing.
+// A class bears its name in the whole geodatabase alone.
+std::string GeodatabaseAbove(const std::string& text) {
+  std::filesystem::path above = text;
+  for (int level = 0; level < 2; ++level) {
+    above = above.parent_path();
+    std::error_code error;
+    const bool is_geodatabase = EndsWithIgnoringCase(above.string(), ".gdb");
+    if (is_geodatabase && std::filesystem::is_directory(above, error)) return above.string();
+  }
+  return "";
+}
+
 std::shared_ptr<DocumentFeatureLayer> AddSource(MapDocument& document, const SourceOptions& options) {
   std::string path, layer;
   SplitSource(options.source, path, layer);
@@ -40,7 +54,8 @@ std::shared_ptr<DocumentFeatureLayer> AddSource(MapDocument& document, const Sou
   // Opening it here gives the reason when it fails; in a document a broken layer is only left out.
   const std::shared_ptr<IFeatureClass> features = DataSource::Open(path, false)->OpenFeatureClass(layer);
   auto result = std::make_shared<DocumentFeatureLayer>();
-  result->SetName(FreeLayerName(document, features->Name()));
+  // Of a layer that mixes kinds of shapes, it is the name of one kind.
+  result->SetName(FreeLayerName(document, layer.empty() ? features->Name() : layer));
   result->SetFeatureClass(features);
   document.Map().AddLayer(result);
   return result;
@@ -62,10 +77,17 @@ void SplitSource(const std::string& text, std::string& path, std::string& layer)
   path = text;
   layer.clear();
   if (std::filesystem::exists(text)) return;
-  const std::size_t colon = text.rfind(':');
-  if (colon == std::string::npos || !std::filesystem::exists(text.substr(0, colon))) return;
-  path = text.substr(0, colon);
-  layer = text.substr(colon + 1);
+  // Names of layers may have colons, too.
+  for (std::size_t colon = text.find(':'); colon != std::string::npos; colon = text.find(':', colon + 1)) {
+    if (!std::filesystem::exists(text.substr(0, colon))) continue;
+    path = text.substr(0, colon);
+    layer = text.substr(colon + 1);
+    return;
+  }
+  const std::string geodatabase = GeodatabaseAbove(text);
+  if (geodatabase.empty()) return;
+  path = geodatabase;
+  layer = std::filesystem::path(text).filename().string();
 }
 
 std::shared_ptr<DocumentFeatureLayer> TakeLayer(MapDocument& document, const SourceOptions& options) {

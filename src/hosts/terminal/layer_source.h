@@ -24,7 +24,8 @@ struct SourceOptions {
 /// The name, or with a number behind it one that no layer of the document bears: forms know layers by their names.
 [[nodiscard]] std::string FreeLayerName(const MapDocument& document, const std::string& name);
 
-/// "path:layer" where the path with the colon doesn't exist.
+/// "PATH:LAYER" and "NAME.gdb[/DATASET]/CLASS", where there is nothing of the whole name: split at the first colon
+/// behind what exists, or else behind the geodatabase.
 void SplitSource(const std::string& text, std::string& path, std::string& layer);
 
 }  // namespace tessarine
