@@ -1,0 +1,15 @@
+// What is wrong with a file, or why it can't hold what it is given.
+#pragma once
+
+#include <stdexcept>
+#include <string>
+
+namespace tessarine::jet {
+
+/// A file that isn't of this format or is damaged, a value that doesn't fit, or a refusal of the file system.
+class Error : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+}  // namespace tessarine::jet

@@ -1,0 +1,21 @@
+// Keys of indexes: bytes that sort as the values do.
+//
+// Each value is a flag byte and what follows: 00 null; 7F, then whole numbers highest byte first with the sign turned,
+// doubles highest byte first with the sign turned or, below zero, all bits; GUIDs in the order of their text, eight
+// bytes, 09, eight bytes, 08; texts one or two bytes for each character whatever its case, then 01 00. Descending: the
+// same bits turned over.
+//
+// Of the order of texts the letters A to Z, digits, blank and underline are known. A text with another character has no
+// key here, and its error says so.
+#pragma once
+
+#include "jet/row.h"
+
+namespace tessarine::jet {
+
+/// The key of a row. `values` are in the order of the table's columns.
+[[nodiscard]] Bytes IndexKey(const TableDefinition& table, const Index& index, const RowValues& values);
+/// Whether all columns of the index are null in this row.
+[[nodiscard]] bool AllNull(const TableDefinition& table, const Index& index, const RowValues& values);
+
+}  // namespace tessarine::jet

@@ -1,0 +1,40 @@
+// The pages of an index: a tree whose leaves hold a key and the place of its row, page first, highest byte first.
+//
+// Leaves are pages 04 01, the pages above them 03 01. At 12, 16 and 20 the pages before and behind of the same level
+// and that of what was added at the end; at 24 the number of bytes that all entries share with the first and leave out;
+// at 26 the height above the leaves; from 27 to 479 a bit for each byte behind: set where an entry ends. Entries of the
+// pages above are the last entry of a page below and its number.
+//
+// An index is always made anew from its rows: a whole one is written faster than it is changed entry by entry, and
+// nothing can go wrong in the midst of it.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "jet/page_set.h"
+
+namespace tessarine::jet {
+
+/// Keys with the places of their rows, as they stand in the leaves.
+using IndexEntries = std::vector<Bytes>;
+
+/// What the leaves hold, in their order. An error for a tree that is damaged.
+[[nodiscard]] IndexEntries ReadIndexEntries(PageFile& file, std::uint32_t root, std::uint32_t owner);
+/// All pages of the tree.
+[[nodiscard]] PageSet IndexPagesFrom(PageFile& file, std::uint32_t root, std::uint32_t owner);
+
+struct BuiltIndex {
+  std::uint32_t root = 0;
+  PageSet pages;
+};
+/// Writes a tree of these entries, which are sorted.
+[[nodiscard]] BuiltIndex BuildIndex(PageFile& file, FreePages& free_pages, const IndexEntries& entries,
+                                    std::uint32_t owner);
+
+/// Adds the place of its row to a key.
+void AppendRowPlace(Bytes& key, RowId row);
+/// The key without the place.
+[[nodiscard]] inline ByteSpan KeyOfEntry(ByteSpan entry) { return entry.first(entry.size() - 4); }
+
+}  // namespace tessarine::jet
