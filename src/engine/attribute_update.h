@@ -39,4 +39,7 @@ inline constexpr std::size_t kFileGdbHold = 4 << 20;
 [[nodiscard]] std::unique_ptr<AttributeUpdate> OpenFileGdbUpdate(const OgrSource& source, OGRLayer& layer,
                                                                  std::size_t held_bytes = kFileGdbHold);
 
+/// Columns of a class of a personal geodatabase, in the edit of the handle.
+[[nodiscard]] std::unique_ptr<AttributeUpdate> OpenPersonalUpdate(OGRLayer& layer);
+
 }  // namespace tessarine::engine

@@ -1,4 +1,4 @@
-// File geodatabases, which can be written, and personal geodatabases, which can only be read.
+// File and personal geodatabases.
 #include <filesystem>
 #include <map>
 #include <set>
@@ -9,6 +9,8 @@
 #include "engine/filegdb_grid.h"
 #include "engine/geodatabase_class.h"
 #include "engine/ogr_class.h"
+#include "engine/personal_geodatabase_classes.h"
+#include "engine/personal_geodatabase_edit.h"
 #include "engine/srs_from_gdal.h"
 #include "engine/staged_class.h"
 #include "engine/workspace_common.h"
@@ -48,6 +50,7 @@ SpatialReferenceRef PromisedReference(const std::string& geodatabase, const std:
 
 // The name of a feature dataset as the geodatabase has it; empty where there is none of this name in any case.
 std::string StoredDatasetName(const std::string& geodatabase, const std::string& name) {
+  if (IsPersonalGeodatabase(geodatabase)) return StoredPersonalDataset(geodatabase, name);
   if (!fs::exists(PlaceOfData(geodatabase))) return "";
   const DatasetHandle dataset = OpenDataset(geodatabase, false);
   const auto root = dataset->GetRootGroup();
@@ -122,6 +125,12 @@ struct PlaceOfClasses {
 // The new class, and the geodatabase where that isn't there yet, appear when the class is published.
 std::shared_ptr<IFeatureClass> CreateInGeodatabase(const PlaceOfClasses& place, const std::string& name,
                                                    const FieldsRef& fields, const std::string& shape_field) {
+  if (IsPersonalGeodatabase(place.path)) {
+    std::string dataset = place.dataset.empty() ? "" : StoredDatasetName(place.path, place.dataset);
+    if (dataset.empty()) dataset = place.dataset;
+    const bool replaced = place.replaced->erase(LowerCase(name)) > 0;
+    return CreateInPersonalGeodatabase({place.path, dataset, replaced}, {name, fields.get(), shape_field});
+  }
   const NewClass request{name, fields.get(), shape_field};
   const GeometryDef& shape = ShapeDefinition(request);
   const bool replaces = place.replaced->erase(LowerCase(name)) > 0;
@@ -147,9 +156,12 @@ class GeodatabaseDataset final : public IFeatureDataset {
   [[nodiscard]] std::string Name() const override { return name_; }
   [[nodiscard]] std::string FullName() const override { return FromNativePath(geodatabase_) + "\\" + name_; }
   [[nodiscard]] std::string BrowseName() const override { return name_; }
-  [[nodiscard]] std::string Category() const override { return "File Geodatabase Feature Dataset"; }
+  [[nodiscard]] std::string Category() const override {
+    return IsPersonalGeodatabase(geodatabase_) ? "Personal Geodatabase Feature Dataset"
+                                               : "File Geodatabase Feature Dataset";
+  }
   [[nodiscard]] std::shared_ptr<IWorkspace> Workspace() const override {
-    return WorkspaceOf("OpenFileGDB", geodatabase_);
+    return WorkspaceOf(IsPersonalGeodatabase(geodatabase_) ? "PGeo" : "OpenFileGDB", geodatabase_);
   }
   [[nodiscard]] std::shared_ptr<IPropertySet> PropertySet() const override { return nullptr; }
   void Delete() override { RaiseEngineFault("The feature dataset '" + name_ + "' can't be deleted from here."); }
@@ -177,7 +189,7 @@ class GeodatabaseDataset final : public IFeatureDataset {
 };
 
 bool HoldsLayer(const std::string& path, const std::string& name) {
-  if (!fs::exists(PlaceOfData(path))) return false;
+  if (!fs::exists(PlaceOfData(path)) && !PersonalEdit::UnderWay(path)) return false;
   const DatasetHandle dataset = OpenDataset(path, false);
   for (int index = 0; index < dataset->GetLayerCount(); ++index) {
     if (EqualsIgnoringCase(dataset->GetLayer(index)->GetName(), name)) return true;
@@ -185,9 +197,9 @@ bool HoldsLayer(const std::string& path, const std::string& name) {
   return false;
 }
 
-class FileGeodatabase final : public IFeatureWorkspace {
+class Geodatabase final : public IFeatureWorkspace {
  public:
-  explicit FileGeodatabase(std::string path) : path_(std::move(path)) {}
+  explicit Geodatabase(std::string path) : path_(std::move(path)) {}
 
   [[nodiscard]] std::string PathName() const override { return FromNativePath(path_); }
   [[nodiscard]] std::shared_ptr<IFeatureClass> OpenFeatureClass(const std::string& name) override {
@@ -215,35 +227,6 @@ class FileGeodatabase final : public IFeatureWorkspace {
   ReplacedNames replaced_ = std::make_shared<std::set<std::string>>();
 };
 
-class PersonalGeodatabase final : public IFeatureWorkspace {
- public:
-  explicit PersonalGeodatabase(std::string path) : path_(std::move(path)) {}
-
-  [[nodiscard]] std::string PathName() const override { return FromNativePath(path_); }
-  [[nodiscard]] std::shared_ptr<IFeatureClass> OpenFeatureClass(const std::string& name) override {
-    return DataSource::Open(path_, false)->OpenFeatureClass(name);
-  }
-  [[nodiscard]] std::shared_ptr<ITable> OpenTable(const std::string& name) override {
-    return DataSource::Open(path_, false)->OpenTable(name);
-  }
-  [[nodiscard]] std::shared_ptr<IFeatureDataset> OpenFeatureDataset(const std::string& name) override {
-    RaiseEngineFault("The feature dataset '" + name + "' of '" + path_ + "' can't be opened: personal geodatabases " +
-                     "can be read but not written here.");
-  }
-  [[nodiscard]] std::shared_ptr<IFeatureClass> CreateFeatureClass(const std::string& name, const FieldsRef&,
-                                                                  const std::shared_ptr<UID>&,
-                                                                  const std::shared_ptr<UID>&, esriFeatureType,
-                                                                  const std::string&, const std::string&) override {
-    RaiseEngineFault("The class '" + name + "' can't be created in '" + path_ +
-                     "': personal geodatabases can be read but not written here. Write a shapefile (NAME.shp) or a "
-                     "class of a file geodatabase (NAME.gdb/CLASS) instead.");
-  }
-
- private:
-  std::string path_;
-};
-
-template <class Workspace>
 class GeodatabaseFactory final : public IWorkspaceFactory {
  public:
   explicit GeodatabaseFactory(const char* ending) : ending_(ending) {}
@@ -252,7 +235,7 @@ class GeodatabaseFactory final : public IWorkspaceFactory {
     const std::string native = ToNativePath(path);
     if (!fs::exists(native) && !IsPromised(native)) RaiseEngineFault("There is no geodatabase '" + native + "'.");
     if (!IsWorkspace(path)) RaiseEngineFault("'" + native + "' is no geodatabase of the kind " + ending_ + ".");
-    return std::make_shared<Workspace>(native);
+    return std::make_shared<Geodatabase>(native);
   }
   [[nodiscard]] bool IsWorkspace(const std::string& path) const override {
     const std::string native = ToNativePath(path);
@@ -298,11 +281,11 @@ engine::NewGeodatabaseClass engine::MakeInGeodatabase(const GeodatabasePlace& pl
 }
 
 std::shared_ptr<IWorkspaceFactory> CreateFileGDBWorkspaceFactory() {
-  return std::make_shared<GeodatabaseFactory<FileGeodatabase>>(".gdb");
+  return std::make_shared<GeodatabaseFactory>(".gdb");
 }
 
 std::shared_ptr<IWorkspaceFactory> CreateAccessWorkspaceFactory() {
-  return std::make_shared<GeodatabaseFactory<PersonalGeodatabase>>(".mdb");
+  return std::make_shared<GeodatabaseFactory>(".mdb");
 }
 
 void PromiseFileGeodatabase(const std::string& native_path) { PromisedGeodatabases().insert(NormalPath(native_path)); }
@@ -315,6 +298,11 @@ void PromiseFeatureDataset(const std::string& native_geodatabase, const std::str
 SpatialReferenceRef FeatureDatasetReference(const std::string& native_geodatabase, const std::string& name) {
   const std::string stored = StoredDatasetName(native_geodatabase, name);
   if (stored.empty()) return nullptr;
+  if (IsPersonalGeodatabase(native_geodatabase)) {
+    const std::string name_of_class = ClassOfPersonalDataset(native_geodatabase, stored);
+    if (name_of_class.empty()) return nullptr;
+    return DataSource::Open(native_geodatabase, false)->OpenFeatureClass(name_of_class)->SpatialReference();
+  }
   const DatasetHandle dataset = OpenDataset(native_geodatabase, false);
   const auto root = dataset->GetRootGroup();
   const GdalErrorScope quiet;
@@ -327,6 +315,7 @@ SpatialReferenceRef FeatureDatasetReference(const std::string& native_geodatabas
 }
 
 void CreateFileGeodatabase(const std::string& native_path) {
+  if (IsPersonalGeodatabase(native_path)) return MakePersonalGeodatabaseAt(native_path);
   if (fs::exists(native_path)) RaiseEngineFault("'" + native_path + "' exists already: name another geodatabase.");
   RequireWritableFolder(fs::absolute(native_path).parent_path().string());
   EditFileGdb(native_path, [&](FileGdbEdit& edit) { MakeGeodatabase(edit.Folder(), native_path); });

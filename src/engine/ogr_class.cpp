@@ -16,6 +16,7 @@
 #include "engine/left_out.h"
 #include "engine/ogr_cursor.h"
 #include "engine/ogr_geometry.h"
+#include "engine/personal_geodatabase_edit.h"
 #include "engine/shapefile_lock.h"
 #include "engine/srs_from_gdal.h"
 #include "engine/workspace_common.h"
@@ -38,10 +39,11 @@ constexpr CategoryRow kCategories[] = {
 };
 
 constexpr const char* kFileGdbDriver = "OpenFileGDB";
+constexpr const char* kPersonalDriver = "PGeo";
 
 // Formats whose rows are reached one by one. Of the others GDAL rewrites the whole file, shapes included, and a new
 // field is lost as long as it holds nothing.
-constexpr std::string_view kChangedInPlace[] = {"ESRI Shapefile", "GPKG",         "OpenFileGDB", "SQLite",
+constexpr std::string_view kChangedInPlace[] = {"ESRI Shapefile", "GPKG",         "OpenFileGDB", "PGeo", "SQLite",
                                                 "PostgreSQL",     "MSSQLSpatial", "MySQL",       "OCI"};
 
 class DatasetProperties final : public IPropertySet {
@@ -56,18 +58,21 @@ class DatasetProperties final : public IPropertySet {
   bool compressed_;
 };
 
-class GeodatabaseEdit final : public IEdit {
+template <class Edit>
+class EditHold final : public IEdit {
  public:
-  explicit GeodatabaseEdit(std::shared_ptr<FileGdbEdit> edit) : edit_(std::move(edit)) {}
-  void Finish() override { FileGdbEdit::End(edit_); }
+  explicit EditHold(std::shared_ptr<Edit> edit) : edit_(std::move(edit)) {}
+  void Finish() override { Edit::End(edit_); }
   void Abandon() override {
     if (edit_) edit_->Abandon();
-    FileGdbEdit::End(edit_);
+    Edit::End(edit_);
   }
 
  private:
-  std::shared_ptr<FileGdbEdit> edit_;
+  std::shared_ptr<Edit> edit_;
 };
+using GeodatabaseEdit = EditHold<FileGdbEdit>;
+using PersonalGeodatabaseEdit = EditHold<PersonalEdit>;
 
 // A compressed file geodatabase keeps .cdf files beside its tables.
 bool HoldsCompressedTables(const std::string& path) {
@@ -224,6 +229,8 @@ void OgrClass::Delete() {
   }
   if (driver_ == kFileGdbDriver) {
     EditFileGdb(source_->Path(), [&](FileGdbEdit&) { DeleteLayer(); });
+  } else if (driver_ == kPersonalDriver) {
+    EditPersonalGeodatabase(source_->Path(), [&](jet::Database&) { DeleteLayer(); });
   } else {
     DeleteLayer();
   }
@@ -295,6 +302,8 @@ std::shared_ptr<IEdit> OgrClass::BeginEdit() {
     ReadTraits();
     return edit;
   }
+  if (driver_ == kPersonalDriver)
+    return std::make_shared<PersonalGeodatabaseEdit>(PersonalEdit::Begin(source_->Path()));
   if (driver_ != kFileGdbDriver) return nullptr;
   return std::make_shared<GeodatabaseEdit>(FileGdbEdit::Begin(source_->Path()));
 }

@@ -150,6 +150,10 @@ Variant DateOf(const OGRFeature& feature, int index, ColumnStore store) {
   return date;
 }
 
+bool IsGeodatabase(ColumnStore store) {
+  return store == ColumnStore::FileGeodatabase || store == ColumnStore::PersonalGeodatabase;
+}
+
 void DefineDate(DateContent content, ColumnStore store, OGRFieldDefn& definition) {
   switch (content) {
     case DateContent::Time:
@@ -157,7 +161,7 @@ void DefineDate(DateContent content, ColumnStore store, OGRFieldDefn& definition
       if (store != ColumnStore::Other) definition.SetWidth(kTimeText);
       return;
     case DateContent::Day:
-      definition.SetType(store == ColumnStore::FileGeodatabase ? OFTDateTime : OFTDate);
+      definition.SetType(IsGeodatabase(store) ? OFTDateTime : OFTDate);
       return;
     case DateContent::DayAndTime:
       // A dBASE table keeps days only.
@@ -170,8 +174,8 @@ void DefineText(int length, ColumnStore store, OGRFieldDefn& definition) {
 }
 
 void DefineWhole64(const Field& field, ColumnStore store, OGRFieldDefn& definition) {
-  // A file geodatabase has no such column: a double keeps all that have up to 15 digits.
-  definition.SetType(store == ColumnStore::FileGeodatabase ? OFTReal : OFTInteger64);
+  // A geodatabase has no such column: a double keeps all that have up to 15 digits.
+  definition.SetType(IsGeodatabase(store) ? OFTReal : OFTInteger64);
   if (store == ColumnStore::Dbase) definition.SetWidth(std::min(field.Precision, kLongestDbaseWhole));
 }
 
@@ -179,6 +183,7 @@ void DefineWhole64(const Field& field, ColumnStore store, OGRFieldDefn& definiti
 
 ColumnStore ColumnStoreOf(std::string_view driver) {
   if (driver == "ESRI Shapefile") return ColumnStore::Dbase;
+  if (driver == "PGeo") return ColumnStore::PersonalGeodatabase;
   return driver == "OpenFileGDB" ? ColumnStore::FileGeodatabase : ColumnStore::Other;
 }
 

@@ -12,7 +12,7 @@
 namespace tessarine::engine {
 
 /// The formats whose columns have ways of their own.
-enum class ColumnStore : std::uint8_t { Dbase, FileGeodatabase, Other };
+enum class ColumnStore : std::uint8_t { Dbase, FileGeodatabase, PersonalGeodatabase, Other };
 [[nodiscard]] ColumnStore ColumnStoreOf(std::string_view driver);
 
 /// The fields of a layer: the identifier first, the shape second where there is one, then the attributes. Names that

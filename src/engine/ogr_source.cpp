@@ -8,6 +8,8 @@
 
 #include "engine/engine_fault.h"
 #include "engine/filegdb_edit.h"
+#include "engine/personal_geodatabase_dataset.h"
+#include "engine/personal_geodatabase_edit.h"
 #include "engine/reading_warnings.h"
 #include "outputs/way_out.h"
 
@@ -76,7 +78,10 @@ DatasetHandle OpenDatasetAt(const std::string& native_path, bool update) {
   RegisterDrivers();
   ReadingScope errors;
   const unsigned flags = GDAL_OF_VECTOR | (update ? GDAL_OF_UPDATE : GDAL_OF_READONLY);
-  DatasetHandle dataset(GDALDataset::Open(native_path.c_str(), flags));
+  const bool personal = IsPersonalGeodatabase(native_path) && fs::is_regular_file(native_path);
+  const bool in_edit = personal || (IsPersonalGeodatabase(native_path) && PersonalEdit::UnderWay(native_path));
+  DatasetHandle dataset = in_edit ? OpenPersonalGeodatabase(native_path, update)
+                                  : DatasetHandle(GDALDataset::Open(native_path.c_str(), flags));
   if (!dataset && !update && HasJournal(native_path)) {
     RollBack(native_path);
     errors.Clear();
@@ -148,6 +153,9 @@ LayerHandle OgrSource::Open(bool update) {
     edit = FileGdbEdit::Begin(path_);
     edit->TableChanges(layer_);
   }
+  // Held by the data set from then on.
+  const bool personal = update && IsPersonalGeodatabase(path_);
+  const std::shared_ptr<PersonalEdit> personal_edit = personal ? PersonalEdit::Begin(path_) : nullptr;
   DatasetHandle dataset = OpenDataset(data_path_, update);
   OGRLayer* layer = dataset->GetLayerByName(layer_.c_str());
   if (layer == nullptr) RaiseEngineFault("'" + path_ + "' has no layer '" + layer_ + "' any more.");

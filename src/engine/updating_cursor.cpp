@@ -16,6 +16,7 @@ std::unique_ptr<AttributeUpdate> OpenUpdate(const OgrClass& owner, const LayerHa
   if (owner.DriverName() == "ESRI Shapefile") return OpenDbaseUpdate(*owner.Source(), handle.Layer());
   if (owner.DriverName() == "GPKG") return OpenGeoPackageUpdate(handle.Dataset(), handle.Layer());
   if (owner.DriverName() == kFileGdbDriver) return OpenFileGdbUpdate(*owner.Source(), handle.Layer());
+  if (owner.DriverName() == "PGeo") return OpenPersonalUpdate(handle.Layer());
   return nullptr;
 }
 

@@ -30,6 +30,8 @@ constexpr std::array kGeodatabasePrefixes = {Words("sde_"), Words("gdb_"), Words
 constexpr NameRule kFileName{200, true, NameRule::Characters::Any, {}, {}};
 constexpr NameRule kDbaseField{10, true, NameRule::Characters::Any, {}, {}};
 constexpr NameRule kGeodatabaseClass{160, false, NameRule::Characters::Word, kGeodatabaseWords, kGeodatabasePrefixes};
+// A table beside the class bears its name and twelve letters more, and 64 is the most.
+constexpr NameRule kPersonalClass{52, false, NameRule::Characters::AsciiWord, kGeodatabaseWords, kGeodatabasePrefixes};
 constexpr NameRule kGeodatabaseField{64, false, NameRule::Characters::Word, kGeodatabaseFieldWords, {}};
 constexpr NameRule kAnyText{1000, true, NameRule::Characters::Any, {}, {}};
 constexpr NameRule kTableField{31, true, NameRule::Characters::Word, {}, {}};
@@ -78,8 +80,10 @@ constexpr std::array kFormats = {
            .driver = "PGeo",
            .kind = 4,
            .container = true,
+           .writable = true,
+           .updated_in_place = true,
            .feature_datasets = true,
-           .class_names = kGeodatabaseClass,
+           .class_names = kPersonalClass,
            .field_names = kGeodatabaseField},
     Format{.name = "GeoPackage",
            .category = "GPKG Feature Class",
@@ -156,6 +160,7 @@ const Format* Find(Test&& test) {
 
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 bool IsLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
+bool IsAscii(char c) { return (static_cast<unsigned char>(c) & 0x80U) == 0; }
 bool BeginsCharacter(char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; }
 // Letters beyond ASCII are letters.
 bool IsWordByte(char c) {
@@ -194,9 +199,10 @@ std::span<const Format> AllFormats() { return kFormats; }
 std::string LegalName(const NameRule& rule, const std::string& name) {
   if (name.empty()) return name;
   std::string legal = name;
-  if (rule.characters == NameRule::Characters::Word) {
+  if (rule.characters != NameRule::Characters::Any) {
+    const bool ascii = rule.characters == NameRule::Characters::AsciiWord;
     std::ranges::replace_if(
-        legal, [](char c) { return !IsWordByte(c); }, '_');
+        legal, [&](char c) { return !IsWordByte(c) || (ascii && !IsAscii(c)); }, '_');
     if (IsDigit(legal.front())) legal.insert(0, 1, '_');
   }
   const std::string lower = LowerCase(legal);

@@ -14,8 +14,9 @@ namespace tessarine {
 /// What a format takes for a name. A name that it doesn't take is changed when the class or field is made.
 struct NameRule {
   enum class Characters {
-    Any,   ///< whatever a file or a text may hold
-    Word,  ///< letters of any language, digits and "_"; no digit first
+    Any,        ///< whatever a file or a text may hold
+    Word,       ///< letters of any language, digits and "_"; no digit first
+    AsciiWord,  ///< A to Z in any case, digits and "_"; no digit first
   };
   std::size_t longest = 0;  ///< in bytes where `bytes`, else in characters
   bool bytes = false;

@@ -203,9 +203,8 @@ INSTANTIATE_TEST_SUITE_P(
         RefusalRow{"onto itself", {"OUT/in/whole.shp", "-o", "OUT/in/whole.shp", "--overwrite"}, {"read by this run"}},
         RefusalRow{"no ending", {"DATA/countries.shp", "-o", "OUT/x.abc"}, {"x.abc", "NAME.shp"}},
         RefusalRow{"geodatabase alone", {"DATA/countries.shp", "-o", "OUT/x.gdb"}, {"names no feature class"}},
-        RefusalRow{"personal geodatabase",
-                   {"DATA/countries.shp", "-o", "OUT/x.mdb/y"},
-                   {"can be read but not written", "NAME.shp", "NAME.gdb/CLASS"}},
+        RefusalRow{
+            "personal geodatabase alone", {"DATA/countries.shp", "-o", "OUT/x.mdb"}, {"names no feature class"}},
         RefusalRow{"broken condition", {"DATA/countries.shp", "-w", "name = = 1", "-o", "OUT/x.shp"}, {"name = = 1"}},
         RefusalRow{"empty selection", {"DATA/countries.shp", "-w", "name = ''", "-o", "OUT/x.shp"}, {"No record"}},
         RefusalRow{

@@ -299,7 +299,7 @@ TEST(Workspaces, AFeatureDatasetOfAFileGeodatabase) {
   EXPECT_EQ(group->GetVectorLayerNames(), std::vector<std::string>{"lakes"});
 }
 
-TEST(Workspaces, APersonalGeodatabaseIsNeverWritten) {
+TEST(Workspaces, APersonalGeodatabaseThatIsntUnderstoodStaysAsItIs) {
   const TemporaryFolder folder;
   std::ofstream(folder.Native("old.mdb")) << "Standard Jet DB";
   const auto factory = CreateAccessWorkspaceFactory();
@@ -311,7 +311,7 @@ TEST(Workspaces, APersonalGeodatabaseIsNeverWritten) {
   const std::string text =
       FaultTextOf([&] { (void)CreateIn(*workspace, "lakes", NewFields(esriGeometryPoint, 4326)); });
   EXPECT_NE(text.find("old.mdb"), std::string::npos);
-  EXPECT_NE(text.find(".gdb/"), std::string::npos) << "tells what to write instead: " << text;
+  EXPECT_NE(text.find("too short"), std::string::npos) << text;
   EXPECT_EQ(std::filesystem::file_size(folder.Native("old.mdb")), 15U);
 }
 

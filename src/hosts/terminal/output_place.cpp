@@ -129,11 +129,6 @@ bool OutputExists(const OutputPlace& place) {
 
 PreparedPlace::PreparedPlace(const OutputPlace& place, const SpatialReferenceRef& reference, TerminalSystem& system)
     : place_(place) {
-  if (place.InContainer() && !place.format->writable && !fs::exists(place.container)) {
-    throw Refusal("The output '" + place.NativePath() +
-                  "' can't be made: personal geodatabases can be read but not written here. Write a shapefile "
-                  "(NAME.shp) or a class of a file geodatabase (NAME.gdb/CLASS).");
-  }
   if (!place.InContainer() || !place.format->writable) return;
   if (!place.dataset.empty()) PromiseFeatureDataset(place.container, place.dataset, reference);
   if (fs::exists(place.container)) return;

@@ -313,7 +313,8 @@ void BrowseDialog::MakeGeodatabase() {
   const QString name = QInputDialog::getText(this, QStringLiteral("New Geodatabase"), QStringLiteral("Name:"));
   if (name.trimmed().isEmpty()) return;
   std::string file = FromQt(name.trimmed());
-  if (!EndsWithIgnoringCase(file, ".gdb")) file += ".gdb";
+  const bool named = EndsWithIgnoringCase(file, ".gdb") || EndsWithIgnoringCase(file, ".mdb");
+  if (!named) file += ".gdb";
   const fs::path path = fs::path(location_.path) / file;
   try {
     CreateFileGeodatabase(path.string());

@@ -86,7 +86,21 @@ void ListLayers(GDALDataset& data, const CatalogItem& geodatabase, const std::ve
   }
 }
 
+// All classes stand at the root.
+void ListPersonalGeodatabase(const CatalogItem& container, GxFilter filter, std::vector<CatalogItem>& items) {
+  try {
+    for (const LayerInfo& info : DataSource::Open(container.path, false)->Infos()) {
+      const bool table = info.shape_type == esriGeometryNull;
+      if (filter != (table ? GxFilter::Tables : GxFilter::FeatureClasses)) continue;
+      items.push_back({table ? CatalogKind::Table : CatalogKind::FeatureClass, container.path, "", info.name});
+    }
+  } catch (const Fault&) {
+    // What can't be read has nothing to choose from.
+  }
+}
+
 void ListGeodatabase(const CatalogItem& container, GxFilter filter, std::vector<CatalogItem>& items) {
+  if (IsIn(container.path, ".mdb")) return ListPersonalGeodatabase(container, filter, items);
   GDALAllRegister();
   CPLPushErrorHandler(CPLQuietErrorHandler);
   const GDALDatasetUniquePtr data(GDALDataset::Open(container.path.c_str(), GDAL_OF_VECTOR | GDAL_OF_READONLY));

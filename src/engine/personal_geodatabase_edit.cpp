@@ -1,0 +1,156 @@
+#include "engine/personal_geodatabase_edit.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <map>
+
+#include "engine/engine_fault.h"
+#include "engine/ogr_source.h"
+#include "engine/personal_geodatabase_create.h"
+#include "engine/personal_geodatabase_values.h"
+#include "jet/check.h"
+#include "outputs/way_out.h"
+#include "platform/text_formats.h"
+
+namespace tessarine::engine {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::size_t kFindingsTold = 3;
+
+std::map<std::string, std::weak_ptr<PersonalEdit>>& AllEdits() {
+  static std::map<std::string, std::weak_ptr<PersonalEdit>> edits;
+  return edits;
+}
+
+std::string KeyOf(const std::string& native_path) {
+  std::error_code error;
+  const fs::path canonical = fs::weakly_canonical(fs::absolute(native_path), error);
+  return (error ? fs::absolute(native_path) : canonical).lexically_normal().string();
+}
+
+// Another program at work leaves this file beside the database.
+void RequireUnlocked(const std::string& path) {
+  std::error_code error;
+  for (const char* ending : {".ldb", ".LDB", ".laccdb"}) {
+    const fs::path lock = fs::path(path).replace_extension(ending);
+    if (!fs::exists(lock, error)) continue;
+    RaiseEngineFault("'" + path + "' can't be written to: another program has it open ('" + lock.string() +
+                     "'). Close it there; where no program has it open, delete that file.");
+  }
+}
+
+[[noreturn]] void RaiseNotWritten(const std::string& path, const jet::Error& error) {
+  RaiseEngineFault("'" + path + "' can't be written to: " + error.what() + WayOut(path, error.what()));
+}
+
+std::vector<std::string> FindingsOf(const std::string& path) {
+  jet::Database database(path, jet::Database::Mode::Read);
+  return jet::CheckDatabase(database).findings;
+}
+
+}  // namespace
+
+bool IsPersonalGeodatabase(const std::string& native_path) {
+  return EndsWithIgnoringCase(native_path, ".mdb") && !native_path.starts_with("/vsi");
+}
+
+std::shared_ptr<PersonalEdit> PersonalEdit::UnderWay(const std::string& native_path) {
+  if (AllEdits().empty()) return nullptr;
+  const auto found = AllEdits().find(KeyOf(native_path));
+  return found == AllEdits().end() ? nullptr : found->second.lock();
+}
+
+std::shared_ptr<PersonalEdit> PersonalEdit::Begin(const std::string& native_path) {
+  if (auto edit = UnderWay(native_path)) return edit;
+  std::error_code error;
+  if (fs::exists(native_path, error) && access(native_path.c_str(), W_OK) != 0) {
+    RaiseEngineFault("'" + native_path + "' can't be written to: check its permissions.");
+  }
+  RequireUnlocked(native_path);
+  std::shared_ptr<PersonalEdit> edit(new PersonalEdit(KeyOf(native_path)));
+  AllEdits()[edit->path_] = edit;
+  FileChanged(edit->path_);
+  return edit;
+}
+
+PersonalEdit::PersonalEdit(const std::string& key)
+    : path_(key), is_new_(!fs::exists(key)), staged_(key, StagedOutput::Begin::Copy) {
+  try {
+    if (!is_new_) {
+      database_ = std::make_shared<jet::Database>(staged_.Path().string(), jet::Database::Mode::Write);
+      return;
+    }
+    database_ = jet::Database::Create(staged_.Path().string(), PersonalDateNow());
+    MakePersonalGeodatabase(*database_);
+  } catch (const jet::Error& error) {
+    RaiseNotWritten(path_, error);
+  }
+}
+
+PersonalEdit::~PersonalEdit() {
+  try {
+    Publish();
+  } catch (const Fault& fault) {
+    // Who calls End is told by the fault; here GDAL's handler is the only listener.
+    CPLError(CE_Failure, CPLE_AppDefined, "%s", fault.what());
+  }
+}
+
+void PersonalEdit::End(std::shared_ptr<PersonalEdit>& edit) {
+  const std::shared_ptr<PersonalEdit> last = std::move(edit);
+  edit.reset();
+  if (last && last.use_count() == 1) last->Publish();
+}
+
+void PersonalEdit::CheckCopy() const {
+  std::vector<std::string> found = FindingsOf(staged_.Path().string());
+  if (!found.empty() && !is_new_) {
+    const std::vector<std::string> before = FindingsOf(path_);
+    std::erase_if(found, [&](const std::string& text) { return std::ranges::find(before, text) != before.end(); });
+  }
+  if (found.empty()) return;
+  std::string text;
+  for (std::size_t index = 0; index < found.size() && index < kFindingsTold; ++index) {
+    text += (index == 0 ? "" : "; ") + found[index];
+  }
+  RaiseEngineFault("The changes of '" + path_ + "' were given up, because they would have damaged it: " + text +
+                   ". It is as it was before. Work on a copy of the class, or on another format.");
+}
+
+void PersonalEdit::Publish() {
+  if (done_) return;
+  done_ = true;
+  AllEdits().erase(path_);
+  FileChanged(path_);
+  if (abandoned_ || !database_) return;
+  try {
+    database_->Commit();
+    database_.reset();
+    CheckCopy();
+  } catch (const jet::Error& error) {
+    RaiseNotWritten(path_, error);
+  }
+  RequireUnlocked(path_);
+  staged_.Publish();
+}
+
+void EditPersonalGeodatabase(const std::string& native_path, const std::function<void(jet::Database&)>& work) {
+  std::shared_ptr<PersonalEdit> edit = PersonalEdit::Begin(native_path);
+  try {
+    work(*edit->Database());
+  } catch (const jet::Error& error) {
+    // As a part of another edit it is for that to go on or not.
+    if (edit.use_count() == 1) edit->Abandon();
+    RaiseNotWritten(native_path, error);
+  } catch (...) {
+    if (edit.use_count() == 1) edit->Abandon();
+    throw;
+  }
+  PersonalEdit::End(edit);
+}
+
+}  // namespace tessarine::engine

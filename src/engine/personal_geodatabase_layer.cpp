@@ -1,0 +1,358 @@
+#include "engine/personal_geodatabase_layer.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+#include <limits>
+
+#include "engine/personal_geodatabase_create.h"
+#include "engine/personal_geodatabase_values.h"
+
+namespace tessarine::engine {
+namespace {
+
+// Runs something that may raise the errors of the file format, and tells GDAL of them.
+template <class Work>
+bool Try(Work&& work) {
+  try {
+    work();
+    return true;
+  } catch (const jet::Error& error) {
+    CPLError(CE_Failure, CPLE_AppDefined, "%s", error.what());
+  } catch (const std::exception& error) {
+    CPLError(CE_Failure, CPLE_AppDefined, "the file is damaged (%s)", error.what());
+  }
+  return false;
+}
+
+std::int32_t Cell(double coordinate, double origin, double size) {
+  const double cell = std::floor((coordinate - origin) / size);
+  return static_cast<std::int32_t>(std::clamp(cell, -2147483648.0, 2147483647.0));
+}
+
+}  // namespace
+
+PersonalLayer::PersonalLayer(std::shared_ptr<jet::Database> database, PersonalClass description, Access access,
+                             bool can_write)
+    : database_(std::move(database)),
+      description_(std::move(description)),
+      table_(database_->Open(description_.name)),
+      access_(access),
+      can_write_(can_write) {
+  definition_ = new OGRFeatureDefn(description_.name.c_str());
+  definition_->Reference();
+  definition_->SetGeomType(description_.OgrType());
+  SetDescription(description_.name.c_str());
+  DefineFields();
+  if (!shape_column_) return;
+  definition_->GetGeomFieldDefn(0)->SetName(description_.shape_column.c_str());
+  const std::string text = PersonalReferenceText(*database_, description_.reference);
+  if (text.empty()) return;
+  auto* reference = new OGRSpatialReference();
+  reference->SetAxisMappingStrategy(OAMS_TRADITIONAL_GIS_ORDER);
+  CPLPushErrorHandler(CPLQuietErrorHandler);
+  const bool known = reference->importFromWkt(text.c_str()) == OGRERR_NONE;
+  CPLPopErrorHandler();
+  if (known) {
+    reference->AutoIdentifyEPSG();
+    definition_->GetGeomFieldDefn(0)->SetSpatialRef(reference);
+  }
+  reference->Release();
+}
+
+PersonalLayer::~PersonalLayer() { definition_->Release(); }
+
+void PersonalLayer::DefineFields() {
+  const std::vector<jet::Column>& columns = table_.Definition().columns;
+  // Columns stand in a definition as the file pleases; their order is that of the user.
+  std::vector<std::size_t> order(columns.size());
+  for (std::size_t index = 0; index < order.size(); ++index) order[index] = index;
+  std::ranges::stable_sort(order, {}, [&](std::size_t index) { return columns[index].order; });
+  for (const std::size_t index : order) {
+    const jet::Column& column = columns[index];
+    const bool is_fid = column.numbered && column.type == jet::ColumnType::Long && !fid_column_;
+    if (is_fid) {
+      fid_column_ = index;
+      fid_name_ = column.name;
+    } else if (!description_.shape_column.empty() && jet::SameName(column.name, description_.shape_column)) {
+      shape_column_ = index;
+    } else {
+      const std::unique_ptr<OGRFieldDefn> field = FieldOfColumn(column);
+      definition_->AddFieldDefn(field.get());
+      columns_.push_back(index);
+    }
+  }
+}
+
+void PersonalLayer::ResetReading() {
+  scan_.reset();
+  rows_read_ = 0;
+  walking_ = false;
+  failed_ = false;
+}
+
+GIntBig PersonalLayer::FidOf(const jet::RowValues& values, GIntBig row) const {
+  if (!fid_column_) return row;
+  const auto* number = std::get_if<std::int32_t>(&values[*fid_column_]);
+  return number == nullptr ? OGRNullFID : *number;
+}
+
+std::unique_ptr<OGRFeature> PersonalLayer::FeatureOf(GIntBig fid, jet::RowValues values) const {
+  auto feature = std::make_unique<OGRFeature>(definition_);
+  feature->SetFID(fid);
+  for (std::size_t index = 0; index < columns_.size(); ++index) {
+    const int attribute = static_cast<int>(index);
+    if (definition_->GetFieldDefn(attribute)->IsIgnored() != 0) continue;
+    PutColumnValue(table_, columns_[index], values[columns_[index]], *feature, attribute);
+  }
+  const bool wants_shape = shape_column_ && definition_->IsGeometryIgnored() == 0;
+  if (!wants_shape || jet::IsNull(values[*shape_column_])) return feature;
+  std::unique_ptr<OGRGeometry> shape;
+  if (!Try([&] { shape = ShapeFromBytes(table_.ReadLong(values[*shape_column_])); })) return feature;
+  if (shape) {
+    // As the class says, whatever the number of parts.
+    if (description_.shape_type == 3) shape.reset(OGRGeometryFactory::forceToMultiLineString(shape.release()));
+    if (description_.shape_type == 4) shape.reset(OGRGeometryFactory::forceToMultiPolygon(shape.release()));
+    shape->assignSpatialReference(definition_->GetGeomFieldDefn(0)->GetSpatialRef());
+    feature->SetGeometryDirectly(shape.release());
+  }
+  return feature;
+}
+
+std::unique_ptr<OGRFeature> PersonalLayer::NextRow() {
+  if (access_ == Access::Write) {
+    if (!walking_) {
+      walking_ = true;
+      next_in_walk_ = 0;
+      walk_.clear();
+      std::vector<std::pair<jet::RowId, std::int32_t>> rows;
+      for (const auto& [fid, place] : Places()) rows.emplace_back(place, fid);
+      std::ranges::sort(rows);
+      for (const auto& [place, fid] : rows) walk_.push_back(fid);
+    }
+    while (next_in_walk_ < walk_.size()) {
+      const std::int32_t fid = walk_[next_in_walk_++];
+      const auto found = Places().find(fid);
+      if (found != Places().end()) return FeatureOf(fid, table_.Read(found->second));
+    }
+    return nullptr;
+  }
+  if (!scan_) scan_.emplace(table_);
+  if (!scan_->Next()) return nullptr;
+  jet::RowValues values = scan_->Values();
+  const GIntBig fid = FidOf(values, ++rows_read_);
+  return FeatureOf(fid, std::move(values));
+}
+
+OGRFeature* PersonalLayer::GetNextFeature() {
+  std::unique_ptr<OGRFeature> feature;
+  const auto next = [&] {
+    do {
+      feature = NextRow();
+    } while (feature && !((m_poFilterGeom == nullptr || FilterGeometry(feature->GetGeometryRef()) != 0) &&
+                          (m_poAttrQuery == nullptr || m_poAttrQuery->Evaluate(feature.get()) != 0)));
+  };
+  if (failed_) return nullptr;
+  failed_ = !Try(next);
+  return failed_ ? nullptr : feature.release();
+}
+
+std::map<std::int32_t, jet::RowId>& PersonalLayer::Places() {
+  if (places_) return *places_;
+  std::map<std::int32_t, jet::RowId> places;
+  GIntBig row = 0;
+  for (jet::Table::Scan scan(table_); scan.Next();) {
+    ++row;
+    const jet::Value value =
+        fid_column_ ? jet::UnpackValue(table_.Definition(), scan.Bytes(), *fid_column_) : jet::Value();
+    const auto* fid = std::get_if<std::int32_t>(&value);
+    if (fid != nullptr || !fid_column_) places[fid != nullptr ? *fid : static_cast<std::int32_t>(row)] = scan.Id();
+  }
+  return places_.emplace(std::move(places));
+}
+
+jet::RowId PersonalLayer::PlaceOf(GIntBig fid) {
+  const auto found =
+      fid < INT32_MIN || fid > INT32_MAX ? Places().end() : Places().find(static_cast<std::int32_t>(fid));
+  if (found == Places().end()) throw jet::Error("there is no row " + std::to_string(fid));
+  return found->second;
+}
+
+OGRFeature* PersonalLayer::GetFeature(GIntBig fid) {
+  std::unique_ptr<OGRFeature> feature;
+  const bool read = Try([&] { feature = FeatureOf(fid, table_.Read(PlaceOf(fid))); });
+  return read ? feature.release() : nullptr;
+}
+
+GIntBig PersonalLayer::GetFeatureCount(int force) {
+  const bool filtered = m_poFilterGeom != nullptr || m_poAttrQuery != nullptr;
+  return filtered ? OGRLayer::GetFeatureCount(force) : GIntBig{table_.RowCount()};
+}
+
+OGRErr PersonalLayer::GetExtent(OGREnvelope* extent, int force) {
+  if (description_.extent.IsInit() == 0 || !settled_) return OGRLayer::GetExtent(extent, force);
+  *extent = description_.extent;
+  return OGRERR_NONE;
+}
+
+int PersonalLayer::TestCapability(const char* capability) {
+  const auto is = [&](const char* name) { return EQUAL(capability, name); };
+  if (is(OLCRandomRead) || is(OLCStringsAsUTF8) || is(OLCIgnoreFields)) return 1;
+  if (is(OLCFastFeatureCount)) return m_poFilterGeom == nullptr && m_poAttrQuery == nullptr ? 1 : 0;
+  if (is(OLCFastGetExtent)) return description_.extent.IsInit();
+  if (is(OLCMeasuredGeometries) || is(OLCZGeometries)) return 1;
+  const bool writes = is(OLCRandomWrite) || is(OLCSequentialWrite) || is(OLCDeleteFeature) || is(OLCCreateField);
+  return writes && can_write_ && fid_column_ ? 1 : 0;
+}
+
+void PersonalLayer::RequireWritable() const {
+  if (access_ != Access::Write) throw jet::Error("'" + description_.name + "' is written to outside of an edit");
+  if (!fid_column_) throw jet::Error("'" + description_.name + "' has no column that numbers its rows");
+}
+
+OGRErr PersonalLayer::CreateField(OGRFieldDefn* field, int) {
+  const bool made = Try([&] {
+    RequireWritable();
+    database_->AddColumn(description_.name, ColumnOfField(*field, table_.Definition()));
+    definition_->AddFieldDefn(field);
+    columns_.push_back(table_.Definition().columns.size() - 1);
+    TellNewField(*database_, description_.name, field->GetNameRef());
+  });
+  return made ? OGRERR_NONE : OGRERR_FAILURE;
+}
+
+jet::Value PersonalLayer::ValueOf(const OGRFeature& feature, int attribute) const {
+  return ColumnValueOf(feature, attribute, table_.Definition().columns[columns_[static_cast<std::size_t>(attribute)]]);
+}
+
+// The shape, the columns that tell its length and area, and its row in the grid.
+void PersonalLayer::AddShape(const OGRFeature& feature, std::int32_t fid, jet::ValueChanges& changes) {
+  if (!shape_column_) return;
+  const OGRGeometry* shape = feature.GetGeometryRef();
+  const bool some = shape != nullptr && shape->IsEmpty() == 0;
+  jet::Value bytes;
+  OGREnvelope box;
+  if (some) {
+    bytes = BytesOfShape(*shape, description_.layout);
+    shape->getEnvelope(&box);
+    if (!std::isfinite(box.MinX + box.MaxX + box.MinY + box.MaxY)) {
+      throw jet::Error("a shape has coordinates that are no numbers");
+    }
+    description_.extent.Merge(box);
+  }
+  changes.emplace_back(*shape_column_, std::move(bytes));
+  const auto measure = [&](const char* ending, double value) {
+    const jet::Column* column = table_.Definition().FindColumn(description_.shape_column + ending);
+    if (column == nullptr || column->type != jet::ColumnType::Double) return;
+    const auto place = static_cast<std::size_t>(column - table_.Definition().columns.data());
+    std::erase_if(changes, [&](const auto& change) { return change.first == place; });
+    changes.emplace_back(place, some ? jet::Value(value) : jet::Value());
+  };
+  measure("_Length", some ? LengthOfShape(*shape) : 0.0);
+  measure("_Area", some ? AreaOfShape(*shape) : 0.0);
+  MoveInIndex(fid, some ? &box : nullptr);
+}
+
+void PersonalLayer::MoveInIndex(std::int32_t fid, const OGREnvelope* box) {
+  settled_ = false;
+  if (!database_->Has(description_.IndexTable()) || !(description_.grid.cell > 0.0)) return;
+  jet::Table& index = database_->Open(description_.IndexTable());
+  const std::size_t id = index.ColumnPlace("IndexedObjectId");
+  if (!index_places_) {
+    index_places_.emplace();
+    for (jet::Table::Scan scan(index); scan.Next();) {
+      const jet::Value value = jet::UnpackValue(index.Definition(), scan.Bytes(), id);
+      if (const auto* number = std::get_if<std::int32_t>(&value)) (*index_places_)[*number] = scan.Id();
+    }
+  }
+  const auto found = index_places_->find(fid);
+  if (box == nullptr) {
+    if (found == index_places_->end()) return;
+    index.Delete(found->second);
+    index_places_->erase(found);
+    return;
+  }
+  const PersonalIndexGrid& grid = description_.grid;
+  const jet::ValueChanges cells = {{id, fid},
+                                   {index.ColumnPlace("MinGX"), Cell(box->MinX, grid.x_origin, grid.cell)},
+                                   {index.ColumnPlace("MinGY"), Cell(box->MinY, grid.y_origin, grid.cell)},
+                                   {index.ColumnPlace("MaxGX"), Cell(box->MaxX, grid.x_origin, grid.cell)},
+                                   {index.ColumnPlace("MaxGY"), Cell(box->MaxY, grid.y_origin, grid.cell)}};
+  if (found != index_places_->end()) {
+    found->second = index.Update(found->second, cells);
+    return;
+  }
+  jet::RowValues values(index.Definition().columns.size());
+  for (const auto& [column, value] : cells) values[column] = value;
+  (*index_places_)[fid] = index.Insert(std::move(values));
+}
+
+OGRErr PersonalLayer::ICreateFeature(OGRFeature* feature) {
+  const bool made = Try([&] {
+    RequireWritable();
+    const std::int32_t fid =
+        feature->GetFID() == OGRNullFID ? table_.NextNumber() : static_cast<std::int32_t>(feature->GetFID());
+    if (feature->GetFID() != OGRNullFID && (feature->GetFID() != fid || Places().contains(fid))) {
+      throw jet::Error("a row can't have the number " + std::to_string(feature->GetFID()));
+    }
+    jet::ValueChanges changes;
+    for (int index = 0; index < definition_->GetFieldCount(); ++index) {
+      changes.emplace_back(columns_[static_cast<std::size_t>(index)], ValueOf(*feature, index));
+    }
+    jet::RowValues values(table_.Definition().columns.size());
+    values[*fid_column_] = fid;
+    AddShape(*feature, fid, changes);
+    for (auto& [column, value] : changes) values[column] = std::move(value);
+    const jet::RowId place = table_.Insert(std::move(values));
+    if (places_) (*places_)[fid] = place;
+    feature->SetFID(fid);
+  });
+  return made ? OGRERR_NONE : OGRERR_FAILURE;
+}
+
+void PersonalLayer::WriteAttributes(const OGRFeature& feature, std::span<const int> attributes) {
+  RequireWritable();
+  jet::ValueChanges changes;
+  for (const int attribute : attributes) {
+    changes.emplace_back(columns_.at(static_cast<std::size_t>(attribute)), ValueOf(feature, attribute));
+  }
+  const jet::RowId place = table_.Update(PlaceOf(feature.GetFID()), changes);
+  Places()[static_cast<std::int32_t>(feature.GetFID())] = place;
+}
+
+OGRErr PersonalLayer::ISetFeature(OGRFeature* feature) {
+  const bool written = Try([&] {
+    RequireWritable();
+    const jet::RowId place = PlaceOf(feature->GetFID());
+    const auto fid = static_cast<std::int32_t>(feature->GetFID());
+    const std::unique_ptr<OGRFeature> before = FeatureOf(fid, table_.Read(place));
+    jet::ValueChanges changes;
+    for (int index = 0; index < definition_->GetFieldCount(); ++index) {
+      const jet::Value value = ValueOf(*feature, index);
+      // What wasn't changed stays as it is stored, byte for byte.
+      if (value != ValueOf(*before, index)) changes.emplace_back(columns_[static_cast<std::size_t>(index)], value);
+    }
+    const OGRGeometry *shape = feature->GetGeometryRef(), *old = before->GetGeometryRef();
+    const bool same = shape == nullptr || old == nullptr ? shape == old : shape->Equals(old) != 0;
+    if (!same) AddShape(*feature, fid, changes);
+    if (!changes.empty()) Places()[fid] = table_.Update(place, changes);
+  });
+  return written ? OGRERR_NONE : OGRERR_FAILURE;
+}
+
+void PersonalLayer::Settle() {
+  if (!settled_ && shape_column_) TellExtent(*database_, description_);
+  settled_ = true;
+}
+
+OGRErr PersonalLayer::DeleteFeature(GIntBig fid) {
+  const bool deleted = Try([&] {
+    RequireWritable();
+    table_.Delete(PlaceOf(fid));
+    Places().erase(static_cast<std::int32_t>(fid));
+    if (shape_column_) MoveInIndex(static_cast<std::int32_t>(fid), nullptr);
+  });
+  return deleted ? OGRERR_NONE : OGRERR_FAILURE;
+}
+
+}  // namespace tessarine::engine

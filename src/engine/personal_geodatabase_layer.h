@@ -1,0 +1,77 @@
+// A class or table of a personal geodatabase as a layer of GDAL's.
+#pragma once
+
+#include <ogrsf_frmts.h>
+
+#include <map>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "engine/personal_geodatabase_catalog.h"
+#include "jet/database.h"
+
+namespace tessarine::engine {
+
+class PersonalLayer final : public OGRLayer {
+ public:
+  enum class Access { Read, Write };
+  PersonalLayer(std::shared_ptr<jet::Database> database, PersonalClass description, Access access, bool can_write);
+  ~PersonalLayer() override;
+
+  OGRFeatureDefn* GetLayerDefn() override { return definition_; }
+  const char* GetFIDColumn() override { return fid_name_.c_str(); }
+  const char* GetGeometryColumn() override { return description_.shape_column.c_str(); }
+  void ResetReading() override;
+  OGRFeature* GetNextFeature() override;
+  OGRFeature* GetFeature(GIntBig fid) override;
+  GIntBig GetFeatureCount(int force) override;
+  OGRErr GetExtent(OGREnvelope* extent, int force) override;
+  OGRErr GetExtent(int geometry, OGREnvelope* extent, int force) override {
+    return OGRLayer::GetExtent(geometry, extent, force);
+  }
+  int TestCapability(const char* capability) override;
+
+  OGRErr CreateField(OGRFieldDefn* field, int approximate) override;
+  OGRErr ICreateFeature(OGRFeature* feature) override;
+  OGRErr ISetFeature(OGRFeature* feature) override;
+  OGRErr DeleteFeature(GIntBig fid) override;
+
+  /// Writes these attributes of a row, and nothing else of it. A `jet::Error` where that fails.
+  void WriteAttributes(const OGRFeature& feature, std::span<const int> attributes);
+  [[nodiscard]] const PersonalClass& Description() const { return description_; }
+  /// Writes what the geodatabase's own tables tell of the class anew. A `jet::Error` where that fails.
+  void Settle();
+
+ private:
+  void DefineFields();
+  [[nodiscard]] std::unique_ptr<OGRFeature> FeatureOf(GIntBig fid, jet::RowValues values) const;
+  [[nodiscard]] std::unique_ptr<OGRFeature> NextRow();
+  [[nodiscard]] GIntBig FidOf(const jet::RowValues& values, GIntBig row) const;
+  [[nodiscard]] std::map<std::int32_t, jet::RowId>& Places();
+  [[nodiscard]] jet::RowId PlaceOf(GIntBig fid);
+  [[nodiscard]] jet::Value ValueOf(const OGRFeature& feature, int attribute) const;
+  void AddShape(const OGRFeature& feature, std::int32_t fid, jet::ValueChanges& changes);
+  void MoveInIndex(std::int32_t fid, const OGREnvelope* box);
+  void RequireWritable() const;
+
+  std::shared_ptr<jet::Database> database_;
+  PersonalClass description_;
+  jet::Table& table_;
+  Access access_;
+  bool can_write_;
+  OGRFeatureDefn* definition_ = nullptr;
+  std::string fid_name_;
+  std::optional<std::size_t> fid_column_, shape_column_;
+  std::vector<std::size_t> columns_;  // of the attributes
+  std::optional<jet::Table::Scan> scan_;
+  GIntBig rows_read_ = 0;
+  std::optional<std::map<std::int32_t, jet::RowId>> places_, index_places_;
+  std::vector<std::int32_t> walk_;  // the rows still to be read while others are written
+  std::size_t next_in_walk_ = 0;
+  bool walking_ = false, failed_ = false, settled_ = true;
+};
+
+}  // namespace tessarine::engine

@@ -1,0 +1,32 @@
+// Values of columns of personal geodatabases as GDAL has them.
+#pragma once
+
+#include <ogrsf_frmts.h>
+
+#include <memory>
+
+#include "jet/database.h"
+
+namespace tessarine::engine {
+
+[[nodiscard]] std::unique_ptr<OGRFieldDefn> FieldOfColumn(const jet::Column& column);
+/// The column for a new field behind those of the table. A text longer than 255 characters becomes a memo, and so does
+/// one that could make the rows too long for a page. A `jet::Error` for lists.
+[[nodiscard]] jet::ColumnSpec ColumnOfField(const OGRFieldDefn& field, const jet::TableDefinition& table);
+
+/// Null where the column is.
+void PutColumnValue(const jet::Table& table, std::size_t column, const jet::Value& value, OGRFeature& feature,
+                    int attribute);
+/// A `jet::Error` that names the field where the value doesn't fit the column.
+[[nodiscard]] jet::Value ColumnValueOf(const OGRFeature& feature, int attribute, const jet::Column& column);
+
+/// Days since 30 December 1899; the part of a day counts away from zero.
+[[nodiscard]] double PersonalDate(int year, int month, int day, double seconds);
+/// The same for now, in UTC.
+[[nodiscard]] double PersonalDateNow();
+
+/// In the plane of the coordinates: the length of lines and rings, and the area; 0 for other shapes.
+[[nodiscard]] double LengthOfShape(const OGRGeometry& shape);
+[[nodiscard]] double AreaOfShape(const OGRGeometry& shape);
+
+}  // namespace tessarine::engine

@@ -1,0 +1,34 @@
+// Descriptions of classes and feature datasets in XML, as GDB_Items keeps them.
+#pragma once
+
+#include <ogr_spatialref.h>
+
+#include <string>
+
+#include "engine/personal_geodatabase_catalog.h"
+
+namespace tessarine::engine {
+
+/// A reference with the grid and the tolerance of its coordinates.
+struct PersonalReference {
+  std::string text;  ///< well-known text
+  std::string kind;  ///< of the XML: "GeographicCoordinateSystem" and so on
+  int number = 0;    ///< EPSG, 0 where there is none
+  double x_origin = 0.0, y_origin = 0.0, xy_scale = 1.0, xy_tolerance = 0.0;
+};
+
+struct ItemPlace {
+  std::string path;  ///< "\Dataset\Class"
+  std::string name;
+  std::int32_t number = 0;  ///< its row in GDB_Items
+};
+
+[[nodiscard]] std::string WorkspaceXml();
+[[nodiscard]] std::string DatasetXml(const ItemPlace& place, const PersonalReference& reference);
+/// A class with its identifier and shape; `AddFieldXml` adds the others.
+[[nodiscard]] std::string ClassXml(const ItemPlace& place, const PersonalClass& description,
+                                   const std::string& identifier_column, const PersonalReference& reference);
+/// The description with one more field behind the others; as it was where it has no list of fields.
+[[nodiscard]] std::string AddFieldXml(std::string xml, const jet::Column& column);
+
+}  // namespace tessarine::engine
