@@ -5,6 +5,7 @@
 
 #include "engine/engine_fault.h"
 #include "engine/layer_copy.h"
+#include "engine/personal_geodatabase_dataset.h"
 #include "outputs/way_out.h"
 #include "platform/text_formats.h"
 
@@ -70,6 +71,7 @@ namespace engine {
 
 GDALDriver& DriverOf(const Format& format) {
   RegisterDrivers();
+  if (format.driver == "PGeo") return PersonalDriver();
   GDALDriver* driver = GetGDALDriverManager()->GetDriverByName(std::string(format.driver).c_str());
   if (driver == nullptr) {
     Raise(kInvalidCall, "This machine's GDAL doesn't write " + std::string(format.name) + ": name another format.");

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "engine/filegdb_edit.h"
+#include "platform/geometry_types.h"
 #include "platform/spatial_reference.h"
 
 namespace tessarine::engine {

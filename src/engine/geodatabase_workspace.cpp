@@ -125,23 +125,24 @@ struct PlaceOfClasses {
 // The new class, and the geodatabase where that isn't there yet, appear when the class is published.
 std::shared_ptr<IFeatureClass> CreateInGeodatabase(const PlaceOfClasses& place, const std::string& name,
                                                    const FieldsRef& fields, const std::string& shape_field) {
-  if (IsPersonalGeodatabase(place.path)) {
-    std::string dataset = place.dataset.empty() ? "" : StoredDatasetName(place.path, place.dataset);
-    if (dataset.empty()) dataset = place.dataset;
-    const bool replaced = place.replaced->erase(LowerCase(name)) > 0;
-    return CreateInPersonalGeodatabase({place.path, dataset, replaced}, {name, fields.get(), shape_field});
-  }
   const NewClass request{name, fields.get(), shape_field};
   const GeometryDef& shape = ShapeDefinition(request);
   const bool replaces = place.replaced->erase(LowerCase(name)) > 0;
-  const GeodatabasePlace target{place.path, place.dataset, name, replaces, shape.SpatialReference, shape.Extent};
-  NewGeodatabaseClass made = MakeInGeodatabase(target, [&](GDALDataset& dataset, CPLStringList options) {
+  GeodatabasePlace target{place.path, place.dataset, name, replaces, shape.SpatialReference, shape.Extent};
+  const auto make = [&](GDALDataset& dataset, CPLStringList options) {
     options.SetNameValue("GEOMETRY_NAME", shape_field.c_str());
     for (const FieldRef& field : *fields) {
       if (field->Type == esriFieldTypeOID) options.SetNameValue("FID", field->Name.c_str());
     }
     return CreateLayer(dataset, request, std::move(options), false);
-  });
+  };
+  if (IsPersonalGeodatabase(place.path)) {
+    const std::string stored = place.dataset.empty() ? "" : StoredDatasetName(place.path, place.dataset);
+    if (!stored.empty()) target.dataset = stored;
+    const MadePersonalClass made = MakeInPersonalGeodatabase(target, make);
+    return std::make_shared<StagedPersonalClass>(place.path, made.name, made.edit);
+  }
+  const NewGeodatabaseClass made = MakeInGeodatabase(target, make);
   return std::make_shared<StagedGeodatabaseClass>(place.path, made.name, made.edit);
 }
 

@@ -7,6 +7,7 @@
 #include "engine/copy_rows.h"
 #include "engine/copy_target.h"
 #include "engine/geodatabase_class.h"
+#include "engine/personal_geodatabase_classes.h"
 #include "platform/paths.h"
 #include "platform/text_formats.h"
 
@@ -57,7 +58,9 @@ class Copier {
 
   LayerCopy Make() {
     if (!format_.updated_in_place) return MakeConverted();
-    if (format_.folder) return Filled(MakeInFileGeodatabase());
+    if (format_.feature_datasets) {
+      return Filled(format_.folder ? MakeInFileGeodatabase() : MakeInPersonalGeodatabase());
+    }
     return Filled(format_.container ? MakeInGeoPackage() : MakeShapefile());
   }
 
@@ -172,24 +175,36 @@ class Copier {
     }
   }
 
-  std::shared_ptr<OgrFeatureClass> MakeInFileGeodatabase() {
-    const GeodatabasePlace place{place_.container,
-                                 place_.dataset,
-                                 place_.ClassName(),
-                                 request_.replaces && !request_.plan_only,
-                                 source_->Traits()->reference,
-                                 shapes_.extent};
-    const NewGeodatabaseClass made = MakeInGeodatabase(place, [&](GDALDataset& dataset, CPLStringList options) {
+  [[nodiscard]] GeodatabasePlace InGeodatabase() const {
+    return {place_.container,
+            place_.dataset,
+            place_.ClassName(),
+            request_.replaces && !request_.plan_only,
+            source_->Traits()->reference,
+            shapes_.extent};
+  }
+
+  [[nodiscard]] LayerMaker GeodatabaseLayer() {
+    return [this](GDALDataset& dataset, CPLStringList options) {
       options.SetNameValue("GEOMETRY_NAME", OwnColumn("", "Shape", *source_->Traits()).c_str());
       return MakeLayer(dataset, place_.ClassName(), format_, std::move(options), ShownFile());
-    });
+    };
+  }
+
+  std::shared_ptr<OgrFeatureClass> MakeInFileGeodatabase() {
+    const NewGeodatabaseClass made = MakeInGeodatabase(InGeodatabase(), GeodatabaseLayer());
     return std::make_shared<CopyOf<StagedGeodatabaseClass>>(facts_, place_.container, made.name, made.edit);
+  }
+
+  std::shared_ptr<OgrFeatureClass> MakeInPersonalGeodatabase() {
+    const MadePersonalClass made = engine::MakeInPersonalGeodatabase(InGeodatabase(), GeodatabaseLayer());
+    return std::make_shared<CopyOf<StagedPersonalClass>>(facts_, place_.container, made.name, made.edit);
   }
 
   // Identifiers are kept where all of them can be.
   [[nodiscard]] bool KeepsIdentifiers(const Format& format) const {
     if (!format.keeps_identifiers || shapes_.repeated) return false;
-    return !format.folder || (shapes_.least > 0 && shapes_.most < kMostGeodatabaseRow);
+    return !format.feature_datasets || (shapes_.least > 0 && shapes_.most < kMostGeodatabaseRow);
   }
 
   LayerCopy Filled(const std::shared_ptr<OgrFeatureClass>& output) {

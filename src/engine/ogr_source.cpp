@@ -78,10 +78,9 @@ DatasetHandle OpenDatasetAt(const std::string& native_path, bool update) {
   RegisterDrivers();
   ReadingScope errors;
   const unsigned flags = GDAL_OF_VECTOR | (update ? GDAL_OF_UPDATE : GDAL_OF_READONLY);
-  const bool personal = IsPersonalGeodatabase(native_path) && fs::is_regular_file(native_path);
-  const bool in_edit = personal || (IsPersonalGeodatabase(native_path) && PersonalEdit::UnderWay(native_path));
-  DatasetHandle dataset = in_edit ? OpenPersonalGeodatabase(native_path, update)
-                                  : DatasetHandle(GDALDataset::Open(native_path.c_str(), flags));
+  DatasetHandle dataset = IsPersonalGeodatabase(native_path)
+                              ? OpenPersonalGeodatabase(native_path, update)
+                              : DatasetHandle(GDALDataset::Open(native_path.c_str(), flags));
   if (!dataset && !update && HasJournal(native_path)) {
     RollBack(native_path);
     errors.Clear();

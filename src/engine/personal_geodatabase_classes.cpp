@@ -5,10 +5,10 @@
 #include "engine/data_source.h"
 #include "engine/engine_fault.h"
 #include "engine/filegdb_grid.h"
-#include "engine/ogr_class.h"
 #include "engine/personal_geodatabase_create.h"
-#include "engine/personal_geodatabase_edit.h"
+#include "engine/personal_geodatabase_dataset.h"
 #include "engine/srs_from_gdal.h"
+#include "engine/workspace_common.h"
 #include "platform/text_formats.h"
 
 namespace tessarine::engine {
@@ -16,105 +16,79 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// Where nothing speaks for another: 10 nanodegrees, a tenth of a millimetre.
-constexpr NewGrid kDegreeGrid{{-400.0, -400.0, 1e9}, 8.983152841195215e-09};
-constexpr NewGrid kLengthGrid{{-2147483647.0, -2147483647.0, 1e4}, 0.001};
-
-class StagedPersonalClass final : public OgrFeatureClass, public IStagedDataset {
- public:
-  StagedPersonalClass(const std::string& path, const std::string& name, std::shared_ptr<PersonalEdit> edit)
-      : OgrFeatureClass(std::make_shared<OgrSource>(path, name, std::nullopt)), edit_(std::move(edit)) {}
-  ~StagedPersonalClass() override { StagedPersonalClass::Discard(); }
-  StagedPersonalClass(const StagedPersonalClass&) = delete;
-  StagedPersonalClass& operator=(const StagedPersonalClass&) = delete;
-
-  void Publish() override {
-    if (!edit_) Raise(kInvalidCall, "'" + Name() + "' was published or given up already.");
-    Source()->Renew();
-    PersonalEdit::End(edit_);
+// The classes of a dataset share a grid; else it is made for the coordinates that come.
+std::optional<NewGrid> GridOfNewClass(jet::Database& database, const GeodatabasePlace& place) {
+  if (!place.dataset.empty() && database.Has("GDB_SpatialRefs")) {
+    for (const PersonalClass& one : ReadPersonalClasses(database)) {
+      if (!EqualsIgnoringCase(DatasetOfPersonalClass(database, one.name), place.dataset)) continue;
+      const jet::Table& references = database.Open("GDB_SpatialRefs");
+      for (jet::Table::Scan scan(references); scan.Next();) {
+        const PersonalRow row(references, scan.Values());
+        if (row.Whole("SRID") != one.reference) continue;
+        return NewGrid{{row.Real("FalseX"), row.Real("FalseY"), row.Real("XYUnits")}, row.Real("XYTolerance")};
+      }
+    }
   }
-  void Discard() override {
-    if (!edit_) return;
-    Source()->Renew();
-    edit_->Abandon();
-    edit_.reset();
-  }
-
- private:
-  std::shared_ptr<PersonalEdit> edit_;
-};
-
-std::int32_t ShapeTypeNumber(esriGeometryType type) {
-  switch (type) {
-    case esriGeometryPoint:
-      return 1;
-    case esriGeometryMultipoint:
-      return 2;
-    case esriGeometryPolyline:
-      return 3;
-    case esriGeometryPolygon:
-      return 4;
-    default:
-      Raise(kInvalidCall, "A feature class holds points, multipoints, polylines or polygons.");
-  }
+  GridUnit unit = GridUnit::kUnknown;
+  if (Is<GeographicCoordinateSystem>(place.reference)) unit = GridUnit::kDegrees;
+  if (Is<ProjectedCoordinateSystem>(place.reference)) unit = GridUnit::kLength;
+  return GridFor(place.extent, unit);
 }
 
-PersonalReference ReferenceFor(const GeometryDef& shape) {
-  OgrReference reference;
-  if (shape.SpatialReference) reference = OgrFromReference(*shape.SpatialReference);
-  PersonalReference made = ReferenceOf(reference.get());
-  const bool degrees = Is<GeographicCoordinateSystem>(shape.SpatialReference);
-  const bool length = Is<ProjectedCoordinateSystem>(shape.SpatialReference);
-  const GridUnit unit = degrees ? GridUnit::kDegrees : length ? GridUnit::kLength : GridUnit::kUnknown;
-  const NewGrid grid = GridFor(shape.Extent, unit).value_or(degrees ? kDegreeGrid : kLengthGrid);
-  made.x_origin = grid.grid.x_origin;
-  made.y_origin = grid.grid.y_origin;
-  made.xy_scale = grid.grid.xy_scale;
-  made.xy_tolerance = grid.xy_tolerance;
-  return made;
-}
-
-NewPersonalClass Described(const NewPersonalPlace& place, const NewClass& request) {
-  const GeometryDef& shape = ShapeDefinition(request);
-  NewPersonalClass made;
-  made.description.name = request.name;
-  made.description.shape_column = request.shape_field;
-  made.description.shape_type = ShapeTypeNumber(shape.GeometryType);
-  made.identifier_column = "OBJECTID";
-  for (const FieldRef& field : *request.fields) {
-    if (field->Type == esriFieldTypeOID) made.identifier_column = field->Name;
+CPLStringList OptionsFor(jet::Database& database, const GeodatabasePlace& place) {
+  CPLStringList options;
+  if (!place.dataset.empty()) options.SetNameValue("FEATURE_DATASET", place.dataset.c_str());
+  if (const std::optional<NewGrid> grid = GridOfNewClass(database, place)) {
+    options.SetNameValue("XORIGIN", ExactNumberText(grid->grid.x_origin).c_str());
+    options.SetNameValue("YORIGIN", ExactNumberText(grid->grid.y_origin).c_str());
+    options.SetNameValue("XYSCALE", ExactNumberText(grid->grid.xy_scale).c_str());
+    options.SetNameValue("XYTOLERANCE", ExactNumberText(grid->xy_tolerance).c_str());
   }
-  made.dataset = place.dataset;
-  made.reference = ReferenceFor(shape);
-  return made;
+  return options;
 }
 
-void AddAttributes(const std::string& path, const NewClass& request) {
-  const GdalErrorScope errors;
-  const DatasetHandle dataset = OpenDataset(path, true);
-  OGRLayer* layer = dataset->GetLayerByName(request.name.c_str());
-  if (layer == nullptr) RaiseEngineFault("'" + request.name + "' can't be found in '" + path + "'.");
-  const ColumnStore store = ColumnStoreOf(dataset->GetDriverName());
-  for (const FieldRef& field : *request.fields) {
-    if (field->Type == esriFieldTypeOID || field->Type == esriFieldTypeGeometry) continue;
-    if (layer->CreateField(OgrFieldOf(*field, store).get()) == OGRERR_NONE) continue;
-    RaiseEngineFault("The field '" + field->Name + "' can't be added to '" + request.name + "'" + errors.Quote() + ".");
+void RequireFreeName(GDALDataset& dataset, const GeodatabasePlace& place) {
+  for (OGRLayer* layer : dataset.GetLayers()) {
+    if (!EqualsIgnoringCase(layer->GetName(), place.name)) continue;
+    RaiseEngineFault("The class '" + place.name + "' exists already in '" + place.path + "'.");
   }
 }
 
 }  // namespace
 
-std::shared_ptr<IFeatureClass> CreateInPersonalGeodatabase(const NewPersonalPlace& place, const NewClass& request) {
+StagedPersonalClass::StagedPersonalClass(const std::string& path, const std::string& name,
+                                         std::shared_ptr<PersonalEdit> edit)
+    : OgrFeatureClass(std::make_shared<OgrSource>(path, name, std::nullopt)), edit_(std::move(edit)) {}
+
+StagedPersonalClass::~StagedPersonalClass() { StagedPersonalClass::Discard(); }
+
+void StagedPersonalClass::Publish() {
+  if (!edit_) Raise(kInvalidCall, "'" + Name() + "' was published or given up already.");
+  Source()->Renew();
+  PersonalEdit::End(edit_);
+}
+
+void StagedPersonalClass::Discard() {
+  if (!edit_) return;
+  Source()->Renew();
+  edit_->Abandon();
+  edit_.reset();
+}
+
+MadePersonalClass MakeInPersonalGeodatabase(const GeodatabasePlace& place, const LayerMaker& make) {
   RequireWritableFolder(fs::absolute(place.path).parent_path().string());
-  std::shared_ptr<PersonalEdit> edit = PersonalEdit::Begin(place.path);
+  MadePersonalClass made{PersonalEdit::Begin(place.path), ""};
   try {
-    if (place.replaces) DataSource::Open(place.path, false)->OpenTable(request.name)->Delete();
-    EditPersonalGeodatabase(place.path,
-                            [&](jet::Database& database) { CreatePersonalClass(database, Described(place, request)); });
-    AddAttributes(place.path, request);
-    return std::make_shared<StagedPersonalClass>(place.path, request.name, edit);
+    if (place.replaces) DataSource::Open(place.path, false)->OpenTable(place.name)->Delete();
+    const DatasetHandle dataset = OpenDataset(place.path, true);
+    RequireFreeName(*dataset, place);
+    made.name = make(*dataset, OptionsFor(*made.edit->Database(), place));
+    return made;
+  } catch (const jet::Error& error) {
+    made.edit->Abandon();
+    RaiseEngineFault("'" + place.path + "' can't be written to: " + error.what() + ".");
   } catch (...) {
-    edit->Abandon();
+    made.edit->Abandon();
     throw;
   }
 }

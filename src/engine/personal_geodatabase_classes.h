@@ -4,20 +4,34 @@
 #include <memory>
 #include <string>
 
-#include "engine/workspace_common.h"
-#include "platform/data.h"
+#include "engine/geodatabase_class.h"
+#include "engine/ogr_class.h"
+#include "engine/personal_geodatabase_edit.h"
 
 namespace tessarine::engine {
 
-struct NewPersonalPlace {
-  std::string path;
-  std::string dataset;    ///< as the geodatabase spells it; empty at the root
-  bool replaces = false;  ///< a class or table of this name goes
+/// A new class. The edit that made it ends with its publication; until then this program alone sees the class.
+class StagedPersonalClass : public OgrFeatureClass, public IStagedDataset {
+ public:
+  StagedPersonalClass(const std::string& path, const std::string& name, std::shared_ptr<PersonalEdit> edit);
+  ~StagedPersonalClass() override;
+  StagedPersonalClass(const StagedPersonalClass&) = delete;
+  StagedPersonalClass& operator=(const StagedPersonalClass&) = delete;
+
+  void Publish() override;
+  void Discard() override;
+
+ private:
+  std::shared_ptr<PersonalEdit> edit_;
 };
 
-/// The new class, and the geodatabase where that isn't there yet, appear when the class is published.
-[[nodiscard]] std::shared_ptr<IFeatureClass> CreateInPersonalGeodatabase(const NewPersonalPlace& place,
-                                                                         const NewClass& request);
+struct MadePersonalClass {
+  std::shared_ptr<PersonalEdit> edit;  ///< ends with the publication of the class
+  std::string name;
+};
+/// As `MakeInGeodatabase` does in file geodatabases.
+[[nodiscard]] MadePersonalClass MakeInPersonalGeodatabase(const GeodatabasePlace& place, const LayerMaker& make);
+
 /// Makes an empty personal geodatabase. A fault where something stands there.
 void MakePersonalGeodatabaseAt(const std::string& native_path);
 

@@ -9,15 +9,38 @@
 namespace tessarine::engine {
 namespace {
 
-// Known to nobody else: other parts of the process open such files as they did.
-GDALDriver* Driver() {
-  static GDALDriver* const driver = [] {
-    auto* made = new GDALDriver();
-    made->SetDescription("PGeo");
-    made->SetMetadataItem(GDAL_DCAP_VECTOR, "YES");
-    return made;
-  }();
-  return driver;
+double OptionOf(CSLConstList options, const char* name, double otherwise) {
+  const char* text = CSLFetchNameValue(options, name);
+  return text == nullptr ? otherwise : CPLAtof(text);
+}
+
+std::int32_t ShapeTypeNumber(OGRwkbGeometryType type) {
+  switch (wkbFlatten(type)) {
+    case wkbPoint:
+      return 1;
+    case wkbMultiPoint:
+      return 2;
+    case wkbLineString:
+    case wkbMultiLineString:
+      return 3;
+    case wkbPolygon:
+    case wkbMultiPolygon:
+      return 4;
+    default:
+      throw jet::Error(std::string("a personal geodatabase keeps no classes of the type ") +
+                       OGRGeometryTypeToName(type));
+  }
+}
+
+// Where nothing is told: 10 nanodegrees, a tenth of a millimetre.
+PersonalReference ReferenceWithGrid(const OGRSpatialReference* reference, CSLConstList options) {
+  PersonalReference made = ReferenceOf(reference);
+  const bool degrees = made.kind == "GeographicCoordinateSystem";
+  made.x_origin = OptionOf(options, "XORIGIN", degrees ? -400.0 : -2147483647.0);
+  made.y_origin = OptionOf(options, "YORIGIN", degrees ? -400.0 : -2147483647.0);
+  made.xy_scale = OptionOf(options, "XYSCALE", degrees ? 1e9 : 1e4);
+  made.xy_tolerance = OptionOf(options, "XYTOLERANCE", degrees ? 8.983152841195215e-09 : 0.001);
+  return made;
 }
 
 class PersonalGdalDataset final : public GDALDataset {
@@ -25,7 +48,7 @@ class PersonalGdalDataset final : public GDALDataset {
   PersonalGdalDataset(const std::string& path, std::shared_ptr<jet::Database> database,
                       std::shared_ptr<PersonalEdit> edit, bool can_write)
       : edit_(std::move(edit)) {
-    poDriver = Driver();
+    poDriver = &PersonalDriver();
     SetDescription(path.c_str());
     const auto access = edit_ ? PersonalLayer::Access::Write : PersonalLayer::Access::Read;
     for (PersonalClass& described : ReadPersonalClasses(*database)) {
@@ -53,7 +76,37 @@ class PersonalGdalDataset final : public GDALDataset {
   OGRLayer* GetLayer(int index) override {
     return index < 0 || index >= GetLayerCount() ? nullptr : layers_[static_cast<std::size_t>(index)].get();
   }
-  int TestCapability(const char* capability) override { return EQUAL(capability, ODsCDeleteLayer) && edit_ ? 1 : 0; }
+  int TestCapability(const char* capability) override {
+    if (EQUAL(capability, ODsCMeasuredGeometries) || EQUAL(capability, ODsCZGeometries)) return 1;
+    return edit_ && (EQUAL(capability, ODsCDeleteLayer) || EQUAL(capability, ODsCCreateLayer)) ? 1 : 0;
+  }
+
+  /// Options: GEOMETRY_NAME, FID, FEATURE_DATASET, XORIGIN, YORIGIN, XYSCALE, XYTOLERANCE.
+  OGRLayer* ICreateLayer(const char* name, OGRSpatialReference* reference, OGRwkbGeometryType type,
+                         char** options) override {
+    try {
+      if (!edit_) throw jet::Error("the geodatabase is written to outside of an edit");
+      NewPersonalClass made;
+      made.description.name = name;
+      made.description.shape_column = CSLFetchNameValueDef(options, "GEOMETRY_NAME", "SHAPE");
+      made.description.shape_type = ShapeTypeNumber(type);
+      made.description.layout = {OGR_GT_HasZ(type) != 0, OGR_GT_HasM(type) != 0};
+      made.identifier_column = CSLFetchNameValueDef(options, "FID", "OBJECTID");
+      made.dataset = CSLFetchNameValueDef(options, "FEATURE_DATASET", "");
+      made.reference = ReferenceWithGrid(reference, options);
+      CreatePersonalClass(*database_, made);
+      for (PersonalClass& described : ReadPersonalClasses(*database_)) {
+        if (described.name != name) continue;
+        layers_.push_back(
+            std::make_unique<PersonalLayer>(database_, std::move(described), PersonalLayer::Access::Write, true));
+        return layers_.back().get();
+      }
+      throw jet::Error("the new class can't be found");
+    } catch (const std::exception& error) {
+      CPLError(CE_Failure, CPLE_AppDefined, "%s", error.what());
+      return nullptr;
+    }
+  }
 
   OGRErr DeleteLayer(int index) override {
     try {
@@ -94,6 +147,18 @@ class PersonalUpdate final : public AttributeUpdate {
 };
 
 }  // namespace
+
+GDALDriver& PersonalDriver() {
+  static GDALDriver* const driver = [] {
+    auto* made = new GDALDriver();
+    made->SetDescription("PGeo");
+    made->SetMetadataItem(GDAL_DCAP_VECTOR, "YES");
+    made->SetMetadataItem(GDAL_DMD_CREATIONFIELDDATATYPES, "Integer Real String DateTime Binary");
+    made->SetMetadataItem(GDAL_DMD_CREATIONFIELDDATASUBTYPES, "Int16 Float32");
+    return made;
+  }();
+  return *driver;
+}
 
 DatasetHandle OpenPersonalGeodatabase(const std::string& native_path, bool update) {
   try {

@@ -58,6 +58,20 @@ bool IsPersonalGeodatabase(const std::string& native_path) {
   return EndsWithIgnoringCase(native_path, ".mdb") && !native_path.starts_with("/vsi");
 }
 
+void RequireWritableGeodatabase(const std::string& native_path) {
+  std::error_code error;
+  if (!fs::exists(native_path, error)) return;
+  if (access(native_path.c_str(), W_OK) != 0) {
+    RaiseEngineFault("'" + native_path + "' can't be written to: check its permissions.");
+  }
+  RequireUnlocked(native_path);
+  try {
+    const jet::Database database(native_path, jet::Database::Mode::Write);
+  } catch (const jet::Error& problem) {
+    RaiseNotWritten(native_path, problem);
+  }
+}
+
 std::shared_ptr<PersonalEdit> PersonalEdit::UnderWay(const std::string& native_path) {
   if (AllEdits().empty()) return nullptr;
   const auto found = AllEdits().find(KeyOf(native_path));
@@ -66,11 +80,7 @@ std::shared_ptr<PersonalEdit> PersonalEdit::UnderWay(const std::string& native_p
 
 std::shared_ptr<PersonalEdit> PersonalEdit::Begin(const std::string& native_path) {
   if (auto edit = UnderWay(native_path)) return edit;
-  std::error_code error;
-  if (fs::exists(native_path, error) && access(native_path.c_str(), W_OK) != 0) {
-    RaiseEngineFault("'" + native_path + "' can't be written to: check its permissions.");
-  }
-  RequireUnlocked(native_path);
+  RequireWritableGeodatabase(native_path);
   std::shared_ptr<PersonalEdit> edit(new PersonalEdit(KeyOf(native_path)));
   AllEdits()[edit->path_] = edit;
   FileChanged(edit->path_);

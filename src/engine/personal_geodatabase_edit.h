@@ -16,6 +16,9 @@ namespace tessarine::engine {
 
 [[nodiscard]] bool IsPersonalGeodatabase(const std::string& native_path);
 
+/// A fault where the geodatabase is there and may not be written to, which says why. Writes nothing.
+void RequireWritableGeodatabase(const std::string& native_path);
+
 /// All changes of one geodatabase that appear together. While it lasts, this program sees the geodatabase as the edit
 /// has it, others as it was.
 class PersonalEdit {

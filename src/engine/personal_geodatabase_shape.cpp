@@ -103,10 +103,32 @@ void AppendRange(jet::Bytes& bytes, const std::vector<double>& numbers) {
   AppendAll(bytes, numbers);
 }
 
+// GDAL takes the measures of multipoints with heights from beyond the bytes.
+std::unique_ptr<OGRGeometry> MultipointFrom(const jet::Bytes& bytes, ShapeLayout layout) {
+  constexpr std::size_t kCountAt = 36, kPointsAt = 40, kRange = 16;
+  const std::size_t count = jet::Get32(bytes, kCountAt);
+  const std::size_t z_at = kPointsAt + count * 16 + kRange;
+  const std::size_t m_at = layout.has_z ? z_at + count * 8 + kRange : z_at;
+  // Measures may be left away.
+  const bool measured = layout.has_m && bytes.size() >= m_at + count * 8;
+  auto points = std::make_unique<OGRMultiPoint>();
+  for (std::size_t index = 0; index < count; ++index) {
+    OGRPoint point(jet::Get<double>(bytes, kPointsAt + index * 16),
+                   jet::Get<double>(bytes, kPointsAt + index * 16 + 8));
+    if (layout.has_z) point.setZ(jet::Get<double>(bytes, z_at + index * 8));
+    if (measured) point.setM(jet::Get<double>(bytes, m_at + index * 8));
+    points->addGeometry(&point);
+  }
+  return points;
+}
+
 }  // namespace
 
 std::unique_ptr<OGRGeometry> ShapeFromBytes(const jet::Bytes& bytes) {
   if (bytes.size() >= 4 && jet::Get32(bytes, 0) == 0) return nullptr;
+  for (const ShapeLayout layout : {ShapeLayout{}, {true, false}, {false, true}, {true, true}}) {
+    if (jet::Get32(bytes, 0) == kMultipoint.In(layout)) return MultipointFrom(bytes, layout);
+  }
   jet::Bytes copy = bytes;
   OGRGeometry* shape = nullptr;
   if (OGRCreateFromShapeBin(copy.data(), &shape, static_cast<int>(copy.size())) != OGRERR_NONE) {

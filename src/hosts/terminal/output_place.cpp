@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "engine/data_source.h"
+#include "engine/personal_geodatabase_edit.h"
 #include "hosts/terminal/refusal.h"
 #include "platform/paths.h"
 #include "platform/text_formats.h"
@@ -113,6 +114,7 @@ void RefuseBrokenContainer(const OutputPlace& place) {
   if (!place.InContainer() || !fs::exists(place.container)) return;
   try {
     (void)DataSource::Open(place.container, false);
+    if (engine::IsPersonalGeodatabase(place.container)) engine::RequireWritableGeodatabase(place.container);
   } catch (const Fault& fault) {
     throw Refusal("The output '" + place.NativePath() + "' can't be made. " + fault.Description());
   }
