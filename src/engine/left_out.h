@@ -8,9 +8,9 @@
 
 namespace tessarine::engine {
 
-/// Records without a shape where the layer mixes kinds, which belong to none of them, and collections of points, lines
-/// and polygons, triangulations and solids among the shapes of a layer, by kind. A walk over the layer where its type
-/// leaves the kind of shapes open.
+/// Records without a shape, under an empty kind, where the layer mixes kinds: they belong to none. And collections of
+/// points, lines and polygons, triangulations and solids among the shapes of a layer, by kind. A walk over the layer
+/// where its type leaves the kind of shapes open.
 [[nodiscard]] std::vector<LeftOutRecords> FindLeftOut(OgrSource& source);
 
 }  // namespace tessarine::engine
