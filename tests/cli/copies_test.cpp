@@ -291,6 +291,27 @@ TEST_F(Copies, NothingThatIsReadIsReplaced) {
   EXPECT_THAT(Layers(In("x.gpkg")), ElementsAre("lands", "measured"));
 }
 
+TEST_F(Copies, TheMapDocumentIsNoPlaceForAnOutput) {
+  for (const char* document : {"map.json", "map.shp", "map.gpkg"}) {
+    fs::copy_file(Data("graphics.json"), In(document));
+    const std::string before = ReadFile(In(document));
+    fs::create_symlink(In(document), In("link.json"));
+    for (const char* more : {"--dry-run", "--yes"}) {
+      const ProgramOutcome run =
+          Calculate(Data("countries.shp"), In(document), {"-d", In("link.json"), "--overwrite", more});
+      EXPECT_EQ(run.status, 2) << document << run.err;
+      EXPECT_THAT(run.err, HasSubstr("map document")) << document;
+      EXPECT_EQ(ReadFile(In(document)), before) << document;
+    }
+    fs::remove(In("link.json"));
+  }
+  const ProgramOutcome run =
+      RunTessarine({"vertices", Data("countries.shp"), "-o", In("map.shp"), "-d", In("map.shp"), "--overwrite", "-q"});
+  EXPECT_EQ(run.status, 2) << run.err;
+  EXPECT_EQ(ReadFile(In("map.shp")), ReadFile(Data("graphics.json")));
+  EXPECT_THAT(Left(), ElementsAre("map.gpkg", "map.json", "map.shp"));
+}
+
 // Many lines of some vertices each, so that copying takes its time.
 void WriteManyLines(const std::string& path) {
   GDALAllRegister();

@@ -114,7 +114,7 @@ ExitStatus CalculateOnCopy(const CalculateOptions& options) {
   const std::shared_ptr<DocumentFeatureLayer> source = TakeLayer(session.Document(), options.source);
   // The copy stands for it.
   if (session.Document().Map().AllLayers().size() > known_layers) session.Document().Map().RemoveLayer(*source);
-  RefuseUnusableCopy(target, *source, options.common.report_file);
+  RefuseUnusableCopy(target, *source, options.common);
   std::vector<std::int64_t> selected =
       source->SelectionSet()->Count() > 0 ? source->SelectedOids() : std::vector<std::int64_t>();
   if (options.only_selected && selected.empty()) {

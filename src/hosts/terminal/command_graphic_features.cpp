@@ -105,7 +105,7 @@ ExitStatus RunFeatures(const FeatureOptions& options) {
   }
   OutputPlace place = ParseOutputPlace(options.output);
   NameInFolder(place);
-  RefuseUnusablePlace(place, options.common.report_file);
+  RefuseUnusablePlace(place, options.common);
   Session session(options.common);
   RefuseTakenName(place, options.common);
   const SpatialReferenceRef reference = ReferenceOf(options, session.Document().Map());

@@ -65,7 +65,7 @@ CopyPlace ParseCopyPlace(const std::string& text) {
   return {{FormatToWrite(path.string()), path.parent_path().string(), "", path.filename().string()}, false};
 }
 
-void RefuseUnusableCopy(const CopyPlace& copy, const DocumentFeatureLayer& source, const std::string& report_file) {
+void RefuseUnusableCopy(const CopyPlace& copy, const DocumentFeatureLayer& source, const CommonOptions& options) {
   const OutputPlace& place = copy.place;
   if (place.format == nullptr || !place.format->writable) {
     throw Refusal("-o " + place.NativePath() +
@@ -73,14 +73,14 @@ void RefuseUnusableCopy(const CopyPlace& copy, const DocumentFeatureLayer& sourc
                   "GDAL writes.");
   }
   const fs::path file = place.InContainer() ? fs::path(place.container) : fs::path(place.NativePath());
-  RefuseUnusablePlace(place, report_file);
+  RefuseUnusablePlace(place, options);
   std::error_code error;
   if (!place.format->folder && fs::is_directory(file, error)) {
     throw Refusal("'" + file.string() + "' is a folder and isn't replaced by a file: name another output.");
   }
   RefuseSource(place, source);
   if (const auto files = Cast<IDatasetFiles>(source.FeatureClass())) {
-    RefuseReportOver(report_file, files->Files().files, "'" + source.Name() + "' is read from");
+    RefuseReportOver(options.report_file, files->Files().files, "'" + source.Name() + "' is read from");
   }
   CheckDataset(place, source.SpatialReference());
 }

@@ -18,9 +18,9 @@ struct CopyPlace {
 /// the like. A container without a layer means the layer of its own name. Raises `Refusal` for anything else.
 [[nodiscard]] CopyPlace ParseCopyPlace(const std::string& text);
 
-/// Refuses a place that no copy of the layer can be made at, whatever the user would agree to, and a report over it or
-/// over the source.
-void RefuseUnusableCopy(const CopyPlace& copy, const DocumentFeatureLayer& source, const std::string& report_file);
+/// Refuses a place that no copy of the layer can be made at, whatever the user would agree to, such as that of the map
+/// document, and a report over it or over the source.
+void RefuseUnusableCopy(const CopyPlace& copy, const DocumentFeatureLayer& source, const CommonOptions& options);
 
 enum class Replacing { Nothing, Agreed, Declined };
 struct ReplacementAnswer {

@@ -18,10 +18,17 @@ fs::path ExistingPart(const OutputPlace& place) {
   return place.InContainer() && !fs::exists(container) ? container.parent_path() : container;
 }
 
+void RefuseDocument(const OutputPlace& place, const std::string& document) {
+  if (document.empty() || place.IsFolder() || !place.Overlaps({{document}, {}})) return;
+  throw Refusal("'" + place.NativePath() + "' would replace this run's map document '" + document +
+                "': name another output.");
+}
+
 }  // namespace
 
-void RefuseUnusablePlace(const OutputPlace& place, const std::string& report_file) {
+void RefuseUnusablePlace(const OutputPlace& place, const CommonOptions& options) {
   if (const auto problem = NameProblem(place)) throw Refusal(*problem);
+  RefuseDocument(place, options.document);
   const fs::path part = ExistingPart(place);
   const std::string output = "The output '" + place.NativePath() + "' can't be made: ";
   const bool is_file = place.InContainer() && !place.format->folder && fs::is_regular_file(part);
@@ -30,7 +37,7 @@ void RefuseUnusablePlace(const OutputPlace& place, const std::string& report_fil
     throw Refusal(output + "'" + part.string() + "' can't be written to; check its permissions.");
   }
   RefuseBrokenContainer(place);
-  RefuseReportOver(report_file, {place.InContainer() ? place.container : place.NativePath()}, kIsOutput);
+  RefuseReportOver(options.report_file, {place.InContainer() ? place.container : place.NativePath()}, kIsOutput);
 }
 
 }  // namespace tessarine
