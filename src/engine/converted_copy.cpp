@@ -93,6 +93,8 @@ class TargetFile {
     layer_ = CreateTargetLayer(*dataset_, conversion.layer, source.Layer().GetSpatialRef(), type_,
                                LayerOptions(*conversion.format), conversion.shown);
     columns_->AddTo(*layer_, conversion.shown.string());
+    kept_ = WhatIsKept(*layer_, *conversion.format);
+    type_ = KeptType(type_, kept_);
   }
   ~TargetFile() {
     const GdalErrorScope quiet;
@@ -160,7 +162,7 @@ class TargetFile {
     const OGRGeometry* shape = merged.From().Feature().GetGeometryRef();
     if (shape != nullptr) {
       feature.SetGeometryDirectly(
-          FitShape(std::unique_ptr<OGRGeometry>(shape->clone()), type_, *conversion_.format).release());
+          FitShape(std::unique_ptr<OGRGeometry>(shape->clone()), type_, *conversion_.format, oid, notes).release());
     }
     Store(feature, oid, notes);
   }
@@ -178,6 +180,7 @@ class TargetFile {
   [[nodiscard]] const std::shared_ptr<CopyColumns>& Columns() const { return columns_; }
   [[nodiscard]] const std::vector<Result>& Results() const { return results_; }
   [[nodiscard]] OGRLayer& Layer() const { return *layer_; }
+  [[nodiscard]] const KeptOfShapes& Kept() const { return kept_; }
   [[nodiscard]] OGRwkbGeometryType DeclaredType() const { return declared_; }
 
  private:
@@ -228,6 +231,7 @@ class TargetFile {
   fs::path path_;
   std::shared_ptr<CopyColumns> columns_;
   OGRwkbGeometryType declared_ = wkbUnknown, type_ = wkbUnknown;
+  KeptOfShapes kept_;
   DatasetHandle dataset_;
   OGRLayer* layer_ = nullptr;
   std::vector<Result> results_;
@@ -238,7 +242,10 @@ class TargetFile {
 class Readback {
  public:
   Readback(const fs::path& path, const TargetFile& file, const OGRFeatureDefn& made, RunJournal& notes)
-      : dataset_(OpenDatasetAt(path.string(), false)), layer_(*dataset_->GetLayer(0)), notes_(notes) {
+      : dataset_(OpenDatasetAt(path.string(), false)),
+        layer_(*dataset_->GetLayer(0)),
+        kept_(file.Kept()),
+        notes_(notes) {
     const OGRFeatureDefn& read = *layer_.GetLayerDefn();
     for (const CopyColumn& column : file.Columns()->All()) {
       columns_.push_back(column.target < 0 ? -1 : read.GetFieldIndex(made.GetFieldDefn(column.target)->GetNameRef()));
@@ -270,7 +277,7 @@ class Readback {
     for (const Result& result : results_) {
       if (result.written >= 0) CompareOne(merged.Worked(), result.worked, *row, result.written, oid);
     }
-    CompareShapes(merged.From().Feature().GetGeometryRef(), row->GetGeometryRef(), oid);
+    CompareShapes(merged.From().Feature().GetGeometryRef(), row->GetGeometryRef(), conversion, oid);
   }
 
  private:
@@ -278,17 +285,20 @@ class Readback {
     notes_.NoteChange(row.GetFieldDefnRef(index)->GetNameRef(), CompareValues(meant, meant_index, row, index), oid);
   }
 
-  void CompareShapes(const OGRGeometry* meant, const OGRGeometry* written, std::int64_t oid) {
+  void CompareShapes(const OGRGeometry* meant, const OGRGeometry* written, const Conversion& conversion,
+                     std::int64_t oid) {
     if (meant == nullptr || meant->IsEmpty()) return;
     if (written == nullptr || written->IsEmpty()) {
       notes_.NoteFault(Fault(kRowRefused, "Engine", kShapeLost, __LINE__, SourceFileName(__FILE__)), oid);
-    } else if (ShapeMoved(*meant, *written)) {
-      notes_.NoteWarning(kMoved, oid);
+      return;
     }
+    if (ShapeMoved(*meant, *written)) notes_.NoteWarning(kMoved, oid);
+    if (!conversion.format->uniform_shapes) NoteHeights(*meant, *written, conversion.shapes, kept_, oid, notes_);
   }
 
   DatasetHandle dataset_;
   OGRLayer& layer_;
+  KeptOfShapes kept_;
   RunJournal& notes_;
   std::vector<int> columns_;
   std::vector<Result> results_;
@@ -307,7 +317,7 @@ std::shared_ptr<const CopyColumns> ProbeConversion(const Conversion& conversion,
     if (!names.back().empty()) facts.notes.NoteName(column.field->Name, names.back());
   }
   facts.foretold = file.Columns()->Foretold(made);
-  for (std::string& sentence : ForetoldOfShapes(file.DeclaredType(), conversion.shapes, file.Layer())) {
+  for (std::string& sentence : ForetoldOfShapes(file.DeclaredType(), conversion.shapes, file.Kept())) {
     facts.foretold.push_back(std::move(sentence));
   }
   std::shared_ptr<const CopyColumns> columns = file.Columns();

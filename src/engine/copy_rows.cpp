@@ -35,7 +35,7 @@ class RowCopier {
     }
     row.Feature().SetFID(oid);
     row.Feature().SetGeometryDirectly(
-        FitShape(std::unique_ptr<OGRGeometry>(from.Feature().StealGeometry()), type_, format_).release());
+        FitShape(std::unique_ptr<OGRGeometry>(from.Feature().StealGeometry()), type_, format_, oid, notes_).release());
     try {
       return cursor_.InsertRow(row);
     } catch (const Fault& fault) {

@@ -8,6 +8,13 @@
 namespace tessarine::engine {
 namespace {
 
+constexpr const char* kHeightFilled =
+    "The shape has no heights (Z) and got the height 0: the format keeps them for all shapes of a layer or for none.";
+constexpr const char* kMeasureFilled =
+    "The shape has no measures (M) and got the measure 0: the format keeps them for all shapes of a layer or for none.";
+constexpr const char* kHeightLost = "The heights (Z) of the shape aren't kept by the format.";
+constexpr const char* kMeasureLost = "The measures (M) of the shape aren't kept by the format.";
+
 void LookAt(const OGRGeometry* shape, ShapeFacts& facts, OGREnvelope& extent) {
   if (shape == nullptr || shape->IsEmpty()) return;
   const OGRwkbGeometryType type = shape->getGeometryType();
@@ -81,12 +88,18 @@ OGRwkbGeometryType LayerTypeFor(OGRwkbGeometryType declared, esriGeometryType ki
   return OGR_GT_SetModifier(type, facts.z || OGR_GT_HasZ(declared) != 0, facts.m || OGR_GT_HasM(declared) != 0);
 }
 
-std::unique_ptr<OGRGeometry> FitShape(std::unique_ptr<OGRGeometry> shape, OGRwkbGeometryType type,
-                                      const Format& format) {
+std::unique_ptr<OGRGeometry> FitShape(std::unique_ptr<OGRGeometry> shape, OGRwkbGeometryType type, const Format& format,
+                                      std::int64_t oid, RunJournal& notes) {
   if (!shape) return shape;
-  if (format.uniform_shapes) {
-    if (OGR_GT_HasZ(type) != 0) shape->set3D(TRUE);
-    if (OGR_GT_HasM(type) != 0) shape->setMeasured(TRUE);
+  if (format.uniform_shapes && !shape->IsEmpty()) {
+    if (OGR_GT_HasZ(type) != 0 && shape->Is3D() == 0) {
+      shape->set3D(TRUE);
+      notes.NoteWarning(kHeightFilled, oid);
+    }
+    if (OGR_GT_HasM(type) != 0 && shape->IsMeasured() == 0) {
+      shape->setMeasured(TRUE);
+      notes.NoteWarning(kMeasureFilled, oid);
+    }
   }
   if (OGR_GT_IsSubClassOf(OGR_GT_Flatten(type), wkbGeometryCollection) == 0) return shape;
   const bool is_multiple = OGR_GT_IsSubClassOf(shape->getGeometryType(), wkbGeometryCollection) != 0;
@@ -96,16 +109,37 @@ std::unique_ptr<OGRGeometry> FitShape(std::unique_ptr<OGRGeometry> shape, OGRwkb
   return std::unique_ptr<OGRGeometry>(OGRGeometryFactory::forceTo(shape.release(), own));
 }
 
-std::vector<std::string> ForetoldOfShapes(OGRwkbGeometryType declared, const ShapeFacts& facts, OGRLayer& layer) {
+KeptOfShapes WhatIsKept(OGRLayer& layer, const Format& format) {
+  // The drivers of GeoJSON write heights and don't say so.
+  const bool z = format.driver.starts_with("GeoJSON") || layer.TestCapability(OLCZGeometries) != 0;
+  return {layer.TestCapability(OLCCurveGeometries) != 0, z, layer.TestCapability(OLCMeasuredGeometries) != 0};
+}
+
+OGRwkbGeometryType KeptType(OGRwkbGeometryType type, const KeptOfShapes& kept) {
+  return OGR_GT_SetModifier(type, kept.z && OGR_GT_HasZ(type) != 0, kept.m && OGR_GT_HasM(type) != 0);
+}
+
+std::vector<std::string> ForetoldOfShapes(OGRwkbGeometryType declared, const ShapeFacts& facts,
+                                          const KeptOfShapes& kept) {
   std::vector<std::string> sentences;
   const bool curves = facts.curves || OGR_GT_IsNonLinear(declared) != 0;
-  if (curves && layer.TestCapability(OLCCurveGeometries) == 0) {
+  if (curves && !kept.curves) {
     sentences.emplace_back("Arcs are written as lines of many short segments: the format keeps no curves.");
   }
-  if ((facts.m || OGR_GT_HasM(declared) != 0) && layer.TestCapability(OLCMeasuredGeometries) == 0) {
+  if ((facts.z || OGR_GT_HasZ(declared) != 0) && !kept.z) {
+    sentences.emplace_back("Heights (Z) of vertices are left out: the format keeps none.");
+  }
+  if ((facts.m || OGR_GT_HasM(declared) != 0) && !kept.m) {
     sentences.emplace_back("Measures (M) of vertices are left out: the format keeps none.");
   }
   return sentences;
+}
+
+void NoteHeights(const OGRGeometry& meant, const OGRGeometry& written, const ShapeFacts& facts,
+                 const KeptOfShapes& kept, std::int64_t oid, RunJournal& notes) {
+  if (kept.z && meant.Is3D() != 0 && written.Is3D() == 0) notes.NoteWarning(kHeightLost, oid);
+  if (kept.m && meant.IsMeasured() != 0 && written.IsMeasured() == 0) notes.NoteWarning(kMeasureLost, oid);
+  if (facts.z && meant.Is3D() == 0 && written.Is3D() != 0) notes.NoteWarning(kHeightFilled, oid);
 }
 
 }  // namespace tessarine::engine

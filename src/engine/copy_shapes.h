@@ -11,6 +11,7 @@
 
 #include "engine/ogr_class.h"
 #include "outputs/formats.h"
+#include "platform/run_journal.h"
 
 namespace tessarine::engine {
 
@@ -35,13 +36,26 @@ struct ShapeFacts {
 [[nodiscard]] OGRwkbGeometryType LayerTypeFor(OGRwkbGeometryType declared, esriGeometryType kind,
                                               const ShapeFacts& facts, const Format& format);
 
-/// The shape as a layer of this type takes it: a single one becomes a multiple one where only those are held, and where
-/// all shapes have heights or measures, those that have none get 0.
+/// The shape of a record as a layer of this type takes it: a single one becomes a multiple one where only those are
+/// held, and where all shapes have heights or measures, those that have none get 0, which the notes tell.
 [[nodiscard]] std::unique_ptr<OGRGeometry> FitShape(std::unique_ptr<OGRGeometry> shape, OGRwkbGeometryType type,
-                                                    const Format& format);
+                                                    const Format& format, std::int64_t oid, RunJournal& notes);
+
+/// What a layer keeps of a shape besides its plain lines and positions.
+struct KeptOfShapes {
+  bool curves = false, z = false, m = false;
+};
+[[nodiscard]] KeptOfShapes WhatIsKept(OGRLayer& layer, const Format& format);
+/// The type without the heights and measures that aren't kept.
+[[nodiscard]] OGRwkbGeometryType KeptType(OGRwkbGeometryType type, const KeptOfShapes& kept);
 
 /// What the new layer can't keep of the shapes of the source, sentence by sentence.
 [[nodiscard]] std::vector<std::string> ForetoldOfShapes(OGRwkbGeometryType declared, const ShapeFacts& facts,
-                                                        OGRLayer& layer);
+                                                        const KeptOfShapes& kept);
+
+/// Notes heights and measures that were lost on the way though the layer is said to keep them, or that the format made
+/// up.
+void NoteHeights(const OGRGeometry& meant, const OGRGeometry& written, const ShapeFacts& facts,
+                 const KeptOfShapes& kept, std::int64_t oid, RunJournal& notes);
 
 }  // namespace tessarine::engine

@@ -120,7 +120,7 @@ class Copier {
     columns_->AddTo(*layer, shown.string());
     if (&format == &format_) {
       TellNames(*layer->GetLayerDefn());
-      for (std::string& sentence : ForetoldOfShapes(declared, shapes_, *layer)) {
+      for (std::string& sentence : ForetoldOfShapes(declared, shapes_, WhatIsKept(*layer, format))) {
         facts_->foretold.push_back(std::move(sentence));
       }
     }

@@ -157,6 +157,73 @@ TEST_F(Copies, ShapesKeepTheirTypeAndTheirHeights) {
   }
 }
 
+// A GeoPackage whose layer has the shapes of these texts, each with its number from 1 in the field "k".
+void WriteShapes(const std::string& path, OGRwkbGeometryType type, const std::vector<const char*>& shapes) {
+  GDALAllRegister();
+  const auto data = GDALDatasetUniquePtr(
+      GetGDALDriverManager()->GetDriverByName("GPKG")->Create(path.c_str(), 0, 0, 0, GDT_Unknown, nullptr));
+  OGRLayer* layer = data->CreateLayer("shapes", nullptr, type, nullptr);
+  OGRFieldDefn key("k", OFTInteger);
+  ASSERT_EQ(layer->CreateField(&key), OGRERR_NONE);
+  for (std::size_t index = 0; index < shapes.size(); ++index) {
+    OGRFeature feature(layer->GetLayerDefn());
+    feature.SetField(0, static_cast<int>(index) + 1);
+    OGRGeometry* shape = nullptr;
+    ASSERT_EQ(OGRGeometryFactory::createFromWkt(shapes[index], nullptr, &shape), OGRERR_NONE);
+    feature.SetGeometryDirectly(shape);
+    ASSERT_EQ(layer->CreateFeature(&feature), OGRERR_NONE);
+  }
+}
+
+// The shapes of a file in ISO texts, by the field "k".
+std::map<int, std::string> Shapes(const std::string& path) {
+  std::map<int, std::string> shapes;
+  OGRWktOptions iso;
+  iso.variant = wkbVariantIso;
+  const auto data = OpenData(path);
+  if (data == nullptr) return shapes;
+  for (const auto& row : *data->GetLayer(0)) {
+    const OGRGeometry* shape = row->GetGeometryRef();
+    shapes[row->GetFieldAsInteger("k")] = shape == nullptr ? "none" : shape->exportToWkt(iso);
+  }
+  return shapes;
+}
+
+TEST_F(Copies, HeightsAndMeasuresAreKeptOrTold) {
+  WriteShapes(In("zm.gpkg"), wkbUnknown,
+              {"LINESTRING(0 0,1 1)", "LINESTRING M(0 0 5,1 1 6)", "LINESTRING Z(0 0 7,1 1 8)"});
+  struct Row {
+    const char* copy;
+    const char *flat, *measured, *high;
+    const char* words;  // of the journal, or of standard error
+  };
+  const char* const flat = "LINESTRING (0 0,1 1)";
+  const char* const filled = "got the height 0";
+  for (const Row& row : {
+           Row{"c.shp", "LINESTRING ZM (0 0 0 0,1 1 0 0)", "LINESTRING ZM (0 0 0 5,1 1 0 6)",
+               "LINESTRING ZM (0 0 7 0,1 1 8 0)", filled},
+           Row{"c.fgb", "LINESTRING ZM (0 0 0 0,1 1 0 0)", "LINESTRING ZM (0 0 0 5,1 1 0 6)",
+               "LINESTRING ZM (0 0 7 0,1 1 8 0)", "got the measure 0"},
+           Row{"c.gml", "LINESTRING Z (0 0 0,1 1 0)", "LINESTRING Z (0 0 0,1 1 0)", "LINESTRING Z (0 0 7,1 1 8)",
+               filled},
+           Row{"c.kml", "LINESTRING Z (0 0 0,1 1 0)", "LINESTRING Z (0 0 0,1 1 0)", "LINESTRING Z (0 0 7,1 1 8)",
+               filled},
+           Row{"c.tab", flat, flat, flat, "Heights (Z) of vertices are left out"},
+           Row{"c.mif", flat, flat, flat, "Heights (Z) of vertices are left out"},
+           Row{"c.geojson", flat, flat, "LINESTRING Z (0 0 7,1 1 8)", "Measures (M) of vertices are left out"},
+           Row{"c.gpkg", flat, "LINESTRING M (0 0 5,1 1 6)", "LINESTRING Z (0 0 7,1 1 8)", ""},
+       }) {
+    const ProgramOutcome run = Calculate(In("zm.gpkg"), In(row.copy), {"--report", In("r.json")});
+    ASSERT_EQ(run.status, 0) << row.copy << run.err;
+    EXPECT_THAT(Shapes(In(row.copy)),
+                ElementsAre(std::pair(1, row.flat), std::pair(2, row.measured), std::pair(3, row.high)))
+        << row.copy;
+    EXPECT_THAT(run.err + Report()["warnings"].dump(), HasSubstr(row.words)) << row.copy;
+    EXPECT_THAT(Report()["warnings"].dump(), Not(HasSubstr("aren't kept"))) << row.copy;
+    EXPECT_EQ(Report()["warnings"].empty() && run.err.empty(), *row.words == '\0') << row.copy;
+  }
+}
+
 TEST_F(Copies, BinaryColumnsAreCarriedOrTold) {
   {
     const auto data = GDALDatasetUniquePtr(
