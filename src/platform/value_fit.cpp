@@ -122,6 +122,24 @@ FittedValue FitNumber(const Variant& value, const ColumnLimits& column) {
 
 // --- Texts ---------------------------------------------------------------------------------------------------------
 
+bool HasRoom(std::string_view text, const ColumnLimits& column) {
+  return (column.most_bytes == 0 || FirstBytes(text, column.most_bytes).size() == text.size()) &&
+         (column.most_characters == 0 || FirstCharacters(text, column.most_characters).size() == text.size());
+}
+
+// Digits behind the point may go, others not: what is left would be another number.
+FittedValue FitNumberAsText(const std::string& text, const ColumnLimits& column) {
+  if (HasRoom(text, column)) return {text};
+  const std::size_t point = text.find('.');
+  if (point == std::string::npos || text.find_first_of("eE") != std::string::npos)
+    return Nulled(ValueChange::OutOfRange);
+  for (std::size_t size = text.size() - 1; size > point; --size) {
+    const std::string kept = text.substr(0, size == point + 1 ? point : size);
+    if (HasRoom(kept, column)) return {kept, ValueChange::Rounded};
+  }
+  return Nulled(ValueChange::OutOfRange);
+}
+
 FittedValue FitText(const Variant& value, const ColumnLimits& column) {
   FittedValue fitted;
   std::string text;
@@ -134,7 +152,11 @@ FittedValue FitText(const Variant& value, const ColumnLimits& column) {
     case Variant::Kind::Single:
     case Variant::Kind::Double:
       if (!std::isfinite(value.AsDouble())) return Nulled(ValueChange::NotFinite);
-      [[fallthrough]];
+      return FitNumberAsText(value.AsText(), column);
+    case Variant::Kind::Short:
+    case Variant::Kind::Long:
+    case Variant::Kind::LongLong:
+      return FitNumberAsText(value.AsText(), column);
     default:
       text = value.AsText();
   }

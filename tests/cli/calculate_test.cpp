@@ -162,7 +162,7 @@ void WriteLines(const std::string& path, const std::string& driver) {
   }
 }
 
-TEST_F(Calculate, ATextTooLongForItsColumnIsCutAndTold) {
+TEST_F(Calculate, ANumberTooLongForATextColumnIsRoundedAndTold) {
   WriteLines(In("lines.shp"), "ESRI Shapefile");
   const ProgramOutcome run = RunTessarine({"calculate", In("lines.shp"), "-m", "Start Azimuth=text", "--yes"});
   EXPECT_EQ(run.status, 0) << run.err;
@@ -174,7 +174,7 @@ TEST_F(Calculate, ATextTooLongForItsColumnIsCutAndTold) {
   }
   // "geod +ellps=WGS84 -I" from 0 0 to 1 1: 45.188040229359 degrees; the column holds five characters.
   EXPECT_THAT(texts, ElementsAre("45.18", "-9999", "-9999", "0"));
-  EXPECT_THAT(run.out, HasSubstr("cut to the width of the field"));
+  EXPECT_THAT(run.out, HasSubstr("rounded to the decimals of the field"));
 }
 
 TEST_F(Calculate, AValueNeverReplacesAShape) {

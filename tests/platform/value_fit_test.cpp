@@ -124,6 +124,13 @@ TEST(ValueFit, TextsAreCutBetweenCharacters) {
        "\xE2\x82\xAC\xE2\x82\xAC\xE2\x82\xAC\xE2\x82\xAC", ValueChange::TextCut},
       {"Latin-1", "K\xF6ln", ColumnLimits(), "K\xC3\xB6ln", ValueChange::BadText},
       {"a number", std::int64_t{123456789012345678}, ColumnLimits(), "123456789012345678"},
+      {"a number without all its decimals", 1.2345, characters, "1.23", ValueChange::Rounded},
+      {"a number without decimals", 123.45, characters, "123", ValueChange::Rounded},
+      {"a number whose whole part has room alone", 1234.5, characters, "1234", ValueChange::Rounded},
+      {"a number too long", 12345.6, characters, Null{}, ValueChange::OutOfRange},
+      {"a whole number too long", std::int64_t{12345}, bytes, Null{}, ValueChange::OutOfRange},
+      {"the mark of no value", std::int16_t{-9999}, bytes, Null{}, ValueChange::OutOfRange},
+      {"a power too long", 1e20, bytes, Null{}, ValueChange::OutOfRange},
       {"no number", std::nan(""), ColumnLimits(), Null{}, ValueChange::NotFinite},
       {"an object", std::make_shared<Point>(), ColumnLimits(), Null{}, ValueChange::Unreadable},
   });
