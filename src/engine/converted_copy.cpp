@@ -90,8 +90,10 @@ class TargetFile {
     declared_ = source.Layer().GetGeomType();
     type_ = LayerTypeFor(declared_, traits->shape_type, conversion.shapes, *conversion.format);
     dataset_ = CreateFile(driver, path, conversion.shown);
-    layer_ = CreateTargetLayer(*dataset_, conversion.layer, source.Layer().GetSpatialRef(), type_,
-                               LayerOptions(*conversion.format), conversion.shown);
+    CPLStringList options = LayerOptions(*conversion.format);
+    NameOwnColumns(*conversion.format, {}, *traits, conversion.result_fields, options);
+    layer_ = CreateTargetLayer(*dataset_, conversion.layer, source.Layer().GetSpatialRef(), type_, options,
+                               conversion.shown);
     columns_->AddTo(*layer_, conversion.shown.string());
     kept_ = WhatIsKept(*layer_, *conversion.format);
     type_ = KeptType(type_, kept_);

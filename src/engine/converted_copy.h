@@ -20,6 +20,7 @@ struct Conversion {
   const Format* format = nullptr;
   std::filesystem::path target, shown;  ///< where it is made, and what the user calls it
   std::string layer;
+  std::vector<std::string> result_fields;
   StagedOutput::Standing standing = StagedOutput::Standing::Keep;
   ShapeFacts shapes;
   std::shared_ptr<const CopyColumns> worked_columns;  ///< of the GeoPackage

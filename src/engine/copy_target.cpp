@@ -1,5 +1,7 @@
 #include "engine/copy_target.h"
 
+#include <algorithm>
+#include <array>
 #include <deque>
 #include <map>
 
@@ -40,6 +42,29 @@ struct OtherFormat {
 
 // Field names are kept as they are; what the format makes of them is read back.
 constexpr NameRule kAnyName{1000, true, NameRule::Characters::Any, {}, {}};
+// Whatever bears this name is taken for the identifier when a SQLite database is read.
+constexpr std::array kIdentifierWords = {std::string_view("ogc_fid")};
+constexpr NameRule kDatabaseField{1000, true, NameRule::Characters::Any, kIdentifierWords, {}};
+
+// Formats that let their own columns be named, with the names that they give them else.
+struct OwnColumnsRow {
+  std::string_view driver;
+  const char *identifier, *shape;
+};
+constexpr OwnColumnsRow kOwnColumns[] = {
+    {"GPKG", "fid", "geom"},
+    {"SQLite", "ogc_fid", "GEOMETRY"},
+    {"OpenFileGDB", "OBJECTID", "Shape"},
+};
+
+std::string FreeColumn(const std::string& base, const std::vector<std::string>& taken) {
+  std::string name = base;
+  const auto is_taken = [&] {
+    return std::ranges::any_of(taken, [&](const std::string& other) { return EqualsIgnoringCase(other, name); });
+  };
+  for (int number = 1; is_taken(); ++number) name = base + "_" + std::to_string(number);
+  return name;
+}
 
 }  // namespace
 
@@ -63,7 +88,7 @@ const Format* FormatToWrite(const std::string& native_path) {
                   .driver = other.driver,
                   .writable = true,
                   .class_names = kAnyName,
-                  .field_names = kAnyName};
+                  .field_names = other.driver == "SQLite" ? kDatabaseField : kAnyName};
   return &other.format;
 }
 
@@ -92,6 +117,22 @@ CPLStringList LayerOptions(const Format& format) {
   CPLStringList options;
   for (const std::string_view option : format.layer_options) options.AddString(std::string(option).c_str());
   return options;
+}
+
+void NameOwnColumns(const Format& format, const OwnColumns& wished, const RowTraits& traits,
+                    const std::vector<std::string>& results, CPLStringList& options) {
+  const auto row = std::ranges::find(kOwnColumns, format.driver, &OwnColumnsRow::driver);
+  if (row == std::end(kOwnColumns)) return;
+  std::vector<std::string> taken;
+  for (const std::string& name : results) taken.push_back(LegalName(format.field_names, name));
+  for (const FieldRef& field : *traits.fields.fields) {
+    if (IsAttribute(*field)) taken.push_back(LegalName(format.field_names, field->Name));
+  }
+  const std::string identifier = FreeColumn(wished.identifier.empty() ? row->identifier : wished.identifier, taken);
+  taken.push_back(identifier);
+  const std::string shape = FreeColumn(wished.shape.empty() ? row->shape : wished.shape, taken);
+  options.SetNameValue("FID", identifier.c_str());
+  options.SetNameValue("GEOMETRY_NAME", shape.c_str());
 }
 
 OGRLayer* CreateTargetLayer(GDALDataset& dataset, const std::string& name, const OGRSpatialReference* reference,

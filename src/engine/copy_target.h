@@ -5,7 +5,10 @@
 
 #include <filesystem>
 #include <string>
+#include <string_view>
+#include <vector>
 
+#include "engine/ogr_feature.h"
 #include "engine/ogr_source.h"
 #include "outputs/formats.h"
 
@@ -19,6 +22,15 @@ namespace tessarine::engine {
                                        const std::filesystem::path& shown);
 
 [[nodiscard]] CPLStringList LayerOptions(const Format& format);
+
+/// Columns that a format has besides the attributes.
+struct OwnColumns {
+  std::string identifier, shape;  ///< empty for the usual names
+};
+/// Has the format give its own columns these names, or ones made of them that neither an attribute has nor a field that
+/// the run will add. A format without a choice of names gets no option.
+void NameOwnColumns(const Format& format, const OwnColumns& wished, const RowTraits& traits,
+                    const std::vector<std::string>& results, CPLStringList& options);
 
 /// Makes a layer without fields. Fault where it can't be made, or has no place for shapes.
 [[nodiscard]] OGRLayer* CreateTargetLayer(GDALDataset& dataset, const std::string& name,

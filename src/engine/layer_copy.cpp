@@ -20,19 +20,6 @@ using namespace engine;
 constexpr std::int64_t kMostGeodatabaseRow = 2147483647;
 constexpr const char* kGeoPackage = ".gpkg";
 
-// A name for a column that the format needs for itself, which no attribute bears.
-std::string OwnColumn(const std::string& wished, const char* usual, const RowTraits& traits) {
-  const Fields& fields = *traits.fields.fields;
-  const auto taken = [&](const std::string& name) {
-    return std::ranges::any_of(
-        fields, [&](const FieldRef& field) { return IsAttribute(*field) && EqualsIgnoringCase(field->Name, name); });
-  };
-  const std::string base = wished.empty() ? usual : wished;
-  std::string name = base;
-  for (int number = 1; taken(name); ++number) name = base + "_" + std::to_string(number);
-  return name;
-}
-
 /// Makes one copy.
 class Copier {
  public:
@@ -105,12 +92,10 @@ class Copier {
                         const fs::path& shown) {
     LayerHandle source = source_->Source()->Read();
     const bool same_format = format.driver == source.Dataset().GetDriverName();
-    if (format.ending == kGeoPackage) {
-      const std::string fid = same_format ? source.Layer().GetFIDColumn() : "";
-      const std::string shape = same_format ? source.Layer().GetGeometryColumn() : "";
-      options.SetNameValue("FID", OwnColumn(fid, "fid", *source_->Traits()).c_str());
-      options.SetNameValue("GEOMETRY_NAME", OwnColumn(shape, "geom", *source_->Traits()).c_str());
-    }
+    NameOwnColumns(
+        format,
+        same_format ? OwnColumns{source.Layer().GetFIDColumn(), source.Layer().GetGeometryColumn()} : OwnColumns{},
+        *source_->Traits(), request_.result_fields, options);
     const OGRwkbGeometryType declared = source.Layer().GetGeomType();
     type_ = LayerTypeFor(declared, source_->Traits()->shape_type, shapes_, format);
     columns_ = std::make_shared<CopyColumns>(*source_->Traits(), *source.Layer().GetLayerDefn(), DriverOf(format),
@@ -118,6 +103,9 @@ class Copier {
     if (same_format) CopyDomains(source.Dataset(), dataset);
     OGRLayer* layer = CreateTargetLayer(dataset, name, source.Layer().GetSpatialRef(), type_, options, shown);
     columns_->AddTo(*layer, shown.string());
+    for (const CopyColumn& column : columns_->All()) {
+      worked_names_.push_back(columns_->MadeName(column, *layer->GetLayerDefn()));
+    }
     if (&format == &format_) {
       TellNames(*layer->GetLayerDefn());
       for (std::string& sentence : ForetoldOfShapes(declared, shapes_, WhatIsKept(*layer, format))) {
@@ -186,7 +174,6 @@ class Copier {
 
   [[nodiscard]] LayerMaker GeodatabaseLayer() {
     return [this](GDALDataset& dataset, CPLStringList options) {
-      options.SetNameValue("GEOMETRY_NAME", OwnColumn("", "Shape", *source_->Traits()).c_str());
       return MakeLayer(dataset, place_.ClassName(), format_, std::move(options), ShownFile());
     };
   }
@@ -230,7 +217,7 @@ class Copier {
   void NameFields(LayerCopy& copy) const {
     const std::vector<CopyColumn>& columns = columns_->All();
     for (std::size_t index = 0; index < columns.size(); ++index) {
-      copy.fields.push_back({columns[index].field->Name, names_.at(index)});
+      copy.fields.push_back({columns[index].field->Name, names_.at(index), worked_names_.at(index)});
     }
   }
 
@@ -243,6 +230,7 @@ class Copier {
     conversion.shown = request_.place.NativePath();
     conversion.layer = conversion.target.stem().string();
     conversion.standing = Standing();
+    conversion.result_fields = request_.result_fields;
     conversion.shapes = shapes_;
     {
       const StagedOutput probe(conversion.target, StagedOutput::Begin::Empty);
@@ -273,7 +261,7 @@ class Copier {
   ShapeFacts shapes_;
   std::shared_ptr<CopyColumns> columns_;
   OGRwkbGeometryType type_ = wkbUnknown;
-  std::vector<std::string> names_;  // of the source's attributes in the copy
+  std::vector<std::string> names_, worked_names_;  // of the source's attributes
 };
 
 }  // namespace

@@ -18,13 +18,15 @@ struct LayerCopyRequest {
   OutputPlace place;                              ///< with its format and name
   std::optional<std::vector<std::int64_t>> only;  ///< the records to copy, all where nothing is given
   bool replaces = false;                          ///< what stands at the place goes away when the copy is published
+  std::vector<std::string> result_fields;         ///< names that no column may take that the format makes up
   std::string question;                           ///< that the plan tells of, empty for none
   bool plan_only = false;  ///< the copy is for looking at: its columns are those of the copy, its counts the source's
 };
 
 struct CopiedField {
   std::string source;
-  std::string copy;  ///< empty where the format keeps nothing of its kind
+  std::string copy;    ///< in the format of the copy; empty where it keeps nothing of its kind
+  std::string worked;  ///< in the class that is worked on; empty where that keeps nothing of its kind
 };
 
 struct LayerCopy {

@@ -34,6 +34,10 @@ constexpr NameRule kGeodatabaseClass{160, false, NameRule::Characters::Word, kGe
 constexpr NameRule kPersonalClass{52, false, NameRule::Characters::AsciiWord, kGeodatabaseWords, kGeodatabasePrefixes};
 constexpr NameRule kGeodatabaseField{64, false, NameRule::Characters::Word, kGeodatabaseFieldWords, {}};
 constexpr NameRule kAnyText{1000, true, NameRule::Characters::Any, {}, {}};
+// Such columns are read as shapes.
+constexpr std::array kShapeColumns = {Words("wkt")};
+constexpr std::array kShapeColumnPrefixes = {Words("_wkt")};
+constexpr NameRule kTextTableField{1000, true, NameRule::Characters::Any, kShapeColumns, kShapeColumnPrefixes};
 constexpr NameRule kTableField{31, true, NameRule::Characters::Word, {}, {}};
 
 // What a shapefile may consist of, as the programs of the field write it.
@@ -143,7 +147,7 @@ constexpr std::array kFormats = {
            .driver = "CSV",
            .writable = true,
            .class_names = kFileName,
-           .field_names = kAnyText,
+           .field_names = kTextTableField,
            .layer_options = kShapesAsText},
     Format{.name = "Geography Markup Language",
            .category = "GML Feature Class",

@@ -224,6 +224,66 @@ TEST_F(Copies, HeightsAndMeasuresAreKeptOrTold) {
   }
 }
 
+TEST_F(Copies, ColumnsOfTheFormatGiveWayToThoseOfTheUser) {
+  WriteFile(In("own.geojson"), R"({"type":"FeatureCollection","features":[{"type":"Feature",
+    "properties":{"k":1,"WKT":"a","GEOMETRY":"b","ogc_fid":71,"OBJECTID":72,"fid":73,"geom":"c","Shape":"d"},
+    "geometry":{"type":"Polygon","coordinates":[[[0,0],[1,0],[1,1],[0,0]]]}}]})");
+  const std::map<std::string, std::string> written = {{"WKT", "a"},       {"GEOMETRY", "b"}, {"ogc_fid", "71"},
+                                                      {"OBJECTID", "72"}, {"fid", "73"},     {"geom", "c"},
+                                                      {"Shape", "d"}};
+  const std::map<std::string, std::string> renamed = {
+      {"o.csvWKT", "WKT_"}, {"o.sqliteogc_fid", "ogc_fid_"}, {"o.gdb/oOBJECTID", "OBJECTID_"}};
+  for (const std::string copy : {"o.gpkg", "o.sqlite", "o.gdb/o", "o.csv"}) {
+    // The measure overwrites a field of the source, or makes a new one that bears a name of the format's own.
+    for (const char* field : {"OBJECTID", "ogc_fid", "fid", ""}) {
+      const std::string measure = *field == '\0' ? "1" : std::string("Number of Parts=") + field;
+      const std::string file = In(copy.substr(0, copy.find("/")));
+      fs::remove_all(file);
+      const ProgramOutcome run =
+          RunTessarine({"calculate", In("own.geojson"), "-m", measure, "-q", "-y", "-o", In(copy)});
+      ASSERT_EQ(run.status, 0) << copy << field << run.err;
+      for (const auto& [name, value] : written) {
+        const auto other = renamed.find(copy + name);
+        const std::string there = other == renamed.end() ? name : other->second;
+        EXPECT_EQ(Values(file, "", "k", there.c_str())["1"], name == field ? "1" : value) << copy << field << name;
+      }
+      EXPECT_THAT(Shapes(file)[1], HasSubstr("POLYGON")) << copy;
+    }
+  }
+  WriteShapes(In("bare.gpkg"), wkbPolygon, {"POLYGON((0 0,1 0,1 1,0 0))"});
+  for (const auto& [copy, field, there] :
+       {std::tuple("b.gpkg", "geom", "geom"), std::tuple("b.gpkg", "fid", "fid"),
+        std::tuple("b.sqlite", "ogc_fid", "ogc_fid_"), std::tuple("b.sqlite", "GEOMETRY", "geometry"),
+        std::tuple("b.gdb/b", "OBJECTID", "OBJECTID_"), std::tuple("b.gdb/b", "Shape", "Shape"),
+        std::tuple("b.csv", "WKT", "WKT_")}) {
+    const std::string name = copy;
+    const std::string file = In(name.substr(0, name.find("/")));
+    fs::remove_all(file);
+    const ProgramOutcome run = RunTessarine(
+        {"calculate", In("bare.gpkg"), "-m", std::string("Number of Parts=") + field, "-q", "-o", In(copy)});
+    ASSERT_EQ(run.status, 0) << copy << field << run.err;
+    EXPECT_EQ(Values(file, "", "k", there)["1"], "1") << copy << field;
+  }
+}
+
+TEST_F(Copies, AFieldThatCanNotBeWrittenToIsRefused) {
+  WriteShapes(In("bare.gpkg"), wkbPolygon, {"POLYGON((0 0,1 0,1 1,0 0))"});
+  const std::string before = ReadFile(In("bare.gpkg"));
+  for (const char* field : {"fid", "FID", "geom"}) {
+    for (const char* more : {"--yes", "--dry-run"}) {
+      const ProgramOutcome run =
+          RunTessarine({"calculate", In("bare.gpkg"), "-m", std::string("Number of Parts=") + field, "-q", more});
+      EXPECT_EQ(run.status, 2) << field << run.err;
+      EXPECT_THAT(run.err, HasSubstr("can't be written to")) << field;
+      EXPECT_EQ(ReadFile(In("bare.gpkg")), before) << field;
+    }
+  }
+  const ProgramOutcome run =
+      RunTessarine({"calculate", In("bare.gpkg"), "-m", "Number of Parts=FID", "-q", "-o", In("b.shp")});
+  EXPECT_EQ(run.status, 2) << run.err;
+  EXPECT_THAT(Left(), ElementsAre("bare.gpkg"));
+}
+
 TEST_F(Copies, BinaryColumnsAreCarriedOrTold) {
   {
     const auto data = GDALDatasetUniquePtr(

@@ -32,8 +32,9 @@ struct CalculateOptions {
   SpheroidOptions spheroid;
 };
 
-ExitStatus Calculate(const CalculateOptions& options, Session& session, const DocumentFeatureLayer& layer) {
-  const GeometryAnswers answers{options.measures, options.all_measures, ChooseSpheroid(options.spheroid),
+ExitStatus Calculate(const CalculateOptions& options, const std::vector<std::string>& measures, Session& session,
+                     const DocumentFeatureLayer& layer) {
+  const GeometryAnswers answers{measures, options.all_measures, ChooseSpheroid(options.spheroid),
                                 options.planetocentric};
   GeometryScript script(answers, layer);
   return session.Run("Tessarine.clsConvertGeometry", &script);
@@ -53,7 +54,7 @@ ExitStatus CalculateInPlace(const CalculateOptions& options) {
   Session session(options.common);
   const std::shared_ptr<DocumentFeatureLayer> layer = TakeLayer(session.Document(), options.source);
   RefuseReadOnly(*layer);
-  return Calculate(options, session, *layer);
+  return Calculate(options, options.measures, session, *layer);
 }
 
 // Puts the copy in the place of its source for this run, with what the document says of fields and selection.
@@ -64,7 +65,7 @@ std::shared_ptr<DocumentFeatureLayer> TakeCopy(const LayerCopy& copy, const Docu
   layer->SetName(FreeLayerName(session.Document(), copy.output->Name()));
   for (const CopiedField& field : copy.fields) {
     for (const auto& [name, info] : source.FieldInfos()) {
-      if (!field.copy.empty() && EqualsIgnoringCase(name, field.source)) layer->SetFieldInfo(field.copy, info);
+      if (!field.worked.empty() && EqualsIgnoringCase(name, field.source)) layer->SetFieldInfo(field.worked, info);
     }
   }
   if (!selected.empty()) layer->SetSelection(SelectByOids(copy.output, selected));
@@ -72,6 +73,37 @@ std::shared_ptr<DocumentFeatureLayer> TakeCopy(const LayerCopy& copy, const Docu
   session.Document().SetSelectedLayer(layer);
   session.KeepForRunOnly(layer);
   return layer;
+}
+
+std::vector<std::string> FieldsOfMeasures(const std::vector<std::string>& measures) {
+  std::vector<std::string> fields;
+  for (const std::string& measure : measures) {
+    for (std::string& name : MeasureText(measure).fields) fields.push_back(std::move(name));
+  }
+  return fields;
+}
+
+// The measures with the fields as the copy calls them: a field of the source may have got another name in it, and
+// a name that the format reserves is changed for a new field as for one of the source.
+std::vector<std::string> MeasuresOfCopy(const std::vector<std::string>& measures, const LayerCopy& copy,
+                                        const NameRule& rule) {
+  std::vector<std::string> own;
+  for (const std::string& measure : measures) {
+    MeasureText text(measure);
+    for (std::string& name : text.fields) {
+      const auto same = [&](const CopiedField& field) {
+        return !field.worked.empty() && EqualsIgnoringCase(field.source, name);
+      };
+      const auto field = std::ranges::find_if(copy.fields, same);
+      if (field != copy.fields.end()) {
+        name = field->worked;
+      } else if (std::ranges::find(rule.reserved, LowerCase(name)) != rule.reserved.end()) {
+        name = LegalName(rule, name);
+      }
+    }
+    own.push_back(text.Joined());
+  }
+  return own;
 }
 
 // The identifiers in the copy; those of the source where it is only planned.
@@ -123,9 +155,13 @@ ExitStatus CalculateOnCopy(const CalculateOptions& options) {
   const ReplacementAnswer answer = AskToReplace(target, options.common);
   if (answer.replacing == Replacing::Declined) return ExitStatus::Refused;
 
-  LayerCopyRequest request{source->FeatureClass(), target.place,
-                           std::nullopt,           answer.replacing == Replacing::Agreed,
-                           answer.question,        options.common.dry_run};
+  LayerCopyRequest request{source->FeatureClass(),
+                           target.place,
+                           std::nullopt,
+                           answer.replacing == Replacing::Agreed,
+                           FieldsOfMeasures(options.measures),
+                           answer.question,
+                           options.common.dry_run};
   if (options.only_selected) request.only = selected;
   RunJournal& journal = session.Host().Journal();
   std::optional<LayerCopy> copy;
@@ -139,7 +175,8 @@ ExitStatus CalculateOnCopy(const CalculateOptions& options) {
   }
   selected =
       options.only_selected ? std::vector<std::int64_t>() : SelectedInCopy(*copy, selected, options.common.dry_run);
-  return Calculate(options, session, *TakeCopy(*copy, *source, selected, session));
+  return Calculate(options, MeasuresOfCopy(options.measures, *copy, target.place.format->field_names), session,
+                   *TakeCopy(*copy, *source, selected, session));
 }
 
 ExitStatus RunCalculate(const CalculateOptions& options) {

@@ -80,9 +80,26 @@ std::vector<std::string> SplitAtCommas(const std::string& text) {
   return parts;
 }
 
-void NameFields(Form& form, int box, const std::string& measure, const std::string& names) {
+// Why no measure can be written to the field, as the end of a sentence; empty where it can.
+std::string Obstacle(const DocumentFeatureLayer& layer, const std::string& name) {
+  const std::int32_t index = layer.FeatureClass()->FindField(name);
+  if (index < 0) return "";
+  const FieldRef field = layer.FeatureClass()->Fields()->Field(index);
+  if (field->Type == esriFieldTypeOID) return "it identifies the records";
+  if (field->Type == esriFieldTypeGeometry) return "it holds the shapes";
+  if (field->Type == esriFieldTypeBlob) return "it holds binary data";
+  return field->Editable ? "" : "the data don't let it be changed";
+}
+
+void NameFields(Form& form, int box, const DocumentFeatureLayer& layer, const std::string& measure,
+                const std::vector<std::string>& fields) {
   const std::vector<ComboBox*> combos = ShownCombos(form, box);
-  const std::vector<std::string> fields = SplitAtCommas(names);
+  for (const std::string& name : fields) {
+    const std::string obstacle = Obstacle(layer, name);
+    if (obstacle.empty()) continue;
+    throw Refusal("-m \"" + measure + "\": the field '" + name + "' can't be written to: " + obstacle +
+                  ". Name another field.");
+  }
   if (fields.size() != combos.size()) {
     throw Refusal("-m \"" + measure + "\": this measure has " +
                   (combos.size() == 1 ? "one field" : std::to_string(combos.size()) + " fields") + ", but " +
@@ -97,6 +114,18 @@ void NameFields(Form& form, int box, const std::string& measure, const std::stri
 }
 
 }  // namespace
+
+MeasureText::MeasureText(const std::string& text) {
+  const std::size_t equals = text.find('=');
+  name = Trim(text.substr(0, equals));
+  if (equals != std::string::npos) fields = SplitAtCommas(text.substr(equals + 1));
+}
+
+std::string MeasureText::Joined() const {
+  std::string text = name;
+  for (std::size_t index = 0; index < fields.size(); ++index) text += (index == 0 ? '=' : ',') + fields[index];
+  return text;
+}
 
 void MeasureListing::Answer(Form& form) {
   ChooseLayer(form, layer_);
@@ -145,8 +174,8 @@ void GeometryScript::AnswerGeometry(Form& form) {
 }
 
 std::int32_t GeometryScript::Tick(Form& form, const std::string& measure) const {
-  const std::size_t equals = measure.find('=');
-  const std::string name = Trim(measure.substr(0, equals));
+  const MeasureText text(measure);
+  const std::string& name = text.name;
   std::string offered;
   for (const CataloguedMeasure& known : CatalogueOf(layer_)) {
     if (!IsCalled(known, name)) {
@@ -154,7 +183,7 @@ std::int32_t GeometryScript::Tick(Form& form, const std::string& measure) const 
       continue;
     }
     ControlOf<CheckBox>(form, "chk" + std::to_string(known.OptionId)).SetValue(CheckBox::kChecked);
-    if (equals != std::string::npos) NameFields(form, known.OptionId, measure, measure.substr(equals + 1));
+    if (!text.fields.empty()) NameFields(form, known.OptionId, layer_, measure, text.fields);
     return known.OptionId;
   }
   throw Refusal("-m \"" + measure + "\": '" + layer_.Name() + "' has no measure '" + name + "'. It has: " + offered +

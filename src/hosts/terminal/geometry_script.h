@@ -41,6 +41,15 @@ class MeasureListing final : public FormScript {
   OfferedMeasures offered_;
 };
 
+/// "MEASURE" or "MEASURE=FIELD,FIELD", taken apart.
+struct MeasureText {
+  std::string name;
+  std::vector<std::string> fields;  ///< empty where none are named
+
+  explicit MeasureText(const std::string& text);
+  [[nodiscard]] std::string Joined() const;
+};
+
 struct GeometryAnswers {
   /// "MEASURE", "MEASURE=FIELD" or "MEASURE=FIELD,FIELD", each by its caption, a report label or its option id
   std::vector<std::string> measures;
