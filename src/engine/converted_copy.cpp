@@ -5,6 +5,7 @@
 #include "engine/copy_target.h"
 #include "engine/copy_values.h"
 #include "engine/ogr_cursor.h"
+#include "engine/ogr_geometry.h"
 #include "engine/srs_from_gdal.h"
 #include "outputs/way_out.h"
 #include "platform/run_stop.h"
@@ -45,6 +46,11 @@ class MergedRows {
   }
 
   [[nodiscard]] const OgrFeature& From() const { return *from_; }
+  /// Null also for a shape that isn't written, as was told when its record was copied.
+  [[nodiscard]] const OGRGeometry* Shape() const {
+    const OGRGeometry* shape = from_->Feature().GetGeometryRef();
+    return shape != nullptr && HasFinitePositions(*shape) ? shape : nullptr;
+  }
   [[nodiscard]] const OGRFeature& Worked() const { return *row_; }
   [[nodiscard]] bool IsChanged(std::size_t column) const { return changed_[column]; }
   [[nodiscard]] const OGRFeatureDefn& WorkedDefinition() const { return *worked_rows_.Layer().GetLayerDefn(); }
@@ -141,7 +147,7 @@ class TargetFile {
 
   /// A record that the format can't keep is left out, which the notes tell.
   [[nodiscard]] bool Takes(const MergedRows& merged) const {
-    const OGRGeometry* shape = merged.From().Feature().GetGeometryRef();
+    const OGRGeometry* shape = merged.Shape();
     return !conversion_.format->needs_shapes || (shape != nullptr && !shape->IsEmpty());
   }
 
@@ -161,7 +167,7 @@ class TargetFile {
     for (const Result& result : results_) PutWorked(merged.Worked(), result.worked, row.Feature(), result.written);
     OGRFeature& feature = row.Feature();
     if (conversion_.format->keeps_identifiers && !conversion_.shapes.repeated) feature.SetFID(oid);
-    const OGRGeometry* shape = merged.From().Feature().GetGeometryRef();
+    const OGRGeometry* shape = merged.Shape();
     if (shape != nullptr) {
       feature.SetGeometryDirectly(
           FitShape(std::unique_ptr<OGRGeometry>(shape->clone()), type_, *conversion_.format, oid, notes).release());
@@ -205,9 +211,21 @@ class TargetFile {
     }
   }
 
+  static void RemoveControls(OGRFeature& feature) {
+    for (int index = 0; index < feature.GetFieldCount(); ++index) {
+      if (feature.GetFieldDefnRef(index)->GetType() != OFTString || feature.IsFieldSetAndNotNull(index) == 0) continue;
+      std::string text = feature.GetFieldAsString(index);
+      const auto is_control = [](char c) {
+        return static_cast<unsigned char>(c) < 0x20U && c != '\t' && c != '\n' && c != '\r';
+      };
+      if (std::erase_if(text, is_control) > 0) feature.SetField(index, text.c_str());
+    }
+  }
+
   // A shape that the format doesn't take costs the record its shape alone.
   void Store(OGRFeature& feature, std::int64_t oid, RunJournal& notes) {
     if (conversion_.format->finite_numbers) NullUnlessFinite(feature);
+    if (conversion_.format->clean_texts) RemoveControls(feature);
     GdalErrorScope errors;
     if (TryToStore(feature, errors)) {
       if (!errors.Text().empty()) notes.NoteWarning("GDAL says: " + errors.Text(), oid);
@@ -279,7 +297,7 @@ class Readback {
     for (const Result& result : results_) {
       if (result.written >= 0) CompareOne(merged.Worked(), result.worked, *row, result.written, oid);
     }
-    CompareShapes(merged.From().Feature().GetGeometryRef(), row->GetGeometryRef(), conversion, oid);
+    CompareShapes(merged.Shape(), row->GetGeometryRef(), conversion, oid);
   }
 
  private:

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "engine/ogr_cursor.h"
+#include "engine/ogr_geometry.h"
 #include "platform/run_stop.h"
 
 namespace tessarine::engine {
@@ -16,7 +17,7 @@ constexpr const char* kHeightLost = "The heights (Z) of the shape aren't kept by
 constexpr const char* kMeasureLost = "The measures (M) of the shape aren't kept by the format.";
 
 void LookAt(const OGRGeometry* shape, ShapeFacts& facts, OGREnvelope& extent) {
-  if (shape == nullptr || shape->IsEmpty()) return;
+  if (shape == nullptr || shape->IsEmpty() || !HasFinitePositions(*shape)) return;
   const OGRwkbGeometryType type = shape->getGeometryType();
   const bool multiple = OGR_GT_IsSubClassOf(type, wkbGeometryCollection) != 0;
   (multiple ? facts.multiple : facts.single) = true;
@@ -101,7 +102,16 @@ std::unique_ptr<OGRGeometry> FitShape(std::unique_ptr<OGRGeometry> shape, OGRwkb
       notes.NoteWarning(kMeasureFilled, oid);
     }
   }
-  if (OGR_GT_IsSubClassOf(OGR_GT_Flatten(type), wkbGeometryCollection) == 0) return shape;
+  // Of these formats only GeoPackages know triangles as such.
+  if (OGR_GT_Flatten(shape->getGeometryType()) == wkbTriangle && format.driver != "GPKG") {
+    shape.reset(OGRGeometryFactory::forceToPolygon(shape.release()));
+  }
+  if (OGR_GT_IsSubClassOf(OGR_GT_Flatten(type), wkbGeometryCollection) == 0) {
+    const bool same_kind = OGR_GT_Flatten(shape->getGeometryType()) == OGR_GT_Flatten(type);
+    if (!format.one_kind || same_kind) return shape;
+    const OGRwkbGeometryType kind = OGR_GT_SetModifier(OGR_GT_Flatten(type), shape->Is3D(), shape->IsMeasured());
+    return std::unique_ptr<OGRGeometry>(OGRGeometryFactory::forceTo(shape.release(), kind));
+  }
   const bool is_multiple = OGR_GT_IsSubClassOf(shape->getGeometryType(), wkbGeometryCollection) != 0;
   const bool curves = OGR_GT_IsNonLinear(shape->getGeometryType()) != 0;
   if (is_multiple && curves == (OGR_GT_IsNonLinear(type) != 0)) return shape;

@@ -87,6 +87,7 @@ const Format* FormatToWrite(const std::string& native_path) {
                   .ending = other.ending,
                   .driver = other.driver,
                   .writable = true,
+                  .clean_texts = other.driver == "LIBKML" || other.driver == "KML" || other.driver == "GPX",
                   .class_names = kAnyName,
                   .field_names = other.driver == "SQLite" ? kDatabaseField : kAnyName};
   return &other.format;

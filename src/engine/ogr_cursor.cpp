@@ -190,6 +190,10 @@ std::int64_t InsertingCursor::InsertRow(const IRowBuffer& buffer) {
   OGRFeature& feature = row->Feature();
   if (!keeps_identifiers_) feature.SetFID(OGRNullFID);
   const std::int64_t kept = feature.GetFID();
+  if (const OGRGeometry* shape = feature.GetGeometryRef(); shape != nullptr && !HasFinitePositions(*shape)) {
+    Raise(kRowRefused,
+          "The shape has a coordinate that is infinite or no number: '" + owner_->Name() + "' can't keep it.");
+  }
   if (grid_) {
     RequireOnGrid(*grid_, feature, owner_->Name());
     KeepValidOnGrid(*grid_, feature);

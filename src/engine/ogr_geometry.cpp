@@ -1,6 +1,7 @@
 #include "engine/ogr_geometry.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "engine/geos_bridge.h"
 #include "platform/fault.h"
@@ -279,6 +280,20 @@ GeometryRef ShapeOf(const Variant& value) {
     Raise(kTypeMismatch, "The shape of a row can't be replaced by the value '" + value.AsText() + "'.");
   }
   return value.AsObject<IGeometry>();
+}
+
+bool HasFinitePositions(const OGRGeometry& shape) {
+  if (shape.IsEmpty()) return true;
+  class Look final : public OGRDefaultConstGeometryVisitor {
+   public:
+    bool finite = true;
+    using OGRDefaultConstGeometryVisitor::visit;
+    void visit(const OGRPoint* point) override {
+      finite = finite && std::isfinite(point->getX()) && std::isfinite(point->getY());
+    }
+  } look;
+  shape.accept(&look);
+  return look.finite;
 }
 
 }  // namespace tessarine::engine

@@ -31,4 +31,7 @@ namespace tessarine::engine {
 /// which must not clear a shape.
 [[nodiscard]] GeometryRef ShapeOf(const Variant& value);
 
+/// False where a position of the shape is infinite or no number.
+[[nodiscard]] bool HasFinitePositions(const OGRGeometry& shape);
+
 }  // namespace tessarine::engine

@@ -120,6 +120,7 @@ constexpr std::array kFormats = {
            .reorders = true,
            .needs_shapes = true,
            .uniform_shapes = true,
+           .one_kind = true,
            .multiple_shapes = true,
            .class_names = kFileName,
            .field_names = kAnyText},

@@ -40,6 +40,8 @@ struct Format {
   bool reorders = false;           ///< rows don't come back in the order in which they were written
   bool needs_shapes = false;       ///< a row without a shape can't be kept
   bool uniform_shapes = false;     ///< all shapes of a class have heights, or none has; so with measures
+  bool one_kind = false;           ///< a class of curves holds no plain lines beside them
+  bool clean_texts = false;        ///< a text with a control character makes the whole file unreadable
   bool finite_numbers = false;     ///< infinities and no-number can't be kept; such a value is null
   bool multiple_shapes = false;    ///< a class is of single shapes or of multiple ones, never of both
   NameRule class_names, field_names;
