@@ -110,10 +110,16 @@ double PolygonRecord::SpheroidalArea() {
   const Polygon& polygon = *GeographicPolygon();
   // What comes out of a projection is whole already.
   const std::shared_ptr<Polygon> whole = settings_.Kind == SpatialKind::Geographic ? Whole(polygon) : CloneOf(polygon);
-  whole->Simplify();
+  // Each exterior ring with its holes by itself: parts that overlap count twice, as they do on the sphere.
+  const std::shared_ptr<GeometryBag> components = whole->ConnectedComponentBag();
   double area = 0.0;
-  for (const auto& ring : whole->Parts())
-    area += ExactRingArea(ring->Vertices(), settings_.SemiMajor, settings_.SemiMinor);
+  for (std::int32_t index = 0; index < components->GeometryCount(); ++index) {
+    const auto component = Cast<Polygon>(components->Geometry(index));
+    component->Simplify();
+    for (const auto& ring : component->Parts()) {
+      area += ExactRingArea(ring->Vertices(), settings_.SemiMajor, settings_.SemiMinor);
+    }
+  }
   return area;
 }
 

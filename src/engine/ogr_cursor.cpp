@@ -39,24 +39,6 @@ bool CompilesInDatabase(const LayerHandle& handle, const std::string& condition)
   Raise(kInvalidCall, std::string("This cursor can't ") + what + ".");
 }
 
-class FiniteCoordinates final : public OGRDefaultConstGeometryVisitor {
- public:
-  using OGRDefaultConstGeometryVisitor::visit;
-  void visit(const OGRPoint* point) override {
-    if (!point->IsEmpty()) finite_ = finite_ && std::isfinite(point->getX()) && std::isfinite(point->getY());
-  }
-  [[nodiscard]] bool Finite() const { return finite_; }
-
- private:
-  bool finite_ = true;
-};
-
-bool IsFinite(const OGRFeature& feature) {
-  FiniteCoordinates coordinates;
-  if (const OGRGeometry* shape = feature.GetGeometryRef()) shape->accept(&coordinates);
-  return coordinates.Finite();
-}
-
 }  // namespace
 
 void ApplyFilter(LayerHandle& handle, const QueryFilter& filter) {
@@ -191,8 +173,8 @@ std::int64_t InsertingCursor::InsertRow(const IRowBuffer& buffer) {
   if (!keeps_identifiers_) feature.SetFID(OGRNullFID);
   const std::int64_t kept = feature.GetFID();
   if (const OGRGeometry* shape = feature.GetGeometryRef(); shape != nullptr && !HasFinitePositions(*shape)) {
-    Raise(kRowRefused,
-          "The shape has a coordinate that is infinite or no number: '" + owner_->Name() + "' can't keep it.");
+    Raise(kCoordinateRange, "A shape can't be written to '" + owner_->Source()->Path() +
+                                "': a coordinate of it is infinite or no number.");
   }
   if (grid_) {
     RequireOnGrid(*grid_, feature, owner_->Name());
@@ -202,10 +184,6 @@ std::int64_t InsertingCursor::InsertRow(const IRowBuffer& buffer) {
   if (transactions_ && !in_transaction_) in_transaction_ = layer.StartTransaction() == OGRERR_NONE;
   exponents_.TakeOut(feature, row->Exponents());
   if (layer.CreateFeature(&feature) != OGRERR_NONE || errors.Failed()) {
-    if (!IsFinite(feature)) {
-      Raise(kCoordinateRange, "A shape can't be written to '" + owner_->Source()->Path() +
-                                  "': a coordinate of it is infinite or no number.");
-    }
     RaiseRowNotWritten("A row can't be written to '" + owner_->Source()->Path() + "'", errors,
                        WayOut(owner_->Source()->Path(), errors.Text()));
   }

@@ -291,6 +291,12 @@ bool HasFinitePositions(const OGRGeometry& shape) {
     void visit(const OGRPoint* point) override {
       finite = finite && std::isfinite(point->getX()) && std::isfinite(point->getY());
     }
+    // A point without coordinates is an empty one; it counts here alone, since any vertex without them looks like it.
+    void visit(const OGRMultiPoint* points) override {
+      for (const OGRPoint* point : *points) {
+        if (!point->IsEmpty()) visit(point);
+      }
+    }
   } look;
   shape.accept(&look);
   return look.finite;

@@ -124,6 +124,18 @@ TEST(DegenerateParts, TheOthersAreMeasured) {
 }
 
 // As GEOS has it: of the lines, or of the places where these have no length.
+// Each exterior ring is measured with its own holes: parts that overlap, or lie in each other, count twice.
+TEST(OverlappingParts, CountEachByItself) {
+  const std::vector<XY> box = Box(0, 0, 10, 10), inner = Box(2, 2, 8, 8);
+  const auto area_of = [](const std::vector<std::vector<XY>>& parts) {
+    return Feature(Geographic, *PolygonOf(parts))(6).First.AsDouble();
+  };
+  EXPECT_NEAR(area_of({box, box}), 2 * area_of({box}), 1.0);
+  EXPECT_NEAR(area_of({box, inner}), area_of({box}) + area_of({inner}), 1.0);
+  // By GeographicLib's Planimeter.
+  EXPECT_NEAR(area_of({box}), 1227877191.6 * 1e3, 1e6);
+}
+
 TEST(DegenerateParts, APlanarCentroidWithoutArea) {
   const struct {
     const char* name;

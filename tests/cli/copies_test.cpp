@@ -524,5 +524,23 @@ TEST_F(Copies, ADiskThatIsFullCostsOnlyTheCopy) {
   }
 }
 
+// A shape that no format can keep costs its record the shape, and no other record anything.
+TEST_F(Copies, AnInfiniteCoordinateCostsItsOwnShapeAlone) {
+  WriteFile(In("i.json"), R"({"type": "FeatureCollection", "features": [
+    {"type": "Feature", "properties": {"n": 1}, "geometry": {"type": "Polygon", "coordinates": [[[0,0],[0,1],[1,1],[0,0]]]}},
+    {"type": "Feature", "properties": {"n": 2}, "geometry": {"type": "Polygon", "coordinates": [[[0,0],[0,1e400],[1,1],[0,0]]]}},
+    {"type": "Feature", "properties": {"n": 3}, "geometry": {"type": "Polygon", "coordinates": [[[5,0],[5,1],[6,1],[5,0]]]}}]})");
+  for (const char* output : {"o.shp", "o.gpkg", "o.geojson", "o.gdb/o", "o.fgb", "o.csv", "o.tab"}) {
+    const ProgramOutcome run = RunTessarine(
+        {"calculate", In("i.json"), "-m", "Number of Vertices=nv", "-o", In(output), "-q", "--report", In("r.json")});
+    EXPECT_EQ(run.status, 1) << output << run.err;
+    const nlohmann::json facts = nlohmann::json::parse(ReadFile(In("r.json")));
+    EXPECT_EQ(facts.at("outcome"), "incomplete") << output;
+    // A FlatGeobuf keeps no record without a shape.
+    EXPECT_EQ(facts.at("records").at("written"), output == std::string("o.fgb") ? 2 : 3) << output;
+    EXPECT_EQ(facts.at("records").at("unmeasured_oids").at(0), 1) << output;
+  }
+}
+
 }  // namespace
 }  // namespace tessarine::testing

@@ -141,6 +141,7 @@ void CopyClass(const std::string& file, const std::string& name, const std::stri
                                  .place = {FormatOfPath(file), file, "", copy},
                                  .only = std::nullopt,
                                  .replaces = replaces,
+                                 .result_fields = {},
                                  .question = ""};
   Cast<IStagedDataset>(MakeLayerCopy(request).output)->Publish();
 }
