@@ -1,6 +1,7 @@
 #include "geodesy/short_steps.h"
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 #include <vector>
 
@@ -13,13 +14,24 @@ using Vertices = std::vector<XY>;
 using PathRef = std::shared_ptr<Path>;
 
 constexpr double kPole = 90.0;
+constexpr double kPoleRounding = 1e-9;
 
+bool AtOnePole(XY first, XY second) {
+  return std::fabs(first.y) >= kPole - kPoleRounding && first.y * second.y > 0.0 &&
+         std::fabs(second.y) >= kPole - kPoleRounding;
+}
+
+bool IsTorn(XY first, XY second) { return HasLongStep(std::vector<XY>{first, second}) && !AtOnePole(first, second); }
+
+// A ring that runs along its pole is led over it already: that side isn't torn, however long it is.
 bool AnyLongStep(const PartedShape& shape) {
   return std::ranges::any_of(shape.Parts(), [](const PathRef& part) {
     const std::span<const XY> vertices = part->Vertices();
+    for (std::size_t index = 1; index < vertices.size(); ++index) {
+      if (IsTorn(vertices[index - 1], vertices[index])) return true;
+    }
     // The side that closes an open ring counts, too.
-    return HasLongStep(vertices) || (part->GeometryType() == esriGeometryRing && !vertices.empty() &&
-                                     HasLongStep(std::vector<XY>{vertices.back(), vertices.front()}));
+    return part->GeometryType() == esriGeometryRing && !vertices.empty() && IsTorn(vertices.back(), vertices.front());
   });
 }
 
