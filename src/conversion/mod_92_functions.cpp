@@ -31,6 +31,9 @@ constexpr std::array<std::string_view, 1> kMeasures = {"Area"};
 constexpr std::string_view kNotFinite =
     "Lines with a coordinate that is infinite or no number bound nothing: mend or remove these coordinates.";
 
+constexpr std::string_view kTooSmall =
+    "A polygon is so small that the coordinates of the output leave nothing of it: it is there without a shape.";
+
 /// The moving picture and the hourglass while the run lasts, however it ends.
 class BusySigns {
  public:
@@ -109,6 +112,7 @@ std::string CompletePolygons(IFeatureClass& output, const FieldTransfer& transfe
       feature->SetValue(transfer.UniqueIdIndex(), ++count);
       const auto polygon = Cast<Polygon>(feature->Shape());
       Require(polygon, "IPolygon")->Simplify();
+      if (polygon->IsEmpty()) journal.NoteWarning(kTooSmall, oid);
       feature->SetShape(polygon);
       const FieldRef& area = output.Fields()->Field(transfer.MeasureIndex(0));
       NoteMeasureChange(journal, *area, feature->SetValue(transfer.MeasureIndex(0), polygon->Area()), oid);

@@ -297,5 +297,20 @@ TEST_F(Endings, NamesThatGiveWayAreSaidBeforeTheRun) {
   }
 }
 
+// Below the grid of a geodatabase nothing is left of a polygon: that is told.
+TEST_F(Endings, PolygonsThatTheOutputHasNoRoomForAreTold) {
+  WriteFile(In("l.json"), R"({"type": "FeatureCollection", "features": [
+    {"type": "Feature", "properties": {}, "geometry": {"type": "LineString", "coordinates": [[0,0],[0,1],[1,1],[0,0]]}},
+    {"type": "Feature", "properties": {}, "geometry": {"type": "LineString",
+     "coordinates": [[5,5],[5,5.000000000001],[5.000000000001,5.000000000001],[5,5]]}}]})");
+  const ProgramOutcome run =
+      RunTessarine({"build-polygons", In("l.json"), "-t", "0", "-o", In("g.gdb/p"), "-q", "--report", In("r.json")});
+  EXPECT_EQ(run.status, 0) << run.err;
+  const json facts = json::parse(ReadFile(In("r.json")));
+  EXPECT_EQ(facts.at("records").at("written"), 2);
+  ASSERT_EQ(facts.at("warnings").size(), 1U);
+  EXPECT_THAT(facts.at("warnings").at(0).at("text").get<std::string>(), HasSubstr("A polygon is so small"));
+}
+
 }  // namespace
 }  // namespace tessarine::testing
