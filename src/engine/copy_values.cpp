@@ -1,11 +1,14 @@
 #include "engine/copy_values.h"
 
 #include <cpl_conv.h>
+#include <cpl_json.h>
 
 #include <array>
 #include <cmath>
 #include <cstring>
 #include <string>
+
+#include "engine/engine_fault.h"
 
 namespace tessarine::engine {
 namespace {
@@ -93,6 +96,15 @@ ValueChange CompareTexts(const std::string& meant, const std::string& written) {
   return written.size() < meant.size() && meant.starts_with(written) ? ValueChange::TextCut : ValueChange::BadText;
 }
 
+// The same members and values, however they are spaced.
+bool SameJson(const char* first, const char* second) {
+  const GdalErrorScope quiet;
+  CPLJSONDocument a, b;
+  return a.LoadMemory(std::string(first)) && b.LoadMemory(std::string(second)) &&
+         a.GetRoot().Format(CPLJSONObject::PrettyFormat::Plain) ==
+             b.GetRoot().Format(CPLJSONObject::PrettyFormat::Plain);
+}
+
 ValueChange Missing(const OGRFeature& meant, int index) {
   const OGRFieldType type = meant.GetFieldDefnRef(index)->GetType();
   if (type == OFTReal && !std::isfinite(meant.GetFieldAsDouble(index))) return ValueChange::NotFinite;
@@ -129,6 +141,10 @@ ValueChange CompareValues(const OGRFeature& meant, int meant_index, const OGRFea
   if (IsList(type)) {
     return ListText(meant, meant_index) == ListText(written, written_index) ? ValueChange::None
                                                                             : ValueChange::Unreadable;
+  }
+  if (meant.GetFieldDefnRef(meant_index)->GetSubType() == OFSTJSON &&
+      SameJson(meant.GetFieldAsString(meant_index), std::string(written.GetFieldAsString(written_index)).c_str())) {
+    return ValueChange::None;
   }
   return CompareTexts(meant.GetFieldAsString(meant_index), written.GetFieldAsString(written_index));
 }

@@ -542,5 +542,25 @@ TEST_F(Copies, AnInfiniteCoordinateCostsItsOwnShapeAlone) {
   }
 }
 
+// A driver spaces JSON as it likes: the value is the same.
+TEST_F(Copies, JsonIsComparedAsJson) {
+  WriteFile(In("j.json"), R"({"type": "FeatureCollection", "features": [{"type": "Feature",
+    "properties": {"n": 1, "js": {"a":[1,2],"b":{"c":null}}}, "geometry": {"type": "LineString", "coordinates": [[0,0],[1,1]]}}]})");
+  ASSERT_EQ(RunTessarine({"calculate", In("j.json"), "-m", "Number of Parts=np", "-o", In("o.gpkg"), "-q"}).status, 0);
+  {
+    GDALAllRegister();
+    const GDALDatasetUniquePtr dataset(GDALDataset::Open(In("o.gpkg").c_str(), GDAL_OF_VECTOR | GDAL_OF_UPDATE));
+    const OGRFeatureUniquePtr row(dataset->GetLayer(0)->GetNextFeature());
+    row->SetField("js", R"({"a":[1,2],"b":{"c":null}})");
+    ASSERT_EQ(dataset->GetLayer(0)->SetFeature(row.get()), OGRERR_NONE);
+  }
+  for (const char* source : {"j.json", "o.gpkg"}) {
+    const ProgramOutcome run = RunTessarine({"calculate", In(source), "-m", "Number of Vertices=nv", "-o",
+                                             In("o.geojson"), "-q", "--overwrite", "--report", In("r.json")});
+    EXPECT_EQ(run.status, 0) << run.err;
+    EXPECT_EQ(nlohmann::json::parse(ReadFile(In("r.json"))).at("changed").size(), 0U) << source;
+  }
+}
+
 }  // namespace
 }  // namespace tessarine::testing
