@@ -40,9 +40,10 @@ void BecomeText(CopyColumn& column, Way way) {
   column.definition->SetPrecision(0);
 }
 
-std::unique_ptr<OGRFieldDefn> PlainDefinition(const OGRFieldDefn& source, bool same_format) {
+std::unique_ptr<OGRFieldDefn> PlainDefinition(const OGRFieldDefn& source, const Format& format, bool same_format) {
   auto definition = std::make_unique<OGRFieldDefn>(&source);
   if (same_format) return definition;
+  if (format.byte_widths && definition->GetType() == OFTString) definition->SetWidth(0);
   definition->SetNullable(1);
   definition->SetUnique(0);
   definition->SetDefault(nullptr);
@@ -61,7 +62,7 @@ CopyColumn ColumnFor(const FieldRef& field, const OGRFieldDefn& source, const Dr
   column.field = field;
   const ColumnStore store = ColumnStoreOf(format.driver);
   const OGRFieldType type = source.GetType();
-  column.definition = PlainDefinition(source, same_format);
+  column.definition = PlainDefinition(source, format, same_format);
   if (IsList(type)) {
     column.way = Way::Raw;
     if (!types.Has(type)) BecomeText(column, Way::List);

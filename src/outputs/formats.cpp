@@ -38,7 +38,7 @@ constexpr NameRule kAnyText{1000, true, NameRule::Characters::Any, {}, {}};
 constexpr std::array kShapeColumns = {Words("wkt")};
 constexpr std::array kShapeColumnPrefixes = {Words("_wkt")};
 constexpr NameRule kTextTableField{1000, true, NameRule::Characters::Any, kShapeColumns, kShapeColumnPrefixes};
-constexpr NameRule kTableField{31, true, NameRule::Characters::Word, {}, {}};
+constexpr NameRule kTableField{31, true, NameRule::Characters::AsciiWord, {}, {}};
 
 // What a shapefile may consist of, as the programs of the field write it.
 constexpr std::array kShapefileParts = {Words(".shp"), Words(".shx"), Words(".dbf"),    Words(".prj"), Words(".cpg"),
@@ -129,6 +129,7 @@ constexpr std::array kFormats = {
            .ending = ".tab",
            .driver = "MapInfo File",
            .writable = true,
+           .byte_widths = true,
            .class_names = kFileName,
            .field_names = kTableField,
            .parts = kTableParts,
@@ -138,6 +139,7 @@ constexpr std::array kFormats = {
            .ending = ".mif",
            .driver = "MapInfo File",
            .writable = true,
+           .byte_widths = true,
            .class_names = kFileName,
            .field_names = kTableField,
            .parts = kInterchangeParts,

@@ -43,6 +43,7 @@ struct Format {
   bool one_kind = false;           ///< a class of curves holds no plain lines beside them
   bool clean_texts = false;        ///< a text with a control character makes the whole file unreadable
   bool finite_numbers = false;     ///< infinities and no-number can't be kept; such a value is null
+  bool byte_widths = false;        ///< texts are as wide as their bytes: a column takes the greatest width there is
   bool multiple_shapes = false;    ///< a class is of single shapes or of multiple ones, never of both
   NameRule class_names, field_names;
   std::span<const std::string_view> parts = {};          ///< endings of all its files, where it has several

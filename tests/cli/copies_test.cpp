@@ -562,5 +562,25 @@ TEST_F(Copies, JsonIsComparedAsJson) {
   }
 }
 
+// A table keeps names of plain letters, texts by their bytes, and no nulls: all of it is told or has room.
+TEST_F(Copies, ATableTellsNamesAndNullsAndKeepsWideLetters) {
+  WriteFile(In("a.json"), R"({"type": "FeatureCollection", "features": [
+    {"type": "Feature", "properties": {"gr\u00f6\u00dfe": 5, "s": "\u20ac\u20ac\u20ac\u20ac\u20ac"},
+     "geometry": {"type": "LineString", "coordinates": [[0,0],[1,1]]}},
+    {"type": "Feature", "properties": {"gr\u00f6\u00dfe": null, "s": "x"},
+     "geometry": {"type": "LineString", "coordinates": [[0,0],[1,1]]}}]})");
+  const ProgramOutcome run = RunTessarine(
+      {"calculate", In("a.json"), "-m", "Number of Parts=np", "-o", In("a.tab"), "-q", "--report", In("r.json")});
+  ASSERT_EQ(run.status, 0) << run.err;
+  const nlohmann::json facts = nlohmann::json::parse(ReadFile(In("r.json")));
+  ASSERT_EQ(facts.at("changed").size(), 1U) << facts.at("changed");
+  EXPECT_EQ(facts.at("changed").at(0).at("kind"), "null_filled");
+  GDALAllRegister();
+  const GDALDatasetUniquePtr table(GDALDataset::Open(In("a.tab").c_str(), GDAL_OF_VECTOR));
+  const OGRFeatureUniquePtr row(table->GetLayer(0)->GetNextFeature());
+  EXPECT_EQ(row->GetFieldAsString("s"), std::string("\xE2\x82\xAC\xE2\x82\xAC\xE2\x82\xAC\xE2\x82\xAC\xE2\x82\xAC"));
+  EXPECT_EQ(row->GetFieldAsInteger(facts.at("changed_names").at(0).at("written").get<std::string>().c_str()), 5);
+}
+
 }  // namespace
 }  // namespace tessarine::testing
