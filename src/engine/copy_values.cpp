@@ -3,9 +3,7 @@
 #include <cpl_conv.h>
 #include <cpl_json.h>
 
-#include <array>
 #include <cmath>
-#include <cstring>
 #include <string>
 
 #include "engine/engine_fault.h"
@@ -35,16 +33,10 @@ std::string ListText(const OGRFeature& feature, int index) {
   return list;
 }
 
-bool SameDigits(double first, double second) {
-  if (first == second || (std::isnan(first) && std::isnan(second))) return true;
-  std::array<char, 40> a{}, b{};
-  CPLsnprintf(a.data(), a.size(), "%.15g", first);
-  CPLsnprintf(b.data(), b.size(), "%.15g", second);
-  return std::strcmp(a.data(), b.data()) == 0;
-}
+bool SameNumber(double first, double second) { return first == second || (std::isnan(first) && std::isnan(second)); }
 
 ValueChange CompareReals(double meant, double written) {
-  if (SameDigits(meant, written)) return ValueChange::None;
+  if (SameNumber(meant, written)) return ValueChange::None;
   if (!std::isfinite(meant)) return ValueChange::NotFinite;
   const bool near = std::fabs(meant - written) <= 1e-3 * std::fabs(meant);
   return near || std::fabs(meant - written) < 1.0 ? ValueChange::Rounded : ValueChange::OutOfRange;

@@ -582,5 +582,27 @@ TEST_F(Copies, ATableTellsNamesAndNullsAndKeepsWideLetters) {
   EXPECT_EQ(row->GetFieldAsInteger(facts.at("changed_names").at(0).at("written").get<std::string>().c_str()), 5);
 }
 
+// Formats of text may write fewer digits than a number has.
+TEST_F(Copies, NumbersWithFewerDigitsAreTold) {
+  WriteFile(In("d.json"), R"({"type": "FeatureCollection", "features": [
+    {"type": "Feature", "properties": {"d": 123456.78901234567}, "geometry": {"type": "LineString", "coordinates": [[0,0],[1,1]]}},
+    {"type": "Feature", "properties": {"d": 0.5}, "geometry": {"type": "LineString", "coordinates": [[0,0],[1,1]]}}]})");
+  for (const char* output : {"d.csv", "d.geojson"}) {
+    const ProgramOutcome run = RunTessarine(
+        {"calculate", In("d.json"), "-m", "Number of Parts=np", "-o", In(output), "-q", "--report", In("r.json")});
+    ASSERT_EQ(run.status, 0) << run.err;
+    const nlohmann::json facts = nlohmann::json::parse(ReadFile(In("r.json")));
+    GDALAllRegister();
+    const GDALDatasetUniquePtr copy(GDALDataset::Open(In(output).c_str(), GDAL_OF_VECTOR));
+    const OGRFeatureUniquePtr row(copy->GetLayer(0)->GetNextFeature());
+    const bool same = row->GetFieldAsDouble("d") == 123456.78901234567;
+    ASSERT_EQ(facts.at("changed").size(), same ? 0U : 1U) << output << facts.at("changed");
+    if (!same) {
+      EXPECT_EQ(facts.at("changed").at(0).at("kind"), "rounded");
+      EXPECT_EQ(facts.at("changed").at(0).at("count"), 1);
+    }
+  }
+}
+
 }  // namespace
 }  // namespace tessarine::testing
