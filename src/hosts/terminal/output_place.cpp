@@ -6,6 +6,7 @@
 #include "engine/data_source.h"
 #include "engine/personal_geodatabase_edit.h"
 #include "hosts/terminal/refusal.h"
+#include "outputs/staged_output.h"
 #include "platform/paths.h"
 #include "platform/text_formats.h"
 
@@ -121,7 +122,11 @@ void RefuseBrokenContainer(const OutputPlace& place) {
 }
 
 bool OutputExists(const OutputPlace& place) {
-  if (!place.InContainer()) return !place.Files().empty();
+  if (!place.InContainer()) {
+    // A run may have died in its last step.
+    FinishInterrupted(place.NativePath());
+    return !place.Files().empty();
+  }
   if (!fs::exists(place.container)) return false;
   for (const std::string& layer : DataSource::Open(place.container, false)->LayerNames()) {
     if (EqualsIgnoringCase(layer, place.ClassName())) return true;
