@@ -6,12 +6,12 @@
 #include <limits>
 #include <string>
 
+#include "outputs/column_loss.h"
 #include "platform/fault.h"
 
 namespace tessarine::engine {
 namespace {
 
-constexpr std::size_t kLongestDbaseText = 254;
 constexpr int kUtc = 100, kMinutesPerStep = 15;  // OGR's zones
 
 using Kind = ColumnLimits::Kind;

@@ -91,8 +91,7 @@ class TargetFile {
     LayerHandle source = conversion.source->Source()->Read();
     GDALDriver& driver = DriverOf(*conversion.format);
     const std::shared_ptr<const RowTraits> traits = conversion.source->Traits();
-    columns_ = std::make_shared<CopyColumns>(*traits, *source.Layer().GetLayerDefn(), driver, *conversion.format, false,
-                                             std::vector<std::string>());
+    columns_ = std::make_shared<CopyColumns>(*traits, *source.Layer().GetLayerDefn(), driver, *conversion.format, false);
     declared_ = source.Layer().GetGeomType();
     type_ = LayerTypeFor(declared_, traits->shape_type, conversion.shapes, *conversion.format);
     dataset_ = CreateFile(driver, path, conversion.shown);
@@ -239,7 +238,7 @@ class TargetFile {
                        quote + WayOut(path_.string(), complaint));
     }
     if (!shape->IsEmpty()) {
-      notes.NoteFault(Fault(kRowRefused, "Engine", kShapeLost + quote, __LINE__, SourceFileName(__FILE__)), oid);
+      notes.NoteFault(RecordFault(kRowRefused, kShapeLost + quote), oid);
     }
   }
 
@@ -309,7 +308,7 @@ class Readback {
                      std::int64_t oid) {
     if (meant == nullptr || meant->IsEmpty()) return;
     if (written == nullptr || written->IsEmpty()) {
-      notes_.NoteFault(Fault(kRowRefused, "Engine", kShapeLost, __LINE__, SourceFileName(__FILE__)), oid);
+      notes_.NoteFault(RecordFault(kRowRefused, kShapeLost), oid);
       return;
     }
     if (ShapeMoved(*meant, *written)) notes_.NoteWarning(kMoved, oid);
@@ -373,8 +372,7 @@ void ConvertedCopy::Publish() {
         file.Write(merged, notes);
       } else {
         --Facts().rows;
-        notes.NoteFault(Fault(kRowRefused, "Engine", kNoPlaceWithoutShape, __LINE__, SourceFileName(__FILE__)),
-                        merged.From().OID());
+        notes.NoteFault(RecordFault(kRowRefused, kNoPlaceWithoutShape), merged.From().OID());
       }
     }
     std::unique_ptr<OGRFeatureDefn, void (*)(OGRFeatureDefn*)> definition(

@@ -1,18 +1,13 @@
 #include "engine/copy_columns.h"
 
 #include "engine/engine_fault.h"
+#include "outputs/column_loss.h"
 #include "platform/text_formats.h"
 
 namespace tessarine::engine {
 namespace {
 
 using Way = CopyColumn::Way;
-
-constexpr int kLongestDbaseText = 254;
-
-bool IsList(OGRFieldType type) {
-  return type == OFTIntegerList || type == OFTInteger64List || type == OFTRealList || type == OFTStringList;
-}
 
 bool IsTime(OGRFieldType type) { return type == OFTDate || type == OFTTime || type == OFTDateTime; }
 
@@ -95,30 +90,29 @@ Variant InUtc(const Variant& value, ValueChange& change) {
   return date;
 }
 
-std::string ForetoldLoss(const Field& field, const CopyColumn& column, const OGRFieldDefn& made) {
+MadeColumn MadeOf(const Field& field, const CopyColumn& column, OGRFieldType made) {
+  switch (field.Type) {
+    case esriFieldTypeDate:
+      return made == OFTString ? MadeColumn::Text : made == OFTDate ? MadeColumn::Day : MadeColumn::AsAsked;
+    case esriFieldTypeInteger64:
+      return made == OFTReal ? MadeColumn::Double : MadeColumn::AsAsked;
+    case esriFieldTypeString:
+      return column.definition->GetWidth() == kLongestDbaseText ? MadeColumn::DbaseText : MadeColumn::AsAsked;
+    default:
+      return MadeColumn::AsAsked;
+  }
+}
+
+// What all rows alike lose in the column; empty for nothing.
+std::string LossOf(const CopyColumn& column, OGRFieldType made) {
   if (column.way == Way::List) return "lists become texts.";
-  if (field.Type != esriFieldTypeDate && field.Type != esriFieldTypeInteger64 && field.Type != esriFieldTypeString) {
-    return "";
-  }
-  const OGRFieldType type = made.GetType();
-  if (field.Type == esriFieldTypeDate && type == OFTString) {
-    return field.Content == DateContent::Time ? "times of day become texts." : "dates become texts.";
-  }
-  if (field.Type == esriFieldTypeDate && field.Content == DateContent::DayAndTime && type == OFTDate) {
-    return "times of day are left out, the format keeps days only.";
-  }
-  if (field.Type == esriFieldTypeInteger64 && type == OFTReal) {
-    return "whole numbers beyond 9,007,199,254,740,992 that no double holds exactly become null.";
-  }
-  const bool cut = field.Type == esriFieldTypeString && column.definition->GetWidth() == kLongestDbaseText;
-  if (cut && field.Length > kLongestDbaseText) return "texts longer than 254 bytes are cut.";
-  return "";
+  return ForetoldLoss(*column.field, MadeOf(*column.field, column, made));
 }
 
 }  // namespace
 
 CopyColumns::CopyColumns(const RowTraits& traits, const OGRFeatureDefn& source, GDALDriver& driver,
-                         const Format& format, bool same_format, const std::vector<std::string>& reserved)
+                         const Format& format, bool same_format)
     : first_attribute_(traits.fields.first_attribute) {
   const DriverTypes types(driver);
   std::vector<std::string> names;
@@ -128,7 +122,7 @@ CopyColumns::CopyColumns(const RowTraits& traits, const OGRFeatureDefn& source, 
     columns_.back().source = index;
     names.push_back(field->Name);
   }
-  const std::vector<std::string> legal = FreeLegalNames(format.field_names, names, reserved);
+  const std::vector<std::string> legal = FreeLegalNames(format.field_names, names);
   for (std::size_t index = 0; index < columns_.size(); ++index)
     columns_[index].definition->SetName(legal[index].c_str());
 }
@@ -216,7 +210,7 @@ std::vector<std::string> CopyColumns::Foretold(const OGRFeatureDefn& made) const
     if (name != column.field->Name) {
       sentences.push_back("The field '" + column.field->Name + "' is written as '" + name + "'.");
     }
-    const std::string loss = ForetoldLoss(*column.field, column, *made.GetFieldDefn(column.target));
+    const std::string loss = LossOf(column, made.GetFieldDefn(column.target)->GetType());
     if (!loss.empty()) sentences.push_back("In the field '" + name + "', " + loss);
   }
   return sentences;

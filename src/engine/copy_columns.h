@@ -30,10 +30,9 @@ struct CopyColumn {
 
 class CopyColumns {
  public:
-  /// `same_format` keeps the rules of the source's columns, as that they are never null. `reserved` names are no
-  /// attribute's in the copy.
+  /// `same_format` keeps the rules of the source's columns, as that they are never null.
   CopyColumns(const RowTraits& traits, const OGRFeatureDefn& source, GDALDriver& driver, const Format& format,
-              bool same_format, const std::vector<std::string>& reserved);
+              bool same_format);
 
   /// Adds the columns to a new layer. A column that the layer doesn't take is left out. Fault where it takes none,
   /// which names `shown`.

@@ -86,7 +86,7 @@ CopiedRows CopyRows(const std::shared_ptr<OgrClass>& source, const ChosenOids& c
     if (!IsChosen(chosen, oid)) continue;
     const OgrFeature row(source->Traits(), std::move(feature), source);
     if (!cursor.ShapeFault().empty()) {
-      notes.NoteFault(Fault(kEngine, "Engine", cursor.ShapeFault(), __LINE__, SourceFileName(__FILE__)), oid);
+      notes.NoteFault(RecordFault(kEngine, cursor.ShapeFault()), oid);
     }
     copied.oids.push_back(copier.Copy(row, oid));
     if (copied.oids.back() != kNoRow) ++copied.count;

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "engine/engine_fault.h"
+#include "engine/ogr_fields.h"
 
 namespace tessarine::engine {
 namespace {
@@ -19,10 +20,6 @@ bool IsNull(const OGRFeature& feature, int index) { return feature.IsFieldSetAnd
 // Texts without characters are null to some formats.
 bool IsEmpty(const OGRFeature& feature, int index) {
   return feature.GetFieldDefnRef(index)->GetType() == OFTString && *feature.GetFieldAsString(index) == '\0';
-}
-
-bool IsList(OGRFieldType type) {
-  return type == OFTIntegerList || type == OFTInteger64List || type == OFTRealList || type == OFTStringList;
 }
 
 std::string ListText(const OGRFeature& feature, int index) {

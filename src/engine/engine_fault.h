@@ -57,4 +57,10 @@ class GdalErrorScope {
               SourceFileName(where.file_name()));
 }
 
+/// The fault of a record, for the journal.
+[[nodiscard]] inline Fault RecordFault(std::int32_t number, const std::string& text,
+                                       const std::source_location where = std::source_location::current()) {
+  return {number, "Engine", text, static_cast<std::int32_t>(where.line()), SourceFileName(where.file_name())};
+}
+
 }  // namespace tessarine::engine

@@ -8,6 +8,7 @@
 #include "engine/copy_target.h"
 #include "engine/geodatabase_class.h"
 #include "engine/personal_geodatabase_classes.h"
+#include "outputs/staged_output.h"
 #include "platform/paths.h"
 #include "platform/text_formats.h"
 
@@ -99,7 +100,7 @@ class Copier {
     const OGRwkbGeometryType declared = source.Layer().GetGeomType();
     type_ = LayerTypeFor(declared, source_->Traits()->shape_type, shapes_, format);
     columns_ = std::make_shared<CopyColumns>(*source_->Traits(), *source.Layer().GetLayerDefn(), DriverOf(format),
-                                             format, same_format, std::vector<std::string>());
+                                             format, same_format);
     if (same_format) CopyDomains(source.Dataset(), dataset);
     OGRLayer* layer = CreateTargetLayer(dataset, name, source.Layer().GetSpatialRef(), type_, options, shown);
     columns_->AddTo(*layer, shown.string());
@@ -267,7 +268,11 @@ class Copier {
 }  // namespace
 
 bool Stands(const OutputPlace& place) {
-  if (!place.InContainer()) return !place.Files().empty();
+  if (!place.InContainer()) {
+    // A run may have died in its last step.
+    FinishInterrupted(place.NativePath());
+    return !place.Files().empty();
+  }
   if (!fs::exists(place.container)) return false;
   const DatasetHandle dataset = OpenDataset(place.container, false);
   for (int index = 0; index < dataset->GetLayerCount(); ++index) {

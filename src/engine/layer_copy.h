@@ -42,7 +42,8 @@ struct LayerCopy {
 /// The format that a path's ending names: of the table, or another that GDAL writes. Null where there is none.
 [[nodiscard]] const Format* FormatToWrite(const std::string& native_path);
 
-/// True when a layer or table stands under the name of the place, or, outside of containers, any file of it.
+/// True when a layer or table stands under the name of the place, or, outside of containers, any file of it. A
+/// publication that died in its last step is ended first.
 [[nodiscard]] bool Stands(const OutputPlace& place);
 
 /// Faults name the target and what to do; nothing is left of the copy then; that of number 5 is

@@ -5,6 +5,7 @@
 
 #include "engine/filegdb_dates.h"
 #include "engine/wide_numbers.h"
+#include "outputs/column_loss.h"
 #include "platform/calendar.h"
 #include "platform/text_encoding.h"
 #include "platform/text_formats.h"
@@ -13,7 +14,6 @@ namespace tessarine::engine {
 namespace {
 
 constexpr int kLongestSmallInteger = 4;
-constexpr int kLongestDbaseText = 254;
 // A wider whole number reads back as a double; a column grows when a longer one is met.
 constexpr int kLongestDbaseWhole = 18;
 constexpr int kUniqueIdText = 38;

@@ -35,6 +35,11 @@ struct FieldMap {
 /// it keeps only days.
 [[nodiscard]] std::unique_ptr<OGRFieldDefn> OgrFieldOf(const Field& field, ColumnStore store);
 
+/// True for columns that hold several values in a row.
+[[nodiscard]] inline bool IsList(OGRFieldType type) {
+  return type == OFTIntegerList || type == OFTInteger64List || type == OFTRealList || type == OFTStringList;
+}
+
 /// True for a date or time that is there and that no calendar or clock knows.
 [[nodiscard]] bool IsImpossibleDate(const OGRFeature& feature, int index);
 /// The attribute's value; Null where it has none, `ImpossibleDate()` for such a date.

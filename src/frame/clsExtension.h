@@ -15,7 +15,7 @@ namespace tessarine {
 /// checked on the way in.
 class clsExtension final : public IExtension, public IPersistVariant {
  public:
-  std::shared_ptr<VarArray> frmLayerFieldsReturn;  ///< reserved
+  std::shared_ptr<VarArray> frmLayerFieldsReturn;  ///< of other programs: nothing here reads it
   std::shared_ptr<VarArray> frmBoundaryWrapReturn;
   double CustomBoundaryWest = 0.0;
   double CustomBoundaryNorth = 0.0;
@@ -45,12 +45,12 @@ class clsExtension final : public IExtension, public IPersistVariant {
   bool DoAllRecords = false;
   std::shared_ptr<VarArray> SelectedFields;
   std::shared_ptr<IFeatureClass> SelectedFeatureClass;
-  std::string ReportOfAnalysis;  ///< reserved
+  std::string ReportOfAnalysis;  ///< of other programs: nothing here reads it
   std::shared_ptr<IFeatureLayer> SelectedPointLayer;
   std::shared_ptr<IFeatureLayer> SelectedLayer;
   std::string DirectoryPath;
-  std::string FieldName;           ///< reserved
-  std::string AttributeFieldName;  ///< reserved
+  std::string FieldName;           ///< of other programs: nothing here reads it
+  std::string AttributeFieldName;  ///< of other programs: nothing here reads it
   bool ShouldContinue = false;
 
   [[nodiscard]] std::string Name() const override;

@@ -62,7 +62,7 @@ struct Format {
 [[nodiscard]] std::string FreeLegalName(const NameRule& rule, const std::string& name,
                                         const std::function<bool(const std::string&)>& taken);
 
-/// Names for all of them, each legal and different from the others and from those that are reserved, whatever their
+/// Names for all of them, each legal and different from the others and from those in `reserved`, whatever their
 /// case. Who bears a legal name keeps it, wherever it stands in the list.
 [[nodiscard]] std::vector<std::string> FreeLegalNames(const NameRule& rule, const std::vector<std::string>& names,
                                                       const std::vector<std::string>& reserved = {});

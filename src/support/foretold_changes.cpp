@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "outputs/column_loss.h"
 #include "platform/host.h"
 #include "platform/text_formats.h"
 #include "support/output_kinds.h"
@@ -11,22 +12,19 @@ namespace {
 
 using namespace MyGeneralOperations;
 
-constexpr std::int32_t kLongestDbaseText = 254;
-
-// What the column of a field loses in this kind of output; empty for nothing.
-std::string ForetoldLoss(const Field& field, std::int32_t kind) {
+// What becomes of a field in this kind of output.
+MadeColumn ColumnOf(const Field& field, std::int32_t kind) {
   const bool shapefile = kind == kShapefile;
-  if (field.Type == esriFieldTypeDate && field.Content == DateContent::Time) return "times of day become texts.";
-  if (field.Type == esriFieldTypeDate && field.Content == DateContent::DayAndTime && shapefile) {
-    return "times of day are left out, a dBASE table keeps days only.";
+  switch (field.Type) {
+    case esriFieldTypeDate:
+      return field.Content == DateContent::Time ? MadeColumn::Text : shapefile ? MadeColumn::Day : MadeColumn::AsAsked;
+    case esriFieldTypeInteger64:
+      return shapefile ? MadeColumn::AsAsked : MadeColumn::Double;
+    case esriFieldTypeString:
+      return shapefile ? MadeColumn::DbaseText : MadeColumn::AsAsked;
+    default:
+      return MadeColumn::AsAsked;
   }
-  if (field.Type == esriFieldTypeInteger64 && kind == kFileGeodatabase) {
-    return "whole numbers beyond 9,007,199,254,740,992 that no double holds exactly become null.";
-  }
-  if (field.Type == esriFieldTypeString && shapefile && field.Length > kLongestDbaseText) {
-    return "texts longer than 254 bytes are cut.";
-  }
-  return "";
 }
 
 bool IsCarried(const Field& field, const std::vector<CarriedField>& fields) {
@@ -105,7 +103,7 @@ std::vector<std::string> ForetoldChanges(const std::vector<CarriedField>& fields
   if (output_kind != kShapefile && output_kind != kFileGeodatabase) return sentences;
   for (const auto& [field, name] : fields) {
     if (name != field->Name) sentences.push_back("The field '" + field->Name + "' is written as '" + name + "'.");
-    const std::string loss = ForetoldLoss(*field, output_kind);
+    const std::string loss = ForetoldLoss(*field, ColumnOf(*field, output_kind));
     if (!loss.empty()) sentences.push_back("In the field '" + name + "', " + loss);
   }
   return sentences;

@@ -61,7 +61,7 @@ TEST_F(Values, AreCarriedOrToldByConversions) {
   const ProgramOutcome run = RunTessarine({"split", In("a.geojson"), "-a", "-o", In("a.shp"), "-r", In("a.json")});
   ASSERT_EQ(run.status, 0) << run.err;
   EXPECT_EQ(run.err,
-            "tessarine: In the field 'made', times of day are left out, a dBASE table keeps days only.\n"
+            "tessarine: In the field 'made', times of day are left out, the format keeps days only.\n"
             "tessarine: The field 'long_field_name' is written as 'long_field'.\n");
   EXPECT_THAT(Column(In("a.shp"), "pid"), ElementsAre("123456789012345678", "7"));
   EXPECT_THAT(Column(In("a.shp"), "t"), ElementsAre("short", std::string(254, 'b')));

@@ -4,6 +4,7 @@
 #include <filesystem>
 
 #include "engine/data_source.h"
+#include "engine/layer_copy.h"
 #include "hosts/terminal/refusal.h"
 #include "platform/letter_case.h"
 #include "platform/paths.h"
@@ -131,7 +132,7 @@ void ChooseOutput(Form& form, const OutputPlace& output) {
 void RefuseTakenName(const OutputPlace& place, const CommonOptions& options) {
   const TerminalManners manners = options.Manners();
   if (manners.overwrite || manners.yes || manners.interactive) return;
-  if (OutputExists(place)) {
+  if (Stands(place)) {
     throw Refusal("'" + place.NativePath() + "' exists already: add --overwrite to replace it, or name another.");
   }
 }

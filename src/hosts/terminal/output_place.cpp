@@ -6,7 +6,6 @@
 #include "engine/data_source.h"
 #include "engine/personal_geodatabase_edit.h"
 #include "hosts/terminal/refusal.h"
-#include "outputs/staged_output.h"
 #include "platform/paths.h"
 #include "platform/text_formats.h"
 
@@ -119,19 +118,6 @@ void RefuseBrokenContainer(const OutputPlace& place) {
   } catch (const Fault& fault) {
     throw Refusal("The output '" + place.NativePath() + "' can't be made. " + fault.Description());
   }
-}
-
-bool OutputExists(const OutputPlace& place) {
-  if (!place.InContainer()) {
-    // A run may have died in its last step.
-    FinishInterrupted(place.NativePath());
-    return !place.Files().empty();
-  }
-  if (!fs::exists(place.container)) return false;
-  for (const std::string& layer : DataSource::Open(place.container, false)->LayerNames()) {
-    if (EqualsIgnoringCase(layer, place.ClassName())) return true;
-  }
-  return false;
 }
 
 PreparedPlace::PreparedPlace(const OutputPlace& place, const SpatialReferenceRef& reference, TerminalSystem& system)

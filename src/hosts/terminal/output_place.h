@@ -14,9 +14,6 @@ namespace tessarine {
 /// Refuses a geodatabase that is there but can't be opened.
 void RefuseBrokenContainer(const OutputPlace& place);
 
-/// True when anything of this name is there already, in whatever state it is.
-[[nodiscard]] bool OutputExists(const OutputPlace& place);
-
 /// Makes the place ready for a run: a file geodatabase that isn't there, and a new feature dataset with the given
 /// reference, are promised; the first class makes them.
 class PreparedPlace {
