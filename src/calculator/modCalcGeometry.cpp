@@ -1,6 +1,7 @@
 #include "calculator/modCalcGeometry.h"
 
 #include "calculator/calculation_report.h"
+#include "calculator/record_loop.h"
 #include "calculator/result_fields.h"
 #include "platform/host.h"
 #include "platform/paths.h"
@@ -23,13 +24,13 @@ constexpr std::int32_t kLongSlowRun = 11;
 
 struct LoopRow {
   esriGeometryType shape;
-  decltype(&CalcGeometryPoint) loop;
+  const char* routine;
 };
 constexpr LoopRow kLoops[] = {
-    {esriGeometryPoint, CalcGeometryPoint},
-    {esriGeometryMultipoint, CalcGeometryMultipoint},
-    {esriGeometryPolyline, CalcGeometryPolyline},
-    {esriGeometryPolygon, CalcGeometryPolygon},
+    {esriGeometryPoint, "CalcGeometryPoint"},
+    {esriGeometryMultipoint, "CalcGeometryMultipoint"},
+    {esriGeometryPolyline, "CalcGeometryPolyline"},
+    {esriGeometryPolygon, "CalcGeometryPolygon"},
 };
 
 std::shared_ptr<IFeatureClass> FeaturesOf(const GeometryOptions& options) {
@@ -75,11 +76,13 @@ CalculationFacts GatherFacts(const GeometryOptions& options) {
   return facts;
 }
 
-std::string RunShape(const std::shared_ptr<VarArray>& options, const std::shared_ptr<IApplication>& application,
-                     const FieldIndexes& indexes, std::int32_t& record_count, bool show_progress) {
+std::string RunShape(RunContext& context, const std::shared_ptr<VarArray>& options,
+                     const std::shared_ptr<IApplication>& application, const FieldIndexes& indexes,
+                     std::int32_t& record_count, bool show_progress) {
   const esriGeometryType shape = FeaturesOf(GeometryOptions(options))->ShapeType();
   for (const LoopRow& row : kLoops) {
-    if (row.shape == shape) return row.loop(options, application, indexes, record_count, show_progress, false);
+    if (row.shape == shape)
+      return RunLoop(context, row.routine, options, application, indexes, record_count, show_progress);
   }
   return "";
 }
@@ -90,43 +93,45 @@ void RefreshTableWindow(const std::shared_ptr<IApplication>& application, const 
   if (window) window->Refresh();
 }
 
-std::string Refused(const std::string& report) {
-  Host().Journal().Fail(report.starts_with("{\\rtf") ? ToPlainText(ReadRtf(report)) : report);
+std::string Refused(RunContext& context, const std::string& report) {
+  context.journal.Fail(report.starts_with("{\\rtf") ? ToPlainText(ReadRtf(report)) : report);
   return report;
 }
 
-std::string GiveUp(IStagedDataset& copy) {
+std::string GiveUp(RunContext& context, IStagedDataset& copy) {
   copy.Discard();
-  Host().Journal().written = 0;
+  context.journal.written = 0;
   return NoCopyLine();
 }
 
 // A class that was made for this run takes its place now, with what was done until a stop; that of a run that failed
 // is given up. Returns what the report tells of it.
-std::string SettleCopy(const std::shared_ptr<IFeatureClass>& features, const std::string& layer_name) {
+std::string SettleCopy(RunContext& context, const std::shared_ptr<IFeatureClass>& features,
+                       const std::string& layer_name) {
   const auto copy = Cast<IStagedDataset>(features);
   if (!copy) return "";
-  RunJournal& journal = Host().Journal();
-  if (journal.failed) return GiveUp(*copy);
+  RunJournal& journal = context.journal;
+  if (journal.failed) return GiveUp(context, *copy);
   try {
-    if (!UnlessStopped([&] { MyGeneralOperations::PublishOutput(*features, {}); })) {
+    if (!UnlessStopped([&] { MyGeneralOperations::PublishOutput(context, *features, {}); })) {
       journal.stopped = true;
-      return GiveUp(*copy);
+      return GiveUp(context, *copy);
     }
   } catch (const Fault& fault) {
     journal.Fail(fault.Description());
-    return FailureSection(fault) + GiveUp(*copy);
+    return FailureSection(fault) + GiveUp(context, *copy);
   }
   if (copy->Notes() == nullptr) return "";
   journal.written = copy->Notes()->written;
   return CopySections(*copy->Notes(), layer_name);
 }
 
-std::string Calculate(const std::shared_ptr<VarArray>& carrier, const std::shared_ptr<IApplication>& application,
-                      RunScope& scope) {
+std::string Calculate(RunContext& context, const std::shared_ptr<VarArray>& carrier,
+                      const std::shared_ptr<IApplication>& application, RunScope& scope) {
   const GeometryOptions options(carrier);
   const std::shared_ptr<IFeatureClass> features = FeaturesOf(options);
-  if (const std::string objection = Objection(options, *application); !objection.empty()) return Refused(objection);
+  if (const std::string objection = Objection(options, *application); !objection.empty())
+    return Refused(context, objection);
 
   std::vector<OptionEntry> entries = options.Options();
   const std::vector<std::string> names = FieldNamesInUse(entries, options.UseFlags());
@@ -136,11 +141,11 @@ std::string Calculate(const std::shared_ptr<VarArray>& carrier, const std::share
   if (const auto failed = MakeMissingFields(*features, names)) {
     if (edit) edit->Abandon();
     const std::string report = FieldNotAddedReport(failed->name, layer_name);
-    Host().MessageBox().Show(report + "  Bailing out...\r\n" + failed->cause, "");
-    Host().Journal().Fail(failed->cause);
+    context.feedback.Tell(report + "  Bailing out...\r\n" + failed->cause, "");
+    context.journal.Fail(failed->cause);
     return report + "\r\n" + failed->cause;
   }
-  const FieldIndexes indexes = CheckFields(*features, names, entries);
+  const FieldIndexes indexes = CheckFields(context, *features, names, entries);
 
   CalculationFacts facts = GatherFacts(options);
   const bool slow = HasSlowMeasure(entries, features->ShapeType(), SpatialKindOf(features->SpatialReference()));
@@ -149,14 +154,15 @@ std::string Calculate(const std::shared_ptr<VarArray>& carrier, const std::share
   if (!Is<IStagedDataset>(features)) journal.output_path = features->FullName();
   journal.reference = features->SpatialReference();
   if (facts.semi_major > 0.0) journal.spheroid = RunSpheroid{facts.spheroid_name, facts.semi_major, facts.semi_minor};
-  const bool finished = UnlessStopped(
-      [&] { facts.problem_report = RunShape(carrier, application, indexes, facts.record_count, show_progress); });
+  const bool finished = UnlessStopped([&] {
+    facts.problem_report = RunShape(context, carrier, application, indexes, facts.record_count, show_progress);
+  });
   if (!finished) {
     journal.stopped = true;
     facts.problem_report = StoppedProblemReport(journal, layer_name, static_cast<std::int32_t>(journal.read));
   }
   if (edit) edit->Finish();
-  facts.problem_report += SettleCopy(features, layer_name);
+  facts.problem_report += SettleCopy(context, features, layer_name);
   RefreshTableWindow(application, options.Layer());
   scope.End();
   facts.outcome = OutcomeTitle(journal);
@@ -169,9 +175,10 @@ std::string Calculate(const std::shared_ptr<VarArray>& carrier, const std::share
 
 std::string CalcGeometry(const std::shared_ptr<VarArray>& options, const std::shared_ptr<IApplication>& application,
                          bool, bool) {
-  RunScope scope(Host().Journal(), Host().Clock());
+  RunContext context = HostContext();
+  RunScope scope(context);
   return TrapWith(
-      "CalcGeometry", [&] { return Calculate(options, Require(application, "IApplication"), scope); },
+      "CalcGeometry", [&] { return Calculate(context, options, Require(application, "IApplication"), scope); },
       [&](const Fault& fault) {
         scope.Journal().Fail(fault.Description());
         return FailedCalculation(fault);
@@ -179,10 +186,12 @@ std::string CalcGeometry(const std::shared_ptr<VarArray>& options, const std::sh
 }
 
 std::string PlanGeometry(const std::shared_ptr<VarArray>& carrier, const std::shared_ptr<IApplication>& application) {
+  RunContext context = HostContext();
   return Trap("PlanGeometry", [&]() -> std::string {
     const GeometryOptions options(carrier);
-    if (const std::string objection = Objection(options, *application); !objection.empty()) return Refused(objection);
-    RunJournal& journal = Host().Journal();
+    if (const std::string objection = Objection(options, *application); !objection.empty())
+      return Refused(context, objection);
+    RunJournal& journal = context.journal;
     journal = RunJournal();
     journal.output_path = FeaturesOf(options)->FullName();
     journal.reference = FeaturesOf(options)->SpatialReference();
@@ -197,7 +206,7 @@ std::string PlanGeometry(const std::shared_ptr<VarArray>& carrier, const std::sh
     if (const auto copy = Cast<IStagedDataset>(FeaturesOf(options))) {
       // It is only there to be tried on.
       if (const auto failed = MakeMissingFields(*FeaturesOf(options), names)) {
-        return Refused(FieldNotAddedReport(failed->name, facts.layer_name) + " " + failed->cause);
+        return Refused(context, FieldNotAddedReport(failed->name, facts.layer_name) + " " + failed->cause);
       }
       if (copy->Notes() != nullptr) journal.TakeNotes(*copy->Notes());
       facts.foretold = copy->Foretold();

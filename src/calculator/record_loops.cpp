@@ -5,6 +5,7 @@
 #include "calculator/calculation_report.h"
 #include "calculator/measures.h"
 #include "calculator/modCalcGeometry.h"
+#include "calculator/record_loop.h"
 #include "platform/host.h"
 #include "platform/run_scope.h"
 #include "support/attribute_copy.h"
@@ -18,9 +19,10 @@ namespace {
 
 class RecordLoop {
  public:
-  RecordLoop(const std::shared_ptr<VarArray>& carrier, const std::shared_ptr<IApplication>& application,
-             const FieldIndexes& indexes, bool show_progress)
-      : options_(carrier),
+  RecordLoop(RunContext& context, const std::shared_ptr<VarArray>& carrier,
+             const std::shared_ptr<IApplication>& application, const FieldIndexes& indexes, bool show_progress)
+      : context_(context),
+        options_(carrier),
         application_(application),
         indexes_(indexes),
         show_progress_(show_progress),
@@ -83,7 +85,8 @@ class RecordLoop {
     words.StatusText = "Calculating Geometry on " + layer_->Name();
     words.LogLead = "Calculating Geometry on " + std::string(ShapeNoun(settings_.Shape, 2)) + "...\r\nBegan Job: ";
     words.RepeatedAction = "Calculating " + std::string(ShapeNoun(settings_.Shape, 1)) + " Attributes...";
-    return {std::move(words),
+    return {context_,
+            std::move(words),
             application_,
             FindExtension(application_),
             count,
@@ -132,7 +135,8 @@ class RecordLoop {
     static_cast<void>(WorkOnRecord(journal_, oid, [&] { WriteMissing(measure, feature, NoteFor(oid)); }));
   }
 
-  RunJournal& journal_ = Host().Journal();
+  RunContext& context_;
+  RunJournal& journal_ = context_.journal;
   GeometryOptions options_;
   const std::shared_ptr<IApplication>& application_;
   const FieldIndexes& indexes_;
@@ -146,49 +150,54 @@ class RecordLoop {
   std::int32_t record_ = 0;
 };
 
-std::string RunLoop(const char* routine, const std::shared_ptr<VarArray>& options,
+}  // namespace
+
+std::string RunLoop(RunContext& context, const char* routine, const std::shared_ptr<VarArray>& options,
                     const std::shared_ptr<IApplication>& application, const FieldIndexes& indexes,
                     std::int32_t& record_count, bool show_progress) {
   std::optional<RecordLoop> loop;
-  const auto tell_faults = [&] { ReportRecordFaults(Host().Journal(), routine, loop ? loop->LayerName() : ""); };
+  const auto tell_faults = [&] { ReportRecordFaults(context.journal, routine, loop ? loop->LayerName() : ""); };
   return TrapWith(
       routine,
       [&] {
-        const std::string problems = loop.emplace(options, application, indexes, show_progress).Run(record_count);
+        const std::string problems =
+            loop.emplace(context, options, application, indexes, show_progress).Run(record_count);
         tell_faults();
         return problems;
       },
       [&](const Fault& fault) {
-        Host().Journal().Fail(fault.Description());
+        context.journal.Fail(fault.Description());
         tell_faults();
         return loop ? loop->Fail(fault) : FailureSection(fault);
       });
 }
 
-}  // namespace
-
 std::string CalcGeometryPoint(const std::shared_ptr<VarArray>& options,
                               const std::shared_ptr<IApplication>& application, const FieldIndexes& indexes,
                               std::int32_t& record_count, bool show_progress, bool) {
-  return RunLoop("CalcGeometryPoint", options, application, indexes, record_count, show_progress);
+  RunContext context = HostContext();
+  return RunLoop(context, "CalcGeometryPoint", options, application, indexes, record_count, show_progress);
 }
 
 std::string CalcGeometryMultipoint(const std::shared_ptr<VarArray>& options,
                                    const std::shared_ptr<IApplication>& application, const FieldIndexes& indexes,
                                    std::int32_t& record_count, bool show_progress, bool) {
-  return RunLoop("CalcGeometryMultipoint", options, application, indexes, record_count, show_progress);
+  RunContext context = HostContext();
+  return RunLoop(context, "CalcGeometryMultipoint", options, application, indexes, record_count, show_progress);
 }
 
 std::string CalcGeometryPolyline(const std::shared_ptr<VarArray>& options,
                                  const std::shared_ptr<IApplication>& application, const FieldIndexes& indexes,
                                  std::int32_t& record_count, bool show_progress, bool) {
-  return RunLoop("CalcGeometryPolyline", options, application, indexes, record_count, show_progress);
+  RunContext context = HostContext();
+  return RunLoop(context, "CalcGeometryPolyline", options, application, indexes, record_count, show_progress);
 }
 
 std::string CalcGeometryPolygon(const std::shared_ptr<VarArray>& options,
                                 const std::shared_ptr<IApplication>& application, const FieldIndexes& indexes,
                                 std::int32_t& record_count, bool show_progress, bool) {
-  return RunLoop("CalcGeometryPolygon", options, application, indexes, record_count, show_progress);
+  RunContext context = HostContext();
+  return RunLoop(context, "CalcGeometryPolygon", options, application, indexes, record_count, show_progress);
 }
 
 }  // namespace tessarine::modCalcGeometry

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "platform/host.h"
 #include "platform/text_formats.h"
 
 namespace tessarine {
@@ -67,7 +66,7 @@ std::optional<FieldFailure> MakeMissingFields(IFeatureClass& features, const std
   return std::nullopt;
 }
 
-FieldIndexes CheckFields(IFeatureClass& features, const std::vector<std::string>& names,
+FieldIndexes CheckFields(RunContext& context, IFeatureClass& features, const std::vector<std::string>& names,
                          std::vector<OptionEntry>& entries) {
   struct Substitution {
     std::string name, substitute;
@@ -80,7 +79,7 @@ FieldIndexes CheckFields(IFeatureClass& features, const std::vector<std::string>
     if (!features.Fields()->Field(features.FindField(name))->Editable) {
       current = FreeName(features, name, counter);
       features.AddField(NewResultField(current));
-      Host().MessageBox().Show(
+      context.feedback.Tell(
           "The field named '" + name + "' was not editable!  Substituting the name '" + current + "'...",
           "Problem with Field Name '" + name + "':");
       substitutions.push_back({name, current});

@@ -8,6 +8,7 @@
 #include "calculator/geometry_options.h"
 #include "calculator/result_writing.h"
 #include "platform/data.h"
+#include "platform/run_context.h"
 
 namespace tessarine {
 
@@ -26,7 +27,7 @@ struct FieldFailure {
 
 /// The places of the fields. A field that isn't editable gets a new one beside it, of which the user is told, and the
 /// entries take its name; the place stays the one of the field that can't be written.
-[[nodiscard]] FieldIndexes CheckFields(IFeatureClass& features, const std::vector<std::string>& names,
-                                       std::vector<OptionEntry>& entries);
+[[nodiscard]] FieldIndexes CheckFields(RunContext& context, IFeatureClass& features,
+                                       const std::vector<std::string>& names, std::vector<OptionEntry>& entries);
 
 }  // namespace tessarine

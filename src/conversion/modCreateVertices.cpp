@@ -9,7 +9,6 @@
 #include "conversion/run_data.h"
 #include "conversion/run_reports.h"
 #include "platform/finite_shape.h"
-#include "platform/host.h"
 #include "platform/run_scope.h"
 #include "platform/run_stop.h"
 #include "support/MyGeneralOperations.h"
@@ -34,8 +33,9 @@ constexpr std::string_view kNothingLeft =
 // Writes output features: one buffer, refilled for each of them.
 class OutputWriter final : public ConversionSink {
  public:
-  OutputWriter(const std::shared_ptr<IFeatureClass>& output, const FieldTransfer& transfer)
+  OutputWriter(const std::shared_ptr<IFeatureClass>& output, const FieldTransfer& transfer, RunJournal& journal)
       : transfer_(transfer),
+        journal_(journal),
         fields_(output->Fields()),
         buffer_(output->CreateFeatureBuffer()),
         cursor_(output->Insert(true)) {}
@@ -45,7 +45,7 @@ class OutputWriter final : public ConversionSink {
   /// The attributes repeat on every output feature of one input feature and stay in the buffer until the next.
   void BeginFeature(const IFeature& input) {
     oid_ = input.OID();
-    transfer_.CopyAttributes(input, *buffer_, Host().Journal());
+    transfer_.CopyAttributes(input, *buffer_, journal_);
   }
 
   void SetShape(const GeometryRef& shape) override {
@@ -54,7 +54,7 @@ class OutputWriter final : public ConversionSink {
   }
   void SetMeasure(std::size_t index, double value) override {
     const std::int32_t place = transfer_.MeasureIndex(index);
-    NoteMeasureChange(Host().Journal(), *fields_->Field(place), buffer_->SetValue(place, value), oid_);
+    NoteMeasureChange(journal_, *fields_->Field(place), buffer_->SetValue(place, value), oid_);
   }
   void Insert() override {
     buffer_->SetValue(transfer_.UniqueIdIndex(), count_ + 1);
@@ -63,19 +63,20 @@ class OutputWriter final : public ConversionSink {
   }
   void InsertUnnumbered() override {
     WriteRow([this] { cursor_->InsertFeature(*buffer_); });
-    ++Host().Journal().written;
+    ++journal_.written;
   }
   void Skip(std::string_view reason) override {
-    Host().Journal().skipped_oids.push_back(oid_);
+    journal_.skipped_oids.push_back(oid_);
     Warn(reason);
   }
-  void Warn(std::string_view text) override { Host().Journal().NoteWarning(text, oid_); }
+  void Warn(std::string_view text) override { journal_.NoteWarning(text, oid_); }
   void Flush() { cursor_->Flush(); }
   /// Flushes, and tells of rows that could not be written.
   void Close() { cursor_->Close(); }
 
  private:
   const FieldTransfer& transfer_;
+  RunJournal& journal_;
   FieldsRef fields_;
   std::shared_ptr<IFeatureBuffer> buffer_;
   std::shared_ptr<IFeatureCursor> cursor_;
@@ -84,11 +85,10 @@ class OutputWriter final : public ConversionSink {
 };
 
 // The features of the input, one by one. False when the user stopped the run.
-bool ConvertFeatures(const ConversionRun& run, const StepContext& context, const RunInput& input, OutputWriter& writer,
-                     RunProgress& progress, RunFacts& facts) {
-  RunJournal& journal = Host().Journal();
+bool ConvertFeatures(const ConversionRun& run, const StepContext& step_context, const RunInput& input,
+                     OutputWriter& writer, RunProgress& progress, RunFacts& facts, RunJournal& journal) {
   const bool joins = run.Kind == RunKind::Joining;
-  const std::unique_ptr<ConversionStep> step = run.MakeStep(context);
+  const std::unique_ptr<ConversionStep> step = run.MakeStep(step_context);
   while (const std::shared_ptr<IFeature> feature = input.cursor->NextFeature()) {
     const std::int64_t oid = feature->OID();
     // One feature for all bears the attributes of the first, whether that has a shape or not.
@@ -130,12 +130,12 @@ RunProgressWords ProgressWords(const ConversionRun& run, const std::string& laye
 
 }  // namespace
 
-std::string RunConversion(const ConversionRun& run, const std::shared_ptr<IFeatureLayer>& layer,
+std::string RunConversion(RunContext& context, const ConversionRun& run, const std::shared_ptr<IFeatureLayer>& layer,
                           const std::shared_ptr<VarArray>& fields, bool all_records, const std::string& path,
                           const std::shared_ptr<IApplication>& application,
                           const std::shared_ptr<clsExtension>& extension, bool show_progress) {
   RunFacts facts;
-  RunScope scope(Host().Journal(), Host().Clock());
+  RunScope scope(context);
   RunJournal& journal = scope.Journal();
   std::shared_ptr<IFeatureClass> output;
   const auto tell_faults = [&] { ReportRecordFaults(journal, run.Worker, facts.layer_name); };
@@ -145,7 +145,7 @@ std::string RunConversion(const ConversionRun& run, const std::shared_ptr<IFeatu
     facts.layer_name = layer->Name();
     facts.all_records = all_records;
     facts.record_count = input.count;
-    RunProgress progress(ProgressWords(run, facts.layer_name), application, extension, input.count,
+    RunProgress progress(context, ProgressWords(run, facts.layer_name), application, extension, input.count,
                          show_progress && run.Kind != RunKind::Joining);
 
     const SpatialReferenceRef reference = input.features->SpatialReference();
@@ -171,24 +171,24 @@ std::string RunConversion(const ConversionRun& run, const std::shared_ptr<IFeatu
     request.envelope = &frame.extent;
     request.fields = transfer.OutputFields();
     request.sources = {input.features};
-    AnnounceLosses(*input.features, facts.layer_name, transfer.Carried(), journal);
-    AnnounceChanges(transfer.Carried(), request.kind);
-    output = CreateOutput(request);
+    AnnounceLosses(context, *input.features, facts.layer_name, transfer.Carried());
+    AnnounceChanges(context, transfer.Carried(), request.kind);
+    output = CreateOutput(context, request);
     if (!output) {
       progress.Abandon();
-      return EndWithoutOutput();
+      return EndWithoutOutput(context);
     }
     facts.output_path = OutputPath(*output, request);
     transfer.Bind(input.features.get(), *output);
     facts.field_report = transfer.FieldReport();
 
     {
-      OutputWriter writer(output, transfer);
-      const StepContext context{input_type, reference, frame.reference};
+      OutputWriter writer(output, transfer, journal);
+      const StepContext step_context{input_type, reference, frame.reference};
       const bool finished =
-          UnlessStopped([&] { return ConvertFeatures(run, context, input, writer, progress, facts); });
+          UnlessStopped([&] { return ConvertFeatures(run, step_context, input, writer, progress, facts, journal); });
       writer.Close();
-      PublishOutput(*output, request);
+      PublishOutput(context, *output, request);
       CheckRowsWritten(journal, *output);
       tell_faults();
       if (!finished) {
@@ -196,7 +196,7 @@ std::string RunConversion(const ConversionRun& run, const std::shared_ptr<IFeatu
         return StoppedReport(run, facts, journal);
       }
     }
-    AddResultLayer(output, output->Name(), *document);
+    AddResultLayer(context, output, output->Name(), *document);
     document->UpdateContents();
     progress.Finish();
     document->ActiveView()->PartialRefresh(esriViewGeography, nullptr, nullptr);
@@ -208,7 +208,7 @@ std::string RunConversion(const ConversionRun& run, const std::shared_ptr<IFeatu
   };
   const auto on_fault = [&](const Fault& fault) {
     journal.Fail(fault.Description());
-    DiscardUnpublished(output);
+    DiscardUnpublished(context, output);
     tell_faults();
     return FailureReport(run, facts, journal, fault);
   };

@@ -9,6 +9,7 @@
 #include "conversion/conversion_runs.h"
 #include "frame/clsExtension.h"
 #include "platform/application.h"
+#include "platform/run_context.h"
 
 namespace tessarine::modCreateVertices {
 
@@ -20,13 +21,15 @@ namespace tessarine::modCreateVertices {
 /// none. `path` is the full backslash path of the output; its kind and feature dataset come from the extension. A run
 /// that the user stops leaves what was written and says so. A source that can't be read on or an output that can't be
 /// written on ends the run: the report tells of it, the fault report is shown, and what was flushed stays.
-[[nodiscard]] std::string RunConversion(const ConversionRun& run, const std::shared_ptr<IFeatureLayer>& layer,
+[[nodiscard]] std::string RunConversion(RunContext& context, const ConversionRun& run,
+                                        const std::shared_ptr<IFeatureLayer>& layer,
                                         const std::shared_ptr<VarArray>& fields, bool all_records,
                                         const std::string& path, const std::shared_ptr<IApplication>& application,
                                         const std::shared_ptr<clsExtension>& extension, bool show_progress);
 
 /// What such a run would do, as a report: nothing is written.
-[[nodiscard]] std::string PlanConversion(const ConversionRun& run, const std::shared_ptr<IFeatureLayer>& layer,
+[[nodiscard]] std::string PlanConversion(RunContext& context, const ConversionRun& run,
+                                         const std::shared_ptr<IFeatureLayer>& layer,
                                          const std::shared_ptr<VarArray>& fields, bool all_records,
                                          const std::string& path, const std::shared_ptr<IApplication>& application,
                                          const std::shared_ptr<clsExtension>& extension);

@@ -37,13 +37,13 @@ constexpr std::string_view kTooSmall =
 /// The moving picture and the hourglass while the run lasts, however it ends.
 class BusySigns {
  public:
-  explicit BusySigns(const std::shared_ptr<IApplication>& application)
-      : animation_(Require(application->StatusBar(), "StatusBar")->ProgressAnimation()) {
+  BusySigns(IRunFeedback& feedback, const std::shared_ptr<IApplication>& application)
+      : feedback_(feedback), animation_(Require(application->StatusBar(), "StatusBar")->ProgressAnimation()) {
     if (animation_) {
       animation_->Show();
       animation_->Play();
     }
-    Host().ShowWaitPointer();
+    feedback_.ShowWaitPointer();
   }
   ~BusySigns() {
     Attempt([this] {
@@ -51,13 +51,14 @@ class BusySigns {
         animation_->Stop();
         animation_->Hide();
       }
-      Host().RestoreMousePointer();
+      feedback_.RestoreMousePointer();
     });
   }
   BusySigns(const BusySigns&) = delete;
   BusySigns& operator=(const BusySigns&) = delete;
 
  private:
+  IRunFeedback& feedback_;
   std::shared_ptr<IAnimationProgressor> animation_;  // nothing where the host has none
 };
 
@@ -67,10 +68,9 @@ struct Lines {
   std::int32_t count = 0;
 };
 
-Lines CollectLines(const std::shared_ptr<IFeatureLayer>& layer, bool all_lines) {
+Lines CollectLines(RunJournal& journal, const std::shared_ptr<IFeatureLayer>& layer, bool all_lines) {
   const RunInput input = OpenInput(layer, all_lines);
   Lines lines{input.features, {}, input.count};
-  RunJournal& journal = Host().Journal();
   while (const std::shared_ptr<IFeature> feature = input.cursor->NextFeature()) {
     EndIfStopped();
     ++journal.read;
@@ -99,9 +99,8 @@ void ConstructPolygons(const Lines& lines, double tolerance, IFeatureClass& outp
 }
 
 // Numbers and measures the polygons and gives them their labels. Answers the list of those without.
-std::string CompletePolygons(IFeatureClass& output, const FieldTransfer& transfer,
+std::string CompletePolygons(RunJournal& journal, IFeatureClass& output, const FieldTransfer& transfer,
                              const std::optional<LabelSearch>& labels) {
-  RunJournal& journal = Host().Journal();
   std::string unlabelled;
   std::int32_t count = 0;
   const std::shared_ptr<IFeatureCursor> cursor = output.Update(nullptr, false);
@@ -131,9 +130,9 @@ std::string CompletePolygons(IFeatureClass& output, const FieldTransfer& transfe
 }
 
 // Ends a run that has nothing to work on.
-std::string GiveUp(const std::string& message) {
-  Host().Journal().Fail(message);
-  Host().MessageBox().Show(message, "");
+std::string GiveUp(RunContext& context, const std::string& message) {
+  context.journal.Fail(message);
+  context.feedback.Tell(message, "");
   return "";
 }
 
@@ -146,15 +145,16 @@ std::string orlBuildPolygons(const std::shared_ptr<IFeatureLayer>& line_layer, b
                              const std::shared_ptr<IMxDocument>& document,
                              const std::shared_ptr<IApplication>& application,
                              const std::shared_ptr<clsExtension>& extension) {
-  RunScope scope(Host().Journal(), Host().Clock());
+  RunContext context = HostContext();
+  RunScope scope(context);
   RunJournal& journal = scope.Journal();
   const auto tell_faults = [&] { ReportRecordFaults(journal, kWorker, line_layer->Name()); };
   std::shared_ptr<IFeatureClass> output;
   const auto run_body = [&]() -> std::string {
-    const BusySigns busy(application);
-    const Lines lines = CollectLines(line_layer, all_lines);
+    const BusySigns busy(context.feedback, application);
+    const Lines lines = CollectLines(journal, line_layer, all_lines);
     if (lines.shapes.empty()) {
-      return GiveUp("No polylines available in '" + line_layer->Name() + "'!  Function cancelled...");
+      return GiveUp(context, "No polylines available in '" + line_layer->Name() + "'!  Function cancelled...");
     }
 
     BuildFacts facts;
@@ -173,10 +173,10 @@ std::string orlBuildPolygons(const std::shared_ptr<IFeatureLayer>& line_layer, b
     request.fields = transfer.OutputFields();
     request.sources = {lines.features};
     if (points) request.sources.push_back(points);
-    AnnounceLosses(*lines.features, line_layer->Name(), transfer.Carried(), journal);
-    AnnounceChanges(transfer.Carried(), request.kind);
-    output = CreateOutput(request);
-    if (!output) return EndWithoutOutput();
+    AnnounceLosses(context, *lines.features, line_layer->Name(), transfer.Carried());
+    AnnounceChanges(context, transfer.Carried(), request.kind);
+    output = CreateOutput(context, request);
+    if (!output) return EndWithoutOutput(context);
     facts.output_path = OutputPath(*output, request);
     journal.reference = output->SpatialReference();
     transfer.Bind(points.get(), *output);
@@ -184,21 +184,22 @@ std::string orlBuildPolygons(const std::shared_ptr<IFeatureLayer>& line_layer, b
     ConstructPolygons(lines, cluster_tolerance, *output);
     facts.output_count = output->FeatureCount(nullptr);
     if (facts.output_count == 0) {
-      return GiveUp("No polygons were created from '" + line_layer->Name() +
-                    "'!  Possibly no polylines intersected in such a way as to create a bounded region.  Function "
-                    "cancelled...");
+      return GiveUp(context,
+                    "No polygons were created from '" + line_layer->Name() +
+                        "'!  Possibly no polylines intersected in such a way as to create a bounded region.  Function "
+                        "cancelled...");
     }
     std::optional<LabelSearch> labels;
     if (transfer_labels) {
       labels.emplace(point_layer, use_all_label_points, use_first_label_point, output->SpatialReference());
     }
-    facts.unlabelled = CompletePolygons(*output, transfer, labels);
-    PublishOutput(*output, request);
+    facts.unlabelled = CompletePolygons(journal, *output, transfer, labels);
+    PublishOutput(context, *output, request);
     journal.written = facts.output_count;
     CheckRowsWritten(journal, *output);
     tell_faults();
 
-    AddResultLayer(output, output->Name(), *document);
+    AddResultLayer(context, output, output->Name(), *document);
     document->ActiveView()->PartialRefresh(esriViewGeography, nullptr, nullptr);
 
     scope.End();
@@ -218,14 +219,14 @@ std::string orlBuildPolygons(const std::shared_ptr<IFeatureLayer>& line_layer, b
   };
   const auto on_fault = [&](const Fault& fault) {
     journal.Fail(fault.Description());
-    DiscardUnpublished(output);
+    DiscardUnpublished(context, output);
     tell_faults();
     return BuildFailureReport(fault, journal, line_layer->Name());
   };
   std::string report;
   if (!UnlessStopped([&] { report = TrapWith(kWorker, run_body, on_fault); })) {
     journal.stopped = true;
-    DiscardUnpublished(output);
+    DiscardUnpublished(context, output);
     tell_faults();
   }
   return report;

@@ -26,11 +26,12 @@ std::string LabelLines(const clsExtension& extension) {
 }  // namespace
 
 std::string PlanBuildPolygons(const clsExtension& extension) {
+  RunContext context = HostContext();
   return Trap("PlanBuildPolygons", [&]() -> std::string {
     const std::shared_ptr<IFeatureLayer>& layer = Require(extension.SelectedLayer, "layer");
     const SpatialReferenceRef reference = layer->FeatureClass()->SpatialReference();
-    Host().Journal() = RunJournal();
-    Host().Journal().reference = reference;
+    context.journal = RunJournal();
+    context.journal.reference = reference;
     const std::string path = aml_func_mod::MakeUniqueFilename(extension.NewShapefileLocation);
     const VarArray none;
     const FieldTransfer transfer =
@@ -46,7 +47,7 @@ std::string PlanBuildPolygons(const clsExtension& extension) {
            MyGeneralOperations::TrimZerosAndDecimals(extension.BuildClusterTolerance, false) + " " +
            EscapeRtf(UnitWord(reference)) + "\\par\r\n" + LabelLines(extension) +
            "  ** Spatial Reference:  " + EscapeRtf(reference->Name()) + "\\par\r\n" +
-           PlannedOutput(SplitOutputPath(path, extension), "polygon", transfer, sources,
+           PlannedOutput(context, SplitOutputPath(path, extension), "polygon", transfer, sources,
                          ForetoldLosses(*layer->FeatureClass(), layer->Name(), transfer.Carried())) +
            "}";
   });

@@ -5,7 +5,6 @@
 #include "conversion/output_target.h"
 #include "conversion/plan_texts.h"
 #include "conversion/run_reports.h"
-#include "platform/host.h"
 #include "platform/rich_text.h"
 #include "platform/shape_words.h"
 #include "platform/trap.h"
@@ -20,17 +19,17 @@ std::string RefusalLine(std::string_view reason) {
 
 }  // namespace
 
-std::string PlanConversion(const ConversionRun& run, const std::shared_ptr<IFeatureLayer>& layer,
+std::string PlanConversion(RunContext& context, const ConversionRun& run, const std::shared_ptr<IFeatureLayer>& layer,
                            const std::shared_ptr<VarArray>& fields, bool all_records, const std::string& path,
                            const std::shared_ptr<IApplication>&, const std::shared_ptr<clsExtension>& extension) {
   return Trap("PlanConversion", [&]() -> std::string {
     const std::shared_ptr<IFeatureClass> input = Require(layer->FeatureClass(), "FeatureClass");
     if (!CanFrame(run, input->SpatialReference())) {
-      Host().Journal().failed = true;
+      context.journal.failed = true;
       return UnknownReferenceReport(run);
     }
-    Host().Journal() = RunJournal();
-    Host().Journal().reference = FrameOf(run, *input).reference;
+    context.journal = RunJournal();
+    context.journal.reference = FrameOf(run, *input).reference;
     const OutputTarget target = SplitOutputPath(path, *extension);
     const ShapeRule rule = RuleFor(run, input->ShapeType());
     const FieldTransfer transfer = FieldTransfer::BesideInput(*input, rule.MeasureFields, *fields);
@@ -41,7 +40,7 @@ std::string PlanConversion(const ConversionRun& run, const std::shared_ptr<IFeat
            std::string(all_records ? run.Words.AllLabel : run.Words.SelectedLabel) +
            std::to_string(extension->AnalysisRecordCount) +
            ")\\par\r\n  ** Spatial Reference:  " + EscapeRtf(input->SpatialReference()->Name()) + "\\par\r\n" +
-           PlannedOutput(target, ShapeWord(rule.Output, "unknown"), transfer, {input},
+           PlannedOutput(context, target, ShapeWord(rule.Output, "unknown"), transfer, {input},
                          ForetoldLosses(*input, layer->Name(), transfer.Carried())) +
            RefusalLine(WhyNever(run, input->ShapeType())) + "}";
   });

@@ -40,13 +40,14 @@ std::string ForetoldLines(const FieldTransfer& transfer, const OutputTarget& tar
 
 }  // namespace
 
-std::string PlannedOutput(const OutputTarget& target, std::string_view shape_word, const FieldTransfer& transfer,
-                          std::vector<std::shared_ptr<IClass>> sources, const std::vector<std::string>& losses) {
+std::string PlannedOutput(RunContext& context, const OutputTarget& target, std::string_view shape_word,
+                          const FieldTransfer& transfer, std::vector<std::shared_ptr<IClass>> sources,
+                          const std::vector<std::string>& losses) {
   OutputRequest request = RequestFor(target, "");
   request.fields = transfer.OutputFields();
   request.sources = std::move(sources);
-  const OutputPlan plan = PlanOutput(request);
-  const std::string question = NotePlan(plan, request);
+  const OutputPlan plan = PlanOutput(context, request);
+  const std::string question = NotePlan(context, plan, request);
   return "\\b Output:\\b0\\par\r\n  ** " + PathForReport(plan.path) + "\\par\r\n  ** " + KindText(target) + ", " +
          std::string(shape_word) + "\\par\r\n\\b Fields:\\b0\\par\r\n" + FieldLines(transfer) +
          ForetoldLines(transfer, target, losses) + "\\b Questions:\\b0\\par\r\n  ** " + question + "\\par\r\n";

@@ -1,6 +1,5 @@
 #include "conversion/run_data.h"
 
-#include "platform/host.h"
 #include "support/MyGeneralOperations.h"
 
 namespace tessarine {
@@ -30,16 +29,16 @@ MyGeneralOperations::OutputRequest RequestFor(const OutputTarget& target, std::s
   return request;
 }
 
-std::string EndWithoutOutput() {
-  if (!Host().Journal().cancelled) {
+std::string EndWithoutOutput(const RunContext& context) {
+  if (!context.journal.cancelled) {
     Raise(kObjectNotSet, "Object variable not set: the output feature class was not created");
   }
   return "";
 }
 
-void AddResultLayer(const std::shared_ptr<IFeatureClass>& output, const std::string& name,
+void AddResultLayer(RunContext& context, const std::shared_ptr<IFeatureClass>& output, const std::string& name,
                     const IMxDocument& document) {
-  const std::shared_ptr<IFeatureLayer> layer = Host().CreateFeatureLayer();
+  const std::shared_ptr<IFeatureLayer> layer = context.services.CreateFeatureLayer();
   layer->SetFeatureClass(output);
   layer->SetName(name);
   document.FocusMap()->AddLayer(layer);

@@ -27,9 +27,10 @@ struct RunInput {
 [[nodiscard]] MyGeneralOperations::OutputRequest RequestFor(const OutputTarget& target, std::string_view name_prompt);
 
 /// The empty report of a run that made no output because the user gave up. A fault where it was for another reason.
-[[nodiscard]] std::string EndWithoutOutput();
+[[nodiscard]] std::string EndWithoutOutput(const RunContext& context);
 
 /// Adds a layer of the output to the focus map.
-void AddResultLayer(const std::shared_ptr<IFeatureClass>& output, const std::string& name, const IMxDocument& document);
+void AddResultLayer(RunContext& context, const std::shared_ptr<IFeatureClass>& output, const std::string& name,
+                    const IMxDocument& document);
 
 }  // namespace tessarine

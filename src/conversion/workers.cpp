@@ -1,5 +1,6 @@
 // The eight workers: each is the common run with its own row of the table.
 #include "conversion/modCreateVertices.h"
+#include "platform/host.h"
 
 namespace tessarine::modCreateVertices {
 
@@ -7,54 +8,62 @@ std::string ConvertToVertices(const std::shared_ptr<IFeatureLayer>& layer, const
                               bool all_records, const std::string& path,
                               const std::shared_ptr<IApplication>& application,
                               const std::shared_ptr<clsExtension>& extension, bool show_progress, bool) {
-  return RunConversion(*FindRun(1), layer, fields, all_records, path, application, extension, show_progress);
+  RunContext context = HostContext();
+  return RunConversion(context, *FindRun(1), layer, fields, all_records, path, application, extension, show_progress);
 }
 
 std::string ConvertToLabelPoints(const std::shared_ptr<IFeatureLayer>& layer, const std::shared_ptr<VarArray>& fields,
                                  bool all_records, const std::string& path,
                                  const std::shared_ptr<IApplication>& application,
                                  const std::shared_ptr<clsExtension>& extension, bool show_progress, bool) {
-  return RunConversion(*FindRun(2), layer, fields, all_records, path, application, extension, show_progress);
+  RunContext context = HostContext();
+  return RunConversion(context, *FindRun(2), layer, fields, all_records, path, application, extension, show_progress);
 }
 
 std::string ConvertToCentroids(const std::shared_ptr<IFeatureLayer>& layer, const std::shared_ptr<VarArray>& fields,
                                bool all_records, const std::string& path,
                                const std::shared_ptr<IApplication>& application,
                                const std::shared_ptr<clsExtension>& extension, bool show_progress, bool) {
-  return RunConversion(*FindRun(4), layer, fields, all_records, path, application, extension, show_progress);
+  RunContext context = HostContext();
+  return RunConversion(context, *FindRun(4), layer, fields, all_records, path, application, extension, show_progress);
 }
 
 std::string ConvertToSphericalCentroid(const std::shared_ptr<IFeatureLayer>& layer,
                                        const std::shared_ptr<VarArray>& fields, bool all_records,
                                        const std::string& path, const std::shared_ptr<IApplication>& application,
                                        const std::shared_ptr<clsExtension>& extension, bool show_progress, bool) {
-  return RunConversion(*FindRun(8), layer, fields, all_records, path, application, extension, show_progress);
+  RunContext context = HostContext();
+  return RunConversion(context, *FindRun(8), layer, fields, all_records, path, application, extension, show_progress);
 }
 
 std::string PolylinesToPolygons(const std::shared_ptr<IFeatureLayer>& layer, const std::shared_ptr<VarArray>& fields,
                                 bool all_records, const std::string& path,
                                 const std::shared_ptr<IApplication>& application,
                                 const std::shared_ptr<clsExtension>& extension, bool show_progress, bool) {
-  return RunConversion(*FindRun(16), layer, fields, all_records, path, application, extension, show_progress);
+  RunContext context = HostContext();
+  return RunConversion(context, *FindRun(16), layer, fields, all_records, path, application, extension, show_progress);
 }
 
 std::string PolygonsToPolylines(const std::shared_ptr<IFeatureLayer>& layer, const std::shared_ptr<VarArray>& fields,
                                 bool all_records, const std::string& path,
                                 const std::shared_ptr<IApplication>& application,
                                 const std::shared_ptr<clsExtension>& extension, bool show_progress, bool) {
-  return RunConversion(*FindRun(32), layer, fields, all_records, path, application, extension, show_progress);
+  RunContext context = HostContext();
+  return RunConversion(context, *FindRun(32), layer, fields, all_records, path, application, extension, show_progress);
 }
 
 std::string SplitMultipart(const std::shared_ptr<IFeatureLayer>& layer, const std::shared_ptr<VarArray>& fields,
                            bool all_records, const std::string& path, const std::shared_ptr<IApplication>& application,
                            const std::shared_ptr<clsExtension>& extension, bool show_progress, bool) {
-  return RunConversion(*FindRun(64), layer, fields, all_records, path, application, extension, show_progress);
+  RunContext context = HostContext();
+  return RunConversion(context, *FindRun(64), layer, fields, all_records, path, application, extension, show_progress);
 }
 
 std::string JoinFeatures(const std::shared_ptr<IFeatureLayer>& layer, const std::shared_ptr<VarArray>& fields,
                          bool all_records, const std::string& path, const std::shared_ptr<IApplication>& application,
                          const std::shared_ptr<clsExtension>& extension, bool show_progress, bool) {
-  return RunConversion(*FindRun(128), layer, fields, all_records, path, application, extension, show_progress);
+  RunContext context = HostContext();
+  return RunConversion(context, *FindRun(128), layer, fields, all_records, path, application, extension, show_progress);
 }
 
 }  // namespace tessarine::modCreateVertices

@@ -85,14 +85,14 @@ class frmGraphicsShapefile final : public Form {
   [[nodiscard]] const GraphicSet& ChosenSet() const { return SelectedOnly() ? harvest_->Selected : harvest_->All; }
   [[nodiscard]] MyGeneralOperations::OutputChoice TypedPlace() const;
 
-  Outcome MakeOutput(Made& made);
-  Outcome MakeEmptyClass(Made& made);
-  Outcome ConvertGraphics(Made& made);
+  Outcome MakeOutput(RunContext& context, Made& made);
+  Outcome MakeEmptyClass(RunContext& context, Made& made);
+  Outcome ConvertGraphics(RunContext& context, Made& made);
   Outcome AskAboutMissing(const std::string& title, const std::string& text);
   /// Creates the class of the report, or in a plan only says where it would be.
-  bool MakeClass(esriGeometryType geometry_type, GraphicMeasure measure, bool names, Made& made);
-  void Plan(Made& made) const;
-  void AddLayer(const Made& made);
+  bool MakeClass(RunContext& context, esriGeometryType geometry_type, GraphicMeasure measure, bool names, Made& made);
+  void Plan(RunContext& context, Made& made) const;
+  void AddLayer(RunContext& context, const Made& made);
 
   std::shared_ptr<IApplication> application_;
   std::shared_ptr<IMxDocument> document_;

@@ -20,13 +20,14 @@ constexpr const char* kGraphics = "graphics of the map";
 void frmGraphicsShapefile::cmdOK_Click() {
   Trap("cmdOK_Click", [this] {
     RememberOutput(TypedPlace(), *extension_);
-    RunScope scope(Host().Journal(), Host().Clock());
+    RunContext context = HostContext();
+    RunScope scope(context);
     Made made;
-    const Outcome outcome = MakeOutput(made);
+    const Outcome outcome = MakeOutput(context, made);
     if (outcome == Outcome::GoBack) return;
     if (outcome == Outcome::Done) {
       scope.End();
-      if (made.feature_class) AddLayer(made);
+      if (made.feature_class) AddLayer(context, made);
       EnableSelectTool(application_);
       Host().Beep();
       Hide();
@@ -38,29 +39,29 @@ void frmGraphicsShapefile::cmdOK_Click() {
   });
 }
 
-frmGraphicsShapefile::Outcome frmGraphicsShapefile::MakeOutput(Made& made) {
-  RunJournal& journal = Host().Journal();
+frmGraphicsShapefile::Outcome frmGraphicsShapefile::MakeOutput(RunContext& context, Made& made) {
+  RunJournal& journal = context.journal;
   try {
-    return optNew.Value() ? MakeEmptyClass(made) : ConvertGraphics(made);
+    return optNew.Value() ? MakeEmptyClass(context, made) : ConvertGraphics(context, made);
   } catch (...) {
     journal.Fail(CurrentFault().Description());
-    DiscardUnpublished(made.feature_class);
+    DiscardUnpublished(context, made.feature_class);
     throw;
   }
 }
 
-frmGraphicsShapefile::Outcome frmGraphicsShapefile::MakeEmptyClass(Made& made) {
+frmGraphicsShapefile::Outcome frmGraphicsShapefile::MakeEmptyClass(RunContext& context, Made& made) {
   const EmptyClass& row = EmptyClassOf(ChosenGeometry());
   made.report.title = "Empty Shapefile Created and Added to Map";
   made.report.option_title = "Feature Class Option:";
   made.report.option = row.text;
   made.report.fields = EmptyFieldLines(row.measure);
-  if (!MakeClass(row.geometry_type, row.measure, false, made)) return Outcome::NothingMade;
-  if (made.feature_class) PublishOutput(*made.feature_class, made.request);
+  if (!MakeClass(context, row.geometry_type, row.measure, false, made)) return Outcome::NothingMade;
+  if (made.feature_class) PublishOutput(context, *made.feature_class, made.request);
   return Outcome::Done;
 }
 
-frmGraphicsShapefile::Outcome frmGraphicsShapefile::ConvertGraphics(Made& made) {
+frmGraphicsShapefile::Outcome frmGraphicsShapefile::ConvertGraphics(RunContext& context, Made& made) {
   const GraphicConversion& conversion = ConversionAt(lbxGraphics.ListIndex());
   const bool selected = SelectedOnly();
   const GraphicSet& set = ChosenSet();
@@ -78,16 +79,16 @@ frmGraphicsShapefile::Outcome frmGraphicsShapefile::ConvertGraphics(Made& made) 
   if (conversion.second.list != nullptr) {
     report.counts += CountLine((set.*conversion.second.list).Count(), conversion.second.count_words);
   }
-  Host().Journal().read = count;
-  if (!MakeClass(conversion.geometry_type, conversion.measure, names, made)) return Outcome::NothingMade;
+  context.journal.read = count;
+  if (!MakeClass(context, conversion.geometry_type, conversion.measure, names, made)) return Outcome::NothingMade;
   report.fields = FieldLines(conversion.measure, names, selected, output_reference_, map_reference);
   made.symbol = (set.*conversion.symbol_list).FirstSymbol;
   if (!made.feature_class) return Outcome::Done;
   NameCounts written;
-  FillGraphicsClass(made.feature_class, conversion, set, output_reference_, map_reference, written);
-  PublishOutput(*made.feature_class, made.request);
+  FillGraphicsClass(context.journal, made.feature_class, conversion, set, output_reference_, map_reference, written);
+  PublishOutput(context, *made.feature_class, made.request);
   report.names = NameLines(written);
-  const RunJournal& journal = Host().Journal();
+  const RunJournal& journal = context.journal;
   report.records = static_cast<std::int32_t>(journal.written);
   report.problems = ProblemSections(journal, kGraphics, "These elements, counted from 1, were left out.");
   if (journal.Outcome() != RunOutcome::Done) {
@@ -102,41 +103,42 @@ frmGraphicsShapefile::Outcome frmGraphicsShapefile::AskAboutMissing(const std::s
   return answer == MessageAnswer::Ok ? Outcome::GoBack : Outcome::NothingMade;
 }
 
-bool frmGraphicsShapefile::MakeClass(esriGeometryType geometry_type, GraphicMeasure measure, bool names, Made& made) {
+bool frmGraphicsShapefile::MakeClass(RunContext& context, esriGeometryType geometry_type, GraphicMeasure measure,
+                                     bool names, Made& made) {
   const OutputChoice place = TypedPlace();
   output_reference_ = reference_;
   made.request = GraphicsRequest(geometry_type, measure, names, reference_, place);
   if (Host().PlanOnly()) {
-    Plan(made);
+    Plan(context, made);
     return true;
   }
-  made.feature_class = CreateOutput(made.request);
+  made.feature_class = CreateOutput(context, made.request);
   if (!made.feature_class) return false;
   made.report.path = OutputPath(*made.feature_class, made.request);
   // A feature dataset puts its own reference on its classes.
   if (made.request.is_feature_dataset) output_reference_ = made.feature_class->SpatialReference();
-  Host().Journal().reference = output_reference_;
+  context.journal.reference = output_reference_;
   return true;
 }
 
-void frmGraphicsShapefile::Plan(Made& made) const {
-  const OutputPlan plan = PlanOutput(made.request);
-  Host().Journal().reference = output_reference_;
+void frmGraphicsShapefile::Plan(RunContext& context, Made& made) const {
+  const OutputPlan plan = PlanOutput(context, made.request);
+  context.journal.reference = output_reference_;
   GraphicsReport& report = made.report;
   report.title = optNew.Value() ? "Empty Shapefile, planned only: nothing was written"
                                 : "Graphics to Feature Classes Conversion, planned only: nothing was written";
   report.output_title = "Output:";
   report.path = plan.path;
-  report.questions = "   " + NotePlan(plan, made.request) + "\\par\r\n";
+  report.questions = "   " + NotePlan(context, plan, made.request) + "\\par\r\n";
 }
 
-void frmGraphicsShapefile::AddLayer(const Made& made) {
-  const std::shared_ptr<IFeatureLayer> layer = Require(Host().CreateFeatureLayer(), "FeatureLayer");
+void frmGraphicsShapefile::AddLayer(RunContext& context, const Made& made) {
+  const std::shared_ptr<IFeatureLayer> layer = Require(context.services.CreateFeatureLayer(), "FeatureLayer");
   layer->SetFeatureClass(made.feature_class);
   const std::string alias = made.feature_class->AliasName();
   layer->SetName(alias.empty() ? made.feature_class->Name() : alias);
   const auto drawn = Cast<IGeoFeatureLayer>(layer);
-  const std::shared_ptr<ISimpleRenderer> renderer = made.symbol ? Host().CreateSimpleRenderer() : nullptr;
+  const std::shared_ptr<ISimpleRenderer> renderer = made.symbol ? context.services.CreateSimpleRenderer() : nullptr;
   if (drawn && renderer) {
     renderer->SetSymbol(made.symbol);
     drawn->SetRenderer(renderer);

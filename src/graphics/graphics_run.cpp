@@ -74,9 +74,10 @@ void MakeSimple(const GeometryRef& shape) {
 
 class GraphicWriter {
  public:
-  GraphicWriter(const std::shared_ptr<IFeatureClass>& target, const GraphicConversion& conversion,
+  GraphicWriter(RunJournal& journal, const std::shared_ptr<IFeatureClass>& target, const GraphicConversion& conversion,
                 SpatialReferenceRef output, const SpatialReferenceRef& map, NameCounts& names)
-      : conversion_(conversion),
+      : journal_(journal),
+        conversion_(conversion),
         output_(std::move(output)),
         label_(GeographicOf(map)),
         names_(names),
@@ -90,12 +91,11 @@ class GraphicWriter {
         cursor_(target->Insert(true)) {}
 
   void WriteAll(const GraphicList& list, bool with_names) {
-    RunJournal& journal = Host().Journal();
     for (std::int32_t index = 0; index < list.Count(); ++index) {
-      static_cast<void>(WorkOnRecord(journal, ++element_, [&] {
+      static_cast<void>(WorkOnRecord(journal_, ++element_, [&] {
         WriteElement(list.Shapes->Element(index).AsObject<IGeometry>(),
                      with_names ? &list.Names->Element(index) : nullptr);
-        ++journal.written;
+        ++journal_.written;
       }));
     }
   }
@@ -134,7 +134,7 @@ class GraphicWriter {
   }
 
   void Put(std::int32_t index, const Variant& value) {
-    NoteMeasureChange(Host().Journal(), *buffer_->Fields()->Field(index), buffer_->SetValue(index, value), element_);
+    NoteMeasureChange(journal_, *buffer_->Fields()->Field(index), buffer_->SetValue(index, value), element_);
   }
 
   // A copy in longitude and latitude, in degrees.
@@ -168,6 +168,7 @@ class GraphicWriter {
     }
   }
 
+  RunJournal& journal_;
   const GraphicConversion& conversion_;
   SpatialReferenceRef output_, label_;
   NameCounts& names_;
@@ -198,15 +199,15 @@ MyGeneralOperations::OutputRequest GraphicsRequest(esriGeometryType geometry_typ
   return request;
 }
 
-void FillGraphicsClass(const std::shared_ptr<IFeatureClass>& target, const GraphicConversion& conversion,
-                       const GraphicSet& set, const SpatialReferenceRef& output, const SpatialReferenceRef& map,
-                       NameCounts& names) {
+void FillGraphicsClass(RunJournal& journal, const std::shared_ptr<IFeatureClass>& target,
+                       const GraphicConversion& conversion, const GraphicSet& set, const SpatialReferenceRef& output,
+                       const SpatialReferenceRef& map, NameCounts& names) {
   const bool with_names = conversion.AnyNameIn(set);
-  GraphicWriter writer(target, conversion, output, map, names);
+  GraphicWriter writer(journal, target, conversion, output, map, names);
   writer.WriteAll(set.*conversion.first.list, with_names);
   if (conversion.second.list != nullptr) writer.WriteAll(set.*conversion.second.list, with_names);
   writer.Finish();
-  CheckRowsWritten(Host().Journal(), *target);
+  CheckRowsWritten(journal, *target);
 }
 
 }  // namespace tessarine

@@ -22,8 +22,8 @@ namespace tessarine {
 /// geographic one of the map, its coordinates as they stand; then all are projected into the reference of the class.
 /// Areas are those on the sphere, in square metres, lengths those of geodesics on WGS 1984, in metres; coordinates are
 /// in the reference of the class. The names that were written are counted in `names`.
-void FillGraphicsClass(const std::shared_ptr<IFeatureClass>& target, const GraphicConversion& conversion,
-                       const GraphicSet& set, const SpatialReferenceRef& output, const SpatialReferenceRef& map,
-                       NameCounts& names);
+void FillGraphicsClass(RunJournal& journal, const std::shared_ptr<IFeatureClass>& target,
+                       const GraphicConversion& conversion, const GraphicSet& set, const SpatialReferenceRef& output,
+                       const SpatialReferenceRef& map, NameCounts& names);
 
 }  // namespace tessarine

@@ -4,7 +4,6 @@
 #include <iterator>
 
 #include "planetary/carried_fields.h"
-#include "platform/host.h"
 #include "platform/paths.h"
 #include "platform/run_scope.h"
 #include "platform/run_stop.h"
@@ -69,21 +68,20 @@ AttributeCopy CopyOf(const IFeatureClass& from, const IFeatureClass& to) {
   return {sources, LastAttributes(*to.Fields(), sources.size()), *to.Fields()};
 }
 
-RewrittenShape Rewrite(const FeatureRewrite& run, const IFeature& feature, const KeepGoing& keep_going) {
+RewrittenShape Rewrite(const FeatureRewrite& run, const IFeature& feature, const RewrittenRecord& record) {
   const GeometryRef shape = feature.ShapeCopy();
   if (!shape || shape->IsEmpty()) {
-    Host().Journal().skipped_oids.push_back(feature.OID());
-    return {shape, "  --> Feature at OID #" + std::to_string(feature.OID()) + " is empty..."};
+    record.journal.skipped_oids.push_back(record.oid);
+    return {shape, "  --> Feature at OID #" + std::to_string(record.oid) + " is empty..."};
   }
   RewrittenShape rewritten;
-  if (!UnlessStopped([&] { rewritten = run.rewrite(shape, feature.OID(), keep_going); })) rewritten.stopped = true;
+  if (!UnlessStopped([&] { rewritten = run.rewrite(shape, record); })) rewritten.stopped = true;
   return rewritten;
 }
 
 // The features one by one. False when the user stopped the run.
-bool RewriteAll(const FeatureRewrite& run, IFeatureClass& input, const std::shared_ptr<IFeatureClass>& output,
-                RunProgress& progress, RewriteFacts& facts) {
-  RunJournal& journal = Host().Journal();
+bool RewriteAll(RunJournal& journal, const FeatureRewrite& run, IFeatureClass& input,
+                const std::shared_ptr<IFeatureClass>& output, RunProgress& progress, RewriteFacts& facts) {
   const AttributeCopy attributes = CopyOf(input, *output);
   const std::shared_ptr<IFeatureCursor> reader = input.Search(nullptr, false);
   const std::shared_ptr<IFeatureCursor> writer = output->Insert(true);
@@ -96,7 +94,9 @@ bool RewriteAll(const FeatureRewrite& run, IFeatureClass& input, const std::shar
     ++journal.read;
     const std::int64_t oid = feature->OID();
     RewrittenShape rewritten;
-    static_cast<void>(WorkOnRecord(journal, oid, [&] { rewritten = Rewrite(run, *feature, keep_going); }));
+    static_cast<void>(WorkOnRecord(journal, oid, [&] {
+      rewritten = Rewrite(run, *feature, {oid, journal, keep_going});
+    }));
     finished = !rewritten.stopped;
     if (!finished) break;
     if (facts.measures.Add(rewritten.measure, oid)) journal.NoteWarning(kChanged, oid);
@@ -119,9 +119,9 @@ bool RewriteAll(const FeatureRewrite& run, IFeatureClass& input, const std::shar
   return finished;
 }
 
-void ShowResult(const std::shared_ptr<IFeatureClass>& output, bool partial,
+void ShowResult(RunContext& context, const std::shared_ptr<IFeatureClass>& output, bool partial,
                 const std::shared_ptr<IMxDocument>& document) {
-  const std::shared_ptr<IFeatureLayer> layer = Host().CreateFeatureLayer();
+  const std::shared_ptr<IFeatureLayer> layer = context.services.CreateFeatureLayer();
   layer->SetFeatureClass(output);
   layer->SetName(output->AliasName() + (partial ? kPartial : ""));
   layer->SetVisible(true);
@@ -129,10 +129,10 @@ void ShowResult(const std::shared_ptr<IFeatureClass>& output, bool partial,
   document->UpdateContents();
 }
 
-std::string EndWithoutOutput(const FeatureRewrite& run, const char* reason) {
-  if (Host().Journal().cancelled) return "";
-  Host().MessageBox().Show(std::string("No Feature Class Created:\r\n") + reason, "");
-  Host().Journal().Fail(std::string("No feature class was created: ") + reason);
+std::string EndWithoutOutput(RunContext& context, const FeatureRewrite& run, const char* reason) {
+  if (context.journal.cancelled) return "";
+  context.feedback.Tell(std::string("No Feature Class Created:\r\n") + reason, "");
+  context.journal.Fail(std::string("No feature class was created: ") + reason);
   return NoOutputReport(run.conversion);
 }
 
@@ -151,39 +151,39 @@ std::string OtherWarningLines(const RunJournal& journal, std::string_view layer)
   return WarningLines(others, layer);
 }
 
-std::string RunBody(const FeatureRewrite& run, const std::shared_ptr<IApplication>& application,
+std::string RunBody(RunContext& context, const FeatureRewrite& run, const std::shared_ptr<IApplication>& application,
                     const std::shared_ptr<IMxDocument>& document, const std::shared_ptr<clsExtension>& extension,
                     bool show_progress, RewriteFacts& facts, RunScope& scope,
                     std::shared_ptr<IFeatureClass>& written_to) {
   RunJournal& journal = scope.Journal();
   const std::shared_ptr<IFeatureClass> input = Require(Require(run.layer, "layer")->FeatureClass(), "FeatureClass");
   const std::int32_t announced = input->FeatureCount(nullptr);
-  RunProgress progress({"Converting " + run.layer->Name(), std::string(kTask) + "\r\n", kTask}, application, extension,
-                       announced, show_progress ? std::make_shared<frmOrlProgressMeter>() : nullptr);
+  RunProgress progress(context, {"Converting " + run.layer->Name(), std::string(kTask) + "\r\n", kTask}, application,
+                       extension, announced, show_progress ? std::make_shared<frmOrlProgressMeter>() : nullptr);
   const std::vector<CarriedField> carried = CarriedUnder(*input->Fields(), *run.output.FieldNames());
-  AnnounceLosses(*input, run.layer->Name(), carried, journal);
-  AnnounceChanges(carried, run.output.Place().Kind);
+  AnnounceLosses(context, *input, run.layer->Name(), carried);
+  AnnounceChanges(context, carried, run.output.Place().Kind);
   NoteLeftOut(*input, journal);
   OutputRequest request = RequestFor(run.output, input);
   const Envelope extent = input->Extent();
   request.envelope = &extent;
-  const std::shared_ptr<IFeatureClass> output = CreateOutput(request);
+  const std::shared_ptr<IFeatureClass> output = CreateOutput(context, request);
   if (!output) {
     progress.Abandon();
-    return EndWithoutOutput(run, "Bailing out...");
+    return EndWithoutOutput(context, run, "Bailing out...");
   }
   written_to = output;
   facts.measures.type = input->ShapeType();
   const OutputChoice place = PlaceOf(*output, request);
   journal.reference = output->SpatialReference();
 
-  facts.stopped = !RewriteAll(run, *input, output, progress, facts);
+  facts.stopped = !RewriteAll(journal, run, *input, output, progress, facts);
   if (!facts.stopped) RequireRecords(journal, announced, run.layer->Name());
-  PublishOutput(*output, request);
+  PublishOutput(context, *output, request);
   CheckRowsWritten(journal, *output);
   journal.stopped = facts.stopped;
   facts.stopped ? progress.Stop() : progress.Finish();
-  ShowResult(output, facts.stopped, document);
+  ShowResult(context, output, facts.stopped, document);
   scope.End();
   facts.time_spent = ReturnTimeElapsedRTF(journal.begin, journal.end, kReportFontSize, journal.elapsed_seconds);
   facts.problems = OtherWarningLines(journal, run.layer->Name()) + facts.problems +
@@ -194,23 +194,25 @@ std::string RunBody(const FeatureRewrite& run, const std::shared_ptr<IApplicatio
 
 }  // namespace
 
-std::string RewriteFeatures(const FeatureRewrite& run, const std::shared_ptr<IApplication>& application,
+std::string RewriteFeatures(RunContext& context, const FeatureRewrite& run,
+                            const std::shared_ptr<IApplication>& application,
                             const std::shared_ptr<IMxDocument>& document,
                             const std::shared_ptr<clsExtension>& extension, bool show_progress) {
   RewriteFacts facts;
-  RunScope scope(Host().Journal(), Host().Clock());
+  RunScope scope(context);
   RunJournal& journal = scope.Journal();
   journal.spheroid = run.spheroid;
   std::shared_ptr<IFeatureClass> output;
   const auto tell_faults = [&] { ReportRecordFaults(journal, run.worker, run.layer->Name()); };
   const auto body = [&] {
-    const std::string report = RunBody(run, application, document, extension, show_progress, facts, scope, output);
+    const std::string report =
+        RunBody(context, run, application, document, extension, show_progress, facts, scope, output);
     tell_faults();
     return report;
   };
   const auto on_fault = [&](const Fault& fault) {
     journal.Fail(fault.Description());
-    DiscardUnpublished(output);
+    DiscardUnpublished(context, output);
     tell_faults();
     facts.problems = OtherWarningLines(journal, run.layer->Name()) + facts.problems +
                      FaultLines(journal, run.layer->Name()) + ChangeLines(journal);
@@ -219,12 +221,12 @@ std::string RewriteFeatures(const FeatureRewrite& run, const std::shared_ptr<IAp
   return TrapWith(run.worker, body, on_fault);
 }
 
-std::string PlanRewrite(const FeatureRewrite& run) {
-  RunJournal& journal = Host().Journal();
+std::string PlanRewrite(RunContext& context, const FeatureRewrite& run) {
+  RunJournal& journal = context.journal;
   journal = RunJournal();
   journal.reference = run.output.Reference();
   OutputRequest request = RequestFor(run.output, Require(run.layer, "layer")->FeatureClass());
-  const OutputPlan plan = PlanOutput(request);
+  const OutputPlan plan = PlanOutput(context, request);
   OutputChoice place = run.output.Place();
   place.Name = request.name;
   std::vector<ReportSection> sections = run.sections;
@@ -248,7 +250,7 @@ std::string PlanRewrite(const FeatureRewrite& run) {
   sentences.insert(sentences.end(), changes.begin(), changes.end());
   for (const std::string& sentence : sentences) foretold.lines.push_back("  ** " + sentence);
   if (!foretold.lines.empty()) sections.push_back(foretold);
-  sections.push_back({"Questions:", {"  ** " + NotePlan(plan, request)}});
+  sections.push_back({"Questions:", {"  ** " + NotePlan(context, plan, request)}});
   return PlanReport(run.conversion, sections);
 }
 

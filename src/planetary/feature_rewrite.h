@@ -14,7 +14,7 @@
 #include "planetary/planetary_lists.h"
 #include "planetary/rewrite_reports.h"
 #include "platform/application.h"
-#include "platform/run_journal.h"
+#include "platform/run_context.h"
 
 namespace tessarine {
 
@@ -29,6 +29,13 @@ struct RewrittenShape {
 
 using MyGeometricOperations::KeepGoing;
 
+/// The record that a shape belongs to.
+struct RewrittenRecord {
+  std::int64_t oid;
+  RunJournal& journal;
+  const KeepGoing& keep_going;  ///< what long work asks
+};
+
 struct FeatureRewrite {
   std::string_view worker;
   std::string_view conversion;          ///< as "Wrap to Boundary"
@@ -36,8 +43,8 @@ struct FeatureRewrite {
   std::vector<ReportSection> sections;  ///< what the report says of the choices
   std::shared_ptr<IFeatureLayer> layer;
   OutputDescription output;
-  /// Takes a private copy of a shape that isn't empty, the feature's identifier, and what long work asks meanwhile.
-  std::function<RewrittenShape(const GeometryRef& shape, std::int64_t oid, const KeepGoing& keep_going)> rewrite;
+  /// Takes a private copy of a shape that isn't empty.
+  std::function<RewrittenShape(const GeometryRef& shape, const RewrittenRecord& record)> rewrite;
   std::optional<RunSpheroid> spheroid = std::nullopt;  ///< that the shapes are computed on
 };
 
@@ -48,11 +55,12 @@ struct FeatureRewrite {
 /// that the user stops keeps what was written, adds its layer as a partial one and says so. A feature that meets a
 /// fault is written without a shape and reported; so is one whose shape the output can't hold. A source that can't be
 /// read on or an output that can't be written on ends the run: the report tells of it, and the fault report is shown.
-[[nodiscard]] std::string RewriteFeatures(const FeatureRewrite& run, const std::shared_ptr<IApplication>& application,
+[[nodiscard]] std::string RewriteFeatures(RunContext& context, const FeatureRewrite& run,
+                                          const std::shared_ptr<IApplication>& application,
                                           const std::shared_ptr<IMxDocument>& document,
                                           const std::shared_ptr<clsExtension>& extension, bool show_progress);
 
 /// What such a run would read, make and ask, as a report: nothing is written.
-[[nodiscard]] std::string PlanRewrite(const FeatureRewrite& run);
+[[nodiscard]] std::string PlanRewrite(RunContext& context, const FeatureRewrite& run);
 
 }  // namespace tessarine

@@ -95,18 +95,18 @@ Prepared Prepare(const GeometryRef& copy, const WrapTask& task) {
   return prepared;
 }
 
-RewrittenShape WrapFeature(const GeometryRef& copy, std::int64_t oid, const WrapTask& task,
-                           const KeepGoing& keep_going) {
+RewrittenShape WrapFeature(const GeometryRef& copy, const WrapTask& task, const RewrittenRecord& record) {
+  const std::int64_t oid = record.oid;
   const std::string feature = std::to_string(oid);
   const std::string failure =
       "  --> Failed to wrap feature at OID #" + feature + ".  Wrap function apparently crashed...";
-  RunJournal& journal = Host().Journal();
+  RunJournal& journal = record.journal;
   Prepared prepared;
   WrappedShape wrapped;
   static_cast<void>(WorkOnRecord(journal, oid, [&] { prepared = Prepare(copy, task); }));
   if (!prepared.shape) return {copy, failure};
-  static_cast<void>(
-      WorkOnRecord(journal, oid, [&] { wrapped = WrapOwnShape(CloneOf(*prepared.shape), task.box, keep_going); }));
+  static_cast<void>(WorkOnRecord(
+      journal, oid, [&] { wrapped = WrapOwnShape(CloneOf(*prepared.shape), task.box, record.keep_going); }));
   if (wrapped.stopped) return {.stopped = true};
   if (!wrapped.shape) return {prepared.shape, failure};
   const bool empty = wrapped.shape->IsEmpty();
@@ -120,11 +120,11 @@ auto ThroughDegrees(const IFeatureLayer& layer, Rewrite rewrite) {
   const SpatialReferenceRef reference = Require(layer.FeatureClass(), "FeatureClass")->SpatialReference();
   const auto geographic = Cast<const GeographicCoordinateSystem>(reference);
   const SpatialReferenceRef degrees = geographic ? geographic->InDegrees() : nullptr;
-  return [=](const GeometryRef& shape, std::int64_t oid, const KeepGoing& keep_going) mutable -> RewrittenShape {
-    if (!degrees) return rewrite(shape, oid, keep_going);
+  return [=](const GeometryRef& shape, const RewrittenRecord& record) mutable -> RewrittenShape {
+    if (!degrees) return rewrite(shape, record);
     shape->SetSpatialReference(reference);
     BringToDegrees(*shape);
-    RewrittenShape rewritten = rewrite(shape, oid, keep_going);
+    RewrittenShape rewritten = rewrite(shape, record);
     if (rewritten.shape) {
       rewritten.shape->SetSpatialReference(degrees);
       rewritten.shape->Project(reference);
@@ -152,8 +152,8 @@ FeatureRewrite WrapRun(const WrapArguments& arguments) {
           sections,
           layer,
           arguments.Output(),
-          ThroughDegrees(*layer, [task](const GeometryRef& shape, std::int64_t oid, const KeepGoing& keep_going) {
-            return WrapFeature(shape, oid, task, keep_going);
+          ThroughDegrees(*layer, [task](const GeometryRef& shape, const RewrittenRecord& record) {
+            return WrapFeature(shape, task, record);
           })};
 }
 
@@ -178,21 +178,23 @@ FeatureRewrite LatitudeRun(const Direction& direction, const GeoCentricArguments
           layer,
           arguments.Output(),
           ThroughDegrees(*layer,
-                         [=, convert = direction.convert](const GeometryRef& shape, std::int64_t oid,
-                                                          const KeepGoing& keep_going) mutable -> RewrittenShape {
-                           RunJournal& journal = Host().Journal();
+                         [=, convert = direction.convert](const GeometryRef& shape,
+                                                          const RewrittenRecord& record) mutable -> RewrittenShape {
+                           RunJournal& journal = record.journal;
                            const RewrittenShape failed{nullptr, "  --> Failed to convert feature at OID #" +
-                                                                    std::to_string(oid) +
+                                                                    std::to_string(record.oid) +
                                                                     ".  It is written without a shape..."};
                            GeometryRef converted;
                            WrappedShape wrapped;
-                           static_cast<void>(WorkOnRecord(
-                               journal, oid, [&] { converted = convert(shape, semi_major, semi_minor, shift); }));
+                           static_cast<void>(WorkOnRecord(journal, record.oid, [&] {
+                             converted = convert(shape, semi_major, semi_minor, shift);
+                           }));
                            if (!converted) return failed;
                            if (option != kWrap180 && option != kWrap360) return {.shape = converted};
                            const WrapBox& box = option == kWrap180 ? kBox180 : kBox360;
-                           static_cast<void>(
-                               WorkOnRecord(journal, oid, [&] { wrapped = WrapOwnShape(converted, box, keep_going); }));
+                           static_cast<void>(WorkOnRecord(journal, record.oid, [&] {
+                             wrapped = WrapOwnShape(converted, box, record.keep_going);
+                           }));
                            if (!wrapped.shape && !wrapped.stopped) return failed;
                            return {.shape = wrapped.shape, .stopped = wrapped.stopped, .measure = MeasureOf(wrapped)};
                          }),
@@ -204,13 +206,15 @@ std::string RunLatitudes(const Direction& direction, const std::shared_ptr<IAppl
                          const std::shared_ptr<VarArray>& arguments, bool show_progress) {
   return Trap(direction.worker, [&] {
     const GeoCentricArguments given(Require(arguments, "Arguments"));
-    return RewriteFeatures(LatitudeRun(direction, given), application, document, extension, show_progress);
+    RunContext context = HostContext();
+    return RewriteFeatures(context, LatitudeRun(direction, given), application, document, extension, show_progress);
   });
 }
 
 std::string PlanLatitudes(const Direction& direction, const std::shared_ptr<VarArray>& arguments) {
   return Trap(direction.worker, [&] {
-    return PlanRewrite(LatitudeRun(direction, GeoCentricArguments(Require(arguments, "Arguments"))));
+    RunContext context = HostContext();
+    return PlanRewrite(context, LatitudeRun(direction, GeoCentricArguments(Require(arguments, "Arguments"))));
   });
 }
 
@@ -222,12 +226,16 @@ std::string WrapToBoundaries(const std::shared_ptr<IApplication>& application,
                              bool show_progress) {
   return Trap("WrapToBoundaries", [&] {
     const WrapArguments given(Require(arguments, "Arguments"));
-    return RewriteFeatures(WrapRun(given), application, document, extension, show_progress);
+    RunContext context = HostContext();
+    return RewriteFeatures(context, WrapRun(given), application, document, extension, show_progress);
   });
 }
 
 std::string PlanWrapToBoundaries(const std::shared_ptr<VarArray>& arguments) {
-  return Trap("WrapToBoundaries", [&] { return PlanRewrite(WrapRun(WrapArguments(Require(arguments, "Arguments")))); });
+  return Trap("WrapToBoundaries", [&] {
+    RunContext context = HostContext();
+    return PlanRewrite(context, WrapRun(WrapArguments(Require(arguments, "Arguments"))));
+  });
 }
 
 std::string CalcPlanetoCentricToPlanetoGraphic(const std::shared_ptr<IApplication>& application,

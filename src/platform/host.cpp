@@ -10,6 +10,7 @@ namespace tessarine {
 namespace {
 
 IHost* g_host = nullptr;
+thread_local RunContext* t_running = nullptr;
 
 }  // namespace
 
@@ -24,8 +25,30 @@ IHost& Host() {
 
 IHost* SetHost(IHost* host) { return std::exchange(g_host, host); }
 
-RunJournal* RunningJournal() { return g_host == nullptr ? nullptr : &g_host->Journal(); }
+void IHost::Tell(const std::string& text, const std::string& title) { MessageBox().Show(text, title); }
 
-bool StopRequested() { return g_host != nullptr && g_host->StopRequested(); }
+bool IHost::Ask(RunQuestion, const std::string& text, const std::string& title) {
+  return MessageBox().Show(text, title, MessageButtons::YesNo) == MessageAnswer::Yes;
+}
+
+RunContext HostContext() {
+  IHost& host = Host();
+  return {host.Clock(), host, host, host.Journal()};
+}
+
+RunContext* RunningContext() { return t_running; }
+
+RunningContextScope::RunningContextScope(RunContext& run) : before_(std::exchange(t_running, &run)) {}
+RunningContextScope::~RunningContextScope() { t_running = before_; }
+
+RunJournal* RunningJournal() {
+  if (t_running != nullptr) return &t_running->journal;
+  return g_host == nullptr ? nullptr : &g_host->Journal();
+}
+
+bool StopRequested() {
+  if (t_running != nullptr) return t_running->feedback.StopRequested();
+  return g_host != nullptr && g_host->StopRequested();
+}
 
 }  // namespace tessarine

@@ -13,18 +13,9 @@
 #include "platform/date.h"
 #include "platform/form.h"
 #include "platform/map.h"
-#include "platform/run_journal.h"
+#include "platform/run_context.h"
 
 namespace tessarine {
-
-class IClock {
- public:
-  virtual ~IClock() = default;
-  /// Local time, to the second or better; for texts. It jumps when somebody sets the clock.
-  [[nodiscard]] virtual Date Now() const = 0;
-  /// Seconds since some moment, for spans; it never goes back.
-  [[nodiscard]] virtual double SteadySeconds() const;
-};
 
 enum class MessageButtons { Ok, OkCancel, YesNo };
 enum class MessageIcon { None, Exclamation };
@@ -164,41 +155,26 @@ class IOperatingSystem {
   [[nodiscard]] virtual std::string ProgramFolder() const = 0;
 };
 
-class IHost {
+class IHost : public IRunFeedback, public IRunServices {
  public:
-  virtual ~IHost() = default;
-
   [[nodiscard]] virtual IClock& Clock() = 0;
   [[nodiscard]] virtual IMessageBox& MessageBox() = 0;
   [[nodiscard]] virtual IFormHost& Forms() = 0;
   [[nodiscard]] virtual IClipboard& Clipboard() = 0;
   [[nodiscard]] virtual IRegistry& Registry() = 0;
-  [[nodiscard]] virtual IOperatingSystem& System() = 0;
-  /// Gives the event queue its turn.
-  virtual void PumpEvents() = 0;
-  /// True once the user asked the run to stop by other means than the Stop button of a progress form; it stays so.
-  /// Costs next to nothing: loops may ask at every record.
-  [[nodiscard]] virtual bool StopRequested() const { return false; }
-  virtual void RestoreMousePointer() = 0;
-  /// Shows the hourglass until the pointer is restored; hosts without a pointer do nothing.
-  virtual void ShowWaitPointer() {}
-  /// The short sound at the end of a run; hosts without one stay silent.
-  virtual void Beep() {}
 
   [[nodiscard]] virtual std::shared_ptr<IErrorDialog> CreateErrorDialog() = 0;
   [[nodiscard]] virtual std::shared_ptr<IModelessFrame> CreateModelessFrame() = 0;
-  [[nodiscard]] virtual std::shared_ptr<IGxDialog> CreateGxDialog() = 0;
   [[nodiscard]] virtual std::shared_ptr<ISpatialReferenceDialog2> CreateSpatialReferenceDialog() = 0;
   /// Shows the printer dialog; nothing when the user cancelled it.
   [[nodiscard]] virtual std::shared_ptr<IPrinter> ChoosePrinter() = 0;
-  [[nodiscard]] virtual std::shared_ptr<IFeatureLayer> CreateFeatureLayer() = 0;
-  [[nodiscard]] virtual std::shared_ptr<ISimpleRenderer> CreateSimpleRenderer() = 0;
-
-  /// Tells the user something before a run begins. Hosts whose user sees the report at once do nothing.
-  virtual void Announce(const std::string&) {}
 
   /// The record of the run in hand.
   [[nodiscard]] virtual RunJournal& Journal() = 0;
+  // IRunFeedback, by message boxes
+  void Tell(const std::string& text, const std::string& title) override;
+  [[nodiscard]] bool Ask(RunQuestion question, const std::string& text, const std::string& title) override;
+
   /// True when runs shall only be planned: commands show their plan as the report and write nothing.
   [[nodiscard]] virtual bool PlanOnly() const = 0;
 };
@@ -207,7 +183,9 @@ class IHost {
 [[nodiscard]] IHost& Host();
 /// Sets the host, or nothing when it goes away; answers the one before.
 IHost* SetHost(IHost* host);
-/// What the host of this process says; false where there is none.
+/// What a run gets that is begun by the host of this process.
+[[nodiscard]] RunContext HostContext();
+/// What the context of the thread's run says, or else the host of this process; false where there is neither.
 [[nodiscard]] bool StopRequested();
 
 }  // namespace tessarine

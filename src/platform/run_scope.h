@@ -3,19 +3,17 @@
 
 #include <utility>
 
-#include "platform/host.h"
-#include "platform/run_journal.h"
+#include "platform/run_context.h"
 #include "platform/trap.h"
 
 namespace tessarine {
 
 class RunScope {
  public:
-  /// Empties the journal and notes the time.
-  RunScope(RunJournal& journal, const IClock& clock)
-      : journal_(journal), clock_(clock), begin_seconds_(clock.SteadySeconds()) {
-    journal_ = RunJournal();
-    journal_.begin = clock_.Now();
+  /// Empties the journal, notes the time, and makes the context the thread's.
+  explicit RunScope(RunContext& run) : run_(run), running_(run), begin_seconds_(run.clock.SteadySeconds()) {
+    run_.journal = RunJournal();
+    run_.journal.begin = run_.clock.Now();
   }
   ~RunScope() { End(); }
   RunScope(const RunScope&) = delete;
@@ -24,15 +22,15 @@ class RunScope {
   /// Notes the end of the run now, for reports that tell it; once.
   void End() {
     if (ended_) return;
-    journal_.end = clock_.Now();
-    journal_.elapsed_seconds = clock_.SteadySeconds() - begin_seconds_;
+    run_.journal.end = run_.clock.Now();
+    run_.journal.elapsed_seconds = run_.clock.SteadySeconds() - begin_seconds_;
     ended_ = true;
   }
-  [[nodiscard]] RunJournal& Journal() const { return journal_; }
+  [[nodiscard]] RunJournal& Journal() const { return run_.journal; }
 
  private:
-  RunJournal& journal_;
-  const IClock& clock_;
+  RunContext& run_;
+  RunningContextScope running_;
   double begin_seconds_;
   bool ended_ = false;
 };

@@ -1,11 +1,11 @@
-// The journal of the run that the host is at.
+// The journal of the run that the thread is at, or else the host.
 #pragma once
 
 #include "platform/run_journal.h"
 
 namespace tessarine {
 
-/// Nothing where no host serves the process.
+/// Null where no host serves the process.
 [[nodiscard]] RunJournal* RunningJournal();
 
 }  // namespace tessarine

@@ -1,5 +1,6 @@
 #include "platform/trap.h"
 
+#include "platform/run_context.h"
 #include "platform/run_stop.h"
 
 namespace tessarine {
@@ -33,9 +34,11 @@ Fault CurrentFault() {
 FaultReporter SetFaultReporter(FaultReporter reporter) { return std::exchange(g_reporter, reporter); }
 
 void ReportFault(std::string_view procedure, const Fault& fault, const std::source_location where) {
-  if (g_reporter == nullptr) return;
-  g_reporter({std::string(procedure) + " ", SourceFileName(where.file_name()), static_cast<std::int32_t>(where.line())},
-             fault);
+  const TrapSite site{std::string(procedure) + " ", SourceFileName(where.file_name()),
+                      static_cast<std::int32_t>(where.line())};
+  RunContext* const run = RunningContext();
+  if (run != nullptr && run->feedback.TakeFault(site, fault)) return;
+  if (g_reporter != nullptr) g_reporter(site, fault);
 }
 
 RecordInHand::RecordInHand() : before_(std::exchange(t_record_in_hand, true)) {}

@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "outputs/column_loss.h"
-#include "platform/host.h"
 #include "platform/text_formats.h"
 #include "support/output_kinds.h"
 
@@ -90,11 +89,11 @@ std::vector<std::string> ForetoldLosses(const IFeatureClass& input, std::string_
   return sentences;
 }
 
-void AnnounceLosses(const IFeatureClass& input, std::string_view layer, const std::vector<CarriedField>& fields,
-                    RunJournal& journal) {
+void AnnounceLosses(RunContext& context, const IFeatureClass& input, std::string_view layer,
+                    const std::vector<CarriedField>& fields) {
   for (const std::string& sentence : ForetoldLosses(input, layer, fields)) {
-    Host().Announce(sentence);
-    journal.warnings.push_back({sentence, 0, {}});
+    context.feedback.Announce(sentence);
+    context.journal.warnings.push_back({sentence, 0, {}});
   }
 }
 
@@ -109,8 +108,8 @@ std::vector<std::string> ForetoldChanges(const std::vector<CarriedField>& fields
   return sentences;
 }
 
-void AnnounceChanges(const std::vector<CarriedField>& fields, std::int32_t output_kind) {
-  for (const std::string& sentence : ForetoldChanges(fields, output_kind)) Host().Announce(sentence);
+void AnnounceChanges(RunContext& context, const std::vector<CarriedField>& fields, std::int32_t output_kind) {
+  for (const std::string& sentence : ForetoldChanges(fields, output_kind)) context.feedback.Announce(sentence);
 }
 
 }  // namespace tessarine

@@ -8,7 +8,7 @@
 
 #include "platform/data.h"
 #include "platform/field.h"
-#include "platform/run_journal.h"
+#include "platform/run_context.h"
 
 namespace tessarine {
 
@@ -24,14 +24,14 @@ struct CarriedField {
 [[nodiscard]] std::vector<std::string> ForetoldChanges(const std::vector<CarriedField>& fields,
                                                        std::int32_t output_kind);
 /// Says them to the user of the host.
-void AnnounceChanges(const std::vector<CarriedField>& fields, std::int32_t output_kind);
+void AnnounceChanges(RunContext& context, const std::vector<CarriedField>& fields, std::int32_t output_kind);
 
 /// A sentence for what no output takes over, whatever its format: heights and measures of the shapes, and, where all
 /// other fields are carried, each field of a kind that none carries.
 [[nodiscard]] std::vector<std::string> ForetoldLosses(const IFeatureClass& input, std::string_view layer,
                                                       const std::vector<CarriedField>& fields);
 /// Says them to the user of the host, and notes them in the journal as warnings without a record.
-void AnnounceLosses(const IFeatureClass& input, std::string_view layer, const std::vector<CarriedField>& fields,
-                    RunJournal& journal);
+void AnnounceLosses(RunContext& context, const IFeatureClass& input, std::string_view layer,
+                    const std::vector<CarriedField>& fields);
 
 }  // namespace tessarine

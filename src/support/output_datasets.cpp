@@ -27,14 +27,14 @@ using namespace aml_func_mod;
 bool IsFolderCategory(const std::string& category) { return category == "Shapefile" || category == "Folder"; }
 
 // Asks for directory, name and dataset; the category of the place, nothing when the user gave up.
-std::optional<std::string> AskForPlace(OutputRequest& request) {
-  const std::shared_ptr<IGxDialog> dialog = Host().CreateGxDialog();
+std::optional<std::string> AskForPlace(RunContext& context, OutputRequest& request) {
+  const std::shared_ptr<IGxDialog> dialog = context.services.CreateGxDialog();
   dialog->AddFilter(GxFilter::FeatureClasses, true);
   dialog->SetTitle(request.dialog_title);
   dialog->SetAllowMultiSelect(false);
   dialog->SetButtonCaption("Enter");
   if (!dialog->DoModalSave(0)) {
-    Host().Journal().cancelled = true;
+    context.journal.cancelled = true;
     return std::nullopt;
   }
   const auto location = Require(dialog->FinalLocation(), "FinalLocation");
@@ -53,10 +53,10 @@ std::optional<std::string> AskForPlace(OutputRequest& request) {
 }
 
 // The category of a place that the caller named; nothing, and the user told, for a kind that there is none of.
-std::optional<std::string> CategoryOf(OutputRequest& request) {
+std::optional<std::string> CategoryOf(RunContext& context, OutputRequest& request) {
   const std::string category = CategoryOfKind(request.kind);
   if (category.empty()) {
-    Host().MessageBox().Show(
+    context.feedback.Tell(
         "PROBLEM:  This function can only create shapefiles, file geodatabase feature classes, or "
         "\r\npersonal geodatabase feature classes.  Bailing out...",
         "Invalid Output Type:");
@@ -106,13 +106,13 @@ std::optional<std::string> NameConflict(IFeatureWorkspace& workspace, const Outp
 }
 
 // True when the name is free, or the user agrees that what bears it goes when the new class is whole.
-bool MakeNameFree(const std::shared_ptr<IFeatureWorkspace>& workspace, const std::string& name,
+bool MakeNameFree(RunContext& context, const std::shared_ptr<IFeatureWorkspace>& workspace, const std::string& name,
                   const std::string& shown_name) {
   if (!workspace->HoldsName(name) && !CheckIfFeatureClassExists(workspace, name)) return true;
-  const MessageAnswer answer =
-      Host().MessageBox().Show("The Feature Class '" + shown_name + "' already exists!  Do you wish to overwrite it?",
-                               "Feature Class Already Exists:", MessageButtons::YesNo);
-  if (answer != MessageAnswer::Yes) return false;
+  if (!context.feedback.Ask(RunQuestion::ReplaceOutput,
+                            "The Feature Class '" + shown_name + "' already exists!  Do you wish to overwrite it?",
+                            "Feature Class Already Exists:"))
+    return false;
   workspace->AllowReplacing(name);
   return true;
 }
@@ -143,8 +143,8 @@ std::shared_ptr<IFeatureClass> CreateAt(OutputRequest& request, const std::strin
 }
 
 // The attributes of a class in their order: what it was asked for, then, under the names that the format chose.
-void TakeMadeNames(const IFeatureClass& output, OutputRequest& request) {
-  RunJournal& journal = Host().Journal();
+void TakeMadeNames(RunContext& context, const IFeatureClass& output, OutputRequest& request) {
+  RunJournal& journal = context.journal;
   if (output.Name() != request.name && !output.Category().starts_with(CategoryOfKind(kShapefile))) {
     journal.NoteName(request.name, output.Name());
     request.name = output.Name();
@@ -166,7 +166,7 @@ void TakeMadeNames(const IFeatureClass& output, OutputRequest& request) {
 
 }  // namespace
 
-void MakeFieldNamesLegal(const std::shared_ptr<VarArray>& fields, std::int32_t kind) {
+void MakeFieldNamesLegal(RunContext& context, const std::shared_ptr<VarArray>& fields, std::int32_t kind) {
   const Format* format = FormatOfKind(kind);
   if (!fields || format == nullptr) return;
   std::vector<std::string> asked;
@@ -174,22 +174,22 @@ void MakeFieldNamesLegal(const std::shared_ptr<VarArray>& fields, std::int32_t k
   const std::vector<std::string> legal = FreeLegalNames(format->field_names, asked);
   for (std::size_t index = 0; index < legal.size(); ++index) {
     fields->Element(static_cast<std::int32_t>(index)).AsObject<Field>()->Name = legal[index];
-    Host().Journal().NoteName(asked[index], legal[index]);
+    context.journal.NoteName(asked[index], legal[index]);
     if (asked[index] == legal[index]) continue;
-    Host().Announce("The field '" + asked[index] + "' is written as '" + legal[index] + "'.");
+    context.feedback.Announce("The field '" + asked[index] + "' is written as '" + legal[index] + "'.");
   }
 }
 
-std::shared_ptr<IFeatureClass> CreateOutput(OutputRequest& request) {
+std::shared_ptr<IFeatureClass> CreateOutput(RunContext& context, OutputRequest& request) {
   return TrapAndPassOn("CreateGeneralFeatureClass", [&]() -> std::shared_ptr<IFeatureClass> {
     for (;;) {
       const bool named = !request.directory.empty() && !request.name.empty();
-      const std::optional<std::string> category = named ? CategoryOf(request) : AskForPlace(request);
+      const std::optional<std::string> category = named ? CategoryOf(context, request) : AskForPlace(context, request);
       if (!category) return nullptr;
       const std::shared_ptr<IWorkspaceFactory> factory = FactoryOfCategory(*category);
       if (!factory) {
-        Host().MessageBox().Show(
-            "Unexpected Feature Class Type (" + *category + ")!  Need to write new code for this...", "");
+        context.feedback.Tell("Unexpected Feature Class Type (" + *category + ")!  Need to write new code for this...",
+                              "");
         return nullptr;
       }
       const std::int32_t kind = KindOfCategory(*category);
@@ -199,17 +199,17 @@ std::shared_ptr<IFeatureClass> CreateOutput(OutputRequest& request) {
       request.directory = WithoutTrailingSlash(request.directory);
       const OutputPlace place = PlaceOf(request, format);
       if (const auto problem = PlaceProblem(request, place)) {
-        Host().MessageBox().Show(*problem, "Failed to Create Feature Class:");
+        context.feedback.Tell(*problem, "Failed to Create Feature Class:");
         request.name.clear();
         continue;
       }
       if (format.container && place.ClassName() != request.name) {
-        Host().Journal().NoteName(request.name, place.ClassName());
+        context.journal.NoteName(request.name, place.ClassName());
         request.name = place.ClassName();
       }
       const std::shared_ptr<IFeatureWorkspace> workspace = factory->OpenFromFile(request.directory, 0);
       if (const auto conflict = format.container ? NameConflict(*workspace, request) : std::nullopt) {
-        Host().MessageBox().Show(*conflict, "Failed to Create Feature Class:");
+        context.feedback.Tell(*conflict, "Failed to Create Feature Class:");
         request.name.clear();
         continue;
       }
@@ -219,28 +219,28 @@ std::shared_ptr<IFeatureClass> CreateOutput(OutputRequest& request) {
         if (!request.projects) RefuseOtherReference(*dataset, request.reference);
       }
       const std::string shown_name = in_dataset ? request.feature_dataset + ":" + request.name : request.name;
-      if (!MakeNameFree(workspace, request.name, shown_name)) {
+      if (!MakeNameFree(context, workspace, request.name, shown_name)) {
         request.name.clear();
         continue;
       }
-      MakeFieldNamesLegal(request.fields, kind);
+      MakeFieldNamesLegal(context, request.fields, kind);
       std::shared_ptr<IFeatureClass> output = CreateAt(request, *category, workspace, dataset);
-      if (output) TakeMadeNames(*output, request);
+      if (output) TakeMadeNames(context, *output, request);
       return output;
     }
   });
 }
 
-OutputPlan PlanOutput(OutputRequest& request) {
+OutputPlan PlanOutput(RunContext& context, OutputRequest& request) {
   const Format* format = FormatOfKind(request.kind);
   if (format == nullptr || request.name.empty()) return {request.directory + "\\" + request.name, false};
   if (request.kind == kShapefile) request.name = SetExtension(request.name, "shp");
   request.directory = WithoutTrailingSlash(request.directory);
   OutputPlace place = PlaceOf(request, *format);
   if (const auto problem = PlaceProblem(request, place)) Raise(kInvalidCall, *problem);
-  if (format->container) Host().Journal().NoteName(request.name, place.ClassName());
+  if (format->container) context.journal.NoteName(request.name, place.ClassName());
   request.name = place.name = place.ClassName();
-  MakeFieldNamesLegal(request.fields, request.kind);
+  MakeFieldNamesLegal(context, request.fields, request.kind);
   const auto workspace = Attempt([&] { return FactoryOfKind(request.kind)->OpenFromFile(request.directory, 0); });
   if (const auto conflict = workspace && format->container ? NameConflict(*workspace, request) : std::nullopt) {
     Raise(kInvalidCall, *conflict);
@@ -250,8 +250,8 @@ OutputPlan PlanOutput(OutputRequest& request) {
   return {FromNativePath(place.NativePath()), exists};
 }
 
-std::string NotePlan(const OutputPlan& plan, const OutputRequest& request) {
-  RunJournal& journal = Host().Journal();
+std::string NotePlan(RunContext& context, const OutputPlan& plan, const OutputRequest& request) {
+  RunJournal& journal = context.journal;
   journal.output_path = plan.path;
   if (request.fields) {
     for (const Variant& field : *request.fields) journal.planned_fields.push_back(field.AsObject<Field>()->Name);
@@ -262,8 +262,8 @@ std::string NotePlan(const OutputPlan& plan, const OutputRequest& request) {
   return question;
 }
 
-void DiscardUnpublished(const std::shared_ptr<IFeatureClass>& output) {
-  RunJournal& journal = Host().Journal();
+void DiscardUnpublished(RunContext& context, const std::shared_ptr<IFeatureClass>& output) {
+  RunJournal& journal = context.journal;
   if (!journal.output_path.empty()) {
     journal.written = ReadableRows(output);
     return;
@@ -278,12 +278,12 @@ std::string OutputPath(const IFeatureClass& output, const OutputRequest& request
   return request.directory + "\\" + request.feature_dataset + "\\" + output.Name();
 }
 
-void PublishOutput(IFeatureClass& output, const OutputRequest& request) {
+void PublishOutput(RunContext& context, IFeatureClass& output, const OutputRequest& request) {
   if (auto* staged = dynamic_cast<IStagedDataset*>(&output)) {
     staged->Publish();
-    if (const RunJournal* notes = staged->Notes()) Host().Journal().TakeNotes(*notes);
+    if (const RunJournal* notes = staged->Notes()) context.journal.TakeNotes(*notes);
   }
-  Host().Journal().output_path = OutputPath(output, request);
+  context.journal.output_path = OutputPath(output, request);
 }
 
 std::shared_ptr<IFeatureClass> CreateGeneralFeatureClass(
@@ -291,10 +291,12 @@ std::shared_ptr<IFeatureClass> CreateGeneralFeatureClass(
     std::string& name, std::int32_t output_kind, const std::shared_ptr<VarArray>& fields,
     const std::string& dialog_title, bool& is_feature_dataset, std::string& feature_dataset_name, bool,
     bool add_unique_id, const Envelope* envelope, std::int32_t feature_count) {
+  RunContext context = HostContext();
   OutputRequest request{
       geometry_type,      spatial_reference,    directory,     name,  output_kind, fields,        dialog_title,
       is_feature_dataset, feature_dataset_name, add_unique_id, false, envelope,    feature_count, {}};
-  std::shared_ptr<IFeatureClass> output = Trap("CreateGeneralFeatureClass", [&] { return CreateOutput(request); });
+  std::shared_ptr<IFeatureClass> output =
+      Trap("CreateGeneralFeatureClass", [&] { return CreateOutput(context, request); });
   geometry_type = request.geometry_type;
   directory = request.directory;
   name = request.name;

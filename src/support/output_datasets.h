@@ -8,6 +8,7 @@
 
 #include "platform/arrays.h"
 #include "platform/data.h"
+#include "platform/run_context.h"
 
 namespace tessarine::MyGeneralOperations {
 
@@ -32,7 +33,7 @@ struct OutputRequest {
 /// name, which the user has agreed to replace, stands until then. Null when the user gave up, which the journal notes
 /// as cancelled, and when the request can't be met, which the user was told. Names that the format doesn't take as they
 /// are were made legal and told to the journal.
-[[nodiscard]] std::shared_ptr<IFeatureClass> CreateOutput(OutputRequest& request);
+[[nodiscard]] std::shared_ptr<IFeatureClass> CreateOutput(RunContext& context, OutputRequest& request);
 
 /// What `CreateOutput` would find, with nothing made or asked: names in the request end as they would be written. A
 /// fault where the output would be refused.
@@ -40,22 +41,22 @@ struct OutputPlan {
   std::string path;     ///< a backslash path
   bool exists = false;  ///< the run would ask whether to overwrite what is there
 };
-[[nodiscard]] OutputPlan PlanOutput(OutputRequest& request);
+[[nodiscard]] OutputPlan PlanOutput(RunContext& context, OutputRequest& request);
 
 /// Notes in the journal what the run would write: path, fields and question. Returns the question, "None" for none.
-std::string NotePlan(const OutputPlan& plan, const OutputRequest& request);
+std::string NotePlan(RunContext& context, const OutputPlan& plan, const OutputRequest& request);
 
 /// Gives up the class of a run that failed, unless it was published; the journal tells the rows that are left.
-void DiscardUnpublished(const std::shared_ptr<IFeatureClass>& output);
+void DiscardUnpublished(RunContext& context, const std::shared_ptr<IFeatureClass>& output);
 
 /// Puts the new class in its place and tells the journal. All cursors on it must be closed.
-void PublishOutput(IFeatureClass& output, const OutputRequest& request);
+void PublishOutput(RunContext& context, IFeatureClass& output, const OutputRequest& request);
 
 /// The backslash path of the class that was made: its dataset is a part of it.
 [[nodiscard]] std::string OutputPath(const IFeatureClass& output, const OutputRequest& request);
 
 /// The field names as an output of this kind will have them, made legal and free; a list of `Field`s that are changed.
-void MakeFieldNamesLegal(const std::shared_ptr<VarArray>& fields, std::int32_t kind);
+void MakeFieldNamesLegal(RunContext& context, const std::shared_ptr<VarArray>& fields, std::int32_t kind);
 
 /// Creates the empty feature class that a run writes to, or answers nothing when the user gave up or the request can't
 /// be met. Without directory or name the user is asked; when the name is taken the user is asked whether to overwrite,

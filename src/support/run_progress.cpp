@@ -14,34 +14,35 @@ namespace {
 std::string TimeAndDay(Date time) { return LongTime(time) + ",  " + ShortDate(time); }
 
 // A line of the log with the moment it was written.
-std::string StampedLine(const std::string& line) {
-  return line + " --> \r\n          [time stamp " + TimeAndDay(Host().Clock().Now()) + "]\r\n";
+std::string StampedLine(const std::string& line, Date now) {
+  return line + " --> \r\n          [time stamp " + TimeAndDay(now) + "]\r\n";
 }
 
 }  // namespace
 
-RunProgress::RunProgress(RunProgressWords words, const std::shared_ptr<IApplication>& application,
+RunProgress::RunProgress(RunContext& context, RunProgressWords words, const std::shared_ptr<IApplication>& application,
                          const std::shared_ptr<clsExtension>& extension, std::int32_t count, bool show_dialog)
-    : RunProgress(std::move(words), application, extension, count,
+    : RunProgress(context, std::move(words), application, extension, count,
                   show_dialog ? std::make_shared<frmOrlProgressPercent>() : nullptr) {}
 
-RunProgress::RunProgress(RunProgressWords words, const std::shared_ptr<IApplication>& application,
+RunProgress::RunProgress(RunContext& context, RunProgressWords words, const std::shared_ptr<IApplication>& application,
                          const std::shared_ptr<clsExtension>& extension, std::int32_t count,
                          std::shared_ptr<ProgressForm> dialog, LogView log_view)
-    : words_(std::move(words)),
+    : context_(context),
+      words_(std::move(words)),
       application_(application),
       status_bar_(Require(application->StatusBar(), "StatusBar")),
       dialog_(std::move(dialog)),
       count_(count),
-      begin_(Host().Clock().Now()),
-      begin_seconds_(Host().Clock().SteadySeconds()),
+      begin_(context.clock.Now()),
+      begin_seconds_(context.clock.SteadySeconds()),
       last_update_(begin_seconds_) {
   status_bar_->ShowProgressBar(words_.StatusText, 1, count_, 1, true);
   status_bar_->ProgressBar()->SetPosition(1);
   if (dialog_) OpenDialog(extension, log_view);
 }
 
-double RunProgress::ElapsedSeconds() const { return Host().Clock().SteadySeconds() - begin_seconds_; }
+double RunProgress::ElapsedSeconds() const { return context_.clock.SteadySeconds() - begin_seconds_; }
 
 void RunProgress::OpenDialog(const std::shared_ptr<clsExtension>& extension, LogView log_view) {
   Require(extension, "clsExtension");
@@ -72,23 +73,23 @@ bool RunProgress::Step(std::int32_t record) {
 
 bool RunProgress::GoesOn() { return SecondsSinceUpdate() < 1.0 || Update(record_); }
 
-double RunProgress::SecondsSinceUpdate() const { return Host().Clock().SteadySeconds() - last_update_; }
+double RunProgress::SecondsSinceUpdate() const { return context_.clock.SteadySeconds() - last_update_; }
 
 bool RunProgress::Update(std::int32_t record) {
-  last_update_ = Host().Clock().SteadySeconds();
+  last_update_ = context_.clock.SteadySeconds();
   status_bar_->SetMessage(0, MyGeneralOperations::CalcTimeLeft(words_.StatusText, ElapsedSeconds(), record, count_));
   const bool goes_on = !dialog_ || UpdateDialog(record);
-  return goes_on && !StopRequested();
+  return goes_on && !context_.feedback.StopRequested();
 }
 
 bool RunProgress::UpdateDialog(std::int32_t record) {
-  Host().PumpEvents();
-  dialog_->AppendDetails(
-      StampedLine("Working on Feature " + std::to_string(record) + " of " + std::to_string(count_) + "..."));
+  context_.feedback.PumpEvents();
+  dialog_->AppendDetails(StampedLine(
+      "Working on Feature " + std::to_string(record) + " of " + std::to_string(count_) + "...", context_.clock.Now()));
   dialog_->Est_Time_Left(record, words_.RepeatedAction, "Performing Calculations...");
-  dialog_->lblCurrentTime.SetCaption(LongTime(Host().Clock().Now()));
+  dialog_->lblCurrentTime.SetCaption(LongTime(context_.clock.Now()));
   dialog_->Refresh();
-  Host().PumpEvents();
+  context_.feedback.PumpEvents();
   return !MyGeneralOperations::BailOutOfProgress(dialog_, application_);
 }
 
@@ -115,8 +116,8 @@ void RunProgress::Finish() {
     HideDialog();
     return;
   }
-  dialog_->AppendDetails(StampedLine("Calculations Complete...") +
-                         MyGeneralOperations::ReturnTimeElapsed(begin_, Host().Clock().Now(), ElapsedSeconds()));
+  dialog_->AppendDetails(StampedLine("Calculations Complete...", context_.clock.Now()) +
+                         MyGeneralOperations::ReturnTimeElapsed(begin_, context_.clock.Now(), ElapsedSeconds()));
   OfferClose();
 }
 

@@ -9,6 +9,7 @@
 #include "frame/clsExtension.h"
 #include "platform/application.h"
 #include "platform/date.h"
+#include "platform/run_context.h"
 #include "support/progress_form.h"
 
 namespace tessarine {
@@ -26,10 +27,10 @@ enum class LogView { Shown, AsLastTime };
 class RunProgress {
  public:
   /// Shows the status bar and, with `show_dialog`, the progress dialog.
-  RunProgress(RunProgressWords words, const std::shared_ptr<IApplication>& application,
+  RunProgress(RunContext& context, RunProgressWords words, const std::shared_ptr<IApplication>& application,
               const std::shared_ptr<clsExtension>& extension, std::int32_t count, bool show_dialog);
   /// The same with a progress dialog of the run's own kind; nothing shows none.
-  RunProgress(RunProgressWords words, const std::shared_ptr<IApplication>& application,
+  RunProgress(RunContext& context, RunProgressWords words, const std::shared_ptr<IApplication>& application,
               const std::shared_ptr<clsExtension>& extension, std::int32_t count, std::shared_ptr<ProgressForm> dialog,
               LogView log_view = LogView::Shown);
 
@@ -56,6 +57,7 @@ class RunProgress {
   void HideDialog();
   void OfferClose();
 
+  RunContext& context_;
   RunProgressWords words_;
   std::shared_ptr<IApplication> application_;
   std::shared_ptr<IStatusBar> status_bar_;

@@ -291,8 +291,9 @@ TEST_F(VerticesTest, APlanWritesNothing) {
   const auto chosen = std::make_shared<VarArray>();
   chosen->Add(features->Fields()->Field(0));
   const auto plan = [&] {
-    return ToPlainText(ReadRtf(modCreateVertices::PlanConversion(*modCreateVertices::FindRun(1), layer, chosen, true,
-                                                                 folder.Path("out.shp"), application, extension)));
+    RunContext context = HostContext();
+    return ToPlainText(ReadRtf(modCreateVertices::PlanConversion(
+        context, *modCreateVertices::FindRun(1), layer, chosen, true, folder.Path("out.shp"), application, extension)));
   };
   const std::string text = plan();
   EXPECT_TRUE(folder.IsEmpty());

@@ -110,4 +110,22 @@ TEST(House, HostsIncludeNoClassOfTheSuite) {
   }
 }
 
+// A run gets a `RunContext`; only forms, commands and hosts know who serves the process.
+TEST(House, RunsAskNoHostOfTheProcess) {
+  const fs::path source = fs::path(TESSARINE_SOURCE_DIR) / "src";
+  const std::regex call(R"re(\bHost\(\))re");
+  int files = 0;
+  for (const char* room : {"engine", "outputs", "conversion", "calculator", "planetary", "graphics"}) {
+    for (const auto& entry : fs::recursive_directory_iterator(source / room)) {
+      if (entry.path().filename().string().starts_with("frm")) continue;
+      std::ifstream file(entry.path());
+      ++files;
+      for (std::string line; std::getline(file, line);) {
+        EXPECT_FALSE(std::regex_search(line, call)) << entry.path() << ": " << line;
+      }
+    }
+  }
+  EXPECT_GT(files, 100);
+}
+
 }  // namespace

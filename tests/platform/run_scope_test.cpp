@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 
 #include "helpers/test_host.h"
+#include "platform/run_stop.h"
+#include "platform/running_journal.h"
 
 namespace tessarine {
 namespace {
@@ -16,7 +18,8 @@ TEST(RunScopeTest, EveryRunHasAJournalOfItsOwn) {
   host.journal.read = 4;
   host.journal.Fail("the run before");
   {
-    RunScope scope(host.journal, host.clock);
+    RunContext context = HostContext();
+    RunScope scope(context);
     EXPECT_EQ(scope.Journal().read, 0);
     EXPECT_EQ(scope.Journal().Outcome(), RunOutcome::Done);
     EXPECT_EQ(SecondsBetween(scope.Journal().begin, host.clock.now), 0);
@@ -26,6 +29,51 @@ TEST(RunScopeTest, EveryRunHasAJournalOfItsOwn) {
     host.clock.now = AddSeconds(host.clock.now, 5);
   }
   EXPECT_EQ(host.journal.elapsed_seconds, 90) << "the first end counts, whatever the wall clock says";
+}
+
+// What begins a run takes its faults, its stop and its notes, whatever host serves the process.
+TEST(RunScopeTest, ARunKeepsToItsOwnContext) {
+  class Feedback final : public IRunFeedback {
+   public:
+    std::vector<std::string> faults;
+    bool stop = false;
+    void Tell(const std::string&, const std::string&) override {}
+    bool Ask(RunQuestion, const std::string&, const std::string&) override { return false; }
+    [[nodiscard]] bool StopRequested() const override { return stop; }
+    bool TakeFault(const TrapSite& site, const Fault& fault) override {
+      faults.push_back(site.procedure + fault.Description());
+      return true;
+    }
+  };
+  testing::TestHost host;
+  static std::int32_t reported;
+  reported = 0;
+  SetFaultReporter([](const TrapSite&, const Fault&) { ++reported; });
+  Feedback feedback;
+  RunJournal journal;
+  RunContext own{host.clock, feedback, host, journal};
+  const auto fail = [] { Trap("Step", [] { Raise(kOverflow, "Overflow."); }); };
+  {
+    const RunScope scope(own);
+    fail();
+    RunningJournal()->read = 7;
+    feedback.stop = true;
+    EXPECT_THROW(EndIfStopped(), RunStopped);
+    {
+      RunContext inner = HostContext();
+      const RunScope within(inner);
+      EXPECT_NO_THROW(EndIfStopped()) << "the inner run isn't stopped";
+    }
+    EXPECT_THROW(EndIfStopped(), RunStopped);
+  }
+  EXPECT_NO_THROW(EndIfStopped());
+  EXPECT_THAT(feedback.faults, ElementsAre("Step Overflow."));
+  EXPECT_EQ(reported, 0);
+  EXPECT_EQ(journal.read, 7);
+  EXPECT_EQ(host.journal.read, 0);
+  fail();
+  EXPECT_EQ(reported, 1);
+  SetFaultReporter(nullptr);
 }
 
 TEST(RunScopeTest, ARecordThatFailsIsDataAndARunThatCanNotGoOnEnds) {

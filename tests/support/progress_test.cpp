@@ -231,7 +231,8 @@ TEST_F(ProgressTest, StatusText) {
 TEST_F(ProgressTest, AClockSetBackChangesNoSpan) {
   std::shared_ptr<ProgressForm> form;
   host.forms.modeless = [&](Form& shown) { form = dynamic_cast<ProgressForm&>(shown).shared_from_this(); };
-  RunProgress progress({"Reading roads", "Reading...", "Reading..."}, application, extension, 1200, true);
+  RunContext context = HostContext();
+  RunProgress progress(context, {"Reading roads", "Reading...", "Reading..."}, application, extension, 1200, true);
   At(60);
   host.clock.SetBack(3600);
   EXPECT_TRUE(progress.Step(100));
@@ -247,7 +248,8 @@ TEST_F(ProgressTest, AClockSetBackChangesNoSpan) {
 }
 
 TEST_F(ProgressTest, AStopIsSeenWithoutADialogAtTheNextUpdate) {
-  RunProgress progress({"Reading roads", "Reading...", "Reading..."}, application, extension, 3, false);
+  RunContext context = HostContext();
+  RunProgress progress(context, {"Reading roads", "Reading...", "Reading..."}, application, extension, 3, false);
   EXPECT_TRUE(progress.Step(1));
   host.stop_requested = true;
   EXPECT_FALSE(progress.Step(3));
@@ -258,7 +260,8 @@ TEST_F(ProgressTest, ARunShowsItsDialogAndClosesItAtTheEnd) {
     extension->ProgressDialogAutoClose = auto_close;
     std::shared_ptr<ProgressForm> form;
     host.forms.modeless = [&](Form& shown) { form = dynamic_cast<ProgressForm&>(shown).shared_from_this(); };
-    RunProgress progress({"Reading roads", "Reading...", "Reading..."}, application, extension, 1200, true);
+    RunContext context = HostContext();
+    RunProgress progress(context, {"Reading roads", "Reading...", "Reading..."}, application, extension, 1200, true);
     ASSERT_NE(form, nullptr);
     EXPECT_TRUE(form->SetExpanded());
     EXPECT_EQ(form->chkClose.Value() == CheckBox::kChecked, auto_close);

@@ -36,14 +36,16 @@ class ConversionCommand final : public CommandBase {
   [[nodiscard]] std::string Convert(const modCreateVertices::ConversionRun& run,
                                     const std::shared_ptr<clsExtension>& extension) const {
     const bool large = extension->AnalysisRecordCount > run.ProgressThreshold;
-    return modCreateVertices::RunConversion(run, extension->SelectedLayer, extension->SelectedFields,
+    RunContext context = HostContext();
+    return modCreateVertices::RunConversion(context, run, extension->SelectedLayer, extension->SelectedFields,
                                             extension->DoAllRecords, extension->NewShapefileLocation, Application(),
                                             extension, large);
   }
 
   [[nodiscard]] std::string Plan(const modCreateVertices::ConversionRun& run,
                                  const std::shared_ptr<clsExtension>& extension) const {
-    return modCreateVertices::PlanConversion(run, extension->SelectedLayer, extension->SelectedFields,
+    RunContext context = HostContext();
+    return modCreateVertices::PlanConversion(context, run, extension->SelectedLayer, extension->SelectedFields,
                                              extension->DoAllRecords, extension->NewShapefileLocation, Application(),
                                              extension);
   }

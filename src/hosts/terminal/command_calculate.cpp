@@ -166,7 +166,8 @@ ExitStatus CalculateOnCopy(const CalculateOptions& options) {
   RunJournal& journal = session.Host().Journal();
   std::optional<LayerCopy> copy;
   {
-    const RunScope scope(journal, session.Host().Clock());
+    RunContext context = HostContext();
+    const RunScope scope(context);
     copy = MakeCopy(request, journal);
   }
   if (!copy) return session.EndEarly(NoCopyReport(journal, source->Name()));

@@ -103,8 +103,7 @@ ReplacementAnswer AskToReplace(const CopyPlace& copy, const CommonOptions& optio
              : "'" + place.container + "' already exists!  Do you wish to add the layer '" + place.ClassName() +
                    "' to it?";
   if (Host().PlanOnly()) return {agreed, "Feature Class Already Exists: the run would ask whether to overwrite it."};
-  const MessageAnswer answer = Host().MessageBox().Show(question, kQuestionTitle, MessageButtons::YesNo);
-  return {answer == MessageAnswer::Yes ? agreed : Replacing::Declined, ""};
+  return {Host().Ask(RunQuestion::ReplaceOutput, question, kQuestionTitle) ? agreed : Replacing::Declined, ""};
 }
 
 }  // namespace tessarine

@@ -15,7 +15,6 @@ namespace tessarine {
 namespace {
 
 constexpr const char* kReportForm = "frmReport_modal";
-constexpr const char* kOverwriteTitle = "Feature Class Already Exists:";
 constexpr const char* kConfirmTitle = "Confirm Action:";
 constexpr int kLookInterval = 200;  // milliseconds between two looks for a signal while a question is open
 
@@ -41,6 +40,7 @@ class TerminalErrorDialog final : public IErrorDialog {
   void AppendErrorText(const std::string& text) override { text_ += text; }
   void SetVisible(bool visible) override {
     if (!visible) return;
+    host_.BeforePrinting();
     fmt::print(stderr, "{}\n", Trim(NativeLines(text_)));
     text_.clear();
     host_.NoteFault();
@@ -119,7 +119,10 @@ TerminalHost::~TerminalHost() { SetHost(previous_); }
 
 bool TerminalHost::StopRequested() const { return WasInterrupted(); }
 
-void TerminalHost::Announce(const std::string& sentence) { fmt::print(stderr, "tessarine: {}\n", sentence); }
+void TerminalHost::Announce(const std::string& sentence) {
+  BeforePrinting();
+  fmt::print(stderr, "tessarine: {}\n", sentence);
+}
 
 void TerminalHost::PumpEvents() {
   if (!StopRequested()) return;
@@ -148,8 +151,9 @@ std::shared_ptr<IFeatureLayer> TerminalHost::CreateFeatureLayer() { return std::
 
 std::shared_ptr<ISimpleRenderer> TerminalHost::CreateSimpleRenderer() { return std::make_shared<DocumentRenderer>(); }
 
-bool TerminalHost::AnsweredByOptions(const std::string& title) const {
-  return manners_.yes || (manners_.overwrite && title == kOverwriteTitle);
+bool TerminalHost::Ask(RunQuestion question, const std::string& text, const std::string& title) {
+  if (question == RunQuestion::ReplaceOutput && manners_.overwrite) return true;
+  return Show(text, title, MessageButtons::YesNo, MessageIcon::None) == MessageAnswer::Yes;
 }
 
 bool TerminalHost::AskUser() const {
@@ -162,9 +166,10 @@ bool TerminalHost::AskUser() const {
 
 MessageAnswer TerminalHost::Show(const std::string& text, const std::string& title, MessageButtons buttons,
                                  MessageIcon) {
-  if (buttons == MessageButtons::YesNo && AnsweredByOptions(title)) return MessageAnswer::Yes;
+  if (buttons == MessageButtons::YesNo && manners_.yes) return MessageAnswer::Yes;
   const bool confirmation = buttons == MessageButtons::OkCancel && title == kConfirmTitle;
   if (confirmation && manners_.yes) return MessageAnswer::Ok;
+  BeforePrinting();
   fmt::print(stderr, "{}{}{}\n", Trim(title), title.empty() ? "" : "\n", NativeLines(text));
   last_message_ = text;
   switch (buttons) {

@@ -57,6 +57,9 @@ class TerminalHost final : public IHost, public IMessageBox, public IFormHost, p
   TerminalHost(const TerminalHost&) = delete;
   TerminalHost& operator=(const TerminalHost&) = delete;
 
+  /// Clears the line that the next text on standard error would stand on.
+  std::function<void()> BeforePrinting = [] {};
+
   void SetScript(FormScript* script) { script_ = script; }
   void SetBrowsePlace(BrowsePlace place) { browse_place_ = std::move(place); }
   /// What the dialog for references answers; nothing cancels it.
@@ -94,6 +97,7 @@ class TerminalHost final : public IHost, public IMessageBox, public IFormHost, p
   std::shared_ptr<IFeatureLayer> CreateFeatureLayer() override;
   std::shared_ptr<ISimpleRenderer> CreateSimpleRenderer() override;
   void Announce(const std::string& sentence) override;
+  [[nodiscard]] bool Ask(RunQuestion question, const std::string& text, const std::string& title) override;
   RunJournal& Journal() override { return journal_; }
   [[nodiscard]] bool PlanOnly() const override { return manners_.plan_only; }
 
@@ -112,7 +116,6 @@ class TerminalHost final : public IHost, public IMessageBox, public IFormHost, p
   [[nodiscard]] std::string QueryLocalMachine(const std::string& key, const std::string& value) const override;
 
  private:
-  [[nodiscard]] bool AnsweredByOptions(const std::string& title) const;
   [[nodiscard]] bool AskUser() const;
 
   TerminalManners manners_;
