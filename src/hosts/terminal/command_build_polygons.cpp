@@ -114,7 +114,7 @@ void AddLabelOptions(CLI::App& command, BuildOptions& options) {
                                             "layer of the document");
   CLI::Option& fields = *command.add_option("--label-fields", options.label_fields,
                                             "The fields of the points to carry over, with commas between");
-  fields.delimiter(',');
+  fields.delimiter(',')->allow_extra_args(false);
   fields.needs(&labels);
   labels.needs(&fields);
   command.add_option("--label-layer", options.labels.layer, "The layer of the points, where their data holds several")

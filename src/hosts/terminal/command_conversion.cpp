@@ -111,7 +111,8 @@ void AddConversion(const ConversionRow& row, CLI::App& program, ChosenCommand& c
   command.add_option("-l,--layer", options->source.layer, "The layer, where the data holds several");
   command.add_option("-w,--where", options->source.where, "Take only the records that meet this SQL condition");
   command.add_option("-f,--fields", options->fields, "The attribute fields to carry over, with commas between")
-      ->delimiter(',');
+      ->delimiter(',')
+      ->allow_extra_args(false);
   command.add_flag("-a,--all-fields", options->all_fields, "Carry all attribute fields over");
   AddCommonOptions(command, options->common);
   command.footer(std::string("Example:\n  ") + row.example);

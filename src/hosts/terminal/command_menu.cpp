@@ -64,7 +64,8 @@ ExitStatus RunMenu(const std::string& document_path) {
     throw Refusal(fault.Description());
   }
   TerminalHost host({}, document->HostVersion);
-  auto application = std::make_shared<DocumentApplication>(document, std::make_shared<TerminalStatusBar>(false));
+  auto application =
+      std::make_shared<DocumentApplication>(document, std::make_shared<TerminalStatusBar>(ProgressDisplay::None));
   application->Start();
   MenuPrinter(application).PrintToolBar();
   application->Stop();

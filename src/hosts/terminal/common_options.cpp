@@ -9,7 +9,14 @@
 namespace tessarine {
 
 TerminalManners CommonOptions::Manners() const {
-  return {.yes = yes, .overwrite = overwrite, .interactive = isatty(STDIN_FILENO) != 0, .plan_only = dry_run};
+  return {.yes = yes, .overwrite = overwrite, .interactive = !no && isatty(STDIN_FILENO) != 0, .plan_only = dry_run};
+}
+
+ProgressDisplay CommonOptions::Progress() const {
+  if (progress == "bar") return ProgressDisplay::Bar;
+  if (progress == "json") return ProgressDisplay::Json;
+  if (progress == "none") return ProgressDisplay::None;
+  return !quiet && isatty(STDERR_FILENO) != 0 ? ProgressDisplay::Bar : ProgressDisplay::None;
 }
 
 void RefuseEmptyValues(CLI::App& program) {
@@ -32,7 +39,13 @@ void AddRunOptions(CLI::App& command, CommonOptions& options) {
       ->type_name("FILE");
   command.add_flag("-q,--quiet", options.quiet, "Print no report");
   command.add_flag("--overwrite", options.overwrite, "Replace an output that exists");
-  command.add_flag("-y,--yes", options.yes, "Answer Yes to every question");
+  CLI::Option* yes = command.add_flag("-y,--yes", options.yes, "Answer Yes to every question");
+  command.add_flag("--no", options.no, "Answer No to every question, and ask none")->excludes(yes);
+  command
+      .add_option("--progress", options.progress,
+                  "How to show what is done: a bar, a line of JSON each second, or nothing; all on standard error")
+      ->check(CLI::IsMember({"bar", "json", "none"}))
+      ->type_name("bar|json|none");
   command.add_flag("-n,--dry-run", options.dry_run, "Check everything and print the plan, but write nothing");
 }
 

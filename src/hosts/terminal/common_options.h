@@ -5,6 +5,7 @@
 #include <string>
 
 #include "hosts/terminal/terminal_host.h"
+#include "hosts/terminal/terminal_status_bar.h"
 
 namespace tessarine {
 
@@ -13,20 +14,23 @@ struct CommonOptions {
   std::string document;
   bool quiet = false;
   bool overwrite = false;
-  bool yes = false;
+  bool yes = false, no = false;
+  std::string progress;
   bool dry_run = false;
   std::string command_line;
 
   [[nodiscard]] TerminalManners Manners() const;
+  /// A bar where standard error is a terminal and nobody asked for quiet, unless an option says otherwise.
+  [[nodiscard]] ProgressDisplay Progress() const;
 };
 
 /// Makes all commands refuse an empty value, for whichever option or argument: an empty text, as of a shell variable
 /// that isn't set, must not pass for one that wasn't given. Call it once all commands are there.
 void RefuseEmptyValues(CLI::App& program);
 
-/// Adds --report, --quiet, --overwrite, --yes and --dry-run.
+/// Adds --report, --quiet, --progress, --overwrite, --yes, --no and --dry-run.
 void AddRunOptions(CLI::App& command, CommonOptions& options);
-/// Adds --report, --document, --quiet, --overwrite, --yes and --dry-run.
+/// The same and --document.
 void AddCommonOptions(CLI::App& command, CommonOptions& options);
 
 }  // namespace tessarine

@@ -15,6 +15,7 @@
 #include "hosts/terminal/commands.h"
 #include "hosts/terminal/common_options.h"
 #include "hosts/terminal/refusal.h"
+#include "hosts/terminal/usage_errors.h"
 
 namespace tessarine {
 namespace {
@@ -25,11 +26,16 @@ std::string VersionText() {
                      versions.proj);
 }
 
+// A shell takes a word of these as it stands.
+constexpr std::string_view kPlainCharacters =
+    "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789_@%+=:,./-";
+
+// The command line as a shell takes it again.
 std::string CommandLine(int argc, char** argv) {
   std::string line;
   for (int index = 0; index < argc; ++index) {
     const std::string word = argv[index];
-    const bool plain = !word.empty() && word.find_first_of(" \t\"'\\$*") == std::string::npos;
+    const bool plain = !word.empty() && word.find_first_not_of(kPlainCharacters) == std::string::npos;
     std::string quoted = "'";
     for (const char c : word) quoted += c == '\'' ? "'\\''" : std::string(1, c);
     line += (index == 0 ? "" : " ") + (plain ? word : quoted + "'");
@@ -92,7 +98,8 @@ int RunCommand(int argc, char** argv) {
     program.parse(std::move(words));
   } catch (const CLI::ParseError& error) {
     // Help and version are no errors.
-    return program.exit(error) == 0 ? StatusOf(ExitStatus::Done) : StatusOf(ExitStatus::Refused);
+    if (error.get_exit_code() == 0) return program.exit(error);
+    return Refuse(UsageErrorText(program, error, std::vector<std::string>(argv + 1, argv + argc)));
   }
   try {
     return StatusOf(chosen.run());

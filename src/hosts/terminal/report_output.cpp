@@ -3,6 +3,8 @@
 #include <fmt/core.h>
 
 #include <array>
+#include <cstdlib>
+#include <ctime>
 #include <filesystem>
 #include <fstream>
 #include <nlohmann/json.hpp>
@@ -20,10 +22,22 @@ namespace {
 namespace fs = std::filesystem;
 using nlohmann::json;
 
+// A local time, with its distance from UTC.
 std::string IsoTime(Date date) {
   const DateParts parts = Split(date);
-  return fmt::format("{:04}-{:02}-{:02}T{:02}:{:02}:{:02}", parts.year, parts.month, parts.day, parts.hour,
-                     parts.minute, parts.second);
+  std::tm local{};
+  local.tm_year = parts.year - 1900;
+  local.tm_mon = parts.month - 1;
+  local.tm_mday = parts.day;
+  local.tm_hour = parts.hour;
+  local.tm_min = parts.minute;
+  local.tm_sec = parts.second;
+  local.tm_isdst = -1;
+  (void)std::mktime(&local);
+  const long minutes = local.tm_gmtoff / 60;
+  return fmt::format("{:04}-{:02}-{:02}T{:02}:{:02}:{:02}{}{:02}:{:02}", parts.year, parts.month, parts.day, parts.hour,
+                     parts.minute, parts.second, minutes < 0 ? '-' : '+', std::abs(minutes) / 60,
+                     std::abs(minutes) % 60);
 }
 
 // A fault that was reported and is in no record's account kept something from being done.

@@ -32,8 +32,9 @@ Session::Session(const CommonOptions& options)
     : options_(options),
       document_(OpenDocument(options.document)),
       host_(options.Manners(), document_->HostVersion),
-      status_bar_(std::make_shared<TerminalStatusBar>(!options.quiet && isatty(STDERR_FILENO) != 0)),
+      status_bar_(std::make_shared<TerminalStatusBar>(options.Progress())),
       application_(std::make_shared<DocumentApplication>(document_, status_bar_)) {
+  host_.BeforePrinting = [bar = status_bar_] { bar->Erase(); };
   CatchInterrupts();
   LetStopsEndTopology();
   application_->Start();

@@ -6,14 +6,22 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <nlohmann/json.hpp>
+
+#include "platform/text_formats.h"
 
 namespace tessarine {
 namespace {
 
 constexpr auto kDrawInterval = std::chrono::milliseconds(100);
-constexpr int kBarWidth = 30;
+constexpr auto kJsonInterval = std::chrono::seconds(1);
+constexpr std::size_t kWidestBar = 30, kNarrowestBar = 10;
 // How many steps pass between two looks at the clock.
 constexpr std::int32_t kStepsPerLook = 64;
+// What a narrow line does without, in this order.
+constexpr std::string_view kLeadEnd = ".....[";
+constexpr std::string_view kDots = ".....";
+constexpr std::size_t kLeastLead = 12;  // characters; less of it says nothing
 
 int TerminalWidth() {
   winsize size{};
@@ -21,14 +29,41 @@ int TerminalWidth() {
   return 80;
 }
 
+bool ContinuesCharacter(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; }
+
+std::size_t CharacterCount(const std::string& text) {
+  return static_cast<std::size_t>(std::ranges::count_if(text, [](char byte) { return !ContinuesCharacter(byte); }));
+}
+
 // The first characters of a UTF-8 text.
-std::string Cut(const std::string& text, int characters) {
+std::string Cut(const std::string& text, std::size_t characters) {
   std::size_t end = 0;
-  for (int count = 0; end < text.size() && count < characters; ++count) {
+  for (std::size_t count = 0; end < text.size() && count < characters; ++count) {
     ++end;
-    while (end < text.size() && (static_cast<unsigned char>(text[end]) & 0xC0U) == 0x80U) ++end;
+    while (end < text.size() && ContinuesCharacter(text[end])) ++end;
   }
   return text.substr(0, end);
+}
+
+// The text without what the bar says already, and with as much of its begin as there is room for.
+std::string Fitted(std::string text, std::size_t room) {
+  if (CharacterCount(text) <= room) return text;
+  const std::size_t lead = text.find(kLeadEnd);
+  if (lead == std::string::npos) return Cut(text, room);
+  std::string end = text.substr(lead + kDots.size());
+  if (const std::size_t share = end.find("  --- "); share != std::string::npos) {
+    end.erase(share, std::min(end.find(']'), end.size()) - share);
+  }
+  for (std::size_t dots = end.find(kDots); dots != std::string::npos; dots = end.find(kDots)) {
+    end.replace(dots, kDots.size(), " ");
+  }
+  while (end.ends_with('.')) end.pop_back();
+  const std::size_t taken = CharacterCount(end) + 1;
+  if (taken + 1 >= room) return Cut(end, room);
+  const std::size_t left = room - taken;
+  const std::string begin = text.substr(0, lead);
+  if (CharacterCount(begin) <= left) return begin + " " + end;
+  return left < kLeastLead ? end : Trim(Cut(begin, left - 3)) + "... " + end;
 }
 
 class QuietAnimation final : public IAnimationProgressor {
@@ -82,9 +117,10 @@ void TerminalStatusBar::ShowProgressBar(const std::string& text, std::int32_t mi
 
 void TerminalStatusBar::StepProgressBar() {
   position_ = std::min(maximum_, position_ + step_);
-  if (!shown_ || --next_look_ > 0) return;
+  if (display_ == ProgressDisplay::None || --next_look_ > 0) return;
   next_look_ = kStepsPerLook;
-  if (std::chrono::steady_clock::now() - last_drawn_ >= kDrawInterval) Draw();
+  const auto since = std::chrono::steady_clock::now() - last_drawn_;
+  if (display_ == ProgressDisplay::Json ? since >= kJsonInterval : since >= kDrawInterval) Draw();
 }
 
 void TerminalStatusBar::HideProgressBar() {
@@ -92,18 +128,26 @@ void TerminalStatusBar::HideProgressBar() {
   Erase();
 }
 
-void TerminalStatusBar::Draw() {
-  if (!shown_ || !visible_) return;
-  last_drawn_ = std::chrono::steady_clock::now();
+double TerminalStatusBar::Share() const {
   const double range = std::max(1, maximum_ - minimum_);
-  const double share = std::clamp((position_ - minimum_) / range, 0.0, 1.0);
-  const int filled = static_cast<int>(share * kBarWidth);
-  const std::string bar = std::string(static_cast<std::size_t>(filled), '#') +
-                          std::string(static_cast<std::size_t>(kBarWidth - filled), '.');
-  const std::string line = fmt::format("[{}] {:3.0f}% {}", bar, share * 100.0, text_);
-  fmt::print(stderr, "\r\033[K{}", Cut(line, TerminalWidth() - 1));
+  return std::clamp((position_ - minimum_) / range, 0.0, 1.0);
+}
+
+void TerminalStatusBar::Draw() {
+  if (display_ == ProgressDisplay::None || !visible_) return;
+  last_drawn_ = std::chrono::steady_clock::now();
+  display_ == ProgressDisplay::Json ? PrintJson() : DrawBar();
   std::fflush(stderr);
+}
+
+void TerminalStatusBar::DrawBar() {
+  fmt::print(stderr, "\r\033[K{}", ProgressLine(Share(), text_, TerminalWidth() - 1));
   drawn_ = true;
+}
+
+void TerminalStatusBar::PrintJson() const {
+  const nlohmann::json line = {{"progress", Share()}, {"record", position_}, {"of", maximum_}, {"text", text_}};
+  fmt::print(stderr, "{}\n", line.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace));
 }
 
 void TerminalStatusBar::Erase() {
@@ -111,6 +155,17 @@ void TerminalStatusBar::Erase() {
   fmt::print(stderr, "\r\033[K");
   std::fflush(stderr);
   drawn_ = false;
+}
+
+std::string ProgressLine(double share, const std::string& text, int width) {
+  const std::size_t room = static_cast<std::size_t>(std::max(1, width));
+  const std::string percent = fmt::format(" {:3.0f}% ", share * 100.0);
+  const std::size_t beside = percent.size() + 2;
+  const std::size_t wanted = beside + CharacterCount(text);
+  const std::size_t bar = std::clamp(room > wanted ? room - wanted : kNarrowestBar, kNarrowestBar, kWidestBar);
+  const auto filled = static_cast<std::size_t>(share * static_cast<double>(bar));
+  const std::string drawn = "[" + std::string(filled, '#') + std::string(bar - filled, '.') + "]" + percent;
+  return Cut(drawn + Fitted(text, room > bar + beside ? room - bar - beside : 0), room);
 }
 
 }  // namespace tessarine

@@ -1,4 +1,4 @@
-// The host's status bar as one line on standard error; nothing at all where that is no terminal.
+// The host's status bar on standard error: one line that is drawn again and again, or lines of JSON for a program.
 #pragma once
 
 #include <chrono>
@@ -10,9 +10,15 @@
 
 namespace tessarine {
 
+enum class ProgressDisplay : std::uint8_t { Bar, Json, None };
+
+/// The line of a bar that is done to `share` (0 to 1), at most `width` characters wide: the bar narrows and the begin
+/// of the text gives way before its end does, where the record and the time left stand.
+[[nodiscard]] std::string ProgressLine(double share, const std::string& text, int width);
+
 class TerminalStatusBar final : public IStatusBar, public std::enable_shared_from_this<TerminalStatusBar> {
  public:
-  explicit TerminalStatusBar(bool shown) : shown_(shown) {}
+  explicit TerminalStatusBar(ProgressDisplay display) : display_(display) {}
 
   void SetMessage(std::int32_t panel, const std::string& text) override;
   [[nodiscard]] std::shared_ptr<IAnimationProgressor> ProgressAnimation() override;
@@ -21,13 +27,17 @@ class TerminalStatusBar final : public IStatusBar, public std::enable_shared_fro
                        bool one_panel) override;
   void StepProgressBar() override;
   void HideProgressBar() override;
+  /// Takes the bar from its line until it is drawn again.
+  void Erase();
 
  private:
   class Progressor;
+  [[nodiscard]] double Share() const;
   void Draw();
-  void Erase();
+  void DrawBar();
+  void PrintJson() const;
 
-  bool shown_;
+  ProgressDisplay display_;
   bool visible_ = false;
   bool drawn_ = false;
   std::string text_;

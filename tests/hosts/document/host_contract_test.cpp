@@ -72,7 +72,8 @@ class DocumentContractHost final : public ContractHost {
 
  private:
   void Start() {
-    application_ = std::make_shared<DocumentApplication>(document_, std::make_shared<TerminalStatusBar>(false));
+    application_ =
+        std::make_shared<DocumentApplication>(document_, std::make_shared<TerminalStatusBar>(ProgressDisplay::None));
     application_->Start();
   }
   [[nodiscard]] std::shared_ptr<DocumentFeatureLayer> Find(const std::string& name) const {
