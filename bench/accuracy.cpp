@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Prints docs/accuracy.md's figures: the geodesic routines beside GeographicLib's exact solution, on several bodies.
 #include <algorithm>
 #include <array>

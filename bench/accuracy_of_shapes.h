@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The tables of docs/accuracy.md about shapes: areas, centroids, midpoints, multipoints, and the small angles under
 // them.
 #pragma once

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-2.0-or-later
 # `tessarine calculate` in place beside what a user would take instead, and beside two floors: a plain reading and
 # rewriting of whole features, and a reading that measures by the geodesy core alone and adds the columns.
 # calculate_vs_peers.sh BUILD_FOLDER WORK_FOLDER [RUNS]

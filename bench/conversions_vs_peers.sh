@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-2.0-or-later
 # The conversions beside QGIS's algorithms for the same job, beside plain copying, and beside GEOS alone.
 # conversions_vs_peers.sh BUILD_FOLDER WORK_FOLDER [RUNS]
 set -euo pipefail

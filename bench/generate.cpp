@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Writes the data of the benchmarks: generate FOLDER [DRIVER ENDING]. The same seed gives the same bytes.
 #include <gdal_priv.h>
 #include <ogrsf_frmts.h>

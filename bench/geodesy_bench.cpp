@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The geodesy core beside GeographicLib and PROJ: the same pairs, polylines and polygons, in one run.
 //
 // After the table of Google Benchmark stands a table of ratios, each the fastest repetition of ours divided by that of

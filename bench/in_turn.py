@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: GPL-2.0-or-later
 """Times commands in alternation and prints their medians, peak memories and ratios to the first.
 
 in_turn.py [--runs N] NAME=COMMAND NAME=COMMAND ...   Each command goes to a shell. What stands before " ;; " in it is

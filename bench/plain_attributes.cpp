@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // plain_attributes FILE none|lengths|azimuths|polygons: reads every feature through OGR, measures it by the geodesy
 // core alone, and adds the values as columns of doubles, nothing else: the floor of a calculation in place. `none` adds
 // one column and measures nothing.

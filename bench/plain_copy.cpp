@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // plain_copy SOURCE OUTPUT.shp: reads every feature and writes it, by GDAL alone: the floor of a conversion that gives
 // one feature for each.
 #include <gdal_priv.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // plain_rewrite FILE: reads every feature and writes one double field of it back, whole features through OGR in one
 // transaction. What a program does that has nothing to compute.
 #include <gdal_priv.h>

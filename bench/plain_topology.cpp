@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // plain_topology union|polygonize SOURCE OUTPUT.shp: reads all shapes, joins them with GEOS (one union), or nodes and
 // polygonizes lines, and writes the result. The floor of `tessarine combine` and `tessarine build-polygons`.
 #include <gdal_priv.h>

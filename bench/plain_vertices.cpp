@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // plain_vertices SOURCE OUTPUT.shp: every vertex of SOURCE as a point with number, x, y and one carried field, by GDAL
 // alone. What `tessarine vertices --fields number` costs beyond it is ours.
 #include <gdal_priv.h>

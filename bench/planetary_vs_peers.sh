@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-2.0-or-later
 # Wrapping and latitude conversion beside a plain copy, and beside ogr2ogr's own wrapping at the date line.
 # planetary_vs_peers.sh BUILD_FOLDER WORK_FOLDER [RUNS]
 set -euo pipefail

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-2.0-or-later
 # `tessarine vertices` beside the same work: GDAL alone (the floor), and QGIS where it is installed.
 # vertices_vs_peers.sh BUILD_FOLDER WORK_FOLDER [RUNS]
 set -euo pipefail

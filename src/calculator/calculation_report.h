@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The texts of a calculation run, in the order in which the reader sees them.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #include "calculator/field_name_rules.h"
 
 #include "platform/text_formats.h"

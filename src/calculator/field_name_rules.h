@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // What kinds of storage demand of the names of fields. A name that breaks a rule is told to the user, who decides.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The dialog of the geometry calculator: a layer, the measures to calculate, a field for each, all records or the
 // selected ones, and for geographic data another spheroid. It calculates nothing itself.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // How the dialog follows the chosen layer.
 #include <algorithm>
 

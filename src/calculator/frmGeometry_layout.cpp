@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The face of the dialog: captions, rectangles, colours, tab order and anchors.
 #include "calculator/frmGeometry.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #include "calculator/geometry_options.h"
 
 namespace tessarine {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // What the geometry dialog hands to the run through `clsExtension.GeometryOptions`, position by position.
 //
 // The carrier is a list with a fixed layout; these views give its positions their names. A view shares its list with

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The catalogue of measures: what can be calculated for a layer, by its shape type and the kind of its reference.
 //
 // One table serves everyone: the dialog reads captions and default fields, the run report labels and the slow mark, the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Ways between a layer's coordinates and the planetographic longitudes and latitudes, in degrees, that spheroidal
 // measures need.
 #pragma once

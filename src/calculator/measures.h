@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // How a run asks for the values of a feature.
 //
 // Once, before the record loop:

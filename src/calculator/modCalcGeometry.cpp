@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #include "calculator/modCalcGeometry.h"
 
 #include "calculator/calculation_report.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The worker of the geometry calculator: checks that the layer may be changed, makes the fields, measures every feature
 // and writes the values into the attribute table, and tells in a report what it did.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #include "calculator/multipoint_measures.h"
 
 #include "calculator/measure_coordinates.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #include "calculator/point_measures.h"
 
 #include "geodesy/geographic_shape.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Measures of points. No geodesy is involved: a point is written as it is stored, also when its latitudes are
 // planetocentric.
 #pragma once

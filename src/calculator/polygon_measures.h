@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Measures of polygons. Area and centroid on the sphere come from one walk over the polygon, which is the slowest step
 // of the calculator.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #include "calculator/polyline_measures.h"
 
 #include "calculator/measure_coordinates.h"

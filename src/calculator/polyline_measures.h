@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Measures of polylines. Azimuths run from the first point of the first part to the last point of the last one,
 // whatever lies between; a line whose ends coincide has the azimuth -9999.
 #pragma once

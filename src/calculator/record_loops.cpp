@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The record loops of the calculator. They differ in their names and words alone; what is measured stands in the
 // catalogue.
 #include <optional>

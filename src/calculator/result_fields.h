@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The fields that a run writes to: the missing ones are made, those that can't be written are replaced.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // How the values of a measure reach the table, and what a feature without geometry gets in their place.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #include "conversion/build_reports.h"
 
 #include "conversion/run_reports.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The report of the building of polygons, as RTF.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The table of conversion runs: one row tells all that a run is, apart from its step for each feature.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The fields of a conversion's output: its own ones first, clones of the chosen input fields behind them, and how
 // attribute values get from the one table to the other.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The dialog in front of the building of polygons: a polyline layer with a cluster tolerance, the output, and the
 // points whose attributes the polygons take.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // How frmBuildParams looks and what its controls are wired to.
 #include "conversion/frmBuildParams.h"
 #include "conversion/layer_choices.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The dialog in front of the eight conversions: an input layer, the attribute fields to carry over, all records or
 // the selected ones, and the output feature class.
 #pragma once

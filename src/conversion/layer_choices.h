@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // What the dialogs of this folder share: lists of layers, of fields and counts of records.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #include "conversion/layer_fields_texts.h"
 
 #include <array>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // What differs between the eight conversions in the dialog in front of them.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The eight conversions of a layer's features into a new feature class. All are one run; what makes each of them is
 // its row in the table of runs and its step for each feature.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #include "conversion/mod_92_functions.h"
 
 #include <array>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Polygons from the regions that polylines bound together.
 #pragma once
 

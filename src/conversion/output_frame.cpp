@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #include "conversion/output_frame.h"
 
 #include "support/attempt.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The spatial frame of a run's output: its reference and the extent of the data to come.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Where a run's output goes, taken apart from its path.
 #pragma once
 

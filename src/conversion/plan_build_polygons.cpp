@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The plan of the building of polygons: what its run would read and make.
 #include <array>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The plan of a conversion: what its run would read, make and ask.
 #include "conversion/field_transfer.h"
 #include "conversion/modCreateVertices.h"

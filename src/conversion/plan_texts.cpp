@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #include "conversion/plan_texts.h"
 
 #include "conversion/run_data.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // What the steps that make one point for each feature write.
 #pragma once
 

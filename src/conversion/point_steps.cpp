@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // One point for each feature: centroids and label points.
 #include "conversion/point_output.h"
 #include "conversion/steps.h"

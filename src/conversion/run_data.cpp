@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #include "conversion/run_data.h"
 
 #include "support/MyGeneralOperations.h"

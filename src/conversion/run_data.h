@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // What all runs of this folder do with their data: open the input, create the output, show the result.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The reports of the conversion runs, as RTF.
 #pragma once
 

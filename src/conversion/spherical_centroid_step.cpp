@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Centres on the curved body, in degrees of longitude and latitude.
 #include "conversion/point_output.h"
 #include "conversion/steps.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // One feature for each part.
 #include "conversion/steps.h"
 #include "platform/fault.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The eight workers: each is the common run with its own row of the table.
 #include "conversion/modCreateVertices.h"
 #include "platform/host.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Changing attributes of stored rows while their shapes stay as they are, byte for byte.
 //
 // OGR writes a whole row: its shape, which it encodes anew, and all its attributes. Formats that let a column be

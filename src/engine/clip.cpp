@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Clip and ClipDense: what lies inside a rectangle, its edges included.
 #include <algorithm>
 #include <cmath>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Construction of polygons from the regions between lines.
 #include <algorithm>
 #include <cmath>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // ConstructUnion: one shape of all the members of a bag.
 #include <algorithm>
 #include <array>

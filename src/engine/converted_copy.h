@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // A copy in a format that can't be changed in place.
 //
 // The run works on a GeoPackage with the records. When it is published, the source's records are written in the copy's

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The class of a copy that is made in the copy's own format.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The columns of a copy: what becomes of each attribute of the source in another format.
 #pragma once
 

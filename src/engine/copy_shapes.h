@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The shapes of a copy: which type its layer gets, and what has to be known of the source's shapes for that.
 #pragma once
 

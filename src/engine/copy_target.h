@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // New files and layers of any format that GDAL writes.
 #pragma once
 

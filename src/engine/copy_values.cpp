@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #include "engine/copy_values.h"
 
 #include <cpl_conv.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Comparison of what was written with what was meant.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Vector data of any format that GDAL reads, for hosts.
 #pragma once
 

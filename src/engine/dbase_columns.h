@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // New columns of a dBASE table.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // dBASE tables: a header of 32 bytes, 32 bytes for each column, then records of one length, each with a deletion mark
 // in front.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Columns of a dBASE table, changed in place.
 #include <algorithm>
 #include <array>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #include "engine/drawing.h"
 
 #include <ogr_featurestyle.h>

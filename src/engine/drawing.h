@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Drawings: files of shapes with names and styles, as KML or GeoJSON, for hosts that make graphic elements of them.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Faults of the engine: what the libraries underneath complain of, in their own words.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Exact geodesics and areas by GeographicLib.
 #include "platform/exact_geodesy.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Numbers of a dBASE table that have room with an exponent only, as -1.79769313486E+308 in a column of 20 places.
 //
 // Other programs write them so, and GDAL reads them; but it writes plain digits alone, cut off at the width. Such

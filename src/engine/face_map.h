@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The faces of a planar graph, their rings, and which lies in which.
 #pragma once
 

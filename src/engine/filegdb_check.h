@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Tells what is broken in a file geodatabase, by its bytes alone: nothing of it goes through the library that wrote it.
 //
 // Of each table: the headers, the description of the columns, every row (within the file, as long as its values,

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // What is broken in one table of a file geodatabase.
 #include <algorithm>
 #include <array>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Dates of file geodatabases as GDAL reads them.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The one way that a file geodatabase is written to.
 //
 // GDAL 3.6 damages file geodatabases: it puts a row that grew into a free place up to four bytes too small, so that the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The grid that a new class of a file geodatabase keeps its coordinates on.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The indexes of one table of a file geodatabase.
 #pragma once
 

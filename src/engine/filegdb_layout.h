@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The bytes of a table of a file geodatabase of version 10. Numbers are little-endian; places count from the start of a
 // file.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Polygons on the grid of a class of a file geodatabase.
 //
 // A geodatabase rounds each vertex to a grid, commonly of a tenth of a millimetre. Rings that pass each other more

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The rows of one table of a file geodatabase, reached by their numbers. `filegdb_layout.h` tells the bytes.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Columns of a table of a file geodatabase. A row that keeps its size is written in its place; one that grows goes to
 // the end of the file, and its old place is marked as free. Shapes are carried over as the bytes they are.
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // A working copy of a file geodatabase, which takes its place when it is whole.
 //
 // It is a staged output whose files are links to those of the geodatabase as long as they stay as they are, so that it

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // File and personal geodatabases.
 #include <filesystem>
 #include <map>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Columns of a GeoPackage table, changed by SQL. Unlike OGR's own way it leaves the shape's column alone, so neither
 // the shape nor the spatial index is written.
 #include <sqlite3.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Our shapes to and from GEOS. Curves go over as chords fine enough for topology.
 #pragma once
 

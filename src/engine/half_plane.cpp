@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The rings are taken apart into chains that run strictly inside the half plane from the line to the line. Going along
 // the line just inside of it, one enters the area or leaves it wherever a chain begins or ends, so that in this order
 // two ends each bound a stretch of the line that closes the area.

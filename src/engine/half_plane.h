@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // What lies of an area on one side of an upright or level line.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // LabelPoint: a place that surely lies inside a polygon.
 #include <algorithm>
 #include <list>

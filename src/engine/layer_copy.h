@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // A copy of a layer, made beside its place, that a run works on before it is published.
 #pragma once
 

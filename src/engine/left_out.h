@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Records whose shapes are of a kind that no class holds.
 #pragma once
 

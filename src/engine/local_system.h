@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The clock and the operating system of this machine, for hosts that have nothing of their own to put in their place.
 #pragma once
 

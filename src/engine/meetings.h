@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Where the segments of lines meet, and the division of lines at places.
 #pragma once
 

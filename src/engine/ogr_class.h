@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Feature classes and tables over OGR layers.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Fields of the platform over those of an OGR layer.
 #pragma once
 

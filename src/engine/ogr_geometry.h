@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // OGR geometry to and from our shapes.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #include "engine/ogr_source.h"
 
 #include <cpl_conv.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // One layer of a data source and the handles on it. OGR layers have a single reading position, so every cursor works
 // on a handle of its own.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // What the tables of a personal geodatabase tell of its classes.
 //
 // GDB_GeomColumns has a row for each class: its table, its column of shapes, their type, their extent, and the grid by

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Making personal geodatabases, their feature datasets and their classes, and deleting classes. All raise
 // `jet::Error`s.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Personal geodatabases as data sets of GDAL's, which the library itself reads only through ODBC.
 #pragma once
 

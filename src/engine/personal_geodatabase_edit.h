@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The one way that a personal geodatabase is written to.
 //
 // Changes are made in a copy beside it. When the last who holds the edit lets go, indexes, maps and counts are made to

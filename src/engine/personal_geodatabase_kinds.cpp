@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The kinds of items that geodatabases know, and how items may relate.
 #include "engine/personal_geodatabase_kinds.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The kinds of items that geodatabases know, and how items may relate: the content of two tables that is the same in
 // every geodatabase.
 #pragma once

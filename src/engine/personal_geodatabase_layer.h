@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // A class or table of a personal geodatabase as a layer of GDAL's.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #include "engine/personal_geodatabase_shape.h"
 
 #include <ogrsf_frmts.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Shapes of personal geodatabases: the content of a shapefile's record, its type first.
 #pragma once
 

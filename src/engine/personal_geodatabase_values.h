@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Values of columns of personal geodatabases as GDAL has them.
 #pragma once
 

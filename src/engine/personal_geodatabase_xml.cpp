@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #include "engine/personal_geodatabase_xml.h"
 
 #include <cpl_string.h>

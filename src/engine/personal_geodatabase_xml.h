@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Descriptions of classes and feature datasets in XML, as GDB_Items keeps them.
 #pragma once
 

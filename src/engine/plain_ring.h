@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // A quick look at rings that need no topology engine.
 #pragma once
 

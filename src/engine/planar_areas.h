@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Areas made of the faces between lines.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Lines that meet at vertices only, as places and the edges between them, and the walks around the faces.
 #pragma once
 

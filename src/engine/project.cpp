@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Project and SnapToSpatialReference.
 #include <ogr_spatialref.h>
 

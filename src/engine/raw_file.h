@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // A file that is changed in place, byte by byte.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // What GDAL tells of values and shapes that it reads otherwise than they are stored.
 //
 // It tells some of it once in the life of a program, when a file is opened first, long before a run reads it; so it is

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // A polygon's rings by relation to each other: exterior rings, their holes, connected components.
 #include <algorithm>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Selections: the identifiers of rows, in order.
 #include <algorithm>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Buffer, Union, Cut and SimplifyNetwork.
 #include <cmath>
 #include <limits>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // A look at the files of a shapefile before it is opened.
 #pragma once
 

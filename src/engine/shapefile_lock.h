@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // One run at a time changes the table of a shapefile.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // A folder of shapefiles as a workspace.
 #include <algorithm>
 #include <filesystem>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Simplify, for polygons, polylines and multipoints.
 #include <algorithm>
 #include <cmath>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #include <ogr_srs_api.h>
 #include <proj.h>
 

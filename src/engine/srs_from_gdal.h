@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Spatial references between the platform's data and OGR.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // A new feature class that is made beside its place.
 #pragma once
 

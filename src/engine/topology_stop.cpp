@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #include "engine/topology_stop.h"
 
 #include <geos_c.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // A stop in the midst of one long call of the topology library.
 #pragma once
 

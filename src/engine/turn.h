@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // On which side of a line a place lies.
 #pragma once
 

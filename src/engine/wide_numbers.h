@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Whole numbers of more than 18 places in a dBASE table.
 //
 // GDAL reads such a column as doubles, which lose the last digits; here the digits themselves are read.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Fault reports: every trapped fault of the suite comes here.
 #pragma once
 

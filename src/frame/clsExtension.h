@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The extension object: one for each application, and the one place where commands, dialogs and workers leave what
 // they have to tell each other.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The suite as the host's geoprocessing framework sees it: a factory that names itself and hands out no tool. The
 // commands are the way to the suite's work.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // What the suite is, its version, and the ways to the manual and to the operating system's information tool.
 #pragma once
 

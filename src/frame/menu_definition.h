@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Toolbar and menus are tables; this walks them.
 #pragma once
 

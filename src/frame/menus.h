@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The toolbar, the root menu and the three sub-menus.
 #pragma once
 

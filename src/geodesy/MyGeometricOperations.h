@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The face of the geodesy core: everything of `MyGeometricOperations` by one include.
 //
 // Longitude stands before latitude, in decimal degrees. A routine with the suffix 2 takes the spheroid as semi-major

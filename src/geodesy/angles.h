@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Degrees and radians, an arc tangent of two arguments, and the planar bearing.
 //
 // The lowest layer of the geodesy core. Every result above it inherits two properties from here:

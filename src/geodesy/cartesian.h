@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Positions on a sphere or spheroid to Earth-centred Cartesian coordinates and back, and the mean of three places.
 //
 // The Z axis runs through the north pole, the X axis through longitude 0, the Y axis through longitude 90 east.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Arithmetic that raises at once: no infinity and no not-a-number travels through the geodesy core.
 //
 // Faults: 11 for a division by zero, 6 for a result past the range of a double, 5 for an operation without a result,

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Whether the inverse problem was solved or given up.
 //
 // Between nearly antipodal positions the iteration may not settle. After 40 passes its last values are returned all the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Shapes on their way from a layer's coordinates to what the geodesic routines take: longitude and latitude in decimal
 // degrees.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Longitudes carried on over the edge where they start anew.
 //
 // Data jump from 170 to -170 and mean 20 degrees. Here each longitude is moved by whole turns of 360 degrees until the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The centre of a multipoint: about the centre of a spheroid, or on the plane.
 //
 // Which of the two fits is the caller's choice: neither looks at the spatial reference. For longitudes and latitudes

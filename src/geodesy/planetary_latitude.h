@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Planetocentric and planetographic latitudes.
 //
 // The planetographic latitude of a place on a spheroid is the angle of the spheroid's normal with the equator's plane;

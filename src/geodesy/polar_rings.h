@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Rings that run once round the globe: led over the pole that they enclose, or joined in pairs to bands.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Length of a polyline on a spheroid, and the position at a distance or ratio along it.
 //
 // A polyline counts as a list of segments, each the geodesic from its start to its end. A circular arc or Bezier curve

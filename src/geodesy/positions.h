@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // How the routines of the geodesy core read a point object.
 #pragma once
 

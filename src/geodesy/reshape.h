@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Rings to paths, and true curves to straight pieces.
 //
 // The spherical and spheroidal measures of this module see only the ends of a segment. A perimeter is measured on the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The geodesic lengths of a run of segments, several at a time.
 //
 // One inverse problem waits for itself: each pass needs the longitude of the pass before. Eight of them side by side

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Shapes whose steps of more than 180 degrees of longitude mean the short way over the edge.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Sine, tangent and arc tangent of small arguments, the kind that the sides of a digitised shape give.
 //
 // Up to `kSmall` in size each is its power series, as the argument plus a correction of at most 1/48 of it, so that

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Area and centre of polygons and triangles as they lie on the globe.
 //
 // The globe is the sphere with the volume of the spheroid: its radius R is the cube root of a squared times b,

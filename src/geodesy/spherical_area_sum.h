@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The sum of spherical triangles over rings of bare coordinates, several segments at a time.
 //
 // For each segment From, To of a ring the triangle (From, To, Apex) is added, with the area of `SphericalTriangleArea`

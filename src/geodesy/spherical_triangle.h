@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // What the single triangle and the sum over a ring share: the fixed axes, the last step of a side, and two decisions
 // about a triangle.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The copy of a shape with every vertex moved, for the routines that change coordinates and nothing else.
 #pragma once
 

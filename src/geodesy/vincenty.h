@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Geodesic lines on a spheroid: distance and azimuths between two positions, and the position at a distance.
 //
 // The inverse problem asks for the shortest line between two positions, the direct problem for the end of a line of

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Bringing shapes into a box of longitude and latitude: what lies outside moves by whole widths and heights of the box
 // and comes in at the other side, as on a sheet rolled up both ways.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The block of tiles around the shape is halved again and again, and the shape with it, so that each cut has to do with
 // the vertices nearby alone and empty blocks are passed over at once.
 #include "geodesy/wrap_tiles.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The tiles that a shape meets, and what of it lies in each.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Names of graphic elements: compared without regard to case, counted, matched against patterns.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The dialog that makes a feature class: an empty one of a chosen geometry, or one of the graphic elements of the map.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // How frmGraphicsShapefile looks and what its controls are wired to.
 #include "graphics/frmGraphicsShapefile.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // What OK of frmGraphicsShapefile does: the class, its features, the new layer, the report.
 #include "graphics/frmGraphicsShapefile.h"
 #include "graphics/graphics_run.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The dialog that gives one name to all or to the selected graphic elements of the map.
 #pragma once
 

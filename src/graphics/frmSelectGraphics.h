@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The dialog that selects graphic elements by their type, by names from a list, or by a pattern for names.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The graphic elements of a view, sorted by shape.
 #pragma once
 

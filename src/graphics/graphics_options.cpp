@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #include "graphics/graphics_options.h"
 
 #include "platform/fault.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // What the graphics dialog can make: three empty classes and five conversions. A table each.
 #pragma once
 

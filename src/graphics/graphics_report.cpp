@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #include "graphics/graphics_report.h"
 
 #include "platform/paths.h"

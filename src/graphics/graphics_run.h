@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The classes that the graphics dialog makes.
 #pragma once
 

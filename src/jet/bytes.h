@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Numbers in bytes, lowest byte first as the format has them. Reading beyond the end is an error, so that damaged files
 // can't lead anyone out of a page.
 #pragma once

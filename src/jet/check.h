@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // A walk over a whole database that believes nothing.
 //
 // Every page belongs to exactly one: the header, the free ones, a definition, a map, the rows of a table, the long

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // A page of rows: of a table, of long values or of usage maps.
 //
 // Byte 0 is 1, bytes 2 and 3 tell the free bytes, bytes 4 to 7 the owner: the page of the table's definition, "LVAL"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Databases of the format .mdb of the years from 2000 on, read, made and written.
 //
 //   jet::Database database("world.mdb", jet::Database::Mode::Write);

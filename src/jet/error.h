@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // What is wrong with a file, or why it can't hold what it is given.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Keys of indexes: bytes that sort as the values do.
 //
 // Each value is a flag byte and what follows: 00 null; 7F, then whole numbers highest byte first with the sign turned,

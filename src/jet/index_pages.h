@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The pages of an index: a tree whose leaves hold a key and the place of its row, page first, highest byte first.
 //
 // Leaves are pages 04 01, the pages above them 03 01. At 12, 16 and 20 the pages before and behind of the same level

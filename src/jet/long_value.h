@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Values that are too long for a row.
 //
 // A row keeps twelve bytes of each: its length with flags above the 30th bit, a pointer, four zeros. Flag 0x80000000:

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // A database file as a row of pages, and what page 0 tells.
 //
 // Page 0 begins with 00 01 00 00 "Standard Jet DB" 00 and the version at 0x14: 0 for the older format with pages of

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Usage maps: sets of page numbers.
 //
 // A map is a row of a data page that belongs to no table (owner 0; page 1 bears its own number). Its first byte tells

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Rows as bytes.
 //
 // A row begins with the number of columns the table had when it was written. The fixed columns follow at their places,

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Pages that hold rows of one owner: those of a table, or the long values of one of its columns.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The database's own tables, which every database has in the same places.
 //
 // MSysObjects (definition on page 2) has a row for each table, with the page of its definition as the number; MSysACEs

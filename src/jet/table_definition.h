@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The definition of a table: columns, indexes, and where its maps are.
 //
 // A definition is one page (02 01) or a chain of them, whose parts without the first eight bytes are one structure. At

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // What a column of an output can't hold of its field, told before a value is read.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The formats of outputs: one table of what is known of each.
 #pragma once
 

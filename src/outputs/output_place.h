@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Where an output lies, and whether it would touch what a run reads.
 #pragma once
 

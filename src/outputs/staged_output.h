@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Outputs that are made beside their target and take its place when they are whole.
 //
 //   StagedOutput staged("/data/roads.shp", StagedOutput::Begin::Empty);

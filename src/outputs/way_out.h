@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // What to do about a file that can't be written.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // What the dialogs of the planetary tools share: the layers in degrees, the ranges of longitude, the shift and the
 // output.
 #pragma once

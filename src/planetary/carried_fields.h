@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The fields that a planetary output carries over from its input: all that any output can hold.
 #pragma once
 

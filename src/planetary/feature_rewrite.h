@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The run that the planetary tools share: every feature of a class goes, with its attributes and a new shape, into a
 // new class.
 #pragma once

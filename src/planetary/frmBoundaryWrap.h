@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The dialog in front of the wrap: a layer in degrees, the box that its features shall lie in, and the output.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The dialog in front of both conversions of planetary latitudes: a layer in degrees, the spheroid, a shift and a wrap
 // of the longitudes, and the output.
 #pragma once

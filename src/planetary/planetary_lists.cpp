@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #include "planetary/planetary_lists.h"
 
 #include "planetary/carried_fields.h"

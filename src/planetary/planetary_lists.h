@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The lists that carry a planetary run from its command to the dialog and from the dialog to the run, each with a view
 // that gives its positions their names.
 #pragma once

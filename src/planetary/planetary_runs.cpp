@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #include "planetary/planetary_runs.h"
 
 #include "geodesy/MyGeometricOperations.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The host application and its document, and what the suite implements for the host to call.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The ordered lists of the suite. Indexes run from 0; one outside the list raises fault 5.
 #pragma once
 

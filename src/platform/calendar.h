@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Dates that the data give and no calendar knows, as the 31st of February.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The component contract: how a host finds and makes the classes of the suite without knowing their headers.
 #pragma once
 

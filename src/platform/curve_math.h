@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Quadrature and root finding for curves that have no closed length.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The three true curves: how each is made and where its points lie.
 #include <cmath>
 

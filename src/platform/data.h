@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Stored data: workspaces, feature classes, tables, rows and cursors.
 //
 // Every call that fails raises a fault whose description names the dataset, field or file. Paths are the suite's own

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Dates as the suite counts them: days since 30 December 1899, local time, with the time of day as the fraction.
 #pragma once
 

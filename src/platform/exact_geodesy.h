@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Geodesics without a series that fails: what the engine's library of geodesics computes to the rounding of doubles,
 // for any two positions and any ring. The module of Vincenty's formulae has its own results; these stand beside them.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // A fault: what every failing call of the platform and of the suite raises.
 #pragma once
 

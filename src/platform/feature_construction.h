@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Construction of features from other shapes. Defined by the engine.
 #pragma once
 

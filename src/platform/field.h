@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Fields, field lists and the shape definition of a geometry field.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Shapes that hold something else than numbers.
 #pragma once
 

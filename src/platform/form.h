@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Forms and their controls, without any window toolkit. A view draws a form from what stands here and turns input
 // into the same calls that code makes.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Shapes: points, multipoints, polylines, polygons and their parts.
 //
 // Whole shapes travel by `shared_ptr` and are changed in place; coordinates, ends and segments are read as plain

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // What the host's geoprocessing framework asks of a factory of tools.
 #pragma once
 

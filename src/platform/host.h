@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // What the suite asks of its host without holding an object of it: the clock, message boxes, the host's own dialogs,
 // services of the operating system. One host at a time serves the process.
 #pragma once

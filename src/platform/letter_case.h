@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Names of people's things, compared without regard to case, in whatever alphabet.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The map: layers, tables, views and graphic elements. Each host supplies its own.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // What a host may ask of the suite's catalogue of measures.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The root of everything that is held by reference, and the two questions one may ask of it.
 #pragma once
 

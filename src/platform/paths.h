@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The one door between the suite's backslash paths and the machine's own.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The small RTF subset of reports: reading it, and writing it out as plain text, terminal text and HTML.
 //
 // Understood: groups, \b \i \ul (with 0), \fsN, \qc \ql \qr, \pard, \par, \line, \tab, \'hh in code page 1252, \uN

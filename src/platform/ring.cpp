@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #include "platform/fault.h"
 #include "platform/geometry.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Everything that a run needs from outside: the clock, what it says and asks, what it makes beside its output, its
 // journal. It is passed down; nothing in a run asks for the host of the process.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // What a run did: the data that its report, its JSON, its exit status and every message at its end are made from, so
 // that they can't disagree.
 #pragma once

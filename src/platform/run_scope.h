@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Begins and ends the journal of a run, however the run ends, and does its records one by one.
 #pragma once
 

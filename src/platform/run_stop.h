@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The end of a run that the user stopped in the midst of work that has no records to count.
 //
 //   const bool finished = UnlessStopped([&] { UniteAll(shapes); });   // the run

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The journal of the run that the thread is at, or else the host.
 #pragma once
 

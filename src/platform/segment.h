@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Segments: the straight and curved pieces of a path, as plain values.
 //
 // A segment runs from `from` to `to`. Lengths and areas are planar, in the unit of the coordinates. Nothing here

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The words for shape types, as files and lists show them.
 #pragma once
 

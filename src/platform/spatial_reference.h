@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Spatial references as data: a name, a datum with its spheroid, a unit, a tolerance. The projection engine behind
 // them reads the well-known text; the suite never does.
 #pragma once

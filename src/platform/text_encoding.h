@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Texts as bytes: UTF-8, and what to do with bytes that are none.
 #pragma once
 

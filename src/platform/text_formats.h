@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Numbers and dates as text, always in US English forms, whatever the machine's locale is. All text is UTF-8.
 #pragma once
 

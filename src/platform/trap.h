@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The error trap that every procedure of the suite runs its body in.
 //
 //   double DegToRad(double x) {

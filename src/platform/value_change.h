@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // What becomes of a value that a field can't hold as it is.
 #pragma once
 

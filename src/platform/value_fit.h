@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // What a column can hold, and what becomes of a value on its way into it.
 //
 // A value is carried exactly or becomes the nearest honest thing: null for a number that the column has no room for,

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // One value of any kind that a field, a list or a stream may hold.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The walk over the vertices of one or several parts.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The named spheroids that the spheroid dialogs offer: custom ones from a text file, planets and moons, and common
 // ones of Earth. Names and codes stand here; the axes come from the platform.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #include "spheroids/frmSpheroidOptions.h"
 
 #include "platform/text_formats.h"

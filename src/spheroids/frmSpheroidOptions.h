@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The dialog that picks a spheroid: from the custom file, from the planets, from Earth, or by its two radii.
 #pragma once
 

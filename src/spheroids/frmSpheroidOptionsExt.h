@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The spheroid dialog of the geometry calculator: it also asks in which kind of latitudes the data are.
 #pragma once
 

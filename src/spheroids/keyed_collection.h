@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // An ordered collection with a text key for each item. Keys compare without regard to the case of A to Z.
 #pragma once
 

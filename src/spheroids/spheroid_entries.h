@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The sources of the catalogue, read into plain entries: the custom file and the two tables of platform spheroids.
 #pragma once
 

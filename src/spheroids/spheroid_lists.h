@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The lists that carry spheroids between the catalogue, the dialogs and their callers, each with a view that gives
 // its positions their names.
 #pragma once

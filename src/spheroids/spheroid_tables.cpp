@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Names and codes of the spheroids that the platform knows.
 #include <cstdint>
 #include <string>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // How one edge of a control follows the size of its container.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The general operations that dialogs and runs share.
 #pragma once
 

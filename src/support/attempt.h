@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Calls that are expected to fail in normal runs.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Attribute values from the rows of one class to those of another.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Names that are legal and free in each kind of storage.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // What the fields of a source and the format of an output foretell, before a value is read.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // A Yes and No dialog with a long text that can be resized.
 #pragma once
 

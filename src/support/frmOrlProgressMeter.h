@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The status window of the geometry calculator and of the wrap and planetary tools.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #include "support/journal_report.h"
 
 #include "platform/rich_text.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // What a report tells of the records of a run that met faults or gave reason to warn, as RTF.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The manual, opened by every Manual and Help button.
 #pragma once
 

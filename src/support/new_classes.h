@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // New empty classes: their own fields in front of the caller's, and what the geodatabase wants to know of them.
 #pragma once
 

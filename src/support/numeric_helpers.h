@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Small helpers of dialogs: key filters of numeric boxes, numbers as text, the manual, references, the selection tool.
 #pragma once
 

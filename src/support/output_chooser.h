@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The choice of an output feature class, as every dialog with an output box offers it: a proposed path, a typed path
 // or a place picked in the browse dialog.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Creation of output feature classes, with the system's own rules for names, fields and grids.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #include "support/progress_bail_out.h"
 
 #include "frame/clsExtension.h"

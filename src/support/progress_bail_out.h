@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The poll by which a run learns that the user stopped it.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The status window of a long run: bar, counter, estimate of the time left, a log and a Stop button. The two forms of
 // it show the same and keep the same protocol.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #include "support/records_read.h"
 
 #include "platform/fault.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // What a run must know of the records that it read, and of those that it never saw.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #include "support/rows_on_disk.h"
 
 #include "platform/paths.h"

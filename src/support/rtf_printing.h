@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Printing of rich text, page by page. All measures are twips, 1440 to the inch.
 #pragma once
 

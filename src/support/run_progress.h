@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // What a person sees of a run while it works: the host's status bar for every run, and the progress dialog for large
 // ones.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Layers of a map for the tests of the calculator, made and read back by GDAL.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // What a measure gives doesn't depend on its company, and one bad part or vertex spoils nothing else.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

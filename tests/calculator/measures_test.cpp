@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The values of the measures. Geodesic lengths, azimuths, positions along a line and transverse Mercator coordinates
 // were computed with GeographicLib 2.1 on WGS 84; spherical areas with its polygons on the sphere of 6371000.790009154
 // m; spherical centroids from the sum of edge normals weighted by edge angles. Planar values are arithmetic by hand.

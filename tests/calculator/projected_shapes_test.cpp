@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // A polygon in a projection has the geodesic measures of the same polygon in longitude and latitude.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The calculation run: its checks, its fields, its loop and its report.
 #include <gmock/gmock.h>
 

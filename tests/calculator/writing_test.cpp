@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // What reaches the table: values in every format that is changed in place, and the null mark.
 #include <gmock/gmock.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #include <gdal_priv.h>
 #include <ogrsf_frmts.h>
 

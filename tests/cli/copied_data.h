@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Copies of the calculator, made as a user makes them and read back by GDAL.
 #pragma once
 

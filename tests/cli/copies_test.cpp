@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Copies that the calculator works on: whose records they hold, and what is kept of them in each format.
 #include <gmock/gmock.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Copies of the calculator that stand beside other data: what may be replaced, and what stands at their place when a
 // run ends in another way.
 #include <gmock/gmock.h>

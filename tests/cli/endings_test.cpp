@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // How runs end that don't go their way: signals, questions, streams that take nothing, values that are empty, plans of
 // what would be refused.
 #include <fcntl.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Sources with records and values that can't be read as they are: each is told, and costs no other.
 #include <gdal_priv.h>
 #include <ogrsf_frmts.h>

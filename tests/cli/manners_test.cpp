@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // How the terminal speaks: words that it doesn't know, the bar, lines for programs, answers given beforehand.
 #include <gmock/gmock.h>
 #include <pty.h>

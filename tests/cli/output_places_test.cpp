@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Where the commands write, and what they leave alone.
 #include <gmock/gmock.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The commands of the planetary tools, as a user runs them.
 #include <gmock/gmock.h>
 #include <ogrsf_frmts.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Runs the program as a user does, in a folder of its own.
 #pragma once
 

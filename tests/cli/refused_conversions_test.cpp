@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Conversions that could never end well: refused before anything is touched.
 #include <gmock/gmock.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Nasty attributes through every command, format by format. Each value of the output is the source's own, or the run
 // tells that it isn't.
 #include <gmock/gmock.h>

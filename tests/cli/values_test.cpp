@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Values on their way through whole runs: carried exactly, or told.
 #include <gdal_priv.h>
 #include <ogrsf_frmts.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Polygons from the regions between lines, and the dialog in front of it.
 #include "conversion/frmBuildParams.h"
 #include "conversion/mod_92_functions.h"

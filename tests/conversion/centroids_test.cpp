@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Centroids and label points. Expected places are worked out by hand.
 #include "helpers/conversion_run.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The common run of the conversions, told on Shapes to Vertices; outputs are read back with GDAL alone.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

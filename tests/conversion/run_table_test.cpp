@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The table of runs: from how many records on a person sees a progress dialog, by the command's number.
 #include "conversion/conversion_runs.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Polylines to polygons, and back. Areas and lengths by hand.
 #include "helpers/conversion_run.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Centroids on the globe. Expected places by symmetry, and from PROJ's geodesics and projections.
 #include "helpers/conversion_run.h"
 #include "helpers/memory_class.h"

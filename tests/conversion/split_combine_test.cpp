@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Splitting and combining. Expected shapes by hand.
 #include "conversion/steps.h"
 #include "helpers/conversion_run.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Columns of every kind: which field they come as, which column a field becomes, and what its values become.
 #include <gtest/gtest.h>
 

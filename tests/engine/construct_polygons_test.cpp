@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Regions between lines; counts by Euler's formula, areas by hand.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Reading, writing and selecting rows: one contract for every format that can be written.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

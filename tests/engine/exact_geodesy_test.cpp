@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Exact geodesics and areas, against closed formulae and the library's own planimeter.
 #include "platform/exact_geodesy.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // New classes of file geodatabases: the grid of their coordinates, their datasets; and what an update leaves alone.
 #include <gtest/gtest.h>
 #include <signal.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // File geodatabases stay whole through every kind of change: looked at byte by byte, and read back by GDAL.
 #include <cpl_error.h>
 #include <gmock/gmock.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Data of the formats that people bring, made by GDAL and read through DataSource.
 #include <gtest/gtest.h>
 #include <sys/wait.h>

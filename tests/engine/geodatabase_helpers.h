@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // File geodatabases of many classes, and what GDAL reads of them.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #include "engine/half_plane.h"
 
 #include <gmock/gmock.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Label points lie inside; the answer is checked with the even-odd rule of a ring of its own.
 #include <cmath>
 

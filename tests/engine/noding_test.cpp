@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Lines so near to each other that rounding makes new crossings, and the road that they take over a grid.
 #include "engine/noding.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Personal geodatabases: read as the library's own driver reads them over another reader, and written so that it can.
 #include <gdal_priv.h>
 #include <ogrsf_frmts.h>

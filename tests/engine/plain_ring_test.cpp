@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The quick look at rings must agree with GEOS's own test of validity.
 #include "engine/plain_ring.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Areas between lines must be those that GEOS finds, on seeded random lines.
 #include "engine/planar_areas.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Spatial references and projection, against published parameters and coordinates.
 #include <gtest/gtest.h>
 

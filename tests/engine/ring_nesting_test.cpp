@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Who lies in whom, where rings touch; and the files that come of it.
 #include "engine/ring_nesting.h"
 

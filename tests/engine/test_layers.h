@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Layers made by GDAL itself, and read back by GDAL itself.
 #pragma once
 

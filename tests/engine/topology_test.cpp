@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Simplify, Clip, set operations and relations, against areas and vertices worked out by hand.
 #include <gtest/gtest.h>
 

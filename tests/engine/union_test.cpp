@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Unions of many shapes; areas and lengths by hand.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Folders of shapefiles and geodatabases as workspaces.
 #include <gtest/gtest.h>
 

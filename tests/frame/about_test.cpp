@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The about dialog.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

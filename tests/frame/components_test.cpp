@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The component exports, and the menus and commands as a host meets them: by their identifiers alone.
 #include <gtest/gtest.h>
 

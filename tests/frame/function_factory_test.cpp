@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The geoprocessing factory, as a host meets it.
 #include <gtest/gtest.h>
 

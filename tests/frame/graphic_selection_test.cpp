@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The four commands that act on the graphic elements of the map at one click.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Damaged map documents: whatever the bytes, the reader gives a document or a fault, and what it gives can be written
 // and read again.
 #include <gtest/gtest.h>

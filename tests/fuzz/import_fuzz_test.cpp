@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Damaged drawings: whatever the bytes, the import gives elements of finite shapes or a fault.
 #include <gtest/gtest.h>
 

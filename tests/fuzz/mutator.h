@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Damages the texts of a corpus, always in the same order.
 #pragma once
 

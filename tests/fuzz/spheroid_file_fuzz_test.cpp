@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Damaged custom spheroid files: whatever the bytes, the reader gives spheroids or a fault.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Damaged texts for the small readers: rich text, numbers, references. Whatever the bytes, there is a result or a
 // fault.
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Collects what the error traps report while a test runs.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Shapes that jump over the edge, cut at 180 degrees once their steps go the short way.
 #include "geodesy/short_steps.h"
 

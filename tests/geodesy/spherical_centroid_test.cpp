@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The centre of polygons on the sphere against an independent integral.
 #include <gtest/gtest.h>
 

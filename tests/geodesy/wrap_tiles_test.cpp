@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // What the wrap does over many tiles: the sums, the stop, and what the pieces are made of.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

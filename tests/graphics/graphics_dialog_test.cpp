@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // What the graphics dialog offers before anything is made.
 #include "engine/data_source.h"
 #include "graphics/frmGraphicsShapefile.h"

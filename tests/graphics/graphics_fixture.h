@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // A document with graphic elements, and the dialogs over it.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Names for all or for the selected graphic elements.
 #include "graphics/frmNameElements.h"
 #include "graphics/graphics_fixture.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Selection of graphic elements by type, name and pattern.
 #include "graphics/element_names.h"
 #include "graphics/frmSelectGraphics.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Runs of the conversion tools on small GeoJSON layers; outputs are read back with GDAL alone.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // An application that hands out what a test gives it, with a status bar that remembers.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // What a person would see as wrong in the layout of a form.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // A feature class in memory that can be read, with failures where a test wants them.
 #pragma once
 

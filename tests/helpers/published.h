@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Puts a new class in its place, as a run does at its end.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Makes the traps report through the suite's own error handling while it lives; `TestHost::error_reports` collects.
 #pragma once
 

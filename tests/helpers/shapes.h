@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Short ways to make shapes in tests.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // A folder of its own for a test, gone with it.
 #pragma once
 

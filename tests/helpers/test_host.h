@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // A host for tests: it owns the clock, answers message boxes from a script and remembers what was shown.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // What a built library tells about the machine that built it.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The walls of the house: who may include whom.
 #include <gtest/gtest.h>
 

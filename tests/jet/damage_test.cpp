@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Damaged files end in an error, never in a crash or a walk without end.
 #include <fstream>
 #include <iterator>

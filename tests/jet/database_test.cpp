@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Databases made here: read back by us and by a reader that others wrote.
 #include <array>
 #include <cstdio>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // A database that other software made: what we would write of it is what is there.
 #include <algorithm>
 

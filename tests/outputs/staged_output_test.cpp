@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #include "outputs/staged_output.h"
 
 #include <gmock/gmock.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The dialogs of the planetary tools.
 #include "helpers/form_layout.h"
 #include "planetary/frmBoundaryWrap.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The conversions of planetary latitudes as runs.
 #include <cmath>
 

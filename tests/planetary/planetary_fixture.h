@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // A map in memory, an input class with features, and the outputs of the planetary runs as GDAL alone reads them.
 #pragma once
 

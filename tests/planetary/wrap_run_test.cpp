@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The wrap as a run: what is stored and what is told.
 #include <cmath>
 

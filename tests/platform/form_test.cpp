@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Controls and forms, as code and a view's user act on them.
 #include "platform/form.h"
 

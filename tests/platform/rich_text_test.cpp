@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Reading the small RTF subset and writing it out.
 #include "platform/rich_text.h"
 

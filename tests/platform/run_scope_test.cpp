@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #include "platform/run_scope.h"
 
 #include <gmock/gmock.h>

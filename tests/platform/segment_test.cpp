@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Lines and true curves against closed forms.
 #include "platform/segment.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Paths, rings and whole shapes: measures, parts, identity.
 #include <gtest/gtest.h>
 

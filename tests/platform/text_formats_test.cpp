@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Numbers, dates and letters as text.
 #include "platform/text_formats.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // What becomes of values that a column can't hold as they are.
 #include "platform/value_fit.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Variants, lists, fields, paths and error traps.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The report dialog with its printing, and the message box.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Key filters, number texts, sorting, elapsed times and the other small routines.
 #include <gtest/gtest.h>
 

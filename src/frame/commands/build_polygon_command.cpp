@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Polygon building: dialog, worker, report.
 #include "conversion/frmBuildParams.h"
 #include "conversion/mod_92_functions.h"

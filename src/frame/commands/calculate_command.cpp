@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The geometry calculator: dialog, worker, report.
 #include "calculator/frmGeometry.h"
 #include "calculator/modCalcGeometry.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // What all commands share: their answers come from their row of the table of commands.
 #pragma once
 

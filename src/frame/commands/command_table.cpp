@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #include "frame/commands/command_table.h"
 
 #include "frame/commands/commands.h"

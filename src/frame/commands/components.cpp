@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #include "frame/commands/components.h"
 
 #include <dlfcn.h>

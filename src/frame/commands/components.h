@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The class table of the suite: every class that a host may make by its identifier.
 #pragma once
 

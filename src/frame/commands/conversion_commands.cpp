@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The eight conversions: dialog, worker, report.
 #include "conversion/frmLayerFields.h"
 #include "conversion/modCreateVertices.h"

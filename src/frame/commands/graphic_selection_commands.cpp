@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Direct actions on the graphic elements of the focus map, also while the layout is the active view.
 #include <optional>
 

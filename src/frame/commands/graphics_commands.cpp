@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The tools that are a dialog and nothing else: graphics to features, selection and names of graphics, and the about
 // dialog. All further work happens inside the dialog.
 #include "frame/commands/command_base.h"

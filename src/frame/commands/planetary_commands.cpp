@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The wrap and the two conversions of planetary latitudes: dialog, worker, report.
 #include "frame/clsExtension.h"
 #include "frame/commands/command_base.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Makes the suite's classes from their identifiers, through the component exports alone.
 #pragma once
 

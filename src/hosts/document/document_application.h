@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The application around a map document: it makes the suite's extension from its identifier, hands it the document's
 // settings, and takes them back.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The JSON file of a map document. docs/map-document.md tells its members.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #include "hosts/document/document_layer.h"
 
 #include "engine/data_source.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Drawings as graphic elements of a document's map.
 #pragma once
 

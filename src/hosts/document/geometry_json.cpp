@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #include "hosts/document/geometry_json.h"
 
 #include "hosts/document/json_reading.h"

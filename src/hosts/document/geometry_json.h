@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Shapes as JSON, true curves included.
 //
 //   {"type": "point", "at": [x, y]}

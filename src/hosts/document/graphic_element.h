@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The graphic elements of a map document. Each kind answers exactly the type tests that fit it.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Reading JSON of a document with errors that name the place.
 #pragma once
 

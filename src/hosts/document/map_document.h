@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // A map document without a window: the focus map with its layers, tables and graphic elements, the page layout, and
 // what the suite remembers in it. A JSON file keeps it; see document_file.h.
 #pragma once

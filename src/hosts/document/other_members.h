@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Members of a document's file that the suite doesn't know: other programs' own, kept as they are.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The settings of the suite in a document: a stream of variants.
 #pragma once
 

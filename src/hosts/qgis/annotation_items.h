@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The annotation items of the project: those of its main annotation layer and of all its annotation layers.
 #pragma once
 

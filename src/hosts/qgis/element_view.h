@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // What the map and a page layout share as views: graphic elements in drawing order, with a selection.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // What the project remembers of annotation items beyond what the program keeps: their names and the order in which
 // they were made.
 #pragma once

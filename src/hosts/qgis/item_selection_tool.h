@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // A map tool that selects annotation items, which the program's own tool does one at a time: by a click, by a
 // rectangle, and with Shift in addition to what is selected.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The data of a vector layer of the project, of any provider, as a feature class or a table.
 //
 // Rows are read and written through the layer and its provider, so that the program's own caches, connections and

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Cursors over layers.
 //
 // Rows to be written come in batches that are read whole before one of them is written: many databases refuse to write

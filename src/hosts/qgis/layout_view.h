@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // A page layout of the project: its items as graphic elements.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The focus map: the layers and tables of the project, the map canvas, and the annotation items as graphic elements.
 #pragma once
 

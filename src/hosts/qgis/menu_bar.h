@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The toolbar and the menus, built by walking the suite's definition classes.
 #pragma once
 

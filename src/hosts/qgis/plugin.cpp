@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The door between the map program and the suite: what the program asks of a plug-in.
 #include <qgisinterface.h>
 #include <qgisplugin.h>

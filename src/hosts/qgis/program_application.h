@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The program as the suite's application: it makes the suite's extension, hands it the settings that the project keeps,
 // and takes them back when the project is saved.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // What the host asks of the map program's window. The plug-in answers from the program's own interface, which no test
 // could stand in for.
 #pragma once

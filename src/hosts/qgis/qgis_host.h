@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The map program as host: windows, with layers and renderers of the program.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The settings of the suite as one text, which a project keeps.
 //
 // The map program ships headers of another release of the same JSON library; what includes ours stays apart from them.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The program's status bar: the text, and a bar beside it while a run works.
 #pragma once
 

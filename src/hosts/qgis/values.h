@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // References, shapes and rectangles between the map program and the platform.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // What the suite is: the about dialog in the terminal.
 #include <fmt/core.h>
 #include <unistd.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Polygons from the regions between lines.
 #include <CLI/CLI.hpp>
 #include <cmath>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Geometric attributes, written into the attribute table of a layer or of a copy of it.
 #include <CLI/CLI.hpp>
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The conversions of features.
 #include <CLI/CLI.hpp>
 #include <memory>

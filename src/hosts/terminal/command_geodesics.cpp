@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Geodesics at the prompt: the inverse and the direct problem, from arguments or line by line from standard input.
 #include <fmt/core.h>
 #include <fmt/format.h>

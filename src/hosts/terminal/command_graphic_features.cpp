@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Features of graphic elements, and empty feature classes: the graphics dialog in the terminal.
 #include <CLI/CLI.hpp>
 #include <filesystem>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The graphic elements of a document: their list, selection by type and name, names, and import from drawings.
 #include <fmt/core.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The one-click tools for graphic elements of a document: selection and zoom.
 #include <fmt/core.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // What there is to know of a data source: its layers, references and fields.
 #include <fmt/core.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // What the geometry calculator offers for a layer.
 #include <fmt/core.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The toolbar and its menus as a host sees them.
 #include <fmt/core.h>
 

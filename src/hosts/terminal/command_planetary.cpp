@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The planetary tools: wrap to a box, and latitudes of planets.
 #include <CLI/CLI.hpp>
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The catalogue of spheroids: custom ones, planets and moons, Earth.
 #include <fmt/core.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The commands of the program. Each takes its arguments without touching a file, then runs.
 #pragma once
 

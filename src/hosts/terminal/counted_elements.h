@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // "1 graphic element", "2 graphic elements".
 #pragma once
 

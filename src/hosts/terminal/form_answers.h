@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The answers that commands give to forms with a layer, fields and an output.
 #pragma once
 

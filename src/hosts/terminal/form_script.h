@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // How the terminal answers a form: it sets the controls that the user's options name and presses OK.
 #pragma once
 

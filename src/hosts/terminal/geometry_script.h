@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // How the terminal answers the dialog of the geometry calculator.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Ctrl-C, and the signals that a system sends to end a program: the first asks the run to stop, the second ends the
 // program.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The layer that a command works on: named by a path, or by its name in a document.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // What a run would find at its end about the place of its output, looked at before it begins; plans look at it too.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // A command that writes a new class: the place is checked and prepared, the browse dialog will answer it, the tool
 // runs.
 #pragma once

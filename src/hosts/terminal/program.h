@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The program as a whole: arguments in, exit status out.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // One run of a tool in the terminal: the document, the application around it, the host, and what came of the run.
 #pragma once
 

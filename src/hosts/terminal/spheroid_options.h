@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The spheroid that a command computes on: one of the catalogue by its name or code, or two radii.
 #pragma once
 

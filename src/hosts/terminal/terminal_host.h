@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The terminal as host: forms are answered by the command's script, messages go to standard error, questions are
 // answered by options or by the user, the browse dialog gives the place that the command line named.
 #pragma once

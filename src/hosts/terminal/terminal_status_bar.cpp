@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #include "hosts/terminal/terminal_status_bar.h"
 
 #include <fmt/core.h>

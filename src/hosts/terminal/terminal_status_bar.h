@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The host's status bar on standard error: one line that is drawn again and again, or lines of JSON for a program.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // What is told of a command line that can't be read.
 #pragma once
 

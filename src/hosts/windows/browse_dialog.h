@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The browse dialog: a container to look in, a list of what it holds, and a name.
 #pragma once
 

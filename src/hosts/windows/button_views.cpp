@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Push buttons, check boxes and option buttons.
 #include <QCheckBox>
 #include <QEvent>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // What the browse dialog walks through: folders, geodatabases, their feature datasets, and the data in them.
 #pragma once
 

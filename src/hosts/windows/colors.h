@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The colours of forms and controls in a palette.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // How one control of a form looks and what input to it does.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The measure of forms: a dialog unit is a quarter of the average character's width and an eighth of its height.
 #pragma once
 

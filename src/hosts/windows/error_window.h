@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The window in which fault reports collect until the user closes it.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Any form of the suite as a window, drawn from its controls alone.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Typing as the filters of text controls know it.
 #pragma once
 

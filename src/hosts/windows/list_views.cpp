@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Lists and drop-down lists.
 #include <QAbstractItemView>
 #include <QComboBox>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Frames, images and timers.
 #include <QPainter>
 #include <QSizeGrip>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The pictures of the suite: those of its commands and those that stand on forms, by their resource ids.
 #pragma once
 

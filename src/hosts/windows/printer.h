@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Printing rich text page by page through Qt, to a device or into a PDF file.
 #pragma once
 

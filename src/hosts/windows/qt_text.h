@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Text between the suite, which speaks UTF-8, and Qt, which speaks UTF-16.
 #pragma once
 

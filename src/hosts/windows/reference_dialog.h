@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The dialog for choosing a reference: from the list of the authorities, or by its text.
 #pragma once
 

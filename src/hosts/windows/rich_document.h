@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Rich text as a document that Qt lays out, on a screen or on paper.
 #pragma once
 

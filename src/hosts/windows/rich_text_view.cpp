@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Boxes of rich text.
 #include <QFontInfo>
 #include <QTextEdit>

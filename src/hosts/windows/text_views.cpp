@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Labels and boxes of plain text.
 #include <QKeyEvent>
 #include <QLabel>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Showing forms: modal ones wait, modeless ones stay until they are hidden.
 #pragma once
 

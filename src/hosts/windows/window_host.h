@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // What every host with windows shares: forms, message boxes, error reports, the browse and reference dialogs, the
 // printer, the clipboard, the hourglass and the event pump. A host adds its layers and renderers.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Graphic elements, the settings of the suite, the status bar and the state of the document.
 #include <gmock/gmock.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // What every host owes the suite, told once and run on each of them.
 //
 // A host's tests supply a `ContractHost`, which does by the host's own means what a user does in it, and instantiate

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Layers, fields, selections, tables and results in the map.
 #include <gmock/gmock.h>
 

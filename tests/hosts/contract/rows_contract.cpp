@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Reading and changing the rows of the map's layers.
 #include <gmock/gmock.h>
 

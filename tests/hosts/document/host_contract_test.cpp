@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The document host under the contract of all hosts.
 #include "hosts/contract/host_contract.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Annotation items of all layers as graphic elements, and the tool that selects them.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

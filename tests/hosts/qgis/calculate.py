@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-2.0-or-later
 """Calculate Geometry writes into the attribute tables of a shapefile, a GeoPackage and a layer in memory."""
 import math
 

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-2.0-or-later
 """Cancel leaves the project clean; what the dialogs remember is kept by the project file."""
 from program_steps import (WORK, QgsProject, QTest, child, choose_line, command, expect, iface, make_layer, press,
                            read_report, type_into)

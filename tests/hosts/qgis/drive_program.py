@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: GPL-2.0-or-later
 """Runs one scenario inside the map program, on a screen and with a profile of its own.
 
     drive_program.py --build FOLDER --program /usr/bin/qgis SCENARIO...

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-2.0-or-later
 """Annotation items are the graphic elements of the map: selected several at once, named, zoomed to, converted."""
 from program_steps import (WORK, QgsProject, child, choose_line, command, expect, iface, lines_of,
                            press, read_report, type_into)

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The map program's host under the contract of all hosts.
 #include "hosts/contract/host_contract.h"
 

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-2.0-or-later
 """Starts the scenario inside the program, once its event loop runs, and ends the program with the result."""
 import os
 import sys

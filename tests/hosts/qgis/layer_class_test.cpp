@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // What layers of the program have beyond the contract of all hosts: filters, data in memory, edit sessions.
 #include <gtest/gtest.h>
 #include <qgsproject.h>

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-2.0-or-later
 """The dialogs list the layers of the project: those in groups, of any provider, under their aliases; tables, rasters
 and layers without data don't count as features."""
 from program_steps import (WORK, QgsProject, QgsVectorLayer, child, choose_line, command, expect, iface, lines_of,

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-2.0-or-later
 """While a layout's window is at work, its items are the graphic elements."""
 from program_steps import (QApplication, QCheckBox, QgsProject, QTest, child, command, expect, iface, press, type_into,
                            wait_until)

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Starts the map program's libraries with a profile of their own, on no screen.
 #include <gtest/gtest.h>
 #include <qgsapplication.h>

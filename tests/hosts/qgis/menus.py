@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-2.0-or-later
 """The menus are complete: what the suite defines, in its order, with separators, tips and pictures."""
 from program_steps import WINDOW, QMenu, action_of, iface
 

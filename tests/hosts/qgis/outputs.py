@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-2.0-or-later
 """Results of every place come back as layers: overwritten shapefiles that the map shows, and geodatabases."""
 from program_steps import (WORK, QgsProject, choose_line, command, expect, make_layer, press, read_report, type_into)
 from osgeo import ogr

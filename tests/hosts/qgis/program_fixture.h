@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The map program's libraries without the program: one application for the test program, and a window of its parts.
 #pragma once
 

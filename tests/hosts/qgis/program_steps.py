@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-2.0-or-later
 """What scenarios do in the program: click menus, answer dialogs, look at layers.
 
 Dialogs block the click that opened them. So their answers are planned before the click: `expect(name, answer)` waits

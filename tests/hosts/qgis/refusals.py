@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-2.0-or-later
 """Layers that are being edited or can only be read are refused in the told words, and stay as they are."""
 import os
 

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-2.0-or-later
 """The toolbar's tool selects several annotation items, and the commands work on what it selected."""
 from program_steps import (QgsProject, QTest, Qt, command, expect, iface, press, type_into)
 from qgis.core import (QgsAnnotationLayer, QgsAnnotationLineItem, QgsAnnotationMarkerItem, QgsCoordinateReferenceSystem,

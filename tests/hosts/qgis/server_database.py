@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-2.0-or-later
 """Layers of a PostGIS database: values are written into the server's table, and its layers are converted.
 
 Needs a server and a user who may create a schema and use PostGIS in it: TESSARINE_POSTGRES holds its connection, as

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-2.0-or-later
 """Stop ends a large run at once, with what was written until then, a report, and a program that goes on."""
 from program_steps import (WORK, QApplication, QgsVectorLayer, QPushButton, Qt, QTest, QTimer, choose_line, command,
                            expect, make_layer, press, read_report)

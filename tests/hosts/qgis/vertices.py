@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-2.0-or-later
 """Shapes to Vertices, from the click in the menu over the dialog and the report to the new layer in the map."""
 from program_steps import (WORK, QgsProject, QgsVectorLayer, choose_line, click_menu, expect, make_layer, press,
                            read_report, type_into)

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The view of forms: what the user's input does, and what code's changes show.
 #include <QApplication>
 #include <QCheckBox>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The host's own dialogs, its clipboard and its printer.
 #include <QApplication>
 #include <QClipboard>

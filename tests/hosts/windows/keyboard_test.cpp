@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Every form of the suite without a mouse.
 #include <algorithm>
 #include <map>

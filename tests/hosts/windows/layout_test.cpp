@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Every form of the suite, drawn at three sizes and in two themes: nothing is cut, nothing lies on anything else, and
 // every text can be read on what is behind it.
 #include <QCheckBox>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // All forms of the suite with something in them, and the Qt that draws them.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Writes a picture of every form and of the host's own dialogs: tessarine_screenshots FOLDER [SCALE [POINTS [dark]]]
 #include <QLineEdit>
 #include <QPainter>

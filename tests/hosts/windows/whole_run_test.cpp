@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Whole pieces of work in windows: a conversion from its dialog to its report, and the progress of a long run.
 #include <QLabel>
 #include <QLineEdit>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Tests of windows: Qt without a screen, a host, and a form with a log.
 #pragma once
 
