@@ -155,9 +155,7 @@ std::string FieldNotAddedReport(const std::string& field_name, const std::string
 }
 
 std::string LongitudeLine(const SpatialReferenceRef& reference) {
-  auto geographic = Cast<const GeographicCoordinateSystem>(reference);
-  const auto projected = Cast<const ProjectedCoordinateSystem>(reference);
-  if (projected) geographic = projected->GeographicCoordinateSystem();
+  const auto geographic = GeographicOf(reference);
   if (!geographic) return "";
   const PrimeMeridian& meridian = geographic->PrimeMeridian();
   std::string line;

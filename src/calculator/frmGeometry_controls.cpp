@@ -27,13 +27,6 @@ const char* KindWord(SpatialKind kind) {
   }
 }
 
-std::shared_ptr<const GeographicCoordinateSystem> GeographicOf(const SpatialReferenceRef& reference) {
-  if (const auto projected = Cast<const ProjectedCoordinateSystem>(reference)) {
-    return projected->GeographicCoordinateSystem();
-  }
-  return Cast<const GeographicCoordinateSystem>(reference);
-}
-
 std::string Counted(const char* label, std::int32_t count) {
   return std::string(label) + " (n = " + std::to_string(count) + ")";
 }

@@ -222,8 +222,8 @@ std::string_view WhyNever(const ConversionRun& run, esriGeometryType input) {
 
 SpatialReferenceRef OutputReference(const ConversionRun& run, const SpatialReferenceRef& input) {
   if (run.Kind != RunKind::Geographic) return input;
-  const auto projected = Cast<const ProjectedCoordinateSystem>(input);
-  return projected ? projected->GeographicCoordinateSystem() : input;
+  const SpatialReferenceRef geographic = GeographicOf(input);
+  return geographic ? geographic : input;
 }
 
 }  // namespace tessarine::modCreateVertices

@@ -122,10 +122,7 @@ void MendRings(Polygon& polygon, const Polygon& map) {
 }  // namespace
 
 std::shared_ptr<const GeographicCoordinateSystem> DegreesOf(const SpatialReferenceRef& reference) {
-  auto geographic = Cast<const GeographicCoordinateSystem>(reference);
-  if (const auto projected = Cast<const ProjectedCoordinateSystem>(reference)) {
-    geographic = projected->GeographicCoordinateSystem();
-  }
+  const auto geographic = GeographicOf(reference);
   return geographic && geographic->InDegrees() ? geographic->InDegrees() : geographic;
 }
 

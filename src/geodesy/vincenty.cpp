@@ -153,12 +153,10 @@ XY DirectFrom(XY start, double distance, double azimuth, double& far_azimuth, do
 
 using GeographicRef = std::shared_ptr<const GeographicCoordinateSystem>;
 
-GeographicRef GeographicOf(const SpatialReferenceRef& reference) {
-  Require(reference, "SpatialReference");
-  if (auto geographic = Cast<const GeographicCoordinateSystem>(reference)) return geographic;
-  const auto projected = Cast<const ProjectedCoordinateSystem>(reference);
-  if (!projected) Raise(kTypeMismatch, "The spatial reference is neither geographic nor projected.");
-  return Require(projected->GeographicCoordinateSystem(), "GeographicCoordinateSystem");
+GeographicRef RequireGeographic(const SpatialReferenceRef& reference) {
+  const GeographicRef geographic = GeographicOf(Require(reference, "SpatialReference"));
+  if (!geographic) Raise(kTypeMismatch, "The spatial reference is neither geographic nor projected.");
+  return geographic;
 }
 
 }  // namespace
@@ -220,7 +218,7 @@ void PointLineVincentyPerPoint2(const Point& start_point, double distance, doubl
 void PointLineVincenty2(const Point& start_point, double distance, double azimuth, Point& end_point,
                         double& far_azimuth, std::int32_t& vertex_count, std::shared_ptr<Polyline>& polyline) {
   TrapHelper("PointLineVincenty2", [&] {
-    const GeographicRef geographic = GeographicOf(start_point.SpatialReference());
+    const GeographicRef geographic = RequireGeographic(start_point.SpatialReference());
     const auto& spheroid = Require(Require(geographic->Datum(), "Datum")->Spheroid(), "Spheroid");
     const double a = spheroid->SemiMajorAxis(), b = spheroid->SemiMinorAxis();
     if (vertex_count < 1) {

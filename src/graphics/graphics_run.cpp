@@ -56,21 +56,8 @@ bool IsKnown(const SpatialReferenceRef& reference) {
   return reference && !Is<const UnknownCoordinateSystem>(reference);
 }
 
-// The geographic reference beneath; nothing where there is none.
-SpatialReferenceRef GeographicOf(const SpatialReferenceRef& reference) {
-  if (const auto projected = Cast<const ProjectedCoordinateSystem>(reference)) {
-    return projected->GeographicCoordinateSystem();
-  }
-  return Cast<const GeographicCoordinateSystem>(reference);
-}
-
-// Both flags are read ahead of the call, as everywhere before a constructed shape is used; neither decides anything.
 void MakeSimple(const GeometryRef& shape) {
-  const auto topology = Cast<ITopologicalOperator>(shape);
-  if (!topology) return;
-  static_cast<void>(topology->IsKnownSimple());
-  static_cast<void>(topology->IsSimple());
-  topology->Simplify();
+  if (const auto topology = Cast<ITopologicalOperator>(shape)) topology->Simplify();
 }
 
 class GraphicWriter {

@@ -18,11 +18,7 @@ constexpr const char* kCustomName = "<-- Custom Spheroid -->";
 constexpr const char* kInvalidSpheroid = "Invalid Spheroid Parameter:";
 
 std::shared_ptr<const Spheroid> SpheroidOf(const SpatialReferenceRef& reference) {
-  auto geographic = Cast<const GeographicCoordinateSystem>(reference);
-  if (const auto projected = Cast<const ProjectedCoordinateSystem>(reference)) {
-    geographic = projected->GeographicCoordinateSystem();
-  }
-  return Require(Require(geographic, "GeographicCoordinateSystem")->Datum(), "Datum")->Spheroid();
+  return Require(Require(GeographicOf(reference), "GeographicCoordinateSystem")->Datum(), "Datum")->Spheroid();
 }
 
 }  // namespace

@@ -21,4 +21,11 @@ ObjectRef ProjectedCoordinateSystem::Clone() const { return std::make_shared<Pro
 
 ObjectRef UnknownCoordinateSystem::Clone() const { return std::make_shared<UnknownCoordinateSystem>(*this); }
 
+std::shared_ptr<const GeographicCoordinateSystem> GeographicOf(const SpatialReferenceRef& reference) {
+  if (const auto projected = Cast<const ProjectedCoordinateSystem>(reference)) {
+    return projected->GeographicCoordinateSystem();
+  }
+  return Cast<const GeographicCoordinateSystem>(reference);
+}
+
 }  // namespace tessarine

@@ -158,4 +158,7 @@ class SpatialReferenceEnvironment final {
   [[nodiscard]] static SpatialReferenceRef CreateFromText(std::string_view text);
 };
 
+/// The reference itself where it is geographic, the one beneath where it is projected; null for any other and for null.
+[[nodiscard]] std::shared_ptr<const GeographicCoordinateSystem> GeographicOf(const SpatialReferenceRef& reference);
+
 }  // namespace tessarine

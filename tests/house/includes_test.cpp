@@ -129,4 +129,21 @@ TEST(House, RunsAskNoHostOfTheProcess) {
   EXPECT_GT(files, 100);
 }
 
+TEST(House, EveryFileNamesItsLicence) {
+  int files = 0;
+  for (const char* folder : {"src", "tests", "bench"}) {
+    for (const auto& entry : fs::recursive_directory_iterator(fs::path(TESSARINE_SOURCE_DIR) / folder)) {
+      const std::string extension = entry.path().extension().string();
+      if (extension != ".h" && extension != ".cpp" && extension != ".py") continue;
+      std::ifstream file(entry.path());
+      std::string first, second;
+      std::getline(file, first);
+      std::getline(file, second);
+      ++files;
+      EXPECT_NE((first + second).find("SPDX-License-Identifier: GPL-2.0-or-later"), std::string::npos) << entry.path();
+    }
+  }
+  EXPECT_GT(files, 500);
+}
+
 }  // namespace

@@ -80,8 +80,8 @@ class LayerFieldsScript final : public FormScript {
 // The reference that the output will bear.
 SpatialReferenceRef OutputReference(const ConversionRow& row, const DocumentFeatureLayer& layer) {
   const SpatialReferenceRef own = layer.SpatialReference();
-  const auto projected = row.geographic ? Cast<const ProjectedCoordinateSystem>(own) : nullptr;
-  return projected ? projected->GeographicCoordinateSystem() : own;
+  const SpatialReferenceRef geographic = row.geographic ? GeographicOf(own) : nullptr;
+  return geographic ? geographic : own;
 }
 
 ExitStatus RunConversionCommand(const ConversionRow& row, const ConversionOptions& options) {

@@ -64,11 +64,6 @@ const char* OutcomeWord(const RunJournal& journal, bool plan_only, bool fault_re
   return "done";
 }
 
-std::shared_ptr<const GeographicCoordinateSystem> GeographicOf(const SpatialReferenceRef& reference) {
-  if (auto projected = Cast<const ProjectedCoordinateSystem>(reference)) return projected->GeographicCoordinateSystem();
-  return Cast<const GeographicCoordinateSystem>(reference);
-}
-
 // The spheroid that the run worked on: its own, or else that of the data.
 json SpheroidToJson(const RunJournal& journal) {
   const auto body = [](const std::string& name, double semi_major, double semi_minor) {

@@ -55,13 +55,6 @@ bool IsDefinition(const std::string& text) {
          lower.find('[') != std::string::npos;
 }
 
-std::shared_ptr<const GeographicCoordinateSystem> GeographicOf(const SpatialReferenceRef& reference) {
-  if (const auto projected = Cast<const ProjectedCoordinateSystem>(reference)) {
-    return projected->GeographicCoordinateSystem();
-  }
-  return Cast<const GeographicCoordinateSystem>(reference);
-}
-
 std::string Details(const SpatialReferenceRef& reference) {
   std::string text = reference->Name();
   if (const auto projected = Cast<const ProjectedCoordinateSystem>(reference)) {
