@@ -167,31 +167,22 @@ std::string InCapitals(std::string name) {
   return name;
 }
 
-using NamedValues = std::vector<std::pair<const char*, jet::Value>>;
-
-void InsertRow(jet::Database& database, const char* table_name, const NamedValues& named) {
-  jet::Table& table = database.Open(table_name);
-  jet::RowValues values(table.Definition().columns.size());
-  for (const auto& [column, value] : named) values[table.ColumnPlace(column)] = value;
-  table.Insert(std::move(values));
-}
-
 void FillKinds(jet::Database& database) {
   for (const ItemKind& kind : ItemKinds()) {
-    InsertRow(database, "GDB_ItemTypes",
-              {{"UUID", jet::GuidOf(kind.identifier)},
-               {"ParentTypeID", jet::GuidOf(kind.parent)},
-               {"Name", std::string(kind.name)}});
+    database.Open("GDB_ItemTypes")
+        .InsertNamed({{"UUID", jet::GuidOf(kind.identifier)},
+                      {"ParentTypeID", jet::GuidOf(kind.parent)},
+                      {"Name", std::string(kind.name)}});
   }
   for (const RelationKind& kind : RelationKinds()) {
-    InsertRow(database, "GDB_ItemRelationshipTypes",
-              {{"UUID", jet::GuidOf(kind.identifier)},
-               {"OrigItemTypeID", jet::GuidOf(kind.origin)},
-               {"DestItemTypeID", jet::GuidOf(kind.destination)},
-               {"Name", std::string(kind.name)},
-               {"ForwardLabel", std::string(kind.forward)},
-               {"BackwardLabel", std::string(kind.backward)},
-               {"IsContainment", std::int32_t{kind.contains ? 1 : 0}}});
+    database.Open("GDB_ItemRelationshipTypes")
+        .InsertNamed({{"UUID", jet::GuidOf(kind.identifier)},
+                      {"OrigItemTypeID", jet::GuidOf(kind.origin)},
+                      {"DestItemTypeID", jet::GuidOf(kind.destination)},
+                      {"Name", std::string(kind.name)},
+                      {"ForwardLabel", std::string(kind.forward)},
+                      {"BackwardLabel", std::string(kind.backward)},
+                      {"IsContainment", std::int32_t{kind.contains ? 1 : 0}}});
   }
   constexpr std::pair<const char*, std::pair<const char*, int>> kColumns[] = {
       {"GDB_Items", {"UUID", 1}},
@@ -201,10 +192,10 @@ void FillKinds(jet::Database& database) {
       {"GDB_ItemRelationships", {"UUID", 1}},
       {"GDB_ItemRelationships", {"Attributes", 2}}};
   for (const auto& [table, column] : kColumns) {
-    InsertRow(database, "GDB_ColumnInfo",
-              {{"TableName", std::string(table)},
-               {"FieldName", std::string(column.first)},
-               {"columnFlags", std::int32_t{column.second}}});
+    database.Open("GDB_ColumnInfo")
+        .InsertNamed({{"TableName", std::string(table)},
+                      {"FieldName", std::string(column.first)},
+                      {"columnFlags", std::int32_t{column.second}}});
   }
 }
 
@@ -226,41 +217,41 @@ std::int32_t EnterReference(jet::Database& database, const PersonalReference& re
     if (same) return row.Whole("SRID");
   }
   const std::int32_t number = table.NextNumber();
-  InsertRow(database, "GDB_SpatialRefs",
-            {{"SRTEXT", reference.text},
-             {"FalseX", reference.x_origin},
-             {"FalseY", reference.y_origin},
-             {"XYUnits", reference.xy_scale},
-             {"FalseZ", -100000.0},
-             {"ZUnits", 10000.0},
-             {"FalseM", -100000.0},
-             {"MUnits", 10000.0},
-             {"IsHighPrecision", std::int32_t{1}},
-             {"XYTolerance", reference.xy_tolerance},
-             {"ZTolerance", 0.001},
-             {"MTolerance", 0.001}});
+  database.Open("GDB_SpatialRefs")
+      .InsertNamed({{"SRTEXT", reference.text},
+                    {"FalseX", reference.x_origin},
+                    {"FalseY", reference.y_origin},
+                    {"XYUnits", reference.xy_scale},
+                    {"FalseZ", -100000.0},
+                    {"ZUnits", 10000.0},
+                    {"FalseM", -100000.0},
+                    {"MUnits", 10000.0},
+                    {"IsHighPrecision", std::int32_t{1}},
+                    {"XYTolerance", reference.xy_tolerance},
+                    {"ZTolerance", 0.001},
+                    {"MTolerance", 0.001}});
   return number;
 }
 
 void EnterGeometryColumn(jet::Database& database, const PersonalClass& described) {
-  InsertRow(database, "GDB_GeomColumns",
-            {{"TableName", described.name},
-             {"FieldName", described.shape_column},
-             {"ShapeType", described.shape_type},
-             {"ExtentLeft", 1.0},
-             {"ExtentBottom", 1.0},
-             {"ExtentRight", -1.0},
-             {"ExtentTop", -1.0},
-             {"IdxOriginX", described.grid.x_origin},
-             {"IdxOriginY", described.grid.y_origin},
-             {"IdxGridSize", described.grid.cell},
-             {"SRID", described.reference},
-             {"HasZ", described.layout.has_z},
-             {"HasM", described.layout.has_m},
-             {"ZLow", kNone},
-             {"ZHigh", kNone},
-             {"MLow", kNone},
-             {"MHigh", kNone}});
+  database.Open("GDB_GeomColumns")
+      .InsertNamed({{"TableName", described.name},
+                    {"FieldName", described.shape_column},
+                    {"ShapeType", described.shape_type},
+                    {"ExtentLeft", 1.0},
+                    {"ExtentBottom", 1.0},
+                    {"ExtentRight", -1.0},
+                    {"ExtentTop", -1.0},
+                    {"IdxOriginX", described.grid.x_origin},
+                    {"IdxOriginY", described.grid.y_origin},
+                    {"IdxGridSize", described.grid.cell},
+                    {"SRID", described.reference},
+                    {"HasZ", described.layout.has_z},
+                    {"HasM", described.layout.has_m},
+                    {"ZLow", kNone},
+                    {"ZHigh", kNone},
+                    {"MLow", kNone},
+                    {"MHigh", kNone}});
 }
 
 // A polygon without parts, with a box of no numbers.
@@ -289,12 +280,12 @@ std::optional<FoundItem> FindItem(jet::Database& database, const char* kind, con
 }
 
 void Relate(jet::Database& database, const jet::Bytes& origin, const jet::Bytes& destination, const char* kind) {
-  InsertRow(database, "GDB_ItemRelationships",
-            {{"UUID", NewGuid()},
-             {"OriginID", origin},
-             {"DestID", destination},
-             {"Type", jet::GuidOf(kind)},
-             {"Properties", std::int32_t{1}}});
+  database.Open("GDB_ItemRelationships")
+      .InsertNamed({{"UUID", NewGuid()},
+                    {"OriginID", origin},
+                    {"DestID", destination},
+                    {"Type", jet::GuidOf(kind)},
+                    {"Properties", std::int32_t{1}}});
 }
 
 jet::Bytes RootFolder(jet::Database& database) {
@@ -307,15 +298,15 @@ jet::Bytes EnterDataset(jet::Database& database, const std::string& name, const 
   if (const auto found = FindItem(database, kDatasetItem, name)) return found->identifier;
   const jet::Bytes identifier = NewGuid();
   const ItemPlace place{"\\" + name, name, database.Open("GDB_Items").NextNumber()};
-  InsertRow(database, "GDB_Items",
-            {{"UUID", identifier},
-             {"Type", jet::GuidOf(kDatasetItem)},
-             {"Name", name},
-             {"PhysicalName", InCapitals(name)},
-             {"Path", place.path},
-             {"Definition", DatasetXml(place, reference)},
-             {"Properties", std::int32_t{1}},
-             {"Shape", EmptyItemShape()}});
+  database.Open("GDB_Items")
+      .InsertNamed({{"UUID", identifier},
+                    {"Type", jet::GuidOf(kDatasetItem)},
+                    {"Name", name},
+                    {"PhysicalName", InCapitals(name)},
+                    {"Path", place.path},
+                    {"Definition", DatasetXml(place, reference)},
+                    {"Properties", std::int32_t{1}},
+                    {"Shape", EmptyItemShape()}});
   Relate(database, RootFolder(database), identifier, kDatasetInFolder);
   return identifier;
 }
@@ -371,21 +362,21 @@ void MakePersonalGeodatabase(jet::Database& database) {
   items.grid = GridOf(reference);
   EnterGeometryColumn(database, items);
   const jet::Bytes folder = NewGuid();
-  InsertRow(database, "GDB_Items",
-            {{"UUID", folder},
-             {"Type", jet::GuidOf(kFolderItem)},
-             {"Name", std::string()},
-             {"PhysicalName", std::string()},
-             {"Path", std::string("\\")},
-             {"Properties", std::int32_t{1}}});
-  InsertRow(database, "GDB_Items",
-            {{"UUID", NewGuid()},
-             {"Type", jet::GuidOf(kWorkspaceItem)},
-             {"Name", std::string("Workspace")},
-             {"PhysicalName", std::string("WORKSPACE")},
-             {"Path", std::string()},
-             {"Definition", WorkspaceXml()},
-             {"Properties", std::int32_t{0}}});
+  database.Open("GDB_Items")
+      .InsertNamed({{"UUID", folder},
+                    {"Type", jet::GuidOf(kFolderItem)},
+                    {"Name", std::string()},
+                    {"PhysicalName", std::string()},
+                    {"Path", std::string("\\")},
+                    {"Properties", std::int32_t{1}}});
+  database.Open("GDB_Items")
+      .InsertNamed({{"UUID", NewGuid()},
+                    {"Type", jet::GuidOf(kWorkspaceItem)},
+                    {"Name", std::string("Workspace")},
+                    {"PhysicalName", std::string("WORKSPACE")},
+                    {"Path", std::string()},
+                    {"Definition", WorkspaceXml()},
+                    {"Properties", std::int32_t{0}}});
 }
 
 void CreatePersonalClass(jet::Database& database, const NewPersonalClass& made) {
@@ -405,18 +396,18 @@ void CreatePersonalClass(jet::Database& database, const NewPersonalClass& made) 
   const ItemPlace place{(in_dataset ? "\\" + made.dataset : "") + "\\" + described.name, described.name,
                         database.Open("GDB_Items").NextNumber()};
   const jet::Bytes identifier = NewGuid();
-  InsertRow(database, "GDB_Items",
-            {{"UUID", identifier},
-             {"Type", jet::GuidOf(kClassItem)},
-             {"Name", described.name},
-             {"PhysicalName", InCapitals(described.name)},
-             {"Path", place.path},
-             {"DatasetSubtype1", std::int32_t{1}},
-             {"DatasetSubtype2", described.shape_type},
-             {"DatasetInfo1", described.shape_column},
-             {"Definition", ClassXml(place, described, made.identifier_column, made.reference)},
-             {"Properties", std::int32_t{1}},
-             {"Shape", EmptyItemShape()}});
+  database.Open("GDB_Items")
+      .InsertNamed({{"UUID", identifier},
+                    {"Type", jet::GuidOf(kClassItem)},
+                    {"Name", described.name},
+                    {"PhysicalName", InCapitals(described.name)},
+                    {"Path", place.path},
+                    {"DatasetSubtype1", std::int32_t{1}},
+                    {"DatasetSubtype2", described.shape_type},
+                    {"DatasetInfo1", described.shape_column},
+                    {"Definition", ClassXml(place, described, made.identifier_column, made.reference)},
+                    {"Properties", std::int32_t{1}},
+                    {"Shape", EmptyItemShape()}});
   Relate(database, parent, identifier, in_dataset ? kClassInDataset : kDatasetInFolder);
 }
 

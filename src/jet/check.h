@@ -14,9 +14,9 @@
 namespace tessarine::jet {
 
 struct CheckReport {
-  std::vector<std::string> findings;      ///< what is wrong, with table and page
-  std::vector<std::string> not_examined;  ///< indexes whose order isn't known here
-  std::uint32_t lost_pages = 0;           ///< used by nobody, and not free
+  std::vector<std::string> findings;       ///< what is wrong, with table and page
+  std::vector<std::string> unknown_order;  ///< indexes with keys whose order isn't known here; each row has its entry
+  std::uint32_t lost_pages = 0;            ///< used by nobody, and not free
 };
 
 /// Costs a walk over all rows for each table and index. Errors of the file itself are findings.

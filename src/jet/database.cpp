@@ -117,7 +117,10 @@ Table& Database::CreateTable(const TableSpec& spec, double date) {
   Open("MSysObjects").BeforeChange();
   Open("MSysACEs").BeforeChange();
   TableDefinition definition = DefineTable(spec);
-  PlaceTable(*file_, *free_pages_, definition);
+  definition.page = free_pages_->Take();
+  std::uint32_t maps = 0;
+  PlaceParts(*file_, *free_pages_, maps, definition);
+  WriteGrownDefinition(*file_, *free_pages_, definition, {definition.page});
   Enter(spec, definition.page, date);
   Permit(definition.page);
   tables_.push_back({spec.name, definition.page, false});
@@ -128,17 +131,14 @@ Table& Database::CreateTable(const TableSpec& spec, double date) {
 
 void Database::Enter(const TableSpec& spec, std::uint32_t page, double date) {
   Table& objects = Open("MSysObjects");
-  RowValues values(objects.Definition().columns.size());
-  const auto set = [&](const char* column, Value value) { values[objects.ColumnPlace(column)] = std::move(value); };
-  set("Id", static_cast<std::int32_t>(page));
-  set("ParentId", kTablesContainer);
-  set("Name", spec.name);
-  set("Type", kTableType);
-  set("DateCreate", date);
-  set("DateUpdate", date);
-  set("Flags", 0);
-  set("Owner", OwnerOfDatabase(objects));
-  objects.Insert(std::move(values));
+  objects.InsertNamed({{"Id", static_cast<std::int32_t>(page)},
+                       {"ParentId", kTablesContainer},
+                       {"Name", spec.name},
+                       {"Type", kTableType},
+                       {"DateCreate", date},
+                       {"DateUpdate", date},
+                       {"Flags", 0},
+                       {"Owner", OwnerOfDatabase(objects)}});
 }
 
 // As the other tables of the database; the first gets what was seen with the owners of new databases.
@@ -156,12 +156,10 @@ void Database::Permit(std::uint32_t page) {
     if (!known) throw Error("the database has no table yet, and who may do what with a new one isn't known");
   }
   for (const Permission& permission : wanted) {
-    RowValues values(permissions.Definition().columns.size());
-    values[permissions.ColumnPlace("ObjectId")] = static_cast<std::int32_t>(page);
-    values[permissions.ColumnPlace("ACM")] = permission.rights;
-    values[permissions.ColumnPlace("SID")] = permission.user;
-    values[permissions.ColumnPlace("FInheritable")] = false;
-    permissions.Insert(std::move(values));
+    permissions.InsertNamed({{"ObjectId", static_cast<std::int32_t>(page)},
+                             {"ACM", permission.rights},
+                             {"SID", permission.user},
+                             {"FInheritable", false}});
   }
 }
 
@@ -198,20 +196,16 @@ void Database::AddColumn(const std::string& name, const ColumnSpec& spec) {
   Table& table = Open(name);
   table.BeforeChange();
   TableDefinition definition = table.Definition();
+  if (!IsWhollyKnown(*file_, definition.page)) {
+    throw Error("the definition of the table '" + name + "' holds what isn't known here, so that it can get no column");
+  }
   const Column column = NextColumn(definition, spec);
   definition.columns.push_back(column);
   ++definition.columns_ever;
   if (!column.fixed) ++definition.variable_columns;
-  if (column.IsLong()) {
-    std::uint32_t maps = definition.owned.page;
-    const RowId owned = NewMap(*file_, *free_pages_, maps);
-    definition.long_columns.push_back({column.number, owned, NewMap(*file_, *free_pages_, maps)});
-  }
-  std::vector<std::uint32_t> pages = DefinitionPages(*file_, definition.page);
-  while (pages.size() < DefinitionPageCount(PackTableDefinition(definition).size())) {
-    pages.push_back(free_pages_->Take());
-  }
-  WriteTableDefinition(*file_, definition, pages);
+  std::uint32_t maps = definition.owned.page;
+  PlaceLongColumn(*file_, *free_pages_, maps, column, definition);
+  WriteGrownDefinition(*file_, *free_pages_, definition, DefinitionPages(*file_, definition.page));
   table.Redefine(std::move(definition));
 }
 

@@ -42,17 +42,16 @@ void AppendText(Bytes& key, const std::string& column, const std::string& text) 
     } else if (c == ' ') {
       key.push_back(0x07);
     } else {
-      throw Error("the index on '" + column + "' can't take '" + text +
-                  "': its order of characters other than A to Z, digits, blank and underline isn't known");
+      throw UnknownOrder("the index on '" + column + "' can't take '" + text +
+                         "': its order of characters other than A to Z, digits, blank and underline isn't known");
     }
   }
   key.insert(key.end(), {0x01, 0x00});
 }
 
 void AppendGuid(Bytes& key, ByteSpan guid) {
-  constexpr std::array<std::size_t, 16> kOrder = {3, 2, 1, 0, 5, 4, 7, 6, 8, 9, 10, 11, 12, 13, 14, 15};
-  for (std::size_t index = 0; index < kOrder.size(); ++index) {
-    key.push_back(Get8(guid, kOrder[index]));
+  for (std::size_t index = 0; index < kGuidOrder.size(); ++index) {
+    key.push_back(Get8(guid, kGuidOrder[index]));
     if (index == 7) key.push_back(0x09);
   }
   key.push_back(0x08);
@@ -88,14 +87,9 @@ Bytes ValueKey(const Column& column, const Value& value) {
       AppendGuid(key, std::get<Bytes>(value));
       break;
     default:
-      throw Error("the index on '" + column.name + "' is on a type of column whose order isn't known");
+      throw UnknownOrder("the index on '" + column.name + "' is on a type of column whose order isn't known");
   }
   return key;
-}
-
-std::size_t PlaceOf(const TableDefinition& table, std::uint16_t number) {
-  const Column& column = table.ColumnOf(number);
-  return static_cast<std::size_t>(&column - table.columns.data());
 }
 
 }  // namespace
@@ -103,7 +97,7 @@ std::size_t PlaceOf(const TableDefinition& table, std::uint16_t number) {
 Bytes IndexKey(const TableDefinition& table, const Index& index, const RowValues& values) {
   Bytes key;
   for (const IndexColumn& part : index.columns) {
-    const std::size_t place = PlaceOf(table, part.column);
+    const std::size_t place = table.PlaceOf(part.column);
     const std::size_t begin = key.size();
     if (IsNull(values[place])) {
       key.push_back(kNull);
@@ -119,7 +113,7 @@ Bytes IndexKey(const TableDefinition& table, const Index& index, const RowValues
 
 bool AllNull(const TableDefinition& table, const Index& index, const RowValues& values) {
   return std::ranges::all_of(index.columns,
-                             [&](const IndexColumn& part) { return IsNull(values[PlaceOf(table, part.column)]); });
+                             [&](const IndexColumn& part) { return IsNull(values[table.PlaceOf(part.column)]); });
 }
 
 }  // namespace tessarine::jet

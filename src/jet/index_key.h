@@ -7,14 +7,21 @@
 // same bits turned over.
 //
 // Of the order of texts the letters A to Z, digits, blank and underline are known. A text with another character has no
-// key here, and its error says so.
+// key here. Whoever has rows with such texts takes their keys from the index that is there.
 #pragma once
 
 #include "jet/row.h"
 
 namespace tessarine::jet {
 
-/// The key of a row. `values` are in the order of the table's columns.
+/// A value whose place in the order of an index isn't known.
+class UnknownOrder : public Error {
+ public:
+  using Error::Error;
+};
+
+/// The key of a row; an `UnknownOrder` names the column and the value. `values` are in the order of the table's
+/// columns.
 [[nodiscard]] Bytes IndexKey(const TableDefinition& table, const Index& index, const RowValues& values);
 /// Whether all columns of the index are null in this row.
 [[nodiscard]] bool AllNull(const TableDefinition& table, const Index& index, const RowValues& values);

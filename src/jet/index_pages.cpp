@@ -138,6 +138,8 @@ void AppendRowPlace(Bytes& key, RowId row) {
   key.push_back(row.slot);
 }
 
+RowId RowOfEntry(ByteSpan entry) { return RowId::FromPointer(HighFirst(entry)); }
+
 IndexEntries ReadIndexEntries(PageFile& file, std::uint32_t root, std::uint32_t owner) {
   IndexEntries all;
   PageSet seen;

@@ -35,7 +35,8 @@ struct BuiltIndex {
 
 /// Adds the place of its row to a key.
 void AppendRowPlace(Bytes& key, RowId row);
-/// The key without the place.
+/// The key without the place, and the place.
 [[nodiscard]] inline ByteSpan KeyOfEntry(ByteSpan entry) { return entry.first(entry.size() - 4); }
+[[nodiscard]] RowId RowOfEntry(ByteSpan entry);
 
 }  // namespace tessarine::jet

@@ -31,9 +31,9 @@ LongReference Reference(std::size_t length, std::uint32_t flags, std::uint32_t p
   return reference;
 }
 
-}  // namespace
-
 std::size_t LongValueLength(const LongReference& reference) { return Get32(reference.bytes, 0) & kLengthMask; }
+
+}  // namespace
 
 std::vector<RowId> LongValueParts(PageFile& file, const LongReference& reference) {
   const std::uint32_t head = Get32(reference.bytes, 0);

@@ -12,8 +12,6 @@
 namespace tessarine::jet {
 
 [[nodiscard]] Bytes ReadLongValue(PageFile& file, const LongReference& reference);
-/// The length that the reference tells.
-[[nodiscard]] std::size_t LongValueLength(const LongReference& reference);
 
 enum class LongPlace {
   InRowIfShort,  ///< up to 64 bytes stay in the row

@@ -7,9 +7,6 @@
 namespace tessarine::jet {
 namespace {
 
-constexpr std::uint32_t kMagic = 0x659;
-constexpr std::array<std::uint8_t, 4> kTextOrder = {0x09, 0x04, 0, 0};
-
 std::uint16_t FixedLength(ColumnType type) {
   switch (type) {
     case ColumnType::Flag:
@@ -50,19 +47,15 @@ std::uint16_t LengthOf(const ColumnSpec& spec) {
 
 bool IsFixed(ColumnType type) { return FixedLength(type) > 0 && type != ColumnType::Guid; }
 
-Bytes StoredIndexName(std::size_t number) {
-  Bytes stored(28);
-  Put32(stored, 0, kMagic);
-  Put32(stored, 4, number);
-  Put32(stored, 8, number);
-  Put32(stored, 13, 0xFFFFFFFF);
-  Put16(stored, 21, 0x0404);
-  return stored;
+bool ComesBefore(const std::string& one, const std::string& other) {
+  return std::ranges::lexicographical_compare(one, other, {}, LowerLetter, LowerLetter);
 }
 
-bool ComesBefore(const std::string& one, const std::string& other) {
-  const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 'a' - 'A') : c; };
-  return std::ranges::lexicographical_compare(one, other, {}, lower, lower);
+void FormatIndexRoot(Page& page, std::uint32_t owner) {
+  page.fill(0);
+  Put16(page, 0, 0x0104);
+  Put16(page, 2, kPageSize - 480);
+  Put32(page, 4, owner);
 }
 
 }  // namespace
@@ -109,13 +102,15 @@ TableDefinition DefineTable(const TableSpec& spec) {
       if (column == nullptr) throw Error("an index is on a column '" + name + "' that isn't there");
       index.columns.push_back({column->number, false});
     }
-    table.index_names.push_back(
-        {index_spec.name, static_cast<std::uint32_t>(table.indexes.size()), StoredIndexName(table.indexes.size())});
+    table.index_names.push_back(IndexName::Of(index_spec.name, table.indexes.size()));
     table.indexes.push_back(index);
   }
   return table;
 }
 
+namespace {
+
+// An empty map in a row of the page, or of a new one where that is full; 0 for none yet.
 RowId NewMap(PageFile& file, FreePages& free_pages, std::uint32_t& page) {
   const Bytes empty(kMapRowLength);
   if (page != 0 && !DataPageView(*file.Read(page)).HasRoomFor(empty.size())) page = 0;
@@ -126,16 +121,9 @@ RowId NewMap(PageFile& file, FreePages& free_pages, std::uint32_t& page) {
   return {page, DataPage(*file.Edit(page)).Insert(empty)};
 }
 
-void FormatIndexRoot(Page& page, std::uint32_t owner) {
-  page.fill(0);
-  Put16(page, 0, 0x0104);
-  Put16(page, 2, kPageSize - 480);
-  Put32(page, 4, owner);
-}
+}  // namespace
 
-void PlaceTable(PageFile& file, FreePages& free_pages, TableDefinition& table) {
-  std::uint32_t maps = 0;
-  table.page = free_pages.Take();
+void PlaceParts(PageFile& file, FreePages& free_pages, std::uint32_t& maps, TableDefinition& table) {
   table.owned = NewMap(file, free_pages, maps);
   table.roomy = NewMap(file, free_pages, maps);
   for (Index& index : table.indexes) {
@@ -146,12 +134,18 @@ void PlaceTable(PageFile& file, FreePages& free_pages, TableDefinition& table) {
     pages.Insert(index.root);
     WriteUsageMap(file, index.map, pages, free_pages);
   }
-  for (const Column& column : table.columns) {
-    if (!column.IsLong()) continue;
-    const RowId owned = NewMap(file, free_pages, maps);
-    table.long_columns.push_back({column.number, owned, NewMap(file, free_pages, maps)});
-  }
-  std::vector<std::uint32_t> pages = {table.page};
+  for (const Column& column : table.columns) PlaceLongColumn(file, free_pages, maps, column, table);
+}
+
+void PlaceLongColumn(PageFile& file, FreePages& free_pages, std::uint32_t& maps, const Column& column,
+                     TableDefinition& table) {
+  if (!column.IsLong()) return;
+  const RowId owned = NewMap(file, free_pages, maps);
+  table.long_columns.push_back({column.number, owned, NewMap(file, free_pages, maps)});
+}
+
+void WriteGrownDefinition(PageFile& file, FreePages& free_pages, const TableDefinition& table,
+                          std::vector<std::uint32_t> pages) {
   while (pages.size() < DefinitionPageCount(PackTableDefinition(table).size())) pages.push_back(free_pages.Take());
   WriteTableDefinition(file, table, pages);
 }

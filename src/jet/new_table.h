@@ -13,11 +13,14 @@ namespace tessarine::jet {
 /// A column behind those of the table.
 [[nodiscard]] Column NextColumn(const TableDefinition& table, const ColumnSpec& spec);
 
-/// Gives an empty map a row on the page, or on a new page where that is full; 0 for none yet.
-[[nodiscard]] RowId NewMap(PageFile& file, FreePages& free_pages, std::uint32_t& page);
-/// Gives maps and roots to all that has none, and the definition its pages.
-void PlaceTable(PageFile& file, FreePages& free_pages, TableDefinition& table);
-/// An empty page of an index.
-void FormatIndexRoot(Page& page, std::uint32_t owner);
+/// Gives the table its maps and the roots of its indexes. `maps` is the page whose rows the maps become, 0 for a new
+/// one; a full page is followed by a new one.
+void PlaceParts(PageFile& file, FreePages& free_pages, std::uint32_t& maps, TableDefinition& table);
+/// Gives one column of long values its maps; nothing to do for others.
+void PlaceLongColumn(PageFile& file, FreePages& free_pages, std::uint32_t& maps, const Column& column,
+                     TableDefinition& table);
+/// Writes a definition to its pages, and to as many new ones behind them as it needs.
+void WriteGrownDefinition(PageFile& file, FreePages& free_pages, const TableDefinition& table,
+                          std::vector<std::uint32_t> pages);
 
 }  // namespace tessarine::jet

@@ -29,7 +29,6 @@ class PageSet {
   /// `kNone` for an empty set.
   [[nodiscard]] std::uint32_t Last() const;
   [[nodiscard]] std::vector<std::uint32_t> Pages() const;
-  [[nodiscard]] bool Empty() const { return FirstFrom(0) == kNone; }
   friend bool operator==(const PageSet& one, const PageSet& other) { return one.Pages() == other.Pages(); }
 
   static constexpr std::uint32_t kNone = 0xFFFFFFFF;
@@ -53,7 +52,6 @@ class FreePages {
   /// For a new file: page 1 is made by `Write`.
   [[nodiscard]] std::uint32_t Take();
   void GiveBack(std::uint32_t page) { free_.Insert(page); }
-  [[nodiscard]] bool IsFree(std::uint32_t page) const { return free_.Contains(page); }
   void Write();
 
  private:

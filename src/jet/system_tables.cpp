@@ -8,8 +8,6 @@
 namespace tessarine::jet {
 namespace {
 
-constexpr std::array<std::uint8_t, 4> kTextOrder = {0x09, 0x04, 0, 0};
-
 // Columns of the database's own tables stand in the order of their names, are numbered by themselves, and have places
 // that don't follow from their order.
 struct SystemColumn {
@@ -26,7 +24,7 @@ struct SystemIndex {
 struct SystemName {
   const char* name;
   std::uint8_t index;
-  std::uint8_t kind;  // 1: the primary key
+  std::uint8_t kind;  // of `IndexName`
 };
 
 constexpr std::uint8_t kPlain = 0x13, kVariable = 0x12, kSid = 0x32;
@@ -64,16 +62,7 @@ TableDefinition Definition(std::vector<Column> columns, const std::vector<System
     for (const std::uint16_t column : row.columns) index.columns.push_back({column, false});
     table.indexes.push_back(index);
   }
-  for (const SystemName& row : names) {
-    Bytes stored(28);
-    Put32(stored, 0, 0x659);
-    Put32(stored, 4, row.index);
-    Put32(stored, 8, row.index);
-    Put32(stored, 13, 0xFFFFFFFF);
-    Put16(stored, 21, 0x0404);
-    Put8(stored, 23, row.kind);
-    table.index_names.push_back({row.name, row.index, stored});
-  }
+  for (const SystemName& row : names) table.index_names.push_back(IndexName::Of(row.name, row.index, row.kind));
   return table;
 }
 
@@ -192,21 +181,7 @@ void MakeSystemPages(PageFile& file, FreePages& free_pages) {
   std::uint32_t page = kObjectsPage;
   for (TableDefinition table : {ObjectsTable(), PermissionsTable(), QueriesTable(), RelationshipsTable()}) {
     table.page = page++;
-    table.owned = NewMap(file, free_pages, maps);
-    table.roomy = NewMap(file, free_pages, maps);
-    for (Index& index : table.indexes) {
-      index.map = NewMap(file, free_pages, maps);
-      index.root = free_pages.Take();
-      FormatIndexRoot(*file.Edit(index.root), table.page);
-      PageSet pages;
-      pages.Insert(index.root);
-      WriteUsageMap(file, index.map, pages, free_pages);
-    }
-    for (const Column& column : table.columns) {
-      if (!column.IsLong()) continue;
-      const RowId owned = NewMap(file, free_pages, maps);
-      table.long_columns.push_back({column.number, owned, NewMap(file, free_pages, maps)});
-    }
+    PlaceParts(file, free_pages, maps, table);
     WriteTableDefinition(file, table, {table.page});
   }
 }
@@ -218,17 +193,14 @@ void FillSystemTables(Table& objects, Table& permissions, double date) {
       {2, 0x0F000001, "MSysObjects", kTableType, kEngine},   {3, 0x0F000001, "MSysACEs", kTableType, kEngine},
       {4, 0x0F000001, "MSysQueries", kTableType, kEngine},   {5, 0x0F000001, "MSysRelationships", kTableType, kEngine}};
   for (const ObjectRow& row : kObjects) {
-    RowValues values(objects.Definition().columns.size());
-    const auto set = [&](const char* column, Value value) { values[objects.ColumnPlace(column)] = std::move(value); };
-    set("Id", static_cast<std::int32_t>(row.id));
-    set("ParentId", static_cast<std::int32_t>(row.parent));
-    set("Name", std::string(row.name));
-    set("Type", row.type);
-    set("DateCreate", date);
-    set("DateUpdate", date);
-    set("Flags", static_cast<std::int32_t>(0x80000000));
-    set("Owner", row.owner);
-    objects.Insert(std::move(values));
+    objects.InsertNamed({{"Id", static_cast<std::int32_t>(row.id)},
+                         {"ParentId", static_cast<std::int32_t>(row.parent)},
+                         {"Name", std::string(row.name)},
+                         {"Type", row.type},
+                         {"DateCreate", date},
+                         {"DateUpdate", date},
+                         {"Flags", static_cast<std::int32_t>(0x80000000)},
+                         {"Owner", row.owner}});
   }
   const PermissionRow kPermissions[] = {{0x0F000002, 0x00060000, kOwner, false},
                                         {0x0F000003, 0x000F00FE, kAdministrators, true},
@@ -247,12 +219,10 @@ void FillSystemTables(Table& objects, Table& permissions, double date) {
                                         {5, 0x000E0000, kOwner, false},
                                         {5, 0x00000014, kUsers, false}};
   for (const PermissionRow& row : kPermissions) {
-    RowValues values(permissions.Definition().columns.size());
-    values[permissions.ColumnPlace("ObjectId")] = static_cast<std::int32_t>(row.object);
-    values[permissions.ColumnPlace("ACM")] = static_cast<std::int32_t>(row.rights);
-    values[permissions.ColumnPlace("SID")] = row.user;
-    values[permissions.ColumnPlace("FInheritable")] = row.inheritable;
-    permissions.Insert(std::move(values));
+    permissions.InsertNamed({{"ObjectId", static_cast<std::int32_t>(row.object)},
+                             {"ACM", static_cast<std::int32_t>(row.rights)},
+                             {"SID", row.user},
+                             {"FInheritable", row.inheritable}});
   }
 }
 

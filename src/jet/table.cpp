@@ -62,11 +62,6 @@ RowStore::Stored Table::Follow(RowId id) const {
 
 RowValues Table::Read(RowId id) const { return UnpackRow(definition_, Follow(id).bytes); }
 
-Bytes Table::ReadBytes(RowId id) const {
-  const RowStore::Stored stored = Follow(id);
-  return {stored.bytes.begin(), stored.bytes.end()};
-}
-
 Bytes Table::ReadLong(const Value& value) const {
   const auto* reference = std::get_if<LongReference>(&value);
   return reference == nullptr ? Bytes() : ReadLongValue(file_, *reference);
@@ -141,11 +136,45 @@ void Table::BeforeChange() {
   changed_ = true;
 }
 
-void Table::CheckKeys(const RowValues& values) const {
-  for (std::size_t index = 0; index < values.size(); ++index) {
-    if (IsIndexed(index)) CheckValue(definition_.columns[index], values[index]);
+bool Table::SameKey(const Index& index, const RowValues& one, const RowValues& other) const {
+  return std::ranges::all_of(index.columns, [&](const IndexColumn& part) {
+    const std::size_t place = definition_.PlaceOf(part.column);
+    return one[place] == other[place];
+  });
+}
+
+void Table::CheckKey(const Index& index, const RowValues& values) const {
+  for (const IndexColumn& part : index.columns) {
+    const std::size_t place = definition_.PlaceOf(part.column);
+    CheckValue(definition_.columns[place], values[place]);
   }
-  for (const Index& index : definition_.indexes) (void)IndexKey(definition_, index, values);
+  (void)IndexKey(definition_, index, values);
+}
+
+Bytes Table::KeyOf(std::size_t index, const RowValues& values, RowId id) const {
+  try {
+    return IndexKey(definition_, definition_.indexes[index], values);
+  } catch (const UnknownOrder&) {
+    const auto [kept, fresh] = kept_keys_.try_emplace(index);
+    if (fresh) {
+      for (const Bytes& entry : ReadIndexEntries(file_, definition_.indexes[index].root, definition_.page)) {
+        const ByteSpan key = KeyOfEntry(entry);
+        kept->second[RowOfEntry(entry)] = {key.begin(), key.end()};
+      }
+    }
+    const auto found = kept->second.find(id);
+    if (found == kept->second.end()) throw;
+    return found->second;
+  }
+}
+
+void Table::MoveKeptKeys(RowId from, RowId to, const RowValues& before, const RowValues& values) {
+  for (auto& [index, keys] : kept_keys_) {
+    auto key = keys.extract(from);
+    if (key.empty() || !SameKey(definition_.indexes[index], before, values)) continue;
+    key.key() = to;
+    keys.insert(std::move(key));
+  }
 }
 
 RowId Table::Insert(RowValues values) {
@@ -154,7 +183,7 @@ RowId Table::Insert(RowValues values) {
   for (std::size_t index = 0; index < values.size(); ++index) {
     if (definition_.columns[index].numbered && IsNull(values[index])) values[index] = NextNumber();
   }
-  CheckKeys(values);
+  for (const Index& index : definition_.indexes) CheckKey(index, values);
   const Bytes row = Pack(values);
   const RowId id = rows_.Insert(row);
   NoteNumber(values);
@@ -163,23 +192,23 @@ RowId Table::Insert(RowValues values) {
   return id;
 }
 
-bool Table::IsIndexed(std::size_t column) const {
-  const std::uint16_t number = definition_.columns[column].number;
-  return std::ranges::any_of(definition_.indexes, [&](const Index& index) {
-    return std::ranges::find(index.columns, number, &IndexColumn::column) != index.columns.end();
-  });
+RowId Table::InsertNamed(const NamedValues& named) {
+  RowValues values(definition_.columns.size());
+  for (const auto& [column, value] : named) values[ColumnPlace(column)] = value;
+  return Insert(std::move(values));
 }
 
 RowId Table::Update(RowId id, const ValueChanges& changes) {
   BeforeChange();
   const RowValues before = Read(id);
   RowValues values = before;
+  for (const auto& [column, value] : changes) values.at(column) = value;
   bool keys_change = false;
-  for (const auto& [column, value] : changes) {
-    values.at(column) = value;
-    keys_change = keys_change || IsIndexed(column);
+  for (const Index& index : definition_.indexes) {
+    if (SameKey(index, before, values)) continue;
+    CheckKey(index, values);
+    keys_change = true;
   }
-  if (keys_change) CheckKeys(values);
   const Bytes row = Pack(values);
   for (const auto& [column, value] : changes) FreeLong(definition_.columns[column], before[column]);
   NoteNumber(values);
@@ -187,11 +216,15 @@ RowId Table::Update(RowId id, const ValueChanges& changes) {
   const RowStore::Stored stored = rows_.Read(id);
   const bool moved = stored.state == SlotState::Pointer;
   const RowId place = moved ? RowId::FromPointer(Get32(stored.bytes, 0)) : id;
-  if (rows_.Replace(place, row)) return id;
-  if (moved) rows_.Delete(place);
-  rows_.Delete(id);
-  indexes_stale_ = true;
-  return rows_.Insert(row);
+  RowId result = id;
+  if (!rows_.Replace(place, row)) {
+    if (moved) rows_.Delete(place);
+    rows_.Delete(id);
+    indexes_stale_ = true;
+    result = rows_.Insert(row);
+  }
+  MoveKeptKeys(id, result, before, values);
+  return result;
 }
 
 void Table::Delete(RowId id) {
@@ -201,6 +234,7 @@ void Table::Delete(RowId id) {
   const RowStore::Stored stored = rows_.Read(id);
   if (stored.state == SlotState::Pointer) rows_.Delete(RowId::FromPointer(Get32(stored.bytes, 0)));
   rows_.Delete(id);
+  for (auto& [index, keys] : kept_keys_) keys.erase(id);
   if (definition_.row_count > 0) --definition_.row_count;
   indexes_stale_ = true;
 }
@@ -212,15 +246,15 @@ std::string Table::IndexLabel(std::size_t index) const {
   return std::to_string(index);
 }
 
-std::vector<IndexEntries> Table::EntriesFromRows(std::span<const Index> indexes) const {
-  std::vector<IndexEntries> all(indexes.size());
+std::vector<IndexEntries> Table::EntriesFromRows() const {
+  std::vector<IndexEntries> all(definition_.indexes.size());
   if (all.empty()) return all;
   for (Scan scan(*this); scan.Next();) {
     const RowValues values = scan.Values();
     for (std::size_t index = 0; index < all.size(); ++index) {
-      const Index& described = indexes[index];
+      const Index& described = definition_.indexes[index];
       if (described.IgnoresNull() && AllNull(definition_, described, values)) continue;
-      Bytes entry = IndexKey(definition_, described, values);
+      Bytes entry = KeyOf(index, values, scan.Id());
       AppendRowPlace(entry, scan.Id());
       all[index].push_back(std::move(entry));
     }
@@ -230,7 +264,7 @@ std::vector<IndexEntries> Table::EntriesFromRows(std::span<const Index> indexes)
 }
 
 void Table::CompareIndexes() const {
-  const std::vector<IndexEntries> made = EntriesFromRows(definition_.indexes);
+  const std::vector<IndexEntries> made = EntriesFromRows();
   for (std::size_t index = 0; index < made.size(); ++index) {
     if (made[index] == ReadIndexEntries(file_, definition_.indexes[index].root, definition_.page)) continue;
     throw Error("the index '" + IndexLabel(index) + "' of the table '" + name_ +
@@ -239,7 +273,7 @@ void Table::CompareIndexes() const {
 }
 
 void Table::RebuildIndexes() {
-  const std::vector<IndexEntries> all = EntriesFromRows(definition_.indexes);
+  const std::vector<IndexEntries> all = EntriesFromRows();
   for (std::size_t place = 0; place < all.size(); ++place) {
     Index& index = definition_.indexes[place];
     const IndexEntries& entries = all[place];

@@ -17,10 +17,13 @@ namespace tessarine::jet {
 
 /// New values by the place of their column.
 using ValueChanges = std::vector<std::pair<std::size_t, Value>>;
+/// Values by the name of their column.
+using NamedValues = std::vector<std::pair<const char*, Value>>;
 
 /// Rows are changed in the file; indexes, maps and counts by `Commit`. Before the first change all indexes are made
 /// from the rows and compared with what is there: where they differ, something about them isn't known here, and the
-/// table isn't written to.
+/// table isn't written to. A row whose key can't be made keeps the one that its index has, as long as its indexed
+/// values stay.
 class Table {
  public:
   Table(PageFile& file, FreePages& free_pages, TableDefinition definition, std::string name);
@@ -52,7 +55,6 @@ class Table {
   };
   /// An error where there is no such row.
   [[nodiscard]] RowValues Read(RowId id) const;
-  [[nodiscard]] Bytes ReadBytes(RowId id) const;
   /// The bytes of an OLE value; empty for null.
   [[nodiscard]] Bytes ReadLong(const Value& value) const;
   /// The text of a memo; empty for null.
@@ -60,14 +62,19 @@ class Table {
 
   /// Values of long columns are texts and bytes. A numbered column that is null gets the next number.
   RowId Insert(RowValues values);
+  /// The same by the names of columns; null where none is given.
+  RowId InsertNamed(const NamedValues& named);
   /// The row's place, which changes where it no longer fits.
   RowId Update(RowId id, const ValueChanges& changes);
   void Delete(RowId id);
   /// The number that the next row will get.
   [[nodiscard]] std::int32_t NextNumber() const { return static_cast<std::int32_t>(definition_.last_number + 1); }
 
-  /// The entries that these indexes have to have by the rows, sorted; costs one walk over the rows.
-  [[nodiscard]] std::vector<IndexEntries> EntriesFromRows(std::span<const Index> indexes) const;
+  /// The entries that the indexes have to have by the rows, sorted; costs one walk over the rows. An `UnknownOrder` for
+  /// a row whose key can't be made and isn't in the index either.
+  [[nodiscard]] std::vector<IndexEntries> EntriesFromRows() const;
+  /// Whether a key of this index was taken from it by `EntriesFromRows`.
+  [[nodiscard]] bool HasKeptKeys(std::size_t index) const { return kept_keys_.contains(index); }
   /// An error that names the first index that isn't as it would be made here.
   void CompareIndexes() const;
   void Commit();
@@ -90,8 +97,10 @@ class Table {
   [[nodiscard]] LongReference StoreLong(const Column& column, const Value& value, LongPlace place);
   void FreeLong(const Column& column, const Value& value);
   void NoteNumber(const RowValues& values);
-  [[nodiscard]] bool IsIndexed(std::size_t column) const;
-  void CheckKeys(const RowValues& values) const;
+  [[nodiscard]] Bytes KeyOf(std::size_t index, const RowValues& values, RowId id) const;
+  [[nodiscard]] bool SameKey(const Index& index, const RowValues& one, const RowValues& other) const;
+  void CheckKey(const Index& index, const RowValues& values) const;
+  void MoveKeptKeys(RowId from, RowId to, const RowValues& before, const RowValues& values);
   void RebuildIndexes();
 
   PageFile& file_;
@@ -100,6 +109,8 @@ class Table {
   std::string name_;
   RowStore rows_;
   std::map<std::uint16_t, std::unique_ptr<RowStore>> long_stores_;
+  // By index: the keys on disk of the rows whose keys can't be made.
+  mutable std::map<std::size_t, std::map<RowId, Bytes>> kept_keys_;
   bool compared_ = false, changed_ = false, indexes_stale_ = false;
 };
 

@@ -17,7 +17,7 @@ constexpr std::size_t kIndexColumns = 10;
 constexpr std::uint16_t kNoColumn = 0xFFFF;
 constexpr std::size_t kChainHeader = 8;
 constexpr std::size_t kChainPart = kPageSize - kChainHeader;
-constexpr std::uint8_t kFixed = 1, kNullable = 2, kNumbered = 4;
+constexpr std::uint8_t kFixed = 1, kNumbered = 4;
 
 bool IsKnown(std::uint8_t type) { return (type >= 1 && type <= 12) || type == 15 || type == 16; }
 
@@ -34,7 +34,6 @@ Column ReadColumn(ByteSpan bytes) {
   column.flags = Get8(bytes, 15);
   column.more_flags = Get8(bytes, 16);
   column.fixed = (column.flags & kFixed) != 0;
-  column.nullable = (column.flags & kNullable) != 0;
   column.numbered = (column.flags & kNumbered) != 0;
   column.fixed_offset = Get16(bytes, 21);
   column.length = Get16(bytes, 23);
@@ -130,7 +129,7 @@ void Check(const TableDefinition& table) {
     }
   }
   for (const Index& index : table.indexes) {
-    for (const IndexColumn& column : index.columns) (void)table.ColumnOf(column.column);
+    for (const IndexColumn& column : index.columns) (void)table.PlaceOf(column.column);
   }
 }
 
@@ -157,8 +156,18 @@ class Patch {
 }  // namespace
 
 bool SameName(const std::string& one, const std::string& other) {
-  const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 'a' - 'A') : c; };
-  return std::ranges::equal(one, other, {}, lower, lower);
+  return std::ranges::equal(one, other, {}, LowerLetter, LowerLetter);
+}
+
+IndexName IndexName::Of(const std::string& name, std::size_t index, std::uint8_t kind) {
+  Bytes stored(kIndexNameLength);
+  Put32(stored, 0, kMagic);
+  Put32(stored, 4, index);
+  Put32(stored, 8, index);
+  Put32(stored, 13, 0xFFFFFFFF);
+  Put16(stored, 21, 0x0404);
+  Put8(stored, 23, kind);
+  return {name, static_cast<std::uint32_t>(index), stored};
 }
 
 const Column* TableDefinition::FindColumn(const std::string& name) const {
@@ -166,10 +175,10 @@ const Column* TableDefinition::FindColumn(const std::string& name) const {
   return found == columns.end() ? nullptr : &*found;
 }
 
-const Column& TableDefinition::ColumnOf(std::uint16_t number) const {
+std::size_t TableDefinition::PlaceOf(std::uint16_t number) const {
   const auto found = std::ranges::find(columns, number, &Column::number);
   if (found == columns.end()) throw Error("an index tells of a column that isn't there");
-  return *found;
+  return static_cast<std::size_t>(found - columns.begin());
 }
 
 std::size_t TableDefinition::FixedEnd() const {
@@ -263,6 +272,13 @@ Bytes PackTableDefinition(const TableDefinition& table) {
   Append16(bytes, kNoColumn);
   Put32(bytes, 8, bytes.size());
   return bytes;
+}
+
+bool IsWhollyKnown(PageFile& file, std::uint32_t page) {
+  constexpr std::size_t kPlaceOfPage = 8;  // what comes first tells of the page, not of the table
+  const Bytes stored = ReadChain(file, page), packed = PackTableDefinition(ReadTableDefinition(file, page));
+  return std::ranges::equal(ByteSpan(packed).subspan(kPlaceOfPage),
+                            Part(stored, kPlaceOfPage, packed.size() - kPlaceOfPage));
 }
 
 void WriteCounts(PageFile& file, const TableDefinition& table) {

@@ -30,7 +30,6 @@ struct Column {
   std::uint16_t fixed_offset = 0;  ///< behind a row's first two bytes
   std::uint16_t length = 0;        ///< in bytes; 0 for long values
   bool fixed = false;
-  bool nullable = true;
   bool numbered = false;  ///< gets its number by itself
   std::uint8_t scale = 0;
   std::array<std::uint8_t, 4> detail{};  ///< order of texts, or precision and scale, as stored
@@ -66,6 +65,10 @@ struct IndexName {
   std::string name;
   std::uint32_t index = 0;
   Bytes stored;  ///< its 28 bytes
+
+  static constexpr std::uint8_t kPlain = 0, kPrimaryKey = 1;
+  /// The name of an index of a new table.
+  [[nodiscard]] static IndexName Of(const std::string& name, std::size_t index, std::uint8_t kind = kPlain);
 };
 
 struct LongColumnMaps {
@@ -88,11 +91,16 @@ struct TableDefinition {
 
   /// By name in any case of ASCII letters; null where there is none.
   [[nodiscard]] const Column* FindColumn(const std::string& name) const;
-  [[nodiscard]] const Column& ColumnOf(std::uint16_t number) const;
+  /// The place of the column of this number among the columns; an error where there is none.
+  [[nodiscard]] std::size_t PlaceOf(std::uint16_t number) const;
   /// Behind the last fixed column.
   [[nodiscard]] std::size_t FixedEnd() const;
 };
 
+/// The general order of texts, as columns of variable length keep it.
+inline constexpr std::array<std::uint8_t, 4> kTextOrder = {0x09, 0x04, 0, 0};
+
+[[nodiscard]] inline char LowerLetter(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 'a' - 'A') : c; }
 [[nodiscard]] bool SameName(const std::string& one, const std::string& other);
 
 /// An error for a type of column that isn't known, or a definition that contradicts itself.
@@ -106,5 +114,7 @@ void WriteCounts(PageFile& file, const TableDefinition& definition);
 /// Writes a whole definition to these pages; there must be as many as it needs.
 void WriteTableDefinition(PageFile& file, const TableDefinition& definition, const std::vector<std::uint32_t>& pages);
 [[nodiscard]] std::size_t DefinitionPageCount(std::size_t length);
+/// Whether packing a definition gives the bytes that it was read from. Where not, they hold what isn't known here.
+[[nodiscard]] bool IsWhollyKnown(PageFile& file, std::uint32_t page);
 
 }  // namespace tessarine::jet

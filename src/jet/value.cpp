@@ -77,9 +77,6 @@ char32_t NextCode(const std::string& text, std::size_t& at) {
   return code;
 }
 
-// Where the byte of a GUID's text stands among the stored ones.
-constexpr std::array<std::size_t, 16> kGuidOrder = {3, 2, 1, 0, 5, 4, 7, 6, 8, 9, 10, 11, 12, 13, 14, 15};
-
 }  // namespace
 
 std::string TextOf(ByteSpan stored) {

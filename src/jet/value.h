@@ -48,6 +48,9 @@ using Value =
 /// UTF-16, lowest byte first. What is no UTF-8 comes out as U+FFFD.
 [[nodiscard]] Bytes StoredText(const std::string& text);
 
+/// Where the bytes of a GUID's text stand among the stored ones.
+inline constexpr std::array<std::size_t, 16> kGuidOrder = {3, 2, 1, 0, 5, 4, 7, 6, 8, 9, 10, 11, 12, 13, 14, 15};
+
 /// "{F3783E6F-65CA-4514-8315-CE3985DAD3B1}", and back; an error for a text that is none.
 [[nodiscard]] std::string GuidText(ByteSpan guid);
 [[nodiscard]] Bytes GuidOf(const std::string& text);

@@ -30,7 +30,7 @@ void ExpectSound(const std::string& path) {
   Database database(path, Database::Mode::Read);
   const CheckReport report = CheckDatabase(database);
   EXPECT_THAT(report.findings, ::testing::IsEmpty());
-  EXPECT_THAT(report.not_examined, ::testing::IsEmpty());
+  EXPECT_THAT(report.unknown_order, ::testing::IsEmpty());
   EXPECT_EQ(report.lost_pages, 0U);
 }
 
