@@ -57,7 +57,8 @@ ColumnLimits LimitsOf(const OGRFieldDefn& field, ColumnStore store) {
     }
     limits.most_bytes = kLongestDbaseText;
   } else if (field.GetWidth() > 0) {
-    limits.most_characters = static_cast<std::size_t>(field.GetWidth());
+    const bool units = store == ColumnStore::PersonalGeodatabase;
+    (units ? limits.most_units : limits.most_characters) = static_cast<std::size_t>(field.GetWidth());
   }
   limits.keeps_zone = limits.keeps_fraction = store == ColumnStore::Other;
   return limits;

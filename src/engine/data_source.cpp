@@ -9,6 +9,7 @@
 #include "engine/left_out.h"
 #include "engine/ogr_class.h"
 #include "engine/ogr_geometry.h"
+#include "engine/personal_geodatabase_dataset.h"
 #include "engine/shapefile_check.h"
 #include "engine/srs_from_gdal.h"
 #include "outputs/staged_output.h"
@@ -35,10 +36,16 @@ struct Offer {
   std::optional<esriGeometryType> kind;
   bool has_shape = true;
   bool only_kind = true;
+  std::string problem = {};               // why it can't be read
+  OGRwkbGeometryType geometry = wkbNone;  // of one that can't be read
 };
 
 void AddOffers(OGRLayer& layer, std::vector<Offer>& offers) {
   const std::string name = layer.GetName();
+  if (const char* why = layer.GetMetadataItem(kWhyUnreadable)) {
+    offers.push_back({name, name, std::nullopt, layer.GetGeomType() != wkbNone, true, why, layer.GetGeomType()});
+    return;
+  }
   if (layer.GetGeomType() == wkbNone) {
     offers.push_back({name, name, std::nullopt, false});
     return;
@@ -95,9 +102,15 @@ class OgrDataSource final : public DataSource {
   [[nodiscard]] std::vector<LayerInfo> Infos() const override {
     std::vector<LayerInfo> infos;
     for (const Offer& offer : offers_) {
+      if (!offer.problem.empty()) {
+        const esriGeometryType type = offer.has_shape ? ShapeTypeOf(offer.geometry) : esriGeometryNull;
+        infos.push_back({offer.name, type, nullptr, 0, nullptr, {}, offer.problem});
+        continue;
+      }
       const auto own = std::make_shared<OgrTable>(SourceOf(offer));
       infos.push_back({offer.name, offer.has_shape ? own->Traits()->shape_type : esriGeometryNull,
-                       own->Traits()->reference, own->CountRows(nullptr), own->Fields(), FindLeftOut(*own->Source())});
+                       own->Traits()->reference, own->CountRows(nullptr), own->Fields(), FindLeftOut(*own->Source()),
+                       ""});
     }
     return infos;
   }

@@ -19,6 +19,7 @@ struct LayerInfo {
   std::int64_t count = 0;
   FieldsRef fields;
   std::vector<LeftOutRecords> left_out;  ///< not among the counted ones
+  std::string problem;                   ///< why the layer can't be read; nothing else is told then but its shape type
 };
 
 class DataSource : public virtual Object {

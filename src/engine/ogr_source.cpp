@@ -159,6 +159,9 @@ LayerHandle OgrSource::Open(bool update) {
   DatasetHandle dataset = OpenDataset(data_path_, update);
   OGRLayer* layer = dataset->GetLayerByName(layer_.c_str());
   if (layer == nullptr) RaiseEngineFault("'" + path_ + "' has no layer '" + layer_ + "' any more.");
+  if (const char* why = layer->GetMetadataItem(kWhyUnreadable)) {
+    RaiseEngineFault("'" + layer_ + "' in '" + path_ + "' can't be used: " + why + ".");
+  }
   return {shared_from_this(), std::move(dataset), *layer, update, std::move(edit)};
 }
 

@@ -9,6 +9,8 @@
 namespace tessarine::engine {
 namespace {
 
+NumberRange RangeBetween(double low, double high) { return low <= high ? NumberRange{low, high} : NumberRange{}; }
+
 PersonalClass ClassOf(const PersonalRow& row) {
   PersonalClass found;
   found.name = row.Text("TableName");
@@ -24,6 +26,8 @@ PersonalClass ClassOf(const PersonalRow& row) {
     found.extent.MinY = bottom;
     found.extent.MaxY = top;
   }
+  found.heights = RangeBetween(row.Real("ZLow"), row.Real("ZHigh"));
+  found.measures = RangeBetween(row.Real("MLow"), row.Real("MHigh"));
   found.grid = {row.Real("IdxOriginX"), row.Real("IdxOriginY"), row.Real("IdxGridSize")};
   found.reference = row.Whole("SRID");
   return found;

@@ -28,6 +28,7 @@ struct PersonalClass {
   std::int32_t shape_type = 0;
   ShapeLayout layout;
   OGREnvelope extent;
+  NumberRange heights, measures;
   PersonalIndexGrid grid;
   std::int32_t reference = 0;  ///< its row in GDB_SpatialRefs
 

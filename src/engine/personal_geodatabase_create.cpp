@@ -463,10 +463,21 @@ void TellExtent(jet::Database& database, const PersonalClass& description) {
     if (jet::SameName(PersonalRow(table, scan.Values()).Text("TableName"), description.name)) found = scan.Id();
   }
   if (!found) return;
-  table.Update(*found, {{table.ColumnPlace("ExtentLeft"), description.extent.MinX},
-                        {table.ColumnPlace("ExtentBottom"), description.extent.MinY},
-                        {table.ColumnPlace("ExtentRight"), description.extent.MaxX},
-                        {table.ColumnPlace("ExtentTop"), description.extent.MaxY}});
+  jet::ValueChanges changes;
+  const auto tell = [&](const char* column, double value) { changes.emplace_back(table.ColumnPlace(column), value); };
+  tell("ExtentLeft", description.extent.MinX);
+  tell("ExtentBottom", description.extent.MinY);
+  tell("ExtentRight", description.extent.MaxX);
+  tell("ExtentTop", description.extent.MaxY);
+  if (!description.heights.IsEmpty()) {
+    tell("ZLow", description.heights.low);
+    tell("ZHigh", description.heights.high);
+  }
+  if (!description.measures.IsEmpty()) {
+    tell("MLow", description.measures.low);
+    tell("MHigh", description.measures.high);
+  }
+  table.Update(*found, changes);
 }
 
 }  // namespace tessarine::engine

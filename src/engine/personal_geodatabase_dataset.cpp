@@ -44,6 +44,32 @@ PersonalReference ReferenceWithGrid(const OGRSpatialReference* reference, CSLCon
   return made;
 }
 
+// A table of which something isn't known or damaged. Its name is taken all the same.
+class UnreadableLayer final : public OGRLayer {
+ public:
+  UnreadableLayer(const PersonalClass& described, const char* why) : definition_(new OGRFeatureDefn) {
+    definition_->Reference();
+    definition_->SetName(described.name.c_str());
+    definition_->SetGeomType(described.OgrType());
+    SetDescription(described.name.c_str());
+    SetMetadataItem(kWhyUnreadable, why);
+  }
+  ~UnreadableLayer() override { definition_->Release(); }
+  UnreadableLayer(const UnreadableLayer&) = delete;
+  UnreadableLayer& operator=(const UnreadableLayer&) = delete;
+
+  OGRFeatureDefn* GetLayerDefn() override { return definition_; }
+  void ResetReading() override {}
+  OGRFeature* GetNextFeature() override {
+    CPLError(CE_Failure, CPLE_AppDefined, "%s", GetMetadataItem(kWhyUnreadable));
+    return nullptr;
+  }
+  int TestCapability(const char*) override { return 0; }
+
+ private:
+  OGRFeatureDefn* definition_;
+};
+
 class PersonalGdalDataset final : public GDALDataset {
  public:
   PersonalGdalDataset(const std::string& path, std::shared_ptr<jet::Database> database,
@@ -53,7 +79,11 @@ class PersonalGdalDataset final : public GDALDataset {
     SetDescription(path.c_str());
     const auto access = edit_ ? PersonalLayer::Access::Write : PersonalLayer::Access::Read;
     for (PersonalClass& described : ReadPersonalClasses(*database)) {
-      layers_.push_back(std::make_unique<PersonalLayer>(database, std::move(described), access, can_write));
+      try {
+        layers_.push_back(std::make_unique<PersonalLayer>(database, described, access, can_write));
+      } catch (const jet::Error& error) {
+        layers_.push_back(std::make_unique<UnreadableLayer>(described, error.what()));
+      }
     }
     database_ = std::move(database);
   }
@@ -62,7 +92,9 @@ class PersonalGdalDataset final : public GDALDataset {
   ~PersonalGdalDataset() override {
     try {
       if (edit_) {
-        for (const auto& layer : layers_) layer->Settle();
+        for (const auto& layer : layers_) {
+          if (auto* own = dynamic_cast<PersonalLayer*>(layer.get())) own->Settle();
+        }
       }
       layers_.clear();
       database_.reset();
@@ -112,7 +144,9 @@ class PersonalGdalDataset final : public GDALDataset {
   OGRErr DeleteLayer(int index) override {
     try {
       if (!edit_) throw jet::Error("the geodatabase is written to outside of an edit");
-      const PersonalClass described = layers_.at(static_cast<std::size_t>(index))->Description();
+      OGRLayer& layer = *layers_.at(static_cast<std::size_t>(index));
+      if (const char* why = layer.GetMetadataItem(kWhyUnreadable)) throw jet::Error(why);
+      const PersonalClass described = dynamic_cast<PersonalLayer&>(layer).Description();
       layers_.erase(layers_.begin() + index);
       DeletePersonalClass(*database_, described);
       return OGRERR_NONE;
@@ -125,7 +159,7 @@ class PersonalGdalDataset final : public GDALDataset {
  private:
   std::shared_ptr<PersonalEdit> edit_;
   std::shared_ptr<jet::Database> database_;
-  std::vector<std::unique_ptr<PersonalLayer>> layers_;
+  std::vector<std::unique_ptr<OGRLayer>> layers_;
 };
 
 class PersonalUpdate final : public AttributeUpdate {

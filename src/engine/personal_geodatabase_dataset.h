@@ -8,8 +8,11 @@
 
 namespace tessarine::engine {
 
+/// Where a layer tells why it can't be read: an item of its default metadata.
+inline constexpr const char* kWhyUnreadable = "WHY_UNREADABLE";
+
 /// Opens the geodatabase as the edit under way has it; for writing it can be used in an edit only. Null where it can't
-/// be opened; GDAL's error handler is told why.
+/// be opened; GDAL's error handler is told why. A table that can't be read costs no other: its layer tells why.
 [[nodiscard]] DatasetHandle OpenPersonalGeodatabase(const std::string& native_path, bool update);
 
 /// What there is to know of the format as of others that the library writes. It isn't registered: other parts of the

@@ -234,7 +234,10 @@ void PersonalLayer::AddShape(const OGRFeature& feature, std::int32_t fid, jet::V
   jet::Value bytes;
   OGREnvelope box;
   if (some) {
-    bytes = BytesOfShape(*shape, description_.layout);
+    StoredShape stored = StoreShape(*shape, description_.layout);
+    bytes = std::move(stored.bytes);
+    description_.heights.Add(stored.z);
+    description_.measures.Add(stored.m);
     shape->getEnvelope(&box);
     if (!std::isfinite(box.MinX + box.MaxX + box.MinY + box.MaxY)) {
       throw jet::Error("a shape has coordinates that are no numbers");

@@ -90,17 +90,18 @@ void AppendAll(jet::Bytes& bytes, const std::vector<double>& numbers) {
   for (const double number : numbers) jet::Append(bytes, number);
 }
 
-// Least, most, and all. Missing measures count for nothing.
-void AppendRange(jet::Bytes& bytes, const std::vector<double>& numbers) {
-  double least = std::numeric_limits<double>::max(), most = kNoMeasure;
+// Missing measures count for nothing, and neither does what is no number.
+NumberRange RangeOf(const std::vector<double>& numbers) {
+  NumberRange range;
   for (const double number : numbers) {
-    if (number == kNoMeasure) continue;
-    least = std::min(least, number);
-    most = std::max(most, number);
+    if (number != kNoMeasure && std::isfinite(number)) range.Add(number);
   }
-  if (least > most) least = kNoMeasure;
-  jet::Append(bytes, least);
-  jet::Append(bytes, most);
+  return range;
+}
+
+void AppendWithRange(jet::Bytes& bytes, const NumberRange& range, const std::vector<double>& numbers) {
+  jet::Append(bytes, range.IsEmpty() ? kNoMeasure : range.low);
+  jet::Append(bytes, range.IsEmpty() ? kNoMeasure : range.high);
   AppendAll(bytes, numbers);
 }
 
@@ -139,22 +140,25 @@ std::unique_ptr<OGRGeometry> ShapeFromBytes(const jet::Bytes& bytes) {
   return std::unique_ptr<OGRGeometry>(shape);
 }
 
-jet::Bytes BytesOfShape(const OGRGeometry& shape, ShapeLayout layout) {
+StoredShape StoreShape(const OGRGeometry& shape, ShapeLayout layout) {
   if (shape.hasCurveGeometry() != 0) {
     const std::unique_ptr<OGRGeometry> chords(shape.getLinearGeometry());
-    return BytesOfShape(*chords, layout);
+    return StoreShape(*chords, layout);
   }
   Vertices vertices;
   Collect(shape, vertices);
   const TypeNumbers& types = TypesOf(shape);
-  jet::Bytes bytes;
+  StoredShape stored;
+  if (layout.has_z) stored.z = RangeOf(vertices.z);
+  if (layout.has_m) stored.m = RangeOf(vertices.m);
+  jet::Bytes& bytes = stored.bytes;
   jet::Append32(bytes, types.In(layout));
   if (&types == &kPoint) {
     jet::Append(bytes, vertices.x.at(0));
     jet::Append(bytes, vertices.y.at(0));
     if (layout.has_z) jet::Append(bytes, vertices.z.at(0));
     if (layout.has_m) jet::Append(bytes, vertices.m.at(0));
-    return bytes;
+    return stored;
   }
   OGREnvelope box;
   shape.getEnvelope(&box);
@@ -169,9 +173,9 @@ jet::Bytes BytesOfShape(const OGRGeometry& shape, ShapeLayout layout) {
     jet::Append(bytes, vertices.x[index]);
     jet::Append(bytes, vertices.y[index]);
   }
-  if (layout.has_z) AppendRange(bytes, vertices.z);
-  if (layout.has_m) AppendRange(bytes, vertices.m);
-  return bytes;
+  if (layout.has_z) AppendWithRange(bytes, stored.z, vertices.z);
+  if (layout.has_m) AppendWithRange(bytes, stored.m, vertices.m);
+  return stored;
 }
 
 }  // namespace tessarine::engine

@@ -62,6 +62,13 @@ jet::Value BytesOf(const OGRFeature& feature, int attribute) {
   return jet::Bytes(bytes, bytes + length);
 }
 
+// A mark of byte order in front is no part of a text, and the format has another use for it.
+std::string TextWithoutMark(std::string_view text) {
+  constexpr std::string_view kMark = "\xEF\xBB\xBF";
+  while (text.starts_with(kMark)) text.remove_prefix(kMark.size());
+  return std::string(text);
+}
+
 jet::Value WholeOf(const OGRFeature& feature, int attribute, const jet::Column& column) {
   const GIntBig number = feature.GetFieldAsInteger64(attribute);
   if (number < INT32_MIN || number > INT32_MAX) ThrowUnfit(column, "is too large for the column");
@@ -205,7 +212,7 @@ jet::Value ColumnValueOf(const OGRFeature& feature, int attribute, const jet::Co
       return DateOf(feature, attribute);
     case jet::ColumnType::Text:
     case jet::ColumnType::Memo:
-      return std::string(feature.GetFieldAsString(attribute));
+      return TextWithoutMark(feature.GetFieldAsString(attribute));
     case jet::ColumnType::Guid:
       return jet::GuidOf(feature.GetFieldAsString(attribute));
     case jet::ColumnType::Binary:

@@ -119,9 +119,7 @@ Bytes PackValue(const Column& column, const Value& value) {
       Append(bytes, As<double>(column, value));
       break;
     case ColumnType::Text:
-      bytes = StoredText(As<std::string>(column, value));
-      // Plain text that begins as packed text does would be read as such.
-      if (bytes.size() >= 2 && bytes[0] == 0xFF && bytes[1] == 0xFE) ThrowUnfit(column, "begins with U+FEFF");
+      bytes = StoredTextValue(As<std::string>(column, value));
       if (bytes.size() > column.length) ThrowUnfit(column, "is too long for the column");
       break;
     case ColumnType::Ole:

@@ -78,7 +78,7 @@ RowStore& Table::LongStore(std::uint16_t column) {
 
 LongReference Table::StoreLong(const Column& column, const Value& value, LongPlace place) {
   if (const auto* text = std::get_if<std::string>(&value); text != nullptr && column.type == ColumnType::Memo) {
-    const Bytes stored = StoredText(*text);
+    const Bytes stored = StoredTextValue(*text);
     return WriteLongValue(LongStore(column.number), stored, place);
   }
   const auto* bytes = std::get_if<Bytes>(&value);

@@ -109,6 +109,12 @@ Bytes StoredText(const std::string& text) {
   return stored;
 }
 
+Bytes StoredTextValue(const std::string& text) {
+  Bytes stored = StoredText(text);
+  if (stored.size() >= 2 && stored[0] == 0xFF && stored[1] == 0xFE) throw Error("a text begins with U+FEFF");
+  return stored;
+}
+
 std::string GuidText(ByteSpan guid) {
   std::string text = "{";
   for (std::size_t index = 0; index < kGuidOrder.size(); ++index) {

@@ -47,6 +47,8 @@ using Value =
 [[nodiscard]] std::string TextOf(ByteSpan stored);
 /// UTF-16, lowest byte first. What is no UTF-8 comes out as U+FFFD.
 [[nodiscard]] Bytes StoredText(const std::string& text);
+/// The same for a value: an error for a text that begins with U+FEFF, which would be read as packed.
+[[nodiscard]] Bytes StoredTextValue(const std::string& text);
 
 /// Where the bytes of a GUID's text stand among the stored ones.
 inline constexpr std::array<std::size_t, 16> kGuidOrder = {3, 2, 1, 0, 5, 4, 7, 6, 8, 9, 10, 11, 12, 13, 14, 15};

@@ -213,6 +213,8 @@ std::string LegalName(const NameRule& rule, const std::string& name) {
   std::string legal = name;
   if (rule.characters != NameRule::Characters::Any) {
     const bool ascii = rule.characters == NameRule::Characters::AsciiWord;
+    // One sign for each character, whatever its bytes.
+    if (ascii) std::erase_if(legal, [](char c) { return !BeginsCharacter(c); });
     std::ranges::replace_if(
         legal, [&](char c) { return !IsWordByte(c) || (ascii && !IsAscii(c)); }, '_');
     if (IsDigit(legal.front())) legal.insert(0, 1, '_');

@@ -68,4 +68,16 @@ std::string_view FirstCharacters(std::string_view text, std::size_t most_charact
   return text.substr(0, end);
 }
 
+std::string_view FirstUnits(std::string_view text, std::size_t most_units) {
+  std::size_t end = 0;
+  while (end < text.size()) {
+    const std::size_t units = static_cast<unsigned char>(text[end]) >= 0xF0 ? 2 : 1;
+    if (units > most_units) break;
+    most_units -= units;
+    ++end;
+    while (end < text.size() && IsContinuation(text[end])) ++end;
+  }
+  return text.substr(0, end);
+}
+
 }  // namespace tessarine

@@ -20,5 +20,7 @@ namespace tessarine {
 /// As many whole characters from the front as fit.
 [[nodiscard]] std::string_view FirstBytes(std::string_view text, std::size_t most_bytes);
 [[nodiscard]] std::string_view FirstCharacters(std::string_view text, std::size_t most_characters);
+/// `most_units` in the 16-bit units of UTF-16, of which characters beyond U+FFFF take two.
+[[nodiscard]] std::string_view FirstUnits(std::string_view text, std::size_t most_units);
 
 }  // namespace tessarine

@@ -125,7 +125,8 @@ FittedValue FitNumber(const Variant& value, const ColumnLimits& column) {
 
 bool HasRoom(std::string_view text, const ColumnLimits& column) {
   return (column.most_bytes == 0 || FirstBytes(text, column.most_bytes).size() == text.size()) &&
-         (column.most_characters == 0 || FirstCharacters(text, column.most_characters).size() == text.size());
+         (column.most_characters == 0 || FirstCharacters(text, column.most_characters).size() == text.size()) &&
+         (column.most_units == 0 || FirstUnits(text, column.most_units).size() == text.size());
 }
 
 // Digits behind the point may go, others not: what is left would be another number.
@@ -168,6 +169,7 @@ FittedValue FitText(const Variant& value, const ColumnLimits& column) {
   std::string_view kept = text;
   if (column.most_bytes > 0) kept = FirstBytes(kept, column.most_bytes);
   if (column.most_characters > 0) kept = FirstCharacters(kept, column.most_characters);
+  if (column.most_units > 0) kept = FirstUnits(kept, column.most_units);
   if (kept.size() < text.size()) {
     text.resize(kept.size());
     fitted.change = ValueChange::TextCut;

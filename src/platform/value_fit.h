@@ -31,6 +31,7 @@ struct ColumnLimits {
   // Texts; 0 without a limit.
   std::size_t most_bytes = 0;
   std::size_t most_characters = 0;
+  std::size_t most_units = 0;  ///< of UTF-16
   // Times.
   bool keeps_zone = true;
   bool keeps_fraction = true;

@@ -90,6 +90,10 @@ void PrintLeftOut(const LeftOutRecords& records) {
 
 void PrintLayer(const LayerInfo& info) {
   fmt::print("Layer: {}\n  Shape type:  {}\n", info.name, ShapeWord(info.shape_type, "none (a table)"));
+  if (!info.problem.empty()) {
+    fmt::print("  Unreadable:  {}\n", info.problem);
+    return;
+  }
   if (info.shape_type != esriGeometryNull) PrintReference(info.reference);
   fmt::print("  Records:     {}\n", info.count);
   for (const LeftOutRecords& records : info.left_out) PrintLeftOut(records);
