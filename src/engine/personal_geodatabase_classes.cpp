@@ -78,6 +78,7 @@ void StagedPersonalClass::Discard() {
 
 MadePersonalClass MakeInPersonalGeodatabase(const GeodatabasePlace& place, const LayerMaker& make) {
   RequireWritableFolder(fs::absolute(place.path).parent_path().string());
+  RequireWritableGeodatabase(place.path, PersonalUse::NewClass);
   MadePersonalClass made{PersonalEdit::Begin(place.path), ""};
   try {
     if (place.replaces) DataSource::Open(place.path, false)->OpenTable(place.name)->Delete();

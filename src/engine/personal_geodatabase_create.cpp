@@ -311,15 +311,23 @@ jet::Bytes EnterDataset(jet::Database& database, const std::string& name, const 
   return identifier;
 }
 
-void RequireItems(jet::Database& database) {
-  for (const char* table : {"GDB_Items", "GDB_ItemRelationships", "GDB_GeomColumns", "GDB_SpatialRefs"}) {
+constexpr const char* kCatalogTables[] = {"GDB_Items", "GDB_ItemRelationships", "GDB_GeomColumns", "GDB_SpatialRefs"};
+
+void RequireItems(const jet::Database& database) {
+  for (const char* table : kCatalogTables) {
     if (database.Has(table)) continue;
-    throw jet::Error("'" + database.File().Path() + "' has no table " + table +
+    throw jet::Error(std::string("it has no table ") + table +
                      ": it is no geodatabase of version 10, and only in such ones classes can be made or deleted");
   }
 }
 
 }  // namespace
+
+void RequireRoomForClasses(jet::Database& database) {
+  RequireItems(database);
+  for (const char* table : kCatalogTables) database.Open(table).CompareIndexes();
+  for (const char* table : {"MSysObjects", "MSysACEs"}) database.Open(table).CompareIndexes();
+}
 
 PersonalReference ReferenceOf(const OGRSpatialReference* reference) {
   PersonalReference made;

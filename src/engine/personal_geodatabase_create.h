@@ -12,6 +12,10 @@ namespace tessarine::engine {
 /// The geodatabase's own tables in a database that has none.
 void MakePersonalGeodatabase(jet::Database& database);
 
+/// An error where no class can be made or deleted: the geodatabase is of a version before 10, or something about its
+/// own tables isn't known.
+void RequireRoomForClasses(jet::Database& database);
+
 struct NewPersonalClass {
   PersonalClass description;  ///< name, shape column, shape type
   std::string identifier_column;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "engine/personal_geodatabase_edit.h"
 
+#include <fcntl.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -48,8 +49,8 @@ void RequireUnlocked(const std::string& path) {
   RaiseEngineFault("'" + path + "' can't be written to: " + error.what() + WayOut(path, error.what()));
 }
 
-std::vector<std::string> FindingsOf(const std::string& path) {
-  jet::Database database(path, jet::Database::Mode::Read);
+std::vector<std::string> FindingsOf(const std::string& path, const std::string& shown) {
+  jet::Database database(path, jet::Database::Mode::Read, shown);
   return jet::CheckDatabase(database).findings;
 }
 
@@ -59,15 +60,16 @@ bool IsPersonalGeodatabase(const std::string& native_path) {
   return EndsWithIgnoringCase(native_path, ".mdb") && !native_path.starts_with("/vsi");
 }
 
-void RequireWritableGeodatabase(const std::string& native_path) {
+void RequireWritableGeodatabase(const std::string& native_path, PersonalUse use) {
   std::error_code error;
   if (!fs::exists(native_path, error)) return;
-  if (access(native_path.c_str(), W_OK) != 0) {
+  if (faccessat(AT_FDCWD, native_path.c_str(), W_OK, AT_EACCESS) != 0) {
     RaiseEngineFault("'" + native_path + "' can't be written to: check its permissions.");
   }
   RequireUnlocked(native_path);
   try {
-    const jet::Database database(native_path, jet::Database::Mode::Write);
+    jet::Database database(native_path, jet::Database::Mode::Write);
+    if (use == PersonalUse::NewClass) RequireRoomForClasses(database);
   } catch (const jet::Error& problem) {
     RaiseNotWritten(native_path, problem);
   }
@@ -81,7 +83,7 @@ std::shared_ptr<PersonalEdit> PersonalEdit::UnderWay(const std::string& native_p
 
 std::shared_ptr<PersonalEdit> PersonalEdit::Begin(const std::string& native_path) {
   if (auto edit = UnderWay(native_path)) return edit;
-  RequireWritableGeodatabase(native_path);
+  RequireWritableGeodatabase(native_path, PersonalUse::Rows);
   std::shared_ptr<PersonalEdit> edit(new PersonalEdit(KeyOf(native_path)));
   AllEdits()[edit->path_] = edit;
   FileChanged(edit->path_);
@@ -92,10 +94,10 @@ PersonalEdit::PersonalEdit(const std::string& key)
     : path_(key), is_new_(!fs::exists(key)), staged_(key, StagedOutput::Begin::Copy) {
   try {
     if (!is_new_) {
-      database_ = std::make_shared<jet::Database>(staged_.Path().string(), jet::Database::Mode::Write);
+      database_ = std::make_shared<jet::Database>(staged_.Path().string(), jet::Database::Mode::Write, path_);
       return;
     }
-    database_ = jet::Database::Create(staged_.Path().string(), PersonalDateNow());
+    database_ = jet::Database::Create(staged_.Path().string(), PersonalDateNow(), path_);
     MakePersonalGeodatabase(*database_);
   } catch (const jet::Error& error) {
     RaiseNotWritten(path_, error);
@@ -118,9 +120,9 @@ void PersonalEdit::End(std::shared_ptr<PersonalEdit>& edit) {
 }
 
 void PersonalEdit::CheckCopy() const {
-  std::vector<std::string> found = FindingsOf(staged_.Path().string());
+  std::vector<std::string> found = FindingsOf(staged_.Path().string(), path_);
   if (!found.empty() && !is_new_) {
-    const std::vector<std::string> before = FindingsOf(path_);
+    const std::vector<std::string> before = FindingsOf(path_, path_);
     std::erase_if(found, [&](const std::string& text) { return std::ranges::find(before, text) != before.end(); });
   }
   if (found.empty()) return;

@@ -54,8 +54,8 @@ std::vector<Permission> PermissionsOf(const Table& permissions, std::uint32_t ob
 
 }  // namespace
 
-Database::Database(const std::string& path, Mode mode)
-    : file_(std::make_unique<PageFile>(path, mode == Mode::Read ? PageFile::Mode::Read : PageFile::Mode::Write)),
+Database::Database(const std::string& path, Mode mode, const std::string& shown)
+    : file_(std::make_unique<PageFile>(path, mode == Mode::Read ? PageFile::Mode::Read : PageFile::Mode::Write, shown)),
       free_pages_(std::make_unique<FreePages>(*file_)) {
   if (mode == Mode::Write) free_pages_->Read();
   ReadTables();
@@ -69,8 +69,8 @@ Database::Database(std::unique_ptr<PageFile> file, double date)
   ReadTables();
 }
 
-std::unique_ptr<Database> Database::Create(const std::string& path, double date) {
-  return std::unique_ptr<Database>(new Database(std::make_unique<PageFile>(path, PageFile::Mode::Create), date));
+std::unique_ptr<Database> Database::Create(const std::string& path, double date, const std::string& shown) {
+  return std::unique_ptr<Database>(new Database(std::make_unique<PageFile>(path, PageFile::Mode::Create, shown), date));
 }
 
 Database::~Database() = default;
@@ -98,15 +98,14 @@ const TableEntry* Database::Find(const std::string& table) const {
 
 Table& Database::Open(const std::string& table) {
   const TableEntry* entry = Find(table);
-  if (entry == nullptr) throw Error("'" + file_->Path() + "' has no table '" + table + "'");
-  std::unique_ptr<Table>& open = open_[entry->page];
-  if (open) return *open;
+  if (entry == nullptr) throw Error("'" + file_->ShownPath() + "' has no table '" + table + "'");
+  if (const auto open = open_.find(entry->page); open != open_.end()) return *open->second;
   try {
-    open = std::make_unique<Table>(*file_, *free_pages_, ReadTableDefinition(*file_, entry->page), entry->name);
+    auto opened = std::make_unique<Table>(*file_, *free_pages_, ReadTableDefinition(*file_, entry->page), entry->name);
+    return *(open_[entry->page] = std::move(opened));
   } catch (const Error& error) {
-    throw Error("the table '" + table + "' of '" + file_->Path() + "' can't be opened: " + error.what());
+    throw Error("the table '" + table + "' of '" + file_->ShownPath() + "' can't be opened: " + error.what());
   }
-  return *open;
 }
 
 Table& Database::CreateTable(const TableSpec& spec, double date) {

@@ -51,9 +51,11 @@ inline constexpr std::size_t kLongestText = 255;
 class Database {
  public:
   enum class Mode { Read, Write };
-  Database(const std::string& path, Mode mode);
+  /// Errors name the file as `shown`, or by its path where that is empty: a working copy by what it is a copy of.
+  Database(const std::string& path, Mode mode, const std::string& shown = "");
   /// Makes an empty database; what stands at the path goes. `date` is when, in days since 30 December 1899.
-  [[nodiscard]] static std::unique_ptr<Database> Create(const std::string& path, double date);
+  [[nodiscard]] static std::unique_ptr<Database> Create(const std::string& path, double date,
+                                                        const std::string& shown = "");
   ~Database();
   Database(const Database&) = delete;
   Database& operator=(const Database&) = delete;

@@ -39,13 +39,13 @@ void ApplyRc4(std::span<std::uint8_t> bytes) {
 
 [[noreturn]] void ThrowErrno(const std::string& text) { throw Error(text + ": " + std::strerror(errno)); }
 
-int OpenFile(const std::string& path, PageFile::Mode mode) {
+int OpenFile(const std::string& path, PageFile::Mode mode, const std::string& shown) {
   int flags = O_CLOEXEC;
   if (mode == PageFile::Mode::Read) flags |= O_RDONLY;
   if (mode == PageFile::Mode::Write) flags |= O_RDWR;
   if (mode == PageFile::Mode::Create) flags |= O_RDWR | O_CREAT | O_TRUNC;
   const int file = open(path.c_str(), flags, 0666);
-  if (file < 0) ThrowErrno("'" + path + "' can't be opened");
+  if (file < 0) ThrowErrno("'" + shown + "' can't be opened");
   return file;
 }
 
@@ -63,15 +63,16 @@ void MaskHeader(ByteSpan plain, Page& page) {
   ApplyRc4(std::span(page).subspan(kMaskedAt, kMaskedLength));
 }
 
-PageFile::PageFile(std::string path, Mode mode) : path_(std::move(path)), mode_(mode), file_(OpenFile(path_, mode)) {
+PageFile::PageFile(const std::string& path, Mode mode, const std::string& shown)
+    : shown_(shown.empty() ? path : shown), mode_(mode), file_(OpenFile(path, mode, shown_)) {
   slots_.reserve(kKeptPages);
   if (mode_ == Mode::Create) return;
   try {
     struct stat status {};
-    if (fstat(file_, &status) != 0) ThrowErrno("'" + path_ + "' can't be read");
-    if (!S_ISREG(status.st_mode)) throw Error("'" + path_ + "' is no file");
+    if (fstat(file_, &status) != 0) ThrowErrno("'" + shown_ + "' can't be read");
+    if (!S_ISREG(status.st_mode)) throw Error("'" + shown_ + "' is no file");
     const auto size = static_cast<std::uint64_t>(status.st_size);
-    if (size > kLargestFile + kPageSize) throw Error("'" + path_ + "' is larger than the format's 2 GB");
+    if (size > kLargestFile + kPageSize) throw Error("'" + shown_ + "' is larger than the format's 2 GB");
     page_count_ = static_cast<std::uint32_t>(size / kPageSize);
     CheckHeader();
   } catch (...) {
@@ -85,31 +86,31 @@ PageFile::~PageFile() { close(file_); }
 void PageFile::CheckHeader() {
   std::array<std::uint8_t, 0x18> begin{};
   if (pread(file_, begin.data(), begin.size(), 0) != static_cast<ssize_t>(begin.size())) {
-    throw Error("'" + path_ + "' is too short for a personal geodatabase");
+    throw Error("'" + shown_ + "' is too short for a personal geodatabase");
   }
   const auto text = [&](const char* expected) {
     return std::memcmp(begin.data() + 4, expected, std::strlen(expected) + 1) == 0;
   };
   if (text("Standard ACE DB") || (text(kSignature) && begin[0x14] > 1)) {
-    throw Error("'" + path_ +
+    throw Error("'" + shown_ +
                 "' is a database of a newer format (.accdb); only the format of .mdb from 2000 on is read");
   }
-  if (!text(kSignature)) throw Error("'" + path_ + "' is no database of the format .mdb");
+  if (!text(kSignature)) throw Error("'" + shown_ + "' is no database of the format .mdb");
   if (begin[0x14] == 0) {
-    throw Error("'" + path_ + "' is a database of the format from before 2000 (Jet 3); only the later one is read");
+    throw Error("'" + shown_ + "' is a database of the format from before 2000 (Jet 3); only the later one is read");
   }
   const std::shared_ptr<const Page> page = Read(0);
   const Bytes plain = UnmaskHeader(*page);
-  if (Get16(plain, 0x3E - kMaskedAt) != 0) throw Error("'" + path_ + "' is encrypted");
+  if (Get16(plain, 0x3E - kMaskedAt) != 0) throw Error("'" + shown_ + "' is encrypted");
   if (Get32(plain, 0x6E - kMaskedAt) != 0x409) {
-    throw Error("'" + path_ + "' sorts its texts by another order than the general one (1033)");
+    throw Error("'" + shown_ + "' sorts its texts by another order than the general one (1033)");
   }
 }
 
 std::shared_ptr<const Page> PageFile::Read(std::uint32_t number) { return Load(number).page; }
 
 std::shared_ptr<Page> PageFile::Edit(std::uint32_t number) {
-  if (!Writable()) throw Error("'" + path_ + "' was opened for reading only");
+  if (!Writable()) throw Error("'" + shown_ + "' was opened for reading only");
   Slot& slot = Load(number);
   slot.changed = true;
   return slot.page;
@@ -122,14 +123,14 @@ PageFile::Slot& PageFile::Load(std::uint32_t number) {
     return slot;
   }
   if (number >= page_count_) {
-    throw Error("'" + path_ + "' points to page " + std::to_string(number) + ", and it has " +
+    throw Error("'" + shown_ + "' points to page " + std::to_string(number) + ", and it has " +
                 std::to_string(page_count_));
   }
   auto page = std::make_shared<Page>();
   const ssize_t read =
       pread(file_, page->data(), kPageSize, static_cast<off_t>(number) * static_cast<off_t>(kPageSize));
   if (read != static_cast<ssize_t>(kPageSize))
-    ThrowErrno("page " + std::to_string(number) + " of '" + path_ + "' can't be read");
+    ThrowErrno("page " + std::to_string(number) + " of '" + shown_ + "' can't be read");
   return Keep(number, std::move(page));
 }
 
@@ -158,21 +159,21 @@ void PageFile::MakeRoom() {
     }
     slot.recent = false;
   }
-  throw Error("too many pages of '" + path_ + "' are held at a time");
+  throw Error("too many pages of '" + shown_ + "' are held at a time");
 }
 
 void PageFile::WriteSlot(Slot& slot) {
   const off_t place = static_cast<off_t>(slot.number) * static_cast<off_t>(kPageSize);
   if (pwrite(file_, slot.page->data(), kPageSize, place) != static_cast<ssize_t>(kPageSize)) {
-    ThrowErrno("'" + path_ + "' can't be written");
+    ThrowErrno("'" + shown_ + "' can't be written");
   }
   slot.changed = false;
 }
 
 std::uint32_t PageFile::Append() {
-  if (!Writable()) throw Error("'" + path_ + "' was opened for reading only");
+  if (!Writable()) throw Error("'" + shown_ + "' was opened for reading only");
   if (static_cast<std::uint64_t>(page_count_ + 1) * kPageSize > kLargestFile) {
-    throw Error("'" + path_ + "' can't grow beyond 2 GB, the limit of its format");
+    throw Error("'" + shown_ + "' can't grow beyond 2 GB, the limit of its format");
   }
   const std::uint32_t number = page_count_++;
   Slot& slot = Keep(number, std::make_shared<Page>());

@@ -32,13 +32,15 @@ class PageFile {
     Create,  ///< an empty file; what stands there goes
   };
 
-  /// Checks that the file is of this format and nothing about it is unknown; the error says what is.
-  PageFile(std::string path, Mode mode);
+  /// Checks that the file is of this format and nothing about it is unknown; the error says what is. Errors name the
+  /// file as `shown`, or by its path where that is empty.
+  PageFile(const std::string& path, Mode mode, const std::string& shown = "");
   ~PageFile();
   PageFile(const PageFile&) = delete;
   PageFile& operator=(const PageFile&) = delete;
 
-  [[nodiscard]] const std::string& Path() const { return path_; }
+  /// As errors name it.
+  [[nodiscard]] const std::string& ShownPath() const { return shown_; }
   [[nodiscard]] std::uint32_t PageCount() const { return page_count_; }
   [[nodiscard]] bool Writable() const { return mode_ != Mode::Read; }
 
@@ -64,7 +66,7 @@ class PageFile {
   void MakeRoom();
   void WriteSlot(Slot& slot);
 
-  std::string path_;
+  std::string shown_;
   Mode mode_;
   int file_ = -1;
   std::uint32_t page_count_ = 0;

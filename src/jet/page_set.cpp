@@ -51,7 +51,7 @@ void PutLongForm(PageFile& file, const PageSet& pages, std::span<std::uint8_t> r
     PutBits(pages, first, std::span(*page).subspan(4));
   }
   if (pages.Last() != PageSet::kNone && pages.Last() / kPagesPerMapPage >= pointers) {
-    throw Error("a map of pages in '" + file.Path() + "' is full");
+    throw Error("a map of pages in '" + file.ShownPath() + "' is full");
   }
 }
 

@@ -58,7 +58,7 @@ std::map<std::string, std::size_t> ReadAll(const std::string& path) {
   for (const std::string& name : names) {
     try {
       const auto table = DataSource::Open(path, false)->OpenTable(name);
-      const auto cursor = table->Search(nullptr, true);
+      const auto cursor = table->SearchRows(nullptr, true);
       std::size_t count = 0;
       while (cursor->NextRow()) ++count;
       rows[name] = count;

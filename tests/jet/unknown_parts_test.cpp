@@ -69,7 +69,7 @@ TEST(JetUnknownParts, ATableThatIsntUnderstoodCostsNoOther) {
   const StrangeRow kRows[] = {
       {"type of a column", kColumnsAt + 25, 0x11, "type 17, which isn't known"},
       {"kind of page", 0, 9, "is no definition of a table"},
-      {"count of columns", 45, 0xFF, "reaches beyond its end"},
+      {"count of columns", 45, 0xFF, "type 0, which isn't known"},
       {"map of its pages", 56, 0x70, "points to page"},
   };
   for (const StrangeRow& row : kRows) {
@@ -105,7 +105,9 @@ TEST(JetUnknownParts, ADefinitionThatIsntWhollyKnownGetsNoColumn) {
   MakeCities(path);
   ChangePage(path, PageOf(path, "Strange"), [](Page& page) { page[30] = 7; });
   Database database(path, Database::Mode::Write);
-  EXPECT_THAT(ErrorOf([&] { database.AddColumn("Strange", {"More", ColumnType::Double}); }),
+  EXPECT_THAT(ErrorOf([&] {
+                database.AddColumn("Strange", {"More", ColumnType::Double});
+              }),
               HasSubstr("'Strange' holds what isn't known here"));
   database.Open("Strange").Insert({std::monostate{}, std::string("Rome"), {}});
   database.AddColumn("Plain", {"More", ColumnType::Double});

@@ -6,6 +6,7 @@
 
 #include "engine/data_source.h"
 #include "hosts/terminal/refusal.h"
+#include "outputs/formats.h"
 #include "platform/text_formats.h"
 
 namespace tessarine {
@@ -33,15 +34,18 @@ std::shared_ptr<DocumentFeatureLayer> FindInDocument(const MapDocument& document
   return found;
 }
 
-// The geodatabase that a class is named in, as outputs are, by its folder or by that of a feature dataset; or nothing.
+// The geodatabase that a class is named in, as outputs are, by its path or by that of a feature dataset; or nothing.
 // A class bears its name in the whole geodatabase alone.
 std::string GeodatabaseAbove(const std::string& text) {
   std::filesystem::path above = text;
   for (int level = 0; level < 2; ++level) {
     above = above.parent_path();
     std::error_code error;
-    const bool is_geodatabase = EndsWithIgnoringCase(above.string(), ".gdb");
-    if (is_geodatabase && std::filesystem::is_directory(above, error)) return above.string();
+    const Format* format = FormatOfPath(above.string());
+    if (format == nullptr || !format->feature_datasets) continue;
+    const bool is_there =
+        format->folder ? std::filesystem::is_directory(above, error) : std::filesystem::is_regular_file(above, error);
+    if (is_there) return above.string();
   }
   return "";
 }

@@ -115,7 +115,8 @@ void RefuseBrokenContainer(const OutputPlace& place) {
   if (!place.InContainer() || !fs::exists(place.container)) return;
   try {
     (void)DataSource::Open(place.container, false);
-    if (engine::IsPersonalGeodatabase(place.container)) engine::RequireWritableGeodatabase(place.container);
+    if (!engine::IsPersonalGeodatabase(place.container)) return;
+    engine::RequireWritableGeodatabase(place.container, engine::PersonalUse::NewClass);
   } catch (const Fault& fault) {
     throw Refusal("The output '" + place.NativePath() + "' can't be made. " + fault.Description());
   }
