@@ -127,6 +127,18 @@ std::string StoredPersonalDataset(const std::string& native_path, const std::str
   });
 }
 
+PersonalListing ListPersonalGeodatabase(const std::string& native_path) {
+  PersonalListing listing;
+  (void)LookInto(native_path, [&](jet::Database& database) -> std::string {
+    for (const PersonalDataset& dataset : ReadPersonalDatasets(database)) listing.datasets.push_back(dataset.name);
+    for (const PersonalClass& one : ReadPersonalClasses(database)) {
+      listing.classes.push_back({one.name, DatasetOfPersonalClass(database, one.name), !one.shape_column.empty()});
+    }
+    return "";
+  });
+  return listing;
+}
+
 std::string ClassOfPersonalDataset(const std::string& native_path, const std::string& dataset) {
   return LookInto(native_path, [&](jet::Database& database) -> std::string {
     for (const PersonalClass& one : ReadPersonalClasses(database)) {

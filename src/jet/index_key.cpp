@@ -17,28 +17,32 @@ constexpr std::array<std::uint8_t, 26> kLetters = {0x4A, 0x4C, 0x4D, 0x4F, 0x51,
 constexpr std::array<std::uint8_t, 10> kDigits = {0x36, 0x38, 0x3A, 0x3C, 0x3E, 0x40, 0x42, 0x44, 0x46, 0x48};
 
 template <class Unsigned>
-void AppendHighFirst(Bytes& key, Unsigned number) {
-  for (std::size_t byte = sizeof number; byte-- > 0;) key.push_back(static_cast<std::uint8_t>(number >> (byte * 8)));
+void AppendHighFirst(Key& key, Unsigned number) {
+  for (std::size_t byte = sizeof number; byte-- > 0;) key.push_back(static_cast<char>(number >> (byte * 8)));
 }
 
 template <class Unsigned>
-void AppendReal(Bytes& key, Unsigned bits) {
+void AppendReal(Key& key, Unsigned bits) {
   constexpr auto kSign = static_cast<Unsigned>(Unsigned{1} << (sizeof(Unsigned) * 8 - 1));
   AppendHighFirst(key, static_cast<Unsigned>((bits & kSign) != 0 ? ~bits : bits | kSign));
 }
 
-void AppendText(Bytes& key, const std::string& column, const std::string& text) {
+void AppendBytes(Key& key, std::initializer_list<std::uint8_t> bytes) {
+  for (const std::uint8_t byte : bytes) key.push_back(static_cast<char>(byte));
+}
+
+void AppendText(Key& key, const std::string& column, const std::string& text) {
   std::size_t characters = 0;
   for (const char c : text) {
     if (++characters > kCharactersInKey) break;
     if (c >= 'a' && c <= 'z') {
-      key.push_back(kLetters[static_cast<std::size_t>(c - 'a')]);
+      AppendBytes(key, {kLetters[static_cast<std::size_t>(c - 'a')]});
     } else if (c >= 'A' && c <= 'Z') {
-      key.push_back(kLetters[static_cast<std::size_t>(c - 'A')]);
+      AppendBytes(key, {kLetters[static_cast<std::size_t>(c - 'A')]});
     } else if (c >= '0' && c <= '9') {
-      key.push_back(kDigits[static_cast<std::size_t>(c - '0')]);
+      AppendBytes(key, {kDigits[static_cast<std::size_t>(c - '0')]});
     } else if (c == '_') {
-      key.insert(key.end(), {0x2B, 0x03});
+      AppendBytes(key, {0x2B, 0x03});
     } else if (c == ' ') {
       key.push_back(0x07);
     } else {
@@ -46,22 +50,22 @@ void AppendText(Bytes& key, const std::string& column, const std::string& text) 
                          "': its order of characters other than A to Z, digits, blank and underline isn't known");
     }
   }
-  key.insert(key.end(), {0x01, 0x00});
+  AppendBytes(key, {0x01, 0x00});
 }
 
-void AppendGuid(Bytes& key, ByteSpan guid) {
+void AppendGuid(Key& key, ByteSpan guid) {
   for (std::size_t index = 0; index < kGuidOrder.size(); ++index) {
-    key.push_back(Get8(guid, kGuidOrder[index]));
+    AppendBytes(key, {Get8(guid, kGuidOrder[index])});
     if (index == 7) key.push_back(0x09);
   }
   key.push_back(0x08);
 }
 
-Bytes ValueKey(const Column& column, const Value& value) {
-  Bytes key;
+Key ValueKey(const Column& column, const Value& value) {
+  Key key;
   switch (column.type) {
     case ColumnType::Byte:
-      key.push_back(static_cast<std::uint8_t>(std::get<std::int32_t>(value)));
+      key.push_back(static_cast<char>(std::get<std::int32_t>(value)));
       break;
     case ColumnType::Short:
       AppendHighFirst(key,
@@ -94,19 +98,19 @@ Bytes ValueKey(const Column& column, const Value& value) {
 
 }  // namespace
 
-Bytes IndexKey(const TableDefinition& table, const Index& index, const RowValues& values) {
-  Bytes key;
+Key IndexKey(const TableDefinition& table, const Index& index, const RowValues& values) {
+  Key key;
   for (const IndexColumn& part : index.columns) {
     const std::size_t place = table.PlaceOf(part.column);
     const std::size_t begin = key.size();
     if (IsNull(values[place])) {
-      key.push_back(kNull);
+      AppendBytes(key, {kNull});
     } else {
-      key.push_back(kValue);
-      AppendBytes(key, ValueKey(table.columns[place], values[place]));
+      AppendBytes(key, {kValue});
+      key += ValueKey(table.columns[place], values[place]);
     }
     if (!part.descending) continue;
-    for (std::size_t at = begin; at < key.size(); ++at) key[at] = static_cast<std::uint8_t>(~key[at]);
+    for (std::size_t at = begin; at < key.size(); ++at) key[at] = static_cast<char>(~key[at]);
   }
   return key;
 }

@@ -10,9 +10,15 @@
 // key here. Whoever has rows with such texts takes their keys from the index that is there.
 #pragma once
 
+#include <string>
+
 #include "jet/row.h"
 
 namespace tessarine::jet {
+
+/// Bytes in the order of unsigned ones, as texts of characters compare. Those of numbers are short enough to take no
+/// memory of their own.
+using Key = std::string;
 
 /// A value whose place in the order of an index isn't known.
 class UnknownOrder : public Error {
@@ -22,7 +28,7 @@ class UnknownOrder : public Error {
 
 /// The key of a row; an `UnknownOrder` names the column and the value. `values` are in the order of the table's
 /// columns.
-[[nodiscard]] Bytes IndexKey(const TableDefinition& table, const Index& index, const RowValues& values);
+[[nodiscard]] Key IndexKey(const TableDefinition& table, const Index& index, const RowValues& values);
 /// Whether all columns of the index are null in this row.
 [[nodiscard]] bool AllNull(const TableDefinition& table, const Index& index, const RowValues& values);
 

@@ -23,16 +23,15 @@ void CheckPage(const Page& page, std::uint32_t owner) {
 IndexEntries EntriesOf(const Page& page) {
   IndexEntries entries;
   const std::size_t shared = Get16(page, 24);
-  Bytes prefix;
+  Key prefix;
   std::size_t begin = 0;
   for (std::size_t byte = 0; byte < kMaskLength; ++byte) {
     for (unsigned bits = page[kMaskAt + byte]; bits != 0; bits &= bits - 1) {
       const std::size_t end = byte * 8 + static_cast<unsigned>(std::countr_zero(bits));
       const ByteSpan part = Part(ByteSpan(page), kEntriesAt + begin, end - begin);
-      Bytes entry = prefix;
-      AppendBytes(entry, part);
-      if (entries.empty())
-        prefix.assign(part.begin(), part.begin() + static_cast<std::ptrdiff_t>(std::min(shared, part.size())));
+      Key entry = prefix;
+      entry.append(part.begin(), part.end());
+      if (entries.empty()) prefix = entry.substr(0, shared);
       if (entry.size() < 4) throw Error("an entry of an index is too short");
       entries.push_back(std::move(entry));
       begin = end;
@@ -41,9 +40,9 @@ IndexEntries EntriesOf(const Page& page) {
   return entries;
 }
 
-std::uint32_t HighFirst(ByteSpan bytes) {
+std::uint32_t HighFirst(std::string_view bytes) {
   std::uint32_t number = 0;
-  for (const std::uint8_t byte : bytes.last(4)) number = number << 8U | byte;
+  for (const char byte : bytes.substr(bytes.size() - 4)) number = number << 8U | static_cast<std::uint8_t>(byte);
   return number;
 }
 
@@ -53,7 +52,7 @@ void Collect(PageFile& file, std::uint32_t number, std::uint32_t owner, int dept
   const std::shared_ptr<const Page> page = file.Read(number);
   CheckPage(*page, owner);
   if ((*page)[0] == kLeaf) return;
-  for (const Bytes& entry : EntriesOf(*page)) Collect(file, HighFirst(entry), owner, depth + 1, pages);
+  for (const Key& entry : EntriesOf(*page)) Collect(file, HighFirst(entry), owner, depth + 1, pages);
   const std::uint32_t tail = Get32(*page, 20);
   if (tail != 0 && !pages.Contains(tail)) Collect(file, tail, owner, depth + 1, pages);
 }
@@ -77,14 +76,14 @@ class Level {
     Begin();
   }
 
-  void Add(const Bytes& entry) {
+  void Add(const Key& entry) {
     if (used_ + entry.size() > kRoom) {
       const std::uint32_t before = numbers_.back();
       Begin();
       Put32(*file_.Edit(before), 16, numbers_.back());
       Put32(*page_, 12, before);
     }
-    std::ranges::copy(entry, page_->begin() + static_cast<std::ptrdiff_t>(kEntriesAt + used_));
+    std::memcpy(page_->data() + kEntriesAt + used_, entry.data(), entry.size());
     used_ += entry.size();
     (*page_)[kMaskAt + used_ / 8] = static_cast<std::uint8_t>((*page_)[kMaskAt + used_ / 8] | 1U << (used_ % 8));
     Put16(*page_, 2, kRoom - used_);
@@ -98,7 +97,7 @@ class Level {
     for (std::size_t index = 0; index < numbers_.size(); ++index) {
       above.push_back(last_[index]);
       for (unsigned shift = 32; shift > 0; shift -= 8) {
-        above.back().push_back(static_cast<std::uint8_t>(numbers_[index] >> (shift - 8)));
+        above.back().push_back(static_cast<char>(numbers_[index] >> (shift - 8)));
       }
     }
     return above;
@@ -133,12 +132,12 @@ class Level {
 
 }  // namespace
 
-void AppendRowPlace(Bytes& key, RowId row) {
-  for (unsigned shift = 24; shift > 0; shift -= 8) key.push_back(static_cast<std::uint8_t>(row.page >> (shift - 8)));
-  key.push_back(row.slot);
+void AppendRowPlace(Key& key, RowId row) {
+  for (unsigned shift = 24; shift > 0; shift -= 8) key.push_back(static_cast<char>(row.page >> (shift - 8)));
+  key.push_back(static_cast<char>(row.slot));
 }
 
-RowId RowOfEntry(ByteSpan entry) { return RowId::FromPointer(HighFirst(entry)); }
+RowId RowOfEntry(std::string_view entry) { return RowId::FromPointer(HighFirst(entry)); }
 
 IndexEntries ReadIndexEntries(PageFile& file, std::uint32_t root, std::uint32_t owner) {
   IndexEntries all;
@@ -168,7 +167,7 @@ BuiltIndex BuildIndex(PageFile& file, FreePages& free_pages, const IndexEntries&
   const IndexEntries* level_entries = &entries;
   for (std::uint8_t height = 0; height < kDeepest; ++height) {
     Level level(file, free_pages, owner, height, built.pages);
-    for (const Bytes& entry : *level_entries) {
+    for (const Key& entry : *level_entries) {
       if (entry.size() > kRoom / 4) throw Error("a key is too long for its index");
       level.Add(entry);
     }

@@ -11,14 +11,16 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
+#include "jet/index_key.h"
 #include "jet/page_set.h"
 
 namespace tessarine::jet {
 
 /// Keys with the places of their rows, as they stand in the leaves.
-using IndexEntries = std::vector<Bytes>;
+using IndexEntries = std::vector<Key>;
 
 /// What the leaves hold, in their order. An error for a tree that is damaged.
 [[nodiscard]] IndexEntries ReadIndexEntries(PageFile& file, std::uint32_t root, std::uint32_t owner);
@@ -34,9 +36,9 @@ struct BuiltIndex {
                                     std::uint32_t owner);
 
 /// Adds the place of its row to a key.
-void AppendRowPlace(Bytes& key, RowId row);
+void AppendRowPlace(Key& key, RowId row);
 /// The key without the place, and the place.
-[[nodiscard]] inline ByteSpan KeyOfEntry(ByteSpan entry) { return entry.first(entry.size() - 4); }
-[[nodiscard]] RowId RowOfEntry(ByteSpan entry);
+[[nodiscard]] inline std::string_view KeyOfEntry(std::string_view entry) { return entry.substr(0, entry.size() - 4); }
+[[nodiscard]] RowId RowOfEntry(std::string_view entry);
 
 }  // namespace tessarine::jet

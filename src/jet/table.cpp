@@ -151,15 +151,14 @@ void Table::CheckKey(const Index& index, const RowValues& values) const {
   (void)IndexKey(definition_, index, values);
 }
 
-Bytes Table::KeyOf(std::size_t index, const RowValues& values, RowId id) const {
+Key Table::KeyOf(std::size_t index, const RowValues& values, RowId id) const {
   try {
     return IndexKey(definition_, definition_.indexes[index], values);
   } catch (const UnknownOrder&) {
     const auto [kept, fresh] = kept_keys_.try_emplace(index);
     if (fresh) {
-      for (const Bytes& entry : ReadIndexEntries(file_, definition_.indexes[index].root, definition_.page)) {
-        const ByteSpan key = KeyOfEntry(entry);
-        kept->second[RowOfEntry(entry)] = {key.begin(), key.end()};
+      for (const Key& entry : ReadIndexEntries(file_, definition_.indexes[index].root, definition_.page)) {
+        kept->second[RowOfEntry(entry)] = KeyOfEntry(entry);
       }
     }
     const auto found = kept->second.find(id);
@@ -249,12 +248,18 @@ std::string Table::IndexLabel(std::size_t index) const {
 std::vector<IndexEntries> Table::EntriesFromRows() const {
   std::vector<IndexEntries> all(definition_.indexes.size());
   if (all.empty()) return all;
+  std::vector<std::size_t> indexed;
+  for (const Index& index : definition_.indexes) {
+    for (const IndexColumn& part : index.columns) indexed.push_back(definition_.PlaceOf(part.column));
+  }
+  for (IndexEntries& entries : all) entries.reserve(std::min<std::size_t>(definition_.row_count, 1U << 20U));
+  RowValues values(definition_.columns.size());
   for (Scan scan(*this); scan.Next();) {
-    const RowValues values = scan.Values();
+    for (const std::size_t place : indexed) values[place] = UnpackValue(definition_, scan.Bytes(), place);
     for (std::size_t index = 0; index < all.size(); ++index) {
       const Index& described = definition_.indexes[index];
       if (described.IgnoresNull() && AllNull(definition_, described, values)) continue;
-      Bytes entry = KeyOf(index, values, scan.Id());
+      Key entry = KeyOf(index, values, scan.Id());
       AppendRowPlace(entry, scan.Id());
       all[index].push_back(std::move(entry));
     }
@@ -279,8 +284,7 @@ void Table::RebuildIndexes() {
     const IndexEntries& entries = all[place];
     std::uint32_t distinct = 0;
     for (std::size_t entry = 0; entry < entries.size(); ++entry) {
-      const bool new_key =
-          entry == 0 || !std::ranges::equal(KeyOfEntry(entries[entry - 1]), KeyOfEntry(entries[entry]));
+      const bool new_key = entry == 0 || KeyOfEntry(entries[entry - 1]) != KeyOfEntry(entries[entry]);
       if (new_key) ++distinct;
     }
     if (index.IsUnique() && distinct != entries.size()) {

@@ -97,7 +97,7 @@ class Table {
   [[nodiscard]] LongReference StoreLong(const Column& column, const Value& value, LongPlace place);
   void FreeLong(const Column& column, const Value& value);
   void NoteNumber(const RowValues& values);
-  [[nodiscard]] Bytes KeyOf(std::size_t index, const RowValues& values, RowId id) const;
+  [[nodiscard]] Key KeyOf(std::size_t index, const RowValues& values, RowId id) const;
   [[nodiscard]] bool SameKey(const Index& index, const RowValues& one, const RowValues& other) const;
   void CheckKey(const Index& index, const RowValues& values) const;
   void MoveKeptKeys(RowId from, RowId to, const RowValues& before, const RowValues& values);
@@ -110,7 +110,7 @@ class Table {
   RowStore rows_;
   std::map<std::uint16_t, std::unique_ptr<RowStore>> long_stores_;
   // By index: the keys on disk of the rows whose keys can't be made.
-  mutable std::map<std::size_t, std::map<RowId, Bytes>> kept_keys_;
+  mutable std::map<std::size_t, std::map<RowId, Key>> kept_keys_;
   bool compared_ = false, changed_ = false, indexes_stale_ = false;
 };
 

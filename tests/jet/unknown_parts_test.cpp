@@ -132,11 +132,11 @@ class JetUnknownOrder : public ::testing::Test {
     std::copy(after.begin(), after.end(), found);
     database.File().Flush();
   }
-  Bytes KeyAt(RowId row) const {
+  Key KeyAt(RowId row) const {
     Database database(path_, Database::Mode::Read);
     const TableDefinition& definition = database.Open("Strange").Definition();
-    for (const Bytes& entry : ReadIndexEntries(database.File(), definition.indexes[0].root, definition.page)) {
-      if (RowOfEntry(entry) == row) return {KeyOfEntry(entry).begin(), KeyOfEntry(entry).end()};
+    for (const Key& entry : ReadIndexEntries(database.File(), definition.indexes[0].root, definition.page)) {
+      if (RowOfEntry(entry) == row) return Key(KeyOfEntry(entry));
     }
     return {};
   }
@@ -152,7 +152,7 @@ class JetUnknownOrder : public ::testing::Test {
 };
 
 TEST_F(JetUnknownOrder, TheKeyThatIsThereStaysWithItsRow) {
-  const Bytes key = KeyAt(row_);
+  const Key key = KeyAt(row_);
   ASSERT_FALSE(key.empty());
   RowId moved;
   {
@@ -165,7 +165,7 @@ TEST_F(JetUnknownOrder, TheKeyThatIsThereStaysWithItsRow) {
   }
   EXPECT_NE(moved, row_);
   EXPECT_EQ(KeyAt(moved), key);
-  EXPECT_EQ(KeyAt(row_), Bytes());
+  EXPECT_EQ(KeyAt(row_), "");
   ExpectSound(203);
   Database database(path_, Database::Mode::Read);
   EXPECT_THAT(CheckDatabase(database).unknown_order, ::testing::ElementsAre("the index 'ByTown' of 'Strange'"));
@@ -188,7 +188,7 @@ TEST_F(JetUnknownOrder, TheRowCanGo) {
     database.Open("Strange").Delete(row_);
     database.Commit();
   }
-  EXPECT_EQ(KeyAt(row_), Bytes());
+  EXPECT_EQ(KeyAt(row_), "");
   ExpectSound(2);
 }
 

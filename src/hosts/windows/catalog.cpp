@@ -8,6 +8,7 @@
 #include <filesystem>
 
 #include "engine/data_source.h"
+#include "engine/personal_geodatabase_dataset.h"
 #include "outputs/formats.h"
 #include "platform/fault.h"
 #include "platform/paths.h"
@@ -87,13 +88,19 @@ void ListLayers(GDALDataset& data, const CatalogItem& geodatabase, const std::ve
   }
 }
 
-// All classes stand at the root.
 void ListPersonalGeodatabase(const CatalogItem& container, GxFilter filter, std::vector<CatalogItem>& items) {
   try {
-    for (const LayerInfo& info : DataSource::Open(container.path, false)->Infos()) {
-      const bool table = info.shape_type == esriGeometryNull;
-      if (filter != (table ? GxFilter::Tables : GxFilter::FeatureClasses)) continue;
-      items.push_back({table ? CatalogKind::Table : CatalogKind::FeatureClass, container.path, "", info.name});
+    const engine::PersonalListing listing = engine::ListPersonalGeodatabase(container.path);
+    if (container.dataset.empty()) {
+      for (const std::string& name : listing.datasets) {
+        items.push_back({CatalogKind::FeatureDataset, container.path, name, name});
+      }
+    }
+    for (const engine::PersonalListing::Class& one : listing.classes) {
+      if (!EqualsIgnoringCase(one.dataset, container.dataset)) continue;
+      if (filter != (one.has_shapes ? GxFilter::FeatureClasses : GxFilter::Tables)) continue;
+      const CatalogKind kind = one.has_shapes ? CatalogKind::FeatureClass : CatalogKind::Table;
+      items.push_back({kind, container.path, one.dataset, one.name});
     }
   } catch (const Fault&) {
     // What can't be read has nothing to choose from.
@@ -153,10 +160,11 @@ class GxDatasetItem final : public GxItem, public IGxDataset {
   [[nodiscard]] std::shared_ptr<IDataset> Dataset() const override {
     const CatalogItem& item = Item();
     switch (item.kind) {
-      case CatalogKind::FeatureDataset:
-        return CreateFileGDBWorkspaceFactory()
-            ->OpenFromFile(FromNativePath(item.path), 0)
-            ->OpenFeatureDataset(item.dataset);
+      case CatalogKind::FeatureDataset: {
+        const bool personal = IsIn(item.path, ".mdb");
+        const auto factory = personal ? CreateAccessWorkspaceFactory() : CreateFileGDBWorkspaceFactory();
+        return factory->OpenFromFile(FromNativePath(item.path), 0)->OpenFeatureDataset(item.dataset);
+      }
       case CatalogKind::FeatureClass:
         return DataSource::Open(item.path, false)->OpenFeatureClass(item.name);
       case CatalogKind::Shapefile:
@@ -214,9 +222,9 @@ std::optional<CatalogItem> FindContainer(const std::string& native_path) {
     return PlaceAt(KindOfGeodatabase(*format), path);
   }
   const Format* above = GeodatabaseFormat(path.parent_path().string());
-  if (above == nullptr || !above->folder || !fs::is_directory(path.parent_path(), error)) return std::nullopt;
+  if (above == nullptr || above->folder != fs::is_directory(path.parent_path(), error)) return std::nullopt;
   const std::string name = path.filename().string();
-  CatalogItem geodatabase = PlaceAt(CatalogKind::FileGeodatabase, path.parent_path());
+  CatalogItem geodatabase = PlaceAt(KindOfGeodatabase(*above), path.parent_path());
   if (!HasDataset(geodatabase, name)) return std::nullopt;
   return CatalogItem{CatalogKind::FeatureDataset, geodatabase.path, name, name};
 }

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-2.0-or-later
-"""Results of every place come back as layers: overwritten shapefiles that the map shows, and geodatabases."""
+"""Results of every place come back as layers: overwritten shapefiles that the map shows, and geodatabases of both kinds."""
 from program_steps import (WORK, QgsProject, choose_line, command, expect, make_layer, press, read_report, type_into)
 from osgeo import ogr
 
@@ -54,3 +54,9 @@ def scenario():
     # A result is a layer like any other: it serves as input.
     again = convert("both", place / "more")
     assert again.featureCount() == second.featureCount()
+
+    personal = WORK / "store.mdb"
+    make_geodatabase(personal)
+    kept = convert("square", personal / "corners")
+    assert kept.featureCount() == few, kept.featureCount()
+    assert convert("corners", personal / "again", command_name="Tessarine_ShapesToVertices")

@@ -74,10 +74,12 @@ class HostDialogsTest : public testing::WindowsTest {
   }
   // A geodatabase with a class at its root and one in a dataset.
   void MakeGeodatabase() const {
-    const std::string gdb = folder.Native("world.gdb");
-    CreateFileGeodatabase(gdb);
+    CreateFileGeodatabase(folder.Native("world.gdb"));
+    FillGeodatabase(folder.Native("world.gdb"), *CreateFileGDBWorkspaceFactory());
+  }
+  static void FillGeodatabase(const std::string& gdb, IWorkspaceFactory& factory) {
     PromiseFeatureDataset(gdb, "places", SpatialReferenceEnvironment::CreateFromText("EPSG:4326"));
-    const auto workspace = CreateFileGDBWorkspaceFactory()->OpenFromFile(FromNativePath(gdb), 0);
+    const auto workspace = factory.OpenFromFile(FromNativePath(gdb), 0);
     const auto source = DataSource::Open(TESSARINE_TEST_DATA "/cities.shp", false)->OpenFeatureClass("");
     const auto fields = source->Fields();
     (void)testing::Published(
@@ -215,6 +217,59 @@ TEST_F(HostDialogsTest, BrowsingWalksFoldersAndGeodatabasesAndTakesTypedNames) {
               Click(window, "cmdCancel");
             }),
             "cancelled");
+}
+
+TEST_F(HostDialogsTest, APersonalGeodatabaseIsMadeWalkedAndChosenFrom) {
+  const auto browse = [&](auto user) {
+    const auto dialog = host.CreateGxDialog();
+    dialog->AddFilter(GxFilter::FeatureClasses, true);
+    dialog->SetStartingLocation(folder.Path());
+    WhenModal([user](QWidget& window) { user(window); });
+    if (!dialog->DoModalSave(0)) return std::string("cancelled");
+    const auto place = dialog->FinalLocation();
+    const auto dataset = Cast<IGxDataset>(place);
+    return place->Category() + "|" + place->FullName() + "|" + dialog->Name() +
+           (dataset ? "|" + dataset->Dataset()->Name() : "");
+  };
+  EXPECT_EQ(browse([](QWidget& window) {
+              WhenModal([](QWidget& question) {
+                QTest::keyClicks(question.findChild<QLineEdit*>(), "world.mdb");
+                QTest::keyClick(&question, Qt::Key_Return);
+              });
+              Click(window, "cmdNewGeodatabase");
+              EXPECT_THAT(Lines(window), ElementsAre());
+              Type(window, "txtName", "roads");
+              Click(window, "cmdEnter");
+            }),
+            "Personal Geodatabase|" + folder.Path("world.mdb") + "|roads");
+  FillGeodatabase(folder.Native("world.mdb"), *CreateAccessWorkspaceFactory());
+  EXPECT_EQ(browse([](QWidget& window) {
+              EXPECT_THAT(Lines(window), ElementsAre("world.mdb"));
+              Double(window, "world.mdb");
+              EXPECT_THAT(Lines(window), ElementsAre("places", "towns"));
+              Double(window, "places");
+              EXPECT_THAT(Lines(window), ElementsAre("cities"));
+              Type(window, "txtName", "lakes");
+              Click(window, "cmdEnter");
+            }),
+            "Personal Geodatabase Feature Dataset|" + folder.Path("world.mdb") + "\\places|lakes|places");
+  EXPECT_EQ(browse([&](QWidget& window) {
+              Type(window, "txtName", folder.Native("world.mdb") + "/places/rivers");
+              Click(window, "cmdEnter");
+            }),
+            "Personal Geodatabase Feature Dataset|" + folder.Path("world.mdb") + "\\places|rivers|places");
+  const auto open = host.CreateGxDialog();
+  open->AddFilter(GxFilter::FeatureClasses, true);
+  open->SetStartingLocation(folder.Path("world.mdb"));
+  WhenModal([](QWidget& window) {
+    Type(window, "txtName", "Towns");
+    Click(window, "cmdEnter");
+  });
+  std::vector<std::shared_ptr<IGxObject>> chosen;
+  ASSERT_TRUE(open->DoModalOpen(0, chosen));
+  ASSERT_EQ(chosen.size(), 1U);
+  EXPECT_EQ(chosen.front()->Category(), "Personal Geodatabase Feature Class");
+  EXPECT_EQ(Cast<IGxDataset>(chosen.front())->Dataset()->Name(), "towns");
 }
 
 TEST_F(HostDialogsTest, ReturnThatLeadsToAPlaceDoesNotConfirm) {
