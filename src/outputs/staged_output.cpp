@@ -340,6 +340,9 @@ StagedOutput::StagedOutput(const fs::path& target, Begin begin) : target_(Resolv
   copied_ = IdentityOf(target_);
   try {
     for (const fs::path& file : FilesOfDataset(target_)) {
+      // Copying tells of a full disk as of any other failure.
+      const bool fits = fs::is_directory(file) || fs::space(fresh).available >= fs::file_size(file);
+      if (!fits) throw fs::filesystem_error("copy", file, std::make_error_code(std::errc::no_space_on_device));
       fs::copy(file, fresh / file.filename(), fs::copy_options::recursive);
     }
   } catch (const fs::filesystem_error& error) {

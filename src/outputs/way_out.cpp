@@ -36,7 +36,8 @@ bool MayWrite(const fs::path& path) {
 
 std::string WayOut(const std::string& path, const std::string& complaint) {
   const fs::path folder = fs::absolute(path).parent_path();
-  if (DiskIsFull(folder)) return ": there is no room left on its disk.";
+  if (DiskIsFull(folder) || complaint.find("No space left") != std::string::npos)
+    return ": there is no room left on its disk.";
   if (!MayWrite(path) || !MayWrite(folder)) return ": it may not be written to; check its permissions.";
   // File geodatabases keep coordinates as whole steps from a corner.
   if (complaint.find("Cannot encode") != std::string::npos) {

@@ -288,7 +288,7 @@ TEST_F(Vertices, ReportInEveryKind) {
 }
 
 TEST_F(Vertices, WithoutRoomTheReportTellsWhatIsOnTheDisk) {
-  for (const char* name : {"out.shp", "out.gdb/out"}) {
+  for (const char* name : {"out.shp", "out.gdb/out", "out.mdb/out"}) {
     const std::filesystem::path path(In(name));
     const bool shapefile = path.extension() == ".shp";
     const ProgramOutcome run = RunWithoutRoom(

@@ -99,8 +99,13 @@ std::unique_ptr<QgsVectorLayer> VectorLayer::MakeShown() const {
   auto layer = std::make_unique<QgsVectorLayer>(SourceOf(*dataset), ToQt(name_.empty() ? dataset->Name() : name_),
                                                 QStringLiteral("ogr"), options);
   if (layer->isValid()) return layer;
-  Raise(kEngine, "'" + ToNativePath(dataset->FullName()) +
-                     "' was written, but can't be shown in the map: " + FromQt(layer->error().summary()));
+  std::string why = FromQt(layer->error().summary());
+  if (dataset->Category().starts_with("Personal Geodatabase")) {
+    why += (why.empty() ? "" : " ") +
+           std::string("The program reads personal geodatabases through ODBC only: install ") +
+           "a driver for them (odbc-mdbtools), or name another output.";
+  }
+  Raise(kEngine, "'" + ToNativePath(dataset->FullName()) + "' was written, but can't be shown in the map: " + why);
 }
 
 std::string VectorLayer::Name() const { return layer_ ? FromQt(layer_->name()) : name_; }
