@@ -83,12 +83,13 @@ void PersonalLayer::DefineFields() {
       columns_.push_back(index);
     }
   }
+  FindMeasures();
 }
 
 void PersonalLayer::ResetReading() {
   scan_.reset();
   rows_read_ = 0;
-  walking_ = false;
+  last_number_ = kBeforeAll;
   failed_ = false;
 }
 
@@ -120,23 +121,34 @@ std::unique_ptr<OGRFeature> PersonalLayer::FeatureOf(GIntBig fid, jet::RowValues
   return feature;
 }
 
+// Rows that grew lie behind the others. They are read in the order of their numbers all the same, as long as each has
+// one of its own.
+bool PersonalLayer::ReadsByNumber() {
+  if (by_number_) return *by_number_;
+  if (access_ == Access::Write) return *(by_number_ = true);
+  by_number_ = false;
+  if (!fid_column_) return false;
+  std::int64_t last = kBeforeAll;
+  std::size_t rows = 0;
+  bool ascending = true;
+  for (jet::Table::Scan scan(table_); scan.Next(); ++rows) {
+    const jet::Value value = jet::UnpackValue(table_.Definition(), scan.Bytes(), *fid_column_);
+    const auto* number = std::get_if<std::int32_t>(&value);
+    ascending = ascending && number != nullptr && *number > last;
+    if (number != nullptr) last = *number;
+  }
+  if (!ascending) by_number_ = Places().size() == rows;
+  return *by_number_;
+}
+
 std::unique_ptr<OGRFeature> PersonalLayer::NextRow() {
-  if (access_ == Access::Write) {
-    if (!walking_) {
-      walking_ = true;
-      next_in_walk_ = 0;
-      walk_.clear();
-      std::vector<std::pair<jet::RowId, std::int32_t>> rows;
-      for (const auto& [fid, place] : Places()) rows.emplace_back(place, fid);
-      std::ranges::sort(rows);
-      for (const auto& [place, fid] : rows) walk_.push_back(fid);
-    }
-    while (next_in_walk_ < walk_.size()) {
-      const std::int32_t fid = walk_[next_in_walk_++];
-      const auto found = Places().find(fid);
-      if (found != Places().end()) return FeatureOf(fid, table_.Read(found->second));
-    }
-    return nullptr;
+  if (ReadsByNumber()) {
+    const auto& places = Places();
+    const bool begins = last_number_ == kBeforeAll;
+    const auto next = begins ? places.begin() : places.upper_bound(static_cast<std::int32_t>(last_number_));
+    if (next == places.end()) return nullptr;
+    last_number_ = next->first;
+    return FeatureOf(next->first, table_.Read(next->second));
   }
   if (!scan_) scan_.emplace(table_);
   if (!scan_->Next()) return nullptr;
@@ -217,6 +229,7 @@ OGRErr PersonalLayer::CreateField(OGRFieldDefn* field, int) {
     database_->AddColumn(description_.name, ColumnOfField(*field, table_.Definition()));
     definition_->AddFieldDefn(field);
     columns_.push_back(table_.Definition().columns.size() - 1);
+    FindMeasures();
     TellNewField(*database_, description_.name, field->GetNameRef());
   });
   return made ? OGRERR_NONE : OGRERR_FAILURE;
@@ -227,7 +240,7 @@ jet::Value PersonalLayer::ValueOf(const OGRFeature& feature, int attribute) cons
 }
 
 // The shape, the columns that tell its length and area, and its row in the grid.
-void PersonalLayer::AddShape(const OGRFeature& feature, std::int32_t fid, jet::ValueChanges& changes) {
+void PersonalLayer::AddShape(const OGRFeature& feature, std::int32_t fid, Row row, jet::ValueChanges& changes) {
   if (!shape_column_) return;
   const OGRGeometry* shape = feature.GetGeometryRef();
   const bool some = shape != nullptr && shape->IsEmpty() == 0;
@@ -245,50 +258,67 @@ void PersonalLayer::AddShape(const OGRFeature& feature, std::int32_t fid, jet::V
     description_.extent.Merge(box);
   }
   changes.emplace_back(*shape_column_, std::move(bytes));
-  const auto measure = [&](const char* ending, double value) {
-    const jet::Column* column = table_.Definition().FindColumn(description_.shape_column + ending);
-    if (column == nullptr || column->type != jet::ColumnType::Double) return;
-    const auto place = static_cast<std::size_t>(column - table_.Definition().columns.data());
-    std::erase_if(changes, [&](const auto& change) { return change.first == place; });
-    changes.emplace_back(place, some ? jet::Value(value) : jet::Value());
+  const auto measure = [&](std::optional<std::size_t> column, double value) {
+    if (!column) return;
+    std::erase_if(changes, [&](const auto& change) { return change.first == *column; });
+    changes.emplace_back(*column, some ? jet::Value(value) : jet::Value());
   };
-  measure("_Length", some ? LengthOfShape(*shape) : 0.0);
-  measure("_Area", some ? AreaOfShape(*shape) : 0.0);
-  MoveInIndex(fid, some ? &box : nullptr);
+  measure(length_column_, some ? LengthOfShape(*shape) : 0.0);
+  measure(area_column_, some ? AreaOfShape(*shape) : 0.0);
+  MoveInIndex(fid, row, some ? &box : nullptr);
 }
 
-void PersonalLayer::MoveInIndex(std::int32_t fid, const OGREnvelope* box) {
+void PersonalLayer::FindMeasures() {
+  const auto find = [&](const char* ending) -> std::optional<std::size_t> {
+    const jet::Column* column = table_.Definition().FindColumn(description_.shape_column + ending);
+    if (column == nullptr || column->type != jet::ColumnType::Double) return std::nullopt;
+    return static_cast<std::size_t>(column - table_.Definition().columns.data());
+  };
+  length_column_ = find("_Length");
+  area_column_ = find("_Area");
+}
+
+void PersonalLayer::MoveInIndex(std::int32_t fid, Row row, const OGREnvelope* box) {
   settled_ = false;
-  if (!database_->Has(description_.IndexTable()) || !(description_.grid.cell > 0.0)) return;
-  jet::Table& index = database_->Open(description_.IndexTable());
-  const std::size_t id = index.ColumnPlace("IndexedObjectId");
-  if (!index_places_) {
-    index_places_.emplace();
-    for (jet::Table::Scan scan(index); scan.Next();) {
-      const jet::Value value = jet::UnpackValue(index.Definition(), scan.Bytes(), id);
-      if (const auto* number = std::get_if<std::int32_t>(&value)) (*index_places_)[*number] = scan.Id();
+  if (!shape_index_) {
+    if (!database_->Has(description_.IndexTable()) || !(description_.grid.cell > 0.0)) return;
+    jet::Table& table = database_->Open(description_.IndexTable());
+    shape_index_.emplace(ShapeIndex{table, table.ColumnPlace("IndexedObjectId"), table.ColumnPlace("MinGX"),
+                                    table.ColumnPlace("MinGY"), table.ColumnPlace("MaxGX"), table.ColumnPlace("MaxGY"),
+                                    std::nullopt});
+  }
+  ShapeIndex& index = *shape_index_;
+  if (row == Row::Stored && !index.places) {
+    index.places.emplace();
+    for (jet::Table::Scan scan(index.table); scan.Next();) {
+      const jet::Value value = jet::UnpackValue(index.table.Definition(), scan.Bytes(), index.number);
+      if (const auto* number = std::get_if<std::int32_t>(&value)) (*index.places)[*number] = scan.Id();
     }
   }
-  const auto found = index_places_->find(fid);
+  std::optional<jet::RowId> place;
+  if (row == Row::Stored) {
+    if (const auto found = index.places->find(fid); found != index.places->end()) place = found->second;
+  }
   if (box == nullptr) {
-    if (found == index_places_->end()) return;
-    index.Delete(found->second);
-    index_places_->erase(found);
+    if (!place) return;
+    index.table.Delete(*place);
+    index.places->erase(fid);
     return;
   }
   const PersonalIndexGrid& grid = description_.grid;
-  const jet::ValueChanges cells = {{id, fid},
-                                   {index.ColumnPlace("MinGX"), Cell(box->MinX, grid.x_origin, grid.cell)},
-                                   {index.ColumnPlace("MinGY"), Cell(box->MinY, grid.y_origin, grid.cell)},
-                                   {index.ColumnPlace("MaxGX"), Cell(box->MaxX, grid.x_origin, grid.cell)},
-                                   {index.ColumnPlace("MaxGY"), Cell(box->MaxY, grid.y_origin, grid.cell)}};
-  if (found != index_places_->end()) {
-    found->second = index.Update(found->second, cells);
-    return;
+  const jet::ValueChanges cells = {{index.number, fid},
+                                   {index.left, Cell(box->MinX, grid.x_origin, grid.cell)},
+                                   {index.bottom, Cell(box->MinY, grid.y_origin, grid.cell)},
+                                   {index.right, Cell(box->MaxX, grid.x_origin, grid.cell)},
+                                   {index.top, Cell(box->MaxY, grid.y_origin, grid.cell)}};
+  if (place) {
+    place = index.table.Update(*place, cells);
+  } else {
+    jet::RowValues values(index.table.Definition().columns.size());
+    for (const auto& [column, value] : cells) values[column] = value;
+    place = index.table.Insert(std::move(values));
   }
-  jet::RowValues values(index.Definition().columns.size());
-  for (const auto& [column, value] : cells) values[column] = value;
-  (*index_places_)[fid] = index.Insert(std::move(values));
+  if (index.places) (*index.places)[fid] = *place;
 }
 
 OGRErr PersonalLayer::ICreateFeature(OGRFeature* feature) {
@@ -305,7 +335,7 @@ OGRErr PersonalLayer::ICreateFeature(OGRFeature* feature) {
     }
     jet::RowValues values(table_.Definition().columns.size());
     values[*fid_column_] = fid;
-    AddShape(*feature, fid, changes);
+    AddShape(*feature, fid, Row::New, changes);
     for (auto& [column, value] : changes) values[column] = std::move(value);
     const jet::RowId place = table_.Insert(std::move(values));
     if (places_) (*places_)[fid] = place;
@@ -338,7 +368,7 @@ OGRErr PersonalLayer::ISetFeature(OGRFeature* feature) {
     }
     const OGRGeometry *shape = feature->GetGeometryRef(), *old = before->GetGeometryRef();
     const bool same = shape == nullptr || old == nullptr ? shape == old : shape->Equals(old) != 0;
-    if (!same) AddShape(*feature, fid, changes);
+    if (!same) AddShape(*feature, fid, Row::Stored, changes);
     if (!changes.empty()) Places()[fid] = table_.Update(place, changes);
   });
   return written ? OGRERR_NONE : OGRERR_FAILURE;
@@ -354,7 +384,7 @@ OGRErr PersonalLayer::DeleteFeature(GIntBig fid) {
     RequireWritable();
     table_.Delete(PlaceOf(fid));
     Places().erase(static_cast<std::int32_t>(fid));
-    if (shape_column_) MoveInIndex(static_cast<std::int32_t>(fid), nullptr);
+    if (shape_column_) MoveInIndex(static_cast<std::int32_t>(fid), Row::Stored, nullptr);
   });
   return deleted ? OGRERR_NONE : OGRERR_FAILURE;
 }

@@ -4,6 +4,7 @@
 
 #include <ogrsf_frmts.h>
 
+#include <limits>
 #include <map>
 #include <memory>
 #include <optional>
@@ -54,8 +55,18 @@ class PersonalLayer final : public OGRLayer {
   [[nodiscard]] std::map<std::int32_t, jet::RowId>& Places();
   [[nodiscard]] jet::RowId PlaceOf(GIntBig fid);
   [[nodiscard]] jet::Value ValueOf(const OGRFeature& feature, int attribute) const;
-  void AddShape(const OGRFeature& feature, std::int32_t fid, jet::ValueChanges& changes);
-  void MoveInIndex(std::int32_t fid, const OGREnvelope* box);
+  [[nodiscard]] bool ReadsByNumber();
+  enum class Row { New, Stored };
+  void AddShape(const OGRFeature& feature, std::int32_t fid, Row row, jet::ValueChanges& changes);
+  void MoveInIndex(std::int32_t fid, Row row, const OGREnvelope* box);
+  void FindMeasures();
+
+  // The rows of the table that tells the cells of shapes.
+  struct ShapeIndex {
+    jet::Table& table;
+    std::size_t number, left, bottom, right, top;              // columns
+    std::optional<std::map<std::int32_t, jet::RowId>> places;  // once one was asked for
+  };
   void RequireWritable() const;
 
   std::shared_ptr<jet::Database> database_;
@@ -65,14 +76,17 @@ class PersonalLayer final : public OGRLayer {
   bool can_write_;
   OGRFeatureDefn* definition_ = nullptr;
   std::string fid_name_;
-  std::optional<std::size_t> fid_column_, shape_column_;
+  std::optional<std::size_t> fid_column_, shape_column_, length_column_, area_column_;
   std::vector<std::size_t> columns_;  // of the attributes
   std::optional<jet::Table::Scan> scan_;
   GIntBig rows_read_ = 0;
-  std::optional<std::map<std::int32_t, jet::RowId>> places_, index_places_;
-  std::vector<std::int32_t> walk_;  // the rows still to be read while others are written
-  std::size_t next_in_walk_ = 0;
-  bool walking_ = false, failed_ = false, settled_ = true;
+  std::optional<std::map<std::int32_t, jet::RowId>> places_;
+  std::optional<ShapeIndex> shape_index_;
+  std::optional<bool> by_number_;
+  std::int64_t last_number_ = kBeforeAll;  // of the walk
+  bool failed_ = false, settled_ = true;
+
+  static constexpr std::int64_t kBeforeAll = std::numeric_limits<std::int64_t>::min();
 };
 
 }  // namespace tessarine::engine

@@ -264,7 +264,9 @@ std::vector<IndexEntries> Table::EntriesFromRows() const {
       all[index].push_back(std::move(entry));
     }
   }
-  for (IndexEntries& entries : all) std::ranges::sort(entries);
+  for (IndexEntries& entries : all) {
+    if (!std::ranges::is_sorted(entries)) std::ranges::sort(entries);
+  }
   return all;
 }
 

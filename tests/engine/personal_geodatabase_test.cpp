@@ -3,6 +3,7 @@
 #include <gdal_priv.h>
 #include <ogrsf_frmts.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <map>
@@ -300,6 +301,42 @@ TEST(PersonalGeodatabase, ManyChangesLeaveASoundGeodatabase) {
   EXPECT_EQ(std::fscanf(pipe, "%d", &lines), 1);
   pclose(pipe);
   EXPECT_EQ(lines, 48000);
+}
+
+// Rows that grow move behind the others in the file.
+TEST(PersonalGeodatabase, RowsComeInTheOrderOfTheirNumbers) {
+  const TemporaryFolder folder;
+  const std::string path = folder.Native("order.mdb");
+  MakeLayer(path, "points", wkbPoint);
+  Edit(path, "points", [&](OGRLayer& layer) {
+    for (int number = 1; number <= 500; ++number) {
+      const OGRFeatureUniquePtr feature = NewFeature(layer, "POINT (1 2)", number);
+      ASSERT_EQ(layer.CreateFeature(feature.get()), OGRERR_NONE);
+    }
+  });
+  Edit(path, "points", [&](OGRLayer& layer) {
+    for (int number = 3; number <= 500; number += 3) {
+      const OGRFeatureUniquePtr feature(layer.GetFeature(number));
+      feature->SetField("words", "a text that is much longer than the one that was there");
+      ASSERT_EQ(layer.SetFeature(feature.get()), OGRERR_NONE);
+    }
+    ASSERT_EQ(layer.DeleteFeature(100), OGRERR_NONE);
+  });
+  jet::Database database(path, jet::Database::Mode::Read);
+  std::vector<std::int32_t> stored, read;
+  for (jet::Table::Scan scan(database.Open("points")); scan.Next();) {
+    stored.push_back(std::get<std::int32_t>(scan.Values()[0]));
+  }
+  EXPECT_FALSE(std::ranges::is_sorted(stored));
+  const engine::DatasetHandle dataset = engine::OpenDataset(path, false);
+  for (int round = 0; round < 2; ++round) {
+    read.clear();
+    for (const auto& feature : dataset->GetLayerByName("points")) {
+      read.push_back(static_cast<std::int32_t>(feature->GetFID()));
+    }
+    EXPECT_EQ(read.size(), 499U);
+    EXPECT_TRUE(std::ranges::is_sorted(read));
+  }
 }
 
 std::string BytesOf(const std::string& path) {
