@@ -1,5 +1,6 @@
 // What a personal geodatabase doesn't take, and what isn't known of one: told, and nothing else of it is lost.
 #include <gdal_priv.h>
+#include <unistd.h>
 
 #include <filesystem>
 #include <fstream>
@@ -203,6 +204,24 @@ TEST(PersonalGeodatabaseSafety, TextsAreAsWideAsTheirUtf16Units) {
   }
   const auto cursor = features->Search(nullptr, true);
   for (const WordsRow& row : kRows) EXPECT_EQ(cursor->NextFeature()->Value(words), Variant(row.kept)) << row.name;
+}
+
+TEST(PersonalGeodatabaseSafety, AFileThatMayNotBeWrittenIsRefused) {
+  const TemporaryFolder folder;
+  const std::string path = folder.Native("kept.mdb");
+  fs::copy_file(kSample, path);
+  fs::permissions(path, fs::perms::owner_read | fs::perms::group_read | fs::perms::others_read);
+  fs::permissions(folder.Native(), fs::perms::all);
+  // The superuser may write everything.
+  const bool all_powerful = geteuid() == 0;
+  if (all_powerful) {
+    ASSERT_EQ(seteuid(65534), 0);
+  }
+  const std::string told = FaultTextOf([&] { engine::RequireWritableGeodatabase(path, engine::PersonalUse::Rows); });
+  if (all_powerful) {
+    ASSERT_EQ(seteuid(0), 0);
+  }
+  EXPECT_EQ(told, "'" + path + "' can't be written to: check its permissions.");
 }
 
 struct RefusedRow {
