@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "engine/attribute_writer.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
 #include <limits>
 #include <string>
 
+#include "engine/personal_geodatabase_values.h"
 #include "outputs/column_loss.h"
 #include "platform/fault.h"
 
@@ -50,15 +52,23 @@ ColumnLimits LimitsOf(const OGRFieldDefn& field, ColumnStore store) {
   if (field.GetType() == OFTInteger) LimitTo<std::int32_t>(limits);
   if (field.GetSubType() == OFSTInt16) LimitTo<std::int16_t>(limits);
   if (field.GetSubType() == OFSTBoolean) limits.least = 0, limits.most = 1;
-  if (store == ColumnStore::Dbase) {
+  if (store == ColumnStore::PersonalGeodatabase) {
+    const bool byte = field.GetSubType() == OFSTInt16 && field.GetWidth() == kByteWidth;
+    if (byte) limits.least = 0, limits.most = std::numeric_limits<std::uint8_t>::max();
+    const bool money = field.GetType() == OFTReal && field.GetWidth() > 0;
+    if (money) {
+      limits.LimitDecimals(field.GetWidth(), field.GetPrecision());
+      limits.farthest = kMostMoney;
+    }
+    limits.most_units = static_cast<std::size_t>(std::max(field.GetWidth(), 0));
+  } else if (store == ColumnStore::Dbase) {
     if (field.GetType() == OFTReal && field.GetWidth() > 0) {
       limits.LimitDecimals(field.GetWidth(), field.GetPrecision());
       limits.takes_exponent = true;
     }
     limits.most_bytes = kLongestDbaseText;
   } else if (field.GetWidth() > 0) {
-    const bool units = store == ColumnStore::PersonalGeodatabase;
-    (units ? limits.most_units : limits.most_characters) = static_cast<std::size_t>(field.GetWidth());
+    limits.most_characters = static_cast<std::size_t>(field.GetWidth());
   }
   limits.keeps_zone = limits.keeps_fraction = store == ColumnStore::Other;
   return limits;

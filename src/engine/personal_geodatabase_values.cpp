@@ -15,6 +15,7 @@ constexpr std::size_t kPlaceOfLongValue = 80;  // reference, and what may lie in
 constexpr int kGuidText = 38;
 constexpr double kSecondsPerDay = 86400.0;
 constexpr double kMoneyUnit = 10000.0;
+constexpr int kMoneyWidth = 21, kMoneyDecimals = 4;  // with the sign and the point
 
 std::size_t MostBytes(const jet::Column& column) { return column.IsLong() ? kPlaceOfLongValue : column.length; }
 
@@ -85,6 +86,10 @@ std::unique_ptr<OGRFieldDefn> FieldOfColumn(const jet::Column& column) {
       field->SetSubType(OFSTBoolean);
       break;
     case jet::ColumnType::Byte:
+      field->SetType(OFTInteger);
+      field->SetSubType(OFSTInt16);
+      field->SetWidth(kByteWidth);
+      break;
     case jet::ColumnType::Short:
       field->SetType(OFTInteger);
       field->SetSubType(OFSTInt16);
@@ -97,6 +102,10 @@ std::unique_ptr<OGRFieldDefn> FieldOfColumn(const jet::Column& column) {
       field->SetSubType(OFSTFloat32);
       break;
     case jet::ColumnType::Money:
+      field->SetType(OFTReal);
+      field->SetWidth(kMoneyWidth);
+      field->SetPrecision(kMoneyDecimals);
+      break;
     case jet::ColumnType::Double:
     case jet::ColumnType::Numeric:
       field->SetType(OFTReal);

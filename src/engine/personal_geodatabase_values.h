@@ -10,6 +10,12 @@
 
 namespace tessarine::engine {
 
+/// The width of a field of whole numbers from 0 to 255, which GDAL has no type for.
+inline constexpr int kByteWidth = 3;
+/// 64 bits of ten-thousandths, in whole units.
+inline constexpr double kMostMoney = 922337203685477.0;
+
+/// Fields of money have a width, and the decimals that they keep.
 [[nodiscard]] std::unique_ptr<OGRFieldDefn> FieldOfColumn(const jet::Column& column);
 /// The column for a new field behind those of the table. A text longer than 255 characters becomes a memo, and so does
 /// one that could make the rows too long for a page. A `jet::Error` for lists.

@@ -103,7 +103,8 @@ FittedValue FitReal(const Number& number, const ColumnLimits& column) {
   // 2^63 itself is a double, but no whole number of 64 bits.
   const bool exact =
       !number.whole || (number.value < std::ldexp(1.0, 63) && static_cast<std::int64_t>(number.value) == *number.whole);
-  if (!exact) return Nulled(ValueChange::OutOfRange);
+  const bool too_far = column.farthest > 0.0 && std::fabs(number.value) > column.farthest;
+  if (!exact || too_far) return Nulled(ValueChange::OutOfRange);
   if (column.kind == Kind::Single) {
     if (std::fabs(number.value) > static_cast<double>(std::numeric_limits<float>::max())) {
       return Nulled(ValueChange::OutOfRange);

@@ -28,6 +28,7 @@ struct ColumnLimits {
   int decimals = 0;
   bool takes_exponent = false;  ///< where plain digits have no room
   double safe_below = 0.0;      ///< smaller numbers have room with all decimals
+  double farthest = 0.0;        ///< numbers farther from 0 have no room; 0 without a limit
   // Texts; 0 without a limit.
   std::size_t most_bytes = 0;
   std::size_t most_characters = 0;

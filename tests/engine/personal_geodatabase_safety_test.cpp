@@ -206,6 +206,43 @@ TEST(PersonalGeodatabaseSafety, TextsAreAsWideAsTheirUtf16Units) {
   for (const WordsRow& row : kRows) EXPECT_EQ(cursor->NextFeature()->Value(words), Variant(row.kept)) << row.name;
 }
 
+struct NumberRow {
+  const char* name;
+  const char* field;
+  Variant given, kept;
+  ValueChange change;
+};
+
+// A number without room costs its record nothing.
+TEST(PersonalGeodatabaseSafety, NumbersThatDontFitAreNull) {
+  const TemporaryFolder folder;
+  const std::string path = CopyOfSample(folder);
+  Tamper(path, [](jet::Database& database) {
+    database.AddColumn("Polygon", {"tiny", jet::ColumnType::Byte});
+    database.AddColumn("Polygon", {"price", jet::ColumnType::Money});
+  });
+  const NumberRow kRows[] = {
+      {"most of a byte", "tiny", 255, std::int16_t{255}, ValueChange::None},
+      {"more than a byte", "tiny", 256, Null(), ValueChange::OutOfRange},
+      {"less than a byte", "tiny", -1, Null(), ValueChange::OutOfRange},
+      {"money", "price", -12345.6789, -12345.6789, ValueChange::None},
+      {"a tenth of a ten-thousandth", "price", 1.23456, 1.2346, ValueChange::Rounded},
+      {"too much money", "price", 1e18, Null(), ValueChange::OutOfRange},
+  };
+  for (const NumberRow& row : kRows) {
+    const auto features = DataSource::Open(path, true)->OpenFeatureClass("Polygon");
+    const std::int32_t field = features->FindField(row.field);
+    {
+      const auto cursor = features->Update(nullptr, false);
+      const auto feature = cursor->NextFeature();
+      EXPECT_EQ(feature->SetValue(field, row.given), row.change) << row.name;
+      cursor->UpdateFeature(feature);
+      cursor->Flush();
+    }
+    EXPECT_EQ(features->Search(nullptr, true)->NextFeature()->Value(field), row.kept) << row.name;
+  }
+}
+
 TEST(PersonalGeodatabaseSafety, AFileThatMayNotBeWrittenIsRefused) {
   const TemporaryFolder folder;
   const std::string path = folder.Native("kept.mdb");
