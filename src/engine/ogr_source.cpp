@@ -98,6 +98,11 @@ DatasetHandle OpenDatasetAt(const std::string& native_path, bool update) {
   if (!fs::exists(native_path)) {
     RaiseEngineFault("There is no file or folder '" + native_path + "': check its name and folder.");
   }
+  if (IsPersonalGeodatabase(native_path)) {
+    RaiseEngineFault("The personal geodatabase can't be " + std::string(update ? "written" : "read") + ": " +
+                     errors.Failure() + ". Save it by the program that made it as .mdb of the years from 2000 on, " +
+                     "unencrypted, or in another format.");
+  }
   if (update) {
     RaiseEngineFault("'" + native_path + "' can't be opened for writing: check its permissions, and that its format " +
                      "can be written" + errors.Quote() + ".");

@@ -25,6 +25,8 @@ class ReadingScope {
   [[nodiscard]] bool Failed() const { return failed_; }
   /// Up to 20.
   [[nodiscard]] const std::vector<std::string>& Warnings() const { return warnings_; }
+  /// The first failure; empty without one.
+  [[nodiscard]] const std::string& Failure() const { return failure_; }
   /// " (GDAL says: ...)" with the first failure, or else the first warning; nothing without either.
   [[nodiscard]] std::string Quote() const;
   void Clear();

@@ -17,6 +17,7 @@ constexpr std::uint64_t kLargestFile = (1ULL << 31U) - kPageSize;
 constexpr std::size_t kMaskedAt = 0x18;
 constexpr std::size_t kMaskedLength = 0x80;
 constexpr std::array<std::uint8_t, 4> kHeaderKey = {0xC7, 0xDA, 0x39, 0x6B};
+constexpr std::uint32_t kGeneralOrder = 0x409;
 constexpr char kSignature[] = "Standard Jet DB";
 
 void ApplyRc4(std::span<std::uint8_t> bytes) {
@@ -102,8 +103,10 @@ void PageFile::CheckHeader() {
   const std::shared_ptr<const Page> page = Read(0);
   const Bytes plain = UnmaskHeader(*page);
   if (Get16(plain, 0x3E - kMaskedAt) != 0) throw Error("'" + shown_ + "' is encrypted");
-  if (Get32(plain, 0x6E - kMaskedAt) != 0x409) {
-    throw Error("'" + shown_ + "' sorts its texts by another order than the general one (1033)");
+  if (Writable() && Get32(plain, 0x6E - kMaskedAt) != kGeneralOrder) {
+    throw Error("'" + shown_ +
+                "' sorts its texts by another order than the general one (1033), so that its indexes "
+                "can't be written");
   }
 }
 

@@ -32,8 +32,8 @@ class PageFile {
     Create,  ///< an empty file; what stands there goes
   };
 
-  /// Checks that the file is of this format and nothing about it is unknown; the error says what is. Errors name the
-  /// file as `shown`, or by its path where that is empty.
+  /// Checks that the file is of this format, and for writing that nothing about it is unknown; the error says what is.
+  /// Errors name the file as `shown`, or by its path where that is empty.
   PageFile(const std::string& path, Mode mode, const std::string& shown = "");
   ~PageFile();
   PageFile(const PageFile&) = delete;

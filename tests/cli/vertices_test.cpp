@@ -204,8 +204,7 @@ INSTANTIATE_TEST_SUITE_P(
         RefusalRow{"onto itself", {"OUT/in/whole.shp", "-o", "OUT/in/whole.shp", "--overwrite"}, {"read by this run"}},
         RefusalRow{"no ending", {"DATA/countries.shp", "-o", "OUT/x.abc"}, {"x.abc", "NAME.shp"}},
         RefusalRow{"geodatabase alone", {"DATA/countries.shp", "-o", "OUT/x.gdb"}, {"names no feature class"}},
-        RefusalRow{
-            "personal geodatabase alone", {"DATA/countries.shp", "-o", "OUT/x.mdb"}, {"names no feature class"}},
+        RefusalRow{"personal geodatabase alone", {"DATA/countries.shp", "-o", "OUT/x.mdb"}, {"names no feature class"}},
         RefusalRow{"broken condition", {"DATA/countries.shp", "-w", "name = = 1", "-o", "OUT/x.shp"}, {"name = = 1"}},
         RefusalRow{"empty selection", {"DATA/countries.shp", "-w", "name = ''", "-o", "OUT/x.shp"}, {"No record"}},
         RefusalRow{
@@ -268,6 +267,21 @@ TEST_F(Vertices, StoppedRunLeavesAValidPartAndSaysSo) {
   EXPECT_EQ(report["records"]["written"], rows);
   EXPECT_EQ(rows % 3, 0);
   EXPECT_LT(rows, 180000);
+}
+
+TEST_F(Vertices, StoppedRunLeavesASoundPersonalGeodatabase) {
+  WriteManyLines(In("many.json"));
+  const ProgramOutcome run = RunAndInterrupt(
+      {"vertices", In("many.json"), "-o", In("v.mdb/points"), "--report", In("r.json")}, In("many.json"), 1000);
+  EXPECT_EQ(run.status, 1) << run.err;
+  const json report = json::parse(ReadFile(In("r.json")));
+  EXPECT_EQ(report["outcome"], "stopped");
+  const auto written = report["records"]["written"].get<std::int64_t>();
+  EXPECT_EQ(written % 3, 0);
+  EXPECT_LT(written, 180000);
+  const ProgramOutcome info = RunTessarine({"info", In("v.mdb")});
+  EXPECT_THAT(info.out, HasSubstr("Records:     " + std::to_string(written) + "\n"));
+  EXPECT_THAT(Left(), ::testing::UnorderedElementsAre("many.json", "r.json", "v.mdb"));
 }
 
 TEST_F(Vertices, ReportInEveryKind) {

@@ -206,6 +206,21 @@ TEST(PersonalGeodatabaseSafety, TextsAreAsWideAsTheirUtf16Units) {
   for (const WordsRow& row : kRows) EXPECT_EQ(cursor->NextFeature()->Value(words), Variant(row.kept)) << row.name;
 }
 
+TEST(PersonalGeodatabaseSafety, WhatCantBeReadIsToldInItsOwnWords) {
+  const TemporaryFolder folder;
+  const std::string path = CopyOfSample(folder);
+  {
+    std::fstream file(path, std::ios::in | std::ios::out | std::ios::binary);
+    file.seekp(0x3E);
+    file.put('\x11');
+  }
+  EXPECT_EQ(
+      FaultTextOf([&] { (void)DataSource::Open(path, false); }),
+      "The personal geodatabase can't be read: '" + path +
+          "' is encrypted. Save it by the program that made it as .mdb of the years from 2000 on, unencrypted, or "
+          "in another format.");
+}
+
 struct NumberRow {
   const char* name;
   const char* field;

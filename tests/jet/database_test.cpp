@@ -347,12 +347,13 @@ TEST(JetDatabase, FilesOfOtherKindsAreRefusedByName) {
     std::size_t at;
     std::uint8_t value;
     const char* told;
+    Database::Mode mode = Database::Mode::Read;
   };
   const Change kChanges[] = {{0x14, 0, "before 2000"},
                              {0x14, 2, "newer format"},
                              {4, 'X', "no database"},
                              {0x3E, 0x55, "encrypted"},
-                             {0x6E, 0x55, "another order"}};
+                             {0x6E, 0x55, "another order", Database::Mode::Write}};
   for (const Change& change : kChanges) {
     Database::Create(path, kDate)->Commit();
     {
@@ -361,12 +362,31 @@ TEST(JetDatabase, FilesOfOtherKindsAreRefusedByName) {
       file.put(static_cast<char>(change.value));
     }
     try {
-      const Database database(path, Database::Mode::Read);
+      const Database database(path, change.mode);
       ADD_FAILURE() << change.told;
     } catch (const Error& error) {
       EXPECT_THAT(error.what(), HasSubstr(change.told));
     }
   }
+}
+
+// Rows don't lie in the order of an index.
+TEST(JetDatabase, TextsOfAnotherOrderAreRead) {
+  const TemporaryFolder folder;
+  const std::string path = folder.Native("other.mdb");
+  {
+    const auto database = Database::Create(path, kDate);
+    database->CreateTable(EveryType(), kDate).Insert(RowOfEveryType());
+    Page& header = *database->File().Edit(0);
+    Bytes plain = UnmaskHeader(header);
+    Put32(plain, 0x56, 0x407);
+    MaskHeader(plain, header);
+    database->Commit();
+  }
+  Database database(path, Database::Mode::Read);
+  Table::Scan scan(database.Open("Everything"));
+  ASSERT_TRUE(scan.Next());
+  EXPECT_EQ(scan.Values()[10], RowOfEveryType()[10]);
 }
 
 // An index that isn't as we would make it keeps us from writing.
