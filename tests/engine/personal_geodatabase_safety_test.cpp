@@ -182,6 +182,7 @@ TEST(PersonalGeodatabaseSafety, TextsAreAsWideAsTheirUtf16Units) {
   const WordsRow kRows[] = {
       {"ten letters", "abcdefghij", "abcdefghij"},
       {"ten letters of two bytes", "äöüäöüäöüß", "äöüäöüäöüß"},
+      {"ten letters of three bytes", "東京東京東京東京東京", "東京東京東京東京東京"},
       {"eleven letters", "äöüäöüäöüßx", "äöüäöüäöüß"},
       {"five globes", globe + globe + globe + globe + globe, globe + globe + globe + globe + globe},
       {"six globes", globe + globe + globe + globe + globe + globe, globe + globe + globe + globe + globe},
