@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Writes and reads classes of geodatabases by the suite's engine alone, and reads them by GDAL alone.
 //
 // personal_geodatabase write FOLDER/NAME.mdb|.gdb COUNT   makes the class "points" with so many points

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-2.0-or-later
 # Personal geodatabases beside file geodatabases, and beside GDAL's own reader of them over mdbtools and ODBC
 # (odbc-mdbtools). personal_geodatabase_vs_peers.sh BUILD_FOLDER WORK_FOLDER [RUNS]
 set -euo pipefail

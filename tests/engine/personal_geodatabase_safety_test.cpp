@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // What a personal geodatabase doesn't take, and what isn't known of one: told, and nothing else of it is lost.
 #include <gdal_priv.h>
 #include <unistd.h>

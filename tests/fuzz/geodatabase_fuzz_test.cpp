@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Damaged personal geodatabases: whatever the bytes, their layers are read or a fault tells why not; and writing to one
 // is refused, or leaves every class that could be read before.
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // What isn't known of a file costs the table that has it, and no other; what is there stays as it is.
 #include <algorithm>
 #include <filesystem>
