@@ -102,8 +102,9 @@ double PolygonRecord::PerimeterOf(const std::shared_ptr<Polygon>& polygon) {
                                               settings_.SemiMinor);
   }
   if (BoundsNothing(*polygon)) return 0.0;
-  if (HasLobes(*polygon)) Warn(MeasureWarning::OneLobe);
-  return geodesy::SpheroidalPolylineLength2(geodesy::PolygonToPolyline(polygon), settings_.SemiMajor,
+  const std::shared_ptr<Polygon> rings = CloneOf(*polygon);
+  if (!geodesy::MarkSimpleButForSpikes(*rings) && HasLobes(*rings)) Warn(MeasureWarning::OneLobe);
+  return geodesy::SpheroidalPolylineLength2(geodesy::PolygonToPolyline(rings), settings_.SemiMajor,
                                             settings_.SemiMinor);
 }
 

@@ -25,6 +25,7 @@ constexpr double kPoleRounding = 1e-9;
 constexpr double kHalfTurn = 180.0;
 constexpr double kTurn = 360.0;
 constexpr double kMostHalfTurns = 1e6;
+constexpr double kStepRounding = 1e-9;
 
 double FlatteningOf(double semi_major, double semi_minor) { return (semi_major - semi_minor) / semi_major; }
 
@@ -91,6 +92,16 @@ XY Checked(XY position) {
   return {position.x, std::clamp(position.y, -kPole, kPole)};
 }
 
+// A step of half a turn goes to its own side of the pole, whatever the rounding of its ends' longitudes would make of
+// it.
+double AreaUnder(const Solver& solver, XY from, XY to) {
+  if (const double step = to.x - from.x; std::fabs(step) >= kHalfTurn - kStepRounding) {
+    from.x = 0.0;
+    to.x = std::clamp(step, -kHalfTurn, kHalfTurn);
+  }
+  return solver.Solve(Checked(from), Checked(to)).area;
+}
+
 double AzimuthOf(double degrees) {
   const double turned = degrees < 0.0 ? degrees + kTurn : degrees;
   return turned >= kTurn ? 0.0 : turned + 0.0;
@@ -120,7 +131,7 @@ double ExactRingArea(std::span<const XY> ring, double semi_major, double semi_mi
     for (int piece = 1; piece <= pieces; ++piece) {
       const double part = static_cast<double>(piece) / pieces;
       const XY end = piece == pieces ? to : XY{from.x + part * step, from.y + part * (to.y - from.y)};
-      sum += solver.Solve(Checked(start), Checked(end)).area;
+      sum += AreaUnder(solver, start, end);
       start = end;
     }
   };

@@ -17,5 +17,6 @@
 #include "geodesy/reshape.h"                 // IWYU pragma: export
 #include "geodesy/spherical_area.h"          // IWYU pragma: export
 #include "geodesy/spherical_area_sum.h"      // IWYU pragma: export
+#include "geodesy/spikes.h"                  // IWYU pragma: export
 #include "geodesy/vincenty.h"                // IWYU pragma: export
 #include "geodesy/wrap.h"                    // IWYU pragma: export

@@ -83,22 +83,25 @@ void ExpectSame(const Values& projected, const Values& geographic) {
   EXPECT_LT(Apart(projected.centroid, geographic.centroid), 1e-6);
 }
 
-// The shape in the geographic reference beneath a projection, so that no shift of datum comes in, and in it.
+// The shape in the geographic reference beneath a projection, so that no shift of datum comes in.
+std::shared_ptr<Polygon> InDegrees(const Polygon& shape, const std::string& projection) {
+  auto geographic = CloneOf(shape);
+  geographic->SetSpatialReference(geodesy::DegreesOf(Reference(projection)));
+  return geographic;
+}
+
 void ExpectSameInBoth(const Polygon& shape, const std::string& projection) {
-  const SpatialReferenceRef reference = Reference(projection);
-  const auto geographic = CloneOf(shape);
-  geographic->SetSpatialReference(geodesy::DegreesOf(reference));
+  const auto geographic = InDegrees(shape, projection);
   const auto projected = CloneOf(*geographic);
-  projected->Project(reference);
+  projected->Project(Reference(projection));
   ExpectSame(MeasuresOf(projected), MeasuresOf(geographic));
 }
 
-// Far from the centre of the map too. Left out is Sudan, whose ring runs back over itself within a rounding, so that it
-// keeps the stretch or loses it.
+// Far from the centre of the map too, and with spikes that run back over themselves within a rounding, as that of
+// Sudan. Lambert's cones and the equal-area map of the other hemisphere have a pole at or near infinity.
 TEST(ProjectedShapes, AllCountriesOfTheWorld) {
-  for (const char* projection : {"EPSG:3832", "EPSG:3338"}) {
+  for (const char* projection : {"EPSG:3832", "EPSG:27572", "EPSG:6933", "EPSG:3408"}) {
     for (const auto& [name, shape] : Countries()) {
-      if (name == "Sudan") continue;
       SCOPED_TRACE(name + " in " + projection);
       ExpectSameInBoth(*shape, projection);
     }
@@ -116,6 +119,7 @@ TEST(ProjectedShapes, CountriesMeasureAsInLongitudeAndLatitude) {
       {"EPSG:3995", {"Greenland", "Russia", "Canada", "Norway", "Antarctica", "Fiji"}},
       {"EPSG:3338", {"Canada", "United States of America", "Russia"}},
       {"EPSG:27572", {"Belgium", "Switzerland", "Russia", "Fiji"}},
+      {"ESRI:54016", {"Antarctica"}},
       {"EPSG:4901", {"France", "Russia", "Antarctica"}},
       {"EPSG:3413", {"Greenland", "Russia", "Canada"}},
       {"EPSG:3572", {"Russia", "Canada"}},
@@ -181,6 +185,80 @@ TEST(ProjectedShapes, ShapesOverTheEdge) {
   for (const Row& row : rows) {
     SCOPED_TRACE(row.name);
     ExpectSameInBoth(*row.shape, row.projection);
+  }
+}
+
+// Rings in longitudes and latitudes that jump from one edge of the world to the other, projected as they are: the short
+// way is meant in both references.
+TEST(ProjectedShapes, RingsTornAtTheEdgeOfTheWorld) {
+  const auto torn = [](std::vector<XY> ring) {
+    for (XY& vertex : ring) vertex.x = vertex.x > 180.0 ? vertex.x - 360.0 : vertex.x;
+    return ring;
+  };
+  struct Row {
+    const char* name;
+    std::vector<XY> ring, whole;
+  };
+  const std::vector<XY> box = Box(170, -5, 190, 5);
+  const Row rows[] = {
+      {"corners", torn(box), box},
+      {"many vertices", torn(Dense(box, 1)), Dense(box, 1)},
+      {"one vertex over the edge",
+       torn({{175, 0}, {175, 5}, {181, 2}, {175, 0}}),
+       {{175, 0}, {175, 5}, {181, 2}, {175, 0}}},
+  };
+  for (const char* projection : {"EPSG:3857", "ESRI:54030", "EPSG:6933"}) {
+    for (const Row& row : rows) {
+      SCOPED_TRACE(std::string(row.name) + " in " + projection);
+      const auto map = InDegrees(*PolygonOf({row.ring}), projection);
+      const Values whole = MeasuresOf(InDegrees(*PolygonOf({row.whole}), projection));
+      EXPECT_NEAR(MeasuresOf(map).spheroidal_area / whole.spheroidal_area, 1.0, 1e-9);
+      map->Project(Reference(projection));
+      ExpectSame(MeasuresOf(map), whole);
+    }
+  }
+}
+
+// The seam of a cap ends near the pole, not at it: where a shift of datum moved the pole, or where it was cut at a
+// parallel. On a map of the other hemisphere the cap lies outside of its ring.
+TEST(ProjectedShapes, CapsWithASeamTowardThePole) {
+  std::vector<XY> coast = Dense({{-180, -70}, {180, -70}}, 1);
+  coast.back() = {180, -70};
+  const auto cap = [&](const std::vector<XY>& seam) {
+    std::vector<XY> ring = coast;
+    ring.insert(ring.end(), seam.begin(), seam.end());
+    ring.push_back(ring.front());
+    return PolygonOf({ring});
+  };
+  struct Row {
+    const char* name;
+    std::shared_ptr<Polygon> cap;
+    const char* projection;
+  };
+  const Row rows[] = {
+      {"a pole that a datum moved", cap({{10, -89.99883}, {10, -89.99883}}), "ESRI:102014"},
+      {"a seam to a parallel", cap({{180, -89.5}, {-180, -89.5}}), "ESRI:102014"},
+      {"a seam to a parallel", cap({{180, -89.5}, {-180, -89.5}}), "EPSG:3408"},
+      {"a seam of many vertices", cap({{180, -80}, {180, -89.5}, {-180, -89.5}, {-180, -80}}), "EPSG:3572"},
+  };
+  const double whole = MeasuresOf(InDegrees(*cap({{180, -90}, {-180, -90}}), "EPSG:3408")).spheroidal_area;
+  for (const Row& row : rows) {
+    SCOPED_TRACE(std::string(row.name) + " in " + row.projection);
+    const auto map = InDegrees(*row.cap, row.projection);
+    map->Project(Reference(row.projection));
+    EXPECT_NEAR(MeasuresOf(map).spheroidal_area / whole, 1.0, 1e-3);
+  }
+}
+
+// Their ends are at one longitude, so that vertices alone don't tell a frame from a line.
+TEST(ProjectedShapes, FramesOfTheWorldStayWide) {
+  const double expected = MeasuresOf(InDegrees(*PolygonOf({Box(-180, -60, 180, 60)}), "EPSG:3857")).spheroidal_area;
+  for (const char* projection : {"EPSG:3857", "EPSG:3832"}) {
+    const SpatialReferenceRef reference = Reference(projection);
+    const double top = geodesy::FromDegrees({10, 60}, reference).y, edge = 20037508.342789244;
+    const auto frame = PolygonOf({Box(-edge, -top, edge, top)});
+    frame->SetSpatialReference(reference);
+    EXPECT_NEAR(MeasuresOf(frame).spheroidal_area / expected, 1.0, 1e-9) << projection;
   }
 }
 
