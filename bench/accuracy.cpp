@@ -1,12 +1,18 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // Prints docs/accuracy.md's figures: the geodesic routines beside GeographicLib's exact solution, on several bodies.
+//
+//   accuracy                      all of them
+//   accuracy EPSG:3031 ...        the bundled countries in these references alone
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstdio>
 #include <numbers>
 #include <random>
+#include <string>
+#include <vector>
 
+#include "bench/accuracy_of_projections.h"
 #include "bench/accuracy_of_shapes.h"
 #include "geodesy/convergence.h"
 #include "geodesy/vincenty.h"
@@ -193,7 +199,12 @@ void PrintDirect() {
 
 }  // namespace
 
-int main() {
+int main(int count, char** arguments) {
+  const std::vector<std::string> references(arguments + 1, arguments + count);
+  if (!references.empty()) {
+    tessarine::bench::PrintProjections(references);
+    return 0;
+  }
   PrintAnywhere();
   PrintNearAntipode();
   PrintDirect();
@@ -202,4 +213,5 @@ int main() {
   tessarine::bench::PrintMidpoints();
   tessarine::bench::PrintMultipointCentroids();
   tessarine::bench::PrintSmallAngles();
+  tessarine::bench::PrintProjections();
 }
