@@ -20,17 +20,17 @@ bool HasOtherUnit(const SpatialReferenceRef& reference) {
 }  // namespace
 
 template <class Shape>
-std::shared_ptr<Shape> GeographicCopy(const Shape& shape, SharedWork& work) {
+BroughtToDegrees<Shape> GeographicCopy(const Shape& shape, SharedWork& work) {
   ++work.Projections;
   Require(Cast<const ProjectedCoordinateSystem>(shape.SpatialReference()), "IProjectedCoordinateSystem");
   std::shared_ptr<Shape> copy = CloneOf(shape);
-  geodesy::BringToDegrees(*copy);
+  const bool jumps_over_edge = geodesy::BringToDegrees(*copy);
   copy->Simplify();
-  return copy;
+  return {copy, jumps_over_edge};
 }
 
-template std::shared_ptr<Polyline> GeographicCopy(const Polyline&, SharedWork&);
-template std::shared_ptr<Polygon> GeographicCopy(const Polygon&, SharedWork&);
+template BroughtToDegrees<Polyline> GeographicCopy(const Polyline&, SharedWork&);
+template BroughtToDegrees<Polygon> GeographicCopy(const Polygon&, SharedWork&);
 
 template <class Shape>
 std::shared_ptr<Shape> PlanetographicShape(const std::shared_ptr<Shape>& shape, MeasureSettings& settings,

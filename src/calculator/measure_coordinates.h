@@ -10,10 +10,14 @@
 
 namespace tessarine::measure_coordinates {
 
-/// A simplified copy of a projected line or polygon in longitudes and latitudes. Its rings are whole, as
-/// `BringToDegrees` makes them.
+/// A projected line or polygon in longitudes and latitudes.
 template <class Shape>
-[[nodiscard]] std::shared_ptr<Shape> GeographicCopy(const Shape& shape, SharedWork& work);
+struct BroughtToDegrees {
+  std::shared_ptr<Shape> shape;  ///< simplified; its rings are whole, as `BringToDegrees` makes them
+  bool jumps_over_edge = false;  ///< rings of the map do, by more than 180 degrees at once
+};
+template <class Shape>
+[[nodiscard]] BroughtToDegrees<Shape> GeographicCopy(const Shape& shape, SharedWork& work);
 
 /// A shape of a geographic layer with planetographic latitudes in degrees: the shape itself where it has them already,
 /// otherwise a copy.

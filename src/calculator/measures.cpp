@@ -32,13 +32,23 @@ constexpr WarningRow kWarnings[] = {
     {MeasureWarning::NotConverged,
      "A segment or a line between its ends joins nearly antipodal positions, where the iteration for geodesics didn't "
      "settle: lengths, midpoints and azimuths may be far off."},
+    {MeasureWarning::BeyondPole,
+     "A latitude lies beyond a pole: lengths, areas, centroids and azimuths are those of some other place."},
     {MeasureWarning::WideRing,
      "A ring is more than 180 degrees of longitude wide: its spherical area and centroid may be wrong, because they "
-     "take the short way round between any two places."},
+     "take the short way round between any two places. Its spheroidal area isn't."},
+    {MeasureWarning::TornRing,
+     "A ring steps over more than 180 degrees of longitude at once: its spheroidal area, and in a projection all that "
+     "is "
+     "measured on the globe, takes such a step the short way, but for a ring that this would leave without width."},
     {MeasureWarning::OneLobe, "A ring crosses itself: its spheroidal perimeter is that of one of its lobes alone."},
     {MeasureWarning::SignedLobes,
      "A ring crosses itself: its lobes count by the way they run, so that their spherical areas may cancel each other "
      "out."},
+    {MeasureWarning::PlanarLobes,
+     "A ring crosses itself: its lobes count by the way they run, so that their planimetric areas may cancel each "
+     "other "
+     "out and their centroid may lie outside."},
     {MeasureWarning::NoCentroid,
      "A polygon has no spherical centroid, because its spherical area isn't above 0: -9999 stands in its place."},
     {MeasureWarning::FlattenedSphere,
@@ -54,6 +64,13 @@ std::string_view WarningText(MeasureWarning warning) {
 
 void MeasureRecord::Warn(MeasureWarning warning) {
   if (std::ranges::find(warnings_, warning) == warnings_.end()) warnings_.push_back(warning);
+}
+
+void MeasureRecord::WarnBeyondPole(const IGeometry& degrees) {
+  constexpr double kPole = 90.0 + 1e-9;
+  if (degrees.IsEmpty()) return;
+  const Envelope extent = degrees.Envelope();
+  if (extent.YMin() < -kPole || extent.YMax() > kPole) Warn(MeasureWarning::BeyondPole);
 }
 
 MeasureSettings MeasureSettingsOf(esriGeometryType shape, const SpatialReferenceRef& reference,

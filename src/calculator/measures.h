@@ -70,9 +70,12 @@ struct MeasureSettings {
 /// What the value of a measure can't mean for a record, though there is one.
 enum class MeasureWarning {
   NotConverged,     ///< a geodesic between nearly antipodal positions: its length and azimuths may be far off
+  BeyondPole,       ///< a geodesic measure of a shape with latitudes beyond 90 degrees
   WideRing,         ///< the spherical area and centroid of a ring more than 180 degrees wide
+  TornRing,         ///< a ring with steps of more than 180 degrees of longitude, which are taken the short way
   OneLobe,          ///< the perimeter of a ring that crosses itself: one of its lobes
   SignedLobes,      ///< the spherical area and centroid of such a ring: the lobes count by their sense
+  PlanarLobes,      ///< its area and centroid on the plane, likewise
   NoCentroid,       ///< -9999, because the spherical area isn't above 0
   FlattenedSphere,  ///< the area on a sphere in place of a strongly flattened spheroid
 };
@@ -103,6 +106,8 @@ class MeasureRecord {
  protected:
   explicit MeasureRecord(MeasureSettings& settings) : settings_(settings) {}
   void Warn(MeasureWarning warning);
+  /// For a shape in degrees.
+  void WarnBeyondPole(const IGeometry& degrees);
 
   MeasureSettings& settings_;  // outlives the record
   SharedWork work_;

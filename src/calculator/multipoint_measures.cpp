@@ -36,6 +36,7 @@ XY MultipointRecord::ProjectedSpheroidalCentroid() {
 }
 
 XY MultipointRecord::SpheroidalCentroid() {
+  WarnBeyondPole(*planetographic_);
   return InLatitudesOfData(CentroidOnSpheroid(planetographic_, settings_), settings_);
 }
 

@@ -3,6 +3,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
+#include <span>
 
 #include "calculator/measure_coordinates.h"
 #include "geodesy/MyGeometricOperations.h"
@@ -32,13 +34,26 @@ bool BoundsNothing(const Polygon& polygon) {
   return simple->IsEmpty();
 }
 
+// At a pole all longitudes are one place.
+bool HasTornRing(const Polygon& polygon) {
+  constexpr double kPole = 90.0 - 1e-9;
+  return std::ranges::any_of(polygon.Parts(), [](const auto& part) {
+    const std::span<const XY> vertices = part->Vertices();
+    for (std::size_t index = 1; index < vertices.size(); ++index) {
+      const XY from = vertices[index - 1], to = vertices[index];
+      if (std::fabs(to.x - from.x) > kHalfTurn && std::fabs(from.y) < kPole && std::fabs(to.y) < kPole) return true;
+    }
+    return false;
+  });
+}
+
 bool HasWideRing(const Polygon& polygon) {
   return std::ranges::any_of(polygon.Parts(), [](const auto& part) { return part->Envelope().Width() > kHalfTurn; });
 }
 
 // Whether a ring falls into several when it is made simple.
 bool HasLobes(const Polygon& polygon) {
-  if (polygon.IsKnownSimple()) return false;
+  if (polygon.IsKnownSimple() || (polygon.GeometryCount() == 1 && polygon.IsSimple())) return false;
   const std::shared_ptr<GeometryBag> components = polygon.ConnectedComponentBag();
   for (std::int32_t index = 0; index < components->GeometryCount(); ++index) {
     const auto component = Cast<Polygon>(components->Geometry(index));
@@ -70,9 +85,15 @@ PolygonRecord::PolygonRecord(std::shared_ptr<Polygon> shape, MeasureSettings& se
   if (settings.Kind == SpatialKind::Geographic) geographic_ = PlanetographicShape(shape_, settings_, work_);
 }
 
-double PolygonRecord::Area() const { return shape_->Area(); }
+double PolygonRecord::Area() {
+  WarnOfPlanarLobes();
+  return shape_->Area();
+}
 
-XY PolygonRecord::Centroid() const { return shape_->Area() != 0.0 ? shape_->Centroid() : shape_->CentroidOfLines(); }
+XY PolygonRecord::Centroid() {
+  WarnOfPlanarLobes();
+  return shape_->Area() != 0.0 ? shape_->Centroid() : shape_->CentroidOfLines();
+}
 
 double PolygonRecord::Perimeter() const { return shape_->Length(); }
 
@@ -89,6 +110,7 @@ double PolygonRecord::SphericalArea() {
 }
 
 double PolygonRecord::SpheroidalPerimeter() {
+  WarnBeyondPole(*GeographicPolygon());
   const geodesy::ConvergenceWatch watch;
   const double length = PerimeterOf(GeographicPolygon());
   if (!watch.AllConverged()) Warn(MeasureWarning::NotConverged);
@@ -110,6 +132,7 @@ double PolygonRecord::PerimeterOf(const std::shared_ptr<Polygon>& polygon) {
 
 double PolygonRecord::SpheroidalArea() {
   const Polygon& polygon = *GeographicPolygon();
+  if (settings_.Kind == SpatialKind::Geographic && HasTornRing(polygon)) Warn(MeasureWarning::TornRing);
   // What comes out of a projection is whole already.
   const std::shared_ptr<Polygon> whole = settings_.Kind == SpatialKind::Geographic ? Whole(polygon) : CloneOf(polygon);
   // Each exterior ring with its holes by itself: parts that overlap count twice, as they do on the sphere.
@@ -138,19 +161,23 @@ XY PolygonRecord::SphericalCentroid() {
 }
 
 const std::shared_ptr<Polygon>& PolygonRecord::GeographicPolygon() {
-  if (!geographic_) geographic_ = GeographicCopy(*shape_, work_);
+  if (geographic_) return geographic_;
+  const BroughtToDegrees<Polygon> degrees = GeographicCopy(*shape_, work_);
+  if (degrees.jumps_over_edge) Warn(MeasureWarning::TornRing);
+  geographic_ = degrees.shape;
   return geographic_;
 }
 
 // On a copy, because the routine snaps what it measures to the grid of its reference.
 void PolygonRecord::MeasureArea() {
   const std::shared_ptr<Polygon> polygon = CloneOf(*GeographicPolygon());
+  WarnBeyondPole(*polygon);
+  if (HasLobes(*polygon)) Warn(MeasureWarning::SignedLobes);
   if (!HasArea(*polygon)) {
     spherical_area_ = 0.0;
     return;
   }
   if (HasWideRing(*polygon)) Warn(MeasureWarning::WideRing);
-  if (HasLobes(*polygon)) Warn(MeasureWarning::SignedLobes);
   ++work_.AreaPasses;
   spherical_area_ =
       geodesy::SphericalPolygonArea2(polygon, true, centroid_.x, centroid_.y, settings_.SemiMajor, settings_.SemiMinor);
@@ -161,6 +188,11 @@ void PolygonRecord::MeasureArea() {
 void PolygonRecord::FindCentroid() {
   if (centroid_.x >= 0.0 && centroid_.y >= 0.0) return;
   MeasureArea();
+}
+
+void PolygonRecord::WarnOfPlanarLobes() {
+  if (!looked_for_lobes_ && HasLobes(*shape_)) Warn(MeasureWarning::PlanarLobes);
+  looked_for_lobes_ = true;
 }
 
 bool PolygonRecord::HasCentroid() const { return centroid_ != XY{kNullMark, kNullMark}; }

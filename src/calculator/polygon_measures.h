@@ -12,9 +12,9 @@ class PolygonRecord final : public MeasureRecord {
   PolygonRecord(std::shared_ptr<Polygon> shape, MeasureSettings& settings);
 
   // On the plane of the data's coordinates.
-  [[nodiscard]] double Area() const;
+  [[nodiscard]] double Area();
   /// Of the lines of a polygon without area, or of its vertices where they have no length.
-  [[nodiscard]] XY Centroid() const;
+  [[nodiscard]] XY Centroid();
   [[nodiscard]] double Perimeter() const;
   /// Exterior rings: holes are no parts.
   [[nodiscard]] std::int32_t PartCount() const;
@@ -42,9 +42,11 @@ class PolygonRecord final : public MeasureRecord {
   void MeasureArea();
   void FindCentroid();
   [[nodiscard]] bool HasCentroid() const;
+  void WarnOfPlanarLobes();
 
   std::shared_ptr<Polygon> shape_;
   std::shared_ptr<Polygon> geographic_;
+  bool looked_for_lobes_ = false;
   double spherical_area_ = kNullMark;
   XY centroid_{kNullMark, kNullMark};  // in planetographic latitudes
 };

@@ -70,7 +70,8 @@ XY PolylineRecord::LongitudeLatitudeOf(XY vertex) {
 }
 
 const std::shared_ptr<Polyline>& PolylineRecord::GeographicLine() {
-  if (!geographic_) geographic_ = GeographicCopy(*shape_, work_);
+  if (!geographic_) geographic_ = GeographicCopy(*shape_, work_).shape;
+  WarnBeyondPole(*geographic_);
   return geographic_;
 }
 

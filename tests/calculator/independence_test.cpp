@@ -200,6 +200,10 @@ TEST(Warnings, NameWhatAValueCantMean) {
       {"bow", bow, kMinor, 3, {OneLobe}},
       {"bow by its area", bow, kMinor, 1, {SignedLobes}},
       {"bow by its true area", bow, kMinor, 6, {}},
+      {"a bow of equal lobes", PolygonOf({{{0, 0}, {1, 1}, {1, 0}, {0, 1}, {0, 0}}}), kMinor, 1, {SignedLobes}},
+      {"a jump over the edge", PolygonOf({Box(-170, 0, 170, 1)}), kMinor, 6, {TornRing}},
+      {"wide, but without a jump", PolygonOf({{{-170, 0}, {0, 10}, {170, 0}, {0, -10}, {-170, 0}}}), kMinor, 6, {}},
+      {"the globe by its true area", PolygonOf({Box(-180, -90, 180, 90)}), kMinor, 6, {}},
       {"a ring without area", PolygonOf({{{0, 0}, {1, 1}, {2, 2}, {0, 0}}}), kMinor, 2, {NoCentroid}},
       {"the globe", PolygonOf({Box(-180, -90, 180, 90)}), kMinor, 2, {WideRing, NoCentroid}},
       {"Saturn", PolygonOf({Box(10, 40, 11, 41)}), kMajor * 0.902, 1, {FlattenedSphere}},
@@ -207,6 +211,12 @@ TEST(Warnings, NameWhatAValueCantMean) {
       {"antipodal length", antipodal, kMinor, 1, {NotConverged}},
       {"antipodal azimuth", antipodal, kMinor, 6, {NotConverged}},
       {"antipodal count", antipodal, kMinor, 8, {}},
+      {"a line beyond the pole", PolylineOf({{{0, 80}, {0, 100}}}), kMinor, 1, {BeyondPole}},
+      {"its azimuth", PolylineOf({{{0, 80}, {0, 100}}}), kMinor, 6, {BeyondPole}},
+      {"its vertices", PolylineOf({{{0, 80}, {0, 100}}}), kMinor, 8, {}},
+      {"a polygon beyond the pole", PolygonOf({Box(0, 80, 10, 91)}), kMinor, 3, {BeyondPole}},
+      {"its spherical area", PolygonOf({Box(0, 80, 10, 91)}), kMinor, 1, {BeyondPole}},
+      {"up to the pole", PolylineOf({{{0, 80}, {0, 90}}}), kMinor, 1, {}},
       {"far, but not antipodal", PolylineOf({{{0, 0}, {170, 10}}}), kMinor, 1, {}},
   };
   for (const auto& row : rows) {
@@ -214,6 +224,43 @@ TEST(Warnings, NameWhatAValueCantMean) {
     static_cast<void>(feature(row.id));
     EXPECT_EQ(feature.Warnings(), row.warnings) << row.name;
     for (const MeasureWarning warning : row.warnings) EXPECT_FALSE(WarningText(warning).empty());
+  }
+}
+
+// On the plane too, where a projected layer measures all lobes on the globe.
+TEST(Warnings, NameRingsOfThePlane) {
+  using enum MeasureWarning;
+  const auto bow = PolygonOf({{{0, 0}, {2000, 2000}, {2000, 0}, {0, 3000}, {0, 0}}});
+  const auto box = PolygonOf({Box(0, 0, 2000, 2000)});
+  const struct {
+    const char* name;
+    SpatialKind kind;
+    GeometryRef shape;
+    std::int32_t id;
+    std::vector<MeasureWarning> warnings;
+  } rows[] = {
+      {"box", Unknown, box, 1, {}},
+      {"bow", Unknown, bow, 1, {PlanarLobes}},
+      {"its centroid", Unknown, bow, 2, {PlanarLobes}},
+      {"its perimeter", Unknown, bow, 3, {}},
+      {"box on a map", Projected, box, 1, {}},
+      {"bow on a map", Projected, bow, 1, {PlanarLobes}},
+      {"its planimetric centroid", Projected, bow, 3, {PlanarLobes}},
+      {"its spherical area", Projected, bow, 2, {}},
+  };
+  for (const auto& row : rows) {
+    Feature feature(row.kind, *row.shape);
+    static_cast<void>(feature(row.id));
+    EXPECT_EQ(feature.Warnings(), row.warnings) << row.name;
+  }
+  const auto torn = PolygonOf({Box(-170, 0, 170, 1)});
+  torn->SetSpatialReference(Reference(Geographic));
+  torn->Project(SpatialReferenceEnvironment::CreateFromText("EPSG:3857"));
+  MeasureSettings settings{esriGeometryPolygon, Projected, torn->SpatialReference(), kMajor, kMinor, false};
+  for (const std::int32_t id : {2, 4, 6, 9}) {
+    const auto record = BeginRecord(CloneOf(*torn), settings);
+    static_cast<void>(Measure(*FindMeasure(settings.Shape, settings.Kind, id), *record));
+    EXPECT_THAT(record->Warnings(), ElementsAre(TornRing)) << id;
   }
 }
 
