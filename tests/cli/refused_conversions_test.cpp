@@ -30,11 +30,20 @@ TEST_F(RefusedConversions, OfPointsLeaveWhatIsThere) {
 }
 
 TEST_F(RefusedConversions, ToleranceWithACommaOrNothing) {
-  for (const char* tolerance : {"1,5", "", " ", "1e", "-1", "nan", "inf"}) {
+  for (const char* tolerance : {"1,5", "", " ", "1e", "-1", "nan", "inf", "1e400"}) {
     const ProgramOutcome run =
         RunTessarine({"build-polygons", Data("disputed_borders.shp"), "-t", tolerance, "-o", In("out.shp")});
     EXPECT_EQ(run.status, 2) << tolerance;
     EXPECT_THAT(run.err, HasSubstr("--cluster-tolerance")) << tolerance;
+  }
+  EXPECT_THAT(Left(), IsEmpty());
+}
+
+TEST_F(RefusedConversions, ShiftsThatAreNoNumber) {
+  for (const char* shift : {"ten", "1e400", "nan"}) {
+    const ProgramOutcome run = RunTessarine({"to-graphic", Data("cities.shp"), "--shift", shift, "-o", In("out.shp")});
+    EXPECT_EQ(run.status, 2) << shift;
+    EXPECT_THAT(run.err, HasSubstr("--shift")) << shift;
   }
   EXPECT_THAT(Left(), IsEmpty());
 }

@@ -8,6 +8,7 @@
 #include "hosts/terminal/commands.h"
 #include "hosts/terminal/form_answers.h"
 #include "hosts/terminal/layer_source.h"
+#include "hosts/terminal/option_numbers.h"
 #include "hosts/terminal/output_run.h"
 #include "hosts/terminal/refusal.h"
 #include "hosts/terminal/report_output.h"
@@ -37,12 +38,11 @@ struct BuildOptions {
 // The tolerance as the form's box takes it: plain digits.
 std::string ToleranceText(const std::string& option) {
   // A comma would be read as a separator of thousands, as the dialog reads it.
-  const bool usable = option.find(',') == std::string::npos && IsNumericText(option) &&
-                      std::isfinite(ToNumber(option)) && ToNumber(option) >= 0.0;
-  if (!usable) {
+  const std::optional<double> number = option.find(',') == std::string::npos ? OptionNumber(option) : std::nullopt;
+  if (!number || !std::isfinite(*number) || *number < 0.0) {
     throw Refusal("--cluster-tolerance: '" + Trim(option) + "' is no number of 0 or more with a decimal point.");
   }
-  std::string text = FixedText(ToNumber(option), kToleranceDecimals);
+  std::string text = FixedText(*number, kToleranceDecimals);
   while (text.ends_with('0')) text.pop_back();
   if (text.ends_with('.')) text.pop_back();
   return text;

@@ -7,6 +7,7 @@
 #include "hosts/terminal/commands.h"
 #include "hosts/terminal/form_answers.h"
 #include "hosts/terminal/layer_source.h"
+#include "hosts/terminal/option_numbers.h"
 #include "hosts/terminal/output_run.h"
 #include "hosts/terminal/refusal.h"
 #include "hosts/terminal/report_output.h"
@@ -75,9 +76,9 @@ std::vector<std::string> SplitAtCommas(const std::string& text) {
   return parts;
 }
 
-// The form passes over a shift that is no number; here somebody would miss it.
+// The form passes over a shift that is no number, or too large a one; here somebody would miss it.
 void CheckShift(const std::string& shift) {
-  if (!shift.empty() && !IsNumericText(shift)) {
+  if (!shift.empty() && !OptionNumber(shift)) {
     throw Refusal("--shift: '" + shift + "' is no number of degrees.");
   }
 }

@@ -9,6 +9,7 @@
 
 #include "hosts/document/component_loader.h"
 #include "hosts/terminal/common_options.h"
+#include "hosts/terminal/option_numbers.h"
 #include "hosts/terminal/refusal.h"
 #include "platform/text_formats.h"
 
@@ -67,15 +68,9 @@ std::optional<Remoteness> RemotenessOf(const std::string& text, const std::strin
 }
 
 double Radius(const std::string& field, const std::string& text) {
-  if (!IsNumericText(field)) RefuseRadii(text);
-  double radius = 0.0;
-  try {
-    radius = ToNumber(field);
-  } catch (const Fault&) {
-    RefuseRadii(text);
-  }
-  if (!(radius > 0.0)) RefuseRadii(text);
-  return radius;
+  const std::optional<double> radius = OptionNumber(field);
+  if (!radius || !(*radius > 0.0)) RefuseRadii(text);
+  return *radius;
 }
 
 ChosenSpheroid FromRadii(const std::string& text) {
