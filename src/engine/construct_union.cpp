@@ -8,6 +8,7 @@
 #include <span>
 
 #include "engine/box_tree.h"
+#include "engine/distinct_pieces.h"
 #include "engine/geos_bridge.h"
 #include "engine/planar_areas.h"
 #include "platform/run_stop.h"
@@ -81,12 +82,6 @@ class Groups {
   const std::vector<Member>& shapes_;
   std::vector<std::uint32_t> parents_;
 };
-
-GeosGeometry UnionByGeos(const std::vector<Member>& group) {
-  std::vector<GeosGeometry> shapes;
-  for (const Member& member : group) shapes.push_back(ToGeos(*member));
-  return Checked(GEOSUnaryUnion_r(Geos(), CollectionToGeos(GEOS_GEOMETRYCOLLECTION, std::move(shapes)).get()));
-}
 
 NestedRings NestPartsOf(const PartedShape& polygon) {
   std::vector<const Path*> rings;
@@ -164,7 +159,14 @@ std::vector<PathRef> UnitedAreas(std::vector<Member> group) {
 // The union splits lines wherever they meet. Pieces that follow each other without a branch are one path again; the
 // direction of the lines stays.
 std::vector<PathRef> UnitedLines(const std::vector<Member>& group) {
-  return PathsFromGeos(Checked(GEOSLineMergeDirected_r(Geos(), UnionByGeos(group).get())).get());
+  LineList lines;
+  for (const Member& member : group) {
+    for (const PathRef& part : member->Parts()) lines.push_back(DensifiedVertices(*part));
+  }
+  std::vector<GeosGeometry> pieces;
+  for (const std::vector<XY>& piece : DistinctPieces(Noded(std::move(lines)))) pieces.push_back(LineToGeos(piece));
+  const GeosGeometry all = CollectionToGeos(GEOS_MULTILINESTRING, std::move(pieces));
+  return PathsFromGeos(Checked(GEOSLineMergeDirected_r(Geos(), all.get())).get());
 }
 
 std::vector<PathRef> UnitedParts(const std::vector<Member>& shapes, esriGeometryType type) {
