@@ -10,8 +10,9 @@
 //  - The order of multiplication and division is fixed. `DegToRad` multiplies first and `AsRadians` divides first;
 //    they differ in the last bit for many arguments and must not replace each other.
 //
-// Arguments are any finite doubles, of any number of turns; nothing is reduced to a range unless told. An infinity, a
-// not-a-number or an overflow is a fault: it is reported under the routine's name and the routine answers 0.
+// Arguments are any finite doubles, of any number of turns; nothing is reduced to a range unless a routine says so. An
+// infinity, a not-a-number or an overflow is a fault: it is reported under the routine's name and the routine answers
+// 0.
 #pragma once
 
 #include "platform/geometry.h"

@@ -18,9 +18,9 @@ namespace tessarine::MyGeometricOperations {
 [[nodiscard]] std::shared_ptr<const GeographicCoordinateSystem> DegreesOf(const SpatialReferenceRef& reference);
 
 /// Brings the shape to longitude and latitude in decimal degrees, in place, and gives it that reference. A shape that
-/// is there already keeps its bits; a polygon comes out of a projection simple, with its spikes. Curves become lines where coordinates
-/// change. Fault 91 for a reference that is neither geographic nor projected, and the engine's fault for a vertex that
-/// the projection can't take back.
+/// is there already keeps its bits; a polygon comes out of a projection simple, with its spikes. Curves become lines
+/// where coordinates change. Fault 91 for a reference that is neither geographic nor projected, and the engine's fault
+/// for a vertex that the projection can't take back.
 ///
 /// Returns true if rings jump over the edge of their map by more than 180 degrees of longitude at once: they were taken
 /// the short way.

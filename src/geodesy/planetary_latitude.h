@@ -35,8 +35,8 @@ void XYOGraphicToOCentric(double lon, double lat, double semi_major, double semi
 /// A copy of a point, polyline, polygon or multipoint with every vertex converted; the shape given stays as it is.
 ///
 /// When either axis is 0 or less, both are taken from the spheroid of the shape's own geographic reference and written
-/// back, so that the next shape of a loop finds them. A shape with another reference is told to the user in a message
-/// box and is then a fault; with axes given the reference doesn't matter. Empty shapes give empty copies.
+/// back, so that the next shape of a loop finds them. A shape with another reference brings up a message box
+/// and is then a fault; with axes given the reference doesn't matter. Empty shapes give empty copies.
 ///
 /// Nothing after a fault, which is reported under the routine's name, and, after a message box, for a shape of another
 /// type. One vertex that can't be converted fails the whole shape.

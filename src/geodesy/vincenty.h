@@ -37,7 +37,8 @@
 // Accuracy on the Earth's spheroids, against an exact solution and away from the antipode: distances and positions to
 // 0.1 mm, short distances to 6 micrometres. An azimuth is off by at most 6 micrometres sideways: 2e-8 degrees on long
 // lines, 4e-7 on one of a kilometre, 4e-4 on one of a metre. On strongly flattened bodies the error grows with the
-// fourth power of f: 0.7 mm on Mars, 15 m on Jupiter, 140 m on Saturn, told for a body of the Earth's size.
+// fourth power of f: 0.9 mm on Mars, 15 m on Jupiter, 140 m on Saturn, all scaled to a body of the
+// Earth's size.
 //
 // Source: T. Vincenty, Direct and inverse solutions of geodesics on the ellipsoid with application of nested equations,
 // Survey Review 23 (176), 88-93 (1975), equations 1 to 21.

@@ -29,7 +29,7 @@ TEST(Angles, PiIsCutNotRounded) {
   EXPECT_LT(DegToRad(180.0), std::acos(-1.0));
 }
 
-// Bits from IEEE double arithmetic in Python, one operation at a time in the told order.
+// Bits from IEEE double arithmetic in Python, one operation at a time, in the order that angles.h gives.
 TEST(Angles, TheTwoWaysToRadiansRoundDifferently) {
   EXPECT_EQ(Bits(DegToRad(9.0)), 0x3FC41B2F769CF0DAu);
   EXPECT_EQ(Bits(AsRadians(9.0)), 0x3FC41B2F769CF0DBu);
@@ -108,7 +108,7 @@ TEST(Angles, PlanarBearing) {
   }
   EXPECT_EQ(Bits(CalcBearing2(XY{0, 0}, XY{0, 1})), Bits(0.0)) << "the sign of zero is cleared";
   EXPECT_EQ(CalcBearing2(XY{0, 0}, XY{-1, 0}), 270.0);
-  // Bits of the told operations in Python, with an arc tangent rounded from 300 bits.
+  // Bits of the same operations in Python, with an arc tangent rounded from 300 bits.
   EXPECT_EQ(Bits(CalcBearing2(XY{-110.9, 32.2}, XY{-87.6, 41.9})), 0x4050D9723EAF15BCu);
   EXPECT_EQ(Bits(CalcBearing2(XY{12.5, 41.9}, XY{-0.125, 51.5})), 0x407333FCC895B7FBu);
   EXPECT_THAT(log.Reports(), IsEmpty());

@@ -78,7 +78,7 @@ TEST(LongitudeContinuation, BoxesOverTheEdge) {
       {"an island elsewhere stays",
        {{{170, -5}, {170, 5}, {-170, 5}, {-170, -5}, {170, -5}}, Box(-150, 0, -140, 9)},
        {200, 90}},
-      {"the edge told twice",
+      {"the edge given twice",
        {{{170, 0}, {170, 5}, {180, 5}, {-180, 5}, {-170, 5}, {-170, 0}, {-180, 0}, {180, 0}, {170, 0}}},
        {100}},
       {"the globe by its corners", {Box(-180, -90, 180, 90)}, {360.0 * 180}},
