@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "conversion/steps.h"
 #include "platform/fault.h"
+#include "platform/run_stop.h"
 
 namespace tessarine {
 namespace {
@@ -11,7 +12,9 @@ class VertexStep final : public ConversionStep {
     const auto vertices = Cast<IPointCollection>(shape);
     Require(vertices, "IPointCollection");
     const std::int32_t count = vertices->PointCount();
+    StopPoll poll;
     for (std::int32_t index = 0; index < count; ++index) {
+      poll();
       vertices->QueryPoint(index, *point_);
       sink.SetShape(point_);
       sink.SetMeasure(0, point_->X());

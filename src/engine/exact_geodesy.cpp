@@ -11,6 +11,7 @@
 #include <variant>
 
 #include "platform/fault.h"
+#include "platform/run_stop.h"
 
 namespace tessarine {
 namespace {
@@ -135,7 +136,11 @@ double ExactRingArea(std::span<const XY> ring, double semi_major, double semi_mi
       start = end;
     }
   };
-  for (std::size_t index = 1; index < ring.size(); ++index) add(ring[index - 1], ring[index]);
+  StopPoll poll;
+  for (std::size_t index = 1; index < ring.size(); ++index) {
+    poll();
+    add(ring[index - 1], ring[index]);
+  }
   if (ring.front() != ring.back()) add(ring.back(), ring.front());
   return sum();
 }

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "engine/turn.h"
+#include "platform/run_stop.h"
 
 namespace tessarine::engine {
 namespace {
@@ -27,10 +28,13 @@ RunList::RunList(const LineList& lines) {
 
 Meetings::Meetings(const LineList& lines, const Moved& moved) : moved_(moved), list_(lines) {
   inexact_.resize(list_.segment_count, 0);
+  StopPoll poll;
   for (const Run& run : list_.runs) {
+    poll();
     if (moved_.Any(run)) MeetWithin(run);
   }
-  BoxTree(list_.boxes).Pairs([this](std::uint32_t first, std::uint32_t second) {
+  BoxTree(list_.boxes).Pairs([&](std::uint32_t first, std::uint32_t second) {
+    poll();
     if (moved_.Any(list_.runs[first]) || moved_.Any(list_.runs[second])) MeetBetween(first, second);
   });
   std::ranges::stable_sort(cuts_, {}, &Cut::segment);

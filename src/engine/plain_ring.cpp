@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "engine/turn.h"
+#include "platform/run_stop.h"
 
 namespace tessarine::engine {
 namespace {
@@ -41,14 +42,18 @@ bool IsPlainRing(std::span<const XY> ring) {
   thread_local std::vector<Side> sides;
   sides.clear();
   const std::size_t count = ring.size() - 1;
+  StopPoll poll;
   for (std::size_t at = 0; at < count; ++at) {
+    poll();
     const XY from = ring[at], to = ring[at + 1];
     if (from == to) return false;
     sides.push_back({from, to, std::min(from.x, to.x), std::max(from.x, to.x), at});
   }
   std::ranges::sort(sides, {}, &Side::xmin);
   for (auto first = sides.begin(); first != sides.end(); ++first) {
+    poll();
     for (auto second = first + 1; second != sides.end() && second->xmin <= first->xmax; ++second) {
+      poll();
       if (Meet(*first, *second, count)) return false;
     }
   }

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "engine/turn.h"
+#include "platform/run_stop.h"
 
 namespace tessarine::engine {
 namespace {
@@ -37,9 +38,11 @@ std::vector<std::uint32_t> NumberPlaces(const LineList& lines, std::vector<XY>& 
 
 PlanarGraph::PlanarGraph(const LineList& lines) {
   const std::vector<std::uint32_t> numbers = NumberPlaces(lines, places_);
+  StopPoll poll;
   auto number = numbers.begin();
   for (const std::vector<XY>& line : lines) {
     for (std::size_t at = 0; at + 1 < line.size(); ++at) {
+      poll();
       const std::uint32_t from = *(number + static_cast<std::ptrdiff_t>(at));
       const std::uint32_t to = *(number + static_cast<std::ptrdiff_t>(at) + 1);
       if (from != to) edges_.push_back({std::min(from, to), std::max(from, to), 1, from < to ? 1 : -1});

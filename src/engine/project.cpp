@@ -13,6 +13,7 @@
 #include "engine/engine_fault.h"
 #include "engine/geos_bridge.h"
 #include "engine/srs_from_gdal.h"
+#include "platform/run_stop.h"
 #include "platform/text_formats.h"
 
 namespace tessarine {
@@ -87,7 +88,13 @@ std::vector<XY> Transformed(std::span<const XY> vertices, OGRCoordinateTransform
   std::vector<int> ok(vertices.size(), 0);
   const double pole = PoleOf(target);
   const GdalErrorScope quiet;
-  transformation.Transform(static_cast<int>(vertices.size()), x.data(), y.data(), nullptr, ok.data());
+  // In stretches, so that a stop is seen.
+  constexpr std::size_t kAtOnce = 1U << 16;
+  for (std::size_t first = 0; first < vertices.size(); first += kAtOnce) {
+    if (first > 0) EndIfStopped();
+    const std::size_t count = std::min(kAtOnce, vertices.size() - first);
+    transformation.Transform(static_cast<int>(count), x.data() + first, y.data() + first, nullptr, ok.data() + first);
+  }
   std::vector<XY> result(vertices.size());
   for (std::size_t index = 0; index < vertices.size(); ++index) {
     result[index] = WithinPoles({x[index], y[index]}, pole);

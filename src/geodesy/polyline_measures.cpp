@@ -8,6 +8,7 @@
 #include "geodesy/checked_arithmetic.h"
 #include "geodesy/segment_lengths.h"
 #include "geodesy/vincenty.h"
+#include "platform/run_stop.h"
 #include "platform/trap.h"
 
 namespace tessarine::MyGeometricOperations {
@@ -33,9 +34,11 @@ class PartsOf {
 
 double LengthOf(const PartsOf& parts, const LineFigure& figure) {
   double running = 0.0;
+  StopPoll poll;
   for (std::size_t part = 0; part < parts.Count(); ++part) {
     SegmentLengths lengths(figure, parts.At(part));
     for (SegmentLengths::Batch batch; lengths.Next(batch);) {
+      poll();
       for (const double length : batch.lengths) running += length;
     }
   }
@@ -125,10 +128,12 @@ class StandingAzimuth {
 // Calls `visit(part, vertex, from, to, batch, index)` for each segment in order.
 template <class Visit>
 void ForEachSegment(const PartsOf& parts, const LineFigure& figure, Visit&& visit) {
+  StopPoll poll;
   for (std::size_t part = 0; part < parts.Count(); ++part) {
     const Vertices vertices = parts.At(part);
     SegmentLengths lengths(figure, vertices);
     for (SegmentLengths::Batch batch; lengths.Next(batch);) {
+      poll();
       for (std::size_t index = 0; index < batch.lengths.size(); ++index) {
         const std::size_t vertex = batch.first + index;
         visit(part, vertex, vertices[vertex], vertices[vertex + 1], batch, index);

@@ -10,6 +10,7 @@
 #include "geodesy/checked_arithmetic.h"
 #include "geodesy/spherical_area.h"
 #include "geodesy/spherical_triangle.h"
+#include "platform/run_stop.h"
 
 namespace tessarine::MyGeometricOperations {
 namespace {
@@ -226,7 +227,9 @@ void SphericalAreaSum::AddRing(std::span<const XY> ring, XY apex_at) {
   Triangles triangles;
   Prepare(ring.first(1), apex, vertices);
   vertices.Carry(1);
+  StopPoll poll;
   for (std::size_t next = 1; next < ring.size();) {
+    poll();
     const std::size_t count = std::min(kLanes, ring.size() - next);
     Prepare(ring.subspan(next, count), apex, vertices);
     Measure(vertices, apex, triangles);

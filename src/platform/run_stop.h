@@ -26,6 +26,18 @@ inline void EndIfStopped() {
   if (StopRequested()) throw RunStopped();
 }
 
+/// Asks for a stop now and then, in loops over the vertices of one shape.
+class StopPoll {
+ public:
+  void operator()() {
+    constexpr unsigned kOftenEnough = 1U << 14;
+    if (++steps_ % kOftenEnough == 0) EndIfStopped();
+  }
+
+ private:
+  unsigned steps_ = 0;
+};
+
 /// Does the work and returns what it does, or true when it returns nothing; false when it was stopped.
 template <class Work>
 [[nodiscard]] bool UnlessStopped(Work&& work) {

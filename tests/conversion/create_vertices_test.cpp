@@ -4,6 +4,9 @@
 #include <gtest/gtest.h>
 #include <ogrsf_frmts.h>
 
+#include <cmath>
+#include <numbers>
+
 #include "conversion/modCreateVertices.h"
 #include "engine/data_source.h"
 #include "helpers/fake_application.h"
@@ -191,6 +194,24 @@ TEST_F(VerticesTest, OnlyTheSelection) {
   EXPECT_EQ(output.points[0], (XY{10, 0}));
   EXPECT_EQ(output.points[5], (XY{30, 0}));
   EXPECT_EQ(application->status_bar->maximum, 2);
+}
+
+TEST_F(VerticesTest, StopInsideAFeatureKeepsWhatWasWritten) {
+  constexpr int kVertices = 100'000;
+  std::vector<XY> ring;
+  for (int index = 0; index < kVertices; ++index) {
+    const double angle = -2.0 * std::numbers::pi * index / kVertices;
+    ring.push_back({std::cos(angle), std::sin(angle)});
+  }
+  ring.push_back(ring.front());
+  const auto polygon = std::make_shared<Polygon>();
+  polygon->AddGeometry(std::make_shared<Ring>(std::move(ring)));
+  features->Add(polygon);
+  host.stop_at_question = 3;
+  EXPECT_THAT(Run({}, true), HasSubstr("Exited Function Prematurely at Record "));
+  EXPECT_TRUE(host.journal.stopped);
+  EXPECT_GT(host.journal.written, 0);
+  EXPECT_LT(host.journal.written, kVertices);
 }
 
 TEST_F(VerticesTest, StopInTheMiddleKeepsWhatWasWritten) {

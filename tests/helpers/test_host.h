@@ -274,6 +274,7 @@ class TestHost final : public IHost {
   RunJournal journal;
   bool plan_only = false;
   bool stop_requested = false;
+  std::int32_t stop_at_question = 0;  ///< the stop comes when it is asked for this often; 0: never
 
   IClock& Clock() override { return clock; }
   IMessageBox& MessageBox() override { return messages; }
@@ -285,7 +286,10 @@ class TestHost final : public IHost {
     ++pumps;
     if (on_pump) on_pump();
   }
-  [[nodiscard]] bool StopRequested() const override { return stop_requested; }
+  [[nodiscard]] bool StopRequested() const override {
+    ++stop_questions_;
+    return stop_requested || (stop_at_question > 0 && stop_questions_ >= stop_at_question);
+  }
   void RestoreMousePointer() override { ++pointer_restored; }
   std::shared_ptr<IErrorDialog> CreateErrorDialog() override {
     return std::make_shared<TestErrorDialog>(error_reports);
@@ -304,6 +308,7 @@ class TestHost final : public IHost {
 
  private:
   IHost* previous_;
+  mutable std::int32_t stop_questions_ = 0;
 };
 
 }  // namespace tessarine::testing
