@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #include "bench/accuracy_of_projections.h"
 
 #include <algorithm>

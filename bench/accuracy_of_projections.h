@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The table of docs/accuracy.md about polygons in projections: the bundled countries, measured in each of them and in
 // longitude and latitude.
 #pragma once

@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: GPL-2.0-or-later
 """Cuts polygons that jump over the 180th meridian, by `tessarine wrap --short-steps` and by `ogr2ogr -wrapdateline`.
 
 Usage: wrap_vs_ogr2ogr.py BUILD WORK

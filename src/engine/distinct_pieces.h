@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Noded lines without what runs twice.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Rings that run out and back on one line, within a rounding.
 #pragma once
 

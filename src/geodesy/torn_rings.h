@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Rings of polygons that came out of a projection vertex by vertex, made whole again.
 //
 // Every longitude comes back between -180 and 180, so what is whole on the map may be torn: a ring over the 180 degree

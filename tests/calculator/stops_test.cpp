@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // A stop is seen in the midst of one shape.
 #include <gtest/gtest.h>
 

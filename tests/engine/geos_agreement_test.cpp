@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Where lines run nanometres apart, our areas and unions must be those that GEOS finds, as far as it finds them: what
 // lies between such lines is left out of the comparison.
 #include <gmock/gmock.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Lines so near to each other that rounding makes new crossings.
 #pragma once
 
