@@ -6,6 +6,7 @@
 #include "platform/fault.h"
 #include "platform/rich_text.h"
 #include "support/MyGeneralOperations.h"
+#include "support/output_datasets.h"
 
 namespace tessarine {
 namespace {
@@ -47,29 +48,31 @@ FieldRef NewMeasureField(const std::string& name) {
 }  // namespace
 
 FieldTransfer FieldTransfer::BesideInput(const IFeatureClass& input, std::span<const std::string_view> measures,
-                                         const VarArray& chosen) {
+                                         const VarArray& chosen, std::int32_t output_kind) {
   const auto taken = [&](const std::string& name) { return input.FindField(name) != -1; };
-  return {FreeName(kUniqueId, taken), FreeNames(measures, taken), chosen};
+  return {FreeName(kUniqueId, taken), FreeNames(measures, taken), chosen, output_kind};
 }
 
-FieldTransfer FieldTransfer::BesideChosen(std::span<const std::string_view> measures, const VarArray& chosen) {
+FieldTransfer FieldTransfer::BesideChosen(std::span<const std::string_view> measures, const VarArray& chosen,
+                                          std::int32_t output_kind) {
   const auto taken = [&](const std::string& name) {
     return std::any_of(chosen.begin(), chosen.end(), [&](const Variant& element) {
       const auto field = element.AsObject<Field>();
       return Require(field, "IField")->Name == name;
     });
   };
-  return {FreeName(kUniqueId, taken), FreeNames(measures, taken), chosen};
+  return {FreeName(kUniqueId, taken), FreeNames(measures, taken), chosen, output_kind};
 }
 
-FieldTransfer::FieldTransfer(std::string unique_id_name, std::vector<std::string> measure_names, const VarArray& chosen)
+FieldTransfer::FieldTransfer(std::string unique_id_name, std::vector<std::string> measure_names, const VarArray& chosen,
+                             std::int32_t output_kind)
     : unique_id_name_(std::move(unique_id_name)), measure_names_(std::move(measure_names)) {
   output_fields_->Add(NewUniqueIdField(unique_id_name_));
   for (const std::string& name : measure_names_) output_fields_->Add(NewMeasureField(name));
   for (const Variant& element : chosen) {
     const auto source = element.AsObject<Field>();
     const std::shared_ptr<Field> copy = CloneOf(*Require(source, "IField"));
-    copy->Name = MyGeneralOperations::ReturnDBASEFieldName(source->Name, output_fields_);
+    copy->Name = MyGeneralOperations::FieldNameFor(output_kind, source->Name, output_fields_);
     chosen_.push_back({source->Name, copy->Name});
     chosen_fields_.push_back(source);
     output_fields_->Add(copy);

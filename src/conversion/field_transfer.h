@@ -22,11 +22,13 @@ namespace tessarine {
 class FieldTransfer {
  public:
   /// Own fields that give way to the input class: one whose name the class already bears becomes name_2, name_3 and
-  /// so on. `measures` are the base names of the double fields behind `Uniq_ID`.
+  /// so on. `measures` are the base names of the double fields behind `Uniq_ID`. The kind of output decides how
+  /// carried fields are called.
   [[nodiscard]] static FieldTransfer BesideInput(const IFeatureClass& input, std::span<const std::string_view> measures,
-                                                 const VarArray& chosen);
+                                                 const VarArray& chosen, std::int32_t output_kind);
   /// Own fields that give way to the chosen fields alone, whose names are compared with case.
-  [[nodiscard]] static FieldTransfer BesideChosen(std::span<const std::string_view> measures, const VarArray& chosen);
+  [[nodiscard]] static FieldTransfer BesideChosen(std::span<const std::string_view> measures, const VarArray& chosen,
+                                                  std::int32_t output_kind);
 
   /// The output fields in order, for the creation of the class.
   [[nodiscard]] const std::shared_ptr<VarArray>& OutputFields() const { return output_fields_; }
@@ -52,7 +54,8 @@ class FieldTransfer {
   [[nodiscard]] std::string FieldReport() const;
 
  private:
-  FieldTransfer(std::string unique_id_name, std::vector<std::string> measure_names, const VarArray& chosen);
+  FieldTransfer(std::string unique_id_name, std::vector<std::string> measure_names, const VarArray& chosen,
+                std::int32_t output_kind);
 
   std::shared_ptr<VarArray> output_fields_ = std::make_shared<VarArray>();
   std::string unique_id_name_;

@@ -164,9 +164,10 @@ std::string RunConversion(RunContext& context, const ConversionRun& run, const s
       Raise(kTypeMismatch, std::string(reason));
     }
     const ShapeRule rule = RuleFor(run, input_type);
-    FieldTransfer transfer = FieldTransfer::BesideInput(*input.features, rule.MeasureFields, *fields);
+    const OutputTarget target = SplitOutputPath(path, *extension);
+    FieldTransfer transfer = FieldTransfer::BesideInput(*input.features, rule.MeasureFields, *fields, target.kind);
     if (all_records) NoteLeftOut(*input.features, journal);
-    OutputRequest request = RequestFor(SplitOutputPath(path, *extension), run.Words.NamePrompt);
+    OutputRequest request = RequestFor(target, run.Words.NamePrompt);
     request.geometry_type = rule.Output;
     request.reference = frame.reference;
     request.envelope = &frame.extent;

@@ -161,13 +161,13 @@ std::string orlBuildPolygons(const std::shared_ptr<IFeatureLayer>& line_layer, b
     BuildFacts facts;
     facts.output_path = aml_func_mod::MakeUniqueFilename(path);
     const VarArray none;
-    FieldTransfer transfer = FieldTransfer::BesideChosen(kMeasures, fields ? *fields : none);
+    const OutputTarget target = SplitOutputPath(facts.output_path, *extension);
+    FieldTransfer transfer = FieldTransfer::BesideChosen(kMeasures, fields ? *fields : none, target.kind);
     if (all_lines) NoteLeftOut(*lines.features, journal);
     const SpatialReferenceRef reference = lines.features->SpatialReference();
     const Envelope extent = lines.features->Extent();
     const auto points = transfer_labels ? Require(point_layer, "point layer")->FeatureClass() : nullptr;
-    OutputRequest request =
-        RequestFor(SplitOutputPath(facts.output_path, *extension), "Specify New Polygon Feature Class Name:");
+    OutputRequest request = RequestFor(target, "Specify New Polygon Feature Class Name:");
     request.geometry_type = esriGeometryPolygon;
     request.reference = reference;
     request.envelope = &extent;

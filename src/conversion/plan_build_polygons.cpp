@@ -35,8 +35,9 @@ std::string PlanBuildPolygons(const clsExtension& extension) {
     context.journal.reference = reference;
     const std::string path = aml_func_mod::MakeUniqueFilename(extension.NewShapefileLocation);
     const VarArray none;
-    const FieldTransfer transfer =
-        FieldTransfer::BesideChosen(kMeasures, extension.SelectedFields ? *extension.SelectedFields : none);
+    const OutputTarget target = SplitOutputPath(path, extension);
+    const FieldTransfer transfer = FieldTransfer::BesideChosen(
+        kMeasures, extension.SelectedFields ? *extension.SelectedFields : none, target.kind);
     std::vector<std::shared_ptr<IClass>> sources = {layer->FeatureClass()};
     if (extension.BuildShouldTransferLabels) sources.push_back(extension.SelectedPointLayer->FeatureClass());
     return std::string(ReportHeader()) +
@@ -48,7 +49,7 @@ std::string PlanBuildPolygons(const clsExtension& extension) {
            MyGeneralOperations::TrimZerosAndDecimals(extension.BuildClusterTolerance, false) + " " +
            EscapeRtf(UnitWord(reference)) + "\\par\r\n" + LabelLines(extension) +
            "  ** Spatial Reference:  " + EscapeRtf(reference->Name()) + "\\par\r\n" +
-           PlannedOutput(context, SplitOutputPath(path, extension), "polygon", transfer, sources,
+           PlannedOutput(context, target, esriGeometryPolygon, transfer, sources,
                          ForetoldLosses(*layer->FeatureClass(), layer->Name(), transfer.Carried())) +
            "}";
   });

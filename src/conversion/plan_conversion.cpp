@@ -7,7 +7,6 @@
 #include "conversion/plan_texts.h"
 #include "conversion/run_reports.h"
 #include "platform/rich_text.h"
-#include "platform/shape_words.h"
 #include "platform/trap.h"
 
 namespace tessarine::modCreateVertices {
@@ -33,7 +32,7 @@ std::string PlanConversion(RunContext& context, const ConversionRun& run, const 
     context.journal.reference = FrameOf(run, *input).reference;
     const OutputTarget target = SplitOutputPath(path, *extension);
     const ShapeRule rule = RuleFor(run, input->ShapeType());
-    const FieldTransfer transfer = FieldTransfer::BesideInput(*input, rule.MeasureFields, *fields);
+    const FieldTransfer transfer = FieldTransfer::BesideInput(*input, rule.MeasureFields, *fields, target.kind);
     return std::string(ReportHeader()) + std::string(run.Words.ReportTitle) +
            ", planned only: nothing was written\\par\r\n\\pard Input:\\b0\\par\r\n"
            "  ** Input Feature Layer: " +
@@ -41,7 +40,7 @@ std::string PlanConversion(RunContext& context, const ConversionRun& run, const 
            std::string(all_records ? run.Words.AllLabel : run.Words.SelectedLabel) +
            std::to_string(extension->AnalysisRecordCount) +
            ")\\par\r\n  ** Spatial Reference:  " + EscapeRtf(input->SpatialReference()->Name()) + "\\par\r\n" +
-           PlannedOutput(context, target, ShapeWord(rule.Output, "unknown"), transfer, {input},
+           PlannedOutput(context, target, rule.Output, transfer, {input},
                          ForetoldLosses(*input, layer->Name(), transfer.Carried())) +
            RefusalLine(WhyNever(run, input->ShapeType())) + "}";
   });

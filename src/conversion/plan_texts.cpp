@@ -3,7 +3,9 @@
 
 #include "conversion/run_data.h"
 #include "conversion/run_reports.h"
+#include "platform/host.h"
 #include "platform/rich_text.h"
+#include "platform/shape_words.h"
 #include "support/MyGeneralOperations.h"
 
 namespace tessarine {
@@ -16,22 +18,25 @@ std::string KindText(const OutputTarget& target) {
   return target.InDataset() ? kind + ", feature dataset " + EscapeRtf(target.feature_dataset) : kind;
 }
 
-std::string FieldLines(const FieldTransfer& transfer) {
+// The planned fields are those of the transfer, in their order.
+std::string FieldLines(const FieldTransfer& transfer, const OutputPlan& plan) {
   std::string lines;
-  const std::int32_t own_count = transfer.OutputFields()->Count() - static_cast<std::int32_t>(transfer.Chosen().size());
-  for (std::int32_t index = 0; index < transfer.OutputFields()->Count(); ++index) {
-    lines += "       " + EscapeRtf(transfer.OutputFields()->Element(index).AsObject<Field>()->Name);
-    if (index >= own_count) {
-      lines += "  <--  " + EscapeRtf(transfer.Chosen()[static_cast<std::size_t>(index - own_count)].input);
-    }
+  const std::size_t own_count = plan.fields.size() - transfer.Chosen().size();
+  for (std::size_t index = 0; index < plan.fields.size(); ++index) {
+    const PlannedField& field = plan.fields[index];
+    lines += "       " + EscapeRtf(field.name.empty() ? "(left out)" : field.name);
+    if (index >= own_count) lines += "  <--  " + EscapeRtf(transfer.Chosen()[index - own_count].input);
+    if (!field.type.empty()) lines += "  (" + field.type + ")";
     lines += "\\par\r\n";
   }
   return lines;
 }
 
-std::string ForetoldLines(const FieldTransfer& transfer, const OutputTarget& target, std::vector<std::string> losses) {
+std::string ForetoldLines(const FieldTransfer& transfer, const OutputTarget& target, const OutputPlan& plan,
+                          std::vector<std::string> losses) {
   const std::vector<std::string> changes = ForetoldChanges(transfer.Carried(), target.kind);
   losses.insert(losses.end(), changes.begin(), changes.end());
+  losses.insert(losses.end(), plan.foretold.begin(), plan.foretold.end());
   std::string lines;
   for (const std::string& sentence : losses) {
     lines += "  ** " + EscapeRtf(sentence) + "\\par\r\n";
@@ -41,17 +46,18 @@ std::string ForetoldLines(const FieldTransfer& transfer, const OutputTarget& tar
 
 }  // namespace
 
-std::string PlannedOutput(RunContext& context, const OutputTarget& target, std::string_view shape_word,
-                          const FieldTransfer& transfer, std::vector<std::shared_ptr<IClass>> sources,
-                          const std::vector<std::string>& losses) {
+std::string PlannedOutput(RunContext& context, const OutputTarget& target, esriGeometryType shape, const FieldTransfer& transfer,
+                          std::vector<std::shared_ptr<IClass>> sources, const std::vector<std::string>& losses) {
   OutputRequest request = RequestFor(target, "");
   request.fields = transfer.OutputFields();
+  request.geometry_type = shape;
+  request.reference = context.journal.reference;
   request.sources = std::move(sources);
   const OutputPlan plan = PlanOutput(context, request);
-  const std::string question = NotePlan(context, plan, request);
+  const std::string question = NotePlan(context, plan);
   return "\\b Output:\\b0\\par\r\n  ** " + PathForReport(plan.path) + "\\par\r\n  ** " + KindText(target) + ", " +
-         std::string(shape_word) + "\\par\r\n\\b Fields:\\b0\\par\r\n" + FieldLines(transfer) +
-         ForetoldLines(transfer, target, losses) + "\\b Questions:\\b0\\par\r\n  ** " + question + "\\par\r\n";
+         std::string(ShapeWord(shape, "unknown")) + "\\par\r\n\\b Fields:\\b0\\par\r\n" + FieldLines(transfer, plan) +
+         ForetoldLines(transfer, target, plan, losses) + "\\b Questions:\\b0\\par\r\n  ** " + question + "\\par\r\n";
 }
 
 }  // namespace tessarine

@@ -14,7 +14,7 @@ namespace tessarine {
 
 /// Place, kind, fields and questions of a planned output, as RTF; the journal gets them, too. A fault where the run
 /// would be refused: the output is one of its sources, or can't bear its name. `losses` are foretold, too.
-[[nodiscard]] std::string PlannedOutput(RunContext& context, const OutputTarget& target, std::string_view shape_word,
+[[nodiscard]] std::string PlannedOutput(RunContext& context, const OutputTarget& target, esriGeometryType shape,
                                         const FieldTransfer& transfer, std::vector<std::shared_ptr<IClass>> sources,
                                         const std::vector<std::string>& losses);
 

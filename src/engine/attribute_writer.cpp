@@ -101,6 +101,17 @@ void PutDate(OGRFeature& feature, int index, Date date) {
   }
 }
 
+// False where there was nothing to do.
+bool BringToUtc(Variant& value) {
+  if (value.kind() != Variant::Kind::Date) return false;
+  Date date = value.AsDate();
+  if (date.zone == Date::kNoZone || date.zone == 0 || date.time_only) return false;
+  date.serial -= date.zone / 1440.0;
+  date.zone = 0;
+  value = date;
+  return true;
+}
+
 void Put(OGRFeature& feature, int index, const Variant& value, const ColumnLimits& column) {
   switch (value.kind()) {
     case Variant::Kind::LongLong:
@@ -122,7 +133,7 @@ void Put(OGRFeature& feature, int index, const Variant& value, const ColumnLimit
 
 }  // namespace
 
-AttributeWriter::AttributeWriter(const OGRFeatureDefn& definition, ColumnStore store) {
+AttributeWriter::AttributeWriter(const OGRFeatureDefn& definition, ColumnStore store, bool in_utc) : in_utc_(in_utc) {
   for (int index = 0; index < definition.GetFieldCount(); ++index) {
     const OGRFieldDefn& field = *definition.GetFieldDefn(index);
     Column column{field.GetType(), LimitsOf(field, store), LimitsOf(field, store)};
@@ -150,7 +161,10 @@ ValueChange AttributeWriter::Write(OGRFeature& feature, int index, const Variant
     Raise(kInvalidCall, std::string("Field '") + feature.GetFieldDefnRef(index)->GetNameRef() +
                             "': binary values and lists can't be written.");
   }
-  const FittedValue fitted = FitValue(value, limits);
+  FittedValue fitted = FitValue(value, limits);
+  if (in_utc_ && BringToUtc(fitted.value) && fitted.change == ValueChange::None) {
+    fitted.change = ValueChange::ZoneDropped;
+  }
   Put(feature, index, fitted.value, limits);
   return fitted.change;
 }

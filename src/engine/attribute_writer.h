@@ -19,7 +19,8 @@ enum class RowUse : std::uint8_t { New, Stored };
 class AttributeWriter {
  public:
   AttributeWriter() = default;
-  AttributeWriter(const OGRFeatureDefn& definition, ColumnStore store);
+  /// With `in_utc`, times of a zone are brought to UTC, which is all that the format keeps.
+  AttributeWriter(const OGRFeatureDefn& definition, ColumnStore store, bool in_utc);
 
   /// Puts the value into the feature as the column can hold it, and returns what became of it. Fault 5, naming the
   /// field, for binary fields and lists.
@@ -34,6 +35,7 @@ class AttributeWriter {
     ColumnLimits grown, stored;
   };
   std::vector<Column> columns_;
+  bool in_utc_ = false;
 };
 
 }  // namespace tessarine::engine

@@ -2,12 +2,14 @@
 #include "engine/converted_copy.h"
 
 #include <cmath>
+#include <functional>
 
 #include "engine/copy_target.h"
 #include "engine/copy_values.h"
 #include "engine/ogr_cursor.h"
 #include "engine/ogr_geometry.h"
 #include "engine/srs_from_gdal.h"
+#include "engine/target_reference.h"
 #include "outputs/way_out.h"
 #include "platform/run_stop.h"
 
@@ -18,6 +20,7 @@ namespace fs = std::filesystem;
 
 constexpr const char* kMoved =
     "The shape lies a little beside the source's: the format keeps coordinates with fewer digits.";
+constexpr const char* kNoPlace = "The shape lies where it can't be brought to longitudes and latitudes.";
 constexpr const char* kNoPlaceWithoutShape = "The format keeps no record without a shape: this one isn't in the copy.";
 const std::string kShapeLost = "The format doesn't keep the shape.";
 
@@ -28,6 +31,7 @@ class MergedRows {
       : conversion_(conversion),
         worked_(worked),
         worked_rows_(worked->Source()->Read()),
+        merges_(conversion.worked_columns != nullptr),
         source_(conversion.source, conversion.source->Source()->Read(), nullptr, true) {}
 
   /// False at the end.
@@ -35,9 +39,10 @@ class MergedRows {
     while (OgrFeatureHandle feature = source_.NextOgr()) {
       const std::int64_t oid = feature->GetFID();
       if (!IsChosen(conversion_.chosen, oid)) continue;
-      const std::int64_t worked_oid = conversion_.worked_oids.at(next_++);
+      const std::int64_t worked_oid = merges_ ? conversion_.worked_oids.at(next_++) : oid;
       if (worked_oid == kNoRow) continue;
       from_.emplace(conversion_.source->Traits(), std::move(feature), conversion_.source);
+      if (!merges_) return true;
       row_.reset(worked_rows_.Layer().GetFeature(worked_oid));
       if (!row_) RaiseEngineFault("Row " + std::to_string(worked_oid) + " of the copy can't be read any more.");
       Compare();
@@ -53,7 +58,7 @@ class MergedRows {
     return shape != nullptr && HasFinitePositions(*shape) ? shape : nullptr;
   }
   [[nodiscard]] const OGRFeature& Worked() const { return *row_; }
-  [[nodiscard]] bool IsChanged(std::size_t column) const { return changed_[column]; }
+  [[nodiscard]] bool IsChanged(std::size_t column) const { return merges_ && changed_[column]; }
   [[nodiscard]] const OGRFeatureDefn& WorkedDefinition() const { return *worked_rows_.Layer().GetLayerDefn(); }
 
  private:
@@ -73,6 +78,7 @@ class MergedRows {
   const Conversion& conversion_;
   std::shared_ptr<OgrClass> worked_;
   LayerHandle worked_rows_;
+  bool merges_;
   ReadingCursor source_;
   std::size_t next_ = 0;
   std::optional<OgrFeature> from_;
@@ -95,17 +101,21 @@ class TargetFile {
     columns_ = std::make_shared<CopyColumns>(*traits, *source.Layer().GetLayerDefn(), driver, *conversion.format, false);
     declared_ = source.Layer().GetGeomType();
     type_ = LayerTypeFor(declared_, traits->shape_type, conversion.shapes, *conversion.format);
-    dataset_ = CreateFile(driver, path, conversion.shown);
+    reference_.emplace(*conversion.format, source.Layer().GetSpatialRef(), conversion.shown);
+    dataset_ = OpenTarget(*conversion.format, path, conversion.shown);
+    if (conversion.format->container && conversion.standing == StagedOutput::Standing::Replace) {
+      RemoveLayer(*dataset_, conversion.layer);
+    }
     CPLStringList options = LayerOptions(*conversion.format);
     NameOwnColumns(*conversion.format, {}, *traits, conversion.result_fields, options);
-    layer_ = CreateTargetLayer(*dataset_, conversion.layer, source.Layer().GetSpatialRef(), type_, options,
-                               conversion.shown);
+    layer_ = CreateTargetLayer(*dataset_, conversion.layer, reference_->Target(), type_, options, conversion.shown);
     columns_->AddTo(*layer_, conversion.shown.string());
     kept_ = WhatIsKept(*layer_, *conversion.format);
     type_ = KeptType(type_, kept_);
   }
   ~TargetFile() {
     const GdalErrorScope quiet;
+    if (dataset_ && conversion_.format->server) (void)dataset_->RollbackTransaction();
     dataset_.reset();
   }
   TargetFile(const TargetFile&) = delete;
@@ -118,6 +128,7 @@ class TargetFile {
       standing.emplace_back(made.GetFieldDefn(index)->GetNameRef());
     }
     int first = 0;
+    if (!conversion_.worked_columns) return;
     for (const CopyColumn& column : conversion_.worked_columns->All()) first = std::max(first, column.target + 1);
     for (int index = first; index < worked.GetFieldCount(); ++index) {
       names.emplace_back(worked.GetFieldDefn(index)->GetNameRef());
@@ -141,7 +152,7 @@ class TargetFile {
   void PrepareRows() {
     auto traits = std::make_shared<RowTraits>();
     traits->fields = MapFields(*layer_, conversion_.source->Traits()->shape_type, nullptr, ColumnStore::Other);
-    traits->writer = AttributeWriter(*layer_->GetLayerDefn(), ColumnStore::Other);
+    traits->writer = AttributeWriter(*layer_->GetLayerDefn(), ColumnStore::Other, false);
     traits_ = std::move(traits);
   }
 
@@ -167,31 +178,47 @@ class TargetFile {
     for (const Result& result : results_) PutWorked(merged.Worked(), result.worked, row.Feature(), result.written);
     OGRFeature& feature = row.Feature();
     if (conversion_.format->keeps_identifiers && !conversion_.shapes.repeated) feature.SetFID(oid);
-    const OGRGeometry* shape = merged.Shape();
-    if (shape != nullptr) {
-      feature.SetGeometryDirectly(
-          FitShape(std::unique_ptr<OGRGeometry>(shape->clone()), type_, *conversion_.format, oid, notes).release());
+    if (std::unique_ptr<OGRGeometry> shape = Placed(merged.Shape())) {
+      feature.SetGeometryDirectly(FitShape(std::move(shape), type_, *conversion_.format, oid, notes).release());
+    } else if (merged.Shape() != nullptr) {
+      notes.NoteFault(RecordFault(kRowRefused, kNoPlace), oid);
     }
     Store(feature, oid, notes);
+  }
+
+  /// The shape as it is to be in the file; null where there is none, and where it can't be brought there.
+  [[nodiscard]] std::unique_ptr<OGRGeometry> Placed(const OGRGeometry* shape) const {
+    return shape == nullptr ? nullptr : reference_->Bring(std::unique_ptr<OGRGeometry>(shape->clone()));
+  }
+
+  /// All rows are with the format then; a server still takes them back.
+  void EndRows() {
+    const GdalErrorScope errors;
+    if (layer_->SyncToDisk() != OGRERR_NONE || errors.Failed()) RaiseUnfinished(errors);
   }
 
   void Close() {
     const GdalErrorScope errors;
     layer_ = nullptr;
+    const bool kept = !conversion_.format->server || dataset_->CommitTransaction() == OGRERR_NONE;
     dataset_.reset();
-    if (errors.Failed()) {
-      RaiseEngineFault("'" + conversion_.shown.string() + "' can't be written to its end" + errors.Quote() +
-                       WayOut(path_.string(), errors.Text()));
-    }
+    if (!kept || errors.Failed()) RaiseUnfinished(errors);
   }
 
   [[nodiscard]] const std::shared_ptr<CopyColumns>& Columns() const { return columns_; }
   [[nodiscard]] const std::vector<Result>& Results() const { return results_; }
   [[nodiscard]] OGRLayer& Layer() const { return *layer_; }
+  [[nodiscard]] GDALDataset& Dataset() const { return *dataset_; }
+  [[nodiscard]] const std::optional<std::string>& ForetoldOfReference() const { return reference_->Foretold(); }
   [[nodiscard]] const KeptOfShapes& Kept() const { return kept_; }
   [[nodiscard]] OGRwkbGeometryType DeclaredType() const { return declared_; }
 
  private:
+  [[noreturn]] void RaiseUnfinished(const GdalErrorScope& errors) const {
+    RaiseEngineFault("'" + conversion_.shown.string() + "' can't be written to its end" + errors.Quote() +
+                     WayOut(path_.string(), errors.Text()));
+  }
+
   static void PutWorked(const OGRFeature& worked, int from, OGRFeature& row, int to) {
     if (worked.IsFieldSetAndNotNull(from) == 0) {
       row.SetFieldNull(to);
@@ -252,6 +279,7 @@ class TargetFile {
   std::shared_ptr<CopyColumns> columns_;
   OGRwkbGeometryType declared_ = wkbUnknown, type_ = wkbUnknown;
   KeptOfShapes kept_;
+  std::optional<TargetReference> reference_;
   DatasetHandle dataset_;
   OGRLayer* layer_ = nullptr;
   std::vector<Result> results_;
@@ -261,11 +289,9 @@ class TargetFile {
 /// Reads the file again, row by row beside what was meant.
 class Readback {
  public:
-  Readback(const fs::path& path, const TargetFile& file, const OGRFeatureDefn& made, RunJournal& notes)
-      : dataset_(OpenDatasetAt(path.string(), false)),
-        layer_(*dataset_->GetLayer(0)),
-        kept_(file.Kept()),
-        notes_(notes) {
+  Readback(GDALDataset& dataset, const Conversion& conversion, const TargetFile& file, const OGRFeatureDefn& made,
+           RunJournal& notes)
+      : layer_(LayerOf(dataset, conversion)), file_(file), kept_(file.Kept()), notes_(notes) {
     const OGRFeatureDefn& read = *layer_.GetLayerDefn();
     for (const CopyColumn& column : file.Columns()->All()) {
       columns_.push_back(column.target < 0 ? -1 : read.GetFieldIndex(made.GetFieldDefn(column.target)->GetNameRef()));
@@ -297,10 +323,18 @@ class Readback {
     for (const Result& result : results_) {
       if (result.written >= 0) CompareOne(merged.Worked(), result.worked, *row, result.written, oid);
     }
-    CompareShapes(merged.Shape(), row->GetGeometryRef(), conversion, oid);
+    CompareShapes(file_.Placed(merged.Shape()).get(), row->GetGeometryRef(), conversion, oid);
   }
 
  private:
+  // Files may call their only layer as they like.
+  static OGRLayer& LayerOf(GDALDataset& dataset, const Conversion& conversion) {
+    OGRLayer* layer =
+        conversion.format->container ? dataset.GetLayerByName(conversion.layer.c_str()) : dataset.GetLayer(0);
+    if (layer != nullptr) return *layer;
+    RaiseEngineFault("'" + conversion.shown.string() + "' reads back without the layer '" + conversion.layer + "'.");
+  }
+
   void CompareOne(const OGRFeature& meant, int meant_index, const OGRFeature& row, int index, std::int64_t oid) {
     notes_.NoteChange(row.GetFieldDefnRef(index)->GetNameRef(), CompareValues(meant, meant_index, row, index), oid);
   }
@@ -316,8 +350,8 @@ class Readback {
     if (!conversion.format->uniform_shapes) NoteHeights(*meant, *written, conversion.shapes, kept_, oid, notes_);
   }
 
-  DatasetHandle dataset_;
   OGRLayer& layer_;
+  const TargetFile& file_;
   KeptOfShapes kept_;
   RunJournal& notes_;
   std::vector<int> columns_;
@@ -326,22 +360,28 @@ class Readback {
 
 }  // namespace
 
-std::shared_ptr<const CopyColumns> ProbeConversion(const Conversion& conversion, const fs::path& folder,
-                                                   CopyFacts& facts, std::vector<std::string>& names) {
+fs::path PlaceOfWork(const Format& format, const fs::path& target) {
+  return format.server ? fs::temp_directory_path() / "tessarine.gpkg" : fs::path(target.string() + ".gpkg");
+}
+
+ProbedColumns ProbeConversion(const Conversion& conversion, const fs::path& folder, CopyFacts& facts) {
   // What an empty file complains of is told elsewhere.
   const GdalErrorScope quiet;
-  TargetFile file(conversion, folder / conversion.target.filename());
+  TargetFile file(conversion, conversion.format->server ? conversion.target : folder / conversion.target.filename());
   const OGRFeatureDefn& made = *file.Layer().GetLayerDefn();
+  ProbedColumns probed;
   for (const CopyColumn& column : file.Columns()->All()) {
-    names.push_back(file.Columns()->MadeName(column, made));
-    if (!names.back().empty()) facts.notes.NoteName(column.field->Name, names.back());
+    const std::string name = file.Columns()->MadeName(column, made);
+    probed.names.push_back(name);
+    probed.types.push_back(name.empty() ? "" : ColumnTypeWord(*made.GetFieldDefn(column.target)));
+    if (!name.empty()) facts.notes.NoteName(column.field->Name, name);
   }
   facts.foretold = file.Columns()->Foretold(made);
   for (std::string& sentence : ForetoldOfShapes(file.DeclaredType(), conversion.shapes, file.Kept())) {
     facts.foretold.push_back(std::move(sentence));
   }
-  std::shared_ptr<const CopyColumns> columns = file.Columns();
-  return columns;
+  if (file.ForetoldOfReference()) facts.foretold.push_back(*file.ForetoldOfReference());
+  return probed;
 }
 
 ConvertedCopy::ConvertedCopy(std::shared_ptr<CopyFacts> facts, std::unique_ptr<StagedOutput> work,
@@ -351,54 +391,82 @@ ConvertedCopy::ConvertedCopy(std::shared_ptr<CopyFacts> facts, std::unique_ptr<S
       work_(std::move(work)),
       conversion_(std::move(conversion)) {}
 
-void ConvertedCopy::Publish() {
-  if (!work_ || Facts().planned_rows) Raise(kInvalidCall, "'" + Name() + "' can't be published.");
+namespace {
+
+using LayerDefinition = std::unique_ptr<OGRFeatureDefn, void (*)(OGRFeatureDefn*)>;
+
+// What stays of the columns when the file is closed.
+LayerDefinition KeptDefinition(OGRLayer& layer) {
+  LayerDefinition definition(layer.GetLayerDefn()->Clone(), [](OGRFeatureDefn* clone) { clone->Release(); });
+  definition->Reference();
+  return definition;
+}
+
+LayerDefinition WriteRows(const Conversion& conversion, const std::shared_ptr<OgrClass>& worked,
+                          const std::function<void()>& poll, TargetFile& file, CopyFacts& facts, RunJournal& notes) {
+  MergedRows merged(conversion, worked);
+  file.AddResults(merged.WorkedDefinition(), notes);
+  file.PrepareRows();
+  while (merged.Next()) {
+    poll();
+    if (file.Takes(merged)) {
+      file.Write(merged, notes);
+      continue;
+    }
+    --facts.rows;
+    notes.NoteFault(RecordFault(kRowRefused, kNoPlaceWithoutShape),
+                    merged.From().OID());
+  }
+  return KeptDefinition(file.Layer());
+}
+
+}  // namespace
+
+void WriteConversion(const Conversion& conversion, const std::shared_ptr<OgrClass>& worked, CopyFacts& facts) {
   // What a stopped run has done is written to its end.
   const bool stopped = StopRequested();
   const auto poll = [&] {
     if (!stopped) EndIfStopped();
   };
-  const auto self = std::dynamic_pointer_cast<OgrClass>(shared_from_this());
   const GdalErrorScope quiet;
-  StagedOutput staged(conversion_.target, StagedOutput::Begin::Empty);
-  TargetFile file(conversion_, staged.Path());
+  const Format& format = *conversion.format;
+  const bool enters = format.container && !format.server && fs::exists(conversion.target);
+  std::optional<StagedOutput> staged;
+  if (!format.server) {
+    staged.emplace(conversion.target, enters ? StagedOutput::Begin::Copy : StagedOutput::Begin::Empty);
+  }
+  TargetFile file(conversion, staged ? staged->Path() : conversion.target);
   RunJournal notes;
-  const std::unique_ptr<OGRFeatureDefn, void (*)(OGRFeatureDefn*)> made = [&] {
-    MergedRows merged(conversion_, self);
-    file.AddResults(merged.WorkedDefinition(), notes);
-    file.PrepareRows();
+  const LayerDefinition made = WriteRows(conversion, worked, poll, file, facts, notes);
+  const auto check = [&](GDALDataset& dataset) {
+    Readback readback(dataset, conversion, file, *made, notes);
+    RequireAllRows(facts, readback.Count());
+    notes.written = facts.rows;
+    if (format.reorders) return;
+    MergedRows merged(conversion, worked);
     while (merged.Next()) {
       poll();
-      if (file.Takes(merged)) {
-        file.Write(merged, notes);
-      } else {
-        --Facts().rows;
-        notes.NoteFault(RecordFault(kRowRefused, kNoPlaceWithoutShape), merged.From().OID());
-      }
+      readback.Compare(merged, conversion);
     }
-    std::unique_ptr<OGRFeatureDefn, void (*)(OGRFeatureDefn*)> definition(
-        file.Layer().GetLayerDefn()->Clone(), [](OGRFeatureDefn* clone) { clone->Release(); });
-    definition->Reference();
-    return definition;
-  }();
-  file.Close();
-  {
-    Readback readback(staged.Path(), file, *made, notes);
-    RequireAllRows(Facts(), readback.Count());
-    notes.written = Facts().rows;
-    if (!conversion_.format->reorders) {
-      MergedRows merged(conversion_, self);
-      while (merged.Next()) {
-        poll();
-        readback.Compare(merged, conversion_);
-      }
-    }
+  };
+  if (format.server) {
+    file.EndRows();
+    check(file.Dataset());
+    file.Close();
+  } else {
+    file.Close();
+    check(*OpenDatasetAt(staged->Path().string(), false));
   }
-  Source()->Renew();
-  staged.Publish(conversion_.standing);
+  worked->Source()->Renew();
+  if (staged) staged->Publish(enters ? StagedOutput::Standing::Replace : conversion.standing);
+  facts.notes.TakeNotes(notes);
+  facts.notes.written = notes.written;
+}
+
+void ConvertedCopy::Publish() {
+  if (!work_ || Facts().planned_rows) Raise(kInvalidCall, "'" + Name() + "' can't be published.");
+  WriteConversion(conversion_, std::dynamic_pointer_cast<OgrClass>(shared_from_this()), Facts());
   work_.reset();
-  Facts().notes.TakeNotes(notes);
-  Facts().notes.written = notes.written;
 }
 
 void ConvertedCopy::Discard() {

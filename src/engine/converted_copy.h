@@ -24,15 +24,29 @@ struct Conversion {
   std::vector<std::string> result_fields;
   StagedOutput::Standing standing = StagedOutput::Standing::Keep;
   ShapeFacts shapes;
-  std::shared_ptr<const CopyColumns> worked_columns;  ///< of the GeoPackage
-  std::vector<std::int64_t> worked_oids;              ///< in it, in the order of the source's chosen records
+  /// Of the GeoPackage; null where the source itself was worked on.
+  std::shared_ptr<const CopyColumns> worked_columns;
+  std::vector<std::int64_t> worked_oids;  ///< in it, in the order of the source's chosen records
+};
+
+/// Writes the records in their own format, reads them again, compares, and puts the file in its place. A container
+/// keeps its other layers. The notes take what became of values and shapes, and `facts` the rows. Polls the stop,
+/// unless the run was stopped before.
+void WriteConversion(const Conversion& conversion, const std::shared_ptr<OgrClass>& worked, CopyFacts& facts);
+
+/// Where the GeoPackage is staged that a run works on for this target.
+[[nodiscard]] std::filesystem::path PlaceOfWork(const Format& format, const std::filesystem::path& target);
+
+/// The columns of a file, in the order of the source's attributes; empty for those that it has nothing for.
+struct ProbedColumns {
+  std::vector<std::string> names;
+  std::vector<std::string> types;  ///< as `ColumnTypeWord` calls them
 };
 
 /// What the file of a conversion will be, found out by making an empty one in `folder`: the columns as the format has
 /// them. `facts` takes what the format can't keep. Fault where there can be no such file.
-[[nodiscard]] std::shared_ptr<const CopyColumns> ProbeConversion(const Conversion& conversion,
-                                                                 const std::filesystem::path& folder, CopyFacts& facts,
-                                                                 std::vector<std::string>& names);
+[[nodiscard]] ProbedColumns ProbeConversion(const Conversion& conversion, const std::filesystem::path& folder,
+                                            CopyFacts& facts);
 
 class ConvertedCopy final : private CopyFactsHolder, public OgrFeatureClass, public IStagedDataset {
  public:

@@ -5,7 +5,6 @@
 
 #include "engine/ogr_cursor.h"
 #include "engine/ogr_geometry.h"
-#include "platform/run_stop.h"
 
 namespace tessarine::engine {
 namespace {
@@ -47,14 +46,15 @@ bool IsChosen(const ChosenOids& chosen, std::int64_t oid) {
   return !chosen || std::ranges::binary_search(*chosen, oid);
 }
 
-ShapeFacts LookAtShapes(const std::shared_ptr<OgrClass>& source, const ChosenOids& chosen) {
+ShapeFacts LookAtShapes(const std::shared_ptr<OgrClass>& source, const ChosenOids& chosen,
+                        const std::function<void()>& poll) {
   ShapeFacts facts;
   OGREnvelope extent;
   QueryFilter shapes_alone;
   shapes_alone.SubFields = ",";
   ReadingCursor cursor(source, source->Source()->Read(), &shapes_alone, true);
   while (const OgrFeatureHandle feature = cursor.NextOgr()) {
-    EndIfStopped();
+    poll();
     if (!IsChosen(chosen, feature->GetFID())) continue;
     facts.oids.push_back(feature->GetFID());
     LookAt(feature->GetGeometryRef(), facts, extent);

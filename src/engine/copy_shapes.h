@@ -5,6 +5,7 @@
 #include <ogrsf_frmts.h>
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -13,6 +14,7 @@
 #include "engine/ogr_class.h"
 #include "outputs/formats.h"
 #include "platform/run_journal.h"
+#include "platform/run_stop.h"
 
 namespace tessarine::engine {
 
@@ -30,8 +32,9 @@ struct ShapeFacts {
   std::int64_t least = 0, most = -1;  ///< identifiers
   bool repeated = false;              ///< an identifier stands there twice
 };
-/// Polls the stop.
-[[nodiscard]] ShapeFacts LookAtShapes(const std::shared_ptr<OgrClass>& source, const ChosenOids& chosen);
+/// Polls the stop for each record.
+[[nodiscard]] ShapeFacts LookAtShapes(const std::shared_ptr<OgrClass>& source, const ChosenOids& chosen,
+                                      const std::function<void()>& poll = EndIfStopped);
 
 /// The type of a layer that holds these shapes in this format.
 [[nodiscard]] OGRwkbGeometryType LayerTypeFor(OGRwkbGeometryType declared, esriGeometryType kind,

@@ -2,9 +2,7 @@
 #include "engine/copy_target.h"
 
 #include <algorithm>
-#include <array>
 #include <deque>
-#include <map>
 
 #include "engine/engine_fault.h"
 #include "engine/layer_copy.h"
@@ -35,17 +33,30 @@ GDALDriver* DriverOfEnding(const std::string& ending) {
   return nullptr;
 }
 
-// A format that the table doesn't know: what is known of it comes from GDAL.
+// The texts of a format that the table doesn't know.
 struct OtherFormat {
-  std::string ending, driver, category;
-  Format format;
+  std::string name, ending, driver, category;
 };
 
 // Field names are kept as they are; what the format makes of them is read back.
 constexpr NameRule kAnyName{1000, true, NameRule::Characters::Any, {}, {}};
-// Whatever bears this name is taken for the identifier when a SQLite database is read.
-constexpr std::array kIdentifierWords = {std::string_view("ogc_fid")};
-constexpr NameRule kDatabaseField{1000, true, NameRule::Characters::Any, kIdentifierWords, {}};
+
+// What is known of such a format comes from the library.
+const Format& AddOtherFormat(const std::string& ending, GDALDriver& driver) {
+  static std::deque<OtherFormat> texts;
+  const std::string name = driver.GetDescription();
+  texts.push_back({name + " (" + ending + ")", ending, name, name + " Feature Class"});
+  const OtherFormat& text = texts.back();
+  return AddFormat({.name = text.name,
+                    .category = text.category,
+                    .ending = text.ending,
+                    .driver = text.driver,
+                    .writable = true,
+                    .clean_texts = name == "LIBKML" || name == "KML" || name == "GPX",
+                    .degrees = name == "LIBKML" || name == "KML" || name == "GPX" || name == "GeoRSS",
+                    .class_names = kAnyName,
+                    .field_names = kAnyName});
+}
 
 // Formats that let their own columns be named, with the names that they give them else.
 struct OwnColumnsRow {
@@ -56,6 +67,7 @@ constexpr OwnColumnsRow kOwnColumns[] = {
     {"GPKG", "fid", "geom"},
     {"SQLite", "ogc_fid", "GEOMETRY"},
     {"OpenFileGDB", "OBJECTID", "Shape"},
+    {"PostgreSQL", "ogc_fid", "wkb_geometry"},
 };
 
 std::string FreeColumn(const std::string& base, const std::vector<std::string>& taken) {
@@ -67,6 +79,17 @@ std::string FreeColumn(const std::string& base, const std::vector<std::string>& 
   return name;
 }
 
+void NameColumns(const Format& format, const OwnColumns& wished, std::vector<std::string> taken,
+                 CPLStringList& options) {
+  const auto row = std::ranges::find(kOwnColumns, format.driver, &OwnColumnsRow::driver);
+  if (row == std::end(kOwnColumns)) return;
+  const std::string identifier = FreeColumn(wished.identifier.empty() ? row->identifier : wished.identifier, taken);
+  taken.push_back(identifier);
+  const std::string shape = FreeColumn(wished.shape.empty() ? row->shape : wished.shape, taken);
+  options.SetNameValue("FID", identifier.c_str());
+  options.SetNameValue("GEOMETRY_NAME", shape.c_str());
+}
+
 }  // namespace
 
 const Format* FormatToWrite(const std::string& native_path) {
@@ -74,24 +97,8 @@ const Format* FormatToWrite(const std::string& native_path) {
   const std::string ending = LowerCase(fs::path(native_path).extension().string());
   // The table of a shapefile isn't one by itself.
   if (ending.size() < 2 || ending == ".dbf") return nullptr;
-  static std::map<std::string, OtherFormat> others;
-  const auto known = others.find(ending);
-  if (known != others.end()) return &known->second.format;
   GDALDriver* driver = DriverOfEnding(ending);
-  if (driver == nullptr) return nullptr;
-  OtherFormat& other = others[ending];
-  other.ending = ending;
-  other.driver = driver->GetDescription();
-  other.category = other.driver + " Feature Class";
-  other.format = {.name = other.driver,
-                  .category = other.category,
-                  .ending = other.ending,
-                  .driver = other.driver,
-                  .writable = true,
-                  .clean_texts = other.driver == "LIBKML" || other.driver == "KML" || other.driver == "GPX",
-                  .class_names = kAnyName,
-                  .field_names = other.driver == "SQLite" ? kDatabaseField : kAnyName};
-  return &other.format;
+  return driver == nullptr ? nullptr : &AddOtherFormat(ending, *driver);
 }
 
 namespace engine {
@@ -115,26 +122,71 @@ DatasetHandle CreateFile(GDALDriver& driver, const fs::path& path, const fs::pat
   return dataset;
 }
 
+std::string ColumnTypeWord(const OGRFieldDefn& column) {
+  switch (column.GetType()) {
+    case OFTInteger:
+    case OFTInteger64:
+      return "whole number";
+    case OFTReal:
+      return "number";
+    case OFTDate:
+      return "date";
+    case OFTTime:
+      return "time";
+    case OFTDateTime:
+      return "date and time";
+    case OFTString:
+      return column.GetWidth() > 0 ? "text of " + std::to_string(column.GetWidth()) : "text";
+    default:
+      return OGRFieldDefn::GetFieldTypeName(column.GetType());
+  }
+}
+
 CPLStringList LayerOptions(const Format& format) {
   CPLStringList options;
   for (const std::string_view option : format.layer_options) options.AddString(std::string(option).c_str());
   return options;
 }
 
+DatasetHandle OpenTarget(const Format& format, const fs::path& path, const fs::path& shown) {
+  if (format.server || (format.container && fs::exists(path))) {
+    DatasetHandle dataset = OpenDatasetAt(path.string(), true);
+    if (!format.server) return dataset;
+    const GdalErrorScope errors;
+    if (dataset->StartTransaction() == OGRERR_NONE) return dataset;
+    RaiseEngineFault("'" + shown.string() + "' can't be written in one step" + errors.Quote() + ".");
+  }
+  const GdalErrorScope errors;
+  CPLStringList options;
+  for (const std::string_view option : format.file_options) options.AddString(std::string(option).c_str());
+  DatasetHandle dataset(DriverOf(format).Create(path.c_str(), 0, 0, 0, GDT_Unknown, options.List()));
+  if (!dataset) {
+    RaiseEngineFault("'" + shown.string() + "' can't be made" + errors.Quote() + WayOut(path.string(), errors.Text()));
+  }
+  return dataset;
+}
+
+void RemoveLayer(GDALDataset& dataset, const std::string& name) {
+  const GdalErrorScope errors;
+  for (int index = 0; index < dataset.GetLayerCount(); ++index) {
+    if (!EqualsIgnoringCase(dataset.GetLayer(index)->GetName(), name)) continue;
+    if (dataset.DeleteLayer(index) == OGRERR_NONE) return;
+    RaiseEngineFault("The layer '" + name + "' can't be replaced" + errors.Quote() + ".");
+  }
+}
+
+void NameOwnColumns(const Format& format, const std::vector<std::string>& attributes, CPLStringList& options) {
+  NameColumns(format, {}, attributes, options);
+}
+
 void NameOwnColumns(const Format& format, const OwnColumns& wished, const RowTraits& traits,
                     const std::vector<std::string>& results, CPLStringList& options) {
-  const auto row = std::ranges::find(kOwnColumns, format.driver, &OwnColumnsRow::driver);
-  if (row == std::end(kOwnColumns)) return;
   std::vector<std::string> taken;
   for (const std::string& name : results) taken.push_back(LegalName(format.field_names, name));
   for (const FieldRef& field : *traits.fields.fields) {
     if (IsAttribute(*field)) taken.push_back(LegalName(format.field_names, field->Name));
   }
-  const std::string identifier = FreeColumn(wished.identifier.empty() ? row->identifier : wished.identifier, taken);
-  taken.push_back(identifier);
-  const std::string shape = FreeColumn(wished.shape.empty() ? row->shape : wished.shape, taken);
-  options.SetNameValue("FID", identifier.c_str());
-  options.SetNameValue("GEOMETRY_NAME", shape.c_str());
+  NameColumns(format, wished, std::move(taken), options);
 }
 
 OGRLayer* CreateTargetLayer(GDALDataset& dataset, const std::string& name, const OGRSpatialReference* reference,

@@ -22,7 +22,17 @@ namespace tessarine::engine {
 [[nodiscard]] DatasetHandle CreateFile(GDALDriver& driver, const std::filesystem::path& path,
                                        const std::filesystem::path& shown);
 
+/// Opens the container that a new class goes into, or makes an empty file or container. A server is opened by its
+/// connection, in a transaction that ends with `Commit`.
+[[nodiscard]] DatasetHandle OpenTarget(const Format& format, const std::filesystem::path& path,
+                                       const std::filesystem::path& shown);
+/// Removes the layer of this name from a container, where it holds one.
+void RemoveLayer(GDALDataset& dataset, const std::string& name);
+
 [[nodiscard]] CPLStringList LayerOptions(const Format& format);
+
+/// What a column holds, in words: "text of 80", "whole number".
+[[nodiscard]] std::string ColumnTypeWord(const OGRFieldDefn& column);
 
 /// Columns that a format has besides the attributes.
 struct OwnColumns {
@@ -32,6 +42,9 @@ struct OwnColumns {
 /// the run will add. A format without a choice of names gets no option.
 void NameOwnColumns(const Format& format, const OwnColumns& wished, const RowTraits& traits,
                     const std::vector<std::string>& results, CPLStringList& options);
+
+/// The same for a class that is made of these fields.
+void NameOwnColumns(const Format& format, const std::vector<std::string>& attributes, CPLStringList& options);
 
 /// Makes a layer without fields. Fault where it can't be made, or has no place for shapes.
 [[nodiscard]] OGRLayer* CreateTargetLayer(GDALDataset& dataset, const std::string& name,

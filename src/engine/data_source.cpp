@@ -10,6 +10,7 @@
 #include "engine/ogr_class.h"
 #include "engine/ogr_geometry.h"
 #include "engine/personal_geodatabase_dataset.h"
+#include "engine/remote_source.h"
 #include "engine/shapefile_check.h"
 #include "engine/srs_from_gdal.h"
 #include "outputs/staged_output.h"
@@ -166,7 +167,7 @@ class OgrDataSource final : public DataSource {
 
 std::shared_ptr<DataSource> DataSource::Open(const std::string& native_path, bool update) {
   // A run may have died between the renames of its last step.
-  if (!native_path.starts_with("/vsi")) FinishInterrupted(native_path);
+  if (!IsRemoteSource(native_path)) FinishInterrupted(native_path);
   if (EndsWithIgnoringCase(native_path, ".shp") && std::filesystem::exists(native_path)) CheckShapefile(native_path);
   const DatasetHandle dataset = OpenDataset(native_path, update);
   std::vector<Offer> offers;

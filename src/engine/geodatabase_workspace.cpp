@@ -135,7 +135,7 @@ std::shared_ptr<IFeatureClass> CreateInGeodatabase(const PlaceOfClasses& place, 
     for (const FieldRef& field : *fields) {
       if (field->Type == esriFieldTypeOID) options.SetNameValue("FID", field->Name.c_str());
     }
-    return CreateLayer(dataset, request, std::move(options), false);
+    return CreateLayer(dataset, request, std::move(options), LayerShapes::Multiple);
   };
   if (IsPersonalGeodatabase(place.path)) {
     const std::string stored = place.dataset.empty() ? "" : StoredDatasetName(place.path, place.dataset);

@@ -70,9 +70,10 @@ class Copier {
     std::string folder = (fs::temp_directory_path() / "tessarine-plan-XXXXXX").string();
     if (mkdtemp(folder.data()) == nullptr) RaiseEngineFault("No folder can be made in '" + folder + "'.");
     facts_->scratch = folder;
+    place_.dataset.clear();
+    if (format_.server) return;
     place_.container =
         place_.InContainer() ? (fs::path(folder) / fs::path(place_.container).filename()).string() : folder;
-    place_.dataset.clear();
   }
 
   [[nodiscard]] fs::path TargetFile() const { return place_.InContainer() ? place_.container : place_.NativePath(); }
@@ -149,20 +150,11 @@ class Copier {
     {
       const DatasetHandle dataset = stands ? OpenDatasetAt(staged->Path().string(), true)
                                            : CreateFile(DriverOf(format_), staged->Path(), ShownFile());
-      if (request_.replaces) RemoveFrom(*dataset, place_.ClassName());
+      if (request_.replaces) RemoveLayer(*dataset, place_.ClassName());
       layer = MakeLayer(*dataset, place_.ClassName(), format_, LayerOptions(format_), ShownFile());
     }
     const auto standing = stands ? StagedOutput::Standing::Replace : StagedOutput::Standing::Keep;
     return std::make_shared<CopyOf<StagedFeatureClass>>(facts_, std::move(staged), layer, standing);
-  }
-
-  static void RemoveFrom(GDALDataset& dataset, const std::string& name) {
-    const GdalErrorScope errors;
-    for (int index = 0; index < dataset.GetLayerCount(); ++index) {
-      if (!EqualsIgnoringCase(dataset.GetLayer(index)->GetName(), name)) continue;
-      if (dataset.DeleteLayer(index) == OGRERR_NONE) return;
-      RaiseEngineFault("The layer '" + name + "' can't be replaced" + errors.Quote() + ".");
-    }
   }
 
   [[nodiscard]] GeodatabasePlace InGeodatabase() const {
@@ -230,16 +222,17 @@ class Copier {
     conversion.format = &format_;
     conversion.target = TargetFile();
     conversion.shown = request_.place.NativePath();
-    conversion.layer = conversion.target.stem().string();
+    conversion.layer = format_.container ? place_.ClassName() : conversion.target.stem().string();
     conversion.standing = Standing();
     conversion.result_fields = request_.result_fields;
     conversion.shapes = shapes_;
+    const fs::path beside = PlaceOfWork(format_, conversion.target);
     {
-      const StagedOutput probe(conversion.target, StagedOutput::Begin::Empty);
-      (void)ProbeConversion(conversion, probe.Path().parent_path(), *facts_, names_);
+      const StagedOutput probe(beside, StagedOutput::Begin::Empty);
+      names_ = ProbeConversion(conversion, probe.Path().parent_path(), *facts_).names;
     }
     const Format& worked = *FormatOfPath(kGeoPackage);
-    auto work = std::make_unique<StagedOutput>(conversion.target.string() + kGeoPackage, StagedOutput::Begin::Empty);
+    auto work = std::make_unique<StagedOutput>(beside, StagedOutput::Begin::Empty);
     {
       const DatasetHandle dataset = CreateFile(DriverOf(worked), work->Path(), ShownFile());
       (void)MakeLayer(*dataset, conversion.layer, worked, LayerOptions(worked), ShownFile());
@@ -274,7 +267,7 @@ bool Stands(const OutputPlace& place) {
     FinishInterrupted(place.NativePath());
     return !place.Files().empty();
   }
-  if (!fs::exists(place.container)) return false;
+  if (!place.format->server && !fs::exists(place.container)) return false;
   const DatasetHandle dataset = OpenDataset(place.container, false);
   for (int index = 0; index < dataset->GetLayerCount(); ++index) {
     if (EqualsIgnoringCase(dataset->GetLayer(index)->GetName(), place.ClassName())) return true;

@@ -85,7 +85,11 @@ void OgrRow::StoreShape() const {
       return;
     }
   }
-  feature_->SetGeometryDirectly(shape_ ? OgrFromShape(*shape_, traits_->curves).release() : nullptr);
+  std::unique_ptr<OGRGeometry> own = shape_ ? OgrFromShape(*shape_, traits_->curves) : nullptr;
+  if (own && traits_->only_multiple != wkbUnknown && own->hasCurveGeometry() == 0) {
+    own.reset(OGRGeometryFactory::forceTo(own.release(), traits_->only_multiple));
+  }
+  feature_->SetGeometryDirectly(own.release());
 }
 
 void OgrRow::Refill(OgrFeatureHandle feature) {

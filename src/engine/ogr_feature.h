@@ -28,6 +28,8 @@ struct RowTraits {
   esriGeometryType shape_type = esriGeometryNull;
   SpatialReferenceRef reference;
   bool curves = false;  ///< the format stores circular arcs
+  /// Of a layer that holds nothing but multiple shapes; `wkbUnknown` of all others.
+  OGRwkbGeometryType only_multiple = wkbUnknown;
 };
 
 /// A row of a class: what was read, or what is to be inserted.

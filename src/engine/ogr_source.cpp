@@ -12,6 +12,7 @@
 #include "engine/personal_geodatabase_dataset.h"
 #include "engine/personal_geodatabase_edit.h"
 #include "engine/reading_warnings.h"
+#include "engine/remote_source.h"
 #include "outputs/way_out.h"
 
 namespace tessarine::engine {
@@ -95,6 +96,10 @@ DatasetHandle OpenDatasetAt(const std::string& native_path, bool update) {
     RaiseEngineFault("'" + native_path + "' was left in the midst of a change, and that can't be undone" +
                      errors.Quote() + ": make the file, its '-journal' beside it and their folder writable.");
   }
+  if (IsRemoteSource(native_path)) {
+    RaiseEngineFault("'" + native_path + "' can't be opened" + errors.Quote() +
+                     ": check the address, the rights, and what stands there.");
+  }
   if (!fs::exists(native_path)) {
     RaiseEngineFault("There is no file or folder '" + native_path + "': check its name and folder.");
   }
@@ -142,10 +147,12 @@ OgrSource::OgrSource(std::string native_path, std::string layer, std::optional<e
       file_(SharedFileOf(path_, layer_)),
       idle_generation_(file_->generation) {}
 
-OgrSource::OgrSource(std::string native_path, std::string data_path, std::string layer)
+OgrSource::OgrSource(std::string native_path, std::string data_path, std::string layer,
+                     std::optional<esriGeometryType> kind)
     : path_(std::move(native_path)),
       data_path_(std::move(data_path)),
       layer_(std::move(layer)),
+      kind_(kind),
       only_kind_(true),
       file_(SharedFileOf(data_path_, layer_)),
       idle_generation_(file_->generation) {}

@@ -72,7 +72,8 @@ class OgrSource : public std::enable_shared_from_this<OgrSource> {
   /// `only_kind` of the layer.
   OgrSource(std::string native_path, std::string layer, std::optional<esriGeometryType> kind, bool only_kind = true);
   /// Data that lie elsewhere, in `data_path`, until they take their place.
-  OgrSource(std::string native_path, std::string data_path, std::string layer);
+  OgrSource(std::string native_path, std::string data_path, std::string layer,
+            std::optional<esriGeometryType> kind = std::nullopt);
 
   [[nodiscard]] const std::string& Path() const { return path_; }
   /// Where the data are now.

@@ -27,7 +27,7 @@ std::string MakeShapefile(const fs::path& file, const NewClass& request) {
   if (!dataset) RaiseEngineFault("The shapefile '" + request.name + ".shp' can't be created" + errors.Quote() + ".");
   CPLStringList options;
   options.SetNameValue("ENCODING", "UTF-8");
-  return CreateLayer(*dataset, request, options, true);
+  return CreateLayer(*dataset, request, options, LayerShapes::AsOne);
 }
 
 class ShapefileWorkspace final : public IFeatureWorkspace {

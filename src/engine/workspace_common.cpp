@@ -25,17 +25,17 @@ class PlainWorkspace final : public IWorkspace {
   std::string path_;
 };
 
-OGRwkbGeometryType OgrTypeOf(esriGeometryType type, bool shapefile) {
+OGRwkbGeometryType OgrTypeOf(esriGeometryType type, LayerShapes shapes) {
+  const bool multiple = shapes == LayerShapes::Multiple;
   switch (type) {
     case esriGeometryPoint:
       return wkbPoint;
     case esriGeometryMultipoint:
       return wkbMultiPoint;
     case esriGeometryPolyline:
-      // A shapefile doesn't tell single from multiple; a geodatabase stores every line as a multiple one.
-      return shapefile ? wkbLineString : wkbMultiLineString;
+      return multiple ? wkbMultiLineString : wkbLineString;
     case esriGeometryPolygon:
-      return shapefile ? wkbPolygon : wkbMultiPolygon;
+      return multiple ? wkbMultiPolygon : wkbPolygon;
     default:
       Raise(kInvalidCall, "A feature class holds points, multipoints, polylines or polygons.");
   }
@@ -66,14 +66,15 @@ const GeometryDef& ShapeDefinition(const NewClass& request) {
   return *Require(definition, "GeometryDef");
 }
 
-std::string CreateLayer(GDALDataset& dataset, const NewClass& request, CPLStringList options, bool shapefile) {
+std::string CreateLayer(GDALDataset& dataset, const NewClass& request, CPLStringList options, LayerShapes shapes) {
   const GeometryDef& shape = ShapeDefinition(request);
   OgrReference reference;
   if (shape.SpatialReference) reference = OgrFromReference(*shape.SpatialReference);
   const ColumnStore store = ColumnStoreOf(dataset.GetDriverName());
   const GdalErrorScope errors;
-  OGRLayer* layer = dataset.CreateLayer(request.name.c_str(), reference.get(), OgrTypeOf(shape.GeometryType, shapefile),
-                                        options.List());
+  const OGRwkbGeometryType one_kind = OgrTypeOf(shape.GeometryType, shapes);
+  OGRLayer* layer = dataset.CreateLayer(request.name.c_str(), reference.get(),
+                                        shapes == LayerShapes::Any ? wkbUnknown : one_kind, options.List());
   if (layer == nullptr) {
     RaiseEngineFault("The feature class '" + request.name + "' can't be created" + errors.Quote() +
                      ": check that the place is writable and the name is legal.");

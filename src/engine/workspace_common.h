@@ -23,10 +23,17 @@ struct NewClass {
   std::string shape_field;
 };
 
+/// How a layer holds shapes of one part and of several.
+enum class LayerShapes : std::uint8_t {
+  AsOne,     ///< it doesn't tell them apart: a shapefile
+  Multiple,  ///< each line and polygon counts as one of several parts
+  Any,       ///< each is what it is
+};
+
 /// Creates an empty layer in a dataset and adds the attribute fields, in their order. Returns the name that the format
 /// gave the layer; it may have given the fields other names, too.
 [[nodiscard]] std::string CreateLayer(GDALDataset& dataset, const NewClass& request, CPLStringList options,
-                                      bool shapefile);
+                                      LayerShapes shapes);
 
 /// The shape definition of the request's shape field; fault 5 when there is none.
 [[nodiscard]] const GeometryDef& ShapeDefinition(const NewClass& request);

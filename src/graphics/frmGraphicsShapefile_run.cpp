@@ -3,6 +3,7 @@
 #include "graphics/frmGraphicsShapefile.h"
 #include "graphics/graphics_run.h"
 #include "platform/host.h"
+#include "platform/rich_text.h"
 #include "platform/run_scope.h"
 #include "support/MyGeneralOperations.h"
 #include "support/frmReport_modal.h"
@@ -130,7 +131,11 @@ void frmGraphicsShapefile::Plan(RunContext& context, Made& made) const {
                                 : "Graphics to Feature Classes Conversion, planned only: nothing was written";
   report.output_title = "Output:";
   report.path = plan.path;
-  report.questions = "   " + NotePlan(context, plan, made.request) + "\\par\r\n";
+  for (const PlannedField& field : plan.fields) {
+    report.planned_fields += "   " + EscapeRtf(field.name) + "  (" + field.type + ")\\par\r\n";
+  }
+  for (const std::string& sentence : plan.foretold) report.foretold += "   " + EscapeRtf(sentence) + "\\par\r\n";
+  report.questions = "   " + NotePlan(context, plan) + "\\par\r\n";
 }
 
 void frmGraphicsShapefile::AddLayer(RunContext& context, const Made& made) {

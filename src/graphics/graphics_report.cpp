@@ -34,6 +34,8 @@ std::string ReportText(const GraphicsReport& report) {
   if (!report.counts.empty()) text += "\\b Conversion Count:\\b0\\par\r\n" + report.counts;
   text += "\\b Attribute Fields:\\b0\\par\r\n" + report.fields;
   text += "\\b " + report.output_title + "\\b0\\par\r\n   " + EscapeRtf(ToNativePath(report.path)) + kLineEnd;
+  if (!report.planned_fields.empty()) text += "\\b Columns:\\b0\\par\r\n" + report.planned_fields;
+  if (!report.foretold.empty()) text += "\\b Foretold:\\b0\\par\r\n" + report.foretold;
   if (!report.questions.empty()) text += "\\b Questions:\\b0\\par\r\n" + report.questions;
   return text + report.problems + "}";
 }

@@ -21,9 +21,9 @@ struct GraphicsReport {
   std::string counts;  ///< RTF already; empty for an empty class
   std::string fields;  ///< RTF already
   std::string output_title = "Shapefile saved to:";
-  std::string path;       ///< a backslash path
-  std::string questions;  ///< RTF already; of a planned run
-  std::string problems;   ///< RTF already; empty when every element was converted
+  std::string path;                                 ///< a backslash path
+  std::string planned_fields, foretold, questions;  ///< RTF already; of a planned run
+  std::string problems;                             ///< RTF already; empty when every element was converted
 };
 
 [[nodiscard]] std::string ReportText(const GraphicsReport& report);

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <deque>
 #include <vector>
 
 #include "platform/text_formats.h"
@@ -39,6 +40,11 @@ constexpr NameRule kAnyText{1000, true, NameRule::Characters::Any, {}, {}};
 constexpr std::array kShapeColumns = {Words("wkt")};
 constexpr std::array kShapeColumnPrefixes = {Words("_wkt")};
 constexpr NameRule kTextTableField{1000, true, NameRule::Characters::Any, kShapeColumns, kShapeColumnPrefixes};
+// Whatever bears this name is taken for the identifier when a SQLite database is read.
+constexpr std::array kIdentifierWords = {Words("ogc_fid"), Words("rowid")};
+constexpr NameRule kDatabaseField{1000, true, NameRule::Characters::Any, kIdentifierWords, {}};
+// The library writes its names in small letters, and the server cuts what is longer.
+constexpr NameRule kServerName{63, true, NameRule::Characters::Any, {}, {}};
 constexpr NameRule kTableField{31, true, NameRule::Characters::AsciiWord, {}, {}};
 
 // What a shapefile may consist of, as the programs of the field write it.
@@ -52,6 +58,13 @@ constexpr std::array kGmlParts = {Words(".gml"), Words(".xsd"), Words(".gfs")};
 
 constexpr std::array kUnicodeTable = {Words("ENCODING=UTF-8")};
 constexpr std::array kShapesAsText = {Words("GEOMETRY=AS_WKT")};
+constexpr std::array kSpatialite = {Words("SPATIALITE=YES")};
+constexpr std::array kNamesAsGiven = {Words("LAUNDER=NO")};
+// The library's own rule is seven decimals, which is a centimetre.
+constexpr std::array kAllDecimals = {Words("COORDINATE_PRECISION=15")};
+constexpr std::array kLineEndings = {Words(".geojsons"), Words(".ndjson"), Words(".jsonl")};
+constexpr std::array kJsonEndings = {Words(".json")};
+constexpr std::array kSqliteEndings = {Words(".db"), Words(".sqlite3")};
 
 constexpr std::array kFormats = {
     Format{.name = "Shapefile",
@@ -62,6 +75,7 @@ constexpr std::array kFormats = {
            .writable = true,
            .updated_in_place = true,
            .uniform_shapes = true,
+           .nulls = Nulls::NotTexts,
            .class_names = kFileName,
            .field_names = kDbaseField,
            .parts = kShapefileParts,
@@ -97,6 +111,7 @@ constexpr std::array kFormats = {
            .category = "GPKG Feature Class",
            .ending = ".gpkg",
            .driver = "GPKG",
+           .kind = 16,
            .container = true,
            .writable = true,
            .updated_in_place = true,
@@ -108,15 +123,18 @@ constexpr std::array kFormats = {
            .category = "GeoJSON Feature Class",
            .ending = ".geojson",
            .driver = "GeoJSON",
+           .kind = 17,
            .writable = true,
            .keeps_identifiers = true,
            .finite_numbers = true,
            .class_names = kFileName,
-           .field_names = kAnyText},
+           .field_names = kAnyText,
+           .other_endings = kJsonEndings},
     Format{.name = "FlatGeobuf",
            .category = "FlatGeobuf Feature Class",
            .ending = ".fgb",
            .driver = "FlatGeobuf",
+           .kind = 18,
            .writable = true,
            .reorders = true,
            .needs_shapes = true,
@@ -129,8 +147,10 @@ constexpr std::array kFormats = {
            .category = "MapInfo File Feature Class",
            .ending = ".tab",
            .driver = "MapInfo File",
+           .kind = 19,
            .writable = true,
            .byte_widths = true,
+           .nulls = Nulls::NotTexts,
            .class_names = kFileName,
            .field_names = kTableField,
            .parts = kTableParts,
@@ -139,8 +159,10 @@ constexpr std::array kFormats = {
            .category = "MapInfo File Feature Class",
            .ending = ".mif",
            .driver = "MapInfo File",
+           .kind = 20,
            .writable = true,
            .byte_widths = true,
+           .nulls = Nulls::NotTexts,
            .class_names = kFileName,
            .field_names = kTableField,
            .parts = kInterchangeParts,
@@ -149,7 +171,10 @@ constexpr std::array kFormats = {
            .category = "CSV Feature Class",
            .ending = ".csv",
            .driver = "CSV",
+           .kind = 21,
            .writable = true,
+           .without_reference = true,
+           .nulls = Nulls::AsEmpty,
            .class_names = kFileName,
            .field_names = kTextTableField,
            .layer_options = kShapesAsText},
@@ -157,17 +182,79 @@ constexpr std::array kFormats = {
            .category = "GML Feature Class",
            .ending = ".gml",
            .driver = "GML",
+           .kind = 22,
            .writable = true,
            .uniform_shapes = true,
            .class_names = kFileName,
            .field_names = kAnyText,
            .parts = kGmlParts},
+    Format{.name = "GeoJSON Lines",
+           .category = "GeoJSONSeq Feature Class",
+           .ending = ".geojsonl",
+           .driver = "GeoJSONSeq",
+           .kind = 23,
+           .writable = true,
+           .keeps_identifiers = true,
+           .finite_numbers = true,
+           .degrees = true,
+           .stream = true,
+           .class_names = kFileName,
+           .field_names = kAnyText,
+           .other_endings = kLineEndings,
+           .layer_options = kAllDecimals},
+    Format{.name = "Keyhole Markup Language",
+           .category = "LIBKML Feature Class",
+           .ending = ".kml",
+           .driver = "LIBKML",
+           .kind = 24,
+           .writable = true,
+           .clean_texts = true,
+           .degrees = true,
+           .class_names = kFileName,
+           .field_names = kAnyText},
+    Format{.name = "SpatiaLite",
+           .category = "SQLite Feature Class",
+           .ending = ".sqlite",
+           .driver = "SQLite",
+           .kind = 25,
+           .container = true,
+           .writable = true,
+           .keeps_identifiers = true,
+           .uniform_shapes = true,
+           .multiple_shapes = true,
+           .class_names = kAnyText,
+           .field_names = kDatabaseField,
+           .other_endings = kSqliteEndings,
+           .layer_options = kNamesAsGiven,
+           .file_options = kSpatialite},
+    Format{.name = "PostgreSQL",
+           .category = "PostgreSQL Feature Class",
+           .ending = "PG:",
+           .driver = "PostgreSQL",
+           .kind = 26,
+           .container = true,
+           .writable = true,
+           .keeps_identifiers = true,
+           .multiple_shapes = true,
+           .server = true,
+           .class_names = kServerName,
+           .field_names = kServerName,
+           .layer_options = kNamesAsGiven},
 };
+
+constexpr std::int32_t kFirstAddedKind = 1000;
+
+std::deque<Format>& AddedFormats() {
+  static std::deque<Format> added;
+  return added;
+}
 
 template <class Test>
 const Format* Find(Test&& test) {
   const auto found = std::ranges::find_if(kFormats, test);
-  return found == kFormats.end() ? nullptr : &*found;
+  if (found != kFormats.end()) return &*found;
+  const auto added = std::ranges::find_if(AddedFormats(), test);
+  return added == AddedFormats().end() ? nullptr : &*added;
 }
 
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
@@ -199,7 +286,24 @@ const Format* FormatOfKind(std::int32_t kind) {
 }
 
 const Format* FormatOfPath(std::string_view path) {
-  return Find([&](const Format& format) { return EndsWithIgnoringCase(path, format.ending); });
+  return Find([&](const Format& format) {
+    const auto ends = [&](std::string_view ending) { return EndsWithIgnoringCase(path, ending); };
+    return format.server ? path.starts_with(format.ending)
+                         : ends(format.ending) || std::ranges::any_of(format.other_endings, ends);
+  });
+}
+
+const Format* FormatOfName(std::string_view name) {
+  const auto called = [&](const Format& format) {
+    return EqualsIgnoringCase(format.name, name) || EqualsIgnoringCase(format.driver, name) ||
+           EqualsIgnoringCase(format.ending.substr(1), name);
+  };
+  return Find(called);
+}
+
+const Format& AddFormat(Format format) {
+  format.kind = kFirstAddedKind + static_cast<std::int32_t>(AddedFormats().size());
+  return AddedFormats().emplace_back(format);
 }
 
 const Format* FormatOfDriver(std::string_view driver) {

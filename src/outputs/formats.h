@@ -26,12 +26,19 @@ struct NameRule {
   std::span<const std::string_view> prefixes;  ///< lower case; a name that begins so gets a "_" in front
 };
 
+/// Which values can be absent.
+enum class Nulls : std::uint8_t {
+  All,
+  NotTexts,  ///< an absent text comes back as an empty one
+  AsEmpty,   ///< all values are texts; an absent one comes back as an empty one
+};
+
 struct Format {
   std::string_view name;      ///< as documents remember it: "File Geodatabase"
   std::string_view category;  ///< of its classes in a catalog: "File Geodatabase Feature Class"
   std::string_view ending;    ///< ".gdb"
   std::string_view driver;    ///< of the engine's library
-  std::int32_t kind = 0;      ///< the number that dialogs and documents keep, 0 where they have none
+  std::int32_t kind = 0;      ///< the number that dialogs keep while they are open
   bool container = false;     ///< one file or folder holds several classes, each under a name
   bool folder = false;        ///< a container that is a folder
   bool writable = false;
@@ -46,16 +53,36 @@ struct Format {
   bool finite_numbers = false;     ///< infinities and no-number can't be kept; such a value is null
   bool byte_widths = false;        ///< texts are as wide as their bytes: a column takes the greatest width there is
   bool multiple_shapes = false;    ///< a class is of single shapes or of multiple ones, never of both
+  bool degrees = false;            ///< all coordinates are longitudes and latitudes on WGS 84
+  bool without_reference = false;  ///< nothing in the file tells what its coordinates refer to
+  bool server = false;             ///< a container that is no file
+  bool stream = false;             ///< can be written to a pipe
+  Nulls nulls = Nulls::All;
   NameRule class_names, field_names;
+  std::span<const std::string_view> other_endings = {};  ///< that name it, too
   std::span<const std::string_view> parts = {};          ///< endings of all its files, where it has several
   std::span<const std::string_view> layer_options = {};  ///< "NAME=VALUE", for the library that makes a class
+  std::span<const std::string_view> file_options = {};   ///< the same, for a new file
+
+  /// Each class is a file of its own, or two or three.
+  [[nodiscard]] bool IsFile() const { return !container; }
+  /// Of those that dialogs have always offered, each with a way of its own.
+  [[nodiscard]] bool HasOwnWorkspace() const { return kind != 0 && kind <= kLastOwnKind; }
+  static constexpr std::int32_t kLastOwnKind = 4;
 };
 
-/// The row of a kind, an ending (of a path, in any case) or a driver; null where there is none.
+/// The row of a kind, an ending (of a path, in any case), a driver, or a name of the row or its driver in any case;
+/// null where there is none.
 [[nodiscard]] const Format* FormatOfKind(std::int32_t kind);
 [[nodiscard]] const Format* FormatOfPath(std::string_view path);
 [[nodiscard]] const Format* FormatOfDriver(std::string_view driver);
+[[nodiscard]] const Format* FormatOfName(std::string_view name);
+/// The rows that are always there.
 [[nodiscard]] std::span<const Format> AllFormats();
+
+/// Adds a row for a format that the engine's library writes beyond those of the table, and gives it a kind. All that it
+/// points to must live as long as the program. Rows are never moved.
+const Format& AddFormat(Format format);
 
 /// The name as the format will call it. An empty name stays empty.
 [[nodiscard]] std::string LegalName(const NameRule& rule, const std::string& name);

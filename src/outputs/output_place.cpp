@@ -60,6 +60,7 @@ bool WouldTouch(const fs::path& path, const fs::path& file) {
 }
 
 std::string OutputPlace::NativePath() const {
+  if (format != nullptr && format->server) return container + ":" + name;
   fs::path path = container;
   if (!dataset.empty()) path /= dataset;
   if (!name.empty()) path /= name;
@@ -74,11 +75,16 @@ std::string OutputPlace::ClassName() const {
 }
 
 std::vector<fs::path> OutputPlace::Files() const {
+  if (format != nullptr && format->server) return {};
   if (InContainer()) return FilesOfDataset(container);
   return IsFolder() ? std::vector<fs::path>() : FilesOfDataset(NativePath());
 }
 
 bool OutputPlace::Overlaps(const DatasetFiles& source) const {
+  if (format != nullptr && format->server) {
+    const auto same = [](const std::string& text) { return [&](const std::string& other) { return text == other; }; };
+    return std::ranges::any_of(source.files, same(container)) && std::ranges::any_of(source.classes, same(ClassName()));
+  }
   const auto is_read = [&](const fs::path& own) {
     return std::ranges::any_of(source.files, [&](const std::string& file) {
       return InContainer() ? IsIn(RealFile(file), own) : IsSameFile(RealFile(file), own);
@@ -96,6 +102,10 @@ std::optional<std::string> NameProblem(const OutputPlace& place) {
   if (place.IsFolder()) return std::nullopt;
   const std::string shown = "The output '" + place.NativePath() + "' can't be written under this name: ";
   const bool nameless = place.name.empty() || EqualsIgnoringCase(place.name, place.format->ending);
+  if (place.format->server) return std::nullopt;
+  if (place.InContainer() && place.name.find('/') != std::string::npos) {
+    return shown + "the name of a layer holds no slash. Choose another name.";
+  }
   if (nameless) return shown + "it names no class. Put a name ahead of '" + std::string(place.format->ending) + "'.";
   const fs::path path = place.NativePath();
   for (const fs::path& part : path) {

@@ -235,11 +235,13 @@ std::string PlanRewrite(RunContext& context, const FeatureRewrite& run) {
                       {"  ** Feature Class:  " + ShownName(place), "  ** Workspace:  " + ToNativePath(place.Directory),
                        "  ** " + DirectoryTypeText(place.Kind)}});
   ReportSection fields{"Fields:", {}};
-  std::int32_t index = 0;
+  std::size_t index = 0;
   for (const Variant& element : *run.output.FieldNames()) {
     const std::string& source = element.AsObject<StrArray>()->Element(0);
-    const std::string& name = request.fields->Element(index++).AsObject<Field>()->Name;
-    fields.lines.push_back("       " + name + (source != name ? "  <--  " + source : ""));
+    const PlannedField& field = plan.fields.at(index++);
+    fields.lines.push_back("       " + (field.name.empty() ? "(left out)" : field.name) +
+                           (source != field.name ? "  <--  " + source : "") +
+                           (field.type.empty() ? "" : "  (" + field.type + ")"));
   }
   if (fields.lines.empty()) fields.lines.emplace_back("       <-- No Fields -->");
   sections.push_back(fields);
@@ -249,9 +251,10 @@ std::string PlanRewrite(RunContext& context, const FeatureRewrite& run) {
   std::vector<std::string> sentences = ForetoldLosses(*run.layer->FeatureClass(), run.layer->Name(), carried);
   const std::vector<std::string> changes = ForetoldChanges(carried, place.Kind);
   sentences.insert(sentences.end(), changes.begin(), changes.end());
+  sentences.insert(sentences.end(), plan.foretold.begin(), plan.foretold.end());
   for (const std::string& sentence : sentences) foretold.lines.push_back("  ** " + sentence);
   if (!foretold.lines.empty()) sections.push_back(foretold);
-  sections.push_back({"Questions:", {"  ** " + NotePlan(context, plan, request)}});
+  sections.push_back({"Questions:", {"  ** " + NotePlan(context, plan)}});
   return PlanReport(run.conversion, sections);
 }
 

@@ -100,10 +100,12 @@ void AnnounceLosses(RunContext& context, const IFeatureClass& input, std::string
 
 std::vector<std::string> ForetoldChanges(const std::vector<CarriedField>& fields, std::int32_t output_kind) {
   std::vector<std::string> sentences;
-  if (output_kind != kShapefile && output_kind != kFileGeodatabase) return sentences;
+  // The classes of all other formats tell of their columns themselves.
+  const bool tells_columns = output_kind == kShapefile || output_kind == kFileGeodatabase;
+  if (output_kind == kPersonalGeodatabase || output_kind == kUnknownOutput) return sentences;
   for (const auto& [field, name] : fields) {
     if (name != field->Name) sentences.push_back("The field '" + field->Name + "' is written as '" + name + "'.");
-    const std::string loss = ForetoldLoss(*field, ColumnOf(*field, output_kind));
+    const std::string loss = tells_columns ? ForetoldLoss(*field, ColumnOf(*field, output_kind)) : "";
     if (!loss.empty()) sentences.push_back("In the field '" + name + "', " + loss);
   }
   return sentences;

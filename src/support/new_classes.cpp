@@ -123,9 +123,8 @@ double GridSizeFor(const Envelope* envelope, std::int32_t feature_count) {
   return grid;
 }
 
-std::shared_ptr<IFeatureClass> NewShapefile(IFeatureWorkspace& workspace, const std::string& name,
-                                            const SpatialReferenceRef& reference, esriGeometryType geometry_type,
-                                            const std::shared_ptr<VarArray>& fields, bool add_unique_id) {
+FieldsRef PlainFields(const SpatialReferenceRef& reference, esriGeometryType geometry_type,
+                      const std::shared_ptr<VarArray>& fields, bool add_unique_id) {
   auto definition = std::make_shared<GeometryDef>();
   definition->GeometryType = geometry_type;
   definition->SpatialReference = reference;
@@ -133,7 +132,14 @@ std::shared_ptr<IFeatureClass> NewShapefile(IFeatureWorkspace& workspace, const 
   if (add_unique_id) {
     own.push_back(NewField(UniqueFieldName("Unique_ID", kUniqueIdLimit, fields), "", esriFieldTypeInteger));
   }
-  return workspace.CreateFeatureClass(name, FieldList(own, fields), nullptr, nullptr, esriFTSimple, "Shape", "");
+  return FieldList(own, fields);
+}
+
+std::shared_ptr<IFeatureClass> NewPlainClass(IFeatureWorkspace& workspace, const std::string& name,
+                                             const SpatialReferenceRef& reference, esriGeometryType geometry_type,
+                                             const std::shared_ptr<VarArray>& fields, bool add_unique_id) {
+  return workspace.CreateFeatureClass(name, PlainFields(reference, geometry_type, fields, add_unique_id), nullptr,
+                                      nullptr, esriFTSimple, "Shape", "");
 }
 
 std::shared_ptr<IFeatureClass> NewGeodatabaseClass(
@@ -196,7 +202,7 @@ std::shared_ptr<IFeatureClass> CreateShapefileFeatureClass(std::string& director
           "Failed to Create Feature Class:");
       return nullptr;
     }
-    return NewShapefile(*CreateShapefileWorkspaceFactory()->OpenFromFile(directory, 0), name, spatial_reference,
+    return NewPlainClass(*CreateShapefileWorkspaceFactory()->OpenFromFile(directory, 0), name, spatial_reference,
                         geometry_type, fields, add_unique_id);
   });
 }

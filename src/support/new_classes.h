@@ -11,12 +11,15 @@
 
 namespace tessarine::MyGeneralOperations {
 
-/// `name` has no ending. With `add_unique_id` the class gets a whole number "Unique_ID", or one with a number behind
-/// where a field of the caller's bears that name.
-[[nodiscard]] std::shared_ptr<IFeatureClass> NewShapefile(IFeatureWorkspace& workspace, const std::string& name,
-                                                          const SpatialReferenceRef& reference,
-                                                          esriGeometryType geometry_type,
-                                                          const std::shared_ptr<VarArray>& fields, bool add_unique_id);
+/// The fields of a class with nothing of its own but the shape, "Shape". With `add_unique_id` it gets a whole number
+/// "Unique_ID", or one with a number behind where a field of the caller's bears that name.
+[[nodiscard]] FieldsRef PlainFields(const SpatialReferenceRef& reference, esriGeometryType geometry_type,
+                                    const std::shared_ptr<VarArray>& fields, bool add_unique_id);
+/// A class with these fields. The name of a shapefile has no ending.
+[[nodiscard]] std::shared_ptr<IFeatureClass> NewPlainClass(IFeatureWorkspace& workspace, const std::string& name,
+                                                           const SpatialReferenceRef& reference,
+                                                           esriGeometryType geometry_type,
+                                                           const std::shared_ptr<VarArray>& fields, bool add_unique_id);
 
 /// Null without a workspace or name, and for a feature type of which no class can be made. A missing `clsid` follows
 /// from the feature type, which may force the geometry type.

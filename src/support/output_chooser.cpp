@@ -40,7 +40,7 @@ OutputChoice ChosenPlace(const IGxDialog& dialog, OutputKind kind) {
     chosen.IsFeatureDataset = true;
     chosen.FeatureDatasetName = dataset->Name();
   }
-  if (kind != kShapefile) {
+  if (FormatOfKind(kind)->feature_datasets) {
     if (EndsWithIgnoringCase(chosen.Name, ".shp")) chosen.Name.resize(chosen.Name.size() - 4);
     chosen.Name = ReplaceBadChars(chosen.Name, true, true, true, true);
   }
@@ -90,7 +90,7 @@ OutputChoice RememberedPlace(const clsExtension& extension, const std::shared_pt
     place.Kind = kShapefile;
   }
   place.Directory = WithoutTrailingSlash(place.Directory);
-  if (place.Kind == kShapefile) {
+  if (!FormatOfKind(place.Kind)->feature_datasets) {
     place.IsFeatureDataset = false;
     place.FeatureDatasetName.clear();
   }
@@ -102,6 +102,10 @@ OutputChoice ProposeName(OutputChoice place, const std::string& base_name) {
     const std::string path = MakeUniqueShapeFilename(place.Directory + "\\" + base_name + ".shp");
     place.Directory = WithoutTrailingSlash(ReturnDir(path));
     place.Name = ReturnFilename(path);
+    return place;
+  }
+  if (const Format* format = FormatOfKind(place.Kind); format->IsFile()) {
+    place.Name = ReturnFilename(MakeUniqueFilename(place.Directory + "\\" + base_name + std::string(format->ending)));
     return place;
   }
   place.Name = MakeUniqueGDBFeatureClassName(OpenGeodatabase(place.Kind, place.Directory), base_name);
@@ -169,7 +173,9 @@ bool OutputWorkspaceExists(const std::string& text, const OutputChoice& choice) 
     return false;
   }
   // A shapefile in the folder of a geodatabase would be lost in it, and a class outside of any has no place.
-  const bool fits = format->container == (FormatOfPath(directory) != nullptr && FormatOfPath(directory)->container);
+  const Format* around = FormatOfPath(directory);
+  const bool chosen = !format->HasOwnWorkspace() && EqualsIgnoringCase(directory, choice.Directory);
+  const bool fits = chosen || format->container == (around != nullptr && around->container);
   if (fits && ExistFileDir(directory)) return true;
   Host().MessageBox().Show(
       "Unable to create Feature Class:\r\n" + ToNativePath(directory) + " is not a valid workspace...",

@@ -6,6 +6,7 @@
 #include <cmath>
 #include <optional>
 
+#include "outputs/column_loss.h"
 #include "outputs/output_place.h"
 #include "outputs/staged_output.h"
 #include "platform/host.h"
@@ -24,6 +25,28 @@ namespace tessarine::MyGeneralOperations {
 namespace {
 
 using namespace aml_func_mod;
+
+// What a column of a shapefile or geodatabase holds.
+std::string TypeWordOf(const Field& field, std::int32_t kind) {
+  switch (field.Type) {
+    case esriFieldTypeSmallInteger:
+    case esriFieldTypeInteger:
+    case esriFieldTypeInteger64:
+      return "whole number";
+    case esriFieldTypeSingle:
+    case esriFieldTypeDouble:
+      return "number";
+    case esriFieldTypeDate:
+      if (field.Content == DateContent::Time) return "text";
+      return kind == kShapefile || field.Content == DateContent::Day ? "date" : "date and time";
+    case esriFieldTypeString: {
+      const std::int32_t width = kind == kShapefile ? std::min(field.Length, kLongestDbaseText) : field.Length;
+      return width > 0 ? "text of " + std::to_string(width) : "text";
+    }
+    default:
+      return "text";
+  }
+}
 
 bool IsFolderCategory(const std::string& category) { return category == "Shapefile" || category == "Folder"; }
 
@@ -70,11 +93,15 @@ std::optional<std::string> CategoryOf(RunContext& context, OutputRequest& reques
   return category;
 }
 
-// What the request names, with a shapefile's ending.
+// What the request names, with an ending.
 OutputPlace PlaceOf(const OutputRequest& request, const Format& format) {
   OutputPlace place{&format, ToNativePath(WithoutTrailingSlash(request.directory)), "", request.name};
-  if (format.container && request.is_feature_dataset) place.dataset = request.feature_dataset;
-  if (!format.container && !EndsWithIgnoringCase(place.name, format.ending)) place.name += format.ending;
+  if (format.feature_datasets && request.is_feature_dataset) place.dataset = request.feature_dataset;
+  // Some formats go by several endings, and a user may name the format of any.
+  const std::string_view ending = format.HasOwnWorkspace() ? format.ending : ".";
+  const bool ends =
+      ending == "." ? place.name.find('.') != std::string::npos : EndsWithIgnoringCase(place.name, ending);
+  if (format.IsFile() && !ends) place.name += format.ending;
   return place;
 }
 
@@ -136,8 +163,12 @@ std::shared_ptr<IFeatureClass> CreateAt(OutputRequest& request, const std::strin
   if (IsFolderCategory(category)) {
     const bool ending = EndsWithIgnoringCase(request.name, ".shp");
     const std::string name = ending ? request.name.substr(0, request.name.size() - 4) : request.name;
-    return NewShapefile(*workspace, name, request.reference, request.geometry_type, request.fields,
-                        request.add_unique_id);
+    return NewPlainClass(*workspace, name, request.reference, request.geometry_type, request.fields,
+                         request.add_unique_id);
+  }
+  if (!FormatOfKind(KindOfCategory(category))->HasOwnWorkspace()) {
+    return NewPlainClass(*workspace, request.name, request.reference, request.geometry_type, request.fields,
+                         request.add_unique_id);
   }
   return NewGeodatabaseClass(workspace, request.name, esriFTSimple, request.reference, request.geometry_type,
                              request.fields, nullptr, nullptr, "", request.envelope, request.feature_count);
@@ -146,7 +177,11 @@ std::shared_ptr<IFeatureClass> CreateAt(OutputRequest& request, const std::strin
 // The attributes of a class in their order: what it was asked for, then, under the names that the format chose.
 void TakeMadeNames(RunContext& context, const IFeatureClass& output, OutputRequest& request) {
   RunJournal& journal = context.journal;
-  if (output.Name() != request.name && !output.Category().starts_with(CategoryOfKind(kShapefile))) {
+  const Format* format = FormatOfKind(request.kind);
+  const bool named = format != nullptr && !format->HasOwnWorkspace()
+                         ? format->container
+                         : !output.Category().starts_with(CategoryOfKind(kShapefile));
+  if (output.Name() != request.name && named) {
     journal.NoteName(request.name, output.Name());
     request.name = output.Name();
   }
@@ -166,6 +201,15 @@ void TakeMadeNames(RunContext& context, const IFeatureClass& output, OutputReque
 }
 
 }  // namespace
+
+std::string FieldNameFor(std::int32_t kind, const std::string& name, const std::shared_ptr<VarArray>& taken) {
+  const Format* format = FormatOfKind(kind);
+  if (format == nullptr || format->HasOwnWorkspace()) return ReturnDBASEFieldName(name, taken);
+  return FreeLegalName(format->field_names, name, [&](const std::string& candidate) {
+    return std::ranges::any_of(
+        *taken, [&](const Variant& element) { return EqualsIgnoringCase(element.AsObject<Field>()->Name, candidate); });
+  });
+}
 
 void MakeFieldNamesLegal(RunContext& context, const std::shared_ptr<VarArray>& fields, std::int32_t kind) {
   const Format* format = FormatOfKind(kind);
@@ -195,8 +239,9 @@ std::shared_ptr<IFeatureClass> CreateOutput(RunContext& context, OutputRequest& 
       }
       const std::int32_t kind = KindOfCategory(*category);
       const Format& format = *FormatOfKind(kind);
-      const bool in_dataset = request.is_feature_dataset && format.container;
+      const bool in_dataset = request.is_feature_dataset && format.feature_datasets;
       request.is_feature_dataset = in_dataset;
+      request.kind = kind;
       request.directory = WithoutTrailingSlash(request.directory);
       const OutputPlace place = PlaceOf(request, format);
       if (const auto problem = PlaceProblem(request, place)) {
@@ -208,6 +253,7 @@ std::shared_ptr<IFeatureClass> CreateOutput(RunContext& context, OutputRequest& 
         context.journal.NoteName(request.name, place.ClassName());
         request.name = place.ClassName();
       }
+      if (format.IsFile() && !format.HasOwnWorkspace()) request.name = place.name;
       const std::shared_ptr<IFeatureWorkspace> workspace = factory->OpenFromFile(request.directory, 0);
       if (const auto conflict = format.container ? NameConflict(*workspace, request) : std::nullopt) {
         context.feedback.Tell(*conflict, "Failed to Create Feature Class:");
@@ -227,6 +273,9 @@ std::shared_ptr<IFeatureClass> CreateOutput(RunContext& context, OutputRequest& 
       MakeFieldNamesLegal(context, request.fields, kind);
       std::shared_ptr<IFeatureClass> output = CreateAt(request, *category, workspace, dataset);
       if (output) TakeMadeNames(context, *output, request);
+      if (const auto planned = Cast<IPlannedClass>(output)) {
+        for (const std::string& sentence : planned->Planned().foretold) context.feedback.Announce(sentence);
+      }
       return output;
     }
   });
@@ -234,7 +283,7 @@ std::shared_ptr<IFeatureClass> CreateOutput(RunContext& context, OutputRequest& 
 
 OutputPlan PlanOutput(RunContext& context, OutputRequest& request) {
   const Format* format = FormatOfKind(request.kind);
-  if (format == nullptr || request.name.empty()) return {request.directory + "\\" + request.name, false};
+  if (format == nullptr || request.name.empty()) return {request.directory + "\\" + request.name, false, {}, {}};
   if (request.kind == kShapefile) request.name = SetExtension(request.name, "shp");
   request.directory = WithoutTrailingSlash(request.directory);
   OutputPlace place = PlaceOf(request, *format);
@@ -248,14 +297,28 @@ OutputPlan PlanOutput(RunContext& context, OutputRequest& request) {
   }
   const bool exists =
       workspace && (workspace->HoldsName(request.name) || CheckIfFeatureClassExists(workspace, request.name));
-  return {FromNativePath(place.NativePath()), exists};
+  OutputPlan plan{FromNativePath(place.NativePath()), exists, {}, {}};
+  if (const auto planner = Cast<IClassPlanner>(workspace)) {
+    const FieldsRef fields =
+        PlainFields(request.reference, request.geometry_type, request.fields, request.add_unique_id);
+    PlannedClass planned = planner->PlanClass(request.name, fields, "Shape");
+    plan.fields = std::move(planned.fields);
+    plan.foretold = std::move(planned.foretold);
+  } else {
+    const bool numbers = request.add_unique_id && request.kind == kShapefile;
+    for (const FieldRef& field : *PlainFields(request.reference, request.geometry_type, request.fields, numbers)) {
+      if (!IsAttribute(*field)) continue;
+      plan.fields.push_back({field->Name, field->Name, TypeWordOf(*field, request.kind)});
+    }
+  }
+  return plan;
 }
 
-std::string NotePlan(RunContext& context, const OutputPlan& plan, const OutputRequest& request) {
+std::string NotePlan(RunContext& context, const OutputPlan& plan) {
   RunJournal& journal = context.journal;
   journal.output_path = plan.path;
-  if (request.fields) {
-    for (const Variant& field : *request.fields) journal.planned_fields.push_back(field.AsObject<Field>()->Name);
+  for (const PlannedField& field : plan.fields) {
+    if (!field.name.empty()) journal.planned_fields.push_back(field.name);
   }
   if (!plan.exists) return "None";
   std::string question = "Feature Class Already Exists: the run would ask whether to overwrite it.";

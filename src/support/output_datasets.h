@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "outputs/format_workspace.h"
 #include "platform/arrays.h"
 #include "platform/data.h"
 #include "platform/run_context.h"
@@ -39,13 +40,15 @@ struct OutputRequest {
 /// What `CreateOutput` would find, with nothing made or asked: names in the request end as they would be written. A
 /// fault where the output would be refused.
 struct OutputPlan {
-  std::string path;     ///< a backslash path
-  bool exists = false;  ///< the run would ask whether to overwrite what is there
+  std::string path;                   ///< a backslash path
+  bool exists = false;                ///< the run would ask whether to overwrite what is there
+  std::vector<PlannedField> fields;   ///< with final names and types
+  std::vector<std::string> foretold;  ///< what the format can't keep, beyond `ForetoldChanges`
 };
 [[nodiscard]] OutputPlan PlanOutput(RunContext& context, OutputRequest& request);
 
 /// Notes in the journal what the run would write: path, fields and question. Returns the question, "None" for none.
-std::string NotePlan(RunContext& context, const OutputPlan& plan, const OutputRequest& request);
+std::string NotePlan(RunContext& context, const OutputPlan& plan);
 
 /// Gives up the class of a run that failed, unless it was published; the journal tells the rows that are left.
 void DiscardUnpublished(RunContext& context, const std::shared_ptr<IFeatureClass>& output);
@@ -58,6 +61,11 @@ void PublishOutput(RunContext& context, IFeatureClass& output, const OutputReque
 
 /// The field names as an output of this kind will have them, made legal and free; a list of `Field`s that are changed.
 void MakeFieldNamesLegal(RunContext& context, const std::shared_ptr<VarArray>& fields, std::int32_t kind);
+
+/// The name of a carried field in an output of this kind: legal there, and none of the `Field`s in the list bears it.
+/// Shapefiles and geodatabases alike get names as a dBASE table takes them; all others keep to their own rules.
+[[nodiscard]] std::string FieldNameFor(std::int32_t kind, const std::string& name,
+                                       const std::shared_ptr<VarArray>& taken);
 
 /// Creates the empty feature class that a run writes to, or answers nothing when the user gave up or the request can't
 /// be met. Without directory or name the user is asked; when the name is taken the user is asked whether to overwrite,

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 
+#include "outputs/format_workspace.h"
 #include "outputs/formats.h"
 
 namespace tessarine::MyGeneralOperations {
@@ -32,21 +33,21 @@ std::string DirectoryTypeText(std::int32_t kind) {
 }
 
 OutputKind KindOfDirectoryType(std::string_view text) {
-  for (const Format& format : AllFormats()) {
-    if (format.name == text) return static_cast<OutputKind>(format.kind);
-  }
-  return kUnknownOutput;
+  const Format* format = FormatOfName(text);
+  return format == nullptr || format->name != text ? kUnknownOutput : static_cast<OutputKind>(format->kind);
 }
 
 std::string CategoryOfKind(std::int32_t kind) {
   const Format* format = FormatOfKind(kind);
-  return format == nullptr ? "" : std::string(format->category);
+  if (format == nullptr) return "";
+  return std::string(format->HasOwnWorkspace() ? format->category : format->name);
 }
 
 OutputKind KindOfCategory(std::string_view category) {
   if (category == "Folder") return kShapefile;
+  if (const OutputKind kind = KindOfDirectoryType(category); kind != kUnknownOutput) return kind;
   for (const Format& format : AllFormats()) {
-    if (format.kind == 0) continue;
+    if (!format.HasOwnWorkspace()) continue;
     if (!format.container && category == format.category) return static_cast<OutputKind>(format.kind);
     if (!format.container || !category.starts_with(format.name)) continue;
     category.remove_prefix(format.name.size());
@@ -58,7 +59,9 @@ OutputKind KindOfCategory(std::string_view category) {
 
 std::shared_ptr<IWorkspaceFactory> FactoryOfKind(std::int32_t kind) {
   const auto row = std::ranges::find(kFactories, kind, &FactoryRow::kind);
-  return row == kFactories.end() ? nullptr : row->make();
+  if (row != kFactories.end()) return row->make();
+  const Format* format = FormatOfKind(kind);
+  return format == nullptr ? nullptr : CreateFormatWorkspaceFactory(*format);
 }
 
 std::shared_ptr<IWorkspaceFactory> FactoryOfCategory(std::string_view category) {

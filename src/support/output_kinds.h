@@ -11,6 +11,7 @@
 
 namespace tessarine::MyGeneralOperations {
 
+/// Every format has a number; these are the ones that have names in the code.
 enum OutputKind : std::int32_t {
   kUnknownOutput = 0,
   kShapefile = 1,
@@ -18,7 +19,7 @@ enum OutputKind : std::int32_t {
   kPersonalGeodatabase = 4,
 };
 
-/// "Shapefile", "File Geodatabase", "Personal Geodatabase", or "" for any other kind.
+/// "Shapefile", "File Geodatabase", "GeoPackage" and so on, "" for no kind of any format.
 [[nodiscard]] std::string DirectoryTypeText(std::int32_t kind);
 /// The kind of such a text, `kUnknownOutput` for any other.
 [[nodiscard]] OutputKind KindOfDirectoryType(std::string_view text);

@@ -130,6 +130,9 @@ INSTANTIATE_TEST_SUITE_P(
         // Counts of vertices come from `ogrinfo -sql "SELECT SUM(ST_NPoints(geometry))" -dialect sqlite`.
         PlaceRow{"geodatabase", {"-o", "OUT/new.gdb/points"}, "new.gdb", "points", 10643},
         PlaceRow{"feature dataset", {"-o", "OUT/new.gdb/shapes/points"}, "new.gdb", "points", 10643},
+        PlaceRow{"geodatabase alone", {"-o", "OUT/new.gdb"}, "new.gdb", "new", 10643},
+        PlaceRow{"personal geodatabase alone", {"-o", "OUT/new.mdb"}, "new.mdb", "new", 10643},
+        PlaceRow{"GeoPackage alone", {"-o", "OUT/new.gpkg"}, "new.gpkg", "new", 10643},
         PlaceRow{"folder", {"-o", "OUT/"}, "vertex.shp", "vertex", 10643},
         PlaceRow{
             "selection", {"--where", "continent = 'Africa'", "-o", "OUT/africa.shp"}, "africa.shp", "africa", 2242},
@@ -202,9 +205,7 @@ INSTANTIATE_TEST_SUITE_P(
             "points", {"DATA/cities.shp", "-o", "OUT/x.shp"}, {"wrong kind", "polylines, polygons or multipoints"}},
         RefusalRow{"no folder", {"DATA/countries.shp", "-o", "OUT/none/x.shp"}, {"none"}},
         RefusalRow{"onto itself", {"OUT/in/whole.shp", "-o", "OUT/in/whole.shp", "--overwrite"}, {"read by this run"}},
-        RefusalRow{"no ending", {"DATA/countries.shp", "-o", "OUT/x.abc"}, {"x.abc", "NAME.shp"}},
-        RefusalRow{"geodatabase alone", {"DATA/countries.shp", "-o", "OUT/x.gdb"}, {"names no feature class"}},
-        RefusalRow{"personal geodatabase alone", {"DATA/countries.shp", "-o", "OUT/x.mdb"}, {"names no feature class"}},
+        RefusalRow{"no ending", {"DATA/countries.shp", "-o", "OUT/x.abc"}, {"x.abc", "names no format"}},
         RefusalRow{"broken condition", {"DATA/countries.shp", "-w", "name = = 1", "-o", "OUT/x.shp"}, {"name = = 1"}},
         RefusalRow{"empty selection", {"DATA/countries.shp", "-w", "name = ''", "-o", "OUT/x.shp"}, {"No record"}},
         RefusalRow{

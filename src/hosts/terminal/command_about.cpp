@@ -27,7 +27,7 @@ class AboutScript final : public FormScript {
   explicit AboutScript(bool open_manual) : open_manual_(open_manual) {}
 
   void Answer(Form& form) override {
-    PrintReport(ControlOf<RichTextBox>(form, "Text1").TextRTF(), isatty(STDOUT_FILENO) != 0);
+    PrintReport(ControlOf<RichTextBox>(form, "Text1").TextRTF(), stdout);
     fmt::print("{}\n", ControlOf<Label>(form, "lblVersion").Caption());
     if (open_manual_) ControlOf<CommandButton>(form, "cmdManual").Press();
     ControlOf<CommandButton>(form, "cmdOK").Press();

@@ -29,7 +29,7 @@ struct BuildOptions {
   CommonOptions common;
   SourceOptions lines;
   SourceOptions labels;
-  std::string output;
+  OutputOptions output;
   std::optional<std::string> tolerance;
   std::vector<std::string> label_fields;
   std::string label_choice;
@@ -95,7 +95,8 @@ class BuildParamsScript final : public FormScript {
 ExitStatus RunBuildPolygons(const BuildOptions& options) {
   CheckReportFile(options.common.report_file);
   if (options.tolerance) (void)ToleranceText(*options.tolerance);
-  const OutputPlace place = ParseOutputPlace(options.output);
+  const NamedOutput output = ParseOutput(options.output, Folders::Allowed);
+  const OutputPlace& place = output.place;
   Session session(options.common);
   std::shared_ptr<DocumentFeatureLayer> labels;
   if (!options.labels.source.empty()) labels = TakeLayer(session.Document(), options.labels);
@@ -106,7 +107,7 @@ ExitStatus RunBuildPolygons(const BuildOptions& options) {
   // The run would rather take another name than ask.
   if (manners.overwrite || manners.yes) session.Host().LocalSystem().GiveFree(FromNativePath(place.NativePath()));
   BuildParamsScript script(options, *lines, labels, place);
-  return RunInto(session, "Tessarine.clsBuildPolygon", script, place, lines->SpatialReference(), options.common);
+  return RunInto(session, "Tessarine.clsBuildPolygon", script, output, lines->SpatialReference(), options.common);
 }
 
 void AddLabelOptions(CLI::App& command, BuildOptions& options) {
@@ -134,17 +135,15 @@ void AddLabelOptions(CLI::App& command, BuildOptions& options) {
 void AddBuildPolygonsCommand(CLI::App& program, ChosenCommand& chosen) {
   auto options = std::make_shared<BuildOptions>();
   CLI::App& command = *program.add_subcommand(kCommand, "One polygon for each region that lines bound together");
-  command.add_option("lines", options->lines.source, "The lines: a path, PATH:LAYER, or a layer of the document")
-      ->required();
+  command.add_option("lines", options->lines.source, std::string("The lines. ") + kSourceHelp)->required();
   command
-      .add_option("-o,--output", options->output,
-                  "The new class: NAME.shp, a folder, GEODATABASE.gdb/NAME or GEODATABASE.gdb/DATASET/NAME")
+      .add_option("-o,--output", options->output.text, std::string("The new class, or a folder for it: ") + kOutputHelp)
       ->required();
-  command.add_option("-l,--layer", options->lines.layer, "The layer, where the data holds several");
-  command.add_option("-w,--where", options->lines.where, "Take only the lines that meet this SQL condition");
+  AddSourceOptions(command, options->lines);
   command.add_option("-t,--cluster-tolerance", options->tolerance,
                      "The distance under which lines count as meeting, in the unit of the data");
   AddLabelOptions(command, *options);
+  AddFormatOption(command, options->output);
   AddCommonOptions(command, options->common);
   command.footer(std::string("Example:\n  ") + kExample);
   command.callback([&chosen, options] {

@@ -6,6 +6,7 @@
 
 #include "engine/data_source.h"
 #include "engine/layer_copy.h"
+#include "hosts/terminal/batch.h"
 #include "hosts/terminal/commands.h"
 #include "hosts/terminal/copy_place.h"
 #include "hosts/terminal/geometry_script.h"
@@ -25,7 +26,8 @@ namespace {
 struct CalculateOptions {
   CommonOptions common;
   SourceOptions source;
-  std::string copy;
+  std::vector<std::string> sources;
+  OutputOptions copy;
   bool only_selected = false;
   std::vector<std::string> measures;
   bool all_measures = false;
@@ -141,7 +143,7 @@ std::optional<LayerCopy> MakeCopy(const LayerCopyRequest& request, RunJournal& j
 }
 
 ExitStatus CalculateOnCopy(const CalculateOptions& options) {
-  const CopyPlace target = ParseCopyPlace(options.copy);
+  const NamedOutput target = ParseOutput(options.copy, Folders::Refused);
   Session session(options.common);
   const std::size_t known_layers = session.Document().Map().AllLayers().size();
   const std::shared_ptr<DocumentFeatureLayer> source = TakeLayer(session.Document(), options.source);
@@ -187,7 +189,7 @@ ExitStatus RunCalculate(const CalculateOptions& options) {
     throw Refusal("Nothing to calculate: name measures with -m, or give --all-measures. 'tessarine measures " +
                   options.source.source + "' lists them.");
   }
-  return options.copy.empty() ? CalculateInPlace(options) : CalculateOnCopy(options);
+  return options.copy.text.empty() ? CalculateInPlace(options) : CalculateOnCopy(options);
 }
 
 }  // namespace
@@ -196,8 +198,7 @@ void AddCalculateCommand(CLI::App& program, ChosenCommand& chosen) {
   auto options = std::make_shared<CalculateOptions>();
   CLI::App& command = *program.add_subcommand(
       "calculate", "Write lengths, areas, centroids, azimuths and counts of features into their attribute table");
-  command.add_option("source", options->source.source, "The data: a path, PATH:LAYER, or a layer of the document")
-      ->required();
+  command.add_option("source", options->sources, kSourceHelp)->required();
   command
       .add_option("-m,--measure", options->measures,
                   "A measure, with its fields where they shall have other names than the proposed ones; repeat it for "
@@ -206,24 +207,31 @@ void AddCalculateCommand(CLI::App& program, ChosenCommand& chosen) {
       ->allow_extra_args(false);
   command.add_flag("--all-measures", options->all_measures, "All measures of the layer");
   command
-      .add_option("-o,--output", options->copy,
-                  "Leave the source as it is and work on this copy of the layer: NAME.shp, NAME.gpkg[:LAYER], "
-                  "NAME.gdb/LAYER, or any other file that GDAL writes")
+      .add_option("-o,--output", options->copy.text,
+                  std::string("Leave the source as it is and work on this copy of the layer: ") + kOutputHelp)
       ->type_name("COPY");
-  command.add_option("-l,--layer", options->source.layer, "The layer, where the data holds several");
-  command.add_option("-w,--where", options->source.where,
-                     "Calculate only for the records that meet this SQL condition");
+  AddSourceOptions(command, options->source);
   command.add_flag("--only-selected", options->only_selected,
                    "Copy only the records that meet --where, or that are selected in the document");
   AddSpheroidOptions(command, options->spheroid);
   command.add_flag("--planetocentric", options->planetocentric, "The latitudes of the data are planetocentric");
+  AddFormatOption(command, options->copy);
   AddCommonOptions(command, options->common);
   command.footer(
       "Example:\n  tessarine calculate tests/data/countries.shp -m \"Sph. Area\" -m \"Sph. Centroid=LON,LAT\" -o "
       "measured.gpkg");
   command.callback([&chosen, options] {
     options->common.command_line = chosen.command_line;
-    chosen.run = [options] { return RunCalculate(*options); };
+    chosen.run = [options] {
+      return RunOverSources(options->sources, options->copy, options->common, OneIntoFolder::BySource,
+                            [&](const std::string& source, const OutputOptions& copy, const CommonOptions& common) {
+                              CalculateOptions own = *options;
+                              own.source.source = source;
+                              own.copy = copy;
+                              own.common = common;
+                              return RunCalculate(own);
+                            });
+    };
   });
 }
 

@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 #include <memory>
 
+#include "hosts/terminal/batch.h"
 #include "hosts/terminal/commands.h"
 #include "hosts/terminal/form_answers.h"
 #include "hosts/terminal/layer_source.h"
@@ -51,7 +52,8 @@ constexpr ConversionRow kConversions[] = {
 struct ConversionOptions {
   CommonOptions common;
   SourceOptions source;
-  std::string output;
+  std::vector<std::string> sources;
+  OutputOptions output;
   std::vector<std::string> fields;
   bool all_fields = false;
 };
@@ -86,7 +88,8 @@ SpatialReferenceRef OutputReference(const ConversionRow& row, const DocumentFeat
 
 ExitStatus RunConversionCommand(const ConversionRow& row, const ConversionOptions& options) {
   CheckReportFile(options.common.report_file);
-  const OutputPlace place = ParseOutputPlace(options.output);
+  const NamedOutput output = ParseOutput(options.output, Folders::Allowed);
+  const OutputPlace& place = output.place;
   Session session(options.common);
   const std::shared_ptr<DocumentFeatureLayer> layer = TakeLayer(session.Document(), options.source);
   RefuseSource(place, *layer);
@@ -94,32 +97,39 @@ ExitStatus RunConversionCommand(const ConversionRow& row, const ConversionOption
   if (row.without_points != nullptr && layer->FeatureClass()->ShapeType() == esriGeometryPoint) {
     // The plan says so too.
     if (options.common.dry_run)
-      (void)RunInto(session, row.class_id, script, place, OutputReference(row, *layer), options.common);
+      (void)RunInto(session, row.class_id, script, output, OutputReference(row, *layer), options.common);
     throw Refusal(std::string(row.name) + ": '" + layer->Name() + "' holds points: " + row.without_points + ".");
   }
-  return RunInto(session, row.class_id, script, place, OutputReference(row, *layer), options.common);
+  return RunInto(session, row.class_id, script, output, OutputReference(row, *layer), options.common);
 }
 
 void AddConversion(const ConversionRow& row, CLI::App& program, ChosenCommand& chosen) {
   auto options = std::make_shared<ConversionOptions>();
   CLI::App& command = *program.add_subcommand(row.name, row.description);
-  command.add_option("source", options->source.source, "The data: a path, PATH:LAYER, or a layer of the document")
-      ->required();
+  command.add_option("source", options->sources, kSourceHelp)->required();
   command
-      .add_option("-o,--output", options->output,
-                  "The new class: NAME.shp, a folder, GEODATABASE.gdb/NAME or GEODATABASE.gdb/DATASET/NAME")
+      .add_option("-o,--output", options->output.text, std::string("The new class, or a folder for it: ") + kOutputHelp)
       ->required();
-  command.add_option("-l,--layer", options->source.layer, "The layer, where the data holds several");
-  command.add_option("-w,--where", options->source.where, "Take only the records that meet this SQL condition");
+  AddSourceOptions(command, options->source);
   command.add_option("-f,--fields", options->fields, "The attribute fields to carry over, with commas between")
       ->delimiter(',')
       ->allow_extra_args(false);
   command.add_flag("-a,--all-fields", options->all_fields, "Carry all attribute fields over");
+  AddFormatOption(command, options->output);
   AddCommonOptions(command, options->common);
   command.footer(std::string("Example:\n  ") + row.example);
   command.callback([&row, &chosen, options] {
     options->common.command_line = chosen.command_line;
-    chosen.run = [&row, options] { return RunConversionCommand(row, *options); };
+    chosen.run = [&row, options] {
+      return RunOverSources(options->sources, options->output, options->common, OneIntoFolder::Itself,
+                            [&](const std::string& source, const OutputOptions& output, const CommonOptions& common) {
+                              ConversionOptions own = *options;
+                              own.source.source = source;
+                              own.output = output;
+                              own.common = common;
+                              return RunConversionCommand(row, own);
+                            });
+    };
   });
 }
 

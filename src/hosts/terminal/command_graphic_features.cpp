@@ -31,7 +31,8 @@ struct FeatureOptions {
   bool convert = false;
   std::string shape = "polygons";
   bool both = false, all = false, selected = false;
-  std::string output, reference;
+  OutputOptions output;
+  std::string reference;
 };
 
 const ShapeRow& RowOf(const std::string& word) {
@@ -104,11 +105,12 @@ ExitStatus RunFeatures(const FeatureOptions& options) {
   if (options.both && shape.both_line < 0) {
     throw Refusal("--both takes lines and polygons: convert --to polylines or --to polygons with it.");
   }
-  OutputPlace place = ParseOutputPlace(options.output);
+  NamedOutput output = ParseOutput(options.output, Folders::Allowed);
+  OutputPlace& place = output.place;
   NameInFolder(place);
   RefuseUnusablePlace(place, options.common);
   Session session(options.common);
-  RefuseTakenName(place, options.common);
+  RefuseTakenPlace(output, options.common);
   const SpatialReferenceRef reference = ReferenceOf(options, session.Document().Map());
   CheckDataset(place, reference);
   const PreparedPlace prepared(place, reference, session.Host().LocalSystem());
@@ -122,11 +124,11 @@ ExitStatus RunFeatures(const FeatureOptions& options) {
 
 void AddPlaceOptions(CLI::App& command, FeatureOptions& options) {
   command
-      .add_option("-o,--output", options.output,
-                  "The new class: NAME.shp, a folder, GEODATABASE.gdb/NAME or GEODATABASE.gdb/DATASET/NAME")
+      .add_option("-o,--output", options.output.text, std::string("The new class, or a folder for it: ") + kOutputHelp)
       ->required();
   command.add_option("--reference", options.reference,
                      "The output's spatial reference, as EPSG:32612; the map's when left out");
+  AddFormatOption(command, options.output);
   AddRunOptions(command, options.common);
 }
 

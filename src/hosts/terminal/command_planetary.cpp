@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <memory>
 
+#include "hosts/terminal/batch.h"
 #include "hosts/terminal/commands.h"
 #include "hosts/terminal/form_answers.h"
 #include "hosts/terminal/layer_source.h"
@@ -11,6 +12,7 @@
 #include "hosts/terminal/output_run.h"
 #include "hosts/terminal/refusal.h"
 #include "hosts/terminal/report_output.h"
+#include "hosts/terminal/selected_class.h"
 #include "hosts/terminal/session.h"
 #include "hosts/terminal/spheroid_options.h"
 #include "platform/text_formats.h"
@@ -23,7 +25,8 @@ constexpr const char* kTakes = "layers in degrees of longitude and latitude";
 struct PlanetaryOptions {
   CommonOptions common;
   SourceOptions source;
-  std::string output;
+  std::vector<std::string> sources;
+  OutputOptions output;
   std::string shift;
 };
 
@@ -205,16 +208,47 @@ class LatitudeScript final : public PlanetaryScript {
   std::optional<ChosenSpheroid> spheroid_;
 };
 
+// These tools take all records of a layer: of a selection they get a layer of its own, for this run alone.
+std::shared_ptr<DocumentFeatureLayer> LayerOfSelection(const std::shared_ptr<DocumentFeatureLayer>& layer,
+                                                       const SourceOptions& source, Session& session,
+                                                       std::size_t known_layers) {
+  if (!source.Selects()) return layer;
+  MapDocument& document = session.Document();
+  if (document.Map().AllLayers().size() > known_layers) document.Map().RemoveLayer(*layer);
+  auto own = std::make_shared<DocumentFeatureLayer>();
+  own->SetFeatureClass(SelectedClass(layer->FeatureClass(), layer->SelectedOids()));
+  own->SetName(FreeLayerName(document, layer->Name()));
+  document.Map().AddLayer(own);
+  document.SetSelectedLayer(own);
+  session.KeepForRunOnly(own);
+  return own;
+}
+
+template <class Options, class Run>
+ExitStatus RunOverAll(const Options& options, Run&& run) {
+  return RunOverSources(options.sources, options.output, options.common, OneIntoFolder::Itself,
+                        [&](const std::string& source, const OutputOptions& output, const CommonOptions& common) {
+                          Options own = options;
+                          own.source.source = source;
+                          own.output = output;
+                          own.common = common;
+                          return run(own);
+                        });
+}
+
 template <class MakeScript>
 ExitStatus RunPlanetary(const PlanetaryOptions& options, const char* class_id, MakeScript&& make_script) {
   CheckReportFile(options.common.report_file);
   CheckShift(options.shift);
-  const OutputPlace place = ParseOutputPlace(options.output);
+  const NamedOutput output = ParseOutput(options.output, Folders::Allowed);
+  const OutputPlace& place = output.place;
   Session session(options.common);
-  const std::shared_ptr<DocumentFeatureLayer> layer = TakeLayer(session.Document(), options.source);
+  const std::size_t known_layers = session.Document().Map().AllLayers().size();
+  const std::shared_ptr<DocumentFeatureLayer> taken = TakeLayer(session.Document(), options.source);
+  const std::shared_ptr<DocumentFeatureLayer> layer = LayerOfSelection(taken, options.source, session, known_layers);
   RefuseSource(place, *layer);
   auto script = make_script(*layer, place);
-  return RunInto(session, class_id, script, place, layer->SpatialReference(), options.common);
+  return RunInto(session, class_id, script, output, layer->SpatialReference(), options.common);
 }
 
 ExitStatus RunWrap(const WrapOptions& options) {
@@ -234,13 +268,12 @@ ExitStatus RunLatitudes(const LatitudeRow& row, const LatitudeOptions& options) 
 }
 
 void AddPlanetaryOptions(CLI::App& command, PlanetaryOptions& options) {
-  command.add_option("source", options.source.source, "The data: a path, PATH:LAYER, or a layer of the document")
-      ->required();
+  command.add_option("source", options.sources, kSourceHelp)->required();
   command
-      .add_option("-o,--output", options.output,
-                  "The new class: NAME.shp, a folder, GEODATABASE.gdb/NAME or GEODATABASE.gdb/DATASET/NAME")
+      .add_option("-o,--output", options.output.text, std::string("The new class, or a folder for it: ") + kOutputHelp)
       ->required();
-  command.add_option("-l,--layer", options.source.layer, "The layer, where the data holds several");
+  AddSourceOptions(command, options.source);
+  AddFormatOption(command, options.output);
   command.add_option("--shift", options.shift, "Add this to every longitude first")->type_name("DEGREES");
 }
 
@@ -270,7 +303,7 @@ void AddWrap(CLI::App& program, ChosenCommand& chosen) {
   command.footer("Example:\n  tessarine wrap tests/data/countries.shp --range 360 -o countries_360.shp");
   command.callback([&chosen, options] {
     options->common.command_line = chosen.command_line;
-    chosen.run = [options] { return RunWrap(*options); };
+    chosen.run = [options] { return RunOverAll(*options, RunWrap); };
   });
 }
 
@@ -285,7 +318,9 @@ void AddLatitudes(const LatitudeRow& row, CLI::App& program, ChosenCommand& chos
   command.footer(std::string("Example:\n  ") + row.example);
   command.callback([&row, &chosen, options] {
     options->common.command_line = chosen.command_line;
-    chosen.run = [&row, options] { return RunLatitudes(row, *options); };
+    chosen.run = [&row, options] {
+      return RunOverAll(*options, [&row](const LatitudeOptions& own) { return RunLatitudes(row, own); });
+    };
   });
 }
 

@@ -23,6 +23,7 @@ void AddPlanetaryCommands(CLI::App& program, ChosenCommand& chosen);
 void AddMeasuresCommand(CLI::App& program, ChosenCommand& chosen);
 void AddCalculateCommand(CLI::App& program, ChosenCommand& chosen);
 void AddInfoCommand(CLI::App& program, ChosenCommand& chosen);
+void AddFormatsCommand(CLI::App& program, ChosenCommand& chosen);
 void AddGraphicsCommands(CLI::App& program, ChosenCommand& chosen);
 void AddGraphicToolsCommand(CLI::App& program, ChosenCommand& chosen);
 /// Adds `to-features` and `new` to the command `graphics`.

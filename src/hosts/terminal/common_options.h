@@ -3,6 +3,7 @@
 #pragma once
 
 #include <CLI/App.hpp>
+#include <functional>
 #include <string>
 
 #include "hosts/terminal/terminal_host.h"
@@ -19,6 +20,8 @@ struct CommonOptions {
   std::string progress;
   bool dry_run = false;
   std::string command_line;
+  /// Told how a run ended; of a command over several sources.
+  std::function<void(const RunJournal&)> on_outcome;
 
   [[nodiscard]] TerminalManners Manners() const;
   /// A bar where standard error is a terminal and nobody asked for quiet, unless an option says otherwise.

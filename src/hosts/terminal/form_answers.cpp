@@ -118,9 +118,13 @@ void ChooseFields(ListBox& list, const DocumentFeatureLayer& layer, const std::s
   }
 }
 
+bool IsTypedPlace(const OutputPlace& output) {
+  return output.format != nullptr && output.format->IsFile() && output.format->HasOwnWorkspace();
+}
+
 void ChooseOutput(Form& form, const OutputPlace& output) {
   auto& text = ControlOf<TextBox>(form, "txtOutput");
-  if (output.InContainer()) {
+  if (!output.IsFolder() && !IsTypedPlace(output)) {
     ControlOf<CommandButton>(form, "cmdGetWorkspace").Press();
   } else if (output.IsFolder()) {
     const fs::path path = fs::path(output.container) / PlainName(ToNativePath(text.Text()));
@@ -130,12 +134,23 @@ void ChooseOutput(Form& form, const OutputPlace& output) {
   }
 }
 
-void RefuseTakenName(const OutputPlace& place, const CommonOptions& options) {
+bool EntersContainer(const NamedOutput& output) {
+  std::error_code error;
+  return output.whole_container && fs::exists(output.place.container, error);
+}
+
+std::string EnteringQuestion(const OutputPlace& place) {
+  return "'" + place.container + "' already exists!  Do you wish to add the layer '" + place.ClassName() + "' to it?";
+}
+
+void RefuseTakenPlace(const NamedOutput& output, const CommonOptions& options) {
   const TerminalManners manners = options.Manners();
   if (manners.overwrite || manners.yes || manners.interactive) return;
-  if (Stands(place)) {
-    throw Refusal("'" + place.NativePath() + "' exists already: add --overwrite to replace it, or name another.");
-  }
+  const OutputPlace& place = output.place;
+  const bool stands = !place.IsFolder() && Stands(place);
+  if (!stands && !EntersContainer(output)) return;
+  throw Refusal("'" + (stands ? place.NativePath() : place.container) + "' exists already: add --overwrite to " +
+                (stands ? "replace it" : "put the layer '" + place.ClassName() + "' into it") + ", or name another.");
 }
 
 void RefuseSource(const OutputPlace& place, const DocumentFeatureLayer& layer) {

@@ -30,12 +30,21 @@ void ChooseLayer(ListBox& list, const DocumentFeatureLayer& layer, const std::st
 void ChooseFields(ListBox& list, const DocumentFeatureLayer& layer, const std::string& option,
                   const std::vector<std::string>& names, bool all);
 
-/// Fills "txtOutput", by way of the browse button where the place is in a geodatabase. In a folder the class takes the
+/// True for shapefiles, whose paths the dialogs take as they are typed. All other places are browsed for.
+[[nodiscard]] bool IsTypedPlace(const OutputPlace& output);
+
+/// Fills "txtOutput", by way of the browse button where the place can't be typed. In a folder the class takes the
 /// name that the form proposes, with a number where that is taken, so nothing is ever replaced there.
 void ChooseOutput(Form& form, const OutputPlace& output);
 
-/// Refuses an output that exists where nobody could be asked about it.
-void RefuseTakenName(const OutputPlace& place, const CommonOptions& options);
+/// True where a container was named without a layer, and stands already: it may hold layers that the user doesn't
+/// know of.
+[[nodiscard]] bool EntersContainer(const NamedOutput& output);
+/// Asks whether a layer may be added to the container.
+[[nodiscard]] std::string EnteringQuestion(const OutputPlace& place);
+
+/// Refuses an output that exists, and a container that would be entered, where nobody could be asked about it.
+void RefuseTakenPlace(const NamedOutput& output, const CommonOptions& options);
 
 /// Refuses an output that is the very data to be read.
 void RefuseSource(const OutputPlace& place, const DocumentFeatureLayer& layer);

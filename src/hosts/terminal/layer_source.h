@@ -2,6 +2,7 @@
 // The layer that a command works on: named by a path, or by its name in a document.
 #pragma once
 
+#include <CLI/App.hpp>
 #include <memory>
 #include <string>
 #include <vector>
@@ -15,11 +16,26 @@ struct SourceOptions {
   std::string source;
   std::string layer;
   std::string where;
+  std::string box;  ///< four numbers with commas between, in the data's own reference
+  std::string sql;
+
+  [[nodiscard]] bool Selects() const { return !where.empty() || !box.empty(); }
 };
+
+/// What a source may be, for the help of a command.
+inline constexpr const char* kSourceHelp =
+    "The data: a path, PATH:LAYER, a web address, PG:CONNECTION, a layer of the document, or - for GeoJSON lines from "
+    "standard input";
+
+/// Adds --layer, --where, --bbox and --sql.
+void AddSourceOptions(CLI::App& command, SourceOptions& options);
+
+/// The numbers of "W,S,E,N". Raises `Refusal`, which names the option, for anything else.
+[[nodiscard]] Envelope ParseBox(const std::string& option, const std::string& text);
 
 /// Finds the layer in the document by its name, or adds the source's layer to it under a name that no other layer
 /// bears, chosen in the table of contents;
-/// `--where` becomes its selection. Raises `Refusal`, which names what is wrong and the way out.
+/// `--where` and `--bbox` become its selection. Raises `Refusal`, which names what is wrong and the way out.
 [[nodiscard]] std::shared_ptr<DocumentFeatureLayer> TakeLayer(MapDocument& document, const SourceOptions& options);
 
 /// The name, or with a number behind it one that no layer of the document bears: forms know layers by their names.

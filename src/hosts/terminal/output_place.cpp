@@ -2,10 +2,14 @@
 #include "hosts/terminal/output_place.h"
 
 #include <filesystem>
+#include <optional>
 #include <vector>
 
 #include "engine/data_source.h"
+#include "engine/format_abilities.h"
+#include "engine/layer_copy.h"
 #include "engine/personal_geodatabase_edit.h"
+#include "hosts/terminal/pipes.h"
 #include "hosts/terminal/refusal.h"
 #include "platform/paths.h"
 #include "platform/text_formats.h"
@@ -15,7 +19,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// A geodatabase as the catalog shows it.
+/// A folder or container as the catalog shows it.
 class PlaceObject : public virtual IGxObject {
  public:
   PlaceObject(std::string full_name, std::string category)
@@ -60,60 +64,130 @@ class PlaceDataset final : public PlaceObject, public IGxDataset, public IDatase
   std::weak_ptr<PlaceDataset> self_;
 };
 
-// The part of the path up to and with the geodatabase, and what follows it.
-bool SplitAtGeodatabase(const fs::path& path, const char* ending, fs::path& container, std::vector<std::string>& rest) {
-  fs::path walked;
-  bool found = false;
-  for (const fs::path& part : path) {
-    if (found) {
-      if (!part.empty()) rest.push_back(part.string());
-      continue;
+const Format* ContainerFormat(const std::string& path) {
+  const Format* format = FormatOfPath(path);
+  return format != nullptr && format->container ? format : nullptr;
+}
+
+/// Reads the text of -o.
+class OutputText {
+ public:
+  OutputText(const OutputOptions& options, const Format* format) : text_(options.text), format_(format) {}
+
+  NamedOutput Parse(Folders folders) const {
+    if (text_ == kPipe) return AsFile(FileOfPipedOutput(), FormatOfName("GeoJSONSeq"));
+    if (IsServer()) return OnServer();
+    if (const std::size_t colon = FindColon(); colon != std::string::npos) {
+      return In(fs::absolute(text_.substr(0, colon)).lexically_normal(), {text_.substr(colon + 1)});
     }
-    walked /= part;
-    found = EndsWithIgnoringCase(part.string(), ending);
+    fs::path path = fs::absolute(text_).lexically_normal();
+    if (!path.has_filename()) path = path.parent_path();
+    if (format_ != nullptr && format_->container) return In(path, {});
+    if (format_ != nullptr) return AsFile(path, format_);
+    if (const auto found = InContainer(path)) return *found;
+    std::error_code error;
+    if (const Format* format = FormatToWrite(path.string()); format != nullptr) return AsFile(path, format);
+    if (folders == Folders::Allowed && fs::is_directory(path, error)) return {{nullptr, path.string(), "", ""}, false};
+    throw Refusal("The output '" + text_ +
+                  "' names no format that is known, and no folder that exists: name a .gpkg, "
+                  ".shp, .gdb/CLASS, .geojson or another file that GDAL writes, or tell the --format. 'tessarine "
+                  "formats' lists them.");
   }
-  if (found) container = walked;
-  return found;
-}
 
-OutputPlace GeodatabasePlace(const std::string& text, const Format& format, const fs::path& container,
-                             const std::vector<std::string>& rest) {
-  OutputPlace place{&format, container.string(), "", ""};
-  if (rest.empty() || rest.size() > 2) {
-    throw Refusal("'" + text + "' names no feature class: write GEODATABASE/NAME or GEODATABASE/DATASET/NAME.");
+ private:
+  [[nodiscard]] bool IsServer() const {
+    const Format* format = format_ != nullptr ? format_ : FormatOfPath(text_);
+    return format != nullptr && format->server;
   }
-  place.name = rest.back();
-  if (rest.size() == 2) place.dataset = rest.front();
-  return place;
-}
 
-const Format& Shapefiles() { return *FormatOfPath(".shp"); }
+  // The table stands behind the last colon.
+  [[nodiscard]] NamedOutput OnServer() const {
+    const Format& format = *FormatOfName("PostgreSQL");
+    const std::size_t colon = text_.rfind(':');
+    std::string table = text_.substr(colon + 1);
+    const bool named = text_.starts_with(format.ending) && colon > format.ending.size() && !table.empty() &&
+                       table.find_first_of("= /@") == std::string::npos;
+    if (!named) throw Refusal("-o " + text_ + " names no table: write PG:CONNECTION:SCHEMA.TABLE.");
+    constexpr std::string_view kUsual = "public.";
+    if (table.starts_with(kUsual)) table.erase(0, kUsual.size());
+    return {{&format, text_.substr(0, colon), "", table}, false};
+  }
+
+  [[nodiscard]] std::optional<NamedOutput> InContainer(const fs::path& path) const {
+    fs::path walked;
+    for (auto part = path.begin(); part != path.end(); ++part) {
+      walked /= *part;
+      if (ContainerFormat(part->string()) == nullptr) continue;
+      std::vector<std::string> rest;
+      for (auto behind = std::next(part); behind != path.end(); ++behind) rest.push_back(behind->string());
+      // Folders may be called like files.
+      const bool is_folder_on_the_way =
+          !rest.empty() && !ContainerFormat(walked.string())->folder && fs::is_directory(walked);
+      if (!is_folder_on_the_way) return In(walked, rest);
+    }
+    return std::nullopt;
+  }
+
+  // "town.gpkg" of "town.gpkg:roads"; nothing where the text isn't of this form.
+  [[nodiscard]] std::size_t FindColon() const {
+    const std::size_t colon = text_.rfind(':');
+    if (colon == std::string::npos || colon == 0) return std::string::npos;
+    const bool asked = format_ != nullptr && format_->container;
+    return asked || (format_ == nullptr && ContainerFormat(text_.substr(0, colon)) != nullptr) ? colon
+                                                                                               : std::string::npos;
+  }
+
+  [[nodiscard]] NamedOutput In(const fs::path& container, const std::vector<std::string>& rest) const {
+    NamedOutput named;
+    named.place.format = format_ != nullptr ? format_ : ContainerFormat(container.string());
+    named.place.container = container.string();
+    if (rest.size() > (named.place.format->feature_datasets ? 2U : 1U)) {
+      throw Refusal("-o " + text_ +
+                    " names no layer: write CONTAINER, CONTAINER:LAYER or GEODATABASE.gdb/DATASET/LAYER.");
+    }
+    named.whole_container = rest.empty();
+    named.place.name = rest.empty() ? container.stem().string() : rest.back();
+    if (rest.size() == 2) named.place.dataset = rest.front();
+    return named;
+  }
+
+  static NamedOutput AsFile(const fs::path& path, const Format* format) {
+    return {{format, path.parent_path().string(), "", path.filename().string()}, false};
+  }
+
+  const std::string& text_;
+  const Format* format_;
+};
+
+const Format* AskedFormat(const std::string& name) {
+  if (name.empty()) return nullptr;
+  if (const Format* format = FormatToWriteAs(name)) return format;
+  throw Refusal("--format: '" + name + "' is no format that can be written. 'tessarine formats' lists them.");
+}
 
 }  // namespace
 
-OutputPlace ParseOutputPlace(const std::string& text) {
-  if (text.empty()) throw Refusal("-o needs a place: a shapefile, a folder, or GEODATABASE.gdb/NAME.");
-  fs::path path = fs::absolute(text).lexically_normal();
-  if (!path.has_filename()) path = path.parent_path();
-  fs::path container;
-  std::vector<std::string> rest;
-  for (const char* ending : {".gdb", ".mdb"}) {
-    if (SplitAtGeodatabase(path, ending, container, rest)) {
-      return GeodatabasePlace(text, *FormatOfPath(ending), container, rest);
-    }
+void AddFormatOption(CLI::App& command, OutputOptions& options) {
+  command.add_option("--format", options.format, "The format of the output, where its ending doesn't tell it")
+      ->type_name("NAME");
+}
+
+NamedOutput ParseOutput(const OutputOptions& options, Folders folders) {
+  if (Trim(options.text).empty()) throw Refusal("-o needs a place: " + std::string(kOutputHelp) + ".");
+  const NamedOutput named = OutputText(options, AskedFormat(options.format)).Parse(folders);
+  const Format* format = named.place.format;
+  if (format == nullptr) return named;
+  if (!format->writable || !CanWrite(*format)) {
+    throw Refusal("The output '" + options.text + "' can't be made: the GDAL of this machine doesn't write " +
+                  std::string(format->name) + ". Name another format; 'tessarine formats' lists them.");
   }
-  if (EndsWithIgnoringCase(path.string(), ".shp")) {
-    return {&Shapefiles(), path.parent_path().string(), "", path.filename().string()};
-  }
-  if (fs::is_directory(path)) return {nullptr, path.string(), "", ""};
-  throw Refusal("The output '" + text +
-                "' is neither a shapefile (NAME.shp), a folder that exists, nor a class in a geodatabase "
-                "(NAME.gdb/CLASS).");
+  return named;
 }
 
 void RefuseBrokenContainer(const OutputPlace& place) {
-  if (!place.InContainer() || !fs::exists(place.container)) return;
+  if (!place.InContainer() || (!place.format->server && !fs::exists(place.container))) return;
   try {
+    if (place.format->server) return RequireWritableServer(place.container);
     (void)DataSource::Open(place.container, false);
     if (!engine::IsPersonalGeodatabase(place.container)) return;
     engine::RequireWritableGeodatabase(place.container, engine::PersonalUse::NewClass);
@@ -125,17 +199,20 @@ void RefuseBrokenContainer(const OutputPlace& place) {
 PreparedPlace::PreparedPlace(const OutputPlace& place, const SpatialReferenceRef& reference, TerminalSystem& system)
     : place_(place) {
   if (!place.InContainer() || !place.format->writable) return;
+  if (place.format->server) {
+    system.Promise(FromNativePath(place.container));
+    return;
+  }
   if (!place.dataset.empty()) PromiseFeatureDataset(place.container, place.dataset, reference);
   if (fs::exists(place.container)) return;
   if (!fs::is_directory(fs::path(place.container).parent_path())) return;  // the dialog tells of the missing folder
-  PromiseFileGeodatabase(place.container);
+  if (place.format->feature_datasets) PromiseFileGeodatabase(place.container);
   system.Promise(FromNativePath(place.container));
 }
 
 BrowsePlace PreparedPlace::Browse() const {
   const std::string container = FromNativePath(place_.container);
-  if (!place_.InContainer()) return {std::make_shared<PlaceObject>(container, "Folder"), place_.name};
-  const std::string kind(place_.format->name);
+  const std::string kind(place_.format->kind == FormatOfPath(".shp")->kind ? "Folder" : place_.format->name);
   if (place_.dataset.empty()) return {std::make_shared<PlaceObject>(container, kind), place_.name};
   auto dataset = std::make_shared<PlaceDataset>(container, place_.dataset, kind + " Feature Dataset");
   dataset->SetSelf(dataset);

@@ -2,6 +2,7 @@
 // The place that -o names.
 #pragma once
 
+#include <CLI/App.hpp>
 #include <string>
 
 #include "hosts/terminal/terminal_host.h"
@@ -9,14 +10,36 @@
 
 namespace tessarine {
 
-/// Reads "x.shp", "folder", "x.gdb/name", "x.gdb/dataset/name", "x.mdb/name". Raises `Refusal` for anything else.
-[[nodiscard]] OutputPlace ParseOutputPlace(const std::string& text);
+struct OutputOptions {
+  std::string text;
+  std::string format;  ///< empty where the path tells it
+};
 
-/// Refuses a geodatabase that is there but can't be opened.
+/// What -o says, for the help of a command.
+inline constexpr const char* kOutputHelp =
+    "NAME.gpkg[:LAYER], NAME.shp, NAME.gdb/CLASS, NAME.geojson, or any other file that GDAL writes; "
+    "PG:CONNECTION:SCHEMA.TABLE; - for GeoJSON lines on standard output. 'tessarine formats' lists them";
+
+/// Adds --format.
+void AddFormatOption(CLI::App& command, OutputOptions& options);
+
+struct NamedOutput {
+  OutputPlace place;
+  bool whole_container = false;  ///< the container was named without a layer in it
+};
+
+enum class Folders { Allowed, Refused };
+
+/// Reads "roads.shp", "town.gpkg", "town.gpkg:roads", "town.gdb/roads", "town.gdb/streets/roads", "roads.geojson",
+/// "PG:dbname=town:public.roads" and the like; a folder, too, where it is allowed. A container without a layer means
+/// the layer of its own name. Raises `Refusal` for anything else, and for a format that isn't to be had here.
+[[nodiscard]] NamedOutput ParseOutput(const OutputOptions& options, Folders folders);
+
+/// Refuses a container that is there but can't be opened.
 void RefuseBrokenContainer(const OutputPlace& place);
 
-/// Makes the place ready for a run: a file geodatabase that isn't there, and a new feature dataset with the given
-/// reference, are promised; the first class makes them.
+/// Makes the place ready for a run: a container that isn't there, and a new feature dataset with the given reference,
+/// are promised; the first class makes them.
 class PreparedPlace {
  public:
   PreparedPlace(const OutputPlace& place, const SpatialReferenceRef& reference, TerminalSystem& system);

@@ -1,18 +1,60 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "hosts/terminal/output_run.h"
 
+#include "engine/layer_copy.h"
 #include "hosts/terminal/form_answers.h"
 #include "hosts/terminal/output_checks.h"
+#include "hosts/terminal/refusal.h"
+#include "outputs/format_workspace.h"
+#include "platform/paths.h"
 
 namespace tessarine {
 
-ExitStatus RunInto(Session& session, const std::string& class_id, FormScript& script, const OutputPlace& place,
+namespace {
+
+// A layer of the name that stands is asked about by the tool.
+bool MayEnter(const NamedOutput& output) {
+  if (!EntersContainer(output) || Host().PlanOnly() || Stands(output.place)) return true;
+  return Host().Ask(RunQuestion::ReplaceOutput, EnteringQuestion(output.place), "Feature Class Already Exists:");
+}
+
+// Whether there can be such a class at all: of a class with one field that every tool makes.
+void RefuseUnfitFormat(const OutputPlace& place, const SpatialReferenceRef& reference) {
+  if (place.IsFolder() || place.format->HasOwnWorkspace()) return;
+  auto shape = std::make_shared<Field>();
+  shape->Name = "Shape";
+  shape->Type = esriFieldTypeGeometry;
+  shape->GeometryDef = std::make_shared<GeometryDef>();
+  shape->GeometryDef->GeometryType = esriGeometryPoint;
+  shape->GeometryDef->SpatialReference = reference;
+  auto number = std::make_shared<Field>();
+  number->Name = "Uniq_ID";
+  number->Type = esriFieldTypeInteger;
+  auto fields = std::make_shared<Fields>();
+  fields->AddField(shape);
+  fields->AddField(number);
+  try {
+    const auto workspace =
+        CreateFormatWorkspaceFactory(*place.format)->OpenFromFile(FromNativePath(place.container), 0);
+    const std::string name = place.InContainer() ? place.ClassName() : place.name;
+    (void)Require(Cast<IClassPlanner>(workspace), "IClassPlanner")->PlanClass(name, fields, "Shape");
+  } catch (const Fault& fault) {
+    throw Refusal("The output '" + place.NativePath() + "' can't be made. " + fault.Description());
+  }
+}
+
+}  // namespace
+
+ExitStatus RunInto(Session& session, const std::string& class_id, FormScript& script, const NamedOutput& output,
                    const SpatialReferenceRef& reference, const CommonOptions& options) {
+  const OutputPlace& place = output.place;
   RefuseUnusablePlace(place, options);
-  RefuseTakenName(place, options);
+  RefuseTakenPlace(output, options);
+  RefuseUnfitFormat(place, reference);
   CheckDataset(place, reference);
   const PreparedPlace prepared(place, reference, session.Host().LocalSystem());
-  if (place.InContainer()) session.Host().SetBrowsePlace(prepared.Browse());
+  if (!MayEnter(output)) return ExitStatus::Refused;
+  if (!place.IsFolder() && !IsTypedPlace(place)) session.Host().SetBrowsePlace(prepared.Browse());
   return session.Run(class_id, &script);
 }
 

@@ -86,6 +86,7 @@ int RunCommand(int argc, char** argv) {
   AddMeasuresCommand(program, chosen);
   AddCalculateCommand(program, chosen);
   AddInfoCommand(program, chosen);
+  AddFormatsCommand(program, chosen);
   AddGraphicsCommands(program, chosen);
   AddGraphicToolsCommand(program, chosen);
   AddSpheroidsCommand(program, chosen);

@@ -2,6 +2,7 @@
 #include "hosts/terminal/report_output.h"
 
 #include <fmt/core.h>
+#include <unistd.h>
 
 #include <array>
 #include <cstdlib>
@@ -11,6 +12,7 @@
 #include <nlohmann/json.hpp>
 
 #include "engine/versions.h"
+#include "hosts/terminal/pipes.h"
 #include "hosts/terminal/refusal.h"
 #include "outputs/output_place.h"
 #include "platform/paths.h"
@@ -143,7 +145,7 @@ std::string JsonReport(const std::string& rtf, const CommonOptions& options, Ter
       {"versions",
        {{"tessarine", TESSARINE_VERSION}, {"gdal", versions.gdal}, {"geos", versions.geos}, {"proj", versions.proj}}},
       {"outcome", OutcomeWord(journal, host.PlanOnly(), host.FaultReported())},
-      {"output", journal.output_path.empty() ? json() : json(ToNativePath(journal.output_path))},
+      {"output", journal.output_path.empty() ? json() : json(WithoutPipedFile(ToNativePath(journal.output_path)))},
       {"spatial_reference", ReferenceToJson(journal)},
       {"records", RecordsToJson(journal)},
       {"failure", journal.failure.empty() ? json() : json(journal.failure)},
@@ -188,9 +190,10 @@ const ReportForm* FindForm(const std::string& path) {
 
 }  // namespace
 
-void PrintReport(const std::string& rtf, bool on_terminal) {
+void PrintReport(const std::string& rtf, std::FILE* stream) {
   const RichText text = ReadRtf(rtf);
-  fmt::print("{}\n", on_terminal ? ToTerminalText(text) : ToPlainText(text));
+  const bool on_terminal = isatty(fileno(stream)) != 0;
+  fmt::print(stream, "{}\n", on_terminal ? ToTerminalText(text) : ToPlainText(text));
 }
 
 void CheckReportFile(const std::string& path) {

@@ -2,6 +2,7 @@
 // The report of a run, as a person or a program reads it.
 #pragma once
 
+#include <cstdio>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -11,8 +12,8 @@
 
 namespace tessarine {
 
-/// Prints the report to standard output, with emphasis on a terminal.
-void PrintReport(const std::string& rtf, bool on_terminal);
+/// Prints the report to standard output or standard error, with emphasis on a terminal.
+void PrintReport(const std::string& rtf, std::FILE* stream);
 
 /// Checks that a report file's ending names a form and that its folder exists. Raises `Refusal`.
 void CheckReportFile(const std::string& path);

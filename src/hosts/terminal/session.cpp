@@ -10,6 +10,7 @@
 #include "hosts/document/document_file.h"
 #include "hosts/document/document_layer.h"
 #include "hosts/terminal/interrupt.h"
+#include "hosts/terminal/pipes.h"
 #include "hosts/terminal/refusal.h"
 #include "hosts/terminal/report_output.h"
 #include "platform/paths.h"
@@ -70,10 +71,15 @@ ExitStatus Session::EndEarly(const std::string& report) {
 }
 
 ExitStatus Session::Conclude() {
+  if (OutputIsPiped() && host_.Report()) host_.SetReport(WithoutPipedFile(*host_.Report()));
   // Each of these is done whatever becomes of the others; what is printed comes last, since its reader may go away.
   OrTell([this] { SaveDocument(); });
   OrTell([this] { WriteReportFile(); });
   PrintOutcome();
+  // What a stopped run has done is an output, too.
+  const bool made = !host_.Journal().output_path.empty() && !host_.PlanOnly();
+  if (OutputIsPiped() && made) SendPipedOutput();
+  if (options_.on_outcome) options_.on_outcome(host_.Journal());
   return Outcome();
 }
 
@@ -101,11 +107,13 @@ void Session::WriteReportFile() {
 void Session::PrintOutcome() {
   const std::string report = host_.Report().value_or("");
   const bool prints = !report.empty() && !options_.quiet;
-  if (prints) PrintReport(report, isatty(STDOUT_FILENO) != 0);
+  std::FILE* const stream = OutputIsPiped() ? stderr : stdout;
+  if (prints) PrintReport(report, stream);
   if (!host_.Journal().stopped || prints) return;
   const std::string& output = host_.Journal().output_path;
-  fmt::print(stderr, "tessarine: The run was stopped{}.\n",
-             output.empty() ? "" : "; '" + ToNativePath(output) + "' holds what was written until then");
+  fmt::print(
+      stderr, "tessarine: The run was stopped{}.\n",
+      output.empty() ? "" : "; '" + WithoutPipedFile(ToNativePath(output)) + "' holds what was written until then");
 }
 
 ExitStatus Session::Outcome() {

@@ -1,0 +1,65 @@
+#include "engine/target_reference.h"
+
+#include "engine/engine_fault.h"
+
+namespace tessarine::engine {
+namespace {
+
+constexpr int kWgs84 = 4326;
+
+OgrReference Wgs84() {
+  OgrReference reference(new OGRSpatialReference());
+  reference->importFromEPSG(kWgs84);
+  reference->SetAxisMappingStrategy(OAMS_TRADITIONAL_GIS_ORDER);
+  return reference;
+}
+
+std::string Quoted(const OGRSpatialReference& reference) {
+  const char* name = reference.GetName();
+  return "'" + std::string(name != nullptr ? name : "") + "'";
+}
+
+}  // namespace
+
+TargetReference::TargetReference(const Format& format, const OGRSpatialReference* source,
+                                 const std::filesystem::path& shown) {
+  if (source == nullptr) return;
+  if (!format.degrees) {
+    target_.reset(source->Clone());
+    if (format.without_reference) {
+      foretold_ = "The spatial reference " + Quoted(*source) + " is left out: the format keeps none.";
+    }
+    return;
+  }
+  const OgrReference own(source->Clone());
+  own->SetAxisMappingStrategy(OAMS_TRADITIONAL_GIS_ORDER);
+  OgrReference wgs84 = Wgs84();
+  if (own->IsSame(wgs84.get()) != 0) {
+    target_ = std::move(wgs84);
+    return;
+  }
+  const GdalErrorScope errors;
+  way_.reset(OGRCreateCoordinateTransformation(own.get(), wgs84.get()));
+  if (way_) {
+    target_ = std::move(wgs84);
+    foretold_ = "Shapes are brought from " + Quoted(*source) +
+                " to longitudes and latitudes on WGS 84: the format keeps nothing else.";
+    return;
+  }
+  if (own->IsGeographic() == 0) {
+    Raise(kInvalidCall, "'" + shown.string() + "' can't be written: its format keeps longitudes and latitudes alone, " +
+                            "and there is no way to them from " + Quoted(*source) + errors.Quote() +
+                            ". Name another format.");
+  }
+  foretold_ = "Longitudes and latitudes are written as they are in " + Quoted(*source) +
+              ", which the format has no place for: readers take them for WGS 84.";
+}
+
+std::unique_ptr<OGRGeometry> TargetReference::Bring(std::unique_ptr<OGRGeometry> shape) const {
+  if (!way_ || !shape || shape->IsEmpty()) return shape;
+  const GdalErrorScope quiet;
+  shape->assignSpatialReference(nullptr);
+  return shape->transform(way_.get()) == OGRERR_NONE ? std::move(shape) : nullptr;
+}
+
+}  // namespace tessarine::engine

@@ -1,0 +1,40 @@
+// The reference of a new file, and the way of shapes to it.
+#pragma once
+
+#include <ogrsf_frmts.h>
+
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "engine/srs_from_gdal.h"
+#include "outputs/formats.h"
+
+namespace tessarine::engine {
+
+struct CoordinateWayRelease {
+  void operator()(OGRCoordinateTransformation* way) const { OGRCoordinateTransformation::DestroyCT(way); }
+};
+
+/// Most formats take any reference. Those of longitudes and latitudes on WGS 84 alone get shapes that were brought
+/// there; longitudes and latitudes on another body stay as they are, without a reference.
+class TargetReference {
+ public:
+  /// `source` is null for data without a reference. Fault where the format can't have these data, naming `shown`.
+  TargetReference(const Format& format, const OGRSpatialReference* source, const std::filesystem::path& shown);
+
+  /// That of the file; null for none.
+  [[nodiscard]] const OGRSpatialReference* Target() const { return target_.get(); }
+  /// Null where the shape has no place in the file's reference.
+  [[nodiscard]] std::unique_ptr<OGRGeometry> Bring(std::unique_ptr<OGRGeometry> shape) const;
+  /// What that means for the data, a sentence; nothing where they stay as they are.
+  [[nodiscard]] const std::optional<std::string>& Foretold() const { return foretold_; }
+
+ private:
+  OgrReference target_;
+  std::unique_ptr<OGRCoordinateTransformation, CoordinateWayRelease> way_;
+  std::optional<std::string> foretold_;
+};
+
+}  // namespace tessarine::engine
