@@ -369,6 +369,8 @@ ProbedColumns ProbeConversion(const Conversion& conversion, const fs::path& fold
   const GdalErrorScope quiet;
   TargetFile file(conversion, conversion.format->server ? conversion.target : folder / conversion.target.filename());
   const OGRFeatureDefn& made = *file.Layer().GetLayerDefn();
+  // A server makes the table with the first row, or here.
+  if (conversion.format->server) file.EndRows();
   ProbedColumns probed;
   for (const CopyColumn& column : file.Columns()->All()) {
     const std::string name = file.Columns()->MadeName(column, made);

@@ -306,7 +306,8 @@ OutputPlan PlanOutput(RunContext& context, OutputRequest& request) {
     plan.foretold = std::move(planned.foretold);
   } else {
     const bool numbers = request.add_unique_id && request.kind == kShapefile;
-    for (const FieldRef& field : *PlainFields(request.reference, request.geometry_type, request.fields, numbers)) {
+    const FieldsRef fields = PlainFields(request.reference, request.geometry_type, request.fields, numbers);
+    for (const FieldRef& field : *fields) {
       if (!IsAttribute(*field)) continue;
       plan.fields.push_back({field->Name, field->Name, TypeWordOf(*field, request.kind)});
     }

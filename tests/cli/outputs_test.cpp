@@ -336,6 +336,29 @@ TEST_F(Outputs, AFullDiskLeavesTheOldOutput) {
   }
 }
 
+// TESSARINE_POSTGRES holds the connection of a server with PostGIS, as "host=127.0.0.1 dbname=test user=test".
+TEST_F(Outputs, ATableOfAServerIsMadeInOneStep) {
+  const char* connection = std::getenv("TESSARINE_POSTGRES");
+  if (connection == nullptr) GTEST_SKIP() << "TESSARINE_POSTGRES names no server";
+  const std::string server = "PG:" + std::string(connection);
+  const std::string table = server + ":public.tessarine_centroids";
+  ASSERT_EQ(Centroids(table, {"--overwrite"}).status, 0);
+  EXPECT_EQ(CountOf(server, "tessarine_centroids"), 177);
+  EXPECT_EQ(Centroids(table).status, 2);
+  EXPECT_EQ(Centroids(table, {"-n", "--overwrite"}).status, 0);
+  EXPECT_EQ(Centroids(server + ":nowhere.centroids").status, 2);
+  const ProgramOutcome itself = RunTessarine({"wrap", table, "--range", "360", "-q", "--overwrite", "-o", table});
+  EXPECT_EQ(itself.status, 2);
+  EXPECT_THAT(itself.err, HasSubstr("is read by this run"));
+  // A run that fails keeps the table as it was.
+  EXPECT_EQ(RunWithoutRoom({"vertices", Data("countries.shp"), "-q", "--overwrite", "-o", table}, 150000).status, 1);
+  EXPECT_EQ(CountOf(server, "tessarine_centroids"), 177);
+  ASSERT_EQ(RunTessarine({"wrap", table, "--range", "360", "-q", "-o", In("o.gpkg")}).status, 0);
+  EXPECT_EQ(CountOf(In("o.gpkg"), "o"), 177);
+  GDALDatasetUniquePtr data(GDALDataset::Open(server.c_str(), GDAL_OF_VECTOR | GDAL_OF_UPDATE));
+  data->ExecuteSQL("DROP TABLE tessarine_centroids", nullptr, nullptr);
+}
+
 TEST_F(Outputs, TheTableOfFormatsNamesWhatEachKeeps) {
   const ProgramOutcome run = RunTessarine({"formats"});
   EXPECT_EQ(run.status, 0);
