@@ -98,7 +98,8 @@ class TargetFile {
     LayerHandle source = conversion.source->Source()->Read();
     GDALDriver& driver = DriverOf(*conversion.format);
     const std::shared_ptr<const RowTraits> traits = conversion.source->Traits();
-    columns_ = std::make_shared<CopyColumns>(*traits, *source.Layer().GetLayerDefn(), driver, *conversion.format, false);
+    columns_ =
+        std::make_shared<CopyColumns>(*traits, *source.Layer().GetLayerDefn(), driver, *conversion.format, false);
     declared_ = source.Layer().GetGeomType();
     type_ = LayerTypeFor(declared_, traits->shape_type, conversion.shapes, *conversion.format);
     reference_.emplace(*conversion.format, source.Layer().GetSpatialRef(), conversion.shown);
@@ -189,6 +190,15 @@ class TargetFile {
   /// The shape as it is to be in the file; null where there is none, and where it can't be brought there.
   [[nodiscard]] std::unique_ptr<OGRGeometry> Placed(const OGRGeometry* shape) const {
     return shape == nullptr ? nullptr : reference_->Bring(std::unique_ptr<OGRGeometry>(shape->clone()));
+  }
+
+  /// A server else makes the table with its first row.
+  void MakeTable() {
+    const GdalErrorScope errors;
+    if (layer_->GetFeatureCount(1) < 0 || errors.Failed()) {
+      RaiseEngineFault("The table '" + conversion_.layer + "' can't be made" + errors.Quote() +
+                       ": check the schema and the rights.");
+    }
   }
 
   /// All rows are with the format then; a server still takes them back.
@@ -369,8 +379,7 @@ ProbedColumns ProbeConversion(const Conversion& conversion, const fs::path& fold
   const GdalErrorScope quiet;
   TargetFile file(conversion, conversion.format->server ? conversion.target : folder / conversion.target.filename());
   const OGRFeatureDefn& made = *file.Layer().GetLayerDefn();
-  // A server makes the table with the first row, or here.
-  if (conversion.format->server) file.EndRows();
+  if (conversion.format->server) file.MakeTable();
   ProbedColumns probed;
   for (const CopyColumn& column : file.Columns()->All()) {
     const std::string name = file.Columns()->MadeName(column, made);
@@ -416,8 +425,7 @@ LayerDefinition WriteRows(const Conversion& conversion, const std::shared_ptr<Og
       continue;
     }
     --facts.rows;
-    notes.NoteFault(RecordFault(kRowRefused, kNoPlaceWithoutShape),
-                    merged.From().OID());
+    notes.NoteFault(RecordFault(kRowRefused, kNoPlaceWithoutShape), merged.From().OID());
   }
   return KeptDefinition(file.Layer());
 }

@@ -160,6 +160,9 @@ OgrSource::OgrSource(std::string native_path, std::string data_path, std::string
 LayerHandle OgrSource::Open(bool update) {
   // Our rings run as they must. The driver's own look at them would cost the square of their number.
   const CPLConfigOptionSetter rings_as_given("SHAPE_REWIND_ON_WRITE", "NO", false);
+  // What is staged is flushed to the disk as a whole before it takes its place.
+  const bool staged = update && data_path_ != path_;
+  const CPLConfigOptionSetter unhurried("OGR_SQLITE_SYNCHRONOUS", staged ? "OFF" : nullptr, true);
   std::shared_ptr<FileGdbEdit> edit;
   if (update && IsFileGdb(path_)) {
     edit = FileGdbEdit::Begin(path_);

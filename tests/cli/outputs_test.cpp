@@ -21,6 +21,7 @@ using ::testing::IsEmpty;
 struct ToolRow {
   const char* name;
   std::vector<std::string> arguments;  // "@" stands for the folder of the test data, "%" for that of the test
+  bool without_shapes = false;         // some of its rows have none
 };
 
 // Parameter rows in failure messages are their names.
@@ -32,7 +33,7 @@ const std::vector<ToolRow>& Tools() {
       {"label_points", {"label-points", "@countries.shp", "--fields", "name,pop_est"}},
       {"centroids", {"centroids", "@countries.shp", "--all-fields"}},
       {"spherical_centroids", {"spherical-centroids", "@countries.shp", "--fields", "name"}},
-      {"to_polygons", {"to-polygons", "@disputed_borders.shp", "--all-fields"}},
+      {"to_polygons", {"to-polygons", "@disputed_borders.shp", "--all-fields"}, true},
       {"to_polylines", {"to-polylines", "@countries.shp", "--fields", "name,gdp_md_est"}},
       {"split", {"split", "@countries.shp", "--fields", "name,iso_a3"}},
       {"combine", {"combine", "@countries.shp", "--where", "continent = 'Africa'", "--fields", "continent"}},
@@ -70,11 +71,16 @@ int VerticesOf(const OGRGeometry& shape) {
   return line != nullptr ? line->getNumPoints() : 1;
 }
 
+// The area of polygons, the length of lines.
 double SizeOf(const OGRGeometry& shape) {
+  if (const auto* collection = dynamic_cast<const OGRGeometryCollection*>(&shape)) {
+    double size = 0.0;
+    for (const OGRGeometry* part : *collection) size += SizeOf(*part);
+    return size;
+  }
   if (const auto* surface = dynamic_cast<const OGRSurface*>(&shape)) return surface->get_Area();
-  if (const auto* curve = dynamic_cast<const OGRCurve*>(&shape)) return curve->get_Length();
-  const auto* collection = dynamic_cast<const OGRGeometryCollection*>(&shape);
-  return collection == nullptr ? 0.0 : collection->get_Area() + collection->get_Length();
+  const auto* curve = dynamic_cast<const OGRCurve*>(&shape);
+  return curve != nullptr ? curve->get_Length() : 0.0;
 }
 
 std::vector<ReadRow> ReadRows(const std::string& path, const std::vector<std::string>& fields) {
@@ -115,23 +121,35 @@ std::string KeyOf(const ReadRow& row) {
   return key.str();
 }
 
-// A column of a shapefile has 8 decimals, and the grid of a geodatabase as many.
-bool Near(double first, double second) { return std::fabs(first - second) <= 2e-8 + 1e-8 * std::fabs(first); }
+// How far values may differ.
+struct Tolerance {
+  double share = 1e-9;  // of a number; a column of a shapefile has 8 decimals besides
+  int vertices = 0;     // that are merged
+  bool needles = true;  // parts thinner than a step are kept
+};
 
-std::string Difference(const ReadRow& meant, const ReadRow& read) {
+// The grid of a geodatabase merges vertices that lie closer than its step, which changes measures of the shape.
+constexpr Tolerance kOnGrid{1e-6, 5, false};
+
+bool Near(double first, double second, double share) {
+  return first == second || std::fabs(first - second) <= 2e-8 + share * std::fabs(first);
+}
+
+std::string Difference(const ReadRow& meant, const ReadRow& read, const Tolerance& tolerance) {
   for (std::size_t index = 0; index < meant.texts.size(); ++index) {
-    const bool number = meant.numbers[index] != 0.0 || read.numbers[index] != 0.0;
+    const std::string& text = meant.texts[index];
+    const bool number = !text.empty() && text.find_first_not_of("0123456789.-+e") == std::string::npos;
     const bool same =
-        number ? Near(meant.numbers[index], read.numbers[index]) : meant.texts[index] == read.texts[index];
-    if (!same && (number || std::strtod(meant.texts[index].c_str(), nullptr) != 0.0 ||
-                  meant.texts[index].find_first_not_of("0.-") != std::string::npos)) {
-      return meant.texts[index] + " reads back as " + read.texts[index];
-    }
+        number ? Near(meant.numbers[index], read.numbers[index], tolerance.share) : text == read.texts[index];
+    if (!same) return text + " reads back as " + read.texts[index];
   }
-  if (meant.vertices != read.vertices) return "vertices " + std::to_string(read.vertices);
-  const bool box = Near(meant.box.MinX, read.box.MinX) && Near(meant.box.MaxX, read.box.MaxX) &&
-                   Near(meant.box.MinY, read.box.MinY) && Near(meant.box.MaxY, read.box.MaxY);
-  if (!box) return "the shape lies elsewhere";
+  if (read.vertices > meant.vertices || meant.vertices - read.vertices > tolerance.vertices) {
+    return "vertices " + std::to_string(read.vertices);
+  }
+  const auto near = [](double first, double second) { return Near(first, second, 1e-9); };
+  const bool box = near(meant.box.MinX, read.box.MinX) && near(meant.box.MaxX, read.box.MaxX) &&
+                   near(meant.box.MinY, read.box.MinY) && near(meant.box.MaxY, read.box.MaxY);
+  if (tolerance.needles && !box) return "the shape lies elsewhere";
   return std::fabs(meant.size - read.size) <= 1e-6 * std::max(1.0, meant.size) ? "" : "another size";
 }
 
@@ -173,7 +191,9 @@ TEST_P(EveryTool, WritesTheSameIntoEveryFormat) {
     const std::vector<std::string> planned = PlannedFields(In(place));
     EXPECT_FALSE(fs::exists(In("o.fgb")) && place == "o.fgb");
     const ProgramOutcome run = Run(In(place), {});
-    ASSERT_EQ(run.status, 0) << place << run.err;
+    const bool leaves_out = place == "o.fgb" && GetParam().without_shapes;
+    ASSERT_EQ(run.status, leaves_out ? 1 : 0) << place << run.err;
+    if (leaves_out) std::erase_if(meant, [](const ReadRow& row) { return row.vertices == 0; });
     ASSERT_EQ(planned.size(), names.size()) << place;
     std::vector<ReadRow> rows = ReadRows(In(place.substr(0, place.find_first_of("/:"))), planned);
     if (place == "o.fgb") {
@@ -182,7 +202,8 @@ TEST_P(EveryTool, WritesTheSameIntoEveryFormat) {
     }
     ASSERT_EQ(rows.size(), meant.size()) << place;
     for (std::size_t index = 0; index < rows.size(); ++index) {
-      ASSERT_EQ(Difference(meant[index], rows[index]), "") << place << ", row " << index << " " << rows[index].texts[0];
+      ASSERT_EQ(Difference(meant[index], rows[index], place == "o.gdb/o" ? kOnGrid : Tolerance()), "")
+          << place << ", row " << index << " " << rows[index].texts[0];
     }
   }
 }

@@ -98,7 +98,8 @@ void SplitRemote(std::string& path, std::string& layer) {
                                ? colon > 2 && behind.find_first_of("= /@") == std::string::npos
                                : FormatOfPath(ahead) != nullptr || EndsWithIgnoringCase(ahead, ".zip");
   if (behind.empty() || behind.find('/') != std::string::npos || !names_layer) return;
-  layer = behind;
+  constexpr std::string_view kUsualSchema = "public.";
+  layer = behind.starts_with(kUsualSchema) ? behind.substr(kUsualSchema.size()) : behind;
   path = PathOfSource(ahead);
 }
 
