@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-2.0-or-later
 # Outputs in GeoPackages and other formats beside ogr2ogr, which only copies.
 # outputs_vs_peers.sh BUILD_FOLDER WORK_FOLDER [RUNS]
 set -euo pipefail

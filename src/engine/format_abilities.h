@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // What the GDAL of this machine does with a format.
 #pragma once
 

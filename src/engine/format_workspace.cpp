@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Outputs in the formats that have no workspace of their own.
 //
 // A class of a GeoPackage is made in a copy of its file. In all other formats a run works on a GeoPackage beside the

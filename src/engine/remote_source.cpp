@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #include "engine/remote_source.h"
 
 #include <cpl_string.h>

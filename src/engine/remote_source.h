@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Sources that are no files of this machine's, and queries as sources.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 #include "engine/target_reference.h"
 
 #include "engine/engine_fault.h"

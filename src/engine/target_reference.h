@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The reference of a new file, and the way of shapes to it.
 #pragma once
 

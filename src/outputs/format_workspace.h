@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Workspaces for the formats that have no workspace of their own: a container, or the folder of a file.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Every tool into every format, read back by GDAL and held against the shapefile of the same run.
 #include <gmock/gmock.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // A web server of one file on this machine, which answers with the bytes that it is asked for.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // What commands read: selections, archives, the web, pipes, several sources at once.
 #include <cpl_vsi.h>
 #include <gmock/gmock.h>

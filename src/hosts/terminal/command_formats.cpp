@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // The formats of outputs, and what each keeps.
 #include <fmt/core.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // Standard input as a source, and standard output as an output: GeoJSON lines.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
 // A class that holds some rows of another, for tools that take all rows of a layer.
 #pragma once
 
