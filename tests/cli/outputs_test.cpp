@@ -42,7 +42,7 @@ const std::vector<ToolRow>& Tools() {
       {"wrap", {"wrap", "@countries.shp", "--range", "360"}},
       {"to_graphic", {"to-graphic", "@countries.shp", "--spheroid", "WGS 1984"}},
       {"to_centric", {"to-centric", "@cities.shp", "--radii", "3396190,3376200"}},
-      {"to_features", {"graphics", "to-features", "@graphics.json", "--to", "polygons", "--all"}},
+      {"to_features", {"graphics", "to-features", "%graphics.json", "--to", "polygons", "--all"}},
       {"calculate", {"calculate", "@countries.shp", "-m", "Sph. Area=AREA", "-m", "Sph. Centroid=LON,LAT"}},
   };
   return rows;
@@ -156,6 +156,9 @@ std::string Difference(const ReadRow& meant, const ReadRow& read, const Toleranc
 
 class EveryTool : public ProgramTest, public ::testing::WithParamInterface<ToolRow> {
  protected:
+  // The run adds its layer to the document.
+  EveryTool() { std::filesystem::copy_file(Data("graphics.json"), In("graphics.json")); }
+
   ProgramOutcome Run(const std::string& output, const std::vector<std::string>& more) const {
     std::vector<std::string> arguments;
     for (std::string word : GetParam().arguments) {
@@ -285,7 +288,8 @@ TEST_F(Outputs, TimesOfAZoneAreMomentsInAGeoPackage) {
 }
 
 TEST_F(Outputs, LongitudesAndLatitudesAreAllThatSomeFormatsKeep) {
-  ASSERT_EQ(RunTessarine({"graphics", "new", Data("graphics.json"), "polylines", "--reference", "EPSG:32633", "-o",
+  std::filesystem::copy_file(Data("graphics.json"), In("graphics.json"));
+  ASSERT_EQ(RunTessarine({"graphics", "new", In("graphics.json"), "polylines", "--reference", "EPSG:32633", "-o",
                           In("utm.shp"), "-q"})
                 .status,
             0);
