@@ -12,6 +12,7 @@
 #include "engine/layer_copy.h"
 #include "hosts/terminal/interrupt.h"
 #include "hosts/terminal/layer_source.h"
+#include "hosts/terminal/passwords.h"
 #include "hosts/terminal/pipes.h"
 #include "hosts/terminal/refusal.h"
 #include "platform/fault.h"
@@ -164,10 +165,11 @@ ExitStatus RunOverSources(const std::vector<std::string>& sources, const OutputO
     const SourceOutcome& outcome = outcomes.back();
     std::fflush(stderr);
     if (common.quiet) continue;
-    fmt::print("{}: {}{}\n", source, outcome.word, outcome.detail.empty() ? "" : ", " + outcome.detail);
+    fmt::print("{}\n",
+               WithoutPasswords(source + ": " + outcome.word + (outcome.detail.empty() ? "" : ", " + outcome.detail)));
     std::fflush(stdout);
   }
-  if (!common.quiet) fmt::print("\n{}", TableOf(outcomes));
+  if (!common.quiet) fmt::print("\n{}", WithoutPasswords(TableOf(outcomes)));
   return StatusOf(outcomes, sources.size());
 }
 

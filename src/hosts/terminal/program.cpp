@@ -15,6 +15,7 @@
 #include "engine/versions.h"
 #include "hosts/terminal/commands.h"
 #include "hosts/terminal/common_options.h"
+#include "hosts/terminal/passwords.h"
 #include "hosts/terminal/refusal.h"
 #include "hosts/terminal/usage_errors.h"
 
@@ -58,7 +59,7 @@ std::vector<std::string> Words(int argc, char** argv) {
 int StatusOf(ExitStatus status) { return static_cast<int>(status); }
 
 int Refuse(const std::string& text) {
-  fmt::print(stderr, "tessarine: {}\n", text);
+  fmt::print(stderr, "tessarine: {}\n", WithoutPasswords(text));
   return StatusOf(ExitStatus::Refused);
 }
 
@@ -109,7 +110,7 @@ int RunCommand(int argc, char** argv) {
     return Refuse(refusal.what());
   } catch (const std::exception& error) {
     // What standard output couldn't take is told at the end.
-    if (std::ferror(stdout) == 0) fmt::print(stderr, "tessarine: {}\n", error.what());
+    if (std::ferror(stdout) == 0) fmt::print(stderr, "tessarine: {}\n", WithoutPasswords(error.what()));
     return StatusOf(ExitStatus::Failed);
   }
 }

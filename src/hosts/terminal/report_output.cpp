@@ -12,6 +12,7 @@
 #include <nlohmann/json.hpp>
 
 #include "engine/versions.h"
+#include "hosts/terminal/passwords.h"
 #include "hosts/terminal/pipes.h"
 #include "hosts/terminal/refusal.h"
 #include "outputs/output_place.h"
@@ -193,7 +194,7 @@ const ReportForm* FindForm(const std::string& path) {
 void PrintReport(const std::string& rtf, std::FILE* stream) {
   const RichText text = ReadRtf(rtf);
   const bool on_terminal = isatty(fileno(stream)) != 0;
-  fmt::print(stream, "{}\n", on_terminal ? ToTerminalText(text) : ToPlainText(text));
+  fmt::print(stream, "{}\n", WithoutPasswords(on_terminal ? ToTerminalText(text) : ToPlainText(text)));
 }
 
 void CheckReportFile(const std::string& path) {
@@ -216,7 +217,7 @@ void RefuseReportOver(const std::string& report_file, const std::vector<std::str
 
 void WriteReport(const std::string& rtf, const CommonOptions& options, TerminalHost& host) {
   std::ofstream file(options.report_file, std::ios::binary | std::ios::trunc);
-  file << FindForm(options.report_file)->make(rtf, options, host);
+  file << WithoutPasswords(FindForm(options.report_file)->make(rtf, options, host));
   file.close();
   if (!file) Raise(kPathNotFound, "The report can't be written to '" + options.report_file + "'.");
 }

@@ -10,6 +10,7 @@
 #include "hosts/document/document_file.h"
 #include "hosts/document/document_layer.h"
 #include "hosts/terminal/interrupt.h"
+#include "hosts/terminal/passwords.h"
 #include "hosts/terminal/pipes.h"
 #include "hosts/terminal/refusal.h"
 #include "hosts/terminal/report_output.h"
@@ -88,7 +89,7 @@ void Session::OrTell(Work&& work) {
   try {
     work();
   } catch (const Fault& fault) {
-    fmt::print(stderr, "tessarine: {}\n", fault.Description());
+    fmt::print(stderr, "tessarine: {}\n", WithoutPasswords(fault.Description()));
     host_.NoteFault();
   }
 }
@@ -111,16 +112,17 @@ void Session::PrintOutcome() {
   if (prints) PrintReport(report, stream);
   if (!host_.Journal().stopped || prints) return;
   const std::string& output = host_.Journal().output_path;
-  fmt::print(
-      stderr, "tessarine: The run was stopped{}.\n",
-      output.empty() ? "" : "; '" + WithoutPipedFile(ToNativePath(output)) + "' holds what was written until then");
+  fmt::print(stderr, "tessarine: The run was stopped{}.\n",
+             output.empty() ? ""
+                            : "; '" + WithoutPasswords(WithoutPipedFile(ToNativePath(output))) +
+                                  "' holds what was written until then");
 }
 
 ExitStatus Session::Outcome() {
   const RunJournal& journal = host_.Journal();
   // Whoever asked for quiet learns it all the same.
   if (!journal.failure.empty() && !host_.FaultReported() && !host_.WasShown(journal.failure)) {
-    fmt::print(stderr, "tessarine: {}\n", journal.failure);
+    fmt::print(stderr, "tessarine: {}\n", WithoutPasswords(journal.failure));
   }
   const RunOutcome outcome = journal.Outcome();
   // What fails while a run is only planned is what the run would be refused for.

@@ -10,6 +10,7 @@
 
 #include "hosts/document/document_layer.h"
 #include "hosts/terminal/interrupt.h"
+#include "hosts/terminal/passwords.h"
 #include "platform/text_formats.h"
 
 namespace tessarine {
@@ -42,7 +43,7 @@ class TerminalErrorDialog final : public IErrorDialog {
   void SetVisible(bool visible) override {
     if (!visible) return;
     host_.BeforePrinting();
-    fmt::print(stderr, "{}\n", Trim(NativeLines(text_)));
+    fmt::print(stderr, "{}\n", WithoutPasswords(Trim(NativeLines(text_))));
     text_.clear();
     host_.NoteFault();
   }
@@ -122,7 +123,7 @@ bool TerminalHost::StopRequested() const { return WasInterrupted(); }
 
 void TerminalHost::Announce(const std::string& sentence) {
   BeforePrinting();
-  fmt::print(stderr, "tessarine: {}\n", sentence);
+  fmt::print(stderr, "tessarine: {}\n", WithoutPasswords(sentence));
 }
 
 void TerminalHost::PumpEvents() {
@@ -171,7 +172,7 @@ MessageAnswer TerminalHost::Show(const std::string& text, const std::string& tit
   const bool confirmation = buttons == MessageButtons::OkCancel && title == kConfirmTitle;
   if (confirmation && manners_.yes) return MessageAnswer::Ok;
   BeforePrinting();
-  fmt::print(stderr, "{}{}{}\n", Trim(title), title.empty() ? "" : "\n", NativeLines(text));
+  fmt::print(stderr, "{}{}{}\n", Trim(title), title.empty() ? "" : "\n", WithoutPasswords(NativeLines(text)));
   last_message_ = text;
   switch (buttons) {
     case MessageButtons::Ok:
