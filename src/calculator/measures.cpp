@@ -8,6 +8,7 @@
 #include "calculator/point_measures.h"
 #include "calculator/polygon_measures.h"
 #include "calculator/polyline_measures.h"
+#include "geodesy/odd_shapes.h"
 #include "platform/finite_shape.h"
 
 namespace tessarine {
@@ -45,6 +46,10 @@ constexpr WarningRow kWarnings[] = {
     {MeasureWarning::SignedLobes,
      "A ring crosses itself: its lobes count by the way they run, so that their spherical areas may cancel each other "
      "out."},
+    {MeasureWarning::TurnedRing,
+     "The spherical area of a polygon isn't above 0: on the sphere the sides of a ring run otherwise than on the map, "
+     "past "
+     "each other or past a pole."},
     {MeasureWarning::PlanarLobes,
      "A ring crosses itself: its lobes count by the way they run, so that their planimetric areas may cancel each "
      "other "
@@ -67,10 +72,7 @@ void MeasureRecord::Warn(MeasureWarning warning) {
 }
 
 void MeasureRecord::WarnBeyondPole(const IGeometry& degrees) {
-  constexpr double kPole = 90.0 + 1e-9;
-  if (degrees.IsEmpty()) return;
-  const Envelope extent = degrees.Envelope();
-  if (extent.YMin() < -kPole || extent.YMax() > kPole) Warn(MeasureWarning::BeyondPole);
+  if (MyGeometricOperations::LiesBeyondPole(degrees)) Warn(MeasureWarning::BeyondPole);
 }
 
 MeasureSettings MeasureSettingsOf(esriGeometryType shape, const SpatialReferenceRef& reference,

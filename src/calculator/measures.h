@@ -75,6 +75,7 @@ enum class MeasureWarning {
   TornRing,         ///< a ring with steps of more than 180 degrees of longitude, which are taken the short way
   OneLobe,          ///< the perimeter of a ring that crosses itself: one of its lobes
   SignedLobes,      ///< the spherical area and centroid of such a ring: the lobes count by their sense
+  TurnedRing,       ///< a spherical area that is 0 or less, of a polygon that has one on the map
   PlanarLobes,      ///< its area and centroid on the plane, likewise
   NoCentroid,       ///< -9999, because the spherical area isn't above 0
   FlattenedSphere,  ///< the area on a sphere in place of a strongly flattened spheroid

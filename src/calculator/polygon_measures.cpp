@@ -8,6 +8,7 @@
 
 #include "calculator/measure_coordinates.h"
 #include "geodesy/MyGeometricOperations.h"
+#include "geodesy/odd_shapes.h"
 #include "platform/exact_geodesy.h"
 
 namespace tessarine {
@@ -45,23 +46,6 @@ bool HasTornRing(const Polygon& polygon) {
     }
     return false;
   });
-}
-
-bool HasWideRing(const Polygon& polygon) {
-  return std::ranges::any_of(polygon.Parts(), [](const auto& part) { return part->Envelope().Width() > kHalfTurn; });
-}
-
-// Whether a ring falls into several when it is made simple.
-bool HasLobes(const Polygon& polygon) {
-  if (polygon.IsKnownSimple() || (polygon.GeometryCount() == 1 && polygon.IsSimple())) return false;
-  const std::shared_ptr<GeometryBag> components = polygon.ConnectedComponentBag();
-  for (std::int32_t index = 0; index < components->GeometryCount(); ++index) {
-    const auto component = Cast<Polygon>(components->Geometry(index));
-    if (component->IsSimple()) continue;
-    component->Simplify();
-    if (component->ExteriorRingCount() > 1) return true;
-  }
-  return false;
 }
 
 // The polygon with rings that jump over the edge of the longitudes carried on.
@@ -125,7 +109,7 @@ double PolygonRecord::PerimeterOf(const std::shared_ptr<Polygon>& polygon) {
   }
   if (BoundsNothing(*polygon)) return 0.0;
   const std::shared_ptr<Polygon> rings = CloneOf(*polygon);
-  if (!geodesy::MarkSimpleButForSpikes(*rings) && HasLobes(*rings)) Warn(MeasureWarning::OneLobe);
+  if (!geodesy::MarkSimpleButForSpikes(*rings) && geodesy::HasLobes(*rings)) Warn(MeasureWarning::OneLobe);
   return geodesy::SpheroidalPolylineLength2(geodesy::PolygonToPolyline(rings), settings_.SemiMajor,
                                             settings_.SemiMinor);
 }
@@ -142,7 +126,10 @@ double PolygonRecord::SpheroidalArea() {
     const auto component = Cast<Polygon>(components->Geometry(index));
     component->Simplify();
     for (const auto& ring : component->Parts()) {
-      area += ExactRingArea(ring->Vertices(), settings_.SemiMajor, settings_.SemiMinor);
+      const double enclosed = std::fabs(ExactRingArea(ring->Vertices(), settings_.SemiMajor, settings_.SemiMinor));
+      // The sides of a narrow ring may pass each other on the globe: what it encloses is the same, only its sense
+      // isn't.
+      area += dynamic_cast<const Ring&>(*ring).IsExterior() ? enclosed : -enclosed;
     }
   }
   return area;
@@ -172,15 +159,17 @@ const std::shared_ptr<Polygon>& PolygonRecord::GeographicPolygon() {
 void PolygonRecord::MeasureArea() {
   const std::shared_ptr<Polygon> polygon = CloneOf(*GeographicPolygon());
   WarnBeyondPole(*polygon);
-  if (HasLobes(*polygon)) Warn(MeasureWarning::SignedLobes);
+  const bool lobes = geodesy::HasLobes(*polygon), wide = geodesy::HasWideRing(*polygon);
+  if (lobes) Warn(MeasureWarning::SignedLobes);
   if (!HasArea(*polygon)) {
     spherical_area_ = 0.0;
     return;
   }
-  if (HasWideRing(*polygon)) Warn(MeasureWarning::WideRing);
+  if (wide) Warn(MeasureWarning::WideRing);
   ++work_.AreaPasses;
   spherical_area_ =
       geodesy::SphericalPolygonArea2(polygon, true, centroid_.x, centroid_.y, settings_.SemiMajor, settings_.SemiMinor);
+  if (spherical_area_ <= 0.0 && !lobes && !wide) Warn(MeasureWarning::TurnedRing);
 }
 
 // The signs tell whether the centroid is known. One to the west or south fails the test and is found a second time, to
@@ -191,7 +180,7 @@ void PolygonRecord::FindCentroid() {
 }
 
 void PolygonRecord::WarnOfPlanarLobes() {
-  if (!looked_for_lobes_ && HasLobes(*shape_)) Warn(MeasureWarning::PlanarLobes);
+  if (!looked_for_lobes_ && geodesy::HasLobes(*shape_)) Warn(MeasureWarning::PlanarLobes);
   looked_for_lobes_ = true;
 }
 

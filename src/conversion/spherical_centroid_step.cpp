@@ -1,19 +1,40 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // Centres on the curved body, in degrees of longitude and latitude.
+#include <algorithm>
+#include <cmath>
+#include <span>
+
 #include "conversion/point_output.h"
 #include "conversion/steps.h"
 #include "geodesy/MyGeometricOperations.h"
+#include "geodesy/odd_shapes.h"
 
 namespace tessarine {
 namespace {
 
 namespace geodesy = MyGeometricOperations;
 
-constexpr std::string_view kTooWide =
-    "Polygons with rings more than 180 degrees of longitude wide have no spherical centroid where their spherical area "
-    "comes out as 0 or less.";
+constexpr std::string_view kNotAboveZero =
+    "Polygons whose spherical area comes out as 0 or less have no spherical centroid: their rings are more than 180 "
+    "degrees of longitude wide, or run otherwise on the sphere than on the map.";
+constexpr std::string_view kNoLength = "Lines without length have no middle.";
+constexpr std::string_view kBeyondPole = "A latitude lies beyond a pole: the point is that of some other place.";
+constexpr std::string_view kLobes =
+    "A ring crosses itself: its lobes count by the way they run, so that the point may lie outside of them.";
 // The minor axis that the lengths of a polyline's segments are measured with.
 constexpr double kSegmentSemiMinor = 6356752.31424518;
+
+constexpr double kTurn = 360.0;
+
+// Whether the line goes anywhere: a whole turn of longitude doesn't.
+bool HasLength(const Polyline& line) {
+  return std::ranges::any_of(line.Parts(), [](const auto& part) {
+    const std::span<const XY> vertices = part->Vertices();
+    return std::ranges::any_of(vertices, [&](XY vertex) {
+      return vertex.y != vertices.front().y || std::remainder(vertex.x - vertices.front().x, kTurn) != 0.0;
+    });
+  });
+}
 
 class SphericalCentroidStep final : public ConversionStep {
  public:
@@ -32,9 +53,12 @@ class SphericalCentroidStep final : public ConversionStep {
     }
     shape->SetSpatialReference(reference_);
     geodesy::BringToDegrees(*shape);
+    if (geodesy::LiesBeyondPole(*shape)) sink.Warn(kBeyondPole);
+    const auto polygon = Cast<Polygon>(shape);
+    if (polygon && geodesy::HasLobes(*polygon)) sink.Warn(kLobes);
     const std::shared_ptr<Point> center = CenterOf(shape);
-    if (!center && input_ == esriGeometryPolygon)
-      return sink.Skip(Cast<Polygon>(shape)->HasArea() ? kTooWide : kNoArea);
+    if (!center && polygon) return sink.Skip(polygon->HasArea() ? kNotAboveZero : kNoArea);
+    if (!center && input_ == esriGeometryPolyline) return sink.Skip(kNoLength);
     Require(center, "IPoint");
     if (center->IsEmpty()) Raise(kObjectNotSet, "The centre of the feature can't be computed.");
     const XY degrees = center->Coordinates();
@@ -71,6 +95,7 @@ class SphericalCentroidStep final : public ConversionStep {
   // The axes stand one place too early: the length of the line goes to the major axis, and the segments are measured
   // with the minor axis as the major one. Results that are compared over the years depend on it.
   [[nodiscard]] std::shared_ptr<Point> LineCenter(const std::shared_ptr<Polyline>& line) {
+    if (!HasLength(*line)) return nullptr;
     double position = 0.5;
     return geodesy::SpheroidalPolylineMidpoint2(line, position, true, semi_major_, semi_minor_, kSegmentSemiMinor);
   }

@@ -2,6 +2,7 @@
 // The copy of a shape with every vertex moved, for the routines that change coordinates and nothing else.
 #pragma once
 
+#include "platform/fault.h"
 #include "platform/geometry.h"
 
 namespace tessarine::MyGeometricOperations {

@@ -299,5 +299,26 @@ TEST_F(Calculate, AKilledRunLeavesAFileWithAllRows) {
   EXPECT_EQ(row, 150000);
 }
 
+// Geodesics bow: the sides of a narrow ring may pass each other, so that it runs the other way round on the globe.
+// Areas by GeographicLib's Planimeter.
+TEST_F(Calculate, ASpheroidalAreaIsNeverBelowZero) {
+  WriteFile(In("narrow.geojson"), R"({"type":"FeatureCollection","features":[
+    {"type":"Feature","properties":{"n":1},"geometry":{"type":"Polygon","coordinates":[[[0,50],[0.5,50.001],[1,50],[0,50]]]}},
+    {"type":"Feature","properties":{"n":2},"geometry":{"type":"Polygon","coordinates":
+      [[[-130,30],[-90,30],[-90,60],[-130,60],[-130,30]],[[-122,49],[-95,49],[-110,49.01],[-122,49]]]}}]})");
+  ASSERT_EQ(RunTessarine({"calculate", In("narrow.geojson"), "-m", "Spheroidal Area=spd", "-m", "Sph. Area=sph", "-q",
+                          "-o", In("o.gpkg"), "-r", In("r.json")})
+                .status,
+            0);
+  GDALAllRegister();
+  const GDALDatasetUniquePtr data(GDALDataset::Open(In("o.gpkg").c_str(), GDAL_OF_VECTOR));
+  std::vector<double> areas;
+  for (const auto& row : *data->GetLayer(0)) areas.push_back(row->GetFieldAsDouble("spd"));
+  ASSERT_EQ(areas.size(), 2U);
+  EXPECT_NEAR(areas[0], 308059.5, 0.1);
+  EXPECT_NEAR(areas[1], 10194591868153.8 - 84935344956.7, 1.0);
+  EXPECT_THAT(ReadFile(In("r.json")), HasSubstr("spherical area of a polygon isn't above 0"));
+}
+
 }  // namespace
 }  // namespace tessarine::testing

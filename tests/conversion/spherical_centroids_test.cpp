@@ -95,6 +95,21 @@ TEST_F(SphericalCentroidsTest, OfAGlobeThereIsNone) {
   EXPECT_THAT(host.journal.warnings[0].text, HasSubstr("more than 180 degrees of longitude wide"));
 }
 
+// What has no place is skipped and told; what may be told wrong is told with its place.
+TEST_F(SphericalCentroidsTest, OfOddShapesAreSkippedOrTold) {
+  const auto lines =
+      Layer("lines",
+            {Feature(Shape("LineString", "[[3,3],[3,3]]")), Feature(Shape("LineString", "[[-180,10],[180,10]]")),
+             Feature(Shape("LineString", "[[0,0],[0,100]]"))},
+            "4326");
+  Run(ConvertToSphericalCentroid, lines);
+  EXPECT_EQ(Rows().size(), 1U);
+  EXPECT_EQ(host.journal.skipped_oids.size(), 2U);
+  ASSERT_EQ(host.journal.warnings.size(), 2U);
+  EXPECT_THAT(host.journal.warnings[0].text, HasSubstr("without length"));
+  EXPECT_THAT(host.journal.warnings[1].text, HasSubstr("beyond a pole"));
+}
+
 TEST_F(SphericalCentroidsTest, OfLinesOnTheEquatorIsTheirMiddle) {
   const auto layer = Layer("lines", {Feature(Shape("LineString", "[[10,0],[12,0],[20,0]]"))}, "4326");
   Run(ConvertToSphericalCentroid, layer);

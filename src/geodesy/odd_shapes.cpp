@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "geodesy/odd_shapes.h"
+
+#include <algorithm>
+
+namespace tessarine::MyGeometricOperations {
+namespace {
+
+constexpr double kPole = 90.0 + 1e-9;
+constexpr double kHalfTurn = 180.0;
+
+}  // namespace
+
+bool LiesBeyondPole(const IGeometry& degrees) {
+  if (degrees.IsEmpty()) return false;
+  const Envelope extent = degrees.Envelope();
+  return extent.YMin() < -kPole || extent.YMax() > kPole;
+}
+
+bool HasWideRing(const Polygon& polygon) {
+  return std::ranges::any_of(polygon.Parts(), [](const auto& part) { return part->Envelope().Width() > kHalfTurn; });
+}
+
+bool HasLobes(const Polygon& polygon) {
+  if (polygon.IsKnownSimple() || (polygon.GeometryCount() == 1 && polygon.IsSimple())) return false;
+  const std::shared_ptr<GeometryBag> components = polygon.ConnectedComponentBag();
+  for (std::int32_t index = 0; index < components->GeometryCount(); ++index) {
+    const auto component = Cast<Polygon>(components->Geometry(index));
+    if (component->IsSimple()) continue;
+    component->Simplify();
+    if (component->ExteriorRingCount() > 1) return true;
+  }
+  return false;
+}
+
+}  // namespace tessarine::MyGeometricOperations
