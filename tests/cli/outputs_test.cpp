@@ -14,10 +14,12 @@ namespace tessarine::testing {
 namespace {
 
 namespace fs = std::filesystem;
+using ::testing::AllOf;
 using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
+using ::testing::Not;
 
 struct ToolRow {
   const char* name;
@@ -371,8 +373,13 @@ TEST_F(Outputs, ATableOfAServerIsMadeInOneStep) {
   ASSERT_EQ(Centroids(table, {"--overwrite"}).status, 0);
   EXPECT_EQ(CountOf(server, "tessarine_centroids"), 177);
   EXPECT_EQ(Centroids(table).status, 2);
+  // A server that asks for none takes any password.
+  const ProgramOutcome secret =
+      Centroids("PG:password=geheim " + std::string(connection) + ":public.tessarine_centroids");
+  EXPECT_EQ(secret.status, 2);
+  EXPECT_THAT(secret.out + secret.err, AllOf(HasSubstr("password=***"), Not(HasSubstr("geheim"))));
   EXPECT_EQ(Centroids(table, {"-n", "--overwrite"}).status, 0);
-  EXPECT_EQ(Centroids(server + ":nowhere.centroids").status, 2);
+  EXPECT_NE(Centroids(server + ":nowhere.centroids").status, 0);
   const ProgramOutcome itself = RunTessarine({"wrap", table, "--range", "360", "-q", "--overwrite", "-o", table});
   EXPECT_EQ(itself.status, 2);
   EXPECT_THAT(itself.err, HasSubstr("is read by this run"));
