@@ -209,7 +209,7 @@ void frmBuildParams::cmdOK_Click() {
       return;
     }
     const std::shared_ptr<IFeatureLayer> layer = LayerAt(layers_, lbxLayers.ListIndex());
-    extension_->NewShapefileLocation = txtOutput.Text();
+    extension_->NewShapefileLocation = ChosenPath(txtOutput.Text(), output_);
     RememberOutput(output_, *extension_);
     extension_->SelectedLayer = Require(layer, "layer");
     extension_->AnalysisRecordCount =

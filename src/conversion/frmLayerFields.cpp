@@ -180,7 +180,7 @@ void frmLayerFields::cmdOK_Click() {
       return;
     }
     const std::shared_ptr<IFeatureLayer> layer = CurrentLayer();
-    extension_->NewShapefileLocation = txtOutput.Text();
+    extension_->NewShapefileLocation = ChosenPath(txtOutput.Text(), output_);
     extension_->SelectedLayer = Require(layer, "layer");
     extension_->SelectedFields = SelectedFieldsOf(lbxFields, fields_);
     RememberOutput(output_, *extension_);

@@ -190,13 +190,11 @@ std::string RunConversion(RunContext& context, const ConversionRun& run, const s
       const bool finished =
           UnlessStopped([&] { return ConvertFeatures(run, step_context, input, writer, progress, facts, journal); });
       writer.Close();
+      journal.stopped = !finished;
       PublishOutput(context, *output, request);
       CheckRowsWritten(journal, *output);
       tell_faults();
-      if (!finished) {
-        journal.stopped = true;
-        return StoppedReport(run, facts, journal);
-      }
+      if (!finished) return StoppedReport(run, facts, journal);
     }
     AddResultLayer(context, output, output->Name(), *document);
     document->UpdateContents();

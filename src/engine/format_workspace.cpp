@@ -307,4 +307,13 @@ std::shared_ptr<IWorkspaceFactory> CreateFormatWorkspaceFactory(const Format& fo
   return std::make_shared<FormatFactory>(format);
 }
 
+void CreateGeoPackage(const std::string& native_path) {
+  const fs::path path = fs::absolute(native_path);
+  if (fs::exists(path)) RaiseEngineFault("'" + native_path + "' exists already: name another GeoPackage.");
+  RequireWritableFolder(path.parent_path().string());
+  StagedOutput staged(path, StagedOutput::Begin::Empty);
+  (void)OpenTarget(*FormatOfPath(".gpkg"), staged.Path(), path);
+  staged.Publish(StagedOutput::Standing::Keep);
+}
+
 }  // namespace tessarine

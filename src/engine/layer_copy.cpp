@@ -259,6 +259,25 @@ class Copier {
   std::vector<std::string> names_, worked_names_;  // of the source's attributes
 };
 
+// A GeoPackage without layers opens for writing alone.
+DatasetHandle OpenContainer(const OutputPlace& place) {
+  try {
+    return OpenDataset(place.container, false);
+  } catch (const Fault&) {
+    if (place.format->driver != "GPKG") throw;
+    const auto quietly = [&]() -> DatasetHandle {
+      try {
+        return OpenDataset(place.container, true);
+      } catch (const Fault&) {
+        return {};
+      }
+    };
+    DatasetHandle empty = quietly();
+    if (!empty || empty->GetLayerCount() > 0) throw;
+    return empty;
+  }
+}
+
 }  // namespace
 
 bool Stands(const OutputPlace& place) {
@@ -268,7 +287,7 @@ bool Stands(const OutputPlace& place) {
     return !place.Files().empty();
   }
   if (!place.format->server && !fs::exists(place.container)) return false;
-  const DatasetHandle dataset = OpenDataset(place.container, false);
+  const DatasetHandle dataset = OpenContainer(place);
   for (int index = 0; index < dataset->GetLayerCount(); ++index) {
     if (EqualsIgnoringCase(dataset->GetLayer(index)->GetName(), place.ClassName())) return true;
   }

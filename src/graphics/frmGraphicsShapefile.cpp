@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "graphics/frmGraphicsShapefile.h"
 
+#include "outputs/formats.h"
 #include "platform/host.h"
 #include "platform/text_formats.h"
 #include "platform/trap.h"
@@ -122,6 +123,13 @@ void frmGraphicsShapefile::ShowOutput(const OutputChoice& choice) {
 
 OutputChoice frmGraphicsShapefile::TypedPlace() const {
   OutputChoice place = output_;
+  const Format* format = FormatOfKind(place.Kind);
+  if (format != nullptr && !format->HasOwnWorkspace()) {
+    if (txtOutput.Text() == place.FullPath()) return place;
+    // What the box names is the kind, until it names another.
+    place.Kind = kShapefile;
+  }
+  if (FollowNamedFormat(txtOutput.Text(), place)) return place;
   place.Directory = WithoutTrailingSlash(aml_func_mod::ReturnDir(txtOutput.Text()));
   place.Name = aml_func_mod::ReturnFilename(txtOutput.Text());
   // A feature dataset is a part of the path that no workspace knows.

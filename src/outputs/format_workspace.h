@@ -41,4 +41,7 @@ class IPlannedClass : public virtual Object {
 /// container the container, which need not be there. Made by the engine.
 [[nodiscard]] std::shared_ptr<IWorkspaceFactory> CreateFormatWorkspaceFactory(const Format& format);
 
+/// Makes an empty GeoPackage. Fault where something stands there, or nothing can be written.
+void CreateGeoPackage(const std::string& native_path);
+
 }  // namespace tessarine

@@ -6,6 +6,7 @@
 #include <deque>
 #include <vector>
 
+#include "outputs/temporary_layers.h"
 #include "platform/text_formats.h"
 
 namespace tessarine {
@@ -253,6 +254,7 @@ template <class Test>
 const Format* Find(Test&& test) {
   const auto found = std::ranges::find_if(kFormats, test);
   if (found != kFormats.end()) return &*found;
+  if (const Format* temporary = TemporaryLayers(); temporary != nullptr && test(*temporary)) return temporary;
   const auto added = std::ranges::find_if(AddedFormats(), test);
   return added == AddedFormats().end() ? nullptr : &*added;
 }

@@ -225,6 +225,7 @@ void FollowTypedOutput(const std::string& text, OutputChoice& choice) {
   choice.Name = aml_func_mod::ReturnFilename(text);
   if (choice.IsFeatureDataset && EqualsIgnoringCase(folder, choice.Directory + "\\" + choice.FeatureDatasetName))
     return;
+  if (FollowNamedFormat(text, choice)) return;
   choice.Directory = folder;
   choice.IsFeatureDataset = false;
   choice.FeatureDatasetName.clear();

@@ -180,9 +180,9 @@ std::string RunBody(RunContext& context, const FeatureRewrite& run, const std::s
 
   facts.stopped = !RewriteAll(journal, run, *input, output, progress, facts);
   if (!facts.stopped) RequireRecords(journal, announced, run.layer->Name());
+  journal.stopped = facts.stopped;
   PublishOutput(context, *output, request);
   CheckRowsWritten(journal, *output);
-  journal.stopped = facts.stopped;
   facts.stopped ? progress.Stop() : progress.Finish();
   ShowResult(context, output, facts.stopped, document);
   scope.End();

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "support/output_chooser.h"
 
+#include <filesystem>
 #include <string_view>
 
 #include "outputs/output_place.h"
+#include "outputs/temporary_layers.h"
 #include "platform/host.h"
 #include "platform/paths.h"
 #include "platform/text_formats.h"
@@ -27,6 +29,34 @@ std::shared_ptr<IFeatureWorkspace> OpenGeodatabase(OutputKind kind, const std::s
   return Require(FactoryOfKind(kind), "factory")->OpenFromFile(path, 0);
 }
 
+// A kind that dialogs haven't always offered.
+const Format* NamedFormat(std::int32_t kind) {
+  const Format* format = FormatOfKind(kind);
+  return format == nullptr || format->HasOwnWorkspace() ? nullptr : format;
+}
+
+const Format* NamedFormatOfPath(const std::string& path) {
+  const Format* format = FormatOfPath(path);
+  return format == nullptr || format->HasOwnWorkspace() || !format->writable ? nullptr : format;
+}
+
+// The container that a layer's folder is; null for folders of the disk, whatever they are called.
+const Format* ContainerAround(const std::string& folder) {
+  const Format* format = NamedFormatOfPath(folder);
+  if (format == nullptr || !format->container) return nullptr;
+  if (format->server) return format == TemporaryLayers() && folder == format->ending ? format : nullptr;
+  std::error_code error;
+  return std::filesystem::is_directory(ToNativePath(folder), error) ? nullptr : format;
+}
+
+bool IsContainerPath(const std::string& path) {
+  const Format* format = FormatOfPath(path);
+  if (format == nullptr) return false;
+  return format->HasOwnWorkspace() ? format->container : ContainerAround(path) != nullptr;
+}
+
+std::string StemOf(const std::string& path) { return std::filesystem::path(ToNativePath(path)).stem().string(); }
+
 // The place that a confirmed browse dialog names.
 OutputChoice ChosenPlace(const IGxDialog& dialog, OutputKind kind) {
   OutputChoice chosen;
@@ -40,6 +70,7 @@ OutputChoice ChosenPlace(const IGxDialog& dialog, OutputKind kind) {
     chosen.IsFeatureDataset = true;
     chosen.FeatureDatasetName = dataset->Name();
   }
+  if (kind == kShapefile && FollowNamedFormat(chosen.FullPath(), chosen)) return chosen;
   if (FormatOfKind(kind)->feature_datasets) {
     if (EndsWithIgnoringCase(chosen.Name, ".shp")) chosen.Name.resize(chosen.Name.size() - 4);
     chosen.Name = ReplaceBadChars(chosen.Name, true, true, true, true);
@@ -85,7 +116,9 @@ OutputChoice RememberedPlace(const clsExtension& extension, const std::shared_pt
   place.IsFeatureDataset = extension.IsFeatureDataset;
   place.FeatureDatasetName = extension.FeatDatasetName;
   place.Kind = extension.DirectoryType.empty() ? kShapefile : KindOfDirectoryType(extension.DirectoryType);
-  if (!ExistFileDir(place.Directory) || place.Kind == kUnknownOutput) {
+  const Format* temporary = TemporaryLayers();
+  const bool there = (temporary != nullptr && place.Kind == temporary->kind) || ExistFileDir(place.Directory);
+  if (!there || place.Kind == kUnknownOutput) {
     place.Directory = ReturnDir(GetFullFileString(GetMxDocPath(application)));
     place.Kind = kShapefile;
   }
@@ -117,7 +150,25 @@ OutputChoice ProposeOutput(const clsExtension& extension, const std::shared_ptr<
   return ProposeName(RememberedPlace(extension, application), base_name);
 }
 
+bool FollowNamedFormat(const std::string& text, OutputChoice& choice) {
+  const std::string folder = WithoutTrailingSlash(ReturnDir(text));
+  const std::string name = ReturnFilename(text);
+  OutputChoice named{folder, name, kUnknownOutput, false, ""};
+  const Format* format = ContainerAround(folder);
+  if (format != nullptr) {
+    if (name.empty()) named.Name = StemOf(folder);
+  } else {
+    format = NamedFormatOfPath(name);
+    if (format == nullptr || format->server) return false;
+    if (format->container) named = {text, StemOf(name), kUnknownOutput, false, ""};
+  }
+  named.Kind = static_cast<OutputKind>(format->kind);
+  choice = std::move(named);
+  return true;
+}
+
 void FollowTypedPath(const std::string& text, OutputChoice& choice) {
+  if (FollowNamedFormat(text, choice)) return;
   choice.Directory = WithoutTrailingSlash(ReturnDir(text));
   choice.Name = ReturnFilename(text);
   if (EndsWithIgnoringCase(text, ".gdb")) {
@@ -161,22 +212,29 @@ bool BrowseForOutput(const std::string& text, OutputChoice& choice, AnyGeodataba
   return Browse(text, choice, {"Enter the name of your new Feature Class or Shapefile:", KindOfAnyPlace, ""});
 }
 
+std::string ChosenPath(const std::string& text, const OutputChoice& choice) {
+  return NamedFormat(choice.Kind) == nullptr ? text : choice.FullPath();
+}
+
 bool OutputWorkspaceExists(const std::string& text, const OutputChoice& choice) {
-  // A feature dataset is no folder: its place is the geodatabase.
-  const std::string directory = choice.IsFeatureDataset ? choice.Directory : WithoutTrailingSlash(ReturnDir(text));
   const Format* format = FormatOfKind(choice.Kind);
+  if (format != nullptr && format == TemporaryLayers()) return true;
+  const std::string path = ChosenPath(text, choice);
+  // A feature dataset is no folder: its place is the geodatabase.
+  const std::string directory = choice.IsFeatureDataset ? choice.Directory : WithoutTrailingSlash(ReturnDir(path));
   if (format == nullptr) return ExistFileDir(directory);
-  const OutputPlace place{format, ToNativePath(WithoutTrailingSlash(text.substr(0, text.rfind('\\')))), "",
-                          text.substr(text.rfind('\\') + 1)};
-  if (const auto problem = text.empty() ? std::nullopt : NameProblem(place)) {
+  const OutputPlace place{format, ToNativePath(WithoutTrailingSlash(path.substr(0, path.rfind('\\')))), "",
+                          path.substr(path.rfind('\\') + 1)};
+  if (const auto problem = path.empty() ? std::nullopt : NameProblem(place)) {
     Host().MessageBox().Show(*problem, "Failed to Create Feature Class:");
     return false;
   }
   // A shapefile in the folder of a geodatabase would be lost in it, and a class outside of any has no place.
-  const Format* around = FormatOfPath(directory);
-  const bool chosen = !format->HasOwnWorkspace() && EqualsIgnoringCase(directory, choice.Directory);
-  const bool fits = chosen || format->container == (around != nullptr && around->container);
-  if (fits && ExistFileDir(directory)) return true;
+  const bool chosen = !format->HasOwnWorkspace() && format->container;
+  const bool fits = chosen || format->container == IsContainerPath(directory);
+  // A container of one file is made with its first layer.
+  const bool can_be_made = chosen && ExistFileDir(WithoutTrailingSlash(ReturnDir(directory)));
+  if (fits && (ExistFileDir(directory) || can_be_made)) return true;
   Host().MessageBox().Show(
       "Unable to create Feature Class:\r\n" + ToNativePath(directory) + " is not a valid workspace...",
       "Failed to Create Feature Class:");

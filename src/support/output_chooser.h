@@ -38,8 +38,13 @@ struct OutputChoice {
 [[nodiscard]] OutputChoice ProposeOutput(const clsExtension& extension,
                                          const std::shared_ptr<IApplication>& application, std::string base_name);
 
-/// Takes over a path that was typed. The kind follows from the last four characters of the whole path, so a feature
-/// class typed into a geodatabase counts as a shapefile; only browsing names such places.
+/// Takes over a path that names a format beyond shapefiles and geodatabases, by the ending of its file or container; a
+/// container alone stands for a layer of its own name. False, and nothing changed, for every other path.
+[[nodiscard]] bool FollowNamedFormat(const std::string& text, OutputChoice& choice);
+
+/// Takes over a path that was typed. A format that it names is its kind, as `FollowNamedFormat` finds it. Else the
+/// kind follows from the last four characters of the whole path, so a feature class typed into a geodatabase counts as
+/// a shapefile; only browsing names such places.
 void FollowTypedPath(const std::string& text, OutputChoice& choice);
 
 /// Shows the browse dialog until the user picks a usable place or gives up. True when the choice changed.
@@ -50,7 +55,11 @@ struct AnyGeodatabasePlace {};
 inline constexpr AnyGeodatabasePlace kAnyGeodatabasePlace;
 [[nodiscard]] bool BrowseForOutput(const std::string& text, OutputChoice& choice, AnyGeodatabasePlace);
 
-/// True when the folder or geodatabase of the output exists; otherwise the user is told.
+/// The path that a run gets: the text as typed, or, for the formats beyond shapefiles and geodatabases, the choice's
+/// own.
+[[nodiscard]] std::string ChosenPath(const std::string& text, const OutputChoice& choice);
+
+/// True when the folder or geodatabase of the output exists, or the container can be made; otherwise the user is told.
 [[nodiscard]] bool OutputWorkspaceExists(const std::string& text, const OutputChoice& choice);
 
 /// Leaves kind, place and dataset in the extension, where the next dialog starts.

@@ -9,6 +9,7 @@
 #include "outputs/column_loss.h"
 #include "outputs/output_place.h"
 #include "outputs/staged_output.h"
+#include "outputs/temporary_layers.h"
 #include "platform/host.h"
 #include "platform/paths.h"
 #include "platform/text_formats.h"
@@ -73,7 +74,14 @@ std::optional<std::string> AskForPlace(RunContext& context, OutputRequest& reque
       request.feature_dataset = dataset->Name();
     }
   }
-  return location->Category();
+  OutputChoice named;
+  const bool in_folder = !request.is_feature_dataset && KindOfCategory(location->Category()) == kShapefile;
+  if (!in_folder || !FollowNamedFormat(WithoutTrailingSlash(request.directory) + "\\" + request.name, named)) {
+    return location->Category();
+  }
+  request.directory = named.Directory;
+  request.name = named.Name;
+  return DirectoryTypeText(named.Kind);
 }
 
 // The category of a place that the caller named; nothing, and the user told, for a kind that there is none of.
@@ -344,6 +352,10 @@ std::string OutputPath(const IFeatureClass& output, const OutputRequest& request
 }
 
 void PublishOutput(RunContext& context, IFeatureClass& output, const OutputRequest& request) {
+  const Format* temporary = TemporaryLayers();
+  if (context.journal.stopped && temporary != nullptr && request.kind == temporary->kind) {
+    Raise(kInvalidCall, "The run was stopped, and no temporary layer '" + output.Name() + "' is left of it.");
+  }
   if (auto* staged = dynamic_cast<IStagedDataset*>(&output)) {
     staged->Publish();
     if (const RunJournal* notes = staged->Notes()) context.journal.TakeNotes(*notes);

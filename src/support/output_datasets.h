@@ -53,7 +53,8 @@ std::string NotePlan(RunContext& context, const OutputPlan& plan);
 /// Gives up the class of a run that failed, unless it was published; the journal tells the rows that are left.
 void DiscardUnpublished(RunContext& context, const std::shared_ptr<IFeatureClass>& output);
 
-/// Puts the new class in its place and tells the journal. All cursors on it must be closed.
+/// Puts the new class in its place and tells the journal. All cursors on it must be closed. Of a run that was stopped,
+/// as the journal has it, a file keeps what was written; a temporary layer raises a fault.
 void PublishOutput(RunContext& context, IFeatureClass& output, const OutputRequest& request);
 
 /// The backslash path of the class that was made: its dataset is a part of it.

@@ -6,6 +6,7 @@
 
 #include "outputs/format_workspace.h"
 #include "outputs/formats.h"
+#include "outputs/temporary_layers.h"
 
 namespace tessarine::MyGeneralOperations {
 namespace {
@@ -61,7 +62,8 @@ std::shared_ptr<IWorkspaceFactory> FactoryOfKind(std::int32_t kind) {
   const auto row = std::ranges::find(kFactories, kind, &FactoryRow::kind);
   if (row != kFactories.end()) return row->make();
   const Format* format = FormatOfKind(kind);
-  return format == nullptr ? nullptr : CreateFormatWorkspaceFactory(*format);
+  if (format == nullptr) return nullptr;
+  return format == TemporaryLayers() ? CreateTemporaryWorkspaceFactory() : CreateFormatWorkspaceFactory(*format);
 }
 
 std::shared_ptr<IWorkspaceFactory> FactoryOfCategory(std::string_view category) {

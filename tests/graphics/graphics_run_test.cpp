@@ -258,6 +258,28 @@ TEST_F(GraphicsRun, EmptyClassesHaveTheirFields) {
   EXPECT_TRUE(document->Dirty());
 }
 
+TEST_F(GraphicsRun, ATypedPathOfAnotherFormatGivesThatFormat) {
+  struct Row {
+    const char *typed, *file, *driver, *layer;
+  };
+  for (const Row& row :
+       {Row{"p.geojson", "p.geojson", "GeoJSON", "p"}, Row{"store.gpkg", "store.gpkg", "GPKG", "store"},
+        Row{"store.gpkg\\more", "store.gpkg", "GPKG", "more"}, Row{"p", "p.shp", "ESRI Shapefile", "p"}}) {
+    frmGraphicsShapefile dialog;
+    Show<frmGraphicsShapefile>(dialog, [&](frmGraphicsShapefile& form) {
+      form.optPoint.SetValue(true);
+      // What was typed before leaves nothing behind.
+      form.txtOutput.SetText(folder.Path("other.fgb"));
+      form.txtOutput.SetText(folder.Path() + "\\" + row.typed);
+      form.cmdOK.Press();
+    });
+    const GDALDatasetUniquePtr dataset(GDALDataset::Open(folder.Native(row.file).c_str(), GDAL_OF_VECTOR));
+    ASSERT_TRUE(dataset) << row.typed;
+    EXPECT_STREQ(dataset->GetDriverName(), row.driver) << row.typed;
+    EXPECT_NE(dataset->GetLayerByName(row.layer), nullptr) << row.typed;
+  }
+}
+
 TEST_F(GraphicsRun, APlanWritesNothing) {
   host.plan_only = true;
   Add("marker", At(1, 2), "one");

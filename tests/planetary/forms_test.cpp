@@ -262,7 +262,9 @@ TEST(TypedOutput, TheFolderTellsTheKind) {
   };
   const Row rows[] = {
       {"C:\\data\\a", "C:\\data", "a.shp", 1, ""},
-      {"C:\\data\\a.tab", "C:\\data", "a.shp", 1, ""},
+      {"C:\\data\\a.txt", "C:\\data", "a.shp", 1, ""},
+      {"C:\\data\\a.geojson", "C:\\data", "a.geojson", 17, ""},
+      {"C:\\data\\a.gpkg\\b c", "C:\\data\\a.gpkg", "b c", 16, ""},
       {"C:\\data\\b.gdb\\a", "C:\\data\\b.gdb", "a", 2, ""},
       {"C:\\b.MDB\\a", "C:\\b.MDB", "a", 4, ""},
       {"C:\\x.gdb\\set\\n", "C:\\x.gdb", "n", 2, "set"},

@@ -7,6 +7,7 @@
 #include <qgsrenderer.h>
 #include <qgssinglesymbolrenderer.h>
 
+#include "hosts/qgis/temporary_layers.h"
 #include "hosts/qgis/values.h"
 #include "hosts/windows/qt_text.h"
 #include "platform/fault.h"
@@ -94,6 +95,12 @@ void VectorLayer::Attach(QgsVectorLayer& layer) {
 
 std::unique_ptr<QgsVectorLayer> VectorLayer::MakeShown() const {
   const auto dataset = Require(Cast<IDataset>(class_), "IDataset");
+  if (const auto temporary = Cast<ITemporaryClass>(class_)) {
+    std::unique_ptr<QgsVectorLayer> layer = temporary->TakeLayer();
+    if (!layer) Raise(kObjectNotSet, "The temporary layer '" + dataset->Name() + "' isn't made yet, or shown already.");
+    if (!name_.empty()) layer->setName(ToQt(name_));
+    return layer;
+  }
   QgsVectorLayer::LayerOptions options(QgsProject::instance()->transformContext());
   options.loadDefaultStyle = true;
   auto layer = std::make_unique<QgsVectorLayer>(SourceOf(*dataset), ToQt(name_.empty() ? dataset->Name() : name_),

@@ -58,6 +58,8 @@ std::size_t CheckedIndex(std::int32_t index, std::size_t count, const char* what
 void ReloadLayersOf(const QgsVectorLayer& added) {
   QgsProviderRegistry* providers = QgsProviderRegistry::instance();
   const QVariantMap place = providers->decodeUri(added.providerType(), added.source());
+  // What lies in no file is nobody else's.
+  if (place.value(QStringLiteral("path")).toString().isEmpty()) return;
   for (auto* layer : QgsProject::instance()->layers<QgsVectorLayer*>()) {
     if (layer->providerType() != added.providerType() || !layer->isValid()) continue;
     const QVariantMap other = providers->decodeUri(layer->providerType(), layer->source());

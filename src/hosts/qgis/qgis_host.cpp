@@ -2,9 +2,12 @@
 #include "hosts/qgis/qgis_host.h"
 
 #include <dlfcn.h>
+#include <qgsproject.h>
 
 #include <filesystem>
 
+#include "hosts/qgis/temporary_layers.h"
+#include "hosts/windows/qt_text.h"
 #include "platform/paths.h"
 
 namespace tessarine::qgis {
@@ -20,5 +23,13 @@ std::string PluginSystem::ProgramFolder() const {
   if (dladdr(&kHere, &library) == 0 || library.dli_fname == nullptr) return LocalOperatingSystem::ProgramFolder();
   return FromNativePath(std::filesystem::absolute(library.dli_fname).parent_path().string());
 }
+
+QgisHost::QgisHost(QWidget* main_window, std::string host_version) : WindowHost(main_window, std::move(host_version)) {
+  OfferTemporaryLayers(CreateMemoryWorkspaceFactory);
+}
+
+QgisHost::~QgisHost() { OfferTemporaryLayers(nullptr); }
+
+std::string QgisHost::ProjectFolder() const { return FromQt(QgsProject::instance()->absolutePath()); }
 
 }  // namespace tessarine::qgis

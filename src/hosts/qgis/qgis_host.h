@@ -16,7 +16,13 @@ class PluginSystem final : public LocalOperatingSystem {
 
 class QgisHost final : public WindowHost {
  public:
-  using WindowHost::WindowHost;
+  /// Offers temporary layers as outputs while it lives.
+  QgisHost(QWidget* main_window, std::string host_version);
+  ~QgisHost() override;
+  QgisHost(const QgisHost&) = delete;
+  QgisHost& operator=(const QgisHost&) = delete;
+
+  [[nodiscard]] std::string ProjectFolder() const override;
   IOperatingSystem& System() override { return system_; }
   std::shared_ptr<IFeatureLayer> CreateFeatureLayer() override { return std::make_shared<VectorLayer>(); }
   std::shared_ptr<ISimpleRenderer> CreateSimpleRenderer() override { return std::make_shared<SingleRenderer>(); }

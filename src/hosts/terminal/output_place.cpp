@@ -151,7 +151,9 @@ class OutputText {
     return named;
   }
 
-  static NamedOutput AsFile(const fs::path& path, const Format* format) {
+  static NamedOutput AsFile(fs::path path, const Format* format) {
+    // The ending of another format would name that one.
+    if (format->HasOwnWorkspace() && FormatOfPath(path.string()) != nullptr) path.replace_extension(format->ending);
     return {{format, path.parent_path().string(), "", path.filename().string()}, false};
   }
 
@@ -188,7 +190,7 @@ void RefuseBrokenContainer(const OutputPlace& place) {
   if (!place.InContainer() || (!place.format->server && !fs::exists(place.container))) return;
   try {
     if (place.format->server) return RequireWritableServer(place.container);
-    (void)DataSource::Open(place.container, false);
+    (void)Stands(place);
     if (!engine::IsPersonalGeodatabase(place.container)) return;
     engine::RequireWritableGeodatabase(place.container, engine::PersonalUse::NewClass);
   } catch (const Fault& fault) {

@@ -17,10 +17,14 @@
 #include <filesystem>
 
 #include "engine/data_source.h"
+#include "hosts/windows/browse_places.h"
+#include "hosts/windows/kind_box.h"
 #include "hosts/windows/message_box.h"
 #include "hosts/windows/pictures.h"
 #include "hosts/windows/pointer.h"
 #include "hosts/windows/qt_text.h"
+#include "outputs/format_workspace.h"
+#include "outputs/temporary_layers.h"
 #include "platform/paths.h"
 #include "platform/text_formats.h"
 
@@ -48,11 +52,13 @@ QIcon IconOf(const CatalogItem& item) {
       return style.standardIcon(QStyle::SP_DirIcon);
     case CatalogKind::FileGeodatabase:
     case CatalogKind::PersonalGeodatabase:
+    case CatalogKind::Container:
       return style.standardIcon(QStyle::SP_DriveHDIcon);
     case CatalogKind::FeatureDataset:
       return PictureOf(kLayers);
     case CatalogKind::Shapefile:
     case CatalogKind::FeatureClass:
+    case CatalogKind::LayerFile:
       return PictureOf(109);
     case CatalogKind::Table:
       return PictureOf(kTool);
@@ -76,13 +82,24 @@ BrowseDialog::BrowseDialog(const BrowseRequest& request, QWidget* parent)
       up_(new QPushButton(this)),
       new_folder_(new QPushButton(QStringLiteral("New &Folder"), this)),
       new_geodatabase_(new QPushButton(QStringLiteral("New &Geodatabase"), this)),
+      new_geopackage_(new QPushButton(QStringLiteral("New Geo&Package"), this)),
+      places_(new QListWidget(this)),
       list_(new QListWidget(this)),
+      name_label_(new QLabel(this)),
       name_(new QLineEdit(this)),
+      kind_label_(new QLabel(QStringLiteral("&Kind:"), this)),
+      kind_(new KindBox(this)),
       filter_(new QComboBox(this)),
       enter_(new QPushButton(this)) {
   Build();
   name_->setText(ToQt(LastPart(request_.name)));
-  for (const std::string& start : {request_.start, FromQt(QDir::homePath()), std::string("/")}) {
+  FollowName();
+  const Format* temporary = TemporaryLayers();
+  if (temporary != nullptr && request_.start == temporary->ending) kind_->PickTemporaryLayers();
+  // A container that isn't made yet lies in a folder.
+  const std::string above = fs::path(request_.start).parent_path().string();
+  for (const std::string& start :
+       {request_.start, above, request_.project_folder, FromQt(QDir::homePath()), std::string("/")}) {
     const auto container = FindContainer(start);
     if (!container) continue;
     LookIn(*container);
@@ -100,7 +117,9 @@ void BrowseDialog::Build() {
       {look_in_, "cbxLookIn"},       {up_, "cmdUp"},
       {new_folder_, "cmdNewFolder"}, {new_geodatabase_, "cmdNewGeodatabase"},
       {list_, "lbxItems"},           {name_, "txtName"},
-      {filter_, "cbxFilter"},        {enter_, "cmdEnter"}};
+      {filter_, "cbxFilter"},        {enter_, "cmdEnter"},
+      {places_, "lbxPlaces"},        {new_geopackage_, "cmdNewGeoPackage"},
+      {name_label_, "lblName"},      {kind_, "cbxKind"}};
   for (const auto& [widget, name] : names) widget->setObjectName(QLatin1String(name));
 
   look_in_->setEditable(true);
@@ -110,7 +129,8 @@ void BrowseDialog::Build() {
   up_->setToolTip(QStringLiteral("Up one level"));
   new_folder_->setVisible(request_.save);
   new_geodatabase_->setVisible(request_.save);
-  for (QPushButton* button : {up_, new_folder_, new_geodatabase_}) button->setAutoDefault(false);
+  new_geopackage_->setVisible(request_.save);
+  for (QPushButton* button : {up_, new_folder_, new_geodatabase_, new_geopackage_}) button->setAutoDefault(false);
   if (request_.multi_select && !request_.save) list_->setSelectionMode(QAbstractItemView::ExtendedSelection);
   if (request_.filters.empty()) request_.filters.push_back(GxFilter::FeatureClasses);
   for (const GxFilter filter : request_.filters) {
@@ -126,25 +146,34 @@ void BrowseDialog::Build() {
 
   auto* look_label = new QLabel(QStringLiteral("&Look in:"), this);
   look_label->setBuddy(look_in_);
-  auto* name_label = new QLabel(QStringLiteral("&Name:"), this);
-  name_label->setBuddy(name_);
+  name_label_->setText(QStringLiteral("&Name:"));
+  name_label_->setBuddy(name_);
+  kind_label_->setBuddy(kind_);
+  places_->setMaximumWidth(DialogUnits(font()).Size(80, 0).width());
+  places_->setAccessibleName(QStringLiteral("Places"));
+  FillPlaces();
   auto* filter_label = new QLabel(QStringLiteral("Show of &type:"), this);
   filter_label->setBuddy(filter_);
   auto* top = new QHBoxLayout;
   top->addWidget(look_in_, 1);
-  for (QPushButton* button : {up_, new_folder_, new_geodatabase_}) top->addWidget(button);
+  for (QPushButton* button : {up_, new_folder_, new_geodatabase_, new_geopackage_}) top->addWidget(button);
+  auto* middle = new QHBoxLayout;
+  middle->addWidget(places_);
+  middle->addWidget(list_, 1);
   auto* grid = new QGridLayout(this);
   grid->addWidget(look_label, 0, 0);
   grid->addLayout(top, 0, 1, 1, 2);
-  grid->addWidget(list_, 1, 0, 1, 3);
-  grid->addWidget(name_label, 2, 0);
+  grid->addLayout(middle, 1, 0, 1, 3);
+  grid->addWidget(name_label_, 2, 0);
   grid->addWidget(name_, 2, 1);
   grid->addWidget(enter_, 2, 2);
-  grid->addWidget(filter_label, 3, 0);
-  grid->addWidget(filter_, 3, 1);
-  grid->addWidget(cancel, 3, 2);
+  grid->addWidget(kind_label_, 3, 0);
+  grid->addWidget(kind_, 3, 1);
+  grid->addWidget(filter_label, 4, 0);
+  grid->addWidget(filter_, 4, 1);
+  grid->addWidget(cancel, 4, 2);
   grid->setColumnStretch(1, 1);
-  resize(DialogUnits(font()).Size(340, 210));
+  resize(DialogUnits(font()).Size(420, 230));
 
   connect(look_in_, QOverload<int>::of(&QComboBox::activated), this,
           [this](int index) { GoTo(look_in_->itemData(index).toString()); });
@@ -152,9 +181,18 @@ void BrowseDialog::Build() {
   connect(up_, &QPushButton::clicked, this, [this] { GoUp(); });
   connect(new_folder_, &QPushButton::clicked, this, [this] { MakeFolder(); });
   connect(new_geodatabase_, &QPushButton::clicked, this, [this] { MakeGeodatabase(); });
+  connect(new_geopackage_, &QPushButton::clicked, this, [this] { MakeGeoPackage(); });
+  const auto visit = [this](const QListWidgetItem* place) { GoTo(place->data(Qt::UserRole).toString()); };
+  connect(places_, &QListWidget::itemClicked, this, visit);
+  connect(places_, &QListWidget::itemActivated, this, visit);
+  connect(name_, &QLineEdit::textEdited, this, [this] { FollowName(); });
+  connect(kind_, QOverload<int>::of(&QComboBox::activated), this, [this] { PickKind(); });
   connect(list_, &QListWidget::itemSelectionChanged, this, [this] { TakeSelection(); });
   connect(list_, &QListWidget::itemActivated, this, [this](QListWidgetItem* item) { Activate(list_->row(item)); });
-  connect(filter_, QOverload<int>::of(&QComboBox::activated), this, [this] { FillList(); });
+  connect(filter_, QOverload<int>::of(&QComboBox::activated), this, [this] {
+    FillList();
+    ShowKinds();
+  });
   connect(enter_, &QPushButton::clicked, this, [this] { Confirm(); });
   connect(cancel, &QPushButton::clicked, this, [this] { reject(); });
 }
@@ -169,6 +207,40 @@ void BrowseDialog::LookIn(const CatalogItem& container) {
   FillList();
   new_folder_->setEnabled(container.kind == CatalogKind::Folder);
   new_geodatabase_->setEnabled(container.kind == CatalogKind::Folder);
+  new_geopackage_->setEnabled(container.kind == CatalogKind::Folder);
+  ShowKinds();
+  const bool layers = container.kind == CatalogKind::Container;
+  name_label_->setText(layers ? QStringLiteral("Layer &name:") : QStringLiteral("&Name:"));
+  // A layer's name has no ending.
+  if (request_.save && layers) name_->setText(ToQt(kind_->WithoutEnding(FromQt(name_->text()))));
+}
+
+// Only what is named in a folder has a choice of kinds.
+void BrowseDialog::ShowKinds() {
+  kind_label_->setVisible(NamesInFolder());
+  kind_->setVisible(NamesInFolder());
+}
+
+void BrowseDialog::FillPlaces() {
+  for (const SidePlace& place : SidePlaces(request_.project_folder)) {
+    auto* line = new QListWidgetItem(style()->standardIcon(QStyle::SP_DirIcon), ToQt(place.caption), places_);
+    line->setToolTip(ToQt(place.path));
+    line->setData(Qt::UserRole, ToQt(place.path));
+  }
+}
+
+bool BrowseDialog::NamesInFolder() const {
+  return request_.save && location_.kind == CatalogKind::Folder && Filter() == GxFilter::FeatureClasses;
+}
+
+void BrowseDialog::PickKind() { name_->setText(ToQt(kind_->NameOfKind(FromQt(name_->text().trimmed())))); }
+
+void BrowseDialog::FollowName() { kind_->FollowName(FromQt(name_->text().trimmed())); }
+
+CatalogItem BrowseDialog::Location() const {
+  if (!NamesInFolder() || !kind_->PicksTemporaryLayers()) return location_;
+  const std::string place(TemporaryLayers()->ending);
+  return {CatalogKind::Container, place, "", place};
 }
 
 void BrowseDialog::ShowAncestors() {
@@ -223,7 +295,9 @@ void BrowseDialog::TakeSelection() {
     const CatalogItem& item = items_[static_cast<std::size_t>(list_->row(line))];
     if (!item.IsContainer()) names << ToQt(item.name);
   }
-  if (!names.isEmpty()) name_->setText(names.join(QStringLiteral("; ")));
+  if (names.isEmpty()) return;
+  name_->setText(names.join(QStringLiteral("; ")));
+  FollowName();
 }
 
 // A name that is a path leads to its place first.
@@ -269,7 +343,7 @@ bool BrowseDialog::TakeNamedData() {
 // Return has led to a place already where these have the focus, and confirms nothing there.
 void BrowseDialog::keyPressEvent(QKeyEvent* event) {
   const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-  if (enter && (focusWidget() == look_in_ || focusWidget() == list_)) return;
+  if (enter && (focusWidget() == look_in_ || focusWidget() == list_ || focusWidget() == places_)) return;
   QDialog::keyPressEvent(event);
 }
 
@@ -282,7 +356,9 @@ void BrowseDialog::Confirm() {
       return;
     }
   }
-  if (!FollowTypedPath()) return;
+  // The name of a layer in memory is no path.
+  const bool in_memory = NamesInFolder() && kind_->PicksTemporaryLayers();
+  if (!in_memory && !FollowTypedPath()) return;
   if (name_->text().trimmed().isEmpty()) {
     name_->setFocus();
     return;
@@ -291,10 +367,8 @@ void BrowseDialog::Confirm() {
 }
 
 std::string BrowseDialog::Name() const {
-  std::string name = FromQt(name_->text().trimmed());
-  const bool shapefile = request_.save && location_.kind == CatalogKind::Folder && Filter() == GxFilter::FeatureClasses;
-  if (shapefile && !EndsWithIgnoringCase(name, ".shp")) name += ".shp";
-  return name;
+  const std::string name = FromQt(name_->text().trimmed());
+  return NamesInFolder() ? kind_->WithEnding(name) : name;
 }
 
 void BrowseDialog::MakeFolder() {
@@ -326,6 +400,21 @@ void BrowseDialog::MakeGeodatabase() {
   GoTo(ToQt(path.string()));
 }
 
+void BrowseDialog::MakeGeoPackage() {
+  const QString name = QInputDialog::getText(this, QStringLiteral("New GeoPackage"), QStringLiteral("Name:"));
+  if (name.trimmed().isEmpty()) return;
+  std::string file = FromQt(name.trimmed());
+  if (!EndsWithIgnoringCase(file, ".gpkg")) file += ".gpkg";
+  const fs::path path = fs::path(location_.path) / file;
+  try {
+    CreateGeoPackage(path.string());
+  } catch (const Fault& fault) {
+    Refuse(ToQt(fault.Description()));
+    return;
+  }
+  GoTo(ToQt(path.string()));
+}
+
 void BrowseDialog::Refuse(const QString& text) {
   ShowMessageBox(this, FromQt(text), FromQt(windowTitle()), MessageButtons::Ok, MessageIcon::Exclamation);
 }
@@ -346,7 +435,9 @@ bool WindowGxDialog::Run(bool save, std::vector<CatalogItem>& chosen) {
   }
   BrowseDialog dialog(request_, forms_.DialogParent());
   if (dialog.exec() != QDialog::Accepted) return false;
-  location_ = ToGxObject(dialog.Location());
+  const CatalogItem location = dialog.Location();
+  location_ = ToGxObject(location);
+  if (const auto place = FindContainer(location.DisplayPath())) NoteRecentPlace(place->DisplayPath());
   request_.name = dialog.Name();
   chosen = dialog.Chosen();
   return true;

@@ -10,11 +10,14 @@
 #include "hosts/windows/window_forms.h"
 
 class QComboBox;
+class QLabel;
 class QLineEdit;
 class QListWidget;
 class QPushButton;
 
 namespace tessarine {
+
+class KindBox;
 
 /// What a browse dialog is asked for, and what it answers.
 struct BrowseRequest {
@@ -23,18 +26,19 @@ struct BrowseRequest {
   std::vector<GxFilter> filters;
   std::size_t default_filter = 0;
   std::string title, button;
-  std::string start;  ///< a native path
+  std::string start;           ///< a native path
+  std::string project_folder;  ///< the same, empty where there is none
   std::string name;
 };
 
-/// Its widgets are "cbxLookIn", "cmdUp", "cmdNewFolder", "cmdNewGeodatabase", "lbxItems", "txtName", "cbxFilter",
-/// "cmdEnter" and "cmdCancel".
+/// Its widgets are "cbxLookIn", "cmdUp", "cmdNewFolder", "cmdNewGeodatabase", "cmdNewGeoPackage", "lbxPlaces",
+/// "lbxItems", "lblName", "txtName", "cbxKind", "cbxFilter", "cmdEnter" and "cmdCancel".
 class BrowseDialog final : public QDialog {
  public:
   BrowseDialog(const BrowseRequest& request, QWidget* parent);
 
-  /// The container that was open at the end, and the name typed there.
-  [[nodiscard]] const CatalogItem& Location() const { return location_; }
+  /// The container that was open at the end, or what stands for layers in memory, and the name typed there.
+  [[nodiscard]] CatalogItem Location() const;
   [[nodiscard]] std::string Name() const;
   /// The chosen data, when it was asked for.
   [[nodiscard]] const std::vector<CatalogItem>& Chosen() const { return chosen_; }
@@ -56,6 +60,12 @@ class BrowseDialog final : public QDialog {
   bool TakeNamedData();
   void MakeFolder();
   void MakeGeodatabase();
+  void MakeGeoPackage();
+  void FillPlaces();
+  void ShowKinds();
+  void PickKind();
+  void FollowName();
+  [[nodiscard]] bool NamesInFolder() const;
   void Refuse(const QString& text);
   [[nodiscard]] GxFilter Filter() const;
 
@@ -67,8 +77,13 @@ class BrowseDialog final : public QDialog {
   QPushButton* up_;
   QPushButton* new_folder_;
   QPushButton* new_geodatabase_;
+  QPushButton* new_geopackage_;
+  QListWidget* places_;
   QListWidget* list_;
+  QLabel* name_label_;
   QLineEdit* name_;
+  QLabel* kind_label_;
+  KindBox* kind_;
   QComboBox* filter_;
   QPushButton* enter_;
 };
@@ -76,7 +91,10 @@ class BrowseDialog final : public QDialog {
 /// The dialog as the suite asks for it.
 class WindowGxDialog final : public IGxDialog {
  public:
-  explicit WindowGxDialog(WindowForms& forms) : forms_(forms) {}
+  /// The folder of the project, a native path, is offered at the side.
+  WindowGxDialog(WindowForms& forms, const std::string& project_folder) : forms_(forms) {
+    request_.project_folder = project_folder;
+  }
   void AddFilter(GxFilter filter, bool is_default) override;
   void SetAllowMultiSelect(bool allow) override { request_.multi_select = allow; }
   void SetTitle(const std::string& title) override { request_.title = title; }

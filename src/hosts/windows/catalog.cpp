@@ -5,7 +5,9 @@
 #include <ogrsf_frmts.h>
 
 #include <algorithm>
+#include <array>
 #include <filesystem>
+#include <fstream>
 
 #include "engine/data_source.h"
 #include "engine/personal_geodatabase_dataset.h"
@@ -25,6 +27,24 @@ bool IsIn(const std::string& path, std::string_view ending) { return EndsWithIgn
 const Format* GeodatabaseFormat(const std::string& path) {
   const Format* format = FormatOfPath(path);
   return format != nullptr && format->feature_datasets ? format : nullptr;
+}
+
+// A container of another format, which is one file; null for whatever is none. Endings such as ".db" say little: the
+// file must be a database.
+const Format* ContainerFormat(const fs::path& path) {
+  constexpr std::string_view kBeginning = "SQLite format 3";
+  const Format* format = FormatOfPath(path.string());
+  if (format == nullptr || format->HasOwnWorkspace() || !format->container || format->server) return nullptr;
+  std::array<char, kBeginning.size()> bytes{};
+  std::ifstream file(path, std::ios::binary);
+  file.read(bytes.data(), bytes.size());
+  return std::ranges::equal(bytes, kBeginning) ? format : nullptr;
+}
+
+// A format whose file is one layer; null for shapefiles and for whatever is none.
+const Format* LayerFileFormat(const std::string& path) {
+  const Format* format = FormatOfPath(path);
+  return format == nullptr || format->HasOwnWorkspace() || format->container ? nullptr : format;
 }
 
 CatalogKind KindOfGeodatabase(const Format& format) {
@@ -69,6 +89,10 @@ void ListFolder(const fs::path& folder, GxFilter filter, std::vector<CatalogItem
     }
     const Format* geodatabase = GeodatabaseFormat(name);
     if (geodatabase != nullptr && !geodatabase->folder) items.push_back(PlaceAt(KindOfGeodatabase(*geodatabase), path));
+    if (ContainerFormat(path) != nullptr) items.push_back(PlaceAt(CatalogKind::Container, path));
+    if (filter == GxFilter::FeatureClasses && LayerFileFormat(name) != nullptr) {
+      items.push_back({CatalogKind::LayerFile, path.string(), "", name});
+    }
     for (const FileRow& row : kFiles) {
       if (row.filter == filter && IsIn(name, row.ending) && !BelongsToShapefile(path)) {
         items.push_back({row.kind, path.string(), "", name});
@@ -168,6 +192,7 @@ class GxDatasetItem final : public GxItem, public IGxDataset {
       case CatalogKind::FeatureClass:
         return DataSource::Open(item.path, false)->OpenFeatureClass(item.name);
       case CatalogKind::Shapefile:
+      case CatalogKind::LayerFile:
         return DataSource::Open(item.path, false)->OpenFeatureClass("");
       default:
         return DataSource::Open(item.path, false)->OpenTable(IsIn(item.path, ".dbf") ? "" : item.name);
@@ -180,25 +205,30 @@ class GxDatasetItem final : public GxItem, public IGxDataset {
 std::string CatalogItem::DisplayPath() const {
   fs::path display = path;
   if (!dataset.empty()) display /= dataset;
-  if (GeodatabaseFormat(path) != nullptr && !IsContainer()) display /= name;
+  const Format* format = FormatOfPath(path);
+  if (format != nullptr && format->container && !IsContainer()) display /= name;
   return display.string();
 }
 
 std::string CatalogItem::Category() const {
-  const Format* format = GeodatabaseFormat(path);
-  const std::string geodatabase(format == nullptr ? "" : format->name);
+  const Format* format = FormatOfPath(path);
+  const bool container = format != nullptr && format->container;
+  const std::string geodatabase(container ? format->name : "");
   switch (kind) {
     case CatalogKind::Folder:
       return "Folder";
     case CatalogKind::FileGeodatabase:
     case CatalogKind::PersonalGeodatabase:
+    case CatalogKind::Container:
       return geodatabase;
+    case CatalogKind::LayerFile:
+      return format == nullptr ? "" : std::string(format->category);
     case CatalogKind::FeatureDataset:
       return geodatabase + " Feature Dataset";
     case CatalogKind::Shapefile:
       return "Shapefile";
     case CatalogKind::FeatureClass:
-      return geodatabase + " Feature Class";
+      return container && !format->HasOwnWorkspace() ? std::string(format->category) : geodatabase + " Feature Class";
     case CatalogKind::Table:
       return IsIn(path, ".dbf") ? "dBASE Table" : geodatabase + " Table";
     case CatalogKind::TextFile:
@@ -221,6 +251,7 @@ std::optional<CatalogItem> FindContainer(const std::string& native_path) {
   if (format != nullptr && !format->folder && fs::is_regular_file(path, error)) {
     return PlaceAt(KindOfGeodatabase(*format), path);
   }
+  if (ContainerFormat(path) != nullptr) return PlaceAt(CatalogKind::Container, path);
   const Format* above = GeodatabaseFormat(path.parent_path().string());
   if (above == nullptr || above->folder != fs::is_directory(path.parent_path(), error)) return std::nullopt;
   const std::string name = path.filename().string();

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// What the browse dialog walks through: folders, geodatabases, their feature datasets, and the data in them.
+// What the browse dialog walks through: folders, geodatabases and other containers, their feature datasets, and the
+// data in them.
 #pragma once
 
 #include <memory>
@@ -16,7 +17,9 @@ enum class CatalogKind {
   FileGeodatabase,
   PersonalGeodatabase,
   FeatureDataset,
+  Container,  ///< of layers, of another format: a GeoPackage
   Shapefile,
+  LayerFile,  ///< of another format that is a file for each layer: GeoJSON
   FeatureClass,
   Table,
   TextFile,
@@ -31,7 +34,8 @@ struct CatalogItem {
 
   [[nodiscard]] bool IsContainer() const {
     return kind == CatalogKind::Folder || kind == CatalogKind::FileGeodatabase ||
-           kind == CatalogKind::PersonalGeodatabase || kind == CatalogKind::FeatureDataset;
+           kind == CatalogKind::PersonalGeodatabase || kind == CatalogKind::FeatureDataset ||
+           kind == CatalogKind::Container;
   }
   /// The path that a person reads: the geodatabase's, the dataset and the name behind each other.
   [[nodiscard]] std::string DisplayPath() const;
@@ -39,7 +43,8 @@ struct CatalogItem {
   [[nodiscard]] std::string Category() const;
 };
 
-/// The container at a native path: a folder, "x.gdb", "x.mdb" or "x.gdb/dataset". Nothing where there is none.
+/// The container at a native path: a folder, "x.gdb", "x.mdb", "x.gdb/dataset" or "x.gpkg". Nothing where there is
+/// none.
 [[nodiscard]] std::optional<CatalogItem> FindContainer(const std::string& native_path);
 
 /// What a container holds, its containers first, each by name; of data only what the filter takes. What can't be read

@@ -126,7 +126,9 @@ void WindowHost::ReportError(const std::string& text) {
   errors_->Add(LinesToQt(text));
 }
 
-std::shared_ptr<IGxDialog> WindowHost::CreateGxDialog() { return std::make_shared<WindowGxDialog>(forms_); }
+std::shared_ptr<IGxDialog> WindowHost::CreateGxDialog() {
+  return std::make_shared<WindowGxDialog>(forms_, ProjectFolder());
+}
 
 std::shared_ptr<ISpatialReferenceDialog2> WindowHost::CreateSpatialReferenceDialog() {
   return std::make_shared<WindowReferenceDialog>(forms_);

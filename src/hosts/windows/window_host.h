@@ -42,6 +42,9 @@ class WindowHost : public IHost, public IMessageBox, public IClipboard, public I
   /// True while a command runs; a host keeps its own commands disabled then.
   [[nodiscard]] bool Running() const { return runs_ > 0; }
 
+  /// The folder in which the user's project lies, a native path; empty where there is none.
+  [[nodiscard]] virtual std::string ProjectFolder() const { return ""; }
+
   [[nodiscard]] WindowForms& FormWindows() { return forms_; }
 
   // IHost
