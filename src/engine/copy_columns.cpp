@@ -2,6 +2,7 @@
 #include "engine/copy_columns.h"
 
 #include "engine/engine_fault.h"
+#include "engine/personal_geodatabase_values.h"
 #include "outputs/column_loss.h"
 #include "platform/text_formats.h"
 
@@ -124,8 +125,12 @@ CopyColumns::CopyColumns(const RowTraits& traits, const OGRFeatureDefn& source, 
     names.push_back(field->Name);
   }
   const std::vector<std::string> legal = FreeLegalNames(format.field_names, names);
-  for (std::size_t index = 0; index < columns_.size(); ++index)
+  std::vector<OGRFieldDefn*> definitions;
+  for (std::size_t index = 0; index < columns_.size(); ++index) {
     columns_[index].definition->SetName(legal[index].c_str());
+    if (columns_[index].way != Way::LeftOut) definitions.push_back(columns_[index].definition.get());
+  }
+  if (ColumnStoreOf(format.driver) == ColumnStore::PersonalGeodatabase) ShareOutRow(definitions);
 }
 
 void CopyColumns::AddTo(OGRLayer& layer, const std::string& shown) {

@@ -29,6 +29,32 @@ void LookAt(const OGRGeometry* shape, ShapeFacts& facts, OGREnvelope& extent) {
   extent.Merge(box);
 }
 
+// Twice the area in the plane; above 0 for a ring against the clock. From its first vertex, so that no digits are lost.
+double SignedArea(const OGRLinearRing& ring) {
+  double sum = 0.0;
+  for (int index = 1; index + 1 < ring.getNumPoints(); ++index) {
+    const double x = ring.getX(0), y = ring.getY(0);
+    sum += (ring.getX(index) - x) * (ring.getY(index + 1) - y) - (ring.getX(index + 1) - x) * (ring.getY(index) - y);
+  }
+  return sum;
+}
+
+void TurnRings(OGRPolygon& polygon) {
+  bool outer = true;
+  for (OGRLinearRing* ring : polygon) {
+    const double area = SignedArea(*ring);
+    if (outer ? area > 0.0 : area < 0.0) ring->reverseWindingOrder();
+    outer = false;
+  }
+}
+
+void TurnRings(OGRGeometry& shape) {
+  const OGRwkbGeometryType type = wkbFlatten(shape.getGeometryType());
+  if (type == wkbPolygon) TurnRings(*shape.toPolygon());
+  if (type != wkbMultiPolygon) return;
+  for (OGRPolygon* polygon : *shape.toMultiPolygon()) TurnRings(*polygon);
+}
+
 struct TypeRow {
   esriGeometryType kind;
   OGRwkbGeometryType single, multiple, single_curve, multiple_curve;
@@ -93,12 +119,13 @@ OGRwkbGeometryType LayerTypeFor(OGRwkbGeometryType declared, esriGeometryType ki
 std::unique_ptr<OGRGeometry> FitShape(std::unique_ptr<OGRGeometry> shape, OGRwkbGeometryType type, const Format& format,
                                       std::int64_t oid, RunJournal& notes) {
   if (!shape) return shape;
+  if (format.clockwise) TurnRings(*shape);
   if (format.uniform_shapes && !shape->IsEmpty()) {
     if (OGR_GT_HasZ(type) != 0 && shape->Is3D() == 0) {
       shape->set3D(TRUE);
       notes.NoteWarning(kHeightFilled, oid);
     }
-    if (OGR_GT_HasM(type) != 0 && shape->IsMeasured() == 0) {
+    if (OGR_GT_HasM(type) != 0 && shape->IsMeasured() == 0 && !format.missing_measures) {
       shape->setMeasured(TRUE);
       notes.NoteWarning(kMeasureFilled, oid);
     }

@@ -64,10 +64,8 @@ struct OwnColumnsRow {
   const char *identifier, *shape;
 };
 constexpr OwnColumnsRow kOwnColumns[] = {
-    {"GPKG", "fid", "geom"},
-    {"SQLite", "ogc_fid", "GEOMETRY"},
-    {"OpenFileGDB", "OBJECTID", "Shape"},
-    {"PostgreSQL", "ogc_fid", "wkb_geometry"},
+    {"GPKG", "fid", "geom"},       {"SQLite", "ogc_fid", "GEOMETRY"},         {"OpenFileGDB", "OBJECTID", "Shape"},
+    {"PGeo", "OBJECTID", "SHAPE"}, {"PostgreSQL", "ogc_fid", "wkb_geometry"},
 };
 
 std::string FreeColumn(const std::string& base, const std::vector<std::string>& taken) {

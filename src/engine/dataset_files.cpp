@@ -62,12 +62,19 @@ void CollectVirtualFile(const std::string& path, const std::string& layer, int d
   CollectVirtual(own != nullptr ? *own : *root, folder, depth, found);
 }
 
+DatasetHandle OpenIfReadable(const std::string& path) {
+  try {
+    return OpenDatasetAt(path, false);
+  } catch (const Fault&) {
+    return nullptr;
+  }
+}
+
 void Collect(const std::string& path, const std::string& layer, int depth, DatasetFiles& found) {
   AddFile(found, path);
   if (depth > kDeepest) return;
   const GdalErrorScope quiet;
-  RegisterDrivers();
-  const DatasetHandle dataset(GDALDataset::Open(path.c_str(), GDAL_OF_VECTOR | GDAL_OF_READONLY));
+  const DatasetHandle dataset = OpenIfReadable(path);
   if (!dataset) {
     found.classes.push_back(layer);
     return;

@@ -15,6 +15,9 @@ namespace tessarine::engine {
   throw Fault(kEngine, "Engine", text, static_cast<std::int32_t>(where.line()), SourceFileName(where.file_name()));
 }
 
+/// The number with which our own layers report a row that their format refuses; others can be written.
+inline constexpr CPLErrorNum kRowRefusedByFormat = 7001;
+
 /// Collects GDAL's messages while it lives, so that none is printed and faults can quote them.
 class GdalErrorScope {
  public:
@@ -25,24 +28,29 @@ class GdalErrorScope {
 
   [[nodiscard]] const std::string& Text() const { return text_; }
   [[nodiscard]] bool Failed() const { return failed_; }
+  /// The first failure was of the row alone.
+  [[nodiscard]] bool RowRefused() const { return row_refused_; }
   void Clear() {
     text_.clear();
-    failed_ = false;
+    failed_ = row_refused_ = false;
   }
   /// " (GDAL says: ...)" or nothing, to stand behind a message of our own.
   [[nodiscard]] std::string Quote() const { return text_.empty() ? "" : " (GDAL says: " + text_ + ")"; }
 
  private:
-  static void CPL_STDCALL Collect(CPLErr severity, CPLErrorNum, const char* message) {
+  static void CPL_STDCALL Collect(CPLErr severity, CPLErrorNum number, const char* message) {
     auto* scope = static_cast<GdalErrorScope*>(CPLGetErrorHandlerUserData());
-    if (severity >= CE_Failure) scope->failed_ = true;
+    if (severity >= CE_Failure && !scope->failed_) {
+      scope->failed_ = true;
+      scope->row_refused_ = number == kRowRefusedByFormat;
+    }
     // The first failure says most; warnings before it only count while nothing failed.
     if (severity < CE_Warning || scope->text_.size() > 400) return;
     scope->text_ += (scope->text_.empty() ? "" : "; ") + std::string(message);
   }
 
   std::string text_;
-  bool failed_ = false;
+  bool failed_ = false, row_refused_ = false;
 };
 
 /// Raises the fault of a row that GDAL didn't write. Where a rule of its table refused the row, others can be written;
@@ -51,7 +59,7 @@ class GdalErrorScope {
                                             const std::string& advice,
                                             const std::source_location where = std::source_location::current()) {
   // The second is of a coordinate that a file geodatabase can't hold.
-  const bool of_this_row = errors.Text().find("constraint failed") != std::string::npos ||
+  const bool of_this_row = errors.RowRefused() || errors.Text().find("constraint failed") != std::string::npos ||
                            errors.Text().find("Cannot encode") != std::string::npos;
   if (!of_this_row) RaiseEngineFault(what + errors.Quote() + advice, where);
   throw Fault(kRowRefused, "Engine", what + errors.Quote() + advice, static_cast<std::int32_t>(where.line()),

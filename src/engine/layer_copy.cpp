@@ -9,6 +9,7 @@
 #include "engine/copy_target.h"
 #include "engine/geodatabase_class.h"
 #include "engine/personal_geodatabase_classes.h"
+#include "engine/target_reference.h"
 #include "outputs/staged_output.h"
 #include "platform/paths.h"
 #include "platform/text_formats.h"
@@ -111,6 +112,9 @@ class Copier {
     }
     if (&format == &format_) {
       TellNames(*layer->GetLayerDefn());
+      if (std::string loss = LossOfReference(format.driver, source.Layer().GetSpatialRef()); !loss.empty()) {
+        facts_->foretold.push_back(std::move(loss));
+      }
       for (std::string& sentence : ForetoldOfShapes(declared, shapes_, WhatIsKept(*layer, format))) {
         facts_->foretold.push_back(std::move(sentence));
       }

@@ -42,6 +42,7 @@ std::shared_ptr<SharedFile> SharedFileOf(const std::string& path, const std::str
 // A program that was killed in the midst of a change leaves its journal beside a database. Only one that may write can
 // undo the change by it.
 bool HasJournal(const std::string& path) {
+  if (IsPersonalGeodatabase(path)) return false;
   std::error_code error;
   const std::uintmax_t size = fs::file_size(path + "-journal", error);
   return !error && size > 0 && fs::is_regular_file(path, error);

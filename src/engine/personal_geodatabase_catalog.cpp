@@ -124,18 +124,31 @@ std::vector<PersonalDataset> ReadPersonalDatasets(jet::Database& database) {
   return datasets;
 }
 
-std::string DatasetOfPersonalClass(jet::Database& database, const std::string& name) {
+namespace {
+
+// A memo of a class's item; empty where there is no such item.
+std::string MemoOfItem(jet::Database& database, const std::string& name, const char* column) {
   if (!database.Has("GDB_Items")) return "";
   const jet::Table& table = database.Open("GDB_Items");
   const jet::Bytes kind = jet::GuidOf(kClassItem);
   for (jet::Table::Scan scan(table); scan.Next();) {
     const PersonalRow row(table, scan.Values());
     if (row.Guid("Type") != kind || !jet::SameName(row.Text("Name"), name)) continue;
-    const std::string path = row.Memo("Path");
-    const std::size_t end = path.rfind('\\');
-    return end == std::string::npos || end == 0 ? "" : path.substr(1, end - 1);
+    return row.Memo(column);
   }
   return "";
+}
+
+}  // namespace
+
+std::string DatasetOfPersonalClass(jet::Database& database, const std::string& name) {
+  const std::string path = MemoOfItem(database, name, "Path");
+  const std::size_t end = path.rfind('\\');
+  return end == std::string::npos || end == 0 ? "" : path.substr(1, end - 1);
+}
+
+std::string DefinitionOfPersonalClass(jet::Database& database, const std::string& name) {
+  return MemoOfItem(database, name, "Definition");
 }
 
 }  // namespace tessarine::engine

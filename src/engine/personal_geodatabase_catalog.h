@@ -51,6 +51,9 @@ struct PersonalDataset {
 /// The feature dataset that a class lies in; empty at the root and where that isn't told.
 [[nodiscard]] std::string DatasetOfPersonalClass(jet::Database& database, const std::string& name);
 
+/// The description of a class in XML; empty where the geodatabase has none.
+[[nodiscard]] std::string DefinitionOfPersonalClass(jet::Database& database, const std::string& name);
+
 /// A row of a table by the names of its columns.
 class PersonalRow {
  public:

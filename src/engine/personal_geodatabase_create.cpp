@@ -21,6 +21,8 @@ const double kNone = std::bit_cast<double>(std::uint64_t{0x7FF8000000000001});
 constexpr double kCells = 2147483648.0;
 constexpr double kDegreesOfCells = 800.0;
 
+constexpr const char* kUnknownReference = "{B286C06B-0879-11D2-AACA-00C04FA33C20}";
+
 constexpr std::uint8_t kIdentifier = Index::kUnique | Index::kRequired;
 
 std::vector<jet::TableSpec> OwnTables() {
@@ -329,16 +331,36 @@ void RequireRoomForClasses(jet::Database& database) {
   for (const char* table : {"MSysObjects", "MSysACEs"}) database.Open(table).CompareIndexes();
 }
 
+namespace {
+
+// The first way of telling a reference that takes it: the one of these geodatabases has no words for rotated poles and
+// the like.
+std::string TextOf(const OGRSpatialReference& reference) {
+  CPLPushErrorHandler(CPLQuietErrorHandler);
+  std::string found;
+  for (const char* format : {"FORMAT=WKT1_ESRI", "FORMAT=WKT1_GDAL", "FORMAT=WKT2_2019"}) {
+    const char* const options[] = {format, nullptr};
+    char* text = nullptr;
+    OGRSpatialReference again;
+    const bool told = reference.exportToWkt(&text, options) == OGRERR_NONE && text != nullptr && *text != '\0' &&
+                      again.importFromWkt(text) == OGRERR_NONE;
+    if (told) found = text;
+    CPLFree(text);
+    if (told) break;
+  }
+  CPLPopErrorHandler();
+  return found.empty() ? kUnknownReference : found;
+}
+
+}  // namespace
+
 PersonalReference ReferenceOf(const OGRSpatialReference* reference) {
   PersonalReference made;
   if (reference == nullptr) {
     made.kind = "UnknownCoordinateSystem";
-    made.text = "{B286C06B-0879-11D2-AACA-00C04FA33C20}";
+    made.text = kUnknownReference;
   } else {
-    const char* const options[] = {"FORMAT=WKT1_ESRI", nullptr};
-    char* text = nullptr;
-    if (reference->exportToWkt(&text, options) == OGRERR_NONE) made.text = text;
-    CPLFree(text);
+    made.text = TextOf(*reference);
     made.kind = reference->IsGeographic() != 0  ? "GeographicCoordinateSystem"
                 : reference->IsProjected() != 0 ? "ProjectedCoordinateSystem"
                                                 : "UnknownCoordinateSystem";
@@ -452,7 +474,8 @@ void DeletePersonalClass(jet::Database& database, const PersonalClass& descripti
   database.DropTable(description.name);
 }
 
-void TellNewField(jet::Database& database, const std::string& class_name, const std::string& column_name) {
+void TellNewField(jet::Database& database, const std::string& class_name, const std::string& column_name,
+                  const std::string& alias) {
   if (!database.Has("GDB_Items")) return;
   const std::optional<FoundItem> item = FindItem(database, kClassItem, class_name);
   const jet::Column* column = database.Open(class_name).Definition().FindColumn(column_name);
@@ -460,7 +483,7 @@ void TellNewField(jet::Database& database, const std::string& class_name, const 
   jet::Table& items = database.Open("GDB_Items");
   const std::size_t place = items.ColumnPlace("Definition");
   const std::string before = items.ReadMemo(items.Read(item->place)[place]);
-  items.Update(item->place, {{place, AddFieldXml(before, *column)}});
+  items.Update(item->place, {{place, AddFieldXml(before, *column, alias)}});
 }
 
 void TellExtent(jet::Database& database, const PersonalClass& description) {

@@ -29,7 +29,8 @@ void CreatePersonalClass(jet::Database& database, const NewPersonalClass& made);
 void DeletePersonalClass(jet::Database& database, const PersonalClass& description);
 
 /// What the geodatabase tells of a class's fields and extent.
-void TellNewField(jet::Database& database, const std::string& class_name, const std::string& column);
+void TellNewField(jet::Database& database, const std::string& class_name, const std::string& column,
+                  const std::string& alias);
 void TellExtent(jet::Database& database, const PersonalClass& description);
 
 /// The reference of new data: what coordinates are kept between.

@@ -169,6 +169,9 @@ class PersonalUpdate final : public AttributeUpdate {
   bool Write(const OGRFeature& feature, std::span<const int> attributes) override {
     try {
       layer_.WriteAttributes(feature, attributes);
+    } catch (const jet::RowError& error) {
+      throw RecordFault(kRowRefused, "Row " + std::to_string(feature.GetFID()) + " of '" + layer_.Description().name +
+                                         "' can't be written: " + error.what() + ".");
     } catch (const jet::Error& error) {
       RaiseEngineFault("Row " + std::to_string(feature.GetFID()) + " of '" + layer_.Description().name +
                        "' can't be written: " + error.what() + ".");

@@ -6,8 +6,11 @@
 #include <cstring>
 #include <limits>
 
+#include "engine/engine_fault.h"
 #include "engine/personal_geodatabase_create.h"
 #include "engine/personal_geodatabase_values.h"
+#include "engine/reading_warnings.h"
+#include "platform/text_formats.h"
 
 namespace tessarine::engine {
 namespace {
@@ -18,6 +21,8 @@ bool Try(Work&& work) {
   try {
     work();
     return true;
+  } catch (const jet::RowError& error) {
+    CPLError(CE_Failure, kRowRefusedByFormat, "%s", error.what());
   } catch (const jet::Error& error) {
     CPLError(CE_Failure, CPLE_AppDefined, "%s", error.what());
   } catch (const std::exception& error) {
@@ -83,7 +88,6 @@ void PersonalLayer::DefineFields() {
       columns_.push_back(index);
     }
   }
-  FindMeasures();
 }
 
 void PersonalLayer::ResetReading() {
@@ -105,7 +109,13 @@ std::unique_ptr<OGRFeature> PersonalLayer::FeatureOf(GIntBig fid, jet::RowValues
   for (std::size_t index = 0; index < columns_.size(); ++index) {
     const int attribute = static_cast<int>(index);
     if (definition_->GetFieldDefn(attribute)->IsIgnored() != 0) continue;
-    PutColumnValue(table_, columns_[index], values[columns_[index]], *feature, attribute);
+    try {
+      PutColumnValue(table_, columns_[index], values[columns_[index]], *feature, attribute);
+    } catch (const jet::Error& error) {
+      feature->SetFieldNull(attribute);
+      CPLError(CE_Warning, CPLE_AppDefined, "the value of field '%s' of record " CPL_FRMT_GIB " %s: %s",
+               definition_->GetFieldDefn(attribute)->GetNameRef(), fid, kDamagedValue, error.what());
+    }
   }
   const bool wants_shape = shape_column_ && definition_->IsGeometryIgnored() == 0;
   if (!wants_shape || jet::IsNull(values[*shape_column_])) return feature;
@@ -229,8 +239,7 @@ OGRErr PersonalLayer::CreateField(OGRFieldDefn* field, int) {
     database_->AddColumn(description_.name, ColumnOfField(*field, table_.Definition()));
     definition_->AddFieldDefn(field);
     columns_.push_back(table_.Definition().columns.size() - 1);
-    FindMeasures();
-    TellNewField(*database_, description_.name, field->GetNameRef());
+    TellNewField(*database_, description_.name, field->GetNameRef(), field->GetAlternativeNameRef());
   });
   return made ? OGRERR_NONE : OGRERR_FAILURE;
 }
@@ -239,24 +248,26 @@ jet::Value PersonalLayer::ValueOf(const OGRFeature& feature, int attribute) cons
   return ColumnValueOf(feature, attribute, table_.Definition().columns[columns_[static_cast<std::size_t>(attribute)]]);
 }
 
-// The shape, the columns that tell its length and area, and its row in the grid.
-void PersonalLayer::AddShape(const OGRFeature& feature, std::int32_t fid, Row row, jet::ValueChanges& changes) {
-  if (!shape_column_) return;
+// The shape, and the columns that tell its length and area.
+PersonalLayer::PlacedShape PersonalLayer::AddShape(const OGRFeature& feature, jet::ValueChanges& changes) {
+  PlacedShape placed;
+  if (!shape_column_) return placed;
   const OGRGeometry* shape = feature.GetGeometryRef();
   const bool some = shape != nullptr && shape->IsEmpty() == 0;
   jet::Value bytes;
-  OGREnvelope box;
   if (some) {
     StoredShape stored = StoreShape(*shape, description_.layout);
     bytes = std::move(stored.bytes);
-    description_.heights.Add(stored.z);
-    description_.measures.Add(stored.m);
+    placed.heights = stored.z;
+    placed.measures = stored.m;
+    OGREnvelope box;
     shape->getEnvelope(&box);
     if (!std::isfinite(box.MinX + box.MaxX + box.MinY + box.MaxY)) {
-      throw jet::Error("a shape has coordinates that are no numbers");
+      throw jet::RowError("a shape has coordinates that are no numbers");
     }
-    description_.extent.Merge(box);
+    placed.box = box;
   }
+  FindMeasures();
   changes.emplace_back(*shape_column_, std::move(bytes));
   const auto measure = [&](std::optional<std::size_t> column, double value) {
     if (!column) return;
@@ -265,17 +276,53 @@ void PersonalLayer::AddShape(const OGRFeature& feature, std::int32_t fid, Row ro
   };
   measure(length_column_, some ? LengthOfShape(*shape) : 0.0);
   measure(area_column_, some ? AreaOfShape(*shape) : 0.0);
-  MoveInIndex(fid, row, some ? &box : nullptr);
+  return placed;
 }
 
+// Once the row itself is there: a row that was refused leaves no trace.
+void PersonalLayer::TakeShape(std::int32_t fid, Row row, const PlacedShape& placed) {
+  if (!shape_column_) return;
+  description_.heights.Add(placed.heights);
+  description_.measures.Add(placed.measures);
+  if (placed.box) description_.extent.Merge(*placed.box);
+  MoveInIndex(fid, row, placed.box ? &*placed.box : nullptr);
+}
+
+const ClassFacts& PersonalLayer::Facts() {
+  if (!facts_) {
+    facts_.emplace();
+    if (shape_column_) facts_ = ReadClassXml(DefinitionOfPersonalClass(*database_, description_.name));
+  }
+  return *facts_;
+}
+
+// A geodatabase keeps the columns up to date that the class's description names. Those of version 9 describe none:
+// there the names tell. Whatever else bears such a name is the user's.
 void PersonalLayer::FindMeasures() {
-  const auto find = [&](const char* ending) -> std::optional<std::size_t> {
-    const jet::Column* column = table_.Definition().FindColumn(description_.shape_column + ending);
+  if (measures_found_) return;
+  measures_found_ = true;
+  const bool described = database_->Has("GDB_Items");
+  const auto find = [&](const std::string& name) -> std::optional<std::size_t> {
+    const jet::Column* column = name.empty() ? nullptr : table_.Definition().FindColumn(name);
     if (column == nullptr || column->type != jet::ColumnType::Double) return std::nullopt;
     return static_cast<std::size_t>(column - table_.Definition().columns.data());
   };
-  length_column_ = find("_Length");
-  area_column_ = find("_Area");
+  length_column_ = find(described ? Facts().length_column : description_.shape_column + "_Length");
+  area_column_ = find(described ? Facts().area_column : description_.shape_column + "_Area");
+}
+
+OGRFeatureDefn* PersonalLayer::GetLayerDefn() {
+  if (aliases_set_) return definition_;
+  aliases_set_ = true;
+  (void)Try([&] {
+    const auto& aliases = Facts().aliases;
+    for (int index = 0; !aliases.empty() && index < definition_->GetFieldCount(); ++index) {
+      OGRFieldDefn& field = *definition_->GetFieldDefn(index);
+      const auto alias = aliases.find(LowerCase(field.GetNameRef()));
+      if (alias != aliases.end()) field.SetAlternativeName(alias->second.c_str());
+    }
+  });
+  return definition_;
 }
 
 void PersonalLayer::MoveInIndex(std::int32_t fid, Row row, const OGREnvelope* box) {
@@ -327,7 +374,7 @@ OGRErr PersonalLayer::ICreateFeature(OGRFeature* feature) {
     const std::int32_t fid =
         feature->GetFID() == OGRNullFID ? table_.NextNumber() : static_cast<std::int32_t>(feature->GetFID());
     if (feature->GetFID() != OGRNullFID && (feature->GetFID() != fid || Places().contains(fid))) {
-      throw jet::Error("a row can't have the number " + std::to_string(feature->GetFID()));
+      throw jet::RowError("a row can't have the number " + std::to_string(feature->GetFID()));
     }
     jet::ValueChanges changes;
     for (int index = 0; index < definition_->GetFieldCount(); ++index) {
@@ -335,9 +382,10 @@ OGRErr PersonalLayer::ICreateFeature(OGRFeature* feature) {
     }
     jet::RowValues values(table_.Definition().columns.size());
     values[*fid_column_] = fid;
-    AddShape(*feature, fid, Row::New, changes);
+    const PlacedShape placed = AddShape(*feature, changes);
     for (auto& [column, value] : changes) values[column] = std::move(value);
     const jet::RowId place = table_.Insert(std::move(values));
+    TakeShape(fid, Row::New, placed);
     if (places_) (*places_)[fid] = place;
     feature->SetFID(fid);
   });
@@ -367,9 +415,12 @@ OGRErr PersonalLayer::ISetFeature(OGRFeature* feature) {
       if (value != ValueOf(*before, index)) changes.emplace_back(columns_[static_cast<std::size_t>(index)], value);
     }
     const OGRGeometry *shape = feature->GetGeometryRef(), *old = before->GetGeometryRef();
-    const bool same = shape == nullptr || old == nullptr ? shape == old : shape->Equals(old) != 0;
-    if (!same) AddShape(*feature, fid, Row::Stored, changes);
+    const auto bytes_of = [&](const OGRGeometry& any) { return StoreShape(any, description_.layout).bytes; };
+    const bool same = shape == nullptr || old == nullptr ? shape == old : bytes_of(*shape) == bytes_of(*old);
+    std::optional<PlacedShape> placed;
+    if (!same) placed = AddShape(*feature, changes);
     if (!changes.empty()) Places()[fid] = table_.Update(place, changes);
+    if (placed) TakeShape(fid, Row::Stored, *placed);
   });
   return written ? OGRERR_NONE : OGRERR_FAILURE;
 }

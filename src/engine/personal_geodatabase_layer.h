@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "engine/personal_geodatabase_catalog.h"
+#include "engine/personal_geodatabase_xml.h"
 #include "jet/database.h"
 
 namespace tessarine::engine {
@@ -23,7 +24,7 @@ class PersonalLayer final : public OGRLayer {
   PersonalLayer(std::shared_ptr<jet::Database> database, PersonalClass description, Access access, bool can_write);
   ~PersonalLayer() override;
 
-  OGRFeatureDefn* GetLayerDefn() override { return definition_; }
+  OGRFeatureDefn* GetLayerDefn() override;
   const char* GetFIDColumn() override { return fid_name_.c_str(); }
   const char* GetGeometryColumn() override { return description_.shape_column.c_str(); }
   void ResetReading() override;
@@ -57,7 +58,13 @@ class PersonalLayer final : public OGRLayer {
   [[nodiscard]] jet::Value ValueOf(const OGRFeature& feature, int attribute) const;
   [[nodiscard]] bool ReadsByNumber();
   enum class Row { New, Stored };
-  void AddShape(const OGRFeature& feature, std::int32_t fid, Row row, jet::ValueChanges& changes);
+  struct PlacedShape {
+    std::optional<OGREnvelope> box;  // none without a shape
+    NumberRange heights, measures;
+  };
+  [[nodiscard]] PlacedShape AddShape(const OGRFeature& feature, jet::ValueChanges& changes);
+  void TakeShape(std::int32_t fid, Row row, const PlacedShape& placed);
+  [[nodiscard]] const ClassFacts& Facts();
   void MoveInIndex(std::int32_t fid, Row row, const OGREnvelope* box);
   void FindMeasures();
 
@@ -84,7 +91,8 @@ class PersonalLayer final : public OGRLayer {
   std::optional<ShapeIndex> shape_index_;
   std::optional<bool> by_number_;
   std::int64_t last_number_ = kBeforeAll;  // of the walk
-  bool failed_ = false, settled_ = true;
+  std::optional<ClassFacts> facts_;
+  bool failed_ = false, settled_ = true, measures_found_ = false, aliases_set_ = false;
 
   static constexpr std::int64_t kBeforeAll = std::numeric_limits<std::int64_t>::min();
 };

@@ -14,6 +14,7 @@ namespace tessarine::engine {
 namespace {
 
 constexpr double kNoMeasure = -std::numeric_limits<double>::max();
+constexpr double kLeastMeasure = -1e38;
 
 // The types by kind of shape: plain, with heights, with measures, with both.
 struct TypeNumbers {
@@ -68,7 +69,7 @@ void Collect(const OGRGeometry& shape, Vertices& vertices) {
       }
       return;
     default:
-      throw jet::Error(std::string("a personal geodatabase keeps no ") + shape.getGeometryName());
+      throw jet::RowError(std::string("a personal geodatabase keeps no ") + shape.getGeometryName());
   }
 }
 
@@ -126,7 +127,29 @@ std::unique_ptr<OGRGeometry> MultipointFrom(const jet::Bytes& bytes, ShapeLayout
 
 }  // namespace
 
-std::unique_ptr<OGRGeometry> ShapeFromBytes(const jet::Bytes& bytes) {
+namespace {
+
+// A vertex without a measure has the least number there is, or less than any that counts.
+class MeasuresOrNone final : public OGRDefaultGeometryVisitor {
+ public:
+  using OGRDefaultGeometryVisitor::visit;
+  void visit(OGRPoint* point) override {
+    if (point->IsMeasured() != 0 && point->getM() < kLeastMeasure) {
+      point->setM(std::numeric_limits<double>::quiet_NaN());
+    }
+  }
+  void visit(OGRLineString* line) override { Clean(*line); }
+  void visit(OGRLinearRing* ring) override { Clean(*ring); }
+
+ private:
+  static void Clean(OGRSimpleCurve& line) {
+    for (int index = 0; line.IsMeasured() != 0 && index < line.getNumPoints(); ++index) {
+      if (line.getM(index) < kLeastMeasure) line.setM(index, std::numeric_limits<double>::quiet_NaN());
+    }
+  }
+};
+
+std::unique_ptr<OGRGeometry> ReadShape(const jet::Bytes& bytes) {
   if (bytes.size() >= 4 && jet::Get32(bytes, 0) == 0) return nullptr;
   for (const ShapeLayout layout : {ShapeLayout{}, {true, false}, {false, true}, {true, true}}) {
     if (jet::Get32(bytes, 0) == kMultipoint.In(layout)) return MultipointFrom(bytes, layout);
@@ -138,6 +161,17 @@ std::unique_ptr<OGRGeometry> ShapeFromBytes(const jet::Bytes& bytes) {
     throw jet::Error("the shape of a row can't be read: its bytes are damaged or of an unknown type");
   }
   return std::unique_ptr<OGRGeometry>(shape);
+}
+
+}  // namespace
+
+std::unique_ptr<OGRGeometry> ShapeFromBytes(const jet::Bytes& bytes) {
+  std::unique_ptr<OGRGeometry> shape = ReadShape(bytes);
+  if (shape && shape->IsMeasured() != 0) {
+    MeasuresOrNone clean;
+    shape->accept(&clean);
+  }
+  return shape;
 }
 
 StoredShape StoreShape(const OGRGeometry& shape, ShapeLayout layout) {

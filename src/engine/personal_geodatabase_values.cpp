@@ -9,15 +9,32 @@
 namespace tessarine::engine {
 namespace {
 
-// Rows have room for this much besides long values, with some to spare for what tells where values are.
-constexpr std::size_t kSafeRowLength = 3300;
-constexpr std::size_t kPlaceOfLongValue = 80;  // reference, and what may lie in the row
+// Rows are up to 4060 bytes long. The rest is for fields that are added later.
+constexpr std::size_t kSafeRowLength = 3800;
+constexpr std::size_t kRowFrame = 40;     // counts, and the mask of nulls
+constexpr std::size_t kLongValue = 12;    // the reference to it
+constexpr std::size_t kPlaceOfValue = 2;  // of a value whose length varies
+constexpr std::size_t kOwnColumns = 18;   // identifier and shape
+constexpr std::size_t kWidestNumber = 8;
 constexpr int kGuidText = 38;
 constexpr double kSecondsPerDay = 86400.0;
 constexpr double kMoneyUnit = 10000.0;
 constexpr int kMoneyWidth = 21, kMoneyDecimals = 4;  // with the sign and the point
 
-std::size_t MostBytes(const jet::Column& column) { return column.IsLong() ? kPlaceOfLongValue : column.length; }
+std::size_t MostBytes(const jet::Column& column) {
+  return (column.IsLong() ? kLongValue : column.length) + (column.fixed ? 0 : kPlaceOfValue);
+}
+
+bool IsShortText(const OGRFieldDefn& field) {
+  const int width = field.GetWidth();
+  return field.GetType() == OFTString && width > 0 && width <= static_cast<int>(jet::kLongestText);
+}
+
+std::size_t MostBytes(const OGRFieldDefn& field) {
+  if (IsShortText(field)) return static_cast<std::size_t>(field.GetWidth()) * 2 + kPlaceOfValue;
+  const bool is_long = field.GetType() == OFTString || field.GetType() == OFTBinary;
+  return is_long ? kLongValue + kPlaceOfValue : kWidestNumber;
+}
 
 // Days from 30 December 1899 to a day of the Gregorian calendar.
 std::int64_t DaysTo(int year, int month, int day) {
@@ -54,7 +71,7 @@ jet::Value DateOf(const OGRFeature& feature, int attribute) {
 }
 
 [[noreturn]] void ThrowUnfit(const jet::Column& column, const std::string& why) {
-  throw jet::Error("the value of field '" + column.name + "' " + why);
+  throw jet::RowError("the value of field '" + column.name + "' " + why);
 }
 
 jet::Value BytesOf(const OGRFeature& feature, int attribute) {
@@ -130,6 +147,22 @@ std::unique_ptr<OGRFieldDefn> FieldOfColumn(const jet::Column& column) {
   return field;
 }
 
+void ShareOutRow(std::span<OGRFieldDefn* const> fields) {
+  std::vector<OGRFieldDefn*> texts;
+  std::size_t taken = kRowFrame + kOwnColumns;
+  for (OGRFieldDefn* field : fields) {
+    taken += MostBytes(*field);
+    if (IsShortText(*field)) texts.push_back(field);
+  }
+  std::ranges::stable_sort(texts, std::ranges::greater{}, [](const OGRFieldDefn* field) { return field->GetWidth(); });
+  for (OGRFieldDefn* text : texts) {
+    if (taken <= kSafeRowLength) return;
+    taken -= MostBytes(*text);
+    text->SetWidth(0);
+    taken += MostBytes(*text);
+  }
+}
+
 jet::ColumnSpec ColumnOfField(const OGRFieldDefn& field, const jet::TableDefinition& table) {
   jet::ColumnSpec spec{field.GetNameRef()};
   switch (field.GetType()) {
@@ -154,10 +187,10 @@ jet::ColumnSpec ColumnOfField(const OGRFieldDefn& field, const jet::TableDefinit
     default:
       throw jet::Error("the field '" + spec.name + "' is of a type that a personal geodatabase doesn't have");
   }
-  const auto width = static_cast<std::size_t>(std::max(field.GetWidth(), 0));
-  std::size_t taken = 0;
+  std::size_t taken = kRowFrame;
   for (const jet::Column& column : table.columns) taken += MostBytes(column);
-  const bool short_text = width > 0 && width <= jet::kLongestText && taken + width * 2 <= kSafeRowLength;
+  const bool short_text = IsShortText(field) && taken + MostBytes(field) <= kSafeRowLength;
+  const auto width = static_cast<std::size_t>(std::max(field.GetWidth(), 0));
   spec.type = short_text ? jet::ColumnType::Text : jet::ColumnType::Memo;
   spec.length = short_text ? width : 0;
   return spec;

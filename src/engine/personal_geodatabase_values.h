@@ -5,6 +5,7 @@
 #include <ogrsf_frmts.h>
 
 #include <memory>
+#include <span>
 
 #include "jet/database.h"
 
@@ -17,6 +18,9 @@ inline constexpr double kMostMoney = 922337203685477.0;
 
 /// Fields of money have a width, and the decimals that they keep.
 [[nodiscard]] std::unique_ptr<OGRFieldDefn> FieldOfColumn(const jet::Column& column);
+/// Of texts that are together too wide for the rows of a new table, takes their width from the widest, which become
+/// memos. The fields are all that the table is to have besides its identifier and shape.
+void ShareOutRow(std::span<OGRFieldDefn* const> fields);
 /// The column for a new field behind those of the table. A text longer than 255 characters becomes a memo, and so does
 /// one that could make the rows too long for a page. A `jet::Error` for lists.
 [[nodiscard]] jet::ColumnSpec ColumnOfField(const OGRFieldDefn& field, const jet::TableDefinition& table);

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "engine/personal_geodatabase_xml.h"
 
+#include <cpl_minixml.h>
 #include <cpl_string.h>
+
+#include <memory>
 
 #include "platform/text_formats.h"
 
@@ -76,8 +79,8 @@ const char* FieldTypeName(jet::ColumnType type) {
   return "esriFieldTypeString";
 }
 
-std::string FieldXml(const std::string& name, const char* type, const std::string& more) {
-  return "<GPFieldInfoEx xsi:type='typens:GPFieldInfoEx'>" + Element("Name", name) + Element("AliasName", name) +
+std::string FieldXml(const std::string& name, const std::string& alias, const char* type, const std::string& more) {
+  return "<GPFieldInfoEx xsi:type='typens:GPFieldInfoEx'>" + Element("Name", name) + Element("AliasName", alias) +
          Element("ModelName", name) + Element("FieldType", type) + more + "</GPFieldInfoEx>";
 }
 
@@ -97,9 +100,10 @@ const char* ShapeTypeName(std::int32_t type) {
 std::string FieldsXml(const PersonalClass& description, const std::string& identifier_column) {
   const std::string required = Element("DomainFixed", "true") + Element("Required", "true");
   return "<GPFieldInfoExs xsi:type='typens:ArrayOfGPFieldInfoEx'>" +
-         FieldXml(identifier_column, "esriFieldTypeOID",
+         FieldXml(identifier_column, identifier_column, "esriFieldTypeOID",
                   Element("IsNullable", "false") + required + Element("Editable", "false")) +
-         FieldXml(description.shape_column, "esriFieldTypeGeometry", Element("IsNullable", "true") + required) +
+         FieldXml(description.shape_column, description.shape_column, "esriFieldTypeGeometry",
+                  Element("IsNullable", "true") + required) +
          "</GPFieldInfoExs>";
 }
 
@@ -138,12 +142,36 @@ std::string ClassXml(const ItemPlace& place, const PersonalClass& description, c
          Element("ChangeTracked", "false") + "</DEFeatureClassInfo>";
 }
 
-std::string AddFieldXml(std::string xml, const jet::Column& column) {
+ClassFacts ReadClassXml(const std::string& xml) {
+  ClassFacts facts;
+  struct Destroy {
+    void operator()(CPLXMLNode* node) const { CPLDestroyXMLNode(node); }
+  };
+  CPLPushErrorHandler(CPLQuietErrorHandler);
+  const std::unique_ptr<CPLXMLNode, Destroy> tree(xml.empty() ? nullptr : CPLParseXMLString(xml.c_str()));
+  CPLPopErrorHandler();
+  if (!tree) return facts;
+  const auto text_of = [&](const char* element) {
+    const CPLXMLNode* node = CPLSearchXMLNode(tree.get(), element);
+    return std::string(node == nullptr ? "" : CPLGetXMLValue(node, nullptr, ""));
+  };
+  facts.length_column = text_of("LengthFieldName");
+  facts.area_column = text_of("AreaFieldName");
+  const CPLXMLNode* fields = CPLSearchXMLNode(tree.get(), "GPFieldInfoExs");
+  for (const CPLXMLNode* field = fields == nullptr ? nullptr : fields->psChild; field; field = field->psNext) {
+    if (field->eType != CXT_Element) continue;
+    const std::string name = CPLGetXMLValue(field, "Name", ""), alias = CPLGetXMLValue(field, "AliasName", "");
+    if (!alias.empty() && alias != name) facts.aliases[LowerCase(name)] = alias;
+  }
+  return facts;
+}
+
+std::string AddFieldXml(std::string xml, const jet::Column& column, const std::string& alias) {
   const std::size_t end = xml.find("</GPFieldInfoExs>");
   if (end == std::string::npos) return xml;
   std::string more = Element("IsNullable", "true");
   if (column.type == jet::ColumnType::Text) more = Element("Length", std::to_string(column.length / 2)) + more;
-  return xml.insert(end, FieldXml(column.name, FieldTypeName(column.type), more));
+  return xml.insert(end, FieldXml(column.name, alias.empty() ? column.name : alias, FieldTypeName(column.type), more));
 }
 
 }  // namespace tessarine::engine

@@ -4,6 +4,7 @@
 
 #include <ogr_spatialref.h>
 
+#include <map>
 #include <string>
 
 #include "engine/personal_geodatabase_catalog.h"
@@ -29,7 +30,14 @@ struct ItemPlace {
 /// A class with its identifier and shape; `AddFieldXml` adds the others.
 [[nodiscard]] std::string ClassXml(const ItemPlace& place, const PersonalClass& description,
                                    const std::string& identifier_column, const PersonalReference& reference);
+/// What the description of a class tells of its columns.
+struct ClassFacts {
+  std::string length_column, area_column;      ///< those that the geodatabase keeps up to date; empty for none
+  std::map<std::string, std::string> aliases;  ///< by name in small letters, of the fields that have one
+};
+/// Nothing where the text isn't such a description.
+[[nodiscard]] ClassFacts ReadClassXml(const std::string& xml);
 /// The description with one more field behind the others; as it was where it has no list of fields.
-[[nodiscard]] std::string AddFieldXml(std::string xml, const jet::Column& column);
+[[nodiscard]] std::string AddFieldXml(std::string xml, const jet::Column& column, const std::string& alias);
 
 }  // namespace tessarine::engine

@@ -14,8 +14,8 @@ namespace {
 
 // Words of the warnings that tell of a value that became another; drivers warn of much else.
 constexpr std::string_view kTelling[] = {
-    "clamped",   "Invalid content", "Invalid value", "Value '",         "parsed incompletely",  "overflow",
-    "truncated", "not valid UTF-8", "out of range",  "too many digits", "cannot be represented"};
+    "clamped",   "Invalid content", "Invalid value", "Value '",         "parsed incompletely",   "overflow",
+    "truncated", "not valid UTF-8", "out of range",  "too many digits", "cannot be represented", kDamagedValue};
 constexpr std::size_t kKept = 10;
 constexpr std::size_t kKeptAtOnce = 20;
 

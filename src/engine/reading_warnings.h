@@ -14,6 +14,9 @@
 
 namespace tessarine::engine {
 
+/// In a warning of a value that can't be read, and is null to whoever reads the row.
+inline constexpr const char* kDamagedValue = "is damaged and counts as null";
+
 /// Collects GDAL's messages while it lives, failures and warnings apart, so that none is printed.
 class ReadingScope {
  public:

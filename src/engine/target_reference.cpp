@@ -56,6 +56,16 @@ TargetReference::TargetReference(const Format& format, const OGRSpatialReference
               ", which the format has no place for: readers take them for WGS 84.";
 }
 
+std::string LossOfReference(std::string_view driver, const OGRSpatialReference* reference) {
+  if (reference == nullptr || (driver != "OpenFileGDB" && driver != "ESRI Shapefile")) return "";
+  const GdalErrorScope quiet;
+  const char* const options[] = {"FORMAT=WKT1_ESRI", nullptr};
+  char* text = nullptr;
+  const bool told = reference->exportToWkt(&text, options) == OGRERR_NONE && text != nullptr && *text != '\0';
+  CPLFree(text);
+  return told ? "" : "The spatial reference " + Quoted(*reference) + " is left out: the format has no words for it.";
+}
+
 std::unique_ptr<OGRGeometry> TargetReference::Bring(std::unique_ptr<OGRGeometry> shape) const {
   if (!way_ || !shape || shape->IsEmpty()) return shape;
   const GdalErrorScope quiet;

@@ -38,4 +38,8 @@ class TargetReference {
   std::optional<std::string> foretold_;
 };
 
+/// What a format of its own words for references makes of one that it has none for, a sentence; empty where it keeps
+/// it.
+[[nodiscard]] std::string LossOfReference(std::string_view driver, const OGRSpatialReference* reference);
+
 }  // namespace tessarine::engine

@@ -7,6 +7,7 @@
 
 #include "engine/engine_fault.h"
 #include "engine/ogr_fields.h"
+#include "engine/personal_geodatabase_values.h"
 #include "engine/srs_from_gdal.h"
 #include "outputs/staged_output.h"
 #include "platform/paths.h"
@@ -80,13 +81,20 @@ std::string CreateLayer(GDALDataset& dataset, const NewClass& request, CPLString
                      ": check that the place is writable and the name is legal.");
   }
   const OGRFeatureDefn& made = *layer->GetLayerDefn();
+  std::vector<std::unique_ptr<OGRFieldDefn>> definitions;
+  std::vector<OGRFieldDefn*> wanted;
   for (const FieldRef& field : *request.fields) {
     if (field->Type == esriFieldTypeOID || field->Type == esriFieldTypeGeometry) continue;
+    definitions.push_back(OgrFieldOf(*field, store));
+    wanted.push_back(definitions.back().get());
+  }
+  if (store == ColumnStore::PersonalGeodatabase) ShareOutRow(wanted);
+  for (OGRFieldDefn* field : wanted) {
     const int before = made.GetFieldCount();
-    const bool created = layer->CreateField(OgrFieldOf(*field, store).get()) == OGRERR_NONE;
+    const bool created = layer->CreateField(field) == OGRERR_NONE;
     if (!created || made.GetFieldCount() != before + 1) {
-      RaiseEngineFault("The field '" + field->Name + "' can't be added to '" + request.name + "'" + errors.Quote() +
-                       ".");
+      RaiseEngineFault("The field '" + std::string(field->GetNameRef()) + "' can't be added to '" + request.name + "'" +
+                       errors.Quote() + ".");
     }
   }
   return layer->GetName();

@@ -13,4 +13,10 @@ class Error : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
+/// What is wrong with one row that was to be written: others can be. Nothing of the row is in the file.
+class RowError : public Error {
+ public:
+  using Error::Error;
+};
+
 }  // namespace tessarine::jet

@@ -21,9 +21,9 @@ namespace tessarine::jet {
 using Key = std::string;
 
 /// A value whose place in the order of an index isn't known.
-class UnknownOrder : public Error {
+class UnknownOrder : public RowError {
  public:
-  using Error::Error;
+  using RowError::RowError;
 };
 
 /// The key of a row; an `UnknownOrder` names the column and the value. `values` are in the order of the table's

@@ -67,6 +67,12 @@ Column NextColumn(const TableDefinition& table, const ColumnSpec& spec) {
   if (spec.name.empty() || StoredText(spec.name).size() > 128) {
     throw Error("'" + spec.name + "' can't be the name of a column: it must be 1 to 64 characters long");
   }
+  const bool illegal = spec.name.find_first_of(".!`[]") != std::string::npos || spec.name.front() == ' ' ||
+                       std::ranges::any_of(spec.name, [](char c) { return static_cast<unsigned char>(c) < 0x20U; });
+  if (illegal) {
+    throw Error("'" + spec.name +
+                "' can't be the name of a column: choose one without . ! ` [ ], and without a blank " + "in front");
+  }
   if (table.FindColumn(spec.name) != nullptr) throw Error("there are two columns '" + spec.name + "'");
   Column column;
   column.name = spec.name;

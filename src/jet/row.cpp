@@ -75,7 +75,7 @@ Value ValueOf(const Column& column, ByteSpan bytes) {
 }
 
 [[noreturn]] void ThrowUnfit(const Column& column, const char* why) {
-  throw Error("the value of column '" + column.name + "' " + why);
+  throw RowError("the value of column '" + column.name + "' " + why);
 }
 
 template <class Wanted>

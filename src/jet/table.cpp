@@ -83,7 +83,7 @@ LongReference Table::StoreLong(const Column& column, const Value& value, LongPla
   }
   const auto* bytes = std::get_if<Bytes>(&value);
   if (bytes == nullptr || column.type != ColumnType::Ole) {
-    throw Error("the value of column '" + column.name + "' is of another type than the column");
+    throw RowError("the value of column '" + column.name + "' is of another type than the column");
   }
   return WriteLongValue(LongStore(column.number), *bytes, place);
 }
@@ -106,17 +106,26 @@ Bytes Table::Pack(RowValues& values) {
     }
     return PackRow(definition_, values);
   };
-  Bytes row = pack_with(LongPlace::InRowIfShort);
-  if (row.size() <= kLongestRow) return row;
-  for (std::size_t index = 0; index < values.size(); ++index) {
-    if (values[index] != given[index]) FreeLong(definition_.columns[index], values[index]);
+  const auto free_stored = [&] {
+    for (std::size_t index = 0; index < values.size(); ++index) {
+      if (values[index] == given[index]) continue;
+      FreeLong(definition_.columns[index], values[index]);
+      values[index] = given[index];
+    }
+  };
+  // A row that is refused leaves none of its long values behind.
+  try {
+    Bytes row = pack_with(LongPlace::InRowIfShort);
+    if (row.size() <= kLongestRow) return row;
+    free_stored();
+    row = pack_with(LongPlace::Outside);
+    if (row.size() <= kLongestRow) return row;
+    throw RowError("a row of '" + name_ + "' takes " + std::to_string(row.size()) + " bytes, and the format keeps " +
+                   std::to_string(kLongestRow) + " besides memos and binary values");
+  } catch (const RowError&) {
+    free_stored();
+    throw;
   }
-  row = pack_with(LongPlace::Outside);
-  if (row.size() > kLongestRow) {
-    throw Error("a row of '" + name_ + "' takes " + std::to_string(row.size()) + " bytes, and the format keeps " +
-                std::to_string(kLongestRow) + " besides memos and binary values");
-  }
-  return row;
 }
 
 void Table::NoteNumber(const RowValues& values) {

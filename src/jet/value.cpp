@@ -111,7 +111,7 @@ Bytes StoredText(const std::string& text) {
 
 Bytes StoredTextValue(const std::string& text) {
   Bytes stored = StoredText(text);
-  if (stored.size() >= 2 && stored[0] == 0xFF && stored[1] == 0xFE) throw Error("a text begins with U+FEFF");
+  if (stored.size() >= 2 && stored[0] == 0xFF && stored[1] == 0xFE) throw RowError("a text begins with U+FEFF");
   return stored;
 }
 
@@ -132,7 +132,7 @@ Bytes GuidOf(const std::string& text) {
     if (std::isxdigit(static_cast<unsigned char>(c)) != 0) digits += c;
   }
   const bool braces = text.size() == 38 && text.front() == '{' && text.back() == '}';
-  if (digits.size() != 32 || (!braces && text.size() != 36)) throw Error("'" + text + "' is no identifier (GUID)");
+  if (digits.size() != 32 || (!braces && text.size() != 36)) throw RowError("'" + text + "' is no identifier (GUID)");
   Bytes guid(16);
   for (std::size_t index = 0; index < kGuidOrder.size(); ++index) {
     guid[kGuidOrder[index]] = static_cast<std::uint8_t>(std::stoul(digits.substr(index * 2, 2), nullptr, 16));

@@ -53,6 +53,8 @@ struct Format {
   bool finite_numbers = false;     ///< infinities and no-number can't be kept; such a value is null
   bool byte_widths = false;        ///< texts are as wide as their bytes: a column takes the greatest width there is
   bool multiple_shapes = false;    ///< a class is of single shapes or of multiple ones, never of both
+  bool missing_measures = false;   ///< a vertex of a class with measures may have none
+  bool clockwise = false;          ///< outer rings run clockwise, and inner ones against that
   bool degrees = false;            ///< all coordinates are longitudes and latitudes on WGS 84
   bool without_reference = false;  ///< nothing in the file tells what its coordinates refer to
   bool server = false;             ///< a container that is no file

@@ -61,6 +61,16 @@ std::map<GIntBig, Row> RowsOf(OGRLayer& layer) {
   return rows;
 }
 
+// The library gives the number that the format has for none.
+std::map<GIntBig, Row> WithoutMissingMeasures(std::map<GIntBig, Row> rows) {
+  const std::string none = "-1.79769313486232E+308";
+  for (auto& [fid, row] : rows) {
+    std::string& shape = row.at("(shape)");
+    for (std::size_t at = 0; (at = shape.find(none)) != std::string::npos;) shape.replace(at, none.size(), "nan");
+  }
+  return rows;
+}
+
 void ExpectSound(const std::string& path) {
   jet::Database database(path, jet::Database::Mode::Read);
   EXPECT_THAT(jet::CheckDatabase(database).findings, ::testing::IsEmpty());
@@ -80,9 +90,9 @@ TEST(PersonalGeodatabase, ClassesOfOthersAreReadAsTheLibraryReadsThem) {
     if (std::string_view(layer->GetName()) == "MultiPointZM") {
       EXPECT_EQ(own_rows.at(2).at("(shape)"),
                 "MULTIPOINT ZM ((27.573825503 -18.770134228 0 1),"
-                "(41.5268456380001 -19.434563758 10 -1.79769313486232E+308))");
+                "(41.5268456380001 -19.434563758 10 nan))");
     } else {
-      EXPECT_EQ(own_rows, RowsOf(*other)) << layer->GetName();
+      EXPECT_EQ(own_rows, WithoutMissingMeasures(RowsOf(*other))) << layer->GetName();
     }
     EXPECT_EQ(layer->GetFeatureCount(), other->GetFeatureCount());
     EXPECT_TRUE(layer->GetSpatialRef()->IsSame(other->GetSpatialRef())) << layer->GetName();
