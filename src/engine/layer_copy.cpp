@@ -35,6 +35,7 @@ class Copier {
     facts_->full_name = FromNativePath(ShownPath());
     if (!request_.question.empty()) facts_->notes.planned_questions.push_back(request_.question);
     if (place_.InContainer()) facts_->notes.NoteName(place_.name, place_.ClassName());
+    RequireRoomForFields();
     if (!request_.only) facts_->left_out = request_.source->LeftOut();
     if (request_.plan_only) {
       MoveToScratch();
@@ -64,6 +65,21 @@ class Copier {
   [[nodiscard]] fs::path ShownFile() const {
     const OutputPlace& place = request_.place;
     return place.InContainer() ? place.container : place.NativePath();
+  }
+
+  // Beside the identifier and the shape.
+  void RequireRoomForFields() const {
+    constexpr std::size_t kMost = 253;
+    if (format_.driver != "PGeo") return;
+    std::size_t count = request_.result_fields.size();
+    for (const FieldRef& field : *source_->Traits()->fields.fields) {
+      const bool own = field->Type == esriFieldTypeOID || field->Type == esriFieldTypeGeometry;
+      if (!own) ++count;
+    }
+    if (count <= kMost) return;
+    Raise(kInvalidCall, "'" + ToNativePath(facts_->full_name) + "' can't be made: it would have " +
+                            std::to_string(count) + " fields, and a personal geodatabase keeps " +
+                            std::to_string(kMost) + " in a class. Name another format.");
   }
 
   // A copy that is only planned is made where nobody looks.

@@ -34,7 +34,9 @@ constexpr NameRule kFileName{200, true, NameRule::Characters::Any, {}, {}};
 constexpr NameRule kDbaseField{10, true, NameRule::Characters::Any, {}, {}};
 constexpr NameRule kGeodatabaseClass{160, false, NameRule::Characters::Word, kGeodatabaseWords, kGeodatabasePrefixes};
 // A table beside the class bears its name and twelve letters more, and 64 is the most.
-constexpr NameRule kPersonalClass{52, false, NameRule::Characters::AsciiWord, kGeodatabaseWords, kGeodatabasePrefixes};
+// The last two are of the database's own tables, which other programs hide.
+constexpr std::array kPersonalPrefixes = {Words("sde_"), Words("gdb_"), Words("delta_"), Words("msys"), Words("usys")};
+constexpr NameRule kPersonalClass{52, false, NameRule::Characters::AsciiWord, kGeodatabaseWords, kPersonalPrefixes};
 constexpr NameRule kGeodatabaseField{64, false, NameRule::Characters::Word, kGeodatabaseFieldWords, {}};
 constexpr NameRule kAnyText{1000, true, NameRule::Characters::Any, {}, {}};
 // Such columns are read as shapes.

@@ -15,6 +15,7 @@
 #include "engine/test_layers.h"
 #include "helpers/temporary_folder.h"
 #include "jet/check.h"
+#include "outputs/formats.h"
 
 namespace tessarine {
 namespace {
@@ -219,6 +220,13 @@ TEST(PersonalGeodatabaseRows, ReferencesAliasesAndMissingMeasuresComeBack) {
   const OGRLineString* line = feature->GetGeometryRef()->toMultiLineString()->getGeometryRef(0);
   EXPECT_EQ(line->getM(0), 1.0);
   EXPECT_TRUE(std::isnan(line->getM(1)));
+}
+
+// Other programs hide tables that are called like those of the database itself.
+TEST(PersonalGeodatabaseRows, ClassesArentCalledLikeTheDatabasesOwnTables) {
+  const NameRule& rule = FormatOfPath("a.mdb")->class_names;
+  for (const char* name : {"MSysRoads", "usys", "GDB_Items"}) EXPECT_EQ(LegalName(rule, name), std::string("_") + name);
+  EXPECT_EQ(LegalName(rule, "Systems"), "Systems");
 }
 
 }  // namespace
