@@ -66,6 +66,11 @@ void RequireWritableGeodatabase(const std::string& native_path, PersonalUse use)
   if (faccessat(AT_FDCWD, native_path.c_str(), W_OK, AT_EACCESS) != 0) {
     RaiseEngineFault("'" + native_path + "' can't be written to: check its permissions.");
   }
+  // The geodatabase is worked on beside its place.
+  const fs::path folder = fs::absolute(native_path, error).parent_path();
+  if (faccessat(AT_FDCWD, folder.c_str(), W_OK, AT_EACCESS) != 0) {
+    RaiseEngineFault("'" + native_path + "' can't be written to: its folder takes no files. Check its permissions.");
+  }
   RequireUnlocked(native_path);
   try {
     jet::Database database(native_path, jet::Database::Mode::Write);

@@ -251,6 +251,16 @@ TEST_F(Endings, SelectedRecordsThatAreGoneAreToldAndTheOthersTaken) {
 }
 
 // Names that stand for something else are refused before anything is done, by the plan too.
+TEST_F(Endings, AGeodatabaseThatAnotherProgramHasOpenIsRefusedBeforeTheRun) {
+  ASSERT_EQ(RunTessarine({"to-polylines", Data("countries.shp"), "-q", "-o", In("x.mdb/lines")}).status, 0);
+  const std::string before = ReadFile(In("x.mdb"));
+  WriteFile(In("x.ldb"), "");
+  const ProgramOutcome run = RunTessarine({"calculate", In("x.mdb:lines"), "--all-measures"});
+  EXPECT_EQ(run.status, 2) << run.err;
+  EXPECT_THAT(run.err, HasSubstr("x.ldb"));
+  EXPECT_EQ(ReadFile(In("x.mdb")), before);
+}
+
 TEST_F(Endings, NamesThatAreTakenOtherwiseAreRefused) {
   ASSERT_EQ(RunTessarine({"centroids", Data("countries.shp"), "-o", In("g.gdb/ds/v"), "-q"}).status, 0);
   fs::create_directory(In("full.shp"));

@@ -57,6 +57,7 @@ ExitStatus CalculateInPlace(const CalculateOptions& options) {
   Session session(options.common);
   const std::shared_ptr<DocumentFeatureLayer> layer = TakeLayer(session.Document(), options.source);
   RefuseReadOnly(*layer);
+  RefuseUnwritableSource(layer->FeatureClass());
   return Calculate(options, options.measures, session, *layer);
 }
 

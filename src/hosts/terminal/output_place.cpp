@@ -148,7 +148,17 @@ class OutputText {
     named.whole_container = rest.empty();
     named.place.name = rest.empty() ? container.stem().string() : rest.back();
     if (rest.size() == 2) named.place.dataset = rest.front();
+    RefuseDatasetName(named.place);
     return named;
+  }
+
+  // A dataset that is there already may be called as others called it.
+  static void RefuseDatasetName(const OutputPlace& place) {
+    if (place.dataset.empty() || place.format->class_names.characters != NameRule::Characters::AsciiWord) return;
+    const std::string legal = LegalName(place.format->class_names, place.dataset);
+    if (legal == place.dataset || FeatureDatasetReference(place.container, place.dataset)) return;
+    throw Refusal("'" + place.dataset + "' is no name for a feature dataset of a " + std::string(place.format->name) +
+                  ": call it '" + legal + "', for example.");
   }
 
   static NamedOutput AsFile(fs::path path, const Format* format) {
@@ -195,6 +205,18 @@ void RefuseBrokenContainer(const OutputPlace& place) {
     engine::RequireWritableGeodatabase(place.container, engine::PersonalUse::NewClass);
   } catch (const Fault& fault) {
     throw Refusal("The output '" + place.NativePath() + "' can't be made. " + fault.Description());
+  }
+}
+
+void RefuseUnwritableSource(const std::shared_ptr<IFeatureClass>& features) {
+  const auto data = Cast<IDatasetFiles>(features);
+  if (!data) return;
+  try {
+    for (const std::string& file : data->Files().files) {
+      if (engine::IsPersonalGeodatabase(file)) engine::RequireWritableGeodatabase(file, engine::PersonalUse::Rows);
+    }
+  } catch (const Fault& fault) {
+    throw Refusal(fault.Description());
   }
 }
 

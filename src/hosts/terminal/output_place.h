@@ -38,6 +38,9 @@ enum class Folders { Allowed, Refused };
 /// Refuses a container that is there but can't be opened.
 void RefuseBrokenContainer(const OutputPlace& place);
 
+/// Refuses data that a run would write to in place and that can't be written to now.
+void RefuseUnwritableSource(const std::shared_ptr<IFeatureClass>& features);
+
 /// Makes the place ready for a run: a container that isn't there, and a new feature dataset with the given reference,
 /// are promised; the first class makes them.
 class PreparedPlace {
