@@ -6,6 +6,7 @@
 #include <random>
 
 #include "engine/personal_geodatabase_kinds.h"
+#include "engine/personal_geodatabase_tables.h"
 #include "engine/personal_geodatabase_values.h"
 #include "platform/text_formats.h"
 
@@ -22,135 +23,6 @@ constexpr double kCells = 2147483648.0;
 constexpr double kDegreesOfCells = 800.0;
 
 constexpr const char* kUnknownReference = "{B286C06B-0879-11D2-AACA-00C04FA33C20}";
-
-constexpr std::uint8_t kIdentifier = Index::kUnique | Index::kRequired;
-
-std::vector<jet::TableSpec> OwnTables() {
-  return {
-      {"GDB_ColumnInfo",
-       {{"TableName", Text, 255}, {"FieldName", Text, 255}, {"columnFlags", Long}},
-       {{"GDB_ColumnInfo_INDEX", {"TableName", "FieldName"}, Index::kUnique}}},
-      {"GDB_DatabaseLocks",
-       {{"LockID", Long, 0, true}, {"LockType", Long}, {"UserName", Memo}, {"MachineName", Memo}},
-       {{"LockID_Index", {"LockID"}}}},
-      {"GDB_GeomColumns",
-       {{"TableName", Text, 255},
-        {"FieldName", Text, 255},
-        {"ShapeType", Long},
-        {"ExtentLeft", Double},
-        {"ExtentBottom", Double},
-        {"ExtentRight", Double},
-        {"ExtentTop", Double},
-        {"IdxOriginX", Double},
-        {"IdxOriginY", Double},
-        {"IdxGridSize", Double},
-        {"SRID", Long},
-        {"HasZ", Flag},
-        {"HasM", Flag},
-        {"ZLow", Double},
-        {"ZHigh", Double},
-        {"MLow", Double},
-        {"MHigh", Double}},
-       {{"SRID_Index", {"SRID"}}, {"TableName_Index", {"TableName"}}}},
-      {"GDB_ItemRelationships",
-       {{"ObjectID", Long, 0, true},
-        {"UUID", Guid},
-        {"OriginID", Guid},
-        {"DestID", Guid},
-        {"Type", Guid},
-        {"Attributes", Memo},
-        {"Properties", Long}},
-       {{"CatRelsByUUID", {"UUID"}, kIdentifier},
-        {"FDO_ObjectID", {"ObjectID"}, kIdentifier},
-        {"FDO_UUID", {"UUID"}, kIdentifier},
-        {"GUID_DestID", {"DestID"}, Index::kIgnoreNull},
-        {"GUID_OriginID", {"OriginID"}, Index::kIgnoreNull},
-        {"GUID_Type", {"Type"}, Index::kIgnoreNull}}},
-      {"GDB_ItemRelationshipTypes",
-       {{"ObjectID", Long, 0, true},
-        {"UUID", Guid},
-        {"OrigItemTypeID", Guid},
-        {"DestItemTypeID", Guid},
-        {"Name", Text, 160},
-        {"ForwardLabel", Text, 255},
-        {"BackwardLabel", Text, 255},
-        {"IsContainment", Short}},
-       {{"CatRelTypesByBackwardLabel", {"BackwardLabel"}, Index::kIgnoreNull},
-        {"CatRelTypesByForwardLabel", {"ForwardLabel"}, Index::kIgnoreNull},
-        {"CatRelTypesByName", {"Name"}, Index::kIgnoreNull},
-        {"CatRelTypesByUUID", {"UUID"}, Index::kUnique | Index::kIgnoreNull},
-        {"FDO_ObjectID", {"ObjectID"}, kIdentifier},
-        {"GUID_DestItemTypeID", {"DestItemTypeID"}, Index::kIgnoreNull},
-        {"GUID_OrigItemTypeID", {"OrigItemTypeID"}, Index::kIgnoreNull},
-        {"GUID_UUID", {"UUID"}, Index::kIgnoreNull}}},
-      {"GDB_Items",
-       {{"ObjectID", Long, 0, true},
-        {"UUID", Guid},
-        {"Type", Guid},
-        {"Name", Text, 160},
-        {"PhysicalName", Text, 160},
-        {"Path", Memo},
-        {"DatasetSubtype1", Long},
-        {"DatasetSubtype2", Long},
-        {"DatasetInfo1", Text, 255},
-        {"DatasetInfo2", Text, 255},
-        {"URL", Text, 255},
-        {"Definition", Memo},
-        {"Documentation", Memo},
-        {"ItemInfo", Memo},
-        {"Properties", Long},
-        {"Defaults", Ole},
-        {"Shape", Ole}},
-       {{"CatItemsByPhysicalName", {"PhysicalName"}, Index::kIgnoreNull},
-        {"CatItemsByUUID", {"UUID"}, kIdentifier},
-        {"FDO_ObjectID", {"ObjectID"}, kIdentifier},
-        {"FDO_UUID", {"UUID"}, kIdentifier},
-        {"GUID_Type", {"Type"}, Index::kIgnoreNull}}},
-      {"GDB_ItemTypes",
-       {{"ObjectID", Long, 0, true}, {"UUID", Guid}, {"ParentTypeID", Guid}, {"Name", Text, 160}},
-       {{"CatItemTypesByName", {"Name"}, Index::kIgnoreNull},
-        {"CatItemTypesByUUID", {"UUID"}, Index::kUnique | Index::kIgnoreNull},
-        {"FDO_ObjectID", {"ObjectID"}, kIdentifier},
-        {"GUID_ParentTypeID", {"ParentTypeID"}, Index::kIgnoreNull},
-        {"GUID_UUID", {"UUID"}, Index::kIgnoreNull}}},
-      {"GDB_ReplicaLog",
-       {{"ID", Long, 0, true},
-        {"ReplicaID", Long},
-        {"Event", Long},
-        {"ErrorCode", Long},
-        {"LogDate", Date},
-        {"SourceBeginGen", Long},
-        {"SourceEndGen", Long},
-        {"TargetGen", Long}},
-       {{"FDO_ID", {"ID"}, kIdentifier},
-        {"ReplicaLogByID", {"ID"}, kIdentifier},
-        {"ReplicaLogByReplicaID", {"ReplicaID"}, Index::kIgnoreNull}}},
-      {"GDB_SpatialRefs",
-       {{"SRID", Long, 0, true},
-        {"SRTEXT", Memo},
-        {"FalseX", Double},
-        {"FalseY", Double},
-        {"XYUnits", Double},
-        {"FalseZ", Double},
-        {"ZUnits", Double},
-        {"FalseM", Double},
-        {"MUnits", Double},
-        {"IsHighPrecision", Long},
-        {"XYTolerance", Double},
-        {"ZTolerance", Double},
-        {"MTolerance", Double}},
-       {{"SRID_Index", {"SRID"}}}},
-  };
-}
-
-jet::TableSpec ShapeIndexTable(const std::string& name) {
-  jet::TableSpec spec{name, {}, {}};
-  for (const char* column : {"IndexedObjectId", "MinGX", "MinGY", "MaxGX", "MaxGY"}) {
-    spec.columns.push_back({column, Long});
-    spec.indexes.push_back({std::string(column) + "_Index", {column}});
-  }
-  return spec;
-}
 
 jet::Bytes NewGuid() {
   std::random_device random;
