@@ -351,8 +351,8 @@ std::string FreeLegalName(const NameRule& rule, const std::string& name,
 }
 
 std::vector<std::string> FreeLegalNames(const NameRule& rule, const std::vector<std::string>& names,
-                                        const std::vector<std::string>& reserved) {
-  std::vector<std::string> given = reserved;
+                                        const std::vector<std::string>& standing) {
+  std::vector<std::string> given = standing;
   const auto taken = [&](const std::string& name) {
     return std::ranges::any_of(given, [&](const std::string& other) { return EqualsIgnoringCase(other, name); });
   };

@@ -92,9 +92,9 @@ const Format& AddFormat(Format format);
 [[nodiscard]] std::string FreeLegalName(const NameRule& rule, const std::string& name,
                                         const std::function<bool(const std::string&)>& taken);
 
-/// Names for all of them, each legal and different from the others and from those in `reserved`, whatever their
-/// case. Who bears a legal name keeps it, wherever it stands in the list.
+/// Names for all of them, each legal, and different from each other and from `standing`, whatever their case. Who bears
+/// a legal name keeps it, wherever it stands in the list.
 [[nodiscard]] std::vector<std::string> FreeLegalNames(const NameRule& rule, const std::vector<std::string>& names,
-                                                      const std::vector<std::string>& reserved = {});
+                                                      const std::vector<std::string>& standing = {});
 
 }  // namespace tessarine
