@@ -60,6 +60,7 @@ ColumnLimits LimitsOf(const OGRFieldDefn& field, ColumnStore store) {
       limits.LimitDecimals(field.GetWidth(), field.GetPrecision());
       limits.farthest = kMostMoney;
     }
+    limits.keeps_mark = false;
     limits.most_units = static_cast<std::size_t>(std::max(field.GetWidth(), 0));
   } else if (store == ColumnStore::Dbase) {
     if (field.GetType() == OFTReal && field.GetWidth() > 0) {

@@ -25,6 +25,7 @@ constexpr std::array kChanges = {
     ChangeRow{ValueChange::ZoneDropped, "zone_dropped", "written without time zone"},
     ChangeRow{ValueChange::Unreadable, "unreadable", "that can't be converted, written as null"},
     ChangeRow{ValueChange::NullFilled, "null_filled", "that were null, written as 0 or as an empty text"},
+    ChangeRow{ValueChange::MarkDropped, "mark_dropped", "without the mark of byte order in front"},
     ChangeRow{ValueChange::BadText, "bad_text", "that are no UTF-8, read as Latin-1"},
 };
 

@@ -18,6 +18,7 @@ enum class ValueChange : std::uint8_t {
   ZoneDropped,  ///< a time zone
   Unreadable,   ///< a value of another kind that can't be converted; null
   NullFilled,   ///< null, where the format knows none; 0 or an empty text
+  MarkDropped,  ///< a mark of byte order in front of a text
   BadText,      ///< bytes that are no text in the encoding of the data, taken as Latin-1
 };
 

@@ -122,6 +122,8 @@ FittedValue FitNumber(const Variant& value, const ColumnLimits& column) {
   return column.kind == Kind::Whole ? FitWhole(*number, column) : FitReal(*number, column);
 }
 
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
 // --- Texts ---------------------------------------------------------------------------------------------------------
 
 bool HasRoom(std::string_view text, const ColumnLimits& column) {
@@ -166,6 +168,10 @@ FittedValue FitText(const Variant& value, const ColumnLimits& column) {
   if (!IsUtf8(text)) {
     text = Utf8FromLatin1(text);
     fitted.change = ValueChange::BadText;
+  }
+  if (!column.keeps_mark && text.starts_with(kByteOrderMark)) {
+    while (text.starts_with(kByteOrderMark)) text.erase(0, kByteOrderMark.size());
+    fitted.change = ValueChange::MarkDropped;
   }
   std::string_view kept = text;
   if (column.most_bytes > 0) kept = FirstBytes(kept, column.most_bytes);

@@ -33,6 +33,7 @@ struct ColumnLimits {
   std::size_t most_bytes = 0;
   std::size_t most_characters = 0;
   std::size_t most_units = 0;  ///< of UTF-16
+  bool keeps_mark = true;      ///< of byte order, in front of a text
   // Times.
   bool keeps_zone = true;
   bool keeps_fraction = true;

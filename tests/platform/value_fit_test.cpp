@@ -113,7 +113,8 @@ TEST(ValueFit, RealNumbersKeepFifteenDigitsOrSayThatTheyDont) {
 }
 
 TEST(ValueFit, TextsAreCutBetweenCharacters) {
-  ColumnLimits bytes, characters;
+  ColumnLimits bytes, characters, unmarked;
+  unmarked.keeps_mark = false;
   bytes.most_bytes = 4;
   characters.most_characters = 4;
   Expect({
@@ -123,6 +124,8 @@ TEST(ValueFit, TextsAreCutBetweenCharacters) {
       {"four characters", "\xC3\xA9\xC3\xA9\xC3\xA9\xC3\xA9", characters, "\xC3\xA9\xC3\xA9\xC3\xA9\xC3\xA9"},
       {"five", "\xE2\x82\xAC\xE2\x82\xAC\xE2\x82\xAC\xE2\x82\xACx", characters,
        "\xE2\x82\xAC\xE2\x82\xAC\xE2\x82\xAC\xE2\x82\xAC", ValueChange::TextCut},
+      {"mark of byte order", "\xEF\xBB\xBFK", unmarked, "K", ValueChange::MarkDropped},
+      {"kept mark of byte order", "\xEF\xBB\xBFK", ColumnLimits(), "\xEF\xBB\xBFK", ValueChange::None},
       {"Latin-1", "K\xF6ln", ColumnLimits(), "K\xC3\xB6ln", ValueChange::BadText},
       {"a number", std::int64_t{123456789012345678}, ColumnLimits(), "123456789012345678"},
       {"a number without all its decimals", 1.2345, characters, "1.23", ValueChange::Rounded},
