@@ -9,7 +9,7 @@
 #include "geodesy/angles.h"
 #include "geodesy/checked_arithmetic.h"
 #include "geodesy/vertex_walk.h"
-#include "platform/host.h"
+#include "platform/tell_user.h"
 #include "platform/trap.h"
 
 namespace tessarine::MyGeometricOperations {
@@ -38,11 +38,11 @@ void TakeOwnAxes(const IGeometry& geometry, const Conversion& conversion, double
   const SpatialReferenceRef& reference = Require(geometry.SpatialReference(), "SpatialReference");
   const auto geographic = Cast<const GeographicCoordinateSystem>(reference);
   if (!geographic) {
-    Host().MessageBox().Show("Unexpected Spatial Reference:\r\nThe function '" + std::string(conversion.shown_name) +
-                                 "' only accepts geometries with geographic projections.\r\n"
-                                 "This geometry has spatial reference '" +
-                                 reference->Name() + "...",
-                             "");
+    TellUser("Unexpected Spatial Reference:\r\nThe function '" + std::string(conversion.shown_name) +
+                 "' only accepts geometries with geographic projections.\r\n"
+                 "This geometry has spatial reference '" +
+                 reference->Name() + "...",
+             "");
     Raise(kTypeMismatch, "The spatial reference is not a geographic one.");
   }
   const auto& spheroid = Require(Require(geographic->Datum(), "Datum")->Spheroid(), "Spheroid");
@@ -73,7 +73,7 @@ GeometryRef ConvertFeature(const GeometryRef& geometry, const Conversion& conver
   const GeometryRef converted = CopyWithVertices(
       *geometry, [&](XY vertex) { return ConvertVertex(conversion, vertex, semi_major, semi_minor, long_shift); });
   if (!converted) {
-    Host().MessageBox().Show(
+    TellUser(
         "Unexpected Geometry Type:\r\nThe function 'PlanetOCentricToPlanetOGraphic' only accepts "
         "points, polylines, polygons or multipoints.",
         "");

@@ -9,7 +9,7 @@
 
 #include "geodesy/checked_arithmetic.h"
 #include "platform/fault.h"
-#include "platform/host.h"
+#include "platform/tell_user.h"
 #include "platform/trap.h"
 
 namespace tessarine::MyGeometricOperations {
@@ -125,9 +125,9 @@ auto ShowFaults(const char* procedure, Body&& body) -> decltype(body()) {
   } catch (...) {
     const Fault fault = CurrentFault();
     const std::string name(procedure);
-    Host().MessageBox().Show("Failed in " + name + ": \r\nError = " + fault.Description() +
-                                 "\r\nLine Number = " + std::to_string(fault.Line()),
-                             name + ":");
+    TellUser("Failed in " + name + ": \r\nError = " + fault.Description() +
+                 "\r\nLine Number = " + std::to_string(fault.Line()),
+             name + ":");
     return nullptr;
   }
 }

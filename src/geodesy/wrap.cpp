@@ -11,7 +11,7 @@
 #include "geodesy/checked_arithmetic.h"
 #include "geodesy/vertex_walk.h"
 #include "geodesy/wrap_tiles.h"
-#include "platform/host.h"
+#include "platform/tell_user.h"
 #include "platform/trap.h"
 
 namespace tessarine::MyGeometricOperations {
@@ -256,7 +256,7 @@ GeometryRef FeatureLongitudeShift(const GeometryRef& geometry, double shift) {
       return XY{Finite(vertex.x + shift), vertex.y};
     });
     if (!shifted) {
-      Host().MessageBox().Show(
+      TellUser(
           "Unexpected Geometry Type:\r\nThe function 'FeatureLongitudeShift' only accepts points, "
           "polylines, polygons or multipoints.",
           "");

@@ -6,6 +6,7 @@
 
 #include "platform/fault.h"
 #include "platform/running_journal.h"
+#include "platform/tell_user.h"
 
 namespace tessarine {
 namespace {
@@ -45,6 +46,14 @@ RunningContextScope::~RunningContextScope() { t_running = before_; }
 RunJournal* RunningJournal() {
   if (t_running != nullptr) return &t_running->journal;
   return g_host == nullptr ? nullptr : &g_host->Journal();
+}
+
+void TellUser(const std::string& text, const std::string& title) {
+  if (t_running != nullptr) {
+    t_running->feedback.Tell(text, title);
+  } else {
+    Host().Tell(text, title);
+  }
 }
 
 bool StopRequested() {
