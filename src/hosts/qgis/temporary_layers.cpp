@@ -7,6 +7,7 @@
 
 #include <QTemporaryDir>
 
+#include "hosts/document/class_over_class.h"
 #include "hosts/windows/qt_text.h"
 #include "outputs/format_workspace.h"
 #include "platform/fault.h"
@@ -74,54 +75,20 @@ std::unique_ptr<QgsVectorLayer> CopyToMemory(const QgsVectorLayer& source) {
 }
 
 /// Hands everything on to the class of the GeoPackage.
-class TemporaryClass final : public IFeatureClass,
+class TemporaryClass final : public ClassOverClass,
                              public IStagedDataset,
                              public IPlannedClass,
                              public IObjectClassInfo2,
                              public ITemporaryClass {
  public:
   TemporaryClass(std::unique_ptr<QTemporaryDir> folder, std::string file, std::shared_ptr<IFeatureClass> worked)
-      : folder_(std::move(folder)), file_(std::move(file)), worked_(std::move(worked)) {}
+      : ClassOverClass(std::move(worked)), folder_(std::move(folder)), file_(std::move(file)) {}
 
-  // IClass
-  [[nodiscard]] std::int32_t FindField(std::string_view name) const override { return worked_->FindField(name); }
-  [[nodiscard]] FieldsRef Fields() const override { return worked_->Fields(); }
-  void AddField(const FieldRef& field) override { worked_->AddField(field); }
-  void AddFields(std::span<const FieldRef> fields) override { worked_->AddFields(fields); }
-  [[nodiscard]] std::shared_ptr<IEdit> BeginEdit() override { return worked_->BeginEdit(); }
-
-  // IDataset
-  [[nodiscard]] std::string Name() const override { return worked_->Name(); }
   [[nodiscard]] std::string FullName() const override { return Place() + "\\" + Name(); }
   [[nodiscard]] std::string BrowseName() const override { return Name(); }
   [[nodiscard]] std::string Category() const override { return std::string(TemporaryLayers()->category); }
   [[nodiscard]] std::shared_ptr<IWorkspace> Workspace() const override;
-  [[nodiscard]] std::shared_ptr<IPropertySet> PropertySet() const override { return worked_->PropertySet(); }
   void Delete() override { Discard(); }
-
-  // IGeoDataset, IFeatureClass
-  [[nodiscard]] SpatialReferenceRef SpatialReference() const override { return worked_->SpatialReference(); }
-  [[nodiscard]] Envelope Extent() const override { return worked_->Extent(); }
-  [[nodiscard]] esriGeometryType ShapeType() const override { return worked_->ShapeType(); }
-  [[nodiscard]] std::string ShapeFieldName() const override { return worked_->ShapeFieldName(); }
-  [[nodiscard]] std::string AliasName() const override { return worked_->AliasName(); }
-  [[nodiscard]] std::int32_t FeatureCount(const QueryFilter* filter) const override {
-    return worked_->FeatureCount(filter);
-  }
-  [[nodiscard]] std::shared_ptr<IFeatureCursor> Search(const QueryFilter* filter, bool recycling) override {
-    return worked_->Search(filter, recycling);
-  }
-  [[nodiscard]] std::shared_ptr<IFeatureCursor> Update(const QueryFilter* filter, bool recycling) override {
-    return worked_->Update(filter, recycling);
-  }
-  [[nodiscard]] std::shared_ptr<IFeatureCursor> Insert(bool use_buffering) override {
-    return worked_->Insert(use_buffering);
-  }
-  [[nodiscard]] std::shared_ptr<IFeatureBuffer> CreateFeatureBuffer() override {
-    return worked_->CreateFeatureBuffer();
-  }
-  [[nodiscard]] std::vector<LeftOutRecords> LeftOut() const override { return worked_->LeftOut(); }
-  [[nodiscard]] std::shared_ptr<IFeature> GetFeature(std::int64_t oid) override { return worked_->GetFeature(oid); }
   [[nodiscard]] bool CanBypassEditSession() const override { return true; }
 
   // IStagedDataset
@@ -136,17 +103,16 @@ class TemporaryClass final : public IFeatureClass,
   [[nodiscard]] const RunJournal* Notes() const override { return Staged().Notes(); }
   [[nodiscard]] std::vector<std::string> Foretold() const override { return Staged().Foretold(); }
   [[nodiscard]] const PlannedClass& Planned() const override {
-    return Require(Cast<IPlannedClass>(worked_), "IPlannedClass")->Planned();
+    return Require(Cast<IPlannedClass>(Beneath()), "IPlannedClass")->Planned();
   }
 
   [[nodiscard]] std::unique_ptr<QgsVectorLayer> TakeLayer() override { return std::move(layer_); }
 
  private:
-  [[nodiscard]] IStagedDataset& Staged() const { return dynamic_cast<IStagedDataset&>(*worked_); }
+  [[nodiscard]] IStagedDataset& Staged() const { return dynamic_cast<IStagedDataset&>(*Beneath()); }
 
   std::unique_ptr<QTemporaryDir> folder_;
   std::string file_;
-  std::shared_ptr<IFeatureClass> worked_;
   std::unique_ptr<QgsVectorLayer> layer_;
 };
 

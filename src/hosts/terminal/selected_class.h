@@ -11,7 +11,7 @@
 namespace tessarine {
 
 /// Reads the rows with these identifiers, all of which are there. It can't be written to.
-[[nodiscard]] std::shared_ptr<IFeatureClass> SelectedClass(std::shared_ptr<IFeatureClass> features,
+[[nodiscard]] std::shared_ptr<IFeatureClass> SelectedClass(const std::shared_ptr<IFeatureClass>& features,
                                                            std::vector<std::int64_t> oids);
 
 }  // namespace tessarine
