@@ -51,6 +51,21 @@ class HostDialogsTest : public testing::WindowsTest {
     box->clear();
     QTest::keyClicks(box, ToQt(text));
   }
+  /// The place that a user chooses in a browse dialog for saving: category, path, name, and the dataset where there is
+  /// one.
+  template <class User>
+  std::string Browsed(User user, const std::string& proposed) {
+    const auto dialog = host.CreateGxDialog();
+    dialog->AddFilter(GxFilter::FeatureClasses, true);
+    dialog->SetStartingLocation(folder.Path());
+    if (!proposed.empty()) dialog->SetName(proposed);
+    WhenModal([user](QWidget& window) { user(window); });
+    if (!dialog->DoModalSave(0)) return "cancelled";
+    const auto place = dialog->FinalLocation();
+    const auto dataset = Cast<IGxDataset>(place);
+    return place->Category() + "|" + place->FullName() + "|" + dialog->Name() +
+           (dataset ? "|" + dataset->Dataset()->Name() : "");
+  }
   [[nodiscard]] std::unique_ptr<QPrinter> PdfPrinter() const {
     auto device = std::make_unique<QPrinter>(QPrinter::HighResolution);
     device->setOutputFormat(QPrinter::PdfFormat);
@@ -178,18 +193,7 @@ TEST_F(HostDialogsTest, BrowsingWalksFoldersAndGeodatabasesAndTakesTypedNames) {
   folder.Write("roads.dbf");
   folder.Write("notes.txt");
   std::filesystem::create_directory(folder.Native("sub"));
-  const auto browse = [&](auto user) {
-    const auto dialog = host.CreateGxDialog();
-    dialog->AddFilter(GxFilter::FeatureClasses, true);
-    dialog->SetStartingLocation(folder.Path());
-    dialog->SetName(folder.Path("Output.shp"));
-    WhenModal([user](QWidget& window) { user(window); });
-    if (!dialog->DoModalSave(0)) return std::string("cancelled");
-    const auto place = dialog->FinalLocation();
-    const auto dataset = Cast<IGxDataset>(place);
-    return place->Category() + "|" + place->FullName() + "|" + dialog->Name() +
-           (dataset ? "|" + dataset->Dataset()->Name() : "");
-  };
+  const auto browse = [&](auto user) { return Browsed(user, folder.Path("Output.shp")); };
   EXPECT_EQ(browse([](QWidget& window) {
               EXPECT_THAT(Lines(window), ElementsAre("sub", "world.gdb", "roads.shp"));
               EXPECT_EQ(window.findChild<QLineEdit*>("txtName")->text(), "Output.shp");
@@ -220,17 +224,7 @@ TEST_F(HostDialogsTest, BrowsingWalksFoldersAndGeodatabasesAndTakesTypedNames) {
 }
 
 TEST_F(HostDialogsTest, APersonalGeodatabaseIsMadeWalkedAndChosenFrom) {
-  const auto browse = [&](auto user) {
-    const auto dialog = host.CreateGxDialog();
-    dialog->AddFilter(GxFilter::FeatureClasses, true);
-    dialog->SetStartingLocation(folder.Path());
-    WhenModal([user](QWidget& window) { user(window); });
-    if (!dialog->DoModalSave(0)) return std::string("cancelled");
-    const auto place = dialog->FinalLocation();
-    const auto dataset = Cast<IGxDataset>(place);
-    return place->Category() + "|" + place->FullName() + "|" + dialog->Name() +
-           (dataset ? "|" + dataset->Dataset()->Name() : "");
-  };
+  const auto browse = [&](auto user) { return Browsed(user, ""); };
   EXPECT_EQ(browse([](QWidget& window) {
               WhenModal([](QWidget& question) {
                 QTest::keyClicks(question.findChild<QLineEdit*>(), "world.mdb");
