@@ -24,9 +24,9 @@ BroughtToDegrees<Shape> GeographicCopy(const Shape& shape, SharedWork& work) {
   ++work.Projections;
   Require(Cast<const ProjectedCoordinateSystem>(shape.SpatialReference()), "IProjectedCoordinateSystem");
   std::shared_ptr<Shape> copy = CloneOf(shape);
-  const bool jumps_over_edge = geodesy::BringToDegrees(*copy);
+  geodesy::ShapeInDegrees way = geodesy::BringToDegrees(*copy);
   copy->Simplify();
-  return {copy, jumps_over_edge};
+  return {copy, std::move(way)};
 }
 
 template BroughtToDegrees<Polyline> GeographicCopy(const Polyline&, SharedWork&);

@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "calculator/measures.h"
+#include "geodesy/geographic_shape.h"
 #include "platform/geometry.h"
 
 namespace tessarine::measure_coordinates {
@@ -14,7 +15,7 @@ namespace tessarine::measure_coordinates {
 template <class Shape>
 struct BroughtToDegrees {
   std::shared_ptr<Shape> shape;  ///< simplified; its rings are whole, as `BringToDegrees` makes them
-  bool jumps_over_edge = false;  ///< rings of the map do, by more than 180 degrees at once
+  MyGeometricOperations::ShapeInDegrees way;
 };
 template <class Shape>
 [[nodiscard]] BroughtToDegrees<Shape> GeographicCopy(const Shape& shape, SharedWork& work);

@@ -9,6 +9,7 @@
 #include "calculator/polygon_measures.h"
 #include "calculator/polyline_measures.h"
 #include "geodesy/odd_shapes.h"
+#include "geodesy/vincenty.h"
 #include "platform/finite_shape.h"
 
 namespace tessarine {
@@ -19,7 +20,8 @@ std::unique_ptr<MeasureRecord> RecordOf(const GeometryRef& geometry, MeasureSett
   auto shape = Cast<Shape>(geometry);
   if (!shape) Raise(kTypeMismatch, "The shape of the feature isn't of its layer's shape type.");
   if (!HasOnlyFiniteCoordinates(*shape)) {
-    Raise(kInvalidCall, "The shape has a coordinate that is no finite number, so nothing of it can be measured.");
+    Raise(kInvalidCall,
+          "The shape has a coordinate that is no finite number, so nothing of it can be measured.");
   }
   return std::make_unique<Record>(std::move(shape), settings);
 }
@@ -56,6 +58,9 @@ constexpr WarningRow kWarnings[] = {
      "out and their centroid may lie outside."},
     {MeasureWarning::NoCentroid,
      "A polygon has no spherical centroid, because its spherical area isn't above 0: -9999 stands in its place."},
+    {MeasureWarning::RoughSeries,
+     "On a body as flattened as this one the series for geodesics is off: lengths by up to 1e-6 of themselves at a "
+     "flattening of 1/15, 1e-5 at 1/10, 1e-3 at 1/5 and percents beyond, and midpoints and azimuths as far."},
     {MeasureWarning::FlattenedSphere,
      "The spherical area is that on a sphere of the same volume, which on a body as flattened as this one is off by "
      "several percent: the spheroidal area isn't."},
@@ -73,6 +78,10 @@ void MeasureRecord::Warn(MeasureWarning warning) {
 
 void MeasureRecord::WarnBeyondPole(const IGeometry& degrees) {
   if (MyGeometricOperations::LiesBeyondPole(degrees)) Warn(MeasureWarning::BeyondPole);
+}
+
+void MeasureRecord::WarnOfSeries() {
+  if (MyGeometricOperations::IsSeriesRough(settings_.SemiMajor, settings_.SemiMinor)) Warn(MeasureWarning::RoughSeries);
 }
 
 MeasureSettings MeasureSettingsOf(esriGeometryType shape, const SpatialReferenceRef& reference,

@@ -78,6 +78,7 @@ enum class MeasureWarning {
   TurnedRing,       ///< a spherical area that is 0 or less, of a polygon that has one on the map
   PlanarLobes,      ///< its area and centroid on the plane, likewise
   NoCentroid,       ///< -9999, because the spherical area isn't above 0
+  RoughSeries,      ///< a length, midpoint or azimuth on a strongly flattened spheroid, where the series is off
   FlattenedSphere,  ///< the area on a sphere in place of a strongly flattened spheroid
 };
 /// The sentence that the report and its JSON have for it.
@@ -109,6 +110,8 @@ class MeasureRecord {
   void Warn(MeasureWarning warning);
   /// For a shape in degrees.
   void WarnBeyondPole(const IGeometry& degrees);
+  /// Where geodesics are taken from a series that the spheroid is too flat for.
+  void WarnOfSeries();
 
   MeasureSettings& settings_;  // outlives the record
   SharedWork work_;
@@ -118,8 +121,8 @@ class MeasureRecord {
 };
 
 /// The record of a shape that isn't empty. The shape must be a private copy: some measures change it. Fault 13 when it
-/// isn't of the layer's shape type, and fault 5 when a coordinate is no finite number: nothing of such a shape can be
-/// measured. `settings` must outlive the record.
+/// isn't of the layer's shape type, and fault 5 when a coordinate is no finite number: nothing of
+/// such a shape can be measured. `settings` must outlive the record.
 [[nodiscard]] std::unique_ptr<MeasureRecord> BeginRecord(const GeometryRef& shape_copy, MeasureSettings& settings);
 
 /// The values of one measure. Fault 5 when the row belongs to another shape type or kind than the record.

@@ -2,6 +2,7 @@
 #include "calculator/polygon_measures.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstddef>
 #include <span>
@@ -95,8 +96,10 @@ double PolygonRecord::SphericalArea() {
 
 double PolygonRecord::SpheroidalPerimeter() {
   WarnBeyondPole(*GeographicPolygon());
+  WarnOfSeries();
   const geodesy::ConvergenceWatch watch;
-  const double length = PerimeterOf(GeographicPolygon());
+  const std::shared_ptr<Polygon>& polygon = GeographicPolygon();
+  const double length = PerimeterOf(polygon) - LengthOfSeams();
   if (!watch.AllConverged()) Warn(MeasureWarning::NotConverged);
   return length;
 }
@@ -112,6 +115,16 @@ double PolygonRecord::PerimeterOf(const std::shared_ptr<Polygon>& polygon) {
   if (!geodesy::MarkSimpleButForSpikes(*rings) && geodesy::HasLobes(*rings)) Warn(MeasureWarning::OneLobe);
   return geodesy::SpheroidalPolylineLength2(geodesy::PolygonToPolyline(rings), settings_.SemiMajor,
                                             settings_.SemiMinor);
+}
+
+// A seam is run there and back.
+double PolygonRecord::LengthOfSeams() const {
+  double length = 0.0;
+  for (const geodesy::Seam& seam : seams_) {
+    length += geodesy::SpheroidalPolylineLength2(std::array{seam.from, seam.to, seam.from}, settings_.SemiMajor,
+                                                 settings_.SemiMinor);
+  }
+  return length;
 }
 
 double PolygonRecord::SpheroidalArea() {
@@ -149,8 +162,9 @@ XY PolygonRecord::SphericalCentroid() {
 
 const std::shared_ptr<Polygon>& PolygonRecord::GeographicPolygon() {
   if (geographic_) return geographic_;
-  const BroughtToDegrees<Polygon> degrees = GeographicCopy(*shape_, work_);
-  if (degrees.jumps_over_edge) Warn(MeasureWarning::TornRing);
+  BroughtToDegrees<Polygon> degrees = GeographicCopy(*shape_, work_);
+  if (degrees.way.jumps_over_edge) Warn(MeasureWarning::TornRing);
+  seams_ = std::move(degrees.way.seams);
   geographic_ = degrees.shape;
   return geographic_;
 }

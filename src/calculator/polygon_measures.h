@@ -3,7 +3,11 @@
 // of the calculator.
 #pragma once
 
+#include <memory>
+#include <vector>
+
 #include "calculator/measures.h"
+#include "geodesy/longitude_continuation.h"
 
 namespace tessarine {
 
@@ -39,6 +43,7 @@ class PolygonRecord final : public MeasureRecord {
  private:
   const std::shared_ptr<Polygon>& GeographicPolygon();
   [[nodiscard]] double PerimeterOf(const std::shared_ptr<Polygon>& polygon);
+  [[nodiscard]] double LengthOfSeams() const;
   void MeasureArea();
   void FindCentroid();
   [[nodiscard]] bool HasCentroid() const;
@@ -46,6 +51,7 @@ class PolygonRecord final : public MeasureRecord {
 
   std::shared_ptr<Polygon> shape_;
   std::shared_ptr<Polygon> geographic_;
+  std::vector<MyGeometricOperations::Seam> seams_;  // of `geographic_`: no part of the perimeter
   bool looked_for_lobes_ = false;
   double spherical_area_ = kNullMark;
   XY centroid_{kNullMark, kNullMark};  // in planetographic latitudes

@@ -79,10 +79,18 @@ void PolylineRecord::FindMidpoint() {
   if (midpoint_) return;
   double position = kMiddle;
   ++work_.MidpointPasses;
+  WarnOfSeries();
   const geodesy::ConvergenceWatch watch;
   midpoint_ = geodesy::SpheroidalPolylineMidpoint2(GeographicLine(), position, true, spheroidal_length_,
                                                    settings_.SemiMajor, settings_.SemiMinor);
   if (!watch.AllConverged()) Warn(MeasureWarning::NotConverged);
+  if (spheroidal_length_ == 0.0 && !shape_->IsEmpty()) midpoint_ = std::make_shared<Point>(OnlyPlace());
+}
+
+// Of a line without length. Its projected copy may be empty once it was simplified.
+XY PolylineRecord::OnlyPlace() {
+  const Polyline& line = *GeographicLine();
+  return line.IsEmpty() ? geodesy::ToDegrees(shape_->FromPoint(), settings_.Reference) : line.FromPoint();
 }
 
 // A line without azimuths keeps its marks, so the next measure that asks comes here again, to the same result.
@@ -96,6 +104,7 @@ void PolylineRecord::SolveAzimuths() {
   const XY to{geodesy::WithinOneTurn(from.x, line.ToPoint().x), line.ToPoint().y};
   if (from == to) return;
   ++work_.AzimuthSolutions;
+  WarnOfSeries();
   const geodesy::ConvergenceWatch watch;
   geodesy::DistanceVincentyPoints2(from, to, start_azimuth_, end_azimuth_, settings_.SemiMajor, settings_.SemiMinor);
   if (!watch.AllConverged()) Warn(MeasureWarning::NotConverged);

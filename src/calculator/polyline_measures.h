@@ -25,7 +25,7 @@ class PolylineRecord final : public MeasureRecord {
   [[nodiscard]] double StartAzimuth();
   [[nodiscard]] double EndAzimuth();
 
-  /// The middle of the spheroidal length, in the projection of the layer.
+  /// The middle of the spheroidal length, in the projection of the layer; the first vertex of a line without length.
   [[nodiscard]] XY ProjectedSpheroidalMidpoint();
 
   /// The same in a geographic layer, in the latitudes of the data.
@@ -39,6 +39,7 @@ class PolylineRecord final : public MeasureRecord {
   const std::shared_ptr<Polyline>& GeographicLine();
   [[nodiscard]] XY LongitudeLatitudeOf(XY vertex);
   void FindMidpoint();
+  [[nodiscard]] XY OnlyPlace();
   void SolveAzimuths();
 
   std::shared_ptr<Polyline> shape_;

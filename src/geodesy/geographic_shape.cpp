@@ -11,19 +11,19 @@ std::shared_ptr<const GeographicCoordinateSystem> DegreesOf(const SpatialReferen
   return geographic && geographic->InDegrees() ? geographic->InDegrees() : geographic;
 }
 
-bool BringToDegrees(IGeometry& shape) {
+ShapeInDegrees BringToDegrees(IGeometry& shape) {
   const SpatialReferenceRef own = shape.SpatialReference();
   const SpatialReferenceRef degrees = Require(DegreesOf(own), "IGeographicCoordinateSystem");
-  if (own == degrees) return false;
+  if (own == degrees) return {};
   auto* polygon = dynamic_cast<Polygon*>(&shape);
   const bool projected = Is<const ProjectedCoordinateSystem>(own);
   const std::shared_ptr<Polygon> map = polygon != nullptr && projected ? CloneOf(*polygon) : nullptr;
   shape.Project(degrees);
-  if (!map) return false;
-  const MendedRings mended = MendTornRings(*polygon, *map);
+  if (!map) return {};
+  MendedRings mended = MendTornRings(*polygon, *map);
   // By its area on the map a ring over the edge of the map may run the wrong way.
   if (!MarkSimpleButForSpikes(*polygon)) polygon->Simplify();
-  return mended.torn_on_map;
+  return {mended.torn_on_map, std::move(mended.seams)};
 }
 
 XY ToDegrees(XY position, const SpatialReferenceRef& layer) {

@@ -9,7 +9,9 @@
 #pragma once
 
 #include <memory>
+#include <vector>
 
+#include "geodesy/longitude_continuation.h"
 #include "platform/geometry.h"
 
 namespace tessarine::MyGeometricOperations {
@@ -17,14 +19,20 @@ namespace tessarine::MyGeometricOperations {
 /// The geographic reference of a geographic or projected one, in decimal degrees; nothing for any other.
 [[nodiscard]] std::shared_ptr<const GeographicCoordinateSystem> DegreesOf(const SpatialReferenceRef& reference);
 
+/// What became of a shape on its way.
+struct ShapeInDegrees {
+  /// Rings jump over the edge of their map by more than 180 degrees of longitude at once: they were taken the short
+  /// way.
+  bool jumps_over_edge = false;
+  std::vector<Seam> seams;  ///< what rings round a pole, or round the globe, were added to close on the plane
+};
+
 /// Brings the shape to longitude and latitude in decimal degrees, in place, and gives it that reference. A shape that
 /// is there already keeps its bits; a polygon comes out of a projection simple, with its spikes. Curves become lines
 /// where coordinates change. Fault 91 for a reference that is neither geographic nor projected, and the engine's fault
 /// for a vertex that the projection can't take back.
 ///
-/// Returns true if rings jump over the edge of their map by more than 180 degrees of longitude at once: they were taken
-/// the short way.
-bool BringToDegrees(IGeometry& shape);
+ShapeInDegrees BringToDegrees(IGeometry& shape);
 
 /// A position of a layer in degrees, and one in degrees brought to the coordinates of a layer, whose reference is
 /// geographic or projected.

@@ -148,11 +148,11 @@ int TurnsOf(std::span<const XY> ring) {
   return std::fabs(std::remainder(turns, 1.0)) <= kSamePlace ? static_cast<int>(std::lround(turns)) : 0;
 }
 
-std::vector<std::vector<XY>> ArrangedRings(std::vector<std::vector<XY>> rings, EnclosedPole pole) {
+ArrangedPolygon ArrangedRings(std::vector<std::vector<XY>> rings, EnclosedPole pole) {
   for (Vertices& ring : rings) Close(ring);
-  JoinRingsRoundTheGlobe(rings, pole);
+  std::vector<Seam> seams = JoinRingsRoundTheGlobe(rings, pole);
   if (rings.size() > 1) BringInside(rings);
-  return rings;
+  return {std::move(rings), std::move(seams)};
 }
 
 std::vector<std::vector<XY>> ContinuedRings(std::vector<std::vector<XY>> rings, EnclosedPole pole) {
@@ -167,7 +167,7 @@ std::vector<std::vector<XY>> ContinuedRings(std::vector<std::vector<XY>> rings, 
     ring = std::move(closed);
     changed = true;
   }
-  return changed ? ArrangedRings(std::move(rings), pole) : rings;
+  return changed ? ArrangedRings(std::move(rings), pole).rings : rings;
 }
 
 }  // namespace tessarine::MyGeometricOperations

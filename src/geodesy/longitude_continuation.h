@@ -52,6 +52,16 @@ enum class EnclosedPole {
 /// The whole turns of a ring that was carried on; 0 for less than two vertices.
 [[nodiscard]] int TurnsOf(std::span<const XY> ring);
 
+/// A stretch that is no border of the polygon: it was added to a ring, and runs there and back.
+struct Seam {
+  XY from, to;
+};
+
+struct ArrangedPolygon {
+  std::vector<std::vector<XY>> rings;
+  std::vector<Seam> seams;  ///< to poles, and from ring to ring
+};
+
 /// The rings of one polygon, carried on already, as rings that close on the plane: those round the globe led over a
 /// pole or joined to bands, those inside others brought to them. All rings close; where the ends of one differ, a
 /// straight step closes it. The order of the rings stays, a joined pair standing at the place of its first.
@@ -62,8 +72,8 @@ enum class EnclosedPole {
 ///
 /// Cost: linear in the vertices where no ring runs round the globe and nothing was moved; else each ring is looked for
 /// in the larger ones whose extent holds it.
-[[nodiscard]] std::vector<std::vector<XY>> ArrangedRings(std::vector<std::vector<XY>> rings,
-                                                         EnclosedPole pole = EnclosedPole::BySense);
+[[nodiscard]] ArrangedPolygon ArrangedRings(std::vector<std::vector<XY>> rings,
+                                            EnclosedPole pole = EnclosedPole::BySense);
 
 /// Both in one: the rings of a polygon whose steps mean the short way. Rings without a step of more than 180 degrees
 /// keep their vertices, and a polygon of such rings alone comes back as it is. So does a ring that the short way would

@@ -58,7 +58,7 @@ std::size_t NextToPole(const Vertices& vertices, Side side) {
 }
 
 // The meridian begins at the vertex next to the pole, so nothing of the ring lies between the two.
-Vertices LedOver(Girdle girdle, Side side) {
+Vertices LedOver(Girdle girdle, Side side, std::vector<Seam>& seams) {
   BeginAt(girdle, NextToPole(girdle.vertices, side));
   const double pole = side == Side::North ? kPole : -kPole;
   const XY begin = girdle.vertices.front();
@@ -67,6 +67,7 @@ Vertices LedOver(Girdle girdle, Side side) {
   if (begin.y != pole) {
     ring.push_back({begin.x + girdle.turn, pole});
     ring.push_back({begin.x, pole});
+    seams.push_back({begin, {begin.x, pole}});
   }
   ring.push_back(begin);
   return ring;
@@ -131,10 +132,11 @@ void FindBridge(Girdle& lower, Girdle& upper) {
 }
 
 // Along the lower ring, over the bridge, back along the upper one, and over the bridge a turn before.
-Vertices Joined(Girdle lower, Girdle upper) {
+Vertices Joined(Girdle lower, Girdle upper, std::vector<Seam>& seams) {
   TurnWestward(lower);
   TurnWestward(upper);
   FindBridge(lower, upper);
+  seams.push_back({lower.vertices.front(), upper.vertices.front()});
   Vertices ring = lower.vertices;
   ring.push_back({ring.front().x + lower.turn, ring.front().y});
   ring.push_back({upper.vertices.front().x + upper.turn, upper.vertices.front().y});
@@ -177,27 +179,29 @@ Side InsideOfFirst(const std::vector<Girdle>& from_south, EnclosedPole pole) {
 
 }  // namespace
 
-void JoinRingsRoundTheGlobe(std::vector<std::vector<XY>>& rings, EnclosedPole pole) {
+std::vector<Seam> JoinRingsRoundTheGlobe(std::vector<std::vector<XY>>& rings, EnclosedPole pole) {
   std::vector<Girdle> girdles;
   for (std::size_t place = 0; place < rings.size(); ++place) {
     if (TurnsOf(rings[place]) != 0) girdles.push_back(GirdleOf(rings[place], place));
   }
-  if (girdles.empty()) return;
+  if (girdles.empty()) return {};
   std::ranges::stable_sort(girdles, {}, &Girdle::mean_latitude);
 
+  std::vector<Seam> seams;
   const auto put = [&](std::size_t place, Vertices ring) { rings[place] = std::move(ring); };
   std::size_t next = 0;
   if (InsideOfFirst(girdles, pole) == Side::South) {
-    put(girdles[0].place, LedOver(girdles[0], Side::South));
+    put(girdles[0].place, LedOver(girdles[0], Side::South, seams));
     next = 1;
   }
   for (; next + 1 < girdles.size(); next += 2) {
     const Girdle &lower = girdles[next], &upper = girdles[next + 1];
     put(std::max(lower.place, upper.place), {});
-    put(std::min(lower.place, upper.place), Joined(lower, upper));
+    put(std::min(lower.place, upper.place), Joined(lower, upper, seams));
   }
-  if (next < girdles.size()) put(girdles[next].place, LedOver(girdles[next], Side::North));
+  if (next < girdles.size()) put(girdles[next].place, LedOver(girdles[next], Side::North, seams));
   std::erase_if(rings, [](const Vertices& ring) { return ring.empty(); });
+  return seams;
 }
 
 }  // namespace tessarine::MyGeometricOperations

@@ -9,7 +9,7 @@
 namespace tessarine::MyGeometricOperations {
 
 /// Replaces those rings of a polygon that end a turn away from where they begin by rings that close on the plane of
-/// longitude and latitude. The others stay. `ArrangedRings` says what becomes of them.
-void JoinRingsRoundTheGlobe(std::vector<std::vector<XY>>& rings, EnclosedPole pole);
+/// longitude and latitude. The others stay. `ArrangedRings` says what becomes of them. Returns what was added.
+std::vector<Seam> JoinRingsRoundTheGlobe(std::vector<std::vector<XY>>& rings, EnclosedPole pole);
 
 }  // namespace tessarine::MyGeometricOperations

@@ -15,8 +15,8 @@
 // added in the order of the segments. A segment whose ends are a whole turn of longitude apart, as -180 and 180, is
 // measured between the same meridians within one turn.
 //
-// Poles, the 180 degree meridian, nearly antipodal ends and accuracy: each segment is as vincenty.h describes it for one
-// pair of positions. An empty polyline has the length 0.
+// Poles, the 180 degree meridian, nearly antipodal ends and accuracy: each segment is as vincenty.h describes it for
+// one pair of positions. An empty polyline has the length 0.
 //
 // Errors: a segment that can't be measured is reported by the routine that measures one segment and counts as 0; the
 // others still count. A null polyline is reported under the routine's own name; the result is 0 or a null point.

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "geodesy/longitude_continuation.h"
+#include "geodesy/polar_sides.h"
 #include "platform/fault.h"
 
 namespace tessarine::MyGeometricOperations {
@@ -45,16 +46,16 @@ bool HasWidth(const Vertices& ring) {
 
 // A ring on the map, and the same ring in degrees.
 struct MappedRing {
-  const Path& map;
+  std::shared_ptr<const Path> map;
   const Vertices& degrees;
   SpatialReferenceRef projection, reference;
 
-  [[nodiscard]] bool Alike() const { return !map.HasCurves() && map.Vertices().size() == degrees.size(); }
+  [[nodiscard]] bool Alike() const { return !map->HasCurves() && map->Vertices().size() == degrees.size(); }
 };
 
 // The longitudes of the two places that cut a side of the map into thirds; fewer where the projection ends between.
 std::vector<double> Between(const MappedRing& ring, std::size_t index) {
-  const XY from = ring.map.Vertices()[index - 1], to = ring.map.Vertices()[index];
+  const XY from = ring.map->Vertices()[index - 1], to = ring.map->Vertices()[index];
   std::vector<double> longitudes;
   for (const double share : {1.0 / 3.0, 2.0 / 3.0}) {
     Point place(from.x + share * (to.x - from.x), from.y + share * (to.y - from.y));
@@ -98,7 +99,7 @@ bool IsTornOnMap(const MappedRing& ring) {
 // The short way, or as the map has it where that leaves no width.
 Vertices Continued(const MappedRing& ring) {
   Vertices carried = CarriedOn(ring.degrees);
-  if (HasWidth(carried) || !ring.Alike() || ring.map.Envelope().Width() == 0.0) return carried;
+  if (HasWidth(carried) || !ring.Alike() || ring.map->Envelope().Width() == 0.0) return carried;
   carried = CarriedOn(WithPlacesBetween(ring));
   std::erase_if(carried, IsBetween);
   return carried;
@@ -177,14 +178,16 @@ bool HoldsTheRightPole(const Vertices& ring, const Polygon& map, std::size_t pla
 MendedRings MendTornRings(Polygon& polygon, const Polygon& map) {
   MendedRings mended;
   EnclosedPole choice = EnclosedPole::BySense;
+  const PolesOnMap poles(map.SpatialReference(), polygon.SpatialReference());
   std::vector<Vertices> rings;
   for (std::size_t place = 0; place < polygon.Parts().size(); ++place) {
     const std::shared_ptr<Path>& part = polygon.Parts()[place];
     Vertices& ring = rings.emplace_back(part->Vertices().begin(), part->Vertices().end());
-    if (ring.empty() || (!HasLongStep(ring) && !MeetsPole(ring) && HasWidth(ring))) continue;
-    const MappedRing mapped{*map.Parts()[place], ring, map.SpatialReference(), polygon.SpatialReference()};
+    if (ring.empty() || (!HasLongStep(ring) && !HasHalfTurn(ring) && !MeetsPole(ring) && HasWidth(ring))) continue;
+    MappedRing mapped{map.Parts()[place], ring, map.SpatialReference(), polygon.SpatialReference()};
+    const bool through_pole = mapped.Alike() && PutPolesIntoSides(mapped.map, ring, poles);
     Vertices carried = Continued(mapped);
-    if (carried == ring) continue;
+    if (carried == ring && !through_pole) continue;
     const bool torn = IsTornOnMap(mapped);
     if (TurnsOf(carried) == 0) {
       Centre(carried);
@@ -199,7 +202,9 @@ MendedRings MendTornRings(Polygon& polygon, const Polygon& map) {
   }
   if (!mended.changed) return mended;
   std::vector<std::shared_ptr<Path>> parts;
-  for (Vertices& ring : ArrangedRings(std::move(rings), choice)) {
+  ArrangedPolygon arranged = ArrangedRings(std::move(rings), choice);
+  mended.seams = std::move(arranged.seams);
+  for (Vertices& ring : arranged.rings) {
     parts.push_back(std::make_shared<Ring>(std::move(ring)));
   }
   polygon.SetParts(std::move(parts));

@@ -4,14 +4,19 @@
 // Every longitude comes back between -180 and 180, so what is whole on the map may be torn: a ring over the 180 degree
 // meridian, or one round a pole. And a ring may be torn on the map already, where its vertices jump from one edge of
 // the world to the other. In both cases its longitudes are carried on the short way, as `longitude_continuation.h`
-// tells, and so it measures as it does in a layer of longitudes and latitudes. Two things only the projection knows:
+// tells, and so it measures as it does in a layer of longitudes and latitudes. Some things only the projection knows:
 //
 //  - A ring that the short way leaves without width is a frame of the world, or a belt of it. It stays as wide as the
 //    map has it.
+//  - A side that runs straight through a pole gets the pole for a vertex: between two places half a turn apart, a
+//    plane of longitude and latitude knows nothing of it.
 //  - A ring round the globe holds the pole that it runs by way of; if there is none, the one that it holds on the map;
 //    and if it is torn on the map, the one on the smaller part of the globe.
 #pragma once
 
+#include <vector>
+
+#include "geodesy/longitude_continuation.h"
 #include "platform/geometry.h"
 
 namespace tessarine::MyGeometricOperations {
@@ -20,6 +25,7 @@ namespace tessarine::MyGeometricOperations {
 struct MendedRings {
   bool changed = false;      ///< some were carried on, or led over a pole
   bool torn_on_map = false;  ///< some jump over the edge of their map
+  std::vector<Seam> seams;   ///< what was added to rings, there and back
 };
 
 /// Makes the rings of a polygon whole, in place. `polygon` is in degrees, and `map` the same polygon before it was

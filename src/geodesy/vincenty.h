@@ -51,6 +51,14 @@
 
 namespace tessarine::MyGeometricOperations {
 
+/// True on a spheroid where the series is off by more than a decimetre, scaled to a body of the Earth's size: flattened
+/// by more than 1/50, or longer from pole to pole than across, where the iteration may settle on a line that isn't the
+/// shortest.
+[[nodiscard]] constexpr bool IsSeriesRough(double semi_major, double semi_minor) {
+  const double flattening = (semi_major - semi_minor) / semi_major;
+  return flattening > 1.0 / 50.0 || flattening < 0.0;
+}
+
 /// The distance between two positions on WGS 1984, in metres, and the azimuths at both. It allocates nothing.
 double DistanceVincentyNumbers(double lon1, double lat1, double lon2, double lat2, double& azimuth1, double& azimuth2);
 /// The same on any spheroid, in the unit of its axes.

@@ -168,6 +168,16 @@ TEST(BadCoordinates, NothingIsMeasured) {
   }
 }
 
+TEST(LinesWithoutLength, HaveTheirPlaceForMidpoint) {
+  const auto line = PolylineOf({{{12, 45}, {12, 45}, {12, 45}}});
+  const MeasuredValues geographic = Feature(Geographic, *line)(3);
+  EXPECT_EQ(geographic.First, Variant(12.0));
+  EXPECT_EQ(geographic.Second, Variant(45.0));
+  const MeasuredValues projected = Feature(Projected, *PolylineOf({{{450000, 5000000}, {450000, 5000000}}}))(5);
+  EXPECT_NEAR(projected.First.AsDouble(), 450000.0, 1e-6);
+  EXPECT_NEAR(projected.Second.AsDouble(), 5000000.0, 1e-6);
+}
+
 // The ends of a segment one turn apart, on a line that is the same without the turn.
 TEST(WholeTurns, LengthsAndAzimuths) {
   const double expected = Feature(Geographic, *PolylineOf({{{180, 0}, {180, 10}}}))(1).First.AsDouble();
@@ -207,7 +217,11 @@ TEST(Warnings, NameWhatAValueCantMean) {
       {"a ring without area", PolygonOf({{{0, 0}, {1, 1}, {2, 2}, {0, 0}}}), kMinor, 2, {NoCentroid}},
       {"the globe", PolygonOf({Box(-180, -90, 180, 90)}), kMinor, 2, {WideRing, NoCentroid}},
       {"Saturn", PolygonOf({Box(10, 40, 11, 41)}), kMajor * 0.902, 1, {FlattenedSphere}},
+      {"its perimeter", PolygonOf({Box(10, 40, 11, 41)}), kMajor * 0.902, 3, {RoughSeries}},
       {"Saturn's true area", PolygonOf({Box(10, 40, 11, 41)}), kMajor * 0.902, 6, {}},
+      {"a line on Saturn", PolylineOf({{{0, 0}, {10, 10}}}), kMajor * 0.902, 1, {RoughSeries}},
+      {"its azimuth", PolylineOf({{{0, 0}, {10, 10}}}), kMajor * 0.902, 5, {RoughSeries}},
+      {"a line on a body longer than wide", PolylineOf({{{0, 0}, {10, 10}}}), kMajor * 1.1, 1, {RoughSeries}},
       {"antipodal length", antipodal, kMinor, 1, {NotConverged}},
       {"antipodal azimuth", antipodal, kMinor, 6, {NotConverged}},
       {"antipodal count", antipodal, kMinor, 8, {}},

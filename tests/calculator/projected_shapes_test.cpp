@@ -287,6 +287,47 @@ TEST(ProjectedShapes, RingsRoundThePoleOfTheMap) {
     const auto zone = PolygonOf({circle(-70, clockwise), circle(-80, !clockwise)});
     zone->SetSpatialReference(reference);
     EXPECT_NEAR(MeasuresOf(zone).spherical_area / (cap(70) - cap(80)), 1.0, 1e-4) << clockwise;
+    // What leads a ring over the pole, or joins two of them, is no border.
+    const auto parallel = [&](double latitude) {
+      constexpr double kSemiMajor = 6378137.0, kSquaredEccentricity = 0.00669437999014;
+      const double sine = std::sin(latitude * to_radians);
+      return 2.0 * std::numbers::pi * kSemiMajor * std::cos(latitude * to_radians) /
+             std::sqrt(1.0 - kSquaredEccentricity * sine * sine);
+    };
+    EXPECT_NEAR(MeasuresOf(whole).perimeter / parallel(70), 1.0, 1e-5) << clockwise;
+    EXPECT_NEAR(MeasuresOf(zone).perimeter / (parallel(70) + parallel(80)), 1.0, 1e-5) << clockwise;
+  }
+}
+
+// Numbers by GeographicLib's Planimeter, from the vertices in degrees.
+TEST(ProjectedShapes, SidesThroughThePole) {
+  struct Row {
+    const char* name;
+    std::vector<XY> ring;
+    double area, perimeter;
+  };
+  constexpr double kLong = 1e6, kShort = 100.0;
+  const Row rows[] = {
+      {"flat on a parallel", {{0, -kLong}, {-kLong, 0}, {kLong, 0}}, 1056755795026.5, 4946717.582214},
+      {"a few places", {{-kShort, 0}, {0, kShort}, {kShort, 0}}, 10567.7, 496.359060},
+      {"half a square", {{-kLong, -kLong}, {kLong, kLong}, {kLong, -kLong}}, 2113425347993.5, 6971999.797525},
+      {"all round",
+       {{-kLong, -kLong}, {-kLong, kLong}, {kLong, kLong}, {kLong, -kLong}},
+       4226850695987.0,
+       8153610.824211},
+  };
+  for (const char* projection : {"EPSG:3031", "EPSG:3995"}) {
+    for (Row row : rows) {
+      SCOPED_TRACE(std::string(row.name) + " in " + projection);
+      row.ring.push_back(row.ring.front());
+      const auto polygon = PolygonOf({row.ring});
+      polygon->SetSpatialReference(Reference(projection));
+      const Values values = MeasuresOf(polygon);
+      EXPECT_NEAR(values.spheroidal_area / row.area, 1.0, 5e-6);
+      EXPECT_NEAR(values.perimeter / row.perimeter, 1.0, 1e-9);
+      // The sphere of equal volume is 0.9 percent too small there.
+      EXPECT_NEAR(values.spherical_area / row.area, 0.991, 1e-3);
+    }
   }
 }
 

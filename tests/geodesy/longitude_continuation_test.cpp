@@ -154,11 +154,11 @@ TEST(LongitudeContinuation, APoleThatIsAVertex) {
   for (const double west : {0.0, 135.0}) {
     const Line ring = {
         {std::remainder(west + 90, 360), 80}, {west, 80}, {-77, 90}, {std::remainder(west + 90, 360), 80}};
-    EXPECT_NEAR(std::fabs(Ring(ArrangedRings({CarriedOn(ring)})[0]).Area()), sector, 1e-9) << west;
+    EXPECT_NEAR(std::fabs(Ring(ArrangedRings({CarriedOn(ring)}).rings[0]).Area()), sector, 1e-9) << west;
   }
   // Three quarters, beginning at the pole.
   const Line most = {{0, 90}, {-135, 80}, {-45, 80}, {45, 80}, {135, 80}, {0, 90}};
-  EXPECT_NEAR(std::fabs(Ring(ArrangedRings({CarriedOn(most)})[0]).Area()), 3 * sector, 1e-9);
+  EXPECT_NEAR(std::fabs(Ring(ArrangedRings({CarriedOn(most)}).rings[0]).Area()), 3 * sector, 1e-9);
 }
 
 TEST(LongitudeContinuation, EmptyAndTinyInputs) {
