@@ -28,6 +28,9 @@ constexpr std::int32_t kReportFontSize = 8;
 constexpr std::string_view kNotFinite =
     "Features with a coordinate that is infinite or no number have no output: mend or remove these coordinates.";
 
+constexpr std::string_view kTooFar =
+    "Features with a coordinate beyond 1e100 can't be joined: mend or remove these coordinates.";
+
 constexpr std::string_view kNothingLeft =
     "A part or feature was written without a shape, because it bounds no area or has no length.";
 
@@ -109,6 +112,10 @@ bool ConvertFeatures(const ConversionRun& run, const StepContext& step_context, 
       writer.SetInput(oid);
       if (!HasOnlyFiniteCoordinates(*shape)) {
         writer.Skip(kNotFinite);
+        return;
+      }
+      if (joins && !CanMeetOthers(*shape)) {
+        writer.Skip(kTooFar);
         return;
       }
       if (!joins) writer.BeginFeature(*feature);

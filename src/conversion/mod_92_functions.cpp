@@ -29,8 +29,9 @@ constexpr std::int32_t kReportFontSize = 8;
 constexpr const char* kWorker = "orlBuildPolygons";
 constexpr std::array<std::string_view, 1> kMeasures = {"Area"};
 
-constexpr std::string_view kNotFinite =
-    "Lines with a coordinate that is infinite or no number bound nothing: mend or remove these coordinates.";
+constexpr std::string_view kNotUsable =
+    "Lines with a coordinate that is infinite, no number or beyond 1e100 bound nothing: mend or remove these "
+    "coordinates.";
 
 constexpr std::string_view kTooSmall =
     "A polygon is so small that the coordinates of the output leave nothing of it: it is there without a shape.";
@@ -78,11 +79,11 @@ Lines CollectLines(RunJournal& journal, const std::shared_ptr<IFeatureLayer>& la
     const std::int64_t oid = feature->OID();
     static_cast<void>(WorkOnRecord(journal, oid, [&] {
       const GeometryRef shape = feature->Shape();
-      if (shape && HasOnlyFiniteCoordinates(*shape)) {
+      if (shape && CanMeetOthers(*shape)) {
         lines.shapes.push_back(shape);
       } else {
         journal.skipped_oids.push_back(oid);
-        if (shape) journal.NoteWarning(kNotFinite, oid);
+        if (shape) journal.NoteWarning(kNotUsable, oid);
       }
     }));
   }

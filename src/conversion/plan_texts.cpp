@@ -46,8 +46,9 @@ std::string ForetoldLines(const FieldTransfer& transfer, const OutputTarget& tar
 
 }  // namespace
 
-std::string PlannedOutput(RunContext& context, const OutputTarget& target, esriGeometryType shape, const FieldTransfer& transfer,
-                          std::vector<std::shared_ptr<IClass>> sources, const std::vector<std::string>& losses) {
+std::string PlannedOutput(RunContext& context, const OutputTarget& target, esriGeometryType shape,
+                          const FieldTransfer& transfer, std::vector<std::shared_ptr<IClass>> sources,
+                          const std::vector<std::string>& losses) {
   OutputRequest request = RequestFor(target, "");
   request.fields = transfer.OutputFields();
   request.geometry_type = shape;

@@ -7,19 +7,20 @@
 #include "engine/meetings.h"
 #include "engine/snap_rounding.h"
 #include "platform/fault.h"
+#include "platform/finite_shape.h"
 
 namespace tessarine::engine {
 namespace {
 
-constexpr double kLargest = 1e100;  // products of three such coordinates are finite
 // Grids that are tried, each so many times as wide as the last.
 constexpr int kMostGrids = 6;
 constexpr double kWidening = 16.0;
 
 bool AllSound(const LineList& lines) {
   return std::ranges::all_of(lines, [](const std::vector<XY>& line) {
-    return std::ranges::all_of(
-        line, [](XY vertex) { return std::fabs(vertex.x) <= kLargest && std::fabs(vertex.y) <= kLargest; });
+    return std::ranges::all_of(line, [](XY vertex) {
+      return std::fabs(vertex.x) <= kFarthestCoordinate && std::fabs(vertex.y) <= kFarthestCoordinate;
+    });
   });
 }
 

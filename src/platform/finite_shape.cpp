@@ -3,31 +3,37 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace tessarine {
 namespace {
 
-bool IsFinite(XY place) { return std::isfinite(place.x) && std::isfinite(place.y); }
+bool AreWithin(XY place, double farthest) { return std::fabs(place.x) <= farthest && std::fabs(place.y) <= farthest; }
 
-bool IsFinite(const Path& path) {
-  return std::ranges::all_of(path.Vertices(), [](XY vertex) { return IsFinite(vertex); }) &&
-         std::ranges::all_of(path.Curves(), [](const Path::CurveAt& curve) {
-           return IsFinite(curve.segment.QueryPoint(esriNoExtension, 0.5, true));
+bool AreWithin(const Path& path, double farthest) {
+  return std::ranges::all_of(path.Vertices(), [&](XY vertex) { return AreWithin(vertex, farthest); }) &&
+         std::ranges::all_of(path.Curves(), [&](const Path::CurveAt& curve) {
+           return AreWithin(curve.segment.QueryPoint(esriNoExtension, 0.5, true), farthest);
          });
+}
+
+bool AreWithin(const IGeometry& shape, double farthest) {
+  if (const auto* point = dynamic_cast<const Point*>(&shape))
+    return point->IsEmpty() || AreWithin(point->Coordinates(), farthest);
+  if (const auto* points = dynamic_cast<const Multipoint*>(&shape)) {
+    return std::ranges::all_of(points->Vertices(), [&](XY place) { return AreWithin(place, farthest); });
+  }
+  if (const auto* path = dynamic_cast<const Path*>(&shape)) return AreWithin(*path, farthest);
+  if (const auto* parted = dynamic_cast<const PartedShape*>(&shape)) {
+    return std::ranges::all_of(parted->Parts(), [&](const auto& part) { return AreWithin(*part, farthest); });
+  }
+  return true;
 }
 
 }  // namespace
 
-bool HasOnlyFiniteCoordinates(const IGeometry& shape) {
-  if (const auto* point = dynamic_cast<const Point*>(&shape)) return point->IsEmpty() || IsFinite(point->Coordinates());
-  if (const auto* points = dynamic_cast<const Multipoint*>(&shape)) {
-    return std::ranges::all_of(points->Vertices(), [](XY place) { return IsFinite(place); });
-  }
-  if (const auto* path = dynamic_cast<const Path*>(&shape)) return IsFinite(*path);
-  if (const auto* parted = dynamic_cast<const PartedShape*>(&shape)) {
-    return std::ranges::all_of(parted->Parts(), [](const auto& part) { return IsFinite(*part); });
-  }
-  return true;
-}
+bool HasOnlyFiniteCoordinates(const IGeometry& shape) { return AreWithin(shape, std::numeric_limits<double>::max()); }
+
+bool CanMeetOthers(const IGeometry& shape) { return AreWithin(shape, kFarthestCoordinate); }
 
 }  // namespace tessarine

@@ -108,6 +108,24 @@ TEST_F(SplitCombineTest, ShapesWithNoNumbersAreSkippedByEveryRun) {
   }
 }
 
+TEST_F(SplitCombineTest, AShapeTooFarAwayToMeetOthersIsLeftOutOfTheUnion) {
+  const auto features = std::make_shared<MemoryClass>(esriGeometryPolygon);
+  features->reference = SpatialReferenceEnvironment::CreateFromText("EPSG:32633");
+  features->Add(PolygonOf({Box(0, 0, 2, 2)}));
+  features->Add(PolygonOf({{{0, 0}, {0, 1e300}, {2, 2}, {2, 0}, {0, 0}}}));
+  const auto layer = std::make_shared<DocumentFeatureLayer>();
+  layer->SetName("far");
+  layer->SetFeatureClass(features);
+  Run(JoinFeatures, layer);
+  EXPECT_EQ(Rows().size(), 1U);
+  EXPECT_THAT(host.journal.skipped_oids, ElementsAre(2));
+  EXPECT_FALSE(host.journal.failed);
+  // By itself it can be split.
+  host.messages.answers = {MessageAnswer::Yes};
+  Run(SplitMultipart, layer);
+  EXPECT_EQ(Rows().size(), 2U);
+}
+
 TEST_F(SplitCombineTest, SplittingPointsFailsForWantOfAnOutputType) {
   folder.Write("out.shp", "somebody's");
   const std::string text = Run(SplitMultipart, Layer("cities", {Feature(Shape("Point", "[1,2]"))}));
