@@ -69,11 +69,20 @@ ShortSteps ContinueRings(PartedShape& polygon, EnclosedPole pole) {
   return steps;
 }
 
+bool IsOnePlace(const Vertices& line) {
+  return std::ranges::all_of(line, [&](XY vertex) { return vertex == line.front(); });
+}
+
 ShortSteps ContinuePaths(PartedShape& line) {
+  ShortSteps steps;
   for (const PathRef& part : line.Parts()) {
-    if (HasLongStep(part->Vertices())) part->SetVertices(CarriedOn(part->Vertices()));
+    if (!HasLongStep(part->Vertices())) continue;
+    Vertices carried = CarriedOn(part->Vertices());
+    if (IsOnePlace(carried)) continue;
+    part->SetVertices(std::move(carried));
+    steps.changed = true;
   }
-  return {.changed = true};
+  return steps;
 }
 
 }  // namespace

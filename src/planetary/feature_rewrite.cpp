@@ -27,6 +27,7 @@ constexpr std::int32_t kReportFontSize = 8;
 constexpr const char* kTask = "Converting Features...";
 constexpr const char* kPartial = "  [Partial]";
 constexpr const char* kChanged = "The output holds another area, length or number of places than the input.";
+constexpr const char* kEmptied = "A feature that had a shape came out with an empty one.";
 
 // The request that the description makes for a run that reads this class.
 OutputRequest RequestFor(const OutputDescription& description, const std::shared_ptr<IFeatureClass>& input) {
@@ -77,6 +78,12 @@ RewrittenShape Rewrite(const FeatureRewrite& run, const IFeature& feature, const
   }
   RewrittenShape rewritten;
   if (!UnlessStopped([&] { rewritten = run.rewrite(shape, record); })) rewritten.stopped = true;
+  if (rewritten.shape && rewritten.shape->IsEmpty()) {
+    record.journal.NoteWarning(kEmptied, record.oid);
+    if (rewritten.problem.empty()) {
+      rewritten.problem = "  --> Feature at OID #" + std::to_string(record.oid) + " came out empty...";
+    }
+  }
   return rewritten;
 }
 
@@ -143,12 +150,12 @@ std::string TitleOf(const FeatureRewrite& run, const RunJournal& journal) {
   return lost ? Replace(run.title, "Complete", std::string(OutcomeTitle(journal))) : std::string(run.title);
 }
 
-// Measures that changed have a section of their own.
+// Measures that changed have a section of their own, and shapes that came out empty a line each.
 std::string OtherWarningLines(const RunJournal& journal, std::string_view layer) {
   RunJournal others;
   others.other_warnings = journal.other_warnings;
   std::ranges::copy_if(journal.warnings, std::back_inserter(others.warnings),
-                       [](const RunWarning& warning) { return warning.text != kChanged; });
+                       [](const RunWarning& warning) { return warning.text != kChanged && warning.text != kEmptied; });
   return WarningLines(others, layer);
 }
 
