@@ -70,6 +70,22 @@ class Solver {
     return leg;
   }
 
+  [[nodiscard]] ExactPosition Walk(XY from, double distance, double azimuth) const {
+    ExactPosition walked{};
+    std::visit(
+        [&](const auto& solver) {
+          using Kind = std::decay_t<decltype(solver)>;
+          if constexpr (!std::is_same_v<Kind, std::monostate>) {
+            double reduced = 0.0, scale12 = 0.0, scale21 = 0.0, area = 0.0, length = 0.0;
+            solver.GenDirect(from.y, from.x, azimuth, false, distance,
+                             Kind::LATITUDE | Kind::LONGITUDE | Kind::AZIMUTH | Kind::LONG_UNROLL, walked.end.y,
+                             walked.end.x, walked.azimuth2, length, reduced, scale12, scale21, area);
+          }
+        },
+        solver_);
+    return walked;
+  }
+
  private:
   double semi_major_, semi_minor_;
   std::variant<std::monostate, Geodesic, GeodesicExact> solver_;
@@ -117,6 +133,12 @@ std::string_view ExactGeodesyMethod(double semi_major, double semi_minor) {
 ExactGeodesic SolveInverseExactly(XY from, XY to, double semi_major, double semi_minor) {
   const Leg leg = SolverOf(semi_major, semi_minor).Solve(Checked(from), Checked(to));
   return {leg.distance, AzimuthOf(leg.azimuth1), AzimuthOf(leg.azimuth2)};
+}
+
+ExactPosition SolveDirectExactly(XY from, double distance, double azimuth, double semi_major, double semi_minor) {
+  ExactPosition walked = SolverOf(semi_major, semi_minor).Walk(Checked(from), distance, azimuth);
+  walked.azimuth2 = AzimuthOf(walked.azimuth2);
+  return walked;
 }
 
 double ExactRingArea(std::span<const XY> ring, double semi_major, double semi_minor) {

@@ -26,6 +26,16 @@ struct ExactGeodesic {
 /// Fault 5 for a latitude beyond a pole by more than a rounding, or a number that isn't finite.
 [[nodiscard]] ExactGeodesic SolveInverseExactly(XY from, XY to, double semi_major, double semi_minor);
 
+struct ExactPosition {
+  XY end;           ///< degrees; the longitude runs on past 180 or -180
+  double azimuth2;  ///< degrees in [0, 360), in the direction of travel at the end
+};
+
+/// The end of a line of a length, in the unit of the axes, along an azimuth in degrees. A negative length runs
+/// backwards. Faults as above.
+[[nodiscard]] ExactPosition SolveDirectExactly(XY from, double distance, double azimuth, double semi_major,
+                                               double semi_minor);
+
 /// The area that a ring of geodesics encloses, in the square of the axes' unit: positive when it runs clockwise.
 ///
 /// The ring closes on the plane of longitude and latitude, so one round a pole runs along it. A step of more than 180

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
+#include <cmath>
 #include <nlohmann/json.hpp>
 #include <sstream>
 
@@ -86,6 +87,32 @@ TEST_F(Geodesics, AntipodalPairsAreSolvedAndMarked) {
   const ProgramOutcome plain = RunTessarine({"inverse", "0", "0.1", "179.7", "-0.3"});
   EXPECT_THAT(plain.out, HasSubstr("19975624.2897 158.44785049 21.55242340"));
   EXPECT_EQ(json::parse(RunTessarine({"inverse", "0", "0", "90", "0", "--json"}).out)["converged"], true);
+}
+
+// By GeographicLib's GeodSolve -E. The series is off by four parts in ten thousand there.
+TEST_F(Geodesics, StronglyFlattenedSpheroidsAreToldAndSolvedExactlyOnRequest) {
+  const std::vector<std::string> body = {"--radii", "30000,20010", "--json"};
+  const auto solve = [&](std::vector<std::string> words) {
+    words.insert(words.end(), body.begin(), body.end());
+    return RunTessarine(words);
+  };
+  const ProgramOutcome series = solve({"inverse", "10", "10", "60", "50"});
+  EXPECT_THAT(series.err, HasSubstr("Add --exact"));
+  EXPECT_EQ(json::parse(series.out).count("method"), 0U);
+  const ProgramOutcome exact = solve({"inverse", "10", "10", "60", "50", "--exact"});
+  EXPECT_EQ(exact.err, "");
+  const json line = json::parse(exact.out);
+  EXPECT_EQ(line["method"], "GeographicLib GeodesicExact");
+  EXPECT_EQ(line["converged"], true);
+  EXPECT_NEAR(line["distance"], 26322.588061767, 1e-6);
+  EXPECT_NEAR(line["azimuth1"], 51.00714673651588, 1e-9);
+  EXPECT_GT(std::fabs(json::parse(series.out)["distance"].get<double>() - line["distance"].get<double>()), 0.1);
+  // All digits of a number, as JSON has them.
+  const json end =
+      json::parse(solve({"direct", "10", "10", line["distance"].dump(), line["azimuth1"].dump(), "--exact"}).out);
+  EXPECT_NEAR(end["lon"], 60.0, 1e-9);
+  EXPECT_NEAR(end["lat"], 50.0, 1e-9);
+  EXPECT_EQ(RunTessarine({"inverse", "10", "10", "60", "50"}).err, "");
 }
 
 TEST_F(Geodesics, RefuseSpheroidsThatAreNone) {

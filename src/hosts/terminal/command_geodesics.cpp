@@ -39,6 +39,14 @@ constexpr Axes kWgs84{6378137.0, 6356752.31424518};
 
 using FourNumbers = std::array<double, 4>;
 
+/// What a problem is solved on, and how.
+struct Way {
+  std::optional<Axes> axes;  ///< none for WGS 1984
+  bool exactly = false;
+
+  [[nodiscard]] Axes Used() const { return axes.value_or(kWgs84); }
+};
+
 /// A value of a result: its name, and the places after the point that are worth reading.
 struct Result {
   const char* name;
@@ -47,8 +55,9 @@ struct Result {
 };
 struct Solution {
   std::array<Result, 3> results;
-  /// How the inverse problem was solved instead, where the iteration didn't settle; empty where it did.
+  /// How it was solved where Vincenty's series wasn't asked, or its iteration didn't settle; empty otherwise.
   std::string other_method = {};
+  bool converged = true;
 };
 
 /// While it lives, a fault that a routine traps is kept here instead of being reported.
@@ -71,34 +80,47 @@ class FaultCatcher {
   FaultReporter previous_;
 };
 
+std::array<Result, 3> InverseResults(double length, double start, double end) {
+  return {{{"distance", 4, length}, {"azimuth1", 8, start}, {"azimuth2", 8, end}}};
+}
+
+Solution SolveInverseWithoutSeries(const FourNumbers& given, const Axes& axes, bool converged) {
+  const ExactGeodesic exact =
+      SolveInverseExactly({given[0], given[1]}, {given[2], given[3]}, axes.semi_major, axes.semi_minor);
+  return {InverseResults(exact.distance, exact.azimuth1, exact.azimuth2),
+          std::string(ExactGeodesyMethod(axes.semi_major, axes.semi_minor)), converged};
+}
+
 // Nearly antipodal positions are left to the exact method.
-Solution SolveInverse(const FourNumbers& given, const std::optional<Axes>& axes) {
+Solution SolveInverse(const FourNumbers& given, const Way& way) {
+  if (way.exactly) return SolveInverseWithoutSeries(given, way.Used(), true);
   double azimuth1 = 0.0, azimuth2 = 0.0;
   // A turn apart, as -180 and 180 are, the iteration wouldn't start.
   const double lon2 = geodesy::WithinOneTurn(given[0], given[2]);
   const geodesy::ConvergenceWatch watch;
   const double distance =
-      axes ? geodesy::DistanceVincentyNumbers2(given[0], given[1], lon2, given[3], azimuth1, azimuth2, axes->semi_major,
-                                               axes->semi_minor)
-           : geodesy::DistanceVincentyNumbers(given[0], given[1], lon2, given[3], azimuth1, azimuth2);
-  const auto results = [](double length, double start, double end) {
-    return std::array<Result, 3>{{{"distance", 4, length}, {"azimuth1", 8, start}, {"azimuth2", 8, end}}};
-  };
-  if (!FaultCatcher::Take() && watch.AllConverged()) return {results(distance, azimuth1, azimuth2)};
-  const Axes used = axes.value_or(kWgs84);
-  const ExactGeodesic exact =
-      SolveInverseExactly({given[0], given[1]}, {given[2], given[3]}, used.semi_major, used.semi_minor);
-  return {results(exact.distance, exact.azimuth1, exact.azimuth2),
-          std::string(ExactGeodesyMethod(used.semi_major, used.semi_minor))};
+      way.axes ? geodesy::DistanceVincentyNumbers2(given[0], given[1], lon2, given[3], azimuth1, azimuth2,
+                                                   way.axes->semi_major, way.axes->semi_minor)
+               : geodesy::DistanceVincentyNumbers(given[0], given[1], lon2, given[3], azimuth1, azimuth2);
+  if (!FaultCatcher::Take() && watch.AllConverged()) return {InverseResults(distance, azimuth1, azimuth2)};
+  return SolveInverseWithoutSeries(given, way.Used(), false);
 }
 
-Solution SolveDirect(const FourNumbers& given, const std::optional<Axes>& axes) {
-  const Axes used = axes.value_or(kWgs84);
+Solution SolveDirect(const FourNumbers& given, const Way& way) {
+  const Axes used = way.Used();
+  const auto results = [](XY end, double azimuth) {
+    return std::array<Result, 3>{{{"lon", 9, end.x}, {"lat", 9, end.y}, {"azimuth2", 8, azimuth}}};
+  };
+  if (way.exactly) {
+    const ExactPosition exact =
+        SolveDirectExactly({given[0], given[1]}, given[2], given[3], used.semi_major, used.semi_minor);
+    return {results(exact.end, exact.azimuth2), std::string(ExactGeodesyMethod(used.semi_major, used.semi_minor))};
+  }
   XY end{};
   double azimuth2 = 0.0;
   geodesy::PointLineVincentyPerPoint2(XY{given[0], given[1]}, given[2], given[3], end, azimuth2, used.semi_major,
                                       used.semi_minor);
-  return {{{{"lon", 9, end.x}, {"lat", 9, end.y}, {"azimuth2", 8, azimuth2}}}};
+  return {results(end, azimuth2)};
 }
 
 struct ProblemRow {
@@ -106,7 +128,7 @@ struct ProblemRow {
   const char* description;
   std::array<const char*, 4> takes;
   std::array<bool, 4> is_latitude;
-  Solution (*solve)(const FourNumbers&, const std::optional<Axes>&);
+  Solution (*solve)(const FourNumbers&, const Way&);
   bool iterates;  ///< and may fail to settle
   const char* caution;
   const char* example;
@@ -137,6 +159,7 @@ constexpr ProblemRow kProblems[] = {
 struct GeodesicOptions {
   std::vector<std::string> numbers;
   SpheroidOptions spheroid;
+  bool exact = false;
   bool json = false;
 };
 
@@ -182,13 +205,12 @@ FourNumbers ReadNumbers(const ProblemRow& problem, std::string_view line) {
 /// Solves line by line and prints each result, or what is wrong with its line, on a line of its own.
 class GeodesicPrinter {
  public:
-  GeodesicPrinter(const ProblemRow& problem, std::optional<Axes> axes, bool json)
-      : problem_(problem), axes_(axes), json_(json) {}
+  GeodesicPrinter(const ProblemRow& problem, const Way& way, bool json) : problem_(problem), way_(way), json_(json) {}
 
   void PrintLine(std::string_view line) {
     ++line_number_;
     try {
-      const Solution solution = problem_.solve(ReadNumbers(problem_, line), axes_);
+      const Solution solution = problem_.solve(ReadNumbers(problem_, line), way_);
       if (const std::optional<std::string> fault = FaultCatcher::Take()) throw std::invalid_argument(*fault);
       PrintSolution(solution);
     } catch (const std::invalid_argument& error) {
@@ -205,7 +227,7 @@ class GeodesicPrinter {
  private:
   void PrintSolution(const Solution& solution) const {
     const auto& results = solution.results;
-    if (!solution.other_method.empty()) {
+    if (!solution.converged) {
       fmt::print(stderr, "line {}: nearly antipodal positions, where the iteration doesn't settle: solved by {}\n",
                  line_number_, solution.other_method);
     }
@@ -216,7 +238,7 @@ class GeodesicPrinter {
     }
     nlohmann::ordered_json object;
     for (const Result& result : results) object[result.name] = result.value;
-    if (problem_.iterates) object["converged"] = solution.other_method.empty();
+    if (problem_.iterates) object["converged"] = solution.converged;
     if (!solution.other_method.empty()) object["method"] = solution.other_method;
     fmt::print("{}\n", object.dump());
   }
@@ -232,7 +254,7 @@ class GeodesicPrinter {
   }
 
   const ProblemRow& problem_;
-  std::optional<Axes> axes_;
+  Way way_;
   bool json_;
   bool failed_ = false;
   std::int64_t line_number_ = 0;
@@ -245,8 +267,19 @@ std::optional<Axes> ChosenAxes(const SpheroidOptions& options) {
   return Axes{spheroid->semi_major_axis, spheroid->semi_minor_axis};
 }
 
+// Each result is as far off as its line is long, so this is said once.
+void TellOfRoughSeries(const Way& way) {
+  if (way.exactly || !geodesy::IsSeriesRough(way.Used().semi_major, way.Used().semi_minor)) return;
+  fmt::print(stderr,
+             "On a spheroid of this shape Vincenty's series is off: by up to 1e-6 of the distance at a flattening of "
+             "1/15, 1e-5 at 1/10, 1e-3 at 1/5, and by percents beyond or where the polar axis is the longer one. Add "
+             "--exact to solve without it.\n");
+}
+
 ExitStatus RunGeodesics(const ProblemRow& problem, const GeodesicOptions& options) {
-  GeodesicPrinter printer(problem, ChosenAxes(options.spheroid), options.json);
+  const Way way{ChosenAxes(options.spheroid), options.exact};
+  TellOfRoughSeries(way);
+  GeodesicPrinter printer(problem, way, options.json);
   const FaultCatcher catcher;
   if (!options.numbers.empty()) {
     printer.PrintLine(fmt::format("{}", fmt::join(options.numbers, " ")));
@@ -266,6 +299,8 @@ void AddGeodesic(const ProblemRow& problem, CLI::App& program, ChosenCommand& ch
       ->type_name("")
       ->expected(4);
   AddSpheroidOptions(command, options->spheroid);
+  command.add_flag("--exact", options->exact,
+                   "Solve by GeographicLib on any spheroid, and not by Vincenty's series as the calculator does");
   command.add_flag("--json", options->json, "Print one JSON object a line, with all digits");
   command.footer(
       fmt::format("On WGS 1984 unless told otherwise. Angles are degrees; azimuths run clockwise from "
