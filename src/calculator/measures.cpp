@@ -20,8 +20,7 @@ std::unique_ptr<MeasureRecord> RecordOf(const GeometryRef& geometry, MeasureSett
   auto shape = Cast<Shape>(geometry);
   if (!shape) Raise(kTypeMismatch, "The shape of the feature isn't of its layer's shape type.");
   if (!HasOnlyFiniteCoordinates(*shape)) {
-    Raise(kInvalidCall,
-          "The shape has a coordinate that is no finite number, so nothing of it can be measured.");
+    Raise(kInvalidCall, "The shape has a coordinate that is no finite number, so nothing of it can be measured.");
   }
   return std::make_unique<Record>(std::move(shape), settings);
 }
@@ -37,6 +36,9 @@ constexpr WarningRow kWarnings[] = {
      "settle: lengths, midpoints and azimuths may be far off."},
     {MeasureWarning::BeyondPole,
      "A latitude lies beyond a pole: lengths, areas, centroids and azimuths are those of some other place."},
+    {MeasureWarning::FarFromArea,
+     "A shape lies more than 30 degrees outside of the area that the layer's reference is made for: so far from there "
+     "some projections give another place, and all that is measured on the globe is that of this place."},
     {MeasureWarning::WideRing,
      "A ring is more than 180 degrees of longitude wide: its spherical area and centroid may be wrong, because they "
      "take the short way round between any two places. Its spheroidal area isn't."},
@@ -80,13 +82,20 @@ void MeasureRecord::WarnBeyondPole(const IGeometry& degrees) {
   if (MyGeometricOperations::LiesBeyondPole(degrees)) Warn(MeasureWarning::BeyondPole);
 }
 
+void MeasureRecord::WarnFarFromArea(const IGeometry& degrees) {
+  if (settings_.Area && MyGeometricOperations::LiesFarFrom(*settings_.Area, degrees)) Warn(MeasureWarning::FarFromArea);
+}
+
 void MeasureRecord::WarnOfSeries() {
   if (MyGeometricOperations::IsSeriesRough(settings_.SemiMajor, settings_.SemiMinor)) Warn(MeasureWarning::RoughSeries);
 }
 
 MeasureSettings MeasureSettingsOf(esriGeometryType shape, const SpatialReferenceRef& reference,
                                   const GeometryOptions& options) {
-  return {shape, SpatialKindOf(reference), reference, options.SemiMajor(), options.SemiMinor(), options.Geocentric()};
+  MeasureSettings settings{
+      shape, SpatialKindOf(reference), reference, options.SemiMajor(), options.SemiMinor(), options.Geocentric()};
+  if (settings.Kind == SpatialKind::Projected) settings.Area = AreaOfUseOf(*reference);
+  return settings;
 }
 
 std::unique_ptr<MeasureRecord> BeginRecord(const GeometryRef& shape_copy, MeasureSettings& settings) {

@@ -31,10 +31,12 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string_view>
 #include <vector>
 
 #include "calculator/measure_catalogue.h"
+#include "platform/area_of_use.h"
 #include "platform/geometry.h"
 #include "platform/variant.h"
 
@@ -62,6 +64,7 @@ struct MeasureSettings {
   SpatialReferenceRef Reference;  ///< of the layer's data
   double SemiMajor = 0.0, SemiMinor = 0.0;
   bool Geocentric = false;
+  std::optional<AreaOfUse> Area = std::nullopt;  ///< of a projection
 };
 
 [[nodiscard]] MeasureSettings MeasureSettingsOf(esriGeometryType shape, const SpatialReferenceRef& reference,
@@ -71,6 +74,7 @@ struct MeasureSettings {
 enum class MeasureWarning {
   NotConverged,     ///< a geodesic between nearly antipodal positions: its length and azimuths may be far off
   BeyondPole,       ///< a geodesic measure of a shape with latitudes beyond 90 degrees
+  FarFromArea,      ///< a geodesic measure of a shape far from where its projection is made for
   WideRing,         ///< the spherical area and centroid of a ring more than 180 degrees wide
   TornRing,         ///< a ring with steps of more than 180 degrees of longitude, which are taken the short way
   OneLobe,          ///< the perimeter of a ring that crosses itself: one of its lobes
@@ -110,6 +114,8 @@ class MeasureRecord {
   void Warn(MeasureWarning warning);
   /// For a shape in degrees.
   void WarnBeyondPole(const IGeometry& degrees);
+  /// For a shape brought to degrees from a projection.
+  void WarnFarFromArea(const IGeometry& degrees);
   /// Where geodesics are taken from a series that the spheroid is too flat for.
   void WarnOfSeries();
 

@@ -32,6 +32,7 @@ XY MultipointRecord::ProjectedSpheroidalCentroid() {
   ++work_.Projections;
   const std::shared_ptr<Multipoint> copy = CloneOf(*shape_);
   geodesy::BringToDegrees(*copy);
+  WarnFarFromArea(*copy);
   return InProjectionOfLayer(CentroidOnSpheroid(copy, settings_), settings_);
 }
 

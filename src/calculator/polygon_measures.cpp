@@ -166,6 +166,7 @@ const std::shared_ptr<Polygon>& PolygonRecord::GeographicPolygon() {
   if (degrees.way.jumps_over_edge) Warn(MeasureWarning::TornRing);
   seams_ = std::move(degrees.way.seams);
   geographic_ = degrees.shape;
+  WarnFarFromArea(*geographic_);
   return geographic_;
 }
 

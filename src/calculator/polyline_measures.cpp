@@ -70,7 +70,10 @@ XY PolylineRecord::LongitudeLatitudeOf(XY vertex) {
 }
 
 const std::shared_ptr<Polyline>& PolylineRecord::GeographicLine() {
-  if (!geographic_) geographic_ = GeographicCopy(*shape_, work_).shape;
+  if (!geographic_) {
+    geographic_ = GeographicCopy(*shape_, work_).shape;
+    WarnFarFromArea(*geographic_);
+  }
   WarnBeyondPole(*geographic_);
   return geographic_;
 }

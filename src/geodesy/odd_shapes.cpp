@@ -2,6 +2,8 @@
 #include "geodesy/odd_shapes.h"
 
 #include <algorithm>
+#include <cmath>
+#include <numbers>
 
 namespace tessarine::MyGeometricOperations {
 namespace {
@@ -15,6 +17,22 @@ bool LiesBeyondPole(const IGeometry& degrees) {
   if (degrees.IsEmpty()) return false;
   const Envelope extent = degrees.Envelope();
   return extent.YMin() < -kPole || extent.YMax() > kPole;
+}
+
+bool LiesFarFrom(const AreaOfUse& area, const IGeometry& degrees) {
+  constexpr double kFar = 30.0, kTurn = 360.0, kRadians = std::numbers::pi / 180.0;
+  if (degrees.IsEmpty()) return false;
+  const double half_width = (area.east - area.west + (area.east < area.west ? kTurn : 0.0)) / 2.0;
+  const double middle = area.west + half_width;
+  const Envelope extent = degrees.Envelope();
+  for (const double latitude : {extent.YMin(), extent.YMax()}) {
+    if (latitude < area.south - kFar || latitude > area.north + kFar) return true;
+    for (const double longitude : {extent.XMin(), extent.XMax()}) {
+      const double beside = std::fabs(std::remainder(longitude - middle, kTurn)) - half_width;
+      if (beside * std::cos(latitude * kRadians) > kFar) return true;
+    }
+  }
+  return false;
 }
 
 bool HasWideRing(const Polygon& polygon) {

@@ -9,6 +9,7 @@
 
 #include "calculator/geometry_options.h"
 #include "calculator/measures.h"
+#include "geodesy/geographic_shape.h"
 #include "helpers/shapes.h"
 #include "tests/geodesy/fault_log.h"
 
@@ -238,6 +239,39 @@ TEST(Warnings, NameWhatAValueCantMean) {
     static_cast<void>(feature(row.id));
     EXPECT_EQ(feature.Warnings(), row.warnings) << row.name;
     for (const MeasureWarning warning : row.warnings) EXPECT_FALSE(WarningText(warning).empty());
+  }
+}
+
+TEST(Warnings, NamePlacesFarFromWhereAProjectionIsMadeFor) {
+  const struct {
+    const char* name;
+    const char* projection;
+    XY from, to;
+    bool far;
+  } rows[] = {
+      {"in New Zealand", "EPSG:2193", {174, -40}, {175, -41}, false},
+      {"over 180 degrees from there", "EPSG:2193", {-165, -40}, {-164, -41}, false},
+      {"in Chile", "EPSG:2193", {-72, -40}, {-71, -41}, true},
+      {"in the zone", "EPSG:32633", {15, 50}, {16, 51}, false},
+      {"two zones beside it", "EPSG:32633", {27, 50}, {28, 51}, false},
+      {"half round the pole", "EPSG:32633", {100, 83}, {101, 84}, false},
+      {"a quarter round the equator", "EPSG:32633", {85, 5}, {86, 6}, true},
+      {"the other hemisphere", "EPSG:3031", {0, 10}, {1, 11}, true},
+      {"anywhere in the world", "ESRI:54030", {170, -60}, {171, -61}, false},
+  };
+  for (const auto& row : rows) {
+    const SpatialReferenceRef reference = SpatialReferenceEnvironment::CreateFromText(row.projection);
+    const auto line = PolylineOf({{MyGeometricOperations::FromDegrees(row.from, reference),
+                                   MyGeometricOperations::FromDegrees(row.to, reference)}});
+    line->SetSpatialReference(reference);
+    MeasureSettings settings{esriGeometryPolyline,   Projected, reference, kMajor, kMinor, false,
+                             AreaOfUseOf(*reference)};
+    const auto record = BeginRecord(line, settings);
+    static_cast<void>(Measure(*FindMeasure(settings.Shape, settings.Kind, 2), *record));
+    EXPECT_EQ(!record->Warnings().empty(), row.far) << row.name;
+    if (row.far) {
+      EXPECT_THAT(record->Warnings(), ElementsAre(MeasureWarning::FarFromArea)) << row.name;
+    }
   }
 }
 
