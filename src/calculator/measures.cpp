@@ -43,9 +43,9 @@ constexpr WarningRow kWarnings[] = {
      "A ring is more than 180 degrees of longitude wide: its spherical area and centroid may be wrong, because they "
      "take the short way round between any two places. Its spheroidal area isn't."},
     {MeasureWarning::TornRing,
-     "A ring steps over more than 180 degrees of longitude at once: its spheroidal area, and in a projection all that "
-     "is "
-     "measured on the globe, takes such a step the short way, but for a ring that this would leave without width."},
+     "A ring steps over more than 180 degrees of longitude at once: its spheroidal area and perimeter, and in a "
+     "projection all that is measured on the globe, take such a step the short way, but for a ring that this would "
+     "leave without width."},
     {MeasureWarning::OneLobe, "A ring crosses itself: its spheroidal perimeter is that of one of its lobes alone."},
     {MeasureWarning::SignedLobes,
      "A ring crosses itself: its lobes count by the way they run, so that their spherical areas may cancel each other "

@@ -49,13 +49,20 @@ bool HasTornRing(const Polygon& polygon) {
   });
 }
 
-// The polygon with rings that jump over the edge of the longitudes carried on.
+bool IsExterior(const Path& ring) { return dynamic_cast<const Ring&>(ring).IsExterior(); }
+
+// The polygon with rings that jump over the edge of the longitudes carried on. Torn, a ring runs the other way on the
+// plane: an exterior ring stays one, and a hole a hole.
 std::shared_ptr<Polygon> Whole(const Polygon& polygon) {
   std::vector<std::vector<XY>> rings;
   for (const auto& part : polygon.Parts()) rings.emplace_back(part->Vertices().begin(), part->Vertices().end());
+  rings = geodesy::ContinuedRings(std::move(rings), geodesy::EnclosedPole::SmallerPart);
+  const bool each_stays = rings.size() == polygon.Parts().size();
   std::vector<std::shared_ptr<Path>> parts;
-  for (auto& ring : geodesy::ContinuedRings(std::move(rings), geodesy::EnclosedPole::SmallerPart)) {
-    parts.push_back(std::make_shared<Ring>(std::move(ring)));
+  for (std::size_t place = 0; place < rings.size(); ++place) {
+    auto ring = std::make_shared<Ring>(std::move(rings[place]));
+    if (each_stays && ring->IsExterior() != IsExterior(*polygon.Parts()[place])) ring->ReverseOrientation();
+    parts.push_back(std::move(ring));
   }
   auto whole = std::make_shared<Polygon>();
   whole->SetParts(std::move(parts));
@@ -105,16 +112,26 @@ double PolygonRecord::SpheroidalPerimeter() {
 }
 
 double PolygonRecord::PerimeterOf(const std::shared_ptr<Polygon>& polygon) {
-  // A single simple ring becomes the only path of the polyline as it stands.
-  if (polygon->GeometryCount() == 1 && !polygon->HasCurves() && polygon->IsSimple()) {
-    return geodesy::SpheroidalPolylineLength2(polygon->Parts().front()->Vertices(), settings_.SemiMajor,
-                                              settings_.SemiMinor);
+  if (settings_.Kind == SpatialKind::Geographic && HasTornRing(*polygon)) {
+    Warn(MeasureWarning::TornRing);
+    return LengthOfRings(*polygon);
   }
+  // A single simple ring becomes the only path of the polyline as it stands.
+  if (polygon->GeometryCount() == 1 && !polygon->HasCurves() && polygon->IsSimple()) return LengthOfRings(*polygon);
   if (BoundsNothing(*polygon)) return 0.0;
   const std::shared_ptr<Polygon> rings = CloneOf(*polygon);
   if (!geodesy::MarkSimpleButForSpikes(*rings) && geodesy::HasLobes(*rings)) Warn(MeasureWarning::OneLobe);
   return geodesy::SpheroidalPolylineLength2(geodesy::PolygonToPolyline(rings), settings_.SemiMajor,
                                             settings_.SemiMinor);
+}
+
+// As they stand: on the plane a torn ring bounds something else.
+double PolygonRecord::LengthOfRings(const Polygon& polygon) const {
+  double length = 0.0;
+  for (const auto& ring : polygon.Parts()) {
+    length += geodesy::SpheroidalPolylineLength2(ring->Vertices(), settings_.SemiMajor, settings_.SemiMinor);
+  }
+  return length;
 }
 
 // A seam is run there and back.
@@ -142,7 +159,7 @@ double PolygonRecord::SpheroidalArea() {
       const double enclosed = std::fabs(ExactRingArea(ring->Vertices(), settings_.SemiMajor, settings_.SemiMinor));
       // The sides of a narrow ring may pass each other on the globe: what it encloses is the same, only its sense
       // isn't.
-      area += dynamic_cast<const Ring&>(*ring).IsExterior() ? enclosed : -enclosed;
+      area += IsExterior(*ring) ? enclosed : -enclosed;
     }
   }
   return area;

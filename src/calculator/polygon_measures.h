@@ -43,6 +43,7 @@ class PolygonRecord final : public MeasureRecord {
  private:
   const std::shared_ptr<Polygon>& GeographicPolygon();
   [[nodiscard]] double PerimeterOf(const std::shared_ptr<Polygon>& polygon);
+  [[nodiscard]] double LengthOfRings(const Polygon& polygon) const;
   [[nodiscard]] double LengthOfSeams() const;
   void MeasureArea();
   void FindCentroid();

@@ -179,6 +179,22 @@ TEST(LinesWithoutLength, HaveTheirPlaceForMidpoint) {
   EXPECT_NEAR(projected.Second.AsDouble(), 5000000.0, 1e-6);
 }
 
+// Torn, the hole lies around its shell on the plane.
+TEST(TornRings, KeepTheirHoles) {
+  const auto over_the_edge = [](std::vector<XY> ring) {
+    for (XY& vertex : ring) vertex.x -= vertex.x > 180.0 ? 360.0 : 0.0;
+    return ring;
+  };
+  const auto shell = Box(170, -10, 190, 10), hole = Box(175, -5, 185, 5, false);
+  const auto torn = PolygonOf({over_the_edge(shell), over_the_edge(hole)});
+  for (const auto& part : torn->Parts()) part->ReverseOrientation();  // as readers turn them
+  const auto whole = PolygonOf({shell, hole});
+  for (const std::int32_t id : {3, 6}) {
+    const double expected = Feature(Geographic, *whole)(id).First.AsDouble();
+    EXPECT_NEAR(Feature(Geographic, *torn)(id).First.AsDouble() / expected, 1.0, 1e-12) << id;
+  }
+}
+
 // The ends of a segment one turn apart, on a line that is the same without the turn.
 TEST(WholeTurns, LengthsAndAzimuths) {
   const double expected = Feature(Geographic, *PolylineOf({{{180, 0}, {180, 10}}}))(1).First.AsDouble();
@@ -207,7 +223,7 @@ TEST(Warnings, NameWhatAValueCantMean) {
   } rows[] = {
       {"plain", PolygonOf({Box(10, 40, 11, 41)}), kMinor, 1, {}},
       {"wide", PolygonOf({Box(-100, 40, 100, 41)}), kMinor, 1, {WideRing}},
-      {"wide, but its perimeter is asked for", PolygonOf({Box(-100, 40, 100, 41)}), kMinor, 3, {}},
+      {"wide, but its perimeter is asked for", PolygonOf({Box(-100, 40, 100, 41)}), kMinor, 3, {TornRing}},
       {"bow", bow, kMinor, 3, {OneLobe}},
       {"bow by its area", bow, kMinor, 1, {SignedLobes}},
       {"bow by its true area", bow, kMinor, 6, {}},
