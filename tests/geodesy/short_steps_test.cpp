@@ -167,6 +167,37 @@ TEST(ShortSteps, LinesGoTheShortWay) {
   EXPECT_NEAR(wrapped->Length(), 20 + std::hypot(10.0, 5.0) + 180, 1e-9);
 }
 
+// Both examples of RFC 7946, section 3.1.9, before and after their cut.
+TEST(ShortSteps, CutAsTheStandardOfGeoJsonDoes) {
+  const auto line = PolylineOf({{{170, 45}, {-170, 45}}});
+  TakeShortSteps(*line, EnclosedPole::SmallerPart);
+  const auto cut = Cast<Polyline>(WrapOwnShape(line, kEarth, nullptr).shape);
+  ASSERT_EQ(cut->Parts().size(), 2U);
+  EXPECT_THAT(cut->Parts()[0]->Vertices(), ElementsAre(XY{170, 45}, XY{180, 45}));
+  EXPECT_THAT(cut->Parts()[1]->Vertices(), ElementsAre(XY{-180, 45}, XY{-170, 45}));
+
+  const auto polygon = PolygonOf({{{170, 40}, {170, 50}, {-170, 50}, {-170, 40}, {170, 40}}});
+  TakeShortSteps(*polygon, EnclosedPole::SmallerPart);
+  const auto boxes = Cast<Polygon>(WrapOwnShape(polygon, kEarth, nullptr).shape);
+  ASSERT_EQ(boxes->Parts().size(), 2U);
+  for (const auto& part : boxes->Parts()) {
+    const Envelope extent = part->Envelope();
+    EXPECT_EQ(extent.XMin(), extent.XMin() < 0.0 ? -180.0 : 170.0);
+    EXPECT_EQ(extent.XMax(), extent.XMin() < 0.0 ? -170.0 : 180.0);
+    EXPECT_EQ(extent.YMin(), 40.0);
+    EXPECT_EQ(extent.YMax(), 50.0);
+    EXPECT_NEAR(std::fabs(Cast<Ring>(part)->Area()), 100.0, 1e-9);
+  }
+}
+
+TEST(ShortSteps, AParallelFromEdgeToEdgeStays) {
+  const Line parallel = {{-180, 30}, {180, 30}};
+  const auto line = PolylineOf({parallel, {{170, 0}, {-170, 0}}});
+  EXPECT_TRUE(TakeShortSteps(*line, EnclosedPole::SmallerPart).changed);
+  EXPECT_THAT(line->Parts()[0]->Vertices(), ::testing::ElementsAreArray(parallel));
+  EXPECT_FALSE(TakeShortSteps(*PolylineOf({parallel}), EnclosedPole::SmallerPart).changed);
+}
+
 TEST(ShortSteps, WhatHasNoSuchStepStaysToTheBit) {
   const auto polygon = PolygonOf({testing::Box(-179.1, -5, 0.3, 5)});
   const auto before = CloneOf(*polygon);
