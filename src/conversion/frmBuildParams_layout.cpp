@@ -57,6 +57,7 @@ void frmBuildParams::SetEvents() {
   chkUseLabelPoints.Click = [this] { chkUseLabelPoints_Click(); };
   lbxFields.Click = [this] { CheckOK(); };
   txtCluster.Change = [this] { CheckOK(); };
+  txtCluster.Numeric = true;
   txtCluster.KeyPress = [this](std::int32_t& key) { txtCluster_KeyPress(key); };
   cmdSelFields.Click = [this] { cmdSelFields_Click(); };
   optAll.Click = [this] { optAll_Click(); };

@@ -48,6 +48,7 @@ LongitudeForm::LongitudeForm(const std::string& name) : Form(name) {
 
   lbxLayers.Click = [this] { Trap("lbxLayers_Click", [this] { lbxLayers_Click(); }); };
   txtLongShift.Change = [this] { txtLongShift_Change(); };
+  txtLongShift.Numeric = true;
   txtLongShift.KeyPress = [this](std::int32_t& key) { CheckNumericReal(key, txtLongShift); };
   txtOutput.Change = [this] { txtOutput_Change(); };
   cmdGetWorkspace.Click = [this] { cmdGetWorkspace_Click(); };

@@ -117,6 +117,7 @@ void frmBoundaryWrap::ChooseOption(std::int32_t option) {
   option_ = option;
   const bool custom = option == kCustomOrNoWrap;
   for (TextBox* box : {&txtWest, &txtEast, &txtNorth, &txtSouth}) {
+    box->Numeric = true;
     box->SetEnabled(custom);
     box->SetBackColor(custom ? kWindowBackground : kButtonFace);
   }

@@ -33,6 +33,7 @@ frmGeoCentric::frmGeoCentric() : LongitudeForm("frmGeoCentric") {
   txtMinor.Change = [this] { Trap("txtMinor_Change", [this] { TakeTypedAxis(txtMinor, semi_minor_axis_); }); };
   for (TextBox* box : {&txtMajor, &txtMinor}) {
     box->SetBackColor(kWindowBackground);
+    box->Numeric = true;
     box->KeyPress = [box](std::int32_t& key) { CheckNumericRealPositive(key, *box); };
   }
   cmdGetSpheroid.Click = [this] { Trap("cmdGetSpheroid_Click", [this] { cmdGetSpheroid_Click(); }); };

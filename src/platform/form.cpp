@@ -66,6 +66,7 @@ void Form::ShowModal() {
 void Form::ShowModeless() {
   Load();
   visible_ = true;
+  Notify(nullptr);  // a window of its frame may be open already
   Host().Forms().ShowModeless(*this);
 }
 

@@ -179,6 +179,7 @@ class TextBox final : public Control {
   [[nodiscard]] const std::string& Text() const { return text_; }
   void SetText(std::string text);
   bool Locked = false, MultiLine = false;
+  bool Numeric = false;  ///< holds a number with a point: a view takes a typed or pasted decimal comma for one
   [[nodiscard]] std::int32_t SelStart() const { return sel_start_; }
   void SetSelStart(std::int32_t start) { sel_start_ = start, Changed(); }
   [[nodiscard]] std::int32_t SelLength() const { return sel_length_; }

@@ -59,6 +59,7 @@ void frmSpheroidOptions::ConnectEvents() {
   txtMajor.Change = [this] { txtMajor_Change(); };
   txtMinor.Change = [this] { txtMinor_Change(); };
   for (TextBox* box : {&txtMajor, &txtMinor}) {
+    box->Numeric = true;
     box->KeyPress = [box](std::int32_t& key) { MyGeneralOperations::CheckNumericRealPositive(key, *box); };
   }
   cmdOK.Click = [this] { cmdOK_Click(); };

@@ -43,16 +43,15 @@ class ButtonView final : public ControlView {
  private:
   [[nodiscard]] QPushButton& Push() const { return *static_cast<QPushButton*>(Widget()); }
 
-  // Without a default button of the form's own, Qt would make the first one look like it.
-  [[nodiscard]] bool FormHasDefault() const {
-    return std::ranges::any_of(button_.Owner().Controls(), [](const tessarine::Control* control) {
-      const auto* button = dynamic_cast<const CommandButton*>(control);
-      return button != nullptr && button->Default;
-    });
+  bool RefusesKey(QKeyEvent& event) override {
+    if (event.key() != Qt::Key_Return && event.key() != Qt::Key_Enter) return false;
+    Window().EnterPressed();
+    return true;
   }
 
   void UpdateContent() override {
-    Push().setAutoDefault(FormHasDefault());
+    // Without a default button of the form's own, Qt would make the first one look like it.
+    Push().setAutoDefault(Window().HasDefault());
     if (button_.Default) Push().setDefault(true);
     if (button_.PictureId == 0) {
       Push().setText(ToQt(button_.Caption()));

@@ -54,7 +54,8 @@ bool ControlView::MayTell() const { return !updating_ && !window_.Concealed(); }
 
 void ControlView::Place() {
   if (widget_ == nullptr) return;
-  const QRect place = window_.Units().Rect(control_.Left(), control_.Top(), control_.Width(), control_.Height());
+  const QRect in_form = window_.Units().Rect(control_.Left(), control_.Top(), control_.Width(), control_.Height());
+  const QRect place = in_form.translated(-window_.OriginOf(*this));
   if (widget_->geometry() != place) widget_->setGeometry(place);
 }
 
@@ -91,6 +92,7 @@ bool ControlView::eventFilter(QObject* watched, QEvent* event) {
       break;
     case QEvent::FocusIn:
       // The event of the control that loses the focus comes first, then that of the one that gets it.
+      window_.BringIntoView(*widget_);
       if (TakesFocus()) Tell([this] { window_.ShownForm().SetActiveControl(&control_); });
       break;
     default:

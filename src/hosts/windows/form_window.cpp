@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QScreen>
 #include <QScrollArea>
+#include <QStyle>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -51,7 +52,8 @@ FormWindow::FormWindow(Form& form, QWidget* parent, QSize room)
       room_(room),
       units_(font()),
       scroll_(new QScrollArea(this)),
-      canvas_(new Canvas([this](QSize size) { TakeSize(size); }, [this] { MouseMoved(); })) {
+      canvas_(new Canvas([this](QSize size) { TakeSize(size); }, [this] { MouseMoved(); })),
+      footer_(new QWidget(this)) {
   setObjectName(ToQt(form.Name()));
   scroll_->setFrameShape(QFrame::NoFrame);
   scroll_->setFocusPolicy(Qt::NoFocus);
@@ -59,7 +61,10 @@ FormWindow::FormWindow(Form& form, QWidget* parent, QSize room)
   scroll_->setWidget(canvas_);
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
+  layout->setSpacing(0);
   layout->addWidget(scroll_);
+  layout->addWidget(footer_);
+  footer_->hide();
   MakeViews();
   OrderTabs();
   ListenToForm();
@@ -186,21 +191,67 @@ const QScreen* FormWindow::HomeScreen() const {
   return parentWidget() != nullptr && !isVisible() ? parentWidget()->screen() : screen();
 }
 
+// The buttons below all others, and what stands beside them, leave the canvas for a place that doesn't scroll.
+void FormWindow::UpdateFooter(bool wanted) {
+  const auto rect_of = [this](const ControlView& view) {
+    const Control& control = view.Control();
+    return units_.Rect(control.Left(), control.Top(), control.Width(), control.Height());
+  };
+  const auto is_own = [this](const ControlView& view) {
+    return view.Widget() != nullptr && view.Control().Visible() && ParentOf(view.Control()) == canvas_;
+  };
+  int lowest = -1;
+  for (const auto& view : views_) {
+    const bool button = dynamic_cast<const CommandButton*>(&view->Control()) != nullptr;
+    if (wanted && button && is_own(*view)) lowest = std::max(lowest, rect_of(*view).top());
+  }
+  constexpr int kMargin = 4;
+  footer_top_ = lowest - kMargin;
+  int canvas_bottom = footer_top_;
+  for (const auto& view : views_) {
+    if (!is_own(*view)) continue;
+    const bool below = lowest >= 0 && rect_of(*view).top() >= footer_top_;
+    QWidget* parent = below ? footer_ : canvas_;
+    if (!below) canvas_bottom = std::max(canvas_bottom, rect_of(*view).bottom() + kMargin);
+    if (view->Widget()->parentWidget() != parent) {
+      view->Widget()->setParent(parent);
+      view->Widget()->show();
+    }
+    view->NeedsUpdate = true;
+  }
+  const int height = units_.Size(form_.Width(), form_.Height()).height();
+  footer_->setFixedHeight(lowest >= 0 ? height - footer_top_ : 0);
+  footer_->setVisible(lowest >= 0);
+  below_canvas_ = lowest >= 0 ? height - canvas_bottom : 0;
+  OrderTabs();
+}
+
+void FormWindow::BringIntoView(QWidget& widget) {
+  if (canvas_->isAncestorOf(&widget)) scroll_->ensureWidgetVisible(&widget);
+}
+
+QPoint FormWindow::OriginOf(const ControlView& view) const {
+  return view.Widget() != nullptr && view.Widget()->parentWidget() == footer_ ? QPoint(0, footer_top_) : QPoint();
+}
+
 void FormWindow::UpdateSize() {
   const QSize size = units_.Size(form_.Width(), form_.Height());
   const QSize room = Room();
   const QSize least = HasMinimum(form_) ? units_.Size(form_.MinimumWidth(), form_.MinimumHeight()) : size;
-  canvas_->setMinimumSize(least.boundedTo(size));
+  const bool scrolls = least.boundedTo(size).height() > room.height();
+  if (scrolls || footer_->isVisibleTo(this)) UpdateFooter(scrolls);
+  canvas_->setMinimumSize(least.boundedTo(size) - QSize(0, below_canvas_));
   if (HasMinimum(form_)) {
     setMinimumSize(least.boundedTo(room).boundedTo(size));
   } else {
     setFixedSize(size.boundedTo(room));
   }
-  if (canvas_->size() != size) resize(size.boundedTo(room));
+  if (canvas_->size() != size - QSize(0, below_canvas_)) resize(size.boundedTo(room));
 }
 
 // The user's size becomes the form's, which lays its controls out anew.
 void FormWindow::TakeSize(QSize size) {
+  size += QSize(0, below_canvas_);
   if (flushing_ || concealed_ || size == units_.Size(form_.Width(), form_.Height())) return;
   Trap(form_.Name() + " Form_Resize",
        [&] { form_.Resize(units_.UnitsAcross(size.width()), units_.UnitsDown(size.height())); });
@@ -213,6 +264,7 @@ void FormWindow::MouseMoved() {
 
 void FormWindow::UpdateFocus() {
   const Control* active = form_.ActiveControl();
+  if (active != first_focus_) first_focus_ = nullptr;
   const ControlView* view = active != nullptr ? ViewOf(*active) : nullptr;
   if (view == nullptr || !view->TakesFocus() || view->Widget() == focusWidget()) return;
   if (view->Widget()->isEnabled() && view->Control().Visible()) view->Widget()->setFocus(Qt::OtherFocusReason);
@@ -233,7 +285,9 @@ void FormWindow::PlaceOnScreen() {
     corner = around.center() - QPoint(width() / 2, height() / 2);
   }
   corner.setX(std::clamp(corner.x(), room.left(), std::max(room.left(), room.right() - width())));
-  corner.setY(std::clamp(corner.y(), room.top(), std::max(room.top(), room.bottom() - height())));
+  // The title bar that a window manager adds lies above what a window knows of itself.
+  const int framed = height() + style()->pixelMetric(QStyle::PM_TitleBarHeight);
+  corner.setY(std::clamp(corner.y(), room.top(), std::max(room.top(), room.bottom() - framed)));
   move(corner);
 }
 
@@ -245,7 +299,9 @@ void FormWindow::FocusFirst() {
     if (!view->TakesFocus() || control.TabIndex() < 0 || !control.Enabled() || !control.Visible()) continue;
     if (first == nullptr || control.TabIndex() < first->Control().TabIndex()) first = view.get();
   }
-  if (first != nullptr) first->Control().SetFocus();
+  if (first == nullptr) return;
+  first->Control().SetFocus();
+  first_focus_ = &first->Control();
 }
 
 void FormWindow::Open() {
@@ -267,7 +323,20 @@ void FormWindow::Conceal() {
   if (OnConcealed) OnConcealed();
 }
 
-bool FormWindow::ButtonHasFocus() const { return dynamic_cast<const CommandButton*>(form_.ActiveControl()) != nullptr; }
+bool FormWindow::HasDefault() const {
+  return std::ranges::any_of(form_.Controls(), [](const Control* control) {
+    const auto* button = dynamic_cast<const CommandButton*>(control);
+    return button != nullptr && button->Default;
+  });
+}
+
+// A button that has the focus because it comes first wasn't chosen by the user: Enter is for the form's own default.
+void FormWindow::EnterPressed() {
+  Flush();
+  const auto* active = dynamic_cast<const CommandButton*>(form_.ActiveControl());
+  const bool chosen = active != nullptr && (active != first_focus_ || !HasDefault());
+  PressButton([&](const CommandButton& button) { return chosen ? &button == active : button.Default; });
+}
 
 template <class IsWanted>
 void FormWindow::PressButton(IsWanted&& is_wanted) {
@@ -287,9 +356,7 @@ void FormWindow::keyPressEvent(QKeyEvent* event) {
       return;
     case Qt::Key_Return:
     case Qt::Key_Enter:
-      PressButton([this](const CommandButton& button) {
-        return ButtonHasFocus() ? &button == form_.ActiveControl() : button.Default;
-      });
+      EnterPressed();
       return;
     default:
       QDialog::keyPressEvent(event);

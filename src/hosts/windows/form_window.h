@@ -19,7 +19,8 @@ namespace tessarine {
 /// The window of one form: its object name is the form's name, its inside is laid out in dialog units of the window's
 /// font. Changes of the form are shown together, before the next input and at the latest when the event loop turns.
 ///
-/// A form whose minimum size is 0 has a fixed size. A window that doesn't fit the screen scrolls.
+/// A form whose minimum size is 0 has a fixed size. Where a window doesn't fit the screen, its last row of buttons
+/// stays in view, and what is above it scrolls.
 class FormWindow final : public QDialog {
  public:
   /// The room is what the window may take; nothing stands for the screen.
@@ -42,6 +43,16 @@ class FormWindow final : public QDialog {
   /// Shows all changes now.
   void Flush();
 
+  /// A button of the form is the one that Enter presses, wherever the focus is.
+  [[nodiscard]] bool HasDefault() const;
+  /// Presses the button that the user went to, else the default one.
+  void EnterPressed();
+
+  /// Scrolls until the widget is in view.
+  void BringIntoView(QWidget& widget);
+  /// Where what the view's widget lies on begins, in pixels of the form.
+  [[nodiscard]] QPoint OriginOf(const ControlView& view) const;
+
   /// Called once when the window went away, by the form or by the user.
   std::function<void()> OnConcealed;
 
@@ -60,6 +71,7 @@ class FormWindow final : public QDialog {
   void FormChanged(Control* control);
   void UpdateForm();
   void UpdateSize();
+  void UpdateFooter(bool wanted);
   void UpdateFocus();
   void PlaceOnScreen();
   void FocusFirst();
@@ -72,17 +84,19 @@ class FormWindow final : public QDialog {
 
   [[nodiscard]] QSize Room() const;
   [[nodiscard]] const QScreen* HomeScreen() const;
-  [[nodiscard]] bool ButtonHasFocus() const;
 
   Form& form_;
   QSize room_;
   DialogUnits units_;
   QScrollArea* scroll_;
-  QWidget* canvas_;
+  QWidget *canvas_, *footer_;
+  int footer_top_ = 0;    // in pixels of the form
+  int below_canvas_ = 0;  // how much less of the form the canvas holds than its whole height
   std::vector<std::unique_ptr<ControlView>> views_;
   QString caption_;
   double shown_left_ = 0.0, shown_top_ = 0.0;
   bool form_needs_update_ = true, flush_planned_ = false, flushing_ = false;
+  const Control* first_focus_ = nullptr;  // what got the focus as the form opened, until it goes elsewhere
   bool form_was_visible_ = false, concealed_ = false;
 };
 

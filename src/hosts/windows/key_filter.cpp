@@ -14,6 +14,16 @@ std::int32_t KeyOf(const QKeyEvent& event) {
   return text.size() == 1 && text.at(0).unicode() < 0x80 ? text.at(0).unicode() : kBeyondAscii;
 }
 
+QString WithDecimalPoint(QString number) {
+  constexpr QLatin1Char kComma(','), kPoint('.');
+  if (!number.contains(kComma)) return number;
+  const bool comma_is_last = number.lastIndexOf(kComma) > number.lastIndexOf(kPoint);
+  const QLatin1Char decimal = comma_is_last ? kComma : kPoint;
+  number.remove(comma_is_last ? kPoint : kComma);
+  if (number.count(decimal) > 1) return number.remove(decimal);
+  return number.replace(decimal, kPoint);
+}
+
 Replacement Compare(const QString& before, const QString& now) {
   int start = 0;
   while (start < before.size() && start < now.size() && before.at(start) == now.at(start)) ++start;

@@ -39,7 +39,7 @@ MessageAnswer ShowMessageBox(QWidget* parent, const std::string& text, const std
   const PointerPause pause;
   QMessageBox box(parent);
   box.setObjectName(QStringLiteral("MessageBox"));
-  box.setWindowTitle(ToQt(title).trimmed());
+  box.setWindowTitle(title.empty() ? QStringLiteral("Tessarine Tools") : ToQt(title).trimmed());
   box.setTextFormat(Qt::PlainText);
   box.setTextInteractionFlags(Qt::TextSelectableByMouse);
   box.setText(LinesToQt(text));
@@ -55,7 +55,8 @@ MessageAnswer ShowMessageBox(QWidget* parent, const std::string& text, const std
     button->setObjectName(QLatin1String(answer.name));
     made.push_back(button);
   }
-  box.setDefaultButton(static_cast<QPushButton*>(made.front()));
+  // Who presses Enter without reading has agreed to nothing.
+  box.setDefaultButton(static_cast<QPushButton*>(buttons == MessageButtons::YesNo ? made.back() : made.front()));
   box.setEscapeButton(made.back());
   box.exec();
   for (std::size_t index = 0; index < made.size(); ++index) {

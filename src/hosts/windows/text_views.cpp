@@ -123,6 +123,10 @@ class LineView final : public ControlView {
     std::int32_t key = KeyOf(event);
     if (key == 0) return false;
     TakeSelection();
+    if (box_.Numeric && key == ',') {
+      Tell([&] { box_.Type("."); });
+      return true;
+    }
     if (box_.KeyPress) Tell([&] { box_.KeyPress(key); });
     typed_ = key != 0;
     return key == 0;
@@ -132,11 +136,12 @@ class LineView final : public ControlView {
     // What comes in one piece, from the clipboard or an input method, is typed for the filter's sake.
     const Replacement change = Compare(Shown(), text);
     const bool typed = std::exchange(typed_, false);
-    if (box_.KeyPress && !typed && !change.inserted.isEmpty()) {
+    const QString inserted = box_.Numeric ? WithDecimalPoint(change.inserted) : change.inserted;
+    if ((box_.KeyPress || box_.Numeric) && !typed && !inserted.isEmpty()) {
       const QString before = Shown();
       box_.SetSelStart(CharactersBefore(before, change.start));
       box_.SetSelLength(CharactersBefore(before.mid(change.start), change.removed));
-      Tell([&] { box_.Type(Typed(change.inserted)); });
+      Tell([&] { box_.Type(Typed(inserted)); });
       return;
     }
     TakeSelection();

@@ -256,5 +256,107 @@ TEST_F(FormWindowTest, DuringARunThePumpReachesTheSuitesWindowsAlone) {
   kept->Unload();
 }
 
+TEST_F(FormWindowTest, ADecimalCommaIsAPointInANumberBox) {
+  struct Row {
+    const char *pasted, *number;
+  };
+  const Row rows[] = {{"2,5", "2.5"},           {"-0,125", "-0.125"}, {"1.234,5", "1234.5"},     {"1,234.5", "1234.5"},
+                      {"1,234,567", "1234567"}, {"12.5", "12.5"},     {"6378137,0", "6378137.0"}};
+  for (const bool filtered : {true, false}) {
+    form.txtNumber.Numeric = true;
+    form.txtNumber.KeyPress = nullptr;
+    if (filtered) {
+      form.txtNumber.KeyPress = [](std::int32_t& key) {
+        if (key != 8 && key != '.' && key != '-' && (key < '0' || key > '9')) key = 0;
+      };
+    }
+    for (const Row& row : rows) {
+      form.txtNumber.SetText("");
+      Show(form, [&](FormWindow& window) {
+        auto& box = Of<QLineEdit>(window, "txtNumber");
+        QApplication::clipboard()->setText(row.pasted);
+        box.paste();
+        EXPECT_EQ(form.txtNumber.Text(), row.number) << filtered;
+        window.Flush();
+        EXPECT_EQ(box.text(), row.number);
+      });
+    }
+    form.txtNumber.SetText("25");
+    Show(form, [&](FormWindow& window) {
+      auto& box = Of<QLineEdit>(window, "txtNumber");
+      QTest::keyClick(&box, Qt::Key_Home);
+      QTest::keyClick(&box, Qt::Key_Right);
+      QTest::keyClicks(&box, ",75");
+      EXPECT_EQ(form.txtNumber.Text(), "2.755") << filtered;
+    });
+  }
+}
+
+class ButtonsForm final : public Form {
+ public:
+  ButtonsForm() : Form("ButtonsForm") {
+    SetSize(200, 300);
+    std::int32_t index = 0;
+    for (CommandButton* button : {&cmdLoad, &cmdOther, &cmdOK}) {
+      button->SetCaption(button->Name());
+      button->SetTabIndex(index++);
+      button->Click = [this, button] { pressed.push_back(button->Name()); };
+    }
+    cmdLoad.Move(7, 7, 60, 14);
+    cmdOther.Move(7, 200, 60, 14);
+    cmdOK.Move(130, 280, 60, 14);
+    lblBeside.SetCaption("beside");
+    lblBeside.Move(7, 282, 60, 9);
+    cmdOK.Default = true;
+  }
+  CommandButton cmdLoad{*this, "cmdLoad"}, cmdOther{*this, "cmdOther"}, cmdOK{*this, "cmdOK"};
+  Label lblBeside{*this, "lblBeside"};
+  std::vector<std::string> pressed;
+};
+
+TEST_F(FormWindowTest, EnterIsForTheDefaultUntilTheUserGoesToAButton) {
+  ButtonsForm buttons;
+  Show(buttons, [&](FormWindow& window) {
+    auto& load = Of<QPushButton>(window, "cmdLoad");
+    EXPECT_TRUE(load.hasFocus());
+    QTest::keyClick(&load, Qt::Key_Return);
+    EXPECT_THAT(buttons.pressed, ElementsAre("cmdOK"));
+    QTest::keyClick(&load, Qt::Key_Space);
+    EXPECT_THAT(buttons.pressed, ElementsAre("cmdOK", "cmdLoad"));
+    QTest::keyClick(&load, Qt::Key_Tab);
+    QTest::keyClick(window.WidgetOf("cmdOther"), Qt::Key_Return);
+    EXPECT_EQ(buttons.pressed.back(), "cmdOther");
+    QTest::keyClick(window.WidgetOf("cmdOther"), Qt::Key_Backtab);
+    QTest::keyClick(&load, Qt::Key_Return);
+    EXPECT_EQ(buttons.pressed.back(), "cmdLoad");
+  });
+}
+
+TEST_F(FormWindowTest, ButtonsStayInViewOnASmallScreen) {
+  ButtonsForm buttons;
+  const QSize room(1024, 300);
+  FormWindow window(buttons, nullptr, room);
+  window.Open();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+  EXPECT_LE(window.height(), room.height());
+  const auto in_view = [&](const char* name) {
+    QWidget* widget = window.WidgetOf(name);
+    return window.rect().contains(QRect(widget->mapTo(&window, QPoint()), widget->size())) &&
+           !widget->visibleRegion().isEmpty();
+  };
+  EXPECT_TRUE(in_view("cmdOK"));
+  EXPECT_TRUE(in_view("lblBeside"));
+  EXPECT_TRUE(in_view("cmdLoad"));
+  EXPECT_FALSE(in_view("cmdOther"));
+  QTest::mouseClick(window.WidgetOf("cmdOK"), Qt::LeftButton);
+  EXPECT_THAT(buttons.pressed, ElementsAre("cmdOK"));
+  // The focus scrolls what is above.
+  QTest::keyClick(window.WidgetOf("cmdOK"), Qt::Key_Backtab);
+  EXPECT_TRUE(in_view("cmdOther"));
+  EXPECT_TRUE(in_view("cmdOK"));
+  EXPECT_EQ(buttons.Height(), 300.0);
+  window.Conceal();
+}
+
 }  // namespace
 }  // namespace tessarine

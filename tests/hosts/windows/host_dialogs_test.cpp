@@ -115,7 +115,7 @@ TEST_F(HostDialogsTest, MessageBoxesAnswerAsTheUserDoes) {
   EXPECT_EQ(answer(MessageButtons::Ok, Qt::Key_Escape), MessageAnswer::Ok);
   EXPECT_EQ(answer(MessageButtons::OkCancel, Qt::Key_Return), MessageAnswer::Ok);
   EXPECT_EQ(answer(MessageButtons::OkCancel, Qt::Key_Escape), MessageAnswer::Cancel);
-  EXPECT_EQ(answer(MessageButtons::YesNo, Qt::Key_Return), MessageAnswer::Yes);
+  EXPECT_EQ(answer(MessageButtons::YesNo, Qt::Key_Return), MessageAnswer::No);
   EXPECT_EQ(answer(MessageButtons::YesNo, Qt::Key_Escape), MessageAnswer::No);
 }
 

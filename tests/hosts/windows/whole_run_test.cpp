@@ -119,5 +119,24 @@ TEST_F(WholeRunTest, ClosingTheProgressWindowByItsTitleBarStopsTheRun) {
   EXPECT_TRUE(MyGeneralOperations::BailOutOfProgress(form, application));
 }
 
+TEST_F(WholeRunTest, TheProgressWindowOfARunThatEndedClosesByItsButtonAndByEscape) {
+  for (const bool by_key : {false, true}) {
+    const auto form = std::make_shared<frmOrlProgressMeter>();
+    form->SetShouldContinue(true);
+    form->SetProgBeginTime(host.Clock().Now());
+    form->Load();
+    form->Frame()->SetVisible(true);
+    form->ShowModeless();
+    FormWindow& window = *host.FormWindows().WindowOf(*form);
+    form->cmdStop.SetCaption("Close");
+    if (by_key) {
+      QTest::keyClick(&window, Qt::Key_Escape);
+    } else {
+      Click(window, "cmdStop");
+    }
+    EXPECT_FALSE(form->Frame()->Visible()) << by_key;
+  }
+}
+
 }  // namespace
 }  // namespace tessarine
