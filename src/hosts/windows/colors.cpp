@@ -66,6 +66,11 @@ QColor TextColorOn(const QColor& background, std::int32_t fore_color, const QPal
   return Contrast(Qt::black, background) >= Contrast(Qt::white, background) ? Qt::black : Qt::white;
 }
 
+QColor BoxColorOn(const QColor& window) {
+  constexpr int kShade = 150;
+  return window.lightnessF() < 0.5 ? window.darker(kShade) : window.lighter(kShade);
+}
+
 QColor FadedText(const QColor& text, const QColor& background) {
   return QColor((text.red() + background.red()) / 2, (text.green() + background.green()) / 2,
                 (text.blue() + background.blue()) / 2);

@@ -22,6 +22,9 @@ namespace tessarine {
 /// dark background.
 [[nodiscard]] QColor TextColorOn(const QColor& background, std::int32_t fore_color, const QPalette& palette);
 
+/// The ground of a box of text in a window of this colour: a shade that is farther from the middle.
+[[nodiscard]] QColor BoxColorOn(const QColor& window);
+
 /// The colour of a text that is disabled: half way into its background, whatever that is.
 [[nodiscard]] QColor FadedText(const QColor& text, const QColor& background);
 

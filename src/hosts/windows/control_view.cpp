@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "hosts/windows/control_view.h"
 
+#include <QApplication>
 #include <QKeyEvent>
 
 #include "hosts/windows/colors.h"
@@ -59,7 +60,27 @@ void ControlView::Place() {
   if (widget_->geometry() != place) widget_->setGeometry(place);
 }
 
+// A style sheet of the program paints by its own rules, whatever a palette says. The colours are told in its language,
+// text and ground together, so that they fit each other.
+void ControlView::UpdateSheetColors() {
+  const QPalette palette = window_.palette();
+  const QColor window = Background();
+  const bool explicit_ground = IsExplicitColor(control_.BackColor());
+  const QColor ground = HoldsText() && !explicit_ground ? BoxColorOn(window) : window;
+  const QColor text = TextColorOn(ground, control_.ForeColor(), palette);
+  const QString fill =
+      HoldsText() || explicit_ground ? QStringLiteral("background-color: ") + ground.name() : QString();
+  const QString sheet = QStringLiteral("* { color: %1; %2 } *:disabled { color: %3 }")
+                            .arg(text.name(), fill, FadedText(text, ground).name());
+  if (sheet != widget_->styleSheet()) widget_->setStyleSheet(sheet);
+}
+
 void ControlView::UpdateColors() {
+  if (!qApp->styleSheet().isEmpty()) {
+    if (dynamic_cast<const CommandButton*>(&control_) == nullptr) UpdateSheetColors();
+    return;
+  }
+  if (!widget_->styleSheet().isEmpty()) widget_->setStyleSheet(QString());
   QPalette palette = window_.palette();
   const QColor background = Background();
   const QColor text = TextColorOn(background, control_.ForeColor(), palette);

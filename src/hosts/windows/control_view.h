@@ -31,6 +31,7 @@ class ControlView : public QObject {
   void Update();
   /// Takes the place of the control under the window's present dialog units.
   void Place();
+  void UpdateSheetColors();
 
   bool NeedsUpdate = true;
 

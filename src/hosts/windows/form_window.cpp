@@ -55,6 +55,8 @@ FormWindow::FormWindow(Form& form, QWidget* parent, QSize room)
       canvas_(new Canvas([this](QSize size) { TakeSize(size); }, [this] { MouseMoved(); })),
       footer_(new QWidget(this)) {
   setObjectName(ToQt(form.Name()));
+  // A style sheet may give it a frame of its own.
+  scroll_->setStyleSheet(QStringLiteral("QScrollArea { border: none; padding: 0px }"));
   scroll_->setFrameShape(QFrame::NoFrame);
   scroll_->setFocusPolicy(Qt::NoFocus);
   scroll_->setWidgetResizable(true);
@@ -65,6 +67,7 @@ FormWindow::FormWindow(Form& form, QWidget* parent, QSize room)
   layout->addWidget(scroll_);
   layout->addWidget(footer_);
   footer_->hide();
+  ensurePolished();  // a style sheet changes the palette that the controls go by
   MakeViews();
   OrderTabs();
   ListenToForm();
@@ -379,7 +382,10 @@ void FormWindow::Scale() {
 
 void FormWindow::changeEvent(QEvent* event) {
   QDialog::changeEvent(event);
-  if (event->type() == QEvent::FontChange || event->type() == QEvent::PaletteChange) Scale();
+  if (event->type() == QEvent::FontChange || event->type() == QEvent::PaletteChange ||
+      event->type() == QEvent::StyleChange) {
+    Scale();
+  }
 }
 
 }  // namespace tessarine

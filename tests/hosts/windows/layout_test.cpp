@@ -3,6 +3,8 @@
 // every text can be read on what is behind it.
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDir>
+#include <QFile>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
@@ -14,6 +16,7 @@
 #include <QStyleOptionButton>
 #include <QTextEdit>
 #include <cmath>
+#include <functional>
 #include <map>
 
 #include "helpers/temporary_folder.h"
@@ -209,6 +212,47 @@ INSTANTIATE_TEST_SUITE_P(Sizes, LayoutTest,
                                            NamedDrawing{"LargeFont", {.points = 17}},
                                            NamedDrawing{"Dark", {.dark = true}}),
                          [](const auto& drawing) { return std::string(drawing.param.name); });
+
+// A theme of the map program as it applies it: a style sheet whose colours have names.
+QString StyleSheetOf(const QDir& theme) {
+  const auto read = [&](const char* name) {
+    QFile file(theme.filePath(QLatin1String(name)));
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+  };
+  QString style = read("style.qss");
+  std::map<QString, QString, std::greater<>> colors = {{QStringLiteral("@theme_path"), theme.path()}};
+  for (const QString& line : read("variables.qss").split(QLatin1Char('\n'))) {
+    const int colon = line.indexOf(QLatin1Char(':'));
+    if (line.startsWith(QLatin1Char('@')) && colon > 0) {
+      colors[line.left(colon).trimmed()] = line.mid(colon + 1).remove(QLatin1Char(';')).trimmed();
+    }
+  }
+  for (const auto& [name, color] : colors) style.replace(name, color);
+  return style;
+}
+
+// From the greatest name on, so that none is taken for the beginning of a longer one.
+TEST(ThemeTest, TextsCanBeReadInTheThemesOfTheMapProgram) {
+  const QDir themes(QStringLiteral("/usr/share/qgis/resources/themes"));
+  const QStringList names = themes.entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+  if (names.isEmpty()) GTEST_SKIP() << "The map program isn't installed.";
+  for (const QString& theme : names) {
+    const testing::QtSession qt;
+    const QString style = StyleSheetOf(QDir(themes.filePath(theme)));
+    ASSERT_FALSE(style.isEmpty());
+    qApp->setStyleSheet(style);
+    const testing::TemporaryFolder folder;
+    testing::SampleHost host;
+    VisitForms(host, folder.Native(), [&](const std::string& name, FormWindow& window) {
+      QCoreApplication::processEvents();
+      // A theme tells a checked mark by the colour of all of it.
+      std::vector<std::string> pale = PaleTexts(window);
+      std::erase_if(pale, [](const std::string& what) { return what.ends_with("hides its mark"); });
+      EXPECT_THAT(pale, ::testing::IsEmpty()) << theme.toStdString() << ", " << name;
+    });
+    qApp->setStyleSheet(QString());  // it would outlive the application
+  }
+}
 
 }  // namespace
 }  // namespace tessarine
