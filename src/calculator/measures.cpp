@@ -37,7 +37,8 @@ constexpr WarningRow kWarnings[] = {
     {MeasureWarning::BeyondPole,
      "A latitude lies beyond a pole: lengths, areas, centroids and azimuths are those of some other place."},
     {MeasureWarning::FarFromArea,
-     "A shape lies more than 30 degrees outside of the area that the layer's reference is made for: so far from there "
+     "A shape lies more than 30 degrees east or west of the area that the layer's reference is made for: so far from "
+     "there "
      "some projections give another place, and all that is measured on the globe is that of this place."},
     {MeasureWarning::WideRing,
      "A ring is more than 180 degrees of longitude wide: its spherical area and centroid may be wrong, because they "
@@ -61,8 +62,9 @@ constexpr WarningRow kWarnings[] = {
     {MeasureWarning::NoCentroid,
      "A polygon has no spherical centroid, because its spherical area isn't above 0: -9999 stands in its place."},
     {MeasureWarning::RoughSeries,
-     "On a body as flattened as this one the series for geodesics is off: lengths by up to 1e-6 of themselves at a "
-     "flattening of 1/15, 1e-5 at 1/10, 1e-3 at 1/5 and percents beyond, and midpoints and azimuths as far."},
+     "On a body of this shape the series for geodesics is off: lengths by up to 2e-6 of themselves at a flattening of "
+     "1/15, 2e-5 at 1/10, 1e-3 at 1/5 and percents beyond, and midpoints and azimuths as far. Where the polar axis is "
+     "the longer one, a line to the other side of the body may not be the shortest."},
     {MeasureWarning::FlattenedSphere,
      "The spherical area is that on a sphere of the same volume, which on a body as flattened as this one is off by "
      "several percent: the spheroidal area isn't."},

@@ -51,22 +51,21 @@ bool HasTornRing(const Polygon& polygon) {
 
 bool IsExterior(const Path& ring) { return dynamic_cast<const Ring&>(ring).IsExterior(); }
 
-// The polygon with rings that jump over the edge of the longitudes carried on. Torn, a ring runs the other way on the
-// plane: an exterior ring stays one, and a hole a hole.
+// The polygon with rings that jump over the edge of the longitudes carried on. Torn, a ring may run the other way and
+// its hole may lie outside of it, and a driver takes them for what they seem: once they are whole, what encloses what
+// tells exterior rings from holes.
 std::shared_ptr<Polygon> Whole(const Polygon& polygon) {
   std::vector<std::vector<XY>> rings;
   for (const auto& part : polygon.Parts()) rings.emplace_back(part->Vertices().begin(), part->Vertices().end());
+  const std::vector<std::vector<XY>> torn = rings;
   rings = geodesy::ContinuedRings(std::move(rings), geodesy::EnclosedPole::SmallerPart);
-  const bool each_stays = rings.size() == polygon.Parts().size();
+  const bool changed = rings != torn;
   std::vector<std::shared_ptr<Path>> parts;
-  for (std::size_t place = 0; place < rings.size(); ++place) {
-    auto ring = std::make_shared<Ring>(std::move(rings[place]));
-    if (each_stays && ring->IsExterior() != IsExterior(*polygon.Parts()[place])) ring->ReverseOrientation();
-    parts.push_back(std::move(ring));
-  }
+  for (auto& ring : rings) parts.push_back(std::make_shared<Ring>(std::move(ring)));
   auto whole = std::make_shared<Polygon>();
   whole->SetParts(std::move(parts));
   whole->SetSpatialReference(polygon.SpatialReference());
+  if (changed) whole->Simplify();
   return whole;
 }
 
@@ -118,6 +117,7 @@ double PolygonRecord::PerimeterOf(const std::shared_ptr<Polygon>& polygon) {
   }
   // A single simple ring becomes the only path of the polyline as it stands.
   if (polygon->GeometryCount() == 1 && !polygon->HasCurves() && polygon->IsSimple()) return LengthOfRings(*polygon);
+  if (geodesy::PlaneMisleads(*polygon, roles_)) return LengthOfRings(*polygon);
   if (BoundsNothing(*polygon)) return 0.0;
   const std::shared_ptr<Polygon> rings = CloneOf(*polygon);
   if (!geodesy::MarkSimpleButForSpikes(*rings) && geodesy::HasLobes(*rings)) Warn(MeasureWarning::OneLobe);
@@ -146,6 +146,7 @@ double PolygonRecord::LengthOfSeams() const {
 
 double PolygonRecord::SpheroidalArea() {
   const Polygon& polygon = *GeographicPolygon();
+  if (!roles_.empty()) return AreaByRoles(polygon);
   if (settings_.Kind == SpatialKind::Geographic && HasTornRing(polygon)) Warn(MeasureWarning::TornRing);
   // What comes out of a projection is whole already.
   const std::shared_ptr<Polygon> whole = settings_.Kind == SpatialKind::Geographic ? Whole(polygon) : CloneOf(polygon);
@@ -161,6 +162,17 @@ double PolygonRecord::SpheroidalArea() {
       // isn't.
       area += IsExterior(*ring) ? enclosed : -enclosed;
     }
+  }
+  return area;
+}
+
+// The sides of a narrow ring may pass each other on the globe: what it encloses is the same, only its sense isn't.
+double PolygonRecord::AreaByRoles(const Polygon& polygon) const {
+  double area = 0.0;
+  for (std::size_t index = 0; index < roles_.size(); ++index) {
+    const auto& ring = *polygon.Parts()[index];
+    const double enclosed = std::fabs(ExactRingArea(ring.Vertices(), settings_.SemiMajor, settings_.SemiMinor));
+    area += roles_[index] == geodesy::RingRole::Exterior ? enclosed : -enclosed;
   }
   return area;
 }
@@ -182,6 +194,7 @@ const std::shared_ptr<Polygon>& PolygonRecord::GeographicPolygon() {
   BroughtToDegrees<Polygon> degrees = GeographicCopy(*shape_, work_);
   if (degrees.way.jumps_over_edge) Warn(MeasureWarning::TornRing);
   seams_ = std::move(degrees.way.seams);
+  roles_ = std::move(degrees.way.roles);
   geographic_ = degrees.shape;
   WarnFarFromArea(*geographic_);
   return geographic_;
@@ -193,11 +206,19 @@ void PolygonRecord::MeasureArea() {
   WarnBeyondPole(*polygon);
   const bool lobes = geodesy::HasLobes(*polygon), wide = geodesy::HasWideRing(*polygon);
   if (lobes) Warn(MeasureWarning::SignedLobes);
+  if (wide) Warn(MeasureWarning::WideRing);
+  if (geodesy::PlaneMisleads(*polygon, roles_)) {
+    const geodesy::AreaOnSphere found =
+        geodesy::SphericalAreaOfRings(*polygon, settings_.SemiMajor, settings_.SemiMinor);
+    spherical_area_ = found.area;
+    centroid_ = found.centroid;
+    ++work_.AreaPasses;
+    return;
+  }
   if (!HasArea(*polygon)) {
     spherical_area_ = 0.0;
     return;
   }
-  if (wide) Warn(MeasureWarning::WideRing);
   ++work_.AreaPasses;
   spherical_area_ =
       geodesy::SphericalPolygonArea2(polygon, true, centroid_.x, centroid_.y, settings_.SemiMajor, settings_.SemiMinor);

@@ -8,6 +8,7 @@
 
 #include "calculator/measures.h"
 #include "geodesy/longitude_continuation.h"
+#include "geodesy/map_topology.h"
 
 namespace tessarine {
 
@@ -45,6 +46,7 @@ class PolygonRecord final : public MeasureRecord {
   [[nodiscard]] double PerimeterOf(const std::shared_ptr<Polygon>& polygon);
   [[nodiscard]] double LengthOfRings(const Polygon& polygon) const;
   [[nodiscard]] double LengthOfSeams() const;
+  [[nodiscard]] double AreaByRoles(const Polygon& polygon) const;
   void MeasureArea();
   void FindCentroid();
   [[nodiscard]] bool HasCentroid() const;
@@ -52,7 +54,8 @@ class PolygonRecord final : public MeasureRecord {
 
   std::shared_ptr<Polygon> shape_;
   std::shared_ptr<Polygon> geographic_;
-  std::vector<MyGeometricOperations::Seam> seams_;  // of `geographic_`: no part of the perimeter
+  std::vector<MyGeometricOperations::Seam> seams_;      // of `geographic_`: no part of the perimeter
+  std::vector<MyGeometricOperations::RingRole> roles_;  // of `geographic_`, where the map tells them
   bool looked_for_lobes_ = false;
   double spherical_area_ = kNullMark;
   XY centroid_{kNullMark, kNullMark};  // in planetographic latitudes

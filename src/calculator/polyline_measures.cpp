@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "calculator/polyline_measures.h"
 
+#include <algorithm>
+#include <cmath>
+
 #include "calculator/measure_coordinates.h"
 #include "geodesy/MyGeometricOperations.h"
 
@@ -12,6 +15,7 @@ using namespace measure_coordinates;
 namespace {
 
 constexpr double kMiddle = 0.5;
+constexpr double kPole = 90.0, kPoleRounding = 1e-9;
 constexpr const char* kNoMidpoint = "The midpoint of the polyline can't be computed.";
 
 }  // namespace
@@ -87,6 +91,10 @@ void PolylineRecord::FindMidpoint() {
   midpoint_ = geodesy::SpheroidalPolylineMidpoint2(GeographicLine(), position, true, spheroidal_length_,
                                                    settings_.SemiMajor, settings_.SemiMinor);
   if (!watch.AllConverged()) Warn(MeasureWarning::NotConverged);
+  // At a pole the sum of an arc tangent may be a rounding beyond it.
+  if (midpoint_ && !midpoint_->IsEmpty() && std::fabs(midpoint_->Y()) <= kPole + kPoleRounding) {
+    midpoint_->PutCoords(midpoint_->X(), std::clamp(midpoint_->Y(), -kPole, kPole));
+  }
   if (spheroidal_length_ == 0.0 && !shape_->IsEmpty()) midpoint_ = std::make_shared<Point>(OnlyPlace());
 }
 

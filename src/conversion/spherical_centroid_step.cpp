@@ -52,11 +52,11 @@ class SphericalCentroidStep final : public ConversionStep {
       return;
     }
     shape->SetSpatialReference(reference_);
-    geodesy::BringToDegrees(*shape);
+    const std::vector<geodesy::RingRole> roles = geodesy::BringToDegrees(*shape).roles;
     if (geodesy::LiesBeyondPole(*shape)) sink.Warn(kBeyondPole);
     const auto polygon = Cast<Polygon>(shape);
     if (polygon && geodesy::HasLobes(*polygon)) sink.Warn(kLobes);
-    const std::shared_ptr<Point> center = CenterOf(shape);
+    const std::shared_ptr<Point> center = CenterOf(shape, roles);
     if (!center && polygon) return sink.Skip(polygon->HasArea() ? kNotAboveZero : kNoArea);
     if (!center && input_ == esriGeometryPolyline) return sink.Skip(kNoLength);
     Require(center, "IPoint");
@@ -74,10 +74,10 @@ class SphericalCentroidStep final : public ConversionStep {
     return input_ == esriGeometryPolygon || input_ == esriGeometryPolyline || input_ == esriGeometryMultipoint;
   }
 
-  [[nodiscard]] std::shared_ptr<Point> CenterOf(const GeometryRef& shape) {
+  [[nodiscard]] std::shared_ptr<Point> CenterOf(const GeometryRef& shape, const std::vector<geodesy::RingRole>& roles) {
     switch (input_) {
       case esriGeometryPolygon:
-        return PolygonCenter(Cast<Polygon>(shape));
+        return PolygonCenter(Cast<Polygon>(shape), roles);
       case esriGeometryPolyline:
         return LineCenter(Cast<Polyline>(shape));
       default:
@@ -86,7 +86,12 @@ class SphericalCentroidStep final : public ConversionStep {
   }
 
   // Nothing where there is no area that a centre could be of.
-  [[nodiscard]] std::shared_ptr<Point> PolygonCenter(const std::shared_ptr<Polygon>& polygon) const {
+  [[nodiscard]] std::shared_ptr<Point> PolygonCenter(const std::shared_ptr<Polygon>& polygon,
+                                                     const std::vector<geodesy::RingRole>& roles) const {
+    if (geodesy::PlaneMisleads(*polygon, roles)) {
+      const geodesy::AreaOnSphere found = geodesy::SphericalAreaOfRings(*polygon, semi_major_, semi_minor_);
+      return found.area > 0.0 ? std::make_shared<Point>(found.centroid) : nullptr;
+    }
     double longitude = 0.0, latitude = 0.0;
     const double area = geodesy::SphericalPolygonArea2(polygon, true, longitude, latitude, semi_major_, semi_minor_);
     return area > 0.0 ? std::make_shared<Point>(longitude, latitude) : nullptr;

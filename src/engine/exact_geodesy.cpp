@@ -148,8 +148,10 @@ double ExactRingArea(std::span<const XY> ring, double semi_major, double semi_mi
   GeographicLib::Accumulator<> sum;
   const auto add = [&](XY from, XY to) {
     const double step = to.x - from.x;
+    // What a rounding lacks or adds to half turns makes no other number of pieces.
+    const double half_turns = std::min(std::fabs(step) / kHalfTurn + kStepRounding, kMostHalfTurns);
     const bool is_long = std::fabs(step) > kHalfTurn;
-    const int pieces = is_long ? static_cast<int>(std::min(std::fabs(step) / kHalfTurn, kMostHalfTurns)) * 2 + 1 : 1;
+    const int pieces = is_long ? static_cast<int>(half_turns) * 2 + 1 : 1;
     XY start = from;
     for (int piece = 1; piece <= pieces; ++piece) {
       const double part = static_cast<double>(piece) / pieces;

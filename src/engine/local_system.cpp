@@ -85,13 +85,17 @@ std::string LocalOperatingSystem::UserName() const {
 
 void LocalOperatingSystem::ShellExecute(const std::string& path, const std::string& folder) {
   std::string native = ToNativePath(path);
-  std::string opener = "xdg-open";
-  char* arguments[] = {opener.data(), native.data(), nullptr};
+  // A program is started by itself, and goes on when this one ends.
+  const bool program = IsFile(path) && access(native.c_str(), X_OK) == 0;
+  std::string opener = program ? "setsid" : "xdg-open", detached = "-f";
+  std::vector<char*> arguments = {opener.data()};
+  if (program) arguments.push_back(detached.data());
+  arguments.insert(arguments.end(), {native.data(), nullptr});
   posix_spawn_file_actions_t actions;
   posix_spawn_file_actions_init(&actions);
   if (!folder.empty()) posix_spawn_file_actions_addchdir_np(&actions, ToNativePath(folder).c_str());
   pid_t child = 0;
-  const int failed = posix_spawnp(&child, opener.c_str(), &actions, nullptr, arguments, environ);
+  const int failed = posix_spawnp(&child, opener.c_str(), &actions, nullptr, arguments.data(), environ);
   posix_spawn_file_actions_destroy(&actions);
   if (failed != 0) {
     Raise(kInvalidCall, "No program could be started to open '" + native + "': install xdg-utils or open it by hand.");

@@ -3,7 +3,8 @@
 // degrees.
 //
 // A projection is undone vertex by vertex. Rings that come out of it torn, at the 180 degree meridian or round a pole,
-// are made whole as `torn_rings.h` tells. Polygons come out simple, but for spikes as `spikes.h` tells.
+// are made whole as `torn_rings.h` tells. Polygons come out simple, but for spikes as `spikes.h` tells:
+// on the plane of degrees, or where they cross themselves there, on their map as `map_topology.h` tells.
 //
 // Longitudes are relative to the prime meridian of the reference, whichever that is.
 #pragma once
@@ -12,6 +13,7 @@
 #include <vector>
 
 #include "geodesy/longitude_continuation.h"
+#include "geodesy/map_topology.h"
 #include "platform/geometry.h"
 
 namespace tessarine::MyGeometricOperations {
@@ -25,6 +27,9 @@ struct ShapeInDegrees {
   /// way.
   bool jumps_over_edge = false;
   std::vector<Seam> seams;  ///< what rings round a pole, or round the globe, were added to close on the plane
+  /// Of the rings of a polygon that is simple on its map alone; empty otherwise. Such a polygon counts as simple, and
+  /// its exterior rings run clockwise on the globe, whatever the plane of degrees shows.
+  std::vector<RingRole> roles;
 };
 
 /// Brings the shape to longitude and latitude in decimal degrees, in place, and gives it that reference. A shape that

@@ -26,7 +26,6 @@ bool LiesFarFrom(const AreaOfUse& area, const IGeometry& degrees) {
   const double middle = area.west + half_width;
   const Envelope extent = degrees.Envelope();
   for (const double latitude : {extent.YMin(), extent.YMax()}) {
-    if (latitude < area.south - kFar || latitude > area.north + kFar) return true;
     for (const double longitude : {extent.XMin(), extent.XMax()}) {
       const double beside = std::fabs(std::remainder(longitude - middle, kTurn)) - half_width;
       if (beside * std::cos(latitude * kRadians) > kFar) return true;

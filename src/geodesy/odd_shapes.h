@@ -10,8 +10,9 @@ namespace tessarine::MyGeometricOperations {
 /// True when a latitude lies beyond a pole by more than rounding. False for an empty shape.
 [[nodiscard]] bool LiesBeyondPole(const IGeometry& degrees);
 
-/// True when a shape lies more than 30 degrees outside of the area that its projection is made for: so far from there,
-/// some projections come back to another place. False for an empty shape.
+/// True when a shape lies more than 30 degrees of a great circle east or west of the area that its projection is made
+/// for: so far from there, some projections come back to another place. North and south of it they hardly do. False for
+/// an empty shape.
 [[nodiscard]] bool LiesFarFrom(const AreaOfUse& area, const IGeometry& degrees);
 
 /// True when a ring is more than 180 degrees of longitude wide.

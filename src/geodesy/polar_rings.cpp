@@ -6,6 +6,8 @@
 #include <cstddef>
 #include <cstdint>
 #include <numbers>
+#include <numeric>
+#include <optional>
 
 namespace tessarine::MyGeometricOperations {
 namespace {
@@ -57,9 +59,82 @@ std::size_t NextToPole(const Vertices& vertices, Side side) {
   return static_cast<std::size_t>(found - vertices.begin());
 }
 
-// The meridian begins at the vertex next to the pole, so nothing of the ring lies between the two.
-Vertices LedOver(Girdle girdle, Side side, std::vector<Seam>& seams) {
+// The rings that don't run round the globe: no seam may cut them.
+using Others = std::vector<Vertices>;
+
+double Reach(XY vertex, Side side) { return side == Side::North ? vertex.y : -vertex.y; }
+
+// A stretch of longitudes, west to east, beginning within a turn from 0.
+struct Stretch {
+  double west, east;
+};
+
+// What the rings between this one and the pole cover, in order, as if each were as high as the pole.
+std::vector<Stretch> CoveredLongitudes(const Girdle& girdle, Side side, const Others& others) {
+  double least = kPole;
+  for (const XY vertex : girdle.vertices) least = std::min(least, Reach(vertex, side));
+  std::vector<Stretch> covered;
+  for (const Vertices& ring : others) {
+    const bool higher = std::ranges::any_of(ring, [&](XY vertex) { return Reach(vertex, side) > least; });
+    if (!higher) continue;
+    const auto [west, east] = std::ranges::minmax(ring, {}, &XY::x);
+    const double turns = std::floor(west.x / kTurn);
+    covered.push_back({west.x - turns * kTurn, east.x - turns * kTurn});
+  }
+  std::ranges::sort(covered, {}, &Stretch::west);
+  return covered;
+}
+
+bool Covers(const std::vector<Stretch>& covered, double longitude) {
+  const double place = longitude - std::floor(longitude / kTurn) * kTurn;
+  return std::ranges::any_of(covered, [&](const Stretch& stretch) {
+    return (place >= stretch.west && place <= stretch.east) || place + kTurn <= stretch.east;
+  });
+}
+
+// The middle of the widest stretch that nothing covers.
+std::optional<double> FreeLongitude(const std::vector<Stretch>& covered) {
+  double reached = covered.front().west, widest = 0.0;
+  std::optional<double> free;
+  const auto look = [&](double next) {
+    if (next - reached > widest) widest = next - reached, free = (reached + next) / 2.0;
+  };
+  for (const Stretch& stretch : covered) {
+    look(stretch.west);
+    reached = std::max(reached, stretch.east);
+  }
+  look(covered.front().west + kTurn);
+  return free;
+}
+
+// Puts a vertex where the ring meets a meridian next to the pole, and begins there.
+void BeginOnMeridian(Girdle& girdle, double longitude, Side side) {
+  const std::size_t count = girdle.vertices.size();
+  std::size_t after = count;
+  XY best{0.0, side == Side::North ? -kPole : kPole};
+  for (std::size_t index = 0; index < count; ++index) {
+    const XY from = girdle.vertices[index];
+    XY to = girdle.vertices[(index + 1) % count];
+    if (index + 1 == count) to.x += girdle.turn;
+    const double west = std::min(from.x, to.x), east = std::max(from.x, to.x);
+    const double at = longitude + std::ceil((west - longitude) / kTurn) * kTurn;
+    if (at > east || west == east) continue;
+    const XY met{at, from.y + (to.y - from.y) * ((at - from.x) / (to.x - from.x))};
+    if (after == count || Reach(met, side) > Reach(best, side)) best = met, after = index;
+  }
+  if (after == count) return;
+  girdle.vertices.insert(girdle.vertices.begin() + static_cast<std::ptrdiff_t>(after) + 1, best);
+  BeginAt(girdle, after + 1);
+}
+
+// The meridian begins at the vertex next to the pole, so nothing of the ring lies between the two; or else where it
+// cuts none of the others.
+Vertices LedOver(Girdle girdle, Side side, const Others& others, std::vector<Seam>& seams) {
   BeginAt(girdle, NextToPole(girdle.vertices, side));
+  const std::vector<Stretch> covered = CoveredLongitudes(girdle, side, others);
+  if (Covers(covered, girdle.vertices.front().x)) {
+    if (const std::optional<double> free = FreeLongitude(covered)) BeginOnMeridian(girdle, *free, side);
+  }
   const double pole = side == Side::North ? kPole : -kPole;
   const XY begin = girdle.vertices.front();
   Vertices ring = std::move(girdle.vertices);
@@ -87,6 +162,16 @@ bool Crosses(XY a, XY b, XY c, XY d) {
 }
 
 // Whether a bridge meets a ring in any of the rounds that it could reach.
+bool Meets(XY from, XY to, const Vertices& ring) {
+  for (std::size_t index = 1; index < ring.size(); ++index) {
+    for (const double shift : {-2.0 * kTurn, -kTurn, 0.0, kTurn, 2.0 * kTurn}) {
+      const XY begin = ring[index - 1], end = ring[index];
+      if (Crosses(from, to, {begin.x + shift, begin.y}, {end.x + shift, end.y})) return true;
+    }
+  }
+  return false;
+}
+
 bool Meets(XY from, XY to, const Girdle& girdle) {
   const std::size_t count = girdle.vertices.size();
   for (std::size_t index = 0; index < count; ++index) {
@@ -106,36 +191,48 @@ void MoveNear(Girdle& girdle, double longitude) {
   for (XY& vertex : girdle.vertices) vertex.x += turns * kTurn;
 }
 
-// Begins both rings where a straight bridge between them meets neither: at the northern vertex of the lower ring, and
-// the nearest vertex of the upper one that can be seen from there. There is always one in sight.
-void FindBridge(Girdle& lower, Girdle& upper) {
-  BeginAt(lower, NextToPole(lower.vertices, Side::North));
-  const XY from = lower.vertices.front();
+// Begins both rings where a straight bridge between them meets neither, and none of the others: at a vertex of the
+// lower ring, the northern ones first, and the nearest vertex of the upper one that can be seen from there. The two see
+// each other somewhere; with others between them it may be too far to look for.
+void FindBridge(Girdle& lower, Girdle& upper, const Others& others) {
+  constexpr std::size_t kMostLooks = 64;
+  std::vector<std::size_t> starts(lower.vertices.size());
+  std::iota(starts.begin(), starts.end(), std::size_t{0});
+  std::ranges::stable_sort(starts, std::ranges::greater(), [&](std::size_t index) { return lower.vertices[index].y; });
+  if (starts.size() > kMostLooks) starts.resize(kMostLooks);
   struct Candidate {
     std::size_t index;
     double distance;
   };
-  std::vector<Candidate> candidates;
-  for (std::size_t index = 0; index < upper.vertices.size(); ++index) {
-    const XY vertex = upper.vertices[index];
-    candidates.push_back({index, std::hypot(std::remainder(vertex.x - from.x, kTurn), vertex.y - from.y)});
-  }
-  std::ranges::stable_sort(candidates, {}, &Candidate::distance);
-  for (const Candidate& candidate : candidates) {
-    const XY vertex = upper.vertices[candidate.index];
-    const XY to{from.x + std::remainder(vertex.x - from.x, kTurn), vertex.y};
-    if (Meets(from, to, lower) || Meets(from, to, upper)) continue;
-    BeginAt(upper, candidate.index);
+  const auto is_free = [&](XY from, XY to) {
+    return !Meets(from, to, lower) && !Meets(from, to, upper) &&
+           std::ranges::none_of(others, [&](const Vertices& ring) { return Meets(from, to, ring); });
+  };
+  for (const std::size_t start : starts) {
+    const XY from = lower.vertices[start];
+    std::vector<Candidate> candidates;
+    for (std::size_t index = 0; index < upper.vertices.size(); ++index) {
+      const XY vertex = upper.vertices[index];
+      candidates.push_back({index, std::hypot(std::remainder(vertex.x - from.x, kTurn), vertex.y - from.y)});
+    }
+    std::ranges::stable_sort(candidates, {}, &Candidate::distance);
+    const auto seen = std::ranges::find_if(candidates, [&](const Candidate& candidate) {
+      const XY vertex = upper.vertices[candidate.index];
+      return is_free(from, {from.x + std::remainder(vertex.x - from.x, kTurn), vertex.y});
+    });
+    if (seen == candidates.end()) continue;
+    BeginAt(lower, start);
+    BeginAt(upper, seen->index);
     break;
   }
-  MoveNear(upper, from.x);
+  MoveNear(upper, lower.vertices.front().x);
 }
 
 // Along the lower ring, over the bridge, back along the upper one, and over the bridge a turn before.
-Vertices Joined(Girdle lower, Girdle upper, std::vector<Seam>& seams) {
+Vertices Joined(Girdle lower, Girdle upper, const Others& others, std::vector<Seam>& seams) {
   TurnWestward(lower);
   TurnWestward(upper);
-  FindBridge(lower, upper);
+  FindBridge(lower, upper, others);
   seams.push_back({lower.vertices.front(), upper.vertices.front()});
   Vertices ring = lower.vertices;
   ring.push_back({ring.front().x + lower.turn, ring.front().y});
@@ -181,8 +278,13 @@ Side InsideOfFirst(const std::vector<Girdle>& from_south, EnclosedPole pole) {
 
 std::vector<Seam> JoinRingsRoundTheGlobe(std::vector<std::vector<XY>>& rings, EnclosedPole pole) {
   std::vector<Girdle> girdles;
+  Others others;
   for (std::size_t place = 0; place < rings.size(); ++place) {
-    if (TurnsOf(rings[place]) != 0) girdles.push_back(GirdleOf(rings[place], place));
+    if (TurnsOf(rings[place]) != 0) {
+      girdles.push_back(GirdleOf(rings[place], place));
+    } else if (!rings[place].empty()) {
+      others.push_back(rings[place]);
+    }
   }
   if (girdles.empty()) return {};
   std::ranges::stable_sort(girdles, {}, &Girdle::mean_latitude);
@@ -191,15 +293,15 @@ std::vector<Seam> JoinRingsRoundTheGlobe(std::vector<std::vector<XY>>& rings, En
   const auto put = [&](std::size_t place, Vertices ring) { rings[place] = std::move(ring); };
   std::size_t next = 0;
   if (InsideOfFirst(girdles, pole) == Side::South) {
-    put(girdles[0].place, LedOver(girdles[0], Side::South, seams));
+    put(girdles[0].place, LedOver(girdles[0], Side::South, others, seams));
     next = 1;
   }
   for (; next + 1 < girdles.size(); next += 2) {
     const Girdle &lower = girdles[next], &upper = girdles[next + 1];
     put(std::max(lower.place, upper.place), {});
-    put(std::min(lower.place, upper.place), Joined(lower, upper, seams));
+    put(std::min(lower.place, upper.place), Joined(lower, upper, others, seams));
   }
-  if (next < girdles.size()) put(girdles[next].place, LedOver(girdles[next], Side::North, seams));
+  if (next < girdles.size()) put(girdles[next].place, LedOver(girdles[next], Side::North, others, seams));
   std::erase_if(rings, [](const Vertices& ring) { return ring.empty(); });
   return seams;
 }

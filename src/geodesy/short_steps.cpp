@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <span>
 #include <utility>
 #include <vector>
 
@@ -69,16 +70,36 @@ ShortSteps ContinueRings(PartedShape& polygon, EnclosedPole pole) {
   return steps;
 }
 
-bool IsOnePlace(const Vertices& line) {
-  return std::ranges::all_of(line, [&](XY vertex) { return vertex == line.front(); });
+// A line with its longitudes carried on; a step along a parallel from one edge of the map to the other stays, because
+// the short way would leave nothing of it.
+Vertices CarriedOnLine(std::span<const XY> line) {
+  constexpr double kAlmostATurn = 360.0 - 1e-9;
+  Vertices carried;
+  std::size_t first = 0;
+  const auto carry_up_to = [&](std::size_t last) {
+    Vertices stretch = CarriedOn(line.subspan(first, last + 1 - first));
+    const double moved = carried.empty() ? 0.0 : carried.back().x - line[first].x;
+    for (XY& vertex : stretch) vertex.x += moved;
+    carried.insert(carried.end(), stretch.begin() + (carried.empty() ? 0 : 1), stretch.end());
+    first = last;
+  };
+  for (std::size_t index = 1; index < line.size(); ++index) {
+    const XY from = line[index - 1], to = line[index];
+    if (from.y != to.y || std::fabs(to.x - from.x) < kAlmostATurn || AtOnePole(from, to)) continue;
+    carry_up_to(index - 1);
+    carried.push_back({carried.back().x + (to.x - from.x), to.y});
+    first = index;
+  }
+  if (!line.empty()) carry_up_to(line.size() - 1);
+  return carried;
 }
 
 ShortSteps ContinuePaths(PartedShape& line) {
   ShortSteps steps;
   for (const PathRef& part : line.Parts()) {
     if (!HasLongStep(part->Vertices())) continue;
-    Vertices carried = CarriedOn(part->Vertices());
-    if (IsOnePlace(carried)) continue;
+    Vertices carried = CarriedOnLine(part->Vertices());
+    if (std::ranges::equal(carried, part->Vertices())) continue;
     part->SetVertices(std::move(carried));
     steps.changed = true;
   }

@@ -18,8 +18,8 @@ struct ShortSteps {
 /// Carries the longitudes of lines and rings on by whole turns, in place, so that no step is longer than 180 degrees;
 /// the shape then reaches past -180 or 180. Holes and islands go to what is around them. Rings round the globe are led
 /// over the poles that lie inside or joined to belts. Points, multipoints and shapes without such a step stay as they
-/// are, and so do a ring given by corners a whole turn apart, which the short way would leave without width, and a line
-/// along a parallel from one edge to the other, which it would leave without length.
+/// are, and so do a ring given by corners a whole turn apart, which the short way would leave without width, and a
+/// step of a line along a parallel from one edge to the other, of which it would leave nothing.
 ///
 /// Left to the smaller part of the sphere, an exterior ring and a hole that both run round the globe bound a belt.
 ///

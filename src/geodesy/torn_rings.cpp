@@ -196,6 +196,7 @@ MendedRings MendTornRings(Polygon& polygon, const Polygon& map) {
     } else if (!HoldsTheRightPole(carried, map, place)) {
       std::ranges::reverse(carried);
     }
+    mended.pole_by_sense = mended.pole_by_sense || (TurnsOf(carried) != 0 && PoleOnTheWay(carried) == Pole::None);
     ring = std::move(carried);
     mended.changed = true;
     mended.torn_on_map = mended.torn_on_map || torn;

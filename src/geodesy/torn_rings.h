@@ -23,9 +23,10 @@ namespace tessarine::MyGeometricOperations {
 
 /// What became of the rings of a polygon.
 struct MendedRings {
-  bool changed = false;      ///< some were carried on, or led over a pole
-  bool torn_on_map = false;  ///< some jump over the edge of their map
-  std::vector<Seam> seams;   ///< what was added to rings, there and back
+  bool changed = false;        ///< some were carried on, or led over a pole
+  bool torn_on_map = false;    ///< some jump over the edge of their map
+  bool pole_by_sense = false;  ///< a ring round the globe holds the pole that it holds on the map, by its sense there
+  std::vector<Seam> seams;     ///< what was added to rings, there and back
 };
 
 /// Makes the rings of a polygon whole, in place. `polygon` is in degrees, and `map` the same polygon before it was

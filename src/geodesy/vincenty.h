@@ -56,7 +56,8 @@ namespace tessarine::MyGeometricOperations {
 /// shortest.
 [[nodiscard]] constexpr bool IsSeriesRough(double semi_major, double semi_minor) {
   const double flattening = (semi_major - semi_minor) / semi_major;
-  return flattening > 1.0 / 50.0 || flattening < 0.0;
+  constexpr double kStrong = 1.0 / 50.0, kLonger = -1e-6;
+  return flattening > kStrong || flattening < kLonger;
 }
 
 /// The distance between two positions on WGS 1984, in metres, and the azimuths at both. It allocates nothing.

@@ -43,15 +43,6 @@ RunProgress::RunProgress(RunContext& context, RunProgressWords words, const std:
   if (dialog_) OpenDialog(extension, log_view);
 }
 
-RunProgress::~RunProgress() {
-  if (ended_) return;
-  try {
-    Abandon();
-  } catch (const Fault&) {
-    // The fault that ended the run is the one to tell.
-  }
-}
-
 double RunProgress::ElapsedSeconds() const { return context_.clock.SteadySeconds() - begin_seconds_; }
 
 void RunProgress::OpenDialog(const std::shared_ptr<clsExtension>& extension, LogView log_view) {
@@ -104,7 +95,6 @@ bool RunProgress::UpdateDialog(std::int32_t record) {
 }
 
 void RunProgress::HideBar() {
-  ended_ = true;
   status_bar_->ProgressBar()->SetPosition(1);
   status_bar_->HideProgressBar();
 }

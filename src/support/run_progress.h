@@ -35,11 +35,6 @@ class RunProgress {
               const std::shared_ptr<clsExtension>& extension, std::int32_t count, std::shared_ptr<ProgressForm> dialog,
               LogView log_view = LogView::Shown);
 
-  /// A run that comes to none of its ends, because a fault ended it, leaves neither bar nor dialog.
-  ~RunProgress();
-  RunProgress(const RunProgress&) = delete;
-  RunProgress& operator=(const RunProgress&) = delete;
-
   /// One record further. Everything but the bar is brought up to date once a second and at the last record; that is
   /// also when a stop is seen. False when the user stopped the run.
   [[nodiscard]] bool Step(std::int32_t record);
@@ -73,7 +68,6 @@ class RunProgress {
   Date begin_;
   double begin_seconds_;  // of the steady clock
   double last_update_;
-  bool ended_ = false;
 };
 
 }  // namespace tessarine

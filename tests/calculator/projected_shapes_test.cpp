@@ -331,6 +331,61 @@ TEST(ProjectedShapes, SidesThroughThePole) {
   }
 }
 
+// On the plane of degrees these cross themselves or lie on a line. Numbers by GeographicLib's Planimeter.
+TEST(ProjectedShapes, WhatIsSimpleOnTheMapAlone) {
+  struct Row {
+    const char* name;
+    const char* projection;
+    std::vector<std::vector<XY>> rings;
+    double area, perimeter;
+  };
+  const Row rows[] = {
+      {"a strip with a vertex on one of its sides",
+       "EPSG:32633",
+       {{{495000, 7000000}, {495000, 7000003}, {505000, 7000003}, {505000, 7000000}, {500000, 7000000}}},
+       30024,
+       20014},
+      {"corners on one parallel",
+       "EPSG:3995",
+       {{{-800000, -600000}, {0, -1000000}, {800000, -600000}}},
+       3.3399e11,
+       3467418},
+      {"a side past the pole",
+       "EPSG:3995",
+       {{{1300000, 1500000}, {-700000, 700000}, {-1700000, 1000000}, {300000, 1600000}}},
+       1.1400e12,
+       6372872},
+      {"a hole on the way to the pole",
+       "EPSG:3995",
+       {{{0, -800000}, {1000000, 0}, {0, 1000000}, {-1000000, 0}},
+        {{-100000, -500000}, {-100000, -300000}, {100000, -300000}, {100000, -500000}}},
+       1.85998e12,
+       6340297},
+  };
+  for (Row row : rows) {
+    SCOPED_TRACE(row.name);
+    for (std::vector<XY>& ring : row.rings) ring.push_back(ring.front());
+    const auto polygon = PolygonOf(row.rings);
+    polygon->SetSpatialReference(Reference(row.projection));
+    for (const auto& part : polygon->Parts()) {
+      const bool exterior = part == polygon->Parts().front();
+      if (Cast<Ring>(part)->IsExterior() != exterior) part->ReverseOrientation();
+    }
+    const Values values = MeasuresOf(polygon);
+    EXPECT_NEAR(values.spheroidal_area / row.area, 1.0, 5e-5);
+    EXPECT_NEAR(values.perimeter / row.perimeter, 1.0, 1e-6);
+    EXPECT_NEAR(values.spherical_area / row.area, 0.992, 2e-3);
+  }
+}
+
+// The two lobes of a bow beside the pole, and not all of the globe.
+TEST(ProjectedShapes, ABowBesideThePole) {
+  const auto bow =
+      PolygonOf({{{-100000, -100000}, {1000000, 900000}, {1000000, -900000}, {-100000, 100000}, {-100000, -100000}}});
+  bow->SetSpatialReference(Reference("EPSG:3995"));
+  EXPECT_NEAR(MeasuresOf(bow).spheroidal_area / (1e12 * 0.9 + 1e10), 1.05, 0.01);
+}
+
 // Grads and radians are another way to write degrees.
 TEST(OtherAngularUnits, MeasureAsDegrees) {
   const std::string head =

@@ -196,6 +196,11 @@ TEST(ShortSteps, AParallelFromEdgeToEdgeStays) {
   EXPECT_TRUE(TakeShortSteps(*line, EnclosedPole::SmallerPart).changed);
   EXPECT_THAT(line->Parts()[0]->Vertices(), ::testing::ElementsAreArray(parallel));
   EXPECT_FALSE(TakeShortSteps(*PolylineOf({parallel}), EnclosedPole::SmallerPart).changed);
+  // Of a longer line only the other steps go the short way; a rounding makes no difference.
+  const auto longer = PolylineOf({{{-180, 10}, {180.0000000001, 10}, {-170, 20}, {170, 25}}});
+  TakeShortSteps(*longer, EnclosedPole::SmallerPart);
+  EXPECT_THAT(longer->Parts()[0]->Vertices(),
+              ElementsAre(XY{-180, 10}, XY{180.0000000001, 10}, XY{190, 20}, XY{170, 25}));
 }
 
 TEST(ShortSteps, WhatHasNoSuchStepStaysToTheBit) {

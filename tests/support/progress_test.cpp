@@ -284,19 +284,5 @@ TEST_F(ProgressTest, ARunShowsItsDialogAndClosesItAtTheEnd) {
   }
 }
 
-TEST_F(ProgressTest, AFaultLeavesNeitherBarNorDialog) {
-  std::shared_ptr<ProgressForm> form;
-  host.forms.modeless = [&](Form& shown) { form = dynamic_cast<ProgressForm&>(shown).shared_from_this(); };
-  RunContext context = HostContext();
-  try {
-    RunProgress progress(context, {"Reading roads", "Reading...", "Reading..."}, application, extension, 1200, true);
-    EXPECT_TRUE(application->status_bar->bar_visible);
-    Raise(kEngine, "The disk is full.");
-  } catch (const Fault&) {
-  }
-  EXPECT_FALSE(application->status_bar->bar_visible);
-  EXPECT_FALSE(form->Frame()->Visible());
-}
-
 }  // namespace
 }  // namespace tessarine

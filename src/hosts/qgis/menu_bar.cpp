@@ -57,6 +57,7 @@ MenuBar::MenuBar(QgisInterface& program, WindowHost& host, std::shared_ptr<Progr
 
 MenuBar::~MenuBar() {
   selection_tool_ = nullptr;  // the canvas drops it
+  for (const Item& item : items_) program_.unregisterMainWindowAction(item.action);
   // Windows lose the menus first; afterwards nothing points at them.
   for (const auto& root : roots_) {
     if (!root) continue;
@@ -103,6 +104,8 @@ void MenuBar::AddCommand(QMenu& menu, const std::string& id) {
   auto* action = new QAction(ToQt(command->Caption()), &menu);
   action->setObjectName(ToQt(command->Name()));
   if (const auto picture = command->Bitmap()) action->setIcon(PictureOf(picture->ResourceId()));
+  // The user may give it a shortcut. This writes the tip anew.
+  program_.registerMainWindowAction(action, QString());
   action->setToolTip(ToQt(command->Tooltip()));
   action->setStatusTip(ToQt(command->Message()));
   // The program moves items to a menu of its own where their texts say "About" or "Preferences".
@@ -155,6 +158,8 @@ void MenuBar::Click(ICommand& command) {
     NoteWindow();
     const WindowHost::RunScope running(host_);
     command.OnClick();
+    // A run that stopped or failed may have left its bar.
+    application_->StatusBar()->HideProgressBar();
   });
 }
 

@@ -270,10 +270,11 @@ std::optional<Axes> ChosenAxes(const SpheroidOptions& options) {
 // Each result is as far off as its line is long, so this is said once.
 void TellOfRoughSeries(const Way& way) {
   if (way.exactly || !geodesy::IsSeriesRough(way.Used().semi_major, way.Used().semi_minor)) return;
-  fmt::print(stderr,
-             "On a spheroid of this shape Vincenty's series is off: by up to 1e-6 of the distance at a flattening of "
-             "1/15, 1e-5 at 1/10, 1e-3 at 1/5, and by percents beyond or where the polar axis is the longer one. Add "
-             "--exact to solve without it.\n");
+  fmt::print(
+      stderr,
+      "On a spheroid of this shape Vincenty's series is off: by up to 2e-6 of the distance at a flattening of "
+      "1/15, 2e-5 at 1/10, 1e-3 at 1/5, and by percents beyond. Where the polar axis is the longer one, a line to "
+      "the other side may not be the shortest. Add --exact to solve without it.\n");
 }
 
 ExitStatus RunGeodesics(const ProblemRow& problem, const GeodesicOptions& options) {

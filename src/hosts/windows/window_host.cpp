@@ -12,6 +12,7 @@
 #include "hosts/windows/printer.h"
 #include "hosts/windows/qt_text.h"
 #include "hosts/windows/reference_dialog.h"
+#include "hosts/windows/system_information.h"
 #include "platform/rich_text.h"
 
 namespace tessarine {
@@ -158,6 +159,7 @@ void WindowHost::SetRichText(const std::string& rtf) {
 }
 
 std::string WindowHost::QueryLocalMachine(const std::string& key, const std::string& value) const {
+  if (key.ends_with("\\MSINFO") && value == "PATH") return SystemInformationPath();
   // The terminating null belongs to what a registry answers.
   return key == "Software\\ESRI\\ArcGIS" && value == "RealVersion" ? host_version_ + '\0' : std::string();
 }

@@ -1,6 +1,7 @@
 # SPDX-License-Identifier: GPL-2.0-or-later
 """The menus are complete: what the suite defines, in its order, with separators, tips and pictures."""
 from program_steps import WINDOW, QMenu, action_of, iface
+from qgis.gui import QgsGui
 
 ITEMS = {
     "Tools for Features and Shapes": [
@@ -28,6 +29,10 @@ def scenario():
         assert captions(menu) == items, captions(menu)
         for action in menu.actions():
             assert action.isSeparator() or (not action.icon().isNull() and action.statusTip()), action.text()
+    with_shortcuts = QgsGui.shortcutsManager().listActions()
+    for caption in ITEMS:
+        for action in action_of(root, caption).menu().actions():
+            assert action.isSeparator() or action in with_shortcuts, action.text()
     shapes = action_of(root, "Tools for Features and Shapes").menu()
     assert action_of(shapes, "Calculate Geometry").toolTip() == "Calculate Geometry"
     names = [action.text().replace("&", "") for action in WINDOW.menuBar().actions()]

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QComboBox>
+#include <QFile>
 #include <QFontMetricsF>
 #include <QLineEdit>
 #include <QListView>
@@ -332,6 +333,24 @@ TEST_F(HostDialogsTest, AReferenceIsFoundByWordsOrDefinedByItsText) {
   EXPECT_EQ(choose("+proj=nonsense", -1), nullptr);
   dialog->SetInitial(utm);
   EXPECT_EQ(choose("", -1), utm);
+}
+
+TEST_F(HostDialogsTest, SystemInformationIsThereWithoutAProgramForIt) {
+  const auto ask = [&] {
+    return ToNativePath(host.Registry().QueryLocalMachine("SOFTWARE\\Microsoft\\Shared Tools\\MSINFO", "PATH"));
+  };
+  const QByteArray path = qgetenv("PATH");
+  qputenv("PATH", folder.Native().c_str());
+  QFile text(ToQt(ask()));
+  ASSERT_TRUE(text.open(QIODevice::ReadOnly));
+  const std::string words = text.readAll().toStdString();
+  for (const char* word : {"System: ", "Memory: ", " kB", "Screen: "}) EXPECT_THAT(words, HasSubstr(word));
+  // The distribution's own comes first.
+  QFile tool(ToQt(folder.Native("hardinfo")));
+  ASSERT_TRUE(tool.open(QIODevice::WriteOnly));
+  tool.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
+  EXPECT_EQ(ask(), tool.fileName().toStdString());
+  qputenv("PATH", path);
 }
 
 }  // namespace
