@@ -127,13 +127,51 @@ void BeginOnMeridian(Girdle& girdle, double longitude, Side side) {
   BeginAt(girdle, after + 1);
 }
 
+// Whether anything of the ring lies between one of its vertices and the pole.
+bool SeesPole(const Girdle& girdle, std::size_t place, Side side) {
+  const std::size_t count = girdle.vertices.size();
+  const XY at = girdle.vertices[place];
+  for (std::size_t index = 0; index < count; ++index) {
+    const std::size_t next = (index + 1) % count;
+    if (index == place || next == place) continue;
+    const XY from = girdle.vertices[index];
+    XY to = girdle.vertices[next];
+    if (next == 0) to.x += girdle.turn;
+    const double west = std::min(from.x, to.x), east = std::max(from.x, to.x);
+    const double met = at.x + std::ceil((west - at.x) / kTurn) * kTurn;
+    if (met > east) continue;
+    const double share = west == east ? 0.0 : (met - from.x) / (to.x - from.x);
+    if (Reach({met, from.y + (to.y - from.y) * share}, side) >= Reach(at, side)) return false;
+  }
+  return true;
+}
+
+// A vertex whose meridian to the pole cuts nothing, looked for among those next to the pole. A vertex of the ring's own
+// leaves its sides as they are.
+std::optional<std::size_t> FreeVertex(const Girdle& girdle, Side side, const std::vector<Stretch>& covered) {
+  constexpr std::size_t kMostLooks = 256;
+  std::vector<std::size_t> places(girdle.vertices.size());
+  std::iota(places.begin(), places.end(), std::size_t{0});
+  std::ranges::stable_sort(places, std::ranges::greater(),
+                           [&](std::size_t place) { return Reach(girdle.vertices[place], side); });
+  if (places.size() > kMostLooks) places.resize(kMostLooks);
+  for (const std::size_t place : places) {
+    if (!Covers(covered, girdle.vertices[place].x) && SeesPole(girdle, place, side)) return place;
+  }
+  return std::nullopt;
+}
+
 // The meridian begins at the vertex next to the pole, so nothing of the ring lies between the two; or else where it
 // cuts none of the others.
 Vertices LedOver(Girdle girdle, Side side, const Others& others, std::vector<Seam>& seams) {
   BeginAt(girdle, NextToPole(girdle.vertices, side));
   const std::vector<Stretch> covered = CoveredLongitudes(girdle, side, others);
   if (Covers(covered, girdle.vertices.front().x)) {
-    if (const std::optional<double> free = FreeLongitude(covered)) BeginOnMeridian(girdle, *free, side);
+    if (const std::optional<std::size_t> vertex = FreeVertex(girdle, side, covered)) {
+      BeginAt(girdle, *vertex);
+    } else if (const std::optional<double> free = FreeLongitude(covered)) {
+      BeginOnMeridian(girdle, *free, side);
+    }
   }
   const double pole = side == Side::North ? kPole : -kPole;
   const XY begin = girdle.vertices.front();

@@ -378,6 +378,37 @@ TEST(ProjectedShapes, WhatIsSimpleOnTheMapAlone) {
   }
 }
 
+// The way to the pole never lies in a hole, wherever that is.
+TEST(ProjectedShapes, AHoleAllAroundThePole) {
+  const auto circle = [](double radius, int corners, double from, double to) {
+    std::vector<XY> places;
+    for (int corner = 0; corner < corners; ++corner) {
+      const double angle = (from + (to - from) * corner / corners) * std::numbers::pi / 180.0;
+      places.push_back({radius * std::cos(angle), radius * std::sin(angle)});
+    }
+    return places;
+  };
+  const auto area = [&](const std::vector<std::vector<XY>>& rings) {
+    const auto polygon = PolygonOf(rings);
+    polygon->SetSpatialReference(Reference("EPSG:3031"));
+    for (const auto& part : polygon->Parts()) {
+      if (Cast<Ring>(part)->IsExterior() != (part == polygon->Parts().front())) part->ReverseOrientation();
+    }
+    return MeasuresOf(polygon);
+  };
+  std::vector<XY> shell = circle(1e6, 24, 0.01, 360.01);
+  shell.push_back(shell.front());
+  const Values whole = area({shell});
+  for (int azimuth = 0; azimuth < 360; azimuth += 15) {
+    std::vector<XY> hole = circle(3e5, 4, azimuth, azimuth + 40.0);
+    for (const XY far : circle(6e5, 4, azimuth + 40.0, azimuth)) hole.push_back(far);
+    hole.push_back(hole.front());
+    const Values alone = area({hole}), holed = area({shell, hole});
+    EXPECT_NEAR(holed.spheroidal_area / (whole.spheroidal_area - alone.spheroidal_area), 1.0, 1e-12) << azimuth;
+    EXPECT_NEAR(holed.perimeter / (whole.perimeter + alone.perimeter), 1.0, 1e-12) << azimuth;
+  }
+}
+
 // The two lobes of a bow beside the pole, and not all of the globe.
 TEST(ProjectedShapes, ABowBesideThePole) {
   const auto bow =
