@@ -7,27 +7,21 @@
 #include <cstdint>
 #include <numbers>
 #include <numeric>
-#include <optional>
+
+#include "geodesy/girdle.h"
 
 namespace tessarine::MyGeometricOperations {
 namespace {
 
-using Vertices = std::vector<XY>;
+using detail::BeginAt;
+using detail::Girdle;
+using detail::Opposite;
+using detail::Others;
+using detail::Side;
+using detail::Vertices;
 
 constexpr double kTurn = 360.0;
 constexpr double kPole = 90.0;
-
-enum class Side : std::uint8_t { North, South };
-
-Side Opposite(Side side) { return side == Side::North ? Side::South : Side::North; }
-
-// A ring round the globe, its last vertex dropped: the first one stands a turn farther in its place.
-struct Girdle {
-  Vertices vertices;
-  double turn;  // the longitude from one round to the next, 360 or -360 for plain rings
-  std::size_t place;
-  double mean_latitude;
-};
 
 // The mean over the longitude, by which rings that don't meet are in order from pole to pole.
 double MeanLatitude(const Vertices& ring) {
@@ -47,132 +41,8 @@ Girdle GirdleOf(const Vertices& ring, std::size_t place) {
 // To the right of its course.
 Side InsideOf(const Girdle& girdle) { return girdle.turn < 0.0 ? Side::North : Side::South; }
 
-// Begins at another of its vertices; those that go to the end move on by a turn.
-void BeginAt(Girdle& girdle, std::size_t first) {
-  for (std::size_t index = 0; index < first; ++index) girdle.vertices[index].x += girdle.turn;
-  std::ranges::rotate(girdle.vertices, girdle.vertices.begin() + static_cast<std::ptrdiff_t>(first));
-}
-
-std::size_t NextToPole(const Vertices& vertices, Side side) {
-  const auto latitude = [&](XY vertex) { return side == Side::North ? vertex.y : -vertex.y; };
-  const auto found = std::ranges::max_element(vertices, {}, latitude);
-  return static_cast<std::size_t>(found - vertices.begin());
-}
-
-// The rings that don't run round the globe: no seam may cut them.
-using Others = std::vector<Vertices>;
-
-double Reach(XY vertex, Side side) { return side == Side::North ? vertex.y : -vertex.y; }
-
-// A stretch of longitudes, west to east, beginning within a turn from 0.
-struct Stretch {
-  double west, east;
-};
-
-// What the rings between this one and the pole cover, in order, as if each were as high as the pole.
-std::vector<Stretch> CoveredLongitudes(const Girdle& girdle, Side side, const Others& others) {
-  double least = kPole;
-  for (const XY vertex : girdle.vertices) least = std::min(least, Reach(vertex, side));
-  std::vector<Stretch> covered;
-  for (const Vertices& ring : others) {
-    const bool higher = std::ranges::any_of(ring, [&](XY vertex) { return Reach(vertex, side) > least; });
-    if (!higher) continue;
-    const auto [west, east] = std::ranges::minmax(ring, {}, &XY::x);
-    const double turns = std::floor(west.x / kTurn);
-    covered.push_back({west.x - turns * kTurn, east.x - turns * kTurn});
-  }
-  std::ranges::sort(covered, {}, &Stretch::west);
-  return covered;
-}
-
-bool Covers(const std::vector<Stretch>& covered, double longitude) {
-  const double place = longitude - std::floor(longitude / kTurn) * kTurn;
-  return std::ranges::any_of(covered, [&](const Stretch& stretch) {
-    return (place >= stretch.west && place <= stretch.east) || place + kTurn <= stretch.east;
-  });
-}
-
-// The middle of the widest stretch that nothing covers.
-std::optional<double> FreeLongitude(const std::vector<Stretch>& covered) {
-  double reached = covered.front().west, widest = 0.0;
-  std::optional<double> free;
-  const auto look = [&](double next) {
-    if (next - reached > widest) widest = next - reached, free = (reached + next) / 2.0;
-  };
-  for (const Stretch& stretch : covered) {
-    look(stretch.west);
-    reached = std::max(reached, stretch.east);
-  }
-  look(covered.front().west + kTurn);
-  return free;
-}
-
-// Puts a vertex where the ring meets a meridian next to the pole, and begins there.
-void BeginOnMeridian(Girdle& girdle, double longitude, Side side) {
-  const std::size_t count = girdle.vertices.size();
-  std::size_t after = count;
-  XY best{0.0, side == Side::North ? -kPole : kPole};
-  for (std::size_t index = 0; index < count; ++index) {
-    const XY from = girdle.vertices[index];
-    XY to = girdle.vertices[(index + 1) % count];
-    if (index + 1 == count) to.x += girdle.turn;
-    const double west = std::min(from.x, to.x), east = std::max(from.x, to.x);
-    const double at = longitude + std::ceil((west - longitude) / kTurn) * kTurn;
-    if (at > east || west == east) continue;
-    const XY met{at, from.y + (to.y - from.y) * ((at - from.x) / (to.x - from.x))};
-    if (after == count || Reach(met, side) > Reach(best, side)) best = met, after = index;
-  }
-  if (after == count) return;
-  girdle.vertices.insert(girdle.vertices.begin() + static_cast<std::ptrdiff_t>(after) + 1, best);
-  BeginAt(girdle, after + 1);
-}
-
-// Whether anything of the ring lies between one of its vertices and the pole.
-bool SeesPole(const Girdle& girdle, std::size_t place, Side side) {
-  const std::size_t count = girdle.vertices.size();
-  const XY at = girdle.vertices[place];
-  for (std::size_t index = 0; index < count; ++index) {
-    const std::size_t next = (index + 1) % count;
-    if (index == place || next == place) continue;
-    const XY from = girdle.vertices[index];
-    XY to = girdle.vertices[next];
-    if (next == 0) to.x += girdle.turn;
-    const double west = std::min(from.x, to.x), east = std::max(from.x, to.x);
-    const double met = at.x + std::ceil((west - at.x) / kTurn) * kTurn;
-    if (met > east) continue;
-    const double share = west == east ? 0.0 : (met - from.x) / (to.x - from.x);
-    if (Reach({met, from.y + (to.y - from.y) * share}, side) >= Reach(at, side)) return false;
-  }
-  return true;
-}
-
-// A vertex whose meridian to the pole cuts nothing, looked for among those next to the pole. A vertex of the ring's own
-// leaves its sides as they are.
-std::optional<std::size_t> FreeVertex(const Girdle& girdle, Side side, const std::vector<Stretch>& covered) {
-  constexpr std::size_t kMostLooks = 256;
-  std::vector<std::size_t> places(girdle.vertices.size());
-  std::iota(places.begin(), places.end(), std::size_t{0});
-  std::ranges::stable_sort(places, std::ranges::greater(),
-                           [&](std::size_t place) { return Reach(girdle.vertices[place], side); });
-  if (places.size() > kMostLooks) places.resize(kMostLooks);
-  for (const std::size_t place : places) {
-    if (!Covers(covered, girdle.vertices[place].x) && SeesPole(girdle, place, side)) return place;
-  }
-  return std::nullopt;
-}
-
-// The meridian begins at the vertex next to the pole, so nothing of the ring lies between the two; or else where it
-// cuts none of the others.
 Vertices LedOver(Girdle girdle, Side side, const Others& others, std::vector<Seam>& seams) {
-  BeginAt(girdle, NextToPole(girdle.vertices, side));
-  const std::vector<Stretch> covered = CoveredLongitudes(girdle, side, others);
-  if (Covers(covered, girdle.vertices.front().x)) {
-    if (const std::optional<std::size_t> vertex = FreeVertex(girdle, side, covered)) {
-      BeginAt(girdle, *vertex);
-    } else if (const std::optional<double> free = FreeLongitude(covered)) {
-      BeginOnMeridian(girdle, *free, side);
-    }
-  }
+  detail::BeginAtSeam(girdle, side, others);
   const double pole = side == Side::North ? kPole : -kPole;
   const XY begin = girdle.vertices.front();
   Vertices ring = std::move(girdle.vertices);
