@@ -209,6 +209,7 @@ std::string RunConversion(RunContext& context, const ConversionRun& run, const s
     document->ActiveView()->PartialRefresh(esriViewGeography, nullptr, nullptr);
 
     scope.End();
+    if (journal.brought) facts.reference_name = journal.brought->reference->Name();
     facts.output_count = static_cast<std::int32_t>(journal.written);
     facts.time_spent = ReturnTimeElapsedRTF(journal.begin, journal.end, kReportFontSize, journal.elapsed_seconds);
     return SuccessReport(run, facts, journal);

@@ -175,12 +175,12 @@ std::string orlBuildPolygons(const std::shared_ptr<IFeatureLayer>& line_layer, b
     request.fields = transfer.OutputFields();
     request.sources = {lines.features};
     if (points) request.sources.push_back(points);
+    journal.reference = reference;
     AnnounceLosses(context, *lines.features, line_layer->Name(), transfer.Carried());
     AnnounceChanges(context, transfer.Carried(), request.kind);
     output = CreateOutput(context, request);
     if (!output) return EndWithoutOutput(context);
     facts.output_path = OutputPath(*output, request);
-    journal.reference = output->SpatialReference();
     transfer.Bind(points.get(), *output);
 
     ConstructPolygons(lines, cluster_tolerance, *output);
@@ -196,9 +196,10 @@ std::string orlBuildPolygons(const std::shared_ptr<IFeatureLayer>& line_layer, b
       labels.emplace(point_layer, use_all_label_points, use_first_label_point, output->SpatialReference());
     }
     facts.unlabelled = CompletePolygons(journal, *output, transfer, labels);
-    PublishOutput(context, *output, request);
     journal.written = facts.output_count;
+    PublishOutput(context, *output, request);
     CheckRowsWritten(journal, *output);
+    facts.output_count = static_cast<std::int32_t>(journal.written);
     tell_faults();
 
     AddResultLayer(context, output, output->Name(), *document);
@@ -215,7 +216,7 @@ std::string orlBuildPolygons(const std::shared_ptr<IFeatureLayer>& line_layer, b
     facts.all_points = use_all_label_points;
     facts.first_point = use_first_label_point;
     facts.field_report = transfer.FieldReport();
-    facts.reference_name = reference->Name();
+    facts.reference_name = (journal.brought ? journal.brought->reference : reference)->Name();
     facts.time_spent = ReturnTimeElapsedRTF(journal.begin, journal.end, kReportFontSize, journal.elapsed_seconds);
     return BuildReport(facts, journal);
   };

@@ -11,6 +11,7 @@
 #include "engine/copy_classes.h"
 #include "engine/copy_columns.h"
 #include "engine/copy_rows.h"
+#include "engine/reprojection.h"
 
 namespace tessarine::engine {
 
@@ -26,6 +27,8 @@ struct Conversion {
   ShapeFacts shapes;
   /// Of the GeoPackage; null where the source itself was worked on.
   std::shared_ptr<const CopyColumns> worked_columns;
+  /// To the reference that the output shall be in; null where that is the source's own.
+  std::shared_ptr<const Reprojection> way;
   std::vector<std::int64_t> worked_oids;  ///< in it, in the order of the source's chosen records
 };
 

@@ -14,7 +14,9 @@
 #include "engine/personal_geodatabase_edit.h"
 #include "engine/srs_from_gdal.h"
 #include "engine/staged_class.h"
+#include "engine/stamp.h"
 #include "engine/workspace_common.h"
+#include "outputs/formats.h"
 #include "platform/paths.h"
 #include "platform/text_formats.h"
 
@@ -274,6 +276,7 @@ engine::NewGeodatabaseClass engine::MakeInGeodatabase(const GeodatabasePlace& pl
     CPLStringList options;
     if (!stored.empty()) options.SetNameValue("FEATURE_DATASET", stored.c_str());
     if (grid) AddGrid(*grid, options);
+    AddStamp(*FormatOfPath(".gdb"), options);
     made.name = make(*dataset, options);
     return made;
   } catch (...) {

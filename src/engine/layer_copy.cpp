@@ -3,13 +3,16 @@
 
 #include <algorithm>
 
+#include "engine/brought_copy.h"
 #include "engine/converted_copy.h"
 #include "engine/copy_classes.h"
 #include "engine/copy_rows.h"
 #include "engine/copy_target.h"
 #include "engine/geodatabase_class.h"
 #include "engine/personal_geodatabase_classes.h"
+#include "engine/reprojection.h"
 #include "engine/target_reference.h"
+#include "outputs/brought_output.h"
 #include "outputs/staged_output.h"
 #include "platform/paths.h"
 #include "platform/text_formats.h"
@@ -36,6 +39,10 @@ class Copier {
     if (!request_.question.empty()) facts_->notes.planned_questions.push_back(request_.question);
     if (place_.InContainer()) facts_->notes.NoteName(place_.name, place_.ClassName());
     RequireRoomForFields();
+    if (BringsElsewhere(source_->Traits()->reference, request_.reference)) {
+      way_ = std::make_shared<Reprojection>(source_->Traits()->reference, request_.reference, request_.source->Extent());
+      facts_->notes.brought = BroughtTo{way_->To(), way_->Told()};
+    }
     if (!request_.only) facts_->left_out = request_.source->LeftOut();
     if (request_.plan_only) {
       MoveToScratch();
@@ -48,14 +55,24 @@ class Copier {
   }
 
   LayerCopy Make() {
-    if (!format_.updated_in_place) return MakeConverted();
-    if (format_.feature_datasets) {
-      return Filled(format_.folder ? MakeInFileGeodatabase() : MakeInPersonalGeodatabase());
-    }
-    return Filled(format_.container ? MakeInGeoPackage() : MakeShapefile());
+    LayerCopy copy = !format_.updated_in_place ? MakeConverted() : way_ ? MakeBrought() : Filled(MakeTarget());
+    if (way_) TellWay();
+    return copy;
   }
 
  private:
+  // The class that the copy is, empty.
+  std::shared_ptr<OgrFeatureClass> MakeTarget() {
+    if (format_.feature_datasets) return format_.folder ? MakeInFileGeodatabase() : MakeInPersonalGeodatabase();
+    return format_.container ? MakeInGeoPackage() : MakeShapefile();
+  }
+
+  void TellWay() {
+    std::vector<std::string>& foretold = facts_->foretold;
+    foretold.insert(foretold.begin(), way_->Told());
+    if (shapes_.curves) foretold.emplace_back("Arcs become lines of many short segments in the other reference.");
+  }
+
   [[nodiscard]] std::string ShownPath() const {
     return format_.container
                ? (fs::path(place_.container) / place_.dataset / place_.ClassName()).lexically_normal().string()
@@ -107,31 +124,40 @@ class Copier {
     facts_->foretold = columns_->Foretold(made);
   }
 
+  enum class LayerRole : std::uint8_t { Target, Worked };
+
   // Makes the layer with its columns, and returns its name.
   std::string MakeLayer(GDALDataset& dataset, const std::string& name, const Format& format, CPLStringList options,
-                        const fs::path& shown) {
+                        const fs::path& shown, LayerRole role = LayerRole::Target) {
     LayerHandle source = source_->Source()->Read();
     const bool same_format = format.driver == source.Dataset().GetDriverName();
     NameOwnColumns(
         format,
         same_format ? OwnColumns{source.Layer().GetFIDColumn(), source.Layer().GetGeometryColumn()} : OwnColumns{},
         *source_->Traits(), request_.result_fields, options);
-    const OGRwkbGeometryType declared = source.Layer().GetGeomType();
-    type_ = LayerTypeFor(declared, source_->Traits()->shape_type, shapes_, format);
+    const bool brought = role == LayerRole::Target && way_ != nullptr;
+    ShapeFacts shapes = shapes_;
+    OGRwkbGeometryType declared = source.Layer().GetGeomType();
+    if (brought) {
+      declared = OGR_GT_GetLinear(declared);
+      shapes.curves = false;
+    }
+    type_ = LayerTypeFor(declared, source_->Traits()->shape_type, shapes, format);
     columns_ = std::make_shared<CopyColumns>(*source_->Traits(), *source.Layer().GetLayerDefn(), DriverOf(format),
                                              format, same_format);
     if (same_format) CopyDomains(source.Dataset(), dataset);
-    OGRLayer* layer = CreateTargetLayer(dataset, name, source.Layer().GetSpatialRef(), type_, options, shown);
+    const OGRSpatialReference* reference = brought ? way_->Target() : source.Layer().GetSpatialRef();
+    OGRLayer* layer = CreateTargetLayer(dataset, name, reference, type_, options, shown);
     columns_->AddTo(*layer, shown.string());
     for (const CopyColumn& column : columns_->All()) {
       worked_names_.push_back(columns_->MadeName(column, *layer->GetLayerDefn()));
     }
-    if (&format == &format_) {
+    if (role == LayerRole::Target) {
       TellNames(*layer->GetLayerDefn());
-      if (std::string loss = LossOfReference(format.driver, source.Layer().GetSpatialRef()); !loss.empty()) {
+      if (std::string loss = LossOfReference(format.driver, reference); !loss.empty()) {
         facts_->foretold.push_back(std::move(loss));
       }
-      for (std::string& sentence : ForetoldOfShapes(declared, shapes_, WhatIsKept(*layer, format))) {
+      for (std::string& sentence : ForetoldOfShapes(declared, shapes, WhatIsKept(*layer, format))) {
         facts_->foretold.push_back(std::move(sentence));
       }
     }
@@ -182,8 +208,8 @@ class Copier {
             place_.dataset,
             place_.ClassName(),
             request_.replaces && !request_.plan_only,
-            source_->Traits()->reference,
-            shapes_.extent};
+            way_ ? way_->To() : source_->Traits()->reference,
+            way_ ? way_->Bring(shapes_.extent) : shapes_.extent};
   }
 
   [[nodiscard]] LayerMaker GeodatabaseLayer() {
@@ -246,6 +272,7 @@ class Copier {
     conversion.standing = Standing();
     conversion.result_fields = request_.result_fields;
     conversion.shapes = shapes_;
+    conversion.way = way_;
     const fs::path beside = PlaceOfWork(format_, conversion.target);
     {
       const StagedOutput probe(beside, StagedOutput::Begin::Empty);
@@ -255,7 +282,7 @@ class Copier {
     auto work = std::make_unique<StagedOutput>(beside, StagedOutput::Begin::Empty);
     {
       const DatasetHandle dataset = CreateFile(DriverOf(worked), work->Path(), ShownFile());
-      (void)MakeLayer(*dataset, conversion.layer, worked, LayerOptions(worked), ShownFile());
+      (void)MakeLayer(*dataset, conversion.layer, worked, LayerOptions(worked), ShownFile(), LayerRole::Worked);
     }
     conversion.worked_columns = columns_;
     const auto output = std::make_shared<ConvertedCopy>(facts_, std::move(work), std::move(conversion));
@@ -268,7 +295,36 @@ class Copier {
     return copy;
   }
 
+  // The run works on a GeoPackage in the source's own reference.
+  LayerCopy MakeBrought() {
+    BroughtTarget target{MakeTarget(), columns_, type_, &format_, KeepsIdentifiers(format_)};
+    worked_names_.clear();
+    const Format& worked = *FormatOfPath(kGeoPackage);
+    auto work = std::make_unique<StagedOutput>(PlaceOfWork(format_, TargetFile()), StagedOutput::Begin::Empty);
+    Conversion conversion;
+    conversion.source = source_;
+    conversion.chosen = request_.only;
+    conversion.shown = request_.place.NativePath();
+    conversion.layer = place_.ClassName();
+    conversion.way = way_;
+    {
+      const DatasetHandle dataset = CreateFile(DriverOf(worked), work->Path(), ShownFile());
+      (void)MakeLayer(*dataset, conversion.layer, worked, LayerOptions(worked), ShownFile(), LayerRole::Worked);
+    }
+    conversion.worked_columns = columns_;
+    const auto output =
+        std::make_shared<BroughtCopy>(facts_, std::move(work), std::move(conversion), std::move(target));
+    LayerCopy copy{output, {}, {}};
+    // What a GeoPackage makes of a value isn't what the copy has of it.
+    RunJournal notes;
+    output->Rows().worked_oids = FillIn(output, worked, notes, copy);
+    notes.changed.clear();
+    facts_->notes.TakeNotes(notes);
+    return copy;
+  }
+
   const LayerCopyRequest& request_;
+  std::shared_ptr<const Reprojection> way_;  // null where the copy stays in the source's reference
   std::shared_ptr<OgrClass> source_;
   OutputPlace place_;
   const Format& format_;

@@ -21,6 +21,7 @@ struct LayerCopyRequest {
   bool replaces = false;                          ///< what stands at the place goes away when the copy is published
   std::vector<std::string> result_fields;         ///< names that no column may take that the format makes up
   std::string question;                           ///< that the plan tells of, empty for none
+  SpatialReferenceRef reference;  ///< that the copy's shapes are brought to when it is whole; null for the source's own
   bool plan_only = false;  ///< the copy is for looking at: its columns are those of the copy, its counts the source's
 };
 

@@ -12,6 +12,7 @@
 
 #include "engine/engine_fault.h"
 #include "engine/geos_bridge.h"
+#include "engine/projecting.h"
 #include "engine/srs_from_gdal.h"
 #include "platform/run_stop.h"
 #include "platform/text_formats.h"
@@ -76,8 +77,10 @@ double PoleOf(const SpatialReference& reference) {
                                : std::numeric_limits<double>::infinity();
 }
 
-std::vector<XY> Transformed(std::span<const XY> vertices, OGRCoordinateTransformation& transformation,
-                            const SpatialReference& source, const SpatialReference& target) {
+}  // namespace
+
+std::vector<XY> engine::ProjectedVertices(std::span<const XY> vertices, OGRCoordinateTransformation& transformation,
+                                          const SpatialReference& source, const SpatialReference& target) {
   std::vector<double> x, y;
   x.reserve(vertices.size());
   y.reserve(vertices.size());
@@ -108,6 +111,8 @@ std::vector<XY> Transformed(std::span<const XY> vertices, OGRCoordinateTransform
   }
   return result;
 }
+
+namespace {
 
 // Replaces every vertex by what `change` makes of its part's vertices.
 template <class Change>
@@ -161,13 +166,20 @@ void SnapParts(PartedShape& shape, const Grid& grid) {
 
 }  // namespace
 
+void engine::ProjectShape(IGeometry& shape, OGRCoordinateTransformation& transformation, const SpatialReference& source,
+                          const SpatialReferenceRef& target) {
+  ChangeVertices(shape, [&](std::span<const XY> vertices) {
+    return ProjectedVertices(vertices, transformation, source, *target);
+  });
+  shape.SetSpatialReference(target);
+}
+
 void IGeometry::Project(const SpatialReferenceRef& reference) {
   const bool known = spatial_reference_ && reference && !spatial_reference_->Wkt().empty() && !reference->Wkt().empty();
   if (known && !IsEmpty() && !spatial_reference_->IsEqual(*reference)) {
     OGRCoordinateTransformation& transformation = TransformationBetween(*spatial_reference_, *reference);
-    ChangeVertices(*this, [&](std::span<const XY> vertices) {
-      return Transformed(vertices, transformation, *spatial_reference_, *reference);
-    });
+    ProjectShape(*this, transformation, *spatial_reference_, reference);
+    return;
   }
   spatial_reference_ = reference;
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "engine/staged_class.h"
 
+#include "engine/stamp.h"
 #include "platform/fault.h"
 
 namespace tessarine::engine {
@@ -14,7 +15,9 @@ StagedFeatureClass::StagedFeatureClass(std::unique_ptr<StagedOutput> staged, con
 void StagedFeatureClass::Publish() {
   if (!staged_) Raise(kInvalidCall, "'" + Name() + "' was published or given up already.");
   const std::string layer = Source()->LayerName();
+  const bool tells = DriverName() == "GPKG";
   Source()->Renew();
+  if (tells) StampGeoPackage(staged_->Path(), layer);
   staged_->Publish(standing_);
   const auto published = std::make_shared<OgrSource>(staged_->Target().string(), layer, std::nullopt);
   staged_.reset();

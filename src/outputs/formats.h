@@ -33,6 +33,14 @@ enum class Nulls : std::uint8_t {
   AsEmpty,   ///< all values are texts; an absent one comes back as an empty one
 };
 
+/// Where a layer tells what it is from.
+enum class StampPlace : std::uint8_t {
+  None,
+  Metadata,       ///< items of its metadata
+  Description,    ///< a text
+  Documentation,  ///< a text of XML
+};
+
 struct Format {
   std::string_view name;      ///< as documents remember it: "File Geodatabase"
   std::string_view category;  ///< of its classes in a catalog: "File Geodatabase Feature Class"
@@ -60,6 +68,7 @@ struct Format {
   bool server = false;             ///< a container that is no file
   bool stream = false;             ///< can be written to a pipe
   Nulls nulls = Nulls::All;
+  StampPlace stamp = StampPlace::None;
   NameRule class_names, field_names;
   std::span<const std::string_view> other_endings = {};  ///< that name it, too
   std::span<const std::string_view> parts = {};          ///< endings of all its files, where it has several

@@ -61,6 +61,14 @@ class IRunFeedback {
   virtual void Beep() {}
 };
 
+/// What a user wants of an output beyond what its tool makes.
+struct OutputWishes {
+  SpatialReferenceRef reference;  ///< that the new features are brought to on the way out; null for the tool's own
+  bool stamps = false;            ///< the layer tells where it is from
+  std::string command_line;       ///< that it tells, without passwords
+  std::string version;            ///< of the suite
+};
+
 /// What a run makes beside its output, and what it knows of the machine.
 class IRunServices {
  public:
@@ -69,6 +77,7 @@ class IRunServices {
   [[nodiscard]] virtual std::shared_ptr<IGxDialog> CreateGxDialog() = 0;
   [[nodiscard]] virtual std::shared_ptr<IFeatureLayer> CreateFeatureLayer() = 0;
   [[nodiscard]] virtual std::shared_ptr<ISimpleRenderer> CreateSimpleRenderer() = 0;
+  [[nodiscard]] virtual OutputWishes Wishes() const { return {}; }
 };
 
 struct RunContext {

@@ -40,6 +40,14 @@ void ListOid(std::vector<std::int64_t>& oids, std::int64_t oid) {
 std::string_view ValueChangeWords(ValueChange change) { return RowOf(change).words; }
 std::string_view ValueChangeKey(ValueChange change) { return RowOf(change).key; }
 
+std::optional<RunSpheroid> SpheroidOf(const RunJournal& journal) {
+  if (journal.spheroid) return journal.spheroid;
+  const auto geographic = GeographicOf(journal.reference);
+  if (!geographic) return std::nullopt;
+  const Spheroid& body = *geographic->Datum()->Spheroid();
+  return RunSpheroid{body.Name(), body.SemiMajorAxis(), body.SemiMinorAxis()};
+}
+
 void RunJournal::NoteChange(std::string_view field, ValueChange kind, std::int64_t oid) {
   if (kind == ValueChange::None) return;
   const auto known = std::ranges::find_if(
@@ -95,6 +103,7 @@ void RunJournal::TakeNotes(const RunJournal& notes) {
   append(unmeasured_oids, notes.unmeasured_oids);
   append(warnings, notes.warnings);
   append(faults, notes.faults);
+  if (notes.brought) brought = notes.brought;
   other_warnings += notes.other_warnings;
   other_faults += notes.other_faults;
   for (const ChangedValues& values : notes.changed) {

@@ -63,6 +63,16 @@ struct ChangedName {
   std::string written;
 };
 
+class RunJournal;
+/// The body that the run worked on: its own, or else that of the reference; nothing where neither is known.
+[[nodiscard]] std::optional<RunSpheroid> SpheroidOf(const RunJournal& journal);
+
+/// Where features were brought to when they were whole, and how.
+struct BroughtTo {
+  SpatialReferenceRef reference;
+  std::string way;  ///< a sentence that names both references and the transformation
+};
+
 class RunJournal {
  public:
   static constexpr std::size_t kListedOids = 10;
@@ -86,7 +96,8 @@ class RunJournal {
   Date begin, end;               ///< wall time, for texts
   double elapsed_seconds = 0.0;  ///< by a clock that nobody sets
   std::string output_path;       ///< a backslash path of what is on the disk, empty when no output was made
-  SpatialReferenceRef reference;
+  SpatialReferenceRef reference;     ///< that the run worked in
+  std::optional<BroughtTo> brought;  ///< nothing where the output is in that reference
   std::optional<RunSpheroid> spheroid;         ///< nothing where the run measured on no spheroid, or on the reference's
   std::vector<std::string> planned_fields;     ///< of a run that was only planned: those that it would make or fill
   std::vector<std::string> planned_questions;  ///< what it would ask, whole sentences

@@ -40,7 +40,7 @@ class RunScope {
 /// ends the run comes out.
 template <class Body>
 [[nodiscard]] bool WorkOnRecord(RunJournal& journal, std::int64_t oid, Body&& body) {
-  const RecordInHand in_hand;
+  const RecordInHand in_hand(oid);
   try {
     std::forward<Body>(body)();
     return true;

@@ -8,7 +8,7 @@ namespace tessarine {
 namespace {
 
 FaultReporter g_reporter = nullptr;
-thread_local bool t_record_in_hand = false;
+thread_local std::optional<std::int64_t> t_record_in_hand;
 
 }  // namespace
 
@@ -42,8 +42,9 @@ void ReportFault(std::string_view procedure, const Fault& fault, const std::sour
   if (g_reporter != nullptr) g_reporter(site, fault);
 }
 
-RecordInHand::RecordInHand() : before_(std::exchange(t_record_in_hand, true)) {}
+RecordInHand::RecordInHand(std::int64_t oid) : before_(std::exchange(t_record_in_hand, oid)) {}
 RecordInHand::~RecordInHand() { t_record_in_hand = before_; }
+std::optional<std::int64_t> RecordInHand::Oid() { return t_record_in_hand; }
 
 namespace detail {
 

@@ -14,6 +14,7 @@
 
 #include <cstdint>
 #include <exception>
+#include <optional>
 #include <source_location>
 #include <string>
 #include <string_view>
@@ -45,13 +46,16 @@ void ReportFault(std::string_view procedure, const Fault& fault,
 /// While it lives, the thread works on one record of a run, and helpers pass their faults on.
 class RecordInHand {
  public:
-  RecordInHand();
+  explicit RecordInHand(std::int64_t oid);
   ~RecordInHand();
   RecordInHand(const RecordInHand&) = delete;
   RecordInHand& operator=(const RecordInHand&) = delete;
 
+  /// The record that the thread works on; nothing between two records.
+  [[nodiscard]] static std::optional<std::int64_t> Oid();
+
  private:
-  bool before_;
+  std::optional<std::int64_t> before_;
 };
 
 /// The fault in flight; for use inside a catch block. Standard exceptions become faults of number 5. A stop is no

@@ -80,7 +80,10 @@ std::string ChangedNameLines(const RunJournal& journal) {
 }
 
 std::string ProblemSections(const RunJournal& journal, std::string_view layer, std::string_view consequence) {
-  return Block("Problems Found:", consequence, FaultLines(journal, layer)) +
+  const std::string way =
+      journal.brought ? "  ** " + EscapeRtf(journal.brought->way) + std::string(kLineEnd) : std::string();
+  return Block("Spatial Reference of the Output:", "", way) +
+         Block("Problems Found:", consequence, FaultLines(journal, layer)) +
          Block("Warnings:", "", WarningLines(journal, layer)) +
          Block("Changed Values:", "The output can't hold these values as they are.", ChangeLines(journal)) +
          Block("Names Changed:", "The format of the output doesn't take these names as they are.",

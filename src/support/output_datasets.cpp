@@ -6,6 +6,7 @@
 #include <cmath>
 #include <optional>
 
+#include "outputs/brought_output.h"
 #include "outputs/column_loss.h"
 #include "outputs/output_place.h"
 #include "outputs/staged_output.h"
@@ -182,6 +183,29 @@ std::shared_ptr<IFeatureClass> CreateAt(OutputRequest& request, const std::strin
                              request.fields, nullptr, nullptr, "", request.envelope, request.feature_count);
 }
 
+Envelope ExtentOf(const OutputRequest& request) {
+  return request.envelope != nullptr ? *request.envelope : Envelope();
+}
+
+// The reference that a user wants the output in; null where the tool's own is to stay.
+SpatialReferenceRef WishedReference(const RunContext& context, const OutputRequest& request) {
+  return request.projects ? nullptr : context.services.Wishes().reference;
+}
+
+// The class in the reference that its features are brought to.
+std::shared_ptr<IFeatureClass> CreateElsewhere(OutputRequest& request, const SpatialReferenceRef& wished,
+                                               const std::string& category,
+                                               const std::shared_ptr<IFeatureWorkspace>& workspace,
+                                               const std::shared_ptr<IFeatureDataset>& dataset) {
+  OutputRequest elsewhere = request;
+  elsewhere.reference = wished;
+  const Envelope extent = ExtentIn(wished, request.reference, ExtentOf(request));
+  elsewhere.envelope = &extent;
+  std::shared_ptr<IFeatureClass> output = CreateAt(elsewhere, category, workspace, dataset);
+  request.geometry_type = elsewhere.geometry_type;
+  return output;
+}
+
 // The attributes of a class in their order: what it was asked for, then, under the names that the format chose.
 void TakeMadeNames(RunContext& context, const IFeatureClass& output, OutputRequest& request) {
   RunJournal& journal = context.journal;
@@ -245,6 +269,8 @@ std::shared_ptr<IFeatureClass> CreateOutput(RunContext& context, OutputRequest& 
                               "");
         return nullptr;
       }
+      const SpatialReferenceRef wished = WishedReference(context, request);
+      const bool brings = BringsElsewhere(request.reference, wished);
       const std::int32_t kind = KindOfCategory(*category);
       const Format& format = *FormatOfKind(kind);
       const bool in_dataset = request.is_feature_dataset && format.feature_datasets;
@@ -271,7 +297,7 @@ std::shared_ptr<IFeatureClass> CreateOutput(RunContext& context, OutputRequest& 
       std::shared_ptr<IFeatureDataset> dataset;
       if (in_dataset) {
         dataset = workspace->OpenFeatureDataset(request.feature_dataset);
-        if (!request.projects) RefuseOtherReference(*dataset, request.reference);
+        if (!request.projects) RefuseOtherReference(*dataset, brings ? wished : request.reference);
       }
       const std::string shown_name = in_dataset ? request.feature_dataset + ":" + request.name : request.name;
       if (!MakeNameFree(context, workspace, request.name, shown_name)) {
@@ -279,8 +305,12 @@ std::shared_ptr<IFeatureClass> CreateOutput(RunContext& context, OutputRequest& 
         continue;
       }
       MakeFieldNamesLegal(context, request.fields, kind);
-      std::shared_ptr<IFeatureClass> output = CreateAt(request, *category, workspace, dataset);
+      std::shared_ptr<IFeatureClass> output = brings ? CreateElsewhere(request, wished, *category, workspace, dataset)
+                                                     : CreateAt(request, *category, workspace, dataset);
       if (output) TakeMadeNames(context, *output, request);
+      if (brings && output) {
+        output = WorkedInOwnReference(output, place, request.reference, wished, ExtentOf(request));
+      }
       if (const auto planned = Cast<IPlannedClass>(output)) {
         for (const std::string& sentence : planned->Planned().foretold) context.feedback.Announce(sentence);
       }
@@ -306,9 +336,11 @@ OutputPlan PlanOutput(RunContext& context, OutputRequest& request) {
   const bool exists =
       workspace && (workspace->HoldsName(request.name) || CheckIfFeatureClassExists(workspace, request.name));
   OutputPlan plan{FromNativePath(place.NativePath()), exists, {}, {}};
+  const SpatialReferenceRef wished = WishedReference(context, request);
+  const bool brings = BringsElsewhere(request.reference, wished);
   if (const auto planner = Cast<IClassPlanner>(workspace)) {
     const FieldsRef fields =
-        PlainFields(request.reference, request.geometry_type, request.fields, request.add_unique_id);
+        PlainFields(brings ? wished : request.reference, request.geometry_type, request.fields, request.add_unique_id);
     PlannedClass planned = planner->PlanClass(request.name, fields, "Shape");
     plan.fields = std::move(planned.fields);
     plan.foretold = std::move(planned.foretold);
@@ -319,6 +351,11 @@ OutputPlan PlanOutput(RunContext& context, OutputRequest& request) {
       if (!IsAttribute(*field)) continue;
       plan.fields.push_back({field->Name, field->Name, TypeWordOf(*field, request.kind)});
     }
+  }
+  if (brings) {
+    std::string way = WayTo(wished, request.reference, ExtentOf(request));
+    context.journal.brought = BroughtTo{wished, way};
+    plan.foretold.insert(plan.foretold.begin(), std::move(way));
   }
   return plan;
 }
@@ -358,7 +395,10 @@ void PublishOutput(RunContext& context, IFeatureClass& output, const OutputReque
   }
   if (auto* staged = dynamic_cast<IStagedDataset*>(&output)) {
     staged->Publish();
-    if (const RunJournal* notes = staged->Notes()) context.journal.TakeNotes(*notes);
+    if (const RunJournal* notes = staged->Notes()) {
+      context.journal.TakeNotes(*notes);
+      if (notes->brought) context.journal.written = notes->written;
+    }
   }
   context.journal.output_path = OutputPath(output, request);
 }

@@ -78,7 +78,9 @@ class FolderNames {
     for (int number = 2; !taken_.insert(LowerCase(free)).second; ++number) free = name + "_" + std::to_string(number);
     const Format* format = FormatOfPath(ending);
     const bool names_class = format != nullptr && format->folder;
-    return {(fs::path(output_.text) / (free + ending)).string() + (names_class ? "/" + free : ""), output_.format};
+    OutputOptions own = output_;
+    own.text = (fs::path(output_.text) / (free + ending)).string() + (names_class ? "/" + free : "");
+    return own;
   }
 
  private:

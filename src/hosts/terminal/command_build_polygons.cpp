@@ -10,6 +10,7 @@
 #include "hosts/terminal/layer_source.h"
 #include "hosts/terminal/option_numbers.h"
 #include "hosts/terminal/output_run.h"
+#include "hosts/terminal/output_wishes.h"
 #include "hosts/terminal/refusal.h"
 #include "hosts/terminal/report_output.h"
 #include "hosts/terminal/session.h"
@@ -107,7 +108,8 @@ ExitStatus RunBuildPolygons(const BuildOptions& options) {
   // The run would rather take another name than ask.
   if (manners.overwrite || manners.yes) session.Host().LocalSystem().GiveFree(FromNativePath(place.NativePath()));
   BuildParamsScript script(options, *lines, labels, place);
-  return RunInto(session, "Tessarine.clsBuildPolygon", script, output, lines->SpatialReference(), options.common);
+  return RunInto(session, "Tessarine.clsBuildPolygon", script, output, lines->SpatialReference(),
+                 lines->FeatureClass()->Extent(), options.common);
 }
 
 void AddLabelOptions(CLI::App& command, BuildOptions& options) {
@@ -144,6 +146,7 @@ void AddBuildPolygonsCommand(CLI::App& program, ChosenCommand& chosen) {
                      "The distance under which lines count as meeting, in the unit of the data");
   AddLabelOptions(command, *options);
   AddFormatOption(command, options->output);
+  AddReferenceOption(command, options->output);
   AddCommonOptions(command, options->common);
   command.footer(std::string("Example:\n  ") + kExample);
   command.callback([&chosen, options] {

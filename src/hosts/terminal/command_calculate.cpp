@@ -11,6 +11,7 @@
 #include "hosts/terminal/copy_place.h"
 #include "hosts/terminal/geometry_script.h"
 #include "hosts/terminal/layer_source.h"
+#include "hosts/terminal/output_wishes.h"
 #include "hosts/terminal/refusal.h"
 #include "hosts/terminal/report_output.h"
 #include "hosts/terminal/session.h"
@@ -54,6 +55,8 @@ void RefuseReadOnly(const DocumentFeatureLayer& layer) {
 
 ExitStatus CalculateInPlace(const CalculateOptions& options) {
   if (options.only_selected) throw Refusal("--only-selected is for copies: name one with -o.");
+  if (!options.copy.to.empty()) throw Refusal("--to is for copies: name one with -o.");
+  if (options.copy.stamp) throw Refusal("--stamp is for copies: name one with -o.");
   Session session(options.common);
   const std::shared_ptr<DocumentFeatureLayer> layer = TakeLayer(session.Document(), options.source);
   RefuseReadOnly(*layer);
@@ -156,6 +159,7 @@ ExitStatus CalculateOnCopy(const CalculateOptions& options) {
   if (options.only_selected && selected.empty()) {
     throw Refusal("--only-selected: no record is selected. Add --where, or select records in the document.");
   }
+  RefuseUnreachableReference(target, source->SpatialReference(), source->FeatureClass()->Extent());
   const ReplacementAnswer answer = AskToReplace(target, options.common);
   if (answer.replacing == Replacing::Declined) return ExitStatus::Refused;
 
@@ -165,13 +169,20 @@ ExitStatus CalculateOnCopy(const CalculateOptions& options) {
                            answer.replacing == Replacing::Agreed,
                            FieldsOfMeasures(options.measures),
                            answer.question,
+                           target.wished,
                            options.common.dry_run};
   if (options.only_selected) request.only = selected;
   RunJournal& journal = session.Host().Journal();
+  session.Host().SetWishes(WishesFor(target, options.common));
   std::optional<LayerCopy> copy;
   {
     RunContext context = HostContext();
     const RunScope scope(context);
+    // Some formats take their stamp when the class is made.
+    journal.reference = source->SpatialReference();
+    if (const auto chosen = ChooseSpheroid(options.spheroid)) {
+      journal.spheroid = RunSpheroid{chosen->name, chosen->semi_major_axis, chosen->semi_minor_axis};
+    }
     copy = MakeCopy(request, journal);
   }
   if (!copy) return session.EndEarly(NoCopyReport(journal, source->Name()));
@@ -217,6 +228,7 @@ void AddCalculateCommand(CLI::App& program, ChosenCommand& chosen) {
   AddSpheroidOptions(command, options->spheroid);
   command.add_flag("--planetocentric", options->planetocentric, "The latitudes of the data are planetocentric");
   AddFormatOption(command, options->copy);
+  AddReferenceOption(command, options->copy);
   AddCommonOptions(command, options->common);
   command.footer(
       "Example:\n  tessarine calculate tests/data/countries.shp -m \"Sph. Area\" -m \"Sph. Centroid=LON,LAT\" -o "

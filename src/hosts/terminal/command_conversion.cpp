@@ -8,6 +8,7 @@
 #include "hosts/terminal/form_answers.h"
 #include "hosts/terminal/layer_source.h"
 #include "hosts/terminal/output_run.h"
+#include "hosts/terminal/output_wishes.h"
 #include "hosts/terminal/refusal.h"
 #include "hosts/terminal/report_output.h"
 #include "hosts/terminal/session.h"
@@ -94,13 +95,19 @@ ExitStatus RunConversionCommand(const ConversionRow& row, const ConversionOption
   const std::shared_ptr<DocumentFeatureLayer> layer = TakeLayer(session.Document(), options.source);
   RefuseSource(place, *layer);
   LayerFieldsScript script(row, options, *layer, place);
+  const SpatialReferenceRef reference = OutputReference(row, *layer);
+  // In another reference than the data's own the tool finds out what they cover.
+  const bool own = reference == layer->SpatialReference();
+  const auto run = [&] {
+    return RunInto(session, row.class_id, script, output, reference, own ? layer->FeatureClass()->Extent() : Envelope(),
+                   options.common);
+  };
   if (row.without_points != nullptr && layer->FeatureClass()->ShapeType() == esriGeometryPoint) {
     // The plan says so too.
-    if (options.common.dry_run)
-      (void)RunInto(session, row.class_id, script, output, OutputReference(row, *layer), options.common);
+    if (options.common.dry_run) (void)run();
     throw Refusal(std::string(row.name) + ": '" + layer->Name() + "' holds points: " + row.without_points + ".");
   }
-  return RunInto(session, row.class_id, script, output, OutputReference(row, *layer), options.common);
+  return run();
 }
 
 void AddConversion(const ConversionRow& row, CLI::App& program, ChosenCommand& chosen) {
@@ -116,6 +123,7 @@ void AddConversion(const ConversionRow& row, CLI::App& program, ChosenCommand& c
       ->allow_extra_args(false);
   command.add_flag("-a,--all-fields", options->all_fields, "Carry all attribute fields over");
   AddFormatOption(command, options->output);
+  AddReferenceOption(command, options->output);
   AddCommonOptions(command, options->common);
   command.footer(std::string("Example:\n  ") + row.example);
   command.callback([&row, &chosen, options] {

@@ -51,22 +51,22 @@ const char* YesOrNo(bool yes) { return yes ? "yes" : "no"; }
 
 void PrintFormat(const Format& format) {
   const ColumnAbilities keeps = AbilitiesOf(format);
-  fmt::print("{:<27}{:<34}{:<11}{:<7}{:<31}{:<15}{:<7}{}\n", format.name, Endings(format),
+  fmt::print("{:<27}{:<34}{:<11}{:<7}{:<31}{:<15}{:<7}{:<9}{}\n", format.name, Endings(format),
              NameLength(format.field_names), YesOrNo(keeps.wide_numbers), Times(keeps), NullWord(format.nulls),
-             YesOrNo(format.container), YesOrNo(format.updated_in_place));
+             YesOrNo(format.container), YesOrNo(format.updated_in_place), YesOrNo(format.stamp != StampPlace::None));
 }
 
 ExitStatus PrintFormats() {
-  fmt::print("{:<27}{:<34}{:<11}{:<7}{:<31}{:<15}{:<7}{}\n", "Format", "Endings", "Names", "64 bit", "Dates", "Null",
-             "Layers", "In place");
+  fmt::print("{:<27}{:<34}{:<11}{:<7}{:<31}{:<15}{:<7}{:<9}{}\n", "Format", "Endings", "Names", "64 bit", "Dates",
+             "Null", "Layers", "In place", "Stamp");
   for (const Format& format : AllFormats()) {
     if (format.writable && CanWrite(format)) PrintFormat(format);
   }
   fmt::print(
       "\nNames: the longest name of a field. 64 bit: whole numbers beyond 2,147,483,647. Layers: one file, folder or\n"
-      "database holds several. In place: 'calculate' without -o can write into it. --format takes a name of the "
-      "table,\n"
-      "a driver or an ending.\n\nThis machine's GDAL also writes these; what they keep is found out at each run, and "
+      "database holds several. In place: 'calculate' without -o can write into it. Stamp: a layer takes what --stamp "
+      "tells\n"
+      "of it. --format takes a name of the table, a driver or an ending.\n\nThis machine's GDAL also writes these; what they keep is found out at each run, and "
       "--dry-run tells:\n");
   for (const OtherWriter& other : OtherWriters()) {
     fmt::print("  {:<16}{:<24}{}\n", other.driver, other.endings, other.description);

@@ -8,6 +8,7 @@
 #include "hosts/terminal/form_answers.h"
 #include "hosts/terminal/output_checks.h"
 #include "hosts/terminal/output_place.h"
+#include "hosts/terminal/output_wishes.h"
 #include "hosts/terminal/report_output.h"
 #include "hosts/terminal/session.h"
 
@@ -39,7 +40,8 @@ const ShapeRow& RowOf(const std::string& word) {
   for (const ShapeRow& row : kShapes) {
     if (word == row.word) return row;
   }
-  throw Refusal("'" + word + "' is no shape: give points, polylines or polygons.");
+  throw Refusal("'" + word +
+                "' is no shape: give points, polylines or polygons. The output's reference is named by --reference.");
 }
 
 class GraphicsScript final : public FormScript {
@@ -116,6 +118,7 @@ ExitStatus RunFeatures(const FeatureOptions& options) {
   const PreparedPlace prepared(place, reference, session.Host().LocalSystem());
   session.Host().SetBrowsePlace(prepared.Browse());
   session.Host().SetChosenReference(reference);
+  session.Host().SetWishes(WishesFor(output, options.common));
   GraphicsScript script(options);
   const ExitStatus status = session.Run("Tessarine.cmdNewShapefile", &script);
   // Without a report nothing was made, and a message has told why.

@@ -10,6 +10,7 @@
 #include "hosts/terminal/layer_source.h"
 #include "hosts/terminal/option_numbers.h"
 #include "hosts/terminal/output_run.h"
+#include "hosts/terminal/output_wishes.h"
 #include "hosts/terminal/refusal.h"
 #include "hosts/terminal/report_output.h"
 #include "hosts/terminal/selected_class.h"
@@ -248,10 +249,14 @@ ExitStatus RunPlanetary(const PlanetaryOptions& options, const char* class_id, M
   const std::shared_ptr<DocumentFeatureLayer> layer = LayerOfSelection(taken, options.source, session, known_layers);
   RefuseSource(place, *layer);
   auto script = make_script(*layer, place);
-  return RunInto(session, class_id, script, output, layer->SpatialReference(), options.common);
+  return RunInto(session, class_id, script, output, layer->SpatialReference(),
+                 layer->FeatureClass()->Extent(), options.common);
 }
 
 ExitStatus RunWrap(const WrapOptions& options) {
+  RefuseReference(options.output,
+                  "wrapped longitudes are a matter of the data's own degrees; a box from 0 to 360 or over the edge of the "
+                  "map would be lost in another reference.");
   const bool box_is_given = !options.range.empty() || !options.bounds.empty();
   if (!box_is_given && options.common.document.empty()) throw Refusal(kNeedsBox);
   if (!options.bounds.empty() && SplitAtCommas(options.bounds).size() != 4) {
@@ -262,6 +267,9 @@ ExitStatus RunWrap(const WrapOptions& options) {
 }
 
 ExitStatus RunLatitudes(const LatitudeRow& row, const LatitudeOptions& options) {
+  RefuseReference(options.output,
+                  "the latitudes that '" + std::string(row.name) +
+                      "' makes are of a kind that no reference tells, so any transformation of them would be wrong.");
   return RunPlanetary(options, row.class_id, [&](const auto& layer, const OutputPlace& place) {
     return LatitudeScript(row, options, layer, place);
   });
@@ -274,6 +282,7 @@ void AddPlanetaryOptions(CLI::App& command, PlanetaryOptions& options) {
       ->required();
   AddSourceOptions(command, options.source);
   AddFormatOption(command, options.output);
+  AddRefusedReferenceOption(command, options.output);
   command.add_option("--shift", options.shift, "Add this to every longitude first")->type_name("DEGREES");
 }
 

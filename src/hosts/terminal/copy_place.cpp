@@ -28,7 +28,7 @@ void RefuseUnusableCopy(const NamedOutput& copy, const DocumentFeatureLayer& sou
   if (const auto files = Cast<IDatasetFiles>(source.FeatureClass())) {
     RefuseReportOver(options.report_file, files->Files().files, "'" + source.Name() + "' is read from");
   }
-  CheckDataset(place, source.SpatialReference());
+  CheckDataset(place, copy.wished ? copy.wished : source.SpatialReference());
 }
 
 ReplacementAnswer AskToReplace(const NamedOutput& copy, const CommonOptions& options) {

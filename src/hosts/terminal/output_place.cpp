@@ -177,17 +177,43 @@ const Format* AskedFormat(const std::string& name) {
   throw Refusal("--format: '" + name + "' is no format that can be written. 'tessarine formats' lists them.");
 }
 
+SpatialReferenceRef WishedReference(const std::string& text) {
+  if (text.empty()) return nullptr;
+  SpatialReferenceRef reference;
+  try {
+    reference = SpatialReferenceEnvironment::CreateFromText(text);
+  } catch (const Fault& fault) {
+    throw Refusal("--to: " + fault.Description());
+  }
+  if (!Is<const UnknownCoordinateSystem>(reference)) return reference;
+  throw Refusal("--to: '" + text + "' is neither geographic nor projected.");
+}
+
+[[noreturn]] void RefuseStamp(const Format* format) {
+  std::string keeping;
+  for (const Format& other : AllFormats()) {
+    if (other.stamp != StampPlace::None) keeping += (keeping.empty() ? "" : ", ") + std::string(other.name);
+  }
+  throw Refusal("--stamp: " + (format == nullptr ? "a shapefile" : "'" + std::string(format->name) + "'") +
+                " keeps no text about a layer. These do: " + keeping + ".");
+}
+
 }  // namespace
 
 void AddFormatOption(CLI::App& command, OutputOptions& options) {
   command.add_option("--format", options.format, "The format of the output, where its ending doesn't tell it")
       ->type_name("NAME");
+  command.add_flag("--stamp", options.stamp,
+                   "Write into the output's metadata how it was made: command line, version, spheroid and time");
 }
 
 NamedOutput ParseOutput(const OutputOptions& options, Folders folders) {
   if (Trim(options.text).empty()) throw Refusal("-o needs a place: " + std::string(kOutputHelp) + ".");
-  const NamedOutput named = OutputText(options, AskedFormat(options.format)).Parse(folders);
+  NamedOutput named = OutputText(options, AskedFormat(options.format)).Parse(folders);
+  named.wished = WishedReference(options.to);
+  named.stamp = options.stamp;
   const Format* format = named.place.format;
+  if (options.stamp && (format == nullptr || format->stamp == StampPlace::None)) RefuseStamp(format);
   if (format == nullptr) return named;
   if (!format->writable || !CanWrite(*format)) {
     throw Refusal("The output '" + options.text + "' can't be made: the GDAL of this machine doesn't write " +

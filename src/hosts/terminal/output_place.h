@@ -13,6 +13,8 @@ namespace tessarine {
 struct OutputOptions {
   std::string text;
   std::string format;  ///< empty where the path tells it
+  std::string to;      ///< the reference that shapes are brought to; empty for that of the tool
+  bool stamp = false;  ///< the layer tells where it is from
 };
 
 /// What -o says, for the help of a command.
@@ -20,19 +22,22 @@ inline constexpr const char* kOutputHelp =
     "NAME.gpkg[:LAYER], NAME.shp, NAME.gdb/CLASS, NAME.geojson, or any other file that GDAL writes; "
     "PG:CONNECTION:SCHEMA.TABLE; - for GeoJSON lines on standard output. 'tessarine formats' lists them";
 
-/// Adds --format.
+/// Adds --format and --stamp.
 void AddFormatOption(CLI::App& command, OutputOptions& options);
 
 struct NamedOutput {
   OutputPlace place;
   bool whole_container = false;  ///< the container was named without a layer in it
+  SpatialReferenceRef wished = nullptr;  ///< that its shapes are brought to; null for that of the tool
+  bool stamp = false;            ///< it tells where it is from
 };
 
 enum class Folders { Allowed, Refused };
 
 /// Reads "roads.shp", "town.gpkg", "town.gpkg:roads", "town.gdb/roads", "town.gdb/streets/roads", "roads.geojson",
 /// "PG:dbname=town:public.roads" and the like; a folder, too, where it is allowed. A container without a layer means
-/// the layer of its own name. Raises `Refusal` for anything else, and for a format that isn't to be had here.
+/// the layer of its own name. Raises `Refusal` for anything else, and for a format that isn't to be had here, for a
+/// reference that isn't one, and for a stamp that the format doesn't keep.
 [[nodiscard]] NamedOutput ParseOutput(const OutputOptions& options, Folders folders);
 
 /// Refuses a container that is there but can't be opened.

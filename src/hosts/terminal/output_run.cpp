@@ -4,6 +4,7 @@
 #include "engine/layer_copy.h"
 #include "hosts/terminal/form_answers.h"
 #include "hosts/terminal/output_checks.h"
+#include "hosts/terminal/output_wishes.h"
 #include "hosts/terminal/refusal.h"
 #include "outputs/format_workspace.h"
 #include "platform/paths.h"
@@ -46,13 +47,16 @@ void RefuseUnfitFormat(const OutputPlace& place, const SpatialReferenceRef& refe
 }  // namespace
 
 ExitStatus RunInto(Session& session, const std::string& class_id, FormScript& script, const NamedOutput& output,
-                   const SpatialReferenceRef& reference, const CommonOptions& options) {
+                   const SpatialReferenceRef& reference, const Envelope& extent, const CommonOptions& options) {
   const OutputPlace& place = output.place;
   RefuseUnusablePlace(place, options);
   RefuseTakenPlace(output, options);
-  RefuseUnfitFormat(place, reference);
-  CheckDataset(place, reference);
-  const PreparedPlace prepared(place, reference, session.Host().LocalSystem());
+  RefuseUnreachableReference(output, reference, extent);
+  const SpatialReferenceRef made = output.wished ? output.wished : reference;
+  RefuseUnfitFormat(place, made);
+  CheckDataset(place, made);
+  const PreparedPlace prepared(place, made, session.Host().LocalSystem());
+  session.Host().SetWishes(WishesFor(output, options));
   if (!MayEnter(output)) return ExitStatus::Refused;
   if (!place.IsFolder() && !IsTypedPlace(place)) session.Host().SetBrowsePlace(prepared.Browse());
   return session.Run(class_id, &script);

@@ -69,16 +69,11 @@ const char* OutcomeWord(const RunJournal& journal, bool plan_only, bool fault_re
 
 // The spheroid that the run worked on: its own, or else that of the data.
 json SpheroidToJson(const RunJournal& journal) {
-  const auto body = [](const std::string& name, double semi_major, double semi_minor) {
-    return json{{"name", name}, {"semi_major_axis", semi_major}, {"semi_minor_axis", semi_minor}};
-  };
-  if (journal.spheroid) {
-    return body(journal.spheroid->name, journal.spheroid->semi_major, journal.spheroid->semi_minor);
-  }
-  const auto geographic = GeographicOf(journal.reference);
-  if (!geographic) return nullptr;
-  const auto& spheroid = geographic->Datum()->Spheroid();
-  return body(spheroid->Name(), spheroid->SemiMajorAxis(), spheroid->SemiMinorAxis());
+  const std::optional<RunSpheroid> spheroid = SpheroidOf(journal);
+  if (!spheroid) return nullptr;
+  return {{"name", spheroid->name},
+          {"semi_major_axis", spheroid->semi_major},
+          {"semi_minor_axis", spheroid->semi_minor}};
 }
 
 // The spheroid beside the reference is the one that was used; what the reference itself says stands in its text.
@@ -86,6 +81,13 @@ json ReferenceToJson(const RunJournal& journal) {
   const SpatialReferenceRef& reference = journal.reference;
   if (!reference) return nullptr;
   return {{"name", reference->Name()}, {"wkt", reference->Wkt()}, {"spheroid", SpheroidToJson(journal)}};
+}
+
+// Where the output isn't in the reference that the run worked in.
+json BroughtToJson(const RunJournal& journal) {
+  if (!journal.brought) return nullptr;
+  const SpatialReference& reference = *journal.brought->reference;
+  return {{"name", reference.Name()}, {"wkt", reference.Wkt()}, {"way", journal.brought->way}};
 }
 
 json ChangesToJson(const RunJournal& journal) {
@@ -148,6 +150,7 @@ std::string JsonReport(const std::string& rtf, const CommonOptions& options, Ter
       {"outcome", OutcomeWord(journal, host.PlanOnly(), host.FaultReported())},
       {"output", journal.output_path.empty() ? json() : json(WithoutPipedFile(ToNativePath(journal.output_path)))},
       {"spatial_reference", ReferenceToJson(journal)},
+      {"brought_to", BroughtToJson(journal)},
       {"records", RecordsToJson(journal)},
       {"failure", journal.failure.empty() ? json() : json(journal.failure)},
       {"changed", ChangesToJson(journal)},

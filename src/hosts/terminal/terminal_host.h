@@ -65,6 +65,7 @@ class TerminalHost final : public IHost, public IMessageBox, public IFormHost, p
   void SetBrowsePlace(BrowsePlace place) { browse_place_ = std::move(place); }
   /// What the dialog for references answers; nothing cancels it.
   void SetChosenReference(SpatialReferenceRef reference) { chosen_reference_ = std::move(reference); }
+  void SetWishes(OutputWishes wishes) { wishes_ = std::move(wishes); }
   [[nodiscard]] TerminalSystem& LocalSystem() { return system_; }
   [[nodiscard]] const TerminalManners& Manners() const { return manners_; }
 
@@ -97,6 +98,7 @@ class TerminalHost final : public IHost, public IMessageBox, public IFormHost, p
   std::shared_ptr<IPrinter> ChoosePrinter() override { return nullptr; }
   std::shared_ptr<IFeatureLayer> CreateFeatureLayer() override;
   std::shared_ptr<ISimpleRenderer> CreateSimpleRenderer() override;
+  [[nodiscard]] OutputWishes Wishes() const override { return wishes_; }
   void Announce(const std::string& sentence) override;
   [[nodiscard]] bool Ask(RunQuestion question, const std::string& text, const std::string& title) override;
   RunJournal& Journal() override { return journal_; }
@@ -126,6 +128,7 @@ class TerminalHost final : public IHost, public IMessageBox, public IFormHost, p
   FormScript* script_ = nullptr;
   std::optional<BrowsePlace> browse_place_;
   SpatialReferenceRef chosen_reference_;
+  OutputWishes wishes_;
   std::vector<std::weak_ptr<Form>> open_forms_;
   RunJournal journal_;
   std::optional<std::string> report_;
