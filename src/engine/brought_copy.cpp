@@ -92,7 +92,8 @@ void BroughtCopy::TakeValues(const MergedRows& merged, OgrRow& row, RunJournal& 
     const std::string name = target_.columns->MadeName(columns[index], made);
     if (merged.IsChanged(index)) {
       const CopyColumn& column = rows_.worked_columns->All()[index];
-      take(FindField(rows_.worked_columns->MadeName(column, *merged.Worked().GetDefnRef())), target_.copy->FindField(name));
+      take(FindField(rows_.worked_columns->MadeName(column, *merged.Worked().GetDefnRef())),
+           target_.copy->FindField(name));
     } else if (const ValueChange change = target_.columns->Copy(columns[index], merged.From(), row);
                change != ValueChange::None) {
       notes.NoteChange(name, change, oid);

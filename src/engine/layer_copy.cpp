@@ -40,7 +40,8 @@ class Copier {
     if (place_.InContainer()) facts_->notes.NoteName(place_.name, place_.ClassName());
     RequireRoomForFields();
     if (BringsElsewhere(source_->Traits()->reference, request_.reference)) {
-      way_ = std::make_shared<Reprojection>(source_->Traits()->reference, request_.reference, request_.source->Extent());
+      way_ =
+          std::make_shared<Reprojection>(source_->Traits()->reference, request_.reference, request_.source->Extent());
       facts_->notes.brought = BroughtTo{way_->To(), way_->Told()};
     }
     if (!request_.only) facts_->left_out = request_.source->LeftOut();

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <string_view>
 #include <vector>
 
 #include "engine/ogr_geometry.h"
@@ -54,13 +55,12 @@ Operation BestOperation(const SpatialReferenceRef& from, const SpatialReferenceR
   proj_log_level(context.get(), PJ_LOG_NONE);
   const ProjOwned<PJ> source(proj_create(context.get(), from->Wkt().c_str()));
   const ProjOwned<PJ> target(proj_create(context.get(), to->Wkt().c_str()));
-  const ProjOwned<PJ_OPERATION_FACTORY_CONTEXT> choice(
-      proj_create_operation_factory_context(context.get(), nullptr));
+  const ProjOwned<PJ_OPERATION_FACTORY_CONTEXT> choice(proj_create_operation_factory_context(context.get(), nullptr));
   if (!source || !target || !choice) return {};
   proj_operation_factory_context_set_spatial_criterion(context.get(), choice.get(),
                                                        PROJ_SPATIAL_CRITERION_PARTIAL_INTERSECTION);
-  proj_operation_factory_context_set_grid_availability_use(
-      context.get(), choice.get(), PROJ_GRID_AVAILABILITY_DISCARD_OPERATION_IF_MISSING_GRID);
+  proj_operation_factory_context_set_grid_availability_use(context.get(), choice.get(),
+                                                           PROJ_GRID_AVAILABILITY_DISCARD_OPERATION_IF_MISSING_GRID);
   const std::optional<Envelope> area = InDegrees(from, extent);
   if (area && area->XMin() <= area->XMax() && area->YMin() <= area->YMax()) {
     proj_operation_factory_context_set_area_of_interest(context.get(), choice.get(), area->XMin(), area->YMin(),
@@ -75,21 +75,28 @@ Operation BestOperation(const SpatialReferenceRef& from, const SpatialReferenceR
     const char* pipeline = proj_as_proj_string(context.get(), one.get(), PJ_PROJ_5, nullptr);
     if (pipeline == nullptr) continue;
     const char* name = proj_get_name(one.get());
-    return {name != nullptr ? name : "", pipeline,
-            proj_coordoperation_get_accuracy(context.get(), one.get()),
+    return {name != nullptr ? name : "", pipeline, proj_coordoperation_get_accuracy(context.get(), one.get()),
             proj_coordoperation_has_ballpark_transformation(context.get(), one.get()) != 0};
   }
   return {};
 }
 
+// A reference of a PROJ string has no name of its own.
+constexpr std::string_view kNameless = "unknown";
+
+std::string ShownName(const SpatialReference& reference) {
+  return reference.Name() == kNameless ? "a reference without a name" : "'" + reference.Name() + "'";
+}
+
 std::string ToldOf(const Operation& operation, const SpatialReference& from, const SpatialReference& to) {
-  std::string text = "Shapes are brought from '" + from.Name() + "' to '" + to.Name() + "'";
-  if (!operation.name.empty()) text += " by '" + operation.name + "'";
+  std::string text = "Shapes are brought from " + ShownName(from) + " to " + ShownName(to);
+  if (!operation.name.empty() && operation.name != kNameless) text += " by '" + operation.name + "'";
   if (operation.accuracy > 0.0) text += ", to about " + NumberText(operation.accuracy) + " m";
-  text += "; measured values are those in '" + from.Name() + "'.";
+  text += "; measured values are those in " + (from.Name() == kNameless ? "the first" : ShownName(from)) + ".";
   if (operation.guessed) {
-    text += " No transformation between the two datums is known here: they are taken for the same, which may be wrong "
-            "by hundreds of metres.";
+    text +=
+        " No transformation between the two datums is known here: they are taken for the same, which may be wrong "
+        "by hundreds of metres.";
   }
   return text;
 }
@@ -167,8 +174,9 @@ void CollectLines(const OGRGeometry& shape, std::vector<const OGRSimpleCurve*>& 
 Reprojection::Reprojection(SpatialReferenceRef from, SpatialReferenceRef to, const Envelope& extent)
     : from_(std::move(from)), to_(std::move(to)) {
   if (!from_ || from_->Wkt().empty()) {
-    Raise(kInvalidCall, "Data without a known spatial reference can't be brought to another one: declare theirs "
-                        "first, as with a .prj file.");
+    Raise(kInvalidCall,
+          "Data without a known spatial reference can't be brought to another one: declare theirs "
+          "first, as with a .prj file.");
   }
   const GdalErrorScope errors;
   const OgrReference source = OgrFromReference(*from_);
@@ -178,8 +186,7 @@ Reprojection::Reprojection(SpatialReferenceRef from, SpatialReferenceRef to, con
   if (!operation.pipeline.empty()) options.SetCoordinateOperation(operation.pipeline.c_str(), false);
   way_.reset(OGRCreateCoordinateTransformation(source.get(), target_.get(), options));
   if (!way_) {
-    Raise(kInvalidCall,
-          "There is no way from '" + from_->Name() + "' to '" + to_->Name() + "'" + errors.Quote() + ".");
+    Raise(kInvalidCall, "There is no way from '" + from_->Name() + "' to '" + to_->Name() + "'" + errors.Quote() + ".");
   }
   told_ = ToldOf(operation, *from_, *to_);
 }
@@ -239,8 +246,7 @@ bool Reprojection::IsTornLine(const OGRSimpleCurve& before, const OGRSimpleCurve
     return std::hypot(line.getX(edge + 1) - line.getX(edge), line.getY(edge + 1) - line.getY(edge));
   };
   for (int edge = 0; edge + 1 < before.getNumPoints(); ++edge) {
-    const bool is_long =
-        length(before, edge) > kLongEdge * size_before || length(after, edge) > kLongEdge * size_after;
+    const bool is_long = length(before, edge) > kLongEdge * size_before || length(after, edge) > kLongEdge * size_after;
     if (!is_long) continue;
     x.push_back((before.getX(edge) + before.getX(edge + 1)) / 2.0);
     y.push_back((before.getY(edge) + before.getY(edge + 1)) / 2.0);

@@ -93,7 +93,8 @@ void StampGeoPackage(const std::filesystem::path& file, const std::string& layer
     kept = kept && stamped->SetMetadataItem(line.key, line.value.c_str()) == CE_None;
   }
   dataset.reset();
-  if (!kept || errors.Failed()) RaiseEngineFault("The layer '" + layer + "' doesn't take its stamp" + errors.Quote() + ".");
+  if (!kept || errors.Failed())
+    RaiseEngineFault("The layer '" + layer + "' doesn't take its stamp" + errors.Quote() + ".");
 }
 
 }  // namespace tessarine::engine

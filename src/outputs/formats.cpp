@@ -195,7 +195,6 @@ constexpr std::array kFormats = {
            .kind = 22,
            .writable = true,
            .uniform_shapes = true,
-           .stamp = StampPlace::Description,
            .class_names = kFileName,
            .field_names = kAnyText,
            .parts = kGmlParts},

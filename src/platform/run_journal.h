@@ -91,15 +91,15 @@ class RunJournal {
   std::int64_t other_warnings = 0, other_faults = 0;  ///< of kinds past `kListedKinds`
   bool stopped = false;
   bool failed = false;
-  bool cancelled = false;        ///< the user gave up at a question: nothing was done, and nothing failed
-  std::string failure;           ///< why the run failed, a sentence; empty otherwise
-  Date begin, end;               ///< wall time, for texts
-  double elapsed_seconds = 0.0;  ///< by a clock that nobody sets
-  std::string output_path;       ///< a backslash path of what is on the disk, empty when no output was made
-  SpatialReferenceRef reference;     ///< that the run worked in
-  std::optional<BroughtTo> brought;  ///< nothing where the output is in that reference
-  std::optional<RunSpheroid> spheroid;         ///< nothing where the run measured on no spheroid, or on the reference's
-  std::vector<std::string> planned_fields;     ///< of a run that was only planned: those that it would make or fill
+  bool cancelled = false;                   ///< the user gave up at a question: nothing was done, and nothing failed
+  std::string failure;                      ///< why the run failed, a sentence; empty otherwise
+  Date begin, end;                          ///< wall time, for texts
+  double elapsed_seconds = 0.0;             ///< by a clock that nobody sets
+  std::string output_path;                  ///< a backslash path of what is on the disk, empty when no output was made
+  SpatialReferenceRef reference;            ///< that the run worked in
+  std::optional<BroughtTo> brought;         ///< nothing where the output is in that reference
+  std::optional<RunSpheroid> spheroid;      ///< nothing where the run measured on no spheroid, or on the reference's
+  std::vector<std::string> planned_fields;  ///< of a run that was only planned: those that it would make or fill
   std::vector<std::string> planned_questions;  ///< what it would ask, whole sentences
 
   /// Counts a value that the output holds otherwise. `ValueChange::None` does nothing.

@@ -183,9 +183,7 @@ std::shared_ptr<IFeatureClass> CreateAt(OutputRequest& request, const std::strin
                              request.fields, nullptr, nullptr, "", request.envelope, request.feature_count);
 }
 
-Envelope ExtentOf(const OutputRequest& request) {
-  return request.envelope != nullptr ? *request.envelope : Envelope();
-}
+Envelope ExtentOf(const OutputRequest& request) { return request.envelope != nullptr ? *request.envelope : Envelope(); }
 
 // The reference that a user wants the output in; null where the tool's own is to stay.
 SpatialReferenceRef WishedReference(const RunContext& context, const OutputRequest& request) {

@@ -66,7 +66,8 @@ ExitStatus PrintFormats() {
       "\nNames: the longest name of a field. 64 bit: whole numbers beyond 2,147,483,647. Layers: one file, folder or\n"
       "database holds several. In place: 'calculate' without -o can write into it. Stamp: a layer takes what --stamp "
       "tells\n"
-      "of it. --format takes a name of the table, a driver or an ending.\n\nThis machine's GDAL also writes these; what they keep is found out at each run, and "
+      "of it. --format takes a name of the table, a driver or an ending.\n\nThis machine's GDAL also writes these; "
+      "what they keep is found out at each run, and "
       "--dry-run tells:\n");
   for (const OtherWriter& other : OtherWriters()) {
     fmt::print("  {:<16}{:<24}{}\n", other.driver, other.endings, other.description);

@@ -249,14 +249,15 @@ ExitStatus RunPlanetary(const PlanetaryOptions& options, const char* class_id, M
   const std::shared_ptr<DocumentFeatureLayer> layer = LayerOfSelection(taken, options.source, session, known_layers);
   RefuseSource(place, *layer);
   auto script = make_script(*layer, place);
-  return RunInto(session, class_id, script, output, layer->SpatialReference(),
-                 layer->FeatureClass()->Extent(), options.common);
+  return RunInto(session, class_id, script, output, layer->SpatialReference(), layer->FeatureClass()->Extent(),
+                 options.common);
 }
 
 ExitStatus RunWrap(const WrapOptions& options) {
-  RefuseReference(options.output,
-                  "wrapped longitudes are a matter of the data's own degrees; a box from 0 to 360 or over the edge of the "
-                  "map would be lost in another reference.");
+  RefuseReference(
+      options.output,
+      "wrapped longitudes are a matter of the data's own degrees; a box from 0 to 360 or over the edge of the "
+      "map would be lost in another reference.");
   const bool box_is_given = !options.range.empty() || !options.bounds.empty();
   if (!box_is_given && options.common.document.empty()) throw Refusal(kNeedsBox);
   if (!options.bounds.empty() && SplitAtCommas(options.bounds).size() != 4) {

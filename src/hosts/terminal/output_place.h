@@ -27,9 +27,9 @@ void AddFormatOption(CLI::App& command, OutputOptions& options);
 
 struct NamedOutput {
   OutputPlace place;
-  bool whole_container = false;  ///< the container was named without a layer in it
+  bool whole_container = false;          ///< the container was named without a layer in it
   SpatialReferenceRef wished = nullptr;  ///< that its shapes are brought to; null for that of the tool
-  bool stamp = false;            ///< it tells where it is from
+  bool stamp = false;                    ///< it tells where it is from
 };
 
 enum class Folders { Allowed, Refused };

@@ -10,9 +10,9 @@
 
 namespace tessarine {
 
-/// Runs a tool that writes into `output` with coordinates in `reference`, where the data have this extent. Refuses a name that is taken where nobody can
-/// be asked about it, and a feature dataset in another reference; a geodatabase that can't be opened, too. A
-/// geodatabase that was made for the run and stays empty goes away again.
+/// Runs a tool that writes into `output` with coordinates in `reference`, where the data have this extent. Refuses a
+/// name that is taken where nobody can be asked about it, and a feature dataset in another reference; a geodatabase
+/// that can't be opened, too. A geodatabase that was made for the run and stays empty goes away again.
 [[nodiscard]] ExitStatus RunInto(Session& session, const std::string& class_id, FormScript& script,
                                  const NamedOutput& output, const SpatialReferenceRef& reference,
                                  const Envelope& extent, const CommonOptions& options);

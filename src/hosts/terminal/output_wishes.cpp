@@ -17,9 +17,10 @@ CLI::Option* AddOption(CLI::App& command, OutputOptions& options, const char* he
 }  // namespace
 
 void AddReferenceOption(CLI::App& command, OutputOptions& options) {
-  AddOption(command, options,
-            "Bring the output to this spatial reference: EPSG:3035, ESRI:54009, well-known text, a PROJ string or a .prj "
-            "file. Measures stay those in the reference of the source");
+  AddOption(
+      command, options,
+      "Bring the output to this spatial reference: EPSG:3035, ESRI:54009, well-known text, a PROJ string or a .prj "
+      "file. Measures stay those in the reference of the source");
 }
 
 void AddRefusedReferenceOption(CLI::App& command, OutputOptions& options) {
@@ -29,7 +30,7 @@ void AddRefusedReferenceOption(CLI::App& command, OutputOptions& options) {
 
 void RefuseReference(const OutputOptions& options, const std::string& why) {
   if (options.to.empty()) return;
-  throw Refusal("--to: " + why + " Convert the result with another command, as 'ogr2ogr -t_srs'.");
+  throw Refusal("--to: " + why);
 }
 
 void RefuseUnreachableReference(const NamedOutput& output, const SpatialReferenceRef& own, const Envelope& extent) {

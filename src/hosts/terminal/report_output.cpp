@@ -71,9 +71,8 @@ const char* OutcomeWord(const RunJournal& journal, bool plan_only, bool fault_re
 json SpheroidToJson(const RunJournal& journal) {
   const std::optional<RunSpheroid> spheroid = SpheroidOf(journal);
   if (!spheroid) return nullptr;
-  return {{"name", spheroid->name},
-          {"semi_major_axis", spheroid->semi_major},
-          {"semi_minor_axis", spheroid->semi_minor}};
+  return {
+      {"name", spheroid->name}, {"semi_major_axis", spheroid->semi_major}, {"semi_minor_axis", spheroid->semi_minor}};
 }
 
 // The spheroid beside the reference is the one that was used; what the reference itself says stands in its text.
