@@ -207,6 +207,7 @@ std::shared_ptr<IFeatureClass> WorkedInOwnReference(const std::shared_ptr<IFeatu
     const std::shared_ptr<Fields> fields = FieldsInOwnReference(*target, own, shape_field);
     const DatasetHandle dataset = OpenTarget(worked, work->Path(), work->Path());
     CPLStringList options = LayerOptions(worked);
+    options.SetNameValue("SPATIAL_INDEX", "NO");
     std::vector<std::string> names;
     for (const FieldRef& field : *fields) {
       if (IsAttribute(*field)) names.push_back(field->Name);

@@ -256,6 +256,7 @@ class Readback {
   Readback(GDALDataset& dataset, const Conversion& conversion, TargetFile& file, const OGRFeatureDefn& made,
            RunJournal& notes)
       : layer_(LayerOf(dataset, conversion)), file_(file), kept_(file.Kept()), notes_(notes) {
+    layer_.ResetReading();
     const OGRFeatureDefn& read = *layer_.GetLayerDefn();
     for (const CopyColumn& column : file.Columns()->All()) {
       columns_.push_back(column.target < 0 ? -1 : read.GetFieldIndex(made.GetFieldDefn(column.target)->GetNameRef()));
@@ -265,17 +266,18 @@ class Readback {
     }
   }
 
-  [[nodiscard]] std::int64_t Count() const {
-    std::int64_t count = 0;
-    layer_.ResetReading();
-    while (OGRFeatureUniquePtr(layer_.GetNextFeature())) ++count;
-    layer_.ResetReading();
-    return count;
+  [[nodiscard]] std::string LayerName() const { return layer_.GetName(); }
+
+  /// The rows up to the end, with those that were compared.
+  [[nodiscard]] std::int64_t Count() {
+    while (OGRFeatureUniquePtr(layer_.GetNextFeature())) ++count_;
+    return count_;
   }
 
   void Compare(const MergedRows& merged, const Conversion& conversion) {
     const OGRFeatureUniquePtr row(layer_.GetNextFeature());
     if (!row) return;
+    ++count_;
     const std::int64_t oid = merged.From().OID();
     for (std::size_t index = 0; index < columns_.size(); ++index) {
       if (columns_[index] < 0) continue;
@@ -320,6 +322,7 @@ class Readback {
   TargetFile& file_;
   KeptOfShapes kept_;
   RunJournal& notes_;
+  std::int64_t count_ = 0;
   std::vector<int> columns_;
   std::vector<Result> results_;
 };
@@ -411,14 +414,16 @@ void WriteConversion(const Conversion& conversion, const std::shared_ptr<OgrClas
   const LayerDefinition made = WriteRows(conversion, worked, poll, file, facts, notes, left_out);
   const auto check = [&](GDALDataset& dataset) {
     Readback readback(dataset, conversion, file, *made, notes);
+    facts.layer = readback.LayerName();
+    if (!format.reorders) {
+      MergedRows merged(conversion, worked);
+      for (std::size_t row = 0; merged.Next(); ++row) {
+        poll();
+        if (!left_out[row]) readback.Compare(merged, conversion);
+      }
+    }
     RequireAllRows(facts, readback.Count());
     notes.written = facts.rows;
-    if (format.reorders) return;
-    MergedRows merged(conversion, worked);
-    for (std::size_t row = 0; merged.Next(); ++row) {
-      poll();
-      if (!left_out[row]) readback.Compare(merged, conversion);
-    }
   };
   if (format.server) {
     file.EndRows();

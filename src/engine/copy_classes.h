@@ -27,6 +27,7 @@ struct CopyFacts {
   std::vector<std::string> foretold;
   std::vector<LeftOutRecords> left_out;      ///< records of the source that no class holds
   std::int64_t rows = 0;                     ///< that it must hold
+  std::string layer;                         ///< as a file of its own calls it, once it is whole
   std::optional<std::int32_t> planned_rows;  ///< of a copy that is only planned: the source's
   std::filesystem::path scratch;             ///< the folder of such a one, which goes with it
 };

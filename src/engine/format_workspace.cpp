@@ -71,6 +71,11 @@ class NewConvertedClass final : private PlannedFacts,
   NewConvertedClass& operator=(const NewConvertedClass&) = delete;
 
   [[nodiscard]] std::string FullName() const override { return Facts().full_name; }
+  // Some formats have to be read as a whole for it; the rows were counted when it was published.
+  [[nodiscard]] std::int32_t FeatureCount(const QueryFilter* filter) const override {
+    return filter == nullptr && !work_ ? static_cast<std::int32_t>(Facts().rows)
+                                       : OgrFeatureClass::FeatureCount(filter);
+  }
   [[nodiscard]] const PlannedClass& Planned() const override { return Plan(); }
   [[nodiscard]] const RunJournal* Notes() const override { return &Facts().notes; }
   [[nodiscard]] std::vector<std::string> Foretold() const override { return Plan().foretold; }
@@ -99,13 +104,7 @@ class NewConvertedClass final : private PlannedFacts,
  private:
   void MoveToTarget() {
     const std::string path = conversion_.target.string();
-    std::string layer = conversion_.layer;
-    const esriGeometryType kind = ShapeType();
-    if (!conversion_.format->container) {
-      const DatasetHandle dataset = OpenDatasetAt(path, false);
-      if (dataset->GetLayerCount() > 0) layer = dataset->GetLayer(0)->GetName();
-    }
-    const auto published = std::make_shared<OgrSource>(path, path, layer, kind);
+    const auto published = std::make_shared<OgrSource>(path, path, Facts().layer, ShapeType());
     published->Renew();
     MoveTo(published);
   }
@@ -257,6 +256,8 @@ class FormatWorkspace final : public IFeatureWorkspace, public IClassPlanner {
       columns.AddField(own);
     }
     NameOwnColumns(format, names, options);
+    // What is only worked on is read from end to end.
+    if (kind == esriGeometryNull) options.SetNameValue("SPATIAL_INDEX", "NO");
     return CreateLayer(dataset, {request.name, &columns, request.shape_field}, options,
                        kind == esriGeometryNull ? LayerShapes::Any : LayerShapes::Multiple);
   }

@@ -76,7 +76,8 @@ void OgrRow::SetShape(const GeometryRef& shape) {
 
 void OgrRow::StoreShape() const {
   if (!shape_changed_) return;
-  const auto* point = dynamic_cast<const Point*>(shape_.get());
+  const bool is_point = shape_ && shape_->GeometryType() == esriGeometryPoint;
+  const auto* point = is_point ? dynamic_cast<const Point*>(shape_.get()) : nullptr;
   if (point != nullptr && !point->IsEmpty()) {
     OGRGeometry* standing = feature_->GetGeometryRef();
     if (standing != nullptr && standing->getGeometryType() == wkbPoint) {

@@ -260,17 +260,29 @@ GeometryRef ShapeFromOgr(const OGRGeometry* geometry, esriGeometryType type, con
 
 std::unique_ptr<OGRGeometry> OgrFromShape(const IGeometry& shape, bool curves_allowed) {
   if (shape.IsEmpty()) return nullptr;
-  if (const auto* point = dynamic_cast<const Point*>(&shape)) return std::make_unique<OGRPoint>(point->X(), point->Y());
-  if (const auto* points = dynamic_cast<const Multipoint*>(&shape)) {
-    auto result = std::make_unique<OGRMultiPoint>();
-    for (const XY xy : points->Vertices()) result->addGeometryDirectly(new OGRPoint(xy.x, xy.y));
-    return result;
-  }
-  if (const auto* line = dynamic_cast<const Polyline*>(&shape)) {
-    return LinesOf(*line, curves_allowed && line->HasCurves());
-  }
-  if (const auto* area = dynamic_cast<const Polygon*>(&shape)) {
-    return AreasOf(*area, curves_allowed && area->HasCurves());
+  // Casts are dear here: each is tried only where it will do.
+  switch (shape.GeometryType()) {
+    case esriGeometryPoint: {
+      const auto& point = dynamic_cast<const Point&>(shape);
+      return std::make_unique<OGRPoint>(point.X(), point.Y());
+    }
+    case esriGeometryMultipoint: {
+      auto result = std::make_unique<OGRMultiPoint>();
+      for (const XY xy : dynamic_cast<const Multipoint&>(shape).Vertices()) {
+        result->addGeometryDirectly(new OGRPoint(xy.x, xy.y));
+      }
+      return result;
+    }
+    case esriGeometryPolyline: {
+      const auto& line = dynamic_cast<const Polyline&>(shape);
+      return LinesOf(line, curves_allowed && line.HasCurves());
+    }
+    case esriGeometryPolygon: {
+      const auto& area = dynamic_cast<const Polygon&>(shape);
+      return AreasOf(area, curves_allowed && area.HasCurves());
+    }
+    default:
+      break;
   }
   Raise(kTypeMismatch, "Only points, multipoints, polylines and polygons can be stored.");
 }
@@ -289,6 +301,9 @@ bool HasFinitePositions(const OGRGeometry& shape) {
    public:
     bool finite = true;
     using OGRDefaultConstGeometryVisitor::visit;
+    // Without a call for each vertex.
+    void visit(const OGRLineString* line) override { LookAlong(*line); }
+    void visit(const OGRLinearRing* ring) override { LookAlong(*ring); }
     void visit(const OGRPoint* point) override {
       finite = finite && std::isfinite(point->getX()) && std::isfinite(point->getY());
     }
@@ -296,6 +311,13 @@ bool HasFinitePositions(const OGRGeometry& shape) {
     void visit(const OGRMultiPoint* points) override {
       for (const OGRPoint* point : *points) {
         if (!point->IsEmpty()) visit(point);
+      }
+    }
+
+   private:
+    void LookAlong(const OGRSimpleCurve& line) {
+      for (int index = 0; finite && index < line.getNumPoints(); ++index) {
+        finite = std::isfinite(line.getX(index)) && std::isfinite(line.getY(index));
       }
     }
   } look;
