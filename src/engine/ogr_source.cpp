@@ -2,6 +2,7 @@
 #include "engine/ogr_source.h"
 
 #include <cpl_conv.h>
+#include <cpl_vsi_error.h>
 
 #include <filesystem>
 #include <map>
@@ -77,6 +78,21 @@ void FileChanged(const std::string& native_path) {
   ForgetReadingWarnings(native_path);
 }
 
+namespace {
+
+// What a store on the web says of a file, as that nobody told it who asks; GDAL keeps it apart from its own errors.
+std::string StoreComplaint(const std::string& native_path) {
+  const GdalErrorScope quiet;
+  VSIErrorReset();
+  VSIStatBufL status;
+  const bool stands =
+      VSIStatExL(native_path.c_str(), &status, VSI_STAT_EXISTS_FLAG | VSI_STAT_SET_ERROR_FLAG) == 0;
+  const std::string text = !stands && VSIGetLastErrorNo() != 0 ? VSIGetLastErrorMsg() : "";
+  return text.empty() ? "" : " (the store says: " + text + ")";
+}
+
+}  // namespace
+
 DatasetHandle OpenDatasetAt(const std::string& native_path, bool update) {
   RegisterDrivers();
   ReadingScope errors;
@@ -98,7 +114,8 @@ DatasetHandle OpenDatasetAt(const std::string& native_path, bool update) {
                      errors.Quote() + ": make the file, its '-journal' beside it and their folder writable.");
   }
   if (IsRemoteSource(native_path)) {
-    RaiseEngineFault("'" + native_path + "' can't be opened" + errors.Quote() +
+    const std::string own = StoreComplaint(native_path);
+    RaiseEngineFault("'" + native_path + "' can't be opened" + (own.empty() ? errors.Quote() : own) +
                      ": check the address, the rights, and what stands there.");
   }
   if (!fs::exists(native_path)) {

@@ -15,6 +15,7 @@
 #include "hosts/terminal/passwords.h"
 #include "hosts/terminal/pipes.h"
 #include "hosts/terminal/refusal.h"
+#include "hosts/terminal/report_output.h"
 #include "platform/fault.h"
 #include "platform/paths.h"
 #include "platform/run_journal.h"
@@ -51,6 +52,53 @@ bool IsFolder(const std::string& text) {
   return text.ends_with('/') || (fs::is_directory(text, error) && FormatOfPath(text) == nullptr);
 }
 
+// The source's name as a part of a file's.
+std::string PlainName(const std::string& source) {
+  std::string path, layer;
+  if (source == kPipe) {
+    path = "stdin.geojsonl";
+  } else {
+    SplitSource(source, path, layer);
+  }
+  while (path.size() > 1 && path.ends_with('/')) path.pop_back();
+  std::string name = layer.empty() ? fs::path(path).stem().string() : layer;
+  for (char& c : name) {
+    if (c == '/' || c == ':') c = '_';
+  }
+  return name;
+}
+
+/// Names that are all different, in whatever case.
+class FreeNames {
+ public:
+  std::string For(const std::string& source) {
+    const std::string name = PlainName(source);
+    std::string free = name;
+    for (int number = 2; !taken_.insert(LowerCase(free)).second; ++number) free = name + "_" + std::to_string(number);
+    return free;
+  }
+
+ private:
+  std::set<std::string> taken_;
+};
+
+/// A report for each source: "r.json" becomes "r_roads.json" and so on.
+class ReportNames {
+ public:
+  explicit ReportNames(std::string report_file) : report_file_(std::move(report_file)) {}
+
+  std::string For(const std::string& source) {
+    if (report_file_.empty()) return "";
+    const fs::path file = report_file_;
+    const std::string name = file.stem().string() + "_" + names_.For(source) + file.extension().string();
+    return (file.parent_path() / name).string();
+  }
+
+ private:
+  std::string report_file_;
+  FreeNames names_;
+};
+
 /// Names for the outputs in a folder.
 class FolderNames {
  public:
@@ -62,20 +110,11 @@ class FolderNames {
 
   OutputOptions For(const std::string& source) {
     if (output_.text.empty()) return output_;
-    std::string path, layer;
-    if (source == kPipe) {
-      path = "stdin.geojsonl";
-    } else {
-      SplitSource(source, path, layer);
-    }
+    std::string path = "stdin.geojsonl", layer;
+    if (source != kPipe) SplitSource(source, path, layer);
     while (path.size() > 1 && path.ends_with('/')) path.pop_back();
     const std::string ending = EndingFor(path);
-    std::string name = layer.empty() ? fs::path(path).stem().string() : layer;
-    for (char& c : name) {
-      if (c == '/' || c == ':') c = '_';
-    }
-    std::string free = name;
-    for (int number = 2; !taken_.insert(LowerCase(free)).second; ++number) free = name + "_" + std::to_string(number);
+    const std::string free = names_.For(source);
     const Format* format = FormatOfPath(ending);
     const bool names_class = format != nullptr && format->folder;
     OutputOptions own = output_;
@@ -96,14 +135,15 @@ class FolderNames {
   }
 
   const OutputOptions& output_;
-  std::set<std::string> taken_;
+  FreeNames names_;
 };
 
 SourceOutcome RunOne(const std::string& source, FolderNames& names, const CommonOptions& common,
-                     const RunOnSource& run) {
+                     const std::string& report_file, const RunOnSource& run) {
   SourceOutcome outcome{source, "failed", "", 0, 0, ExitStatus::Failed};
   CommonOptions own = common;
   own.quiet = true;
+  own.report_file = report_file;
   RunJournal journal;
   own.on_outcome = [&](const RunJournal& ended) { journal = ended; };
   try {
@@ -155,15 +195,14 @@ ExitStatus RunOverSources(const std::vector<std::string>& sources, const OutputO
   if (!output.text.empty() && !IsFolder(output.text)) {
     throw Refusal("-o " + output.text + ": several sources go into a folder: name one that exists.");
   }
-  if (!common.report_file.empty()) {
-    throw Refusal("--report is for one source: several print one table. Send standard output to a file instead.");
-  }
+  CheckReportFile(common.report_file);
   if (std::ranges::count(sources, std::string(kPipe)) > 1) throw Refusal("Standard input can be named once.");
   FolderNames names(output);
+  ReportNames reports(common.report_file);
   std::vector<SourceOutcome> outcomes;
   for (const std::string& source : sources) {
     if (WasInterrupted()) break;
-    outcomes.push_back(RunOne(source, names, common, run));
+    outcomes.push_back(RunOne(source, names, common, reports.For(source), run));
     const SourceOutcome& outcome = outcomes.back();
     std::fflush(stderr);
     if (common.quiet) continue;

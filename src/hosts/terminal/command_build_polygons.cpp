@@ -31,6 +31,7 @@ struct BuildOptions {
   SourceOptions lines;
   SourceOptions labels;
   OutputOptions output;
+  std::vector<std::string> sources;  ///< one
   std::optional<std::string> tolerance;
   std::vector<std::string> label_fields;
   std::string label_choice;
@@ -94,6 +95,10 @@ class BuildParamsScript final : public FormScript {
 };
 
 ExitStatus RunBuildPolygons(const BuildOptions& options) {
+  if (options.sources.size() > 1) {
+    throw Refusal("'build-polygons' builds from the lines of one layer, and " + std::to_string(options.sources.size()) +
+                  " sources were named. Put the lines into one layer first, or run it for each.");
+  }
   CheckReportFile(options.common.report_file);
   if (options.tolerance) (void)ToleranceText(*options.tolerance);
   const NamedOutput output = ParseOutput(options.output, Folders::Allowed);
@@ -137,7 +142,7 @@ void AddLabelOptions(CLI::App& command, BuildOptions& options) {
 void AddBuildPolygonsCommand(CLI::App& program, ChosenCommand& chosen) {
   auto options = std::make_shared<BuildOptions>();
   CLI::App& command = *program.add_subcommand(kCommand, "One polygon for each region that lines bound together");
-  command.add_option("lines", options->lines.source, std::string("The lines. ") + kSourceHelp)->required();
+  command.add_option("lines", options->sources, std::string("The lines. ") + kSourceHelp)->required();
   command
       .add_option("-o,--output", options->output.text, std::string("The new class, or a folder for it: ") + kOutputHelp)
       ->required();
@@ -151,6 +156,7 @@ void AddBuildPolygonsCommand(CLI::App& program, ChosenCommand& chosen) {
   command.footer(std::string("Example:\n  ") + kExample);
   command.callback([&chosen, options] {
     options->common.command_line = chosen.command_line;
+    options->lines.source = options->sources.front();
     chosen.run = [options] { return RunBuildPolygons(*options); };
   });
 }
