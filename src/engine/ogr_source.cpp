@@ -85,8 +85,7 @@ std::string StoreComplaint(const std::string& native_path) {
   const GdalErrorScope quiet;
   VSIErrorReset();
   VSIStatBufL status;
-  const bool stands =
-      VSIStatExL(native_path.c_str(), &status, VSI_STAT_EXISTS_FLAG | VSI_STAT_SET_ERROR_FLAG) == 0;
+  const bool stands = VSIStatExL(native_path.c_str(), &status, VSI_STAT_EXISTS_FLAG | VSI_STAT_SET_ERROR_FLAG) == 0;
   const std::string text = !stands && VSIGetLastErrorNo() != 0 ? VSIGetLastErrorMsg() : "";
   return text.empty() ? "" : " (the store says: " + text + ")";
 }

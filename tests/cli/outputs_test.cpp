@@ -86,11 +86,14 @@ double SizeOf(const OGRGeometry& shape) {
   return curve != nullptr ? curve->get_Length() : 0.0;
 }
 
-std::vector<ReadRow> ReadRows(const std::string& path, const std::vector<std::string>& fields) {
+std::vector<ReadRow> ReadRows(const std::string& path, const std::vector<std::string>& fields,
+                              const char* name = nullptr) {
   std::vector<ReadRow> rows;
   const auto data = OpenData(path);
   if (data == nullptr || data->GetLayerCount() == 0) return rows;
-  OGRLayer& layer = *data->GetLayer(0);
+  OGRLayer* const found = name == nullptr ? data->GetLayer(0) : data->GetLayerByName(name);
+  if (found == nullptr) return rows;
+  OGRLayer& layer = *found;
   for (const auto& feature : layer) {
     ReadRow row;
     for (const std::string& field : fields) {
@@ -161,6 +164,11 @@ class EveryTool : public ProgramTest, public ::testing::WithParamInterface<ToolR
   // The run adds its layer to the document.
   EveryTool() { std::filesystem::copy_file(Data("graphics.json"), In("graphics.json")); }
 
+  // Some of the tools read lines.
+  void MakeLines() const {
+    if (!GetParam().arguments[1].starts_with('%')) return;
+    ASSERT_EQ(RunTessarine({"to-polylines", Data("countries.shp"), "-o", In("lines.shp"), "-q"}).status, 0);
+  }
   ProgramOutcome Run(const std::string& output, const std::vector<std::string>& more) const {
     std::vector<std::string> arguments;
     for (std::string word : GetParam().arguments) {
@@ -183,10 +191,28 @@ class EveryTool : public ProgramTest, public ::testing::WithParamInterface<ToolR
   }
 };
 
-TEST_P(EveryTool, WritesTheSameIntoEveryFormat) {
-  if (GetParam().arguments[1].starts_with('%')) {
-    ASSERT_EQ(RunTessarine({"to-polylines", Data("countries.shp"), "-o", In("lines.shp"), "-q"}).status, 0);
+TEST_P(EveryTool, WritesTheSameIntoATableOfAServer) {
+  const char* connection = std::getenv("TESSARINE_POSTGRES");
+  if (connection == nullptr) GTEST_SKIP() << "TESSARINE_POSTGRES names no server";
+  const std::string server = "PG:" + std::string(connection), place = server + ":tessarine_tool";
+  MakeLines();
+  const std::vector<std::string> names = PlannedFields(In("base.gpkg"));
+  ASSERT_EQ(Run(In("base.gpkg"), {}).status, 0);
+  const std::vector<ReadRow> base = ReadRows(In("base.gpkg"), names);
+  ASSERT_FALSE(base.empty());
+  const ProgramOutcome run = Run(place, {"--overwrite"});
+  ASSERT_EQ(run.status, 0) << run.err;
+  const std::vector<ReadRow> rows = ReadRows(server, names, "tessarine_tool");
+  ASSERT_EQ(rows.size(), base.size());
+  for (std::size_t index = 0; index < rows.size(); ++index) {
+    ASSERT_EQ(Difference(base[index], rows[index], Tolerance()), "") << index;
   }
+  GDALDatasetUniquePtr data(GDALDataset::Open(server.c_str(), GDAL_OF_VECTOR | GDAL_OF_UPDATE));
+  data->ExecuteSQL("DROP TABLE tessarine_tool", nullptr, nullptr);
+}
+
+TEST_P(EveryTool, WritesTheSameIntoEveryFormat) {
+  MakeLines();
   const std::vector<std::string> names = PlannedFields(In("base.shp"));
   ASSERT_FALSE(names.empty());
   ASSERT_EQ(Run(In("base.shp"), {}).status, 0);

@@ -193,5 +193,36 @@ TEST_F(Sources, OutputsOfSeveralSourcesBearTheirNames) {
   EXPECT_FALSE(fs::exists(In("one.gpkg")));
 }
 
+TEST_F(Sources, EachOfSeveralSourcesHasAReport) {
+  fs::create_directories(In("out"));
+  WriteFile(In("cities.gpkg"), "rubbish");
+  const std::vector<std::string> sources = {"wrap", Data("cities.shp"), In("cities.gpkg"), Data("countries.shp")};
+  std::vector<std::string> arguments = sources;
+  arguments.insert(arguments.end(), {"--range", "360", "-q", "-o", In("out"), "-r", In("r.json")});
+  EXPECT_EQ(RunTessarine(arguments).status, 1);
+  EXPECT_EQ(nlohmann::json::parse(ReadFile(In("r_cities.json")))["records"]["read"], 243);
+  EXPECT_EQ(nlohmann::json::parse(ReadFile(In("r_countries.json")))["records"]["read"], 177);
+  EXPECT_FALSE(fs::exists(In("r.json")));
+  EXPECT_FALSE(fs::exists(In("r_cities_2.json")));
+  arguments.back() = In("r.xyz");
+  EXPECT_EQ(RunTessarine(arguments).status, 2);
+}
+
+TEST_F(Sources, PolygonsAreBuiltOfOneSource) {
+  const ProgramOutcome run =
+      RunTessarine({"build-polygons", Data("disputed_borders.shp"), Data("disputed_borders.shp"), "-o", In("o.shp")});
+  EXPECT_EQ(run.status, 2);
+  EXPECT_THAT(run.err, HasSubstr("builds from the lines of one layer, and 2 sources were named"));
+}
+
+TEST_F(Sources, AStoreThatAsksForAKeyIsQuoted) {
+  for (const char* variable : {"AWS_SECRET_ACCESS_KEY", "AWS_NO_SIGN_REQUEST", "AZURE_STORAGE_ACCOUNT"}) {
+    if (std::getenv(variable) != nullptr) GTEST_SKIP() << variable << " is set";
+  }
+  const ProgramOutcome run = RunTessarine({"centroids", "/vsiaz/box/roads.gpkg", "-o", In("o.gpkg")});
+  EXPECT_EQ(run.status, 2);
+  EXPECT_THAT(run.err, HasSubstr("AZURE_STORAGE_ACCOUNT"));
+}
+
 }  // namespace
 }  // namespace tessarine::testing
