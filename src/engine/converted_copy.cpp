@@ -23,6 +23,7 @@ constexpr const char* kMoved =
     "The shape lies a little beside the source's: the format keeps coordinates with fewer digits.";
 constexpr const char* kNoPlace = "The shape lies where it can't be brought to longitudes and latitudes.";
 constexpr const char* kNoPlaceWithoutShape = "The format keeps no record without a shape: this one isn't in the copy.";
+const std::string kRowLost = "The format doesn't take the record with its shape: this one isn't in the copy.";
 const std::string kShapeLost = "The format doesn't keep the shape.";
 
 // A field that the run has added.
@@ -109,7 +110,8 @@ class TargetFile {
     return !conversion_.format->needs_shapes || (shape != nullptr && !shape->IsEmpty());
   }
 
-  void Write(const MergedRows& merged, RunJournal& notes) {
+  /// False, which the notes tell, where the format doesn't take the record at all.
+  [[nodiscard]] bool Write(const MergedRows& merged, RunJournal& notes) {
     const std::int64_t oid = merged.From().OID();
     OgrRow row(traits_, OgrFeatureHandle(OGRFeature::CreateFeature(layer_->GetLayerDefn())));
     const std::vector<CopyColumn>& columns = columns_->All();
@@ -131,7 +133,7 @@ class TargetFile {
     } else if (has_shape) {
       notes.NoteFault(RecordFault(kRowRefused, kNoPlace), oid);
     }
-    Store(feature, oid, notes);
+    return Store(feature, oid, notes);
   }
 
   /// Brings the shape of the record to the reference that the output shall be in. False, which the notes tell, where it
@@ -149,8 +151,8 @@ class TargetFile {
   void MakeTable() {
     const GdalErrorScope errors;
     if (layer_->GetFeatureCount(1) < 0 || errors.Failed()) {
-      RaiseEngineFault("The table '" + conversion_.layer + "' can't be made" + errors.Quote() +
-                       ": check the schema and the rights.");
+      Raise(kInvalidCall, "The table '" + conversion_.layer + "' can't be made" + errors.Quote() +
+                              ": check the schema and the rights.");
     }
   }
 
@@ -213,17 +215,21 @@ class TargetFile {
   }
 
   // A shape that the format doesn't take costs the record its shape alone.
-  void Store(OGRFeature& feature, std::int64_t oid, RunJournal& notes) {
+  bool Store(OGRFeature& feature, std::int64_t oid, RunJournal& notes) {
     if (conversion_.format->finite_numbers) NullUnlessFinite(feature);
     if (conversion_.format->clean_texts) RemoveControls(feature);
     GdalErrorScope errors;
     if (TryToStore(feature, errors)) {
       if (!errors.Text().empty()) notes.NoteWarning("GDAL says: " + errors.Text(), oid);
-      return;
+      return true;
     }
     const std::string quote = errors.Quote(), complaint = errors.Text();
     const std::unique_ptr<OGRGeometry> shape(feature.StealGeometry());
     errors.Clear();
+    if (shape && conversion_.format->needs_shapes && complaint.find("geometry type") != std::string::npos) {
+      notes.NoteFault(RecordFault(kRowRefused, kRowLost + quote), oid);
+      return false;
+    }
     if (!shape || conversion_.format->needs_shapes || !TryToStore(feature, errors)) {
       RaiseEngineFault("Row " + std::to_string(oid) + " can't be written to '" + conversion_.shown.string() + "'" +
                        quote + WayOut(path_.string(), complaint));
@@ -231,6 +237,7 @@ class TargetFile {
     if (!shape->IsEmpty()) {
       notes.NoteFault(RecordFault(kRowRefused, kShapeLost + quote), oid);
     }
+    return true;
   }
 
   bool TryToStore(OGRFeature& feature, const GdalErrorScope& errors) {
@@ -382,15 +389,23 @@ LayerDefinition WriteRows(const Conversion& conversion, const std::shared_ptr<Og
     poll();
     const bool has_place = file.Bring(merged, notes);
     left_out.push_back(!has_place);
-    if (has_place && file.Takes(merged)) {
-      file.Write(merged, notes);
-      continue;
-    }
+    const bool takes = has_place && file.Takes(merged);
+    if (takes && file.Write(merged, notes)) continue;
     --facts.rows;
-    if (!has_place) continue;
+    left_out.back() = true;
+    if (!has_place || takes) continue;
     notes.NoteFault(RecordFault(kRowRefused, kNoPlaceWithoutShape), merged.From().OID());
   }
   return KeptDefinition(file.Layer());
+}
+
+// Some drivers don't tell that a disk is full.
+DatasetHandle OpenWritten(const fs::path& path, const fs::path& shown) {
+  try {
+    return OpenDatasetAt(path.string(), false);
+  } catch (const Fault&) {
+    RaiseEngineFault("'" + shown.string() + "' can't be read again when it is written" + WayOut(path.string(), ""));
+  }
 }
 
 }  // namespace
@@ -431,7 +446,7 @@ void WriteConversion(const Conversion& conversion, const std::shared_ptr<OgrClas
     file.Close();
   } else {
     file.Close();
-    check(*OpenDatasetAt(staged->Path().string(), false));
+    check(*OpenWritten(staged->Path(), conversion.shown));
   }
   worked->Source()->Renew();
   if (staged) staged->Publish(enters ? StagedOutput::Standing::Replace : conversion.standing);

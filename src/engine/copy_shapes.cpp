@@ -55,6 +55,19 @@ void TurnRings(OGRGeometry& shape) {
   for (OGRPolygon* polygon : *shape.toMultiPolygon()) TurnRings(*polygon);
 }
 
+// The library counts shapes of plain lines as ones of curves; a layer of one kind doesn't.
+std::unique_ptr<OGRGeometry> AsCurves(std::unique_ptr<OGRGeometry> shape, OGRwkbGeometryType flat) {
+  if (!shape) return shape;
+  const OGRwkbGeometryType own = OGR_GT_Flatten(shape->getGeometryType());
+  if (own == wkbMultiPolygon && flat == wkbMultiSurface) {
+    return std::unique_ptr<OGRGeometry>(OGRMultiPolygon::CastToMultiSurface(shape.release()->toMultiPolygon()));
+  }
+  if (own == wkbMultiLineString && flat == wkbMultiCurve) {
+    return std::unique_ptr<OGRGeometry>(OGRMultiLineString::CastToMultiCurve(shape.release()->toMultiLineString()));
+  }
+  return shape;
+}
+
 struct TypeRow {
   esriGeometryType kind;
   OGRwkbGeometryType single, multiple, single_curve, multiple_curve;
@@ -119,6 +132,8 @@ OGRwkbGeometryType LayerTypeFor(OGRwkbGeometryType declared, esriGeometryType ki
 std::unique_ptr<OGRGeometry> FitShape(std::unique_ptr<OGRGeometry> shape, OGRwkbGeometryType type, const Format& format,
                                       std::int64_t oid, RunJournal& notes) {
   if (!shape) return shape;
+  const bool takes_lines_alone = OGR_GT_Flatten(type) != wkbUnknown && OGR_GT_IsNonLinear(type) == 0;
+  if (takes_lines_alone && shape->hasCurveGeometry() != 0) shape.reset(shape->getLinearGeometry());
   if (format.clockwise) TurnRings(*shape);
   if (format.uniform_shapes && !shape->IsEmpty()) {
     if (OGR_GT_HasZ(type) != 0 && shape->Is3D() == 0) {
@@ -144,7 +159,8 @@ std::unique_ptr<OGRGeometry> FitShape(std::unique_ptr<OGRGeometry> shape, OGRwkb
   const bool curves = OGR_GT_IsNonLinear(shape->getGeometryType()) != 0;
   if (is_multiple && curves == (OGR_GT_IsNonLinear(type) != 0)) return shape;
   const OGRwkbGeometryType own = OGR_GT_SetModifier(OGR_GT_Flatten(type), shape->Is3D(), shape->IsMeasured());
-  return std::unique_ptr<OGRGeometry>(OGRGeometryFactory::forceTo(shape.release(), own));
+  shape.reset(OGRGeometryFactory::forceTo(shape.release(), own));
+  return format.one_kind ? AsCurves(std::move(shape), OGR_GT_Flatten(type)) : std::move(shape);
 }
 
 KeptOfShapes WhatIsKept(OGRLayer& layer, const Format& format) {
@@ -154,7 +170,8 @@ KeptOfShapes WhatIsKept(OGRLayer& layer, const Format& format) {
 }
 
 OGRwkbGeometryType KeptType(OGRwkbGeometryType type, const KeptOfShapes& kept) {
-  return OGR_GT_SetModifier(type, kept.z && OGR_GT_HasZ(type) != 0, kept.m && OGR_GT_HasM(type) != 0);
+  const OGRwkbGeometryType lines = kept.curves ? type : OGR_GT_GetLinear(type);
+  return OGR_GT_SetModifier(lines, kept.z && OGR_GT_HasZ(type) != 0, kept.m && OGR_GT_HasM(type) != 0);
 }
 
 std::vector<std::string> ForetoldOfShapes(OGRwkbGeometryType declared, const ShapeFacts& facts,

@@ -50,7 +50,7 @@ struct KeptOfShapes {
   bool curves = false, z = false, m = false;
 };
 [[nodiscard]] KeptOfShapes WhatIsKept(OGRLayer& layer, const Format& format);
-/// The type without the heights and measures that aren't kept.
+/// The type without the curves, heights and measures that aren't kept.
 [[nodiscard]] OGRwkbGeometryType KeptType(OGRwkbGeometryType type, const KeptOfShapes& kept);
 
 /// What the new layer can't keep of the shapes of the source, sentence by sentence.

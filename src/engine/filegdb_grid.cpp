@@ -25,6 +25,8 @@ constexpr double kLengthOrigin = -2147483647.0;
 constexpr double kLengthScale = 1e4;
 // Nothing is known of unit and extent: as wide as for lengths, and a tenth of a second where they are degrees.
 constexpr double kUnknownScale = 1e6;
+// One shape that lies beyond all reason must not make the steps of all others so wide; its own record is refused then.
+constexpr double kLeastScale = 1e-3;
 // A turn of longitudes, at least.
 constexpr double kLeastRoom = 400.0;
 
@@ -62,6 +64,7 @@ std::optional<NewGrid> GridFor(const Envelope& extent, GridUnit unit) {
   double scale = unit == GridUnit::kLength ? kLengthScale : kDegreeScale;
   const double x_origin = std::floor(wide.XMin()), y_origin = std::floor(wide.YMin());
   while (scale > 0.0 && !Fits({x_origin, y_origin, scale}, wide)) scale /= 10.0;
+  if (scale < kLeastScale) return GridFor({}, unit);
   return MakeGrid(x_origin, y_origin, scale);
 }
 

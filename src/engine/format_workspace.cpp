@@ -83,6 +83,9 @@ class NewConvertedClass final : private PlannedFacts,
   void Publish() override {
     if (!work_) Raise(kInvalidCall, "'" + Name() + "' was published or given up already.");
     const auto self = std::dynamic_pointer_cast<OgrClass>(shared_from_this());
+    // Nothing may own itself, whatever ends the writing.
+    const auto let_go = [this](void*) { conversion_.source.reset(); };
+    const std::unique_ptr<void, decltype(let_go)> own(this, let_go);
     conversion_.source = self;
     // A run that was stopped publishes what it has done.
     const bool stopped = StopRequested();
@@ -91,7 +94,6 @@ class NewConvertedClass final : private PlannedFacts,
     });
     Facts().rows = static_cast<std::int64_t>(conversion_.shapes.oids.size());
     WriteConversion(conversion_, self, Facts());
-    conversion_.source.reset();
     MoveToTarget();
     work_.reset();
   }

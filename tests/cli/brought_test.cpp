@@ -229,6 +229,31 @@ TEST_F(Brought, CopiesKeepHeightsAndMeasuresAndValuesThatARunOverwrites) {
   }
 }
 
+TEST_F(Brought, OneOddRecordCostsNoOther) {
+  MakeLayer("s.gpkg", {{"plain", "POLYGON ((0 0,1 0,1 1,0 0))"},
+                       {"two", "MULTIPOLYGON (((2 2,3 2,3 3,2 2)),((5 5,6 5,6 6,5 5)))"},
+                       {"arc", "CURVEPOLYGON (CIRCULARSTRING (10 10,11 11,12 10,11 9,10 10))"},
+                       {"far", "POLYGON ((0 0,1e308 0,1 1,0 0))"}});
+  for (const std::string place : {"o.shp", "o.fgb", "o.gdb/o", "o.sqlite"}) {
+    const std::string file = In(place.substr(0, place.find('/')));
+    ASSERT_EQ(Run({"calculate", "%s.gpkg", "-m", "Sph. Area=AREA"}, In(place), "").status, 1) << place;
+    const auto areas = Values(file, "", "name", "AREA");
+    for (const char* name : {"plain", "two", "arc"}) {
+      ASSERT_EQ(areas.count(name), 1U) << place << name;
+      EXPECT_GT(std::stod(areas.at(name)), 1e9) << place << name;
+    }
+    const auto data = OpenData(file);
+    double size = 0.0;
+    for (const auto& row : *data->GetLayer(0)) {
+      const OGRGeometry* shape = row->GetGeometryRef();
+      if (row->GetFieldAsString("name") == std::string("arc")) size = OGR_G_Area(const_cast<OGRGeometry*>(shape));
+    }
+    EXPECT_NEAR(size, std::numbers::pi, 0.01) << place;
+  }
+  ASSERT_EQ(Run({"split", "%s.gpkg", "-a"}, In("p.gdb/p"), "").status, 1);
+  EXPECT_EQ(Values(In("p.gdb"), "", "name", "name").size(), 3U);
+}
+
 TEST_F(Brought, RefusedWhereItWouldMeanNothing) {
   MakeLayer("unknown.gpkg", {{"a", "POLYGON ((0 0,1 0,1 1,0 0))"}}, "");
   struct Row {

@@ -406,6 +406,7 @@ TEST_F(Outputs, ATableOfAServerIsMadeInOneStep) {
   EXPECT_THAT(secret.out + secret.err, AllOf(HasSubstr("password=***"), Not(HasSubstr("geheim"))));
   EXPECT_EQ(Centroids(table, {"-n", "--overwrite"}).status, 0);
   EXPECT_EQ(Centroids(server + ":nowhere.centroids").status, 2);
+  EXPECT_EQ(Calculate(Data("cities.shp"), server + ":nowhere.cities").status, 2);
   const ProgramOutcome itself = RunTessarine({"wrap", table, "--range", "360", "-q", "--overwrite", "-o", table});
   EXPECT_EQ(itself.status, 2);
   EXPECT_THAT(itself.err, HasSubstr("is read by this run"));

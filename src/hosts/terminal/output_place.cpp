@@ -130,11 +130,14 @@ class OutputText {
 
   // "town.gpkg" of "town.gpkg:roads"; nothing where the text isn't of this form.
   [[nodiscard]] std::size_t FindColon() const {
-    const std::size_t colon = text_.rfind(':');
-    if (colon == std::string::npos || colon == 0) return std::string::npos;
-    const bool asked = format_ != nullptr && format_->container;
-    return asked || (format_ == nullptr && ContainerFormat(text_.substr(0, colon)) != nullptr) ? colon
-                                                                                               : std::string::npos;
+    const std::size_t last = text_.rfind(':');
+    if (last == std::string::npos || last == 0) return std::string::npos;
+    if (format_ != nullptr) return format_->container ? last : std::string::npos;
+    // Layers may have colons in their names.
+    for (std::size_t colon = text_.find(':'); colon != std::string::npos; colon = text_.find(':', colon + 1)) {
+      if (colon > 0 && ContainerFormat(text_.substr(0, colon)) != nullptr) return colon;
+    }
+    return std::string::npos;
   }
 
   [[nodiscard]] NamedOutput In(const fs::path& container, const std::vector<std::string>& rest) const {

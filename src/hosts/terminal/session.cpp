@@ -59,11 +59,25 @@ ExitStatus Session::Run(const std::string& command_id, FormScript* script) {
   if (!options_.report_file.empty()) RefuseReportOverData();
   host_.SetScript(script);
   bool enabled = true;
-  if (!UnlessStopped([&] { enabled = application_->Click(command_id); })) host_.Journal().stopped = true;
+  if (!UnlessStopped([&] { enabled = application_->Click(command_id); })) NoteStop();
   status_bar_->HideProgressBar();
   if (!enabled) throw Refusal("This command is disabled: the document's host is too old for it.");
   if (host_.AnswerRefused()) throw *host_.AnswerRefused();
   return Conclude();
+}
+
+// A run that was stopped where it can't tell of it itself, as while its output is put together.
+void Session::NoteStop() {
+  RunJournal& journal = host_.Journal();
+  journal.stopped = true;
+  if (!journal.output_path.empty()) return;
+  journal.written = 0;
+  if (host_.Report()) return;
+  host_.SetReport(
+      "{\\rtf1\\ansi{\\fonttbl{\\f0\\fswiss Arial;}}\\pard\\qc\\b\\f0\\fs16 Run Stopped:\\par\r\n\\pard\\b0 The run "
+      "was "
+      "stopped before its output was whole. Nothing of it is kept, and what stood in its place is as it "
+      "was.\\par\r\n}");
 }
 
 ExitStatus Session::EndEarly(const std::string& report) {

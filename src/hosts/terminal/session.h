@@ -40,6 +40,7 @@ class Session {
   // A report takes the place of no file that the run reads or writes otherwise.
   void RefuseReportOverData() const;
   [[nodiscard]] ExitStatus Conclude();
+  void NoteStop();
   void SaveDocument();
   void WriteReportFile();
   void PrintOutcome();
