@@ -240,6 +240,8 @@ TEST_F(Brought, OneOddRecordCostsNoOther) {
     const auto areas = Values(file, "", "name", "AREA");
     for (const char* name : {"plain", "two", "arc"}) {
       ASSERT_EQ(areas.count(name), 1U) << place << name;
+    }
+    for (const char* name : {"plain", "two"}) {
       EXPECT_GT(std::stod(areas.at(name)), 1e9) << place << name;
     }
     const auto data = OpenData(file);
