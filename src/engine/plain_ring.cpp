@@ -4,42 +4,32 @@
 #include <algorithm>
 #include <vector>
 
-#include "engine/turn.h"
+#include "engine/ring_sweep.h"
 #include "platform/run_stop.h"
 
 namespace tessarine::engine {
 namespace {
 
-struct Side {
-  XY from, to;
+// Pairs of sides above each other that are compared, for each side, before the sweep takes over. Rings of the field
+// stay far below.
+constexpr std::size_t kMostPairs = 64;
+
+struct SpannedSide {
+  RingSide side;
   double xmin, xmax;
-  std::size_t index;
 };
 
-bool MayMeet(const Side& first, const Side& second) {
-  if (std::max(first.from.y, first.to.y) < std::min(second.from.y, second.to.y)) return false;
-  if (std::max(second.from.y, second.to.y) < std::min(first.from.y, first.to.y)) return false;
-  if (Turn(first.from, first.to, second.from) * Turn(first.from, first.to, second.to) > 0) return false;
-  return Turn(second.from, second.to, first.from) * Turn(second.from, second.to, first.to) <= 0;
-}
-
-// Neighbours share a vertex; more only when the second runs back on the first.
-bool FoldsBack(XY before, XY shared, XY after) {
-  const double along = (before.x - shared.x) * (after.x - shared.x) + (before.y - shared.y) * (after.y - shared.y);
-  return along > 0.0 && Turn(before, shared, after) == 0;
-}
-
-bool Meet(const Side& first, const Side& second, std::size_t count) {
-  if ((first.index + 1) % count == second.index) return FoldsBack(first.from, first.to, second.to);
-  if ((second.index + 1) % count == first.index) return FoldsBack(second.from, second.to, first.to);
-  return MayMeet(first, second);
+// Kept, because most rings are small, and many.
+std::vector<SpannedSide>& SidesOfThread() {
+  thread_local std::vector<SpannedSide> sides;
+  return sides;
 }
 
 }  // namespace
 
 bool IsPlainRing(std::span<const XY> ring) {
   if (ring.size() < 4 || ring.front() != ring.back()) return false;
-  thread_local std::vector<Side> sides;
+  std::vector<SpannedSide>& sides = SidesOfThread();
   sides.clear();
   const std::size_t count = ring.size() - 1;
   StopPoll poll;
@@ -47,14 +37,16 @@ bool IsPlainRing(std::span<const XY> ring) {
     poll();
     const XY from = ring[at], to = ring[at + 1];
     if (from == to) return false;
-    sides.push_back({from, to, std::min(from.x, to.x), std::max(from.x, to.x), at});
+    sides.push_back({{from, to, at}, std::min(from.x, to.x), std::max(from.x, to.x)});
   }
-  std::ranges::sort(sides, {}, &Side::xmin);
+  std::ranges::sort(sides, {}, &SpannedSide::xmin);
+  std::size_t pairs = 0;
   for (auto first = sides.begin(); first != sides.end(); ++first) {
     poll();
     for (auto second = first + 1; second != sides.end() && second->xmin <= first->xmax; ++second) {
+      if (++pairs > kMostPairs * count) return !MeetsItself(ring);
       poll();
-      if (Meet(*first, *second, count)) return false;
+      if (SidesMeet(first->side, second->side, count)) return false;
     }
   }
   return true;

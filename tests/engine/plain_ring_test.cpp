@@ -6,8 +6,11 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 #include <random>
 #include <vector>
+
+#include "engine/ring_sweep.h"
 
 namespace tessarine {
 namespace {
@@ -37,12 +40,50 @@ TEST(PlainRing, AgreesWithGeosOnRingsOfASmallGrid) {
     if (ring.size() < 4 || ring[ring.size() - 2] == ring.front()) continue;
     const bool answer = engine::IsPlainRing(ring);
     ASSERT_EQ(answer, IsValidForGeos(geos, ring)) << "round " << round;
+    ASSERT_EQ(engine::MeetsItself(ring), !answer) << "round " << round;
     (answer ? plain : other) += 1;
   }
   GEOS_finish_r(geos);
   EXPECT_GT(plain, 5000);
   EXPECT_GT(other, 5000);
   EXPECT_FALSE(engine::IsPlainRing({}));
+}
+
+// A spine at the left with teeth that reach far over each other, turned by an angle.
+std::vector<XY> Comb(int teeth, double angle) {
+  std::vector<XY> ring{{0, -1}, {-1, -1}, {-1, 2.0 * teeth}, {0, 2.0 * teeth}};
+  for (int tooth = teeth - 1; tooth >= 0; --tooth) {
+    const double y = 2.0 * tooth;
+    ring.insert(ring.end(), {{0, y + 1.5}, {5000, y + 1.0}, {5000, y + 0.5}, {0, y}});
+  }
+  ring.push_back(ring.front());
+  for (XY& vertex : ring) {
+    vertex = {vertex.x * std::cos(angle) - vertex.y * std::sin(angle),
+              vertex.x * std::sin(angle) + vertex.y * std::cos(angle)};
+  }
+  return ring;
+}
+
+TEST(PlainRing, TellsCombsWhoseTeethLieAboveEachOther) {
+  constexpr int kTeeth = 1000;
+  for (const double angle : {0.0, 0.7, 1.5707963267948966, 3.9}) {
+    const std::vector<XY> comb = Comb(kTeeth, angle);
+    EXPECT_TRUE(engine::IsPlainRing(comb)) << angle;
+    for (const std::size_t spoilt : {std::size_t{5}, std::size_t{2001}, comb.size() - 4}) {
+      const XY near = comb[(spoilt + 402) % comb.size()], far = comb[(spoilt + 405) % comb.size()];
+      const struct {
+        const char* name;
+        XY place;
+      } rows[] = {{"in the midst of another tooth", {(near.x + far.x) / 2.0, (near.y + far.y) / 2.0}},
+                  {"on a vertex far away", comb[(spoilt + 2000) % comb.size()]},
+                  {"back on the vertex before the last", comb[spoilt - 2]}};
+      for (const auto& row : rows) {
+        std::vector<XY> ring = comb;
+        ring[spoilt] = row.place;
+        EXPECT_FALSE(engine::IsPlainRing(ring)) << row.name << " at " << spoilt << ", turned by " << angle;
+      }
+    }
+  }
 }
 
 }  // namespace
