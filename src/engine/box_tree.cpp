@@ -62,4 +62,67 @@ BoxTree::BoxTree(const std::vector<Box>& boxes) : levels_(1) {
   }
 }
 
+// Takes rectangles out of a tree, each once.
+class BoxTree::Flood {
+ public:
+  explicit Flood(const BoxTree& tree) : tree_(tree) {
+    for (const std::vector<Box>& level : tree.levels_) left_.emplace_back(level.size(), 0U);
+    std::ranges::fill(left_.front(), 1U);
+    for (std::size_t level = 1; level < left_.size(); ++level) {
+      for (std::size_t at = 0; at < left_[level - 1].size(); ++at)
+        left_[level][at / kNodeCapacity] += left_[level - 1][at];
+    }
+  }
+
+  [[nodiscard]] bool Holds(std::size_t place) const { return left_.front()[place] != 0; }
+
+  void Take(std::size_t place) {
+    for (std::size_t level = 0; level < left_.size(); ++level, place /= kNodeCapacity) --left_[level][place];
+  }
+
+  /// Takes those that meet a rectangle and appends their places in the lowest level.
+  void TakeMeeting(const Box& box, std::vector<std::size_t>& taken) {
+    const std::size_t before = taken.size();
+    Find(left_.size() - 1, 0, left_.back().size(), box, taken);
+    for (std::size_t at = before; at < taken.size(); ++at) Take(taken[at]);
+  }
+
+ private:
+  void Find(std::size_t level, std::size_t begin, std::size_t end, const Box& box, std::vector<std::size_t>& found) {
+    for (std::size_t at = begin; at < end; ++at) {
+      if (left_[level][at] == 0 || !tree_.levels_[level][at].Meets(box)) continue;
+      if (level == 0) {
+        found.push_back(at);
+      } else {
+        Find(level - 1, at * kNodeCapacity, tree_.EndOfNode(level, at), box, found);
+      }
+    }
+  }
+
+  const BoxTree& tree_;
+  std::vector<std::vector<std::uint32_t>> left_;  // how many are left below each node
+};
+
+std::vector<std::uint32_t> BoxTree::ConnectedGroups() const {
+  std::vector<std::size_t> place_of(numbers_.size());
+  for (std::size_t place = 0; place < numbers_.size(); ++place) place_of[numbers_[place]] = place;
+  std::vector<std::uint32_t> groups(numbers_.size());
+  Flood flood(*this);
+  std::uint32_t group = 0;
+  std::vector<std::size_t> reached;
+  for (const std::size_t start : place_of) {
+    if (!flood.Holds(start)) continue;
+    flood.Take(start);
+    reached.assign(1, start);
+    for (std::size_t at = 0; at < reached.size(); ++at) {
+      EndIfStopped();
+      groups[numbers_[reached[at]]] = group;
+      const Box box = levels_.front()[reached[at]];
+      flood.TakeMeeting(box, reached);
+    }
+    ++group;
+  }
+  return groups;
+}
+
 }  // namespace tessarine::engine

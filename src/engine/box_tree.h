@@ -51,8 +51,21 @@ class BoxTree {
   /// Calls `visit(first, second)` once for each pair of different rectangles that meet.
   template <class Visit>
   void Pairs(Visit&& visit) const {
-    if (!levels_.front().empty()) VisitWithin(levels_.size() - 1, 0, levels_.back().size(), visit);
+    static_cast<void>(PairsWhile([&](std::uint32_t first, std::uint32_t second) {
+      visit(first, second);
+      return true;
+    }));
   }
+
+  /// The same until `visit` returns false; false then.
+  template <class Visit>
+  [[nodiscard]] bool PairsWhile(Visit&& visit) const {
+    return levels_.front().empty() || VisitWithin(levels_.size() - 1, 0, levels_.back().size(), visit);
+  }
+
+  /// A number for each rectangle, the same for those that meet directly or through others; the groups are numbered in
+  /// the order of their first members. Costs n log n, also where all meet.
+  [[nodiscard]] std::vector<std::uint32_t> ConnectedGroups() const;
 
  private:
   static constexpr std::size_t kNodeCapacity = 8;
@@ -74,31 +87,34 @@ class BoxTree {
   }
 
   template <class Visit>
-  void VisitWithin(std::size_t level, std::size_t begin, std::size_t end, Visit& visit) const {
+  bool VisitWithin(std::size_t level, std::size_t begin, std::size_t end, Visit& visit) const {
     EndIfStopped();
     for (std::size_t first = begin; first < end; ++first) {
-      if (level > 0) VisitWithin(level - 1, first * kNodeCapacity, EndOfNode(level, first), visit);
+      if (level > 0 && !VisitWithin(level - 1, first * kNodeCapacity, EndOfNode(level, first), visit)) return false;
       for (std::size_t second = first + 1; second < end; ++second) {
-        if (levels_[level][first].Meets(levels_[level][second])) VisitBetween(level, first, second, visit);
+        if (!levels_[level][first].Meets(levels_[level][second])) continue;
+        if (!VisitBetween(level, first, second, visit)) return false;
       }
     }
+    return true;
   }
 
   // The pairs of one rectangle below the first node and one below the second.
   template <class Visit>
-  void VisitBetween(std::size_t level, std::size_t first, std::size_t second, Visit& visit) const {
-    if (level == 0) {
-      visit(numbers_[first], numbers_[second]);
-      return;
-    }
+  bool VisitBetween(std::size_t level, std::size_t first, std::size_t second, Visit& visit) const {
+    if (level == 0) return visit(numbers_[first], numbers_[second]);
     EndIfStopped();
     for (std::size_t a = first * kNodeCapacity; a < EndOfNode(level, first); ++a) {
       if (!levels_[level - 1][a].Meets(levels_[level][second])) continue;
       for (std::size_t b = second * kNodeCapacity; b < EndOfNode(level, second); ++b) {
-        if (levels_[level - 1][a].Meets(levels_[level - 1][b])) VisitBetween(level - 1, a, b, visit);
+        if (!levels_[level - 1][a].Meets(levels_[level - 1][b])) continue;
+        if (!VisitBetween(level - 1, a, b, visit)) return false;
       }
     }
+    return true;
   }
+
+  class Flood;
 
   std::vector<std::uint32_t> numbers_;    // of the rectangles, in the order of the lowest level
   std::vector<std::vector<Box>> levels_;  // the rectangles, then the nodes above them

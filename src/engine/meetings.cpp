@@ -2,6 +2,7 @@
 #include "engine/meetings.h"
 
 #include <cmath>
+#include <limits>
 
 #include "engine/turn.h"
 #include "platform/run_stop.h"
@@ -10,34 +11,135 @@ namespace tessarine::engine {
 namespace {
 
 constexpr std::size_t kRunLength = 8;
+// Pairs of runs that are compared, for each run, before it is worth while to look for fans.
+constexpr std::size_t kMostPairs = 256;
+
+// The spokes of a fan as runs of one segment each.
+struct SpokeList {
+  std::vector<Run> runs;
+  std::vector<Box> boxes;
+  BoxTree tree;
+  Box all;
+};
+
+std::vector<SpokeList> SpokesOf(const std::vector<Fan>& fans, const std::vector<const XY*>& starts) {
+  std::vector<SpokeList> lists(fans.size());
+  for (std::size_t fan = 0; fan < fans.size(); ++fan) {
+    SpokeList& list = lists[fan];
+    for (const Fan::Spoke& spoke : fans[fan].spokes) {
+      const XY* start = starts[spoke.segment];
+      list.runs.push_back({start, spoke.segment, 1});
+      list.boxes.push_back(Box::Of(start[0], start[1]));
+      list.all.Add(list.boxes.back());
+    }
+    list.tree = BoxTree(list.boxes);
+  }
+  return lists;
+}
+
+// The first vertex of each segment.
+std::vector<const XY*> StartsOf(const LineList& lines) {
+  std::vector<const XY*> starts;
+  for (const std::vector<XY>& line : lines) {
+    for (std::size_t at = 0; at + 1 < line.size(); ++at) starts.push_back(line.data() + at);
+  }
+  return starts;
+}
 
 }  // namespace
 
+// The runs between two vertices of a line; the numbers go on from the last run's.
+void RunList::Append(const std::vector<XY>& line, std::size_t from, std::size_t to) {
+  for (std::size_t at = from; at < to; at += kRunLength) {
+    const auto count = static_cast<std::uint32_t>(std::min(kRunLength, to - at));
+    runs.push_back({line.data() + at, segment_count, count});
+    Box box = Box::Of(line[at]);
+    for (std::size_t step = 1; step <= count; ++step) box.Add(Box::Of(line[at + step]));
+    boxes.push_back(box);
+    segment_count += count;
+  }
+}
+
 RunList::RunList(const LineList& lines) {
   for (const std::vector<XY>& line : lines) {
-    for (std::size_t at = 0; at + 1 < line.size(); at += kRunLength) {
-      const auto count = static_cast<std::uint32_t>(std::min(kRunLength, line.size() - 1 - at));
-      runs.push_back({line.data() + at, segment_count, count});
-      Box box = Box::Of(line[at]);
-      for (std::size_t step = 1; step <= count; ++step) box.Add(Box::Of(line[at + step]));
-      boxes.push_back(box);
-      segment_count += count;
+    if (!line.empty()) Append(line, 0, line.size() - 1);
+  }
+}
+
+RunList::RunList(const LineList& lines, const std::vector<char>& apart) {
+  for (const std::vector<XY>& line : lines) {
+    for (std::size_t at = 0; at + 1 < line.size();) {
+      std::size_t end = at;
+      while (end + 1 < line.size() && apart[segment_count + (end - at)] == 0) ++end;
+      Append(line, at, end);
+      for (at = end; at + 1 < line.size() && apart[segment_count] != 0; ++at) ++segment_count;
     }
   }
 }
 
 Meetings::Meetings(const LineList& lines, const Moved& moved) : moved_(moved), list_(lines) {
   inexact_.resize(list_.segment_count, 0);
+  if (!LookAtAll(kMostPairs * list_.runs.size())) {
+    cuts_.clear();
+    std::ranges::fill(inexact_, 0);
+    unsure_ = false;
+    LookBeside(FindFans(lines), lines);
+  }
+  std::ranges::stable_sort(cuts_, {}, &Cut::segment);
+}
+
+// False when that are more pairs than told.
+bool Meetings::LookAtAll(std::size_t most_pairs) {
   StopPoll poll;
   for (const Run& run : list_.runs) {
     poll();
     if (moved_.Any(run)) MeetWithin(run);
   }
-  BoxTree(list_.boxes).Pairs([&](std::uint32_t first, std::uint32_t second) {
+  return BoxTree(list_.boxes).PairsWhile([&](std::uint32_t first, std::uint32_t second) {
+    if (most_pairs-- == 0) return false;
     poll();
-    if (moved_.Any(list_.runs[first]) || moved_.Any(list_.runs[second])) MeetBetween(first, second);
+    if (moved_.Any(list_.runs[first]) || moved_.Any(list_.runs[second])) {
+      MeetBetween(list_.runs[first], list_.runs[second], list_.boxes[second]);
+    }
+    return true;
   });
-  std::ranges::stable_sort(cuts_, {}, &Cut::segment);
+}
+
+// Spokes of one fan aren't compared with each other but where they leave the hub the same way.
+void Meetings::LookBeside(const std::vector<Fan>& fans, const LineList& lines) {
+  const std::vector<const XY*> starts = StartsOf(lines);
+  const auto side_of = [&](std::uint32_t segment) { return Side{starts[segment][0], starts[segment][1], segment}; };
+  std::vector<char> apart(starts.size(), 0);
+  StopPoll poll;
+  for (const Fan& fan : fans) {
+    for (const Fan::Spoke& spoke : fan.spokes) apart[spoke.segment] = 1;
+    for (const auto& [first, second] : fan.Overlapping()) {
+      poll();
+      Look(side_of(first), side_of(second));
+    }
+  }
+  list_ = RunList(lines, apart);
+  static_cast<void>(LookAtAll(std::numeric_limits<std::size_t>::max()));
+  const std::vector<SpokeList> lists = SpokesOf(fans, starts);
+  const BoxTree others(list_.boxes);
+  std::vector<Box> boxes;
+  for (const SpokeList& list : lists) {
+    boxes.push_back(list.all);
+    others.Meeting(list.all, [&](std::uint32_t other) {
+      list.tree.Meeting(list_.boxes[other], [&](std::uint32_t spoke) {
+        poll();
+        MeetBetween(list_.runs[other], list.runs[spoke], list.boxes[spoke]);
+      });
+    });
+  }
+  BoxTree(boxes).Pairs([&](std::uint32_t first, std::uint32_t second) {
+    for (std::size_t spoke = 0; spoke < lists[first].runs.size(); ++spoke) {
+      lists[second].tree.Meeting(lists[first].boxes[spoke], [&](std::uint32_t other) {
+        poll();
+        Look(lists[first].runs[spoke].SideAt(0), lists[second].runs[other].SideAt(0));
+      });
+    }
+  });
 }
 
 void Meetings::MeetWithin(const Run& run) {
@@ -46,12 +148,11 @@ void Meetings::MeetWithin(const Run& run) {
   }
 }
 
-void Meetings::MeetBetween(std::uint32_t first, std::uint32_t second) {
-  for (std::uint32_t at = 0; at < list_.runs[first].count; ++at) {
-    const Side side = list_.runs[first].SideAt(at);
-    if (!Box::Of(side.from, side.to).Meets(list_.boxes[second])) continue;
-    for (std::uint32_t other = 0; other < list_.runs[second].count; ++other)
-      Look(side, list_.runs[second].SideAt(other));
+void Meetings::MeetBetween(const Run& first, const Run& second, const Box& box_of_second) {
+  for (std::uint32_t at = 0; at < first.count; ++at) {
+    const Side side = first.SideAt(at);
+    if (!Box::Of(side.from, side.to).Meets(box_of_second)) continue;
+    for (std::uint32_t other = 0; other < second.count; ++other) Look(side, second.SideAt(other));
   }
 }
 

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "engine/box_tree.h"
+#include "engine/fans.h"
 #include "engine/noding.h"
 
 namespace tessarine::engine {
@@ -43,6 +44,11 @@ struct RunList {
   std::uint32_t segment_count = 0;
 
   explicit RunList(const LineList& lines);
+  /// Only the segments without a mark in `apart`; their numbers stay.
+  RunList(const LineList& lines, const std::vector<char>& apart);
+
+ private:
+  void Append(const std::vector<XY>& line, std::size_t from, std::size_t to);
 };
 
 /// Which segments rounding has moved. Only these can have new crossings; at first, all count as moved.
@@ -79,8 +85,10 @@ class Meetings {
   [[nodiscard]] bool IsInexact(std::uint32_t segment) const { return inexact_[segment] != 0; }
 
  private:
+  bool LookAtAll(std::size_t most_pairs);
+  void LookBeside(const std::vector<Fan>& fans, const LineList& lines);
   void MeetWithin(const Run& run);
-  void MeetBetween(std::uint32_t first, std::uint32_t second);
+  void MeetBetween(const Run& first, const Run& second, const Box& box_of_second);
   void Look(const Side& a, const Side& b);
   void CutAt(const Side& side, XY place);
   void Cross(const Side& a, const Side& b);

@@ -9,6 +9,8 @@
 namespace tessarine::engine {
 namespace {
 
+constexpr std::ptrdiff_t kFewAround = 16;  // edges that are sorted faster by inserting them
+
 struct Visit {
   XY place;
   std::uint32_t vertex;  // among the vertices of all lines
@@ -104,15 +106,18 @@ void PlanarGraph::DropBridges() {
 void PlanarGraph::SortAround(std::uint32_t place, std::uint32_t* begin, std::uint32_t* end) const {
   if (end - begin < 2) return;
   const XY center = places_[place];
+  const auto comes_first = [&](std::uint32_t a, std::uint32_t b) {
+    const bool a_lower = (a & 1U) != 0, b_lower = (b & 1U) != 0;
+    return a_lower != b_lower ? b_lower : Turn(center, places_[ToOf(b)], places_[ToOf(a)]) < 0;
+  };
+  if (end - begin > kFewAround) {
+    std::stable_sort(begin, end, comes_first);
+    return;
+  }
   for (std::uint32_t* at = begin + 1; at < end; ++at) {
     const std::uint32_t half = *at;
-    const bool lower = (half & 1U) != 0;
     std::uint32_t* to = at;
-    for (; to > begin; --to) {
-      const bool other_lower = (to[-1] & 1U) != 0;
-      if (lower != other_lower ? lower : Turn(center, places_[ToOf(to[-1])], places_[ToOf(half)]) >= 0) break;
-      *to = to[-1];
-    }
+    for (; to > begin && comes_first(half, to[-1]); --to) *to = to[-1];
     *to = half;
   }
 }

@@ -9,6 +9,7 @@
 #include <numbers>
 #include <random>
 
+#include "engine/distinct_pieces.h"
 #include "engine/geos_bridge.h"
 #include "engine/near_lines.h"
 #include "engine/planar_areas.h"
@@ -149,6 +150,77 @@ TEST(Noded, AFanLosesNoSliver) {
   EXPECT_GE(faces.size(), 44U);
   EXPECT_TRUE(AllValid(faces));
   EXPECT_NEAR(AreaOf(faces), 1.0, 1e-13);
+}
+
+void AppendSpokes(XY hub, double reach, int count, LineList& lines) {
+  for (int number = 0; number < count; ++number) {
+    const double angle = 2.0 * std::numbers::pi * (number + 0.3) / count;
+    const XY tip{hub.x + reach * std::cos(angle), hub.y + reach * std::sin(angle)};
+    if (number % 2 == 0) {
+      lines.push_back({hub, tip});
+    } else {
+      lines.push_back({tip, hub});
+    }
+  }
+}
+
+// The same by GEOS: the number of faces, and their area.
+std::pair<int, double> FacesOfGeos(const LineList& lines) {
+  std::vector<GeosGeometry> members;
+  for (const std::vector<XY>& line : lines) members.push_back(LineToGeos(line));
+  const GeosGeometry noded =
+      Checked(GEOSUnaryUnion_r(Geos(), CollectionToGeos(GEOS_MULTILINESTRING, std::move(members)).get()));
+  const GEOSGeometry* const input = noded.get();
+  const GeosGeometry faces = Checked(GEOSPolygonize_r(Geos(), &input, 1));
+  double area = 0.0;
+  GEOSArea_r(Geos(), faces.get(), &area);
+  return {GEOSGetNumGeometries_r(Geos(), faces.get()), area};
+}
+
+// So many spokes that they aren't compared with each other.
+TEST(Noded, StarsHaveTheFacesThatGeosFinds) {
+  LineList spokes;
+  AppendSpokes({0, 0}, 100.0, 700, spokes);
+  LineList ring = spokes;
+  ring.push_back({});
+  for (int number = 0; number <= 40; ++number) {
+    const double angle = 2.0 * std::numbers::pi * (number % 40) / 40.0;
+    ring.back().push_back({60.0 * std::cos(angle), 60.0 * std::sin(angle)});
+  }
+  LineList two_stars = ring;
+  AppendSpokes({90, 20}, 30.0, 70, two_stars);
+  LineList zigzag = two_stars;  // from the hub to a circle and back
+  zigzag.push_back({});
+  for (int number = 0; number < 200; ++number) {
+    zigzag.back().push_back({0, 0});
+    zigzag.back().push_back({80.0 * std::cos(number * 0.0313), 80.0 * std::sin(number * 0.0313)});
+  }
+  const struct {
+    const char* name;
+    const LineList& lines;
+  } rows[] = {{"star", spokes}, {"star and ring", ring}, {"two stars and a ring", two_stars}, {"zigzag", zigzag}};
+  for (const auto& row : rows) {
+    const LineList noded = Noded(row.lines);
+    const AreaList faces = FacesBetween(noded);
+    const auto [count, area] = FacesOfGeos(row.lines);
+    EXPECT_EQ(std::ssize(faces), count) << row.name;
+    EXPECT_NEAR(AreaOf(faces), area, 1e-9) << row.name;
+  }
+}
+
+// Spokes on each other are cut where the shorter ones end.
+TEST(Noded, SpokesThatLieOnEachOtherShareTheirPieces) {
+  LineList lines;
+  AppendSpokes({0, 0}, 64.0, 700, lines);
+  for (const double reach : {16.0, 48.0, 32.0, 48.0}) lines.push_back({{0, 0}, {0, reach}});
+  lines.push_back({{0, 64}, {0, 0}});
+  double length = 0.0;
+  for (const std::vector<XY>& piece : DistinctPieces(Noded(lines))) {
+    for (std::size_t at = 1; at < piece.size(); ++at) {
+      length += std::hypot(piece[at].x - piece[at - 1].x, piece[at].y - piece[at - 1].y);
+    }
+  }
+  EXPECT_NEAR(length, 701 * 64.0, 1e-9);
 }
 
 }  // namespace
