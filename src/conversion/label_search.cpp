@@ -7,15 +7,29 @@
 
 #include "conversion/layer_choices.h"
 #include "platform/fault.h"
+#include "platform/finite_shape.h"
+#include "platform/run_stop.h"
 #include "support/MyGeneralOperations.h"
 
 namespace tessarine {
 namespace {
 
-double DistanceTo(XY center, const IFeature& feature) {
-  const auto point = Cast<Point>(feature.Shape());
-  const double dx = Require(point, "IPoint")->X() - center.x, dy = point->Y() - center.y;
+double Distance(XY a, XY b) {
+  const double dx = a.x - b.x, dy = a.y - b.y;
   return std::sqrt(dx * dx + dy * dy);
+}
+
+// Nothing for a point without a place, and for one whose shape can't be read.
+std::optional<XY> PlaceOf(const IFeature& feature) {
+  GeometryRef shape;
+  try {
+    shape = feature.Shape();
+  } catch (const Fault&) {
+    return std::nullopt;
+  }
+  if (!shape || shape->IsEmpty() || !HasOnlyFiniteCoordinates(*shape)) return std::nullopt;
+  const auto point = Cast<Point>(shape);
+  return Require(point, "IPoint")->Coordinates();
 }
 
 }  // namespace
@@ -24,13 +38,24 @@ LabelSearch::LabelSearch(const std::shared_ptr<IFeatureLayer>& layer, bool all_p
                          const SpatialReferenceRef& polygons)
     : points_(Require(layer, "point layer")->FeatureClass()), first_point_(first_point) {
   if (!all_points) selection_ = Require(SelectionOf(layer), "SelectionSet");
-  const SpatialReferenceRef own = Require(points_, "FeatureClass")->SpatialReference();
-  if (!MyGeneralOperations::CompareSpatialReferences(own, polygons)) reference_ = own;
+  own_ = Require(points_, "FeatureClass")->SpatialReference();
+  if (!MyGeneralOperations::CompareSpatialReferences(own_, polygons)) reference_ = own_;
+  ReadPoints();
 }
 
-std::shared_ptr<IFeatureCursor> LabelSearch::PointsIn(const QueryFilter& filter) const {
-  if (!selection_) return points_->Search(&filter, true);
-  return Cast<IFeatureCursor>(selection_->Search(&filter, true));
+std::shared_ptr<IFeatureCursor> LabelSearch::AllPoints() const {
+  if (!selection_) return points_->Search(nullptr, true);
+  return Cast<IFeatureCursor>(selection_->Search(nullptr, true));
+}
+
+void LabelSearch::ReadPoints() {
+  std::vector<NumberedPoint> points;
+  const std::shared_ptr<IFeatureCursor> cursor = Require(AllPoints(), "cursor");
+  while (const std::shared_ptr<IFeature> feature = cursor->NextFeature()) {
+    EndIfStopped();
+    if (const std::optional<XY> place = PlaceOf(*feature)) points.push_back({*place, feature->OID()});
+  }
+  tree_ = PointTree(std::move(points));
 }
 
 std::shared_ptr<IFeature> LabelSearch::Find(const Polygon& polygon) const {
@@ -44,31 +69,20 @@ std::shared_ptr<IFeature> LabelSearch::Find(const Polygon& polygon) const {
     region->Project(reference_);
     if (!first_point_) center.Project(reference_);
   }
-  QueryFilter filter;
-  filter.Geometry = region;
-  const std::shared_ptr<IFeatureCursor> cursor = PointsIn(filter);
-  return first_point_ ? First(*cursor) : Nearest(*cursor, center.Coordinates());
-}
-
-std::shared_ptr<IFeature> LabelSearch::First(IFeatureCursor& hits) const {
-  std::optional<std::int64_t> winner;
-  while (const std::shared_ptr<IFeature> feature = hits.NextFeature()) {
-    if (!winner || feature->OID() < *winner) winner = feature->OID();
-  }
-  return winner ? points_->GetFeature(*winner) : nullptr;
-}
-
-std::shared_ptr<IFeature> LabelSearch::Nearest(IFeatureCursor& hits, XY center) const {
+  if (region->IsEmpty()) return nullptr;
   struct Candidate {
     double distance;
     std::int64_t oid;
     auto operator<=>(const Candidate&) const = default;
   };
   std::optional<Candidate> winner;
-  while (const std::shared_ptr<IFeature> feature = hits.NextFeature()) {
-    const Candidate candidate{DistanceTo(center, *feature), feature->OID()};
-    if (!winner || candidate < *winner) winner = candidate;
-  }
+  tree_.Within(region->Envelope(), [&](const NumberedPoint& point) {
+    const Candidate candidate{first_point_ ? 0.0 : Distance(point.place, center.Coordinates()), point.oid};
+    if (winner && *winner <= candidate) return;
+    Point place(point.place);
+    place.SetSpatialReference(own_);
+    if (!region->Disjoint(place)) winner = candidate;
+  });
   return winner ? points_->GetFeature(winner->oid) : nullptr;
 }
 

@@ -4,6 +4,7 @@
 
 #include <memory>
 
+#include "conversion/point_tree.h"
 #include "platform/data.h"
 #include "platform/map.h"
 
@@ -11,7 +12,8 @@ namespace tessarine {
 
 class LabelSearch {
  public:
-  /// Looks among all points of the layer, or the selected ones. `polygons` is the reference of the polygons.
+  /// Looks among all points of the layer, or the selected ones, which are read once. `polygons` is the reference of the
+  /// polygons. Raises `RunStopped`.
   LabelSearch(const std::shared_ptr<IFeatureLayer>& layer, bool all_points, bool first_point,
               const SpatialReferenceRef& polygons);
 
@@ -21,16 +23,15 @@ class LabelSearch {
   [[nodiscard]] std::shared_ptr<IFeature> Find(const Polygon& polygon) const;
 
  private:
-  [[nodiscard]] std::shared_ptr<IFeatureCursor> PointsIn(const QueryFilter& filter) const;
-  // A database gives the points that lie in a polygon in the order of its index. What counts is the order of the rows,
-  // which their identifiers tell.
-  [[nodiscard]] std::shared_ptr<IFeature> First(IFeatureCursor& hits) const;
-  [[nodiscard]] std::shared_ptr<IFeature> Nearest(IFeatureCursor& hits, XY center) const;
+  [[nodiscard]] std::shared_ptr<IFeatureCursor> AllPoints() const;
+  void ReadPoints();
 
   std::shared_ptr<IFeatureClass> points_;
   std::shared_ptr<ISelectionSet> selection_;  // nothing when all points count
   bool first_point_;
-  SpatialReferenceRef reference_;  // nothing when the polygons' own serves
+  SpatialReferenceRef own_;        // of the points
+  SpatialReferenceRef reference_;  // the same; nothing when the polygons' own serves
+  PointTree tree_;
 };
 
 }  // namespace tessarine
