@@ -9,6 +9,7 @@
 #include "geodesy/segment_lengths.h"
 #include "geodesy/vincenty.h"
 #include "platform/run_stop.h"
+#include "platform/silence.h"
 #include "platform/trap.h"
 
 namespace tessarine::MyGeometricOperations {
@@ -141,18 +142,6 @@ void ForEachSegment(const PartsOf& parts, const LineFigure& figure, Visit&& visi
     }
   }
 }
-
-// While it lives, faults end in their traps without a report.
-class Silence {
- public:
-  Silence() : reporter_(SetFaultReporter(nullptr)) {}
-  ~Silence() { SetFaultReporter(reporter_); }
-  Silence(const Silence&) = delete;
-  Silence& operator=(const Silence&) = delete;
-
- private:
-  FaultReporter reporter_;
-};
 
 // The first row beyond the target, from the start of a stretch that is known to hold it. What fails in it was reported
 // when the line was measured.

@@ -35,7 +35,7 @@ bool IHost::Ask(RunQuestion, const std::string& text, const std::string& title) 
 
 RunContext HostContext() {
   IHost& host = Host();
-  return {host.Clock(), host, host, host.Journal()};
+  return {host.Clock(), host, host, host.Journal(), host.Jobs()};
 }
 
 RunContext* RunningContext() { return t_running; }

@@ -178,6 +178,8 @@ class IHost : public IRunFeedback, public IRunServices {
 
   /// True when runs shall only be planned: commands show their plan as the report and write nothing.
   [[nodiscard]] virtual bool PlanOnly() const = 0;
+  /// How many threads a run may keep busy.
+  [[nodiscard]] virtual unsigned Jobs() const { return 1; }
 };
 
 /// The host of this process; fault 91 before one was set.

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include <algorithm>
+#include <atomic>
 
 #include "platform/fault.h"
 #include "platform/geometry.h"
@@ -8,7 +9,14 @@
 namespace tessarine {
 namespace {
 
-thread_local std::uint64_t size_changes = 0;
+// Each thread counts from a number of its own, so that what one remembers of a shape is never taken for what another
+// would.
+std::uint64_t FirstOfThread() {
+  static std::atomic<std::uint64_t> next = 0;
+  return next.fetch_add(std::uint64_t{1} << 40U, std::memory_order_relaxed);
+}
+
+thread_local std::uint64_t size_changes = FirstOfThread();
 
 std::size_t Checked(std::int32_t index, std::int32_t count, const char* what) {
   if (index < 0 || index >= count) {

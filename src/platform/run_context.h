@@ -85,6 +85,7 @@ struct RunContext {
   IRunFeedback& feedback;
   IRunServices& services;
   RunJournal& journal;
+  unsigned jobs = 1;  ///< threads that pure work on records may keep busy, the run's own among them
 };
 
 /// The context whose run the thread is at; null outside of `RunScope`.

@@ -3,12 +3,14 @@
 
 #include "platform/run_context.h"
 #include "platform/run_stop.h"
+#include "platform/silence.h"
 
 namespace tessarine {
 namespace {
 
 FaultReporter g_reporter = nullptr;
 thread_local std::optional<std::int64_t> t_record_in_hand;
+thread_local int t_silences = 0;
 
 }  // namespace
 
@@ -35,14 +37,22 @@ Fault CurrentFault() {
 FaultReporter SetFaultReporter(FaultReporter reporter) { return std::exchange(g_reporter, reporter); }
 
 void ReportFault(std::string_view procedure, const Fault& fault, const std::source_location where) {
-  const TrapSite site{std::string(procedure) + " ", SourceFileName(where.file_name()),
-                      static_cast<std::int32_t>(where.line())};
+  ReportFault(
+      {std::string(procedure) + " ", SourceFileName(where.file_name()), static_cast<std::int32_t>(where.line())},
+      fault);
+}
+
+void ReportFault(const TrapSite& site, const Fault& fault) {
+  if (t_silences > 0) return;
   RunContext* const run = RunningContext();
   if (run != nullptr && run->feedback.TakeFault(site, fault)) return;
   if (g_reporter != nullptr) g_reporter(site, fault);
 }
 
 RecordInHand::RecordInHand(std::int64_t oid) : before_(std::exchange(t_record_in_hand, oid)) {}
+Silence::Silence() { ++t_silences; }
+Silence::~Silence() { --t_silences; }
+
 RecordInHand::~RecordInHand() { t_record_in_hand = before_; }
 std::optional<std::int64_t> RecordInHand::Oid() { return t_record_in_hand; }
 

@@ -43,6 +43,8 @@ FaultReporter SetFaultReporter(FaultReporter reporter);
 void ReportFault(std::string_view procedure, const Fault& fault,
                  const std::source_location where = std::source_location::current());
 
+void ReportFault(const TrapSite& site, const Fault& fault);
+
 /// While it lives, the thread works on one record of a run, and helpers pass their faults on.
 class RecordInHand {
  public:

@@ -1,0 +1,93 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "support/record_pipeline.h"
+
+#include <algorithm>
+
+#include "platform/geometry.h"
+
+namespace tessarine {
+namespace {
+
+// Enough to keep threads busy while others are read and written; few enough that memory stays that of some records.
+constexpr std::size_t kMostRecords = 256;
+constexpr std::int64_t kMostVertices = 200'000;
+
+// The run, but that faults that end in traps and what the journal is told are kept.
+class RunAside final : private IRunFeedback {
+ public:
+  explicit RunAside(RunContext& run)
+      : run_(run), context_{run.clock, *this, run.services, journal_, run.jobs}, running_(context_) {}
+
+  [[nodiscard]] std::vector<RunWarning> TakeNotes() { return std::exchange(journal_.warnings, {}); }
+  [[nodiscard]] std::vector<KeptReport> TakeReports() { return std::exchange(reports_, {}); }
+
+ private:
+  void Announce(const std::string& text) override { run_.feedback.Announce(text); }
+  void Tell(const std::string& text, const std::string& title) override { run_.feedback.Tell(text, title); }
+  bool Ask(RunQuestion question, const std::string& text, const std::string& title) override {
+    return run_.feedback.Ask(question, text, title);
+  }
+  [[nodiscard]] bool StopRequested() const override { return run_.feedback.StopRequested(); }
+  bool TakeFault(const TrapSite& site, const Fault& fault) override {
+    reports_.push_back({site, fault});
+    return true;
+  }
+  void PumpEvents() override { run_.feedback.PumpEvents(); }
+
+  RunContext& run_;
+  RunJournal journal_;
+  std::vector<KeptReport> reports_;
+  RunContext context_;
+  RunningContextScope running_;
+};
+
+std::int64_t VerticesOf(const ReadRecord& record) {
+  const auto points = Cast<IPointCollection>(record.shape);
+  return points ? points->PointCount() : 1;
+}
+
+}  // namespace
+
+ReadRecord ReadRecordOf(const std::shared_ptr<IFeature>& feature) {
+  ReadRecord record;
+  record.feature = feature;
+  record.oid = feature->OID();
+  // A copy, because work may project and simplify it.
+  KeepFault(record.fault, [&] { record.shape = feature->ShapeCopy(); });
+  record.has_shape = record.shape && !record.shape->IsEmpty();
+  return record;
+}
+
+RecordBatch ReadBatch(RunContext& run, IFeatureCursor& cursor) {
+  RecordBatch batch;
+  RunAside aside(run);
+  std::int64_t vertices = 0;
+  try {
+    while (batch.records.size() < kMostRecords && vertices < kMostVertices) {
+      const std::shared_ptr<IFeature> feature = cursor.NextFeature();
+      if (!feature) {
+        batch.is_last = true;
+        break;
+      }
+      ReadRecord& record = batch.records.emplace_back(ReadRecordOf(feature));
+      record.notes = aside.TakeNotes();
+      record.reports = aside.TakeReports();
+      vertices += VerticesOf(record);
+    }
+  } catch (...) {
+    batch.end = std::current_exception();
+    batch.is_last = true;
+  }
+  batch.end_notes = aside.TakeNotes();
+  batch.end_reports = aside.TakeReports();
+  return batch;
+}
+
+void TellNotes(const std::vector<RunWarning>& notes, RunJournal& journal) {
+  for (const RunWarning& note : notes) {
+    const bool is_told = std::ranges::find(journal.warnings, note.text, &RunWarning::text) != journal.warnings.end();
+    if (!is_told) journal.warnings.push_back(note);
+  }
+}
+
+}  // namespace tessarine

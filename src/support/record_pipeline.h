@@ -1,0 +1,122 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// A run over records whose work is shared out to threads: one batch is worked on while the next is read and the last
+// one written. Reading and writing stay on the run's own thread and in order, and what a record has to tell is told
+// when its turn to be written comes; so a run does the same with any number of threads.
+//
+//   const bool finished = SpreadRecords<Result>(
+//       run, cursor, [&] { return progress.Step(++count); },
+//       [&](ReadRecord& record) { return Measure(record.shape); },               // on any thread
+//       [&](ReadRecord& record, Result& result) { Write(*record.feature, result); });
+#pragma once
+
+#include <cstdint>
+#include <exception>
+#include <iterator>
+#include <memory>
+#include <optional>
+#include <utility>
+#include <vector>
+
+#include "platform/data.h"
+#include "platform/run_journal.h"
+#include "platform/run_stop.h"
+#include "platform/trap.h"
+#include "platform/worker_pool.h"
+
+namespace tessarine {
+
+struct ReadRecord {
+  std::shared_ptr<IFeature> feature;
+  std::int64_t oid = 0;
+  GeometryRef shape;                  ///< a private copy; null where there is none, or a fault
+  std::optional<Fault> fault;         ///< of reading the shape
+  std::vector<RunWarning> notes;      ///< what the reading told
+  std::vector<KeptReport> reports;    ///< of reading and work
+  std::exception_ptr stop = nullptr;  ///< the user stopped the run in the midst of the record
+  bool has_shape = false;             ///< as read: one that isn't empty
+};
+
+/// Reads the shape of a row.
+[[nodiscard]] ReadRecord ReadRecordOf(const std::shared_ptr<IFeature>& feature);
+
+/// Does the work; a fault of it goes to `fault`. A stop comes out.
+template <class Work>
+void KeepFault(std::optional<Fault>& fault, Work&& work) {
+  const RecordInHand in_hand;
+  try {
+    std::forward<Work>(work)();
+  } catch (...) {
+    fault = CurrentFault();
+  }
+}
+
+/// Records that were read ahead of their turn.
+struct RecordBatch {
+  std::vector<ReadRecord> records;
+  bool is_last = false;
+  // Of the reading behind the last record.
+  std::vector<RunWarning> end_notes;
+  std::vector<KeptReport> end_reports;
+  std::exception_ptr end = nullptr;  ///< what ended the reading, when the class wasn't at its end
+};
+
+/// Reads the next records: a few hundred, or fewer where they have many vertices. Raises nothing. The rows of the
+/// cursor must stay when it goes on.
+[[nodiscard]] RecordBatch ReadBatch(RunContext& run, IFeatureCursor& cursor);
+
+/// Hands on what reading told.
+void TellNotes(const std::vector<RunWarning>& notes, RunJournal& journal);
+
+/// Goes through all records of the cursor. `step()` is asked before each record is written; false ends the run, and the
+/// answer is false. `work(record)` touches nothing but the record, keeps its faults in its result, and may raise
+/// `RunStopped`, which comes out when the record's turn comes. `write(record, result)` may raise anything.
+template <class Result, class Step, class Work, class Write>
+[[nodiscard]] bool SpreadRecords(RunContext& run, IFeatureCursor& cursor, Step&& step, Work&& work, Write&& write) {
+  struct Turn {
+    RecordBatch batch;
+    std::vector<Result> results;
+  };
+  Turn turns[2];
+  WorkerPool pool(run, run.jobs);
+  const auto read = [&](Turn& turn, bool more) {
+    turn.batch = more ? ReadBatch(run, cursor) : RecordBatch();
+    turn.results.clear();
+    turn.results.resize(turn.batch.records.size());
+  };
+  const auto begin = [&](Turn& turn) {
+    pool.Begin(turn.results.size(), [&turn, &work](std::size_t place) {
+      ReadRecord& record = turn.batch.records[place];
+      try {
+        turn.results[place] = work(record);
+      } catch (const RunStopped&) {
+        record.stop = std::current_exception();
+      }
+      for (KeptReport& report : WorkerPool::TakeReports()) record.reports.push_back(std::move(report));
+    });
+  };
+  std::size_t at = 0;
+  read(turns[at], true);
+  begin(turns[at]);
+  for (;; at = 1 - at) {
+    Turn& turn = turns[at];
+    Turn& next = turns[1 - at];
+    read(next, !turn.batch.is_last);
+    pool.Finish();
+    begin(next);
+    for (std::size_t place = 0; place < turn.results.size(); ++place) {
+      ReadRecord& record = turn.batch.records[place];
+      TellNotes(record.notes, run.journal);
+      if (!step()) return false;
+      TellReports(record.reports);
+      if (record.stop) std::rethrow_exception(record.stop);
+      write(record, turn.results[place]);
+      record = {};
+    }
+    TellNotes(turn.batch.end_notes, run.journal);
+    TellReports(turn.batch.end_reports);
+    if (turn.batch.end) std::rethrow_exception(turn.batch.end);
+    if (turn.batch.is_last) return true;
+  }
+}
+
+}  // namespace tessarine
