@@ -2,9 +2,10 @@
 // ConstructUnion: one shape of all the members of a bag.
 #include <algorithm>
 #include <array>
+#include <bit>
+#include <exception>
 #include <iterator>
 #include <memory>
-#include <numeric>
 #include <span>
 
 #include "engine/box_tree.h"
@@ -12,6 +13,7 @@
 #include "engine/geos_bridge.h"
 #include "engine/planar_areas.h"
 #include "platform/run_stop.h"
+#include "platform/worker_pool.h"
 
 namespace tessarine {
 namespace {
@@ -22,6 +24,7 @@ using PathRef = std::shared_ptr<Path>;
 using Member = std::shared_ptr<const PartedShape>;
 
 constexpr std::size_t kAtOnce = 64;        // members, however they overlap
+constexpr std::size_t kCrowdAtOnce = 4;    // of a crowd
 constexpr std::size_t kCrowdedPairs = 12;  // of boxes that meet, for each member; neighbours in a mosaic have 4
 
 struct BagMembers {
@@ -48,40 +51,24 @@ BagMembers CollectMembers(IEnumGeometry& geometries, esriGeometryType type) {
   return members;
 }
 
-// Members whose boxes touch, directly or through others. Members of different groups share no point, so that each
-// group is united on its own; a union of everything at once would cost far more.
-class Groups {
- public:
-  explicit Groups(const std::vector<Member>& shapes) : shapes_(shapes), parents_(shapes.size()) {
-    std::iota(parents_.begin(), parents_.end(), 0U);
-    std::vector<Box> boxes;
-    boxes.reserve(shapes.size());
-    for (const Member& shape : shapes) boxes.push_back(Box::Of(shape->Envelope()));
-    BoxTree(boxes).Pairs([this](std::uint32_t first, std::uint32_t second) { Unite(first, second); });
-  }
+std::vector<Box> BoxesOf(std::span<const Member> members) {
+  std::vector<Box> boxes;
+  boxes.reserve(members.size());
+  for (const Member& member : members) boxes.push_back(Box::Of(member->Envelope()));
+  return boxes;
+}
 
-  /// In the order of their first members.
-  std::vector<std::vector<Member>> Take() {
-    std::vector<std::vector<Member>> groups(shapes_.size());
-    for (std::uint32_t at = 0; at < shapes_.size(); ++at) groups[RootOf(at)].push_back(shapes_[at]);
-    std::erase_if(groups, [](const std::vector<Member>& group) { return group.empty(); });
-    return groups;
+// Members whose boxes touch, directly or through others, in the order of their first ones. Members of different groups
+// share no point, so that each group is united on its own; a union of everything at once would cost far more.
+std::vector<std::vector<Member>> Groups(const std::vector<Member>& shapes) {
+  std::vector<std::vector<Member>> groups;
+  std::size_t at = 0;
+  for (const std::uint32_t number : BoxTree(BoxesOf(shapes)).ConnectedGroups()) {
+    if (number == groups.size()) groups.emplace_back();
+    groups[number].push_back(shapes[at++]);
   }
-
- private:
-  std::uint32_t RootOf(std::uint32_t member) {
-    while (parents_[member] != member) member = parents_[member] = parents_[parents_[member]];
-    return member;
-  }
-  // The first member of a group stays its root, so that the order is that of the members.
-  void Unite(std::uint32_t first, std::uint32_t second) {
-    const std::uint32_t root = RootOf(first), other = RootOf(second);
-    parents_[std::max(root, other)] = std::min(root, other);
-  }
-
-  const std::vector<Member>& shapes_;
-  std::vector<std::uint32_t> parents_;
-};
+  return groups;
+}
 
 NestedRings NestPartsOf(const PartedShape& polygon) {
   std::vector<const Path*> rings;
@@ -121,38 +108,119 @@ std::vector<PathRef> UnitedAtOnce(std::span<const Member> members) {
 // union.
 bool IsCrowded(const std::vector<Member>& group) {
   if (group.size() <= kAtOnce) return false;
-  std::vector<Box> boxes;
-  for (const Member& member : group) boxes.push_back(Box::Of(member->Envelope()));
-  std::size_t pairs = 0;
-  BoxTree(boxes).Pairs([&](std::uint32_t, std::uint32_t) { ++pairs; });
-  return pairs > kCrowdedPairs * group.size();
+  std::size_t left = kCrowdedPairs * group.size();
+  return !BoxTree(BoxesOf(group)).PairsWhile([&](std::uint32_t, std::uint32_t) { return left-- > 0; });
 }
 
-// Unites neighbours first, and what came of them after.
-Member UnitedByHalves(std::span<Member> members) {
-  auto united = std::make_shared<Polygon>();
-  if (members.size() <= kAtOnce) {
-    united->SetParts(UnitedAtOnce(members));
-  } else {
-    Envelope all;
-    for (const Member& member : members) all.Union(member->Envelope());
-    const bool wide = all.XMax() - all.XMin() > all.YMax() - all.YMin();
-    std::ranges::stable_sort(members, {}, [&](const Member& member) {
-      const Envelope box = member->Envelope();
-      return wide ? box.XMin() + box.XMax() : box.YMin() + box.YMax();
-    });
-    const std::size_t half = members.size() / 2;
-    const std::array halves = {UnitedByHalves(members.first(half)), UnitedByHalves(members.subspan(half))};
-    united->SetParts(UnitedAtOnce(halves));
+struct PlacedMember {
+  Member shape;
+  Box box;
+};
+
+PlacedMember Joined(std::span<const PlacedMember> members) {
+  if (members.size() == 1) return members.front();
+  std::vector<Member> shapes;
+  Box all;
+  for (const PlacedMember& member : members) {
+    shapes.push_back(member.shape);
+    all.Add(member.box);
   }
+  auto united = std::make_shared<Polygon>();
+  united->SetParts(UnitedAtOnce(shapes));
   united->MarkSimple();
-  return united;
+  return {united, all};
 }
 
-std::vector<PathRef> UnitedAreas(std::vector<Member> group) {
+// A crowd is divided into neighbourhoods, half by half. Neighbours are united first, and what came of them after.
+class Crowd {
+ public:
+  explicit Crowd(std::vector<PlacedMember> members) : members_(std::move(members)) {}
+
+  /// The same for any number of jobs.
+  [[nodiscard]] Member United(unsigned jobs) {
+    const unsigned levels = jobs > 1 ? static_cast<unsigned>(std::bit_width(jobs)) : 0U;
+    std::vector<std::span<PlacedMember>> shares;
+    Share(members_, levels, shares);
+    std::vector<PlacedMember> united(shares.size());
+    if (shares.size() == 1) {
+      united.front() = UnitedByHalves(shares.front());
+    } else {
+      UniteShares(shares, united, jobs);
+    }
+    auto next = united.cbegin();
+    return Gathered(members_, levels, next).shape;
+  }
+
+ private:
+  static std::array<std::span<PlacedMember>, 2> Halves(std::span<PlacedMember> members) {
+    const std::size_t half = members.size() / 2;
+    return {members.first(half), members.subspan(half)};
+  }
+
+  static void SortAcross(std::span<PlacedMember> members) {
+    Box all;
+    for (const PlacedMember& member : members) all.Add(member.box);
+    const bool wide = all.xmax - all.xmin > all.ymax - all.ymin;
+    std::ranges::stable_sort(members, {}, [&](const PlacedMember& member) {
+      return wide ? member.box.xmin + member.box.xmax : member.box.ymin + member.box.ymax;
+    });
+  }
+
+  static PlacedMember UnitedByHalves(std::span<PlacedMember> members) {
+    if (members.size() <= kCrowdAtOnce) return Joined(members);
+    SortAcross(members);
+    const auto [first, second] = Halves(members);
+    return Joined(std::array{UnitedByHalves(first), UnitedByHalves(second)});
+  }
+
+  static void Share(std::span<PlacedMember> members, unsigned levels, std::vector<std::span<PlacedMember>>& shares) {
+    if (levels == 0 || members.size() <= kCrowdAtOnce) {
+      shares.push_back(members);
+      return;
+    }
+    SortAcross(members);
+    for (const std::span<PlacedMember> half : Halves(members)) Share(half, levels - 1, shares);
+  }
+
+  static PlacedMember Gathered(std::span<PlacedMember> members, unsigned levels,
+                               std::vector<PlacedMember>::const_iterator& next) {
+    if (levels == 0 || members.size() <= kCrowdAtOnce) return *next++;
+    const auto [first, second] = Halves(members);
+    const PlacedMember one = Gathered(first, levels - 1, next), other = Gathered(second, levels - 1, next);
+    return Joined(std::array{one, other});
+  }
+
+  static void UniteShares(const std::vector<std::span<PlacedMember>>& shares, std::vector<PlacedMember>& united,
+                          unsigned jobs) {
+    std::vector<std::exception_ptr> ends(shares.size());
+    {
+      WorkerPool pool(*RunningContext(), jobs);
+      pool.Begin(shares.size(), [&](std::size_t share) {
+        try {
+          united[share] = UnitedByHalves(shares[share]);
+        } catch (...) {
+          ends[share] = std::current_exception();
+        }
+      });
+      pool.Finish();
+    }
+    for (const std::exception_ptr& end : ends) {
+      if (end) std::rethrow_exception(end);
+    }
+  }
+
+  std::vector<PlacedMember> members_;
+};
+
+unsigned Jobs() { return RunningContext() == nullptr ? 1U : RunningContext()->jobs; }
+
+std::vector<PathRef> UnitedAreas(const std::vector<Member>& group) {
   if (group.size() == 1) return AreaOf(*group.front());
   if (!IsCrowded(group)) return UnitedAtOnce(group);
-  const Member united = UnitedByHalves(group);
+  std::vector<PlacedMember> placed;
+  const std::vector<Box> boxes = BoxesOf(group);
+  for (std::size_t at = 0; at < group.size(); ++at) placed.push_back({group[at], boxes[at]});
+  const Member united = Crowd(std::move(placed)).United(Jobs());
   return {united->Parts().begin(), united->Parts().end()};
 }
 
@@ -171,7 +239,7 @@ std::vector<PathRef> UnitedLines(const std::vector<Member>& group) {
 
 std::vector<PathRef> UnitedParts(const std::vector<Member>& shapes, esriGeometryType type) {
   std::vector<PathRef> parts;
-  for (const std::vector<Member>& group : Groups(shapes).Take()) {
+  for (const std::vector<Member>& group : Groups(shapes)) {
     EndIfStopped();
     std::ranges::move(type == esriGeometryPolygon ? UnitedAreas(group) : UnitedLines(group), std::back_inserter(parts));
   }

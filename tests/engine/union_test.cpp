@@ -76,6 +76,23 @@ TEST(ConstructUnion, OfACrowdIsThatOfItsPairs) {
   EXPECT_EQ(result.GeometryCount(), 3);
 }
 
+// Chains of squares that touch each other, in no order of place, and the chains beside each other.
+TEST(ConstructUnion, OfChainsKeepsTheOrderOfTheirFirstMembers) {
+  GeometryBag bag;
+  for (int number = 0; number < 300; ++number) {
+    const double x = (number * 7) % 100, y = 10.0 * (number % 3);
+    bag.AddGeometry(PolygonOf({Box(x, y, x + 1, y + 1)}));
+  }
+  Polygon result;
+  result.ConstructUnion(bag);
+  ASSERT_EQ(result.GeometryCount(), 3);
+  for (int chain = 0; chain < 3; ++chain) {
+    const Envelope box = result.Geometry(chain)->Envelope();
+    EXPECT_EQ(box.YMin(), 10.0 * chain);
+    EXPECT_EQ(box.XMax() - box.XMin(), 100.0);
+  }
+}
+
 TEST(ConstructUnion, OfOneLineIsWhatItIsInCompany) {
   const struct {
     const char* name;
