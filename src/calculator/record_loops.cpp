@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "calculator/calculation_report.h"
+#include "calculator/measured_record.h"
 #include "calculator/measures.h"
 #include "calculator/modCalcGeometry.h"
 #include "calculator/record_loop.h"
@@ -38,15 +39,10 @@ class RecordLoop {
     OpenCursor(record_count);
     if (options_.AllRecords()) NoteLeftOut(*features_, journal_);
     RunProgress progress = Progress(record_count);
-    while (const std::shared_ptr<IFeature> feature = cursor_->NextFeature()) {
-      ++record_;
-      if (!progress.Step(record_)) {
-        journal_.stopped = true;
-        cursor_->Close();
-        return StoppedProblemReport(journal_, layer_->Name(), record_);
-      }
-      ++journal_.read;
-      Calculate(feature);
+    if (!(MaySpread() ? WorkOnSeveral(progress) : WorkOneByOne(progress))) {
+      journal_.stopped = true;
+      cursor_->Close();
+      return StoppedProblemReport(journal_, layer_->Name(), record_);
     }
     cursor_->Close();
     RequireRecords(journal_, record_count, layer_->Name());
@@ -95,30 +91,60 @@ class RecordLoop {
             LogView::AsLastTime};
   }
 
-  void Calculate(const std::shared_ptr<IFeature>& feature) {
-    const std::int64_t oid = feature->OID();
-    GeometryRef shape;
-    std::unique_ptr<MeasureRecord> record;
-    const bool read = WorkOnRecord(journal_, oid, [&] {
-      // A copy, because the measures project and simplify it.
-      shape = feature->ShapeCopy();
-      if (shape && !shape->IsEmpty()) record = BeginRecord(shape, settings_);
-    });
-    if (read && !record) {
+  // Axes of 0 are found by the first record that is converted, and those before it do without.
+  [[nodiscard]] bool MaySpread() const {
+    return context_.jobs > 1 && (!settings_.Geocentric || (settings_.SemiMajor > 0.0 && settings_.SemiMinor > 0.0));
+  }
+
+  // False when the user stopped the run.
+  bool WorkOneByOne(RunProgress& progress) {
+    while (const std::shared_ptr<IFeature> feature = cursor_->NextFeature()) {
+      if (!Step(progress)) return false;
+      const ReadRecord record = ReadRecordOf(feature);
+      Write(record, MeasureAll(record, measures_, settings_));
+    }
+    return true;
+  }
+
+  bool WorkOnSeveral(RunProgress& progress) {
+    return SpreadRecords<MeasuredRecord>(
+        context_, *cursor_, [&] { return Step(progress); },
+        [this](const ReadRecord& record) {
+          MeasureSettings settings = settings_;
+          return MeasureAll(record, measures_, settings);
+        },
+        [this](const ReadRecord& record, const MeasuredRecord& measured) { Write(record, measured); });
+  }
+
+  [[nodiscard]] bool Step(RunProgress& progress) {
+    ++record_;
+    if (!progress.Step(record_)) return false;
+    ++journal_.read;
+    return true;
+  }
+
+  void Write(const ReadRecord& record, const MeasuredRecord& measured) {
+    const std::int64_t oid = record.oid;
+    IFeature& feature = *record.feature;
+    if (measured.fault) NoteFault(*measured.fault, oid);
+    if (!measured.fault && !record.has_shape) {
       journal_.skipped_oids.push_back(oid);
       static_cast<void>(WorkOnRecord(journal_, oid, [&] {
-        WriteNullValues(entries_, settings_.Shape, settings_.Kind, *feature, indexes_, NoteFor(oid));
+        WriteNullValues(entries_, settings_.Shape, settings_.Kind, feature, indexes_, NoteFor(oid));
       }));
     } else {
-      for (const ChosenMeasure& measure : measures_) Calculate(measure, record.get(), *feature, oid);
+      for (std::size_t place = 0; place < measures_.size(); ++place) {
+        Write(measures_[place], place < measured.results.size() ? &measured.results[place] : nullptr, feature, oid);
+      }
     }
-    if (record) NoteWarnings(*record, oid);
-    const bool stored = WorkOnRecord(journal_, oid, [&] { WriteRow([&] { cursor_->UpdateFeature(feature); }); });
+    for (const MeasureWarning warning : measured.warnings) journal_.NoteWarning(WarningText(warning), oid);
+    const bool stored = WorkOnRecord(journal_, oid, [&] { WriteRow([&] { cursor_->UpdateFeature(record.feature); }); });
     if (stored) ++journal_.written;
   }
 
-  void NoteWarnings(const MeasureRecord& record, std::int64_t oid) {
-    for (const MeasureWarning warning : record.Warnings()) journal_.NoteWarning(WarningText(warning), oid);
+  // One that ends the run comes out.
+  void NoteFault(const Fault& fault, std::int64_t oid) {
+    static_cast<void>(WorkOnRecord(journal_, oid, [&] { throw Fault(fault); }));
   }
 
   ChangeNote NoteFor(std::int64_t oid) {
@@ -127,12 +153,13 @@ class RecordLoop {
     };
   }
 
-  // A measure that fails leaves the others of its record alone.
-  void Calculate(const ChosenMeasure& measure, MeasureRecord* record, IFeature& feature, std::int64_t oid) {
-    const bool measured = record != nullptr && WorkOnRecord(journal_, oid, [&] {
-                            WriteValues(measure, Measure(*measure.row, *record), feature, NoteFor(oid));
-                          });
-    if (measured) return;
+  // A measure that fails leaves the others of its record alone. `result` is null where the record couldn't be measured.
+  void Write(const ChosenMeasure& measure, const MeasuredRecord::Result* result, IFeature& feature, std::int64_t oid) {
+    const bool written = result != nullptr && WorkOnRecord(journal_, oid, [&] {
+                           if (result->fault) throw Fault(*result->fault);
+                           WriteValues(measure, result->values, feature, NoteFor(oid));
+                         });
+    if (written) return;
     static_cast<void>(WorkOnRecord(journal_, oid, [&] { WriteMissing(measure, feature, NoteFor(oid)); }));
   }
 

@@ -230,6 +230,7 @@ void AddCalculateCommand(CLI::App& program, ChosenCommand& chosen) {
   AddFormatOption(command, options->copy);
   AddReferenceOption(command, options->copy);
   AddCommonOptions(command, options->common);
+  AddJobsOption(command, options->common);
   command.footer(
       "Example:\n  tessarine calculate tests/data/countries.shp -m \"Sph. Area\" -m \"Sph. Centroid=LON,LAT\" -o "
       "measured.gpkg");

@@ -4,13 +4,19 @@
 #include <unistd.h>
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
+#include <thread>
 
 #include "platform/text_formats.h"
 
 namespace tessarine {
 
 TerminalManners CommonOptions::Manners() const {
-  return {.yes = yes, .overwrite = overwrite, .interactive = !no && isatty(STDIN_FILENO) != 0, .plan_only = dry_run};
+  return {.yes = yes,
+          .overwrite = overwrite,
+          .interactive = !no && isatty(STDIN_FILENO) != 0,
+          .plan_only = dry_run,
+          .jobs = jobs != 0 ? jobs : std::max(1U, std::thread::hardware_concurrency())};
 }
 
 ProgressDisplay CommonOptions::Progress() const {
@@ -48,6 +54,15 @@ void AddRunOptions(CLI::App& command, CommonOptions& options) {
       ->check(CLI::IsMember({"bar", "json", "none"}))
       ->type_name("bar|json|none");
   command.add_flag("-n,--dry-run", options.dry_run, "Check everything and print the plan, but write nothing");
+}
+
+void AddJobsOption(CLI::App& command, CommonOptions& options) {
+  constexpr unsigned kMostJobs = 256;
+  command
+      .add_option("-j,--jobs", options.jobs,
+                  "How many processors the run may keep busy, 1 for one; otherwise all. What it writes is the same")
+      ->check(CLI::Range(1U, kMostJobs))
+      ->type_name("N");
 }
 
 void AddCommonOptions(CLI::App& command, CommonOptions& options) {

@@ -19,6 +19,7 @@ struct CommonOptions {
   bool yes = false, no = false;
   std::string progress;
   bool dry_run = false;
+  unsigned jobs = 0;  ///< 0: as many as the machine has processors
   std::string command_line;
   /// Told how a run ended; of a command over several sources.
   std::function<void(const RunJournal&)> on_outcome;
@@ -32,6 +33,8 @@ struct CommonOptions {
 /// that isn't set, must not pass for one that wasn't given. Call it once all commands are there.
 void RefuseEmptyValues(CLI::App& program);
 
+/// Adds --jobs, for commands whose runs spread their work over threads.
+void AddJobsOption(CLI::App& command, CommonOptions& options);
 /// Adds --report, --quiet, --progress, --overwrite, --yes, --no and --dry-run.
 void AddRunOptions(CLI::App& command, CommonOptions& options);
 /// The same and --document.

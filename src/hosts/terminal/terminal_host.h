@@ -22,6 +22,7 @@ struct TerminalManners {
   bool overwrite = false;  ///< the question whether to overwrite is answered Yes
   bool interactive = false;
   bool plan_only = false;
+  unsigned jobs = 1;
 };
 
 /// The operating system, with places that a run counts on but that aren't made yet, and without those that the user
@@ -103,6 +104,7 @@ class TerminalHost final : public IHost, public IMessageBox, public IFormHost, p
   [[nodiscard]] bool Ask(RunQuestion question, const std::string& text, const std::string& title) override;
   RunJournal& Journal() override { return journal_; }
   [[nodiscard]] bool PlanOnly() const override { return manners_.plan_only; }
+  [[nodiscard]] unsigned Jobs() const override { return manners_.jobs; }
 
   // IMessageBox
   MessageAnswer Show(const std::string& text, const std::string& title, MessageButtons buttons,
