@@ -50,16 +50,13 @@ void MeasureAzimuths(const OGRLineString& line, std::vector<double>& values) {
   values.insert(values.end(), {start, end});
 }
 
-// Area and centroid are found again for a centroid west or south, as the calculator's rule has it.
 void MeasurePolygon(const OGRPolygon& polygon, std::vector<double>& values) {
   auto ring = std::make_shared<Ring>();
   ring->SetVertices(VerticesOf(*polygon.getExteriorRing()));
   const auto shape = std::make_shared<Polygon>();
   shape->SetParts({ring});
   double lon = 0.0, lat = 0.0;
-  const auto measure = [&] { return geodesy::SphericalPolygonArea2(shape, true, lon, lat, kSemiMajor, kSemiMinor); };
-  const double area = measure();
-  if (lon < 0.0 || lat < 0.0) measure();
+  const double area = geodesy::SphericalPolygonArea2(shape, true, lon, lat, kSemiMajor, kSemiMinor);
   values.insert(values.end(),
                 {area, lon, lat, geodesy::SpheroidalPolylineLength2(ring->Vertices(), kSemiMajor, kSemiMinor)});
 }

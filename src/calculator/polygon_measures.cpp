@@ -93,7 +93,7 @@ std::int32_t PolygonRecord::PartCount() const { return shape_->ExteriorRingCount
 std::int32_t PolygonRecord::VertexCount() const { return shape_->PointCount(); }
 
 double PolygonRecord::SphericalArea() {
-  if (spherical_area_ < 0.0) MeasureArea();
+  MeasureArea();
   if (std::fabs(settings_.SemiMajor - settings_.SemiMinor) > kStrongFlattening * settings_.SemiMajor) {
     Warn(MeasureWarning::FlattenedSphere);
   }
@@ -103,6 +103,7 @@ double PolygonRecord::SphericalArea() {
 double PolygonRecord::SpheroidalPerimeter() {
   WarnBeyondPole(*GeographicPolygon());
   WarnOfSeries();
+  RememberSimplicity();
   const geodesy::ConvergenceWatch watch;
   const std::shared_ptr<Polygon>& polygon = GeographicPolygon();
   const double length = PerimeterOf(polygon) - LengthOfSeams();
@@ -178,13 +179,13 @@ double PolygonRecord::AreaByRoles(const Polygon& polygon) const {
 }
 
 XY PolygonRecord::ProjectedSphericalCentroid() {
-  FindCentroid();
+  MeasureArea();
   if (!HasCentroid()) Warn(MeasureWarning::NoCentroid);
   return HasCentroid() ? InProjectionOfLayer(centroid_, settings_) : centroid_;
 }
 
 XY PolygonRecord::SphericalCentroid() {
-  FindCentroid();
+  MeasureArea();
   if (!HasCentroid()) Warn(MeasureWarning::NoCentroid);
   return HasCentroid() ? InLatitudesOfData(centroid_, settings_) : centroid_;
 }
@@ -200,8 +201,18 @@ const std::shared_ptr<Polygon>& PolygonRecord::GeographicPolygon() {
   return geographic_;
 }
 
-// On a copy, because the routine snaps what it measures to the grid of its reference.
+// Several measures ask whether the polygon is simple, each of a copy. A single ring that is stays as it is.
+void PolygonRecord::RememberSimplicity() {
+  Polygon& polygon = *GeographicPolygon();
+  if (!looked_whether_simple_ && polygon.GeometryCount() == 1 && polygon.IsSimple()) polygon.MarkSimple();
+  looked_whether_simple_ = true;
+}
+
+// Once: area and centroid come together. On a copy, because the routine snaps what it measures to the grid of its
+// reference.
 void PolygonRecord::MeasureArea() {
+  if (area_is_measured_) return;
+  RememberSimplicity();
   const std::shared_ptr<Polygon> polygon = CloneOf(*GeographicPolygon());
   WarnBeyondPole(*polygon);
   const bool lobes = geodesy::HasLobes(*polygon), wide = geodesy::HasWideRing(*polygon);
@@ -213,23 +224,19 @@ void PolygonRecord::MeasureArea() {
     spherical_area_ = found.area;
     centroid_ = found.centroid;
     ++work_.AreaPasses;
+    area_is_measured_ = true;
     return;
   }
   if (!HasArea(*polygon)) {
     spherical_area_ = 0.0;
+    area_is_measured_ = true;
     return;
   }
   ++work_.AreaPasses;
   spherical_area_ =
       geodesy::SphericalPolygonArea2(polygon, true, centroid_.x, centroid_.y, settings_.SemiMajor, settings_.SemiMinor);
+  area_is_measured_ = true;
   if (spherical_area_ <= 0.0 && !lobes && !wide) Warn(MeasureWarning::TurnedRing);
-}
-
-// The signs tell whether the centroid is known. One to the west or south fails the test and is found a second time, to
-// the same result: the plain rule costs time there, never correctness.
-void PolygonRecord::FindCentroid() {
-  if (centroid_.x >= 0.0 && centroid_.y >= 0.0) return;
-  MeasureArea();
 }
 
 void PolygonRecord::WarnOfPlanarLobes() {

@@ -47,8 +47,8 @@ class PolygonRecord final : public MeasureRecord {
   [[nodiscard]] double LengthOfRings(const Polygon& polygon) const;
   [[nodiscard]] double LengthOfSeams() const;
   [[nodiscard]] double AreaByRoles(const Polygon& polygon) const;
+  void RememberSimplicity();
   void MeasureArea();
-  void FindCentroid();
   [[nodiscard]] bool HasCentroid() const;
   void WarnOfPlanarLobes();
 
@@ -56,7 +56,7 @@ class PolygonRecord final : public MeasureRecord {
   std::shared_ptr<Polygon> geographic_;
   std::vector<MyGeometricOperations::Seam> seams_;      // of `geographic_`: no part of the perimeter
   std::vector<MyGeometricOperations::RingRole> roles_;  // of `geographic_`, where the map tells them
-  bool looked_for_lobes_ = false;
+  bool looked_for_lobes_ = false, area_is_measured_ = false, looked_whether_simple_ = false;
   double spherical_area_ = kNullMark;
   XY centroid_{kNullMark, kNullMark};  // in planetographic latitudes
 };

@@ -200,7 +200,7 @@ TEST(PolygonMeasures, RingsThatRunTheWrongWay) {
     const MeasuredValues centroid = feature(2);
     EXPECT_EQ(centroid.First, Variant(-9999.0));
     EXPECT_EQ(centroid.Second, Variant(-9999.0));
-    EXPECT_EQ(feature.Work().AreaPasses, 2);
+    EXPECT_EQ(feature.Work().AreaPasses, 1);
   }
 }
 
@@ -248,7 +248,7 @@ TEST(Measures, SharedWorkIsDoneOnce) {
       {"line to the north, azimuths 0", Geographic, PolylineOf({{{10, 40}, {10, 50}}}), false, {0, 0, 1, 1, 0}},
       {"planar line", Unknown, PlanarLine(), true, {0, 0, 0, 0, 0}},
       {"polygon in the north-east", Geographic, GeographicBox(), false, {0, 0, 0, 0, 1}},
-      {"polygon in the west", Geographic, west, false, {0, 0, 0, 0, 2}},
+      {"polygon in the west", Geographic, west, false, {0, 0, 0, 0, 1}},
       {"projected polygon", Projected, ProjectedBox(), false, {1, 0, 0, 0, 1}},
       {"planetocentric multipoint", Geographic, Points({{1, 2}, {3, 4}}), true, {0, 1, 0, 0, 0}},
       {"projected multipoint", Projected, Points({{500000, 5540000}}), false, {1, 0, 0, 0, 0}},
