@@ -40,6 +40,8 @@ class ConversionStep {
   virtual ~ConversionStep() = default;
   /// False when the run shall read no feature at all.
   [[nodiscard]] virtual bool TakesFeatures() const { return true; }
+  /// True when converting keeps nothing from one feature to the next, so that several threads may be at it at once.
+  [[nodiscard]] virtual bool IsPure() const { return false; }
   /// Called once for each feature whose shape isn't empty and has only finite coordinates.
   virtual void Convert(const GeometryRef& shape, ConversionSink& sink) = 0;
   /// Called once after the last feature.

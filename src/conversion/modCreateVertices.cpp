@@ -7,6 +7,7 @@
 #include "conversion/field_transfer.h"
 #include "conversion/output_frame.h"
 #include "conversion/output_target.h"
+#include "conversion/recorded_output.h"
 #include "conversion/run_data.h"
 #include "conversion/run_reports.h"
 #include "platform/finite_shape.h"
@@ -14,6 +15,7 @@
 #include "platform/run_stop.h"
 #include "support/MyGeneralOperations.h"
 #include "support/progress_text.h"
+#include "support/record_pipeline.h"
 #include "support/records_read.h"
 #include "support/rows_on_disk.h"
 #include "support/run_progress.h"
@@ -33,6 +35,8 @@ constexpr std::string_view kTooFar =
 
 constexpr std::string_view kNothingLeft =
     "A part or feature was written without a shape, because it bounds no area or has no length.";
+
+bool MaySpread(const RunContext& context, const ConversionStep& step) { return context.jobs > 1 && step.IsPure(); }
 
 // Writes output features: one buffer, refilled for each of them.
 class OutputWriter final : public ConversionSink {
@@ -88,45 +92,108 @@ class OutputWriter final : public ConversionSink {
   std::int64_t oid_ = 0;  // of the input feature in hand
 };
 
-// The features of the input, one by one. False when the user stopped the run.
-bool ConvertFeatures(const ConversionRun& run, const StepContext& step_context, const RunInput& input,
-                     OutputWriter& writer, RunProgress& progress, RunFacts& facts, RunJournal& journal) {
-  const bool joins = run.Kind == RunKind::Joining;
-  const std::unique_ptr<ConversionStep> step = run.MakeStep(step_context);
-  while (const std::shared_ptr<IFeature> feature = input.cursor->NextFeature()) {
-    const std::int64_t oid = feature->OID();
-    // One feature for all bears the attributes of the first, whether that has a shape or not.
-    if (joins && facts.records_done == 0) {
-      static_cast<void>(WorkOnRecord(journal, oid, [&] { writer.BeginFeature(*feature); }));
-    }
-    if (!step->TakesFeatures()) break;
-    ++facts.records_done;
-    if (!progress.Step(facts.records_done)) return false;
-    ++journal.read;
-    const bool converted = WorkOnRecord(journal, oid, [&] {
-      const GeometryRef shape = feature->Shape();
-      if (!shape || shape->IsEmpty()) {
-        journal.skipped_oids.push_back(oid);
-        return;
-      }
-      writer.SetInput(oid);
-      if (!HasOnlyFiniteCoordinates(*shape)) {
-        writer.Skip(kNotFinite);
-        return;
-      }
-      if (joins && !CanMeetOthers(*shape)) {
-        writer.Skip(kTooFar);
-        return;
-      }
-      if (!joins) writer.BeginFeature(*feature);
-      step->Convert(shape, writer);
-    });
-    if (converted && run.FlushesEachFeature) writer.Flush();
+// The features of the input go through a step, one by one or on several threads.
+class FeatureLoop {
+ public:
+  FeatureLoop(const ConversionRun& run, const StepContext& step_context, const RunInput& input, OutputWriter& writer,
+              RunProgress& progress, RunFacts& facts, RunContext& context)
+      : run_(run),
+        input_(input),
+        writer_(writer),
+        progress_(progress),
+        facts_(facts),
+        context_(context),
+        journal_(context.journal),
+        step_(run.MakeStep(step_context)) {}
+
+  // False when the user stopped the run.
+  bool Run() {
+    if (!(MaySpread(context_, *step_) ? WorkOnSeveral() : WorkOneByOne())) return false;
+    if (step_->TakesFeatures()) RequireRecords(journal_, input_.count, facts_.layer_name);
+    step_->Finish(writer_);
+    return true;
   }
-  if (step->TakesFeatures()) RequireRecords(journal, input.count, facts.layer_name);
-  step->Finish(writer);
-  return true;
-}
+
+ private:
+  [[nodiscard]] bool Joins() const { return run_.Kind == RunKind::Joining; }
+
+  bool WorkOneByOne() {
+    while (const std::shared_ptr<IFeature> feature = input_.cursor->NextFeature()) {
+      const std::int64_t oid = feature->OID();
+      // One feature for all bears the attributes of the first, whether that has a shape or not.
+      if (Joins() && facts_.records_done == 0) {
+        static_cast<void>(WorkOnRecord(journal_, oid, [&] { writer_.BeginFeature(*feature); }));
+      }
+      if (!step_->TakesFeatures()) break;
+      if (!Step()) return false;
+      const bool converted = WorkOnRecord(journal_, oid, [&] {
+        const GeometryRef shape = feature->Shape();
+        const bool has_shape = shape && !shape->IsEmpty();
+        if (!Takes(oid, has_shape, has_shape && HasOnlyFiniteCoordinates(*shape))) return;
+        if (Joins() && !CanMeetOthers(*shape)) return writer_.Skip(kTooFar);
+        if (!Joins()) writer_.BeginFeature(*feature);
+        step_->Convert(shape, writer_);
+      });
+      if (converted && run_.FlushesEachFeature) writer_.Flush();
+    }
+    return true;
+  }
+
+  struct Converted {
+    bool is_finite = false;
+    RecordedOutput output;
+  };
+
+  bool WorkOnSeveral() {
+    return SpreadRecords<Converted>(
+        context_, *input_.cursor, [this] { return Step(); },
+        [this](const ReadRecord& record) {
+          Converted converted;
+          converted.is_finite = record.has_shape && HasOnlyFiniteCoordinates(*record.shape);
+          if (converted.is_finite) {
+            KeepFault(converted.output.fault, [&] { step_->Convert(record.shape, converted.output); });
+          }
+          return converted;
+        },
+        [this](const ReadRecord& record, const Converted& converted) { Write(record, converted); });
+  }
+
+  void Write(const ReadRecord& record, const Converted& converted) {
+    static_cast<void>(WorkOnRecord(journal_, record.oid, [&] {
+      if (record.fault) throw Fault(*record.fault);
+      if (!Takes(record.oid, record.has_shape, converted.is_finite)) return;
+      writer_.BeginFeature(*record.feature);
+      converted.output.TellTo(writer_);
+    }));
+  }
+
+  [[nodiscard]] bool Step() {
+    ++facts_.records_done;
+    if (!progress_.Step(facts_.records_done)) return false;
+    ++journal_.read;
+    return true;
+  }
+
+  // Whether the step gets the record's shape; tells why not.
+  [[nodiscard]] bool Takes(std::int64_t oid, bool has_shape, bool is_finite) {
+    if (!has_shape) {
+      journal_.skipped_oids.push_back(oid);
+      return false;
+    }
+    writer_.SetInput(oid);
+    if (!is_finite) writer_.Skip(kNotFinite);
+    return is_finite;
+  }
+
+  const ConversionRun& run_;
+  const RunInput& input_;
+  OutputWriter& writer_;
+  RunProgress& progress_;
+  RunFacts& facts_;
+  RunContext& context_;
+  RunJournal& journal_;
+  std::unique_ptr<ConversionStep> step_;
+};
 
 RunProgressWords ProgressWords(const ConversionRun& run, const std::string& layer_name) {
   RunProgressWords words;
@@ -149,7 +216,7 @@ std::string RunConversion(RunContext& context, const ConversionRun& run, const s
   const auto tell_faults = [&] { ReportRecordFaults(journal, run.Worker, facts.layer_name); };
   const auto run_body = [&]() -> std::string {
     const auto document = Cast<IMxDocument>(application->Document());
-    const RunInput input = OpenInput(layer, all_records);
+    const RunInput input = OpenInput(layer, all_records, context.jobs > 1 ? Rows::Stay : Rows::Recycled);
     facts.layer_name = layer->Name();
     facts.all_records = all_records;
     facts.record_count = input.count;
@@ -195,7 +262,7 @@ std::string RunConversion(RunContext& context, const ConversionRun& run, const s
       OutputWriter writer(output, transfer, journal);
       const StepContext step_context{input_type, reference, frame.reference};
       const bool finished =
-          UnlessStopped([&] { return ConvertFeatures(run, step_context, input, writer, progress, facts, journal); });
+          UnlessStopped([&] { return FeatureLoop(run, step_context, input, writer, progress, facts, context).Run(); });
       writer.Close();
       journal.stopped = !finished;
       PublishOutput(context, *output, request);

@@ -71,7 +71,7 @@ struct Lines {
 };
 
 Lines CollectLines(RunJournal& journal, const std::shared_ptr<IFeatureLayer>& layer, bool all_lines) {
-  const RunInput input = OpenInput(layer, all_lines);
+  const RunInput input = OpenInput(layer, all_lines, Rows::Recycled);
   Lines lines{input.features, {}, input.count};
   while (const std::shared_ptr<IFeature> feature = input.cursor->NextFeature()) {
     EndIfStopped();
@@ -112,9 +112,11 @@ std::string CompletePolygons(RunJournal& journal, IFeatureClass& output, const F
     static_cast<void>(WorkOnRecord(journal, oid, [&] {
       feature->SetValue(transfer.UniqueIdIndex(), ++count);
       const auto polygon = Cast<Polygon>(feature->Shape());
-      Require(polygon, "IPolygon")->Simplify();
+      const std::shared_ptr<Polygon> stored = CloneOf(*Require(polygon, "IPolygon"));
+      polygon->Simplify();
       if (polygon->IsEmpty()) journal.NoteWarning(kTooSmall, oid);
-      feature->SetShape(polygon);
+      // A shapefile searches all its rows for room for each shape that changes.
+      if (!polygon->IsEqual(*stored)) feature->SetShape(polygon);
       const FieldRef& area = output.Fields()->Field(transfer.MeasureIndex(0));
       NoteMeasureChange(journal, *area, feature->SetValue(transfer.MeasureIndex(0), polygon->Area()), oid);
       if (!labels) return;

@@ -20,6 +20,7 @@ XY MeanOf(const IPointCollection& points) {
 
 class LabelPointStep final : public ConversionStep {
  public:
+  [[nodiscard]] bool IsPure() const override { return true; }
   void Convert(const GeometryRef& shape, ConversionSink& sink) override {
     const auto polygon = Cast<Polygon>(shape);
     const std::optional<XY> point = Require(polygon, "IArea")->InnerPoint();
@@ -32,33 +33,34 @@ class CentroidStep final : public ConversionStep {
  public:
   explicit CentroidStep(esriGeometryType input) : input_(input) {}
 
+  [[nodiscard]] bool IsPure() const override { return true; }
   void Convert(const GeometryRef& shape, ConversionSink& sink) override {
+    std::shared_ptr<Point> center;
     switch (input_) {
       case esriGeometryPolygon: {
         const auto polygon = Cast<Polygon>(shape);
         if (!Require(polygon, "IArea")->HasArea()) return sink.Skip(kNoArea);
-        point_ = std::make_shared<Point>(polygon->Centroid());
+        center = std::make_shared<Point>(polygon->Centroid());
         break;
       }
       case esriGeometryPolyline: {
         const auto curve = Cast<ICurve>(shape);
-        point_ = std::make_shared<Point>(Require(curve, "ICurve")->QueryPoint(esriNoExtension, 0.5, true));
+        center = std::make_shared<Point>(Require(curve, "ICurve")->QueryPoint(esriNoExtension, 0.5, true));
         break;
       }
       case esriGeometryMultipoint: {
         const auto points = Cast<IPointCollection>(shape);
-        point_ = std::make_shared<Point>(MeanOf(*Require(points, "IPointCollection")));
+        center = std::make_shared<Point>(MeanOf(*Require(points, "IPointCollection")));
         break;
       }
       default:
         break;
     }
-    InsertPoint(Require(point_, "IPoint"), sink);
+    InsertPoint(Require(center, "IPoint"), sink);
   }
 
  private:
   esriGeometryType input_;
-  std::shared_ptr<Point> point_;
 };
 
 }  // namespace

@@ -5,16 +5,17 @@
 
 namespace tessarine {
 
-RunInput OpenInput(const std::shared_ptr<IFeatureLayer>& layer, bool all_records) {
+RunInput OpenInput(const std::shared_ptr<IFeatureLayer>& layer, bool all_records, Rows rows) {
+  const bool recycled = rows == Rows::Recycled;
   RunInput input;
   input.features = Require(layer->FeatureClass(), "FeatureClass");
   if (all_records) {
-    input.cursor = input.features->Search(nullptr, true);
+    input.cursor = input.features->Search(nullptr, recycled);
     input.count = input.features->FeatureCount(nullptr);
     return input;
   }
   const auto selection = Require(Cast<IFeatureSelection>(layer), "IFeatureSelection")->SelectionSet();
-  input.cursor = Cast<IFeatureCursor>(Require(selection, "SelectionSet")->Search(nullptr, true));
+  input.cursor = Cast<IFeatureCursor>(Require(selection, "SelectionSet")->Search(nullptr, recycled));
   input.count = selection->Count();
   return input;
 }

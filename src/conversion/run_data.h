@@ -21,8 +21,11 @@ struct RunInput {
   std::int32_t count = 0;
 };
 
+/// Whether each row takes the place of the one before.
+enum class Rows : bool { Recycled, Stay };
+
 /// All records of the layer, or the selected ones, in the order of the data.
-[[nodiscard]] RunInput OpenInput(const std::shared_ptr<IFeatureLayer>& layer, bool all_records);
+[[nodiscard]] RunInput OpenInput(const std::shared_ptr<IFeatureLayer>& layer, bool all_records, Rows rows);
 
 /// The request for an output at this target, without what the run knows of its data.
 [[nodiscard]] MyGeneralOperations::OutputRequest RequestFor(const OutputTarget& target, std::string_view name_prompt);

@@ -16,6 +16,7 @@ class PolygonStep final : public ConversionStep {
  public:
   explicit PolygonStep(SpatialReferenceRef reference) : reference_(std::move(reference)) {}
 
+  [[nodiscard]] bool IsPure() const override { return true; }
   void Convert(const GeometryRef& shape, ConversionSink& sink) override {
     const auto parts = Cast<IGeometryCollection>(shape);
     Require(parts, "IGeometryCollection");
@@ -41,6 +42,7 @@ class PolylineStep final : public ConversionStep {
  public:
   explicit PolylineStep(SpatialReferenceRef reference) : reference_(std::move(reference)) {}
 
+  [[nodiscard]] bool IsPure() const override { return true; }
   void Convert(const GeometryRef& shape, ConversionSink& sink) override {
     const auto polygon = Cast<Polygon>(shape);
     Require(polygon, "IPolygon")->Simplify();

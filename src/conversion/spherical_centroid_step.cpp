@@ -46,6 +46,7 @@ class SphericalCentroidStep final : public ConversionStep {
     semi_minor_ = spheroid->SemiMinorAxis();
   }
 
+  [[nodiscard]] bool IsPure() const override { return true; }
   void Convert(const GeometryRef& shape, ConversionSink& sink) override {
     if (!IsCentred()) {
       sink.InsertUnnumbered();
@@ -74,7 +75,8 @@ class SphericalCentroidStep final : public ConversionStep {
     return input_ == esriGeometryPolygon || input_ == esriGeometryPolyline || input_ == esriGeometryMultipoint;
   }
 
-  [[nodiscard]] std::shared_ptr<Point> CenterOf(const GeometryRef& shape, const std::vector<geodesy::RingRole>& roles) {
+  [[nodiscard]] std::shared_ptr<Point> CenterOf(const GeometryRef& shape,
+                                                const std::vector<geodesy::RingRole>& roles) const {
     switch (input_) {
       case esriGeometryPolygon:
         return PolygonCenter(Cast<Polygon>(shape), roles);
@@ -97,12 +99,12 @@ class SphericalCentroidStep final : public ConversionStep {
     return area > 0.0 ? std::make_shared<Point>(longitude, latitude) : nullptr;
   }
 
-  // The axes stand one place too early: the length of the line goes to the major axis, and the segments are measured
-  // with the minor axis as the major one. Results that are compared over the years depend on it.
-  [[nodiscard]] std::shared_ptr<Point> LineCenter(const std::shared_ptr<Polyline>& line) {
+  // The axes stand one place too early: the segments are measured with the minor axis as the major one. Results that
+  // are compared over the years depend on it.
+  [[nodiscard]] std::shared_ptr<Point> LineCenter(const std::shared_ptr<Polyline>& line) const {
     if (!HasLength(*line)) return nullptr;
-    double position = 0.5;
-    return geodesy::SpheroidalPolylineMidpoint2(line, position, true, semi_major_, semi_minor_, kSegmentSemiMinor);
+    double position = 0.5, length = 0.0;
+    return geodesy::SpheroidalPolylineMidpoint2(line, position, true, length, semi_minor_, kSegmentSemiMinor);
   }
 
   esriGeometryType input_;

@@ -12,6 +12,7 @@ class SplitStep final : public ConversionStep {
  public:
   explicit SplitStep(const StepContext& context) : input_(context.InputType), reference_(context.Reference) {}
 
+  [[nodiscard]] bool IsPure() const override { return true; }
   void Convert(const GeometryRef& shape, ConversionSink& sink) override {
     switch (input_) {
       case esriGeometryMultipoint:

@@ -125,6 +125,7 @@ void AddConversion(const ConversionRow& row, CLI::App& program, ChosenCommand& c
   AddFormatOption(command, options->output);
   AddReferenceOption(command, options->output);
   AddCommonOptions(command, options->common);
+  AddJobsOption(command, options->common);
   command.footer(std::string("Example:\n  ") + row.example);
   command.callback([&row, &chosen, options] {
     options->common.command_line = chosen.command_line;
