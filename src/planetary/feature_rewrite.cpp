@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <optional>
 
 #include "planetary/carried_fields.h"
 #include "platform/paths.h"
@@ -14,6 +15,7 @@
 #include "support/foretold_changes.h"
 #include "support/frmOrlProgressMeter.h"
 #include "support/journal_report.h"
+#include "support/record_pipeline.h"
 #include "support/records_read.h"
 #include "support/rows_on_disk.h"
 #include "support/run_progress.h"
@@ -70,14 +72,14 @@ AttributeCopy CopyOf(const IFeatureClass& from, const IFeatureClass& to) {
   return {sources, LastAttributes(*to.Fields(), sources.size()), *to.Fields()};
 }
 
-RewrittenShape Rewrite(const FeatureRewrite& run, const IFeature& feature, const RewrittenRecord& record) {
-  const GeometryRef shape = feature.ShapeCopy();
+// `shape` is a private copy, or null.
+RewrittenShape Rewrite(const ShapeRewrite& rewrite, const GeometryRef& shape, const RewrittenRecord& record) {
   if (!shape || shape->IsEmpty()) {
     record.journal.skipped_oids.push_back(record.oid);
     return {shape, "  --> Feature at OID #" + std::to_string(record.oid) + " is empty..."};
   }
   RewrittenShape rewritten;
-  if (!UnlessStopped([&] { rewritten = run.rewrite(shape, record); })) rewritten.stopped = true;
+  if (!UnlessStopped([&] { rewritten = rewrite(shape, record); })) rewritten.stopped = true;
   if (rewritten.shape && rewritten.shape->IsEmpty()) {
     record.journal.NoteWarning(kEmptied, record.oid);
     if (rewritten.problem.empty()) {
@@ -87,45 +89,117 @@ RewrittenShape Rewrite(const FeatureRewrite& run, const IFeature& feature, const
   return rewritten;
 }
 
-// The features one by one. False when the user stopped the run.
-bool RewriteAll(RunJournal& journal, const FeatureRewrite& run, IFeatureClass& input,
-                const std::shared_ptr<IFeatureClass>& output, RunProgress& progress, RewriteFacts& facts) {
-  const AttributeCopy attributes = CopyOf(input, *output);
-  const std::shared_ptr<IFeatureCursor> reader = input.Search(nullptr, false);
-  const std::shared_ptr<IFeatureCursor> writer = output->Insert(true);
-  const std::shared_ptr<IFeatureBuffer> buffer = output->CreateFeatureBuffer();
-  const KeepGoing keep_going = [&progress] { return progress.GoesOn(); };
-  bool finished = true;
-  while (const std::shared_ptr<IFeature> feature = reader->NextFeature()) {
-    finished = progress.Step(++facts.records_done);
-    if (!finished) break;
-    ++journal.read;
-    const std::int64_t oid = feature->OID();
-    RewrittenShape rewritten;
-    static_cast<void>(WorkOnRecord(journal, oid, [&] {
-      rewritten = Rewrite(run, *feature, {oid, journal, keep_going});
-    }));
-    finished = !rewritten.stopped;
-    if (!finished) break;
-    if (facts.measures.Add(rewritten.measure, oid)) journal.NoteWarning(kChanged, oid);
-    if (rewritten.steps.holds_north) facts.poles.north.push_back(oid);
-    if (rewritten.steps.holds_south) facts.poles.south.push_back(oid);
-    if (!rewritten.problem.empty()) facts.problems += ProblemLine(rewritten.problem);
-    if (!WorkOnRecord(journal, oid, [&] { attributes.Copy(*feature, *buffer, journal); })) continue;
+// What the work on one record noted in a journal of its own.
+void TakeRecordNotes(const RunJournal& notes, std::int64_t oid, RunJournal& journal) {
+  std::ranges::copy(notes.skipped_oids, std::back_inserter(journal.skipped_oids));
+  for (const RunWarning& warning : notes.warnings) {
+    for (std::int64_t time = 0; time < warning.count; ++time) journal.NoteWarning(warning.text, oid);
+  }
+  for (const RunFault& fault : notes.faults) journal.NoteFault(fault.first, oid);
+}
+
+// The features one by one, or on several threads.
+class RewriteLoop {
+ public:
+  RewriteLoop(RunContext& context, const FeatureRewrite& run, IFeatureClass& input,
+              const std::shared_ptr<IFeatureClass>& output, RunProgress& progress, RewriteFacts& facts)
+      : context_(context),
+        journal_(context.journal),
+        run_(run),
+        progress_(progress),
+        facts_(facts),
+        attributes_(CopyOf(input, *output)),
+        reader_(input.Search(nullptr, false)),
+        writer_(output->Insert(true)),
+        buffer_(output->CreateFeatureBuffer()) {}
+
+  // False when the user stopped the run.
+  bool Run() {
+    const bool finished = context_.jobs > 1 ? UnlessStopped([this] { return WorkOnSeveral(); }) : WorkOneByOne();
+    writer_->Close();
+    return finished;
+  }
+
+ private:
+  struct Rewritten {
+    RewrittenShape shape;
+    RunJournal notes;
+    std::optional<Fault> fault;
+  };
+
+  bool WorkOneByOne() {
+    const KeepGoing keep_going = [this] { return progress_.GoesOn(); };
+    while (const std::shared_ptr<IFeature> feature = reader_->NextFeature()) {
+      if (!Step()) return false;
+      const std::int64_t oid = feature->OID();
+      RewrittenShape rewritten;
+      static_cast<void>(WorkOnRecord(journal_, oid, [&] {
+        rewritten = Rewrite(run_.rewrite, feature->ShapeCopy(), {oid, journal_, keep_going});
+      }));
+      if (rewritten.stopped) return false;
+      Write(*feature, oid, rewritten);
+    }
+    return true;
+  }
+
+  bool WorkOnSeveral() {
+    return SpreadRecords<Rewritten>(
+        context_, *reader_, [this] { return Step(); },
+        [this](const ReadRecord& record) {
+          Rewritten rewritten;
+          rewritten.fault = record.fault;
+          if (rewritten.fault) return rewritten;
+          const ShapeRewrite own = run_.rewrite;
+          const KeepGoing keep_going = [] { return !StopRequested(); };
+          KeepFault(rewritten.fault, [&] {
+            rewritten.shape = Rewrite(own, record.shape, {record.oid, rewritten.notes, keep_going});
+          });
+          return rewritten;
+        },
+        [this](const ReadRecord& record, const Rewritten& rewritten) {
+          TakeRecordNotes(rewritten.notes, record.oid, journal_);
+          if (rewritten.fault) {
+            static_cast<void>(WorkOnRecord(journal_, record.oid, [&] { throw Fault(*rewritten.fault); }));
+          }
+          if (rewritten.shape.stopped) throw RunStopped();
+          Write(*record.feature, record.oid, rewritten.shape);
+        });
+  }
+
+  [[nodiscard]] bool Step() {
+    if (!progress_.Step(++facts_.records_done)) return false;
+    ++journal_.read;
+    return true;
+  }
+
+  void Write(const IFeature& feature, std::int64_t oid, const RewrittenShape& rewritten) {
+    if (facts_.measures.Add(rewritten.measure, oid)) journal_.NoteWarning(kChanged, oid);
+    if (rewritten.steps.holds_north) facts_.poles.north.push_back(oid);
+    if (rewritten.steps.holds_south) facts_.poles.south.push_back(oid);
+    if (!rewritten.problem.empty()) facts_.problems += ProblemLine(rewritten.problem);
+    if (!WorkOnRecord(journal_, oid, [&] { attributes_.Copy(feature, *buffer_, journal_); })) return;
     const auto write = [&](const GeometryRef& shape) {
-      return WorkOnRecord(journal, oid, [&] {
-        buffer->SetShape(shape);
-        WriteRow([&] { writer->InsertFeature(*buffer); });
-        ++journal.written;
+      return WorkOnRecord(journal_, oid, [&] {
+        buffer_->SetShape(shape);
+        WriteRow([&] { writer_->InsertFeature(*buffer_); });
+        ++journal_.written;
       });
     };
     // What the output can't hold is the shape, as a rule; the record isn't lost with it.
-    if (write(rewritten.shape) || !rewritten.shape || !write(nullptr)) continue;
-    facts.problems += ProblemLine("  --> Feature at OID #" + std::to_string(oid) + " was written without its shape...");
+    if (write(rewritten.shape) || !rewritten.shape || !write(nullptr)) return;
+    facts_.problems +=
+        ProblemLine("  --> Feature at OID #" + std::to_string(oid) + " was written without its shape...");
   }
-  writer->Close();
-  return finished;
-}
+
+  RunContext& context_;
+  RunJournal& journal_;
+  const FeatureRewrite& run_;
+  RunProgress& progress_;
+  RewriteFacts& facts_;
+  AttributeCopy attributes_;
+  std::shared_ptr<IFeatureCursor> reader_, writer_;
+  std::shared_ptr<IFeatureBuffer> buffer_;
+};
 
 void ShowResult(RunContext& context, const std::shared_ptr<IFeatureClass>& output, bool partial,
                 const std::shared_ptr<IMxDocument>& document) {
@@ -185,7 +259,7 @@ std::string RunBody(RunContext& context, const FeatureRewrite& run, const std::s
   const OutputChoice place = PlaceOf(*output, request);
   journal.reference = output->SpatialReference();
 
-  facts.stopped = !RewriteAll(journal, run, *input, output, progress, facts);
+  facts.stopped = !RewriteLoop(context, run, *input, output, progress, facts).Run();
   if (!facts.stopped) RequireRecords(journal, announced, run.layer->Name());
   journal.stopped = facts.stopped;
   PublishOutput(context, *output, request);

@@ -37,6 +37,9 @@ struct RewrittenRecord {
   const KeepGoing& keep_going;  ///< what long work asks
 };
 
+/// Takes a private copy of a shape that isn't empty. Copies of it may work at the same time.
+using ShapeRewrite = std::function<RewrittenShape(const GeometryRef& shape, const RewrittenRecord& record)>;
+
 struct FeatureRewrite {
   std::string_view worker;
   std::string_view conversion;          ///< as "Wrap to Boundary"
@@ -44,8 +47,7 @@ struct FeatureRewrite {
   std::vector<ReportSection> sections;  ///< what the report says of the choices
   std::shared_ptr<IFeatureLayer> layer;
   OutputDescription output;
-  /// Takes a private copy of a shape that isn't empty.
-  std::function<RewrittenShape(const GeometryRef& shape, const RewrittenRecord& record)> rewrite;
+  ShapeRewrite rewrite;
   std::optional<RunSpheroid> spheroid = std::nullopt;  ///< that the shapes are computed on
 };
 

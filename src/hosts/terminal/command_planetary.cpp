@@ -310,6 +310,7 @@ void AddWrap(CLI::App& program, ChosenCommand& chosen) {
       ->check(CLI::IsMember({"north", "south", "both", "neither"}))
       ->needs(&short_steps);
   AddCommonOptions(command, options->common);
+  AddJobsOption(command, options->common);
   command.footer("Example:\n  tessarine wrap tests/data/countries.shp --range 360 -o countries_360.shp");
   command.callback([&chosen, options] {
     options->common.command_line = chosen.command_line;
@@ -325,6 +326,7 @@ void AddLatitudes(const LatitudeRow& row, CLI::App& program, ChosenCommand& chos
   command.add_option("--wrap", options->wrap, "Wrap longitudes to -180 to 180 or to 0 to 360 degrees, after the shift")
       ->check(CLI::IsMember({"180", "360", "none"}));
   AddCommonOptions(command, options->common);
+  AddJobsOption(command, options->common);
   command.footer(std::string("Example:\n  ") + row.example);
   command.callback([&row, &chosen, options] {
     options->common.command_line = chosen.command_line;
