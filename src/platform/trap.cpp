@@ -49,10 +49,10 @@ void ReportFault(const TrapSite& site, const Fault& fault) {
   if (g_reporter != nullptr) g_reporter(site, fault);
 }
 
-RecordInHand::RecordInHand(std::int64_t oid) : before_(std::exchange(t_record_in_hand, oid)) {}
 Silence::Silence() { ++t_silences; }
 Silence::~Silence() { --t_silences; }
 
+RecordInHand::RecordInHand(std::int64_t oid) : before_(std::exchange(t_record_in_hand, oid)) {}
 RecordInHand::~RecordInHand() { t_record_in_hand = before_; }
 std::optional<std::int64_t> RecordInHand::Oid() { return t_record_in_hand; }
 
