@@ -151,7 +151,7 @@ class FeatureLoop {
           Converted converted;
           converted.is_finite = record.has_shape && HasOnlyFiniteCoordinates(*record.shape);
           if (converted.is_finite) {
-            KeepFault(converted.output.fault, [&] { step_->Convert(record.shape, converted.output); });
+            KeepFault(record.oid, converted.output.fault, [&] { step_->Convert(record.shape, converted.output); });
           }
           return converted;
         },

@@ -151,7 +151,7 @@ class RewriteLoop {
           if (rewritten.fault) return rewritten;
           const ShapeRewrite own = run_.rewrite;
           const KeepGoing keep_going = [] { return !StopRequested(); };
-          KeepFault(rewritten.fault, [&] {
+          KeepFault(record.oid, rewritten.fault, [&] {
             rewritten.shape = Rewrite(own, record.shape, {record.oid, rewritten.notes, keep_going});
           });
           return rewritten;

@@ -53,7 +53,7 @@ ReadRecord ReadRecordOf(const std::shared_ptr<IFeature>& feature) {
   record.feature = feature;
   record.oid = feature->OID();
   // A copy, because work may project and simplify it.
-  KeepFault(record.fault, [&] { record.shape = feature->ShapeCopy(); });
+  KeepFault(record.oid, record.fault, [&] { record.shape = feature->ShapeCopy(); });
   record.has_shape = record.shape && !record.shape->IsEmpty();
   return record;
 }

@@ -39,10 +39,10 @@ struct ReadRecord {
 /// Reads the shape of a row.
 [[nodiscard]] ReadRecord ReadRecordOf(const std::shared_ptr<IFeature>& feature);
 
-/// Does the work; a fault of it goes to `fault`. A stop comes out.
+/// Does the work on a record; a fault of it goes to `fault`. A stop comes out.
 template <class Work>
-void KeepFault(std::optional<Fault>& fault, Work&& work) {
-  const RecordInHand in_hand;
+void KeepFault(std::int64_t oid, std::optional<Fault>& fault, Work&& work) {
+  const RecordInHand in_hand(oid);
   try {
     std::forward<Work>(work)();
   } catch (...) {
