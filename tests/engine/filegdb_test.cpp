@@ -143,7 +143,8 @@ void CopyClass(const std::string& file, const std::string& name, const std::stri
                                  .only = std::nullopt,
                                  .replaces = replaces,
                                  .result_fields = {},
-                                 .question = ""};
+                                 .question = "",
+                                 .reference = nullptr};
   Cast<IStagedDataset>(MakeLayerCopy(request).output)->Publish();
 }
 
