@@ -164,10 +164,41 @@ DatasetHandle OpenTarget(const Format& format, const fs::path& path, const fs::p
   return dataset;
 }
 
+// A name of a server between marks: those of a schema and of its table each by itself.
+std::string MarkedName(std::string name) {
+  const std::size_t point = name.find('.');
+  if (point != std::string::npos) return MarkedName(name.substr(0, point)) + "." + MarkedName(name.substr(point + 1));
+  return '"' + Replace(name, "\"", "\"\"") + '"';
+}
+
+// The views and tables that would go away with a table of a server.
+std::string DependentsOf(GDALDataset& dataset, const std::string& table) {
+  const std::string query =
+      "SELECT DISTINCT coalesce(r.ev_class, c.conrelid)::regclass::text FROM pg_depend d "
+      "LEFT JOIN pg_rewrite r ON d.classid = 'pg_rewrite'::regclass AND r.oid = d.objid "
+      "LEFT JOIN pg_constraint c ON d.classid = 'pg_constraint'::regclass AND c.oid = d.objid AND c.contype = 'f' "
+      "WHERE d.refclassid = 'pg_class'::regclass AND d.refobjid = to_regclass('" +
+      Replace(MarkedName(table), "'", "''") + "') AND coalesce(r.ev_class, c.conrelid) <> d.refobjid ORDER BY 1";
+  std::string names;
+  OGRLayer* const found = dataset.ExecuteSQL(query.c_str(), nullptr, nullptr);
+  if (found == nullptr) return names;
+  for (const auto& row : *found) names += (names.empty() ? "" : ", ") + std::string(row->GetFieldAsString(0));
+  dataset.ReleaseResultSet(found);
+  return names;
+}
+
 void RemoveLayer(GDALDataset& dataset, const std::string& name) {
   const GdalErrorScope errors;
   for (int index = 0; index < dataset.GetLayerCount(); ++index) {
     if (!EqualsIgnoringCase(dataset.GetLayer(index)->GetName(), name)) continue;
+    if (EQUAL(dataset.GetDriverName(), "PostgreSQL")) {
+      const std::string dependents = DependentsOf(dataset, dataset.GetLayer(index)->GetName());
+      if (!dependents.empty()) {
+        RaiseEngineFault("The table '" + name +
+                         "' can't be replaced, because these depend on it and would be dropped: " + dependents +
+                         ". Drop them first, or name another table.");
+      }
+    }
     if (dataset.DeleteLayer(index) == OGRERR_NONE) return;
     RaiseEngineFault("The layer '" + name + "' can't be replaced" + errors.Quote() + ".");
   }

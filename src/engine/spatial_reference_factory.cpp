@@ -142,6 +142,25 @@ bool AreEquivalent(const std::string& first, const std::string& second) {
   return a && b && proj_is_equivalent_to_with_ctx(context.get(), a.get(), b.get(), PJ_COMP_EQUIVALENT) != 0;
 }
 
+// The drivers look for a code of a reference that has none, and of a zone of UTM they find one whatever its unit is.
+bool IsTakenForAnother(const OGRSpatialReference& reference) {
+  if (reference.GetAuthorityCode(nullptr) != nullptr || reference.IsProjected() == 0) return false;
+  const OgrReference guessed(reference.Clone());
+  if (guessed->AutoIdentifyEPSG() != OGRERR_NONE || guessed->GetAuthorityCode(nullptr) == nullptr) return false;
+  const OgrReference declared = NewOgrReference();
+  const char* const equivalent[] = {"CRITERION=EQUIVALENT", "IGNORE_DATA_AXIS_TO_SRS_AXIS_MAPPING=YES", nullptr};
+  return declared->importFromEPSG(std::atoi(guessed->GetAuthorityCode(nullptr))) != OGRERR_NONE ||
+         declared->IsSame(&reference, equivalent) == 0;
+}
+
+// From the older form of the text the drivers take no code for it.
+void KeepFromBeingTaken(OGRSpatialReference& reference) {
+  char* text = nullptr;
+  const char* const options[] = {"FORMAT=WKT1_GDAL", nullptr};
+  if (reference.exportToWkt(&text, options) == OGRERR_NONE && text != nullptr) reference.importFromWkt(text);
+  CPLFree(text);
+}
+
 }  // namespace
 
 namespace engine {
@@ -175,6 +194,7 @@ OgrReference OgrFromReference(const SpatialReference& reference) {
   if (own->importFromWkt(reference.Wkt().c_str()) != OGRERR_NONE) {
     RaiseEngineFault("The spatial reference '" + reference.Name() + "' can't be read" + errors.Quote() + ".");
   }
+  if (IsTakenForAnother(*own)) KeepFromBeingTaken(*own);
   return own;
 }
 

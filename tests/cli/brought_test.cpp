@@ -99,6 +99,21 @@ struct ToolRow {
   std::vector<std::string> arguments;
 };
 
+// A zone of UTM has a code, and its drivers give it to kilometres and feet too.
+TEST_F(Brought, AUnitIsNoCode) {
+  const std::string zone = "+proj=utm +zone=33 +datum=WGS84 +units=km";
+  for (const std::string place : {"o.gpkg", "o.fgb"}) {
+    ASSERT_EQ(Run({"centroids", "@countries.shp", "--where", "name = 'Italy'"}, In(place), zone).status, 0) << place;
+    const auto data = OpenData(In(place));
+    const OGRSpatialReference* reference = data->GetLayer(0)->GetSpatialRef();
+    ASSERT_NE(reference, nullptr) << place;
+    EXPECT_NEAR(reference->GetLinearUnits(), 1000.0, 1e-6) << place;
+    OGREnvelope box;
+    ASSERT_EQ(data->GetLayer(0)->GetExtent(&box), OGRERR_NONE);
+    EXPECT_NEAR(box.MinY, 4740.0, 60.0) << place;
+  }
+}
+
 TEST_F(Brought, ShapesLieInTheReferenceAndValuesStay) {
   const std::vector<ToolRow> tools = {
       {"centroids", {"centroids", "@countries.shp", "--fields", "name"}},

@@ -416,6 +416,13 @@ TEST_F(Outputs, ATableOfAServerIsMadeInOneStep) {
   ASSERT_EQ(RunTessarine({"wrap", table, "--range", "360", "-q", "-o", In("o.gpkg")}).status, 0);
   EXPECT_EQ(CountOf(In("o.gpkg"), "o"), 177);
   GDALDatasetUniquePtr data(GDALDataset::Open(server.c_str(), GDAL_OF_VECTOR | GDAL_OF_UPDATE));
+  // Nor is it dropped with what others made of it.
+  data->ExecuteSQL("CREATE VIEW tessarine_view AS SELECT * FROM tessarine_centroids", nullptr, nullptr);
+  const ProgramOutcome viewed = Centroids(table, {"--overwrite"});
+  EXPECT_EQ(viewed.status, 2);
+  EXPECT_THAT(viewed.err + viewed.out, HasSubstr("tessarine_view"));
+  EXPECT_EQ(CountOf(server, "tessarine_view"), 177);
+  data->ExecuteSQL("DROP VIEW tessarine_view", nullptr, nullptr);
   data->ExecuteSQL("DROP TABLE tessarine_centroids", nullptr, nullptr);
 }
 

@@ -204,10 +204,13 @@ ExitStatus RunOverSources(const std::vector<std::string>& sources, const OutputO
     if (WasInterrupted()) break;
     outcomes.push_back(RunOne(source, names, common, reports.For(source), run));
     const SourceOutcome& outcome = outcomes.back();
+    const std::string line =
+        WithoutPasswords(source + ": " + outcome.word + (outcome.detail.empty() ? "" : ", " + outcome.detail));
+    // Who wants no report still wants to know what failed.
+    if (common.quiet && outcome.status != ExitStatus::Done) fmt::print(stderr, "tessarine: {}\n", line);
     std::fflush(stderr);
     if (common.quiet) continue;
-    fmt::print("{}\n",
-               WithoutPasswords(source + ": " + outcome.word + (outcome.detail.empty() ? "" : ", " + outcome.detail)));
+    fmt::print("{}\n", line);
     std::fflush(stdout);
   }
   if (!common.quiet) fmt::print("\n{}", WithoutPasswords(TableOf(outcomes)));

@@ -36,7 +36,7 @@ constexpr std::string_view kPlainCharacters =
 std::string CommandLine(int argc, char** argv) {
   std::string line;
   for (int index = 0; index < argc; ++index) {
-    const std::string word = argv[index];
+    const std::string word = WithoutPasswords(argv[index]);
     const bool plain = !word.empty() && word.find_first_not_of(kPlainCharacters) == std::string::npos;
     std::string quoted = "'";
     for (const char c : word) quoted += c == '\'' ? "'\\''" : std::string(1, c);
