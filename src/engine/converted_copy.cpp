@@ -24,6 +24,9 @@ constexpr const char* kMoved =
 constexpr const char* kNoPlace = "The shape lies where it can't be brought to longitudes and latitudes.";
 constexpr const char* kNoPlaceWithoutShape = "The format keeps no record without a shape: this one isn't in the copy.";
 const std::string kRowLost = "The format doesn't take the record with its shape: this one isn't in the copy.";
+const std::string kElsewhere =
+    "The shape lies elsewhere than the source's, because the format can't keep where it is: write it to another "
+    "format.";
 const std::string kShapeLost = "The format doesn't keep the shape.";
 
 // A field that the run has added.
@@ -321,7 +324,9 @@ class Readback {
       notes_.NoteFault(RecordFault(kRowRefused, kShapeLost), oid);
       return;
     }
-    if (ShapeMoved(*meant, *written)) notes_.NoteWarning(kMoved, oid);
+    const ShapeShift shift = ShiftOf(*meant, *written);
+    if (shift == ShapeShift::Rounded) notes_.NoteWarning(kMoved, oid);
+    if (shift == ShapeShift::Elsewhere) notes_.NoteFault(RecordFault(kRowRefused, kElsewhere), oid);
     if (!conversion.format->uniform_shapes) NoteHeights(*meant, *written, conversion.shapes, kept_, oid, notes_);
   }
 

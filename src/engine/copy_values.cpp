@@ -3,9 +3,11 @@
 
 #include <cpl_conv.h>
 #include <cpl_json.h>
+#include <algorithm>
 
 #include <cmath>
 #include <string>
+#include <utility>
 
 #include "engine/engine_fault.h"
 #include "engine/ogr_fields.h"
@@ -139,12 +141,22 @@ ValueChange CompareValues(const OGRFeature& meant, int meant_index, const OGRFea
   return CompareTexts(meant.GetFieldAsString(meant_index), written.GetFieldAsString(written_index));
 }
 
-bool ShapeMoved(const OGRGeometry& meant, const OGRGeometry& written) {
+ShapeShift ShiftOf(const OGRGeometry& meant, const OGRGeometry& written) {
+  constexpr double kRounding = 1e-5;
   OGREnvelope first, second;
   meant.getEnvelope(&first);
   written.getEnvelope(&second);
-  return !Near(first.MinX, second.MinX) || !Near(first.MinY, second.MinY) || !Near(first.MaxX, second.MaxX) ||
-         !Near(first.MaxY, second.MaxY);
+  const std::pair<double, double> sides[] = {
+      {first.MinX, second.MinX}, {first.MinY, second.MinY}, {first.MaxX, second.MaxX}, {first.MaxY, second.MaxY}};
+  if (std::ranges::all_of(sides, [](const auto& side) { return Near(side.first, side.second); })) {
+    return ShapeShift::None;
+  }
+  double largest = 1.0, farthest = 0.0;
+  for (const auto& [there, here] : sides) {
+    largest = std::max(largest, std::fabs(there));
+    farthest = std::max(farthest, std::fabs(there - here));
+  }
+  return farthest <= kRounding * largest ? ShapeShift::Rounded : ShapeShift::Elsewhere;
 }
 
 }  // namespace tessarine::engine

@@ -13,7 +13,12 @@ namespace tessarine::engine {
 [[nodiscard]] ValueChange CompareValues(const OGRFeature& meant, int meant_index, const OGRFeature& written,
                                         int written_index);
 
-/// True where the shape lies elsewhere than it was meant to, beyond what the last digits of its numbers make out.
-[[nodiscard]] bool ShapeMoved(const OGRGeometry& meant, const OGRGeometry& written);
+enum class ShapeShift : std::uint8_t {
+  None,       ///< but for what the last digits of numbers make out
+  Rounded,    ///< by less than a hundred-thousandth of its coordinates: the format keeps fewer digits
+  Elsewhere,  ///< farther
+};
+/// How far the extent of a shape lies from where it was meant to.
+[[nodiscard]] ShapeShift ShiftOf(const OGRGeometry& meant, const OGRGeometry& written);
 
 }  // namespace tessarine::engine

@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "engine/target_reference.h"
 
+#include <ogr_geometry.h>
+
+#include <cmath>
+
 #include "engine/engine_fault.h"
 
 namespace tessarine::engine {
@@ -20,10 +24,22 @@ std::string Quoted(const OGRSpatialReference& reference) {
   return "'" + std::string(name != nullptr ? name : "") + "'";
 }
 
+// A driver of such a format may take what is a rounding beyond 180 degrees for the other edge.
+class OntoTheEdge final : public OGRDefaultGeometryVisitor {
+ public:
+  using OGRDefaultGeometryVisitor::visit;
+  void visit(OGRPoint* place) override {
+    constexpr double kEdge = 180.0, kRounding = 1e-9;
+    const double x = place->getX();
+    if (std::fabs(x) > kEdge && std::fabs(x) <= kEdge + kRounding) place->setX(std::copysign(kEdge, x));
+  }
+};
+
 }  // namespace
 
 TargetReference::TargetReference(const Format& format, const OGRSpatialReference* source,
-                                 const std::filesystem::path& shown) {
+                                 const std::filesystem::path& shown)
+    : degrees_(format.degrees) {
   if (source == nullptr) return;
   if (!format.degrees) {
     target_.reset(source->Clone());
@@ -67,10 +83,15 @@ std::string LossOfReference(std::string_view driver, const OGRSpatialReference* 
 }
 
 std::unique_ptr<OGRGeometry> TargetReference::Bring(std::unique_ptr<OGRGeometry> shape) const {
-  if (!way_ || !shape || shape->IsEmpty()) return shape;
+  if (!shape || shape->IsEmpty()) return shape;
   const GdalErrorScope quiet;
   shape->assignSpatialReference(nullptr);
-  return shape->transform(way_.get()) == OGRERR_NONE ? std::move(shape) : nullptr;
+  if (way_ && shape->transform(way_.get()) != OGRERR_NONE) return nullptr;
+  if (degrees_) {
+    OntoTheEdge onto_the_edge;
+    shape->accept(&onto_the_edge);
+  }
+  return shape;
 }
 
 }  // namespace tessarine::engine

@@ -33,6 +33,7 @@ class TargetReference {
   [[nodiscard]] const std::optional<std::string>& Foretold() const { return foretold_; }
 
  private:
+  bool degrees_ = false;  // the format keeps nothing else
   OgrReference target_;
   std::unique_ptr<OGRCoordinateTransformation, CoordinateWayRelease> way_;
   std::optional<std::string> foretold_;
