@@ -38,8 +38,7 @@ constexpr WarningRow kWarnings[] = {
      "A latitude lies beyond a pole: lengths, areas, centroids and azimuths are those of some other place."},
     {MeasureWarning::FarFromArea,
      "A shape lies more than 30 degrees east or west of the area that the layer's reference is made for: so far from "
-     "there "
-     "some projections give another place, and all that is measured on the globe is that of this place."},
+     "there some projections give another place, and all that is measured on the globe is that of this place."},
     {MeasureWarning::WideRing,
      "A ring is more than 180 degrees of longitude wide: its spherical area and centroid may be wrong, because they "
      "take the short way round between any two places. Its spheroidal area isn't."},
@@ -53,12 +52,10 @@ constexpr WarningRow kWarnings[] = {
      "out."},
     {MeasureWarning::TurnedRing,
      "The spherical area of a polygon isn't above 0: on the sphere the sides of a ring run otherwise than on the map, "
-     "past "
-     "each other or past a pole."},
+     "past each other or past a pole."},
     {MeasureWarning::PlanarLobes,
      "A ring crosses itself: its lobes count by the way they run, so that their planimetric areas may cancel each "
-     "other "
-     "out and their centroid may lie outside."},
+     "other out and their centroid may lie outside."},
     {MeasureWarning::NoCentroid,
      "A polygon has no spherical centroid, because its spherical area isn't above 0: -9999 stands in its place."},
     {MeasureWarning::RoughSeries,

@@ -127,8 +127,8 @@ class MeasureRecord {
 };
 
 /// The record of a shape that isn't empty. The shape must be a private copy: some measures change it. Fault 13 when it
-/// isn't of the layer's shape type, and fault 5 when a coordinate is no finite number: nothing of
-/// such a shape can be measured. `settings` must outlive the record.
+/// isn't of the layer's shape type, and fault 5 when a coordinate is no finite number: nothing of such a shape can be
+/// measured. `settings` must outlive the record.
 [[nodiscard]] std::unique_ptr<MeasureRecord> BeginRecord(const GeometryRef& shape_copy, MeasureSettings& settings);
 
 /// The values of one measure. Fault 5 when the row belongs to another shape type or kind than the record.

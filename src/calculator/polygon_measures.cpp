@@ -38,18 +38,15 @@ bool BoundsNothing(const Polygon& polygon) {
 
 // At a pole all longitudes are one place.
 bool HasTornRing(const Polygon& polygon) {
-  constexpr double kPole = 90.0 - 1e-9;
   return std::ranges::any_of(polygon.Parts(), [](const auto& part) {
     const std::span<const XY> vertices = part->Vertices();
     for (std::size_t index = 1; index < vertices.size(); ++index) {
       const XY from = vertices[index - 1], to = vertices[index];
-      if (std::fabs(to.x - from.x) > kHalfTurn && std::fabs(from.y) < kPole && std::fabs(to.y) < kPole) return true;
+      if (std::fabs(to.x - from.x) > kHalfTurn && !geodesy::IsAtPole(from) && !geodesy::IsAtPole(to)) return true;
     }
     return false;
   });
 }
-
-bool IsExterior(const Path& ring) { return dynamic_cast<const Ring&>(ring).IsExterior(); }
 
 // The polygon with rings that jump over the edge of the longitudes carried on. Torn, a ring may run the other way and
 // its hole may lie outside of it, and a driver takes them for what they seem: once they are whole, what encloses what
@@ -57,9 +54,10 @@ bool IsExterior(const Path& ring) { return dynamic_cast<const Ring&>(ring).IsExt
 std::shared_ptr<Polygon> Whole(const Polygon& polygon) {
   std::vector<std::vector<XY>> rings;
   for (const auto& part : polygon.Parts()) rings.emplace_back(part->Vertices().begin(), part->Vertices().end());
-  const std::vector<std::vector<XY>> torn = rings;
   rings = geodesy::ContinuedRings(std::move(rings), geodesy::EnclosedPole::SmallerPart);
-  const bool changed = rings != torn;
+  const bool changed = !std::ranges::equal(rings, polygon.Parts(), [](const auto& ring, const auto& part) {
+    return std::ranges::equal(ring, part->Vertices());
+  });
   std::vector<std::shared_ptr<Path>> parts;
   for (auto& ring : rings) parts.push_back(std::make_shared<Ring>(std::move(ring)));
   auto whole = std::make_shared<Polygon>();
@@ -158,24 +156,25 @@ double PolygonRecord::SpheroidalArea() {
     const auto component = Cast<Polygon>(components->Geometry(index));
     component->Simplify();
     for (const auto& ring : component->Parts()) {
-      const double enclosed = std::fabs(ExactRingArea(ring->Vertices(), settings_.SemiMajor, settings_.SemiMinor));
-      // The sides of a narrow ring may pass each other on the globe: what it encloses is the same, only its sense
-      // isn't.
-      area += IsExterior(*ring) ? enclosed : -enclosed;
+      area += AreaOfRing(*ring, dynamic_cast<const Ring&>(*ring).IsExterior());
     }
   }
   return area;
 }
 
-// The sides of a narrow ring may pass each other on the globe: what it encloses is the same, only its sense isn't.
 double PolygonRecord::AreaByRoles(const Polygon& polygon) const {
   double area = 0.0;
   for (std::size_t index = 0; index < roles_.size(); ++index) {
-    const auto& ring = *polygon.Parts()[index];
-    const double enclosed = std::fabs(ExactRingArea(ring.Vertices(), settings_.SemiMajor, settings_.SemiMinor));
-    area += roles_[index] == geodesy::RingRole::Exterior ? enclosed : -enclosed;
+    area += AreaOfRing(*polygon.Parts()[index], roles_[index] == geodesy::RingRole::Exterior);
   }
   return area;
+}
+
+// Below 0 for a hole. The sides of a narrow ring may pass each other on the globe: what it encloses is the same, only
+// its sense isn't.
+double PolygonRecord::AreaOfRing(const Path& ring, bool is_exterior) const {
+  const double enclosed = std::fabs(ExactRingArea(ring.Vertices(), settings_.SemiMajor, settings_.SemiMinor));
+  return is_exterior ? enclosed : -enclosed;
 }
 
 XY PolygonRecord::ProjectedSphericalCentroid() {
@@ -208,10 +207,14 @@ void PolygonRecord::RememberSimplicity() {
   looked_whether_simple_ = true;
 }
 
-// Once: area and centroid come together. On a copy, because the routine snaps what it measures to the grid of its
-// reference.
+// Once: area and centroid come together.
 void PolygonRecord::MeasureArea() {
-  if (area_is_measured_) return;
+  if (!area_is_measured_) FindAreaAndCentroid();
+  area_is_measured_ = true;
+}
+
+// On a copy, because the routine snaps what it measures to the grid of its reference.
+void PolygonRecord::FindAreaAndCentroid() {
   RememberSimplicity();
   const std::shared_ptr<Polygon> polygon = CloneOf(*GeographicPolygon());
   WarnBeyondPole(*polygon);
@@ -224,18 +227,15 @@ void PolygonRecord::MeasureArea() {
     spherical_area_ = found.area;
     centroid_ = found.centroid;
     ++work_.AreaPasses;
-    area_is_measured_ = true;
     return;
   }
   if (!HasArea(*polygon)) {
     spherical_area_ = 0.0;
-    area_is_measured_ = true;
     return;
   }
   ++work_.AreaPasses;
   spherical_area_ =
       geodesy::SphericalPolygonArea2(polygon, true, centroid_.x, centroid_.y, settings_.SemiMajor, settings_.SemiMinor);
-  area_is_measured_ = true;
   if (spherical_area_ <= 0.0 && !lobes && !wide) Warn(MeasureWarning::TurnedRing);
 }
 

@@ -47,8 +47,10 @@ class PolygonRecord final : public MeasureRecord {
   [[nodiscard]] double LengthOfRings(const Polygon& polygon) const;
   [[nodiscard]] double LengthOfSeams() const;
   [[nodiscard]] double AreaByRoles(const Polygon& polygon) const;
+  [[nodiscard]] double AreaOfRing(const Path& ring, bool is_exterior) const;
   void RememberSimplicity();
   void MeasureArea();
+  void FindAreaAndCentroid();
   [[nodiscard]] bool HasCentroid() const;
   void WarnOfPlanarLobes();
 

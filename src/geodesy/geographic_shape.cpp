@@ -53,7 +53,7 @@ bool RunsAcross(const Polygon& map) {
   return false;
 }
 
-// A polygon without curves on its way. Where it crosses itself on the plane of degrees, and doesn't jump over the edge
+// A polygon on its way. Where it crosses itself on the plane of degrees, has no curves and doesn't jump over the edge
 // of its map, the map decides what crosses and what encloses what.
 class PolygonOnTheWay {
  public:
@@ -63,12 +63,18 @@ class PolygonOnTheWay {
   ShapeInDegrees Go() {
     Project();
     // Which pole a ring holds depends on its lobes, if it crosses itself.
-    if (mended_.pole_by_sense && !mended_.torn_on_map && HasLobes(*map_) && !RunsAcross(*map_)) TakeSimpleMap();
-    if (MarkSimpleButForSpikes(polygon_)) return {mended_.torn_on_map, std::move(mended_.seams), {}};
-    if (mended_.torn_on_map || RunsAcross(*map_)) return SimpleInDegrees();
+    if (mended_.pole_by_sense && HasLobes(*map_) && MapDecides()) TakeSimpleMap();
+    if (MarkSimpleButForSpikes(polygon_)) return Made();
+    if (!MapDecides()) {
+      polygon_.Simplify();
+      return Made();
+    }
     TakeSimpleMap();
     // A ring that was led over a pole has another shape than on its map.
-    if (!mended_.seams.empty() || polygon_.Parts().size() != map_->Parts().size()) return SimpleInDegrees();
+    if (!mended_.seams.empty() || polygon_.Parts().size() != map_->Parts().size()) {
+      MakeSimple(polygon_);
+      return Made();
+    }
     if (!map_->IsEmpty() && IsMirrored(*map_)) {
       for (const auto& ring : polygon_.Parts()) ring->ReverseOrientation();
     }
@@ -77,24 +83,19 @@ class PolygonOnTheWay {
   }
 
  private:
-  // By its area on the map a ring over the edge of the map may run the wrong way.
-  ShapeInDegrees SimpleInDegrees() {
-    MakeSimple(polygon_);
-    return {mended_.torn_on_map, std::move(mended_.seams), {}};
-  }
+  [[nodiscard]] bool MapDecides() const { return !map_->HasCurves() && !mended_.torn_on_map && !RunsAcross(*map_); }
+  [[nodiscard]] ShapeInDegrees Made() { return {mended_.torn_on_map, std::move(mended_.seams), {}}; }
+
   void TakeSimpleMap() {
     const std::shared_ptr<Polygon> raw = CloneOf(*map_);
     MakeSimple(*map_);
-    if (!HaveTheSameVertices(*map_, *raw)) Project();
+    if (HaveTheSameVertices(*map_, *raw)) return;
+    const std::shared_ptr<Polygon> again = CloneOf(*map_);
+    polygon_.SetParts({again->Parts().begin(), again->Parts().end()});
+    polygon_.SetSpatialReference(map_->SpatialReference());
+    Project();
   }
   void Project() {
-    std::vector<std::shared_ptr<Path>> parts;
-    for (const auto& part : map_->Parts()) {
-      const std::span<const XY> vertices = part->Vertices();
-      parts.push_back(std::make_shared<Ring>(std::vector<XY>(vertices.begin(), vertices.end())));
-    }
-    polygon_.SetParts(std::move(parts));
-    polygon_.SetSpatialReference(map_->SpatialReference());
     polygon_.Project(degrees_);
     mended_ = MendTornRings(polygon_, *map_);
   }
@@ -104,15 +105,6 @@ class PolygonOnTheWay {
   std::shared_ptr<Polygon> map_;
   MendedRings mended_;
 };
-
-ShapeInDegrees BringCurves(Polygon& polygon, const SpatialReferenceRef& degrees) {
-  const std::shared_ptr<Polygon> map = CloneOf(polygon);
-  polygon.Project(degrees);
-  MendedRings mended = MendTornRings(polygon, *map);
-  // By its area on the map a ring over the edge of the map may run the wrong way.
-  MakeSimple(polygon);
-  return {mended.torn_on_map, std::move(mended.seams), {}};
-}
 
 }  // namespace
 
@@ -125,7 +117,7 @@ ShapeInDegrees BringToDegrees(IGeometry& shape) {
     shape.Project(degrees);
     return {};
   }
-  return polygon->HasCurves() ? BringCurves(*polygon, degrees) : PolygonOnTheWay(*polygon, degrees).Go();
+  return PolygonOnTheWay(*polygon, degrees).Go();
 }
 
 XY ToDegrees(XY position, const SpatialReferenceRef& layer) {

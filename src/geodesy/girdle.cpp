@@ -13,8 +13,7 @@ constexpr double kTurn = 360.0;
 constexpr double kPole = 90.0;
 
 std::size_t NextToPole(const Vertices& vertices, Side side) {
-  const auto latitude = [&](XY vertex) { return side == Side::North ? vertex.y : -vertex.y; };
-  const auto found = std::ranges::max_element(vertices, {}, latitude);
+  const auto found = std::ranges::max_element(vertices, {}, [&](XY vertex) { return Reach(vertex, side); });
   return static_cast<std::size_t>(found - vertices.begin());
 }
 

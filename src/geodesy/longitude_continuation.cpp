@@ -16,10 +16,7 @@ using Vertices = std::vector<XY>;
 
 constexpr double kTurn = 360.0;
 constexpr double kHalfTurn = 180.0;
-constexpr double kPoleLatitude = 90.0 - 1e-9;
 constexpr double kSamePlace = 1e-9;  // in turns
-
-bool IsAtPole(XY vertex) { return std::fabs(vertex.y) >= kPoleLatitude; }
 
 void MoveByTurns(Vertices& ring, double turns) {
   if (turns == 0.0) return;

@@ -35,6 +35,12 @@ enum class EnclosedPole {
   SmallerPart,  ///< what makes the smaller part of the sphere; the course decides between halves
 };
 
+/// True within 1e-9 degrees of a pole, where all longitudes are one place.
+[[nodiscard]] inline bool IsAtPole(XY vertex) {
+  constexpr double kPole = 90.0 - 1e-9;
+  return vertex.y >= kPole || vertex.y <= -kPole;
+}
+
 /// The longitude moved by whole turns to within 180 degrees of `from`; itself where it is there already.
 [[nodiscard]] double CarriedOn(double from, double longitude);
 

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <cstddef>
 
+#include "geodesy/longitude_continuation.h"
 #include "platform/fault.h"
 
 namespace tessarine::MyGeometricOperations {
@@ -16,8 +17,6 @@ constexpr double kHalfTurn = 180.0;
 constexpr double kRounding = 1e-9;
 // What the longitudes near a pole are off from a half turn for a side that passes it within rounding.
 constexpr double kNearlyHalf = 1e-5;
-
-bool IsAtPole(XY vertex) { return std::fabs(vertex.y) >= kPole - kRounding; }
 
 bool AreHalfATurnApart(XY from, XY to) {
   const double step = std::fabs(std::remainder(to.x - from.x, kTurn));

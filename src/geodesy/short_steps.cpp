@@ -16,12 +16,8 @@ using Vertices = std::vector<XY>;
 using PathRef = std::shared_ptr<Path>;
 
 constexpr double kPole = 90.0;
-constexpr double kPoleRounding = 1e-9;
 
-bool AtOnePole(XY first, XY second) {
-  return std::fabs(first.y) >= kPole - kPoleRounding && first.y * second.y > 0.0 &&
-         std::fabs(second.y) >= kPole - kPoleRounding;
-}
+bool AtOnePole(XY first, XY second) { return IsAtPole(first) && IsAtPole(second) && first.y * second.y > 0.0; }
 
 bool IsTorn(XY first, XY second) { return HasLongStep(std::vector<XY>{first, second}) && !AtOnePole(first, second); }
 

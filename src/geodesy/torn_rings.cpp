@@ -35,9 +35,7 @@ bool IsBetween(XY vertex) { return std::isnan(vertex.y); }
 // How far north, or south.
 double Reach(XY vertex, double sign) { return sign * vertex.y; }
 
-bool MeetsPole(const Vertices& ring) {
-  return std::ranges::any_of(ring, [](XY vertex) { return std::fabs(vertex.y) >= kPole - kRounding; });
-}
+bool MeetsPole(const Vertices& ring) { return std::ranges::any_of(ring, IsAtPole); }
 
 bool HasWidth(const Vertices& ring) {
   const auto [west, east] = std::ranges::minmax(ring, {}, &XY::x);
