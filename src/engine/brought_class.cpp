@@ -118,37 +118,38 @@ class BroughtClass final : public OgrFeatureClass, public IStagedDataset, public
     const std::shared_ptr<IFeatureCursor> reader = Search(nullptr, true);
     const std::shared_ptr<IFeatureCursor> writer = target_->Insert(true);
     const AttributePairs attributes{AttributesOf(*Fields()), AttributesOf(*target_->Fields())};
+    const std::shared_ptr<IFeatureBuffer> buffer = target_->CreateFeatureBuffer();
     std::size_t row = 0;
     while (const std::shared_ptr<IFeature> feature = reader->NextFeature()) {
       if (!stopped) EndIfStopped();
       const std::int64_t record = row < records_.size() ? records_[row] : feature->OID();
       ++row;
-      if (WriteOne(*feature, record, attributes, *writer)) ++notes_.written;
+      if (WriteOne(*feature, record, attributes, *buffer, *writer)) ++notes_.written;
       writer->Flush();
     }
     writer->Close();
   }
 
-  bool WriteOne(const IFeature& feature, std::int64_t record, const AttributePairs& attributes,
+  bool WriteOne(const IFeature& feature, std::int64_t record, const AttributePairs& attributes, IFeatureBuffer& buffer,
                 IFeatureCursor& writer) {
-    const std::shared_ptr<IFeatureBuffer> buffer = target_->CreateFeatureBuffer();
     for (std::size_t index = 0; index < attributes.from.size(); ++index) {
       const std::int32_t place = attributes.to.at(index);
-      const ValueChange change = buffer->SetValue(place, feature.Value(attributes.from[index]));
+      const ValueChange change = buffer.SetValue(place, feature.Value(attributes.from[index]));
       if (change != ValueChange::None) {
         notes_.NoteChange(target_->Fields()->Field(place)->Name, change, record);
       }
     }
     const auto written = [&](const GeometryRef& shape) {
       return WorkOnRecord(notes_, record, [&] {
-        buffer->SetShape(shape);
-        WriteRow([&] { writer.InsertFeature(*buffer); });
+        buffer.SetShape(shape);
+        WriteRow([&] { writer.InsertFeature(buffer); });
       });
     };
     const GeometryRef shape = feature.ShapeCopy();
     if (!shape || shape->IsEmpty()) return written(shape);
     if (!BringTo(way_, *shape, record, notes_)) return false;
-    return written(shape);
+    // What the target can't hold is the shape, as a rule; the record isn't lost with it.
+    return written(shape) || written(nullptr);
   }
 
   std::shared_ptr<IFeatureClass> target_;
