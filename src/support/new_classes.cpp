@@ -8,6 +8,7 @@
 
 #include "platform/host.h"
 #include "platform/paths.h"
+#include "platform/tell_user.h"
 #include "platform/text_formats.h"
 #include "platform/trap.h"
 #include "support/aml_func_mod.h"
@@ -197,13 +198,12 @@ std::shared_ptr<IFeatureClass> CreateShapefileFeatureClass(std::string& director
     if (EndsWithIgnoringCase(directory, ".shp")) directory = ReturnDir(directory);
     if (EndsWithIgnoringCase(name, ".shp")) name.resize(name.size() - 4);
     if (!ExistFileDir(directory)) {
-      Host().MessageBox().Show(
-          "Unable to create Feature Class:\r\n" + ToNativePath(directory) + " is not a valid workspace...",
-          "Failed to Create Feature Class:");
+      TellUser("Unable to create Feature Class:\r\n" + ToNativePath(directory) + " is not a valid workspace...",
+               "Failed to Create Feature Class:");
       return nullptr;
     }
     return NewPlainClass(*CreateShapefileWorkspaceFactory()->OpenFromFile(directory, 0), name, spatial_reference,
-                        geometry_type, fields, add_unique_id);
+                         geometry_type, fields, add_unique_id);
   });
 }
 

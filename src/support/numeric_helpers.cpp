@@ -6,6 +6,7 @@
 #include "platform/fault.h"
 #include "platform/host.h"
 #include "platform/paths.h"
+#include "platform/tell_user.h"
 #include "platform/text_formats.h"
 #include "platform/trap.h"
 #include "support/aml_func_mod.h"
@@ -66,8 +67,8 @@ void OpenDoc(const std::string& path) {
       Host().System().ShellExecute(path, aml_func_mod::ReturnDir(path));
       return;
     }
-    Host().MessageBox().Show(
-        "Unable to find the following file:\r\n\r\n" + ToNativePath(path) + "\r\n\r\nBailing out...", "Missing File:");
+    TellUser("Unable to find the following file:\r\n\r\n" + ToNativePath(path) + "\r\n\r\nBailing out...",
+             "Missing File:");
   });
 }
 
