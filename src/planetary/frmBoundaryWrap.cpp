@@ -51,6 +51,7 @@ frmBoundaryWrap::frmBoundaryWrap() : LongitudeForm("frmBoundaryWrap") {
   SetCaption(" Wrap to Boundary:");
   txtMessage.SetText(kInstruction);
   optCustom.SetCaption("Custom Boundary");
+  for (TextBox* box : {&txtWest, &txtEast, &txtNorth, &txtSouth}) box->Numeric = true;
   lblWest.SetCaption("Western Boundary");
   lblEast.SetCaption("Eastern Boundary");
   lblNorth.SetCaption("Northern Boundary");
@@ -117,7 +118,6 @@ void frmBoundaryWrap::ChooseOption(std::int32_t option) {
   option_ = option;
   const bool custom = option == kCustomOrNoWrap;
   for (TextBox* box : {&txtWest, &txtEast, &txtNorth, &txtSouth}) {
-    box->Numeric = true;
     box->SetEnabled(custom);
     box->SetBackColor(custom ? kWindowBackground : kButtonFace);
   }

@@ -20,7 +20,20 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 
-using WholeRunTest = testing::WindowsTest;
+class WholeRunTest : public testing::WindowsTest {
+ protected:
+  // The progress window of a run of so many records, as a run opens it.
+  std::shared_ptr<frmOrlProgressMeter> OpenProgress(std::int32_t records) {
+    auto form = std::make_shared<frmOrlProgressMeter>();
+    form->SetShouldContinue(true);
+    form->SetProgBeginTime(host.Clock().Now());
+    form->SetProgRecCount(records);
+    form->Load();
+    form->Frame()->SetVisible(true);
+    form->ShowModeless();
+    return form;
+  }
+};
 
 TEST_F(WholeRunTest, AConversionGoesFromItsDialogToItsReport) {
   const testing::TemporaryFolder folder;
@@ -59,13 +72,7 @@ TEST_F(WholeRunTest, AConversionGoesFromItsDialogToItsReport) {
 TEST_F(WholeRunTest, TheProgressWindowStopsTheRunAndShowsOrHidesItsLog) {
   const auto application = std::make_shared<testing::FakeApplication>();
   application->extension = std::make_shared<clsExtension>();
-  const auto form = std::make_shared<frmOrlProgressMeter>();
-  form->SetShouldContinue(true);
-  form->SetProgBeginTime(host.Clock().Now());
-  form->SetProgRecCount(1000);
-  form->Load();
-  form->Frame()->SetVisible(true);
-  form->ShowModeless();
+  const auto form = OpenProgress(1000);
   FormWindow& window = *host.FormWindows().WindowOf(*form);
   const WindowHost::RunScope scope(host);
   const int small = window.height();
@@ -107,12 +114,7 @@ TEST_F(WholeRunTest, TheProgressWindowStopsTheRunAndShowsOrHidesItsLog) {
 TEST_F(WholeRunTest, ClosingTheProgressWindowByItsTitleBarStopsTheRun) {
   const auto application = std::make_shared<testing::FakeApplication>();
   application->extension = std::make_shared<clsExtension>();
-  const auto form = std::make_shared<frmOrlProgressMeter>();
-  form->SetShouldContinue(true);
-  form->SetProgBeginTime(host.Clock().Now());
-  form->Load();
-  form->Frame()->SetVisible(true);
-  form->ShowModeless();
+  const auto form = OpenProgress(1);
   EXPECT_FALSE(MyGeneralOperations::BailOutOfProgress(form, application));
   host.FormWindows().WindowOf(*form)->close();
   EXPECT_FALSE(form->Frame()->Visible());
@@ -121,12 +123,7 @@ TEST_F(WholeRunTest, ClosingTheProgressWindowByItsTitleBarStopsTheRun) {
 
 TEST_F(WholeRunTest, TheProgressWindowOfARunThatEndedClosesByItsButtonAndByEscape) {
   for (const bool by_key : {false, true}) {
-    const auto form = std::make_shared<frmOrlProgressMeter>();
-    form->SetShouldContinue(true);
-    form->SetProgBeginTime(host.Clock().Now());
-    form->Load();
-    form->Frame()->SetVisible(true);
-    form->ShowModeless();
+    const auto form = OpenProgress(1);
     FormWindow& window = *host.FormWindows().WindowOf(*form);
     form->cmdStop.SetCaption("Close");
     if (by_key) {
