@@ -1,15 +1,14 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// The catalogue of measures as a host asks for it.
+// The catalogue of measures as hosts reach it.
 #pragma once
 
-#include "platform/measure_catalog.h"
+#include "calculator/measure_choice.h"
 
 namespace tessarine {
 
 class clsMeasureCatalog final : public IMeasureCatalog {
  public:
-  [[nodiscard]] std::vector<CataloguedMeasure> Measures(esriGeometryType shape,
-                                                        const SpatialReferenceRef& reference) const override;
+  [[nodiscard]] MeasureOffer Offer(const IFeatureLayer& layer) const override { return OfferOf(layer); }
 };
 
 }  // namespace tessarine

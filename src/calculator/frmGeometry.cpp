@@ -18,20 +18,6 @@ namespace {
 using namespace MyGeneralOperations;
 
 constexpr std::int32_t kNewName = 0xFFFFFF;
-constexpr const char* kDashes = "---------------------------------------------------------\r\n";
-
-const std::string kDoubtfulNames =
-    std::string(
-        "The following field names might not be valid, either because they are too long or they contain "
-        "invalid characters.  If they are invalid, they may corrupt your data.  Please click 'YES' to continue "
-        "and use these field names, or 'NO' if you wish to exit and define new names:\r\n") +
-    kDashes;
-const std::string kTakenNames =
-    std::string(
-        "The following field names already exist in your dataset, and therefore the existing data will be "
-        "overwritten. Please click 'YES' to continue and use these field names, or 'NO' if you wish to exit "
-        "and define new names:\r\n") +
-    kDashes;
 
 }  // namespace
 
@@ -111,10 +97,6 @@ void frmGeometry::CheckOK() {
   cmdOK.SetEnabled(std::ranges::any_of(boxes_, [](const CheckBox* box) { return box->Value() == CheckBox::kChecked; }));
 }
 
-bool frmGeometry::FieldExists(const std::string& name) const {
-  return std::ranges::any_of(numeric_names_, [&](const std::string& other) { return EqualsIgnoringCase(other, name); });
-}
-
 void frmGeometry::cmdAdvanced_Click() {
   Trap("cmdAdvanced_Click", [this] {
     {
@@ -159,25 +141,20 @@ std::vector<NamedField> frmGeometry::ChosenFields() const {
   return fields;
 }
 
-bool frmGeometry::Confirm(const std::string& text, const std::string& title) const {
+bool frmGeometry::Confirm(const std::optional<NameQuestion>& question) const {
+  if (!question) return true;
   extension_->ShouldContinue = false;
   Host().Beep();
   frmMessageBox box;
   box.SetArcApplication(application_);
-  box.SetCaption(title);
-  box.txtMessage.SetText(text);
+  box.SetCaption(question->title);
+  box.txtMessage.SetText(question->text);
   box.ShowModal();
   return extension_->ShouldContinue;
 }
 
 bool frmGeometry::ConfirmNames(const std::vector<NamedField>& fields) const {
-  const std::string problems = FieldNameProblems(CurrentLayer()->DataSourceType(), fields);
-  if (!problems.empty() && !Confirm(kDoubtfulNames + problems, " Possible Problems with Field Names:")) return false;
-  std::string taken;
-  for (const NamedField& field : fields) {
-    if (FieldExists(field.name)) taken += FieldLine(field) + "\r\n";
-  }
-  return taken.empty() || Confirm(kTakenNames + taken, " Confirm Field Names:");
+  return Confirm(DoubtfulNames(*CurrentLayer(), fields)) && Confirm(TakenNames(fields, numeric_names_));
 }
 
 void frmGeometry::cmdOK_Click() {
@@ -211,7 +188,6 @@ void frmGeometry::Form_Unload() {
   document_ = nullptr;
   extension_ = nullptr;
   layers_ = nullptr;
-  numeric_fields_.clear();
 }
 
 }  // namespace tessarine

@@ -9,9 +9,8 @@
 #include <string>
 #include <vector>
 
-#include "calculator/field_name_rules.h"
 #include "calculator/geometry_options.h"
-#include "calculator/measure_catalogue.h"
+#include "calculator/measure_choice.h"
 #include "frame/clsExtension.h"
 #include "platform/application.h"
 #include "platform/form.h"
@@ -93,19 +92,18 @@ class frmGeometry final : public Form {
   void ShowNoLayers();
   void ShowSpheroid(const IFeatureClass& features);
   void ShowSpheroidLine();
-  void ListNumericFields(const IFeatureLayer& layer);
   void ShowCatalogue(esriGeometryType shape, SpatialKind kind);
   void ShowRecordChoice(const IFeatureLayer& layer);
   void FillComboBox(ComboBox& combo, std::string_view default_name);
   void CheckComboBoxEntry(ComboBox& combo);
   void CheckOK();
-  [[nodiscard]] bool FieldExists(const std::string& name) const;
   [[nodiscard]] std::shared_ptr<IFeatureLayer> CurrentLayer() const;
 
   [[nodiscard]] std::vector<OptionEntry> ChosenOptions() const;
   [[nodiscard]] std::vector<NamedField> ChosenFields() const;
   [[nodiscard]] bool ConfirmNames(const std::vector<NamedField>& fields) const;
-  [[nodiscard]] bool Confirm(const std::string& text, const std::string& title) const;
+  /// True where there is no question, or the user agrees.
+  [[nodiscard]] bool Confirm(const std::optional<NameQuestion>& question) const;
 
   // The option's first or second combo box, `position` 0 or 1; nothing where it has none.
   [[nodiscard]] ComboBox* ComboOf(std::int32_t option_id, std::int32_t position) const;
@@ -118,7 +116,6 @@ class frmGeometry final : public Form {
   std::string selected_layer_;
   std::shared_ptr<VarArray> layers_;
   std::vector<std::string> numeric_names_;
-  std::vector<FieldRef> numeric_fields_;
   ComboUseFlags use_flags_{}, handed_flags_{};
   std::string spheroid_name_;
   double semi_major_ = 0.0, semi_minor_ = 0.0;

@@ -13,20 +13,6 @@ namespace {
 constexpr std::int32_t kNewName = 0xFFFFFF;
 constexpr std::int32_t kTakenName = 0xFFFFC3;
 
-constexpr const char* kGeographicOnly = "Advanced functions available only for Geographic Datasets:";
-constexpr const char* kNotForPoints = "Advanced functions irrelevant for Point feature classes:";
-
-const char* KindWord(SpatialKind kind) {
-  switch (kind) {
-    case SpatialKind::Geographic:
-      return "Geographic";
-    case SpatialKind::Projected:
-      return "Projected";
-    default:
-      return "Unknown";
-  }
-}
-
 std::string Counted(const char* label, std::int32_t count) {
   return std::string(label) + " (n = " + std::to_string(count) + ")";
 }
@@ -54,7 +40,7 @@ void frmGeometry::SetGeometryControls() {
     const std::shared_ptr<IFeatureLayer> layer = Require(CurrentLayer(), "layer");
     const std::shared_ptr<IFeatureClass> features = Require(layer->FeatureClass(), "FeatureClass");
     ShowSpheroid(*features);
-    ListNumericFields(*layer);
+    numeric_names_ = NumericFieldNames(*layer);
     ShowCatalogue(features->ShapeType(), SpatialKindOf(features->SpatialReference()));
     ShowRecordChoice(*layer);
   }
@@ -74,49 +60,29 @@ void frmGeometry::ShowNoLayers() {
 }
 
 void frmGeometry::ShowSpheroid(const IFeatureClass& features) {
-  const SpatialReferenceRef reference = features.SpatialReference();
-  const bool geographic = SpatialKindOf(reference) == SpatialKind::Geographic;
-  cmdAdvanced.SetEnabled(geographic);
-  cmdAdvanced.SetToolTipText(geographic ? "" : kGeographicOnly);
-  if (!geographic) geocentric_ = false;
-  if (const auto system = GeographicOf(reference)) {
-    const Spheroid& spheroid = *system->Datum()->Spheroid();
-    spheroid_name_ = spheroid.Name();
-    semi_major_ = spheroid.SemiMajorAxis();
-    semi_minor_ = spheroid.SemiMinorAxis();
-    ShowSpheroidLine();
-  } else {
-    lblSpheroidOptions.SetCaption("Spheroid Unknown");
+  const std::string reason = WhyNoSpheroid(features);
+  cmdAdvanced.SetEnabled(reason.empty());
+  cmdAdvanced.SetToolTipText(reason);
+  if (!reason.empty()) geocentric_ = false;
+  const auto system = GeographicOf(features.SpatialReference());
+  if (!system) {
+    lblSpheroidOptions.SetCaption(kUnknownSpheroid);
+    return;
   }
-  if (features.ShapeType() != esriGeometryPoint) return;
-  cmdAdvanced.SetEnabled(false);
-  cmdAdvanced.SetToolTipText(kNotForPoints);
-  geocentric_ = false;
+  const Spheroid& spheroid = *system->Datum()->Spheroid();
+  spheroid_name_ = spheroid.Name();
+  semi_major_ = spheroid.SemiMajorAxis();
+  semi_minor_ = spheroid.SemiMinorAxis();
+  ShowSpheroidLine();
 }
 
 void frmGeometry::ShowSpheroidLine() {
   // A label takes a lone "&" for a mnemonic.
-  lblSpheroidOptions.SetCaption("Spheroid: " + Replace(spheroid_name_, "&", "&&") +
-                                ",  Maj.Rad. = " + MyGeneralOperations::TrimZerosAndDecimals(semi_major_, false) +
-                                "m,  Min.Rad. = " + MyGeneralOperations::TrimZerosAndDecimals(semi_minor_, false) +
-                                "m");
-}
-
-void frmGeometry::ListNumericFields(const IFeatureLayer& layer) {
-  numeric_names_.clear();
-  numeric_fields_.clear();
-  const auto* layer_fields = dynamic_cast<const ILayerFields*>(&layer);
-  for (const FieldRef& field : *layer.FeatureClass()->Fields()) {
-    if (!aml_func_mod::FieldIsNumeric(*field)) continue;
-    if (layer_fields != nullptr && layer_fields->FindField(field->Name) < 0) continue;
-    numeric_fields_.push_back(field);
-    numeric_names_.push_back(field->Name);
-  }
+  lblSpheroidOptions.SetCaption(Replace(SpheroidLine(spheroid_name_, semi_major_, semi_minor_), "&", "&&"));
 }
 
 void frmGeometry::ShowCatalogue(esriGeometryType shape, SpatialKind kind) {
-  lbSelFeatureType.SetCaption(std::string(ShapeNoun(shape, 1)) + " Feature Class:  " + KindWord(kind) +
-                              " Coordinate System");
+  lbSelFeatureType.SetCaption(KindOfClassLine(shape, kind));
   use_flags_ = ComboUseFlagsOf(shape, kind);
   for (std::int32_t id = 1; id <= kOptionCount; ++id) {
     const MeasureRow* row = FindMeasure(shape, kind, id);

@@ -44,7 +44,7 @@ bool IsEditing(const IApplication& application) {
 }
 
 // Why the layer can't be changed; empty when it can.
-std::string Objection(const GeometryOptions& options, const IApplication& application) {
+std::string WhyUnchangeable(const GeometryOptions& options, const IApplication& application) {
   const std::shared_ptr<IFeatureClass> features = FeaturesOf(options);
   if (MyGeneralOperations::CheckDatafileFormat(*features)) return CompressedGeodatabaseReport(options.Layer()->Name());
   if (IsEditing(application)) return EditSessionReport();
@@ -131,7 +131,7 @@ std::string Calculate(RunContext& context, const std::shared_ptr<VarArray>& carr
                       const std::shared_ptr<IApplication>& application, RunScope& scope) {
   const GeometryOptions options(carrier);
   const std::shared_ptr<IFeatureClass> features = FeaturesOf(options);
-  if (const std::string objection = Objection(options, *application); !objection.empty())
+  if (const std::string objection = WhyUnchangeable(options, *application); !objection.empty())
     return Refused(context, objection);
 
   std::vector<OptionEntry> entries = options.Options();
@@ -177,6 +177,11 @@ std::string Calculate(RunContext& context, const std::shared_ptr<VarArray>& carr
 std::string CalcGeometry(const std::shared_ptr<VarArray>& options, const std::shared_ptr<IApplication>& application,
                          bool, bool) {
   RunContext context = HostContext();
+  return CalcGeometry(context, options, application);
+}
+
+std::string CalcGeometry(RunContext& context, const std::shared_ptr<VarArray>& options,
+                         const std::shared_ptr<IApplication>& application) {
   RunScope scope(context);
   return TrapWith(
       "CalcGeometry", [&] { return Calculate(context, options, Require(application, "IApplication"), scope); },
@@ -186,11 +191,11 @@ std::string CalcGeometry(const std::shared_ptr<VarArray>& options, const std::sh
       });
 }
 
-std::string PlanGeometry(const std::shared_ptr<VarArray>& carrier, const std::shared_ptr<IApplication>& application) {
-  RunContext context = HostContext();
+std::string PlanGeometry(RunContext& context, const std::shared_ptr<VarArray>& carrier,
+                         const std::shared_ptr<IApplication>& application) {
   return Trap("PlanGeometry", [&]() -> std::string {
     const GeometryOptions options(carrier);
-    if (const std::string objection = Objection(options, *application); !objection.empty())
+    if (const std::string objection = WhyUnchangeable(options, *application); !objection.empty())
       return Refused(context, objection);
     RunJournal& journal = context.journal;
     journal = RunJournal();

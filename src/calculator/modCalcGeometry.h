@@ -11,6 +11,7 @@
 #include "calculator/result_writing.h"
 #include "frame/clsExtension.h"
 #include "platform/application.h"
+#include "platform/run_context.h"
 #include "support/progress_text.h"
 
 namespace tessarine::modCalcGeometry {
@@ -24,8 +25,11 @@ using MyGeneralOperations::CalcTimeLeft;
                                        const std::shared_ptr<IApplication>& application, bool show_progress = true,
                                        bool quiet = false);
 
-/// The report of what `CalcGeometry` would do; nothing is written.
-[[nodiscard]] std::string PlanGeometry(const std::shared_ptr<VarArray>& options,
+/// The same within a context.
+[[nodiscard]] std::string CalcGeometry(RunContext& context, const std::shared_ptr<VarArray>& options,
+                                       const std::shared_ptr<IApplication>& application);
+/// The report of what it would do; nothing is written.
+[[nodiscard]] std::string PlanGeometry(RunContext& context, const std::shared_ptr<VarArray>& options,
                                        const std::shared_ptr<IApplication>& application);
 
 // The record loops, one for each shape. Each returns what the report tells of problems, empty when there were none. A

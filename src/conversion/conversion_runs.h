@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// The table of conversion runs: one row tells all that a run is, apart from its step for each feature.
+// What a conversion run is, apart from its step for each feature: one row for each. The rows stand with their tools.
 #pragma once
 
 #include <cstdint>
@@ -57,9 +57,8 @@ struct ConversionRun {
   std::unique_ptr<ConversionStep> (*MakeStep)(const StepContext& context);
 };
 
-/// The run of an option, nothing when there is none.
+/// The run of an option, null when there is none.
 [[nodiscard]] const ConversionRun* FindRun(std::int32_t conversion_option);
-[[nodiscard]] std::span<const ConversionRun> AllRuns();
 /// What the run makes of an input of this type. A type without a rule gives no measure, and no output type unless the
 /// run joins, which keeps the type of its input.
 [[nodiscard]] ShapeRule RuleFor(const ConversionRun& run, esriGeometryType input);

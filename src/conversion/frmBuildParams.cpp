@@ -2,6 +2,7 @@
 #include "conversion/frmBuildParams.h"
 
 #include "conversion/build_reports.h"
+#include "conversion/cluster_tolerance.h"
 #include "conversion/layer_choices.h"
 #include "platform/host.h"
 #include "platform/text_formats.h"
@@ -16,20 +17,6 @@ using namespace MyGeneralOperations;
 
 constexpr const char* kNoPointLayers = "[No Point Layers Available]";
 constexpr const char* kNoLineLayer = "Units:  [No Polyline Layer Selected]";
-constexpr double kPlainTolerance = 0.0001;
-constexpr int kToleranceDecimals = 13;
-
-double DefaultTolerance(const SpatialReference& reference) {
-  return reference.XYToleranceValid() ? reference.XYTolerance() : kPlainTolerance;
-}
-
-// At most 13 decimals, without zeros at the end.
-std::string ToleranceText(double tolerance) {
-  std::string text = FixedText(tolerance, kToleranceDecimals);
-  while (text.ends_with('0')) text.pop_back();
-  if (text.ends_with('.')) text.pop_back();
-  return text;
-}
 
 }  // namespace
 
@@ -127,7 +114,7 @@ void frmBuildParams::lbxLayers_Click() {
     const std::shared_ptr<IFeatureClass> features = Require(layer, "layer")->FeatureClass();
     ShowRecordChoice(layer, "Use All Polylines", "Selected Polylines", optAll, optSel);
     const SpatialReferenceRef reference = Require(features, "FeatureClass")->SpatialReference();
-    txtCluster.SetText(ToleranceText(DefaultTolerance(*reference)));
+    txtCluster.SetText(ProposedClusterTolerance(*reference));
     lblUnits.SetCaption("Units: " + UnitWord(reference));
     CheckOK();
   });
@@ -137,7 +124,7 @@ void frmBuildParams::cbxPointLayers_Click() {
   Trap("cbxPointLayers_Click", [this] {
     if (cbxPointLayers.Text() == kNoPointLayers) return;
     const std::shared_ptr<IFeatureLayer> layer = PointLayer();
-    fields_ = ListFields(*Require(layer, "layer"), false, lbxFields);
+    fields_ = ListFields(*Require(layer, "layer"), StoredMeasures::Listed, lbxFields);
     all_selected_ = false;
     UpdateSelName();
     ShowRecordChoice(layer, "Consider All Label Points", "Only Selected Points", optAllLabelPoints, optSelLabelPoints);

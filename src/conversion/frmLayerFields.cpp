@@ -121,7 +121,7 @@ void frmLayerFields::lbxLayers_Click() {
   Trap("lbxLayers_Click", [this] {
     const std::shared_ptr<IFeatureLayer> layer = CurrentLayer();
     Require(layer, "layer");
-    fields_ = ListFields(*layer, true, lbxFields);
+    fields_ = ListFields(*layer, StoredMeasures::LeftOut, lbxFields);
     all_selected_ = false;
     UpdateSelName();
     ShowRecordCounts(layer);

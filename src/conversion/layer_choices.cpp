@@ -1,37 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "conversion/layer_choices.h"
 
-#include "platform/text_formats.h"
-
 namespace tessarine {
 namespace {
-
-// Fields that no output can carry over.
-bool IsTransferable(const Field& field) {
-  switch (field.Type) {
-    case esriFieldTypeOID:
-    case esriFieldTypeGeometry:
-    case esriFieldTypeBlob:
-    case esriFieldTypeRaster:
-    case esriFieldTypeGUID:
-    case esriFieldTypeGlobalID:
-    case esriFieldTypeXML:
-      return false;
-    default:
-      return true;
-  }
-}
-
-bool IsStoredMeasure(const Field& field) {
-  return EqualsIgnoringCase(field.Name, "Shape_Area") || EqualsIgnoringCase(field.Name, "Shape_Length");
-}
-
-std::string AliasOf(const IFeatureLayer& layer, const Field& field) {
-  const auto* layer_fields = dynamic_cast<const ILayerFields*>(&layer);
-  if (layer_fields == nullptr) return field.AliasName;
-  const std::int32_t index = layer_fields->FindField(field.Name);
-  return index < 0 ? field.AliasName : layer_fields->FieldInfo(index).Alias;
-}
 
 std::string WithCount(std::string_view label, std::int32_t count) {
   return std::string(label) + " (n = " + std::to_string(count) + ")";
@@ -58,13 +29,12 @@ std::shared_ptr<IFeatureLayer> LayerAt(const std::shared_ptr<VarArray>& layers, 
   return layers->Element(line).AsObject<IFeatureLayer>();
 }
 
-std::vector<FieldRef> ListFields(const IFeatureLayer& layer, bool leave_out_measures, ListBox& list) {
+std::vector<FieldRef> ListFields(const IFeatureLayer& layer, StoredMeasures measures, ListBox& list) {
   std::vector<FieldRef> fields;
   list.Clear();
-  for (const FieldRef& field : *layer.FeatureClass()->Fields()) {
-    if (!IsTransferable(*field) || (leave_out_measures && IsStoredMeasure(*field))) continue;
-    fields.push_back(field);
-    list.AddItem(AliasOf(layer, *field));
+  for (const TransferableField& field : TransferableFields(layer, measures)) {
+    fields.push_back(field.field);
+    list.AddItem(field.alias);
   }
   return fields;
 }

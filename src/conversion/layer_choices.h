@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "conversion/field_choice.h"
 #include "frame/clsExtension.h"
 #include "platform/arrays.h"
 #include "platform/form.h"
@@ -22,9 +23,8 @@ std::int32_t ListLayers(const VarArray& layers, const std::string& preferred, Li
 /// The layer at a line of the list, nothing where there is none.
 [[nodiscard]] std::shared_ptr<IFeatureLayer> LayerAt(const std::shared_ptr<VarArray>& layers, std::int32_t line);
 
-/// Lists the fields that an output can carry over by their aliases and answers them, line by line.
-/// `leave_out_measures` drops the area and length that a geodatabase keeps by itself, too.
-std::vector<FieldRef> ListFields(const IFeatureLayer& layer, bool leave_out_measures, ListBox& list);
+/// Lists the fields that an output can carry over by their aliases and returns them, line by line.
+std::vector<FieldRef> ListFields(const IFeatureLayer& layer, StoredMeasures measures, ListBox& list);
 
 /// The fields of the selected lines, in the order of the list.
 [[nodiscard]] std::shared_ptr<VarArray> SelectedFieldsOf(const ListBox& list, const std::vector<FieldRef>& fields);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// What differs between the eight conversions in the dialog in front of them.
+// What differs between the conversions in the dialog in front of them.
 #pragma once
 
 #include <cstdint>
@@ -8,7 +8,6 @@
 namespace tessarine {
 
 struct LayerFieldsTexts {
-  std::int32_t conversion_option;
   std::string_view form_caption;
   std::int32_t layer_mask;
   std::string_view default_output_name;
@@ -16,7 +15,7 @@ struct LayerFieldsTexts {
   std::string_view instruction;
 };
 
-/// Nothing for an option that is none of the eight.
+/// Null for an option that no conversion has. The rows stand with their tools.
 [[nodiscard]] const LayerFieldsTexts* FindLayerFieldsTexts(std::int32_t conversion_option);
 
 }  // namespace tessarine

@@ -142,34 +142,32 @@ std::string GiveUp(RunContext& context, const std::string& message) {
 
 }  // namespace
 
-std::string orlBuildPolygons(const std::shared_ptr<IFeatureLayer>& line_layer, bool all_lines, double cluster_tolerance,
-                             bool transfer_labels, bool use_all_label_points, bool use_first_label_point,
-                             const std::shared_ptr<IFeatureLayer>& point_layer, const std::shared_ptr<VarArray>& fields,
-                             const std::string& path, bool, const ObjectRef&,
-                             const std::shared_ptr<IMxDocument>& document,
-                             const std::shared_ptr<IApplication>& application,
-                             const std::shared_ptr<clsExtension>& extension) {
-  RunContext context = HostContext();
+std::string BuildPolygons(RunContext& context, const BuildChoices& choices,
+                          const std::shared_ptr<IMxDocument>& document,
+                          const std::shared_ptr<IApplication>& application,
+                          const std::shared_ptr<clsExtension>& extension) {
   RunScope scope(context);
   RunJournal& journal = scope.Journal();
+  const std::shared_ptr<IFeatureLayer>& line_layer = choices.lines;
   const auto tell_faults = [&] { ReportRecordFaults(journal, kWorker, line_layer->Name()); };
   std::shared_ptr<IFeatureClass> output;
   const auto run_body = [&]() -> std::string {
     const BusySigns busy(context.feedback, application);
-    const Lines lines = CollectLines(journal, line_layer, all_lines);
+    const Lines lines = CollectLines(journal, line_layer, choices.all_lines);
     if (lines.shapes.empty()) {
       return GiveUp(context, "No polylines available in '" + line_layer->Name() + "'!  Function cancelled...");
     }
 
     BuildFacts facts;
-    facts.output_path = aml_func_mod::MakeUniqueFilename(path);
+    facts.output_path = aml_func_mod::MakeUniqueFilename(choices.path);
     const VarArray none;
     const OutputTarget target = SplitOutputPath(facts.output_path, *extension);
-    FieldTransfer transfer = FieldTransfer::BesideChosen(kMeasures, fields ? *fields : none, target.kind);
-    if (all_lines) NoteLeftOut(*lines.features, journal);
+    FieldTransfer transfer =
+        FieldTransfer::BesideChosen(kMeasures, choices.fields ? *choices.fields : none, target.kind);
+    if (choices.all_lines) NoteLeftOut(*lines.features, journal);
     const SpatialReferenceRef reference = lines.features->SpatialReference();
     const Envelope extent = lines.features->Extent();
-    const auto points = transfer_labels ? Require(point_layer, "point layer")->FeatureClass() : nullptr;
+    const auto points = choices.labels ? choices.labels->FeatureClass() : nullptr;
     OutputRequest request = RequestFor(target, "Specify New Polygon Feature Class Name:");
     request.geometry_type = esriGeometryPolygon;
     request.reference = reference;
@@ -185,7 +183,7 @@ std::string orlBuildPolygons(const std::shared_ptr<IFeatureLayer>& line_layer, b
     facts.output_path = OutputPath(*output, request);
     transfer.Bind(points.get(), *output);
 
-    ConstructPolygons(lines, cluster_tolerance, *output);
+    ConstructPolygons(lines, choices.cluster_tolerance, *output);
     facts.output_count = output->FeatureCount(nullptr);
     if (facts.output_count == 0) {
       return GiveUp(context,
@@ -194,8 +192,8 @@ std::string orlBuildPolygons(const std::shared_ptr<IFeatureLayer>& line_layer, b
                         "cancelled...");
     }
     std::optional<LabelSearch> labels;
-    if (transfer_labels) {
-      labels.emplace(point_layer, use_all_label_points, use_first_label_point, output->SpatialReference());
+    if (choices.labels) {
+      labels.emplace(choices.labels, choices.all_labels, choices.first_label, output->SpatialReference());
     }
     facts.unlabelled = CompletePolygons(journal, *output, transfer, labels);
     journal.written = facts.output_count;
@@ -209,14 +207,14 @@ std::string orlBuildPolygons(const std::shared_ptr<IFeatureLayer>& line_layer, b
 
     scope.End();
     facts.line_layer = line_layer->Name();
-    facts.all_lines = all_lines;
+    facts.all_lines = choices.all_lines;
     facts.line_count = lines.count;
-    facts.cluster_tolerance = cluster_tolerance;
+    facts.cluster_tolerance = choices.cluster_tolerance;
     facts.unit = UnitWord(reference);
-    facts.transfers_labels = transfer_labels;
-    if (point_layer) facts.point_layer = point_layer->Name();
-    facts.all_points = use_all_label_points;
-    facts.first_point = use_first_label_point;
+    facts.transfers_labels = choices.labels != nullptr;
+    if (choices.labels) facts.point_layer = choices.labels->Name();
+    facts.all_points = choices.all_labels;
+    facts.first_point = choices.first_label;
     facts.field_report = transfer.FieldReport();
     facts.reference_name = (journal.brought ? journal.brought->reference : reference)->Name();
     facts.time_spent = ReturnTimeElapsedRTF(journal.begin, journal.end, kReportFontSize, journal.elapsed_seconds);
@@ -235,6 +233,20 @@ std::string orlBuildPolygons(const std::shared_ptr<IFeatureLayer>& line_layer, b
     tell_faults();
   }
   return report;
+}
+
+std::string orlBuildPolygons(const std::shared_ptr<IFeatureLayer>& line_layer, bool all_lines, double cluster_tolerance,
+                             bool transfer_labels, bool use_all_label_points, bool use_first_label_point,
+                             const std::shared_ptr<IFeatureLayer>& point_layer, const std::shared_ptr<VarArray>& fields,
+                             const std::string& path, bool, const ObjectRef&,
+                             const std::shared_ptr<IMxDocument>& document,
+                             const std::shared_ptr<IApplication>& application,
+                             const std::shared_ptr<clsExtension>& extension) {
+  RunContext context = HostContext();
+  return BuildPolygons(context,
+                       {line_layer, all_lines, cluster_tolerance, transfer_labels ? point_layer : nullptr,
+                        use_all_label_points, use_first_label_point, fields, path},
+                       document, application, extension);
 }
 
 }  // namespace tessarine::mod_92_functions

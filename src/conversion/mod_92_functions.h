@@ -7,6 +7,7 @@
 
 #include "frame/clsExtension.h"
 #include "platform/application.h"
+#include "platform/run_context.h"
 
 namespace tessarine::mod_92_functions {
 
@@ -27,7 +28,25 @@ namespace tessarine::mod_92_functions {
     const std::shared_ptr<IMxDocument>& document, const std::shared_ptr<IApplication>& application,
     const std::shared_ptr<clsExtension>& extension);
 
+/// What is chosen for such a run.
+struct BuildChoices {
+  std::shared_ptr<IFeatureLayer> lines;
+  bool all_lines = true;
+  double cluster_tolerance = 0.0;              ///< in the unit of the lines' coordinates
+  std::shared_ptr<IFeatureLayer> labels = {};  ///< points whose attributes the polygons take; null for none
+  bool all_labels = true;
+  bool first_label = false;               ///< of several points in a polygon the first, else the nearest to its centre
+  std::shared_ptr<VarArray> fields = {};  ///< of the labels
+  std::string path;                       ///< of the output
+};
+
+/// The same run, within a context.
+[[nodiscard]] std::string BuildPolygons(RunContext& context, const BuildChoices& choices,
+                                        const std::shared_ptr<IMxDocument>& document,
+                                        const std::shared_ptr<IApplication>& application,
+                                        const std::shared_ptr<clsExtension>& extension);
 /// What such a run would do, as a report: nothing is written.
-[[nodiscard]] std::string PlanBuildPolygons(const clsExtension& extension);
+[[nodiscard]] std::string PlanBuildPolygons(RunContext& context, const BuildChoices& choices,
+                                            const clsExtension& extension);
 
 }  // namespace tessarine::mod_92_functions

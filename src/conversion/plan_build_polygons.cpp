@@ -8,7 +8,6 @@
 #include "conversion/output_target.h"
 #include "conversion/plan_texts.h"
 #include "conversion/run_reports.h"
-#include "platform/host.h"
 #include "platform/rich_text.h"
 #include "platform/trap.h"
 #include "support/MyGeneralOperations.h"
@@ -19,35 +18,34 @@ namespace {
 
 constexpr std::array<std::string_view, 1> kMeasures = {"Area"};
 
-std::string LabelLines(const clsExtension& extension) {
-  if (!extension.BuildShouldTransferLabels) return "  ** No label point attributes used...\\par\r\n";
-  return "  ** Label Point Layer: " + EscapeRtf(extension.SelectedPointLayer->Name()) + "\\par\r\n";
+std::string LabelLines(const BuildChoices& choices) {
+  if (!choices.labels) return "  ** No label point attributes used...\\par\r\n";
+  return "  ** Label Point Layer: " + EscapeRtf(choices.labels->Name()) + "\\par\r\n";
 }
 
 }  // namespace
 
-std::string PlanBuildPolygons(const clsExtension& extension) {
-  RunContext context = HostContext();
+std::string PlanBuildPolygons(RunContext& context, const BuildChoices& choices, const clsExtension& extension) {
   return Trap("PlanBuildPolygons", [&]() -> std::string {
-    const std::shared_ptr<IFeatureLayer>& layer = Require(extension.SelectedLayer, "layer");
+    const std::shared_ptr<IFeatureLayer>& layer = Require(choices.lines, "layer");
     const SpatialReferenceRef reference = layer->FeatureClass()->SpatialReference();
     context.journal = RunJournal();
     context.journal.reference = reference;
-    const std::string path = aml_func_mod::MakeUniqueFilename(extension.NewShapefileLocation);
+    const std::string path = aml_func_mod::MakeUniqueFilename(choices.path);
     const VarArray none;
     const OutputTarget target = SplitOutputPath(path, extension);
-    const FieldTransfer transfer = FieldTransfer::BesideChosen(
-        kMeasures, extension.SelectedFields ? *extension.SelectedFields : none, target.kind);
+    const FieldTransfer transfer =
+        FieldTransfer::BesideChosen(kMeasures, choices.fields ? *choices.fields : none, target.kind);
     std::vector<std::shared_ptr<IClass>> sources = {layer->FeatureClass()};
-    if (extension.BuildShouldTransferLabels) sources.push_back(extension.SelectedPointLayer->FeatureClass());
+    if (choices.labels) sources.push_back(choices.labels->FeatureClass());
     return std::string(ReportHeader()) +
            "Build Polygons, planned only: nothing was written\\par\r\n\\pard Input:\\b0\\par\r\n"
            "  ** Input Polyline Feature Layer: " +
            EscapeRtf(layer->Name()) + "\\par\r\n  ** " +
-           (extension.DoAllRecords ? "Use All Polylines (n = " : "Selected Polylines (n = ") +
+           (choices.all_lines ? "Use All Polylines (n = " : "Selected Polylines (n = ") +
            std::to_string(extension.AnalysisRecordCount) + ")\\par\r\n  ** Cluster Tolerance: " +
-           MyGeneralOperations::TrimZerosAndDecimals(extension.BuildClusterTolerance, false) + " " +
-           EscapeRtf(UnitWord(reference)) + "\\par\r\n" + LabelLines(extension) +
+           MyGeneralOperations::TrimZerosAndDecimals(choices.cluster_tolerance, false) + " " +
+           EscapeRtf(UnitWord(reference)) + "\\par\r\n" + LabelLines(choices) +
            "  ** Spatial Reference:  " + EscapeRtf(reference->Name()) + "\\par\r\n" +
            PlannedOutput(context, target, esriGeometryPolygon, transfer, sources,
                          ForetoldLosses(*layer->FeatureClass(), layer->Name(), transfer.Carried())) +

@@ -3,15 +3,16 @@
 #pragma once
 
 #include <cstdint>
-#include <span>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "platform/application.h"
 
 namespace tessarine {
 
 struct MenuItem {
-  const char* id;
+  std::string id;
   bool group;  ///< a separator line stands above the item
 };
 
@@ -24,13 +25,13 @@ class MenuDefinition : public IMenuDef {
   [[nodiscard]] std::string Caption() const override { return caption_; }
 
  protected:
-  MenuDefinition(const char* name, const char* caption, std::span<const MenuItem> items)
-      : name_(name), caption_(caption), items_(items) {}
+  MenuDefinition(const char* name, const char* caption, std::vector<MenuItem> items)
+      : name_(name), caption_(caption), items_(std::move(items)) {}
 
  private:
   const char* name_;
   const char* caption_;
-  std::span<const MenuItem> items_;
+  std::vector<MenuItem> items_;
 };
 
 }  // namespace tessarine

@@ -1,38 +1,21 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "frame/menus.h"
 
+#include "frame/commands/command_table.h"
 #include "platform/trap.h"
 
 namespace tessarine {
 namespace {
 
-constexpr MenuItem kRootItems[] = {
-    {"Tessarine.clsShapeSubMenu", false},
-    {"Tessarine.clsGeodesicSubMenu", false},
-    {"Tessarine.clsGraphicsSubMenu", false},
-    {"Tessarine.cmdAbout", true},
-};
-
-constexpr MenuItem kShapeItems[] = {
-    {"Tessarine.clsConvertGeometry", false},   {"Tessarine.clsConvertLabelPoint", true},
-    {"Tessarine.clsConvertCentroid", false},   {"Tessarine.clsConvertSphCentroid", false},
-    {"Tessarine.clsShapesToVertices", false},  {"Tessarine.clsConvertToPolygon", false},
-    {"Tessarine.clsConvertToPolyline", false}, {"Tessarine.clsBuildPolygon", false},
-    {"Tessarine.clsConvertSplit", true},       {"Tessarine.clsConvertJoin", false},
-};
-
-constexpr MenuItem kGraphicsItems[] = {
-    {"Tessarine.cmdNewShapefile", false},   {"Tessarine.clsSelGraphics", true},
-    {"Tessarine.clsSelAllElements", false}, {"Tessarine.clsUnselElements", false},
-    {"Tessarine.clsFlipGraphicSel", false}, {"Tessarine.clsZoomToSelected", false},
-    {"Tessarine.clsNameGraphics", false},
-};
-
-constexpr MenuItem kGeodesicItems[] = {
-    {"Tessarine.OGraphicToOCentric", false},
-    {"Tessarine.OCentricToOGraphic", false},
-    {"Tessarine.clsWrapBoundary", true},
-};
+std::vector<MenuItem> ItemsOf(Menu menu, std::vector<MenuItem> items = {}) {
+  for (const CommandRow& row : AllCommands()) {
+    const MenuPlace& place = row.texts.place;
+    if (place.menu != menu) continue;
+    const char* class_name = place.class_name != nullptr ? place.class_name : row.texts.class_name;
+    items.push_back({std::string("Tessarine.") + class_name, place.group});
+  }
+  return items;
+}
 
 }  // namespace
 
@@ -51,13 +34,19 @@ void clsToolBar::GetItemInfo(std::int32_t position, ItemDef& item) const {
   });
 }
 
-clsMenu::clsMenu() : MenuDefinition("Tessarine", "&Tessarine Tools", kRootItems) {}
+clsMenu::clsMenu()
+    : MenuDefinition("Tessarine", "&Tessarine Tools",
+                     ItemsOf(Menu::Root, {{"Tessarine.clsShapeSubMenu", false},
+                                          {"Tessarine.clsGeodesicSubMenu", false},
+                                          {"Tessarine.clsGraphicsSubMenu", false}})) {}
 
-clsShapeSubMenu::clsShapeSubMenu() : MenuDefinition("ToolsForShapes", "Tools for Features and Shapes", kShapeItems) {}
+clsShapeSubMenu::clsShapeSubMenu()
+    : MenuDefinition("ToolsForShapes", "Tools for Features and Shapes", ItemsOf(Menu::Shapes)) {}
 
-clsGraphicsSubMenu::clsGraphicsSubMenu() : MenuDefinition("ToolsForGraphics", "Tools for Graphics", kGraphicsItems) {}
+clsGraphicsSubMenu::clsGraphicsSubMenu()
+    : MenuDefinition("ToolsForGraphics", "Tools for Graphics", ItemsOf(Menu::Graphics)) {}
 
 clsGeodesicSubMenu::clsGeodesicSubMenu()
-    : MenuDefinition("GeodesicTools", "OCentric/OGraphic Geodesic Tools", kGeodesicItems) {}
+    : MenuDefinition("GeodesicTools", "OCentric/OGraphic Geodesic Tools", ItemsOf(Menu::Geodesic)) {}
 
 }  // namespace tessarine

@@ -2,8 +2,8 @@
 #include "planetary/LongitudeForm.h"
 
 #include <algorithm>
-#include <sstream>
 
+#include "planetary/planetary_rules.h"
 #include "platform/text_formats.h"
 #include "platform/trap.h"
 #include "support/MyGeneralOperations.h"
@@ -18,12 +18,6 @@ using namespace MyGeneralOperations;
 
 constexpr int kBoxDecimals = 13;
 constexpr std::int32_t kLayersWithShapes = kPointLayers + kPolylineLayers + kPolygonLayers + kMultipointLayers;
-
-// The reference of a layer, as its data tells it.
-SpatialReferenceRef ReferenceOf(const IFeatureLayer& layer) {
-  const std::shared_ptr<IFeatureClass> features = layer.FeatureClass();
-  return features ? features->SpatialReference() : nullptr;
-}
 
 }  // namespace
 
@@ -41,7 +35,6 @@ LongitudeForm::LongitudeForm(const std::string& name) : Form(name) {
   cmdCancel.SetCaption("Cancel");
   txtMessage.Locked = true;
   txtMessage.MultiLine = true;
-  lblFromDocument.SetVisible(false);
   cmdOK.SetEnabled(false);
   cmdOK.Default = true;
   cmdCancel.Cancel = true;
@@ -135,7 +128,7 @@ void LongitudeForm::FillLayers(const std::string& preferred) {
   std::int32_t used_before = -1, chosen_in_map = -1;
   for (const Variant& element : *all) {
     const auto layer = element.AsObject<IFeatureLayer>();
-    if (!layer || !Is<const GeographicCoordinateSystem>(ReferenceOf(*layer))) continue;
+    if (!layer || !IsGeographic(*layer)) continue;
     const auto line = static_cast<std::int32_t>(layers_.size());
     if (used_before < 0 && !preferred.empty() && layer->Name() == preferred) used_before = line;
     if (in_map == layer) chosen_in_map = line;
@@ -197,13 +190,6 @@ bool LongitudeForm::OutputPlaceExists() {
 std::shared_ptr<VarArray> LongitudeForm::DescribeOutput(const IFeatureLayer& layer) {
   RememberOutput(output_, *extension_);
   return OutputDescription::Make(layer, output_);
-}
-
-std::vector<std::string> LongitudeForm::FromDocument() const {
-  std::vector<std::string> settings;
-  std::istringstream lines(lblFromDocument.Caption());
-  for (std::string line; std::getline(lines, line);) settings.push_back(line);
-  return settings;
 }
 
 void LongitudeForm::Finish() {

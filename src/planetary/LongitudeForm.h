@@ -34,9 +34,6 @@ class LongitudeForm : public Form {
   CommandButton cmdManual{*this, "cmdManual"};
   CommandButton cmdOK{*this, "cmdOK"};
   CommandButton cmdCancel{*this, "cmdCancel"};
-  /// Never shown: who fills the form without a person in front of it names here, a line each, the settings that stay as
-  /// the map document has them. Plan and report tell them.
-  Label lblFromDocument{*this, "lblFromDocument"};
 
  protected:
   explicit LongitudeForm(const std::string& name);
@@ -68,7 +65,6 @@ class LongitudeForm : public Form {
   /// Nothing while no line is selected.
   [[nodiscard]] std::shared_ptr<IFeatureLayer> CurrentLayer() const;
   [[nodiscard]] double Shift() const { return shift_; }
-  [[nodiscard]] std::vector<std::string> FromDocument() const;
   /// The first of OK's tests: the place of the output exists, or the user is told and sent to its box.
   [[nodiscard]] bool OutputPlaceExists();
   /// What OK leaves for the creation of the output; the extension remembers its place.

@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "planetary/frmBoundaryWrap.h"
 
-#include <algorithm>
-#include <iterator>
-
+#include "planetary/planetary_rules.h"
 #include "platform/host.h"
 #include "platform/trap.h"
 #include "support/MyGeneralOperations.h"
@@ -19,20 +17,6 @@ constexpr const char* kInstruction =
     "clipped "
     "portions of a feature will be maintained in a single record.  NOTE: Only geographically-projected feature layers "
     "listed... ";
-
-constexpr const char* kInvalidValue = "Invalid Boundary Value:";
-constexpr const char* kInvalidValues = "Invalid Boundary Values:";
-
-struct PoleLine {
-  MyGeometricOperations::EnclosedPole pole;
-  const char* text;
-};
-
-constexpr PoleLine kPoleLines[] = {{MyGeometricOperations::EnclosedPole::SmallerPart, "the smaller part"},
-                                   {MyGeometricOperations::EnclosedPole::North, "the north pole"},
-                                   {MyGeometricOperations::EnclosedPole::South, "the south pole"},
-                                   {MyGeometricOperations::EnclosedPole::Both, "both poles"},
-                                   {MyGeometricOperations::EnclosedPole::Neither, "neither pole"}};
 
 // What the last run was asked for, as long as its list stands.
 StepChoice RememberedSteps(const clsExtension& extension) {
@@ -60,7 +44,7 @@ frmBoundaryWrap::frmBoundaryWrap() : LongitudeForm("frmBoundaryWrap") {
   lblPole.SetCaption("Rings round the globe &hold");
   cboPole.DropDownList = true;
   cboPole.SetBackColor(kWindowBackground);
-  for (const PoleLine& line : kPoleLines) cboPole.AddItem(line.text);
+  for (const PoleRow& row : AllPoles()) cboPole.AddItem(row.line);
   chkShortSteps.Click = [this] { Trap("chkShortSteps_Click", [this] { FollowShortSteps(); }); };
   optWrap180.Click = [this] { Trap("optWrap180_Click", [this] { ChooseOption(kWrap180); }); };
   optWrap360.Click = [this] { Trap("optWrap360_Click", [this] { ChooseOption(kWrap360); }); };
@@ -131,8 +115,7 @@ void frmBoundaryWrap::ShowBox(const WrapBox& box) {
 }
 
 void frmBoundaryWrap::ShowSteps(const StepChoice& choice) {
-  const auto* line = std::ranges::find(kPoleLines, choice.pole, &PoleLine::pole);
-  cboPole.SetListIndex(line != std::end(kPoleLines) ? static_cast<std::int32_t>(line - kPoleLines) : 0);
+  cboPole.SetListIndex(static_cast<std::int32_t>(&RowOfPole(choice.pole) - AllPoles().data()));
   chkShortSteps.SetValue(choice.steps == LongSteps::kShortWay ? CheckBox::kChecked : CheckBox::kUnchecked);
   FollowShortSteps();
 }
@@ -145,7 +128,7 @@ void frmBoundaryWrap::FollowShortSteps() {
 
 StepChoice frmBoundaryWrap::ChosenSteps() const {
   if (chkShortSteps.Value() != CheckBox::kChecked) return {};
-  return {LongSteps::kShortWay, kPoleLines[cboPole.ListIndex()].pole};
+  return {LongSteps::kShortWay, AllPoles()[static_cast<std::size_t>(cboPole.ListIndex())].pole};
 }
 
 std::optional<WrapBox> frmBoundaryWrap::ChosenBox() {
@@ -155,40 +138,17 @@ std::optional<WrapBox> frmBoundaryWrap::ChosenBox() {
 }
 
 std::optional<WrapBox> frmBoundaryWrap::CustomBox() {
-  WrapBox box;
-  struct Side {
-    TextBox& text;
-    double& value;
-    const char* refusal;
-  };
-  const Side sides[] = {{txtNorth, box.north, "Northern Boundary Value is invalid..."},
-                        {txtEast, box.east, "Eastern Boundary Value is invalid..."},
-                        {txtSouth, box.south, "Southern Boundary Value is invalid..."},
-                        {txtWest, box.west, "Western Boundary Value is invalid..."}};
-  for (const Side& side : sides) {
-    const std::optional<double> value = NumberIn(side.text.Text());
-    if (!value) {
-      RefuseBoundary(side.text, kInvalidValue, side.refusal);
-      side.text.SetSelStart(0);
-      side.text.SetSelLength(static_cast<std::int32_t>(side.text.Text().size()));
-      return std::nullopt;
-    }
-    side.value = *value;
+  const BoxReading reading = ReadBox({txtWest.Text(), txtSouth.Text(), txtEast.Text(), txtNorth.Text()});
+  if (!reading.objection) return reading.box;
+  TextBox* const boxes[] = {&txtWest, &txtSouth, &txtEast, &txtNorth};  // in the order of the sides
+  TextBox& wrong = *boxes[static_cast<std::size_t>(reading.wrong)];
+  Host().MessageBox().Show(reading.objection->text, reading.objection->title);
+  wrong.SetFocus();
+  if (!NumberIn(wrong.Text())) {
+    wrong.SetSelStart(0);
+    wrong.SetSelLength(static_cast<std::int32_t>(wrong.Text().size()));
   }
-  if (box.west >= box.east) {
-    RefuseBoundary(txtEast, kInvalidValues, "Western Boundary Value >= Eastern Boundary Value...");
-    return std::nullopt;
-  }
-  if (box.south >= box.north) {
-    RefuseBoundary(txtNorth, kInvalidValues, "Southern Boundary Value >= Northern Boundary Value...");
-    return std::nullopt;
-  }
-  return box;
-}
-
-void frmBoundaryWrap::RefuseBoundary(TextBox& box, const char* title, const char* text) {
-  Host().MessageBox().Show(text, title);
-  box.SetFocus();
+  return std::nullopt;
 }
 
 void frmBoundaryWrap::cmdOK_Click() {
@@ -205,7 +165,6 @@ void frmBoundaryWrap::cmdOK_Click() {
   extension.LongitudeWrapOption = option_;
   extension.frmBoundaryWrapReturn =
       WrapArguments::Make(layer, *box, option_, DescribeOutput(*layer), Shift(), ChosenSteps());
-  WrapArguments(extension.frmBoundaryWrapReturn).SetFromDocument(FromDocument());
   Finish();
 }
 

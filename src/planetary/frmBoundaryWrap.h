@@ -45,7 +45,6 @@ class frmBoundaryWrap final : public LongitudeForm {
   /// The box of the chosen option; nothing after the user was told what is wrong with it.
   [[nodiscard]] std::optional<WrapBox> ChosenBox();
   [[nodiscard]] std::optional<WrapBox> CustomBox();
-  void RefuseBoundary(TextBox& box, const char* title, const char* text);
 
   std::int32_t option_ = kCustomOrNoWrap;
 };

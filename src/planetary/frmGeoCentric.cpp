@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "planetary/frmGeoCentric.h"
 
+#include "planetary/planetary_rules.h"
 #include "platform/host.h"
 #include "platform/text_formats.h"
 #include "platform/trap.h"
@@ -14,12 +15,6 @@ using namespace MyGeneralOperations;
 
 constexpr const char* kFirstName = "WGS 1984";
 constexpr double kFirstMajorAxis = 6378137.0, kFirstMinorAxis = 6356752.31424518;
-constexpr const char* kCustomName = "<-- Custom Spheroid -->";
-constexpr const char* kInvalidSpheroid = "Invalid Spheroid Parameter:";
-
-std::shared_ptr<const Spheroid> SpheroidOf(const SpatialReferenceRef& reference) {
-  return Require(Require(GeographicOf(reference), "GeographicCoordinateSystem")->Datum(), "Datum")->Spheroid();
-}
 
 }  // namespace
 
@@ -97,8 +92,8 @@ void frmGeoCentric::lbxLayers_Click() {
   LongitudeForm::lbxLayers_Click();
   const std::shared_ptr<IFeatureLayer> layer = CurrentLayer();
   if (!layer) return;
-  const auto spheroid = Require(SpheroidOf(layer->FeatureClass()->SpatialReference()), "Spheroid");
-  ShowSpheroid(spheroid->Name(), spheroid->SemiMajorAxis(), spheroid->SemiMinorAxis());
+  const ToolSpheroid spheroid = SpheroidOf(*layer);
+  ShowSpheroid(spheroid.name, spheroid.semi_major, spheroid.semi_minor);
 }
 
 void frmGeoCentric::UseSpheroidName(const std::string& name) {
@@ -119,7 +114,7 @@ void frmGeoCentric::ShowSpheroid(const std::string& name, double semi_major_axis
 void frmGeoCentric::TakeTypedAxis(const TextBox& box, double& axis) {
   if (!listening_) return;
   axis = NumberIn(box.Text()).value_or(0.0);
-  UseSpheroidName(kCustomName);
+  UseSpheroidName(kCustomSpheroid);
 }
 
 void frmGeoCentric::cmdGetSpheroid_Click() {
@@ -136,17 +131,12 @@ void frmGeoCentric::cmdGetSpheroid_Click() {
 }
 
 bool frmGeoCentric::AxesAreValid() {
-  if (semi_major_axis_ <= 0.0) {
-    Host().MessageBox().Show("Semi-Major (Equatorial) Radius value must be >= 0...", kInvalidSpheroid);
-    txtMajor.SetFocus();
-    return false;
-  }
-  if (semi_minor_axis_ <= 0.0) {
-    Host().MessageBox().Show("Semi-Minor (Polar) Radius value must be >= 0...", kInvalidSpheroid);
-    txtMinor.SetFocus();
-    return false;
-  }
-  return true;
+  const std::optional<Objection> to_major = ObjectionToMajorAxis(semi_major_axis_);
+  const std::optional<Objection> objection = to_major ? to_major : ObjectionToMinorAxis(semi_minor_axis_);
+  if (!objection) return true;
+  Host().MessageBox().Show(objection->text, objection->title);
+  (to_major ? txtMajor : txtMinor).SetFocus();
+  return false;
 }
 
 void frmGeoCentric::cmdOK_Click() {
@@ -157,7 +147,6 @@ void frmGeoCentric::cmdOK_Click() {
   extension.LongitudeWrapOption = option_;
   extension.frmGeoCentricReturn = GeoCentricArguments::Make(layer, spheroid_name_, semi_major_axis_, semi_minor_axis_,
                                                             Shift(), option_, DescribeOutput(*layer));
-  GeoCentricArguments(extension.frmGeoCentricReturn).SetFromDocument(FromDocument());
   Finish();
 }
 

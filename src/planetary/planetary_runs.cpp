@@ -5,6 +5,7 @@
 #include "geodesy/short_steps.h"
 #include "planetary/LongitudeForm.h"
 #include "planetary/feature_rewrite.h"
+#include "planetary/planetary_rules.h"
 #include "platform/host.h"
 #include "platform/run_scope.h"
 #include "support/MyGeneralOperations.h"
@@ -43,26 +44,11 @@ ReportSection InputSection(const std::string& conversion, const IFeatureLayer& l
 
 std::string Degrees(double value) { return MyGeneralOperations::TrimZerosAndDecimals(value, false); }
 
-const char* PoleText(EnclosedPole pole) {
-  switch (pole) {
-    case EnclosedPole::North:
-      return "North Pole";
-    case EnclosedPole::South:
-      return "South Pole";
-    case EnclosedPole::Both:
-      return "Both Poles";
-    case EnclosedPole::Neither:
-      return "Neither Pole";
-    default:
-      return "Smaller Part";
-  }
-}
-
 // Nothing is said of steps that stay as they stand.
 void AddSteps(const StepChoice& choice, ReportSection& section) {
   if (choice.steps == LongSteps::kAsTheyStand) return;
   section.lines.emplace_back("  ** Steps of more than 180 Degrees:  The Short Way over the Edge");
-  section.lines.push_back(std::string("  ** Rings round the Globe Hold:  ") + PoleText(choice.pole));
+  section.lines.push_back(std::string("  ** Rings round the Globe Hold:  ") + RowOfPole(choice.pole).report_text);
 }
 
 void AddFromDocument(const std::vector<std::string>& settings, std::vector<ReportSection>& sections) {
@@ -202,63 +188,65 @@ FeatureRewrite LatitudeRun(const Direction& direction, const GeoCentricArguments
           RunSpheroid{arguments.SpheroidName(), semi_major, semi_minor}};
 }
 
-std::string RunLatitudes(const Direction& direction, const std::shared_ptr<IApplication>& application,
+template <const Direction& kDirection>
+std::string RunLatitudes(RunContext& context, const std::shared_ptr<IApplication>& application,
                          const std::shared_ptr<IMxDocument>& document, const std::shared_ptr<clsExtension>& extension,
                          const std::shared_ptr<VarArray>& arguments, bool show_progress) {
-  return Trap(direction.worker, [&] {
+  return Trap(kDirection.worker, [&] {
     const GeoCentricArguments given(Require(arguments, "Arguments"));
-    RunContext context = HostContext();
-    return RewriteFeatures(context, LatitudeRun(direction, given), application, document, extension, show_progress);
+    return RewriteFeatures(context, LatitudeRun(kDirection, given), application, document, extension, show_progress);
   });
 }
 
-std::string PlanLatitudes(const Direction& direction, const std::shared_ptr<VarArray>& arguments) {
-  return Trap(direction.worker, [&] {
-    RunContext context = HostContext();
-    return PlanRewrite(context, LatitudeRun(direction, GeoCentricArguments(Require(arguments, "Arguments"))));
+template <const Direction& kDirection>
+std::string PlanLatitudes(RunContext& context, const std::shared_ptr<VarArray>& arguments) {
+  return Trap(kDirection.worker, [&] {
+    return PlanRewrite(context, LatitudeRun(kDirection, GeoCentricArguments(Require(arguments, "Arguments"))));
   });
+}
+
+std::string RunWrap(RunContext& context, const std::shared_ptr<IApplication>& application,
+                    const std::shared_ptr<IMxDocument>& document, const std::shared_ptr<clsExtension>& extension,
+                    const std::shared_ptr<VarArray>& arguments, bool show_progress) {
+  return Trap("WrapToBoundaries", [&] {
+    const WrapArguments given(Require(arguments, "Arguments"));
+    return RewriteFeatures(context, WrapRun(given), application, document, extension, show_progress);
+  });
+}
+
+std::string PlanWrap(RunContext& context, const std::shared_ptr<VarArray>& arguments) {
+  return Trap("WrapToBoundaries",
+              [&] { return PlanRewrite(context, WrapRun(WrapArguments(Require(arguments, "Arguments")))); });
 }
 
 }  // namespace
+
+const PlanetaryWork kWrapToBoundaries{RunWrap, PlanWrap};
+const PlanetaryWork kCentricToGraphic{RunLatitudes<kToGraphic>, PlanLatitudes<kToGraphic>};
+const PlanetaryWork kGraphicToCentric{RunLatitudes<kToCentric>, PlanLatitudes<kToCentric>};
 
 std::string WrapToBoundaries(const std::shared_ptr<IApplication>& application,
                              const std::shared_ptr<IMxDocument>& document,
                              const std::shared_ptr<clsExtension>& extension, const std::shared_ptr<VarArray>& arguments,
                              bool show_progress) {
-  return Trap("WrapToBoundaries", [&] {
-    const WrapArguments given(Require(arguments, "Arguments"));
-    RunContext context = HostContext();
-    return RewriteFeatures(context, WrapRun(given), application, document, extension, show_progress);
-  });
-}
-
-std::string PlanWrapToBoundaries(const std::shared_ptr<VarArray>& arguments) {
-  return Trap("WrapToBoundaries", [&] {
-    RunContext context = HostContext();
-    return PlanRewrite(context, WrapRun(WrapArguments(Require(arguments, "Arguments"))));
-  });
+  RunContext context = HostContext();
+  return RunWrap(context, application, document, extension, arguments, show_progress);
 }
 
 std::string CalcPlanetoCentricToPlanetoGraphic(const std::shared_ptr<IApplication>& application,
                                                const std::shared_ptr<IMxDocument>& document,
                                                const std::shared_ptr<clsExtension>& extension,
                                                const std::shared_ptr<VarArray>& arguments, bool show_progress) {
-  return RunLatitudes(kToGraphic, application, document, extension, arguments, show_progress);
+  RunContext context = HostContext();
+  return kCentricToGraphic.run(context, application, document, extension, arguments, show_progress);
 }
 
 std::string CalcPlanetoGraphicToPlanetoCentric(const std::shared_ptr<IApplication>& application,
                                                const std::shared_ptr<IMxDocument>& document,
                                                const std::shared_ptr<clsExtension>& extension,
                                                const std::shared_ptr<VarArray>& arguments, bool show_progress) {
-  return RunLatitudes(kToCentric, application, document, extension, arguments, show_progress);
-}
-
-std::string PlanCentricToGraphic(const std::shared_ptr<VarArray>& arguments) {
-  return PlanLatitudes(kToGraphic, arguments);
-}
-
-std::string PlanGraphicToCentric(const std::shared_ptr<VarArray>& arguments) {
-  return PlanLatitudes(kToCentric, arguments);
+  RunContext context = HostContext();
+  return kGraphicToCentric.run(context, application, document, extension, arguments, show_progress);
 }
 
 }  // namespace tessarine

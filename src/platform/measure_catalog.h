@@ -6,24 +6,33 @@
 #include <string>
 #include <vector>
 
-#include "platform/geometry_types.h"
+#include "platform/map.h"
 #include "platform/object.h"
-#include "platform/spatial_reference.h"
 
 namespace tessarine {
 
-struct CataloguedMeasure {
-  std::int32_t OptionId = 0;  ///< the number of its check box, from 1
-  std::string Caption;
-  std::vector<std::string> DefaultFields, ReportLabels;  ///< one or two each
-  bool Slow = false;                                     ///< counts for the choice of the progress display
+/// A measure as the calculator offers it for a layer.
+struct OfferedMeasure {
+  std::int32_t option_id = 0;  ///< the number of its check box, from 1
+  std::string caption;
+  std::vector<std::string> report_labels;  ///< one or two
+  bool slow = false;                       ///< counts for the choice of the progress display
+  struct Field {
+    std::string name;    ///< that is proposed
+    bool taken = false;  ///< the layer has a numeric field of this name
+  };
+  std::vector<Field> fields;  ///< one or two
+};
+
+struct MeasureOffer {
+  std::string feature_type, spheroid;  ///< lines for people
+  std::vector<OfferedMeasure> measures;
 };
 
 class IMeasureCatalog : public virtual Object {
  public:
   /// The measures of a layer by its shape type and reference, in the order of their ids; none for other shape types.
-  [[nodiscard]] virtual std::vector<CataloguedMeasure> Measures(esriGeometryType shape,
-                                                                const SpatialReferenceRef& reference) const = 0;
+  [[nodiscard]] virtual MeasureOffer Offer(const IFeatureLayer& layer) const = 0;
 };
 
 }  // namespace tessarine

@@ -70,4 +70,6 @@ std::shared_ptr<VarArray> ReturnLayersByType(const std::shared_ptr<IMap>& map, s
   });
 }
 
+bool IsOfType(const std::shared_ptr<ILayer>& layer, std::int32_t flags) { return IsChosen(layer, ChosenTypes(flags)); }
+
 }  // namespace tessarine::MyGeneralOperations

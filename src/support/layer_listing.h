@@ -27,4 +27,7 @@ enum LayerTypeFlag : std::int32_t {
 /// least 1.
 [[nodiscard]] std::shared_ptr<VarArray> ReturnLayersByType(const std::shared_ptr<IMap>& map, std::int32_t flags);
 
+/// True for a layer of one of the chosen types.
+[[nodiscard]] bool IsOfType(const std::shared_ptr<ILayer>& layer, std::int32_t flags);
+
 }  // namespace tessarine::MyGeneralOperations

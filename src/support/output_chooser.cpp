@@ -57,6 +57,11 @@ bool IsContainerPath(const std::string& path) {
 
 std::string StemOf(const std::string& path) { return std::filesystem::path(ToNativePath(path)).stem().string(); }
 
+std::string NameInGeodatabase(std::string name) {
+  if (EndsWithIgnoringCase(name, ".shp")) name.resize(name.size() - 4);
+  return ReplaceBadChars(name, true, true, true, true);
+}
+
 // The place that a confirmed browse dialog names.
 OutputChoice ChosenPlace(const IGxDialog& dialog, OutputKind kind) {
   OutputChoice chosen;
@@ -71,10 +76,7 @@ OutputChoice ChosenPlace(const IGxDialog& dialog, OutputKind kind) {
     chosen.FeatureDatasetName = dataset->Name();
   }
   if (kind == kShapefile && FollowNamedFormat(chosen.FullPath(), chosen)) return chosen;
-  if (FormatOfKind(kind)->feature_datasets) {
-    if (EndsWithIgnoringCase(chosen.Name, ".shp")) chosen.Name.resize(chosen.Name.size() - 4);
-    chosen.Name = ReplaceBadChars(chosen.Name, true, true, true, true);
-  }
+  if (FormatOfKind(kind)->feature_datasets) chosen.Name = NameInGeodatabase(std::move(chosen.Name));
   return chosen;
 }
 
@@ -216,29 +218,56 @@ std::string ChosenPath(const std::string& text, const OutputChoice& choice) {
   return NamedFormat(choice.Kind) == nullptr ? text : choice.FullPath();
 }
 
-bool OutputWorkspaceExists(const std::string& text, const OutputChoice& choice) {
+std::optional<Objection> ObjectionTo(const std::string& path, const OutputChoice& choice) {
+  constexpr const char* kTitle = "Failed to Create Feature Class:";
   const Format* format = FormatOfKind(choice.Kind);
-  if (format != nullptr && format == TemporaryLayers()) return true;
-  const std::string path = ChosenPath(text, choice);
+  if (format != nullptr && format == TemporaryLayers()) return std::nullopt;
   // A feature dataset is no folder: its place is the geodatabase.
   const std::string directory = choice.IsFeatureDataset ? choice.Directory : WithoutTrailingSlash(ReturnDir(path));
-  if (format == nullptr) return ExistFileDir(directory);
+  const Objection no_workspace{
+      "output", "Unable to create Feature Class:\r\n" + ToNativePath(directory) + " is not a valid workspace...",
+      kTitle};
+  if (format == nullptr) return ExistFileDir(directory) ? std::nullopt : std::optional(no_workspace);
   const OutputPlace place{format, ToNativePath(WithoutTrailingSlash(path.substr(0, path.rfind('\\')))), "",
                           path.substr(path.rfind('\\') + 1)};
-  if (const auto problem = path.empty() ? std::nullopt : NameProblem(place)) {
-    Host().MessageBox().Show(*problem, "Failed to Create Feature Class:");
-    return false;
-  }
+  if (const auto problem = path.empty() ? std::nullopt : NameProblem(place))
+    return Objection{"output", *problem, kTitle};
   // A shapefile in the folder of a geodatabase would be lost in it, and a class outside of any has no place.
   const bool chosen = !format->HasOwnWorkspace() && format->container;
   const bool fits = chosen || format->container == IsContainerPath(directory);
   // A container of one file is made with its first layer.
   const bool can_be_made = chosen && ExistFileDir(WithoutTrailingSlash(ReturnDir(directory)));
-  if (fits && (ExistFileDir(directory) || can_be_made)) return true;
-  Host().MessageBox().Show(
-      "Unable to create Feature Class:\r\n" + ToNativePath(directory) + " is not a valid workspace...",
-      "Failed to Create Feature Class:");
-  return false;
+  if (fits && (ExistFileDir(directory) || can_be_made)) return std::nullopt;
+  return no_workspace;
+}
+
+bool OutputWorkspaceExists(const std::string& text, const OutputChoice& choice) {
+  const std::optional<Objection> objection = ObjectionTo(ChosenPath(text, choice), choice);
+  if (objection) Host().MessageBox().Show(objection->text, objection->title);
+  return !objection;
+}
+
+OutputChoice ChoiceOf(const ToolOutput& output, const std::string& base_name) {
+  if (output.kind == kUnknownOutput) {
+    const std::filesystem::path wished = std::filesystem::path(ToNativePath(output.directory)) / (base_name + ".shp");
+    return {output.directory, FirstFreePath(wished).filename().string(), kShapefile, false, ""};
+  }
+  OutputChoice choice{output.directory, output.name, static_cast<OutputKind>(output.kind), !output.dataset.empty(),
+                      output.dataset};
+  if (!output.path.empty()) return choice;
+  if (FormatOfKind(choice.Kind)->feature_datasets) choice.Name = NameInGeodatabase(std::move(choice.Name));
+  if (choice.Kind == kShapefile) choice.Name = SetExtension(choice.Name, "shp");
+  return choice;
+}
+
+ToolOutput ToolOutputOf(const OutputChoice& choice, const std::string& path) {
+  return {choice.Kind, choice.Directory, choice.IsFeatureDataset ? choice.FeatureDatasetName : "", choice.Name, path};
+}
+
+ToolOutput RememberedOutput(const clsExtension& extension) {
+  return {KindOfDirectoryType(extension.DirectoryType), extension.DirectoryPath,
+          extension.IsFeatureDataset ? extension.FeatDatasetName : "", ReturnFilename(extension.NewShapefileLocation),
+          extension.NewShapefileLocation};
 }
 
 void RememberOutput(const OutputChoice& choice, clsExtension& extension) {

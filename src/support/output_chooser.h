@@ -5,10 +5,12 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "frame/clsExtension.h"
 #include "platform/application.h"
+#include "platform/tool.h"
 #include "support/output_kinds.h"
 
 namespace tessarine::MyGeneralOperations {
@@ -59,8 +61,20 @@ inline constexpr AnyGeodatabasePlace kAnyGeodatabasePlace;
 /// own.
 [[nodiscard]] std::string ChosenPath(const std::string& text, const OutputChoice& choice);
 
-/// True when the folder or geodatabase of the output exists, or the container can be made; otherwise the user is told.
+/// What stands against an output at this path: a name that can't be, or no folder, geodatabase or container to make it
+/// in. Nothing where it can be made.
+[[nodiscard]] std::optional<Objection> ObjectionTo(const std::string& path, const OutputChoice& choice);
+/// The same for a text in an output's box; the user is told of it. True where the output can be made.
 [[nodiscard]] bool OutputWorkspaceExists(const std::string& text, const OutputChoice& choice);
+
+/// Where an argument of a tool says that its output goes. In a folder it gets the base name, with a number where that
+/// is taken; names in geodatabases become legal ones.
+[[nodiscard]] OutputChoice ChoiceOf(const ToolOutput& output, const std::string& base_name);
+/// The argument for a place that a dialog was left with.
+[[nodiscard]] ToolOutput ToolOutputOf(const OutputChoice& choice, const std::string& path);
+
+/// The output that the dialog was left with: the path in `NewShapefileLocation` and the place that is remembered.
+[[nodiscard]] ToolOutput RememberedOutput(const clsExtension& extension);
 
 /// Leaves kind, place and dataset in the extension, where the next dialog starts.
 void RememberOutput(const OutputChoice& choice, clsExtension& extension);

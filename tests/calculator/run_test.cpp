@@ -32,7 +32,8 @@ class RunTest : public CalculatorTest {
     choices.SemiMajor = 6378137.0;
     choices.SemiMinor = 6356752.314245179;
     const auto carrier = GeometryOptions(choices).Carrier();
-    return plan ? modCalcGeometry::PlanGeometry(carrier, application)
+    RunContext context = HostContext();
+    return plan ? modCalcGeometry::PlanGeometry(context, carrier, application)
                 : modCalcGeometry::CalcGeometry(carrier, application);
   }
   std::shared_ptr<DocumentFeatureLayer> Points(int count, const std::string& file = "towns.gpkg", int epsg = 32633) {

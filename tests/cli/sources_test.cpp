@@ -212,7 +212,7 @@ TEST_F(Sources, PolygonsAreBuiltOfOneSource) {
   const ProgramOutcome run =
       RunTessarine({"build-polygons", Data("disputed_borders.shp"), Data("disputed_borders.shp"), "-o", In("o.shp")});
   EXPECT_EQ(run.status, 2);
-  EXPECT_THAT(run.err, HasSubstr("builds from the lines of one layer, and 2 sources were named"));
+  EXPECT_THAT(run.err, HasSubstr("'build-polygons' takes one layer, and 2 sources were named"));
 }
 
 TEST_F(Sources, AStoreThatAsksForAKeyIsQuoted) {

@@ -27,9 +27,13 @@ const std::vector<Room> kRooms = {
     {"engine/", {"platform/", "outputs/", "jet/", "engine/"}, true},
     {"frame/commands/",
      {"platform/", "geodesy/", "outputs/", "support/", "frame/", "spheroids/", "conversion/", "calculator/",
-      "graphics/", "planetary/"},
+      "graphics/", "planetary/", "tools/"},
      false},
     {"frame/", {"platform/", "geodesy/", "support/", "frame/"}, false},
+    {"tools/",
+     {"platform/", "geodesy/", "outputs/", "support/", "conversion/", "calculator/", "graphics/", "planetary/",
+      "spheroids/", "tools/", "frame/clsExtension.h"},
+     false},
     {"support/",
      {"platform/", "geodesy/", "outputs/", "support/", "frame/clsExtension.h", "frame/ErrorHandling.h"},
      false},
@@ -104,7 +108,7 @@ TEST(House, EveryFileIncludesOnlyWhatItsRoomMaySee) {
 // Hosts know commands, forms and the extension by their identifiers alone.
 TEST(House, HostsIncludeNoClassOfTheSuite) {
   const fs::path hosts = fs::path(TESSARINE_SOURCE_DIR) / "src/hosts";
-  const std::regex suite(R"re(#include "(frame|support|conversion|calculator|graphics|planetary|spheroids)/)re");
+  const std::regex suite(R"re(#include "(frame|support|conversion|calculator|graphics|planetary|spheroids|tools)/)re");
   for (const auto& entry : fs::recursive_directory_iterator(hosts)) {
     if (!entry.is_regular_file()) continue;
     std::ifstream file(entry.path());
@@ -119,7 +123,7 @@ TEST(House, RunsAskNoHostOfTheProcess) {
   const fs::path source = fs::path(TESSARINE_SOURCE_DIR) / "src";
   const std::regex call(R"re(\bHost\(\))re");
   int files = 0;
-  for (const char* room : {"engine", "outputs", "geodesy", "conversion", "calculator", "planetary", "graphics"}) {
+  for (const char* room : {"engine", "outputs", "geodesy", "conversion", "calculator", "planetary", "graphics", "tools"}) {
     for (const auto& entry : fs::recursive_directory_iterator(source / room)) {
       if (entry.path().filename().string().starts_with("frm")) continue;
       std::ifstream file(entry.path());

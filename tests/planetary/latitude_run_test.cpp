@@ -137,7 +137,10 @@ TEST_F(LatitudeRunTest, TheReportNamesTheSpheroidAndOneTitleForBoth) {
 
 TEST_F(LatitudeRunTest, APlanWritesNothing) {
   Use(esriGeometryPoint, {testing::NewField("2009_area_km", esriFieldTypeInteger)});
-  const auto plan = [&] { return ToPlainText(ReadRtf(PlanGraphicToCentric(Arguments(kMars, kWrap180, 0)))); };
+  const auto plan = [&] {
+    RunContext context = HostContext();
+    return ToPlainText(ReadRtf(kGraphicToCentric.plan(context, Arguments(kMars, kWrap180, 0))));
+  };
   EXPECT_THAT(plan(), HasSubstr("OGraphic to OCentric Conversion, planned only: nothing was written"));
   EXPECT_THAT(plan(), HasSubstr("Z009_area_  <--  2009_area_km"));
   EXPECT_THAT(plan(), Not(HasSubstr("Already Exists")));

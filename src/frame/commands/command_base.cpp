@@ -8,7 +8,7 @@
 namespace tessarine {
 
 CommandBase::CommandBase(const CommandRow& row, const std::source_location& own)
-    : row_(row), own_(own), bitmap_(std::make_shared<Picture>(row.bitmap_id)) {}
+    : row_(row), own_(own), bitmap_(std::make_shared<Picture>(row.texts.bitmap_id)) {}
 
 CommandBase::~CommandBase() {
   bitmap_ = nullptr;
@@ -16,7 +16,7 @@ CommandBase::~CommandBase() {
   application_ = nullptr;
 }
 
-std::string CommandBase::Name() const { return std::string("Tessarine_") + row_.name; }
+std::string CommandBase::Name() const { return std::string("Tessarine_") + row_.texts.name; }
 
 void CommandBase::OnCreate(const ObjectRef& hook) {
   Trap(

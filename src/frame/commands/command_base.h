@@ -23,9 +23,9 @@ class CommandBase : public ICommand {
   [[nodiscard]] bool Enabled() const override { return true; }
   [[nodiscard]] bool Checked() const override { return false; }
   [[nodiscard]] std::string Name() const override;
-  [[nodiscard]] std::string Caption() const override { return row_.caption; }
-  [[nodiscard]] std::string Tooltip() const override { return row_.tooltip; }
-  [[nodiscard]] std::string Message() const override { return row_.message; }
+  [[nodiscard]] std::string Caption() const override { return row_.texts.caption; }
+  [[nodiscard]] std::string Tooltip() const override { return row_.texts.tooltip; }
+  [[nodiscard]] std::string Message() const override { return row_.texts.message; }
   [[nodiscard]] std::string HelpFile() const override { return ""; }
   [[nodiscard]] std::int32_t HelpContextID() const override { return 0; }
   [[nodiscard]] std::shared_ptr<Picture> Bitmap() const override { return bitmap_; }

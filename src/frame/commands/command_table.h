@@ -1,25 +1,22 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// The table of commands.
+// The table of commands: one for each tool, and those that are no tools.
 #pragma once
 
-#include <cstdint>
 #include <memory>
 #include <span>
 
 #include "platform/application.h"
+#include "tools/tool.h"
 
 namespace tessarine {
 
 struct CommandRow {
-  const char* class_name;
-  const char* name;  ///< without the common prefix
-  const char* caption;
-  const char* tooltip;
-  const char* message;
-  std::int32_t bitmap_id;
+  CommandTexts texts;
   std::shared_ptr<ICommand> (*make)(const CommandRow& row);
+  const Tool* tool = nullptr;  ///< that the command runs; null for commands that are none
 };
 
+/// In the order of the menus.
 [[nodiscard]] std::span<const CommandRow> AllCommands();
 
 }  // namespace tessarine

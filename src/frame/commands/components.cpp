@@ -16,6 +16,7 @@
 #include "frame/menus.h"
 #include "platform/text_formats.h"
 #include "spheroids/clsSpheroidCatalog.h"
+#include "tools/clsToolCatalog.h"
 
 namespace tessarine {
 namespace {
@@ -58,11 +59,13 @@ std::vector<ComponentClass> MakeClasses() {
       Plain<clsGraphicsSubMenu>("Tessarine.clsGraphicsSubMenu", {"IMenuDef"}),
       Plain<clsGeodesicSubMenu>("Tessarine.clsGeodesicSubMenu", {"IMenuDef"}),
       Plain<clsFunctionFactory>("Tessarine.clsFunctionFactory", {"IGPFunctionFactory"}),
+      Plain<clsToolCatalog>("Tessarine.clsToolCatalog", {"IToolCatalog"}),
       Plain<clsMeasureCatalog>("Tessarine.clsMeasureCatalog", {"IMeasureCatalog"}),
       Plain<clsSpheroidCatalog>("Tessarine.clsSpheroidCatalog", {"ISpheroidCatalog"}),
   };
   for (const CommandRow& row : AllCommands()) {
-    classes.push_back({std::string("Tessarine.") + row.class_name, {"ICommand"}, [&row] { return row.make(row); }});
+    classes.push_back(
+        {std::string("Tessarine.") + row.texts.class_name, {"ICommand"}, [&row] { return row.make(row); }});
   }
   return classes;
 }

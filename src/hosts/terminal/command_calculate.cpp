@@ -9,13 +9,12 @@
 #include "hosts/terminal/batch.h"
 #include "hosts/terminal/commands.h"
 #include "hosts/terminal/copy_place.h"
-#include "hosts/terminal/geometry_script.h"
 #include "hosts/terminal/layer_source.h"
 #include "hosts/terminal/output_wishes.h"
 #include "hosts/terminal/refusal.h"
 #include "hosts/terminal/report_output.h"
 #include "hosts/terminal/session.h"
-#include "hosts/terminal/spheroid_options.h"
+#include "hosts/terminal/tool_options.h"
 #include "platform/rich_text.h"
 #include "platform/run_scope.h"
 #include "platform/run_stop.h"
@@ -24,24 +23,24 @@
 namespace tessarine {
 namespace {
 
-struct CalculateOptions {
-  CommonOptions common;
-  SourceOptions source;
-  std::vector<std::string> sources;
-  OutputOptions copy;
+struct CalculateOptions : ToolOptions {
   bool only_selected = false;
-  std::vector<std::string> measures;
-  bool all_measures = false;
-  bool planetocentric = false;
-  SpheroidOptions spheroid;
 };
 
-ExitStatus Calculate(const CalculateOptions& options, const std::vector<std::string>& measures, Session& session,
-                     const DocumentFeatureLayer& layer) {
-  const GeometryAnswers answers{measures, options.all_measures, ChooseSpheroid(options.spheroid),
-                                options.planetocentric};
-  GeometryScript script(answers, layer);
-  return session.Run("Tessarine.clsConvertGeometry", &script);
+std::vector<ToolMeasure> MeasuresOf(const CalculateOptions& options) {
+  return ReadArguments(ToolNamed("calculate").Spec(), options).Get<std::vector<ToolMeasure>>("measure");
+}
+
+ExitStatus Calculate(const CalculateOptions& options, const std::vector<ToolMeasure>& measures, Session& session,
+                     const std::shared_ptr<DocumentFeatureLayer>& layer) {
+  const ITool& tool = ToolNamed("calculate");
+  Arguments arguments = ReadArguments(tool.Spec(), options);
+  arguments.Set("source", std::shared_ptr<IFeatureLayer>(layer));
+  arguments.Set("measure", measures);
+  if (const auto spheroid = ChooseSpheroid(options.spheroid)) {
+    arguments.Set("spheroid", ToolSpheroid{spheroid->name, spheroid->semi_major_axis, spheroid->semi_minor_axis});
+  }
+  return session.Run(tool, arguments);
 }
 
 // Where a run would only find out that nothing can be written.
@@ -55,13 +54,13 @@ void RefuseReadOnly(const DocumentFeatureLayer& layer) {
 
 ExitStatus CalculateInPlace(const CalculateOptions& options) {
   if (options.only_selected) throw Refusal("--only-selected is for copies: name one with -o.");
-  if (!options.copy.to.empty()) throw Refusal("--to is for copies: name one with -o.");
-  if (options.copy.stamp) throw Refusal("--stamp is for copies: name one with -o.");
+  if (!options.output.to.empty()) throw Refusal("--to is for copies: name one with -o.");
+  if (options.output.stamp) throw Refusal("--stamp is for copies: name one with -o.");
   Session session(options.common);
   const std::shared_ptr<DocumentFeatureLayer> layer = TakeLayer(session.Document(), options.source);
   RefuseReadOnly(*layer);
   RefuseUnwritableSource(layer->FeatureClass());
-  return Calculate(options, options.measures, session, *layer);
+  return Calculate(options, MeasuresOf(options), session, layer);
 }
 
 // Puts the copy in the place of its source for this run, with what the document says of fields and selection.
@@ -82,22 +81,18 @@ std::shared_ptr<DocumentFeatureLayer> TakeCopy(const LayerCopy& copy, const Docu
   return layer;
 }
 
-std::vector<std::string> FieldsOfMeasures(const std::vector<std::string>& measures) {
+std::vector<std::string> FieldsOfMeasures(const std::vector<ToolMeasure>& measures) {
   std::vector<std::string> fields;
-  for (const std::string& measure : measures) {
-    for (std::string& name : MeasureText(measure).fields) fields.push_back(std::move(name));
-  }
+  for (const ToolMeasure& measure : measures) fields.insert(fields.end(), measure.fields.begin(), measure.fields.end());
   return fields;
 }
 
 // The measures with the fields as the copy calls them: a field of the source may have got another name in it, and
 // a name that the format reserves is changed for a new field as for one of the source.
-std::vector<std::string> MeasuresOfCopy(const std::vector<std::string>& measures, const LayerCopy& copy,
+std::vector<ToolMeasure> MeasuresOfCopy(std::vector<ToolMeasure> measures, const LayerCopy& copy,
                                         const NameRule& rule) {
-  std::vector<std::string> own;
-  for (const std::string& measure : measures) {
-    MeasureText text(measure);
-    for (std::string& name : text.fields) {
+  for (ToolMeasure& measure : measures) {
+    for (std::string& name : measure.fields) {
       const auto same = [&](const CopiedField& field) {
         return !field.worked.empty() && EqualsIgnoringCase(field.source, name);
       };
@@ -108,9 +103,8 @@ std::vector<std::string> MeasuresOfCopy(const std::vector<std::string>& measures
         name = LegalName(rule, name);
       }
     }
-    own.push_back(text.Joined());
   }
-  return own;
+  return measures;
 }
 
 // The identifiers in the copy; those of the source where it is only planned.
@@ -147,7 +141,7 @@ std::optional<LayerCopy> MakeCopy(const LayerCopyRequest& request, RunJournal& j
 }
 
 ExitStatus CalculateOnCopy(const CalculateOptions& options) {
-  const NamedOutput target = ParseOutput(options.copy, Folders::Refused);
+  const NamedOutput target = ParseOutput(options.output, Folders::Refused);
   Session session(options.common);
   const std::size_t known_layers = session.Document().Map().AllLayers().size();
   const std::shared_ptr<DocumentFeatureLayer> source = TakeLayer(session.Document(), options.source);
@@ -167,7 +161,7 @@ ExitStatus CalculateOnCopy(const CalculateOptions& options) {
                            target.place,
                            std::nullopt,
                            answer.replacing == Replacing::Agreed,
-                           FieldsOfMeasures(options.measures),
+                           FieldsOfMeasures(MeasuresOf(options)),
                            answer.question,
                            target.wished,
                            options.common.dry_run};
@@ -191,57 +185,40 @@ ExitStatus CalculateOnCopy(const CalculateOptions& options) {
   }
   selected =
       options.only_selected ? std::vector<std::int64_t>() : SelectedInCopy(*copy, selected, options.common.dry_run);
-  return Calculate(options, MeasuresOfCopy(options.measures, *copy, target.place.format->field_names), session,
-                   *TakeCopy(*copy, *source, selected, session));
+  return Calculate(options, MeasuresOfCopy(MeasuresOf(options), *copy, target.place.format->field_names), session,
+                   TakeCopy(*copy, *source, selected, session));
 }
 
 ExitStatus RunCalculate(const CalculateOptions& options) {
   CheckReportFile(options.common.report_file);
-  if (options.measures.empty() && !options.all_measures) {
+  if (options.texts.at("measure").empty() && !options.flags.at("all-measures")) {
     throw Refusal("Nothing to calculate: name measures with -m, or give --all-measures. 'tessarine measures " +
                   options.source.source + "' lists them.");
   }
-  return options.copy.text.empty() ? CalculateInPlace(options) : CalculateOnCopy(options);
+  return options.output.text.empty() ? CalculateInPlace(options) : CalculateOnCopy(options);
 }
 
 }  // namespace
 
 void AddCalculateCommand(CLI::App& program, ChosenCommand& chosen) {
   auto options = std::make_shared<CalculateOptions>();
-  CLI::App& command = *program.add_subcommand(
-      "calculate", "Write lengths, areas, centroids, azimuths and counts of features into their attribute table");
-  command.add_option("source", options->sources, kSourceHelp)->required();
+  CLI::App& command = AddToolCommand(program, ToolNamed("calculate").Spec(), *options);
   command
-      .add_option("-m,--measure", options->measures,
-                  "A measure, with its fields where they shall have other names than the proposed ones; repeat it for "
-                  "more. 'tessarine measures' lists them")
-      ->type_name("MEASURE[=FIELD[,FIELD]]")
-      ->allow_extra_args(false);
-  command.add_flag("--all-measures", options->all_measures, "All measures of the layer");
-  command
-      .add_option("-o,--output", options->copy.text,
+      .add_option("-o,--output", options->output.text,
                   std::string("Leave the source as it is and work on this copy of the layer: ") + kOutputHelp)
       ->type_name("COPY");
-  AddSourceOptions(command, options->source);
   command.add_flag("--only-selected", options->only_selected,
                    "Copy only the records that meet --where, or that are selected in the document");
-  AddSpheroidOptions(command, options->spheroid);
-  command.add_flag("--planetocentric", options->planetocentric, "The latitudes of the data are planetocentric");
-  AddFormatOption(command, options->copy);
-  AddReferenceOption(command, options->copy);
-  AddCommonOptions(command, options->common);
-  AddJobsOption(command, options->common);
-  command.footer(
-      "Example:\n  tessarine calculate tests/data/countries.shp -m \"Sph. Area\" -m \"Sph. Centroid=LON,LAT\" -o "
-      "measured.gpkg");
+  AddFormatOption(command, options->output);
+  AddReferenceOption(command, options->output);
   command.callback([&chosen, options] {
     options->common.command_line = chosen.command_line;
     chosen.run = [options] {
-      return RunOverSources(options->sources, options->copy, options->common, OneIntoFolder::BySource,
+      return RunOverSources(options->sources, options->output, options->common, OneIntoFolder::BySource,
                             [&](const std::string& source, const OutputOptions& copy, const CommonOptions& common) {
                               CalculateOptions own = *options;
                               own.source.source = source;
-                              own.copy = copy;
+                              own.output = copy;
                               own.common = common;
                               return RunCalculate(own);
                             });

@@ -7,10 +7,12 @@
 #include <memory>
 #include <nlohmann/json.hpp>
 
+#include "hosts/document/component_loader.h"
 #include "hosts/terminal/commands.h"
-#include "hosts/terminal/geometry_script.h"
 #include "hosts/terminal/layer_source.h"
+#include "hosts/terminal/refusal.h"
 #include "hosts/terminal/session.h"
+#include "platform/measure_catalog.h"
 
 namespace tessarine {
 namespace {
@@ -35,13 +37,13 @@ std::string Joined(const std::vector<std::string>& texts) {
   return joined;
 }
 
-void PrintTable(const OfferedMeasures& offered) {
+void PrintTable(const std::string& layer, const MeasureOffer& offered) {
   std::size_t width = 7, field_width = 6;
   for (const OfferedMeasure& measure : offered.measures) {
     width = std::max(width, measure.caption.size());
     field_width = std::max(field_width, FieldText(measure).size());
   }
-  fmt::print("{}\n{}\n{}\n\n", offered.layer, offered.feature_type, offered.spheroid);
+  fmt::print("{}\n{}\n{}\n\n", layer, offered.feature_type, offered.spheroid);
   const auto print_row = [&](const std::string& id, const std::string& caption, const std::string& fields,
                              const char* slow, const std::string& labels) {
     fmt::print("{:>2}  {:<{}}  {:<{}}  {:<4}  {}\n", id, caption, width, fields, field_width, slow, labels);
@@ -53,8 +55,8 @@ void PrintTable(const OfferedMeasures& offered) {
   }
 }
 
-void PrintJson(const OfferedMeasures& offered) {
-  nlohmann::ordered_json json = {{"layer", offered.layer},
+void PrintJson(const std::string& layer, const MeasureOffer& offered) {
+  nlohmann::ordered_json json = {{"layer", layer},
                                  {"feature_type", offered.feature_type},
                                  {"spheroid", offered.spheroid},
                                  {"measures", nlohmann::ordered_json::array()}};
@@ -75,15 +77,18 @@ void PrintJson(const OfferedMeasures& offered) {
 ExitStatus RunMeasures(const MeasuresOptions& options) {
   Session session(options.common);
   const std::shared_ptr<DocumentFeatureLayer> layer = TakeLayer(session.Document(), options.source);
-  MeasureListing listing(*layer);
-  const ExitStatus status = session.Run("Tessarine.clsConvertGeometry", &listing);
-  if (status != ExitStatus::Done) return status;
-  if (options.json) {
-    PrintJson(listing.Offered());
-  } else {
-    PrintTable(listing.Offered());
+  const MeasureOffer offer =
+      CreateComponentAs<IMeasureCatalog>("Tessarine.clsMeasureCatalog", "IMeasureCatalog")->Offer(*layer);
+  if (offer.measures.empty()) {
+    throw Refusal("The layer '" + layer->Name() +
+                  "' is of the wrong kind: measures are for points, multipoints, polylines and polygons.");
   }
-  return status;
+  if (options.json) {
+    PrintJson(layer->Name(), offer);
+  } else {
+    PrintTable(layer->Name(), offer);
+  }
+  return ExitStatus::Done;
 }
 
 }  // namespace

@@ -16,10 +16,10 @@ struct ChosenCommand {
   std::string command_line;
 };
 
-void AddConversionCommands(CLI::App& program, ChosenCommand& chosen);
-void AddBuildPolygonsCommand(CLI::App& program, ChosenCommand& chosen);
+/// A command for each tool that makes a new class.
+void AddToolCommands(CLI::App& program, ChosenCommand& chosen);
+void AddToolsCommand(CLI::App& program, ChosenCommand& chosen);
 void AddGeodesicCommands(CLI::App& program, ChosenCommand& chosen);
-void AddPlanetaryCommands(CLI::App& program, ChosenCommand& chosen);
 void AddMeasuresCommand(CLI::App& program, ChosenCommand& chosen);
 void AddCalculateCommand(CLI::App& program, ChosenCommand& chosen);
 void AddInfoCommand(CLI::App& program, ChosenCommand& chosen);

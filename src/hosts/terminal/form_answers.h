@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// The answers that commands give to forms with a layer, fields and an output.
+// What commands look at before they run into an output, and how they find the controls of a form.
 #pragma once
 
 #include <string>
-#include <vector>
 
 #include "hosts/document/document_layer.h"
 #include "hosts/terminal/common_options.h"
@@ -20,22 +19,6 @@ template <class Kind>
   if (control == nullptr) Raise(kInvalidCall, std::string("The form has no control '") + name + "'.");
   return *control;
 }
-
-/// Chooses the layer's line. Refuses a layer that the form doesn't offer: `command` takes only `takes`.
-void ChooseLayer(ListBox& list, const DocumentFeatureLayer& layer, const std::string& command,
-                 const std::string& takes);
-
-/// Selects the lines of the named fields, or all. A field is named by its name or, where no field has that name, by the
-/// alias that the layer shows; an alias of several fields is refused.
-void ChooseFields(ListBox& list, const DocumentFeatureLayer& layer, const std::string& option,
-                  const std::vector<std::string>& names, bool all);
-
-/// True for shapefiles, whose paths the dialogs take as they are typed. All other places are browsed for.
-[[nodiscard]] bool IsTypedPlace(const OutputPlace& output);
-
-/// Fills "txtOutput", by way of the browse button where the place can't be typed. In a folder the class takes the
-/// name that the form proposes, with a number where that is taken, so nothing is ever replaced there.
-void ChooseOutput(Form& form, const OutputPlace& output);
 
 /// True where a container was named without a layer, and stands already: it may hold layers that the user doesn't
 /// know of.

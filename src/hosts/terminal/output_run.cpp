@@ -46,7 +46,7 @@ void RefuseUnfitFormat(const OutputPlace& place, const SpatialReferenceRef& refe
 
 }  // namespace
 
-ExitStatus RunInto(Session& session, const std::string& class_id, FormScript& script, const NamedOutput& output,
+ExitStatus RunInto(Session& session, const ITool& tool, const Arguments& arguments, const NamedOutput& output,
                    const SpatialReferenceRef& reference, const Envelope& extent, const CommonOptions& options) {
   const OutputPlace& place = output.place;
   RefuseUnusablePlace(place, options);
@@ -58,8 +58,7 @@ ExitStatus RunInto(Session& session, const std::string& class_id, FormScript& sc
   const PreparedPlace prepared(place, made, session.Host().LocalSystem());
   session.Host().SetWishes(WishesFor(output, options));
   if (!MayEnter(output)) return ExitStatus::Refused;
-  if (!place.IsFolder() && !IsTypedPlace(place)) session.Host().SetBrowsePlace(prepared.Browse());
-  return session.Run(class_id, &script);
+  return session.Run(tool, arguments);
 }
 
 }  // namespace tessarine

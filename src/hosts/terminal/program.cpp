@@ -80,10 +80,9 @@ int RunCommand(int argc, char** argv) {
   program.set_version_flag("-V,--version", VersionText);
   program.require_subcommand(1);
   program.footer("tessarine COMMAND --help tells the options of a command, with an example.");
-  AddConversionCommands(program, chosen);
-  AddBuildPolygonsCommand(program, chosen);
+  AddToolCommands(program, chosen);
+  AddToolsCommand(program, chosen);
   AddGeodesicCommands(program, chosen);
-  AddPlanetaryCommands(program, chosen);
   AddMeasuresCommand(program, chosen);
   AddCalculateCommand(program, chosen);
   AddInfoCommand(program, chosen);

@@ -14,8 +14,10 @@
 #include "hosts/terminal/pipes.h"
 #include "hosts/terminal/refusal.h"
 #include "hosts/terminal/report_output.h"
+#include "hosts/terminal/tool_options.h"
 #include "platform/paths.h"
 #include "platform/run_stop.h"
+#include "platform/trap.h"
 
 namespace tessarine {
 namespace {
@@ -64,6 +66,34 @@ ExitStatus Session::Run(const std::string& command_id, FormScript* script) {
   if (!enabled) throw Refusal("This command is disabled: the document's host is too old for it.");
   if (host_.AnswerRefused()) throw *host_.AnswerRefused();
   return Conclude();
+}
+
+ExitStatus Session::Run(const ITool& tool, const Arguments& arguments) {
+  if (!options_.report_file.empty()) RefuseReportOverData();
+  const std::optional<Objection> objection = tool.Validate(arguments, application_);
+  if (objection && !objection->title.empty()) {
+    (void)host_.MessageBox().Show(ObjectionText(*objection), objection->title, MessageButtons::Ok, MessageIcon::None);
+    host_.NoteFormRefused();
+    return Conclude();
+  }
+  const bool plan_tells = objection && objection->telling == Objection::kToldByPlan && host_.PlanOnly();
+  if (objection && !plan_tells) throw Refusal(ObjectionText(*objection));
+  if (!UnlessStopped([&] { RunOrPlan(tool, arguments); })) NoteStop();
+  status_bar_->HideProgressBar();
+  const ExitStatus status = Conclude();
+  if (objection) throw Refusal(ObjectionText(*objection));
+  return status;
+}
+
+void Session::RunOrPlan(const ITool& tool, const Arguments& arguments) {
+  Trap("ITool_Run", [&] {
+    RunContext context = HostContext();
+    const std::string report =
+        host_.PlanOnly() ? tool.Plan(context, arguments, application_) : tool.Run(context, arguments, application_);
+    if (!host_.PlanOnly()) document_->SetDirty();
+    // The user gave up, and knows it.
+    if (!host_.Journal().cancelled) host_.SetReport(report);
+  });
 }
 
 // A run that was stopped where it can't tell of it itself, as while its output is put together.

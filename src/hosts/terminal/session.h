@@ -10,6 +10,7 @@
 #include "hosts/terminal/exit_status.h"
 #include "hosts/terminal/terminal_host.h"
 #include "hosts/terminal/terminal_status_bar.h"
+#include "platform/tool.h"
 
 namespace tessarine {
 
@@ -30,6 +31,8 @@ class Session {
   /// Clicks a command, its forms answered by the script; nothing answers no form. Prints the report and writes it to
   /// the file that the options name, saves a document that became dirty, and tells how it went.
   [[nodiscard]] ExitStatus Run(const std::string& command_id, FormScript* script);
+  /// Validates the arguments and runs the tool, or plans the run where the manners say so; then the same.
+  [[nodiscard]] ExitStatus Run(const ITool& tool, const Arguments& arguments);
   /// Ends a run that came to nothing before its command could be clicked; the journal tells why.
   [[nodiscard]] ExitStatus EndEarly(const std::string& report);
 
@@ -39,6 +42,7 @@ class Session {
   void OrTell(Work&& work);
   // A report takes the place of no file that the run reads or writes otherwise.
   void RefuseReportOverData() const;
+  void RunOrPlan(const ITool& tool, const Arguments& arguments);
   [[nodiscard]] ExitStatus Conclude();
   void NoteStop();
   void SaveDocument();

@@ -76,7 +76,7 @@ double Radius(const std::string& field, const std::string& text) {
 ChosenSpheroid FromRadii(const std::string& text) {
   const std::size_t comma = text.find(',');
   if (comma == std::string::npos || text.find(',', comma + 1) != std::string::npos) RefuseRadii(text);
-  return {"Custom Spheroid", Radius(text.substr(0, comma), text), Radius(text.substr(comma + 1), text), std::nullopt};
+  return {"Custom Spheroid", Radius(text.substr(0, comma), text), Radius(text.substr(comma + 1), text)};
 }
 
 // The custom file may hold any numbers, and the dialogs take no others than these.
@@ -96,31 +96,13 @@ ChosenSpheroid FromCatalog(const std::string& text) {
       const bool by_code = spheroid.Code != 0 && std::to_string(spheroid.Code) == Trim(text);
       if (by_code || (!wanted.empty() && Essence(spheroid.Name) == wanted)) {
         CheckAxes(spheroid);
-        return {spheroid.Name, spheroid.SemiMajorAxis, spheroid.SemiMinorAxis, list};
+        return {spheroid.Name, spheroid.SemiMajorAxis, spheroid.SemiMinorAxis};
       }
       seen.push_back(std::move(spheroid));
     }
   }
   throw Refusal("There is no spheroid '" + text + "'." + NearSpheroidsHint(text, seen));
 }
-
-template <class ControlClass>
-ControlClass& ControlOf(const Form& form, const char* name) {
-  auto* control = form.FindAs<ControlClass>(name);
-  if (control == nullptr) throw Refusal("The dialog '" + form.Name() + "' has no control " + name + ".");
-  return *control;
-}
-
-struct ListControls {
-  SpheroidList list;
-  const char* combo;
-  const char* load;
-};
-constexpr std::array kListControls = {
-    ListControls{SpheroidList::Custom, "cbxUSGS", "cmdLoadUSGS"},
-    ListControls{SpheroidList::Planets, "cbxESRIPlanets", "cmdLoadESRIPlanetary"},
-    ListControls{SpheroidList::Earth, "cbxESRIEarth", "cmdLoadESRIEarth"},
-};
 
 }  // namespace
 
@@ -145,17 +127,6 @@ std::optional<ChosenSpheroid> ChooseSpheroid(const SpheroidOptions& options) {
   } catch (const Fault& fault) {
     throw Refusal(fault.Description());
   }
-}
-
-void FillSpheroidForm(Form& form, const ChosenSpheroid& choice) {
-  if (!choice.list) {
-    ControlOf<TextBox>(form, "txtMajor").SetText(ExactNumberText(choice.semi_major_axis));
-    ControlOf<TextBox>(form, "txtMinor").SetText(ExactNumberText(choice.semi_minor_axis));
-    return;
-  }
-  const auto row = std::ranges::find(kListControls, *choice.list, &ListControls::list);
-  ControlOf<ComboBox>(form, row->combo).SetText(choice.name);
-  ControlOf<CommandButton>(form, row->load).Press();
 }
 
 std::shared_ptr<ISpheroidCatalog> SpheroidCatalog() {

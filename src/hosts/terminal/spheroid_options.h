@@ -8,7 +8,6 @@
 #include <string>
 #include <vector>
 
-#include "platform/form.h"
 #include "platform/spheroid_catalog.h"
 
 namespace tessarine {
@@ -21,7 +20,6 @@ struct SpheroidOptions {
 struct ChosenSpheroid {
   std::string name;  ///< "Custom Spheroid" for radii
   double semi_major_axis = 0.0, semi_minor_axis = 0.0;
-  std::optional<SpheroidList> list;  ///< nothing for radii
 };
 
 /// Adds --spheroid and --radii, which exclude each other.
@@ -31,9 +29,6 @@ void AddSpheroidOptions(CLI::App& command, SpheroidOptions& options);
 /// custom spheroids go before planets, these before Earth. Raises `Refusal`, which lists near matches. A host must be
 /// set: it knows where the custom file lies.
 [[nodiscard]] std::optional<ChosenSpheroid> ChooseSpheroid(const SpheroidOptions& options);
-
-/// Sets the controls of an open spheroid dialog to the choice, through its own lists and boxes; OK is the caller's.
-void FillSpheroidForm(Form& form, const ChosenSpheroid& choice);
 
 /// The catalogue of the suite.
 [[nodiscard]] std::shared_ptr<ISpheroidCatalog> SpheroidCatalog();

@@ -77,6 +77,7 @@ class TerminalHost final : public IHost, public IMessageBox, public IFormHost, p
   [[nodiscard]] bool FormRefused() const { return form_refused_; }
   /// What the options asked of a form and the form can't give.
   [[nodiscard]] const std::optional<Refusal>& AnswerRefused() const { return refusal_; }
+  void NoteFormRefused() { form_refused_ = true; }
   void NoteFault() { fault_reported_ = true; }
   /// True when a message box has told this text.
   [[nodiscard]] bool WasShown(const std::string& text) const;

@@ -72,27 +72,12 @@ TEST_F(SpheroidChoice, RefusalsTellTheWayOut) {
   EXPECT_THAT(RefusalOf({"7030", ""}), HasSubstr("tells no spheroid"));
 }
 
-// The controls of the spheroid dialogs, by name alone.
-class DialogControls final : public Form {
- public:
-  DialogControls() : Form("dialog") {
-    cmdLoadESRIPlanetary.Click = [this] { loaded = cbxESRIPlanets.Text(); };
-    cmdLoadESRIEarth.Click = [this] { loaded = cbxESRIEarth.Text(); };
-  }
-  ComboBox cbxESRIPlanets{*this, "cbxESRIPlanets"}, cbxESRIEarth{*this, "cbxESRIEarth"};
-  CommandButton cmdLoadESRIPlanetary{*this, "cmdLoadESRIPlanetary"}, cmdLoadESRIEarth{*this, "cmdLoadESRIEarth"};
-  TextBox txtMajor{*this, "txtMajor"}, txtMinor{*this, "txtMinor"};
-  std::string loaded;
-};
-
-TEST_F(SpheroidChoice, ADialogIsFilledThroughItsControls) {
-  DialogControls dialog;
-  FillSpheroidForm(dialog, *ChooseSpheroid({"The Moon", ""}));
-  EXPECT_EQ(dialog.loaded, "The Moon");
-  FillSpheroidForm(dialog, *ChooseSpheroid({"7019", ""}));
-  EXPECT_EQ(dialog.loaded, "GRS 1980");
-  FillSpheroidForm(dialog, *ChooseSpheroid({"", "6378137,6356752.314245179"}));
-  EXPECT_EQ(dialog.txtMajor.Text() + " " + dialog.txtMinor.Text(), "6378137 6356752.314245179");
+TEST_F(SpheroidChoice, AxesComeAsTheyAreListedOrTyped) {
+  const ChosenSpheroid listed = *ChooseSpheroid({"7019", ""});
+  EXPECT_EQ(listed.name, "GRS 1980");
+  EXPECT_EQ(listed.semi_major_axis, 6378137.0);
+  const ChosenSpheroid typed = *ChooseSpheroid({"", "6378137,6356752.314245179"});
+  EXPECT_EQ(typed.semi_minor_axis, 6356752.314245179);
 }
 
 }  // namespace

@@ -66,9 +66,9 @@ class FormTour {
     const auto application = std::make_shared<DocumentApplication>(document, std::make_shared<FakeStatusBar>());
     application->Start();
     for (const CommandRow& row : AllCommands()) {
-      prefix_ = std::string(row.class_name) + "_";
+      prefix_ = std::string(row.texts.class_name) + "_";
       const WindowHost::RunScope scope(host_);
-      (void)application->Click(std::string("Tessarine.") + row.class_name);
+      (void)application->Click(std::string("Tessarine.") + row.texts.class_name);
     }
     prefix_.clear();
     application->Stop();

@@ -63,8 +63,8 @@ QPixmap PicturesOfCommands() {
   QPainter painter(&sheet);
   int left = 4;
   for (const CommandRow& row : commands) {
-    PictureOf(row.bitmap_id).paint(&painter, QRect(left, 4, 16, 16));
-    PictureOf(row.bitmap_id).paint(&painter, QRect(left, 28, 32, 32));
+    PictureOf(row.texts.bitmap_id).paint(&painter, QRect(left, 4, 16, 16));
+    PictureOf(row.texts.bitmap_id).paint(&painter, QRect(left, 28, 32, 32));
     left += 40;
   }
   return sheet;

@@ -1,0 +1,177 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// Lengths, areas, centroids, azimuths and counts of features, written into their attribute table.
+#include "calculator/frmGeometry.h"
+#include "calculator/measure_choice.h"
+#include "calculator/modCalcGeometry.h"
+#include "platform/text_formats.h"
+#include "support/layer_listing.h"
+#include "tools/common/tool_parts.h"
+#include "tools/tool.h"
+
+namespace tessarine {
+namespace {
+
+using namespace MyGeneralOperations;
+
+constexpr std::int32_t kLayersWithShapes = kPointLayers | kPolylineLayers | kPolygonLayers | kMultipointLayers;
+
+const ToolSpec kSpec{
+    .name = "calculate",
+    .title = "Calculate Geometry",
+    .text = "Write lengths, areas, centroids, azimuths and counts of features into their attribute table",
+    .takes = "points, multipoints, polylines and polygons",
+    .makes = "A field or two for each measure, in the layer itself.",
+    .class_name = "clsConvertGeometry",
+    .parameters =
+        {
+            SourceParameter(),
+            {.name = "measure",
+             .kind = ParameterKind::Measures,
+             .text = "A measure, with its fields where they shall have other names than the proposed ones; repeat it "
+                     "for more. 'tessarine measures' lists them",
+             .of = "source"},
+            {.name = "all-measures", .kind = ParameterKind::Flag, .text = "All measures of the layer"},
+            {.name = "spheroid",
+             .kind = ParameterKind::Spheroid,
+             .text = "Compute on this spheroid",
+             .otherwise = "the data's own"},
+            {.name = "planetocentric",
+             .kind = ParameterKind::Flag,
+             .text = "The latitudes of the data are planetocentric"},
+        },
+    .reference = ToolReference::None,
+    .spreads = true,
+    .example =
+        "tessarine calculate tests/data/countries.shp -m \"Sph. Area\" -m \"Sph. Centroid=LON,LAT\" -o "
+        "measured.gpkg",
+};
+
+class CalculateTool final : public Tool {
+ public:
+  [[nodiscard]] const ToolSpec& Spec() const override { return kSpec; }
+
+  [[nodiscard]] const CommandTexts& Command() const override {
+    static constexpr CommandTexts kTexts{
+        "clsConvertGeometry",
+        "CalcGeometry",
+        "C&alculate Geometry",
+        "Calculate Geometry",
+        "Calculate geometric attributes of data, including spherical area and spheroidal length...",
+        117,
+        {Menu::Shapes, 1}};
+    return kTexts;
+  }
+
+  [[nodiscard]] std::optional<Arguments> Ask(const std::shared_ptr<IApplication>& application) const override {
+    const std::shared_ptr<clsExtension> extension = ExtensionOf(application);
+    {
+      frmGeometry dialog;
+      dialog.SetArcApplication(application);
+      dialog.ShowModal();
+    }
+    if (!extension->ShouldContinue) return std::nullopt;
+    const GeometryOptions options(extension->GeometryOptions);
+    Arguments arguments;
+    arguments.Set("source", options.Layer());
+    std::vector<ToolMeasure> measures;
+    for (const OptionEntry& entry : options.Options()) measures.push_back(MeasureOf(entry, options.UseFlags()));
+    arguments.Set("measure", measures);
+    arguments.Set("spheroid", ToolSpheroid{options.SpheroidName(), options.SemiMajor(), options.SemiMinor()});
+    arguments.Set("planetocentric", options.Geocentric());
+    arguments.records = options.AllRecords() ? ToolRecords::All : ToolRecords::Selected;
+    arguments.confirmed = true;
+    extension->GeometryOptions = nullptr;
+    return arguments;
+  }
+
+  [[nodiscard]] std::optional<Objection> Validate(const Arguments& arguments,
+                                                  const std::shared_ptr<IApplication>&) const override {
+    const LayerRef layer = SourceOf(arguments);
+    if (!IsOfType(layer, kLayersWithShapes)) {
+      return Objection{"", "The layer '" + layer->Name() + "' is of the wrong kind: measures are for " +
+                               std::string(kSpec.takes) + "."};
+    }
+    const bool other_spheroid = arguments.Has("spheroid") || arguments.Get<bool>("planetocentric");
+    const std::string reason = WhyNoSpheroid(*Require(layer->FeatureClass(), "FeatureClass"));
+    if (other_spheroid && !arguments.confirmed && !reason.empty()) {
+      return Objection{"", "{spheroid}, {radii} and {planetocentric} can't be used on '" + layer->Name() + "'. " +
+                               Replace(reason, ":", ".")};
+    }
+    const MeasureChoice choice = Chosen(arguments, layer);
+    if (choice.objection) return choice.objection;
+    if (!choice.options.empty()) return std::nullopt;
+    return Objection{"", "Nothing to calculate: name measures, or take all. 'tessarine measures' lists them."};
+  }
+
+  [[nodiscard]] std::string Run(RunContext& context, const Arguments& arguments,
+                                const std::shared_ptr<IApplication>& application) const override {
+    const std::shared_ptr<VarArray> options = Confirmed(context, arguments);
+    return options ? modCalcGeometry::CalcGeometry(context, options, application) : "";
+  }
+
+  [[nodiscard]] std::string Plan(RunContext& context, const Arguments& arguments,
+                                 const std::shared_ptr<IApplication>& application) const override {
+    const std::shared_ptr<VarArray> options = Confirmed(context, arguments);
+    return options ? modCalcGeometry::PlanGeometry(context, options, application) : "";
+  }
+
+ private:
+  [[nodiscard]] static ToolMeasure MeasureOf(const OptionEntry& entry, const ComboUseFlags& flags) {
+    ToolMeasure measure{std::to_string(entry.OptionId()), {}};
+    for (const std::int32_t position : {0, 1}) {
+      if (UsesField(flags, entry.OptionId(), position)) measure.fields.push_back(entry.Field(position));
+    }
+    return measure;
+  }
+
+  [[nodiscard]] static MeasureChoice Chosen(const Arguments& arguments, const LayerRef& layer) {
+    return MeasuresCalled(*layer, arguments.Get<std::vector<ToolMeasure>>("measure"),
+                          arguments.Get<bool>("all-measures"));
+  }
+
+  // The options of a run, null where the user doesn't agree to the names of its fields.
+  [[nodiscard]] static std::shared_ptr<VarArray> Confirmed(RunContext& context, const Arguments& arguments) {
+    const LayerRef layer = SourceOf(arguments);
+    const std::shared_ptr<IFeatureClass> features = Require(layer->FeatureClass(), "FeatureClass");
+    const MeasureChoice choice = Chosen(arguments, layer);
+    const auto agrees = [&](const std::optional<NameQuestion>& asked) {
+      return !asked || context.feedback.Ask(asked->question, asked->text, asked->title);
+    };
+    if (!arguments.confirmed && !(agrees(DoubtfulNames(*layer, choice.fields)) &&
+                                  agrees(TakenNames(choice.fields, NumericFieldNames(*layer))))) {
+      context.journal.cancelled = true;
+      return nullptr;
+    }
+    GeometryChoices choices;
+    choices.Layer = layer;
+    choices.AllRecords = ReadsAll(layer, arguments.records);
+    choices.Options = choice.options;
+    choices.UseFlags = ComboUseFlagsOf(features->ShapeType(), SpatialKindOf(features->SpatialReference()));
+    const ToolSpheroid spheroid = SpheroidFor(arguments, features->SpatialReference());
+    choices.SpheroidName = spheroid.name;
+    choices.SemiMajor = spheroid.semi_major;
+    choices.SemiMinor = spheroid.semi_minor;
+    choices.Geocentric = arguments.Get<bool>("planetocentric");
+    return GeometryOptions(choices).Carrier();
+  }
+
+  [[nodiscard]] static ToolSpheroid SpheroidFor(const Arguments& arguments, const SpatialReferenceRef& reference) {
+    if (const auto* given = arguments.Find<ToolSpheroid>("spheroid")) return *given;
+    const auto system = GeographicOf(reference);
+    if (!system) return {};
+    const Spheroid& spheroid = *system->Datum()->Spheroid();
+    return {spheroid.Name(), spheroid.SemiMajorAxis(), spheroid.SemiMinorAxis()};
+  }
+};
+
+}  // namespace
+
+namespace tools {
+
+const Tool& calculate() {
+  static const CalculateTool tool;
+  return tool;
+}
+
+}  // namespace tools
+}  // namespace tessarine

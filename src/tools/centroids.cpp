@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// The centre of each polygon or multipoint and the middle of each line, on the plane.
+#include <array>
+
+#include "conversion/run_words.h"
+#include "conversion/steps.h"
+#include "tools/common/conversion_tool.h"
+
+namespace tessarine::tools {
+namespace {
+
+using namespace modCreateVertices;
+
+constexpr std::array kRules = {ShapeRule{esriGeometryNull, esriGeometryPoint, kCoordinates}};
+
+const ConversionRow kRow{
+    .words = {.name = "centroids",
+              .text = "The centre of each polygon or multipoint and the middle of each line, on the plane",
+              .takes = "polylines, polygons or multipoints",
+              .makes = "A class of points with Uniq_ID, X_Coord and Y_Coord, one for each feature.",
+              .example = "tessarine centroids tests/data/countries.shp --fields name --where \"continent = 'Africa'\" "
+                         "-o centroids.shp"},
+    .command = {"clsConvertCentroid",
+                "PolygonToCentroid",
+                "Convert Shapes to &Centroids",
+                "Shapes to Centroids",
+                "Identify centroids of Polygons and Polylines...",
+                113,
+                {Menu::Shapes, 3}},
+    .dialog = {" Shapes to Centroids:", 112, "Centroids", "Convert",
+               "This function will generate a shapefile of points that represent either the planimetric "
+               "center of mass (centroid) of polygons or multipoints, or the midpoint of polylines.  "
+               "The new point shapefile will contain fields for X- and Y-coordinates in the "
+               "projection of the original feature class.  You may transfer any of the original feature attribute data "
+               "to the centroid shapefile by selecting the respective attribute fields."},
+    .run =
+        {
+            .ConversionOption = 4,
+            .Worker = "ConvertToCentroids",
+            .Kind = RunKind::Planar,
+            .Rules = kRules,
+            .ProgressThreshold = 2000,
+            .ReportsSkipped = true,
+            .FlushesEachFeature = false,
+            .Words = {.StatusLeadIn = "Generating Centroids from ",
+                      .ActionText = "Calculating Centroids...",
+                      .RepeatedAction = "Calculating Spherical Centroids...",
+                      .NamePrompt = "Specify New Centroid Feature Class Name:",
+                      .SkippedHeading = kEmptyGeometries,
+                      .ReportTitle = "Shapes to Centroids",
+                      .AllLabel = "Convert All Records (n = ",
+                      .SelectedLabel = "Convert Selected Records (n = ",
+                      .CountNoun = " centroids"},
+            .MakeStep = MakeCentroidStep,
+        },
+};
+
+}  // namespace
+
+const Tool& centroids() {
+  static const ConversionTool tool(kRow);
+  return tool;
+}
+
+}  // namespace tessarine::tools

@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// One feature for all: the union of lines or polygons.
+#include <array>
+
+#include "conversion/run_words.h"
+#include "conversion/steps.h"
+#include "tools/common/conversion_tool.h"
+
+namespace tessarine::tools {
+namespace {
+
+using namespace modCreateVertices;
+
+constexpr std::array kRules = {
+    ShapeRule{esriGeometryPoint, esriGeometryPoint, kCount},
+    ShapeRule{esriGeometryPolyline, esriGeometryPolyline, kLength},
+    ShapeRule{esriGeometryPolygon, esriGeometryPolygon, kArea},
+};
+
+const ConversionRow kRow{
+    .words = {.name = "combine",
+              .text = "One feature for all: the union of lines or polygons",
+              .takes = "features",
+              .makes = "One feature with Uniq_ID and the Length or Area of all, and the attributes of the first.",
+              .example = "tessarine combine tests/data/countries.shp --where \"continent = 'Africa'\" --fields "
+                         "continent -o africa.shp"},
+    .command = {"clsConvertJoin",
+                "JoinFeatures",
+                "Combine &Features",
+                "Combine Features",
+                "Combine multiple features into a single multipart object...",
+                116,
+                {Menu::Shapes, 10}},
+    .dialog = {" Combine Features:", 1, "Combined_Shapes", "Combine",
+               "This function will combine all specified features into a single geometry.  The new geometry "
+               "will be of the same type as the original geometry, with the exception of Points which will be combined "
+               "into a Multipoint object.  Overlapping features will be dissolved into each other. "
+               "You may transfer the original feature attribute data of the first original feature into the "
+               "new feature shapefile by selecting the respective attribute fields."},
+    .run =
+        {
+            .ConversionOption = 128,
+            .Worker = "JoinFeatures",
+            .Kind = RunKind::Joining,
+            .Rules = kRules,
+            .ProgressThreshold = -1,
+            .ReportsSkipped = true,
+            .FlushesEachFeature = false,
+            .Words = {.StatusLeadIn = "Joining Features from ",
+                      .ActionText = "",
+                      .RepeatedAction = "",
+                      .NamePrompt = "Specify New Merged Feature Class Name:",
+                      .SkippedHeading = kEmptyFeatures,
+                      .ReportTitle = "Join Features",
+                      .AllLabel = "Joined All Records (n = ",
+                      .SelectedLabel = "Joined Selected Records (n = ",
+                      .CountNoun = " feature"},
+            .MakeStep = MakeJoinStep,
+        },
+};
+
+}  // namespace
+
+const Tool& combine() {
+  static const ConversionTool tool(kRow);
+  return tool;
+}
+
+}  // namespace tessarine::tools

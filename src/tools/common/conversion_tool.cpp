@@ -1,0 +1,125 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "tools/common/conversion_tool.h"
+
+#include "conversion/frmLayerFields.h"
+#include "conversion/modCreateVertices.h"
+#include "tools/common/tool_parts.h"
+
+namespace tessarine {
+namespace {
+
+using namespace MyGeneralOperations;
+
+ToolSpec SpecOf(const ConversionRow& row) {
+  return {.name = row.words.name,
+          .title = row.run.Words.ReportTitle,
+          .text = row.words.text,
+          .takes = row.words.takes,
+          .makes = row.words.makes,
+          .class_name = row.command.class_name,
+          .parameters = {SourceParameter(), OutputParameter(), FieldsParameter(), AllFieldsParameter()},
+          .reference = row.run.Kind == modCreateVertices::RunKind::Geographic ? ToolReference::Geographic
+                                                                              : ToolReference::Source,
+          .spreads = true,
+          .example = row.words.example};
+}
+
+const ConversionTool* FindTool(std::int32_t option) {
+  for (const Tool* tool : AllTools()) {
+    const auto* conversion = dynamic_cast<const ConversionTool*>(tool);
+    if (conversion != nullptr && conversion->Row().run.ConversionOption == option) return conversion;
+  }
+  return nullptr;
+}
+
+}  // namespace
+
+ConversionTool::ConversionTool(const ConversionRow& row) : row_(row), spec_(SpecOf(row)) {}
+
+std::optional<Arguments> ConversionTool::Ask(const std::shared_ptr<IApplication>& application) const {
+  const std::shared_ptr<clsExtension> extension = ExtensionOf(application);
+  {
+    frmLayerFields dialog;
+    dialog.SetArcApplication(application);
+    dialog.SetConversionOption(row_.run.ConversionOption);
+    dialog.ShowModal();
+  }
+  if (!extension->ShouldContinue) return std::nullopt;
+  Arguments arguments;
+  arguments.Set("source", extension->SelectedLayer);
+  arguments.Set("fields", NamesOf(*extension->SelectedFields));
+  arguments.Set("output", RememberedOutput(*extension));
+  arguments.records = extension->DoAllRecords ? ToolRecords::All : ToolRecords::Selected;
+  extension->SelectedLayer = nullptr;
+  extension->SelectedFeatureClass = nullptr;
+  extension->SelectedFields = nullptr;
+  return arguments;
+}
+
+FieldChoice ConversionTool::ChosenFields(const Arguments& arguments) {
+  const LayerRef layer = SourceOf(arguments);
+  if (arguments.Get<bool>("all-fields")) return AllFields(*layer, StoredMeasures::LeftOut);
+  return FieldsCalled(*layer, StoredMeasures::LeftOut, arguments.Get<std::vector<std::string>>("fields"), "fields");
+}
+
+std::optional<Objection> ConversionTool::Validate(const Arguments& arguments,
+                                                  const std::shared_ptr<IApplication>&) const {
+  const LayerRef layer = SourceOf(arguments);
+  if (const auto objection = ObjectionToKind(spec_, layer, row_.dialog.layer_mask)) return objection;
+  // Names that are wrong beside --all-fields are wrong all the same.
+  const FieldChoice named =
+      FieldsCalled(*layer, StoredMeasures::LeftOut, arguments.Get<std::vector<std::string>>("fields"), "fields");
+  if (named.objection) return named.objection;
+  const OutputOfRun output = OutputOf(arguments, std::string(row_.dialog.default_output_name));
+  if (const auto objection = ObjectionTo(output.path, output.place)) return objection;
+  const esriGeometryType shape = Require(layer->FeatureClass(), "FeatureClass")->ShapeType();
+  const std::string reason(WhyNever(row_.run, shape));
+  if (reason.empty()) return std::nullopt;
+  return Objection{"", "'" + layer->Name() + "' holds points. " + reason, "", Objection::kToldByPlan};
+}
+
+struct ConversionTool::Prepared {
+  std::shared_ptr<clsExtension> extension;
+  LayerRef layer;
+  std::shared_ptr<VarArray> fields;
+  bool all_records;
+  std::string path;
+};
+
+ConversionTool::Prepared ConversionTool::Prepare(const Arguments& arguments,
+                                                 const std::shared_ptr<IApplication>& application) const {
+  Prepared prepared{ExtensionOf(application), SourceOf(arguments), ChosenFields(arguments).fields, true, ""};
+  const OutputOfRun output = OutputOf(arguments, std::string(row_.dialog.default_output_name));
+  RememberOutput(output.place, *prepared.extension);
+  prepared.path = output.path;
+  prepared.all_records = ReadsAll(prepared.layer, arguments.records);
+  prepared.extension->AnalysisRecordCount = CountRecords(prepared.layer, prepared.all_records);
+  return prepared;
+}
+
+std::string ConversionTool::Run(RunContext& context, const Arguments& arguments,
+                                const std::shared_ptr<IApplication>& application) const {
+  const Prepared prepared = Prepare(arguments, application);
+  const bool large = prepared.extension->AnalysisRecordCount > row_.run.ProgressThreshold;
+  return modCreateVertices::RunConversion(context, row_.run, prepared.layer, prepared.fields, prepared.all_records,
+                                          prepared.path, application, prepared.extension, large);
+}
+
+std::string ConversionTool::Plan(RunContext& context, const Arguments& arguments,
+                                 const std::shared_ptr<IApplication>& application) const {
+  const Prepared prepared = Prepare(arguments, application);
+  return modCreateVertices::PlanConversion(context, row_.run, prepared.layer, prepared.fields, prepared.all_records,
+                                           prepared.path, application, prepared.extension);
+}
+
+const modCreateVertices::ConversionRun* modCreateVertices::FindRun(std::int32_t conversion_option) {
+  const ConversionTool* tool = FindTool(conversion_option);
+  return tool == nullptr ? nullptr : &tool->Row().run;
+}
+
+const LayerFieldsTexts* FindLayerFieldsTexts(std::int32_t conversion_option) {
+  const ConversionTool* tool = FindTool(conversion_option);
+  return tool == nullptr ? nullptr : &tool->Row().dialog;
+}
+
+}  // namespace tessarine

@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// Close the parts of lines to polygons.
+#include <array>
+
+#include "conversion/run_words.h"
+#include "conversion/steps.h"
+#include "tools/common/conversion_tool.h"
+
+namespace tessarine::tools {
+namespace {
+
+using namespace modCreateVertices;
+
+constexpr std::array kRules = {ShapeRule{esriGeometryNull, esriGeometryPolygon, kArea}};
+
+const ConversionRow kRow{
+    .words = {.name = "to-polygons",
+              .text = "Close the parts of lines to polygons",
+              .takes = "polylines",
+              .makes = "A class of polygons with Uniq_ID and their Area in the square unit of the coordinates.",
+              .example = "tessarine to-polygons tests/data/disputed_borders.shp --all-fields -o areas.shp"},
+    .command = {"clsConvertToPolygon",
+                "PolylineToPolygon",
+                "Convert &Polylines to Polygons",
+                "Polylines to Polygons",
+                "Convert Polylines to Polygons...",
+                111,
+                {Menu::Shapes, 6}},
+    .dialog =
+        {" Polylines to Polygons:", 16, "Polygons", "Convert",
+         "This function will convert polyline features to a polygon shapefile by connecting the "
+         "start and endpoints of the original polylines.  Multipart polylines will be maintained as multipart "
+         "polygons. "
+         "The new polygon shapefile will contain a field for the area of the polygon in the "
+         "projection of the original polyline feature class.  You may transfer any of the original polyline attribute "
+         "data "
+         "to the polygon shapefile by selecting the respective attribute fields."},
+    .run =
+        {
+            .ConversionOption = 16,
+            .Worker = "PolylinesToPolygons",
+            .Kind = RunKind::Planar,
+            .Rules = kRules,
+            .ProgressThreshold = 500,
+            .ReportsSkipped = true,
+            .FlushesEachFeature = false,
+            .Words = {.StatusLeadIn = "Generating Polygons from ",
+                      .ActionText = "Converting Polylines to Polygons...",
+                      .RepeatedAction = "Converting Polylines to Polygons...",
+                      .NamePrompt = "Specify New Polygon Feature Class Name:",
+                      .SkippedHeading = kEmptyPolylines,
+                      .ReportTitle = "Polylines to Polygons",
+                      .AllLabel = "Convert All Records (n = ",
+                      .SelectedLabel = "Convert Selected Records (n = ",
+                      .CountNoun = " polygons"},
+            .MakeStep = MakePolygonStep,
+        },
+};
+
+}  // namespace
+
+const Tool& to_polygons() {
+  static const ConversionTool tool(kRow);
+  return tool;
+}
+
+}  // namespace tessarine::tools

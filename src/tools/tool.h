@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// A tool as the suite knows it: its spec and its run, the row of its command, and its dialog.
+//
+// Each file of this folder whose name is that of a tool, with "_" for "-", defines
+//
+//   const Tool& tools::label_points();
+//
+// and the build makes the list of them all from the names of the files.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <span>
+
+#include "platform/tool.h"
+#include "tools/command_texts.h"
+
+namespace tessarine {
+
+class Tool : public ITool {
+ public:
+  [[nodiscard]] virtual const CommandTexts& Command() const = 0;
+  /// Shows the dialog. What it was left with; nothing where the user gave up.
+  [[nodiscard]] virtual std::optional<Arguments> Ask(const std::shared_ptr<IApplication>& application) const = 0;
+};
+
+/// In the order of the menus.
+[[nodiscard]] std::span<const Tool* const> AllTools();
+
+}  // namespace tessarine

@@ -1,0 +1,110 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// The tools as data: their list for other programs, and the examples that their help shows.
+#include <gmock/gmock.h>
+
+#include <map>
+#include <nlohmann/json.hpp>
+#include <set>
+#include <sstream>
+
+#include "cli/program_run.h"
+
+namespace tessarine::testing {
+namespace {
+
+using ::testing::HasSubstr;
+
+class Tools : public ProgramTest {
+ protected:
+  [[nodiscard]] nlohmann::json List() const {
+    const ProgramOutcome run = RunTessarine({"tools", "--json"});
+    EXPECT_EQ(run.status, 0) << run.err;
+    return nlohmann::json::parse(run.out);
+  }
+
+  // The words of a command line, without the program's name; data come from their folder, and outputs go to the test's.
+  [[nodiscard]] std::vector<std::string> WordsOf(const std::string& line) const {
+    std::vector<std::string> words;
+    bool quoted = false;
+    std::string word;
+    for (const char c : line + " ") {
+      if (c == '"') {
+        quoted = !quoted;
+      } else if (c == ' ' && !quoted) {
+        if (!word.empty()) words.push_back(word);
+        word.clear();
+      } else {
+        word += c;
+      }
+    }
+    words.erase(words.begin());
+    for (std::string& one : words) {
+      constexpr std::string_view kData = "tests/data/";
+      if (one.starts_with(kData)) {
+        one = Data(one.substr(kData.size()));
+      } else if (one.ends_with(".shp") || one.ends_with(".gpkg")) {
+        one = In(one);
+      }
+    }
+    return words;
+  }
+};
+
+TEST_F(Tools, EveryToolTellsWhatItTakesAndEveryExampleRuns) {
+  std::set<std::string> names;
+  for (const auto& tool : List()) {
+    const auto name = tool.at("name").get<std::string>();
+    SCOPED_TRACE(name);
+    EXPECT_TRUE(names.insert(name).second);
+    for (const char* text : {"title", "text", "takes", "makes", "example"}) {
+      EXPECT_FALSE(tool.at(text).get<std::string>().empty()) << text;
+    }
+    for (const std::string& left : Left()) std::filesystem::remove_all(In(left));
+    std::istringstream lines(tool.at("example").get<std::string>());
+    for (std::string line; std::getline(lines, line);) {
+      const ProgramOutcome run = RunTessarine(WordsOf(line));
+      EXPECT_EQ(run.status, 0) << line << "\n" << run.err;
+    }
+    // Each parameter is an option of the command, or its source.
+    const std::string help = RunTessarine({name, "--help"}).out;
+    std::set<std::string> parameters;
+    for (const auto& parameter : tool.at("parameters")) parameters.insert(parameter.at("name").get<std::string>());
+    for (const auto& parameter : tool.at("parameters")) {
+      const auto option = parameter.at("name").get<std::string>();
+      EXPECT_THAT(help, HasSubstr(option == "source" ? option : "--" + option));
+      for (const char* other : {"of", "needs", "excludes"}) {
+        EXPECT_TRUE(!parameter.contains(other) || parameters.contains(parameter.at(other).get<std::string>()))
+            << option;
+      }
+    }
+  }
+  EXPECT_EQ(names.size(), 13U);
+}
+
+// Words that a reader of the list in another language has to go by.
+TEST_F(Tools, ParametersSayTheirKindsUnitsAndRanges) {
+  std::map<std::string, nlohmann::json> by_name;
+  for (const auto& tool : List()) {
+    for (const auto& parameter : tool.at("parameters")) {
+      by_name[tool.at("name").get<std::string>() + "." + parameter.at("name").get<std::string>()] = parameter;
+    }
+  }
+  EXPECT_EQ(by_name.at("wrap.shift").at("unit"), "degrees");
+  EXPECT_EQ(by_name.at("wrap.bounds").at("kind"), "box");
+  EXPECT_EQ(by_name.at("wrap.pole").at("choices"), nlohmann::json({"north", "south", "both", "neither"}));
+  EXPECT_EQ(by_name.at("build-polygons.cluster-tolerance").at("least"), 0.0);
+  EXPECT_EQ(by_name.at("to-graphic.spheroid").at("kind"), "spheroid");
+  EXPECT_EQ(by_name.at("calculate.measure").at("of"), "source");
+  EXPECT_TRUE(by_name.at("vertices.output").at("required").get<bool>());
+  EXPECT_FALSE(by_name.at("vertices.fields").at("required").get<bool>());
+}
+
+TEST_F(Tools, ACommaIsNoDecimalPointOfAnyNumber) {
+  const ProgramOutcome run =
+      RunTessarine({"wrap", Data("countries.shp"), "--range", "180", "--shift", "1,5", "-o", In("o.shp")});
+  EXPECT_EQ(run.status, 2);
+  EXPECT_THAT(run.err, HasSubstr("--shift: '1,5' is no number of degrees."));
+}
+
+}  // namespace
+}  // namespace tessarine::testing
