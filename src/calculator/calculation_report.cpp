@@ -7,13 +7,10 @@
 #include "platform/text_formats.h"
 #include "support/MyGeneralOperations.h"
 #include "support/journal_report.h"
+#include "support/report_heads.h"
 
 namespace tessarine {
 namespace {
-
-constexpr std::string_view kHeader =
-    "{\\rtf1\\ansi\\ansicpg1252\\deff0\\deflang1033{\\fonttbl{\\f0\\fswiss\\fcharset0 Arial;}}\r\n"
-    "{\\*\\generator Msftedit 5.41.15.1507;}\\viewkind4\\uc1\\pard\\qc\\b\\f0\\fs16 ";
 
 constexpr std::string_view kInput =
     "\\par\r\n"
@@ -100,7 +97,7 @@ bool HasSlowMeasure(std::span<const OptionEntry> entries, esriGeometryType shape
 }
 
 std::string CalculationReport(const CalculationFacts& facts) {
-  return Filled(std::string(kHeader) + "Geometry Calculation " + std::string(facts.outcome) + ":" +
+  return Filled(std::string(kReportHead) + "Geometry Calculation " + std::string(facts.outcome) + ":" +
                     std::string(kInput) + SpheroidLines(facts) + std::string(kRule) + std::string(kEnd),
                 facts);
 }
@@ -116,8 +113,8 @@ std::string PlannedCalculation(const CalculationFacts& facts, const std::string&
   const auto listed = [](const std::string& names) { return names.empty() ? std::string("none") : EscapeRtf(names); };
   std::string foretold = facts.foretold.empty() ? "" : std::string(kRule) + "The Copy:\\b0\\par\r\n";
   for (const std::string& sentence : facts.foretold) foretold += "  ** " + EscapeRtf(sentence) + "\\par\r\n";
-  return Filled(std::string(kHeader) + "Geometry Calculation, planned only: nothing was written" + std::string(kInput) +
-                    SpheroidLines(facts) + std::string(kRule) + "Fields:\\b0\\par\r\n" +
+  return Filled(std::string(kReportHead) + "Geometry Calculation, planned only: nothing was written" +
+                    std::string(kInput) + SpheroidLines(facts) + std::string(kRule) + "Fields:\\b0\\par\r\n" +
                     "  ** New: " + listed(new_fields) + "\\par\r\n" +
                     "  ** Overwritten: " + listed(overwritten_fields) + "\\par\r\n" + foretold + "}",
                 facts);
@@ -191,7 +188,7 @@ std::string FailedProblemReport(const RunJournal& journal, const std::string& la
 }
 
 std::string FailedCalculation(const Fault& fault) {
-  return std::string(kHeader) + "Geometry Calculation Failed:\\par\r\n\\pard " + FailureSection(fault) + "}";
+  return std::string(kReportHead) + "Geometry Calculation Failed:\\par\r\n\\pard " + FailureSection(fault) + "}";
 }
 
 }  // namespace tessarine

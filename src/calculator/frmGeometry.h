@@ -11,9 +11,9 @@
 
 #include "calculator/geometry_options.h"
 #include "calculator/measure_choice.h"
-#include "frame/clsExtension.h"
 #include "platform/application.h"
 #include "platform/form.h"
+#include "session/clsExtension.h"
 #include "support/AnchorObjectList.h"
 
 namespace tessarine {

@@ -18,7 +18,6 @@ namespace tessarine::modCalcGeometry {
 namespace {
 
 constexpr const char* kEditorId = "esriEditor.Editor";
-constexpr std::int32_t kReportFontSize = 8;
 // The meter opens above the first count, and from the second on where a measure is slow.
 constexpr std::int32_t kLongRun = 1000;
 constexpr std::int32_t kLongSlowRun = 11;
@@ -167,8 +166,8 @@ std::string Calculate(RunContext& context, const std::shared_ptr<VarArray>& carr
   RefreshTableWindow(application, options.Layer());
   scope.End();
   facts.outcome = OutcomeTitle(journal);
-  facts.time_spent =
-      MyGeneralOperations::ReturnTimeElapsedRTF(journal.begin, journal.end, kReportFontSize, journal.elapsed_seconds);
+  facts.time_spent = MyGeneralOperations::ReturnTimeElapsedRTF(
+      journal.begin, journal.end, MyGeneralOperations::kReportFontSize, journal.elapsed_seconds);
   return CalculationReport(facts);
 }
 

@@ -9,9 +9,9 @@
 
 #include "calculator/geometry_options.h"
 #include "calculator/result_writing.h"
-#include "frame/clsExtension.h"
 #include "platform/application.h"
 #include "platform/run_context.h"
+#include "session/clsExtension.h"
 #include "support/progress_text.h"
 
 namespace tessarine::modCalcGeometry {

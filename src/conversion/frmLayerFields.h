@@ -8,9 +8,9 @@
 #include <string>
 #include <vector>
 
-#include "frame/clsExtension.h"
 #include "platform/application.h"
 #include "platform/form.h"
+#include "session/clsExtension.h"
 #include "support/AnchorObjectList.h"
 #include "support/output_chooser.h"
 

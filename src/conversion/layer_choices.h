@@ -9,10 +9,10 @@
 #include <vector>
 
 #include "conversion/field_choice.h"
-#include "frame/clsExtension.h"
 #include "platform/arrays.h"
 #include "platform/form.h"
 #include "platform/map.h"
+#include "session/clsExtension.h"
 
 namespace tessarine {
 

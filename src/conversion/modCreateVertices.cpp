@@ -25,8 +25,6 @@ namespace {
 
 using namespace MyGeneralOperations;
 
-constexpr std::int32_t kReportFontSize = 8;
-
 constexpr std::string_view kNotFinite =
     "Features with a coordinate that is infinite or no number have no output: mend or remove these coordinates.";
 
@@ -288,10 +286,6 @@ std::string RunConversion(RunContext& context, const ConversionRun& run, const s
     return FailureReport(run, facts, journal, fault);
   };
   return TrapWith(run.Worker, run_body, on_fault);
-}
-
-std::string CalcTimeLeft(const std::string& prefix, Date start, std::int32_t done, std::int32_t total) {
-  return MyGeneralOperations::CalcTimeLeft(prefix, start, done, total);
 }
 
 }  // namespace tessarine::modCreateVertices

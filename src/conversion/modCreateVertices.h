@@ -8,9 +8,9 @@
 #include <string>
 
 #include "conversion/conversion_runs.h"
-#include "frame/clsExtension.h"
 #include "platform/application.h"
 #include "platform/run_context.h"
+#include "session/clsExtension.h"
 
 namespace tessarine::modCreateVertices {
 

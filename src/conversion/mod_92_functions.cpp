@@ -25,7 +25,6 @@ namespace {
 
 using namespace MyGeneralOperations;
 
-constexpr std::int32_t kReportFontSize = 8;
 constexpr const char* kWorker = "orlBuildPolygons";
 constexpr std::array<std::string_view, 1> kMeasures = {"Area"};
 

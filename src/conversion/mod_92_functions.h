@@ -5,9 +5,9 @@
 #include <memory>
 #include <string>
 
-#include "frame/clsExtension.h"
 #include "platform/application.h"
 #include "platform/run_context.h"
+#include "session/clsExtension.h"
 
 namespace tessarine::mod_92_functions {
 

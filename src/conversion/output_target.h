@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "frame/clsExtension.h"
+#include "session/clsExtension.h"
 #include "support/output_kinds.h"
 
 namespace tessarine {

@@ -5,16 +5,13 @@
 #include "platform/rich_text.h"
 #include "platform/text_formats.h"
 #include "support/journal_report.h"
+#include "support/report_heads.h"
 
 namespace tessarine {
 namespace {
 
 constexpr std::string_view kModule = "modCreateVertices";
 constexpr std::string_view kModuleFile = "conversion/modCreateVertices.cpp";
-
-constexpr std::string_view kHeader =
-    "{\\rtf1\\ansi\\ansicpg1252\\deff0\\deflang1033{\\fonttbl{\\f0\\fswiss\\fcharset0 Arial;}}\r\n"
-    "{\\*\\generator Msftedit 5.41.15.1507;}\\viewkind4\\uc1\\pard\\qc\\b\\f0\\fs16 ";
 
 constexpr std::string_view kSuccessBody =
     ":\\par\r\n"
@@ -53,7 +50,7 @@ std::string RecordLine(const modCreateVertices::ConversionRun& run, const RunFac
 
 }  // namespace
 
-std::string_view ReportHeader() { return kHeader; }
+std::string_view ReportHeader() { return kReportHead; }
 
 std::string ProblemBlock(std::string_view heading, const std::string& list) {
   const std::string block =
@@ -65,7 +62,7 @@ std::string PathForReport(const std::string& path) { return EscapeRtf(ToNativePa
 
 std::string SuccessReport(const modCreateVertices::ConversionRun& run, const RunFacts& facts,
                           const RunJournal& journal) {
-  std::string report = std::string(kHeader) + std::string(run.Words.ReportTitle) + " " +
+  std::string report = std::string(kReportHead) + std::string(run.Words.ReportTitle) + " " +
                        std::string(OutcomeTitle(journal)) + std::string(kSuccessBody);
   const std::string problems = Problems(facts, journal);
   if (!run.ReportsSkipped && problems.empty()) report = Replace(report, kProblemLine, "");
@@ -82,14 +79,14 @@ std::string SuccessReport(const modCreateVertices::ConversionRun& run, const Run
 
 std::string StoppedReport(const modCreateVertices::ConversionRun& run, const RunFacts& facts,
                           const RunJournal& journal) {
-  return std::string(kHeader) + "Exited Function Prematurely at Record " + std::to_string(facts.records_done) +
+  return std::string(kReportHead) + "Exited Function Prematurely at Record " + std::to_string(facts.records_done) +
          "\\par\r\nPartial output saved to " + PathForReport(facts.output_path) + "\\par\r\n" +
          SkippedBlock(run, journal) + Problems(facts, journal) + "}";
 }
 
 std::string FailureReport(const modCreateVertices::ConversionRun& run, const RunFacts& facts, const RunJournal& journal,
                           const Fault& fault) {
-  return std::string(kHeader) + "!!!  " + std::string(run.Words.ReportTitle) + " Failed  !!!\\par\r\n" +
+  return std::string(kReportHead) + "!!!  " + std::string(run.Words.ReportTitle) + " Failed  !!!\\par\r\n" +
          "\\pard ---------------------------------------------\\b0\\par\r\n" + "Module = " + std::string(kModule) +
          "\\par\r\n" + "Function = " + std::string(run.Worker) + "\\par\r\n" + LineNumberLine(fault, kModuleFile) +
          "Error " + std::to_string(fault.Number()) + ":  " + EscapeRtf(fault.Description()) + "\\par\r\n" +
@@ -102,7 +99,7 @@ std::string FailureReport(const modCreateVertices::ConversionRun& run, const Run
 }
 
 std::string UnknownReferenceReport(const modCreateVertices::ConversionRun& run) {
-  return std::string(kHeader) + "!!!  " + std::string(run.Words.ReportTitle) + " Failed  !!!\\par\r\n" +
+  return std::string(kReportHead) + "!!!  " + std::string(run.Words.ReportTitle) + " Failed  !!!\\par\r\n" +
          "Selected Feature Class has unknown coordinate system...\\par\r\n"
          "\\par\r\n"
          "This function must know the projection of the data in order to calculate the geographic centroid!  Bailing "

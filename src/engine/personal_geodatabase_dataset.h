@@ -3,9 +3,9 @@
 #pragma once
 
 #include <string>
-#include <vector>
 
 #include "engine/ogr_source.h"
+#include "engine/personal_geodatabase.h"
 
 namespace tessarine::engine {
 
@@ -15,18 +15,6 @@ inline constexpr const char* kWhyUnreadable = "WHY_UNREADABLE";
 /// Opens the geodatabase as the edit under way has it; for writing it can be used in an edit only. Null where it can't
 /// be opened; GDAL's error handler is told why. A table that can't be read costs no other: its layer tells why.
 [[nodiscard]] DatasetHandle OpenPersonalGeodatabase(const std::string& native_path, bool update);
-
-struct PersonalListing {
-  struct Class {
-    std::string name;
-    std::string dataset;  ///< the feature dataset that it lies in; empty at the root
-    bool has_shapes = true;
-  };
-  std::vector<std::string> datasets;
-  std::vector<Class> classes;  ///< tables too
-};
-/// What a geodatabase holds, without a look at any row. A fault where it can't be read.
-[[nodiscard]] PersonalListing ListPersonalGeodatabase(const std::string& native_path);
 
 /// What there is to know of the format as of others that the library writes. It isn't registered: other parts of the
 /// process open such files as they did.

@@ -10,19 +10,11 @@
 #include <memory>
 #include <string>
 
+#include "engine/personal_geodatabase.h"
 #include "jet/database.h"
 #include "outputs/staged_output.h"
 
 namespace tessarine::engine {
-
-[[nodiscard]] bool IsPersonalGeodatabase(const std::string& native_path);
-
-enum class PersonalUse {
-  Rows,      ///< rows and fields of a class that is there
-  NewClass,  ///< the geodatabase's own tables too
-};
-/// A fault where the geodatabase is there and may not be written to, which says why. Writes nothing.
-void RequireWritableGeodatabase(const std::string& native_path, PersonalUse use);
 
 /// All changes of one geodatabase that appear together. While it lasts, this program sees the geodatabase as the edit
 /// has it, others as it was.

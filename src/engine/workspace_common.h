@@ -6,12 +6,10 @@
 #include <string>
 
 #include "engine/ogr_source.h"
+#include "engine/workspace_of.h"
 #include "platform/data.h"
 
 namespace tessarine::engine {
-
-/// The workspace that a dataset of this driver lies in: the folder of a file, or the geodatabase.
-[[nodiscard]] std::shared_ptr<IWorkspace> WorkspaceOf(const std::string& driver, const std::string& native_path);
 
 /// Removes a shapefile with all files that belong to it.
 void DeleteShapefile(const std::string& native_path);

@@ -7,11 +7,11 @@
 #include <optional>
 #include <string>
 
-#include "frame/clsExtension.h"
 #include "graphics/graphic_harvest.h"
 #include "graphics/graphics_report.h"
 #include "platform/application.h"
 #include "platform/form.h"
+#include "session/clsExtension.h"
 #include "support/AnchorObjectList.h"
 #include "support/output_chooser.h"
 #include "support/output_datasets.h"

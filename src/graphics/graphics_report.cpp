@@ -4,13 +4,11 @@
 #include "platform/paths.h"
 #include "platform/rich_text.h"
 #include "support/aml_func_mod.h"
+#include "support/report_heads.h"
 
 namespace tessarine {
 namespace {
 
-constexpr const char* kHeader =
-    "{\\rtf1\\ansi\\ansicpg1252\\deff0\\deflang1033{\\fonttbl{\\f0\\fswiss\\fprq2\\fcharset0 Arial;}}\r\n"
-    "{\\*\\generator Msftedit 5.41.15.1507;}\\viewkind4\\uc1\\pard\\qc\\b\\f0\\fs17 ";
 constexpr const char* kRule = "------------------------------------------------------------------------\\par\r\n";
 constexpr const char* kLineEnd = "\\par\r\n";
 
@@ -28,7 +26,7 @@ std::string CoordinateLines(bool selected, const SpatialReferenceRef& output, co
 }  // namespace
 
 std::string ReportText(const GraphicsReport& report) {
-  std::string text = kHeader + report.title + "\\b0\\fs17\\par\r\n";
+  std::string text = kLargeReportHead + report.title + "\\b0\\fs17\\par\r\n";
   text += "   " + aml_func_mod::InsertCommas(report.records) + " Records\\par\r\n" + report.names + kRule;
   text += "\\pard\\b " + report.option_title + "\\b0\\par\r\n   " + report.option + kLineEnd;
   if (!report.counts.empty()) text += "\\b Conversion Count:\\b0\\par\r\n" + report.counts;

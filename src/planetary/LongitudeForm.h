@@ -9,10 +9,10 @@
 #include <string>
 #include <vector>
 
-#include "frame/clsExtension.h"
 #include "planetary/planetary_lists.h"
 #include "platform/application.h"
 #include "platform/form.h"
+#include "session/clsExtension.h"
 #include "support/AnchorObjectList.h"
 #include "support/output_chooser.h"
 

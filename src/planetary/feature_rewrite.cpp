@@ -25,7 +25,6 @@ namespace {
 
 using namespace MyGeneralOperations;
 
-constexpr std::int32_t kReportFontSize = 8;
 constexpr const char* kTask = "Converting Features...";
 constexpr const char* kPartial = "  [Partial]";
 constexpr const char* kChanged = "The output holds another area, length or number of places than the input.";
@@ -267,7 +266,8 @@ std::string RunBody(RunContext& context, const FeatureRewrite& run, const std::s
   facts.stopped ? progress.Stop() : progress.Finish();
   ShowResult(context, output, facts.stopped, document);
   scope.End();
-  facts.time_spent = ReturnTimeElapsedRTF(journal.begin, journal.end, kReportFontSize, journal.elapsed_seconds);
+  facts.time_spent =
+      ReturnTimeElapsedRTF(journal.begin, journal.end, MyGeneralOperations::kReportFontSize, journal.elapsed_seconds);
   facts.problems = OtherWarningLines(journal, run.layer->Name()) + facts.problems +
                    FaultLines(journal, run.layer->Name()) + ChangeLines(journal) + ChangedNameLines(journal);
   return RewriteReport(TitleOf(run, journal), run.sections,

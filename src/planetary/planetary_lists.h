@@ -8,11 +8,11 @@
 #include <string>
 #include <vector>
 
-#include "frame/clsExtension.h"
 #include "geodesy/longitude_continuation.h"
 #include "geodesy/wrap.h"
 #include "platform/arrays.h"
 #include "platform/map.h"
+#include "session/clsExtension.h"
 #include "support/output_chooser.h"
 
 namespace tessarine {

@@ -5,10 +5,10 @@
 #include <memory>
 #include <string>
 
-#include "frame/clsExtension.h"
 #include "planetary/planetary_lists.h"
 #include "platform/application.h"
 #include "platform/run_context.h"
+#include "session/clsExtension.h"
 
 namespace tessarine {
 

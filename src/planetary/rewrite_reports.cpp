@@ -10,13 +10,11 @@
 #include "platform/text_formats.h"
 #include "support/aml_func_mod.h"
 #include "support/journal_report.h"
+#include "support/report_heads.h"
 
 namespace tessarine {
 namespace {
 
-constexpr std::string_view kHeader =
-    "{\\rtf1\\ansi\\ansicpg1252\\deff0\\deflang1033{\\fonttbl{\\f0\\fswiss\\fprq2\\fcharset0 Arial;}}\r\n"
-    "{\\*\\generator Msftedit 5.41.15.1507;}\\viewkind4\\uc1\\pard\\qc\\b\\f0\\fs17 ";
 constexpr std::string_view kTitleEnd = "\\b0\\fs17\\par\r\n\\pard ";
 constexpr std::string_view kRule = "---------------------------------------------\\par\r\n";
 constexpr std::string_view kCreateFailure = "'CreateGeneralFeatureClass' Function failed unexpectedly...";
@@ -26,7 +24,7 @@ constexpr std::string_view kStoppedNote = "NOTE:  Exited Function Prematurely at
 constexpr std::size_t kListed = 10;
 
 std::string Opening(std::string_view title) {
-  return std::string(kHeader) + EscapeRtf(title) + std::string(kTitleEnd) + std::string(kRule);
+  return std::string(kLargeReportHead) + EscapeRtf(title) + std::string(kTitleEnd) + std::string(kRule);
 }
 
 std::string FailedOpening(std::string_view conversion) {

@@ -4,6 +4,7 @@
 #include <chrono>
 #include <utility>
 
+#include "platform/at_hand.h"
 #include "platform/fault.h"
 #include "platform/running_journal.h"
 #include "platform/tell_user.h"
@@ -48,13 +49,13 @@ RunJournal* RunningJournal() {
   return g_host == nullptr ? nullptr : &g_host->Journal();
 }
 
-void TellUser(const std::string& text, const std::string& title) {
-  if (t_running != nullptr) {
-    t_running->feedback.Tell(text, title);
-  } else {
-    Host().Tell(text, title);
-  }
-}
+IOperatingSystem& SystemAtHand() { return t_running != nullptr ? t_running->services.System() : Host().System(); }
+
+const IClock& ClockAtHand() { return t_running != nullptr ? t_running->clock : Host().Clock(); }
+
+IRunFeedback& FeedbackAtHand() { return t_running != nullptr ? t_running->feedback : Host(); }
+
+void TellUser(const std::string& text, const std::string& title) { FeedbackAtHand().Tell(text, title); }
 
 bool StopRequested() {
   if (t_running != nullptr) return t_running->feedback.StopRequested();

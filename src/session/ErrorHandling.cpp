@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-#include "frame/ErrorHandling.h"
+#include "session/ErrorHandling.h"
 
 #include "platform/host.h"
 #include "platform/text_formats.h"

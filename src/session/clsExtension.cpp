@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-#include "frame/clsExtension.h"
+#include "session/clsExtension.h"
 
 #include <cmath>
 #include <functional>
+#include <sstream>
 
-#include "frame/ErrorHandling.h"
 #include "platform/host.h"
 #include "platform/text_formats.h"
 #include "platform/trap.h"
-#include "support/aml_func_mod.h"
+#include "session/ErrorHandling.h"
 
 namespace tessarine {
 namespace {
@@ -60,11 +60,13 @@ const std::vector<PersistedField>& PersistedFields() {
 
 // Version texts such as "9.3.1", read as far as the minor number.
 bool IsAtLeast92(const std::string& version) {
-  std::vector<std::string> parts;
-  aml_func_mod::ParseString(version, parts, '.');
-  if (parts.size() < 2 || !IsNumericText(parts[0]) || !IsNumericText(parts[1])) return false;
-  const double major = std::floor(ToNumber(parts[0]));
-  const double minor = std::floor(ToNumber(parts[1]));
+  std::istringstream parts(version);
+  std::string major_text, minor_text;
+  std::getline(parts, major_text, '.');
+  std::getline(parts, minor_text, '.');
+  if (!IsNumericText(major_text) || !IsNumericText(minor_text)) return false;
+  const double major = std::floor(ToNumber(major_text));
+  const double minor = std::floor(ToNumber(minor_text));
   return major > 9 || (major == 9 && minor >= 2);
 }
 

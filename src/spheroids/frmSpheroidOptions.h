@@ -5,8 +5,8 @@
 #include <memory>
 #include <string>
 
-#include "frame/clsExtension.h"
 #include "platform/form.h"
+#include "session/clsExtension.h"
 #include "spheroids/spheroid_lists.h"
 #include "support/AnchorObjectList.h"
 

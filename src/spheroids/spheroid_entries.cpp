@@ -3,6 +3,7 @@
 
 #include <unordered_set>
 
+#include "platform/at_hand.h"
 #include "platform/host.h"
 #include "platform/paths.h"
 #include "platform/text_formats.h"
@@ -74,7 +75,7 @@ std::optional<double> AxisFromText(std::string_view text) {
 }
 
 std::string CustomSpheroidFile() {
-  std::string folder = Host().System().ProgramFolder();
+  std::string folder = SystemAtHand().ProgramFolder();
   if (!folder.ends_with('\\') && !folder.ends_with('/')) folder += '\\';
   return folder + kCustomFileName;
 }
@@ -95,7 +96,7 @@ std::vector<SpheroidEntry> ReadCustomSpheroids(std::string_view text) {
 }
 
 std::vector<SpheroidEntry> ReadCustomSpheroidFile(const std::string& path) {
-  std::vector<SpheroidEntry> entries = ReadCustomSpheroids(Host().System().ReadTextFile(path));
+  std::vector<SpheroidEntry> entries = ReadCustomSpheroids(SystemAtHand().ReadTextFile(path));
   if (entries.empty()) {
     Raise(kInvalidCall, "The spheroid file '" + ToNativePath(path) +
                             "' tells no spheroid: write one on each line as name, semi-major axis, semi-minor axis "

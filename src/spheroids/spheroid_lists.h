@@ -6,10 +6,10 @@
 #include <memory>
 #include <string>
 
-#include "frame/clsExtension.h"
 #include "platform/application.h"
 #include "platform/arrays.h"
 #include "platform/spatial_reference.h"
+#include "session/clsExtension.h"
 #include "spheroids/keyed_collection.h"
 
 namespace tessarine {

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 
+#include "platform/at_hand.h"
 #include "platform/host.h"
 #include "platform/text_formats.h"
 #include "platform/trap.h"
@@ -168,7 +169,7 @@ std::string ReturnFilename(const std::string& path) {
 
 std::string GetFullFileString(const std::string& path) {
   try {
-    const std::string full = Host().System().LongPathName(path);
+    const std::string full = SystemAtHand().LongPathName(path);
     return full.empty() ? path : full;
   } catch (const Fault&) {
     return path;
@@ -176,12 +177,12 @@ std::string GetFullFileString(const std::string& path) {
 }
 
 bool FileExists(const std::string& path) {
-  return TrapHelper("FileExists", [&] { return Host().System().IsFile(path); });
+  return TrapHelper("FileExists", [&] { return SystemAtHand().IsFile(path); });
 }
 
 bool ExistFileDir(const std::string& path) {
   try {
-    return Host().System().Exists(path);
+    return SystemAtHand().Exists(path);
   } catch (const Fault&) {
     return false;
   }
@@ -212,7 +213,7 @@ std::string GetMxDocPath(const std::shared_ptr<IApplication>& application) {
 
 std::string GetTheUserName() {
   return TrapHelper("GetTheUserName",
-                    [] { return BasicTrimAvenue(Host().System().UserName(), "", std::string(1, '\0')); });
+                    [] { return BasicTrimAvenue(SystemAtHand().UserName(), "", std::string(1, '\0')); });
 }
 
 }  // namespace tessarine::aml_func_mod

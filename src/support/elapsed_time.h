@@ -9,6 +9,9 @@
 
 namespace tessarine::MyGeneralOperations {
 
+/// The size of a report's text, in points.
+inline constexpr std::int32_t kReportFontSize = 8;
+
 /// Three lines: when the analysis began, when it was complete, and the time between in days, hours, minutes and
 /// seconds. Units ahead of the first that isn't 0 are left out. No time passes between dates in the wrong order.
 [[nodiscard]] std::string ReturnTimeElapsed(Date begin, Date end);

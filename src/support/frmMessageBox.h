@@ -4,8 +4,8 @@
 
 #include <memory>
 
-#include "frame/clsExtension.h"
 #include "platform/form.h"
+#include "session/clsExtension.h"
 #include "support/AnchorObjectList.h"
 
 namespace tessarine {

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "platform/at_hand.h"
 #include "platform/fault.h"
 #include "platform/host.h"
 #include "platform/paths.h"
@@ -64,7 +65,7 @@ std::string TrimZerosAndDecimals(double number, bool use_thousands) {
 void OpenDoc(const std::string& path) {
   Trap("OpenDoc", [&] {
     if (aml_func_mod::FileExists(path)) {
-      Host().System().ShellExecute(path, aml_func_mod::ReturnDir(path));
+      SystemAtHand().ShellExecute(path, aml_func_mod::ReturnDir(path));
       return;
     }
     TellUser("Unable to find the following file:\r\n\r\n" + ToNativePath(path) + "\r\n\r\nBailing out...",

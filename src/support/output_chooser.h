@@ -8,9 +8,9 @@
 #include <optional>
 #include <string>
 
-#include "frame/clsExtension.h"
 #include "platform/application.h"
 #include "platform/tool.h"
+#include "session/clsExtension.h"
 #include "support/output_kinds.h"
 
 namespace tessarine::MyGeneralOperations {

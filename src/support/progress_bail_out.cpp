@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "support/progress_bail_out.h"
 
-#include "frame/clsExtension.h"
+#include "platform/at_hand.h"
 #include "platform/host.h"
 #include "platform/text_formats.h"
 #include "platform/trap.h"
+#include "session/clsExtension.h"
 #include "support/elapsed_time.h"
 #include "support/progress_form.h"
 
@@ -19,8 +20,8 @@ bool BailOutOfProgress(const std::shared_ptr<Form>& form, const std::shared_ptr<
     extension->ProgressDialogSetExpanded = progress->SetExpanded();
     if (progress->ShouldContinue()) return false;
 
-    Host().RestoreMousePointer();
-    const Date now = Host().Clock().Now();
+    FeedbackAtHand().RestoreMousePointer();
+    const Date now = ClockAtHand().Now();
     progress->AppendDetails("\r\nOperation cancelled prematurely at " + LongDate(now) + ";  " + LongTime(now) +
                             "\r\n---------------------------------------------------------\r\n" +
                             ReturnTimeElapsed(progress->ProgBeginTime(), now, progress->ElapsedSeconds()));

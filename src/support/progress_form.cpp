@@ -3,6 +3,7 @@
 
 #include <cmath>
 
+#include "platform/at_hand.h"
 #include "platform/text_formats.h"
 #include "platform/trap.h"
 #include "support/aml_func_mod.h"
@@ -96,11 +97,11 @@ std::shared_ptr<IModelessFrame> ProgressForm::Frame() {
 
 void ProgressForm::SetProgBeginTime(Date time) {
   begin_time_ = time;
-  const IClock& clock = Host().Clock();
+  const IClock& clock = ClockAtHand();
   begin_seconds_ = clock.SteadySeconds() - static_cast<double>(SecondsBetween(time, clock.Now()));
 }
 
-double ProgressForm::ElapsedSeconds() const { return Host().Clock().SteadySeconds() - begin_seconds_; }
+double ProgressForm::ElapsedSeconds() const { return ClockAtHand().SteadySeconds() - begin_seconds_; }
 
 void ProgressForm::SetProgRecCount(std::int32_t count) {
   record_count_ = count;
@@ -139,7 +140,7 @@ void ProgressForm::Est_Time_Left(std::int32_t& record, const std::string& index_
     const double percent = MyGeneralOperations::PercentDone(record, record_count_);
     const double next_step = static_cast<double>(next_step_) + kStep;
     if (next_step > percent) return;
-    Host().PumpEvents();
+    FeedbackAtHand().PumpEvents();
     next_step_ = static_cast<float>(next_step);
     lblIndex.SetCaption(index_text);
     lblRecordNumber.SetCaption(record_count_ != 0
@@ -201,10 +202,10 @@ void ProgressForm::cmdStop_Click() {
 
 void ProgressForm::Timer1_Timer() {
   Trap("Timer1_Timer", [this] {
-    const std::string time = LongTime(Host().Clock().Now());
+    const std::string time = LongTime(ClockAtHand().Now());
     if (lblCurrentTime.Caption() == time) return;
     lblCurrentTime.SetCaption(time);
-    Host().PumpEvents();
+    FeedbackAtHand().PumpEvents();
   });
 }
 

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "platform/at_hand.h"
 #include "platform/host.h"
 #include "platform/text_formats.h"
 
@@ -32,7 +33,7 @@ std::string CalcTimeLeft(const std::string& prefix, double elapsed_seconds, std:
 }
 
 std::string CalcTimeLeft(const std::string& prefix, Date start, std::int32_t done, std::int32_t total) {
-  return CalcTimeLeft(prefix, static_cast<double>(SecondsBetween(start, Host().Clock().Now())), done, total);
+  return CalcTimeLeft(prefix, static_cast<double>(SecondsBetween(start, ClockAtHand().Now())), done, total);
 }
 
 }  // namespace tessarine::MyGeneralOperations

@@ -21,8 +21,7 @@ void CheckRowsWritten(RunJournal& journal, const IFeatureClass& output) {
   const std::int64_t held = output.FeatureCount(nullptr);
   if (held < journal.written) {
     journal.Fail("Only " + std::to_string(held) + " of the " + std::to_string(journal.written) +
-                 " rows that were written are in '" + ToNativePath(output.FullName()) +
-                 "': it isn't whole.");
+                 " rows that were written are in '" + ToNativePath(output.FullName()) + "': it isn't whole.");
   }
   journal.written = held;
 }

@@ -7,10 +7,10 @@
 #include <memory>
 #include <string>
 
-#include "frame/clsExtension.h"
 #include "platform/application.h"
 #include "platform/date.h"
 #include "platform/run_context.h"
+#include "session/clsExtension.h"
 #include "support/progress_form.h"
 
 namespace tessarine {

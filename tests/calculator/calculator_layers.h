@@ -9,13 +9,13 @@
 #include <string>
 
 #include "engine/test_layers.h"
-#include "frame/clsExtension.h"
 #include "helpers/fake_application.h"
 #include "helpers/reported_faults.h"
 #include "helpers/temporary_folder.h"
 #include "helpers/test_host.h"
 #include "hosts/document/document_layer.h"
 #include "hosts/document/map_document.h"
+#include "session/clsExtension.h"
 
 namespace tessarine::testing {
 

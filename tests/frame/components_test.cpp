@@ -7,13 +7,13 @@
 #include <nlohmann/json.hpp>
 #include <set>
 
-#include "frame/clsExtension.h"
 #include "helpers/fake_application.h"
 #include "helpers/reported_faults.h"
 #include "helpers/temporary_folder.h"
 #include "helpers/test_host.h"
 #include "hosts/document/document_application.h"
 #include "platform/component.h"
+#include "session/clsExtension.h"
 
 namespace tessarine {
 namespace {

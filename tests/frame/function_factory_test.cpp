@@ -2,7 +2,7 @@
 // The geoprocessing factory, as a host meets it.
 #include <gtest/gtest.h>
 
-#include "frame/Functions.h"
+#include "frame/published/Functions.h"
 #include "helpers/reported_faults.h"
 #include "helpers/shapes.h"
 #include "helpers/test_host.h"

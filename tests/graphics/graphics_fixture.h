@@ -9,7 +9,6 @@
 #include <memory>
 #include <string>
 
-#include "frame/clsExtension.h"
 #include "helpers/fake_application.h"
 #include "helpers/reported_faults.h"
 #include "helpers/shapes.h"
@@ -18,6 +17,7 @@
 #include "hosts/document/document_layer.h"
 #include "hosts/document/map_document.h"
 #include "platform/rich_text.h"
+#include "session/clsExtension.h"
 
 namespace tessarine::testing {
 

@@ -2,7 +2,7 @@
 // Makes the traps report through the suite's own error handling while it lives; `TestHost::error_reports` collects.
 #pragma once
 
-#include "frame/ErrorHandling.h"
+#include "session/ErrorHandling.h"
 
 namespace tessarine::testing {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-#include "frame/ErrorHandling.h"
+#include "session/ErrorHandling.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

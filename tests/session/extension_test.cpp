@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include <gtest/gtest.h>
 
-#include "frame/clsExtension.h"
 #include "helpers/fake_application.h"
 #include "helpers/reported_faults.h"
 #include "helpers/test_host.h"
 #include "hosts/document/settings_stream.h"
+#include "session/clsExtension.h"
 
 namespace tessarine {
 namespace {

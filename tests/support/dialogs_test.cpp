@@ -2,12 +2,12 @@
 // The report dialog with its printing, and the message box.
 #include <gtest/gtest.h>
 
-#include "frame/clsExtension.h"
 #include "helpers/fake_application.h"
 #include "helpers/form_layout.h"
 #include "helpers/reported_faults.h"
 #include "helpers/test_host.h"
 #include "platform/rich_text.h"
+#include "session/clsExtension.h"
 #include "support/frmMessageBox.h"
 #include "support/frmReport_modal.h"
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include <gtest/gtest.h>
 
-#include "frame/clsExtension.h"
 #include "helpers/fake_application.h"
 #include "helpers/form_layout.h"
 #include "helpers/reported_faults.h"
 #include "helpers/test_host.h"
+#include "session/clsExtension.h"
 #include "support/frmOrlProgressMeter.h"
 #include "support/frmOrlProgressPercent.h"
 #include "support/progress_bail_out.h"

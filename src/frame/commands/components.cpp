@@ -10,11 +10,11 @@
 #include <fstream>
 
 #include "calculator/clsMeasureCatalog.h"
-#include "frame/clsExtension.h"
-#include "frame/clsFunctionFactory.h"
 #include "frame/commands/command_table.h"
 #include "frame/menus.h"
+#include "frame/published/clsFunctionFactory.h"
 #include "platform/text_formats.h"
+#include "session/clsExtension.h"
 #include "spheroids/clsSpheroidCatalog.h"
 #include "tools/clsToolCatalog.h"
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // The command of a tool: dialog, run, report.
-#include "frame/clsExtension.h"
 #include "frame/commands/command_base.h"
 #include "frame/commands/commands.h"
 #include "platform/host.h"
 #include "platform/trap.h"
+#include "session/clsExtension.h"
 
 namespace tessarine {
 namespace {

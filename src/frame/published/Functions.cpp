@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-#include "frame/Functions.h"
+#include "frame/published/Functions.h"
 
 #include "platform/trap.h"
 

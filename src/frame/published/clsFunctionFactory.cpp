@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-#include "frame/clsFunctionFactory.h"
+#include "frame/published/clsFunctionFactory.h"
 
-#include "frame/Functions.h"
+#include "frame/published/Functions.h"
 #include "platform/trap.h"
 
 namespace tessarine {

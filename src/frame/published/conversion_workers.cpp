@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// The eight workers: each is the common run with its own row of the table.
+// The eight workers: each is the common run with its own row.
 #include "conversion/modCreateVertices.h"
 #include "platform/host.h"
+#include "support/progress_text.h"
 
 namespace tessarine::modCreateVertices {
 
@@ -65,6 +66,10 @@ std::string JoinFeatures(const std::shared_ptr<IFeatureLayer>& layer, const std:
                          const std::shared_ptr<clsExtension>& extension, bool show_progress, bool) {
   RunContext context = HostContext();
   return RunConversion(context, *FindRun(128), layer, fields, all_records, path, application, extension, show_progress);
+}
+
+std::string CalcTimeLeft(const std::string& prefix, Date start, std::int32_t done, std::int32_t total) {
+  return MyGeneralOperations::CalcTimeLeft(prefix, start, done, total);
 }
 
 }  // namespace tessarine::modCreateVertices

@@ -14,7 +14,7 @@
 #include <limits>
 
 #include "engine/dataset_files.h"
-#include "engine/workspace_common.h"
+#include "engine/workspace_of.h"
 #include "hosts/qgis/layer_row.h"
 #include "hosts/qgis/values.h"
 #include "hosts/windows/qt_text.h"

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "hosts/qgis/status_bar.h"
 
-#include <algorithm>
-
 #include "hosts/windows/qt_text.h"
 
 namespace tessarine::qgis {
@@ -11,21 +9,6 @@ namespace {
 constexpr int kBarWidth = 160;
 // The program's bar measures its text at each change; a run steps for each record.
 constexpr auto kShowInterval = std::chrono::milliseconds(100);
-
-class StepProgressor final : public IStepProgressor {
- public:
-  explicit StepProgressor(std::weak_ptr<ProgramStatusBar> owner) : owner_(std::move(owner)) {}
-  [[nodiscard]] std::int32_t Position() const override {
-    const auto owner = owner_.lock();
-    return owner ? owner->Position() : 0;
-  }
-  void SetPosition(std::int32_t position) override {
-    if (const auto owner = owner_.lock()) owner->SetPosition(position);
-  }
-
- private:
-  std::weak_ptr<ProgramStatusBar> owner_;
-};
 
 /// A bar that moves by itself stands for the moving picture.
 class AnimationProgressor final : public IAnimationProgressor {
@@ -54,11 +37,7 @@ void ProgramStatusBar::SetMessage(std::int32_t panel, const std::string& text) {
 }
 
 std::shared_ptr<IAnimationProgressor> ProgramStatusBar::ProgressAnimation() {
-  return std::make_shared<AnimationProgressor>(weak_from_this());
-}
-
-std::shared_ptr<IStepProgressor> ProgramStatusBar::ProgressBar() {
-  return std::make_shared<StepProgressor>(weak_from_this());
+  return std::make_shared<AnimationProgressor>(std::static_pointer_cast<ProgramStatusBar>(shared_from_this()));
 }
 
 void ProgramStatusBar::ShowBar(int minimum, int maximum) {
@@ -70,29 +49,23 @@ void ProgramStatusBar::ShowBar(int minimum, int maximum) {
     bar_->addPermanentWidget(progress_);
   }
   progress_->setRange(minimum, maximum);
-  maximum_ = maximum;
-  position_ = minimum;
+  SetRange(minimum, maximum);
   ShowPosition();
   progress_->show();
 }
 
-void ProgramStatusBar::ShowProgressBar(const std::string& text, std::int32_t minimum, std::int32_t maximum,
-                                       std::int32_t step, bool) {
+void ProgramStatusBar::BarShown(const std::string& text) {
   SetMessage(0, text);
-  step_ = step;
-  ShowBar(minimum, maximum);
+  ShowBar(Minimum(), Maximum());
 }
 
-void ProgramStatusBar::StepProgressBar() { SetPosition(std::min(maximum_, position_ + step_)); }
-
-void ProgramStatusBar::SetPosition(std::int32_t position) {
-  position_ = position;
-  if (position_ >= maximum_ || std::chrono::steady_clock::now() - shown_at_ >= kShowInterval) ShowPosition();
+void ProgramStatusBar::BarMoved() {
+  if (Position() >= Maximum() || std::chrono::steady_clock::now() - shown_at_ >= kShowInterval) ShowPosition();
 }
 
 void ProgramStatusBar::ShowPosition() {
   shown_at_ = std::chrono::steady_clock::now();
-  if (progress_) progress_->setValue(position_);
+  if (progress_) progress_->setValue(Position());
 }
 
 void ProgramStatusBar::HideProgressBar() {

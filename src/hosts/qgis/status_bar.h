@@ -9,11 +9,11 @@
 #include <chrono>
 #include <memory>
 
-#include "platform/application.h"
+#include "platform/stepping_status_bar.h"
 
 namespace tessarine::qgis {
 
-class ProgramStatusBar final : public IStatusBar, public std::enable_shared_from_this<ProgramStatusBar> {
+class ProgramStatusBar final : public SteppingStatusBar {
  public:
   explicit ProgramStatusBar(QgsStatusBar* bar) : bar_(bar) {}
   ~ProgramStatusBar() override { HideProgressBar(); }
@@ -22,23 +22,18 @@ class ProgramStatusBar final : public IStatusBar, public std::enable_shared_from
 
   void SetMessage(std::int32_t panel, const std::string& text) override;
   [[nodiscard]] std::shared_ptr<IAnimationProgressor> ProgressAnimation() override;
-  [[nodiscard]] std::shared_ptr<IStepProgressor> ProgressBar() override;
-  void ShowProgressBar(const std::string& text, std::int32_t minimum, std::int32_t maximum, std::int32_t step,
-                       bool one_panel) override;
-  void StepProgressBar() override;
   void HideProgressBar() override;
 
   /// Shows the bar, moving by itself where both limits are 0.
   void ShowBar(int minimum, int maximum);
-  [[nodiscard]] std::int32_t Position() const { return position_; }
-  void SetPosition(std::int32_t position);
 
  private:
+  void BarShown(const std::string& text) override;
+  void BarMoved() override;
   void ShowPosition();
 
   QPointer<QgsStatusBar> bar_;
   QPointer<QProgressBar> progress_;
-  std::int32_t maximum_ = 0, step_ = 1, position_ = 0;
   std::chrono::steady_clock::time_point shown_at_;
 };
 

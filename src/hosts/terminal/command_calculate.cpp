@@ -15,7 +15,6 @@
 #include "hosts/terminal/report_output.h"
 #include "hosts/terminal/session.h"
 #include "hosts/terminal/tool_options.h"
-#include "platform/rich_text.h"
 #include "platform/run_scope.h"
 #include "platform/run_stop.h"
 #include "platform/text_formats.h"
@@ -122,9 +121,8 @@ std::vector<std::int64_t> SelectedInCopy(const LayerCopy& copy, const std::vecto
 std::string NoCopyReport(const RunJournal& journal, const std::string& layer) {
   const std::string cause =
       journal.stopped ? "The run was stopped while the records of " + layer + " were copied." : journal.failure;
-  return "{\\rtf1\\ansi{\\fonttbl{\\f0\\fswiss Arial;}}\\pard\\qc\\b\\f0\\fs16 Geometry Calculation " +
-         std::string(journal.stopped ? "Stopped" : "Failed") + ":\\par\r\n\\pard\\b0 " + EscapeRtf(cause) +
-         "\\par\r\nNothing of the copy is kept.\\par\r\n}";
+  return PlainReport(std::string("Geometry Calculation ") + (journal.stopped ? "Stopped:" : "Failed:"),
+                     {cause, "Nothing of the copy is kept."});
 }
 
 // Nothing where the user stopped it or it failed, which the journal tells.

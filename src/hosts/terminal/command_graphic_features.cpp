@@ -142,19 +142,13 @@ void Choose(CLI::App& command, ChosenCommand& chosen, const std::shared_ptr<Feat
   });
 }
 
-CLI::App& AddDocumentCommand(CLI::App& graphics, const char* name, const char* description, FeatureOptions& options) {
-  CLI::App& command = *graphics.add_subcommand(name, description);
-  command.add_option("document", options.common.document, "The map document")->required()->type_name("MAP.json");
-  return command;
-}
-
 }  // namespace
 
 void AddGraphicFeaturesCommands(CLI::App& graphics, ChosenCommand& chosen) {
   auto convert = std::make_shared<FeatureOptions>();
   convert->convert = true;
   CLI::App& conversion =
-      AddDocumentCommand(graphics, "to-features", "Make a feature class of graphic elements", *convert);
+      AddDocumentCommand(graphics, "to-features", "Make a feature class of graphic elements", convert->common);
   conversion.add_option("-t,--to", convert->shape, "points, polylines or polygons")->required()->type_name("SHAPES");
   conversion.add_flag("-b,--both", convert->both, "Take lines and polygons alike, as polylines or as polygons");
   CLI::Option* all = conversion.add_flag("-a,--all", convert->all, "Take all elements");
@@ -166,7 +160,7 @@ void AddGraphicFeaturesCommands(CLI::App& graphics, ChosenCommand& chosen) {
   Choose(conversion, chosen, convert);
 
   auto empty = std::make_shared<FeatureOptions>();
-  CLI::App& creation = AddDocumentCommand(graphics, "new", "Make an empty feature class", *empty);
+  CLI::App& creation = AddDocumentCommand(graphics, "new", "Make an empty feature class", empty->common);
   creation.add_option("shapes", empty->shape, "points, polylines or polygons")->required()->type_name("SHAPES");
   AddPlaceOptions(creation, *empty);
   creation.footer("Example:\n  tessarine graphics new tests/data/graphics.json polylines -o tracks.shp");

@@ -22,20 +22,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::shared_ptr<MapDocument> OpenDocument(const std::string& path) {
-  try {
-    return ReadDocumentFile(path);
-  } catch (const Fault& fault) {
-    throw Refusal(fault.Description());
-  }
-}
-
-CLI::App& AddDocumentCommand(CLI::App& graphics, const char* name, const char* description, CommonOptions& options) {
-  CLI::App& command = *graphics.add_subcommand(name, description);
-  command.add_option("document", options.document, "The map document")->required()->type_name("MAP.json");
-  return command;
-}
-
 void AddQuietRun(CLI::App& command, CommonOptions& options) {
   command.add_flag("-q,--quiet", options.quiet, "Print nothing");
   command.add_flag("-n,--dry-run", options.dry_run, "Run, but leave the document's file as it is");

@@ -7,10 +7,9 @@
 
 #include "hosts/document/component_loader.h"
 #include "hosts/document/document_application.h"
-#include "hosts/document/document_file.h"
 #include "hosts/terminal/commands.h"
 #include "hosts/terminal/common_options.h"
-#include "hosts/terminal/refusal.h"
+#include "hosts/terminal/session.h"
 #include "hosts/terminal/terminal_status_bar.h"
 
 namespace tessarine {
@@ -58,12 +57,7 @@ class MenuPrinter {
 };
 
 ExitStatus RunMenu(const std::string& document_path) {
-  std::shared_ptr<MapDocument> document;
-  try {
-    document = document_path.empty() ? std::make_shared<MapDocument>() : ReadDocumentFile(document_path);
-  } catch (const Fault& fault) {
-    throw Refusal(fault.Description());
-  }
+  const std::shared_ptr<MapDocument> document = OpenDocument(document_path);
   TerminalHost host({}, document->HostVersion);
   auto application =
       std::make_shared<DocumentApplication>(document, std::make_shared<TerminalStatusBar>(ProgressDisplay::None));

@@ -73,4 +73,10 @@ void AddCommonOptions(CLI::App& command, CommonOptions& options) {
   AddRunOptions(command, options);
 }
 
+CLI::App& AddDocumentCommand(CLI::App& parent, const char* name, const char* description, CommonOptions& options) {
+  CLI::App& command = *parent.add_subcommand(name, description);
+  command.add_option("document", options.document, "The map document")->required()->type_name("MAP.json");
+  return command;
+}
+
 }  // namespace tessarine

@@ -40,4 +40,7 @@ void AddRunOptions(CLI::App& command, CommonOptions& options);
 /// The same and --document.
 void AddCommonOptions(CLI::App& command, CommonOptions& options);
 
+/// Adds a command that works on a map document, which it names first.
+CLI::App& AddDocumentCommand(CLI::App& parent, const char* name, const char* description, CommonOptions& options);
+
 }  // namespace tessarine

@@ -8,7 +8,7 @@
 #include "engine/data_source.h"
 #include "engine/format_abilities.h"
 #include "engine/layer_copy.h"
-#include "engine/personal_geodatabase_edit.h"
+#include "engine/personal_geodatabase.h"
 #include "hosts/terminal/pipes.h"
 #include "hosts/terminal/refusal.h"
 #include "platform/paths.h"

@@ -224,4 +224,11 @@ void WriteReport(const std::string& rtf, const CommonOptions& options, TerminalH
   if (!file) Raise(kPathNotFound, "The report can't be written to '" + options.report_file + "'.");
 }
 
+std::string PlainReport(const std::string& title, const std::vector<std::string>& sentences) {
+  std::string report = "{\\rtf1\\ansi{\\fonttbl{\\f0\\fswiss Arial;}}\\pard\\qc\\b\\f0\\fs16 " + EscapeRtf(title) +
+                       "\\par\r\n\\pard\\b0 ";
+  for (const std::string& sentence : sentences) report += EscapeRtf(sentence) + "\\par\r\n";
+  return report + "}";
+}
+
 }  // namespace tessarine

@@ -27,4 +27,7 @@ void RefuseReportOver(const std::string& report_file, const std::vector<std::str
 /// Writes the report in the form that the file's ending names: .txt, .rtf, .html or .json.
 void WriteReport(const std::string& rtf, const CommonOptions& options, TerminalHost& host);
 
+/// A report of a title and sentences alone, each a paragraph, as RTF.
+[[nodiscard]] std::string PlainReport(const std::string& title, const std::vector<std::string>& sentences);
+
 }  // namespace tessarine

@@ -20,8 +20,6 @@
 #include "platform/trap.h"
 
 namespace tessarine {
-namespace {
-
 std::shared_ptr<MapDocument> OpenDocument(const std::string& path) {
   if (path.empty()) return std::make_shared<MapDocument>();
   try {
@@ -30,8 +28,6 @@ std::shared_ptr<MapDocument> OpenDocument(const std::string& path) {
     throw Refusal(fault.Description());
   }
 }
-
-}  // namespace
 
 Session::Session(const CommonOptions& options)
     : options_(options),
@@ -103,11 +99,9 @@ void Session::NoteStop() {
   if (!journal.output_path.empty()) return;
   journal.written = 0;
   if (host_.Report()) return;
-  host_.SetReport(
-      "{\\rtf1\\ansi{\\fonttbl{\\f0\\fswiss Arial;}}\\pard\\qc\\b\\f0\\fs16 Run Stopped:\\par\r\n\\pard\\b0 The run "
-      "was "
-      "stopped before its output was whole. Nothing of it is kept, and what stood in its place is as it "
-      "was.\\par\r\n}");
+  host_.SetReport(PlainReport("Run Stopped:",
+                              {"The run was stopped before its output was whole. Nothing of it is kept, and what stood "
+                               "in its place is as it was."}));
 }
 
 ExitStatus Session::EndEarly(const std::string& report) {

@@ -14,6 +14,9 @@
 
 namespace tessarine {
 
+/// The document of this file, or an empty one for no path. Raises `Refusal` for a file that is none.
+[[nodiscard]] std::shared_ptr<MapDocument> OpenDocument(const std::string& path);
+
 class Session {
  public:
   /// Opens the document of the options, or an empty one.

@@ -82,20 +82,6 @@ class QuietAnimation final : public IAnimationProgressor {
 
 }  // namespace
 
-class TerminalStatusBar::Progressor final : public IStepProgressor {
- public:
-  explicit Progressor(std::shared_ptr<TerminalStatusBar> bar) : bar_(std::move(bar)) {}
-  [[nodiscard]] std::int32_t Position() const override { return bar_->position_; }
-  void SetPosition(std::int32_t position) override { bar_->position_ = position; }
-
- private:
-  std::shared_ptr<TerminalStatusBar> bar_;
-};
-
-std::shared_ptr<IStepProgressor> TerminalStatusBar::ProgressBar() {
-  return std::make_shared<Progressor>(shared_from_this());
-}
-
 std::shared_ptr<IAnimationProgressor> TerminalStatusBar::ProgressAnimation() {
   return std::make_shared<QuietAnimation>(*this);
 }
@@ -105,19 +91,14 @@ void TerminalStatusBar::SetMessage(std::int32_t, const std::string& text) {
   if (visible_) Draw();
 }
 
-void TerminalStatusBar::ShowProgressBar(const std::string& text, std::int32_t minimum, std::int32_t maximum,
-                                        std::int32_t step, bool) {
+void TerminalStatusBar::BarShown(const std::string& text) {
   text_ = text;
-  minimum_ = position_ = minimum;
-  maximum_ = maximum;
-  step_ = step;
   next_look_ = 0;
   visible_ = true;
   Draw();
 }
 
-void TerminalStatusBar::StepProgressBar() {
-  position_ = std::min(maximum_, position_ + step_);
+void TerminalStatusBar::BarMoved() {
   if (display_ == ProgressDisplay::None || --next_look_ > 0) return;
   next_look_ = kStepsPerLook;
   const auto since = std::chrono::steady_clock::now() - last_drawn_;
@@ -127,11 +108,6 @@ void TerminalStatusBar::StepProgressBar() {
 void TerminalStatusBar::HideProgressBar() {
   visible_ = false;
   Erase();
-}
-
-double TerminalStatusBar::Share() const {
-  const double range = std::max(1, maximum_ - minimum_);
-  return std::clamp((position_ - minimum_) / range, 0.0, 1.0);
 }
 
 void TerminalStatusBar::Draw() {
@@ -147,7 +123,7 @@ void TerminalStatusBar::DrawBar() {
 }
 
 void TerminalStatusBar::PrintJson() const {
-  const nlohmann::json line = {{"progress", Share()}, {"record", position_}, {"of", maximum_}, {"text", text_}};
+  const nlohmann::json line = {{"progress", Share()}, {"record", Position()}, {"of", Maximum()}, {"text", text_}};
   fmt::print(stderr, "{}\n", line.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace));
 }
 

@@ -7,7 +7,7 @@
 #include <memory>
 #include <string>
 
-#include "platform/application.h"
+#include "platform/stepping_status_bar.h"
 
 namespace tessarine {
 
@@ -17,23 +17,19 @@ enum class ProgressDisplay : std::uint8_t { Bar, Json, None };
 /// of the text gives way before its end does, where the record and the time left stand.
 [[nodiscard]] std::string ProgressLine(double share, const std::string& text, int width);
 
-class TerminalStatusBar final : public IStatusBar, public std::enable_shared_from_this<TerminalStatusBar> {
+class TerminalStatusBar final : public SteppingStatusBar {
  public:
   explicit TerminalStatusBar(ProgressDisplay display) : display_(display) {}
 
   void SetMessage(std::int32_t panel, const std::string& text) override;
   [[nodiscard]] std::shared_ptr<IAnimationProgressor> ProgressAnimation() override;
-  [[nodiscard]] std::shared_ptr<IStepProgressor> ProgressBar() override;
-  void ShowProgressBar(const std::string& text, std::int32_t minimum, std::int32_t maximum, std::int32_t step,
-                       bool one_panel) override;
-  void StepProgressBar() override;
   void HideProgressBar() override;
   /// Takes the bar from its line until it is drawn again.
   void Erase();
 
  private:
-  class Progressor;
-  [[nodiscard]] double Share() const;
+  void BarShown(const std::string& text) override;
+  void BarMoved() override;
   void Draw();
   void DrawBar();
   void PrintJson() const;
@@ -42,7 +38,6 @@ class TerminalStatusBar final : public IStatusBar, public std::enable_shared_fro
   bool visible_ = false;
   bool drawn_ = false;
   std::string text_;
-  std::int32_t minimum_ = 0, maximum_ = 0, step_ = 1, position_ = 0;
   std::int32_t next_look_ = 0;
   std::chrono::steady_clock::time_point last_drawn_;
 };

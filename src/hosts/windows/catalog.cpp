@@ -10,7 +10,7 @@
 #include <fstream>
 
 #include "engine/data_source.h"
-#include "engine/personal_geodatabase_dataset.h"
+#include "engine/personal_geodatabase.h"
 #include "outputs/formats.h"
 #include "platform/fault.h"
 #include "platform/paths.h"

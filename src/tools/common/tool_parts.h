@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
-#include "frame/clsExtension.h"
 #include "platform/tool.h"
+#include "session/clsExtension.h"
 #include "support/output_chooser.h"
 
 namespace tessarine {

@@ -4,12 +4,12 @@
 #include <QLineEdit>
 #include <QTextEdit>
 
-#include "frame/clsExtension.h"
 #include "helpers/fake_application.h"
 #include "helpers/temporary_folder.h"
 #include "hosts/document/document_application.h"
 #include "hosts/document/document_file.h"
 #include "platform/paths.h"
+#include "session/clsExtension.h"
 #include "support/frmOrlProgressMeter.h"
 #include "support/progress_bail_out.h"
 #include "tests/hosts/windows/windows_fixture.h"

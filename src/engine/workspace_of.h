@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// The workspace of a data set.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "platform/data.h"
+
+namespace tessarine::engine {
+
+/// The workspace that a dataset of this driver lies in: the folder of a file, or the geodatabase.
+[[nodiscard]] std::shared_ptr<IWorkspace> WorkspaceOf(const std::string& driver, const std::string& native_path);
+
+}  // namespace tessarine::engine
