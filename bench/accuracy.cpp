@@ -14,13 +14,13 @@
 
 #include "bench/accuracy_of_projections.h"
 #include "bench/accuracy_of_shapes.h"
-#include "geodesy/convergence.h"
-#include "geodesy/vincenty.h"
 #include "platform/exact_geodesy.h"
+#include "shapes/convergence.h"
+#include "shapes/vincenty.h"
 
 namespace {
 
-namespace geodesy = tessarine::MyGeometricOperations;
+namespace shapes = tessarine::MyGeometricOperations;
 
 constexpr double kDegree = std::numbers::pi / 180.0;
 constexpr int kPairs = 300'000;
@@ -83,9 +83,9 @@ struct Solved {
 
 Solved Solve(const Body& body, const Pair& pair) {
   double azimuth1 = 0.0, azimuth2 = 0.0;
-  const geodesy::ConvergenceWatch watch;
+  const shapes::ConvergenceWatch watch;
   const double distance =
-      geodesy::DistanceVincentyNumbers2(pair.lon1, pair.lat1, pair.lon2, pair.lat2, azimuth1, azimuth2, body.a, body.b);
+      shapes::DistanceVincentyNumbers2(pair.lon1, pair.lat1, pair.lon2, pair.lat2, azimuth1, azimuth2, body.a, body.b);
   const tessarine::ExactGeodesic exact =
       tessarine::SolveInverseExactly({pair.lon1, pair.lat1}, {pair.lon2, pair.lat2}, body.a, body.b);
   return {{std::fabs(distance - exact.distance) * kEarthRadius / body.a,
@@ -180,8 +180,8 @@ void PrintDirect() {
         const double distance = reach * std::numbers::pi * body.b * (index + 0.5) / (kPairs / 3.0) * 0.9;
         tessarine::XY end{};
         double far_azimuth = 0.0;
-        geodesy::PointLineVincentyPerPoint2(tessarine::XY{pair.lon1, pair.lat1}, distance, pair.lon2 + 180.0, end,
-                                            far_azimuth, body.a, body.b);
+        shapes::PointLineVincentyPerPoint2(tessarine::XY{pair.lon1, pair.lat1}, distance, pair.lon2 + 180.0, end,
+                                           far_azimuth, body.a, body.b);
         const tessarine::ExactGeodesic exact =
             tessarine::SolveInverseExactly({pair.lon1, pair.lat1}, end, body.a, body.b);
         const double turn = std::remainder(exact.azimuth1 - (pair.lon2 + 180.0), 360.0) * kDegree;

@@ -11,13 +11,13 @@
 
 #include "calculator/measures.h"
 #include "engine/data_source.h"
-#include "geodesy/MyGeometricOperations.h"
 #include "platform/fault.h"
+#include "shapes/MyGeometricOperations.h"
 
 namespace tessarine::bench {
 namespace {
 
-namespace geodesy = MyGeometricOperations;
+namespace shapes = MyGeometricOperations;
 
 constexpr double kSame = 1e-6;
 
@@ -54,7 +54,7 @@ std::vector<Country> Countries() {
 
 Values MeasuresOf(const Polygon& polygon) {
   const SpatialReferenceRef reference = polygon.SpatialReference();
-  const auto spheroid = geodesy::DegreesOf(reference)->Datum()->Spheroid();
+  const auto spheroid = shapes::DegreesOf(reference)->Datum()->Spheroid();
   MeasureSettings settings{esriGeometryPolygon,       SpatialKindOf(reference),  reference,
                            spheroid->SemiMajorAxis(), spheroid->SemiMinorAxis(), false};
   const auto record = BeginRecord(CloneOf(polygon), settings);
@@ -65,7 +65,7 @@ Values MeasuresOf(const Polygon& polygon) {
   const MeasuredValues centroid = measured(geographic ? 2 : 4);
   return {measured(geographic ? 1 : 2).First.AsDouble(), measured(geographic ? 3 : 6).First.AsDouble(),
           measured(geographic ? 6 : 9).First.AsDouble(),
-          geodesy::ToDegrees({centroid.First.AsDouble(), centroid.Second.AsDouble()}, reference)};
+          shapes::ToDegrees({centroid.First.AsDouble(), centroid.Second.AsDouble()}, reference)};
 }
 
 double Apart(XY a, XY b) {
@@ -94,7 +94,7 @@ void PrintReference(const std::string& text, const std::vector<Country>& countri
   std::string others;
   for (const Country& country : countries) {
     const auto geographic = CloneOf(*country.shape);
-    geographic->SetSpatialReference(geodesy::DegreesOf(reference));
+    geographic->SetSpatialReference(shapes::DegreesOf(reference));
     const auto projected = CloneOf(*geographic);
     try {
       projected->Project(reference);

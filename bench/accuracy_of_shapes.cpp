@@ -10,14 +10,14 @@
 #include <random>
 #include <vector>
 
-#include "geodesy/MyGeometricOperations.h"
 #include "geodesy/small_angles.h"
 #include "platform/exact_geodesy.h"
+#include "shapes/MyGeometricOperations.h"
 
 namespace tessarine::bench {
 namespace {
 
-namespace geodesy = MyGeometricOperations;
+namespace shapes = MyGeometricOperations;
 using Ring = std::vector<XY>;
 
 constexpr double kDegree = std::numbers::pi / 180.0;
@@ -118,7 +118,7 @@ constexpr Size kSizes[] = {{"10 m", 0.0001}, {"1 km", 0.01}, {"2 degrees", 2}, {
 
 double SphericalArea(const Ring& ring, const Body& body) {
   XY unused{};
-  return geodesy::SphericalPolygonArea2(PolygonOf(ring), false, unused.x, unused.y, body.a, body.b);
+  return shapes::SphericalPolygonArea2(PolygonOf(ring), false, unused.x, unused.y, body.a, body.b);
 }
 
 }  // namespace
@@ -164,7 +164,7 @@ void PrintCentroids() {
     for (int index = 0; index < 20000; ++index) {
       const Ring ring = Star(AnyPlace(random, 55.0), size.across, random);
       XY centre{};
-      static_cast<void>(geodesy::SphericalPolygonArea2(PolygonOf(ring), true, centre.x, centre.y, kEarthA, kEarthB));
+      static_cast<void>(shapes::SphericalPolygonArea2(PolygonOf(ring), true, centre.x, centre.y, kEarthA, kEarthB));
       worst = std::max(worst, Between(UnitOf(centre), CentreOf(ring)));
     }
     std::printf("| %s | %.1e degrees |\n", size.name, worst);
@@ -185,7 +185,7 @@ void PrintMidpoints() {
                     std::clamp(from.y + longest * share(random) * 0.7, -85.0, 85.0)};
         double ratio = 0.5, total = 0.0;
         const std::vector<XY> line = {from, to};
-        const XY middle = geodesy::SpheroidalPolylineMidpoint2(line, ratio, true, total, body.a, body.b);
+        const XY middle = shapes::SpheroidalPolylineMidpoint2(line, ratio, true, total, body.a, body.b);
         const ExactGeodesic whole = SolveInverseExactly(from, to, body.a, body.b);
         const ExactGeodesic half = SolveInverseExactly(from, middle, body.a, body.b);
         const double scale = kEarthA / body.a;
@@ -223,7 +223,7 @@ void PrintMultipointCentroids() {
       }
       double exact_lat = 0.0, exact_lon = 0.0, height = 0.0;
       earth.Reverse(mean[0], mean[1], mean[2], exact_lat, exact_lon, height);
-      const XY centre = geodesy::MultipointCentroidSpheroid(points, kEarthA, kEarthB, 0.0);
+      const XY centre = shapes::MultipointCentroidSpheroid(points, kEarthA, kEarthB, 0.0);
       worst = std::max(worst, std::fabs(centre.y - exact_lat));
     }
     std::printf("| %.0f degrees | %.1e degrees |\n", apart, worst);
@@ -238,9 +238,9 @@ void PrintSmallAngles() {
     double (*library)(double);
   };
   const Function functions[] = {
-      {"sine", [](double x) { return geodesy::detail::Sine(x); }, [](double x) { return std::sin(x); }},
-      {"tangent", [](double x) { return geodesy::detail::Tangent(x); }, [](double x) { return std::tan(x); }},
-      {"arc tangent", [](double x) { return geodesy::detail::ArcTangent(x); }, [](double x) { return std::atan(x); }}};
+      {"sine", geodesy::detail::SineSeries, [](double x) { return std::sin(x); }},
+      {"tangent", geodesy::detail::TangentSeries, [](double x) { return std::tan(x); }},
+      {"arc tangent", geodesy::detail::ArcTangentSeries, [](double x) { return std::atan(x); }}};
   std::printf("\n| small angles | other than the C library | by at most |\n|---|---|---|\n");
   std::mt19937_64 random(8);
   std::uniform_real_distribution<double> exponent(-30.0, -2.0);

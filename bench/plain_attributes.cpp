@@ -15,12 +15,12 @@
 #include <string>
 #include <vector>
 
-#include "geodesy/MyGeometricOperations.h"
+#include "shapes/MyGeometricOperations.h"
 
 namespace {
 
 using namespace tessarine;
-namespace geodesy = MyGeometricOperations;
+namespace shapes = MyGeometricOperations;
 
 constexpr double kSemiMajor = 6378137.0, kSemiMinor = 6356752.314245179;
 
@@ -46,7 +46,7 @@ struct Table {
 void MeasureAzimuths(const OGRLineString& line, std::vector<double>& values) {
   const std::vector<XY> vertices = VerticesOf(line);
   double start = 0.0, end = 0.0;
-  geodesy::DistanceVincentyPoints2(vertices.front(), vertices.back(), start, end, kSemiMajor, kSemiMinor);
+  shapes::DistanceVincentyPoints2(vertices.front(), vertices.back(), start, end, kSemiMajor, kSemiMinor);
   values.insert(values.end(), {start, end});
 }
 
@@ -56,9 +56,9 @@ void MeasurePolygon(const OGRPolygon& polygon, std::vector<double>& values) {
   const auto shape = std::make_shared<Polygon>();
   shape->SetParts({ring});
   double lon = 0.0, lat = 0.0;
-  const double area = geodesy::SphericalPolygonArea2(shape, true, lon, lat, kSemiMajor, kSemiMinor);
+  const double area = shapes::SphericalPolygonArea2(shape, true, lon, lat, kSemiMajor, kSemiMinor);
   values.insert(values.end(),
-                {area, lon, lat, geodesy::SpheroidalPolylineLength2(ring->Vertices(), kSemiMajor, kSemiMinor)});
+                {area, lon, lat, shapes::SpheroidalPolylineLength2(ring->Vertices(), kSemiMajor, kSemiMinor)});
 }
 
 void Measure(const OGRFeature& feature, const std::string& what, std::vector<double>& values) {
@@ -68,7 +68,7 @@ void Measure(const OGRFeature& feature, const std::string& what, std::vector<dou
   } else if (what == "polygons") {
     MeasurePolygon(*shape.toPolygon(), values);
   } else if (what == "lengths") {
-    values.push_back(geodesy::SpheroidalPolylineLength2(VerticesOf(*shape.toLineString()), kSemiMajor, kSemiMinor));
+    values.push_back(shapes::SpheroidalPolylineLength2(VerticesOf(*shape.toLineString()), kSemiMajor, kSemiMinor));
   } else {
     values.push_back(feature.GetFieldAsDouble("value") + 1.0);
   }

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "calculator/measure_coordinates.h"
 
-#include "geodesy/MyGeometricOperations.h"
+#include "shapes/MyGeometricOperations.h"
 
 namespace tessarine::measure_coordinates {
 
-namespace geodesy = MyGeometricOperations;
+namespace shapes = MyGeometricOperations;
 
 namespace {
 
@@ -24,7 +24,7 @@ BroughtToDegrees<Shape> GeographicCopy(const Shape& shape, SharedWork& work) {
   ++work.Projections;
   Require(Cast<const ProjectedCoordinateSystem>(shape.SpatialReference()), "IProjectedCoordinateSystem");
   std::shared_ptr<Shape> copy = CloneOf(shape);
-  geodesy::ShapeInDegrees way = geodesy::BringToDegrees(*copy);
+  shapes::ShapeInDegrees way = shapes::BringToDegrees(*copy);
   copy->Simplify();
   return {copy, std::move(way)};
 }
@@ -38,12 +38,12 @@ std::shared_ptr<Shape> PlanetographicShape(const std::shared_ptr<Shape>& shape, 
   std::shared_ptr<Shape> degrees = shape;
   if (HasOtherUnit(shape->SpatialReference())) {
     degrees = CloneOf(*shape);
-    geodesy::BringToDegrees(*degrees);
+    shapes::BringToDegrees(*degrees);
   }
   if (!settings.Geocentric) return degrees;
   ++work.LatitudeConversions;
   const auto converted = Cast<Shape>(
-      geodesy::FeaturePlanetOCentricToPlanetOGraphic(degrees, settings.SemiMajor, settings.SemiMinor, kNoShift));
+      shapes::FeaturePlanetOCentricToPlanetOGraphic(degrees, settings.SemiMajor, settings.SemiMinor, kNoShift));
   return Require(converted, "planetographic shape");
 }
 
@@ -57,15 +57,15 @@ XY InLatitudesOfData(XY position, MeasureSettings& settings) {
     const auto graphic = std::make_shared<Point>(position);
     graphic->SetSpatialReference(settings.Reference);
     const auto centric = Cast<Point>(
-        geodesy::FeaturePlanetOGraphicToPlanetOCentric(graphic, settings.SemiMajor, settings.SemiMinor, kNoShift));
+        shapes::FeaturePlanetOGraphicToPlanetOCentric(graphic, settings.SemiMajor, settings.SemiMinor, kNoShift));
     position = Require(centric, "planetocentric point")->Coordinates();
   }
-  return HasOtherUnit(settings.Reference) ? geodesy::FromDegrees(position, settings.Reference) : position;
+  return HasOtherUnit(settings.Reference) ? shapes::FromDegrees(position, settings.Reference) : position;
 }
 
 XY InProjectionOfLayer(XY position, const MeasureSettings& settings) {
   Require(Cast<const ProjectedCoordinateSystem>(settings.Reference), "IProjectedCoordinateSystem");
-  return geodesy::FromDegrees(position, settings.Reference);
+  return shapes::FromDegrees(position, settings.Reference);
 }
 
 XY PositionOf(const std::shared_ptr<Point>& point, const char* failure) {

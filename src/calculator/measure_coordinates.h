@@ -6,8 +6,8 @@
 #include <memory>
 
 #include "calculator/measures.h"
-#include "geodesy/geographic_shape.h"
 #include "platform/geometry.h"
+#include "shapes/geographic_shape.h"
 
 namespace tessarine::measure_coordinates {
 

@@ -8,9 +8,9 @@
 #include "calculator/point_measures.h"
 #include "calculator/polygon_measures.h"
 #include "calculator/polyline_measures.h"
-#include "geodesy/odd_shapes.h"
-#include "geodesy/vincenty.h"
+#include "geodesy/geodesics.h"
 #include "platform/finite_shape.h"
+#include "shapes/odd_shapes.h"
 
 namespace tessarine {
 namespace {
@@ -86,7 +86,8 @@ void MeasureRecord::WarnFarFromArea(const IGeometry& degrees) {
 }
 
 void MeasureRecord::WarnOfSeries() {
-  if (MyGeometricOperations::IsSeriesRough(settings_.SemiMajor, settings_.SemiMinor)) Warn(MeasureWarning::RoughSeries);
+  if (geodesy::IsSeriesRough(geodesy::Figure::FromAxes(settings_.SemiMajor, settings_.SemiMinor)))
+    Warn(MeasureWarning::RoughSeries);
 }
 
 MeasureSettings MeasureSettingsOf(esriGeometryType shape, const SpatialReferenceRef& reference,

@@ -2,11 +2,11 @@
 #include "calculator/multipoint_measures.h"
 
 #include "calculator/measure_coordinates.h"
-#include "geodesy/MyGeometricOperations.h"
+#include "shapes/MyGeometricOperations.h"
 
 namespace tessarine {
 
-namespace geodesy = MyGeometricOperations;
+namespace shapes = MyGeometricOperations;
 using namespace measure_coordinates;
 
 namespace {
@@ -15,7 +15,7 @@ constexpr double kOnSpheroid = 0.0;
 constexpr const char* kNoCentroid = "The centroid of the multipoint can't be computed.";
 
 XY CentroidOnSpheroid(const std::shared_ptr<Multipoint>& points, const MeasureSettings& settings) {
-  return PositionOf(geodesy::MultipointCentroidSpheroid(points, settings.SemiMajor, settings.SemiMinor, kOnSpheroid),
+  return PositionOf(shapes::MultipointCentroidSpheroid(points, settings.SemiMajor, settings.SemiMinor, kOnSpheroid),
                     kNoCentroid);
 }
 
@@ -26,12 +26,12 @@ MultipointRecord::MultipointRecord(std::shared_ptr<Multipoint> shape, MeasureSet
   if (settings.Kind == SpatialKind::Geographic) planetographic_ = PlanetographicShape(shape_, settings_, work_);
 }
 
-XY MultipointRecord::Centroid() const { return PositionOf(geodesy::MultipointCentroid(shape_), kNoCentroid); }
+XY MultipointRecord::Centroid() const { return PositionOf(shapes::MultipointCentroid(shape_), kNoCentroid); }
 
 XY MultipointRecord::ProjectedSpheroidalCentroid() {
   ++work_.Projections;
   const std::shared_ptr<Multipoint> copy = CloneOf(*shape_);
-  geodesy::BringToDegrees(*copy);
+  shapes::BringToDegrees(*copy);
   WarnFarFromArea(*copy);
   return InProjectionOfLayer(CentroidOnSpheroid(copy, settings_), settings_);
 }

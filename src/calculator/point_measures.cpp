@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "calculator/point_measures.h"
 
-#include "geodesy/geographic_shape.h"
+#include "shapes/geographic_shape.h"
 
 namespace tessarine {
 

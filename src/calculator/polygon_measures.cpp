@@ -8,13 +8,13 @@
 #include <span>
 
 #include "calculator/measure_coordinates.h"
-#include "geodesy/MyGeometricOperations.h"
-#include "geodesy/odd_shapes.h"
 #include "platform/exact_geodesy.h"
+#include "shapes/MyGeometricOperations.h"
+#include "shapes/odd_shapes.h"
 
 namespace tessarine {
 
-namespace geodesy = MyGeometricOperations;
+namespace shapes = MyGeometricOperations;
 using namespace measure_coordinates;
 
 namespace {
@@ -102,7 +102,7 @@ double PolygonRecord::SpheroidalPerimeter() {
   WarnBeyondPole(*GeographicPolygon());
   WarnOfSeries();
   RememberSimplicity();
-  const geodesy::ConvergenceWatch watch;
+  const shapes::ConvergenceWatch watch;
   const std::shared_ptr<Polygon>& polygon = GeographicPolygon();
   const double length = PerimeterOf(polygon) - LengthOfSeams();
   if (!watch.AllConverged()) Warn(MeasureWarning::NotConverged);
@@ -116,19 +116,18 @@ double PolygonRecord::PerimeterOf(const std::shared_ptr<Polygon>& polygon) {
   }
   // A single simple ring becomes the only path of the polyline as it stands.
   if (polygon->GeometryCount() == 1 && !polygon->HasCurves() && polygon->IsSimple()) return LengthOfRings(*polygon);
-  if (geodesy::PlaneMisleads(*polygon, roles_)) return LengthOfRings(*polygon);
+  if (shapes::PlaneMisleads(*polygon, roles_)) return LengthOfRings(*polygon);
   if (BoundsNothing(*polygon)) return 0.0;
   const std::shared_ptr<Polygon> rings = CloneOf(*polygon);
-  if (!geodesy::MarkSimpleButForSpikes(*rings) && geodesy::HasLobes(*rings)) Warn(MeasureWarning::OneLobe);
-  return geodesy::SpheroidalPolylineLength2(geodesy::PolygonToPolyline(rings), settings_.SemiMajor,
-                                            settings_.SemiMinor);
+  if (!shapes::MarkSimpleButForSpikes(*rings) && shapes::HasLobes(*rings)) Warn(MeasureWarning::OneLobe);
+  return shapes::SpheroidalPolylineLength2(shapes::PolygonToPolyline(rings), settings_.SemiMajor, settings_.SemiMinor);
 }
 
 // As they stand: on the plane a torn ring bounds something else.
 double PolygonRecord::LengthOfRings(const Polygon& polygon) const {
   double length = 0.0;
   for (const auto& ring : polygon.Parts()) {
-    length += geodesy::SpheroidalPolylineLength2(ring->Vertices(), settings_.SemiMajor, settings_.SemiMinor);
+    length += shapes::SpheroidalPolylineLength2(ring->Vertices(), settings_.SemiMajor, settings_.SemiMinor);
   }
   return length;
 }
@@ -137,8 +136,8 @@ double PolygonRecord::LengthOfRings(const Polygon& polygon) const {
 double PolygonRecord::LengthOfSeams() const {
   double length = 0.0;
   for (const geodesy::Seam& seam : seams_) {
-    length += geodesy::SpheroidalPolylineLength2(std::array{seam.from, seam.to, seam.from}, settings_.SemiMajor,
-                                                 settings_.SemiMinor);
+    length += shapes::SpheroidalPolylineLength2(std::array{seam.from, seam.to, seam.from}, settings_.SemiMajor,
+                                                settings_.SemiMinor);
   }
   return length;
 }
@@ -165,7 +164,7 @@ double PolygonRecord::SpheroidalArea() {
 double PolygonRecord::AreaByRoles(const Polygon& polygon) const {
   double area = 0.0;
   for (std::size_t index = 0; index < roles_.size(); ++index) {
-    area += AreaOfRing(*polygon.Parts()[index], roles_[index] == geodesy::RingRole::Exterior);
+    area += AreaOfRing(*polygon.Parts()[index], roles_[index] == shapes::RingRole::Exterior);
   }
   return area;
 }
@@ -218,12 +217,11 @@ void PolygonRecord::FindAreaAndCentroid() {
   RememberSimplicity();
   const std::shared_ptr<Polygon> polygon = CloneOf(*GeographicPolygon());
   WarnBeyondPole(*polygon);
-  const bool lobes = geodesy::HasLobes(*polygon), wide = geodesy::HasWideRing(*polygon);
+  const bool lobes = shapes::HasLobes(*polygon), wide = shapes::HasWideRing(*polygon);
   if (lobes) Warn(MeasureWarning::SignedLobes);
   if (wide) Warn(MeasureWarning::WideRing);
-  if (geodesy::PlaneMisleads(*polygon, roles_)) {
-    const geodesy::AreaOnSphere found =
-        geodesy::SphericalAreaOfRings(*polygon, settings_.SemiMajor, settings_.SemiMinor);
+  if (shapes::PlaneMisleads(*polygon, roles_)) {
+    const shapes::AreaOnSphere found = shapes::SphericalAreaOfRings(*polygon, settings_.SemiMajor, settings_.SemiMinor);
     spherical_area_ = found.area;
     centroid_ = found.centroid;
     ++work_.AreaPasses;
@@ -235,12 +233,12 @@ void PolygonRecord::FindAreaAndCentroid() {
   }
   ++work_.AreaPasses;
   spherical_area_ =
-      geodesy::SphericalPolygonArea2(polygon, true, centroid_.x, centroid_.y, settings_.SemiMajor, settings_.SemiMinor);
+      shapes::SphericalPolygonArea2(polygon, true, centroid_.x, centroid_.y, settings_.SemiMajor, settings_.SemiMinor);
   if (spherical_area_ <= 0.0 && !lobes && !wide) Warn(MeasureWarning::TurnedRing);
 }
 
 void PolygonRecord::WarnOfPlanarLobes() {
-  if (!looked_for_lobes_ && geodesy::HasLobes(*shape_)) Warn(MeasureWarning::PlanarLobes);
+  if (!looked_for_lobes_ && shapes::HasLobes(*shape_)) Warn(MeasureWarning::PlanarLobes);
   looked_for_lobes_ = true;
 }
 

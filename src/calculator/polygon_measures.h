@@ -8,7 +8,7 @@
 
 #include "calculator/measures.h"
 #include "geodesy/longitude_continuation.h"
-#include "geodesy/map_topology.h"
+#include "shapes/map_topology.h"
 
 namespace tessarine {
 
@@ -56,7 +56,7 @@ class PolygonRecord final : public MeasureRecord {
 
   std::shared_ptr<Polygon> shape_;
   std::shared_ptr<Polygon> geographic_;
-  std::vector<MyGeometricOperations::Seam> seams_;      // of `geographic_`: no part of the perimeter
+  std::vector<geodesy::Seam> seams_;                    // of `geographic_`: no part of the perimeter
   std::vector<MyGeometricOperations::RingRole> roles_;  // of `geographic_`, where the map tells them
   bool looked_for_lobes_ = false, area_is_measured_ = false, looked_whether_simple_ = false;
   double spherical_area_ = kNullMark;

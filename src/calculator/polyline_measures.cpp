@@ -5,11 +5,11 @@
 #include <cmath>
 
 #include "calculator/measure_coordinates.h"
-#include "geodesy/MyGeometricOperations.h"
+#include "shapes/MyGeometricOperations.h"
 
 namespace tessarine {
 
-namespace geodesy = MyGeometricOperations;
+namespace shapes = MyGeometricOperations;
 using namespace measure_coordinates;
 
 namespace {
@@ -33,7 +33,7 @@ XY PolylineRecord::Midpoint() const { return shape_->QueryPoint(esriNoExtension,
 
 XY PolylineRecord::EndPoint() const { return shape_->ToPoint(); }
 
-double PolylineRecord::Azimuth() const { return geodesy::CalcBearing2(shape_->FromPoint(), shape_->ToPoint()); }
+double PolylineRecord::Azimuth() const { return shapes::CalcBearing2(shape_->FromPoint(), shape_->ToPoint()); }
 
 std::int32_t PolylineRecord::PartCount() const { return shape_->GeometryCount(); }
 
@@ -70,7 +70,7 @@ XY PolylineRecord::EndLongitudeLatitude() { return LongitudeLatitudeOf(shape_->T
 
 XY PolylineRecord::LongitudeLatitudeOf(XY vertex) {
   if (!settings_.Geocentric) return vertex;
-  return InLatitudesOfData(geodesy::ToDegrees(vertex, settings_.Reference), settings_);
+  return InLatitudesOfData(shapes::ToDegrees(vertex, settings_.Reference), settings_);
 }
 
 const std::shared_ptr<Polyline>& PolylineRecord::GeographicLine() {
@@ -87,9 +87,9 @@ void PolylineRecord::FindMidpoint() {
   double position = kMiddle;
   ++work_.MidpointPasses;
   WarnOfSeries();
-  const geodesy::ConvergenceWatch watch;
-  midpoint_ = geodesy::SpheroidalPolylineMidpoint2(GeographicLine(), position, true, spheroidal_length_,
-                                                   settings_.SemiMajor, settings_.SemiMinor);
+  const shapes::ConvergenceWatch watch;
+  midpoint_ = shapes::SpheroidalPolylineMidpoint2(GeographicLine(), position, true, spheroidal_length_,
+                                                  settings_.SemiMajor, settings_.SemiMinor);
   if (!watch.AllConverged()) Warn(MeasureWarning::NotConverged);
   // At a pole the sum of an arc tangent may be a rounding beyond it.
   if (midpoint_ && !midpoint_->IsEmpty() && std::fabs(midpoint_->Y()) <= kPole + kPoleRounding) {
@@ -101,7 +101,7 @@ void PolylineRecord::FindMidpoint() {
 // Of a line without length. Its projected copy may be empty once it was simplified.
 XY PolylineRecord::OnlyPlace() {
   const Polyline& line = *GeographicLine();
-  return line.IsEmpty() ? geodesy::ToDegrees(shape_->FromPoint(), settings_.Reference) : line.FromPoint();
+  return line.IsEmpty() ? shapes::ToDegrees(shape_->FromPoint(), settings_.Reference) : line.FromPoint();
 }
 
 // A line without azimuths keeps its marks, so the next measure that asks comes here again, to the same result.
@@ -116,8 +116,8 @@ void PolylineRecord::SolveAzimuths() {
   if (from == to) return;
   ++work_.AzimuthSolutions;
   WarnOfSeries();
-  const geodesy::ConvergenceWatch watch;
-  geodesy::DistanceVincentyPoints2(from, to, start_azimuth_, end_azimuth_, settings_.SemiMajor, settings_.SemiMinor);
+  const shapes::ConvergenceWatch watch;
+  shapes::DistanceVincentyPoints2(from, to, start_azimuth_, end_azimuth_, settings_.SemiMajor, settings_.SemiMinor);
   if (!watch.AllConverged()) Warn(MeasureWarning::NotConverged);
 }
 

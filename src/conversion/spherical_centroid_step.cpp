@@ -6,13 +6,13 @@
 
 #include "conversion/point_output.h"
 #include "conversion/steps.h"
-#include "geodesy/MyGeometricOperations.h"
-#include "geodesy/odd_shapes.h"
+#include "shapes/MyGeometricOperations.h"
+#include "shapes/odd_shapes.h"
 
 namespace tessarine {
 namespace {
 
-namespace geodesy = MyGeometricOperations;
+namespace shapes = MyGeometricOperations;
 
 constexpr std::string_view kNotAboveZero =
     "Polygons whose spherical area comes out as 0 or less have no spherical centroid: their rings are more than 180 "
@@ -22,7 +22,7 @@ constexpr std::string_view kBeyondPole = "A latitude lies beyond a pole: the poi
 constexpr std::string_view kLobes =
     "A ring crosses itself: its lobes count by the way they run, so that the point may lie outside of them.";
 // The minor axis that the lengths of a polyline's segments are measured with.
-constexpr double kSegmentSemiMinor = 6356752.31424518;
+constexpr double kSegmentSemiMinor = geodesy::kWgs1984.semi_minor;
 
 constexpr double kTurn = 360.0;
 
@@ -53,17 +53,17 @@ class SphericalCentroidStep final : public ConversionStep {
       return;
     }
     shape->SetSpatialReference(reference_);
-    const std::vector<geodesy::RingRole> roles = geodesy::BringToDegrees(*shape).roles;
-    if (geodesy::LiesBeyondPole(*shape)) sink.Warn(kBeyondPole);
+    const std::vector<shapes::RingRole> roles = shapes::BringToDegrees(*shape).roles;
+    if (shapes::LiesBeyondPole(*shape)) sink.Warn(kBeyondPole);
     const auto polygon = Cast<Polygon>(shape);
-    if (polygon && geodesy::HasLobes(*polygon)) sink.Warn(kLobes);
+    if (polygon && shapes::HasLobes(*polygon)) sink.Warn(kLobes);
     const std::shared_ptr<Point> center = CenterOf(shape, roles);
     if (!center && polygon) return sink.Skip(polygon->HasArea() ? kNotAboveZero : kNoArea);
     if (!center && input_ == esriGeometryPolyline) return sink.Skip(kNoLength);
     Require(center, "IPoint");
     if (center->IsEmpty()) Raise(kObjectNotSet, "The centre of the feature can't be computed.");
     const XY degrees = center->Coordinates();
-    const XY position = geodesy::FromDegrees(degrees, geographic_);
+    const XY position = shapes::FromDegrees(degrees, geographic_);
     center->PutCoords(position.x, position.y);
     center->SetSpatialReference(geographic_);
     // The fields tell degrees, whatever unit the reference counts in.
@@ -76,26 +76,26 @@ class SphericalCentroidStep final : public ConversionStep {
   }
 
   [[nodiscard]] std::shared_ptr<Point> CenterOf(const GeometryRef& shape,
-                                                const std::vector<geodesy::RingRole>& roles) const {
+                                                const std::vector<shapes::RingRole>& roles) const {
     switch (input_) {
       case esriGeometryPolygon:
         return PolygonCenter(Cast<Polygon>(shape), roles);
       case esriGeometryPolyline:
         return LineCenter(Cast<Polyline>(shape));
       default:
-        return geodesy::MultipointCentroidSpheroid(Cast<IPointCollection>(shape), semi_major_, semi_minor_, 0.0);
+        return shapes::MultipointCentroidSpheroid(Cast<IPointCollection>(shape), semi_major_, semi_minor_, 0.0);
     }
   }
 
   // Nothing where there is no area that a centre could be of.
   [[nodiscard]] std::shared_ptr<Point> PolygonCenter(const std::shared_ptr<Polygon>& polygon,
-                                                     const std::vector<geodesy::RingRole>& roles) const {
-    if (geodesy::PlaneMisleads(*polygon, roles)) {
-      const geodesy::AreaOnSphere found = geodesy::SphericalAreaOfRings(*polygon, semi_major_, semi_minor_);
+                                                     const std::vector<shapes::RingRole>& roles) const {
+    if (shapes::PlaneMisleads(*polygon, roles)) {
+      const shapes::AreaOnSphere found = shapes::SphericalAreaOfRings(*polygon, semi_major_, semi_minor_);
       return found.area > 0.0 ? std::make_shared<Point>(found.centroid) : nullptr;
     }
     double longitude = 0.0, latitude = 0.0;
-    const double area = geodesy::SphericalPolygonArea2(polygon, true, longitude, latitude, semi_major_, semi_minor_);
+    const double area = shapes::SphericalPolygonArea2(polygon, true, longitude, latitude, semi_major_, semi_minor_);
     return area > 0.0 ? std::make_shared<Point>(longitude, latitude) : nullptr;
   }
 
@@ -104,7 +104,7 @@ class SphericalCentroidStep final : public ConversionStep {
   [[nodiscard]] std::shared_ptr<Point> LineCenter(const std::shared_ptr<Polyline>& line) const {
     if (!HasLength(*line)) return nullptr;
     double position = 0.5, length = 0.0;
-    return geodesy::SpheroidalPolylineMidpoint2(line, position, true, length, semi_minor_, kSegmentSemiMinor);
+    return shapes::SpheroidalPolylineMidpoint2(line, position, true, length, semi_minor_, kSegmentSemiMinor);
   }
 
   esriGeometryType input_;

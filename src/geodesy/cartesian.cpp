@@ -1,13 +1,11 @@
-// SPDX-License-Identifier: GPL-2.0-or-later
+// SPDX-License-Identifier: MIT
 #include "geodesy/cartesian.h"
 
 #include <cmath>
 
 #include "geodesy/angles.h"
-#include "geodesy/checked_arithmetic.h"
-#include "platform/trap.h"
 
-namespace tessarine::MyGeometricOperations {
+namespace tessarine::geodesy {
 namespace {
 
 using checked::Divide;
@@ -15,72 +13,52 @@ using checked::Finite;
 using checked::Power;
 using checked::Root;
 
-struct Place {
-  double x, y, z;
-};
+Cartesian Checked(const Cartesian& place) { return {Finite(place.x), Finite(place.y), Finite(place.z)}; }
 
-// Written at the end, so that a fault leaves the caller's variables alone.
-void Put(const Place& place, double& x, double& y, double& z) {
-  const Place checked_place{Finite(place.x), Finite(place.y), Finite(place.z)};
-  x = checked_place.x, y = checked_place.y, z = checked_place.z;
-}
+double SquaredEccentricity(double a, double b) { return Divide(a * a - b * b, a * a); }
 
 }  // namespace
 
-void SphericalLatLongToCart(double lon, double lat, double& x, double& y, double& z, double radius) {
-  TrapHelper("SphericalLatLongToCart", [&] {
-    const double theta = DegToRad(90.0 - lat);
-    const double phi = DegToRad(lon);
-    const double sin_theta = std::sin(theta);
-    Put({radius * sin_theta * std::cos(phi), radius * sin_theta * std::sin(phi), radius * std::cos(theta)}, x, y, z);
-  });
+Cartesian FromSphere(LonLat position, double radius) {
+  const double theta = ToRadians(90.0 - position.y);
+  const double phi = ToRadians(position.x);
+  const double sin_theta = std::sin(theta);
+  return Checked({radius * sin_theta * std::cos(phi), radius * sin_theta * std::sin(phi), radius * std::cos(theta)});
 }
 
-void SpheroidalLatLongToCart(double lon, double lat, double& x, double& y, double& z, double semi_major,
-                             double semi_minor, double height) {
-  TrapHelper("SpheroidalLatLongToCart", [&] {
-    const double theta = DegToRad(90.0 - lat);
-    const double phi = DegToRad(lon);
-    const double sin_theta = std::sin(theta);
-    const double cos_theta = std::cos(theta);
-    const double e2 = Divide(semi_major * semi_major - semi_minor * semi_minor, semi_major * semi_major);
-    const double n = Divide(semi_major, Root(1.0 - cos_theta * cos_theta * e2));
-    Put({(n + height) * sin_theta * std::cos(phi), (n + height) * sin_theta * std::sin(phi),
-         ((1.0 - e2) * n + height) * cos_theta},
-        x, y, z);
-  });
+Cartesian FromSpheroid(LonLat position, const Figure& figure, double height) {
+  const double theta = ToRadians(90.0 - position.y);
+  const double phi = ToRadians(position.x);
+  const double sin_theta = std::sin(theta);
+  const double cos_theta = std::cos(theta);
+  const double e2 = SquaredEccentricity(figure.semi_major, figure.semi_minor);
+  const double n = Divide(figure.semi_major, Root(1.0 - cos_theta * cos_theta * e2));
+  return Checked({(n + height) * sin_theta * std::cos(phi), (n + height) * sin_theta * std::sin(phi),
+                  ((1.0 - e2) * n + height) * cos_theta});
 }
 
-void SphericalCartToLatLong(double& lon, double& lat, double x, double y, double z) {
-  TrapHelper("SphericalCartToLatLong", [&] {
-    const double r = Root(x * x + y * y);
-    const double new_lon = RadToDeg(atan2(y, x));
-    const double new_lat = 90.0 - RadToDeg(atan2(r, z));
-    lon = new_lon, lat = new_lat;
-  });
+LonLat ToSphere(const Cartesian& place) {
+  const double r = Root(place.x * place.x + place.y * place.y);
+  const double longitude = ToDegrees(AngleOf(place.y, place.x));
+  return {longitude, 90.0 - ToDegrees(AngleOf(r, place.z))};
 }
 
-void SpheroidalCartToLatLong(double& lon, double& lat, double x, double y, double z, double semi_major,
-                             double semi_minor, double) {
-  TrapHelper("SpheroidalCartToLatLong", [&] {
-    const double p = Root(x * x + y * y);
-    const double t = atan2(Finite(z * semi_major), Finite(p * semi_minor));
-    const double e2 = Divide(semi_major * semi_major - semi_minor * semi_minor, semi_major * semi_major);
-    const double ep2 = Divide(e2, 1.0 - e2);
-    const double numerator = Finite(z + ep2 * semi_minor * Power(std::sin(t), 3.0));
-    const double denominator = Finite(p - e2 * semi_major * Power(std::cos(t), 3.0));
-    // The angle from the pole, so the distance from the axis stands in the place of y.
-    const double colatitude = atan2(denominator, numerator);
-    const double new_lon = RadToDeg(atan2(y, x));
-    lon = new_lon, lat = 90.0 - RadToDeg(colatitude);
-  });
+LonLat ToSpheroid(const Cartesian& place, const Figure& figure) {
+  const double a = figure.semi_major, b = figure.semi_minor;
+  const double p = Root(place.x * place.x + place.y * place.y);
+  const double t = AngleOf(Finite(place.z * a), Finite(p * b));
+  const double e2 = SquaredEccentricity(a, b);
+  const double ep2 = Divide(e2, 1.0 - e2);
+  const double numerator = Finite(place.z + ep2 * b * Power(std::sin(t), 3.0));
+  const double denominator = Finite(p - e2 * a * Power(std::cos(t), 3.0));
+  // The angle from the pole, so the distance from the axis stands in the place of y.
+  const double colatitude = AngleOf(denominator, numerator);
+  return {ToDegrees(AngleOf(place.y, place.x)), 90.0 - ToDegrees(colatitude)};
 }
 
-void TriangleCentroid3D(double x1, double y1, double z1, double x2, double y2, double z2, double x3, double y3,
-                        double z3, double& cx, double& cy, double& cz) {
-  TrapHelper("TriangleCentroid3D", [&] {
-    Put({(x1 + x2 + x3) / 3.0, (y1 + y2 + y3) / 3.0, (z1 + z2 + z3) / 3.0}, cx, cy, cz);
-  });
+Cartesian MeanOf(const Cartesian& first, const Cartesian& second, const Cartesian& third) {
+  return Checked({(first.x + second.x + third.x) / 3.0, (first.y + second.y + third.y) / 3.0,
+                  (first.z + second.z + third.z) / 3.0});
 }
 
-}  // namespace tessarine::MyGeometricOperations
+}  // namespace tessarine::geodesy

@@ -1,12 +1,11 @@
-// SPDX-License-Identifier: GPL-2.0-or-later
+// SPDX-License-Identifier: MIT
 // Positions on a sphere or spheroid to Earth-centred Cartesian coordinates and back, and the mean of three places.
 //
 // The Z axis runs through the north pole, the X axis through longitude 0, the Y axis through longitude 90 east.
 //
-//   Lon, Lat               degrees; the longitude always stands first
-//   X, Y, Z                in the unit of the radius or of the semi-axes
-//   SemiMajor a, SemiMinor b   semi-axes of the spheroid, a > 0; equal axes make a sphere
-//   Height h               above the spheroid along its normal
+//   position               degrees; the longitude always stands first
+//   x, y, z                in the unit of the radius or of the semi-axes
+//   height                 above the spheroid along its normal
 //
 // All formulae work with the colatitude, 90 minus the latitude. Longitudes go in with any number of turns and come
 // out in [-180, 180], the 180 degree meridian as -180 or 180 by the sign of the small remainder in Y, and as 180 for a
@@ -14,8 +13,8 @@
 // remainder of 3e-15 of the radius in them, so that its longitude survives. The centre of the body has the longitude 0
 // and the latitude 90.
 //
-// Each routine reports a fault under its own name and then leaves its out arguments as they were: an axis of 0, an
-// overflow, an argument that is no finite number.
+// Faults: 11 for a major axis of 0, 6 for an overflow, 5 or 6 for an argument that is no finite number. Each costs up
+// to four trigonometric functions or arcs of them.
 //
 // Forth and back a latitude returns within 3e-13 degrees, on the sphere and, at height 0, on the Earth's spheroid,
 // since one step of Bowring's formula is exact on the surface itself.
@@ -24,30 +23,31 @@
 // Survey Review 23 (181), 323-327 (1976), one closed step without iteration.
 #pragma once
 
-namespace tessarine::MyGeometricOperations {
+#include "geodesy/figure.h"
 
-/// From the sphere. The radius may be of any number type; by default the sphere is the unit sphere.
-void SphericalLatLongToCart(double lon, double lat, double& x, double& y, double& z, double radius = 1.0);
+namespace tessarine::geodesy {
+
+struct Cartesian {
+  double x, y, z;
+};
+
+/// From the sphere; by default the unit sphere.
+[[nodiscard]] Cartesian FromSphere(LonLat position, double radius = 1.0);
 
 /// From the spheroid, at a height above it.
-void SpheroidalLatLongToCart(double lon, double lat, double& x, double& y, double& z, double semi_major,
-                             double semi_minor, double height);
+[[nodiscard]] Cartesian FromSpheroid(LonLat position, const Figure& figure, double height = 0.0);
 
-/// To the sphere through the place; the distance from the centre is not answered. The place need not lie on any
-/// particular sphere.
-void SphericalCartToLatLong(double& lon, double& lat, double x, double y, double z);
+/// To the sphere through the place, which need not lie on any particular sphere.
+[[nodiscard]] LonLat ToSphere(const Cartesian& place);
 
-/// To the latitude of the spheroid's normal through the place, which may lie on, above or below the surface. The
-/// height is read by nothing: it stands there to match the way forth, and none is answered. Away from the surface the
-/// single step loses accuracy: on the Earth 7e-12 degrees at 9 km above, 3e-8 at 640 km above, 2e-7 at 1,000 km below
-/// and 5e-6 at 3,000 km below. Only on the southern half of the axis itself, with X and Y of exactly 0, the angle runs
-/// past the pole and the latitude reads 270.
-void SpheroidalCartToLatLong(double& lon, double& lat, double x, double y, double z, double semi_major,
-                             double semi_minor, double height);
+/// To the latitude of the spheroid's normal through the place, which may lie on, above or below the surface. Away from
+/// the surface the single step loses accuracy: on the Earth 7e-12 degrees at 9 km above, 3e-8 at 640 km above, 2e-7 at
+/// 1,000 km below and 5e-6 at 3,000 km below. Only on the southern half of the axis itself, with X and Y of exactly 0,
+/// the angle runs past the pole and the latitude reads 270.
+[[nodiscard]] LonLat ToSpheroid(const Cartesian& place, const Figure& figure);
 
-/// The plain mean of three places, coordinate by coordinate. It lies below the surface that the three lie on and is
-/// not brought back to it.
-void TriangleCentroid3D(double x1, double y1, double z1, double x2, double y2, double z2, double x3, double y3,
-                        double z3, double& cx, double& cy, double& cz);
+/// The plain mean, coordinate by coordinate. It lies below the surface that the three lie on and is not brought back to
+/// it.
+[[nodiscard]] Cartesian MeanOf(const Cartesian& first, const Cartesian& second, const Cartesian& third);
 
-}  // namespace tessarine::MyGeometricOperations
+}  // namespace tessarine::geodesy

@@ -1,5 +1,5 @@
-// SPDX-License-Identifier: GPL-2.0-or-later
-// Arithmetic that raises at once: no infinity and no not-a-number travels through the geodesy core.
+// SPDX-License-Identifier: MIT
+// Arithmetic that raises at once: no infinity and no not-a-number travels through the library.
 //
 // Faults: 11 for a division by zero, 6 for a result past the range of a double, 5 for an operation without a result,
 // such as the root of a negative number. Results that underflow to 0 are results. Sums and products go unchecked
@@ -10,7 +10,8 @@
 
 #include "platform/fault.h"
 
-namespace tessarine::MyGeometricOperations::checked {
+namespace tessarine::geodesy {
+namespace checked {
 
 /// Raises fault 5 for a not-a-number and fault 6 for an infinity.
 [[noreturn]] inline void RaiseNotFinite(double value) {
@@ -48,4 +49,34 @@ namespace tessarine::MyGeometricOperations::checked {
 /// The tangent, finite at all the angles that degrees convert to.
 [[nodiscard]] inline double Tangent(double angle) { return Finite(std::tan(Finite(angle))); }
 
-}  // namespace tessarine::MyGeometricOperations::checked
+}  // namespace checked
+
+// Formulae that serve one problem at a time and several side by side are written once and take one of these two for
+// their arithmetic. Both do the same operations in the same order, so their results have the same bits.
+
+/// For one problem: the first operation without a result raises.
+struct CheckedArithmetic {
+  [[nodiscard]] static double Finite(double value) { return checked::Finite(value); }
+  [[nodiscard]] static double Divide(double a, double b) { return checked::Divide(a, b); }
+  [[nodiscard]] static double Root(double value) { return checked::Root(value); }
+  [[nodiscard]] static double Power(double base, double exponent) { return checked::Power(base, exponent); }
+  [[nodiscard]] static double Tangent(double angle) { return checked::Tangent(angle); }
+};
+
+/// For one of several problems: nothing raises, and what has no result spoils that one alone. A value that isn't finite
+/// travels on to the result, but for those that an operation would hide, as an arc tangent does: these go through
+/// `Finite`, which marks them.
+struct MarkedArithmetic {
+  bool sound = true;
+
+  [[nodiscard]] double Finite(double value) {
+    sound = sound && std::isfinite(value);
+    return value;
+  }
+  [[nodiscard]] static double Divide(double a, double b) { return a / b; }
+  [[nodiscard]] static double Root(double value) { return std::sqrt(value); }
+  [[nodiscard]] static double Power(double base, double exponent) { return std::pow(base, exponent); }
+  [[nodiscard]] static double Tangent(double angle) { return std::tan(angle); }
+};
+
+}  // namespace tessarine::geodesy

@@ -1,4 +1,4 @@
-// SPDX-License-Identifier: GPL-2.0-or-later
+// SPDX-License-Identifier: MIT
 #include "geodesy/girdle.h"
 
 #include <algorithm>
@@ -6,7 +6,7 @@
 #include <numeric>
 #include <optional>
 
-namespace tessarine::MyGeometricOperations::detail {
+namespace tessarine::geodesy::detail {
 namespace {
 
 constexpr double kTurn = 360.0;
@@ -132,4 +132,4 @@ void BeginAtSeam(Girdle& girdle, Side side, const Others& others) {
   }
 }
 
-}  // namespace tessarine::MyGeometricOperations::detail
+}  // namespace tessarine::geodesy::detail

@@ -1,4 +1,4 @@
-// SPDX-License-Identifier: GPL-2.0-or-later
+// SPDX-License-Identifier: MIT
 // A ring round the globe, and where it begins so that its seam to a pole cuts nothing.
 #pragma once
 
@@ -8,7 +8,7 @@
 
 #include "platform/geometry_types.h"
 
-namespace tessarine::MyGeometricOperations::detail {
+namespace tessarine::geodesy::detail {
 
 using Vertices = std::vector<XY>;
 
@@ -38,4 +38,4 @@ void BeginAt(Girdle& girdle, std::size_t first);
 /// With others all around it stays at the first of these. Cost: linear, but for the looks at up to 256 vertices.
 void BeginAtSeam(Girdle& girdle, Side side, const Others& others);
 
-}  // namespace tessarine::MyGeometricOperations::detail
+}  // namespace tessarine::geodesy::detail

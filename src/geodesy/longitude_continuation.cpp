@@ -1,4 +1,4 @@
-// SPDX-License-Identifier: GPL-2.0-or-later
+// SPDX-License-Identifier: MIT
 #include "geodesy/longitude_continuation.h"
 
 #include <algorithm>
@@ -7,9 +7,9 @@
 #include <optional>
 
 #include "geodesy/polar_rings.h"
-#include "platform/geometry.h"
+#include "platform/vertex_rings.h"
 
-namespace tessarine::MyGeometricOperations {
+namespace tessarine::geodesy {
 namespace {
 
 using Vertices = std::vector<XY>;
@@ -25,26 +25,23 @@ void MoveByTurns(Vertices& ring, double turns) {
 
 // A ring as the search for the one around it needs it.
 struct Nested {
-  Ring ring;
+  std::span<const XY> ring;
   Envelope box;
   double area;
   std::size_t place;
 };
 
-Nested NestedOf(const Vertices& vertices, std::size_t place) {
-  Ring ring(vertices);
-  const Envelope box = ring.Envelope();
-  const double area = std::fabs(ring.Area());
-  return {std::move(ring), box, area, place};
+Nested NestedOf(const Vertices& ring, std::size_t place) {
+  return {ring, ExtentOf(ring), std::fabs(MomentsOf(ring).area), place};
 }
 
 // A ring may touch the one around it, so one vertex on the line decides nothing: most of the vertices and middles do.
-bool LiesIn(std::span<const XY> inner, double shift, const Ring& outer) {
+bool LiesIn(std::span<const XY> inner, double shift, std::span<const XY> outer) {
   int inside = 0, outside = 0;
   for (std::size_t index = 0; index + 1 < inner.size(); ++index) {
     const XY from = inner[index], to = inner[index + 1];
     for (const XY probe : {from, XY{(from.x + to.x) / 2.0, (from.y + to.y) / 2.0}}) {
-      ++(outer.Encloses({probe.x + shift, probe.y}) ? inside : outside);
+      ++(Encloses(outer, {probe.x + shift, probe.y}) ? inside : outside);
     }
     if (index == 1 && (inside == 0 || outside == 0)) break;
   }
@@ -60,7 +57,7 @@ std::optional<double> TurnsInto(const Nested& outer, const Nested& inner) {
   for (double turn = least; turn <= most; ++turn) turns.push_back(turn);
   std::ranges::sort(turns, {}, [](double turn) { return std::fabs(turn); });
   for (const double turn : turns) {
-    if (LiesIn(inner.ring.Vertices(), turn * kTurn, outer.ring)) return turn;
+    if (LiesIn(inner.ring, turn * kTurn, outer.ring)) return turn;
   }
   return std::nullopt;
 }
@@ -167,4 +164,4 @@ std::vector<std::vector<XY>> ContinuedRings(std::vector<std::vector<XY>> rings, 
   return changed ? ArrangedRings(std::move(rings), pole).rings : rings;
 }
 
-}  // namespace tessarine::MyGeometricOperations
+}  // namespace tessarine::geodesy

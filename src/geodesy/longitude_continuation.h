@@ -1,4 +1,4 @@
-// SPDX-License-Identifier: GPL-2.0-or-later
+// SPDX-License-Identifier: MIT
 // Longitudes carried on over the edge where they start anew.
 //
 // Data jump from 170 to -170 and mean 20 degrees. Here each longitude is moved by whole turns of 360 degrees until the
@@ -21,9 +21,9 @@
 #include <span>
 #include <vector>
 
-#include "platform/geometry_types.h"
+#include "geodesy/figure.h"
 
-namespace tessarine::MyGeometricOperations {
+namespace tessarine::geodesy {
 
 /// Which poles lie inside rings round the globe.
 enum class EnclosedPole {
@@ -87,4 +87,4 @@ struct ArrangedPolygon {
 [[nodiscard]] std::vector<std::vector<XY>> ContinuedRings(std::vector<std::vector<XY>> rings,
                                                           EnclosedPole pole = EnclosedPole::BySense);
 
-}  // namespace tessarine::MyGeometricOperations
+}  // namespace tessarine::geodesy

@@ -1,4 +1,4 @@
-// SPDX-License-Identifier: GPL-2.0-or-later
+// SPDX-License-Identifier: MIT
 #include "geodesy/polar_rings.h"
 
 #include <algorithm>
@@ -10,7 +10,7 @@
 
 #include "geodesy/girdle.h"
 
-namespace tessarine::MyGeometricOperations {
+namespace tessarine::geodesy {
 namespace {
 
 using detail::BeginAt;
@@ -214,4 +214,4 @@ std::vector<Seam> JoinRingsRoundTheGlobe(std::vector<std::vector<XY>>& rings, En
   return seams;
 }
 
-}  // namespace tessarine::MyGeometricOperations
+}  // namespace tessarine::geodesy

@@ -1,4 +1,4 @@
-// SPDX-License-Identifier: GPL-2.0-or-later
+// SPDX-License-Identifier: MIT
 // Sine, tangent and arc tangent of small arguments, the kind that the sides of a digitised shape give.
 //
 // Up to `kSmall` in size each is its power series, as the argument plus a correction of at most 1/48 of it, so that
@@ -11,7 +11,7 @@
 
 #include <cmath>
 
-namespace tessarine::MyGeometricOperations::detail {
+namespace tessarine::geodesy::detail {
 
 /// Radians, or a ratio for the arc tangent: about 14 degrees.
 inline constexpr double kSmall = 0.25;
@@ -47,8 +47,5 @@ template <int Count>
 [[nodiscard]] inline double ArcTangentSeries(double x) { return Series(kArcTangentTerms, x); }
 
 [[nodiscard]] inline bool IsSmall(double x) { return std::fabs(x) <= kSmall; }
-[[nodiscard]] inline double Sine(double x) { return IsSmall(x) ? SineSeries(x) : std::sin(x); }
-[[nodiscard]] inline double Tangent(double x) { return IsSmall(x) ? TangentSeries(x) : std::tan(x); }
-[[nodiscard]] inline double ArcTangent(double x) { return IsSmall(x) ? ArcTangentSeries(x) : std::atan(x); }
 
-}  // namespace tessarine::MyGeometricOperations::detail
+}  // namespace tessarine::geodesy::detail

@@ -1,18 +1,12 @@
-// SPDX-License-Identifier: GPL-2.0-or-later
+// SPDX-License-Identifier: MIT
 #include "geodesy/spherical_area_sum.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 
-#include "geodesy/angles.h"
-#include "geodesy/cartesian.h"
-#include "geodesy/checked_arithmetic.h"
-#include "geodesy/spherical_area.h"
 #include "geodesy/spherical_triangle.h"
-#include "platform/run_stop.h"
 
-namespace tessarine::MyGeometricOperations {
+namespace tessarine::geodesy {
 namespace {
 
 // The triple product of three unit vectors is sin(s12) sin(s31) sin(A12 - A13). Both it and the azimuths are wrong by a
@@ -23,75 +17,21 @@ constexpr double kPlainLongitude = 1000.0;
 // Below this, though not at 0, the components of an azimuth may be so small that their quotient overflows.
 constexpr double kTinyLatitude = 1e-200;
 
-// The operations of `DegToRad`, without its trap. What isn't finite is caught at the end.
-double Radians(double degrees) { return degrees * kPi / 180.0; }
-
-bool IsPlain(XY at) { return std::fabs(at.x) <= kPlainLongitude && (at.y == 0.0 || std::fabs(at.y) >= kTinyLatitude); }
-
-// One function for all lanes: the series side by side, then the C library for those that aren't small.
-template <class Row, class Series, class Exact>
-void Apply(Row& lanes, Series series, Exact exact) {
-  const Row arguments = lanes;
-  for (double& lane : lanes) lane = series(lane);
-  for (std::size_t i = 0; i < lanes.size(); ++i) {
-    if (!detail::IsSmall(arguments[i])) lanes[i] = exact(arguments[i]);
-  }
+bool IsPlain(LonLat at) {
+  return std::fabs(at.x) <= kPlainLongitude && (at.y == 0.0 || std::fabs(at.y) >= kTinyLatitude);
 }
 
-template <class Row>
-void TakeSines(Row& lanes) {
-  Apply(
-      lanes, [](double x) { return detail::SineSeries(x); }, [](double x) { return std::sin(x); });
-}
-
-template <class Row>
-void TakeTangents(Row& lanes) {
-  Apply(
-      lanes, [](double x) { return detail::TangentSeries(x); }, [](double x) { return std::tan(x); });
-}
-
-template <class Row>
-void TakeArcTangents(Row& lanes) {
-  Apply(
-      lanes, [](double x) { return detail::ArcTangentSeries(x); }, [](double x) { return std::atan(x); });
-}
-
-// Central angles by the haversine form, from the halved differences of longitude and latitude and the products of the
-// cosines of latitude. A root of a number below 0 spoils its side.
-template <class Row>
-Row Sides(Row half_lambda, Row half_phi, const Row& cosines) {
-  TakeSines(half_lambda);
-  TakeSines(half_phi);
-  Row sine, cosine, sides;
-  for (std::size_t i = 0; i < sides.size(); ++i) {
-    const double h = cosines[i] * (half_lambda[i] * half_lambda[i]) + half_phi[i] * half_phi[i];
-    sine[i] = std::sqrt(h);
-    cosine[i] = std::sqrt(1.0 - h);
-    sides[i] = sine[i] / cosine[i];
-  }
-  TakeArcTangents(sides);
-  for (double& side : sides) side *= 2.0;
-  for (std::size_t i = 0; i < sides.size(); ++i) {
-    if (cosine[i] == 0.0) [[unlikely]]
-      sides[i] = 2.0 * detail::HalfSide(sine[i], cosine[i]);
-  }
-  return sides;
+double RaiseUnsound(LonLat from, LonLat to, LonLat apex, const Figure& figure) {
+  return TriangleArea(from, to, apex, figure).area;
 }
 
 }  // namespace
 
-SphericalAreaSum::SphericalAreaSum(bool want_centroid)
-    : SphericalAreaSum(detail::kWgs1984SemiMajor, detail::kWgs1984SemiMinor, want_centroid, true) {}
-
-SphericalAreaSum::SphericalAreaSum(double semi_major, double semi_minor, bool want_centroid)
-    : SphericalAreaSum(semi_major, semi_minor, want_centroid, false) {}
-
-// A volume without a real cube root makes every area unsound.
-SphericalAreaSum::SphericalAreaSum(double semi_major, double semi_minor, bool want_centroid, bool fixed)
-    : a_(semi_major), b_(semi_minor), want_centroid_(want_centroid), fixed_(fixed) {
-  const double radius = std::pow(a_ * a_ * b_, 1.0 / 3.0);
-  radius_squared_ = radius * radius;
-}
+SphericalAreaSum::SphericalAreaSum(const Figure& figure, AreaWish wish, MeasureTriangle measure)
+    : figure_(figure),
+      radius_squared_(detail::SquaredRadius<MarkedArithmetic>(figure)),
+      want_centroid_(wish == AreaWish::WithCentroid),
+      measure_(measure != nullptr ? measure : RaiseUnsound) {}
 
 void SphericalAreaSum::Vertices::Carry(std::size_t place) {
   for (Row* row : {&lon, &lat, &phi, &cos_phi, &x, &y, &z, &side}) (*row)[0] = (*row)[place];
@@ -99,19 +39,19 @@ void SphericalAreaSum::Vertices::Carry(std::size_t place) {
 }
 
 // Fills places 1 and up; what is left over repeats the last position.
-void SphericalAreaSum::Prepare(std::span<const XY> positions, const Apex& apex, Vertices& vertices) {
+void SphericalAreaSum::Prepare(std::span<const LonLat> positions, const Apex& apex, Vertices& vertices) {
   for (std::size_t i = 0; i < kLanes; ++i) {
-    const XY at = positions[std::min(i, positions.size() - 1)];
+    const LonLat at = positions[std::min(i, positions.size() - 1)];
     vertices.lon[i + 1] = at.x;
     vertices.lat[i + 1] = at.y;
     vertices.plain[i + 1] = IsPlain(at);
   }
   Lanes theta, lambda, half_lambda, half_phi, cosines;
   for (std::size_t i = 0; i < kLanes; ++i) {
-    vertices.phi[i + 1] = Radians(vertices.lat[i + 1]);
-    theta[i] = Radians(90.0 - vertices.lat[i + 1]);
-    lambda[i] = Radians(vertices.lon[i + 1]);
-    half_lambda[i] = Radians(apex.at.x - vertices.lon[i + 1]) / 2.0;
+    vertices.phi[i + 1] = detail::Radians(vertices.lat[i + 1]);
+    theta[i] = detail::Radians(90.0 - vertices.lat[i + 1]);
+    lambda[i] = detail::Radians(vertices.lon[i + 1]);
+    half_lambda[i] = detail::Radians(apex.at.x - vertices.lon[i + 1]) / 2.0;
     half_phi[i] = (apex.phi - vertices.phi[i + 1]) / 2.0;
   }
   for (std::size_t i = 0; i < kLanes; ++i) vertices.cos_phi[i + 1] = std::cos(vertices.phi[i + 1]);
@@ -122,33 +62,25 @@ void SphericalAreaSum::Prepare(std::span<const XY> positions, const Apex& apex, 
     vertices.y[i + 1] = sin_theta * std::sin(lambda[i]);
     vertices.z[i + 1] = std::cos(theta[i]);
   }
-  const Lanes sides = Sides(half_lambda, half_phi, cosines);
+  const Lanes sides = detail::Sides<MarkedArithmetic>(half_lambda, half_phi, cosines);
   std::copy(sides.begin(), sides.end(), vertices.side.begin() + 1);
 }
 
 void SphericalAreaSum::Measure(const Vertices& v, const Apex& apex, Triangles& triangles) {
   Lanes half_lambda, half_phi, cosines;
   for (std::size_t i = 0; i < kLanes; ++i) {
-    half_lambda[i] = Radians(v.lon[i] - v.lon[i + 1]) / 2.0;
+    half_lambda[i] = detail::Radians(v.lon[i] - v.lon[i + 1]) / 2.0;
     half_phi[i] = (v.phi[i] - v.phi[i + 1]) / 2.0;
     cosines[i] = v.cos_phi[i] * v.cos_phi[i + 1];
   }
-  triangles.side = Sides(half_lambda, half_phi, cosines);
+  triangles.side = detail::Sides<MarkedArithmetic>(half_lambda, half_phi, cosines);
 
-  Lanes t0, t1, t2, t3;
+  Lanes s23, s31;
   for (std::size_t i = 0; i < kLanes; ++i) {
-    const double s12 = triangles.side[i], s23 = v.side[i + 1], s31 = v.side[i];
-    const double s = (s12 + s23 + s31) / 2.0;
-    t0[i] = s / 2.0;
-    t1[i] = (s - s12) / 2.0;
-    t2[i] = (s - s23) / 2.0;
-    t3[i] = (s - s31) / 2.0;
+    s23[i] = v.side[i + 1];
+    s31[i] = v.side[i];
   }
-  for (Lanes* lanes : {&t0, &t1, &t2, &t3}) TakeTangents(*lanes);
-  Lanes& excess = triangles.excess;
-  for (std::size_t i = 0; i < kLanes; ++i) excess[i] = std::sqrt(std::fabs(t0[i] * t1[i] * t2[i] * t3[i]));
-  TakeArcTangents(excess);
-  for (double& lane : excess) lane *= 4.0;
+  triangles.excess = detail::Excesses<MarkedArithmetic>(triangles.side, s23, s31);
 
   const UnitVector& r = apex.unit;
   for (std::size_t i = 0; i < kLanes; ++i) {
@@ -159,7 +91,7 @@ void SphericalAreaSum::Measure(const Vertices& v, const Apex& apex, Triangles& t
   }
 }
 
-// The operations of `TriangleCentroid3D`.
+// The operations of `MeanOf`.
 void SphericalAreaSum::FindCenters(const Vertices& v, const Apex& apex, Triangles& triangles) {
   const UnitVector& w = apex.unit;
   for (std::size_t i = 0; i < kLanes; ++i) {
@@ -175,31 +107,20 @@ void SphericalAreaSum::FindCenters(const Vertices& v, const Apex& apex, Triangle
 
 double SphericalAreaSum::SignedArea(const Vertices& vertices, const Apex& apex, const Triangles& triangles,
                                     std::size_t lane) const {
-  const XY from = vertices.At(lane), to = vertices.At(lane + 1);
+  const LonLat from = vertices.At(lane), to = vertices.At(lane + 1);
   if (detail::HasNoArea(from, to, apex.at)) return 0.0;
   const double area = radius_squared_ * triangles.excess[lane];
-  if (!std::isfinite(area)) {
-    double sign = 0.0;
-    return fixed_ ? SphericalTriangleArea(from, to, apex.at, sign)
-                  : SphericalTriangleArea2(from, to, apex.at, sign, a_, b_);
-  }
+  if (!std::isfinite(area)) return measure_(from, to, apex.at, figure_);
   const double triple = triangles.triple[lane];
   const double bound = kTurnBound * (triangles.side[lane] + vertices.side[lane]);
   if (vertices.plain[lane] && vertices.plain[lane + 1] && apex.plain && std::fabs(triple) > bound) {
     return triple > 0.0 ? -area : area;
   }
-  return area * detail::SignOfTurn(from, to, apex.at);
-}
-
-// The centre of one triangle by the routines that report what there is to report, brought to the unit sphere.
-SphericalAreaSum::UnitVector SphericalAreaSum::ReportedCenter(XY from, XY to, XY apex) {
-  UnitVector p{}, q{}, r{}, center{};
-  SphericalLatLongToCart(from.x, from.y, p.x, p.y, p.z);
-  SphericalLatLongToCart(to.x, to.y, q.x, q.y, q.z);
-  SphericalLatLongToCart(apex.x, apex.y, r.x, r.y, r.z);
-  TriangleCentroid3D(p.x, p.y, p.z, q.x, q.y, q.z, r.x, r.y, r.z, center.x, center.y, center.z);
-  const double length = checked::Finite(std::sqrt(center.x * center.x + center.y * center.y + center.z * center.z));
-  return {checked::Divide(center.x, length), checked::Divide(center.y, length), checked::Divide(center.z, length)};
+  try {
+    return area * detail::SignOfTurn(from, to, apex.at);
+  } catch (const Fault&) {
+    return measure_(from, to, apex.at, figure_);
+  }
 }
 
 // In the order of the segments. Each centre counts by its area.
@@ -208,28 +129,30 @@ void SphericalAreaSum::Add(const Vertices& vertices, const Apex& apex, const Tri
     const double area = SignedArea(vertices, apex, triangles, i);
     area_ += area;
     if (!want_centroid_) continue;
-    UnitVector center{triangles.x[i], triangles.y[i], triangles.z[i]};
-    if (!(std::isfinite(triangles.length[i]) && triangles.length[i] > 0.0)) [[unlikely]]
-      center = ReportedCenter(vertices.At(i), vertices.At(i + 1), apex.at);
-    moment_.x += center.x * area;
-    moment_.y += center.y * area;
-    moment_.z += center.z * area;
+    const double length = triangles.length[i];
+    // Only a place that isn't finite makes such a length; `measure_` knows of it, unless the triangle has no area.
+    if (!std::isfinite(length)) [[unlikely]]
+      continue;
+    if (length == 0.0) [[unlikely]]
+      Raise(kDivisionByZero, "Division by zero");
+    moment_.x += triangles.x[i] * area;
+    moment_.y += triangles.y[i] * area;
+    moment_.z += triangles.z[i] * area;
   }
 }
 
-void SphericalAreaSum::AddRing(std::span<const XY> ring, XY apex_at) {
+void SphericalAreaSum::AddRing(std::span<const LonLat> ring, LonLat apex_at) {
   if (ring.empty()) return;
-  Apex apex{apex_at, Radians(apex_at.y), 0.0, {}, IsPlain(apex_at)};
+  Apex apex{apex_at, detail::Radians(apex_at.y), 0.0, {}, IsPlain(apex_at)};
   apex.cos_phi = std::cos(apex.phi);
-  SphericalLatLongToCart(apex_at.x, apex_at.y, apex.unit.x, apex.unit.y, apex.unit.z);
+  const double theta = detail::Radians(90.0 - apex_at.y), lambda = detail::Radians(apex_at.x);
+  apex.unit = {std::sin(theta) * std::cos(lambda), std::sin(theta) * std::sin(lambda), std::cos(theta)};
 
   Vertices vertices;
   Triangles triangles;
   Prepare(ring.first(1), apex, vertices);
   vertices.Carry(1);
-  StopPoll poll;
   for (std::size_t next = 1; next < ring.size();) {
-    poll();
     const std::size_t count = std::min(kLanes, ring.size() - next);
     Prepare(ring.subspan(next, count), apex, vertices);
     Measure(vertices, apex, triangles);
@@ -240,13 +163,10 @@ void SphericalAreaSum::AddRing(std::span<const XY> ring, XY apex_at) {
   }
 }
 
-void SphericalAreaSum::Centroid(double& lon, double& lat) const {
-  if (area_ <= 0.0) {
-    lon = lat = kNoValue;
-    return;
-  }
-  SphericalCartToLatLong(lon, lat, checked::Divide(moment_.x, area_), checked::Divide(moment_.y, area_),
-                         checked::Divide(moment_.z, area_));
+std::optional<LonLat> SphericalAreaSum::Centroid() const {
+  if (area_ <= 0.0) return std::nullopt;
+  return ToSphere(
+      {checked::Divide(moment_.x, area_), checked::Divide(moment_.y, area_), checked::Divide(moment_.z, area_)});
 }
 
-}  // namespace tessarine::MyGeometricOperations
+}  // namespace tessarine::geodesy

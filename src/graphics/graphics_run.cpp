@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "graphics/graphics_run.h"
 
-#include "geodesy/MyGeometricOperations.h"
 #include "platform/fault.h"
 #include "platform/host.h"
 #include "platform/run_scope.h"
+#include "shapes/MyGeometricOperations.h"
 #include "support/MyGeneralOperations.h"
 #include "support/attribute_copy.h"
 #include "support/rows_on_disk.h"

@@ -10,12 +10,12 @@
 #include <string_view>
 #include <vector>
 
-#include "geodesy/short_steps.h"
 #include "planetary/planetary_lists.h"
 #include "planetary/rewrite_reports.h"
 #include "platform/application.h"
 #include "platform/run_context.h"
 #include "session/clsExtension.h"
+#include "shapes/short_steps.h"
 
 namespace tessarine {
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "planetary/frmGeoCentric.h"
 
+#include "geodesy/figure.h"
 #include "planetary/planetary_rules.h"
 #include "platform/host.h"
 #include "platform/text_formats.h"
@@ -14,7 +15,6 @@ namespace {
 using namespace MyGeneralOperations;
 
 constexpr const char* kFirstName = "WGS 1984";
-constexpr double kFirstMajorAxis = 6378137.0, kFirstMinorAxis = 6356752.31424518;
 
 }  // namespace
 
@@ -70,7 +70,7 @@ void frmGeoCentric::SetArcApplication(const std::shared_ptr<VarArray>& input) {
     const std::shared_ptr<clsExtension> extension = Require(given.Extension(), "clsExtension");
     SetCaption(given.Caption());
     txtMessage.SetText(given.Instruction());
-    ShowSpheroid(kFirstName, kFirstMajorAxis, kFirstMinorAxis);
+    ShowSpheroid(kFirstName, geodesy::kWgs1984.semi_major, geodesy::kWgs1984.semi_minor);
     Begin(given.Application(), extension, ReleasedLayerName(extension->frmGeoCentricReturn));
     ShowShift(extension->LongitudeShift);
     OptionButton& option = extension->LongitudeWrapOption == kWrap180   ? optWrap180

@@ -75,8 +75,7 @@ std::shared_ptr<VarArray> WrapArguments::Make(const std::shared_ptr<IFeatureLaye
 
 StepChoice WrapArguments::Steps() const {
   if (list_->Count() <= kPole) return {};
-  return {static_cast<LongSteps>(At(kSteps).AsLong()),
-          static_cast<MyGeometricOperations::EnclosedPole>(At(kPole).AsLong())};
+  return {static_cast<LongSteps>(At(kSteps).AsLong()), static_cast<geodesy::EnclosedPole>(At(kPole).AsLong())};
 }
 
 std::shared_ptr<VarArray> GeoCentricArguments::Make(const std::shared_ptr<IFeatureLayer>& layer,

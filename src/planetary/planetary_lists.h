@@ -9,10 +9,10 @@
 #include <vector>
 
 #include "geodesy/longitude_continuation.h"
-#include "geodesy/wrap.h"
 #include "platform/arrays.h"
 #include "platform/map.h"
 #include "session/clsExtension.h"
+#include "shapes/wrap.h"
 #include "support/output_chooser.h"
 
 namespace tessarine {
@@ -31,7 +31,7 @@ enum class LongSteps : std::int32_t { kAsTheyStand = 0, kShortWay = 1 };
 /// How shapes that jump over the edge are read.
 struct StepChoice {
   LongSteps steps = LongSteps::kAsTheyStand;
-  MyGeometricOperations::EnclosedPole pole = MyGeometricOperations::EnclosedPole::SmallerPart;
+  geodesy::EnclosedPole pole = geodesy::EnclosedPole::SmallerPart;
 };
 
 constexpr WrapBox kBox180{-180.0, 90.0, 180.0, -90.0};

@@ -9,7 +9,7 @@
 namespace tessarine {
 namespace {
 
-using MyGeometricOperations::EnclosedPole;
+using geodesy::EnclosedPole;
 
 constexpr std::array kPoles = {PoleRow{EnclosedPole::SmallerPart, "", "the smaller part", "Smaller Part"},
                                PoleRow{EnclosedPole::North, "north", "the north pole", "North Pole"},

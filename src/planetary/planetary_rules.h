@@ -8,9 +8,9 @@
 #include <string_view>
 
 #include "geodesy/longitude_continuation.h"
-#include "geodesy/wrap.h"
 #include "platform/map.h"
 #include "platform/tool.h"
+#include "shapes/wrap.h"
 
 namespace tessarine {
 
@@ -19,14 +19,14 @@ namespace tessarine {
 
 /// What rings round the globe may hold.
 struct PoleRow {
-  MyGeometricOperations::EnclosedPole pole;
+  geodesy::EnclosedPole pole;
   std::string_view word;  ///< as a choice; empty for the one that is taken without any
   const char* line;       ///< in the dialog
   const char* report_text;
 };
 [[nodiscard]] std::span<const PoleRow> AllPoles();
 /// The row of a pole, or that of the word; the first for any other.
-[[nodiscard]] const PoleRow& RowOfPole(MyGeometricOperations::EnclosedPole pole);
+[[nodiscard]] const PoleRow& RowOfPole(geodesy::EnclosedPole pole);
 [[nodiscard]] const PoleRow& RowOfPole(std::string_view word);
 
 /// The sides of a box as somebody wrote them.

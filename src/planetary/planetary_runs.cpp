@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "planetary/planetary_runs.h"
 
-#include "geodesy/MyGeometricOperations.h"
-#include "geodesy/short_steps.h"
 #include "planetary/LongitudeForm.h"
 #include "planetary/feature_rewrite.h"
 #include "planetary/planetary_rules.h"
 #include "platform/host.h"
 #include "platform/run_scope.h"
+#include "shapes/MyGeometricOperations.h"
+#include "shapes/short_steps.h"
 #include "support/MyGeneralOperations.h"
 
 namespace tessarine {

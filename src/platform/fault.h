@@ -1,4 +1,4 @@
-// SPDX-License-Identifier: GPL-2.0-or-later
+// SPDX-License-Identifier: MIT
 // A fault: what every failing call of the platform and of the suite raises.
 #pragma once
 

@@ -1,31 +1,16 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "platform/fault.h"
 #include "platform/geometry.h"
+#include "platform/vertex_rings.h"
 
 namespace tessarine {
 namespace {
 
 // Counter-clockwise area and its first moments, all about the ring's first vertex.
-struct RingMoments {
-  double area = 0.0, x = 0.0, y = 0.0;
-};
-
 RingMoments MomentsOf(const Ring& ring) {
-  RingMoments sums;
-  const std::span<const XY> vertices = ring.Vertices();
-  if (vertices.empty()) return sums;
-  const XY origin = vertices.front();
-  for (std::size_t index = 0; index < vertices.size(); ++index) {
-    const XY from = vertices[index];
-    const XY to = vertices[index + 1 < vertices.size() ? index + 1 : 0];
-    const double x1 = from.x - origin.x, y1 = from.y - origin.y;
-    const double x2 = to.x - origin.x, y2 = to.y - origin.y;
-    const double cross = x1 * y2 - x2 * y1;
-    sums.area += cross / 2.0;
-    sums.x += (x1 + x2) * cross / 6.0;
-    sums.y += (y1 + y2) * cross / 6.0;
-  }
+  RingMoments sums = tessarine::MomentsOf(ring.Vertices());
   for (const Path::CurveAt& curve : ring.Curves()) {
+    const XY origin = ring.FromPoint();
     const Segment local = curve.segment.Moved(-origin.x, -origin.y);
     const XY moment = local.MomentBeyondChord();
     sums.area += local.AreaBeyondChord();
@@ -33,12 +18,6 @@ RingMoments MomentsOf(const Ring& ring) {
     sums.y += moment.y;
   }
   return sums;
-}
-
-// How many times the ray to the right of the point meets the piece, modulo 2.
-bool Crosses(XY from, XY to, XY point) {
-  return (from.y > point.y) != (to.y > point.y) &&
-         point.x < (to.x - from.x) * (point.y - from.y) / (to.y - from.y) + from.x;
 }
 
 constexpr int kPiecesPerCurve = 256;
@@ -61,24 +40,17 @@ XY Ring::Centroid() const {
 }
 
 bool Ring::Encloses(XY point) const {
-  bool inside = false;
   const std::span<const XY> vertices = Vertices();
-  auto curve = Curves().begin();
-  const auto last_curve = Curves().end();
-  for (std::size_t index = 0; index < vertices.size(); ++index) {
-    const XY from = vertices[index];
-    const XY to = vertices[index + 1 < vertices.size() ? index + 1 : 0];
-    if (curve == last_curve || curve->index != index) {
-      if (Crosses(from, to, point)) inside = !inside;
-      continue;
-    }
-    XY start = from;
+  bool inside = tessarine::Encloses(vertices, point);
+  // Each curve takes the place of its chord.
+  for (const CurveAt& curve : Curves()) {
+    XY start = vertices[curve.index];
+    if (RayMeets(start, vertices[curve.index + 1 < vertices.size() ? curve.index + 1 : 0], point)) inside = !inside;
     for (int piece = 1; piece <= kPiecesPerCurve; ++piece) {
-      const XY end = curve->segment.QueryPoint(esriNoExtension, static_cast<double>(piece) / kPiecesPerCurve, true);
-      if (Crosses(start, end, point)) inside = !inside;
+      const XY end = curve.segment.QueryPoint(esriNoExtension, static_cast<double>(piece) / kPiecesPerCurve, true);
+      if (RayMeets(start, end, point)) inside = !inside;
       start = end;
     }
-    ++curve;
   }
   return inside;
 }

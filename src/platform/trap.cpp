@@ -14,12 +14,6 @@ thread_local int t_silences = 0;
 
 }  // namespace
 
-std::string SourceFileName(std::string_view path) {
-  constexpr std::string_view kRoot = "src/";
-  const auto at = path.rfind(kRoot);
-  return std::string(at == std::string_view::npos ? path : path.substr(at + kRoot.size()));
-}
-
 Fault CurrentFault() {
   try {
     throw;

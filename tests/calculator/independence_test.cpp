@@ -9,9 +9,9 @@
 
 #include "calculator/geometry_options.h"
 #include "calculator/measures.h"
-#include "geodesy/geographic_shape.h"
 #include "helpers/shapes.h"
-#include "tests/geodesy/fault_log.h"
+#include "shapes/geographic_shape.h"
+#include "tests/shapes/fault_log.h"
 
 namespace tessarine {
 namespace {

@@ -10,15 +10,15 @@
 #include "calculator/geometry_options.h"
 #include "calculator/measures.h"
 #include "engine/data_source.h"
-#include "geodesy/MyGeometricOperations.h"
 #include "helpers/shapes.h"
+#include "shapes/MyGeometricOperations.h"
 
 namespace tessarine {
 namespace {
 
 using namespace testing;
 using enum SpatialKind;
-namespace geodesy = MyGeometricOperations;
+namespace shapes = MyGeometricOperations;
 
 SpatialReferenceRef Reference(const std::string& text) { return SpatialReferenceEnvironment::CreateFromText(text); }
 
@@ -57,7 +57,7 @@ XY PositionOf(MeasureRecord& record, std::int32_t id) {
 }
 
 MeasureSettings SettingsOf(const SpatialReferenceRef& reference, esriGeometryType shape = esriGeometryPolygon) {
-  const auto spheroid = geodesy::DegreesOf(reference)->Datum()->Spheroid();
+  const auto spheroid = shapes::DegreesOf(reference)->Datum()->Spheroid();
   return {shape, SpatialKindOf(reference), reference, spheroid->SemiMajorAxis(), spheroid->SemiMinorAxis(), false};
 }
 
@@ -68,7 +68,7 @@ Values MeasuresOf(const std::shared_ptr<Polygon>& polygon) {
   const XY centroid = PositionOf(*record, geographic ? 2 : 4);
   return {ValueOf(*record, geographic ? 1 : 2), ValueOf(*record, geographic ? 3 : 6),
           ValueOf(*record, geographic ? 6 : 9),
-          centroid == kNoCentroid ? centroid : geodesy::ToDegrees(centroid, settings.Reference)};
+          centroid == kNoCentroid ? centroid : shapes::ToDegrees(centroid, settings.Reference)};
 }
 
 double Apart(XY a, XY b) {
@@ -86,7 +86,7 @@ void ExpectSame(const Values& projected, const Values& geographic) {
 // The shape in the geographic reference beneath a projection, so that no shift of datum comes in.
 std::shared_ptr<Polygon> InDegrees(const Polygon& shape, const std::string& projection) {
   auto geographic = CloneOf(shape);
-  geographic->SetSpatialReference(geodesy::DegreesOf(Reference(projection)));
+  geographic->SetSpatialReference(shapes::DegreesOf(Reference(projection)));
   return geographic;
 }
 
@@ -255,7 +255,7 @@ TEST(ProjectedShapes, FramesOfTheWorldStayWide) {
   const double expected = MeasuresOf(InDegrees(*PolygonOf({Box(-180, -60, 180, 60)}), "EPSG:3857")).spheroidal_area;
   for (const char* projection : {"EPSG:3857", "EPSG:3832"}) {
     const SpatialReferenceRef reference = Reference(projection);
-    const double top = geodesy::FromDegrees({10, 60}, reference).y, edge = 20037508.342789244;
+    const double top = shapes::FromDegrees({10, 60}, reference).y, edge = 20037508.342789244;
     const auto frame = PolygonOf({Box(-edge, -top, edge, top)});
     frame->SetSpatialReference(reference);
     EXPECT_NEAR(MeasuresOf(frame).spheroidal_area / expected, 1.0, 1e-9) << projection;
@@ -269,7 +269,7 @@ TEST(ProjectedShapes, RingsRoundThePoleOfTheMap) {
     std::vector<XY> ring;
     for (int step = 0; step <= 720; ++step) {
       const double longitude = (clockwise ? 0.5 : -0.5) * (step % 720);
-      ring.push_back(geodesy::FromDegrees({std::remainder(longitude, 360.0), latitude}, reference));
+      ring.push_back(shapes::FromDegrees({std::remainder(longitude, 360.0), latitude}, reference));
     }
     return ring;
   };
@@ -444,7 +444,7 @@ TEST(OtherAngularUnits, MeasureAsDegrees) {
       return copy;
     };
     const auto degrees = PolygonOf({Box(1, 45, 3, 47), Box(1.5, 45.5, 2.5, 46.5, false)});
-    degrees->SetSpatialReference(geodesy::DegreesOf(row.reference));
+    degrees->SetSpatialReference(shapes::DegreesOf(row.reference));
     const Values expected = MeasuresOf(degrees);
     const Values values = MeasuresOf(Cast<Polygon>(GeometryRef(in_unit(*degrees))));
     EXPECT_LT(Apart(values.centroid, expected.centroid), 1e-9);
@@ -458,7 +458,7 @@ TEST(OtherAngularUnits, MeasureAsDegrees) {
     EXPECT_NEAR(centroid.y * row.unit, expected.centroid.y, 1e-9);
 
     const auto line = PolylineOf({{{1, 45}, {2, 46}, {5, 44}}});
-    line->SetSpatialReference(geodesy::DegreesOf(row.reference));
+    line->SetSpatialReference(shapes::DegreesOf(row.reference));
     MeasureSettings in_degrees = SettingsOf(line->SpatialReference(), esriGeometryPolyline);
     MeasureSettings in_units = SettingsOf(row.reference, esriGeometryPolyline);
     const auto first = BeginRecord(CloneOf(*line), in_degrees), second = BeginRecord(in_unit(*line), in_units);
@@ -472,9 +472,9 @@ TEST(OtherAngularUnits, MeasureAsDegrees) {
 // EPSG:27572 is defined on a reference in grads; longitudes and latitudes are degrees all the same.
 TEST(OtherAngularUnits, AProjectionOverGradsGivesDegrees) {
   const SpatialReferenceRef lambert = Reference("EPSG:27572");
-  EXPECT_NEAR(geodesy::ToDegrees({600000, 2200000}, lambert).x, 0.0, 1e-9);
-  EXPECT_NEAR(geodesy::ToDegrees({600000, 2200000}, lambert).y, 46.8, 1e-9);
-  const auto geographic = geodesy::DegreesOf(lambert);
+  EXPECT_NEAR(shapes::ToDegrees({600000, 2200000}, lambert).x, 0.0, 1e-9);
+  EXPECT_NEAR(shapes::ToDegrees({600000, 2200000}, lambert).y, 46.8, 1e-9);
+  const auto geographic = shapes::DegreesOf(lambert);
   EXPECT_EQ(geographic->PrimeMeridian().Name, "Paris");
   EXPECT_NEAR(geographic->PrimeMeridian().Longitude, 2.33722917, 1e-8);
 }

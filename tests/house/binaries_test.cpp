@@ -26,4 +26,14 @@ TEST(BinariesTest, NoPathOfTheBuildMachineStandsInThem) {
       << "the places of faults are named below the source root";
 }
 
+TEST(BinariesTest, TheGeodesyLibraryNeedsNoOther) {
+  const std::string alone = Bytes(TESSARINE_GEODESY_EXAMPLE), platform = Bytes(TESSARINE_PLATFORM_LIBRARY);
+  ASSERT_NE(alone.find("libm.so"), std::string::npos);
+  for (const char* library : {"libgdal", "libgeos", "libproj", "libsqlite3"}) {
+    EXPECT_NE(platform.find(library), std::string::npos) << library;
+    EXPECT_EQ(alone.find(library), std::string::npos) << library;
+  }
+  EXPECT_EQ(alone.find("libtessarine"), std::string::npos);
+}
+
 }  // namespace

@@ -159,7 +159,7 @@ TEST_F(PlanetaryFormTest, OkOfTheWrapRefusesWhatIsNoBox) {
 }
 
 TEST_F(PlanetaryFormTest, StepsOverTheEdgeAreAChoiceThatIsOffAtFirst) {
-  using MyGeometricOperations::EnclosedPole;
+  using geodesy::EnclosedPole;
   OpenWrap();
   EXPECT_EQ(wrap.chkShortSteps.Value(), CheckBox::kUnchecked);
   EXPECT_FALSE(wrap.cboPole.Enabled());

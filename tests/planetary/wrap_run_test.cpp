@@ -2,7 +2,7 @@
 // The wrap as a run: what is stored and what is told.
 #include <cmath>
 
-#include "geodesy/wrap.h"
+#include "shapes/wrap.h"
 #include "support/progress_form.h"
 #include "tests/planetary/planetary_fixture.h"
 
@@ -179,7 +179,7 @@ TEST_F(WrapRunTest, StepsGoTheShortWayIfAskedFor) {
   EXPECT_THAT(as_given, Not(HasSubstr("Steps")));
   EXPECT_NEAR(Output().rows.at(0).Area(), 3400.0, 1e-9);
   place.Name = "short.shp";
-  const StepChoice short_way{LongSteps::kShortWay, MyGeometricOperations::EnclosedPole::SmallerPart};
+  const StepChoice short_way{LongSteps::kShortWay, geodesy::EnclosedPole::SmallerPart};
   const std::string text = Wrap(kBox180, kWrap180, 0.0, false, short_way);
   const StoredClass output = Output();
   EXPECT_NEAR(output.rows.at(0).Area(), 200.0, 1e-9);
@@ -189,7 +189,7 @@ TEST_F(WrapRunTest, StepsGoTheShortWayIfAskedFor) {
   EXPECT_THAT(text, HasSubstr("NOTE:  Rings round the globe were led over a pole:\n  --> North Pole:  OID #2\n-"));
   EXPECT_THAT(text, Not(HasSubstr("changed")));
   place.Name = "south.shp";
-  Wrap(kBox180, kWrap180, 0.0, false, {LongSteps::kShortWay, MyGeometricOperations::EnclosedPole::South});
+  Wrap(kBox180, kWrap180, 0.0, false, {LongSteps::kShortWay, geodesy::EnclosedPole::South});
   EXPECT_NEAR(Output().rows.at(1).Area(), 360.0 * 170, 1e-9);
 }
 

@@ -16,35 +16,26 @@
 #include <string_view>
 #include <utility>
 
-#include "geodesy/convergence.h"
+#include "geodesy/geodesics.h"
 #include "geodesy/longitude_continuation.h"
-#include "geodesy/vincenty.h"
 #include "hosts/document/map_document.h"
 #include "hosts/terminal/commands.h"
 #include "hosts/terminal/refusal.h"
 #include "hosts/terminal/spheroid_options.h"
 #include "hosts/terminal/terminal_host.h"
 #include "platform/exact_geodesy.h"
-#include "platform/trap.h"
+#include "platform/fault.h"
 
 namespace tessarine {
 namespace {
 
-namespace geodesy = MyGeometricOperations;
-
-struct Axes {
-  double semi_major, semi_minor;
-};
-constexpr Axes kWgs84{6378137.0, 6356752.31424518};
-
+using geodesy::Figure;
 using FourNumbers = std::array<double, 4>;
 
 /// What a problem is solved on, and how.
 struct Way {
-  std::optional<Axes> axes;  ///< none for WGS 1984
+  Figure figure = geodesy::kWgs1984;
   bool exactly = false;
-
-  [[nodiscard]] Axes Used() const { return axes.value_or(kWgs84); }
 };
 
 /// A value of a result: its name, and the places after the point that are worth reading.
@@ -60,67 +51,44 @@ struct Solution {
   bool converged = true;
 };
 
-/// While it lives, a fault that a routine traps is kept here instead of being reported.
-class FaultCatcher {
- public:
-  FaultCatcher() : previous_(SetFaultReporter(Keep)) { kept_.reset(); }
-  ~FaultCatcher() { SetFaultReporter(previous_); }
-  FaultCatcher(const FaultCatcher&) = delete;
-  FaultCatcher& operator=(const FaultCatcher&) = delete;
-
-  /// What was kept since the last call.
-  static std::optional<std::string> Take() { return std::exchange(kept_, std::nullopt); }
-
- private:
-  static void Keep(const TrapSite&, const Fault& fault) {
-    if (!kept_) kept_ = fault.Description();
-  }
-
-  static inline std::optional<std::string> kept_;
-  FaultReporter previous_;
-};
-
 std::array<Result, 3> InverseResults(double length, double start, double end) {
   return {{{"distance", 4, length}, {"azimuth1", 8, start}, {"azimuth2", 8, end}}};
 }
 
-Solution SolveInverseWithoutSeries(const FourNumbers& given, const Axes& axes, bool converged) {
+Solution SolveInverseWithoutSeries(const FourNumbers& given, const Figure& figure, bool converged) {
   const ExactGeodesic exact =
-      SolveInverseExactly({given[0], given[1]}, {given[2], given[3]}, axes.semi_major, axes.semi_minor);
+      SolveInverseExactly({given[0], given[1]}, {given[2], given[3]}, figure.semi_major, figure.semi_minor);
   return {InverseResults(exact.distance, exact.azimuth1, exact.azimuth2),
-          std::string(ExactGeodesyMethod(axes.semi_major, axes.semi_minor)), converged};
+          std::string(ExactGeodesyMethod(figure.semi_major, figure.semi_minor)), converged};
 }
 
 // Nearly antipodal positions are left to the exact method.
 Solution SolveInverse(const FourNumbers& given, const Way& way) {
-  if (way.exactly) return SolveInverseWithoutSeries(given, way.Used(), true);
-  double azimuth1 = 0.0, azimuth2 = 0.0;
+  if (way.exactly) return SolveInverseWithoutSeries(given, way.figure, true);
   // A turn apart, as -180 and 180 are, the iteration wouldn't start.
   const double lon2 = geodesy::WithinOneTurn(given[0], given[2]);
-  const geodesy::ConvergenceWatch watch;
-  const double distance =
-      way.axes ? geodesy::DistanceVincentyNumbers2(given[0], given[1], lon2, given[3], azimuth1, azimuth2,
-                                                   way.axes->semi_major, way.axes->semi_minor)
-               : geodesy::DistanceVincentyNumbers(given[0], given[1], lon2, given[3], azimuth1, azimuth2);
-  if (!FaultCatcher::Take() && watch.AllConverged()) return {InverseResults(distance, azimuth1, azimuth2)};
-  return SolveInverseWithoutSeries(given, way.Used(), false);
+  try {
+    const geodesy::GeodesicLine line = geodesy::Inverse({given[0], given[1]}, {lon2, given[3]}, way.figure);
+    if (line.converged) return {InverseResults(line.distance, line.azimuth1, line.azimuth2)};
+  } catch (const Fault&) {
+    // The series has no answer between these two; the exact method may.
+  }
+  return SolveInverseWithoutSeries(given, way.figure, false);
 }
 
 Solution SolveDirect(const FourNumbers& given, const Way& way) {
-  const Axes used = way.Used();
+  const double semi_major = way.figure.semi_major, semi_minor = way.figure.semi_minor;
   const auto results = [](XY end, double azimuth) {
     return std::array<Result, 3>{{{"lon", 9, end.x}, {"lat", 9, end.y}, {"azimuth2", 8, azimuth}}};
   };
   if (way.exactly) {
-    const ExactPosition exact =
-        SolveDirectExactly({given[0], given[1]}, given[2], given[3], used.semi_major, used.semi_minor);
-    return {results(exact.end, exact.azimuth2), std::string(ExactGeodesyMethod(used.semi_major, used.semi_minor))};
+    const ExactPosition exact = SolveDirectExactly({given[0], given[1]}, given[2], given[3], semi_major, semi_minor);
+    return {results(exact.end, exact.azimuth2), std::string(ExactGeodesyMethod(semi_major, semi_minor))};
   }
-  XY end{};
-  double azimuth2 = 0.0;
-  geodesy::PointLineVincentyPerPoint2(XY{given[0], given[1]}, given[2], given[3], end, azimuth2, used.semi_major,
-                                      used.semi_minor);
-  return {results(end, azimuth2)};
+  // Points along lines take the flattening of the axes in all tools, on WGS 1984 too.
+  const geodesy::GeodesicEnd end =
+      geodesy::Direct({given[0], given[1]}, given[3], given[2], Figure::FromAxes(semi_major, semi_minor));
+  return {results(end.position, end.azimuth2)};
 }
 
 struct ProblemRow {
@@ -210,9 +178,7 @@ class GeodesicPrinter {
   void PrintLine(std::string_view line) {
     ++line_number_;
     try {
-      const Solution solution = problem_.solve(ReadNumbers(problem_, line), way_);
-      if (const std::optional<std::string> fault = FaultCatcher::Take()) throw std::invalid_argument(*fault);
-      PrintSolution(solution);
+      PrintSolution(problem_.solve(ReadNumbers(problem_, line), way_));
     } catch (const std::invalid_argument& error) {
       failed_ = true;
       PrintError(error.what());
@@ -260,16 +226,15 @@ class GeodesicPrinter {
   std::int64_t line_number_ = 0;
 };
 
-std::optional<Axes> ChosenAxes(const SpheroidOptions& options) {
+Figure ChosenFigure(const SpheroidOptions& options) {
   const TerminalHost host({}, MapDocument().HostVersion);
   const std::optional<ChosenSpheroid> spheroid = ChooseSpheroid(options);
-  if (!spheroid) return std::nullopt;
-  return Axes{spheroid->semi_major_axis, spheroid->semi_minor_axis};
+  return spheroid ? Figure::FromAxes(spheroid->semi_major_axis, spheroid->semi_minor_axis) : geodesy::kWgs1984;
 }
 
 // Each result is as far off as its line is long, so this is said once.
 void TellOfRoughSeries(const Way& way) {
-  if (way.exactly || !geodesy::IsSeriesRough(way.Used().semi_major, way.Used().semi_minor)) return;
+  if (way.exactly || !geodesy::IsSeriesRough(way.figure)) return;
   fmt::print(
       stderr,
       "On a spheroid of this shape Vincenty's series is off: by up to 2e-6 of the distance at a flattening of "
@@ -278,10 +243,9 @@ void TellOfRoughSeries(const Way& way) {
 }
 
 ExitStatus RunGeodesics(const ProblemRow& problem, const GeodesicOptions& options) {
-  const Way way{ChosenAxes(options.spheroid), options.exact};
+  const Way way{ChosenFigure(options.spheroid), options.exact};
   TellOfRoughSeries(way);
   GeodesicPrinter printer(problem, way, options.json);
-  const FaultCatcher catcher;
   if (!options.numbers.empty()) {
     printer.PrintLine(fmt::format("{}", fmt::join(options.numbers, " ")));
     return printer.Failed() ? ExitStatus::Failed : ExitStatus::Done;
