@@ -62,9 +62,9 @@ namespace detail {
 
 template <class Arithmetic>
 [[nodiscard]] double AngleOf(double y, double x, Arithmetic& arithmetic) {
-  if (x > 0.0) return std::atan(arithmetic.Finite(arithmetic.Divide(y, x)));
+  if (x > 0.0) return std::atan(arithmetic.Quotient(y, x));
   if (x < 0.0) {
-    const double angle = kPi - std::atan(std::fabs(arithmetic.Finite(arithmetic.Divide(y, x))));
+    const double angle = kPi - std::atan(std::fabs(arithmetic.Quotient(y, x)));
     return y == 0.0 ? angle : angle * SignOf(y);
   }
   if (arithmetic.Finite(x) == 0.0 && y == 0.0) return 0.0;

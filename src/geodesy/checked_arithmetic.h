@@ -58,6 +58,7 @@ namespace checked {
 struct CheckedArithmetic {
   [[nodiscard]] static double Finite(double value) { return checked::Finite(value); }
   [[nodiscard]] static double Divide(double a, double b) { return checked::Divide(a, b); }
+  [[nodiscard]] static double Quotient(double a, double b) { return checked::Divide(a, b); }
   [[nodiscard]] static double Root(double value) { return checked::Root(value); }
   [[nodiscard]] static double Power(double base, double exponent) { return checked::Power(base, exponent); }
   [[nodiscard]] static double Tangent(double angle) { return checked::Tangent(angle); }
@@ -65,7 +66,7 @@ struct CheckedArithmetic {
 
 /// For one of several problems: nothing raises, and what has no result spoils that one alone. A value that isn't finite
 /// travels on to the result, but for those that an operation would hide, as an arc tangent does: these go through
-/// `Finite`, which marks them.
+/// `Finite` and `Quotient`, which mark them.
 struct MarkedArithmetic {
   bool sound = true;
 
@@ -74,6 +75,7 @@ struct MarkedArithmetic {
     return value;
   }
   [[nodiscard]] static double Divide(double a, double b) { return a / b; }
+  [[nodiscard]] double Quotient(double a, double b) { return Finite(a / b); }
   [[nodiscard]] static double Root(double value) { return std::sqrt(value); }
   [[nodiscard]] static double Power(double base, double exponent) { return std::pow(base, exponent); }
   [[nodiscard]] static double Tangent(double angle) { return std::tan(angle); }

@@ -57,7 +57,7 @@ GeodesicEnd Direct(LonLat start, double azimuth1, double distance, const Figure&
   const double sigma1 = AngleOf(tan_U1, cos_alpha1);
   const double sin_alpha = cos_U1 * sin_alpha1;
   const double cos_sq_alpha = 1.0 - sin_alpha * sin_alpha;
-  const detail::Series series = detail::SeriesOf(figure, cos_sq_alpha, CheckedArithmetic());
+  const detail::Coefficients series = detail::CoefficientsOf(figure, cos_sq_alpha, CheckedArithmetic());
   const double first_sigma = Divide(distance, figure.semi_minor * series.A);
 
   const auto arc_at = [&](double sigma) {

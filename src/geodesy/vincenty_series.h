@@ -11,12 +11,12 @@ namespace tessarine::geodesy::detail {
 inline constexpr int kPasses = 40;
 
 /// The coefficients of the distance along the line, equations 3 and 4.
-struct Series {
+struct Coefficients {
   double A, B;
 };
 
 template <class Arithmetic>
-[[nodiscard]] Series SeriesOf(const Figure& figure, double cos_sq_alpha, const Arithmetic&) {
+[[nodiscard]] Coefficients CoefficientsOf(const Figure& figure, double cos_sq_alpha, const Arithmetic&) {
   const double a_sq = figure.semi_major * figure.semi_major, b_sq = figure.semi_minor * figure.semi_minor;
   const double u_sq = Arithmetic::Divide((a_sq - b_sq) * cos_sq_alpha, b_sq);
   return {1.0 + u_sq / 16384.0 * (4096.0 + u_sq * (-768.0 + u_sq * (320.0 - 175.0 * u_sq))),
@@ -98,7 +98,7 @@ inline void Pass(InverseProblem& problem, double f, Arithmetic& arithmetic) {
 /// Equation 19.
 template <class Arithmetic>
 [[nodiscard]] double DistanceOf(const InverseProblem& problem, const Figure& figure, const Arithmetic& arithmetic) {
-  const Series series = SeriesOf(figure, problem.cos_sq_alpha, arithmetic);
+  const Coefficients series = CoefficientsOf(figure, problem.cos_sq_alpha, arithmetic);
   return figure.semi_minor * series.A * (problem.arc.sigma - DeltaSigma(series.B, problem.arc));
 }
 
