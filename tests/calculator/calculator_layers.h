@@ -9,13 +9,7 @@
 #include <string>
 
 #include "engine/test_layers.h"
-#include "helpers/fake_application.h"
-#include "helpers/reported_faults.h"
-#include "helpers/temporary_folder.h"
-#include "helpers/test_host.h"
-#include "hosts/document/document_layer.h"
-#include "hosts/document/map_document.h"
-#include "session/clsExtension.h"
+#include "helpers/suite_fixture.h"
 
 namespace tessarine::testing {
 
@@ -23,20 +17,8 @@ inline const char* const kSquare = "POLYGON ((10 40,10 41,11 41,11 40,10 40))";
 inline const char* const kSquareWithHole =
     "POLYGON ((10 40,10 41,11 41,11 40,10 40),(10.4 40.4,10.6 40.4,10.6 40.6,10.4 40.6,10.4 40.4))";
 
-class CalculatorTest : public ::testing::Test {
+class CalculatorTest : public SuiteTest {
  protected:
-  TestHost host;
-  ReportedFaults reported;
-  TemporaryFolder folder;
-  std::shared_ptr<FakeApplication> application = std::make_shared<FakeApplication>();
-  std::shared_ptr<MapDocument> document = std::make_shared<MapDocument>();
-  std::shared_ptr<clsExtension> extension = std::make_shared<clsExtension>();
-
-  void SetUp() override {
-    application->document = document;
-    application->extension = extension;
-  }
-
   std::shared_ptr<DocumentFeatureLayer> Open(const std::string& file, const std::string& name) {
     auto layer = std::make_shared<DocumentFeatureLayer>();
     layer->SetName(name);

@@ -65,6 +65,9 @@ class Mutator {
       case 5:
         text.resize(at);
         return;
+      case 6:
+        text += corpus_[Below(corpus_.size())].substr(0, Below(60));
+        return;
       default: {
         // A number stays a number.
         const std::size_t digit = text.find_first_of("0123456789", at);

@@ -3,12 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <random>
 #include <set>
 
+#include "fuzz/mutator.h"
 #include "helpers/temporary_folder.h"
 #include "helpers/test_host.h"
 #include "spheroids/spheroid_entries.h"
@@ -16,76 +13,11 @@
 namespace tessarine {
 namespace {
 
-namespace fs = std::filesystem;
-
-std::vector<std::string> Corpus() {
-  std::set<fs::path> paths;
-  for (const auto& entry : fs::directory_iterator(TESSARINE_SOURCE_DIR "/tests/fuzz/corpus/spheroids")) {
-    paths.insert(entry.path());
-  }
-  std::vector<std::string> texts;
-  for (const fs::path& path : paths) {
-    std::ifstream file(path, std::ios::binary);
-    texts.emplace_back(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
-  }
-  return texts;
+testing::Mutator DamagedFiles() {
+  return {testing::TextsOf(TESSARINE_SOURCE_DIR "/tests/fuzz/corpus/spheroids"),
+          {",", "\n", "\r", "\r\n", "e", "E+", "-", ".", "999999999", " (2)", " ", "\xFF", std::string(1, '\0'),
+           "\xEF\xBB\xBF", "inf", "nan", "0x1"}};
 }
-
-class Mutator {
- public:
-  explicit Mutator(std::vector<std::string> corpus) : corpus_(std::move(corpus)) {}
-
-  std::string Next() {
-    std::string text = corpus_[Below(corpus_.size())];
-    for (std::size_t count = 1 + Below(6); count > 0; --count) Mutate(text);
-    return text;
-  }
-
- private:
-  std::size_t Below(std::size_t bound) { return bound == 0 ? 0 : random_() % bound; }
-
-  void Mutate(std::string& text) {
-    static const std::string kTelling[] = {",",
-                                           "\n",
-                                           "\r",
-                                           "\r\n",
-                                           "e",
-                                           "E+",
-                                           "-",
-                                           ".",
-                                           "999999999",
-                                           " (2)",
-                                           " ",
-                                           "\xFF",
-                                           std::string(1, '\0'),
-                                           "\xEF\xBB\xBF",
-                                           "inf",
-                                           "nan",
-                                           "0x1"};
-    const std::size_t at = Below(text.size() + 1);
-    switch (Below(5)) {
-      case 0:
-        text.insert(at, kTelling[Below(std::size(kTelling))]);
-        return;
-      case 1:
-        text.erase(at, 1 + Below(8));
-        return;
-      case 2:
-        if (at < text.size()) text[at] = static_cast<char>(random_() & 0xFFU);
-        return;
-      case 3: {
-        const std::string piece = text.substr(at, Below(40));
-        text.insert(Below(text.size() + 1), piece);
-        return;
-      }
-      default:
-        text += corpus_[Below(corpus_.size())].substr(0, Below(60));
-    }
-  }
-
-  std::vector<std::string> corpus_;
-  std::mt19937 random_{20260314};
-};
 
 // The number of spheroids, -1 for a fault. Any other exception leaves this function and fails the test.
 template <class Read>
@@ -108,9 +40,7 @@ int Outcome(Read&& read) {
 
 // A run that only ever took one way would have tried nothing, hence the counts.
 TEST(SpheroidFileFuzz, EveryTextIsRead) {
-  const std::vector<std::string> corpus = Corpus();
-  ASSERT_GE(corpus.size(), 4U);
-  Mutator mutator(corpus);
+  testing::Mutator mutator = DamagedFiles();
   int with_spheroids = 0, without = 0;
   for (int round = 0; round < 20000; ++round) {
     const std::string text = mutator.Next();
@@ -124,7 +54,7 @@ TEST(SpheroidFileFuzz, EveryTextIsRead) {
 TEST(SpheroidFileFuzz, EveryFileIsReadOrRefused) {
   const testing::TemporaryFolder folder;
   const testing::TestHost host;
-  Mutator mutator(Corpus());
+  testing::Mutator mutator = DamagedFiles();
   int read = 0, refused = 0;
   for (int round = 0; round < 200; ++round) {
     folder.Write("spheroids.dat", mutator.Next());

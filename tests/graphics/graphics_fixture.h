@@ -9,31 +9,17 @@
 #include <memory>
 #include <string>
 
-#include "helpers/fake_application.h"
-#include "helpers/reported_faults.h"
 #include "helpers/shapes.h"
-#include "helpers/temporary_folder.h"
-#include "helpers/test_host.h"
-#include "hosts/document/document_layer.h"
-#include "hosts/document/map_document.h"
+#include "helpers/suite_fixture.h"
 #include "platform/rich_text.h"
-#include "session/clsExtension.h"
 
 namespace tessarine::testing {
 
-class GraphicsTest : public ::testing::Test {
+class GraphicsTest : public SuiteTest {
  protected:
-  TestHost host;
-  ReportedFaults reported;
-  TemporaryFolder folder;
-  std::shared_ptr<FakeApplication> application = std::make_shared<FakeApplication>();
-  std::shared_ptr<MapDocument> document = std::make_shared<MapDocument>();
-  std::shared_ptr<clsExtension> extension = std::make_shared<clsExtension>();
   std::string report;
 
   void SetUp() override {
-    application->document = document;
-    application->extension = extension;
     extension->DirectoryPath = folder.Path();
     extension->DirectoryType = "Shapefile";
     Reference("EPSG:4326");

@@ -12,12 +12,7 @@
 
 #include "conversion/modCreateVertices.h"
 #include "engine/data_source.h"
-#include "helpers/fake_application.h"
-#include "helpers/reported_faults.h"
-#include "helpers/temporary_folder.h"
-#include "helpers/test_host.h"
-#include "hosts/document/document_layer.h"
-#include "hosts/document/map_document.h"
+#include "helpers/suite_fixture.h"
 #include "platform/rich_text.h"
 
 namespace tessarine::testing {
@@ -30,21 +25,11 @@ inline std::string Shape(const std::string& type, const std::string& coordinates
   return R"({"type":")" + type + R"(","coordinates":)" + coordinates + "}";
 }
 
-class ConversionRunTest : public ::testing::Test {
+class ConversionRunTest : public SuiteTest {
  protected:
-  TestHost host;
-  ReportedFaults reported;
-  TemporaryFolder folder;
-  std::shared_ptr<FakeApplication> application = std::make_shared<FakeApplication>();
-  std::shared_ptr<MapDocument> document = std::make_shared<MapDocument>();
-  std::shared_ptr<clsExtension> extension = std::make_shared<clsExtension>();
   std::string report;  // as RTF
 
-  void SetUp() override {
-    application->document = document;
-    application->extension = extension;
-    extension->DirectoryType = "Shapefile";
-  }
+  void SetUp() override { extension->DirectoryType = "Shapefile"; }
 
   /// A layer of these features in a reference; rows are numbered from 0.
   std::shared_ptr<DocumentFeatureLayer> Layer(const std::string& name, const std::vector<std::string>& features,

@@ -7,14 +7,9 @@
 #include <ogrsf_frmts.h>
 
 #include "engine/data_source.h"
-#include "helpers/fake_application.h"
 #include "helpers/memory_class.h"
-#include "helpers/reported_faults.h"
 #include "helpers/shapes.h"
-#include "helpers/temporary_folder.h"
-#include "helpers/test_host.h"
-#include "hosts/document/document_layer.h"
-#include "hosts/document/map_document.h"
+#include "helpers/suite_fixture.h"
 #include "planetary/planetary_runs.h"
 #include "platform/rich_text.h"
 
@@ -58,21 +53,13 @@ inline StoredClass ReadStored(const std::string& file, const char* layer_name = 
   return result;
 }
 
-class PlanetaryTest : public ::testing::Test {
+class PlanetaryTest : public SuiteTest {
  protected:
-  TestHost host;
-  ReportedFaults reported;
-  TemporaryFolder folder;
-  std::shared_ptr<FakeApplication> application = std::make_shared<FakeApplication>();
-  std::shared_ptr<MapDocument> document = std::make_shared<MapDocument>();
-  std::shared_ptr<clsExtension> extension = std::make_shared<clsExtension>();
   std::shared_ptr<MemoryClass> features;
   std::shared_ptr<DocumentFeatureLayer> layer = std::make_shared<DocumentFeatureLayer>();
   MyGeneralOperations::OutputChoice place;
 
   void SetUp() override {
-    application->document = document;
-    application->extension = extension;
     application->templates = {folder.Path("map.json")};
     place.Directory = folder.Path();
     place.Name = "out.shp";
