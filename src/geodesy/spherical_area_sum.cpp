@@ -75,12 +75,9 @@ void SphericalAreaSum::Measure(const Vertices& v, const Apex& apex, Triangles& t
   }
   triangles.side = detail::Sides<MarkedArithmetic>(half_lambda, half_phi, cosines);
 
-  Lanes s23, s31;
-  for (std::size_t i = 0; i < kLanes; ++i) {
-    s23[i] = v.side[i + 1];
-    s31[i] = v.side[i];
-  }
-  triangles.excess = detail::Excesses<MarkedArithmetic>(triangles.side, s23, s31);
+  const std::span sides(v.side);
+  triangles.excess =
+      detail::Excesses<MarkedArithmetic, kLanes>(triangles.side, sides.subspan<1, kLanes>(), sides.first<kLanes>());
 
   const UnitVector& r = apex.unit;
   for (std::size_t i = 0; i < kLanes; ++i) {

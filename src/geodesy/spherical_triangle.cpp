@@ -12,11 +12,12 @@ SignedArea TriangleArea(LonLat p1, LonLat p2, LonLat p3, const Figure& figure) {
   const double squared_radius = detail::SquaredRadius<CheckedArithmetic>(figure);
   const double phi1 = ToRadians(p1.y), phi2 = ToRadians(p2.y), phi3 = ToRadians(p3.y);
   const double cos1 = std::cos(phi1), cos2 = std::cos(phi2), cos3 = std::cos(phi3);
-  const auto [s12, s23, s31] = detail::Sides<CheckedArithmetic, 3>(
+  const detail::Lanes<3> sides = detail::Sides<CheckedArithmetic, 3>(
       {ToRadians(p1.x - p2.x) / 2.0, ToRadians(p2.x - p3.x) / 2.0, ToRadians(p3.x - p1.x) / 2.0},
       {(phi1 - phi2) / 2.0, (phi2 - phi3) / 2.0, (phi3 - phi1) / 2.0}, {cos1 * cos2, cos2 * cos3, cos3 * cos1});
   const double turn = detail::SignOfTurn(p1, p2, p3);
-  const double excess = detail::Excesses<CheckedArithmetic, 1>({s12}, {s23}, {s31}).front();
+  const auto side = [&](std::size_t index) { return std::span<const double, 1>(&sides[index], 1); };
+  const double excess = detail::Excesses<CheckedArithmetic, 1>(side(0), side(1), side(2)).front();
   return {checked::Finite(squared_radius * excess * turn), turn};
 }
 

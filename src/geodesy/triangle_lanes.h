@@ -5,6 +5,7 @@
 #include <array>
 #include <cmath>
 #include <cstddef>
+#include <span>
 
 #include "geodesy/angles.h"
 #include "geodesy/small_angles.h"
@@ -66,7 +67,8 @@ template <class Arithmetic, std::size_t Count>
 
 /// The excess of each triangle from its sides, by L'Huilier's theorem.
 template <class Arithmetic, std::size_t Count>
-[[nodiscard]] Lanes<Count> Excesses(const Lanes<Count>& s12, const Lanes<Count>& s23, const Lanes<Count>& s31) {
+[[nodiscard]] Lanes<Count> Excesses(std::span<const double, Count> s12, std::span<const double, Count> s23,
+                                    std::span<const double, Count> s31) {
   Lanes<Count> t0, t1, t2, t3, excess;
   for (std::size_t i = 0; i < Count; ++i) {
     const double s = (s12[i] + s23[i] + s31[i]) / 2.0;

@@ -78,7 +78,7 @@ inline void Pass(InverseProblem& problem, double f, Arithmetic& arithmetic) {
   const double sin_lambda = std::sin(problem.lambda), cos_lambda = std::cos(problem.lambda);
   const double east = cos_U2 * sin_lambda;
   const double north = cos_U1 * sin_U2 - sin_U1 * cos_U2 * cos_lambda;
-  Arc arc;
+  Arc& arc = problem.arc;
   arc.sin_sigma = arithmetic.Root(east * east + north * north);
   arc.cos_sigma = sin_U1 * sin_U2 + cos_U1 * cos_U2 * cos_lambda;
   arc.sigma = AngleOf(arc.sin_sigma, arc.cos_sigma, arithmetic);
@@ -92,7 +92,6 @@ inline void Pass(InverseProblem& problem, double f, Arithmetic& arithmetic) {
   problem.sin_lambda = sin_lambda;
   problem.cos_lambda = cos_lambda;
   problem.cos_sq_alpha = cos_sq_alpha;
-  problem.arc = arc;
 }
 
 /// Equation 19.

@@ -76,17 +76,22 @@ class LengthsOf {
 
   bool Next(Batch& batch) {
     if (!lengths_.Next(batch)) return false;
-    NoteUnconverged(batch.unconverged);
-    for (std::size_t index = 0; batch.unsound != 0 && index < batch.lengths.size(); ++index) {
+    if (batch.unconverged != 0) NoteUnconverged(batch.unconverged);
+    if (batch.unsound != 0) [[unlikely]]
+      MeasureUnsound(batch);
+    return true;
+  }
+
+ private:
+  void MeasureUnsound(Batch& batch) const {
+    for (std::size_t index = 0; index < batch.lengths.size(); ++index) {
       if (!batch.IsUnsound(index)) continue;
       const std::size_t vertex = batch.first + index;
       batch.azimuths[index] = std::numeric_limits<double>::quiet_NaN();
       batch.lengths[index] = figure_.Measure(vertices_[vertex], vertices_[vertex + 1], batch.azimuths[index]);
     }
-    return true;
   }
 
- private:
   const LineFigure& figure_;
   Vertices vertices_;
   geodesy::SegmentLengths lengths_;
