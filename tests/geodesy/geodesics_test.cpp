@@ -209,6 +209,11 @@ TEST(SegmentLengths, AWholeTurnIsNoWayAndOnePlaceNoFault) {
       {"hardly any distance", {{0, 60.0}, {0, std::nextafter(60.0, 61.0)}}, 0},
   };
   for (const Row& row : rows) EXPECT_NEAR(LengthOf(row.path).length, row.degrees * kDegree, 1e-5) << row.name;
+  // The meridian from the equator to 10 degrees, whichever turn its far end is given in.
+  constexpr double kTenDegrees = 1105854.833;
+  for (const double turn : {360.0, 0.0, -360.0}) {
+    EXPECT_NEAR(LengthOf(std::vector<LonLat>{{0, 0}, {turn, 10}}).length, kTenDegrees, 1e-2) << turn;
+  }
   EXPECT_EQ(FaultOf([] {
               return LengthOf(std::vector<LonLat>{{0, 0}, {1, 1}}, Figure::FromAxes(0.0, 1.0)).length;
             }),

@@ -108,6 +108,16 @@ TEST(SphericalAreaSum, LeavesUnsoundTrianglesToItsCaller) {
   EXPECT_EQ(asked, 2) << "one triangle to the place past all reckoning, and one from it";
   const double sound = TriangleArea(ring[0], ring[1], apex).area + 1e6 + TriangleArea(ring[3], ring[4], apex).area;
   EXPECT_EQ(counting.Area(), sound);
+
+  // The azimuth to the apex has components too small for their quotient.
+  asked = 0;
+  SphericalAreaSum turning(kWgs1984, AreaWish::AreaAlone, [](LonLat, LonLat, LonLat, const Figure&) {
+    ++asked;
+    return 7.0;
+  });
+  turning.AddRing(Ring{{1, 1e-310}, {2, 5}}, {0, 0});
+  EXPECT_EQ(asked, 1);
+  EXPECT_EQ(turning.Area(), 7.0);
 }
 
 TEST(SphericalAreaSum, WithoutAreaThereIsNoCentre) {

@@ -210,6 +210,21 @@ TEST(SphericalPolygon, Faults) {
   EXPECT_EQ(lon, -9999.0) << "no area, no centroid";
 }
 
+TEST(SphericalAreaSum, ALongRingIsAddedWithAllItsSides) {
+  Vertices ring;
+  for (int index = 0; index <= 140000; ++index) {
+    const double angle = -2.0 * kTruePi * index / 140000;
+    ring.push_back({10.0 + 5.0 * std::cos(angle), 40.0 + 5.0 * std::sin(angle)});
+  }
+  SphericalAreaSum in_pieces = ReportingAreaSum(kA, kB, AreaWish::WithCentroid);
+  SphericalAreaSum at_once = in_pieces;
+  AddRing(in_pieces, ring, {10, 40});
+  at_once.AddRing(ring, {10, 40});
+  EXPECT_GT(at_once.Area(), 0.0);
+  EXPECT_EQ(in_pieces.Area(), at_once.Area());
+  EXPECT_EQ(in_pieces.Centroid(), at_once.Centroid());
+}
+
 // The sum over a ring against one triangle after the other, for rings that are coarse, thin, polar or repeat vertices.
 TEST(SphericalAreaSum, IsTheSumOfTriangles) {
   std::mt19937_64 random(7);
