@@ -165,7 +165,7 @@ class BuildPolygonsTool final : public Tool {
 
 namespace tools {
 
-const Tool& build_polygons() {
+const Tool& BuildPolygons() {
   static const BuildPolygonsTool tool;
   return tool;
 }

@@ -168,7 +168,7 @@ class CalculateTool final : public Tool {
 
 namespace tools {
 
-const Tool& calculate() {
+const Tool& Calculate() {
   static const CalculateTool tool;
   return tool;
 }

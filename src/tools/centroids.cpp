@@ -57,7 +57,7 @@ const ConversionRow kRow{
 
 }  // namespace
 
-const Tool& centroids() {
+const Tool& Centroids() {
   static const ConversionTool tool(kRow);
   return tool;
 }

@@ -61,7 +61,7 @@ const ConversionRow kRow{
 
 }  // namespace
 
-const Tool& combine() {
+const Tool& Combine() {
   static const ConversionTool tool(kRow);
   return tool;
 }

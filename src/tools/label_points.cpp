@@ -55,7 +55,7 @@ const ConversionRow kRow{
 
 }  // namespace
 
-const Tool& label_points() {
+const Tool& LabelPoints() {
   static const ConversionTool tool(kRow);
   return tool;
 }

@@ -65,7 +65,7 @@ const ConversionRow kRow{
 
 }  // namespace
 
-const Tool& spherical_centroids() {
+const Tool& SphericalCentroids() {
   static const ConversionTool tool(kRow);
   return tool;
 }

@@ -62,7 +62,7 @@ const ConversionRow kRow{
 
 }  // namespace
 
-const Tool& split() {
+const Tool& Split() {
   static const ConversionTool tool(kRow);
   return tool;
 }

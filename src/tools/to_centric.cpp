@@ -4,7 +4,7 @@
 
 namespace tessarine::tools {
 
-const Tool& to_centric() {
+const Tool& ToCentric() {
   static const LatitudeTool tool({
       .name = "to-centric",
       .title = "OGraphic to OCentric",

@@ -4,7 +4,7 @@
 
 namespace tessarine::tools {
 
-const Tool& to_graphic() {
+const Tool& ToGraphic() {
   static const LatitudeTool tool({
       .name = "to-graphic",
       .title = "OCentric to OGraphic",

@@ -59,7 +59,7 @@ const ConversionRow kRow{
 
 }  // namespace
 
-const Tool& to_polygons() {
+const Tool& ToPolygons() {
   static const ConversionTool tool(kRow);
   return tool;
 }

@@ -59,7 +59,7 @@ const ConversionRow kRow{
 
 }  // namespace
 
-const Tool& to_polylines() {
+const Tool& ToPolylines() {
   static const ConversionTool tool(kRow);
   return tool;
 }

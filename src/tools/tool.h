@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // A tool as the suite knows it: its spec and its run, the row of its command, and its dialog.
 //
-// Each file of this folder whose name is that of a tool, with "_" for "-", defines
+// Each file of this folder is named after its tool, with "_" for "-". label_points.cpp defines
 //
-//   const Tool& tools::label_points();
+//   const Tool& tools::LabelPoints();
 //
 // and the build makes the list of them all from the names of the files.
 #pragma once

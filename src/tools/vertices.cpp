@@ -57,7 +57,7 @@ const ConversionRow kRow{
 
 }  // namespace
 
-const Tool& vertices() {
+const Tool& Vertices() {
   static const ConversionTool tool(kRow);
   return tool;
 }

@@ -182,7 +182,7 @@ class WrapTool final : public Tool {
 
 namespace tools {
 
-const Tool& wrap() {
+const Tool& Wrap() {
   static const WrapTool tool;
   return tool;
 }
