@@ -47,7 +47,7 @@ std::string PlanBuildPolygons(RunContext& context, const BuildChoices& choices, 
            MyGeneralOperations::TrimZerosAndDecimals(choices.cluster_tolerance, false) + " " +
            EscapeRtf(UnitWord(reference)) + "\\par\r\n" + LabelLines(choices) +
            "  ** Spatial Reference:  " + EscapeRtf(reference->Name()) + "\\par\r\n" +
-           PlannedOutput(context, target, esriGeometryPolygon, transfer, sources,
+           PlannedOutput(context, target, esriGeometryPolygon, transfer, layer->FeatureClass()->Extent(), sources,
                          ForetoldLosses(*layer->FeatureClass(), layer->Name(), transfer.Carried())) +
            "}";
   });

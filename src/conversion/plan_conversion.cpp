@@ -29,7 +29,8 @@ std::string PlanConversion(RunContext& context, const ConversionRun& run, const 
       return UnknownReferenceReport(run);
     }
     context.journal = RunJournal();
-    context.journal.reference = FrameOf(run, *input).reference;
+    const OutputFrame frame = FrameOf(run, *input);
+    context.journal.reference = frame.reference;
     const OutputTarget target = SplitOutputPath(path, *extension);
     const ShapeRule rule = RuleFor(run, input->ShapeType());
     const FieldTransfer transfer = FieldTransfer::BesideInput(*input, rule.MeasureFields, *fields, target.kind);
@@ -40,7 +41,7 @@ std::string PlanConversion(RunContext& context, const ConversionRun& run, const 
            std::string(all_records ? run.Words.AllLabel : run.Words.SelectedLabel) +
            std::to_string(extension->AnalysisRecordCount) +
            ")\\par\r\n  ** Spatial Reference:  " + EscapeRtf(input->SpatialReference()->Name()) + "\\par\r\n" +
-           PlannedOutput(context, target, rule.Output, transfer, {input},
+           PlannedOutput(context, target, rule.Output, transfer, frame.extent, {input},
                          ForetoldLosses(*input, layer->Name(), transfer.Carried())) +
            RefusalLine(WhyNever(run, input->ShapeType())) + "}";
   });

@@ -47,12 +47,13 @@ std::string ForetoldLines(const FieldTransfer& transfer, const OutputTarget& tar
 }  // namespace
 
 std::string PlannedOutput(RunContext& context, const OutputTarget& target, esriGeometryType shape,
-                          const FieldTransfer& transfer, std::vector<std::shared_ptr<IClass>> sources,
-                          const std::vector<std::string>& losses) {
+                          const FieldTransfer& transfer, const Envelope& extent,
+                          std::vector<std::shared_ptr<IClass>> sources, const std::vector<std::string>& losses) {
   OutputRequest request = RequestFor(target, "");
   request.fields = transfer.OutputFields();
   request.geometry_type = shape;
   request.reference = context.journal.reference;
+  request.envelope = &extent;
   request.sources = std::move(sources);
   const OutputPlan plan = PlanOutput(context, request);
   const std::string question = NotePlan(context, plan);

@@ -147,9 +147,8 @@ class BroughtClass final : public OgrFeatureClass, public IStagedDataset, public
     };
     const GeometryRef shape = feature.ShapeCopy();
     if (!shape || shape->IsEmpty()) return written(shape);
-    if (!BringTo(way_, *shape, record, notes_)) return false;
     // What the target can't hold is the shape, as a rule; the record isn't lost with it.
-    return written(shape) || written(nullptr);
+    return (BringTo(way_, *shape, record, notes_) && written(shape)) || written(nullptr);
   }
 
   std::shared_ptr<IFeatureClass> target_;

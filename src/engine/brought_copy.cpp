@@ -59,7 +59,8 @@ void BroughtCopy::Fill(RunJournal& notes) {
     if (!stopped) EndIfStopped();
     const std::int64_t oid = merged.From().OID();
     std::unique_ptr<OGRGeometry> shape(merged.Shape() == nullptr ? nullptr : merged.Shape()->clone());
-    if (!BringTo(*rows_.way, shape, oid, notes)) continue;
+    const bool has_shape = shape != nullptr && BringTo(*rows_.way, shape, oid, notes);
+    if (!has_shape) shape.reset();
     OgrRow row(target_.copy->Traits(), OgrFeatureHandle(OGRFeature::CreateFeature(&writer.Definition())));
     TakeValues(merged, row, notes);
     const auto written = [&](std::unique_ptr<OGRGeometry> fitting) {
@@ -67,7 +68,6 @@ void BroughtCopy::Fill(RunJournal& notes) {
       row.Feature().SetGeometryDirectly(fitting.release());
       return WorkOnRecord(notes, oid, [&] { WriteRow([&] { writer.InsertRow(row); }); });
     };
-    const bool has_shape = shape != nullptr;
     bool is_written = written(FitShape(std::move(shape), target_.type, *target_.format, oid, notes));
     // What the copy can't hold is the shape, as a rule.
     if (!is_written && has_shape) is_written = written(nullptr);

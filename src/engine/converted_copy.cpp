@@ -7,6 +7,7 @@
 
 #include "engine/copy_target.h"
 #include "engine/copy_values.h"
+#include "engine/kept_reference.h"
 #include "engine/merged_rows.h"
 #include "engine/reprojection.h"
 #include "engine/stamp.h"
@@ -21,7 +22,6 @@ namespace fs = std::filesystem;
 
 constexpr const char* kMoved =
     "The shape lies a little beside the source's: the format keeps coordinates with fewer digits.";
-constexpr const char* kNoPlace = "The shape lies where it can't be brought to longitudes and latitudes.";
 constexpr const char* kNoPlaceWithoutShape = "The format keeps no record without a shape: this one isn't in the copy.";
 const std::string kRowLost = "The format doesn't take the record with its shape: this one isn't in the copy.";
 const std::string kElsewhere =
@@ -50,8 +50,10 @@ class TargetFile {
       shapes.curves = false;
     }
     type_ = LayerTypeFor(declared_, traits->shape_type, shapes, *conversion.format);
-    reference_.emplace(*conversion.format, conversion.way ? conversion.way->Target() : source.Layer().GetSpatialRef(),
-                       conversion.shown);
+    const OGRSpatialReference* meant = conversion.way ? conversion.way->Target() : source.Layer().GetSpatialRef();
+    if (meant != nullptr) meant_.reset(meant->Clone());
+    extent_ = conversion.way ? conversion.way->Bring(conversion.extent) : conversion.extent;
+    reference_.emplace(*conversion.format, meant_.get(), extent_, conversion.shown);
     dataset_ = OpenTarget(*conversion.format, path, conversion.shown);
     if (conversion.format->container && conversion.standing == StagedOutput::Standing::Replace) {
       RemoveLayer(*dataset_, conversion.layer);
@@ -108,9 +110,8 @@ class TargetFile {
   }
 
   /// A record that the format can't keep is left out, which the notes tell.
-  [[nodiscard]] bool Takes(const MergedRows& merged) const {
-    const OGRGeometry* shape = merged.Shape();
-    return !conversion_.format->needs_shapes || (shape != nullptr && !shape->IsEmpty());
+  [[nodiscard]] bool Takes() const {
+    return !conversion_.format->needs_shapes || (brought_ != nullptr && !brought_->IsEmpty());
   }
 
   /// False, which the notes tell, where the format doesn't take the record at all.
@@ -130,25 +131,28 @@ class TargetFile {
     for (const Result& result : results_) PutWorked(merged.Worked(), result.worked, row.Feature(), result.written);
     OGRFeature& feature = row.Feature();
     if (conversion_.format->keeps_identifiers && !conversion_.shapes.repeated) feature.SetFID(oid);
-    const bool has_shape = brought_ != nullptr;
-    if (std::unique_ptr<OGRGeometry> shape = TakePlaced()) {
-      feature.SetGeometryDirectly(FitShape(std::move(shape), type_, *conversion_.format, oid, notes).release());
-    } else if (has_shape) {
-      notes.NoteFault(RecordFault(kRowRefused, kNoPlace), oid);
-    }
+    feature.SetGeometryDirectly(FitShape(std::move(brought_), type_, *conversion_.format, oid, notes).release());
     return Store(feature, oid, notes);
   }
 
-  /// Brings the shape of the record to the reference that the output shall be in. False, which the notes tell, where it
-  /// has no place there.
-  [[nodiscard]] bool Bring(const MergedRows& merged, RunJournal& notes) {
+  /// Brings the shape of the record to where it is to be in the file. Where it has no place there, which the notes
+  /// tell, there is none.
+  void Bring(const MergedRows& merged, RunJournal& notes) {
     brought_.reset(merged.Shape() == nullptr ? nullptr : merged.Shape()->clone());
-    return !conversion_.way || BringTo(*conversion_.way, brought_, merged.From().OID(), notes);
+    const std::int64_t oid = merged.From().OID();
+    if (conversion_.way && !BringTo(*conversion_.way, brought_, oid, notes)) brought_.reset();
+    brought_ = reference_->Bring(std::move(brought_), oid, notes);
   }
 
-  /// The shape that was brought last, once, as it is to be in the file; null where there is none, and where it can't be
-  /// brought there.
-  [[nodiscard]] std::unique_ptr<OGRGeometry> TakePlaced() { return reference_->Bring(std::move(brought_)); }
+  /// The shape that was brought last; null where there is none.
+  [[nodiscard]] const OGRGeometry* Brought() const { return brought_.get(); }
+
+  /// What the file, read again, makes of its reference, a sentence; empty where it keeps it.
+  [[nodiscard]] std::string LossOfReference(const OGRSpatialReference* read) const {
+    const Format& format = *conversion_.format;
+    if (format.without_reference || (format.degrees && reference_->Target() == nullptr)) return "";
+    return ReferenceLoss(format.degrees ? reference_->Target() : meant_.get(), read, extent_);
+  }
 
   /// A server else makes the table with its first row.
   void MakeTable() {
@@ -252,6 +256,8 @@ class TargetFile {
   std::shared_ptr<CopyColumns> columns_;
   OGRwkbGeometryType declared_ = wkbUnknown, type_ = wkbUnknown;
   KeptOfShapes kept_;
+  OgrReference meant_;  // null for none
+  Envelope extent_;     // of the shapes in it
   std::optional<TargetReference> reference_;
   std::unique_ptr<OGRGeometry> brought_;
   DatasetHandle dataset_;
@@ -277,6 +283,7 @@ class Readback {
   }
 
   [[nodiscard]] std::string LayerName() const { return layer_.GetName(); }
+  [[nodiscard]] const OGRSpatialReference* Reference() const { return layer_.GetSpatialRef(); }
 
   /// The rows up to the end, with those that were compared.
   [[nodiscard]] std::int64_t Count() {
@@ -300,8 +307,8 @@ class Readback {
       if (result.written >= 0) CompareOne(merged.Worked(), result.worked, *row, result.written, oid);
     }
     RunJournal told;
-    static_cast<void>(file_.Bring(merged, told));
-    CompareShapes(file_.TakePlaced().get(), row->GetGeometryRef(), conversion, oid);
+    file_.Bring(merged, told);
+    CompareShapes(file_.Brought(), row->GetGeometryRef(), conversion, oid);
   }
 
  private:
@@ -392,14 +399,12 @@ LayerDefinition WriteRows(const Conversion& conversion, const std::shared_ptr<Og
   file.PrepareRows();
   while (merged.Next()) {
     poll();
-    const bool has_place = file.Bring(merged, notes);
-    left_out.push_back(!has_place);
-    const bool takes = has_place && file.Takes(merged);
-    if (takes && file.Write(merged, notes)) continue;
+    file.Bring(merged, notes);
+    const bool takes = file.Takes();
+    left_out.push_back(!takes || !file.Write(merged, notes));
+    if (!left_out.back()) continue;
     --facts.rows;
-    left_out.back() = true;
-    if (!has_place || takes) continue;
-    notes.NoteFault(RecordFault(kRowRefused, kNoPlaceWithoutShape), merged.From().OID());
+    if (!takes) notes.NoteFault(RecordFault(kRowRefused, kNoPlaceWithoutShape), merged.From().OID());
   }
   return KeptDefinition(file.Layer());
 }
@@ -443,6 +448,9 @@ void WriteConversion(const Conversion& conversion, const std::shared_ptr<OgrClas
       }
     }
     RequireAllRows(facts, readback.Count());
+    if (std::string loss = file.LossOfReference(readback.Reference()); !loss.empty()) {
+      notes.warnings.push_back({std::move(loss), 0, {}});
+    }
     notes.written = facts.rows;
   };
   if (format.server) {

@@ -25,6 +25,8 @@ struct Conversion {
   std::vector<std::string> result_fields;
   StagedOutput::Standing standing = StagedOutput::Standing::Keep;
   ShapeFacts shapes;
+  /// In the source's reference, of the data that the output is planned for; empty where that isn't known.
+  Envelope extent;
   /// Of the GeoPackage; null where the source itself was worked on.
   std::shared_ptr<const CopyColumns> worked_columns;
   /// To the reference that the output shall be in; null where that is the source's own.

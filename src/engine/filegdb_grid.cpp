@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numbers>
 
 #include "engine/filegdb_edit.h"
 #include "engine/filegdb_table.h"
@@ -47,25 +48,45 @@ bool Fits(const GdbGrid& grid, const Envelope& box) { return FitsSteps(grid, box
 
 }  // namespace
 
-std::optional<NewGrid> GridFor(const Envelope& extent, GridUnit unit) {
+std::optional<NewGrid> GridFor(const Envelope& extent, GridUnit unit, double size) {
+  // Steps are multiples of ten, none wider than those of a metre or degree.
+  const double finer = std::pow(10.0, std::max(std::ceil(std::log10(size)), 0.0));
   if (extent.IsEmpty()) {
-    if (unit != GridUnit::kUnknown) return std::nullopt;
-    return MakeGrid(kLengthOrigin, kLengthOrigin, kUnknownScale);
+    if (unit == GridUnit::kUnknown) return MakeGrid(kLengthOrigin, kLengthOrigin, kUnknownScale);
+    if (finer == 1.0) return std::nullopt;
+    const double origin = unit == GridUnit::kDegrees ? kDegreeOrigin : std::floor(kLengthOrigin / finer);
+    return MakeGrid(origin, origin, finer * (unit == GridUnit::kDegrees ? kDegreeScale : kLengthScale));
   }
   const double room = std::max({extent.Width(), extent.Height(), kLeastRoom});
   const Envelope wide(extent.XMin() - room, extent.YMin() - room, extent.XMax() + room, extent.YMax() + room);
   if (!std::isfinite(room) || !std::isfinite(wide.XMin()) || !std::isfinite(wide.YMin())) return std::nullopt;
   const NewGrid degrees = MakeGrid(kDegreeOrigin, kDegreeOrigin, kDegreeScale);
-  if (unit != GridUnit::kLength && Fits(degrees.grid, extent)) {
+  if (unit != GridUnit::kLength && finer == 1.0 && Fits(degrees.grid, extent)) {
     if (unit == GridUnit::kDegrees) return std::nullopt;
     return degrees;
   }
-  if (unit == GridUnit::kLength && Fits({kLengthOrigin, kLengthOrigin, kLengthScale}, wide)) return std::nullopt;
-  double scale = unit == GridUnit::kLength ? kLengthScale : kDegreeScale;
+  if (finer != 1.0) {
+    const NewGrid usual = *GridFor({}, unit, size);
+    if (Fits(usual.grid, wide)) return usual;
+  } else if (unit == GridUnit::kLength && Fits({kLengthOrigin, kLengthOrigin, kLengthScale}, wide)) {
+    return std::nullopt;
+  }
+  double scale = finer * (unit == GridUnit::kLength ? kLengthScale : kDegreeScale);
   const double x_origin = std::floor(wide.XMin()), y_origin = std::floor(wide.YMin());
   while (scale > 0.0 && !Fits({x_origin, y_origin, scale}, wide)) scale /= 10.0;
-  if (scale < kLeastScale) return GridFor({}, unit);
+  if (scale < kLeastScale) return GridFor({}, unit, size);
   return MakeGrid(x_origin, y_origin, scale);
+}
+
+std::optional<NewGrid> GridFor(const Envelope& extent, const SpatialReferenceRef& reference) {
+  constexpr double kDegree = std::numbers::pi / 180.0, kSameUnit = 1e-9;
+  if (const auto geographic = Cast<const GeographicCoordinateSystem>(reference)) {
+    const double degrees = geographic->CoordinateUnit().ConversionFactor / kDegree;
+    return GridFor(extent, GridUnit::kDegrees, std::fabs(degrees - 1.0) < kSameUnit ? 1.0 : degrees);
+  }
+  const auto projected = Cast<const ProjectedCoordinateSystem>(reference);
+  return projected ? GridFor(extent, GridUnit::kLength, projected->CoordinateUnit().ConversionFactor)
+                   : GridFor(extent, GridUnit::kUnknown);
 }
 
 std::optional<GdbGrid> GridOfClass(const std::string& native_path, const std::string& name) {

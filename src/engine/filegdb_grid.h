@@ -9,6 +9,7 @@
 
 #include "engine/filegdb_layout.h"
 #include "platform/geometry_types.h"
+#include "platform/spatial_reference.h"
 
 namespace tessarine::engine {
 
@@ -20,8 +21,11 @@ struct NewGrid {
 };
 
 /// The grid for coordinates within `extent`, which may be empty where it isn't known. Nothing: GDAL's own does. Room is
-/// left around the extent for shapes that come out larger than their sources.
-[[nodiscard]] std::optional<NewGrid> GridFor(const Envelope& extent, GridUnit unit);
+/// left around the extent for shapes that come out larger than their sources. `size` is that of the unit in degrees or
+/// metres: the steps of a larger one are as much finer.
+[[nodiscard]] std::optional<NewGrid> GridFor(const Envelope& extent, GridUnit unit, double size = 1.0);
+/// The same, by the unit of the reference; null is of no known unit.
+[[nodiscard]] std::optional<NewGrid> GridFor(const Envelope& extent, const SpatialReferenceRef& reference);
 
 /// The grid of a class that there is; nothing where it isn't one of a file geodatabase, or keeps no shapes.
 [[nodiscard]] std::optional<GdbGrid> GridOfClass(const std::string& native_path, const std::string& name);

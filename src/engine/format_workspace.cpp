@@ -201,6 +201,7 @@ class FormatWorkspace final : public IFeatureWorkspace, public IClassPlanner {
     PlannedFacts planned;
     Conversion conversion;
     conversion.format = &format_;
+    conversion.extent = ShapeDefinition(request).Extent;
     conversion.target = TargetOf(request.name);
     conversion.shown = ShownOf(request.name);
     conversion.layer = format_.container ? request.name : conversion.target.stem().string();

@@ -94,10 +94,7 @@ std::optional<NewGrid> GridOfNewClass(const std::string& path, const std::string
   if (!dataset_name.empty()) {
     if (const auto grid = GridOfDataset(path, dataset_name)) return grid;
   }
-  GridUnit unit = GridUnit::kUnknown;
-  if (Is<GeographicCoordinateSystem>(reference)) unit = GridUnit::kDegrees;
-  if (Is<ProjectedCoordinateSystem>(reference)) unit = GridUnit::kLength;
-  return GridFor(extent, unit);
+  return GridFor(extent, reference);
 }
 
 void AddGrid(const NewGrid& grid, CPLStringList& options) {

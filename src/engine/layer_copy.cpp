@@ -9,6 +9,7 @@
 #include "engine/copy_rows.h"
 #include "engine/copy_target.h"
 #include "engine/geodatabase_class.h"
+#include "engine/kept_reference.h"
 #include "engine/personal_geodatabase_classes.h"
 #include "engine/reprojection.h"
 #include "engine/target_reference.h"
@@ -57,6 +58,7 @@ class Copier {
 
   LayerCopy Make() {
     LayerCopy copy = !format_.updated_in_place ? MakeConverted() : way_ ? MakeBrought() : Filled(MakeTarget());
+    TellReference();
     if (way_) TellWay();
     return copy;
   }
@@ -66,6 +68,21 @@ class Copier {
   std::shared_ptr<OgrFeatureClass> MakeTarget() {
     if (format_.feature_datasets) return format_.folder ? MakeInFileGeodatabase() : MakeInPersonalGeodatabase();
     return format_.container ? MakeInGeoPackage() : MakeShapefile();
+  }
+
+  // In the copy's reference.
+  [[nodiscard]] Envelope ExtentOfCopy() const {
+    return way_ ? way_->Bring(request_.source->Extent()) : request_.source->Extent();
+  }
+
+  void TellReference() {
+    const LayerHandle source = source_->Source()->Read();
+    const OGRSpatialReference* meant = way_ ? way_->Target() : source.Layer().GetSpatialRef();
+    for (const std::string& sentence : TryReference(format_, meant, ExtentOfCopy())) {
+      facts_->foretold.push_back(sentence);
+      // Of the others it is told when they have been read again.
+      if (format_.updated_in_place && !request_.plan_only) facts_->notes.warnings.push_back({sentence, 0, {}});
+    }
   }
 
   void TellWay() {
@@ -157,9 +174,6 @@ class Copier {
     }
     if (role == LayerRole::Target) {
       TellNames(*layer->GetLayerDefn());
-      if (std::string loss = LossOfReference(format.driver, reference); !loss.empty()) {
-        facts_->foretold.push_back(std::move(loss));
-      }
       for (std::string& sentence : ForetoldOfShapes(declared, shapes, WhatIsKept(*layer, format))) {
         facts_->foretold.push_back(std::move(sentence));
       }
@@ -188,6 +202,8 @@ class Copier {
       const DatasetHandle dataset = CreateFile(DriverOf(format_), staged->Path(), ShownFile());
       layer = MakeLayer(*dataset, staged->Path().stem().string(), format_, LayerOptions(format_), ShownFile());
     }
+    const LayerHandle source = source_->Source()->Read();
+    KeepBesideShapefile(staged->Path(), way_ ? way_->Target() : source.Layer().GetSpatialRef(), ExtentOfCopy());
     return std::make_shared<CopyOf<StagedFeatureClass>>(facts_, std::move(staged), layer, Standing());
   }
 
@@ -275,6 +291,7 @@ class Copier {
     conversion.standing = Standing();
     conversion.result_fields = request_.result_fields;
     conversion.shapes = shapes_;
+    conversion.extent = request_.source->Extent();
     conversion.way = way_;
     const fs::path beside = PlaceOfWork(format_, conversion.target);
     {

@@ -30,10 +30,7 @@ std::optional<NewGrid> GridOfNewClass(jet::Database& database, const Geodatabase
       }
     }
   }
-  GridUnit unit = GridUnit::kUnknown;
-  if (Is<GeographicCoordinateSystem>(place.reference)) unit = GridUnit::kDegrees;
-  if (Is<ProjectedCoordinateSystem>(place.reference)) unit = GridUnit::kLength;
-  return GridFor(place.extent, unit);
+  return GridFor(place.extent, place.reference);
 }
 
 CPLStringList OptionsFor(jet::Database& database, const GeodatabasePlace& place) {

@@ -77,6 +77,30 @@ double PoleOf(const SpatialReference& reference) {
                                : std::numeric_limits<double>::infinity();
 }
 
+// Where places next to each other come out far apart, a projection has none for them: the poles of a Mercator
+// projection lie at infinity, and come out far away only by the rounding of their latitude.
+class Infinity {
+ public:
+  Infinity(const SpatialReference& source, const SpatialReference& target) : step_(source.XYTolerance()) {
+    const auto* projected = dynamic_cast<const ProjectedCoordinateSystem*>(&target);
+    if (projected == nullptr || projected->GeographicCoordinateSystem() == nullptr) return;
+    radius_ = projected->GeographicCoordinateSystem()->Datum()->Spheroid()->SemiMajorAxis() /
+              projected->CoordinateUnit().ConversionFactor;
+  }
+  [[nodiscard]] bool Holds(XY before, XY after, OGRCoordinateTransformation& way) const {
+    constexpr double kFar = 20.0, kApart = 0.1;  // in radii of the body
+    if (radius_ == 0.0 || std::hypot(after.x, after.y) < kFar * radius_) return false;
+    constexpr std::array<XY, 4> kDirections = {{{-1, 0}, {1, 0}, {0, -1}, {0, 1}}};
+    return std::ranges::any_of(kDirections, [&](XY direction) {
+      XY next{before.x + direction.x * step_, before.y + direction.y * step_};
+      return Transform(way, next) && std::hypot(next.x - after.x, next.y - after.y) > kApart * radius_;
+    });
+  }
+
+ private:
+  double step_, radius_ = 0.0;  // of the body in units of the target; 0 where it has none
+};
+
 }  // namespace
 
 std::vector<XY> engine::ProjectedVertices(std::span<const XY> vertices, OGRCoordinateTransformation& transformation,
@@ -90,6 +114,7 @@ std::vector<XY> engine::ProjectedVertices(std::span<const XY> vertices, OGRCoord
   }
   std::vector<int> ok(vertices.size(), 0);
   const double pole = PoleOf(target);
+  const Infinity infinity(source, target);
   const GdalErrorScope quiet;
   // In stretches, so that a stop is seen.
   constexpr std::size_t kAtOnce = 1U << 16;
@@ -101,8 +126,11 @@ std::vector<XY> engine::ProjectedVertices(std::span<const XY> vertices, OGRCoord
   std::vector<XY> result(vertices.size());
   for (std::size_t index = 0; index < vertices.size(); ++index) {
     result[index] = WithinPoles({x[index], y[index]}, pole);
-    if (ok[index] != 0 && std::isfinite(x[index]) && std::isfinite(y[index])) continue;
-    const std::optional<XY> nearby = TransformedNearby(vertices[index], transformation, source.XYTolerance());
+    const bool there = ok[index] != 0 && std::isfinite(x[index]) && std::isfinite(y[index]);
+    const bool infinite = there && infinity.Holds(vertices[index], result[index], transformation);
+    if (there && !infinite) continue;
+    const std::optional<XY> nearby =
+        infinite ? std::nullopt : TransformedNearby(vertices[index], transformation, source.XYTolerance());
     if (!nearby) {
       RaiseEngineFault("The coordinates (" + NumberText(vertices[index].x) + ", " + NumberText(vertices[index].y) +
                        ") can't be projected to '" + target.Name() + "'.");

@@ -31,7 +31,8 @@ struct Operation {
   std::string name;      // empty where the library doesn't tell one
   std::string pipeline;  // for GDAL; empty leaves the choice to it
   double accuracy = -1.0;
-  bool guessed = false;  // the datums are taken for the same
+  bool guessed = false;    // the datums are taken for the same
+  bool elsewhere = false;  // none is made for where the data lie; this one is the best of all
 };
 
 // The extent in degrees on the datum of its reference; nothing where that can't be told.
@@ -50,7 +51,9 @@ std::optional<Envelope> InDegrees(const SpatialReferenceRef& reference, const En
   return Envelope(std::max(west, -180.0), std::max(south, -90.0), std::min(east, 180.0), std::min(north, 90.0));
 }
 
-Operation BestOperation(const SpatialReferenceRef& from, const SpatialReferenceRef& to, const Envelope& extent) {
+// The best of those that are made for the area, or of all.
+Operation BestWithin(const SpatialReferenceRef& from, const SpatialReferenceRef& to,
+                     const std::optional<Envelope>& area) {
   const ProjOwned<PJ_CONTEXT> context(proj_context_create());
   proj_log_level(context.get(), PJ_LOG_NONE);
   const ProjOwned<PJ> source(proj_create(context.get(), from->Wkt().c_str()));
@@ -61,7 +64,6 @@ Operation BestOperation(const SpatialReferenceRef& from, const SpatialReferenceR
                                                        PROJ_SPATIAL_CRITERION_PARTIAL_INTERSECTION);
   proj_operation_factory_context_set_grid_availability_use(context.get(), choice.get(),
                                                            PROJ_GRID_AVAILABILITY_DISCARD_OPERATION_IF_MISSING_GRID);
-  const std::optional<Envelope> area = InDegrees(from, extent);
   if (area && area->XMin() <= area->XMax() && area->YMin() <= area->YMax()) {
     proj_operation_factory_context_set_area_of_interest(context.get(), choice.get(), area->XMin(), area->YMin(),
                                                         area->XMax(), area->YMax());
@@ -81,6 +83,17 @@ Operation BestOperation(const SpatialReferenceRef& from, const SpatialReferenceR
   return {};
 }
 
+// Outside of all areas, what is made for one of them is still far better than to take the datums for the same.
+Operation BestOperation(const SpatialReferenceRef& from, const SpatialReferenceRef& to, const Envelope& extent) {
+  const std::optional<Envelope> area = InDegrees(from, extent);
+  Operation within = BestWithin(from, to, area);
+  if (!area || (!within.guessed && !within.pipeline.empty())) return within;
+  Operation any = BestWithin(from, to, std::nullopt);
+  if (any.guessed || any.pipeline.empty()) return within;
+  any.elsewhere = true;
+  return any;
+}
+
 // A reference of a PROJ string has no name of its own.
 constexpr std::string_view kNameless = "unknown";
 
@@ -88,17 +101,21 @@ std::string ShownName(const SpatialReference& reference) {
   return reference.Name() == kNameless ? "a reference without a name" : "'" + reference.Name() + "'";
 }
 
-std::string ToldOf(const Operation& operation, const SpatialReference& from, const SpatialReference& to) {
-  std::string text = "Shapes are brought from " + ShownName(from) + " to " + ShownName(to);
-  if (!operation.name.empty() && operation.name != kNameless) text += " by '" + operation.name + "'";
+std::string MannerOf(const Operation& operation) {
+  std::string text;
+  if (!operation.name.empty() && operation.name != kNameless) text = " by '" + operation.name + "'";
   if (operation.accuracy > 0.0) text += ", to about " + NumberText(operation.accuracy) + " m";
-  text += "; measured values are those in " + (from.Name() == kNameless ? "the first" : ShownName(from)) + ".";
-  if (operation.guessed) {
-    text +=
-        " No transformation between the two datums is known here: they are taken for the same, which may be wrong "
-        "by hundreds of metres.";
-  }
   return text;
+}
+
+std::string DoubtOf(const Operation& operation) {
+  if (operation.guessed) {
+    return " No transformation between the two datums is known here: they are taken for the same, which may be wrong "
+           "by hundreds of metres.";
+  }
+  return operation.elsewhere ? " That transformation is made for another area than where the data lie: no known one is "
+                               "made for theirs."
+                             : "";
 }
 
 // Lets OGR's shapes take the way that ours take.
@@ -188,7 +205,11 @@ Reprojection::Reprojection(SpatialReferenceRef from, SpatialReferenceRef to, con
   if (!way_) {
     Raise(kInvalidCall, "There is no way from '" + from_->Name() + "' to '" + to_->Name() + "'" + errors.Quote() + ".");
   }
-  told_ = ToldOf(operation, *from_, *to_);
+  manner_ = MannerOf(operation);
+  doubt_ = DoubtOf(operation);
+  told_ = "Shapes are brought from " + ShownName(*from_) + " to " + ShownName(*to_) + manner_ +
+          "; measured values are those in " + (from_->Name() == kNameless ? "the first" : ShownName(*from_)) + "." +
+          doubt_;
 }
 
 Reprojection::Outcome Reprojection::Bring(IGeometry& shape) const {

@@ -12,11 +12,14 @@
 
 #include "engine/engine_fault.h"
 #include "engine/srs_from_gdal.h"
-#include "engine/target_reference.h"
 #include "platform/geometry.h"
 #include "platform/run_journal.h"
 
 namespace tessarine::engine {
+
+struct CoordinateWayRelease {
+  void operator()(OGRCoordinateTransformation* way) const { OGRCoordinateTransformation::DestroyCT(way); }
+};
 
 class Reprojection {
  public:
@@ -28,6 +31,10 @@ class Reprojection {
   [[nodiscard]] const OGRSpatialReference* Target() const { return target_.get(); }
   /// A sentence that names both references and the transformation.
   [[nodiscard]] const std::string& Told() const { return told_; }
+  /// Parts of it: " by 'X', to about 2 m", and what may be wrong about it, sentences that begin with a blank. Each may
+  /// be empty.
+  [[nodiscard]] const std::string& Manner() const { return manner_; }
+  [[nodiscard]] const std::string& Doubt() const { return doubt_; }
 
   /// What became of a shape.
   enum class Outcome : std::uint8_t {
@@ -49,7 +56,7 @@ class Reprojection {
   SpatialReferenceRef from_, to_;
   OgrReference target_;
   std::unique_ptr<OGRCoordinateTransformation, CoordinateWayRelease> way_;
-  std::string told_;
+  std::string told_, manner_, doubt_;
 };
 
 /// Of a shape that was torn, a whole sentence.
@@ -57,8 +64,8 @@ inline constexpr const char* kTorn =
     "An edge of the shape runs elsewhere in the output: it reaches over the edge of the map there, as over the 180th "
     "meridian or a pole, or is too long to stay straight. Cut the source there first, as 'tessarine wrap' does.";
 
-/// Brings a record's shape there. False, and a fault in the notes, where it has no place there; a warning where it is
-/// torn. Raises `RunStopped`.
+/// Brings a record's shape there. False, and a fault in the notes, where it has no place there: the record is written
+/// without it then. A warning where it is torn. Raises `RunStopped`.
 template <class Shape>
 [[nodiscard]] bool BringTo(const Reprojection& way, Shape& shape, std::int64_t oid, RunJournal& notes) {
   try {
@@ -66,7 +73,7 @@ template <class Shape>
     return true;
   } catch (const Fault&) {
     notes.NoteFault(RecordFault(kRowRefused, "A vertex of the shape has no place in '" + way.To()->Name() +
-                                                 "': this record isn't in the output."),
+                                                 "': the record has no shape in the output."),
                     oid);
     return false;
   }

@@ -6,6 +6,8 @@
 
 #include "engine/data_source.h"
 #include "engine/engine_fault.h"
+#include "engine/kept_reference.h"
+#include "engine/srs_from_gdal.h"
 #include "engine/staged_class.h"
 #include "engine/workspace_common.h"
 #include "outputs/staged_output.h"
@@ -23,11 +25,17 @@ std::string MakeShapefile(const fs::path& file, const NewClass& request) {
   RegisterDrivers();
   const GdalErrorScope errors;
   GDALDriver* driver = GetGDALDriverManager()->GetDriverByName("ESRI Shapefile");
-  const DatasetHandle dataset(driver->Create(file.c_str(), 0, 0, 0, GDT_Unknown, nullptr));
+  DatasetHandle dataset(driver->Create(file.c_str(), 0, 0, 0, GDT_Unknown, nullptr));
   if (!dataset) RaiseEngineFault("The shapefile '" + request.name + ".shp' can't be created" + errors.Quote() + ".");
   CPLStringList options;
   options.SetNameValue("ENCODING", "UTF-8");
-  return CreateLayer(*dataset, request, options, LayerShapes::AsOne);
+  std::string layer = CreateLayer(*dataset, request, options, LayerShapes::AsOne);
+  dataset.reset();
+  const GeometryDef& shape = ShapeDefinition(request);
+  if (shape.SpatialReference) {
+    KeepBesideShapefile(file, OgrFromReference(*shape.SpatialReference).get(), shape.Extent);
+  }
+  return layer;
 }
 
 class ShapefileWorkspace final : public IFeatureWorkspace {

@@ -6,6 +6,7 @@
 #include <cmath>
 
 #include "engine/engine_fault.h"
+#include "engine/kept_reference.h"
 
 namespace tessarine::engine {
 namespace {
@@ -37,12 +38,12 @@ class OntoTheEdge final : public OGRDefaultGeometryVisitor {
 
 }  // namespace
 
-TargetReference::TargetReference(const Format& format, const OGRSpatialReference* source,
+TargetReference::TargetReference(const Format& format, const OGRSpatialReference* source, const Envelope& extent,
                                  const std::filesystem::path& shown)
     : degrees_(format.degrees) {
   if (source == nullptr) return;
   if (!format.degrees) {
-    target_.reset(source->Clone());
+    target_ = UnderCode(source, extent);
     if (format.without_reference) {
       foretold_ = "The spatial reference " + Quoted(*source) + " is left out: the format keeps none.";
     }
@@ -55,38 +56,30 @@ TargetReference::TargetReference(const Format& format, const OGRSpatialReference
     target_ = std::move(wgs84);
     return;
   }
-  const GdalErrorScope errors;
-  way_.reset(OGRCreateCoordinateTransformation(own.get(), wgs84.get()));
-  if (way_) {
+  std::string problem;
+  try {
+    way_.emplace(ReferenceFromOgr(own.get()), ReferenceFromOgr(wgs84.get()), extent);
     target_ = std::move(wgs84);
-    foretold_ = "Shapes are brought from " + Quoted(*source) +
-                " to longitudes and latitudes on WGS 84: the format keeps nothing else.";
+    foretold_ = "Shapes are brought from " + Quoted(*source) + " to longitudes and latitudes on WGS 84" +
+                way_->Manner() + ": the format keeps nothing else." + way_->Doubt();
     return;
+  } catch (const Fault& fault) {
+    problem = fault.Description();
   }
   if (own->IsGeographic() == 0) {
-    Raise(kInvalidCall, "'" + shown.string() + "' can't be written: its format keeps longitudes and latitudes alone, " +
-                            "and there is no way to them from " + Quoted(*source) + errors.Quote() +
-                            ". Name another format.");
+    Raise(kInvalidCall, "'" + shown.string() + "' can't be written: its format keeps longitudes and latitudes alone. " +
+                            problem + " Name another format.");
   }
   foretold_ = "Longitudes and latitudes are written as they are in " + Quoted(*source) +
               ", which the format has no place for: readers take them for WGS 84.";
 }
 
-std::string LossOfReference(std::string_view driver, const OGRSpatialReference* reference) {
-  if (reference == nullptr || (driver != "OpenFileGDB" && driver != "ESRI Shapefile")) return "";
-  const GdalErrorScope quiet;
-  const char* const options[] = {"FORMAT=WKT1_ESRI", nullptr};
-  char* text = nullptr;
-  const bool told = reference->exportToWkt(&text, options) == OGRERR_NONE && text != nullptr && *text != '\0';
-  CPLFree(text);
-  return told ? "" : "The spatial reference " + Quoted(*reference) + " is left out: the format has no words for it.";
-}
-
-std::unique_ptr<OGRGeometry> TargetReference::Bring(std::unique_ptr<OGRGeometry> shape) const {
+std::unique_ptr<OGRGeometry> TargetReference::Bring(std::unique_ptr<OGRGeometry> shape, std::int64_t oid,
+                                                    RunJournal& notes) const {
   if (!shape || shape->IsEmpty()) return shape;
   const GdalErrorScope quiet;
   shape->assignSpatialReference(nullptr);
-  if (way_ && shape->transform(way_.get()) != OGRERR_NONE) return nullptr;
+  if (way_ && !BringTo(*way_, shape, oid, notes)) return nullptr;
   if (degrees_) {
     OntoTheEdge onto_the_edge;
     shape->accept(&onto_the_edge);

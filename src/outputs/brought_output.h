@@ -23,8 +23,8 @@ namespace tessarine {
 
 /// A class that a run works on in its own reference: it has the fields and the names of `target`, which is new, empty
 /// and in the wished one, at `place`. When it is published, its rows are written into `target`, and that is published.
-/// A row whose shape has no place there is left out; `Notes` tells it by the record that it was made of. Made by the
-/// engine.
+/// A row whose shape has no place there is written without it; `Notes` tells it by the record that it was made of. Made
+/// by the engine.
 [[nodiscard]] std::shared_ptr<IFeatureClass> WorkedInOwnReference(const std::shared_ptr<IFeatureClass>& target,
                                                                   const OutputPlace& place,
                                                                   const SpatialReferenceRef& own,

@@ -136,6 +136,7 @@ constexpr std::array kFormats = {
            .writable = true,
            .keeps_identifiers = true,
            .finite_numbers = true,
+           .degrees_by_rule = true,
            .stamp = StampPlace::Description,
            .class_names = kFileName,
            .field_names = kAnyText,

@@ -64,6 +64,7 @@ struct Format {
   bool missing_measures = false;   ///< a vertex of a class with measures may have none
   bool clockwise = false;          ///< outer rings run clockwise, and inner ones against that
   bool degrees = false;            ///< all coordinates are longitudes and latitudes on WGS 84
+  bool degrees_by_rule = false;    ///< other references can be named, but not all readers look for them
   bool without_reference = false;  ///< nothing in the file tells what its coordinates refer to
   bool server = false;             ///< a container that is no file
   bool stream = false;             ///< can be written to a pipe

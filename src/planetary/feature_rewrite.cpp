@@ -307,7 +307,10 @@ std::string PlanRewrite(RunContext& context, const FeatureRewrite& run) {
   RunJournal& journal = context.journal;
   journal = RunJournal();
   journal.reference = run.output.Reference();
-  OutputRequest request = RequestFor(run.output, Require(run.layer, "layer")->FeatureClass());
+  const std::shared_ptr<IFeatureClass> features = Require(run.layer, "layer")->FeatureClass();
+  OutputRequest request = RequestFor(run.output, features);
+  const Envelope extent = features->Extent();
+  request.envelope = &extent;
   const OutputPlan plan = PlanOutput(context, request);
   OutputChoice place = run.output.Place();
   place.Name = request.name;

@@ -125,10 +125,11 @@ double GridSizeFor(const Envelope* envelope, std::int32_t feature_count) {
 }
 
 FieldsRef PlainFields(const SpatialReferenceRef& reference, esriGeometryType geometry_type,
-                      const std::shared_ptr<VarArray>& fields, bool add_unique_id) {
+                      const std::shared_ptr<VarArray>& fields, bool add_unique_id, const Envelope& extent) {
   auto definition = std::make_shared<GeometryDef>();
   definition->GeometryType = geometry_type;
   definition->SpatialReference = reference;
+  definition->Extent = extent;
   std::vector<FieldRef> own{NewShapeField("Shape", "", definition)};
   if (add_unique_id) {
     own.push_back(NewField(UniqueFieldName("Unique_ID", kUniqueIdLimit, fields), "", esriFieldTypeInteger));
@@ -138,9 +139,10 @@ FieldsRef PlainFields(const SpatialReferenceRef& reference, esriGeometryType geo
 
 std::shared_ptr<IFeatureClass> NewPlainClass(IFeatureWorkspace& workspace, const std::string& name,
                                              const SpatialReferenceRef& reference, esriGeometryType geometry_type,
-                                             const std::shared_ptr<VarArray>& fields, bool add_unique_id) {
-  return workspace.CreateFeatureClass(name, PlainFields(reference, geometry_type, fields, add_unique_id), nullptr,
-                                      nullptr, esriFTSimple, "Shape", "");
+                                             const std::shared_ptr<VarArray>& fields, bool add_unique_id,
+                                             const Envelope& extent) {
+  return workspace.CreateFeatureClass(name, PlainFields(reference, geometry_type, fields, add_unique_id, extent),
+                                      nullptr, nullptr, esriFTSimple, "Shape", "");
 }
 
 std::shared_ptr<IFeatureClass> NewGeodatabaseClass(
@@ -203,7 +205,7 @@ std::shared_ptr<IFeatureClass> CreateShapefileFeatureClass(std::string& director
       return nullptr;
     }
     return NewPlainClass(*CreateShapefileWorkspaceFactory()->OpenFromFile(directory, 0), name, spatial_reference,
-                         geometry_type, fields, add_unique_id);
+                         geometry_type, fields, add_unique_id, {});
   });
 }
 

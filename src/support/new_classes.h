@@ -11,15 +11,18 @@
 
 namespace tessarine::MyGeneralOperations {
 
-/// The fields of a class with nothing of its own but the shape, "Shape". With `add_unique_id` it gets a whole number
+/// The fields of a class with nothing of its own but the shape, "Shape"; `extent` is that of the shapes to come, empty
+/// where it isn't known. With `add_unique_id` it gets a whole number
 /// "Unique_ID", or one with a number behind where a field of the caller's bears that name.
 [[nodiscard]] FieldsRef PlainFields(const SpatialReferenceRef& reference, esriGeometryType geometry_type,
-                                    const std::shared_ptr<VarArray>& fields, bool add_unique_id);
+                                    const std::shared_ptr<VarArray>& fields, bool add_unique_id,
+                                    const Envelope& extent);
 /// A class with these fields. The name of a shapefile has no ending.
 [[nodiscard]] std::shared_ptr<IFeatureClass> NewPlainClass(IFeatureWorkspace& workspace, const std::string& name,
                                                            const SpatialReferenceRef& reference,
                                                            esriGeometryType geometry_type,
-                                                           const std::shared_ptr<VarArray>& fields, bool add_unique_id);
+                                                           const std::shared_ptr<VarArray>& fields, bool add_unique_id,
+                                                           const Envelope& extent);
 
 /// Null without a workspace or name, and for a feature type of which no class can be made. A missing `clsid` follows
 /// from the feature type, which may force the geometry type.

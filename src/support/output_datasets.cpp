@@ -8,6 +8,7 @@
 
 #include "outputs/brought_output.h"
 #include "outputs/column_loss.h"
+#include "outputs/foretold_reference.h"
 #include "outputs/output_place.h"
 #include "outputs/staged_output.h"
 #include "outputs/temporary_layers.h"
@@ -162,6 +163,8 @@ void RefuseOtherReference(const IFeatureDataset& dataset, const SpatialReference
                           reference->Name() + "': name another dataset, or none.");
 }
 
+Envelope ExtentOf(const OutputRequest& request) { return request.envelope != nullptr ? *request.envelope : Envelope(); }
+
 std::shared_ptr<IFeatureClass> CreateAt(OutputRequest& request, const std::string& category,
                                         const std::shared_ptr<IFeatureWorkspace>& workspace,
                                         const std::shared_ptr<IFeatureDataset>& dataset) {
@@ -173,17 +176,24 @@ std::shared_ptr<IFeatureClass> CreateAt(OutputRequest& request, const std::strin
     const bool ending = EndsWithIgnoringCase(request.name, ".shp");
     const std::string name = ending ? request.name.substr(0, request.name.size() - 4) : request.name;
     return NewPlainClass(*workspace, name, request.reference, request.geometry_type, request.fields,
-                         request.add_unique_id);
+                         request.add_unique_id, ExtentOf(request));
   }
   if (!FormatOfKind(KindOfCategory(category))->HasOwnWorkspace()) {
     return NewPlainClass(*workspace, request.name, request.reference, request.geometry_type, request.fields,
-                         request.add_unique_id);
+                         request.add_unique_id, ExtentOf(request));
   }
   return NewGeodatabaseClass(workspace, request.name, esriFTSimple, request.reference, request.geometry_type,
                              request.fields, nullptr, nullptr, "", request.envelope, request.feature_count);
 }
 
-Envelope ExtentOf(const OutputRequest& request) { return request.envelope != nullptr ? *request.envelope : Envelope(); }
+// What the format makes of the output's reference, the wished one or the tool's own.
+std::vector<std::string> LossesOfReference(const OutputRequest& request, const Format& format,
+                                           const SpatialReferenceRef& wished) {
+  if (!BringsElsewhere(request.reference, wished)) {
+    return ForetoldOfReference(format, request.reference, ExtentOf(request));
+  }
+  return ForetoldOfReference(format, wished, ExtentIn(wished, request.reference, ExtentOf(request)));
+}
 
 // The reference that a user wants the output in; null where the tool's own is to stay.
 SpatialReferenceRef WishedReference(const RunContext& context, const OutputRequest& request) {
@@ -309,6 +319,11 @@ std::shared_ptr<IFeatureClass> CreateOutput(RunContext& context, OutputRequest& 
       if (brings && output) {
         output = WorkedInOwnReference(output, place, request.reference, wished, ExtentOf(request));
       }
+      for (const std::string& sentence : LossesOfReference(request, format, wished)) {
+        context.feedback.Announce(sentence);
+        // The others tell of it when they have been read again.
+        if (format.updated_in_place) context.journal.warnings.push_back({sentence, 0, {}});
+      }
       if (const auto planned = Cast<IPlannedClass>(output)) {
         for (const std::string& sentence : planned->Planned().foretold) context.feedback.Announce(sentence);
       }
@@ -337,18 +352,24 @@ OutputPlan PlanOutput(RunContext& context, OutputRequest& request) {
   const SpatialReferenceRef wished = WishedReference(context, request);
   const bool brings = BringsElsewhere(request.reference, wished);
   if (const auto planner = Cast<IClassPlanner>(workspace)) {
+    const Envelope own = ExtentOf(request);
     const FieldsRef fields =
-        PlainFields(brings ? wished : request.reference, request.geometry_type, request.fields, request.add_unique_id);
+        PlainFields(brings ? wished : request.reference, request.geometry_type, request.fields, request.add_unique_id,
+                    brings ? ExtentIn(wished, request.reference, own) : own);
     PlannedClass planned = planner->PlanClass(request.name, fields, "Shape");
     plan.fields = std::move(planned.fields);
     plan.foretold = std::move(planned.foretold);
   } else {
     const bool numbers = request.add_unique_id && request.kind == kShapefile;
-    const FieldsRef fields = PlainFields(request.reference, request.geometry_type, request.fields, numbers);
+    const FieldsRef fields =
+        PlainFields(request.reference, request.geometry_type, request.fields, numbers, ExtentOf(request));
     for (const FieldRef& field : *fields) {
       if (!IsAttribute(*field)) continue;
       plan.fields.push_back({field->Name, field->Name, TypeWordOf(*field, request.kind)});
     }
+  }
+  for (std::string& sentence : LossesOfReference(request, *format, wished)) {
+    plan.foretold.push_back(std::move(sentence));
   }
   if (brings) {
     std::string way = WayTo(wished, request.reference, ExtentOf(request));
