@@ -161,6 +161,34 @@ OgrReference ReadBack(const fs::path& path) {
   return OgrReference(read == nullptr ? nullptr : read->Clone());
 }
 
+// What a register has for a reference of the wording of `searched`, and that means the same places as `meant`; null for
+// none.
+OgrReference MatchOf(const OGRSpatialReference& searched, const OGRSpatialReference& meant, const Envelope& extent) {
+  int count = 0;
+  int* sureness = nullptr;
+  OGRSpatialReferenceH* found = searched.FindMatches(nullptr, &count, &sureness);
+  OgrReference coded;
+  for (int index = 0; index < count && !coded; ++index) {
+    const auto& match = *OGRSpatialReference::FromHandle(found[index]);
+    if (match.GetAuthorityCode(nullptr) == nullptr || !ReferenceLoss(&meant, &match, extent).empty()) continue;
+    coded.reset(match.Clone());
+    coded->SetAxisMappingStrategy(OAMS_TRADITIONAL_GIS_ORDER);
+  }
+  OSRFreeSRSArray(found);
+  CPLFree(sureness);
+  return coded;
+}
+
+// The same by its parameters, without names and codes; null where they don't tell it.
+OgrReference Nameless(const OGRSpatialReference& reference) {
+  char* text = nullptr;
+  OgrReference nameless(new OGRSpatialReference());
+  const bool told = reference.exportToProj4(&text) == OGRERR_NONE && nameless->importFromProj4(text) == OGRERR_NONE;
+  CPLFree(text);
+  nameless->SetAxisMappingStrategy(OAMS_TRADITIONAL_GIS_ORDER);
+  return told ? std::move(nameless) : nullptr;
+}
+
 std::string OlderText(const OGRSpatialReference& reference) {
   char* text = nullptr;
   const char* const options[] = {"FORMAT=WKT1_GDAL", nullptr};
@@ -222,24 +250,22 @@ std::string ReferenceLoss(const OGRSpatialReference* meant, const OGRSpatialRefe
   return *metres == 0.0 ? "" : subject + as + ", where the shapes lie elsewhere by up to " + Rounded(*metres) + " m.";
 }
 
-OgrReference UnderCode(const OGRSpatialReference* reference, const Envelope& extent) {
+OgrReference WordedFor(const Format& format, const OGRSpatialReference* reference, const Envelope& extent) {
   if (reference == nullptr) return nullptr;
   OgrReference own(reference->Clone());
-  if (own->GetAuthorityCode(nullptr) != nullptr || own->IsEmpty()) return own;
   const GdalErrorScope quiet;
-  int count = 0;
-  int* sureness = nullptr;
-  OGRSpatialReferenceH* found = own->FindMatches(nullptr, &count, &sureness);
-  OgrReference coded;
-  for (int index = 0; index < count && !coded; ++index) {
-    const auto& match = *OGRSpatialReference::FromHandle(found[index]);
-    if (match.GetAuthorityCode(nullptr) == nullptr || !ReferenceLoss(own.get(), &match, extent).empty()) continue;
-    coded.reset(match.Clone());
-    coded->SetAxisMappingStrategy(OAMS_TRADITIONAL_GIS_ORDER);
+  const char* authority = own->GetAuthorityName(nullptr);
+  if (format.degrees_by_rule && authority == nullptr && !own->IsEmpty()) {
+    OgrReference coded = MatchOf(*own, *own, extent);
+    const OgrReference nameless = coded ? nullptr : Nameless(*own);
+    if (nameless) coded = MatchOf(*nameless, *own, extent);
+    return coded ? std::move(coded) : std::move(own);
   }
-  OSRFreeSRSArray(found);
-  CPLFree(sureness);
-  return coded ? std::move(coded) : std::move(own);
+  const bool foreign = authority != nullptr && !EqualsIgnoringCase(authority, "EPSG");
+  if (format.driver == "GML" && foreign && own->IsGeographic() != 0) {
+    if (OgrReference nameless = Nameless(*own)) return nameless;
+  }
+  return own;
 }
 
 void KeepBesideShapefile(const fs::path& shapefile, const OGRSpatialReference* reference, const Envelope& extent) {
@@ -264,9 +290,8 @@ std::vector<std::string> TryReference(const Format& format, const OGRSpatialRefe
   const GdalErrorScope quiet;
   const Scratch scratch;
   const fs::path path = scratch.Path() / ("try" + std::string(format.ending));
-  const OgrReference own = UnderCode(reference, extent);
   try {
-    WriteOne(format, path, format.updated_in_place ? *reference : *own, extent);
+    WriteOne(format, path, *WordedFor(format, reference, extent), extent);
     if (format.driver == "ESRI Shapefile") KeepBesideShapefile(path, reference, extent);
     const OgrReference read = ReadBack(path);
     if (std::string loss = ReferenceLoss(reference, read.get(), extent); !loss.empty()) return {std::move(loss)};

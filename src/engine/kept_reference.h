@@ -24,9 +24,11 @@ namespace tessarine::engine {
 [[nodiscard]] std::string ReferenceLoss(const OGRSpatialReference* meant, const OGRSpatialReference* read,
                                         const Envelope& extent);
 
-/// The same reference under a code, where it bears none itself and a register has one that means the same places; else
-/// a copy of it. Null for null.
-[[nodiscard]] OgrReference UnderCode(const OGRSpatialReference* reference, const Envelope& extent);
+/// The reference in the words that the format's driver makes most of, else a copy of it; null for null. GeoJSON names
+/// codes alone: one without gets that of a register that means the same places. The driver of GML writes degrees of
+/// other registers than EPSG with the latitude first and reads them otherwise: those lose their code.
+[[nodiscard]] OgrReference WordedFor(const Format& format, const OGRSpatialReference* reference,
+                                     const Envelope& extent);
 
 /// Rewrites the text beside a new shapefile where the driver's own would have the shapes read elsewhere, and one of
 /// another kind wouldn't.

@@ -43,7 +43,7 @@ TargetReference::TargetReference(const Format& format, const OGRSpatialReference
     : degrees_(format.degrees) {
   if (source == nullptr) return;
   if (!format.degrees) {
-    target_ = UnderCode(source, extent);
+    target_ = WordedFor(format, source, extent);
     if (format.without_reference) {
       foretold_ = "The spatial reference " + Quoted(*source) + " is left out: the format keeps none.";
     }

@@ -15,6 +15,7 @@ using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using ::testing::Not;
+using ::testing::Pair;
 
 // The projection of EPSG:3857 in its own formulas.
 struct Place {
@@ -167,16 +168,130 @@ TEST_F(Brought, RecordsWithoutAPlaceCostThemselvesAlone) {
         Run({"calculate", "%s.gpkg", "-m", "Sph. Area=AREA"}, In(place), globe, {"-r", In("r.json")});
     EXPECT_EQ(copy.status, 1) << place << copy.err;
     EXPECT_EQ(Report()["faults"][0]["first_oids"], nlohmann::json({2, 4})) << place;
-    EXPECT_EQ(Report()["records"]["written"], 2) << place;
-    EXPECT_EQ(Values(file, "", "name", "AREA").size(), 2U) << place;
-    EXPECT_EQ(Values(file, "", "name", "AREA").count("nothing"), 1U) << place;
+    EXPECT_EQ(Report()["records"]["written"], 4) << place;
+    std::map<std::string, bool> shapes;
+    const auto data = OpenData(file);
+    for (const auto& row : *data->GetLayer(0)) {
+      shapes[row->GetFieldAsString("name")] = row->GetGeometryRef() != nullptr;
+      EXPECT_EQ(row->GetFieldAsDouble("AREA") > 0.0, row->GetFieldAsString("name") != std::string("nothing")) << place;
+    }
+    EXPECT_THAT(shapes,
+                ElementsAre(Pair("behind", false), Pair("half", false), Pair("near", true), Pair("nothing", false)))
+        << place;
     std::filesystem::remove_all(file);
   }
   // Parts of a record that have a place are there, and the others are told by the record.
   EXPECT_EQ(Run({"split", "%s.gpkg", "-a"}, In("p.gpkg"), globe, {"-r", In("r.json")}).status, 1);
   EXPECT_EQ(Report()["faults"][0]["first_oids"], nlohmann::json({2, 4}));
-  EXPECT_EQ(Report()["records"]["written"], 2);
-  EXPECT_EQ(Values(In("p.gpkg"), "", "name", "name").size(), 2U);
+  EXPECT_EQ(Report()["records"]["written"], 4);
+  EXPECT_EQ(Values(In("p.gpkg"), "", "name", "name").size(), 3U);
+  // Where a record can't be without a shape, it isn't there.
+  EXPECT_EQ(Run({"calculate", "%s.gpkg", "-m", "Sph. Area=AREA"}, In("o.fgb"), globe, {"-r", In("r.json")}).status, 1);
+  EXPECT_EQ(Report()["records"]["written"], 1);
+}
+
+// The poles lie at infinity in a Mercator projection, and come out at 2.4e8 m by the rounding of their latitude.
+TEST_F(Brought, APoleInMercatorCostsItsShapeAlone) {
+  MakeLayer("s.gpkg", {{"north", "POLYGON ((0 80,10 80,0 90,0 80))"},
+                       {"near", "POLYGON ((0 80,10 80,0 89.9,0 80))"},
+                       {"south", "POLYGON ((0 -80,10 -80,10 -90,0 -90,0 -80))"}});
+  for (const std::string place : {"o.gpkg", "o.geojson"}) {
+    for (const char* reference : {"EPSG:3857", "EPSG:3395"}) {
+      EXPECT_EQ(
+          Run({"calculate", "%s.gpkg", "-m", "1"}, In(place), reference, {"-r", In("r.json"), "--overwrite"}).status,
+          1);
+      EXPECT_EQ(Report()["faults"][0]["first_oids"], nlohmann::json({1, 3})) << place << reference;
+      std::string shapes;
+      const auto data = OpenData(In(place));
+      for (const auto& row : *data->GetLayer(0)) shapes += row->GetGeometryRef() != nullptr ? '+' : '-';
+      EXPECT_EQ(shapes, "-+-") << place << reference;
+    }
+  }
+}
+
+// Most drivers drop a reference that their format has no words for.
+TEST_F(Brought, AReferenceThatAFormatHasNoWordsForIsTold) {
+  MakeLayer("s.gpkg", {{"a", "POLYGON ((10 50,11 50,11 51,10 50))"}});
+  MakeLayer("mars.gpkg", {{"a", "POLYGON ((10 50,11 50,11 51,10 50))"}}, "+proj=longlat +a=3396190 +b=3376200");
+  const char *const left_out = "is left out: the format has no words for it", *const elsewhere = "isn't kept";
+  const std::string kilometres = "+proj=utm +zone=33 +datum=WGS84 +units=km";
+  const std::string shifted = "+proj=merc +towgs84=100,200,300 +ellps=bessel";
+  const std::vector<std::vector<std::string>> tools = {{"split", "%s.gpkg"}, {"calculate", "%s.gpkg", "-m", "1"}};
+  struct Row {
+    const char* place;
+    std::string reference;
+    const char* told;  // "" for nothing
+    bool split_alone = true;
+  };
+  const char* const named = "take its coordinates for longitudes";
+  for (const Row& row :
+       {Row{"o.geojson", kilometres, elsewhere, false}, Row{"o.gml", kilometres, left_out},
+        Row{"o.jml", "ESRI:102003", left_out, false}, Row{"o.tab", "EPSG:2263", elsewhere},
+        Row{"o.tab", "EPSG:3857", ""}, Row{"o.fgb", kilometres, ""}, Row{"o.geojson", "EPSG:3857", named, false},
+        Row{"o.geojson", "EPSG:4326", ""}, Row{"o.gdb/o", shifted, elsewhere, false}, Row{"o.shp", shifted, ""},
+        Row{"p.gml", "EPSG:2056", ""}, Row{"o.shp", "+proj=ob_tran +o_proj=longlat +o_lat_p=30 +lon_0=10", left_out}}) {
+    const std::string file = In(std::string(row.place).substr(0, std::string(row.place).find('/')));
+    for (const std::vector<std::string>& tool : tools) {
+      if (row.split_alone && tool[0] != "split") continue;
+      ASSERT_EQ(Run(tool, In(row.place), row.reference, {"-n", "-r", In("r.json"), "--overwrite"}).status, 0)
+          << row.place;
+      const std::string plan = Report()["report"];
+      const ProgramOutcome run = Run(tool, In(row.place), row.reference, {"-r", In("r.json"), "--overwrite"});
+      ASSERT_EQ(run.status, 0) << row.place << run.err;
+      const std::string warnings = Report()["warnings"].dump();
+      for (const char* sign : {left_out, elsewhere, named}) {
+        const bool meant = sign == std::string(row.told);
+        EXPECT_EQ(plan.find(sign) != std::string::npos, meant) << tool[0] << row.place << row.reference << plan;
+        EXPECT_EQ(run.err.find(sign) != std::string::npos, meant) << tool[0] << row.place << row.reference << run.err;
+        EXPECT_EQ(warnings.find(sign) != std::string::npos, meant && sign != named) << tool[0] << row.place << warnings;
+      }
+    }
+    std::filesystem::remove_all(file);
+  }
+  // A body with a code goes by it, and without one it is told.
+  ASSERT_EQ(Run({"split", "%mars.gpkg"}, In("mars.geojson"), "").status, 0);
+  EXPECT_EQ(OpenData(In("mars.geojson"))->GetLayer(0)->GetSpatialRef()->GetSemiMajor(), 3396190.0);
+  for (const char* source : {"%mars.gpkg", "%mars.geojson"}) {
+    const ProgramOutcome run = Run({"split", source}, In("mars.gml"), "", {"--overwrite"});
+    EXPECT_EQ(run.status, 0) << run.err;
+    EXPECT_THAT(run.err, HasSubstr(left_out));
+  }
+}
+
+TEST_F(Brought, ATextBesideAShapefileKeepsShiftAndAxes) {
+  MakeLayer("s.gpkg", {{"a", "POINT (10 50)"}});
+  for (const char* reference :
+       {"+proj=merc +towgs84=100,200,300 +ellps=bessel", "+proj=laea +lat_0=52 +lon_0=10 +axis=wsu"}) {
+    ASSERT_EQ(Run({"calculate", "%s.gpkg", "-m", "1"}, In("o.shp"), reference, {"--overwrite"}).status, 0);
+    const auto data = OpenData(In("o.shp"));
+    OGRSpatialReference wgs84;
+    wgs84.importFromEPSG(4326);
+    wgs84.SetAxisMappingStrategy(OAMS_TRADITIONAL_GIS_ORDER);
+    const OGRFeatureUniquePtr row(data->GetLayer(0)->GetNextFeature());
+    ASSERT_EQ(row->GetGeometryRef()->transformTo(&wgs84), OGRERR_NONE) << reference;
+    EXPECT_NEAR(row->GetGeometryRef()->toPoint()->getX(), 10.0, 1e-6) << reference;
+    EXPECT_NEAR(row->GetGeometryRef()->toPoint()->getY(), 50.0, 1e-6) << reference;
+  }
+}
+
+// The steps of a geodatabase's grid are a tenth of a millimetre, whatever the unit is.
+TEST_F(Brought, AGeodatabaseInKilometresKeepsTheMillimetres) {
+  MakeLayer("s.gpkg", {{"a", "POINT (12.3456789 50.1234567)"}});
+  for (const char* unit : {"km", "m", "us-ft"}) {
+    const std::string reference = "+proj=utm +zone=33 +datum=WGS84 +units=" + std::string(unit);
+    Place places[2];
+    int index = 0;
+    for (const std::string place : {"o.gpkg", "o.gdb/o"}) {
+      ASSERT_EQ(Run({"calculate", "%s.gpkg", "-m", "1"}, In(place), reference, {"--overwrite", "--yes"}).status, 0);
+      const auto data = OpenData(In(place.substr(0, place.find('/'))));
+      const OGRFeatureUniquePtr row(data->GetLayer(0)->GetNextFeature());
+      const double metres = data->GetLayer(0)->GetSpatialRef()->GetLinearUnits();
+      places[index++] = {row->GetGeometryRef()->toPoint()->getX() * metres,
+                         row->GetGeometryRef()->toPoint()->getY() * metres};
+    }
+    EXPECT_NEAR(places[0].x, places[1].x, 1e-4) << unit;
+    EXPECT_NEAR(places[0].y, places[1].y, 1e-4) << unit;
+  }
 }
 
 TEST_F(Brought, EdgesOverTheRimOfTheMapAreTold) {
@@ -224,6 +339,42 @@ TEST_F(Brought, TheTransformationBetweenDatumsIsNamed) {
   // The datum of 1927 lies some 35 metres to the west there.
   const double metres = (row->GetGeometryRef()->toPoint()->getX() + 74.0) * 84300.0;
   EXPECT_NEAR(metres, 36.0, 5.0);
+}
+
+// One choice, by where the data lie, for plan and run alike.
+TEST_F(Brought, ThePlanNamesTheTransformationOfTheRun) {
+  MakeLayer("far.gpkg", {{"a", "POLYGON ((10 50,11 50,11 51,10 50))"}});
+  MakeLayer("ohio.gpkg", {{"a", "POLYGON ((-83 40,-82 40,-82 41,-83 40))"}}, "EPSG:4267");
+  MakeLayer("datumless.gpkg", {{"a", "POLYGON ((10 50,11 50,11 51,10 50))"}}, "+proj=longlat +ellps=bessel +no_defs");
+  struct Row {
+    const char *source, *reference, *place, *told;
+  };
+  for (const Row& row : {Row{"%far.gpkg", "EPSG:2056", "o.gpkg", "made for another area than where the data lie"},
+                         Row{"%ohio.gpkg", "EPSG:4326", "o.gpkg", "by 'NAD27 to WGS 84"},
+                         Row{"%datumless.gpkg", "EPSG:4326", "o.gpkg", "No transformation between the two datums"},
+                         // What is brought to degrees for its format.
+                         Row{"%ohio.gpkg", "", "o.kml", "by 'NAD27 to WGS 84"},
+                         Row{"%datumless.gpkg", "", "o.geojsonl", "No transformation between the two datums"}}) {
+    for (const std::vector<std::string>& tool : {std::vector<std::string>{"split", row.source},
+                                                 std::vector<std::string>{"calculate", row.source, "-m", "1"}}) {
+      const auto sentence = [&](const std::string& text) {
+        const std::size_t from = text.find("Shapes are brought");
+        return from == std::string::npos ? "" : text.substr(from, text.find('\n', from) - from);
+      };
+      ASSERT_EQ(Run(tool, In(row.place), row.reference, {"-n", "-r", In("r.json"), "--overwrite"}).status, 0)
+          << row.source;
+      const std::string planned = sentence(Report()["report"]);
+      const ProgramOutcome run = Run(tool, In(row.place), row.reference, {"--overwrite"});
+      ASSERT_EQ(run.status, 0) << run.err;
+      EXPECT_THAT(planned, HasSubstr(row.told)) << tool[0] << row.source;
+      EXPECT_EQ(planned, sentence(run.err)) << tool[0] << row.source;
+    }
+  }
+  // 190 m lie between the two datums there.
+  ASSERT_EQ(Run({"calculate", "%far.gpkg", "-m", "1"}, In("o.gpkg"), "EPSG:2056", {"--overwrite"}).status, 0);
+  OGREnvelope box;
+  ASSERT_EQ(OpenData(In("o.gpkg"))->GetLayer(0)->GetExtent(&box), OGRERR_NONE);
+  EXPECT_NEAR(box.MinY, 1542205.7, 1.0);
 }
 
 TEST_F(Brought, CopiesKeepHeightsAndMeasuresAndValuesThatARunOverwrites) {
