@@ -71,7 +71,9 @@ ColumnLimits LimitsOf(const OGRFieldDefn& field, ColumnStore store) {
   } else if (field.GetWidth() > 0) {
     limits.most_characters = static_cast<std::size_t>(field.GetWidth());
   }
-  limits.keeps_zone = limits.keeps_fraction = store == ColumnStore::Other;
+  limits.keeps_fraction = store == ColumnStore::Other;
+  // All times of a file geodatabase are read as those of UTC.
+  limits.keeps_zone = limits.keeps_fraction || store == ColumnStore::FileGeodatabase;
   return limits;
 }
 
@@ -164,7 +166,7 @@ ValueChange AttributeWriter::Write(OGRFeature& feature, int index, const Variant
   }
   FittedValue fitted = FitValue(value, limits);
   if (in_utc_ && BringToUtc(fitted.value) && fitted.change == ValueChange::None) {
-    fitted.change = ValueChange::ZoneDropped;
+    fitted.change = ValueChange::ZoneToUtc;
   }
   Put(feature, index, fitted.value, limits);
   return fitted.change;

@@ -10,6 +10,7 @@
 #include "engine/kept_reference.h"
 #include "engine/merged_rows.h"
 #include "engine/reprojection.h"
+#include "engine/server_table.h"
 #include "engine/stamp.h"
 #include "engine/target_reference.h"
 #include "outputs/way_out.h"
@@ -43,6 +44,7 @@ class TargetFile {
     const std::shared_ptr<const RowTraits> traits = conversion.source->Traits();
     columns_ =
         std::make_shared<CopyColumns>(*traits, *source.Layer().GetLayerDefn(), driver, *conversion.format, false);
+    columns_->TakeForClocks(conversion.clocks, driver);
     ShapeFacts shapes = conversion.shapes;
     declared_ = source.Layer().GetGeomType();
     if (conversion.way) {
@@ -56,6 +58,7 @@ class TargetFile {
     reference_.emplace(*conversion.format, meant_.get(), extent_, conversion.shown);
     dataset_ = OpenTarget(*conversion.format, path, conversion.shown);
     if (conversion.format->container && conversion.standing == StagedOutput::Standing::Replace) {
+      if (conversion.format->server) belongings_.emplace(*dataset_, conversion.layer);
       RemoveLayer(*dataset_, conversion.layer);
     }
     CPLStringList options = LayerOptions(*conversion.format);
@@ -164,9 +167,10 @@ class TargetFile {
   }
 
   /// All rows are with the format then; a server still takes them back.
-  void EndRows() {
+  void EndRows(RunJournal& notes) {
     const GdalErrorScope errors;
     if (layer_->SyncToDisk() != OGRERR_NONE || errors.Failed()) RaiseUnfinished(errors);
+    if (belongings_) belongings_->PutAgain(*dataset_, notes);
   }
 
   void Close() {
@@ -231,6 +235,10 @@ class TargetFile {
       return true;
     }
     const std::string quote = errors.Quote(), complaint = errors.Text();
+    if (feature.GetGeometryRef() == nullptr && complaint.find("geometry") != std::string::npos) {
+      notes.NoteFault(RecordFault(kRowRefused, kNoPlaceWithoutShape), oid);
+      return false;
+    }
     const std::unique_ptr<OGRGeometry> shape(feature.StealGeometry());
     errors.Clear();
     if (shape && conversion_.format->needs_shapes && complaint.find("geometry type") != std::string::npos) {
@@ -260,6 +268,7 @@ class TargetFile {
   Envelope extent_;     // of the shapes in it
   std::optional<TargetReference> reference_;
   std::unique_ptr<OGRGeometry> brought_;
+  std::optional<TableBelongings> belongings_;  // of the table that is replaced
   DatasetHandle dataset_;
   OGRLayer* layer_ = nullptr;
   std::vector<Result> results_;
@@ -366,6 +375,9 @@ ProbedColumns ProbeConversion(const Conversion& conversion, const fs::path& fold
     if (!name.empty()) facts.notes.NoteName(column.field->Name, name);
   }
   facts.foretold = file.Columns()->Foretold(made);
+  if (conversion.format->nulls == Nulls::InDates && !probed.names.empty()) {
+    facts.foretold.emplace_back("Null is written as 0 or as an empty text: the format knows none but in dates.");
+  }
   for (std::string& sentence : ForetoldOfShapes(file.DeclaredType(), conversion.shapes, file.Kept())) {
     facts.foretold.push_back(std::move(sentence));
   }
@@ -437,6 +449,11 @@ void WriteConversion(const Conversion& conversion, const std::shared_ptr<OgrClas
   RunJournal notes;
   std::vector<bool> left_out;  // of the merged rows
   const LayerDefinition made = WriteRows(conversion, worked, poll, file, facts, notes, left_out);
+  const auto tell_reference = [&](const OGRSpatialReference* read) {
+    if (std::string loss = file.LossOfReference(read); !loss.empty()) {
+      notes.warnings.push_back({std::move(loss), 0, {}});
+    }
+  };
   const auto check = [&](GDALDataset& dataset) {
     Readback readback(dataset, conversion, file, *made, notes);
     facts.layer = readback.LayerName();
@@ -448,15 +465,16 @@ void WriteConversion(const Conversion& conversion, const std::shared_ptr<OgrClas
       }
     }
     RequireAllRows(facts, readback.Count());
-    if (std::string loss = file.LossOfReference(readback.Reference()); !loss.empty()) {
-      notes.warnings.push_back({std::move(loss), 0, {}});
-    }
+    if (!format.server) tell_reference(readback.Reference());
     notes.written = facts.rows;
   };
   if (format.server) {
-    file.EndRows();
+    file.EndRows(notes);
     check(file.Dataset());
     file.Close();
+    // Who made the table goes on with the reference that it was made with.
+    const DatasetHandle again = OpenWritten(conversion.target, conversion.shown);
+    if (OGRLayer* layer = again->GetLayerByName(conversion.layer.c_str())) tell_reference(layer->GetSpatialRef());
   } else {
     file.Close();
     check(*OpenWritten(staged->Path(), conversion.shown));

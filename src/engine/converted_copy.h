@@ -23,6 +23,7 @@ struct Conversion {
   std::filesystem::path target, shown;  ///< where it is made, and what the user calls it
   std::string layer;
   std::vector<std::string> result_fields;
+  std::vector<std::string> clocks;  ///< attributes of the source whose texts stand for times of day
   StagedOutput::Standing standing = StagedOutput::Standing::Keep;
   ShapeFacts shapes;
   /// In the source's reference, of the data that the output is planned for; empty where that isn't known.

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "engine/copy_columns.h"
 
+#include <algorithm>
+
 #include "engine/engine_fault.h"
 #include "engine/personal_geodatabase_values.h"
 #include "outputs/column_loss.h"
@@ -88,7 +90,7 @@ Variant InUtc(const Variant& value, ValueChange& change) {
   if (date.zone == Date::kNoZone || date.zone == 0) return value;
   date.serial -= date.zone / 1440.0;
   date.zone = 0;
-  change = ValueChange::ZoneDropped;
+  change = ValueChange::ZoneToUtc;
   return date;
 }
 
@@ -108,6 +110,7 @@ MadeColumn MadeOf(const Field& field, const CopyColumn& column, OGRFieldType mad
 // What all rows alike lose in the column; empty for nothing.
 std::string LossOf(const CopyColumn& column, OGRFieldType made) {
   if (column.way == Way::List) return "lists become texts.";
+  if (column.is_clock && made == OFTString) return "times of day become texts.";
   return ForetoldLoss(*column.field, MadeOf(*column.field, column, made));
 }
 
@@ -133,6 +136,17 @@ CopyColumns::CopyColumns(const RowTraits& traits, const OGRFeatureDefn& source, 
   if (ColumnStoreOf(format.driver) == ColumnStore::PersonalGeodatabase) ShareOutRow(definitions);
 }
 
+void CopyColumns::TakeForClocks(std::span<const std::string> names, GDALDriver& driver) {
+  const bool has_clocks = DriverTypes(driver).Has(OFTTime);
+  for (CopyColumn& column : columns_) {
+    column.is_clock = std::ranges::find(names, column.field->Name) != names.end();
+    if (!column.is_clock || !has_clocks) continue;
+    column.way = Way::Clock;
+    column.definition->SetType(OFTTime);
+    column.definition->SetWidth(0);
+  }
+}
+
 void CopyColumns::AddTo(OGRLayer& layer, const std::string& shown) {
   const OGRFeatureDefn& made = *layer.GetLayerDefn();
   bool any = columns_.empty();
@@ -141,7 +155,11 @@ void CopyColumns::AddTo(OGRLayer& layer, const std::string& shown) {
     if (column.way == Way::LeftOut) continue;
     const GdalErrorScope errors;
     // Some formats have columns of their own from the start.
-    const int standing = made.GetFieldIndex(column.definition->GetNameRef());
+    int standing = made.GetFieldIndex(column.definition->GetNameRef());
+    while (standing >= 0 && made.GetFieldDefn(standing)->GetType() != column.definition->GetType()) {
+      column.definition->SetName((std::string(column.definition->GetNameRef()) + "_").c_str());
+      standing = made.GetFieldIndex(column.definition->GetNameRef());
+    }
     const int before = made.GetFieldCount();
     const bool created = layer.CreateField(column.definition.get()) == OGRERR_NONE;
     if (created && made.GetFieldCount() == before + 1) {
@@ -154,6 +172,7 @@ void CopyColumns::AddTo(OGRLayer& layer, const std::string& shown) {
     }
     any = true;
     const OGRFieldType type = made.GetFieldDefn(column.target)->GetType();
+    if (column.way == Way::Clock && type == OFTString) column.way = Way::Value;
     if (column.way == Way::Raw && type != column.definition->GetType()) {
       column.way = IsList(column.definition->GetType()) ? Way::List : type == OFTString ? Way::Text : Way::Value;
     }
@@ -189,6 +208,9 @@ ValueChange CopyColumns::Copy(const CopyColumn& column, const OgrRow& from, OgrR
       CPLFree(text);
       return change;
     }
+    case Way::Clock:
+      target.SetField(column.target, source.GetFieldAsString(column.source));
+      return target.IsFieldSetAndNotNull(column.target) != 0 ? change : ValueChange::Unreadable;
     case Way::Text:
       return to.SetValue(index, std::string(source.GetFieldAsString(column.source)));
     case Way::Moment: {

@@ -5,6 +5,7 @@
 #include <ogrsf_frmts.h>
 
 #include <memory>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -20,12 +21,14 @@ struct CopyColumn {
     Moment,   ///< a date and time, in UTC where it has a zone
     Text,     ///< in the words of OGR
     List,     ///< as a text of JSON
+    Clock,    ///< a text of a time of day as such a time
     LeftOut,  ///< the format has nothing for it
   };
   FieldRef field;  ///< of the source
   int source = 0;  ///< OGR index
   int target = -1;
   Way way = Way::Value;
+  bool is_clock = false;                     ///< a text that stands for a time of day
   std::unique_ptr<OGRFieldDefn> definition;  ///< with a name that the format takes
 };
 
@@ -34,6 +37,9 @@ class CopyColumns {
   /// `same_format` keeps the rules of the source's columns, as that they are never null.
   CopyColumns(const RowTraits& traits, const OGRFeatureDefn& source, GDALDriver& driver, const Format& format,
               bool same_format);
+
+  /// Takes the texts of these fields for times of day, which the source has no kind for.
+  void TakeForClocks(std::span<const std::string> names, GDALDriver& driver);
 
   /// Adds the columns to a new layer. A column that the layer doesn't take is left out. Fault where it takes none,
   /// which names `shown`.

@@ -7,6 +7,7 @@
 #include "engine/engine_fault.h"
 #include "engine/layer_copy.h"
 #include "engine/personal_geodatabase_dataset.h"
+#include "engine/server_table.h"
 #include "outputs/way_out.h"
 #include "platform/text_formats.h"
 
@@ -40,6 +41,22 @@ struct OtherFormat {
 
 // Field names are kept as they are; what the format makes of them is read back.
 constexpr NameRule kAnyName{1000, true, NameRule::Characters::Any, {}, {}};
+// Names stand between blanks or bars.
+constexpr NameRule kOneWord{1000, true, NameRule::Characters::Word, {}, {}};
+
+// What the library doesn't tell of its other formats.
+struct OtherTraits {
+  std::string_view driver;
+  bool clean_texts = false, degrees = false, needs_shapes = false;
+  const NameRule& field_names = kAnyName;
+};
+constexpr OtherTraits kOtherTraits[] = {
+    {.driver = "LIBKML", .clean_texts = true, .degrees = true},
+    {.driver = "KML", .clean_texts = true, .degrees = true},
+    {.driver = "GPX", .clean_texts = true, .degrees = true},
+    {.driver = "GeoRSS", .degrees = true},
+    {.driver = "OGR_GMT", .needs_shapes = true, .field_names = kOneWord},
+};
 
 // What is known of such a format comes from the library.
 const Format& AddOtherFormat(const std::string& ending, GDALDriver& driver) {
@@ -47,15 +64,18 @@ const Format& AddOtherFormat(const std::string& ending, GDALDriver& driver) {
   const std::string name = driver.GetDescription();
   texts.push_back({name + " (" + ending + ")", ending, name, name + " Feature Class"});
   const OtherFormat& text = texts.back();
+  const auto known = std::ranges::find(kOtherTraits, std::string_view(name), &OtherTraits::driver);
+  const OtherTraits traits = known == std::end(kOtherTraits) ? OtherTraits{.driver = name} : *known;
   return AddFormat({.name = text.name,
                     .category = text.category,
                     .ending = text.ending,
                     .driver = text.driver,
                     .writable = true,
-                    .clean_texts = name == "LIBKML" || name == "KML" || name == "GPX",
-                    .degrees = name == "LIBKML" || name == "KML" || name == "GPX" || name == "GeoRSS",
+                    .needs_shapes = traits.needs_shapes,
+                    .clean_texts = traits.clean_texts,
+                    .degrees = traits.degrees,
                     .class_names = kAnyName,
-                    .field_names = kAnyName});
+                    .field_names = traits.field_names});
 }
 
 // Formats that let their own columns be named, with the names that they give them else.
@@ -162,29 +182,6 @@ DatasetHandle OpenTarget(const Format& format, const fs::path& path, const fs::p
     RaiseEngineFault("'" + shown.string() + "' can't be made" + errors.Quote() + WayOut(path.string(), errors.Text()));
   }
   return dataset;
-}
-
-// A name of a server between marks: those of a schema and of its table each by itself.
-std::string MarkedName(std::string name) {
-  const std::size_t point = name.find('.');
-  if (point != std::string::npos) return MarkedName(name.substr(0, point)) + "." + MarkedName(name.substr(point + 1));
-  return '"' + Replace(name, "\"", "\"\"") + '"';
-}
-
-// The views and tables that would go away with a table of a server.
-std::string DependentsOf(GDALDataset& dataset, const std::string& table) {
-  const std::string query =
-      "SELECT DISTINCT coalesce(r.ev_class, c.conrelid)::regclass::text FROM pg_depend d "
-      "LEFT JOIN pg_rewrite r ON d.classid = 'pg_rewrite'::regclass AND r.oid = d.objid "
-      "LEFT JOIN pg_constraint c ON d.classid = 'pg_constraint'::regclass AND c.oid = d.objid AND c.contype = 'f' "
-      "WHERE d.refclassid = 'pg_class'::regclass AND d.refobjid = to_regclass('" +
-      Replace(MarkedName(table), "'", "''") + "') AND coalesce(r.ev_class, c.conrelid) <> d.refobjid ORDER BY 1";
-  std::string names;
-  OGRLayer* const found = dataset.ExecuteSQL(query.c_str(), nullptr, nullptr);
-  if (found == nullptr) return names;
-  for (const auto& row : *found) names += (names.empty() ? "" : ", ") + std::string(row->GetFieldAsString(0));
-  dataset.ReleaseResultSet(found);
-  return names;
 }
 
 void RemoveLayer(GDALDataset& dataset, const std::string& name) {

@@ -11,6 +11,7 @@
 
 #include "engine/engine_fault.h"
 #include "engine/ogr_fields.h"
+#include "platform/text_encoding.h"
 
 namespace tessarine::engine {
 namespace {
@@ -85,7 +86,8 @@ ValueChange CompareMoments(const OGRFeature& meant, int meant_index, const OGRFe
 
 ValueChange CompareTexts(const std::string& meant, const std::string& written) {
   if (meant == written) return ValueChange::None;
-  return written.size() < meant.size() && meant.starts_with(written) ? ValueChange::TextCut : ValueChange::BadText;
+  if (written.size() < meant.size() && meant.starts_with(written)) return ValueChange::TextCut;
+  return IsUtf8(meant) ? ValueChange::OtherText : ValueChange::BadText;
 }
 
 // The same members and values, however they are spaced.

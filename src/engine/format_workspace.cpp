@@ -189,7 +189,11 @@ class FormatWorkspace final : public IFeatureWorkspace, public IClassPlanner {
       const GdalErrorScope quiet;
       const DatasetHandle dataset = OpenTarget(format_, staged->Path(), ShownOf(request.name));
       if (replaces) RemoveLayer(*dataset, request.name);
-      layer = MakeLayer(*dataset, request, format_, ShapeDefinition(request).GeometryType, planned.Plan());
+      std::vector<std::string> clocks;
+      layer = MakeLayer(*dataset, request, format_, ShapeDefinition(request).GeometryType, clocks);
+      for (const std::string& name : clocks) {
+        planned.Plan().foretold.push_back("In the field '" + name + "', times of day become texts.");
+      }
       PlanColumns(*dataset->GetLayerByName(layer.c_str()), request, planned.Plan());
     }
     return std::make_shared<NewGeoPackageClass>(
@@ -213,7 +217,7 @@ class FormatWorkspace final : public IFeatureWorkspace, public IClassPlanner {
       const GdalErrorScope quiet;
       const DatasetHandle dataset = OpenTarget(worked, work->Path(), conversion.shown);
       const std::string layer = MakeLayer(*dataset, {conversion.layer, request.fields, request.shape_field}, worked,
-                                          esriGeometryNull, planned.Plan());
+                                          esriGeometryNull, conversion.clocks);
       conversion.layer = layer;
     }
     const auto source = std::make_shared<OgrFeatureClass>(
@@ -238,9 +242,10 @@ class FormatWorkspace final : public IFeatureWorkspace, public IClassPlanner {
     for (const std::string& sentence : planned.Facts().foretold) plan.foretold.push_back(sentence);
   }
 
-  // Makes the layer with its columns, and returns its name. With no kind, the layer is one of any shapes.
+  // Makes the layer with its columns, and returns its name. With no kind, the layer is one of any shapes. Times of day
+  // become texts, and `clocks` takes their fields.
   std::string MakeLayer(GDALDataset& dataset, const NewClass& request, const Format& format, esriGeometryType kind,
-                        PlannedClass& plan) const {
+                        std::vector<std::string>& clocks) const {
     CPLStringList options = LayerOptions(format);
     std::vector<std::string> names;
     Fields columns;
@@ -254,13 +259,13 @@ class FormatWorkspace final : public IFeatureWorkspace, public IClassPlanner {
       if (own->Type == esriFieldTypeDate && own->Content == DateContent::Time) {
         own->Type = esriFieldTypeString;
         own->Length = 0;
-        plan.foretold.push_back("In the field '" + own->Name + "', times of day become texts.");
+        clocks.push_back(own->Name);
       }
       columns.AddField(own);
     }
     NameOwnColumns(format, names, options);
-    // What is only worked on is read from end to end.
-    if (kind == esriGeometryNull) options.SetNameValue("SPATIAL_INDEX", "NO");
+    // What is only worked on is read from end to end, and what is published gets its index when it is whole.
+    options.SetNameValue("SPATIAL_INDEX", "NO");
     return CreateLayer(dataset, {request.name, &columns, request.shape_field}, options,
                        kind == esriGeometryNull ? LayerShapes::Any : LayerShapes::Multiple);
   }

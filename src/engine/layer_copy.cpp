@@ -164,8 +164,8 @@ class Copier {
     columns_ = std::make_shared<CopyColumns>(*source_->Traits(), *source.Layer().GetLayerDefn(), DriverOf(format),
                                              format, same_format);
     if (same_format) CopyDomains(source.Dataset(), dataset);
-    // What is only worked on is read from end to end.
-    if (role == LayerRole::Worked) options.SetNameValue("SPATIAL_INDEX", "NO");
+    // What is only worked on is read from end to end, and what is published gets its index when it is whole.
+    if (role == LayerRole::Worked || format.driver == "GPKG") options.SetNameValue("SPATIAL_INDEX", "NO");
     const OGRSpatialReference* reference = brought ? way_->Target() : source.Layer().GetSpatialRef();
     OGRLayer* layer = CreateTargetLayer(dataset, name, reference, type_, options, shown);
     columns_->AddTo(*layer, shown.string());

@@ -141,14 +141,14 @@ void OgrClass::ReadTraits() {
   traits->shape_type = LayerShapeType(*source_, layer);
   traits->reference = ReferenceFromOgr(layer.GetSpatialRef());
   traits->fields = MapFields(layer, traits->shape_type, traits->reference, store);
-  const bool is_geopackage = driver_ == "GPKG";
-  traits->writer = AttributeWriter(*layer.GetLayerDefn(), store, is_geopackage);
+  const bool in_utc = driver_ == "GPKG" || store == ColumnStore::FileGeodatabase;
+  traits->writer = AttributeWriter(*layer.GetLayerDefn(), store, in_utc);
   if (store == ColumnStore::FileGeodatabase) TellTexts(*source_, *traits->fields.fields);
   if (store == ColumnStore::Dbase) traits->wide_numbers = WideNumbers::Open(*source_, layer);
   traits->curves = StoresCurves(driver_);
   const OGRwkbGeometryType type = OGR_GT_Flatten(layer.GetGeomType());
   const bool multiple = type == wkbMultiPoint || type == wkbMultiLineString || type == wkbMultiPolygon;
-  if (is_geopackage && multiple) traits->only_multiple = type;
+  if (driver_ == "GPKG" && multiple) traits->only_multiple = type;
   traits_ = std::move(traits);
 }
 

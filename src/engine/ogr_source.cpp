@@ -180,6 +180,8 @@ LayerHandle OgrSource::Open(bool update) {
   // What is staged is flushed to the disk as a whole before it takes its place.
   const bool staged = update && data_path_ != path_;
   const CPLConfigOptionSetter unhurried("OGR_SQLITE_SYNCHRONOUS", staged ? "OFF" : nullptr, true);
+  // A killed run leaves nothing of it, so that no journal has to undo a change on the disk.
+  const CPLConfigOptionSetter journal("OGR_SQLITE_JOURNAL", staged ? "MEMORY" : nullptr, true);
   // In megabytes; the index of many shapes doesn't fit into what is usual.
   const CPLConfigOptionSetter roomy("OGR_SQLITE_CACHE", staged ? "64" : nullptr, true);
   std::shared_ptr<FileGdbEdit> edit;

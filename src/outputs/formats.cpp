@@ -42,7 +42,19 @@ constexpr NameRule kAnyText{1000, true, NameRule::Characters::Any, {}, {}};
 // Such columns are read as shapes.
 constexpr std::array kShapeColumns = {Words("wkt")};
 constexpr std::array kShapeColumnPrefixes = {Words("_wkt")};
-constexpr NameRule kTextTableField{1000, true, NameRule::Characters::Any, kShapeColumns, kShapeColumnPrefixes};
+// The library writes quotes and line ends of a heading as they are.
+constexpr NameRule kTextTableField{1000,    true, NameRule::Characters::Any, kShapeColumns, kShapeColumnPrefixes,
+                                   "\"\n\r"};
+// What the library calls its own elements.
+constexpr std::array kElementWords = {Words("gml_id"), Words("fid"), Words("geometryproperty"), Words("boundedby")};
+constexpr NameRule kElementField{1000, true, NameRule::Characters::Element, kElementWords, {}};
+// Names stand in attributes of XML, which the library doesn't escape.
+constexpr NameRule kAttributeField{1000, true, NameRule::Characters::Any, {}, {}, "\"<>&\n\r\t"};
+// Tables of a SQLite database that are its own.
+constexpr std::array kPackagePrefixes = {Words("gpkg"), Words("sqlite_"), Words("rtree_")};
+constexpr NameRule kPackageClass{1000, true, NameRule::Characters::Any, {}, kPackagePrefixes};
+constexpr std::array kDatabasePrefixes = {Words("sqlite_"), Words("idx_")};
+constexpr NameRule kDatabaseClass{1000, true, NameRule::Characters::Any, {}, kDatabasePrefixes};
 // Whatever bears this name is taken for the identifier when a SQLite database is read.
 constexpr std::array kIdentifierWords = {Words("ogc_fid"), Words("rowid")};
 constexpr NameRule kDatabaseField{1000, true, NameRule::Characters::Any, kIdentifierWords, {}};
@@ -126,7 +138,7 @@ constexpr std::array kFormats = {
            .keeps_identifiers = true,
            .multiple_shapes = true,
            .stamp = StampPlace::Metadata,
-           .class_names = kAnyText,
+           .class_names = kPackageClass,
            .field_names = kAnyText},
     Format{.name = "GeoJSON",
            .category = "GeoJSON Feature Class",
@@ -161,7 +173,7 @@ constexpr std::array kFormats = {
            .kind = 19,
            .writable = true,
            .byte_widths = true,
-           .nulls = Nulls::NotTexts,
+           .nulls = Nulls::InDates,
            .class_names = kFileName,
            .field_names = kTableField,
            .parts = kTableParts,
@@ -173,7 +185,7 @@ constexpr std::array kFormats = {
            .kind = 20,
            .writable = true,
            .byte_widths = true,
-           .nulls = Nulls::NotTexts,
+           .nulls = Nulls::InDates,
            .class_names = kFileName,
            .field_names = kTableField,
            .parts = kInterchangeParts,
@@ -197,7 +209,7 @@ constexpr std::array kFormats = {
            .writable = true,
            .uniform_shapes = true,
            .class_names = kFileName,
-           .field_names = kAnyText,
+           .field_names = kElementField,
            .parts = kGmlParts},
     Format{.name = "GeoJSON Lines",
            .category = "GeoJSONSeq Feature Class",
@@ -223,7 +235,7 @@ constexpr std::array kFormats = {
            .degrees = true,
            .stamp = StampPlace::Description,
            .class_names = kFileName,
-           .field_names = kAnyText},
+           .field_names = kAttributeField},
     Format{.name = "SpatiaLite",
            .category = "SQLite Feature Class",
            .ending = ".sqlite",
@@ -234,7 +246,7 @@ constexpr std::array kFormats = {
            .keeps_identifiers = true,
            .uniform_shapes = true,
            .multiple_shapes = true,
-           .class_names = kAnyText,
+           .class_names = kDatabaseClass,
            .field_names = kDatabaseField,
            .other_endings = kSqliteEndings,
            .layer_options = kNamesAsGiven,
@@ -331,12 +343,15 @@ std::string LegalName(const NameRule& rule, const std::string& name) {
   std::string legal = name;
   if (rule.characters != NameRule::Characters::Any) {
     const bool ascii = rule.characters == NameRule::Characters::AsciiWord;
+    const bool points = rule.characters == NameRule::Characters::Element;
     // One sign for each character, whatever its bytes.
     if (ascii) std::erase_if(legal, [](char c) { return !BeginsCharacter(c); });
-    std::ranges::replace_if(
-        legal, [&](char c) { return !IsWordByte(c) || (ascii && !IsAscii(c)); }, '_');
-    if (IsDigit(legal.front())) legal.insert(0, 1, '_');
+    const auto is_kept = [&](char c) { return (IsWordByte(c) && (!ascii || IsAscii(c))) || (points && c == '.'); };
+    std::ranges::replace_if(legal, std::not_fn(is_kept), '_');
+    if (IsDigit(legal.front()) || legal.front() == '.') legal.insert(0, 1, '_');
   }
+  std::ranges::replace_if(
+      legal, [&](char c) { return rule.replaced.find(c) != std::string_view::npos; }, '_');
   const std::string lower = LowerCase(legal);
   if (std::ranges::any_of(rule.prefixes, [&](std::string_view prefix) { return lower.starts_with(prefix); })) {
     legal.insert(0, 1, '_');

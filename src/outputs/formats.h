@@ -17,6 +17,7 @@ struct NameRule {
   enum class Characters {
     Any,        ///< whatever a file or a text may hold
     Word,       ///< letters of any language, digits and "_"; no digit first
+    Element,    ///< the same and points: the names of XML
     AsciiWord,  ///< A to Z in any case, digits and "_"; no digit first
   };
   std::size_t longest = 0;  ///< in bytes where `bytes`, else in characters
@@ -24,12 +25,14 @@ struct NameRule {
   Characters characters = Characters::Any;
   std::span<const std::string_view> reserved;  ///< lower case; such a name gets a "_" behind it
   std::span<const std::string_view> prefixes;  ///< lower case; a name that begins so gets a "_" in front
+  std::string_view replaced = {};              ///< characters that give way to a "_" where the others are any
 };
 
 /// Which values can be absent.
 enum class Nulls : std::uint8_t {
   All,
   NotTexts,  ///< an absent text comes back as an empty one
+  InDates,   ///< an absent number comes back as 0, too
   AsEmpty,   ///< all values are texts; an absent one comes back as an empty one
 };
 

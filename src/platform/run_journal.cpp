@@ -23,10 +23,12 @@ constexpr std::array kChanges = {
     ChangeRow{ValueChange::TimeDropped, "time_dropped", "written without time of day"},
     ChangeRow{ValueChange::DayAdded, "day_added", "that had no day, stored with one"},
     ChangeRow{ValueChange::ZoneDropped, "zone_dropped", "written without time zone"},
+    ChangeRow{ValueChange::ZoneToUtc, "zone_to_utc", "brought to UTC, without a time zone of their own"},
     ChangeRow{ValueChange::Unreadable, "unreadable", "that can't be converted, written as null"},
     ChangeRow{ValueChange::NullFilled, "null_filled", "that were null, written as 0 or as an empty text"},
     ChangeRow{ValueChange::MarkDropped, "mark_dropped", "without the mark of byte order in front"},
     ChangeRow{ValueChange::BadText, "bad_text", "that are no UTF-8, read as Latin-1"},
+    ChangeRow{ValueChange::OtherText, "other_text", "that the format keeps with other characters"},
 };
 
 const ChangeRow& RowOf(ValueChange change) { return *std::ranges::find(kChanges, change, &ChangeRow::change); }

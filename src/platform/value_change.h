@@ -16,10 +16,12 @@ enum class ValueChange : std::uint8_t {
   TimeDropped,  ///< the time of day of a date
   DayAdded,     ///< a time of day without a day, stored with one
   ZoneDropped,  ///< a time zone
+  ZoneToUtc,    ///< a time zone; the time is brought to UTC
   Unreadable,   ///< a value of another kind that can't be converted; null
   NullFilled,   ///< null, where the format knows none; 0 or an empty text
   MarkDropped,  ///< a mark of byte order in front of a text
   BadText,      ///< bytes that are no text in the encoding of the data, taken as Latin-1
+  OtherText,    ///< a text that the format keeps with other characters
 };
 
 /// "out of range, null", "cut to the width of the field" and so on, as reports write it.

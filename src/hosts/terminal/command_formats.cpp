@@ -41,6 +41,8 @@ const char* NullWord(Nulls nulls) {
       return "yes";
     case Nulls::NotTexts:
       return "not in texts";
+    case Nulls::InDates:
+      return "in dates alone";
     case Nulls::AsEmpty:
       return "as empty texts";
   }

@@ -95,7 +95,7 @@ void SplitRemote(std::string& path, std::string& layer) {
   const std::string behind = colon == std::string::npos ? "" : path.substr(colon + 1);
   const std::string ahead = path.substr(0, colon);
   const bool names_layer = path.starts_with("PG:")
-                               ? colon > 2 && behind.find_first_of("= /@") == std::string::npos
+                               ? colon > 2 && behind.find_first_of("=/@") == std::string::npos
                                : FormatOfPath(ahead) != nullptr || EndsWithIgnoringCase(ahead, ".zip");
   if (behind.empty() || behind.find('/') != std::string::npos || !names_layer) return;
   constexpr std::string_view kUsualSchema = "public.";

@@ -106,7 +106,7 @@ class OutputText {
     const std::size_t colon = text_.rfind(':');
     std::string table = text_.substr(colon + 1);
     const bool named = text_.starts_with(format.ending) && colon > format.ending.size() && !table.empty() &&
-                       table.find_first_of("= /@") == std::string::npos;
+                       table.find_first_of("=/@") == std::string::npos;
     if (!named) throw Refusal("-o " + text_ + " names no table: write PG:CONNECTION:SCHEMA.TABLE.");
     constexpr std::string_view kUsual = "public.";
     if (table.starts_with(kUsual)) table.erase(0, kUsual.size());
