@@ -6,6 +6,7 @@
 #include "engine/copy_target.h"
 #include "engine/engine_fault.h"
 #include "engine/layer_copy.h"
+#include "engine/ogr_class.h"
 #include "platform/text_formats.h"
 
 namespace tessarine {
@@ -41,6 +42,8 @@ bool CanWrite(const Format& format) {
   GDALDriver* driver = DriverNamed(format.driver);
   return driver != nullptr && (WritesVectors(*driver) || format.server);
 }
+
+bool IsChangedInPlace(const Format& format) { return ChangesInPlace(format.driver); }
 
 const Format* FormatToWriteAs(const std::string& name) {
   const Format* known = FormatOfName(name);

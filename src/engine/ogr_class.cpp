@@ -23,6 +23,7 @@
 #include "engine/workspace_common.h"
 #include "outputs/way_out.h"
 #include "platform/paths.h"
+#include "platform/text_formats.h"
 
 namespace tessarine::engine {
 namespace {
@@ -44,7 +45,7 @@ constexpr const char* kPersonalDriver = "PGeo";
 
 // Formats whose rows are reached one by one. Of the others GDAL rewrites the whole file, shapes included, and a new
 // field is lost as long as it holds nothing.
-constexpr std::string_view kChangedInPlace[] = {"ESRI Shapefile", "GPKG",         "OpenFileGDB", "PGeo", "SQLite",
+constexpr std::string_view kDriversInPlace[] = {"ESRI Shapefile", "GPKG",         "OpenFileGDB", "PGeo", "SQLite",
                                                 "PostgreSQL",     "MSSQLSpatial", "MySQL",       "OCI"};
 
 class DatasetProperties final : public IPropertySet {
@@ -127,7 +128,33 @@ void TellTexts(const OgrSource& source, const Fields& fields) {
   }
 }
 
+// The drivers of databases write the names of columns that are added later in small letters.
+void KeepSpelling(const std::string& driver, const LayerHandle& handle, const OGRFieldDefn& wished) {
+  if (driver != "PostgreSQL" && driver != "SQLite") return;
+  OGRLayer& layer = handle.Layer();
+  const OGRFeatureDefn& made = *layer.GetLayerDefn();
+  const std::string name = made.GetFieldDefn(made.GetFieldCount() - 1)->GetNameRef();
+  if (name == wished.GetNameRef() || !EqualsIgnoringCase(name, wished.GetNameRef())) return;
+  const auto marked = [](const std::string& text) { return '"' + Replace(text, "\"", "\"\"") + '"'; };
+  const std::string layer_name = layer.GetName();
+  const std::size_t point = driver == "PostgreSQL" ? layer_name.find('.') : std::string::npos;
+  const std::string table = point == std::string::npos
+                                ? marked(layer_name)
+                                : marked(layer_name.substr(0, point)) + "." + marked(layer_name.substr(point + 1));
+  const std::string statement =
+      "ALTER TABLE " + table + " RENAME COLUMN " + marked(name) + " TO " + marked(wished.GetNameRef());
+  // It is there under the other name else.
+  const GdalErrorScope quiet;
+  if (OGRLayer* answer = handle.Dataset().ExecuteSQL(statement.c_str(), nullptr, nullptr)) {
+    handle.Dataset().ReleaseResultSet(answer);
+  }
+}
+
 }  // namespace
+
+bool ChangesInPlace(std::string_view driver) {
+  return std::ranges::find(kDriversInPlace, driver) != std::end(kDriversInPlace);
+}
 
 OgrClass::OgrClass(std::shared_ptr<OgrSource> source) : source_(std::move(source)) { ReadTraits(); }
 
@@ -198,6 +225,7 @@ void OgrClass::CreateField(const Field& field) {
       RaiseEngineFault("The field '" + field.Name + "' can't be added to '" + source_->Path() + "'" + errors.Quote() +
                        WayOut(source_->Path(), errors.Text()));
     }
+    KeepSpelling(driver_, handle, *definition);
   }
   ReadTraits();
 }
@@ -255,7 +283,7 @@ void OgrClass::DeleteLayer() {
 }
 
 bool OgrClass::CanBypassEditSession() const {
-  if (std::ranges::find(kChangedInPlace, driver_) == std::end(kChangedInPlace)) return false;
+  if (!ChangesInPlace(driver_)) return false;
   // SQLite opens a file for writing also where that isn't allowed.
   std::error_code error;
   const std::string& path = source_->DataPath();

@@ -214,11 +214,11 @@ std::unique_ptr<OGRFieldDefn> OgrFieldOf(const Field& field, ColumnStore store) 
     case esriFieldTypeSmallInteger:
       definition->SetType(OFTInteger);
       definition->SetSubType(OFSTInt16);
-      definition->SetWidth(field.Precision);
+      if (store != ColumnStore::Other) definition->SetWidth(field.Precision);
       break;
     case esriFieldTypeInteger:
       definition->SetType(OFTInteger);
-      definition->SetWidth(field.Precision);
+      if (store != ColumnStore::Other) definition->SetWidth(field.Precision);
       break;
     case esriFieldTypeInteger64:
       DefineWhole64(field, store, *definition);
@@ -227,6 +227,8 @@ std::unique_ptr<OGRFieldDefn> OgrFieldOf(const Field& field, ColumnStore store) 
     case esriFieldTypeDouble:
       definition->SetType(OFTReal);
       if (field.Type == esriFieldTypeSingle) definition->SetSubType(OFSTFloat32);
+      // Widths are those of decimal texts. A server would make a column of so many digits, and refuse what has more.
+      if (store == ColumnStore::Other) break;
       definition->SetWidth(field.Precision);
       definition->SetPrecision(field.Scale);
       break;

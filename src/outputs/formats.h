@@ -53,7 +53,7 @@ struct Format {
   bool container = false;     ///< one file or folder holds several classes, each under a name
   bool folder = false;        ///< a container that is a folder
   bool writable = false;
-  bool updated_in_place = false;
+  bool updated_in_place = false;  ///< new classes are made in it at once, not by way of a GeoPackage
   bool feature_datasets = false;
   bool keeps_identifiers = false;  ///< a new row can be given its identifier
   bool reorders = false;           ///< rows don't come back in the order in which they were written

@@ -138,6 +138,19 @@ class FolderNames {
   FreeNames names_;
 };
 
+// Where the run itself has left no report. A source or output that the report would take the place of stays.
+void ReportNoRun(const SourceOutcome& outcome, const std::string& output, const CommonOptions& options) {
+  if (options.report_file.empty()) return;
+  try {
+    std::string path, layer;
+    if (outcome.source != kPipe) SplitSource(outcome.source, path, layer);
+    RefuseReportOver(options.report_file, {path, output}, kIsOutput);
+    WriteReportOfNoRun(outcome.detail, outcome.status, options);
+  } catch (const std::exception&) {
+    // The line of the source tells what there is to tell.
+  }
+}
+
 SourceOutcome RunOne(const std::string& source, FolderNames& names, const CommonOptions& common,
                      const std::string& report_file, const RunOnSource& run) {
   SourceOutcome outcome{source, "failed", "", 0, 0, ExitStatus::Failed};
@@ -146,8 +159,10 @@ SourceOutcome RunOne(const std::string& source, FolderNames& names, const Common
   own.report_file = report_file;
   RunJournal journal;
   own.on_outcome = [&](const RunJournal& ended) { journal = ended; };
+  std::string place;
   try {
     const OutputOptions output = names.For(source);
+    place = output.text;
     outcome.status = run(source, output, own);
     outcome.word = WordOf(journal, outcome.status, own.dry_run);
     outcome.detail = journal.failure.empty() ? ToNativePath(journal.output_path) : journal.failure;
@@ -155,8 +170,10 @@ SourceOutcome RunOne(const std::string& source, FolderNames& names, const Common
     outcome.status = ExitStatus::Refused;
     outcome.word = "refused";
     outcome.detail = refusal.what();
+    ReportNoRun(outcome, place, own);
   } catch (const std::exception& error) {
     outcome.detail = error.what();
+    ReportNoRun(outcome, place, own);
   }
   outcome.read = journal.read;
   outcome.written = journal.written;

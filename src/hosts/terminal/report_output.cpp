@@ -139,14 +139,21 @@ json RecordsToJson(const RunJournal& journal) {
           {"unmeasured_oids", journal.unmeasured_oids}};
 }
 
-std::string JsonReport(const std::string& rtf, const CommonOptions& options, TerminalHost& host) {
-  const RunJournal& journal = host.Journal();
+// What a report is made from besides its text.
+struct EndedRun {
+  const RunJournal& journal;
+  std::string outcome;
+  enum class Kind : std::uint8_t { Run, Plan, Nothing } kind = Kind::Run;
+};
+
+std::string JsonReport(const std::string& rtf, const CommonOptions& options, const EndedRun& run) {
+  const RunJournal& journal = run.journal;
   const LibraryVersions versions = EngineLibraryVersions();
   json report = {
       {"command_line", options.command_line},
       {"versions",
        {{"tessarine", TESSARINE_VERSION}, {"gdal", versions.gdal}, {"geos", versions.geos}, {"proj", versions.proj}}},
-      {"outcome", OutcomeWord(journal, host.PlanOnly(), host.FaultReported())},
+      {"outcome", run.outcome},
       {"output", journal.output_path.empty() ? json() : json(WithoutPipedFile(ToNativePath(journal.output_path)))},
       {"spatial_reference", ReferenceToJson(journal)},
       {"brought_to", BroughtToJson(journal)},
@@ -160,9 +167,9 @@ std::string JsonReport(const std::string& rtf, const CommonOptions& options, Ter
       {"other_faults", journal.other_faults},
       {"report", ToPlainText(ReadRtf(rtf))},
   };
-  if (host.PlanOnly()) {
+  if (run.kind == EndedRun::Kind::Plan) {
     report["plan"] = {{"fields", journal.planned_fields}, {"questions", journal.planned_questions}};
-  } else {
+  } else if (run.kind == EndedRun::Kind::Run) {
     report["start"] = IsoTime(journal.begin);
     report["end"] = IsoTime(journal.end);
     report["elapsed_seconds"] = static_cast<std::int64_t>(journal.elapsed_seconds);
@@ -172,15 +179,15 @@ std::string JsonReport(const std::string& rtf, const CommonOptions& options, Ter
 
 struct ReportForm {
   const char* ending;
-  std::string (*make)(const std::string& rtf, const CommonOptions& options, TerminalHost& host);
+  std::string (*make)(const std::string& rtf, const CommonOptions& options, const EndedRun& run);
 };
 
 constexpr std::array kForms = {
     ReportForm{".txt", [](const std::string& rtf, const CommonOptions&,
-                          TerminalHost&) { return ToPlainText(ReadRtf(rtf)) + "\n"; }},
-    ReportForm{".rtf", [](const std::string& rtf, const CommonOptions&, TerminalHost&) { return rtf; }},
+                          const EndedRun&) { return ToPlainText(ReadRtf(rtf)) + "\n"; }},
+    ReportForm{".rtf", [](const std::string& rtf, const CommonOptions&, const EndedRun&) { return rtf; }},
     ReportForm{".html", [](const std::string& rtf, const CommonOptions&,
-                           TerminalHost&) { return ToHtml(ReadRtf(rtf), "Tessarine Suite report"); }},
+                           const EndedRun&) { return ToHtml(ReadRtf(rtf), "Tessarine Suite report"); }},
     ReportForm{".json", JsonReport},
 };
 
@@ -189,6 +196,13 @@ const ReportForm* FindForm(const std::string& path) {
     if (EndsWithIgnoringCase(path, form.ending)) return &form;
   }
   return nullptr;
+}
+
+void Write(const std::string& rtf, const CommonOptions& options, const EndedRun& run) {
+  std::ofstream file(options.report_file, std::ios::binary | std::ios::trunc);
+  file << WithoutPasswords(FindForm(options.report_file)->make(rtf, options, run));
+  file.close();
+  if (!file) Raise(kPathNotFound, "The report can't be written to '" + options.report_file + "'.");
 }
 
 }  // namespace
@@ -218,10 +232,17 @@ void RefuseReportOver(const std::string& report_file, const std::vector<std::str
 }
 
 void WriteReport(const std::string& rtf, const CommonOptions& options, TerminalHost& host) {
-  std::ofstream file(options.report_file, std::ios::binary | std::ios::trunc);
-  file << WithoutPasswords(FindForm(options.report_file)->make(rtf, options, host));
-  file.close();
-  if (!file) Raise(kPathNotFound, "The report can't be written to '" + options.report_file + "'.");
+  const RunJournal& journal = host.Journal();
+  Write(rtf, options,
+        {journal, OutcomeWord(journal, host.PlanOnly(), host.FaultReported()),
+         host.PlanOnly() ? EndedRun::Kind::Plan : EndedRun::Kind::Run});
+}
+
+void WriteReportOfNoRun(const std::string& why, ExitStatus status, const CommonOptions& options) {
+  RunJournal journal;
+  journal.Fail(why);
+  Write(PlainTextToRtf(why), options,
+        {journal, status == ExitStatus::Refused ? "refused" : "failed", EndedRun::Kind::Nothing});
 }
 
 std::string PlainReport(const std::string& title, const std::vector<std::string>& sentences) {

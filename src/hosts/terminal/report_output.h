@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "hosts/terminal/common_options.h"
+#include "hosts/terminal/exit_status.h"
 #include "hosts/terminal/terminal_host.h"
 
 namespace tessarine {
@@ -29,5 +30,8 @@ void WriteReport(const std::string& rtf, const CommonOptions& options, TerminalH
 
 /// A report of a title and sentences alone, each a paragraph, as RTF.
 [[nodiscard]] std::string PlainReport(const std::string& title, const std::vector<std::string>& sentences);
+
+/// The same for a run that never began, or ended before it had a report.
+void WriteReportOfNoRun(const std::string& why, ExitStatus status, const CommonOptions& options);
 
 }  // namespace tessarine
