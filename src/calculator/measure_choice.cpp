@@ -66,6 +66,7 @@ Objection Wrong(const ToolMeasure& wish, const std::string& what) {
 std::optional<Objection> ObjectionToFields(const IFeatureClass& features, const ToolMeasure& wish,
                                            const MeasureRow& row) {
   for (const std::string& name : wish.fields) {
+    if (name.empty()) return Wrong(wish, "a field without a name can't be made. Name it, or leave the '=' out.");
     const std::string obstacle = Obstacle(features, name);
     if (obstacle.empty()) continue;
     return Wrong(wish, "the field '" + name + "' can't be written to: " + obstacle + ". Name another field.");

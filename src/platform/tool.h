@@ -75,11 +75,13 @@ struct ToolSpec {
   std::vector<ToolParameter> parameters;
   ToolReference reference = ToolReference::Source;
   std::string_view why_no_other_reference = {};
-  bool whole_layers = false;      ///< it reads all records of a layer, whatever is selected
-  bool several_sources = true;    ///< it can be run over one source after the other
-  bool renames = false;           ///< a run whose output's name is taken takes another one, and doesn't ask
-  bool spreads = false;           ///< its work can be spread over threads
-  std::string_view example = {};  ///< a command line
+  std::vector<std::string_view> one_of = {};  ///< parameters of which one must be given, or be remembered by a document
+  std::string_view without_one_of = {};       ///< what stands against a run without any, as an `Objection` says it
+  bool whole_layers = false;                  ///< it reads all records of a layer, whatever is selected
+  bool several_sources = true;                ///< it can be run over one source after the other
+  bool renames = false;                       ///< a run whose output's name is taken takes another one, and doesn't ask
+  bool spreads = false;                       ///< its work can be spread over threads
+  std::string_view example = {};              ///< a command line
 
   [[nodiscard]] const ToolParameter* Find(std::string_view parameter) const {
     for (const ToolParameter& one : parameters) {
@@ -150,7 +152,7 @@ struct Objection {
 
   std::string parameter;  ///< empty where it is about none in particular
   std::string text;
-  std::string title = {};  ///< of the message that a dialog shows; empty where dialogs can't come to it
+  std::string title = {};  ///< of the message that tells the text alone; empty where no dialog can come to it
   Telling telling = kToldAlone;
 };
 

@@ -224,9 +224,11 @@ std::optional<Objection> ObjectionTo(const std::string& path, const OutputChoice
   if (format != nullptr && format == TemporaryLayers()) return std::nullopt;
   // A feature dataset is no folder: its place is the geodatabase.
   const std::string directory = choice.IsFeatureDataset ? choice.Directory : WithoutTrailingSlash(ReturnDir(path));
-  const Objection no_workspace{
-      "output", "Unable to create Feature Class:\r\n" + ToNativePath(directory) + " is not a valid workspace...",
-      kTitle};
+  const Objection no_workspace{"output",
+                               "Unable to create Feature Class:\r\n" +
+                                   (directory.empty() && !path.empty() ? "/" : ToNativePath(directory)) +
+                                   " is not a valid workspace...",
+                               kTitle};
   if (format == nullptr) return ExistFileDir(directory) ? std::nullopt : std::optional(no_workspace);
   const OutputPlace place{format, ToNativePath(WithoutTrailingSlash(path.substr(0, path.rfind('\\')))), "",
                           path.substr(path.rfind('\\') + 1)};

@@ -152,6 +152,7 @@ class BuildPolygonsTool final : public Tool {
     choices.path = output.path;
 
     RememberOutput(output.place, extension);
+    extension.NewShapefileLocation = output.path;
     extension.AnalysisRecordCount = CountRecords(choices.lines, choices.all_lines);
     extension.BuildClusterTolerance = choices.cluster_tolerance;
     extension.BuildShouldTransferLabels = choices.labels != nullptr;

@@ -134,6 +134,13 @@ class CalculateTool final : public Tool {
     const LayerRef layer = SourceOf(arguments);
     const std::shared_ptr<IFeatureClass> features = Require(layer->FeatureClass(), "FeatureClass");
     const MeasureChoice choice = Chosen(arguments, layer);
+    // A face that doesn't validate learns it here: a dialog may leave any name for a field.
+    if (choice.objection) {
+      context.feedback.Tell(WithoutBraces(choice.objection->text), " Confirm Field Names:");
+      context.journal.Fail(WithoutBraces(choice.objection->text));
+      context.journal.cancelled = true;
+      return nullptr;
+    }
     const auto agrees = [&](const std::optional<NameQuestion>& asked) {
       return !asked || context.feedback.Ask(asked->question, asked->text, asked->title);
     };

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // Cuts features at the sides of a box and brings what lies outside in at the other side.
+#include "planetary/LongitudeForm.h"
 #include "planetary/frmBoundaryWrap.h"
 #include "planetary/planetary_rules.h"
 #include "platform/text_formats.h"
@@ -46,6 +47,10 @@ const ToolSpec kSpec{
     .why_no_other_reference =
         "wrapped longitudes are a matter of the data's own degrees; a box from 0 to 360 or over the edge of the map "
         "would be lost in another reference.",
+    .one_of = {"range", "bounds"},
+    .without_one_of =
+        "'wrap' needs a box: {range} 180, {range} 360 or {bounds} W,S,E,N, or a {document} that "
+        "remembers one.",
     .whole_layers = true,
     .spreads = true,
     .example = "tessarine wrap tests/data/countries.shp --range 360 -o countries_360.shp",
@@ -123,9 +128,7 @@ class WrapTool final : public Tool {
                                                   const std::shared_ptr<IApplication>& application) const override {
     const bool is_given = arguments.Has("range") || arguments.Has("bounds");
     if (!is_given && !RememberedBox(*ExtensionOf(application))) {
-      return Objection{"",
-                       "'wrap' needs a box: {range} 180, {range} 360 or {bounds} W,S,E,N, or a {document} that "
-                       "remembers one."};
+      return Objection{"", std::string(kSpec.without_one_of)};
     }
     if (const auto objection = ObjectionToLayer(kSpec, SourceOf(arguments))) return objection;
     if (const auto objection = ObjectionToPlace(arguments)) return objection;

@@ -2,6 +2,7 @@
 // The tools as data: their list for other programs, and the examples that their help shows.
 #include <gmock/gmock.h>
 
+#include <filesystem>
 #include <map>
 #include <nlohmann/json.hpp>
 #include <set>
@@ -104,6 +105,32 @@ TEST_F(Tools, ACommaIsNoDecimalPointOfAnyNumber) {
       RunTessarine({"wrap", Data("countries.shp"), "--range", "180", "--shift", "1,5", "-o", In("o.shp")});
   EXPECT_EQ(run.status, 2);
   EXPECT_THAT(run.err, HasSubstr("--shift: '1,5' is no number of degrees."));
+}
+
+// Status 2 promises that nothing was written, the document neither.
+TEST_F(Tools, WhoDeclinesAQuestionKeepsTheDocumentAsItIs) {
+  std::filesystem::copy_file(Data("graphics.json"), In("map.json"));
+  ASSERT_EQ(RunTessarine({"calculate", Data("countries.shp"), "-m", "Sph. Area=A", "-o", In("taken.gpkg")}).status, 0);
+  const std::string before = ReadFile(In("map.json"));
+  const ProgramOutcome run =
+      RunTessarine({"calculate", In("taken.gpkg"), "-d", In("map.json"), "-m", "Sph. Area=A", "--no"});
+  EXPECT_EQ(run.status, 2);
+  EXPECT_THAT(run.err, HasSubstr("already exist in your dataset"));
+  EXPECT_EQ(ReadFile(In("map.json")), before);
+}
+
+TEST_F(Tools, ADocumentRemembersTheLastOutput) {
+  std::filesystem::copy_file(Data("graphics.json"), In("map.json"));
+  ASSERT_EQ(RunTessarine({"vertices", Data("countries.shp"), "-d", In("map.json"), "-o", In("v.shp")}).status, 0);
+  const auto settings = nlohmann::json::parse(ReadFile(In("map.json"))).at("settings");
+  EXPECT_THAT(settings.dump(), HasSubstr("v.shp"));
+}
+
+TEST_F(Tools, AMeasureNeedsANameForItsField) {
+  const ProgramOutcome run = RunTessarine({"calculate", Data("countries.shp"), "-m", "Sph. Area=", "-o", In("o.gpkg")});
+  EXPECT_EQ(run.status, 2);
+  EXPECT_THAT(run.err, HasSubstr("-m \"Sph. Area=\": a field without a name"));
+  EXPECT_TRUE(Left().empty());
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <fmt/core.h>
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <memory>
 #include <nlohmann/json.hpp>
 
@@ -45,6 +46,11 @@ ExitStatus RunTool(const ITool& tool, const ToolOptions& options) {
   const ToolSpec& spec = tool.Spec();
   CheckReportFile(options.common.report_file);
   Arguments arguments = ReadArguments(spec, options);
+  // Without a document nothing is remembered.
+  const bool has_one = std::ranges::any_of(spec.one_of, [&](std::string_view name) { return arguments.Has(name); });
+  if (!spec.one_of.empty() && !has_one && options.common.document.empty()) {
+    throw Refusal(ObjectionText({"", std::string(spec.without_one_of)}));
+  }
   const NamedOutput output = ParseOutput(options.output, Folders::Allowed);
   const OutputPlace& place = output.place;
   Session session(options.common);

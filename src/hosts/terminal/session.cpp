@@ -68,7 +68,7 @@ ExitStatus Session::Run(const ITool& tool, const Arguments& arguments) {
   if (!options_.report_file.empty()) RefuseReportOverData();
   const std::optional<Objection> objection = tool.Validate(arguments, application_);
   if (objection && !objection->title.empty()) {
-    (void)host_.MessageBox().Show(ObjectionText(*objection), objection->title, MessageButtons::Ok, MessageIcon::None);
+    (void)host_.MessageBox().Show(objection->text, objection->title, MessageButtons::Ok, MessageIcon::None);
     host_.NoteFormRefused();
     return Conclude();
   }
@@ -86,9 +86,10 @@ void Session::RunOrPlan(const ITool& tool, const Arguments& arguments) {
     RunContext context = HostContext();
     const std::string report =
         host_.PlanOnly() ? tool.Plan(context, arguments, application_) : tool.Run(context, arguments, application_);
-    if (!host_.PlanOnly()) document_->SetDirty();
     // The user gave up, and knows it.
-    if (!host_.Journal().cancelled) host_.SetReport(report);
+    if (host_.Journal().cancelled) return;
+    if (!host_.PlanOnly()) document_->SetDirty();
+    host_.SetReport(report);
   });
 }
 

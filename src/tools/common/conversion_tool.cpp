@@ -92,6 +92,7 @@ ConversionTool::Prepared ConversionTool::Prepare(const Arguments& arguments,
   const OutputOfRun output = OutputOf(arguments, std::string(row_.dialog.default_output_name));
   RememberOutput(output.place, *prepared.extension);
   prepared.path = output.path;
+  prepared.extension->NewShapefileLocation = output.path;
   prepared.all_records = ReadsAll(prepared.layer, arguments.records);
   prepared.extension->AnalysisRecordCount = CountRecords(prepared.layer, prepared.all_records);
   return prepared;

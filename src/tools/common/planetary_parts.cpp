@@ -42,9 +42,9 @@ std::optional<Objection> ObjectionToPlace(const Arguments& arguments) {
 
 double ShiftOf(const Arguments& arguments, const clsExtension& extension, FromDocument& from_document) {
   if (const auto* shift = arguments.Find<double>("shift")) return *shift;
-  if (extension.LongitudeShift != 0.0) {
-    from_document.push_back("Longitudinal Shift:  " + BoxNumber(extension.LongitudeShift) + " decimal degrees");
-  }
+  const std::string remembered = BoxNumber(extension.LongitudeShift);
+  if (remembered == BoxNumber(0.0)) return 0.0;
+  from_document.push_back("Longitudinal Shift:  " + remembered + " decimal degrees");
   return extension.LongitudeShift;
 }
 
