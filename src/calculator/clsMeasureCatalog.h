@@ -9,6 +9,7 @@ namespace tessarine {
 class clsMeasureCatalog final : public IMeasureCatalog {
  public:
   [[nodiscard]] MeasureOffer Offer(const IFeatureLayer& layer) const override { return OfferOf(layer); }
+  [[nodiscard]] std::vector<std::string> Captions() const override;
 };
 
 }  // namespace tessarine

@@ -8,12 +8,17 @@
 #include "platform/fault.h"
 #include "platform/running_journal.h"
 #include "platform/tell_user.h"
+#include "platform/thread_host.h"
 
 namespace tessarine {
 namespace {
 
 IHost* g_host = nullptr;
+thread_local IHost* t_host = nullptr;
 thread_local RunContext* t_running = nullptr;
+
+// Null where nobody serves.
+IHost* ServingHost() { return t_host != nullptr ? t_host : g_host; }
 
 }  // namespace
 
@@ -22,8 +27,9 @@ double IClock::SteadySeconds() const {
 }
 
 IHost& Host() {
-  if (g_host == nullptr) Raise(kObjectNotSet, "No host serves this process.");
-  return *g_host;
+  IHost* const host = ServingHost();
+  if (host == nullptr) Raise(kObjectNotSet, "No host serves this process.");
+  return *host;
 }
 
 IHost* SetHost(IHost* host) { return std::exchange(g_host, host); }
@@ -39,6 +45,9 @@ RunContext HostContext() {
   return {host.Clock(), host, host, host.Journal(), host.Jobs()};
 }
 
+ThreadHostScope::ThreadHostScope(IHost& host) : before_(std::exchange(t_host, &host)) {}
+ThreadHostScope::~ThreadHostScope() { t_host = before_; }
+
 RunContext* RunningContext() { return t_running; }
 
 RunningContextScope::RunningContextScope(RunContext& run) : before_(std::exchange(t_running, &run)) {}
@@ -46,7 +55,8 @@ RunningContextScope::~RunningContextScope() { t_running = before_; }
 
 RunJournal* RunningJournal() {
   if (t_running != nullptr) return &t_running->journal;
-  return g_host == nullptr ? nullptr : &g_host->Journal();
+  IHost* const host = ServingHost();
+  return host == nullptr ? nullptr : &host->Journal();
 }
 
 IOperatingSystem& SystemAtHand() { return t_running != nullptr ? t_running->services.System() : Host().System(); }
@@ -59,7 +69,8 @@ void TellUser(const std::string& text, const std::string& title) { FeedbackAtHan
 
 bool StopRequested() {
   if (t_running != nullptr) return t_running->feedback.StopRequested();
-  return g_host != nullptr && g_host->StopRequested();
+  const IHost* const host = ServingHost();
+  return host != nullptr && host->StopRequested();
 }
 
 }  // namespace tessarine

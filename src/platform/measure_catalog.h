@@ -33,6 +33,8 @@ class IMeasureCatalog : public virtual Object {
  public:
   /// The measures of a layer by its shape type and reference, in the order of their ids; none for other shape types.
   [[nodiscard]] virtual MeasureOffer Offer(const IFeatureLayer& layer) const = 0;
+  /// Of the measures of all shape types and references, each once.
+  [[nodiscard]] virtual std::vector<std::string> Captions() const = 0;
 };
 
 }  // namespace tessarine

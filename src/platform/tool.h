@@ -54,6 +54,7 @@ struct ToolParameter {
   std::string_view of = {};                    ///< the parameter of the layer that the fields or measures are of
   std::string_view needs = {};                 ///< a parameter without which this one can't be given
   std::string_view excludes = {};              ///< a parameter beside which this one can't be given
+  std::vector<esriGeometryType> shapes = {};   ///< that a layer may be of
   bool remembered = false;                     ///< where it isn't given, what the map document remembers is taken
 };
 

@@ -26,7 +26,7 @@ const ToolSpec kSpec{
     .class_name = "clsBuildPolygon",
     .parameters =
         {
-            SourceParameter(),
+            SourceParameter({esriGeometryPolyline}),
             OutputParameter(),
             {.name = "cluster-tolerance",
              .kind = ParameterKind::Number,
@@ -37,10 +37,11 @@ const ToolSpec kSpec{
             {.name = "labels",
              .kind = ParameterKind::Layer,
              .text = "Points whose attributes the polygons take",
-             .needs = "label-fields"},
+             .needs = "label-fields",
+             .shapes = {esriGeometryPoint}},
             {.name = "label-fields",
              .kind = ParameterKind::Fields,
-             .text = "The fields of the points to carry over, with commas between",
+             .text = "The fields of the points to carry over",
              .of = "labels",
              .needs = "labels"},
             {.name = "label-choice",
@@ -103,9 +104,9 @@ class BuildPolygonsTool final : public Tool {
     if (!ExtensionOf(application)->IsVersion92()) {
       return Objection{"", "This command is disabled: the document's host is too old for it."};
     }
-    if (const auto objection = ObjectionToKind(kSpec, SourceOf(arguments), kPolylineLayers)) return objection;
+    if (const auto objection = ObjectionToKind(kSpec, SourceOf(arguments))) return objection;
     if (const auto labels = arguments.Get<LayerRef>("labels")) {
-      if (!IsOfType(labels, kPointLayers)) {
+      if (!Takes(kSpec, "labels", labels)) {
         return Objection{"labels", "the layer '" + labels->Name() + "' is of the wrong kind: labels are points."};
       }
       if (const auto objection = LabelFields(arguments).objection) return objection;

@@ -13,8 +13,6 @@ namespace {
 
 using namespace MyGeneralOperations;
 
-constexpr std::int32_t kLayersWithShapes = kPointLayers | kPolylineLayers | kPolygonLayers | kMultipointLayers;
-
 const ToolSpec kSpec{
     .name = "calculate",
     .title = "Calculate Geometry",
@@ -24,7 +22,7 @@ const ToolSpec kSpec{
     .class_name = "clsConvertGeometry",
     .parameters =
         {
-            SourceParameter(),
+            SourceParameter(AllShapes()),
             {.name = "measure",
              .kind = ParameterKind::Measures,
              .text = "A measure, with its fields where they shall have other names than the proposed ones; repeat it "
@@ -87,7 +85,7 @@ class CalculateTool final : public Tool {
   [[nodiscard]] std::optional<Objection> Validate(const Arguments& arguments,
                                                   const std::shared_ptr<IApplication>&) const override {
     const LayerRef layer = SourceOf(arguments);
-    if (!IsOfType(layer, kLayersWithShapes)) {
+    if (!Takes(kSpec, "source", layer)) {
       return Objection{"", "The layer '" + layer->Name() + "' is of the wrong kind: measures are for " +
                                std::string(kSpec.takes) + "."};
     }

@@ -18,7 +18,7 @@ const ToolSpec kSpec{
     .class_name = "clsWrapBoundary",
     .parameters =
         {
-            SourceParameter(),
+            SourceParameter(AllShapes()),
             OutputParameter(),
             {.name = "range",
              .kind = ParameterKind::Choice,

@@ -64,7 +64,8 @@ class WholeFeed final : public RowFeed {
  public:
   WholeFeed(QgsVectorLayer& layer, const QgsFeatureRequest& request) : rows_(layer.getFeatures(request)) {
     // While a layer is edited its rows come from the layer, and what the iterator says is of the provider's.
-    if (!layer.isEditable() && !rows_.isValid()) Raise(kEngine, "The rows of the layer '" + FromQt(layer.name()) + "' can't be read.");
+    if (!layer.isEditable() && !rows_.isValid())
+      Raise(kEngine, "The rows of the layer '" + FromQt(layer.name()) + "' can't be read.");
   }
   [[nodiscard]] bool Next(QgsFeature& feature) override { return rows_.nextFeature(feature); }
 

@@ -1,22 +1,18 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// The door between the map program and the suite: what the program asks of a plug-in.
+// The door between the map program and the suite: what the shell of the plug-in calls.
 #include <qgisinterface.h>
-#include <qgisplugin.h>
 
-#include <QObject>
 #include <memory>
 
 #include "hosts/qgis/menu_bar.h"
+#include "hosts/qgis/processing/provider.h"
 #include "hosts/qgis/program_application.h"
 #include "hosts/qgis/qgis_host.h"
-#include "hosts/windows/pictures.h"
+#include "platform/component.h"
 #include "platform/trap.h"
 
 namespace tessarine::qgis {
 namespace {
-
-// What the host answers for its own version; it has all that the suite asks of one from 9.2 on.
-constexpr const char* kHostVersion = "10.0";
 
 class PluginWindow final : public IProgramWindow {
  public:
@@ -33,57 +29,54 @@ class PluginWindow final : public IProgramWindow {
   QgisInterface& program_;
 };
 
-class TessarinePlugin final : public QObject, public QgisPlugin {
+/// The toolbar and the menus, as long as it lives.
+class Menus {
  public:
-  TessarinePlugin(QgisInterface& program, const QString& name, const QString& description, const QString& category,
-                  const QString& version)
-      : QgisPlugin(name, description, category, version, QgisPlugin::UI), program_(program), window_(program) {}
-
-  void initGui() override {
-    Trap("initGui", [this] {
-      host_ = std::make_unique<QgisHost>(program_.mainWindow(), kHostVersion);
-      application_ = std::make_shared<ProgramApplication>(window_);
-      application_->Start();
-      menus_ = std::make_unique<MenuBar>(program_, *host_, application_);
-    });
+  explicit Menus(QgisInterface& program)
+      : window_(program),
+        host_(program.mainWindow(), kHostVersion),
+        application_(std::make_shared<ProgramApplication>(window_)) {
+    application_->Start();
+    bar_ = std::make_unique<MenuBar>(program, host_, application_);
   }
-
-  void unload() override {
-    menus_ = nullptr;
-    if (application_) Trap("unload", [this] { application_->Stop(); });
-    application_ = nullptr;
-    host_ = nullptr;
+  ~Menus() {
+    bar_ = nullptr;
+    Trap("unload", [this] { application_->Stop(); });
   }
+  Menus(const Menus&) = delete;
+  Menus& operator=(const Menus&) = delete;
 
  private:
-  QgisInterface& program_;
   PluginWindow window_;
-  std::unique_ptr<QgisHost> host_;
+  QgisHost host_;
   std::shared_ptr<ProgramApplication> application_;
-  std::unique_ptr<MenuBar> menus_;
+  std::unique_ptr<MenuBar> bar_;
 };
 
-const QString kName = QStringLiteral("Tessarine Tools");
-const QString kDescription = QStringLiteral(
-    "Measures features on the spheroid, converts features, wraps longitudes, converts planetary latitudes and turns "
-    "drawings into features.");
-const QString kCategory = QStringLiteral("Vector");
-const QString kVersion = QStringLiteral("Version " TESSARINE_VERSION);
-const QString kIcon;
+std::unique_ptr<Menus>& RunningMenus() {
+  static std::unique_ptr<Menus> menus;
+  return menus;
+}
 
 }  // namespace
 }  // namespace tessarine::qgis
 
-// NOLINTBEGIN(readability-identifier-naming): the program looks these names up.
-QGISEXTERN QgisPlugin* classFactory(QgisInterface* program) {
+extern "C" {
+// NOLINTBEGIN(readability-identifier-naming): the shell of the plug-in looks these names up.
+
+/// Puts the tools into the toolbox; for the main thread, any number of times.
+TESSARINE_EXPORT void tessarine_start_processing() { tessarine::qgis::AddToolProvider(); }
+
+/// Shows toolbar and menus in the program of this interface.
+TESSARINE_EXPORT void tessarine_start_menus(QgisInterface* program) {
   using namespace tessarine::qgis;
-  return new TessarinePlugin(*program, kName, kDescription, kCategory, kVersion);  // the program hands it to `unload`
+  tessarine::Trap("initGui", [&] { RunningMenus() = std::make_unique<Menus>(*program); });
 }
-QGISEXTERN const QString* name() { return &tessarine::qgis::kName; }
-QGISEXTERN const QString* description() { return &tessarine::qgis::kDescription; }
-QGISEXTERN const QString* category() { return &tessarine::qgis::kCategory; }
-QGISEXTERN const QString* version() { return &tessarine::qgis::kVersion; }
-QGISEXTERN const QString* icon() { return &tessarine::qgis::kIcon; }
-QGISEXTERN int type() { return QgisPlugin::UI; }
-QGISEXTERN void unload(QgisPlugin* plugin) { delete plugin; }
+
+/// Takes both away again.
+TESSARINE_EXPORT void tessarine_stop() {
+  tessarine::qgis::RunningMenus() = nullptr;
+  tessarine::qgis::RemoveToolProvider();
+}
 // NOLINTEND(readability-identifier-naming)
+}

@@ -18,9 +18,9 @@ const char kHere = 0;
 
 }  // namespace
 
-std::string PluginSystem::ProgramFolder() const {
+std::string PluginFolder() {
   Dl_info library{};
-  if (dladdr(&kHere, &library) == 0 || library.dli_fname == nullptr) return LocalOperatingSystem::ProgramFolder();
+  if (dladdr(&kHere, &library) == 0 || library.dli_fname == nullptr) return LocalOperatingSystem().ProgramFolder();
   return FromNativePath(std::filesystem::absolute(library.dli_fname).parent_path().string());
 }
 

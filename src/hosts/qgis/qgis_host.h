@@ -8,10 +8,16 @@
 
 namespace tessarine::qgis {
 
+/// What the host answers for its own version; it has all that the suite asks of one from 9.2 on.
+inline constexpr const char* kHostVersion = "10.0";
+
+/// The folder that this library lies in, a backslash path.
+[[nodiscard]] std::string PluginFolder();
+
 /// The operating system; the suite lies where the plug-in does, not where the map program does.
 class PluginSystem final : public LocalOperatingSystem {
  public:
-  [[nodiscard]] std::string ProgramFolder() const override;
+  [[nodiscard]] std::string ProgramFolder() const override { return PluginFolder(); }
 };
 
 class QgisHost final : public WindowHost {

@@ -249,18 +249,9 @@ void RefuseUnwritableSource(const std::shared_ptr<IFeatureClass>& features) {
   }
 }
 
-PreparedPlace::PreparedPlace(const OutputPlace& place, const SpatialReferenceRef& reference, TerminalSystem& system)
+PreparedPlace::PreparedPlace(const OutputPlace& place, const SpatialReferenceRef& reference, PromisingSystem& system)
     : place_(place) {
-  if (!place.InContainer() || !place.format->writable) return;
-  if (place.format->server) {
-    system.Promise(FromNativePath(place.container));
-    return;
-  }
-  if (!place.dataset.empty()) PromiseFeatureDataset(place.container, place.dataset, reference);
-  if (fs::exists(place.container)) return;
-  if (!fs::is_directory(fs::path(place.container).parent_path())) return;  // the dialog tells of the missing folder
-  if (place.format->feature_datasets) PromiseFileGeodatabase(place.container);
-  system.Promise(FromNativePath(place.container));
+  PromisePlace(place, reference, system);
 }
 
 BrowsePlace PreparedPlace::Browse() const {

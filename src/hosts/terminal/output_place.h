@@ -50,7 +50,7 @@ void RefuseUnwritableSource(const std::shared_ptr<IFeatureClass>& features);
 /// are promised; the first class makes them.
 class PreparedPlace {
  public:
-  PreparedPlace(const OutputPlace& place, const SpatialReferenceRef& reference, TerminalSystem& system);
+  PreparedPlace(const OutputPlace& place, const SpatialReferenceRef& reference, PromisingSystem& system);
 
   /// What the browse dialog answers for it.
   [[nodiscard]] BrowsePlace Browse() const;

@@ -5,11 +5,10 @@
 
 #include <memory>
 #include <optional>
-#include <set>
 #include <string>
 #include <vector>
 
-#include "engine/local_system.h"
+#include "hosts/document/promised_places.h"
 #include "hosts/terminal/form_script.h"
 #include "hosts/terminal/refusal.h"
 #include "platform/host.h"
@@ -23,27 +22,6 @@ struct TerminalManners {
   bool interactive = false;
   bool plan_only = false;
   unsigned jobs = 1;
-};
-
-/// The operating system, with places that a run counts on but that aren't made yet, and without those that the user
-/// has agreed to replace.
-class TerminalSystem final : public LocalOperatingSystem {
- public:
-  void Promise(const std::string& path) { promised_.insert(path); }
-  /// The data set at this path counts as gone, with whatever ending.
-  void GiveFree(const std::string& path) { free_.insert(WithoutEnding(path)); }
-  [[nodiscard]] bool Exists(const std::string& path) const override {
-    if (free_.contains(WithoutEnding(path))) return false;
-    return promised_.contains(path) || LocalOperatingSystem::Exists(path);
-  }
-
- private:
-  [[nodiscard]] static std::string WithoutEnding(const std::string& path) {
-    const std::size_t point = path.rfind('.');
-    return point == std::string::npos || path.find('\\', point) != std::string::npos ? path : path.substr(0, point);
-  }
-
-  std::set<std::string> promised_, free_;
 };
 
 /// What the browse dialog answers: once, the place of the command line; then it is cancelled.
@@ -67,7 +45,7 @@ class TerminalHost final : public IHost, public IMessageBox, public IFormHost, p
   /// What the dialog for references answers; nothing cancels it.
   void SetChosenReference(SpatialReferenceRef reference) { chosen_reference_ = std::move(reference); }
   void SetWishes(OutputWishes wishes) { wishes_ = std::move(wishes); }
-  [[nodiscard]] TerminalSystem& LocalSystem() { return system_; }
+  [[nodiscard]] PromisingSystem& LocalSystem() { return system_; }
   [[nodiscard]] const TerminalManners& Manners() const { return manners_; }
 
   /// The report that a run showed, as RTF; nothing when none was shown.
@@ -127,7 +105,7 @@ class TerminalHost final : public IHost, public IMessageBox, public IFormHost, p
   TerminalManners manners_;
   std::string host_version_;
   SystemClock clock_;
-  TerminalSystem system_;
+  PromisingSystem system_;
   FormScript* script_ = nullptr;
   std::optional<BrowsePlace> browse_place_;
   SpatialReferenceRef chosen_reference_;

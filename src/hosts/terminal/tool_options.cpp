@@ -47,6 +47,7 @@ std::vector<std::string> SplitAtCommas(const std::string& text) {
 
 std::string HelpOf(const ToolParameter& parameter) {
   std::string help(parameter.text);
+  if (parameter.kind == ParameterKind::Fields) help += ", with commas between";
   if (!parameter.unit.empty() && parameter.unit != "degrees") help += ", in " + std::string(parameter.unit);
   if (!parameter.otherwise.empty()) help += "; otherwise " + std::string(parameter.otherwise);
   return help;

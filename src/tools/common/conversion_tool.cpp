@@ -17,7 +17,8 @@ ToolSpec SpecOf(const ConversionRow& row) {
           .takes = row.words.takes,
           .makes = row.words.makes,
           .class_name = row.command.class_name,
-          .parameters = {SourceParameter(), OutputParameter(), FieldsParameter(), AllFieldsParameter()},
+          .parameters = {SourceParameter(ShapesOf(row.dialog.layer_mask)), OutputParameter(), FieldsParameter(),
+                         AllFieldsParameter()},
           .reference = row.run.Kind == modCreateVertices::RunKind::Geographic ? ToolReference::Geographic
                                                                               : ToolReference::Source,
           .spreads = true,
@@ -65,7 +66,7 @@ FieldChoice ConversionTool::ChosenFields(const Arguments& arguments) {
 std::optional<Objection> ConversionTool::Validate(const Arguments& arguments,
                                                   const std::shared_ptr<IApplication>&) const {
   const LayerRef layer = SourceOf(arguments);
-  if (const auto objection = ObjectionToKind(spec_, layer, row_.dialog.layer_mask)) return objection;
+  if (const auto objection = ObjectionToKind(spec_, layer)) return objection;
   // Names that are wrong beside --all-fields are wrong all the same.
   const FieldChoice named =
       FieldsCalled(*layer, StoredMeasures::LeftOut, arguments.Get<std::vector<std::string>>("fields"), "fields");

@@ -21,7 +21,7 @@ ToolSpec SpecOf(const LatitudeRow& row, std::string_view why_no_other_reference)
           .takes = kPlanetaryTakes,
           .makes = row.makes,
           .class_name = row.command.class_name,
-          .parameters = {SourceParameter(),
+          .parameters = {SourceParameter(AllShapes()),
                          OutputParameter(),
                          {.name = "spheroid",
                           .kind = ParameterKind::Spheroid,

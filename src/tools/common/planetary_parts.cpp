@@ -10,7 +10,6 @@ namespace {
 
 using namespace MyGeneralOperations;
 
-constexpr std::int32_t kLayersWithShapes = kPointLayers + kPolylineLayers + kPolygonLayers + kMultipointLayers;
 // The progress dialog is shown for classes of more features than this.
 constexpr std::int32_t kLargeRun = 500;
 
@@ -32,7 +31,8 @@ std::optional<Objection> ObjectionToLayer(const ToolSpec& spec, const LayerRef& 
                              "' takes " + std::string(spec.takes) +
                              ". Declare the reference of the data first, as with a .prj file."};
   }
-  return ObjectionToKind(spec, layer, IsGeographic(*layer) ? kLayersWithShapes : kSpecialLayers);
+  if (IsGeographic(*layer)) return ObjectionToKind(spec, layer);
+  return IsOfType(layer, kSpecialLayers) ? std::nullopt : std::optional(WrongKind(spec, layer));
 }
 
 std::optional<Objection> ObjectionToPlace(const Arguments& arguments) {

@@ -1,10 +1,21 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "tools/common/tool_parts.h"
 
+#include <algorithm>
+
 #include "support/layer_listing.h"
 
 namespace tessarine {
 namespace {
+
+struct TypeOfShape {
+  esriGeometryType shape;
+  std::int32_t layer_type;
+};
+constexpr TypeOfShape kTypesOfShapes[] = {{esriGeometryPoint, MyGeneralOperations::kPointLayers},
+                                          {esriGeometryMultipoint, MyGeneralOperations::kMultipointLayers},
+                                          {esriGeometryPolyline, MyGeneralOperations::kPolylineLayers},
+                                          {esriGeometryPolygon, MyGeneralOperations::kPolygonLayers}};
 
 std::shared_ptr<ISelectionSet> SelectionOf(const LayerRef& layer) {
   const auto selection = Cast<IFeatureSelection>(layer);
@@ -13,8 +24,12 @@ std::shared_ptr<ISelectionSet> SelectionOf(const LayerRef& layer) {
 
 }  // namespace
 
-ToolParameter SourceParameter() {
-  return {.name = "source", .kind = ParameterKind::Layer, .text = "The features to read", .required = true};
+ToolParameter SourceParameter(std::vector<esriGeometryType> shapes) {
+  return {.name = "source",
+          .kind = ParameterKind::Layer,
+          .text = "The features to read",
+          .required = true,
+          .shapes = std::move(shapes)};
 }
 
 ToolParameter OutputParameter() {
@@ -23,10 +38,8 @@ ToolParameter OutputParameter() {
 }
 
 ToolParameter FieldsParameter() {
-  return {.name = "fields",
-          .kind = ParameterKind::Fields,
-          .text = "The attribute fields to carry over, with commas between",
-          .of = "source"};
+  return {
+      .name = "fields", .kind = ParameterKind::Fields, .text = "The attribute fields to carry over", .of = "source"};
 }
 
 ToolParameter AllFieldsParameter() {
@@ -60,10 +73,31 @@ std::int32_t CountRecords(const LayerRef& layer, bool all) {
              : Require(SelectionOf(layer), "SelectionSet")->Count();
 }
 
-std::optional<Objection> ObjectionToKind(const ToolSpec& spec, const LayerRef& layer, std::int32_t layer_types) {
-  if (MyGeneralOperations::IsOfType(layer, layer_types)) return std::nullopt;
-  return Objection{"", "The layer '" + layer->Name() + "' is of the wrong kind: '" + std::string(spec.name) +
-                           "' takes " + std::string(spec.takes) + "."};
+std::vector<esriGeometryType> AllShapes() { return ShapesOf(~0); }
+
+std::vector<esriGeometryType> ShapesOf(std::int32_t layer_types) {
+  std::vector<esriGeometryType> shapes;
+  for (const auto& [shape, type] : kTypesOfShapes) {
+    if ((layer_types & type) != 0) shapes.push_back(shape);
+  }
+  return shapes;
+}
+
+bool Takes(const ToolSpec& spec, std::string_view parameter, const LayerRef& layer) {
+  std::int32_t layer_types = 0;
+  for (const auto& [shape, type] : kTypesOfShapes) {
+    if (std::ranges::count(spec.Find(parameter)->shapes, shape) > 0) layer_types |= type;
+  }
+  return MyGeneralOperations::IsOfType(layer, layer_types);
+}
+
+std::optional<Objection> ObjectionToKind(const ToolSpec& spec, const LayerRef& layer) {
+  return Takes(spec, "source", layer) ? std::nullopt : std::optional(WrongKind(spec, layer));
+}
+
+Objection WrongKind(const ToolSpec& spec, const LayerRef& layer) {
+  return {"", "The layer '" + layer->Name() + "' is of the wrong kind: '" + std::string(spec.name) + "' takes " +
+                  std::string(spec.takes) + "."};
 }
 
 OutputOfRun OutputOf(const Arguments& arguments, const std::string& base_name) {

@@ -17,7 +17,7 @@ namespace tessarine {
 using LayerRef = std::shared_ptr<IFeatureLayer>;
 
 /// "source", "output", "fields" and "all-fields", as most tools have them.
-[[nodiscard]] ToolParameter SourceParameter();
+[[nodiscard]] ToolParameter SourceParameter(std::vector<esriGeometryType> shapes);
 [[nodiscard]] ToolParameter OutputParameter();
 [[nodiscard]] ToolParameter FieldsParameter();
 [[nodiscard]] ToolParameter AllFieldsParameter();
@@ -37,9 +37,16 @@ using LayerRef = std::shared_ptr<IFeatureLayer>;
 /// How many these are.
 [[nodiscard]] std::int32_t CountRecords(const LayerRef& layer, bool all);
 
-/// Nothing for a layer of one of these types, as `ReturnLayersByType` takes them.
-[[nodiscard]] std::optional<Objection> ObjectionToKind(const ToolSpec& spec, const LayerRef& layer,
-                                                       std::int32_t layer_types);
+/// Layers of any shape.
+[[nodiscard]] std::vector<esriGeometryType> AllShapes();
+/// The shape types of these layer types, as `ReturnLayersByType` takes them.
+[[nodiscard]] std::vector<esriGeometryType> ShapesOf(std::int32_t layer_types);
+/// Whether the parameter takes the layer, by its shape type.
+[[nodiscard]] bool Takes(const ToolSpec& spec, std::string_view parameter, const LayerRef& layer);
+/// Nothing for a layer that the tool takes as its source.
+[[nodiscard]] std::optional<Objection> ObjectionToKind(const ToolSpec& spec, const LayerRef& layer);
+/// That the layer is of another kind than the tool takes.
+[[nodiscard]] Objection WrongKind(const ToolSpec& spec, const LayerRef& layer);
 
 /// Where an output goes: its place, which the document remembers, and its path.
 struct OutputOfRun {

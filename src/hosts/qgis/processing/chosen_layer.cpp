@@ -1,0 +1,158 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "hosts/qgis/processing/chosen_layer.h"
+
+#include <qgsproviderregistry.h>
+#include <qgsvectordataprovider.h>
+#include <qgsvectorfilewriter.h>
+
+#include <algorithm>
+
+#include "hosts/qgis/layer_class.h"
+#include "hosts/qgis/values.h"
+#include "hosts/windows/qt_text.h"
+#include "platform/fault.h"
+#include "platform/run_stop.h"
+
+namespace tessarine::qgis {
+namespace {
+
+constexpr int kRowsBetweenLooks = 500;
+
+QVariant ValueOf(const QgsProcessingParameterDefinition& definition, const QVariantMap& parameters) {
+  return parameters.value(definition.name());
+}
+
+// Whether the engine finds in the file what the layer shows.
+bool ShowsItsFile(const QgsVectorLayer& layer, const QVariantMap& source) {
+  if (layer.providerType() != QStringLiteral("ogr") || layer.isModified()) return false;
+  if (!layer.subsetString().isEmpty() || layer.crs() != layer.dataProvider()->crs()) return false;
+  const QgsFields fields = layer.fields();
+  for (int index = 0; index < fields.count(); ++index) {
+    if (fields.fieldOrigin(index) != QgsFields::OriginProvider) return false;
+  }
+  // A driver whose texts the program decodes by the user's choice tells another encoding.
+  if (layer.dataProvider()->encoding() != QStringLiteral("UTF-8")) return false;
+  for (auto part = source.begin(); part != source.end(); ++part) {
+    const bool names_data = part.key() == QStringLiteral("path") || part.key() == QStringLiteral("layerName");
+    const QVariant& value = part.value();
+    const bool is_set = value.isValid() && !value.toString().isEmpty();
+    if (!names_data && (is_set || !value.toList().isEmpty())) return false;
+  }
+  return true;
+}
+
+int KeyOf(const QgsVectorLayer& layer) {
+  const QgsAttributeList keys = layer.dataProvider()->pkAttributeIndexes();
+  return layer.providerType() == QStringLiteral("ogr") && keys.size() == 1 ? keys.front() : -1;
+}
+
+QString FreeName(QString name, const QgsFields& fields) {
+  while (fields.lookupField(name) >= 0) name += '_';
+  return name;
+}
+
+}  // namespace
+
+QgsVectorLayer* LayerOf(const QgsProcessingParameterDefinition& definition, const QVariantMap& parameters,
+                        QgsProcessingContext& context) {
+  QVariant value = ValueOf(definition, parameters);
+  if (value.canConvert<QgsProcessingFeatureSourceDefinition>()) {
+    value = QVariant::fromValue(value.value<QgsProcessingFeatureSourceDefinition>().source);
+  }
+  return QgsProcessingParameters::parameterAsVectorLayer(&definition, value, context);
+}
+
+ChosenLayer::ChosenLayer(const QgsProcessingParameterDefinition& definition, const QVariantMap& parameters,
+                         QgsProcessingContext& context) {
+  QgsVectorLayer* layer = LayerOf(definition, parameters, context);
+  if (layer == nullptr || !layer->isValid() || layer->dataProvider() == nullptr || !layer->dataProvider()->isValid()) {
+    Raise(kPathNotFound, "The layer for '" + FromQt(definition.description()) +
+                             "' can't be read: there is none of this name, or its data have gone.");
+  }
+  name_ = layer->name();
+  files_ = std::make_shared<LayerFeatures>(*layer)->Files();
+  const QVariant value = ValueOf(definition, parameters);
+  if (value.canConvert<QgsProcessingFeatureSourceDefinition>()) {
+    const auto chosen = value.value<QgsProcessingFeatureSourceDefinition>();
+    if (chosen.selectedFeaturesOnly) selected_ = layer->selectedFeatureIds();
+    most_ = chosen.featureLimit;
+  }
+  const QVariantMap source = QgsProviderRegistry::instance()->decodeUri(layer->providerType(), layer->source());
+  if (!selected_ && most_ < 0 && ShowsItsFile(*layer, source)) {
+    file_ = LayerSource{FromQt(source.value(QStringLiteral("path")).toString()),
+                        FromQt(source.value(QStringLiteral("layerName")).toString())};
+    return;
+  }
+  if (ShapeTypeOf(layer->wkbType()) == esriGeometryNull) {
+    Raise(kTypeMismatch, "The layer '" + FromQt(name_) + "' has no shapes of one type: points, lines or polygons.");
+  }
+  rows_ = std::make_unique<QgsVectorLayerFeatureSource>(layer);
+  fields_ = layer->fields();
+  wkb_type_ = layer->wkbType();
+  reference_ = layer->crs();
+  transforms_ = context.transformContext();
+  key_ = KeyOf(*layer);
+}
+
+std::shared_ptr<DocumentFeatureLayer> ChosenLayer::Open(QgsProcessingFeedback& feedback) {
+  auto layer = file_ ? std::make_shared<DocumentFeatureLayer>(FromQt(name_), *file_) : OpenCopy(feedback);
+  if (!layer->Valid()) Raise(kEngine, layer->Problem());
+  return layer;
+}
+
+std::shared_ptr<DocumentFeatureLayer> ChosenLayer::OpenCopy(QgsProcessingFeedback& feedback) {
+  folder_ = std::make_unique<QTemporaryDir>();
+  if (!folder_->isValid()) {
+    Raise(kPathAccess, "No folder can be made for the work on the layer '" + FromQt(name_) +
+                           "': " + FromQt(folder_->errorString()) + ".");
+  }
+  const QString file = folder_->filePath(QStringLiteral("source.gpkg"));
+  const QString oid = FreeName(QStringLiteral("fid"), fields_);
+  // The identifiers come in by a column that becomes the key; that of a file is one already.
+  QgsFields columns;
+  columns.append(QgsField(oid, QVariant::LongLong));
+  QList<int> kept;
+  for (int index = 0; index < fields_.count(); ++index) {
+    if (index == key_) continue;
+    columns.append(fields_.at(index));
+    kept.append(index);
+  }
+  QgsVectorFileWriter::SaveVectorOptions options;
+  options.driverName = QStringLiteral("GPKG");
+  options.layerName = QStringLiteral("source");
+  options.layerOptions << QStringLiteral("FID=") + oid
+                       << QStringLiteral("GEOMETRY_NAME=") + FreeName(QStringLiteral("geom"), columns)
+                       << QStringLiteral("SPATIAL_INDEX=NO");
+  std::unique_ptr<QgsVectorFileWriter> writer(
+      QgsVectorFileWriter::create(file, columns, wkb_type_, reference_, transforms_, options));
+  const auto raise = [&] {
+    Raise(kEngine,
+          "The features of the layer '" + FromQt(name_) + "' can't be copied: " + FromQt(writer->errorMessage()));
+  };
+  if (writer->hasError() != QgsVectorFileWriter::NoError) raise();
+  QgsFeatureRequest request;
+  if (selected_) request.setFilterFids(*selected_);
+  if (most_ >= 0) request.setLimit(most_);
+  QgsFeatureIterator features = rows_->getFeatures(request);
+  int count = 0;
+  for (QgsFeature read; features.nextFeature(read); ++count) {
+    if (count % kRowsBetweenLooks == 0 && feedback.isCanceled()) throw RunStopped();
+    QgsAttributes values;
+    values.append(QVariant::fromValue<qlonglong>(read.id()));
+    for (const int index : kept) values.append(read.attribute(index));
+    QgsFeature row(columns, read.id());
+    row.setAttributes(values);
+    row.setGeometry(read.geometry());
+    if (!writer->addFeature(row, QgsFeatureSink::FastInsert)) raise();
+  }
+  if (!writer->flushBuffer()) raise();
+  writer = nullptr;  // closes the file
+  auto layer = std::make_shared<DocumentFeatureLayer>(FromQt(name_), LayerSource{FromQt(file), "source"});
+  if (layer->Valid() && layer->FeatureClass()->FeatureCount(nullptr) != count) {
+    Raise(kEngine, "Of the " + std::to_string(count) + " features of the layer '" + FromQt(name_) + "' only " +
+                       std::to_string(layer->FeatureClass()->FeatureCount(nullptr)) + " could be copied.");
+  }
+  return layer;
+}
+
+}  // namespace tessarine::qgis

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// Where a run from the toolbox puts its new class.
+//
+// Files of formats that the suite knows it writes itself. For everything else that the program takes (layers in
+// memory, databases, other files, layers to be appended to) it writes a GeoPackage of its own, whose rows then go into
+// the program's sink.
+#pragma once
+
+#include <qgsprocessingcontext.h>
+#include <qgsprocessingfeedback.h>
+#include <qgsprocessingparameters.h>
+
+#include <QTemporaryDir>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "outputs/output_place.h"
+#include "platform/data.h"
+#include "platform/run_journal.h"
+#include "platform/tool.h"
+
+namespace tessarine::qgis {
+
+class OutputGoal {
+ public:
+  /// A fault where no folder can be made for the work.
+  OutputGoal(const QgsProcessingParameterDefinition& definition, const QVariantMap& parameters,
+             QgsProcessingContext& context);
+
+  /// Where the tool writes.
+  [[nodiscard]] const OutputPlace& Place() const { return place_; }
+  [[nodiscard]] ToolOutput Argument() const;
+  /// The output is a file that somebody named, not a working copy.
+  [[nodiscard]] bool IsNamedFile() const { return folder_ == nullptr; }
+
+  /// Hands over what the run has written at this path: what the program calls the layer by. Fault where the sink
+  /// doesn't take all of it; `RunStopped` where the user stops it.
+  [[nodiscard]] QString HandOver(const std::string& output_path, QgsProcessingFeedback& feedback);
+
+ private:
+  [[nodiscard]] QString ShowFile(const std::string& output_path);
+  [[nodiscard]] QString FillSink(const QString& file, QgsProcessingFeedback& feedback);
+
+  const QgsProcessingParameterDefinition& definition_;
+  const QVariantMap& parameters_;
+  QgsProcessingContext& context_;
+  std::unique_ptr<QTemporaryDir> folder_;
+  OutputPlace place_;
+};
+
+}  // namespace tessarine::qgis

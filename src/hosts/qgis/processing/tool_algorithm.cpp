@@ -1,0 +1,163 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "hosts/qgis/processing/tool_algorithm.h"
+
+#include <qgsexception.h>
+
+#include <iterator>
+
+#include "hosts/document/component_loader.h"
+#include "hosts/qgis/layers.h"
+#include "hosts/qgis/processing/output_goal.h"
+#include "hosts/qgis/processing/run_turn.h"
+#include "hosts/qgis/processing/tool_parameters.h"
+#include "hosts/qgis/processing/tool_run.h"
+#include "hosts/windows/pictures.h"
+#include "hosts/windows/qt_text.h"
+#include "platform/application.h"
+#include "platform/paths.h"
+#include "platform/run_stop.h"
+
+namespace tessarine::qgis {
+namespace {
+
+struct CountOutput {
+  const char* name;
+  const char* text;
+};
+constexpr CountOutput kRead{"READ", "Records read"};
+constexpr CountOutput kWritten{"WRITTEN", "Records written"};
+constexpr CountOutput kFailed{"FAILED", "Records that met a fault"};
+
+// Whatever goes wrong below becomes what the program expects.
+template <class Work>
+auto AsProgramErrors(Work&& work) {
+  try {
+    return std::forward<Work>(work)();
+  } catch (const Fault& fault) {
+    throw QgsProcessingException(LinesToQt(fault.Description()));
+  }
+}
+
+QString Sentence(std::string_view text) { return ToQt(text) + (text.ends_with('.') ? "" : "."); }
+
+}  // namespace
+
+QString ToolAlgorithm::name() const { return ToQt(Spec().name); }
+
+QString ToolAlgorithm::displayName() const { return ToQt(Spec().title); }
+
+QString ToolAlgorithm::shortDescription() const { return Sentence(Spec().text); }
+
+QString ToolAlgorithm::shortHelpString() const {
+  const ToolSpec& spec = Spec();
+  QString help = Sentence(spec.text) + QStringLiteral("\n\nTakes ") + Sentence(spec.takes) + QStringLiteral("\n\n") +
+                 Sentence(spec.makes);
+  if (spec.Find("output") == nullptr) help += QStringLiteral(" Here that is a copy; the layer stays as it is.");
+  for (const QgsProcessingParameterDefinition* parameter : parameterDefinitions()) {
+    if (!parameter->help().isEmpty()) help += "\n\n" + parameter->description() + ": " + parameter->help();
+  }
+  return help;
+}
+
+QStringList ToolAlgorithm::tags() const { return {ToQt(Spec().name), QStringLiteral("tessarine")}; }
+
+QIcon ToolAlgorithm::icon() const {
+  const auto command = CreateComponentAs<ICommand>("Tessarine." + std::string(Spec().class_name), "ICommand");
+  const auto picture = command->Bitmap();
+  return picture ? PictureOf(picture->ResourceId()) : QgsProcessingAlgorithm::icon();
+}
+
+QgsProcessingAlgorithm* ToolAlgorithm::createInstance() const { return new ToolAlgorithm(tool_); }
+
+void ToolAlgorithm::initAlgorithm(const QVariantMap&) {
+  QgsProcessingFeedback silent(false);
+  RunHost host(silent);
+  const ThreadHostScope scope(host);
+  for (auto& definition : DefinitionsOf(Spec())) addParameter(definition.release());  // the algorithm owns it
+  for (const CountOutput& count : {kRead, kWritten, kFailed}) {
+    addOutput(new QgsProcessingOutputNumber(QLatin1String(count.name), QLatin1String(count.text)));
+  }
+}
+
+bool ToolAlgorithm::checkParameterValues(const QVariantMap& parameters, QgsProcessingContext& context,
+                                         QString* message) const {
+  if (!QgsProcessingAlgorithm::checkParameterValues(parameters, context, message)) return false;
+  QString objection;
+  try {
+    objection = ObjectionTo(parameters, context);
+  } catch (const Fault& fault) {
+    objection = LinesToQt(fault.Description());
+  }
+  if (objection.isEmpty()) return true;
+  if (message != nullptr) *message = objection;
+  return false;
+}
+
+// The layers as the program has them: their rows aren't looked at.
+QString ToolAlgorithm::ObjectionTo(const QVariantMap& parameters, QgsProcessingContext& context) const {
+  QgsProcessingFeedback silent(false);
+  ToolRun run(tool_, silent);
+  Arguments arguments = ReadArguments(Spec(), *this, parameters, context);
+  for (const ToolParameter& parameter : Spec().parameters) {
+    if (parameter.kind != ParameterKind::Layer) continue;
+    QgsVectorLayer* layer = LayerOf(*parameterDefinition(NameOf(parameter)), parameters, context);
+    if (layer == nullptr && !parameter.required) continue;
+    if (layer == nullptr || !layer->isValid()) return {};  // the run tells of it
+    arguments.Set(parameter.name, std::shared_ptr<IFeatureLayer>(std::make_shared<VectorLayer>(*layer)));
+  }
+  const OutputGoal goal(*parameterDefinition(QLatin1String(kOutput)), parameters, context);
+  PromisePlace(goal.Place(), nullptr, run.Places());
+  if (Spec().Find("output") != nullptr) arguments.Set("output", goal.Argument());
+  const auto objection = tool_.Validate(arguments, run.Application());
+  return objection ? ObjectionText(Spec(), *objection) : QString();
+}
+
+bool ToolAlgorithm::prepareAlgorithm(const QVariantMap& parameters, QgsProcessingContext& context,
+                                     QgsProcessingFeedback*) {
+  return AsProgramErrors([&] {
+    for (const ToolParameter& parameter : Spec().parameters) {
+      if (parameter.kind != ParameterKind::Layer) continue;
+      const QgsProcessingParameterDefinition& definition = *parameterDefinition(NameOf(parameter));
+      if (!parameter.required && LayerOf(definition, parameters, context) == nullptr) continue;
+      layers_.try_emplace(std::string(parameter.name), definition, parameters, context);
+    }
+    return true;
+  });
+}
+
+QVariantMap ToolAlgorithm::processAlgorithm(const QVariantMap& parameters, QgsProcessingContext& context,
+                                            QgsProcessingFeedback* feedback) {
+  return AsProgramErrors([&] {
+    const RunTurn turn([feedback] { return feedback->isCanceled(); });
+    QVariantMap results;
+    const bool finished = turn.Taken() && UnlessStopped([&] { results = RunTool(parameters, context, *feedback); });
+    if (!finished) feedback->pushWarning(QStringLiteral("The run was stopped before its output was whole."));
+    return results;
+  });
+}
+
+QVariantMap ToolAlgorithm::RunTool(const QVariantMap& parameters, QgsProcessingContext& context,
+                                   QgsProcessingFeedback& feedback) {
+  ToolRun run(tool_, feedback);
+  OutputGoal goal(*parameterDefinition(QLatin1String(kOutput)), parameters, context);
+  Arguments arguments = ReadArguments(Spec(), *this, parameters, context);
+  for (auto& [name, layer] : layers_) run.Take(name, layer, arguments);
+  run.Run(std::move(arguments), goal);
+  const RunJournal& journal = run.Journal();
+  if (!journal.failure.empty()) throw QgsProcessingException(LinesToQt(journal.failure));
+  if (journal.stopped && goal.IsNamedFile() && !journal.output_path.empty()) {
+    feedback.pushWarning(QStringLiteral("The run was stopped; '%1' holds what was written until then.")
+                             .arg(ToQt(ToNativePath(journal.output_path))));
+    return {};
+  }
+  if (journal.stopped) throw RunStopped();
+  if (journal.output_path.empty()) {
+    throw QgsProcessingException(QStringLiteral("The run made no output. Its log tells why."));
+  }
+  return {{QLatin1String(kOutput), goal.HandOver(journal.output_path, feedback)},
+          {QLatin1String(kRead.name), QVariant::fromValue<qlonglong>(journal.read)},
+          {QLatin1String(kWritten.name), QVariant::fromValue<qlonglong>(journal.written)},
+          {QLatin1String(kFailed.name), QVariant::fromValue<qlonglong>(std::ssize(journal.unmeasured_oids))}};
+}
+
+}  // namespace tessarine::qgis

@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// One run of a tool from the toolbox, on whatever thread the program gives it: a document of its own with the layers of
+// the run, the suite's extension beside it, and the run's log as host.
+#pragma once
+
+#include <qgsprocessingfeedback.h>
+
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "hosts/document/document_application.h"
+#include "hosts/qgis/processing/chosen_layer.h"
+#include "hosts/qgis/processing/output_goal.h"
+#include "hosts/qgis/processing/run_host.h"
+#include "platform/thread_host.h"
+#include "platform/tool.h"
+
+namespace tessarine::qgis {
+
+class ToolRun {
+ public:
+  ToolRun(const ITool& tool, QgsProcessingFeedback& feedback);
+  ~ToolRun();
+  ToolRun(const ToolRun&) = delete;
+  ToolRun& operator=(const ToolRun&) = delete;
+
+  [[nodiscard]] const std::shared_ptr<DocumentApplication>& Application() const { return application_; }
+  [[nodiscard]] RunSystem& Places() { return host_.Places(); }
+  [[nodiscard]] const RunJournal& Journal() { return host_.Journal(); }
+
+  /// Puts the layer into the arguments. Raises `RunStopped`.
+  void Take(const std::string& parameter, ChosenLayer& layer, Arguments& arguments);
+  /// Runs the tool with layers and choices. Faults, and objections as faults of number 5.
+  void Run(Arguments arguments, const OutputGoal& goal);
+
+ private:
+  [[nodiscard]] std::shared_ptr<IFeatureLayer> CopyOf(const IFeatureLayer& source, const OutputPlace& place);
+  void RefuseSources(const OutputPlace& place) const;
+  void TellReport(const std::string& report);
+
+  const ITool& tool_;
+  QgsProcessingFeedback& feedback_;
+  RunHost host_;
+  ThreadHostScope scope_;
+  RunContext context_;
+  RunningContextScope running_;
+  std::vector<std::pair<std::string, DatasetFiles>> read_;  // the layers' names and what they read
+  std::shared_ptr<MapDocument> document_;
+  std::shared_ptr<DocumentApplication> application_;
+};
+
+}  // namespace tessarine::qgis
