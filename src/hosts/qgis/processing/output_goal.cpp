@@ -100,6 +100,13 @@ ToolOutput OutputGoal::Argument() const {
   return {place_.format->kind, FromNativePath(place_.container), place_.dataset, place_.name, ""};
 }
 
+QString OutputGoal::AsNamed(QString text) const {
+  if (IsNamedFile()) return text;
+  QString name = Named(definition_, parameters_, context_);
+  if (name.isEmpty() || name == QgsProcessing::TEMPORARY_OUTPUT) name = QStringLiteral("Temporary layer");
+  return text.replace(ToQt(place_.container), name);
+}
+
 QString OutputGoal::HandOver(const std::string& output_path, QgsProcessingFeedback& feedback) {
   const QString shown = ShowFile(output_path);
   return IsNamedFile() ? shown : FillSink(shown, feedback);

@@ -34,6 +34,9 @@ class OutputGoal {
   /// The output is a file that somebody named, not a working copy.
   [[nodiscard]] bool IsNamedFile() const { return folder_ == nullptr; }
 
+  /// The text with the name of the program's own output where it tells the path of a working copy.
+  [[nodiscard]] QString AsNamed(QString text) const;
+
   /// Hands over what the run has written at this path: what the program calls the layer by. Fault where the sink
   /// doesn't take all of it; `RunStopped` where the user stops it.
   [[nodiscard]] QString HandOver(const std::string& output_path, QgsProcessingFeedback& feedback);

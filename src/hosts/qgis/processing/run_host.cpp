@@ -79,8 +79,9 @@ class RunStatusBar final : public IStatusBar, public std::enable_shared_from_thi
  private:
   class Progressor;
 
+  // Runs put the bar back at their end.
   void MoveTo(std::int32_t position) {
-    position_ = std::min(maximum_, position);
+    position_ = std::clamp(position, position_, std::max(position_, maximum_));
     Draw();
   }
   // Signals go to another thread: one for each per cent is enough.

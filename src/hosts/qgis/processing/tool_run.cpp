@@ -42,7 +42,7 @@ void ToolRun::Run(Arguments arguments, const OutputGoal& goal) {
   if (const auto objection = tool_.Validate(arguments, application_)) {
     throw QgsProcessingException(ObjectionText(spec, *objection));
   }
-  if (!UnlessStopped([&] { TellReport(tool_.Run(context_, arguments, application_)); })) {
+  if (!UnlessStopped([&] { TellReport(tool_.Run(context_, arguments, application_), goal); })) {
     host_.Journal().stopped = true;
   }
 }
@@ -80,8 +80,8 @@ std::shared_ptr<IFeatureLayer> ToolRun::CopyOf(const IFeatureLayer& source, cons
   return layer;
 }
 
-void ToolRun::TellReport(const std::string& report) {
-  if (!report.empty()) feedback_.pushInfo(LinesToQt(ToPlainText(ReadRtf(report))));
+void ToolRun::TellReport(const std::string& report, const OutputGoal& goal) {
+  if (!report.empty()) feedback_.pushInfo(goal.AsNamed(LinesToQt(ToPlainText(ReadRtf(report)))));
 }
 
 }  // namespace tessarine::qgis

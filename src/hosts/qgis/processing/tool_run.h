@@ -38,7 +38,7 @@ class ToolRun {
  private:
   [[nodiscard]] std::shared_ptr<IFeatureLayer> CopyOf(const IFeatureLayer& source, const OutputPlace& place);
   void RefuseSources(const OutputPlace& place) const;
-  void TellReport(const std::string& report);
+  void TellReport(const std::string& report, const OutputGoal& goal);
 
   const ITool& tool_;
   QgsProcessingFeedback& feedback_;
