@@ -78,7 +78,7 @@ std::vector<esriGeometryType> AllShapes() { return ShapesOf(~0); }
 std::vector<esriGeometryType> ShapesOf(std::int32_t layer_types) {
   std::vector<esriGeometryType> shapes;
   for (const auto& [shape, type] : kTypesOfShapes) {
-    if ((layer_types & type) != 0) shapes.push_back(shape);
+    if ((layer_types & (type | MyGeneralOperations::kFeatureLayers)) != 0) shapes.push_back(shape);
   }
   return shapes;
 }
