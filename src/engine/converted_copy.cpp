@@ -15,6 +15,7 @@
 #include "engine/target_reference.h"
 #include "outputs/way_out.h"
 #include "platform/run_stop.h"
+#include "platform/text_formats.h"
 
 namespace tessarine::engine {
 namespace {
@@ -64,6 +65,7 @@ class TargetFile {
     CPLStringList options = LayerOptions(*conversion.format);
     NameOwnColumns(*conversion.format, {}, *traits, conversion.result_fields, options);
     AddStamp(*conversion.format, options);
+    AddBounds(options);
     layer_ = CreateTargetLayer(*dataset_, conversion.layer, reference_->Target(), type_, options, conversion.shown);
     columns_->AddTo(*layer_, conversion.shown.string());
     kept_ = WhatIsKept(*layer_, *conversion.format);
@@ -190,6 +192,21 @@ class TargetFile {
   [[nodiscard]] OGRwkbGeometryType DeclaredType() const { return declared_; }
 
  private:
+  // A MapInfo table counts coordinates in steps between bounds that its driver knows by heart, and cuts off what lies
+  // beyond: for most references they are far too wide, for some too narrow.
+  void AddBounds(CPLStringList& options) const {
+    const Envelope& own = conversion_.shapes.extent;
+    const Envelope box = conversion_.way ? conversion_.way->Bring(own) : own;
+    if (conversion_.format->driver != "MapInfo File" || box.IsEmpty()) return;
+    constexpr double kShare = 0.1, kLeast = 0.01;
+    const double room = std::max(kShare * std::max(box.Width(), box.Height()), kLeast);
+    std::string bounds;
+    for (const double side : {box.XMin() - room, box.YMin() - room, box.XMax() + room, box.YMax() + room}) {
+      bounds += (bounds.empty() ? "" : ",") + ExactNumberText(side);
+    }
+    options.SetNameValue("BOUNDS", bounds.c_str());
+  }
+
   [[noreturn]] void RaiseUnfinished(const GdalErrorScope& errors) const {
     RaiseEngineFault("'" + conversion_.shown.string() + "' can't be written to its end" + errors.Quote() +
                      WayOut(path_.string(), errors.Text()));

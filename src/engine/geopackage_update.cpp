@@ -11,30 +11,17 @@
 
 #include "engine/attribute_update.h"
 #include "engine/engine_fault.h"
+#include "engine/sqlite_connection.h"
 #include "outputs/way_out.h"
 #include "platform/text_formats.h"
 
 namespace tessarine::engine {
 namespace {
 
-struct Finalize {
-  void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
-};
-using Statement = std::unique_ptr<sqlite3_stmt, Finalize>;
+using Statement = SqliteStatement;
 
 std::string Identifier(const std::string& name) { return "\"" + Replace(name, "\"", "\"\"") + "\""; }
 std::string Literal(const std::string& text) { return "'" + Replace(text, "'", "''") + "'"; }
-
-// The connection of a dataset that GDAL has open. Nothing when GDAL was built with a SQLite of its own.
-sqlite3* ConnectionOf(GDALDataset& dataset) {
-  const GdalErrorScope quiet;
-  OGRLayer* answer = dataset.ExecuteSQL("SELECT sqlite_source_id()", nullptr, nullptr);
-  if (answer == nullptr) return nullptr;
-  const OGRFeatureUniquePtr row(answer->GetNextFeature());
-  const bool same = row && std::string_view(row->GetFieldAsString(0)) == sqlite3_sourceid();
-  dataset.ReleaseResultSet(answer);
-  return same ? static_cast<sqlite3*>(dataset.GetInternalHandle("SQLITE_HANDLE")) : nullptr;
-}
 
 class GeoPackageUpdate final : public AttributeUpdate {
  public:

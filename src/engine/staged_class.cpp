@@ -1,34 +1,11 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "engine/staged_class.h"
 
-#include <cpl_conv.h>
-
-#include "engine/engine_fault.h"
+#include "engine/package_index.h"
 #include "engine/stamp.h"
-#include "outputs/way_out.h"
-#include "platform/text_formats.h"
+#include "platform/fault.h"
 
 namespace tessarine::engine {
-namespace {
-
-// At once, which costs a fraction of what it does row by row.
-void IndexShapes(const std::filesystem::path& file, const std::string& layer) {
-  const CPLConfigOptionSetter unhurried("OGR_SQLITE_SYNCHRONOUS", "OFF", true);
-  const GdalErrorScope errors;
-  DatasetHandle dataset = OpenDatasetAt(file.string(), true);
-  const OGRLayer* indexed = dataset->GetLayerByName(layer.c_str());
-  const std::string column = indexed == nullptr ? "" : const_cast<OGRLayer*>(indexed)->GetGeometryColumn();
-  const auto quoted = [](const std::string& name) { return "'" + Replace(name, "'", "''") + "'"; };
-  const std::string query = "SELECT CreateSpatialIndex(" + quoted(layer) + ", " + quoted(column) + ")";
-  if (OGRLayer* answer = dataset->ExecuteSQL(query.c_str(), nullptr, nullptr)) dataset->ReleaseResultSet(answer);
-  dataset.reset();
-  if (errors.Failed()) {
-    RaiseEngineFault("The layer '" + layer + "' can't be indexed" + errors.Quote() +
-                     WayOut(file.string(), errors.Text()));
-  }
-}
-
-}  // namespace
 
 StagedFeatureClass::StagedFeatureClass(std::unique_ptr<StagedOutput> staged, const std::string& layer,
                                        StagedOutput::Standing standing)
@@ -42,7 +19,7 @@ void StagedFeatureClass::Publish() {
   const bool is_package = DriverName() == "GPKG";
   Source()->Renew();
   if (is_package) {
-    IndexShapes(staged_->Path(), layer);
+    IndexPackageLayer(staged_->Path(), layer);
     StampGeoPackage(staged_->Path(), layer);
   }
   staged_->Publish(standing_);

@@ -274,6 +274,23 @@ TEST_F(Brought, ATextBesideAShapefileKeepsShiftAndAxes) {
   }
 }
 
+// The driver's own bounds end at 8,500 km north, and its own steps are those of a whole projection.
+TEST_F(Brought, AMapInfoTableHasRoomForItsShapes) {
+  MakeLayer("s.gpkg", {{"a", "POLYGON ((10.123456789 50,11 50,11 51,10.123456789 50))"}});
+  for (const char* reference : {"EPSG:2393", "EPSG:4326", "+proj=utm +zone=33 +datum=WGS84 +units=km"}) {
+    OGREnvelope boxes[2];
+    int index = 0;
+    for (const char* place : {"o.gpkg", "o.tab"}) {
+      ASSERT_EQ(Run({"calculate", "%s.gpkg", "-m", "1"}, In(place), reference, {"--overwrite", "--yes"}).status, 0)
+          << place << reference;
+      ASSERT_EQ(OpenData(In(place))->GetLayer(0)->GetExtent(&boxes[index++]), OGRERR_NONE);
+    }
+    const double size = boxes[0].MaxX - boxes[0].MinX;
+    EXPECT_NEAR(boxes[0].MinX, boxes[1].MinX, size * 1e-8) << reference;
+    EXPECT_NEAR(boxes[0].MinY, boxes[1].MinY, size * 1e-8) << reference;
+  }
+}
+
 // The steps of a geodatabase's grid are a tenth of a millimetre, whatever the unit is.
 TEST_F(Brought, AGeodatabaseInKilometresKeepsTheMillimetres) {
   MakeLayer("s.gpkg", {{"a", "POINT (12.3456789 50.1234567)"}});

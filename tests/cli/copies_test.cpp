@@ -44,6 +44,37 @@ TEST_F(Copies, AConditionBelongsToTheSource) {
   }
 }
 
+// Names that fall together in a format are kept apart, and none costs another field its values.
+TEST_F(Copies, FieldsOfAnyNameKeepTheirValues) {
+  const std::vector<std::string> names = {"a b", "a_b", "a-b",    "a.b",       "q\"q",     "1st", "a,b",   "a|b",
+                                          "<x>", "&",   "gml_id", "line\nend", "geometry", "WKT", "select"};
+  json properties;
+  for (std::size_t index = 0; index < names.size(); ++index) properties[names[index]] = "v" + std::to_string(index);
+  const json feature = {{"type", "Feature"},
+                        {"properties", properties},
+                        {"geometry", {{"type", "LineString"}, {"coordinates", {{0, 0}, {1, 1}}}}}};
+  WriteFile(In("s.geojson"), json({{"type", "FeatureCollection"}, {"features", {feature}}}).dump());
+  for (const char* copy : {"c.gpkg", "c.geojson", "c.gml", "c.csv", "c.kml", "c.gmt", "c.tab", "c.jml", "c.gdb/c",
+                           "c.sqlite", "c.fgb", "c.shp"}) {
+    const ProgramOutcome run = Calculate(In("s.geojson"), In(copy));
+    ASSERT_EQ(run.status, 0) << copy << run.err;
+    const auto data = OpenData(In(std::string(copy).substr(0, std::string(copy).find('/'))));
+    const OGRFeatureUniquePtr row(data->GetLayer(0)->GetNextFeature());
+    std::set<std::string> values;
+    for (int index = 0; index < row->GetFieldCount(); ++index) values.insert(row->GetFieldAsString(index));
+    for (std::size_t index = 0; index < names.size(); ++index) {
+      EXPECT_EQ(values.count("v" + std::to_string(index)), 1U) << copy << names[index];
+    }
+  }
+}
+
+TEST_F(Copies, ARecordWithoutAShapeCostsNoOther) {
+  WriteFile(In("h.geojson"), kHoles);
+  ASSERT_EQ(Calculate(In("h.geojson"), In("h.gmt"), {"-r", In("r.json")}).status, 1);
+  EXPECT_EQ(OpenData(In("h.gmt"))->GetLayer(0)->GetFeatureCount(), 2);
+  EXPECT_EQ(Report()["faults"][0]["first_oids"].size(), 2U);
+}
+
 TEST_F(Copies, TheChosenRecordsAloneAreCopiedWhereThatIsAskedFor) {
   for (const char* copy : {"c.shp", "c.gpkg", "c.gdb/c", "c.geojson", "c.fgb", "c.csv"}) {
     const ProgramOutcome run =

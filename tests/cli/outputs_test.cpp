@@ -306,13 +306,47 @@ TEST_F(Outputs, NamesAndTypesFollowTheFormat) {
   }
 }
 
+// SQLite checks every node of an index itself; GDAL finds by it what it finds without.
+TEST_F(Outputs, GeoPackagesAreIndexedWhole) {
+  struct Row {
+    std::vector<std::string> arguments;
+    GIntBig least;
+  };
+  for (const Row& row :
+       {Row{{"vertices", Data("countries.shp")}, 10000}, Row{{"centroids", Data("countries.shp")}, 177},
+        Row{{"centroids", Data("countries.shp"), "--where", "name = 'Italy'"}, 1},
+        Row{{"calculate", Data("cities.shp"), "-m", "1"}, 243}}) {
+    std::vector<std::string> arguments = row.arguments;
+    arguments.insert(arguments.end(), {"-q", "--overwrite", "-o", In("o.gpkg:it's \"o\"")});
+    ASSERT_EQ(RunTessarine(arguments).status, 0);
+    const auto data = OpenData(In("o.gpkg"));
+    OGRLayer& layer = *data->GetLayer(0);
+    EXPECT_GE(layer.GetFeatureCount(), row.least);
+    EXPECT_NE(layer.TestCapability(OLCFastSpatialFilter), 0);
+    OGRLayer* check = data->ExecuteSQL("SELECT rtreecheck('rtree_it''s \"o\"_geom')", nullptr, nullptr);
+    ASSERT_NE(check, nullptr);
+    EXPECT_STREQ(OGRFeatureUniquePtr(check->GetNextFeature())->GetFieldAsString(0), "ok") << row.arguments[0];
+    data->ReleaseResultSet(check);
+    constexpr double kBox[] = {5.0, 35.0, 20.0, 50.0};
+    GIntBig inside = 0;
+    for (const auto& feature : layer) {
+      OGREnvelope box;
+      feature->GetGeometryRef()->getEnvelope(&box);
+      if (box.MaxX >= kBox[0] && box.MaxY >= kBox[1] && box.MinX <= kBox[2] && box.MinY <= kBox[3]) ++inside;
+    }
+    layer.SetSpatialFilterRect(kBox[0], kBox[1], kBox[2], kBox[3]);
+    EXPECT_EQ(layer.GetFeatureCount(), inside) << row.arguments[0];
+    EXPECT_GT(inside, 0);
+  }
+}
+
 TEST_F(Outputs, TimesOfAZoneAreMomentsInAGeoPackage) {
   WriteFile(In("s.geojson"), R"({"type":"FeatureCollection","features":[{"type":"Feature","properties":{)"
                              R"("at":"2020-03-01T01:30:00+02:00"},"geometry":{"type":"LineString",)"
                              R"("coordinates":[[0,0],[2,0]]}}]})");
   ASSERT_EQ(RunTessarine({"centroids", In("s.geojson"), "-a", "-q", "-o", In("o.gpkg"), "-r", In("r.json")}).status, 0);
   EXPECT_THAT(Values(In("o.gpkg"), "", "Uniq_ID", "at"), ElementsAre(std::pair("1", "2020/02/29 23:30:00+00")));
-  EXPECT_EQ(Report()["changed"][0]["kind"], "zone_dropped");
+  EXPECT_EQ(Report()["changed"][0]["kind"], "zone_to_utc");
 }
 
 TEST_F(Outputs, LongitudesAndLatitudesAreAllThatSomeFormatsKeep) {
@@ -424,6 +458,65 @@ TEST_F(Outputs, ATableOfAServerIsMadeInOneStep) {
   EXPECT_EQ(CountOf(server, "tessarine_view"), 177);
   data->ExecuteSQL("DROP VIEW tessarine_view", nullptr, nullptr);
   data->ExecuteSQL("DROP TABLE tessarine_centroids", nullptr, nullptr);
+}
+
+std::string Answer(GDALDataset& data, const std::string& query) {
+  OGRLayer* answer = data.ExecuteSQL(query.c_str(), nullptr, nullptr);
+  if (answer == nullptr) return "none";
+  std::string text;
+  for (const auto& row : *answer) text += std::string(row->GetFieldAsString(0)) + ";";
+  data.ReleaseResultSet(answer);
+  return text;
+}
+
+TEST_F(Outputs, ATableOfAServerKeepsWhatItIsGivenBesideItsRows) {
+  const char* connection = std::getenv("TESSARINE_POSTGRES");
+  if (connection == nullptr) GTEST_SKIP() << "TESSARINE_POSTGRES names no server";
+  const std::string server = "PG:" + std::string(connection);
+  const std::string table = server + ":public.My Towns";
+  ASSERT_EQ(Centroids(table).status, 0);
+  GDALDatasetUniquePtr data(GDALDataset::Open(server.c_str(), GDAL_OF_VECTOR | GDAL_OF_UPDATE));
+  const auto execute = [&](const char* statement) { (void)Answer(*data, statement); };
+  execute("CREATE ROLE tessarine_reader");
+  execute("GRANT SELECT ON \"My Towns\" TO tessarine_reader");
+  execute("GRANT INSERT ON \"My Towns\" TO PUBLIC");
+  execute("CREATE INDEX my_index ON \"My Towns\" (\"Uniq_ID\")");
+  execute("CREATE INDEX my_lower ON \"My Towns\" (lower(name))");
+  execute("ALTER TABLE \"My Towns\" ADD CONSTRAINT my_check CHECK (\"Uniq_ID\" > -1)");
+  execute("ALTER TABLE \"My Towns\" ADD COLUMN own int");
+  execute("CREATE INDEX my_own ON \"My Towns\" (own)");
+  const ProgramOutcome run = Centroids(table, {"--overwrite", "-r", In("r.json")});
+  ASSERT_EQ(run.status, 0) << run.err;
+  EXPECT_EQ(Answer(*data,
+                   "SELECT indexname FROM pg_indexes WHERE tablename = 'My Towns' AND indexname LIKE 'my%' "
+                   "ORDER BY 1"),
+            "my_index;my_lower;");
+  EXPECT_EQ(Answer(*data,
+                   "SELECT grantee || ' ' || privilege_type FROM information_schema.role_table_grants WHERE "
+                   "table_name = 'My Towns' AND grantee IN ('PUBLIC', 'tessarine_reader') ORDER BY 1"),
+            "PUBLIC INSERT;tessarine_reader SELECT;");
+  EXPECT_EQ(Answer(*data, "SELECT conname FROM pg_constraint WHERE conname = 'my_check'"), "my_check;");
+  EXPECT_THAT(Report()["warnings"].dump(), HasSubstr("my_own"));
+  EXPECT_EQ(CountOf(server, "My Towns"), 177);
+  // A column that a run adds holds any number, under the name that was asked for.
+  ASSERT_EQ(
+      RunTessarine({"wrap", Data("countries.shp"), "--range", "360", "-q", "-o", server + ":tessarine_wide"}).status,
+      0);
+  const ProgramOutcome in_place = RunTessarine({"calculate", server + ":tessarine_wide", "-m", "Sph. Area=AREA", "-q"});
+  ASSERT_EQ(in_place.status, 0) << in_place.err;
+  EXPECT_EQ(Answer(*data,
+                   "SELECT data_type FROM information_schema.columns WHERE table_name = 'tessarine_wide' AND "
+                   "column_name = 'AREA'"),
+            "double precision;");
+  EXPECT_EQ(Answer(*data, "SELECT count(*)::text FROM tessarine_wide WHERE \"AREA\" > 1e6"), "177;");
+  execute("CREATE POLICY my_policy ON \"My Towns\" USING (true)");
+  const ProgramOutcome refused = Centroids(table, {"--overwrite"});
+  EXPECT_NE(refused.status, 0);
+  EXPECT_THAT(refused.err + refused.out, HasSubstr("my_policy"));
+  EXPECT_EQ(CountOf(server, "My Towns"), 177);
+  for (const char* statement : {"DROP TABLE \"My Towns\"", "DROP TABLE tessarine_wide", "DROP ROLE tessarine_reader"}) {
+    execute(statement);
+  }
 }
 
 TEST_F(Outputs, TheTableOfFormatsNamesWhatEachKeeps) {

@@ -203,7 +203,10 @@ TEST_F(Sources, EachOfSeveralSourcesHasAReport) {
   EXPECT_EQ(nlohmann::json::parse(ReadFile(In("r_cities.json")))["records"]["read"], 243);
   EXPECT_EQ(nlohmann::json::parse(ReadFile(In("r_countries.json")))["records"]["read"], 177);
   EXPECT_FALSE(fs::exists(In("r.json")));
-  EXPECT_FALSE(fs::exists(In("r_cities_2.json")));
+  // One that never ran has a report of why.
+  const auto failed = nlohmann::json::parse(ReadFile(In("r_cities_2.json")));
+  EXPECT_EQ(failed["outcome"], "refused");
+  EXPECT_THAT(failed["failure"].get<std::string>(), HasSubstr("cities.gpkg"));
   arguments.back() = In("r.xyz");
   EXPECT_EQ(RunTessarine(arguments).status, 2);
 }

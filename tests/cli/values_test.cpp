@@ -77,7 +77,7 @@ TEST_F(Values, AreCarriedOrToldByConversions) {
   EXPECT_THAT(geodatabase.err, HasSubstr("'pid', whole numbers beyond 9,007,199,254,740,992"));
   EXPECT_THAT(Column(In("a.gdb"), "pid"), ElementsAre("null", "7"));
   EXPECT_THAT(Changes(json::parse(ReadFile(In("g.json")))),
-              ElementsAre("pid out_of_range 1 0", "made zone_dropped 1 1"));
+              ElementsAre("pid out_of_range 1 0", "made zone_to_utc 1 1"));
 }
 
 TEST_F(Values, AreForetoldByThePlan) {

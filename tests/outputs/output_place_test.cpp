@@ -40,6 +40,22 @@ TEST(Formats, NamesThatAGeodatabaseDoesNotTake) {
   EXPECT_EQ(LegalName(kGeodatabaseRow->field_names, std::string(70, 'x')), std::string(64, 'x'));
 }
 
+TEST(Formats, NamesThatTextFormatsDoNotTake) {
+  struct Row {
+    const char *ending, *asked, *name;
+  };
+  for (const Row& row : {Row{".gml", "a b", "a_b"}, Row{".gml", "a.b", "a.b"}, Row{".gml", "1st", "_1st"},
+                         Row{".gml", "gml_id", "gml_id_"}, Row{".gml", "Länge", "Länge"}, Row{".csv", "q\"q", "q_q"},
+                         Row{".csv", "two\nlines", "two_lines"}, Row{".csv", "a b", "a b"}, Row{".csv", "WKT", "WKT_"},
+                         Row{".kml", "q\"<&", "q___"}, Row{".kml", "a b", "a b"}, Row{".geojson", "q\"q", "q\"q"}}) {
+    EXPECT_EQ(LegalName(FormatOfPath(row.ending)->field_names, row.asked), row.name) << row.ending;
+  }
+  for (const Row& row : {Row{".gpkg", "gpkg_roads", "_gpkg_roads"}, Row{".gpkg", "roads", "roads"},
+                         Row{".sqlite", "sqlite_x", "_sqlite_x"}, Row{".gpkg", "sqlite_x", "_sqlite_x"}}) {
+    EXPECT_EQ(LegalName(FormatOfPath(row.ending)->class_names, row.asked), row.name) << row.ending;
+  }
+}
+
 TEST(Formats, NamesOfDbaseColumnsAreCutBetweenCharacters) {
   const NameRule& rule = kShapefileRow->field_names;
   EXPECT_EQ(LegalName(rule, "elevenchars"), "elevenchar");
