@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // A polygon in a projection has the geodesic measures of the same polygon in longitude and latitude.
 #include <gtest/gtest.h>
+#include <ogr_spatialref.h>
 
 #include <algorithm>
 #include <cmath>
 #include <map>
+#include <memory>
 #include <numbers>
 
 #include "calculator/geometry_options.h"
@@ -90,10 +92,35 @@ std::shared_ptr<Polygon> InDegrees(const Polygon& shape, const std::string& proj
   return geographic;
 }
 
+// Brings a polygon in degrees to a projection as other programs do: vertices that it has no place for, as the poles of
+// many, come out somewhere far away.
+void ProjectAsOthersDo(Polygon& polygon, const std::string& projection) {
+  OGRSpatialReference projected;
+  ASSERT_EQ(projected.SetFromUserInput(projection.c_str()), OGRERR_NONE);
+  projected.SetAxisMappingStrategy(OAMS_TRADITIONAL_GIS_ORDER);
+  const std::unique_ptr<OGRSpatialReference> degrees(projected.CloneGeogCS());
+  degrees->SetAngularUnits(SRS_UA_DEGREE, std::numbers::pi / 180.0);
+  degrees->SetAxisMappingStrategy(OAMS_TRADITIONAL_GIS_ORDER);
+  const std::unique_ptr<OGRCoordinateTransformation> way(OGRCreateCoordinateTransformation(degrees.get(), &projected));
+  for (const auto& part : polygon.Parts()) {
+    std::vector<XY> vertices(part->Vertices().begin(), part->Vertices().end());
+    for (XY& vertex : vertices) {
+      XY there = vertex;
+      if (!way->Transform(1, &there.x, &there.y)) {
+        there = {vertex.x, vertex.y * (1.0 - 1e-9)};  // not even an infinity: the next best
+        ASSERT_TRUE(way->Transform(1, &there.x, &there.y));
+      }
+      vertex = there;
+    }
+    part->SetVertices(std::move(vertices));
+  }
+  polygon.SetSpatialReference(Reference(projection));
+}
+
 void ExpectSameInBoth(const Polygon& shape, const std::string& projection) {
   const auto geographic = InDegrees(shape, projection);
   const auto projected = CloneOf(*geographic);
-  projected->Project(Reference(projection));
+  ProjectAsOthersDo(*projected, projection);
   ExpectSame(MeasuresOf(projected), MeasuresOf(geographic));
 }
 
@@ -213,7 +240,7 @@ TEST(ProjectedShapes, RingsTornAtTheEdgeOfTheWorld) {
       const auto map = InDegrees(*PolygonOf({row.ring}), projection);
       const Values whole = MeasuresOf(InDegrees(*PolygonOf({row.whole}), projection));
       EXPECT_NEAR(MeasuresOf(map).spheroidal_area / whole.spheroidal_area, 1.0, 1e-9);
-      map->Project(Reference(projection));
+      ProjectAsOthersDo(*map, projection);
       ExpectSame(MeasuresOf(map), whole);
     }
   }
@@ -245,7 +272,7 @@ TEST(ProjectedShapes, CapsWithASeamTowardThePole) {
   for (const Row& row : rows) {
     SCOPED_TRACE(std::string(row.name) + " in " + row.projection);
     const auto map = InDegrees(*row.cap, row.projection);
-    map->Project(Reference(row.projection));
+    ProjectAsOthersDo(*map, row.projection);
     EXPECT_NEAR(MeasuresOf(map).spheroidal_area / whole, 1.0, 1e-3);
   }
 }
