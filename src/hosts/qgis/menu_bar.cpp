@@ -3,6 +3,7 @@
 
 #include <qgsapplication.h>
 #include <qgsmapcanvas.h>
+#include <qgsmessagebar.h>
 
 #include <QApplication>
 #include <QMainWindow>
@@ -10,6 +11,7 @@
 #include <QToolButton>
 
 #include "hosts/document/component_loader.h"
+#include "hosts/qgis/processing/run_turn.h"
 #include "hosts/windows/pictures.h"
 #include "hosts/windows/qt_text.h"
 #include "platform/component.h"
@@ -155,6 +157,13 @@ void MenuBar::Click(ICommand& command) {
   Trap("MenuClicked", [&] {
     // A click by a shortcut or a script comes without an opened menu.
     if (!command.Enabled()) return;
+    const RunTurn turn;
+    if (!turn.Taken()) {
+      program_.messageBar()->pushWarning(
+          QStringLiteral("Tessarine"),
+          QStringLiteral("A run from the toolbox is at work: wait for its end, or stop it."));
+      return;
+    }
     NoteWindow();
     const WindowHost::RunScope running(host_);
     command.OnClick();

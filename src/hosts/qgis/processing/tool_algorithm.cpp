@@ -4,6 +4,7 @@
 #include <qgsexception.h>
 
 #include <iterator>
+#include <utility>
 
 #include "hosts/document/component_loader.h"
 #include "hosts/qgis/layers.h"
@@ -95,6 +96,9 @@ bool ToolAlgorithm::checkParameterValues(const QVariantMap& parameters, QgsProce
 
 // The layers as the program has them: their rows aren't looked at.
 QString ToolAlgorithm::ObjectionTo(const QVariantMap& parameters, QgsProcessingContext& context) const {
+  // While others have the turn, the run itself is going to look.
+  const RunTurn turn;
+  if (!turn.Taken()) return {};
   QgsProcessingFeedback silent(false);
   ToolRun run(tool_, silent);
   Arguments arguments = ReadArguments(Spec(), *this, parameters, context);
@@ -128,7 +132,11 @@ bool ToolAlgorithm::prepareAlgorithm(const QVariantMap& parameters, QgsProcessin
 QVariantMap ToolAlgorithm::processAlgorithm(const QVariantMap& parameters, QgsProcessingContext& context,
                                             QgsProcessingFeedback* feedback) {
   return AsProgramErrors([&] {
-    const RunTurn turn([feedback] { return feedback->isCanceled(); });
+    bool waits = false;
+    const RunTurn turn([&] {
+      if (std::exchange(waits, true)) feedback->setProgressText(QStringLiteral("Waiting for another run of the suite"));
+      return feedback->isCanceled();
+    });
     QVariantMap results;
     const bool finished = turn.Taken() && UnlessStopped([&] { results = RunTool(parameters, context, *feedback); });
     if (!finished) feedback->pushWarning(QStringLiteral("The run was stopped before its output was whole."));
