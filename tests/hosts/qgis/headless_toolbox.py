@@ -11,12 +11,15 @@ import pathlib
 import subprocess
 import tempfile
 
-from osgeo import ogr
+from osgeo import gdal, ogr
 
 HERE = pathlib.Path(__file__).resolve().parent
 ROOT = HERE.parent.parent.parent
 DATA = ROOT / "tests/data"
-COUNTRIES, CITIES = str(DATA / "countries.shp"), str(DATA / "cities.shp")
+# As GeoPackages: numbers of a dBASE table are texts, which a library of the map program reads otherwise, in the last
+# bit, than the C library does.
+FOLDER = tempfile.TemporaryDirectory(prefix="tessarine-")
+COUNTRIES, CITIES = ("%s/%s.gpkg" % (FOLDER.name, name) for name in ("countries", "cities"))
 
 # Algorithm, its values, and the same for the terminal.
 RUNS = [
@@ -100,8 +103,10 @@ def main():
     parser = argparse.ArgumentParser()
     parser.add_argument("--build", required=True)
     parser.add_argument("--program", default="qgis_process.bin")
-    with tempfile.TemporaryDirectory(prefix="tessarine-") as folder:
-        toolbox = Toolbox(parser.parse_args(), pathlib.Path(folder))
+    with FOLDER:
+        toolbox = Toolbox(parser.parse_args(), pathlib.Path(FOLDER.name))
+        gdal.VectorTranslate(COUNTRIES, str(DATA / "countries.shp"), geometryType="MULTIPOLYGON")
+        gdal.VectorTranslate(CITIES, str(DATA / "cities.shp"))
         (toolbox.folder / "terminal").mkdir()
         toolbox.install()
         what_is_there(toolbox)
