@@ -16,8 +16,7 @@ from osgeo import gdal, ogr
 HERE = pathlib.Path(__file__).resolve().parent
 ROOT = HERE.parent.parent.parent
 DATA = ROOT / "tests/data"
-# As GeoPackages: numbers of a dBASE table are texts, which a library of the map program reads otherwise, in the last
-# bit, than the C library does.
+# As GeoPackages: numbers of a dBASE table are texts, which are read with another last bit in the map program's process.
 FOLDER = tempfile.TemporaryDirectory(prefix="tessarine-")
 COUNTRIES, CITIES = ("%s/%s.gpkg" % (FOLDER.name, name) for name in ("countries", "cities"))
 
