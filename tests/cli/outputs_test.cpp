@@ -317,13 +317,13 @@ TEST_F(Outputs, GeoPackagesAreIndexedWhole) {
         Row{{"centroids", Data("countries.shp"), "--where", "name = 'Italy'"}, 1},
         Row{{"calculate", Data("cities.shp"), "-m", "1"}, 243}}) {
     std::vector<std::string> arguments = row.arguments;
-    arguments.insert(arguments.end(), {"-q", "--overwrite", "-o", In("o.gpkg:it's \"o\"")});
+    arguments.insert(arguments.end(), {"-q", "--overwrite", "-o", In("o.gpkg:it's o")});
     ASSERT_EQ(RunTessarine(arguments).status, 0);
     const auto data = OpenData(In("o.gpkg"));
     OGRLayer& layer = *data->GetLayer(0);
     EXPECT_GE(layer.GetFeatureCount(), row.least);
     EXPECT_NE(layer.TestCapability(OLCFastSpatialFilter), 0);
-    OGRLayer* check = data->ExecuteSQL("SELECT rtreecheck('rtree_it''s \"o\"_geom')", nullptr, nullptr);
+    OGRLayer* check = data->ExecuteSQL("SELECT rtreecheck('rtree_it''s o_geom')", nullptr, nullptr);
     ASSERT_NE(check, nullptr);
     EXPECT_STREQ(OGRFeatureUniquePtr(check->GetNextFeature())->GetFieldAsString(0), "ok") << row.arguments[0];
     data->ReleaseResultSet(check);
