@@ -91,6 +91,8 @@ TEST_F(Tools, ParametersSayTheirKindsUnitsAndRanges) {
     }
   }
   EXPECT_EQ(by_name.at("wrap.shift").at("unit"), "degrees");
+  EXPECT_EQ(by_name.at("label-points.source").at("shapes"), nlohmann::json({"polygon"}));
+  EXPECT_EQ(by_name.at("split.source").at("shapes").size(), 4U);
   EXPECT_EQ(by_name.at("wrap.bounds").at("kind"), "box");
   EXPECT_EQ(by_name.at("wrap.pole").at("choices"), nlohmann::json({"north", "south", "both", "neither"}));
   EXPECT_EQ(by_name.at("build-polygons.cluster-tolerance").at("least"), 0.0);

@@ -15,6 +15,7 @@
 #include "hosts/terminal/selected_class.h"
 #include "hosts/terminal/tool_options.h"
 #include "platform/paths.h"
+#include "platform/shape_words.h"
 
 namespace tessarine {
 namespace {
@@ -143,6 +144,7 @@ nlohmann::ordered_json ParameterJson(const ToolParameter& parameter) {
   const auto add = [&](const char* key, std::string_view text) {
     if (!text.empty()) json[key] = text;
   };
+  for (const esriGeometryType shape : parameter.shapes) json["shapes"].push_back(ShapeWord(shape, "other"));
   add("unit", parameter.unit);
   if (parameter.least) json["least"] = *parameter.least;
   if (!parameter.choices.empty()) json["choices"] = parameter.choices;
@@ -170,6 +172,7 @@ void PrintToolsJson() {
                                   {"parameters", nlohmann::ordered_json::array()},
                                   {"example", spec.example}};
     for (const ToolParameter& parameter : spec.parameters) row["parameters"].push_back(ParameterJson(parameter));
+    if (!spec.one_of.empty()) row["one_of"] = spec.one_of;
     json.push_back(std::move(row));
   }
   fmt::print("{}\n", json.dump(2));
