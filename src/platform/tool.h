@@ -16,6 +16,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
@@ -156,6 +157,10 @@ struct Objection {
   std::string title = {};  ///< of the message that tells the text alone; empty where no dialog can come to it
   Telling telling = kToldAlone;
 };
+
+/// Its sentence, with the parameters as a face writes them.
+[[nodiscard]] std::string SentenceOf(const Objection& objection,
+                                     const std::function<std::string(std::string_view parameter)>& written);
 
 class ITool : public virtual Object {
  public:

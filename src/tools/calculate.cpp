@@ -134,8 +134,10 @@ class CalculateTool final : public Tool {
     const MeasureChoice choice = Chosen(arguments, layer);
     // A face that doesn't validate learns it here: a dialog may leave any name for a field.
     if (choice.objection) {
-      context.feedback.Tell(WithoutBraces(choice.objection->text), " Confirm Field Names:");
-      context.journal.Fail(WithoutBraces(choice.objection->text));
+      const std::string sentence =
+          SentenceOf(*choice.objection, [](std::string_view parameter) { return std::string(parameter); });
+      context.feedback.Tell(sentence, " Confirm Field Names:");
+      context.journal.Fail(sentence);
       context.journal.cancelled = true;
       return nullptr;
     }

@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "frame/commands/command_base.h"
 
-#include "platform/host.h"
 #include "platform/trap.h"
-#include "support/frmReport_modal.h"
 
 namespace tessarine {
 
@@ -41,14 +39,6 @@ void CommandBase::OnClick() {
 void CommandBase::MarkDirty() const {
   const auto dirty = Cast<IDocumentDirty>(document_);
   Require(dirty, "IDocumentDirty")->SetDirty();
-}
-
-void CommandBase::ShowReport(const std::string& report) {
-  // The user gave up, and knows it.
-  if (Host().Journal().cancelled) return;
-  frmReport_modal form;
-  form.txtReport.SetTextRTF(report);
-  form.ShowModal();
 }
 
 }  // namespace tessarine

@@ -41,8 +41,6 @@ class CommandBase : public ICommand {
   [[nodiscard]] const std::shared_ptr<IApplication>& Application() const { return application_; }
   [[nodiscard]] const std::shared_ptr<IMxDocument>& Document() const { return document_; }
   void MarkDirty() const;
-  /// Puts the report into the report dialog and shows it.
-  static void ShowReport(const std::string& report);
 
  private:
   const CommandRow& row_;

@@ -5,6 +5,7 @@
 #include "platform/host.h"
 #include "platform/trap.h"
 #include "session/clsExtension.h"
+#include "support/frmReport_modal.h"
 
 namespace tessarine {
 namespace {
@@ -21,8 +22,17 @@ class ToolCommand : public CommandBase {
     if (!arguments) return;
     RunContext context = HostContext();
     const bool planned = Host().PlanOnly();
-    ShowReport(planned ? tool.Plan(context, *arguments, Application()) : tool.Run(context, *arguments, Application()));
+    const std::string report =
+        planned ? tool.Plan(context, *arguments, Application()) : tool.Run(context, *arguments, Application());
+    // A user who gave up knows it.
+    if (!context.journal.cancelled) ShowReport(report);
     if (!planned) MarkDirty();
+  }
+
+  static void ShowReport(const std::string& report) {
+    frmReport_modal form;
+    form.txtReport.SetTextRTF(report);
+    form.ShowModal();
   }
 };
 

@@ -209,7 +209,7 @@ void AddToolCommands(CLI::App& program, ChosenCommand& chosen) {
 void AddToolsCommand(CLI::App& program, ChosenCommand& chosen) {
   auto json = std::make_shared<bool>(false);
   CLI::App& command = *program.add_subcommand("tools", "List the tools: what each takes, asks and makes");
-  command.add_flag("--json", *json, "Print their specifications as JSON, for other programs");
+  command.add_flag("--json", *json, "Print all that is known of them as JSON, for other programs");
   command.footer("Example:\n  tessarine tools --json");
   command.callback([&chosen, json] { chosen.run = [json] { return PrintTools(*json); }; });
 }

@@ -8,7 +8,6 @@
 #include <algorithm>
 #include <cstdio>
 
-#include "hosts/document/document_layer.h"
 #include "hosts/terminal/interrupt.h"
 #include "hosts/terminal/passwords.h"
 #include "platform/text_formats.h"
@@ -54,23 +53,13 @@ class TerminalErrorDialog final : public IErrorDialog {
 };
 
 /// Nothing is drawn; the frame only knows which form is open, so that an interrupt finds it.
-class TerminalFrame final : public IModelessFrame {
+class TerminalFrame final : public UnseenFrame {
  public:
   explicit TerminalFrame(std::vector<std::weak_ptr<Form>>& open_forms) : open_forms_(open_forms) {}
-  void Create(const std::shared_ptr<Form>& form) override {
-    form_ = form;
-    open_forms_.push_back(form);
-  }
-  [[nodiscard]] std::string Caption() const override { return caption_; }
-  void SetCaption(const std::string& caption) override { caption_ = caption; }
-  [[nodiscard]] bool Visible() const override { return visible_; }
-  void SetVisible(bool visible) override { visible_ = visible; }
+  void Create(const std::shared_ptr<Form>& form) override { open_forms_.push_back(form); }
 
  private:
   std::vector<std::weak_ptr<Form>>& open_forms_;
-  std::weak_ptr<Form> form_;
-  std::string caption_;
-  bool visible_ = false;
 };
 
 class TerminalGxDialog final : public IGxDialog {
@@ -115,7 +104,7 @@ class TerminalReferenceDialog final : public ISpatialReferenceDialog2 {
 }  // namespace
 
 TerminalHost::TerminalHost(TerminalManners manners, std::string host_version)
-    : manners_(manners), host_version_(std::move(host_version)), previous_(SetHost(this)) {}
+    : WindowlessHost(std::move(host_version)), manners_(manners), previous_(SetHost(this)) {}
 
 TerminalHost::~TerminalHost() { SetHost(previous_); }
 
@@ -148,10 +137,6 @@ std::shared_ptr<IGxDialog> TerminalHost::CreateGxDialog() { return std::make_sha
 std::shared_ptr<ISpatialReferenceDialog2> TerminalHost::CreateSpatialReferenceDialog() {
   return std::make_shared<TerminalReferenceDialog>(chosen_reference_);
 }
-
-std::shared_ptr<IFeatureLayer> TerminalHost::CreateFeatureLayer() { return std::make_shared<DocumentFeatureLayer>(); }
-
-std::shared_ptr<ISimpleRenderer> TerminalHost::CreateSimpleRenderer() { return std::make_shared<DocumentRenderer>(); }
 
 bool TerminalHost::Ask(RunQuestion question, const std::string& text, const std::string& title) {
   if (question == RunQuestion::ReplaceOutput && manners_.overwrite) return true;
@@ -205,11 +190,6 @@ void TerminalHost::ShowModal(Form& form) {
     form_refused_ = true;
     form.CloseByUser();
   }
-}
-
-std::string TerminalHost::QueryLocalMachine(const std::string& key, const std::string& value) const {
-  // The terminating null belongs to what a registry answers.
-  return key == "Software\\ESRI\\ArcGIS" && value == "RealVersion" ? host_version_ + '\0' : std::string();
 }
 
 }  // namespace tessarine

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "hosts/document/promised_places.h"
+#include "hosts/document/windowless_host.h"
 #include "hosts/terminal/form_script.h"
 #include "hosts/terminal/refusal.h"
 #include "platform/host.h"
@@ -30,7 +31,7 @@ struct BrowsePlace {
   std::string name;
 };
 
-class TerminalHost final : public IHost, public IMessageBox, public IFormHost, public IClipboard, public IRegistry {
+class TerminalHost final : public WindowlessHost {
  public:
   TerminalHost(TerminalManners manners, std::string host_version);
   ~TerminalHost() override;
@@ -61,11 +62,6 @@ class TerminalHost final : public IHost, public IMessageBox, public IFormHost, p
   [[nodiscard]] bool WasShown(const std::string& text) const;
 
   // IHost
-  IClock& Clock() override { return clock_; }
-  IMessageBox& MessageBox() override { return *this; }
-  IFormHost& Forms() override { return *this; }
-  IClipboard& Clipboard() override { return *this; }
-  IRegistry& Registry() override { return *this; }
   IOperatingSystem& System() override { return system_; }
   /// A stop presses Stop on the open progress forms.
   void PumpEvents() override;
@@ -75,13 +71,9 @@ class TerminalHost final : public IHost, public IMessageBox, public IFormHost, p
   std::shared_ptr<IModelessFrame> CreateModelessFrame() override;
   std::shared_ptr<IGxDialog> CreateGxDialog() override;
   std::shared_ptr<ISpatialReferenceDialog2> CreateSpatialReferenceDialog() override;
-  std::shared_ptr<IPrinter> ChoosePrinter() override { return nullptr; }
-  std::shared_ptr<IFeatureLayer> CreateFeatureLayer() override;
-  std::shared_ptr<ISimpleRenderer> CreateSimpleRenderer() override;
   [[nodiscard]] OutputWishes Wishes() const override { return wishes_; }
   void Announce(const std::string& sentence) override;
   [[nodiscard]] bool Ask(RunQuestion question, const std::string& text, const std::string& title) override;
-  RunJournal& Journal() override { return journal_; }
   [[nodiscard]] bool PlanOnly() const override { return manners_.plan_only; }
   [[nodiscard]] unsigned Jobs() const override { return manners_.jobs; }
 
@@ -90,28 +82,17 @@ class TerminalHost final : public IHost, public IMessageBox, public IFormHost, p
                      MessageIcon icon) override;
   // IFormHost
   void ShowModal(Form& form) override;
-  void ShowModeless(Form&) override {}
-  [[nodiscard]] double ScreenWidth() const override { return 640.0; }
-  [[nodiscard]] double ScreenHeight() const override { return 400.0; }
-  // IClipboard: a terminal has none.
-  void Clear() override {}
-  void SetRichText(const std::string&) override {}
-  // IRegistry
-  [[nodiscard]] std::string QueryLocalMachine(const std::string& key, const std::string& value) const override;
 
  private:
   [[nodiscard]] bool AskUser() const;
 
   TerminalManners manners_;
-  std::string host_version_;
-  SystemClock clock_;
   PromisingSystem system_;
   FormScript* script_ = nullptr;
   std::optional<BrowsePlace> browse_place_;
   SpatialReferenceRef chosen_reference_;
   OutputWishes wishes_;
   std::vector<std::weak_ptr<Form>> open_forms_;
-  RunJournal journal_;
   std::optional<std::string> report_;
   bool fault_reported_ = false;
   std::string last_message_;

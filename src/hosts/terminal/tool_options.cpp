@@ -236,16 +236,11 @@ ToolOutput OutputArgument(const OutputPlace& place) {
 }
 
 std::string ObjectionText(const Objection& objection) {
-  std::string text = objection.parameter.empty() ? "" : "--" + objection.parameter + ": ";
-  std::size_t from = 0;
-  for (std::size_t open = objection.text.find('{'); open != std::string::npos; open = objection.text.find('{', from)) {
-    const std::size_t close = objection.text.find('}', open);
-    if (close == std::string::npos) break;
-    const std::string option = OptionName(objection.text.substr(open + 1, close - open - 1));
-    text += objection.text.substr(from, open - from) + option.substr(0, option.find(','));
-    from = close + 1;
-  }
-  return text + objection.text.substr(from);
+  const auto shortest = [](std::string_view parameter) {
+    const std::string option = OptionName(parameter);
+    return option.substr(0, option.find(','));
+  };
+  return (objection.parameter.empty() ? "" : "--" + objection.parameter + ": ") + SentenceOf(objection, shortest);
 }
 
 }  // namespace tessarine

@@ -107,9 +107,4 @@ OutputOfRun OutputOf(const Arguments& arguments, const std::string& base_name) {
   return result;
 }
 
-std::string WithoutBraces(std::string text) {
-  std::erase_if(text, [](char c) { return c == '{' || c == '}'; });
-  return text;
-}
-
 }  // namespace tessarine

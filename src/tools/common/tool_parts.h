@@ -55,7 +55,4 @@ struct OutputOfRun {
 };
 [[nodiscard]] OutputOfRun OutputOf(const Arguments& arguments, const std::string& base_name);
 
-/// The text of an objection with the plain names of its parameters.
-[[nodiscard]] std::string WithoutBraces(std::string text);
-
 }  // namespace tessarine

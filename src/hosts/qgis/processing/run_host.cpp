@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "hosts/qgis/processing/run_host.h"
 
-#include <algorithm>
-
-#include "hosts/document/document_layer.h"
 #include "hosts/qgis/qgis_host.h"
 #include "hosts/windows/qt_text.h"
 #include "platform/fault.h"
+#include "platform/stepping_status_bar.h"
 #include "platform/text_formats.h"
 
 namespace tessarine::qgis {
@@ -27,20 +25,6 @@ class LoggedErrors final : public IErrorDialog {
   std::string text_;
 };
 
-/// Nothing is drawn.
-class UnseenFrame final : public IModelessFrame {
- public:
-  void Create(const std::shared_ptr<Form>&) override {}
-  [[nodiscard]] std::string Caption() const override { return caption_; }
-  void SetCaption(const std::string& caption) override { caption_ = caption; }
-  [[nodiscard]] bool Visible() const override { return visible_; }
-  void SetVisible(bool visible) override { visible_ = visible; }
-
- private:
-  std::string caption_;
-  bool visible_ = false;
-};
-
 class StillPicture final : public IAnimationProgressor {
  public:
   explicit StillPicture(QgsProcessingFeedback& log) : log_(log) {}
@@ -54,7 +38,7 @@ class StillPicture final : public IAnimationProgressor {
   QgsProcessingFeedback& log_;
 };
 
-class RunStatusBar final : public IStatusBar, public std::enable_shared_from_this<RunStatusBar> {
+class RunStatusBar final : public SteppingStatusBar {
  public:
   explicit RunStatusBar(QgsProcessingFeedback& log) : log_(log) {}
 
@@ -63,53 +47,25 @@ class RunStatusBar final : public IStatusBar, public std::enable_shared_from_thi
   [[nodiscard]] std::shared_ptr<IAnimationProgressor> ProgressAnimation() override {
     return std::make_shared<StillPicture>(log_);
   }
-  [[nodiscard]] std::shared_ptr<IStepProgressor> ProgressBar() override;
-  void ShowProgressBar(const std::string& text, std::int32_t minimum, std::int32_t maximum, std::int32_t step,
-                       bool) override {
-    minimum_ = position_ = minimum;
-    maximum_ = maximum;
-    step_ = step;
-    told_ = -1;
-    log_.setProgressText(ToQt(Trim(text)));
-    Draw();
-  }
-  void StepProgressBar() override { MoveTo(position_ + step_); }
   void HideProgressBar() override {}
 
  private:
-  class Progressor;
-
-  // Runs put the bar back at their end.
-  void MoveTo(std::int32_t position) {
-    position_ = std::clamp(position, position_, std::max(position_, maximum_));
-    Draw();
+  void BarShown(const std::string& text) override {
+    told_ = -1;
+    log_.setProgressText(ToQt(Trim(text)));
+    BarMoved();
   }
-  // Signals go to another thread: one for each per cent is enough.
-  void Draw() {
-    const int percent = static_cast<int>(100.0 * (position_ - minimum_) / std::max(1, maximum_ - minimum_));
-    if (percent == told_) return;
+  // Signals go to another thread: one for each per cent is enough. Runs put the bar back at their end.
+  void BarMoved() override {
+    const int percent = static_cast<int>(100.0 * Share());
+    if (percent <= told_) return;
     told_ = percent;
     log_.setProgress(percent);
   }
 
   QgsProcessingFeedback& log_;
-  std::int32_t minimum_ = 0, maximum_ = 0, step_ = 1, position_ = 0;
   int told_ = -1;
 };
-
-class RunStatusBar::Progressor final : public IStepProgressor {
- public:
-  explicit Progressor(std::shared_ptr<RunStatusBar> bar) : bar_(std::move(bar)) {}
-  [[nodiscard]] std::int32_t Position() const override { return bar_->position_; }
-  void SetPosition(std::int32_t position) override { bar_->MoveTo(position); }
-
- private:
-  std::shared_ptr<RunStatusBar> bar_;
-};
-
-std::shared_ptr<IStepProgressor> RunStatusBar::ProgressBar() {
-  return std::make_shared<Progressor>(shared_from_this());
-}
 
 QString Titled(const std::string& text, const std::string& title) {
   const std::string head = Trim(title);
@@ -120,18 +76,13 @@ QString Titled(const std::string& text, const std::string& title) {
 
 std::string RunSystem::ProgramFolder() const { return PluginFolder(); }
 
-std::shared_ptr<IErrorDialog> RunHost::CreateErrorDialog() { return std::make_shared<LoggedErrors>(log_); }
+RunHost::RunHost(QgsProcessingFeedback& feedback) : WindowlessHost(kHostVersion), log_(feedback) {}
 
-std::shared_ptr<IModelessFrame> RunHost::CreateModelessFrame() { return std::make_shared<UnseenFrame>(); }
+std::shared_ptr<IErrorDialog> RunHost::CreateErrorDialog() { return std::make_shared<LoggedErrors>(log_); }
 
 std::shared_ptr<IGxDialog> RunHost::CreateGxDialog() { RaiseNoWindows(); }
 
 std::shared_ptr<ISpatialReferenceDialog2> RunHost::CreateSpatialReferenceDialog() { RaiseNoWindows(); }
-
-// The layers that a run makes are the program's own business.
-std::shared_ptr<IFeatureLayer> RunHost::CreateFeatureLayer() { return std::make_shared<DocumentFeatureLayer>(); }
-
-std::shared_ptr<ISimpleRenderer> RunHost::CreateSimpleRenderer() { return std::make_shared<DocumentRenderer>(); }
 
 void RunHost::Announce(const std::string& text) { log_.pushWarning(LinesToQt(text)); }
 
@@ -165,11 +116,6 @@ MessageAnswer RunHost::Show(const std::string& text, const std::string& title, M
 }
 
 void RunHost::ShowModal(Form&) { RaiseNoWindows(); }
-
-std::string RunHost::QueryLocalMachine(const std::string& key, const std::string& value) const {
-  // The terminating null belongs to what a registry answers.
-  return key == "Software\\ESRI\\ArcGIS" && value == "RealVersion" ? kHostVersion + std::string(1, '\0') : "";
-}
 
 std::shared_ptr<IStatusBar> CreateRunStatusBar(QgsProcessingFeedback& feedback) {
   return std::make_shared<RunStatusBar>(feedback);

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "hosts/document/promised_places.h"
+#include "hosts/document/windowless_host.h"
 #include "platform/application.h"
 #include "platform/host.h"
 
@@ -20,28 +21,18 @@ class RunSystem final : public PromisingSystem {
 };
 
 /// Works on whatever thread it was made on.
-class RunHost final : public IHost, public IMessageBox, public IFormHost, public IClipboard, public IRegistry {
+class RunHost final : public WindowlessHost {
  public:
-  explicit RunHost(QgsProcessingFeedback& feedback) : log_(feedback) {}
+  explicit RunHost(QgsProcessingFeedback& feedback);
 
   [[nodiscard]] RunSystem& Places() { return system_; }
 
   // IHost
-  IClock& Clock() override { return clock_; }
-  IMessageBox& MessageBox() override { return *this; }
-  IFormHost& Forms() override { return *this; }
-  IClipboard& Clipboard() override { return *this; }
-  IRegistry& Registry() override { return *this; }
   IOperatingSystem& System() override { return system_; }
-  RunJournal& Journal() override { return journal_; }
   [[nodiscard]] bool PlanOnly() const override { return false; }
   std::shared_ptr<IErrorDialog> CreateErrorDialog() override;
-  std::shared_ptr<IModelessFrame> CreateModelessFrame() override;
   std::shared_ptr<IGxDialog> CreateGxDialog() override;
   std::shared_ptr<ISpatialReferenceDialog2> CreateSpatialReferenceDialog() override;
-  std::shared_ptr<IPrinter> ChoosePrinter() override { return nullptr; }
-  std::shared_ptr<IFeatureLayer> CreateFeatureLayer() override;
-  std::shared_ptr<ISimpleRenderer> CreateSimpleRenderer() override;
 
   // IRunFeedback
   void Announce(const std::string& text) override;
@@ -56,20 +47,10 @@ class RunHost final : public IHost, public IMessageBox, public IFormHost, public
                      MessageIcon icon) override;
   // IFormHost: a run shows no form but that of its progress, which nobody sees.
   void ShowModal(Form& form) override;
-  void ShowModeless(Form&) override {}
-  [[nodiscard]] double ScreenWidth() const override { return 640.0; }
-  [[nodiscard]] double ScreenHeight() const override { return 400.0; }
-  // IClipboard: that of the program is the user's.
-  void Clear() override {}
-  void SetRichText(const std::string&) override {}
-  // IRegistry
-  [[nodiscard]] std::string QueryLocalMachine(const std::string& key, const std::string& value) const override;
 
  private:
   QgsProcessingFeedback& log_;
-  SystemClock clock_;
   RunSystem system_;
-  RunJournal journal_;
 };
 
 /// Hands the bar's position on as the progress of the run.

@@ -228,7 +228,7 @@ class ArgumentReader {
   QgsProcessingContext& context_;
 };
 
-// What the parameters of a specification ask of each other.
+// What the parameters of a tool ask of each other.
 void CheckRelations(const ToolSpec& spec, const QVariantMap& parameters) {
   const auto given = [&](std::string_view name) {
     const ToolParameter& parameter = *spec.Find(name);
@@ -287,19 +287,11 @@ Arguments ReadArguments(const ToolSpec& spec, const QgsProcessingAlgorithm& algo
 
 QString ObjectionText(const ToolSpec& spec, const Objection& objection) {
   const ToolParameter* about = objection.parameter.empty() ? nullptr : spec.Find(objection.parameter);
-  QString text = about == nullptr ? QString() : LabelOf(*about) + QStringLiteral(": ");
-  const QString sentence = LinesToQt(objection.text);
-  for (int at = 0; at < sentence.size();) {
-    const int open = sentence.indexOf(QLatin1Char('{'), at);
-    const int close = sentence.indexOf(QLatin1Char('}'), open);
-    if (open < 0 || close < 0) return text + sentence.mid(at);
-    const QString name = sentence.mid(open + 1, close - open - 1);
-    const ToolParameter* parameter = spec.Find(FromQt(name));
-    text +=
-        sentence.mid(at, open - at) + (parameter != nullptr ? QStringLiteral("'%1'").arg(LabelOf(*parameter)) : name);
-    at = close + 1;
-  }
-  return text;
+  const std::string sentence = SentenceOf(objection, [&](std::string_view name) {
+    const ToolParameter* parameter = spec.Find(name);
+    return parameter != nullptr ? "'" + FromQt(LabelOf(*parameter)) + "'" : std::string(name);
+  });
+  return (about == nullptr ? QString() : LabelOf(*about) + QStringLiteral(": ")) + LinesToQt(sentence);
 }
 
 }  // namespace tessarine::qgis
