@@ -58,14 +58,14 @@ Values MeasuresOf(const Polygon& polygon) {
   MeasureSettings settings{esriGeometryPolygon,       SpatialKindOf(reference),  reference,
                            spheroid->SemiMajorAxis(), spheroid->SemiMinorAxis(), false};
   const auto record = BeginRecord(CloneOf(polygon), settings);
-  const bool geographic = settings.Kind == SpatialKind::Geographic;
+  const bool geographic = settings.kind == SpatialKind::Geographic;
   const auto measured = [&](std::int32_t id) {
-    return Measure(*FindMeasure(settings.Shape, settings.Kind, id), *record);
+    return Measure(*FindMeasure(settings.shape, settings.kind, id), *record);
   };
   const MeasuredValues centroid = measured(geographic ? 2 : 4);
-  return {measured(geographic ? 1 : 2).First.AsDouble(), measured(geographic ? 3 : 6).First.AsDouble(),
-          measured(geographic ? 6 : 9).First.AsDouble(),
-          shapes::ToDegrees({centroid.First.AsDouble(), centroid.Second.AsDouble()}, reference)};
+  return {measured(geographic ? 1 : 2).first.AsDouble(), measured(geographic ? 3 : 6).first.AsDouble(),
+          measured(geographic ? 6 : 9).first.AsDouble(),
+          shapes::ToDegrees({centroid.first.AsDouble(), centroid.second.AsDouble()}, reference)};
 }
 
 double Apart(XY a, XY b) {

@@ -160,15 +160,15 @@ bool frmGeometry::ConfirmNames(const std::vector<NamedField>& fields) const {
 void frmGeometry::cmdOK_Click() {
   Trap("cmdOK_Click", [this] {
     GeometryChoices choices;
-    choices.Layer = Require(CurrentLayer(), "layer");
-    choices.AllRecords = optAll.Value();
-    choices.Options = ChosenOptions();
-    choices.UseFlags = handed_flags_;
+    choices.layer = Require(CurrentLayer(), "layer");
+    choices.all_records = optAll.Value();
+    choices.options = ChosenOptions();
+    choices.use_flags = handed_flags_;
     if (!ConfirmNames(ChosenFields())) return;
-    choices.SpheroidName = spheroid_name_;
-    choices.SemiMajor = semi_major_;
-    choices.SemiMinor = semi_minor_;
-    choices.Geocentric = geocentric_;
+    choices.spheroid_name = spheroid_name_;
+    choices.semi_major = semi_major_;
+    choices.semi_minor = semi_minor_;
+    choices.geocentric = geocentric_;
     extension_->GeometryOptions = GeometryOptions(choices).Carrier();
     extension_->ShouldContinue = true;
     Unload();

@@ -78,14 +78,14 @@ std::vector<std::string> FieldNamesInUse(const std::vector<OptionEntry>& entries
 }
 
 GeometryOptions::GeometryOptions(const GeometryChoices& choices) : carrier_(std::make_shared<VarArray>()) {
-  carrier_->Add(choices.Layer);
-  carrier_->Add(choices.AllRecords);
-  carrier_->Add(ListOfEntries(choices.Options));
-  carrier_->Add(ListOfFlags(choices.UseFlags));
-  carrier_->Add(choices.SpheroidName);
-  carrier_->Add(choices.SemiMajor);
-  carrier_->Add(choices.SemiMinor);
-  carrier_->Add(choices.Geocentric);
+  carrier_->Add(choices.layer);
+  carrier_->Add(choices.all_records);
+  carrier_->Add(ListOfEntries(choices.options));
+  carrier_->Add(ListOfFlags(choices.use_flags));
+  carrier_->Add(choices.spheroid_name);
+  carrier_->Add(choices.semi_major);
+  carrier_->Add(choices.semi_minor);
+  carrier_->Add(choices.geocentric);
 }
 
 GeometryOptions::GeometryOptions(std::shared_ptr<VarArray> carrier)

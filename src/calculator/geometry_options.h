@@ -49,13 +49,13 @@ class OptionEntry {
 
 /// The choices of one run as plain values.
 struct GeometryChoices {
-  std::shared_ptr<IFeatureLayer> Layer;
-  bool AllRecords = true;  ///< False: the selected records
-  std::vector<OptionEntry> Options;
-  tessarine::ComboUseFlags UseFlags{};
-  std::string SpheroidName;
-  double SemiMajor = 0.0, SemiMinor = 0.0;  ///< metres
-  bool Geocentric = false;                  ///< the data's latitudes are planetocentric
+  std::shared_ptr<IFeatureLayer> layer;
+  bool all_records = true;  ///< False: the selected records
+  std::vector<OptionEntry> options;
+  tessarine::ComboUseFlags use_flags{};
+  std::string spheroid_name;
+  double semi_major = 0.0, semi_minor = 0.0;  ///< metres
+  bool geocentric = false;                    ///< the data's latitudes are planetocentric
 };
 
 class GeometryOptions {

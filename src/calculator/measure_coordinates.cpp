@@ -21,7 +21,7 @@ bool HasOtherUnit(const SpatialReferenceRef& reference) {
 
 template <class Shape>
 BroughtToDegrees<Shape> GeographicCopy(const Shape& shape, SharedWork& work) {
-  ++work.Projections;
+  ++work.projections;
   Require(Cast<const ProjectedCoordinateSystem>(shape.SpatialReference()), "IProjectedCoordinateSystem");
   std::shared_ptr<Shape> copy = CloneOf(shape);
   shapes::ShapeInDegrees way = shapes::BringToDegrees(*copy);
@@ -40,10 +40,10 @@ std::shared_ptr<Shape> PlanetographicShape(const std::shared_ptr<Shape>& shape, 
     degrees = CloneOf(*shape);
     shapes::BringToDegrees(*degrees);
   }
-  if (!settings.Geocentric) return degrees;
-  ++work.LatitudeConversions;
+  if (!settings.geocentric) return degrees;
+  ++work.latitude_conversions;
   const auto converted = Cast<Shape>(
-      shapes::FeaturePlanetOCentricToPlanetOGraphic(degrees, settings.SemiMajor, settings.SemiMinor, kNoShift));
+      shapes::FeaturePlanetOCentricToPlanetOGraphic(degrees, settings.semi_major, settings.semi_minor, kNoShift));
   return Require(converted, "planetographic shape");
 }
 
@@ -53,19 +53,19 @@ template std::shared_ptr<Polyline> PlanetographicShape(const std::shared_ptr<Pol
 template std::shared_ptr<Polygon> PlanetographicShape(const std::shared_ptr<Polygon>&, MeasureSettings&, SharedWork&);
 
 XY InLatitudesOfData(XY position, MeasureSettings& settings) {
-  if (settings.Geocentric) {
+  if (settings.geocentric) {
     const auto graphic = std::make_shared<Point>(position);
-    graphic->SetSpatialReference(settings.Reference);
+    graphic->SetSpatialReference(settings.reference);
     const auto centric = Cast<Point>(
-        shapes::FeaturePlanetOGraphicToPlanetOCentric(graphic, settings.SemiMajor, settings.SemiMinor, kNoShift));
+        shapes::FeaturePlanetOGraphicToPlanetOCentric(graphic, settings.semi_major, settings.semi_minor, kNoShift));
     position = Require(centric, "planetocentric point")->Coordinates();
   }
-  return HasOtherUnit(settings.Reference) ? shapes::FromDegrees(position, settings.Reference) : position;
+  return HasOtherUnit(settings.reference) ? shapes::FromDegrees(position, settings.reference) : position;
 }
 
 XY InProjectionOfLayer(XY position, const MeasureSettings& settings) {
-  Require(Cast<const ProjectedCoordinateSystem>(settings.Reference), "IProjectedCoordinateSystem");
-  return shapes::FromDegrees(position, settings.Reference);
+  Require(Cast<const ProjectedCoordinateSystem>(settings.reference), "IProjectedCoordinateSystem");
+  return shapes::FromDegrees(position, settings.reference);
 }
 
 XY PositionOf(const std::shared_ptr<Point>& point, const char* failure) {

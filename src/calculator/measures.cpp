@@ -82,11 +82,11 @@ void MeasureRecord::WarnBeyondPole(const IGeometry& degrees) {
 }
 
 void MeasureRecord::WarnFarFromArea(const IGeometry& degrees) {
-  if (settings_.Area && MyGeometricOperations::LiesFarFrom(*settings_.Area, degrees)) Warn(MeasureWarning::FarFromArea);
+  if (settings_.area && MyGeometricOperations::LiesFarFrom(*settings_.area, degrees)) Warn(MeasureWarning::FarFromArea);
 }
 
 void MeasureRecord::WarnOfSeries() {
-  if (geodesy::IsSeriesRough(geodesy::Figure::FromAxes(settings_.SemiMajor, settings_.SemiMinor)))
+  if (geodesy::IsSeriesRough(geodesy::Figure::FromAxes(settings_.semi_major, settings_.semi_minor)))
     Warn(MeasureWarning::RoughSeries);
 }
 
@@ -94,12 +94,12 @@ MeasureSettings MeasureSettingsOf(esriGeometryType shape, const SpatialReference
                                   const GeometryOptions& options) {
   MeasureSettings settings{
       shape, SpatialKindOf(reference), reference, options.SemiMajor(), options.SemiMinor(), options.Geocentric()};
-  if (settings.Kind == SpatialKind::Projected) settings.Area = AreaOfUseOf(*reference);
+  if (settings.kind == SpatialKind::Projected) settings.area = AreaOfUseOf(*reference);
   return settings;
 }
 
 std::unique_ptr<MeasureRecord> BeginRecord(const GeometryRef& shape_copy, MeasureSettings& settings) {
-  switch (settings.Shape) {
+  switch (settings.shape) {
     case esriGeometryPoint:
       return RecordOf<PointRecord, Point>(shape_copy, settings);
     case esriGeometryMultipoint:
@@ -115,7 +115,7 @@ std::unique_ptr<MeasureRecord> BeginRecord(const GeometryRef& shape_copy, Measur
 
 MeasuredValues Measure(const MeasureRow& row, MeasureRecord& record) {
   const MeasureSettings& settings = record.Settings();
-  if (row.shape != settings.Shape || row.kind != settings.Kind) {
+  if (row.shape != settings.shape || row.kind != settings.kind) {
     Raise(kInvalidCall, "The measure '" + std::string(row.caption) + "' is not one of this layer.");
   }
   return row.measure.call(record);

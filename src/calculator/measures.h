@@ -12,8 +12,8 @@
 // once for each chosen option:
 //
 //   const MeasuredValues values = Measure(*row, *record);
-//   buffer.SetValue(first_index, values.First);
-//   if (row->FieldCount() == 2) buffer.SetValue(second_index, values.Second);
+//   buffer.SetValue(first_index, values.first);
+//   if (row->FieldCount() == 2) buffer.SetValue(second_index, values.second);
 //
 // and behind the last of them, what the report has to tell of the values:
 //
@@ -48,23 +48,23 @@ class GeometryOptions;
 /// where the measure has one; otherwise the second stays empty.
 struct MeasuredValues {
   MeasuredValues() = default;
-  MeasuredValues(double value) : First(value) {}                          // NOLINT(google-explicit-constructor)
-  MeasuredValues(std::int32_t count) : First(count) {}                    // NOLINT
-  MeasuredValues(XY position) : First(position.x), Second(position.y) {}  // NOLINT
+  MeasuredValues(double value) : first(value) {}                          // NOLINT(google-explicit-constructor)
+  MeasuredValues(std::int32_t count) : first(count) {}                    // NOLINT
+  MeasuredValues(XY position) : first(position.x), second(position.y) {}  // NOLINT
 
-  Variant First;
-  Variant Second;
+  Variant first;
+  Variant second;
 };
 
 /// What all records of a run have in common. The record loop owns it: axes of 0 are replaced, once, by those of the
 /// data's own spheroid when planetocentric shapes are converted.
 struct MeasureSettings {
-  esriGeometryType Shape = esriGeometryNull;
-  SpatialKind Kind = SpatialKind::Unknown;
-  SpatialReferenceRef Reference;  ///< of the layer's data
-  double SemiMajor = 0.0, SemiMinor = 0.0;
-  bool Geocentric = false;
-  std::optional<AreaOfUse> Area = std::nullopt;  ///< of a projection
+  esriGeometryType shape = esriGeometryNull;
+  SpatialKind kind = SpatialKind::Unknown;
+  SpatialReferenceRef reference;  ///< of the layer's data
+  double semi_major = 0.0, semi_minor = 0.0;
+  bool geocentric = false;
+  std::optional<AreaOfUse> area = std::nullopt;  ///< of a projection
 };
 
 [[nodiscard]] MeasureSettings MeasureSettingsOf(esriGeometryType shape, const SpatialReferenceRef& reference,
@@ -90,11 +90,11 @@ enum class MeasureWarning {
 
 /// How often a record did the work that its measures share.
 struct SharedWork {
-  std::int32_t Projections = 0;          ///< copies of the shape in geographic coordinates
-  std::int32_t LatitudeConversions = 0;  ///< conversions of the whole shape to planetographic latitudes
-  std::int32_t MidpointPasses = 0;       ///< walks over all segments for length and midpoint
-  std::int32_t AzimuthSolutions = 0;     ///< solutions of the inverse problem
-  std::int32_t AreaPasses = 0;           ///< walks over all triangles for area and centroid
+  std::int32_t projections = 0;           ///< copies of the shape in geographic coordinates
+  std::int32_t latitude_conversions = 0;  ///< conversions of the whole shape to planetographic latitudes
+  std::int32_t midpoint_passes = 0;       ///< walks over all segments for length and midpoint
+  std::int32_t azimuth_solutions = 0;     ///< solutions of the inverse problem
+  std::int32_t area_passes = 0;           ///< walks over all triangles for area and centroid
 };
 
 /// One feature in the run: its shape, and what was already computed of it.

@@ -15,7 +15,7 @@ constexpr double kOnSpheroid = 0.0;
 constexpr const char* kNoCentroid = "The centroid of the multipoint can't be computed.";
 
 XY CentroidOnSpheroid(const std::shared_ptr<Multipoint>& points, const MeasureSettings& settings) {
-  return PositionOf(shapes::MultipointCentroidSpheroid(points, settings.SemiMajor, settings.SemiMinor, kOnSpheroid),
+  return PositionOf(shapes::MultipointCentroidSpheroid(points, settings.semi_major, settings.semi_minor, kOnSpheroid),
                     kNoCentroid);
 }
 
@@ -23,13 +23,13 @@ XY CentroidOnSpheroid(const std::shared_ptr<Multipoint>& points, const MeasureSe
 
 MultipointRecord::MultipointRecord(std::shared_ptr<Multipoint> shape, MeasureSettings& settings)
     : MeasureRecord(settings), shape_(std::move(shape)) {
-  if (settings.Kind == SpatialKind::Geographic) planetographic_ = PlanetographicShape(shape_, settings_, work_);
+  if (settings.kind == SpatialKind::Geographic) planetographic_ = PlanetographicShape(shape_, settings_, work_);
 }
 
 XY MultipointRecord::Centroid() const { return PositionOf(shapes::MultipointCentroid(shape_), kNoCentroid); }
 
 XY MultipointRecord::ProjectedSpheroidalCentroid() {
-  ++work_.Projections;
+  ++work_.projections;
   const std::shared_ptr<Multipoint> copy = CloneOf(*shape_);
   shapes::BringToDegrees(*copy);
   WarnFarFromArea(*copy);

@@ -71,7 +71,7 @@ std::shared_ptr<Polygon> Whole(const Polygon& polygon) {
 
 PolygonRecord::PolygonRecord(std::shared_ptr<Polygon> shape, MeasureSettings& settings)
     : MeasureRecord(settings), shape_(std::move(shape)) {
-  if (settings.Kind == SpatialKind::Geographic) geographic_ = PlanetographicShape(shape_, settings_, work_);
+  if (settings.kind == SpatialKind::Geographic) geographic_ = PlanetographicShape(shape_, settings_, work_);
 }
 
 double PolygonRecord::Area() {
@@ -92,7 +92,7 @@ std::int32_t PolygonRecord::VertexCount() const { return shape_->PointCount(); }
 
 double PolygonRecord::SphericalArea() {
   MeasureArea();
-  if (std::fabs(settings_.SemiMajor - settings_.SemiMinor) > kStrongFlattening * settings_.SemiMajor) {
+  if (std::fabs(settings_.semi_major - settings_.semi_minor) > kStrongFlattening * settings_.semi_major) {
     Warn(MeasureWarning::FlattenedSphere);
   }
   return spherical_area_;
@@ -110,7 +110,7 @@ double PolygonRecord::SpheroidalPerimeter() {
 }
 
 double PolygonRecord::PerimeterOf(const std::shared_ptr<Polygon>& polygon) {
-  if (settings_.Kind == SpatialKind::Geographic && HasTornRing(*polygon)) {
+  if (settings_.kind == SpatialKind::Geographic && HasTornRing(*polygon)) {
     Warn(MeasureWarning::TornRing);
     return LengthOfRings(*polygon);
   }
@@ -120,14 +120,15 @@ double PolygonRecord::PerimeterOf(const std::shared_ptr<Polygon>& polygon) {
   if (BoundsNothing(*polygon)) return 0.0;
   const std::shared_ptr<Polygon> rings = CloneOf(*polygon);
   if (!shapes::MarkSimpleButForSpikes(*rings) && shapes::HasLobes(*rings)) Warn(MeasureWarning::OneLobe);
-  return shapes::SpheroidalPolylineLength2(shapes::PolygonToPolyline(rings), settings_.SemiMajor, settings_.SemiMinor);
+  return shapes::SpheroidalPolylineLength2(shapes::PolygonToPolyline(rings), settings_.semi_major,
+                                           settings_.semi_minor);
 }
 
 // As they stand: on the plane a torn ring bounds something else.
 double PolygonRecord::LengthOfRings(const Polygon& polygon) const {
   double length = 0.0;
   for (const auto& ring : polygon.Parts()) {
-    length += shapes::SpheroidalPolylineLength2(ring->Vertices(), settings_.SemiMajor, settings_.SemiMinor);
+    length += shapes::SpheroidalPolylineLength2(ring->Vertices(), settings_.semi_major, settings_.semi_minor);
   }
   return length;
 }
@@ -136,8 +137,8 @@ double PolygonRecord::LengthOfRings(const Polygon& polygon) const {
 double PolygonRecord::LengthOfSeams() const {
   double length = 0.0;
   for (const geodesy::Seam& seam : seams_) {
-    length += shapes::SpheroidalPolylineLength2(std::array{seam.from, seam.to, seam.from}, settings_.SemiMajor,
-                                                settings_.SemiMinor);
+    length += shapes::SpheroidalPolylineLength2(std::array{seam.from, seam.to, seam.from}, settings_.semi_major,
+                                                settings_.semi_minor);
   }
   return length;
 }
@@ -145,9 +146,9 @@ double PolygonRecord::LengthOfSeams() const {
 double PolygonRecord::SpheroidalArea() {
   const Polygon& polygon = *GeographicPolygon();
   if (!roles_.empty()) return AreaByRoles(polygon);
-  if (settings_.Kind == SpatialKind::Geographic && HasTornRing(polygon)) Warn(MeasureWarning::TornRing);
+  if (settings_.kind == SpatialKind::Geographic && HasTornRing(polygon)) Warn(MeasureWarning::TornRing);
   // What comes out of a projection is whole already.
-  const std::shared_ptr<Polygon> whole = settings_.Kind == SpatialKind::Geographic ? Whole(polygon) : CloneOf(polygon);
+  const std::shared_ptr<Polygon> whole = settings_.kind == SpatialKind::Geographic ? Whole(polygon) : CloneOf(polygon);
   // Each exterior ring with its holes by itself: parts that overlap count twice, as they do on the sphere.
   const std::shared_ptr<GeometryBag> components = whole->ConnectedComponentBag();
   double area = 0.0;
@@ -172,7 +173,7 @@ double PolygonRecord::AreaByRoles(const Polygon& polygon) const {
 // Below 0 for a hole. The sides of a narrow ring may pass each other on the globe: what it encloses is the same, only
 // its sense isn't.
 double PolygonRecord::AreaOfRing(const Path& ring, bool is_exterior) const {
-  const double enclosed = std::fabs(ExactRingArea(ring.Vertices(), settings_.SemiMajor, settings_.SemiMinor));
+  const double enclosed = std::fabs(ExactRingArea(ring.Vertices(), settings_.semi_major, settings_.semi_minor));
   return is_exterior ? enclosed : -enclosed;
 }
 
@@ -221,19 +222,20 @@ void PolygonRecord::FindAreaAndCentroid() {
   if (lobes) Warn(MeasureWarning::SignedLobes);
   if (wide) Warn(MeasureWarning::WideRing);
   if (shapes::PlaneMisleads(*polygon, roles_)) {
-    const shapes::AreaOnSphere found = shapes::SphericalAreaOfRings(*polygon, settings_.SemiMajor, settings_.SemiMinor);
+    const shapes::AreaOnSphere found =
+        shapes::SphericalAreaOfRings(*polygon, settings_.semi_major, settings_.semi_minor);
     spherical_area_ = found.area;
     centroid_ = found.centroid;
-    ++work_.AreaPasses;
+    ++work_.area_passes;
     return;
   }
   if (!HasArea(*polygon)) {
     spherical_area_ = 0.0;
     return;
   }
-  ++work_.AreaPasses;
-  spherical_area_ =
-      shapes::SphericalPolygonArea2(polygon, true, centroid_.x, centroid_.y, settings_.SemiMajor, settings_.SemiMinor);
+  ++work_.area_passes;
+  spherical_area_ = shapes::SphericalPolygonArea2(polygon, true, centroid_.x, centroid_.y, settings_.semi_major,
+                                                  settings_.semi_minor);
   if (spherical_area_ <= 0.0 && !lobes && !wide) Warn(MeasureWarning::TurnedRing);
 }
 

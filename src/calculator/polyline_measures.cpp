@@ -22,7 +22,7 @@ constexpr const char* kNoMidpoint = "The midpoint of the polyline can't be compu
 
 PolylineRecord::PolylineRecord(std::shared_ptr<Polyline> shape, MeasureSettings& settings)
     : MeasureRecord(settings), shape_(std::move(shape)) {
-  if (settings.Kind == SpatialKind::Geographic) geographic_ = PlanetographicShape(shape_, settings_, work_);
+  if (settings.kind == SpatialKind::Geographic) geographic_ = PlanetographicShape(shape_, settings_, work_);
 }
 
 double PolylineRecord::Length() const { return shape_->Length(); }
@@ -69,8 +69,8 @@ XY PolylineRecord::StartLongitudeLatitude() { return LongitudeLatitudeOf(shape_-
 XY PolylineRecord::EndLongitudeLatitude() { return LongitudeLatitudeOf(shape_->ToPoint()); }
 
 XY PolylineRecord::LongitudeLatitudeOf(XY vertex) {
-  if (!settings_.Geocentric) return vertex;
-  return InLatitudesOfData(shapes::ToDegrees(vertex, settings_.Reference), settings_);
+  if (!settings_.geocentric) return vertex;
+  return InLatitudesOfData(shapes::ToDegrees(vertex, settings_.reference), settings_);
 }
 
 const std::shared_ptr<Polyline>& PolylineRecord::GeographicLine() {
@@ -85,11 +85,11 @@ const std::shared_ptr<Polyline>& PolylineRecord::GeographicLine() {
 void PolylineRecord::FindMidpoint() {
   if (midpoint_) return;
   double position = kMiddle;
-  ++work_.MidpointPasses;
+  ++work_.midpoint_passes;
   WarnOfSeries();
   const shapes::ConvergenceWatch watch;
   midpoint_ = shapes::SpheroidalPolylineMidpoint2(GeographicLine(), position, true, spheroidal_length_,
-                                                  settings_.SemiMajor, settings_.SemiMinor);
+                                                  settings_.semi_major, settings_.semi_minor);
   if (!watch.AllConverged()) Warn(MeasureWarning::NotConverged);
   // At a pole the sum of an arc tangent may be a rounding beyond it.
   if (midpoint_ && !midpoint_->IsEmpty() && std::fabs(midpoint_->Y()) <= kPole + kPoleRounding) {
@@ -101,7 +101,7 @@ void PolylineRecord::FindMidpoint() {
 // Of a line without length. Its projected copy may be empty once it was simplified.
 XY PolylineRecord::OnlyPlace() {
   const Polyline& line = *GeographicLine();
-  return line.IsEmpty() ? shapes::ToDegrees(shape_->FromPoint(), settings_.Reference) : line.FromPoint();
+  return line.IsEmpty() ? shapes::ToDegrees(shape_->FromPoint(), settings_.reference) : line.FromPoint();
 }
 
 // A line without azimuths keeps its marks, so the next measure that asks comes here again, to the same result.
@@ -114,10 +114,10 @@ void PolylineRecord::SolveAzimuths() {
   const XY from = line.FromPoint();
   const XY to{geodesy::WithinOneTurn(from.x, line.ToPoint().x), line.ToPoint().y};
   if (from == to) return;
-  ++work_.AzimuthSolutions;
+  ++work_.azimuth_solutions;
   WarnOfSeries();
   const shapes::ConvergenceWatch watch;
-  shapes::DistanceVincentyPoints2(from, to, start_azimuth_, end_azimuth_, settings_.SemiMajor, settings_.SemiMinor);
+  shapes::DistanceVincentyPoints2(from, to, start_azimuth_, end_azimuth_, settings_.semi_major, settings_.semi_minor);
   if (!watch.AllConverged()) Warn(MeasureWarning::NotConverged);
 }
 

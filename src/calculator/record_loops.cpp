@@ -32,7 +32,7 @@ class RecordLoop {
         features_(Require(layer_->FeatureClass(), "FeatureClass")),
         entries_(options_.Options()),
         settings_(MeasureSettingsOf(features_->ShapeType(), features_->SpatialReference(), options_)),
-        measures_(ResolveMeasures(entries_, settings_.Shape, settings_.Kind, indexes_)) {}
+        measures_(ResolveMeasures(entries_, settings_.shape, settings_.kind, indexes_)) {}
 
   /// What the report tells of problems.
   std::string Run(std::int32_t& record_count) {
@@ -79,9 +79,9 @@ class RecordLoop {
 
   RunProgress Progress(std::int32_t count) const {
     RunProgressWords words;
-    words.StatusText = "Calculating Geometry on " + layer_->Name();
-    words.LogLead = "Calculating Geometry on " + std::string(ShapeNoun(settings_.Shape, 2)) + "...\r\nBegan Job: ";
-    words.RepeatedAction = "Calculating " + std::string(ShapeNoun(settings_.Shape, 1)) + " Attributes...";
+    words.status_text = "Calculating Geometry on " + layer_->Name();
+    words.log_lead = "Calculating Geometry on " + std::string(ShapeNoun(settings_.shape, 2)) + "...\r\nBegan Job: ";
+    words.repeated_action = "Calculating " + std::string(ShapeNoun(settings_.shape, 1)) + " Attributes...";
     return {context_,
             std::move(words),
             application_,
@@ -93,7 +93,7 @@ class RecordLoop {
 
   // Axes of 0 are found by the first record that is converted, and those before it do without.
   [[nodiscard]] bool MaySpread() const {
-    return context_.jobs > 1 && (!settings_.Geocentric || (settings_.SemiMajor > 0.0 && settings_.SemiMinor > 0.0));
+    return context_.jobs > 1 && (!settings_.geocentric || (settings_.semi_major > 0.0 && settings_.semi_minor > 0.0));
   }
 
   // False when the user stopped the run.
@@ -130,7 +130,7 @@ class RecordLoop {
     if (!measured.fault && !record.has_shape) {
       journal_.skipped_oids.push_back(oid);
       static_cast<void>(WorkOnRecord(journal_, oid, [&] {
-        WriteNullValues(entries_, settings_.Shape, settings_.Kind, feature, indexes_, NoteFor(oid));
+        WriteNullValues(entries_, settings_.shape, settings_.kind, feature, indexes_, NoteFor(oid));
       }));
     } else {
       for (std::size_t place = 0; place < measures_.size(); ++place) {

@@ -47,8 +47,8 @@ std::vector<ChosenMeasure> ResolveMeasures(std::span<const OptionEntry> entries,
 }
 
 void WriteValues(const ChosenMeasure& measure, const MeasuredValues& values, IRowBuffer& row, const ChangeNote& note) {
-  static_cast<void>(Set(row, measure.first, values.First, note));
-  if (measure.second >= 0) static_cast<void>(Set(row, measure.second, values.Second, note));
+  static_cast<void>(Set(row, measure.first, values.first, note));
+  if (measure.second >= 0) static_cast<void>(Set(row, measure.second, values.second, note));
 }
 
 void WriteMissing(const ChosenMeasure& measure, IRowBuffer& row, const ChangeNote& note) {

@@ -19,22 +19,22 @@ namespace modCreateVertices {
 
 /// The words of a run, in the order in which a person meets them.
 struct RunWords {
-  std::string_view StatusLeadIn;  ///< the layer's name follows
-  std::string_view ActionText;
-  std::string_view RepeatedAction;  ///< the action text inside the loop
-  std::string_view NamePrompt;
-  std::string_view SkippedHeading;
-  std::string_view ReportTitle;
-  std::string_view AllLabel, SelectedLabel;
-  std::string_view CountNoun;
+  std::string_view status_lead_in;  ///< the layer's name follows
+  std::string_view action_text;
+  std::string_view repeated_action;  ///< the action text inside the loop
+  std::string_view name_prompt;
+  std::string_view skipped_heading;
+  std::string_view report_title;
+  std::string_view all_label, selected_label;
+  std::string_view count_noun;
 };
 
 /// What a run makes of an input of one shape type.
 struct ShapeRule {
-  esriGeometryType Input;  ///< `esriGeometryNull` stands for every type
-  esriGeometryType Output;
+  esriGeometryType input;  ///< `esriGeometryNull` stands for every type
+  esriGeometryType output;
   /// Base names of the double fields that the run writes behind `Uniq_ID`.
-  std::span<const std::string_view> MeasureFields;
+  std::span<const std::string_view> measure_fields;
 };
 
 /// How a run goes through its features.
@@ -45,15 +45,15 @@ enum class RunKind {
 };
 
 struct ConversionRun {
-  std::int32_t ConversionOption;
-  std::string_view Worker;
-  RunKind Kind;
-  std::span<const ShapeRule> Rules;
+  std::int32_t conversion_option;
+  std::string_view worker;
+  RunKind kind;
+  std::span<const ShapeRule> rules;
   /// The progress dialog is shown when the count of records exceeds this.
-  std::int32_t ProgressThreshold;
-  bool ReportsSkipped;  ///< the report lists features without a shape
-  bool FlushesEachFeature;
-  RunWords Words;
+  std::int32_t progress_threshold;
+  bool reports_skipped;  ///< the report lists features without a shape
+  bool flushes_each_feature;
+  RunWords words;
   std::unique_ptr<ConversionStep> (*MakeStep)(const StepContext& context);
 };
 

@@ -30,9 +30,9 @@ class ConversionSink {
 
 /// What a step knows of the run before the first feature.
 struct StepContext {
-  esriGeometryType InputType = esriGeometryNull;
-  SpatialReferenceRef Reference;        ///< of the input
-  SpatialReferenceRef OutputReference;  ///< the same but for runs whose output is geographic
+  esriGeometryType input_type = esriGeometryNull;
+  SpatialReferenceRef reference;         ///< of the input
+  SpatialReferenceRef output_reference;  ///< the same but for runs whose output is geographic
 };
 
 class ConversionStep {

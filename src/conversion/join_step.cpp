@@ -63,13 +63,13 @@ class JoinNothing final : public ConversionStep {
 }  // namespace
 
 std::unique_ptr<ConversionStep> MakeJoinStep(const StepContext& context) {
-  switch (context.InputType) {
+  switch (context.input_type) {
     case esriGeometryPoint:
-      return std::make_unique<JoinPoints>(context.Reference);
+      return std::make_unique<JoinPoints>(context.reference);
     case esriGeometryPolyline:
-      return std::make_unique<JoinShapes>(std::make_shared<Polyline>(), context.Reference);
+      return std::make_unique<JoinShapes>(std::make_shared<Polyline>(), context.reference);
     case esriGeometryPolygon:
-      return std::make_unique<JoinShapes>(std::make_shared<Polygon>(), context.Reference);
+      return std::make_unique<JoinShapes>(std::make_shared<Polygon>(), context.reference);
     default:
       return std::make_unique<JoinNothing>();
   }

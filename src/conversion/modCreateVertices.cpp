@@ -113,7 +113,7 @@ class FeatureLoop {
   }
 
  private:
-  [[nodiscard]] bool Joins() const { return run_.Kind == RunKind::Joining; }
+  [[nodiscard]] bool Joins() const { return run_.kind == RunKind::Joining; }
 
   bool WorkOneByOne() {
     while (const std::shared_ptr<IFeature> feature = input_.cursor->NextFeature()) {
@@ -132,7 +132,7 @@ class FeatureLoop {
         if (!Joins()) writer_.BeginFeature(*feature);
         step_->Convert(shape, writer_);
       });
-      if (converted && run_.FlushesEachFeature) writer_.Flush();
+      if (converted && run_.flushes_each_feature) writer_.Flush();
     }
     return true;
   }
@@ -195,9 +195,9 @@ class FeatureLoop {
 
 RunProgressWords ProgressWords(const ConversionRun& run, const std::string& layer_name) {
   RunProgressWords words;
-  words.StatusText = std::string(run.Words.StatusLeadIn) + layer_name;
-  words.ActionText = run.Words.ActionText;
-  words.RepeatedAction = run.Words.RepeatedAction;
+  words.status_text = std::string(run.words.status_lead_in) + layer_name;
+  words.action_text = run.words.action_text;
+  words.repeated_action = run.words.repeated_action;
   return words;
 }
 
@@ -211,7 +211,7 @@ std::string RunConversion(RunContext& context, const ConversionRun& run, const s
   RunScope scope(context);
   RunJournal& journal = scope.Journal();
   std::shared_ptr<IFeatureClass> output;
-  const auto tell_faults = [&] { ReportRecordFaults(journal, run.Worker, facts.layer_name); };
+  const auto tell_faults = [&] { ReportRecordFaults(journal, run.worker, facts.layer_name); };
   const auto run_body = [&]() -> std::string {
     const auto document = Cast<IMxDocument>(application->Document());
     const RunInput input = OpenInput(layer, all_records, context.jobs > 1 ? Rows::Stay : Rows::Recycled);
@@ -219,7 +219,7 @@ std::string RunConversion(RunContext& context, const ConversionRun& run, const s
     facts.all_records = all_records;
     facts.record_count = input.count;
     RunProgress progress(context, ProgressWords(run, facts.layer_name), application, extension, input.count,
-                         show_progress && run.Kind != RunKind::Joining);
+                         show_progress && run.kind != RunKind::Joining);
 
     const SpatialReferenceRef reference = input.features->SpatialReference();
     if (!CanFrame(run, reference)) {
@@ -237,10 +237,10 @@ std::string RunConversion(RunContext& context, const ConversionRun& run, const s
     }
     const ShapeRule rule = RuleFor(run, input_type);
     const OutputTarget target = SplitOutputPath(path, *extension);
-    FieldTransfer transfer = FieldTransfer::BesideInput(*input.features, rule.MeasureFields, *fields, target.kind);
+    FieldTransfer transfer = FieldTransfer::BesideInput(*input.features, rule.measure_fields, *fields, target.kind);
     if (all_records) NoteLeftOut(*input.features, journal);
-    OutputRequest request = RequestFor(target, run.Words.NamePrompt);
-    request.geometry_type = rule.Output;
+    OutputRequest request = RequestFor(target, run.words.name_prompt);
+    request.geometry_type = rule.output;
     request.reference = frame.reference;
     request.envelope = &frame.extent;
     request.fields = transfer.OutputFields();
@@ -285,7 +285,7 @@ std::string RunConversion(RunContext& context, const ConversionRun& run, const s
     tell_faults();
     return FailureReport(run, facts, journal, fault);
   };
-  return TrapWith(run.Worker, run_body, on_fault);
+  return TrapWith(run.worker, run_body, on_fault);
 }
 
 }  // namespace tessarine::modCreateVertices

@@ -22,7 +22,7 @@ Envelope Projected(const Envelope& box, const SpatialReferenceRef& from, const S
 }  // namespace
 
 bool CanFrame(const modCreateVertices::ConversionRun& run, const SpatialReferenceRef& input) {
-  if (run.Kind != modCreateVertices::RunKind::Geographic) return true;
+  if (run.kind != modCreateVertices::RunKind::Geographic) return true;
   return Is<const ProjectedCoordinateSystem>(input) || Is<const GeographicCoordinateSystem>(input);
 }
 

@@ -33,15 +33,15 @@ std::string PlanConversion(RunContext& context, const ConversionRun& run, const 
     context.journal.reference = frame.reference;
     const OutputTarget target = SplitOutputPath(path, *extension);
     const ShapeRule rule = RuleFor(run, input->ShapeType());
-    const FieldTransfer transfer = FieldTransfer::BesideInput(*input, rule.MeasureFields, *fields, target.kind);
-    return std::string(ReportHeader()) + std::string(run.Words.ReportTitle) +
+    const FieldTransfer transfer = FieldTransfer::BesideInput(*input, rule.measure_fields, *fields, target.kind);
+    return std::string(ReportHeader()) + std::string(run.words.report_title) +
            ", planned only: nothing was written\\par\r\n\\pard Input:\\b0\\par\r\n"
            "  ** Input Feature Layer: " +
            EscapeRtf(layer->Name()) + "\\par\r\n  ** " +
-           std::string(all_records ? run.Words.AllLabel : run.Words.SelectedLabel) +
+           std::string(all_records ? run.words.all_label : run.words.selected_label) +
            std::to_string(extension->AnalysisRecordCount) +
            ")\\par\r\n  ** Spatial Reference:  " + EscapeRtf(input->SpatialReference()->Name()) + "\\par\r\n" +
-           PlannedOutput(context, target, rule.Output, transfer, frame.extent, {input},
+           PlannedOutput(context, target, rule.output, transfer, frame.extent, {input},
                          ForetoldLosses(*input, layer->Name(), transfer.Carried())) +
            RefusalLine(WhyNever(run, input->ShapeType())) + "}";
   });

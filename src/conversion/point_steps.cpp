@@ -68,7 +68,7 @@ class CentroidStep final : public ConversionStep {
 std::unique_ptr<ConversionStep> MakeLabelPointStep(const StepContext&) { return std::make_unique<LabelPointStep>(); }
 
 std::unique_ptr<ConversionStep> MakeCentroidStep(const StepContext& context) {
-  return std::make_unique<CentroidStep>(context.InputType);
+  return std::make_unique<CentroidStep>(context.input_type);
 }
 
 }  // namespace tessarine

@@ -36,7 +36,7 @@ constexpr std::string_view kProblemLine = "zzzProbReport\r\n";
 std::string SkippedBlock(const modCreateVertices::ConversionRun& run, const RunJournal& journal) {
   std::string list;
   for (const std::int64_t oid : journal.skipped_oids) list += "  ** OID Value = " + std::to_string(oid) + "\\par\r\n";
-  return list.empty() ? "" : ProblemBlock(run.Words.SkippedHeading, list);
+  return list.empty() ? "" : ProblemBlock(run.words.skipped_heading, list);
 }
 
 std::string Problems(const RunFacts& facts, const RunJournal& journal) {
@@ -44,7 +44,7 @@ std::string Problems(const RunFacts& facts, const RunJournal& journal) {
 }
 
 std::string RecordLine(const modCreateVertices::ConversionRun& run, const RunFacts& facts) {
-  return std::string(facts.all_records ? run.Words.AllLabel : run.Words.SelectedLabel) +
+  return std::string(facts.all_records ? run.words.all_label : run.words.selected_label) +
          std::to_string(facts.record_count) + ")";
 }
 
@@ -62,18 +62,18 @@ std::string PathForReport(const std::string& path) { return EscapeRtf(ToNativePa
 
 std::string SuccessReport(const modCreateVertices::ConversionRun& run, const RunFacts& facts,
                           const RunJournal& journal) {
-  std::string report = std::string(kReportHead) + std::string(run.Words.ReportTitle) + " " +
+  std::string report = std::string(kReportHead) + std::string(run.words.report_title) + " " +
                        std::string(OutcomeTitle(journal)) + std::string(kSuccessBody);
   const std::string problems = Problems(facts, journal);
-  if (!run.ReportsSkipped && problems.empty()) report = Replace(report, kProblemLine, "");
-  report = Replace(report, "zzzProbReport", (run.ReportsSkipped ? SkippedBlock(run, journal) : "") + problems);
+  if (!run.reports_skipped && problems.empty()) report = Replace(report, kProblemLine, "");
+  report = Replace(report, "zzzProbReport", (run.reports_skipped ? SkippedBlock(run, journal) : "") + problems);
   report = Replace(report, "zzzFieldReport", facts.field_report);
   report = Replace(report, "zzzFClass", EscapeRtf(facts.layer_name));
   report = Replace(report, "zzzSpRef", "Spatial Reference:  " + EscapeRtf(facts.reference_name));
   report = Replace(report, "zzzDoAll", RecordLine(run, facts));
   report = Replace(report, "zzzFilename", PathForReport(facts.output_path));
   report = Replace(report, "zzzNumRecs",
-                   "Contains " + std::to_string(facts.output_count) + std::string(run.Words.CountNoun));
+                   "Contains " + std::to_string(facts.output_count) + std::string(run.words.count_noun));
   return Replace(report, "TimeSpentString", facts.time_spent);
 }
 
@@ -86,9 +86,9 @@ std::string StoppedReport(const modCreateVertices::ConversionRun& run, const Run
 
 std::string FailureReport(const modCreateVertices::ConversionRun& run, const RunFacts& facts, const RunJournal& journal,
                           const Fault& fault) {
-  return std::string(kReportHead) + "!!!  " + std::string(run.Words.ReportTitle) + " Failed  !!!\\par\r\n" +
+  return std::string(kReportHead) + "!!!  " + std::string(run.words.report_title) + " Failed  !!!\\par\r\n" +
          "\\pard ---------------------------------------------\\b0\\par\r\n" + "Module = " + std::string(kModule) +
-         "\\par\r\n" + "Function = " + std::string(run.Worker) + "\\par\r\n" + LineNumberLine(fault, kModuleFile) +
+         "\\par\r\n" + "Function = " + std::string(run.worker) + "\\par\r\n" + LineNumberLine(fault, kModuleFile) +
          "Error " + std::to_string(fault.Number()) + ":  " + EscapeRtf(fault.Description()) + "\\par\r\n" +
          "----------------------------------------------------------\\par\r\n" + "Analyzing Record #" +
          std::to_string(facts.records_done) + "\\par\r\n" +
@@ -99,7 +99,7 @@ std::string FailureReport(const modCreateVertices::ConversionRun& run, const Run
 }
 
 std::string UnknownReferenceReport(const modCreateVertices::ConversionRun& run) {
-  return std::string(kReportHead) + "!!!  " + std::string(run.Words.ReportTitle) + " Failed  !!!\\par\r\n" +
+  return std::string(kReportHead) + "!!!  " + std::string(run.words.report_title) + " Failed  !!!\\par\r\n" +
          "Selected Feature Class has unknown coordinate system...\\par\r\n"
          "\\par\r\n"
          "This function must know the projection of the data in order to calculate the geographic centroid!  Bailing "

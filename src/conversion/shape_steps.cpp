@@ -76,11 +76,11 @@ class PolylineStep final : public ConversionStep {
 }  // namespace
 
 std::unique_ptr<ConversionStep> MakePolygonStep(const StepContext& context) {
-  return std::make_unique<PolygonStep>(context.Reference);
+  return std::make_unique<PolygonStep>(context.reference);
 }
 
 std::unique_ptr<ConversionStep> MakePolylineStep(const StepContext& context) {
-  return std::make_unique<PolylineStep>(context.Reference);
+  return std::make_unique<PolylineStep>(context.reference);
 }
 
 }  // namespace tessarine

@@ -39,7 +39,7 @@ bool HasLength(const Polyline& line) {
 class SphericalCentroidStep final : public ConversionStep {
  public:
   explicit SphericalCentroidStep(const StepContext& context)
-      : input_(context.InputType), reference_(context.Reference), geographic_(context.OutputReference) {
+      : input_(context.input_type), reference_(context.reference), geographic_(context.output_reference) {
     const auto system = Cast<const GeographicCoordinateSystem>(geographic_);
     const auto& spheroid = Require(system, "IGeographicCoordinateSystem")->Datum()->Spheroid();
     semi_major_ = Require(spheroid, "ISpheroid")->SemiMajorAxis();

@@ -10,7 +10,7 @@ constexpr std::string_view kHoleOutside = "A hole that lies in no exterior ring 
 
 class SplitStep final : public ConversionStep {
  public:
-  explicit SplitStep(const StepContext& context) : input_(context.InputType), reference_(context.Reference) {}
+  explicit SplitStep(const StepContext& context) : input_(context.input_type), reference_(context.reference) {}
 
   [[nodiscard]] bool IsPure() const override { return true; }
   void Convert(const GeometryRef& shape, ConversionSink& sink) override {

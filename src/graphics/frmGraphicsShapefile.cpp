@@ -47,7 +47,7 @@ void frmGraphicsShapefile::Form_Load() {
       OfferNoConversion(kLayoutLine);
     } else {
       FillGraphicsArrays();
-      if (harvest_ && harvest_->All.Count() > 0) {
+      if (harvest_ && harvest_->all.Count() > 0) {
         OfferConversions();
       } else {
         OfferNoConversion(kNoGraphicsLine);
@@ -70,7 +70,7 @@ void frmGraphicsShapefile::FillGraphicsArrays() {
 void frmGraphicsShapefile::OfferConversions() {
   chkSelected.SetEnabled(true);
   optConvert.SetEnabled(true);
-  const bool any_selected = harvest_->Selected.Count() > 0;
+  const bool any_selected = harvest_->selected.Count() > 0;
   chkSelected.SetValue(any_selected ? CheckBox::kChecked : CheckBox::kUnchecked);
   (any_selected ? optConvert : optNew).SetValue(true);
   FillGraphicsListBox();
@@ -123,19 +123,19 @@ void frmGraphicsShapefile::ShowOutput(const OutputChoice& choice) {
 
 OutputChoice frmGraphicsShapefile::TypedPlace() const {
   OutputChoice place = output_;
-  const Format* format = FormatOfKind(place.Kind);
+  const Format* format = FormatOfKind(place.kind);
   if (format != nullptr && !format->HasOwnWorkspace()) {
     if (txtOutput.Text() == place.FullPath()) return place;
     // What the box names is the kind, until it names another.
-    place.Kind = kShapefile;
+    place.kind = kShapefile;
   }
   if (FollowNamedFormat(txtOutput.Text(), place)) return place;
-  place.Directory = WithoutTrailingSlash(aml_func_mod::ReturnDir(txtOutput.Text()));
-  place.Name = aml_func_mod::ReturnFilename(txtOutput.Text());
+  place.directory = WithoutTrailingSlash(aml_func_mod::ReturnDir(txtOutput.Text()));
+  place.name = aml_func_mod::ReturnFilename(txtOutput.Text());
   // A feature dataset is a part of the path that no workspace knows.
-  if (place.IsFeatureDataset &&
-      EqualsIgnoringCase(aml_func_mod::ReturnFilename(place.Directory), place.FeatureDatasetName)) {
-    place.Directory = WithoutTrailingSlash(aml_func_mod::ReturnDir(place.Directory));
+  if (place.is_feature_dataset &&
+      EqualsIgnoringCase(aml_func_mod::ReturnFilename(place.directory), place.feature_dataset_name)) {
+    place.directory = WithoutTrailingSlash(aml_func_mod::ReturnDir(place.directory));
   }
   return place;
 }
@@ -183,7 +183,7 @@ void frmGraphicsShapefile::cmdGetWorkspace_Click() {
   Trap("cmdGetWorkspace_Click", [this] {
     OutputChoice choice = output_;
     if (!BrowseForOutput(txtOutput.Text(), choice, kAnyGeodatabasePlace)) return;
-    if (choice.Kind == kShapefile && !EndsWithIgnoringCase(choice.Name, ".shp")) choice.Name += ".shp";
+    if (choice.kind == kShapefile && !EndsWithIgnoringCase(choice.name, ".shp")) choice.name += ".shp";
     ShowOutput(choice);
   });
 }

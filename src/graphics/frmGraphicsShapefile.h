@@ -83,7 +83,7 @@ class frmGraphicsShapefile final : public Form {
 
   [[nodiscard]] esriGeometryType ChosenGeometry() const;
   [[nodiscard]] bool SelectedOnly() const { return chkSelected.Value() == CheckBox::kChecked; }
-  [[nodiscard]] const GraphicSet& ChosenSet() const { return SelectedOnly() ? harvest_->Selected : harvest_->All; }
+  [[nodiscard]] const GraphicSet& ChosenSet() const { return SelectedOnly() ? harvest_->selected : harvest_->all; }
   [[nodiscard]] MyGeneralOperations::OutputChoice TypedPlace() const;
 
   Outcome MakeOutput(RunContext& context, Made& made);

@@ -84,7 +84,7 @@ frmGraphicsShapefile::Outcome frmGraphicsShapefile::ConvertGraphics(RunContext& 
   context.journal.read = count;
   if (!MakeClass(context, conversion.geometry_type, conversion.measure, names, made)) return Outcome::NothingMade;
   report.fields = FieldLines(conversion.measure, names, selected, output_reference_, map_reference);
-  made.symbol = (set.*conversion.symbol_list).FirstSymbol;
+  made.symbol = (set.*conversion.symbol_list).first_symbol;
   if (!made.feature_class) return Outcome::Done;
   NameCounts written;
   FillGraphicsClass(context.journal, made.feature_class, conversion, set, output_reference_, map_reference, written);

@@ -20,10 +20,10 @@ std::shared_ptr<ISymbol> SymbolOf(const std::shared_ptr<IElement>& element) {
 template <class Kind>
 void AddTo(GraphicList& list, const GeometryRef& shape, const std::shared_ptr<IElement>& element) {
   const std::string name = NameOf(element);
-  list.Shapes->Add(shape);
-  list.Names->Add(name);
-  if (!name.empty()) list.AnyName = true;
-  if (list.Count() == 1) list.FirstSymbol = SymbolOf<Kind>(element);
+  list.shapes->Add(shape);
+  list.names->Add(name);
+  if (!name.empty()) list.any_name = true;
+  if (list.Count() == 1) list.first_symbol = SymbolOf<Kind>(element);
 }
 
 void AddElement(GraphicSet& set, const std::shared_ptr<IElement>& element) {
@@ -33,13 +33,13 @@ void AddElement(GraphicSet& set, const std::shared_ptr<IElement>& element) {
   const GeometryRef shape = CloneOf(*own);
   switch (shape->GeometryType()) {
     case esriGeometryPoint:
-      if (!Is<ITextElement>(element)) AddTo<IMarkerElement>(set.Points, shape, element);
+      if (!Is<ITextElement>(element)) AddTo<IMarkerElement>(set.points, shape, element);
       return;
     case esriGeometryPolyline:
-      AddTo<ILineElement>(set.Polylines, shape, element);
+      AddTo<ILineElement>(set.polylines, shape, element);
       return;
     case esriGeometryPolygon:
-      AddTo<IFillShapeElement>(set.Polygons, shape, element);
+      AddTo<IFillShapeElement>(set.polygons, shape, element);
       return;
     default:
       return;
@@ -53,15 +53,15 @@ std::string Counted(std::int32_t count, const char* word) {
 }  // namespace
 
 std::shared_ptr<StrArray> GraphicSet::ConversionLines() const {
-  const std::string points = Counted(Points.Count(), "Point");
-  const std::string polylines = Counted(Polylines.Count(), "Polyline");
-  const std::string polygons = Counted(Polygons.Count(), "Polygon");
+  const std::string of_points = Counted(points.Count(), "Point");
+  const std::string of_polylines = Counted(polylines.Count(), "Polyline");
+  const std::string of_polygons = Counted(polygons.Count(), "Polygon");
   auto lines = std::make_shared<StrArray>();
-  lines->Add("1) Point Shapefile: " + points);
-  lines->Add("2) Polyline Shapefile: " + polylines);
-  lines->Add("3) Polyline Shapefile: " + polylines + " + " + polygons);
-  lines->Add("4) Polygon Shapefile: " + polygons);
-  lines->Add("5) Polygon Shapefile: " + polylines + " + " + polygons);
+  lines->Add("1) Point Shapefile: " + of_points);
+  lines->Add("2) Polyline Shapefile: " + of_polylines);
+  lines->Add("3) Polyline Shapefile: " + of_polylines + " + " + of_polygons);
+  lines->Add("4) Polygon Shapefile: " + of_polygons);
+  lines->Add("5) Polygon Shapefile: " + of_polylines + " + " + of_polygons);
   return lines;
 }
 
@@ -70,11 +70,11 @@ GraphicHarvest HarvestGraphics(const IMxDocument& document) {
   const auto selection = Cast<IGraphicsContainerSelect>(Require(container, "IGraphicsContainer"));
   GraphicHarvest harvest;
   container->Reset();
-  while (const std::shared_ptr<IElement> element = container->Next()) AddElement(harvest.All, element);
+  while (const std::shared_ptr<IElement> element = container->Next()) AddElement(harvest.all, element);
   if (Require(selection, "IGraphicsContainerSelect")->ElementSelectionCount() > 0) {
     const std::shared_ptr<IEnumElement> selected = selection->SelectedElements();
     selected->Reset();
-    while (const std::shared_ptr<IElement> element = selected->Next()) AddElement(harvest.Selected, element);
+    while (const std::shared_ptr<IElement> element = selected->Next()) AddElement(harvest.selected, element);
   }
   return harvest;
 }

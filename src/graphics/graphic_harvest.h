@@ -12,25 +12,25 @@ namespace tessarine {
 
 /// The elements of one shape: copies of their shapes, their names in the same order, and how the first one is drawn.
 struct GraphicList {
-  std::shared_ptr<VarArray> Shapes = std::make_shared<VarArray>();
-  std::shared_ptr<StrArray> Names = std::make_shared<StrArray>();
-  bool AnyName = false;
-  std::shared_ptr<ISymbol> FirstSymbol;  ///< nothing when the first element has none
+  std::shared_ptr<VarArray> shapes = std::make_shared<VarArray>();
+  std::shared_ptr<StrArray> names = std::make_shared<StrArray>();
+  bool any_name = false;
+  std::shared_ptr<ISymbol> first_symbol;  ///< nothing when the first element has none
 
-  [[nodiscard]] std::int32_t Count() const { return Shapes->Count(); }
+  [[nodiscard]] std::int32_t Count() const { return shapes->Count(); }
 };
 
 /// What can be converted, of all elements or of the selected ones.
 struct GraphicSet {
-  GraphicList Points, Polylines, Polygons;
+  GraphicList points, polylines, polygons;
 
-  [[nodiscard]] std::int32_t Count() const { return Points.Count() + Polylines.Count() + Polygons.Count(); }
+  [[nodiscard]] std::int32_t Count() const { return points.Count() + polylines.Count() + polygons.Count(); }
   /// A line for each of the five conversions, with the counts of what it takes.
   [[nodiscard]] std::shared_ptr<StrArray> ConversionLines() const;
 };
 
 struct GraphicHarvest {
-  GraphicSet All, Selected;
+  GraphicSet all, selected;
 };
 
 /// Reads the elements of the active view. Frames, the points of texts, groups and elements without a shape are left

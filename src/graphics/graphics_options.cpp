@@ -12,26 +12,26 @@ constexpr EmptyClass kEmptyClasses[] = {
     {"Create Empty Polygon Feature Class", esriGeometryPolygon, GraphicMeasure::Area},
 };
 
-constexpr GraphicSource kPoints{&GraphicSet::Points, " point graphics\\par"};
-constexpr GraphicSource kPolylines{&GraphicSet::Polylines, " polyline graphics\\par"};
-constexpr GraphicSource kPolygons{&GraphicSet::Polygons, " polygon graphics\\par"};
+constexpr GraphicSource kPoints{&GraphicSet::points, " point graphics\\par"};
+constexpr GraphicSource kPolylines{&GraphicSet::polylines, " polyline graphics\\par"};
+constexpr GraphicSource kPolygons{&GraphicSet::polygons, " polygon graphics\\par"};
 constexpr GraphicSource kNone{nullptr, ""};
 
 constexpr GraphicConversion kConversions[] = {
     {"Convert all graphic points to Point Feature Class", "Convert selected graphic points to Point Feature Class",
-     esriGeometryPoint, GraphicMeasure::Coordinates, kPoints, kNone, "Point", "points", &GraphicSet::Points},
+     esriGeometryPoint, GraphicMeasure::Coordinates, kPoints, kNone, "Point", "points", &GraphicSet::points},
     {"Convert all graphic polylines to Polyline Feature Class",
      "Convert selected graphic polylines to Polyline Feature Class", esriGeometryPolyline, GraphicMeasure::Length,
-     kPolylines, kNone, "Polyline", "polylines", &GraphicSet::Polylines},
+     kPolylines, kNone, "Polyline", "polylines", &GraphicSet::polylines},
     {"Convert all graphic polylines and polygons to Polyline Feature Class",
      "Convert selected graphic polylines and polygons to Polyline Feature Class", esriGeometryPolyline,
-     GraphicMeasure::Length, kPolylines, kPolygons, "Polyline", "polylines or polygons", &GraphicSet::Polylines},
+     GraphicMeasure::Length, kPolylines, kPolygons, "Polyline", "polylines or polygons", &GraphicSet::polylines},
     {"Convert all graphic polygons to Polygon Feature Class",
      "Convert selected graphic polygons to Polygon Feature Class", esriGeometryPolygon, GraphicMeasure::Area, kPolygons,
-     kNone, "Polygon", "polygons", &GraphicSet::Polygons},
+     kNone, "Polygon", "polygons", &GraphicSet::polygons},
     {"Convert all graphic polylines and polygons to Polygon Feature Class",
      "Convert selected graphic polylines and polygons to Polygon Feature Class", esriGeometryPolygon,
-     GraphicMeasure::Area, kPolylines, kPolygons, "Polygon", "polygons", &GraphicSet::Polygons},
+     GraphicMeasure::Area, kPolylines, kPolygons, "Polygon", "polygons", &GraphicSet::polygons},
 };
 
 }  // namespace
@@ -41,7 +41,7 @@ std::int32_t GraphicConversion::CountIn(const GraphicSet& set) const {
 }
 
 bool GraphicConversion::AnyNameIn(const GraphicSet& set) const {
-  return (set.*first.list).AnyName || (second.list != nullptr && (set.*second.list).AnyName);
+  return (set.*first.list).any_name || (second.list != nullptr && (set.*second.list).any_name);
 }
 
 std::string GraphicConversion::MissingTitle() const {

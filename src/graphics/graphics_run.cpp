@@ -81,8 +81,8 @@ class GraphicWriter {
   void WriteAll(const GraphicList& list, bool with_names) {
     for (std::int32_t index = 0; index < list.Count(); ++index) {
       static_cast<void>(WorkOnRecord(journal_, ++element_, [&] {
-        WriteElement(list.Shapes->Element(index).AsObject<IGeometry>(),
-                     with_names ? &list.Names->Element(index) : nullptr);
+        WriteElement(list.shapes->Element(index).AsObject<IGeometry>(),
+                     with_names ? &list.names->Element(index) : nullptr);
         ++journal_.written;
       }));
     }
@@ -175,13 +175,13 @@ MyGeneralOperations::OutputRequest GraphicsRequest(esriGeometryType geometry_typ
   MyGeneralOperations::OutputRequest request;
   request.geometry_type = geometry_type;
   request.reference = reference;
-  request.directory = place.Directory;
-  request.name = place.Name;
-  request.kind = place.Kind;
+  request.directory = place.directory;
+  request.name = place.name;
+  request.kind = place.kind;
   request.fields = FieldsOf(measure, names);
   request.dialog_title = kClassTitle;
-  request.is_feature_dataset = place.IsFeatureDataset;
-  request.feature_dataset = place.FeatureDatasetName;
+  request.is_feature_dataset = place.is_feature_dataset;
+  request.feature_dataset = place.feature_dataset_name;
   request.add_unique_id = true;
   request.projects = true;
   return request;

@@ -209,21 +209,21 @@ std::optional<double> NumberIn(const std::string& text) {
 
 void FollowTypedOutput(const std::string& text, OutputChoice& choice) {
   const std::string folder = WithoutTrailingSlash(aml_func_mod::ReturnDir(text));
-  choice.Name = aml_func_mod::ReturnFilename(text);
-  if (choice.IsFeatureDataset && EqualsIgnoringCase(folder, choice.Directory + "\\" + choice.FeatureDatasetName))
+  choice.name = aml_func_mod::ReturnFilename(text);
+  if (choice.is_feature_dataset && EqualsIgnoringCase(folder, choice.directory + "\\" + choice.feature_dataset_name))
     return;
   if (FollowNamedFormat(text, choice)) return;
-  choice.Directory = folder;
-  choice.IsFeatureDataset = false;
-  choice.FeatureDatasetName.clear();
+  choice.directory = folder;
+  choice.is_feature_dataset = false;
+  choice.feature_dataset_name.clear();
   if (EndsWithIgnoringCase(folder, ".gdb")) {
-    choice.Kind = kFileGeodatabase;
+    choice.kind = kFileGeodatabase;
   } else if (EndsWithIgnoringCase(folder, ".mdb")) {
-    choice.Kind = kPersonalGeodatabase;
+    choice.kind = kPersonalGeodatabase;
   } else {
-    choice.Kind = kShapefile;
+    choice.kind = kShapefile;
     // A path without a name is asked for when the output is made.
-    if (!choice.Name.empty()) choice.Name = aml_func_mod::SetExtension(choice.Name, "shp");
+    if (!choice.name.empty()) choice.name = aml_func_mod::SetExtension(choice.name, "shp");
   }
 }
 

@@ -36,13 +36,13 @@ OutputRequest RequestFor(const OutputDescription& description, const std::shared
   OutputRequest request;
   request.geometry_type = description.ShapeType();
   request.reference = description.Reference();
-  request.directory = place.Directory;
-  request.name = place.Name;
-  request.kind = place.Kind;
+  request.directory = place.directory;
+  request.name = place.name;
+  request.kind = place.kind;
   request.fields = description.Fields();
   request.dialog_title = description.DialogTitle();
-  request.is_feature_dataset = place.IsFeatureDataset;
-  request.feature_dataset = place.FeatureDatasetName;
+  request.is_feature_dataset = place.is_feature_dataset;
+  request.feature_dataset = place.feature_dataset_name;
   request.sources = {input};
   return request;
 }
@@ -50,19 +50,19 @@ OutputRequest RequestFor(const OutputDescription& description, const std::shared
 // The place that the class got in the end: the user may have named another one.
 OutputChoice PlaceOf(const IFeatureClass& output, const OutputRequest& request) {
   OutputChoice place;
-  place.Directory = WithoutTrailingSlash(request.directory);
-  place.Name = request.name;
-  place.IsFeatureDataset = request.is_feature_dataset;
-  place.FeatureDatasetName = request.feature_dataset;
+  place.directory = WithoutTrailingSlash(request.directory);
+  place.name = request.name;
+  place.is_feature_dataset = request.is_feature_dataset;
+  place.feature_dataset_name = request.feature_dataset;
   if (output.Category().starts_with("Shapefile")) {
-    place.IsFeatureDataset = false;
-    if (!EndsWithIgnoringCase(place.Name, ".shp")) place.Name += ".shp";
+    place.is_feature_dataset = false;
+    if (!EndsWithIgnoringCase(place.name, ".shp")) place.name += ".shp";
   }
   return place;
 }
 
 std::string ShownName(const OutputChoice& place) {
-  return place.IsFeatureDataset ? place.FeatureDatasetName + ":" + place.Name : place.Name;
+  return place.is_feature_dataset ? place.feature_dataset_name + ":" + place.name : place.name;
 }
 
 // All carried fields, in the order that the output was created with.
@@ -243,7 +243,7 @@ std::string RunBody(RunContext& context, const FeatureRewrite& run, const std::s
                        extension, announced, show_progress ? std::make_shared<frmOrlProgressMeter>() : nullptr);
   const std::vector<CarriedField> carried = CarriedUnder(*input->Fields(), *run.output.FieldNames());
   AnnounceLosses(context, *input, run.layer->Name(), carried);
-  AnnounceChanges(context, carried, run.output.Place().Kind);
+  AnnounceChanges(context, carried, run.output.Place().kind);
   NoteLeftOut(*input, journal);
   OutputRequest request = RequestFor(run.output, input);
   const Envelope extent = input->Extent();
@@ -271,7 +271,7 @@ std::string RunBody(RunContext& context, const FeatureRewrite& run, const std::s
   facts.problems = OtherWarningLines(journal, run.layer->Name()) + facts.problems +
                    FaultLines(journal, run.layer->Name()) + ChangeLines(journal) + ChangedNameLines(journal);
   return RewriteReport(TitleOf(run, journal), run.sections,
-                       {ShownName(place), place.Directory, static_cast<std::int32_t>(journal.written)}, facts);
+                       {ShownName(place), place.directory, static_cast<std::int32_t>(journal.written)}, facts);
 }
 
 }  // namespace
@@ -313,11 +313,11 @@ std::string PlanRewrite(RunContext& context, const FeatureRewrite& run) {
   request.envelope = &extent;
   const OutputPlan plan = PlanOutput(context, request);
   OutputChoice place = run.output.Place();
-  place.Name = request.name;
+  place.name = request.name;
   std::vector<ReportSection> sections = run.sections;
   sections.push_back({"Output:",
-                      {"  ** Feature Class:  " + ShownName(place), "  ** Workspace:  " + ToNativePath(place.Directory),
-                       "  ** " + DirectoryTypeText(place.Kind)}});
+                      {"  ** Feature Class:  " + ShownName(place), "  ** Workspace:  " + ToNativePath(place.directory),
+                       "  ** " + DirectoryTypeText(place.kind)}});
   ReportSection fields{"Fields:", {}};
   std::size_t index = 0;
   for (const Variant& element : *run.output.FieldNames()) {
@@ -333,7 +333,7 @@ std::string PlanRewrite(RunContext& context, const FeatureRewrite& run) {
   const FieldsRef input = run.layer->FeatureClass()->Fields();
   const std::vector<CarriedField> carried = CarriedUnder(*input, *run.output.FieldNames());
   std::vector<std::string> sentences = ForetoldLosses(*run.layer->FeatureClass(), run.layer->Name(), carried);
-  const std::vector<std::string> changes = ForetoldChanges(carried, place.Kind);
+  const std::vector<std::string> changes = ForetoldChanges(carried, place.kind);
   sentences.insert(sentences.end(), changes.begin(), changes.end());
   sentences.insert(sentences.end(), plan.foretold.begin(), plan.foretold.end());
   for (const std::string& sentence : sentences) foretold.lines.push_back("  ** " + sentence);

@@ -78,10 +78,10 @@ void frmGeoCentric::SetArcApplication(const std::shared_ptr<VarArray>& input) {
                                                                         : optNoWrap;
     option.SetValue(true);
     OutputChoice place;
-    place.Directory = given.Directory();
-    place.Kind = static_cast<OutputKind>(given.OutputKind());
-    place.IsFeatureDataset = extension->IsFeatureDataset;
-    place.FeatureDatasetName = extension->FeatDatasetName;
+    place.directory = given.Directory();
+    place.kind = static_cast<OutputKind>(given.OutputKind());
+    place.is_feature_dataset = extension->IsFeatureDataset;
+    place.feature_dataset_name = extension->FeatDatasetName;
     ShowOutput(ProposeName(place, "Output"));
   });
 }

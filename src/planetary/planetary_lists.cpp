@@ -29,18 +29,18 @@ void PutTexts(VarArray& list, std::int32_t position, const std::vector<std::stri
 std::shared_ptr<VarArray> OutputDescription::Make(const IFeatureLayer& layer,
                                                   const MyGeneralOperations::OutputChoice& place) {
   const std::shared_ptr<IFeatureClass> features = Require(layer.FeatureClass(), "FeatureClass");
-  const CarriedFields carried = CarryFields(*features->Fields(), place.Kind);
+  const CarriedFields carried = CarryFields(*features->Fields(), place.kind);
   auto list = std::make_shared<VarArray>();
   list->Add(static_cast<std::int32_t>(features->ShapeType()));
   // References are shared and never changed; a list can only hold them without their const.
   list->Add(std::const_pointer_cast<SpatialReference>(features->SpatialReference()));
-  list->Add(place.Directory);
-  list->Add(place.Name);
-  list->Add(static_cast<std::int32_t>(place.Kind));
+  list->Add(place.directory);
+  list->Add(place.name);
+  list->Add(static_cast<std::int32_t>(place.kind));
   list->Add(carried.fields);
   list->Add(kBrowseTitle);
-  list->Add(place.IsFeatureDataset);
-  list->Add(place.FeatureDatasetName);
+  list->Add(place.is_feature_dataset);
+  list->Add(place.feature_dataset_name);
   list->Add(false);
   list->Add(false);
   list->Add(Variant());
@@ -51,11 +51,11 @@ std::shared_ptr<VarArray> OutputDescription::Make(const IFeatureLayer& layer,
 
 MyGeneralOperations::OutputChoice OutputDescription::Place() const {
   MyGeneralOperations::OutputChoice place;
-  place.Directory = At(kDirectory).AsText();
-  place.Name = At(kName).AsText();
-  place.Kind = static_cast<MyGeneralOperations::OutputKind>(At(kOutputKind).AsLong());
-  place.IsFeatureDataset = At(kIsFeatureDataset).AsBoolean();
-  place.FeatureDatasetName = At(kFeatureDatasetName).AsText();
+  place.directory = At(kDirectory).AsText();
+  place.name = At(kName).AsText();
+  place.kind = static_cast<MyGeneralOperations::OutputKind>(At(kOutputKind).AsLong());
+  place.is_feature_dataset = At(kIsFeatureDataset).AsBoolean();
+  place.feature_dataset_name = At(kFeatureDatasetName).AsText();
   return place;
 }
 

@@ -13,9 +13,9 @@ namespace tessarine {
 enum class SpheroidList { Custom, Planets, Earth };
 
 struct NamedSpheroid {
-  std::string Name;
-  std::int32_t Code = 0;                            ///< 0 for a custom one
-  double SemiMajorAxis = 0.0, SemiMinorAxis = 0.0;  ///< metres
+  std::string name;
+  std::int32_t code = 0;                                ///< 0 for a custom one
+  double semi_major_axis = 0.0, semi_minor_axis = 0.0;  ///< metres
 };
 
 class ISpheroidCatalog : public virtual Object {

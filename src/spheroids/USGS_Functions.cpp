@@ -15,9 +15,9 @@ SpheroidNames Gather(const std::vector<SpheroidEntry>& entries) {
   SpheroidNames list{std::make_shared<KeyedCollection>(), std::make_shared<StrArray>()};
   for (const SpheroidEntry& entry : entries) {
     const auto clone = entry.spheroid ? CloneOf(*entry.spheroid) : nullptr;
-    list.Rows->Add(SpheroidRow::Make(entry.name, entry.semi_major_axis, entry.semi_minor_axis, entry.text, clone),
+    list.rows->Add(SpheroidRow::Make(entry.name, entry.semi_major_axis, entry.semi_minor_axis, entry.text, clone),
                    entry.name);
-    list.Names->Add(entry.name);
+    list.names->Add(entry.name);
   }
   return list;
 }

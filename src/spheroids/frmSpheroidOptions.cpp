@@ -131,18 +131,18 @@ void frmSpheroidOptions::SetArcApplication(const std::shared_ptr<VarArray>& inpu
     planets_ = lists.Planets();
     earth_ = lists.Earth();
     FillCustomList();
-    FillList(cbxESRIPlanets, *planets_.Names);
-    FillList(cbxESRIEarth, *earth_.Names);
+    FillList(cbxESRIPlanets, *planets_.names);
+    FillList(cbxESRIEarth, *earth_.names);
     listening_ = true;
     CheckOK();
   });
 }
 
 void frmSpheroidOptions::FillCustomList() {
-  const bool there = custom_.Rows != nullptr;
+  const bool there = custom_.rows != nullptr;
   cbxUSGS.SetEnabled(there);
   cbxUSGS.SetBackColor(there ? kWindowBackground : kButtonFace);
-  FillList(cbxUSGS, there ? *custom_.Names : StrArray{kMissingFile});
+  FillList(cbxUSGS, there ? *custom_.names : StrArray{kMissingFile});
 }
 
 void frmSpheroidOptions::FillList(ComboBox& combo, const StrArray& names) {

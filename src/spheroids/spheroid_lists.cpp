@@ -14,7 +14,7 @@ std::shared_ptr<VarArray> SpheroidRow::Make(const std::string& name, double semi
 std::shared_ptr<VarArray> SpheroidLists::Make(const SpheroidNames& custom, const SpheroidNames& planets,
                                               const SpheroidNames& earth) {
   return std::make_shared<VarArray>(
-      std::initializer_list<Variant>{custom.Rows, custom.Names, planets.Rows, planets.Names, earth.Rows, earth.Names});
+      std::initializer_list<Variant>{custom.rows, custom.names, planets.rows, planets.names, earth.rows, earth.names});
 }
 
 std::shared_ptr<VarArray> SpheroidDialogInput::Make(const std::shared_ptr<IApplication>& application,

@@ -43,12 +43,12 @@ class SpheroidRow {
 /// One of the three lists: its rows under their names, and the names in order. Both are nothing for the custom list
 /// without its file.
 struct SpheroidNames {
-  std::shared_ptr<KeyedCollection> Rows;
-  std::shared_ptr<StrArray> Names;
+  std::shared_ptr<KeyedCollection> rows;
+  std::shared_ptr<StrArray> names;
 
   /// Fault 5 for an unknown name, 91 for a list that is missing.
   [[nodiscard]] SpheroidRow Row(const std::string& name) const {
-    return SpheroidRow(Require(Require(Rows, "spheroid list")->Item(name).AsObject<VarArray>(), "spheroid row"));
+    return SpheroidRow(Require(Require(rows, "spheroid list")->Item(name).AsObject<VarArray>(), "spheroid row"));
   }
 };
 

@@ -66,17 +66,17 @@ std::string NameInGeodatabase(std::string name) {
 OutputChoice ChosenPlace(const IGxDialog& dialog, OutputKind kind) {
   OutputChoice chosen;
   const std::shared_ptr<IGxObject> location = dialog.FinalLocation();
-  chosen.Directory = location->FullName();
-  chosen.Name = dialog.Name();
-  chosen.Kind = kind;
+  chosen.directory = location->FullName();
+  chosen.name = dialog.Name();
+  chosen.kind = kind;
   if (const auto item = Cast<IGxDataset>(location)) {
     const std::shared_ptr<IDataset> dataset = item->Dataset();
-    chosen.Directory = dataset->Workspace()->PathName();
-    chosen.IsFeatureDataset = true;
-    chosen.FeatureDatasetName = dataset->Name();
+    chosen.directory = dataset->Workspace()->PathName();
+    chosen.is_feature_dataset = true;
+    chosen.feature_dataset_name = dataset->Name();
   }
   if (kind == kShapefile && FollowNamedFormat(chosen.FullPath(), chosen)) return chosen;
-  if (FormatOfKind(kind)->feature_datasets) chosen.Name = NameInGeodatabase(std::move(chosen.Name));
+  if (FormatOfKind(kind)->feature_datasets) chosen.name = NameInGeodatabase(std::move(chosen.name));
   return chosen;
 }
 
@@ -109,41 +109,41 @@ std::string WithoutTrailingSlash(std::string path) {
 }
 
 std::string OutputChoice::FullPath() const {
-  return Directory + "\\" + (IsFeatureDataset ? FeatureDatasetName + "\\" : "") + Name;
+  return directory + "\\" + (is_feature_dataset ? feature_dataset_name + "\\" : "") + name;
 }
 
 OutputChoice RememberedPlace(const clsExtension& extension, const std::shared_ptr<IApplication>& application) {
   OutputChoice place;
-  place.Directory = extension.DirectoryPath;
-  place.IsFeatureDataset = extension.IsFeatureDataset;
-  place.FeatureDatasetName = extension.FeatDatasetName;
-  place.Kind = extension.DirectoryType.empty() ? kShapefile : KindOfDirectoryType(extension.DirectoryType);
+  place.directory = extension.DirectoryPath;
+  place.is_feature_dataset = extension.IsFeatureDataset;
+  place.feature_dataset_name = extension.FeatDatasetName;
+  place.kind = extension.DirectoryType.empty() ? kShapefile : KindOfDirectoryType(extension.DirectoryType);
   const Format* temporary = TemporaryLayers();
-  const bool there = (temporary != nullptr && place.Kind == temporary->kind) || ExistFileDir(place.Directory);
-  if (!there || place.Kind == kUnknownOutput) {
-    place.Directory = ReturnDir(GetFullFileString(GetMxDocPath(application)));
-    place.Kind = kShapefile;
+  const bool there = (temporary != nullptr && place.kind == temporary->kind) || ExistFileDir(place.directory);
+  if (!there || place.kind == kUnknownOutput) {
+    place.directory = ReturnDir(GetFullFileString(GetMxDocPath(application)));
+    place.kind = kShapefile;
   }
-  place.Directory = WithoutTrailingSlash(place.Directory);
-  if (!FormatOfKind(place.Kind)->feature_datasets) {
-    place.IsFeatureDataset = false;
-    place.FeatureDatasetName.clear();
+  place.directory = WithoutTrailingSlash(place.directory);
+  if (!FormatOfKind(place.kind)->feature_datasets) {
+    place.is_feature_dataset = false;
+    place.feature_dataset_name.clear();
   }
   return place;
 }
 
 OutputChoice ProposeName(OutputChoice place, const std::string& base_name) {
-  if (place.Kind == kShapefile) {
-    const std::string path = MakeUniqueShapeFilename(place.Directory + "\\" + base_name + ".shp");
-    place.Directory = WithoutTrailingSlash(ReturnDir(path));
-    place.Name = ReturnFilename(path);
+  if (place.kind == kShapefile) {
+    const std::string path = MakeUniqueShapeFilename(place.directory + "\\" + base_name + ".shp");
+    place.directory = WithoutTrailingSlash(ReturnDir(path));
+    place.name = ReturnFilename(path);
     return place;
   }
-  if (const Format* format = FormatOfKind(place.Kind); format->IsFile()) {
-    place.Name = ReturnFilename(MakeUniqueFilename(place.Directory + "\\" + base_name + std::string(format->ending)));
+  if (const Format* format = FormatOfKind(place.kind); format->IsFile()) {
+    place.name = ReturnFilename(MakeUniqueFilename(place.directory + "\\" + base_name + std::string(format->ending)));
     return place;
   }
-  place.Name = MakeUniqueGDBFeatureClassName(OpenGeodatabase(place.Kind, place.Directory), base_name);
+  place.name = MakeUniqueGDBFeatureClassName(OpenGeodatabase(place.kind, place.directory), base_name);
   return place;
 }
 
@@ -158,40 +158,40 @@ bool FollowNamedFormat(const std::string& text, OutputChoice& choice) {
   OutputChoice named{folder, name, kUnknownOutput, false, ""};
   const Format* format = ContainerAround(folder);
   if (format != nullptr) {
-    if (name.empty()) named.Name = StemOf(folder);
+    if (name.empty()) named.name = StemOf(folder);
   } else {
     format = NamedFormatOfPath(name);
     if (format == nullptr || format->server) return false;
     if (format->container) named = {text, StemOf(name), kUnknownOutput, false, ""};
   }
-  named.Kind = static_cast<OutputKind>(format->kind);
+  named.kind = static_cast<OutputKind>(format->kind);
   choice = std::move(named);
   return true;
 }
 
 void FollowTypedPath(const std::string& text, OutputChoice& choice) {
   if (FollowNamedFormat(text, choice)) return;
-  choice.Directory = WithoutTrailingSlash(ReturnDir(text));
-  choice.Name = ReturnFilename(text);
+  choice.directory = WithoutTrailingSlash(ReturnDir(text));
+  choice.name = ReturnFilename(text);
   if (EndsWithIgnoringCase(text, ".gdb")) {
-    choice.Kind = kFileGeodatabase;
+    choice.kind = kFileGeodatabase;
   } else if (EndsWithIgnoringCase(text, ".mdb")) {
-    choice.Kind = kPersonalGeodatabase;
+    choice.kind = kPersonalGeodatabase;
   } else {
-    choice.Kind = kShapefile;
-    choice.Name = SetExtension(choice.Name, "shp");
+    choice.kind = kShapefile;
+    choice.name = SetExtension(choice.name, "shp");
   }
 }
 
 namespace {
 
 bool Browse(const std::string& text, OutputChoice& choice, const BrowseRules& rules) {
-  const std::string offered = choice.Kind == kShapefile ? MakeUniqueShapeFilename(text) : text;
+  const std::string offered = choice.kind == kShapefile ? MakeUniqueShapeFilename(text) : text;
   for (;;) {
     const std::shared_ptr<IGxDialog> dialog = Host().CreateGxDialog();
     dialog->AddFilter(GxFilter::FeatureClasses, true);
     dialog->SetAllowMultiSelect(false);
-    dialog->SetStartingLocation(Replace(choice.Directory, "/", "\\"));
+    dialog->SetStartingLocation(Replace(choice.directory, "/", "\\"));
     dialog->SetTitle(rules.title);
     dialog->SetName(offered);
     if (!dialog->DoModalSave(0)) return false;
@@ -215,15 +215,15 @@ bool BrowseForOutput(const std::string& text, OutputChoice& choice, AnyGeodataba
 }
 
 std::string ChosenPath(const std::string& text, const OutputChoice& choice) {
-  return NamedFormat(choice.Kind) == nullptr ? text : choice.FullPath();
+  return NamedFormat(choice.kind) == nullptr ? text : choice.FullPath();
 }
 
 std::optional<Objection> ObjectionTo(const std::string& path, const OutputChoice& choice) {
   constexpr const char* kTitle = "Failed to Create Feature Class:";
-  const Format* format = FormatOfKind(choice.Kind);
+  const Format* format = FormatOfKind(choice.kind);
   if (format != nullptr && format == TemporaryLayers()) return std::nullopt;
   // A feature dataset is no folder: its place is the geodatabase.
-  const std::string directory = choice.IsFeatureDataset ? choice.Directory : WithoutTrailingSlash(ReturnDir(path));
+  const std::string directory = choice.is_feature_dataset ? choice.directory : WithoutTrailingSlash(ReturnDir(path));
   const Objection no_workspace{"output",
                                "Unable to create Feature Class:\r\n" +
                                    (directory.empty() && !path.empty() ? "/" : ToNativePath(directory)) +
@@ -257,13 +257,14 @@ OutputChoice ChoiceOf(const ToolOutput& output, const std::string& base_name) {
   OutputChoice choice{output.directory, output.name, static_cast<OutputKind>(output.kind), !output.dataset.empty(),
                       output.dataset};
   if (!output.path.empty()) return choice;
-  if (FormatOfKind(choice.Kind)->feature_datasets) choice.Name = NameInGeodatabase(std::move(choice.Name));
-  if (choice.Kind == kShapefile) choice.Name = SetExtension(choice.Name, "shp");
+  if (FormatOfKind(choice.kind)->feature_datasets) choice.name = NameInGeodatabase(std::move(choice.name));
+  if (choice.kind == kShapefile) choice.name = SetExtension(choice.name, "shp");
   return choice;
 }
 
 ToolOutput ToolOutputOf(const OutputChoice& choice, const std::string& path) {
-  return {choice.Kind, choice.Directory, choice.IsFeatureDataset ? choice.FeatureDatasetName : "", choice.Name, path};
+  return {choice.kind, choice.directory, choice.is_feature_dataset ? choice.feature_dataset_name : "", choice.name,
+          path};
 }
 
 ToolOutput RememberedOutput(const clsExtension& extension) {
@@ -273,10 +274,10 @@ ToolOutput RememberedOutput(const clsExtension& extension) {
 }
 
 void RememberOutput(const OutputChoice& choice, clsExtension& extension) {
-  extension.DirectoryPath = choice.Directory;
-  extension.IsFeatureDataset = choice.IsFeatureDataset;
-  extension.FeatDatasetName = choice.FeatureDatasetName;
-  extension.DirectoryType = DirectoryTypeText(choice.Kind);
+  extension.DirectoryPath = choice.directory;
+  extension.IsFeatureDataset = choice.is_feature_dataset;
+  extension.FeatDatasetName = choice.feature_dataset_name;
+  extension.DirectoryType = DirectoryTypeText(choice.kind);
 }
 
 }  // namespace tessarine::MyGeneralOperations

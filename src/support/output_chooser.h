@@ -17,11 +17,11 @@ namespace tessarine::MyGeneralOperations {
 
 /// Where an output goes. The directory has no trailing separator and never holds the dataset's name.
 struct OutputChoice {
-  std::string Directory;
-  std::string Name;
-  OutputKind Kind = kUnknownOutput;
-  bool IsFeatureDataset = false;
-  std::string FeatureDatasetName;
+  std::string directory;
+  std::string name;
+  OutputKind kind = kUnknownOutput;
+  bool is_feature_dataset = false;
+  std::string feature_dataset_name;
 
   /// Directory, dataset where there is one, and name.
   [[nodiscard]] std::string FullPath() const;

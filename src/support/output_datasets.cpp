@@ -81,9 +81,9 @@ std::optional<std::string> AskForPlace(RunContext& context, OutputRequest& reque
   if (!in_folder || !FollowNamedFormat(WithoutTrailingSlash(request.directory) + "\\" + request.name, named)) {
     return location->Category();
   }
-  request.directory = named.Directory;
-  request.name = named.Name;
-  return DirectoryTypeText(named.Kind);
+  request.directory = named.directory;
+  request.name = named.name;
+  return DirectoryTypeText(named.kind);
 }
 
 // The category of a place that the caller named; nothing, and the user told, for a kind that there is none of.

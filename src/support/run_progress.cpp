@@ -38,7 +38,7 @@ RunProgress::RunProgress(RunContext& context, RunProgressWords words, const std:
       begin_(context.clock.Now()),
       begin_seconds_(context.clock.SteadySeconds()),
       last_update_(begin_seconds_) {
-  status_bar_->ShowProgressBar(words_.StatusText, 1, count_, 1, true);
+  status_bar_->ShowProgressBar(words_.status_text, 1, count_, 1, true);
   status_bar_->ProgressBar()->SetPosition(1);
   if (dialog_) OpenDialog(extension, log_view);
 }
@@ -56,7 +56,7 @@ void RunProgress::OpenDialog(const std::shared_ptr<clsExtension>& extension, Log
   dialog_->lblCurrentTime.SetCaption(LongTime(begin_));
   const std::string began = "Began Job: " + TimeAndDay(begin_);
   dialog_->lblBeginTime.SetCaption(began);
-  dialog_->txtDetails.SetText(words_.LogLead + words_.ActionText + TimeAndDay(begin_) +
+  dialog_->txtDetails.SetText(words_.log_lead + words_.action_text + TimeAndDay(begin_) +
                               "\r\n-------------------------------------------\r\n");
   dialog_->chkClose.SetValue(extension->ProgressDialogAutoClose ? CheckBox::kChecked : CheckBox::kUnchecked);
   const std::shared_ptr<IModelessFrame> frame = dialog_->Frame();
@@ -78,7 +78,7 @@ double RunProgress::SecondsSinceUpdate() const { return context_.clock.SteadySec
 
 bool RunProgress::Update(std::int32_t record) {
   last_update_ = context_.clock.SteadySeconds();
-  status_bar_->SetMessage(0, MyGeneralOperations::CalcTimeLeft(words_.StatusText, ElapsedSeconds(), record, count_));
+  status_bar_->SetMessage(0, MyGeneralOperations::CalcTimeLeft(words_.status_text, ElapsedSeconds(), record, count_));
   const bool goes_on = !dialog_ || UpdateDialog(record);
   return goes_on && !context_.feedback.StopRequested();
 }
@@ -87,7 +87,7 @@ bool RunProgress::UpdateDialog(std::int32_t record) {
   context_.feedback.PumpEvents();
   dialog_->AppendDetails(StampedLine(
       "Working on Feature " + std::to_string(record) + " of " + std::to_string(count_) + "...", context_.clock.Now()));
-  dialog_->Est_Time_Left(record, words_.RepeatedAction, "Performing Calculations...");
+  dialog_->Est_Time_Left(record, words_.repeated_action, "Performing Calculations...");
   dialog_->lblCurrentTime.SetCaption(LongTime(context_.clock.Now()));
   dialog_->Refresh();
   context_.feedback.PumpEvents();

@@ -16,10 +16,10 @@
 namespace tessarine {
 
 struct RunProgressWords {
-  std::string StatusText;      ///< the status bar's text
-  std::string ActionText;      ///< what the log says ahead of the time of the begin
-  std::string RepeatedAction;  ///< what the dialog shows while it works
-  std::string LogLead = "Began Job: \r\n";
+  std::string status_text;      ///< the status bar's text
+  std::string action_text;      ///< what the log says ahead of the time of the begin
+  std::string repeated_action;  ///< what the dialog shows while it works
+  std::string log_lead = "Began Job: \r\n";
 };
 
 /// Whether the dialog opens with its log.

@@ -150,15 +150,15 @@ class CalculateTool final : public Tool {
       return nullptr;
     }
     GeometryChoices choices;
-    choices.Layer = layer;
-    choices.AllRecords = ReadsAll(layer, arguments.records);
-    choices.Options = choice.options;
-    choices.UseFlags = ComboUseFlagsOf(features->ShapeType(), SpatialKindOf(features->SpatialReference()));
+    choices.layer = layer;
+    choices.all_records = ReadsAll(layer, arguments.records);
+    choices.options = choice.options;
+    choices.use_flags = ComboUseFlagsOf(features->ShapeType(), SpatialKindOf(features->SpatialReference()));
     const ToolSpheroid spheroid = SpheroidFor(arguments, features->SpatialReference());
-    choices.SpheroidName = spheroid.name;
-    choices.SemiMajor = spheroid.semi_major;
-    choices.SemiMinor = spheroid.semi_minor;
-    choices.Geocentric = arguments.Get<bool>("planetocentric");
+    choices.spheroid_name = spheroid.name;
+    choices.semi_major = spheroid.semi_major;
+    choices.semi_minor = spheroid.semi_minor;
+    choices.geocentric = arguments.Get<bool>("planetocentric");
     return GeometryOptions(choices).Carrier();
   }
 

@@ -37,7 +37,7 @@ class Feature {
     record_ = BeginRecord(copy, settings_);
   }
   MeasuredValues operator()(std::int32_t id) {
-    return Measure(*FindMeasure(settings_.Shape, settings_.Kind, id), *record_);
+    return Measure(*FindMeasure(settings_.shape, settings_.kind, id), *record_);
   }
   [[nodiscard]] const std::vector<MeasureWarning>& Warnings() const { return record_->Warnings(); }
 
@@ -86,10 +86,10 @@ TEST(Independence, EveryMeasureAloneAndInCompany) {
     for (std::size_t at = 0; at < measures.size(); ++at) {
       SCOPED_TRACE(measures[at].caption);
       const MeasuredValues alone = Feature(row.kind, *row.shape)(measures[at].option_id);
-      EXPECT_EQ(in_order[at].First, alone.First);
-      EXPECT_EQ(in_order[at].Second, alone.Second);
-      EXPECT_EQ(reversed[at].First, alone.First);
-      EXPECT_EQ(reversed[at].Second, alone.Second);
+      EXPECT_EQ(in_order[at].first, alone.first);
+      EXPECT_EQ(in_order[at].second, alone.second);
+      EXPECT_EQ(reversed[at].first, alone.first);
+      EXPECT_EQ(reversed[at].second, alone.second);
     }
   }
 }
@@ -112,15 +112,15 @@ TEST(DegenerateParts, TheOthersAreMeasured) {
       const auto both = first ? PolygonOf({row.part, square}) : PolygonOf({square, row.part});
       Feature feature(Geographic, *both), alone(Geographic, *PolygonOf({square}));
       for (const std::int32_t id : {1, 3, 6}) {
-        EXPECT_NEAR(feature(id).First.AsDouble(), alone(id).First.AsDouble(), 1e-3) << id;
+        EXPECT_NEAR(feature(id).first.AsDouble(), alone(id).first.AsDouble(), 1e-3) << id;
       }
-      EXPECT_NEAR(feature(2).First.AsDouble(), alone(2).First.AsDouble(), 1e-9);
+      EXPECT_NEAR(feature(2).first.AsDouble(), alone(2).first.AsDouble(), 1e-9);
     }
     // Alone it has no area, and no centre on the globe.
     Feature nothing(Geographic, *PolygonOf({row.part}));
-    EXPECT_EQ(nothing(1).First, Variant(0.0));
-    EXPECT_EQ(nothing(2).First, Variant(-9999.0));
-    EXPECT_EQ(nothing(6).First, Variant(0.0));
+    EXPECT_EQ(nothing(1).first, Variant(0.0));
+    EXPECT_EQ(nothing(2).first, Variant(-9999.0));
+    EXPECT_EQ(nothing(6).first, Variant(0.0));
   }
   EXPECT_THAT(log.Reports(), IsEmpty());
 }
@@ -130,7 +130,7 @@ TEST(DegenerateParts, TheOthersAreMeasured) {
 TEST(OverlappingParts, CountEachByItself) {
   const std::vector<XY> box = Box(0, 0, 10, 10), inner = Box(2, 2, 8, 8);
   const auto area_of = [](const std::vector<std::vector<XY>>& parts) {
-    return Feature(Geographic, *PolygonOf(parts))(6).First.AsDouble();
+    return Feature(Geographic, *PolygonOf(parts))(6).first.AsDouble();
   };
   EXPECT_NEAR(area_of({box, box}), 2 * area_of({box}), 1.0);
   EXPECT_NEAR(area_of({box, inner}), area_of({box}) + area_of({inner}), 1.0);
@@ -152,8 +152,8 @@ TEST(DegenerateParts, APlanarCentroidWithoutArea) {
   };
   for (const auto& row : rows) {
     const MeasuredValues values = Feature(Unknown, *PolygonOf(row.rings))(2);
-    EXPECT_NEAR(values.First.AsDouble(), row.centroid.x, 1e-12) << row.name;
-    EXPECT_NEAR(values.Second.AsDouble(), row.centroid.y, 1e-12) << row.name;
+    EXPECT_NEAR(values.first.AsDouble(), row.centroid.x, 1e-12) << row.name;
+    EXPECT_NEAR(values.second.AsDouble(), row.centroid.y, 1e-12) << row.name;
   }
 }
 
@@ -172,11 +172,11 @@ TEST(BadCoordinates, NothingIsMeasured) {
 TEST(LinesWithoutLength, HaveTheirPlaceForMidpoint) {
   const auto line = PolylineOf({{{12, 45}, {12, 45}, {12, 45}}});
   const MeasuredValues geographic = Feature(Geographic, *line)(3);
-  EXPECT_EQ(geographic.First, Variant(12.0));
-  EXPECT_EQ(geographic.Second, Variant(45.0));
+  EXPECT_EQ(geographic.first, Variant(12.0));
+  EXPECT_EQ(geographic.second, Variant(45.0));
   const MeasuredValues projected = Feature(Projected, *PolylineOf({{{450000, 5000000}, {450000, 5000000}}}))(5);
-  EXPECT_NEAR(projected.First.AsDouble(), 450000.0, 1e-6);
-  EXPECT_NEAR(projected.Second.AsDouble(), 5000000.0, 1e-6);
+  EXPECT_NEAR(projected.first.AsDouble(), 450000.0, 1e-6);
+  EXPECT_NEAR(projected.second.AsDouble(), 5000000.0, 1e-6);
 }
 
 // Torn, the hole lies around its shell on the plane.
@@ -193,9 +193,9 @@ TEST(TornRings, KeepTheirHoles) {
   const auto parts = CloneOf(*torn);
   parts->Parts()[1]->ReverseOrientation();
   for (const std::int32_t id : {3, 6}) {
-    const double expected = Feature(Geographic, *whole)(id).First.AsDouble();
-    EXPECT_NEAR(Feature(Geographic, *torn)(id).First.AsDouble() / expected, 1.0, 1e-12) << id;
-    EXPECT_NEAR(Feature(Geographic, *parts)(id).First.AsDouble() / expected, 1.0, 1e-12) << id;
+    const double expected = Feature(Geographic, *whole)(id).first.AsDouble();
+    EXPECT_NEAR(Feature(Geographic, *torn)(id).first.AsDouble() / expected, 1.0, 1e-12) << id;
+    EXPECT_NEAR(Feature(Geographic, *parts)(id).first.AsDouble() / expected, 1.0, 1e-12) << id;
   }
   // A belt beside it, which is two rings in one.
   std::vector<XY> lower, upper;
@@ -205,23 +205,23 @@ TEST(TornRings, KeepTheirHoles) {
   }
   const auto belt = PolygonOf({lower, upper}), both = CloneOf(*belt);
   for (const auto& part : torn->Parts()) both->AddGeometry(part);
-  EXPECT_NEAR(Feature(Geographic, *both)(6).First.AsDouble(),
-              Feature(Geographic, *belt)(6).First.AsDouble() + Feature(Geographic, *whole)(6).First.AsDouble(), 1.0);
+  EXPECT_NEAR(Feature(Geographic, *both)(6).first.AsDouble(),
+              Feature(Geographic, *belt)(6).first.AsDouble() + Feature(Geographic, *whole)(6).first.AsDouble(), 1.0);
 }
 
 // The ends of a segment one turn apart, on a line that is the same without the turn.
 TEST(WholeTurns, LengthsAndAzimuths) {
-  const double expected = Feature(Geographic, *PolylineOf({{{180, 0}, {180, 10}}}))(1).First.AsDouble();
+  const double expected = Feature(Geographic, *PolylineOf({{{180, 0}, {180, 10}}}))(1).first.AsDouble();
   EXPECT_NEAR(expected, 1105854.83, 0.01);
   for (const double turns : {-720.0, -360.0, 360.0, 720.0}) {
     Feature feature(Geographic, *PolylineOf({{{-180, 0}, {-180 + turns, 10}}}));
-    EXPECT_NEAR(feature(1).First.AsDouble(), expected, 1e-6) << turns;
-    EXPECT_NEAR(feature(3).Second.AsDouble(), 5.0, 0.001) << turns;
-    EXPECT_NEAR(std::remainder(feature(5).First.AsDouble(), 360.0), 0.0, 1e-9) << turns;
+    EXPECT_NEAR(feature(1).first.AsDouble(), expected, 1e-6) << turns;
+    EXPECT_NEAR(feature(3).second.AsDouble(), 5.0, 0.001) << turns;
+    EXPECT_NEAR(std::remainder(feature(5).first.AsDouble(), 360.0), 0.0, 1e-9) << turns;
   }
   Feature closed(Geographic, *PolylineOf({{{-180, 0}, {0, 40}, {180, 0}}}));
-  EXPECT_EQ(closed(5).First, Variant(-9999.0));
-  EXPECT_NEAR(Feature(Geographic, *PolylineOf({{{-180, 5}, {180, 5}}}))(1).First.AsDouble(), 0.0, 1e-6);
+  EXPECT_EQ(closed(5).first, Variant(-9999.0));
+  EXPECT_NEAR(Feature(Geographic, *PolylineOf({{{-180, 5}, {180, 5}}}))(1).first.AsDouble(), 0.0, 1e-6);
 }
 
 TEST(Warnings, NameWhatAValueCantMean) {
@@ -297,7 +297,7 @@ TEST(Warnings, NamePlacesFarFromWhereAProjectionIsMadeFor) {
     MeasureSettings settings{esriGeometryPolyline,   Projected, reference, kMajor, kMinor, false,
                              AreaOfUseOf(*reference)};
     const auto record = BeginRecord(line, settings);
-    static_cast<void>(Measure(*FindMeasure(settings.Shape, settings.Kind, 2), *record));
+    static_cast<void>(Measure(*FindMeasure(settings.shape, settings.kind, 2), *record));
     EXPECT_EQ(!record->Warnings().empty(), row.far) << row.name;
     if (row.far) {
       EXPECT_THAT(record->Warnings(), ElementsAre(MeasureWarning::FarFromArea)) << row.name;
@@ -337,7 +337,7 @@ TEST(Warnings, NameRingsOfThePlane) {
   MeasureSettings settings{esriGeometryPolygon, Projected, torn->SpatialReference(), kMajor, kMinor, false};
   for (const std::int32_t id : {2, 4, 6, 9}) {
     const auto record = BeginRecord(CloneOf(*torn), settings);
-    static_cast<void>(Measure(*FindMeasure(settings.Shape, settings.Kind, id), *record));
+    static_cast<void>(Measure(*FindMeasure(settings.shape, settings.kind, id), *record));
     EXPECT_THAT(record->Warnings(), ElementsAre(TornRing)) << id;
   }
 }

@@ -128,12 +128,12 @@ TEST(MeasureCatalogue, KindsAndNouns) {
 
 TEST(GeometryOptions, TravelThroughTheList) {
   GeometryChoices choices;
-  choices.AllRecords = false;
-  choices.Options = {{2, "Len", "left over"}, {3, "X", "Y"}, {8, "Az", ""}, {12, "no", "no"}, {0, "no", "no"}};
-  choices.UseFlags = ComboUseFlagsOf(esriGeometryPolyline, Projected);
-  choices.SpheroidName = "Mars";
-  choices.SemiMajor = 3396190.0, choices.SemiMinor = 3376200.0;
-  choices.Geocentric = true;
+  choices.all_records = false;
+  choices.options = {{2, "Len", "left over"}, {3, "X", "Y"}, {8, "Az", ""}, {12, "no", "no"}, {0, "no", "no"}};
+  choices.use_flags = ComboUseFlagsOf(esriGeometryPolyline, Projected);
+  choices.spheroid_name = "Mars";
+  choices.semi_major = 3396190.0, choices.semi_minor = 3376200.0;
+  choices.geocentric = true;
 
   // The reader sees the list only.
   const GeometryOptions read(GeometryOptions(choices).Carrier());
@@ -143,7 +143,7 @@ TEST(GeometryOptions, TravelThroughTheList) {
             Variant::Kind::Short);
   EXPECT_EQ(read.Layer(), nullptr);
   EXPECT_FALSE(read.AllRecords());
-  EXPECT_EQ(read.UseFlags(), choices.UseFlags);
+  EXPECT_EQ(read.UseFlags(), choices.use_flags);
   EXPECT_EQ(read.SpheroidName(), "Mars");
   EXPECT_EQ(read.SemiMajor(), 3396190.0);
   EXPECT_EQ(read.SemiMinor(), 3376200.0);

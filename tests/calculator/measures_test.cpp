@@ -41,7 +41,7 @@ class Feature {
   }
 
   MeasuredValues operator()(std::int32_t option_id) {
-    const MeasureRow* row = FindMeasure(settings_.Shape, settings_.Kind, option_id);
+    const MeasureRow* row = FindMeasure(settings_.shape, settings_.kind, option_id);
     return row != nullptr ? Measure(*row, *record_) : MeasuredValues();
   }
   MeasureRecord& Record() { return *record_; }
@@ -75,8 +75,8 @@ void ExpectValues(Feature feature, std::initializer_list<Expectation> expectatio
   for (const Expectation& expected : expectations) {
     SCOPED_TRACE(expected.name);
     const MeasuredValues values = feature(expected.id);
-    EXPECT_NEAR(values.First.AsDouble(), expected.first, expected.tolerance);
-    EXPECT_NEAR(values.Second.AsDouble(), expected.second, expected.tolerance);
+    EXPECT_NEAR(values.first.AsDouble(), expected.first, expected.tolerance);
+    EXPECT_NEAR(values.second.AsDouble(), expected.second, expected.tolerance);
   }
 }
 
@@ -151,16 +151,16 @@ TEST(PolylineMeasures, GeographicValues) {
 
 TEST(PolylineMeasures, LinesWithoutAzimuth) {
   const auto closed = [](double x, double y, double size) { return PolylineOf({Box(x, y, x + size, y + size)}); };
-  EXPECT_EQ(Feature(Unknown, closed(0, 0, 1))(5).First, Variant(-9999.0));
+  EXPECT_EQ(Feature(Unknown, closed(0, 0, 1))(5).first, Variant(-9999.0));
   Feature projected(Projected, closed(500000, 5540000, 1000));
-  for (const std::int32_t id : {7, 8, 9}) EXPECT_EQ(projected(id).First, Variant(-9999.0)) << id;
-  EXPECT_EQ(projected.Work().AzimuthSolutions, 0);
-  EXPECT_NEAR(projected(2).First.AsDouble(), 4000 / 0.9996, 0.1);
+  for (const std::int32_t id : {7, 8, 9}) EXPECT_EQ(projected(id).first, Variant(-9999.0)) << id;
+  EXPECT_EQ(projected.Work().azimuth_solutions, 0);
+  EXPECT_NEAR(projected(2).first.AsDouble(), 4000 / 0.9996, 0.1);
 
   // A projected line of two coincident points has neither length nor azimuth, and the run goes on.
   Feature nothing(Projected, PolylineOf({{{500000, 5540000}, {500000, 5540000}}}));
-  EXPECT_EQ(nothing(2).First, Variant(0.0));
-  EXPECT_EQ(nothing(8).First, Variant(-9999.0));
+  EXPECT_EQ(nothing(2).first, Variant(0.0));
+  EXPECT_EQ(nothing(8).first, Variant(-9999.0));
 }
 
 TEST(PolygonMeasures, Values) {
@@ -196,11 +196,11 @@ TEST(PolygonMeasures, PlanetocentricLatitudes) {
 TEST(PolygonMeasures, RingsThatRunTheWrongWay) {
   for (const bool geocentric : {false, true}) {
     Feature feature(Geographic, PolygonOf({Box(10, 40, 11, 41, false)}), geocentric);
-    EXPECT_LT(feature(1).First.AsDouble(), -9.3e9);
+    EXPECT_LT(feature(1).first.AsDouble(), -9.3e9);
     const MeasuredValues centroid = feature(2);
-    EXPECT_EQ(centroid.First, Variant(-9999.0));
-    EXPECT_EQ(centroid.Second, Variant(-9999.0));
-    EXPECT_EQ(feature.Work().AreaPasses, 1);
+    EXPECT_EQ(centroid.first, Variant(-9999.0));
+    EXPECT_EQ(centroid.second, Variant(-9999.0));
+    EXPECT_EQ(feature.Work().area_passes, 1);
   }
 }
 
@@ -226,8 +226,8 @@ TEST(Measures, CountsAreWholeAndTheRestReal) {
       SCOPED_TRACE(row.caption);
       const MeasuredValues values = feature(row.option_id);
       const bool count = row.measure.kind == MeasuredKind::Count;
-      EXPECT_EQ(values.First.kind(), count ? Variant::Kind::Long : Variant::Kind::Double);
-      EXPECT_EQ(values.Second.kind(), row.FieldCount() == 2 ? Variant::Kind::Double : Variant::Kind::Empty);
+      EXPECT_EQ(values.first.kind(), count ? Variant::Kind::Long : Variant::Kind::Double);
+      EXPECT_EQ(values.second.kind(), row.FieldCount() == 2 ? Variant::Kind::Double : Variant::Kind::Empty);
     }
   }
 }
@@ -257,18 +257,18 @@ TEST(Measures, SharedWorkIsDoneOnce) {
     SCOPED_TRACE(row.name);
     Feature feature(row.kind, row.shape, row.geocentric);
     for (std::int32_t id = 1; id <= kOptionCount; ++id) static_cast<void>(feature(id));
-    EXPECT_EQ(feature.Work().Projections, row.work.Projections);
-    EXPECT_EQ(feature.Work().LatitudeConversions, row.work.LatitudeConversions);
-    EXPECT_EQ(feature.Work().MidpointPasses, row.work.MidpointPasses);
-    EXPECT_EQ(feature.Work().AzimuthSolutions, row.work.AzimuthSolutions);
-    EXPECT_EQ(feature.Work().AreaPasses, row.work.AreaPasses);
+    EXPECT_EQ(feature.Work().projections, row.work.projections);
+    EXPECT_EQ(feature.Work().latitude_conversions, row.work.latitude_conversions);
+    EXPECT_EQ(feature.Work().midpoint_passes, row.work.midpoint_passes);
+    EXPECT_EQ(feature.Work().azimuth_solutions, row.work.azimuth_solutions);
+    EXPECT_EQ(feature.Work().area_passes, row.work.area_passes);
   }
 }
 
 TEST(Measures, FaultsReachTheRun) {
   MeasureSettings settings{esriGeometryPolygon, Geographic, Reference(Geographic), kMajor, kMinor, false};
   EXPECT_EQ(FaultOf([&] { static_cast<void>(BeginRecord(std::make_shared<Point>(1, 2), settings)); }), kTypeMismatch);
-  settings.Shape = esriGeometryBag;
+  settings.shape = esriGeometryBag;
   EXPECT_EQ(FaultOf([&] { static_cast<void>(BeginRecord(std::make_shared<GeometryBag>(), settings)); }), kTypeMismatch);
 
   Feature point(Geographic, std::make_shared<Point>(1, 2));

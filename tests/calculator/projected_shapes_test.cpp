@@ -49,13 +49,13 @@ struct Values {
 
 double ValueOf(MeasureRecord& record, std::int32_t id) {
   const MeasureSettings& settings = record.Settings();
-  return Measure(*FindMeasure(settings.Shape, settings.Kind, id), record).First.AsDouble();
+  return Measure(*FindMeasure(settings.shape, settings.kind, id), record).first.AsDouble();
 }
 
 XY PositionOf(MeasureRecord& record, std::int32_t id) {
   const MeasureSettings& settings = record.Settings();
-  const MeasuredValues values = Measure(*FindMeasure(settings.Shape, settings.Kind, id), record);
-  return {values.First.AsDouble(), values.Second.AsDouble()};
+  const MeasuredValues values = Measure(*FindMeasure(settings.shape, settings.kind, id), record);
+  return {values.first.AsDouble(), values.second.AsDouble()};
 }
 
 MeasureSettings SettingsOf(const SpatialReferenceRef& reference, esriGeometryType shape = esriGeometryPolygon) {
@@ -66,11 +66,11 @@ MeasureSettings SettingsOf(const SpatialReferenceRef& reference, esriGeometryTyp
 Values MeasuresOf(const std::shared_ptr<Polygon>& polygon) {
   MeasureSettings settings = SettingsOf(polygon->SpatialReference());
   const auto record = BeginRecord(CloneOf(*polygon), settings);
-  const bool geographic = settings.Kind == Geographic;
+  const bool geographic = settings.kind == Geographic;
   const XY centroid = PositionOf(*record, geographic ? 2 : 4);
   return {ValueOf(*record, geographic ? 1 : 2), ValueOf(*record, geographic ? 3 : 6),
           ValueOf(*record, geographic ? 6 : 9),
-          centroid == kNoCentroid ? centroid : shapes::ToDegrees(centroid, settings.Reference)};
+          centroid == kNoCentroid ? centroid : shapes::ToDegrees(centroid, settings.reference)};
 }
 
 double Apart(XY a, XY b) {

@@ -23,14 +23,14 @@ class RunTest : public CalculatorTest {
   std::string Run(const std::shared_ptr<DocumentFeatureLayer>& layer, const std::vector<OptionEntry>& entries,
                   bool all_records = true, bool plan = false) {
     GeometryChoices choices;
-    choices.Layer = layer;
-    choices.AllRecords = all_records;
-    choices.Options = entries;
-    choices.UseFlags =
+    choices.layer = layer;
+    choices.all_records = all_records;
+    choices.options = entries;
+    choices.use_flags =
         ComboUseFlagsOf(layer->FeatureClass()->ShapeType(), SpatialKindOf(layer->FeatureClass()->SpatialReference()));
-    choices.SpheroidName = "WGS 84";
-    choices.SemiMajor = 6378137.0;
-    choices.SemiMinor = 6356752.314245179;
+    choices.spheroid_name = "WGS 84";
+    choices.semi_major = 6378137.0;
+    choices.semi_minor = 6356752.314245179;
     const auto carrier = GeometryOptions(choices).Carrier();
     RunContext context = HostContext();
     return plan ? modCalcGeometry::PlanGeometry(context, carrier, application)
@@ -207,9 +207,9 @@ TEST_F(RunTest, LayersThatCanNotBeChangedNow) {
   auto editing = std::make_shared<EditingApplication>();
   editing->inner = application;
   GeometryChoices choices;
-  choices.Layer = points;
-  choices.Options = {OptionEntry(1, "X", "Y")};
-  choices.UseFlags[0] = choices.UseFlags[1] = true;
+  choices.layer = points;
+  choices.options = {OptionEntry(1, "X", "Y")};
+  choices.use_flags[0] = choices.use_flags[1] = true;
   editing->editor->state = esriStateEditing;
   EXPECT_EQ(modCalcGeometry::CalcGeometry(GeometryOptions(choices).Carrier(), editing),
             "FUNCTION FAILED:  This fuction is written to run outside of an edit session and therefore requires that "

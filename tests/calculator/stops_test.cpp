@@ -36,7 +36,7 @@ bool Stops(const IGeometry& shape, SpatialKind kind, std::int32_t id) {
   MeasureSettings settings{copy->GeometryType(), kind, reference, 6378137.0, 6356752.31424518, false};
   try {
     const auto record = BeginRecord(copy, settings);
-    static_cast<void>(Measure(*FindMeasure(settings.Shape, kind, id), *record));
+    static_cast<void>(Measure(*FindMeasure(settings.shape, kind, id), *record));
   } catch (const RunStopped&) {
     return true;
   }

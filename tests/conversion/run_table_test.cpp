@@ -16,7 +16,7 @@ TEST(RunTable, ProgressIsShownAboveTheThresholdOfEachRun) {
   for (const auto& [option, threshold] : thresholds) {
     const ConversionRun* run = FindRun(option);
     ASSERT_NE(run, nullptr) << option;
-    EXPECT_EQ(run->ProgressThreshold, threshold) << run->Worker;
+    EXPECT_EQ(run->progress_threshold, threshold) << run->worker;
   }
   EXPECT_EQ(FindRun(3), nullptr);
 }

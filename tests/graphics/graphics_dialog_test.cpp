@@ -29,18 +29,18 @@ class GraphicsDialog : public GraphicsTest {
 TEST_F(GraphicsDialog, ElementsAreSortedByShape) {
   AddSomeOfAll();
   const GraphicHarvest harvest = HarvestGraphics(*document);
-  const auto all = harvest.All.ConversionLines();
+  const auto all = harvest.all.ConversionLines();
   EXPECT_THAT(std::vector(all->begin(), all->end()),
               ElementsAre("1) Point Shapefile: 1 Point", "2) Polyline Shapefile: 2 Polylines",
                           "3) Polyline Shapefile: 2 Polylines + 1 Polygon", "4) Polygon Shapefile: 1 Polygon",
                           "5) Polygon Shapefile: 2 Polylines + 1 Polygon"));
-  const auto selected = harvest.Selected.ConversionLines();
+  const auto selected = harvest.selected.ConversionLines();
   EXPECT_EQ(selected->Element(0), "1) Point Shapefile: 1 Point");
   EXPECT_EQ(selected->Element(4), "5) Polygon Shapefile: 0 Polylines + 0 Polygons");
-  EXPECT_TRUE(harvest.All.Polylines.AnyName);
-  EXPECT_FALSE(harvest.All.Points.AnyName);
-  EXPECT_EQ(Cast<DocumentSymbol>(harvest.All.Polylines.FirstSymbol)->Definition, "line2");
-  EXPECT_NE(harvest.All.Points.Shapes->Element(0).AsObject<Point>(), document->Map().Elements()[0]->Shape);
+  EXPECT_TRUE(harvest.all.polylines.any_name);
+  EXPECT_FALSE(harvest.all.points.any_name);
+  EXPECT_EQ(Cast<DocumentSymbol>(harvest.all.polylines.first_symbol)->Definition, "line2");
+  EXPECT_NE(harvest.all.points.shapes->Element(0).AsObject<Point>(), document->Map().Elements()[0]->Shape);
 }
 
 TEST_F(GraphicsDialog, FirstModeFollowsTheViewAndItsGraphics) {

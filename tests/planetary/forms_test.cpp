@@ -149,7 +149,7 @@ TEST_F(PlanetaryFormTest, OkOfTheWrapRefusesWhatIsNoBox) {
   EXPECT_EQ(chosen.Option(), 0);
   EXPECT_EQ(chosen.Shift(), 15.5) << "the last valid text";
   EXPECT_EQ(chosen.Box().north, 45.5);
-  EXPECT_EQ(chosen.Output().Place().Name, "a.shp");
+  EXPECT_EQ(chosen.Output().Place().name, "a.shp");
   EXPECT_EQ(chosen.Output().Reference(), earth->SpatialReference());
   EXPECT_EQ(extension->frmBoundaryWrapReturn->Element(1).AsDouble(), 4.0);
   EXPECT_EQ(extension->frmBoundaryWrapReturn->Element(4).AsDouble(), 9.0);
@@ -273,11 +273,11 @@ TEST(TypedOutput, TheFolderTellsTheKind) {
   for (const Row& row : rows) {
     OutputChoice choice{"C:\\x.gdb", "m", MyGeneralOperations::kFileGeodatabase, true, "set"};
     FollowTypedOutput(row.text, choice);
-    EXPECT_EQ(choice.Directory, row.directory) << row.text;
-    EXPECT_EQ(choice.Name, row.name) << row.text;
-    EXPECT_EQ(choice.Kind, row.kind) << row.text;
-    EXPECT_EQ(choice.FeatureDatasetName, row.dataset) << row.text;
-    EXPECT_EQ(choice.IsFeatureDataset, *row.dataset != '\0') << row.text;
+    EXPECT_EQ(choice.directory, row.directory) << row.text;
+    EXPECT_EQ(choice.name, row.name) << row.text;
+    EXPECT_EQ(choice.kind, row.kind) << row.text;
+    EXPECT_EQ(choice.feature_dataset_name, row.dataset) << row.text;
+    EXPECT_EQ(choice.is_feature_dataset, *row.dataset != '\0') << row.text;
   }
 }
 

@@ -50,11 +50,11 @@ TEST_F(LatitudeRunTest, ForthAndBackEveryLatitudeReturns) {
   const StoredClass before = testing::ReadStored(TESSARINE_TEST_DATA "/countries.shp");
   for (const Body& body : {kMars, kEarth, kMoon}) {
     UseCountries();
-    place.Name = std::string(body.name) + " graphic.shp";
+    place.name = std::string(body.name) + " graphic.shp";
     Convert(CalcPlanetoCentricToPlanetoGraphic, body);
     const StoredClass graphic = Output();
-    UseStored(place.Name);
-    place.Name = std::string(body.name) + " centric.shp";
+    UseStored(place.name);
+    place.name = std::string(body.name) + " centric.shp";
     Convert(CalcPlanetoGraphicToPlanetoCentric, body);
     const StoredClass centric = Output();
     ASSERT_EQ(graphic.rows.size(), before.rows.size());
@@ -98,7 +98,7 @@ TEST_F(LatitudeRunTest, PointsWithShiftAndWrap) {
   for (const Row& row : rows) {
     Use(esriGeometryPoint);
     features->Add(std::make_shared<Point>(row.from));
-    place.Name = "p" + std::to_string(++number) + ".shp";
+    place.name = "p" + std::to_string(++number) + ".shp";
     EXPECT_THAT(Convert(row.run, kEarth, row.option, row.shift), Not(HasSubstr("-->")));
     const StoredClass output = Output();
     const OGRPoint* point = output.rows.at(0).shape->toPoint();
@@ -127,7 +127,7 @@ TEST_F(LatitudeRunTest, TheReportNamesTheSpheroidAndOneTitleForBoth) {
   EXPECT_FALSE(output.rows.at(1).shape);
   EXPECT_FALSE(host.error_reports.empty());
 
-  place.Name = "q.shp";
+  place.name = "q.shp";
   features->rows.clear();
   const std::string other = Convert(CalcPlanetoCentricToPlanetoGraphic, kMars, kCustomOrNoWrap, -0.25);
   EXPECT_THAT(other, HasSubstr("OCentric to OGraphic Conversion Complete:\n"));

@@ -61,9 +61,9 @@ class PlanetaryTest : public SuiteTest {
 
   void SetUp() override {
     application->templates = {folder.Path("map.json")};
-    place.Directory = folder.Path();
-    place.Name = "out.shp";
-    place.Kind = MyGeneralOperations::kShapefile;
+    place.directory = folder.Path();
+    place.name = "out.shp";
+    place.kind = MyGeneralOperations::kShapefile;
     layer->SetName("craters");
   }
   void Use(esriGeometryType type, std::vector<FieldRef> fields = {}) {
@@ -84,7 +84,7 @@ class PlanetaryTest : public SuiteTest {
         WrapArguments::Make(layer, box, option, OutputDescription::Make(*layer, place), shift, steps);
     return ToPlainText(ReadRtf(WrapToBoundaries(application, document, extension, arguments, show_progress)));
   }
-  StoredClass Output() const { return ReadStored(folder.Native(place.Name)); }
+  StoredClass Output() const { return ReadStored(folder.Native(place.name)); }
 };
 
 }  // namespace tessarine::testing

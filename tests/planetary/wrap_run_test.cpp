@@ -143,9 +143,9 @@ TEST_F(WrapRunTest, AttributesTakeNamesThatAShapefileCanHold) {
   EXPECT_EQ(features->Fields()->Field(3)->Name, "population_2010") << "the input's fields stay as they are";
 
   CreateFileGeodatabase(folder.Native("a.gdb"));
-  place.Directory = folder.Path("a.gdb");
-  place.Name = "craters";
-  place.Kind = MyGeneralOperations::kFileGeodatabase;
+  place.directory = folder.Path("a.gdb");
+  place.name = "craters";
+  place.kind = MyGeneralOperations::kFileGeodatabase;
   EXPECT_THAT(Wrap(kBox180, kWrap180), HasSubstr("  ** Feature Class:  craters\n"));
   const StoredClass output = testing::ReadStored(folder.Native("a.gdb"), "craters");
   EXPECT_THAT(output.fields, ::testing::StartsWith("name population_2010 population_2020 "));
@@ -166,7 +166,7 @@ TEST_F(WrapRunTest, WhatChangedIsTold) {
   // Small shapes far from the box lose digits of their coordinates, which is no change.
   Use(esriGeometryPolygon);
   features->Add(PolygonOf({Box(3.1e-6, 1e-6, 1.31e-5, 1.1e-5)}));
-  place.Name = "far.shp";
+  place.name = "far.shp";
   EXPECT_THAT(Wrap({3600, 90, 3960, -90}, kCustomOrNoWrap), Not(HasSubstr("changed")));
   EXPECT_TRUE(host.journal.warnings.empty());
 }
@@ -178,7 +178,7 @@ TEST_F(WrapRunTest, StepsGoTheShortWayIfAskedFor) {
   const std::string as_given = Wrap(kBox180, kWrap180);
   EXPECT_THAT(as_given, Not(HasSubstr("Steps")));
   EXPECT_NEAR(Output().rows.at(0).Area(), 3400.0, 1e-9);
-  place.Name = "short.shp";
+  place.name = "short.shp";
   const StepChoice short_way{LongSteps::kShortWay, geodesy::EnclosedPole::SmallerPart};
   const std::string text = Wrap(kBox180, kWrap180, 0.0, false, short_way);
   const StoredClass output = Output();
@@ -188,7 +188,7 @@ TEST_F(WrapRunTest, StepsGoTheShortWayIfAskedFor) {
                               "  ** Rings round the Globe Hold:  Smaller Part\n"));
   EXPECT_THAT(text, HasSubstr("NOTE:  Rings round the globe were led over a pole:\n  --> North Pole:  OID #2\n-"));
   EXPECT_THAT(text, Not(HasSubstr("changed")));
-  place.Name = "south.shp";
+  place.name = "south.shp";
   Wrap(kBox180, kWrap180, 0.0, false, {LongSteps::kShortWay, geodesy::EnclosedPole::South});
   EXPECT_NEAR(Output().rows.at(1).Area(), 360.0 * 170, 1e-9);
 }
@@ -257,7 +257,7 @@ TEST_F(WrapRunTest, WithoutAnOutputTheRunEnds) {
   Use(esriGeometryPoint);
   features->Add(std::make_shared<Point>(1, 1));
   features->fails_at = 1;
-  place.Name = "other.shp";
+  place.name = "other.shp";
   const std::string failed = Wrap(kBox360, kWrap360);
   EXPECT_THAT(failed, HasSubstr("!!!  Wrap to Boundary Conversion Failed  !!!"));
   EXPECT_THAT(failed, HasSubstr("Error -2147467259:  The disk is {gone}."));
@@ -267,11 +267,11 @@ TEST_F(WrapRunTest, WithoutAnOutputTheRunEnds) {
 TEST_F(WrapRunTest, CountriesRoundAndBackKeepTheirAreas) {
   const StoredClass before = testing::ReadStored(TESSARINE_TEST_DATA "/countries.shp");
   UseCountries();
-  place.Name = "round.shp";
+  place.name = "round.shp";
   EXPECT_THAT(Wrap(kBox360, kWrap360), Not(HasSubstr("-->")));
   const StoredClass round = Output();
   UseStored("round.shp");
-  place.Name = "back.shp";
+  place.name = "back.shp";
   EXPECT_THAT(Wrap(kBox180, kWrap180), Not(HasSubstr("-->")));
   const StoredClass back = Output();
   ASSERT_EQ(round.rows.size(), before.rows.size());

@@ -121,7 +121,7 @@ TEST_F(Catalog, EveryCodeIsThatOfItsName) {
   const SpheroidLists lists = Lists();
   int count = 0;
   for (const SpheroidNames& list : {lists.Planets(), lists.Earth()}) {
-    for (const std::string& name : Texts(list.Names)) {
+    for (const std::string& name : Texts(list.names)) {
       const std::string registry = list.Row(name).Spheroid()->Name();
       if (const auto other = kRegistryNames.find(name); other != kRegistryNames.end()) {
         EXPECT_EQ(registry, other->second) << name;
@@ -139,15 +139,15 @@ TEST_F(Catalog, EveryCodeIsThatOfItsName) {
 
 TEST_F(Catalog, EveryCodeOfBothTablesIsKnownAndInOrder) {
   const SpheroidLists lists = Lists();
-  const std::vector<std::string> planets = Texts(lists.Planets().Names), earth = Texts(lists.Earth().Names);
+  const std::vector<std::string> planets = Texts(lists.Planets().names), earth = Texts(lists.Earth().names);
   ASSERT_EQ(planets.size(), 71U);
   ASSERT_EQ(earth.size(), 56U);
   EXPECT_EQ(planets.front() + planets[6] + planets.back(), "MercuryMars - DeimosPluto - Charon");
   EXPECT_EQ(earth[2] + earth[3], "Average Terrestrial System 1977Australian National");
-  EXPECT_EQ(lists.Planets().Rows->Count(), 71);
+  EXPECT_EQ(lists.Planets().rows->Count(), 71);
   EXPECT_EQ(lists.Planets().Row("MARS - phobos").Text(), "esriSRSpheroid_MarsPhobos");
-  EXPECT_EQ(lists.Custom().Rows, nullptr);
-  EXPECT_EQ(lists.Custom().Names, nullptr);
+  EXPECT_EQ(lists.Custom().rows, nullptr);
+  EXPECT_EQ(lists.Custom().names, nullptr);
   EXPECT_TRUE(host_.error_reports.empty());
 }
 
@@ -190,7 +190,7 @@ TEST_F(Catalog, CustomFileGivesItsValidLinesInOrder) {
   };
   for (const CustomFile& file : files) {
     WriteFile(file.text);
-    EXPECT_EQ(Texts(Lists().Custom().Names), file.names) << file.what;
+    EXPECT_EQ(Texts(Lists().Custom().names), file.names) << file.what;
   }
   WriteFile("Disk, 2.5E3 ,-1,note, \nBall,3,4,note\n");
   const SpheroidRow row = Lists().Custom().Row("BALL");

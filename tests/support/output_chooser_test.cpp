@@ -54,9 +54,9 @@ TEST_F(OutputChooserTest, TheKindOfATypedPathFollowsFromItsEndings) {
        }) {
     const std::string text = folder.Path() + row.typed;
     const OutputChoice choice = Typed(text);
-    EXPECT_EQ(DirectoryTypeText(choice.Kind), row.kind) << row.typed;
-    EXPECT_EQ(choice.Directory, folder.Path() + row.directory) << row.typed;
-    EXPECT_EQ(choice.Name, row.name) << row.typed;
+    EXPECT_EQ(DirectoryTypeText(choice.kind), row.kind) << row.typed;
+    EXPECT_EQ(choice.directory, folder.Path() + row.directory) << row.typed;
+    EXPECT_EQ(choice.name, row.name) << row.typed;
     EXPECT_EQ(OutputWorkspaceExists(text, choice), row.usable) << row.typed;
   }
 }
@@ -70,14 +70,14 @@ TEST_F(OutputChooserTest, ARunGetsTheWholePathOfALayer) {
 
 TEST_F(OutputChooserTest, LayersInMemoryCountWhereTheHostHasThem) {
   const std::string text = "Temporary layer\\roads";
-  EXPECT_EQ(Typed(text).Kind, kShapefile);
+  EXPECT_EQ(Typed(text).kind, kShapefile);
   OfferTemporaryLayers([] { return std::shared_ptr<IWorkspaceFactory>(); });
   const OutputChoice choice = Typed(text);
-  EXPECT_EQ(DirectoryTypeText(choice.Kind), "Temporary layer");
+  EXPECT_EQ(DirectoryTypeText(choice.kind), "Temporary layer");
   EXPECT_EQ(choice.FullPath(), text);
   EXPECT_TRUE(OutputWorkspaceExists(text, choice));
   // Whatever else begins so is a path.
-  EXPECT_EQ(Typed("Temporary layers\\roads").Kind, kShapefile);
+  EXPECT_EQ(Typed("Temporary layers\\roads").kind, kShapefile);
   OfferTemporaryLayers(nullptr);
   EXPECT_EQ(KindOfDirectoryType("Temporary layer"), kUnknownOutput);
 }

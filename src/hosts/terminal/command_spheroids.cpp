@@ -67,8 +67,8 @@ std::vector<NamedSpheroid> TakeList(const ISpheroidCatalog& catalog, const Spher
 }
 
 bool Matches(const NamedSpheroid& spheroid, const std::string& text) {
-  return LowerCase(spheroid.Name).find(LowerCase(text)) != std::string::npos ||
-         (spheroid.Code != 0 && std::to_string(spheroid.Code) == text);
+  return LowerCase(spheroid.name).find(LowerCase(text)) != std::string::npos ||
+         (spheroid.code != 0 && std::to_string(spheroid.code) == text);
 }
 
 std::vector<ShownList> TakeLists(const SpheroidsOptions& options) {
@@ -92,8 +92,8 @@ std::vector<ShownList> TakeLists(const SpheroidsOptions& options) {
 
 // Nothing for axes that make no spheroid, as a custom file may hold them.
 std::optional<double> Flattening(const NamedSpheroid& spheroid) {
-  if (!(spheroid.SemiMajorAxis > 0.0 && spheroid.SemiMinorAxis > 0.0)) return std::nullopt;
-  return (spheroid.SemiMajorAxis - spheroid.SemiMinorAxis) / spheroid.SemiMajorAxis;
+  if (!(spheroid.semi_major_axis > 0.0 && spheroid.semi_minor_axis > 0.0)) return std::nullopt;
+  return (spheroid.semi_major_axis - spheroid.semi_minor_axis) / spheroid.semi_major_axis;
 }
 
 std::string FlatteningText(const NamedSpheroid& spheroid) {
@@ -110,7 +110,7 @@ std::string FlatteningText(const NamedSpheroid& spheroid) {
 void PrintTable(const std::vector<ShownList>& lists) {
   std::size_t width = 4;
   for (const ShownList& list : lists) {
-    for (const NamedSpheroid& spheroid : list.spheroids) width = std::max(width, spheroid.Name.size());
+    for (const NamedSpheroid& spheroid : list.spheroids) width = std::max(width, spheroid.name.size());
   }
   bool first = true;
   for (const ShownList& list : lists) {
@@ -118,8 +118,8 @@ void PrintTable(const std::vector<ShownList>& lists) {
     fmt::print("{}{}\n{:>8}  {:<{}}  {:>18}  {:>18}  {}\n", first ? "" : "\n", list.title->title, "Code", "Name", width,
                "Semi-major axis, m", "Semi-minor axis, m", "Flattening");
     for (const NamedSpheroid& spheroid : list.spheroids) {
-      fmt::print("{:>8}  {:<{}}  {:>18}  {:>18}  {}\n", spheroid.Code == 0 ? "" : std::to_string(spheroid.Code),
-                 spheroid.Name, width, NumberText(spheroid.SemiMajorAxis), NumberText(spheroid.SemiMinorAxis),
+      fmt::print("{:>8}  {:<{}}  {:>18}  {:>18}  {}\n", spheroid.code == 0 ? "" : std::to_string(spheroid.code),
+                 spheroid.name, width, NumberText(spheroid.semi_major_axis), NumberText(spheroid.semi_minor_axis),
                  FlatteningText(spheroid));
     }
     first = false;
@@ -130,10 +130,10 @@ nlohmann::ordered_json JsonOf(const NamedSpheroid& spheroid, const char* list) {
   const std::optional<double> flattening = Flattening(spheroid);
   nlohmann::ordered_json json;
   json["list"] = list;
-  if (spheroid.Code != 0) json["code"] = spheroid.Code;
-  json["name"] = spheroid.Name;
-  json["semi_major_axis"] = spheroid.SemiMajorAxis;
-  json["semi_minor_axis"] = spheroid.SemiMinorAxis;
+  if (spheroid.code != 0) json["code"] = spheroid.code;
+  json["name"] = spheroid.name;
+  json["semi_major_axis"] = spheroid.semi_major_axis;
+  json["semi_minor_axis"] = spheroid.semi_minor_axis;
   json["flattening"] = flattening ? nlohmann::ordered_json(*flattening) : nlohmann::ordered_json(nullptr);
   return json;
 }

@@ -81,9 +81,9 @@ ChosenSpheroid FromRadii(const std::string& text) {
 
 // The custom file may hold any numbers, and the dialogs take no others than these.
 void CheckAxes(const NamedSpheroid& spheroid) {
-  if (spheroid.SemiMajorAxis > 0.0 && spheroid.SemiMinorAxis > 0.0) return;
-  throw Refusal("Nothing can be computed on the spheroid '" + spheroid.Name + "': its axes are " +
-                NumberText(spheroid.SemiMajorAxis) + " and " + NumberText(spheroid.SemiMinorAxis) +
+  if (spheroid.semi_major_axis > 0.0 && spheroid.semi_minor_axis > 0.0) return;
+  throw Refusal("Nothing can be computed on the spheroid '" + spheroid.name + "': its axes are " +
+                NumberText(spheroid.semi_major_axis) + " and " + NumberText(spheroid.semi_minor_axis) +
                 " metres, and both must be above 0.");
 }
 
@@ -93,10 +93,10 @@ ChosenSpheroid FromCatalog(const std::string& text) {
   std::vector<NamedSpheroid> seen;
   for (const SpheroidList list : {SpheroidList::Custom, SpheroidList::Planets, SpheroidList::Earth}) {
     for (NamedSpheroid& spheroid : catalog->Spheroids(list)) {
-      const bool by_code = spheroid.Code != 0 && std::to_string(spheroid.Code) == Trim(text);
-      if (by_code || (!wanted.empty() && Essence(spheroid.Name) == wanted)) {
+      const bool by_code = spheroid.code != 0 && std::to_string(spheroid.code) == Trim(text);
+      if (by_code || (!wanted.empty() && Essence(spheroid.name) == wanted)) {
         CheckAxes(spheroid);
-        return {spheroid.Name, spheroid.SemiMajorAxis, spheroid.SemiMinorAxis};
+        return {spheroid.name, spheroid.semi_major_axis, spheroid.semi_minor_axis};
       }
       seen.push_back(std::move(spheroid));
     }
@@ -141,8 +141,8 @@ std::vector<std::string> NearSpheroidNames(const std::string& text, const std::v
   const std::string wanted = Essence(text);
   std::vector<Near> near;
   for (const NamedSpheroid& spheroid : spheroids) {
-    const std::optional<Remoteness> remoteness = RemotenessOf(wanted, spheroid.Name);
-    if (remoteness) near.push_back({*remoteness, &spheroid.Name});
+    const std::optional<Remoteness> remoteness = RemotenessOf(wanted, spheroid.name);
+    if (remoteness) near.push_back({*remoteness, &spheroid.name});
   }
   std::ranges::stable_sort(near, {}, &Near::remoteness);
   std::vector<std::string> names;

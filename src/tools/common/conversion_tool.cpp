@@ -12,14 +12,14 @@ using namespace MyGeneralOperations;
 
 ToolSpec SpecOf(const ConversionRow& row) {
   return {.name = row.words.name,
-          .title = row.run.Words.ReportTitle,
+          .title = row.run.words.report_title,
           .text = row.words.text,
           .takes = row.words.takes,
           .makes = row.words.makes,
           .class_name = row.command.class_name,
           .parameters = {SourceParameter(ShapesOf(row.dialog.layer_mask)), OutputParameter(), FieldsParameter(),
                          AllFieldsParameter()},
-          .reference = row.run.Kind == modCreateVertices::RunKind::Geographic ? ToolReference::Geographic
+          .reference = row.run.kind == modCreateVertices::RunKind::Geographic ? ToolReference::Geographic
                                                                               : ToolReference::Source,
           .spreads = true,
           .example = row.words.example};
@@ -28,7 +28,7 @@ ToolSpec SpecOf(const ConversionRow& row) {
 const ConversionTool* FindTool(std::int32_t option) {
   for (const Tool* tool : AllTools()) {
     const auto* conversion = dynamic_cast<const ConversionTool*>(tool);
-    if (conversion != nullptr && conversion->Row().run.ConversionOption == option) return conversion;
+    if (conversion != nullptr && conversion->Row().run.conversion_option == option) return conversion;
   }
   return nullptr;
 }
@@ -42,7 +42,7 @@ std::optional<Arguments> ConversionTool::Ask(const std::shared_ptr<IApplication>
   {
     frmLayerFields dialog;
     dialog.SetArcApplication(application);
-    dialog.SetConversionOption(row_.run.ConversionOption);
+    dialog.SetConversionOption(row_.run.conversion_option);
     dialog.ShowModal();
   }
   if (!extension->ShouldContinue) return std::nullopt;
@@ -102,7 +102,7 @@ ConversionTool::Prepared ConversionTool::Prepare(const Arguments& arguments,
 std::string ConversionTool::Run(RunContext& context, const Arguments& arguments,
                                 const std::shared_ptr<IApplication>& application) const {
   const Prepared prepared = Prepare(arguments, application);
-  const bool large = prepared.extension->AnalysisRecordCount > row_.run.ProgressThreshold;
+  const bool large = prepared.extension->AnalysisRecordCount > row_.run.progress_threshold;
   return modCreateVertices::RunConversion(context, row_.run, prepared.layer, prepared.fields, prepared.all_records,
                                           prepared.path, application, prepared.extension, large);
 }

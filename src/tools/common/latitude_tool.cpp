@@ -80,7 +80,7 @@ std::optional<Arguments> LatitudeTool::Ask(const std::shared_ptr<IApplication>& 
   {
     frmGeoCentric dialog;
     dialog.SetArcApplication(
-        GeoCentricInput::Make(application, extension, place.Directory, place.Kind, row_.dialog_caption, kInstruction));
+        GeoCentricInput::Make(application, extension, place.directory, place.kind, row_.dialog_caption, kInstruction));
     dialog.ShowModal();
   }
   if (!extension->ShouldContinue || !extension->frmGeoCentricReturn) return std::nullopt;

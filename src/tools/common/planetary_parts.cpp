@@ -58,9 +58,9 @@ std::string WordOf(std::int32_t wrap_option, const char* otherwise) {
 
 OutputChoice PlaceForDialog(clsExtension& extension, const std::shared_ptr<IApplication>& application) {
   const OutputChoice place = RememberedPlace(extension, application);
-  extension.IsFeatureDataset = place.IsFeatureDataset;
-  extension.FeatDatasetName = place.FeatureDatasetName;
-  extension.DirectoryType = DirectoryTypeText(place.Kind);
+  extension.IsFeatureDataset = place.is_feature_dataset;
+  extension.FeatDatasetName = place.feature_dataset_name;
+  extension.DirectoryType = DirectoryTypeText(place.kind);
   return place;
 }
 

@@ -66,7 +66,7 @@ class BrowseKindsTest : public testing::WindowsTest {
     OutputChoice choice{start.empty() ? folder.Path() : start, "Output.shp", kShapefile, false, ""};
     WhenModal([user](QWidget& window) { user(window); });
     if (!BrowseForOutput(choice.FullPath(), choice)) return "cancelled";
-    return DirectoryTypeText(choice.Kind) + "|" + choice.Directory + "|" + choice.Name;
+    return DirectoryTypeText(choice.kind) + "|" + choice.directory + "|" + choice.name;
   }
 
   void MakeGeoPackage(const char* name) const {

@@ -23,7 +23,7 @@ std::vector<NamedSpheroid> AllSpheroids() {
   for (const SpheroidList list : {SpheroidList::Custom, SpheroidList::Planets, SpheroidList::Earth}) {
     for (NamedSpheroid& spheroid : catalog->Spheroids(list)) {
       // Nothing can be computed on others.
-      if (spheroid.SemiMajorAxis > 0.0 && spheroid.SemiMinorAxis > 0.0) all.push_back(std::move(spheroid));
+      if (spheroid.semi_major_axis > 0.0 && spheroid.semi_minor_axis > 0.0) all.push_back(std::move(spheroid));
     }
   }
   return all;
@@ -32,7 +32,7 @@ std::vector<NamedSpheroid> AllSpheroids() {
 QStringList NamesOfSpheroids() {
   QStringList names{QLatin1String(kAsTheData)};
   for (const NamedSpheroid& spheroid : AllSpheroids()) {
-    const QString name = ToQt(spheroid.Name);
+    const QString name = ToQt(spheroid.name);
     if (!names.contains(name)) names << name;
   }
   return names;
@@ -140,7 +140,7 @@ std::vector<std::string> Texts(const QStringList& list) {
 
 ToolSpheroid SpheroidNamed(const QString& name) {
   for (const NamedSpheroid& spheroid : AllSpheroids()) {
-    if (ToQt(spheroid.Name) == name) return {spheroid.Name, spheroid.SemiMajorAxis, spheroid.SemiMinorAxis};
+    if (ToQt(spheroid.name) == name) return {spheroid.name, spheroid.semi_major_axis, spheroid.semi_minor_axis};
   }
   Raise(kInvalidCall, "There is no spheroid '" + FromQt(name) + "'.");
 }
