@@ -49,6 +49,7 @@ class FieldTransfer {
   [[nodiscard]] std::int32_t MeasureIndex(std::size_t measure) const { return measure_indexes_[measure]; }
   /// Copies the chosen attributes; a null stays null. Values that change on the way are counted.
   void CopyAttributes(const IRow& from, IRowBuffer& to, RunJournal& journal) const { copy_.Copy(from, to, journal); }
+  [[nodiscard]] const AttributeCopy& Attributes() const { return copy_; }
 
   /// The field lines of the report, as RTF.
   [[nodiscard]] std::string FieldReport() const;

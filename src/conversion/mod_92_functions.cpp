@@ -119,9 +119,7 @@ std::string CompletePolygons(RunJournal& journal, IFeatureClass& output, const F
       const FieldRef& area = output.Fields()->Field(transfer.MeasureIndex(0));
       NoteMeasureChange(journal, *area, feature->SetValue(transfer.MeasureIndex(0), polygon->Area()), oid);
       if (!labels) return;
-      if (const std::shared_ptr<IFeature> point = labels->Find(*polygon)) {
-        transfer.CopyAttributes(*point, *feature, journal);
-      } else {
+      if (!labels->Label(*polygon, *feature, journal)) {
         unlabelled += "  ** OID Value = " + std::to_string(oid) + "\\par\r\n";
       }
     }));
@@ -192,7 +190,8 @@ std::string BuildPolygons(RunContext& context, const BuildChoices& choices,
     }
     std::optional<LabelSearch> labels;
     if (choices.labels) {
-      labels.emplace(choices.labels, choices.all_labels, choices.first_label, output->SpatialReference());
+      labels.emplace(choices.labels, choices.all_labels, choices.first_label, output->SpatialReference(),
+                     transfer.Attributes());
     }
     facts.unlabelled = CompletePolygons(journal, *output, transfer, labels);
     journal.written = facts.output_count;

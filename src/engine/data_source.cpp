@@ -77,8 +77,9 @@ void AddOffers(OGRLayer& layer, std::vector<Offer>& offers) {
 
 class OgrDataSource final : public DataSource {
  public:
-  OgrDataSource(std::string path, std::string driver, std::vector<Offer> offers)
-      : path_(std::move(path)), driver_(std::move(driver)), offers_(std::move(offers)) {}
+  // `opened` is nothing where it isn't open for reading.
+  OgrDataSource(std::string path, std::string driver, std::vector<Offer> offers, DatasetHandle opened)
+      : path_(std::move(path)), driver_(std::move(driver)), offers_(std::move(offers)), opened_(std::move(opened)) {}
 
   [[nodiscard]] std::string DriverName() const override { return driver_; }
 
@@ -118,7 +119,9 @@ class OgrDataSource final : public DataSource {
 
  private:
   [[nodiscard]] std::shared_ptr<OgrSource> SourceOf(const Offer& offer) const {
-    return std::make_shared<OgrSource>(path_, offer.layer, offer.kind, offer.only_kind);
+    auto source = std::make_shared<OgrSource>(path_, offer.layer, offer.kind, offer.only_kind);
+    if (opened_ && changes_ == FileChanges()) source->TakeOver(std::move(opened_));
+    return source;
   }
 
   // A shapefile that was opened by itself was checked then.
@@ -161,6 +164,8 @@ class OgrDataSource final : public DataSource {
   std::string path_;
   std::string driver_;
   std::vector<Offer> offers_;
+  mutable DatasetHandle opened_;  // for the first source that is asked for
+  std::int64_t changes_ = FileChanges();
 };
 
 }  // namespace
@@ -169,10 +174,12 @@ std::shared_ptr<DataSource> DataSource::Open(const std::string& native_path, boo
   // A run may have died between the renames of its last step.
   if (!IsRemoteSource(native_path)) FinishInterrupted(native_path);
   if (EndsWithIgnoringCase(native_path, ".shp") && std::filesystem::exists(native_path)) CheckShapefile(native_path);
-  const DatasetHandle dataset = OpenDataset(native_path, update);
+  DatasetHandle dataset = OpenDataset(native_path, update);
   std::vector<Offer> offers;
   for (int index = 0; index < dataset->GetLayerCount(); ++index) AddOffers(*dataset->GetLayer(index), offers);
-  return std::make_shared<OgrDataSource>(native_path, dataset->GetDriverName(), std::move(offers));
+  const std::string driver = dataset->GetDriverName();
+  if (update) dataset.reset();
+  return std::make_shared<OgrDataSource>(native_path, driver, std::move(offers), std::move(dataset));
 }
 
 }  // namespace tessarine

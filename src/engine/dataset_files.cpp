@@ -70,23 +70,16 @@ DatasetHandle OpenIfReadable(const std::string& path) {
   }
 }
 
-void Collect(const std::string& path, const std::string& layer, int depth, DatasetFiles& found) {
-  AddFile(found, path);
-  if (depth > kDeepest) return;
-  const GdalErrorScope quiet;
-  const DatasetHandle dataset = OpenIfReadable(path);
-  if (!dataset) {
-    found.classes.push_back(layer);
-    return;
-  }
-  const std::string_view driver = dataset->GetDriverName();
+void CollectOpen(GDALDataset& dataset, const std::string& path, const std::string& layer, int depth,
+                 DatasetFiles& found) {
+  const std::string_view driver = dataset.GetDriverName();
   std::error_code error;
   if (driver == "OGR_VRT") {
     CollectVirtualFile(path, layer, depth, found);
     return;
   }
-  const bool only = layer.empty() && dataset->GetLayerCount() == 1;
-  found.classes.push_back(only ? dataset->GetLayer(0)->GetName() : layer);
+  const bool only = layer.empty() && dataset.GetLayerCount() == 1;
+  found.classes.push_back(only ? dataset.GetLayer(0)->GetName() : layer);
   if (driver == "ESRI Shapefile" && fs::is_directory(path, error)) {
     if (!layer.empty()) {
       AddShapefile(found, fs::path(path) / (layer + ".shp"));
@@ -95,8 +88,26 @@ void Collect(const std::string& path, const std::string& layer, int depth, Datas
   } else if (driver == "ESRI Shapefile") {
     AddShapefile(found, path);
   }
-  const CPLStringList listed(dataset->GetFileList());
+  const CPLStringList listed(dataset.GetFileList());
   for (int index = 0; index < listed.size(); ++index) AddFile(found, listed[index]);
+}
+
+void Collect(const std::string& path, const std::string& layer, int depth, DatasetFiles& found) {
+  AddFile(found, path);
+  if (depth > kDeepest) return;
+  const GdalErrorScope quiet;
+  if (const DatasetHandle dataset = OpenIfReadable(path)) {
+    CollectOpen(*dataset, path, layer, depth, found);
+  } else {
+    found.classes.push_back(layer);
+  }
+}
+
+DatasetFiles EachOnce(DatasetFiles found) {
+  std::ranges::sort(found.files);
+  const auto rest = std::ranges::unique(found.files);
+  found.files.erase(rest.begin(), rest.end());
+  return found;
 }
 
 }  // namespace
@@ -104,10 +115,15 @@ void Collect(const std::string& path, const std::string& layer, int depth, Datas
 DatasetFiles FilesOfLayer(const std::string& native_path, const std::string& layer) {
   DatasetFiles found;
   Collect(native_path, layer, 0, found);
-  std::ranges::sort(found.files);
-  const auto rest = std::ranges::unique(found.files);
-  found.files.erase(rest.begin(), rest.end());
-  return found;
+  return EachOnce(std::move(found));
+}
+
+DatasetFiles FilesOfLayer(GDALDataset& dataset, const std::string& native_path, const std::string& layer) {
+  DatasetFiles found;
+  AddFile(found, native_path);
+  const GdalErrorScope quiet;
+  CollectOpen(dataset, native_path, layer, 0, found);
+  return EachOnce(std::move(found));
 }
 
 }  // namespace tessarine::engine

@@ -2,6 +2,8 @@
 // The files that a layer is read from.
 #pragma once
 
+#include <gdal_priv.h>
+
 #include <string>
 
 #include "platform/data.h"
@@ -12,5 +14,7 @@ namespace tessarine::engine {
 /// its own files alone, a virtual file is what it is made of. A dataset that can't be opened is its path. Costs an
 /// opening.
 [[nodiscard]] DatasetFiles FilesOfLayer(const std::string& native_path, const std::string& layer);
+/// The same of one that is open for reading.
+[[nodiscard]] DatasetFiles FilesOfLayer(GDALDataset& dataset, const std::string& native_path, const std::string& layer);
 
 }  // namespace tessarine::engine

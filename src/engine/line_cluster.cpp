@@ -4,10 +4,9 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
-#include <optional>
 
 #include "engine/box_tree.h"
-#include "engine/geos_bridge.h"
+#include "engine/way_through.h"
 #include "platform/run_stop.h"
 
 namespace tessarine::engine {
@@ -16,58 +15,6 @@ namespace {
 // Leading lines through vertices may make new crossings, and these new places. Rounds beyond the first few happen
 // only where the tolerance is as large as the shapes themselves.
 constexpr int kMostRounds = 20;
-
-// The length of a vector, as a number to compare: the squares tell the order of most, the roots that of the rest.
-class Length {
- public:
-  explicit Length(XY vector) : vector_(vector), square_(vector.x * vector.x + vector.y * vector.y) {}
-
-  friend bool operator<(const Length& a, const Length& b) {
-    constexpr double kSure = 1.0 + 1e-14, kLeastSquare = 1e-290;
-    if (b.square_ > kLeastSquare && a.square_ * kSure < b.square_) return true;
-    if (a.square_ > kLeastSquare && b.square_ * kSure < a.square_) return false;
-    return a.Root() < b.Root();
-  }
-
- private:
-  [[nodiscard]] double Root() const { return std::hypot(vector_.x, vector_.y); }
-
-  XY vector_;
-  double square_;
-};
-
-Length LengthBetween(XY first, XY second) { return Length({first.x - second.x, first.y - second.y}); }
-
-// From a segment to a place.
-Length OffsetOf(XY from, XY to, XY place) {
-  const double dx = to.x - from.x, dy = to.y - from.y;
-  const double square = dx * dx + dy * dy;
-  if (square == 0.0) return LengthBetween(from, place);
-  const double along = std::clamp(((place.x - from.x) * dx + (place.y - from.y) * dy) / square, 0.0, 1.0);
-  return Length({from.x + along * dx - place.x, from.y + along * dy - place.y});
-}
-
-// A segment that is led through places which it passes within the tolerance.
-struct Led {
-  XY from, to;
-  double tolerance;
-
-  /// True where both ways that come of it are shorter than the segment. So segments only ever become shorter, and the
-  /// leading comes to an end also in triangles hardly larger than the tolerance, where every side passes the corner
-  /// across.
-  [[nodiscard]] bool LeadsThrough(XY place, const Length& offset) const {
-    if (place == from || place == to || Length({tolerance, 0.0}) < offset) return false;
-    const Length whole = LengthBetween(from, to);
-    return LengthBetween(from, place) < whole && LengthBetween(place, to) < whole;
-  }
-  /// What is led through lies within. Wide enough for the rounding of offsets: the tolerance is above it.
-  [[nodiscard]] Box Surroundings() const {
-    const double reach = 8.0 * tolerance;
-    const Box box = Box::Of(from, to);
-    return {box.xmin - reach, box.ymin - reach, box.xmax + reach, box.ymax + reach};
-  }
-  [[nodiscard]] bool LeadsThrough(XY place) const { return LeadsThrough(place, OffsetOf(from, to, place)); }
-};
 
 // Moves the vertices to their settled places. True when a line changed.
 bool SettleVertices(LineList& lines, PlaceCluster& cluster) {
@@ -125,51 +72,6 @@ std::vector<XY> DistinctVertices(const LineList& lines) {
   return vertices;
 }
 
-// A segment with the places that it is led through, and the nearest of them.
-struct Way {
-  XY from, to;
-  std::vector<XY> passed;
-  std::size_t nearest = 0;
-};
-
-Way WayThrough(const Led& led, const std::vector<XY>& candidates) {
-  Way way{led.from, led.to, {}};
-  std::optional<Length> least;
-  const Box near = led.Surroundings();
-  for (const XY candidate : candidates) {
-    if (!near.Meets(Box::Of(candidate))) continue;
-    const Length offset = OffsetOf(led.from, led.to, candidate);
-    if (!led.LeadsThrough(candidate, offset)) continue;
-    if (!least || offset < *least) {
-      way.nearest = way.passed.size();
-      least = offset;
-    }
-    way.passed.push_back(candidate);
-  }
-  return way;
-}
-
-// Appends the way from one place to another, without its start, through those of the candidates that it passes within
-// the tolerance. The nearest comes first, and the ways to and from it are looked at anew: a way through all of them at
-// once would run to and fro between candidates on both sides. Each way keeps only the places that are its own, so that
-// the memory is that of the candidates.
-void AppendWay(XY from, XY to, const std::vector<XY>& candidates, double tolerance, std::vector<XY>& line) {
-  std::vector<Way> open{WayThrough({from, to, tolerance}, candidates)};
-  while (!open.empty()) {
-    EndIfStopped();
-    Way way = std::move(open.back());
-    open.pop_back();
-    if (way.passed.empty()) {
-      line.push_back(way.to);
-      continue;
-    }
-    const XY nearest = way.passed[way.nearest];
-    std::erase(way.passed, nearest);
-    open.push_back(WayThrough({nearest, way.to, tolerance}, way.passed));
-    open.push_back(WayThrough({way.from, nearest, tolerance}, way.passed));
-  }
-}
-
 // A vertex that a segment passes.
 struct Passed {
   SegmentKey segment;
@@ -201,7 +103,7 @@ bool LeadThroughVertices(LineList& lines, double tolerance) {
       for (; next != passed.end() && next->segment == SegmentKey{number, start}; ++next) {
         candidates.push_back(next->vertex);
       }
-      AppendWay(old[start], old[start + 1], candidates, tolerance, line);
+      AppendWay({old[start], old[start + 1], tolerance}, candidates, line);
     }
     lines[number] = std::move(line);
   }

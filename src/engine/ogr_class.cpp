@@ -184,7 +184,14 @@ void OgrClass::MoveTo(std::shared_ptr<OgrSource> source) {
   ReadTraits();
 }
 
-DatasetFiles OgrClass::Files() const { return FilesOfLayer(source_->DataPath(), source_->LayerName()); }
+DatasetFiles OgrClass::Files() const {
+  const std::string& path = source_->DataPath();
+  const std::optional<LayerHandle> idle = source_->ReadIfIdle();
+  // A geodatabase may be open as the working copy of an edit.
+  if (idle && idle->Dataset().GetDescription() == path)
+    return FilesOfLayer(idle->Dataset(), path, source_->LayerName());
+  return FilesOfLayer(path, source_->LayerName());
+}
 
 std::int32_t OgrClass::FindField(std::string_view name) const { return Fields()->FindField(name); }
 

@@ -4,6 +4,7 @@
 #include <cpl_conv.h>
 #include <cpl_vsi_error.h>
 
+#include <atomic>
 #include <filesystem>
 #include <map>
 #include <mutex>
@@ -20,6 +21,8 @@ namespace tessarine::engine {
 namespace {
 
 namespace fs = std::filesystem;
+
+std::atomic<std::int64_t> g_changes = 0;
 
 // The parts of a shapefile, and the folder around it with its name as the layer's, stand for one and the same.
 std::string FileKey(const std::string& path, const std::string& layer) {
@@ -74,8 +77,15 @@ DatasetHandle OpenDataset(const std::string& native_path, bool update) {
 }
 
 void FileChanged(const std::string& native_path) {
-  ++SharedFileOf(native_path, "")->generation;
+  SharedFileOf(native_path, "")->Change();
   ForgetReadingWarnings(native_path);
+}
+
+std::int64_t FileChanges() { return g_changes; }
+
+void SharedFile::Change() {
+  ++generation;
+  ++g_changes;
 }
 
 namespace {
@@ -192,7 +202,10 @@ LayerHandle OgrSource::Open(bool update) {
   // Held by the data set from then on.
   const bool personal = update && IsPersonalGeodatabase(path_);
   const std::shared_ptr<PersonalEdit> personal_edit = personal ? PersonalEdit::Begin(path_) : nullptr;
-  DatasetHandle dataset = OpenDataset(data_path_, update);
+  return HandleOf(OpenDataset(data_path_, update), update, std::move(edit));
+}
+
+LayerHandle OgrSource::HandleOf(DatasetHandle dataset, bool update, std::shared_ptr<FileGdbEdit> edit) {
   OGRLayer* layer = dataset->GetLayerByName(layer_.c_str());
   if (layer == nullptr) RaiseEngineFault("'" + path_ + "' has no layer '" + layer_ + "' any more.");
   if (const char* why = layer->GetMetadataItem(kWhyUnreadable)) {
@@ -202,13 +215,19 @@ LayerHandle OgrSource::Open(bool update) {
 }
 
 LayerHandle OgrSource::Read() {
+  std::optional<LayerHandle> idle = ReadIfIdle();
+  return idle ? std::move(*idle) : Open(false);
+}
+
+std::optional<LayerHandle> OgrSource::ReadIfIdle() {
   if (idle_generation_ != file_->generation) idle_.clear();
-  if (idle_.empty()) return Open(false);
+  if (idle_.empty()) return std::nullopt;
   DatasetHandle dataset = std::move(idle_.back());
   idle_.pop_back();
-  OGRLayer* layer = dataset->GetLayerByName(layer_.c_str());
-  return {shared_from_this(), std::move(dataset), *layer, false, nullptr};
+  return HandleOf(std::move(dataset), false, nullptr);
 }
+
+void OgrSource::TakeOver(DatasetHandle dataset) { idle_.push_back(std::move(dataset)); }
 
 LayerHandle OgrSource::Write() {
   std::erase_if(file_->walks, [](const std::weak_ptr<RowWalk>& walk) { return walk.expired(); });
@@ -220,7 +239,7 @@ LayerHandle OgrSource::Write() {
 }
 
 void OgrSource::Renew() {
-  ++file_->generation;
+  file_->Change();
   idle_.clear();
 }
 

@@ -6,6 +6,7 @@
 #include <gdal_priv.h>
 #include <ogrsf_frmts.h>
 
+#include <cstdint>
 #include <deque>
 #include <memory>
 #include <optional>
@@ -34,6 +35,8 @@ void RegisterDrivers();
 
 /// Another file or folder stands at this path now: handles that were kept for reading are dropped.
 void FileChanged(const std::string& native_path);
+/// How often any file was changed by this program so far.
+[[nodiscard]] std::int64_t FileChanges();
 
 /// The walk of a reading handle over the rows of a database. One that is half done keeps everyone from writing, so it
 /// can take its rest into memory.
@@ -60,7 +63,8 @@ class RowWalk {
 /// What all sources share that stand on the same file.
 struct SharedFile {
   int generation = 0;  ///< grows whenever the file was written
-  int writers = 0;     ///< handles that write now
+  void Change();
+  int writers = 0;  ///< handles that write now
   std::vector<std::weak_ptr<RowWalk>> walks;
 };
 
@@ -84,6 +88,10 @@ class OgrSource : public std::enable_shared_from_this<OgrSource> {
 
   /// A handle for reading: an idle one, or a new one.
   [[nodiscard]] LayerHandle Read();
+  [[nodiscard]] std::optional<LayerHandle> ReadIfIdle();
+  /// Takes a data set that is open for reading and unchanged since, so that it isn't opened again: that may cost as
+  /// much as reading all rows.
+  void TakeOver(DatasetHandle dataset);
   /// A new handle for writing. Handles opened before don't see what it writes; they are dropped when it goes, those of
   /// other sources on the same file too.
   [[nodiscard]] LayerHandle Write();
@@ -93,6 +101,7 @@ class OgrSource : public std::enable_shared_from_this<OgrSource> {
  private:
   friend class LayerHandle;
   [[nodiscard]] LayerHandle Open(bool update);
+  [[nodiscard]] LayerHandle HandleOf(DatasetHandle dataset, bool update, std::shared_ptr<FileGdbEdit> edit);
 
   std::string path_, data_path_;
   std::string layer_;

@@ -28,10 +28,26 @@ AttributeCopy::AttributeCopy(const std::vector<std::int32_t>& from, const std::v
   }
 }
 
+void AttributeCopy::CopyValue(const Pair& pair, const Variant& value, std::int64_t oid, IRowBuffer& to,
+                              RunJournal& journal) {
+  const ValueChange change = to.SetValue(pair.to, value);
+  if (change != ValueChange::None) journal.NoteChange(pair.name, change, oid);
+}
+
 void AttributeCopy::Copy(const IRow& from, IRowBuffer& to, RunJournal& journal) const {
-  for (const Pair& pair : pairs_) {
-    const ValueChange change = to.SetValue(pair.to, from.Value(pair.from));
-    if (change != ValueChange::None) journal.NoteChange(pair.name, change, from.OID());
+  for (const Pair& pair : pairs_) CopyValue(pair, from.Value(pair.from), from.OID(), to, journal);
+}
+
+KeptAttributes AttributeCopy::Keep(const IRow& from) const {
+  KeptAttributes kept{from.OID(), {}};
+  kept.values.reserve(pairs_.size());
+  for (const Pair& pair : pairs_) kept.values.push_back(from.Value(pair.from));
+  return kept;
+}
+
+void AttributeCopy::Copy(const KeptAttributes& from, IRowBuffer& to, RunJournal& journal) const {
+  for (std::size_t index = 0; index < pairs_.size(); ++index) {
+    CopyValue(pairs_[index], from.values[index], from.oid, to, journal);
   }
 }
 

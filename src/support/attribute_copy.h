@@ -15,6 +15,12 @@ namespace tessarine {
 /// names its format gave them. Fault 5 when it has fewer.
 [[nodiscard]] std::vector<std::int32_t> LastAttributes(const Fields& fields, std::size_t count);
 
+/// Attributes without their row.
+struct KeptAttributes {
+  std::int64_t oid = 0;
+  std::vector<Variant> values;
+};
+
 /// Which attribute goes where.
 class AttributeCopy {
  public:
@@ -25,11 +31,17 @@ class AttributeCopy {
   /// Nulls stay null. Values that change on the way are counted.
   void Copy(const IRow& from, IRowBuffer& to, RunJournal& journal) const;
 
+  /// The attributes that are copied, for a copy when the row is gone. Raises the fault of one that can't be read.
+  [[nodiscard]] KeptAttributes Keep(const IRow& from) const;
+  void Copy(const KeptAttributes& from, IRowBuffer& to, RunJournal& journal) const;
+
  private:
   struct Pair {
     std::int32_t from, to;
     std::string name;
   };
+  static void CopyValue(const Pair& pair, const Variant& value, std::int64_t oid, IRowBuffer& to, RunJournal& journal);
+
   std::vector<Pair> pairs_;
 };
 
