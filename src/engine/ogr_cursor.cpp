@@ -152,12 +152,13 @@ void ReadingCursor::Close() { handle_.Close(); }
 InsertingCursor::InsertingCursor(std::shared_ptr<OgrClass> owner, LayerHandle handle)
     : owner_(std::move(owner)),
       handle_(std::move(handle)),
+      points_(ShapefilePoints::Open(*owner_->Source(), handle_->Layer())),
       grid_(GridOfClass(owner_->Source()->Path(), owner_->Source()->LayerName())),
-      transactions_(handle_.Layer().TestCapability(OLCTransactions) != 0) {}
+      transactions_(handle_->Layer().TestCapability(OLCTransactions) != 0) {}
 
 InsertingCursor::~InsertingCursor() {
   const GdalErrorScope quiet;
-  if (in_transaction_) (void)(handle_.Layer().CommitTransaction() == OGRERR_NONE);
+  if (in_transaction_) (void)(handle_->Layer().CommitTransaction() == OGRERR_NONE);
 }
 
 void InsertingCursor::UpdateFeature(const std::shared_ptr<IFeature>&) { RaiseWrongUse("update rows"); }
@@ -167,8 +168,7 @@ std::int64_t InsertingCursor::InsertRow(const IRowBuffer& buffer) {
   // Buffers are made by the class that they go into; the row is its own layout of it.
   auto* row = const_cast<OgrRow*>(dynamic_cast<const OgrRow*>(&buffer));
   if (row == nullptr) Raise(kTypeMismatch, "The buffer was not made by this feature class.");
-  OGRLayer& layer = handle_.Layer();
-  row->Rebind(*layer.GetLayerDefn());
+  row->Rebind(Definition());
   row->StoreShape();
   OGRFeature& feature = row->Feature();
   if (!keeps_identifiers_) feature.SetFID(OGRNullFID);
@@ -181,6 +181,12 @@ std::int64_t InsertingCursor::InsertRow(const IRowBuffer& buffer) {
     RequireOnGrid(*grid_, feature, owner_->Name());
     KeepValidOnGrid(*grid_, feature);
   }
+  if (points_) {
+    if (row->Exponents().empty() && points_->Append(feature)) return feature.GetFID();
+    LeaveRowsToGdal();
+    return InsertRow(buffer);
+  }
+  OGRLayer& layer = handle_->Layer();
   const GdalErrorScope errors;
   if (transactions_ && !in_transaction_) in_transaction_ = layer.StartTransaction() == OGRERR_NONE;
   exponents_.TakeOut(feature, row->Exponents());
@@ -198,9 +204,19 @@ void InsertingCursor::Flush() {
   if (since_commit_ >= kRowsPerCommit) Commit();
 }
 
+// Those from here on. Handles know what stood in the file when they were opened.
+void InsertingCursor::LeaveRowsToGdal() {
+  handle_->Close();
+  points_->Finish();
+  points_.reset();
+  handle_.emplace(owner_->Source()->Write());
+}
+
 void InsertingCursor::Close() {
   Commit();
-  handle_.Close();
+  handle_->Close();
+  if (points_) points_->Finish();
+  points_.reset();
   exponents_.Write(*owner_->Source());
 }
 
@@ -210,9 +226,9 @@ void InsertingCursor::Commit() {
   OGRErr result = OGRERR_NONE;
   if (in_transaction_) {
     in_transaction_ = false;
-    result = handle_.Layer().CommitTransaction();
+    result = handle_->Layer().CommitTransaction();
   } else {
-    result = handle_.Layer().SyncToDisk();
+    result = handle_->Layer().SyncToDisk();
   }
   if (result != OGRERR_NONE || errors.Failed()) {
     RaiseEngineFault("Rows can't be written to '" + owner_->Source()->Path() + "'" + errors.Quote() +

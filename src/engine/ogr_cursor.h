@@ -12,6 +12,7 @@
 #include "engine/filegdb_grid.h"
 #include "engine/ogr_class.h"
 #include "engine/reading_warnings.h"
+#include "engine/shapefile_points.h"
 
 namespace tessarine::engine {
 
@@ -108,15 +109,20 @@ class InsertingCursor final : public IFeatureCursor {
   void Close() override;
 
   /// From here on rows keep the identifiers that they come with.
-  void KeepIdentifiers() { keeps_identifiers_ = true; }
+  void KeepIdentifiers() {
+    keeps_identifiers_ = true;
+    points_.reset();
+  }
   /// The layout that rows are written in.
-  [[nodiscard]] OGRFeatureDefn& Definition() { return *handle_.Layer().GetLayerDefn(); }
+  [[nodiscard]] OGRFeatureDefn& Definition() { return *handle_->Layer().GetLayerDefn(); }
 
  private:
+  void LeaveRowsToGdal();
   void Commit();
 
   std::shared_ptr<OgrClass> owner_;
-  LayerHandle handle_;
+  std::optional<LayerHandle> handle_;
+  std::unique_ptr<ShapefilePoints> points_;  ///< as long as rows go past GDAL
   bool keeps_identifiers_ = false;
   std::optional<GdbGrid> grid_;  ///< of a class of a file geodatabase
   bool transactions_;
