@@ -9,6 +9,7 @@
 #include "engine/filegdb_indexes.h"
 #include "engine/filegdb_table.h"
 #include "engine/ogr_source.h"
+#include "engine/sql.h"
 #include "platform/text_formats.h"
 
 namespace tessarine::engine {
@@ -39,8 +40,8 @@ std::string FileName(const std::string& path) { return fs::path(path).filename()
 void MakeIndex(const std::string& folder, const std::string& table, const GdbIndex& index) {
   const GdalErrorScope errors;
   const DatasetHandle dataset = OpenDatasetAt(folder, true);
-  const std::string sql = "CREATE INDEX " + index.name + " ON " + table + "(" + index.expression + ")";
-  dataset->ReleaseResultSet(dataset->ExecuteSQL(sql.c_str(), nullptr, nullptr));
+  // The driver takes names as they stand here, without quotes.
+  RunSql(*dataset, "CREATE INDEX " + index.name + " ON " + table + "(" + index.expression + ")");
 }
 
 // What an index is made of; nothing where the column isn't there.

@@ -11,25 +11,22 @@
 
 #include "engine/attribute_update.h"
 #include "engine/engine_fault.h"
+#include "engine/sql.h"
 #include "engine/sqlite_connection.h"
 #include "outputs/way_out.h"
-#include "platform/text_formats.h"
 
 namespace tessarine::engine {
 namespace {
 
 using Statement = SqliteStatement;
 
-std::string Identifier(const std::string& name) { return "\"" + Replace(name, "\"", "\"\"") + "\""; }
-std::string Literal(const std::string& text) { return "'" + Replace(text, "'", "''") + "'"; }
-
 class GeoPackageUpdate final : public AttributeUpdate {
  public:
   GeoPackageUpdate(sqlite3* connection, OGRLayer& layer)
-      : connection_(connection), table_(layer.GetName()), key_(Identifier(layer.GetFIDColumn())) {
+      : connection_(connection), table_(layer.GetName()), key_(SqlName(layer.GetFIDColumn())) {
     const OGRFeatureDefn& definition = *layer.GetLayerDefn();
     for (int index = 0; index < definition.GetFieldCount(); ++index) {
-      columns_.push_back(Identifier(definition.GetFieldDefn(index)->GetNameRef()));
+      columns_.push_back(SqlName(definition.GetFieldDefn(index)->GetNameRef()));
     }
   }
 
@@ -53,7 +50,7 @@ class GeoPackageUpdate final : public AttributeUpdate {
     Run(
         *Prepared("UPDATE gpkg_contents SET last_change = strftime('%Y-%m-%dT%H:%M:%fZ', 'now') WHERE "
                   "lower(table_name) = lower(" +
-                  Literal(table_) + ")"));
+                  SqlText(table_) + ")"));
   }
 
  private:
@@ -62,7 +59,7 @@ class GeoPackageUpdate final : public AttributeUpdate {
   }
 
   void PrepareFor(std::span<const int> attributes) {
-    std::string sql = "UPDATE " + Identifier(table_) + " SET ";
+    std::string sql = "UPDATE " + SqlName(table_) + " SET ";
     for (const int index : attributes) sql += columns_[static_cast<std::size_t>(index)] + " = ?, ";
     sql.resize(sql.size() - 2);
     update_ = Prepared(sql + " WHERE " + key_ + " = ?");

@@ -19,6 +19,7 @@
 #include "engine/ogr_geometry.h"
 #include "engine/personal_geodatabase_edit.h"
 #include "engine/shapefile_lock.h"
+#include "engine/sql.h"
 #include "engine/srs_from_gdal.h"
 #include "engine/workspace_common.h"
 #include "outputs/way_out.h"
@@ -135,19 +136,11 @@ void KeepSpelling(const std::string& driver, const LayerHandle& handle, const OG
   const OGRFeatureDefn& made = *layer.GetLayerDefn();
   const std::string name = made.GetFieldDefn(made.GetFieldCount() - 1)->GetNameRef();
   if (name == wished.GetNameRef() || !EqualsIgnoringCase(name, wished.GetNameRef())) return;
-  const auto marked = [](const std::string& text) { return '"' + Replace(text, "\"", "\"\"") + '"'; };
-  const std::string layer_name = layer.GetName();
-  const std::size_t point = driver == "PostgreSQL" ? layer_name.find('.') : std::string::npos;
-  const std::string table = point == std::string::npos
-                                ? marked(layer_name)
-                                : marked(layer_name.substr(0, point)) + "." + marked(layer_name.substr(point + 1));
-  const std::string statement =
-      "ALTER TABLE " + table + " RENAME COLUMN " + marked(name) + " TO " + marked(wished.GetNameRef());
-  // It is there under the other name else.
+  const std::string table = driver == "PostgreSQL" ? SqlTable(layer.GetName()) : SqlName(layer.GetName());
+  // Where it can't be renamed, the column stands under the driver's spelling.
   const GdalErrorScope quiet;
-  if (OGRLayer* answer = handle.Dataset().ExecuteSQL(statement.c_str(), nullptr, nullptr)) {
-    handle.Dataset().ReleaseResultSet(answer);
-  }
+  RunSql(handle.Dataset(),
+         "ALTER TABLE " + table + " RENAME COLUMN " + SqlName(name) + " TO " + SqlName(wished.GetNameRef()));
 }
 
 }  // namespace

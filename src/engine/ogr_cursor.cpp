@@ -6,8 +6,8 @@
 #include "engine/engine_fault.h"
 #include "engine/filegdb_polygons.h"
 #include "engine/ogr_geometry.h"
+#include "engine/sql.h"
 #include "outputs/way_out.h"
-#include "platform/text_formats.h"
 
 namespace tessarine::engine {
 namespace {
@@ -28,12 +28,8 @@ std::vector<std::string> IgnoredFields(OGRLayer& layer, const std::string& wante
 
 // A database looks at a condition only when rows are read.
 bool CompilesInDatabase(const LayerHandle& handle, const std::string& condition) {
-  const std::string table = Replace(handle.Layer().GetName(), "\"", "\"\"");
-  const std::string sql = "EXPLAIN SELECT 1 FROM \"" + table + "\" WHERE " + condition;
-  OGRLayer* plan = handle.Dataset().ExecuteSQL(sql.c_str(), nullptr, nullptr);
-  if (plan == nullptr) return false;
-  handle.Dataset().ReleaseResultSet(plan);
-  return true;
+  return AskSql(handle.Dataset(),
+                "EXPLAIN SELECT 1 FROM " + SqlName(handle.Layer().GetName()) + " WHERE " + condition) != nullptr;
 }
 
 [[noreturn]] void RaiseWrongUse(const char* what) {

@@ -14,9 +14,9 @@
 
 #include "engine/engine_fault.h"
 #include "engine/ogr_source.h"
+#include "engine/sql.h"
 #include "engine/sqlite_connection.h"
 #include "outputs/way_out.h"
-#include "platform/text_formats.h"
 
 namespace tessarine::engine {
 namespace {
@@ -90,9 +90,9 @@ class IndexTables {
 
   // The boxes of all shapes.
   [[nodiscard]] std::vector<Cell> ReadCells(const std::string& key) const {
-    const std::string shape = Marked(column_);
-    const SqliteStatement rows = Prepare("SELECT " + Marked(key) + ", ST_MinX(" + shape + "), ST_MaxX(" + shape +
-                                         "), ST_MinY(" + shape + "), ST_MaxY(" + shape + ") FROM " + Marked(layer_) +
+    const std::string shape = SqlName(column_);
+    const SqliteStatement rows = Prepare("SELECT " + SqlName(key) + ", ST_MinX(" + shape + "), ST_MaxX(" + shape +
+                                         "), ST_MinY(" + shape + "), ST_MaxY(" + shape + ") FROM " + SqlName(layer_) +
                                          " WHERE " + shape + " NOT NULL AND NOT ST_IsEmpty(" + shape + ")");
     std::vector<Cell> cells;
     int state = SQLITE_ROW;
@@ -111,8 +111,8 @@ class IndexTables {
     const std::size_t size = NodeSize();
     const std::size_t room = size > kHead ? (size - kHead) / kCell : 0;
     if (room < 2) RaiseEngineFault("The index of '" + layer_ + "' has nodes of an unknown kind.");
-    put_node_ = Prepare("INSERT OR REPLACE INTO " + Marked(name_ + "_node") + " VALUES (?, ?)");
-    put_parent_ = Prepare("INSERT INTO " + Marked(name_ + "_parent") + " VALUES (?, ?)");
+    put_node_ = Prepare("INSERT OR REPLACE INTO " + SqlName(name_ + "_node") + " VALUES (?, ?)");
+    put_parent_ = Prepare("INSERT INTO " + SqlName(name_ + "_parent") + " VALUES (?, ?)");
     std::vector<std::pair<std::int64_t, std::int64_t>> leaves;  // of the rows
     leaves.reserve(cells.size());
     std::uint16_t depth = 0;
@@ -134,7 +134,7 @@ class IndexTables {
       cells = std::move(above);
     }
     std::ranges::sort(leaves);
-    const SqliteStatement put_row = Prepare("INSERT INTO " + Marked(name_ + "_rowid") + " VALUES (?, ?)");
+    const SqliteStatement put_row = Prepare("INSERT INTO " + SqlName(name_ + "_rowid") + " VALUES (?, ?)");
     for (const auto& [row, leaf] : leaves) Put(*put_row, row, leaf);
   }
 
@@ -143,8 +143,6 @@ class IndexTables {
   }
 
  private:
-  static std::string Marked(const std::string& name) { return '"' + Replace(name, "\"", "\"\"") + '"'; }
-
   [[noreturn]] void Fail() const {
     RaiseEngineFault("The layer '" + layer_ + "' can't be indexed (SQLite says: " + sqlite3_errmsg(&connection_) +
                      ").");
@@ -157,7 +155,7 @@ class IndexTables {
   }
 
   [[nodiscard]] std::size_t NodeSize() const {
-    const SqliteStatement root = Prepare("SELECT length(data) FROM " + Marked(name_ + "_node") + " WHERE nodeno = 1");
+    const SqliteStatement root = Prepare("SELECT length(data) FROM " + SqlName(name_ + "_node") + " WHERE nodeno = 1");
     if (sqlite3_step(root.get()) != SQLITE_ROW) Fail();
     return static_cast<std::size_t>(sqlite3_column_int64(root.get(), 0));
   }
@@ -200,9 +198,7 @@ void AlwaysTrue(sqlite3_context* context, int, sqlite3_value**) { sqlite3_result
 
 // GDAL writes the table, its entry among the extensions and its triggers.
 void MakeIndex(GDALDataset& dataset, const std::string& layer, const std::string& column) {
-  const auto quoted = [](const std::string& name) { return "'" + Replace(name, "'", "''") + "'"; };
-  const std::string query = "SELECT CreateSpatialIndex(" + quoted(layer) + ", " + quoted(column) + ")";
-  if (OGRLayer* answer = dataset.ExecuteSQL(query.c_str(), nullptr, nullptr)) dataset.ReleaseResultSet(answer);
+  RunSql(dataset, "SELECT CreateSpatialIndex(" + SqlText(layer) + ", " + SqlText(column) + ")");
 }
 
 }  // namespace

@@ -1,36 +1,15 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "engine/server_table.h"
 
-#include <ogrsf_frmts.h>
-
 #include "engine/engine_fault.h"
+#include "engine/sql.h"
 #include "platform/text_formats.h"
 
 namespace tessarine::engine {
 namespace {
 
-// A name between marks: those of a schema and of its table each by itself.
-std::string MarkedName(const std::string& name) {
-  const std::size_t point = name.find('.');
-  if (point != std::string::npos) return MarkedName(name.substr(0, point)) + "." + MarkedName(name.substr(point + 1));
-  return '"' + Replace(name, "\"", "\"\"") + '"';
-}
-
 // The table as a value of a query.
-std::string ClassOf(const std::string& table) { return "to_regclass('" + Replace(MarkedName(table), "'", "''") + "')"; }
-
-std::vector<std::string> TextsOf(GDALDataset& dataset, const std::string& query) {
-  std::vector<std::string> texts;
-  OGRLayer* const found = dataset.ExecuteSQL(query.c_str(), nullptr, nullptr);
-  if (found == nullptr) return texts;
-  for (const auto& row : *found) texts.emplace_back(row->GetFieldAsString(0));
-  dataset.ReleaseResultSet(found);
-  return texts;
-}
-
-void Execute(GDALDataset& dataset, const std::string& statement) {
-  if (OGRLayer* answer = dataset.ExecuteSQL(statement.c_str(), nullptr, nullptr)) dataset.ReleaseResultSet(answer);
-}
+std::string ClassOf(const std::string& table) { return "to_regclass(" + SqlText(SqlTable(table)) + ")"; }
 
 // Queries of the statements that give a table again what it has, in the order in which they are to run. $ stands for
 // the table. The library makes key and index of shapes itself.
@@ -69,7 +48,7 @@ std::string DependentsOf(GDALDataset& dataset, const std::string& table) {
       "WHERE d.refclassid = 'pg_class'::regclass AND d.refobjid = " +
       own + " AND coalesce(r.ev_class, c.conrelid) <> d.refobjid ORDER BY 1";
   std::string names;
-  for (const std::string& name : TextsOf(dataset, query)) names += (names.empty() ? "" : ", ") + name;
+  for (const std::string& name : AskSqlTexts(dataset, query)) names += (names.empty() ? "" : ", ") + name;
   return names;
 }
 
@@ -78,7 +57,7 @@ TableBelongings::TableBelongings(GDALDataset& dataset, std::string table) : tabl
   const std::string own = ClassOf(table_);
   std::string policies;
   for (const std::string& name :
-       TextsOf(dataset, "SELECT quote_ident(polname) FROM pg_policy WHERE polrelid = " + own + " ORDER BY 1")) {
+       AskSqlTexts(dataset, "SELECT quote_ident(polname) FROM pg_policy WHERE polrelid = " + own + " ORDER BY 1")) {
     policies += (policies.empty() ? "" : ", ") + name;
   }
   if (!policies.empty()) {
@@ -86,7 +65,7 @@ TableBelongings::TableBelongings(GDALDataset& dataset, std::string table) : tabl
                      policies + ". Drop them first, or name another table.");
   }
   for (const char* query : kBelongings) {
-    for (std::string& statement : TextsOf(dataset, Replace(query, "$", own))) {
+    for (std::string& statement : AskSqlTexts(dataset, Replace(query, "$", own))) {
       statements_.push_back(std::move(statement));
     }
   }
@@ -98,15 +77,15 @@ TableBelongings::TableBelongings(GDALDataset& dataset, std::string table) : tabl
 void TableBelongings::PutAgain(GDALDataset& dataset, RunJournal& notes) const {
   for (const std::string& statement : statements_) {
     GdalErrorScope errors;
-    Execute(dataset, "SAVEPOINT belonging");
-    Execute(dataset, statement);
+    RunSql(dataset, "SAVEPOINT belonging");
+    RunSql(dataset, statement);
     if (errors.Failed()) {
       const std::string quote = errors.Quote();
-      Execute(dataset, "ROLLBACK TO SAVEPOINT belonging");
+      RunSql(dataset, "ROLLBACK TO SAVEPOINT belonging");
       notes.warnings.push_back(
           {"The table '" + table_ + "' had this, which the new one can't take" + quote + ": " + statement, 0, {}});
     }
-    Execute(dataset, "RELEASE SAVEPOINT belonging");
+    RunSql(dataset, "RELEASE SAVEPOINT belonging");
   }
 }
 

@@ -1,21 +1,18 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "engine/sqlite_connection.h"
 
-#include <ogrsf_frmts.h>
-
-#include <string_view>
+#include <string>
+#include <vector>
 
 #include "engine/engine_fault.h"
+#include "engine/sql.h"
 
 namespace tessarine::engine {
 
 sqlite3* ConnectionOf(GDALDataset& dataset) {
   const GdalErrorScope quiet;
-  OGRLayer* answer = dataset.ExecuteSQL("SELECT sqlite_source_id()", nullptr, nullptr);
-  if (answer == nullptr) return nullptr;
-  const OGRFeatureUniquePtr row(answer->GetNextFeature());
-  const bool same = row && std::string_view(row->GetFieldAsString(0)) == sqlite3_sourceid();
-  dataset.ReleaseResultSet(answer);
+  const std::vector<std::string> version = AskSqlTexts(dataset, "SELECT sqlite_source_id()");
+  const bool same = !version.empty() && version.front() == sqlite3_sourceid();
   return same ? static_cast<sqlite3*>(dataset.GetInternalHandle("SQLITE_HANDLE")) : nullptr;
 }
 
