@@ -5,11 +5,6 @@
 
 namespace tessarine::engine {
 
-CopyFacts::~CopyFacts() {
-  std::error_code error;
-  if (!scratch.empty()) std::filesystem::remove_all(scratch, error);
-}
-
 void RequireAllRows(const CopyFacts& facts, std::int64_t held) {
   if (held == facts.rows) return;
   if (held > facts.rows) {

@@ -3,7 +3,6 @@
 #pragma once
 
 #include <cstdint>
-#include <filesystem>
 #include <memory>
 #include <optional>
 #include <string>
@@ -11,6 +10,7 @@
 
 #include "engine/engine_fault.h"
 #include "engine/staged_class.h"
+#include "outputs/scratch_folder.h"
 #include "platform/run_journal.h"
 
 namespace tessarine::engine {
@@ -18,9 +18,6 @@ namespace tessarine::engine {
 /// What is known of a copy besides its rows.
 struct CopyFacts {
   CopyFacts() = default;
-  CopyFacts(const CopyFacts&) = delete;
-  CopyFacts& operator=(const CopyFacts&) = delete;
-  ~CopyFacts();
 
   std::string full_name;  ///< a backslash path, of the place that the user named
   RunJournal notes;
@@ -29,7 +26,7 @@ struct CopyFacts {
   std::int64_t rows = 0;                     ///< that it must hold
   std::string layer;                         ///< as a file of its own calls it, once it is whole
   std::optional<std::int32_t> planned_rows;  ///< of a copy that is only planned: the source's
-  std::filesystem::path scratch;             ///< the folder of such a one, which goes with it
+  std::optional<ScratchFolder> scratch;      ///< the folder of such a one, which goes with it
 };
 
 /// Fault where the copy doesn't hold all its rows.

@@ -5,8 +5,6 @@
 // target; when it is published, its records are written in the format of the target.
 #include "outputs/format_workspace.h"
 
-#include <unistd.h>
-
 #include <algorithm>
 #include <filesystem>
 #include <set>
@@ -19,6 +17,7 @@
 #include "engine/layer_copy.h"
 #include "engine/staged_class.h"
 #include "engine/workspace_common.h"
+#include "outputs/scratch_folder.h"
 #include "platform/paths.h"
 #include "platform/text_formats.h"
 
@@ -149,15 +148,10 @@ class FormatWorkspace final : public IFeatureWorkspace, public IClassPlanner {
 
   [[nodiscard]] PlannedClass PlanClass(const std::string& name, const FieldsRef& fields,
                                        const std::string& shape_field) override {
-    std::string folder = (fs::temp_directory_path() / "tessarine-plan-XXXXXX").string();
-    if (mkdtemp(folder.data()) == nullptr) RaiseEngineFault("No folder can be made in '" + folder + "'.");
-    const auto remove = [](const std::string* path) {
-      std::error_code error;
-      fs::remove_all(*path, error);
-    };
-    const std::unique_ptr<const std::string, decltype(remove)> scratch(&folder, remove);
-    const fs::path target = fs::path(folder) / TargetOf(name).filename();
-    FormatWorkspace beside(format_, format_.server ? place_ : format_.container ? target.string() : folder);
+    const ScratchFolder scratch("plan");
+    const fs::path target = scratch.Path() / TargetOf(name).filename();
+    const fs::path& place = format_.container ? target : scratch.Path();
+    FormatWorkspace beside(format_, format_.server ? place_ : place.string());
     beside.shown_place_ = place_;
     // On a server the layer of the name may stand already; nothing of the plan stays there.
     beside.AllowReplacing(name);

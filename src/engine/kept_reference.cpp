@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "engine/kept_reference.h"
 
-#include <unistd.h>
-
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -14,6 +12,7 @@
 #include "engine/engine_fault.h"
 #include "engine/target_reference.h"
 #include "outputs/foretold_reference.h"
+#include "outputs/scratch_folder.h"
 #include "platform/text_formats.h"
 
 namespace tessarine::engine {
@@ -36,25 +35,12 @@ OgrReference EastFirst(const OGRSpatialReference& reference) {
   return own;
 }
 
-bool IsSame(const OGRSpatialReference& first, const OGRSpatialReference& second) {
-  const char* const equivalent[] = {"CRITERION=EQUIVALENT", "IGNORE_DATA_AXIS_TO_SRS_AXIS_MAPPING=YES", nullptr};
-  return first.IsSame(&second, equivalent) != 0;
-}
-
 // " 'ETRS89'", or words for one that has no name of its own.
 std::string ShownName(const OGRSpatialReference& reference, const char* nameless_words) {
   const char* name = reference.GetName();
   const bool nameless =
       name == nullptr || *name == '\0' || EqualsIgnoringCase(name, "unknown") || EqualsIgnoringCase(name, "unnamed");
   return nameless ? nameless_words : " '" + std::string(name) + "'";
-}
-
-OgrReference Wgs84() {
-  constexpr int kWgs84 = 4326;
-  OgrReference reference(new OGRSpatialReference());
-  reference->importFromEPSG(kWgs84);
-  reference->SetAxisMappingStrategy(OAMS_TRADITIONAL_GIS_ORDER);
-  return reference;
 }
 
 // Degrees on the datum of the reference, from Greenwich.
@@ -189,33 +175,6 @@ OgrReference Nameless(const OGRSpatialReference& reference) {
   return told ? std::move(nameless) : nullptr;
 }
 
-std::string OlderText(const OGRSpatialReference& reference) {
-  char* text = nullptr;
-  const char* const options[] = {"FORMAT=WKT1_GDAL", nullptr};
-  const bool told = reference.exportToWkt(&text, options) == OGRERR_NONE && text != nullptr;
-  std::string result = told ? text : "";
-  CPLFree(text);
-  return result;
-}
-
-/// A folder that goes away with what is in it.
-class Scratch {
- public:
-  Scratch() : folder_((fs::temp_directory_path() / "tessarine-try-XXXXXX").string()) {
-    if (mkdtemp(folder_.data()) == nullptr) RaiseEngineFault("No folder can be made in '" + folder_ + "'.");
-  }
-  ~Scratch() {
-    std::error_code error;
-    fs::remove_all(folder_, error);
-  }
-  Scratch(const Scratch&) = delete;
-  Scratch& operator=(const Scratch&) = delete;
-  [[nodiscard]] fs::path Path() const { return folder_; }
-
- private:
-  std::string folder_;
-};
-
 // A class with one point in it: some formats keep the reference with their shapes.
 void WriteOne(const Format& format, const fs::path& path, const OGRSpatialReference& reference,
               const Envelope& extent) {
@@ -239,7 +198,7 @@ std::string ReferenceLoss(const OGRSpatialReference* meant, const OGRSpatialRefe
   const std::string subject = "The spatial reference" + ShownName(*meant, "");
   if (read == nullptr || read->IsEmpty()) return subject + " is left out: the format has no words for it.";
   const OgrReference own = EastFirst(*meant), other = EastFirst(*read);
-  if (IsSame(*own, *other)) return "";
+  if (AreEquivalent(*own, *other)) return "";
   const bool same_kind = own->IsProjected() == other->IsProjected() && own->IsGeographic() == other->IsGeographic();
   const OwnDegrees first(*own), second(*other);
   const std::string as = " isn't kept, the format has no words for it: readers take the file's for" +
@@ -271,7 +230,7 @@ OgrReference WordedFor(const Format& format, const OGRSpatialReference* referenc
 void KeepBesideShapefile(const fs::path& shapefile, const OGRSpatialReference* reference, const Envelope& extent) {
   if (reference == nullptr || reference->IsEmpty()) return;
   if (ReferenceLoss(reference, ReadBack(shapefile).get(), extent).empty()) return;
-  const std::string text = OlderText(*reference);
+  const std::string text = WellKnownText(*reference, WktForm::Gdal);
   OgrReference kept(new OGRSpatialReference());
   const GdalErrorScope quiet;
   if (text.empty() || kept->importFromWkt(text.c_str()) != OGRERR_NONE) return;
@@ -288,7 +247,7 @@ std::vector<std::string> TryReference(const Format& format, const OGRSpatialRefe
   const bool tells_itself = format.degrees || format.without_reference || format.server || format.driver.empty();
   if (tells_itself || reference == nullptr || reference->IsEmpty()) return {};
   const GdalErrorScope quiet;
-  const Scratch scratch;
+  const ScratchFolder scratch("try");
   const fs::path path = scratch.Path() / ("try" + std::string(format.ending));
   try {
     WriteOne(format, path, *WordedFor(format, reference, extent), extent);

@@ -119,13 +119,10 @@ class Copier {
 
   // A copy that is only planned is made where nobody looks.
   void MoveToScratch() {
-    std::string folder = (fs::temp_directory_path() / "tessarine-plan-XXXXXX").string();
-    if (mkdtemp(folder.data()) == nullptr) RaiseEngineFault("No folder can be made in '" + folder + "'.");
-    facts_->scratch = folder;
+    const fs::path folder = facts_->scratch.emplace("plan").Path();
     place_.dataset.clear();
     if (format_.server) return;
-    place_.container =
-        place_.InContainer() ? (fs::path(folder) / fs::path(place_.container).filename()).string() : folder;
+    place_.container = (place_.InContainer() ? folder / fs::path(place_.container).filename() : folder).string();
   }
 
   [[nodiscard]] fs::path TargetFile() const { return place_.InContainer() ? place_.container : place_.NativePath(); }

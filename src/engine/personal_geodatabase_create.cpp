@@ -8,6 +8,7 @@
 #include "engine/personal_geodatabase_kinds.h"
 #include "engine/personal_geodatabase_tables.h"
 #include "engine/personal_geodatabase_values.h"
+#include "engine/srs_from_gdal.h"
 #include "platform/text_formats.h"
 
 namespace tessarine::engine {
@@ -210,15 +211,12 @@ namespace {
 std::string TextOf(const OGRSpatialReference& reference) {
   CPLPushErrorHandler(CPLQuietErrorHandler);
   std::string found;
-  for (const char* format : {"FORMAT=WKT1_ESRI", "FORMAT=WKT1_GDAL", "FORMAT=WKT2_2019"}) {
-    const char* const options[] = {format, nullptr};
-    char* text = nullptr;
+  for (const WktForm form : {WktForm::Esri, WktForm::Gdal, WktForm::Iso}) {
+    std::string text = WellKnownText(reference, form);
     OGRSpatialReference again;
-    const bool told = reference.exportToWkt(&text, options) == OGRERR_NONE && text != nullptr && *text != '\0' &&
-                      again.importFromWkt(text) == OGRERR_NONE;
-    if (told) found = text;
-    CPLFree(text);
-    if (told) break;
+    if (text.empty() || again.importFromWkt(text.c_str()) != OGRERR_NONE) continue;
+    found = std::move(text);
+    break;
   }
   CPLPopErrorHandler();
   return found.empty() ? kUnknownReference : found;

@@ -39,12 +39,7 @@ bool IsUndefined(const OGRSpatialReference& reference) {
 }
 
 std::string WktOf(const OGRSpatialReference& reference) {
-  char* text = nullptr;
-  const char* const options[] = {"FORMAT=WKT2_2018", nullptr};
-  reference.exportToWkt(&text, options);
-  std::string wkt = text != nullptr ? text : "";
-  CPLFree(text);
-  return wkt;
+  return engine::WellKnownText(reference, engine::WktForm::Iso);
 }
 
 std::int32_t CodeOf(const OGRSpatialReference& reference) {
@@ -148,17 +143,14 @@ bool IsTakenForAnother(const OGRSpatialReference& reference) {
   const OgrReference guessed(reference.Clone());
   if (guessed->AutoIdentifyEPSG() != OGRERR_NONE || guessed->GetAuthorityCode(nullptr) == nullptr) return false;
   const OgrReference declared = NewOgrReference();
-  const char* const equivalent[] = {"CRITERION=EQUIVALENT", "IGNORE_DATA_AXIS_TO_SRS_AXIS_MAPPING=YES", nullptr};
   return declared->importFromEPSG(std::atoi(guessed->GetAuthorityCode(nullptr))) != OGRERR_NONE ||
-         declared->IsSame(&reference, equivalent) == 0;
+         !engine::AreEquivalent(*declared, reference);
 }
 
 // From the older form of the text the drivers take no code for it.
 void KeepFromBeingTaken(OGRSpatialReference& reference) {
-  char* text = nullptr;
-  const char* const options[] = {"FORMAT=WKT1_GDAL", nullptr};
-  if (reference.exportToWkt(&text, options) == OGRERR_NONE && text != nullptr) reference.importFromWkt(text);
-  CPLFree(text);
+  const std::string text = engine::WellKnownText(reference, engine::WktForm::Gdal);
+  if (!text.empty()) reference.importFromWkt(text.c_str());
 }
 
 }  // namespace

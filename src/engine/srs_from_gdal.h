@@ -4,7 +4,9 @@
 
 #include <ogr_spatialref.h>
 
+#include <cstdint>
 #include <memory>
+#include <string>
 
 #include "platform/spatial_reference.h"
 
@@ -20,5 +22,18 @@ using OgrReference = std::unique_ptr<OGRSpatialReference, OgrReferenceRelease>;
 
 /// A new OGR reference with longitude or easting first; nothing for an unknown reference.
 [[nodiscard]] OgrReference OgrFromReference(const SpatialReference& reference);
+
+/// A new reference of longitudes and latitudes on WGS 84, in this order.
+[[nodiscard]] OgrReference Wgs84();
+
+/// Whether coordinates mean the same places in both. Names, codes and the order of the axes don't count.
+[[nodiscard]] bool AreEquivalent(const OGRSpatialReference& first, const OGRSpatialReference& second);
+
+/// Forms of well-known text: the one that GDAL's drivers keep and read, the one that .prj files have, and the standard
+/// of today.
+enum class WktForm : std::uint8_t { Gdal, Esri, Iso };
+
+/// Empty for a reference that the form has no words for.
+[[nodiscard]] std::string WellKnownText(const OGRSpatialReference& reference, WktForm form);
 
 }  // namespace tessarine::engine

@@ -11,15 +11,6 @@
 namespace tessarine::engine {
 namespace {
 
-constexpr int kWgs84 = 4326;
-
-OgrReference Wgs84() {
-  OgrReference reference(new OGRSpatialReference());
-  reference->importFromEPSG(kWgs84);
-  reference->SetAxisMappingStrategy(OAMS_TRADITIONAL_GIS_ORDER);
-  return reference;
-}
-
 std::string Quoted(const OGRSpatialReference& reference) {
   const char* name = reference.GetName();
   return "'" + std::string(name != nullptr ? name : "") + "'";

@@ -11,6 +11,7 @@
 
 #include "hosts/terminal/interrupt.h"
 #include "hosts/terminal/refusal.h"
+#include "outputs/scratch_folder.h"
 #include "platform/fault.h"
 #include "platform/text_formats.h"
 
@@ -19,28 +20,14 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// A folder that goes away when the program ends.
-class PipeFolder {
- public:
-  PipeFolder() {
-    path_ = (fs::temp_directory_path() / "tessarine-pipe-XXXXXX").string();
-    if (mkdtemp(path_.data()) == nullptr) throw Refusal("No folder can be made in '" + path_ + "'.");
+// It goes away when the program ends.
+const ScratchFolder& Folder() {
+  try {
+    static const ScratchFolder folder("pipe");
+    return folder;
+  } catch (const Fault& fault) {
+    throw Refusal(fault.what());
   }
-  ~PipeFolder() {
-    std::error_code error;
-    fs::remove_all(path_, error);
-  }
-  PipeFolder(const PipeFolder&) = delete;
-  PipeFolder& operator=(const PipeFolder&) = delete;
-  [[nodiscard]] fs::path Path() const { return path_; }
-
- private:
-  std::string path_;
-};
-
-const PipeFolder& Folder() {
-  static const PipeFolder folder;
-  return folder;
 }
 
 std::string& PipedFile() {
