@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "calculator/frmGeometry.h"
+#include "platform/reference_spheroid.h"
 #include "platform/text_formats.h"
 #include "support/MyGeneralOperations.h"
 #include "support/aml_func_mod.h"
@@ -64,15 +65,14 @@ void frmGeometry::ShowSpheroid(const IFeatureClass& features) {
   cmdAdvanced.SetEnabled(reason.empty());
   cmdAdvanced.SetToolTipText(reason);
   if (!reason.empty()) geocentric_ = false;
-  const auto system = GeographicOf(features.SpatialReference());
-  if (!system) {
+  const auto spheroid = SpheroidBeneath(features.SpatialReference());
+  if (!spheroid) {
     lblSpheroidOptions.SetCaption(kUnknownSpheroid);
     return;
   }
-  const Spheroid& spheroid = *system->Datum()->Spheroid();
-  spheroid_name_ = spheroid.Name();
-  semi_major_ = spheroid.SemiMajorAxis();
-  semi_minor_ = spheroid.SemiMinorAxis();
+  spheroid_name_ = spheroid->Name();
+  semi_major_ = spheroid->SemiMajorAxis();
+  semi_minor_ = spheroid->SemiMinorAxis();
   ShowSpheroidLine();
 }
 
@@ -111,11 +111,7 @@ void frmGeometry::ShowRecordChoice(const IFeatureLayer& layer) {
 }
 
 void frmGeometry::FillComboBox(ComboBox& combo, std::string_view default_name) {
-  // A match at the first place counts as none: the name then stands twice, and the box stays white.
-  std::int32_t position = 0;
-  for (std::size_t index = 0; index < numeric_names_.size(); ++index) {
-    if (EqualsIgnoringCase(numeric_names_[index], default_name)) position = static_cast<std::int32_t>(index);
-  }
+  const auto position = static_cast<std::int32_t>(ProposedPosition(default_name, numeric_names_));
   combo.Clear();
   combo.SetVisible(false);
   if (position == 0) combo.AddItem(std::string(default_name));

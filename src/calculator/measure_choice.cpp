@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <map>
 
+#include "platform/reference_spheroid.h"
 #include "platform/text_formats.h"
 #include "support/MyGeneralOperations.h"
 #include "support/aml_func_mod.h"
@@ -90,11 +91,16 @@ std::vector<std::string> NumericFieldNames(const IFeatureLayer& layer) {
   return names;
 }
 
-std::string ProposedField(std::string_view default_name, const std::vector<std::string>& numeric_names) {
+std::size_t ProposedPosition(std::string_view default_name, const std::vector<std::string>& numeric_names) {
   std::size_t position = 0;
   for (std::size_t index = 0; index < numeric_names.size(); ++index) {
     if (EqualsIgnoringCase(numeric_names[index], default_name)) position = index;
   }
+  return position;
+}
+
+std::string ProposedField(std::string_view default_name, const std::vector<std::string>& numeric_names) {
+  const std::size_t position = ProposedPosition(default_name, numeric_names);
   return position > 0 ? numeric_names[position] : std::string(default_name);
 }
 
@@ -146,9 +152,8 @@ MeasureOffer OfferOf(const IFeatureLayer& layer) {
   const SpatialKind kind = SpatialKindOf(reference);
   const std::vector<std::string> numeric = NumericFieldNames(layer);
   MeasureOffer offer{KindOfClassLine(features->ShapeType(), kind), kUnknownSpheroid, {}};
-  if (const auto system = GeographicOf(reference)) {
-    const Spheroid& spheroid = *system->Datum()->Spheroid();
-    offer.spheroid = SpheroidLine(spheroid.Name(), spheroid.SemiMajorAxis(), spheroid.SemiMinorAxis());
+  if (const auto spheroid = SpheroidBeneath(reference)) {
+    offer.spheroid = SpheroidLine(spheroid->Name(), spheroid->SemiMajorAxis(), spheroid->SemiMinorAxis());
   }
   for (const MeasureRow& row : MeasuresOf(features->ShapeType(), kind)) {
     OfferedMeasure measure{row.option_id, std::string(row.caption), {}, row.slow, {}};

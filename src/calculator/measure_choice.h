@@ -17,8 +17,11 @@ namespace tessarine {
 
 /// The fields of a layer that a measure may be written to, as far as the layer shows them.
 [[nodiscard]] std::vector<std::string> NumericFieldNames(const IFeatureLayer& layer);
-/// The field that is proposed where a measure would go: the numeric field of that name, in its own case, where there is
-/// one behind the first, or else a new one.
+/// The index of the numeric field that has the name, of the last of several; 0 where a new field is proposed. A field
+/// of that name that is the first of all counts as none, so dialogs list its name twice and call it new.
+[[nodiscard]] std::size_t ProposedPosition(std::string_view default_name,
+                                           const std::vector<std::string>& numeric_names);
+/// The field that is proposed where a measure would go: the one at that index, in its own case, or else a new one.
 [[nodiscard]] std::string ProposedField(std::string_view default_name, const std::vector<std::string>& numeric_names);
 /// The field that is meant by a name: the numeric field of that name, in its own case, or else a new one.
 [[nodiscard]] std::string MeantField(const std::string& name, const std::vector<std::string>& numeric_names);

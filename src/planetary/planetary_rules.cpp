@@ -5,6 +5,7 @@
 #include <array>
 
 #include "planetary/LongitudeForm.h"
+#include "platform/reference_spheroid.h"
 
 namespace tessarine {
 namespace {
@@ -82,8 +83,7 @@ std::optional<Objection> ObjectionToMinorAxis(double semi_minor) {
 }
 
 ToolSpheroid SpheroidOf(const IFeatureLayer& layer) {
-  const auto system = Require(GeographicOf(ReferenceOf(layer)), "GeographicCoordinateSystem");
-  const auto spheroid = Require(Require(system->Datum(), "Datum")->Spheroid(), "Spheroid");
+  const auto spheroid = Require(SpheroidBeneath(ReferenceOf(layer)), "Spheroid");
   return {spheroid->Name(), spheroid->SemiMajorAxis(), spheroid->SemiMinorAxis()};
 }
 

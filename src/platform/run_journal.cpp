@@ -5,6 +5,8 @@
 #include <array>
 #include <numeric>
 
+#include "platform/reference_spheroid.h"
+
 namespace tessarine {
 namespace {
 
@@ -44,10 +46,9 @@ std::string_view ValueChangeKey(ValueChange change) { return RowOf(change).key; 
 
 std::optional<RunSpheroid> SpheroidOf(const RunJournal& journal) {
   if (journal.spheroid) return journal.spheroid;
-  const auto geographic = GeographicOf(journal.reference);
-  if (!geographic) return std::nullopt;
-  const Spheroid& body = *geographic->Datum()->Spheroid();
-  return RunSpheroid{body.Name(), body.SemiMajorAxis(), body.SemiMinorAxis()};
+  const auto body = SpheroidBeneath(journal.reference);
+  if (!body) return std::nullopt;
+  return RunSpheroid{body->Name(), body->SemiMajorAxis(), body->SemiMinorAxis()};
 }
 
 void RunJournal::NoteChange(std::string_view field, ValueChange kind, std::int64_t oid) {

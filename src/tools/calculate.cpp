@@ -3,6 +3,7 @@
 #include "calculator/frmGeometry.h"
 #include "calculator/measure_choice.h"
 #include "calculator/modCalcGeometry.h"
+#include "platform/reference_spheroid.h"
 #include "platform/text_formats.h"
 #include "support/layer_listing.h"
 #include "tools/common/tool_parts.h"
@@ -164,10 +165,9 @@ class CalculateTool final : public Tool {
 
   [[nodiscard]] static ToolSpheroid SpheroidFor(const Arguments& arguments, const SpatialReferenceRef& reference) {
     if (const auto* given = arguments.Find<ToolSpheroid>("spheroid")) return *given;
-    const auto system = GeographicOf(reference);
-    if (!system) return {};
-    const Spheroid& spheroid = *system->Datum()->Spheroid();
-    return {spheroid.Name(), spheroid.SemiMajorAxis(), spheroid.SemiMinorAxis()};
+    const auto spheroid = SpheroidBeneath(reference);
+    if (!spheroid) return {};
+    return {spheroid->Name(), spheroid->SemiMajorAxis(), spheroid->SemiMinorAxis()};
   }
 };
 

@@ -15,6 +15,7 @@
 #include "hosts/windows/pointer.h"
 #include "hosts/windows/qt_text.h"
 #include "platform/fault.h"
+#include "platform/reference_spheroid.h"
 #include "platform/text_formats.h"
 
 namespace tessarine {
@@ -62,10 +63,9 @@ std::string Details(const SpatialReferenceRef& reference) {
   } else if (const auto system = Cast<const GeographicCoordinateSystem>(reference)) {
     text += "\nGeographic, unit: " + system->CoordinateUnit().Name;
   }
-  if (const auto system = GeographicOf(reference)) {
-    const Spheroid& spheroid = *system->Datum()->Spheroid();
-    text += "\nSpheroid: " + spheroid.Name() + ", semi-axes " + NumberText(spheroid.SemiMajorAxis()) + " m and " +
-            NumberText(spheroid.SemiMinorAxis()) + " m";
+  if (const auto spheroid = SpheroidBeneath(reference)) {
+    text += "\nSpheroid: " + spheroid->Name() + ", semi-axes " + NumberText(spheroid->SemiMajorAxis()) + " m and " +
+            NumberText(spheroid->SemiMinorAxis()) + " m";
   }
   return text;
 }
