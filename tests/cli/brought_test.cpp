@@ -5,7 +5,7 @@
 #include <cmath>
 #include <numbers>
 
-#include "cli/copied_data.h"
+#include "cli/brought_runs.h"
 
 namespace tessarine::testing {
 namespace {
@@ -13,8 +13,6 @@ namespace {
 using ::testing::AllOf;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
-using ::testing::IsEmpty;
-using ::testing::Not;
 using ::testing::Pair;
 
 // The projection of EPSG:3857 in its own formulas.
@@ -26,42 +24,7 @@ Place Mercator(double longitude, double latitude) {
   return {kRadius * longitude * kDegree, kRadius * std::log(std::tan(std::numbers::pi / 4 + latitude * kDegree / 2))};
 }
 
-class Brought : public Copies {
- protected:
-  ProgramOutcome Run(std::vector<std::string> arguments, const std::string& output, const std::string& reference,
-                     std::vector<std::string> more = {}) const {
-    for (std::string& word : arguments) {
-      if (word.starts_with('@')) word = Data(word.substr(1));
-      if (word.starts_with('%')) word = In(word.substr(1));
-    }
-    arguments.insert(arguments.end(), {"-q", "-o", output});
-    if (!reference.empty()) arguments.insert(arguments.end(), {"--to", reference});
-    arguments.insert(arguments.end(), more.begin(), more.end());
-    return RunTessarine(arguments);
-  }
-  // A layer with a text, "name", and an empty number, "old".
-  void MakeLayer(const std::string& file, const std::vector<std::pair<std::string, std::string>>& rows,
-                 const char* reference = "EPSG:4326") const {
-    GDALAllRegister();
-    GDALDatasetUniquePtr data(
-        GetGDALDriverManager()->GetDriverByName("GPKG")->Create(In(file).c_str(), 0, 0, 0, GDT_Unknown, nullptr));
-    OGRSpatialReference own;
-    own.SetFromUserInput(reference);
-    own.SetAxisMappingStrategy(OAMS_TRADITIONAL_GIS_ORDER);
-    OGRLayer* layer = data->CreateLayer("rows", *reference == '\0' ? nullptr : &own, wkbUnknown, nullptr);
-    OGRFieldDefn name("name", OFTString), old("old", OFTReal);
-    ASSERT_EQ(layer->CreateField(&name), OGRERR_NONE);
-    ASSERT_EQ(layer->CreateField(&old), OGRERR_NONE);
-    for (const auto& [text, wkt] : rows) {
-      OGRFeature row(layer->GetLayerDefn());
-      row.SetField("name", text.c_str());
-      OGRGeometry* shape = nullptr;
-      if (!wkt.empty()) OGRGeometryFactory::createFromWkt(wkt.c_str(), nullptr, &shape);
-      row.SetGeometryDirectly(shape);
-      ASSERT_EQ(layer->CreateFeature(&row), OGRERR_NONE);
-    }
-  }
-};
+using Brought = BroughtRuns;
 
 struct ReadRow {
   std::string texts;
@@ -99,21 +62,6 @@ struct ToolRow {
   const char* name;
   std::vector<std::string> arguments;
 };
-
-// A zone of UTM has a code, and its drivers give it to kilometres and feet too.
-TEST_F(Brought, AUnitIsNoCode) {
-  const std::string zone = "+proj=utm +zone=33 +datum=WGS84 +units=km";
-  for (const std::string place : {"o.gpkg", "o.fgb"}) {
-    ASSERT_EQ(Run({"centroids", "@countries.shp", "--where", "name = 'Italy'"}, In(place), zone).status, 0) << place;
-    const auto data = OpenData(In(place));
-    const OGRSpatialReference* reference = data->GetLayer(0)->GetSpatialRef();
-    ASSERT_NE(reference, nullptr) << place;
-    EXPECT_NEAR(reference->GetLinearUnits(), 1000.0, 1e-6) << place;
-    OGREnvelope box;
-    ASSERT_EQ(data->GetLayer(0)->GetExtent(&box), OGRERR_NONE);
-    EXPECT_NEAR(box.MinY, 4740.0, 60.0) << place;
-  }
-}
 
 TEST_F(Brought, ShapesLieInTheReferenceAndValuesStay) {
   const std::vector<ToolRow> tools = {
@@ -206,108 +154,6 @@ TEST_F(Brought, APoleInMercatorCostsItsShapeAlone) {
       for (const auto& row : *data->GetLayer(0)) shapes += row->GetGeometryRef() != nullptr ? '+' : '-';
       EXPECT_EQ(shapes, "-+-") << place << reference;
     }
-  }
-}
-
-// Most drivers drop a reference that their format has no words for.
-TEST_F(Brought, AReferenceThatAFormatHasNoWordsForIsTold) {
-  MakeLayer("s.gpkg", {{"a", "POLYGON ((10 50,11 50,11 51,10 50))"}});
-  MakeLayer("mars.gpkg", {{"a", "POLYGON ((10 50,11 50,11 51,10 50))"}}, "+proj=longlat +a=3396190 +b=3376200");
-  const char *const left_out = "is left out: the format has no words for it", *const elsewhere = "isn't kept";
-  const std::string kilometres = "+proj=utm +zone=33 +datum=WGS84 +units=km";
-  const std::string shifted = "+proj=merc +towgs84=100,200,300 +ellps=bessel";
-  const std::vector<std::vector<std::string>> tools = {{"split", "%s.gpkg"}, {"calculate", "%s.gpkg", "-m", "1"}};
-  struct Row {
-    const char* place;
-    std::string reference;
-    const char* told;  // "" for nothing
-    bool split_alone = true;
-  };
-  const char* const named = "take its coordinates for longitudes";
-  for (const Row& row :
-       {Row{"o.geojson", kilometres, elsewhere, false}, Row{"o.gml", kilometres, left_out},
-        Row{"o.jml", "ESRI:102003", left_out, false}, Row{"o.tab", "EPSG:2263", elsewhere},
-        Row{"o.tab", "EPSG:3857", ""}, Row{"o.fgb", kilometres, ""}, Row{"o.geojson", "EPSG:3857", named, false},
-        Row{"o.geojson", "EPSG:4326", ""}, Row{"o.gdb/o", shifted, elsewhere, false}, Row{"o.shp", shifted, ""},
-        Row{"p.gml", "EPSG:2056", ""}, Row{"o.shp", "+proj=ob_tran +o_proj=longlat +o_lat_p=30 +lon_0=10", left_out}}) {
-    const std::string file = In(std::string(row.place).substr(0, std::string(row.place).find('/')));
-    for (const std::vector<std::string>& tool : tools) {
-      if (row.split_alone && tool[0] != "split") continue;
-      ASSERT_EQ(Run(tool, In(row.place), row.reference, {"-n", "-r", In("r.json"), "--overwrite"}).status, 0)
-          << row.place;
-      const std::string plan = Report()["report"];
-      const ProgramOutcome run = Run(tool, In(row.place), row.reference, {"-r", In("r.json"), "--overwrite"});
-      ASSERT_EQ(run.status, 0) << row.place << run.err;
-      const std::string warnings = Report()["warnings"].dump();
-      for (const char* sign : {left_out, elsewhere, named}) {
-        const bool meant = sign == std::string(row.told);
-        EXPECT_EQ(plan.find(sign) != std::string::npos, meant) << tool[0] << row.place << row.reference << plan;
-        EXPECT_EQ(run.err.find(sign) != std::string::npos, meant) << tool[0] << row.place << row.reference << run.err;
-        EXPECT_EQ(warnings.find(sign) != std::string::npos, meant && sign != named) << tool[0] << row.place << warnings;
-      }
-    }
-    std::filesystem::remove_all(file);
-  }
-  // A body with a code goes by it, and without one it is told.
-  ASSERT_EQ(Run({"split", "%mars.gpkg"}, In("mars.geojson"), "").status, 0);
-  EXPECT_EQ(OpenData(In("mars.geojson"))->GetLayer(0)->GetSpatialRef()->GetSemiMajor(), 3396190.0);
-  for (const char* source : {"%mars.gpkg", "%mars.geojson"}) {
-    const ProgramOutcome run = Run({"split", source}, In("mars.gml"), "", {"--overwrite"});
-    EXPECT_EQ(run.status, 0) << run.err;
-    EXPECT_THAT(run.err, HasSubstr(left_out));
-  }
-}
-
-TEST_F(Brought, ATextBesideAShapefileKeepsShiftAndAxes) {
-  MakeLayer("s.gpkg", {{"a", "POINT (10 50)"}});
-  for (const char* reference :
-       {"+proj=merc +towgs84=100,200,300 +ellps=bessel", "+proj=laea +lat_0=52 +lon_0=10 +axis=wsu"}) {
-    ASSERT_EQ(Run({"calculate", "%s.gpkg", "-m", "1"}, In("o.shp"), reference, {"--overwrite"}).status, 0);
-    const auto data = OpenData(In("o.shp"));
-    OGRSpatialReference wgs84;
-    wgs84.importFromEPSG(4326);
-    wgs84.SetAxisMappingStrategy(OAMS_TRADITIONAL_GIS_ORDER);
-    const OGRFeatureUniquePtr row(data->GetLayer(0)->GetNextFeature());
-    ASSERT_EQ(row->GetGeometryRef()->transformTo(&wgs84), OGRERR_NONE) << reference;
-    EXPECT_NEAR(row->GetGeometryRef()->toPoint()->getX(), 10.0, 1e-6) << reference;
-    EXPECT_NEAR(row->GetGeometryRef()->toPoint()->getY(), 50.0, 1e-6) << reference;
-  }
-}
-
-// The driver's own bounds end at 8,500 km north, and its own steps are those of a whole projection.
-TEST_F(Brought, AMapInfoTableHasRoomForItsShapes) {
-  MakeLayer("s.gpkg", {{"a", "POLYGON ((10.123456789 50,11 50,11 51,10.123456789 50))"}});
-  for (const char* reference : {"EPSG:2393", "EPSG:4326", "+proj=utm +zone=33 +datum=WGS84 +units=km"}) {
-    OGREnvelope boxes[2];
-    int index = 0;
-    for (const char* place : {"o.gpkg", "o.tab"}) {
-      ASSERT_EQ(Run({"calculate", "%s.gpkg", "-m", "1"}, In(place), reference, {"--overwrite", "--yes"}).status, 0)
-          << place << reference;
-      ASSERT_EQ(OpenData(In(place))->GetLayer(0)->GetExtent(&boxes[index++]), OGRERR_NONE);
-    }
-    const double size = boxes[0].MaxX - boxes[0].MinX;
-    EXPECT_NEAR(boxes[0].MinX, boxes[1].MinX, size * 1e-8) << reference;
-    EXPECT_NEAR(boxes[0].MinY, boxes[1].MinY, size * 1e-8) << reference;
-  }
-}
-
-// The steps of a geodatabase's grid are a tenth of a millimetre, whatever the unit is.
-TEST_F(Brought, AGeodatabaseInKilometresKeepsTheMillimetres) {
-  MakeLayer("s.gpkg", {{"a", "POINT (12.3456789 50.1234567)"}});
-  for (const char* unit : {"km", "m", "us-ft"}) {
-    const std::string reference = "+proj=utm +zone=33 +datum=WGS84 +units=" + std::string(unit);
-    Place places[2];
-    int index = 0;
-    for (const std::string place : {"o.gpkg", "o.gdb/o"}) {
-      ASSERT_EQ(Run({"calculate", "%s.gpkg", "-m", "1"}, In(place), reference, {"--overwrite", "--yes"}).status, 0);
-      const auto data = OpenData(In(place.substr(0, place.find('/'))));
-      const OGRFeatureUniquePtr row(data->GetLayer(0)->GetNextFeature());
-      const double metres = data->GetLayer(0)->GetSpatialRef()->GetLinearUnits();
-      places[index++] = {row->GetGeometryRef()->toPoint()->getX() * metres,
-                         row->GetGeometryRef()->toPoint()->getY() * metres};
-    }
-    EXPECT_NEAR(places[0].x, places[1].x, 1e-4) << unit;
-    EXPECT_NEAR(places[0].y, places[1].y, 1e-4) << unit;
   }
 }
 
