@@ -26,8 +26,8 @@ struct FieldFailure {
 [[nodiscard]] std::optional<FieldFailure> MakeMissingFields(IFeatureClass& features,
                                                             const std::vector<std::string>& names);
 
-/// The places of the fields. A field that isn't editable gets a new one beside it, of which the user is told, and the
-/// entries take its name; the place stays the one of the field that can't be written.
+/// The indexes of the fields. For a field that isn't editable a new one is made, of which the user is told, and the
+/// entries take its name; the index that is returned stays that of the field that can't be written.
 [[nodiscard]] FieldIndexes CheckFields(RunContext& context, IFeatureClass& features,
                                        const std::vector<std::string>& names, std::vector<OptionEntry>& entries);
 

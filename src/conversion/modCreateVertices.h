@@ -35,7 +35,7 @@ namespace tessarine::modCreateVertices {
                                          const std::string& path, const std::shared_ptr<IApplication>& application,
                                          const std::shared_ptr<clsExtension>& extension);
 
-/// The shape of the eight workers; the last argument is read by nobody.
+/// The signature of the eight workers. The last argument is a part of the published face alone: nothing depends on it.
 using ConversionWorker = std::string(const std::shared_ptr<IFeatureLayer>& layer,
                                      const std::shared_ptr<VarArray>& fields, bool all_records, const std::string& path,
                                      const std::shared_ptr<IApplication>& application,

@@ -11,7 +11,7 @@
 
 namespace tessarine::mod_92_functions {
 
-/// Builds one polygon for each region that the layer's lines bound, with `Uniq_ID` and `Area`, and answers the report
+/// Builds one polygon for each region that the layer's lines bound, with `Uniq_ID` and `Area`, and returns the report
 /// as RTF; an empty text when a message told that there are no lines or no regions.
 ///
 /// Lines closer than `cluster_tolerance`, in the unit of their coordinates, count as meeting. With `transfer_labels`
@@ -21,6 +21,7 @@ namespace tessarine::mod_92_functions {
 /// fields may be nothing. The output is named anew when its path is taken. No attribute of the lines is carried over.
 /// The run can't be stopped. A source that can't be read or an output that can't be written ends
 /// in the fault report and a report that tells why; lines and polygons that meet a fault are left out and told.
+/// Nothing depends on `reserved` and `unused`, which are a part of the published face alone.
 [[nodiscard]] std::string orlBuildPolygons(
     const std::shared_ptr<IFeatureLayer>& line_layer, bool all_lines, double cluster_tolerance, bool transfer_labels,
     bool use_all_label_points, bool use_first_label_point, const std::shared_ptr<IFeatureLayer>& point_layer,

@@ -85,14 +85,14 @@ class Extension {
       const std::size_t at = header.size();
       header.resize(at + kDbaseColumnSize);
       std::ranges::copy(column.name, header.begin() + static_cast<std::ptrdiff_t>(at));
-      header[at + 11] = column.type;
-      header[at + 16] = static_cast<char>(column.width);
-      header[at + 17] = static_cast<char>(column.decimals);
+      header[at + kDbaseTypeAt] = column.type;
+      header[at + kDbaseWidthAt] = static_cast<char>(column.width);
+      header[at + kDbaseDecimalsAt] = static_cast<char>(column.decimals);
     }
     header.push_back(kEndOfHeader);
     std::ranges::copy(DbaseDate(), header.begin() + kDbaseDateAt);
-    PutLittleEndian(header.size(), std::span(header).subspan(8, 2));
-    PutLittleEndian(static_cast<std::uint64_t>(size_), std::span(header).subspan(10, 2));
+    PutLittleEndian(header.size(), header, kDbaseFirstRecord);
+    PutLittleEndian(static_cast<std::uint64_t>(size_), header, kDbaseRecordSize);
     to.Write(0, header);
   }
 

@@ -30,22 +30,25 @@ DbaseLayout ReadDbaseLayout(const RawFile& file) {
   file.Read(0, header);
   const std::span<const char> bytes(header);
   DbaseLayout layout;
-  layout.record_count = static_cast<std::int64_t>(LittleEndian(bytes.subspan(4, 4)));
-  layout.first_record = static_cast<std::int64_t>(LittleEndian(bytes.subspan(8, 2)));
-  layout.record_size = static_cast<std::int64_t>(LittleEndian(bytes.subspan(10, 2)));
+  layout.record_count = static_cast<std::int64_t>(LittleEndian(bytes, kDbaseRecordCount));
+  layout.first_record = static_cast<std::int64_t>(LittleEndian(bytes, kDbaseFirstRecord));
+  layout.record_size = static_cast<std::int64_t>(LittleEndian(bytes, kDbaseRecordSize));
   if (layout.first_record <= static_cast<std::int64_t>(kDbaseHeaderSize)) return layout;
   std::vector<char> described(static_cast<std::size_t>(layout.first_record) - kDbaseHeaderSize);
   file.Read(kDbaseHeaderSize, described);
   std::size_t offset = 1;
   for (std::size_t at = 0; at + kDbaseColumnSize <= described.size() && described[at] != '\r'; at += kDbaseColumnSize) {
     const char* name = &described[at];
-    DbaseColumn column{
-        {name, strnlen(name, 11)}, described[at + 11], offset, static_cast<unsigned char>(described[at + 16]), 0};
+    DbaseColumn column{{name, strnlen(name, kDbaseNameSize)},
+                       described[at + kDbaseTypeAt],
+                       offset,
+                       static_cast<unsigned char>(described[at + kDbaseWidthAt]),
+                       0};
     if (column.type == 'N' || column.type == 'F') {
-      column.decimals = static_cast<unsigned char>(described[at + 17]);
+      column.decimals = static_cast<unsigned char>(described[at + kDbaseDecimalsAt]);
     } else {
       // Texts longer than 255 bytes have the rest of their width in the next byte.
-      column.width += 256U * static_cast<unsigned char>(described[at + 17]);
+      column.width += 256U * static_cast<unsigned char>(described[at + kDbaseDecimalsAt]);
     }
     offset += column.width;
     layout.columns.push_back(std::move(column));
@@ -61,10 +64,10 @@ std::int64_t CountMarks(std::ifstream& file) {
   std::array<char, kDbaseHeaderSize> header{};
   if (!file.read(header.data(), header.size())) return 0;
   const std::span<const char> bytes(header);
-  const auto count = static_cast<std::int64_t>(LittleEndian(bytes.subspan(4, 4)));
-  const auto size = static_cast<std::int64_t>(LittleEndian(bytes.subspan(10, 2)));
+  const auto count = static_cast<std::int64_t>(LittleEndian(bytes, kDbaseRecordCount));
+  const auto size = static_cast<std::int64_t>(LittleEndian(bytes, kDbaseRecordSize));
   if (size == 0) return 0;
-  file.seekg(static_cast<std::int64_t>(LittleEndian(bytes.subspan(8, 2))));
+  file.seekg(static_cast<std::int64_t>(LittleEndian(bytes, kDbaseFirstRecord)));
   std::vector<char> block(static_cast<std::size_t>(std::max<std::int64_t>(1, kBlock / size) * size));
   std::int64_t deleted = 0, seen = 0;
   while (seen < count) {

@@ -1,5 +1,9 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // The faces of a planar graph, their rings, and which lies in which.
+//
+// A walk is one boundary of a face; a face with islands has several. Whatever hangs together has one walk around it,
+// and which face that lies in is found from one of its places: a ray to the right crosses the edges of the rings around
+// it an odd number of times. Costs n log n in the number of edges, plus the edges that these rays meet.
 #pragma once
 
 #include <cstdint>
@@ -75,7 +79,7 @@ class FaceMap {
   std::vector<std::uint32_t> walk_of_, ring_of_;  // by half-edge
   std::vector<std::uint32_t> walk_starts_, shell_of_;
   std::vector<Ring> rings_;
-  std::vector<Component> components_;  // each behind the one in whose face it lies
+  std::vector<Component> components_;  // in an order in which each comes after the one whose face it lies in
 };
 
 }  // namespace tessarine::engine

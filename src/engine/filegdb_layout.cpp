@@ -166,13 +166,13 @@ std::string_view WithoutLength(std::string_view stored) {
 
 GdbDescription ReadGdbDescription(const RawFile& table) {
   GdbDescription description;
-  std::array<char, 40> header{};
+  std::array<char, kGdbHeaderSize> header{};
   if (table.Size() < static_cast<std::int64_t>(header.size())) return description;
   table.Read(0, header);
   const std::span<const char> bytes(header);
   if (LittleEndian(bytes.first(4)) != 3) return description;  // row numbers of 64 bits
-  const auto place = static_cast<std::int64_t>(LittleEndian(bytes.subspan(32, 8)));
-  if (place < 40 || place + 4 > table.Size()) return description;
+  const auto place = static_cast<std::int64_t>(LittleEndian(bytes, kGdbDescriptionPlace));
+  if (place < static_cast<std::int64_t>(kGdbHeaderSize) || place + 4 > table.Size()) return description;
   std::array<char, 4> size{};
   table.Read(place, size);
   const auto length = static_cast<std::int64_t>(LittleEndian(size));

@@ -49,6 +49,10 @@
 
 namespace tessarine::engine {
 
+// Of the header of a .gdbtable.
+inline constexpr std::size_t kGdbHeaderSize = 40;
+inline constexpr HeaderNumber kGdbLongestRow{8, 4}, kGdbFileSize{24, 8}, kGdbDescriptionPlace{32, 8};
+
 struct GdbColumn {
   enum Type : std::uint8_t {
     kShort = 0,

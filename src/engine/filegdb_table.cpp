@@ -13,7 +13,6 @@ namespace {
 constexpr std::int64_t kFirstOffset = 16;
 constexpr std::int64_t kRowsPerPage = 1024;
 constexpr std::int64_t kTrailerSize = 16;
-constexpr std::size_t kHeaderSize = 40;
 
 }  // namespace
 
@@ -113,7 +112,7 @@ int GdbTable::FindColumn(std::string_view name) const {
 }
 
 std::int64_t GdbTable::RowSize(std::int64_t offset) const {
-  if (offset < static_cast<std::int64_t>(kHeaderSize) || offset + 4 > file_.Size()) return -1;
+  if (offset < static_cast<std::int64_t>(kGdbHeaderSize) || offset + 4 > file_.Size()) return -1;
   std::array<char, 4> size{};
   file_.Read(offset, size);
   const auto length = static_cast<std::int32_t>(LittleEndian(size));
@@ -131,14 +130,14 @@ std::optional<std::string> GdbTable::Row(std::int64_t offset) const {
 void SettleGdbHeader(const std::string& base) {
   const GdbTable table(base, FileAccess::kChange);
   if (!table.IsUsable()) return;
-  std::array<char, kHeaderSize> header{};
+  std::array<char, kGdbHeaderSize> header{};
   table.File().Read(0, header);
-  const std::array<char, kHeaderSize> before = header;
-  const std::span<char> longest = std::span(header).subspan(8, 4);
+  const std::array<char, kGdbHeaderSize> before = header;
+  const std::span<char> longest = std::span(header).subspan(kGdbLongestRow.at, kGdbLongestRow.size);
   auto needed = static_cast<std::int64_t>(LittleEndian(longest));
   table.Places().ForEach([&](std::int64_t, std::int64_t offset) { needed = std::max(needed, table.RowSize(offset)); });
   PutLittleEndian(static_cast<std::uint64_t>(needed), longest);
-  PutLittleEndian(static_cast<std::uint64_t>(table.File().Size()), std::span(header).subspan(24, 8));
+  PutLittleEndian(static_cast<std::uint64_t>(table.File().Size()), header, kGdbFileSize);
   if (header != before) table.File().Write(0, header);
 }
 

@@ -16,8 +16,6 @@
 namespace tessarine::engine {
 namespace {
 
-constexpr std::size_t kHeaderSize = 40;
-
 /// A column's new value as it stands in a row; nothing for null.
 using NewValue = std::optional<std::string>;
 
@@ -63,8 +61,7 @@ class FileGdbUpdate final : public AttributeUpdate {
     if (!table_.IsUsable()) return;
     MatchFields(*layer.GetLayerDefn());
     table_.File().Read(0, header_);
-    const std::span<const char> header(header_);
-    longest_ = static_cast<std::size_t>(LittleEndian(header.subspan(8, 4)));
+    longest_ = static_cast<std::size_t>(LittleEndian(header_, kGdbLongestRow));
     end_ = table_.File().Size();
   }
 
@@ -109,10 +106,11 @@ class FileGdbUpdate final : public AttributeUpdate {
 
   void Finish() override {
     if (moved_.empty()) return;
-    // The new rows are in the file before anything points to them.
+    // In this order, so that a run that is killed leaves no row number pointing to bytes that aren't written yet.
+    // Against a loss of power this does nothing: the edit syncs the files before it puts them in place.
     table_.File().Write(held_from_, held_);
-    PutLittleEndian(longest_, std::span(header_).subspan(8, 4));
-    PutLittleEndian(static_cast<std::uint64_t>(end_), std::span(header_).subspan(24, 8));
+    PutLittleEndian(longest_, header_, kGdbLongestRow);
+    PutLittleEndian(static_cast<std::uint64_t>(end_), header_, kGdbFileSize);
     table_.File().Write(0, header_);
     for (const Moved& row : moved_) table_.Places().Set(row.oid, row.to);
     for (const Moved& row : moved_) {
@@ -210,7 +208,7 @@ class FileGdbUpdate final : public AttributeUpdate {
   GdbTable table_;
   std::vector<std::size_t> column_of_;  // by OGR index
   std::set<std::size_t> written_;       // columns
-  std::array<char, kHeaderSize> header_{};
+  std::array<char, kGdbHeaderSize> header_{};
   std::int64_t end_ = 0;
   std::size_t longest_ = 0;
   std::size_t held_bytes_;

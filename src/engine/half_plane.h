@@ -9,7 +9,7 @@
 
 namespace tessarine::engine {
 
-/// The side of a line of constant x, or of constant y, that is kept; the line belongs to it.
+/// The side of a line of constant x, or of constant y, that is kept, with the line itself.
 struct HalfPlane {
   enum class Kept { kWest, kEast, kSouth, kNorth };
   Kept kept;

@@ -35,6 +35,11 @@ class PlaceCluster {
 
 /// The lines, with a vertex wherever they meet, places within the tolerance of each other made one, and lines led
 /// through the vertices that they pass within it. Lines that shrink to a place are gone.
+///
+/// Each of these steps may call for the others, so they are repeated until nothing changes, or 20 times: that many only
+/// happen where the tolerance is as large as the shapes. The result meets at vertices only in any case; after 20
+/// rounds it may still hold places within the tolerance of each other. Costs the noding of each round, commonly two;
+/// beside it n log n, and the pairs of segments and vertices within the tolerance.
 [[nodiscard]] LineList NodeLines(LineList lines, double tolerance);
 
 }  // namespace tessarine::engine

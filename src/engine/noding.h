@@ -1,5 +1,14 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // Lines that meet at vertices only.
+//
+// Segments that may meet are found by a packed tree of their boxes, and whether they do is told exactly, by the signs
+// of `Turn`; only the coordinates of a crossing are rounded. So one look at all pairs finds every meeting. Rounding
+// moves the pieces of a divided segment by less than a spacing of doubles: pieces that were moved are compared with
+// everything once more, and where that finds nothing, lines that weren't moved have nothing new to meet. Where it
+// does, as for lines that run within a rounding of each other, snap rounding on a grid comes in.
+//
+// Time is n log n in the number of segments and their crossings, plus the pairs of segments whose boxes meet; memory
+// follows segments and crossings.
 #pragma once
 
 #include <optional>

@@ -10,6 +10,9 @@ namespace tessarine::engine {
 
 /// True only for a closed ring of at least three sides, none of length 0, whose sides meet nowhere but each at its
 /// ends with its two neighbours: the boundary of a valid polygon. False leaves the question open.
+///
+/// Sides are sorted by x, and those of them that stand above each other are compared, which costs n log n for the rings
+/// that maps have. Beyond 64 comparisons for each side the sweep of `MeetsItself` takes over: n log n for any ring.
 [[nodiscard]] bool IsPlainRing(std::span<const XY> ring);
 
 }  // namespace tessarine::engine

@@ -15,7 +15,7 @@ namespace tessarine::engine {
 using AreaRings = std::vector<std::vector<XY>>;
 using AreaList = std::vector<AreaRings>;
 
-// All take lines as `Noded` answers them, and keep all vertices. The result doesn't depend on the order of the
+// All take lines as `Noded` returns them, and keep all vertices. The result doesn't depend on the order of the
 // lines, and polygons come in the order of the first vertices of their exterior rings. Lines that
 // turn out not to be what they should be raise fault 5.
 

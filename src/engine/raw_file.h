@@ -2,6 +2,7 @@
 // A file that is changed in place, byte by byte.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <cstring>
 #include <span>
@@ -64,6 +65,17 @@ inline void PutLittleEndian(std::uint64_t value, std::span<char> bytes) {
     byte = static_cast<char>(value & 0xFFU);
     value >>= 8U;
   }
+}
+
+/// A whole number at a fixed place of a header.
+struct HeaderNumber {
+  std::size_t at, size;
+};
+[[nodiscard]] inline std::uint64_t LittleEndian(std::span<const char> header, HeaderNumber number) {
+  return LittleEndian(header.subspan(number.at, number.size));
+}
+inline void PutLittleEndian(std::uint64_t value, std::span<char> header, HeaderNumber number) {
+  PutLittleEndian(value, header.subspan(number.at, number.size));
 }
 
 }  // namespace tessarine::engine

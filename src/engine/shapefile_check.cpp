@@ -54,8 +54,8 @@ std::uint64_t CheckedRows(const std::string& path) {
     RaiseEngineFault("'" + path + "' is no dBASE table: it is shorter than its header. Get a whole copy of it.");
   }
   const std::span<const char> bytes(header);
-  const std::uint64_t rows = LittleEndian(bytes.subspan(4, 4));
-  const std::uint64_t first = LittleEndian(bytes.subspan(8, 2)), size = LittleEndian(bytes.subspan(10, 2));
+  const std::uint64_t rows = LittleEndian(bytes, kDbaseRecordCount);
+  const std::uint64_t first = LittleEndian(bytes, kDbaseFirstRecord), size = LittleEndian(bytes, kDbaseRecordSize);
   const std::uint64_t length = fs::file_size(path);
   if (length >= first + rows * size) return rows;
   const std::uint64_t there = size == 0 || length < first ? 0 : (length - first) / size;

@@ -33,8 +33,9 @@ struct SignedArea {
 
 /// The signed area of a spherical triangle.
 ///
-/// Without area are three corners with one longitude, by the first corner's, and two corners that coincide. Corners on
-/// one parallel, or on a great circle that is no meridian, go through the formula and have a sign.
+/// The area is 0 where all three corners have one longitude, within 1e-12 degrees of the first corner's, and where two
+/// corners coincide. Corners on one parallel, or on a great circle that is no meridian, go through the formula and have
+/// a sign.
 [[nodiscard]] SignedArea TriangleArea(LonLat p1, LonLat p2, LonLat p3, const Figure& figure = kWgs1984);
 
 namespace detail {

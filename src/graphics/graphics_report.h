@@ -30,7 +30,7 @@ struct GraphicsReport {
 
 /// The field lines of an empty class.
 [[nodiscard]] std::string EmptyFieldLines(GraphicMeasure measure);
-/// The field lines of a conversion. The stamp of the data frame differs a little between all and selected graphics.
+/// The field lines of a conversion. Those of selected graphics name the data frame otherwise than those of all.
 [[nodiscard]] std::string FieldLines(GraphicMeasure measure, bool names, bool selected,
                                      const SpatialReferenceRef& output, const SpatialReferenceRef& map);
 /// A count and its words.

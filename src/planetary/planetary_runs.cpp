@@ -18,7 +18,7 @@ using namespace MyGeometricOperations;
 constexpr const char* kDegrees = " decimal degrees";
 constexpr const char* kWrapName = "Wrap to Boundary";
 constexpr std::string_view kWrapTitle = "Wrap to Boundary Conversion Complete:";
-// Both directions bear the title of the one.
+// The same for both directions.
 constexpr std::string_view kLatitudeTitle = "OCentric to OGraphic Conversion Complete:";
 
 struct Direction {

@@ -14,7 +14,7 @@ enum ReportForm : std::int32_t {
   kMessageBoxReport = 1,
   kDialogReport = 2,
   kChoiceReport = 3,
-  kErrorDialogReport = 4,  ///< the form in use
+  kErrorDialogReport = 4,  ///< the form that every procedure here asks for
 };
 
 /// "Line : " and the number, or "" for 0.

@@ -17,7 +17,8 @@ namespace {
 
 constexpr std::int32_t kFewestPieces = 8;
 
-// Both flags are read ahead of the call, as everywhere before a constructed shape is used; neither decides anything.
+// A constructed shape is asked for both flags before it is made simple, whatever it returns: `Simplify` goes by what it
+// finds itself.
 void MakeSimple(ITopologicalOperator& shape) {
   static_cast<void>(shape.IsKnownSimple());
   static_cast<void>(shape.IsSimple());

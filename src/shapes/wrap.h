@@ -37,7 +37,7 @@ namespace MyGeometricOperations {
 ///
 /// Tiles that the extent only touches with its eastern or northern side are not looked for. So a shape without extent
 /// in x that lies exactly on the western edge, or without extent in y on the southern one, comes back empty. An empty
-/// shape gives an empty one. The document is read by nothing.
+/// shape gives an empty one. The document is a part of the published face alone: nothing depends on it.
 ///
 /// Time follows the vertices and the tiles that the shape meets, memory the shape.
 [[nodiscard]] GeometryRef WrapToBoundary(const GeometryRef& geometry, double west, double east, double south,

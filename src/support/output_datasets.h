@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// Creation of output feature classes, with the system's own rules for names, fields and grids.
+// Creation of output feature classes: what their names, fields and grids are to be.
 #pragma once
 
 #include <cstdint>
@@ -68,7 +68,7 @@ void MakeFieldNamesLegal(RunContext& context, const std::shared_ptr<VarArray>& f
 [[nodiscard]] std::string FieldNameFor(std::int32_t kind, const std::string& name,
                                        const std::shared_ptr<VarArray>& taken);
 
-/// Creates the empty feature class that a run writes to, or answers nothing when the user gave up or the request can't
+/// Creates the empty feature class that a run writes to, or returns null when the user gave up or the request can't
 /// be met. Without directory or name the user is asked; when the name is taken the user is asked whether to overwrite,
 /// and after a No for another name. `directory` and `name` (and the two arguments of the dataset) end as what was
 /// used. `fields` is a list of `Field` or nothing. `envelope` and `feature_count` describe the data to come and set

@@ -164,7 +164,7 @@ TEST_F(SplitCombineTest, TouchingAndOverlappingPolygonsDissolve) {
   EXPECT_THAT(text, HasSubstr("Contains 1 feature\n"));
   EXPECT_THAT(text, HasSubstr("Empty Features Found:"));
   EXPECT_THAT(text, HasSubstr("OID Value = 0\n"));
-  EXPECT_THAT(host.forms.shown, IsEmpty());  // no progress dialog, whatever the flag says
+  EXPECT_THAT(host.forms.shown, IsEmpty());  // no progress dialog, though one was asked for
 
   host.messages.answers = {MessageAnswer::Yes};
   Run(JoinFeatures, layer);

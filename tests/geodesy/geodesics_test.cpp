@@ -49,7 +49,7 @@ TEST(Figure, Wgs1984KeepsItsPublishedFlattening) {
   EXPECT_EQ(Figure::FromAxes(kWgs1984.semi_major, kWgs1984.semi_minor).flattening, 0.0033528106647473664);
 }
 
-// Bits from a transcription in Python, where sums, products and roots are IEEE doubles and each trigonometric function
+// Bits of the same formulas in Python, where sums, products and roots are IEEE doubles and each trigonometric function
 // is rounded from 300 bits.
 TEST(Geodesics, PinnedBits) {
   const GeodesicLine line = Inverse({-110.9, 32.2}, {-87.6, 41.9});

@@ -33,7 +33,7 @@ Place OnSpheroid(double lon, double lat, double height = 0.0, double a = kA, dou
   return place;
 }
 
-// Bits from a transcription in Python, where sums, products and roots are IEEE doubles and each trigonometric function
+// Bits of the same formulas in Python, where sums, products and roots are IEEE doubles and each trigonometric function
 // and power is rounded from 300 bits.
 TEST(Cartesian, PinnedBits) {
   Place place;

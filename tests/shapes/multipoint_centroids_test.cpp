@@ -52,7 +52,7 @@ TEST(MultipointCentroid, OnTheSpheroidAndOnThePlane) {
   }
 }
 
-// Bits from a transcription in Python, where sums, products and roots are IEEE doubles and each other function is
+// Bits of the same formulas in Python, where sums, products and roots are IEEE doubles and each other function is
 // rounded from 300 bits.
 TEST(MultipointCentroid, PinnedBits) {
   const auto bits = [](double value) { return std::bit_cast<std::uint64_t>(value); };

@@ -91,7 +91,7 @@ TEST(PolylineLength, OnTheEquator) {
   EXPECT_NEAR(SpheroidalPolylineLength(polyline), kDegree, 1e-5) << "a curve counts as its chord";
 }
 
-// Bits from a transcription in Python, where sums, products and roots are IEEE doubles and each other function is
+// Bits of the same formulas in Python, where sums, products and roots are IEEE doubles and each other function is
 // rounded from 300 bits.
 TEST(PolylineMeasures, PinnedBits) {
   const auto bits = [](double value) { return std::bit_cast<std::uint64_t>(value); };

@@ -105,7 +105,7 @@ TEST(SphericalTriangle, WithoutAreaTheSignStays) {
   EXPECT_EQ(sign, -1.0);
 }
 
-// Bits from a transcription in Python, where sums, products and roots are IEEE doubles and each other function is
+// Bits of the same formulas in Python, where sums, products and roots are IEEE doubles and each other function is
 // rounded from 300 bits.
 TEST(SphericalArea, PinnedBits) {
   const auto bits = [](double value) { return std::bit_cast<std::uint64_t>(value); };

@@ -39,7 +39,7 @@ std::shared_ptr<const GeographicCoordinateSystem> Geographic(double a, double b)
                                                             CoordinateUnit{"Degree", 0.0174532925199433});
 }
 
-// Bits from a transcription in Python, where sums, products and roots are IEEE doubles and each trigonometric function
+// Bits of the same formulas in Python, where sums, products and roots are IEEE doubles and each trigonometric function
 // is rounded from 300 bits.
 TEST(Vincenty, PinnedBits) {
   struct Row {

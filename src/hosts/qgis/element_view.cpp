@@ -24,7 +24,7 @@ class ElementWalk final : public IEnumElement {
   std::size_t next_ = 0;
 };
 
-/// Names live in the view.
+/// An element whose name the view keeps: the program has no names for its items.
 class NamedElement : public ProgramElement {
  public:
   explicit NamedElement(std::weak_ptr<ElementView> view) : view_(std::move(view)) {}

@@ -169,7 +169,7 @@ std::vector<PlacedItem> MapView::ShownItems() const {
   const auto height = [this](const PlacedItem& placed) {
     return std::pair(placed.item->zIndex(), memory_.RankOf(placed.key));
   };
-  // Layer for layer, as they came.
+  // The layers stay in their order; within each the items go from the lowest to the highest.
   for (auto first = items.begin(); first != items.end();) {
     const auto behind =
         std::find_if(first, items.end(), [&](const auto& other) { return other.layer != first->layer; });

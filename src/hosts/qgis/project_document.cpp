@@ -13,7 +13,7 @@
 namespace tessarine::qgis {
 namespace {
 
-/// Commands of the program that the suite knows by their published identifiers.
+/// Commands of the program by the identifiers under which the suite looks for them.
 struct CommandRow {
   const char* id;
   const char* action;  ///< the object name in the main window

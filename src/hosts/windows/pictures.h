@@ -15,7 +15,7 @@ inline constexpr std::int32_t kCornerPicture = 202;
 inline constexpr std::int32_t kStripPicture = 205;
 
 /// The picture of this id, drawn sharp at any size; an empty one for an id that has none. Its lines are dark, or light
-/// on a dark background; without one told that is the colour of the program's windows.
+/// on a dark background. An invalid colour stands for that of the program's windows.
 [[nodiscard]] QIcon PictureOf(std::int32_t resource_id, const QColor& background = {});
 
 }  // namespace tessarine

@@ -39,7 +39,7 @@ FittingLines FitLines(const QTextDocument& document, int first, double height) {
       begun = true;
       if (top + line.height() - lines.top > height) return lines;
       lines.bottom = top + line.height();
-      // The separator behind the last line belongs to it.
+      // A paragraph ends with a separator, which counts as a character of its last line.
       lines.next = last ? block.position() + block.length() : end;
     }
   }

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-2.0-or-later
-"""Layers that are being edited or can only be read are refused in the told words, and stay as they are."""
+"""Layers that are being edited or can only be read are refused with a reason, and stay as they are."""
 import os
 
 from program_steps import (WORK, QgsProject, QgsVectorLayer, choose_line, command, expect, make_layer, press,
