@@ -5,6 +5,7 @@
 #include "calculator/record_loop.h"
 #include "calculator/result_fields.h"
 #include "platform/host.h"
+#include "platform/known_ids.h"
 #include "platform/paths.h"
 #include "platform/rich_text.h"
 #include "platform/run_scope.h"
@@ -17,7 +18,6 @@
 namespace tessarine::modCalcGeometry {
 namespace {
 
-constexpr const char* kEditorId = "esriEditor.Editor";
 // The meter opens above the first count, and from the second on where a measure is slow.
 constexpr std::int32_t kLongRun = 1000;
 constexpr std::int32_t kLongSlowRun = 11;
@@ -38,7 +38,7 @@ std::shared_ptr<IFeatureClass> FeaturesOf(const GeometryOptions& options) {
 }
 
 bool IsEditing(const IApplication& application) {
-  const auto editor = Cast<IEditor>(application.FindExtensionByCLSID(UID(kEditorId)));
+  const auto editor = Cast<IEditor>(application.FindExtensionByCLSID(UID(known_ids::kEditor)));
   return editor && editor->EditState() == esriStateEditing;
 }
 

@@ -6,6 +6,7 @@
 #include <sstream>
 
 #include "platform/host.h"
+#include "platform/known_ids.h"
 #include "platform/text_formats.h"
 #include "platform/trap.h"
 #include "session/ErrorHandling.h"
@@ -13,8 +14,6 @@
 namespace tessarine {
 namespace {
 
-constexpr const char* kExtensionId = "Tessarine.clsExtension";
-constexpr const char* kOtherExtensionId = "{BD6262BC-D9D4-4B93-87E0-E442702D93E6}";
 constexpr const char* kUnknownVersion = "Unable to determine ArcGIS Version!";
 constexpr double kStreamVersion = 3.0;
 
@@ -80,7 +79,7 @@ void clsExtension::Startup(const Variant& initialization_data) {
     is_version_92_ = false;
     is_version_92_ = IsAtLeast92(ReturnArcGISVersion());
     const auto application = initialization_data.AsObject<IApplication>();
-    other_extension_ = Require(application, "IApplication")->FindExtensionByCLSID(UID(kOtherExtensionId));
+    other_extension_ = Require(application, "IApplication")->FindExtensionByCLSID(UID(known_ids::kHeldExtension));
   });
 }
 
@@ -98,7 +97,7 @@ void clsExtension::Shutdown() {
   });
 }
 
-std::shared_ptr<UID> clsExtension::ID() const { return std::make_shared<UID>(kExtensionId); }
+std::shared_ptr<UID> clsExtension::ID() const { return std::make_shared<UID>(known_ids::kSuiteExtension); }
 
 void clsExtension::Load(IVariantStream& stream) {
   Trap("IPersistVariant_Load", [&] {
@@ -115,14 +114,16 @@ void clsExtension::Save(IVariantStream& stream) {
 }
 
 std::shared_ptr<clsExtension> FindExtension(const std::shared_ptr<IApplication>& application) {
-  return Cast<clsExtension>(Require(application, "IApplication")->FindExtensionByCLSID(UID(kExtensionId)));
+  return Cast<clsExtension>(
+      Require(application, "IApplication")->FindExtensionByCLSID(UID(known_ids::kSuiteExtension)));
 }
 
 std::string ReturnArcGISVersion() {
   return TrapWith(
       "ReturnArcGISVersion",
       []() -> std::string {
-        std::string text = Host().Registry().QueryLocalMachine(SubKey("ESRI", "ArcGIS", ""), "RealVersion");
+        std::string text = Host().Registry().QueryLocalMachine(
+            SubKey(known_ids::kVersionCompany, known_ids::kVersionProduct, ""), known_ids::kVersionValue);
         if (text.empty()) return kUnknownVersion;
         text.pop_back();  // the terminating null
         return text;

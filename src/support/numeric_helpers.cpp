@@ -6,6 +6,7 @@
 #include "platform/at_hand.h"
 #include "platform/fault.h"
 #include "platform/host.h"
+#include "platform/known_ids.h"
 #include "platform/paths.h"
 #include "platform/tell_user.h"
 #include "platform/text_formats.h"
@@ -14,8 +15,6 @@
 
 namespace tessarine::MyGeneralOperations {
 namespace {
-
-constexpr const char* kSelectElementsTool = "{C22579D1-BC17-11D0-8667-0000F8751720}";
 
 // The text that the box would hold after the point was typed at the caret.
 bool PointMakesNumber(const TextBox& box) {
@@ -85,7 +84,7 @@ void EnableSelectTool(const std::shared_ptr<IApplication>& application) {
     const std::shared_ptr<IDocument> document = Require(application, "IApplication")->Document();
     const std::shared_ptr<ICommandBars> bars = Require(document, "IDocument")->CommandBars();
     const std::shared_ptr<ICommandItem> item =
-        Require(bars, "ICommandBars")->Find(UID(kSelectElementsTool), false, false);
+        Require(bars, "ICommandBars")->Find(UID(known_ids::kSelectElementsTool), false, false);
     if (item) item->Execute();
   });
 }

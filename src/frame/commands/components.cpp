@@ -13,6 +13,7 @@
 #include "frame/commands/command_table.h"
 #include "frame/menus.h"
 #include "frame/published/clsFunctionFactory.h"
+#include "platform/known_ids.h"
 #include "platform/text_formats.h"
 #include "session/clsExtension.h"
 #include "spheroids/clsSpheroidCatalog.h"
@@ -52,7 +53,7 @@ ComponentClass Plain(const char* prog_id, std::vector<std::string> interfaces) {
 
 std::vector<ComponentClass> MakeClasses() {
   std::vector<ComponentClass> classes = {
-      Plain<clsExtension>("Tessarine.clsExtension", {"IExtension", "IPersistVariant"}),
+      Plain<clsExtension>(known_ids::kSuiteExtension, {"IExtension", "IPersistVariant"}),
       Plain<clsToolBar>("Tessarine.clsToolBar", {"IToolBarDef"}),
       Plain<clsMenu>("Tessarine.clsMenu", {"IMenuDef", "IRootLevelMenu"}),
       Plain<clsShapeSubMenu>("Tessarine.clsShapeSubMenu", {"IMenuDef"}),

@@ -5,13 +5,12 @@
 
 #include "hosts/document/component_loader.h"
 #include "hosts/document/settings_stream.h"
+#include "platform/known_ids.h"
 #include "platform/paths.h"
 #include "platform/text_formats.h"
 
 namespace tessarine {
 namespace {
-
-constexpr const char* kExtensionId = "Tessarine.clsExtension";
 
 /// The files that the document came from; its own path is the last.
 class DocumentTemplates final : public ITemplates {
@@ -30,7 +29,7 @@ class DocumentTemplates final : public ITemplates {
 }  // namespace
 
 void DocumentApplication::Start() {
-  extension_ = CreateComponentAs<IExtension>(kExtensionId, "IExtension");
+  extension_ = CreateComponentAs<IExtension>(known_ids::kSuiteExtension, "IExtension");
   extension_->Startup(Variant(shared_from_this()));
   if (document_->Settings.empty()) return;
   SettingsStream stream(document_->Settings);
@@ -64,7 +63,7 @@ std::shared_ptr<ITemplates> DocumentApplication::Templates() const {
 }
 
 ObjectRef DocumentApplication::FindExtensionByCLSID(const UID& uid) const {
-  return EqualsIgnoringCase(uid.Value, kExtensionId) ? extension_ : nullptr;
+  return EqualsIgnoringCase(uid.Value, known_ids::kSuiteExtension) ? extension_ : nullptr;
 }
 
 }  // namespace tessarine

@@ -2,6 +2,7 @@
 #include "hosts/document/windowless_host.h"
 
 #include "hosts/document/document_layer.h"
+#include "platform/known_ids.h"
 
 namespace tessarine {
 
@@ -10,8 +11,7 @@ std::shared_ptr<IFeatureLayer> WindowlessHost::CreateFeatureLayer() { return std
 std::shared_ptr<ISimpleRenderer> WindowlessHost::CreateSimpleRenderer() { return std::make_shared<DocumentRenderer>(); }
 
 std::string WindowlessHost::QueryLocalMachine(const std::string& key, const std::string& value) const {
-  // The terminating null belongs to what a registry answers.
-  return key == "Software\\ESRI\\ArcGIS" && value == "RealVersion" ? host_version_ + '\0' : std::string();
+  return key == known_ids::kVersionKey && value == known_ids::kVersionValue ? host_version_ + '\0' : std::string();
 }
 
 }  // namespace tessarine

@@ -15,6 +15,7 @@
 #include "hosts/qgis/annotation_items.h"
 #include "hosts/qgis/settings_text.h"
 #include "hosts/windows/qt_text.h"
+#include "platform/known_ids.h"
 #include "platform/paths.h"
 #include "platform/text_formats.h"
 #include "platform/trap.h"
@@ -22,8 +23,6 @@
 namespace tessarine::qgis {
 namespace {
 
-constexpr const char* kExtensionId = "Tessarine.clsExtension";
-constexpr const char* kEditorId = "esriEditor.Editor";
 const QString kScope = QStringLiteral("Tessarine");
 const QString kSettings = QStringLiteral("/settings");
 
@@ -142,7 +141,7 @@ void ProgramApplication::AnnotationsChanged() {
 }
 
 void ProgramApplication::StartExtension() {
-  extension_ = CreateComponentAs<IExtension>(kExtensionId, "IExtension");
+  extension_ = CreateComponentAs<IExtension>(known_ids::kSuiteExtension, "IExtension");
   extension_->Startup(Variant(shared_from_this()));
 }
 
@@ -167,8 +166,8 @@ void ProgramApplication::SaveSettings() {
 std::shared_ptr<ITemplates> ProgramApplication::Templates() const { return std::make_shared<ProjectTemplates>(); }
 
 ObjectRef ProgramApplication::FindExtensionByCLSID(const UID& uid) const {
-  if (EqualsIgnoringCase(uid.Value, kExtensionId)) return extension_;
-  if (EqualsIgnoringCase(uid.Value, kEditorId)) return std::make_shared<LayerEditor>();
+  if (EqualsIgnoringCase(uid.Value, known_ids::kSuiteExtension)) return extension_;
+  if (EqualsIgnoringCase(uid.Value, known_ids::kEditor)) return std::make_shared<LayerEditor>();
   return nullptr;
 }
 

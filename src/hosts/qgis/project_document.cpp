@@ -8,6 +8,7 @@
 #include <QMainWindow>
 
 #include "hosts/qgis/item_selection_tool.h"
+#include "platform/known_ids.h"
 #include "platform/text_formats.h"
 
 namespace tessarine::qgis {
@@ -19,7 +20,7 @@ struct CommandRow {
   const char* action;  ///< the object name in the main window
 };
 constexpr CommandRow kCommands[] = {
-    {"{C22579D1-BC17-11D0-8667-0000F8751720}", kSelectItemsAction},
+    {known_ids::kSelectElementsTool, kSelectItemsAction},
 };
 
 class ProgramCommand final : public ICommandItem {

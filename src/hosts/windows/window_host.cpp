@@ -13,6 +13,7 @@
 #include "hosts/windows/qt_text.h"
 #include "hosts/windows/reference_dialog.h"
 #include "hosts/windows/system_information.h"
+#include "platform/known_ids.h"
 #include "platform/rich_text.h"
 
 namespace tessarine {
@@ -160,8 +161,7 @@ void WindowHost::SetRichText(const std::string& rtf) {
 
 std::string WindowHost::QueryLocalMachine(const std::string& key, const std::string& value) const {
   if (key.ends_with("\\MSINFO") && value == "PATH") return SystemInformationPath();
-  // The terminating null belongs to what a registry answers.
-  return key == "Software\\ESRI\\ArcGIS" && value == "RealVersion" ? host_version_ + '\0' : std::string();
+  return key == known_ids::kVersionKey && value == known_ids::kVersionValue ? host_version_ + '\0' : std::string();
 }
 
 }  // namespace tessarine
