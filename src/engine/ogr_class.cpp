@@ -31,16 +31,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-struct CategoryRow {
-  const char* driver;
-  const char* category;
-};
-constexpr CategoryRow kCategories[] = {
-    {"ESRI Shapefile", "Shapefile"},
-    {"OpenFileGDB", "File Geodatabase"},
-    {"PGeo", "Personal Geodatabase"},
-};
-
 constexpr const char* kFileGdbDriver = "OpenFileGDB";
 constexpr const char* kPersonalDriver = "PGeo";
 
@@ -241,12 +231,7 @@ std::string OgrClass::FullName() const {
   return FromNativePath(file.string());
 }
 
-std::string OgrClass::Category() const {
-  for (const CategoryRow& row : kCategories) {
-    if (driver_ == row.driver) return std::string(row.category) + " Feature Class";
-  }
-  return driver_ + " Feature Class";
-}
+std::string OgrClass::Category() const { return StoredCategory(driver_); }
 
 std::shared_ptr<IWorkspace> OgrClass::Workspace() const { return WorkspaceOf(driver_, source_->Path()); }
 

@@ -10,7 +10,7 @@
 
 #include "engine/ogr_feature.h"
 #include "engine/ogr_source.h"
-#include "platform/data.h"
+#include "platform/stored_class.h"
 
 namespace tessarine::engine {
 
@@ -74,41 +74,22 @@ class OgrClass : public virtual IClass,
   std::string driver_;
 };
 
-class OgrFeatureClass : public OgrClass, public IFeatureClass {
+class OgrFeatureClass : public FeaturesOver<OgrClass> {
  public:
-  using OgrClass::OgrClass;
+  using FeaturesOver::FeaturesOver;
 
-  [[nodiscard]] esriGeometryType ShapeType() const override { return Traits()->shape_type; }
   [[nodiscard]] std::string ShapeFieldName() const override;
-  [[nodiscard]] std::string AliasName() const override { return Name(); }
-  [[nodiscard]] SpatialReferenceRef SpatialReference() const override { return Traits()->reference; }
   [[nodiscard]] Envelope Extent() const override { return LayerExtent(); }
   [[nodiscard]] std::int32_t FeatureCount(const QueryFilter* filter) const override { return CountRows(filter); }
-  [[nodiscard]] std::shared_ptr<IFeatureCursor> Search(const QueryFilter* filter, bool recycling) override {
-    return OpenReader(filter, recycling);
-  }
-  [[nodiscard]] std::shared_ptr<IFeatureCursor> Update(const QueryFilter* filter, bool recycling) override {
-    return OpenUpdater(filter, recycling);
-  }
-  [[nodiscard]] std::shared_ptr<IFeatureCursor> Insert(bool) override { return OpenInserter(); }
   [[nodiscard]] std::shared_ptr<IFeatureBuffer> CreateFeatureBuffer() override;
   [[nodiscard]] std::vector<LeftOutRecords> LeftOut() const override;
-  [[nodiscard]] std::shared_ptr<IFeature> GetFeature(std::int64_t oid) override { return ReadRow(oid); }
 };
 
-class OgrTable final : public OgrClass, public ITable {
+class OgrTable final : public TableOver<OgrClass> {
  public:
-  using OgrClass::OgrClass;
+  using TableOver::TableOver;
 
   [[nodiscard]] std::int32_t RowCount(const QueryFilter* filter) const override { return CountRows(filter); }
-  [[nodiscard]] std::shared_ptr<ICursor> SearchRows(const QueryFilter* filter, bool recycling) override {
-    return OpenReader(filter, recycling);
-  }
-  [[nodiscard]] std::shared_ptr<IRow> GetRow(std::int64_t oid) override { return ReadRow(oid); }
-  [[nodiscard]] std::shared_ptr<ICursor> InsertRows(bool) override { return OpenInserter(); }
-  [[nodiscard]] std::shared_ptr<ICursor> UpdateRows(const QueryFilter* filter, bool recycling) override {
-    return OpenUpdater(filter, recycling);
-  }
 };
 
 }  // namespace tessarine::engine

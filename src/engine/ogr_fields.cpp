@@ -8,13 +8,13 @@
 #include "engine/wide_numbers.h"
 #include "outputs/column_loss.h"
 #include "platform/calendar.h"
+#include "platform/stored_class.h"
 #include "platform/text_encoding.h"
 #include "platform/text_formats.h"
 
 namespace tessarine::engine {
 namespace {
 
-constexpr int kLongestSmallInteger = 4;
 // A wider whole number reads back as a double; a column grows when a longer one is met.
 constexpr int kLongestDbaseWhole = 18;
 constexpr int kUniqueIdText = 38;
@@ -26,8 +26,8 @@ constexpr int kUtc = 100, kMinutesPerStep = 15;
 esriFieldType TypeOf(const OGRFieldDefn& field) {
   switch (field.GetType()) {
     case OFTInteger: {
-      const bool small = field.GetSubType() == OFSTInt16 || field.GetSubType() == OFSTBoolean ||
-                         (field.GetWidth() > 0 && field.GetWidth() <= kLongestSmallInteger);
+      const bool small =
+          field.GetSubType() == OFSTInt16 || field.GetSubType() == OFSTBoolean || IsShortWhole(field.GetWidth());
       return small ? esriFieldTypeSmallInteger : esriFieldTypeInteger;
     }
     case OFTInteger64:
@@ -55,20 +55,8 @@ FieldRef AttributeField(const OGRFieldDefn& definition, ColumnStore store) {
   const char* alias = definition.GetAlternativeNameRef();
   field->AliasName = alias != nullptr && *alias != '\0' ? ReadableText(alias) : field->Name;
   field->Type = store == ColumnStore::Dbase && IsWideWhole(definition) ? esriFieldTypeInteger64 : TypeOf(definition);
-  switch (field->Type) {
-    case esriFieldTypeString:
-    case esriFieldTypeGUID:
-      field->Length = definition.GetWidth();
-      break;
-    case esriFieldTypeDate:
-      field->Content = ContentOf(definition.GetType());
-      break;
-    case esriFieldTypeBlob:
-      break;
-    default:
-      field->Precision = definition.GetWidth();
-      field->Scale = definition.GetPrecision();
-  }
+  if (field->Type == esriFieldTypeDate) field->Content = ContentOf(definition.GetType());
+  SetStoredWidth(*field, definition.GetWidth(), definition.GetPrecision());
   field->IsNullable = definition.IsNullable() != 0;
   return field;
 }
@@ -80,26 +68,17 @@ std::string FreeName(std::string name, const Fields& attributes) {
 }
 
 FieldRef OidField(OGRLayer& layer, ColumnStore store, const Fields& attributes) {
-  auto field = std::make_shared<Field>();
   const std::string column = layer.GetFIDColumn();
-  field->Name = FreeName(!column.empty() ? column : store == ColumnStore::Dbase ? "FID" : "OBJECTID", attributes);
-  field->AliasName = field->Name;
-  field->Type = esriFieldTypeOID;
-  field->Editable = false;
-  field->IsNullable = false;
-  return field;
+  return StoredOidField(FreeName(!column.empty()               ? column
+                                 : store == ColumnStore::Dbase ? "FID"
+                                                               : "OBJECTID",
+                                 attributes));
 }
 
 FieldRef ShapeField(OGRLayer& layer, esriGeometryType shape_type, const SpatialReferenceRef& reference,
                     const Fields& attributes) {
-  auto field = std::make_shared<Field>();
   const std::string column = layer.GetGeometryColumn();
-  field->Name = FreeName(column.empty() ? "Shape" : column, attributes);
-  field->AliasName = field->Name;
-  field->Type = esriFieldTypeGeometry;
-  field->GeometryDef = std::make_shared<GeometryDef>();
-  field->GeometryDef->GeometryType = shape_type;
-  field->GeometryDef->SpatialReference = reference;
+  FieldRef field = StoredShapeField(FreeName(column.empty() ? "Shape" : column, attributes), shape_type, reference);
   field->GeometryDef->HasZ = wkbHasZ(layer.GetGeomType());
   field->GeometryDef->HasM = wkbHasM(layer.GetGeomType());
   return field;

@@ -12,12 +12,12 @@
 #include "hosts/qgis/values.h"
 #include "hosts/windows/qt_text.h"
 #include "platform/fault.h"
+#include "platform/stored_class.h"
 #include "platform/value_fit.h"
 
 namespace tessarine::qgis {
 namespace {
 
-constexpr int kLongestSmallInteger = 4;
 constexpr const char* kSixteenBitTypes[] = {"smallint", "int2", "int16"};
 
 bool IsSixteenBits(const QgsField& field) {
@@ -39,9 +39,7 @@ esriFieldType TypeOf(const QgsField& field) {
     case QVariant::Bool:
       return esriFieldTypeSmallInteger;
     case QVariant::Int:
-      return IsSixteenBits(field) || (field.length() > 0 && field.length() <= kLongestSmallInteger)
-                 ? esriFieldTypeSmallInteger
-                 : esriFieldTypeInteger;
+      return IsSixteenBits(field) || IsShortWhole(field.length()) ? esriFieldTypeSmallInteger : esriFieldTypeInteger;
     case QVariant::UInt:
     case QVariant::LongLong:
     case QVariant::ULongLong:
@@ -71,12 +69,7 @@ FieldRef AttributeField(const QgsField& source, bool stored) {
   field->AliasName = FromQt(source.displayName());
   field->Type = TypeOf(source);
   field->Content = ContentOf(source.type());
-  if (field->Type == esriFieldTypeString || field->Type == esriFieldTypeGUID) {
-    field->Length = source.length();
-  } else if (field->Type != esriFieldTypeDate && field->Type != esriFieldTypeBlob) {
-    field->Precision = source.length();
-    field->Scale = source.precision();
-  }
+  SetStoredWidth(*field, source.length(), source.precision());
   field->Editable = stored && !source.isReadOnly();
   field->IsNullable = !(source.constraints().constraints() & QgsFieldConstraints::ConstraintNotNull);
   return field;
@@ -90,30 +83,17 @@ int IdentifierAttribute(const QgsVectorLayer& layer) {
 }
 
 FieldRef OidField(const QgsVectorLayer& layer, int identifier) {
-  auto field = std::make_shared<Field>();
   const bool shapefile = layer.storageType() == QStringLiteral("ESRI Shapefile");
   QString name = identifier >= 0 ? layer.fields().at(identifier).name() : shapefile ? "FID" : "OBJECTID";
   while (identifier < 0 && layer.fields().lookupField(name) >= 0) name += '_';
-  field->Name = FromQt(name);
-  field->AliasName = field->Name;
-  field->Type = esriFieldTypeOID;
-  field->Editable = false;
-  field->IsNullable = false;
-  return field;
+  return StoredOidField(FromQt(name));
 }
 
 FieldRef ShapeField(const QgsVectorLayer& layer, esriGeometryType type) {
-  auto field = std::make_shared<Field>();
   // Providers don't tell the name of the column.
   QString name = QStringLiteral("Shape");
   while (layer.fields().lookupField(name) >= 0) name += '_';
-  field->Name = FromQt(name);
-  field->AliasName = field->Name;
-  field->Type = esriFieldTypeGeometry;
-  field->GeometryDef = std::make_shared<GeometryDef>();
-  field->GeometryDef->GeometryType = type;
-  field->GeometryDef->SpatialReference = ReferenceOf(layer.crs());
-  return field;
+  return StoredShapeField(FromQt(name), type, ReferenceOf(layer.crs()));
 }
 
 Date DateOf(const QDateTime& time) {

@@ -24,16 +24,6 @@
 namespace tessarine::qgis {
 namespace {
 
-struct CategoryRow {
-  const char* storage;
-  const char* category;
-};
-constexpr CategoryRow kCategories[] = {
-    {"ESRI Shapefile", "Shapefile"},
-    {"OpenFileGDB", "File Geodatabase"},
-    {"PGeo", "Personal Geodatabase"},
-};
-
 // Data that the program can open isn't compressed, and has no other property that counts.
 class NoProperties final : public IPropertySet {
  public:
@@ -180,10 +170,7 @@ std::string LayerClass::FullName() const {
 
 std::string LayerClass::Category() const {
   const QString storage = Layer().storageType();
-  for (const CategoryRow& row : kCategories) {
-    if (storage == QLatin1String(row.storage)) return std::string(row.category) + " Feature Class";
-  }
-  return FromQt(storage.isEmpty() ? Layer().providerType() : storage) + " Feature Class";
+  return StoredCategory(FromQt(storage.isEmpty() ? Layer().providerType() : storage));
 }
 
 std::shared_ptr<IWorkspace> LayerClass::Workspace() const {

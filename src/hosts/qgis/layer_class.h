@@ -14,7 +14,7 @@
 #include <vector>
 
 #include "hosts/qgis/columns.h"
-#include "platform/data.h"
+#include "platform/stored_class.h"
 
 namespace tessarine::qgis {
 
@@ -84,40 +84,21 @@ class LayerClass : public virtual IClass,
   mutable std::shared_ptr<const LayerTraits> traits_;
 };
 
-class LayerFeatures final : public LayerClass, public IFeatureClass {
+class LayerFeatures final : public FeaturesOver<LayerClass> {
  public:
-  using LayerClass::LayerClass;
+  using FeaturesOver::FeaturesOver;
 
-  [[nodiscard]] esriGeometryType ShapeType() const override { return Traits()->shape_type; }
   [[nodiscard]] std::string ShapeFieldName() const override;
-  [[nodiscard]] std::string AliasName() const override { return Name(); }
-  [[nodiscard]] SpatialReferenceRef SpatialReference() const override { return Traits()->reference; }
   [[nodiscard]] Envelope Extent() const override;
   [[nodiscard]] std::int32_t FeatureCount(const QueryFilter* filter) const override;
-  [[nodiscard]] std::shared_ptr<IFeatureCursor> Search(const QueryFilter* filter, bool recycling) override {
-    return OpenReader(filter, recycling);
-  }
-  [[nodiscard]] std::shared_ptr<IFeatureCursor> Update(const QueryFilter* filter, bool recycling) override {
-    return OpenUpdater(filter, recycling);
-  }
-  [[nodiscard]] std::shared_ptr<IFeatureCursor> Insert(bool) override { return OpenInserter(); }
   [[nodiscard]] std::shared_ptr<IFeatureBuffer> CreateFeatureBuffer() override;
-  [[nodiscard]] std::shared_ptr<IFeature> GetFeature(std::int64_t oid) override { return ReadRow(oid); }
 };
 
-class LayerTable final : public LayerClass, public ITable {
+class LayerTable final : public TableOver<LayerClass> {
  public:
-  using LayerClass::LayerClass;
+  using TableOver::TableOver;
 
   [[nodiscard]] std::int32_t RowCount(const QueryFilter* filter) const override;
-  [[nodiscard]] std::shared_ptr<ICursor> SearchRows(const QueryFilter* filter, bool recycling) override {
-    return OpenReader(filter, recycling);
-  }
-  [[nodiscard]] std::shared_ptr<IRow> GetRow(std::int64_t oid) override { return ReadRow(oid); }
-  [[nodiscard]] std::shared_ptr<ICursor> InsertRows(bool) override { return OpenInserter(); }
-  [[nodiscard]] std::shared_ptr<ICursor> UpdateRows(const QueryFilter* filter, bool recycling) override {
-    return OpenUpdater(filter, recycling);
-  }
 };
 
 /// The rows that are selected in the layer when this is made.
