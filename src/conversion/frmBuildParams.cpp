@@ -35,7 +35,7 @@ void frmBuildParams::SetArcApplication(const std::shared_ptr<IApplication>& appl
     FillLineLayers();
     optFirstLabelPoint.SetValue(extension_->BuildUseFirstLabelPoint);
     optCentroidLabelPoint.SetValue(!extension_->BuildUseFirstLabelPoint);
-    ShowOutput(ProposeOutput(*extension_, application_, "Polygons"));
+    output_.Show(ProposeOutput(*extension_, application_, "Polygons"));
     if (layers_->Count() == 0) {
       optAll.SetValue(true);
       txtCluster.SetEnabled(false);
@@ -161,22 +161,13 @@ void frmBuildParams::txtCluster_KeyPress(std::int32_t& key_ascii) {
   Trap("txtCluster_KeyPress", [&] { CheckNumericRealPositive(key_ascii, txtCluster); });
 }
 
-void frmBuildParams::ShowOutput(const OutputChoice& choice) {
-  // The text's own change event reads the path as typed; what is known of the place comes after it.
-  txtOutput.SetText(choice.FullPath());
-  output_ = choice;
-}
-
 void frmBuildParams::txtOutput_Change() {
-  Trap("txtOutput_Change", [this] { FollowTypedPath(txtOutput.Text(), output_); });
+  Trap("txtOutput_Change", [this] { output_.FollowText(); });
 }
 
 void frmBuildParams::cmdGetWorkspace_Click() {
   Trap("cmdGetWorkspace_Click", [this] {
-    OutputChoice choice = output_;
-    if (!BrowseForOutput(txtOutput.Text(), choice, "Enter the name of your new Polygon Feature Class:")) return;
-    ShowOutput(choice);
-    CheckOK();
+    if (output_.Browse("Enter the name of your new Polygon Feature Class:")) CheckOK();
   });
 }
 
@@ -191,17 +182,9 @@ void frmBuildParams::LeaveLabelChoices() {
 
 void frmBuildParams::cmdOK_Click() {
   Trap("cmdOK_Click", [this] {
-    if (!OutputWorkspaceExists(txtOutput.Text(), output_)) {
-      txtOutput.SetFocus();
-      return;
-    }
-    const std::shared_ptr<IFeatureLayer> layer = LayerAt(layers_, lbxLayers.ListIndex());
-    extension_->NewShapefileLocation = ChosenPath(txtOutput.Text(), output_);
-    RememberOutput(output_, *extension_);
-    extension_->SelectedLayer = Require(layer, "layer");
-    extension_->AnalysisRecordCount =
-        optAll.Value() ? layer->FeatureClass()->FeatureCount(nullptr) : SelectionOf(layer)->Count();
-    extension_->DoAllRecords = optAll.Value();
+    if (!output_.PlaceExists()) return;
+    LeaveChoices(*extension_, LayerAt(layers_, lbxLayers.ListIndex()),
+                 optAll.Value() ? ToolRecords::All : ToolRecords::Selected, output_);
     extension_->BuildClusterTolerance = ToNumber(txtCluster.Text());
     LeaveLabelChoices();
     extension_->ShouldContinue = true;

@@ -11,7 +11,7 @@
 #include "platform/form.h"
 #include "session/clsExtension.h"
 #include "support/AnchorObjectList.h"
-#include "support/output_chooser.h"
+#include "support/output_row.h"
 
 namespace tessarine {
 
@@ -81,7 +81,6 @@ class frmBuildParams final : public Form {
   void EnableLabelControls(bool enabled);
   void UpdateSelName();
   void CheckOK();
-  void ShowOutput(const MyGeneralOperations::OutputChoice& choice);
   void LeaveLabelChoices();
   [[nodiscard]] std::shared_ptr<IFeatureLayer> PointLayer() const;
 
@@ -93,7 +92,7 @@ class frmBuildParams final : public Form {
   bool all_selected_ = false;
   bool points_selected_ = false;  // the point layer has a selection
   std::string preferred_layer_;
-  MyGeneralOperations::OutputChoice output_;
+  MyGeneralOperations::OutputRow output_{txtOutput, MyGeneralOperations::FollowTypedPath};
   AnchorObjectList anchors_;
 };
 

@@ -104,7 +104,7 @@ void frmLayerFields::SetConversionOption(std::int32_t option) {
       base_name = texts->default_output_name;
       FillLayers();
     }
-    ShowOutput(ProposeOutput(*extension_, application_, base_name));
+    output_.Show(ProposeOutput(*extension_, application_, base_name));
     if (layers_->Count() == 0) optAll.SetValue(true);
     UpdateOkState();
   });
@@ -142,12 +142,6 @@ void frmLayerFields::UpdateSelName() {
 
 void frmLayerFields::UpdateOkState() { cmdOK.SetEnabled(lbxLayers.ListIndex() >= 0); }
 
-void frmLayerFields::ShowOutput(const OutputChoice& choice) {
-  // The text's own change event reads the path as typed; what is known of the place comes after it.
-  txtOutput.SetText(choice.FullPath());
-  output_ = choice;
-}
-
 void frmLayerFields::cmdSelFields_Click() {
   Trap("cmdSelFields_Click", [this] {
     SelectAllLines(lbxFields, !all_selected_);
@@ -161,33 +155,21 @@ void frmLayerFields::optAll_Click() {
 }
 
 void frmLayerFields::txtOutput_Change() {
-  Trap("txtOutput_Change", [this] { FollowTypedPath(txtOutput.Text(), output_); });
+  Trap("txtOutput_Change", [this] { output_.FollowText(); });
 }
 
 void frmLayerFields::cmdGetWorkspace_Click() {
   Trap("cmdGetWorkspace_Click", [this] {
-    OutputChoice choice = output_;
-    if (!BrowseForOutput(txtOutput.Text(), choice)) return;
-    ShowOutput(choice);
-    UpdateOkState();
+    if (output_.Browse()) UpdateOkState();
   });
 }
 
 void frmLayerFields::cmdOK_Click() {
   Trap("cmdOK_Click", [this] {
-    if (!OutputWorkspaceExists(txtOutput.Text(), output_)) {
-      txtOutput.SetFocus();
-      return;
-    }
-    const std::shared_ptr<IFeatureLayer> layer = CurrentLayer();
-    extension_->NewShapefileLocation = ChosenPath(txtOutput.Text(), output_);
-    extension_->SelectedLayer = Require(layer, "layer");
+    if (!output_.PlaceExists()) return;
+    LeaveChoices(*extension_, CurrentLayer(), optAll.Value() ? ToolRecords::All : ToolRecords::Selected, output_);
     extension_->SelectedFields = SelectedFieldsOf(lbxFields, fields_);
-    RememberOutput(output_, *extension_);
     extension_->ShouldContinue = true;
-    extension_->DoAllRecords = optAll.Value();
-    extension_->AnalysisRecordCount =
-        optAll.Value() ? layer->FeatureClass()->FeatureCount(nullptr) : SelectionOf(layer)->Count();
     Unload();
   });
 }

@@ -12,7 +12,7 @@
 #include "platform/form.h"
 #include "session/clsExtension.h"
 #include "support/AnchorObjectList.h"
-#include "support/output_chooser.h"
+#include "support/output_row.h"
 
 namespace tessarine {
 
@@ -62,7 +62,6 @@ class frmLayerFields final : public Form {
   void ShowRecordCounts(const std::shared_ptr<IFeatureLayer>& layer);
   void UpdateSelName();
   void UpdateOkState();
-  void ShowOutput(const MyGeneralOperations::OutputChoice& choice);
   [[nodiscard]] std::shared_ptr<IFeatureLayer> CurrentLayer() const;
 
   std::shared_ptr<IApplication> application_;
@@ -73,7 +72,7 @@ class frmLayerFields final : public Form {
   std::vector<FieldRef> fields_;
   bool all_selected_ = false;
   std::string preferred_layer_;
-  MyGeneralOperations::OutputChoice output_;
+  MyGeneralOperations::OutputRow output_{txtOutput, MyGeneralOperations::FollowTypedPath};
   AnchorObjectList anchors_;
 };
 

@@ -57,6 +57,16 @@ const char* SelectFieldsCaption(bool all_selected) {
   return all_selected ? "Unselect All Fields" : "Select All Fields";
 }
 
+void LeaveChoices(clsExtension& extension, const std::shared_ptr<IFeatureLayer>& layer, ToolRecords records,
+                  const MyGeneralOperations::OutputRow& output) {
+  extension.NewShapefileLocation = output.Path();
+  extension.SelectedLayer = Require(layer, "layer");
+  RememberOutput(output.Choice(), extension);
+  extension.DoAllRecords = records == ToolRecords::All;
+  extension.AnalysisRecordCount =
+      extension.DoAllRecords ? layer->FeatureClass()->FeatureCount(nullptr) : SelectionOf(layer)->Count();
+}
+
 void ForgetChoices(clsExtension& extension) {
   extension.ShouldContinue = false;
   extension.SelectedFields = nullptr;

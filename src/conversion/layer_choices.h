@@ -12,11 +12,13 @@
 #include "platform/arrays.h"
 #include "platform/form.h"
 #include "platform/map.h"
+#include "platform/tool.h"
 #include "session/clsExtension.h"
+#include "support/output_row.h"
 
 namespace tessarine {
 
-/// Lists the valid layers and answers the line of the preferred one, 0 without it. The line counts all layers, so an
+/// Lists the valid layers and returns the line of the preferred one, 0 without it. The line counts all layers, so an
 /// invalid one shifts the lines against the layers.
 std::int32_t ListLayers(const VarArray& layers, const std::string& preferred, ListBox& list);
 
@@ -34,6 +36,10 @@ void SelectAllLines(ListBox& list, bool selected);
 
 /// What the button beside the fields says: what pressing it would do next.
 [[nodiscard]] const char* SelectFieldsCaption(bool all_selected);
+
+/// Leaves the layer, its records with their count, and the output in the extension for the run.
+void LeaveChoices(clsExtension& extension, const std::shared_ptr<IFeatureLayer>& layer, ToolRecords records,
+                  const MyGeneralOperations::OutputRow& output);
 
 /// Leaves nothing to run in the extension, for a dialog that is given up.
 void ForgetChoices(clsExtension& extension);

@@ -156,21 +156,12 @@ void LongitudeForm::txtLongShift_Change() {
   Trap("txtLongShift_Change", [this] { shift_ = NumberIn(txtLongShift.Text()).value_or(shift_); });
 }
 
-void LongitudeForm::ShowOutput(const OutputChoice& choice) {
-  // The text's own change event reads the path as typed; what is known of the place comes after it.
-  txtOutput.SetText(choice.FullPath());
-  output_ = choice;
-}
-
 void LongitudeForm::txtOutput_Change() {
-  Trap("txtOutput_Change", [this] { FollowTypedOutput(txtOutput.Text(), output_); });
+  Trap("txtOutput_Change", [this] { output_.FollowText(); });
 }
 
 void LongitudeForm::cmdGetWorkspace_Click() {
-  Trap("cmdGetWorkspace_Click", [this] {
-    OutputChoice choice = output_;
-    if (BrowseForOutput(txtOutput.Text(), choice)) ShowOutput(choice);
-  });
+  Trap("cmdGetWorkspace_Click", [this] { output_.Browse(); });
 }
 
 void LongitudeForm::cmdCancel_Click() {
@@ -181,15 +172,9 @@ void LongitudeForm::cmdCancel_Click() {
   });
 }
 
-bool LongitudeForm::OutputPlaceExists() {
-  if (OutputWorkspaceExists(txtOutput.Text(), output_)) return true;
-  txtOutput.SetFocus();
-  return false;
-}
-
 std::shared_ptr<VarArray> LongitudeForm::DescribeOutput(const IFeatureLayer& layer) {
-  RememberOutput(output_, *extension_);
-  return OutputDescription::Make(layer, output_);
+  RememberOutput(output_.Choice(), *extension_);
+  return OutputDescription::Make(layer, output_.Choice());
 }
 
 void LongitudeForm::Finish() {

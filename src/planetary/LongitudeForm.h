@@ -14,9 +14,13 @@
 #include "platform/form.h"
 #include "session/clsExtension.h"
 #include "support/AnchorObjectList.h"
-#include "support/output_chooser.h"
+#include "support/output_row.h"
 
 namespace tessarine {
+
+/// Takes over a path that was typed. A folder that ends as a geodatabase is one; the dataset that was browsed to stays
+/// while the folder still names it.
+void FollowTypedOutput(const std::string& text, MyGeneralOperations::OutputChoice& choice);
 
 class LongitudeForm : public Form {
  public:
@@ -58,7 +62,7 @@ class LongitudeForm : public Form {
   void Begin(const std::shared_ptr<IApplication>& application, const std::shared_ptr<clsExtension>& extension,
              const std::string& preferred_layer);
   void ShowShift(double shift);
-  void ShowOutput(const MyGeneralOperations::OutputChoice& choice);
+  void ShowOutput(const MyGeneralOperations::OutputChoice& choice) { output_.Show(choice); }
 
   [[nodiscard]] const std::shared_ptr<IApplication>& Application() const { return application_; }
   [[nodiscard]] const std::shared_ptr<clsExtension>& Extension() const { return extension_; }
@@ -66,7 +70,7 @@ class LongitudeForm : public Form {
   [[nodiscard]] std::shared_ptr<IFeatureLayer> CurrentLayer() const;
   [[nodiscard]] double Shift() const { return shift_; }
   /// The first of OK's tests: the place of the output exists, or the user is told and sent to its box.
-  [[nodiscard]] bool OutputPlaceExists();
+  [[nodiscard]] bool OutputPlaceExists() { return output_.PlaceExists(); }
   /// What OK leaves for the creation of the output; the extension remembers its place.
   [[nodiscard]] std::shared_ptr<VarArray> DescribeOutput(const IFeatureLayer& layer);
   /// The go-ahead.
@@ -83,7 +87,7 @@ class LongitudeForm : public Form {
   std::shared_ptr<clsExtension> extension_;
   std::vector<std::shared_ptr<IFeatureLayer>> layers_;
   double shift_ = 0.0;
-  MyGeneralOperations::OutputChoice output_;
+  MyGeneralOperations::OutputRow output_{txtOutput, FollowTypedOutput};
   AnchorObjectList anchors_;
 };
 
@@ -91,9 +95,5 @@ class LongitudeForm : public Form {
 [[nodiscard]] std::string BoxNumber(double value);
 /// The number in a box; nothing for a text that is none.
 [[nodiscard]] std::optional<double> NumberIn(const std::string& text);
-
-/// Takes over a path that was typed. A folder that ends as a geodatabase is one; the dataset that was browsed to stays
-/// while the folder still names it.
-void FollowTypedOutput(const std::string& text, MyGeneralOperations::OutputChoice& choice);
 
 }  // namespace tessarine
