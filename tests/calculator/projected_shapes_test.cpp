@@ -1,28 +1,15 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // A polygon in a projection has the geodesic measures of the same polygon in longitude and latitude.
-#include <gtest/gtest.h>
-#include <ogr_spatialref.h>
-
-#include <algorithm>
-#include <cmath>
 #include <map>
-#include <memory>
-#include <numbers>
 
-#include "calculator/geometry_options.h"
-#include "calculator/measures.h"
+#include "calculator/projected_polygons.h"
 #include "engine/data_source.h"
-#include "helpers/shapes.h"
-#include "shapes/MyGeometricOperations.h"
 
 namespace tessarine {
 namespace {
 
 using namespace testing;
-using enum SpatialKind;
 namespace shapes = MyGeometricOperations;
-
-SpatialReferenceRef Reference(const std::string& text) { return SpatialReferenceEnvironment::CreateFromText(text); }
 
 // The bundled countries by name.
 const std::map<std::string, std::shared_ptr<Polygon>>& Countries() {
@@ -38,90 +25,6 @@ const std::map<std::string, std::shared_ptr<Polygon>>& Countries() {
     return result;
   }();
   return countries;
-}
-
-constexpr XY kNoCentroid{-9999.0, -9999.0};
-
-struct Values {
-  double spherical_area, perimeter, spheroidal_area;
-  XY centroid;
-};
-
-double ValueOf(MeasureRecord& record, std::int32_t id) {
-  const MeasureSettings& settings = record.Settings();
-  return Measure(*FindMeasure(settings.shape, settings.kind, id), record).first.AsDouble();
-}
-
-XY PositionOf(MeasureRecord& record, std::int32_t id) {
-  const MeasureSettings& settings = record.Settings();
-  const MeasuredValues values = Measure(*FindMeasure(settings.shape, settings.kind, id), record);
-  return {values.first.AsDouble(), values.second.AsDouble()};
-}
-
-MeasureSettings SettingsOf(const SpatialReferenceRef& reference, esriGeometryType shape = esriGeometryPolygon) {
-  const auto spheroid = shapes::DegreesOf(reference)->Datum()->Spheroid();
-  return {shape, SpatialKindOf(reference), reference, spheroid->SemiMajorAxis(), spheroid->SemiMinorAxis(), false};
-}
-
-Values MeasuresOf(const std::shared_ptr<Polygon>& polygon) {
-  MeasureSettings settings = SettingsOf(polygon->SpatialReference());
-  const auto record = BeginRecord(CloneOf(*polygon), settings);
-  const bool geographic = settings.kind == Geographic;
-  const XY centroid = PositionOf(*record, geographic ? 2 : 4);
-  return {ValueOf(*record, geographic ? 1 : 2), ValueOf(*record, geographic ? 3 : 6),
-          ValueOf(*record, geographic ? 6 : 9),
-          centroid == kNoCentroid ? centroid : shapes::ToDegrees(centroid, settings.reference)};
-}
-
-double Apart(XY a, XY b) {
-  const double across = std::remainder(a.x - b.x, 360.0) * std::cos(b.y * std::numbers::pi / 180.0);
-  return std::hypot(across, a.y - b.y);
-}
-
-void ExpectSame(const Values& projected, const Values& geographic) {
-  EXPECT_NEAR(projected.spherical_area / geographic.spherical_area, 1.0, 1e-6);
-  EXPECT_NEAR(projected.perimeter / geographic.perimeter, 1.0, 1e-6);
-  EXPECT_NEAR(projected.spheroidal_area / geographic.spheroidal_area, 1.0, 1e-6);
-  EXPECT_LT(Apart(projected.centroid, geographic.centroid), 1e-6);
-}
-
-// The shape in the geographic reference beneath a projection, so that no shift of datum comes in.
-std::shared_ptr<Polygon> InDegrees(const Polygon& shape, const std::string& projection) {
-  auto geographic = CloneOf(shape);
-  geographic->SetSpatialReference(shapes::DegreesOf(Reference(projection)));
-  return geographic;
-}
-
-// Brings a polygon in degrees to a projection as other programs do: vertices that it has no place for, as the poles of
-// many, come out somewhere far away.
-void ProjectAsOthersDo(Polygon& polygon, const std::string& projection) {
-  OGRSpatialReference projected;
-  ASSERT_EQ(projected.SetFromUserInput(projection.c_str()), OGRERR_NONE);
-  projected.SetAxisMappingStrategy(OAMS_TRADITIONAL_GIS_ORDER);
-  const std::unique_ptr<OGRSpatialReference> degrees(projected.CloneGeogCS());
-  degrees->SetAngularUnits(SRS_UA_DEGREE, std::numbers::pi / 180.0);
-  degrees->SetAxisMappingStrategy(OAMS_TRADITIONAL_GIS_ORDER);
-  const std::unique_ptr<OGRCoordinateTransformation> way(OGRCreateCoordinateTransformation(degrees.get(), &projected));
-  for (const auto& part : polygon.Parts()) {
-    std::vector<XY> vertices(part->Vertices().begin(), part->Vertices().end());
-    for (XY& vertex : vertices) {
-      XY there = vertex;
-      if (!way->Transform(1, &there.x, &there.y)) {
-        there = {vertex.x, vertex.y * (1.0 - 1e-9)};  // not even an infinity: the next best
-        ASSERT_TRUE(way->Transform(1, &there.x, &there.y));
-      }
-      vertex = there;
-    }
-    part->SetVertices(std::move(vertices));
-  }
-  polygon.SetSpatialReference(Reference(projection));
-}
-
-void ExpectSameInBoth(const Polygon& shape, const std::string& projection) {
-  const auto geographic = InDegrees(shape, projection);
-  const auto projected = CloneOf(*geographic);
-  ProjectAsOthersDo(*projected, projection);
-  ExpectSame(MeasuresOf(projected), MeasuresOf(geographic));
 }
 
 // Far from the centre of the map too, and with spikes that run back over themselves within a rounding, as that of
@@ -175,20 +78,6 @@ TEST(ProjectedShapes, CountriesMeasureAsInLongitudeAndLatitude) {
   }
 }
 
-// Shapes that a projection tears, with their vertices so close that the map's edges and the globe's agree.
-std::vector<XY> Dense(const std::vector<XY>& corners, double step) {
-  std::vector<XY> ring;
-  for (std::size_t index = 0; index + 1 < corners.size(); ++index) {
-    const XY from = corners[index], to = corners[index + 1];
-    const int pieces = std::max(1, static_cast<int>(std::hypot(to.x - from.x, to.y - from.y) / step));
-    for (int piece = 0; piece < pieces; ++piece) {
-      ring.push_back({from.x + (to.x - from.x) * piece / pieces, from.y + (to.y - from.y) * piece / pieces});
-    }
-  }
-  ring.push_back(ring.front());
-  return ring;
-}
-
 TEST(ProjectedShapes, ShapesOverTheEdge) {
   struct Row {
     const char* name;
@@ -238,42 +127,11 @@ TEST(ProjectedShapes, RingsTornAtTheEdgeOfTheWorld) {
     for (const Row& row : rows) {
       SCOPED_TRACE(std::string(row.name) + " in " + projection);
       const auto map = InDegrees(*PolygonOf({row.ring}), projection);
-      const Values whole = MeasuresOf(InDegrees(*PolygonOf({row.whole}), projection));
+      const MeasuredPolygon whole = MeasuresOf(InDegrees(*PolygonOf({row.whole}), projection));
       EXPECT_NEAR(MeasuresOf(map).spheroidal_area / whole.spheroidal_area, 1.0, 1e-9);
       ProjectAsOthersDo(*map, projection);
       ExpectSame(MeasuresOf(map), whole);
     }
-  }
-}
-
-// The seam of a cap ends near the pole, not at it: where a shift of datum moved the pole, or where it was cut at a
-// parallel. On a map of the other hemisphere the cap lies outside of its ring.
-TEST(ProjectedShapes, CapsWithASeamTowardThePole) {
-  std::vector<XY> coast = Dense({{-180, -70}, {180, -70}}, 1);
-  coast.back() = {180, -70};
-  const auto cap = [&](const std::vector<XY>& seam) {
-    std::vector<XY> ring = coast;
-    ring.insert(ring.end(), seam.begin(), seam.end());
-    ring.push_back(ring.front());
-    return PolygonOf({ring});
-  };
-  struct Row {
-    const char* name;
-    std::shared_ptr<Polygon> cap;
-    const char* projection;
-  };
-  const Row rows[] = {
-      {"a pole that a datum moved", cap({{10, -89.99883}, {10, -89.99883}}), "ESRI:102014"},
-      {"a seam to a parallel", cap({{180, -89.5}, {-180, -89.5}}), "ESRI:102014"},
-      {"a seam to a parallel", cap({{180, -89.5}, {-180, -89.5}}), "EPSG:3408"},
-      {"a seam of many vertices", cap({{180, -80}, {180, -89.5}, {-180, -89.5}, {-180, -80}}), "EPSG:3572"},
-  };
-  const double whole = MeasuresOf(InDegrees(*cap({{180, -90}, {-180, -90}}), "EPSG:3408")).spheroidal_area;
-  for (const Row& row : rows) {
-    SCOPED_TRACE(std::string(row.name) + " in " + row.projection);
-    const auto map = InDegrees(*row.cap, row.projection);
-    ProjectAsOthersDo(*map, row.projection);
-    EXPECT_NEAR(MeasuresOf(map).spheroidal_area / whole, 1.0, 1e-3);
   }
 }
 
@@ -286,75 +144,6 @@ TEST(ProjectedShapes, FramesOfTheWorldStayWide) {
     const auto frame = PolygonOf({Box(-edge, -top, edge, top)});
     frame->SetSpatialReference(reference);
     EXPECT_NEAR(MeasuresOf(frame).spheroidal_area / expected, 1.0, 1e-9) << projection;
-  }
-}
-
-// Circles about the pole on the map, by the area of a spherical cap or zone. Which way they run doesn't matter.
-TEST(ProjectedShapes, RingsRoundThePoleOfTheMap) {
-  const SpatialReferenceRef reference = Reference("EPSG:3031");
-  const auto circle = [&](double latitude, bool clockwise) {
-    std::vector<XY> ring;
-    for (int step = 0; step <= 720; ++step) {
-      const double longitude = (clockwise ? 0.5 : -0.5) * (step % 720);
-      ring.push_back(shapes::FromDegrees({std::remainder(longitude, 360.0), latitude}, reference));
-    }
-    return ring;
-  };
-  const double radius = 6371007.0, to_radians = std::numbers::pi / 180.0;
-  const auto cap = [&](double latitude) {
-    return 2.0 * std::numbers::pi * radius * radius * (1.0 - std::sin(latitude * to_radians));
-  };
-  for (const bool clockwise : {true, false}) {
-    const auto whole = PolygonOf({circle(-70, clockwise)});
-    whole->SetSpatialReference(reference);
-    EXPECT_NEAR(MeasuresOf(whole).spheroidal_area / cap(70), 1.0, 0.01) << clockwise;
-    EXPECT_NEAR(MeasuresOf(whole).spherical_area / cap(70), 1.0, 1e-4) << clockwise;
-    // The centre of so large a shape is a rough one.
-    EXPECT_LT(Apart(MeasuresOf(whole).centroid, {0, -90}), 0.2) << clockwise;
-    const auto zone = PolygonOf({circle(-70, clockwise), circle(-80, !clockwise)});
-    zone->SetSpatialReference(reference);
-    EXPECT_NEAR(MeasuresOf(zone).spherical_area / (cap(70) - cap(80)), 1.0, 1e-4) << clockwise;
-    // What leads a ring over the pole, or joins two of them, is no border.
-    const auto parallel = [&](double latitude) {
-      constexpr double kSemiMajor = 6378137.0, kSquaredEccentricity = 0.00669437999014;
-      const double sine = std::sin(latitude * to_radians);
-      return 2.0 * std::numbers::pi * kSemiMajor * std::cos(latitude * to_radians) /
-             std::sqrt(1.0 - kSquaredEccentricity * sine * sine);
-    };
-    EXPECT_NEAR(MeasuresOf(whole).perimeter / parallel(70), 1.0, 1e-5) << clockwise;
-    EXPECT_NEAR(MeasuresOf(zone).perimeter / (parallel(70) + parallel(80)), 1.0, 1e-5) << clockwise;
-  }
-}
-
-// Numbers by GeographicLib's Planimeter, from the vertices in degrees.
-TEST(ProjectedShapes, SidesThroughThePole) {
-  struct Row {
-    const char* name;
-    std::vector<XY> ring;
-    double area, perimeter;
-  };
-  constexpr double kLong = 1e6, kShort = 100.0;
-  const Row rows[] = {
-      {"flat on a parallel", {{0, -kLong}, {-kLong, 0}, {kLong, 0}}, 1056755795026.5, 4946717.582214},
-      {"a few places", {{-kShort, 0}, {0, kShort}, {kShort, 0}}, 10567.7, 496.359060},
-      {"half a square", {{-kLong, -kLong}, {kLong, kLong}, {kLong, -kLong}}, 2113425347993.5, 6971999.797525},
-      {"all round",
-       {{-kLong, -kLong}, {-kLong, kLong}, {kLong, kLong}, {kLong, -kLong}},
-       4226850695987.0,
-       8153610.824211},
-  };
-  for (const char* projection : {"EPSG:3031", "EPSG:3995"}) {
-    for (Row row : rows) {
-      SCOPED_TRACE(std::string(row.name) + " in " + projection);
-      row.ring.push_back(row.ring.front());
-      const auto polygon = PolygonOf({row.ring});
-      polygon->SetSpatialReference(Reference(projection));
-      const Values values = MeasuresOf(polygon);
-      EXPECT_NEAR(values.spheroidal_area / row.area, 1.0, 5e-6);
-      EXPECT_NEAR(values.perimeter / row.perimeter, 1.0, 1e-9);
-      // The sphere of equal volume is 0.9 percent too small there.
-      EXPECT_NEAR(values.spherical_area / row.area, 0.991, 1e-3);
-    }
   }
 }
 
@@ -398,50 +187,11 @@ TEST(ProjectedShapes, WhatIsSimpleOnTheMapAlone) {
       const bool exterior = part == polygon->Parts().front();
       if (Cast<Ring>(part)->IsExterior() != exterior) part->ReverseOrientation();
     }
-    const Values values = MeasuresOf(polygon);
+    const MeasuredPolygon values = MeasuresOf(polygon);
     EXPECT_NEAR(values.spheroidal_area / row.area, 1.0, 5e-5);
     EXPECT_NEAR(values.perimeter / row.perimeter, 1.0, 1e-6);
     EXPECT_NEAR(values.spherical_area / row.area, 0.992, 2e-3);
   }
-}
-
-// The way to the pole never lies in a hole, wherever that is.
-TEST(ProjectedShapes, AHoleAllAroundThePole) {
-  const auto circle = [](double radius, int corners, double from, double to) {
-    std::vector<XY> places;
-    for (int corner = 0; corner < corners; ++corner) {
-      const double angle = (from + (to - from) * corner / corners) * std::numbers::pi / 180.0;
-      places.push_back({radius * std::cos(angle), radius * std::sin(angle)});
-    }
-    return places;
-  };
-  const auto area = [&](const std::vector<std::vector<XY>>& rings) {
-    const auto polygon = PolygonOf(rings);
-    polygon->SetSpatialReference(Reference("EPSG:3031"));
-    for (const auto& part : polygon->Parts()) {
-      if (Cast<Ring>(part)->IsExterior() != (part == polygon->Parts().front())) part->ReverseOrientation();
-    }
-    return MeasuresOf(polygon);
-  };
-  std::vector<XY> shell = circle(1e6, 24, 0.01, 360.01);
-  shell.push_back(shell.front());
-  const Values whole = area({shell});
-  for (int azimuth = 0; azimuth < 360; azimuth += 15) {
-    std::vector<XY> hole = circle(3e5, 4, azimuth, azimuth + 40.0);
-    for (const XY far : circle(6e5, 4, azimuth + 40.0, azimuth)) hole.push_back(far);
-    hole.push_back(hole.front());
-    const Values alone = area({hole}), holed = area({shell, hole});
-    EXPECT_NEAR(holed.spheroidal_area / (whole.spheroidal_area - alone.spheroidal_area), 1.0, 1e-12) << azimuth;
-    EXPECT_NEAR(holed.perimeter / (whole.perimeter + alone.perimeter), 1.0, 1e-12) << azimuth;
-  }
-}
-
-// The two lobes of a bow beside the pole, and not all of the globe.
-TEST(ProjectedShapes, ABowBesideThePole) {
-  const auto bow =
-      PolygonOf({{{-100000, -100000}, {1000000, 900000}, {1000000, -900000}, {-100000, 100000}, {-100000, -100000}}});
-  bow->SetSpatialReference(Reference("EPSG:3995"));
-  EXPECT_NEAR(MeasuresOf(bow).spheroidal_area / (1e12 * 0.9 + 1e10), 1.05, 0.01);
 }
 
 // Grads and radians are another way to write degrees.
@@ -472,8 +222,8 @@ TEST(OtherAngularUnits, MeasureAsDegrees) {
     };
     const auto degrees = PolygonOf({Box(1, 45, 3, 47), Box(1.5, 45.5, 2.5, 46.5, false)});
     degrees->SetSpatialReference(shapes::DegreesOf(row.reference));
-    const Values expected = MeasuresOf(degrees);
-    const Values values = MeasuresOf(Cast<Polygon>(GeometryRef(in_unit(*degrees))));
+    const MeasuredPolygon expected = MeasuresOf(degrees);
+    const MeasuredPolygon values = MeasuresOf(Cast<Polygon>(GeometryRef(in_unit(*degrees))));
     EXPECT_LT(Apart(values.centroid, expected.centroid), 1e-9);
     EXPECT_NEAR(values.spherical_area / expected.spherical_area, 1.0, 1e-9);
     EXPECT_NEAR(values.perimeter / expected.perimeter, 1.0, 1e-9);
