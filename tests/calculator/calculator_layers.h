@@ -9,6 +9,7 @@
 #include <string>
 
 #include "engine/test_layers.h"
+#include "helpers/stored_layer.h"
 #include "helpers/suite_fixture.h"
 
 namespace tessarine::testing {
@@ -42,17 +43,11 @@ class CalculatorTest : public SuiteTest {
   // A row's attributes and geometry as GDAL reads them; "null" for a null.
   std::map<std::string, std::string> Row(const std::string& file, int number) const {
     std::map<std::string, std::string> values;
-    const GDALDatasetUniquePtr dataset(GDALDataset::Open(folder.Native(file).c_str(), GDAL_OF_VECTOR));
-    int at = 0;
-    for (const auto& feature : *dataset->GetLayer(0)) {
-      if (at++ != number) continue;
-      for (int index = 0; index < feature->GetFieldCount(); ++index) {
-        values[feature->GetFieldDefnRef(index)->GetNameRef()] =
-            feature->IsFieldSetAndNotNull(index) ? feature->GetFieldAsString(index) : "null";
-      }
-      const OGRGeometry* geometry = feature->GetGeometryRef();
-      values["wkt"] = geometry != nullptr ? geometry->exportToWkt() : "";
-    }
+    const StoredLayer stored = ReadStored(folder.Native(file));
+    if (static_cast<std::size_t>(number) >= stored.rows.size()) return values;
+    const StoredRow& row = stored.rows[static_cast<std::size_t>(number)];
+    for (const StoredValue& field : row.fields) values[field.name] = field.is_null ? "null" : field.text;
+    values["wkt"] = row.Wkt("");
     return values;
   }
 };

@@ -2,32 +2,27 @@
 // The common run of the conversions, told on Shapes to Vertices; outputs are read back with GDAL alone.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <ogrsf_frmts.h>
 
 #include <cmath>
 #include <numbers>
 
 #include "conversion/modCreateVertices.h"
 #include "engine/data_source.h"
-#include "helpers/fake_application.h"
 #include "helpers/memory_class.h"
-#include "helpers/reported_faults.h"
-#include "helpers/temporary_folder.h"
-#include "helpers/test_host.h"
-#include "hosts/document/document_layer.h"
-#include "hosts/document/map_document.h"
+#include "helpers/stored_layer.h"
+#include "helpers/suite_fixture.h"
 #include "platform/rich_text.h"
 #include "support/progress_form.h"
 
 namespace tessarine {
 namespace {
 
-using testing::FakeApplication;
 using ::testing::HasSubstr;
 using testing::MemoryClass;
 using testing::NewField;
 using ::testing::Not;
-using testing::TestHost;
+using testing::ReadStored;
+using testing::StoredLayer;
 
 GeometryRef Square(double left, double bottom, double side, bool hole = false) {
   auto polygon = std::make_shared<Polygon>();
@@ -43,51 +38,19 @@ GeometryRef Square(double left, double bottom, double side, bool hole = false) {
   return polygon;
 }
 
-// What a reader of its own finds in an output: the names of the fields, and the values of a row behind each other.
-struct ReadBack {
-  std::string fields;
-  std::vector<std::string> rows;
+std::vector<XY> PointsOf(const StoredLayer& output) {
   std::vector<XY> points;
-  std::string reference;
-};
-
-ReadBack Read(const std::string& file, const char* layer_name = nullptr) {
-  GDALAllRegister();
-  ReadBack result;
-  const GDALDatasetUniquePtr dataset(GDALDataset::Open(file.c_str(), GDAL_OF_VECTOR));
-  if (!dataset) return result;
-  OGRLayer* layer = layer_name != nullptr ? dataset->GetLayerByName(layer_name) : dataset->GetLayer(0);
-  if (layer->GetSpatialRef() != nullptr) result.reference = layer->GetSpatialRef()->GetName();
-  for (int field = 0; field < layer->GetLayerDefn()->GetFieldCount(); ++field) {
-    result.fields += std::string(layer->GetLayerDefn()->GetFieldDefn(field)->GetNameRef()) + " ";
-  }
-  for (const auto& feature : *layer) {
-    std::string row;
-    for (int field = 0; field < feature->GetFieldCount(); ++field) {
-      row += std::string(feature->IsFieldSetAndNotNull(field) ? feature->GetFieldAsString(field) : "NULL") + " ";
-    }
-    result.rows.push_back(row);
-    const OGRPoint* point = feature->GetGeometryRef()->toPoint();
-    result.points.push_back({point->getX(), point->getY()});
-  }
-  return result;
+  for (const auto& row : output.rows) points.push_back({row.shape->toPoint()->getX(), row.shape->toPoint()->getY()});
+  return points;
 }
 
-class VerticesTest : public ::testing::Test {
+class VerticesTest : public testing::SuiteTest {
  protected:
-  TestHost host;
-  testing::ReportedFaults reported;
-  testing::TemporaryFolder folder;
-  std::shared_ptr<FakeApplication> application = std::make_shared<FakeApplication>();
-  std::shared_ptr<MapDocument> document = std::make_shared<MapDocument>();
-  std::shared_ptr<clsExtension> extension = std::make_shared<clsExtension>();
   std::shared_ptr<MemoryClass> features;
   std::shared_ptr<DocumentFeatureLayer> layer = std::make_shared<DocumentFeatureLayer>();
   std::string report;  // as RTF
 
   void SetUp() override {
-    application->document = document;
-    application->extension = extension;
     extension->DirectoryType = "Shapefile";
     layer->SetName("parcels");
     UseFields({});
@@ -106,20 +69,21 @@ class VerticesTest : public ::testing::Test {
                                                   show_progress, false);
     return ToPlainText(ReadRtf(report));
   }
-  ReadBack Output() const { return Read(folder.Native("out.shp")); }
+  StoredLayer Output() const { return ReadStored(folder.Native("out.shp")); }
 };
 
 TEST_F(VerticesTest, EveryVertexOfEveryRingWithItsClosingOne) {
   features->Add(Square(0, 0, 8, true));
   features->Add(Square(100, 50, 2));
   const std::string text = Run();
-  const ReadBack output = Output();
+  const StoredLayer output = Output();
   EXPECT_EQ(output.fields, "Uniq_ID X_Coord Y_Coord ");
-  ASSERT_EQ(output.points.size(), 15U);
-  const std::vector<XY> first(output.points.begin(), output.points.begin() + 10);
+  ASSERT_EQ(output.rows.size(), 15U);
+  std::vector<XY> first = PointsOf(output);
+  first.resize(10);
   EXPECT_EQ(first, (std::vector<XY>{{0, 0}, {0, 8}, {8, 8}, {8, 0}, {0, 0}, {2, 2}, {6, 2}, {6, 6}, {2, 6}, {2, 2}}));
-  EXPECT_EQ(output.rows[0], "1 0.00000000 0.00000000 ");
-  EXPECT_EQ(output.rows[14], "15 100.00000000 50.00000000 ");
+  EXPECT_EQ(output.rows[0].Values(), "1 0.00000000 0.00000000 ");
+  EXPECT_EQ(output.rows[14].Values(), "15 100.00000000 50.00000000 ");
   EXPECT_THAT(output.reference, HasSubstr("UTM"));
 
   EXPECT_TRUE(report.starts_with("{\\rtf1\\ansi") && report.ends_with("}"));
@@ -147,13 +111,13 @@ TEST_F(VerticesTest, AttributesRepeatUnderLegalNamesAndNullsStay) {
                                   "bc"});
   features->Add(Square(5, 5, 1), {std::int32_t{2}, Null{}, std::int32_t{20}, Null{}});
   const std::string text = Run({"name", "population_2010", "population_2020"});
-  const ReadBack output = Output();
+  const StoredLayer output = Output();
   EXPECT_EQ(output.fields, "Uniq_ID X_Coord Y_Coord name population populatio2 ");
   ASSERT_EQ(output.rows.size(), 10U);
-  EXPECT_EQ(output.rows[4],
+  EXPECT_EQ(output.rows[4].Values(),
             "5 0.00000000 0.00000000 \xC3\x84"
             "bc 10 NULL ");
-  EXPECT_EQ(output.rows[5], "6 5.00000000 5.00000000 NULL NULL 20 ");
+  EXPECT_EQ(output.rows[5].Values(), "6 5.00000000 5.00000000 NULL NULL 20 ");
   EXPECT_THAT(text, HasSubstr("       1] name\n       2] population_2010\n       3] population_2020\n"));
   EXPECT_EQ(features->Fields()->Field(1)->Name, "population_2010") << "the input's fields stay as they are";
 }
@@ -164,7 +128,7 @@ TEST_F(VerticesTest, OwnNamesGiveWayToTheInputsNames) {
   features->Add(Square(3, 4, 1), {std::int32_t{7}, std::int32_t{8}, 9.5});
   Run({"uniq_id"});
   EXPECT_EQ(Output().fields, "Uniq_ID_3 X_Coord_2 Y_Coord uniq_id ");
-  EXPECT_EQ(Output().rows.at(0), "1 3.00000000 4.00000000 7 ");
+  EXPECT_EQ(Output().rows.at(0).Values(), "1 3.00000000 4.00000000 7 ");
 }
 
 TEST_F(VerticesTest, FeaturesWithoutShapeAreSkippedInSilence) {
@@ -189,10 +153,11 @@ TEST_F(VerticesTest, OnlyTheSelection) {
   for (int index = 0; index < 4; ++index) features->Add(Square(index * 10.0, 0, 1));
   layer->SetSelectedOids({4, 2});
   EXPECT_THAT(Run({}, false), HasSubstr("Convert Selected Records (n = 2)"));
-  const ReadBack output = Output();
-  ASSERT_EQ(output.points.size(), 10U);
-  EXPECT_EQ(output.points[0], (XY{10, 0}));
-  EXPECT_EQ(output.points[5], (XY{30, 0}));
+  const StoredLayer output = Output();
+  const std::vector<XY> points = PointsOf(output);
+  ASSERT_EQ(points.size(), 10U);
+  EXPECT_EQ(points[0], (XY{10, 0}));
+  EXPECT_EQ(points[5], (XY{30, 0}));
   EXPECT_EQ(application->status_bar->maximum, 2);
 }
 
@@ -263,9 +228,9 @@ TEST_F(VerticesTest, ARecordThatFailsIsLeftOutAndTold) {
   EXPECT_THAT(text, HasSubstr("Error 6:  The shape is broken."));
   EXPECT_THAT(text, HasSubstr("Layer 'parcels', OID Value = 2\n"));
   EXPECT_THAT(text, HasSubstr("Layer 'parcels', OID Value = 4\n"));
-  const ReadBack output = Output();
+  const StoredLayer output = Output();
   ASSERT_EQ(output.rows.size(), 15U);
-  EXPECT_EQ(output.rows.back().substr(0, 3), "15 ") << "the numbers have no gap";
+  EXPECT_EQ(output.rows.back().Values().substr(0, 3), "15 ") << "the numbers have no gap";
   EXPECT_EQ(host.journal.unmeasured_oids, (std::vector<std::int64_t>{2, 4}));
   EXPECT_EQ(host.journal.skipped_oids, (std::vector<std::int64_t>{6})) << "no shape at all is an empty one";
   EXPECT_EQ(host.journal.read, 6);
@@ -301,7 +266,7 @@ TEST_F(VerticesTest, AClassOfAFeatureDataset) {
   extension->FeatDatasetName = "survey";
   features->Add(Square(0, 0, 1));
   EXPECT_THAT(Run({}, true, false, "a.gdb/survey/corners"), HasSubstr("Contains 5 vertex points"));
-  const ReadBack output = Read(folder.Native("a.gdb"), "corners");
+  const StoredLayer output = ReadStored(folder.Native("a.gdb"), "corners");
   EXPECT_EQ(output.rows.size(), 5U);
   EXPECT_EQ(output.fields, "Uniq_ID X_Coord Y_Coord ");
 }

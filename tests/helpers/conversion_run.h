@@ -4,7 +4,6 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <ogrsf_frmts.h>
 
 #include <memory>
 #include <string>
@@ -12,6 +11,7 @@
 
 #include "conversion/modCreateVertices.h"
 #include "engine/data_source.h"
+#include "helpers/stored_layer.h"
 #include "helpers/suite_fixture.h"
 #include "platform/rich_text.h"
 
@@ -62,32 +62,17 @@ class ConversionRunTest : public SuiteTest {
   /// The rows of a file: the fields as text, then the shape as well-known text.
   std::vector<std::string> Rows(const std::string& file = "out.shp") const {
     std::vector<std::string> rows;
-    const GDALDatasetUniquePtr dataset(GDALDataset::Open(folder.Native(file).c_str(), GDAL_OF_VECTOR));
-    if (!dataset) return rows;
-    for (const auto& feature : *dataset->GetLayer(0)) {
+    for (const StoredRow& stored : ReadStored(folder.Native(file)).rows) {
       std::string row;
-      for (int field = 0; field < feature->GetFieldCount(); ++field) {
-        const bool number = feature->GetFieldDefnRef(field)->GetType() == OFTReal;
-        row += (!feature->IsFieldSetAndNotNull(field) ? "NULL"
-                : number                              ? NumberText(feature->GetFieldAsDouble(field))
-                                                      : std::string(feature->GetFieldAsString(field))) +
-               " ";
-      }
-      const OGRGeometry* shape = feature->GetGeometryRef();
-      rows.push_back(row + (shape != nullptr ? shape->exportToWkt() : "none"));
+      for (const StoredValue& field : stored.fields) row += field.shortest + " ";
+      rows.push_back(row + stored.Wkt("none"));
     }
     return rows;
   }
   /// The names of the fields, and the name of the reference.
   std::string Layout(const std::string& file = "out.shp") const {
-    const GDALDatasetUniquePtr dataset(GDALDataset::Open(folder.Native(file).c_str(), GDAL_OF_VECTOR));
-    if (!dataset) return "";
-    OGRLayer& layer = *dataset->GetLayer(0);
-    std::string names;
-    for (int field = 0; field < layer.GetLayerDefn()->GetFieldCount(); ++field) {
-      names += std::string(layer.GetLayerDefn()->GetFieldDefn(field)->GetNameRef()) + " ";
-    }
-    return names + (layer.GetSpatialRef() != nullptr ? layer.GetSpatialRef()->GetName() : "");
+    const StoredLayer stored = ReadStored(folder.Native(file));
+    return stored.fields + stored.reference;
   }
 };
 

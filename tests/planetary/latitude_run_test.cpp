@@ -10,7 +10,7 @@ namespace {
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using ::testing::Not;
-using testing::StoredClass;
+using testing::StoredLayer;
 
 struct Body {
   const char* name;
@@ -47,16 +47,16 @@ std::vector<XY> Vertices(const OGRGeometry& shape) {
 }
 
 TEST_F(LatitudeRunTest, ForthAndBackEveryLatitudeReturns) {
-  const StoredClass before = testing::ReadStored(TESSARINE_TEST_DATA "/countries.shp");
+  const StoredLayer before = testing::ReadStored(TESSARINE_TEST_DATA "/countries.shp");
   for (const Body& body : {kMars, kEarth, kMoon}) {
     UseCountries();
     place.name = std::string(body.name) + " graphic.shp";
     Convert(CalcPlanetoCentricToPlanetoGraphic, body);
-    const StoredClass graphic = Output();
+    const StoredLayer graphic = Output();
     UseStored(place.name);
     place.name = std::string(body.name) + " centric.shp";
     Convert(CalcPlanetoGraphicToPlanetoCentric, body);
-    const StoredClass centric = Output();
+    const StoredLayer centric = Output();
     ASSERT_EQ(graphic.rows.size(), before.rows.size());
     ASSERT_EQ(centric.rows.size(), before.rows.size());
     double worst = 0.0, farthest = 0.0;
@@ -100,7 +100,7 @@ TEST_F(LatitudeRunTest, PointsWithShiftAndWrap) {
     features->Add(std::make_shared<Point>(row.from));
     place.name = "p" + std::to_string(++number) + ".shp";
     EXPECT_THAT(Convert(row.run, kEarth, row.option, row.shift), Not(HasSubstr("-->")));
-    const StoredClass output = Output();
+    const StoredLayer output = Output();
     const OGRPoint* point = output.rows.at(0).shape->toPoint();
     EXPECT_EQ(point->getX(), row.to.x) << number;
     EXPECT_NEAR(point->getY(), row.to.y, 5e-6) << number;
@@ -123,7 +123,7 @@ TEST_F(LatitudeRunTest, TheReportNamesTheSpheroidAndOneTitleForBoth) {
     EXPECT_THAT(text, HasSubstr(line));
   }
   EXPECT_THAT(text, HasSubstr("  --> Failed to convert feature at OID #2.  It is written without a shape...\n"));
-  const StoredClass output = Output();
+  const StoredLayer output = Output();
   EXPECT_FALSE(output.rows.at(1).shape);
   EXPECT_FALSE(host.error_reports.empty());
 

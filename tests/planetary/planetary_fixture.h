@@ -4,54 +4,16 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <ogrsf_frmts.h>
 
 #include "engine/data_source.h"
 #include "helpers/memory_class.h"
 #include "helpers/shapes.h"
+#include "helpers/stored_layer.h"
 #include "helpers/suite_fixture.h"
 #include "planetary/planetary_runs.h"
 #include "platform/rich_text.h"
 
 namespace tessarine::testing {
-
-/// A stored feature: its values behind each other, and its geometry.
-struct StoredRow {
-  std::string values;
-  std::unique_ptr<OGRGeometry> shape;
-
-  [[nodiscard]] double Area() const { return shape ? OGR_G_Area(OGRGeometry::ToHandle(shape.get())) : 0.0; }
-  [[nodiscard]] OGREnvelope Extent() const {
-    OGREnvelope box;
-    shape->getEnvelope(&box);
-    return box;
-  }
-};
-
-struct StoredClass {
-  std::string fields;
-  std::vector<StoredRow> rows;
-};
-
-inline StoredClass ReadStored(const std::string& file, const char* layer_name = nullptr) {
-  GDALAllRegister();
-  StoredClass result;
-  const GDALDatasetUniquePtr dataset(GDALDataset::Open(file.c_str(), GDAL_OF_VECTOR));
-  if (!dataset) return result;
-  OGRLayer* layer = layer_name != nullptr ? dataset->GetLayerByName(layer_name) : dataset->GetLayer(0);
-  for (int field = 0; field < layer->GetLayerDefn()->GetFieldCount(); ++field) {
-    result.fields += std::string(layer->GetLayerDefn()->GetFieldDefn(field)->GetNameRef()) + " ";
-  }
-  for (const auto& feature : *layer) {
-    StoredRow row;
-    for (int field = 0; field < feature->GetFieldCount(); ++field) {
-      row.values += std::string(feature->IsFieldSetAndNotNull(field) ? feature->GetFieldAsString(field) : "NULL") + " ";
-    }
-    row.shape.reset(feature->StealGeometry());
-    result.rows.push_back(std::move(row));
-  }
-  return result;
-}
 
 class PlanetaryTest : public SuiteTest {
  protected:
@@ -84,7 +46,7 @@ class PlanetaryTest : public SuiteTest {
         WrapArguments::Make(layer, box, option, OutputDescription::Make(*layer, place), shift, steps);
     return ToPlainText(ReadRtf(WrapToBoundaries(application, document, extension, arguments, show_progress)));
   }
-  StoredClass Output() const { return ReadStored(folder.Native(place.name)); }
+  StoredLayer Output() const { return ReadStored(folder.Native(place.name)); }
 };
 
 }  // namespace tessarine::testing

@@ -16,7 +16,7 @@ using testing::NewField;
 using ::testing::Not;
 using testing::PolygonOf;
 using testing::PolylineOf;
-using testing::StoredClass;
+using testing::StoredLayer;
 
 class WrapRunTest : public testing::PlanetaryTest {};
 
@@ -32,7 +32,7 @@ TEST_F(WrapRunTest, PointsComeToLieInTheBoxAndItsEdgesBelongToIt) {
   // Neither a selection nor anything else limits the run.
   layer->SetSelectedOids({1});
   const std::string text = Wrap(kBox180, kWrap180);
-  const StoredClass output = Output();
+  const StoredLayer output = Output();
   ASSERT_EQ(output.rows.size(), 9U);
   for (std::size_t index = 0; index < std::size(rows); ++index) {
     const OGRPoint* point = output.rows[index].shape->toPoint();
@@ -65,7 +65,7 @@ TEST_F(WrapRunTest, LinesThatCrossStayOneRecord) {
   features->Add(PolylineOf({{{-180, 0}, {-180, 10}}}));
   features->Add(PolylineOf({{{-180, 0}, {180, 10}}}));
   const std::string text = Wrap(kBox180, kWrap180);
-  const StoredClass output = Output();
+  const StoredLayer output = Output();
   ASSERT_EQ(output.rows.size(), 4U);
   // Out at 180 and in again: two parts in the east, and one in the west that touches the edge twice.
   const OGRMultiLineString* twice = output.rows[0].shape->toMultiLineString();
@@ -93,7 +93,7 @@ TEST_F(WrapRunTest, AreasOverManyBoxesAndFailuresInBetween) {
   features->Add(PolygonOf({Box(0, 0, 1e18, 1)}));
   features->Add(PolygonOf({Box(350, -5, 370, 5)}));
   const std::string text = Wrap(kBox360, kWrap360, 0.0);
-  const StoredClass output = Output();
+  const StoredLayer output = Output();
   ASSERT_EQ(output.rows.size(), 3U);
   EXPECT_NEAR(output.rows[0].Area(), 360.0 * 20.0, 1e-9);
   EXPECT_NEAR(output.rows[1].Area(), 1e18, 1.0) << "written as it stands";
@@ -113,7 +113,7 @@ TEST_F(WrapRunTest, AShiftComesBeforeTheWrap) {
   Use(esriGeometryMultipoint);
   features->Add(std::make_shared<Multipoint>(std::vector<XY>{{170, 1}, {-170, 2}}));
   const std::string text = Wrap({-90, 45, 270, -45}, kCustomOrNoWrap, 110.5);
-  const StoredClass output = Output();
+  const StoredLayer output = Output();
   const OGRMultiPoint* points = output.rows.at(0).shape->toMultiPoint();
   ASSERT_EQ(points->getNumGeometries(), 2);
   EXPECT_DOUBLE_EQ(output.rows[0].Extent().MinX, -79.5);
@@ -139,7 +139,7 @@ TEST_F(WrapRunTest, AttributesTakeNamesThatAShapefileCanHold) {
                         Null{}, Variant(), Variant()});
   Wrap(kBox180, kWrap180);
   EXPECT_EQ(Output().fields, "name population populatio2 Z009_area_ Z1a ");
-  EXPECT_EQ(Output().rows.at(0).values, "Tharsis 10 20 30 NULL ");
+  EXPECT_EQ(Output().rows.at(0).Values(), "Tharsis 10 20 30 NULL ");
   EXPECT_EQ(features->Fields()->Field(3)->Name, "population_2010") << "the input's fields stay as they are";
 
   CreateFileGeodatabase(folder.Native("a.gdb"));
@@ -147,9 +147,9 @@ TEST_F(WrapRunTest, AttributesTakeNamesThatAShapefileCanHold) {
   place.name = "craters";
   place.kind = MyGeneralOperations::kFileGeodatabase;
   EXPECT_THAT(Wrap(kBox180, kWrap180), HasSubstr("  ** Feature Class:  craters\n"));
-  const StoredClass output = testing::ReadStored(folder.Native("a.gdb"), "craters");
+  const StoredLayer output = testing::ReadStored(folder.Native("a.gdb"), "craters");
   EXPECT_THAT(output.fields, ::testing::StartsWith("name population_2010 population_2020 "));
-  EXPECT_EQ(output.rows.at(0).values, "Tharsis 10 20 30 NULL ");
+  EXPECT_EQ(output.rows.at(0).Values(), "Tharsis 10 20 30 NULL ");
 }
 
 TEST_F(WrapRunTest, WhatChangedIsTold) {
@@ -181,7 +181,7 @@ TEST_F(WrapRunTest, StepsGoTheShortWayIfAskedFor) {
   place.name = "short.shp";
   const StepChoice short_way{LongSteps::kShortWay, geodesy::EnclosedPole::SmallerPart};
   const std::string text = Wrap(kBox180, kWrap180, 0.0, false, short_way);
-  const StoredClass output = Output();
+  const StoredLayer output = Output();
   EXPECT_NEAR(output.rows.at(0).Area(), 200.0, 1e-9);
   EXPECT_NEAR(output.rows.at(1).Area(), 3600.0, 1e-9);
   EXPECT_THAT(text, HasSubstr("  ** Steps of more than 180 Degrees:  The Short Way over the Edge\n"
@@ -265,35 +265,35 @@ TEST_F(WrapRunTest, WithoutAnOutputTheRunEnds) {
 }
 
 TEST_F(WrapRunTest, CountriesRoundAndBackKeepTheirAreas) {
-  const StoredClass before = testing::ReadStored(TESSARINE_TEST_DATA "/countries.shp");
+  const StoredLayer before = testing::ReadStored(TESSARINE_TEST_DATA "/countries.shp");
   UseCountries();
   place.name = "round.shp";
   EXPECT_THAT(Wrap(kBox360, kWrap360), Not(HasSubstr("-->")));
-  const StoredClass round = Output();
+  const StoredLayer round = Output();
   UseStored("round.shp");
   place.name = "back.shp";
   EXPECT_THAT(Wrap(kBox180, kWrap180), Not(HasSubstr("-->")));
-  const StoredClass back = Output();
+  const StoredLayer back = Output();
   ASSERT_EQ(round.rows.size(), before.rows.size());
   ASSERT_EQ(back.rows.size(), before.rows.size());
   int told = 0;
   for (std::size_t index = 0; index < before.rows.size(); ++index) {
     const double area = before.rows[index].Area();
-    EXPECT_EQ(back.rows[index].values, before.rows[index].values);
-    EXPECT_NEAR(round.rows[index].Area(), area, 1e-9 * area) << before.rows[index].values;
-    EXPECT_NEAR(back.rows[index].Area(), area, 1e-9 * area) << before.rows[index].values;
+    EXPECT_EQ(back.rows[index].Values(), before.rows[index].Values());
+    EXPECT_NEAR(round.rows[index].Area(), area, 1e-9 * area) << before.rows[index].Values();
+    EXPECT_NEAR(back.rows[index].Area(), area, 1e-9 * area) << before.rows[index].Values();
     const OGREnvelope home = before.rows[index].Extent(), box = round.rows[index].Extent();
     EXPECT_GE(box.MinX, 0.0);
     EXPECT_LE(box.MaxX, 360.0);
     EXPECT_EQ(box.MinY, home.MinY);
-    EXPECT_NEAR(back.rows[index].Extent().MinX, home.MinX, 1e-9) << before.rows[index].values;
-    EXPECT_NEAR(back.rows[index].Extent().MaxX, home.MaxX, 1e-9) << before.rows[index].values;
+    EXPECT_NEAR(back.rows[index].Extent().MinX, home.MinX, 1e-9) << before.rows[index].Values();
+    EXPECT_NEAR(back.rows[index].Extent().MaxX, home.MaxX, 1e-9) << before.rows[index].Values();
     struct Row {
       const char* name;
       double round_width;  // of the vertices with 360 added to the longitudes below 0
     };
     for (const Row& row : {Row{"Fiji", 2.92163989}, Row{"Russia", 170.43977991}, Row{"Antarctica", 360}}) {
-      if (before.rows[index].values.find(row.name) == std::string::npos) continue;
+      if (before.rows[index].Values().find(row.name) == std::string::npos) continue;
       EXPECT_NEAR(home.MaxX - home.MinX, 360.0, 1e-6) << row.name;
       EXPECT_NEAR(box.MaxX - box.MinX, row.round_width, 1e-6) << row.name;
       ++told;
