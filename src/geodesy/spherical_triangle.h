@@ -33,9 +33,8 @@ struct SignedArea {
 
 /// The signed area of a spherical triangle.
 ///
-/// The area is 0 where all three corners have one longitude, within 1e-12 degrees of the first corner's, and where two
-/// corners coincide. Corners on one parallel, or on a great circle that is no meridian, go through the formula and have
-/// a sign.
+/// It is 0 where all corners have the first one's longitude, within 1e-12 degrees, and where two coincide. Corners on a
+/// parallel, or on a great circle that is no meridian, go through the formula and have a sign.
 [[nodiscard]] SignedArea TriangleArea(LonLat p1, LonLat p2, LonLat p3, const Figure& figure = kWgs1984);
 
 namespace detail {
