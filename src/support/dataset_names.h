@@ -11,8 +11,8 @@
 
 namespace tessarine::MyGeneralOperations {
 
-/// True when the workspace holds a feature class or a table of this name; the two share one name space. The two
-/// routines differ in which they try first.
+/// True when the workspace holds a feature class or a table of this name; the two share one name space. The
+/// first routine looks among the classes first, the second among the tables.
 [[nodiscard]] bool CheckIfFeatureClassExists(const std::shared_ptr<IFeatureWorkspace>& workspace,
                                              const std::string& name);
 [[nodiscard]] bool CheckIfTableExists(const std::shared_ptr<IFeatureWorkspace>& workspace, const std::string& name);
