@@ -105,8 +105,8 @@ void frmAbout::LayOut() {
   imgBottomInset.Move(7, 177, 286, 14);
   cmdManual.Move(7, 199, 56, 14);
   cmdSysInfo.Move(67, 199, 76, 14);
-  cmdOK.Move(219, 199, 56, 14);
-  imgCornerBars.Move(283, 203, 10, 10);
+  cmdOK.Move(237, 199, 56, 14);
+  imgCornerBars.Move(293, 213, 7, 7);
   imgCornerBars.SetResourceId(202);
   Control* const order[] = {&Text1, &cmdManual, &cmdSysInfo, &cmdOK};
   std::int32_t tab_index = 0;

@@ -13,12 +13,13 @@ frmMessageBox::frmMessageBox() : Form("frmMessageBox") {
   txtMessage.Locked = true;
   txtMessage.MultiLine = true;
   cmdYes.SetCaption("&Yes");
-  cmdYes.Move(107, 109, 50, 14);
-  cmdYes.Default = true;
+  cmdYes.Move(127, 109, 50, 14);
   cmdNo.SetCaption("&No");
-  cmdNo.Move(163, 109, 50, 14);
+  cmdNo.Move(183, 109, 50, 14);
+  // Who presses Enter without reading has agreed to nothing.
+  cmdNo.Default = true;
   cmdNo.Cancel = true;
-  imgCornerBars.Move(223, 113, 10, 10);
+  imgCornerBars.Move(233, 123, 7, 7);
   imgCornerBars.SetResourceId(202);
   txtMessage.SetTabIndex(0);
   cmdYes.SetTabIndex(1);

@@ -27,10 +27,10 @@ frmReport_modal::frmReport_modal() : Form("frmReport_modal") {
   cmdPrint.SetCaption("&Print");
   cmdPrint.Move(105, 219, 50, 14);
   cmdOK.SetCaption("&Exit");
-  cmdOK.Move(255, 219, 50, 14);
+  cmdOK.Move(273, 219, 50, 14);
   cmdOK.Default = true;
   cmdOK.Cancel = true;
-  imgCornerBars.Move(313, 223, 10, 10);
+  imgCornerBars.Move(323, 233, 7, 7);
   imgCornerBars.SetResourceId(202);
   txtReport.SetTabIndex(0);
   cmdCopy.SetTabIndex(1);

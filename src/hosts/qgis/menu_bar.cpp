@@ -12,8 +12,10 @@
 
 #include "hosts/document/component_loader.h"
 #include "hosts/qgis/processing/run_turn.h"
+#include "hosts/windows/mnemonics.h"
 #include "hosts/windows/pictures.h"
 #include "hosts/windows/qt_text.h"
+#include "hosts/windows/translation.h"
 #include "platform/component.h"
 #include "platform/trap.h"
 
@@ -27,12 +29,23 @@ bool IsMenu(const std::string& id) {
   return DllGetClassObject(id.c_str(), "IMenuDef", &factory) == kComponentOk;
 }
 
+// Gives the title a letter for the Alt key that no other menu of the bar has.
+void TakeFreeLetter(QMenu& menu, const QMenuBar& bar) {
+  std::vector<MarkedCaption> captions;
+  for (const QAction* action : bar.actions()) {
+    if (action != menu.menuAction()) captions.push_back({action->text()});
+  }
+  captions.push_back({menu.title(), true});
+  ShareLetters(captions);
+  menu.setTitle(captions.back().text);
+}
+
 }  // namespace
 
 MenuBar::MenuBar(QgisInterface& program, WindowHost& host, std::shared_ptr<ProgramApplication> application)
     : program_(program), host_(host), application_(std::move(application)) {
   const auto definition = CreateComponentAs<IToolBarDef>(kToolBarId, "IToolBarDef");
-  toolbar_ = program_.addToolBar(ToQt(definition->Caption()));
+  toolbar_ = program_.addToolBar(Translated(definition->Caption()));
   toolbar_->setObjectName(ToQt(definition->Name()));
   for (std::int32_t position = 0; position < definition->ItemCount(); ++position) {
     ItemDef item;
@@ -43,13 +56,15 @@ MenuBar::MenuBar(QgisInterface& program, WindowHost& host, std::shared_ptr<Progr
     roots_.emplace_back(menu);
     auto* button = new QToolButton(toolbar_);
     button->setMenu(menu);
-    button->setText(ToQt(root->Caption()));
+    // The letter of the Alt key is that of the menu.
+    button->setText(WithoutMnemonic(menu->title()));
     button->setPopupMode(QToolButton::InstantPopup);
     button->setToolButtonStyle(Qt::ToolButtonTextOnly);
     toolbar_->addWidget(button);
     if (!Is<IRootLevelMenu>(root)) continue;
     auto* bar = qobject_cast<QMainWindow*>(program_.mainWindow())->menuBar();
     bar->insertMenu(program_.firstRightStandardMenu()->menuAction(), menu);
+    TakeFreeLetter(*menu, *bar);
   }
   AddSelectionTool();
   QObject::connect(&program_, &QgisInterface::layoutDesignerOpened, &context_,
@@ -73,7 +88,7 @@ MenuBar::~MenuBar() {
 }
 
 QMenu* MenuBar::MakeMenu(const std::string& id, const IMenuDef& definition, QWidget* parent) {
-  auto* menu = new QMenu(ToQt(definition.Caption()), parent);
+  auto* menu = new QMenu(Translated(definition.Caption()), parent);
   menu->setObjectName(ToQt(id));
   menu->setToolTipsVisible(true);
   Fill(*menu, definition);
@@ -103,13 +118,13 @@ void MenuBar::Fill(QMenu& menu, const IMenuDef& definition) {
 void MenuBar::AddCommand(QMenu& menu, const std::string& id) {
   const auto command = CreateComponentAs<ICommand>(id, "ICommand");
   command->OnCreate(application_);
-  auto* action = new QAction(ToQt(command->Caption()), &menu);
+  auto* action = new QAction(Translated(command->Caption()), &menu);
   action->setObjectName(ToQt(command->Name()));
   if (const auto picture = command->Bitmap()) action->setIcon(PictureOf(picture->ResourceId()));
   // The user may give it a shortcut. This writes the tip anew.
   program_.registerMainWindowAction(action, QString());
-  action->setToolTip(ToQt(command->Tooltip()));
-  action->setStatusTip(ToQt(command->Message()));
+  action->setToolTip(Translated(command->Tooltip()));
+  action->setStatusTip(Translated(command->Message()));
   // The program moves items to a menu of its own where their texts say "About" or "Preferences".
   action->setMenuRole(QAction::NoRole);
   menu.addAction(action);
@@ -121,9 +136,9 @@ void MenuBar::AddSelectionTool() {
   QgsMapCanvas& canvas = *program_.mapCanvas();
   selection_tool_ = std::make_unique<ItemSelectionTool>(canvas, application_->Project().Map());
   auto* action = new QAction(QgsApplication::getThemeIcon(QStringLiteral("/mActionSelectRectangle.svg")),
-                             QStringLiteral("Select Annotation Items"), toolbar_);
+                             Translated("Select Annotation Items"), toolbar_);
   action->setObjectName(QLatin1String(kSelectItemsAction));
-  action->setStatusTip(QStringLiteral(
+  action->setStatusTip(Translated(
       "Select annotation items with a click or a rectangle; with Shift, in addition to those that are selected"));
   action->setCheckable(true);
   toolbar_->addAction(action);
@@ -160,8 +175,7 @@ void MenuBar::Click(ICommand& command) {
     const RunTurn turn;
     if (!turn.Taken()) {
       program_.messageBar()->pushWarning(
-          QStringLiteral("Tessarine"),
-          QStringLiteral("A run from the toolbox is at work: wait for its end, or stop it."));
+          QStringLiteral("Tessarine"), Translated("A run from the toolbox is at work: wait for its end, or stop it."));
       return;
     }
     NoteWindow();

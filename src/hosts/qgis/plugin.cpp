@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // The door between the map program and the suite: what the shell of the plug-in calls.
 #include <qgisinterface.h>
+#include <qgsapplication.h>
 
 #include <memory>
 
@@ -8,6 +9,7 @@
 #include "hosts/qgis/processing/provider.h"
 #include "hosts/qgis/program_application.h"
 #include "hosts/qgis/qgis_host.h"
+#include "hosts/windows/translation.h"
 #include "platform/component.h"
 #include "platform/trap.h"
 
@@ -65,7 +67,10 @@ extern "C" {
 // NOLINTBEGIN(readability-identifier-naming): the shell of the plug-in looks these names up.
 
 /// Puts the tools into the toolbox; for the main thread, any number of times.
-TESSARINE_EXPORT void tessarine_start_processing() { tessarine::qgis::AddToolProvider(); }
+TESSARINE_EXPORT void tessarine_start_processing() {
+  tessarine::UseLanguage(QLocale(QgsApplication::locale()));
+  tessarine::qgis::AddToolProvider();
+}
 
 /// Shows toolbar and menus in the program of this interface.
 TESSARINE_EXPORT void tessarine_start_menus(QgisInterface* program) {

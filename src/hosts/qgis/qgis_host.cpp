@@ -26,6 +26,7 @@ std::string PluginFolder() {
 
 QgisHost::QgisHost(QWidget* main_window, std::string host_version) : WindowHost(main_window, std::move(host_version)) {
   OfferTemporaryLayers(CreateMemoryWorkspaceFactory);
+  FormWindows().SetManualFolder(ToQt(ToNativePath(PluginFolder())) + QStringLiteral("/manual"));
 }
 
 QgisHost::~QgisHost() { OfferTemporaryLayers(nullptr); }

@@ -13,6 +13,7 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QStyle>
+#include <QVBoxLayout>
 #include <algorithm>
 #include <filesystem>
 
@@ -23,6 +24,7 @@
 #include "hosts/windows/pictures.h"
 #include "hosts/windows/pointer.h"
 #include "hosts/windows/qt_text.h"
+#include "hosts/windows/translation.h"
 #include "outputs/format_workspace.h"
 #include "outputs/temporary_layers.h"
 #include "platform/paths.h"
@@ -80,14 +82,14 @@ BrowseDialog::BrowseDialog(const BrowseRequest& request, QWidget* parent)
       request_(request),
       look_in_(new QComboBox(this)),
       up_(new QPushButton(this)),
-      new_folder_(new QPushButton(QStringLiteral("New &Folder"), this)),
-      new_geodatabase_(new QPushButton(QStringLiteral("New &Geodatabase"), this)),
-      new_geopackage_(new QPushButton(QStringLiteral("New Geo&Package"), this)),
+      new_folder_(new QPushButton(Translated("New &Folder"), this)),
+      new_geodatabase_(new QPushButton(Translated("New &Geodatabase"), this)),
+      new_geopackage_(new QPushButton(Translated("New Geo&Package"), this)),
       places_(new QListWidget(this)),
       list_(new QListWidget(this)),
       name_label_(new QLabel(this)),
       name_(new QLineEdit(this)),
-      kind_label_(new QLabel(QStringLiteral("&Kind:"), this)),
+      kind_label_(new QLabel(Translated("&Kind:"), this)),
       kind_(new KindBox(this)),
       filter_(new QComboBox(this)),
       enter_(new QPushButton(this)) {
@@ -111,7 +113,7 @@ BrowseDialog::BrowseDialog(const BrowseRequest& request, QWidget* parent)
 
 void BrowseDialog::Build() {
   setObjectName(QStringLiteral("BrowseDialog"));
-  setWindowTitle(ToQt(request_.title));
+  setWindowTitle(Translated(request_.title));
   setWindowFlag(Qt::WindowContextHelpButtonHint, false);
   const std::pair<QWidget*, const char*> names[] = {
       {look_in_, "cbxLookIn"},       {up_, "cmdUp"},
@@ -126,7 +128,7 @@ void BrowseDialog::Build() {
   look_in_->setInsertPolicy(QComboBox::NoInsert);
   look_in_->setCompleter(nullptr);
   up_->setIcon(style()->standardIcon(QStyle::SP_FileDialogToParent));
-  up_->setToolTip(QStringLiteral("Up one level"));
+  up_->setToolTip(Translated("Up one level"));
   new_folder_->setVisible(request_.save);
   new_geodatabase_->setVisible(request_.save);
   new_geopackage_->setVisible(request_.save);
@@ -135,31 +137,38 @@ void BrowseDialog::Build() {
   if (request_.filters.empty()) request_.filters.push_back(GxFilter::FeatureClasses);
   for (const GxFilter filter : request_.filters) {
     for (const FilterRow& row : kFilters) {
-      if (row.filter == filter) filter_->addItem(QLatin1String(row.caption));
+      if (row.filter == filter) filter_->addItem(Translated(row.caption));
     }
   }
   filter_->setCurrentIndex(static_cast<int>(request_.default_filter));
-  enter_->setText(request_.button.empty() ? QLatin1String(request_.save ? "&Save" : "&Open") : ToQt(request_.button));
+  enter_->setText(Translated(request_.button.empty() ? (request_.save ? "&Save" : "&Open") : request_.button));
   enter_->setDefault(true);
-  auto* cancel = new QPushButton(QStringLiteral("Cancel"), this);
+  auto* cancel = new QPushButton(Translated("Cancel"), this);
   cancel->setObjectName(QStringLiteral("cmdCancel"));
 
-  auto* look_label = new QLabel(QStringLiteral("&Look in:"), this);
+  auto* look_label = new QLabel(Translated("&Look in:"), this);
   look_label->setBuddy(look_in_);
-  name_label_->setText(QStringLiteral("&Name:"));
+  name_label_->setText(Translated("&Name:"));
   name_label_->setBuddy(name_);
   kind_label_->setBuddy(kind_);
   places_->setMaximumWidth(DialogUnits(font()).Size(80, 0).width());
-  places_->setAccessibleName(QStringLiteral("Places"));
   FillPlaces();
-  auto* filter_label = new QLabel(QStringLiteral("Show of &type:"), this);
+  auto* filter_label = new QLabel(Translated("Show of &type:"), this);
   filter_label->setBuddy(filter_);
   auto* top = new QHBoxLayout;
   top->addWidget(look_in_, 1);
   for (QPushButton* button : {up_, new_folder_, new_geodatabase_, new_geopackage_}) top->addWidget(button);
+  const auto below = [this](const char* caption, QWidget* list) {
+    auto* label = new QLabel(Translated(caption), this);
+    label->setBuddy(list);
+    auto* column = new QVBoxLayout;
+    column->addWidget(label);
+    column->addWidget(list);
+    return column;
+  };
   auto* middle = new QHBoxLayout;
-  middle->addWidget(places_);
-  middle->addWidget(list_, 1);
+  middle->addLayout(below("Pl&aces:", places_));
+  middle->addLayout(below("&Contents:", list_), 1);
   auto* grid = new QGridLayout(this);
   grid->addWidget(look_label, 0, 0);
   grid->addLayout(top, 0, 1, 1, 2);
@@ -210,7 +219,7 @@ void BrowseDialog::LookIn(const CatalogItem& container) {
   new_geopackage_->setEnabled(container.kind == CatalogKind::Folder);
   ShowKinds();
   const bool layers = container.kind == CatalogKind::Container;
-  name_label_->setText(layers ? QStringLiteral("Layer &name:") : QStringLiteral("&Name:"));
+  name_label_->setText(layers ? Translated("Layer &name:") : Translated("&Name:"));
   // A layer's name has no ending.
   if (request_.save && layers) name_->setText(ToQt(kind_->WithoutEnding(FromQt(name_->text()))));
 }
@@ -371,11 +380,26 @@ std::string BrowseDialog::Name() const {
   return NamesInFolder() ? kind_->WithEnding(name) : name;
 }
 
+// Wide enough for its own title, buttons of the title bar included. Nothing where the user gave up.
+QString BrowseDialog::AskName(const char* title) {
+  QInputDialog dialog(this);
+  dialog.setObjectName(QStringLiteral("NameDialog"));
+  dialog.setWindowTitle(Translated(title));
+  dialog.setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+  dialog.setLabelText(Translated("Name:"));
+  dialog.setOkButtonText(Translated("OK"));
+  dialog.setCancelButtonText(Translated("Cancel"));
+  constexpr int kRoomForButtons = 120;
+  dialog.resize(dialog.fontMetrics().horizontalAdvance(dialog.windowTitle()) + kRoomForButtons,
+                dialog.sizeHint().height());
+  return dialog.exec() == QDialog::Accepted ? dialog.textValue().trimmed() : QString();
+}
+
 void BrowseDialog::MakeFolder() {
-  const QString name = QInputDialog::getText(this, QStringLiteral("New Folder"), QStringLiteral("Name:"));
-  if (name.trimmed().isEmpty()) return;
+  const QString name = AskName("New Folder");
+  if (name.isEmpty()) return;
   std::error_code error;
-  const fs::path path = fs::path(location_.path) / FromQt(name.trimmed());
+  const fs::path path = fs::path(location_.path) / FromQt(name);
   fs::create_directory(path, error);
   if (error) {
     Refuse(QStringLiteral("The folder '%1' can't be made: %2.").arg(ToQt(path.string()), ToQt(error.message())));
@@ -385,9 +409,9 @@ void BrowseDialog::MakeFolder() {
 }
 
 void BrowseDialog::MakeGeodatabase() {
-  const QString name = QInputDialog::getText(this, QStringLiteral("New Geodatabase"), QStringLiteral("Name:"));
-  if (name.trimmed().isEmpty()) return;
-  std::string file = FromQt(name.trimmed());
+  const QString name = AskName("New Geodatabase");
+  if (name.isEmpty()) return;
+  std::string file = FromQt(name);
   const bool named = EndsWithIgnoringCase(file, ".gdb") || EndsWithIgnoringCase(file, ".mdb");
   if (!named) file += ".gdb";
   const fs::path path = fs::path(location_.path) / file;
@@ -401,9 +425,9 @@ void BrowseDialog::MakeGeodatabase() {
 }
 
 void BrowseDialog::MakeGeoPackage() {
-  const QString name = QInputDialog::getText(this, QStringLiteral("New GeoPackage"), QStringLiteral("Name:"));
-  if (name.trimmed().isEmpty()) return;
-  std::string file = FromQt(name.trimmed());
+  const QString name = AskName("New GeoPackage");
+  if (name.isEmpty()) return;
+  std::string file = FromQt(name);
   if (!EndsWithIgnoringCase(file, ".gpkg")) file += ".gpkg";
   const fs::path path = fs::path(location_.path) / file;
   try {

@@ -58,6 +58,7 @@ class BrowseDialog final : public QDialog {
   void Confirm();
   bool FollowTypedPath();
   bool TakeNamedData();
+  [[nodiscard]] QString AskName(const char* title);
   void MakeFolder();
   void MakeGeodatabase();
   void MakeGeoPackage();

@@ -10,7 +10,7 @@
 #include "hosts/windows/control_view.h"
 #include "hosts/windows/form_window.h"
 #include "hosts/windows/pictures.h"
-#include "hosts/windows/qt_text.h"
+#include "hosts/windows/translation.h"
 
 namespace tessarine {
 namespace {
@@ -54,14 +54,14 @@ class ButtonView final : public ControlView {
     Push().setAutoDefault(Window().HasDefault());
     if (button_.Default) Push().setDefault(true);
     if (button_.PictureId == 0) {
-      Push().setText(ToQt(button_.Caption()));
+      Push().setText(Window().CaptionOf(button_));
       return;
     }
     Push().setText(QString());
     Push().setIcon(PictureOf(button_.PictureId));
     const int side = qMin(Push().width(), Push().height()) - 8;
     Push().setIconSize(QSize(side, side));
-    Push().setAccessibleName(ToQt(button_.ToolTipText()));
+    Push().setAccessibleName(Translated(button_.ToolTipText()));
   }
 
   CommandButton& button_;
@@ -86,7 +86,7 @@ class CheckBoxView final : public ControlView {
   }
 
   void UpdateContent() override {
-    Check().setText(ToQt(box_.Caption()));
+    Check().setText(Window().CaptionOf(box_));
     Check().setTristate(box_.Value() == CheckBox::kGrayed);
     Check().setCheckState(box_.Value() == CheckBox::kChecked  ? Qt::Checked
                           : box_.Value() == CheckBox::kGrayed ? Qt::PartiallyChecked
@@ -112,7 +112,7 @@ class OptionView final : public ControlView {
   [[nodiscard]] QRadioButton& Radio() const { return *static_cast<QRadioButton*>(Widget()); }
 
   void UpdateContent() override {
-    Radio().setText(ToQt(button_.Caption()));
+    Radio().setText(Window().CaptionOf(button_));
     // A group that excludes refuses to leave none chosen; forms may begin so.
     Radio().setAutoExclusive(false);
     Radio().setChecked(button_.Value());

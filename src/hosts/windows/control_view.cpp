@@ -7,6 +7,7 @@
 #include "hosts/windows/colors.h"
 #include "hosts/windows/form_window.h"
 #include "hosts/windows/qt_text.h"
+#include "hosts/windows/translation.h"
 
 namespace tessarine {
 namespace {
@@ -43,7 +44,7 @@ void ControlView::Update() {
   if (widget_ != nullptr) {
     Place();
     widget_->setEnabled(control_.Enabled());
-    widget_->setToolTip(ToQt(control_.ToolTipText()));
+    widget_->setToolTip(Translated(control_.ToolTipText()));
     UpdateColors();
   }
   UpdateContent();

@@ -9,6 +9,7 @@
 #include <QVBoxLayout>
 
 #include "hosts/windows/dialog_units.h"
+#include "hosts/windows/translation.h"
 
 namespace tessarine {
 
@@ -22,8 +23,8 @@ ErrorWindow::ErrorWindow(QWidget* parent) : QDialog(parent), text_(new QPlainTex
   text_->setTabStopDistance(text_->fontMetrics().horizontalAdvance(QStringLiteral("0000")));
   text_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
   auto* buttons = new QDialogButtonBox(this);
-  QPushButton* copy = buttons->addButton(QStringLiteral("&Copy to Clipboard"), QDialogButtonBox::ActionRole);
-  QPushButton* close = buttons->addButton(QStringLiteral("C&lose"), QDialogButtonBox::RejectRole);
+  QPushButton* copy = buttons->addButton(Translated("&Copy to Clipboard"), QDialogButtonBox::ActionRole);
+  QPushButton* close = buttons->addButton(Translated("C&lose"), QDialogButtonBox::RejectRole);
   copy->setObjectName(QStringLiteral("cmdCopy"));
   close->setObjectName(QStringLiteral("cmdClose"));
   close->setDefault(true);

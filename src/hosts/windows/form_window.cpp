@@ -8,11 +8,15 @@
 #include <QScreen>
 #include <QScrollArea>
 #include <QStyle>
+#include <QTimer>
 #include <QVBoxLayout>
+#include <QWhatsThis>
 #include <algorithm>
 
 #include "hosts/windows/colors.h"
+#include "hosts/windows/mnemonics.h"
 #include "hosts/windows/qt_text.h"
+#include "hosts/windows/translation.h"
 
 namespace tessarine {
 namespace {
@@ -37,7 +41,8 @@ class Canvas final : public QWidget {
 bool HasMinimum(const Form& form) { return form.MinimumWidth() > 0.0 || form.MinimumHeight() > 0.0; }
 
 Qt::WindowFlags FlagsOf(const Form& form, const QWidget* parent) {
-  Qt::WindowFlags flags = Qt::Dialog | Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint;
+  Qt::WindowFlags flags = Qt::Dialog | Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint |
+                          Qt::WindowContextHelpButtonHint;
   // Over a host's window a dialog of its own keeps above it; without one the window manager has to be asked.
   if (form.Topmost() && parent == nullptr) flags |= Qt::WindowStaysOnTopHint;
   if (HasMinimum(form)) flags |= Qt::WindowMaximizeButtonHint;
@@ -126,8 +131,8 @@ void FormWindow::OrderTabs() {
       if (auto* label = qobject_cast<QLabel*>(view->Widget())) labels.push_back(label);
       continue;
     }
-    // The mnemonic of a label leads to the control behind it.
-    if (!labels.empty()) labels.back()->setBuddy(view->Widget());
+    // The mnemonic of a label leads to the box or list behind it.
+    if (!labels.empty() && view->HoldsText()) labels.back()->setBuddy(view->Widget());
     labels.clear();
     if (before != nullptr) setTabOrder(before, view->Widget());
     before = view->Widget();
@@ -165,6 +170,7 @@ void FormWindow::Flush() {
   flushing_ = true;
   flush_planned_ = false;
   if (form_needs_update_) UpdateForm();
+  UpdateCaptions();
   for (const auto& view : views_) {
     if (view->NeedsUpdate) view->Update();
   }
@@ -175,7 +181,7 @@ void FormWindow::Flush() {
 void FormWindow::UpdateForm() {
   form_needs_update_ = false;
   // The blank in front of a caption keeps it off the window's icon; there is none here.
-  setWindowTitle((caption_.isEmpty() ? ToQt(form_.Caption()) : caption_).trimmed());
+  setWindowTitle(Title());
   QPalette colors = palette();
   colors.setColor(QPalette::Window, ColorOf(form_.BackColor(), palette()));
   if (IsExplicitColor(form_.BackColor()) && colors != canvas_->palette()) {
@@ -184,6 +190,48 @@ void FormWindow::UpdateForm() {
   }
   if (isVisible() && (form_.Left() != shown_left_ || form_.Top() != shown_top_)) PlaceOnScreen();
   UpdateSize();
+}
+
+QString FormWindow::Title() const {
+  // The blank in front of a caption keeps it off the window's icon; there is none here.
+  return Translated((caption_.isEmpty() ? ToQt(form_.Caption()) : caption_).trimmed());
+}
+
+QString FormWindow::CaptionOf(const Captioned& control) const {
+  const auto known = captions_.find(&control);
+  return known != captions_.end() ? known->second : Translated(LinesToQt(control.Caption()));
+}
+
+// What the letter of a caption leads to.
+FormWindow::Naming FormWindow::NamingOf(const ControlView& view) const {
+  if (view.Control().TabIndex() < 0) return Naming::Nothing;
+  if (const auto* label = qobject_cast<const QLabel*>(view.Widget())) {
+    return label->buddy() != nullptr ? Naming::Box : Naming::Nothing;
+  }
+  // OK and Cancel have keys of their own.
+  const auto* button = dynamic_cast<const CommandButton*>(&view.Control());
+  if (button != nullptr && (button->Default || button->Cancel || button->PictureId != 0)) return Naming::Nothing;
+  return view.TakesFocus() ? Naming::Itself : Naming::Nothing;
+}
+
+void FormWindow::UpdateCaptions() {
+  std::vector<const Captioned*> controls;
+  std::vector<MarkedCaption> captions;
+  for (const Naming naming : {Naming::Box, Naming::Itself, Naming::Nothing}) {
+    for (const auto& view : views_) {
+      const auto* captioned = dynamic_cast<const Captioned*>(&view->Control());
+      if (captioned == nullptr || !captioned->Visible() || NamingOf(*view) != naming) continue;
+      controls.push_back(captioned);
+      captions.push_back({Translated(LinesToQt(captioned->Caption())), naming != Naming::Nothing});
+    }
+  }
+  ShareLetters(captions);
+  for (std::size_t index = 0; index < captions.size(); ++index) {
+    QString& known = captions_[controls[index]];
+    if (known == captions[index].text) continue;
+    known = captions[index].text;
+    if (ControlView* view = ViewOf(*controls[index])) view->NeedsUpdate = true;
+  }
 }
 
 // A screen keeps some of its room for the window's frame.
@@ -250,6 +298,15 @@ void FormWindow::UpdateSize() {
     setFixedSize(size.boundedTo(room));
   }
   if (canvas_->size() != size - QSize(0, below_canvas_)) resize(size.boundedTo(room));
+  if (isVisible()) KeepOnScreen();
+}
+
+// Frame and all, where the window manager has told how wide its frame is.
+void FormWindow::KeepOnScreen() {
+  const QRect room = screen()->availableGeometry(), framed = frameGeometry();
+  const QPoint kept(std::max(room.left(), std::min(framed.left(), room.right() + 1 - framed.width())),
+                    std::max(room.top(), std::min(framed.top(), room.bottom() + 1 - framed.height())));
+  if (kept != framed.topLeft()) move(kept);
 }
 
 // The user's size becomes the form's, which lays its controls out anew.
@@ -275,7 +332,7 @@ void FormWindow::UpdateFocus() {
 
 void FormWindow::SetCaption(const std::string& caption) {
   caption_ = ToQt(caption);
-  setWindowTitle(caption_.trimmed());
+  setWindowTitle(Title());
 }
 
 void FormWindow::PlaceOnScreen() {
@@ -351,9 +408,40 @@ void FormWindow::PressButton(IsWanted&& is_wanted) {
   }
 }
 
+bool FormWindow::event(QEvent* event) {
+  switch (event->type()) {
+    case QEvent::ShortcutOverride:
+      // Here F1 isn't the one of the window behind.
+      if (OnHelp && static_cast<QKeyEvent*>(event)->key() == Qt::Key_F1) {
+        event->accept();
+        return true;
+      }
+      break;
+    case QEvent::EnterWhatsThisMode:
+      QWhatsThis::leaveWhatsThisMode();
+      if (OnHelp) OnHelp();
+      return true;
+    default:
+      break;
+  }
+  return QDialog::event(event);
+}
+
+// The frame comes after the window.
+void FormWindow::showEvent(QShowEvent* event) {
+  QDialog::showEvent(event);
+  constexpr int kMomentForTheFrame = 50;
+  QTimer::singleShot(kMomentForTheFrame, this, [this] {
+    if (!concealed_) KeepOnScreen();
+  });
+}
+
 void FormWindow::keyPressEvent(QKeyEvent* event) {
   Flush();
   switch (event->key()) {
+    case Qt::Key_F1:
+      if (OnHelp) OnHelp();
+      return;
     case Qt::Key_Escape:
       PressButton([](const CommandButton& button) { return button.Cancel; });
       return;

@@ -4,6 +4,7 @@
 
 #include <QDialog>
 #include <functional>
+#include <map>
 #include <memory>
 #include <vector>
 
@@ -33,6 +34,12 @@ class FormWindow final : public QDialog {
   /// The widget of the control of this name; nothing when there is none.
   [[nodiscard]] QWidget* WidgetOf(const std::string& name) const;
 
+  /// The caption of a control as it is shown: in the user's language, with a letter for the Alt key that no other one
+  /// of the window has.
+  [[nodiscard]] QString CaptionOf(const Captioned& control) const;
+  /// The title as it is shown.
+  [[nodiscard]] QString Title() const;
+
   /// A caption in place of the form's own.
   void SetCaption(const std::string& caption);
   /// Shows the window where the form says, or in the middle of its parent, with the focus on its first control.
@@ -55,8 +62,12 @@ class FormWindow final : public QDialog {
 
   /// Called once when the window went away, by the form or by the user.
   std::function<void()> OnConcealed;
+  /// Called where the user asks for help, with F1 or the button of the title bar.
+  std::function<void()> OnHelp;
 
  protected:
+  bool event(QEvent* event) override;
+  void showEvent(QShowEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
   void changeEvent(QEvent* event) override;
@@ -70,6 +81,10 @@ class FormWindow final : public QDialog {
   void ListenToForm();
   void FormChanged(Control* control);
   void UpdateForm();
+  void UpdateCaptions();
+  enum class Naming { Box, Itself, Nothing };
+  [[nodiscard]] Naming NamingOf(const ControlView& view) const;
+  void KeepOnScreen();
   void UpdateSize();
   void UpdateFooter(bool wanted);
   void UpdateFocus();
@@ -94,6 +109,7 @@ class FormWindow final : public QDialog {
   int below_canvas_ = 0;  // how much less of the form the canvas holds than its whole height
   std::vector<std::unique_ptr<ControlView>> views_;
   QString caption_;
+  std::map<const Control*, QString> captions_;
   double shown_left_ = 0.0, shown_top_ = 0.0;
   bool form_needs_update_ = true, flush_planned_ = false, flushing_ = false;
   const Control* first_focus_ = nullptr;  // what got the focus as the form opened, until it goes elsewhere

@@ -7,12 +7,14 @@
 #include <QListView>
 #include <QScrollBar>
 #include <QStringListModel>
+#include <algorithm>
 #include <utility>
 
 #include "hosts/windows/control_view.h"
 #include "hosts/windows/form_window.h"
 #include "hosts/windows/key_filter.h"
 #include "hosts/windows/qt_text.h"
+#include "hosts/windows/translation.h"
 
 namespace tessarine {
 namespace {
@@ -110,6 +112,9 @@ class ListBoxView final : public ControlView {
   std::int32_t top_ = 0, shown_index_ = -1;
 };
 
+// The lists whose lines are texts of the form itself; others list data.
+bool ListsOwnTexts(const ComboBox& combo) { return combo.Name() == "cboPole"; }
+
 class ComboView final : public ControlView {
  public:
   ComboView(FormWindow& window, ComboBox& combo, QWidget& parent)
@@ -134,6 +139,7 @@ class ComboView final : public ControlView {
   void Edited(const QString& text) {
     const bool typed = std::exchange(typed_, false);
     const QString kept = typed || !combo_.KeyPress ? text : Filtered(Compare(ToQt(combo_.Text()), text), text);
+    caret_ = Box().lineEdit()->cursorPosition() - (text.size() - kept.size());
     NeedsUpdate = true;
     Tell([&] { combo_.SetText(FromQt(kept)); });
     Window().Flush();
@@ -152,7 +158,9 @@ class ComboView final : public ControlView {
 
   void UpdateContent() override {
     if (!combo_.DropDownList && !Box().isEditable()) MakeEditable();
-    const QStringList lines = LinesOf(combo_);
+    QStringList lines = LinesOf(combo_);
+    if (ListsOwnTexts(combo_))
+      std::ranges::transform(lines, lines.begin(), [](const QString& line) { return Translated(line); });
     if (lines != lines_) {
       lines_ = lines;
       Box().clear();
@@ -164,6 +172,9 @@ class ComboView final : public ControlView {
     if (!Box().isEditable()) return;
     const QString text = ToQt(combo_.Text());
     if (Box().currentText() != text) Box().setEditText(text);
+    // A text that is no line of the list comes in anew, with the caret at its end: it goes back to where the user
+    // typed.
+    if (const int caret = std::exchange(caret_, -1); caret >= 0) Box().lineEdit()->setCursorPosition(caret);
     // A name longer than the box shows its beginning, unless it is being typed.
     if (!Box().lineEdit()->hasFocus()) Box().lineEdit()->setCursorPosition(0);
   }
@@ -178,6 +189,7 @@ class ComboView final : public ControlView {
   }
 
   ComboBox& combo_;
+  int caret_ = -1;  // where an edit left it, until it is shown
   QStringList lines_;
   bool typed_ = false;
 };

@@ -7,6 +7,7 @@
 
 #include "hosts/windows/pointer.h"
 #include "hosts/windows/qt_text.h"
+#include "hosts/windows/translation.h"
 
 namespace tessarine {
 namespace {
@@ -51,7 +52,7 @@ MessageAnswer ShowMessageBox(QWidget* parent, const std::string& text, const std
   const std::vector<AnswerButton> answers = ButtonsOf(buttons);
   std::vector<QAbstractButton*> made;
   for (const AnswerButton& answer : answers) {
-    QPushButton* button = box.addButton(QLatin1String(answer.caption), answer.role);
+    QPushButton* button = box.addButton(Translated(answer.caption), answer.role);
     button->setObjectName(QLatin1String(answer.name));
     made.push_back(button);
   }

@@ -9,7 +9,6 @@
 #include "hosts/windows/control_view.h"
 #include "hosts/windows/form_window.h"
 #include "hosts/windows/pictures.h"
-#include "hosts/windows/qt_text.h"
 
 namespace tessarine {
 namespace {
@@ -48,7 +47,7 @@ class FrameView final : public ControlView {
  private:
   void UpdateContent() override {
     auto& widget = *static_cast<FrameWidget*>(Widget());
-    widget.caption = ToQt(frame_.Caption());
+    widget.caption = Window().CaptionOf(frame_);
     widget.update();
   }
 

@@ -14,6 +14,7 @@
 
 #include "hosts/windows/pointer.h"
 #include "hosts/windows/qt_text.h"
+#include "hosts/windows/translation.h"
 #include "platform/fault.h"
 #include "platform/reference_spheroid.h"
 #include "platform/text_formats.h"
@@ -83,7 +84,7 @@ ReferenceDialog::ReferenceDialog(const SpatialReferenceRef& initial, QWidget* pa
       search_(new QLineEdit(this)),
       list_(new QListView(this)),
       details_(new QLabel(this)),
-      ok_(new QPushButton(QStringLiteral("OK"), this)) {
+      ok_(new QPushButton(Translated("OK"), this)) {
   Build();
   Search(QString());
   if (initial) MarkInitial(initial);
@@ -102,15 +103,15 @@ void ReferenceDialog::MarkInitial(const SpatialReferenceRef& initial) {
 
 void ReferenceDialog::Build() {
   setObjectName(QStringLiteral("ReferenceDialog"));
-  setWindowTitle(QStringLiteral("Spatial Reference"));
+  setWindowTitle(Translated("Spatial Reference"));
   setWindowFlag(Qt::WindowContextHelpButtonHint, false);
-  auto* cancel = new QPushButton(QStringLiteral("Cancel"), this);
+  auto* cancel = new QPushButton(Translated("Cancel"), this);
   search_->setObjectName(QStringLiteral("txtSearch"));
   list_->setObjectName(QStringLiteral("lbxReferences"));
   details_->setObjectName(QStringLiteral("lblDetails"));
   ok_->setObjectName(QStringLiteral("cmdOK"));
   cancel->setObjectName(QStringLiteral("cmdCancel"));
-  auto* label = new QLabel(QStringLiteral("&Search by name or code, or enter a definition:"), this);
+  auto* label = new QLabel(Translated("&Search by name or code, or enter a definition:"), this);
   label->setBuddy(search_);
   search_->setPlaceholderText(QStringLiteral("utm 12n, EPSG:4326, +proj=..."));
   search_->setClearButtonEnabled(true);
@@ -129,6 +130,9 @@ void ReferenceDialog::Build() {
   auto* layout = new QVBoxLayout(this);
   layout->addWidget(label);
   layout->addWidget(search_);
+  auto* list_label = new QLabel(Translated("&References:"), this);
+  list_label->setBuddy(list_);
+  layout->addWidget(list_label);
   layout->addWidget(list_, 1);
   layout->addWidget(details_);
   layout->addLayout(buttons);
@@ -173,7 +177,7 @@ void ReferenceDialog::Choose(const std::string& text) {
 
 void ReferenceDialog::ShowChosen() {
   ok_->setEnabled(chosen_ != nullptr);
-  details_->setText(chosen_ ? ToQt(Details(chosen_)) : QStringLiteral("No reference is chosen."));
+  details_->setText(chosen_ ? ToQt(Details(chosen_)) : Translated("No reference is chosen."));
 }
 
 SpatialReferenceRef WindowReferenceDialog::DoModalCreate(std::int32_t) {

@@ -12,4 +12,9 @@ namespace tessarine {
 /// Fills the document, in place of what it holds. Sizes are points, multiplied by `scale`.
 void FillDocument(QTextDocument& document, const RichText& text, const QString& font_family, double scale);
 
+enum class AppendedTo { LastLine, NewLine };
+/// Puts text behind what the document holds, in time of the text's length alone.
+void AppendToDocument(QTextDocument& document, const RichText& text, AppendedTo place, const QString& font_family,
+                      double scale);
+
 }  // namespace tessarine

@@ -2,11 +2,13 @@
 // Boxes of rich text.
 #include <QFontInfo>
 #include <QTextEdit>
+#include <string_view>
 
 #include "hosts/windows/control_view.h"
 #include "hosts/windows/form_window.h"
 #include "hosts/windows/qt_text.h"
 #include "hosts/windows/rich_document.h"
+#include "hosts/windows/translation.h"
 #include "platform/rich_text.h"
 
 namespace tessarine {
@@ -25,6 +27,20 @@ bool LiesOnABox(const RichTextBox& box) {
     }
   }
   return false;
+}
+
+// The runs of the suite's own texts; what a report tells is in none of the translations.
+RichText InLanguage(RichText text) {
+  for (RichParagraph& paragraph : text) {
+    for (RichRun& run : paragraph.runs) {
+      const QString whole = ToQt(run.text);
+      const QString translated = Translated(whole);
+      if (translated == whole) continue;
+      const bool blank_before = run.text.starts_with(' '), blank_after = run.text.ends_with(' ');
+      run.text = (blank_before ? " " : "") + FromQt(translated) + (blank_after ? " " : "");
+    }
+  }
+  return text;
 }
 
 class RichTextView final : public ControlView {
@@ -55,8 +71,10 @@ class RichTextView final : public ControlView {
     if (box_.TextRTF() != shown_rtf_ || font != shown_font_) {
       // The user's own typing stands already.
       if (box_.Locked || LinesToQt(box_.Text()) != Edit().toPlainText() || font != shown_font_) {
-        FillDocument(*Edit().document(), ReadRtf(box_.TextRTF()), font.family(),
-                     QFontInfo(font).pointSizeF() / kReportPoints);
+        const double scale = QFontInfo(font).pointSizeF() / kReportPoints;
+        if (font != shown_font_ || !AppendWhatIsNew(scale)) {
+          FillDocument(*Edit().document(), InLanguage(ReadRtf(box_.TextRTF())), font.family(), scale);
+        }
       }
       shown_rtf_ = box_.TextRTF();
       shown_font_ = font;
@@ -68,6 +86,23 @@ class RichTextView final : public ControlView {
     cursor.setPosition(IndexOfCharacter(Edit().toPlainText(), start_));
     Edit().setTextCursor(cursor);
     Edit().ensureCursorVisible();
+  }
+
+  // A log grows line by line: what stands is left alone. False where the text isn't the shown one with more behind it.
+  bool AppendWhatIsNew(double scale) {
+    static const std::string head = [] {
+      std::string rtf = PlainTextToRtf("");
+      rtf.pop_back();
+      return rtf;
+    }();
+    const std::string& rtf = box_.TextRTF();
+    if (!shown_rtf_.starts_with(head) || !rtf.starts_with(head)) return false;
+    const std::string_view shown(shown_rtf_.data(), shown_rtf_.size() - 1);  // without the end of the group
+    if (shown.size() == head.size() || !rtf.starts_with(shown)) return false;
+    const AppendedTo place = shown.ends_with("\\par\r\n") ? AppendedTo::NewLine : AppendedTo::LastLine;
+    AppendToDocument(*Edit().document(), ReadRtf(head + rtf.substr(shown.size())), place, Window().font().family(),
+                     scale);
+    return true;
   }
 
   RichTextBox& box_;

@@ -12,7 +12,9 @@
 #include "hosts/windows/control_view.h"
 #include "hosts/windows/form_window.h"
 #include "hosts/windows/key_filter.h"
+#include "hosts/windows/mnemonics.h"
 #include "hosts/windows/qt_text.h"
+#include "hosts/windows/translation.h"
 #include "platform/paths.h"
 
 namespace tessarine {
@@ -60,9 +62,9 @@ class LabelView final : public ControlView {
     if (font != Text().font()) Text().setFont(font);
     if (label_.Click) Text().setCursor(Qt::PointingHandCursor);
     Text().right_aligned = label_.RightAligned;
-    const QString caption = LinesToQt(label_.Caption());
+    const QString caption = Window().CaptionOf(label_);
     if (caption != Text().text()) Text().setText(caption);
-    const QString whole = QString(caption).remove(QLatin1Char('&'));
+    const QString whole = WithoutMnemonic(caption).replace(QStringLiteral("&&"), QStringLiteral("&"));
     if (label_.ToolTipText().empty() && Text().fontMetrics().horizontalAdvance(whole) > Text().width()) {
       Text().setToolTip(whole);
     }
@@ -176,7 +178,7 @@ class TextView final : public ControlView {
     Edit().setCursorWidth(box_.Locked ? 0 : 1);
     Edit().setTextInteractionFlags(box_.Locked ? Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard
                                                : Qt::TextInteractionFlags(Qt::TextEditorInteraction));
-    const QString text = LinesToQt(box_.Text());
+    const QString text = box_.Locked ? Translated(LinesToQt(box_.Text())) : LinesToQt(box_.Text());
     if (text != Edit().toPlainText()) Edit().setPlainText(text);
   }
 

@@ -3,9 +3,11 @@
 
 #include <QApplication>
 #include <QEventLoop>
+#include <QMainWindow>
 #include <QScreen>
 #include <algorithm>
 
+#include "hosts/windows/manual_window.h"
 #include "hosts/windows/pointer.h"
 
 namespace tessarine {
@@ -62,11 +64,19 @@ void WindowForms::ShowModal(Form& form) {
   window.setWindowModality(Qt::ApplicationModal);
   QEventLoop loop;
   window.OnConcealed = [&loop] { loop.quit(); };
+  OfferHelp(window);
   modal_.push_back(&window);
   window.Open();
   if (OnOpened) OnOpened(window);
   if (!window.Concealed()) loop.exec(QEventLoop::DialogExec);
   std::erase(modal_, &window);
+}
+
+void WindowForms::OfferHelp(FormWindow& window) const {
+  if (manual_folder_.isEmpty()) return;
+  window.OnHelp = [folder = manual_folder_, &window] {
+    ShowManual(folder, ChapterOf(window.ShownForm().Name(), window.ShownForm().Caption()), window);
+  };
 }
 
 void WindowForms::ShowModeless(Form& form) { OpenModeless(form, nullptr); }
@@ -86,6 +96,7 @@ void WindowForms::OpenModeless(Form& form, const std::string* caption) {
     modeless_.push_back({kept, &form, std::make_unique<FormWindow>(form, DialogParent(), room_)});
     window = modeless_.back().window.get();
     window->OnConcealed = [this, window] { Retire(*window); };
+    OfferHelp(*window);
     if (caption != nullptr) window->SetCaption(*caption);
     window->Open();
     if (OnOpened) OnOpened(*window);
@@ -121,8 +132,11 @@ FormWindow* WindowForms::WindowOf(const Form& form) const {
 }
 
 QWidget* WindowForms::DialogParent() const {
-  QWidget* modal = QApplication::activeModalWidget();
-  return modal != nullptr ? modal : main_window_.data();
+  if (QWidget* modal = QApplication::activeModalWidget()) return modal;
+  // A window beside the main one, as a page layout has, would vanish behind a dialog of the main one.
+  QWidget* active = QApplication::activeWindow();
+  const bool of_program = main_window_ && qobject_cast<QMainWindow*>(active) != nullptr;
+  return of_program ? active : main_window_.data();
 }
 
 QSize WindowForms::ScreenSize() const {

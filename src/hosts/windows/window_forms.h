@@ -30,13 +30,15 @@ class WindowForms final : public IFormHost {
 
   /// A frame around a form, in which the form shows.
   [[nodiscard]] std::shared_ptr<IModelessFrame> CreateFrame();
-  /// What a new dialog stands over: the dialog that is open, else the host's window.
+  /// What a new dialog stands over: the dialog that is open, else the window of the program that the user works in.
   [[nodiscard]] QWidget* DialogParent() const;
   /// The open window of a form; nothing when there is none.
   [[nodiscard]] FormWindow* WindowOf(const Form& form) const;
 
   /// Lets windows grow to this size whatever the screen is, as for pictures of them.
   void SetRoom(QSize room) { room_ = room; }
+  /// Help of the forms opens the chapters in this folder, a native path; none where it is empty.
+  void SetManualFolder(QString folder) { manual_folder_ = std::move(folder); }
   /// Called with each window that opens.
   std::function<void(FormWindow&)> OnOpened;
 
@@ -53,9 +55,11 @@ class WindowForms final : public IFormHost {
   void OpenModeless(Form& form, const std::string* caption);
   void CloseModeless(const Form& form);
   void Retire(const FormWindow& window);
+  void OfferHelp(FormWindow& window) const;
 
   QPointer<QWidget> main_window_;
   QSize room_;
+  QString manual_folder_;
   QObject context_;  // what is planned dies with it
   std::vector<FormWindow*> modal_;
   std::vector<std::weak_ptr<Form>> known_;

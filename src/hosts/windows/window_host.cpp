@@ -21,11 +21,11 @@ namespace tessarine {
 /// Keeps input from windows that aren't the suite's.
 class WindowHost::InputGate final : public QObject {
  public:
-  /// Lets the event queue have its turn behind the gate.
+  /// Lets the event queue have its turn behind the gate. What it calls may do the same, and leaves the gate closed.
   void PumpGated() {
-    qApp->installEventFilter(this);
+    if (pumps_++ == 0) qApp->installEventFilter(this);
     QCoreApplication::processEvents();
-    qApp->removeEventFilter(this);
+    if (--pumps_ == 0) qApp->removeEventFilter(this);
   }
 
  protected:
@@ -63,6 +63,8 @@ class WindowHost::InputGate final : public QObject {
     }
     return false;
   }
+
+  int pumps_ = 0;
 };
 
 /// Collects the text and hands it to the host's error window.

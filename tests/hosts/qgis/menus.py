@@ -1,6 +1,7 @@
 # SPDX-License-Identifier: GPL-2.0-or-later
 """The menus are complete: what the suite defines, in its order, with separators, tips and pictures."""
 from program_steps import WINDOW, QMenu, action_of, iface
+from qgis.PyQt.QtWidgets import QToolButton
 from qgis.gui import QgsGui
 
 ITEMS = {
@@ -41,10 +42,20 @@ def scenario():
     assert bar is root
     toolbar = next(child for child in WINDOW.children() if child.objectName() == "Tessarine_ToolBar")
     assert toolbar.isVisible() and toolbar.windowTitle() == "Tessarine Tools"
+    letters = [letter_of(action.text()) for action in WINDOW.menuBar().actions()]
+    assert letters[names.index("Tessarine Tools")] is not None, letters
+    assert letters.count(letters[names.index("Tessarine Tools")]) == 1, letters
+    buttons = [button.text() for button in toolbar.findChildren(QToolButton) if button.menu() is root]
+    assert buttons == ["Tessarine Tools"], buttons  # Alt and the letter are for the menu alone
     # An opened menu asks each command; without a selected graphic there is nothing that is disabled for good.
     root.aboutToShow.emit()
     assert command_states(shapes) == {True}
     assert not iface.activeLayer()
+
+
+def letter_of(caption):
+    at = caption.replace("&&", "  ").find("&")
+    return caption[at + 1].lower() if at >= 0 else None
 
 
 def command_states(menu):

@@ -8,7 +8,11 @@
 #include <QLineEdit>
 #include <QListView>
 #include <QPushButton>
+#include <QTextBrowser>
 
+#include "helpers/temporary_folder.h"
+#include "hosts/windows/manual_window.h"
+#include "support/frmReport_modal.h"
 #include "tests/hosts/windows/windows_fixture.h"
 
 namespace tessarine {
@@ -254,6 +258,66 @@ TEST_F(FormWindowTest, DuringARunThePumpReachesTheSuitesWindowsAlone) {
   host.PumpEvents();
   EXPECT_EQ(foreign_clicks, 1);
   kept->Unload();
+}
+
+TEST_F(FormWindowTest, APumpWithinThePumpLeavesTheGateClosed) {
+  QPushButton foreign;
+  int foreign_clicks = 0, inner_pumps = 0;
+  QObject::connect(&foreign, &QPushButton::clicked, [&] { ++foreign_clicks; });
+  foreign.show();
+  const WindowHost::RunScope scope(host);
+  QTimer::singleShot(0, qApp, [&] {
+    ++inner_pumps;
+    host.PumpEvents();
+    // Comes up in what is left of the outer pump.
+    QTimer::singleShot(0, qApp, [&] { QTest::mouseClick(&foreign, Qt::LeftButton); });
+    QTest::mouseClick(&foreign, Qt::LeftButton);
+  });
+  for (int round = 0; round < 3; ++round) host.PumpEvents();
+  EXPECT_EQ(inner_pumps, 1);
+  EXPECT_EQ(foreign_clicks, 0);
+}
+
+TEST_F(FormWindowTest, TheCaretOfAnEditableListStaysWhereTheUserTypesOrPastes) {
+  Show(form, [&](FormWindow& window) {
+    auto& line = *Of<QComboBox>(window, "cbxKind").lineEdit();
+    line.setFocus();
+    QTest::keyClicks(&line, "depth");
+    line.setCursorPosition(2);
+    QTest::keyClicks(&line, "a");
+    window.Flush();
+    EXPECT_EQ(line.text(), "deapth");
+    EXPECT_EQ(line.cursorPosition(), 3);
+    QApplication::clipboard()->setText("xyz");
+    line.paste();
+    window.Flush();
+    EXPECT_EQ(line.text(), "deaxyzpth");
+    EXPECT_EQ(line.cursorPosition(), 6);
+  });
+}
+
+TEST_F(FormWindowTest, HelpOpensTheChapterOfTheForm) {
+  const testing::TemporaryFolder manual;
+  std::string lines;
+  for (int line = 0; line < 200; ++line) lines += "- line\n";
+  manual.Write("index.md", "# Contents\n\n[Runs](runs.md)\n");
+  manual.Write("runs.md", "# Runs\n\n" + std::string(4000, 'x') + "\n\n## The report\n\n" + lines);
+  host.FormWindows().SetManualFolder(ToQt(manual.Native()));
+  const auto manual_of = [](FormWindow& window) { return window.findChild<ManualWindow*>(); };
+  Show(form, [&](FormWindow& window) {
+    QTest::keyClick(window.WidgetOf("txtNumber"), Qt::Key_F1);
+    ASSERT_NE(manual_of(window), nullptr);
+    EXPECT_EQ(manual_of(window)->findChild<QTextBrowser*>()->toPlainText(), "Contents\nRuns");
+    QEvent question(QEvent::EnterWhatsThisMode);
+    QApplication::sendEvent(&window, &question);
+    EXPECT_EQ(window.findChildren<ManualWindow*>().size(), 1);
+  });
+  frmReport_modal report;
+  Show(report, [&](FormWindow& window) {
+    QTest::keyClick(window.WidgetOf("txtReport"), Qt::Key_F1);
+    ASSERT_NE(manual_of(window), nullptr);
+    EXPECT_EQ(manual_of(window)->FirstLine(), "The report");
+  });
 }
 
 TEST_F(FormWindowTest, ADecimalCommaIsAPointInANumberBox) {

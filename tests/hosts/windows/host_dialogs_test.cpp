@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QListView>
 #include <QListWidget>
+#include <QMainWindow>
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QPrinter>
@@ -137,6 +138,39 @@ TEST_F(HostDialogsTest, FaultReportsCollectUntilTheUserClosesTheirWindow) {
   dialog->AppendErrorText("third");
   dialog->SetVisible(true);
   EXPECT_EQ(text->toPlainText(), "third");
+}
+
+TEST_F(HostDialogsTest, ADialogStandsOverTheWindowThatTheUserWorksIn) {
+  QMainWindow main, layout;
+  WindowForms forms(&main);
+  main.show();
+  layout.show();
+  for (QMainWindow* window : {&layout, &main}) {
+    window->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window));
+    EXPECT_EQ(forms.DialogParent(), window);
+  }
+  QDialog beside;  // of the program's own, that may go at any time
+  beside.show();
+  beside.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&beside));
+  EXPECT_EQ(forms.DialogParent(), &main);
+}
+
+TEST_F(HostDialogsTest, ANewPlacesNameBoxIsAsWideAsItsTitle) {
+  (void)Browsed(
+      [](QWidget& window) {
+        QTimer::singleShot(0, qApp, [] {
+          QWidget* box = QApplication::activeModalWidget();
+          ASSERT_EQ(box->objectName(), "NameDialog");
+          EXPECT_EQ(box->windowTitle(), "New Geodatabase");
+          EXPECT_GT(box->width(), box->fontMetrics().horizontalAdvance(box->windowTitle()) + 100);
+          box->close();
+        });
+        Click(window, "cmdNewGeodatabase");
+        window.close();
+      },
+      "");
 }
 
 TEST_F(HostDialogsTest, AReportIsCopiedAsRtfHtmlAndPlainText) {

@@ -4,16 +4,15 @@
 #include <map>
 
 #include "helpers/temporary_folder.h"
-#include "platform/text_formats.h"
+#include "hosts/windows/mnemonics.h"
 #include "tests/hosts/windows/windows_fixture.h"
 
 namespace tessarine {
 namespace {
 
-std::string MnemonicOf(const std::string& caption) {
-  const std::size_t at = caption.find('&');
-  const bool marked = at != std::string::npos && at + 1 < caption.size() && caption[at + 1] != ' ';
-  return marked ? LowerCase(caption.substr(at + 1, 1)) : "";
+std::string LetterOf(const FormWindow& window, const Control& control) {
+  const auto* captioned = dynamic_cast<const Captioned*>(&control);
+  return captioned != nullptr ? QString(MnemonicOf(window.CaptionOf(*captioned))).remove(QChar()).toStdString() : "";
 }
 
 bool CanTakeFocus(const FormWindow& window, const Control& control) {
@@ -26,14 +25,36 @@ std::vector<std::string> DoubleMnemonics(const FormWindow& window) {
   std::map<std::string, std::string> taken;
   std::vector<std::string> doubles;
   for (const Control* control : window.ShownForm().Controls()) {
-    const auto* captioned = dynamic_cast<const Captioned*>(control);
-    if (captioned == nullptr || !control->Visible()) continue;
-    const std::string key = MnemonicOf(captioned->Caption());
+    if (!control->Visible()) continue;
+    const std::string key = LetterOf(window, *control);
     if (key.empty()) continue;
     const auto [other, fresh] = taken.try_emplace(key, control->Name());
     if (!fresh) doubles.push_back(control->Name() + " and " + other->second + " share " + key);
   }
   return doubles;
+}
+
+// The boxes and lists that no letter leads to, neither that of their label nor that of the box or option right before
+// them, which names them. The second of two boxes in a row is reached from the first.
+std::vector<std::string> WithoutLetter(const FormWindow& window) {
+  std::vector<const Control*> controls;
+  for (const Control* control : window.ShownForm().Controls()) {
+    if (control->TabIndex() >= 0 && control->Visible()) controls.push_back(control);
+  }
+  std::ranges::stable_sort(controls, {}, &Control::TabIndex);
+  std::vector<std::string> without;
+  const Control* before = nullptr;
+  for (const Control* control : controls) {
+    const ControlView* view = window.ViewOf(*control);
+    const auto* text = dynamic_cast<const TextBox*>(control);
+    const bool read_only = (text != nullptr && text->Locked) || dynamic_cast<const RichTextBox*>(control) != nullptr;
+    if (view != nullptr && view->HoldsText() && !read_only && CanTakeFocus(window, *control)) {
+      const bool in_row = before != nullptr && window.ViewOf(*before)->HoldsText() && before->Top() == control->Top();
+      if (!in_row && (before == nullptr || LetterOf(window, *before).empty())) without.push_back(control->Name());
+    }
+    before = control;
+  }
+  return without;
 }
 
 // The controls that Tab comes by on one way around, from the first one on.
@@ -81,6 +102,7 @@ TEST(KeyboardTest, EveryFormIsWalkedByTabAndEndedByKeys) {
     ++forms;
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     EXPECT_THAT(DoubleMnemonics(window), ::testing::IsEmpty());
+    EXPECT_THAT(WithoutLetter(window), ::testing::IsEmpty());
     EXPECT_TRUE(HasButton(window.ShownForm(), &CommandButton::Cancel));
     // A run in progress has nothing to confirm.
     const bool progress = window.ShownForm().FindAs<Timer>("Timer1") != nullptr;

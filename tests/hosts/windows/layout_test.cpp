@@ -164,7 +164,7 @@ TEST(LayoutEyes, SeeWhatIsWrong) {
   window.Open();
   EXPECT_THAT(PaleTexts(window), ::testing::ElementsAre(::testing::StartsWith("chkAll")));
   EXPECT_THAT(Problems(window),
-              ::testing::UnorderedElementsAre("LogForm.chkAll cuts 'All of the fields of the layer'",
+              ::testing::UnorderedElementsAre("LogForm.chkAll cuts '&All of the fields of the layer'",
                                               "LogForm.cmdCancel reaches out", "LogForm.txtNumber lies on lblNumber"));
 }
 
@@ -210,35 +210,17 @@ TEST_P(LayoutTest, ShowsAllTextsWithoutOverlap) {
 INSTANTIATE_TEST_SUITE_P(Sizes, LayoutTest,
                          ::testing::Values(NamedDrawing{"Normal", {}}, NamedDrawing{"Scale200", {.scale = 2.0}},
                                            NamedDrawing{"LargeFont", {.points = 17}},
-                                           NamedDrawing{"Dark", {.dark = true}}),
+                                           NamedDrawing{"Dark", {.dark = true}},
+                                           NamedDrawing{"German", {.german = true}}),
                          [](const auto& drawing) { return std::string(drawing.param.name); });
 
-// A theme of the map program as it applies it: a style sheet whose colours have names.
-QString StyleSheetOf(const QDir& theme) {
-  const auto read = [&](const char* name) {
-    QFile file(theme.filePath(QLatin1String(name)));
-    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
-  };
-  QString style = read("style.qss");
-  std::map<QString, QString, std::greater<>> colors = {{QStringLiteral("@theme_path"), theme.path()}};
-  for (const QString& line : read("variables.qss").split(QLatin1Char('\n'))) {
-    const int colon = line.indexOf(QLatin1Char(':'));
-    if (line.startsWith(QLatin1Char('@')) && colon > 0) {
-      colors[line.left(colon).trimmed()] = line.mid(colon + 1).remove(QLatin1Char(';')).trimmed();
-    }
-  }
-  for (const auto& [name, color] : colors) style.replace(name, color);
-  return style;
-}
-
-// From the greatest name on, so that none is taken for the beginning of a longer one.
 TEST(ThemeTest, TextsCanBeReadInTheThemesOfTheMapProgram) {
   const QDir themes(QStringLiteral("/usr/share/qgis/resources/themes"));
   const QStringList names = themes.entryList(QDir::Dirs | QDir::NoDotAndDotDot);
   if (names.isEmpty()) GTEST_SKIP() << "The map program isn't installed.";
   for (const QString& theme : names) {
     const testing::QtSession qt;
-    const QString style = StyleSheetOf(QDir(themes.filePath(theme)));
+    const QString style = testing::StyleSheetOf(QDir(themes.filePath(theme)));
     ASSERT_FALSE(style.isEmpty());
     qApp->setStyleSheet(style);
     const testing::TemporaryFolder folder;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QApplication>
+#include <QDir>
 #include <filesystem>
 #include <functional>
 #include <memory>
@@ -14,11 +15,12 @@
 
 namespace tessarine::testing {
 
-/// How a session's windows are drawn: the scale (2 for 200 percent), the size of the font and the theme.
+/// How a session's windows are drawn: the scale (2 for 200 percent), the size of the font, the theme and the language.
 struct Drawing {
   double scale = 1.0;
   int points = 9;
   bool dark = false;
+  bool german = false;
 };
 
 /// Qt without a screen. One at a time.
@@ -37,6 +39,9 @@ class QtSession {
   char* arguments_[2] = {program_.data(), nullptr};
   std::unique_ptr<QApplication> application_;
 };
+
+/// A theme of the map program as it applies it: a style sheet whose colours have names. Empty where there is none.
+[[nodiscard]] QString StyleSheetOf(const QDir& theme);
 
 /// A host of windows without layers of its own.
 class SampleHost final : public WindowHost {

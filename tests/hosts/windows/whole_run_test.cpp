@@ -111,6 +111,32 @@ TEST_F(WholeRunTest, TheProgressWindowStopsTheRunAndShowsOrHidesItsLog) {
   EXPECT_FALSE(form->Frame()->Visible());
 }
 
+TEST_F(WholeRunTest, TheLogGrowsAtItsEndAlone) {
+  const auto form = OpenProgress(1000);
+  FormWindow& window = *host.FormWindows().WindowOf(*form);
+  form->txtDetails.SetText("Began\r\n----\r\n");
+  form->Refresh();
+  auto& log = *qobject_cast<QTextEdit*>(window.WidgetOf("txtDetails"));
+  std::vector<std::pair<int, int>> changes;  // where, and how many characters went
+  QObject::connect(log.document(), &QTextDocument::contentsChange, &log,
+                   [&](int from, int removed, int) { changes.emplace_back(from, removed); });
+  const auto added_at_end = [&](const char* text, const char* shown) {
+    changes.clear();
+    const int length = log.toPlainText().size();
+    form->AppendDetails(text);
+    form->Refresh();
+    EXPECT_EQ(log.toPlainText().toStdString(), shown);
+    for (const auto& [from, removed] : changes) EXPECT_TRUE(from >= length && removed <= 1) << from << ", " << removed;
+  };
+  added_at_end("Feature 1...\r\n   {half", "Began\n----\nFeature 1...\n   {half");
+  added_at_end("way}\r\n", "Began\n----\nFeature 1...\n   {halfway}");
+  added_at_end("\r\nL\xC3\xA4nge\r\n", "Began\n----\nFeature 1...\n   {halfway}\n\nL\xC3\xA4nge");
+  form->txtDetails.SetText("Anew");
+  form->Refresh();
+  EXPECT_EQ(log.toPlainText(), "Anew");
+  form->Unload();
+}
+
 TEST_F(WholeRunTest, ClosingTheProgressWindowByItsTitleBarStopsTheRun) {
   const auto application = std::make_shared<testing::FakeApplication>();
   application->extension = std::make_shared<clsExtension>();

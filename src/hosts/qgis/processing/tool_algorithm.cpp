@@ -14,6 +14,7 @@
 #include "hosts/qgis/processing/tool_run.h"
 #include "hosts/windows/pictures.h"
 #include "hosts/windows/qt_text.h"
+#include "hosts/windows/translation.h"
 #include "platform/application.h"
 #include "platform/paths.h"
 #include "platform/run_stop.h"
@@ -39,21 +40,25 @@ auto AsProgramErrors(Work&& work) {
   }
 }
 
-QString Sentence(std::string_view text) { return ToQt(text) + (text.ends_with('.') ? "" : "."); }
+QString Sentence(std::string_view text) {
+  const QString shown = Translated(text);
+  return shown + (shown.endsWith(QLatin1Char('.')) ? "" : ".");
+}
 
 }  // namespace
 
 QString ToolAlgorithm::name() const { return ToQt(Spec().name); }
 
-QString ToolAlgorithm::displayName() const { return ToQt(Spec().title); }
+QString ToolAlgorithm::displayName() const { return Translated(Spec().title); }
 
 QString ToolAlgorithm::shortDescription() const { return Sentence(Spec().text); }
 
 QString ToolAlgorithm::shortHelpString() const {
   const ToolSpec& spec = Spec();
-  QString help = Sentence(spec.text) + QStringLiteral("\n\nTakes ") + Sentence(spec.takes) + QStringLiteral("\n\n") +
-                 Sentence(spec.makes);
-  if (spec.Find("output") == nullptr) help += QStringLiteral(" Here that is a copy; the layer stays as it is.");
+  QString help = Sentence(spec.text) + QStringLiteral("\n\n") + Translated("Takes") + QLatin1Char(' ') +
+                 Sentence(spec.takes) + QStringLiteral("\n\n") + Sentence(spec.makes);
+  if (spec.Find("output") == nullptr)
+    help += QLatin1Char(' ') + Translated("Here that is a copy; the layer stays as it is.");
   for (const QgsProcessingParameterDefinition* parameter : parameterDefinitions()) {
     if (!parameter->help().isEmpty()) help += "\n\n" + parameter->description() + ": " + parameter->help();
   }
@@ -76,7 +81,7 @@ void ToolAlgorithm::initAlgorithm(const QVariantMap&) {
   const ThreadHostScope scope(host);
   for (auto& definition : DefinitionsOf(Spec())) addParameter(definition.release());  // the algorithm owns it
   for (const CountOutput& count : {kRead, kWritten, kFailed}) {
-    addOutput(new QgsProcessingOutputNumber(QLatin1String(count.name), QLatin1String(count.text)));
+    addOutput(new QgsProcessingOutputNumber(QLatin1String(count.name), Translated(count.text)));
   }
 }
 

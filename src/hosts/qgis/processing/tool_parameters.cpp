@@ -6,6 +6,7 @@
 
 #include "hosts/document/component_loader.h"
 #include "hosts/windows/qt_text.h"
+#include "hosts/windows/translation.h"
 #include "platform/measure_catalog.h"
 #include "platform/spheroid_catalog.h"
 #include "platform/text_formats.h"
@@ -66,11 +67,13 @@ QList<int> TypesOf(const std::vector<esriGeometryType>& shapes) {
 
 QString HelpOf(const ToolParameter& parameter) {
   if (parameter.kind == ParameterKind::Measures) {
-    return QStringLiteral("The measures to calculate; a layer has those of its shapes and its kind of reference.");
+    return Translated("The measures to calculate; a layer has those of its shapes and its kind of reference.");
   }
-  QString help = ToQt(parameter.text);
-  if (!parameter.unit.empty()) help += QStringLiteral(", in ") + ToQt(parameter.unit);
-  if (!parameter.otherwise.empty()) help += QStringLiteral("; otherwise ") + ToQt(parameter.otherwise);
+  QString help = Translated(parameter.text);
+  if (!parameter.unit.empty()) help += QStringLiteral(", ") + Translated("in %1").arg(Translated(parameter.unit));
+  if (!parameter.otherwise.empty()) {
+    help += QStringLiteral("; ") + Translated("otherwise %1").arg(Translated(parameter.otherwise));
+  }
   return help + QLatin1Char('.');
 }
 
@@ -102,8 +105,9 @@ std::unique_ptr<QgsProcessingParameterDefinition> DefinitionOf(const ToolSpec& s
     case ParameterKind::Flag:
       return std::make_unique<QgsProcessingParameterBoolean>(name, label, false, optional);
     case ParameterKind::Box:
-      return std::make_unique<QgsProcessingParameterString>(name, label + QStringLiteral(" (west,south,east,north)"),
-                                                            QVariant(), false, optional);
+      return std::make_unique<QgsProcessingParameterString>(
+          name, label + QStringLiteral(" (") + Translated("west,south,east,north") + QLatin1Char(')'), QVariant(),
+          false, optional);
     case ParameterKind::Spheroid:
       return std::make_unique<QgsProcessingParameterEnum>(name, label, NamesOfSpheroids(), false,
                                                           QLatin1String(kAsTheData), optional, true);
@@ -119,10 +123,10 @@ std::unique_ptr<QgsProcessingParameterDefinition> DefinitionOf(const ToolSpec& s
 // A text, since a box for numbers would round them.
 std::unique_ptr<QgsProcessingParameterDefinition> RadiiBeside() {
   auto radii = std::make_unique<QgsProcessingParameterString>(
-      QLatin1String(kRadii), QStringLiteral("Radii of another spheroid (semi-major,semi-minor, metres)"), QVariant(),
-      false, true);
+      QLatin1String(kRadii), Translated("Radii of another spheroid (semi-major,semi-minor, metres)"), QVariant(), false,
+      true);
   radii->setFlags(radii->flags() | QgsProcessingParameterDefinition::FlagAdvanced);
-  radii->setHelp(QStringLiteral("Compute on a spheroid of these radii in metres, as 3396190,3376200."));
+  radii->setHelp(Translated("Compute on a spheroid of these radii in metres, as 3396190,3376200."));
   return radii;
 }
 
@@ -257,9 +261,10 @@ QString NameOf(const ToolParameter& parameter) {
 QString LabelOf(const ToolParameter& parameter) {
   QString label = ToQt(parameter.name).replace(QLatin1Char('-'), QLatin1Char(' '));
   label[0] = label.at(0).toUpper();
+  label = Translated(label);
   const bool short_unit = !parameter.unit.empty() && parameter.unit.find(' ') == std::string_view::npos;
   return short_unit && parameter.kind == ParameterKind::Number
-             ? label + QStringLiteral(" (%1)").arg(ToQt(parameter.unit))
+             ? label + QStringLiteral(" (%1)").arg(Translated(parameter.unit))
              : label;
 }
 
@@ -272,7 +277,8 @@ Definitions DefinitionsOf(const ToolSpec& spec) {
     definitions.push_back(std::move(definition));
     if (parameter.kind == ParameterKind::Spheroid) definitions.push_back(RadiiBeside());
   }
-  definitions.push_back(std::make_unique<QgsProcessingParameterFeatureSink>(QLatin1String(kOutput), ToQt(spec.title)));
+  definitions.push_back(
+      std::make_unique<QgsProcessingParameterFeatureSink>(QLatin1String(kOutput), Translated(spec.title)));
   return definitions;
 }
 

@@ -1,0 +1,126 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// The suite in German: no text of a form, a menu or the toolbox is left out, and forms hold the texts.
+#include "hosts/windows/translation.h"
+
+#include <QLineEdit>
+#include <algorithm>
+#include <set>
+
+#include "frame/commands/command_table.h"
+#include "helpers/temporary_folder.h"
+#include "hosts/document/component_loader.h"
+#include "platform/measure_catalog.h"
+#include "platform/rich_text.h"
+#include "tests/hosts/windows/windows_fixture.h"
+#include "tools/tool.h"
+
+namespace tessarine {
+namespace {
+
+using ::testing::IsEmpty;
+
+const QLocale kGerman(QLocale::German);
+
+/// Texts that have no translation, each once.
+class Missing {
+ public:
+  void Look(std::string_view text) {
+    if (!HasTranslation(LinesToQt(text))) texts_.emplace(text);
+  }
+  [[nodiscard]] const std::set<std::string>& Texts() const { return texts_; }
+
+ private:
+  std::set<std::string> texts_;
+};
+
+// Names of references and times of day stand in the captions of these.
+bool ShowsData(const Control& control) { return control.Name() == "lblSpRef" || control.Name() == "lblCurrentTime"; }
+
+void LookAt(const Form& form, Missing& missing) {
+  missing.Look(form.Caption());
+  for (const Control* control : form.Controls()) {
+    missing.Look(control->ToolTipText());
+    if (const auto* captioned = dynamic_cast<const Captioned*>(control); captioned != nullptr && !ShowsData(*control)) {
+      missing.Look(captioned->Caption());
+    }
+    if (const auto* poles = control->Name() == "cboPole" ? dynamic_cast<const ComboBox*>(control) : nullptr) {
+      for (std::int32_t line = 0; line < poles->ListCount(); ++line) missing.Look(poles->List(line));
+    }
+    const auto* box = dynamic_cast<const TextBox*>(control);
+    if (box != nullptr && box->Locked) missing.Look(box->Text());
+    const auto* rich = dynamic_cast<const RichTextBox*>(control);
+    if (rich == nullptr || rich->Name() == "txtReport" || rich->Name() == "txtDetails") continue;
+    for (const RichParagraph& paragraph : ReadRtf(rich->TextRTF())) {
+      for (const RichRun& run : paragraph.runs) missing.Look(run.text);
+    }
+  }
+}
+
+class TranslationTest : public ::testing::Test {
+ protected:
+  TranslationTest() {
+    if (!UseLanguage(kGerman)) missing_language = true;
+  }
+  ~TranslationTest() override { UseLanguage(QLocale::c()); }
+
+  testing::QtSession qt;
+  bool missing_language = false;
+  Missing missing;
+};
+
+TEST_F(TranslationTest, TextsAreTakenWholeOrByTheirPattern) {
+  if (missing_language) GTEST_SKIP() << "Built without lrelease.";
+  EXPECT_EQ(Translated("Cancel"), "Abbrechen");
+  EXPECT_EQ(Translated(" Current Status:"), "Stand:");
+  EXPECT_EQ(Translated("Load 'Mars & Moons' Parameters"), "Werte von 'Mars & Moons' laden");
+  EXPECT_EQ(Translated("Polygon Feature Class:  Geographic Coordinate System"), "Polygone, geographische Koordinaten");
+  EXPECT_EQ(Translated("rivers_2024"), "rivers_2024");
+  EXPECT_EQ(Translated("--- 12 ---"), "--- 12 ---");
+  EXPECT_FALSE(HasTranslation("rivers_2024"));
+  EXPECT_FALSE(UseLanguage(QLocale(QLocale::Swahili)));
+  EXPECT_EQ(Translated("Cancel"), "Cancel");
+}
+
+TEST_F(TranslationTest, NoFormHasATextWithoutOne) {
+  if (missing_language) GTEST_SKIP() << "Built without lrelease.";
+  const testing::TemporaryFolder folder;
+  testing::SampleHost host;
+  std::set<std::string> outside;
+  VisitForms(host, folder.Native(), [&](const std::string& name, FormWindow& window) {
+    if (name != "frmMessageBox") LookAt(window.ShownForm(), missing);
+    EXPECT_NE(window.Title().toStdString(), window.ShownForm().Caption()) << name;
+  });
+  EXPECT_THAT(missing.Texts(), IsEmpty());
+}
+
+TEST_F(TranslationTest, NoMeasureCommandOrToolIsWithoutOne) {
+  if (missing_language) GTEST_SKIP() << "Built without lrelease.";
+  for (const std::string& caption :
+       CreateComponentAs<IMeasureCatalog>("Tessarine.clsMeasureCatalog", "IMeasureCatalog")->Captions()) {
+    missing.Look(caption);
+  }
+  for (const CommandRow& row : AllCommands()) {
+    for (const char* text : {row.texts.caption, row.texts.tooltip, row.texts.message}) missing.Look(text);
+  }
+  missing.Look(CreateComponentAs<IToolBarDef>("Tessarine.clsToolBar", "IToolBarDef")->Caption());
+  for (const char* id : {"clsMenu", "clsShapeSubMenu", "clsGeodesicSubMenu", "clsGraphicsSubMenu"}) {
+    const auto menu = CreateComponentAs<IMenuDef>(std::string("Tessarine.") + id, "IMenuDef");
+    missing.Look(menu->Caption());
+  }
+  for (const Tool* tool : AllTools()) {
+    const ToolSpec& spec = tool->Spec();
+    for (const std::string_view text : {spec.title, spec.text, spec.takes, spec.makes}) missing.Look(text);
+    for (const ToolParameter& parameter : spec.parameters) {
+      std::string label(parameter.name);
+      std::ranges::replace(label, '-', ' ');
+      label[0] = static_cast<char>(std::toupper(static_cast<unsigned char>(label[0])));
+      if (parameter.kind != ParameterKind::Output) missing.Look(label);
+      if (parameter.kind != ParameterKind::Measures) missing.Look(parameter.text);
+      for (const std::string_view text : {parameter.unit, parameter.otherwise}) missing.Look(text);
+    }
+  }
+  EXPECT_THAT(missing.Texts(), IsEmpty());
+}
+
+}  // namespace
+}  // namespace tessarine
