@@ -188,8 +188,7 @@ std::string RunLoop(RunContext& context, const char* routine, const std::shared_
   return TrapWith(
       routine,
       [&] {
-        const std::string problems =
-            loop.emplace(context, options, application, indexes, show_progress).Run(record_count);
+        std::string problems = loop.emplace(context, options, application, indexes, show_progress).Run(record_count);
         tell_faults();
         return problems;
       },

@@ -48,7 +48,7 @@ DbaseLayout ReadDbaseLayout(const RawFile& file) {
       column.decimals = static_cast<unsigned char>(described[at + kDbaseDecimalsAt]);
     } else {
       // Texts longer than 255 bytes have the rest of their width in the next byte.
-      column.width += 256U * static_cast<unsigned char>(described[at + kDbaseDecimalsAt]);
+      column.width += std::size_t{256} * static_cast<unsigned char>(described[at + kDbaseDecimalsAt]);
     }
     offset += column.width;
     layout.columns.push_back(std::move(column));

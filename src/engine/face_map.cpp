@@ -42,7 +42,7 @@ class FaceSearch {
     // A ray to the right crosses the rings around the place an odd number of times.
     edges_.Meeting({place.x, place.y, reach, place.y}, [&](std::uint32_t edge) {
       if (!IsCrossed(edge, place)) return;
-      for (const std::uint32_t ring : {ring_of_[2 * edge], ring_of_[2 * edge + 1]}) {
+      for (const std::uint32_t ring : {ring_of_[std::size_t{2} * edge], ring_of_[std::size_t{2} * edge + 1]}) {
         if (odd_[ring] != kNotAsked) odd_[ring] ^= 1;
       }
     });

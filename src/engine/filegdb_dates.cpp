@@ -29,7 +29,7 @@ double LatenessBefore1970() {
   made.reset(GDALDataset::Open(kProbe, GDAL_OF_VECTOR));
   const OGRFeatureUniquePtr read(written && made ? made->GetLayer(0)->GetNextFeature() : nullptr);
   int part = 0, zone = 0;
-  float second = static_cast<float>(kProbeSecond);
+  auto second = static_cast<float>(kProbeSecond);
   if (read) read->GetFieldAsDateTime(0, &part, &part, &part, &part, &part, &second, &zone);
   lateness = static_cast<double>(second) - kProbeSecond;
   made.reset();

@@ -149,17 +149,15 @@ void FileGdbEdit::MendIndexes(const std::string& base, const Changes& changes) {
       const std::string before = (fs::path(copy_.Target()) / FileName(file)).string();
       const bool stale = changes.columns.contains(index.Column());
       std::error_code error;
-      if (!type || type == GdbColumn::kOid || (fs::exists(file, error) && !stale)) {
-        kept.push_back(index);
-      } else if (!changes.rows && !stale && fs::exists(before, error)) {
+      const bool outdated = type && type != GdbColumn::kOid && (stale || !fs::exists(file, error));
+      if (outdated && !changes.rows && !stale && fs::exists(before, error)) {
         fs::copy_file(before, file, error);
-        kept.push_back(index);
-      } else if (spatial) {
-        kept.push_back(index);  // made by GDAL with the rows, where it makes one
-      } else {
+      } else if (outdated && !spatial) {  // GDAL makes a spatial one with the rows
         fs::remove(file, error);
         anew.push_back(index);
+        continue;
       }
+      kept.push_back(index);
     }
   }
   if (kept.size() != told.size()) WriteGdbIndexes(base, kept);
