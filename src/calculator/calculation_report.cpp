@@ -108,6 +108,13 @@ std::string CopySections(const RunJournal& notes, const std::string& layer_name)
 
 std::string NoCopyLine() { return "\\b Nothing of the copy is kept.\\b0\\par\r\n" + std::string(kRule); }
 
+std::string NoCopyReport(const RunJournal& journal, const std::string& layer_name) {
+  const std::string cause =
+      journal.stopped ? "The run was stopped while the records of " + layer_name + " were copied." : journal.failure;
+  return std::string(kReportHead) + "Geometry Calculation " + (journal.stopped ? "Stopped" : "Failed") +
+         ":\\par\r\n\\pard\\b0 " + EscapeRtf(cause) + "\\par\r\nNothing of the copy is kept.\\par\r\n}";
+}
+
 std::string PlannedCalculation(const CalculationFacts& facts, const std::string& new_fields,
                                const std::string& overwritten_fields) {
   const auto listed = [](const std::string& names) { return names.empty() ? std::string("none") : EscapeRtf(names); };

@@ -37,6 +37,8 @@ struct CalculationFacts {
 [[nodiscard]] std::string CopySections(const RunJournal& notes, const std::string& layer_name);
 /// That nothing of the copy is kept, since the run ended this way before it was whole.
 [[nodiscard]] std::string NoCopyLine();
+/// The same as a report, of a run that ended while the layer's records were copied.
+[[nodiscard]] std::string NoCopyReport(const RunJournal& journal, const std::string& layer_name);
 /// What stands in place of it before anything is written.
 [[nodiscard]] std::string PlannedCalculation(const CalculationFacts& facts, const std::string& new_fields,
                                              const std::string& overwritten_fields);

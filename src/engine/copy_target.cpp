@@ -5,7 +5,7 @@
 #include <deque>
 
 #include "engine/engine_fault.h"
-#include "engine/layer_copy.h"
+#include "outputs/layer_copy.h"
 #include "engine/personal_geodatabase_dataset.h"
 #include "engine/server_table.h"
 #include "outputs/way_out.h"

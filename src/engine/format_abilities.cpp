@@ -5,7 +5,7 @@
 
 #include "engine/copy_target.h"
 #include "engine/engine_fault.h"
-#include "engine/layer_copy.h"
+#include "outputs/layer_copy.h"
 #include "engine/ogr_class.h"
 #include "platform/text_formats.h"
 

@@ -14,7 +14,7 @@
 #include "engine/copy_target.h"
 #include "engine/data_source.h"
 #include "engine/engine_fault.h"
-#include "engine/layer_copy.h"
+#include "outputs/layer_copy.h"
 #include "engine/staged_class.h"
 #include "engine/workspace_common.h"
 #include "outputs/scratch_folder.h"

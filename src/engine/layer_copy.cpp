@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-#include "engine/layer_copy.h"
+#include "outputs/layer_copy.h"
 
 #include <algorithm>
 
@@ -8,6 +8,7 @@
 #include "engine/copy_classes.h"
 #include "engine/copy_rows.h"
 #include "engine/copy_target.h"
+#include "engine/data_source.h"
 #include "engine/geodatabase_class.h"
 #include "engine/kept_reference.h"
 #include "engine/personal_geodatabase_classes.h"
@@ -387,9 +388,18 @@ bool Stands(const OutputPlace& place) {
   return false;
 }
 
+bool CanBeCopied(const std::shared_ptr<IFeatureClass>& source) { return Is<OgrClass>(source); }
+
 LayerCopy MakeLayerCopy(const LayerCopyRequest& request) {
   const auto source = Cast<OgrClass>(request.source);
-  return Copier(request, Require(source, "IFeatureClass")).Make();
+  LayerCopy copy = Copier(request, Require(source, "IFeatureClass")).Make();
+  if (request.selected.empty()) return copy;
+  std::vector<std::int64_t> selected;
+  for (const auto& [own, oid] : copy.oids) {
+    if (std::ranges::binary_search(request.selected, own)) selected.push_back(oid);
+  }
+  copy.selection = SelectByOids(copy.output, request.plan_only ? request.selected : std::move(selected));
+  return copy;
 }
 
 }  // namespace tessarine

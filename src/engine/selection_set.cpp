@@ -5,6 +5,7 @@
 #include "engine/data_source.h"
 #include "engine/engine_fault.h"
 #include "engine/ogr_class.h"
+#include "outputs/layer_copy.h"
 #include "platform/run_stop.h"
 
 namespace tessarine {
@@ -77,6 +78,7 @@ class SelectionSet final : public ISelectionSet2 {
       : features_(std::move(features)), oids_(std::make_shared<const std::vector<std::int64_t>>(std::move(oids))) {}
 
   [[nodiscard]] std::int32_t Count() const override { return static_cast<std::int32_t>(oids_->size()); }
+  [[nodiscard]] const std::vector<std::int64_t>& Oids() const { return *oids_; }
 
   [[nodiscard]] std::shared_ptr<ICursor> Search(const QueryFilter* filter, bool recycling) override {
     const bool few = static_cast<double>(oids_->size()) < kFetchShare * features_->FeatureCount(nullptr);
@@ -105,6 +107,15 @@ bool HasRow(IFeatureClass& features, std::int64_t oid) {
 }
 
 }  // namespace
+
+std::vector<std::int64_t> OidsOf(ISelectionSet& selection) {
+  if (const auto* own = dynamic_cast<const SelectionSet*>(&selection)) return own->Oids();
+  std::vector<std::int64_t> oids;
+  const auto cursor = selection.Search(nullptr, true);
+  while (const auto row = cursor->NextRow()) oids.push_back(row->OID());
+  std::ranges::sort(oids);
+  return oids;
+}
 
 std::shared_ptr<ISelectionSet> SelectByWhere(const std::shared_ptr<IFeatureClass>& features, const std::string& where) {
   QueryFilter filter;

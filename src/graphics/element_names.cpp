@@ -6,6 +6,17 @@
 
 namespace tessarine {
 
+std::string CountedElements(std::int32_t count) {
+  return std::to_string(count) + (count == 1 ? " graphic element" : " graphic elements");
+}
+
+std::int32_t CountOf(IGraphicsContainer& container) {
+  std::int32_t count = 0;
+  container.Reset();
+  while (container.Next()) ++count;
+  return count;
+}
+
 bool MatchesPattern(std::string_view name, std::string_view pattern) {
   const std::u32string text = FoldedCharacters(name);
   const std::u32string wanted = FoldedCharacters(pattern);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// Names of graphic elements: compared without regard to case, counted, matched against patterns.
+// Graphic elements counted, and their names: compared without regard to case, counted, matched against patterns.
 #pragma once
 
 #include <cstdint>
@@ -8,7 +8,14 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/map.h"
+
 namespace tessarine {
+
+/// "1 graphic element", "2 graphic elements".
+[[nodiscard]] std::string CountedElements(std::int32_t count);
+/// How many there are; the walk begins anew.
+[[nodiscard]] std::int32_t CountOf(IGraphicsContainer& container);
 
 /// True when the whole name matches the pattern, whatever the case. "*" stands for any run of characters, "&" and "?"
 /// for one character; everything else stands for itself.

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "graphics/frmGraphicsShapefile.h"
 
+#include "graphics/graphics_run.h"
 #include "outputs/formats.h"
 #include "platform/host.h"
 #include "platform/text_formats.h"
 #include "platform/trap.h"
 #include "support/aml_func_mod.h"
+#include "support/frmReport_modal.h"
 #include "support/manual.h"
 
 namespace tessarine {
@@ -13,14 +15,7 @@ namespace {
 
 using namespace MyGeneralOperations;
 
-constexpr const char* kBaseName = "NewShape";
 constexpr std::int32_t kModeColor = 0xC2C2C2;
-constexpr const char* kLayoutLine = "Conversion Unavailable in Layout View...";
-constexpr const char* kNoGraphicsLine = "No graphics available...";
-
-bool IsKnown(const SpatialReferenceRef& reference) {
-  return reference && !Is<const UnknownCoordinateSystem>(reference);
-}
 
 }  // namespace
 
@@ -43,20 +38,16 @@ void frmGraphicsShapefile::Form_Load() {
     optNew.SetValue(true);
     optPolygon.SetValue(true);
     lbxGraphics.Clear();
-    if (Is<IPageLayout>(document_->ActiveView())) {
-      OfferNoConversion(kLayoutLine);
+    FillGraphicsArrays();
+    if (graphics_.harvest) {
+      OfferConversions();
     } else {
-      FillGraphicsArrays();
-      if (harvest_ && harvest_->all.Count() > 0) {
-        OfferConversions();
-      } else {
-        OfferNoConversion(kNoGraphicsLine);
-      }
+      OfferNoConversion(graphics_.why_none);
     }
     const SpatialReferenceRef map_reference = document_->FocusMap()->SpatialReference();
     reference_ = IsKnown(map_reference) ? map_reference : nullptr;
     ShowReference();
-    ShowOutput(ProposeOutput(*extension_, application_, kBaseName));
+    ShowOutput(ProposeOutput(*extension_, application_, kGraphicsOutput));
     optNew.SetBackColor(kModeColor);
     optConvert.SetBackColor(kModeColor);
     CheckEnable();
@@ -64,20 +55,20 @@ void frmGraphicsShapefile::Form_Load() {
 }
 
 void frmGraphicsShapefile::FillGraphicsArrays() {
-  Trap("FillGraphicsArrays", [this] { harvest_ = HarvestGraphics(*document_); });
+  graphics_ = {std::nullopt, kNoGraphics};
+  Trap("FillGraphicsArrays", [this] { graphics_ = GraphicsOf(*document_); });
 }
 
 void frmGraphicsShapefile::OfferConversions() {
   chkSelected.SetEnabled(true);
   optConvert.SetEnabled(true);
-  const bool any_selected = harvest_->selected.Count() > 0;
+  const bool any_selected = graphics_.harvest->selected.Count() > 0;
   chkSelected.SetValue(any_selected ? CheckBox::kChecked : CheckBox::kUnchecked);
   (any_selected ? optConvert : optNew).SetValue(true);
   FillGraphicsListBox();
 }
 
 void frmGraphicsShapefile::OfferNoConversion(const char* line) {
-  harvest_.reset();
   chkSelected.SetValue(CheckBox::kUnchecked);
   chkSelected.SetEnabled(false);
   optNew.SetValue(true);
@@ -90,9 +81,10 @@ void frmGraphicsShapefile::OfferNoConversion(const char* line) {
 void frmGraphicsShapefile::FillGraphicsListBox() {
   Trap("FillGraphicsListBox", [this] {
     // Without graphics the list says why there are none.
-    if (!harvest_) return;
+    if (!graphics_.harvest) return;
     lbxGraphics.Clear();
-    const std::shared_ptr<StrArray> lines = ChosenSet().ConversionLines();
+    const GraphicHarvest& harvest = *graphics_.harvest;
+    const std::shared_ptr<StrArray> lines = (SelectedOnly() ? harvest.selected : harvest.all).ConversionLines();
     for (const std::string& line : *lines) lbxGraphics.AddItem(line);
   });
 }
@@ -101,7 +93,7 @@ void frmGraphicsShapefile::CheckEnable() {
   Trap("CheckEnable", [this] {
     const bool any_shape = optPoint.Value() || optPolyline.Value() || optPolygon.Value();
     const bool ready =
-        (optNew.Value() && any_shape) || (optConvert.Value() && harvest_ && lbxGraphics.ListIndex() >= 0);
+        (optNew.Value() && any_shape) || (optConvert.Value() && graphics_.harvest && lbxGraphics.ListIndex() >= 0);
     Control* const shapes[] = {&frmNew, &optPoint, &optPolyline, &optPolygon};
     for (Control* control : shapes) control->SetEnabled(optNew.Value());
     lbxGraphics.SetEnabled(optConvert.Value());
@@ -138,11 +130,6 @@ OutputChoice frmGraphicsShapefile::TypedPlace() const {
     place.directory = WithoutTrailingSlash(aml_func_mod::ReturnDir(place.directory));
   }
   return place;
-}
-
-esriGeometryType frmGraphicsShapefile::ChosenGeometry() const {
-  if (optPoint.Value()) return esriGeometryPoint;
-  return optPolyline.Value() ? esriGeometryPolyline : esriGeometryPolygon;
 }
 
 void frmGraphicsShapefile::chkSelected_Click() {
@@ -188,6 +175,53 @@ void frmGraphicsShapefile::cmdGetWorkspace_Click() {
   });
 }
 
+Arguments frmGraphicsShapefile::Chosen() const {
+  Arguments arguments;
+  if (optConvert.Value()) {
+    const std::int32_t line = lbxGraphics.ListIndex();
+    const GraphicShape& shape = ShapeOfConversion(line);
+    arguments.Set("to", std::string(shape.word));
+    arguments.Set("both", line == shape.both_line);
+    arguments.Set(SelectedOnly() ? "selected" : "all", true);
+  } else {
+    const GraphicShape& shape = ShapeOfConversion(optPoint.Value() ? 0 : optPolyline.Value() ? 1 : 3);
+    arguments.Set("shapes", std::string(shape.word));
+  }
+  arguments.Set("reference", reference_);
+  const OutputChoice place = TypedPlace();
+  arguments.Set("output", ToolOutputOf(place, place.FullPath()));
+  return arguments;
+}
+
+std::optional<Objection> frmGraphicsShapefile::ObjectionToChoice() const {
+  if (!optConvert.Value()) return std::nullopt;
+  return ObjectionToSet(ConversionAt(lbxGraphics.ListIndex()), *graphics_.harvest, SelectedOnly());
+}
+
+void frmGraphicsShapefile::cmdOK_Click() {
+  Trap("cmdOK_Click", [this] {
+    const Arguments arguments = Chosen();
+    RememberOutput(TypedPlace(), *extension_);
+    if (const auto objection = ObjectionToChoice()) {
+      const MessageAnswer answer =
+          Host().MessageBox().Show(objection->text, objection->title, MessageButtons::OkCancel);
+      if (answer != MessageAnswer::Ok) Unload();
+      return;
+    }
+    RunContext context = HostContext();
+    const GraphicsWork work = Host().PlanOnly() ? GraphicsWork::Plan : GraphicsWork::Run;
+    const std::string text = optConvert.Value() ? ConvertGraphics(context, arguments, application_, work)
+                                                : MakeEmptyClass(context, arguments, application_, work);
+    if (!text.empty()) {
+      Hide();
+      frmReport_modal report;
+      report.txtReport.SetTextRTF(text);
+      report.ShowModal();
+    }
+    Unload();
+  });
+}
+
 void frmGraphicsShapefile::cmdCancel_Click() {
   Trap("cmdCancel_Click", [this] { Unload(); });
 }
@@ -205,8 +239,7 @@ void frmGraphicsShapefile::Form_Unload() {
   document_ = nullptr;
   extension_ = nullptr;
   reference_ = nullptr;
-  output_reference_ = nullptr;
-  harvest_.reset();
+  graphics_.harvest.reset();
 }
 
 }  // namespace tessarine

@@ -7,19 +7,17 @@
 #include <optional>
 #include <string>
 
-#include "graphics/graphic_harvest.h"
-#include "graphics/graphics_report.h"
+#include "graphics/graphics_tools.h"
 #include "platform/application.h"
 #include "platform/form.h"
 #include "session/clsExtension.h"
 #include "support/AnchorObjectList.h"
 #include "support/output_chooser.h"
-#include "support/output_datasets.h"
 
 namespace tessarine {
 
 /// Set up by `SetArcApplication`, then shown modally. The whole run happens behind OK: the class, the new layer and the
-/// report.
+/// report. The form stays open where the run ends in a fault.
 class frmGraphicsShapefile final : public Form {
  public:
   frmGraphicsShapefile();
@@ -49,15 +47,6 @@ class frmGraphicsShapefile final : public Form {
   void Form_Unload() override;
 
  private:
-  // How a press of OK went.
-  enum class Outcome { Done, NothingMade, GoBack };
-  struct Made {
-    MyGeneralOperations::OutputRequest request;
-    std::shared_ptr<IFeatureClass> feature_class;
-    std::shared_ptr<ISymbol> symbol;
-    GraphicsReport report;
-  };
-
   void chkSelected_Click();
   void lbxGraphics_Click();
   void Mode_Click();
@@ -81,26 +70,17 @@ class frmGraphicsShapefile final : public Form {
   void ShowOutput(const MyGeneralOperations::OutputChoice& choice);
   void CheckEnable();
 
-  [[nodiscard]] esriGeometryType ChosenGeometry() const;
   [[nodiscard]] bool SelectedOnly() const { return chkSelected.Value() == CheckBox::kChecked; }
-  [[nodiscard]] const GraphicSet& ChosenSet() const { return SelectedOnly() ? harvest_->selected : harvest_->all; }
   [[nodiscard]] MyGeneralOperations::OutputChoice TypedPlace() const;
-
-  Outcome MakeOutput(RunContext& context, Made& made);
-  Outcome MakeEmptyClass(RunContext& context, Made& made);
-  Outcome ConvertGraphics(RunContext& context, Made& made);
-  Outcome AskAboutMissing(const std::string& title, const std::string& text);
-  /// Creates the class of the report, or in a plan only says where it would be.
-  bool MakeClass(RunContext& context, esriGeometryType geometry_type, GraphicMeasure measure, bool names, Made& made);
-  void Plan(RunContext& context, Made& made) const;
-  void AddLayer(RunContext& context, const Made& made);
+  /// What the tools for conversions and for empty classes take.
+  [[nodiscard]] Arguments Chosen() const;
+  [[nodiscard]] std::optional<Objection> ObjectionToChoice() const;
 
   std::shared_ptr<IApplication> application_;
   std::shared_ptr<IMxDocument> document_;
   std::shared_ptr<clsExtension> extension_;
-  std::optional<GraphicHarvest> harvest_;
-  SpatialReferenceRef reference_;         // of the output
-  SpatialReferenceRef output_reference_;  // of the class that was made
+  GraphicsAtHand graphics_;
+  SpatialReferenceRef reference_;  // of the output
   MyGeneralOperations::OutputChoice output_;
   AnchorObjectList anchors_;
 };

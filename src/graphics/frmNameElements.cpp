@@ -1,23 +1,12 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "graphics/frmNameElements.h"
 
+#include "graphics/element_naming.h"
 #include "platform/host.h"
 #include "platform/trap.h"
 #include "support/manual.h"
 
 namespace tessarine {
-namespace {
-
-template <class Elements>
-void NameEach(Elements& elements, const std::string& name) {
-  elements.Reset();
-  while (const std::shared_ptr<IElement> element = elements.Next()) {
-    const auto properties = Cast<IElementProperties>(element);
-    Require(properties, "IElementProperties")->SetName(name);
-  }
-}
-
-}  // namespace
 
 frmNameElements::frmNameElements() : Form("frmNameElements") {
   SetCaption(" Name Graphic Elements:");
@@ -51,53 +40,28 @@ void frmNameElements::LayOut() {
   for (Control* control : order) control->SetTabIndex(tab_index++);
 }
 
-std::shared_ptr<IGraphicsContainer> frmNameElements::Container() const {
-  const auto container = Cast<IGraphicsContainer>(document_->FocusMap());
-  return Require(container, "IGraphicsContainer");
-}
-
-std::shared_ptr<IGraphicsContainerSelect> frmNameElements::Selection() const {
-  const auto selection = Cast<IGraphicsContainerSelect>(document_->FocusMap());
-  return Require(selection, "IGraphicsContainerSelect");
-}
-
 void frmNameElements::SetArcApplication(const std::shared_ptr<IApplication>& application) {
   Trap("ArcApplication", [&] {
     application_ = application;
     document_ = Cast<IMxDocument>(application_->Document());
-    selected_count_ = Selection()->ElementSelectionCount();
-    optSel.SetCaption("Name Selected Graphics (n = " + std::to_string(selected_count_) + ")");
-    const std::shared_ptr<IGraphicsContainer> container = Container();
-    all_count_ = 0;
-    container->Reset();
-    while (container->Next()) ++all_count_;
-    optAll.SetCaption("Name All Graphics (n = " + std::to_string(all_count_) + ")");
-    optSel.SetEnabled(selected_count_ > 0);
-    (selected_count_ > 0 ? optSel : optAll).SetValue(true);
+    const ElementCounts counts = CountElements(*document_);
+    optSel.SetCaption("Name Selected Graphics (n = " + std::to_string(counts.selected) + ")");
+    optAll.SetCaption("Name All Graphics (n = " + std::to_string(counts.all) + ")");
+    optSel.SetEnabled(counts.selected > 0);
+    (counts.selected > 0 ? optSel : optAll).SetValue(true);
   });
-}
-
-bool frmNameElements::ConfirmNoName() const {
-  const std::string target =
-      optAll.Value()
-          ? std::to_string(all_count_) +
-                " graphic elements will be\r\nassigned no name (i.e. they will be assigned the empty string for a "
-                "name)."
-          : std::to_string(selected_count_) +
-                " selected graphic elements will\r\nbe assigned no name (i.e. they will be assigned the empty string "
-                "for a name).";
-  return Host().MessageBox().Show("Your 'Name' value is an empty string, so your " + target +
-                                      "\r\nAny existing name will be removed.\r\n\r\nPlease click 'OK' to confirm this "
-                                      "action, or 'Cancel' to exit without making changes...",
-                                  "Confirm Action:", MessageButtons::OkCancel) == MessageAnswer::Ok;
 }
 
 void frmNameElements::cmdOK_Click() {
   Trap("cmdOK_Click", [this] {
-    const std::string name = txtName.Text();
-    if (name.empty() && !ConfirmNoName()) return;
-    if (optAll.Value()) NameEach(*Container(), name);
-    if (optSel.Value()) NameEach(*Selection()->SelectedElements(), name);
+    Arguments arguments;
+    arguments.Set("name", txtName.Text());
+    arguments.Set(optSel.Value() ? "selected" : "all", true);
+    if (const auto asked = ObjectionToNaming(arguments, *document_)) {
+      const MessageAnswer answer = Host().MessageBox().Show(asked->text, asked->title, MessageButtons::OkCancel);
+      if (answer != MessageAnswer::Ok) return;
+    }
+    NameElements(arguments, *document_);
     Unload();
   });
 }

@@ -37,13 +37,9 @@ class frmNameElements final : public Form {
   void cmdOK_Click();
   void cmdCancel_Click();
   void cmdManual_Click();
-  [[nodiscard]] bool ConfirmNoName() const;
-  [[nodiscard]] std::shared_ptr<IGraphicsContainer> Container() const;
-  [[nodiscard]] std::shared_ptr<IGraphicsContainerSelect> Selection() const;
 
   std::shared_ptr<IApplication> application_;
   std::shared_ptr<IMxDocument> document_;
-  std::int32_t selected_count_ = 0, all_count_ = 0;
   AnchorObjectList anchors_;
 };
 

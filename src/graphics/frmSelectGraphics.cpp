@@ -1,43 +1,17 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "graphics/frmSelectGraphics.h"
 
-#include "graphics/element_names.h"
-#include "platform/letter_case.h"
 #include "platform/trap.h"
 #include "support/QuickSort.h"
 #include "support/manual.h"
 
 namespace tessarine {
-namespace {
 
-constexpr std::int32_t kRepaintPhases = esriViewGeography | esriViewGraphics | esriViewGraphicSelection;
-
-template <class Kind>
-bool Fits(const std::shared_ptr<IElement>& element) {
-  return Is<Kind>(element);
-}
-
-std::string NameOf(const std::shared_ptr<IElement>& element) {
-  const auto properties = Cast<IElementProperties>(element);
-  return properties ? properties->Name() : "";
-}
-
-}  // namespace
-
-// The order of the rows decides: an element belongs to the first whose test it passes.
+// In the order of `ElementTypes`.
 frmSelectGraphics::frmSelectGraphics()
-    : Form("frmSelectGraphics"),
-      types_{TypeRow{chkPoints, "Points", Fits<IMarkerElement>, {}},
-             TypeRow{chkLines, "Lines", Fits<ILineElement>, {}},
-             TypeRow{chkPolygons, "Polygons", Fits<IPolygonElement>, {}},
-             TypeRow{chkRectangles, "Rectangles", Fits<IRectangleElement>, {}},
-             TypeRow{chkEllipses, "Ellipses", Fits<IEllipseElement>, {}},
-             TypeRow{chkCircles, "Circles", Fits<ICircleElement>, {}},
-             TypeRow{chkText, "Text", Fits<ITextElement>, {}},
-             TypeRow{chkPictures, "Pictures", Fits<IPictureElement>, {}},
-             TypeRow{chkData, "Data Graphs", Fits<IDataGraphElement>, {}},
-             TypeRow{chkGroup, "Group Elements", Fits<IGroupElement>, {}},
-             TypeRow{chkFrames, "Frames", Fits<IFrameElement>, {}}} {
+    : Form("frmSelectGraphics"), boxes_{&chkPoints,   &chkLines,   &chkPolygons, &chkRectangles,
+                                        &chkEllipses, &chkCircles, &chkText,     &chkPictures,
+                                        &chkData,     &chkGroup,   &chkFrames} {
   SetTexts();
   LayOut();
   cmdOK.Click = [this] { cmdOK_Click(); };
@@ -68,9 +42,9 @@ void frmSelectGraphics::LayOut() {
   SetMinimumSize(300, 196);
   lblInstructions.Move(7, 7, 130, 9);
   std::int32_t tab_index = 0;
-  for (const TypeRow& row : types_) {
-    row.box.Move(7, 20 + 13 * tab_index, 130, 11);
-    row.box.SetTabIndex(tab_index++);
+  for (CheckBox* box : boxes_) {
+    box->Move(7, 20 + 13 * tab_index, 130, 11);
+    box->SetTabIndex(tab_index++);
   }
   lblSelByName.Move(149, 7, 152, 9);
   lblSelFromList.Move(149, 20, 152, 9);
@@ -98,48 +72,24 @@ void frmSelectGraphics::SetArcApplication(const std::shared_ptr<IApplication>& a
   });
 }
 
-std::shared_ptr<IGraphicsContainer> frmSelectGraphics::Container() const {
-  const bool layout = Is<IPageLayout>(document_->ActiveView());
-  const auto container =
-      layout ? Cast<IGraphicsContainer>(document_->PageLayout()) : Cast<IGraphicsContainer>(document_->FocusMap());
-  return Require(container, "IGraphicsContainer");
-}
-
 void frmSelectGraphics::FillGraphicsOptions() {
   Trap("FillGraphicsOptions", [this] {
-    for (TypeRow& row : types_) row.elements.clear();
-    names_.clear();
-    names_of_lines_.clear();
-    const std::shared_ptr<IGraphicsContainer> container = Container();
-    container->Reset();
-    while (const std::shared_ptr<IElement> element = container->Next()) Sort(element);
-    ShowTypes();
-    ShowNames();
+    const ElementCensus census = TakeCensus(*document_);
+    ShowTypes(census);
+    ShowNames(census);
   });
 }
 
-void frmSelectGraphics::Sort(const std::shared_ptr<IElement>& element) {
-  if (const std::string name = NameOf(element); !name.empty()) {
-    NamedElements& entry = names_[FoldedCase(name)];
-    if (entry.elements.empty()) entry.name = name;
-    entry.elements.push_back(element);
-  }
-  for (TypeRow& row : types_) {
-    if (!row.fits(element)) continue;
-    row.elements.push_back(element);
-    return;
+void frmSelectGraphics::ShowTypes(const ElementCensus& census) {
+  for (std::size_t index = 0; index < boxes_.size(); ++index) {
+    const std::size_t count = census.of_types[index].size();
+    boxes_[index]->SetEnabled(count > 0);
+    boxes_[index]->SetCaption(std::string(ElementTypes()[index].caption) + " [" + std::to_string(count) + "]");
   }
 }
 
-void frmSelectGraphics::ShowTypes() {
-  for (const TypeRow& row : types_) {
-    row.box.SetEnabled(!row.elements.empty());
-    row.box.SetCaption(std::string(row.words) + " [" + std::to_string(row.elements.size()) + "]");
-  }
-}
-
-void frmSelectGraphics::ShowNames() {
-  const bool any = !names_.empty();
+void frmSelectGraphics::ShowNames(const ElementCensus& census) {
+  const bool any = !census.names.empty();
   Control* const of_names[] = {&lblSelByName,     &lblSelFromList, &lblTypeName, &lbxNamesActive,
                                &lbxNamesInactive, &txtName,        &lblWildcards};
   for (Control* control : of_names) control->SetEnabled(any);
@@ -148,59 +98,32 @@ void frmSelectGraphics::ShowNames() {
   lbxNamesActive.SetVisible(any);
   lbxNamesInactive.SetVisible(!any);
   std::vector<std::string> lines;
-  for (const auto& [key, entry] : names_) {
+  names_of_lines_.clear();
+  for (const auto& [key, entry] : census.names) {
     lines.push_back(entry.name + " [" + std::to_string(entry.elements.size()) + "]");
-    names_of_lines_[lines.back()] = key;
+    names_of_lines_[lines.back()] = entry.name;
   }
   QuickSort::StringsAscending(lines, 0, static_cast<std::int32_t>(lines.size()) - 1);
   for (const std::string& line : lines) lbxNamesActive.AddItem(line);
 }
 
-bool frmSelectGraphics::SelectTypes(IGraphicsContainerSelect& selection) const {
-  bool any = false;
-  for (const TypeRow& row : types_) {
-    if (row.box.Value() != CheckBox::kChecked) continue;
-    for (const auto& element : row.elements) selection.SelectElement(element), any = true;
+Arguments frmSelectGraphics::Chosen() const {
+  Arguments arguments;
+  for (std::size_t index = 0; index < boxes_.size(); ++index) {
+    if (boxes_[index]->Value() == CheckBox::kChecked) arguments.Set(ElementTypes()[index].word, true);
   }
-  return any;
-}
-
-bool frmSelectGraphics::SelectNames(IGraphicsContainerSelect& selection) const {
-  bool any = false;
+  std::vector<std::string> names;
   for (std::int32_t line = 0; line < lbxNamesActive.ListCount(); ++line) {
-    if (!lbxNamesActive.Selected(line)) continue;
-    const std::string& key = names_of_lines_.at(lbxNamesActive.List(line));
-    for (const auto& element : names_.at(key).elements) selection.SelectElement(element), any = true;
+    if (lbxNamesActive.Selected(line)) names.push_back(names_of_lines_.at(lbxNamesActive.List(line)));
   }
-  return any;
-}
-
-bool frmSelectGraphics::SelectPattern(IGraphicsContainer& container, IGraphicsContainerSelect& selection) const {
-  if (txtName.Text().empty()) return false;
-  bool any = false;
-  container.Reset();
-  while (const std::shared_ptr<IElement> element = container.Next()) {
-    if (selection.ElementSelected(element)) continue;
-    const std::string name = NameOf(element);
-    if (name.empty() || !MatchesPattern(name, txtName.Text())) continue;
-    selection.SelectElement(element);
-    any = true;
-  }
-  return any;
+  if (!names.empty()) arguments.Set("name", names);
+  if (!txtName.Text().empty()) arguments.Set("pattern", txtName.Text());
+  return arguments;
 }
 
 void frmSelectGraphics::cmdOK_Click() {
   Trap("cmdOK_Click", [this] {
-    const std::shared_ptr<IGraphicsContainer> container = Container();
-    const auto selection = Cast<IGraphicsContainerSelect>(container);
-    Require(selection, "IGraphicsContainerSelect");
-    bool any = SelectTypes(*selection);
-    any = SelectNames(*selection) || any;
-    any = SelectPattern(*container, *selection) || any;
-    if (any) {
-      document_->ActiveView()->PartialRefresh(kRepaintPhases, nullptr, nullptr);
-      Require(Cast<IDocumentDirty>(document_), "IDocumentDirty")->SetDirty();
-    }
+    SelectElements(Chosen(), document_);
     Unload();
   });
 }
@@ -238,8 +161,6 @@ void frmSelectGraphics::Form_Resize() {
 }
 
 void frmSelectGraphics::Form_Unload() {
-  for (TypeRow& row : types_) row.elements.clear();
-  names_.clear();
   application_ = nullptr;
   document_ = nullptr;
   extension_ = nullptr;

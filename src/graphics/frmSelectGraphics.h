@@ -6,8 +6,8 @@
 #include <map>
 #include <memory>
 #include <string>
-#include <vector>
 
+#include "graphics/element_selection.h"
 #include "platform/application.h"
 #include "platform/form.h"
 #include "session/clsExtension.h"
@@ -51,39 +51,22 @@ class frmSelectGraphics final : public Form {
   void Form_Unload() override;
 
  private:
-  using Elements = std::vector<std::shared_ptr<IElement>>;
-  /// One type of elements: its box, its words and its test.
-  struct TypeRow {
-    CheckBox& box;
-    const char* words;
-    bool (*fits)(const std::shared_ptr<IElement>& element);
-    Elements elements;
-  };
-  struct NamedElements {
-    std::string name;
-    Elements elements;
-  };
-
   void SetTexts();
   void LayOut();
   void FillGraphicsOptions();
-  void Sort(const std::shared_ptr<IElement>& element);
-  void ShowTypes();
-  void ShowNames();
+  void ShowTypes(const ElementCensus& census);
+  void ShowNames(const ElementCensus& census);
   void cmdOK_Click();
   void cmdClose_Click();
   void cmdHelp_Click();
-  [[nodiscard]] bool SelectTypes(IGraphicsContainerSelect& selection) const;
-  [[nodiscard]] bool SelectNames(IGraphicsContainerSelect& selection) const;
-  [[nodiscard]] bool SelectPattern(IGraphicsContainer& container, IGraphicsContainerSelect& selection) const;
-  [[nodiscard]] std::shared_ptr<IGraphicsContainer> Container() const;
+  /// What the tool takes.
+  [[nodiscard]] Arguments Chosen() const;
 
   std::shared_ptr<IApplication> application_;
   std::shared_ptr<IMxDocument> document_;
   std::shared_ptr<clsExtension> extension_;
-  std::array<TypeRow, 11> types_;
-  std::map<std::string, NamedElements> names_;         // by the name without its case
-  std::map<std::string, std::string> names_of_lines_;  // the key of a list line
+  std::array<CheckBox*, 11> boxes_;
+  std::map<std::string, std::string> names_of_lines_;  // the name of a list line
   AnchorObjectList anchors_;
 };
 

@@ -52,10 +52,6 @@ std::shared_ptr<VarArray> FieldsOf(GraphicMeasure measure, bool names) {
   return fields;
 }
 
-bool IsKnown(const SpatialReferenceRef& reference) {
-  return reference && !Is<const UnknownCoordinateSystem>(reference);
-}
-
 void MakeSimple(const GeometryRef& shape) {
   if (const auto topology = Cast<ITopologicalOperator>(shape)) topology->Simplify();
 }
@@ -168,6 +164,10 @@ class GraphicWriter {
 };
 
 }  // namespace
+
+bool IsKnown(const SpatialReferenceRef& reference) {
+  return reference && !Is<const UnknownCoordinateSystem>(reference);
+}
 
 MyGeneralOperations::OutputRequest GraphicsRequest(esriGeometryType geometry_type, GraphicMeasure measure, bool names,
                                                    const SpatialReferenceRef& reference,

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// The classes that the graphics dialog makes.
+// The classes that are made of graphics.
 #pragma once
 
 #include <memory>
@@ -11,6 +11,9 @@
 #include "support/output_datasets.h"
 
 namespace tessarine {
+
+/// Whether shapes can be brought to the reference: it is geographic or projected.
+[[nodiscard]] bool IsKnown(const SpatialReferenceRef& reference);
 
 /// The request for a class with the fields of the measure, and "Name" where asked for.
 [[nodiscard]] MyGeneralOperations::OutputRequest GraphicsRequest(esriGeometryType geometry_type, GraphicMeasure measure,

@@ -40,7 +40,11 @@ enum class ParameterKind : std::uint8_t {
   Flag,      ///< `bool`; not given is false
   Spheroid,  ///< one of the catalogue by name or code, or two radii: `ToolSpheroid`
   Measures,  ///< measures of the layer, each with its fields: `ToolMeasure`s
-  Output,    ///< the new class: `ToolOutput`
+  Output,    ///< the new class, or the copy that a tool works on instead of its source: `ToolOutput`
+  Shapes,    ///< the shapes of a new class, one of the words of the parameter: text
+  Text,      ///< words of the user's own: text
+  Texts,     ///< several of them: texts
+  Reference  ///< a spatial reference: `SpatialReferenceRef`
 };
 
 struct ToolParameter {
@@ -57,6 +61,7 @@ struct ToolParameter {
   std::string_view excludes = {};              ///< a parameter beside which this one can't be given
   std::vector<esriGeometryType> shapes = {};   ///< that a layer may be of
   bool remembered = false;                     ///< where it isn't given, what the map document remembers is taken
+  bool by_place = false;                       ///< command lines give it by its place, without its name
 };
 
 /// Which reference the coordinates of an output bear.
@@ -64,17 +69,25 @@ enum class ToolReference : std::uint8_t {
   Source,       ///< that of the source; the output can be brought to another on the way out
   Geographic,   ///< degrees on the spheroid of the source; the output can be brought to another
   SourceAlone,  ///< that of the source, and no other would make sense: `why_no_other_reference` says why
+  Chosen,       ///< that of the parameter "reference", or else the map's
   None,         ///< there are no new coordinates
 };
 
+/// What a tool works on.
+enum class ToolSubject : std::uint8_t {
+  Layers,    ///< features of the parameters that are layers: any program that has such can run it
+  Document,  ///< the map document with its graphic elements and its view, which it may change
+};
+
 struct ToolSpec {
-  std::string_view name;        ///< in commands: "label-points"
+  std::string_view name;        ///< in commands: "label-points", or behind the word of a group: "graphics select"
   std::string_view title;       ///< for people: "Polygons to Label Points"
   std::string_view text;        ///< what it does, in words without a full stop
   std::string_view takes;       ///< the layers that it works on: "polylines, polygons or multipoints"
   std::string_view makes;       ///< what comes out, a sentence
   std::string_view class_name;  ///< of the command that opens its dialog: "clsConvertLabelpoint"
   std::vector<ToolParameter> parameters;
+  ToolSubject works_on = ToolSubject::Layers;
   ToolReference reference = ToolReference::Source;
   std::string_view why_no_other_reference = {};
   std::vector<std::string_view> one_of = {};  ///< parameters of which one must be given, or be remembered by a document
@@ -83,8 +96,15 @@ struct ToolSpec {
   bool several_sources = true;                ///< it can be run over one source after the other
   bool renames = false;                       ///< a run whose output's name is taken takes another one, and doesn't ask
   bool spreads = false;                       ///< its work can be spread over threads
+  bool asks = false;                          ///< it may ask before it begins, though it makes no output
+  std::string_view note = {};                 ///< what else a reader of its help should know: a sentence
   std::string_view example = {};              ///< a command line
 
+  /// It writes into its source, or into a copy where an output is given.
+  [[nodiscard]] bool WritesIntoSource() const {
+    const ToolParameter* output = Find("output");
+    return works_on == ToolSubject::Layers && output != nullptr && !output->required;
+  }
   [[nodiscard]] const ToolParameter* Find(std::string_view parameter) const {
     for (const ToolParameter& one : parameters) {
       if (one.name == parameter) return &one;
@@ -119,11 +139,13 @@ enum class ToolRecords : std::uint8_t { SelectedIfAny, All, Selected };
 class Arguments {
  public:
   using Value = std::variant<bool, double, std::string, std::vector<std::string>, std::shared_ptr<IFeatureLayer>,
-                             ToolSpheroid, std::vector<ToolMeasure>, ToolOutput>;
+                             ToolSpheroid, std::vector<ToolMeasure>, ToolOutput, SpatialReferenceRef>;
 
-  ToolRecords records = ToolRecords::SelectedIfAny;        ///< of the source
+  /// Of the source. A tool that works on a copy makes one of the selected records alone where these are named, and else
+  /// one of all.
+  ToolRecords records = ToolRecords::SelectedIfAny;
   ToolRecords label_records = ToolRecords::SelectedIfAny;  ///< of a layer of label points
-  bool confirmed = false;                                  ///< somebody agreed to the names of the fields already
+  bool confirmed = false;  ///< somebody agreed already to what the tool would ask, but for the output's place
 
   void Set(std::string_view name, Value value) { values_.insert_or_assign(std::string(name), std::move(value)); }
   [[nodiscard]] bool Has(std::string_view name) const { return values_.contains(name); }
@@ -150,7 +172,11 @@ class Arguments {
 /// What stands against a run: the parameter that it is about, and a sentence that says what to do. Parameters that it
 /// names stand in braces, as "{range}": each face writes them in its own way.
 struct Objection {
-  enum Telling : std::uint8_t { kToldAlone, kToldByPlan };  ///< whether a plan can be made all the same, and tells it
+  enum Telling : std::uint8_t {
+    kToldAlone,
+    kToldByPlan,  ///< a plan can be made all the same, and tells it
+    kAsked,       ///< the text is a question; who agrees to it sets `Arguments::confirmed`, and the run may begin
+  };
 
   std::string parameter;  ///< empty where it is about none in particular
   std::string text;

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // Lengths, areas, centroids, azimuths and counts of features, written into their attribute table.
+#include "calculator/calculation_copy.h"
 #include "calculator/frmGeometry.h"
 #include "calculator/measure_choice.h"
 #include "calculator/modCalcGeometry.h"
@@ -13,6 +14,9 @@ namespace tessarine {
 namespace {
 
 using namespace MyGeneralOperations;
+
+// Radii that somebody gave have no other name.
+constexpr const char* kCustomSpheroid = "Custom Spheroid";
 
 const ToolSpec kSpec{
     .name = "calculate",
@@ -37,8 +41,14 @@ const ToolSpec kSpec{
             {.name = "planetocentric",
              .kind = ParameterKind::Flag,
              .text = "The latitudes of the data are planetocentric"},
+            {.name = "output",
+             .kind = ParameterKind::Output,
+             .text = "Leave the source as it is and work on this copy of the layer"},
         },
-    .reference = ToolReference::None,
+    .one_of = {"measure", "all-measures"},
+    .without_one_of =
+        "Nothing to calculate: name measures with {measure}, or give {all-measures}. 'tessarine measures "
+        "{source}' lists them.",
     .spreads = true,
     .example =
         "tessarine calculate tests/data/countries.shp -m \"Sph. Area\" -m \"Sph. Centroid=LON,LAT\" -o "
@@ -86,6 +96,7 @@ class CalculateTool final : public Tool {
   [[nodiscard]] std::optional<Objection> Validate(const Arguments& arguments,
                                                   const std::shared_ptr<IApplication>&) const override {
     const LayerRef layer = SourceOf(arguments);
+    const bool copies = arguments.Has("output");
     if (!Takes(kSpec, "source", layer)) {
       return Objection{"", "The layer '" + layer->Name() + "' is of the wrong kind: measures are for " +
                                std::string(kSpec.takes) + "."};
@@ -96,21 +107,39 @@ class CalculateTool final : public Tool {
       return Objection{"", "{spheroid}, {radii} and {planetocentric} can't be used on '" + layer->Name() + "'. " +
                                Replace(reason, ":", ".")};
     }
-    const MeasureChoice choice = Chosen(arguments, layer);
-    if (choice.objection) return choice.objection;
-    if (!choice.options.empty()) return std::nullopt;
-    return Objection{"", "Nothing to calculate: name measures, or take all. 'tessarine measures' lists them."};
+    if (copies && arguments.records == ToolRecords::Selected && !AnySelected(*layer)) {
+      return Objection{"only-selected", "no record is selected. Add {where}, or select records in the document."};
+    }
+    if (!copies && !CanBeChanged(*layer)) {
+      return Objection{"", "The records of '" + layer->Name() +
+                               "' can't be changed in place: their file may not be written, or its format is only "
+                               "written as a whole. Work on a copy: {output} COPY."};
+    }
+    return ObjectionToMeasures(arguments, layer);
   }
 
   [[nodiscard]] std::string Run(RunContext& context, const Arguments& arguments,
                                 const std::shared_ptr<IApplication>& application) const override {
-    const std::shared_ptr<VarArray> options = Confirmed(context, arguments);
-    return options ? modCalcGeometry::CalcGeometry(context, options, application) : "";
+    std::optional<LayerForMeasures> work = InPlace(arguments);
+    std::string report;
+    if (arguments.Has("output")) {
+      std::optional<RunSpheroid> spheroid;
+      if (arguments.Has("spheroid")) {
+        const ToolSpheroid given = SpheroidFor(arguments, nullptr);
+        spheroid = RunSpheroid{given.name, given.semi_major, given.semi_minor};
+      }
+      work = MakeCopy(context, CopyWish(arguments, context.services.Wishes().reference), spheroid, report);
+    }
+    const std::shared_ptr<VarArray> options = work ? Confirmed(context, arguments, *work) : nullptr;
+    return options ? modCalcGeometry::CalcGeometry(context, options, application) : report;
   }
 
   [[nodiscard]] std::string Plan(RunContext& context, const Arguments& arguments,
                                  const std::shared_ptr<IApplication>& application) const override {
-    const std::shared_ptr<VarArray> options = Confirmed(context, arguments);
+    const LayerForMeasures work = arguments.Has("output")
+                                      ? PlanCopy(CopyWish(arguments, context.services.Wishes().reference))
+                                      : InPlace(arguments);
+    const std::shared_ptr<VarArray> options = Confirmed(context, arguments, work);
     return options ? modCalcGeometry::PlanGeometry(context, options, application) : "";
   }
 
@@ -123,16 +152,46 @@ class CalculateTool final : public Tool {
     return measure;
   }
 
-  [[nodiscard]] static MeasureChoice Chosen(const Arguments& arguments, const LayerRef& layer) {
-    return MeasuresCalled(*layer, arguments.Get<std::vector<ToolMeasure>>("measure"),
-                          arguments.Get<bool>("all-measures"));
+  [[nodiscard]] static bool CanBeChanged(const IFeatureLayer& layer) {
+    const auto info = Cast<IObjectClassInfo2>(layer.FeatureClass());
+    return !info || info->CanBypassEditSession();
+  }
+
+  [[nodiscard]] static LayerForMeasures InPlace(const Arguments& arguments) {
+    return {SourceOf(arguments), arguments.Get<std::vector<ToolMeasure>>("measure")};
+  }
+
+  [[nodiscard]] static CopyForMeasures CopyWish(const Arguments& arguments, const SpatialReferenceRef& reference) {
+    return {SourceOf(arguments), arguments.Get<ToolOutput>("output"), arguments.records,
+            arguments.Get<std::vector<ToolMeasure>>("measure"), reference};
+  }
+
+  [[nodiscard]] static MeasureChoice Chosen(const Arguments& arguments, const LayerForMeasures& work) {
+    return MeasuresCalled(*work.layer, work.measures, arguments.Get<bool>("all-measures"));
+  }
+
+  // What is wrong with measures and fields, by the columns of the class that the run will change.
+  [[nodiscard]] static std::optional<Objection> ObjectionToMeasures(const Arguments& arguments, const LayerRef& layer) {
+    LayerForMeasures work = InPlace(arguments);
+    if (arguments.Has("output") && CanBeCopied(layer->FeatureClass())) {
+      try {
+        work = TryCopy(CopyWish(arguments, nullptr));
+      } catch (const Fault& fault) {
+        return Objection{"", fault.Description()};
+      }
+    }
+    const MeasureChoice choice = Chosen(arguments, work);
+    if (choice.objection) return choice.objection;
+    if (!choice.options.empty()) return std::nullopt;
+    return Objection{"", "Nothing to calculate: name measures, or take all. 'tessarine measures' lists them."};
   }
 
   // The options of a run, null where the user doesn't agree to the names of its fields.
-  [[nodiscard]] static std::shared_ptr<VarArray> Confirmed(RunContext& context, const Arguments& arguments) {
-    const LayerRef layer = SourceOf(arguments);
+  [[nodiscard]] static std::shared_ptr<VarArray> Confirmed(RunContext& context, const Arguments& arguments,
+                                                           const LayerForMeasures& work) {
+    const LayerRef& layer = work.layer;
     const std::shared_ptr<IFeatureClass> features = Require(layer->FeatureClass(), "FeatureClass");
-    const MeasureChoice choice = Chosen(arguments, layer);
+    const MeasureChoice choice = Chosen(arguments, work);
     // A face that doesn't validate learns it here: a dialog may leave any name for a field.
     if (choice.objection) {
       const std::string sentence =
@@ -152,7 +211,9 @@ class CalculateTool final : public Tool {
     }
     GeometryChoices choices;
     choices.layer = layer;
-    choices.all_records = ReadsAll(layer, arguments.records);
+    // A copy of the selected records holds no others.
+    const bool copies_selected = arguments.Has("output") && arguments.records == ToolRecords::Selected;
+    choices.all_records = copies_selected || ReadsAll(layer, arguments.records);
     choices.options = choice.options;
     choices.use_flags = ComboUseFlagsOf(features->ShapeType(), SpatialKindOf(features->SpatialReference()));
     const ToolSpheroid spheroid = SpheroidFor(arguments, features->SpatialReference());
@@ -164,7 +225,9 @@ class CalculateTool final : public Tool {
   }
 
   [[nodiscard]] static ToolSpheroid SpheroidFor(const Arguments& arguments, const SpatialReferenceRef& reference) {
-    if (const auto* given = arguments.Find<ToolSpheroid>("spheroid")) return *given;
+    if (const auto* given = arguments.Find<ToolSpheroid>("spheroid")) {
+      return given->name.empty() ? ToolSpheroid{kCustomSpheroid, given->semi_major, given->semi_minor} : *given;
+    }
     const auto spheroid = SpheroidBeneath(reference);
     if (!spheroid) return {};
     return {spheroid->Name(), spheroid->SemiMajorAxis(), spheroid->SemiMinorAxis()};

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // A tool as the suite knows it: its spec and its run, the row of its command, and its dialog.
 //
-// Each file of this folder is named after its tool, with "_" for "-". label_points.cpp defines
+// Each file of this folder is named after its tool, with "_" for "-" and blanks. label_points.cpp defines
 //
 //   const Tool& tools::LabelPoints();
 //
@@ -19,8 +19,9 @@ namespace tessarine {
 
 class Tool : public ITool {
  public:
+  /// Tools may share a command, whose dialog then asks for all of them: the first one's row is that of the menu.
   [[nodiscard]] virtual const CommandTexts& Command() const = 0;
-  /// Shows the dialog. What it was left with; nothing where the user gave up.
+  /// Shows the dialog. What it was left with; nothing where the user gave up, or where the dialog has done the work.
   [[nodiscard]] virtual std::optional<Arguments> Ask(const std::shared_ptr<IApplication>& application) const = 0;
 };
 

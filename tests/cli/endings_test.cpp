@@ -139,6 +139,9 @@ TEST_F(Endings, APlanIsRefusedForWhatTheRunIsRefusedFor) {
   ASSERT_EQ(RunTessarine({"vertices", Data("cities.shp"), "-o", In("x.shp")}).status, 2);
   ASSERT_EQ(RunTessarine({"vertices", Data("countries.shp"), "-o", In("taken.shp"), "-q"}).status, 0);
   fs::create_directory(folder_ / "broken.gdb");
+  fs::create_directory(folder_ / "junk.gdb");
+  WriteFile(In("junk.gdb/gdb"), "no geodatabase");
+  WriteFile(In("junk.gdb/a00000001.gdbtable"), "no table");
   struct Row {
     std::vector<std::string> arguments;
     std::string words;
@@ -151,6 +154,9 @@ TEST_F(Endings, APlanIsRefusedForWhatTheRunIsRefusedFor) {
       {{"wrap", Data("countries.shp"), "--range", "360", "-o", In("broken.gdb/v")}, "broken.gdb"},
       {{"graphics", "to-features", Data("graphics.json"), "--to", "points", "--all", "-o", In("broken.gdb/v")},
        "broken.gdb"},
+      {{"graphics", "to-features", Data("graphics.json"), "--to", "points", "--all", "-o", In("junk.gdb/v")},
+       "junk.gdb"},
+      {{"graphics", "new", Data("graphics.json"), "points", "-o", In("junk.gdb/v")}, "junk.gdb"},
       {{"graphics", "new", Data("graphics.json"), "points", "-o", In("none/x.gdb/v")},
        "no folder '" + In("none") + "'"},
   };

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include <filesystem>
+#include <iterator>
 #include <map>
 #include <nlohmann/json.hpp>
 #include <set>
@@ -23,13 +24,19 @@ class Tools : public ProgramTest {
     return nlohmann::json::parse(run.out);
   }
 
+  // Those of a tool's command; tools of a group stand behind its word.
+  [[nodiscard]] static std::vector<std::string> CommandOf(const std::string& name) {
+    std::istringstream words(name);
+    return {std::istream_iterator<std::string>(words), {}};
+  }
+
   // The words of a command line, without the program's name; data come from their folder, and outputs go to the test's.
   [[nodiscard]] std::vector<std::string> WordsOf(const std::string& line) const {
     std::vector<std::string> words;
     bool quoted = false;
     std::string word;
     for (const char c : line + " ") {
-      if (c == '"') {
+      if (c == '"' || c == '\'') {
         quoted = !quoted;
       } else if (c == ' ' && !quoted) {
         if (!word.empty()) words.push_back(word);
@@ -41,7 +48,13 @@ class Tools : public ProgramTest {
     words.erase(words.begin());
     for (std::string& one : words) {
       constexpr std::string_view kData = "tests/data/";
-      if (one.starts_with(kData)) {
+      if (one.ends_with(".json")) {
+        // Tools change the documents that they work on.
+        const std::string own = In(one.substr(kData.size()));
+        std::filesystem::copy_file(Data(one.substr(kData.size())), own,
+                                   std::filesystem::copy_options::overwrite_existing);
+        one = own;
+      } else if (one.starts_with(kData)) {
         one = Data(one.substr(kData.size()));
       } else if (one.ends_with(".shp") || one.ends_with(".gpkg")) {
         one = In(one);
@@ -67,19 +80,22 @@ TEST_F(Tools, EveryToolTellsWhatItTakesAndEveryExampleRuns) {
       EXPECT_EQ(run.status, 0) << line << "\n" << run.err;
     }
     // Each parameter is an option of the command, or its source.
-    const std::string help = RunTessarine({name, "--help"}).out;
+    std::vector<std::string> asking = CommandOf(name);
+    asking.emplace_back("--help");
+    const std::string help = RunTessarine(asking).out;
     std::set<std::string> parameters;
     for (const auto& parameter : tool.at("parameters")) parameters.insert(parameter.at("name").get<std::string>());
     for (const auto& parameter : tool.at("parameters")) {
       const auto option = parameter.at("name").get<std::string>();
-      EXPECT_THAT(help, HasSubstr(option == "source" ? option : "--" + option));
+      const bool by_place = option == "source" || parameter.value("by_place", false);
+      EXPECT_THAT(help, HasSubstr(by_place ? option : "--" + option));
       for (const char* other : {"of", "needs", "excludes"}) {
         EXPECT_TRUE(!parameter.contains(other) || parameters.contains(parameter.at(other).get<std::string>()))
             << option;
       }
     }
   }
-  EXPECT_EQ(names.size(), 13U);
+  EXPECT_EQ(names.size(), 17U);
 }
 
 // Words that a reader of the list in another language has to go by.
@@ -100,6 +116,11 @@ TEST_F(Tools, ParametersSayTheirKindsUnitsAndRanges) {
   EXPECT_EQ(by_name.at("calculate.measure").at("of"), "source");
   EXPECT_TRUE(by_name.at("vertices.output").at("required").get<bool>());
   EXPECT_FALSE(by_name.at("vertices.fields").at("required").get<bool>());
+  EXPECT_FALSE(by_name.at("calculate.output").at("required").get<bool>());
+  EXPECT_EQ(by_name.at("graphics to-features.to").at("choices"), nlohmann::json({"points", "polylines", "polygons"}));
+  EXPECT_EQ(by_name.at("graphics new.reference").at("kind"), "reference");
+  EXPECT_EQ(by_name.at("graphics select.name").at("kind"), "texts");
+  EXPECT_EQ(by_name.at("graphics name.selected").at("excludes"), "all");
 }
 
 TEST_F(Tools, ACommaIsNoDecimalPointOfAnyNumber) {
@@ -126,6 +147,35 @@ TEST_F(Tools, ADocumentRemembersTheLastOutput) {
   ASSERT_EQ(RunTessarine({"vertices", Data("countries.shp"), "-d", In("map.json"), "-o", In("v.shp")}).status, 0);
   const auto settings = nlohmann::json::parse(ReadFile(In("map.json"))).at("settings");
   EXPECT_THAT(settings.dump(), HasSubstr("v.shp"));
+}
+
+// A copy is tried before a record is copied, and its user knows the source.
+TEST_F(Tools, RefusalsOfMeasuresOnACopyNameTheSource) {
+  const ProgramOutcome run =
+      RunTessarine({"calculate", Data("countries.shp"), "-m", "Volume", "-o", In("copy.gpkg"), "-r", In("r.txt")});
+  EXPECT_EQ(run.status, 2);
+  EXPECT_THAT(run.err, HasSubstr("-m \"Volume\": 'countries' has no measure 'Volume'. It has: "));
+  EXPECT_TRUE(Left().empty());
+}
+
+// Each row of the table has its reason, and so has the report of each source.
+TEST_F(Tools, SeveralSourcesSayWhyTheyAreRefused) {
+  std::filesystem::create_directory(In("out"));
+  const std::string borders = Data("disputed_borders.shp"), countries = Data("countries.shp");
+  const ProgramOutcome run =
+      RunTessarine({"wrap", countries, borders, "--bounds", "10,0,5,20", "-o", In("out"), "--report", In("r.json")});
+  EXPECT_EQ(run.status, 2);
+  for (const std::string& source : {countries, borders}) {
+    EXPECT_THAT(run.out, HasSubstr(source + ": refused, Western Boundary Value >= Eastern Boundary Value..."));
+  }
+  for (const char* report : {"r_countries.json", "r_disputed_borders.json"}) {
+    const auto told = nlohmann::json::parse(ReadFile(In(report)));
+    EXPECT_EQ(told.at("outcome"), "refused");
+    EXPECT_THAT(told.at("failure").get<std::string>(), HasSubstr("Western Boundary Value"));
+  }
+  const ProgramOutcome quiet =
+      RunTessarine({"wrap", countries, borders, "--bounds", "10,0,5,20", "-o", In("out"), "-q"});
+  EXPECT_THAT(quiet.err, HasSubstr(borders + ": refused, Western Boundary Value"));
 }
 
 TEST_F(Tools, AMeasureNeedsANameForItsField) {

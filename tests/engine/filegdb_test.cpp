@@ -9,7 +9,7 @@
 #include "engine/filegdb_edit.h"
 #include "engine/filegdb_table.h"
 #include "engine/geodatabase_helpers.h"
-#include "engine/layer_copy.h"
+#include "outputs/layer_copy.h"
 
 namespace tessarine {
 namespace {

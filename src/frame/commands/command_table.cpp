@@ -2,6 +2,7 @@
 #include "frame/commands/command_table.h"
 
 #include <algorithm>
+#include <string_view>
 #include <vector>
 
 #include "frame/commands/commands.h"
@@ -9,24 +10,8 @@
 namespace tessarine {
 namespace {
 
-// The commands that are no tools: dialogs that do all the work themselves, and direct actions on graphic elements.
+// The commands that are no tools: direct actions on graphic elements, which take no word, and the about dialog.
 const CommandRow kOtherCommands[] = {
-    {{"cmdNewShapefile",
-      "MakeShapefile",
-      "&Graphic Elements to Shapes",
-      "Create New Shapefile",
-      "Create new shapefile, either empty or by converting graphics...",
-      101,
-      {Menu::Graphics, 1}},
-     MakeNewShapefileCommand},
-    {{"clsSelGraphics",
-      "SelectGraphics",
-      "Select Graphic Elements by &Type",
-      "Select Graphic Elements by Type",
-      "Select Graphics by Type or Name...",
-      106,
-      {Menu::Graphics, 2, true}},
-     MakeSelectGraphicsCommand},
     {{"clsSelAllElements",
       "SelectAllGraphics",
       "Select All Graphic &Elements",
@@ -59,14 +44,6 @@ const CommandRow kOtherCommands[] = {
       105,
       {Menu::Graphics, 6}},
      MakeZoomCommand},
-    {{"clsNameGraphics",
-      "NameGraphics",
-      "&Name Graphic Elements",
-      "Name Graphic Elements",
-      "Name Graphic Elements...",
-      108,
-      {Menu::Graphics, 7}},
-     MakeNameGraphicsCommand},
     {{"cmdAbout",
       "About",
       "About Tools for Tessarine Tools",
@@ -82,7 +59,12 @@ const CommandRow kOtherCommands[] = {
 std::span<const CommandRow> AllCommands() {
   static const std::vector<CommandRow> all = [] {
     std::vector<CommandRow> rows(std::begin(kOtherCommands), std::end(kOtherCommands));
-    for (const Tool* tool : AllTools()) rows.push_back({tool->Command(), MakeToolCommand, tool});
+    for (const Tool* tool : AllTools()) {
+      const auto shares = [&](const CommandRow& row) {
+        return std::string_view(row.texts.class_name) == tool->Command().class_name;
+      };
+      if (std::ranges::none_of(rows, shares)) rows.push_back({tool->Command(), MakeToolCommand, tool});
+    }
     std::ranges::sort(rows, {},
                       [](const CommandRow& row) { return std::pair(row.texts.place.menu, row.texts.place.position); });
     return rows;

@@ -18,10 +18,6 @@ std::shared_ptr<ICommand> MakeUnselectAllCommand(const CommandRow& row);
 std::shared_ptr<ICommand> MakeFlipSelectionCommand(const CommandRow& row);
 std::shared_ptr<ICommand> MakeZoomCommand(const CommandRow& row);
 
-// Dialogs that do all the work themselves.
-std::shared_ptr<ICommand> MakeNewShapefileCommand(const CommandRow& row);
-std::shared_ptr<ICommand> MakeSelectGraphicsCommand(const CommandRow& row);
-std::shared_ptr<ICommand> MakeNameGraphicsCommand(const CommandRow& row);
 std::shared_ptr<ICommand> MakeAboutCommand(const CommandRow& row);
 
 }  // namespace tessarine

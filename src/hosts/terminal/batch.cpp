@@ -9,13 +9,13 @@
 #include <set>
 
 #include "engine/format_abilities.h"
-#include "engine/layer_copy.h"
 #include "hosts/terminal/interrupt.h"
 #include "hosts/terminal/layer_source.h"
 #include "hosts/terminal/passwords.h"
 #include "hosts/terminal/pipes.h"
 #include "hosts/terminal/refusal.h"
 #include "hosts/terminal/report_output.h"
+#include "outputs/layer_copy.h"
 #include "platform/fault.h"
 #include "platform/paths.h"
 #include "platform/run_journal.h"
@@ -138,6 +138,9 @@ class FolderNames {
   FreeNames names_;
 };
 
+// Some reasons are told in several lines.
+std::string OnOneLine(std::string text) { return Replace(Replace(std::move(text), "\r\n", " "), "\n", " "); }
+
 // Where the run itself has left no report. A source or output that the report would take the place of stays.
 void ReportNoRun(const SourceOutcome& outcome, const std::string& output, const CommonOptions& options) {
   if (options.report_file.empty()) return;
@@ -158,14 +161,19 @@ SourceOutcome RunOne(const std::string& source, FolderNames& names, const Common
   own.quiet = true;
   own.report_file = report_file;
   RunJournal journal;
-  own.on_outcome = [&](const RunJournal& ended) { journal = ended; };
+  bool reported = false;
+  own.on_outcome = [&](const SessionEnd& end) {
+    journal = end.journal;
+    reported = end.reported;
+  };
   std::string place;
   try {
     const OutputOptions output = names.For(source);
     place = output.text;
     outcome.status = run(source, output, own);
     outcome.word = WordOf(journal, outcome.status, own.dry_run);
-    outcome.detail = journal.failure.empty() ? ToNativePath(journal.output_path) : journal.failure;
+    outcome.detail = journal.failure.empty() ? ToNativePath(journal.output_path) : OnOneLine(journal.failure);
+    if (outcome.status == ExitStatus::Refused && !reported) ReportNoRun(outcome, place, own);
   } catch (const Refusal& refusal) {
     outcome.status = ExitStatus::Refused;
     outcome.word = "refused";

@@ -9,9 +9,10 @@
 
 #include "engine/versions.h"
 #include "hosts/terminal/commands.h"
-#include "hosts/terminal/form_answers.h"
 #include "hosts/terminal/report_output.h"
 #include "hosts/terminal/session.h"
+#include "platform/fault.h"
+#include "platform/form.h"
 #include "platform/paths.h"
 
 namespace tessarine {
@@ -22,25 +23,22 @@ struct AboutOptions {
   bool open_manual = false;
 };
 
-class AboutScript final : public FormScript {
- public:
-  explicit AboutScript(bool open_manual) : open_manual_(open_manual) {}
-
-  void Answer(Form& form) override {
-    PrintReport(ControlOf<RichTextBox>(form, "Text1").TextRTF(), stdout);
-    fmt::print("{}\n", ControlOf<Label>(form, "lblVersion").Caption());
-    if (open_manual_) ControlOf<CommandButton>(form, "cmdManual").Press();
-    ControlOf<CommandButton>(form, "cmdOK").Press();
-  }
-
- private:
-  bool open_manual_;
-};
+/// The control of this name and kind; a fault when the form has none.
+template <class Kind>
+Kind& ControlOf(Form& form, const char* name) {
+  auto* control = form.FindAs<Kind>(name);
+  if (control == nullptr) Raise(kInvalidCall, std::string("The form has no control '") + name + "'.");
+  return *control;
+}
 
 ExitStatus RunAbout(const AboutOptions& options) {
   Session session(options.common);
-  AboutScript script(options.open_manual);
-  const ExitStatus status = session.Run("Tessarine.cmdAbout", &script);
+  session.Host().ReadForm = [&](Form& form) {
+    PrintReport(ControlOf<RichTextBox>(form, "Text1").TextRTF(), stdout);
+    fmt::print("{}\n", ControlOf<Label>(form, "lblVersion").Caption());
+    if (options.open_manual) ControlOf<CommandButton>(form, "cmdManual").Press();
+  };
+  const ExitStatus status = session.Click("Tessarine.cmdAbout");
   const LibraryVersions versions = EngineLibraryVersions();
   fmt::print("Libraries: GDAL {}, GEOS {}, PROJ {}\n", versions.gdal, versions.geos, versions.proj);
   const std::string manual = ToNativePath(session.Host().LocalSystem().ProgramFolder()) + "/Tessarine_Manual.pdf";

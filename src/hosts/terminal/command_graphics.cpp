@@ -21,7 +21,7 @@ struct GraphicsOptions {
 
 ExitStatus ClickOn(const GraphicsOptions& options, const char* class_id) {
   Session session(options.common);
-  const ExitStatus status = session.Run(class_id, nullptr);
+  const ExitStatus status = session.Click(class_id);
   const DocumentMap& map = session.Document().Map();
   if (!options.common.quiet && status == ExitStatus::Done) {
     fmt::print("{} of {} selected.\n", map.ElementSelectionCount(), CountedElements(map.Elements().size()));
@@ -39,7 +39,7 @@ ExitStatus RunSelect(const GraphicsOptions& options) {
 ExitStatus RunZoom(const GraphicsOptions& options) {
   Session session(options.common);
   const bool any = session.Document().Map().ElementSelectionCount() > 0;
-  const ExitStatus status = session.Run("Tessarine.clsZoomToSelected", nullptr);
+  const ExitStatus status = session.Click("Tessarine.clsZoomToSelected");
   if (options.common.quiet || status != ExitStatus::Done) return status;
   if (!session.Document().Dirty()) {
     fmt::print("{}; the view stays.\n",
@@ -52,19 +52,14 @@ ExitStatus RunZoom(const GraphicsOptions& options) {
   return status;
 }
 
-void AddDocumentOptions(CLI::App& command, GraphicsOptions& options) {
-  command.add_option("document", options.common.document, "The map document")->required()->type_name("MAP.json");
-  command.add_flag("-q,--quiet", options.common.quiet, "Print nothing");
-  command.add_flag("-n,--dry-run", options.common.dry_run, "Run, but leave the document's file as it is");
-}
-
 }  // namespace
 
 void AddGraphicsCommands(CLI::App& program, ChosenCommand& chosen) {
   auto select = std::make_shared<GraphicsOptions>();
-  CLI::App& selection = *program.add_subcommand("select-graphics",
-                                                "Select all graphic elements of a document's map, none, or the others");
-  AddDocumentOptions(selection, *select);
+  CLI::App& selection =
+      AddDocumentCommand(program, "select-graphics",
+                         "Select all graphic elements of a document's map, none, or the others", select->common);
+  AddQuietRun(selection, select->common);
   CLI::Option_group& kinds = *selection.add_option_group("selection");
   kinds.add_flag("--all", select->all, "Select all graphic elements");
   kinds.add_flag("--none", select->none, "Select none");
@@ -74,8 +69,9 @@ void AddGraphicsCommands(CLI::App& program, ChosenCommand& chosen) {
   selection.callback([&chosen, select] { chosen.run = [select] { return RunSelect(*select); }; });
 
   auto zoom = std::make_shared<GraphicsOptions>();
-  CLI::App& zooming = *program.add_subcommand("zoom", "Zoom a document's view to the selected graphic elements");
-  AddDocumentOptions(zooming, *zoom);
+  CLI::App& zooming =
+      AddDocumentCommand(program, "zoom", "Zoom a document's view to the selected graphic elements", zoom->common);
+  AddQuietRun(zooming, zoom->common);
   zooming.footer("Example:\n  tessarine zoom tests/data/graphics.json --dry-run");
   zooming.callback([&chosen, zoom] { chosen.run = [zoom] { return RunZoom(*zoom); }; });
 }

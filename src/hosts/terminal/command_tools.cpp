@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// The commands of the tools that make a new class, and the list of all tools.
+// The commands of the tools, and the list of them all.
 #include <fmt/core.h>
 
 #include <CLI/CLI.hpp>
@@ -9,13 +9,14 @@
 
 #include "hosts/terminal/batch.h"
 #include "hosts/terminal/commands.h"
-#include "hosts/terminal/form_answers.h"
+#include "hosts/terminal/output_checks.h"
 #include "hosts/terminal/output_run.h"
 #include "hosts/terminal/report_output.h"
 #include "hosts/terminal/selected_class.h"
 #include "hosts/terminal/tool_options.h"
 #include "platform/paths.h"
 #include "platform/shape_words.h"
+#include "platform/text_formats.h"
 
 namespace tessarine {
 namespace {
@@ -43,18 +44,41 @@ LayerRef TakeSource(const ToolSpec& spec, const ToolOptions& options, Session& s
   return spec.whole_layers ? LayerOfSelection(layer, options.source, session, known_layers) : layer;
 }
 
-ExitStatus RunTool(const ITool& tool, const ToolOptions& options) {
+// Without a document nothing is remembered.
+void RefuseNone(const ToolSpec& spec, const Arguments& arguments, const std::string& source, bool has_document) {
+  const auto may_be_there = [&](std::string_view name) {
+    return arguments.Has(name) || (has_document && spec.Find(name)->remembered);
+  };
+  if (spec.one_of.empty() || std::ranges::any_of(spec.one_of, may_be_there)) return;
+  throw Refusal(ObjectionText({"", Replace(std::string(spec.without_one_of), "{source}", source)}));
+}
+
+// A tool for the map document.
+ExitStatus RunOnDocument(const ITool& tool, const ToolOptions& options) {
   const ToolSpec& spec = tool.Spec();
   CheckReportFile(options.common.report_file);
   Arguments arguments = ReadArguments(spec, options);
-  // Without a document nothing is remembered.
-  const bool has_one = std::ranges::any_of(spec.one_of, [&](std::string_view name) { return arguments.Has(name); });
-  if (!spec.one_of.empty() && !has_one && options.common.document.empty()) {
-    throw Refusal(ObjectionText({"", std::string(spec.without_one_of)}));
-  }
+  RefuseNone(spec, arguments, "", true);
+  if (spec.Find("output") == nullptr) return Session(options.common).Run(tool, arguments);
   const NamedOutput output = ParseOutput(options.output, Folders::Allowed);
-  const OutputPlace& place = output.place;
   Session session(options.common);
+  arguments.Set("output", OutputArgument(output.place));
+  const auto* chosen = arguments.Find<SpatialReferenceRef>("reference");
+  return RunInto(session, tool, arguments, output,
+                 chosen != nullptr ? *chosen : session.Document().Map().SpatialReference(), Envelope(), options.common);
+}
+
+void RefuseOptionsOfCopies(const ToolOptions& options) {
+  const char* const option = options.only_selected        ? "--only-selected"
+                             : !options.output.to.empty() ? "--to"
+                             : options.output.stamp       ? "--stamp"
+                                                          : nullptr;
+  if (option != nullptr) throw Refusal(std::string(option) + " is for copies: name one with -o.");
+}
+
+// The layers, and what was chosen for them.
+LayerRef TakeLayers(const ToolSpec& spec, const ToolOptions& options, const OutputPlace& place, Session& session,
+                    Arguments& arguments) {
   if (const auto spheroid = ChooseSpheroid(options.spheroid)) {
     // Typed radii have no name but the tool's own word for such.
     arguments.Set("spheroid", ToolSpheroid{options.spheroid.radii.empty() ? spheroid->name : "",
@@ -69,6 +93,32 @@ ExitStatus RunTool(const ITool& tool, const ToolOptions& options) {
   const LayerRef layer = TakeSource(spec, options, session);
   RefuseSource(place, *layer);
   arguments.Set("source", std::shared_ptr<IFeatureLayer>(layer));
+  return layer;
+}
+
+ExitStatus RunInPlace(const ITool& tool, const ToolOptions& options, Arguments& arguments) {
+  RefuseOptionsOfCopies(options);
+  Session session(options.common);
+  const LayerRef layer = TakeLayers(tool.Spec(), options, OutputPlace(), session, arguments);
+  RefuseUnwritableSource(layer->FeatureClass());
+  return session.Run(tool, arguments);
+}
+
+ExitStatus RunTool(const ITool& tool, const ToolOptions& options) {
+  const ToolSpec& spec = tool.Spec();
+  CheckReportFile(options.common.report_file);
+  Arguments arguments = ReadArguments(spec, options);
+  RefuseNone(spec, arguments, options.source.source, !options.common.document.empty());
+  const bool copies = spec.WritesIntoSource();
+  if (copies && options.output.text.empty()) return RunInPlace(tool, options, arguments);
+  const NamedOutput output = ParseOutput(options.output, copies ? Folders::Refused : Folders::Allowed);
+  const OutputPlace& place = output.place;
+  Session session(options.common);
+  const std::size_t known_layers = session.Document().Map().AllLayers().size();
+  const LayerRef layer = TakeLayers(spec, options, place, session, arguments);
+  // The document has no part in a copy.
+  if (copies && session.Document().Map().AllLayers().size() > known_layers) session.KeepForRunOnly(layer);
+  if (options.only_selected) arguments.records = ToolRecords::Selected;
   arguments.Set("output", OutputArgument(place));
   const TerminalManners manners = options.common.Manners();
   // Such a run would rather take another name than ask.
@@ -83,12 +133,14 @@ ExitStatus RunTool(const ITool& tool, const ToolOptions& options) {
 }
 
 ExitStatus RunOverAll(const ITool& tool, const ToolOptions& options) {
+  if (tool.Spec().works_on == ToolSubject::Document) return RunOnDocument(tool, options);
   if (!tool.Spec().several_sources && options.sources.size() > 1) {
     throw Refusal("'" + std::string(tool.Spec().name) + "' takes one layer, and " +
                   std::to_string(options.sources.size()) +
                   " sources were named. Put the features into one layer first, or run it for each.");
   }
-  return RunOverSources(options.sources, options.output, options.common, OneIntoFolder::Itself,
+  return RunOverSources(options.sources, options.output, options.common,
+                        tool.Spec().WritesIntoSource() ? OneIntoFolder::BySource : OneIntoFolder::Itself,
                         [&](const std::string& source, const OutputOptions& output, const CommonOptions& common) {
                           ToolOptions own = options;
                           own.source.source = source;
@@ -118,6 +170,14 @@ const char* KindWord(ParameterKind kind) {
       return "measures";
     case ParameterKind::Output:
       return "output";
+    case ParameterKind::Shapes:
+      return "shapes";
+    case ParameterKind::Text:
+      return "text";
+    case ParameterKind::Texts:
+      return "texts";
+    case ParameterKind::Reference:
+      return "reference";
   }
   return "";
 }
@@ -130,6 +190,8 @@ const char* ReferenceWord(ToolReference reference) {
       return "geographic";
     case ToolReference::SourceAlone:
       return "source alone";
+    case ToolReference::Chosen:
+      return "chosen";
     case ToolReference::None:
       return "none";
   }
@@ -153,6 +215,7 @@ nlohmann::ordered_json ParameterJson(const ToolParameter& parameter) {
   add("needs", parameter.needs);
   add("excludes", parameter.excludes);
   if (parameter.remembered) json["remembered"] = true;
+  if (parameter.by_place) json["by_place"] = true;
   return json;
 }
 
@@ -165,6 +228,7 @@ void PrintToolsJson() {
                                   {"text", spec.text},
                                   {"takes", spec.takes},
                                   {"makes", spec.makes},
+                                  {"works_on", spec.works_on == ToolSubject::Document ? "document" : "layers"},
                                   {"reference", ReferenceWord(spec.reference)},
                                   {"whole_layers", spec.whole_layers},
                                   {"several_sources", spec.several_sources},
@@ -195,11 +259,18 @@ ExitStatus PrintTools(bool as_json) {
 
 }  // namespace
 
-void AddToolCommands(CLI::App& program, ChosenCommand& chosen) {
-  for (const ITool* tool : AllToolsOfSuite()) {
-    if (tool->Spec().Find("output") == nullptr) continue;
+void AddToolCommands(CLI::App& parent, std::string_view group, ChosenCommand& chosen) {
+  std::vector<const ITool*> tools = AllToolsOfSuite();
+  const auto is_of_group = [&](const ITool* tool) {
+    const std::string_view name = tool->Spec().name;
+    return name.substr(0, name.rfind(' ') + 1) == (group.empty() ? "" : std::string(group) + " ");
+  };
+  std::erase_if(tools, [&](const ITool* tool) { return !is_of_group(tool); });
+  // Those that make nothing new stand first.
+  std::ranges::stable_partition(tools, [](const ITool* tool) { return tool->Spec().Find("output") == nullptr; });
+  for (const ITool* tool : tools) {
     auto options = std::make_shared<ToolOptions>();
-    AddToolCommand(program, tool->Spec(), *options).callback([tool, &chosen, options] {
+    AddToolCommand(parent, tool->Spec(), *options).callback([tool, &chosen, options] {
       options->common.command_line = chosen.command_line;
       chosen.run = [tool, options] { return RunOverAll(*tool, *options); };
     });

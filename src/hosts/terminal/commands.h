@@ -5,6 +5,7 @@
 #include <CLI/App.hpp>
 #include <functional>
 #include <string>
+#include <string_view>
 
 #include "hosts/terminal/exit_status.h"
 
@@ -16,18 +17,15 @@ struct ChosenCommand {
   std::string command_line;
 };
 
-/// A command for each tool that makes a new class.
-void AddToolCommands(CLI::App& program, ChosenCommand& chosen);
+/// A command for each tool whose name begins with the word of this group; for each without one where it is empty.
+void AddToolCommands(CLI::App& parent, std::string_view group, ChosenCommand& chosen);
 void AddToolsCommand(CLI::App& program, ChosenCommand& chosen);
 void AddGeodesicCommands(CLI::App& program, ChosenCommand& chosen);
 void AddMeasuresCommand(CLI::App& program, ChosenCommand& chosen);
-void AddCalculateCommand(CLI::App& program, ChosenCommand& chosen);
 void AddInfoCommand(CLI::App& program, ChosenCommand& chosen);
 void AddFormatsCommand(CLI::App& program, ChosenCommand& chosen);
 void AddGraphicsCommands(CLI::App& program, ChosenCommand& chosen);
 void AddGraphicToolsCommand(CLI::App& program, ChosenCommand& chosen);
-/// Adds `to-features` and `new` to the command `graphics`.
-void AddGraphicFeaturesCommands(CLI::App& graphics, ChosenCommand& chosen);
 void AddAboutCommand(CLI::App& program, ChosenCommand& chosen);
 void AddSpheroidsCommand(CLI::App& program, ChosenCommand& chosen);
 void AddMenuCommand(CLI::App& program, ChosenCommand& chosen);

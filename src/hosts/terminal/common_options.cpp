@@ -39,6 +39,11 @@ void RefuseEmptyValues(CLI::App& program) {
   for (CLI::App* command : program.get_subcommands({})) RefuseEmptyValues(*command);
 }
 
+void AddQuietRun(CLI::App& command, CommonOptions& options) {
+  command.add_flag("-q,--quiet", options.quiet, "Print nothing");
+  command.add_flag("-n,--dry-run", options.dry_run, "Run, but leave the document's file as it is");
+}
+
 void AddRunOptions(CLI::App& command, CommonOptions& options) {
   command
       .add_option("-r,--report", options.report_file,
@@ -46,7 +51,7 @@ void AddRunOptions(CLI::App& command, CommonOptions& options) {
       ->type_name("FILE");
   command.add_flag("-q,--quiet", options.quiet, "Print no report");
   command.add_flag("--overwrite", options.overwrite, "Replace an output that exists");
-  CLI::Option* yes = command.add_flag("-y,--yes", options.yes, "Answer Yes to every question");
+  CLI::Option* yes = command.add_flag("-y,--yes", options.yes, kYesHelp);
   command.add_flag("--no", options.no, "Answer No to every question, and ask none")->excludes(yes);
   command
       .add_option("--progress", options.progress,

@@ -11,6 +11,12 @@
 
 namespace tessarine {
 
+/// How a session ended.
+struct SessionEnd {
+  const RunJournal& journal;
+  bool reported;  ///< its report is written
+};
+
 struct CommonOptions {
   std::string report_file;
   std::string document;
@@ -22,7 +28,7 @@ struct CommonOptions {
   unsigned jobs = 0;  ///< 0: as many as the machine has processors
   std::string command_line;
   /// Told how a run ended; of a command over several sources.
-  std::function<void(const RunJournal&)> on_outcome;
+  std::function<void(const SessionEnd&)> on_outcome;
 
   [[nodiscard]] TerminalManners Manners() const;
   /// A bar where standard error is a terminal and nobody asked for quiet, unless an option says otherwise.
@@ -35,6 +41,10 @@ void RefuseEmptyValues(CLI::App& program);
 
 /// Adds --jobs, for commands whose runs spread their work over threads.
 void AddJobsOption(CLI::App& command, CommonOptions& options);
+inline constexpr const char* kYesHelp = "Answer Yes to every question";
+
+/// Adds --quiet and --dry-run, for commands that change nothing but the map document.
+void AddQuietRun(CLI::App& command, CommonOptions& options);
 /// Adds --report, --quiet, --progress, --overwrite, --yes, --no and --dry-run.
 void AddRunOptions(CLI::App& command, CommonOptions& options);
 /// The same and --document.

@@ -7,10 +7,10 @@
 
 #include "engine/data_source.h"
 #include "engine/format_abilities.h"
-#include "engine/layer_copy.h"
 #include "engine/personal_geodatabase.h"
 #include "hosts/terminal/pipes.h"
 #include "hosts/terminal/refusal.h"
+#include "outputs/layer_copy.h"
 #include "platform/paths.h"
 #include "platform/text_formats.h"
 
@@ -18,51 +18,6 @@ namespace tessarine {
 namespace {
 
 namespace fs = std::filesystem;
-
-/// A folder or container as the catalog shows it.
-class PlaceObject : public virtual IGxObject {
- public:
-  PlaceObject(std::string full_name, std::string category)
-      : full_name_(std::move(full_name)), category_(std::move(category)) {}
-  [[nodiscard]] std::string FullName() const override { return full_name_; }
-  [[nodiscard]] std::string Category() const override { return category_; }
-
- private:
-  std::string full_name_, category_;
-};
-
-class PlaceWorkspace final : public IWorkspace {
- public:
-  explicit PlaceWorkspace(std::string path) : path_(std::move(path)) {}
-  [[nodiscard]] std::string PathName() const override { return path_; }
-
- private:
-  std::string path_;
-};
-
-/// The identity of a feature dataset, which may not be there yet.
-class PlaceDataset final : public PlaceObject, public IGxDataset, public IDataset {
- public:
-  PlaceDataset(const std::string& geodatabase, std::string name, const std::string& category)
-      : PlaceObject(geodatabase + "\\" + name, category),
-        workspace_(std::make_shared<PlaceWorkspace>(geodatabase)),
-        name_(std::move(name)) {}
-
-  [[nodiscard]] std::shared_ptr<IDataset> Dataset() const override { return self_.lock(); }
-  void SetSelf(std::weak_ptr<PlaceDataset> self) { self_ = std::move(self); }
-  [[nodiscard]] std::string Name() const override { return name_; }
-  [[nodiscard]] std::string FullName() const override { return PlaceObject::FullName(); }
-  [[nodiscard]] std::string BrowseName() const override { return name_; }
-  [[nodiscard]] std::string Category() const override { return PlaceObject::Category(); }
-  [[nodiscard]] std::shared_ptr<IWorkspace> Workspace() const override { return workspace_; }
-  [[nodiscard]] std::shared_ptr<IPropertySet> PropertySet() const override { return nullptr; }
-  void Delete() override { Raise(kInvalidCall, "A feature dataset can't be removed from here."); }
-
- private:
-  std::shared_ptr<IWorkspace> workspace_;
-  std::string name_;
-  std::weak_ptr<PlaceDataset> self_;
-};
 
 const Format* ContainerFormat(const std::string& path) {
   const Format* format = FormatOfPath(path);
@@ -180,18 +135,6 @@ const Format* AskedFormat(const std::string& name) {
   throw Refusal("--format: '" + name + "' is no format that can be written. 'tessarine formats' lists them.");
 }
 
-SpatialReferenceRef WishedReference(const std::string& text) {
-  if (text.empty()) return nullptr;
-  SpatialReferenceRef reference;
-  try {
-    reference = SpatialReferenceEnvironment::CreateFromText(text);
-  } catch (const Fault& fault) {
-    throw Refusal("--to: " + fault.Description());
-  }
-  if (!Is<const UnknownCoordinateSystem>(reference)) return reference;
-  throw Refusal("--to: '" + text + "' is neither geographic nor projected.");
-}
-
 [[noreturn]] void RefuseStamp(const Format* format) {
   std::string keeping;
   for (const Format& other : AllFormats()) {
@@ -203,6 +146,17 @@ SpatialReferenceRef WishedReference(const std::string& text) {
 
 }  // namespace
 
+SpatialReferenceRef ReadReference(const std::string& option, const std::string& text) {
+  SpatialReferenceRef reference;
+  try {
+    reference = SpatialReferenceEnvironment::CreateFromText(text);
+  } catch (const Fault& fault) {
+    throw Refusal(option + ": " + fault.Description());
+  }
+  if (!Is<const UnknownCoordinateSystem>(reference)) return reference;
+  throw Refusal(option + ": '" + text + "' is neither geographic nor projected.");
+}
+
 void AddFormatOption(CLI::App& command, OutputOptions& options) {
   command.add_option("--format", options.format, "The format of the output, where its ending doesn't tell it")
       ->type_name("NAME");
@@ -213,7 +167,7 @@ void AddFormatOption(CLI::App& command, OutputOptions& options) {
 NamedOutput ParseOutput(const OutputOptions& options, Folders folders) {
   if (Trim(options.text).empty()) throw Refusal("-o needs a place: " + std::string(kOutputHelp) + ".");
   NamedOutput named = OutputText(options, AskedFormat(options.format)).Parse(folders);
-  named.wished = WishedReference(options.to);
+  if (!options.to.empty()) named.wished = ReadReference("--to", options.to);
   named.stamp = options.stamp;
   const Format* format = named.place.format;
   if (options.stamp && (format == nullptr || format->stamp == StampPlace::None)) RefuseStamp(format);
@@ -247,20 +201,6 @@ void RefuseUnwritableSource(const std::shared_ptr<IFeatureClass>& features) {
   } catch (const Fault& fault) {
     throw Refusal(fault.Description());
   }
-}
-
-PreparedPlace::PreparedPlace(const OutputPlace& place, const SpatialReferenceRef& reference, PromisingSystem& system)
-    : place_(place) {
-  PromisePlace(place, reference, system);
-}
-
-BrowsePlace PreparedPlace::Browse() const {
-  const std::string container = FromNativePath(place_.container);
-  const std::string kind(place_.format->kind == FormatOfPath(".shp")->kind ? "Folder" : place_.format->name);
-  if (place_.dataset.empty()) return {std::make_shared<PlaceObject>(container, kind), place_.name};
-  auto dataset = std::make_shared<PlaceDataset>(container, place_.dataset, kind + " Feature Dataset");
-  dataset->SetSelf(dataset);
-  return {dataset, place_.name};
 }
 
 }  // namespace tessarine

@@ -22,6 +22,10 @@ inline constexpr const char* kOutputHelp =
     "NAME.gpkg[:LAYER], NAME.shp, NAME.gdb/CLASS, NAME.geojson, or any other file that GDAL writes; "
     "PG:CONNECTION:SCHEMA.TABLE; - for GeoJSON lines on standard output. 'tessarine formats' lists them";
 
+/// The reference of this name or text. Raises `Refusal`, which names the option, for what is neither geographic nor
+/// projected.
+[[nodiscard]] SpatialReferenceRef ReadReference(const std::string& option, const std::string& text);
+
 /// Adds --format and --stamp.
 void AddFormatOption(CLI::App& command, OutputOptions& options);
 
@@ -45,18 +49,5 @@ void RefuseBrokenContainer(const OutputPlace& place);
 
 /// Refuses data that a run would write to in place and that can't be written to now.
 void RefuseUnwritableSource(const std::shared_ptr<IFeatureClass>& features);
-
-/// Makes the place ready for a run: a container that isn't there, and a new feature dataset with the given reference,
-/// are promised; the first class makes them.
-class PreparedPlace {
- public:
-  PreparedPlace(const OutputPlace& place, const SpatialReferenceRef& reference, PromisingSystem& system);
-
-  /// What the browse dialog answers for it.
-  [[nodiscard]] BrowsePlace Browse() const;
-
- private:
-  OutputPlace place_;
-};
 
 }  // namespace tessarine

@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "hosts/terminal/output_run.h"
 
-#include "engine/layer_copy.h"
-#include "hosts/terminal/form_answers.h"
 #include "hosts/terminal/output_checks.h"
 #include "hosts/terminal/output_wishes.h"
 #include "hosts/terminal/refusal.h"
 #include "outputs/format_workspace.h"
+#include "outputs/layer_copy.h"
 #include "platform/paths.h"
 
 namespace tessarine {
@@ -53,9 +52,11 @@ ExitStatus RunInto(Session& session, const ITool& tool, const Arguments& argumen
   RefuseTakenPlace(output, options);
   RefuseUnreachableReference(output, reference, extent);
   const SpatialReferenceRef made = output.wished ? output.wished : reference;
-  RefuseUnfitFormat(place, made);
+  // Of a copy the tool tries the very columns, and those of graphics are others.
+  const ToolSpec& spec = tool.Spec();
+  if (spec.works_on == ToolSubject::Layers && !spec.WritesIntoSource()) RefuseUnfitFormat(place, made);
   CheckDataset(place, made);
-  const PreparedPlace prepared(place, made, session.Host().LocalSystem());
+  PromisePlace(place, made, session.Host().LocalSystem());
   session.Host().SetWishes(WishesFor(output, options));
   if (!MayEnter(output)) return ExitStatus::Refused;
   return session.Run(tool, arguments);

@@ -80,11 +80,10 @@ int RunCommand(int argc, char** argv) {
   program.set_version_flag("-V,--version", VersionText);
   program.require_subcommand(1);
   program.footer("tessarine COMMAND --help tells the options of a command, with an example.");
-  AddToolCommands(program, chosen);
+  AddToolCommands(program, "", chosen);
   AddToolsCommand(program, chosen);
   AddGeodesicCommands(program, chosen);
   AddMeasuresCommand(program, chosen);
-  AddCalculateCommand(program, chosen);
   AddInfoCommand(program, chosen);
   AddFormatsCommand(program, chosen);
   AddGraphicsCommands(program, chosen);

@@ -53,32 +53,38 @@ void Session::RefuseReportOverData() const {
   }
 }
 
-ExitStatus Session::Run(const std::string& command_id, FormScript* script) {
-  if (!options_.report_file.empty()) RefuseReportOverData();
-  host_.SetScript(script);
-  bool enabled = true;
-  if (!UnlessStopped([&] { enabled = application_->Click(command_id); })) NoteStop();
+ExitStatus Session::Click(const std::string& command_id) {
+  if (!UnlessStopped([&] { (void)application_->Click(command_id); })) NoteStop();
   status_bar_->HideProgressBar();
-  if (!enabled) throw Refusal("This command is disabled: the document's host is too old for it.");
-  if (host_.AnswerRefused()) throw *host_.AnswerRefused();
   return Conclude();
 }
 
-ExitStatus Session::Run(const ITool& tool, const Arguments& arguments) {
+ExitStatus Session::Run(const ITool& tool, Arguments arguments) {
   if (!options_.report_file.empty()) RefuseReportOverData();
   const std::optional<Objection> objection = tool.Validate(arguments, application_);
-  if (objection && !objection->title.empty()) {
+  if (objection && objection->telling == Objection::kAsked) {
+    const MessageAnswer answer =
+        host_.MessageBox().Show(objection->text, objection->title, MessageButtons::OkCancel, MessageIcon::None);
+    if (answer != MessageAnswer::Ok) return Refuse(*objection);
+    arguments.confirmed = true;
+  } else if (objection && !objection->title.empty()) {
     (void)host_.MessageBox().Show(objection->text, objection->title, MessageButtons::Ok, MessageIcon::None);
-    host_.NoteFormRefused();
-    return Conclude();
+    return Refuse(*objection);
   }
   const bool plan_tells = objection && objection->telling == Objection::kToldByPlan && host_.PlanOnly();
-  if (objection && !plan_tells) throw Refusal(ObjectionText(*objection));
+  const bool stands = objection && objection->telling != Objection::kAsked;
+  if (stands && !plan_tells) throw Refusal(ObjectionText(*objection));
   if (!UnlessStopped([&] { RunOrPlan(tool, arguments); })) NoteStop();
   status_bar_->HideProgressBar();
   const ExitStatus status = Conclude();
-  if (objection) throw Refusal(ObjectionText(*objection));
+  if (stands) throw Refusal(ObjectionText(*objection));
   return status;
+}
+
+ExitStatus Session::Refuse(const Objection& objection) {
+  host_.Journal().cancelled = true;
+  host_.Journal().failure = objection.text;
+  return Conclude();
 }
 
 void Session::RunOrPlan(const ITool& tool, const Arguments& arguments) {
@@ -88,7 +94,10 @@ void Session::RunOrPlan(const ITool& tool, const Arguments& arguments) {
         host_.PlanOnly() ? tool.Plan(context, arguments, application_) : tool.Run(context, arguments, application_);
     // The user gave up, and knows it.
     if (host_.Journal().cancelled) return;
-    if (!host_.PlanOnly()) document_->SetDirty();
+    const bool of_document = tool.Spec().works_on == ToolSubject::Document;
+    // What works on the document marks it by itself, but for names.
+    if (!host_.PlanOnly() && !of_document) document_->SetDirty();
+    elements_changed_ = of_document && host_.Journal().written > 0;
     host_.SetReport(report);
   });
 }
@@ -105,11 +114,6 @@ void Session::NoteStop() {
                                "in its place is as it was."}));
 }
 
-ExitStatus Session::EndEarly(const std::string& report) {
-  host_.SetReport(report);
-  return Conclude();
-}
-
 ExitStatus Session::Conclude() {
   if (OutputIsPiped() && host_.Report()) host_.SetReport(WithoutPipedFile(*host_.Report()));
   // Each of these is done whatever becomes of the others; what is printed comes last, since its reader may go away.
@@ -119,7 +123,7 @@ ExitStatus Session::Conclude() {
   // What a stopped run has done is an output, too.
   const bool made = !host_.Journal().output_path.empty() && !host_.PlanOnly();
   if (OutputIsPiped() && made) SendPipedOutput();
-  if (options_.on_outcome) options_.on_outcome(host_.Journal());
+  if (options_.on_outcome) options_.on_outcome({host_.Journal(), host_.Report().has_value()});
   return Outcome();
 }
 
@@ -134,8 +138,9 @@ void Session::OrTell(Work&& work) {
 }
 
 void Session::SaveDocument() {
-  if (!document_->Dirty()) return;
-  application_->Stop();
+  // Names leave a document clean, but here nothing else would keep them.
+  if (!document_->Dirty() && !elements_changed_) return;
+  if (document_->Dirty()) application_->Stop();
   if (run_layer_) document_->Map().RemoveLayer(*run_layer_);
   if (!document_->Path.empty() && !options_.dry_run) WriteDocumentFile(*document_);
 }
@@ -177,7 +182,7 @@ ExitStatus Session::Outcome() {
     case RunOutcome::Done:
       break;
   }
-  return host_.FormRefused() ? ExitStatus::Refused : ExitStatus::Done;
+  return ExitStatus::Done;
 }
 
 }  // namespace tessarine

@@ -31,13 +31,11 @@ class Session {
   /// This layer is there for the run alone: the document is saved without it.
   void KeepForRunOnly(std::shared_ptr<ILayer> layer) { run_layer_ = std::move(layer); }
 
-  /// Clicks a command, its forms answered by the script; nothing answers no form. Prints the report and writes it to
-  /// the file that the options name, saves a document that became dirty, and tells how it went.
-  [[nodiscard]] ExitStatus Run(const std::string& command_id, FormScript* script);
-  /// Validates the arguments and runs the tool, or plans the run where the manners say so; then the same.
-  [[nodiscard]] ExitStatus Run(const ITool& tool, const Arguments& arguments);
-  /// Ends a run that came to nothing before its command could be clicked; the journal tells why.
-  [[nodiscard]] ExitStatus EndEarly(const std::string& report);
+  /// Clicks a command, saves a document that became dirty, and tells how it went.
+  [[nodiscard]] ExitStatus Click(const std::string& command_id);
+  /// Validates the arguments and runs the tool, or plans the run where the manners say so. Prints the report and writes
+  /// it to the file that the options name, saves a document that was changed, and tells how it went.
+  [[nodiscard]] ExitStatus Run(const ITool& tool, Arguments arguments);
 
  private:
   /// Does the work; a fault in it is told on standard error and counts for the exit status.
@@ -46,6 +44,8 @@ class Session {
   // A report takes the place of no file that the run reads or writes otherwise.
   void RefuseReportOverData() const;
   void RunOrPlan(const ITool& tool, const Arguments& arguments);
+  // Ends a run that may not begin, and that a message has told why.
+  [[nodiscard]] ExitStatus Refuse(const Objection& objection);
   [[nodiscard]] ExitStatus Conclude();
   void NoteStop();
   void SaveDocument();
@@ -59,6 +59,7 @@ class Session {
   std::shared_ptr<TerminalStatusBar> status_bar_;
   std::shared_ptr<DocumentApplication> application_;
   std::shared_ptr<ILayer> run_layer_;
+  bool elements_changed_ = false;
 };
 
 }  // namespace tessarine

@@ -62,43 +62,24 @@ class TerminalFrame final : public UnseenFrame {
   std::vector<std::weak_ptr<Form>>& open_forms_;
 };
 
+/// Nobody is there to choose a place.
 class TerminalGxDialog final : public IGxDialog {
  public:
-  explicit TerminalGxDialog(std::optional<BrowsePlace>& place) : place_(place) {}
   void AddFilter(GxFilter, bool) override {}
   void SetAllowMultiSelect(bool) override {}
   void SetTitle(const std::string&) override {}
   void SetButtonCaption(const std::string&) override {}
   void SetStartingLocation(const std::string&) override {}
-  [[nodiscard]] std::string Name() const override { return name_; }
-  void SetName(const std::string& name) override { name_ = name; }
-  [[nodiscard]] std::shared_ptr<IGxObject> FinalLocation() const override { return location_; }
-  bool DoModalSave(std::int32_t) override {
-    if (!place_) return false;
-    location_ = place_->location;
-    name_ = place_->name;
-    place_.reset();
-    return true;
-  }
-  bool DoModalOpen(std::int32_t parent, std::vector<std::shared_ptr<IGxObject>>& selection) override {
-    if (!DoModalSave(parent)) return false;
-    selection = {location_};
-    return true;
-  }
-
- private:
-  std::optional<BrowsePlace>& place_;
-  std::shared_ptr<IGxObject> location_;
-  std::string name_;
+  [[nodiscard]] std::string Name() const override { return ""; }
+  void SetName(const std::string&) override {}
+  [[nodiscard]] std::shared_ptr<IGxObject> FinalLocation() const override { return nullptr; }
+  bool DoModalSave(std::int32_t) override { return false; }
+  bool DoModalOpen(std::int32_t, std::vector<std::shared_ptr<IGxObject>>&) override { return false; }
 };
 
 class TerminalReferenceDialog final : public ISpatialReferenceDialog2 {
  public:
-  explicit TerminalReferenceDialog(SpatialReferenceRef chosen) : chosen_(std::move(chosen)) {}
-  [[nodiscard]] SpatialReferenceRef DoModalCreate(std::int32_t) override { return chosen_; }
-
- private:
-  SpatialReferenceRef chosen_;
+  [[nodiscard]] SpatialReferenceRef DoModalCreate(std::int32_t) override { return nullptr; }
 };
 
 }  // namespace
@@ -132,10 +113,10 @@ std::shared_ptr<IModelessFrame> TerminalHost::CreateModelessFrame() {
   return std::make_shared<TerminalFrame>(open_forms_);
 }
 
-std::shared_ptr<IGxDialog> TerminalHost::CreateGxDialog() { return std::make_shared<TerminalGxDialog>(browse_place_); }
+std::shared_ptr<IGxDialog> TerminalHost::CreateGxDialog() { return std::make_shared<TerminalGxDialog>(); }
 
 std::shared_ptr<ISpatialReferenceDialog2> TerminalHost::CreateSpatialReferenceDialog() {
-  return std::make_shared<TerminalReferenceDialog>(chosen_reference_);
+  return std::make_shared<TerminalReferenceDialog>();
 }
 
 bool TerminalHost::Ask(RunQuestion question, const std::string& text, const std::string& title) {
@@ -180,16 +161,8 @@ void TerminalHost::ShowModal(Form& form) {
     if (auto* exit = form.FindAs<CommandButton>("cmdOK")) exit->Press();
     return;
   }
-  try {
-    if (script_ != nullptr) script_->Answer(form);
-  } catch (const Refusal& refusal) {
-    // The procedures between here and the session trap what they don't know; the session throws it again.
-    refusal_ = refusal;
-  }
-  if (form.Visible()) {
-    form_refused_ = true;
-    form.CloseByUser();
-  }
+  ReadForm(form);
+  if (form.Visible()) form.CloseByUser();
 }
 
 }  // namespace tessarine

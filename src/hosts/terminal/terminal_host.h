@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// The terminal as host: forms are answered by the command's script, messages go to standard error, questions are
-// answered by options or by the user, the browse dialog gives the place that the command line named.
+// The terminal as host: messages go to standard error, questions are answered by options or by the user, and dialogs
+// that the user would have to answer are given up.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -10,8 +11,6 @@
 
 #include "hosts/document/promised_places.h"
 #include "hosts/document/windowless_host.h"
-#include "hosts/terminal/form_script.h"
-#include "hosts/terminal/refusal.h"
 #include "platform/host.h"
 
 namespace tessarine {
@@ -25,12 +24,6 @@ struct TerminalManners {
   unsigned jobs = 1;
 };
 
-/// What the browse dialog answers: once, the place of the command line; then it is cancelled.
-struct BrowsePlace {
-  std::shared_ptr<IGxObject> location;
-  std::string name;
-};
-
 class TerminalHost final : public WindowlessHost {
  public:
   TerminalHost(TerminalManners manners, std::string host_version);
@@ -40,11 +33,9 @@ class TerminalHost final : public WindowlessHost {
 
   /// Clears the line that the next text on standard error would stand on.
   std::function<void()> BeforePrinting = [] {};
+  /// Reads a form that a command shows.
+  std::function<void(Form& form)> ReadForm = [](Form&) {};
 
-  void SetScript(FormScript* script) { script_ = script; }
-  void SetBrowsePlace(BrowsePlace place) { browse_place_ = std::move(place); }
-  /// What the dialog for references answers; nothing cancels it.
-  void SetChosenReference(SpatialReferenceRef reference) { chosen_reference_ = std::move(reference); }
   void SetWishes(OutputWishes wishes) { wishes_ = std::move(wishes); }
   [[nodiscard]] PromisingSystem& LocalSystem() { return system_; }
   [[nodiscard]] const TerminalManners& Manners() const { return manners_; }
@@ -53,10 +44,6 @@ class TerminalHost final : public WindowlessHost {
   [[nodiscard]] const std::optional<std::string>& Report() const { return report_; }
   void SetReport(std::string rtf) { report_ = std::move(rtf); }
   [[nodiscard]] bool FaultReported() const { return fault_reported_; }
-  [[nodiscard]] bool FormRefused() const { return form_refused_; }
-  /// What the options asked of a form and the form can't give.
-  [[nodiscard]] const std::optional<Refusal>& AnswerRefused() const { return refusal_; }
-  void NoteFormRefused() { form_refused_ = true; }
   void NoteFault() { fault_reported_ = true; }
   /// True when a message box has told this text.
   [[nodiscard]] bool WasShown(const std::string& text) const;
@@ -88,16 +75,11 @@ class TerminalHost final : public WindowlessHost {
 
   TerminalManners manners_;
   PromisingSystem system_;
-  FormScript* script_ = nullptr;
-  std::optional<BrowsePlace> browse_place_;
-  SpatialReferenceRef chosen_reference_;
   OutputWishes wishes_;
   std::vector<std::weak_ptr<Form>> open_forms_;
   std::optional<std::string> report_;
   bool fault_reported_ = false;
   std::string last_message_;
-  bool form_refused_ = false;
-  std::optional<Refusal> refusal_;
   IHost* previous_;
 };
 

@@ -13,18 +13,29 @@
 namespace tessarine {
 namespace {
 
-// The options that have a letter.
+// The options that have a letter, and how sentences write them.
 struct Letter {
+  enum Telling : std::uint8_t { kByLetter, kByName };
+
   std::string_view parameter;
   char letter;
+  Telling telling;
 };
-constexpr Letter kLetters[] = {
-    {"output", 'o'}, {"fields", 'f'}, {"all-fields", 'a'}, {"cluster-tolerance", 't'}, {"measure", 'm'}};
+constexpr Letter kLetters[] = {{"output", 'o', Letter::kByLetter},     {"fields", 'f', Letter::kByLetter},
+                               {"all-fields", 'a', Letter::kByLetter}, {"cluster-tolerance", 't', Letter::kByLetter},
+                               {"measure", 'm', Letter::kByLetter},    {"to", 't', Letter::kByName},
+                               {"both", 'b', Letter::kByName},         {"all", 'a', Letter::kByName},
+                               {"selected", 's', Letter::kByName}};
 
 std::string OptionName(std::string_view parameter) {
   const auto* found = std::ranges::find(kLetters, parameter, &Letter::parameter);
   const std::string name = "--" + std::string(parameter);
   return found != std::end(kLetters) ? std::string("-") + found->letter + "," + name : name;
+}
+
+// An option, or a word of its own.
+std::string WordFor(const ToolParameter& parameter) {
+  return parameter.by_place ? std::string(parameter.name) : OptionName(parameter.name);
 }
 
 // "label" of "labels".
@@ -60,13 +71,28 @@ class OptionAdder {
       : command_(command), spec_(spec), options_(options) {}
 
   void AddAll() {
-    for (const ToolParameter& parameter : spec_.parameters) Add(parameter);
+    for (const ToolParameter& parameter : spec_.parameters) {
+      if (parameter.kind != ParameterKind::Output || !spec_.WritesIntoSource()) Add(parameter);
+    }
     for (const ToolParameter& parameter : spec_.parameters) Relate(parameter);
-    AddCommonOptions(command_, options_.common);
+    AddRun();
     if (spec_.spreads) AddJobsOption(command_, options_.common);
+    if (spec_.WritesIntoSource()) AddCopy(*spec_.Find("output"));
   }
 
  private:
+  void AddRun() {
+    CommonOptions& common = options_.common;
+    if (spec_.works_on == ToolSubject::Layers) {
+      AddCommonOptions(command_, common);
+    } else if (spec_.Find("output") != nullptr) {
+      AddRunOptions(command_, common);
+    } else {
+      if (spec_.asks) command_.add_flag("-y,--yes", common.yes, kYesHelp);
+      AddQuietRun(command_, common);
+    }
+  }
+
   void Add(const ToolParameter& parameter) {
     const std::string name(parameter.name);
     switch (parameter.kind) {
@@ -95,16 +121,30 @@ class OptionAdder {
       case ParameterKind::Box:
         AddTexts(parameter)->expected(1)->type_name("W,S,E,N");
         return;
-      case ParameterKind::Number:
+      case ParameterKind::Number: {
         CLI::Option* option = AddTexts(parameter)->expected(1);
         if (parameter.unit == "degrees") option->type_name("DEGREES");
+        return;
+      }
+      case ParameterKind::Shapes:
+        AddTexts(parameter)->expected(1)->type_name("SHAPES");
+        return;
+      case ParameterKind::Text:
+        AddTexts(parameter)->expected(1);
+        return;
+      case ParameterKind::Texts:
+        AddTexts(parameter);
+        return;
+      case ParameterKind::Reference:
+        AddTexts(parameter)->expected(1);
+        AddFormatOption(command_, options_.output);
         return;
     }
   }
 
   CLI::Option* AddTexts(const ToolParameter& parameter) {
     const std::string name(parameter.name);
-    CLI::Option* option = command_.add_option(OptionName(name), options_.texts[name], HelpOf(parameter));
+    CLI::Option* option = command_.add_option(WordFor(parameter), options_.texts[name], HelpOf(parameter));
     made_[name] = option->allow_extra_args(false)->required(parameter.required);
     return option;
   }
@@ -130,9 +170,24 @@ class OptionAdder {
         ->needs(option);
   }
 
-  void AddOutput(const ToolParameter& parameter) {
-    command_.add_option(OptionName(parameter.name), options_.output.text, HelpOf(parameter) + ": " + kOutputHelp)
+  CLI::Option* AddPlace(const ToolParameter& parameter) {
+    return command_
+        .add_option(OptionName(parameter.name), options_.output.text, HelpOf(parameter) + ": " + kOutputHelp)
         ->required(parameter.required);
+  }
+
+  void AddCopy(const ToolParameter& parameter) {
+    AddPlace(parameter)->type_name("COPY");
+    command_.add_flag("--only-selected", options_.only_selected,
+                      "Copy only the records that meet --where, or that are selected in the document");
+    AddFormatOption(command_, options_.output);
+    AddReferenceOption(command_, options_.output);
+  }
+
+  void AddOutput(const ToolParameter& parameter) {
+    AddPlace(parameter);
+    // The format's option stands behind the reference's, where a parameter is that.
+    if (spec_.reference == ToolReference::Chosen) return;
     AddFormatOption(command_, options_.output);
     if (spec_.reference == ToolReference::SourceAlone) {
       AddRefusedReferenceOption(command_, options_.output);
@@ -180,6 +235,12 @@ void ReadTexts(const ToolParameter& parameter, const std::vector<std::string>& t
     case ParameterKind::Number:
       arguments.Set(parameter.name, ReadNumber(parameter, texts.front()));
       return;
+    case ParameterKind::Texts:
+      arguments.Set(parameter.name, texts);
+      return;
+    case ParameterKind::Reference:
+      arguments.Set(parameter.name, ReadReference("--" + std::string(parameter.name), texts.front()));
+      return;
     default:
       arguments.Set(parameter.name, texts.front());
   }
@@ -198,10 +259,15 @@ const ITool& ToolNamed(std::string_view name) {
   Raise(kInvalidCall, "The suite has no tool '" + std::string(name) + "'.");
 }
 
-CLI::App& AddToolCommand(CLI::App& program, const ToolSpec& spec, ToolOptions& options) {
-  CLI::App& command = *program.add_subcommand(std::string(spec.name), std::string(spec.text));
+CLI::App& AddToolCommand(CLI::App& parent, const ToolSpec& spec, ToolOptions& options) {
+  const std::string name(spec.name.substr(spec.name.rfind(' ') + 1));
+  const std::string text(spec.text);
+  CLI::App& command = spec.works_on == ToolSubject::Document
+                          ? AddDocumentCommand(parent, name.c_str(), text.c_str(), options.common)
+                          : *parent.add_subcommand(name, text);
   OptionAdder(command, spec, options).AddAll();
-  command.footer("Example:\n  " + std::string(spec.example));
+  const std::string note = spec.note.empty() ? "" : ObjectionText({"", std::string(spec.note)}) + "\n\n";
+  command.footer(note + "Example:\n  " + std::string(spec.example));
   return command;
 }
 
@@ -236,11 +302,12 @@ ToolOutput OutputArgument(const OutputPlace& place) {
 }
 
 std::string ObjectionText(const Objection& objection) {
-  const auto shortest = [](std::string_view parameter) {
-    const std::string option = OptionName(parameter);
-    return option.substr(0, option.find(','));
+  const auto written = [](std::string_view parameter) {
+    const auto* found = std::ranges::find(kLetters, parameter, &Letter::parameter);
+    const bool by_letter = found != std::end(kLetters) && found->telling == Letter::kByLetter;
+    return by_letter ? std::string("-") + found->letter : "--" + std::string(parameter);
   };
-  return (objection.parameter.empty() ? "" : "--" + objection.parameter + ": ") + SentenceOf(objection, shortest);
+  return (objection.parameter.empty() ? "" : "--" + objection.parameter + ": ") + SentenceOf(objection, written);
 }
 
 }  // namespace tessarine

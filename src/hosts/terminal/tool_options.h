@@ -24,6 +24,7 @@ struct ToolOptions {
   SourceOptions source;
   std::vector<std::string> sources;
   OutputOptions output;
+  bool only_selected = false;  ///< a copy holds the chosen records alone
   std::map<std::string, std::vector<std::string>, std::less<>> texts;
   std::map<std::string, bool, std::less<>> flags;
   std::map<std::string, SourceOptions, std::less<>> layers;  ///< beside the source
@@ -34,9 +35,8 @@ struct ToolOptions {
 [[nodiscard]] const ITool& ToolNamed(std::string_view name);
 [[nodiscard]] std::vector<const ITool*> AllToolsOfSuite();
 
-/// Adds the command of a tool with an option for each of its parameters, those of every run, and its example. The
-/// output's option is left to commands of tools that have no such parameter.
-CLI::App& AddToolCommand(CLI::App& program, const ToolSpec& spec, ToolOptions& options);
+/// Adds the command of a tool with an option for each of its parameters, those of every run, and its example.
+CLI::App& AddToolCommand(CLI::App& parent, const ToolSpec& spec, ToolOptions& options);
 
 /// The values of all parameters but layers and outputs. Raises `Refusal` for numbers that are none, for a reference
 /// that the tool's output can't bear, and for spheroids that there aren't.

@@ -85,6 +85,7 @@ def what_is_there():
     provider = QgsApplication.processingRegistry().providerById("tessarine")
     names = {one.name() for one in provider.algorithms()}
     assert {"vertices", "wrap", "to-centric", "build-polygons", "calculate"} <= names, names
+    assert not any("graphics" in name for name in names), "tools for documents of the suite are none of the program's"
     for one in provider.algorithms():
         outputs = [parameter.name() for parameter in one.destinationParameterDefinitions()]
         assert outputs == ["OUTPUT"] and one.parameterDefinition("INPUT") is not None, one.name()

@@ -10,8 +10,8 @@
 #include <QFileInfo>
 
 #include "engine/format_abilities.h"
-#include "engine/layer_copy.h"
 #include "hosts/windows/qt_text.h"
+#include "outputs/layer_copy.h"
 #include "platform/fault.h"
 #include "platform/paths.h"
 #include "platform/run_stop.h"

@@ -31,6 +31,8 @@ QIcon ToolProvider::icon() const { return PictureOf(kPicture); }
 void ToolProvider::loadAlgorithms() {
   Trap("loadAlgorithms", [this] {
     for (const ITool* tool : CreateComponentAs<IToolCatalog>("Tessarine.clsToolCatalog", "IToolCatalog")->Tools()) {
+      // The program has no documents of the suite.
+      if (tool->Spec().works_on != ToolSubject::Layers) continue;
       addAlgorithm(new ToolAlgorithm(*tool));  // the provider owns it
     }
   });

@@ -57,8 +57,9 @@ QString ToolAlgorithm::shortHelpString() const {
   const ToolSpec& spec = Spec();
   QString help = Sentence(spec.text) + QStringLiteral("\n\n") + Translated("Takes") + QLatin1Char(' ') +
                  Sentence(spec.takes) + QStringLiteral("\n\n") + Sentence(spec.makes);
-  if (spec.Find("output") == nullptr)
+  if (spec.WritesIntoSource()) {
     help += QLatin1Char(' ') + Translated("Here that is a copy; the layer stays as it is.");
+  }
   for (const QgsProcessingParameterDefinition* parameter : parameterDefinitions()) {
     if (!parameter->help().isEmpty()) help += "\n\n" + parameter->description() + ": " + parameter->help();
   }
@@ -116,7 +117,7 @@ QString ToolAlgorithm::ObjectionTo(const QVariantMap& parameters, QgsProcessingC
   }
   const OutputGoal goal(*parameterDefinition(QLatin1String(kOutput)), parameters, context);
   PromisePlace(goal.Place(), nullptr, run.Places());
-  if (Spec().Find("output") != nullptr) arguments.Set("output", goal.Argument());
+  arguments.Set("output", goal.Argument());
   const auto objection = tool_.Validate(arguments, run.Application());
   return objection ? ObjectionText(Spec(), *objection) : QString();
 }

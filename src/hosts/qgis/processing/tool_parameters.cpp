@@ -115,6 +115,11 @@ std::unique_ptr<QgsProcessingParameterDefinition> DefinitionOf(const ToolSpec& s
       return std::make_unique<QgsProcessingParameterEnum>(name, label, CaptionsOfMeasures(), true, QVariant(), optional,
                                                           true);
     case ParameterKind::Output:
+    // What only tools for documents ask for.
+    case ParameterKind::Shapes:
+    case ParameterKind::Text:
+    case ParameterKind::Texts:
+    case ParameterKind::Reference:
       break;
   }
   return nullptr;

@@ -3,7 +3,6 @@
 
 #include <qgsexception.h>
 
-#include "engine/layer_copy.h"
 #include "hosts/qgis/processing/tool_parameters.h"
 #include "hosts/windows/qt_text.h"
 #include "platform/paths.h"
@@ -32,13 +31,9 @@ void ToolRun::Run(Arguments arguments, const OutputGoal& goal) {
   RefuseSources(goal.Place());
   const auto source = Require(arguments.Get<std::shared_ptr<IFeatureLayer>>("source"), "source");
   PromisePlace(goal.Place(), Require(source->FeatureClass(), "FeatureClass")->SpatialReference(), host_.Places());
-  if (spec.Find("output") != nullptr) {
-    arguments.Set("output", goal.Argument());
-    // Such a run would rather take another name than ask.
-    if (spec.renames) host_.Places().GiveFree(FromNativePath(goal.Place().NativePath()));
-  } else {
-    arguments.Set("source", CopyOf(*source, goal.Place()));
-  }
+  arguments.Set("output", goal.Argument());
+  // Such a run would rather take another name than ask.
+  if (spec.renames) host_.Places().GiveFree(FromNativePath(goal.Place().NativePath()));
   if (const auto objection = tool_.Validate(arguments, application_)) {
     throw QgsProcessingException(ObjectionText(spec, *objection));
   }
@@ -60,24 +55,6 @@ void ToolRun::RefuseSources(const OutputPlace& place) const {
     throw QgsProcessingException(ToQt("The output '" + place.NativePath() + "' would replace the data of '" + name +
                                       "', which the run reads: name another output."));
   }
-}
-
-std::shared_ptr<IFeatureLayer> ToolRun::CopyOf(const IFeatureLayer& source, const OutputPlace& place) {
-  const RunScope scope(context_);
-  context_.journal.reference = source.FeatureClass()->SpatialReference();
-  LayerCopyRequest request;
-  request.source = source.FeatureClass();
-  request.place = place;
-  request.replaces = Stands(place);
-  const LayerCopy copy = MakeLayerCopy(request);
-  for (const std::string& sentence : Require(Cast<IStagedDataset>(copy.output), "IStagedDataset")->Foretold()) {
-    host_.Announce(sentence);
-  }
-  auto layer = std::make_shared<DocumentFeatureLayer>();
-  layer->SetFeatureClass(copy.output);
-  layer->SetName(source.Name());
-  document_->Map().AddLayer(layer);
-  return layer;
 }
 
 void ToolRun::TellReport(const std::string& report, const OutputGoal& goal) {

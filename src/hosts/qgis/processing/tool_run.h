@@ -36,7 +36,6 @@ class ToolRun {
   void Run(Arguments arguments, const OutputGoal& goal);
 
  private:
-  [[nodiscard]] std::shared_ptr<IFeatureLayer> CopyOf(const IFeatureLayer& source, const OutputPlace& place);
   void RefuseSources(const OutputPlace& place) const;
   void TellReport(const std::string& report, const OutputGoal& goal);
 

@@ -18,6 +18,7 @@ struct LayerCopyRequest {
   std::shared_ptr<IFeatureClass> source;          ///< a class of the engine's
   OutputPlace place;                              ///< with its format and name
   std::optional<std::vector<std::int64_t>> only;  ///< the records to copy, all where nothing is given
+  std::vector<std::int64_t> selected;             ///< records that shall be selected in the copy, ascending
   bool replaces = false;                          ///< what stands at the place goes away when the copy is published
   std::vector<std::string> result_fields;         ///< names that no column may take that the format makes up
   std::string question;                           ///< that the plan tells of, empty for none
@@ -39,6 +40,8 @@ struct LayerCopy {
   std::vector<CopiedField> fields;
   std::vector<std::pair<std::int64_t, std::int64_t>>
       oids;  ///< of the source and the copy, by the first; none of a plan
+  std::shared_ptr<ISelectionSet> selection =
+      nullptr;  ///< those of the request; in a plan with the source's identifiers
 };
 
 /// The format that a path's ending names: of the table, or another that GDAL writes. Null where there is none.
@@ -47,6 +50,12 @@ struct LayerCopy {
 /// True when a layer or table stands under the name of the place, or, outside of containers, any file of it. A
 /// publication that died in its last step is ended first.
 [[nodiscard]] bool Stands(const OutputPlace& place);
+
+/// The identifiers of the selected rows, ascending. Rows of others than the engine's classes are read for it.
+[[nodiscard]] std::vector<std::int64_t> OidsOf(ISelectionSet& selection);
+
+/// False for classes of other programs' making.
+[[nodiscard]] bool CanBeCopied(const std::shared_ptr<IFeatureClass>& source);
 
 /// Faults name the target and what to do; nothing is left of the copy then; that of number 5 is
 /// about what the format can't hold at all. Raises `RunStopped`.
