@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QScreen>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QStyle>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -185,8 +186,10 @@ void FormWindow::UpdateForm() {
   QPalette colors = palette();
   colors.setColor(QPalette::Window, ColorOf(form_.BackColor(), palette()));
   if (IsExplicitColor(form_.BackColor()) && colors != canvas_->palette()) {
-    canvas_->setPalette(colors);
-    canvas_->setAutoFillBackground(true);
+    for (QWidget* widget : {canvas_, footer_}) {
+      widget->setPalette(colors);
+      widget->setAutoFillBackground(true);
+    }
   }
   if (isVisible() && (form_.Left() != shown_left_ || form_.Top() != shown_top_)) PlaceOnScreen();
   UpdateSize();
@@ -292,12 +295,14 @@ void FormWindow::UpdateSize() {
   const bool scrolls = least.boundedTo(size).height() > room.height();
   if (scrolls || footer_->isVisibleTo(this)) UpdateFooter(scrolls);
   canvas_->setMinimumSize(least.boundedTo(size) - QSize(0, below_canvas_));
+  // A bar beside the canvas doesn't take from its width.
+  const QSize bar(scrolls ? scroll_->verticalScrollBar()->sizeHint().width() : 0, 0);
   if (HasMinimum(form_)) {
-    setMinimumSize(least.boundedTo(room).boundedTo(size));
+    setMinimumSize((least.boundedTo(size) + bar).boundedTo(room));
   } else {
-    setFixedSize(size.boundedTo(room));
+    setFixedSize((size + bar).boundedTo(room));
   }
-  if (canvas_->size() != size - QSize(0, below_canvas_)) resize(size.boundedTo(room));
+  if (canvas_->size() != size - QSize(0, below_canvas_)) resize((size + bar).boundedTo(room));
   if (isVisible()) KeepOnScreen();
 }
 
@@ -312,7 +317,8 @@ void FormWindow::KeepOnScreen() {
 // The user's size becomes the form's, which lays its controls out anew.
 void FormWindow::TakeSize(QSize size) {
   size += QSize(0, below_canvas_);
-  if (flushing_ || concealed_ || size == units_.Size(form_.Width(), form_.Height())) return;
+  // A form of one size keeps it, whatever room the bars beside it take.
+  if (flushing_ || concealed_ || !HasMinimum(form_) || size == units_.Size(form_.Width(), form_.Height())) return;
   Trap(form_.Name() + " Form_Resize",
        [&] { form_.Resize(units_.UnitsAcross(size.width()), units_.UnitsDown(size.height())); });
   Flush();

@@ -26,6 +26,8 @@ NewsFeed\\httpsfeedqgisorg\\disabled=true
 checkVersion=false
 enableMacros=Never
 """
+# The program's language where it isn't English.
+LANGUAGES = {"german": "de"}
 
 
 def start_screen(folder):
@@ -51,7 +53,8 @@ def run(options, scenario, folder):
     profiles = folder / "profiles"
     settings = profiles / "profiles/default/QGIS/QGIS3.ini"
     settings.parent.mkdir(parents=True)
-    settings.write_text(QUIET)
+    language = LANGUAGES.get(scenario)
+    settings.write_text(QUIET + ("[locale]\noverrideFlag=true\nuserLocale=%s\n" % language if language else ""))
     environment = {name: value for name, value in os.environ.items() if not name.startswith(("XDG_", "QGIS_", "QT_"))}
     environment.update(
         HOME=str(folder), XDG_RUNTIME_DIR=str(folder), XDG_DATA_HOME=str(folder / "data"), LC_ALL="C.UTF-8",
