@@ -29,6 +29,16 @@ bool LiesOnABox(const RichTextBox& box) {
   return false;
 }
 
+// What a text begins with that was set as plain text.
+const std::string& HeadOfPlainText() {
+  static const std::string head = [] {
+    std::string rtf = PlainTextToRtf("");
+    rtf.pop_back();
+    return rtf;
+  }();
+  return head;
+}
+
 // The runs of the suite's own texts; what a report tells is in none of the translations.
 RichText InLanguage(RichText text) {
   for (RichParagraph& paragraph : text) {
@@ -73,7 +83,7 @@ class RichTextView final : public ControlView {
       if (box_.Locked || LinesToQt(box_.Text()) != Edit().toPlainText() || font != shown_font_) {
         const double scale = QFontInfo(font).pointSizeF() / kReportPoints;
         if (font != shown_font_ || !AppendWhatIsNew(scale)) {
-          FillDocument(*Edit().document(), InLanguage(ReadRtf(box_.TextRTF())), font.family(), scale);
+          FillDocument(*Edit().document(), Shown(), font.family(), scale);
         }
       }
       shown_rtf_ = box_.TextRTF();
@@ -88,13 +98,15 @@ class RichTextView final : public ControlView {
     Edit().ensureCursorVisible();
   }
 
+  // A log stays in the language that it is written in.
+  [[nodiscard]] RichText Shown() const {
+    const RichText text = ReadRtf(box_.TextRTF());
+    return box_.TextRTF().starts_with(HeadOfPlainText()) ? text : InLanguage(text);
+  }
+
   // A log grows line by line: what stands is left alone. False where the text isn't the shown one with more behind it.
   bool AppendWhatIsNew(double scale) {
-    static const std::string head = [] {
-      std::string rtf = PlainTextToRtf("");
-      rtf.pop_back();
-      return rtf;
-    }();
+    const std::string& head = HeadOfPlainText();
     const std::string& rtf = box_.TextRTF();
     if (!shown_rtf_.starts_with(head) || !rtf.starts_with(head)) return false;
     const std::string_view shown(shown_rtf_.data(), shown_rtf_.size() - 1);  // without the end of the group

@@ -2,7 +2,7 @@
 // The suite in German: no text of a form, a menu or the toolbox is left out, and forms hold the texts.
 #include "hosts/windows/translation.h"
 
-#include <QLineEdit>
+#include <QTextEdit>
 #include <algorithm>
 #include <set>
 
@@ -11,6 +11,7 @@
 #include "hosts/document/component_loader.h"
 #include "platform/measure_catalog.h"
 #include "platform/rich_text.h"
+#include "support/frmOrlProgressMeter.h"
 #include "tests/hosts/windows/windows_fixture.h"
 #include "tools/tool.h"
 
@@ -91,6 +92,20 @@ TEST_F(TranslationTest, NoFormHasATextWithoutOne) {
     EXPECT_NE(window.Title().toStdString(), window.ShownForm().Caption()) << name;
   });
   EXPECT_THAT(missing.Texts(), IsEmpty());
+}
+
+TEST_F(TranslationTest, ALogStaysAsItIsWritten) {
+  if (missing_language) GTEST_SKIP() << "Built without lrelease.";
+  testing::SampleHost host;
+  const auto form = std::make_shared<frmOrlProgressMeter>();
+  form->Load();
+  form->txtDetails.SetText("Began Job: 9:25\r\n");
+  form->Frame()->SetVisible(true);
+  form->ShowModeless();
+  const FormWindow& window = *host.FormWindows().WindowOf(*form);
+  EXPECT_EQ(qobject_cast<QTextEdit*>(window.WidgetOf("txtDetails"))->toPlainText(), "Began Job: 9:25");
+  EXPECT_EQ(qobject_cast<QAbstractButton*>(window.WidgetOf("cmdStop"))->text(), "Anhalten");
+  form->Unload();
 }
 
 TEST_F(TranslationTest, NoMeasureCommandOrToolIsWithoutOne) {

@@ -1899,5 +1899,225 @@
         <source>neither pole</source>
         <translation>keinen Pol</translation>
     </message>
+    <message>
+        <source>A class of points with their coordinates, of lines with their lengths or of polygons with their areas, with the names of the elements, and a layer of it in the map.</source>
+        <translation>Ein Layer von Punkten mit Koordinaten, von Linien mit Längen oder von Polygonen mit Flächen, mit den Namen der Grafiken, und in der Karte.</translation>
+    </message>
+    <message>
+        <source>A class without features, with the fields that graphics of its shape get, and a layer of it in the map.</source>
+        <translation>Ein leerer Layer mit den Feldern, die Grafiken seiner Art bekommen, auch in der Karte.</translation>
+    </message>
+    <message>
+        <source>A selection of graphic elements, in the document itself; what was selected stays so.</source>
+        <translation>Eine Auswahl von Grafiken, im Dokument selbst; was gewählt war, bleibt es.</translation>
+    </message>
+    <message>
+        <source>Add graphic elements of the active view to the selection, by type or name</source>
+        <translation>Fügt Grafiken der aktiven Ansicht nach Art oder Namen zur Auswahl hinzu</translation>
+    </message>
+    <message>
+        <source>All</source>
+        <translation>Alle</translation>
+    </message>
+    <message>
+        <source>Both</source>
+        <translation>Beides</translation>
+    </message>
+    <message>
+        <source>Circles</source>
+        <translation>Kreise</translation>
+    </message>
+    <message>
+        <source>Data graphs</source>
+        <translation>Diagramme</translation>
+    </message>
+    <message>
+        <source>Ellipses</source>
+        <translation>Ellipsen</translation>
+    </message>
+    <message>
+        <source>Empty Feature Class</source>
+        <translation>Leerer Layer</translation>
+    </message>
+    <message>
+        <source>Frames</source>
+        <translation>Rahmen</translation>
+    </message>
+    <message>
+        <source>Give graphic elements of the map a name</source>
+        <translation>Gibt Grafiken der Karte einen Namen</translation>
+    </message>
+    <message>
+        <source>Graphics to Features</source>
+        <translation>Grafiken zu Objekten</translation>
+    </message>
+    <message>
+        <source>Groups</source>
+        <translation>Gruppen</translation>
+    </message>
+    <message>
+        <source>Leave the source as it is and work on this copy of the layer</source>
+        <translation>Die Quelle lassen, wie sie ist, und an dieser Kopie des Layers arbeiten</translation>
+    </message>
+    <message>
+        <source>Lines</source>
+        <translation>Linien</translation>
+    </message>
+    <message>
+        <source>Make a feature class of graphic elements</source>
+        <translation>Macht aus Grafiken einen Layer</translation>
+    </message>
+    <message>
+        <source>Make an empty feature class</source>
+        <translation>Legt einen leeren Layer an</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Name Graphics</source>
+        <translation>Grafiken benennen</translation>
+    </message>
+    <message>
+        <source>Name all elements</source>
+        <translation>Alle Grafiken benennen</translation>
+    </message>
+    <message>
+        <source>Name the selected elements alone</source>
+        <translation>Nur die gewählten Grafiken benennen</translation>
+    </message>
+    <message>
+        <source>Names of graphic elements, in the document itself.</source>
+        <translation>Namen von Grafiken, im Dokument selbst.</translation>
+    </message>
+    <message>
+        <source>Pattern</source>
+        <translation>Muster</translation>
+    </message>
+    <message>
+        <source>Pictures</source>
+        <translation>Bilder</translation>
+    </message>
+    <message>
+        <source>Rectangles</source>
+        <translation>Rechtecke</translation>
+    </message>
+    <message>
+        <source>Reference</source>
+        <translation>Bezugssystem</translation>
+    </message>
+    <message>
+        <source>Select Graphics</source>
+        <translation>Grafiken auswählen</translation>
+    </message>
+    <message>
+        <source>Select the elements of this name; may be given several times</source>
+        <translation>Grafiken dieses Namens wählen; mehrfach möglich</translation>
+    </message>
+    <message>
+        <source>Select the elements whose names match: * is any run of characters, &amp; or ? any one</source>
+        <translation>Grafiken wählen, deren Namen passen: * steht für beliebige Zeichen, &amp; oder ? für eines</translation>
+    </message>
+    <message>
+        <source>Selected</source>
+        <translation>Ausgewählte</translation>
+    </message>
+    <message>
+        <source>Shapes</source>
+        <translation>Art</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>Texte</translation>
+    </message>
+    <message>
+        <source>Texts</source>
+        <translation>Texte</translation>
+    </message>
+    <message>
+        <source>To</source>
+        <translation>Art</translation>
+    </message>
+    <message>
+        <source>points, polylines or polygons</source>
+        <translation>Punkte, Linien oder Polygone</translation>
+    </message>
+    <message>
+        <source>a map document</source>
+        <translation>ein Kartendokument</translation>
+    </message>
+    <message>
+        <source>Take lines and polygons alike, as polylines or as polygons</source>
+        <translation>Linien und Polygone nehmen, als Linien oder als Polygone</translation>
+    </message>
+    <message>
+        <source>Take all elements</source>
+        <translation>Alle Grafiken nehmen</translation>
+    </message>
+    <message>
+        <source>Take the selected elements alone</source>
+        <translation>Nur die gewählten Grafiken nehmen</translation>
+    </message>
+    <message>
+        <source>The name; none takes the names away, which --yes confirms</source>
+        <translation>Der Name; ohne einen werden die Namen entfernt, was --yes bestätigt</translation>
+    </message>
+    <message>
+        <source>The output's spatial reference, as EPSG:32612; the map's when left out</source>
+        <translation>Das Bezugssystem der Ausgabe, etwa EPSG:32612; sonst das der Karte</translation>
+    </message>
+    <message>
+        <source>graphic elements of a map document</source>
+        <translation>Grafiken eines Kartendokuments</translation>
+    </message>
+    <message>
+        <source>Select the points</source>
+        <translation>Punkte wählen</translation>
+    </message>
+    <message>
+        <source>Select the lines</source>
+        <translation>Linien wählen</translation>
+    </message>
+    <message>
+        <source>Select the polygons</source>
+        <translation>Polygone wählen</translation>
+    </message>
+    <message>
+        <source>Select the rectangles</source>
+        <translation>Rechtecke wählen</translation>
+    </message>
+    <message>
+        <source>Select the ellipses</source>
+        <translation>Ellipsen wählen</translation>
+    </message>
+    <message>
+        <source>Select the circles</source>
+        <translation>Kreise wählen</translation>
+    </message>
+    <message>
+        <source>Select the texts</source>
+        <translation>Texte wählen</translation>
+    </message>
+    <message>
+        <source>Select the text</source>
+        <translation>Texte wählen</translation>
+    </message>
+    <message>
+        <source>Select the pictures</source>
+        <translation>Bilder wählen</translation>
+    </message>
+    <message>
+        <source>Select the data graphs</source>
+        <translation>Diagramme wählen</translation>
+    </message>
+    <message>
+        <source>Select the groups</source>
+        <translation>Gruppen wählen</translation>
+    </message>
+    <message>
+        <source>Select the frames</source>
+        <translation>Rahmen wählen</translation>
+    </message>
 </context>
 </TS>
