@@ -71,7 +71,7 @@ TEST_F(Graphics, EmptyClassesAndRefusals) {
   EXPECT_EQ(Run({"new", In("graphics.json"), "points", "-o", In("x.gdb/points")}).status, 2);
   EXPECT_THAT(Run({"new", In("graphics.json"), "points", "-o", In("x.gdb/set/points_2")}).out,
               HasSubstr("Shapefile saved to:\n   " + In("x.gdb/set/points_2")));
-  EXPECT_THAT(Run({"new", In("graphics.json"), "circles", "-o", In("countries.shp")}).err, HasSubstr("is no shape"));
+  EXPECT_THAT(Run({"new", In("graphics.json"), "circles", "-o", In("free.shp")}).err, HasSubstr("is no shape"));
   EXPECT_THAT(Run({"new", In("graphics.json"), "points", "-o", In("y.shp"), "--reference", "EPSG:4978"}).err,
               HasSubstr("neither geographic nor projected"));
   EXPECT_EQ(Run({"new", In("graphics.json"), "points", "-o", In("none/y.shp")}).status, 2);
