@@ -33,12 +33,13 @@ class Tools : public ProgramTest {
   // The words of a command line, without the program's name; data come from their folder, and outputs go to the test's.
   [[nodiscard]] std::vector<std::string> WordsOf(const std::string& line) const {
     std::vector<std::string> words;
-    bool quoted = false;
+    char quote = '\0';  // that a word stands in
     std::string word;
     for (const char c : line + " ") {
-      if (c == '"' || c == '\'') {
-        quoted = !quoted;
-      } else if (c == ' ' && !quoted) {
+      const bool is_quote = quote != '\0' ? c == quote : c == '"' || c == '\'';
+      if (is_quote) {
+        quote = quote != '\0' ? '\0' : c;
+      } else if (c == ' ' && quote == '\0') {
         if (!word.empty()) words.push_back(word);
         word.clear();
       } else {
