@@ -128,7 +128,9 @@ std::unique_ptr<ShapefilePoints> ShapefilePoints::Open(const OgrSource& source, 
     layout = ReadDbaseLayout(file);
   }
   const OGRFeatureDefn& definition = *layer.GetLayerDefn();
-  if (layout.record_count != 0 || layout.columns.size() != static_cast<std::size_t>(definition.GetFieldCount())) {
+  // GDAL gives a table without columns one of its own with the first row.
+  if (layout.record_count != 0 || layout.columns.empty() ||
+      layout.columns.size() != static_cast<std::size_t>(definition.GetFieldCount())) {
     return nullptr;
   }
   std::vector<OGRFieldType> types;
