@@ -70,11 +70,11 @@ def run(options, scenario, folder):
              str(HERE / "in_program.py")],
             env=environment, start_new_session=True, stdout=open(folder / "out.log", "w"), stderr=subprocess.STDOUT)
         try:
-            status = program.wait(LIMIT_SECONDS)
+            status = program.wait(options.limit)
         except subprocess.TimeoutExpired:
             os.killpg(program.pid, signal.SIGKILL)
             program.wait()
-            status = "no end within %d s" % LIMIT_SECONDS
+            status = "no end within %d s" % options.limit
     finally:
         screen.terminate()
         screen.wait()
@@ -94,6 +94,7 @@ def main():
     parser = argparse.ArgumentParser()
     parser.add_argument("--build", required=True)
     parser.add_argument("--program", default="qgis")
+    parser.add_argument("--limit", type=float, default=LIMIT_SECONDS, help="seconds that one scenario may take")
     parser.add_argument("--keep", type=pathlib.Path, help="a folder for what the run leaves")
     parser.add_argument("scenarios", nargs="+")
     options = parser.parse_args()
