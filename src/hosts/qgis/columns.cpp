@@ -248,6 +248,11 @@ int Columns::AttributeOf(std::int32_t index) const {
   return attributes[static_cast<std::size_t>(index)];
 }
 
+bool IsStored(const QgsFields& fields, int index) {
+  const QgsFields::FieldOrigin origin = fields.fieldOrigin(index);
+  return origin == QgsFields::OriginProvider || origin == QgsFields::OriginEdit;
+}
+
 Columns ColumnsOf(const QgsVectorLayer& layer) {
   Columns columns;
   auto list = std::make_shared<Fields>();
@@ -263,7 +268,7 @@ Columns ColumnsOf(const QgsVectorLayer& layer) {
   const QgsFields fields = layer.fields();
   for (int index = 0; index < fields.count(); ++index) {
     if (index == identifier) continue;
-    list->AddField(AttributeField(fields.at(index), fields.fieldOrigin(index) == QgsFields::OriginProvider));
+    list->AddField(AttributeField(fields.at(index), IsStored(fields, index)));
     columns.attributes.push_back(index);
   }
   columns.fields = std::move(list);

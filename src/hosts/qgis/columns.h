@@ -26,6 +26,10 @@ struct Columns {
   [[nodiscard]] int AttributeOf(std::int32_t index) const;
 };
 
+/// Whether values of the field are kept with the row: those of the data and those added in an edit session, not joined
+/// and calculated ones.
+[[nodiscard]] bool IsStored(const QgsFields& fields, int index);
+
 /// The shape field has no reference yet.
 [[nodiscard]] Columns ColumnsOf(const QgsVectorLayer& layer);
 

@@ -15,6 +15,8 @@
 
 #include "engine/dataset_files.h"
 #include "engine/workspace_of.h"
+#include "hosts/qgis/layer_edit.h"
+#include "hosts/qgis/layer_file.h"
 #include "hosts/qgis/layer_row.h"
 #include "hosts/qgis/values.h"
 #include "hosts/windows/qt_text.h"
@@ -88,7 +90,7 @@ QgsVectorLayer& LayerClass::Layer() const {
   if (!layer_ || !layer_->isValid()) {
     Raise(kObjectNotSet, "The layer '" + FromQt(name_) + "' can't be read: it is no longer in the project.");
   }
-  if (layer_->dataProvider() == nullptr || !layer_->dataProvider()->isValid()) {
+  if (!DataAreThere(*layer_)) {
     Raise(kPathNotFound, "The data of the layer '" + FromQt(name_) + "' can't be read: they have gone, or their " +
                              "program or server doesn't answer.");
   }
@@ -114,46 +116,78 @@ std::shared_ptr<const LayerTraits> LayerClass::Traits() const {
   return traits_;
 }
 
-void LayerClass::Change(const QgsChangedAttributesMap& attributes, const QgsGeometryMap& shapes) {
-  QgsVectorDataProvider& provider = *Layer().dataProvider();
+void LayerClass::ChangeBuffer(QgsVectorLayer& layer, const RowChanges& changes) {
+  const auto require = [&](bool done, const char* what) {
+    if (!done) Raise(kEngine, std::string(what) + " the layer '" + FromQt(layer.name()) + "', which is being edited.");
+    has_buffered_ = true;
+  };
+  for (auto row = changes.attributes.begin(); row != changes.attributes.end(); ++row) {
+    const bool done = layer.changeAttributeValues(row.key(), row.value(), changes.before.value(row.key()), true);
+    require(done, "Attributes can't be changed in");
+  }
+  for (auto row = changes.shapes.begin(); row != changes.shapes.end(); ++row) {
+    QgsGeometry shape = row.value();
+    require(layer.changeGeometry(row.key(), shape, true), "Shapes can't be changed in");
+  }
+}
+
+void LayerClass::Change(const RowChanges& changes) {
+  QgsVectorLayer& layer = Layer();
+  if (layer.isEditable()) return ChangeBuffer(layer, changes);
+  QgsVectorDataProvider& provider = *layer.dataProvider();
   provider.clearErrors();
-  if (!attributes.isEmpty() && !provider.changeAttributeValues(attributes)) {
-    RaiseProviderFault(Layer(), "Attributes can't be written to");
+  // Provider fields come first, so that the layer's index is the provider's too.
+  if (!changes.attributes.isEmpty() && !provider.changeAttributeValues(changes.attributes)) {
+    RaiseProviderFault(layer, "Attributes can't be written to");
   }
   // The provider takes what is geometry alone.
-  QgsGeometryMap changed = shapes;
-  if (!changed.isEmpty() && !provider.changeGeometryValues(changed)) {
-    RaiseProviderFault(Layer(), "Shapes can't be written to");
+  QgsGeometryMap shapes = changes.shapes;
+  if (!shapes.isEmpty() && !provider.changeGeometryValues(shapes)) {
+    RaiseProviderFault(layer, "Shapes can't be written to");
   }
 }
 
 void LayerClass::DeleteRow(QgsFeatureId oid) {
-  if (!Layer().dataProvider()->deleteFeatures({oid})) RaiseProviderFault(Layer(), "A row can't be deleted from");
+  QgsVectorLayer& layer = Layer();
+  const bool done = layer.isEditable() ? layer.deleteFeature(oid) : layer.dataProvider()->deleteFeatures({oid});
+  if (!done) RaiseProviderFault(layer, "A row can't be deleted from");
   ShowChanges(true);
 }
 
 void LayerClass::ShowChanges(bool shapes_changed) {
   if (!layer_) return;
-  ReloadKeepingSelection(*layer_);
+  // What is in an edit buffer has been told row by row.
+  if (!layer_->isEditable()) ReloadKeepingSelection(*layer_);
   if (shapes_changed) layer_->updateExtents();
   layer_->triggerRepaint();
 }
 
-void LayerClass::AddField(const FieldRef& field) {
+void LayerClass::AddFields(std::span<const FieldRef> fields) {
+  if (stored_) return stored_->AddFields(fields);
   QgsVectorLayer& layer = Layer();
-  const QgsField added = NewFieldFor(*field, *layer.dataProvider());
-  if (FindField(field->Name) >= 0) {
+  QList<QgsField> added;
+  for (const FieldRef& field : fields) {
+    added << NewFieldFor(*field, *layer.dataProvider());
+    if (FindField(field->Name) < 0) continue;
     Raise(kInvalidCall, "The layer '" + FromQt(layer.name()) + "' has a field '" + field->Name + "' already.");
   }
   layer.dataProvider()->clearErrors();
-  if (!layer.dataProvider()->addAttributes({added})) {
-    RaiseProviderFault(layer, "The field '" + field->Name + "' can't be added to");
+  bool done = true;
+  if (layer.isEditable()) {
+    for (const QgsField& field : added) done = done && layer.addAttribute(field);
+    has_buffered_ = true;
+  } else {
+    done = layer.dataProvider()->addAttributes(added);
   }
   layer.updateFields();
-  if (layer.fields().lookupField(added.name()) < 0) {
-    RaiseProviderFault(layer, "The field '" + field->Name + "' can't be added under this name to");
+  for (const FieldRef& field : fields) {
+    if (layer.fields().lookupField(ToQt(field->Name)) >= 0) continue;
+    RaiseProviderFault(layer,
+                       "The field '" + field->Name + "' can't be added " + (done ? "under this name " : "") + "to");
   }
 }
+
+std::shared_ptr<IEdit> LayerClass::BeginEdit() { return BeginLayerEdit(shared_from_this()); }
 
 std::string LayerClass::Name() const {
   const FilePlace place = PlaceOf(Layer());
@@ -185,7 +219,7 @@ void LayerClass::Delete() {
 
 bool LayerClass::CanBypassEditSession() const {
   const QgsVectorLayer& layer = Layer();
-  return !layer.isEditable() && !layer.readOnly() &&
+  return !layer.readOnly() &&
          (layer.dataProvider()->capabilities() & QgsVectorDataProvider::ChangeAttributeValues) != 0;
 }
 
@@ -197,6 +231,7 @@ DatasetFiles LayerClass::Files() const {
 }
 
 std::int32_t LayerClass::CountRows(const QueryFilter* filter) {
+  if (stored_) return stored_->FeatureCount(filter);
   std::int64_t count = filter == nullptr ? Layer().featureCount() : -1;
   // Some providers don't know, and a filter always asks for a look at the rows.
   if (count < 0) {
@@ -211,6 +246,7 @@ std::int32_t LayerClass::CountRows(const QueryFilter* filter) {
 }
 
 std::shared_ptr<IFeature> LayerClass::ReadRow(std::int64_t oid) {
+  if (stored_) return stored_->GetFeature(oid);
   QgsFeature feature = Layer().getFeature(oid);
   if (!feature.isValid()) {
     Raise(kInvalidCall, "The layer '" + FromQt(Layer().name()) + "' has no row " + std::to_string(oid) + ".");

@@ -2,7 +2,8 @@
 // The data of a vector layer of the project, of any provider, as a feature class or a table.
 //
 // Rows are read and written through the layer and its provider, so that the program's own caches, connections and
-// filters hold. The layer's filter restricts what there is.
+// filters hold. The layer's filter restricts what there is. A layer that is being edited is read and changed with its
+// edits, which the user saves or not. Within an edit of ours, a layer that shows just a file is that file.
 #pragma once
 
 #include <qgsfeature.h>
@@ -10,6 +11,7 @@
 
 #include <QPointer>
 #include <memory>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -27,6 +29,18 @@ struct LayerTraits {
   bool dbase = false;  ///< numbers are kept as text of a fixed width
 };
 
+/// How many rows go together.
+struct RowBatches {
+  std::size_t read = 1000;
+  std::size_t write = 5000;  ///< databases commit once for each
+};
+
+/// Changes of rows, by the layer's field indexes.
+struct RowChanges {
+  QgsChangedAttributesMap attributes, before;
+  QgsGeometryMap shapes;
+};
+
 /// Reads the data of a layer again; what the user selected stays selected, which the program would clear.
 void ReloadKeepingSelection(QgsVectorLayer& layer);
 
@@ -36,22 +50,31 @@ class LayerClass : public virtual IClass,
                    public IDatasetFiles,
                    public std::enable_shared_from_this<LayerClass> {
  public:
-  explicit LayerClass(QgsVectorLayer& layer) : layer_(&layer), name_(layer.name()) {}
+  explicit LayerClass(QgsVectorLayer& layer, RowBatches batches = {})
+      : layer_(&layer), name_(layer.name()), batches_(batches) {}
 
   /// Fault 91 when the layer was taken out of the project.
   [[nodiscard]] QgsVectorLayer& Layer() const;
   [[nodiscard]] std::shared_ptr<const LayerTraits> Traits() const;
-  /// Writes attributes by the layer's field indexes, and shapes. A fault quotes the provider.
-  void Change(const QgsChangedAttributesMap& attributes, const QgsGeometryMap& shapes);
+  /// Writes attributes and shapes: to the edit buffer of a layer that is being edited, or else to the provider, which a
+  /// fault quotes.
+  void Change(const RowChanges& changes);
   void DeleteRow(QgsFeatureId oid);
+  /// The rows are those of this class from here on, those of the layer again with null.
+  void WorkOn(std::shared_ptr<IFeatureClass> stored) { stored_ = std::move(stored); }
+  /// Whether anything went to the edit buffer since the last call of `ForgetBuffered`.
+  [[nodiscard]] bool HasBuffered() const { return has_buffered_; }
+  void ForgetBuffered() { has_buffered_ = false; }
   /// Lets the program read the data again: the map, open tables, and whoever listens to the layer. Only where shapes
   /// changed, too, the extent is asked for, which takes a walk over all rows in some databases.
   void ShowChanges(bool shapes_changed);
 
   // IClass
   [[nodiscard]] std::int32_t FindField(std::string_view name) const override { return Fields()->FindField(name); }
-  [[nodiscard]] FieldsRef Fields() const override { return Traits()->columns.fields; }
-  void AddField(const FieldRef& field) override;
+  [[nodiscard]] FieldsRef Fields() const override { return stored_ ? stored_->Fields() : Traits()->columns.fields; }
+  void AddField(const FieldRef& field) override { AddFields({&field, 1}); }
+  void AddFields(std::span<const FieldRef> fields) override;
+  [[nodiscard]] std::shared_ptr<IEdit> BeginEdit() override;
 
   // IDataset
   [[nodiscard]] std::string Name() const override;
@@ -63,7 +86,8 @@ class LayerClass : public virtual IClass,
   [[nodiscard]] std::shared_ptr<IPropertySet> PropertySet() const override;
   void Delete() override;
 
-  /// False for a layer that is being edited, is read-only, or whose provider changes no attributes.
+  /// False for a layer that is read-only or whose provider changes no attributes. One that is being edited takes
+  /// changes, too: they join the user's.
   [[nodiscard]] bool CanBypassEditSession() const override;
 
   /// Those of joined layers, too; of a virtual layer those of the layers that it queries.
@@ -79,9 +103,14 @@ class LayerClass : public virtual IClass,
   [[nodiscard]] std::shared_ptr<IFeature> ReadRow(std::int64_t oid);
 
  private:
+  void ChangeBuffer(QgsVectorLayer& layer, const RowChanges& changes);
+
   QPointer<QgsVectorLayer> layer_;
   QString name_;
+  RowBatches batches_;
   mutable std::shared_ptr<const LayerTraits> traits_;
+  std::shared_ptr<IFeatureClass> stored_;  // only within an edit
+  bool has_buffered_ = false;
 };
 
 class LayerFeatures final : public FeaturesOver<LayerClass> {

@@ -10,7 +10,9 @@
 
 #include <algorithm>
 #include <map>
+#include <utility>
 
+#include "engine/data_source.h"
 #include "hosts/qgis/layer_class.h"
 #include "hosts/qgis/layer_row.h"
 #include "hosts/qgis/values.h"
@@ -19,10 +21,6 @@
 
 namespace tessarine::qgis {
 namespace {
-
-constexpr std::size_t kReadBatch = 1000;
-// Databases commit once for each batch.
-constexpr std::size_t kWriteBatch = 5000;
 
 // The program itself takes a condition that can't be read for one that no row meets.
 QString CheckedCondition(const std::string& condition, const QgsVectorLayer& layer) {
@@ -76,8 +74,9 @@ class WholeFeed final : public RowFeed {
 /// The rows of these identifiers, in this order. Rows that are gone are left out.
 class ChosenFeed final : public RowFeed {
  public:
-  ChosenFeed(std::shared_ptr<LayerClass> owner, std::vector<QgsFeatureId> oids, QgsFeatureRequest request)
-      : owner_(std::move(owner)), oids_(std::move(oids)), request_(std::move(request)) {}
+  ChosenFeed(std::shared_ptr<LayerClass> owner, std::vector<QgsFeatureId> oids, QgsFeatureRequest request,
+             std::size_t batch_size)
+      : owner_(std::move(owner)), oids_(std::move(oids)), request_(std::move(request)), batch_size_(batch_size) {}
 
   [[nodiscard]] bool Next(QgsFeature& feature) override {
     while (next_ < oids_.size()) {
@@ -94,7 +93,7 @@ class ChosenFeed final : public RowFeed {
   void ReadBatch() {
     batch_.clear();
     QgsFeatureIds wanted;
-    for (; read_ < oids_.size() && read_ < next_ + kReadBatch; ++read_) wanted.insert(oids_[read_]);
+    for (; read_ < oids_.size() && read_ < next_ + batch_size_; ++read_) wanted.insert(oids_[read_]);
     request_.setFilterFids(wanted);
     QgsFeatureIterator rows = owner_->Layer().getFeatures(request_);
     for (QgsFeature feature; rows.nextFeature(feature);) batch_.emplace(feature.id(), feature);
@@ -103,6 +102,7 @@ class ChosenFeed final : public RowFeed {
   std::shared_ptr<LayerClass> owner_;
   std::vector<QgsFeatureId> oids_;
   QgsFeatureRequest request_;
+  std::size_t batch_size_;
   std::map<QgsFeatureId, QgsFeature> batch_;
   std::size_t next_ = 0, read_ = 0;
 };
@@ -164,9 +164,11 @@ class LayerCursor : public IFeatureCursor {
 class WritingCursor final : public LayerCursor {
  public:
   WritingCursor(std::shared_ptr<LayerClass> owner, std::unique_ptr<RowFeed> feed, const QueryFilter* filter,
-                bool recycling)
-      : LayerCursor(std::move(owner), std::move(feed), filter, recycling), provider_(Provider()) {
-    provider_->enterUpdateMode();
+                bool recycling, std::size_t batch_size)
+      : LayerCursor(std::move(owner), std::move(feed), filter, recycling),
+        provider_(Provider()),
+        batch_size_(batch_size) {
+    if (provider_) provider_->enterUpdateMode();
   }
   ~WritingCursor() override {
     if (provider_) provider_->leaveUpdateMode();
@@ -175,17 +177,16 @@ class WritingCursor final : public LayerCursor {
   void UpdateRow(const std::shared_ptr<IRow>& row) override {
     const auto own = Cast<LayerRow>(row);
     if (!own) Raise(kInvalidCall, "A row of another source can't be written to this layer.");
-    if (!own->Changes().isEmpty()) attributes_.insert(own->OID(), own->Changes());
-    if (own->ShapeChanged()) shapes_.insert(own->OID(), own->StoredShape());
-    if (static_cast<std::size_t>(attributes_.size() + shapes_.size()) >= kWriteBatch) Flush();
+    own->AddChanges(changes_);
+    if (static_cast<std::size_t>(changes_.attributes.size() + changes_.shapes.size()) >= batch_size_) Flush();
   }
 
   void Flush() override {
-    Owner().Change(attributes_, shapes_);
-    wrote_ = wrote_ || !attributes_.isEmpty() || !shapes_.isEmpty();
-    wrote_shapes_ = wrote_shapes_ || !shapes_.isEmpty();
-    attributes_.clear();
-    shapes_.clear();
+    // What can't be written once isn't tried again.
+    const RowChanges changes = std::exchange(changes_, {});
+    Owner().Change(changes);
+    wrote_ = wrote_ || !changes.attributes.isEmpty() || !changes.shapes.isEmpty();
+    wrote_shapes_ = wrote_shapes_ || !changes.shapes.isEmpty();
   }
 
   void Close() override {
@@ -197,24 +198,26 @@ class WritingCursor final : public LayerCursor {
   }
 
  private:
+  // None where the layer's edit buffer takes the changes.
   [[nodiscard]] QgsVectorDataProvider* Provider() const {
     QgsVectorLayer& layer = Owner().Layer();
     if (!Owner().CanBypassEditSession()) {
-      Raise(kEngine, "The layer '" + FromQt(layer.name()) + "' is being edited or can only be read.");
+      Raise(kEngine, "The attributes of the layer '" + FromQt(layer.name()) + "' can only be read.");
     }
-    return layer.dataProvider();
+    return layer.isEditable() ? nullptr : layer.dataProvider();
   }
 
   QPointer<QgsVectorDataProvider> provider_;
-  QgsChangedAttributesMap attributes_;
-  QgsGeometryMap shapes_;
+  std::size_t batch_size_;
+  RowChanges changes_;
   bool wrote_ = false, wrote_shapes_ = false;
 };
 
 /// Appends rows.
 class InsertingCursor final : public IFeatureCursor {
  public:
-  explicit InsertingCursor(std::shared_ptr<LayerClass> owner) : owner_(std::move(owner)) {}
+  InsertingCursor(std::shared_ptr<LayerClass> owner, std::size_t batch_size)
+      : owner_(std::move(owner)), batch_size_(batch_size) {}
 
   [[nodiscard]] std::shared_ptr<IFeature> NextFeature() override { return nullptr; }
   [[nodiscard]] std::shared_ptr<IRow> NextRow() override { return nullptr; }
@@ -225,13 +228,15 @@ class InsertingCursor final : public IFeatureCursor {
     const auto* own = dynamic_cast<const LayerRow*>(&buffer);
     if (own == nullptr) Raise(kInvalidCall, "A row of another source can't be inserted into this layer.");
     rows_ << own->ForInsert();
-    if (static_cast<std::size_t>(rows_.size()) >= kWriteBatch) Flush();
+    if (static_cast<std::size_t>(rows_.size()) >= batch_size_) Flush();
     return -1;
   }
   void Flush() override {
     if (rows_.isEmpty()) return;
     QgsVectorLayer& layer = owner_->Layer();
-    if (!layer.dataProvider()->addFeatures(rows_, QgsFeatureSink::FastInsert)) {
+    const bool done = layer.isEditable() ? layer.addFeatures(rows_, QgsFeatureSink::FastInsert)
+                                         : layer.dataProvider()->addFeatures(rows_, QgsFeatureSink::FastInsert);
+    if (!done) {
       Raise(kEngine, "Rows can't be added to the layer '" + FromQt(layer.name()) +
                          "': " + FromQt(layer.dataProvider()->errors().join(QStringLiteral("; "))));
     }
@@ -244,18 +249,24 @@ class InsertingCursor final : public IFeatureCursor {
 
  private:
   std::shared_ptr<LayerClass> owner_;
+  std::size_t batch_size_;
   QgsFeatureList rows_;
 };
 
 }  // namespace
 
 std::shared_ptr<IFeatureCursor> LayerClass::OpenReader(const QueryFilter* filter, bool recycling) {
+  if (stored_) return stored_->Search(filter, recycling);
   auto feed = std::make_unique<WholeFeed>(Layer(), RequestOf(filter, Layer()));
   return std::make_shared<LayerCursor>(shared_from_this(), std::move(feed), filter, recycling);
 }
 
 std::shared_ptr<IFeatureCursor> LayerClass::OpenChosen(std::vector<QgsFeatureId> oids, const QueryFilter* filter,
                                                        bool recycling, bool writing) {
+  if (stored_) {
+    const auto rows = Cast<ISelectionSet2>(SelectByOids(stored_, {oids.begin(), oids.end()}));
+    return Cast<IFeatureCursor>(writing ? rows->Update(filter, recycling) : rows->Search(filter, recycling));
+  }
   if (filter != nullptr && !filter->WhereClause.empty()) {
     // A request takes identifiers or a condition, not both.
     QgsFeatureRequest request = RequestOf(filter, Layer());
@@ -270,25 +281,33 @@ std::shared_ptr<IFeatureCursor> LayerClass::OpenChosen(std::vector<QgsFeatureId>
   }
   QgsFeatureRequest request = RequestOf(filter, Layer());
   request.setFilterRect(QgsRectangle());
-  auto feed = std::make_unique<ChosenFeed>(shared_from_this(), std::move(oids), request);
-  if (writing) return std::make_shared<WritingCursor>(shared_from_this(), std::move(feed), filter, recycling);
+  auto feed = std::make_unique<ChosenFeed>(shared_from_this(), std::move(oids), request, batches_.read);
+  if (writing) {
+    return std::make_shared<WritingCursor>(shared_from_this(), std::move(feed), filter, recycling, batches_.write);
+  }
   return std::make_shared<LayerCursor>(shared_from_this(), std::move(feed), filter, recycling);
 }
 
 std::shared_ptr<IFeatureCursor> LayerClass::OpenUpdater(const QueryFilter* filter, bool recycling) {
+  if (stored_) return stored_->Update(filter, recycling);
   QgsFeatureRequest request = RequestOf(filter, Layer());
+  if (Layer().isEditable()) {
+    // A walk over an edit buffer isn't disturbed by what goes there meanwhile.
+    auto feed = std::make_unique<WholeFeed>(Layer(), request);
+    return std::make_shared<WritingCursor>(shared_from_this(), std::move(feed), filter, recycling, batches_.write);
+  }
   if (filter == nullptr || filter->WhereClause.empty()) request.setNoAttributes();
   if (filter == nullptr || !filter->Geometry) request.setFlags(QgsFeatureRequest::NoGeometry);
   std::vector<QgsFeatureId> oids;
   QgsFeatureIterator rows = Layer().getFeatures(request);
   for (QgsFeature row; rows.nextFeature(row);) oids.push_back(row.id());
   rows.close();
-  auto feed = std::make_unique<ChosenFeed>(shared_from_this(), std::move(oids), QgsFeatureRequest());
-  return std::make_shared<WritingCursor>(shared_from_this(), std::move(feed), filter, recycling);
+  auto feed = std::make_unique<ChosenFeed>(shared_from_this(), std::move(oids), QgsFeatureRequest(), batches_.read);
+  return std::make_shared<WritingCursor>(shared_from_this(), std::move(feed), filter, recycling, batches_.write);
 }
 
 std::shared_ptr<IFeatureCursor> LayerClass::OpenInserter() {
-  return std::make_shared<InsertingCursor>(shared_from_this());
+  return std::make_shared<InsertingCursor>(shared_from_this(), batches_.write);
 }
 
 }  // namespace tessarine::qgis

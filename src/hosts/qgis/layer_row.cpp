@@ -27,25 +27,31 @@ ValueChange LayerRow::SetValue(std::int32_t index, const Variant& value) {
   }
   const int attribute = traits_->columns.AttributeOf(index);
   if (attribute == Columns::kNoAttribute) Raise(kInvalidCall, "The identifier of a row can't be changed.");
-  if (traits_->fields.fieldOrigin(attribute) != QgsFields::OriginProvider) {
+  if (!IsStored(traits_->fields, attribute)) {
     Raise(kInvalidCall, "The field '" + FromQt(traits_->fields.at(attribute).name()) +
                             "' is calculated or joined: it can't be written.");
   }
   const StoredValue stored = FitToField(value, traits_->fields.at(attribute), traits_->dbase);
+  if (!changes_.contains(attribute)) before_.insert(attribute, feature_.attribute(attribute));
   feature_.setAttribute(attribute, stored.value);
-  // Provider fields come first, so that the layer's index is the provider's too.
-  changes_.insert(traits_->fields.fieldOriginIndex(attribute), stored.value);
+  changes_.insert(attribute, stored.value);
   return stored.change;
 }
 
 void LayerRow::Store() {
   const std::shared_ptr<LayerClass> owner = Require(owner_.lock(), "Table");
-  QgsChangedAttributesMap attributes;
-  if (!changes_.isEmpty()) attributes.insert(feature_.id(), changes_);
-  QgsGeometryMap shapes;
-  if (shape_changed_) shapes.insert(feature_.id(), StoredShape());
-  owner->Change(attributes, shapes);
+  RowChanges changes;
+  AddChanges(changes);
+  owner->Change(changes);
   owner->ShowChanges(shape_changed_);
+}
+
+void LayerRow::AddChanges(RowChanges& changes) const {
+  if (!changes_.isEmpty()) {
+    changes.attributes.insert(feature_.id(), changes_);
+    changes.before.insert(feature_.id(), before_);
+  }
+  if (shape_changed_) changes.shapes.insert(feature_.id(), StoredShape());
 }
 
 void LayerRow::Delete() { Require(owner_.lock(), "Table")->DeleteRow(feature_.id()); }
@@ -80,6 +86,7 @@ void LayerRow::Refill(QgsFeature feature) {
   shape_ = nullptr;
   shape_changed_ = false;
   changes_.clear();
+  before_.clear();
 }
 
 QgsGeometry LayerRow::StoredShape() const {

@@ -32,22 +32,21 @@ class LayerRow final : public virtual IFeature {
 
   void Refill(QgsFeature feature);
   /// What was set since the row was read, by the layer's field indexes.
-  [[nodiscard]] const QgsAttributeMap& Changes() const { return changes_; }
-  [[nodiscard]] bool ShapeChanged() const { return shape_changed_; }
-  /// The shape as the layer stores it.
-  [[nodiscard]] QgsGeometry StoredShape() const;
+  void AddChanges(RowChanges& changes) const;
   /// The whole row as the provider inserts it.
   [[nodiscard]] QgsFeature ForInsert() const;
 
  private:
   [[nodiscard]] GeometryRef ReadShape() const;
+  /// The shape as the layer stores it.
+  [[nodiscard]] QgsGeometry StoredShape() const;
 
   std::shared_ptr<const LayerTraits> traits_;
   QgsFeature feature_;
   std::weak_ptr<LayerClass> owner_;
   mutable GeometryRef shape_;
   bool shape_changed_ = false;
-  QgsAttributeMap changes_;
+  QgsAttributeMap changes_, before_;
 };
 
 }  // namespace tessarine::qgis

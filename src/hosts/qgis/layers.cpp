@@ -7,6 +7,7 @@
 #include <qgsrenderer.h>
 #include <qgssinglesymbolrenderer.h>
 
+#include "hosts/qgis/layer_file.h"
 #include "hosts/qgis/temporary_layers.h"
 #include "hosts/qgis/values.h"
 #include "hosts/windows/qt_text.h"
@@ -122,7 +123,7 @@ void VectorLayer::SetName(const std::string& name) {
   if (layer_) layer_->setName(ToQt(name));
 }
 
-bool VectorLayer::Valid() const { return layer_ ? layer_->isValid() : class_ != nullptr; }
+bool VectorLayer::Valid() const { return layer_ ? DataAreThere(*layer_) : class_ != nullptr; }
 
 void VectorLayer::SetVisible(bool visible) {
   visible_ = visible;
@@ -132,7 +133,8 @@ void VectorLayer::SetVisible(bool visible) {
 
 std::shared_ptr<IFeatureClass> VectorLayer::FeatureClass() const {
   if (!own_class_) return class_;
-  return Valid() ? own_class_ : nullptr;
+  // One whose data have gone says so itself, at the first touch.
+  return layer_ && layer_->isValid() ? own_class_ : nullptr;
 }
 
 std::string VectorLayer::DataSourceType() const {
@@ -152,7 +154,7 @@ void VectorLayer::ApplyRenderer() const {
 }
 
 std::shared_ptr<ISelectionSet> VectorLayer::SelectionSet() const {
-  if (!own_class_ || !Valid()) return nullptr;
+  if (!own_class_ || FeatureClass() == nullptr) return nullptr;
   return std::make_shared<LayerSelection>(own_class_);
 }
 

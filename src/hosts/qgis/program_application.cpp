@@ -38,17 +38,6 @@ class ProjectTemplates final : public ITemplates {
   }
 };
 
-/// Layers are edited one by one here; while one of them is, an edit session is open.
-class LayerEditor final : public IEditor {
- public:
-  [[nodiscard]] esriEditState EditState() const override {
-    for (const auto* layer : QgsProject::instance()->layers<QgsVectorLayer*>()) {
-      if (layer->isEditable()) return esriStateEditing;
-    }
-    return esriStateNotEditing;
-  }
-};
-
 class TableWindow final : public ITableWindow {
  public:
   explicit TableWindow(std::vector<QPointer<QgsAttributeTableModel>> models) : models_(std::move(models)) {}
@@ -166,9 +155,8 @@ void ProgramApplication::SaveSettings() {
 std::shared_ptr<ITemplates> ProgramApplication::Templates() const { return std::make_shared<ProjectTemplates>(); }
 
 ObjectRef ProgramApplication::FindExtensionByCLSID(const UID& uid) const {
-  if (EqualsIgnoringCase(uid.Value, known_ids::kSuiteExtension)) return extension_;
-  if (EqualsIgnoringCase(uid.Value, known_ids::kEditor)) return std::make_shared<LayerEditor>();
-  return nullptr;
+  // There is no editor among them: layers are edited one by one here, and take changes then, too.
+  return EqualsIgnoringCase(uid.Value, known_ids::kSuiteExtension) ? extension_ : nullptr;
 }
 
 std::shared_ptr<ITableWindow> ProgramApplication::FindViaLayer(const std::shared_ptr<ILayer>& layer) const {

@@ -4,7 +4,9 @@
 #include <dlfcn.h>
 #include <qgsproject.h>
 
+#include <algorithm>
 #include <filesystem>
+#include <thread>
 
 #include "hosts/qgis/temporary_layers.h"
 #include "hosts/windows/qt_text.h"
@@ -30,6 +32,8 @@ QgisHost::QgisHost(QWidget* main_window, std::string host_version) : WindowHost(
 }
 
 QgisHost::~QgisHost() { OfferTemporaryLayers(nullptr); }
+
+unsigned QgisHost::Jobs() const { return std::max(1U, std::thread::hardware_concurrency()); }
 
 std::string QgisHost::ProjectFolder() const { return FromQt(QgsProject::instance()->absolutePath()); }
 

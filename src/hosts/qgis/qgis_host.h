@@ -29,6 +29,8 @@ class QgisHost final : public WindowHost {
   QgisHost& operator=(const QgisHost&) = delete;
 
   [[nodiscard]] std::string ProjectFolder() const override;
+  /// As many threads as the machine has processors.
+  [[nodiscard]] unsigned Jobs() const override;
   IOperatingSystem& System() override { return system_; }
   std::shared_ptr<IFeatureLayer> CreateFeatureLayer() override { return std::make_shared<VectorLayer>(); }
   std::shared_ptr<ISimpleRenderer> CreateSimpleRenderer() override { return std::make_shared<SingleRenderer>(); }

@@ -239,4 +239,47 @@ TEST_P(HostContract, RowsAreChangedInsertedAndDeleted) {
   EXPECT_EQ(Names(*towns->Search(nullptr, true), name), "a b c d ");
 }
 
+// Rows are read and written in batches of a few thousand.
+TEST_P(HostContract, MoreRowsThanABatchHolds) {
+  constexpr std::int32_t kCount = 6007;
+  std::vector<TestRow> rows;
+  for (std::int32_t row = 0; row < kCount; ++row) rows.push_back({"POINT (1 2)", "", static_cast<double>(row)});
+  WriteLayer({GetParam().driver, FileOf("many"), "many", wkbPoint, rows});
+  host_->OpenLayer(FileOf("many"), "many", "");
+  const auto many = Class("many");
+  const std::int32_t size = many->FindField("size");
+  const auto add = [&](const std::shared_ptr<ICursor>& cursor, std::int32_t step, std::int32_t most) {
+    std::int32_t count = 0;
+    std::int64_t last = -1;
+    while (const auto row = count < most ? cursor->NextRow() : nullptr) {
+      EXPECT_GT(row->OID(), last);
+      last = row->OID();
+      row->SetValue(size, row->Value(size).AsDouble() + step);
+      cursor->UpdateRow(row);
+      ++count;
+    }
+    cursor->Close();
+    return count;
+  };
+  EXPECT_EQ(add(many->Update(nullptr, false), 10000, kCount), kCount);
+  std::vector<std::int64_t> even;
+  const auto reader = many->Search(nullptr, true);
+  while (const auto row = reader->NextFeature()) {
+    if (std::fmod(row->Value(size).AsDouble(), 2.0) == 0.0) even.push_back(row->OID());
+  }
+  host_->SelectRows("many", even);
+  const auto selection = Cast<ISelectionSet2>(Cast<IFeatureSelection>(Layer("many"))->SelectionSet());
+  EXPECT_EQ(add(Cast<ICursor>(selection->Update(nullptr, false)), 10000, kCount), kCount / 2 + 1);
+  // Half done, it keeps what was written until then.
+  constexpr std::int32_t kSome = 5500;
+  EXPECT_EQ(add(many->Update(nullptr, false), 100000, kSome), kSome);
+
+  const std::vector<TestRow> written = ReadLayer(FileOf("many"));
+  ASSERT_EQ(written.size(), static_cast<std::size_t>(kCount));
+  for (std::int32_t row = 0; row < kCount; ++row) {
+    const double expected = row + 10000 + (row % 2 == 0 ? 10000 : 0) + (row < kSome ? 100000 : 0);
+    ASSERT_EQ(written[static_cast<std::size_t>(row)].size, expected) << row;
+  }
+}
+
 }  // namespace tessarine::testing

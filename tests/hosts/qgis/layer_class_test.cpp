@@ -5,9 +5,16 @@
 #include <qgsvectordataprovider.h>
 #include <qgsvectorlayer.h>
 
+#include <QUndoStack>
+#include <algorithm>
+
+#include "engine/test_layers.h"
 #include "helpers/shapes.h"
+#include "helpers/temporary_folder.h"
+#include "helpers/test_host.h"
 #include "hosts/qgis/columns.h"
 #include "hosts/qgis/layers.h"
+#include "hosts/windows/qt_text.h"
 
 namespace tessarine::testing {
 namespace {
@@ -72,14 +79,135 @@ TEST(LayerClass, FieldsInMemoryHoldDoublesOfAnySize) {
   EXPECT_EQ(features->GetFeature(1)->Value(features->FindField("Sph_Len")).AsDouble(), 10001965.729312);
 }
 
-TEST(LayerClass, NothingIsWrittenBesideAnEditSession) {
+FieldRef NewDouble(const std::string& name) {
+  const auto field = std::make_shared<Field>();
+  field->Name = field->AliasName = name;
+  field->Type = esriFieldTypeDouble;
+  return field;
+}
+
+// Each row gets ten times its size.
+void Multiply(IFeatureClass& features, const std::string& into, const std::shared_ptr<IFeatureCursor>& cursor) {
+  while (const auto row = cursor->NextFeature()) {
+    row->SetValue(features.FindField(into), row->Value(features.FindField("size")).AsLong() * 10);
+    cursor->UpdateFeature(row);
+  }
+  cursor->Close();
+}
+
+std::string TextOf(const QgsFeature& row) {
+  std::string text;
+  for (const QVariant& value : row.attributes()) text += value.isNull() ? "- " : FromQt(value.toString()) + " ";
+  return text;
+}
+
+// What the data hold, whatever the layer's edit buffer says.
+std::string Stored(const QgsVectorLayer& layer) {
+  std::string rows;
+  QgsFeatureIterator stored = layer.dataProvider()->getFeatures();
+  for (QgsFeature row; stored.nextFeature(row);) rows += TextOf(row) + "| ";
+  return rows;
+}
+
+TEST(LayerClass, ChangesOfALayerThatIsEditedAreOneCommandOfTheUsers) {
+  const auto layer = PointsInMemory();
+  const auto features = std::make_shared<qgis::LayerFeatures>(*layer, qgis::RowBatches{2, 2});
+  ASSERT_TRUE(layer->startEditing());
+  ASSERT_TRUE(layer->changeAttributeValue(2, 0, 20));
+  ASSERT_TRUE(layer->deleteFeature(3));
+  EXPECT_TRUE(features->CanBypassEditSession());
+  const std::shared_ptr<IEdit> edit = features->BeginEdit();
+  const FieldRef added[] = {NewDouble("ten")};
+  features->AddFields(added);
+  EXPECT_TRUE(features->Fields()->Field(features->FindField("ten"))->Editable);
+  Multiply(*features, "ten", features->Update(nullptr, false));
+  Multiply(*features, "size", features->Update(nullptr, false));
+  edit->Finish();
+
+  EXPECT_EQ(layer->undoStack()->count(), 3) << "the user's two, and ours";
+  const auto seen = [&](QgsFeatureId oid) { return TextOf(layer->getFeature(oid)); };
+  EXPECT_EQ(seen(1), "10 10 ");
+  EXPECT_EQ(seen(2), "200 200 ");
+  EXPECT_EQ(Stored(*layer), "1 | 2 | 3 | ") << "nothing is saved yet";
+
+  std::vector<QVariant> told;
+  QObject::connect(layer.get(), &QgsVectorLayer::attributeValueChanged, layer.get(),
+                   [&](QgsFeatureId oid, int field, const QVariant& value) {
+                     if (oid == 2 && field == 0) told.push_back(value);
+                   });
+  layer->undoStack()->undo();
+  EXPECT_EQ(told, (std::vector<QVariant>{20})) << "open tables are told the value before";
+  EXPECT_EQ(seen(1), "1 ");
+  EXPECT_EQ(seen(2), "20 ");
+  layer->undoStack()->redo();
+  ASSERT_TRUE(layer->commitChanges());
+  EXPECT_EQ(Stored(*layer), "10 10 | 200 200 | ");
+}
+
+TEST(LayerClass, AnEditThatIsGivenUpOrChangesNothingLeavesNoCommand) {
   const auto layer = PointsInMemory();
   const auto features = std::make_shared<qgis::LayerFeatures>(*layer);
   ASSERT_TRUE(layer->startEditing());
-  EXPECT_FALSE(features->CanBypassEditSession());
-  EXPECT_NE(FaultOf([&] { (void)features->Update(nullptr, true); }), 0);
+  const FieldRef added[] = {NewDouble("ten")};
+  std::shared_ptr<IEdit> edit = features->BeginEdit();
+  features->AddFields(added);
+  edit->Abandon();
+  EXPECT_EQ(layer->fields().count(), 1);
+  features->BeginEdit()->Finish();
+  EXPECT_FALSE(layer->isModified());
+  EXPECT_FALSE(layer->undoStack()->canUndo());
+
+  edit = features->BeginEdit();
+  Multiply(*features, "size", features->Update(nullptr, false));
+  edit = nullptr;
+  EXPECT_EQ(layer->undoStack()->count(), 1) << "let go, it keeps what was written";
+  EXPECT_EQ(Sizes(*features), "10 20 30 ");
+}
+
+TEST(LayerClass, RowsOfALayerThatIsEditedComeAndGoThroughItsBuffer) {
+  const auto layer = PointsInMemory();
+  const auto features = std::make_shared<qgis::LayerFeatures>(*layer);
+  ASSERT_TRUE(layer->startEditing());
+  const auto cursor = features->Insert(true);
+  const auto buffer = features->CreateFeatureBuffer();
+  buffer->SetShape(std::make_shared<Point>(7, 8));
+  buffer->SetValue(features->FindField("size"), 4);
+  cursor->InsertFeature(*buffer);
+  cursor->Close();
+  features->GetFeature(1)->Delete();
+  EXPECT_EQ(features->FeatureCount(nullptr), 3);
+  EXPECT_EQ(layer->dataProvider()->featureCount(), 3);
   ASSERT_TRUE(layer->rollBack());
-  EXPECT_TRUE(features->CanBypassEditSession());
+  EXPECT_EQ(Sizes(*features), "1 2 3 ");
+}
+
+TEST(LayerClass, RowsGoInBatches) {
+  const auto layer = PointsInMemory();
+  for (const qgis::RowBatches batches : {qgis::RowBatches{1, 2}, qgis::RowBatches{2, 1}, qgis::RowBatches{2, 3}}) {
+    const auto features = std::make_shared<qgis::LayerFeatures>(*layer, batches);
+    const std::int32_t size = features->FindField("size");
+    const auto cursor = features->Update(nullptr, false);
+    std::string stored;
+    while (const auto row = cursor->NextFeature()) {
+      row->SetValue(size, row->Value(size).AsLong() + 1);
+      cursor->UpdateFeature(row);
+      stored += Stored(*layer) + "/ ";
+    }
+    cursor->Close();
+    const char* expected = batches.write == 2   ? "1 | 2 | 3 | / 2 | 3 | 3 | / 2 | 3 | 3 | / "
+                           : batches.write == 1 ? "3 | 3 | 4 | / 3 | 4 | 4 | / 3 | 4 | 5 | / "
+                                                : "3 | 4 | 5 | / 3 | 4 | 5 | / 4 | 5 | 6 | / ";
+    EXPECT_EQ(stored, expected);
+    EXPECT_EQ(Sizes(*features), batches.write == 2 ? "2 3 4 " : batches.write == 1 ? "3 4 5 " : "4 5 6 ");
+  }
+}
+
+TEST(LayerClass, ALayerThatCanOnlyBeReadTakesNoChanges) {
+  const auto layer = PointsInMemory();
+  const auto features = std::make_shared<qgis::LayerFeatures>(*layer);
+  layer->setReadOnly(true);
+  EXPECT_FALSE(features->CanBypassEditSession());
+  EXPECT_EQ(FaultOf([&] { (void)features->Update(nullptr, true); }), kEngine);
 }
 
 // What is read is what the user sees: unsaved edits too.
@@ -106,6 +234,75 @@ TEST(LayerClass, WritingKeepsTheSelection) {
   cursor->Close();
   EXPECT_EQ(Sizes(*features), "7 7 7 ");
   EXPECT_EQ(layer->selectedFeatureIds(), (QgsFeatureIds{1, 3}));
+}
+
+// Three points of sizes 1 to 3 in a file.
+std::unique_ptr<QgsVectorLayer> PointsInFile(const std::string& driver, const std::string& file) {
+  WriteLayer(
+      {driver, file, "points", wkbPoint, {{"POINT (1 1)", "a", 1}, {"POINT (2 2)", "b", 2}, {"POINT (3 3)", "c", 3}}});
+  return std::make_unique<QgsVectorLayer>(ToQt(file), QStringLiteral("points"), QStringLiteral("ogr"));
+}
+
+struct FileRow {
+  const char* driver;
+  const char* ending;
+};
+
+TEST(LayerClass, WithinAnEditAFileIsChangedItself) {
+  for (const FileRow& row :
+       {FileRow{"GPKG", ".gpkg"}, FileRow{"ESRI Shapefile", ".shp"}, FileRow{"OpenFileGDB", ".gdb"}}) {
+    SCOPED_TRACE(row.driver);
+    TestHost host;
+    const TemporaryFolder folder;
+    const auto layer = PointsInFile(row.driver, folder.Native("points" + std::string(row.ending)));
+    ASSERT_TRUE(layer->isValid());
+    const auto features = std::make_shared<qgis::LayerFeatures>(*layer);
+    const std::vector<QgsFeatureId> oids = [&] {
+      const QgsFeatureIds all = layer->allFeatureIds();
+      return std::vector<QgsFeatureId>(all.begin(), all.end());
+    }();
+    layer->selectByIds({*std::ranges::max_element(oids)});
+
+    const std::shared_ptr<IEdit> edit = features->BeginEdit();
+    ASSERT_NE(edit, nullptr);
+    const FieldRef added[] = {NewDouble("ten"), NewDouble("hundred")};
+    features->AddFields(added);
+    ASSERT_GE(features->FindField("hundred"), 0);
+    Multiply(*features, "ten", features->Update(nullptr, false));
+    qgis::LayerSelection selection(features);
+    Multiply(*features, "hundred", Cast<IFeatureCursor>(selection.Update(nullptr, false)));
+    edit->Finish();
+
+    EXPECT_EQ(layer->selectedFeatureCount(), 1);
+    std::string seen;
+    QgsFeatureIterator rows = layer->getFeatures();
+    for (QgsFeature read; rows.nextFeature(read);) {
+      const QVariant ten = read.attribute("ten"), hundred = read.attribute("hundred");
+      seen += FromQt(ten.toString()) + ":" + (hundred.isNull() ? "-" : FromQt(hundred.toString())) + " ";
+    }
+    EXPECT_EQ(seen, "10:- 20:- 30:30 ");
+    EXPECT_GE(features->FindField("ten"), 0) << "the layer itself has it, too";
+  }
+}
+
+// What the file alone doesn't tell goes by the provider.
+TEST(LayerClass, OnlyALayerThatShowsJustAFileIsChangedAsOne) {
+  TestHost host;
+  const TemporaryFolder folder;
+  const auto layer = PointsInFile("GPKG", folder.Native("points.gpkg"));
+  const auto features = std::make_shared<qgis::LayerFeatures>(*layer);
+  EXPECT_NE(features->BeginEdit(), nullptr);
+  ASSERT_TRUE(layer->setSubsetString(QStringLiteral("size > 1")));
+  EXPECT_EQ(features->BeginEdit(), nullptr);
+  ASSERT_TRUE(layer->setSubsetString(QString()));
+  const QgsCoordinateReferenceSystem own = layer->crs();
+  layer->setCrs(QgsCoordinateReferenceSystem(QStringLiteral("EPSG:3857")));
+  EXPECT_EQ(features->BeginEdit(), nullptr);
+  layer->setCrs(own);
+  layer->addExpressionField(QStringLiteral("size + 1"), QgsField(QStringLiteral("more"), QVariant::Int));
+  EXPECT_EQ(features->BeginEdit(), nullptr);
+  const auto memory = PointsInMemory();
+  EXPECT_EQ(std::make_shared<qgis::LayerFeatures>(*memory)->BeginEdit(), nullptr);
 }
 
 TEST(LayerClass, ALayerThatLeftTheProject) {

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-2.0-or-later
-"""Layers that are being edited or can only be read are refused with a reason, and stay as they are."""
+"""Layers that can only be read are refused with a reason, and stay as they are."""
 import os
 
 from program_steps import (WORK, QgsProject, QgsVectorLayer, choose_line, command, expect, make_layer, press,
@@ -21,12 +21,6 @@ def refused(layer, words):
 
 
 def scenario():
-    edited = make_layer("LineString", [LINE], WORK / "edited.gpkg", "edited")
-    assert edited.startEditing()
-    refused(edited, "requires that ArcMap not be in edit mode")
-    assert edited.isEditable() and not edited.isModified()
-    assert edited.rollBack()
-
     make_layer("LineString", [LINE], WORK / "locked.shp", "written")
     for file in WORK.glob("locked.*"):
         os.chmod(file, 0o444)

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "hosts/qgis/processing/chosen_layer.h"
 
-#include <qgsproviderregistry.h>
 #include <qgsvectordataprovider.h>
 #include <qgsvectorfilewriter.h>
 
 #include <algorithm>
 
 #include "hosts/qgis/layer_class.h"
+#include "hosts/qgis/layer_file.h"
 #include "hosts/qgis/values.h"
 #include "hosts/windows/qt_text.h"
 #include "platform/fault.h"
@@ -20,25 +20,6 @@ constexpr int kRowsBetweenLooks = 500;
 
 QVariant ValueOf(const QgsProcessingParameterDefinition& definition, const QVariantMap& parameters) {
   return parameters.value(definition.name());
-}
-
-// Whether the engine finds in the file what the layer shows.
-bool ShowsItsFile(const QgsVectorLayer& layer, const QVariantMap& source) {
-  if (layer.providerType() != QStringLiteral("ogr") || layer.isModified()) return false;
-  if (!layer.subsetString().isEmpty() || layer.crs() != layer.dataProvider()->crs()) return false;
-  const QgsFields fields = layer.fields();
-  for (int index = 0; index < fields.count(); ++index) {
-    if (fields.fieldOrigin(index) != QgsFields::OriginProvider) return false;
-  }
-  // A driver whose texts the program decodes by the user's choice tells another encoding.
-  if (layer.dataProvider()->encoding() != QStringLiteral("UTF-8")) return false;
-  for (auto part = source.begin(); part != source.end(); ++part) {
-    const bool names_data = part.key() == QStringLiteral("path") || part.key() == QStringLiteral("layerName");
-    const QVariant& value = part.value();
-    const bool is_set = value.isValid() && !value.toString().isEmpty();
-    if (!names_data && (is_set || !value.toList().isEmpty())) return false;
-  }
-  return true;
 }
 
 int KeyOf(const QgsVectorLayer& layer) {
@@ -77,10 +58,9 @@ ChosenLayer::ChosenLayer(const QgsProcessingParameterDefinition& definition, con
     if (chosen.selectedFeaturesOnly) selected_ = layer->selectedFeatureIds();
     most_ = chosen.featureLimit;
   }
-  const QVariantMap source = QgsProviderRegistry::instance()->decodeUri(layer->providerType(), layer->source());
-  if (!selected_ && most_ < 0 && ShowsItsFile(*layer, source)) {
-    file_ = LayerSource{FromQt(source.value(QStringLiteral("path")).toString()),
-                        FromQt(source.value(QStringLiteral("layerName")).toString())};
+  const auto shown = !selected_ && most_ < 0 && HasOwnTexts(*layer) ? FileShownBy(*layer) : std::nullopt;
+  if (shown) {
+    file_ = LayerSource{shown->path, shown->layer};
     return;
   }
   if (ShapeTypeOf(layer->wkbType()) == esriGeometryNull) {

@@ -1,0 +1,124 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+#include "hosts/qgis/layer_edit.h"
+
+#include <utility>
+
+#include "engine/data_source.h"
+#include "hosts/qgis/layer_file.h"
+#include "hosts/qgis/values.h"
+#include "hosts/windows/qt_text.h"
+#include "platform/fault.h"
+
+namespace tessarine::qgis {
+namespace {
+
+// GDAL's own way damages them.
+const QString kFileGeodatabase = QStringLiteral("OpenFileGDB");
+const QString kCommandTitle = QStringLiteral("Calculate Geometry");
+
+/// One command of a layer that is being edited; one that has changed nothing leaves nothing to undo.
+class BufferEdit final : public IEdit {
+ public:
+  explicit BufferEdit(std::shared_ptr<LayerClass> rows) : rows_(std::move(rows)), layer_(&rows_->Layer()) {
+    rows_->ForgetBuffered();
+    layer_->beginEditCommand(kCommandTitle);
+  }
+  ~BufferEdit() override { BufferEdit::Finish(); }
+  BufferEdit(const BufferEdit&) = delete;
+  BufferEdit& operator=(const BufferEdit&) = delete;
+
+  void Finish() override { End(rows_->HasBuffered()); }
+  void Abandon() override { End(false); }
+
+ private:
+  void End(bool keep) {
+    QgsVectorLayer* const layer = std::exchange(layer_, nullptr);
+    // Saving or undoing all edits has ended it.
+    if (layer == nullptr || !layer->isEditable() || !layer->isEditCommandActive()) return;
+    if (keep) {
+      layer->endEditCommand();
+    } else {
+      layer->destroyEditCommand();
+    }
+    layer->triggerRepaint();
+  }
+
+  std::shared_ptr<LayerClass> rows_;
+  QPointer<QgsVectorLayer> layer_;
+};
+
+/// The layer's rows are those of the file until it ends; then the program reads the file again.
+class FileEdit final : public IEdit {
+ public:
+  FileEdit(std::shared_ptr<LayerClass> rows, const std::shared_ptr<IFeatureClass>& stored)
+      : rows_(std::move(rows)), edit_(stored->BeginEdit()) {
+    rows_->WorkOn(stored);
+  }
+  ~FileEdit() override {
+    try {
+      edit_ = nullptr;
+      Leave();
+    } catch (const Fault&) {
+      // Whoever wanted to know has called Finish.
+    }
+  }
+  FileEdit(const FileEdit&) = delete;
+  FileEdit& operator=(const FileEdit&) = delete;
+
+  void Finish() override { End(&IEdit::Finish); }
+  void Abandon() override { End(&IEdit::Abandon); }
+
+ private:
+  void End(void (IEdit::*how)()) {
+    const std::shared_ptr<IEdit> edit = std::exchange(edit_, nullptr);
+    try {
+      if (edit) (*edit.*how)();
+    } catch (...) {
+      Leave();
+      throw;
+    }
+    Leave();
+  }
+  void Leave() {
+    const std::shared_ptr<LayerClass> rows = std::exchange(rows_, nullptr);
+    if (!rows) return;
+    rows->WorkOn(nullptr);
+    rows->ShowChanges(false);
+  }
+
+  std::shared_ptr<LayerClass> rows_;
+  std::shared_ptr<IEdit> edit_;
+};
+
+bool IsSame(const IFeatureClass& stored, const QgsVectorLayer& layer) {
+  for (const QgsField& field : layer.fields()) {
+    if (stored.FindField(FromQt(field.name())) < 0) return false;
+  }
+  return stored.ShapeType() == ShapeTypeOf(layer.wkbType());
+}
+
+// The class in the file; nothing where it isn't as the layer is, or is changed by its provider only.
+std::shared_ptr<IFeatureClass> StoredClassOf(const QgsVectorLayer& layer) {
+  if (ShapeTypeOf(layer.wkbType()) == esriGeometryNull) return nullptr;
+  const std::optional<LayerFile> file = FileShownBy(layer);
+  if (!file) return nullptr;
+  try {
+    const auto stored = DataSource::Open(file->path, false)->OpenFeatureClass(file->layer);
+    const auto info = Cast<IObjectClassInfo2>(stored);
+    return info && info->CanBypassEditSession() && IsSame(*stored, layer) ? stored : nullptr;
+  } catch (const Fault&) {
+    if (layer.storageType() == kFileGeodatabase) throw;
+    return nullptr;
+  }
+}
+
+}  // namespace
+
+std::shared_ptr<IEdit> BeginLayerEdit(const std::shared_ptr<LayerClass>& rows) {
+  QgsVectorLayer& layer = rows->Layer();
+  if (layer.isEditable()) return std::make_shared<BufferEdit>(rows);
+  const std::shared_ptr<IFeatureClass> stored = StoredClassOf(layer);
+  return stored ? std::make_shared<FileEdit>(rows, stored) : nullptr;
+}
+
+}  // namespace tessarine::qgis

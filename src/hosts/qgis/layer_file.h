@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// The file behind a layer.
+#pragma once
+
+#include <qgsvectorlayer.h>
+
+#include <optional>
+#include <string>
+
+namespace tessarine::qgis {
+
+struct LayerFile {
+  std::string path;   ///< a native path
+  std::string layer;  ///< empty for files of one layer
+};
+
+/// The file whose rows and reference the engine finds as the layer shows them. Nothing for a layer with a filter,
+/// joined or calculated fields, unsaved edits or a reference of the user's choice, and for data that lie in no file.
+/// Texts may read otherwise where `HasOwnTexts` is false.
+[[nodiscard]] std::optional<LayerFile> FileShownBy(const QgsVectorLayer& layer);
+
+/// False where the program decodes texts by the user's choice.
+[[nodiscard]] bool HasOwnTexts(const QgsVectorLayer& layer);
+
+/// Whether the data can be asked for: false when the file or folder of a layer has gone, though the program may hold
+/// it open still, and when the provider has given up.
+[[nodiscard]] bool DataAreThere(const QgsVectorLayer& layer);
+
+}  // namespace tessarine::qgis
