@@ -2,6 +2,8 @@
 // The calculation run: its checks, its fields, its loop and its report.
 #include <gmock/gmock.h>
 
+#include <functional>
+
 #include "calculator/calculator_layers.h"
 #include "calculator/modCalcGeometry.h"
 #include "platform/rich_text.h"
@@ -201,6 +203,52 @@ class EditingApplication final : public IApplication {
     return uid.Value == "esriEditor.Editor" ? ObjectRef(editor) : inner->FindExtensionByCLSID(uid);
   }
 };
+
+// Shows the table of one layer, and keeps what the file held at each refresh.
+class ShowingApplication final : public IApplication, public ITableWindows {
+ public:
+  class Window final : public ITableWindow {
+   public:
+    explicit Window(const ShowingApplication& owner) : owner_(owner) {}
+    void Refresh() override { owner_.refreshed.push_back(owner_.look()); }
+
+   private:
+    const ShowingApplication& owner_;
+  };
+  std::shared_ptr<FakeApplication> inner;
+  std::shared_ptr<ILayer> shown;
+  std::function<std::string()> look;
+  mutable std::vector<std::string> refreshed;
+  [[nodiscard]] std::shared_ptr<IDocument> Document() const override { return inner->Document(); }
+  [[nodiscard]] std::shared_ptr<IStatusBar> StatusBar() const override { return inner->StatusBar(); }
+  [[nodiscard]] std::shared_ptr<ITemplates> Templates() const override { return inner->Templates(); }
+  [[nodiscard]] ObjectRef FindExtensionByCLSID(const UID& uid) const override {
+    return inner->FindExtensionByCLSID(uid);
+  }
+  [[nodiscard]] std::shared_ptr<ITableWindow> FindViaLayer(const std::shared_ptr<ILayer>& layer) const override {
+    return layer == shown ? std::make_shared<Window>(*this) : nullptr;
+  }
+};
+
+TEST_F(RunTest, AnOpenTableIsReadAgainOnceTheValuesAreWritten) {
+  const auto layer = Points(1, "shown.gpkg");
+  const auto showing = std::make_shared<ShowingApplication>();
+  showing->inner = application;
+  showing->shown = layer;
+  showing->look = [&] {
+    const auto row = Row("shown.gpkg", 0);
+    return row.contains("X") ? row.at("X") : "";
+  };
+  GeometryChoices choices;
+  choices.options = {OptionEntry(1, "X", "Y")};
+  choices.use_flags[0] = choices.use_flags[1] = true;
+  for (const auto& done : {layer, Points(1, "hidden.gpkg")}) {
+    choices.layer = done;
+    (void)modCalcGeometry::CalcGeometry(GeometryOptions(choices).Carrier(), showing);
+  }
+  ASSERT_EQ(showing->refreshed.size(), 1U) << "the other layer's table isn't open";
+  EXPECT_EQ(std::stod(showing->refreshed[0]), 500000.0);
+}
 
 TEST_F(RunTest, LayersThatCanNotBeChangedNow) {
   const auto points = Points(1);

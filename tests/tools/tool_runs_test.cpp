@@ -122,6 +122,29 @@ TEST_F(ToolRuns, WhatADocumentRemembersStandsInForWhatNobodyGave) {
   EXPECT_THAT(Rows().at(0), HasSubstr("POINT (340 5)"));
 }
 
+TEST_F(ToolRuns, TheMeterIsForMoreRecordsThanTheToolsThreshold) {
+  struct Row {
+    const char* tool;
+    const char* epsg;
+    std::size_t threshold;
+  };
+  const Row rows[] = {{"vertices", "32612", 500}, {"spherical-centroids", "32612", 20}, {"wrap", "4326", 500}};
+  extension->Startup(Variant(application));
+  for (const Row& row : rows) {
+    for (const std::size_t count : {row.threshold, row.threshold + 1}) {
+      const std::vector<std::string> features(count, Feature(Shape("LineString", "[[0,0],[3,4]]")));
+      Arguments arguments;
+      arguments.Set("source", LayerRef(Layer("many", features, row.epsg)));
+      arguments.Set("output", ToolOutput{0, folder.Path(""), "", "", ""});
+      if (std::string(row.tool) == "wrap") arguments.Set("range", std::string("360"));
+      host.forms.shown.clear();
+      RunContext context = HostContext();
+      (void)Named(row.tool).Run(context, arguments, application);
+      EXPECT_EQ(host.forms.shown.empty(), count == row.threshold) << row.tool << " " << count;
+    }
+  }
+}
+
 TEST_F(ToolRuns, AnArgumentOfTheWrongTypeIsAFaultOfItsFace) {
   Arguments arguments;
   arguments.Set("shift", std::string("1"));

@@ -9,6 +9,7 @@
 
 #include <QFileInfo>
 #include <QSet>
+#include <QSignalBlocker>
 #include <QUrl>
 #include <algorithm>
 #include <limits>
@@ -77,11 +78,25 @@ void AddFiles(DatasetFiles& found, const QgsVectorLayer& layer, QSet<QString>& s
   }
 }
 
+// What the provider says is quoted in a fault of ours; the program would show one message for each row.
+class QuietProvider {
+ public:
+  explicit QuietProvider(QgsVectorLayer& layer) : provider_(*layer.dataProvider()), quiet_(&provider_) {
+    provider_.clearErrors();
+  }
+  [[nodiscard]] QgsVectorDataProvider* operator->() const { return &provider_; }
+
+ private:
+  QgsVectorDataProvider& provider_;
+  QSignalBlocker quiet_;
+};
+
 [[noreturn]] void RaiseProviderFault(QgsVectorLayer& layer, const std::string& what) {
   const QStringList told = layer.dataProvider()->errors();
   layer.dataProvider()->clearErrors();
-  Raise(kEngine, what + " the layer '" + FromQt(layer.name()) + "'" +
-                     (told.isEmpty() ? "." : ": " + FromQt(told.join(QStringLiteral("; ")))));
+  std::string quoted = told.isEmpty() ? "." : ": " + FromQt(told.front());
+  if (told.size() > 1) quoted += " (and " + std::to_string(told.size() - 1) + " more like it)";
+  Raise(kEngine, what + " the layer '" + FromQt(layer.name()) + "'" + quoted);
 }
 
 }  // namespace
@@ -134,22 +149,21 @@ void LayerClass::ChangeBuffer(QgsVectorLayer& layer, const RowChanges& changes) 
 void LayerClass::Change(const RowChanges& changes) {
   QgsVectorLayer& layer = Layer();
   if (layer.isEditable()) return ChangeBuffer(layer, changes);
-  QgsVectorDataProvider& provider = *layer.dataProvider();
-  provider.clearErrors();
+  const QuietProvider provider(layer);
   // Provider fields come first, so that the layer's index is the provider's too.
-  if (!changes.attributes.isEmpty() && !provider.changeAttributeValues(changes.attributes)) {
+  if (!changes.attributes.isEmpty() && !provider->changeAttributeValues(changes.attributes)) {
     RaiseProviderFault(layer, "Attributes can't be written to");
   }
   // The provider takes what is geometry alone.
   QgsGeometryMap shapes = changes.shapes;
-  if (!shapes.isEmpty() && !provider.changeGeometryValues(shapes)) {
+  if (!shapes.isEmpty() && !provider->changeGeometryValues(shapes)) {
     RaiseProviderFault(layer, "Shapes can't be written to");
   }
 }
 
 void LayerClass::DeleteRow(QgsFeatureId oid) {
   QgsVectorLayer& layer = Layer();
-  const bool done = layer.isEditable() ? layer.deleteFeature(oid) : layer.dataProvider()->deleteFeatures({oid});
+  const bool done = layer.isEditable() ? layer.deleteFeature(oid) : QuietProvider(layer)->deleteFeatures({oid});
   if (!done) RaiseProviderFault(layer, "A row can't be deleted from");
   ShowChanges(true);
 }
@@ -171,13 +185,12 @@ void LayerClass::AddFields(std::span<const FieldRef> fields) {
     if (FindField(field->Name) < 0) continue;
     Raise(kInvalidCall, "The layer '" + FromQt(layer.name()) + "' has a field '" + field->Name + "' already.");
   }
-  layer.dataProvider()->clearErrors();
   bool done = true;
   if (layer.isEditable()) {
     for (const QgsField& field : added) done = done && layer.addAttribute(field);
     has_buffered_ = true;
   } else {
-    done = layer.dataProvider()->addAttributes(added);
+    done = QuietProvider(layer)->addAttributes(added);
   }
   layer.updateFields();
   for (const FieldRef& field : fields) {

@@ -10,7 +10,6 @@
 
 #include <algorithm>
 #include <map>
-#include <utility>
 
 #include "engine/data_source.h"
 #include "hosts/qgis/layer_class.h"
@@ -182,11 +181,10 @@ class WritingCursor final : public LayerCursor {
   }
 
   void Flush() override {
-    // What can't be written once isn't tried again.
-    const RowChanges changes = std::exchange(changes_, {});
-    Owner().Change(changes);
-    wrote_ = wrote_ || !changes.attributes.isEmpty() || !changes.shapes.isEmpty();
-    wrote_shapes_ = wrote_shapes_ || !changes.shapes.isEmpty();
+    Owner().Change(changes_);
+    wrote_ = wrote_ || !changes_.attributes.isEmpty() || !changes_.shapes.isEmpty();
+    wrote_shapes_ = wrote_shapes_ || !changes_.shapes.isEmpty();
+    changes_ = {};
   }
 
   void Close() override {

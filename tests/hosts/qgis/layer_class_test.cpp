@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // What layers of the program have beyond the contract of all hosts: filters, data in memory, edit sessions.
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <qgsproject.h>
 #include <qgsvectordataprovider.h>
@@ -7,6 +8,8 @@
 
 #include <QUndoStack>
 #include <algorithm>
+#include <filesystem>
+#include <functional>
 
 #include "engine/test_layers.h"
 #include "helpers/shapes.h"
@@ -303,6 +306,51 @@ TEST(LayerClass, OnlyALayerThatShowsJustAFileIsChangedAsOne) {
   EXPECT_EQ(features->BeginEdit(), nullptr);
   const auto memory = PointsInMemory();
   EXPECT_EQ(std::make_shared<qgis::LayerFeatures>(*memory)->BeginEdit(), nullptr);
+}
+
+TEST(LayerClass, RowsThatCanNotBeWrittenAreToldOnce) {
+  TestHost host;
+  const TemporaryFolder folder;
+  const auto layer = PointsInFile("GPKG", folder.Native("points.gpkg"));
+  // With a filter it is the provider that writes.
+  ASSERT_TRUE(layer->setSubsetString(QStringLiteral("size > 0")));
+  {
+    const GDALDatasetUniquePtr dataset(
+        GDALDataset::Open(folder.Native("points.gpkg").c_str(), GDAL_OF_VECTOR | GDAL_OF_UPDATE));
+    dataset->ExecuteSQL("CREATE TRIGGER full BEFORE UPDATE ON points BEGIN SELECT RAISE(ABORT, 'no room left'); END",
+                        nullptr, nullptr);
+  }
+  int messages = 0;
+  QObject::connect(layer->dataProvider(), &QgsVectorDataProvider::raiseError, layer.get(), [&] { ++messages; });
+  const auto features = std::make_shared<qgis::LayerFeatures>(*layer);
+  const auto cursor = features->Update(nullptr, false);
+  while (const auto row = cursor->NextFeature()) {
+    row->SetValue(features->FindField("size"), 7);
+    cursor->UpdateFeature(row);
+  }
+  EXPECT_THAT(FaultTextOf([&] { cursor->Close(); }), ::testing::HasSubstr("no room left"));
+  EXPECT_NE(FaultOf([&] { cursor->Close(); }), 0) << "nobody counts them as written";
+  EXPECT_EQ(messages, 0);
+}
+
+TEST(LayerClass, ALayerWhoseFileHasGone) {
+  TestHost host;
+  const TemporaryFolder folder;
+  for (const char* ending : {".gpkg", ".shp"}) {
+    const auto layer = PointsInFile(ending == std::string(".shp") ? "ESRI Shapefile" : "GPKG",
+                                    folder.Native(std::string("points") + ending));
+    const qgis::VectorLayer shown(*layer);
+    const auto features = shown.FeatureClass();
+    EXPECT_TRUE(shown.Valid());
+    std::filesystem::remove(folder.Native(std::string("points") + ending));
+    EXPECT_FALSE(shown.Valid());
+    for (const auto& touch : std::vector<std::function<void()>>{
+             [&] { (void)features->FeatureCount(nullptr); }, [&] { (void)features->Search(nullptr, true); },
+             [&] { (void)features->BeginEdit(); }, [&] { (void)features->Fields(); },
+             [&] { (void)shown.FeatureClass()->Extent(); }, [&] { (void)shown.SelectionSet(); }}) {
+      EXPECT_EQ(FaultOf(touch), kPathNotFound) << ending;
+    }
+  }
 }
 
 TEST(LayerClass, ALayerThatLeftTheProject) {
