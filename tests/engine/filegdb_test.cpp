@@ -141,10 +141,12 @@ void CopyClass(const std::string& file, const std::string& name, const std::stri
   const LayerCopyRequest request{.source = OpenClass(file, name),
                                  .place = {FormatOfPath(file), file, "", copy},
                                  .only = std::nullopt,
+                                 .selected = {},
                                  .replaces = replaces,
                                  .result_fields = {},
                                  .question = "",
-                                 .reference = nullptr};
+                                 .reference = nullptr,
+                                 .plan_only = false};
   Cast<IStagedDataset>(MakeLayerCopy(request).output)->Publish();
 }
 
