@@ -5,9 +5,9 @@
 #include <deque>
 
 #include "engine/engine_fault.h"
-#include "outputs/layer_copy.h"
 #include "engine/personal_geodatabase_dataset.h"
 #include "engine/server_table.h"
+#include "outputs/layer_copy.h"
 #include "outputs/way_out.h"
 #include "platform/text_formats.h"
 

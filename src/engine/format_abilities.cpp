@@ -5,8 +5,8 @@
 
 #include "engine/copy_target.h"
 #include "engine/engine_fault.h"
-#include "outputs/layer_copy.h"
 #include "engine/ogr_class.h"
+#include "outputs/layer_copy.h"
 #include "platform/text_formats.h"
 
 namespace tessarine {
