@@ -46,6 +46,21 @@ struct MeasureCode {
   MeasuredKind kind = MeasuredKind::Real;
 };
 
+/// What the numbers of a measure count.
+enum class MeasuredIn {
+  Nothing,         ///< it is a count
+  Degrees,
+  DataUnit,        ///< that of the coordinates
+  DataUnitSquare,
+  Metres,          ///< the unit of a spheroid's axes
+  MetresSquare,
+};
+
+struct MeasuredUnit {
+  MeasuredIn unit = MeasuredIn::Nothing;
+  bool on_spheroid = false;  ///< the value depends on the spheroid
+};
+
 struct MeasureRow {
   esriGeometryType shape;
   SpatialKind kind;
@@ -54,6 +69,7 @@ struct MeasureRow {
   bool slow;        ///< counts for the choice of the progress display
   bool takes_null;  ///< False: the fields keep what they hold when the feature has no geometry
   MeasureCode measure;
+  MeasuredUnit unit;
   std::array<std::string_view, 2> default_fields;  ///< the second is empty for a measure of one field
   std::array<std::string_view, 2> report_labels;
 

@@ -12,11 +12,6 @@
 namespace tessarine::engine {
 namespace {
 
-struct StampLine {
-  const char* key;
-  std::string value;
-};
-
 std::string TimeNow() {
   const std::time_t now = std::time(nullptr);
   std::tm parts{};
@@ -42,19 +37,12 @@ std::string SpheroidText(const RunSpheroid& spheroid) {
 std::vector<StampLine> LinesOfRun() {
   const RunContext* run = RunningContext();
   const OutputWishes wishes = run != nullptr ? run->services.Wishes() : OutputWishes();
-  if (!wishes.stamps) return {};
-  std::vector<StampLine> lines = {{"TESSARINE_COMMAND", WithoutControls(wishes.command_line)},
-                                  {"TESSARINE_VERSION", wishes.version}};
-  if (const auto spheroid = SpheroidOf(run->journal)) {
-    lines.push_back({"TESSARINE_SPHEROID", WithoutControls(SpheroidText(*spheroid))});
-  }
-  lines.push_back({"TESSARINE_TIME", TimeNow()});
-  return lines;
+  return wishes.stamps ? StampLines(run->journal, wishes.command_line, wishes.version) : std::vector<StampLine>();
 }
 
 std::string AsText(const std::vector<StampLine>& lines) {
   std::string text;
-  for (const StampLine& line : lines) text += (text.empty() ? "" : "\n") + std::string(line.key) + "=" + line.value;
+  for (const StampLine& line : lines) text += (text.empty() ? "" : "\n") + line.key + "=" + line.value;
   return text;
 }
 
@@ -68,12 +56,24 @@ std::string EscapedXml(const std::string& text) {
 std::string AsXml(const std::vector<StampLine>& lines) {
   std::string text = "<metadata>";
   for (const StampLine& line : lines) {
-    text += "<" + std::string(line.key) + ">" + EscapedXml(line.value) + "</" + line.key + ">";
+    text += "<" + line.key + ">" + EscapedXml(line.value) + "</" + line.key + ">";
   }
   return text + "</metadata>";
 }
 
 }  // namespace
+
+std::vector<StampLine> StampLines(const RunJournal& journal, const std::string& command_line,
+                                  const std::string& version) {
+  std::vector<StampLine> lines;
+  if (!command_line.empty()) lines.push_back({"TESSARINE_COMMAND", WithoutControls(command_line)});
+  lines.push_back({"TESSARINE_VERSION", version});
+  if (const auto spheroid = SpheroidOf(journal)) {
+    lines.push_back({"TESSARINE_SPHEROID", WithoutControls(SpheroidText(*spheroid))});
+  }
+  lines.push_back({"TESSARINE_TIME", TimeNow()});
+  return lines;
+}
 
 void AddStamp(const Format& format, CPLStringList& options) {
   const std::vector<StampLine> lines = LinesOfRun();
@@ -90,7 +90,7 @@ void StampGeoPackage(const std::filesystem::path& file, const std::string& layer
   OGRLayer* stamped = dataset->GetLayerByName(layer.c_str());
   bool kept = stamped != nullptr;
   for (const StampLine& line : lines) {
-    kept = kept && stamped->SetMetadataItem(line.key, line.value.c_str()) == CE_None;
+    kept = kept && stamped->SetMetadataItem(line.key.c_str(), line.value.c_str()) == CE_None;
   }
   dataset.reset();
   if (!kept || errors.Failed())

@@ -79,6 +79,16 @@ enum class ToolSubject : std::uint8_t {
   Document,  ///< the map document with its graphic elements and its view, which it may change
 };
 
+/// What the features of the new class stand for, by which a face may choose how to show them.
+enum class ToolResult : std::uint8_t {
+  Features,  ///< the features of the source themselves, or parts of them
+  Vertices,  ///< the corners of shapes
+  Centers,   ///< one place for each feature
+  Outlines,  ///< what bounds areas
+  Regions,   ///< areas that lines bound
+  Moved,     ///< the features of the source at other coordinates
+};
+
 struct ToolSpec {
   std::string_view name;        ///< in commands: "label-points", or behind the word of a group: "graphics select"
   std::string_view title;       ///< for people: "Polygons to Label Points"
@@ -88,6 +98,7 @@ struct ToolSpec {
   std::string_view class_name;  ///< of the command that opens its dialog: "clsConvertLabelpoint"
   std::vector<ToolParameter> parameters;
   ToolSubject works_on = ToolSubject::Layers;
+  ToolResult result = ToolResult::Features;
   ToolReference reference = ToolReference::Source;
   std::string_view why_no_other_reference = {};
   std::vector<std::string_view> one_of = {};  ///< parameters of which one must be given, or be remembered by a document
@@ -188,6 +199,14 @@ struct Objection {
 [[nodiscard]] std::string SentenceOf(const Objection& objection,
                                      const std::function<std::string(std::string_view parameter)>& written);
 
+/// What a field holds that a run makes or fills.
+struct FieldMeaning {
+  std::string field;
+  std::string text;           ///< "Spheroidal Length"
+  std::string unit;           ///< "metres"; empty for counts
+  bool on_spheroid = false;  ///< the value depends on the spheroid of the run
+};
+
 class ITool : public virtual Object {
  public:
   [[nodiscard]] virtual const ToolSpec& Spec() const = 0;
@@ -202,6 +221,17 @@ class ITool : public virtual Object {
   /// What such a run would read, make and ask, as a report: nothing is written.
   [[nodiscard]] virtual std::string Plan(RunContext& context, const Arguments& arguments,
                                          const std::shared_ptr<IApplication>& application) const = 0;
+  /// What the fields hold that such a run makes or fills with measures, under the names that it asks for.
+  [[nodiscard]] virtual std::vector<FieldMeaning> Meanings(const Arguments&) const { return {}; }
+};
+
+/// Told of the runs that commands begin. An application may be one.
+class IRunWatcher : public virtual Object {
+ public:
+  /// The arguments are what the dialog was left with; nothing is written yet.
+  virtual void RunBegins(const ITool& tool, const Arguments& arguments) = 0;
+  /// The run that began last has ended; its report comes next, if there is one.
+  virtual void RunEnded(const RunJournal& journal, const std::string& report) = 0;
 };
 
 /// The tools of the suite: the component "Tessarine.clsToolCatalog".
@@ -209,6 +239,8 @@ class IToolCatalog : public virtual Object {
  public:
   /// In the order of the menus. They live as long as the program.
   [[nodiscard]] virtual std::vector<const ITool*> Tools() const = 0;
+  /// Shows a report in the window in which commands show theirs, and waits.
+  virtual void ShowReport(const std::string& report) const = 0;
 };
 
 }  // namespace tessarine

@@ -79,4 +79,10 @@ void frmReport_modal::cmdPrint_Click() {
   });
 }
 
+void ShowReportWindow(const std::string& report) {
+  frmReport_modal form;
+  form.txtReport.SetTextRTF(report);
+  form.ShowModal();
+}
+
 }  // namespace tessarine

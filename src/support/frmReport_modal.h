@@ -2,6 +2,8 @@
 // The dialog that shows what a run did.
 #pragma once
 
+#include <string>
+
 #include "platform/form.h"
 #include "support/AnchorObjectList.h"
 
@@ -30,5 +32,8 @@ class frmReport_modal final : public Form {
 
   AnchorObjectList anchors_;
 };
+
+/// Shows the report, and waits until the user closes it.
+void ShowReportWindow(const std::string& report);
 
 }  // namespace tessarine

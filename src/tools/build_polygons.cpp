@@ -51,6 +51,7 @@ const ToolSpec kSpec{
              .needs = "labels",
              .remembered = true},
         },
+    .result = ToolResult::Regions,
     .several_sources = false,
     .renames = true,
     .example =

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // Lengths, areas, centroids, azimuths and counts of features, written into their attribute table.
 #include "calculator/calculation_copy.h"
+#include "calculator/field_meanings.h"
 #include "calculator/frmGeometry.h"
 #include "calculator/measure_choice.h"
 #include "calculator/modCalcGeometry.h"
@@ -83,7 +84,10 @@ class CalculateTool final : public Tool {
     Arguments arguments;
     arguments.Set("source", options.Layer());
     std::vector<ToolMeasure> measures;
-    for (const OptionEntry& entry : options.Options()) measures.push_back(MeasureOf(entry, options.UseFlags()));
+    const IFeatureClass& features = *Require(options.Layer()->FeatureClass(), "FeatureClass");
+    for (const OptionEntry& entry : options.Options()) {
+      measures.push_back(MeasureOf(entry, options.UseFlags(), features));
+    }
     arguments.Set("measure", measures);
     arguments.Set("spheroid", ToolSpheroid{options.SpheroidName(), options.SemiMajor(), options.SemiMinor()});
     arguments.Set("planetocentric", options.Geocentric());
@@ -134,6 +138,11 @@ class CalculateTool final : public Tool {
     return options ? modCalcGeometry::CalcGeometry(context, options, application) : report;
   }
 
+  [[nodiscard]] std::vector<FieldMeaning> Meanings(const Arguments& arguments) const override {
+    const LayerRef layer = SourceOf(arguments);
+    return MeaningsOf(*layer, Chosen(arguments, InPlace(arguments)));
+  }
+
   [[nodiscard]] std::string Plan(RunContext& context, const Arguments& arguments,
                                  const std::shared_ptr<IApplication>& application) const override {
     const LayerForMeasures work = arguments.Has("output")
@@ -144,8 +153,11 @@ class CalculateTool final : public Tool {
   }
 
  private:
-  [[nodiscard]] static ToolMeasure MeasureOf(const OptionEntry& entry, const ComboUseFlags& flags) {
-    ToolMeasure measure{std::to_string(entry.OptionId()), {}};
+  [[nodiscard]] static ToolMeasure MeasureOf(const OptionEntry& entry, const ComboUseFlags& flags,
+                                             const IFeatureClass& features) {
+    const MeasureRow* row =
+        FindMeasure(features.ShapeType(), SpatialKindOf(features.SpatialReference()), entry.OptionId());
+    ToolMeasure measure{row != nullptr ? std::string(row->caption) : std::to_string(entry.OptionId()), {}};
     for (const std::int32_t position : {0, 1}) {
       if (UsesField(flags, entry.OptionId(), position)) measure.fields.push_back(entry.Field(position));
     }

@@ -19,7 +19,8 @@ const ConversionRow kRow{
               .takes = "polylines, polygons or multipoints",
               .makes = "A class of points with Uniq_ID, X_Coord and Y_Coord, one for each feature.",
               .example = "tessarine centroids tests/data/countries.shp --fields name --where \"continent = 'Africa'\" "
-                         "-o centroids.shp"},
+                         "-o centroids.shp",
+              .result = ToolResult::Centers},
     .command = {"clsConvertCentroid",
                 "PolygonToCentroid",
                 "Convert Shapes to &Centroids",

@@ -19,7 +19,8 @@ const ConversionRow kRow{
               .takes = "polylines, polygons or multipoints",
               .makes = "A class of points in degrees with Uniq_ID and longitude and latitude in X_Coord and Y_Coord, "
                        "one for each feature.",
-              .example = "tessarine spherical-centroids tests/data/countries.shp --fields name -o centers.shp"},
+              .example = "tessarine spherical-centroids tests/data/countries.shp --fields name -o centers.shp",
+              .result = ToolResult::Centers},
     .command = {"clsConvertSphCentroid",
                 "Spherical_Centroid",
                 "Convert Features to &Spherical Centroids",

@@ -20,7 +20,8 @@ const ConversionRow kRow{
          .takes = "polylines, polygons or multipoints",
          .makes =
              "A class of points with the number and the coordinates of each vertex in Uniq_ID, X_Coord and Y_Coord.",
-         .example = "tessarine vertices tests/data/countries.shp --fields name,pop_est -o vertex.shp"},
+         .example = "tessarine vertices tests/data/countries.shp --fields name,pop_est -o vertex.shp",
+         .result = ToolResult::Vertices},
     .command = {"clsShapesToVertices",
                 "ShapesToVertices",
                 "Convert Shapes to &Vertices",

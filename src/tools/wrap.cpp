@@ -43,6 +43,7 @@ const ToolSpec kSpec{
              .needs = "short-steps"},
             ShiftParameter(),
         },
+    .result = ToolResult::Moved,
     .reference = ToolReference::SourceAlone,
     .why_no_other_reference =
         "wrapped longitudes are a matter of the data's own degrees; a box from 0 to 360 or over the edge of the map "

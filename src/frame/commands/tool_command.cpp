@@ -22,17 +22,14 @@ class ToolCommand : public CommandBase {
     if (!arguments) return;
     RunContext context = HostContext();
     const bool planned = Host().PlanOnly();
+    const auto watcher = planned ? nullptr : Cast<IRunWatcher>(Application());
+    if (watcher) watcher->RunBegins(tool, *arguments);
     const std::string report =
         planned ? tool.Plan(context, *arguments, Application()) : tool.Run(context, *arguments, Application());
+    if (watcher) watcher->RunEnded(context.journal, report);
     // A user who gave up knows it.
-    if (!context.journal.cancelled) ShowReport(report);
+    if (!context.journal.cancelled) ShowReportWindow(report);
     if (!planned) MarkDirty();
-  }
-
-  static void ShowReport(const std::string& report) {
-    frmReport_modal form;
-    form.txtReport.SetTextRTF(report);
-    form.ShowModal();
   }
 };
 

@@ -19,6 +19,7 @@ ToolSpec SpecOf(const ConversionRow& row) {
           .class_name = row.command.class_name,
           .parameters = {SourceParameter(ShapesOf(row.dialog.layer_mask)), OutputParameter(), FieldsParameter(),
                          AllFieldsParameter()},
+          .result = row.words.result,
           .reference = row.run.kind == modCreateVertices::RunKind::Geographic ? ToolReference::Geographic
                                                                               : ToolReference::Source,
           .spreads = true,

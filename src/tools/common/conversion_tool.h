@@ -18,6 +18,7 @@ struct ConversionWords {
   std::string_view takes;
   std::string_view makes;
   std::string_view example;
+  ToolResult result = ToolResult::Features;
 };
 
 struct ConversionRow {

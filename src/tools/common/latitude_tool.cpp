@@ -34,6 +34,7 @@ ToolSpec SpecOf(const LatitudeRow& row, std::string_view why_no_other_reference)
                           .otherwise = kNoWrap,
                           .remembered = true},
                          ShiftParameter()},
+          .result = ToolResult::Moved,
           .reference = ToolReference::SourceAlone,
           .why_no_other_reference = why_no_other_reference,
           .whole_layers = true,
