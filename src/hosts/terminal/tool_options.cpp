@@ -7,6 +7,7 @@
 #include "hosts/document/component_loader.h"
 #include "hosts/terminal/option_numbers.h"
 #include "hosts/terminal/output_wishes.h"
+#include "platform/command_line.h"
 #include "platform/paths.h"
 #include "platform/text_formats.h"
 
@@ -36,11 +37,6 @@ std::string OptionName(std::string_view parameter) {
 // An option, or a word of its own.
 std::string WordFor(const ToolParameter& parameter) {
   return parameter.by_place ? std::string(parameter.name) : OptionName(parameter.name);
-}
-
-// "label" of "labels".
-std::string Singular(std::string_view name) {
-  return std::string(name.ends_with('s') ? name.substr(0, name.size() - 1) : name);
 }
 
 std::vector<std::string> SplitAtCommas(const std::string& text) {
@@ -161,12 +157,11 @@ class OptionAdder {
                                               HelpOf(parameter) + ": a path, PATH:LAYER, or a layer of the document");
     made_[name] = option->required(parameter.required);
     command_
-        .add_option("--" + Singular(name) + "-layer", layer.layer,
+        .add_option(LayerOption(name, "layer"), layer.layer,
                     "The layer of " + name + ", where their data holds several")
         ->needs(option);
     command_
-        .add_option("--" + Singular(name) + "-where", layer.where,
-                    "Take only the " + name + " that meet this SQL condition")
+        .add_option(LayerOption(name, "where"), layer.where, "Take only the " + name + " that meet this SQL condition")
         ->needs(option);
   }
 
