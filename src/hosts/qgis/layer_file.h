@@ -9,6 +9,15 @@
 
 namespace tessarine::qgis {
 
+struct FileBehind {
+  std::string path;       ///< a native path; empty for data in no file
+  std::string layer;      ///< empty for files of one layer
+  std::string why_other;  ///< in what the layer shows something else, the end of a sentence; empty where in nothing
+};
+
+/// The file of the layer's data. The layer's filter isn't looked at: it leaves rows out, but changes none.
+[[nodiscard]] FileBehind FileOf(const QgsVectorLayer& layer);
+
 struct LayerFile {
   std::string path;   ///< a native path
   std::string layer;  ///< empty for files of one layer

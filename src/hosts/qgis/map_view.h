@@ -7,6 +7,7 @@
 
 #include <QPointer>
 #include <QStringList>
+#include <functional>
 #include <map>
 #include <memory>
 
@@ -24,6 +25,9 @@ class MapView final : public ElementView, public IMap, public IStandaloneTableCo
  public:
   MapView(QgsMapCanvas* canvas, LayerBook& book, GraphicsMemory& memory)
       : canvas_(canvas), book_(book), memory_(memory) {}
+
+  /// Called with each layer that the suite has added.
+  std::function<void(QgsVectorLayer&)> OnAdded = [](QgsVectorLayer&) {};
 
   // IMap
   [[nodiscard]] std::string Name() const override { return "Layers"; }

@@ -9,6 +9,7 @@
 #include <QMenu>
 #include <QPointer>
 #include <QToolBar>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -26,6 +27,9 @@ class MenuBar {
   ~MenuBar();
   MenuBar(const MenuBar&) = delete;
   MenuBar& operator=(const MenuBar&) = delete;
+
+  /// Called when a command has done what it does.
+  std::function<void()> OnDone = [] {};
 
  private:
   struct Item {

@@ -3,12 +3,15 @@
 #include <qgisinterface.h>
 #include <qgsapplication.h>
 
+#include <QPointer>
 #include <memory>
 
 #include "hosts/qgis/menu_bar.h"
 #include "hosts/qgis/processing/provider.h"
 #include "hosts/qgis/program_application.h"
 #include "hosts/qgis/qgis_host.h"
+#include "hosts/qgis/results/report_dock.h"
+#include "hosts/qgis/results/run_messages.h"
 #include "hosts/windows/translation.h"
 #include "platform/component.h"
 #include "platform/trap.h"
@@ -35,24 +38,44 @@ class PluginWindow final : public IProgramWindow {
 class Menus {
  public:
   explicit Menus(QgisInterface& program)
-      : window_(program),
+      : program_(program),
+        window_(program),
         host_(program.mainWindow(), kHostVersion),
         application_(std::make_shared<ProgramApplication>(window_)) {
     application_->Start();
     bar_ = std::make_unique<MenuBar>(program, host_, application_);
+    dock_ = new ReportDock(history_, program.mainWindow());
+    program.addDockWidget(Qt::RightDockWidgetArea, dock_);
+    dock_->hide();
+    bar_->OnDone = [this] { TellNewRun(); };
   }
   ~Menus() {
     bar_ = nullptr;
+    if (dock_) program_.removeDockWidget(dock_);
+    delete dock_.data();
     Trap("unload", [this] { application_->Stop(); });
   }
   Menus(const Menus&) = delete;
   Menus& operator=(const Menus&) = delete;
 
  private:
+  // Of a run that a command has just done; those of the toolbox are told by the program.
+  void TellNewRun() {
+    for (const PastRun& run : history_.Runs()) {
+      const bool is_new = run.number > told_ && run.from == RunFrom::Menus;
+      if (is_new && dock_) TellInBar(*program_.messageBar(), run, *dock_);
+    }
+    told_ = history_.Added();
+  }
+
+  QgisInterface& program_;
   PluginWindow window_;
   QgisHost host_;
   std::shared_ptr<ProgramApplication> application_;
   std::unique_ptr<MenuBar> bar_;
+  RunHistory history_;
+  std::size_t told_ = 0;
+  QPointer<ReportDock> dock_;
 };
 
 std::unique_ptr<Menus>& RunningMenus() {

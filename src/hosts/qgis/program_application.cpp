@@ -75,7 +75,16 @@ void ProgramApplication::Stop() {
   document_->Reset();
 }
 
+void ProgramApplication::RunBegins(const ITool& tool, const Arguments& arguments) {
+  Trap("RunBegins", [&] { recorder_.Begin(tool, arguments); });
+}
+
+void ProgramApplication::RunEnded(const RunJournal& journal, const std::string& report) {
+  Trap("RunEnded", [&] { recorder_.End(journal, report); });
+}
+
 void ProgramApplication::Follow() {
+  document_->Map().OnAdded = [this](QgsVectorLayer& layer) { recorder_.Take(layer); };
   QgsProject* project = QgsProject::instance();
   QObject::connect(project, &QgsProject::writeProject, &context_,
                    [this] { Trap("ProjectWritten", [this] { SaveSettings(); }); });

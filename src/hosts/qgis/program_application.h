@@ -12,6 +12,7 @@
 
 #include "hosts/qgis/program_window.h"
 #include "hosts/qgis/project_document.h"
+#include "hosts/qgis/results/run_recorder.h"
 #include "hosts/qgis/status_bar.h"
 #include "platform/application.h"
 
@@ -19,6 +20,7 @@ namespace tessarine::qgis {
 
 class ProgramApplication final : public IApplication,
                                  public ITableWindows,
+                                 public IRunWatcher,
                                  public std::enable_shared_from_this<ProgramApplication> {
  public:
   explicit ProgramApplication(IProgramWindow& program);
@@ -34,6 +36,9 @@ class ProgramApplication final : public IApplication,
   [[nodiscard]] std::shared_ptr<IStatusBar> StatusBar() const override { return status_bar_; }
   [[nodiscard]] std::shared_ptr<ITemplates> Templates() const override;
   [[nodiscard]] ObjectRef FindExtensionByCLSID(const UID& uid) const override;
+  // IRunWatcher
+  void RunBegins(const ITool& tool, const Arguments& arguments) override;
+  void RunEnded(const RunJournal& journal, const std::string& report) override;
   // ITableWindows
   [[nodiscard]] std::shared_ptr<ITableWindow> FindViaLayer(const std::shared_ptr<ILayer>& layer) const override;
 
@@ -51,6 +56,7 @@ class ProgramApplication final : public IApplication,
   std::shared_ptr<ProjectDocument> document_;
   std::shared_ptr<ProgramStatusBar> status_bar_;
   std::shared_ptr<IExtension> extension_;
+  RunRecorder recorder_;
   std::vector<QPointer<QgsAnnotationLayer>> followed_;
   QObject context_;  // what is connected ends with it
 };

@@ -47,8 +47,10 @@ def check_open_table():
     wait_until(lambda: model.rowCount() == 2, "the table shows no rows")
     calculate(layer)
     heads = [model.headerData(column, Qt.Horizontal) for column in range(model.columnCount())]
-    assert "Sph_Len" in heads, heads
-    shown = sorted(float(model.index(row, heads.index("Sph_Len")).data().replace(",", "")) for row in range(2))
+    # Under the alias that tells its unit.
+    head = layer.attributeDisplayName(layer.fields().indexOf("Sph_Len"))
+    assert head in heads, heads
+    shown = sorted(float(model.index(row, heads.index(head)).data().replace(",", "")) for row in range(2))
     for value, (length, _) in zip(shown, sorted(EXPECTED), strict=True):
         assert abs(value - length) < 1.0, shown
     window.close()

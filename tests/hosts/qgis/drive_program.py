@@ -59,7 +59,8 @@ def run(options, scenario, folder):
     environment.update(
         HOME=str(folder), XDG_RUNTIME_DIR=str(folder), XDG_DATA_HOME=str(folder / "data"), LC_ALL="C.UTF-8",
         TESSARINE_SCENARIO=str(HERE / (scenario + ".py")), TESSARINE_HELPERS=str(HERE),
-        TESSARINE_TEST_DATA=str(ROOT / "tests/data"), TESSARINE_WORK=str(folder / "work"),
+        TESSARINE_TEST_DATA=str(ROOT / "tests/data"),
+        TESSARINE_PROGRAM=str(pathlib.Path(options.build).resolve() / "bin/tessarine"), TESSARINE_WORK=str(folder / "work"),
         PGEO_DRIVER_TEMPLATE="DRIVER=libmdbodbc.so;DBQ=%s")
     (folder / "work").mkdir()
     install(options, profiles, environment, "install-plugin")

@@ -87,10 +87,24 @@ def equal_to_terminal(toolbox, name, values, words):
     made, expected = toolbox.folder / (name + ".gpkg"), toolbox.folder / "terminal" / (name + ".gpkg")
     status, told = toolbox.run(name, dict(values, OUTPUT=made))
     assert status == 0 and "WRITTEN" in told, told
+    check_line(toolbox, told, made)
     toolbox.terminal(name, *words, "-o", expected, "--yes")
     assert rows_of(made)[0] == rows_of(expected)[0], (name, rows_of(made)[0], rows_of(expected)[0])
     assert rows_of(made) == rows_of(expected), name
     assert len(rows_of(made)[2]) > 100, name
+
+
+def check_line(toolbox, told, made):
+    """The log tells a line for the terminal; a shell that runs it makes the same output."""
+    lines = [line for line in told.splitlines() if line.startswith("tessarine ")]
+    assert len(lines) == 1, told
+    first = rows_of(made)
+    made.unlink()
+    path = "%s/bin:%s" % (pathlib.Path(toolbox.options.build).resolve(), os.environ["PATH"])
+    done = subprocess.run(lines[0], shell=True, env=dict(os.environ, PATH=path), capture_output=True, text=True,
+                          stdin=subprocess.DEVNULL, timeout=60)
+    assert done.returncode == 0, (lines[0], done.stdout + done.stderr)
+    assert rows_of(made) == first, lines[0]
 
 
 def refused(toolbox):

@@ -8,6 +8,7 @@
 
 #include "hosts/qgis/layer_class.h"
 #include "hosts/qgis/layer_file.h"
+#include "hosts/qgis/results/layer_words.h"
 #include "hosts/qgis/values.h"
 #include "hosts/windows/qt_text.h"
 #include "platform/fault.h"
@@ -58,6 +59,8 @@ ChosenLayer::ChosenLayer(const QgsProcessingParameterDefinition& definition, con
     if (chosen.selectedFeaturesOnly) selected_ = layer->selectedFeatureIds();
     most_ = chosen.featureLimit;
   }
+  words_ = WordsOf(*layer, selected_ ? ReadRows::Selected : ReadRows::All);
+  if (most_ >= 0) words_.why_none = "only the first records of '" + FromQt(name_) + "' are read";
   const auto shown = !selected_ && most_ < 0 && HasOwnTexts(*layer) ? FileShownBy(*layer) : std::nullopt;
   if (shown) {
     file_ = LayerSource{shown->path, shown->layer};

@@ -19,6 +19,7 @@
 #include <optional>
 
 #include "hosts/document/document_layer.h"
+#include "platform/command_line.h"
 #include "platform/data.h"
 
 namespace tessarine::qgis {
@@ -34,12 +35,15 @@ class ChosenLayer {
   [[nodiscard]] std::shared_ptr<DocumentFeatureLayer> Open(QgsProcessingFeedback& feedback);
   /// What the run must not write to.
   [[nodiscard]] const DatasetFiles& Files() const { return files_; }
+  /// How the terminal names what is read.
+  [[nodiscard]] const LayerWords& Words() const { return words_; }
 
  private:
   [[nodiscard]] std::shared_ptr<DocumentFeatureLayer> OpenCopy(QgsProcessingFeedback& feedback);
 
   QString name_;
   DatasetFiles files_;
+  LayerWords words_;
   std::optional<LayerSource> file_;
   // Of a layer that has to be copied.
   std::unique_ptr<QgsVectorLayerFeatureSource> rows_;

@@ -9,6 +9,7 @@
 #include "hosts/document/component_loader.h"
 #include "hosts/qgis/layers.h"
 #include "hosts/qgis/processing/output_goal.h"
+#include "hosts/qgis/processing/run_notes.h"
 #include "hosts/qgis/processing/run_turn.h"
 #include "hosts/qgis/processing/tool_parameters.h"
 #include "hosts/qgis/processing/tool_run.h"
@@ -156,8 +157,11 @@ QVariantMap ToolAlgorithm::RunTool(const QVariantMap& parameters, QgsProcessingC
   OutputGoal goal(*parameterDefinition(QLatin1String(kOutput)), parameters, context);
   Arguments arguments = ReadArguments(Spec(), *this, parameters, context);
   for (auto& [name, layer] : layers_) run.Take(name, layer, arguments);
+  RunNotes notes(tool_, arguments, goal);
+  for (const auto& [name, layer] : layers_) notes.SetLayer(name, layer.Words());
   run.Run(std::move(arguments), goal);
   const RunJournal& journal = run.Journal();
+  notes.TellEnd(journal, run.Report(), feedback);
   if (!journal.failure.empty()) throw QgsProcessingException(LinesToQt(journal.failure));
   if (journal.stopped && goal.IsNamedFile() && !journal.output_path.empty()) {
     feedback.pushWarning(QStringLiteral("The run was stopped; '%1' holds what was written until then.")
@@ -168,7 +172,9 @@ QVariantMap ToolAlgorithm::RunTool(const QVariantMap& parameters, QgsProcessingC
   if (journal.output_path.empty()) {
     throw QgsProcessingException(QStringLiteral("The run made no output. Its log tells why."));
   }
-  return {{QLatin1String(kOutput), goal.HandOver(journal.output_path, feedback)},
+  const QString made = goal.HandOver(journal.output_path, feedback);
+  notes.DressWhenShown(made, journal, context);
+  return {{QLatin1String(kOutput), made},
           {QLatin1String(kRead.name), QVariant::fromValue<qlonglong>(journal.read)},
           {QLatin1String(kWritten.name), QVariant::fromValue<qlonglong>(journal.written)},
           {QLatin1String(kFailed.name), QVariant::fromValue<qlonglong>(std::ssize(journal.unmeasured_oids))}};

@@ -37,9 +37,8 @@ void ToolRun::Run(Arguments arguments, const OutputGoal& goal) {
   if (const auto objection = tool_.Validate(arguments, application_)) {
     throw QgsProcessingException(ObjectionText(spec, *objection));
   }
-  if (!UnlessStopped([&] { TellReport(tool_.Run(context_, arguments, application_), goal); })) {
-    host_.Journal().stopped = true;
-  }
+  if (!UnlessStopped([&] { report_ = tool_.Run(context_, arguments, application_); })) host_.Journal().stopped = true;
+  TellReport(goal);
 }
 
 void ToolRun::Take(const std::string& parameter, ChosenLayer& layer, Arguments& arguments) {
@@ -57,8 +56,8 @@ void ToolRun::RefuseSources(const OutputPlace& place) const {
   }
 }
 
-void ToolRun::TellReport(const std::string& report, const OutputGoal& goal) {
-  if (!report.empty()) feedback_.pushInfo(goal.AsNamed(LinesToQt(ToPlainText(ReadRtf(report)))));
+void ToolRun::TellReport(const OutputGoal& goal) {
+  if (!report_.empty()) feedback_.pushInfo(goal.AsNamed(LinesToQt(ToPlainText(ReadRtf(report_)))));
 }
 
 }  // namespace tessarine::qgis

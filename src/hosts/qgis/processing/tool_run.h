@@ -29,6 +29,8 @@ class ToolRun {
   [[nodiscard]] const std::shared_ptr<DocumentApplication>& Application() const { return application_; }
   [[nodiscard]] RunSystem& Places() { return host_.Places(); }
   [[nodiscard]] const RunJournal& Journal() { return host_.Journal(); }
+  /// What `Run` returned as the tool's report; empty where there is none.
+  [[nodiscard]] const std::string& Report() const { return report_; }
 
   /// Puts the layer into the arguments. Raises `RunStopped`.
   void Take(const std::string& parameter, ChosenLayer& layer, Arguments& arguments);
@@ -37,7 +39,7 @@ class ToolRun {
 
  private:
   void RefuseSources(const OutputPlace& place) const;
-  void TellReport(const std::string& report, const OutputGoal& goal);
+  void TellReport(const OutputGoal& goal);
 
   const ITool& tool_;
   QgsProcessingFeedback& feedback_;
@@ -46,6 +48,7 @@ class ToolRun {
   RunContext context_;
   RunningContextScope running_;
   std::vector<std::pair<std::string, DatasetFiles>> read_;  // the layers' names and what they read
+  std::string report_;
   std::shared_ptr<MapDocument> document_;
   std::shared_ptr<DocumentApplication> application_;
 };
