@@ -9,6 +9,7 @@
 #include <optional>
 
 #include "hosts/document/map_document.h"
+#include "hosts/document/spheroid_names.h"
 #include "hosts/terminal/commands.h"
 #include "hosts/terminal/refusal.h"
 #include "hosts/terminal/spheroid_options.h"

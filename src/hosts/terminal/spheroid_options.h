@@ -3,7 +3,6 @@
 #pragma once
 
 #include <CLI/App.hpp>
-#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -30,13 +29,6 @@ void AddSpheroidOptions(CLI::App& command, SpheroidOptions& options);
 /// set: it knows where the custom file lies.
 [[nodiscard]] std::optional<ChosenSpheroid> ChooseSpheroid(const SpheroidOptions& options);
 
-/// The catalogue of the suite.
-[[nodiscard]] std::shared_ptr<ISpheroidCatalog> SpheroidCatalog();
-
-/// Names like the text, the nearest first, up to five: those that hold it or that it holds, and those a few letters
-/// away.
-[[nodiscard]] std::vector<std::string> NearSpheroidNames(const std::string& text,
-                                                         const std::vector<NamedSpheroid>& spheroids);
 /// " Near are: ..." or a hint at the list, to stand behind a refusal.
 [[nodiscard]] std::string NearSpheroidsHint(const std::string& text, const std::vector<NamedSpheroid>& spheroids);
 
