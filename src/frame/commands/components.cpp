@@ -10,6 +10,7 @@
 #include <fstream>
 
 #include "calculator/clsMeasureCatalog.h"
+#include "calculator/clsShapeMeasures.h"
 #include "frame/commands/command_table.h"
 #include "frame/menus.h"
 #include "frame/published/clsFunctionFactory.h"
@@ -62,6 +63,7 @@ std::vector<ComponentClass> MakeClasses() {
       Plain<clsFunctionFactory>("Tessarine.clsFunctionFactory", {"IGPFunctionFactory"}),
       Plain<clsToolCatalog>("Tessarine.clsToolCatalog", {"IToolCatalog"}),
       Plain<clsMeasureCatalog>("Tessarine.clsMeasureCatalog", {"IMeasureCatalog"}),
+      Plain<clsShapeMeasures>("Tessarine.clsShapeMeasures", {"IShapeMeasures"}),
       Plain<clsSpheroidCatalog>("Tessarine.clsSpheroidCatalog", {"ISpheroidCatalog"}),
   };
   for (const CommandRow& row : AllCommands()) {
