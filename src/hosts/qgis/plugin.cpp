@@ -6,6 +6,7 @@
 #include <QPointer>
 #include <memory>
 
+#include "hosts/qgis/expressions/expression_functions.h"
 #include "hosts/qgis/menu_bar.h"
 #include "hosts/qgis/processing/provider.h"
 #include "hosts/qgis/program_application.h"
@@ -50,6 +51,8 @@ class Menus {
     bar_->OnDone = [this] { TellNewRun(); };
   }
   ~Menus() {
+    // What is being drawn may evaluate the suite's functions.
+    window_.Canvas()->stopRendering();
     bar_ = nullptr;
     if (dock_) program_.removeDockWidget(dock_);
     delete dock_.data();
@@ -89,10 +92,11 @@ std::unique_ptr<Menus>& RunningMenus() {
 extern "C" {
 // NOLINTBEGIN(readability-identifier-naming): the shell of the plug-in looks these names up.
 
-/// Puts the tools into the toolbox; for the main thread, any number of times.
+/// Puts the tools into the toolbox and the functions into expressions; for the main thread, any number of times.
 TESSARINE_EXPORT void tessarine_start_processing() {
   tessarine::UseLanguage(QLocale(QgsApplication::locale()));
   tessarine::qgis::AddToolProvider();
+  tessarine::qgis::AddExpressionFunctions();
 }
 
 /// Shows toolbar and menus in the program of this interface.
@@ -101,10 +105,11 @@ TESSARINE_EXPORT void tessarine_start_menus(QgisInterface* program) {
   tessarine::Trap("initGui", [&] { RunningMenus() = std::make_unique<Menus>(*program); });
 }
 
-/// Takes both away again.
+/// Takes all of it away again.
 TESSARINE_EXPORT void tessarine_stop() {
   tessarine::qgis::RunningMenus() = nullptr;
   tessarine::qgis::RemoveToolProvider();
+  tessarine::qgis::RemoveExpressionFunctions();
 }
 // NOLINTEND(readability-identifier-naming)
 }

@@ -12,6 +12,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <mutex>
 #include <string>
 #include <vector>
 
@@ -117,9 +118,11 @@ bool FillPlain(const QgsAbstractGeometry& geometry, esriGeometryType type, IGeom
 }  // namespace
 
 SpatialReferenceRef ReferenceOf(const QgsCoordinateReferenceSystem& system) {
+  static std::mutex mutex;  // background runs and expressions ask, too
   static std::map<QString, SpatialReferenceRef> known;
   const QString key =
       system.isValid() ? system.authid() + system.toWkt(QgsCoordinateReferenceSystem::WKT2_2019) : QString();
+  const std::lock_guard lock(mutex);
   SpatialReferenceRef& reference = known[key];
   if (!reference) reference = MakeReference(system);
   return reference;

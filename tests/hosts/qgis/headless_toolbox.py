@@ -107,6 +107,23 @@ def check_line(toolbox, told, made):
     assert rows_of(made) == first, lines[0]
 
 
+# Projected polygons: the map program's own field calculator writes what the suite's calculator writes.
+def functions_equal_to_terminal(toolbox):
+    mercator = toolbox.folder / "mercator.gpkg"
+    gdal.VectorTranslate(str(mercator), COUNTRIES, format="GPKG", dstSRS="EPSG:3857", reproject=True,
+                         where="name <> 'Antarctica'", layerName="mercator")
+    made = toolbox.folder / "by_function.gpkg"
+    status, told = toolbox.call("run", "native:fieldcalculator", "--", "INPUT=%s" % mercator, "FIELD_NAME=by_function",
+                                "FIELD_TYPE=0", "FIELD_LENGTH=0", "FIELD_PRECISION=0",
+                                "FORMULA=tessarine_area($geometry)", "OUTPUT=%s" % made)
+    assert status == 0, told
+    expected = toolbox.folder / "terminal/by_function.gpkg"
+    toolbox.terminal("calculate", mercator, "-m", "Spheroidal Area", "-o", expected, "--yes")
+    ours = [row.GetField("by_function") for row in ogr.Open(str(made)).GetLayer(0)]
+    theirs = [row.GetField("Spd_Area") for row in ogr.Open(str(expected)).GetLayer(0)]
+    assert ours == theirs and len(ours) > 100, [pair for pair in zip(ours, theirs) if pair[0] != pair[1]][:5]
+
+
 def refused(toolbox):
     status, told = toolbox.run("wrap", {"INPUT": COUNTRIES, "OUTPUT": toolbox.folder / "refused.gpkg"})
     assert status != 0 and "'Range' 180" in told, told
@@ -130,6 +147,7 @@ def main():
         toolbox.terminal("to-polylines", COUNTRIES, "-o", borders)
         name, values, words = LABELLED
         equal_to_terminal(toolbox, name, dict(values, INPUT=borders), [borders, *words])
+        functions_equal_to_terminal(toolbox)
         refused(toolbox)
 
 
