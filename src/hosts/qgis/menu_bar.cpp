@@ -9,6 +9,7 @@
 #include <QMainWindow>
 #include <QMenuBar>
 #include <QToolButton>
+#include <algorithm>
 
 #include "hosts/document/component_loader.h"
 #include "hosts/qgis/processing/run_turn.h"
@@ -67,13 +68,17 @@ MenuBar::MenuBar(QgisInterface& program, WindowHost& host, std::shared_ptr<Progr
     TakeFreeLetter(*menu, *bar);
   }
   AddSelectionTool();
+  AddMeasureTool();
   QObject::connect(&program_, &QgisInterface::layoutDesignerOpened, &context_,
                    [this](QgsLayoutDesignerInterface* designer) { AddToDesigner(*designer); });
   for (QgsLayoutDesignerInterface* designer : program_.openLayoutDesigners()) AddToDesigner(*designer);
 }
 
 MenuBar::~MenuBar() {
-  selection_tool_ = nullptr;  // the canvas drops it
+  // The canvas drops them.
+  selection_tool_ = nullptr;
+  if (measure_tool_) program_.unregisterMainWindowAction(measure_tool_->action());
+  measure_tool_ = nullptr;
   for (const Item& item : items_) program_.unregisterMainWindowAction(item.action);
   // Windows lose the menus first; afterwards nothing points at them.
   for (const auto& root : roots_) {
@@ -145,6 +150,30 @@ void MenuBar::AddSelectionTool() {
   selection_tool_->setAction(action);
   QObject::connect(action, &QAction::triggered, &context_,
                    [this, &canvas] { canvas.setMapTool(selection_tool_.get()); });
+}
+
+void MenuBar::AddMeasureTool() {
+  QgsMapCanvas& canvas = *program_.mapCanvas();
+  measure_tool_ = std::make_unique<MeasureTool>(canvas, program_.mainWindow());
+  auto* action = new QAction(QgsApplication::getThemeIcon(QStringLiteral("/mActionMeasure.svg")),
+                             QStringLiteral("&Measure on the Spheroid"), toolbar_);
+  action->setObjectName(QLatin1String(kMeasureAction));
+  program_.registerMainWindowAction(action, QString());
+  action->setToolTip(QStringLiteral("Measure on the Spheroid"));
+  action->setStatusTip(QStringLiteral("Distances, azimuths and areas of places that are clicked on the map"));
+  action->setCheckable(true);
+  toolbar_->addAction(action);
+  if (!roots_.empty() && roots_.front()) {
+    // Behind the tools; the last group is about the suite itself.
+    QMenu& menu = *roots_.front();
+    const QList<QAction*> entries = menu.actions();
+    const auto last =
+        std::find_if(entries.rbegin(), entries.rend(), [](QAction* entry) { return entry->isSeparator(); });
+    menu.insertAction(last == entries.rend() ? nullptr : *last, action);
+    menu.insertSeparator(action);
+  }
+  measure_tool_->setAction(action);
+  QObject::connect(action, &QAction::triggered, &context_, [this, &canvas] { canvas.setMapTool(measure_tool_.get()); });
 }
 
 void MenuBar::AddToDesigner(QgsLayoutDesignerInterface& designer) {

@@ -15,6 +15,7 @@
 #include <vector>
 
 #include "hosts/qgis/item_selection_tool.h"
+#include "hosts/qgis/measuring/measure_tool.h"
 #include "hosts/qgis/program_application.h"
 #include "hosts/windows/window_host.h"
 
@@ -41,6 +42,7 @@ class MenuBar {
   [[nodiscard]] QMenu* MakeMenu(const std::string& id, const IMenuDef& definition, QWidget* parent);
   void AddCommand(QMenu& menu, const std::string& id);
   void AddSelectionTool();
+  void AddMeasureTool();
   void AddToDesigner(QgsLayoutDesignerInterface& designer);
   /// Asks the commands of a menu whether they are enabled.
   void AskEnabled();
@@ -54,6 +56,7 @@ class MenuBar {
   std::vector<QPointer<QMenu>> roots_;
   QPointer<QToolBar> toolbar_;
   std::unique_ptr<ItemSelectionTool> selection_tool_;
+  std::unique_ptr<MeasureTool> measure_tool_;
   QObject context_;
 };
 

@@ -24,7 +24,8 @@ def captions(menu):
 
 def scenario():
     root = action_of(WINDOW.menuBar(), "Tessarine Tools").menu()
-    assert captions(root) == [*ITEMS, None, "About Tools for Tessarine Tools"], captions(root)
+    assert captions(root) == [*ITEMS, None, "&Measure on the Spheroid", None, "About Tools for Tessarine Tools"], \
+        captions(root)
     for caption, items in ITEMS.items():
         menu = action_of(root, caption).menu()
         assert captions(menu) == items, captions(menu)

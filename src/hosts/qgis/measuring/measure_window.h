@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: GPL-2.0-or-later
+// The small window beside the map that shows what the measuring tool measures.
+#pragma once
+
+#include <QComboBox>
+#include <QDialog>
+#include <QLabel>
+#include <QPushButton>
+#include <QTableWidget>
+#include <functional>
+#include <optional>
+#include <vector>
+
+#include "hosts/qgis/measuring/path_measures.h"
+
+namespace tessarine::qgis {
+
+/// Shows legs, total, area and azimuths, and lets choose spheroid and units, which it remembers. Backspace takes the
+/// last place back and Escape closes, as Close does.
+class MeasureWindow final : public QDialog {
+ public:
+  struct Callbacks {
+    std::function<void()> start_anew, take_back, closed, spheroid_changed;
+  };
+
+  MeasureWindow(QWidget* parent, Callbacks callbacks);
+
+  /// The spheroid of the catalogue that was chosen; none for that of the project.
+  [[nodiscard]] std::optional<NamedSpheroid> ChosenSpheroid() const;
+  /// What "as the project" means now.
+  void NameProjectSpheroid(const QString& name);
+  void Show(const PathMeasures& path);
+  /// Nothing is measured; the text says what to do, or why nothing can be.
+  void ShowNothing(const QString& text);
+  /// Tells something beside what is shown.
+  void Tell(const QString& text);
+  /// What the line to the pointer would add; none where no path is open.
+  void ShowPointer(const std::optional<MeasuredLeg>& leg);
+
+  void reject() override;
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  void Build();
+  void FillSpheroids();
+  void Remember() const;
+  void Refresh();
+  void AddLeg(int row);
+  void Copy() const;
+  [[nodiscard]] const MeasureUnit& LengthUnit() const;
+  [[nodiscard]] const MeasureUnit& AreaUnit() const;
+  [[nodiscard]] QString LengthText(double metres) const;
+
+  Callbacks callbacks_;
+  PathMeasures path_;
+  QString hint_;
+  std::optional<MeasuredLeg> to_pointer_;
+  std::vector<NamedSpheroid> spheroids_;
+  QComboBox *spheroid_, *length_unit_, *area_unit_;
+  QTableWidget* legs_;
+  QLabel *pointer_, *total_, *area_, *note_;
+  QPushButton *new_, *copy_, *close_;
+};
+
+}  // namespace tessarine::qgis
