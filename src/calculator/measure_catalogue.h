@@ -48,11 +48,11 @@ struct MeasureCode {
 
 /// What the numbers of a measure count.
 enum class MeasuredIn {
-  Nothing,         ///< it is a count
+  Nothing,  ///< it is a count
   Degrees,
-  DataUnit,        ///< that of the coordinates
+  DataUnit,  ///< that of the coordinates
   DataUnitSquare,
-  Metres,          ///< the unit of a spheroid's axes
+  Metres,  ///< the unit of a spheroid's axes
   MetresSquare,
 };
 

@@ -202,8 +202,8 @@ struct Objection {
 /// What a field holds that a run makes or fills.
 struct FieldMeaning {
   std::string field;
-  std::string text;           ///< "Spheroidal Length"
-  std::string unit;           ///< "metres"; empty for counts
+  std::string text;          ///< "Spheroidal Length"
+  std::string unit;          ///< "metres"; empty for counts
   bool on_spheroid = false;  ///< the value depends on the spheroid of the run
 };
 

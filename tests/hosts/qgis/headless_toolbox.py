@@ -107,6 +107,11 @@ def check_line(toolbox, told, made):
     assert rows_of(made) == first, lines[0]
 
 
+def values_of(path, field):
+    dataset = ogr.Open(str(path))
+    return [row.GetField(field) for row in dataset.GetLayer(0)]
+
+
 # Projected polygons: the map program's own field calculator writes what the suite's calculator writes.
 def functions_equal_to_terminal(toolbox):
     mercator = toolbox.folder / "mercator.gpkg"
@@ -119,8 +124,7 @@ def functions_equal_to_terminal(toolbox):
     assert status == 0, told
     expected = toolbox.folder / "terminal/by_function.gpkg"
     toolbox.terminal("calculate", mercator, "-m", "Spheroidal Area", "-o", expected, "--yes")
-    ours = [row.GetField("by_function") for row in ogr.Open(str(made)).GetLayer(0)]
-    theirs = [row.GetField("Spd_Area") for row in ogr.Open(str(expected)).GetLayer(0)]
+    ours, theirs = values_of(made, "by_function"), values_of(expected, "Spd_Area")
     assert ours == theirs and len(ours) > 100, [pair for pair in zip(ours, theirs) if pair[0] != pair[1]][:5]
 
 

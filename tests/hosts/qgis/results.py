@@ -27,7 +27,7 @@ def rows_of(path):
 
 
 def in_15_digits(table):
-    """The program's provider writes so many of a GeoPackage's doubles."""
+    """So many of a double the program itself writes into a GeoPackage, as of a layer with a filter."""
     def shorter(value):
         return float("%.15g" % value) if isinstance(value, float) else value
     return table[0], [(oid, [shorter(value) for value in values], shape) for oid, values, shape in table[1]]
