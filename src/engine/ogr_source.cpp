@@ -192,8 +192,6 @@ LayerHandle OgrSource::Open(bool update) {
   const CPLConfigOptionSetter unhurried("OGR_SQLITE_SYNCHRONOUS", staged ? "OFF" : nullptr, true);
   // A killed run leaves nothing of it, so that no journal has to undo a change on the disk.
   const CPLConfigOptionSetter journal("OGR_SQLITE_JOURNAL", staged ? "MEMORY" : nullptr, true);
-  // In megabytes; the index of many shapes doesn't fit into what is usual.
-  const CPLConfigOptionSetter roomy("OGR_SQLITE_CACHE", staged ? "64" : nullptr, true);
   std::shared_ptr<FileGdbEdit> edit;
   if (update && IsFileGdb(path_)) {
     edit = FileGdbEdit::Begin(path_);

@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <limits>
 #include <span>
+#include <utility>
 #include <vector>
 
 #include "engine/engine_fault.h"
@@ -50,15 +51,16 @@ double Middle(float least, float greatest) {
 
 // Neighbours stand together, as many as a node holds: in strips by x, and within these by y.
 void Tile(std::vector<Cell>& cells, std::size_t room) {
-  const auto middle_x = [](const Cell& cell) { return Middle(cell.least_x, cell.greatest_x); };
-  const auto middle_y = [](const Cell& cell) { return Middle(cell.least_y, cell.greatest_y); };
+  // In place: a stable sort would hold half of the cells twice. The number decides between equal ones.
+  const auto middle_x = [](const Cell& cell) { return std::pair(Middle(cell.least_x, cell.greatest_x), cell.number); };
+  const auto middle_y = [](const Cell& cell) { return std::pair(Middle(cell.least_y, cell.greatest_y), cell.number); };
   const double nodes = std::ceil(static_cast<double>(cells.size()) / static_cast<double>(room));
   const std::size_t strip = static_cast<std::size_t>(std::ceil(std::sqrt(nodes))) * room;
-  std::ranges::stable_sort(cells, {}, middle_x);
+  std::ranges::sort(cells, {}, middle_x);
   for (std::size_t first = 0; first < cells.size(); first += strip) {
     const auto begin = cells.begin() + static_cast<std::ptrdiff_t>(first);
     const auto end = cells.begin() + static_cast<std::ptrdiff_t>(std::min(first + strip, cells.size()));
-    std::ranges::stable_sort(begin, end, {}, middle_y);
+    std::ranges::sort(begin, end, {}, middle_y);
   }
 }
 
@@ -89,12 +91,13 @@ class IndexTables {
       : connection_(connection), layer_(layer), column_(column), name_("rtree_" + layer + "_" + column) {}
 
   // The boxes of all shapes.
-  [[nodiscard]] std::vector<Cell> ReadCells(const std::string& key) const {
+  [[nodiscard]] std::vector<Cell> ReadCells(const std::string& key, std::int64_t rows_at_most) const {
     const std::string shape = SqlName(column_);
     const SqliteStatement rows = Prepare("SELECT " + SqlName(key) + ", ST_MinX(" + shape + "), ST_MaxX(" + shape +
                                          "), ST_MinY(" + shape + "), ST_MaxY(" + shape + ") FROM " + SqlName(layer_) +
                                          " WHERE " + shape + " NOT NULL AND NOT ST_IsEmpty(" + shape + ")");
     std::vector<Cell> cells;
+    cells.reserve(static_cast<std::size_t>(rows_at_most));
     int state = SQLITE_ROW;
     while ((state = sqlite3_step(rows.get())) == SQLITE_ROW) {
       const auto side = [&](int index) { return sqlite3_column_double(rows.get(), index); };
@@ -213,7 +216,7 @@ void IndexPackageLayer(const std::filesystem::path& file, const std::string& lay
   const std::string column = indexed->GetGeometryColumn(), key = indexed->GetFIDColumn();
   if (sqlite3* connection = ConnectionOf(*dataset)) {
     IndexTables tables(*connection, layer, column);
-    std::vector<Cell> cells = tables.ReadCells(key);
+    std::vector<Cell> cells = tables.ReadCells(key, std::max<GIntBig>(0, indexed->GetFeatureCount()));
     // To this connection all shapes are empty from here on, so that none is entered one by one.
     sqlite3_create_function(connection, "ST_IsEmpty", 1, SQLITE_UTF8, nullptr, AlwaysTrue, nullptr, nullptr);
     MakeIndex(*dataset, layer, column);
