@@ -22,12 +22,15 @@ std::string Essence(const std::string& name) {
   return essence;
 }
 
-// The digits behind an authority that registers spheroids; the text itself without one.
-std::string WithoutAuthority(const std::string& text) {
-  for (const std::string_view authority : {"epsg:", "esri:"}) {
-    if (LowerCase(text).starts_with(authority)) return Trim(text.substr(authority.size()));
-  }
-  return text;
+// EPSG registers codes up to 32767; those of ESRI lie above.
+constexpr std::int32_t kLastOfEpsg = 32767;
+
+// Whether the text is the code, alone or behind the authority that registers it.
+bool IsCodeOf(const NamedSpheroid& spheroid, const std::string& text) {
+  if (spheroid.code == 0) return false;
+  const std::string_view authority = spheroid.code <= kLastOfEpsg ? "epsg:" : "esri:";
+  const bool has_authority = LowerCase(text).starts_with(authority);
+  return Trim(has_authority ? text.substr(authority.size()) : text) == std::to_string(spheroid.code);
 }
 
 // How many letters to insert, drop or change to make one text the other.
@@ -74,7 +77,7 @@ std::shared_ptr<ISpheroidCatalog> SpheroidCatalog() {
 
 bool IsCalled(const NamedSpheroid& spheroid, std::string_view text) {
   const std::string trimmed = Trim(text);
-  if (spheroid.code != 0 && std::to_string(spheroid.code) == WithoutAuthority(trimmed)) return true;
+  if (IsCodeOf(spheroid, trimmed)) return true;
   const std::string wanted = Essence(trimmed);
   return !wanted.empty() && Essence(spheroid.name) == wanted;
 }

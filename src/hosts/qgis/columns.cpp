@@ -331,6 +331,9 @@ QgsField NewFieldFor(const Field& field, const QgsVectorDataProvider& provider) 
     const bool text = type == QVariant::String;
     for (const QgsVectorDataProvider::NativeType& native : types) {
       if (native.mType != type) continue;
+      // A number of MapInfo with a width is a decimal one that holds no more digits; one without is a double.
+      const bool has_double = type == QVariant::Double && provider.storageType().startsWith(QStringLiteral("MapInfo"));
+      if (has_double) return {ToQt(field.Name), type, native.mTypeName, 0, 0};
       const int length = Clamped(text ? field.Length : field.Precision, native.mMinLen, native.mMaxLen);
       const int decimals = text ? 0 : Clamped(field.Scale, native.mMinPrec, native.mMaxPrec);
       return {ToQt(field.Name), type, native.mTypeName, length, decimals};

@@ -4,6 +4,7 @@
 #include <qgsproject.h>
 #include <qgsproviderregistry.h>
 #include <qgsvectordataprovider.h>
+#include <qgsvectorlayereditbuffer.h>
 #include <qgsvectorlayerjoininfo.h>
 #include <qgsvirtuallayerdefinition.h>
 
@@ -171,7 +172,16 @@ void LayerClass::DeleteRow(QgsFeatureId oid) {
 void LayerClass::ShowChanges(bool shapes_changed) {
   if (!layer_) return;
   // What is in an edit buffer has been told row by row.
-  if (!layer_->isEditable()) ReloadKeepingSelection(*layer_);
+  if (!layer_->isEditable()) {
+    ReloadKeepingSelection(*layer_);
+    // They would write the file as they read it, without what is new.
+    for (QgsVectorLayer* other : OthersOfFile(*layer_)) {
+      if (other->isEditable()) continue;
+      ReloadKeepingSelection(*other);
+      other->updateFields();
+      other->triggerRepaint();
+    }
+  }
   if (shapes_changed) layer_->updateExtents();
   layer_->triggerRepaint();
 }
@@ -187,6 +197,12 @@ void LayerClass::AddFields(std::span<const FieldRef> fields) {
   }
   bool done = true;
   if (layer.isEditable()) {
+    // The program saves them before it has the new fields, and leaves these empty.
+    if (!layer.editBuffer()->addedFeatures().isEmpty()) {
+      Raise(kInvalidCall, "The layer '" + FromQt(layer.name()) +
+                              "' has new features that aren't saved, whose values in new fields would be lost: save " +
+                              "the edits of the layer first, or choose fields that it has.");
+    }
     for (const QgsField& field : added) done = done && layer.addAttribute(field);
     has_buffered_ = true;
   } else {

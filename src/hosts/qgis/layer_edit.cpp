@@ -112,10 +112,22 @@ std::shared_ptr<IFeatureClass> StoredClassOf(const QgsVectorLayer& layer) {
   }
 }
 
+// Databases let several write; a file of another kind is written anew, and who has it open for editing overwrites that.
+void RequireNoOtherEditor(const QgsVectorLayer& layer) {
+  const QString storage = layer.storageType();
+  if (storage == QStringLiteral("GPKG") || storage == QStringLiteral("SQLite")) return;
+  for (const QgsVectorLayer* other : OthersOfFile(layer)) {
+    if (!other->isEditable()) continue;
+    Raise(kInvalidCall, "The layer '" + FromQt(other->name()) + "' shows the same file as '" + FromQt(layer.name()) +
+                            "' and is being edited: save or give up its edits first.");
+  }
+}
+
 }  // namespace
 
 std::shared_ptr<IEdit> BeginLayerEdit(const std::shared_ptr<LayerClass>& rows) {
   QgsVectorLayer& layer = rows->Layer();
+  RequireNoOtherEditor(layer);
   if (layer.isEditable()) return std::make_shared<BufferEdit>(rows);
   const std::shared_ptr<IFeatureClass> stored = StoredClassOf(layer);
   return stored ? std::make_shared<FileEdit>(rows, stored) : nullptr;

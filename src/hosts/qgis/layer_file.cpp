@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "hosts/qgis/layer_file.h"
 
+#include <qgsproject.h>
 #include <qgsproviderregistry.h>
 #include <qgsvectordataprovider.h>
 
@@ -65,6 +66,17 @@ std::optional<LayerFile> FileShownBy(const QgsVectorLayer& layer) {
 }
 
 bool HasOwnTexts(const QgsVectorLayer& layer) { return layer.dataProvider()->encoding() == QStringLiteral("UTF-8"); }
+
+std::vector<QgsVectorLayer*> OthersOfFile(const QgsVectorLayer& layer) {
+  const QVariant path = SourceOf(layer).value(kPath);
+  std::vector<QgsVectorLayer*> others;
+  if (path.toString().isEmpty()) return others;
+  for (auto* other : QgsProject::instance()->layers<QgsVectorLayer*>()) {
+    if (other == &layer || !other->isValid() || other->providerType() != layer.providerType()) continue;
+    if (SourceOf(*other).value(kPath) == path) others.push_back(other);
+  }
+  return others;
+}
 
 bool DataAreThere(const QgsVectorLayer& layer) {
   if (!layer.isValid() || layer.dataProvider() == nullptr || !layer.dataProvider()->isValid()) return false;

@@ -6,6 +6,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace tessarine::qgis {
 
@@ -30,6 +31,9 @@ struct LayerFile {
 
 /// False where the program decodes texts by the user's choice.
 [[nodiscard]] bool HasOwnTexts(const QgsVectorLayer& layer);
+
+/// The other layers of the project whose data lie in the same file. Layers of a container count whatever their table.
+[[nodiscard]] std::vector<QgsVectorLayer*> OthersOfFile(const QgsVectorLayer& layer);
 
 /// Whether the data can be asked for: false when the file or folder of a layer has gone, though the program may hold
 /// it open still, and when the provider has given up.

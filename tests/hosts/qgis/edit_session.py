@@ -4,7 +4,8 @@ ever."""
 import math
 
 from program_steps import (WORK, QgsVectorLayer, choose_line, command, expect, make_layer, press, read_report)
-from qgis.core import QgsGeometry
+from qgis.core import QgsFeature, QgsGeometry, QgsProject
+from vanished import Closer
 
 LINES = ["LINESTRING(0 0, 10 0)", "LINESTRING(0 0, 20 0)"]
 DEGREE = 6378137.0 * math.radians(1.0)
@@ -19,6 +20,22 @@ def calculate(layer):
     steps = [expect("frmGeometry", answer), read_report(["Geometry Calculation Successful"])]
     command("Tessarine_CalcGeometry").trigger()
     assert all(step.done for step in steps)
+
+
+def refused(layer, text):
+    closers = []
+
+    def answer(form):
+        choose_line(form, "lbxLayers", layer.name())
+        press(form, "chk1")
+        closers.append(Closer("frmGeometry"))
+        press(form, "cmdOK")
+
+    expect("frmGeometry", answer)
+    command("Tessarine_CalcGeometry").trigger()
+    closers[0].timer.stop()
+    told = " ".join(closers[0].texts)
+    assert text in told, told
 
 
 def degrees(layer):
@@ -54,3 +71,37 @@ def scenario():
         edited.undoStack().redo()
         assert edited.commitChanges(), edited.commitErrors()
         assert stored(path) == [30, 20]
+    values_that_would_be_lost()
+
+
+def values_that_would_be_lost():
+    # The program saves new features before it has new fields.
+    added = make_layer("LineString", LINES, WORK / "added.gpkg", "added")
+    assert added.startEditing()
+    row = QgsFeature(added.fields())
+    row.setGeometry(QgsGeometry.fromWkt("LINESTRING(0 0, 5 0)"))
+    row["label"] = "row 2"
+    assert added.addFeature(row)
+    refused(added, "The layer 'added' has new features that aren't saved")
+    assert degrees(added) is None and added.commitChanges()
+    calculate(added)
+    assert degrees(added) == [10, 20, 5]
+    wide = make_layer("LineString", LINES, WORK / "wide.tab", "wide")
+    calculate(wide)
+    assert stored(WORK / "wide.tab") == [10, 20]
+    # Who edits the same file elsewhere would write it without what is new.
+    for ending in ("shp", "geojson"):
+        path = WORK / ("twice." + ending)
+        first = make_layer("LineString", LINES, path, "first " + ending)
+        second = QgsVectorLayer(str(path), "second " + ending, "ogr")
+        QgsProject.instance().addMapLayer(second)
+        assert second.startEditing()
+        refused(first, "The layer 'second %s' shows the same file as 'first %s' and is being edited" % (ending, ending))
+        assert second.rollBack()
+        calculate(first)
+        assert degrees(second) == [10, 20], "it shows what is new"
+        assert second.startEditing()
+        row = next(row for row in second.getFeatures() if row["label"] == "row 0")
+        assert second.changeAttributeValue(row.id(), second.fields().indexOf("size"), 77) and second.commitChanges()
+        again = QgsVectorLayer(str(path), "again", "ogr")
+        assert stored(path) == [10, 20] and [row["size"] for row in again.getFeatures() if row["label"] == "row 0"] == [77]

@@ -42,6 +42,8 @@ TEST_F(SpheroidChoice, NamesCodesAndRadii) {
       {{"WGS 1984", ""}, "WGS 1984", 6378137.0, 6356752.314245179},
       {{"7030", ""}, "WGS 1984", 6378137.0, 6356752.314245179},
       {{"107908", ""}, "Jupiter", 71492000.0, 66854000.0},
+      {{"EPSG:7030", ""}, "WGS 1984", 6378137.0, 6356752.314245179},
+      {{"esri:107908", ""}, "Jupiter", 71492000.0, 66854000.0},
       {{"clarke_1866", ""}, "Clarke 1866", 6378206.4, 6356583.8},
       {{"neptune larissa", ""}, "Neptune - Larissa", 104000.0, 89000.0},
       {{"home", ""}, "Home", 7.0, 6.0},
@@ -64,7 +66,9 @@ TEST_F(SpheroidChoice, RefusalsTellTheWayOut) {
   EXPECT_THAT(RefusalOf({"marz", ""}), HasSubstr("'Mars 2000'"));
   EXPECT_THAT(RefusalOf({"Europa", ""}), HasSubstr("Near are 'Jupiter - Europa'"));
   EXPECT_THAT(RefusalOf({"qqqqqqqq", ""}), HasSubstr("'tessarine spheroids' lists"));
-  EXPECT_THAT(RefusalOf({" ", ""}), HasSubstr("There is no spheroid"));
+  for (const char* text : {" ", "EPSG:107908", "ESRI:7030", "IAU:7030"}) {
+    EXPECT_THAT(RefusalOf({text, ""}), HasSubstr("There is no spheroid")) << text;
+  }
   for (const char* radii : {"1", "1,", ",", "1,2,3", "a,b", "0,1", "1,-1", "1e999,1", "nan,1"}) {
     EXPECT_THAT(RefusalOf({"", radii}), HasSubstr("--radii")) << radii;
   }
