@@ -2,7 +2,7 @@
 #include "planetary/frmBoundaryWrap.h"
 
 #include "planetary/planetary_rules.h"
-#include "platform/host.h"
+#include "platform/tell_user.h"
 #include "platform/trap.h"
 #include "support/MyGeneralOperations.h"
 
@@ -142,7 +142,7 @@ std::optional<WrapBox> frmBoundaryWrap::CustomBox() {
   if (!reading.objection) return reading.box;
   TextBox* const boxes[] = {&txtWest, &txtSouth, &txtEast, &txtNorth};  // in the order of the sides
   TextBox& wrong = *boxes[static_cast<std::size_t>(reading.wrong)];
-  Host().MessageBox().Show(reading.objection->text, reading.objection->title);
+  TellUser(reading.objection->text, reading.objection->title);
   wrong.SetFocus();
   if (!NumberIn(wrong.Text())) {
     wrong.SetSelStart(0);

@@ -3,7 +3,7 @@
 
 #include "geodesy/figure.h"
 #include "planetary/planetary_rules.h"
-#include "platform/host.h"
+#include "platform/tell_user.h"
 #include "platform/text_formats.h"
 #include "platform/trap.h"
 #include "spheroids/frmSpheroidOptions.h"
@@ -134,7 +134,7 @@ bool frmGeoCentric::AxesAreValid() {
   const std::optional<Objection> to_major = ObjectionToMajorAxis(semi_major_axis_);
   const std::optional<Objection> objection = to_major ? to_major : ObjectionToMinorAxis(semi_minor_axis_);
   if (!objection) return true;
-  Host().MessageBox().Show(objection->text, objection->title);
+  TellUser(objection->text, objection->title);
   (to_major ? txtMajor : txtMinor).SetFocus();
   return false;
 }

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// The line that does at the terminal what somebody chose in a dialog or a toolbox, made from the spec of the tool.
+// The line that does at the terminal what somebody chose in a dialog or a toolbox, made from what its tool tells of
+// itself.
 //
 //   CommandWords words;
 //   words.layers["source"] = {.path = "/data/town.gpkg", .layer = "roads"};

@@ -18,9 +18,10 @@ std::shared_ptr<IErrorDialog> g_dialog;
 IHost* g_dialog_host = nullptr;
 
 IErrorDialog& ErrorDialog() {
-  if (!g_dialog || g_dialog_host != &Host()) {
-    g_dialog = Host().CreateErrorDialog();
-    g_dialog_host = &Host();
+  IHost& host = Host();
+  if (!g_dialog || g_dialog_host != &host) {
+    g_dialog = host.CreateErrorDialog();
+    g_dialog_host = &host;
   }
   return *g_dialog;
 }
@@ -41,8 +42,8 @@ std::string MessageText(const std::string& procedure_name, const std::string& de
          kTab + procedure_name + kLineBreak + description;
 }
 
-void ShowMessage(const std::string& text) {
-  Host().MessageBox().Show(text, "Unexpected Program Error", MessageButtons::Ok, MessageIcon::Exclamation);
+MessageAnswer ShowMessage(const std::string& text, MessageButtons buttons) {
+  return Host().MessageBox().Show(text, "Unexpected Program Error", buttons, MessageIcon::Exclamation);
 }
 
 void Report(std::int32_t version, const std::string& procedure_name, std::int32_t number, const std::string& source,
@@ -54,13 +55,12 @@ void Report(std::int32_t version, const std::string& procedure_name, std::int32_
       ErrorDialog().SetVisible(true);
       return;
     case kChoiceReport:
-      if (Host().MessageBox().Show(MessageText(procedure_name, description), "Unexpected Program Error",
-                                   MessageButtons::YesNo, MessageIcon::Exclamation) == MessageAnswer::Yes) {
+      if (ShowMessage(MessageText(procedure_name, description), MessageButtons::YesNo) == MessageAnswer::Yes) {
         throw Fault(number, source, kTab + procedure_name + kLineBreak + description);
       }
       return;
     default:
-      ShowMessage(MessageText(procedure_name, description));
+      ShowMessage(MessageText(procedure_name, description), MessageButtons::Ok);
   }
 }
 

@@ -8,6 +8,7 @@
 #include "outputs/temporary_layers.h"
 #include "platform/host.h"
 #include "platform/paths.h"
+#include "platform/tell_user.h"
 #include "platform/text_formats.h"
 #include "support/MyGeneralOperations.h"
 #include "support/aml_func_mod.h"
@@ -245,7 +246,7 @@ std::optional<Objection> ObjectionTo(const std::string& path, const OutputChoice
 
 bool OutputWorkspaceExists(const std::string& text, const OutputChoice& choice) {
   const std::optional<Objection> objection = ObjectionTo(ChosenPath(text, choice), choice);
-  if (objection) Host().MessageBox().Show(objection->text, objection->title);
+  if (objection) TellUser(objection->text, objection->title);
   return !objection;
 }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// A tool as the suite knows it: its spec and its run, the row of its command, and its dialog.
+// A tool as the suite knows it: its ToolSpec and its run, the row of its command, and its dialog.
 //
 // Each file of this folder is named after its tool, with "_" for "-" and blanks. label_points.cpp defines
 //

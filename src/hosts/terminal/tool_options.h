@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// The options of a tool's command, made from its spec, and the arguments that they stand for.
+// The options of a tool's command, made from its ToolSpec, and the arguments that they stand for.
 #pragma once
 
 #include <CLI/App.hpp>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// Any tool of the suite as an algorithm of the toolbox, by its spec alone.
+// Any tool of the suite as an algorithm of the toolbox, by its ToolSpec alone.
 #pragma once
 
 #include <qgsprocessingalgorithm.h>

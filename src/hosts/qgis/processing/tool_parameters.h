@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// The parameters of a tool in the toolbox, made from its spec, and what somebody chose of them.
+// The parameters of a tool in the toolbox, made from its ToolSpec, and what somebody chose of them.
 #pragma once
 
 #include <qgsprocessingalgorithm.h>
