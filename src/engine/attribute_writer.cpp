@@ -77,17 +77,32 @@ ColumnLimits LimitsOf(const OGRFieldDefn& field, ColumnStore store) {
   return limits;
 }
 
+std::string_view Printed(double value, int decimals, std::span<char> room) {
+  const auto end = std::to_chars(room.data(), room.data() + room.size(), value, std::chars_format::fixed, decimals);
+  return {room.data(), static_cast<std::size_t>(end.ptr - room.data())};
+}
+
 bool PrintsAs(double value, int decimals, std::string_view beginning) {
   std::array<char, 400> room;
-  const auto end = std::to_chars(room.data(), room.data() + room.size(), value, std::chars_format::fixed, decimals);
-  return std::string_view(room.data(), static_cast<std::size_t>(end.ptr - room.data())).starts_with(beginning);
+  return Printed(value, decimals, room).starts_with(beginning);
+}
+
+// Whether nothing is cut off behind `width`, or digits that would be rounded off, too.
+bool CutsLikeRounding(double value, std::size_t width, int decimals) {
+  std::array<char, 400> room;
+  const std::string_view text = Printed(value, decimals, room);
+  if (text.size() <= width) return true;
+  const std::size_t point = text.find('.');
+  return point != std::string_view::npos && point + 1 < width && text[width] < '5';
 }
 
 // OGR prints all decimals and cuts them off at the width: a number just below its text would lose its last digit.
 double SafeFromCutting(double number, const ColumnLimits& column) {
   if (column.width <= 0 || std::fabs(number) < column.safe_below) return number;
+  const auto width = static_cast<std::size_t>(column.width);
+  if (CutsLikeRounding(number, width, column.decimals)) return number;
   std::array<char, 400> room;
-  const std::string_view text = NumberInColumn(number, static_cast<std::size_t>(column.width), column.decimals, room);
+  const std::string_view text = NumberInColumn(number, width, column.decimals, room);
   if (text.empty() || PrintsAs(number, column.decimals, text)) return number;
   const double above = std::nextafter(number, std::copysign(HUGE_VAL, number));
   return PrintsAs(above, column.decimals, text) ? above : number;
@@ -153,8 +168,7 @@ bool AttributeWriter::NeedsExponent(const OGRFeature& feature, int index) const 
   if (!column.takes_exponent || feature.IsFieldSetAndNotNull(index) == 0) return false;
   const double value = feature.GetFieldAsDouble(index);
   if (std::fabs(value) < column.safe_below) return false;
-  std::array<char, 400> room;
-  return NumberInColumn(value, static_cast<std::size_t>(column.width), column.decimals, room).empty();
+  return !HasRoomInColumn(value, static_cast<std::size_t>(column.width));
 }
 
 ValueChange AttributeWriter::Write(OGRFeature& feature, int index, const Variant& value, RowUse use) const {

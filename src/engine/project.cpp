@@ -184,10 +184,11 @@ class Grid {
 
 void SnapParts(PartedShape& shape, const Grid& grid) {
   for (const auto& part : shape.Parts()) {
-    for (std::int32_t index = 0; index < part->PointCount(); ++index) {
-      const XY old = part->Point(index);
+    std::int32_t index = 0;
+    for (const XY old : part->Vertices()) {
       const XY snapped = grid.Nearest(old);
-      if (snapped != old) part->UpdatePoint(index, snapped);
+      if (snapped != old) part->Path::UpdatePoint(index, snapped);
+      ++index;
     }
   }
 }

@@ -4,30 +4,43 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <span>
 
 namespace tessarine {
 namespace {
 
 bool AreWithin(XY place, double farthest) { return std::fabs(place.x) <= farthest && std::fabs(place.y) <= farthest; }
 
+bool AreWithin(std::span<const XY> places, double farthest) {
+  return std::ranges::all_of(places, [&](XY place) { return AreWithin(place, farthest); });
+}
+
 bool AreWithin(const Path& path, double farthest) {
-  return std::ranges::all_of(path.Vertices(), [&](XY vertex) { return AreWithin(vertex, farthest); }) &&
+  return AreWithin(path.Vertices(), farthest) &&
          std::ranges::all_of(path.Curves(), [&](const Path::CurveAt& curve) {
            return AreWithin(curve.segment.QueryPoint(esriNoExtension, 0.5, true), farthest);
          });
 }
 
 bool AreWithin(const IGeometry& shape, double farthest) {
-  if (const auto* point = dynamic_cast<const Point*>(&shape))
-    return point->IsEmpty() || AreWithin(point->Coordinates(), farthest);
-  if (const auto* points = dynamic_cast<const Multipoint*>(&shape)) {
-    return std::ranges::all_of(points->Vertices(), [&](XY place) { return AreWithin(place, farthest); });
+  // Casts are dear: each is tried only where it will do.
+  switch (shape.GeometryType()) {
+    case esriGeometryPoint: {
+      const auto& point = dynamic_cast<const Point&>(shape);
+      return point.IsEmpty() || AreWithin(point.Coordinates(), farthest);
+    }
+    case esriGeometryMultipoint:
+      return AreWithin(dynamic_cast<const Multipoint&>(shape).Vertices(), farthest);
+    case esriGeometryPath:
+    case esriGeometryRing:
+      return AreWithin(dynamic_cast<const Path&>(shape), farthest);
+    case esriGeometryPolyline:
+    case esriGeometryPolygon:
+      return std::ranges::all_of(dynamic_cast<const PartedShape&>(shape).Parts(),
+                                 [&](const auto& part) { return AreWithin(*part, farthest); });
+    default:
+      return true;
   }
-  if (const auto* path = dynamic_cast<const Path*>(&shape)) return AreWithin(*path, farthest);
-  if (const auto* parted = dynamic_cast<const PartedShape*>(&shape)) {
-    return std::ranges::all_of(parted->Parts(), [&](const auto& part) { return AreWithin(*part, farthest); });
-  }
-  return true;
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include "platform/fault.h"
 #include "platform/geometry.h"
 #include "platform/vertex_enumerator.h"
+#include "platform/vertex_rings.h"
 
 namespace tessarine {
 namespace {
@@ -72,8 +73,7 @@ void Path::ReverseOrientation() {
 void Path::SetEmpty() { SetVertices({}); }
 
 Envelope Path::Envelope() const {
-  tessarine::Envelope box;
-  for (const XY vertex : vertices_) box.Union(vertex);
+  tessarine::Envelope box = ExtentOf(vertices_);
   for (const CurveAt& curve : Curves()) box.Union(curve.segment.Envelope());
   return box;
 }

@@ -6,12 +6,16 @@
 namespace tessarine {
 namespace {
 
+Segment FromFirstVertex(const Ring& ring, const Path::CurveAt& curve) {
+  const XY origin = ring.FromPoint();
+  return curve.segment.Moved(-origin.x, -origin.y);
+}
+
 // Counter-clockwise area and its first moments, all about the ring's first vertex.
 RingMoments MomentsOf(const Ring& ring) {
   RingMoments sums = tessarine::MomentsOf(ring.Vertices());
   for (const Path::CurveAt& curve : ring.Curves()) {
-    const XY origin = ring.FromPoint();
-    const Segment local = curve.segment.Moved(-origin.x, -origin.y);
+    const Segment local = FromFirstVertex(ring, curve);
     const XY moment = local.MomentBeyondChord();
     sums.area += local.AreaBeyondChord();
     sums.x += moment.x;
@@ -30,7 +34,11 @@ void Ring::Close() {
 
 ObjectRef Ring::Clone() const { return std::make_shared<Ring>(*this); }
 
-double Ring::Area() const { return -MomentsOf(*this).area; }
+double Ring::Area() const {
+  double area = AreaOf(Vertices());
+  for (const CurveAt& curve : Curves()) area += FromFirstVertex(*this, curve).AreaBeyondChord();
+  return -area;
+}
 
 XY Ring::Centroid() const {
   const RingMoments sums = MomentsOf(*this);

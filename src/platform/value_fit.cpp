@@ -26,7 +26,33 @@ constexpr int kMostDigits = 16;
 
 FittedValue Nulled(ValueChange change) { return {Null{}, change}; }
 
-double PowerOfTen(int exponent) { return std::pow(10.0, exponent); }
+// Those that doubles hold.
+constexpr std::array kPowersOfTen = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
+                                     1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+
+double PowerOfTen(int exponent) {
+  const bool is_listed = exponent >= 0 && exponent < static_cast<int>(kPowersOfTen.size());
+  return is_listed ? kPowersOfTen[static_cast<std::size_t>(exponent)] : std::pow(10.0, exponent);
+}
+
+// Digits in front of the point: no number has fewer, whatever it is rounded to.
+int WholeDigits(double value) {
+  const double size = std::fabs(value);
+  return 1 + static_cast<int>(std::upper_bound(kPowersOfTen.begin() + 1, kPowersOfTen.end(), size) -
+                              (kPowersOfTen.begin() + 1));
+}
+
+// Whether two numbers have the same 15 digits.
+bool ShowAlike(double first, double second) {
+  constexpr int kBehindFirst = 14;
+  std::array<char, 40> first_room, second_room;
+  const auto text = [](double value, std::span<char> room) {
+    const auto end =
+        std::to_chars(room.data(), room.data() + room.size(), value, std::chars_format::scientific, kBehindFirst);
+    return std::string_view(room.data(), static_cast<std::size_t>(end.ptr - room.data()));
+  };
+  return text(first, first_room) == text(second, second_room);
+}
 
 // --- Numbers -------------------------------------------------------------------------------------------------------
 
@@ -77,7 +103,7 @@ FittedValue FitWhole(const Number& number, const ColumnLimits& column) {
 bool AgreeInDigits(double first, double second) {
   const double apart = std::fabs(first - second), size = std::fabs(second);
   if (apart <= 4e-16 * size) return true;
-  return apart <= 1e-14 * size && NumberText(first) == NumberText(second);
+  return apart <= 1e-14 * size && ShowAlike(first, second);
 }
 
 FittedValue FitDecimals(double value, const ColumnLimits& column) {
@@ -290,7 +316,18 @@ std::string_view ExponentInColumn(double value, std::size_t width, std::span<cha
   return {};
 }
 
+bool HasRoomInColumn(double value, std::size_t width) {
+  const auto places = static_cast<int>(width) - (std::signbit(value) ? 1 : 0);
+  // One less is the rounding's.
+  if (places > 0 && std::fabs(value) < PowerOfTen(places) - 1.0) return true;
+  std::array<char, 400> room;
+  return !NumberInColumn(value, width, 0, room).empty();
+}
+
 std::string_view NumberInColumn(double value, std::size_t width, int decimals, std::span<char> room) {
+  // More decimals than these have no room beside sign and point.
+  const int most = static_cast<int>(width) - (std::signbit(value) ? 1 : 0) - WholeDigits(value) - 1;
+  decimals = std::min(decimals, std::max(most, 0));
   for (; decimals >= 0; --decimals) {
     const auto end = std::to_chars(room.data(), room.data() + room.size(), value, std::chars_format::fixed, decimals);
     const auto size = static_cast<std::size_t>(end.ptr - room.data());

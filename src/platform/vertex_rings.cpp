@@ -1,31 +1,54 @@
 // SPDX-License-Identifier: MIT
 #include "platform/vertex_rings.h"
 
+#include <algorithm>
+
 #include <cstddef>
 
 namespace tessarine {
 
+namespace {
+
+// Sums over the sides, each as its ends stand from the first vertex, with their cross product.
+template <class Take>
+void ForEachSide(std::span<const XY> ring, Take&& take) {
+  if (ring.empty()) return;
+  const XY origin = ring.front();
+  XY from{0.0, 0.0};
+  for (std::size_t index = 0; index < ring.size(); ++index) {
+    const XY next = ring[index + 1 < ring.size() ? index + 1 : 0];
+    const XY to{next.x - origin.x, next.y - origin.y};
+    take(from, to, from.x * to.y - to.x * from.y);
+    from = to;
+  }
+}
+
+}  // namespace
+
+double AreaOf(std::span<const XY> ring) {
+  double area = 0.0;
+  ForEachSide(ring, [&](XY, XY, double cross) { area += cross / 2.0; });
+  return area;
+}
+
 RingMoments MomentsOf(std::span<const XY> ring) {
   RingMoments sums;
-  if (ring.empty()) return sums;
-  const XY origin = ring.front();
-  for (std::size_t index = 0; index < ring.size(); ++index) {
-    const XY from = ring[index];
-    const XY to = ring[index + 1 < ring.size() ? index + 1 : 0];
-    const double x1 = from.x - origin.x, y1 = from.y - origin.y;
-    const double x2 = to.x - origin.x, y2 = to.y - origin.y;
-    const double cross = x1 * y2 - x2 * y1;
+  ForEachSide(ring, [&](XY from, XY to, double cross) {
     sums.area += cross / 2.0;
-    sums.x += (x1 + x2) * cross / 6.0;
-    sums.y += (y1 + y2) * cross / 6.0;
-  }
+    sums.x += (from.x + to.x) * cross / 6.0;
+    sums.y += (from.y + to.y) * cross / 6.0;
+  });
   return sums;
 }
 
 Envelope ExtentOf(std::span<const XY> vertices) {
-  Envelope extent;
-  for (const XY vertex : vertices) extent.Union(vertex);
-  return extent;
+  if (vertices.empty()) return {};
+  XY low = vertices.front(), high = low;
+  for (const XY vertex : vertices.subspan(1)) {
+    low = {std::min(low.x, vertex.x), std::min(low.y, vertex.y)};
+    high = {std::max(high.x, vertex.x), std::max(high.y, vertex.y)};
+  }
+  return {low.x, low.y, high.x, high.y};
 }
 
 bool Encloses(std::span<const XY> ring, XY point) {

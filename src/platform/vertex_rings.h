@@ -13,6 +13,9 @@ struct RingMoments {
   double area = 0.0, x = 0.0, y = 0.0;
 };
 
+/// The area alone, the very same number. 0 for an empty ring. Linear.
+[[nodiscard]] double AreaOf(std::span<const XY> ring);
+
 /// All 0 for an empty ring. Linear.
 [[nodiscard]] RingMoments MomentsOf(std::span<const XY> ring);
 
