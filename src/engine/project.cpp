@@ -176,7 +176,16 @@ class Grid {
  private:
   static constexpr double kPole = 90.0;
 
-  [[nodiscard]] double Rounded(double value) const { return std::round(value / step_) * step_; }
+  [[nodiscard]] double Rounded(double value) const { return ToWhole(value / step_) * step_; }
+
+  // As `std::round`, which costs a call.
+  static double ToWhole(double value) {
+    constexpr double kWholeFromHere = 4503599627370496.0;
+    if (!(std::fabs(value) < kWholeFromHere)) return value;
+    const double whole = static_cast<double>(static_cast<std::int64_t>(value));
+    const double rounded = std::fabs(value - whole) < 0.5 ? whole : whole + std::copysign(1.0, value);
+    return std::copysign(rounded, value);
+  }
 
   double step_;
   bool geographic_;

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numbers>
 #include <random>
 #include <vector>
 
@@ -47,6 +48,43 @@ TEST(PlainRing, AgreesWithGeosOnRingsOfASmallGrid) {
   EXPECT_GT(plain, 5000);
   EXPECT_GT(other, 5000);
   EXPECT_FALSE(engine::IsPlainRing({}));
+}
+
+// Places about (50, 20), `step` turns of `count` apart, at distances between `least` and 1.
+std::vector<XY> Star(int count, int step, double least, std::mt19937& random) {
+  std::uniform_real_distribution<double> distance(least, 1.0);
+  std::vector<XY> ring;
+  for (int at = 0; at < count; ++at) {
+    const double angle = 2.0 * std::numbers::pi * at * step / count, reach = distance(random);
+    ring.push_back({50.0 + reach * std::cos(angle), 20.0 + reach * std::sin(angle)});
+  }
+  ring.push_back(ring.front());
+  return ring;
+}
+
+TEST(PlainRing, AgreesWithGeosOnRingsAroundAPlace) {
+  GEOSContextHandle_t geos = GEOS_init_r();
+  std::mt19937 random(20260722);
+  const struct {
+    const char* name;
+    int count, step;
+    double least;
+    bool plain;
+  } rows[] = {{"round", 40, 1, 1.0, true},        {"round, the other way", 40, -1, 1.0, true},
+              {"a star", 40, 1, 0.3, true},       {"a star of long rays", 40, -1, 0.01, true},
+              {"twice round", 5, 2, 1.0, false},  {"twice round, the other way", 5, -2, 1.0, false},
+              {"thrice round", 41, 3, 0.5, false}};
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.name);
+    for (int round = 0; round < 50; ++round) {
+      std::vector<XY> ring = Star(row.count, row.step, row.least, random);
+      EXPECT_EQ(engine::IsPlainRing(ring), row.plain);
+      // One vertex elsewhere.
+      ring[2] = {50.0 + std::uniform_real_distribution<double>(-1.0, 1.0)(random), 20.0};
+      EXPECT_EQ(engine::IsPlainRing(ring), IsValidForGeos(geos, ring)) << round;
+    }
+  }
+  GEOS_finish_r(geos);
 }
 
 // A spine at the left with teeth that reach far over each other, turned by an angle.

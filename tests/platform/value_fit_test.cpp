@@ -6,7 +6,11 @@
 
 #include <array>
 #include <cmath>
+#include <cstdio>
 #include <limits>
+#include <random>
+#include <string>
+#include <vector>
 
 #include "helpers/shapes.h"
 #include "platform/calendar.h"
@@ -110,6 +114,34 @@ TEST(ValueFit, RealNumbersKeepFifteenDigitsOrSayThatTheyDont) {
       {"more than a single has", 1e39, ColumnOf(Kind::Single), Null{}, ValueChange::OutOfRange},
       {"a text", " 1,234.5 ", ColumnOf(Kind::Double), 1234.5},
   });
+}
+
+TEST(ValueFit, NumbersInColumnsHaveAllDecimalsThatHaveRoom) {
+  constexpr int kDecimals = 12;
+  const auto printed = [](double value, int decimals) {
+    std::array<char, 400> room;
+    const int size = std::snprintf(room.data(), room.size(), "%.*f", decimals, value);
+    return std::string(room.data(), static_cast<std::size_t>(size));
+  };
+  std::mt19937_64 random(20260722);
+  std::vector<double> values{0.0, -0.0, 0.5, 9.5, -9.5, 1e22, 1e23, -1e300, 99999999.99999999, -9999999.999999999};
+  std::uniform_real_distribution<double> exponent(-3.0, 20.0);
+  for (int draw = 0; draw < 2000; ++draw) {
+    const double size = std::pow(10.0, exponent(random));
+    // Just below a power of ten a number gains a digit by rounding.
+    values.insert(values.end(), {size, -size, std::pow(10.0, draw % 19) - 1.0 / size});
+  }
+  for (const double value : values) {
+    for (const std::size_t width : {1U, 2U, 9U, 16U, 24U}) {
+      std::string expected;
+      for (int decimals = kDecimals; decimals >= 0 && expected.empty(); --decimals) {
+        if (printed(value, decimals).size() <= width) expected = printed(value, decimals);
+      }
+      std::array<char, 400> room;
+      EXPECT_EQ(NumberInColumn(value, width, kDecimals, room), expected) << value << " in " << width;
+      EXPECT_EQ(HasRoomInColumn(value, width), !expected.empty()) << value << " in " << width;
+    }
+  }
 }
 
 TEST(ValueFit, TextsAreCutBetweenCharacters) {
