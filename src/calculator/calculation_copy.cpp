@@ -5,7 +5,6 @@
 
 #include "calculator/calculation_report.h"
 #include "platform/paths.h"
-#include "platform/run_scope.h"
 #include "platform/run_stop.h"
 #include "platform/text_formats.h"
 
@@ -61,7 +60,7 @@ LayerForMeasures LayerOf(const LayerCopy& copy, std::string name, const CopyForM
           MeasuresOfCopy(wish.measures, copy, place.format->field_names)};
 }
 
-// Nothing where the user stopped it or it failed, which the journal tells.
+// Empty where the user stopped it or it failed, which the journal tells.
 std::optional<LayerCopy> CopyRecords(const LayerCopyRequest& request, RunJournal& journal) {
   try {
     std::optional<LayerCopy> copy;
@@ -106,10 +105,10 @@ LayerForMeasures PlanCopy(const CopyForMeasures& wish) {
   return LayerOf(copy, copy.output->Name(), wish, request.place);
 }
 
-std::optional<LayerForMeasures> MakeCopy(RunContext& context, const CopyForMeasures& wish,
+std::optional<LayerForMeasures> MakeCopy(RunScope& scope, const CopyForMeasures& wish,
                                          const std::optional<RunSpheroid>& spheroid, std::string& report) {
-  const RunScope scope(context);
-  RunJournal& journal = context.journal;
+  const RunContext& context = scope.Run();
+  RunJournal& journal = scope.Journal();
   LayerCopyRequest request = RequestOf(wish);
   request.replaces = Stands(request.place);
   if (request.replaces && !context.feedback.Ask(RunQuestion::ReplaceOutput,

@@ -10,6 +10,7 @@
 
 #include "outputs/layer_copy.h"
 #include "platform/map.h"
+#include "platform/run_scope.h"
 #include "platform/tool.h"
 
 namespace tessarine {
@@ -65,7 +66,7 @@ struct LayerForMeasures {
 /// Asks about what stands in the place, makes the copy, tells what its format can't keep and returns its layer, which
 /// is called like the copy. Null where the user gave up or the copy can't be made, which the journal tells; what is
 /// left to be reported of that goes to `report`.
-[[nodiscard]] std::optional<LayerForMeasures> MakeCopy(RunContext& context, const CopyForMeasures& wish,
+[[nodiscard]] std::optional<LayerForMeasures> MakeCopy(RunScope& scope, const CopyForMeasures& wish,
                                                        const std::optional<RunSpheroid>& spheroid, std::string& report);
 
 }  // namespace tessarine

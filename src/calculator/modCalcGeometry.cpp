@@ -8,7 +8,6 @@
 #include "platform/known_ids.h"
 #include "platform/paths.h"
 #include "platform/rich_text.h"
-#include "platform/run_scope.h"
 #include "platform/run_stop.h"
 #include "support/MyGeneralOperations.h"
 #include "support/dataset_names.h"
@@ -126,8 +125,9 @@ std::string SettleCopy(RunContext& context, const std::shared_ptr<IFeatureClass>
   return CopySections(*copy->Notes(), layer_name);
 }
 
-std::string Calculate(RunContext& context, const std::shared_ptr<VarArray>& carrier,
-                      const std::shared_ptr<IApplication>& application, RunScope& scope) {
+std::string Calculate(RunScope& scope, const std::shared_ptr<VarArray>& carrier,
+                      const std::shared_ptr<IApplication>& application) {
+  RunContext& context = scope.Run();
   const GeometryOptions options(carrier);
   const std::shared_ptr<IFeatureClass> features = FeaturesOf(options);
   if (const std::string objection = WhyUnchangeable(options, *application); !objection.empty())
@@ -182,8 +182,13 @@ std::string CalcGeometry(const std::shared_ptr<VarArray>& options, const std::sh
 std::string CalcGeometry(RunContext& context, const std::shared_ptr<VarArray>& options,
                          const std::shared_ptr<IApplication>& application) {
   RunScope scope(context);
+  return CalcGeometry(scope, options, application);
+}
+
+std::string CalcGeometry(RunScope& scope, const std::shared_ptr<VarArray>& options,
+                         const std::shared_ptr<IApplication>& application) {
   return TrapWith(
-      "CalcGeometry", [&] { return Calculate(context, options, Require(application, "IApplication"), scope); },
+      "CalcGeometry", [&] { return Calculate(scope, options, Require(application, "IApplication")); },
       [&](const Fault& fault) {
         scope.Journal().Fail(fault.Description());
         return FailedCalculation(fault);
@@ -192,12 +197,12 @@ std::string CalcGeometry(RunContext& context, const std::shared_ptr<VarArray>& o
 
 std::string PlanGeometry(RunContext& context, const std::shared_ptr<VarArray>& carrier,
                          const std::shared_ptr<IApplication>& application) {
+  const RunScope scope(context);
   return Trap("PlanGeometry", [&]() -> std::string {
     const GeometryOptions options(carrier);
     if (const std::string objection = WhyUnchangeable(options, *application); !objection.empty())
       return Refused(context, objection);
     RunJournal& journal = context.journal;
-    journal = RunJournal();
     journal.output_path = FeaturesOf(options)->FullName();
     journal.reference = FeaturesOf(options)->SpatialReference();
     std::string missing, present;

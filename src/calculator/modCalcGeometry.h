@@ -11,6 +11,7 @@
 #include "calculator/result_writing.h"
 #include "platform/application.h"
 #include "platform/run_context.h"
+#include "platform/run_scope.h"
 #include "session/clsExtension.h"
 #include "support/progress_text.h"
 
@@ -18,7 +19,7 @@ namespace tessarine::modCalcGeometry {
 
 using MyGeneralOperations::CalcTimeLeft;
 
-/// Runs the calculation that `options` describes, a list as `GeometryOptions` lays it out, and answers the report: rich
+/// Runs the calculation that `options` describes, a list as `GeometryOptions` lays it out, and returns the report: rich
 /// text, or one plain sentence when the layer can't be changed. Attributes alone are written, row by row; what was
 /// written when a run stops or fails stays, and so do new fields. The two flags have no effect.
 [[nodiscard]] std::string CalcGeometry(const std::shared_ptr<VarArray>& options,
@@ -27,6 +28,9 @@ using MyGeneralOperations::CalcTimeLeft;
 
 /// The same within a context.
 [[nodiscard]] std::string CalcGeometry(RunContext& context, const std::shared_ptr<VarArray>& options,
+                                       const std::shared_ptr<IApplication>& application);
+/// The same as the last part of a run that has begun, as one that made its copy before.
+[[nodiscard]] std::string CalcGeometry(RunScope& scope, const std::shared_ptr<VarArray>& options,
                                        const std::shared_ptr<IApplication>& application);
 /// The report of what it would do; nothing is written.
 [[nodiscard]] std::string PlanGeometry(RunContext& context, const std::shared_ptr<VarArray>& options,

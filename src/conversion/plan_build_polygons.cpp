@@ -9,6 +9,7 @@
 #include "conversion/plan_texts.h"
 #include "conversion/run_reports.h"
 #include "platform/rich_text.h"
+#include "platform/run_scope.h"
 #include "platform/trap.h"
 #include "support/MyGeneralOperations.h"
 #include "support/aml_func_mod.h"
@@ -26,10 +27,10 @@ std::string LabelLines(const BuildChoices& choices) {
 }  // namespace
 
 std::string PlanBuildPolygons(RunContext& context, const BuildChoices& choices, const clsExtension& extension) {
+  const RunScope scope(context);
   return Trap("PlanBuildPolygons", [&]() -> std::string {
     const std::shared_ptr<IFeatureLayer>& layer = Require(choices.lines, "layer");
     const SpatialReferenceRef reference = layer->FeatureClass()->SpatialReference();
-    context.journal = RunJournal();
     context.journal.reference = reference;
     const std::string path = aml_func_mod::MakeUniqueFilename(choices.path);
     const VarArray none;

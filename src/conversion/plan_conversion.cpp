@@ -7,6 +7,7 @@
 #include "conversion/plan_texts.h"
 #include "conversion/run_reports.h"
 #include "platform/rich_text.h"
+#include "platform/run_scope.h"
 #include "platform/trap.h"
 
 namespace tessarine::modCreateVertices {
@@ -22,13 +23,13 @@ std::string RefusalLine(std::string_view reason) {
 std::string PlanConversion(RunContext& context, const ConversionRun& run, const std::shared_ptr<IFeatureLayer>& layer,
                            const std::shared_ptr<VarArray>& fields, bool all_records, const std::string& path,
                            const std::shared_ptr<IApplication>&, const std::shared_ptr<clsExtension>& extension) {
+  const RunScope scope(context);
   return Trap("PlanConversion", [&]() -> std::string {
     const std::shared_ptr<IFeatureClass> input = Require(layer->FeatureClass(), "FeatureClass");
     if (!CanFrame(run, input->SpatialReference())) {
       context.journal.failed = true;
       return UnknownReferenceReport(run);
     }
-    context.journal = RunJournal();
     const OutputFrame frame = FrameOf(run, *input);
     context.journal.reference = frame.reference;
     const OutputTarget target = SplitOutputPath(path, *extension);

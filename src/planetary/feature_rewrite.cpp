@@ -304,8 +304,8 @@ std::string RewriteFeatures(RunContext& context, const FeatureRewrite& run,
 }
 
 std::string PlanRewrite(RunContext& context, const FeatureRewrite& run) {
-  RunJournal& journal = context.journal;
-  journal = RunJournal();
+  const RunScope scope(context);
+  RunJournal& journal = scope.Journal();
   journal.reference = run.output.Reference();
   const std::shared_ptr<IFeatureClass> features = Require(run.layer, "layer")->FeatureClass();
   OutputRequest request = RequestFor(run.output, features);

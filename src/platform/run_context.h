@@ -37,6 +37,7 @@ enum class RunQuestion : std::uint8_t {
   ReplaceOutput,     ///< something stands under the name of the output: may it go when the new one is whole?
   UseDoubtfulNames,  ///< fields get names that their storage may not take: shall they be used?
   OverwriteFields,   ///< measures go into fields that hold data: may these go?
+  ConfirmRun,        ///< what the arguments ask for is odd: shall the run begin?
 };
 
 /// What a run says and asks while it works, and how it is stopped. Called on the run's thread.

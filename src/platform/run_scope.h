@@ -27,6 +27,7 @@ class RunScope {
     run_.journal.elapsed_seconds = run_.clock.SteadySeconds() - begin_seconds_;
     ended_ = true;
   }
+  [[nodiscard]] RunContext& Run() const { return run_; }
   [[nodiscard]] RunJournal& Journal() const { return run_.journal; }
 
  private:
@@ -36,7 +37,7 @@ class RunScope {
   bool ended_ = false;
 };
 
-/// Works on one record. A fault of it goes to the journal and the answer is False; the run goes on. Only a fault that
+/// Works on one record. A fault of it goes to the journal, and it returns false; the run goes on. Only a fault that
 /// ends the run comes out.
 template <class Body>
 [[nodiscard]] bool WorkOnRecord(RunJournal& journal, std::int64_t oid, Body&& body) {

@@ -6,6 +6,7 @@
 #include "calculator/measure_choice.h"
 #include "calculator/modCalcGeometry.h"
 #include "platform/reference_spheroid.h"
+#include "platform/run_scope.h"
 #include "platform/text_formats.h"
 #include "support/layer_listing.h"
 #include "tools/common/tool_parts.h"
@@ -124,6 +125,7 @@ class CalculateTool final : public Tool {
 
   [[nodiscard]] std::string Run(RunContext& context, const Arguments& arguments,
                                 const std::shared_ptr<IApplication>& application) const override {
+    RunScope scope(context);
     std::optional<LayerForMeasures> work = InPlace(arguments);
     std::string report;
     if (arguments.Has("output")) {
@@ -132,10 +134,10 @@ class CalculateTool final : public Tool {
         const ToolSpheroid given = SpheroidFor(arguments, nullptr);
         spheroid = RunSpheroid{given.name, given.semi_major, given.semi_minor};
       }
-      work = MakeCopy(context, CopyWish(arguments, context.services.Wishes().reference), spheroid, report);
+      work = MakeCopy(scope, CopyWish(arguments, context.services.Wishes().reference), spheroid, report);
     }
     const std::shared_ptr<VarArray> options = work ? Confirmed(context, arguments, *work) : nullptr;
-    return options ? modCalcGeometry::CalcGeometry(context, options, application) : report;
+    return options ? modCalcGeometry::CalcGeometry(scope, options, application) : report;
   }
 
   [[nodiscard]] std::vector<FieldMeaning> Meanings(const Arguments& arguments) const override {

@@ -145,6 +145,20 @@ TEST_F(ToolRuns, TheMeterIsForMoreRecordsThanTheToolsThreshold) {
   }
 }
 
+TEST_F(ToolRuns, TheTimeOfACopyIsPartOfTheCalculations) {
+  Arguments arguments;
+  arguments.Set("source", Lines());
+  arguments.Set("measure", std::vector<ToolMeasure>{{"Plan. Length", {}}});
+  arguments.Set("output", Output("measured.shp"));
+  RunContext context = HostContext();
+  host.clock.step = 1.0;
+  const Date before = host.clock.now;
+  (void)Named("calculate").Run(context, arguments, application);
+  ASSERT_FALSE(context.journal.failed) << context.journal.failure;
+  EXPECT_EQ(context.journal.written, 1);
+  EXPECT_LE(context.journal.begin.serial, AddSeconds(before, 1.0).serial) << "one look at each clock";
+}
+
 TEST_F(ToolRuns, AnArgumentOfTheWrongTypeIsAFaultOfItsFace) {
   Arguments arguments;
   arguments.Set("shift", std::string("1"));

@@ -63,9 +63,7 @@ ExitStatus Session::Run(const ITool& tool, Arguments arguments) {
   if (!options_.report_file.empty()) RefuseReportOverData();
   const std::optional<Objection> objection = tool.Validate(arguments, application_);
   if (objection && objection->telling == Objection::kAsked) {
-    const MessageAnswer answer =
-        host_.MessageBox().Show(objection->text, objection->title, MessageButtons::OkCancel, MessageIcon::None);
-    if (answer != MessageAnswer::Ok) return Refuse(*objection);
+    if (!host_.Ask(RunQuestion::ConfirmRun, objection->text, objection->title)) return Refuse(*objection);
     arguments.confirmed = true;
   } else if (objection && !objection->title.empty()) {
     (void)host_.MessageBox().Show(objection->text, objection->title, MessageButtons::Ok, MessageIcon::None);

@@ -16,7 +16,6 @@ namespace tessarine {
 namespace {
 
 constexpr const char* kReportForm = "frmReport_modal";
-constexpr const char* kConfirmTitle = "Confirm Action:";
 constexpr int kLookInterval = 200;  // milliseconds between two looks for a signal while a question is open
 
 // What a message says, with the line ends of a terminal.
@@ -135,8 +134,6 @@ bool TerminalHost::AskUser() const {
 MessageAnswer TerminalHost::Show(const std::string& text, const std::string& title, MessageButtons buttons,
                                  MessageIcon) {
   if (buttons == MessageButtons::YesNo && manners_.yes) return MessageAnswer::Yes;
-  const bool confirmation = buttons == MessageButtons::OkCancel && title == kConfirmTitle;
-  if (confirmation && manners_.yes) return MessageAnswer::Ok;
   BeforePrinting();
   fmt::print(stderr, "{}{}{}\n", Trim(title), title.empty() ? "" : "\n", WithoutPasswords(NativeLines(text)));
   last_message_ = text;
@@ -144,8 +141,7 @@ MessageAnswer TerminalHost::Show(const std::string& text, const std::string& tit
     case MessageButtons::Ok:
       return MessageAnswer::Ok;
     case MessageButtons::OkCancel:
-      if (confirmation && AskUser()) return MessageAnswer::Ok;
-      // Elsewhere "Ok" would show the same dialog again, which has no other answer here.
+      // "Ok" would show the same dialog again, which has no other answer here.
       return MessageAnswer::Cancel;
     case MessageButtons::YesNo:
       return AskUser() ? MessageAnswer::Yes : MessageAnswer::No;
