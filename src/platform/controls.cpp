@@ -104,75 +104,64 @@ void OptionButton::SetValue(bool value) {
   if (value) Fire(Click);
 }
 
-std::size_t ListBox::Checked(std::int32_t index) const {
+std::size_t LineControl::Checked(std::int32_t index) const {
   if (index < 0 || index >= ListCount()) {
     Raise(kInvalidCall, "The list '" + Name() + "' has no line " + std::to_string(index) + ".");
   }
   return static_cast<std::size_t>(index);
 }
 
+void LineControl::AddItem(std::string text) {
+  lines_.push_back(std::move(text));
+  Changed();
+}
+
 void ListBox::Clear() {
-  items_.clear();
+  lines_.clear();
+  selected_.clear();
   list_index_ = -1;
   top_index_ = 0;
   Changed();
 }
-
-void ListBox::AddItem(std::string text) {
-  items_.push_back({std::move(text)});
-  Changed();
-}
-
-const std::string& ListBox::List(std::int32_t index) const { return items_[Checked(index)].text; }
 
 void ListBox::SetListIndex(std::int32_t index) {
   if (index == list_index_) return;
   if (index != -1) (void)Checked(index);
   list_index_ = index;
   if (!MultiSelect) {
-    for (Item& item : items_) item.selected = false;
-    if (index != -1) items_[Checked(index)].selected = true;
+    selected_.clear();
+    if (index != -1) selected_.insert(index);
   }
   Changed();
   Fire(Click);
 }
 
-bool ListBox::Selected(std::int32_t index) const { return items_[Checked(index)].selected; }
+bool ListBox::Selected(std::int32_t index) const {
+  (void)Checked(index);
+  return selected_.contains(index);
+}
 
 void ListBox::SetSelected(std::int32_t index, bool selected) {
-  Item& item = items_[Checked(index)];
-  if (item.selected == selected) return;
+  if (Selected(index) == selected) return;
   if (!MultiSelect) {
     SetListIndex(selected ? index : -1);
     return;
   }
-  item.selected = selected;
+  if (selected) {
+    selected_.insert(index);
+  } else {
+    selected_.erase(index);
+  }
   list_index_ = index;
   Changed();
   Fire(Click);
 }
 
-std::int32_t ListBox::SelCount() const {
-  return static_cast<std::int32_t>(std::ranges::count_if(items_, [](const Item& item) { return item.selected; }));
-}
-
 void ComboBox::Clear() {
-  items_.clear();
+  lines_.clear();
   if (DropDownList) text_.clear();
   list_index_ = -1;
   Changed();
-}
-
-void ComboBox::AddItem(std::string text) {
-  items_.push_back(std::move(text));
-  Changed();
-}
-
-const std::string& ComboBox::List(std::int32_t index) const {
-  if (index < 0 || index >= ListCount()) {
-    Raise(kInvalidCall, "The list '" + Name() + "' has no line " + std::to_string(index) + ".");
-  }
-  return items_[static_cast<std::size_t>(index)];
 }
 
 void ComboBox::SetListIndex(std::int32_t index) {
@@ -191,8 +180,8 @@ void ComboBox::SetListIndex(std::int32_t index) {
 void ComboBox::SetText(std::string text) {
   if (text == text_) return;
   text_ = std::move(text);
-  const auto found = std::ranges::find(items_, text_);
-  list_index_ = found == items_.end() ? -1 : static_cast<std::int32_t>(found - items_.begin());
+  const auto found = std::ranges::find(lines_, text_);
+  list_index_ = found == lines_.end() ? -1 : static_cast<std::int32_t>(found - lines_.begin());
   Changed();
   Fire(Change);
 }

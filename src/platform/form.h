@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -215,57 +216,59 @@ class RichTextBox final : public Control {
   std::int32_t sel_start_ = 0;
 };
 
-/// A list with one or several selected lines.
-class ListBox final : public Control {
+/// A control that lists lines of text, by index from 0. A line that isn't there raises fault 5.
+class LineControl : public Control {
  public:
   using Control::Control;
+  void AddItem(std::string text);
+  [[nodiscard]] std::int32_t ListCount() const { return static_cast<std::int32_t>(lines_.size()); }
+  [[nodiscard]] const std::string& List(std::int32_t index) const { return lines_[Checked(index)]; }
+  /// The line that is selected, or has the focus where several can be selected; -1 when there is none.
+  [[nodiscard]] std::int32_t ListIndex() const { return list_index_; }
+  std::function<void()> Click;
+
+ protected:
+  [[nodiscard]] std::size_t Checked(std::int32_t index) const;
+
+  std::vector<std::string> lines_;
+  std::int32_t list_index_ = -1;
+};
+
+/// A list with one or several selected lines.
+class ListBox final : public LineControl {
+ public:
+  using LineControl::LineControl;
   bool MultiSelect = false;
 
   void Clear();
-  void AddItem(std::string text);
-  [[nodiscard]] std::int32_t ListCount() const { return static_cast<std::int32_t>(items_.size()); }
-  [[nodiscard]] const std::string& List(std::int32_t index) const;
-  /// The selected line of a single-choice list, the focus line of the other; -1 when there is none.
-  [[nodiscard]] std::int32_t ListIndex() const { return list_index_; }
   void SetListIndex(std::int32_t index);
   [[nodiscard]] bool Selected(std::int32_t index) const;
   void SetSelected(std::int32_t index, bool selected);
-  [[nodiscard]] std::int32_t SelCount() const;
+  [[nodiscard]] std::int32_t SelCount() const { return static_cast<std::int32_t>(selected_.size()); }
   [[nodiscard]] std::int32_t TopIndex() const { return top_index_; }
   void SetTopIndex(std::int32_t index) { top_index_ = index, Changed(); }
-  std::function<void()> Click, DblClick;
+  std::function<void()> DblClick;
 
  private:
-  [[nodiscard]] std::size_t Checked(std::int32_t index) const;
-  struct Item {
-    std::string text;
-    bool selected = false;
-  };
-  std::vector<Item> items_;
-  std::int32_t list_index_ = -1, top_index_ = 0;
+  std::set<std::int32_t> selected_;
+  std::int32_t top_index_ = 0;
 };
 
 /// A drop-down list, editable unless `DropDownList`.
-class ComboBox final : public Control {
+class ComboBox final : public LineControl {
  public:
-  using Control::Control;
+  using LineControl::LineControl;
   bool DropDownList = false;
 
   void Clear();
-  void AddItem(std::string text);
-  [[nodiscard]] std::int32_t ListCount() const { return static_cast<std::int32_t>(items_.size()); }
-  [[nodiscard]] const std::string& List(std::int32_t index) const;
-  [[nodiscard]] std::int32_t ListIndex() const { return list_index_; }
   void SetListIndex(std::int32_t index);
   [[nodiscard]] const std::string& Text() const { return text_; }
   void SetText(std::string text);
-  std::function<void()> Click, Change;
+  std::function<void()> Change;
   std::function<void(std::int32_t& key_ascii)> KeyPress;
 
  private:
-  std::vector<std::string> items_;
   std::string text_;
-  std::int32_t list_index_ = -1;
 };
 
 /// Fires every `Interval` milliseconds while enabled and the host pumps events.
@@ -307,7 +310,7 @@ class Form : public Container {
   void SetTopmost(bool topmost) { topmost_ = topmost; }
 
   [[nodiscard]] const std::vector<Control*>& Controls() const { return controls_; }
-  /// The control of this name, ignoring case; nothing when there is none.
+  /// The control of this name, ignoring case; null when there is none.
   [[nodiscard]] Control* Find(std::string_view name) const;
   template <class T>
   [[nodiscard]] T* FindAs(std::string_view name) const {

@@ -174,6 +174,24 @@ TEST(Clip, KeepsWhatLiesInTheRectangle) {
   EXPECT_TRUE(inside->IsEqual(*before));
 }
 
+// The overlay, which a polygon takes whose rings run the wrong way though it is called simple, rounds its cuts.
+TEST(Clip, CutsLieExactlyOnTheRectangle) {
+  const Envelope box(-179.9, -89.7, 0.3, 0.1);
+  for (const double lean : {0.1, 0.3, 0.7, 1.1, 1.9}) {
+    SCOPED_TRACE(lean);
+    const auto polygon =
+        PolygonOf({{{-200, -95 + lean}, {-60 - lean, -99}, {30.1, 17 * lean}, {-190, 3}, {-200, -95 + lean}}});
+    polygon->MarkSimple();
+    polygon->Clip(box);
+    ASSERT_FALSE(polygon->IsEmpty());
+    for (std::int32_t index = 0; index < polygon->PointCount(); ++index) {
+      const XY at = polygon->Point(index);
+      const bool on_side = at.x == box.XMin() || at.x == box.XMax() || at.y == box.YMin() || at.y == box.YMax();
+      EXPECT_TRUE(on_side) << at.x << " " << at.y;
+    }
+  }
+}
+
 TEST(Clip, DensifiesTheCutEdgesAlone) {
   const auto polygon = PolygonOf({{{-10, 0}, {-10, 8}, {20, 8}, {20, 0}, {-10, 0}}});
   polygon->ClipDense(Envelope(0, -100, 10, 100), 2.0);
