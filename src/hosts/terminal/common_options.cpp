@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <thread>
 
+#include "hosts/terminal/report_output.h"
 #include "platform/text_formats.h"
 
 namespace tessarine {
@@ -47,7 +48,7 @@ void AddQuietRun(CLI::App& command, CommonOptions& options) {
 void AddRunOptions(CLI::App& command, CommonOptions& options) {
   command
       .add_option("-r,--report", options.report_file,
-                  "Also write the report to this file; its ending tells the form: .txt, .rtf, .html or .json")
+                  "Also write the report to this file; its ending tells the form: " + ReportEndings())
       ->type_name("FILE");
   command.add_flag("-q,--quiet", options.quiet, "Print no report");
   command.add_flag("--overwrite", options.overwrite, "Replace an output that exists");

@@ -213,10 +213,19 @@ void PrintReport(const std::string& rtf, std::FILE* stream) {
   fmt::print(stream, "{}\n", WithoutPasswords(on_terminal ? ToTerminalText(text) : ToPlainText(text)));
 }
 
+std::string ReportEndings() {
+  std::string endings;
+  for (const ReportForm& form : kForms) {
+    const bool is_first = endings.empty(), is_last = &form == &kForms.back();
+    endings += (is_first ? "" : is_last ? " or " : ", ") + std::string(form.ending);
+  }
+  return endings;
+}
+
 void CheckReportFile(const std::string& path) {
   if (path.empty()) return;
   if (FindForm(path) == nullptr) {
-    throw Refusal("The report file '" + path + "' must end in .txt, .rtf, .html or .json.");
+    throw Refusal("The report file '" + path + "' must end in " + ReportEndings() + ".");
   }
   const fs::path folder = fs::absolute(path).parent_path();
   if (!fs::is_directory(folder)) throw Refusal("The report's folder '" + folder.string() + "' doesn't exist.");

@@ -18,6 +18,8 @@ void PrintReport(const std::string& rtf, std::FILE* stream);
 
 /// Checks that a report file's ending names a form and that its folder exists. Raises `Refusal`.
 void CheckReportFile(const std::string& path);
+/// The endings of report files, as ".txt, .rtf or .json".
+[[nodiscard]] std::string ReportEndings();
 
 inline constexpr std::string_view kIsOutput = "is this run's output";
 
@@ -25,7 +27,7 @@ inline constexpr std::string_view kIsOutput = "is this run's output";
 /// with them, as "is the map document". Empty paths are passed over.
 void RefuseReportOver(const std::string& report_file, const std::vector<std::string>& files, std::string_view role);
 
-/// Writes the report in the form that the file's ending names: .txt, .rtf, .html or .json.
+/// Writes the report in the form that the file's ending names.
 void WriteReport(const std::string& rtf, const CommonOptions& options, TerminalHost& host);
 
 /// A report of a title and sentences alone, each a paragraph, as RTF.

@@ -1,5 +1,6 @@
 <?xml version="1.0" encoding="utf-8"?>
 <!DOCTYPE TS>
+<!-- SPDX-License-Identifier: GPL-2.0-or-later -->
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
     <name>Tessarine</name>
