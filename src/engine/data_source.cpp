@@ -77,7 +77,7 @@ void AddOffers(OGRLayer& layer, std::vector<Offer>& offers) {
 
 class OgrDataSource final : public DataSource {
  public:
-  // `opened` is nothing where it isn't open for reading.
+  // `opened` is null where it isn't open for reading.
   OgrDataSource(std::string path, std::string driver, std::vector<Offer> offers, DatasetHandle opened)
       : path_(std::move(path)), driver_(std::move(driver)), offers_(std::move(offers)), opened_(std::move(opened)) {}
 

@@ -79,7 +79,7 @@ std::vector<Item> ReadItems(const Rows& rows) {
   return items;
 }
 
-// The columns that a definition names; nothing where the definition can't be read.
+// The columns that a definition names; empty where the definition can't be read.
 std::optional<std::vector<std::string>> DefinedColumns(const Item& item) {
   const GdalErrorScope quiet;
   const XmlTree tree(CPLParseXMLString(item.definition.c_str()));

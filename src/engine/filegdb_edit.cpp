@@ -44,7 +44,7 @@ void MakeIndex(const std::string& folder, const std::string& table, const GdbInd
   RunSql(*dataset, "CREATE INDEX " + index.name + " ON " + table + "(" + index.expression + ")");
 }
 
-// What an index is made of; nothing where the column isn't there.
+// What an index is made of; empty where the column isn't there.
 std::optional<GdbColumn::Type> IndexedType(const GdbTable& table, const GdbIndex& index) {
   const int found = table.FindColumn(index.Column());
   if (found < 0) return std::nullopt;

@@ -16,7 +16,7 @@
 namespace tessarine::engine {
 namespace {
 
-/// A column's new value as it stands in a row; nothing for null.
+/// A column's new value as it stands in a row; empty for null.
 using NewValue = std::optional<std::string>;
 
 template <class Number>

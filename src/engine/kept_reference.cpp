@@ -105,7 +105,7 @@ std::vector<Place> PlacesOf(const OGRSpatialReference& reference, const Envelope
   return places;
 }
 
-// How far a reader finds the places from where they were meant: metres; nothing where he finds one of them nowhere.
+// How far a reader finds the places from where they were meant: metres; empty where he finds one of them nowhere.
 std::optional<double> MetresElsewhere(const OGRSpatialReference& meant, const OGRSpatialReference& read,
                                       const std::vector<Place>& places) {
   constexpr double kWithinDatum = 0.01, kBetweenDatums = 0.1;

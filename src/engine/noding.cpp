@@ -49,7 +49,7 @@ std::optional<LineList> WithCrossings(LineList lines) {
   return lines;
 }
 
-LineList Noded(LineList lines) {
+LineList Noded(const LineList& lines) {
   if (!AllSound(lines)) {
     Raise(kInvalidCall, "A shape with a coordinate that is no finite number, or beyond 1e100, can't be worked on.");
   }

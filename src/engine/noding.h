@@ -24,13 +24,13 @@ using LineList = std::vector<std::vector<XY>>;
 /// in common but ends, or are the same segment, whichever way it runs. Repeated vertices are gone; a line may shrink to
 /// one vertex. Old vertices stay bit for bit; a crossing is rounded once.
 ///
-/// Nothing where that can't be reached so simply: for coordinates that aren't finite or beyond 1e100, or where lines
+/// Empty where that can't be reached so simply: for coordinates that aren't finite or beyond 1e100, or where lines
 /// run so near to each other that the rounding of a crossing brings new ones.
 [[nodiscard]] std::optional<LineList> WithCrossings(LineList lines);
 
-/// The same wherever it can be reached at all. Where `WithCrossings` has no answer, all vertices go to the finest grid
+/// The same wherever it can be reached at all. Where `WithCrossings` is empty, all vertices go to the finest grid
 /// that gives one, commonly eight times as wide as doubles are apart at the largest coordinate (7.5e-9 m in UTM).
 /// Fault 5 for coordinates that aren't finite or beyond 1e100.
-[[nodiscard]] LineList Noded(LineList lines);
+[[nodiscard]] LineList Noded(const LineList& lines);
 
 }  // namespace tessarine::engine

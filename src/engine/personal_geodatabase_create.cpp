@@ -171,7 +171,7 @@ jet::Bytes RootFolder(jet::Database& database) {
 
 jet::Bytes EnterDataset(jet::Database& database, const std::string& name, const PersonalReference& reference) {
   if (const auto found = FindItem(database, kDatasetItem, name)) return found->identifier;
-  const jet::Bytes identifier = NewGuid();
+  jet::Bytes identifier = NewGuid();
   const ItemPlace place{"\\" + name, name, database.Open("GDB_Items").NextNumber()};
   database.Open("GDB_Items")
       .InsertNamed({{"UUID", identifier},

@@ -2,6 +2,7 @@
 #include "engine/planar_areas.h"
 
 #include <algorithm>
+#include <ranges>
 
 #include "engine/face_map.h"
 #include "platform/fault.h"
@@ -21,9 +22,7 @@ std::vector<XY> VerticesOf(const FaceMap::Ring& ring, const PlanarGraph& graph) 
   std::vector<XY> vertices;
   vertices.reserve(ring.places.size() + 1);
   vertices.push_back(graph.Place(ring.places.front()));
-  for (auto place = ring.places.rbegin(); place != ring.places.rend(); ++place) {
-    vertices.push_back(graph.Place(*place));
-  }
+  for (const std::uint32_t place : ring.places | std::views::reverse) vertices.push_back(graph.Place(place));
   return vertices;
 }
 

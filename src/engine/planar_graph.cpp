@@ -53,12 +53,12 @@ PlanarGraph::PlanarGraph(const LineList& lines) {
   }
   std::ranges::sort(edges_, {}, [](const Edge& edge) { return std::uint64_t{edge.low} << 32U | edge.high; });
   std::size_t kept = 0;
-  for (std::size_t at = 0; at < edges_.size(); ++at) {
-    if (kept > 0 && edges_[kept - 1].low == edges_[at].low && edges_[kept - 1].high == edges_[at].high) {
+  for (const Edge& edge : edges_) {
+    if (kept > 0 && edges_[kept - 1].low == edge.low && edges_[kept - 1].high == edge.high) {
       edges_[kept - 1].passes += 1;
-      edges_[kept - 1].upwards += edges_[at].upwards;
+      edges_[kept - 1].upwards += edge.upwards;
     } else {
-      edges_[kept++] = edges_[at];
+      edges_[kept++] = edge;
     }
   }
   edges_.resize(kept);

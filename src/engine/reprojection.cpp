@@ -35,7 +35,7 @@ struct Operation {
   bool elsewhere = false;  // none is made for where the data lie; this one is the best of all
 };
 
-// The extent in degrees on the datum of its reference; nothing where that can't be told.
+// The extent in degrees on the datum of its reference; empty where that can't be told.
 std::optional<Envelope> InDegrees(const SpatialReferenceRef& reference, const Envelope& extent) {
   if (extent.IsEmpty()) return std::nullopt;
   const auto geographic = GeographicOf(reference);

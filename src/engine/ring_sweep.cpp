@@ -70,9 +70,9 @@ class Sweep {
     const int turn = Turn(lower.left, lower.right, upper.right);
     if (turn == 0) return true;
     if (turn < 0) std::swap(lower, upper);
-    const Place above = status_.lower_bound(lower.left);
+    const auto above = status_.lower_bound(lower.left);
     if (above != status_.end() && Turn(above->left, above->right, lower.left) == 0) return true;
-    const Place upper_at = status_.insert(above, upper), lower_at = status_.insert(upper_at, lower);
+    const auto upper_at = status_.insert(above, upper), lower_at = status_.insert(upper_at, lower);
     slots_[upper.side.index] = upper_at;
     slots_[lower.side.index] = lower_at;
     return MeetsNext(upper_at) || MeetsPrevious(lower_at);
@@ -90,15 +90,15 @@ class Sweep {
 
   // Something between the two must have come there across one of them.
   bool MeetsWhereBothEnd(std::size_t in, std::size_t out) {
-    Place lower = slots_[in], upper = slots_[out];
+    auto lower = slots_[in], upper = slots_[out];
     if (std::next(upper) == lower) std::swap(lower, upper);
     if (std::next(lower) != upper) return true;
-    const Place above = status_.erase(lower, std::next(upper));
+    const auto above = status_.erase(lower, std::next(upper));
     return above != status_.end() && MeetsPrevious(above);
   }
 
   [[nodiscard]] bool MeetsNext(Place at) const {
-    const Place next = std::next(at);
+    const auto next = std::next(at);
     return next != status_.end() && SidesMeet(at->side, next->side, count_);
   }
   [[nodiscard]] bool MeetsPrevious(Place at) const {

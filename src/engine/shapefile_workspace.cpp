@@ -84,7 +84,7 @@ class ShapefileWorkspace final : public IFeatureWorkspace {
   }
   // The file itself, where its ending is written in another case.
   [[nodiscard]] std::string StandingFileOf(const std::string& name, const char* ending) const {
-    const std::string file = FileOf(name, ending);
+    std::string file = FileOf(name, ending);
     for (const fs::path& standing : FilesOfDataset(file)) {
       if (EqualsIgnoringCase(standing.extension().string(), ending)) return standing.string();
     }

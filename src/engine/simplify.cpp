@@ -102,7 +102,7 @@ bool SameParts(std::span<const PathRef> first, const std::vector<PathRef>& secon
 }
 
 double ResolutionOf(const IGeometry& shape) {
-  const SpatialReferenceRef reference = shape.SpatialReference();
+  const SpatialReferenceRef& reference = shape.SpatialReference();
   return reference && reference->XYToleranceValid() ? reference->XYResolution() : 0.0;
 }
 

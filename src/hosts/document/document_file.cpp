@@ -295,7 +295,7 @@ fs::path NewFileBeside(const fs::path& target) {
   constexpr int kMostTries = 1000;
   constexpr mode_t kForAllBy = 0666;  // the user's mask takes off what it must
   for (int number = 1; number <= kMostTries; ++number) {
-    const fs::path draft = target.string() + ".part" + (number == 1 ? "" : std::to_string(number));
+    fs::path draft = target.string() + ".part" + (number == 1 ? "" : std::to_string(number));
     const int file = open(draft.c_str(), O_WRONLY | O_CREAT | O_EXCL, kForAllBy);
     if (file >= 0) {
       close(file);

@@ -35,7 +35,7 @@ ElementKind KindOf(const DrawnShape& drawn) {
   }
 }
 
-// The shape in the map's reference; nothing where it can't be had there.
+// The shape in the map's reference; null where it can't be had there.
 GeometryRef Placed(const GeometryRef& own, const SpatialReferenceRef& reference) {
   GeometryRef shape = CloneOf(*own);
   if (!IsKnown(reference) || !IsKnown(shape->SpatialReference())) return shape;

@@ -91,7 +91,7 @@ GeometryRef ReadParts(const JsonPlace& parts) {
 }
 
 std::string TypeOf(const IGeometry& geometry) {
-  const std::string word = ShapeWord(geometry.GeometryType(), "");
+  std::string word = ShapeWord(geometry.GeometryType(), "");
   if (word.empty()) Raise(kTypeMismatch, "A document keeps points, multipoints, polylines and polygons only.");
   return word;
 }

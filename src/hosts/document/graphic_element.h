@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// The graphic elements of a map document. Each kind answers exactly the type tests that fit it.
+// The graphic elements of a map document. Each kind passes exactly the type tests that fit it.
 #pragma once
 
 #include <memory>
@@ -15,7 +15,7 @@ namespace tessarine {
 class IElementPlace {
  public:
   virtual ~IElementPlace() = default;
-  /// The reference of the elements' coordinates; nothing where there is none.
+  /// The reference of the elements' coordinates; null where there is none.
   [[nodiscard]] virtual SpatialReferenceRef ElementReference() const = 0;
 };
 
@@ -55,7 +55,7 @@ class GroupElement final : public GraphicElement, public IGroupElement {
   std::vector<std::shared_ptr<GraphicElement>> Members;
 };
 
-/// A new element of the kind that the word names; nothing for an unknown word.
+/// A new element of the kind that the word names; null for an unknown word.
 [[nodiscard]] std::shared_ptr<GraphicElement> MakeElement(const std::string& kind);
 /// All words for kinds, joined by ", ", for messages.
 [[nodiscard]] std::string ElementKinds();

@@ -117,7 +117,7 @@ SpatialReferenceRef DocumentMap::SpatialReference() const {
   for (const auto& layer : all) {
     const auto placed = Cast<IGeoDataset>(layer);
     if (!placed || !layer->Valid()) continue;
-    const SpatialReferenceRef reference = placed->SpatialReference();
+    SpatialReferenceRef reference = placed->SpatialReference();
     if (!Is<const UnknownCoordinateSystem>(reference)) return reference;
   }
   return std::make_shared<UnknownCoordinateSystem>();

@@ -127,7 +127,7 @@ class MapDocument final : public IMxDocument, public IDocumentDirty {
 
   /// The document's own file, a native path; empty before it was saved.
   std::string Path;
-  /// The version that the host answers for this document.
+  /// The version of the host that this document tells.
   std::string HostVersion = "9.3.1";
   /// The settings of the suite, as its extension wrote them.
   std::vector<Variant> Settings;

@@ -19,7 +19,7 @@ class OtherMembers {
   void AddTo(nlohmann::json& object) const;
 
  private:
-  std::shared_ptr<const nlohmann::json> members_;  // nothing where there are none
+  std::shared_ptr<const nlohmann::json> members_;  // null where there are none
 };
 
 }  // namespace tessarine

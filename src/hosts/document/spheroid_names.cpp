@@ -56,7 +56,7 @@ struct Remoteness {
   auto operator<=>(const Remoteness&) const = default;
 };
 
-// Nothing for names too far off.
+// Empty for names too far off.
 std::optional<Remoteness> RemotenessOf(const std::string& text, const std::string& name) {
   const std::string essence = Essence(name);
   if (text.empty() || essence.empty()) return std::nullopt;

@@ -99,7 +99,7 @@ ElementRef ElementOf(const QString& id, const QgsAnnotationItem& item, const Spa
   const bool placed = !Is<const UnknownCoordinateSystem>(own_reference);
   const GeometryRef shape = ShapeOf(GeometryOfItem(item), drawn.type, placed ? own_reference : map_reference);
   if (placed && !own_reference->IsEqual(*map_reference)) shape->Project(map_reference);
-  const ElementRef element = MakeElement(drawn.kind, view);
+  ElementRef element = MakeElement(drawn.kind, view);
   element->SetPlace(id, shape);
   if (drawn.symbol != nullptr) {
     element->SetSymbol(std::make_shared<ProgramSymbol>(std::unique_ptr<QgsSymbol>(drawn.symbol->clone())));

@@ -9,7 +9,7 @@
 
 namespace tessarine::qgis {
 
-/// The element of an item, its shape in the reference of the map; nothing for an item of a kind that has no element.
+/// The element of an item, its shape in the reference of the map; null for an item of a kind that has no element.
 [[nodiscard]] ElementRef ElementOf(const QString& id, const QgsAnnotationItem& item,
                                    const SpatialReferenceRef& own_reference, const SpatialReferenceRef& map_reference,
                                    const std::weak_ptr<ElementView>& view);

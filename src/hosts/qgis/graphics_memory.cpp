@@ -23,7 +23,8 @@ void GraphicsMemory::Load() {
   names_.clear();
   const QString text = QgsProject::instance()->readEntry(kScope, kEntry);
   const QJsonObject root = QJsonDocument::fromJson(text.toUtf8()).object();
-  for (const QJsonValue& id : root.value(QStringLiteral("order")).toArray()) order_ << id.toString();
+  const QJsonArray order = root.value(QStringLiteral("order")).toArray();
+  for (const QJsonValue id : order) order_ << id.toString();
   const QJsonObject names = root.value(QStringLiteral("names")).toObject();
   for (auto name = names.begin(); name != names.end(); ++name) names_.insert(name.key(), name.value().toString());
   Notice();

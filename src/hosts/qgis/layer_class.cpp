@@ -276,11 +276,11 @@ std::int32_t LayerClass::CountRows(const QueryFilter* filter) {
 
 std::shared_ptr<IFeature> LayerClass::ReadRow(std::int64_t oid) {
   if (stored_) return stored_->GetFeature(oid);
-  QgsFeature feature = Layer().getFeature(oid);
+  const QgsFeature feature = Layer().getFeature(oid);
   if (!feature.isValid()) {
     Raise(kInvalidCall, "The layer '" + FromQt(Layer().name()) + "' has no row " + std::to_string(oid) + ".");
   }
-  return std::make_shared<LayerRow>(Traits(), std::move(feature), weak_from_this());
+  return std::make_shared<LayerRow>(Traits(), feature, weak_from_this());
 }
 
 std::string LayerFeatures::ShapeFieldName() const {

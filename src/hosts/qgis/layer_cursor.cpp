@@ -121,10 +121,10 @@ class LayerCursor : public IFeatureCursor {
     while (feed_ && feed_->Next(feature)) {
       if (!Matches(feature)) continue;
       if (recycling_ && recycled_) {
-        recycled_->Refill(std::move(feature));
+        recycled_->Refill(feature);
         return recycled_;
       }
-      auto row = std::make_shared<LayerRow>(traits_, std::move(feature), owner_);
+      auto row = std::make_shared<LayerRow>(traits_, feature, owner_);
       if (recycling_) recycled_ = row;
       return row;
     }

@@ -97,7 +97,7 @@ bool IsSame(const IFeatureClass& stored, const QgsVectorLayer& layer) {
   return stored.ShapeType() == ShapeTypeOf(layer.wkbType());
 }
 
-// The class in the file; nothing where it isn't as the layer is, or is changed by its provider only.
+// The class in the file; null where it isn't as the layer is, or is changed by its provider only.
 std::shared_ptr<IFeatureClass> StoredClassOf(const QgsVectorLayer& layer) {
   if (ShapeTypeOf(layer.wkbType()) == esriGeometryNull) return nullptr;
   const std::optional<LayerFile> file = FileShownBy(layer);

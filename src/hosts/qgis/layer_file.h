@@ -24,7 +24,7 @@ struct LayerFile {
   std::string layer;  ///< empty for files of one layer
 };
 
-/// The file whose rows and reference the engine finds as the layer shows them. Nothing for a layer with a filter,
+/// The file whose rows and reference the engine finds as the layer shows them. Empty for a layer with a filter,
 /// joined or calculated fields, unsaved edits or a reference of the user's choice, and for data that lie in no file.
 /// Texts may read otherwise where `HasOwnTexts` is false.
 [[nodiscard]] std::optional<LayerFile> FileShownBy(const QgsVectorLayer& layer);

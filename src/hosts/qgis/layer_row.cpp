@@ -81,8 +81,8 @@ Envelope LayerRow::Extent() const {
   return shape ? shape->Envelope() : Envelope();
 }
 
-void LayerRow::Refill(QgsFeature feature) {
-  feature_ = std::move(feature);
+void LayerRow::Refill(const QgsFeature& feature) {
+  feature_ = feature;
   shape_ = nullptr;
   shape_changed_ = false;
   changes_.clear();

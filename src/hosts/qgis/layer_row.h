@@ -14,8 +14,8 @@ namespace tessarine::qgis {
 /// A row of a layer: what was read, or what is to be inserted.
 class LayerRow final : public virtual IFeature {
  public:
-  LayerRow(std::shared_ptr<const LayerTraits> traits, QgsFeature feature, std::weak_ptr<LayerClass> owner)
-      : traits_(std::move(traits)), feature_(std::move(feature)), owner_(std::move(owner)) {}
+  LayerRow(std::shared_ptr<const LayerTraits> traits, const QgsFeature& feature, std::weak_ptr<LayerClass> owner)
+      : traits_(std::move(traits)), feature_(feature), owner_(std::move(owner)) {}
 
   [[nodiscard]] FieldsRef Fields() const override { return traits_->columns.fields; }
   [[nodiscard]] Variant Value(std::int32_t index) const override;
@@ -30,7 +30,7 @@ class LayerRow final : public virtual IFeature {
   [[nodiscard]] GeometryRef ShapeCopy() const override;
   [[nodiscard]] Envelope Extent() const override;
 
-  void Refill(QgsFeature feature);
+  void Refill(const QgsFeature& feature);
   /// What was set since the row was read, by the layer's field indexes.
   void AddChanges(RowChanges& changes) const;
   /// The whole row as the provider inserts it.

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// What the host asks of the map program's window. The plug-in answers from the program's own interface, which no test
+// What the host asks of the map program's window. The plug-in serves it from the program's own interface, which no test
 // could stand in for.
 #pragma once
 
@@ -19,7 +19,7 @@ class IProgramWindow {
   [[nodiscard]] virtual QWidget* Window() const = 0;
   [[nodiscard]] virtual QgsMapCanvas* Canvas() const = 0;
   [[nodiscard]] virtual QgsStatusBar* StatusBar() const = 0;
-  /// The current layer of the layer tree; nothing where none is.
+  /// The current layer of the layer tree; null where none is.
   [[nodiscard]] virtual QgsMapLayer* ActiveLayer() const = 0;
   /// The open layout windows, the newest last.
   [[nodiscard]] virtual QList<QgsLayoutDesignerInterface*> LayoutDesigners() const = 0;

@@ -32,7 +32,7 @@ class ProjectDocument final : public IMxDocument, public IDocumentDirty {
 
   [[nodiscard]] MapView& Map() const { return *map_; }
   [[nodiscard]] GraphicsMemory& Memory() { return memory_; }
-  /// Says which layout window the user works in; nothing for the map.
+  /// Says which layout window the user works in; null for the map.
   void SetActiveDesigner(QgsLayoutDesignerInterface* designer) { designer_ = designer; }
   /// Forgets all that belonged to the project before.
   void Reset();

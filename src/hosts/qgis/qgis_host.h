@@ -8,7 +8,7 @@
 
 namespace tessarine::qgis {
 
-/// What the host answers for its own version; it has all that the suite asks of one from 9.2 on.
+/// What the host tells as its own version; it has all that the suite asks of one from 9.2 on.
 inline constexpr const char* kHostVersion = "10.0";
 
 /// The folder that this library lies in, a backslash path.

@@ -38,7 +38,7 @@ SpatialReferenceRef MakeReference(const QgsCoordinateReferenceSystem& system) {
   return std::make_shared<UnknownCoordinateSystem>();
 }
 
-// Shapes without arcs are taken over vertex by vertex; each of these answers false for what it doesn't know.
+// Shapes without arcs are taken over vertex by vertex; each of these returns false for what it doesn't know.
 
 std::vector<XY> VerticesOf(const QgsLineString& line) {
   const auto count = static_cast<std::size_t>(line.numPoints());

@@ -79,7 +79,7 @@ class SuiteFunction final : public QgsExpressionFunction {
     try {
       FunctionCall call(*this, values, context);
       call.CheckSpheroid();
-      const QVariant result = row_.compute(call);
+      QVariant result = row_.compute(call);
       for (const std::string_view note : call.Notes()) Log().Tell(ToQt(note), About(name(), context));
       return result;
     } catch (const ArgumentError& error) {

@@ -44,7 +44,7 @@ std::optional<OutputPlace> PlaceInDatabaseFile(const QString& uri) {
   return OutputPlace{format, FromQt(QFileInfo(parts.database()).absoluteFilePath()), "", FromQt(parts.table())};
 }
 
-// Nothing for what is no file of a format that the suite writes.
+// Empty for what is no file of a format that the suite writes.
 std::optional<OutputPlace> PlaceOf(const QString& named) {
   if (named.isEmpty() || named == QgsProcessing::TEMPORARY_OUTPUT) return std::nullopt;
   const QString scheme = named.section(QLatin1Char(':'), 0, 0);
