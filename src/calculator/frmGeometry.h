@@ -105,7 +105,7 @@ class frmGeometry final : public Form {
   /// True where there is no question, or the user agrees.
   [[nodiscard]] bool Confirm(const std::optional<NameQuestion>& question) const;
 
-  // The option's first or second combo box, `position` 0 or 1; nothing where it has none.
+  // The option's first or second combo box, `position` 0 or 1; null where it has none.
   [[nodiscard]] ComboBox* ComboOf(std::int32_t option_id, std::int32_t position) const;
 
   const std::array<CheckBox*, kOptionCount> boxes_;

@@ -85,7 +85,7 @@ inline constexpr std::int16_t kNullMark = -9999;
 [[nodiscard]] std::span<const MeasureRow> MeasuresOf(esriGeometryType shape, SpatialKind kind);
 /// All rows, by shape type, kind and option id.
 [[nodiscard]] std::span<const MeasureRow> AllMeasures();
-/// Nothing when the layer's catalogue has no such option.
+/// Null when the layer's catalogue has no such option.
 [[nodiscard]] const MeasureRow* FindMeasure(esriGeometryType shape, SpatialKind kind, std::int32_t option_id);
 
 [[nodiscard]] ComboUseFlags ComboUseFlagsOf(esriGeometryType shape, SpatialKind kind);

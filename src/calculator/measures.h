@@ -26,7 +26,7 @@
 // are degrees. Nothing is converted, rounded or scaled, but for geographic data in another angular unit than degrees:
 // they are measured in degrees, and positions go back to their unit. The value of a measure doesn't depend on which
 // others were asked for before. What can't be measured raises a fault, but for the routines of
-// the geodesy core, which report their own and answer 0.
+// the geodesy core, which report their own and return 0.
 #pragma once
 
 #include <cstdint>

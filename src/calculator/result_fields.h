@@ -21,7 +21,7 @@ struct FieldFailure {
   std::string name, cause;
 };
 
-/// Makes the fields that the class doesn't have. The first that can't be made, nothing when all are there; those made
+/// Makes the fields that the class doesn't have. The first that can't be made, empty when all are there; those made
 /// before it stay.
 [[nodiscard]] std::optional<FieldFailure> MakeMissingFields(IFeatureClass& features,
                                                             const std::vector<std::string>& names);

@@ -43,7 +43,7 @@ class FieldTransfer {
   [[nodiscard]] std::vector<CarriedField> Carried() const;
 
   /// Finds all field positions, once, before the first feature is read. `input` is the class of the chosen fields and
-  /// may be nothing when none of them is to be copied. The output was created with the output fields.
+  /// may be null when none of them is to be copied. The output was created with the output fields.
   void Bind(const IFeatureClass* input, const IFeatureClass& output);
   [[nodiscard]] std::int32_t UniqueIdIndex() const { return unique_id_index_; }
   [[nodiscard]] std::int32_t MeasureIndex(std::size_t measure) const { return measure_indexes_[measure]; }

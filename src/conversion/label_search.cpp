@@ -31,7 +31,7 @@ double Distance(XY a, XY b) {
   return std::sqrt(dx * dx + dy * dy);
 }
 
-// Nothing for a point without a place, and for one whose shape can't be read.
+// Empty for a point without a place, and for one whose shape can't be read.
 std::optional<XY> PlaceOf(const IFeature& feature) {
   GeometryRef shape;
   try {

@@ -33,10 +33,10 @@ class LabelSearch {
   [[nodiscard]] std::optional<std::int64_t> Find(const Polygon& polygon) const;
 
   std::shared_ptr<IFeatureClass> points_;
-  std::shared_ptr<ISelectionSet> selection_;  // nothing when all points count
+  std::shared_ptr<ISelectionSet> selection_;  // null when all points count
   bool first_point_;
   SpatialReferenceRef own_;        // of the points
-  SpatialReferenceRef reference_;  // the same; nothing when the polygons' own serves
+  SpatialReferenceRef reference_;  // the same; null when the polygons' own serves
   PointTree tree_;
   AttributeCopy attributes_;
   std::vector<KeptAttributes> kept_;  // of the points by identifier, as many as there is room for

@@ -22,7 +22,7 @@ namespace tessarine {
 /// invalid one shifts the lines against the layers.
 std::int32_t ListLayers(const VarArray& layers, const std::string& preferred, ListBox& list);
 
-/// The layer at a line of the list, nothing where there is none.
+/// The layer at a line of the list, null where there is none.
 [[nodiscard]] std::shared_ptr<IFeatureLayer> LayerAt(const std::shared_ptr<VarArray>& layers, std::int32_t line);
 
 /// Lists the fields that an output can carry over by their aliases and returns them, line by line.
@@ -44,7 +44,7 @@ void LeaveChoices(clsExtension& extension, const std::shared_ptr<IFeatureLayer>&
 /// Leaves nothing to run in the extension, for a dialog that is given up.
 void ForgetChoices(clsExtension& extension);
 
-/// The selection of a layer, nothing when it can't be had.
+/// The selection of a layer, null when it can't be had.
 [[nodiscard]] std::shared_ptr<ISelectionSet> SelectionOf(const std::shared_ptr<IFeatureLayer>& layer);
 
 /// Sets a pair of options "all records" and "selected records" from the layer's counts: the selected ones are the

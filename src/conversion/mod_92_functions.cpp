@@ -60,7 +60,7 @@ class BusySigns {
 
  private:
   IRunFeedback& feedback_;
-  std::shared_ptr<IAnimationProgressor> animation_;  // nothing where the host has none
+  std::shared_ptr<IAnimationProgressor> animation_;  // null where the host has none
 };
 
 struct Lines {
@@ -99,7 +99,7 @@ void ConstructPolygons(const Lines& lines, double tolerance, IFeatureClass& outp
   FeatureConstruction().ConstructPolygonsFromGeometries(output, bounds, bag, tolerance);
 }
 
-// Numbers and measures the polygons and gives them their labels. Answers the list of those without.
+// Numbers and measures the polygons and gives them their labels. Returns the list of those without.
 std::string CompletePolygons(RunJournal& journal, IFeatureClass& output, const FieldTransfer& transfer,
                              const std::optional<LabelSearch>& labels) {
   std::string unlabelled;

@@ -87,7 +87,7 @@ class SphericalCentroidStep final : public ConversionStep {
     }
   }
 
-  // Nothing where there is no area that a centre could be of.
+  // Null where there is no area that a centre could be of.
   [[nodiscard]] std::shared_ptr<Point> PolygonCenter(const std::shared_ptr<Polygon>& polygon,
                                                      const std::vector<shapes::RingRole>& roles) const {
     if (shapes::PlaneMisleads(*polygon, roles)) {

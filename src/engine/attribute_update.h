@@ -28,14 +28,14 @@ class AttributeUpdate {
 inline constexpr std::int64_t kDbaseBlock = 1 << 20;
 inline constexpr std::size_t kFileGdbHold = 4 << 20;
 
-/// Columns of the dBASE table beside a shapefile; nothing where the table can't be found or isn't as the layer says.
+/// Columns of the dBASE table beside a shapefile; null where the table can't be found or isn't as the layer says.
 [[nodiscard]] std::unique_ptr<AttributeUpdate> OpenDbaseUpdate(const OgrSource& source, OGRLayer& layer,
                                                                std::int64_t block_bytes = kDbaseBlock);
 
 /// Columns of a GeoPackage table, in the transaction of the handle.
 [[nodiscard]] std::unique_ptr<AttributeUpdate> OpenGeoPackageUpdate(GDALDataset& dataset, OGRLayer& layer);
 
-/// Columns of a table of a file geodatabase. OGR must not change the table while this lives. Nothing where the table is
+/// Columns of a table of a file geodatabase. OGR must not change the table while this lives. Null where the table is
 /// of a kind that can't be changed this way.
 [[nodiscard]] std::unique_ptr<AttributeUpdate> OpenFileGdbUpdate(const OgrSource& source, OGRLayer& layer,
                                                                  std::size_t held_bytes = kFileGdbHold);

@@ -43,7 +43,7 @@ void WriteConversion(const Conversion& conversion, const std::shared_ptr<OgrClas
 /// Where the GeoPackage is staged that a run works on for this target.
 [[nodiscard]] std::filesystem::path PlaceOfWork(const Format& format, const std::filesystem::path& target);
 
-/// The columns of a file, in the order of the source's attributes; empty for those that it has nothing for.
+/// The columns of a file, in the order of the source's attributes; empty for those that it has none for.
 struct ProbedColumns {
   std::vector<std::string> names;
   std::vector<std::string> types;  ///< as `ColumnTypeWord` calls them

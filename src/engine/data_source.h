@@ -53,7 +53,7 @@ void PromiseFileGeodatabase(const std::string& native_path);
 /// Announces a feature dataset: opening it succeeds from now on, and its first class makes it with this reference.
 void PromiseFeatureDataset(const std::string& native_geodatabase, const std::string& name,
                            const SpatialReferenceRef& reference);
-/// The reference of a feature dataset that has classes; nothing where there is no such dataset or class.
+/// The reference of a feature dataset that has classes; null where there is no such dataset or class.
 [[nodiscard]] SpatialReferenceRef FeatureDatasetReference(const std::string& native_geodatabase,
                                                           const std::string& name);
 

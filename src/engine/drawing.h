@@ -24,7 +24,7 @@ struct DrawnShape {
   GeometryRef shape;  ///< a point, polyline or polygon, with its reference
   std::string name;
   DrawnStyle style;
-  /// The words that stand at the point instead of a marker; nothing where a marker is drawn.
+  /// The words that stand at the point instead of a marker; empty where a marker is drawn.
   std::optional<std::string> words;
 };
 

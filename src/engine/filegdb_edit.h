@@ -29,7 +29,7 @@ class FileGdbEdit {
   /// Joins the edit that is under way, or begins one. Where there is no geodatabase yet, `Folder` doesn't exist and is
   /// to be made by GDAL.
   [[nodiscard]] static std::shared_ptr<FileGdbEdit> Begin(const std::string& native_path);
-  /// The edit under way; nothing where there is none.
+  /// The edit under way; null where there is none.
   [[nodiscard]] static std::shared_ptr<FileGdbEdit> UnderWay(const std::string& native_path);
   /// Lets go. The last holder's call publishes the changes, and raises the fault where that fails.
   static void End(std::shared_ptr<FileGdbEdit>& edit);

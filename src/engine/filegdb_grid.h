@@ -27,7 +27,7 @@ struct NewGrid {
 /// The same, by the unit of the reference; null is of no known unit.
 [[nodiscard]] std::optional<NewGrid> GridFor(const Envelope& extent, const SpatialReferenceRef& reference);
 
-/// The grid of a class that there is; nothing where it isn't one of a file geodatabase, or keeps no shapes.
+/// The grid of a class that there is; empty where it isn't one of a file geodatabase, or keeps no shapes.
 [[nodiscard]] std::optional<GdbGrid> GridOfClass(const std::string& native_path, const std::string& name);
 
 /// Fault `kCoordinateRange` where the shape of the feature lies where the grid can't hold it. Without its shape the

@@ -95,9 +95,9 @@ struct GdbDescription {
 
 [[nodiscard]] bool IsGdbNull(std::span<const char> row, const GdbColumn& column);
 
-/// The values of a row by column, as stored, without lengths in front; nothing for null and for the identifier.
+/// The values of a row by column, as stored, without lengths in front; empty for null and for the identifier.
 using GdbValues = std::vector<std::optional<std::string_view>>;
-/// Nothing where the row doesn't end with its last value.
+/// Empty where the row doesn't end with its last value.
 [[nodiscard]] std::optional<GdbValues> SplitGdbRow(const GdbDescription& description, std::string_view row);
 
 /// A stored text as UTF-8.

@@ -56,7 +56,7 @@ class GdbTable {
 
   /// The length at an offset; negative where no row lies there, or one that ends behind the file.
   [[nodiscard]] std::int64_t RowSize(std::int64_t offset) const;
-  /// The row at an offset; nothing where `RowSize` is negative.
+  /// The row at an offset; empty where `RowSize` is negative.
   [[nodiscard]] std::optional<std::string> Row(std::int64_t offset) const;
 
  private:

@@ -25,7 +25,7 @@ struct ColumnAbilities {
   bool bytes = false;
   bool lists = false;
 };
-/// As GDAL tells them; nothing where it doesn't.
+/// As GDAL tells them; empty where it doesn't.
 [[nodiscard]] ColumnAbilities AbilitiesOf(const Format& format);
 
 /// Formats that aren't in the table and that GDAL writes vector files of, by their endings.

@@ -20,9 +20,9 @@ struct GeosRelease {
 };
 using GeosGeometry = std::unique_ptr<GEOSGeometry, GeosRelease>;
 
-/// Takes what a GEOS call answered; nothing raises a fault with GEOS's last message.
+/// Takes what a GEOS call returned; null raises a fault with GEOS's last message.
 [[nodiscard]] GeosGeometry Checked(GEOSGeometry* geometry);
-/// The answer of a GEOS predicate; 2 raises a fault.
+/// The result of a GEOS predicate; 2 raises a fault.
 [[nodiscard]] bool CheckedFlag(char answer);
 
 /// The part with every curve replaced by chords.

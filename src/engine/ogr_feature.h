@@ -73,7 +73,7 @@ class OgrRow : public virtual IFeatureBuffer {
 
  private:
   [[nodiscard]] bool HasChanged(int attribute) const;
-  /// The digits of a number that OGR has read as a double; nothing where it is none of those, or was set.
+  /// The digits of a number that OGR has read as a double; empty where it is none of those, or was set.
   [[nodiscard]] std::optional<std::int64_t> WideNumber(int attribute) const;
 
   std::shared_ptr<const RowTraits> traits_;

@@ -24,7 +24,7 @@ namespace tessarine::engine {
 [[nodiscard]] GeometryRef ShapeFromOgr(const OGRGeometry* geometry, esriGeometryType type,
                                        const SpatialReferenceRef& reference);
 
-/// The OGR geometry of a shape; nothing for an empty one. Without `curves_allowed`, and for curves that OGR has no
+/// The OGR geometry of a shape; null for an empty one. Without `curves_allowed`, and for curves that OGR has no
 /// class for, curves become chords.
 [[nodiscard]] std::unique_ptr<OGRGeometry> OgrFromShape(const IGeometry& shape, bool curves_allowed);
 

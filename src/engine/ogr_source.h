@@ -124,7 +124,7 @@ class LayerHandle {
   /// Closes the handle now, and raises a fault when what GDAL still held could not be written.
   void Close();
 
-  /// The next row that meets the layer's filters; nothing at the end.
+  /// The next row that meets the layer's filters; null at the end.
   [[nodiscard]] OGRFeatureUniquePtr NextFeature();
   /// Whether rows are asked for by SQL, and a reader locks the file.
   [[nodiscard]] bool IsDatabase() const;

@@ -23,7 +23,7 @@ class PersonalEdit {
   /// Joins the edit that is under way, or begins one, in a new geodatabase where there is none. A fault where it may
   /// not be written to: another program has it open, or something about it isn't known.
   [[nodiscard]] static std::shared_ptr<PersonalEdit> Begin(const std::string& native_path);
-  /// The edit under way; nothing where there is none.
+  /// The edit under way; null where there is none.
   [[nodiscard]] static std::shared_ptr<PersonalEdit> UnderWay(const std::string& native_path);
   /// Lets go. The last holder's call publishes the changes, and raises the fault where that fails.
   static void End(std::shared_ptr<PersonalEdit>& edit);

@@ -30,7 +30,7 @@ class ReadingScope {
   [[nodiscard]] const std::vector<std::string>& Warnings() const { return warnings_; }
   /// The first failure; empty without one.
   [[nodiscard]] const std::string& Failure() const { return failure_; }
-  /// " (GDAL says: ...)" with the first failure, or else the first warning; nothing without either.
+  /// " (GDAL says: ...)" with the first failure, or else the first warning; empty without either.
   [[nodiscard]] std::string Quote() const;
   void Clear();
 

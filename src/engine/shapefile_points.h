@@ -21,7 +21,7 @@ namespace tessarine::engine {
 
 class ShapefilePoints {
  public:
-  /// For rows of a new shapefile that is open for writing. Nothing where it is none of plain points, has no
+  /// For rows of a new shapefile that is open for writing. Null where it is none of plain points, has no
   /// columns, stands in its place already or has rows: others may look at it then, and GDAL writes it.
   [[nodiscard]] static std::unique_ptr<ShapefilePoints> Open(const OgrSource& source, OGRLayer& layer);
 

@@ -14,7 +14,7 @@ namespace tessarine::engine {
 /// that become one. This is snap rounding after J. D. Hobby, "Practical segment intersection with finite precision
 /// output", Computational Geometry 13 (1999). A line may shrink to one vertex.
 ///
-/// `grid` is a power of two, a few times the spacing of doubles at the largest coordinate. Nothing where it is so fine
+/// `grid` is a power of two, a few times the spacing of doubles at the largest coordinate. Empty where it is so fine
 /// that rounding gets in between. Costs as much as finding the crossings.
 [[nodiscard]] std::optional<LineList> SnapRounded(LineList lines, double grid);
 

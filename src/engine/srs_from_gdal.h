@@ -20,7 +20,7 @@ using OgrReference = std::unique_ptr<OGRSpatialReference, OgrReferenceRelease>;
 /// The platform's reference of an OGR one; nothing gives the one shared unknown reference.
 [[nodiscard]] SpatialReferenceRef ReferenceFromOgr(const OGRSpatialReference* reference);
 
-/// A new OGR reference with longitude or easting first; nothing for an unknown reference.
+/// A new OGR reference with longitude or easting first; null for an unknown reference.
 [[nodiscard]] OgrReference OgrFromReference(const SpatialReference& reference);
 
 /// A new reference of longitudes and latitudes on WGS 84, in this order.

@@ -30,7 +30,7 @@ class TargetReference {
   /// Null where the shape of the record has no place in the file's reference, which the notes tell.
   [[nodiscard]] std::unique_ptr<OGRGeometry> Bring(std::unique_ptr<OGRGeometry> shape, std::int64_t oid,
                                                    RunJournal& notes) const;
-  /// What that means for the data, a sentence; nothing where they stay as they are.
+  /// What that means for the data, a sentence; empty where they stay as they are.
   [[nodiscard]] const std::optional<std::string>& Foretold() const { return foretold_; }
 
  private:

@@ -20,11 +20,11 @@ namespace tessarine::engine {
 
 class WideNumbers {
  public:
-  /// Nothing where the table can't be found, isn't as the layer says, or has no such column.
+  /// Null where the table can't be found, isn't as the layer says, or has no such column.
   [[nodiscard]] static std::shared_ptr<const WideNumbers> Open(const OgrSource& source, OGRLayer& layer);
 
   [[nodiscard]] bool IsWide(int index) const { return wide_[static_cast<std::size_t>(index)]; }
-  /// The number of a stored record; nothing where it has a fraction or more than 64 bits.
+  /// The number of a stored record; empty where it has a fraction or more than 64 bits.
   [[nodiscard]] std::optional<std::int64_t> Read(std::int64_t fid, int index) const;
 
  private:

@@ -48,7 +48,7 @@ bool LiesIn(std::span<const XY> inner, double shift, std::span<const XY> outer) 
   return inside > outside;
 }
 
-// The turns that bring a ring into another one, the fewest first; nothing where it doesn't lie inside.
+// The turns that bring a ring into another one, the fewest first; empty where it doesn't lie inside.
 std::optional<double> TurnsInto(const Nested& outer, const Nested& inner) {
   if (inner.box.YMin() < outer.box.YMin() || inner.box.YMax() > outer.box.YMax()) return std::nullopt;
   const double least = std::ceil((outer.box.XMin() - inner.box.XMin()) / kTurn);

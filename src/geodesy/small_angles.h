@@ -5,7 +5,7 @@
 // hardly more than one rounding counts: the error stays under 0.56 units in the last place (measured: 0.526, 0.551 and
 // 0.552), like that of the C library. The two round alike but for 2 sines, 6 tangents and 6 arc tangents in 10,000,
 // where they are one unit apart: an area by the formulae of the C library may differ in its last digits. Beyond, and
-// for what is no number, the C library answers. The series have no branch and no call: a loop over several arguments
+// for what is no number, the C library is asked. The series have no branch and no call: a loop over several arguments
 // runs side by side, and each gets the same bits as alone.
 #pragma once
 

@@ -15,7 +15,7 @@ struct GraphicList {
   std::shared_ptr<VarArray> shapes = std::make_shared<VarArray>();
   std::shared_ptr<StrArray> names = std::make_shared<StrArray>();
   bool any_name = false;
-  std::shared_ptr<ISymbol> first_symbol;  ///< nothing when the first element has none
+  std::shared_ptr<ISymbol> first_symbol;  ///< null when the first element has none
 
   [[nodiscard]] std::int32_t Count() const { return shapes->Count(); }
 };

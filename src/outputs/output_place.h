@@ -32,7 +32,7 @@ struct OutputPlace {
   [[nodiscard]] bool Overlaps(const DatasetFiles& source) const;
 };
 
-/// Why nothing can be written under this name, as a sentence; nothing where it can. Names with quotation marks, or with
+/// Why nothing can be written under this name, as a sentence; empty where it can. Names with quotation marks, or with
 /// blanks at the ends of a part, lose them on the way to the file; "" and ".shp" name nothing.
 [[nodiscard]] std::optional<std::string> NameProblem(const OutputPlace& place);
 

@@ -30,7 +30,7 @@ namespace tessarine {
 [[nodiscard]] std::vector<std::filesystem::path> FilesOfDataset(const std::filesystem::path& path);
 
 /// Why what stands at the path of a data set of several files can't be replaced, as a sentence: a folder with something
-/// in it bears the name of one of them. Nothing where it can.
+/// in it bears the name of one of them. Empty where it can.
 [[nodiscard]] std::optional<std::string> ReplacingProblem(const std::filesystem::path& path);
 
 /// Ends what a dead run was about to publish at this path, or in this folder, and removes what other dead runs left

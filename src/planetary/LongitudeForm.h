@@ -93,7 +93,7 @@ class LongitudeForm : public Form {
 
 /// A number as the boxes show it: up to 13 decimals, without trailing zeros or a trailing point.
 [[nodiscard]] std::string BoxNumber(double value);
-/// The number in a box; nothing for a text that is none.
+/// The number in a box; empty for a text that is none.
 [[nodiscard]] std::optional<double> NumberIn(const std::string& text);
 
 }  // namespace tessarine

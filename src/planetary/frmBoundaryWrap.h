@@ -42,7 +42,7 @@ class frmBoundaryWrap final : public LongitudeForm {
   void ShowSteps(const StepChoice& choice);
   void FollowShortSteps();
   [[nodiscard]] StepChoice ChosenSteps() const;
-  /// The box of the chosen option; nothing after the user was told what is wrong with it.
+  /// The box of the chosen option; empty after the user was told what is wrong with it.
   [[nodiscard]] std::optional<WrapBox> ChosenBox();
   [[nodiscard]] std::optional<WrapBox> CustomBox();
 

@@ -42,7 +42,7 @@ struct BoxReading {
 /// The box, or what is wrong with it: a side that is no number, or sides in the wrong order.
 [[nodiscard]] BoxReading ReadBox(const BoxTexts& texts);
 
-/// Nothing for axes that make a spheroid.
+/// Empty for axes that make a spheroid.
 [[nodiscard]] std::optional<Objection> ObjectionToMajorAxis(double semi_major);
 [[nodiscard]] std::optional<Objection> ObjectionToMinorAxis(double semi_minor);
 

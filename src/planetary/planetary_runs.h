@@ -12,7 +12,8 @@
 
 namespace tessarine {
 
-/// The shape of the three runs. The arguments are those of the run's dialog, and the answer is the report, as RTF.
+/// The shape of the three runs. The arguments are those of the run's dialog, and what they return is the report, as
+/// RTF.
 using PlanetaryRun = std::string(const std::shared_ptr<IApplication>& application,
                                  const std::shared_ptr<IMxDocument>& document,
                                  const std::shared_ptr<clsExtension>& extension,

@@ -53,7 +53,7 @@ class ICommandItem : public virtual Object {
 
 class ICommandBars : public virtual Object {
  public:
-  /// Nothing when the host has no such command.
+  /// Null when the host has no such command.
   [[nodiscard]] virtual std::shared_ptr<ICommandItem> Find(const UID& uid, bool no_recurse, bool no_create) = 0;
 };
 
@@ -67,7 +67,7 @@ class IMxDocument : public virtual IDocument {
   [[nodiscard]] virtual std::shared_ptr<IActiveView> ActiveView() const = 0;
   [[nodiscard]] virtual std::shared_ptr<IMap> FocusMap() const = 0;
   [[nodiscard]] virtual std::shared_ptr<IPageLayout> PageLayout() const = 0;
-  /// The layer selected in the table of contents, nothing when none is.
+  /// The layer selected in the table of contents, null when none is.
   [[nodiscard]] virtual std::shared_ptr<ILayer> SelectedLayer() const = 0;
   virtual void AddLayer(const std::shared_ptr<ILayer>& layer) = 0;
   /// Redraws the table of contents.
@@ -85,7 +85,7 @@ class IApplication : public virtual Object {
   [[nodiscard]] virtual std::shared_ptr<IDocument> Document() const = 0;
   [[nodiscard]] virtual std::shared_ptr<IStatusBar> StatusBar() const = 0;
   [[nodiscard]] virtual std::shared_ptr<ITemplates> Templates() const = 0;
-  /// The one instance of the extension; nothing when the host has none of this identifier.
+  /// The one instance of the extension; null when the host has none of this identifier.
   [[nodiscard]] virtual ObjectRef FindExtensionByCLSID(const UID& uid) const = 0;
 };
 
@@ -108,10 +108,10 @@ class ITableWindow : public virtual Object {
   virtual void Refresh() = 0;
 };
 
-/// What an application answers that can show tables.
+/// What an application has that can show tables.
 class ITableWindows : public virtual Object {
  public:
-  /// The window that shows the layer's table, nothing when none is open.
+  /// The window that shows the layer's table, null when none is open.
   [[nodiscard]] virtual std::shared_ptr<ITableWindow> FindViaLayer(const std::shared_ptr<ILayer>& layer) const = 0;
 };
 
@@ -167,7 +167,7 @@ class ICommand : public virtual Object {
   virtual void OnClick() = 0;
 };
 
-/// What a toolbar or menu answers about one of its items.
+/// What a toolbar or menu tells about one of its items.
 struct ItemDef {
   std::string ID;  ///< a ProgID; stays empty for a position outside the table
   bool Group = false;

@@ -13,7 +13,7 @@ struct AreaOfUse {
   double west, south, east, north;
 };
 
-/// What the register of references has for this one; nothing for an unknown reference and for one of no register.
+/// What the register of references has for this one; empty for an unknown reference and for one of no register.
 [[nodiscard]] std::optional<AreaOfUse> AreaOfUseOf(const SpatialReference& reference);
 
 }  // namespace tessarine

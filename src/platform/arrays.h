@@ -40,7 +40,7 @@ class ListOf : public virtual Object {
   std::vector<T> items_;
 };
 
-/// Numbers, texts, flags and object references side by side: the universal list of the system.
+/// Numbers, texts, flags and object references side by side, as dialogs hand their choices to runs.
 class VarArray final : public ListOf<Variant> {
  public:
   using ListOf::ListOf;

@@ -17,7 +17,7 @@ class IClassFactory {
   [[nodiscard]] virtual ObjectRef CreateInstance() const = 0;
 };
 
-/// What the four exports answer.
+/// What the four exports return.
 enum ComponentResult : int {
   kComponentOk = 0,
   kComponentFalse = 1,    ///< `DllCanUnloadNow`: objects of the library still live
@@ -33,7 +33,7 @@ inline constexpr const char* kManifestFile = "tessarine/component.json";
 
 extern "C" {
 /// Looks a class up by its ProgID, ignoring case ("Tessarine.clsExtension"), and checks that its instances
-/// implement the interface of the given name ("ICommand"). Writes the factory, or nothing on failure.
+/// implement the interface of the given name ("ICommand"). Writes the factory, or null on failure.
 TESSARINE_EXPORT int DllGetClassObject(const char* class_id, const char* interface_name,
                                        const tessarine::IClassFactory** factory);
 /// `kComponentOk` when no object made by the library lives any more.

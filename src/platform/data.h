@@ -74,7 +74,7 @@ class IRow : public virtual IRowBuffer {
 /// A row with a shape, before insertion.
 class IFeatureBuffer : public virtual IRowBuffer {
  public:
-  /// The shape itself; nothing when the row has none.
+  /// The shape itself; null when the row has none.
   [[nodiscard]] virtual GeometryRef Shape() const = 0;
   /// The buffer keeps the reference and reads it when the row is written.
   virtual void SetShape(const GeometryRef& shape) = 0;
@@ -90,11 +90,11 @@ class IFeature : public virtual IRow, public virtual IFeatureBuffer {
 /// A walk over rows, or the road by which rows are inserted.
 class ICursor : public virtual Object {
  public:
-  /// The next row, nothing at the end. A recycling cursor answers the same object each time, refilled.
+  /// The next row, null at the end. A recycling cursor returns the same object each time, refilled.
   [[nodiscard]] virtual std::shared_ptr<IRow> NextRow() = 0;
   /// Writes the attributes, and the shape only if it was set, of the row that was read last.
   virtual void UpdateRow(const std::shared_ptr<IRow>& row) = 0;
-  /// Inserts a copy of the buffer and answers the new row's identifier, -1 while it is not known yet.
+  /// Inserts a copy of the buffer and returns the new row's identifier, -1 while it is not known yet.
   virtual std::int64_t InsertRow(const IRowBuffer& buffer) = 0;
   /// Writes all buffered rows. Rows that were never flushed may be lost when the cursor goes away by a fault.
   virtual void Flush() = 0;
@@ -181,7 +181,7 @@ class IClass : public virtual Object {
   virtual void AddFields(std::span<const FieldRef> fields) {
     for (const FieldRef& field : fields) AddField(field);
   }
-  /// Until the edit ends, others see the data as they were. Nothing where the format has no such edits.
+  /// Until the edit ends, others see the data as they were. Null where the format has no such edits.
   [[nodiscard]] virtual std::shared_ptr<IEdit> BeginEdit() { return nullptr; }
 };
 
@@ -210,7 +210,7 @@ class ITable : public virtual IClass, public virtual IDataset {
 /// What has a place: layers and feature classes.
 class IGeoDataset : public virtual Object {
  public:
-  /// Never nothing: data without a declared reference answers `UnknownCoordinateSystem`.
+  /// Never null: `UnknownCoordinateSystem` for data without a declared reference.
   [[nodiscard]] virtual SpatialReferenceRef SpatialReference() const = 0;
   [[nodiscard]] virtual Envelope Extent() const = 0;
 };

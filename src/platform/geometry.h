@@ -77,7 +77,7 @@ class Multipoint final : public IGeometry,
   void SetPointCollection(const IPointCollection& other) override;
   [[nodiscard]] std::shared_ptr<IEnumVertex> EnumVertices() override;
 
-  /// Its members are points; `Geometry` answers a new point with the multipoint's reference.
+  /// Its members are points; `Geometry` returns a new point with the multipoint's reference.
   [[nodiscard]] std::int32_t GeometryCount() const override { return PointCount(); }
   [[nodiscard]] GeometryRef Geometry(std::int32_t index) const override;
   void AddGeometry(const GeometryRef& geometry) override;
@@ -330,7 +330,7 @@ class Polygon final : public PartedShape, public IArea {
   [[nodiscard]] XY Centroid() const override;
   /// Fault 5 for a polygon without an inner point.
   [[nodiscard]] XY LabelPoint() const override;
-  /// A place inside the polygon, as the even-odd rule has it; nothing for one that bounds nothing.
+  /// A place inside the polygon, as the even-odd rule has it; empty for one that bounds nothing.
   [[nodiscard]] std::optional<XY> InnerPoint() const;
 
  private:

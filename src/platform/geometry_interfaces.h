@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// The faces of shapes: what any shape, curve, collection or area answers to.
+// The faces of shapes: what any shape, curve, collection or area can do.
 #pragma once
 
 #include <cstdint>
@@ -22,7 +22,7 @@ class IGeometry : public IClone {
   virtual void SetEmpty() = 0;
   [[nodiscard]] virtual tessarine::Envelope Envelope() const = 0;
 
-  /// Nothing when the shape bears no reference. Setting it changes no coordinate.
+  /// Null when the shape bears no reference. Setting it changes no coordinate.
   [[nodiscard]] const SpatialReferenceRef& SpatialReference() const { return spatial_reference_; }
   void SetSpatialReference(SpatialReferenceRef reference) { spatial_reference_ = std::move(reference); }
 
@@ -105,7 +105,7 @@ class IGeometryCollection : public virtual Object {
   virtual void AddGeometry(const GeometryRef& geometry) = 0;
 };
 
-/// A walk over the members of a bag; nothing at the end.
+/// A walk over the members of a bag; null at the end.
 class IEnumGeometry : public virtual Object {
  public:
   virtual void Reset() = 0;

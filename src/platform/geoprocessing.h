@@ -30,7 +30,7 @@ class IGPFunction : public virtual Object {
   [[nodiscard]] virtual std::shared_ptr<IName> FullName() const = 0;
 };
 
-/// A walk over the names of tools; nothing at the end.
+/// A walk over the names of tools; null at the end.
 class IEnumGPName : public virtual Object {
  public:
   virtual void Reset() = 0;
@@ -57,7 +57,7 @@ class IGPFunctionFactory : public virtual Object {
   [[nodiscard]] virtual std::shared_ptr<UID> CLSID() const = 0;
   [[nodiscard]] virtual std::string Name() const = 0;
   [[nodiscard]] virtual std::string Alias() const = 0;
-  /// Nothing for a tool that the factory doesn't make.
+  /// Null for a tool that the factory doesn't make.
   [[nodiscard]] virtual std::shared_ptr<IGPFunction> GetFunction(const std::string& name) const = 0;
   [[nodiscard]] virtual std::shared_ptr<IGPName> GetFunctionName(const std::string& name) const = 0;
   [[nodiscard]] virtual std::shared_ptr<IEnumGPName> GetFunctionNames() const = 0;

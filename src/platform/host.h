@@ -1,6 +1,11 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // What the suite asks of its host without holding an object of it: the clock, message boxes, the host's own dialogs,
 // services of the operating system. One host at a time serves the process.
+//
+// Whoever makes a host owns it, sets it with `SetHost` and takes it back, with `SetHost(nullptr)`, before it dies. The
+// host and all that it returns belong to one thread, that of the windows or of the program's `main`; another thread
+// that works for the suite brings a host of its own (thread_host.h). Forms, commands and the error dialog ask
+// `Host()`; a run is handed a `RunContext` and asks for nothing else.
 #pragma once
 
 #include <cstdint>
@@ -94,9 +99,9 @@ class IGxDialog : public virtual Object {
 /// The host's dialog for choosing a reference.
 class ISpatialReferenceDialog2 : public virtual Object {
  public:
-  /// The reference that the dialog begins with; nothing begins with none.
+  /// The reference that the dialog begins with; null for none.
   virtual void SetInitial(const SpatialReferenceRef&) {}
-  /// Nothing when the user gave up.
+  /// Null when the user gave up.
   [[nodiscard]] virtual SpatialReferenceRef DoModalCreate(std::int32_t parent) = 0;
 };
 
@@ -109,7 +114,7 @@ class IPrinter : public virtual Object {
   [[nodiscard]] virtual double PhysicalOffsetX() const = 0;
   [[nodiscard]] virtual double PhysicalOffsetY() const = 0;
   virtual void StartDocument(const std::string& title) = 0;
-  /// Draws the text from character `first` into the rectangle and answers the first character that didn't fit.
+  /// Draws the text from character `first` into the rectangle and returns the first character that didn't fit.
   virtual std::int32_t FormatRange(const std::string& rtf, std::int32_t first, double left, double top, double right,
                                    double bottom) = 0;
   virtual void NewPage() = 0;
@@ -130,7 +135,7 @@ class IRegistry {
   virtual ~IRegistry() = default;
   /// The text value with its terminating null, empty when it isn't there.
   [[nodiscard]] virtual std::string QueryLocalMachine(const std::string& key, const std::string& value) const = 0;
-  /// The double-word value; nothing when it isn't there or is a text.
+  /// The double-word value; empty when it isn't there or is a text.
   [[nodiscard]] virtual std::optional<std::uint32_t> QueryLocalMachineNumber(const std::string&,
                                                                              const std::string&) const {
     return std::nullopt;
@@ -167,7 +172,7 @@ class IHost : public IRunFeedback, public IRunServices {
   [[nodiscard]] virtual std::shared_ptr<IErrorDialog> CreateErrorDialog() = 0;
   [[nodiscard]] virtual std::shared_ptr<IModelessFrame> CreateModelessFrame() = 0;
   [[nodiscard]] virtual std::shared_ptr<ISpatialReferenceDialog2> CreateSpatialReferenceDialog() = 0;
-  /// Shows the printer dialog; nothing when the user cancelled it.
+  /// Shows the printer dialog; null when the user cancelled it.
   [[nodiscard]] virtual std::shared_ptr<IPrinter> ChoosePrinter() = 0;
 
   /// The record of the run in hand.
@@ -184,7 +189,7 @@ class IHost : public IRunFeedback, public IRunServices {
 
 /// The host of this process; fault 91 before one was set.
 [[nodiscard]] IHost& Host();
-/// Sets the host, or nothing when it goes away; answers the one before.
+/// Sets the host, or null when it goes away; returns the one before.
 IHost* SetHost(IHost* host);
 /// What a run gets that is begun by the host of this process.
 [[nodiscard]] RunContext HostContext();

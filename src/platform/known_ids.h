@@ -15,7 +15,7 @@ inline constexpr const char* kHeldExtension = "{BD6262BC-D9D4-4B93-87E0-E442702D
 inline constexpr const char* kSelectElementsTool = "{C22579D1-BC17-11D0-8667-0000F8751720}";
 
 /// Where a host tells the version of the map program that it stands for: a key and a value of the local machine's
-/// registry. Its answer ends with a null, as texts of a registry do.
+/// registry. The value ends with a null, as texts of a registry do.
 inline constexpr const char* kVersionCompany = "ESRI";
 inline constexpr const char* kVersionProduct = "ArcGIS";
 inline constexpr const char* kVersionKey = "Software\\ESRI\\ArcGIS";

@@ -58,7 +58,7 @@ class ISpecialFeatureLayer : public virtual IFeatureLayer {};
 
 class IFeatureSelection : public virtual Object {
  public:
-  /// Nothing when the selection can't be had.
+  /// Null when the selection can't be had.
   [[nodiscard]] virtual std::shared_ptr<ISelectionSet> SelectionSet() const = 0;
 };
 
@@ -98,7 +98,7 @@ class IDisplay : public virtual Object {};
 /// A graphic element of a view.
 class IElement : public virtual Object {
  public:
-  /// Its shape, shared; nothing for elements without one.
+  /// Its shape, shared; null for elements without one.
   [[nodiscard]] virtual GeometryRef Geometry() const = 0;
   /// Writes the rectangle that the element covers on the display.
   virtual void QueryBounds(IDisplay& display, Envelope& bounds) const = 0;
@@ -171,7 +171,7 @@ class IActiveView : public virtual Object {
   virtual void SetExtent(const Envelope& extent) = 0;
   [[nodiscard]] virtual std::shared_ptr<IDisplay> ScreenDisplay() const = 0;
   virtual void Refresh() = 0;
-  /// Redraws the phases, a sum of `esriViewDrawPhase`; nothing for data or envelope means all of it.
+  /// Redraws the phases, a sum of `esriViewDrawPhase`; null for data or envelope means all of it.
   virtual void PartialRefresh(std::int32_t phase, const ObjectRef& data, const Envelope* envelope) = 0;
 };
 

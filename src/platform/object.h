@@ -20,7 +20,7 @@ class Object {
 
 using ObjectRef = std::shared_ptr<Object>;
 
-/// The object as a `T`, or nothing when it is none.
+/// The object as a `T`, or null when it is none.
 template <class T, class U>
 [[nodiscard]] std::shared_ptr<T> Cast(const std::shared_ptr<U>& from) {
   return std::dynamic_pointer_cast<T>(from);

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // What a run did: the data that its report, its JSON, its exit status and every message at its end are made from, so
 // that they can't disagree.
+//
+// `RunScope` empties it and notes the times; between that and its end the run writes, on its own thread, and nobody
+// else: what the threads of a worker pool find comes back with their records. Hosts read it once the run is over.
 #pragma once
 
 #include <cstdint>
@@ -64,7 +67,7 @@ struct ChangedName {
 };
 
 class RunJournal;
-/// The body that the run worked on: its own, or else that of the reference; nothing where neither is known.
+/// The body that the run worked on: its own, or else that of the reference; empty where neither is known.
 [[nodiscard]] std::optional<RunSpheroid> SpheroidOf(const RunJournal& journal);
 
 /// Where features were brought to when they were whole, and how.
@@ -97,8 +100,8 @@ class RunJournal {
   double elapsed_seconds = 0.0;             ///< by a clock that nobody sets
   std::string output_path;                  ///< a backslash path of what is on the disk, empty when no output was made
   SpatialReferenceRef reference;            ///< that the run worked in
-  std::optional<BroughtTo> brought;         ///< nothing where the output is in that reference
-  std::optional<RunSpheroid> spheroid;      ///< nothing where the run measured on no spheroid, or on the reference's
+  std::optional<BroughtTo> brought;         ///< empty where the output is in that reference
+  std::optional<RunSpheroid> spheroid;      ///< empty where the run measured on no spheroid, or on the reference's
   std::vector<std::string> planned_fields;  ///< of a run that was only planned: those that it would make or fill
   std::vector<std::string> planned_questions;  ///< what it would ask, whole sentences
 

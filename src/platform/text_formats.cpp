@@ -85,7 +85,7 @@ std::string WithThousands(std::string whole) {
   return whole;
 }
 
-// The plain form of a number text: digits, a point, an exponent; nothing when the text is no number.
+// The plain form of a number text: digits, a point, an exponent; empty when the text is no number.
 std::string PlainNumber(std::string_view text) {
   const std::string trimmed = Trim(text);
   std::string plain;

@@ -6,7 +6,7 @@
 
 namespace tessarine {
 
-/// While it lives, `Host()` and `HostContext()` answer this host on the thread that made it. Other threads, those of a
+/// While it lives, `Host()` and `HostContext()` return this host on the thread that made it. Other threads, those of a
 /// worker pool too, keep the host of the process.
 class ThreadHostScope {
  public:

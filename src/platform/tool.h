@@ -210,7 +210,7 @@ struct FieldMeaning {
 class ITool : public virtual Object {
  public:
   [[nodiscard]] virtual const ToolSpec& Spec() const = 0;
-  /// What stands against a run of these arguments; nothing where it may begin. It looks at layers and folders and
+  /// What stands against a run of these arguments; empty where it may begin. It looks at layers and folders and
   /// changes nothing.
   [[nodiscard]] virtual std::optional<Objection> Validate(const Arguments& arguments,
                                                           const std::shared_ptr<IApplication>& application) const = 0;

@@ -53,7 +53,7 @@ class RecordInHand {
   RecordInHand(const RecordInHand&) = delete;
   RecordInHand& operator=(const RecordInHand&) = delete;
 
-  /// The record that the thread works on; nothing between two records.
+  /// The record that the thread works on; empty between two records.
   [[nodiscard]] static std::optional<std::int64_t> Oid();
 
  private:

@@ -53,11 +53,11 @@ struct FittedValue {
 [[nodiscard]] FittedValue FitValue(const Variant& value, const ColumnLimits& column);
 
 /// The number as a column of this width keeps it: right rounded, with as many of the decimals as there is room for.
-/// Nothing when it doesn't fit.
+/// Empty when it doesn't fit.
 [[nodiscard]] std::string_view NumberInColumn(double value, std::size_t width, int decimals, std::span<char> room);
 /// Whether it fits, with or without decimals.
 [[nodiscard]] bool HasRoomInColumn(double value, std::size_t width);
-/// The number with an exponent, with as many digits as there is room for. Nothing where that would change its first 15
+/// The number with an exponent, with as many digits as there is room for. Empty where that would change its first 15
 /// digits.
 [[nodiscard]] std::string_view ExponentInColumn(double value, std::size_t width, std::span<char> room);
 

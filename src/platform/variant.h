@@ -59,7 +59,7 @@ class Variant {
   /// The text without a copy; only for `Kind::String`.
   [[nodiscard]] const std::string& Text() const;
 
-  /// The object as a `T`; nothing when the variant holds no object or one of another class.
+  /// The object as a `T`; null when the variant holds no object or one of another class.
   template <class T>
   [[nodiscard]] std::shared_ptr<T> AsObject() const {
     const auto* object = std::get_if<ObjectRef>(&value_);

@@ -9,7 +9,7 @@
 
 namespace tessarine::ErrorHandling {
 
-/// The answer of report form 3, and where a form shows itself; see `HandleError`.
+/// What report form 3 returns, and where a form shows itself; see `HandleError`.
 enum ReportForm : std::int32_t {
   kMessageBoxReport = 1,
   kDialogReport = 2,

@@ -70,7 +70,7 @@ class clsExtension final : public IExtension, public IPersistVariant {
   ObjectRef other_extension_;
 };
 
-/// The extension of the application, nothing when it has none.
+/// The extension of the application, null when it has none.
 [[nodiscard]] std::shared_ptr<clsExtension> FindExtension(const std::shared_ptr<IApplication>& application);
 
 /// The host's version text from the registry, as "9.3.1", or "Unable to determine ArcGIS Version!".

@@ -18,7 +18,7 @@
 
 namespace tessarine::MyGeometricOperations {
 
-/// The geographic reference of a geographic or projected one, in decimal degrees; nothing for any other.
+/// The geographic reference of a geographic or projected one, in decimal degrees; null for any other.
 [[nodiscard]] std::shared_ptr<const GeographicCoordinateSystem> DegreesOf(const SpatialReferenceRef& reference);
 
 /// What became of a shape on its way.

@@ -24,7 +24,7 @@ void XYOGraphicToOCentric(double lon, double lat, double semi_major, double semi
 /// back, so that the next shape of a loop finds them. A shape with another reference brings up a message box
 /// and is then a fault; with axes given the reference doesn't matter. Empty shapes give empty copies.
 ///
-/// Nothing after a fault, which is reported under the routine's name, and, after a message box, for a shape of another
+/// Null after a fault, which is reported under the routine's name, and, after a message box, for a shape of another
 /// type. One vertex that can't be converted fails the whole shape.
 [[nodiscard]] GeometryRef FeaturePlanetOCentricToPlanetOGraphic(const GeometryRef& geometry, double& semi_major,
                                                                 double& semi_minor, double long_shift);

@@ -25,7 +25,7 @@ class PolesOnMap {
   PolesOnMap(SpatialReferenceRef projection, SpatialReferenceRef degrees)
       : projection_(std::move(projection)), degrees_(std::move(degrees)) {}
 
-  /// The place of a pole as it is reached along a meridian; nothing where the projection has none.
+  /// The place of a pole as it is reached along a meridian; empty where the projection has none.
   [[nodiscard]] std::optional<XY> Of(double longitude, double latitude) const;
 
  private:

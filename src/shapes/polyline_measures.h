@@ -54,7 +54,7 @@ namespace tessarine::MyGeometricOperations {
 /// Segments are measured with the given axes, but the last walk runs on the spheroid of the polyline's own reference;
 /// other axes than the data's give a mixture of both. The result bears the geographic reference of the polyline's. With
 /// a reference that is neither geographic nor projected, or none, the walk reports under its name and the point that is
-/// answered is empty.
+/// returned is empty.
 [[nodiscard]] std::shared_ptr<Point> SpheroidalPolylineMidpoint2(const std::shared_ptr<Polyline>& polyline,
                                                                  double& position, bool as_ratio, double& total_length,
                                                                  double semi_major, double semi_minor);

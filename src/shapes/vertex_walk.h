@@ -8,7 +8,7 @@
 namespace tessarine::MyGeometricOperations {
 
 /// A copy of a point, polyline, polygon or multipoint, with `move(XY) -> XY` applied to each vertex in order. The copy
-/// bears the reference of its source, which stays as it is. Nothing for a shape of any other type.
+/// bears the reference of its source, which stays as it is. Null for a shape of any other type.
 template <class MoveVertex>
 [[nodiscard]] GeometryRef CopyWithVertices(const IGeometry& geometry, MoveVertex&& move) {
   switch (geometry.GeometryType()) {

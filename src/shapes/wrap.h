@@ -9,7 +9,7 @@
 // All four edges belong to the box. Latitudes wrap as longitudes do: latitude 95 in a box from -90 to 90 becomes -85
 // and isn't reflected at the pole.
 //
-// The routines report faults under their own names and answer nothing: no shape, a box without width or height, or a
+// The routines report faults under their own names and return no shape, a box without width or height, or a
 // shape that lies more than a million boxes away.
 #pragma once
 
@@ -47,7 +47,7 @@ namespace MyGeometricOperations {
 using KeepGoing = std::function<bool()>;
 
 struct WrappedShape {
-  GeometryRef shape;  ///< nothing after a fault or a stop
+  GeometryRef shape;  ///< null after a fault or a stop
   bool stopped = false;
   /// How much there was of the simple shape and how much there is now: square degrees of a polygon, degrees of a line,
   /// different places of a multipoint; 0 for a point. They differ where pieces come to lie on each other, and where

@@ -22,7 +22,7 @@ namespace tessarine::USGS_Functions {
 [[nodiscard]] std::string ESRIPlanetString();
 [[nodiscard]] std::string ESRICommonEarthString();
 
-/// The spheroid of a code that comes as text; nothing when the text is no code or the platform doesn't know it, which
+/// The spheroid of a code that comes as text; null when the text is no code or the platform doesn't know it, which
 /// is normal and not reported.
 [[nodiscard]] std::shared_ptr<const Spheroid> SpheroidFromCode(const SpatialReferenceEnvironment& factory,
                                                                const std::string& code);

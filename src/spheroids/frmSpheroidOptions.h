@@ -12,7 +12,7 @@
 
 namespace tessarine {
 
-/// Set up by `SetArcApplication`, then shown modally. The answer stands in the extension: `CurrentSpheroidCanceled`
+/// Set up by `SetArcApplication`, then shown modally. The choice stands in the extension: `CurrentSpheroidCanceled`
 /// is False after OK alone, and only then are `CurrentSpheroidName`, `CurrentSpheroidMajorAxis` and
 /// `CurrentSpheroidMinorAxis` (metres) new.
 class frmSpheroidOptions : public Form {

@@ -17,10 +17,10 @@ struct SpheroidEntry {
   double semi_major_axis = 0.0, semi_minor_axis = 0.0;
   std::string text;                          ///< the remark of a custom line, or the constant's name
   std::string code;                          ///< empty for a custom spheroid
-  std::shared_ptr<const Spheroid> spheroid;  ///< nothing for a custom spheroid
+  std::shared_ptr<const Spheroid> spheroid;  ///< null for a custom spheroid
 };
 
-/// A number of metres as a user writes it; nothing for a text that is no number or too large for a double.
+/// A number of metres as a user writes it; empty for a text that is no number or too large for a double.
 [[nodiscard]] std::optional<double> AxisFromText(std::string_view text);
 
 /// "spheroids.dat" in the program's folder.

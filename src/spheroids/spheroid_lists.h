@@ -30,7 +30,7 @@ class SpheroidRow {
   [[nodiscard]] double SemiMajorAxis() const { return row_->Element(kSemiMajorAxis).AsDouble(); }
   [[nodiscard]] double SemiMinorAxis() const { return row_->Element(kSemiMinorAxis).AsDouble(); }
   [[nodiscard]] std::string Text() const { return row_->Element(kText).AsText(); }
-  /// Nothing for a custom spheroid.
+  /// Null for a custom spheroid.
   [[nodiscard]] std::shared_ptr<tessarine::Spheroid> Spheroid() const {
     return row_->Count() > kSpheroid ? row_->Element(kSpheroid).AsObject<tessarine::Spheroid>() : nullptr;
   }
@@ -40,7 +40,7 @@ class SpheroidRow {
   std::shared_ptr<VarArray> row_;
 };
 
-/// One of the three lists: its rows under their names, and the names in order. Both are nothing for the custom list
+/// One of the three lists: its rows under their names, and the names in order. Both are null for the custom list
 /// without its file.
 struct SpheroidNames {
   std::shared_ptr<KeyedCollection> rows;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // Text and path helpers, one word-like routine per job. Paths use the backslash; places in a text count from its
-// start. Each routine reports a fault under its own name and then answers the empty text.
+// start. Each routine reports a fault under its own name and then returns the empty text.
 #pragma once
 
 #include <memory>

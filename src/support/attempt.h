@@ -9,7 +9,7 @@
 
 namespace tessarine::MyGeneralOperations {
 
-/// What the call answers, or the empty value of its type when it fails.
+/// What the call returns, or the empty value of its type when it fails.
 template <class Call>
 auto Attempt(Call&& call) -> decltype(call()) {
   try {

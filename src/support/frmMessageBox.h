@@ -10,7 +10,7 @@
 
 namespace tessarine {
 
-/// The caller sets the text of `txtMessage` and shows the form modally; the answer is `ShouldContinue` of the
+/// The caller sets the text of `txtMessage` and shows the form modally; the choice is `ShouldContinue` of the
 /// extension.
 class frmMessageBox final : public Form {
  public:

@@ -96,7 +96,7 @@ std::string GeometryFieldName(const Fields& fields) {
   return name;
 }
 
-// The class identifier that follows from the feature type, which may force the geometry type; nothing where no such
+// The class identifier that follows from the feature type, which may force the geometry type; null where no such
 // class can be made.
 std::shared_ptr<UID> ClassIdOf(esriFeatureType feature_type, esriGeometryType& geometry_type) {
   const FeatureTypeRow* row = FindFeatureType(feature_type);

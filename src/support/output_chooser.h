@@ -62,7 +62,7 @@ inline constexpr AnyGeodatabasePlace kAnyGeodatabasePlace;
 [[nodiscard]] std::string ChosenPath(const std::string& text, const OutputChoice& choice);
 
 /// What stands against an output at this path: a name that can't be, or no folder, geodatabase or container to make it
-/// in. Nothing where it can be made.
+/// in. Empty where it can be made.
 [[nodiscard]] std::optional<Objection> ObjectionTo(const std::string& path, const OutputChoice& choice);
 /// The same for a text in an output's box; the user is told of it. True where the output can be made.
 [[nodiscard]] bool OutputWorkspaceExists(const std::string& text, const OutputChoice& choice);

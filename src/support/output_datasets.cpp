@@ -53,7 +53,7 @@ std::string TypeWordOf(const Field& field, std::int32_t kind) {
 
 bool IsFolderCategory(const std::string& category) { return category == "Shapefile" || category == "Folder"; }
 
-// Asks for directory, name and dataset; the category of the place, nothing when the user gave up.
+// Asks for directory, name and dataset; the category of the place, empty when the user gave up.
 std::optional<std::string> AskForPlace(RunContext& context, OutputRequest& request) {
   const std::shared_ptr<IGxDialog> dialog = context.services.CreateGxDialog();
   dialog->AddFilter(GxFilter::FeatureClasses, true);

@@ -27,9 +27,9 @@ enum OutputKind : std::int32_t {
 [[nodiscard]] std::string CategoryOfKind(std::int32_t kind);
 /// The kind of output that a place of this category takes; `kUnknownOutput` for any other.
 [[nodiscard]] OutputKind KindOfCategory(std::string_view category);
-/// The factory for outputs of this kind; nothing for any other.
+/// The factory for outputs of this kind; null for any other.
 [[nodiscard]] std::shared_ptr<IWorkspaceFactory> FactoryOfKind(std::int32_t kind);
-/// The factory for a place of this category; nothing for any other category.
+/// The factory for a place of this category; null for any other category.
 [[nodiscard]] std::shared_ptr<IWorkspaceFactory> FactoryOfCategory(std::string_view category);
 
 }  // namespace tessarine::MyGeneralOperations

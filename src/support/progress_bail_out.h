@@ -10,7 +10,7 @@
 namespace tessarine::MyGeneralOperations {
 
 /// True when Stop was pressed on the progress form; the form's log then says so. Every poll keeps the form's two
-/// settings in the extension, where the next tool finds them. Any other form answers False.
+/// settings in the extension, where the next tool finds them. False for any other form.
 [[nodiscard]] bool BailOutOfProgress(const std::shared_ptr<Form>& form,
                                      const std::shared_ptr<IApplication>& application);
 

@@ -21,7 +21,7 @@ class Tool : public ITool {
  public:
   /// Tools may share a command, whose dialog then asks for all of them: the first one's row is that of the menu.
   [[nodiscard]] virtual const CommandTexts& Command() const = 0;
-  /// Shows the dialog. What it was left with; nothing where the user gave up, or where the dialog has done the work.
+  /// Shows the dialog. What it was left with; empty where the user gave up, or where the dialog has done the work.
   [[nodiscard]] virtual std::optional<Arguments> Ask(const std::shared_ptr<IApplication>& application) const = 0;
 };
 

@@ -130,7 +130,7 @@ TEST(Cartesian, ReturnsToTheSamePositionAndWrapsTheLongitude) {
     ASSERT_NEAR(std::remainder(back_lon - reduced, 360.0), 0.0, 1e-12);
     ASSERT_LE(std::fabs(back_lon), 180.0);
     SpheroidalCartToLatLong(back_lon, other_lat, place.x, place.y, place.z, kA, kB, 1e6);
-    ASSERT_EQ(other_lat, back_lat) << "the height is read by nothing";
+    ASSERT_EQ(other_lat, back_lat) << "the height changes no place";
   }
 }
 

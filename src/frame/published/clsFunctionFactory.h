@@ -19,7 +19,7 @@ class clsFunctionFactory final : public IGPFunctionFactory {
   /// Nothing, whatever the name.
   [[nodiscard]] std::shared_ptr<IGPFunction> GetFunction(const std::string& name) const override;
   [[nodiscard]] std::shared_ptr<IGPName> GetFunctionName(const std::string& name) const override;
-  /// The names of the first two functions. While there are none this ends in a fault report and answers nothing.
+  /// The names of the first two functions. While there are none this ends in a fault report and an empty list.
   [[nodiscard]] std::shared_ptr<IEnumGPName> GetFunctionNames() const override;
   [[nodiscard]] std::shared_ptr<IEnumGPEnvironment> GetFunctionEnvironments() const override;
 

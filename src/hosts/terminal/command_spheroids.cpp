@@ -91,7 +91,7 @@ std::vector<ShownList> TakeLists(const SpheroidsOptions& options) {
   return lists;
 }
 
-// Nothing for axes that make no spheroid, as a custom file may hold them.
+// Empty for axes that make no spheroid, as a custom file may hold them.
 std::optional<double> Flattening(const NamedSpheroid& spheroid) {
   if (!(spheroid.semi_major_axis > 0.0 && spheroid.semi_minor_axis > 0.0)) return std::nullopt;
   return (spheroid.semi_major_axis - spheroid.semi_minor_axis) / spheroid.semi_major_axis;

@@ -10,7 +10,7 @@
 
 namespace tessarine {
 
-/// The number that an option's text stands for; nothing where it is none, or too large for one.
+/// The number that an option's text stands for; empty where it is none, or too large for one.
 [[nodiscard]] inline std::optional<double> OptionNumber(const std::string& text) {
   if (!IsNumericText(text)) return std::nullopt;
   try {

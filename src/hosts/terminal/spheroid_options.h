@@ -24,7 +24,7 @@ struct ChosenSpheroid {
 /// Adds --spheroid and --radii, which exclude each other.
 void AddSpheroidOptions(CLI::App& command, SpheroidOptions& options);
 
-/// What the options name; nothing when none was given. Names compare without regard to case, blanks and hyphens;
+/// What the options name; empty when none was given. Names compare without regard to case, blanks and hyphens;
 /// custom spheroids go before planets, these before Earth. Raises `Refusal`, which lists near matches. A host must be
 /// set: it knows where the custom file lies.
 [[nodiscard]] std::optional<ChosenSpheroid> ChooseSpheroid(const SpheroidOptions& options);

@@ -40,7 +40,7 @@ class TerminalHost final : public WindowlessHost {
   [[nodiscard]] PromisingSystem& LocalSystem() { return system_; }
   [[nodiscard]] const TerminalManners& Manners() const { return manners_; }
 
-  /// The report that a run showed, as RTF; nothing when none was shown.
+  /// The report that a run showed, as RTF; empty when none was shown.
   [[nodiscard]] const std::optional<std::string>& Report() const { return report_; }
   void SetReport(std::string rtf) { report_ = std::move(rtf); }
   [[nodiscard]] bool FaultReported() const { return fault_reported_; }

@@ -19,7 +19,7 @@ namespace tessarine {
 
 class KindBox;
 
-/// What a browse dialog is asked for, and what it answers.
+/// What a browse dialog is asked for, and what it returns.
 struct BrowseRequest {
   bool save = true;
   bool multi_select = false;

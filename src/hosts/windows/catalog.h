@@ -43,7 +43,7 @@ struct CatalogItem {
   [[nodiscard]] std::string Category() const;
 };
 
-/// The container at a native path: a folder, "x.gdb", "x.mdb", "x.gdb/dataset" or "x.gpkg". Nothing where there is
+/// The container at a native path: a folder, "x.gdb", "x.mdb", "x.gdb/dataset" or "x.gpkg". Empty where there is
 /// none.
 [[nodiscard]] std::optional<CatalogItem> FindContainer(const std::string& native_path);
 
@@ -51,7 +51,7 @@ struct CatalogItem {
 /// counts as empty.
 [[nodiscard]] std::vector<CatalogItem> ListContainer(const CatalogItem& container, GxFilter filter);
 
-/// The container that this one lies in; nothing for the root.
+/// The container that this one lies in; empty for the root.
 [[nodiscard]] std::optional<CatalogItem> ContainerAbove(const CatalogItem& item);
 
 /// The item as the suite knows it. Datasets open when they are asked for.

@@ -19,7 +19,7 @@ class ControlView : public QObject {
   ControlView(FormWindow& window, Control& control, QWidget* widget);
 
   [[nodiscard]] tessarine::Control& Control() const { return control_; }
-  /// Nothing for a control that isn't seen.
+  /// Null for a control that isn't seen.
   [[nodiscard]] QWidget* Widget() const { return widget_; }
   [[nodiscard]] virtual bool TakesFocus() const { return false; }
   /// True for boxes and lists, whose text stands on the background colour.

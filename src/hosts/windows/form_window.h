@@ -31,7 +31,7 @@ class FormWindow final : public QDialog {
   [[nodiscard]] Form& ShownForm() const { return form_; }
   [[nodiscard]] const DialogUnits& Units() const { return units_; }
   [[nodiscard]] ControlView* ViewOf(const Control& control) const;
-  /// The widget of the control of this name; nothing when there is none.
+  /// The widget of the control of this name; null when there is none.
   [[nodiscard]] QWidget* WidgetOf(const std::string& name) const;
 
   /// The caption of a control as it is shown: in the user's language, with a letter for the Alt key that no other one

@@ -19,7 +19,7 @@ struct AnswerButton {
   QMessageBox::ButtonRole role;
 };
 
-// The last answers for Escape.
+// The last is what Escape returns.
 std::vector<AnswerButton> ButtonsOf(MessageButtons buttons) {
   const AnswerButton ok{MessageAnswer::Ok, "cmdOK", "OK", QMessageBox::AcceptRole};
   switch (buttons) {

@@ -45,7 +45,7 @@ class WindowPrinter final : public IPrinter {
   QString text_;
 };
 
-/// Shows the printer dialog, whose printers include a PDF file; nothing when the user cancelled it.
+/// Shows the printer dialog, whose printers include a PDF file; null when the user cancelled it.
 [[nodiscard]] std::shared_ptr<IPrinter> ChooseWindowPrinter(QWidget* parent);
 
 }  // namespace tessarine

@@ -32,7 +32,7 @@ class WindowForms final : public IFormHost {
   [[nodiscard]] std::shared_ptr<IModelessFrame> CreateFrame();
   /// What a new dialog stands over: the dialog that is open, else the window of the program that the user works in.
   [[nodiscard]] QWidget* DialogParent() const;
-  /// The open window of a form; nothing when there is none.
+  /// The open window of a form; null when there is none.
   [[nodiscard]] FormWindow* WindowOf(const Form& form) const;
 
   /// Lets windows grow to this size whatever the screen is, as for pictures of them.

@@ -20,7 +20,7 @@ inline constexpr const char* kPlanetaryTakes = "layers in degrees of longitude a
 
 [[nodiscard]] ToolParameter ShiftParameter();
 
-/// Nothing for a layer of features in degrees.
+/// Empty for a layer of features in degrees.
 [[nodiscard]] std::optional<Objection> ObjectionToLayer(const ToolSpec& spec, const LayerRef& layer);
 [[nodiscard]] std::optional<Objection> ObjectionToPlace(const Arguments& arguments);
 

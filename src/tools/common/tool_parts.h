@@ -43,7 +43,7 @@ using LayerRef = std::shared_ptr<IFeatureLayer>;
 [[nodiscard]] std::vector<esriGeometryType> ShapesOf(std::int32_t layer_types);
 /// Whether the parameter takes the layer, by its shape type.
 [[nodiscard]] bool Takes(const ToolSpec& spec, std::string_view parameter, const LayerRef& layer);
-/// Nothing for a layer that the tool takes as its source.
+/// Empty for a layer that the tool takes as its source.
 [[nodiscard]] std::optional<Objection> ObjectionToKind(const ToolSpec& spec, const LayerRef& layer);
 /// That the layer is of another kind than the tool takes.
 [[nodiscard]] Objection WrongKind(const ToolSpec& spec, const LayerRef& layer);
