@@ -73,6 +73,7 @@ FormWindow::FormWindow(Form& form, QWidget* parent, QSize room)
   layout->addWidget(scroll_);
   layout->addWidget(footer_);
   footer_->hide();
+  if (parent != nullptr) connect(parent, &QObject::destroyed, this, [this] { StandAlone(); });
   ensurePolished();  // a style sheet changes the palette that the controls go by
   MakeViews();
   OrderTabs();
@@ -355,6 +356,12 @@ void FormWindow::PlaceOnScreen() {
   const int framed = height() + style()->pixelMetric(QStyle::PM_TitleBarHeight);
   corner.setY(std::clamp(corner.y(), room.top(), std::max(room.top(), room.bottom() - framed)));
   move(corner);
+}
+
+// A parent takes its children with it, and this one isn't its parent's to take. It says goodbye just before.
+void FormWindow::StandAlone() {
+  setParent(nullptr, FlagsOf(form_, nullptr));  // which hides it
+  if (!concealed_) show();
 }
 
 void FormWindow::FocusFirst() {

@@ -20,6 +20,8 @@ namespace tessarine {
 /// The window of one form: its object name is the form's name, its inside is laid out in dialog units of the window's
 /// font. Changes of the form are shown together, before the next input and at the latest when the event loop turns.
 ///
+/// It belongs to whoever made it: where the window that it stands over goes first, it stands alone from then on.
+///
 /// A form whose minimum size is 0 has a fixed size. Where a window doesn't fit the screen, its last row of buttons
 /// stays in view, and what is above it scrolls.
 class FormWindow final : public QDialog {
@@ -89,6 +91,7 @@ class FormWindow final : public QDialog {
   void UpdateFooter(bool wanted);
   void UpdateFocus();
   void PlaceOnScreen();
+  void StandAlone();
   void FocusFirst();
   void TakeSize(QSize size);
   void MouseMoved();

@@ -110,8 +110,12 @@ void ManualWindow::GoTo(const QString& heading) {
 QString ManualWindow::FirstLine() const { return text_->cursorForPosition(QPoint(4, 4)).block().text(); }
 
 void ShowManual(const QString& folder, const Chapter& chapter, QWidget& over) {
-  auto* open = over.findChild<ManualWindow*>(QString(), Qt::FindDirectChildrenOnly);
-  auto* window = open != nullptr ? open : new ManualWindow(folder, &over);  // goes when it is closed
+  ManualWindow* window = nullptr;
+  // Qt knows no classes without a meta object: it would take any dialog for one of these.
+  for (QObject* child : over.children()) {
+    if (auto* open = dynamic_cast<ManualWindow*>(child)) window = open;
+  }
+  if (window == nullptr) window = new ManualWindow(folder, &over);  // goes when it is closed
   window->show();
   window->Show(chapter);
   window->raise();

@@ -230,6 +230,27 @@ TEST_F(FormWindowTest, AModelessFrameKeepsItsFormUntilItsWindowCloses) {
   EXPECT_FALSE(frame->Visible());
 }
 
+TEST_F(FormWindowTest, AModelessWindowOutlivesTheDialogThatItStandsOver) {
+  auto dialog = std::make_unique<QDialog>();
+  dialog->setWindowModality(Qt::ApplicationModal);
+  dialog->show();
+  ASSERT_EQ(QApplication::activeModalWidget(), dialog.get());
+  auto kept = std::make_shared<testing::LogForm>();
+  const auto frame = host.CreateModelessFrame();
+  frame->Create(kept);
+  frame->SetVisible(true);
+  FormWindow* window = host.FormWindows().WindowOf(*kept);
+  ASSERT_NE(window, nullptr);
+  EXPECT_EQ(window->parentWidget(), dialog.get());
+  dialog = nullptr;
+  EXPECT_EQ(window->parentWidget(), nullptr);
+  EXPECT_TRUE(window->isVisible());
+  EXPECT_TRUE(frame->Visible());
+  frame->SetVisible(false);
+  QCoreApplication::processEvents();
+  EXPECT_FALSE(frame->Visible());
+}
+
 TEST_F(FormWindowTest, DuringARunThePumpReachesTheSuitesWindowsAlone) {
   QPushButton foreign;
   int foreign_clicks = 0;

@@ -35,5 +35,17 @@ TEST(ManualTest, EveryFormHasItsChapterAndHeading) {
   EXPECT_THAT(at_the_contents, ::testing::ElementsAre("frmAbout"));
 }
 
+TEST(ManualTest, HelpOpensOneWindowOfItsOwnBesideOtherDialogs) {
+  const testing::QtSession qt;
+  QDialog over;
+  auto* other = new QDialog(&over);
+  const auto dialogs = [&] { return over.findChildren<QDialog*>(QString(), Qt::FindDirectChildrenOnly).size(); };
+  for (int time = 0; time < 2; ++time) {
+    ShowManual(QStringLiteral(TESSARINE_SOURCE_DIR "/docs/manual"), ChapterOf("frmGeometry", ""), over);
+    EXPECT_EQ(dialogs(), 2);
+    EXPECT_FALSE(other->isVisible());
+  }
+}
+
 }  // namespace
 }  // namespace tessarine
