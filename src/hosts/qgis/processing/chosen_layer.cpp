@@ -8,6 +8,7 @@
 
 #include "hosts/qgis/layer_class.h"
 #include "hosts/qgis/layer_file.h"
+#include "hosts/qgis/processing/in_place_shapes.h"
 #include "hosts/qgis/results/layer_words.h"
 #include "hosts/qgis/values.h"
 #include "hosts/windows/qt_text.h"
@@ -45,7 +46,8 @@ QgsVectorLayer* LayerOf(const QgsProcessingParameterDefinition& definition, cons
 }
 
 ChosenLayer::ChosenLayer(const QgsProcessingParameterDefinition& definition, const QVariantMap& parameters,
-                         QgsProcessingContext& context) {
+                         QgsProcessingContext& context, CopiedFields copied)
+    : copied_(copied) {
   QgsVectorLayer* layer = LayerOf(definition, parameters, context);
   if (layer == nullptr || !layer->isValid() || layer->dataProvider() == nullptr || !layer->dataProvider()->isValid()) {
     Raise(kPathNotFound, "The layer for '" + FromQt(definition.description()) +
@@ -61,7 +63,9 @@ ChosenLayer::ChosenLayer(const QgsProcessingParameterDefinition& definition, con
   }
   words_ = WordsOf(*layer, selected_ ? ReadRows::Selected : ReadRows::All);
   if (most_ >= 0) words_.why_none = "only the first records of '" + FromQt(name_) + "' are read";
-  const auto shown = !selected_ && most_ < 0 && HasOwnTexts(*layer) ? FileShownBy(*layer) : std::nullopt;
+  const auto shown = copied_ == CopiedFields::All && !selected_ && most_ < 0 && HasOwnTexts(*layer)
+                         ? FileShownBy(*layer)
+                         : std::nullopt;
   if (shown) {
     file_ = LayerSource{shown->path, shown->layer};
     return;
@@ -70,11 +74,11 @@ ChosenLayer::ChosenLayer(const QgsProcessingParameterDefinition& definition, con
     Raise(kTypeMismatch, "The layer '" + FromQt(name_) + "' has no shapes of one type: points, lines or polygons.");
   }
   rows_ = std::make_unique<QgsVectorLayerFeatureSource>(layer);
-  fields_ = layer->fields();
+  if (copied_ == CopiedFields::All) fields_ = layer->fields();
   wkb_type_ = layer->wkbType();
   reference_ = layer->crs();
   transforms_ = context.transformContext();
-  key_ = KeyOf(*layer);
+  key_ = copied_ == CopiedFields::All ? KeyOf(*layer) : -1;
 }
 
 std::shared_ptr<DocumentFeatureLayer> ChosenLayer::Open(QgsProcessingFeedback& feedback) {
@@ -100,6 +104,7 @@ std::shared_ptr<DocumentFeatureLayer> ChosenLayer::OpenCopy(QgsProcessingFeedbac
     columns.append(fields_.at(index));
     kept.append(index);
   }
+  if (copied_ == CopiedFields::Identifiers) columns.append(QgsField(InPlaceShapes::kIdentifier, QVariant::LongLong));
   QgsVectorFileWriter::SaveVectorOptions options;
   options.driverName = QStringLiteral("GPKG");
   options.layerName = QStringLiteral("source");
@@ -123,6 +128,7 @@ std::shared_ptr<DocumentFeatureLayer> ChosenLayer::OpenCopy(QgsProcessingFeedbac
     QgsAttributes values;
     values.append(QVariant::fromValue<qlonglong>(read.id()));
     for (const int index : kept) values.append(read.attribute(index));
+    if (copied_ == CopiedFields::Identifiers) values.append(QVariant::fromValue<qlonglong>(read.id()));
     QgsFeature row(columns, read.id());
     row.setAttributes(values);
     row.setGeometry(read.geometry());

@@ -24,12 +24,16 @@
 
 namespace tessarine::qgis {
 
+/// What a working copy holds: the fields of the layer, or just the identifiers of its features, for new shapes that go
+/// back to them.
+enum class CopiedFields : std::uint8_t { All, Identifiers };
+
 class ChosenLayer {
  public:
   /// Takes what it needs of the program's layer; for the thread that the layer belongs to. A fault names a layer that
   /// isn't there or can't be read.
   ChosenLayer(const QgsProcessingParameterDefinition& definition, const QVariantMap& parameters,
-              QgsProcessingContext& context);
+              QgsProcessingContext& context, CopiedFields copied = CopiedFields::All);
 
   /// The layer for a run, on any thread; once. Raises `RunStopped` while a working copy is made.
   [[nodiscard]] std::shared_ptr<DocumentFeatureLayer> Open(QgsProcessingFeedback& feedback);
@@ -49,6 +53,7 @@ class ChosenLayer {
   std::unique_ptr<QgsVectorLayerFeatureSource> rows_;
   std::optional<QgsFeatureIds> selected_;
   long long most_ = -1;
+  CopiedFields copied_;
   QgsFields fields_;
   QgsWkbTypes::Type wkb_type_ = QgsWkbTypes::Unknown;
   QgsCoordinateReferenceSystem reference_;

@@ -102,23 +102,32 @@ ToolOutput OutputGoal::Argument() const {
 
 QString OutputGoal::AsNamed(QString text) const {
   if (IsNamedFile()) return text;
-  QString name = Named(definition_, parameters_, context_);
+  QString name = shown_name_.isEmpty() ? Named(definition_, parameters_, context_) : shown_name_;
   if (name.isEmpty() || name == QgsProcessing::TEMPORARY_OUTPUT) name = QStringLiteral("Temporary layer");
   return text.replace(ToQt(place_.container), name);
 }
 
 QString OutputGoal::HandOver(const std::string& output_path, QgsProcessingFeedback& feedback) {
-  const QString shown = ShowFile(output_path);
-  return IsNamedFile() ? shown : FillSink(shown, feedback);
+  return IsNamedFile() ? ShowFile(output_path) : FillSink(output_path, feedback);
+}
+
+QString OutputGoal::SourceText(const std::string& output_path) const {
+  const QString file = ToQt(ToNativePath(output_path));
+  if (!place_.InContainer()) return file;
+  return ToQt(place_.container) + QStringLiteral("|layername=") + file.section(QLatin1Char('/'), -1);
+}
+
+std::unique_ptr<QgsVectorLayer> OutputGoal::Open(const std::string& output_path) const {
+  QgsVectorLayer::LayerOptions options(context_.transformContext());
+  options.loadDefaultStyle = false;
+  auto layer = std::make_unique<QgsVectorLayer>(SourceText(output_path), QStringLiteral("output"),
+                                                QStringLiteral("ogr"), options);
+  if (!layer->isValid()) Raise(kEngine, "What was written can't be read again: " + FromQt(layer->error().summary()));
+  return layer;
 }
 
 QString OutputGoal::ShowFile(const std::string& output_path) {
-  const QString file = ToQt(ToNativePath(output_path));
-  QString shown = file;
-  if (place_.InContainer()) {
-    shown = ToQt(place_.container) + QStringLiteral("|layername=") + file.section(QLatin1Char('/'), -1);
-  }
-  if (!IsNamedFile()) return shown;
+  const QString shown = SourceText(output_path);
   // The program notes under which name it is going to show it; that may have become another.
   const QString noted = QgsProcessingParameters::parameterAsOutputLayer(&definition_, parameters_, context_);
   QMap<QString, QgsProcessingContext::LayerDetails> to_show = context_.layersToLoadOnCompletion();
@@ -129,11 +138,9 @@ QString OutputGoal::ShowFile(const std::string& output_path) {
   return shown;
 }
 
-QString OutputGoal::FillSink(const QString& file, QgsProcessingFeedback& feedback) {
-  QgsVectorLayer::LayerOptions options(context_.transformContext());
-  options.loadDefaultStyle = false;
-  QgsVectorLayer layer(file, QStringLiteral("output"), QStringLiteral("ogr"), options);
-  if (!layer.isValid()) Raise(kEngine, "What was written can't be read again: " + FromQt(layer.error().summary()));
+QString OutputGoal::FillSink(const std::string& output_path, QgsProcessingFeedback& feedback) {
+  const std::unique_ptr<QgsVectorLayer> made = Open(output_path);
+  QgsVectorLayer& layer = *made;
   const QgsAttributeList keys = layer.primaryKeyAttributes();
   QgsFields fields;
   QgsAttributeList kept;

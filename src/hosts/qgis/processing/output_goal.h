@@ -9,11 +9,13 @@
 #include <qgsprocessingcontext.h>
 #include <qgsprocessingfeedback.h>
 #include <qgsprocessingparameters.h>
+#include <qgsvectorlayer.h>
 
 #include <QTemporaryDir>
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "outputs/output_place.h"
 #include "platform/data.h"
@@ -34,22 +36,28 @@ class OutputGoal {
   /// The output is a file that somebody named, not a working copy.
   [[nodiscard]] bool IsNamedFile() const { return folder_ == nullptr; }
 
-  /// The text with the name of the program's own output where it tells the path of a working copy.
+  /// The name of what the rows of a working copy go to, for people.
+  void SetShownName(QString name) { shown_name_ = std::move(name); }
+  /// The text with that name, or else the one of the program's own output, where it tells the path of a working copy.
   [[nodiscard]] QString AsNamed(QString text) const;
 
   /// Hands over what the run has written at this path: what the program calls the layer by. Fault where the sink
   /// doesn't take all of it; `RunStopped` where the user stops it.
   [[nodiscard]] QString HandOver(const std::string& output_path, QgsProcessingFeedback& feedback);
+  /// What the run has written at this path, to be read; a fault where it can't be.
+  [[nodiscard]] std::unique_ptr<QgsVectorLayer> Open(const std::string& output_path) const;
 
  private:
+  [[nodiscard]] QString SourceText(const std::string& output_path) const;
   [[nodiscard]] QString ShowFile(const std::string& output_path);
-  [[nodiscard]] QString FillSink(const QString& file, QgsProcessingFeedback& feedback);
+  [[nodiscard]] QString FillSink(const std::string& output_path, QgsProcessingFeedback& feedback);
 
   const QgsProcessingParameterDefinition& definition_;
   const QVariantMap& parameters_;
   QgsProcessingContext& context_;
   std::unique_ptr<QTemporaryDir> folder_;
   OutputPlace place_;
+  QString shown_name_;
 };
 
 }  // namespace tessarine::qgis

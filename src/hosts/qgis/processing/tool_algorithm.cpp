@@ -3,6 +3,7 @@
 
 #include <qgsexception.h>
 
+#include <algorithm>
 #include <iterator>
 #include <utility>
 
@@ -13,10 +14,12 @@
 #include "hosts/qgis/processing/run_turn.h"
 #include "hosts/qgis/processing/tool_parameters.h"
 #include "hosts/qgis/processing/tool_run.h"
+#include "hosts/qgis/values.h"
 #include "hosts/windows/pictures.h"
 #include "hosts/windows/qt_text.h"
 #include "hosts/windows/translation.h"
 #include "platform/application.h"
+#include "platform/command_line.h"
 #include "platform/paths.h"
 #include "platform/run_stop.h"
 
@@ -77,7 +80,20 @@ QIcon ToolAlgorithm::icon() const {
 
 QgsProcessingAlgorithm* ToolAlgorithm::createInstance() const { return new ToolAlgorithm(tool_); }
 
-void ToolAlgorithm::initAlgorithm(const QVariantMap&) {
+QgsProcessingAlgorithm::Flags ToolAlgorithm::flags() const {
+  const Flags flags = QgsProcessingAlgorithm::flags();
+  return KeepsRecords(Spec()) ? flags | FlagSupportsInPlaceEdits : flags;
+}
+
+bool ToolAlgorithm::supportInPlaceEdit(const QgsMapLayer* layer) const {
+  const auto* edited = qobject_cast<const QgsVectorLayer*>(layer);
+  if (edited == nullptr || !KeepsRecords(Spec())) return false;
+  const auto& shapes = Spec().Find(kSourceParameter)->shapes;
+  return std::ranges::find(shapes, ShapeTypeOf(edited->wkbType())) != shapes.end();
+}
+
+void ToolAlgorithm::initAlgorithm(const QVariantMap& configuration) {
+  in_place_ = configuration.value(QStringLiteral("IN_PLACE")).toBool();
   QgsProcessingFeedback silent(false);
   RunHost host(silent);
   const ThreadHostScope scope(host);
@@ -124,7 +140,11 @@ QString ToolAlgorithm::ObjectionTo(const QVariantMap& parameters, QgsProcessingC
 }
 
 bool ToolAlgorithm::prepareAlgorithm(const QVariantMap& parameters, QgsProcessingContext& context,
-                                     QgsProcessingFeedback*) {
+                                     QgsProcessingFeedback* feedback) {
+  if (in_place_) {
+    MoveInPlace(parameters, context, *feedback);
+    return true;
+  }
   return AsProgramErrors([&] {
     for (const ToolParameter& parameter : Spec().parameters) {
       if (parameter.kind != ParameterKind::Layer) continue;
@@ -149,6 +169,45 @@ QVariantMap ToolAlgorithm::processAlgorithm(const QVariantMap& parameters, QgsPr
     if (!finished) feedback->pushWarning(QStringLiteral("The run was stopped before its output was whole."));
     return results;
   });
+}
+
+// The program answers a failure here by giving up all edits of the layer, the user's own too. So it is told in the log,
+// and the features stay as they are.
+void ToolAlgorithm::MoveInPlace(const QVariantMap& parameters, QgsProcessingContext& context,
+                                QgsProcessingFeedback& feedback) {
+  const auto tell = [&](const QString& why) {
+    feedback.reportError(why + QStringLiteral("\nAll features stay as they are."));
+  };
+  try {
+    const RunTurn turn;
+    if (!turn.Taken()) Raise(kInvalidCall, "Another run of the suite is at work: wait for its end.");
+    const QgsProcessingParameterDefinition& source = *parameterDefinition(QStringLiteral("INPUT"));
+    const QgsVectorLayer* edited = LayerOf(source, parameters, context);
+    ChosenLayer layer(source, parameters, context, CopiedFields::Identifiers);
+    ToolRun run(tool_, feedback);
+    OutputGoal goal(*parameterDefinition(QLatin1String(kOutput)), parameters, context);
+    goal.SetShownName(edited->name());
+    Arguments arguments = ReadArguments(Spec(), *this, parameters, context);
+    const bool finished = UnlessStopped([&] {
+      run.Take(std::string(kSourceParameter), layer, arguments);
+      RunNotes notes(tool_, arguments, goal);
+      notes.SetLayer(std::string(kSourceParameter), layer.Words());
+      run.Run(std::move(arguments), goal);
+      notes.TellEnd(run.Journal(), run.Report(), feedback);
+    });
+    const RunJournal& journal = run.Journal();
+    if (!journal.failure.empty()) Raise(kEngine, journal.failure);
+    if (!finished || journal.stopped || journal.output_path.empty()) Raise(kEngine, "The run was stopped.");
+    moved_.Take(*goal.Open(journal.output_path), *edited, edited->selectedFeatureIds(), journal, feedback);
+  } catch (const Fault& fault) {
+    tell(LinesToQt(fault.Description()));
+  } catch (const QgsProcessingException& error) {
+    tell(error.what());
+  }
+}
+
+QgsFeatureList ToolAlgorithm::processFeature(const QgsFeature& feature, QgsProcessingContext&, QgsProcessingFeedback*) {
+  return {moved_.Moved(feature)};
 }
 
 QVariantMap ToolAlgorithm::RunTool(const QVariantMap& parameters, QgsProcessingContext& context,
