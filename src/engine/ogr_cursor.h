@@ -13,6 +13,7 @@
 #include "engine/ogr_class.h"
 #include "engine/reading_warnings.h"
 #include "engine/shapefile_points.h"
+#include "platform/reads_aside.h"
 
 namespace tessarine::engine {
 
@@ -23,7 +24,7 @@ void ApplyFilter(LayerHandle& handle, const QueryFilter& filter);
 [[nodiscard]] std::string ShapeFaultOf(const OGRFeature& feature, const ReadingScope& errors, const std::string& path);
 
 /// Reads rows.
-class ReadingCursor : public IFeatureCursor {
+class ReadingCursor : public IFeatureCursor, public IReadsAside {
  public:
   ReadingCursor(std::shared_ptr<OgrClass> owner, LayerHandle handle, const QueryFilter* filter, bool recycling);
 
@@ -35,6 +36,8 @@ class ReadingCursor : public IFeatureCursor {
   std::int64_t InsertRow(const IRowBuffer&) override;
   void Flush() override {}
   void Close() override;
+  /// Its handle is its own. Whoever writes the file may have to take the rest of the rows into memory, though.
+  [[nodiscard]] bool MayReadAside() const override { return !handle_.IsFileBeingWritten(); }
 
   /// The next row that belongs to the class and meets the filter.
   [[nodiscard]] virtual OgrFeatureHandle NextOgr();
@@ -74,6 +77,8 @@ class UpdatingCursor final : public ReadingCursor {
   void UpdateRow(const std::shared_ptr<IRow>& row) override;
   void Flush() override;
   void Close() override;
+  /// Rows are read and written by one handle.
+  [[nodiscard]] bool MayReadAside() const override { return false; }
 
   [[nodiscard]] OgrFeatureHandle NextOgr() override;
 

@@ -262,6 +262,8 @@ bool LayerHandle::IsDatabase() const {
   return driver == "GPKG" || driver == "SQLite";
 }
 
+bool LayerHandle::IsFileBeingWritten() const { return source_->file_->writers > 0; }
+
 OGRFeatureUniquePtr LayerHandle::NextFeature() {
   if (!walk_) return OGRFeatureUniquePtr(layer_->GetNextFeature());
   if (!walk_->HasBegun() && source_->file_->writers > 0) walk_->ReadAhead();

@@ -128,6 +128,7 @@ class LayerHandle {
   [[nodiscard]] OGRFeatureUniquePtr NextFeature();
   /// Whether rows are asked for by SQL, and a reader locks the file.
   [[nodiscard]] bool IsDatabase() const;
+  [[nodiscard]] bool IsFileBeingWritten() const;
 
   [[nodiscard]] GDALDataset& Dataset() const { return *dataset_; }
   [[nodiscard]] OGRLayer& Layer() const { return *layer_; }

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <map>
+#include <mutex>
 #include <string_view>
 #include <vector>
 
@@ -19,7 +20,11 @@ constexpr std::string_view kTelling[] = {
 constexpr std::size_t kKept = 10;
 constexpr std::size_t kKeptAtOnce = 20;
 
-using Kept = std::map<std::string, std::vector<std::string>>;
+// What was kept of each file; rows are read on several threads.
+struct Kept {
+  std::mutex lock;
+  std::map<std::string, std::vector<std::string>> by_file;
+};
 
 Kept& KeptWarnings() {
   static Kept kept;
@@ -62,19 +67,23 @@ void CPL_STDCALL ReadingScope::Collect(CPLErr severity, CPLErrorNum, const char*
 void KeepReadingWarnings(const std::string& path, const ReadingScope& scope) {
   for (const std::string& message : scope.Warnings()) {
     if (!TellsOfAChange(message)) continue;
-    std::vector<std::string>& kept = KeptWarnings()[KeyOf(path)];
+    const std::lock_guard locked(KeptWarnings().lock);
+    std::vector<std::string>& kept = KeptWarnings().by_file[KeyOf(path)];
     if (kept.size() < kKept && std::ranges::find(kept, message) == kept.end()) kept.push_back(message);
   }
 }
 
 void ForgetReadingWarnings(const std::string& path) {
-  if (!KeptWarnings().empty()) KeptWarnings().erase(KeyOf(path));
+  const std::lock_guard locked(KeptWarnings().lock);
+  if (!KeptWarnings().by_file.empty()) KeptWarnings().by_file.erase(KeyOf(path));
 }
 
 void TellReadingWarnings(const std::string& path, RunJournal& journal) {
-  if (KeptWarnings().empty()) return;
-  const auto kept = KeptWarnings().find(KeyOf(path));
-  if (kept == KeptWarnings().end()) return;
+  const std::lock_guard locked(KeptWarnings().lock);
+  const auto& by_file = KeptWarnings().by_file;
+  if (by_file.empty()) return;
+  const auto kept = by_file.find(KeyOf(path));
+  if (kept == by_file.end()) return;
   for (const std::string& message : kept->second) {
     const std::string text = "Values of '" + path + "' were read otherwise than they are stored. GDAL says: " + message;
     const bool is_told = std::ranges::find(journal.warnings, text, &RunWarning::text) != journal.warnings.end();

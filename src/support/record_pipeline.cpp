@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "platform/geometry.h"
+#include "platform/reads_aside.h"
 
 namespace tessarine {
 namespace {
@@ -81,6 +82,14 @@ RecordBatch ReadBatch(RunContext& run, IFeatureCursor& cursor) {
   batch.end_notes = aside.TakeNotes();
   batch.end_reports = aside.TakeReports();
   return batch;
+}
+
+// A pool's thread has a run of its own, which asks the pool for a stop.
+RecordBatch ReadBatchAside(IFeatureCursor& cursor) { return ReadBatch(*RunningContext(), cursor); }
+
+bool MayReadAside(const IFeatureCursor& cursor) {
+  const auto* aside = dynamic_cast<const IReadsAside*>(&cursor);
+  return aside != nullptr && aside->MayReadAside();
 }
 
 void TellNotes(const std::vector<RunWarning>& notes, RunJournal& journal) {

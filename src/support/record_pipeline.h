@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // A run over records whose work is shared out to threads: one batch is worked on while the next is read and the last
-// one written. Reading and writing stay on the run's own thread and in order, and what a record has to tell is told
-// when its turn to be written comes; so a run does the same with any number of threads.
+// one written. Writing stays on the run's own thread; reading does, too, unless the cursor can be read aside. Both are
+// in order, and what a record has to tell is told when its turn to be written comes; so a run does the same with any
+// number of threads.
 //
 //   const bool finished = SpreadRecords<Result>(
 //       run, cursor, [&] { return progress.Step(++count); },
@@ -61,8 +62,12 @@ struct RecordBatch {
 };
 
 /// Reads the next records: a few hundred, or fewer where they have many vertices. Raises nothing. The rows of the
-/// cursor must stay when it goes on.
+/// cursor must stay when it goes on. For the run's own thread.
 [[nodiscard]] RecordBatch ReadBatch(RunContext& run, IFeatureCursor& cursor);
+
+/// The same in work of a pool.
+[[nodiscard]] RecordBatch ReadBatchAside(IFeatureCursor& cursor);
+[[nodiscard]] bool MayReadAside(const IFeatureCursor& cursor);
 
 /// Hands on what reading told.
 void TellNotes(const std::vector<RunWarning>& notes, RunJournal& journal);
@@ -75,34 +80,24 @@ template <class Result, class Step, class Work, class Write>
   struct Turn {
     RecordBatch batch;
     std::vector<Result> results;
+    void Take(RecordBatch read) {
+      batch = std::move(read);
+      results.clear();
+      results.resize(batch.records.size());
+    }
   };
-  Turn turns[2];
+  Turn turns[3];
   WorkerPool pool(run, run.jobs);
-  const auto read = [&](Turn& turn, bool more) {
-    turn.batch = more ? ReadBatch(run, cursor) : RecordBatch();
-    turn.results.clear();
-    turn.results.resize(turn.batch.records.size());
+  const auto work_on = [&work](Turn& turn, std::size_t place) {
+    ReadRecord& record = turn.batch.records[place];
+    try {
+      turn.results[place] = work(record);
+    } catch (const RunStopped&) {
+      record.stop = std::current_exception();
+    }
+    for (KeptReport& report : WorkerPool::TakeReports()) record.reports.push_back(std::move(report));
   };
-  const auto begin = [&](Turn& turn) {
-    pool.Begin(turn.results.size(), [&turn, &work](std::size_t place) {
-      ReadRecord& record = turn.batch.records[place];
-      try {
-        turn.results[place] = work(record);
-      } catch (const RunStopped&) {
-        record.stop = std::current_exception();
-      }
-      for (KeptReport& report : WorkerPool::TakeReports()) record.reports.push_back(std::move(report));
-    });
-  };
-  std::size_t at = 0;
-  read(turns[at], true);
-  begin(turns[at]);
-  for (;; at = 1 - at) {
-    Turn& turn = turns[at];
-    Turn& next = turns[1 - at];
-    read(next, !turn.batch.is_last);
-    pool.Finish();
-    begin(next);
+  const auto write_all = [&](Turn& turn) {
     for (std::size_t place = 0; place < turn.results.size(); ++place) {
       ReadRecord& record = turn.batch.records[place];
       TellNotes(record.notes, run.journal);
@@ -115,7 +110,25 @@ template <class Result, class Step, class Work, class Write>
     TellNotes(turn.batch.end_notes, run.journal);
     TellReports(turn.batch.end_reports);
     if (turn.batch.end) std::rethrow_exception(turn.batch.end);
-    if (turn.batch.is_last) return true;
+    return true;
+  };
+  turns[0].Take(ReadBatch(run, cursor));
+  for (std::size_t round = 0;; ++round) {
+    Turn &at_work = turns[round % 3], &next = turns[(round + 1) % 3], &last = turns[(round + 2) % 3];
+    const bool more = !at_work.batch.is_last;
+    // First, so that it is begun before the run's own thread comes back from writing.
+    const std::size_t readings = more && MayReadAside(cursor) ? 1 : 0;
+    pool.Begin(readings + at_work.results.size(), [&, readings](std::size_t place) {
+      if (place < readings) {
+        next.Take(ReadBatchAside(cursor));
+      } else {
+        work_on(at_work, place - readings);
+      }
+    });
+    if (!write_all(last)) return false;
+    if (more && readings == 0) next.Take(ReadBatch(run, cursor));
+    pool.Finish();
+    if (!more) return write_all(at_work);
   }
 }
 
