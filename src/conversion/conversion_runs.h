@@ -54,7 +54,7 @@ struct ConversionRun {
   bool reports_skipped;  ///< the report lists features without a shape
   bool flushes_each_feature;
   RunWords words;
-  std::unique_ptr<ConversionStep> (*MakeStep)(const StepContext& context);
+  std::unique_ptr<ConversionStep> (*make_step)(const StepContext& context);
 };
 
 /// The run of an option, null when there is none.

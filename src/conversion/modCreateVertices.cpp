@@ -102,7 +102,7 @@ class FeatureLoop {
         facts_(facts),
         context_(context),
         journal_(context.journal),
-        step_(run.MakeStep(step_context)) {}
+        step_(run.make_step(step_context)) {}
 
   // False when the user stopped the run.
   bool Run() {

@@ -157,10 +157,10 @@ std::vector<PathRef> PartsByGeos(const PartedShape& polygon, const Envelope& box
 // Cuts at those sides of the box alone that the simple polygon reaches over.
 std::vector<PathRef> PartsInside(const PartedShape& polygon, const Envelope& extent, const Envelope& box) {
   using Kept = HalfPlane::Kept;
-  const std::pair<bool, HalfPlane> sides[] = {{extent.XMin() < box.XMin(), {Kept::kEast, box.XMin()}},
-                                              {extent.XMax() > box.XMax(), {Kept::kWest, box.XMax()}},
-                                              {extent.YMin() < box.YMin(), {Kept::kNorth, box.YMin()}},
-                                              {extent.YMax() > box.YMax(), {Kept::kSouth, box.YMax()}}};
+  const std::pair<bool, HalfPlane> sides[] = {{extent.XMin() < box.XMin(), {Kept::East, box.XMin()}},
+                                              {extent.XMax() > box.XMax(), {Kept::West, box.XMax()}},
+                                              {extent.YMin() < box.YMin(), {Kept::North, box.YMin()}},
+                                              {extent.YMax() > box.YMax(), {Kept::South, box.YMax()}}};
   LineList rings;
   for (const PathRef& part : polygon.Parts()) {
     if (part->Envelope().Intersects(box)) rings.push_back(DensifiedVertices(*part));

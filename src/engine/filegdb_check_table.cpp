@@ -95,7 +95,7 @@ class TableCheck {
   }
 
   void CheckFreePlaces() {
-    const RawFile file(base_ + ".freelist", FileAccess::kRead);
+    const RawFile file(base_ + ".freelist", FileAccess::Read);
     if (!file.IsOpen()) return;
     if (file.Size() % kFreePage != kFreeTrailer) {
       Tell("the list of free places has a length that it can't have");
@@ -172,7 +172,7 @@ class TableCheck {
   // the number may stand there alone.
   void CheckEntries(const std::string& path, const GdbIndex& index, std::uint64_t expected) {
     constexpr std::int64_t kTrailer = 22;
-    const RawFile file(path, FileAccess::kRead);
+    const RawFile file(path, FileAccess::Read);
     if (!file.IsOpen() || file.Size() < kFreePage + kTrailer) {
       Tell("the index '" + index.name + "' is cut off");
       return;

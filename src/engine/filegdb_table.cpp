@@ -128,7 +128,7 @@ std::optional<std::string> GdbTable::Row(std::int64_t offset) const {
 }
 
 void SettleGdbHeader(const std::string& base) {
-  const GdbTable table(base, FileAccess::kChange);
+  const GdbTable table(base, FileAccess::Change);
   if (!table.IsUsable()) return;
   std::array<char, kGdbHeaderSize> header{};
   table.File().Read(0, header);

@@ -45,7 +45,7 @@ class GdbRowPlaces {
 class GdbTable {
  public:
   /// `base` is the path without ".gdbtable".
-  explicit GdbTable(const std::string& base, FileAccess access = FileAccess::kRead);
+  explicit GdbTable(const std::string& base, FileAccess access = FileAccess::Read);
 
   [[nodiscard]] bool IsUsable() const { return usable_; }
   [[nodiscard]] const RawFile& File() const { return file_; }

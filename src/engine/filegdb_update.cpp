@@ -57,7 +57,7 @@ bool IsWritable(GdbColumn::Type type) { return type <= GdbColumn::kText; }
 class FileGdbUpdate final : public AttributeUpdate {
  public:
   FileGdbUpdate(std::shared_ptr<FileGdbEdit> edit, const std::string& base, OGRLayer& layer, std::size_t held_bytes)
-      : edit_(std::move(edit)), base_(base), table_(base, FileAccess::kChange), held_bytes_(held_bytes) {
+      : edit_(std::move(edit)), base_(base), table_(base, FileAccess::Change), held_bytes_(held_bytes) {
     if (!table_.IsUsable()) return;
     MatchFields(*layer.GetLayerDefn());
     table_.File().Read(0, header_);

@@ -19,8 +19,8 @@ using Vertices = std::vector<XY>;
 class View {
  public:
   explicit View(const HalfPlane& half)
-      : upright_(half.kept == HalfPlane::Kept::kWest || half.kept == HalfPlane::Kept::kEast),
-        greater_(half.kept == HalfPlane::Kept::kEast || half.kept == HalfPlane::Kept::kNorth),
+      : upright_(half.kept == HalfPlane::Kept::West || half.kept == HalfPlane::Kept::East),
+        greater_(half.kept == HalfPlane::Kept::East || half.kept == HalfPlane::Kept::North),
         line_(half.line) {}
 
   /// 1 inside, 0 on the line, -1 outside.

@@ -11,7 +11,7 @@ namespace tessarine::engine {
 
 /// The side of a line of constant x, or of constant y, that is kept, with the line itself.
 struct HalfPlane {
-  enum class Kept { kWest, kEast, kSouth, kNorth };
+  enum class Kept { West, East, South, North };
   Kept kept;
   double line;
 };

@@ -16,7 +16,7 @@ namespace tessarine::engine {
 
 RawFile::RawFile(std::string path, FileAccess access)
     : path_(std::move(path)),
-      handle_(open(path_.c_str(), (access == FileAccess::kRead ? O_RDONLY : O_RDWR) | O_CLOEXEC)) {}
+      handle_(open(path_.c_str(), (access == FileAccess::Read ? O_RDONLY : O_RDWR) | O_CLOEXEC)) {}
 
 RawFile::~RawFile() {
   if (handle_ >= 0) close(handle_);

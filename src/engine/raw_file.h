@@ -10,12 +10,12 @@
 
 namespace tessarine::engine {
 
-enum class FileAccess { kRead, kChange };
+enum class FileAccess { Read, Change };
 
 /// Every transfer is whole, or a fault that names the file.
 class RawFile {
  public:
-  explicit RawFile(std::string path, FileAccess access = FileAccess::kChange);
+  explicit RawFile(std::string path, FileAccess access = FileAccess::Change);
   /// Takes over an open file.
   RawFile(std::string path, int handle) : path_(std::move(path)), handle_(handle) {}
   ~RawFile();

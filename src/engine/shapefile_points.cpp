@@ -123,7 +123,7 @@ std::unique_ptr<ShapefilePoints> ShapefilePoints::Open(const OgrSource& source, 
   if (fs::file_size(shapes, error) != kHeaderSize || fs::file_size(index, error) != kHeaderSize) return nullptr;
   DbaseLayout layout;
   {
-    const RawFile file(table, FileAccess::kRead);
+    const RawFile file(table, FileAccess::Read);
     if (!file.IsOpen()) return nullptr;
     layout = ReadDbaseLayout(file);
   }

@@ -27,7 +27,7 @@ std::shared_ptr<const WideNumbers> WideNumbers::Open(const OgrSource& source, OG
   if (std::ranges::none_of(wide, [](bool is_wide) { return is_wide; })) return nullptr;
   const std::string path = FindDbaseTable(source);
   if (path.empty()) return nullptr;
-  auto file = std::make_unique<RawFile>(path, FileAccess::kRead);
+  auto file = std::make_unique<RawFile>(path, FileAccess::Read);
   if (!file->IsOpen()) return nullptr;
   DbaseLayout layout = ReadDbaseLayout(*file);
   if (layout.columns.size() != wide.size()) return nullptr;

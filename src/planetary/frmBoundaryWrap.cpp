@@ -116,7 +116,7 @@ void frmBoundaryWrap::ShowBox(const WrapBox& box) {
 
 void frmBoundaryWrap::ShowSteps(const StepChoice& choice) {
   cboPole.SetListIndex(static_cast<std::int32_t>(&RowOfPole(choice.pole) - AllPoles().data()));
-  chkShortSteps.SetValue(choice.steps == LongSteps::kShortWay ? CheckBox::kChecked : CheckBox::kUnchecked);
+  chkShortSteps.SetValue(choice.steps == LongSteps::ShortWay ? CheckBox::kChecked : CheckBox::kUnchecked);
   FollowShortSteps();
 }
 
@@ -128,7 +128,7 @@ void frmBoundaryWrap::FollowShortSteps() {
 
 StepChoice frmBoundaryWrap::ChosenSteps() const {
   if (chkShortSteps.Value() != CheckBox::kChecked) return {};
-  return {LongSteps::kShortWay, AllPoles()[static_cast<std::size_t>(cboPole.ListIndex())].pole};
+  return {LongSteps::ShortWay, AllPoles()[static_cast<std::size_t>(cboPole.ListIndex())].pole};
 }
 
 std::optional<WrapBox> frmBoundaryWrap::ChosenBox() {

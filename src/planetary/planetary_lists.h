@@ -26,11 +26,11 @@ enum WrapOption : std::int32_t {
 };
 
 /// What a step of more than 180 degrees of longitude means.
-enum class LongSteps : std::int32_t { kAsTheyStand = 0, kShortWay = 1 };
+enum class LongSteps : std::int32_t { AsTheyStand = 0, ShortWay = 1 };
 
 /// How shapes that jump over the edge are read.
 struct StepChoice {
-  LongSteps steps = LongSteps::kAsTheyStand;
+  LongSteps steps = LongSteps::AsTheyStand;
   geodesy::EnclosedPole pole = geodesy::EnclosedPole::SmallerPart;
 };
 

@@ -46,7 +46,7 @@ std::string Degrees(double value) { return MyGeneralOperations::TrimZerosAndDeci
 
 // Nothing is said of steps that stay as they stand.
 void AddSteps(const StepChoice& choice, ReportSection& section) {
-  if (choice.steps == LongSteps::kAsTheyStand) return;
+  if (choice.steps == LongSteps::AsTheyStand) return;
   section.lines.emplace_back("  ** Steps of more than 180 Degrees:  The Short Way over the Edge");
   section.lines.push_back(std::string("  ** Rings round the Globe Hold:  ") + RowOfPole(choice.pole).report_text);
 }
@@ -76,7 +76,7 @@ struct Prepared {
 
 Prepared Prepare(const GeometryRef& copy, const WrapTask& task) {
   Prepared prepared{task.shift != 0.0 ? FeatureLongitudeShift(copy, task.shift) : copy, {}};
-  if (prepared.shape && task.steps.steps == LongSteps::kShortWay) {
+  if (prepared.shape && task.steps.steps == LongSteps::ShortWay) {
     prepared.steps = TakeShortSteps(*prepared.shape, task.steps.pole);
   }
   return prepared;

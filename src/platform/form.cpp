@@ -97,11 +97,11 @@ void Form::MouseMoved(const Control* control) {
 }
 
 void Form::Refresh() {
-  if (OnRefresh) OnRefresh();
+  if (on_refresh) on_refresh();
 }
 
 void Form::Notify(Control* control) {
-  if (OnChanged) OnChanged(control);
+  if (on_changed) on_changed(control);
 }
 
 }  // namespace tessarine

@@ -336,8 +336,8 @@ class Form : public Container {
 
   // A view's ears: called after any change of a control (nothing stands for the form itself), and when the form
   // is to be painted at once.
-  std::function<void(Control*)> OnChanged;
-  std::function<void()> OnRefresh;
+  std::function<void(Control*)> on_changed;
+  std::function<void()> on_refresh;
 
  protected:
   void SetSize(double width, double height);

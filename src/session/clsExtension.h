@@ -16,6 +16,7 @@ namespace tessarine {
 /// checked on the way in.
 class clsExtension final : public IExtension, public IPersistVariant {
  public:
+  // NOLINTBEGIN(readability-identifier-naming): other programs know these names
   std::shared_ptr<VarArray> frmLayerFieldsReturn;  ///< of other programs: nothing here reads it
   std::shared_ptr<VarArray> frmBoundaryWrapReturn;
   double CustomBoundaryWest = 0.0;
@@ -53,6 +54,7 @@ class clsExtension final : public IExtension, public IPersistVariant {
   std::string FieldName;           ///< of other programs: nothing here reads it
   std::string AttributeFieldName;  ///< of other programs: nothing here reads it
   bool ShouldContinue = false;
+  // NOLINTEND(readability-identifier-naming)
 
   [[nodiscard]] std::string Name() const override;
   void Startup(const Variant& initialization_data) override;

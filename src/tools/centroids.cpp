@@ -52,7 +52,7 @@ const ConversionRow kRow{
                       .all_label = "Convert All Records (n = ",
                       .selected_label = "Convert Selected Records (n = ",
                       .count_noun = " centroids"},
-            .MakeStep = MakeCentroidStep,
+            .make_step = MakeCentroidStep,
         },
 };
 

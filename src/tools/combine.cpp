@@ -55,7 +55,7 @@ const ConversionRow kRow{
                       .all_label = "Joined All Records (n = ",
                       .selected_label = "Joined Selected Records (n = ",
                       .count_noun = " feature"},
-            .MakeStep = MakeJoinStep,
+            .make_step = MakeJoinStep,
         },
 };
 

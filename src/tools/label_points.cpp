@@ -50,7 +50,7 @@ const ConversionRow kRow{
                       .all_label = "Convert All Records (n = ",
                       .selected_label = "Convert Selected Records (n = ",
                       .count_noun = " label points"},
-            .MakeStep = MakeLabelPointStep,
+            .make_step = MakeLabelPointStep,
         },
 };
 

@@ -60,7 +60,7 @@ const ConversionRow kRow{
                       .all_label = "Convert All Records (n = ",
                       .selected_label = "Convert Selected Records (n = ",
                       .count_noun = " spherical centroids"},
-            .MakeStep = MakeSphericalCentroidStep,
+            .make_step = MakeSphericalCentroidStep,
         },
 };
 

@@ -56,7 +56,7 @@ const ConversionRow kRow{
                       .all_label = "Split All Records (n = ",
                       .selected_label = "Split Selected Records (n = ",
                       .count_noun = " features"},
-            .MakeStep = MakeSplitStep,
+            .make_step = MakeSplitStep,
         },
 };
 

@@ -54,7 +54,7 @@ const ConversionRow kRow{
                       .all_label = "Convert All Records (n = ",
                       .selected_label = "Convert Selected Records (n = ",
                       .count_noun = " polygons"},
-            .MakeStep = MakePolygonStep,
+            .make_step = MakePolygonStep,
         },
 };
 

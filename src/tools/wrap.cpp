@@ -117,7 +117,7 @@ class WrapTool final : public Tool {
       arguments.Set("range", WordOf(chosen.Option(), ""));
     }
     const StepChoice steps = chosen.Steps();
-    arguments.Set("short-steps", steps.steps == LongSteps::kShortWay);
+    arguments.Set("short-steps", steps.steps == LongSteps::ShortWay);
     arguments.Set("pole", std::string(RowOfPole(steps.pole).word));
     arguments.Set("shift", chosen.Shift());
     const MyGeneralOperations::OutputChoice place = chosen.Output().Place();
@@ -167,7 +167,7 @@ class WrapTool final : public Tool {
     const double shift = ShiftOf(arguments, extension, from_document);
     StepChoice steps;
     if (arguments.Get<bool>("short-steps")) {
-      steps = {LongSteps::kShortWay, RowOfPole(std::string_view(arguments.Get<std::string>("pole"))).pole};
+      steps = {LongSteps::ShortWay, RowOfPole(std::string_view(arguments.Get<std::string>("pole"))).pole};
     }
     extension.CustomBoundaryWest = box.west;
     extension.CustomBoundaryNorth = box.north;

@@ -26,16 +26,16 @@ double AreaByOverlay(const Polygon& polygon, const HalfPlane& half) {
   constexpr double kFar = 1e4;
   Envelope side(-kFar, -kFar, kFar, kFar);
   switch (half.kept) {
-    case Kept::kWest:
+    case Kept::West:
       side = Envelope(-kFar, -kFar, half.line, kFar);
       break;
-    case Kept::kEast:
+    case Kept::East:
       side = Envelope(half.line, -kFar, kFar, kFar);
       break;
-    case Kept::kSouth:
+    case Kept::South:
       side = Envelope(-kFar, -kFar, kFar, half.line);
       break;
-    case Kept::kNorth:
+    case Kept::North:
       side = Envelope(-kFar, half.line, kFar, kFar);
       break;
   }
@@ -54,17 +54,16 @@ LineList RingsOf(const Polygon& polygon) {
 
 TEST(HalfPlane, TheCutLiesOnTheLineAndVerticesThereStay) {
   const LineList box{Box(0, 0, 10, 10)};
-  EXPECT_THAT(*CutToHalfPlane(box, {Kept::kWest, 4.0}),
-              ElementsAre(Vertices{{4, 0}, {0, 0}, {0, 10}, {4, 10}, {4, 0}}));
-  EXPECT_THAT(*CutToHalfPlane(box, {Kept::kNorth, 12.0}), IsEmpty());
-  EXPECT_THAT(*CutToHalfPlane(box, {Kept::kNorth, 10.0}), IsEmpty()) << "a side alone bounds nothing";
-  EXPECT_THAT(*CutToHalfPlane(box, {Kept::kEast, -1.0}), ElementsAre(box[0]));
+  EXPECT_THAT(*CutToHalfPlane(box, {Kept::West, 4.0}), ElementsAre(Vertices{{4, 0}, {0, 0}, {0, 10}, {4, 10}, {4, 0}}));
+  EXPECT_THAT(*CutToHalfPlane(box, {Kept::North, 12.0}), IsEmpty());
+  EXPECT_THAT(*CutToHalfPlane(box, {Kept::North, 10.0}), IsEmpty()) << "a side alone bounds nothing";
+  EXPECT_THAT(*CutToHalfPlane(box, {Kept::East, -1.0}), ElementsAre(box[0]));
   // On the line itself the ring keeps the vertex between its corners.
   const LineList beside{{{4, 0}, {0, 0}, {0, 10}, {4, 10}, {4, 5}, {4, 0}}, Box(20, 0, 30, 10)};
-  EXPECT_THAT(*CutToHalfPlane(beside, {Kept::kWest, 4.0}),
+  EXPECT_THAT(*CutToHalfPlane(beside, {Kept::West, 4.0}),
               ElementsAre(Vertices{{4, 0}, {0, 0}, {0, 10}, {4, 10}, {4, 5}, {4, 0}}));
   // Rings the wrong way round bound no area at their right.
-  EXPECT_EQ(CutToHalfPlane({Box(0, 0, 10, 10, false)}, {Kept::kWest, 4.0}), std::nullopt);
+  EXPECT_EQ(CutToHalfPlane({Box(0, 0, 10, 10, false)}, {Kept::West, 4.0}), std::nullopt);
 }
 
 TEST(HalfPlane, TeethAndHolesOnTheLine) {
@@ -86,7 +85,7 @@ TEST(HalfPlane, TeethAndHolesOnTheLine) {
       {"two teeth that meet on the line", {{{9, 0}, {0, 0}, {5, 3}, {0, 6}, {9, 6}, {9, 0}}}, 15, 2},
   };
   for (const Row& row : rows) {
-    const auto cut = CutToHalfPlane(row.rings, {Kept::kWest, 5.0});
+    const auto cut = CutToHalfPlane(row.rings, {Kept::West, 5.0});
     ASSERT_TRUE(cut) << row.name;
     const auto polygon = PolygonOf(*cut);
     polygon->Simplify();
@@ -109,7 +108,7 @@ TEST(HalfPlane, RandomAreasAgreeWithAnOverlay) {
     for (int corner = 0; corner < 12; ++corner) ring.push_back({coordinate(), coordinate()});
     const auto polygon = PolygonOf({ring});
     polygon->Simplify();
-    for (const Kept kept : {Kept::kWest, Kept::kEast, Kept::kSouth, Kept::kNorth}) {
+    for (const Kept kept : {Kept::West, Kept::East, Kept::South, Kept::North}) {
       for (const double line : {-3.0, 0.0, 2.0}) {
         const auto rings = CutToHalfPlane(RingsOf(*polygon), {kept, line});
         if (!rings) continue;

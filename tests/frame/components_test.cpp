@@ -237,7 +237,7 @@ TEST(DocumentApplicationTest, SettingsTravelWithADocumentThatBecameDirty) {
   TestHost host;
   const testing::ReportedFaults reported;
   const auto document = std::make_shared<MapDocument>();
-  document->Settings = {3.0, "\\old", "", false, true};  // a document of an older version
+  document->settings = {3.0, "\\old", "", false, true};  // a document of an older version
   const auto application = std::make_shared<DocumentApplication>(document, nullptr);
   application->Start();
   const auto extension = FindExtension(application);
@@ -248,15 +248,15 @@ TEST(DocumentApplicationTest, SettingsTravelWithADocumentThatBecameDirty) {
 
   extension->DirectoryPath = "\\new";
   application->Stop();
-  EXPECT_EQ(document->Settings.size(), 5U) << "a clean document stays as it is";
+  EXPECT_EQ(document->settings.size(), 5U) << "a clean document stays as it is";
   EXPECT_EQ(FindExtension(application), nullptr);
 
   application->Start();
   FindExtension(application)->DirectoryPath = "\\new";
   document->SetDirty();
   application->Stop();
-  ASSERT_EQ(document->Settings.size(), 12U);
-  EXPECT_EQ(document->Settings[1], Variant("\\new"));
+  ASSERT_EQ(document->settings.size(), 12U);
+  EXPECT_EQ(document->settings[1], Variant("\\new"));
 }
 
 TEST(DocumentApplicationTest, ClicksByIdentifier) {

@@ -58,8 +58,8 @@ class GraphicSelectionTest : public ::testing::Test {
     const auto element = MakeElement("line");
     const auto shape = std::make_shared<Polyline>();
     shape->AddGeometry(std::make_shared<Path>(std::vector<XY>{from, to}));
-    element->Shape = shape;
-    element->Selected = selected;
+    element->shape = shape;
+    element->selected = selected;
     document->map->AddElement(element);
   }
   void Click(const std::string& name) {
@@ -70,7 +70,7 @@ class GraphicSelectionTest : public ::testing::Test {
   }
   std::string Selection() const {
     std::string marks;
-    for (const auto& element : document->map->Elements()) marks += element->Selected ? 'S' : '-';
+    for (const auto& element : document->map->Elements()) marks += element->selected ? 'S' : '-';
     return marks;
   }
 };
@@ -124,17 +124,17 @@ TEST_F(GraphicSelectionTest, ZoomTakesTheSelectedAlone) {
 
 TEST_F(GraphicSelectionTest, ZoomToNothingAndToAPoint) {
   const auto point = MakeElement("marker");
-  point->Shape = std::make_shared<Point>(3, 4);
+  point->shape = std::make_shared<Point>(3, 4);
   document->map->AddElement(point);
   document->view->SetExtent(Envelope(0, 0, 1, 1));
   Click("clsZoomToSelected");
   EXPECT_EQ(document->view->Extent(), Envelope(0, 0, 1, 1));
   EXPECT_FALSE(document->dirty);
-  point->Selected = true;
+  point->selected = true;
   Click("clsZoomToSelected");
   EXPECT_EQ(document->view->Extent(), Envelope(3, 4, 3, 4));
   document->dirty = false;
-  point->Shape = nullptr;
+  point->shape = nullptr;
   Click("clsZoomToSelected");
   EXPECT_EQ(document->view->Extent(), Envelope(3, 4, 3, 4)) << "an element without a shape lies nowhere";
   EXPECT_FALSE(document->dirty);

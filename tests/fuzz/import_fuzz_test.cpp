@@ -17,7 +17,7 @@ void ExpectUsable(const MapDocument& document, const ImportResult& result) {
   const auto count = static_cast<std::size_t>(result.markers + result.lines + result.polygons);
   EXPECT_EQ(document.Map().Elements().size(), count);
   for (const auto& element : document.Map().Elements()) {
-    const Envelope box = element->Shape->Envelope();
+    const Envelope box = element->shape->Envelope();
     EXPECT_TRUE(std::isfinite(box.XMin()) && std::isfinite(box.YMin()) && std::isfinite(box.XMax()) &&
                 std::isfinite(box.YMax()));
   }

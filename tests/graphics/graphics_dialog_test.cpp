@@ -39,8 +39,8 @@ TEST_F(GraphicsDialog, ElementsAreSortedByShape) {
   EXPECT_EQ(selected->Element(4), "5) Polygon Shapefile: 0 Polylines + 0 Polygons");
   EXPECT_TRUE(harvest.all.polylines.any_name);
   EXPECT_FALSE(harvest.all.points.any_name);
-  EXPECT_EQ(Cast<DocumentSymbol>(harvest.all.polylines.first_symbol)->Definition, "line2");
-  EXPECT_NE(harvest.all.points.shapes->Element(0).AsObject<Point>(), document->Map().Elements()[0]->Shape);
+  EXPECT_EQ(Cast<DocumentSymbol>(harvest.all.polylines.first_symbol)->definition, "line2");
+  EXPECT_NE(harvest.all.points.shapes->Element(0).AsObject<Point>(), document->Map().Elements()[0]->shape);
 }
 
 TEST_F(GraphicsDialog, FirstModeFollowsTheViewAndItsGraphics) {

@@ -33,10 +33,10 @@ class GraphicsTest : public SuiteTest {
   std::shared_ptr<GraphicElement> Add(DocumentView& view, const std::string& kind, const GeometryRef& shape,
                                       const std::string& name = "", bool selected = false) {
     const auto element = MakeElement(kind);
-    element->Shape = shape;
+    element->shape = shape;
     element->SetName(name);
-    element->Selected = selected;
-    element->DrawnWith = std::make_shared<DocumentSymbol>(kind + std::to_string(view.Elements().size()));
+    element->selected = selected;
+    element->drawn_with = std::make_shared<DocumentSymbol>(kind + std::to_string(view.Elements().size()));
     view.AddElement(element);
     return element;
   }

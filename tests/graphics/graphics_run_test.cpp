@@ -107,7 +107,7 @@ TEST_F(GraphicsRun, CurvesBecomeTwoHundredPieces) {
   Convert(1);
   EachFeature("out.shp",
               [&](OGRFeature& feature) { EXPECT_EQ(feature.GetGeometryRef()->toLineString()->getNumPoints(), 201); });
-  EXPECT_TRUE(Cast<Polyline>(document->Map().Elements()[2]->Shape)->HasCurves()) << "the element keeps its shape";
+  EXPECT_TRUE(Cast<Polyline>(document->Map().Elements()[2]->shape)->HasCurves()) << "the element keeps its shape";
 }
 
 TEST_F(GraphicsRun, PointsKeepTheReferenceOfTheOutput) {
@@ -131,7 +131,7 @@ TEST_F(GraphicsRun, ShapesWithoutAReferenceAreLabelledAndStayInPlace) {
   Reference("EPSG:32631");
   host.chosen_reference = SpatialReferenceEnvironment::CreateFromText("EPSG:4326");
   const auto element = Add("marker", At(3, 50));
-  element->Shape->SetSpatialReference(std::make_shared<UnknownCoordinateSystem>());
+  element->shape->SetSpatialReference(std::make_shared<UnknownCoordinateSystem>());
   Convert(0);
   EXPECT_THAT(Numbers("X_Coord"), ::testing::ElementsAre(3.0));
   EXPECT_THAT(Numbers("Y_Coord"), ::testing::ElementsAre(50.0));
@@ -150,7 +150,7 @@ TEST_F(GraphicsRun, NamesAreCountedAndLookAndLayerFollow) {
   EXPECT_THAT(Numbers("Unique_ID"), ::testing::ElementsAre(1, 2, 3, 4));
   ASSERT_NE(NewLayer(), nullptr);
   EXPECT_EQ(NewLayer()->Name(), "out");
-  EXPECT_EQ(Cast<DocumentSymbol>(Cast<TestRenderer>(NewLayer()->renderer)->symbol)->Definition, "polygon0");
+  EXPECT_EQ(Cast<DocumentSymbol>(Cast<TestRenderer>(NewLayer()->renderer)->symbol)->definition, "polygon0");
   EXPECT_TRUE(document->Dirty());
   EXPECT_EQ(host.beeps, 1);
   EXPECT_EQ(extension->DirectoryPath, folder.Path());

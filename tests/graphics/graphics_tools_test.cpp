@@ -42,7 +42,7 @@ class GraphicsTools : public GraphicsTest {
   // A mark for each element of the map.
   std::string Selection() const {
     std::string marks;
-    for (const auto& element : document->Map().Elements()) marks += element->Selected ? 'S' : '-';
+    for (const auto& element : document->Map().Elements()) marks += element->selected ? 'S' : '-';
     return marks;
   }
   void AddSome() {

@@ -32,7 +32,7 @@ class SelectGraphics : public GraphicsTest {
   }
   std::string Selection(const DocumentView& view) const {
     std::string marks;
-    for (const auto& element : view.Elements()) marks += element->Selected ? 'S' : '-';
+    for (const auto& element : view.Elements()) marks += element->selected ? 'S' : '-';
     return marks;
   }
 };
@@ -86,7 +86,7 @@ TEST_F(SelectGraphics, ByTypeNameAndPattern) {
   for (const Row& row : rows) {
     SCOPED_TRACE(row.what);
     document->ClearDirty();
-    for (const auto& element : document->Map().Elements()) element->Selected = element->Name() == "river";
+    for (const auto& element : document->Map().Elements()) element->selected = element->Name() == "river";
     Select([&](frmSelectGraphics& form) {
       EXPECT_EQ(form.chkRectangles.Caption(), "Rectangles [1]");
       EXPECT_FALSE(form.chkPolygons.Enabled());

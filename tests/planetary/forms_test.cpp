@@ -164,7 +164,7 @@ TEST_F(PlanetaryFormTest, StepsOverTheEdgeAreAChoiceThatIsOffAtFirst) {
   EXPECT_EQ(wrap.chkShortSteps.Value(), CheckBox::kUnchecked);
   EXPECT_FALSE(wrap.cboPole.Enabled());
   wrap.cmdOK.Press();
-  EXPECT_EQ(WrapArguments(extension->frmBoundaryWrapReturn).Steps().steps, LongSteps::kAsTheyStand);
+  EXPECT_EQ(WrapArguments(extension->frmBoundaryWrapReturn).Steps().steps, LongSteps::AsTheyStand);
 
   frmBoundaryWrap second;
   second.SetArcApplication(application);
@@ -174,7 +174,7 @@ TEST_F(PlanetaryFormTest, StepsOverTheEdgeAreAChoiceThatIsOffAtFirst) {
   second.cboPole.SetListIndex(2);
   second.cmdOK.Press();
   const StepChoice chosen = WrapArguments(extension->frmBoundaryWrapReturn).Steps();
-  EXPECT_EQ(chosen.steps, LongSteps::kShortWay);
+  EXPECT_EQ(chosen.steps, LongSteps::ShortWay);
   EXPECT_EQ(chosen.pole, EnclosedPole::South);
 
   // As with the layer, the next dialog shows the last choice.
@@ -186,7 +186,7 @@ TEST_F(PlanetaryFormTest, StepsOverTheEdgeAreAChoiceThatIsOffAtFirst) {
   // A list of eight elements says nothing of steps.
   const auto shorter = std::make_shared<VarArray>();
   for (int element = 0; element < 8; ++element) shorter->Add(0.0);
-  EXPECT_EQ(WrapArguments(shorter).Steps().steps, LongSteps::kAsTheyStand);
+  EXPECT_EQ(WrapArguments(shorter).Steps().steps, LongSteps::AsTheyStand);
   EXPECT_TRUE(WrapArguments(shorter).FromDocument().empty());
 }
 

@@ -179,7 +179,7 @@ TEST_F(WrapRunTest, StepsGoTheShortWayIfAskedFor) {
   EXPECT_THAT(as_given, Not(HasSubstr("Steps")));
   EXPECT_NEAR(Output().rows.at(0).Area(), 3400.0, 1e-9);
   place.name = "short.shp";
-  const StepChoice short_way{LongSteps::kShortWay, geodesy::EnclosedPole::SmallerPart};
+  const StepChoice short_way{LongSteps::ShortWay, geodesy::EnclosedPole::SmallerPart};
   const std::string text = Wrap(kBox180, kWrap180, 0.0, false, short_way);
   const StoredLayer output = Output();
   EXPECT_NEAR(output.rows.at(0).Area(), 200.0, 1e-9);
@@ -189,7 +189,7 @@ TEST_F(WrapRunTest, StepsGoTheShortWayIfAskedFor) {
   EXPECT_THAT(text, HasSubstr("NOTE:  Rings round the globe were led over a pole:\n  --> North Pole:  OID #2\n-"));
   EXPECT_THAT(text, Not(HasSubstr("changed")));
   place.name = "south.shp";
-  Wrap(kBox180, kWrap180, 0.0, false, {LongSteps::kShortWay, geodesy::EnclosedPole::South});
+  Wrap(kBox180, kWrap180, 0.0, false, {LongSteps::ShortWay, geodesy::EnclosedPole::South});
   EXPECT_NEAR(Output().rows.at(1).Area(), 360.0 * 170, 1e-9);
 }
 

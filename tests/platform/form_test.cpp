@@ -47,7 +47,7 @@ TEST(Controls, AChangedValueFiresOnce) {
   SampleForm form;
   int clicks = 0, changes = 0;
   form.chkZoom.Click = [&] { ++clicks; };
-  form.OnChanged = [&](Control* control) { changes += control == &form.chkZoom ? 1 : 0; };
+  form.on_changed = [&](Control* control) { changes += control == &form.chkZoom ? 1 : 0; };
   form.chkZoom.SetValue(CheckBox::kChecked);
   form.chkZoom.SetValue(CheckBox::kChecked);
   EXPECT_EQ(clicks, 1);

@@ -31,16 +31,16 @@ class DocumentTemplates final : public ITemplates {
 void DocumentApplication::Start() {
   extension_ = CreateComponentAs<IExtension>(known_ids::kSuiteExtension, "IExtension");
   extension_->Startup(Variant(shared_from_this()));
-  if (document_->Settings.empty()) return;
-  SettingsStream stream(document_->Settings);
+  if (document_->settings.empty()) return;
+  SettingsStream stream(document_->settings);
   Require(Cast<IPersistVariant>(extension_), "IPersistVariant")->Load(stream);
 }
 
 void DocumentApplication::Stop() {
   if (!extension_) return;
   if (document_->Dirty()) {
-    document_->Settings.clear();
-    SettingsStream stream(document_->Settings);
+    document_->settings.clear();
+    SettingsStream stream(document_->settings);
     Require(Cast<IPersistVariant>(extension_), "IPersistVariant")->Save(stream);
   }
   extension_->Shutdown();
@@ -58,7 +58,7 @@ bool DocumentApplication::Click(const std::string& class_id) {
 std::shared_ptr<ITemplates> DocumentApplication::Templates() const {
   // A document that was never saved stands for a file in the working folder.
   const std::string path =
-      document_->Path.empty() ? (std::filesystem::current_path() / "untitled.json").string() : document_->Path;
+      document_->path.empty() ? (std::filesystem::current_path() / "untitled.json").string() : document_->path;
   return std::make_shared<DocumentTemplates>(FromNativePath(path));
 }
 

@@ -47,21 +47,21 @@ class DocumentReader {
 
   void Read(const JsonPlace& root) {
     if (root.Member("format").Text() != kFormat) root.Member("format").Fail("\"" + std::string(kFormat) + "\"");
-    document_.HostVersion = root.TextOr("host version", document_.HostVersion);
+    document_.host_version = root.TextOr("host version", document_.host_version);
     if (root.Has("map")) ReadMap(root.Member("map"));
     if (root.Has("layout")) {
       ReadView(root.Member("layout"), document_.Layout());
-      document_.Layout().Others = OtherMembers(root.Member("layout").Value(), kLayoutMembers);
+      document_.Layout().others = OtherMembers(root.Member("layout").Value(), kLayoutMembers);
     }
     const std::string active = root.TextOr("active view", "map");
     if (active != "map" && active != "layout") root.Member("active view").Fail("\"map\" or \"layout\"");
     document_.SetLayoutActive(active == "layout");
     if (root.Has("settings")) {
       root.Member("settings").ForEach([&](const JsonPlace& item) {
-        document_.Settings.push_back(SettingFromJson(item));
+        document_.settings.push_back(SettingFromJson(item));
       });
     }
-    document_.Others = OtherMembers(root.Value(), kDocumentMembers);
+    document_.others = OtherMembers(root.Value(), kDocumentMembers);
   }
 
  private:
@@ -78,12 +78,12 @@ class DocumentReader {
     if (place.Has("tables")) {
       place.Member("tables").ForEach([&](const JsonPlace& item) {
         const auto table = std::make_shared<DocumentTable>(item.Member("name").Text(), ReadSource(item));
-        table->Others = OtherMembers(item.Value(), kTableMembers);
+        table->others = OtherMembers(item.Value(), kTableMembers);
         map.AddTable(table);
       });
     }
     ReadView(place, map);
-    map.Others = OtherMembers(place.Value(), kMapMembers);
+    map.others = OtherMembers(place.Value(), kMapMembers);
   }
 
   void ReadView(const JsonPlace& place, DocumentView& view) {
@@ -115,8 +115,8 @@ class DocumentReader {
     if (depth == kMaximumGroupDepth) place.Fail("nested less deeply");
     auto group = std::make_shared<DocumentGroupLayer>(name);
     place.Member("members").ForEach(
-        [&](const JsonPlace& item) { group->Members.push_back(ReadLayer(item, depth + 1)); });
-    group->Others = OtherMembers(place.Value(), kGroupMembers);
+        [&](const JsonPlace& item) { group->members.push_back(ReadLayer(item, depth + 1)); });
+    group->others = OtherMembers(place.Value(), kGroupMembers);
     return group;
   }
 
@@ -133,7 +133,7 @@ class DocumentReader {
       for (const auto& [field, value] : fields.Value().items()) {
         const JsonPlace info(value, fields.Path() + "." + field);
         layer->SetFieldInfo(field, {info.TextOr("alias", field), info.FlagOr("visible", true)});
-        layer->FieldOthers[field] = OtherMembers(value, kFieldMembers);
+        layer->field_others[field] = OtherMembers(value, kFieldMembers);
       }
     }
     if (place.Has("selection")) {
@@ -141,7 +141,7 @@ class DocumentReader {
       place.Member("selection").ForEach([&](const JsonPlace& item) { oids.push_back(item.Whole()); });
       layer->SetSelectedOids(std::move(oids));
     }
-    layer->Others = OtherMembers(place.Value(), kLayerMembers);
+    layer->others = OtherMembers(place.Value(), kLayerMembers);
     return layer;
   }
 
@@ -150,19 +150,19 @@ class DocumentReader {
     std::shared_ptr<GraphicElement> element = MakeElement(place.Member("kind").Text());
     if (!element) place.Member("kind").Fail("one of: " + ElementKinds());
     element->SetName(place.TextOr("name", ""));
-    element->Selected = place.FlagOr("selected", false);
-    element->Content = place.TextOr("content", "");
-    if (place.Has("symbol")) element->DrawnWith = std::make_shared<DocumentSymbol>(place.Member("symbol").Text());
+    element->selected = place.FlagOr("selected", false);
+    element->content = place.TextOr("content", "");
+    if (place.Has("symbol")) element->drawn_with = std::make_shared<DocumentSymbol>(place.Member("symbol").Text());
     if (place.Has("shape")) {
       const JsonPlace shape = place.Member("shape");
-      element->Shape = GeometryFromJson(shape.Value(), shape.Path());
-      element->ShapeOthers = OtherMembers(shape.Value(), kShapeMembers);
+      element->shape = GeometryFromJson(shape.Value(), shape.Path());
+      element->shape_others = OtherMembers(shape.Value(), kShapeMembers);
     }
-    element->Others = OtherMembers(place.Value(), kElementMembers);
+    element->others = OtherMembers(place.Value(), kElementMembers);
     const auto group = Cast<GroupElement>(element);
     if (group && place.Has("members")) {
       place.Member("members").ForEach(
-          [&](const JsonPlace& item) { group->Members.push_back(ReadElement(item, depth + 1)); });
+          [&](const JsonPlace& item) { group->members.push_back(ReadElement(item, depth + 1)); });
     }
     return element;
   }
@@ -179,16 +179,16 @@ class DocumentWriter {
 
   json Write() const {
     json root = {{"format", kFormat},
-                 {"host version", document_.HostVersion},
+                 {"host version", document_.host_version},
                  {"active view", document_.LayoutActive() ? "layout" : "map"},
                  {"map", WriteMap()},
                  {"layout", json::object()}};
     WriteView(document_.Layout(), root["layout"]);
-    if (!document_.Settings.empty()) {
+    if (!document_.settings.empty()) {
       root["settings"] = json::array();
-      for (const Variant& value : document_.Settings) root["settings"].push_back(SettingToJson(value));
+      for (const Variant& value : document_.settings) root["settings"].push_back(SettingToJson(value));
     }
-    document_.Others.AddTo(root);
+    document_.others.AddTo(root);
     return root;
   }
 
@@ -202,7 +202,7 @@ class DocumentWriter {
       const auto table = Cast<DocumentTable>(map.StandaloneTable(index));
       json entry = {{"name", table->Name()}};
       WriteSource(table->Source(), entry);
-      table->Others.AddTo(entry);
+      table->others.AddTo(entry);
       result["tables"].push_back(entry);
     }
     WriteView(map, result);
@@ -214,7 +214,7 @@ class DocumentWriter {
     if (!extent.IsEmpty()) result["extent"] = {extent.XMin(), extent.YMin(), extent.XMax(), extent.YMax()};
     result["graphics"] = json::array();
     for (const auto& element : view.Elements()) result["graphics"].push_back(WriteElement(*element));
-    view.Others.AddTo(result);
+    view.others.AddTo(result);
   }
 
   void WriteSource(const LayerSource& source, json& result) const {
@@ -230,8 +230,8 @@ class DocumentWriter {
     if (const auto group = Cast<DocumentGroupLayer>(layer)) {
       result["visible"] = group->Visible();
       result["members"] = json::array();
-      for (const auto& member : group->Members) result["members"].push_back(WriteLayer(member));
-      group->Others.AddTo(result);
+      for (const auto& member : group->members) result["members"].push_back(WriteLayer(member));
+      group->others.AddTo(result);
     } else if (const auto features = Cast<DocumentFeatureLayer>(layer)) {
       WriteFeatures(*features, result);
     }
@@ -244,33 +244,33 @@ class DocumentWriter {
     WriteSource(layer.Source(), result);
     for (const auto& [field, info] : layer.FieldInfos()) {
       json& entry = result["fields"][field] = {{"alias", info.Alias}, {"visible", info.Visible}};
-      const auto others = layer.FieldOthers.find(field);
-      if (others != layer.FieldOthers.end()) others->second.AddTo(entry);
+      const auto others = layer.field_others.find(field);
+      if (others != layer.field_others.end()) others->second.AddTo(entry);
     }
     if (const auto renderer = Cast<DocumentRenderer>(layer.Renderer())) {
       const auto symbol = Cast<DocumentSymbol>(renderer->Symbol());
-      if (symbol) result["symbol"] = symbol->Definition;
+      if (symbol) result["symbol"] = symbol->definition;
     }
     const std::vector<std::int64_t> selected = layer.SelectedOids();
     if (!selected.empty()) result["selection"] = selected;
-    layer.Others.AddTo(result);
+    layer.others.AddTo(result);
   }
 
   static json WriteElement(const GraphicElement& element) {
     json result = {{"kind", element.Kind()}};
     if (!element.Name().empty()) result["name"] = element.Name();
-    if (element.Selected) result["selected"] = true;
-    if (!element.Content.empty()) result["content"] = element.Content;
-    const auto symbol = Cast<DocumentSymbol>(element.DrawnWith);
-    if (symbol) result["symbol"] = symbol->Definition;
-    if (element.Shape) {
-      result["shape"] = GeometryToJson(*element.Shape);
-      element.ShapeOthers.AddTo(result["shape"]);
+    if (element.selected) result["selected"] = true;
+    if (!element.content.empty()) result["content"] = element.content;
+    const auto symbol = Cast<DocumentSymbol>(element.drawn_with);
+    if (symbol) result["symbol"] = symbol->definition;
+    if (element.shape) {
+      result["shape"] = GeometryToJson(*element.shape);
+      element.shape_others.AddTo(result["shape"]);
     }
-    element.Others.AddTo(result);
+    element.others.AddTo(result);
     if (const auto* group = dynamic_cast<const GroupElement*>(&element)) {
       result["members"] = json::array();
-      for (const auto& member : group->Members) result["members"].push_back(WriteElement(*member));
+      for (const auto& member : group->members) result["members"].push_back(WriteElement(*member));
     }
     return result;
   }
@@ -346,7 +346,7 @@ std::shared_ptr<MapDocument> ReadDocumentFile(const std::string& native_path) {
   text << file.rdbuf();
   try {
     auto document = ReadDocumentText(text.str(), FolderOf(native_path));
-    document->Path = native_path;
+    document->path = native_path;
     return document;
   } catch (const Fault& fault) {
     Raise(fault.Number(), "The map document '" + native_path + "' can't be read. " + fault.Description());
@@ -362,9 +362,9 @@ std::string WriteDocumentText(const MapDocument& document, const std::string& fo
 }
 
 void WriteDocumentFile(const MapDocument& document) {
-  const std::string text = WriteDocumentText(document, FolderOf(document.Path));
-  if (ReplaceFile(FileBehind(document.Path), text)) return;
-  Raise(kPathNotFound, "The map document '" + document.Path +
+  const std::string text = WriteDocumentText(document, FolderOf(document.path));
+  if (ReplaceFile(FileBehind(document.path), text)) return;
+  Raise(kPathNotFound, "The map document '" + document.path +
                            "' can't be written: check that its folder exists, that both are writable, and that there "
                            "is room.");
 }

@@ -15,8 +15,8 @@ namespace tessarine {
 /// A symbol as the document keeps it: a text that only drawing programs read.
 class DocumentSymbol final : public ISymbol {
  public:
-  explicit DocumentSymbol(std::string definition) : Definition(std::move(definition)) {}
-  std::string Definition;
+  explicit DocumentSymbol(std::string text) : definition(std::move(text)) {}
+  std::string definition;
 };
 
 class DocumentRenderer final : public ISimpleRenderer {
@@ -71,8 +71,8 @@ class DocumentFeatureLayer final : public IGeoFeatureLayer,
   void SetFieldInfo(const std::string& field, tessarine::FieldInfo info) { infos_[field] = std::move(info); }
   [[nodiscard]] const std::map<std::string, tessarine::FieldInfo>& FieldInfos() const { return infos_; }
 
-  OtherMembers Others;
-  std::map<std::string, OtherMembers> FieldOthers;  ///< by field name
+  OtherMembers others;
+  std::map<std::string, OtherMembers> field_others;  ///< by field name
 
   [[nodiscard]] SpatialReferenceRef SpatialReference() const override;
   [[nodiscard]] Envelope Extent() const override;
@@ -105,8 +105,8 @@ class DocumentGroupLayer final : public IGroupLayer {
   void SetVisible(bool visible) override { visible_ = visible; }
   [[nodiscard]] bool Visible() const { return visible_; }
 
-  std::vector<std::shared_ptr<ILayer>> Members;
-  OtherMembers Others;
+  std::vector<std::shared_ptr<ILayer>> members;
+  OtherMembers others;
 
  private:
   std::string name_;
@@ -120,7 +120,7 @@ class DocumentTable final : public IStandaloneTable {
   [[nodiscard]] std::shared_ptr<ITable> Table() const override;
   [[nodiscard]] const LayerSource& Source() const { return source_; }
 
-  OtherMembers Others;
+  OtherMembers others;
 
  private:
   std::string name_;

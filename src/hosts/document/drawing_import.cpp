@@ -66,10 +66,10 @@ ImportResult AddDrawing(const Drawing& drawing, bool select, DocumentMap& map) {
     const ElementKind kind = KindOf(drawn);
     const std::shared_ptr<GraphicElement> element = MakeElement(kind.word);
     element->SetName(drawn.name);
-    element->Content = drawn.words.value_or("");
-    element->Selected = select;
-    element->Shape = std::move(shape);
-    if (!kind.symbol.empty()) element->DrawnWith = std::make_shared<DocumentSymbol>(kind.symbol);
+    element->content = drawn.words.value_or("");
+    element->selected = select;
+    element->shape = std::move(shape);
+    if (!kind.symbol.empty()) element->drawn_with = std::make_shared<DocumentSymbol>(kind.symbol);
     map.AddElement(element);
     ++(result.*kind.count);
   }

@@ -11,20 +11,20 @@ namespace {
 class MarkerElement final : public GraphicElement, public IMarkerElement {
  public:
   [[nodiscard]] const char* Kind() const override { return "marker"; }
-  [[nodiscard]] std::shared_ptr<ISymbol> Symbol() const override { return DrawnWith; }
+  [[nodiscard]] std::shared_ptr<ISymbol> Symbol() const override { return drawn_with; }
 };
 
 class LineElement final : public GraphicElement, public ILineElement {
  public:
   [[nodiscard]] const char* Kind() const override { return "line"; }
-  [[nodiscard]] std::shared_ptr<ISymbol> Symbol() const override { return DrawnWith; }
+  [[nodiscard]] std::shared_ptr<ISymbol> Symbol() const override { return drawn_with; }
 };
 
 // Areas of all four kinds have a fill symbol.
 template <class KindInterface>
 class FillElement : public GraphicElement, public KindInterface, public IFillShapeElement {
  public:
-  [[nodiscard]] std::shared_ptr<ISymbol> Symbol() const override { return DrawnWith; }
+  [[nodiscard]] std::shared_ptr<ISymbol> Symbol() const override { return drawn_with; }
 };
 
 class PolygonElement final : public FillElement<IPolygonElement> {
@@ -87,17 +87,17 @@ constexpr std::array kKinds = {
 }  // namespace
 
 GeometryRef GraphicElement::Geometry() const {
-  if (Shape && !Shape->SpatialReference()) {
-    if (const auto place = Place.lock()) Shape->SetSpatialReference(place->ElementReference());
+  if (shape && !shape->SpatialReference()) {
+    if (const auto on = place.lock()) shape->SetSpatialReference(on->ElementReference());
   }
-  return Shape;
+  return shape;
 }
 
-void GraphicElement::QueryBounds(IDisplay&, Envelope& bounds) const { bounds = Shape ? Shape->Envelope() : Envelope(); }
+void GraphicElement::QueryBounds(IDisplay&, Envelope& bounds) const { bounds = shape ? shape->Envelope() : Envelope(); }
 
 void GroupElement::QueryBounds(IDisplay& display, Envelope& bounds) const {
-  bounds = Shape ? Shape->Envelope() : Envelope();
-  for (const auto& member : Members) {
+  bounds = shape ? shape->Envelope() : Envelope();
+  for (const auto& member : members) {
     Envelope part;
     member->QueryBounds(display, part);
     bounds.Union(part);
@@ -106,7 +106,7 @@ void GroupElement::QueryBounds(IDisplay& display, Envelope& bounds) const {
 
 std::shared_ptr<IElement> GroupElement::Element(std::int32_t index) const {
   if (index < 0 || index >= ElementCount()) Raise(kInvalidCall, "The group has no such element.");
-  return Members[static_cast<std::size_t>(index)];
+  return members[static_cast<std::size_t>(index)];
 }
 
 std::shared_ptr<GraphicElement> MakeElement(const std::string& kind) {

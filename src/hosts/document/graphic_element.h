@@ -32,13 +32,13 @@ class GraphicElement : public virtual IElement, public IElementProperties {
   /// The word for the kind in a document's file, as "marker" or "data graph".
   [[nodiscard]] virtual const char* Kind() const = 0;
 
-  GeometryRef Shape;
-  std::shared_ptr<ISymbol> DrawnWith;
+  GeometryRef shape;
+  std::shared_ptr<ISymbol> drawn_with;
   /// The text of a text element, the file of a picture, the title of a graph or frame.
-  std::string Content;
-  bool Selected = false;
-  std::weak_ptr<const IElementPlace> Place;
-  OtherMembers Others, ShapeOthers;
+  std::string content;
+  bool selected = false;
+  std::weak_ptr<const IElementPlace> place;
+  OtherMembers others, shape_others;
 
  private:
   std::string name_;
@@ -49,10 +49,10 @@ class GroupElement final : public GraphicElement, public IGroupElement {
   [[nodiscard]] const char* Kind() const override { return "group"; }
   /// The bounds of all members.
   void QueryBounds(IDisplay& display, Envelope& bounds) const override;
-  [[nodiscard]] std::int32_t ElementCount() const override { return static_cast<std::int32_t>(Members.size()); }
+  [[nodiscard]] std::int32_t ElementCount() const override { return static_cast<std::int32_t>(members.size()); }
   [[nodiscard]] std::shared_ptr<IElement> Element(std::int32_t index) const override;
 
-  std::vector<std::shared_ptr<GraphicElement>> Members;
+  std::vector<std::shared_ptr<GraphicElement>> members;
 };
 
 /// A new element of the kind that the word names; null for an unknown word.

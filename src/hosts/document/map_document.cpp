@@ -33,7 +33,7 @@ void Flatten(const std::vector<std::shared_ptr<ILayer>>& from, bool recursive,
   for (const auto& layer : from) {
     to.push_back(layer);
     const auto group = Cast<DocumentGroupLayer>(layer);
-    if (group && recursive) Flatten(group->Members, recursive, to);
+    if (group && recursive) Flatten(group->members, recursive, to);
   }
 }
 
@@ -51,40 +51,40 @@ std::shared_ptr<IGraphicsContainer> DocumentView::GraphicsContainer() const { re
 std::shared_ptr<IElement> DocumentView::Next() { return next_ < elements_.size() ? elements_[next_++] : nullptr; }
 
 void DocumentView::AddElement(std::shared_ptr<GraphicElement> element) {
-  element->Place = self_;
+  element->place = self_;
   elements_.push_back(std::move(element));
 }
 
 std::int32_t DocumentView::ElementSelectionCount() const {
   return static_cast<std::int32_t>(
-      std::ranges::count_if(elements_, [](const auto& element) { return element->Selected; }));
+      std::ranges::count_if(elements_, [](const auto& element) { return element->selected; }));
 }
 
 bool DocumentView::ElementSelected(const std::shared_ptr<IElement>& element) const {
   const auto own = Cast<GraphicElement>(element);
-  return own && own->Selected;
+  return own && own->selected;
 }
 
 std::shared_ptr<IEnumElement> DocumentView::SelectedElements() const {
   std::vector<std::shared_ptr<IElement>> selected;
-  std::ranges::copy_if(elements_, std::back_inserter(selected), [](const auto& element) { return element->Selected; });
+  std::ranges::copy_if(elements_, std::back_inserter(selected), [](const auto& element) { return element->selected; });
   return std::make_shared<ElementList>(std::move(selected));
 }
 
 void DocumentView::SelectElement(const std::shared_ptr<IElement>& element) {
-  Require(Cast<GraphicElement>(element), "element")->Selected = true;
+  Require(Cast<GraphicElement>(element), "element")->selected = true;
 }
 
 void DocumentView::UnselectElement(const std::shared_ptr<IElement>& element) {
-  Require(Cast<GraphicElement>(element), "element")->Selected = false;
+  Require(Cast<GraphicElement>(element), "element")->selected = false;
 }
 
 void DocumentView::SelectAllElements() {
-  for (const auto& element : elements_) element->Selected = true;
+  for (const auto& element : elements_) element->selected = true;
 }
 
 void DocumentView::UnselectAllElements() {
-  for (const auto& element : elements_) element->Selected = false;
+  for (const auto& element : elements_) element->selected = false;
 }
 
 std::shared_ptr<ILayer> DocumentMap::Layer(std::int32_t index) const {

@@ -49,7 +49,7 @@ class DocumentView : public IActiveView,
   [[nodiscard]] SpatialReferenceRef ElementReference() const override { return nullptr; }
   void SetOwner(std::weak_ptr<DocumentView> self) { self_ = std::move(self); }
 
-  OtherMembers Others;
+  OtherMembers others;
 
  private:
   Envelope extent_;
@@ -126,12 +126,12 @@ class MapDocument final : public IMxDocument, public IDocumentDirty {
   void SetSelectedLayer(std::shared_ptr<ILayer> layer) { selected_layer_ = std::move(layer); }
 
   /// The document's own file, a native path; empty before it was saved.
-  std::string Path;
+  std::string path;
   /// The version of the host that this document tells.
-  std::string HostVersion = "9.3.1";
+  std::string host_version = "9.3.1";
   /// The settings of the suite, as its extension wrote them.
-  std::vector<Variant> Settings;
-  OtherMembers Others;
+  std::vector<Variant> settings;
+  OtherMembers others;
 
  private:
   std::shared_ptr<DocumentMap> map_;

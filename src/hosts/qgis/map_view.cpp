@@ -99,7 +99,7 @@ void MapView::AddLayer(const std::shared_ptr<ILayer>& layer) {
   if (shown == nullptr) Raise(kEngine, "The layer '" + added->Name() + "' can't be added to the project.");
   project.layerTreeRoot()->insertLayer(0, shown);
   book_.Know(*shown, layer);
-  OnAdded(*shown);
+  on_added(*shown);
   added->Attach(*shown);
 }
 

@@ -27,7 +27,7 @@ class MapView final : public ElementView, public IMap, public IStandaloneTableCo
       : canvas_(canvas), book_(book), memory_(memory) {}
 
   /// Called with each layer that the suite has added.
-  std::function<void(QgsVectorLayer&)> OnAdded = [](QgsVectorLayer&) {};
+  std::function<void(QgsVectorLayer&)> on_added = [](QgsVectorLayer&) {};
 
   // IMap
   [[nodiscard]] std::string Name() const override { return "Layers"; }

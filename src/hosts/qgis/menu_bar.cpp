@@ -212,7 +212,7 @@ void MenuBar::Click(ICommand& command) {
     command.OnClick();
     // A run that stopped or failed may have left its bar.
     application_->StatusBar()->HideProgressBar();
-    OnDone();
+    on_done();
   });
 }
 

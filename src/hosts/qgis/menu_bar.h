@@ -30,7 +30,7 @@ class MenuBar {
   MenuBar& operator=(const MenuBar&) = delete;
 
   /// Called when a command has done what it does.
-  std::function<void()> OnDone = [] {};
+  std::function<void()> on_done = [] {};
 
  private:
   struct Item {

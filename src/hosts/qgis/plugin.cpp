@@ -48,7 +48,7 @@ class Menus {
     dock_ = new ReportDock(history_, program.mainWindow());
     program.addDockWidget(Qt::RightDockWidgetArea, dock_);
     dock_->hide();
-    bar_->OnDone = [this] { TellNewRun(); };
+    bar_->on_done = [this] { TellNewRun(); };
   }
   ~Menus() {
     // What is being drawn may evaluate the suite's functions.

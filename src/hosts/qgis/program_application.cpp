@@ -84,7 +84,7 @@ void ProgramApplication::RunEnded(const RunJournal& journal, const std::string& 
 }
 
 void ProgramApplication::Follow() {
-  document_->Map().OnAdded = [this](QgsVectorLayer& layer) { recorder_.Take(layer); };
+  document_->Map().on_added = [this](QgsVectorLayer& layer) { recorder_.Take(layer); };
   QgsProject* project = QgsProject::instance();
   QObject::connect(project, &QgsProject::writeProject, &context_,
                    [this] { Trap("ProjectWritten", [this] { SaveSettings(); }); });

@@ -33,7 +33,7 @@ Kind& ControlOf(Form& form, const char* name) {
 
 ExitStatus RunAbout(const AboutOptions& options) {
   Session session(options.common);
-  session.Host().ReadForm = [&](Form& form) {
+  session.Host().read_form = [&](Form& form) {
     PrintReport(ControlOf<RichTextBox>(form, "Text1").TextRTF(), stdout);
     fmt::print("{}\n", ControlOf<Label>(form, "lblVersion").Caption());
     if (options.open_manual) ControlOf<CommandButton>(form, "cmdManual").Press();

@@ -227,7 +227,7 @@ class GeodesicPrinter {
 };
 
 Figure ChosenFigure(const SpheroidOptions& options) {
-  const TerminalHost host({}, MapDocument().HostVersion);
+  const TerminalHost host({}, MapDocument().host_version);
   const std::optional<ChosenSpheroid> spheroid = ChooseSpheroid(options);
   return spheroid ? Figure::FromAxes(spheroid->semi_major_axis, spheroid->semi_minor_axis) : geodesy::kWgs1984;
 }

@@ -40,13 +40,13 @@ std::string ShapeText(const GeometryRef& shape) {
 }
 
 void PrintElement(const GraphicElement& element, const std::string& number, int depth) {
-  const auto symbol = Cast<DocumentSymbol>(element.DrawnWith);
-  fmt::print("{:>5}  {}  {:<11}  {:<24}  {:<32}  {}\n", number, element.Selected ? "*" : " ",
+  const auto symbol = Cast<DocumentSymbol>(element.drawn_with);
+  fmt::print("{:>5}  {}  {:<11}  {:<24}  {:<32}  {}\n", number, element.selected ? "*" : " ",
              std::string(static_cast<std::size_t>(depth), ' ') + element.Kind(), OnOneLine(element.Name()),
-             ShapeText(element.Shape), symbol ? OnOneLine(symbol->Definition) : "");
+             ShapeText(element.shape), symbol ? OnOneLine(symbol->definition) : "");
   const auto* group = dynamic_cast<const GroupElement*>(&element);
   if (group == nullptr) return;
-  for (const auto& member : group->Members) PrintElement(*member, "", depth + 1);
+  for (const auto& member : group->members) PrintElement(*member, "", depth + 1);
 }
 
 void PrintView(const char* title, const DocumentView& view) {
@@ -75,7 +75,7 @@ std::shared_ptr<MapDocument> OpenOrBegin(const std::string& path) {
   if (!EndsWithIgnoringCase(path, ".json"))
     throw Refusal("A new map document's name must end in .json: '" + path + "'.");
   auto document = std::make_shared<MapDocument>();
-  document->Path = path;
+  document->path = path;
   document->Map().SetName(fs::path(path).stem().string());
   return document;
 }

@@ -58,7 +58,7 @@ class MenuPrinter {
 
 ExitStatus RunMenu(const std::string& document_path) {
   const std::shared_ptr<MapDocument> document = OpenDocument(document_path);
-  TerminalHost host({}, document->HostVersion);
+  TerminalHost host({}, document->host_version);
   auto application =
       std::make_shared<DocumentApplication>(document, std::make_shared<TerminalStatusBar>(ProgressDisplay::None));
   application->Start();

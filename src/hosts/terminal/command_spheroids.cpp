@@ -148,7 +148,7 @@ void PrintJson(const std::vector<ShownList>& lists) {
 }
 
 ExitStatus RunSpheroids(const SpheroidsOptions& options) {
-  const TerminalHost host({}, MapDocument().HostVersion);
+  const TerminalHost host({}, MapDocument().host_version);
   std::vector<ShownList> lists;
   try {
     lists = TakeLists(options);

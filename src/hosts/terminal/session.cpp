@@ -32,10 +32,10 @@ std::shared_ptr<MapDocument> OpenDocument(const std::string& path) {
 Session::Session(const CommonOptions& options)
     : options_(options),
       document_(OpenDocument(options.document)),
-      host_(options.Manners(), document_->HostVersion),
+      host_(options.Manners(), document_->host_version),
       status_bar_(std::make_shared<TerminalStatusBar>(options.Progress())),
       application_(std::make_shared<DocumentApplication>(document_, status_bar_)) {
-  host_.BeforePrinting = [bar = status_bar_] { bar->Erase(); };
+  host_.before_printing = [bar = status_bar_] { bar->Erase(); };
   CatchInterrupts();
   LetStopsEndTopology();
   application_->Start();
@@ -44,7 +44,7 @@ Session::Session(const CommonOptions& options)
 Session::~Session() { application_->Stop(); }
 
 void Session::RefuseReportOverData() const {
-  RefuseReportOver(options_.report_file, {document_->Path}, "is the map document");
+  RefuseReportOver(options_.report_file, {document_->path}, "is the map document");
   const std::shared_ptr<IEnumLayer> layers = document_->Map().Layers(nullptr, true);
   while (const std::shared_ptr<ILayer> any = layers->Next()) {
     const auto layer = Cast<DocumentFeatureLayer>(any);
@@ -140,7 +140,7 @@ void Session::SaveDocument() {
   if (!document_->Dirty() && !elements_changed_) return;
   if (document_->Dirty()) application_->Stop();
   if (run_layer_) document_->Map().RemoveLayer(*run_layer_);
-  if (!document_->Path.empty() && !options_.dry_run) WriteDocumentFile(*document_);
+  if (!document_->path.empty() && !options_.dry_run) WriteDocumentFile(*document_);
 }
 
 void Session::WriteReportFile() {

@@ -40,7 +40,7 @@ class TerminalErrorDialog final : public IErrorDialog {
   void AppendErrorText(const std::string& text) override { text_ += text; }
   void SetVisible(bool visible) override {
     if (!visible) return;
-    host_.BeforePrinting();
+    host_.before_printing();
     fmt::print(stderr, "{}\n", WithoutPasswords(Trim(NativeLines(text_))));
     text_.clear();
     host_.NoteFault();
@@ -91,7 +91,7 @@ TerminalHost::~TerminalHost() { SetHost(previous_); }
 bool TerminalHost::StopRequested() const { return WasInterrupted(); }
 
 void TerminalHost::Announce(const std::string& sentence) {
-  BeforePrinting();
+  before_printing();
   fmt::print(stderr, "tessarine: {}\n", WithoutPasswords(sentence));
 }
 
@@ -134,7 +134,7 @@ bool TerminalHost::AskUser() const {
 MessageAnswer TerminalHost::Show(const std::string& text, const std::string& title, MessageButtons buttons,
                                  MessageIcon) {
   if (buttons == MessageButtons::YesNo && manners_.yes) return MessageAnswer::Yes;
-  BeforePrinting();
+  before_printing();
   fmt::print(stderr, "{}{}{}\n", Trim(title), title.empty() ? "" : "\n", WithoutPasswords(NativeLines(text)));
   last_message_ = text;
   switch (buttons) {
@@ -157,7 +157,7 @@ void TerminalHost::ShowModal(Form& form) {
     if (auto* exit = form.FindAs<CommandButton>("cmdOK")) exit->Press();
     return;
   }
-  ReadForm(form);
+  read_form(form);
   if (form.Visible()) form.CloseByUser();
 }
 

@@ -32,9 +32,9 @@ class TerminalHost final : public WindowlessHost {
   TerminalHost& operator=(const TerminalHost&) = delete;
 
   /// Clears the line that the next text on standard error would stand on.
-  std::function<void()> BeforePrinting = [] {};
+  std::function<void()> before_printing = [] {};
   /// Reads a form that a command shows.
-  std::function<void(Form& form)> ReadForm = [](Form&) {};
+  std::function<void(Form& form)> read_form = [](Form&) {};
 
   void SetWishes(OutputWishes wishes) { wishes_ = std::move(wishes); }
   [[nodiscard]] PromisingSystem& LocalSystem() { return system_; }

@@ -80,7 +80,7 @@ class CheckBoxView final : public ControlView {
 
   void Clicked() {
     // Qt has moved the mark already; the control's own value decides, even if its event sets it back.
-    NeedsUpdate = true;
+    needs_update = true;
     box_.SetValue(box_.Value() == CheckBox::kUnchecked ? CheckBox::kChecked : CheckBox::kUnchecked);
     Window().Flush();
   }
@@ -101,7 +101,7 @@ class OptionView final : public ControlView {
   OptionView(FormWindow& window, OptionButton& button, QWidget& parent)
       : ControlView(window, button, new FocusedByMnemonic<QRadioButton>(&parent)), button_(button) {
     connect(&Radio(), &QRadioButton::clicked, this, [this] {
-      NeedsUpdate = true;
+      needs_update = true;
       Tell([this] { button_.SetValue(true); });
       Window().Flush();
     });

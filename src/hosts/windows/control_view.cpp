@@ -39,7 +39,7 @@ QColor ControlView::Background() const {
 }
 
 void ControlView::Update() {
-  NeedsUpdate = false;
+  needs_update = false;
   updating_ = true;
   if (widget_ != nullptr) {
     Place();

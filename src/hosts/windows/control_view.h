@@ -33,7 +33,7 @@ class ControlView : public QObject {
   void Place();
   void UpdateSheetColors();
 
-  bool NeedsUpdate = true;
+  bool needs_update = true;
 
  protected:
   virtual void UpdateContent() {}

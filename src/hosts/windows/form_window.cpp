@@ -143,8 +143,8 @@ void FormWindow::OrderTabs() {
 
 void FormWindow::ListenToForm() {
   form_was_visible_ = form_.Visible();
-  form_.OnChanged = [this](Control* control) { FormChanged(control); };
-  form_.OnRefresh = [this] {
+  form_.on_changed = [this](Control* control) { FormChanged(control); };
+  form_.on_refresh = [this] {
     Flush();
     canvas_->repaint();
   };
@@ -159,7 +159,7 @@ void FormWindow::FormChanged(Control* control) {
     form_was_visible_ = form_.Visible();
     form_needs_update_ = true;
   } else if (ControlView* view = ViewOf(*control)) {
-    view->NeedsUpdate = true;
+    view->needs_update = true;
   }
   if (flush_planned_) return;
   flush_planned_ = true;
@@ -174,7 +174,7 @@ void FormWindow::Flush() {
   if (form_needs_update_) UpdateForm();
   UpdateCaptions();
   for (const auto& view : views_) {
-    if (view->NeedsUpdate) view->Update();
+    if (view->needs_update) view->Update();
   }
   UpdateFocus();
   flushing_ = false;
@@ -234,7 +234,7 @@ void FormWindow::UpdateCaptions() {
     QString& known = captions_[controls[index]];
     if (known == captions[index].text) continue;
     known = captions[index].text;
-    if (ControlView* view = ViewOf(*controls[index])) view->NeedsUpdate = true;
+    if (ControlView* view = ViewOf(*controls[index])) view->needs_update = true;
   }
 }
 
@@ -272,7 +272,7 @@ void FormWindow::UpdateFooter(bool wanted) {
       view->Widget()->setParent(parent);
       view->Widget()->show();
     }
-    view->NeedsUpdate = true;
+    view->needs_update = true;
   }
   const int height = units_.Size(form_.Width(), form_.Height()).height();
   footer_->setFixedHeight(lowest >= 0 ? height - footer_top_ : 0);
@@ -390,10 +390,10 @@ void FormWindow::Open() {
 void FormWindow::Conceal() {
   if (concealed_) return;
   concealed_ = true;
-  form_.OnChanged = nullptr;
-  form_.OnRefresh = nullptr;
+  form_.on_changed = nullptr;
+  form_.on_refresh = nullptr;
   hide();
-  if (OnConcealed) OnConcealed();
+  if (on_concealed) on_concealed();
 }
 
 bool FormWindow::HasDefault() const {
@@ -425,14 +425,14 @@ bool FormWindow::event(QEvent* event) {
   switch (event->type()) {
     case QEvent::ShortcutOverride:
       // Here F1 isn't the one of the window behind.
-      if (OnHelp && static_cast<QKeyEvent*>(event)->key() == Qt::Key_F1) {
+      if (on_help && static_cast<QKeyEvent*>(event)->key() == Qt::Key_F1) {
         event->accept();
         return true;
       }
       break;
     case QEvent::EnterWhatsThisMode:
       QWhatsThis::leaveWhatsThisMode();
-      if (OnHelp) OnHelp();
+      if (on_help) on_help();
       return true;
     default:
       break;
@@ -453,7 +453,7 @@ void FormWindow::keyPressEvent(QKeyEvent* event) {
   Flush();
   switch (event->key()) {
     case Qt::Key_F1:
-      if (OnHelp) OnHelp();
+      if (on_help) on_help();
       return;
     case Qt::Key_Escape:
       PressButton([](const CommandButton& button) { return button.Cancel; });
@@ -477,7 +477,7 @@ void FormWindow::closeEvent(QCloseEvent* event) {
 void FormWindow::Scale() {
   units_ = DialogUnits(font());
   form_needs_update_ = true;
-  for (const auto& view : views_) view->NeedsUpdate = true;
+  for (const auto& view : views_) view->needs_update = true;
   Flush();
 }
 

@@ -63,9 +63,9 @@ class FormWindow final : public QDialog {
   [[nodiscard]] QPoint OriginOf(const ControlView& view) const;
 
   /// Called once when the window went away, by the form or by the user.
-  std::function<void()> OnConcealed;
+  std::function<void()> on_concealed;
   /// Called where the user asks for help, with F1 or the button of the title bar.
-  std::function<void()> OnHelp;
+  std::function<void()> on_help;
 
  protected:
   bool event(QEvent* event) override;

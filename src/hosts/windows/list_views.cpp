@@ -71,7 +71,7 @@ class ListBoxView final : public ControlView {
 
   // A click with Ctrl takes the mark away, and a list of one choice keeps it.
   void ShowChoiceAgain() {
-    NeedsUpdate = true;
+    needs_update = true;
     QMetaObject::invokeMethod(
         this, [this] { Window().Flush(); }, Qt::QueuedConnection);
   }
@@ -140,7 +140,7 @@ class ComboView final : public ControlView {
     const bool typed = std::exchange(typed_, false);
     const QString kept = typed || !combo_.KeyPress ? text : Filtered(Compare(ToQt(combo_.Text()), text), text);
     caret_ = Box().lineEdit()->cursorPosition() - (text.size() - kept.size());
-    NeedsUpdate = true;
+    needs_update = true;
     Tell([&] { combo_.SetText(FromQt(kept)); });
     Window().Flush();
   }

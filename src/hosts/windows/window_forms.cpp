@@ -53,7 +53,7 @@ WindowForms::WindowForms(QWidget* main_window) : main_window_(main_window) {}
 
 WindowForms::~WindowForms() {
   for (Modeless& entry : modeless_) {
-    entry.window->OnConcealed = nullptr;
+    entry.window->on_concealed = nullptr;
     entry.window = nullptr;
   }
 }
@@ -63,18 +63,18 @@ void WindowForms::ShowModal(Form& form) {
   FormWindow window(form, DialogParent(), room_);
   window.setWindowModality(Qt::ApplicationModal);
   QEventLoop loop;
-  window.OnConcealed = [&loop] { loop.quit(); };
+  window.on_concealed = [&loop] { loop.quit(); };
   OfferHelp(window);
   modal_.push_back(&window);
   window.Open();
-  if (OnOpened) OnOpened(window);
+  if (on_opened) on_opened(window);
   if (!window.Concealed()) loop.exec(QEventLoop::DialogExec);
   std::erase(modal_, &window);
 }
 
 void WindowForms::OfferHelp(FormWindow& window) const {
   if (manual_folder_.isEmpty()) return;
-  window.OnHelp = [folder = manual_folder_, &window] {
+  window.on_help = [folder = manual_folder_, &window] {
     ShowManual(folder, ChapterOf(window.ShownForm().Name(), window.ShownForm().Caption()), window);
   };
 }
@@ -95,11 +95,11 @@ void WindowForms::OpenModeless(Form& form, const std::string* caption) {
     }
     modeless_.push_back({kept, &form, std::make_unique<FormWindow>(form, DialogParent(), room_)});
     window = modeless_.back().window.get();
-    window->OnConcealed = [this, window] { Retire(*window); };
+    window->on_concealed = [this, window] { Retire(*window); };
     OfferHelp(*window);
     if (caption != nullptr) window->SetCaption(*caption);
     window->Open();
-    if (OnOpened) OnOpened(*window);
+    if (on_opened) on_opened(*window);
     return;
   }
   if (caption != nullptr) window->SetCaption(*caption);

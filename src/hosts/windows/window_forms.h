@@ -40,7 +40,7 @@ class WindowForms final : public IFormHost {
   /// Help of the forms opens the chapters in this folder, a native path; none where it is empty.
   void SetManualFolder(QString folder) { manual_folder_ = std::move(folder); }
   /// Called with each window that opens.
-  std::function<void(FormWindow&)> OnOpened;
+  std::function<void(FormWindow&)> on_opened;
 
  private:
   class FrameOfForm;

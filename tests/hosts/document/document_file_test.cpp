@@ -77,7 +77,7 @@ TEST(DocumentFileTest, WhatOtherProgramsWroteStays) {
   const json moved = json::parse(WriteDocumentText(*document, "/other"));
   EXPECT_EQ(moved["map"]["layers"][0]["source"], "/maps/up.shp");
   // What the suite knows it may also take away.
-  document->Map().Elements()[0]->Content.clear();
+  document->Map().Elements()[0]->content.clear();
   const json changed = json::parse(WriteDocumentText(*document, "/maps/one"));
   EXPECT_FALSE(changed["map"]["graphics"][0].contains("content"));
   EXPECT_EQ(changed["map"]["graphics"][0]["angle"], 45);
@@ -88,7 +88,7 @@ TEST(DocumentFileTest, AnOpenRingIsClosed) {
       R"({"format": "tessarine map document", "map": {"graphics": [{"kind": "polygon", "shape":
          {"type": "polygon", "parts": [[[0, 0], [0, 3], [4, 0]], [[0, 0], [0, 3], [4, 0], [0, 0]]]}}]}})",
       "/maps");
-  const auto polygon = Cast<Polygon>(document->Map().Elements()[0]->Shape);
+  const auto polygon = Cast<Polygon>(document->Map().Elements()[0]->shape);
   ASSERT_EQ(polygon->GeometryCount(), 2);
   for (const auto& ring : polygon->Parts()) EXPECT_EQ(ring->Length(), 12.0);
 }
@@ -96,7 +96,7 @@ TEST(DocumentFileTest, AnOpenRingIsClosed) {
 TEST(DocumentFileTest, WhatIsReadStandsInTheDocument) {
   const auto document = ReadDocumentText(kFull, "/maps");
   EXPECT_TRUE(document->LayoutActive());
-  EXPECT_EQ(document->HostVersion, "9.1");
+  EXPECT_EQ(document->host_version, "9.1");
   EXPECT_FALSE(document->Dirty());
   EXPECT_EQ(document->SelectedLayer()->Name(), "inner");
   const auto inner = Cast<DocumentFeatureLayer>(document->SelectedLayer());
@@ -105,16 +105,16 @@ TEST(DocumentFileTest, WhatIsReadStandsInTheDocument) {
   const auto& elements = document->Map().Elements();
   ASSERT_EQ(elements.size(), 5U);
   EXPECT_EQ(document->Map().ElementSelectionCount(), 1);
-  EXPECT_TRUE(elements[1]->Shape->IsEmpty());
-  const auto line = Cast<Polyline>(elements[2]->Shape);
+  EXPECT_TRUE(elements[1]->shape->IsEmpty());
+  const auto line = Cast<Polyline>(elements[2]->shape);
   EXPECT_EQ(line->SegmentCount(), 4);
   EXPECT_TRUE(line->HasCurves());
   // The half circle of radius 1 over (1, 0) reaches height 1.
-  EXPECT_NEAR(elements[2]->Shape->Envelope().YMax(), 1.0, 1e-12);
+  EXPECT_NEAR(elements[2]->shape->Envelope().YMax(), 1.0, 1e-12);
   EXPECT_TRUE(Is<IEllipseElement>(elements[3]) && Is<IFillShapeElement>(elements[3]));
   EXPECT_FALSE(Is<IPolygonElement>(elements[3]));
-  EXPECT_EQ(document->Settings[3], Variant(std::int32_t{-2147483647 - 1}));
-  EXPECT_EQ(document->Settings[0].kind(), Variant::Kind::Double);
+  EXPECT_EQ(document->settings[3], Variant(std::int32_t{-2147483647 - 1}));
+  EXPECT_EQ(document->settings[0].kind(), Variant::Kind::Double);
 }
 
 TEST(DocumentFileTest, SourcesMoveWithTheDocument) {
@@ -185,18 +185,18 @@ TEST(DocumentFileTest, DamagedDocumentsNameThePlace) {
 TEST(DocumentFileTest, FilesAreReplacedAsAWhole) {
   const TemporaryFolder folder;
   const auto document = ReadDocumentText(kFull, folder.Native());
-  document->Path = folder.Native("map.json");
+  document->path = folder.Native("map.json");
   folder.Write("map.json", "before");
   WriteDocumentFile(*document);
   const auto again = ReadDocumentFile(folder.Native("map.json"));
-  EXPECT_EQ(again->Path, folder.Native("map.json"));
+  EXPECT_EQ(again->path, folder.Native("map.json"));
   EXPECT_EQ(Cast<DocumentFeatureLayer>(again->SelectedLayer())->Source().path, folder.Native("data/inner.shp"));
   EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.Native()), {}), 1) << "no draft stays";
 
-  document->Path = folder.Native("gone/map.json");
+  document->path = folder.Native("gone/map.json");
   EXPECT_THROW(WriteDocumentFile(*document), Fault);
   // A name that is no UTF-8 has no place in JSON; the old file stays.
-  document->Path = folder.Native("map.json");
+  document->path = folder.Native("map.json");
   document->Map().AppendLayer(std::make_shared<DocumentFeatureLayer>("l\xE9on", LayerSource{"/l\xE9on.shp", ""}));
   EXPECT_THROW(WriteDocumentFile(*document), Fault);
   EXPECT_NO_THROW((void)ReadDocumentFile(folder.Native("map.json")));
@@ -209,7 +209,7 @@ TEST(DocumentFileTest, LinksAndPermissionsStay) {
   fs::permissions(folder.Native("map.json"), fs::perms::owner_read | fs::perms::owner_write);
   fs::create_symlink("map.json", folder.Native("link.json"));
   const auto document = std::make_shared<MapDocument>();
-  document->Path = folder.Native("link.json");
+  document->path = folder.Native("link.json");
   WriteDocumentFile(*document);
   EXPECT_TRUE(fs::is_symlink(folder.Native("link.json")));
   EXPECT_NO_THROW((void)ReadDocumentFile(folder.Native("map.json")));
@@ -226,9 +226,9 @@ TEST(DocumentFileTest, SavingTouchesNoOtherFile) {
   const TemporaryFolder folder;
   folder.Write("map.json.part", "mine");
   MapDocument document;
-  document.Path = folder.Native("map.json");
+  document.path = folder.Native("map.json");
   WriteDocumentFile(document);
-  EXPECT_EQ(ReadDocumentFile(document.Path)->Map().Name(), "Layers");
+  EXPECT_EQ(ReadDocumentFile(document.path)->Map().Name(), "Layers");
   std::ifstream kept(folder.Native("map.json.part"));
   EXPECT_EQ(std::string(std::istreambuf_iterator<char>(kept), {}), "mine");
   EXPECT_FALSE(std::filesystem::exists(folder.Native("map.json.part2")));

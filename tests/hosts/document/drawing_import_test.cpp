@@ -15,8 +15,8 @@ namespace {
 std::vector<std::string> Described(const DocumentMap& map) {
   std::vector<std::string> lines;
   for (const auto& element : map.Elements()) {
-    const auto symbol = Cast<DocumentSymbol>(element->DrawnWith);
-    lines.push_back(std::string(element->Kind()) + "|" + element->Name() + "|" + (symbol ? symbol->Definition : ""));
+    const auto symbol = Cast<DocumentSymbol>(element->drawn_with);
+    lines.push_back(std::string(element->Kind()) + "|" + element->Name() + "|" + (symbol ? symbol->definition : ""));
   }
   return lines;
 }
@@ -48,7 +48,7 @@ TEST(DrawingImport, GeoJsonIntoTheMapsReference) {
   // A quarter of the globe from its meridian the projection has no place.
   EXPECT_EQ(result.skipped, 2);
   EXPECT_THAT(Described(document.Map()), ::testing::ElementsAre("line|7|line #ff0000 2.5"));
-  const auto line = Cast<Polyline>(document.Map().Elements()[0]->Shape);
+  const auto line = Cast<Polyline>(document.Map().Elements()[0]->shape);
   EXPECT_NEAR(line->FromPoint().x, 500000.0, 1e-6);
   EXPECT_NEAR(line->FromPoint().y, 0.0, 1e-6);
 }
@@ -72,7 +72,7 @@ TEST(DrawingImport, WordsBecomeTexts) {
     EXPECT_EQ(result.markers, 1) << file;
     ASSERT_EQ(document.Map().Elements().size(), 2U) << file;
     EXPECT_TRUE(Is<ITextElement>(document.Map().Elements()[0])) << file;
-    EXPECT_EQ(document.Map().Elements()[0]->Content, words);
+    EXPECT_EQ(document.Map().Elements()[0]->content, words);
   }
 }
 
@@ -89,7 +89,7 @@ TEST(MapDocument, ShapesTakeTheReferenceOfTheMap) {
   for (DocumentView* view :
        {static_cast<DocumentView*>(&document.Map()), static_cast<DocumentView*>(&document.Layout())}) {
     const auto element = MakeElement("marker");
-    element->Shape = std::make_shared<Point>(1, 2);
+    element->shape = std::make_shared<Point>(1, 2);
     view->AddElement(element);
   }
   EXPECT_EQ(document.Map().Elements()[0]->Geometry()->SpatialReference()->FactoryCode(), 32631);

@@ -26,7 +26,7 @@ class DocumentContractHost final : public ContractHost {
       return;
     }
     const auto holder = std::make_shared<DocumentGroupLayer>(group);
-    holder->Members = {layer};
+    holder->members = {layer};
     document_->Map().AppendLayer(holder);
   }
   void OpenTable(const std::string& file, const std::string& name) override {
@@ -44,18 +44,18 @@ class DocumentContractHost final : public ContractHost {
   }
   void Draw(const std::string& kind, const GeometryRef& shape, const std::string& color) override {
     const auto element = MakeElement(kind);
-    element->Shape = shape;
-    element->DrawnWith = std::make_shared<DocumentSymbol>(color);
+    element->shape = shape;
+    element->drawn_with = std::make_shared<DocumentSymbol>(color);
     document_->Map().AddElement(element);
   }
   void Save(const std::string& native_path) override {
-    document_->Path = native_path;
+    document_->path = native_path;
     application_->Stop();
     WriteDocumentFile(*document_);
     document_->ClearDirty();
   }
   void Reopen() override {
-    document_ = ReadDocumentFile(document_->Path);
+    document_ = ReadDocumentFile(document_->path);
     Start();
   }
   [[nodiscard]] bool IsDirty() const override { return document_->Dirty(); }
@@ -68,7 +68,7 @@ class DocumentContractHost final : public ContractHost {
   }
   [[nodiscard]] std::string ColorOf(const std::shared_ptr<IFeatureLayer>& layer) const override {
     const auto renderer = Cast<DocumentRenderer>(Cast<DocumentFeatureLayer>(layer)->Renderer());
-    return Cast<DocumentSymbol>(renderer->Symbol())->Definition;
+    return Cast<DocumentSymbol>(renderer->Symbol())->definition;
   }
 
  private:

@@ -32,8 +32,8 @@ TEST(MapDocumentTest, LayersInMapOrder) {
   DocumentMap& map = document.Map();
   const auto group = std::make_shared<DocumentGroupLayer>("group");
   const auto inner = std::make_shared<DocumentGroupLayer>("inner");
-  inner->Members = {std::make_shared<DocumentFeatureLayer>("deep", LayerSource{})};
-  group->Members = {inner, std::make_shared<DocumentFeatureLayer>("flat", LayerSource{})};
+  inner->members = {std::make_shared<DocumentFeatureLayer>("deep", LayerSource{})};
+  group->members = {inner, std::make_shared<DocumentFeatureLayer>("flat", LayerSource{})};
   map.AppendLayer(group);
   map.AppendLayer(std::make_shared<DocumentFeatureLayer>("last", LayerSource{}));
   document.AddLayer(std::make_shared<DocumentFeatureLayer>("top", LayerSource{}));
@@ -54,7 +54,7 @@ TEST(MapDocumentTest, TheReferenceIsTheMapsOwnOrThatOfTheFirstLayerWithOne) {
   unknown->SetFeatureClass(std::make_shared<MemoryClass>(esriGeometryPoint));
   map.AppendLayer(unknown);
   const auto group = std::make_shared<DocumentGroupLayer>("group");
-  group->Members = {Countries()};
+  group->members = {Countries()};
   map.AppendLayer(group);
   EXPECT_TRUE(Is<const GeographicCoordinateSystem>(map.SpatialReference()));
   map.SetSpatialReference(SpatialReferenceEnvironment::CreateFromText("EPSG:32612"));
@@ -119,10 +119,10 @@ TEST(GraphicElementTest, AGroupCoversItsMembers) {
   EXPECT_TRUE(bounds.IsEmpty());
   for (const XY xy : {XY{-1, 2}, XY{4, -3}}) {
     const auto marker = MakeElement("marker");
-    marker->Shape = std::make_shared<Point>(xy);
-    group->Members.push_back(marker);
+    marker->shape = std::make_shared<Point>(xy);
+    group->members.push_back(marker);
   }
-  group->Members.push_back(MakeElement("text"));
+  group->members.push_back(MakeElement("text"));
   group->QueryBounds(display, bounds);
   EXPECT_EQ(bounds, Envelope(-1, -3, 4, 2));
   EXPECT_EQ(group->ElementCount(), 3);

@@ -54,9 +54,9 @@ class FormTour {
  public:
   FormTour(SampleHost& host, const std::filesystem::path& folder, const FormVisitor& visit)
       : host_(host), folder_(folder), visit_(visit) {
-    host_.FormWindows().OnOpened = [this](FormWindow& window) { Opened(window); };
+    host_.FormWindows().on_opened = [this](FormWindow& window) { Opened(window); };
   }
-  ~FormTour() { host_.FormWindows().OnOpened = nullptr; }
+  ~FormTour() { host_.FormWindows().on_opened = nullptr; }
   FormTour(const FormTour&) = delete;
   FormTour& operator=(const FormTour&) = delete;
 

@@ -42,7 +42,7 @@ TEST_F(WholeRunTest, AConversionGoesFromItsDialogToItsReport) {
   application->Start();
   std::vector<std::string> opened;
   std::string report;
-  host.FormWindows().OnOpened = [&](FormWindow& window) {
+  host.FormWindows().on_opened = [&](FormWindow& window) {
     opened.push_back(window.ShownForm().Name());
     (void)QTest::qWaitForWindowActive(&window);
     if (opened.size() == 1) {

@@ -89,8 +89,8 @@ class WindowsTest : public ::testing::Test {
   /// Shows a form and lets the user act on its window; what is left open is closed by its title bar.
   template <class User>
   void Show(Form& form, User&& user) {
-    host.FormWindows().OnOpened = [&](FormWindow& window) {
-      host.FormWindows().OnOpened = nullptr;
+    host.FormWindows().on_opened = [&](FormWindow& window) {
+      host.FormWindows().on_opened = nullptr;
       (void)QTest::qWaitForWindowActive(&window);
       user(window);
       if (!window.Concealed()) window.close();

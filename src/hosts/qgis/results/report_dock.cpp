@@ -48,7 +48,7 @@ ReportDock::ReportDock(RunHistory& history, QWidget* parent)
       clear_(Button(QStringLiteral("cmdClear"), QStringLiteral("C&lear"), QStringLiteral("Forget the runs"))) {
   setObjectName(QStringLiteral("TessarineReports"));
   Build();
-  history_.OnChanged = [this] { FillTable(); };
+  history_.on_changed = [this] { FillTable(); };
   connect(runs_, &QTableWidget::currentItemChanged, this, [this] { ShowChosen(); });
   connect(copy_, &QPushButton::clicked, this, [this] { CopyCommand(); });
   connect(open_, &QPushButton::clicked, this, [this] { OpenReport(); });
@@ -57,7 +57,7 @@ ReportDock::ReportDock(RunHistory& history, QWidget* parent)
 }
 
 ReportDock::~ReportDock() {
-  history_.OnChanged = [] {};
+  history_.on_changed = [] {};
 }
 
 void ReportDock::Build() {

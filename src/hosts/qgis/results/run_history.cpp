@@ -70,12 +70,12 @@ void RunHistory::Add(PastRun run) {
   run.number = ++added_;
   runs_.push_back(std::move(run));
   if (runs_.size() > kMost) runs_.erase(runs_.begin());
-  OnChanged();
+  on_changed();
 }
 
 void RunHistory::Clear() {
   runs_.clear();
-  OnChanged();
+  on_changed();
 }
 
 void RunHistory::Post(PastRun run) {

@@ -50,7 +50,7 @@ class RunHistory {
   [[nodiscard]] std::size_t Added() const { return added_; }
 
   /// Called after each change.
-  std::function<void()> OnChanged = [] {};
+  std::function<void()> on_changed = [] {};
 
   /// Adds to the history that is there, on its thread, at once or when that has time; nothing where there is none.
   static void Post(PastRun run);
