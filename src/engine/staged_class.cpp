@@ -4,6 +4,7 @@
 #include "engine/package_index.h"
 #include "engine/stamp.h"
 #include "platform/fault.h"
+#include "platform/work_aside.h"
 
 namespace tessarine::engine {
 
@@ -19,7 +20,7 @@ void StagedFeatureClass::Publish() {
   const bool is_package = DriverName() == "GPKG";
   Source()->Renew();
   if (is_package) {
-    IndexPackageLayer(staged_->Path(), layer);
+    WorkAside([&] { IndexPackageLayer(staged_->Path(), layer); });
     StampGeoPackage(staged_->Path(), layer);
   }
   staged_->Publish(standing_);

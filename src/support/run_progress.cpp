@@ -68,19 +68,21 @@ void RunProgress::OpenDialog(const std::shared_ptr<clsExtension>& extension, Log
 bool RunProgress::Step(std::int32_t record) {
   record_ = record;
   if ((record == count_ || SecondsSinceUpdate() >= 1.0) && !Update(record)) return false;
+  if (context_.feedback.StopRequested()) return false;
   status_bar_->StepProgressBar();
   return true;
 }
 
-bool RunProgress::GoesOn() { return SecondsSinceUpdate() < 1.0 || Update(record_); }
+bool RunProgress::GoesOn() {
+  return (SecondsSinceUpdate() < 1.0 || Update(record_)) && !context_.feedback.StopRequested();
+}
 
 double RunProgress::SecondsSinceUpdate() const { return context_.clock.SteadySeconds() - last_update_; }
 
 bool RunProgress::Update(std::int32_t record) {
   last_update_ = context_.clock.SteadySeconds();
   status_bar_->SetMessage(0, MyGeneralOperations::CalcTimeLeft(words_.status_text, ElapsedSeconds(), record, count_));
-  const bool goes_on = !dialog_ || UpdateDialog(record);
-  return goes_on && !context_.feedback.StopRequested();
+  return !dialog_ || UpdateDialog(record);
 }
 
 bool RunProgress::UpdateDialog(std::int32_t record) {

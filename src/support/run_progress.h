@@ -36,7 +36,7 @@ class RunProgress {
               LogView log_view = LogView::Shown);
 
   /// One record further. Everything but the bar is brought up to date once a second and at the last record; that is
-  /// also when a stop is seen. False when the user stopped the run.
+  /// also when the dialog's Stop is seen. False when the user stopped the run.
   [[nodiscard]] bool Step(std::int32_t record);
   /// For long work on one record, as often as it likes: the same look at the clock, without a step. False when the user
   /// stopped the run.

@@ -32,10 +32,16 @@ ValueChange LayerRow::SetValue(std::int32_t index, const Variant& value) {
                             "' is calculated or joined: it can't be written.");
   }
   const StoredValue stored = FitToField(value, traits_->fields.at(attribute), traits_->dbase);
-  if (!changes_.contains(attribute)) before_.insert(attribute, feature_.attribute(attribute));
+  if (!changes_.contains(attribute)) before_.insert(attribute, NamedBefore(attribute));
   feature_.setAttribute(attribute, stored.value);
   changes_.insert(attribute, stored.value);
   return stored.change;
+}
+
+// Where none is named, as of a field that the edit has made, an undo asks the layer, record by record.
+QVariant LayerRow::NamedBefore(int attribute) const {
+  const QVariant value = feature_.attribute(attribute);
+  return value.isValid() ? value : QVariant(traits_->fields.at(attribute).type());
 }
 
 void LayerRow::Store() {

@@ -40,6 +40,8 @@ class LayerRow final : public virtual IFeature {
   [[nodiscard]] GeometryRef ReadShape() const;
   /// The shape as the layer stores it.
   [[nodiscard]] QgsGeometry StoredShape() const;
+  /// The value that an undo brings back; a null of the field's type where the field is empty.
+  [[nodiscard]] QVariant NamedBefore(int attribute) const;
 
   std::shared_ptr<const LayerTraits> traits_;
   QgsFeature feature_;

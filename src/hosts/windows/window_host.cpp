@@ -4,6 +4,8 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QMimeData>
+#include <QThread>
+#include <chrono>
 #include <utility>
 
 #include "hosts/windows/browse_dialog.h"
@@ -26,6 +28,14 @@ class WindowHost::InputGate final : public QObject {
     if (pumps_++ == 0) qApp->installEventFilter(this);
     QCoreApplication::processEvents();
     if (--pumps_ == 0) qApp->removeEventFilter(this);
+    last_pump_ = std::chrono::steady_clock::now();
+  }
+
+  /// True where windows have waited long, and nobody serves them already.
+  [[nodiscard]] bool IsDue() const {
+    constexpr auto kPatience = std::chrono::milliseconds(100);
+    return pumps_ == 0 && QThread::currentThread() == thread() &&
+           std::chrono::steady_clock::now() - last_pump_ > kPatience;
   }
 
  protected:
@@ -65,6 +75,7 @@ class WindowHost::InputGate final : public QObject {
   }
 
   int pumps_ = 0;
+  std::chrono::steady_clock::time_point last_pump_;
 };
 
 /// Collects the text and hands it to the host's error window.
@@ -107,6 +118,11 @@ void WindowHost::PumpEvents() {
   } else {
     QCoreApplication::processEvents();
   }
+}
+
+bool WindowHost::StopRequested() const {
+  if (Running() && gate_->IsDue()) gate_->PumpGated();
+  return false;
 }
 
 void WindowHost::ShowWaitPointer() {

@@ -55,6 +55,8 @@ class WindowHost : public IHost, public IMessageBox, public IClipboard, public I
   IRegistry& Registry() override { return *this; }
   IOperatingSystem& System() override { return system_; }
   void PumpEvents() override;
+  /// Never true: dialogs have buttons for it. Work that asks gives windows their turn, ten times a second.
+  [[nodiscard]] bool StopRequested() const override;
   void RestoreMousePointer() override;
   void ShowWaitPointer() override;
   void Beep() override;

@@ -16,6 +16,7 @@
 #include "helpers/temporary_folder.h"
 #include "helpers/test_host.h"
 #include "hosts/qgis/columns.h"
+#include "hosts/qgis/layer_row.h"
 #include "hosts/qgis/layers.h"
 #include "hosts/windows/qt_text.h"
 
@@ -87,6 +88,24 @@ FieldRef NewDouble(const std::string& name) {
   field->Name = field->AliasName = name;
   field->Type = esriFieldTypeDouble;
   return field;
+}
+
+// Who undoes an edit of many records isn't to read each of them.
+TEST(LayerClass, WhatAnEditWritesOverIsKnownToTheUndo) {
+  const auto layer = PointsInMemory();
+  ASSERT_TRUE(layer->startEditing());
+  const auto features = std::make_shared<qgis::LayerFeatures>(*layer);
+  features->AddField(NewDouble("Sph_Len"));
+  const auto row = std::dynamic_pointer_cast<qgis::LayerRow>(features->GetFeature(1));
+  ASSERT_TRUE(row);
+  for (const char* field : {"Sph_Len", "size"}) row->SetValue(features->FindField(field), 7);
+  qgis::RowChanges changes;
+  row->AddChanges(changes);
+  const QgsAttributeMap before = changes.before.value(1);
+  ASSERT_EQ(before.size(), 2);
+  EXPECT_EQ(before.first(), 1);
+  EXPECT_TRUE(before.last().isValid() && before.last().isNull());
+  EXPECT_EQ(before.last().type(), QVariant::Double);
 }
 
 // Each row gets ten times its size.

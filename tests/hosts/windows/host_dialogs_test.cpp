@@ -13,15 +13,18 @@
 #include <QPlainTextEdit>
 #include <QPrinter>
 #include <QPushButton>
+#include <atomic>
 #include <cmath>
 #include <fstream>
 #include <sstream>
+#include <thread>
 
 #include "engine/data_source.h"
 #include "helpers/published.h"
 #include "helpers/temporary_folder.h"
 #include "hosts/windows/browse_dialog.h"
 #include "hosts/windows/printer.h"
+#include "platform/work_aside.h"
 #include "support/frmReport_modal.h"
 #include "support/rtf_printing.h"
 #include "tests/hosts/windows/windows_fixture.h"
@@ -385,6 +388,26 @@ TEST_F(HostDialogsTest, SystemInformationIsThereWithoutAProgramForIt) {
   tool.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
   EXPECT_EQ(ask(), tool.fileName().toStdString());
   qputenv("PATH", path);
+}
+
+TEST_F(HostDialogsTest, WorkThatAsksForAStopKeepsWindowsAlive) {
+  std::atomic<bool> came = false;
+  QTimer::singleShot(0, qApp, [&] { came = true; });
+  EXPECT_FALSE(StopRequested());
+  EXPECT_FALSE(came) << "outside of a run nobody waits";
+  const WindowHost::RunScope running(host);
+  while (!came) EXPECT_FALSE(StopRequested());
+
+  came = false;
+  bool is_here = true;
+  const auto here = std::this_thread::get_id();
+  QTimer::singleShot(0, qApp, [&] { came = true; });
+  WorkAside([&] {
+    is_here = std::this_thread::get_id() == here;
+    while (!came) std::this_thread::yield();
+  });
+  EXPECT_FALSE(is_here);
+  EXPECT_THROW(WorkAside([] { Raise(kInvalidCall, "No."); }), Fault);
 }
 
 }  // namespace
