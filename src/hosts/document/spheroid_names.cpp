@@ -82,6 +82,11 @@ bool IsCalled(const NamedSpheroid& spheroid, std::string_view text) {
   return !wanted.empty() && Essence(spheroid.name) == wanted;
 }
 
+std::string CodeText(const NamedSpheroid& spheroid) {
+  if (spheroid.code == 0) return "";
+  return (spheroid.code <= kLastOfEpsg ? "EPSG:" : "ESRI:") + std::to_string(spheroid.code);
+}
+
 std::string WhyUnusable(const NamedSpheroid& spheroid) {
   if (spheroid.semi_major_axis > 0.0 && spheroid.semi_minor_axis > 0.0) return "";
   return "Nothing can be computed on the spheroid '" + spheroid.name + "': its axes are " +

@@ -21,6 +21,9 @@ inline constexpr SpheroidList kSpheroidLists[] = {SpheroidList::Custom, Spheroid
 /// "7030", "EPSG:7030", "ESRI:107905".
 [[nodiscard]] bool IsCalled(const NamedSpheroid& spheroid, std::string_view text);
 
+/// "EPSG:7030"; empty for a custom one, which has no code.
+[[nodiscard]] std::string CodeText(const NamedSpheroid& spheroid);
+
 /// Why nothing can be computed on a spheroid; empty where both axes are above 0. A custom file may hold any numbers.
 [[nodiscard]] std::string WhyUnusable(const NamedSpheroid& spheroid);
 

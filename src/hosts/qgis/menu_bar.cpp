@@ -156,21 +156,20 @@ void MenuBar::AddMeasureTool() {
   QgsMapCanvas& canvas = *program_.mapCanvas();
   measure_tool_ = std::make_unique<MeasureTool>(canvas, program_.mainWindow());
   auto* action = new QAction(QgsApplication::getThemeIcon(QStringLiteral("/mActionMeasure.svg")),
-                             QStringLiteral("&Measure on the Spheroid"), toolbar_);
+                             Translated("&Measure on the Spheroid"), toolbar_);
   action->setObjectName(QLatin1String(kMeasureAction));
   program_.registerMainWindowAction(action, QString());
-  action->setToolTip(QStringLiteral("Measure on the Spheroid"));
-  action->setStatusTip(QStringLiteral("Distances, azimuths and areas of places that are clicked on the map"));
+  action->setToolTip(Translated("Measure on the Spheroid"));
+  action->setStatusTip(Translated("Distances, azimuths and areas of places that are clicked on the map"));
   action->setCheckable(true);
   toolbar_->addAction(action);
+  // Behind what the suite defines, and beside the program's own measuring tools.
   if (!roots_.empty() && roots_.front()) {
-    // Behind the tools; the last group is about the suite itself.
-    QMenu& menu = *roots_.front();
-    const QList<QAction*> entries = menu.actions();
-    const auto last =
-        std::find_if(entries.rbegin(), entries.rend(), [](QAction* entry) { return entry->isSeparator(); });
-    menu.insertAction(last == entries.rend() ? nullptr : *last, action);
-    menu.insertSeparator(action);
+    roots_.front()->addSeparator();
+    roots_.front()->addAction(action);
+  }
+  if (auto* measuring = program_.viewMenu()->findChild<QMenu*>(QStringLiteral("mMenuMeasure"))) {
+    measuring->addAction(action);
   }
   measure_tool_->setAction(action);
   QObject::connect(action, &QAction::triggered, &context_, [this, &canvas] { canvas.setMapTool(measure_tool_.get()); });

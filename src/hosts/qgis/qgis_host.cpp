@@ -26,9 +26,11 @@ std::string PluginFolder() {
   return FromNativePath(std::filesystem::absolute(library.dli_fname).parent_path().string());
 }
 
+QString ManualFolder() { return ToQt(ToNativePath(PluginFolder())) + QStringLiteral("/manual"); }
+
 QgisHost::QgisHost(QWidget* main_window, std::string host_version) : WindowHost(main_window, std::move(host_version)) {
   OfferTemporaryLayers(CreateMemoryWorkspaceFactory);
-  FormWindows().SetManualFolder(ToQt(ToNativePath(PluginFolder())) + QStringLiteral("/manual"));
+  FormWindows().SetManualFolder(ManualFolder());
 }
 
 QgisHost::~QgisHost() { OfferTemporaryLayers(nullptr); }

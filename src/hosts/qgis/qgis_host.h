@@ -13,6 +13,8 @@ inline constexpr const char* kHostVersion = "10.0";
 
 /// The folder that this library lies in, a backslash path.
 [[nodiscard]] std::string PluginFolder();
+/// Where the manual lies, a native path.
+[[nodiscard]] QString ManualFolder();
 
 /// The operating system; the suite lies where the plug-in does, not where the map program does.
 class PluginSystem final : public LocalOperatingSystem {

@@ -104,6 +104,10 @@ def by_keyboard():
     assert lines[0][5] == "Distance (m)" and lines[2][0] == "Total (m)" and lines[3][0] == "Spheroid", lines
     assert abs(float(lines[1][5]) - number(shown()[0][4])) < 1e-3
     QTest.keyClick(canvas, Qt.Key_Escape)
+    assert len(shown()) == 1, "Escape ends the path"
+    point_at(0, 0)
+    assert not text("lblPointer"), "the path has ended"
+    QTest.keyClick(canvas, Qt.Key_Escape)
     assert not shown() and not child(window(), "cmdCopy").isEnabled()
 
 
@@ -112,6 +116,27 @@ def choose(name, text):
     at = box.findText(text, Qt.MatchStartsWith)
     assert at >= 0, [box.itemText(line) for line in range(box.count())]
     box.setCurrentIndex(at)
+
+
+def search(words, key):
+    """Types into the box for the spheroid; answers what it offers and what the key chooses."""
+    box = child(window(), "cboSpheroid", QComboBox)
+    box.setFocus()
+    box.lineEdit().selectAll()
+    QTest.keyClicks(box.lineEdit(), words)
+    found = box.lineEdit().completer().popup()
+    lines = [found.model().index(row, 0).data() for row in range(found.model().rowCount())] if found.isVisible() else []
+    QTest.keyClick(found if found.isVisible() else box.lineEdit(), key)
+    QTest.qWait(50)
+    return lines, box.currentText()
+
+
+def spheroids_are_searched():
+    lines, chosen = search("mars 2", Qt.Key_Return)
+    assert lines == ["Mars 2000 (ESRI:107905)"] and chosen == "Mars 2000", (lines, chosen)
+    assert search("EPSG:7030", Qt.Key_Return)[1] == "WGS 1984"
+    assert search("nothing such", Qt.Key_Return) == ([], "WGS 1984")
+    choose("cboSpheroid", "As the project")
 
 
 def on_mars_and_on_a_projection():
@@ -166,6 +191,7 @@ def scenario():
     two_places_over_the_edge()
     an_area_by_double_click()
     by_keyboard()
+    spheroids_are_searched()
     on_mars_and_on_a_projection()
     closed_and_shown_again()
     without_a_reference()

@@ -24,8 +24,10 @@ def captions(menu):
 
 def scenario():
     root = action_of(WINDOW.menuBar(), "Tessarine Tools").menu()
-    assert captions(root) == [*ITEMS, None, "&Measure on the Spheroid", None, "About Tools for Tessarine Tools"], \
+    assert captions(root) == [*ITEMS, None, "About Tools for Tessarine Tools", None, "&Measure on the Spheroid"], \
         captions(root)
+    beside = iface.viewMenu().findChild(QMenu, "mMenuMeasure")
+    assert captions(beside)[-1] == "&Measure on the Spheroid", captions(beside)
     for caption, items in ITEMS.items():
         menu = action_of(root, caption).menu()
         assert captions(menu) == items, captions(menu)

@@ -13,6 +13,7 @@
 #include "hosts/qgis/suite_measures.h"
 #include "hosts/qgis/values.h"
 #include "hosts/windows/qt_text.h"
+#include "hosts/windows/translation.h"
 #include "platform/fault.h"
 
 namespace tessarine::qgis {
@@ -23,8 +24,9 @@ constexpr QRgb kAroundColor = 0xC0FFFFFF;  // the line is seen on dark maps, too
 constexpr int kLineWidth = 2, kIconSize = 8;
 constexpr std::size_t kLeastForArea = 3;
 
-const QString kHint = QStringLiteral(
-    "Click two places or more on the map. A double click or a right click ends; Backspace takes the last place back.");
+constexpr const char* kHint =
+    "Click two places or more on the map. A double click, a right click or Escape ends; Backspace takes the last place "
+    "back.";
 
 std::unique_ptr<QgsRubberBand> Band(QgsMapCanvas& canvas, QgsWkbTypes::GeometryType type) {
   auto band = std::make_unique<QgsRubberBand>(&canvas, type);
@@ -79,7 +81,7 @@ void MeasureTool::keyPressEvent(QKeyEvent* event) {
   if (event->key() != Qt::Key_Escape && event->key() != Qt::Key_Backspace) return;
   event->ignore();  // the program reads it as already handled
   if (event->key() == Qt::Key_Escape) {
-    StartAnew();
+    open_ ? Finish() : StartAnew();
   } else {
     TakeBack();
   }
@@ -105,7 +107,7 @@ void MeasureTool::Add(const QgsPointXY& on_map) {
   try {
     places_.push_back({on_map, Measures().InDegrees({on_map.x(), on_map.y()}, map_)});
   } catch (const Fault&) {
-    window_->Tell(QStringLiteral("The map shows no place of the globe there."));
+    window_->Tell(Translated("The map shows no place of the globe there."));
     return;
   }
   open_ = true;
@@ -155,15 +157,15 @@ void MeasureTool::TakeReference() {
 std::optional<NamedSpheroid> MeasureTool::SpheroidToUse() {
   std::optional<NamedSpheroid> of_project = SpheroidOfSetting(QgsProject::instance()->ellipsoid());
   if (!of_project) of_project = SpheroidOf(system_);
-  window_->NameProjectSpheroid(of_project ? ToQt(of_project->name) : QStringLiteral("none"));
+  window_->NameProjectSpheroid(of_project ? ToQt(of_project->name) : Translated("none"));
   if (!GeographicOf(map_)) {
     window_->ShowNothing(
-        QStringLiteral("The project's reference is neither geographic nor projected, so that the map shows no places "
-                       "of a globe. Choose another one in the project's properties."));
+        Translated("The project's reference is neither geographic nor projected, so that the map shows no places "
+                   "of a globe. Choose another one in the project's properties."));
     return std::nullopt;
   }
   if (const auto chosen = window_->ChosenSpheroid()) return chosen;
-  if (!of_project) window_->ShowNothing(QStringLiteral("The project tells no spheroid: choose one."));
+  if (!of_project) window_->ShowNothing(Translated("The project tells no spheroid: choose one."));
   return of_project;
 }
 
@@ -171,7 +173,7 @@ void MeasureTool::Measure() {
   if (!window_) return;
   window_->ShowPointer(std::nullopt);
   const auto spheroid = SpheroidToUse();
-  if (spheroid && places_.empty()) window_->ShowNothing(kHint);
+  if (spheroid && places_.empty()) window_->ShowNothing(Translated(kHint));
   if (spheroid && !places_.empty()) {
     std::vector<XY> degrees;
     for (const PointedPlace& place : places_) degrees.push_back(place.degrees);

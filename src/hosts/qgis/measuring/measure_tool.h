@@ -20,7 +20,8 @@ namespace tessarine::qgis {
 inline constexpr const char* kMeasureAction = "TessarineMeasure";
 
 /// A click adds a place; a double click adds the last one, and a right click ends the path without one. The next click
-/// begins a new path. Backspace takes the last place back, Escape begins anew. Places snap as the project's settings
+/// begins a new path. Backspace takes the last place back, Escape ends the path, and begins anew where it
+/// has ended. Places snap as the project's settings
 /// for snapping say. A path stays when another tool is taken, and when the map changes its reference.
 class MeasureTool final : public QgsMapTool {
  public:

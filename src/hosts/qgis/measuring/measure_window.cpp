@@ -9,17 +9,24 @@
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QScreen>
+#include <QShortcut>
 #include <QVBoxLayout>
+#include <utility>
 
-#include "hosts/qgis/spheroid_book.h"
+#include "hosts/qgis/qgis_host.h"
 #include "hosts/windows/dialog_units.h"
+#include "hosts/windows/manual_window.h"
 #include "hosts/windows/qt_text.h"
+#include "hosts/windows/translation.h"
 #include "platform/text_formats.h"
 
 namespace tessarine::qgis {
 namespace {
 
 constexpr int kDegreeDecimals = 6;
+constexpr const char* kColumns[] = {"Start longitude", "Start latitude", "End longitude", "End latitude",
+                                    "Distance",        "Start azimuth",  "End azimuth"};
 const QString kSpheroidSetting = QStringLiteral("tessarine/measuring/spheroid");
 const QString kLengthSetting = QStringLiteral("tessarine/measuring/length_unit");
 const QString kAreaSetting = QStringLiteral("tessarine/measuring/area_unit");
@@ -34,8 +41,10 @@ QString InUnit(double value, const MeasureUnit& unit) {
 
 template <class Units>
 void FillUnits(QComboBox& box, const Units& units, const QString& setting) {
-  for (const MeasureUnit& unit : units) box.addItem(ToQt(std::string(unit.name) + " (" + unit.symbol + ")"));
-  box.setCurrentIndex(std::max(0, box.findText(QgsSettings().value(setting).toString())));
+  for (const MeasureUnit& unit : units) {
+    box.addItem(Translated(unit.name) + QStringLiteral(" (%1)").arg(ToQt(unit.symbol)), QLatin1String(unit.name));
+  }
+  box.setCurrentIndex(std::max(0, box.findData(QgsSettings().value(setting))));
 }
 
 QLabel* ValueLabel(const char* name, QWidget* parent) {
@@ -51,8 +60,7 @@ QLabel* ValueLabel(const char* name, QWidget* parent) {
 MeasureWindow::MeasureWindow(QWidget* parent, Callbacks callbacks)
     : QDialog(parent),
       callbacks_(std::move(callbacks)),
-      spheroids_(SpheroidsOfCatalog()),
-      spheroid_(new QComboBox(this)),
+      spheroid_(new SpheroidBox(this)),
       length_unit_(new QComboBox(this)),
       area_unit_(new QComboBox(this)),
       legs_(new QTableWidget(this)),
@@ -60,11 +68,12 @@ MeasureWindow::MeasureWindow(QWidget* parent, Callbacks callbacks)
       total_(ValueLabel("lblTotal", this)),
       area_(ValueLabel("lblArea", this)),
       note_(ValueLabel("lblNote", this)),
-      new_(new QPushButton(QStringLiteral("&New"), this)),
-      copy_(new QPushButton(QStringLiteral("C&opy"), this)),
-      close_(new QPushButton(QStringLiteral("&Close"), this)) {
+      new_(new QPushButton(Translated("&New"), this)),
+      copy_(new QPushButton(Translated("C&opy"), this)),
+      help_(new QPushButton(Translated("&Help"), this)),
+      close_(new QPushButton(Translated("&Close"), this)) {
   Build();
-  FillSpheroids();
+  spheroid_->Choose(QgsSettings().value(kSpheroidSetting).toString());
   FillUnits(*length_unit_, kLengthUnits, kLengthSetting);
   FillUnits(*area_unit_, kAreaUnits, kAreaSetting);
   const auto changed = QOverload<int>::of(&QComboBox::currentIndexChanged);
@@ -72,6 +81,9 @@ MeasureWindow::MeasureWindow(QWidget* parent, Callbacks callbacks)
     Remember();
     callbacks_.spheroid_changed();
   });
+  connect(new QShortcut(QKeySequence::Copy, this), &QShortcut::activated, this, [this] { Copy(); });
+  connect(new QShortcut(QKeySequence::HelpContents, this), &QShortcut::activated, this, [this] { ShowHelp(); });
+  connect(help_, &QPushButton::clicked, this, [this] { ShowHelp(); });
   for (QComboBox* box : {length_unit_, area_unit_}) {
     connect(box, changed, this, [this] {
       Remember();
@@ -86,7 +98,7 @@ MeasureWindow::MeasureWindow(QWidget* parent, Callbacks callbacks)
 
 void MeasureWindow::Build() {
   setObjectName(QStringLiteral("TessarineMeasureWindow"));
-  setWindowTitle(QStringLiteral("Measure on the Spheroid"));
+  setWindowTitle(Translated("Measure on the Spheroid"));
   setWindowFlag(Qt::WindowContextHelpButtonHint, false);
   spheroid_->setObjectName(QStringLiteral("cboSpheroid"));
   length_unit_->setObjectName(QStringLiteral("cboLengthUnit"));
@@ -94,32 +106,31 @@ void MeasureWindow::Build() {
   legs_->setObjectName(QStringLiteral("tblLegs"));
   new_->setObjectName(QStringLiteral("cmdNew"));
   copy_->setObjectName(QStringLiteral("cmdCopy"));
+  help_->setObjectName(QStringLiteral("cmdHelp"));
   close_->setObjectName(QStringLiteral("cmdClose"));
-  // A name that is longer than the window isn't to widen it.
-  spheroid_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-  legs_->setColumnCount(7);
-  legs_->setHorizontalHeaderLabels({QStringLiteral("Start longitude"), QStringLiteral("Start latitude"),
-                                    QStringLiteral("End longitude"), QStringLiteral("End latitude"),
-                                    QStringLiteral("Distance"), QStringLiteral("Start azimuth"),
-                                    QStringLiteral("End azimuth")});
+  QStringList heads;
+  for (const char* column : kColumns) heads << Translated(column);
+  legs_->setColumnCount(heads.size());
+  legs_->setHorizontalHeaderLabels(heads);
   legs_->setEditTriggers(QAbstractItemView::NoEditTriggers);
   legs_->setSelectionBehavior(QAbstractItemView::SelectRows);
   legs_->setTabKeyNavigation(false);
   legs_->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
-  for (QPushButton* button : {new_, copy_, close_}) button->setAutoDefault(false);
+  for (QPushButton* button : {new_, copy_, help_, close_}) button->setAutoDefault(false);
 
   auto* choices = new QFormLayout;
-  choices->addRow(QStringLiteral("&Spheroid:"), spheroid_);
-  choices->addRow(QStringLiteral("&Lengths in:"), length_unit_);
-  choices->addRow(QStringLiteral("&Areas in:"), area_unit_);
+  choices->addRow(Translated("&Spheroid:"), spheroid_);
+  choices->addRow(Translated("&Lengths in:"), length_unit_);
+  choices->addRow(Translated("&Areas in:"), area_unit_);
   auto* sums = new QFormLayout;
-  sums->addRow(QStringLiteral("To the pointer:"), pointer_);
-  sums->addRow(QStringLiteral("Total:"), total_);
-  sums->addRow(QStringLiteral("Area:"), area_);
+  sums->addRow(Translated("To the pointer:"), pointer_);
+  sums->addRow(Translated("Total:"), total_);
+  sums->addRow(Translated("Area:"), area_);
   auto* buttons = new QHBoxLayout;
   buttons->addWidget(new_);
   buttons->addWidget(copy_);
   buttons->addStretch();
+  buttons->addWidget(help_);
   buttons->addWidget(close_);
   auto* layout = new QVBoxLayout(this);
   layout->addLayout(choices);
@@ -130,30 +141,26 @@ void MeasureWindow::Build() {
   resize(DialogUnits(font()).Size(330, 190));
 }
 
-void MeasureWindow::FillSpheroids() {
-  spheroid_->addItem(QStringLiteral("As the project"));
-  for (const NamedSpheroid& spheroid : spheroids_) spheroid_->addItem(ToQt(spheroid.name));
-  const QString last = QgsSettings().value(kSpheroidSetting).toString();
-  for (int at = 1; at < spheroid_->count(); ++at) {
-    if (spheroid_->itemText(at) == last) spheroid_->setCurrentIndex(at);
-  }
+// At first in the lower right corner, where it hides least of the map; then where it was moved to.
+void MeasureWindow::showEvent(QShowEvent* event) {
+  QDialog::showEvent(event);
+  if (std::exchange(has_place_, true) || parentWidget() == nullptr) return;
+  constexpr int kMargin = 30;
+  const QRect room = parentWidget()->frameGeometry() & parentWidget()->screen()->availableGeometry();
+  move(room.bottomRight() - frameGeometry().bottomRight() + pos() - QPoint(kMargin, kMargin));
 }
 
 void MeasureWindow::Remember() const {
   QgsSettings settings;
-  settings.setValue(kSpheroidSetting, spheroid_->currentIndex() > 0 ? spheroid_->currentText() : QString());
-  settings.setValue(kLengthSetting, length_unit_->currentText());
-  settings.setValue(kAreaSetting, area_unit_->currentText());
+  const auto chosen = spheroid_->Chosen();
+  settings.setValue(kSpheroidSetting, chosen ? ToQt(chosen->name) : QString());
+  settings.setValue(kLengthSetting, length_unit_->currentData());
+  settings.setValue(kAreaSetting, area_unit_->currentData());
 }
 
-std::optional<NamedSpheroid> MeasureWindow::ChosenSpheroid() const {
-  const int chosen = spheroid_->currentIndex() - 1;
-  return chosen < 0 ? std::nullopt : std::optional(spheroids_.at(static_cast<std::size_t>(chosen)));
-}
+std::optional<NamedSpheroid> MeasureWindow::ChosenSpheroid() const { return spheroid_->Chosen(); }
 
-void MeasureWindow::NameProjectSpheroid(const QString& name) {
-  spheroid_->setItemText(0, QStringLiteral("As the project: ") + name);
-}
+void MeasureWindow::NameProjectSpheroid(const QString& name) { spheroid_->NameFirst(name); }
 
 void MeasureWindow::Show(const PathMeasures& path) {
   path_ = path;
@@ -174,10 +181,10 @@ void MeasureWindow::Tell(const QString& text) {
 
 void MeasureWindow::ShowPointer(const std::optional<MeasuredLeg>& leg) {
   to_pointer_ = leg;
-  pointer_->setText(
-      leg ? LengthText(leg->distance) +
-                (leg->start_azimuth ? QStringLiteral(", azimuth ") + DegreesText(*leg->start_azimuth) : QString())
-          : QString());
+  QString told;
+  if (leg) told = LengthText(leg->distance);
+  if (leg && leg->start_azimuth) told = Translated("%1, azimuth %2").arg(told, DegreesText(*leg->start_azimuth));
+  pointer_->setText(told);
 }
 
 void MeasureWindow::Refresh() {
@@ -187,14 +194,14 @@ void MeasureWindow::Refresh() {
   const bool is_measured = !path_.legs.empty();
   QString total = is_measured ? LengthText(path_.total) : QString();
   if (path_.closing_leg) {
-    total += QStringLiteral(", closed ") + LengthText(path_.total + *path_.closing_leg);
+    total = Translated("%1, closed %2").arg(total, LengthText(path_.total + *path_.closing_leg));
   }
   total_->setText(total);
   area_->setText(path_.area ? InUnit(*path_.area, AreaUnit()) : QString());
   QStringList notes;
   if (!hint_.isEmpty()) notes << hint_;
   if (!path_.problem.empty()) notes << LinesToQt(path_.problem);
-  for (const std::string_view note : path_.notes) notes << ToQt(note);
+  for (const std::string_view note : path_.notes) notes << Translated(note);
   note_->setText(notes.join(QLatin1Char('\n')));
   copy_->setEnabled(is_measured);
   ShowPointer(to_pointer_);
@@ -216,8 +223,11 @@ void MeasureWindow::AddLeg(int row) {
 }
 
 void MeasureWindow::Copy() const {
+  if (path_.legs.empty()) return;
   QGuiApplication::clipboard()->setText(ToQt(TableText(path_, LengthUnit(), AreaUnit())));
 }
+
+void MeasureWindow::ShowHelp() { ShowManual(ManualFolder(), {QStringLiteral("measuring-on-the-map.md"), {}}, *this); }
 
 const MeasureUnit& MeasureWindow::LengthUnit() const { return kLengthUnits[std::max(0, length_unit_->currentIndex())]; }
 

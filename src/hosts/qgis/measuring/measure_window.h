@@ -9,14 +9,14 @@
 #include <QTableWidget>
 #include <functional>
 #include <optional>
-#include <vector>
 
 #include "hosts/qgis/measuring/path_measures.h"
+#include "hosts/qgis/measuring/spheroid_box.h"
 
 namespace tessarine::qgis {
 
 /// Shows legs, total, area and azimuths, and lets choose spheroid and units, which it remembers. Backspace takes the
-/// last place back and Escape closes, as Close does.
+/// last place back, the keys for copying copy all of it, F1 opens the manual, and Escape closes, as Close does.
 class MeasureWindow final : public QDialog {
  public:
   struct Callbacks {
@@ -41,27 +41,29 @@ class MeasureWindow final : public QDialog {
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
+  void showEvent(QShowEvent* event) override;
 
  private:
   void Build();
-  void FillSpheroids();
   void Remember() const;
   void Refresh();
   void AddLeg(int row);
   void Copy() const;
+  void ShowHelp();
   [[nodiscard]] const MeasureUnit& LengthUnit() const;
   [[nodiscard]] const MeasureUnit& AreaUnit() const;
   [[nodiscard]] QString LengthText(double metres) const;
 
   Callbacks callbacks_;
+  bool has_place_ = false;
   PathMeasures path_;
   QString hint_;
   std::optional<MeasuredLeg> to_pointer_;
-  std::vector<NamedSpheroid> spheroids_;
-  QComboBox *spheroid_, *length_unit_, *area_unit_;
+  SpheroidBox* spheroid_;
+  QComboBox *length_unit_, *area_unit_;
   QTableWidget* legs_;
   QLabel *pointer_, *total_, *area_, *note_;
-  QPushButton *new_, *copy_, *close_;
+  QPushButton *new_, *copy_, *help_, *close_;
 };
 
 }  // namespace tessarine::qgis

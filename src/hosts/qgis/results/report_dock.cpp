@@ -6,14 +6,19 @@
 #include <QFontDatabase>
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QSplitter>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <iterator>
 
 #include "hosts/document/component_loader.h"
+#include "hosts/qgis/qgis_host.h"
+#include "hosts/windows/manual_window.h"
 #include "hosts/windows/qt_text.h"
 #include "hosts/windows/rich_document.h"
+#include "hosts/windows/translation.h"
 #include "platform/rich_text.h"
 #include "platform/tool.h"
 #include "platform/trap.h"
@@ -21,31 +26,35 @@
 namespace tessarine::qgis {
 namespace {
 
-const QStringList kHeads = {QStringLiteral("Time"), QStringLiteral("Tool"), QStringLiteral("Output"),
-                            QStringLiteral("Status")};
+constexpr const char* kHeads[] = {"Time", "Tool", "Output", "Status"};
+constexpr int kColumns = static_cast<int>(std::size(kHeads));
 constexpr double kScale = 1.0;
 constexpr int kNumber = Qt::UserRole;
 
-QPushButton* Button(const QString& name, const QString& text, const QString& tip) {
-  auto* button = new QPushButton(text);
-  button->setObjectName(name);
-  button->setToolTip(tip);
+QPushButton* Button(const char* name, const char* text, const char* tip) {
+  auto* button = new QPushButton(Translated(text));
+  button->setObjectName(QLatin1String(name));
+  button->setToolTip(Translated(tip));
   return button;
+}
+
+QStringList Heads() {
+  QStringList heads;
+  for (const char* head : kHeads) heads << Translated(head);
+  return heads;
 }
 
 }  // namespace
 
 ReportDock::ReportDock(RunHistory& history, QWidget* parent)
-    : QDockWidget(QStringLiteral("Tessarine Reports"), parent),
+    : QDockWidget(Translated("Tessarine Reports"), parent),
       history_(history),
-      runs_(new QTableWidget(0, kHeads.size())),
+      runs_(new QTableWidget(0, kColumns)),
       report_(new QTextBrowser),
       command_(new QLineEdit),
-      copy_(Button(QStringLiteral("cmdCopyCommand"), QStringLiteral("Copy as &Command"),
-                   QStringLiteral("Copy the line that does the same at the terminal"))),
-      open_(Button(QStringLiteral("cmdOpenReport"), QStringLiteral("&Open Report"),
-                   QStringLiteral("Show the report in a window of its own, to copy or print it"))),
-      clear_(Button(QStringLiteral("cmdClear"), QStringLiteral("C&lear"), QStringLiteral("Forget the runs"))) {
+      copy_(Button("cmdCopyCommand", "Copy as &Command", "Copy the line that does the same at the terminal")),
+      open_(Button("cmdOpenReport", "&Open Report", "Show the report in a window of its own, to copy or print it")),
+      clear_(Button("cmdClear", "C&lear", "Forget the runs")) {
   setObjectName(QStringLiteral("TessarineReports"));
   Build();
   history_.on_changed = [this] { FillTable(); };
@@ -60,9 +69,19 @@ ReportDock::~ReportDock() {
   history_.on_changed = [] {};
 }
 
+bool ReportDock::event(QEvent* event) {
+  const bool is_key = event->type() == QEvent::ShortcutOverride || event->type() == QEvent::KeyPress;
+  if (!is_key || !static_cast<QKeyEvent*>(event)->matches(QKeySequence::HelpContents)) return QDockWidget::event(event);
+  if (event->type() == QEvent::KeyPress) {
+    ShowManual(ManualFolder(), {QStringLiteral("results-in-qgis.md"), QStringLiteral("Reports")}, *this);
+  }
+  event->accept();
+  return true;
+}
+
 void ReportDock::Build() {
   runs_->setObjectName(QStringLiteral("tblRuns"));
-  runs_->setHorizontalHeaderLabels(kHeads);
+  runs_->setHorizontalHeaderLabels(Heads());
   runs_->setSelectionBehavior(QAbstractItemView::SelectRows);
   runs_->setSelectionMode(QAbstractItemView::SingleSelection);
   runs_->setEditTriggers(QAbstractItemView::NoEditTriggers);
@@ -72,7 +91,7 @@ void ReportDock::Build() {
   command_->setObjectName(QStringLiteral("txtCommand"));
   command_->setReadOnly(true);
   command_->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-  auto* caption = new QLabel(QStringLiteral("The same at the &terminal:"));
+  auto* caption = new QLabel(Translated("The same at the &terminal:"));
   caption->setBuddy(command_);
 
   auto* parts = new QSplitter(Qt::Vertical);
@@ -99,8 +118,9 @@ void ReportDock::FillTable() {
   runs_->setRowCount(static_cast<int>(runs.size()));
   int row = 0;
   for (auto run = runs.rbegin(); run != runs.rend(); ++run, ++row) {
-    const QString texts[] = {run->ended.toString(QStringLiteral("HH:mm:ss")), run->tool, run->output, run->told};
-    for (int column = 0; column < kHeads.size(); ++column) {
+    const QString texts[] = {run->ended.toString(QStringLiteral("HH:mm:ss")), Translated(run->tool), run->output,
+                             run->told};
+    for (int column = 0; column < kColumns; ++column) {
       auto* item = new QTableWidgetItem(texts[column]);  // the table owns it
       item->setToolTip(column == 0 ? run->ended.toString(Qt::ISODate) : texts[column]);
       item->setData(kNumber, QVariant::fromValue<qulonglong>(run->number));
@@ -138,7 +158,7 @@ void ReportDock::ShowChosen() {
   const QString line = run != nullptr ? LinesToQt(run->line.text) : QString();
   command_->setText(line);
   command_->setCursorPosition(0);
-  command_->setPlaceholderText(run != nullptr ? LinesToQt(run->line.why_none) : QString());
+  command_->setPlaceholderText(run != nullptr ? Translated(LinesToQt(run->line.why_none)) : QString());
   command_->setToolTip(line.isEmpty() ? command_->placeholderText() : line);
   copy_->setEnabled(!line.isEmpty());
   open_->setEnabled(!report.empty());

@@ -24,6 +24,10 @@ class ReportDock final : public QDockWidget {
   /// Opens the panel at the run of this number, where it is still known.
   void ShowRun(std::size_t number);
 
+ protected:
+  /// F1 opens the manual here; the program's own key for its help waits.
+  bool event(QEvent* event) override;
+
  private:
   void Build();
   /// Whoever looks at the newest run goes on to the new one; others stay where they are.
