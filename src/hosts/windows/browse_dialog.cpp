@@ -282,7 +282,7 @@ void BrowseDialog::GoTo(const QString& path) {
   if (const auto container = FindContainer(FromQt(path))) {
     LookIn(*container);
   } else {
-    Refuse(QStringLiteral("There is no folder or geodatabase '%1'.").arg(path));
+    Refuse(Translated("There is no folder or geodatabase '%1'.").arg(path));
     look_in_->setEditText(ToQt(location_.DisplayPath()));
   }
 }
@@ -324,7 +324,7 @@ bool BrowseDialog::FollowTypedPath() {
   }
   const auto above = FindContainer(path.parent_path().string());
   if (!above) {
-    Refuse(QStringLiteral("There is no folder or geodatabase '%1'.").arg(ToQt(path.parent_path().string())));
+    Refuse(Translated("There is no folder or geodatabase '%1'.").arg(ToQt(path.parent_path().string())));
     return false;
   }
   LookIn(*above);
@@ -341,7 +341,7 @@ bool BrowseDialog::TakeNamedData() {
       if (!item.IsContainer() && EqualsIgnoringCase(item.name, wanted)) found = &item;
     }
     if (found == nullptr) {
-      Refuse(QStringLiteral("'%1' holds nothing of the name '%2'.").arg(ToQt(location_.DisplayPath()), part.trimmed()));
+      Refuse(Translated("'%1' holds nothing of the name '%2'.").arg(ToQt(location_.DisplayPath()), part.trimmed()));
       return false;
     }
     chosen_.push_back(*found);
@@ -402,7 +402,7 @@ void BrowseDialog::MakeFolder() {
   const fs::path path = fs::path(location_.path) / FromQt(name);
   fs::create_directory(path, error);
   if (error) {
-    Refuse(QStringLiteral("The folder '%1' can't be made: %2.").arg(ToQt(path.string()), ToQt(error.message())));
+    Refuse(Translated("The folder '%1' can't be made: %2.").arg(ToQt(path.string()), ToQt(error.message())));
     return;
   }
   GoTo(ToQt(path.string()));

@@ -15,7 +15,7 @@ namespace tessarine {
 
 ErrorWindow::ErrorWindow(QWidget* parent) : QDialog(parent), text_(new QPlainTextEdit(this)) {
   setObjectName(QStringLiteral("ErrorDialog"));
-  setWindowTitle(QStringLiteral("Unexpected Program Error"));
+  setWindowTitle(Translated("Unexpected Program Error"));
   setWindowFlag(Qt::WindowContextHelpButtonHint, false);
   setWindowModality(Qt::ApplicationModal);
   text_->setObjectName(QStringLiteral("txtError"));

@@ -40,10 +40,10 @@ MessageAnswer ShowMessageBox(QWidget* parent, const std::string& text, const std
   const PointerPause pause;
   QMessageBox box(parent);
   box.setObjectName(QStringLiteral("MessageBox"));
-  box.setWindowTitle(title.empty() ? QStringLiteral("Tessarine Tools") : ToQt(title).trimmed());
+  box.setWindowTitle(title.empty() ? QStringLiteral("Tessarine Tools") : Translated(ToQt(title).trimmed()));
   box.setTextFormat(Qt::PlainText);
   box.setTextInteractionFlags(Qt::TextSelectableByMouse);
-  box.setText(LinesToQt(text));
+  box.setText(Translated(LinesToQt(text)));
   if (icon == MessageIcon::Exclamation) {
     box.setIcon(QMessageBox::Warning);
   } else if (buttons != MessageButtons::Ok) {

@@ -39,8 +39,9 @@ const std::string& HeadOfPlainText() {
   return head;
 }
 
-// The runs of the suite's own texts; what a report tells is in none of the translations.
-RichText InLanguage(RichText text) {
+// The runs of the suite's own texts. A report stays as it is written, here as at the terminal.
+RichText InLanguage(RichText text, const RichTextBox& box) {
+  if (box.Name() == "txtReport") return text;
   for (RichParagraph& paragraph : text) {
     for (RichRun& run : paragraph.runs) {
       const QString whole = ToQt(run.text);
@@ -101,7 +102,7 @@ class RichTextView final : public ControlView {
   // A log stays in the language that it is written in.
   [[nodiscard]] RichText Shown() const {
     const RichText text = ReadRtf(box_.TextRTF());
-    return box_.TextRTF().starts_with(HeadOfPlainText()) ? text : InLanguage(text);
+    return box_.TextRTF().starts_with(HeadOfPlainText()) ? text : InLanguage(text, box_);
   }
 
   // A log grows line by line: what stands is left alone. False where the text isn't the shown one with more behind it.

@@ -10,6 +10,7 @@
 #include <QThread>
 
 #include "hosts/windows/qt_text.h"
+#include "hosts/windows/translation.h"
 #include "platform/paths.h"
 
 namespace tessarine {
@@ -26,15 +27,15 @@ QString LineOf(const char* path, const char* begin) {
 
 QString InformationText() {
   QStringList lines = {
-      QStringLiteral("System: ") + QSysInfo::prettyProductName(),
-      QStringLiteral("Kernel: ") + QSysInfo::kernelType() + QLatin1Char(' ') + QSysInfo::kernelVersion(),
-      QStringLiteral("Processor: %1, %2 at once")
+      Translated("System: %1").arg(QSysInfo::prettyProductName()),
+      Translated("Kernel: %1").arg(QSysInfo::kernelType() + QLatin1Char(' ') + QSysInfo::kernelVersion()),
+      Translated("Processor: %1, %2 at once")
           .arg(LineOf("/proc/cpuinfo", "model name"), QString::number(QThread::idealThreadCount())),
-      QStringLiteral("Memory: %1, available %2")
+      Translated("Memory: %1, available %2")
           .arg(LineOf("/proc/meminfo", "MemTotal"), LineOf("/proc/meminfo", "MemAvailable")),
       QStringLiteral("Qt: ") + QLatin1String(qVersion()) + QStringLiteral(", ") + QGuiApplication::platformName()};
   for (const QScreen* screen : QGuiApplication::screens()) {
-    lines << QStringLiteral("Screen: %1 x %2").arg(screen->size().width()).arg(screen->size().height());
+    lines << Translated("Screen: %1 x %2").arg(screen->size().width()).arg(screen->size().height());
   }
   return lines.join(QLatin1Char('\n')) + QLatin1Char('\n');
 }

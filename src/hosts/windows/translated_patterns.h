@@ -42,6 +42,28 @@ inline constexpr const char* kTranslatedPatterns[] = {
     "Version %1",
     "Units: %1",
     "Text [%1]",
+    "units of %1",
+    "square %1",
+    "No line at the terminal does the same: %1.",
+    "a comma in the name of the field '%1' parts it in two",
+    "only the first records of '%1' are read",
+    "'%1' can't be named there, because %2",
+    "the filter of '%1' is a whole query",
+    "the selected records of '%1' are too many to be listed",
+    "The Feature Class '%1' already exists!  Do you wish to overwrite it?",
+    "Unable to create Feature Class:\n%1 is not a valid workspace...",
+    "No Feature Class Created:\n%1",
+    "Unable to Make %1 Feature Class:",
+    "Unable to find the following file:\n\n%1\n\nBailing out...",
+    "The following field names might not be valid, either because they are too long or they contain invalid "
+    "characters.  If they are invalid, they may corrupt your data.  Please click 'YES' to continue and use these field "
+    "names, or 'NO' if you wish to exit and define new names:\n%1",
+    "The following field names already exist in your dataset, and therefore the existing data will be overwritten. "
+    "Please click 'YES' to continue and use these field names, or 'NO' if you wish to exit and define new names:\n%1",
+    "No selected graphic %1 in map!  No new Feature Class will be made.\nDo you wish to go back and \nmake a different "
+    "selection?",
+    "No graphic %1 in map!  No new Feature Class will be made.\nDo you wish to go back and \nmake a different "
+    "selection?",
 };
 
 }  // namespace tessarine

@@ -60,11 +60,11 @@ QString Found(const Language& language, const QString& text) {
   for (const Pattern& pattern : language.patterns) {
     const QRegularExpressionMatch match = pattern.form.match(plain);
     if (!match.hasMatch()) continue;
-    // A text for a place is one that may have a translation itself.
+    // A text for a place may have a translation itself.
     QString whole = pattern.translation;
     for (int place = match.lastCapturedIndex(); place > 0; --place) {
       const QString part = match.captured(place);
-      const QString found = HasLetter(part) ? language.Find(part) : QString();
+      const QString found = HasLetter(part) ? Found(language, part) : QString();
       whole.replace(QStringLiteral("%%1").arg(place), found.isEmpty() ? part : found);
     }
     return whole;

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <set>
 
+#include "calculator/measure_catalogue.h"
 #include "frame/commands/command_table.h"
 #include "helpers/temporary_folder.h"
 #include "hosts/document/component_loader.h"
@@ -114,6 +115,10 @@ TEST_F(TranslationTest, NoMeasureCommandOrToolIsWithoutOne) {
        CreateComponentAs<IMeasureCatalog>("Tessarine.clsMeasureCatalog", "IMeasureCatalog")->Captions()) {
     missing.Look(caption);
   }
+  for (const MeasureRow& row : AllMeasures()) {
+    for (const std::string_view label : row.report_labels) missing.Look(label);
+  }
+  for (const char* unit : {"degrees", "metres", "square US survey feet", "units of chain"}) missing.Look(unit);
   for (const CommandRow& row : AllCommands()) {
     for (const char* text : {row.texts.caption, row.texts.tooltip, row.texts.message}) missing.Look(text);
   }

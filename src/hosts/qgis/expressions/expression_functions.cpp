@@ -13,6 +13,7 @@
 
 #include "hosts/qgis/expressions/function_table.h"
 #include "hosts/windows/qt_text.h"
+#include "hosts/windows/translation.h"
 #include "platform/fault.h"
 
 namespace tessarine::qgis {
@@ -39,7 +40,8 @@ class FunctionLog {
       count = ++kind.count;
     }
     if (count > kMostOfAKind) return;
-    const QString more = count == kMostOfAKind ? QStringLiteral(" (More of these aren't told.)") : QString();
+    const QString more =
+        count == kMostOfAKind ? QLatin1Char(' ') + Translated("(More of these aren't told.)") : QString();
     QgsMessageLog::logMessage(about + text + more, kGroup, Qgis::Warning);
   }
 
@@ -62,8 +64,8 @@ QString About(const QString& function, const QgsExpressionContext* context) {
   QString about = function;
   if (context != nullptr) {
     const QString layer = context->variable(QStringLiteral("layer_name")).toString();
-    if (!layer.isEmpty()) about += QStringLiteral(", layer '%1'").arg(layer);
-    if (context->hasFeature()) about += QStringLiteral(", feature %1").arg(context->feature().id());
+    if (!layer.isEmpty()) about += QStringLiteral(", ") + Translated("layer '%1'").arg(layer);
+    if (context->hasFeature()) about += QStringLiteral(", ") + Translated("feature %1").arg(context->feature().id());
   }
   return about + QStringLiteral(": ");
 }
@@ -80,14 +82,15 @@ class SuiteFunction final : public QgsExpressionFunction {
       FunctionCall call(*this, values, context);
       call.CheckSpheroid();
       QVariant result = row_.compute(call);
-      for (const std::string_view note : call.Notes()) Log().Tell(ToQt(note), About(name(), context));
+      for (const std::string_view note : call.Notes()) Log().Tell(Translated(note), About(name(), context));
       return result;
     } catch (const ArgumentError& error) {
       parent->setEvalErrorString(name() + QStringLiteral(": ") + ToQt(error.what()));
     } catch (const Fault& fault) {
-      Log().Tell(LinesToQt(fault.Description()) + QStringLiteral(" The result is NULL."), About(name(), context));
+      Log().Tell(LinesToQt(fault.Description()) + QLatin1Char(' ') + Translated("The result is NULL."),
+                 About(name(), context));
     } catch (const std::exception& error) {
-      Log().Tell(ToQt(error.what()) + QStringLiteral(" The result is NULL."), About(name(), context));
+      Log().Tell(ToQt(error.what()) + QLatin1Char(' ') + Translated("The result is NULL."), About(name(), context));
     }
     return {};
   }

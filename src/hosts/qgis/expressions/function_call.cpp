@@ -11,6 +11,7 @@
 #include "hosts/qgis/suite_measures.h"
 #include "hosts/qgis/values.h"
 #include "hosts/windows/qt_text.h"
+#include "hosts/windows/translation.h"
 #include "platform/fault.h"
 
 namespace tessarine::qgis {
@@ -24,25 +25,26 @@ bool IsNull(const QVariant& value) { return !value.isValid() || value.isNull(); 
 QString WordFor(esriGeometryType type) {
   switch (type) {
     case esriGeometryPoint:
-      return QStringLiteral("a point");
+      return Translated("a point");
     case esriGeometryPolyline:
-      return QStringLiteral("a line");
+      return Translated("a line");
     default:
-      return QStringLiteral("a polygon");
+      return Translated("a polygon");
   }
 }
 
 QString WordsFor(const std::vector<esriGeometryType>& types) {
   QStringList words;
   for (const esriGeometryType type : types) words << WordFor(type);
-  return words.join(QStringLiteral(" or "));
+  return words.join(QLatin1Char(' ') + Translated("or") + QLatin1Char(' '));
 }
 
 // A value as the complaint about it shows it.
 QString Shown(const QVariant& value) {
   constexpr int kLongest = 40;
   if (value.userType() == qMetaTypeId<QgsGeometry>()) {
-    return QStringLiteral("a geometry of the type ") + QgsWkbTypes::displayString(value.value<QgsGeometry>().wkbType());
+    return Translated("a geometry of the type %1")
+        .arg(QgsWkbTypes::displayString(value.value<QgsGeometry>().wkbType()));
   }
   const QString text = value.toString();
   return text.isEmpty() ? QString::fromLatin1(value.typeName())
@@ -86,8 +88,8 @@ int FunctionCall::PositionOf(const char* argument) const {
 }
 
 void FunctionCall::Fail(const char* argument, const QString& problem) const {
-  throw ArgumentError(FromQt(
-      QStringLiteral("argument %1 (%2): %3").arg(PositionOf(argument) + 1).arg(QLatin1String(argument), problem)));
+  throw ArgumentError(
+      FromQt(Translated("argument %1 (%2): %3").arg(PositionOf(argument) + 1).arg(QLatin1String(argument), problem)));
 }
 
 QVariant FunctionCall::Value(const char* argument) const { return values_.value(PositionOf(argument)); }
@@ -97,7 +99,7 @@ std::optional<QString> FunctionCall::Text(const char* argument) const {
   if (IsNull(value)) return std::nullopt;
   const bool is_text = value.type() == QVariant::String || value.type() == QVariant::Int ||
                        value.type() == QVariant::LongLong || value.type() == QVariant::UInt;
-  if (!is_text) Fail(argument, QStringLiteral("it has to be a text, and is %1.").arg(Shown(value)));
+  if (!is_text) Fail(argument, Translated("it has to be a text, and is %1.").arg(Shown(value)));
   const QString text = value.toString().trimmed();
   return text.isEmpty() ? std::nullopt : std::optional(text);
 }
@@ -110,7 +112,7 @@ GeometryRef FunctionCall::Shape(const char* argument, const std::vector<esriGeom
   if (is_geometry && (geometry.isNull() || geometry.isEmpty())) return nullptr;
   const esriGeometryType type = is_geometry ? ShapeTypeOf(geometry.wkbType()) : esriGeometryNull;
   if (std::ranges::find(types, type) == types.end()) {
-    Fail(argument, QStringLiteral("it has to be %1, and is %2.").arg(WordsFor(types), Shown(value)));
+    Fail(argument, Translated("it has to be %1, and is %2.").arg(WordsFor(types), Shown(value)));
   }
   return ShapeOf(geometry, type, Reference());
 }
@@ -122,14 +124,14 @@ std::optional<XY> FunctionCall::Place(const char* argument) {
   const bool is_geometry = value.userType() == qMetaTypeId<QgsGeometry>();
   if (is_geometry && (geometry.isNull() || geometry.isEmpty())) return std::nullopt;
   const QgsPoint* point = is_geometry ? OnlyPoint(geometry) : nullptr;
-  if (point == nullptr) Fail(argument, QStringLiteral("it has to be a point, and is %1.").arg(Shown(value)));
+  if (point == nullptr) Fail(argument, Translated("it has to be a point, and is %1.").arg(Shown(value)));
   return Measures().InDegrees({point->x(), point->y()}, Reference());
 }
 
 bool FunctionCall::WantsEnd() const {
   const QString word = Text(kEnd).value_or(QStringLiteral("start")).toLower();
   if (word != QStringLiteral("start") && word != QStringLiteral("end")) {
-    Fail(kEnd, QStringLiteral("it has to be 'start' or 'end', and is '%1'.").arg(word));
+    Fail(kEnd, Translated("it has to be 'start' or 'end', and is '%1'.").arg(word));
   }
   return word == QStringLiteral("end");
 }
@@ -138,13 +140,12 @@ const SpatialReferenceRef& FunctionCall::Reference() {
   if (reference_) return reference_;
   const QgsCoordinateReferenceSystem system = SystemToUse();
   if (!system.isValid()) {
-    Fail(kReference, HasLayer()
-                         ? QStringLiteral("the layer has no reference, so it must be given here.")
-                         : QStringLiteral("neither a layer nor the project tells one, so it must be given here."));
+    Fail(kReference, HasLayer() ? Translated("the layer has no reference, so it must be given here.")
+                                : Translated("neither a layer nor the project tells one, so it must be given here."));
   }
   reference_ = KeptReferenceOf(system);
   if (!GeographicOf(reference_)) {
-    Fail(kReference, QStringLiteral("'%1' is neither geographic nor projected, and tells no place on a spheroid.")
+    Fail(kReference, Translated("'%1' is neither geographic nor projected, and tells no place on a spheroid.")
                          .arg(system.userFriendlyIdentifier()));
   }
   return reference_;
@@ -154,7 +155,7 @@ QgsCoordinateReferenceSystem FunctionCall::SystemToUse() const {
   const auto text = Text(kReference);
   if (!text) return SystemOfContext();
   QgsCoordinateReferenceSystem system = SystemCalled(*text);
-  if (!system.isValid()) Fail(kReference, QStringLiteral("there is no reference '%1'.").arg(*text));
+  if (!system.isValid()) Fail(kReference, Translated("there is no reference '%1'.").arg(*text));
   return system;
 }
 
@@ -203,7 +204,7 @@ Axes FunctionCall::AxesToUse() {
   const auto geographic = GeographicOf(Reference());
   const auto& datum = geographic->Datum();
   if (!datum || !datum->Spheroid() || !(datum->Spheroid()->SemiMinorAxis() > 0.0)) {
-    Fail(kSpheroid, QStringLiteral("the reference tells no spheroid, so it must be given here."));
+    Fail(kSpheroid, Translated("the reference tells no spheroid, so it must be given here."));
   }
   return {datum->Spheroid()->SemiMajorAxis(), datum->Spheroid()->SemiMinorAxis()};
 }

@@ -4,6 +4,7 @@
 #include <qgsgeometry.h>
 
 #include "hosts/qgis/suite_measures.h"
+#include "hosts/windows/translation.h"
 
 namespace tessarine::qgis {
 namespace {
@@ -59,7 +60,7 @@ constexpr FunctionExample kMidpointExamples[] = {
     {"geom_to_wkt(tessarine_midpoint(geom_from_wkt('LINESTRING(0 50, 0 60)'), 'EPSG:7030', 'EPSG:4326'), 4)",
      "Point (0 55.0021)"}};
 
-constexpr const char* kNoShape = "NULL for NULL and for an empty geometry. ";
+constexpr const char* kNoShape = "NULL for NULL and for an empty geometry.";
 constexpr const char* kLengthNotes =
     "The value is what Calculate Geometry writes as spheroidal length or perimeter. Steps of more than 180 degrees of "
     "longitude go the short way round. A line from pole to pole along any meridian has its full length; a step from "
@@ -144,6 +145,10 @@ constexpr FunctionRow kFunctions[] = {
      kMidpointExamples, kMidpointNotes, Midpoint},
 };
 
+QString Headed(const char* heading, const QString& text) {
+  return QStringLiteral("<h4>%1</h4>\n%2\n").arg(Translated(heading), text);
+}
+
 QString Syntax(const FunctionRow& row) {
   QString arguments;
   for (const FunctionArgument& argument : row.arguments) {
@@ -152,17 +157,15 @@ QString Syntax(const FunctionRow& row) {
     arguments += argument.optional ? QStringLiteral(" [%1%2]").arg(separator.trimmed() + ' ', name) : separator + name;
   }
   return QStringLiteral(
-             "<div class=\"syntax\"><code><span class=\"functionname\">%1</span>(%2)</code><br/><br/>[ ] marks "
-             "optional "
-             "components</div>")
-      .arg(QLatin1String(row.name), arguments);
+             "<div class=\"syntax\"><code><span class=\"functionname\">%1</span>(%2)</code><br/><br/>%3</div>")
+      .arg(QLatin1String(row.name), arguments, Translated("[ ] marks optional components"));
 }
 
 QString Arguments(const FunctionRow& row) {
   QString rows;
   for (const FunctionArgument& argument : row.arguments) {
     rows += QStringLiteral("<tr><td class=\"argument\">%1</td><td>%2</td></tr>")
-                .arg(QLatin1String(argument.name), QLatin1String(argument.text));
+                .arg(QLatin1String(argument.name), Translated(argument.text));
   }
   return QStringLiteral("<div class=\"arguments\"><table>%1</table></div>").arg(rows);
 }
@@ -171,7 +174,7 @@ QString Examples(const FunctionRow& row) {
   QString items;
   for (const FunctionExample& example : row.examples) {
     items += QStringLiteral("<li><code>%1</code> &rarr; <code>%2</code></li>")
-                 .arg(QString::fromLatin1(example.call).toHtmlEscaped(), QLatin1String(example.result));
+                 .arg(QString::fromLatin1(example.call).toHtmlEscaped(), Translated(example.result));
   }
   return QStringLiteral("<div class=\"examples\"><ul>%1</ul></div>").arg(items);
 }
@@ -182,14 +185,14 @@ std::span<const FunctionRow> ExpressionFunctions() { return kFunctions; }
 
 QString HelpOf(const FunctionRow& row) {
   constexpr const char* kOdd =
-      " What the report of Calculate Geometry would say of such a value, and why a geometry can't be measured, which "
+      "What the report of Calculate Geometry would say of such a value, and why a geometry can't be measured, which "
       "gives NULL, stands in the program's log under \"Tessarine\".";
-  return QStringLiteral("<h3>function %1</h3>\n<div class=\"description\"><p>%2</p></div>\n")
-             .arg(QLatin1String(row.name), QLatin1String(row.text)) +
-         QStringLiteral("<h4>Syntax</h4>\n") + Syntax(row) + QStringLiteral("\n<h4>Arguments</h4>\n") + Arguments(row) +
-         QStringLiteral("\n<h4>Examples</h4>\n") + Examples(row) + QStringLiteral("\n<h4>Notes</h4>\n") +
-         QStringLiteral("<div class=\"notes\"><p>%1%2%3</p></div>")
-             .arg(QLatin1String(kNoShape), QLatin1String(row.notes), QLatin1String(kOdd));
+  const QString notes = QStringLiteral("<div class=\"notes\"><p>%1 %2 %3</p></div>")
+                            .arg(Translated(kNoShape), Translated(row.notes), Translated(kOdd));
+  return QStringLiteral("<h3>%1</h3>\n<div class=\"description\"><p>%2</p></div>\n")
+             .arg(Translated("function %1").arg(QLatin1String(row.name)), Translated(row.text)) +
+         Headed("Syntax", Syntax(row)) + Headed("Arguments", Arguments(row)) + Headed("Examples", Examples(row)) +
+         Headed("Notes", notes);
 }
 
 }  // namespace tessarine::qgis

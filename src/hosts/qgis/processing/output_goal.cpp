@@ -11,6 +11,7 @@
 
 #include "engine/format_abilities.h"
 #include "hosts/windows/qt_text.h"
+#include "hosts/windows/translation.h"
 #include "outputs/layer_copy.h"
 #include "platform/fault.h"
 #include "platform/paths.h"
@@ -103,7 +104,7 @@ ToolOutput OutputGoal::Argument() const {
 QString OutputGoal::AsNamed(QString text) const {
   if (IsNamedFile()) return text;
   QString name = shown_name_.isEmpty() ? Named(definition_, parameters_, context_) : shown_name_;
-  if (name.isEmpty() || name == QgsProcessing::TEMPORARY_OUTPUT) name = QStringLiteral("Temporary layer");
+  if (name.isEmpty() || name == QgsProcessing::TEMPORARY_OUTPUT) name = Translated("Temporary layer");
   return text.replace(ToQt(place_.container), name);
 }
 

@@ -3,6 +3,7 @@
 
 #include "hosts/qgis/qgis_host.h"
 #include "hosts/windows/qt_text.h"
+#include "hosts/windows/translation.h"
 #include "platform/fault.h"
 #include "platform/stepping_status_bar.h"
 #include "platform/text_formats.h"
@@ -89,7 +90,7 @@ void RunHost::Announce(const std::string& text) { log_.pushWarning(LinesToQt(tex
 void RunHost::Tell(const std::string& text, const std::string& title) { log_.pushWarning(Titled(text, title)); }
 
 bool RunHost::Ask(RunQuestion, const std::string& text, const std::string& title) {
-  log_.pushWarning(Titled(text, title) + QStringLiteral(" Yes."));
+  log_.pushWarning(Titled(text, title) + QLatin1Char(' ') + Translated("Yes."));
   return true;
 }
 

@@ -4,6 +4,7 @@
 #include "hosts/qgis/results/result_layer.h"
 #include "hosts/qgis/results/run_history.h"
 #include "hosts/windows/qt_text.h"
+#include "hosts/windows/translation.h"
 #include "outputs/layer_copy.h"
 #include "platform/paths.h"
 
@@ -37,7 +38,7 @@ void RunNotes::TellEnd(const RunJournal& journal, const std::string& report, Qgs
   const std::string output = ToNativePath(journal.output_path);
   line_.SetOutput(goal_.IsNamedFile() || output.empty() ? output : "memory");
   const TerminalLine line = line_.Line();
-  feedback.pushInfo(line.text.empty() ? LinesToQt(line.why_none) : QStringLiteral("The same at the terminal:"));
+  feedback.pushInfo(line.text.empty() ? Translated(LinesToQt(line.why_none)) : Translated("The same at the terminal:"));
   if (!line.text.empty()) feedback.pushCommandInfo(LinesToQt(line.text));
   PastRun past = PastRunOf(RunFrom::Toolbox, tool_.Spec().title, journal, report, line);
   past.output = goal_.AsNamed(past.output);

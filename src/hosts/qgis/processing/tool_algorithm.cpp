@@ -161,12 +161,12 @@ QVariantMap ToolAlgorithm::processAlgorithm(const QVariantMap& parameters, QgsPr
   return AsProgramErrors([&] {
     bool waits = false;
     const RunTurn turn([&] {
-      if (std::exchange(waits, true)) feedback->setProgressText(QStringLiteral("Waiting for another run of the suite"));
+      if (std::exchange(waits, true)) feedback->setProgressText(Translated("Waiting for another run of the suite"));
       return feedback->isCanceled();
     });
     QVariantMap results;
     const bool finished = turn.Taken() && UnlessStopped([&] { results = RunTool(parameters, context, *feedback); });
-    if (!finished) feedback->pushWarning(QStringLiteral("The run was stopped before its output was whole."));
+    if (!finished) feedback->pushWarning(Translated("The run was stopped before its output was whole."));
     return results;
   });
 }
@@ -223,13 +223,13 @@ QVariantMap ToolAlgorithm::RunTool(const QVariantMap& parameters, QgsProcessingC
   notes.TellEnd(journal, run.Report(), feedback);
   if (!journal.failure.empty()) throw QgsProcessingException(LinesToQt(journal.failure));
   if (journal.stopped && goal.IsNamedFile() && !journal.output_path.empty()) {
-    feedback.pushWarning(QStringLiteral("The run was stopped; '%1' holds what was written until then.")
+    feedback.pushWarning(Translated("The run was stopped; '%1' holds what was written until then.")
                              .arg(ToQt(ToNativePath(journal.output_path))));
     return {};
   }
   if (journal.stopped) throw RunStopped();
   if (journal.output_path.empty()) {
-    throw QgsProcessingException(QStringLiteral("The run made no output. Its log tells why."));
+    throw QgsProcessingException(Translated("The run made no output. Its log tells why."));
   }
   const QString made = goal.HandOver(journal.output_path, feedback);
   notes.DressWhenShown(made, journal, context);

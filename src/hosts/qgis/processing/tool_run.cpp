@@ -5,6 +5,7 @@
 
 #include "hosts/qgis/processing/tool_parameters.h"
 #include "hosts/windows/qt_text.h"
+#include "hosts/windows/translation.h"
 #include "platform/paths.h"
 #include "platform/rich_text.h"
 #include "platform/run_scope.h"
@@ -51,8 +52,9 @@ void ToolRun::Take(const std::string& parameter, ChosenLayer& layer, Arguments& 
 void ToolRun::RefuseSources(const OutputPlace& place) const {
   for (const auto& [name, files] : read_) {
     if (!place.Overlaps(files)) continue;
-    throw QgsProcessingException(ToQt("The output '" + place.NativePath() + "' would replace the data of '" + name +
-                                      "', which the run reads: name another output."));
+    throw QgsProcessingException(
+        Translated("The output '%1' would replace the data of '%2', which the run reads: name another output.")
+            .arg(ToQt(place.NativePath()), ToQt(name)));
   }
 }
 

@@ -5,6 +5,7 @@
 
 #include "hosts/qgis/results/result_style.h"
 #include "hosts/windows/qt_text.h"
+#include "hosts/windows/translation.h"
 
 namespace tessarine::qgis {
 namespace {
@@ -49,7 +50,8 @@ void NameFields(QgsVectorLayer& layer, const std::vector<FieldAlias>& aliases) {
 void TellOrigin(QgsVectorLayer& layer, const ResultOrigin& origin) {
   QgsLayerMetadata metadata = layer.metadata();
   if (metadata.title().isEmpty()) metadata.setTitle(layer.name());
-  if (metadata.abstract().isEmpty()) metadata.setAbstract(ToQt(origin.title + ": " + origin.makes));
+  if (metadata.abstract().isEmpty())
+    metadata.setAbstract(Translated(origin.title) + QStringLiteral(": ") + Translated(origin.makes));
   if (metadata.type().isEmpty()) metadata.setType(QStringLiteral("dataset"));
   if (!metadata.crs().isValid()) metadata.setCrs(layer.crs());
   layer.setMetadata(metadata);

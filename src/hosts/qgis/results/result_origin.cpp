@@ -3,6 +3,8 @@
 
 #include <algorithm>
 
+#include "hosts/windows/qt_text.h"
+#include "hosts/windows/translation.h"
 #include "platform/text_formats.h"
 
 namespace tessarine::qgis {
@@ -22,9 +24,9 @@ std::string SpheroidWords(const RunJournal& journal) {
 }
 
 std::string AliasOf(const FieldMeaning& meaning, const std::string& spheroid) {
-  std::string about = meaning.unit;
+  std::string about = FromQt(Translated(meaning.unit));
   if (meaning.on_spheroid && !spheroid.empty()) about += (about.empty() ? "" : ", ") + spheroid;
-  return meaning.text + (about.empty() ? "" : " (" + about + ")");
+  return FromQt(Translated(meaning.text)) + (about.empty() ? "" : " (" + about + ")");
 }
 
 }  // namespace

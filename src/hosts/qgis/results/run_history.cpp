@@ -6,6 +6,7 @@
 #include <mutex>
 
 #include "hosts/windows/qt_text.h"
+#include "hosts/windows/translation.h"
 #include "platform/paths.h"
 #include "platform/text_formats.h"
 
@@ -16,22 +17,22 @@ std::mutex g_mutex;
 RunHistory* g_history = nullptr;
 QObject* g_context = nullptr;
 
-QString CountOf(std::int64_t count, const char* what) {
-  return QString::number(count) + QLatin1Char(' ') + QLatin1String(what) +
-         (count == 1 ? QString() : QStringLiteral("s"));
+QString Counted(std::int64_t count, const char* one, const char* several) {
+  return count == 1 ? Translated(one) : Translated(several).arg(count);
 }
 
 QString ToldOf(const RunJournal& journal) {
-  const QString written = CountOf(journal.written, "record") + QStringLiteral(" written");
+  const QString written = Counted(journal.written, "1 record written", "%1 records written");
   switch (journal.Outcome()) {
     case RunOutcome::Failed:
-      return QStringLiteral("Failed: ") + LinesToQt(journal.failure);
+      return Translated("Failed: %1").arg(Translated(LinesToQt(journal.failure)));
     case RunOutcome::Stopped:
-      return QStringLiteral("Stopped; ") + written;
+      return Translated("Stopped; %1").arg(written);
     case RunOutcome::Cancelled:
-      return QStringLiteral("Given up at a question; nothing was done");
+      return Translated("Given up at a question; nothing was done");
     case RunOutcome::Incomplete:
-      return CountOf(std::ssize(journal.unmeasured_oids), "record") + QStringLiteral(" met a fault; ") + written;
+      return Counted(std::ssize(journal.unmeasured_oids), "1 record met a fault; %1", "%1 records met a fault; %2")
+          .arg(written);
     case RunOutcome::Done:
       break;
   }

@@ -6,6 +6,8 @@
 #include <QFileInfo>
 #include <QPushButton>
 
+#include "hosts/windows/translation.h"
+
 namespace tessarine::qgis {
 namespace {
 
@@ -25,10 +27,10 @@ QString TextOf(const PastRun& run) {
 void TellInBar(QgsMessageBar& bar, const PastRun& run, ReportDock& dock) {
   const Qgis::MessageLevel level = LevelOf(run.outcome);
   const int seconds = run.outcome == RunOutcome::Done ? QgsMessageBar::defaultMessageTimeout(level) : 0;
-  auto* button = new QPushButton(QStringLiteral("Report"));
+  auto* button = new QPushButton(Translated("Report"));
   button->setObjectName(QStringLiteral("cmdShowReport"));
   QObject::connect(button, &QPushButton::clicked, &dock, [&dock, number = run.number] { dock.ShowRun(number); });
-  auto* item = new QgsMessageBarItem(run.tool, TextOf(run), button, level, seconds);
+  auto* item = new QgsMessageBarItem(Translated(run.tool), TextOf(run), button, level, seconds);
   bar.pushItem(item);  // the bar owns it, and it the button
 }
 

@@ -2120,5 +2120,741 @@
         <source>Select the frames</source>
         <translation>Rahmen wählen</translation>
     </message>
+    <message>
+        <source>Tessarine Reports</source>
+        <translation>Tessarine-Berichte</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>Zeit</translation>
+    </message>
+    <message>
+        <source>Tool</source>
+        <translation>Werkzeug</translation>
+    </message>
+    <message>
+        <source>Output</source>
+        <translation>Ausgabe</translation>
+    </message>
+    <message>
+        <source>Status</source>
+        <translation>Stand</translation>
+    </message>
+    <message>
+        <source>Copy as &amp;Command</source>
+        <translation>Als &amp;Befehl kopieren</translation>
+    </message>
+    <message>
+        <source>Copy the line that does the same at the terminal</source>
+        <translation>Die Zeile kopieren, die im Terminal dasselbe tut</translation>
+    </message>
+    <message>
+        <source>&amp;Open Report</source>
+        <translation>Bericht &amp;öffnen</translation>
+    </message>
+    <message>
+        <source>Show the report in a window of its own, to copy or print it</source>
+        <translation>Den Bericht in einem eigenen Fenster zeigen, zum Kopieren oder Drucken</translation>
+    </message>
+    <message>
+        <source>C&amp;lear</source>
+        <translation>&amp;Leeren</translation>
+    </message>
+    <message>
+        <source>Forget the runs</source>
+        <translation>Die Läufe vergessen</translation>
+    </message>
+    <message>
+        <source>The same at the &amp;terminal:</source>
+        <translation>Dasselbe im &amp;Terminal:</translation>
+    </message>
+    <message>
+        <source>The same at the terminal:</source>
+        <translation>Dasselbe im Terminal:</translation>
+    </message>
+    <message>
+        <source>1 record written</source>
+        <translation>1 Datensatz geschrieben</translation>
+    </message>
+    <message>
+        <source>%1 records written</source>
+        <translation>%1 Datensätze geschrieben</translation>
+    </message>
+    <message>
+        <source>Failed: %1</source>
+        <translation>Fehlgeschlagen: %1</translation>
+    </message>
+    <message>
+        <source>Stopped; %1</source>
+        <translation>Angehalten; %1</translation>
+    </message>
+    <message>
+        <source>Given up at a question; nothing was done</source>
+        <translation>Bei einer Frage aufgegeben; nichts wurde getan</translation>
+    </message>
+    <message>
+        <source>1 record met a fault; %1</source>
+        <translation>Bei 1 Datensatz trat ein Fehler auf; %1</translation>
+    </message>
+    <message>
+        <source>%1 records met a fault; %2</source>
+        <translation>Bei %1 Datensätzen trat ein Fehler auf; %2</translation>
+    </message>
+    <message>
+        <source>No line at the terminal does the same: %1.</source>
+        <translation>Keine Zeile im Terminal tut dasselbe: %1.</translation>
+    </message>
+    <message>
+        <source>the graphics lie in the project alone</source>
+        <translation>die Grafiken liegen nur im Projekt</translation>
+    </message>
+    <message>
+        <source>the run made no output</source>
+        <translation>der Lauf hat keine Ausgabe gemacht</translation>
+    </message>
+    <message>
+        <source>a spatial reference is chosen in the dialog</source>
+        <translation>im Dialog ist ein Bezugssystem gewählt</translation>
+    </message>
+    <message>
+        <source>a comma in the name of the field '%1' parts it in two</source>
+        <translation>ein Komma im Namen des Feldes '%1' teilt ihn in zwei</translation>
+    </message>
+    <message>
+        <source>only the first records of '%1' are read</source>
+        <translation>nur die ersten Datensätze von '%1' werden gelesen</translation>
+    </message>
+    <message>
+        <source>'%1' can't be named there, because %2</source>
+        <translation>'%1' ist dort nicht zu nennen, denn %2</translation>
+    </message>
+    <message>
+        <source>the filter of '%1' is a whole query</source>
+        <translation>der Filter von '%1' ist eine ganze Abfrage</translation>
+    </message>
+    <message>
+        <source>the selected records of '%1' are too many to be listed</source>
+        <translation>von '%1' sind zu viele Datensätze ausgewählt, um sie aufzuzählen</translation>
+    </message>
+    <message>
+        <source>its data lie in no file</source>
+        <translation>seine Daten liegen in keiner Datei</translation>
+    </message>
+    <message>
+        <source>it has edits that aren't saved</source>
+        <translation>er hat Änderungen, die nicht gespeichert sind</translation>
+    </message>
+    <message>
+        <source>its file tells another reference</source>
+        <translation>seine Datei nennt ein anderes Bezugssystem</translation>
+    </message>
+    <message>
+        <source>it has fields that aren't in its file</source>
+        <translation>er hat Felder, die nicht in seiner Datei stehen</translation>
+    </message>
+    <message>
+        <source>its file is opened in a way of its own</source>
+        <translation>seine Datei ist auf eigene Weise geöffnet</translation>
+    </message>
+    <message>
+        <source>the encoding of its texts is chosen by hand</source>
+        <translation>die Kodierung seiner Texte ist von Hand gewählt</translation>
+    </message>
+    <message>
+        <source>&amp;Measure on the Spheroid</source>
+        <translation>Auf dem Sphäroid &amp;messen</translation>
+    </message>
+    <message>
+        <source>Measure on the Spheroid</source>
+        <translation>Auf dem Sphäroid messen</translation>
+    </message>
+    <message>
+        <source>Distances, azimuths and areas of places that are clicked on the map</source>
+        <translation>Entfernungen, Azimute und Flächen von Orten, die in der Karte angeklickt werden</translation>
+    </message>
+    <message>
+        <source>&amp;New</source>
+        <translation>&amp;Neu</translation>
+    </message>
+    <message>
+        <source>C&amp;opy</source>
+        <translation>&amp;Kopieren</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>&amp;Schließen</translation>
+    </message>
+    <message>
+        <source>&amp;Spheroid:</source>
+        <translation>S&amp;phäroid:</translation>
+    </message>
+    <message>
+        <source>&amp;Lengths in:</source>
+        <translation>&amp;Längen in:</translation>
+    </message>
+    <message>
+        <source>&amp;Areas in:</source>
+        <translation>&amp;Flächen in:</translation>
+    </message>
+    <message>
+        <source>To the pointer:</source>
+        <translation>Zum Zeiger:</translation>
+    </message>
+    <message>
+        <source>Total:</source>
+        <translation>Zusammen:</translation>
+    </message>
+    <message>
+        <source>Area:</source>
+        <translation>Fläche:</translation>
+    </message>
+    <message>
+        <source>Start longitude</source>
+        <translation>Länge am Anfang</translation>
+    </message>
+    <message>
+        <source>Start latitude</source>
+        <translation>Breite am Anfang</translation>
+    </message>
+    <message>
+        <source>End longitude</source>
+        <translation>Länge am Ende</translation>
+    </message>
+    <message>
+        <source>End latitude</source>
+        <translation>Breite am Ende</translation>
+    </message>
+    <message>
+        <source>Distance</source>
+        <translation>Entfernung</translation>
+    </message>
+    <message>
+        <source>Start azimuth</source>
+        <translation>Azimut am Anfang</translation>
+    </message>
+    <message>
+        <source>End azimuth</source>
+        <translation>Azimut am Ende</translation>
+    </message>
+    <message>
+        <source>As the project</source>
+        <translation>Wie das Projekt</translation>
+    </message>
+    <message>
+        <source>As the project: %1</source>
+        <translation>Wie das Projekt: %1</translation>
+    </message>
+    <message>
+        <source>%1, azimuth %2</source>
+        <translation>%1, Azimut %2</translation>
+    </message>
+    <message>
+        <source>%1, closed %2</source>
+        <translation>%1, geschlossen %2</translation>
+    </message>
+    <message>
+        <source>metres</source>
+        <translation>Meter</translation>
+    </message>
+    <message>
+        <source>kilometres</source>
+        <translation>Kilometer</translation>
+    </message>
+    <message>
+        <source>feet</source>
+        <translation>Fuß</translation>
+    </message>
+    <message>
+        <source>miles</source>
+        <translation>Meilen</translation>
+    </message>
+    <message>
+        <source>nautical miles</source>
+        <translation>Seemeilen</translation>
+    </message>
+    <message>
+        <source>square metres</source>
+        <translation>Quadratmeter</translation>
+    </message>
+    <message>
+        <source>hectares</source>
+        <translation>Hektar</translation>
+    </message>
+    <message>
+        <source>square kilometres</source>
+        <translation>Quadratkilometer</translation>
+    </message>
+    <message>
+        <source>acres</source>
+        <translation>Acres</translation>
+    </message>
+    <message>
+        <source>square miles</source>
+        <translation>Quadratmeilen</translation>
+    </message>
+    <message>
+        <source>Click two places or more on the map. A double click, a right click or Escape ends; Backspace takes the last place back.</source>
+        <translation>Zwei oder mehr Orte in der Karte anklicken. Doppelklick, Rechtsklick oder Escape beendet; die Rücktaste nimmt den letzten Ort zurück.</translation>
+    </message>
+    <message>
+        <source>The map shows no place of the globe there.</source>
+        <translation>Dort zeigt die Karte keinen Ort der Kugel.</translation>
+    </message>
+    <message>
+        <source>The project's reference is neither geographic nor projected, so that the map shows no places of a globe. Choose another one in the project's properties.</source>
+        <translation>Das Bezugssystem des Projekts ist weder geographisch noch projiziert: die Karte zeigt keine Orte einer Kugel. In den Eigenschaften des Projekts ist ein anderes zu wählen.</translation>
+    </message>
+    <message>
+        <source>The project tells no spheroid: choose one.</source>
+        <translation>Das Projekt nennt kein Sphäroid: bitte eines wählen.</translation>
+    </message>
+    <message>
+        <source>Waiting for another run of the suite</source>
+        <translation>Wartet auf einen anderen Lauf der Werkzeuge</translation>
+    </message>
+    <message>
+        <source>The run was stopped before its output was whole.</source>
+        <translation>Der Lauf wurde angehalten, bevor die Ausgabe vollständig war.</translation>
+    </message>
+    <message>
+        <source>The run was stopped; '%1' holds what was written until then.</source>
+        <translation>Der Lauf wurde angehalten; '%1' enthält, was bis dahin geschrieben war.</translation>
+    </message>
+    <message>
+        <source>The run made no output. Its log tells why.</source>
+        <translation>Der Lauf hat keine Ausgabe gemacht. Das Protokoll sagt, warum.</translation>
+    </message>
+    <message>
+        <source>Temporary layer</source>
+        <translation>Temporärer Layer</translation>
+    </message>
+    <message>
+        <source>Yes.</source>
+        <translation>Ja.</translation>
+    </message>
+    <message>
+        <source>There is no folder or geodatabase '%1'.</source>
+        <translation>Es gibt keinen Ordner und keine Geodatabase '%1'.</translation>
+    </message>
+    <message>
+        <source>'%1' holds nothing of the name '%2'.</source>
+        <translation>In '%1' gibt es nichts mit dem Namen '%2'.</translation>
+    </message>
+    <message>
+        <source>The folder '%1' can't be made: %2.</source>
+        <translation>Der Ordner '%1' kann nicht angelegt werden: %2.</translation>
+    </message>
+    <message>
+        <source>Unexpected Program Error</source>
+        <translation>Unerwarteter Programmfehler</translation>
+    </message>
+    <message>
+        <source>System: %1</source>
+        <translation>System: %1</translation>
+    </message>
+    <message>
+        <source>Kernel: %1</source>
+        <translation>Kern: %1</translation>
+    </message>
+    <message>
+        <source>Processor: %1, %2 at once</source>
+        <translation>Prozessor: %1, %2 zugleich</translation>
+    </message>
+    <message>
+        <source>Memory: %1, available %2</source>
+        <translation>Speicher: %1, frei %2</translation>
+    </message>
+    <message>
+        <source>Screen: %1 x %2</source>
+        <translation>Bildschirm: %1 x %2</translation>
+    </message>
+    <message>
+        <source>a point</source>
+        <translation>ein Punkt</translation>
+    </message>
+    <message>
+        <source>a line</source>
+        <translation>eine Linie</translation>
+    </message>
+    <message>
+        <source>a polygon</source>
+        <translation>ein Polygon</translation>
+    </message>
+    <message>
+        <source>or</source>
+        <translation>oder</translation>
+    </message>
+    <message>
+        <source>a geometry of the type %1</source>
+        <translation>eine Geometrie der Art %1</translation>
+    </message>
+    <message>
+        <source>argument %1 (%2): %3</source>
+        <translation>Argument %1 (%2): %3</translation>
+    </message>
+    <message>
+        <source>it has to be a text, and is %1.</source>
+        <translation>es muss ein Text sein und ist %1.</translation>
+    </message>
+    <message>
+        <source>it has to be %1, and is %2.</source>
+        <translation>es muss %1 sein und ist %2.</translation>
+    </message>
+    <message>
+        <source>it has to be a point, and is %1.</source>
+        <translation>es muss ein Punkt sein und ist %1.</translation>
+    </message>
+    <message>
+        <source>it has to be 'start' or 'end', and is '%1'.</source>
+        <translation>es muss 'start' oder 'end' sein und ist '%1'.</translation>
+    </message>
+    <message>
+        <source>the layer has no reference, so it must be given here.</source>
+        <translation>der Layer hat kein Bezugssystem; es ist hier anzugeben.</translation>
+    </message>
+    <message>
+        <source>neither a layer nor the project tells one, so it must be given here.</source>
+        <translation>weder ein Layer noch das Projekt nennt eines; es ist hier anzugeben.</translation>
+    </message>
+    <message>
+        <source>'%1' is neither geographic nor projected, and tells no place on a spheroid.</source>
+        <translation>'%1' ist weder geographisch noch projiziert und nennt keinen Ort auf einem Sphäroid.</translation>
+    </message>
+    <message>
+        <source>there is no reference '%1'.</source>
+        <translation>es gibt kein Bezugssystem '%1'.</translation>
+    </message>
+    <message>
+        <source>the reference tells no spheroid, so it must be given here.</source>
+        <translation>das Bezugssystem nennt kein Sphäroid; es ist hier anzugeben.</translation>
+    </message>
+    <message>
+        <source>(More of these aren't told.)</source>
+        <translation>(Weitere dieser Art werden nicht gemeldet.)</translation>
+    </message>
+    <message>
+        <source>layer '%1'</source>
+        <translation>Layer '%1'</translation>
+    </message>
+    <message>
+        <source>feature %1</source>
+        <translation>Objekt %1</translation>
+    </message>
+    <message>
+        <source>The result is NULL.</source>
+        <translation>Das Ergebnis ist NULL.</translation>
+    </message>
+    <message>
+        <source>function %1</source>
+        <translation>Funktion %1</translation>
+    </message>
+    <message>
+        <source>Syntax</source>
+        <translation>Syntax</translation>
+    </message>
+    <message>
+        <source>Arguments</source>
+        <translation>Argumente</translation>
+    </message>
+    <message>
+        <source>Examples</source>
+        <translation>Beispiele</translation>
+    </message>
+    <message>
+        <source>Notes</source>
+        <translation>Hinweise</translation>
+    </message>
+    <message>
+        <source>[ ] marks optional components</source>
+        <translation>[ ] steht um das, was fehlen darf</translation>
+    </message>
+    <message>
+        <source>the spheroid: a name of the suite's catalogue (case, blanks and hyphens don't count), its code, as 'EPSG:7030' or 'ESRI:107905', or an ellipsoid of the program, as 'PARAMETER:3396190:3376200'. Otherwise the layer's own; without a layer that of the project's settings, or else of its reference</source>
+        <translation>das Sphäroid: ein Name aus dem Katalog (Groß- und Kleinschreibung, Leerzeichen und Bindestriche zählen nicht), sein Code, etwa 'EPSG:7030' oder 'ESRI:107905', oder ein Ellipsoid des Programms, etwa 'PARAMETER:3396190:3376200'. Sonst das des Layers; ohne Layer das der Projekteinstellungen oder seines Bezugssystems</translation>
+    </message>
+    <message>
+        <source>the reference of the geometry, as 'EPSG:32612', where it isn't that of the layer (&lt;code&gt;@layer_crs&lt;/code&gt;), or without a layer that of the project</source>
+        <translation>das Bezugssystem der Geometrie, etwa 'EPSG:32612', wo es nicht das des Layers ist (&lt;code&gt;@layer_crs&lt;/code&gt;), oder ohne Layer das des Projekts</translation>
+    </message>
+    <message>
+        <source>a line, or a polygon, whose perimeter is measured, holes included</source>
+        <translation>eine Linie, oder ein Polygon, dessen Umfang gemessen wird, mit seinen Löchern</translation>
+    </message>
+    <message>
+        <source>'start' for the azimuth at the first point, 'end' for that at the second one, in the direction of travel; otherwise 'start'</source>
+        <translation>'start' für das Azimut am ersten Punkt, 'end' für das am zweiten, in Richtung des Weges; sonst 'start'</translation>
+    </message>
+    <message>
+        <source>the length of the feature on the spheroid of its layer, in metres</source>
+        <translation>die Länge des Objekts auf dem Sphäroid seines Layers, in Metern</translation>
+    </message>
+    <message>
+        <source>the same on Mars</source>
+        <translation>dasselbe auf dem Mars</translation>
+    </message>
+    <message>
+        <source>the area of the feature in square kilometres</source>
+        <translation>die Fläche des Objekts in Quadratkilometern</translation>
+    </message>
+    <message>
+        <source>the azimuth at which the line sets out</source>
+        <translation>das Azimut, mit dem die Linie beginnt</translation>
+    </message>
+    <message>
+        <source>how far a feature in longitude and latitude is from the north pole</source>
+        <translation>wie weit ein Objekt in Länge und Breite vom Nordpol entfernt ist</translation>
+    </message>
+    <message>
+        <source>NULL for NULL and for an empty geometry.</source>
+        <translation>NULL für NULL und für eine leere Geometrie.</translation>
+    </message>
+    <message>
+        <source>The value is what Calculate Geometry writes as spheroidal length or perimeter. Steps of more than 180 degrees of longitude go the short way round. A line from pole to pole along any meridian has its full length; a step from one longitude to another at a pole has none.</source>
+        <translation>Der Wert ist der, den Geometrie berechnen als Länge oder Umfang auf dem Sphäroid schreibt. Schritte von mehr als 180 Grad Länge gehen den kurzen Weg. Eine Linie von Pol zu Pol auf einem Meridian hat ihre ganze Länge; ein Schritt von einer Länge zur anderen am Pol hat keine.</translation>
+    </message>
+    <message>
+        <source>The value is what Calculate Geometry writes as spheroidal area: the sides are geodesics. Rings over the 180 degree meridian and round a pole count as what they mean; a ring round the globe encloses the smaller part. Holes are left out, whichever way rings run.</source>
+        <translation>Der Wert ist der, den Geometrie berechnen als Fläche auf dem Sphäroid schreibt: die Seiten sind geodätische Linien. Ringe über den Meridian von 180 Grad und um einen Pol zählen als das, was sie meinen; ein Ring um die Kugel umschließt den kleineren Teil. Löcher zählen nicht mit, wie herum die Ringe auch laufen.</translation>
+    </message>
+    <message>
+        <source>Degrees clockwise from north, from 0 to 360. NULL where both points are one place. At a pole the azimuth is reckoned from the meridian of the longitude that the point was given with.</source>
+        <translation>Grad im Uhrzeigersinn von Norden, von 0 bis 360. NULL, wo beide Punkte ein Ort sind. Am Pol zählt das Azimut vom Meridian der Länge, mit der der Punkt angegeben ist.</translation>
+    </message>
+    <message>
+        <source>The shortest line, across the 180 degree meridian and over a pole, too; 0 between coincident points. Nearly antipodal points are solved by an exact method, as &lt;code&gt;tessarine inverse&lt;/code&gt; does.</source>
+        <translation>Die kürzeste Linie, auch über den Meridian von 180 Grad und über einen Pol; 0 zwischen zwei gleichen Punkten. Punkte, die sich fast gegenüberliegen, löst ein genaues Verfahren, wie bei &lt;code&gt;tessarine inverse&lt;/code&gt;.</translation>
+    </message>
+    <message>
+        <source>The position at half of the spheroidal length, in the reference of the line; it is what Calculate Geometry writes as spheroidal midpoint. A line without length has its first vertex. At a pole the longitude means nothing.</source>
+        <translation>Der Ort auf der halben Länge auf dem Sphäroid, im Bezugssystem der Linie; es ist der, den Geometrie berechnen als Mittelpunkt auf dem Sphäroid schreibt. Eine Linie ohne Länge hat ihren ersten Stützpunkt. Am Pol bedeutet die Länge nichts.</translation>
+    </message>
+    <message>
+        <source>What the report of Calculate Geometry would say of such a value, and why a geometry can't be measured, which gives NULL, stands in the program's log under "Tessarine".</source>
+        <translation>Was der Bericht von Geometrie berechnen zu einem solchen Wert sagen würde, und warum eine Geometrie nicht zu messen ist, was NULL ergibt, steht im Protokoll des Programms unter "Tessarine".</translation>
+    </message>
+    <message>
+        <source>Returns the length of a line or the perimeter of a polygon on the spheroid, in metres.</source>
+        <translation>Gibt die Länge einer Linie oder den Umfang eines Polygons auf dem Sphäroid zurück, in Metern.</translation>
+    </message>
+    <message>
+        <source>Returns the area of a polygon on the spheroid, in square metres.</source>
+        <translation>Gibt die Fläche eines Polygons auf dem Sphäroid zurück, in Quadratmetern.</translation>
+    </message>
+    <message>
+        <source>Returns the azimuth of the geodesic from one point to another on the spheroid, in degrees.</source>
+        <translation>Gibt das Azimut der geodätischen Linie von einem Punkt zum anderen auf dem Sphäroid zurück, in Grad.</translation>
+    </message>
+    <message>
+        <source>Returns the length of the geodesic between two points on the spheroid, in metres.</source>
+        <translation>Gibt die Länge der geodätischen Linie zwischen zwei Punkten auf dem Sphäroid zurück, in Metern.</translation>
+    </message>
+    <message>
+        <source>Returns the point in the middle of a line's length on the spheroid.</source>
+        <translation>Gibt den Punkt auf der halben Länge einer Linie auf dem Sphäroid zurück.</translation>
+    </message>
+    <message>
+        <source>Feature Class Already Exists:</source>
+        <translation>Die Ausgabe gibt es schon:</translation>
+    </message>
+    <message>
+        <source>The Feature Class '%1' already exists!  Do you wish to overwrite it?</source>
+        <translation>'%1' gibt es schon. Soll es überschrieben werden?</translation>
+    </message>
+    <message>
+        <source>Invalid Spheroid Parameter:</source>
+        <translation>Ungültiges Sphäroid:</translation>
+    </message>
+    <message>
+        <source>Semi-Major (Equatorial) Radius value must be &gt;= 0...</source>
+        <translation>Die große Halbachse (Äquator) muss größer als 0 sein.</translation>
+    </message>
+    <message>
+        <source>Semi-Minor (Polar) Radius value must be &gt;= 0...</source>
+        <translation>Die kleine Halbachse (Pol) muss größer als 0 sein.</translation>
+    </message>
+    <message>
+        <source>Invalid Boundary Value:</source>
+        <translation>Ungültige Grenze:</translation>
+    </message>
+    <message>
+        <source>Invalid Boundary Values:</source>
+        <translation>Ungültige Grenzen:</translation>
+    </message>
+    <message>
+        <source>Northern Boundary Value is invalid...</source>
+        <translation>Die nördliche Grenze ist ungültig.</translation>
+    </message>
+    <message>
+        <source>Eastern Boundary Value is invalid...</source>
+        <translation>Die östliche Grenze ist ungültig.</translation>
+    </message>
+    <message>
+        <source>Southern Boundary Value is invalid...</source>
+        <translation>Die südliche Grenze ist ungültig.</translation>
+    </message>
+    <message>
+        <source>Western Boundary Value is invalid...</source>
+        <translation>Die westliche Grenze ist ungültig.</translation>
+    </message>
+    <message>
+        <source>Western Boundary Value &gt;= Eastern Boundary Value...</source>
+        <translation>Die westliche Grenze liegt nicht westlich der östlichen.</translation>
+    </message>
+    <message>
+        <source>Southern Boundary Value &gt;= Northern Boundary Value...</source>
+        <translation>Die südliche Grenze liegt nicht südlich der nördlichen.</translation>
+    </message>
+    <message>
+        <source>Failed to Create Feature Class:</source>
+        <translation>Die Ausgabe kann nicht angelegt werden:</translation>
+    </message>
+    <message>
+        <source>Unable to create Feature Class:
+%1 is not a valid workspace...</source>
+        <translation>Die Ausgabe kann nicht angelegt werden:
+%1 ist kein Ort dafür.</translation>
+    </message>
+    <message>
+        <source>Invalid Output Type:</source>
+        <translation>Ungültige Art der Ausgabe:</translation>
+    </message>
+    <message>
+        <source>Invalid Feature Class Type:</source>
+        <translation>Ungültige Art der Ausgabe:</translation>
+    </message>
+    <message>
+        <source>Confirm Action:</source>
+        <translation>Bitte bestätigen:</translation>
+    </message>
+    <message>
+        <source>Confirm Field Names:</source>
+        <translation>Feldnamen bestätigen:</translation>
+    </message>
+    <message>
+        <source>Possible Problems with Field Names:</source>
+        <translation>Mögliche Probleme mit Feldnamen:</translation>
+    </message>
+    <message>
+        <source>The following field names might not be valid, either because they are too long or they contain invalid characters.  If they are invalid, they may corrupt your data.  Please click 'YES' to continue and use these field names, or 'NO' if you wish to exit and define new names:
+%1</source>
+        <translation>Die folgenden Feldnamen sind vielleicht ungültig: sie sind zu lang oder enthalten unerlaubte Zeichen. Ungültige Namen können die Daten beschädigen. Mit 'Ja' werden diese Namen verwendet, mit 'Nein' sind andere zu wählen:
+%1</translation>
+    </message>
+    <message>
+        <source>The following field names already exist in your dataset, and therefore the existing data will be overwritten. Please click 'YES' to continue and use these field names, or 'NO' if you wish to exit and define new names:
+%1</source>
+        <translation>Die folgenden Felder gibt es schon; was darin steht, wird überschrieben. Mit 'Ja' werden diese Felder verwendet, mit 'Nein' sind andere zu wählen:
+%1</translation>
+    </message>
+    <message>
+        <source>System Information Is Unavailable At This Time</source>
+        <translation>Angaben zum System gibt es zurzeit nicht</translation>
+    </message>
+    <message>
+        <source>No Feature Class Created:
+%1</source>
+        <translation>Keine Ausgabe angelegt:
+%1</translation>
+    </message>
+    <message>
+        <source>Unable to Make %1 Feature Class:</source>
+        <translation>Kein Layer von der Art %1:</translation>
+    </message>
+    <message>
+        <source>No selected graphic %1 in map!  No new Feature Class will be made.
+Do you wish to go back and 
+make a different selection?</source>
+        <translation>Die Karte hat keine ausgewählten Grafiken dieser Art (%1). Es wird kein Layer angelegt.
+Etwas anderes wählen?</translation>
+    </message>
+    <message>
+        <source>No graphic %1 in map!  No new Feature Class will be made.
+Do you wish to go back and 
+make a different selection?</source>
+        <translation>Die Karte hat keine Grafiken dieser Art (%1). Es wird kein Layer angelegt.
+Etwas anderes wählen?</translation>
+    </message>
+    <message>
+        <source>Missing File:</source>
+        <translation>Datei fehlt:</translation>
+    </message>
+    <message>
+        <source>Unable to find the following file:
+
+%1
+
+Bailing out...</source>
+        <translation>Diese Datei ist nicht zu finden:
+
+%1</translation>
+    </message>
+    <message>
+        <source>The output '%1' would replace the data of '%2', which the run reads: name another output.</source>
+        <translation>Die Ausgabe '%1' würde die Daten von '%2' ersetzen, die der Lauf liest: bitte eine andere nennen.</translation>
+    </message>
+    <message>
+        <source>grads</source>
+        <translation>Gon</translation>
+    </message>
+    <message>
+        <source>radians</source>
+        <translation>Radiant</translation>
+    </message>
+    <message>
+        <source>US survey feet</source>
+        <translation>US-Vermessungsfuß</translation>
+    </message>
+    <message>
+        <source>map units</source>
+        <translation>Karteneinheiten</translation>
+    </message>
+    <message>
+        <source>units of %1</source>
+        <translation>Einheiten von %1</translation>
+    </message>
+    <message>
+        <source>square %1</source>
+        <translation>Quadrat von %1</translation>
+    </message>
+    <message>
+        <source>Specify New Polyline Class Name:</source>
+        <translation>Name der neuen Linien:</translation>
+    </message>
+    <message>
+        <source>Specify New Polygon Feature Class Name:</source>
+        <translation>Name der neuen Polygone:</translation>
+    </message>
+    <message>
+        <source>Specify New Merged Feature Class Name:</source>
+        <translation>Name der vereinten Objekte:</translation>
+    </message>
+    <message>
+        <source>Specify New Feature Class Name:</source>
+        <translation>Name der Ausgabe:</translation>
+    </message>
+    <message>
+        <source>Specify New Label Point Feature Class Name:</source>
+        <translation>Name der neuen Labelpunkte:</translation>
+    </message>
+    <message>
+        <source>Specify New Vertex Feature Class Name:</source>
+        <translation>Name der neuen Stützpunkte:</translation>
+    </message>
+    <message>
+        <source>Specify New Spherical Centroid Feature Class Name:</source>
+        <translation>Name der sphärischen Schwerpunkte:</translation>
+    </message>
+    <message>
+        <source>Specify New Centroid Feature Class Name:</source>
+        <translation>Name der Schwerpunkte:</translation>
+    </message>
+    <message>
+        <source>Enter the name of your new Feature Class or Shapefile:</source>
+        <translation>Name der Ausgabe eingeben:</translation>
+    </message>
+    <message>
+        <source>Enter the name of your new Polygon Feature Class:</source>
+        <translation>Name der neuen Polygone eingeben:</translation>
+    </message>
 </context>
 </TS>
