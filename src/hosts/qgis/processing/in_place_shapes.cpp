@@ -8,6 +8,7 @@
 
 #include "hosts/qgis/values.h"
 #include "hosts/windows/qt_text.h"
+#include "hosts/windows/translation.h"
 #include "platform/fault.h"
 
 namespace tessarine::qgis {
@@ -31,9 +32,9 @@ void Tell(const Kept& kept, QgsProcessingFeedback& log) {
       if (listed.size() < kListed) listed << QString::number(id);
     }
     const QString more = ids.size() > kListed ? QStringLiteral(", ...") : QString();
-    log.reportError(QStringLiteral("%1 of the features keep the shapes that they have, %2 (identifiers %3%4).")
+    log.reportError(Translated("%1 of the features keep the shapes that they have, %2 (identifiers %3%4).")
                         .arg(static_cast<qlonglong>(ids.size()))
-                        .arg(why, listed.join(QStringLiteral(", ")), more));
+                        .arg(Translated(why), listed.join(QStringLiteral(", ")), more));
   }
 }
 

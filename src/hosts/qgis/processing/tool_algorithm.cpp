@@ -176,7 +176,7 @@ QVariantMap ToolAlgorithm::processAlgorithm(const QVariantMap& parameters, QgsPr
 void ToolAlgorithm::MoveInPlace(const QVariantMap& parameters, QgsProcessingContext& context,
                                 QgsProcessingFeedback& feedback) {
   const auto tell = [&](const QString& why) {
-    feedback.reportError(why + QStringLiteral("\nAll features stay as they are."));
+    feedback.reportError(why + QLatin1Char('\n') + Translated("All features stay as they are."));
   };
   try {
     const RunTurn turn;

@@ -2856,5 +2856,29 @@ Bailing out...</source>
         <source>Enter the name of your new Polygon Feature Class:</source>
         <translation>Name der neuen Polygone eingeben:</translation>
     </message>
+    <message>
+        <source>because the work on them met a fault</source>
+        <translation>denn bei der Arbeit an ihnen trat ein Fehler auf</translation>
+    </message>
+    <message>
+        <source>because nothing would be left of their shapes</source>
+        <translation>denn von ihrer Geometrie bliebe nichts</translation>
+    </message>
+    <message>
+        <source>because the layer takes no shapes of several parts, which theirs would become</source>
+        <translation>denn der Layer nimmt keine mehrteiligen Geometrien, zu denen ihre würden</translation>
+    </message>
+    <message>
+        <source>because the run made no shapes of them</source>
+        <translation>denn der Lauf hat keine Geometrie von ihnen gemacht</translation>
+    </message>
+    <message>
+        <source>%1 of the features keep the shapes that they have, %2 (identifiers %3%4).</source>
+        <translation>%1 der Objekte behalten ihre Geometrie, %2 (Nummern %3%4).</translation>
+    </message>
+    <message>
+        <source>All features stay as they are.</source>
+        <translation>Alle Objekte bleiben, wie sie sind.</translation>
+    </message>
 </context>
 </TS>
