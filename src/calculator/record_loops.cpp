@@ -153,12 +153,16 @@ class RecordLoop {
     };
   }
 
-  // A measure that fails leaves the others of its record alone. `result` is null where the record couldn't be measured.
+  // A measure that fails, or finds no room, leaves the others of its record alone. `result` is null where the record
+  // couldn't be measured.
   void Write(const ChosenMeasure& measure, const MeasuredRecord::Result* result, IFeature& feature, std::int64_t oid) {
+    std::optional<std::int32_t> full;
     const bool written = result != nullptr && WorkOnRecord(journal_, oid, [&] {
                            if (result->fault) throw Fault(*result->fault);
-                           WriteValues(measure, result->values, feature, NoteFor(oid));
+                           full = WriteValues(measure, result->values, feature, NoteFor(oid));
                          });
+    // What stands there isn't of this measure, perhaps: no mark goes over it.
+    if (full) return NoteFault(NoRoomIn(features_->Fields()->Field(*full)->Name), oid);
     if (written) return;
     static_cast<void>(WorkOnRecord(journal_, oid, [&] { WriteMissing(measure, feature, NoteFor(oid)); }));
   }

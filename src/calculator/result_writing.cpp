@@ -14,13 +14,34 @@ auto FindName(const std::vector<std::pair<std::string, std::int32_t>>& items, st
   return std::ranges::find_if(items, [&](const auto& item) { return EqualsIgnoringCase(item.first, name); });
 }
 
-ValueChange Set(IRowBuffer& row, std::int32_t index, const Variant& value, const ChangeNote& note) {
+void Set(IRowBuffer& row, std::int32_t index, const Variant& value, const ChangeNote& note) {
   const ValueChange change = row.SetValue(index, value);
   if (note && change != ValueChange::None) note(index, change);
-  return change;
+}
+
+bool IsLost(ValueChange change) {
+  return change == ValueChange::OutOfRange || change == ValueChange::NotFinite || change == ValueChange::Unreadable;
+}
+
+// False where the field has no room for the value. `before` is what it held.
+bool Put(IRowBuffer& row, std::int32_t index, const Variant& value, Variant& before, const ChangeNote& note) {
+  before = row.Value(index);
+  const ValueChange change = row.SetValue(index, value);
+  if (IsLost(change)) {
+    row.SetValue(index, before);
+    return false;
+  }
+  if (note && change != ValueChange::None) note(index, change);
+  return true;
 }
 
 }  // namespace
+
+Fault NoRoomIn(std::string_view field) {
+  return {kOverflow, "Tessarine",
+          "The field '" + std::string(field) +
+              "' has no room for the value and keeps what it held: give it more room, or name another field."};
+}
 
 bool FieldIndexes::Contains(std::string_view name) const { return FindName(items_, name) != items_.end(); }
 
@@ -46,16 +67,20 @@ std::vector<ChosenMeasure> ResolveMeasures(std::span<const OptionEntry> entries,
   return measures;
 }
 
-void WriteValues(const ChosenMeasure& measure, const MeasuredValues& values, IRowBuffer& row, const ChangeNote& note) {
-  static_cast<void>(Set(row, measure.first, values.first, note));
-  if (measure.second >= 0) static_cast<void>(Set(row, measure.second, values.second, note));
+std::optional<std::int32_t> WriteValues(const ChosenMeasure& measure, const MeasuredValues& values, IRowBuffer& row,
+                                        const ChangeNote& note) {
+  Variant first, second;
+  if (!Put(row, measure.first, values.first, first, note)) return measure.first;
+  if (measure.second < 0 || Put(row, measure.second, values.second, second, note)) return std::nullopt;
+  row.SetValue(measure.first, first);
+  return measure.second;
 }
 
 void WriteMissing(const ChosenMeasure& measure, IRowBuffer& row, const ChangeNote& note) {
   const std::int32_t places[] = {measure.first, measure.second};
   for (std::size_t position = 0; position < measure.row->FieldCount(); ++position) {
     const bool marked = position < measure.row->NullFieldCount();
-    static_cast<void>(Set(row, places[position], marked ? Variant(kNullMark) : Variant(Null()), note));
+    Set(row, places[position], marked ? Variant(kNullMark) : Variant(Null()), note);
   }
 }
 
@@ -67,8 +92,8 @@ void WriteNullValues(std::span<const OptionEntry> entries, esriGeometryType shap
       if (measure == nullptr) continue;
       for (std::size_t position = 0; position < measure->NullFieldCount(); ++position) {
         const std::string name = entry.Field(static_cast<std::int32_t>(position));
-        if (Set(row, indexes.Item(name), kNullMark, note) == ValueChange::None) continue;
-        Raise(kOverflow, "The field '" + name + "' has no room for -9999.");
+        Variant before;
+        if (!Put(row, indexes.Item(name), kNullMark, before, note)) throw NoRoomIn(name);
       }
     }
   });

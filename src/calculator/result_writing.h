@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -13,6 +14,7 @@
 #include "calculator/measure_catalogue.h"
 #include "calculator/measures.h"
 #include "platform/data.h"
+#include "platform/fault.h"
 
 namespace tessarine {
 
@@ -39,19 +41,23 @@ struct ChosenMeasure {
 [[nodiscard]] std::vector<ChosenMeasure> ResolveMeasures(std::span<const OptionEntry> entries, esriGeometryType shape,
                                                          SpatialKind kind, const FieldIndexes& indexes);
 
-/// Told of each value that its field can't hold as it is: the field's index, and what became of the value.
+/// Told of each value that its field holds otherwise: the field's index, and what became of the value.
 using ChangeNote = std::function<void(std::int32_t, ValueChange)>;
 
-/// Writes the values as they are: a double, or a 32-bit integer for counts. Nothing is stored yet.
-void WriteValues(const ChosenMeasure& measure, const MeasuredValues& values, IRowBuffer& row,
-                 const ChangeNote& note = nullptr);
+/// Writes the values as they are: a double, or a 32-bit integer for counts. Nothing is stored yet. Where a field has no
+/// room for its value, the index of that field: then both keep what they held.
+[[nodiscard]] std::optional<std::int32_t> WriteValues(const ChosenMeasure& measure, const MeasuredValues& values,
+                                                      IRowBuffer& row, const ChangeNote& note = nullptr);
+
+/// What is told of a field without room for a value: fault 6.
+[[nodiscard]] Fault NoRoomIn(std::string_view field);
 
 /// Writes what stands for the values of a measure that failed: the null mark into the fields that have it for features
 /// without a shape, null into the others.
 void WriteMissing(const ChosenMeasure& measure, IRowBuffer& row, const ChangeNote& note = nullptr);
 
 /// Writes the null mark into the fields of the entries, but for those that keep what they hold. Stores nothing. A mark
-/// that a field has no room for ends the call.
+/// that a field has no room for ends the call, and that field keeps what it held.
 void WriteNullValues(std::span<const OptionEntry> entries, esriGeometryType shape, SpatialKind kind, IRowBuffer& row,
                      const FieldIndexes& indexes, const ChangeNote& note = nullptr);
 

@@ -138,12 +138,17 @@ class NotedRow final : public IRowBuffer {
  public:
   std::map<std::int32_t, Variant> written;
   std::int32_t refuses = -1;
+  std::int32_t narrow = -1;  ///< turns what is set into null, as a field without room does
   [[nodiscard]] FieldsRef Fields() const override { return nullptr; }
-  [[nodiscard]] Variant Value(std::int32_t index) const override { return written.at(index); }
+  [[nodiscard]] Variant Value(std::int32_t index) const override {
+    const auto found = written.find(index);
+    return found != written.end() ? found->second : Variant(Null());
+  }
   ValueChange SetValue(std::int32_t index, const Variant& value) override {
     if (index == refuses) Raise(kTypeMismatch, "no such value");
-    written[index] = value;
-    return ValueChange::None;
+    const bool has_room = index != narrow || value.kind() != Variant::Kind::Double;
+    written[index] = has_room ? value : Variant(Null());
+    return has_room ? ValueChange::None : ValueChange::OutOfRange;
   }
 };
 
@@ -199,6 +204,21 @@ TEST_F(CalculatorTest, ARefusedNullMarkIsReportedAndLeavesTheRestUnwritten) {
   EXPECT_EQ(row.written.size(), 1U);
   ASSERT_EQ(host.error_reports.size(), 1U);
   EXPECT_THAT(host.error_reports[0], ::testing::HasSubstr("WriteNullValues"));
+}
+
+TEST_F(CalculatorTest, AMeasureWithoutRoomLeavesWhatItsFieldsHeld) {
+  for (const std::int32_t narrow : {4, 5}) {
+    NotedRow row;
+    row.narrow = narrow;
+    row.written = {{4, Variant(std::int32_t{7})}, {5, Variant(std::string("eight"))}};
+    const ChosenMeasure pair{FindMeasure(esriGeometryPolyline, SpatialKind::Geographic, 2), 4, 5};
+    EXPECT_EQ(WriteValues(pair, XY{1.5, 2.5}, row), narrow);
+    EXPECT_EQ(row.written[4], Variant(std::int32_t{7}));
+    EXPECT_EQ(row.written[5], Variant(std::string("eight")));
+    row.narrow = -1;
+    EXPECT_EQ(WriteValues(pair, XY{1.5, 2.5}, row), std::nullopt);
+    EXPECT_EQ(row.written[5], Variant(2.5));
+  }
 }
 
 TEST_F(CalculatorTest, AMeasureThatFailsLeavesItsMarkOrNull) {
