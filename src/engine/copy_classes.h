@@ -1,5 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // The class of a copy that is made in the copy's own format.
+//
+// It stands beside the place that the user named until `Publish`, which counts its rows first: a copy that lacks one
+// never takes the place of anything. What the copying noted goes with the class and comes into the run's journal.
 #pragma once
 
 #include <cstdint>

@@ -1,5 +1,12 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // Where the segments of lines meet, and the division of lines at places.
+//
+// Segments are put into runs of a few that follow each other; a packed tree of the runs' boxes gives the pairs of runs
+// that may meet, and within these each pair of segments is tested by the signs of `Turn`, which are exact. Where more
+// pairs come up than a number for each run, segments that leave one place are taken out as fans (fans.h): sorted by
+// their direction, only those of one direction are compared, and the rest of them meets other runs by a tree of each
+// fan. Time is n log n in the segments, plus the pairs whose boxes meet; memory follows the segments and the cuts. A
+// request to stop is looked for between pairs.
 #pragma once
 
 #include <algorithm>
@@ -19,10 +26,12 @@ struct Cut {
   XY place;
 };
 
+/// A segment with its number.
 struct Side {
   XY from, to;
   std::uint32_t number;
 
+  /// Whether the place, known to lie on its line, divides it.
   [[nodiscard]] bool Surrounds(XY place) const {
     const Box box = Box::Of(from, to);
     return place != from && place != to && box.Meets(Box::Of(place));

@@ -1,5 +1,9 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // Feature classes and tables over OGR layers.
+//
+// The fields are read once, when the class is made, and again when one was added. Cursors ask the source for a layer to
+// read or to write; `RowsChange` tells what keeps copies of rows that they aren't right any more. One thread at a time
+// may use a class and its cursors.
 #pragma once
 
 #include <cstdint>

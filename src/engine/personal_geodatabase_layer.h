@@ -1,5 +1,11 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// A class or table of a personal geodatabase as a layer of GDAL's.
+// A class or table of a personal geodatabase as a layer of GDAL's, so that the rest of the engine reads and writes it as
+// any other.
+//
+// Rows are read as they lie where that is the order of their identifiers, else by identifier. An insert, a change and a
+// delete write the row and the row of the table that tells the cells of shapes; indexes, maps and counts follow with
+// the commit of the database (jet/table.h), and `Settle` writes extents once, at the end. Finding a row by identifier
+// makes a map of all of them once; from then on a row costs the same however many there are.
 #pragma once
 
 #include <ogrsf_frmts.h>

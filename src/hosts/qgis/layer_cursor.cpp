@@ -73,16 +73,16 @@ class WholeFeed final : public RowFeed {
 /// The rows of these identifiers, in this order. Rows that are gone are left out.
 class ChosenFeed final : public RowFeed {
  public:
-  ChosenFeed(std::shared_ptr<LayerClass> owner, std::vector<QgsFeatureId> oids, QgsFeatureRequest request,
+  ChosenFeed(std::shared_ptr<LayerClass> owner, std::vector<QgsFeatureId> oids, const QgsFeatureRequest& request,
              std::size_t batch_size)
-      : owner_(std::move(owner)), oids_(std::move(oids)), request_(std::move(request)), batch_size_(batch_size) {}
+      : owner_(std::move(owner)), oids_(std::move(oids)), request_(request), batch_size_(batch_size) {}
 
   [[nodiscard]] bool Next(QgsFeature& feature) override {
     while (next_ < oids_.size()) {
       if (next_ == read_) ReadBatch();
       const auto found = batch_.find(oids_[next_++]);
       if (found == batch_.end()) continue;
-      feature = std::move(found->second);
+      feature = found->second;
       return true;
     }
     return false;
@@ -177,7 +177,9 @@ class WritingCursor final : public LayerCursor {
     const auto own = Cast<LayerRow>(row);
     if (!own) Raise(kInvalidCall, "A row of another source can't be written to this layer.");
     own->AddChanges(changes_);
-    if (static_cast<std::size_t>(changes_.attributes.size() + changes_.shapes.size()) >= batch_size_) Flush();
+    if (static_cast<std::size_t>(changes_.attributes.size()) + static_cast<std::size_t>(changes_.shapes.size()) >=
+        batch_size_)
+      Flush();
   }
 
   void Flush() override {

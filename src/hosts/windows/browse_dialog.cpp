@@ -92,7 +92,8 @@ BrowseDialog::BrowseDialog(const BrowseRequest& request, QWidget* parent)
       kind_label_(new QLabel(Translated("&Kind:"), this)),
       kind_(new KindBox(this)),
       filter_(new QComboBox(this)),
-      enter_(new QPushButton(this)) {
+      enter_(new QPushButton(this)),
+      cancel_(new QPushButton(this)) {
   Build();
   name_->setText(ToQt(LastPart(request_.name)));
   FollowName();
@@ -115,54 +116,67 @@ void BrowseDialog::Build() {
   setObjectName(QStringLiteral("BrowseDialog"));
   setWindowTitle(Translated(request_.title));
   setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+  if (request_.filters.empty()) request_.filters.push_back(GxFilter::FeatureClasses);
+  NameWidgets();
+  SetUpButtons();
+  SetUpBoxes();
+  FillPlaces();
+  LayOut();
+  Connect();
+}
+
+void BrowseDialog::NameWidgets() {
   const std::pair<QWidget*, const char*> names[] = {
       {look_in_, "cbxLookIn"},       {up_, "cmdUp"},
       {new_folder_, "cmdNewFolder"}, {new_geodatabase_, "cmdNewGeodatabase"},
       {list_, "lbxItems"},           {name_, "txtName"},
       {filter_, "cbxFilter"},        {enter_, "cmdEnter"},
       {places_, "lbxPlaces"},        {new_geopackage_, "cmdNewGeoPackage"},
-      {name_label_, "lblName"},      {kind_, "cbxKind"}};
+      {name_label_, "lblName"},      {kind_, "cbxKind"},
+      {cancel_, "cmdCancel"}};
   for (const auto& [widget, name] : names) widget->setObjectName(QLatin1String(name));
+}
 
+void BrowseDialog::SetUpButtons() {
+  up_->setIcon(style()->standardIcon(QStyle::SP_FileDialogToParent));
+  up_->setToolTip(Translated("Up one level"));
+  for (QPushButton* button : {new_folder_, new_geodatabase_, new_geopackage_}) button->setVisible(request_.save);
+  for (QPushButton* button : {up_, new_folder_, new_geodatabase_, new_geopackage_}) button->setAutoDefault(false);
+  enter_->setText(Translated(request_.button.empty() ? (request_.save ? "&Save" : "&Open") : request_.button));
+  enter_->setDefault(true);
+  cancel_->setText(Translated("Cancel"));
+}
+
+void BrowseDialog::SetUpBoxes() {
   look_in_->setEditable(true);
   look_in_->setInsertPolicy(QComboBox::NoInsert);
   look_in_->setCompleter(nullptr);
-  up_->setIcon(style()->standardIcon(QStyle::SP_FileDialogToParent));
-  up_->setToolTip(Translated("Up one level"));
-  new_folder_->setVisible(request_.save);
-  new_geodatabase_->setVisible(request_.save);
-  new_geopackage_->setVisible(request_.save);
-  for (QPushButton* button : {up_, new_folder_, new_geodatabase_, new_geopackage_}) button->setAutoDefault(false);
   if (request_.multi_select && !request_.save) list_->setSelectionMode(QAbstractItemView::ExtendedSelection);
-  if (request_.filters.empty()) request_.filters.push_back(GxFilter::FeatureClasses);
   for (const GxFilter filter : request_.filters) {
     for (const FilterRow& row : kFilters) {
       if (row.filter == filter) filter_->addItem(Translated(row.caption));
     }
   }
   filter_->setCurrentIndex(static_cast<int>(request_.default_filter));
-  enter_->setText(Translated(request_.button.empty() ? (request_.save ? "&Save" : "&Open") : request_.button));
-  enter_->setDefault(true);
-  auto* cancel = new QPushButton(Translated("Cancel"), this);
-  cancel->setObjectName(QStringLiteral("cmdCancel"));
-
-  auto* look_label = new QLabel(Translated("&Look in:"), this);
-  look_label->setBuddy(look_in_);
   name_label_->setText(Translated("&Name:"));
   name_label_->setBuddy(name_);
   kind_label_->setBuddy(kind_);
   places_->setMaximumWidth(DialogUnits(font()).Size(80, 0).width());
-  FillPlaces();
-  auto* filter_label = new QLabel(Translated("Show of &type:"), this);
-  filter_label->setBuddy(filter_);
+}
+
+QLabel* BrowseDialog::LabelOf(const char* caption, QWidget* widget) {
+  auto* label = new QLabel(Translated(caption), this);
+  label->setBuddy(widget);
+  return label;
+}
+
+void BrowseDialog::LayOut() {
   auto* top = new QHBoxLayout;
   top->addWidget(look_in_, 1);
   for (QPushButton* button : {up_, new_folder_, new_geodatabase_, new_geopackage_}) top->addWidget(button);
   const auto below = [this](const char* caption, QWidget* list) {
-    auto* label = new QLabel(Translated(caption), this);
-    label->setBuddy(list);
     auto* column = new QVBoxLayout;
-    column->addWidget(label);
+    column->addWidget(LabelOf(caption, list));
     column->addWidget(list);
     return column;
   };
@@ -170,7 +184,7 @@ void BrowseDialog::Build() {
   middle->addLayout(below("Pl&aces:", places_));
   middle->addLayout(below("&Contents:", list_), 1);
   auto* grid = new QGridLayout(this);
-  grid->addWidget(look_label, 0, 0);
+  grid->addWidget(LabelOf("&Look in:", look_in_), 0, 0);
   grid->addLayout(top, 0, 1, 1, 2);
   grid->addLayout(middle, 1, 0, 1, 3);
   grid->addWidget(name_label_, 2, 0);
@@ -178,12 +192,14 @@ void BrowseDialog::Build() {
   grid->addWidget(enter_, 2, 2);
   grid->addWidget(kind_label_, 3, 0);
   grid->addWidget(kind_, 3, 1);
-  grid->addWidget(filter_label, 4, 0);
+  grid->addWidget(LabelOf("Show of &type:", filter_), 4, 0);
   grid->addWidget(filter_, 4, 1);
-  grid->addWidget(cancel, 4, 2);
+  grid->addWidget(cancel_, 4, 2);
   grid->setColumnStretch(1, 1);
   resize(DialogUnits(font()).Size(420, 230));
+}
 
+void BrowseDialog::Connect() {
   connect(look_in_, QOverload<int>::of(&QComboBox::activated), this,
           [this](int index) { GoTo(look_in_->itemData(index).toString()); });
   connect(look_in_->lineEdit(), &QLineEdit::returnPressed, this, [this] { GoTo(look_in_->currentText()); });
@@ -203,7 +219,7 @@ void BrowseDialog::Build() {
     ShowKinds();
   });
   connect(enter_, &QPushButton::clicked, this, [this] { Confirm(); });
-  connect(cancel, &QPushButton::clicked, this, [this] { reject(); });
+  connect(cancel_, &QPushButton::clicked, this, [this] { reject(); });
 }
 
 GxFilter BrowseDialog::Filter() const {

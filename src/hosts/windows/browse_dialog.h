@@ -48,6 +48,12 @@ class BrowseDialog final : public QDialog {
 
  private:
   void Build();
+  void NameWidgets();
+  void SetUpButtons();
+  void SetUpBoxes();
+  [[nodiscard]] QLabel* LabelOf(const char* caption, QWidget* widget);
+  void LayOut();
+  void Connect();
   void LookIn(const CatalogItem& container);
   void FillList();
   void ShowAncestors();
@@ -87,6 +93,7 @@ class BrowseDialog final : public QDialog {
   KindBox* kind_;
   QComboBox* filter_;
   QPushButton* enter_;
+  QPushButton* cancel_;
 };
 
 /// The dialog as the suite asks for it.
