@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// plain_vertices SOURCE OUTPUT.shp: every vertex of SOURCE as a point with number, x, y and one carried field, by GDAL
-// alone. What `tessarine vertices --fields number` costs beyond it is ours.
+// plain_vertices SOURCE OUTPUT.shp|gpkg|gdb: every vertex of SOURCE as a point with number, x, y and one carried field,
+// by GDAL alone, in one transaction where the format has them. What `tessarine vertices --fields number` costs beyond
+// it is ours.
 #include <gdal_priv.h>
 #include <ogrsf_frmts.h>
 
 #include <cstdio>
+#include <string>
 
 namespace {
 
@@ -21,23 +23,32 @@ void WriteVertices(const OGRFeature& source, const OGRLineString& part, OGRLayer
   }
 }
 
+const char* DriverFor(const std::string& path) {
+  if (path.ends_with(".gpkg")) return "GPKG";
+  return path.ends_with(".gdb") ? "OpenFileGDB" : "ESRI Shapefile";
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
   if (argc != 3) {
-    std::fputs("plain_vertices SOURCE OUTPUT.shp\n", stderr);
+    std::fputs("plain_vertices SOURCE OUTPUT.shp|gpkg|gdb\n", stderr);
     return 2;
   }
   GDALAllRegister();
   GDALDatasetUniquePtr source(GDALDataset::Open(argv[1], GDAL_OF_VECTOR));
-  GDALDriver* driver = GetGDALDriverManager()->GetDriverByName("ESRI Shapefile");
+  GDALDriver* driver = GetGDALDriverManager()->GetDriverByName(DriverFor(argv[2]));
   GDALDatasetUniquePtr target(driver->Create(argv[2], 0, 0, 0, GDT_Unknown, nullptr));
   OGRLayer* input = source->GetLayer(0);
   OGRLayer* output = target->CreateLayer("vertices", input->GetSpatialRef(), wkbPoint);
   OGRFieldDefn number("Uniq_ID", OFTInteger), x("X_Coord", OFTReal), y("Y_Coord", OFTReal),
       carried("number", OFTInteger);
-  for (OGRFieldDefn* field : {&x, &y}) field->SetWidth(16), field->SetPrecision(8);
+  if (std::string(argv[2]).ends_with(".shp")) {
+    for (OGRFieldDefn* field : {&x, &y}) field->SetWidth(16), field->SetPrecision(8);
+  }
   for (OGRFieldDefn* field : {&number, &x, &y, &carried}) output->CreateField(field);
+  const bool in_transaction = output->TestCapability(OLCTransactions) != 0;
+  if (in_transaction && output->StartTransaction() != OGRERR_NONE) return 1;
   int next = 1;
   for (const OGRFeatureUniquePtr& feature : input) {
     const OGRGeometry* geometry = feature->GetGeometryRef();
@@ -47,4 +58,5 @@ int main(int argc, char** argv) {
       WriteVertices(*feature, *line, *output, next);
     }
   }
+  if (in_transaction && output->CommitTransaction() != OGRERR_NONE) return 1;
 }

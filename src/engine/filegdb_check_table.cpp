@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <filesystem>
+#include <limits>
 #include <set>
 
 #include "engine/filegdb_check.h"
@@ -23,9 +24,11 @@ constexpr std::int64_t kFreePageHeader = 8;
 
 /// A stretch of the file that belongs to one thing: a row by its number, or one of these.
 struct Stretch {
-  enum Kind : std::int64_t { kHeader = 0, kDescription = -1, kFreePlace = -2 };
-  std::int64_t from, to, what;
+  enum Kind : std::int32_t { kHeader = 0, kDescription = -1, kFreePlace = -2 };
+  std::int64_t from;
+  std::int32_t size, what;  // small, for there is one of each row
 
+  [[nodiscard]] std::int64_t To() const { return from + size; }
   [[nodiscard]] std::string Name() const {
     if (what > 0) return "row " + std::to_string(what);
     return what == kHeader ? "the header" : what == kDescription ? "the description of the columns" : "a free place";
@@ -40,9 +43,14 @@ class TableCheck {
   std::vector<std::string> Run() {
     if (!table_.IsUsable()) return {"the table '" + name_ + "' (" + FileName() + ") can't be read"};
     const GdbDescription& description = table_.Description();
-    stretches_.push_back({0, 40, Stretch::kHeader});
-    stretches_.push_back({description.place, description.place + description.size, Stretch::kDescription});
-    table_.Places().ForEach([&](std::int64_t oid, std::int64_t offset) { CheckRow(oid, offset); });
+    // No row is shorter than its length with a byte for nulls.
+    constexpr std::int64_t kShortestRow = 5;
+    stretches_.reserve(
+        static_cast<std::size_t>(std::min(table_.Places().RowLimit(), table_.File().Size() / kShortestRow) + 2));
+    Note(0, 40, Stretch::kHeader);
+    Note(description.place, description.size, Stretch::kDescription);
+    GdbRowScan rows(table_);
+    table_.Places().ForEach([&](std::int64_t oid, std::int64_t offset) { CheckRow(oid, offset, rows.Row(offset)); });
     CheckHeader();
     CheckFreePlaces();
     CheckOverlaps();
@@ -56,19 +64,22 @@ class TableCheck {
     if (findings_.size() < kMostFindings) findings_.push_back("'" + name_ + "' (" + FileName() + "): " + text);
   }
 
-  void CheckRow(std::int64_t oid, std::int64_t offset) {
+  void Note(std::int64_t from, std::int64_t size, std::int64_t what) {
+    constexpr std::int64_t kMost = std::numeric_limits<std::int32_t>::max();
+    stretches_.push_back({from, static_cast<std::int32_t>(std::min(size, kMost)), static_cast<std::int32_t>(what)});
+  }
+
+  void CheckRow(std::int64_t oid, std::int64_t offset, std::optional<std::string_view> row) {
     ++rows_;
-    const std::string row_name = "row " + std::to_string(oid);
-    const std::optional<std::string> row = table_.Row(offset);
     if (!row) {
-      Tell(row_name + " isn't where the offsets say");
+      Tell("row " + std::to_string(oid) + " isn't where the offsets say");
       return;
     }
     longest_ = std::max(longest_, row->size());
-    stretches_.push_back({offset, offset + 4 + static_cast<std::int64_t>(row->size()), oid});
+    Note(offset, 4 + static_cast<std::int64_t>(row->size()), oid);
     const auto values = SplitGdbRow(table_.Description(), *row);
     if (!values) {
-      Tell(row_name + " isn't as long as its values");
+      Tell("row " + std::to_string(oid) + " isn't as long as its values");
       return;
     }
     for (std::size_t index = 0; index < counts_.size(); ++index) {
@@ -133,7 +144,7 @@ class TableCheck {
       const auto size = static_cast<std::int64_t>(LittleEndian(all.subspan(at, 4)));
       const auto offset = static_cast<std::int64_t>(LittleEndian(all.subspan(at + 4, width)));
       if (offset + size > table_.File().Size()) Tell("a free place ends behind the file");
-      stretches_.push_back({offset, offset + size, Stretch::kFreePlace});
+      Note(offset, size, Stretch::kFreePlace);
     }
     return LittleEndian(all.subspan(4, 4));
   }
@@ -142,7 +153,7 @@ class TableCheck {
     std::ranges::sort(stretches_, {}, &Stretch::from);
     for (std::size_t index = 1; index < stretches_.size(); ++index) {
       const Stretch &before = stretches_[index - 1], &after = stretches_[index];
-      if (before.to > after.from) Tell(before.Name() + " and " + after.Name() + " overlap");
+      if (before.To() > after.from) Tell(before.Name() + " and " + after.Name() + " overlap");
     }
   }
 

@@ -127,6 +127,32 @@ std::optional<std::string> GdbTable::Row(std::int64_t offset) const {
   return row;
 }
 
+std::string_view GdbRowScan::Bytes(std::int64_t offset, std::int64_t count) {
+  // Rows that don't follow each other would have the rest of a window read for nothing.
+  constexpr std::int64_t kAhead = std::int64_t{1} << 18, kAlone = std::int64_t{1} << 12;
+  const auto end = first_ + static_cast<std::int64_t>(window_.size());
+  if (offset < first_ || offset + count > end) {
+    const bool follows = offset >= first_ && offset <= end + kAlone;
+    const std::int64_t size = std::min(std::max(count, follows ? kAhead : kAlone), file_size_ - offset);
+    window_.resize(static_cast<std::size_t>(size));
+    file_.Read(offset, window_);
+    first_ = offset;
+  }
+  return {window_.data() + (offset - first_), static_cast<std::size_t>(count)};
+}
+
+std::int64_t GdbRowScan::RowSize(std::int64_t offset) {
+  if (offset < static_cast<std::int64_t>(kGdbHeaderSize) || offset + 4 > file_size_) return -1;
+  const auto length = static_cast<std::int32_t>(LittleEndian(Bytes(offset, 4)));
+  return length >= 0 && offset + 4 + length <= file_size_ ? length : -1;
+}
+
+std::optional<std::string_view> GdbRowScan::Row(std::int64_t offset) {
+  const std::int64_t size = RowSize(offset);
+  if (size < 0) return std::nullopt;
+  return Bytes(offset, 4 + size).substr(4);
+}
+
 void SettleGdbHeader(const std::string& base) {
   const GdbTable table(base, FileAccess::Change);
   if (!table.IsUsable()) return;
@@ -135,7 +161,8 @@ void SettleGdbHeader(const std::string& base) {
   const std::array<char, kGdbHeaderSize> before = header;
   const std::span<char> longest = std::span(header).subspan(kGdbLongestRow.at, kGdbLongestRow.size);
   auto needed = static_cast<std::int64_t>(LittleEndian(longest));
-  table.Places().ForEach([&](std::int64_t, std::int64_t offset) { needed = std::max(needed, table.RowSize(offset)); });
+  GdbRowScan rows(table);
+  table.Places().ForEach([&](std::int64_t, std::int64_t offset) { needed = std::max(needed, rows.RowSize(offset)); });
   PutLittleEndian(static_cast<std::uint64_t>(needed), longest);
   PutLittleEndian(static_cast<std::uint64_t>(table.File().Size()), header, kGdbFileSize);
   if (header != before) table.File().Write(0, header);

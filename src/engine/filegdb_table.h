@@ -3,7 +3,9 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "engine/filegdb_layout.h"
@@ -64,6 +66,25 @@ class GdbTable {
   GdbRowPlaces places_;
   GdbDescription description_;
   bool usable_ = false;
+};
+
+/// Reads the rows of a table that nobody changes meanwhile, each after the one before or nearly so: a table of many
+/// rows costs few transfers.
+class GdbRowScan {
+ public:
+  explicit GdbRowScan(const GdbTable& table) : file_(table.File()), file_size_(file_.Size()) {}
+
+  /// As `GdbTable::RowSize`.
+  [[nodiscard]] std::int64_t RowSize(std::int64_t offset);
+  /// As `GdbTable::Row`; good until the next call.
+  [[nodiscard]] std::optional<std::string_view> Row(std::int64_t offset);
+
+ private:
+  [[nodiscard]] std::string_view Bytes(std::int64_t offset, std::int64_t count);
+
+  const RawFile& file_;
+  std::int64_t file_size_, first_ = 0;
+  std::vector<char> window_;
 };
 
 /// Brings the header of a table up to date: the size of the file, and the longest row.

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "engine/engine_fault.h"
+#include "engine/filegdb_edit.h"
 #include "engine/filegdb_polygons.h"
 #include "engine/ogr_geometry.h"
 #include "engine/sql.h"
@@ -150,6 +151,7 @@ InsertingCursor::InsertingCursor(std::shared_ptr<OgrClass> owner, LayerHandle ha
       handle_(std::move(handle)),
       points_(ShapefilePoints::Open(*owner_->Source(), handle_->Layer())),
       grid_(GridOfClass(owner_->Source()->Path(), owner_->Source()->LayerName())),
+      commits_midway_(!IsFileGdb(owner_->Source()->Path())),
       transactions_(handle_->Layer().TestCapability(OLCTransactions) != 0) {}
 
 InsertingCursor::~InsertingCursor() {
@@ -197,7 +199,7 @@ std::int64_t InsertingCursor::InsertRow(const IRowBuffer& buffer) {
 }
 
 void InsertingCursor::Flush() {
-  if (since_commit_ >= kRowsPerCommit) Commit();
+  if (commits_midway_ && since_commit_ >= kRowsPerCommit) Commit();
 }
 
 // Those from here on. Handles know what stood in the file when they were opened.

@@ -130,6 +130,8 @@ class InsertingCursor final : public IFeatureCursor {
   std::unique_ptr<ShapefilePoints> points_;  ///< as long as rows go past GDAL
   bool keeps_identifiers_ = false;
   std::optional<GdbGrid> grid_;  ///< of a class of a file geodatabase
+  /// False for file geodatabases: GDAL would make all their indexes anew each time.
+  bool commits_midway_;
   bool transactions_;
   bool in_transaction_ = false;
   std::int64_t since_commit_ = 0;

@@ -228,6 +228,28 @@ TEST(GeodatabaseCheck, FindsATornByte) {
   EXPECT_NE(FindingsOf(file).find("a file of 'class_1'"), std::string::npos);
 }
 
+TEST(GeodatabaseRows, AreTheSameOneByOneAndInAWalk) {
+  const TemporaryFolder folder;
+  const std::string file = folder.Native("town.gdb");
+  WriteGeodatabase(file, 2, 500);
+  const engine::GdbTable table(FindGdbTable(file, ClassName(0)));
+  ASSERT_TRUE(table.IsUsable());
+  std::vector<std::int64_t> offsets;
+  table.Places().ForEach([&](std::int64_t, std::int64_t offset) { offsets.push_back(offset); });
+  ASSERT_EQ(offsets.size(), 500U);
+  std::vector<std::int64_t> tried = offsets;
+  tried.insert(tried.end(), offsets.rbegin(), offsets.rend());
+  tried.insert(tried.end(), {0, table.File().Size(), table.File().Size() - 4, offsets.front()});
+  engine::GdbRowScan rows(table);
+  for (const std::int64_t offset : tried) {
+    EXPECT_EQ(rows.RowSize(offset), table.RowSize(offset)) << offset;
+    const std::optional<std::string> row = table.Row(offset);
+    const std::optional<std::string_view> walked = rows.Row(offset);
+    ASSERT_EQ(walked.has_value(), row.has_value()) << offset;
+    EXPECT_EQ(walked.value_or(""), row.value_or("")) << offset;
+  }
+}
+
 TEST(GeodatabaseEdit, IsSeenByOthersAtItsEnd) {
   const TemporaryFolder folder;
   const std::string file = folder.Native("town.gdb");
