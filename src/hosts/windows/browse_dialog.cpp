@@ -24,6 +24,7 @@
 #include "hosts/windows/pictures.h"
 #include "hosts/windows/pointer.h"
 #include "hosts/windows/qt_text.h"
+#include "hosts/windows/readable_window.h"
 #include "hosts/windows/translation.h"
 #include "outputs/format_workspace.h"
 #include "outputs/temporary_layers.h"
@@ -197,6 +198,7 @@ void BrowseDialog::LayOut() {
   grid->addWidget(cancel_, 4, 2);
   grid->setColumnStretch(1, 1);
   resize(DialogUnits(font()).Size(420, 230));
+  KeepReadable(*this);
 }
 
 void BrowseDialog::Connect() {

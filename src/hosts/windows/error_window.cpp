@@ -9,6 +9,7 @@
 #include <QVBoxLayout>
 
 #include "hosts/windows/dialog_units.h"
+#include "hosts/windows/readable_window.h"
 #include "hosts/windows/translation.h"
 
 namespace tessarine {
@@ -34,6 +35,7 @@ ErrorWindow::ErrorWindow(QWidget* parent) : QDialog(parent), text_(new QPlainTex
   layout->addWidget(text_);
   layout->addWidget(buttons);
   resize(DialogUnits(font()).Size(330, 180));
+  KeepReadable(*this);
 }
 
 void ErrorWindow::Add(const QString& report) {

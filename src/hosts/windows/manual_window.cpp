@@ -13,6 +13,7 @@
 
 #include "hosts/windows/dialog_units.h"
 #include "hosts/windows/qt_text.h"
+#include "hosts/windows/readable_window.h"
 #include "hosts/windows/translation.h"
 
 namespace tessarine {
@@ -79,6 +80,7 @@ ManualWindow::ManualWindow(const QString& folder, QWidget* parent)
   layout->addWidget(text_);
   layout->addWidget(buttons);
   resize(DialogUnits(font()).Size(330, 280));
+  KeepReadable(*this);
 }
 
 void ManualWindow::Show(const Chapter& chapter) {

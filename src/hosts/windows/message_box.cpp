@@ -7,6 +7,7 @@
 
 #include "hosts/windows/pointer.h"
 #include "hosts/windows/qt_text.h"
+#include "hosts/windows/readable_window.h"
 #include "hosts/windows/translation.h"
 
 namespace tessarine {
@@ -59,6 +60,7 @@ MessageAnswer ShowMessageBox(QWidget* parent, const std::string& text, const std
   // Who presses Enter without reading has agreed to nothing.
   box.setDefaultButton(static_cast<QPushButton*>(buttons == MessageButtons::YesNo ? made.back() : made.front()));
   box.setEscapeButton(made.back());
+  KeepReadable(box);
   box.exec();
   for (std::size_t index = 0; index < made.size(); ++index) {
     if (box.clickedButton() == made[index]) return answers[index].answer;

@@ -14,6 +14,7 @@
 
 #include "hosts/windows/pointer.h"
 #include "hosts/windows/qt_text.h"
+#include "hosts/windows/readable_window.h"
 #include "hosts/windows/translation.h"
 #include "platform/fault.h"
 #include "platform/reference_spheroid.h"
@@ -137,6 +138,7 @@ void ReferenceDialog::Build() {
   layout->addWidget(details_);
   layout->addLayout(buttons);
   resize(DialogUnits(font()).Size(300, 220));
+  KeepReadable(*this);
 
   connect(search_, &QLineEdit::textChanged, this, [this](const QString& words) { Search(words); });
   connect(list_->selectionModel(), &QItemSelectionModel::currentChanged, this, [this](const QModelIndex& line) {

@@ -1,49 +1,25 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // Every form of the suite, drawn at three sizes and in two themes: nothing is cut, nothing lies on anything else, and
 // every text can be read on what is behind it.
-#include <QCheckBox>
-#include <QComboBox>
-#include <QDir>
-#include <QFile>
-#include <QLabel>
-#include <QLineEdit>
-#include <QListView>
-#include <QPlainTextEdit>
-#include <QPushButton>
-#include <QRadioButton>
 #include <QSizeGrip>
-#include <QStyle>
-#include <QStyleOptionButton>
-#include <QTextEdit>
-#include <cmath>
 #include <functional>
-#include <map>
 
 #include "helpers/temporary_folder.h"
 #include "hosts/windows/colors.h"
+#include "hosts/windows/error_window.h"
+#include "tests/hosts/windows/readable.h"
 #include "tests/hosts/windows/windows_fixture.h"
 
 namespace tessarine {
 namespace {
 
-std::string TextOf(const QWidget& widget) {
-  if (const auto* label = qobject_cast<const QLabel*>(&widget)) return label->text().toStdString();
-  if (const auto* button = qobject_cast<const QAbstractButton*>(&widget)) return button->text().toStdString();
-  return "";
-}
-
-// The room that a widget has for its text.
-QRect RoomOf(const QWidget& widget) {
-  QStyleOptionButton option;
-  option.initFrom(&widget);
-  if (qobject_cast<const QCheckBox*>(&widget) != nullptr) {
-    return widget.style()->subElementRect(QStyle::SE_CheckBoxContents, &option, &widget);
-  }
-  if (qobject_cast<const QRadioButton*>(&widget) != nullptr) {
-    return widget.style()->subElementRect(QStyle::SE_RadioButtonContents, &option, &widget);
-  }
-  return qobject_cast<const QPushButton*>(&widget) != nullptr ? widget.rect().adjusted(3, 3, -3, -3) : widget.rect();
-}
+using testing::kReadableContrast;
+using testing::Luminance;
+using testing::RoomOf;
+using testing::ShowsText;
+using testing::TextContrast;
+using testing::TextOf;
+using testing::TextRoom;
 
 bool Fits(const QWidget& widget, const std::string& text) {
   const QRect room = RoomOf(widget);
@@ -68,7 +44,7 @@ std::vector<std::string> Problems(const FormWindow& window) {
     QWidget* widget = window.WidgetOf(control->Name());
     if (widget == nullptr || !widget->isVisible()) continue;
     const std::string name = window.objectName().toStdString() + "." + control->Name();
-    const std::string text = TextOf(*widget);
+    const std::string text = TextOf(*widget).toStdString();
     if (!text.empty() && !Fits(*widget, text)) problems.push_back(name + " cuts '" + text + "'");
     if (!widget->parentWidget()->rect().contains(widget->geometry())) problems.push_back(name + " reaches out");
     for (const QWidget* other : placed) {
@@ -83,46 +59,6 @@ std::vector<std::string> Problems(const FormWindow& window) {
   return problems;
 }
 
-// The relative luminance of the web's accessibility guidelines.
-double Luminance(QRgb pixel) {
-  const auto linear = [](int value) {
-    const double share = value / 255.0;
-    return share <= 0.04045 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4);
-  };
-  return 0.2126 * linear(qRed(pixel)) + 0.7152 * linear(qGreen(pixel)) + 0.0722 * linear(qBlue(pixel));
-}
-
-// The contrast between the colour that fills a picture and the pixel that stands out most: that of its text.
-double TextContrast(const QImage& picture) {
-  std::map<QRgb, int> pixels;
-  for (int y = 0; y < picture.height(); ++y) {
-    for (int x = 0; x < picture.width(); ++x) ++pixels[picture.pixel(x, y)];
-  }
-  const auto most = std::ranges::max_element(pixels, {}, [](const auto& entry) { return entry.second; });
-  double strongest = 1.0;
-  for (const auto& [pixel, count] : pixels) {
-    const double one = Luminance(pixel) + 0.05, other = Luminance(most->first) + 0.05;
-    strongest = std::max(strongest, std::max(one, other) / std::min(one, other));
-  }
-  return strongest;
-}
-
-bool ShowsText(const QWidget& widget) {
-  if (const auto* line = qobject_cast<const QLineEdit*>(&widget)) return !line->text().isEmpty();
-  if (const auto* combo = qobject_cast<const QComboBox*>(&widget)) return !combo->currentText().isEmpty();
-  if (const auto* plain = qobject_cast<const QPlainTextEdit*>(&widget)) return !plain->toPlainText().isEmpty();
-  if (const auto* rich = qobject_cast<const QTextEdit*>(&widget)) return !rich->toPlainText().isEmpty();
-  if (const auto* list = qobject_cast<const QListView*>(&widget)) return list->model()->rowCount() > 0;
-  return !TextOf(widget).empty();
-}
-
-// Where nothing but the text and its background is seen.
-QRect TextRoom(const QWidget& widget) {
-  if (!TextOf(widget).empty()) return RoomOf(widget);
-  constexpr int kArrow = 24;
-  return widget.rect().adjusted(3, 3, qobject_cast<const QComboBox*>(&widget) != nullptr ? -kArrow : -3, -3);
-}
-
 // Where the mark of a box or an option is drawn.
 QRect MarkRoom(const QAbstractButton& button) {
   QStyleOptionButton option;
@@ -133,7 +69,7 @@ QRect MarkRoom(const QAbstractButton& button) {
 }
 
 std::vector<std::string> PaleTexts(FormWindow& window) {
-  constexpr double kReadable = 4.5, kVisible = 3.0;
+  constexpr double kVisible = 3.0;
   std::vector<std::string> pale;
   for (const Control* control : window.ShownForm().Controls()) {
     QWidget* widget = window.WidgetOf(control->Name());
@@ -141,7 +77,7 @@ std::vector<std::string> PaleTexts(FormWindow& window) {
     // Taken from the window, whose colour shows through labels.
     const QPoint corner = widget->mapTo(&window, QPoint(0, 0));
     const double contrast = TextContrast(window.grab(TextRoom(*widget).translated(corner)).toImage());
-    if (contrast < kReadable) pale.push_back(control->Name() + " " + std::to_string(contrast));
+    if (contrast < kReadableContrast) pale.push_back(control->Name() + " " + std::to_string(contrast));
     const auto* button = qobject_cast<const QAbstractButton*>(widget);
     if (button == nullptr || !button->isChecked()) continue;
     if (TextContrast(window.grab(MarkRoom(*button).translated(corner)).toImage()) < kVisible) {
@@ -214,13 +150,65 @@ INSTANTIATE_TEST_SUITE_P(Sizes, LayoutTest,
                                            NamedDrawing{"German", {.german = true}}),
                          [](const auto& drawing) { return std::string(drawing.param.name); });
 
-TEST(ThemeTest, TextsCanBeReadInTheThemesOfTheMapProgram) {
-  const QDir themes(QStringLiteral("/usr/share/qgis/resources/themes"));
-  const QStringList names = themes.entryList(QDir::Dirs | QDir::NoDotAndDotDot);
-  if (names.isEmpty()) GTEST_SKIP() << "The map program isn't installed.";
-  for (const QString& theme : names) {
+// What each of the host's own dialogs shows, taken while it waits.
+void VisitHostDialogs(testing::SampleHost& host, const testing::TemporaryFolder& folder,
+                      const std::function<void(QWidget&)>& visit) {
+  const auto while_open = [&](const std::function<void()>& show) {
+    QTimer::singleShot(0, qApp, [&] {
+      QWidget* dialog = QApplication::activeModalWidget();
+      ASSERT_NE(dialog, nullptr);
+      QCoreApplication::processEvents();
+      visit(*dialog);
+      dialog->close();
+    });
+    show();
+  };
+  while_open([&] {
+    (void)host.MessageBox().Show("Do you want that?", "Question:", MessageButtons::YesNo, MessageIcon::Exclamation);
+  });
+  while_open([&] {
+    const auto dialog = host.CreateGxDialog();
+    dialog->AddFilter(GxFilter::FeatureClasses, true);
+    dialog->SetTitle("Output:");
+    dialog->SetStartingLocation(folder.Path());
+    dialog->SetName(folder.Path("Polygons.shp"));
+    (void)dialog->DoModalSave(0);
+  });
+  while_open([&] {
+    const auto dialog = host.CreateSpatialReferenceDialog();
+    dialog->SetInitial(SpatialReferenceEnvironment::CreateFromText("EPSG:32612"));
+    (void)dialog->DoModalCreate(0);
+  });
+  ErrorWindow errors(nullptr);
+  errors.Add(QStringLiteral("No layer."));
+  visit(errors);
+}
+
+TEST(ThemeTest, TextsOfTheHostsDialogsCanBeReadInTheThemesOfTheMapProgram) {
+  const std::vector<QDir> themes = testing::ThemesOfProgram();
+  if (themes.empty()) GTEST_SKIP() << "The map program isn't installed.";
+  for (const QDir& theme : themes) {
     const testing::QtSession qt;
-    const QString style = testing::StyleSheetOf(QDir(themes.filePath(theme)));
+    qApp->setStyleSheet(testing::StyleSheetOf(theme));
+    const testing::TemporaryFolder folder;
+    testing::SampleHost host;
+    int seen = 0;
+    VisitHostDialogs(host, folder, [&](QWidget& dialog) {
+      ++seen;
+      EXPECT_THAT(testing::PaleTextsOf(dialog), ::testing::IsEmpty())
+          << theme.path().toStdString() << ", " << dialog.objectName().toStdString();
+    });
+    EXPECT_EQ(seen, 4);
+    qApp->setStyleSheet(QString());  // it would outlive the application
+  }
+}
+
+TEST(ThemeTest, TextsCanBeReadInTheThemesOfTheMapProgram) {
+  const std::vector<QDir> themes = testing::ThemesOfProgram();
+  if (themes.empty()) GTEST_SKIP() << "The map program isn't installed.";
+  for (const QDir& theme : themes) {
+    const testing::QtSession qt;
+    const QString style = testing::StyleSheetOf(theme);
     ASSERT_FALSE(style.isEmpty());
     qApp->setStyleSheet(style);
     const testing::TemporaryFolder folder;
@@ -230,7 +218,7 @@ TEST(ThemeTest, TextsCanBeReadInTheThemesOfTheMapProgram) {
       // A theme tells a checked mark by the colour of all of it.
       std::vector<std::string> pale = PaleTexts(window);
       std::erase_if(pale, [](const std::string& what) { return what.ends_with("hides its mark"); });
-      EXPECT_THAT(pale, ::testing::IsEmpty()) << theme.toStdString() << ", " << name;
+      EXPECT_THAT(pale, ::testing::IsEmpty()) << theme.path().toStdString() << ", " << name;
     });
     qApp->setStyleSheet(QString());  // it would outlive the application
   }

@@ -1,11 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "hosts/windows/sample_forms.h"
 
-#include <QDir>
-#include <QFile>
 #include <QPalette>
 #include <QStyle>
-#include <map>
 
 #include "frame/commands/command_table.h"
 #include "helpers/fake_application.h"
@@ -158,24 +155,6 @@ QtSession::QtSession(const Drawing& drawing) {
 QtSession::~QtSession() {
   QApplication::setPalette(QApplication::style()->standardPalette());
   UseLanguage(QLocale::c());
-}
-
-QString StyleSheetOf(const QDir& theme) {
-  const auto read = [&](const char* name) {
-    QFile file(theme.filePath(QLatin1String(name)));
-    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
-  };
-  QString style = read("style.qss");
-  // From the greatest name on, so that none is taken for the beginning of a longer one.
-  std::map<QString, QString, std::greater<>> colors = {{QStringLiteral("@theme_path"), theme.path()}};
-  for (const QString& line : read("variables.qss").split(QLatin1Char('\n'))) {
-    const int colon = line.indexOf(QLatin1Char(':'));
-    if (line.startsWith(QLatin1Char('@')) && colon > 0) {
-      colors[line.left(colon).trimmed()] = line.mid(colon + 1).remove(QLatin1Char(';')).trimmed();
-    }
-  }
-  for (const auto& [name, color] : colors) style.replace(name, color);
-  return style;
 }
 
 std::shared_ptr<IFeatureLayer> SampleHost::CreateFeatureLayer() { return std::make_shared<DocumentFeatureLayer>(); }

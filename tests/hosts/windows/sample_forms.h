@@ -3,7 +3,6 @@
 #pragma once
 
 #include <QApplication>
-#include <QDir>
 #include <filesystem>
 #include <functional>
 #include <memory>
@@ -39,9 +38,6 @@ class QtSession {
   char* arguments_[2] = {program_.data(), nullptr};
   std::unique_ptr<QApplication> application_;
 };
-
-/// A theme of the map program as it applies it: a style sheet whose colours have names. Empty where there is none.
-[[nodiscard]] QString StyleSheetOf(const QDir& theme);
 
 /// A host of windows without layers of its own.
 class SampleHost final : public WindowHost {

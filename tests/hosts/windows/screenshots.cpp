@@ -15,6 +15,7 @@
 #include "helpers/temporary_folder.h"
 #include "hosts/windows/pictures.h"
 #include "hosts/windows/qt_text.h"
+#include "hosts/windows/readable.h"
 #include "hosts/windows/sample_forms.h"
 
 namespace tessarine::testing {

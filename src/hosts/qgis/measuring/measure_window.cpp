@@ -18,6 +18,7 @@
 #include "hosts/windows/dialog_units.h"
 #include "hosts/windows/manual_window.h"
 #include "hosts/windows/qt_text.h"
+#include "hosts/windows/readable_window.h"
 #include "hosts/windows/translation.h"
 #include "platform/text_formats.h"
 
@@ -139,6 +140,7 @@ void MeasureWindow::Build() {
   layout->addWidget(note_);
   layout->addLayout(buttons);
   resize(DialogUnits(font()).Size(330, 190));
+  KeepReadable(*this);
 }
 
 // At first in the lower right corner, where it hides least of the map; then where it was moved to.

@@ -17,6 +17,7 @@
 #include "hosts/qgis/qgis_host.h"
 #include "hosts/windows/manual_window.h"
 #include "hosts/windows/qt_text.h"
+#include "hosts/windows/readable_window.h"
 #include "hosts/windows/rich_document.h"
 #include "hosts/windows/translation.h"
 #include "platform/rich_text.h"
@@ -109,6 +110,7 @@ void ReportDock::Build() {
   layout->addWidget(command_);
   layout->addLayout(buttons);
   setWidget(whole);
+  KeepReadable(*this);
 }
 
 void ReportDock::FillTable() {
