@@ -139,7 +139,7 @@ class FolderNames {
 };
 
 // Some reasons are told in several lines.
-std::string OnOneLine(std::string text) { return Replace(Replace(std::move(text), "\r\n", " "), "\n", " "); }
+std::string OnOneLine(const std::string& text) { return Replace(Replace(text, "\r\n", " "), "\n", " "); }
 
 // Where the run itself has left no report. A source or output that the report would take the place of stays.
 void ReportNoRun(const SourceOutcome& outcome, const std::string& output, const CommonOptions& options) {
