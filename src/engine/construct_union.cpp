@@ -112,6 +112,26 @@ bool IsCrowded(const std::vector<Member>& group) {
   return !BoxTree(BoxesOf(group)).PairsWhile([&](std::uint32_t, std::uint32_t) { return left-- > 0; });
 }
 
+// Does `work(index)` on several threads, and ends by the first fault of them in order.
+template <class Work>
+void SpreadWork(std::size_t count, unsigned jobs, Work&& work) {
+  std::vector<std::exception_ptr> ends(count);
+  {
+    WorkerPool pool(*RunningContext(), jobs);
+    pool.Begin(count, [&](std::size_t index) {
+      try {
+        work(index);
+      } catch (...) {
+        ends[index] = std::current_exception();
+      }
+    });
+    pool.Finish();
+  }
+  for (const std::exception_ptr& end : ends) {
+    if (end) std::rethrow_exception(end);
+  }
+}
+
 struct PlacedMember {
   Member shape;
   Box box;
@@ -192,21 +212,7 @@ class Crowd {
 
   static void UniteShares(const std::vector<std::span<PlacedMember>>& shares, std::vector<PlacedMember>& united,
                           unsigned jobs) {
-    std::vector<std::exception_ptr> ends(shares.size());
-    {
-      WorkerPool pool(*RunningContext(), jobs);
-      pool.Begin(shares.size(), [&](std::size_t share) {
-        try {
-          united[share] = UnitedByHalves(shares[share]);
-        } catch (...) {
-          ends[share] = std::current_exception();
-        }
-      });
-      pool.Finish();
-    }
-    for (const std::exception_ptr& end : ends) {
-      if (end) std::rethrow_exception(end);
-    }
+    SpreadWork(shares.size(), jobs, [&](std::size_t share) { united[share] = UnitedByHalves(shares[share]); });
   }
 
   std::vector<PlacedMember> members_;
@@ -237,12 +243,27 @@ std::vector<PathRef> UnitedLines(const std::vector<Member>& group) {
   return PathsFromGeos(Checked(GEOSLineMergeDirected_r(Geos(), all.get())).get());
 }
 
+// Groups that can be shared out: a crowd of half of the members keeps all threads busy by itself.
+bool AreManyAlike(const std::vector<std::vector<Member>>& groups, std::size_t members) {
+  const auto largest = std::ranges::max(groups, {}, &std::vector<Member>::size).size();
+  return groups.size() > 1 && largest * 2 <= members;
+}
+
 std::vector<PathRef> UnitedParts(const std::vector<Member>& shapes, esriGeometryType type) {
-  std::vector<PathRef> parts;
-  for (const std::vector<Member>& group : Groups(shapes)) {
+  if (shapes.empty()) return {};
+  const std::vector<std::vector<Member>> groups = Groups(shapes);
+  std::vector<std::vector<PathRef>> united(groups.size());
+  const auto unite = [&](std::size_t at) {
     EndIfStopped();
-    std::ranges::move(type == esriGeometryPolygon ? UnitedAreas(group) : UnitedLines(group), std::back_inserter(parts));
+    united[at] = type == esriGeometryPolygon ? UnitedAreas(groups[at]) : UnitedLines(groups[at]);
+  };
+  if (Jobs() > 1 && AreManyAlike(groups, shapes.size())) {
+    SpreadWork(groups.size(), Jobs(), unite);
+  } else {
+    for (std::size_t at = 0; at < groups.size(); ++at) unite(at);
   }
+  std::vector<PathRef> parts;
+  for (std::vector<PathRef>& of_group : united) std::ranges::move(of_group, std::back_inserter(parts));
   return parts;
 }
 
