@@ -58,18 +58,19 @@ bool IsDefinition(const std::string& text) {
          lower.find('[') != std::string::npos;
 }
 
-std::string Details(const SpatialReferenceRef& reference) {
-  std::string text = reference->Name();
+QString Details(const SpatialReferenceRef& reference) {
+  QStringList lines{ToQt(reference->Name())};
   if (const auto projected = Cast<const ProjectedCoordinateSystem>(reference)) {
-    text += "\nProjected, unit: " + projected->CoordinateUnit().Name;
+    lines << Translated("Projected, unit: %1").arg(Translated(projected->CoordinateUnit().Name));
   } else if (const auto system = Cast<const GeographicCoordinateSystem>(reference)) {
-    text += "\nGeographic, unit: " + system->CoordinateUnit().Name;
+    lines << Translated("Geographic, unit: %1").arg(Translated(system->CoordinateUnit().Name));
   }
   if (const auto spheroid = SpheroidBeneath(reference)) {
-    text += "\nSpheroid: " + spheroid->Name() + ", semi-axes " + NumberText(spheroid->SemiMajorAxis()) + " m and " +
-            NumberText(spheroid->SemiMinorAxis()) + " m";
+    lines << Translated("Spheroid: %1, semi-axes %2 m and %3 m")
+                 .arg(ToQt(spheroid->Name()), ToQt(NumberText(spheroid->SemiMajorAxis())),
+                      ToQt(NumberText(spheroid->SemiMinorAxis())));
   }
-  return text;
+  return lines.join(QLatin1Char('\n'));
 }
 
 }  // namespace
@@ -179,7 +180,7 @@ void ReferenceDialog::Choose(const std::string& text) {
 
 void ReferenceDialog::ShowChosen() {
   ok_->setEnabled(chosen_ != nullptr);
-  details_->setText(chosen_ ? ToQt(Details(chosen_)) : Translated("No reference is chosen."));
+  details_->setText(chosen_ ? Details(chosen_) : Translated("No reference is chosen."));
 }
 
 SpatialReferenceRef WindowReferenceDialog::DoModalCreate(std::int32_t) {

@@ -38,10 +38,11 @@ struct Literal {
     static const QRegularExpression faults(QStringLiteral("Raise|Fault|require\\("));
     return faults.match(statement).hasMatch();
   }
-  // Two words or more, and no mark-up.
+  // Two words or more, and no mark-up or code.
   [[nodiscard]] bool LooksLikeText() const {
-    static const QRegularExpression words(QStringLiteral("[A-Za-z]{2,} [A-Za-z]{2,}"));
-    return words.match(text).hasMatch() && !text.contains(QLatin1Char('<')) && !kNoTexts.contains(text.toStdString());
+    static const QRegularExpression words(QStringLiteral("[A-Za-z]{2,}[,:]? [A-Za-z]{2,}"));
+    return words.match(text).hasMatch() && !text.contains(QRegularExpression(QStringLiteral("[<{$]"))) &&
+           !kNoTexts.contains(text.toStdString());
   }
 };
 

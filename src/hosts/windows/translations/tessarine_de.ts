@@ -2880,5 +2880,25 @@ Bailing out...</source>
         <source>All features stay as they are.</source>
         <translation>Alle Objekte bleiben, wie sie sind.</translation>
     </message>
+    <message>
+        <source>Projected, unit: %1</source>
+        <translation>Projiziert, Einheit: %1</translation>
+    </message>
+    <message>
+        <source>Geographic, unit: %1</source>
+        <translation>Geographisch, Einheit: %1</translation>
+    </message>
+    <message>
+        <source>Spheroid: %1, semi-axes %2 m and %3 m</source>
+        <translation>Sphäroid: %1, Halbachsen %2 m und %3 m</translation>
+    </message>
+    <message>
+        <source>metre</source>
+        <translation>Meter</translation>
+    </message>
+    <message>
+        <source>degree</source>
+        <translation>Grad</translation>
+    </message>
 </context>
 </TS>
