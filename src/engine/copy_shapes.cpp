@@ -145,8 +145,7 @@ std::unique_ptr<OGRGeometry> FitShape(std::unique_ptr<OGRGeometry> shape, OGRwkb
       notes.NoteWarning(kMeasureFilled, oid);
     }
   }
-  // Of these formats only GeoPackages know triangles as such.
-  if (OGR_GT_Flatten(shape->getGeometryType()) == wkbTriangle && format.driver != "GPKG") {
+  if (OGR_GT_Flatten(shape->getGeometryType()) == wkbTriangle && !format.triangles) {
     shape.reset(OGRGeometryFactory::forceToPolygon(shape.release()));
   }
   if (OGR_GT_IsSubClassOf(OGR_GT_Flatten(type), wkbGeometryCollection) == 0) {
@@ -164,8 +163,7 @@ std::unique_ptr<OGRGeometry> FitShape(std::unique_ptr<OGRGeometry> shape, OGRwkb
 }
 
 KeptOfShapes WhatIsKept(OGRLayer& layer, const Format& format) {
-  // The drivers of GeoJSON write heights and don't say so.
-  const bool z = format.driver.starts_with("GeoJSON") || layer.TestCapability(OLCZGeometries) != 0;
+  const bool z = format.untold_heights || layer.TestCapability(OLCZGeometries) != 0;
   return {layer.TestCapability(OLCCurveGeometries) != 0, z, layer.TestCapability(OLCMeasuredGeometries) != 0};
 }
 

@@ -7,6 +7,7 @@
 #include "engine/engine_fault.h"
 #include "engine/personal_geodatabase_dataset.h"
 #include "engine/server_table.h"
+#include "outputs/driver_facts.h"
 #include "outputs/layer_copy.h"
 #include "outputs/way_out.h"
 #include "platform/text_formats.h"
@@ -16,11 +17,6 @@ namespace {
 
 namespace fs = std::filesystem;
 using namespace engine;
-
-bool WritesVectors(GDALDriver& driver) {
-  return CPLTestBool(CSLFetchNameValueDef(driver.GetMetadata(), GDAL_DCAP_VECTOR, "NO")) &&
-         CPLTestBool(CSLFetchNameValueDef(driver.GetMetadata(), GDAL_DCAP_CREATE, "NO"));
-}
 
 GDALDriver* DriverOfEnding(const std::string& ending) {
   RegisterDrivers();
@@ -39,54 +35,20 @@ struct OtherFormat {
   std::string name, ending, driver, category;
 };
 
-// Field names are kept as they are; what the format makes of them is read back.
-constexpr NameRule kAnyName{1000, true, NameRule::Characters::Any, {}, {}};
-// Names stand between blanks or bars.
-constexpr NameRule kOneWord{1000, true, NameRule::Characters::Word, {}, {}};
-
-// What the library doesn't tell of its other formats.
-struct OtherTraits {
-  std::string_view driver;
-  bool clean_texts = false, degrees = false, needs_shapes = false;
-  const NameRule& field_names = kAnyName;
-};
-constexpr OtherTraits kOtherTraits[] = {
-    {.driver = "LIBKML", .clean_texts = true, .degrees = true},
-    {.driver = "KML", .clean_texts = true, .degrees = true},
-    {.driver = "GPX", .clean_texts = true, .degrees = true},
-    {.driver = "GeoRSS", .degrees = true},
-    {.driver = "OGR_GMT", .needs_shapes = true, .field_names = kOneWord},
-};
-
-// What is known of such a format comes from the library.
 const Format& AddOtherFormat(const std::string& ending, GDALDriver& driver) {
   static std::deque<OtherFormat> texts;
   const std::string name = driver.GetDescription();
-  texts.push_back({name + " (" + ending + ")", ending, name, name + " Feature Class"});
+  texts.push_back({name + " (" + ending + ")", ending, name, CategoryOf(name)});
   const OtherFormat& text = texts.back();
-  const auto known = std::ranges::find(kOtherTraits, std::string_view(name), &OtherTraits::driver);
-  const OtherTraits traits = known == std::end(kOtherTraits) ? OtherTraits{.driver = name} : *known;
-  return AddFormat({.name = text.name,
-                    .category = text.category,
-                    .ending = text.ending,
-                    .driver = text.driver,
-                    .writable = true,
-                    .needs_shapes = traits.needs_shapes,
-                    .clean_texts = traits.clean_texts,
-                    .degrees = traits.degrees,
-                    .class_names = kAnyName,
-                    .field_names = traits.field_names});
+  Format format = FactsOfDriver(name);
+  format.name = text.name;
+  format.category = text.category;
+  format.ending = text.ending;
+  format.driver = text.driver;
+  format.class_names = kAnyName;
+  format.writable = true;
+  return AddFormat(format);
 }
-
-// Formats that let their own columns be named, with the names that they give them else.
-struct OwnColumnsRow {
-  std::string_view driver;
-  const char *identifier, *shape;
-};
-constexpr OwnColumnsRow kOwnColumns[] = {
-    {"GPKG", "fid", "geom"},       {"SQLite", "ogc_fid", "GEOMETRY"},         {"OpenFileGDB", "OBJECTID", "Shape"},
-    {"PGeo", "OBJECTID", "SHAPE"}, {"PostgreSQL", "ogc_fid", "wkb_geometry"},
-};
 
 std::string FreeColumn(const std::string& base, const std::vector<std::string>& taken) {
   std::string name = base;
@@ -99,11 +61,13 @@ std::string FreeColumn(const std::string& base, const std::vector<std::string>& 
 
 void NameColumns(const Format& format, const OwnColumns& wished, std::vector<std::string> taken,
                  CPLStringList& options) {
-  const auto row = std::ranges::find(kOwnColumns, format.driver, &OwnColumnsRow::driver);
-  if (row == std::end(kOwnColumns)) return;
-  const std::string identifier = FreeColumn(wished.identifier.empty() ? row->identifier : wished.identifier, taken);
-  taken.push_back(identifier);
-  const std::string shape = FreeColumn(wished.shape.empty() ? row->shape : wished.shape, taken);
+  if (format.identifier_column.empty()) return;
+  const auto free = [&](const std::string& wish, std::string_view usual) {
+    taken.push_back(FreeColumn(wish.empty() ? std::string(usual) : wish, taken));
+    return taken.back();
+  };
+  const std::string identifier = free(wished.identifier, format.identifier_column);
+  const std::string shape = free(wished.shape, format.shape_column);
   options.SetNameValue("FID", identifier.c_str());
   options.SetNameValue("GEOMETRY_NAME", shape.c_str());
 }
@@ -121,14 +85,20 @@ const Format* FormatToWrite(const std::string& native_path) {
 
 namespace engine {
 
-GDALDriver& DriverOf(const Format& format) {
+GDALDriver* FindDriver(const Format& format) {
+  if (format.own_driver) return &PersonalDriver();
   RegisterDrivers();
-  if (format.driver == "PGeo") return PersonalDriver();
-  GDALDriver* driver = GetGDALDriverManager()->GetDriverByName(std::string(format.driver).c_str());
-  if (driver == nullptr) {
-    Raise(kInvalidCall, "This machine's GDAL doesn't write " + std::string(format.name) + ": name another format.");
-  }
-  return *driver;
+  return GetGDALDriverManager()->GetDriverByName(std::string(format.driver).c_str());
+}
+
+GDALDriver& DriverOf(const Format& format) {
+  if (GDALDriver* driver = FindDriver(format)) return *driver;
+  Raise(kInvalidCall, "This machine's GDAL doesn't write " + std::string(format.name) + ": name another format.");
+}
+
+bool WritesVectors(GDALDriver& driver) {
+  return CPLTestBool(CSLFetchNameValueDef(driver.GetMetadata(), GDAL_DCAP_VECTOR, "NO")) &&
+         CPLTestBool(CSLFetchNameValueDef(driver.GetMetadata(), GDAL_DCAP_CREATE, "NO"));
 }
 
 DatasetHandle CreateFile(GDALDriver& driver, const fs::path& path, const fs::path& shown) {

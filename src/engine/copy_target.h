@@ -15,8 +15,12 @@
 
 namespace tessarine::engine {
 
-/// The driver of a format; fault where GDAL has none.
+/// The driver of a format; null, or a fault, where GDAL has none.
+[[nodiscard]] GDALDriver* FindDriver(const Format& format);
 [[nodiscard]] GDALDriver& DriverOf(const Format& format);
+
+/// False for drivers that only read, or write images alone.
+[[nodiscard]] bool WritesVectors(GDALDriver& driver);
 
 /// Makes an empty file. A fault names `shown`.
 [[nodiscard]] DatasetHandle CreateFile(GDALDriver& driver, const std::filesystem::path& path,

@@ -5,7 +5,6 @@
 
 #include "engine/copy_target.h"
 #include "engine/engine_fault.h"
-#include "engine/ogr_class.h"
 #include "outputs/layer_copy.h"
 #include "platform/text_formats.h"
 
@@ -14,20 +13,9 @@ namespace {
 
 using namespace engine;
 
-bool Tells(GDALDriver& driver, const char* item) {
-  return CPLTestBool(CSLFetchNameValueDef(driver.GetMetadata(), item, "NO"));
-}
-
 std::string TextOf(GDALDriver& driver, const char* item) {
   const char* text = driver.GetMetadataItem(item);
   return text != nullptr ? text : "";
-}
-
-bool WritesVectors(GDALDriver& driver) { return Tells(driver, GDAL_DCAP_VECTOR) && Tells(driver, GDAL_DCAP_CREATE); }
-
-GDALDriver* DriverNamed(std::string_view name) {
-  RegisterDrivers();
-  return GetGDALDriverManager()->GetDriverByName(std::string(name).c_str());
 }
 
 std::string FirstEnding(GDALDriver& driver) {
@@ -38,25 +26,22 @@ std::string FirstEnding(GDALDriver& driver) {
 }  // namespace
 
 bool CanWrite(const Format& format) {
-  if (format.driver == "PGeo") return true;
-  GDALDriver* driver = DriverNamed(format.driver);
+  GDALDriver* driver = FindDriver(format);
   return driver != nullptr && (WritesVectors(*driver) || format.server);
 }
-
-bool IsChangedInPlace(const Format& format) { return ChangesInPlace(format.driver); }
 
 const Format* FormatToWriteAs(const std::string& name) {
   const Format* known = FormatOfName(name);
   if (known == nullptr && name.starts_with('.')) known = FormatOfName(name.substr(1));
   if (known != nullptr) return known->writable && CanWrite(*known) ? known : nullptr;
-  GDALDriver* driver = DriverNamed(name);
+  RegisterDrivers();
+  GDALDriver* driver = GetGDALDriverManager()->GetDriverByName(name.c_str());
   const std::string ending = driver != nullptr ? FirstEnding(*driver) : name;
   return ending.empty() ? nullptr : FormatToWrite("any." + ending);
 }
 
 ColumnAbilities AbilitiesOf(const Format& format) {
-  if (format.driver == "PGeo") return {.moments = true};
-  GDALDriver* driver = DriverNamed(format.driver);
+  GDALDriver* driver = FindDriver(format);
   if (driver == nullptr) return {};
   const CPLStringList types(CSLTokenizeString2(TextOf(*driver, GDAL_DMD_CREATIONFIELDDATATYPES).c_str(), " ", 0));
   const auto has = [&](const char* type) { return types.FindString(type) >= 0; };

@@ -12,9 +12,6 @@ namespace tessarine {
 /// False where this machine's GDAL has no driver for it, or one that only reads.
 [[nodiscard]] bool CanWrite(const Format& format);
 
-/// Whether a run can write into what stands there, row by row.
-[[nodiscard]] bool IsChangedInPlace(const Format& format);
-
 /// The format of a name: one of the table, a driver of GDAL's, or an ending. Null where none can be written.
 [[nodiscard]] const Format* FormatToWriteAs(const std::string& name);
 

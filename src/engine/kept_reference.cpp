@@ -221,7 +221,7 @@ OgrReference WordedFor(const Format& format, const OGRSpatialReference* referenc
     return coded ? std::move(coded) : std::move(own);
   }
   const bool foreign = authority != nullptr && !EqualsIgnoringCase(authority, "EPSG");
-  if (format.driver == "GML" && foreign && own->IsGeographic() != 0) {
+  if (format.epsg_degrees_alone && foreign && own->IsGeographic() != 0) {
     if (OgrReference nameless = Nameless(*own)) return nameless;
   }
   return own;
@@ -251,7 +251,7 @@ std::vector<std::string> TryReference(const Format& format, const OGRSpatialRefe
   const fs::path path = scratch.Path() / ("try" + std::string(format.ending));
   try {
     WriteOne(format, path, *WordedFor(format, reference, extent), extent);
-    if (format.driver == "ESRI Shapefile") KeepBesideShapefile(path, reference, extent);
+    if (format.reference_beside) KeepBesideShapefile(path, reference, extent);
     const OgrReference read = ReadBack(path);
     if (std::string loss = ReferenceLoss(reference, read.get(), extent); !loss.empty()) return {std::move(loss)};
     if (format.degrees_by_rule && !ReferenceLoss(reference, Wgs84().get(), extent).empty()) {

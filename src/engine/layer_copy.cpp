@@ -103,19 +103,17 @@ class Copier {
     return place.InContainer() ? place.container : place.NativePath();
   }
 
-  // Beside the identifier and the shape.
   void RequireRoomForFields() const {
-    constexpr std::size_t kMost = 253;
-    if (format_.driver != "PGeo") return;
+    if (format_.most_fields == 0) return;
     std::size_t count = request_.result_fields.size();
     for (const FieldRef& field : *source_->Traits()->fields.fields) {
       const bool own = field->Type == esriFieldTypeOID || field->Type == esriFieldTypeGeometry;
       if (!own) ++count;
     }
-    if (count <= kMost) return;
+    if (count <= format_.most_fields) return;
     Raise(kInvalidCall, "'" + ToNativePath(facts_->full_name) + "' can't be made: it would have " +
-                            std::to_string(count) + " fields, and a personal geodatabase keeps " +
-                            std::to_string(kMost) + " in a class. Name another format.");
+                            std::to_string(count) + " fields, and a " + LowerCase(format_.name) + " keeps " +
+                            std::to_string(format_.most_fields) + " in a class. Name another format.");
   }
 
   // A copy that is only planned is made where nobody looks.
@@ -163,7 +161,7 @@ class Copier {
                                              format, same_format);
     if (same_format) CopyDomains(source.Dataset(), dataset);
     // What is only worked on is read from end to end, and what is published gets its index when it is whole.
-    if (role == LayerRole::Worked || format.driver == "GPKG") options.SetNameValue("SPATIAL_INDEX", "NO");
+    if (role == LayerRole::Worked || format.indexed_at_end) options.SetNameValue("SPATIAL_INDEX", "NO");
     const OGRSpatialReference* reference = brought ? way_->Target() : source.Layer().GetSpatialRef();
     OGRLayer* layer = CreateTargetLayer(dataset, name, reference, type_, options, shown);
     columns_->AddTo(*layer, shown.string());

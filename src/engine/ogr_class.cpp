@@ -22,6 +22,7 @@
 #include "engine/sql.h"
 #include "engine/srs_from_gdal.h"
 #include "engine/workspace_common.h"
+#include "outputs/driver_facts.h"
 #include "outputs/way_out.h"
 #include "platform/paths.h"
 #include "platform/text_formats.h"
@@ -33,11 +34,6 @@ namespace fs = std::filesystem;
 
 constexpr const char* kFileGdbDriver = "OpenFileGDB";
 constexpr const char* kPersonalDriver = "PGeo";
-
-// Formats whose rows are reached one by one. Of the others GDAL rewrites the whole file, shapes included, and a new
-// field is lost as long as it holds nothing.
-constexpr std::string_view kDriversInPlace[] = {"ESRI Shapefile", "GPKG",         "OpenFileGDB", "PGeo", "SQLite",
-                                                "PostgreSQL",     "MSSQLSpatial", "MySQL",       "OCI"};
 
 class DatasetProperties final : public IPropertySet {
  public:
@@ -135,10 +131,6 @@ void KeepSpelling(const std::string& driver, const LayerHandle& handle, const OG
 
 }  // namespace
 
-bool ChangesInPlace(std::string_view driver) {
-  return std::ranges::find(kDriversInPlace, driver) != std::end(kDriversInPlace);
-}
-
 OgrClass::OgrClass(std::shared_ptr<OgrSource> source) : source_(std::move(source)) { ReadTraits(); }
 
 void OgrClass::ReadTraits() {
@@ -231,7 +223,7 @@ std::string OgrClass::FullName() const {
   return FromNativePath(file.string());
 }
 
-std::string OgrClass::Category() const { return StoredCategory(driver_); }
+std::string OgrClass::Category() const { return CategoryOf(driver_); }
 
 std::shared_ptr<IWorkspace> OgrClass::Workspace() const { return WorkspaceOf(driver_, source_->Path()); }
 
@@ -268,7 +260,9 @@ void OgrClass::DeleteLayer() {
 }
 
 bool OgrClass::CanBypassEditSession() const {
-  if (!ChangesInPlace(driver_)) return false;
+  // Of others the library rewrites the whole file, shapes included, and a new field is lost as long as it holds
+  // nothing.
+  if (!FactsOfDriver(driver_).rows_in_place) return false;
   // SQLite opens a file for writing also where that isn't allowed.
   std::error_code error;
   const std::string& path = source_->DataPath();

@@ -18,9 +18,6 @@
 
 namespace tessarine::engine {
 
-/// Whether rows of this driver's files are reached one by one. Others are only written as a whole.
-[[nodiscard]] bool ChangesInPlace(std::string_view driver);
-
 /// What feature classes and tables share.
 class OgrClass : public virtual IClass,
                  public virtual IDataset,

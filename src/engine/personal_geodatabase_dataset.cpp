@@ -191,6 +191,7 @@ GDALDriver& PersonalDriver() {
     auto* made = new GDALDriver();
     made->SetDescription("PGeo");
     made->SetMetadataItem(GDAL_DCAP_VECTOR, "YES");
+    made->SetMetadataItem(GDAL_DCAP_CREATE, "YES");
     made->SetMetadataItem(GDAL_DMD_CREATIONFIELDDATATYPES, "Integer Real String DateTime Binary");
     made->SetMetadataItem(GDAL_DMD_CREATIONFIELDDATASUBTYPES, "Int16 Float32");
     return made;

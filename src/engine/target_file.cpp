@@ -175,12 +175,12 @@ void TargetFile::Close() {
   if (!kept || errors.Failed()) RaiseUnfinished(errors);
 }
 
-// A MapInfo table counts coordinates in steps between bounds that its driver knows by heart, and cuts off what lies
-// beyond: for most references they are far too wide, for some too narrow.
+// The library knows bounds by heart, and cuts off what lies beyond: for most references they are far too wide, for some
+// too narrow.
 void TargetFile::AddBounds(CPLStringList& options) const {
   const Envelope& own = conversion_.shapes.extent;
   const Envelope box = conversion_.way ? conversion_.way->Bring(own) : own;
-  if (conversion_.format->driver != "MapInfo File" || box.IsEmpty()) return;
+  if (!conversion_.format->bounded || box.IsEmpty()) return;
   constexpr double kShare = 0.1, kLeast = 0.01;
   const double room = std::max(kShare * std::max(box.Width(), box.Height()), kLeast);
   std::string bounds;

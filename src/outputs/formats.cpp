@@ -38,7 +38,6 @@ constexpr NameRule kGeodatabaseClass{160, false, NameRule::Characters::Word, kGe
 constexpr std::array kPersonalPrefixes = {Words("sde_"), Words("gdb_"), Words("delta_"), Words("msys"), Words("usys")};
 constexpr NameRule kPersonalClass{52, false, NameRule::Characters::AsciiWord, kGeodatabaseWords, kPersonalPrefixes};
 constexpr NameRule kGeodatabaseField{64, false, NameRule::Characters::Word, kGeodatabaseFieldWords, {}};
-constexpr NameRule kAnyText{1000, true, NameRule::Characters::Any, {}, {}};
 // Such columns are read as shapes.
 constexpr std::array kShapeColumns = {Words("wkt")};
 constexpr std::array kShapeColumnPrefixes = {Words("_wkt")};
@@ -83,14 +82,16 @@ constexpr std::array kSqliteEndings = {Words(".db"), Words(".sqlite3")};
 
 constexpr std::array kFormats = {
     Format{.name = "Shapefile",
-           .category = "Shapefile",
+           .category = "Shapefile Feature Class",
            .ending = ".shp",
            .driver = "ESRI Shapefile",
            .kind = 1,
            .writable = true,
            .updated_in_place = true,
+           .rows_in_place = true,
            .uniform_shapes = true,
            .clockwise = true,
+           .reference_beside = true,
            .nulls = Nulls::NotTexts,
            .class_names = kFileName,
            .field_names = kDbaseField,
@@ -105,12 +106,15 @@ constexpr std::array kFormats = {
            .folder = true,
            .writable = true,
            .updated_in_place = true,
+           .rows_in_place = true,
            .feature_datasets = true,
            .keeps_identifiers = true,
            .multiple_shapes = true,
            .stamp = StampPlace::Documentation,
            .class_names = kGeodatabaseClass,
-           .field_names = kGeodatabaseField},
+           .field_names = kGeodatabaseField,
+           .identifier_column = "OBJECTID",
+           .shape_column = "Shape"},
     Format{.name = "Personal Geodatabase",
            .category = "Personal Geodatabase Feature Class",
            .ending = ".mdb",
@@ -119,14 +123,19 @@ constexpr std::array kFormats = {
            .container = true,
            .writable = true,
            .updated_in_place = true,
+           .rows_in_place = true,
            .feature_datasets = true,
            .keeps_identifiers = true,
            .uniform_shapes = true,
            .multiple_shapes = true,
            .missing_measures = true,
            .clockwise = true,
+           .own_driver = true,
+           .most_fields = 253,
            .class_names = kPersonalClass,
-           .field_names = kGeodatabaseField},
+           .field_names = kGeodatabaseField,
+           .identifier_column = "OBJECTID",
+           .shape_column = "SHAPE"},
     Format{.name = "GeoPackage",
            .category = "GPKG Feature Class",
            .ending = ".gpkg",
@@ -135,11 +144,16 @@ constexpr std::array kFormats = {
            .container = true,
            .writable = true,
            .updated_in_place = true,
+           .rows_in_place = true,
            .keeps_identifiers = true,
            .multiple_shapes = true,
+           .triangles = true,
+           .indexed_at_end = true,
            .stamp = StampPlace::Metadata,
            .class_names = kPackageClass,
-           .field_names = kAnyText},
+           .field_names = kAnyName,
+           .identifier_column = "fid",
+           .shape_column = "geom"},
     Format{.name = "GeoJSON",
            .category = "GeoJSON Feature Class",
            .ending = ".geojson",
@@ -148,10 +162,11 @@ constexpr std::array kFormats = {
            .writable = true,
            .keeps_identifiers = true,
            .finite_numbers = true,
+           .untold_heights = true,
            .degrees_by_rule = true,
            .stamp = StampPlace::Description,
            .class_names = kFileName,
-           .field_names = kAnyText,
+           .field_names = kAnyName,
            .other_endings = kJsonEndings},
     Format{.name = "FlatGeobuf",
            .category = "FlatGeobuf Feature Class",
@@ -165,7 +180,7 @@ constexpr std::array kFormats = {
            .one_kind = true,
            .multiple_shapes = true,
            .class_names = kFileName,
-           .field_names = kAnyText},
+           .field_names = kAnyName},
     Format{.name = "MapInfo Table",
            .category = "MapInfo File Feature Class",
            .ending = ".tab",
@@ -173,6 +188,7 @@ constexpr std::array kFormats = {
            .kind = 19,
            .writable = true,
            .byte_widths = true,
+           .bounded = true,
            .nulls = Nulls::InDates,
            .class_names = kFileName,
            .field_names = kTableField,
@@ -185,6 +201,7 @@ constexpr std::array kFormats = {
            .kind = 20,
            .writable = true,
            .byte_widths = true,
+           .bounded = true,
            .nulls = Nulls::InDates,
            .class_names = kFileName,
            .field_names = kTableField,
@@ -208,6 +225,7 @@ constexpr std::array kFormats = {
            .kind = 22,
            .writable = true,
            .uniform_shapes = true,
+           .epsg_degrees_alone = true,
            .class_names = kFileName,
            .field_names = kElementField,
            .parts = kGmlParts},
@@ -219,10 +237,11 @@ constexpr std::array kFormats = {
            .writable = true,
            .keeps_identifiers = true,
            .finite_numbers = true,
+           .untold_heights = true,
            .degrees = true,
            .stream = true,
            .class_names = kFileName,
-           .field_names = kAnyText,
+           .field_names = kAnyName,
            .other_endings = kLineEndings,
            .layer_options = kAllDecimals},
     Format{.name = "Keyhole Markup Language",
@@ -243,11 +262,14 @@ constexpr std::array kFormats = {
            .kind = 25,
            .container = true,
            .writable = true,
+           .rows_in_place = true,
            .keeps_identifiers = true,
            .uniform_shapes = true,
            .multiple_shapes = true,
            .class_names = kDatabaseClass,
            .field_names = kDatabaseField,
+           .identifier_column = "ogc_fid",
+           .shape_column = "GEOMETRY",
            .other_endings = kSqliteEndings,
            .layer_options = kNamesAsGiven,
            .file_options = kSpatialite},
@@ -258,12 +280,15 @@ constexpr std::array kFormats = {
            .kind = 26,
            .container = true,
            .writable = true,
+           .rows_in_place = true,
            .keeps_identifiers = true,
            .multiple_shapes = true,
            .server = true,
            .stamp = StampPlace::Description,
            .class_names = kServerName,
            .field_names = kServerName,
+           .identifier_column = "ogc_fid",
+           .shape_column = "wkb_geometry",
            .layer_options = kNamesAsGiven},
 };
 
@@ -334,6 +359,11 @@ const Format& AddFormat(Format format) {
 
 const Format* FormatOfDriver(std::string_view driver) {
   return Find([&](const Format& format) { return format.driver == driver; });
+}
+
+std::string CategoryOf(std::string_view driver) {
+  const Format* format = FormatOfDriver(driver);
+  return format != nullptr ? std::string(format->category) : std::string(driver) + " Feature Class";
 }
 
 std::span<const Format> AllFormats() { return kFormats; }

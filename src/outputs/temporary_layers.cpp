@@ -5,7 +5,6 @@ namespace tessarine {
 namespace {
 
 // They are worked on in a GeoPackage, and take what it takes.
-constexpr NameRule kAnyText{1000, true, NameRule::Characters::Any, {}, {}};
 constexpr Format kTemporaryLayers{.name = "Temporary layer",
                                   .category = "Temporary layer Feature Class",
                                   .ending = "Temporary layer",
@@ -15,8 +14,8 @@ constexpr Format kTemporaryLayers{.name = "Temporary layer",
                                   .writable = true,
                                   .multiple_shapes = true,
                                   .server = true,
-                                  .class_names = kAnyText,
-                                  .field_names = kAnyText};
+                                  .class_names = kAnyName,
+                                  .field_names = kAnyName};
 
 WorkspaceMaker& Maker() {
   static WorkspaceMaker maker;

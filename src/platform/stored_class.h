@@ -5,23 +5,10 @@
 #include <cstdint>
 #include <memory>
 #include <string>
-#include <string_view>
-#include <utility>
 
 #include "platform/data.h"
 
 namespace tessarine {
-
-/// "Shapefile Feature Class", "File Geodatabase Feature Class" and so on, by the name of GDAL's driver; of all others
-/// the driver's own name stands in front.
-[[nodiscard]] inline std::string StoredCategory(const std::string& driver) {
-  constexpr std::pair<std::string_view, std::string_view> kKinds[] = {
-      {"ESRI Shapefile", "Shapefile"}, {"OpenFileGDB", "File Geodatabase"}, {"PGeo", "Personal Geodatabase"}};
-  for (const auto& [name, kind] : kKinds) {
-    if (driver == name) return std::string(kind) + " Feature Class";
-  }
-  return driver + " Feature Class";
-}
 
 /// Whole numbers of so few digits count as 16 bits wide. A width of 0 is none.
 [[nodiscard]] inline bool IsShortWhole(int width) {

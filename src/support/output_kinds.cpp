@@ -41,16 +41,14 @@ OutputKind KindOfDirectoryType(std::string_view text) {
 std::string CategoryOfKind(std::int32_t kind) {
   const Format* format = FormatOfKind(kind);
   if (format == nullptr) return "";
-  return std::string(format->HasOwnWorkspace() ? format->category : format->name);
+  return std::string(format->HasOwnWorkspace() && format->container ? format->category : format->name);
 }
 
 OutputKind KindOfCategory(std::string_view category) {
   if (category == "Folder") return kShapefile;
   if (const OutputKind kind = KindOfDirectoryType(category); kind != kUnknownOutput) return kind;
   for (const Format& format : AllFormats()) {
-    if (!format.HasOwnWorkspace()) continue;
-    if (!format.container && category == format.category) return static_cast<OutputKind>(format.kind);
-    if (!format.container || !category.starts_with(format.name)) continue;
+    if (!format.HasOwnWorkspace() || !format.container || !category.starts_with(format.name)) continue;
     category.remove_prefix(format.name.size());
     const bool known = std::ranges::find(kPlacesInGeodatabases, category) != kPlacesInGeodatabases.end();
     return known ? static_cast<OutputKind>(format.kind) : kUnknownOutput;

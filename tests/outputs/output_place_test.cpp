@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "helpers/temporary_folder.h"
+#include "outputs/driver_facts.h"
 
 namespace tessarine {
 namespace {
@@ -16,12 +17,45 @@ const Format* const kShapefileRow = FormatOfKind(1);
 const Format* const kGeodatabaseRow = FormatOfKind(2);
 
 TEST(Formats, AreFoundByKindPathAndDriver) {
-  EXPECT_EQ(kShapefileRow->category, "Shapefile");
+  EXPECT_EQ(kShapefileRow->name, "Shapefile");
   EXPECT_EQ(FormatOfPath("/data/A.GDB"), kGeodatabaseRow);
   EXPECT_EQ(FormatOfDriver("PGeo"), FormatOfKind(4));
   EXPECT_EQ(FormatOfKind(0), nullptr);
   EXPECT_EQ(FormatOfKind(3), nullptr);
   EXPECT_EQ(FormatOfPath("/data/a.xyz"), nullptr);
+}
+
+TEST(Formats, ClassesAreCalledByTheirFormatOrElseTheirDriver) {
+  EXPECT_EQ(CategoryOf("ESRI Shapefile"), "Shapefile Feature Class");
+  EXPECT_EQ(CategoryOf("OpenFileGDB"), "File Geodatabase Feature Class");
+  EXPECT_EQ(CategoryOf("GPKG"), "GPKG Feature Class");
+  EXPECT_EQ(CategoryOf("Nobody's"), "Nobody's Feature Class");
+}
+
+// What GDAL writes anew as a whole can't be changed row by row.
+TEST(Formats, DriversWhoseRowsAreReachedOneByOne) {
+  struct Row {
+    const char* driver;
+    bool in_place;
+  };
+  for (const Row& row :
+       {Row{"ESRI Shapefile", true}, Row{"OpenFileGDB", true}, Row{"PGeo", true}, Row{"GPKG", true},
+        Row{"SQLite", true}, Row{"PostgreSQL", true}, Row{"MSSQLSpatial", true}, Row{"MySQL", true}, Row{"OCI", true},
+        Row{"GeoJSON", false}, Row{"GML", false}, Row{"MapInfo File", false}, Row{"GPX", false}, Row{"XLSX", false}}) {
+    EXPECT_EQ(FactsOfDriver(row.driver).rows_in_place, row.in_place) << row.driver;
+  }
+}
+
+TEST(Formats, OtherEndingsOfADriverKeepWhatItsRowTells) {
+  const Format kmz = FactsOfDriver("LIBKML");
+  EXPECT_TRUE(kmz.clean_texts && kmz.degrees);
+  EXPECT_EQ(LegalName(kmz.field_names, "q\"<&"), "q___");
+  const Format zipped = FactsOfDriver("ESRI Shapefile");
+  EXPECT_EQ(zipped.kind, 0);
+  EXPECT_FALSE(zipped.updated_in_place);
+  EXPECT_TRUE(zipped.parts.empty());
+  EXPECT_TRUE(FactsOfDriver("OGR_GMT").needs_shapes);
+  EXPECT_FALSE(FactsOfDriver("XLSX").degrees);
 }
 
 struct NameRow {

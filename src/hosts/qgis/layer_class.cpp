@@ -22,6 +22,7 @@
 #include "hosts/qgis/layer_row.h"
 #include "hosts/qgis/values.h"
 #include "hosts/windows/qt_text.h"
+#include "outputs/formats.h"
 #include "platform/fault.h"
 #include "platform/paths.h"
 
@@ -233,7 +234,7 @@ std::string LayerClass::FullName() const {
 
 std::string LayerClass::Category() const {
   const QString storage = Layer().storageType();
-  return StoredCategory(FromQt(storage.isEmpty() ? Layer().providerType() : storage));
+  return CategoryOf(FromQt(storage.isEmpty() ? Layer().providerType() : storage));
 }
 
 std::shared_ptr<IWorkspace> LayerClass::Workspace() const {

@@ -55,7 +55,7 @@ void PrintFormat(const Format& format) {
   const ColumnAbilities keeps = AbilitiesOf(format);
   fmt::print("{:<27}{:<34}{:<11}{:<7}{:<31}{:<15}{:<7}{:<9}{}\n", format.name, Endings(format),
              NameLength(format.field_names), YesOrNo(keeps.wide_numbers), Times(keeps), NullWord(format.nulls),
-             YesOrNo(format.container), YesOrNo(IsChangedInPlace(format)), YesOrNo(format.stamp != StampPlace::None));
+             YesOrNo(format.container), YesOrNo(format.rows_in_place), YesOrNo(format.stamp != StampPlace::None));
 }
 
 ExitStatus PrintFormats() {

@@ -228,7 +228,7 @@ std::string CatalogItem::Category() const {
     case CatalogKind::Shapefile:
       return "Shapefile";
     case CatalogKind::FeatureClass:
-      return container && !format->HasOwnWorkspace() ? std::string(format->category) : geodatabase + " Feature Class";
+      return container ? std::string(format->category) : " Feature Class";
     case CatalogKind::Table:
       return IsIn(path, ".dbf") ? "dBASE Table" : geodatabase + " Table";
     case CatalogKind::TextFile:
