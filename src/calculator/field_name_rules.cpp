@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "calculator/field_name_rules.h"
 
+#include "outputs/formats.h"
 #include "platform/text_formats.h"
 
 namespace tessarine {
@@ -14,7 +15,7 @@ struct LengthRule {
   std::size_t longest;
 };
 constexpr LengthRule kLengthRules[] = {
-    {"shapefile", 10},
+    {"shapefile", kDbaseNameLength},
     {"arc feature class", 16},
     {"point feature class", 16},
     {"polygon feature class", 16},

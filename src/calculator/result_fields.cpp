@@ -3,6 +3,8 @@
 
 #include <algorithm>
 
+#include "outputs/formats.h"
+#include "platform/free_name.h"
 #include "platform/text_formats.h"
 
 namespace tessarine {
@@ -10,7 +12,6 @@ namespace {
 
 constexpr std::int32_t kPrecision = 16;
 constexpr std::int32_t kScale = 12;
-constexpr std::size_t kCandidateLength = 10;
 
 // The last characters of a UTF-8 text.
 std::string LastCharacters(const std::string& text, std::size_t count) {
@@ -24,11 +25,8 @@ std::string LastCharacters(const std::string& text, std::size_t count) {
 
 // The next free name; the counter runs on from field to field.
 std::string FreeName(const IFeatureClass& features, const std::string& name, std::int32_t& counter) {
-  std::string candidate = name;
-  while (features.FindField(candidate) != -1) {
-    candidate = LastCharacters(name + std::to_string(++counter), kCandidateLength);
-  }
-  return candidate;
+  const auto numbered = [&](int) { return LastCharacters(name + std::to_string(++counter), kDbaseNameLength); };
+  return FirstFree(name, numbered, [&](const std::string& candidate) { return features.FindField(candidate) != -1; });
 }
 
 void ReplaceName(std::vector<OptionEntry>& entries, const std::string& name, const std::string& substitute) {

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "platform/fault.h"
+#include "platform/free_name.h"
 #include "platform/rich_text.h"
 #include "support/MyGeneralOperations.h"
 #include "support/output_datasets.h"
@@ -14,16 +15,9 @@ namespace {
 constexpr std::string_view kUniqueId = "Uniq_ID";
 
 template <class Taken>
-std::string FreeName(std::string_view base, Taken&& taken) {
-  std::string candidate(base);
-  for (int number = 2; taken(candidate); ++number) candidate = std::string(base) + "_" + std::to_string(number);
-  return candidate;
-}
-
-template <class Taken>
 std::vector<std::string> FreeNames(std::span<const std::string_view> bases, Taken&& taken) {
   std::vector<std::string> names;
-  for (const std::string_view base : bases) names.push_back(FreeName(base, taken));
+  for (const std::string_view base : bases) names.push_back(FirstFree(std::string(base), taken));
   return names;
 }
 
@@ -50,7 +44,7 @@ FieldRef NewMeasureField(const std::string& name) {
 FieldTransfer FieldTransfer::BesideInput(const IFeatureClass& input, std::span<const std::string_view> measures,
                                          const VarArray& chosen, std::int32_t output_kind) {
   const auto taken = [&](const std::string& name) { return input.FindField(name) != -1; };
-  return {FreeName(kUniqueId, taken), FreeNames(measures, taken), chosen, output_kind};
+  return {FirstFree(std::string(kUniqueId), taken), FreeNames(measures, taken), chosen, output_kind};
 }
 
 FieldTransfer FieldTransfer::BesideChosen(std::span<const std::string_view> measures, const VarArray& chosen,
@@ -61,7 +55,7 @@ FieldTransfer FieldTransfer::BesideChosen(std::span<const std::string_view> meas
       return Require(field, "IField")->Name == name;
     });
   };
-  return {FreeName(kUniqueId, taken), FreeNames(measures, taken), chosen, output_kind};
+  return {FirstFree(std::string(kUniqueId), taken), FreeNames(measures, taken), chosen, output_kind};
 }
 
 FieldTransfer::FieldTransfer(std::string unique_id_name, std::vector<std::string> measure_names, const VarArray& chosen,

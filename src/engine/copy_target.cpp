@@ -10,6 +10,7 @@
 #include "outputs/driver_facts.h"
 #include "outputs/layer_copy.h"
 #include "outputs/way_out.h"
+#include "platform/free_name.h"
 #include "platform/text_formats.h"
 
 namespace tessarine {
@@ -51,12 +52,12 @@ const Format& AddOtherFormat(const std::string& ending, GDALDriver& driver) {
 }
 
 std::string FreeColumn(const std::string& base, const std::vector<std::string>& taken) {
-  std::string name = base;
-  const auto is_taken = [&] {
+  constexpr int kFirst = 1;
+  const auto numbered = [&](int number) { return base + "_" + std::to_string(number); };
+  const auto is_taken = [&](const std::string& name) {
     return std::ranges::any_of(taken, [&](const std::string& other) { return EqualsIgnoringCase(other, name); });
   };
-  for (int number = 1; is_taken(); ++number) name = base + "_" + std::to_string(number);
-  return name;
+  return FirstFree(base, numbered, is_taken, kFirst);
 }
 
 void NameColumns(const Format& format, const OwnColumns& wished, std::vector<std::string> taken,

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "engine/dbase_layout.h"
+#include "outputs/formats.h"
 #include "platform/text_formats.h"
 
 namespace tessarine::engine {

@@ -11,8 +11,6 @@
 
 namespace tessarine::engine {
 
-constexpr std::size_t kDbaseNameLength = 10;
-
 /// Adds the first of these fields to the table of a shapefile, all in one rewriting, and returns how many: as far as
 /// they are doubles with a width and decimals, under short plain names that the table doesn't have yet. 0 for a table
 /// that has to be left to GDAL. Rows hold null there. The table is replaced by the new one when that is whole, so a run

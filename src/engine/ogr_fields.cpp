@@ -8,6 +8,7 @@
 #include "engine/wide_numbers.h"
 #include "outputs/column_loss.h"
 #include "platform/calendar.h"
+#include "platform/free_name.h"
 #include "platform/stored_class.h"
 #include "platform/text_encoding.h"
 #include "platform/text_formats.h"
@@ -62,9 +63,8 @@ FieldRef AttributeField(const OGRFieldDefn& definition, ColumnStore store) {
 }
 
 // The name, or one made of it that no attribute bears.
-std::string FreeName(std::string name, const Fields& attributes) {
-  while (attributes.FindField(name) >= 0) name += '_';
-  return name;
+std::string FreeName(const std::string& name, const Fields& attributes) {
+  return FirstFreeOfOwn(name, [&](const std::string& candidate) { return attributes.FindField(candidate) >= 0; });
 }
 
 FieldRef OidField(OGRLayer& layer, ColumnStore store, const Fields& attributes) {

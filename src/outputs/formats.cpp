@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "outputs/temporary_layers.h"
+#include "platform/free_name.h"
 #include "platform/text_formats.h"
 
 namespace tessarine {
@@ -31,7 +32,7 @@ constexpr auto kGeodatabaseFieldWords = [] {
 constexpr std::array kGeodatabasePrefixes = {Words("sde_"), Words("gdb_"), Words("delta_")};
 
 constexpr NameRule kFileName{200, true, NameRule::Characters::Any, {}, {}};
-constexpr NameRule kDbaseField{10, true, NameRule::Characters::Any, {}, {}};
+constexpr NameRule kDbaseField{kDbaseNameLength, true, NameRule::Characters::Any, {}, {}};
 constexpr NameRule kGeodatabaseClass{160, false, NameRule::Characters::Word, kGeodatabaseWords, kGeodatabasePrefixes};
 // A table beside the class bears its name and twelve letters more, and 64 is the most.
 // The last two are of the database's own tables, which other programs hide.
@@ -393,12 +394,11 @@ std::string LegalName(const NameRule& rule, const std::string& name) {
 std::string FreeLegalName(const NameRule& rule, const std::string& name,
                           const std::function<bool(const std::string&)>& taken) {
   const std::string legal = LegalName(rule, name);
-  std::string candidate = legal;
-  for (int number = 2; taken(candidate); ++number) {
+  const auto numbered = [&](int number) {
     const std::string digits = "_" + std::to_string(number);
-    candidate = Cut(rule, legal, rule.longest - digits.size()) + digits;
-  }
-  return candidate;
+    return Cut(rule, legal, rule.longest - digits.size()) + digits;
+  };
+  return FirstFree(legal, numbered, taken);
 }
 
 std::vector<std::string> FreeLegalNames(const NameRule& rule, const std::vector<std::string>& names,

@@ -31,6 +31,9 @@ struct NameRule {
 /// Whatever a file may hold.
 inline constexpr NameRule kAnyName{.longest = 1000, .bytes = true};
 
+/// The longest name of a column in a dBASE table: its description has eleven bytes for it, the last of them 0.
+inline constexpr std::size_t kDbaseNameLength = 10;
+
 /// Which values can be absent.
 enum class Nulls : std::uint8_t {
   All,

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "outputs/staged_output.h"
+#include "platform/free_name.h"
 #include "platform/text_formats.h"
 
 namespace tessarine {
@@ -121,12 +122,15 @@ std::optional<std::string> NameProblem(const OutputPlace& place) {
 }
 
 fs::path FirstFreePath(const fs::path& path) {
-  fs::path free = path;
-  std::error_code error;
-  for (int number = 2; fs::exists(free, error) || !FilesOfDataset(free).empty(); ++number) {
-    free.replace_filename(path.stem().string() + "_" + std::to_string(number) + path.extension().string());
-  }
-  return free;
+  const auto numbered = [&](int number) {
+    const std::string name = path.stem().string() + "_" + std::to_string(number);
+    return fs::path(path).replace_filename(name + path.extension().string());
+  };
+  const auto taken = [](const fs::path& candidate) {
+    std::error_code error;
+    return fs::exists(candidate, error) || !FilesOfDataset(candidate).empty();
+  };
+  return FirstFree(path, numbered, taken);
 }
 
 }  // namespace tessarine

@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "planetary/carried_fields.h"
 
+#include "outputs/formats.h"
 #include "platform/text_formats.h"
 #include "support/MyGeneralOperations.h"
 
 namespace tessarine {
 namespace {
-
-constexpr std::size_t kLongestName = 10;
 
 bool CanBeCarried(const Field& field) {
   switch (field.Type) {
@@ -45,7 +44,7 @@ bool IsTaken(const std::string& name, const VarArray& fields) {
 // dBASE tables.
 std::string FreeShapefileName(const std::string& name, const std::shared_ptr<VarArray>& fields) {
   const std::string cut = ShapefileFieldName(name);
-  if (cut.size() <= kLongestName && !IsTaken(cut, *fields)) return cut;
+  if (cut.size() <= kDbaseNameLength && !IsTaken(cut, *fields)) return cut;
   return MyGeneralOperations::ReturnDBASEFieldName(cut, fields);
 }
 
@@ -54,9 +53,9 @@ std::string FreeShapefileName(const std::string& name, const std::shared_ptr<Var
 std::string ShapefileFieldName(const std::string& name) {
   const bool digit_first = !name.empty() && IsDigit(name.front());
   std::vector<std::string> characters = Characters(name);
-  if (characters.size() > kLongestName) characters.resize(kLongestName);
+  if (characters.size() > kDbaseNameLength) characters.resize(kDbaseNameLength);
   // "Z" takes the room of the digit where all the room is taken.
-  const std::size_t first = digit_first && characters.size() == kLongestName ? 1 : 0;
+  const std::size_t first = digit_first && characters.size() == kDbaseNameLength ? 1 : 0;
   std::string cut = digit_first ? "Z" : "";
   for (std::size_t index = first; index < characters.size(); ++index) cut += characters[index];
   return cut;

@@ -4,6 +4,7 @@
 #include <unordered_set>
 
 #include "platform/at_hand.h"
+#include "platform/free_name.h"
 #include "platform/host.h"
 #include "platform/paths.h"
 #include "platform/text_formats.h"
@@ -41,11 +42,7 @@ std::vector<std::string_view> Lines(std::string_view text) {
 class UniqueNames {
  public:
   [[nodiscard]] std::string Unique(std::string_view base) const {
-    std::string name(base);
-    for (int counter = 2; taken_.contains(LowerCase(name)); ++counter) {
-      name = std::string(base) + " (" + std::to_string(counter) + ")";
-    }
-    return name;
+    return FirstFreeTitle(std::string(base), [&](const std::string& name) { return taken_.contains(LowerCase(name)); });
   }
   void Take(const std::string& name) { taken_.insert(LowerCase(name)); }
 

@@ -5,6 +5,7 @@
 #include <array>
 
 #include "platform/at_hand.h"
+#include "platform/free_name.h"
 #include "platform/host.h"
 #include "platform/text_formats.h"
 #include "platform/trap.h"
@@ -190,17 +191,14 @@ bool ExistFileDir(const std::string& path) {
 
 std::string MakeUniqueFilename(const std::string& path) {
   return TrapHelper("MakeUniqueFilename", [&]() -> std::string {
-    if (!IsTaken(path)) return path;
     std::string base = path, extension;
     const std::size_t point = path.rfind('.');
     if (point != std::string::npos && point + 5 >= path.size()) {
       base = path.substr(0, point);
       extension = path.substr(point);
     }
-    for (int number = 2;; ++number) {
-      const std::string candidate = base + "_" + std::to_string(number) + extension;
-      if (!IsTaken(candidate)) return candidate;
-    }
+    const auto numbered = [&](int number) { return base + "_" + std::to_string(number) + extension; };
+    return FirstFree(path, numbered, IsTaken);
   });
 }
 

@@ -6,6 +6,7 @@
 
 #include "outputs/formats.h"
 #include "platform/fault.h"
+#include "platform/free_name.h"
 #include "platform/text_formats.h"
 #include "platform/trap.h"
 #include "support/aml_func_mod.h"
@@ -13,8 +14,6 @@
 
 namespace tessarine::MyGeneralOperations {
 namespace {
-
-const std::size_t kDbaseNameLength = FormatOfKind(1)->field_names.longest;
 
 bool IsLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
 bool IsNameCharacter(char c) { return IsLetter(c) || (c >= '0' && c <= '9') || c == '_'; }
@@ -54,14 +53,6 @@ std::vector<std::string> NamesIn(const ObjectRef& existing) {
     names.assign(texts->begin(), texts->end());
   }
   return names;
-}
-
-std::string FirstFree(const std::string& name, const std::function<bool(const std::string&)>& taken) {
-  if (!taken(name)) return name;
-  for (int number = 2;; ++number) {
-    std::string candidate = name + "_" + std::to_string(number);
-    if (!taken(candidate)) return candidate;
-  }
 }
 
 }  // namespace
@@ -117,12 +108,7 @@ std::string ReturnDBASEFieldName(const std::string& name, const ObjectRef& exist
       return std::ranges::any_of(existing,
                                  [&](const std::string& other) { return EqualsIgnoringCase(other, candidate); });
     };
-    std::string candidate = legal;
-    for (int counter = 2; taken(candidate); ++counter) {
-      const std::string digits = std::to_string(counter);
-      candidate = legal.substr(0, kDbaseNameLength - digits.size()) + digits;
-    }
-    return candidate;
+    return FirstFreeWithin(kDbaseNameLength, legal, taken);
   });
 }
 

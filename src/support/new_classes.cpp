@@ -6,6 +6,7 @@
 #include <cmath>
 #include <optional>
 
+#include "platform/free_name.h"
 #include "platform/host.h"
 #include "platform/paths.h"
 #include "platform/tell_user.h"
@@ -54,12 +55,7 @@ std::string UniqueFieldName(const std::string& base, std::size_t limit, const st
              return field && EqualsIgnoringCase(field->Name, name);
            });
   };
-  std::string name = base;
-  for (int counter = 2; taken(name); ++counter) {
-    const std::string digits = std::to_string(counter);
-    name = base.substr(0, limit - digits.size()) + digits;
-  }
-  return name;
+  return FirstFreeWithin(limit, base, taken);
 }
 
 FieldRef NewField(const std::string& name, const std::string& alias, esriFieldType type) {

@@ -6,9 +6,11 @@
 
 #include <cfloat>
 #include <cstdlib>
+#include <set>
 #include <string>
 
 #include "helpers/shapes.h"
+#include "platform/free_name.h"
 
 namespace tessarine {
 namespace {
@@ -167,6 +169,18 @@ TEST(TextFormats, DateTexts) {
   EXPECT_EQ(LongTime(MakeDate(2000, 1, 1)), "12:00:00 AM");
   EXPECT_EQ(LongTime(MakeDate(2000, 1, 1, 12)), "12:00:00 PM");
   EXPECT_EQ(LongTime(MakeDate(2000, 1, 1, 11, 59, 59)), "11:59:59 AM");
+}
+
+TEST(FreeNames, NumbersBeginBehindTheNameItself) {
+  const std::set<std::string> names = {"Roads",      "Roads_2",    "Roads (2)", "Roads (3)",
+                                       "LongName10", "LongName12", "Shape",     "Shape_"};
+  const auto taken = [&](const std::string& name) { return names.contains(name); };
+  EXPECT_EQ(FirstFree("Rivers", taken), "Rivers");
+  EXPECT_EQ(FirstFree("Roads", taken), "Roads_3");
+  EXPECT_EQ(FirstFreeTitle("Roads", taken), "Roads (4)");
+  EXPECT_EQ(FirstFreeWithin(10, "LongName10", taken), "LongName13");
+  EXPECT_EQ(FirstFreeWithin(11, "LongName10", taken), "LongName102");
+  EXPECT_EQ(FirstFreeOfOwn("Shape", taken), "Shape__");
 }
 
 TEST(TextFormats, LettersOutsideAsciiStay) {

@@ -12,6 +12,7 @@
 #include "hosts/qgis/values.h"
 #include "hosts/windows/qt_text.h"
 #include "platform/fault.h"
+#include "platform/free_name.h"
 #include "platform/stored_class.h"
 #include "platform/value_fit.h"
 
@@ -82,18 +83,20 @@ int IdentifierAttribute(const QgsVectorLayer& layer) {
   return keys.size() == 1 ? keys.front() : Columns::kNoAttribute;
 }
 
+std::string FreeName(const std::string& name, const QgsFields& fields) {
+  return FirstFreeOfOwn(name, [&](const std::string& candidate) { return fields.lookupField(ToQt(candidate)) >= 0; });
+}
+
 FieldRef OidField(const QgsVectorLayer& layer, int identifier) {
+  const QgsFields fields = layer.fields();
+  if (identifier >= 0) return StoredOidField(FromQt(fields.at(identifier).name()));
   const bool shapefile = layer.storageType() == QStringLiteral("ESRI Shapefile");
-  QString name = identifier >= 0 ? layer.fields().at(identifier).name() : shapefile ? "FID" : "OBJECTID";
-  while (identifier < 0 && layer.fields().lookupField(name) >= 0) name += '_';
-  return StoredOidField(FromQt(name));
+  return StoredOidField(FreeName(shapefile ? "FID" : "OBJECTID", fields));
 }
 
 FieldRef ShapeField(const QgsVectorLayer& layer, esriGeometryType type) {
   // Providers don't tell the name of the column.
-  QString name = QStringLiteral("Shape");
-  while (layer.fields().lookupField(name) >= 0) name += '_';
-  return StoredShapeField(FromQt(name), type, ReferenceOf(layer.crs()));
+  return StoredShapeField(FreeName("Shape", layer.fields()), type, ReferenceOf(layer.crs()));
 }
 
 Date DateOf(const QDateTime& time) {

@@ -17,6 +17,7 @@
 #include "hosts/terminal/report_output.h"
 #include "outputs/layer_copy.h"
 #include "platform/fault.h"
+#include "platform/free_name.h"
 #include "platform/paths.h"
 #include "platform/run_journal.h"
 #include "platform/text_formats.h"
@@ -72,10 +73,8 @@ std::string PlainName(const std::string& source) {
 class FreeNames {
  public:
   std::string For(const std::string& source) {
-    const std::string name = PlainName(source);
-    std::string free = name;
-    for (int number = 2; !taken_.insert(LowerCase(free)).second; ++number) free = name + "_" + std::to_string(number);
-    return free;
+    return FirstFree(PlainName(source),
+                     [&](const std::string& name) { return !taken_.insert(LowerCase(name)).second; });
   }
 
  private:

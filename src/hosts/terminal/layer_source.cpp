@@ -12,6 +12,7 @@
 #include "hosts/terminal/pipes.h"
 #include "hosts/terminal/refusal.h"
 #include "outputs/formats.h"
+#include "platform/free_name.h"
 #include "platform/text_formats.h"
 
 namespace tessarine {
@@ -153,9 +154,7 @@ std::string FreeLayerName(const MapDocument& document, const std::string& name) 
   const auto taken = [&](const std::string& candidate) {
     return std::ranges::any_of(layers, [&](const auto& layer) { return layer->Name() == candidate; });
   };
-  std::string free = name;
-  for (int number = 2; taken(free); ++number) free = name + " (" + std::to_string(number) + ")";
-  return free;
+  return FirstFreeTitle(name, taken);
 }
 
 void SplitSource(const std::string& text, std::string& path, std::string& layer) {

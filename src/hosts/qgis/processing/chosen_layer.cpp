@@ -13,6 +13,7 @@
 #include "hosts/qgis/values.h"
 #include "hosts/windows/qt_text.h"
 #include "platform/fault.h"
+#include "platform/free_name.h"
 #include "platform/run_stop.h"
 
 namespace tessarine::qgis {
@@ -29,9 +30,9 @@ int KeyOf(const QgsVectorLayer& layer) {
   return layer.providerType() == QStringLiteral("ogr") && keys.size() == 1 ? keys.front() : -1;
 }
 
-QString FreeName(QString name, const QgsFields& fields) {
-  while (fields.lookupField(name) >= 0) name += '_';
-  return name;
+QString FreeName(const QString& name, const QgsFields& fields) {
+  return ToQt(FirstFreeOfOwn(FromQt(name),
+                             [&](const std::string& candidate) { return fields.lookupField(ToQt(candidate)) >= 0; }));
 }
 
 }  // namespace
