@@ -7,6 +7,7 @@
 #include "platform/paths.h"
 #include "platform/run_stop.h"
 #include "platform/text_formats.h"
+#include "support/foretold_changes.h"
 
 namespace tessarine {
 namespace {
@@ -99,7 +100,7 @@ LayerForMeasures PlanCopy(const CopyForMeasures& wish) {
   LayerCopyRequest request = RequestOf(wish);
   request.plan_only = true;
   if (Stands(request.place)) {
-    request.question = "Feature Class Already Exists: the run would ask whether to overwrite it.";
+    request.question = kWouldAskToReplace;
   }
   const LayerCopy copy = MakeLayerCopy(request);
   return LayerOf(copy, copy.output->Name(), wish, request.place);

@@ -97,8 +97,8 @@ bool HasSlowMeasure(std::span<const OptionEntry> entries, esriGeometryType shape
 }
 
 std::string CalculationReport(const CalculationFacts& facts) {
-  return Filled(std::string(kReportHead) + "Geometry Calculation " + std::string(facts.outcome) + ":" +
-                    std::string(kInput) + SpheroidLines(facts) + std::string(kRule) + std::string(kEnd),
+  return Filled(ReportHead() + "Geometry Calculation " + std::string(facts.outcome) + ":" + std::string(kInput) +
+                    SpheroidLines(facts) + std::string(kRule) + std::string(kEnd),
                 facts);
 }
 
@@ -111,8 +111,8 @@ std::string NoCopyLine() { return "\\b Nothing of the copy is kept.\\b0\\par\r\n
 std::string NoCopyReport(const RunJournal& journal, const std::string& layer_name) {
   const std::string cause =
       journal.stopped ? "The run was stopped while the records of " + layer_name + " were copied." : journal.failure;
-  return std::string(kReportHead) + "Geometry Calculation " + (journal.stopped ? "Stopped" : "Failed") +
-         ":\\par\r\n\\pard\\b0 " + EscapeRtf(cause) + "\\par\r\nNothing of the copy is kept.\\par\r\n}";
+  return ReportHead() + "Geometry Calculation " + (journal.stopped ? "Stopped" : "Failed") + ":\\par\r\n\\pard\\b0 " +
+         EscapeRtf(cause) + "\\par\r\nNothing of the copy is kept.\\par\r\n}";
 }
 
 std::string PlannedCalculation(const CalculationFacts& facts, const std::string& new_fields,
@@ -120,17 +120,17 @@ std::string PlannedCalculation(const CalculationFacts& facts, const std::string&
   const auto listed = [](const std::string& names) { return names.empty() ? std::string("none") : EscapeRtf(names); };
   std::string foretold = facts.foretold.empty() ? "" : std::string(kRule) + "The Copy:\\b0\\par\r\n";
   for (const std::string& sentence : facts.foretold) foretold += "  ** " + EscapeRtf(sentence) + "\\par\r\n";
-  return Filled(std::string(kReportHead) + "Geometry Calculation, planned only: nothing was written" +
-                    std::string(kInput) + SpheroidLines(facts) + std::string(kRule) + "Fields:\\b0\\par\r\n" +
+  return Filled(ReportHead() + "Geometry Calculation, planned only: nothing was written" + std::string(kInput) +
+                    SpheroidLines(facts) + std::string(kRule) + "Fields:\\b0\\par\r\n" +
                     "  ** New: " + listed(new_fields) + "\\par\r\n" +
                     "  ** Overwritten: " + listed(overwritten_fields) + "\\par\r\n" + foretold + "}",
                 facts);
 }
 
 std::string CompressedGeodatabaseReport(const std::string& layer_name) {
-  return "{\\rtf1\\ansi\\ansicpg1252\\deff0\\deflang1033{\\fonttbl{\\f0\\fnil\\fcharset0 MS Sans Serif;}"
-         "{\\f1\\fswiss\\fcharset0 Arial;}}\r\n"
-         "{\\*\\generator Msftedit 5.41.15.1507;}\\viewkind4\\uc1\\pard\\qc\\b\\f0\\fs17 FUNCTION FAILED\\par\r\n"
+  return RtfHead("{\\f0\\fnil\\fcharset0 MS Sans Serif;}{\\f1\\fswiss\\fcharset0 Arial;}") +
+         std::string(kRtfGenerator) +
+         "\\viewkind4\\uc1\\pard\\qc\\b\\f0\\fs17 FUNCTION FAILED\\par\r\n"
          "---------------------------------------------------\\par\r\n"
          "\\pard\\b0 The layer '" +
          EscapeRtf(layer_name) +
@@ -195,7 +195,7 @@ std::string FailedProblemReport(const RunJournal& journal, const std::string& la
 }
 
 std::string FailedCalculation(const Fault& fault) {
-  return std::string(kReportHead) + "Geometry Calculation Failed:\\par\r\n\\pard " + FailureSection(fault) + "}";
+  return ReportHead() + "Geometry Calculation Failed:\\par\r\n\\pard " + FailureSection(fault) + "}";
 }
 
 }  // namespace tessarine

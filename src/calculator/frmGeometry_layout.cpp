@@ -4,6 +4,7 @@
 
 #include "platform/host.h"
 #include "platform/trap.h"
+#include "support/report_heads.h"
 
 namespace tessarine {
 namespace {
@@ -13,8 +14,7 @@ constexpr std::int32_t kEvenRow = 0xEBE7DF;
 constexpr std::int32_t kForm = 0xD4D0C8;
 
 constexpr const char* kHelp =
-    "{\\rtf1\\ansi\\ansicpg1252\\deff0\\deflang1033{\\fonttbl{\\f0\\fswiss\\fcharset0 Arial;}}\r\n"
-    "{\\*\\generator Msftedit 5.41.15.1507;}\\viewkind4\\uc1\\pard\\f0\\fs16 This function will calculate a "
+    "\\viewkind4\\uc1\\pard\\f0\\fs16 This function will calculate a "
     "number of geometric attributes of points, multipoints, polygons and polylines and add them to your "
     "feature attribute table.  You may add the attributes to existing fields or create new fields.  "
     "Please refer to the manual for descriptions of the geometric measures. "
@@ -125,7 +125,7 @@ void frmGeometry::Form_Load() {
     for (std::size_t index = 0; index < boxes_.size(); ++index) {
       boxes_[index]->SetBackColor(index % 2 == 0 ? kOddRow : kEvenRow);
     }
-    txtMessage.SetTextRTF(kHelp);
+    txtMessage.SetTextRTF(RtfHead() + std::string(kRtfGenerator) + kHelp);
     AnchorControls();
   });
 }

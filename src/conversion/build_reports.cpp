@@ -6,6 +6,7 @@
 #include "platform/text_formats.h"
 #include "support/MyGeneralOperations.h"
 #include "support/journal_report.h"
+#include "support/report_heads.h"
 
 namespace tessarine {
 namespace {
@@ -46,7 +47,7 @@ std::string LabelReport(const BuildFacts& facts) {
 }  // namespace
 
 std::string BuildReport(const BuildFacts& facts, const RunJournal& journal) {
-  std::string report = std::string(ReportHeader()) + std::string(kBody);
+  std::string report = ReportHead() + std::string(kBody);
   const std::string problems = ProblemSections(journal, facts.line_layer, kConsequence);
   report = Replace(report, "zzzOutcome",
                    journal.Outcome() == RunOutcome::Done ? "Complete" : std::string(OutcomeTitle(journal)));
@@ -68,8 +69,8 @@ std::string BuildReport(const BuildFacts& facts, const RunJournal& journal) {
 }
 
 std::string BuildFailureReport(const Fault& fault, const RunJournal& journal, const std::string& line_layer) {
-  return std::string(ReportHeader()) + "!!!  Build Polygons Function Failed  !!!\\par\r\n" + "\\pard " +
-         FailureSection(fault) + ProblemSections(journal, line_layer, kConsequence) + "}";
+  return ReportHead() + "!!!  Build Polygons Function Failed  !!!\\par\r\n" + "\\pard " + FailureSection(fault) +
+         ProblemSections(journal, line_layer, kConsequence) + "}";
 }
 
 std::string UnitWord(const SpatialReferenceRef& reference) {

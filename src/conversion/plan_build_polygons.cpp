@@ -13,6 +13,7 @@
 #include "platform/trap.h"
 #include "support/MyGeneralOperations.h"
 #include "support/aml_func_mod.h"
+#include "support/report_heads.h"
 
 namespace tessarine::mod_92_functions {
 namespace {
@@ -39,7 +40,7 @@ std::string PlanBuildPolygons(RunContext& context, const BuildChoices& choices, 
         FieldTransfer::BesideChosen(kMeasures, choices.fields ? *choices.fields : none, target.kind);
     std::vector<std::shared_ptr<IClass>> sources = {layer->FeatureClass()};
     if (choices.labels) sources.push_back(choices.labels->FeatureClass());
-    return std::string(ReportHeader()) +
+    return ReportHead() +
            "Build Polygons, planned only: nothing was written\\par\r\n\\pard Input:\\b0\\par\r\n"
            "  ** Input Polyline Feature Layer: " +
            EscapeRtf(layer->Name()) + "\\par\r\n  ** " +

@@ -9,6 +9,7 @@
 #include "platform/rich_text.h"
 #include "platform/run_scope.h"
 #include "platform/trap.h"
+#include "support/report_heads.h"
 
 namespace tessarine::modCreateVertices {
 namespace {
@@ -35,7 +36,7 @@ std::string PlanConversion(RunContext& context, const ConversionRun& run, const 
     const OutputTarget target = SplitOutputPath(path, *extension);
     const ShapeRule rule = RuleFor(run, input->ShapeType());
     const FieldTransfer transfer = FieldTransfer::BesideInput(*input, rule.measure_fields, *fields, target.kind);
-    return std::string(ReportHeader()) + std::string(run.words.report_title) +
+    return ReportHead() + std::string(run.words.report_title) +
            ", planned only: nothing was written\\par\r\n\\pard Input:\\b0\\par\r\n"
            "  ** Input Feature Layer: " +
            EscapeRtf(layer->Name()) + "\\par\r\n  ** " +

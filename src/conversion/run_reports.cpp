@@ -50,8 +50,6 @@ std::string RecordLine(const modCreateVertices::ConversionRun& run, const RunFac
 
 }  // namespace
 
-std::string_view ReportHeader() { return kReportHead; }
-
 std::string ProblemBlock(std::string_view heading, const std::string& list) {
   const std::string block =
       std::string(heading) + "\r\nzzzRunningProblems\r\n\\b ---------------------------------------------\\b0\\par\r\n";
@@ -62,8 +60,8 @@ std::string PathForReport(const std::string& path) { return EscapeRtf(ToNativePa
 
 std::string SuccessReport(const modCreateVertices::ConversionRun& run, const RunFacts& facts,
                           const RunJournal& journal) {
-  std::string report = std::string(kReportHead) + std::string(run.words.report_title) + " " +
-                       std::string(OutcomeTitle(journal)) + std::string(kSuccessBody);
+  std::string report = ReportHead() + std::string(run.words.report_title) + " " + std::string(OutcomeTitle(journal)) +
+                       std::string(kSuccessBody);
   const std::string problems = Problems(facts, journal);
   if (!run.reports_skipped && problems.empty()) report = Replace(report, kProblemLine, "");
   report = Replace(report, "zzzProbReport", (run.reports_skipped ? SkippedBlock(run, journal) : "") + problems);
@@ -79,14 +77,14 @@ std::string SuccessReport(const modCreateVertices::ConversionRun& run, const Run
 
 std::string StoppedReport(const modCreateVertices::ConversionRun& run, const RunFacts& facts,
                           const RunJournal& journal) {
-  return std::string(kReportHead) + "Exited Function Prematurely at Record " + std::to_string(facts.records_done) +
+  return ReportHead() + "Exited Function Prematurely at Record " + std::to_string(facts.records_done) +
          "\\par\r\nPartial output saved to " + PathForReport(facts.output_path) + "\\par\r\n" +
          SkippedBlock(run, journal) + Problems(facts, journal) + "}";
 }
 
 std::string FailureReport(const modCreateVertices::ConversionRun& run, const RunFacts& facts, const RunJournal& journal,
                           const Fault& fault) {
-  return std::string(kReportHead) + "!!!  " + std::string(run.words.report_title) + " Failed  !!!\\par\r\n" +
+  return ReportHead() + "!!!  " + std::string(run.words.report_title) + " Failed  !!!\\par\r\n" +
          "\\pard ---------------------------------------------\\b0\\par\r\n" + "Module = " + std::string(kModule) +
          "\\par\r\n" + "Function = " + std::string(run.worker) + "\\par\r\n" + LineNumberLine(fault, kModuleFile) +
          "Error " + std::to_string(fault.Number()) + ":  " + EscapeRtf(fault.Description()) + "\\par\r\n" +
@@ -99,7 +97,7 @@ std::string FailureReport(const modCreateVertices::ConversionRun& run, const Run
 }
 
 std::string UnknownReferenceReport(const modCreateVertices::ConversionRun& run) {
-  return std::string(kReportHead) + "!!!  " + std::string(run.words.report_title) + " Failed  !!!\\par\r\n" +
+  return ReportHead() + "!!!  " + std::string(run.words.report_title) + " Failed  !!!\\par\r\n" +
          "Selected Feature Class has unknown coordinate system...\\par\r\n"
          "\\par\r\n"
          "This function must know the projection of the data in order to calculate the geographic centroid!  Bailing "

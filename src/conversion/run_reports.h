@@ -36,8 +36,6 @@ struct RunFacts {
 
 /// A block of records that a report lists: its heading, the list, and the rule below.
 [[nodiscard]] std::string ProblemBlock(std::string_view heading, const std::string& list);
-/// What all reports begin with.
-[[nodiscard]] std::string_view ReportHeader();
 
 /// A path as it stands in a report: native, escaped.
 [[nodiscard]] std::string PathForReport(const std::string& path);

@@ -6,6 +6,7 @@
 #include "support/MyGeneralOperations.h"
 #include "support/aml_func_mod.h"
 #include "support/manual.h"
+#include "support/report_heads.h"
 
 namespace tessarine {
 namespace {
@@ -23,8 +24,7 @@ constexpr const char* kInformationProgram = "\\MSINFO32.EXE";
 constexpr const char* kNoInformation = "System Information Is Unavailable At This Time";
 
 constexpr const char* kAboutText =
-    "{\\rtf1\\ansi\\ansicpg1252\\deff0\\deflang1033{\\fonttbl{\\f0\\fswiss\\fprq2\\fcharset0 Arial;}}\r\n"
-    "{\\*\\generator Msftedit 5.41.15.1507;}\\viewkind4\\uc1\\pard\\qc\\b\\f0\\fs17 About Tools for Tessarine "
+    "About Tools for Tessarine "
     "Tools\\b0\\fs17\\par\r\n"
     "\\pard\\par\r\n"
     "This extension offers tools for the geometric attributes of vector features, and for selecting and naming "
@@ -137,7 +137,7 @@ void frmAbout::Form_Load() {
     });
     anchors_.SetForm(*this);
     lblVersion.SetCaption("Version " TESSARINE_VERSION);
-    Text1.SetTextRTF(kAboutText);
+    Text1.SetTextRTF(LargeReportHead() + kAboutText);
   });
 }
 

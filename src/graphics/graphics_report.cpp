@@ -26,7 +26,7 @@ std::string CoordinateLines(bool selected, const SpatialReferenceRef& output, co
 }  // namespace
 
 std::string ReportText(const GraphicsReport& report) {
-  std::string text = std::string(kLargeReportHead) + report.title + "\\b0\\fs17\\par\r\n";
+  std::string text = LargeReportHead() + report.title + "\\b0\\fs17\\par\r\n";
   text += "   " + aml_func_mod::InsertCommas(report.records) + " Records\\par\r\n" + report.names + kRule;
   text += "\\pard\\b " + report.option_title + "\\b0\\par\r\n   " + report.option + kLineEnd;
   if (!report.counts.empty()) text += "\\b Conversion Count:\\b0\\par\r\n" + report.counts;

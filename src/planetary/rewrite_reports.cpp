@@ -24,7 +24,7 @@ constexpr std::string_view kStoppedNote = "NOTE:  Exited Function Prematurely at
 constexpr std::size_t kListed = 10;
 
 std::string Opening(std::string_view title) {
-  return std::string(kLargeReportHead) + EscapeRtf(title) + std::string(kTitleEnd) + std::string(kRule);
+  return LargeReportHead() + EscapeRtf(title) + std::string(kTitleEnd) + std::string(kRule);
 }
 
 std::string FailedOpening(std::string_view conversion) {

@@ -3,12 +3,12 @@
 
 #include "platform/trap.h"
 #include "support/frmReport_modal.h"
+#include "support/report_heads.h"
 
 namespace tessarine {
 namespace {
 
 constexpr const char* kHelp =
-    "{\\rtf1\\ansi\\ansicpg1252\\deff0\\deflang1033{\\fonttbl{\\f0\\fswiss\\fcharset0 Arial;}}\r\n"
     "\\viewkind4\\uc1\\pard\\f0\\fs18 The terms \\i Planetocentric\\i0  and \\i Planetographic\\i0  tell by which "
     "method latitude is defined on the spheroid.\\par\r\n"
     "\\par \\b Planetographic:\\b0  The latitude of a point is the angle between the plane of the equator and the "
@@ -67,7 +67,7 @@ void frmSpheroidOptionsExt::cmdHelp_Click() {
   Trap("cmdHelp_Click", [] {
     frmReport_modal help;
     help.SetCaption("Planetocentric vs. Planetographic:");
-    help.txtReport.SetTextRTF(kHelp);
+    help.txtReport.SetTextRTF(RtfHead() + kHelp);
     help.ShowModal();
   });
 }

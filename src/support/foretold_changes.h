@@ -13,6 +13,10 @@
 
 namespace tessarine {
 
+/// What a plan tells where a class stands in the output's place.
+inline constexpr const char* kWouldAskToReplace =
+    "Feature Class Already Exists: the run would ask whether to overwrite it.";
+
 /// A field that is carried over, with the name that it gets.
 struct CarriedField {
   FieldRef source;

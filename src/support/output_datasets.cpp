@@ -19,6 +19,7 @@
 #include "support/aml_func_mod.h"
 #include "support/attempt.h"
 #include "support/dataset_names.h"
+#include "support/foretold_changes.h"
 #include "support/new_classes.h"
 #include "support/output_chooser.h"
 #include "support/output_kinds.h"
@@ -386,7 +387,7 @@ std::string NotePlan(RunContext& context, const OutputPlan& plan) {
     if (!field.name.empty()) journal.planned_fields.push_back(field.name);
   }
   if (!plan.exists) return "None";
-  std::string question = "Feature Class Already Exists: the run would ask whether to overwrite it.";
+  std::string question = kWouldAskToReplace;
   journal.planned_questions.push_back(question);
   return question;
 }
