@@ -8,7 +8,6 @@
 #include "platform/text_formats.h"
 #include "platform/trap.h"
 #include "support/MyGeneralOperations.h"
-#include "support/manual.h"
 
 namespace tessarine {
 namespace {
@@ -161,15 +160,7 @@ void frmBuildParams::txtCluster_KeyPress(std::int32_t& key_ascii) {
   Trap("txtCluster_KeyPress", [&] { CheckNumericRealPositive(key_ascii, txtCluster); });
 }
 
-void frmBuildParams::txtOutput_Change() {
-  Trap("txtOutput_Change", [this] { output_.FollowText(); });
-}
-
-void frmBuildParams::cmdGetWorkspace_Click() {
-  Trap("cmdGetWorkspace_Click", [this] {
-    if (output_.Browse("Enter the name of your new Polygon Feature Class:")) CheckOK();
-  });
-}
+void frmBuildParams::cmdGetWorkspace_Click() { output_.Browse("Enter the name of your new Polygon Feature Class:"); }
 
 void frmBuildParams::LeaveLabelChoices() {
   const bool transfers = chkUseLabelPoints.Value() == CheckBox::kChecked;
@@ -181,32 +172,20 @@ void frmBuildParams::LeaveLabelChoices() {
 }
 
 void frmBuildParams::cmdOK_Click() {
-  Trap("cmdOK_Click", [this] {
-    if (!output_.PlaceExists()) return;
-    LeaveChoices(*extension_, LayerAt(layers_, lbxLayers.ListIndex()),
-                 optAll.Value() ? ToolRecords::All : ToolRecords::Selected, output_);
-    extension_->BuildClusterTolerance = ToNumber(txtCluster.Text());
-    LeaveLabelChoices();
-    extension_->ShouldContinue = true;
-    Unload();
-  });
+  if (!output_.PlaceExists()) return;
+  LeaveChoices(*extension_, LayerAt(layers_, lbxLayers.ListIndex()),
+               optAll.Value() ? ToolRecords::All : ToolRecords::Selected, output_);
+  extension_->BuildClusterTolerance = ToNumber(txtCluster.Text());
+  LeaveLabelChoices();
+  extension_->ShouldContinue = true;
+  Unload();
 }
 
-void frmBuildParams::cmdCancel_Click() {
-  Trap("cmdCancel_Click", [this] {
-    ForgetChoices(*extension_);
-    Unload();
-  });
-}
-
-void frmBuildParams::cmdManual_Click() {
-  Trap("cmdManual_Click", [] { OpenManual(); });
-}
+void frmBuildParams::ForgetChoices(clsExtension& extension) { ForgetLayerAndFields(extension); }
 
 void frmBuildParams::Form_Unload() {
-  application_ = nullptr;
+  OutputForm::Form_Unload();
   document_ = nullptr;
-  extension_ = nullptr;
   layers_ = nullptr;
   point_layers_ = nullptr;
   fields_.clear();

@@ -10,14 +10,13 @@
 #include "platform/application.h"
 #include "platform/form.h"
 #include "session/clsExtension.h"
-#include "support/AnchorObjectList.h"
-#include "support/output_row.h"
+#include "support/output_form.h"
 
 namespace tessarine {
 
 /// Set up by `SetArcApplication`, then shown modally. A valid OK leaves the choices in `clsExtension` with
 /// `ShouldContinue` True; any other way out leaves it False.
-class frmBuildParams final : public Form {
+class frmBuildParams final : public OutputForm {
  public:
   frmBuildParams();
 
@@ -43,20 +42,16 @@ class frmBuildParams final : public Form {
   ListBox lbxFields{*this, "lbxFields"};
   CommandButton cmdSelFields{*this, "cmdSelFields"};
   TextBox txtMessage{*this, "txtMessage"};
-  Label lblOutputName{*this, "lblOutputName"};
-  TextBox txtOutput{*this, "txtOutput"};
-  CommandButton cmdGetWorkspace{*this, "cmdGetWorkspace"};
-  CommandButton cmdManual{*this, "cmdManual"};
-  CommandButton cmdOK{*this, "cmdOK"};
-  CommandButton cmdCancel{*this, "cmdCancel"};
 
   /// Fills the whole form from the map and from what the last run left.
   void SetArcApplication(const std::shared_ptr<IApplication>& application);
 
  protected:
   void Form_Load() override;
-  void Form_Resize() override;
   void Form_Unload() override;
+  void cmdGetWorkspace_Click() override;
+  void cmdOK_Click() override;
+  void ForgetChoices(clsExtension& extension) override;
 
  private:
   void lbxLayers_Click();
@@ -65,16 +60,10 @@ class frmBuildParams final : public Form {
   void cmdSelFields_Click();
   void optAll_Click();
   void txtCluster_KeyPress(std::int32_t& key_ascii);
-  void txtOutput_Change();
-  void cmdGetWorkspace_Click();
-  void cmdManual_Click();
-  void cmdOK_Click();
-  void cmdCancel_Click();
 
   void SetTexts();
   void SetEvents();
   void LayOut();
-  void OrderTabs();
   void FillPointLayers();
   void FillLineLayers();
   void SetLabelPointParams();
@@ -84,16 +73,12 @@ class frmBuildParams final : public Form {
   void LeaveLabelChoices();
   [[nodiscard]] std::shared_ptr<IFeatureLayer> PointLayer() const;
 
-  std::shared_ptr<IApplication> application_;
   std::shared_ptr<IMxDocument> document_;
-  std::shared_ptr<clsExtension> extension_;
   std::shared_ptr<VarArray> layers_, point_layers_;
   std::vector<FieldRef> fields_;
   bool all_selected_ = false;
   bool points_selected_ = false;  // the point layer has a selection
   std::string preferred_layer_;
-  MyGeneralOperations::OutputRow output_{txtOutput, MyGeneralOperations::FollowTypedPath};
-  AnchorObjectList anchors_;
 };
 
 }  // namespace tessarine

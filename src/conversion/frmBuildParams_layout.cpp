@@ -6,10 +6,9 @@
 
 namespace tessarine {
 
-frmBuildParams::frmBuildParams() : Form("frmBuildParams") {
+frmBuildParams::frmBuildParams() : OutputForm("frmBuildParams", MyGeneralOperations::FollowTypedPath) {
   SetTexts();
   LayOut();
-  OrderTabs();
   SetEvents();
 }
 
@@ -42,13 +41,6 @@ void frmBuildParams::SetTexts() {
       "attributes "
       "from a point feature class may be transferred to the polygons.");
   lblOutputName.SetCaption("Output Polygon Feature &Class:");
-  cmdGetWorkspace.SetToolTipText("Browse for Output Folder...");
-  cmdGetWorkspace.PictureId = 201;
-  cmdManual.SetCaption("Manual");
-  cmdOK.SetCaption("OK");
-  cmdOK.Default = true;
-  cmdCancel.SetCaption("Cancel");
-  cmdCancel.Cancel = true;
 }
 
 void frmBuildParams::SetEvents() {
@@ -61,16 +53,9 @@ void frmBuildParams::SetEvents() {
   txtCluster.KeyPress = [this](std::int32_t& key) { txtCluster_KeyPress(key); };
   cmdSelFields.Click = [this] { cmdSelFields_Click(); };
   optAll.Click = [this] { optAll_Click(); };
-  txtOutput.Change = [this] { txtOutput_Change(); };
-  cmdGetWorkspace.Click = [this] { cmdGetWorkspace_Click(); };
-  cmdManual.Click = [this] { cmdManual_Click(); };
-  cmdOK.Click = [this] { cmdOK_Click(); };
-  cmdCancel.Click = [this] { cmdCancel_Click(); };
 }
 
 void frmBuildParams::LayOut() {
-  SetSize(370, 313);
-  SetMinimumSize(300, 280);
   // On the left the lines.
   lblLayer.Move(7, 7, 155, 9);
   lbxLayers.Move(7, 18, 155, 58);
@@ -103,71 +88,39 @@ void frmBuildParams::LayOut() {
   lbxFields.Move(172, 156, 191, 79);
   cmdSelFields.Move(172, 239, 191, 14);
   // Below, the output.
-  lblOutputName.Move(7, 260, 336, 9);
-  txtOutput.Move(7, 271, 336, 13);
-  cmdGetWorkspace.Move(347, 270, 16, 15);
-  cmdManual.Move(7, 292, 56, 14);
-  cmdOK.Move(247, 292, 56, 14);
-  cmdCancel.Move(307, 292, 56, 14);
+  PlaceOutputRow({.top = 260, .width = 370, .least_width = 300, .least_height = 280});
 
-  Control* const windows[] = {&lbxLayers, &txtCluster, &cbxPointLayers, &lbxFields, &txtOutput};
+  Control* const windows[] = {&lbxLayers, &txtCluster, &cbxPointLayers, &lbxFields};
   for (Control* control : windows) control->SetBackColor(kWindowBackground);
   txtMessage.SetBackColor(kButtonFace);
-}
-
-void frmBuildParams::OrderTabs() {
-  Control* const order[] = {&lblLayer,
-                            &lbxLayers,
-                            &optAll,
-                            &optSel,
-                            &lblTolerance,
-                            &txtCluster,
-                            &chkUseLabelPoints,
-                            &lblLabelPoints,
-                            &cbxPointLayers,
-                            &optAllLabelPoints,
-                            &optSelLabelPoints,
-                            &optFirstLabelPoint,
-                            &optCentroidLabelPoint,
-                            &lblFields,
-                            &lbxFields,
-                            &cmdSelFields,
-                            &txtMessage,
-                            &lblOutputName,
-                            &txtOutput,
-                            &cmdGetWorkspace,
-                            &cmdManual,
-                            &cmdOK,
-                            &cmdCancel};
-  std::int32_t tab_index = 0;
-  for (Control* control : order) control->SetTabIndex(tab_index++);
+  SetTabOrder({&lblLayer, &lbxLayers, &optAll, &optSel, &lblTolerance, &txtCluster, &chkUseLabelPoints, &lblLabelPoints,
+               &cbxPointLayers, &optAllLabelPoints, &optSelLabelPoints, &optFirstLabelPoint, &optCentroidLabelPoint,
+               &lblFields, &lbxFields, &cmdSelFields, &txtMessage});
 }
 
 void frmBuildParams::Form_Load() {
+  OutputForm::Form_Load();
   Trap("Form_Load", [this] {
-    SetTopmost(true);
-    MoveToUpperMiddle();
-    if (!extension_) extension_ = FindExtension(application_);
     // The left column keeps its width; lists and texts take the height, the right column the width.
     anchors_.Hold({
-        {lblLayer, enumStartSize, enumStartSize},        {lbxLayers, enumStartSize, enumStartSize},
-        {framePolylines, enumStartSize, enumStartSize},  {lblTolerance, enumStartSize, enumStartSize},
-        {txtCluster, enumStartSize, enumStartSize},      {lblUnits, enumStartSize, enumStartSize},
-        {txtMessage, enumStartSize, enumStartEnd},       {chkUseLabelPoints, enumStartEnd, enumStartSize},
-        {lblLabelPoints, enumStartEnd, enumStartSize},   {cbxPointLayers, enumStartEnd, enumStartSize},
-        {frameLabelPoints, enumStartEnd, enumStartSize}, {frameWhichPoint, enumStartEnd, enumStartSize},
-        {lblFields, enumStartEnd, enumStartSize},        {lbxFields, enumStartEnd, enumStartEnd},
-        {cmdSelFields, enumStartEnd, enumSizeEnd},       {lblOutputName, enumStartEnd, enumSizeEnd},
-        {txtOutput, enumStartEnd, enumSizeEnd},          {cmdGetWorkspace, enumSizeEnd, enumSizeEnd},
-        {cmdManual, enumStartSize, enumSizeEnd},         {cmdOK, enumSizeEnd, enumSizeEnd},
-        {cmdCancel, enumSizeEnd, enumSizeEnd},
+        {lblLayer, enumStartSize, enumStartSize},
+        {lbxLayers, enumStartSize, enumStartSize},
+        {framePolylines, enumStartSize, enumStartSize},
+        {lblTolerance, enumStartSize, enumStartSize},
+        {txtCluster, enumStartSize, enumStartSize},
+        {lblUnits, enumStartSize, enumStartSize},
+        {txtMessage, enumStartSize, enumStartEnd},
+        {chkUseLabelPoints, enumStartEnd, enumStartSize},
+        {lblLabelPoints, enumStartEnd, enumStartSize},
+        {cbxPointLayers, enumStartEnd, enumStartSize},
+        {frameLabelPoints, enumStartEnd, enumStartSize},
+        {frameWhichPoint, enumStartEnd, enumStartSize},
+        {lblFields, enumStartEnd, enumStartSize},
+        {lbxFields, enumStartEnd, enumStartEnd},
+        {cmdSelFields, enumStartEnd, enumSizeEnd},
+        {lblOutputName, enumStartEnd, enumSizeEnd},
     });
-    anchors_.SetForm(*this);
   });
-}
-
-void frmBuildParams::Form_Resize() {
-  Trap("Form_Resize", [this] { anchors_.DoAnchors(); });
 }
 
 }  // namespace tessarine

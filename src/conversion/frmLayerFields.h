@@ -11,14 +11,13 @@
 #include "platform/application.h"
 #include "platform/form.h"
 #include "session/clsExtension.h"
-#include "support/AnchorObjectList.h"
-#include "support/output_row.h"
+#include "support/output_form.h"
 
 namespace tessarine {
 
 /// Set up by `SetArcApplication`, then `SetConversionOption`; then shown modally. A valid OK leaves the choices in
 /// `clsExtension` with `ShouldContinue` True; any other way out leaves it False.
-class frmLayerFields final : public Form {
+class frmLayerFields final : public OutputForm {
  public:
   frmLayerFields();
 
@@ -30,12 +29,6 @@ class frmLayerFields final : public Form {
   OptionButton optAll{*this, "optAll"};
   OptionButton optSel{*this, "optSel"};
   TextBox txtMessage{*this, "txtMessage"};
-  Label lblOutputName{*this, "lblOutputName"};
-  TextBox txtOutput{*this, "txtOutput"};
-  CommandButton cmdGetWorkspace{*this, "cmdGetWorkspace"};
-  CommandButton cmdManual{*this, "cmdManual"};
-  CommandButton cmdOK{*this, "cmdOK"};
-  CommandButton cmdCancel{*this, "cmdCancel"};
 
   void SetArcApplication(const std::shared_ptr<IApplication>& application);
   /// One of 1, 2, 4, 8, 16, 32, 64, 128. Any other value leaves the lists empty and still proposes an output.
@@ -44,18 +37,14 @@ class frmLayerFields final : public Form {
 
  protected:
   void Form_Load() override;
-  void Form_Resize() override;
   void Form_Unload() override;
+  void cmdOK_Click() override;
+  void ForgetChoices(clsExtension& extension) override;
 
  private:
   void lbxLayers_Click();
   void cmdSelFields_Click();
   void optAll_Click();
-  void txtOutput_Change();
-  void cmdGetWorkspace_Click();
-  void cmdManual_Click();
-  void cmdOK_Click();
-  void cmdCancel_Click();
 
   void LayOut();
   void FillLayers();
@@ -64,16 +53,12 @@ class frmLayerFields final : public Form {
   void UpdateOkState();
   [[nodiscard]] std::shared_ptr<IFeatureLayer> CurrentLayer() const;
 
-  std::shared_ptr<IApplication> application_;
   std::shared_ptr<IMxDocument> document_;
-  std::shared_ptr<clsExtension> extension_;
   std::int32_t conversion_option_ = 0;
   std::shared_ptr<VarArray> layers_;
   std::vector<FieldRef> fields_;
   bool all_selected_ = false;
   std::string preferred_layer_;
-  MyGeneralOperations::OutputRow output_{txtOutput, MyGeneralOperations::FollowTypedPath};
-  AnchorObjectList anchors_;
 };
 
 }  // namespace tessarine

@@ -67,8 +67,7 @@ void LeaveChoices(clsExtension& extension, const std::shared_ptr<IFeatureLayer>&
       extension.DoAllRecords ? layer->FeatureClass()->FeatureCount(nullptr) : SelectionOf(layer)->Count();
 }
 
-void ForgetChoices(clsExtension& extension) {
-  extension.ShouldContinue = false;
+void ForgetLayerAndFields(clsExtension& extension) {
   extension.SelectedFields = nullptr;
   extension.SelectedLayer = nullptr;
 }

@@ -41,8 +41,8 @@ void SelectAllLines(ListBox& list, bool selected);
 void LeaveChoices(clsExtension& extension, const std::shared_ptr<IFeatureLayer>& layer, ToolRecords records,
                   const MyGeneralOperations::OutputRow& output);
 
-/// Leaves nothing to run in the extension, for a dialog that is given up.
-void ForgetChoices(clsExtension& extension);
+/// Leaves no layer and no fields in the extension, for a dialog that is given up.
+void ForgetLayerAndFields(clsExtension& extension);
 
 /// The selection of a layer, null when it can't be had.
 [[nodiscard]] std::shared_ptr<ISelectionSet> SelectionOf(const std::shared_ptr<IFeatureLayer>& layer);

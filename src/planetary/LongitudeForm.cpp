@@ -9,7 +9,6 @@
 #include "support/MyGeneralOperations.h"
 #include "support/aml_func_mod.h"
 #include "support/attempt.h"
-#include "support/manual.h"
 
 namespace tessarine {
 namespace {
@@ -21,7 +20,7 @@ constexpr std::int32_t kLayersWithShapes = kPointLayers + kPolylineLayers + kPol
 
 }  // namespace
 
-LongitudeForm::LongitudeForm(const std::string& name) : Form(name) {
+LongitudeForm::LongitudeForm(const std::string& name) : OutputForm(name, FollowTypedOutput) {
   lblLayer.SetCaption("Select &Layer to Convert:");
   optWrap180.SetCaption("Wrap Longitude around -180° to 180° Range");
   optWrap360.SetCaption("Wrap Longitude around 0° to 360° Range");
@@ -29,31 +28,20 @@ LongitudeForm::LongitudeForm(const std::string& name) : Form(name) {
   lblDegrees.SetCaption("Decimal Degrees");
   lblOutputName.SetCaption("Output &Feature Class:");
   cmdGetWorkspace.SetToolTipText("Browse for Output Feature Class...");
-  cmdGetWorkspace.PictureId = 201;
-  cmdManual.SetCaption("Manual");
-  cmdOK.SetCaption("OK");
-  cmdCancel.SetCaption("Cancel");
   txtMessage.Locked = true;
   txtMessage.MultiLine = true;
   cmdOK.SetEnabled(false);
-  cmdOK.Default = true;
-  cmdCancel.Cancel = true;
 
   lbxLayers.Click = [this] { Trap("lbxLayers_Click", [this] { lbxLayers_Click(); }); };
   txtLongShift.Change = [this] { txtLongShift_Change(); };
   txtLongShift.Numeric = true;
   txtLongShift.KeyPress = [this](std::int32_t& key) { CheckNumericReal(key, txtLongShift); };
-  txtOutput.Change = [this] { txtOutput_Change(); };
-  cmdGetWorkspace.Click = [this] { cmdGetWorkspace_Click(); };
-  cmdManual.Click = [] { Trap("cmdManual_Click", [] { OpenManual(); }); };
-  cmdOK.Click = [this] { Trap("cmdOK_Click", [this] { cmdOK_Click(); }); };
-  cmdCancel.Click = [this] { cmdCancel_Click(); };
 
   lblLayer.Move(7, 7, 150, 9);
   lbxLayers.Move(7, 18, 150, 92);
   txtMessage.Move(165, 18, 148, 92);
   txtMessage.SetBackColor(kButtonFace);
-  for (Control* box : std::initializer_list<Control*>{&lbxLayers, &txtLongShift, &txtOutput}) {
+  for (Control* box : std::initializer_list<Control*>{&lbxLayers, &txtLongShift}) {
     box->SetBackColor(kWindowBackground);
   }
 }
@@ -62,19 +50,7 @@ void LongitudeForm::PlaceLowerRows(double top) {
   lblLongShift.Move(7, top + 2, 82, 9);
   txtLongShift.Move(93, top, 74, 13);
   lblDegrees.Move(171, top + 2, 64, 9);
-  lblOutputName.Move(7, top + 22, 286, 9);
-  txtOutput.Move(7, top + 33, 286, 13);
-  cmdGetWorkspace.Move(297, top + 32, 16, 15);
-  cmdManual.Move(7, top + 54, 56, 14);
-  cmdOK.Move(197, top + 54, 56, 14);
-  cmdCancel.Move(257, top + 54, 56, 14);
-  SetSize(320, top + 75);
-  SetMinimumSize(320, top + 75);
-}
-
-void LongitudeForm::SetTabOrder(std::initializer_list<Control*> controls) {
-  std::int32_t index = 0;
-  for (Control* control : controls) control->SetTabIndex(index++);
+  PlaceOutputRow({.top = top + 22, .width = 320, .least_width = 320, .least_height = top + 75});
 }
 
 void LongitudeForm::KeepAboveLowerEdge(std::initializer_list<Control*> controls) {
@@ -82,31 +58,18 @@ void LongitudeForm::KeepAboveLowerEdge(std::initializer_list<Control*> controls)
 }
 
 void LongitudeForm::Form_Load() {
+  OutputForm::Form_Load();
   Trap("Form_Load", [this] {
-    SetTopmost(true);
-    MoveToUpperMiddle();
-    if (!extension_) extension_ = FindExtension(application_);
     anchors_.Item(lblLayer).SetAnchors(enumStartSize, enumStartSize);
     for (Control* control : std::initializer_list<Control*>{&lbxLayers, &txtMessage}) {
       anchors_.Item(*control).SetAnchors(enumNone, enumStartEnd);
     }
-    KeepAboveLowerEdge(
-        {&optWrap180, &optWrap360, &lblLongShift, &txtLongShift, &lblDegrees, &lblOutputName, &cmdManual});
-    anchors_.Item(txtOutput).SetAnchors(enumStartEnd, enumSizeEnd);
-    for (Control* control : std::initializer_list<Control*>{&cmdGetWorkspace, &cmdOK, &cmdCancel}) {
-      anchors_.Item(*control).SetAnchors(enumSizeEnd, enumSizeEnd);
-    }
-    anchors_.SetForm(*this);
+    KeepAboveLowerEdge({&optWrap180, &optWrap360, &lblLongShift, &txtLongShift, &lblDegrees});
   });
 }
 
-void LongitudeForm::Form_Resize() {
-  Trap("Form_Resize", [this] { anchors_.DoAnchors(); });
-}
-
 void LongitudeForm::Form_Unload() {
-  application_ = nullptr;
-  extension_ = nullptr;
+  OutputForm::Form_Unload();
   layers_.clear();
 }
 
@@ -154,22 +117,6 @@ void LongitudeForm::ShowShift(double shift) {
 
 void LongitudeForm::txtLongShift_Change() {
   Trap("txtLongShift_Change", [this] { shift_ = NumberIn(txtLongShift.Text()).value_or(shift_); });
-}
-
-void LongitudeForm::txtOutput_Change() {
-  Trap("txtOutput_Change", [this] { output_.FollowText(); });
-}
-
-void LongitudeForm::cmdGetWorkspace_Click() {
-  Trap("cmdGetWorkspace_Click", [this] { output_.Browse(); });
-}
-
-void LongitudeForm::cmdCancel_Click() {
-  Trap("cmdCancel_Click", [this] {
-    extension_->ShouldContinue = false;
-    ForgetChoices(*extension_);
-    Unload();
-  });
 }
 
 std::shared_ptr<VarArray> LongitudeForm::DescribeOutput(const IFeatureLayer& layer) {

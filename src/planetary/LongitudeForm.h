@@ -13,8 +13,7 @@
 #include "platform/application.h"
 #include "platform/form.h"
 #include "session/clsExtension.h"
-#include "support/AnchorObjectList.h"
-#include "support/output_row.h"
+#include "support/output_form.h"
 
 namespace tessarine {
 
@@ -22,7 +21,7 @@ namespace tessarine {
 /// while the folder still names it.
 void FollowTypedOutput(const std::string& text, MyGeneralOperations::OutputChoice& choice);
 
-class LongitudeForm : public Form {
+class LongitudeForm : public OutputForm {
  public:
   Label lblLayer{*this, "lblLayer"};
   ListBox lbxLayers{*this, "lbxLayers"};
@@ -32,27 +31,16 @@ class LongitudeForm : public Form {
   Label lblLongShift{*this, "lblLongShift"};
   TextBox txtLongShift{*this, "txtLongShift"};
   Label lblDegrees{*this, "lblDegrees"};
-  Label lblOutputName{*this, "lblOutputName"};
-  TextBox txtOutput{*this, "txtOutput"};
-  CommandButton cmdGetWorkspace{*this, "cmdGetWorkspace"};
-  CommandButton cmdManual{*this, "cmdManual"};
-  CommandButton cmdOK{*this, "cmdOK"};
-  CommandButton cmdCancel{*this, "cmdCancel"};
 
  protected:
   explicit LongitudeForm(const std::string& name);
 
   void Form_Load() override;
-  void Form_Resize() override;
   void Form_Unload() override;
   virtual void lbxLayers_Click();
-  virtual void cmdOK_Click() = 0;
-  /// Takes back what an earlier OK left for the run.
-  virtual void ForgetChoices(clsExtension& extension) = 0;
 
   /// Shift, output and buttons in their rows from this height on; sets the form's size.
   void PlaceLowerRows(double top);
-  void SetTabOrder(std::initializer_list<Control*> controls);
   /// Controls of the upper half that keep their place above the lower edge.
   void KeepAboveLowerEdge(std::initializer_list<Control*> controls);
   [[nodiscard]] AnchorObjectList& Anchors() { return anchors_; }
@@ -79,16 +67,9 @@ class LongitudeForm : public Form {
  private:
   void FillLayers(const std::string& preferred);
   void txtLongShift_Change();
-  void txtOutput_Change();
-  void cmdGetWorkspace_Click();
-  void cmdCancel_Click();
 
-  std::shared_ptr<IApplication> application_;
-  std::shared_ptr<clsExtension> extension_;
   std::vector<std::shared_ptr<IFeatureLayer>> layers_;
   double shift_ = 0.0;
-  MyGeneralOperations::OutputRow output_{txtOutput, FollowTypedOutput};
-  AnchorObjectList anchors_;
 };
 
 /// A number as the boxes show it: up to 13 decimals, without trailing zeros or a trailing point.

@@ -68,10 +68,9 @@ void frmBoundaryWrap::LayOut() {
   lblPole.Move(17, 213, 104, 9);
   cboPole.Move(125, 211, 90, 13);
   PlaceLowerRows(232);
-  SetTabOrder({&lblLayer,      &lbxLayers,       &txtMessage, &optWrap180,   &optWrap360,   &optCustom,  &lblWest,
-               &txtWest,       &lblEast,         &txtEast,    &lblNorth,     &txtNorth,     &lblSouth,   &txtSouth,
-               &chkShortSteps, &lblPole,         &cboPole,    &lblLongShift, &txtLongShift, &lblDegrees, &lblOutputName,
-               &txtOutput,     &cmdGetWorkspace, &cmdManual,  &cmdOK,        &cmdCancel});
+  SetTabOrder({&lblLayer,      &lbxLayers, &txtMessage, &optWrap180,   &optWrap360,   &optCustom, &lblWest,
+               &txtWest,       &lblEast,   &txtEast,    &lblNorth,     &txtNorth,     &lblSouth,  &txtSouth,
+               &chkShortSteps, &lblPole,   &cboPole,    &lblLongShift, &txtLongShift, &lblDegrees});
 }
 
 void frmBoundaryWrap::Form_Load() {

@@ -52,10 +52,9 @@ void frmGeoCentric::LayOut() {
   optWrap180.Move(7, 200, 200, 11);
   optWrap360.Move(7, 213, 200, 11);
   PlaceLowerRows(230);
-  SetTabOrder({&lblLayer,   &lbxLayers,       &txtMessage,   &lblCurrent,   &lblMajor,       &txtMajor,
-               &lblM1,      &lblMinor,        &txtMinor,     &lblM2,        &cmdGetSpheroid, &optNoWrap,
-               &optWrap180, &optWrap360,      &lblLongShift, &txtLongShift, &lblDegrees,     &lblOutputName,
-               &txtOutput,  &cmdGetWorkspace, &cmdManual,    &cmdOK,        &cmdCancel});
+  SetTabOrder({&lblLayer, &lbxLayers, &txtMessage, &lblCurrent, &lblMajor, &txtMajor, &lblM1, &lblMinor, &txtMinor,
+               &lblM2, &cmdGetSpheroid, &optNoWrap, &optWrap180, &optWrap360, &lblLongShift, &txtLongShift,
+               &lblDegrees});
 }
 
 void frmGeoCentric::Form_Load() {
