@@ -5,6 +5,7 @@
 
 #include <QDateTime>
 #include <algorithm>
+#include <iterator>
 #include <limits>
 #include <string_view>
 #include <utility>
@@ -228,6 +229,7 @@ QVariant::Type NextBest(QVariant::Type type) {
 }
 
 // Databases also have decimal numbers, whose places before the point run out, and numbers of half the precision.
+constexpr QLatin1String kDbaseStorage{"ESRI Shapefile"};
 constexpr const char* kDoubleTypes[] = {"double precision", "double", "binary_double", "float8", "float"};
 
 std::ptrdiff_t RankOfType(const QString& name) {
@@ -334,8 +336,10 @@ QgsField NewFieldFor(const Field& field, const QgsVectorDataProvider& provider) 
     const bool text = type == QVariant::String;
     for (const QgsVectorDataProvider::NativeType& native : types) {
       if (native.mType != type) continue;
-      // A number of MapInfo with a width is a decimal one that holds no more digits; one without is a double.
-      const bool has_double = type == QVariant::Double && provider.storageType().startsWith(QStringLiteral("MapInfo"));
+      // A double that is given a width would be kept as a decimal number of no more digits than that, or rounded to
+      // them. In dBASE tables it is one.
+      const bool has_double = type == QVariant::Double && RankOfType(native.mTypeName) < std::ssize(kDoubleTypes) &&
+                              provider.storageType() != kDbaseStorage;
       if (has_double) return {ToQt(field.Name), type, native.mTypeName, 0, 0};
       const int length = Clamped(text ? field.Length : field.Precision, native.mMinLen, native.mMaxLen);
       const int decimals = text ? 0 : Clamped(field.Scale, native.mMinPrec, native.mMaxPrec);

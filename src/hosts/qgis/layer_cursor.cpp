@@ -166,6 +166,7 @@ class WritingCursor final : public LayerCursor {
                 bool recycling, std::size_t batch_size)
       : LayerCursor(std::move(owner), std::move(feed), filter, recycling),
         provider_(Provider()),
+        selected_(Owner().Layer().selectedFeatureIds()),
         batch_size_(batch_size) {
     if (provider_) provider_->enterUpdateMode();
   }
@@ -194,6 +195,8 @@ class WritingCursor final : public LayerCursor {
     if (provider_) provider_->leaveUpdateMode();
     provider_ = nullptr;
     if (wrote_) Owner().ShowChanges(wrote_shapes_);
+    // Some formats are read anew as soon as they are written, by which the program clears it.
+    if (wrote_ && Owner().Layer().selectedFeatureIds() != selected_) Owner().Layer().selectByIds(selected_);
     wrote_ = wrote_shapes_ = false;
   }
 
@@ -208,6 +211,7 @@ class WritingCursor final : public LayerCursor {
   }
 
   QPointer<QgsVectorDataProvider> provider_;
+  QgsFeatureIds selected_;  // when the walk began
   std::size_t batch_size_;
   RowChanges changes_;
   bool wrote_ = false, wrote_shapes_ = false;

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "engine/data_source.h"
+#include "hosts/qgis/json_numbers.h"
 #include "hosts/qgis/layer_file.h"
 #include "hosts/qgis/values.h"
 #include "hosts/windows/qt_text.h"
@@ -123,11 +124,22 @@ void RequireNoOtherEditor(const QgsVectorLayer& layer) {
   }
 }
 
+// GDAL writes such a file as a whole, with all that it has read of it.
+void RequireReadableNumbers(const QgsVectorLayer& layer) {
+  if (layer.storageType() != QStringLiteral("GeoJSON")) return;
+  const std::string path = FileOf(layer).path;
+  if (!HasWiderIntegers(path)) return;
+  Raise(kInvalidCall, "The file '" + path + "' of the layer '" + FromQt(layer.name()) +
+                          "' holds whole numbers of more than 64 bits, which would be written as others: export the "
+                          "layer to a GeoPackage, and work on that.");
+}
+
 }  // namespace
 
 std::shared_ptr<IEdit> BeginLayerEdit(const std::shared_ptr<LayerClass>& rows) {
   QgsVectorLayer& layer = rows->Layer();
   RequireNoOtherEditor(layer);
+  RequireReadableNumbers(layer);
   if (layer.isEditable()) return std::make_shared<BufferEdit>(rows);
   const std::shared_ptr<IFeatureClass> stored = StoredClassOf(layer);
   return stored ? std::make_shared<FileEdit>(rows, stored) : nullptr;

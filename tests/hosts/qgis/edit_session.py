@@ -4,20 +4,21 @@ ever."""
 import math
 
 from program_steps import (WORK, QgsVectorLayer, choose_line, command, expect, make_layer, press, read_report)
-from qgis.core import QgsFeature, QgsGeometry, QgsProject
+from qgis.core import QgsFeature, QgsField, QgsGeometry, QgsProject
+from qgis.PyQt.QtCore import QVariant
 from vanished import Closer
 
 LINES = ["LINESTRING(0 0, 10 0)", "LINESTRING(0 0, 20 0)"]
 DEGREE = 6378137.0 * math.radians(1.0)
 
 
-def calculate(layer):
+def calculate(layer, *told):
     def answer(form):
         choose_line(form, "lbxLayers", layer.name())
         press(form, "chk1")
         press(form, "cmdOK")
 
-    steps = [expect("frmGeometry", answer), read_report(["Geometry Calculation Successful"])]
+    steps = [expect("frmGeometry", answer), read_report(told or ["Geometry Calculation Successful"])]
     command("Tessarine_CalcGeometry").trigger()
     assert all(step.done for step in steps)
 
@@ -72,6 +73,57 @@ def scenario():
         assert edited.commitChanges(), edited.commitErrors()
         assert stored(path) == [30, 20]
     values_that_would_be_lost()
+    values_in_full()
+    numbers_that_a_rewrite_would_change()
+
+
+def values_in_full():
+    """A value is the same by each way into the data: the file, the edit buffer, and the program behind a filter."""
+    crooked = ["LINESTRING(0 0, 1.2345678901234567 0.1)"]
+    found = {}
+    for way in ("file", "buffer", "filter"):
+        layer = make_layer("LineString", crooked, WORK / (way + ".gpkg"), way)
+        if way == "buffer":
+            assert layer.startEditing()
+        if way == "filter":
+            assert layer.setSubsetString("size >= 0")
+        calculate(layer)
+        assert way != "buffer" or layer.commitChanges(), layer.commitErrors()
+        found[way] = next(layer.getFeatures())["Sph_Len"]
+    assert len(set(found.values())) == 1 and round(found["file"], 9) != found["file"], found
+    # What stands in a field that has no room for the value stays there.
+    for ending in ("shp", "gpkg"):
+        layer = make_layer("LineString", LINES, WORK / ("narrow." + ending), "narrow " + ending)
+        assert layer.dataProvider().addAttributes([QgsField("Sph_Len", QVariant.String, len=4)])
+        layer.updateFields()
+        at = layer.fields().indexOf("Sph_Len")
+        assert layer.dataProvider().changeAttributeValues({row.id(): {at: "keep"} for row in layer.getFeatures()})
+        for edited in (False, True):
+            assert not edited or layer.startEditing()
+            calculate(layer, "Geometry Calculation Finished with Problems", "has no room for the value")
+            assert [row["Sph_Len"] for row in layer.getFeatures()] == ["keep", "keep"]
+        assert layer.rollBack()
+
+
+def numbers_that_a_rewrite_would_change():
+    path = WORK / "wide.geojson"
+    row = ('{"type":"Feature","properties":{"label":"row %d","text":"99999999999999999999 \\"","big":%s},'
+           '"geometry":{"type":"LineString","coordinates":[[0,0],[%d,0]]}}')
+    for big, kept in (("12345678901234567890", False), ("-9223372036854775808", True), ("1.5e30", True)):
+        text = '{"type":"FeatureCollection","features":[%s]}' % ",".join(row % (n, big, 10 * n + 10) for n in (0, 1))
+        path.write_text(text)
+        layer = QgsVectorLayer(str(path), "wide json", "ogr")
+        QgsProject.instance().addMapLayer(layer)
+        layer.selectByIds([1])
+        if kept:
+            calculate(layer)
+            found = {row["label"]: row["Sph_Len"] for row in layer.getFeatures()}
+            assert round(found["row 1"] / DEGREE, 6) == 20 and not found["row 0"], found
+        else:
+            refused(layer, "whole numbers of more than 64 bits")
+            assert path.read_text() == text
+        assert layer.selectedFeatureIds() == [1]
+        QgsProject.instance().removeMapLayer(layer.id())
 
 
 def values_that_would_be_lost():

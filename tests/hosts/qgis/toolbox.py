@@ -3,13 +3,14 @@
 import threading
 import time
 
-from program_steps import WORK, QApplication, QgsProject, QgsVectorLayer, make_layer, wait_until
+from program_steps import (WINDOW, WORK, QApplication, QgsProject, QgsVectorLayer, child, make_layer, wait_until)
 from qgis.core import (QgsApplication, QgsFeature, QgsGeometry, QgsProcessing, QgsProcessingAlgRunnerTask,
                        QgsProcessingContext, QgsProcessingFeatureSourceDefinition, QgsProcessingFeedback,
                        QgsProcessingModelAlgorithm, QgsProcessingModelChildAlgorithm,
                        QgsProcessingModelChildParameterSource, QgsProcessingModelOutput,
                        QgsProcessingModelParameter, QgsProcessingOutputLayerDefinition,
                        QgsProcessingParameterFeatureSource)
+from qgis.PyQt.QtWidgets import QTableWidget
 
 SQUARE = "POLYGON((0 0, 0 10, 10 10, 10 0, 0 0))"
 TRIANGLE = "POLYGON((20 0, 25 8, 30 0, 20 0))"
@@ -139,6 +140,8 @@ def layers_of_all_kinds(areas):
     assert [row[1] for row in rows_of(few)[1]] == [row[1] for row in expected[5:]] and results["READ"] == 1
     measured, _, _ = run("calculate", INPUT=chosen, MEASURE=["Number of Vertices"], OUTPUT="TEMPORARY_OUTPUT")
     assert [row[0] for row in rows_of(measured)[1]] == [["row 1", 1, 4]], rows_of(measured)
+    measured, _, _ = run("calculate", INPUT=chosen, MEASURE=["Number of Vertices"], OUTPUT=str(WORK / "measured.gpkg"))
+    assert [field.name() for field in measured.fields()] == ["fid", "label", "size", "Vertices"], measured.fields().names()
     areas.removeSelection()
     chosen = QgsProcessingFeatureSourceDefinition(areas.id(), selectedFeaturesOnly=True)
     assert run("to-polylines", INPUT=chosen, OUTPUT="TEMPORARY_OUTPUT")[0].featureCount() == 0
@@ -166,6 +169,10 @@ def refusals(areas):
     _, ok = algorithm("to-polylines").run({"INPUT": shape, "OUTPUT": str(WORK / "own.shp")}, context(), log)
     assert not ok and any("would replace the data of 'own'" in error for error in log.errors), log.errors
     assert QgsVectorLayer(str(WORK / "own.shp"), "own", "ogr").featureCount() == 1
+    # A run that began is among the others in the panel, with what stood against it.
+    runs = child(child(WINDOW, "TessarineReports"), "tblRuns", QTableWidget)
+    assert any("would replace the data of 'own'" in (runs.item(0, column).text() + runs.item(0, column).toolTip())
+               for column in range(runs.columnCount())), [runs.item(0, at).text() for at in range(runs.columnCount())]
 
 
 def faults_on_a_thread():

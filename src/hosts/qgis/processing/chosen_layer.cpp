@@ -95,7 +95,7 @@ std::shared_ptr<DocumentFeatureLayer> ChosenLayer::OpenCopy(QgsProcessingFeedbac
                            "': " + FromQt(folder_->errorString()) + ".");
   }
   const QString file = folder_->filePath(QStringLiteral("source.gpkg"));
-  const QString oid = FreeName(QStringLiteral("fid"), fields_);
+  const QString oid = key_ >= 0 ? fields_.at(key_).name() : FreeName(QStringLiteral("fid"), fields_);
   // The identifiers come in by a column that becomes the key; that of a file is one already.
   QgsFields columns;
   columns.append(QgsField(oid, QVariant::LongLong));

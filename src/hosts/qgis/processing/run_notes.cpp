@@ -33,6 +33,12 @@ RunNotes::RunNotes(const ITool& tool, const Arguments& arguments, const OutputGo
   if (goal.IsNamedFile() && Stands(goal.Place())) line_.SetReplaces();
 }
 
+void RunNotes::TellRefusal(const QString& why) const {
+  RunJournal journal;
+  journal.Fail(FromQt(why));
+  RunHistory::Post(PastRunOf(RunFrom::Toolbox, tool_.Spec().title, journal, "", line_.Line()));
+}
+
 void RunNotes::TellEnd(const RunJournal& journal, const std::string& report, QgsProcessingFeedback& feedback) {
   // A working copy lies in no place that anybody chose.
   const std::string output = ToNativePath(journal.output_path);

@@ -21,6 +21,8 @@ class RunNotes {
   RunNotes(const ITool& tool, const Arguments& arguments, const OutputGoal& goal);
   void SetLayer(const std::string& parameter, const LayerWords& words) { line_.SetLayer(parameter, words); }
 
+  /// A run that ended before its work began, for this reason.
+  void TellRefusal(const QString& why) const;
   void TellEnd(const RunJournal& journal, const std::string& report, QgsProcessingFeedback& feedback);
   /// `made` is what the program calls the output by.
   void DressWhenShown(const QString& made, const RunJournal& journal, QgsProcessingContext& context) const;

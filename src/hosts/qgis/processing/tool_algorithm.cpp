@@ -44,6 +44,20 @@ auto AsProgramErrors(Work&& work) {
   }
 }
 
+void RunAndTell(ToolRun& run, Arguments arguments, const OutputGoal& goal, RunNotes& notes,
+                QgsProcessingFeedback& feedback) {
+  try {
+    run.Run(std::move(arguments), goal);
+  } catch (const Fault& fault) {
+    notes.TellRefusal(LinesToQt(fault.Description()));
+    throw;
+  } catch (const QgsProcessingException& error) {
+    notes.TellRefusal(error.what());
+    throw;
+  }
+  notes.TellEnd(run.Journal(), run.Report(), feedback);
+}
+
 QString Sentence(std::string_view text) {
   const QString shown = Translated(text);
   return shown + (shown.endsWith(QLatin1Char('.')) ? "" : ".");
@@ -192,8 +206,7 @@ void ToolAlgorithm::MoveInPlace(const QVariantMap& parameters, QgsProcessingCont
       run.Take(std::string(kSourceParameter), layer, arguments);
       RunNotes notes(tool_, arguments, goal);
       notes.SetLayer(std::string(kSourceParameter), layer.Words());
-      run.Run(std::move(arguments), goal);
-      notes.TellEnd(run.Journal(), run.Report(), feedback);
+      RunAndTell(run, std::move(arguments), goal, notes, feedback);
     });
     const RunJournal& journal = run.Journal();
     if (!journal.failure.empty()) Raise(kEngine, journal.failure);
@@ -218,9 +231,8 @@ QVariantMap ToolAlgorithm::RunTool(const QVariantMap& parameters, QgsProcessingC
   for (auto& [name, layer] : layers_) run.Take(name, layer, arguments);
   RunNotes notes(tool_, arguments, goal);
   for (const auto& [name, layer] : layers_) notes.SetLayer(name, layer.Words());
-  run.Run(std::move(arguments), goal);
+  RunAndTell(run, std::move(arguments), goal, notes, feedback);
   const RunJournal& journal = run.Journal();
-  notes.TellEnd(journal, run.Report(), feedback);
   if (!journal.failure.empty()) throw QgsProcessingException(LinesToQt(journal.failure));
   if (journal.stopped && goal.IsNamedFile() && !journal.output_path.empty()) {
     feedback.pushWarning(Translated("The run was stopped; '%1' holds what was written until then.")
