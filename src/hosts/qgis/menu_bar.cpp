@@ -207,7 +207,7 @@ void MenuBar::Click(ICommand& command) {
       return;
     }
     NoteWindow();
-    const WindowHost::RunScope running(host_);
+    const WindowHost::CommandScope running(host_);
     command.OnClick();
     // A run that stopped or failed may have left its bar.
     application_->StatusBar()->HideProgressBar();

@@ -27,14 +27,14 @@ class WindowHost : public IHost, public IMessageBox, public IClipboard, public I
 
   /// Stands around the click of a command. While one lives, the event pump lets the user reach the suite's windows
   /// only, so that no second command and no closing of the program runs inside the first.
-  class RunScope {
+  class CommandScope {
    public:
-    explicit RunScope(WindowHost& host) : host_(host) { ++host_.runs_; }
-    ~RunScope() {
+    explicit CommandScope(WindowHost& host) : host_(host) { ++host_.runs_; }
+    ~CommandScope() {
       if (--host_.runs_ == 0) host_.RestoreMousePointer();
     }
-    RunScope(const RunScope&) = delete;
-    RunScope& operator=(const RunScope&) = delete;
+    CommandScope(const CommandScope&) = delete;
+    CommandScope& operator=(const CommandScope&) = delete;
 
    private:
     WindowHost& host_;

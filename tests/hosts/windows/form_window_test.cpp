@@ -267,7 +267,7 @@ TEST_F(FormWindowTest, DuringARunThePumpReachesTheSuitesWindowsAlone) {
     }
   };
   {
-    const WindowHost::RunScope scope(host);
+    const WindowHost::CommandScope scope(host);
     EXPECT_TRUE(host.Running());
     click(&foreign);
     click(own);
@@ -286,7 +286,7 @@ TEST_F(FormWindowTest, APumpWithinThePumpLeavesTheGateClosed) {
   int foreign_clicks = 0, inner_pumps = 0;
   QObject::connect(&foreign, &QPushButton::clicked, [&] { ++foreign_clicks; });
   foreign.show();
-  const WindowHost::RunScope scope(host);
+  const WindowHost::CommandScope scope(host);
   QTimer::singleShot(0, qApp, [&] {
     ++inner_pumps;
     host.PumpEvents();

@@ -395,7 +395,7 @@ TEST_F(HostDialogsTest, WorkThatAsksForAStopKeepsWindowsAlive) {
   QTimer::singleShot(0, qApp, [&] { came = true; });
   EXPECT_FALSE(StopRequested());
   EXPECT_FALSE(came) << "outside of a run nobody waits";
-  const WindowHost::RunScope running(host);
+  const WindowHost::CommandScope running(host);
   while (!came) EXPECT_FALSE(StopRequested());
 
   came = false;

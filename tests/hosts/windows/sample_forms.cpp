@@ -68,7 +68,7 @@ class FormTour {
     application->Start();
     for (const CommandRow& row : AllCommands()) {
       prefix_ = std::string(row.texts.class_name) + "_";
-      const WindowHost::RunScope scope(host_);
+      const WindowHost::CommandScope scope(host_);
       (void)application->Click(std::string("Tessarine.") + row.texts.class_name);
     }
     prefix_.clear();

@@ -60,7 +60,7 @@ TEST_F(WholeRunTest, AConversionGoesFromItsDialogToItsReport) {
     EXPECT_TRUE(window.Concealed());
   };
   {
-    const WindowHost::RunScope scope(host);
+    const WindowHost::CommandScope scope(host);
     EXPECT_TRUE(application->Click("Tessarine.clsShapesToVertices"));
   }
   application->Stop();
@@ -74,7 +74,7 @@ TEST_F(WholeRunTest, TheProgressWindowStopsTheRunAndShowsOrHidesItsLog) {
   application->extension = std::make_shared<clsExtension>();
   const auto form = OpenProgress(1000);
   FormWindow& window = *host.FormWindows().WindowOf(*form);
-  const WindowHost::RunScope scope(host);
+  const WindowHost::CommandScope scope(host);
   const int small = window.height();
   Click(window, "cmdDetails");
   host.PumpEvents();
