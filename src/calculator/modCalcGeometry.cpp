@@ -4,7 +4,6 @@
 #include "calculator/calculation_report.h"
 #include "calculator/record_loop.h"
 #include "calculator/result_fields.h"
-#include "platform/host.h"
 #include "platform/known_ids.h"
 #include "platform/paths.h"
 #include "platform/rich_text.h"
@@ -173,12 +172,6 @@ std::string Calculate(RunScope& scope, const std::shared_ptr<VarArray>& carrier,
 
 }  // namespace
 
-std::string CalcGeometry(const std::shared_ptr<VarArray>& options, const std::shared_ptr<IApplication>& application,
-                         bool, bool) {
-  RunContext context = HostContext();
-  return CalcGeometry(context, options, application);
-}
-
 std::string CalcGeometry(RunContext& context, const std::shared_ptr<VarArray>& options,
                          const std::shared_ptr<IApplication>& application) {
   RunScope scope(context);
@@ -234,10 +227,6 @@ bool CanEditWOEditSession(const std::shared_ptr<IFeatureClass>& features) {
     const auto versioned = Cast<IVersionedObject>(features);
     return !versioned || !versioned->IsRegisteredAsVersioned();
   });
-}
-
-std::shared_ptr<clsExtension> GetExtension(const std::shared_ptr<IApplication>& application) {
-  return Trap("GetExtension", [&] { return FindExtension(application); });
 }
 
 }  // namespace tessarine::modCalcGeometry

@@ -203,32 +203,4 @@ std::string RunLoop(RunContext& context, const char* routine, const std::shared_
       });
 }
 
-std::string CalcGeometryPoint(const std::shared_ptr<VarArray>& options,
-                              const std::shared_ptr<IApplication>& application, const FieldIndexes& indexes,
-                              std::int32_t& record_count, bool show_progress, bool) {
-  RunContext context = HostContext();
-  return RunLoop(context, "CalcGeometryPoint", options, application, indexes, record_count, show_progress);
-}
-
-std::string CalcGeometryMultipoint(const std::shared_ptr<VarArray>& options,
-                                   const std::shared_ptr<IApplication>& application, const FieldIndexes& indexes,
-                                   std::int32_t& record_count, bool show_progress, bool) {
-  RunContext context = HostContext();
-  return RunLoop(context, "CalcGeometryMultipoint", options, application, indexes, record_count, show_progress);
-}
-
-std::string CalcGeometryPolyline(const std::shared_ptr<VarArray>& options,
-                                 const std::shared_ptr<IApplication>& application, const FieldIndexes& indexes,
-                                 std::int32_t& record_count, bool show_progress, bool) {
-  RunContext context = HostContext();
-  return RunLoop(context, "CalcGeometryPolyline", options, application, indexes, record_count, show_progress);
-}
-
-std::string CalcGeometryPolygon(const std::shared_ptr<VarArray>& options,
-                                const std::shared_ptr<IApplication>& application, const FieldIndexes& indexes,
-                                std::int32_t& record_count, bool show_progress, bool) {
-  RunContext context = HostContext();
-  return RunLoop(context, "CalcGeometryPolygon", options, application, indexes, record_count, show_progress);
-}
-
 }  // namespace tessarine::modCalcGeometry

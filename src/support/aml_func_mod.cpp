@@ -209,9 +209,4 @@ std::string GetMxDocPath(const std::shared_ptr<IApplication>& application) {
   });
 }
 
-std::string GetTheUserName() {
-  return TrapHelper("GetTheUserName",
-                    [] { return BasicTrimAvenue(SystemAtHand().UserName(), "", std::string(1, '\0')); });
-}
-
 }  // namespace tessarine::aml_func_mod

@@ -62,11 +62,6 @@ bool CheckIfFeatureClassExists(const std::shared_ptr<IFeatureWorkspace>& workspa
   return Attempt([&] { return workspace->OpenTable(name); }) != nullptr;
 }
 
-bool CheckIfTableExists(const std::shared_ptr<IFeatureWorkspace>& workspace, const std::string& name) {
-  if (Attempt([&] { return workspace->OpenTable(name); })) return true;
-  return Attempt([&] { return workspace->OpenFeatureClass(name); }) != nullptr;
-}
-
 std::string MakeUniqueGDBFeatureClassName(const std::shared_ptr<IFeatureWorkspace>& workspace,
                                           const std::string& name) {
   return TrapHelper("MakeUniqueGDBFeatureClassName", [&] {
@@ -75,15 +70,7 @@ std::string MakeUniqueGDBFeatureClassName(const std::shared_ptr<IFeatureWorkspac
   });
 }
 
-std::string MakeUniqueGDBTableName(const std::shared_ptr<IFeatureWorkspace>& workspace, const std::string& name) {
-  return TrapHelper("MakeUniqueGDBTableName", [&] {
-    return FirstFree(name, [&](const std::string& candidate) { return CheckIfTableExists(workspace, candidate); });
-  });
-}
-
 std::string MakeUniqueShapeFilename(const std::string& path) { return aml_func_mod::MakeUniqueFilename(path); }
-
-std::string MakeUniquedBASEName(const std::string& path) { return aml_func_mod::MakeUniqueFilename(path); }
 
 std::string ReplaceBadChars(const std::string& text, bool replace_dot, bool replace_backslash, bool replace_blank,
                             bool prefix_first_letter) {
@@ -109,31 +96,6 @@ std::string ReturnDBASEFieldName(const std::string& name, const ObjectRef& exist
                                  [&](const std::string& other) { return EqualsIgnoringCase(other, candidate); });
     };
     return FirstFreeWithin(kDbaseNameLength, legal, taken);
-  });
-}
-
-std::shared_ptr<VarArray> MakeFieldNameVarArray(const IClass& from_class, const IClass& to_class,
-                                                const VarArray& selected_fields, bool use_array_elements) {
-  return TrapHelper("MakeFieldNameVarArray", [&] {
-    auto rows = std::make_shared<VarArray>();
-    for (const Variant& entry : selected_fields) {
-      std::string source, output;
-      if (use_array_elements) {
-        const auto names = entry.AsObject<StrArray>();
-        source = Require(names, "IStringArray")->Element(0);
-        output = names->Element(1);
-      } else {
-        const auto field = entry.AsObject<Field>();
-        source = output = Require(field, "IField")->Name;
-      }
-      auto row = std::make_shared<VarArray>();
-      row->Add(source);
-      row->Add(from_class.FindField(source));
-      row->Add(output);
-      row->Add(to_class.FindField(output));
-      rows->Add(row);
-    }
-    return rows;
   });
 }
 
