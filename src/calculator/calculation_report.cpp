@@ -40,7 +40,7 @@ constexpr std::string_view kEmptyFeatures =
 
 constexpr std::string_view kFaultConsequence =
     "Values of these features that could not be calculated are set to -9999, or left null where a measure has no such "
-    "mark.";
+    "mark; fields that have no room for a value keep what they held.";
 
 constexpr std::string_view kCopyConsequence =
     "These records could not be copied as they are: they are without their shapes, or not in the copy at all.";

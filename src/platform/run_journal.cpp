@@ -104,7 +104,13 @@ void RunJournal::TakeNotes(const RunJournal& notes) {
   append(changed_names, notes.changed_names);
   append(planned_questions, notes.planned_questions);
   append(unmeasured_oids, notes.unmeasured_oids);
-  append(warnings, notes.warnings);
+  for (const RunWarning& warning : notes.warnings) {
+    // One that counts no records says the same however often it comes.
+    const bool is_known = std::ranges::any_of(warnings, [&](const RunWarning& own) {
+      return own.count == 0 && warning.count == 0 && own.text == warning.text;
+    });
+    if (!is_known) warnings.push_back(warning);
+  }
   append(faults, notes.faults);
   if (notes.brought) brought = notes.brought;
   other_warnings += notes.other_warnings;

@@ -55,7 +55,7 @@ TEST_F(Copies, FieldsOfAnyNameKeepTheirValues) {
                         {"geometry", {{"type", "LineString"}, {"coordinates", {{0, 0}, {1, 1}}}}}};
   WriteFile(In("s.geojson"), json({{"type", "FeatureCollection"}, {"features", {feature}}}).dump());
   for (const char* copy : {"c.gpkg", "c.geojson", "c.gml", "c.csv", "c.kml", "c.gmt", "c.tab", "c.jml", "c.gdb/c",
-                           "c.sqlite", "c.fgb", "c.shp"}) {
+                           "c.sqlite", "c.fgb", "c.shp", "c.kmz", "c.shz"}) {
     const ProgramOutcome run = Calculate(In("s.geojson"), In(copy));
     ASSERT_EQ(run.status, 0) << copy << run.err;
     const auto data = OpenData(In(std::string(copy).substr(0, std::string(copy).find('/'))));
@@ -66,6 +66,13 @@ TEST_F(Copies, FieldsOfAnyNameKeepTheirValues) {
       EXPECT_EQ(values.count("v" + std::to_string(index)), 1U) << copy << names[index];
     }
   }
+}
+
+TEST_F(Copies, ZippedShapefilesKeepLettersOfAllLanguages) {
+  WriteFile(In("s.geojson"), R"({"type":"FeatureCollection","features":[{"type":"Feature",
+"properties":{"k":"1","name":"Łódź Ω"},"geometry":{"type":"LineString","coordinates":[[0,0],[1,1]]}}]})");
+  ASSERT_EQ(Calculate(In("s.geojson"), In("c.shz")).status, 0);
+  EXPECT_EQ(Values(In("c.shz"), "", "k", "name")["1"], "Łódź Ω");
 }
 
 TEST_F(Copies, ARecordWithoutAShapeCostsNoOther) {
