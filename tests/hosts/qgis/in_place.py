@@ -3,8 +3,9 @@
 import os
 import subprocess
 
+from osgeo import ogr, osr
 from program_steps import WORK, QgsVectorLayer, iface, make_layer
-from qgis.core import QgsApplication, QgsFeature, QgsGeometry
+from qgis.core import QgsApplication, QgsFeature, QgsGeometry, QgsProject
 from qgis.gui import QgsProcessingToolboxModel, QgsProcessingToolboxProxyModel
 from toolbox import Log, context, rows_of
 
@@ -39,7 +40,10 @@ def same(found, wkt):
 
 def what_is_offered(areas):
     for layer, names in ((areas, {"tessarine:wrap", "tessarine:to-centric", "tessarine:to-graphic"}),
-                         (QgsVectorLayer("NoGeometry", "table", "memory"), set())):
+                         (QgsVectorLayer("NoGeometry", "table", "memory"), set()),
+                         # Heights and measures would be lost.
+                         (QgsVectorLayer("LineStringZ?crs=EPSG:4326", "heights", "memory"), set()),
+                         (QgsVectorLayer("PointM?crs=EPSG:4326", "measures", "memory"), set())):
         model = QgsProcessingToolboxProxyModel()
         model.setFilters(QgsProcessingToolboxProxyModel.FilterInPlace)
         model.setInPlaceLayer(layer)
@@ -111,6 +115,26 @@ def what_stays():
     assert after[1] == before[1] and after[2] == before[2], after
     assert same(after[0], "MULTIPOLYGON(((1 0, 1 10, 11 10, 11 0, 1 0)))"), after
     assert odd.rollBack()
+    # A shape of several parts in a layer of single ones: the program itself would divide its feature.
+    data = ogr.GetDriverByName("GPKG").CreateDataSource(str(WORK / "parts.gpkg"))
+    reference = osr.SpatialReference()
+    reference.ImportFromEPSG(4326)
+    rows = data.CreateLayer("parts", reference, ogr.wkbPolygon)
+    for wkt in ("MULTIPOLYGON(((350 0,350 1,351 1,350 0)),((340 0,340 1,341 1,340 0)))",
+                "POLYGON((350 0,350 1,351 1,350 0))"):
+        row = ogr.Feature(rows.GetLayerDefn())
+        row.SetGeometry(ogr.CreateGeometryFromWkt(wkt))
+        rows.CreateFeature(row)
+    row = rows = data = None
+    parts = QgsVectorLayer(str(WORK / "parts.gpkg"), "parts", "ogr")
+    QgsProject.instance().addMapLayer(parts)
+    before = shapes(parts)
+    log = in_place("wrap", parts, RANGE="180")
+    assert any("(identifiers 1)" in text for text in log.errors), log.errors
+    after = shapes(parts)
+    assert after.keys() == before.keys() and after[1] == before[1], after
+    assert same(after[2], "POLYGON((-10 0,-10 1,-9 1,-10 0))"), after
+    assert parts.rollBack()
     # What the user edited before isn't lost with a run that can't begin.
     metres = make_layer("Polygon", [WITHIN], WORK / "metres.gpkg", "metres", "EPSG:3857")
     assert metres.startEditing()

@@ -74,6 +74,18 @@ void InPlaceShapes::Take(QgsVectorLayer& made, const QgsVectorLayer& edited, con
   Tell(kept, log);
 }
 
+QgsFeatureIds InPlaceShapes::Writable(const QgsVectorLayer& edited, const QgsFeatureIds& chosen) const {
+  QgsFeatureIds writable = chosen;
+  QgsFeatureRequest request(chosen);
+  request.setNoAttributes();
+  QgsFeatureIterator rows = edited.getFeatures(request);
+  for (QgsFeature row; rows.nextFeature(row);) {
+    if (shapes_.contains(row.id()) || !row.hasGeometry()) continue;
+    if (row.geometry().coerceToType(edited.wkbType()).size() != 1) writable.remove(row.id());
+  }
+  return writable;
+}
+
 QgsFeature InPlaceShapes::Moved(QgsFeature feature) const {
   if (const auto shape = shapes_.find(feature.id()); shape != shapes_.end()) feature.setGeometry(shape->second);
   return feature;

@@ -27,6 +27,10 @@ class InPlaceShapes {
   /// The feature with its new shape; as it is where there is none.
   [[nodiscard]] QgsFeature Moved(QgsFeature feature) const;
 
+  /// Those of these features that the program may write: the ones with a new shape, and the ones whose own shape the
+  /// layer's type holds. The program would divide any other into several features.
+  [[nodiscard]] QgsFeatureIds Writable(const QgsVectorLayer& edited, const QgsFeatureIds& chosen) const;
+
   /// The column of the run's source that holds the identifiers of the features.
   static const QString kIdentifier;
 

@@ -3,6 +3,7 @@
 
 #include <qgsexception.h>
 
+#include <QPointer>
 #include <algorithm>
 #include <iterator>
 #include <utility>
@@ -102,6 +103,8 @@ QgsProcessingAlgorithm::Flags ToolAlgorithm::flags() const {
 bool ToolAlgorithm::supportInPlaceEdit(const QgsMapLayer* layer) const {
   const auto* edited = qobject_cast<const QgsVectorLayer*>(layer);
   if (edited == nullptr || !KeepsRecords(Spec())) return false;
+  // What the tools make is flat: heights and measures would be lost.
+  if (QgsWkbTypes::hasZ(edited->wkbType()) || QgsWkbTypes::hasM(edited->wkbType())) return false;
   const auto& shapes = Spec().Find(kSourceParameter)->shapes;
   return std::ranges::find(shapes, ShapeTypeOf(edited->wkbType())) != shapes.end();
 }
@@ -192,11 +195,13 @@ void ToolAlgorithm::MoveInPlace(const QVariantMap& parameters, QgsProcessingCont
   const auto tell = [&](const QString& why) {
     feedback.reportError(why + QLatin1Char('\n') + Translated("All features stay as they are."));
   };
+  const QgsProcessingParameterDefinition& source = *parameterDefinition(QStringLiteral("INPUT"));
+  const QPointer<QgsVectorLayer> edited = LayerOf(source, parameters, context);
+  if (!edited) return tell(Translated("The layer has gone."));
+  const QgsFeatureIds chosen = edited->selectedFeatureIds();
   try {
     const RunTurn turn;
     if (!turn.Taken()) Raise(kInvalidCall, "Another run of the suite is at work: wait for its end.");
-    const QgsProcessingParameterDefinition& source = *parameterDefinition(QStringLiteral("INPUT"));
-    const QgsVectorLayer* edited = LayerOf(source, parameters, context);
     ChosenLayer layer(source, parameters, context, CopiedFields::Identifiers);
     ToolRun run(tool_, feedback);
     OutputGoal goal(*parameterDefinition(QLatin1String(kOutput)), parameters, context);
@@ -211,12 +216,15 @@ void ToolAlgorithm::MoveInPlace(const QVariantMap& parameters, QgsProcessingCont
     const RunJournal& journal = run.Journal();
     if (!journal.failure.empty()) Raise(kEngine, journal.failure);
     if (!finished || journal.stopped || journal.output_path.empty()) Raise(kEngine, "The run was stopped.");
-    moved_.Take(*goal.Open(journal.output_path), *edited, edited->selectedFeatureIds(), journal, feedback);
+    if (!edited) Raise(kEngine, "The layer has gone while the run was at work.");
+    moved_.Take(*goal.Open(journal.output_path), *edited, chosen, journal, feedback);
   } catch (const Fault& fault) {
     tell(LinesToQt(fault.Description()));
   } catch (const QgsProcessingException& error) {
     tell(error.what());
   }
+  // The program writes the features that are selected now.
+  if (edited) edited->selectByIds(moved_.Writable(*edited, chosen));
 }
 
 QgsFeatureList ToolAlgorithm::processFeature(const QgsFeature& feature, QgsProcessingContext&, QgsProcessingFeedback*) {

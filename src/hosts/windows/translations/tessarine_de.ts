@@ -2900,5 +2900,9 @@ Bailing out...</source>
         <source>degree</source>
         <translation>Grad</translation>
     </message>
+    <message>
+        <source>The layer has gone.</source>
+        <translation>Der Layer ist nicht mehr da.</translation>
+    </message>
 </context>
 </TS>
