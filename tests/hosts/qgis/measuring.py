@@ -136,6 +136,8 @@ def spheroids_are_searched():
     assert lines == ["Mars 2000 (ESRI:107905)"] and chosen == "Mars 2000", (lines, chosen)
     assert search("EPSG:7030", Qt.Key_Return)[1] == "WGS 1984"
     assert search("nothing such", Qt.Key_Return) == ([], "WGS 1984")
+    assert search("mars 2", Qt.Key_Tab)[1] == "Mars 2000", "what the box says is what is measured on"
+    assert search("venus", Qt.Key_Escape)[1] == "Mars 2000"
     choose("cboSpheroid", "As the project")
 
 

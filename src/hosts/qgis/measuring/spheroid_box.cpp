@@ -50,6 +50,7 @@ SpheroidBox::SpheroidBox(QWidget* parent) : QComboBox(parent), spheroids_(Sphero
   connect(
       completer, found, this, [this](const QModelIndex& text) { Take(text.data(kRow).toInt()); }, Qt::QueuedConnection);
   completer->popup()->installEventFilter(this);
+  lineEdit()->installEventFilter(this);
   connect(lineEdit(), &QLineEdit::editingFinished, this, [this] { TakeTyped(); });
 }
 
@@ -67,12 +68,35 @@ void SpheroidBox::NameFirst(const QString& name) { setItemText(0, Translated("As
 
 bool SpheroidBox::eventFilter(QObject* watched, QEvent* event) {
   auto* const found = lineEdit() != nullptr ? lineEdit()->completer()->popup() : nullptr;
+  if (event->type() == QEvent::FocusOut && watched == lineEdit()) Leave(static_cast<QFocusEvent*>(event)->reason());
   if (event->type() != QEvent::KeyPress || watched != found) return QComboBox::eventFilter(watched, event);
   const int key = static_cast<QKeyEvent*>(event)->key();
+  if (key == Qt::Key_Escape) {
+    found->hide();
+    Take(currentIndex());
+    return true;
+  }
+  if (key == Qt::Key_Tab || key == Qt::Key_Backtab) {
+    Leave(Qt::TabFocusReason);
+    return focusNextPrevChild(key == Qt::Key_Tab);
+  }
   if ((key != Qt::Key_Return && key != Qt::Key_Enter) || found->currentIndex().isValid()) return false;
   found->hide();
   TakeTyped();
   return true;
+}
+
+// What stands in the box is what is measured on: the line that is marked in the list, or else what was typed.
+void SpheroidBox::Leave(Qt::FocusReason reason) {
+  if (reason == Qt::PopupFocusReason || reason == Qt::ActiveWindowFocusReason) return;
+  auto* const found = lineEdit()->completer()->popup();
+  const QModelIndex marked = found->isVisible() ? found->currentIndex() : QModelIndex();
+  found->hide();
+  if (marked.isValid()) {
+    Take(marked.data(kRow).toInt());
+  } else {
+    TakeTyped();
+  }
 }
 
 void SpheroidBox::Take(int row) {

@@ -24,10 +24,11 @@ class SpheroidBox final : public QComboBox {
   void NameFirst(const QString& name);
 
  protected:
-  /// Return in the list of those found, where none of them is marked.
+  /// Return in the list of those found, where none of them is marked; Escape there; and the end of typing.
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  void Leave(Qt::FocusReason reason);
   void Take(int row);
   void TakeTyped();
 
