@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// A class or table of a personal geodatabase as a layer of GDAL's, so that the rest of the engine reads and writes it as
-// any other.
+// A class or table of a personal geodatabase as a layer of GDAL's, so that the rest of the engine reads and writes it
+// as any other.
 //
 // Rows are read as they lie where that is the order of their identifiers, else by identifier. An insert, a change and a
 // delete write the row and the row of the table that tells the cells of shapes; indexes, maps and counts follow with

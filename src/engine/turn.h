@@ -8,10 +8,9 @@
 
 namespace tessarine::engine {
 
-/// Twice the area of the triangle from `from` to `to` and `place`, above 0 where that lies left of the line, and how far
-/// it may be off.
-/// The bound is that of J. R. Shewchuk, "Adaptive Precision Floating-Point Arithmetic and Fast Robust Geometric
-/// Predicates", Discrete & Computational Geometry 18 (1997).
+/// Twice the area of the triangle from `from` to `to` and `place`, above 0 where that lies left of the line, and how
+/// far it may be off. The bound is that of J. R. Shewchuk, "Adaptive Precision Floating-Point Arithmetic and Fast
+/// Robust Geometric Predicates", Discrete & Computational Geometry 18 (1997).
 struct RoundedTurn {
   double twice_area, bound;
 

@@ -16,8 +16,7 @@ bool AreWithin(std::span<const XY> places, double farthest) {
 }
 
 bool AreWithin(const Path& path, double farthest) {
-  return AreWithin(path.Vertices(), farthest) &&
-         std::ranges::all_of(path.Curves(), [&](const Path::CurveAt& curve) {
+  return AreWithin(path.Vertices(), farthest) && std::ranges::all_of(path.Curves(), [&](const Path::CurveAt& curve) {
            return AreWithin(curve.segment.QueryPoint(esriNoExtension, 0.5, true), farthest);
          });
 }
