@@ -4,7 +4,7 @@
 #include <algorithm>
 
 #include "calculator/calculation_report.h"
-#include "platform/paths.h"
+#include "outputs/output_argument.h"
 #include "platform/run_stop.h"
 #include "platform/text_formats.h"
 #include "support/foretold_changes.h"
@@ -80,10 +80,6 @@ std::optional<LayerCopy> CopyRecords(const LayerCopyRequest& request, RunJournal
 }
 
 }  // namespace
-
-OutputPlace PlaceOf(const ToolOutput& output) {
-  return {FormatOfKind(output.kind), ToNativePath(output.directory), output.dataset, output.name};
-}
 
 bool AnySelected(const IFeatureLayer& layer) {
   const std::shared_ptr<ISelectionSet> selection = SelectionOf(layer);

@@ -52,8 +52,6 @@ struct LayerForMeasures {
   std::vector<ToolMeasure> measures;
 };
 
-/// Where the copy goes.
-[[nodiscard]] OutputPlace PlaceOf(const ToolOutput& output);
 /// Whether the user has selected records of the layer.
 [[nodiscard]] bool AnySelected(const IFeatureLayer& layer);
 

@@ -8,7 +8,6 @@
 #include "calculator/measures.h"
 #include "calculator/modCalcGeometry.h"
 #include "calculator/record_loop.h"
-#include "platform/host.h"
 #include "platform/run_scope.h"
 #include "support/attribute_copy.h"
 #include "support/frmOrlProgressMeter.h"
@@ -85,7 +84,6 @@ class RecordLoop {
     return {context_,
             std::move(words),
             application_,
-            FindExtension(application_),
             count,
             show_progress_ ? std::make_shared<frmOrlProgressMeter>() : nullptr,
             LogView::AsLastTime};

@@ -61,7 +61,7 @@ void LeaveChoices(clsExtension& extension, const std::shared_ptr<IFeatureLayer>&
                   const MyGeneralOperations::OutputRow& output) {
   extension.NewShapefileLocation = output.Path();
   extension.SelectedLayer = Require(layer, "layer");
-  RememberOutput(output.Choice(), extension);
+  MyGeneralOperations::RememberOutput(output.Place(), extension);
   extension.DoAllRecords = records == ToolRecords::All;
   extension.AnalysisRecordCount =
       extension.DoAllRecords ? layer->FeatureClass()->FeatureCount(nullptr) : SelectionOf(layer)->Count();

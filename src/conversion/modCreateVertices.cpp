@@ -6,7 +6,6 @@
 #include "conversion/conversion_step.h"
 #include "conversion/field_transfer.h"
 #include "conversion/output_frame.h"
-#include "conversion/output_target.h"
 #include "conversion/recorded_output.h"
 #include "conversion/run_data.h"
 #include "conversion/run_reports.h"
@@ -203,10 +202,8 @@ RunProgressWords ProgressWords(const ConversionRun& run, const std::string& laye
 
 }  // namespace
 
-std::string RunConversion(RunContext& context, const ConversionRun& run, const std::shared_ptr<IFeatureLayer>& layer,
-                          const std::shared_ptr<VarArray>& fields, bool all_records, const std::string& path,
-                          const std::shared_ptr<IApplication>& application,
-                          const std::shared_ptr<clsExtension>& extension, bool show_progress) {
+std::string RunConversion(RunContext& context, const ConversionRun& run, const ConversionChoices& choices,
+                          const std::shared_ptr<IApplication>& application, ProgressShown shown) {
   RunFacts facts;
   RunScope scope(context);
   RunJournal& journal = scope.Journal();
@@ -214,12 +211,13 @@ std::string RunConversion(RunContext& context, const ConversionRun& run, const s
   const auto tell_faults = [&] { ReportRecordFaults(journal, run.worker, facts.layer_name); };
   const auto run_body = [&]() -> std::string {
     const auto document = Cast<IMxDocument>(application->Document());
-    const RunInput input = OpenInput(layer, all_records, context.jobs > 1 ? Rows::Stay : Rows::Recycled);
-    facts.layer_name = layer->Name();
-    facts.all_records = all_records;
+    const RunInput input =
+        OpenInput(choices.layer, choices.all_records, context.jobs > 1 ? Rows::Stay : Rows::Recycled);
+    facts.layer_name = choices.layer->Name();
+    facts.all_records = choices.all_records;
     facts.record_count = input.count;
-    RunProgress progress(context, ProgressWords(run, facts.layer_name), application, extension, input.count,
-                         show_progress && run.kind != RunKind::Joining);
+    RunProgress progress(context, ProgressWords(run, facts.layer_name), application, input.count,
+                         shown == ProgressShown::Yes && run.kind != RunKind::Joining);
 
     const SpatialReferenceRef reference = input.features->SpatialReference();
     if (!CanFrame(run, reference)) {
@@ -236,17 +234,17 @@ std::string RunConversion(RunContext& context, const ConversionRun& run, const s
       Raise(kTypeMismatch, std::string(reason));
     }
     const ShapeRule rule = RuleFor(run, input_type);
-    const OutputTarget target = SplitOutputPath(path, *extension);
-    FieldTransfer transfer = FieldTransfer::BesideInput(*input.features, rule.measure_fields, *fields, target.kind);
-    if (all_records) NoteLeftOut(*input.features, journal);
-    OutputRequest request = RequestFor(target, run.words.name_prompt);
+    FieldTransfer transfer =
+        FieldTransfer::BesideInput(*input.features, rule.measure_fields, *choices.fields, choices.output.Kind());
+    if (choices.all_records) NoteLeftOut(*input.features, journal);
+    OutputRequest request = RequestFor(choices.output, run.words.name_prompt);
     request.geometry_type = rule.output;
     request.reference = frame.reference;
     request.envelope = &frame.extent;
     request.fields = transfer.OutputFields();
     request.sources = {input.features};
     AnnounceLosses(context, *input.features, facts.layer_name, transfer.Carried());
-    AnnounceChanges(context, transfer.Carried(), request.kind);
+    AnnounceChanges(context, transfer.Carried(), request.place.Kind());
     output = CreateOutput(context, request);
     if (!output) {
       progress.Abandon();

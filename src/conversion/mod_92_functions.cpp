@@ -7,11 +7,9 @@
 #include "conversion/build_reports.h"
 #include "conversion/field_transfer.h"
 #include "conversion/label_search.h"
-#include "conversion/output_target.h"
 #include "conversion/run_data.h"
 #include "platform/feature_construction.h"
 #include "platform/finite_shape.h"
-#include "platform/host.h"
 #include "platform/run_scope.h"
 #include "platform/run_stop.h"
 #include "support/MyGeneralOperations.h"
@@ -139,10 +137,15 @@ std::string GiveUp(RunContext& context, const std::string& message) {
 
 }  // namespace
 
+OutputPlace FreePlace(const OutputPlace& place) {
+  OutputPlace free = place;
+  free.name = aml_func_mod::ReturnFilename(aml_func_mod::MakeUniqueFilename(place.Path()));
+  return free;
+}
+
 std::string BuildPolygons(RunContext& context, const BuildChoices& choices,
                           const std::shared_ptr<IMxDocument>& document,
-                          const std::shared_ptr<IApplication>& application,
-                          const std::shared_ptr<clsExtension>& extension) {
+                          const std::shared_ptr<IApplication>& application) {
   RunScope scope(context);
   RunJournal& journal = scope.Journal();
   const std::shared_ptr<IFeatureLayer>& line_layer = choices.lines;
@@ -156,16 +159,16 @@ std::string BuildPolygons(RunContext& context, const BuildChoices& choices,
     }
 
     BuildFacts facts;
-    facts.output_path = aml_func_mod::MakeUniqueFilename(choices.path);
+    const OutputPlace place = FreePlace(choices.output);
+    facts.output_path = place.Path();
     const VarArray none;
-    const OutputTarget target = SplitOutputPath(facts.output_path, *extension);
     FieldTransfer transfer =
-        FieldTransfer::BesideChosen(kMeasures, choices.fields ? *choices.fields : none, target.kind);
+        FieldTransfer::BesideChosen(kMeasures, choices.fields ? *choices.fields : none, place.Kind());
     if (choices.all_lines) NoteLeftOut(*lines.features, journal);
     const SpatialReferenceRef reference = lines.features->SpatialReference();
     const Envelope extent = lines.features->Extent();
     const auto points = choices.labels ? choices.labels->FeatureClass() : nullptr;
-    OutputRequest request = RequestFor(target, "Specify New Polygon Feature Class Name:");
+    OutputRequest request = RequestFor(place, "Specify New Polygon Feature Class Name:");
     request.geometry_type = esriGeometryPolygon;
     request.reference = reference;
     request.envelope = &extent;
@@ -174,7 +177,7 @@ std::string BuildPolygons(RunContext& context, const BuildChoices& choices,
     if (points) request.sources.push_back(points);
     journal.reference = reference;
     AnnounceLosses(context, *lines.features, line_layer->Name(), transfer.Carried());
-    AnnounceChanges(context, transfer.Carried(), request.kind);
+    AnnounceChanges(context, transfer.Carried(), request.place.Kind());
     output = CreateOutput(context, request);
     if (!output) return EndWithoutOutput(context);
     facts.output_path = OutputPath(*output, request);
@@ -231,20 +234,6 @@ std::string BuildPolygons(RunContext& context, const BuildChoices& choices,
     tell_faults();
   }
   return report;
-}
-
-std::string orlBuildPolygons(const std::shared_ptr<IFeatureLayer>& line_layer, bool all_lines, double cluster_tolerance,
-                             bool transfer_labels, bool use_all_label_points, bool use_first_label_point,
-                             const std::shared_ptr<IFeatureLayer>& point_layer, const std::shared_ptr<VarArray>& fields,
-                             const std::string& path, bool, const ObjectRef&,
-                             const std::shared_ptr<IMxDocument>& document,
-                             const std::shared_ptr<IApplication>& application,
-                             const std::shared_ptr<clsExtension>& extension) {
-  RunContext context = HostContext();
-  return BuildPolygons(context,
-                       {line_layer, all_lines, cluster_tolerance, transfer_labels ? point_layer : nullptr,
-                        use_all_label_points, use_first_label_point, fields, path},
-                       document, application, extension);
 }
 
 }  // namespace tessarine::mod_92_functions

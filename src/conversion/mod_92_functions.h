@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 
+#include "outputs/output_place.h"
 #include "platform/application.h"
 #include "platform/run_context.h"
 #include "session/clsExtension.h"
@@ -20,8 +21,8 @@ namespace tessarine::mod_92_functions {
 /// two equally near ones the first. A polygon without a point is listed and keeps these fields unset. Point layer and
 /// fields may be nothing. The output is named anew when its path is taken. No attribute of the lines is carried over.
 /// The run can't be stopped. A source that can't be read or an output that can't be written ends in the fault report
-/// and a report that tells why; lines and polygons that meet a fault are left out and told. Nothing reads two of the
-/// arguments.
+/// and a report that tells why; lines and polygons that meet a fault are left out and told. Kind and feature dataset of
+/// the output are those that the extension remembers. Nothing reads two of the arguments.
 [[nodiscard]] std::string orlBuildPolygons(
     const std::shared_ptr<IFeatureLayer>& line_layer, bool all_lines, double cluster_tolerance, bool transfer_labels,
     bool use_all_label_points, bool use_first_label_point, const std::shared_ptr<IFeatureLayer>& point_layer,
@@ -38,16 +39,16 @@ struct BuildChoices {
   bool all_labels = true;
   bool first_label = false;               ///< of several points in a polygon the first, else the nearest to its centre
   std::shared_ptr<VarArray> fields = {};  ///< of the labels
-  std::string path;                       ///< of the output
+  OutputPlace output;                     ///< a name that is taken gives way to a free one
 };
 
 /// The same run, within a context.
 [[nodiscard]] std::string BuildPolygons(RunContext& context, const BuildChoices& choices,
                                         const std::shared_ptr<IMxDocument>& document,
-                                        const std::shared_ptr<IApplication>& application,
-                                        const std::shared_ptr<clsExtension>& extension);
+                                        const std::shared_ptr<IApplication>& application);
 /// What such a run would do, as a report: nothing is written.
-[[nodiscard]] std::string PlanBuildPolygons(RunContext& context, const BuildChoices& choices,
-                                            const clsExtension& extension);
+[[nodiscard]] std::string PlanBuildPolygons(RunContext& context, const BuildChoices& choices);
+/// The place under the first free name, which such a run writes to.
+[[nodiscard]] OutputPlace FreePlace(const OutputPlace& place);
 
 }  // namespace tessarine::mod_92_functions

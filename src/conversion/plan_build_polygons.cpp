@@ -5,14 +5,13 @@
 #include "conversion/build_reports.h"
 #include "conversion/field_transfer.h"
 #include "conversion/mod_92_functions.h"
-#include "conversion/output_target.h"
 #include "conversion/plan_texts.h"
+#include "conversion/run_data.h"
 #include "conversion/run_reports.h"
 #include "platform/rich_text.h"
 #include "platform/run_scope.h"
 #include "platform/trap.h"
 #include "support/MyGeneralOperations.h"
-#include "support/aml_func_mod.h"
 #include "support/report_heads.h"
 
 namespace tessarine::mod_92_functions {
@@ -27,17 +26,16 @@ std::string LabelLines(const BuildChoices& choices) {
 
 }  // namespace
 
-std::string PlanBuildPolygons(RunContext& context, const BuildChoices& choices, const clsExtension& extension) {
+std::string PlanBuildPolygons(RunContext& context, const BuildChoices& choices) {
   const RunScope scope(context);
   return Trap("PlanBuildPolygons", [&]() -> std::string {
     const std::shared_ptr<IFeatureLayer>& layer = Require(choices.lines, "layer");
     const SpatialReferenceRef reference = layer->FeatureClass()->SpatialReference();
     context.journal.reference = reference;
-    const std::string path = aml_func_mod::MakeUniqueFilename(choices.path);
+    const OutputPlace place = FreePlace(choices.output);
     const VarArray none;
-    const OutputTarget target = SplitOutputPath(path, extension);
     const FieldTransfer transfer =
-        FieldTransfer::BesideChosen(kMeasures, choices.fields ? *choices.fields : none, target.kind);
+        FieldTransfer::BesideChosen(kMeasures, choices.fields ? *choices.fields : none, place.Kind());
     std::vector<std::shared_ptr<IClass>> sources = {layer->FeatureClass()};
     if (choices.labels) sources.push_back(choices.labels->FeatureClass());
     return ReportHead() +
@@ -45,11 +43,11 @@ std::string PlanBuildPolygons(RunContext& context, const BuildChoices& choices, 
            "  ** Input Polyline Feature Layer: " +
            EscapeRtf(layer->Name()) + "\\par\r\n  ** " +
            (choices.all_lines ? "Use All Polylines (n = " : "Selected Polylines (n = ") +
-           std::to_string(extension.AnalysisRecordCount) + ")\\par\r\n  ** Cluster Tolerance: " +
+           std::to_string(CountInput(layer, choices.all_lines)) + ")\\par\r\n  ** Cluster Tolerance: " +
            MyGeneralOperations::TrimZerosAndDecimals(choices.cluster_tolerance, false) + " " +
            EscapeRtf(UnitWord(reference)) + "\\par\r\n" + LabelLines(choices) +
            "  ** Spatial Reference:  " + EscapeRtf(reference->Name()) + "\\par\r\n" +
-           PlannedOutput(context, target, esriGeometryPolygon, transfer, layer->FeatureClass()->Extent(), sources,
+           PlannedOutput(context, place, esriGeometryPolygon, transfer, layer->FeatureClass()->Extent(), sources,
                          ForetoldLosses(*layer->FeatureClass(), layer->Name(), transfer.Carried())) +
            "}";
   });

@@ -3,8 +3,8 @@
 #include "conversion/field_transfer.h"
 #include "conversion/modCreateVertices.h"
 #include "conversion/output_frame.h"
-#include "conversion/output_target.h"
 #include "conversion/plan_texts.h"
+#include "conversion/run_data.h"
 #include "conversion/run_reports.h"
 #include "platform/rich_text.h"
 #include "platform/run_scope.h"
@@ -21,11 +21,10 @@ std::string RefusalLine(std::string_view reason) {
 
 }  // namespace
 
-std::string PlanConversion(RunContext& context, const ConversionRun& run, const std::shared_ptr<IFeatureLayer>& layer,
-                           const std::shared_ptr<VarArray>& fields, bool all_records, const std::string& path,
-                           const std::shared_ptr<IApplication>&, const std::shared_ptr<clsExtension>& extension) {
+std::string PlanConversion(RunContext& context, const ConversionRun& run, const ConversionChoices& choices) {
   const RunScope scope(context);
   return Trap("PlanConversion", [&]() -> std::string {
+    const std::shared_ptr<IFeatureLayer>& layer = choices.layer;
     const std::shared_ptr<IFeatureClass> input = Require(layer->FeatureClass(), "FeatureClass");
     if (!CanFrame(run, input->SpatialReference())) {
       context.journal.failed = true;
@@ -33,17 +32,17 @@ std::string PlanConversion(RunContext& context, const ConversionRun& run, const 
     }
     const OutputFrame frame = FrameOf(run, *input);
     context.journal.reference = frame.reference;
-    const OutputTarget target = SplitOutputPath(path, *extension);
     const ShapeRule rule = RuleFor(run, input->ShapeType());
-    const FieldTransfer transfer = FieldTransfer::BesideInput(*input, rule.measure_fields, *fields, target.kind);
+    const FieldTransfer transfer =
+        FieldTransfer::BesideInput(*input, rule.measure_fields, *choices.fields, choices.output.Kind());
     return ReportHead() + std::string(run.words.report_title) +
            ", planned only: nothing was written\\par\r\n\\pard Input:\\b0\\par\r\n"
            "  ** Input Feature Layer: " +
            EscapeRtf(layer->Name()) + "\\par\r\n  ** " +
-           std::string(all_records ? run.words.all_label : run.words.selected_label) +
-           std::to_string(extension->AnalysisRecordCount) +
+           std::string(choices.all_records ? run.words.all_label : run.words.selected_label) +
+           std::to_string(CountInput(layer, choices.all_records)) +
            ")\\par\r\n  ** Spatial Reference:  " + EscapeRtf(input->SpatialReference()->Name()) + "\\par\r\n" +
-           PlannedOutput(context, target, rule.output, transfer, frame.extent, {input},
+           PlannedOutput(context, choices.output, rule.output, transfer, frame.extent, {input},
                          ForetoldLosses(*input, layer->Name(), transfer.Carried())) +
            RefusalLine(WhyNever(run, input->ShapeType())) + "}";
   });

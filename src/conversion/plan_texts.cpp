@@ -13,9 +13,9 @@ namespace {
 
 using namespace MyGeneralOperations;
 
-std::string KindText(const OutputTarget& target) {
-  const std::string kind = DirectoryTypeText(target.kind);
-  return target.InDataset() ? kind + ", feature dataset " + EscapeRtf(target.feature_dataset) : kind;
+std::string KindText(const OutputPlace& place) {
+  const std::string kind = DirectoryTypeText(place.Kind());
+  return place.dataset.empty() ? kind : kind + ", feature dataset " + EscapeRtf(place.dataset);
 }
 
 // The planned fields are those of the transfer, in their order.
@@ -32,9 +32,9 @@ std::string FieldLines(const FieldTransfer& transfer, const OutputPlan& plan) {
   return lines;
 }
 
-std::string ForetoldLines(const FieldTransfer& transfer, const OutputTarget& target, const OutputPlan& plan,
+std::string ForetoldLines(const FieldTransfer& transfer, const OutputPlace& place, const OutputPlan& plan,
                           std::vector<std::string> losses) {
-  const std::vector<std::string> changes = ForetoldChanges(transfer.Carried(), target.kind);
+  const std::vector<std::string> changes = ForetoldChanges(transfer.Carried(), place.Kind());
   losses.insert(losses.end(), changes.begin(), changes.end());
   losses.insert(losses.end(), plan.foretold.begin(), plan.foretold.end());
   std::string lines;
@@ -46,10 +46,10 @@ std::string ForetoldLines(const FieldTransfer& transfer, const OutputTarget& tar
 
 }  // namespace
 
-std::string PlannedOutput(RunContext& context, const OutputTarget& target, esriGeometryType shape,
+std::string PlannedOutput(RunContext& context, const OutputPlace& place, esriGeometryType shape,
                           const FieldTransfer& transfer, const Envelope& extent,
                           std::vector<std::shared_ptr<IClass>> sources, const std::vector<std::string>& losses) {
-  OutputRequest request = RequestFor(target, "");
+  OutputRequest request = RequestFor(place, "");
   request.fields = transfer.OutputFields();
   request.geometry_type = shape;
   request.reference = context.journal.reference;
@@ -57,9 +57,9 @@ std::string PlannedOutput(RunContext& context, const OutputTarget& target, esriG
   request.sources = std::move(sources);
   const OutputPlan plan = PlanOutput(context, request);
   const std::string question = NotePlan(context, plan);
-  return "\\b Output:\\b0\\par\r\n  ** " + PathForReport(plan.path) + "\\par\r\n  ** " + KindText(target) + ", " +
+  return "\\b Output:\\b0\\par\r\n  ** " + PathForReport(plan.path) + "\\par\r\n  ** " + KindText(place) + ", " +
          std::string(ShapeWord(shape, "unknown")) + "\\par\r\n\\b Fields:\\b0\\par\r\n" + FieldLines(transfer, plan) +
-         ForetoldLines(transfer, target, plan, losses) + "\\b Questions:\\b0\\par\r\n  ** " + question + "\\par\r\n";
+         ForetoldLines(transfer, place, plan, losses) + "\\b Questions:\\b0\\par\r\n  ** " + question + "\\par\r\n";
 }
 
 }  // namespace tessarine

@@ -8,14 +8,14 @@
 #include <vector>
 
 #include "conversion/field_transfer.h"
-#include "conversion/output_target.h"
+#include "outputs/output_place.h"
 
 namespace tessarine {
 
 /// Place, kind, fields and questions of a planned output, as RTF; the journal gets them, too. A fault where the run
 /// would be refused: the output is one of its sources, or can't bear its name. `losses` are foretold, too. `extent` is
 /// that of the shapes to come.
-[[nodiscard]] std::string PlannedOutput(RunContext& context, const OutputTarget& target, esriGeometryType shape,
+[[nodiscard]] std::string PlannedOutput(RunContext& context, const OutputPlace& place, esriGeometryType shape,
                                         const FieldTransfer& transfer, const Envelope& extent,
                                         std::vector<std::shared_ptr<IClass>> sources,
                                         const std::vector<std::string>& losses);

@@ -20,13 +20,14 @@ RunInput OpenInput(const std::shared_ptr<IFeatureLayer>& layer, bool all_records
   return input;
 }
 
-MyGeneralOperations::OutputRequest RequestFor(const OutputTarget& target, std::string_view name_prompt) {
+std::int32_t CountInput(const std::shared_ptr<IFeatureLayer>& layer, bool all_records) {
+  return all_records ? Require(layer->FeatureClass(), "FeatureClass")->FeatureCount(nullptr)
+                     : Require(Cast<IFeatureSelection>(layer), "IFeatureSelection")->SelectionSet()->Count();
+}
+
+MyGeneralOperations::OutputRequest RequestFor(const OutputPlace& place, std::string_view name_prompt) {
   MyGeneralOperations::OutputRequest request;
-  request.directory = target.directory;
-  request.name = target.name;
-  request.kind = target.kind;
-  request.is_feature_dataset = target.is_feature_dataset;
-  request.feature_dataset = target.feature_dataset;
+  request.place = place;
   request.dialog_title = name_prompt;
   return request;
 }

@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-#include "conversion/output_target.h"
+#include "outputs/output_place.h"
 #include "platform/application.h"
 #include "platform/arrays.h"
 #include "platform/data.h"
@@ -27,8 +27,11 @@ enum class Rows : bool { Recycled, Stay };
 /// All records of the layer, or the selected ones, in the order of the data.
 [[nodiscard]] RunInput OpenInput(const std::shared_ptr<IFeatureLayer>& layer, bool all_records, Rows rows);
 
-/// The request for an output at this target, without what the run knows of its data.
-[[nodiscard]] MyGeneralOperations::OutputRequest RequestFor(const OutputTarget& target, std::string_view name_prompt);
+/// How many these are.
+[[nodiscard]] std::int32_t CountInput(const std::shared_ptr<IFeatureLayer>& layer, bool all_records);
+
+/// The request for an output in this place, without what the run knows of its data.
+[[nodiscard]] MyGeneralOperations::OutputRequest RequestFor(const OutputPlace& place, std::string_view name_prompt);
 
 /// The empty report of a run that made no output because the user gave up. A fault where it was for another reason.
 [[nodiscard]] std::string EndWithoutOutput(const RunContext& context);

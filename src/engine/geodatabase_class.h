@@ -9,15 +9,14 @@
 #include <string>
 
 #include "engine/filegdb_edit.h"
+#include "outputs/output_place.h"
 #include "platform/geometry_types.h"
 #include "platform/spatial_reference.h"
 
 namespace tessarine::engine {
 
-struct GeodatabasePlace {
-  std::string path;     ///< of the geodatabase, which need not be there
-  std::string dataset;  ///< empty at the root
-  std::string name;
+struct GeodatabaseWish {
+  OutputPlace place;      ///< the geodatabase need not be there
   bool replaces = false;  ///< a class or table of the name goes away
   SpatialReferenceRef reference;
   Envelope extent;  ///< of the shapes to come; empty where that isn't known
@@ -32,6 +31,6 @@ struct NewGeodatabaseClass {
 using LayerMaker = std::function<std::string(GDALDataset& dataset, CPLStringList options)>;
 
 /// Makes a class, in a new edit or the one under way, and the geodatabase where there is none. A fault leaves nothing.
-[[nodiscard]] NewGeodatabaseClass MakeInGeodatabase(const GeodatabasePlace& place, const LayerMaker& make);
+[[nodiscard]] NewGeodatabaseClass MakeInGeodatabase(const GeodatabaseWish& wish, const LayerMaker& make);
 
 }  // namespace tessarine::engine

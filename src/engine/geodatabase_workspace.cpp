@@ -128,7 +128,8 @@ std::shared_ptr<IFeatureClass> CreateInGeodatabase(const PlaceOfClasses& place, 
   const NewClass request{name, fields.get(), shape_field};
   const GeometryDef& shape = ShapeDefinition(request);
   const bool replaces = place.replaced->erase(LowerCase(name)) > 0;
-  GeodatabasePlace target{place.path, place.dataset, name, replaces, shape.SpatialReference, shape.Extent};
+  GeodatabaseWish wish{
+      {FormatOfPath(place.path), place.path, place.dataset, name}, replaces, shape.SpatialReference, shape.Extent};
   const auto make = [&](GDALDataset& dataset, CPLStringList options) {
     options.SetNameValue("GEOMETRY_NAME", shape_field.c_str());
     for (const FieldRef& field : *fields) {
@@ -138,11 +139,11 @@ std::shared_ptr<IFeatureClass> CreateInGeodatabase(const PlaceOfClasses& place, 
   };
   if (IsPersonalGeodatabase(place.path)) {
     const std::string stored = place.dataset.empty() ? "" : StoredDatasetName(place.path, place.dataset);
-    if (!stored.empty()) target.dataset = stored;
-    const MadePersonalClass made = MakeInPersonalGeodatabase(target, make);
+    if (!stored.empty()) wish.place.dataset = stored;
+    const MadePersonalClass made = MakeInPersonalGeodatabase(wish, make);
     return std::make_shared<StagedPersonalClass>(place.path, made.name, made.edit);
   }
-  const NewGeodatabaseClass made = MakeInGeodatabase(target, make);
+  const NewGeodatabaseClass made = MakeInGeodatabase(wish, make);
   return std::make_shared<StagedGeodatabaseClass>(place.path, made.name, made.edit);
 }
 
@@ -256,20 +257,21 @@ class GeodatabaseFactory final : public IWorkspaceFactory {
 
 }  // namespace
 
-engine::NewGeodatabaseClass engine::MakeInGeodatabase(const GeodatabasePlace& place, const LayerMaker& make) {
-  RequireWritableFolder(fs::absolute(place.path).parent_path().string());
-  NewGeodatabaseClass made{FileGdbEdit::Begin(place.path), ""};
+engine::NewGeodatabaseClass engine::MakeInGeodatabase(const GeodatabaseWish& wish, const LayerMaker& make) {
+  const OutputPlace& place = wish.place;
+  RequireWritableFolder(fs::absolute(place.container).parent_path().string());
+  NewGeodatabaseClass made{FileGdbEdit::Begin(place.container), ""};
   try {
     if (!fs::exists(made.edit->Folder())) {
-      MakeGeodatabase(made.edit->Folder(), place.path);
+      MakeGeodatabase(made.edit->Folder(), place.container);
       made.edit->OwnCatalogue();
     }
-    if (place.replaces) DataSource::Open(place.path, false)->OpenTable(place.name)->Delete();
-    std::string stored = place.dataset.empty() ? "" : StoredDatasetName(place.path, place.dataset);
+    if (wish.replaces) DataSource::Open(place.container, false)->OpenTable(place.name)->Delete();
+    std::string stored = place.dataset.empty() ? "" : StoredDatasetName(place.container, place.dataset);
     if (stored.empty()) stored = place.dataset;
-    const std::optional<NewGrid> grid = GridOfNewClass(place.path, stored, place.reference, place.extent);
-    const DatasetHandle dataset = OpenDataset(place.path, true);
-    RequireFreeName(*dataset, place.path, place.name);
+    const std::optional<NewGrid> grid = GridOfNewClass(place.container, stored, wish.reference, wish.extent);
+    const DatasetHandle dataset = OpenDataset(place.container, true);
+    RequireFreeName(*dataset, place.container, place.name);
     CPLStringList options;
     if (!stored.empty()) options.SetNameValue("FEATURE_DATASET", stored.c_str());
     if (grid) AddGrid(*grid, options);

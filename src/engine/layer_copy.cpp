@@ -218,10 +218,8 @@ class Copier {
     return std::make_shared<CopyOf<StagedFeatureClass>>(facts_, std::move(staged), layer, standing);
   }
 
-  [[nodiscard]] GeodatabasePlace InGeodatabase() const {
-    return {place_.container,
-            place_.dataset,
-            place_.ClassName(),
+  [[nodiscard]] GeodatabaseWish InGeodatabase() const {
+    return {{place_.format, place_.container, place_.dataset, place_.ClassName()},
             request_.replaces && !request_.plan_only,
             way_ ? way_->To() : source_->Traits()->reference,
             way_ ? way_->Bring(shapes_.extent) : shapes_.extent};

@@ -18,10 +18,10 @@ namespace {
 namespace fs = std::filesystem;
 
 // The classes of a dataset share a grid; else it is made for the coordinates that come.
-std::optional<NewGrid> GridOfNewClass(jet::Database& database, const GeodatabasePlace& place) {
-  if (!place.dataset.empty() && database.Has("GDB_SpatialRefs")) {
+std::optional<NewGrid> GridOfNewClass(jet::Database& database, const GeodatabaseWish& wish) {
+  if (!wish.place.dataset.empty() && database.Has("GDB_SpatialRefs")) {
     for (const PersonalClass& one : ReadPersonalClasses(database)) {
-      if (!EqualsIgnoringCase(DatasetOfPersonalClass(database, one.name), place.dataset)) continue;
+      if (!EqualsIgnoringCase(DatasetOfPersonalClass(database, one.name), wish.place.dataset)) continue;
       const jet::Table& references = database.Open("GDB_SpatialRefs");
       for (jet::Table::Scan scan(references); scan.Next();) {
         const PersonalRow row(references, scan.Values());
@@ -30,13 +30,13 @@ std::optional<NewGrid> GridOfNewClass(jet::Database& database, const Geodatabase
       }
     }
   }
-  return GridFor(place.extent, place.reference);
+  return GridFor(wish.extent, wish.reference);
 }
 
-CPLStringList OptionsFor(jet::Database& database, const GeodatabasePlace& place) {
+CPLStringList OptionsFor(jet::Database& database, const GeodatabaseWish& wish) {
   CPLStringList options;
-  if (!place.dataset.empty()) options.SetNameValue("FEATURE_DATASET", place.dataset.c_str());
-  if (const std::optional<NewGrid> grid = GridOfNewClass(database, place)) {
+  if (!wish.place.dataset.empty()) options.SetNameValue("FEATURE_DATASET", wish.place.dataset.c_str());
+  if (const std::optional<NewGrid> grid = GridOfNewClass(database, wish)) {
     options.SetNameValue("XORIGIN", ExactNumberText(grid->grid.x_origin).c_str());
     options.SetNameValue("YORIGIN", ExactNumberText(grid->grid.y_origin).c_str());
     options.SetNameValue("XYSCALE", ExactNumberText(grid->grid.xy_scale).c_str());
@@ -45,10 +45,10 @@ CPLStringList OptionsFor(jet::Database& database, const GeodatabasePlace& place)
   return options;
 }
 
-void RequireFreeName(GDALDataset& dataset, const GeodatabasePlace& place) {
+void RequireFreeName(GDALDataset& dataset, const OutputPlace& place) {
   for (OGRLayer* layer : dataset.GetLayers()) {
     if (!EqualsIgnoringCase(layer->GetName(), place.name)) continue;
-    RaiseEngineFault("The class '" + place.name + "' exists already in '" + place.path + "'.");
+    RaiseEngineFault("The class '" + place.name + "' exists already in '" + place.container + "'.");
   }
 }
 
@@ -73,19 +73,20 @@ void StagedPersonalClass::Discard() {
   edit_.reset();
 }
 
-MadePersonalClass MakeInPersonalGeodatabase(const GeodatabasePlace& place, const LayerMaker& make) {
-  RequireWritableFolder(fs::absolute(place.path).parent_path().string());
-  RequireWritableGeodatabase(place.path, PersonalUse::NewClass);
-  MadePersonalClass made{PersonalEdit::Begin(place.path), ""};
+MadePersonalClass MakeInPersonalGeodatabase(const GeodatabaseWish& wish, const LayerMaker& make) {
+  const OutputPlace& place = wish.place;
+  RequireWritableFolder(fs::absolute(place.container).parent_path().string());
+  RequireWritableGeodatabase(place.container, PersonalUse::NewClass);
+  MadePersonalClass made{PersonalEdit::Begin(place.container), ""};
   try {
-    if (place.replaces) DataSource::Open(place.path, false)->OpenTable(place.name)->Delete();
-    const DatasetHandle dataset = OpenDataset(place.path, true);
+    if (wish.replaces) DataSource::Open(place.container, false)->OpenTable(place.name)->Delete();
+    const DatasetHandle dataset = OpenDataset(place.container, true);
     RequireFreeName(*dataset, place);
-    made.name = make(*dataset, OptionsFor(*made.edit->Database(), place));
+    made.name = make(*dataset, OptionsFor(*made.edit->Database(), wish));
     return made;
   } catch (const jet::Error& error) {
     made.edit->Abandon();
-    RaiseEngineFault("'" + place.path + "' can't be written to: " + error.what() + ".");
+    RaiseEngineFault("'" + place.container + "' can't be written to: " + error.what() + ".");
   } catch (...) {
     made.edit->Abandon();
     throw;

@@ -31,7 +31,7 @@ struct MadePersonalClass {
   std::string name;
 };
 /// As `MakeInGeodatabase` does in file geodatabases.
-[[nodiscard]] MadePersonalClass MakeInPersonalGeodatabase(const GeodatabasePlace& place, const LayerMaker& make);
+[[nodiscard]] MadePersonalClass MakeInPersonalGeodatabase(const GeodatabaseWish& wish, const LayerMaker& make);
 
 /// Makes an empty personal geodatabase. A fault where something stands there.
 void MakePersonalGeodatabaseAt(const std::string& native_path);

@@ -107,29 +107,22 @@ void frmGraphicsShapefile::ShowReference() {
                       (reference_ ? Replace(reference_->Name(), "&", "&&") : "<-- No Spatial Reference Set -->"));
 }
 
-void frmGraphicsShapefile::ShowOutput(const OutputChoice& choice) {
+void frmGraphicsShapefile::ShowOutput(const OutputPlace& place) {
   // The text's own change event reads the path as typed; what is known of the place comes after it.
-  txtOutput.SetText(choice.FullPath());
-  output_ = choice;
+  const OutputPlace known = place;
+  txtOutput.SetText(known.Path());
+  output_ = known;
 }
 
-OutputChoice frmGraphicsShapefile::TypedPlace() const {
-  OutputChoice place = output_;
-  const Format* format = FormatOfKind(place.kind);
-  if (format != nullptr && !format->HasOwnWorkspace()) {
-    if (txtOutput.Text() == place.FullPath()) return place;
+OutputPlace frmGraphicsShapefile::TypedPlace() const {
+  OutputPlace place = output_;
+  if (place.format != nullptr && !place.format->HasOwnWorkspace()) {
+    if (txtOutput.Text() == place.Path()) return place;
     // What the box names is the kind, until it names another.
-    place.kind = kShapefile;
+    place.format = FormatOfKind(kShapefile);
   }
   if (FollowNamedFormat(txtOutput.Text(), place)) return place;
-  place.directory = WithoutTrailingSlash(aml_func_mod::ReturnDir(txtOutput.Text()));
-  place.name = aml_func_mod::ReturnFilename(txtOutput.Text());
-  // A feature dataset is a part of the path that no workspace knows.
-  if (place.is_feature_dataset &&
-      EqualsIgnoringCase(aml_func_mod::ReturnFilename(place.directory), place.feature_dataset_name)) {
-    place.directory = WithoutTrailingSlash(aml_func_mod::ReturnDir(place.directory));
-  }
-  return place;
+  return PlaceAtPath(txtOutput.Text(), place.Kind(), place.dataset);
 }
 
 void frmGraphicsShapefile::chkSelected_Click() {
@@ -168,10 +161,10 @@ void frmGraphicsShapefile::txtOutput_Change() {
 
 void frmGraphicsShapefile::cmdGetWorkspace_Click() {
   Trap("cmdGetWorkspace_Click", [this] {
-    OutputChoice choice = output_;
-    if (!BrowseForOutput(txtOutput.Text(), choice, kAnyGeodatabasePlace)) return;
-    if (choice.kind == kShapefile && !EndsWithIgnoringCase(choice.name, ".shp")) choice.name += ".shp";
-    ShowOutput(choice);
+    OutputPlace place = output_;
+    if (!BrowseForOutput(txtOutput.Text(), place, kAnyGeodatabasePlace)) return;
+    if (place.Kind() == kShapefile && !EndsWithIgnoringCase(place.name, ".shp")) place.name += ".shp";
+    ShowOutput(place);
   });
 }
 
@@ -188,8 +181,7 @@ Arguments frmGraphicsShapefile::Chosen() const {
     arguments.Set("shapes", std::string(shape.word));
   }
   arguments.Set("reference", reference_);
-  const OutputChoice place = TypedPlace();
-  arguments.Set("output", ToolOutputOf(place, place.FullPath()));
+  arguments.Set("output", ShownArgument(TypedPlace()));
   return arguments;
 }
 

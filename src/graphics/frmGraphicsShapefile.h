@@ -67,11 +67,11 @@ class frmGraphicsShapefile final : public Form {
   void OfferConversions();
   void OfferNoConversion(const char* line);
   void ShowReference();
-  void ShowOutput(const MyGeneralOperations::OutputChoice& choice);
+  void ShowOutput(const OutputPlace& place);
   void CheckEnable();
 
   [[nodiscard]] bool SelectedOnly() const { return chkSelected.Value() == CheckBox::kChecked; }
-  [[nodiscard]] MyGeneralOperations::OutputChoice TypedPlace() const;
+  [[nodiscard]] OutputPlace TypedPlace() const;
   /// What the tools for conversions and for empty classes take.
   [[nodiscard]] Arguments Chosen() const;
   [[nodiscard]] std::optional<Objection> ObjectionToChoice() const;
@@ -81,7 +81,7 @@ class frmGraphicsShapefile final : public Form {
   std::shared_ptr<clsExtension> extension_;
   GraphicsAtHand graphics_;
   SpatialReferenceRef reference_;  // of the output
-  MyGeneralOperations::OutputChoice output_;
+  OutputPlace output_;
   AnchorObjectList anchors_;
 };
 

@@ -170,18 +170,13 @@ bool IsKnown(const SpatialReferenceRef& reference) {
 }
 
 MyGeneralOperations::OutputRequest GraphicsRequest(esriGeometryType geometry_type, GraphicMeasure measure, bool names,
-                                                   const SpatialReferenceRef& reference,
-                                                   const MyGeneralOperations::OutputChoice& place) {
+                                                   const SpatialReferenceRef& reference, const OutputPlace& place) {
   MyGeneralOperations::OutputRequest request;
   request.geometry_type = geometry_type;
   request.reference = reference;
-  request.directory = place.directory;
-  request.name = place.name;
-  request.kind = place.kind;
+  request.place = place;
   request.fields = FieldsOf(measure, names);
   request.dialog_title = kClassTitle;
-  request.is_feature_dataset = place.is_feature_dataset;
-  request.feature_dataset = place.feature_dataset_name;
   request.add_unique_id = true;
   request.projects = true;
   return request;

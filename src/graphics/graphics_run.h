@@ -18,7 +18,7 @@ namespace tessarine {
 /// The request for a class with the fields of the measure, and "Name" where asked for.
 [[nodiscard]] MyGeneralOperations::OutputRequest GraphicsRequest(esriGeometryType geometry_type, GraphicMeasure measure,
                                                                  bool names, const SpatialReferenceRef& reference,
-                                                                 const MyGeneralOperations::OutputChoice& place);
+                                                                 const OutputPlace& place);
 
 /// Fills a class with the elements of a conversion.
 ///

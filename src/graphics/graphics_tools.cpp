@@ -62,8 +62,8 @@ class GraphicsMaker {
         document_(Require(Cast<IMxDocument>(Require(application, "IApplication")->Document()), "IMxDocument")),
         work_(work),
         reference_(ReferenceOf(arguments, *document_)),
-        place_(ChoiceOf(arguments.Get<ToolOutput>("output"), kGraphicsOutput)) {
-    RememberOutput(place_, *Require(FindExtension(application), "clsExtension"));
+        place_(PlaceFor(arguments.Get<ToolOutput>("output"), kGraphicsOutput)) {
+    if (const auto extension = FindExtension(application)) RememberOutput(place_, *extension);
   }
 
   std::string Convert() {
@@ -157,7 +157,7 @@ class GraphicsMaker {
     if (!class_) return false;
     report_.path = OutputPath(*class_, request_);
     // A feature dataset puts its own reference on its classes.
-    if (request_.is_feature_dataset) output_reference_ = class_->SpatialReference();
+    if (!request_.place.dataset.empty()) output_reference_ = class_->SpatialReference();
     context_.journal.reference = output_reference_;
     return true;
   }
@@ -197,7 +197,7 @@ class GraphicsMaker {
   GraphicsWork work_;
   SpatialReferenceRef reference_;         // that was asked for
   SpatialReferenceRef output_reference_;  // of the class that was made
-  OutputChoice place_;
+  OutputPlace place_;
   OutputRequest request_;
   std::shared_ptr<IFeatureClass> class_;
   std::shared_ptr<ISymbol> symbol_;

@@ -5,6 +5,7 @@
 
 #include "outputs/staged_output.h"
 #include "platform/free_name.h"
+#include "platform/paths.h"
 #include "platform/text_formats.h"
 
 namespace tessarine {
@@ -58,6 +59,25 @@ bool WouldTouch(const fs::path& path, const fs::path& file) {
   if (real(path) == real(file) || IsSameFile(path, file)) return true;
   const Format* format = FormatOfPath(file.string());
   return format != nullptr && format->folder && real(path).parent_path() == real(file);
+}
+
+OutputPlace PlaceIn(std::int32_t kind, std::string_view directory, std::string name, std::string dataset) {
+  std::string container = ToNativePath(directory);
+  if (container.size() > 1 && container.ends_with('/')) container.pop_back();
+  return {FormatOfKind(kind), std::move(container), std::move(dataset), std::move(name)};
+}
+
+std::string OutputPlace::Directory() const {
+  std::string directory = FromNativePath(container);
+  if (directory.size() > 1 && directory.ends_with('\\')) directory.pop_back();
+  return directory;
+}
+
+std::string OutputPlace::Path() const {
+  std::string path = Directory();
+  if (!path.ends_with('\\')) path += '\\';
+  if (!dataset.empty()) path += dataset + '\\';
+  return path + name;
 }
 
 std::string OutputPlace::NativePath() const {

@@ -2,6 +2,7 @@
 // Where an output lies, and whether it would touch what a run reads.
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -21,7 +22,13 @@ struct OutputPlace {
 
   [[nodiscard]] bool IsFolder() const { return format == nullptr; }
   [[nodiscard]] bool InContainer() const { return format != nullptr && format->container; }
-  /// Container, dataset and name.
+  /// The format's number in the table of formats; 0 where there is no format.
+  [[nodiscard]] std::int32_t Kind() const { return format == nullptr ? 0 : format->kind; }
+  /// The container as a backslash path, without a separator at its end unless it is the root of the disk.
+  [[nodiscard]] std::string Directory() const;
+  /// Container, dataset and name: the backslash path that people see in dialogs and reports.
+  [[nodiscard]] std::string Path() const;
+  /// The same as a native path; classes of a server have their server's name and a colon ahead.
   [[nodiscard]] std::string NativePath() const;
   /// The name that the format will give the class: "a_b" for "a b" in a geodatabase.
   [[nodiscard]] std::string ClassName() const;
@@ -31,6 +38,11 @@ struct OutputPlace {
   /// that links and other spellings don't hide anything.
   [[nodiscard]] bool Overlaps(const DatasetFiles& source) const;
 };
+
+/// The place in a folder or container, which is given as a backslash path with or without a separator at its end. A
+/// kind of no format gives a place without one.
+[[nodiscard]] OutputPlace PlaceIn(std::int32_t kind, std::string_view directory, std::string name,
+                                  std::string dataset = "");
 
 /// Why nothing can be written under this name, as a sentence; empty where it can. Names with quotation marks, or with
 /// blanks at the ends of a part, lose them on the way to the file; "" and ".shp" name nothing.

@@ -120,8 +120,8 @@ void LongitudeForm::txtLongShift_Change() {
 }
 
 std::shared_ptr<VarArray> LongitudeForm::DescribeOutput(const IFeatureLayer& layer) {
-  RememberOutput(output_.Choice(), *extension_);
-  return OutputDescription::Make(layer, output_.Choice());
+  RememberOutput(output_.Place(), *extension_);
+  return OutputDescription::Make(layer, output_.Place());
 }
 
 void LongitudeForm::Finish() {
@@ -139,24 +139,18 @@ std::optional<double> NumberIn(const std::string& text) {
   return IsNumericText(text) ? Attempt([&] { return std::optional(ToNumber(text)); }) : std::nullopt;
 }
 
-void FollowTypedOutput(const std::string& text, OutputChoice& choice) {
+void FollowTypedOutput(const std::string& text, OutputPlace& place) {
   const std::string folder = WithoutTrailingSlash(aml_func_mod::ReturnDir(text));
-  choice.name = aml_func_mod::ReturnFilename(text);
-  if (choice.is_feature_dataset && EqualsIgnoringCase(folder, choice.directory + "\\" + choice.feature_dataset_name))
-    return;
-  if (FollowNamedFormat(text, choice)) return;
-  choice.directory = folder;
-  choice.is_feature_dataset = false;
-  choice.feature_dataset_name.clear();
-  if (EndsWithIgnoringCase(folder, ".gdb")) {
-    choice.kind = kFileGeodatabase;
-  } else if (EndsWithIgnoringCase(folder, ".mdb")) {
-    choice.kind = kPersonalGeodatabase;
-  } else {
-    choice.kind = kShapefile;
-    // A path without a name is asked for when the output is made.
-    if (!choice.name.empty()) choice.name = aml_func_mod::SetExtension(choice.name, "shp");
-  }
+  const std::string name = aml_func_mod::ReturnFilename(text);
+  place.name = name;
+  if (!place.dataset.empty() && EqualsIgnoringCase(folder, place.Directory() + "\\" + place.dataset)) return;
+  if (FollowNamedFormat(text, place)) return;
+  const OutputKind kind = EndsWithIgnoringCase(folder, ".gdb")   ? kFileGeodatabase
+                          : EndsWithIgnoringCase(folder, ".mdb") ? kPersonalGeodatabase
+                                                                 : kShapefile;
+  // A path without a name is asked for when the output is made.
+  const bool ends = kind == kShapefile && !name.empty();
+  place = PlaceIn(kind, aml_func_mod::ReturnDir(text), ends ? aml_func_mod::SetExtension(name, "shp") : name);
 }
 
 }  // namespace tessarine

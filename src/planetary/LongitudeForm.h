@@ -19,7 +19,7 @@ namespace tessarine {
 
 /// Takes over a path that was typed. A folder that ends as a geodatabase is one; the dataset that was browsed to stays
 /// while the folder still names it.
-void FollowTypedOutput(const std::string& text, MyGeneralOperations::OutputChoice& choice);
+void FollowTypedOutput(const std::string& text, OutputPlace& place);
 
 class LongitudeForm : public OutputForm {
  public:
@@ -50,7 +50,7 @@ class LongitudeForm : public OutputForm {
   void Begin(const std::shared_ptr<IApplication>& application, const std::shared_ptr<clsExtension>& extension,
              const std::string& preferred_layer);
   void ShowShift(double shift);
-  void ShowOutput(const MyGeneralOperations::OutputChoice& choice) { output_.Show(choice); }
+  void ShowOutput(const OutputPlace& place) { output_.Show(place); }
 
   [[nodiscard]] const std::shared_ptr<IApplication>& Application() const { return application_; }
   [[nodiscard]] const std::shared_ptr<clsExtension>& Extension() const { return extension_; }

@@ -6,7 +6,6 @@
 #include <optional>
 
 #include "planetary/carried_fields.h"
-#include "platform/paths.h"
 #include "platform/run_scope.h"
 #include "platform/run_stop.h"
 #include "platform/text_formats.h"
@@ -32,37 +31,28 @@ constexpr const char* kEmptied = "A feature that had a shape came out with an em
 
 // The request that the description makes for a run that reads this class.
 OutputRequest RequestFor(const OutputDescription& description, const std::shared_ptr<IFeatureClass>& input) {
-  const OutputChoice place = description.Place();
   OutputRequest request;
   request.geometry_type = description.ShapeType();
   request.reference = description.Reference();
-  request.directory = place.directory;
-  request.name = place.name;
-  request.kind = place.kind;
+  request.place = description.Place();
   request.fields = description.Fields();
   request.dialog_title = description.DialogTitle();
-  request.is_feature_dataset = place.is_feature_dataset;
-  request.feature_dataset = place.feature_dataset_name;
   request.sources = {input};
   return request;
 }
 
 // The place that the class got in the end: the user may have named another one.
-OutputChoice PlaceOf(const IFeatureClass& output, const OutputRequest& request) {
-  OutputChoice place;
-  place.directory = WithoutTrailingSlash(request.directory);
-  place.name = request.name;
-  place.is_feature_dataset = request.is_feature_dataset;
-  place.feature_dataset_name = request.feature_dataset;
+OutputPlace PlaceGot(const IFeatureClass& output, const OutputRequest& request) {
+  OutputPlace place = request.place;
   if (output.Category().starts_with("Shapefile")) {
-    place.is_feature_dataset = false;
+    place.dataset.clear();
     if (!EndsWithIgnoringCase(place.name, ".shp")) place.name += ".shp";
   }
   return place;
 }
 
-std::string ShownName(const OutputChoice& place) {
-  return place.is_feature_dataset ? place.feature_dataset_name + ":" + place.name : place.name;
+std::string ShownName(const OutputPlace& place) {
+  return place.dataset.empty() ? place.name : place.dataset + ":" + place.name;
 }
 
 // All carried fields, in the order that the output was created with.
@@ -233,17 +223,16 @@ std::string OtherWarningLines(const RunJournal& journal, std::string_view layer)
 }
 
 std::string RunBody(RunContext& context, const FeatureRewrite& run, const std::shared_ptr<IApplication>& application,
-                    const std::shared_ptr<IMxDocument>& document, const std::shared_ptr<clsExtension>& extension,
-                    bool show_progress, RewriteFacts& facts, RunScope& scope,
-                    std::shared_ptr<IFeatureClass>& written_to) {
+                    const std::shared_ptr<IMxDocument>& document, bool show_progress, RewriteFacts& facts,
+                    RunScope& scope, std::shared_ptr<IFeatureClass>& written_to) {
   RunJournal& journal = scope.Journal();
   const std::shared_ptr<IFeatureClass> input = Require(Require(run.layer, "layer")->FeatureClass(), "FeatureClass");
   const std::int32_t announced = input->FeatureCount(nullptr);
   RunProgress progress(context, {"Converting " + run.layer->Name(), std::string(kTask) + "\r\n", kTask}, application,
-                       extension, announced, show_progress ? std::make_shared<frmOrlProgressMeter>() : nullptr);
+                       announced, show_progress ? std::make_shared<frmOrlProgressMeter>() : nullptr);
   const std::vector<CarriedField> carried = CarriedUnder(*input->Fields(), *run.output.FieldNames());
   AnnounceLosses(context, *input, run.layer->Name(), carried);
-  AnnounceChanges(context, carried, run.output.Place().kind);
+  AnnounceChanges(context, carried, run.output.Place().Kind());
   NoteLeftOut(*input, journal);
   OutputRequest request = RequestFor(run.output, input);
   const Envelope extent = input->Extent();
@@ -255,7 +244,7 @@ std::string RunBody(RunContext& context, const FeatureRewrite& run, const std::s
   }
   written_to = output;
   facts.measures.type = input->ShapeType();
-  const OutputChoice place = PlaceOf(*output, request);
+  const OutputPlace place = PlaceGot(*output, request);
   journal.reference = output->SpatialReference();
 
   facts.stopped = !RewriteLoop(context, run, *input, output, progress, facts).Run();
@@ -271,15 +260,14 @@ std::string RunBody(RunContext& context, const FeatureRewrite& run, const std::s
   facts.problems = OtherWarningLines(journal, run.layer->Name()) + facts.problems +
                    FaultLines(journal, run.layer->Name()) + ChangeLines(journal) + ChangedNameLines(journal);
   return RewriteReport(TitleOf(run, journal), run.sections,
-                       {ShownName(place), place.directory, static_cast<std::int32_t>(journal.written)}, facts);
+                       {ShownName(place), place.Directory(), static_cast<std::int32_t>(journal.written)}, facts);
 }
 
 }  // namespace
 
 std::string RewriteFeatures(RunContext& context, const FeatureRewrite& run,
                             const std::shared_ptr<IApplication>& application,
-                            const std::shared_ptr<IMxDocument>& document,
-                            const std::shared_ptr<clsExtension>& extension, bool show_progress) {
+                            const std::shared_ptr<IMxDocument>& document, bool show_progress) {
   RewriteFacts facts;
   RunScope scope(context);
   RunJournal& journal = scope.Journal();
@@ -287,8 +275,7 @@ std::string RewriteFeatures(RunContext& context, const FeatureRewrite& run,
   std::shared_ptr<IFeatureClass> output;
   const auto tell_faults = [&] { ReportRecordFaults(journal, run.worker, run.layer->Name()); };
   const auto body = [&] {
-    const std::string report =
-        RunBody(context, run, application, document, extension, show_progress, facts, scope, output);
+    const std::string report = RunBody(context, run, application, document, show_progress, facts, scope, output);
     tell_faults();
     return report;
   };
@@ -312,12 +299,12 @@ std::string PlanRewrite(RunContext& context, const FeatureRewrite& run) {
   const Envelope extent = features->Extent();
   request.envelope = &extent;
   const OutputPlan plan = PlanOutput(context, request);
-  OutputChoice place = run.output.Place();
-  place.name = request.name;
+  OutputPlace place = run.output.Place();
+  place.name = request.place.name;
   std::vector<ReportSection> sections = run.sections;
   sections.push_back({"Output:",
-                      {"  ** Feature Class:  " + ShownName(place), "  ** Workspace:  " + ToNativePath(place.directory),
-                       "  ** " + DirectoryTypeText(place.kind)}});
+                      {"  ** Feature Class:  " + ShownName(place), "  ** Workspace:  " + place.container,
+                       "  ** " + DirectoryTypeText(place.Kind())}});
   ReportSection fields{"Fields:", {}};
   std::size_t index = 0;
   for (const Variant& element : *run.output.FieldNames()) {
@@ -333,7 +320,7 @@ std::string PlanRewrite(RunContext& context, const FeatureRewrite& run) {
   const FieldsRef input = run.layer->FeatureClass()->Fields();
   const std::vector<CarriedField> carried = CarriedUnder(*input, *run.output.FieldNames());
   std::vector<std::string> sentences = ForetoldLosses(*run.layer->FeatureClass(), run.layer->Name(), carried);
-  const std::vector<std::string> changes = ForetoldChanges(carried, place.kind);
+  const std::vector<std::string> changes = ForetoldChanges(carried, place.Kind());
   sentences.insert(sentences.end(), changes.begin(), changes.end());
   sentences.insert(sentences.end(), plan.foretold.begin(), plan.foretold.end());
   for (const std::string& sentence : sentences) foretold.lines.push_back("  ** " + sentence);

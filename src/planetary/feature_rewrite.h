@@ -60,8 +60,7 @@ struct FeatureRewrite {
 /// read on or an output that can't be written on ends the run: the report tells of it, and the fault report is shown.
 [[nodiscard]] std::string RewriteFeatures(RunContext& context, const FeatureRewrite& run,
                                           const std::shared_ptr<IApplication>& application,
-                                          const std::shared_ptr<IMxDocument>& document,
-                                          const std::shared_ptr<clsExtension>& extension, bool show_progress);
+                                          const std::shared_ptr<IMxDocument>& document, bool show_progress);
 
 /// What such a run would read, make and ask, as a report: nothing is written.
 [[nodiscard]] std::string PlanRewrite(RunContext& context, const FeatureRewrite& run);

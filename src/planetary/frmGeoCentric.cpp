@@ -76,12 +76,8 @@ void frmGeoCentric::SetArcApplication(const std::shared_ptr<VarArray>& input) {
                            : extension->LongitudeWrapOption == kWrap360 ? optWrap360
                                                                         : optNoWrap;
     option.SetValue(true);
-    OutputChoice place;
-    place.directory = given.Directory();
-    place.kind = static_cast<OutputKind>(given.OutputKind());
-    place.is_feature_dataset = extension->IsFeatureDataset;
-    place.feature_dataset_name = extension->FeatDatasetName;
-    ShowOutput(ProposeName(place, "Output"));
+    const std::string dataset = extension->IsFeatureDataset ? extension->FeatDatasetName : "";
+    ShowOutput(ProposeName(PlaceIn(given.OutputKind(), given.Directory(), "", dataset), "Output"));
   });
 }
 

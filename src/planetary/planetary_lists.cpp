@@ -26,21 +26,20 @@ void PutTexts(VarArray& list, std::int32_t position, const std::vector<std::stri
   }
 }
 
-std::shared_ptr<VarArray> OutputDescription::Make(const IFeatureLayer& layer,
-                                                  const MyGeneralOperations::OutputChoice& place) {
+std::shared_ptr<VarArray> OutputDescription::Make(const IFeatureLayer& layer, const OutputPlace& place) {
   const std::shared_ptr<IFeatureClass> features = Require(layer.FeatureClass(), "FeatureClass");
-  const CarriedFields carried = CarryFields(*features->Fields(), place.kind);
+  const CarriedFields carried = CarryFields(*features->Fields(), place.Kind());
   auto list = std::make_shared<VarArray>();
   list->Add(static_cast<std::int32_t>(features->ShapeType()));
   // References are shared and never changed; a list can only hold them without their const.
   list->Add(std::const_pointer_cast<SpatialReference>(features->SpatialReference()));
-  list->Add(place.directory);
+  list->Add(place.Directory());
   list->Add(place.name);
-  list->Add(static_cast<std::int32_t>(place.kind));
+  list->Add(place.Kind());
   list->Add(carried.fields);
   list->Add(kBrowseTitle);
-  list->Add(place.is_feature_dataset);
-  list->Add(place.feature_dataset_name);
+  list->Add(!place.dataset.empty());
+  list->Add(place.dataset);
   list->Add(false);
   list->Add(false);
   list->Add(Variant());
@@ -49,14 +48,9 @@ std::shared_ptr<VarArray> OutputDescription::Make(const IFeatureLayer& layer,
   return list;
 }
 
-MyGeneralOperations::OutputChoice OutputDescription::Place() const {
-  MyGeneralOperations::OutputChoice place;
-  place.directory = At(kDirectory).AsText();
-  place.name = At(kName).AsText();
-  place.kind = static_cast<MyGeneralOperations::OutputKind>(At(kOutputKind).AsLong());
-  place.is_feature_dataset = At(kIsFeatureDataset).AsBoolean();
-  place.feature_dataset_name = At(kFeatureDatasetName).AsText();
-  return place;
+OutputPlace OutputDescription::Place() const {
+  return PlaceIn(At(kOutputKind).AsLong(), At(kDirectory).AsText(), At(kName).AsText(),
+                 At(kIsFeatureDataset).AsBoolean() ? At(kFeatureDatasetName).AsText() : "");
 }
 
 std::shared_ptr<VarArray> WrapArguments::Make(const std::shared_ptr<IFeatureLayer>& layer, const WrapBox& box,

@@ -9,11 +9,11 @@
 #include <vector>
 
 #include "geodesy/longitude_continuation.h"
+#include "outputs/output_place.h"
 #include "platform/arrays.h"
 #include "platform/map.h"
 #include "session/clsExtension.h"
 #include "shapes/wrap.h"
-#include "support/output_chooser.h"
 
 namespace tessarine {
 
@@ -44,12 +44,11 @@ class OutputDescription {
   explicit OutputDescription(std::shared_ptr<VarArray> list) : list_(std::move(list)) {}
 
   /// An output for the features of the layer in the place. It takes the layer's shapes and reference.
-  [[nodiscard]] static std::shared_ptr<VarArray> Make(const IFeatureLayer& layer,
-                                                      const MyGeneralOperations::OutputChoice& place);
+  [[nodiscard]] static std::shared_ptr<VarArray> Make(const IFeatureLayer& layer, const OutputPlace& place);
 
   [[nodiscard]] esriGeometryType ShapeType() const { return static_cast<esriGeometryType>(At(kShapeType).AsLong()); }
   [[nodiscard]] SpatialReferenceRef Reference() const { return At(kReference).AsObject<SpatialReference>(); }
-  [[nodiscard]] MyGeneralOperations::OutputChoice Place() const;
+  [[nodiscard]] OutputPlace Place() const;
   [[nodiscard]] std::shared_ptr<VarArray> Fields() const { return At(kFields).AsObject<VarArray>(); }
   [[nodiscard]] std::string DialogTitle() const { return At(kDialogTitle).AsText(); }
   [[nodiscard]] std::shared_ptr<VarArray> FieldNames() const { return At(kFieldNames).AsObject<VarArray>(); }

@@ -4,7 +4,6 @@
 #include "planetary/LongitudeForm.h"
 #include "planetary/feature_rewrite.h"
 #include "planetary/planetary_rules.h"
-#include "platform/host.h"
 #include "platform/run_scope.h"
 #include "shapes/MyGeometricOperations.h"
 #include "shapes/short_steps.h"
@@ -190,11 +189,11 @@ FeatureRewrite LatitudeRun(const Direction& direction, const GeoCentricArguments
 
 template <const Direction& kDirection>
 std::string RunLatitudes(RunContext& context, const std::shared_ptr<IApplication>& application,
-                         const std::shared_ptr<IMxDocument>& document, const std::shared_ptr<clsExtension>& extension,
-                         const std::shared_ptr<VarArray>& arguments, bool show_progress) {
+                         const std::shared_ptr<IMxDocument>& document, const std::shared_ptr<VarArray>& arguments,
+                         bool show_progress) {
   return Trap(kDirection.worker, [&] {
     const GeoCentricArguments given(Require(arguments, "Arguments"));
-    return RewriteFeatures(context, LatitudeRun(kDirection, given), application, document, extension, show_progress);
+    return RewriteFeatures(context, LatitudeRun(kDirection, given), application, document, show_progress);
   });
 }
 
@@ -206,11 +205,11 @@ std::string PlanLatitudes(RunContext& context, const std::shared_ptr<VarArray>& 
 }
 
 std::string RunWrap(RunContext& context, const std::shared_ptr<IApplication>& application,
-                    const std::shared_ptr<IMxDocument>& document, const std::shared_ptr<clsExtension>& extension,
-                    const std::shared_ptr<VarArray>& arguments, bool show_progress) {
+                    const std::shared_ptr<IMxDocument>& document, const std::shared_ptr<VarArray>& arguments,
+                    bool show_progress) {
   return Trap("WrapToBoundaries", [&] {
     const WrapArguments given(Require(arguments, "Arguments"));
-    return RewriteFeatures(context, WrapRun(given), application, document, extension, show_progress);
+    return RewriteFeatures(context, WrapRun(given), application, document, show_progress);
   });
 }
 
@@ -224,29 +223,5 @@ std::string PlanWrap(RunContext& context, const std::shared_ptr<VarArray>& argum
 const PlanetaryWork kWrapToBoundaries{RunWrap, PlanWrap};
 const PlanetaryWork kCentricToGraphic{RunLatitudes<kToGraphic>, PlanLatitudes<kToGraphic>};
 const PlanetaryWork kGraphicToCentric{RunLatitudes<kToCentric>, PlanLatitudes<kToCentric>};
-
-std::string WrapToBoundaries(const std::shared_ptr<IApplication>& application,
-                             const std::shared_ptr<IMxDocument>& document,
-                             const std::shared_ptr<clsExtension>& extension, const std::shared_ptr<VarArray>& arguments,
-                             bool show_progress) {
-  RunContext context = HostContext();
-  return RunWrap(context, application, document, extension, arguments, show_progress);
-}
-
-std::string CalcPlanetoCentricToPlanetoGraphic(const std::shared_ptr<IApplication>& application,
-                                               const std::shared_ptr<IMxDocument>& document,
-                                               const std::shared_ptr<clsExtension>& extension,
-                                               const std::shared_ptr<VarArray>& arguments, bool show_progress) {
-  RunContext context = HostContext();
-  return kCentricToGraphic.run(context, application, document, extension, arguments, show_progress);
-}
-
-std::string CalcPlanetoGraphicToPlanetoCentric(const std::shared_ptr<IApplication>& application,
-                                               const std::shared_ptr<IMxDocument>& document,
-                                               const std::shared_ptr<clsExtension>& extension,
-                                               const std::shared_ptr<VarArray>& arguments, bool show_progress) {
-  RunContext context = HostContext();
-  return kGraphicToCentric.run(context, application, document, extension, arguments, show_progress);
-}
 
 }  // namespace tessarine

@@ -32,8 +32,8 @@ using PlanetaryRun = std::string(const std::shared_ptr<IApplication>& applicatio
 /// The same runs within a context, and what they would do, as a report.
 struct PlanetaryWork {
   std::string (*run)(RunContext& context, const std::shared_ptr<IApplication>& application,
-                     const std::shared_ptr<IMxDocument>& document, const std::shared_ptr<clsExtension>& extension,
-                     const std::shared_ptr<VarArray>& arguments, bool show_progress);
+                     const std::shared_ptr<IMxDocument>& document, const std::shared_ptr<VarArray>& arguments,
+                     bool show_progress);
   std::string (*plan)(RunContext& context, const std::shared_ptr<VarArray>& arguments);
 };
 extern const PlanetaryWork kWrapToBoundaries;

@@ -7,18 +7,11 @@
 #include <optional>
 
 #include "platform/free_name.h"
-#include "platform/host.h"
-#include "platform/paths.h"
-#include "platform/tell_user.h"
 #include "platform/text_formats.h"
-#include "platform/trap.h"
-#include "support/aml_func_mod.h"
 #include "support/output_datasets.h"
 
 namespace tessarine::MyGeneralOperations {
 namespace {
-
-using namespace aml_func_mod;
 
 constexpr double kDefaultGridSize = 100.0;
 constexpr double kDatasetGridSize = 10.0;
@@ -185,45 +178,6 @@ std::shared_ptr<IFeatureClass> NewDatasetClass(const std::shared_ptr<IFeatureDat
   const auto list = GeodatabaseFields(definition, fields);
   return dataset->CreateFeatureClass(name, list, clsid, extclsid, feature_type, GeometryFieldName(*list),
                                      config_keyword);
-}
-
-std::shared_ptr<IFeatureClass> CreateShapefileFeatureClass(std::string& directory, std::string& name,
-                                                           const SpatialReferenceRef& spatial_reference,
-                                                           esriGeometryType& geometry_type,
-                                                           const std::shared_ptr<VarArray>& fields,
-                                                           bool add_unique_id) {
-  return Trap("CreateShapefileFeatureClass", [&]() -> std::shared_ptr<IFeatureClass> {
-    if (EndsWithIgnoringCase(directory, ".shp")) directory = ReturnDir(directory);
-    if (EndsWithIgnoringCase(name, ".shp")) name.resize(name.size() - 4);
-    if (!ExistFileDir(directory)) {
-      TellUser("Unable to create Feature Class:\r\n" + ToNativePath(directory) + " is not a valid workspace...",
-               "Failed to Create Feature Class:");
-      return nullptr;
-    }
-    return NewPlainClass(*CreateShapefileWorkspaceFactory()->OpenFromFile(directory, 0), name, spatial_reference,
-                         geometry_type, fields, add_unique_id, {});
-  });
-}
-
-std::shared_ptr<IFeatureClass> CreateGDBFeatureClass(
-    const std::shared_ptr<IFeatureWorkspace>& workspace, const std::string& name, esriFeatureType feature_type,
-    const SpatialReferenceRef& spatial_reference, esriGeometryType& geometry_type,
-    const std::shared_ptr<VarArray>& fields, std::shared_ptr<UID> clsid, const std::shared_ptr<UID>& extclsid,
-    const std::string& config_keyword, bool, std::int32_t, const Envelope* envelope, std::int32_t feature_count) {
-  return Trap("CreateGDBFeatureClass", [&] {
-    return NewGeodatabaseClass(workspace, name, feature_type, spatial_reference, geometry_type, fields,
-                               std::move(clsid), extclsid, config_keyword, envelope, feature_count);
-  });
-}
-
-std::shared_ptr<IFeatureClass> CreateDatasetFeatureClass(
-    const std::shared_ptr<IFeatureDataset>& dataset, const std::string& name, esriFeatureType feature_type,
-    esriGeometryType& geometry_type, const std::shared_ptr<VarArray>& fields, std::shared_ptr<UID> clsid,
-    const std::shared_ptr<UID>& extclsid, const std::string& config_keyword, const Envelope* envelope) {
-  return Trap("CreateDatasetFeatureClass", [&] {
-    return NewDatasetClass(dataset, name, feature_type, geometry_type, fields, std::move(clsid), extclsid,
-                           config_keyword, envelope);
-  });
 }
 
 }  // namespace tessarine::MyGeneralOperations

@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <string_view>
 
-#include "outputs/output_place.h"
+#include "outputs/output_argument.h"
 #include "outputs/temporary_layers.h"
 #include "platform/host.h"
 #include "platform/paths.h"
@@ -26,16 +26,11 @@ OutputKind KindOfPlace(std::string_view category) {
   return KindOfCategory(category);
 }
 
-std::shared_ptr<IFeatureWorkspace> OpenGeodatabase(OutputKind kind, const std::string& path) {
-  return Require(FactoryOfKind(kind), "factory")->OpenFromFile(path, 0);
+std::shared_ptr<IFeatureWorkspace> OpenGeodatabase(const OutputPlace& place) {
+  return Require(FactoryOfKind(place.Kind()), "factory")->OpenFromFile(place.Directory(), 0);
 }
 
-// A kind that dialogs haven't always offered.
-const Format* NamedFormat(std::int32_t kind) {
-  const Format* format = FormatOfKind(kind);
-  return format == nullptr || format->HasOwnWorkspace() ? nullptr : format;
-}
-
+// A format that dialogs haven't always offered.
 const Format* NamedFormatOfPath(const std::string& path) {
   const Format* format = FormatOfPath(path);
   return format == nullptr || format->HasOwnWorkspace() || !format->writable ? nullptr : format;
@@ -64,20 +59,15 @@ std::string NameInGeodatabase(std::string name) {
 }
 
 // The place that a confirmed browse dialog names.
-OutputChoice ChosenPlace(const IGxDialog& dialog, OutputKind kind) {
-  OutputChoice chosen;
+OutputPlace ChosenPlace(const IGxDialog& dialog, OutputKind kind) {
   const std::shared_ptr<IGxObject> location = dialog.FinalLocation();
-  chosen.directory = location->FullName();
-  chosen.name = dialog.Name();
-  chosen.kind = kind;
+  OutputPlace chosen = PlaceIn(kind, location->FullName(), dialog.Name());
   if (const auto item = Cast<IGxDataset>(location)) {
     const std::shared_ptr<IDataset> dataset = item->Dataset();
-    chosen.directory = dataset->Workspace()->PathName();
-    chosen.is_feature_dataset = true;
-    chosen.feature_dataset_name = dataset->Name();
+    chosen = PlaceIn(kind, dataset->Workspace()->PathName(), dialog.Name(), dataset->Name());
   }
-  if (kind == kShapefile && FollowNamedFormat(chosen.FullPath(), chosen)) return chosen;
-  if (FormatOfKind(kind)->feature_datasets) chosen.name = NameInGeodatabase(std::move(chosen.name));
+  if (kind == kShapefile && FollowNamedFormat(chosen.Path(), chosen)) return chosen;
+  if (chosen.format->feature_datasets) chosen.name = NameInGeodatabase(std::move(chosen.name));
   return chosen;
 }
 
@@ -104,101 +94,87 @@ struct BrowseRules {
 
 }  // namespace
 
+OutputPlace PlaceAtPath(const std::string& path, std::int32_t kind, const std::string& dataset) {
+  OutputPlace place = PlaceIn(kind, ReturnDir(path), ReturnFilename(path), dataset);
+  if (place.format == nullptr || !place.format->feature_datasets) place.dataset.clear();
+  const std::string folder = place.Directory();
+  if (!place.dataset.empty() && EqualsIgnoringCase(ReturnFilename(folder), place.dataset)) {
+    return PlaceIn(kind, ReturnDir(folder), place.name, dataset);
+  }
+  return place;
+}
+
 std::string WithoutTrailingSlash(std::string path) {
   if (!path.empty() && (path.back() == '\\' || path.back() == '/')) path.pop_back();
   return path;
 }
 
-std::string OutputChoice::FullPath() const {
-  return directory + "\\" + (is_feature_dataset ? feature_dataset_name + "\\" : "") + name;
-}
-
-OutputChoice RememberedPlace(const clsExtension& extension, const std::shared_ptr<IApplication>& application) {
-  OutputChoice place;
-  place.directory = extension.DirectoryPath;
-  place.is_feature_dataset = extension.IsFeatureDataset;
-  place.feature_dataset_name = extension.FeatDatasetName;
-  place.kind = extension.DirectoryType.empty() ? kShapefile : KindOfDirectoryType(extension.DirectoryType);
+OutputPlace RememberedPlace(const clsExtension& extension, const std::shared_ptr<IApplication>& application) {
+  const OutputKind kind = extension.DirectoryType.empty() ? kShapefile : KindOfDirectoryType(extension.DirectoryType);
+  OutputPlace place =
+      PlaceIn(kind, extension.DirectoryPath, "", extension.IsFeatureDataset ? extension.FeatDatasetName : "");
   const Format* temporary = TemporaryLayers();
-  const bool there = (temporary != nullptr && place.kind == temporary->kind) || ExistFileDir(place.directory);
-  if (!there || place.kind == kUnknownOutput) {
-    place.directory = ReturnDir(GetFullFileString(GetMxDocPath(application)));
-    place.kind = kShapefile;
-  }
-  place.directory = WithoutTrailingSlash(place.directory);
-  if (!FormatOfKind(place.kind)->feature_datasets) {
-    place.is_feature_dataset = false;
-    place.feature_dataset_name.clear();
+  const bool there = (temporary != nullptr && place.format == temporary) || ExistFileDir(extension.DirectoryPath);
+  if (!there || place.IsFolder())
+    place = PlaceIn(kShapefile, ReturnDir(GetFullFileString(GetMxDocPath(application))), "");
+  if (!place.format->feature_datasets) place.dataset.clear();
+  return place;
+}
+
+OutputPlace ProposeName(OutputPlace place, const std::string& base_name) {
+  const OutputPlace wished{place.format, place.container, "", base_name};
+  if (place.Kind() == kShapefile) {
+    place.name = ReturnFilename(MakeUniqueShapeFilename(wished.Path() + ".shp"));
+  } else if (place.format->IsFile()) {
+    place.name = ReturnFilename(MakeUniqueFilename(wished.Path() + std::string(place.format->ending)));
+  } else {
+    place.name = MakeUniqueGDBFeatureClassName(OpenGeodatabase(place), base_name);
   }
   return place;
 }
 
-OutputChoice ProposeName(OutputChoice place, const std::string& base_name) {
-  if (place.kind == kShapefile) {
-    const std::string path = MakeUniqueShapeFilename(place.directory + "\\" + base_name + ".shp");
-    place.directory = WithoutTrailingSlash(ReturnDir(path));
-    place.name = ReturnFilename(path);
-    return place;
-  }
-  if (const Format* format = FormatOfKind(place.kind); format->IsFile()) {
-    place.name = ReturnFilename(MakeUniqueFilename(place.directory + "\\" + base_name + std::string(format->ending)));
-    return place;
-  }
-  place.name = MakeUniqueGDBFeatureClassName(OpenGeodatabase(place.kind, place.directory), base_name);
-  return place;
-}
-
-OutputChoice ProposeOutput(const clsExtension& extension, const std::shared_ptr<IApplication>& application,
-                           std::string base_name) {
+OutputPlace ProposeOutput(const clsExtension& extension, const std::shared_ptr<IApplication>& application,
+                          std::string base_name) {
   return ProposeName(RememberedPlace(extension, application), base_name);
 }
 
-bool FollowNamedFormat(const std::string& text, OutputChoice& choice) {
+bool FollowNamedFormat(const std::string& text, OutputPlace& place) {
   const std::string folder = WithoutTrailingSlash(ReturnDir(text));
   const std::string name = ReturnFilename(text);
-  OutputChoice named{folder, name, kUnknownOutput, false, ""};
-  const Format* format = ContainerAround(folder);
-  if (format != nullptr) {
-    if (name.empty()) named.name = StemOf(folder);
-  } else {
-    format = NamedFormatOfPath(name);
-    if (format == nullptr || format->server) return false;
-    if (format->container) named = {text, StemOf(name), kUnknownOutput, false, ""};
+  if (const Format* format = ContainerAround(folder)) {
+    place = PlaceIn(format->kind, folder, name.empty() ? StemOf(folder) : name);
+    return true;
   }
-  named.kind = static_cast<OutputKind>(format->kind);
-  choice = std::move(named);
+  const Format* format = NamedFormatOfPath(name);
+  if (format == nullptr || format->server) return false;
+  place = format->container ? PlaceIn(format->kind, text, StemOf(name)) : PlaceIn(format->kind, ReturnDir(text), name);
   return true;
 }
 
-void FollowTypedPath(const std::string& text, OutputChoice& choice) {
-  if (FollowNamedFormat(text, choice)) return;
-  choice.directory = WithoutTrailingSlash(ReturnDir(text));
-  choice.name = ReturnFilename(text);
-  if (EndsWithIgnoringCase(text, ".gdb")) {
-    choice.kind = kFileGeodatabase;
-  } else if (EndsWithIgnoringCase(text, ".mdb")) {
-    choice.kind = kPersonalGeodatabase;
-  } else {
-    choice.kind = kShapefile;
-    choice.name = SetExtension(choice.name, "shp");
-  }
+void FollowTypedPath(const std::string& text, OutputPlace& place) {
+  if (FollowNamedFormat(text, place)) return;
+  const OutputKind kind = EndsWithIgnoringCase(text, ".gdb")   ? kFileGeodatabase
+                          : EndsWithIgnoringCase(text, ".mdb") ? kPersonalGeodatabase
+                                                               : kShapefile;
+  const std::string name = ReturnFilename(text);
+  place = PlaceIn(kind, ReturnDir(text), kind == kShapefile ? SetExtension(name, "shp") : name, place.dataset);
 }
 
 namespace {
 
-bool Browse(const std::string& text, OutputChoice& choice, const BrowseRules& rules) {
-  const std::string offered = choice.kind == kShapefile ? MakeUniqueShapeFilename(text) : text;
+bool Browse(const std::string& text, OutputPlace& place, const BrowseRules& rules) {
+  const std::string offered = place.Kind() == kShapefile ? MakeUniqueShapeFilename(text) : text;
   for (;;) {
     const std::shared_ptr<IGxDialog> dialog = Host().CreateGxDialog();
     dialog->AddFilter(GxFilter::FeatureClasses, true);
     dialog->SetAllowMultiSelect(false);
-    dialog->SetStartingLocation(Replace(choice.directory, "/", "\\"));
+    dialog->SetStartingLocation(place.Directory());
     dialog->SetTitle(rules.title);
     dialog->SetName(offered);
     if (!dialog->DoModalSave(0)) return false;
     const std::string category = Require(dialog->FinalLocation(), "FinalLocation")->Category();
     if (const OutputKind kind = rules.kind_of(category); kind != kUnknownOutput) {
-      choice = ChosenPlace(*dialog, kind);
+      place = ChosenPlace(*dialog, kind);
       return true;
     }
     if (RefuseCategory(category, rules.refusal_line_break) != MessageAnswer::Ok) return false;
@@ -207,33 +183,33 @@ bool Browse(const std::string& text, OutputChoice& choice, const BrowseRules& ru
 
 }  // namespace
 
-bool BrowseForOutput(const std::string& text, OutputChoice& choice, const std::string& title) {
-  return Browse(text, choice, {title, KindOfPlace, "\r\n"});
+bool BrowseForOutput(const std::string& text, OutputPlace& place, const std::string& title) {
+  return Browse(text, place, {title, KindOfPlace, "\r\n"});
 }
 
-bool BrowseForOutput(const std::string& text, OutputChoice& choice, AnyGeodatabasePlace) {
-  return Browse(text, choice, {"Enter the name of your new Feature Class or Shapefile:", KindOfAnyPlace, ""});
+bool BrowseForOutput(const std::string& text, OutputPlace& place, AnyGeodatabasePlace) {
+  return Browse(text, place, {"Enter the name of your new Feature Class or Shapefile:", KindOfAnyPlace, ""});
 }
 
-std::string ChosenPath(const std::string& text, const OutputChoice& choice) {
-  return NamedFormat(choice.kind) == nullptr ? text : choice.FullPath();
+std::string ChosenPath(const std::string& text, const OutputPlace& place) {
+  return place.format == nullptr || place.format->HasOwnWorkspace() ? text : place.Path();
 }
 
-std::optional<Objection> ObjectionTo(const std::string& path, const OutputChoice& choice) {
+std::optional<Objection> ObjectionTo(const std::string& path, const OutputPlace& place) {
   constexpr const char* kTitle = "Failed to Create Feature Class:";
-  const Format* format = FormatOfKind(choice.kind);
+  const Format* format = place.format;
   if (format != nullptr && format == TemporaryLayers()) return std::nullopt;
   // A feature dataset is no folder: its place is the geodatabase.
-  const std::string directory = choice.is_feature_dataset ? choice.directory : WithoutTrailingSlash(ReturnDir(path));
+  const std::string directory = place.dataset.empty() ? WithoutTrailingSlash(ReturnDir(path)) : place.Directory();
   const Objection no_workspace{"output",
                                "Unable to create Feature Class:\r\n" +
                                    (directory.empty() && !path.empty() ? "/" : ToNativePath(directory)) +
                                    " is not a valid workspace...",
                                kTitle};
   if (format == nullptr) return ExistFileDir(directory) ? std::nullopt : std::optional(no_workspace);
-  const OutputPlace place{format, ToNativePath(WithoutTrailingSlash(path.substr(0, path.rfind('\\')))), "",
-                          path.substr(path.rfind('\\') + 1)};
-  if (const auto problem = path.empty() ? std::nullopt : NameProblem(place))
+  const std::size_t last = path.rfind('\\');
+  const OutputPlace typed = PlaceIn(format->kind, path.substr(0, last), path.substr(last + 1));
+  if (const auto problem = path.empty() ? std::nullopt : NameProblem(typed))
     return Objection{"output", *problem, kTitle};
   // A shapefile in the folder of a geodatabase would be lost in it, and a class outside of any has no place.
   const bool chosen = !format->HasOwnWorkspace() && format->container;
@@ -244,28 +220,30 @@ std::optional<Objection> ObjectionTo(const std::string& path, const OutputChoice
   return no_workspace;
 }
 
-bool OutputWorkspaceExists(const std::string& text, const OutputChoice& choice) {
-  const std::optional<Objection> objection = ObjectionTo(ChosenPath(text, choice), choice);
+bool OutputWorkspaceExists(const std::string& text, const OutputPlace& place) {
+  const std::optional<Objection> objection = ObjectionTo(ChosenPath(text, place), place);
   if (objection) TellUser(objection->text, objection->title);
   return !objection;
 }
 
-OutputChoice ChoiceOf(const ToolOutput& output, const std::string& base_name) {
-  if (output.kind == kUnknownOutput) {
-    const std::filesystem::path wished = std::filesystem::path(ToNativePath(output.directory)) / (base_name + ".shp");
-    return {output.directory, FirstFreePath(wished).filename().string(), kShapefile, false, ""};
+OutputPlace PlaceFor(const ToolOutput& output, const std::string& base_name) {
+  OutputPlace place = PlaceOf(output);
+  if (place.IsFolder()) {
+    const std::filesystem::path wished = std::filesystem::path(place.container) / (base_name + ".shp");
+    return PlaceIn(kShapefile, output.directory, FirstFreePath(wished).filename().string());
   }
-  OutputChoice choice{output.directory, output.name, static_cast<OutputKind>(output.kind), !output.dataset.empty(),
-                      output.dataset};
-  if (!output.path.empty()) return choice;
-  if (FormatOfKind(choice.kind)->feature_datasets) choice.name = NameInGeodatabase(std::move(choice.name));
-  if (choice.kind == kShapefile) choice.name = SetExtension(choice.name, "shp");
-  return choice;
+  if (!output.path.empty()) return place;
+  if (place.format->feature_datasets) place.name = NameInGeodatabase(std::move(place.name));
+  if (place.Kind() == kShapefile) place.name = SetExtension(place.name, "shp");
+  return place;
 }
 
-ToolOutput ToolOutputOf(const OutputChoice& choice, const std::string& path) {
-  return {choice.kind, choice.directory, choice.is_feature_dataset ? choice.feature_dataset_name : "", choice.name,
-          path};
+ToolOutput ShownArgument(const OutputPlace& place) {
+  ToolOutput output = ArgumentFor(place);
+  output.name = place.name;
+  output.dataset = place.dataset;
+  output.path = place.Path();
+  return output;
 }
 
 ToolOutput RememberedOutput(const clsExtension& extension) {
@@ -274,11 +252,16 @@ ToolOutput RememberedOutput(const clsExtension& extension) {
           extension.NewShapefileLocation};
 }
 
-void RememberOutput(const OutputChoice& choice, clsExtension& extension) {
-  extension.DirectoryPath = choice.directory;
-  extension.IsFeatureDataset = choice.is_feature_dataset;
-  extension.FeatDatasetName = choice.feature_dataset_name;
-  extension.DirectoryType = DirectoryTypeText(choice.kind);
+OutputPlace RememberedPlaceAt(const std::string& path, const clsExtension& extension) {
+  return PlaceAtPath(path, KindOfDirectoryType(extension.DirectoryType),
+                     extension.IsFeatureDataset ? extension.FeatDatasetName : "");
+}
+
+void RememberOutput(const OutputPlace& place, clsExtension& extension) {
+  extension.DirectoryPath = place.Directory();
+  extension.IsFeatureDataset = !place.dataset.empty();
+  extension.FeatDatasetName = place.dataset;
+  extension.DirectoryType = DirectoryTypeText(place.Kind());
 }
 
 }  // namespace tessarine::MyGeneralOperations

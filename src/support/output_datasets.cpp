@@ -9,7 +9,6 @@
 #include "outputs/brought_output.h"
 #include "outputs/column_loss.h"
 #include "outputs/foretold_reference.h"
-#include "outputs/output_place.h"
 #include "outputs/staged_output.h"
 #include "outputs/temporary_layers.h"
 #include "platform/host.h"
@@ -66,30 +65,25 @@ std::optional<std::string> AskForPlace(RunContext& context, OutputRequest& reque
     return std::nullopt;
   }
   const auto location = Require(dialog->FinalLocation(), "FinalLocation");
-  request.directory = location->FullName();
-  request.name = dialog->Name();
+  const OutputKind kind = KindOfCategory(location->Category());
+  OutputPlace& place = request.place;
+  place = PlaceIn(kind, location->FullName(), dialog->Name(), place.dataset);
   if (const auto item = Cast<IGxDataset>(location)) {
     const std::shared_ptr<IDataset> dataset = item->Dataset();
-    request.directory = dataset->Workspace()->PathName();
     // Any dataset behind the place but a class of its own is a feature dataset.
-    if (Is<IFeatureDataset>(dataset) || EndsWithIgnoringCase(location->Category(), "Feature Dataset")) {
-      request.is_feature_dataset = true;
-      request.feature_dataset = dataset->Name();
-    }
+    const bool holds_classes =
+        Is<IFeatureDataset>(dataset) || EndsWithIgnoringCase(location->Category(), "Feature Dataset");
+    place =
+        PlaceIn(kind, dataset->Workspace()->PathName(), place.name, holds_classes ? dataset->Name() : place.dataset);
   }
-  OutputChoice named;
-  const bool in_folder = !request.is_feature_dataset && KindOfCategory(location->Category()) == kShapefile;
-  if (!in_folder || !FollowNamedFormat(WithoutTrailingSlash(request.directory) + "\\" + request.name, named)) {
-    return location->Category();
-  }
-  request.directory = named.directory;
-  request.name = named.name;
-  return DirectoryTypeText(named.kind);
+  const bool in_folder = place.dataset.empty() && kind == kShapefile;
+  if (!in_folder || !FollowNamedFormat(place.Path(), place)) return location->Category();
+  return DirectoryTypeText(place.Kind());
 }
 
 // The category of a place that the caller named; nothing, and the user told, for a kind that there is none of.
 std::optional<std::string> CategoryOf(RunContext& context, OutputRequest& request) {
-  const std::string category = CategoryOfKind(request.kind);
+  const std::string category = CategoryOfKind(request.place.Kind());
   if (category.empty()) {
     context.feedback.Tell(
         "PROBLEM:  This function can only create shapefiles, file geodatabase feature classes, or "
@@ -97,17 +91,13 @@ std::optional<std::string> CategoryOf(RunContext& context, OutputRequest& reques
         "Invalid Output Type:");
     return std::nullopt;
   }
-  if (request.kind == kShapefile) {
-    request.name = SetExtension(request.name, "shp");
-    if (!request.directory.ends_with('\\')) request.directory += '\\';
-  }
+  if (request.place.Kind() == kShapefile) request.place.name = SetExtension(request.place.name, "shp");
   return category;
 }
 
-// What the request names, with an ending.
-OutputPlace PlaceOf(const OutputRequest& request, const Format& format) {
-  OutputPlace place{&format, ToNativePath(WithoutTrailingSlash(request.directory)), "", request.name};
-  if (format.feature_datasets && request.is_feature_dataset) place.dataset = request.feature_dataset;
+// The place with an ending where its format has one.
+OutputPlace WithEnding(OutputPlace place) {
+  const Format& format = *place.format;
   // Some formats go by several endings, and a user may name the format of any.
   const std::string_view ending = format.HasOwnWorkspace() ? format.ending : ".";
   const bool ends =
@@ -132,13 +122,12 @@ std::optional<std::string> PlaceProblem(const OutputRequest& request, const Outp
 }
 
 // Classes and feature datasets of a geodatabase share their names.
-std::optional<std::string> NameConflict(IFeatureWorkspace& workspace, const OutputRequest& request) {
-  const std::string place = ToNativePath(request.directory);
-  if (Attempt([&] { return workspace.OpenFeatureDataset(request.name); })) {
-    return "'" + request.name + "' is a feature dataset of '" + place + "': name another class.";
+std::optional<std::string> NameConflict(IFeatureWorkspace& workspace, const OutputPlace& place) {
+  if (Attempt([&] { return workspace.OpenFeatureDataset(place.name); })) {
+    return "'" + place.name + "' is a feature dataset of '" + place.container + "': name another class.";
   }
-  if (request.is_feature_dataset && workspace.HoldsName(request.feature_dataset)) {
-    return "'" + request.feature_dataset + "' is a class of '" + place +
+  if (!place.dataset.empty() && workspace.HoldsName(place.dataset)) {
+    return "'" + place.dataset + "' is a class of '" + place.container +
            "' and no feature dataset: name another dataset, or none.";
   }
   return std::nullopt;
@@ -170,20 +159,20 @@ std::shared_ptr<IFeatureClass> CreateAt(OutputRequest& request, const std::strin
                                         const std::shared_ptr<IFeatureWorkspace>& workspace,
                                         const std::shared_ptr<IFeatureDataset>& dataset) {
   if (dataset) {
-    return NewDatasetClass(dataset, request.name, esriFTSimple, request.geometry_type, request.fields, nullptr, nullptr,
-                           "", request.envelope);
+    return NewDatasetClass(dataset, request.place.name, esriFTSimple, request.geometry_type, request.fields, nullptr,
+                           nullptr, "", request.envelope);
   }
   if (IsFolderCategory(category)) {
-    const bool ending = EndsWithIgnoringCase(request.name, ".shp");
-    const std::string name = ending ? request.name.substr(0, request.name.size() - 4) : request.name;
+    const std::string& file = request.place.name;
+    const std::string name = EndsWithIgnoringCase(file, ".shp") ? file.substr(0, file.size() - 4) : file;
     return NewPlainClass(*workspace, name, request.reference, request.geometry_type, request.fields,
                          request.add_unique_id, ExtentOf(request));
   }
   if (!FormatOfKind(KindOfCategory(category))->HasOwnWorkspace()) {
-    return NewPlainClass(*workspace, request.name, request.reference, request.geometry_type, request.fields,
+    return NewPlainClass(*workspace, request.place.name, request.reference, request.geometry_type, request.fields,
                          request.add_unique_id, ExtentOf(request));
   }
-  return NewGeodatabaseClass(workspace, request.name, esriFTSimple, request.reference, request.geometry_type,
+  return NewGeodatabaseClass(workspace, request.place.name, esriFTSimple, request.reference, request.geometry_type,
                              request.fields, nullptr, nullptr, "", request.envelope, request.feature_count);
 }
 
@@ -218,13 +207,13 @@ std::shared_ptr<IFeatureClass> CreateElsewhere(OutputRequest& request, const Spa
 // The attributes of a class in their order: what it was asked for, then, under the names that the format chose.
 void TakeMadeNames(RunContext& context, const IFeatureClass& output, OutputRequest& request) {
   RunJournal& journal = context.journal;
-  const Format* format = FormatOfKind(request.kind);
-  const bool named = format != nullptr && !format->HasOwnWorkspace()
-                         ? format->container
+  OutputPlace& place = request.place;
+  const bool named = place.format != nullptr && !place.format->HasOwnWorkspace()
+                         ? place.format->container
                          : !output.Category().starts_with(CategoryOfKind(kShapefile));
-  if (output.Name() != request.name && named) {
-    journal.NoteName(request.name, output.Name());
-    request.name = output.Name();
+  if (output.Name() != place.name && named) {
+    journal.NoteName(place.name, output.Name());
+    place.name = output.Name();
   }
   if (!request.fields) return;
   std::vector<FieldRef> made;
@@ -269,7 +258,7 @@ void MakeFieldNamesLegal(RunContext& context, const std::shared_ptr<VarArray>& f
 std::shared_ptr<IFeatureClass> CreateOutput(RunContext& context, OutputRequest& request) {
   return TrapAndPassOn("CreateGeneralFeatureClass", [&]() -> std::shared_ptr<IFeatureClass> {
     for (;;) {
-      const bool named = !request.directory.empty() && !request.name.empty();
+      const bool named = !request.place.container.empty() && !request.place.name.empty();
       const std::optional<std::string> category = named ? CategoryOf(context, request) : AskForPlace(context, request);
       if (!category) return nullptr;
       const std::shared_ptr<IWorkspaceFactory> factory = FactoryOfCategory(*category);
@@ -282,35 +271,34 @@ std::shared_ptr<IFeatureClass> CreateOutput(RunContext& context, OutputRequest& 
       const bool brings = BringsElsewhere(request.reference, wished);
       const std::int32_t kind = KindOfCategory(*category);
       const Format& format = *FormatOfKind(kind);
-      const bool in_dataset = request.is_feature_dataset && format.feature_datasets;
-      request.is_feature_dataset = in_dataset;
-      request.kind = kind;
-      request.directory = WithoutTrailingSlash(request.directory);
-      const OutputPlace place = PlaceOf(request, format);
+      OutputPlace& asked = request.place;
+      asked.format = &format;
+      if (!format.feature_datasets) asked.dataset.clear();
+      const OutputPlace place = WithEnding(asked);
       if (const auto problem = PlaceProblem(request, place)) {
         context.feedback.Tell(*problem, "Failed to Create Feature Class:");
-        request.name.clear();
+        asked.name.clear();
         continue;
       }
-      if (format.container && place.ClassName() != request.name) {
-        context.journal.NoteName(request.name, place.ClassName());
-        request.name = place.ClassName();
+      if (format.container && place.ClassName() != asked.name) {
+        context.journal.NoteName(asked.name, place.ClassName());
+        asked.name = place.ClassName();
       }
-      if (format.IsFile() && !format.HasOwnWorkspace()) request.name = place.name;
-      const std::shared_ptr<IFeatureWorkspace> workspace = factory->OpenFromFile(request.directory, 0);
-      if (const auto conflict = format.container ? NameConflict(*workspace, request) : std::nullopt) {
+      if (format.IsFile() && !format.HasOwnWorkspace()) asked.name = place.name;
+      const std::shared_ptr<IFeatureWorkspace> workspace = factory->OpenFromFile(asked.Directory(), 0);
+      if (const auto conflict = format.container ? NameConflict(*workspace, asked) : std::nullopt) {
         context.feedback.Tell(*conflict, "Failed to Create Feature Class:");
-        request.name.clear();
+        asked.name.clear();
         continue;
       }
       std::shared_ptr<IFeatureDataset> dataset;
-      if (in_dataset) {
-        dataset = workspace->OpenFeatureDataset(request.feature_dataset);
+      if (!asked.dataset.empty()) {
+        dataset = workspace->OpenFeatureDataset(asked.dataset);
         if (!request.projects) RefuseOtherReference(*dataset, brings ? wished : request.reference);
       }
-      const std::string shown_name = in_dataset ? request.feature_dataset + ":" + request.name : request.name;
-      if (!MakeNameFree(context, workspace, request.name, shown_name)) {
-        request.name.clear();
+      const std::string shown_name = dataset ? asked.dataset + ":" + asked.name : asked.name;
+      if (!MakeNameFree(context, workspace, asked.name, shown_name)) {
+        asked.name.clear();
         continue;
       }
       MakeFieldNamesLegal(context, request.fields, kind);
@@ -334,21 +322,23 @@ std::shared_ptr<IFeatureClass> CreateOutput(RunContext& context, OutputRequest& 
 }
 
 OutputPlan PlanOutput(RunContext& context, OutputRequest& request) {
-  const Format* format = FormatOfKind(request.kind);
-  if (format == nullptr || request.name.empty()) return {request.directory + "\\" + request.name, false, {}, {}};
-  if (request.kind == kShapefile) request.name = SetExtension(request.name, "shp");
-  request.directory = WithoutTrailingSlash(request.directory);
-  OutputPlace place = PlaceOf(request, *format);
+  OutputPlace& place = request.place;
+  const Format* format = place.format;
+  if (format == nullptr || place.name.empty()) return {place.Path(), false, {}, {}};
+  if (!format->feature_datasets) place.dataset.clear();
+  if (place.Kind() == kShapefile) place.name = SetExtension(place.name, "shp");
+  const std::string asked = place.name;
+  place = WithEnding(place);
   if (const auto problem = PlaceProblem(request, place)) Raise(kInvalidCall, *problem);
-  if (format->container) context.journal.NoteName(request.name, place.ClassName());
-  request.name = place.name = place.ClassName();
-  MakeFieldNamesLegal(context, request.fields, request.kind);
-  const auto workspace = Attempt([&] { return FactoryOfKind(request.kind)->OpenFromFile(request.directory, 0); });
-  if (const auto conflict = workspace && format->container ? NameConflict(*workspace, request) : std::nullopt) {
+  if (format->container) context.journal.NoteName(asked, place.ClassName());
+  place.name = place.ClassName();
+  MakeFieldNamesLegal(context, request.fields, place.Kind());
+  const auto workspace = Attempt([&] { return FactoryOfKind(place.Kind())->OpenFromFile(place.Directory(), 0); });
+  if (const auto conflict = workspace && format->container ? NameConflict(*workspace, place) : std::nullopt) {
     Raise(kInvalidCall, *conflict);
   }
   const bool exists =
-      workspace && (workspace->HoldsName(request.name) || CheckIfFeatureClassExists(workspace, request.name));
+      workspace && (workspace->HoldsName(place.name) || CheckIfFeatureClassExists(workspace, place.name));
   OutputPlan plan{FromNativePath(place.NativePath()), exists, {}, {}};
   const SpatialReferenceRef wished = WishedReference(context, request);
   const bool brings = BringsElsewhere(request.reference, wished);
@@ -357,16 +347,16 @@ OutputPlan PlanOutput(RunContext& context, OutputRequest& request) {
     const FieldsRef fields =
         PlainFields(brings ? wished : request.reference, request.geometry_type, request.fields, request.add_unique_id,
                     brings ? ExtentIn(wished, request.reference, own) : own);
-    PlannedClass planned = planner->PlanClass(request.name, fields, "Shape");
+    PlannedClass planned = planner->PlanClass(place.name, fields, "Shape");
     plan.fields = std::move(planned.fields);
     plan.foretold = std::move(planned.foretold);
   } else {
-    const bool numbers = request.add_unique_id && request.kind == kShapefile;
+    const bool numbers = request.add_unique_id && place.Kind() == kShapefile;
     const FieldsRef fields =
         PlainFields(request.reference, request.geometry_type, request.fields, numbers, ExtentOf(request));
     for (const FieldRef& field : *fields) {
       if (!IsAttribute(*field)) continue;
-      plan.fields.push_back({field->Name, field->Name, TypeWordOf(*field, request.kind)});
+      plan.fields.push_back({field->Name, field->Name, TypeWordOf(*field, place.Kind())});
     }
   }
   for (std::string& sentence : LossesOfReference(request, *format, wished)) {
@@ -404,13 +394,15 @@ void DiscardUnpublished(RunContext& context, const std::shared_ptr<IFeatureClass
 
 std::string OutputPath(const IFeatureClass& output, const OutputRequest& request) {
   const bool shapefile = output.Category().starts_with(CategoryOfKind(kShapefile));
-  if (shapefile || !request.is_feature_dataset) return output.FullName();
-  return request.directory + "\\" + request.feature_dataset + "\\" + output.Name();
+  if (shapefile || request.place.dataset.empty()) return output.FullName();
+  OutputPlace place = request.place;
+  place.name = output.Name();
+  return place.Path();
 }
 
 void PublishOutput(RunContext& context, IFeatureClass& output, const OutputRequest& request) {
   const Format* temporary = TemporaryLayers();
-  if (context.journal.stopped && temporary != nullptr && request.kind == temporary->kind) {
+  if (context.journal.stopped && temporary != nullptr && request.place.format == temporary) {
     Raise(kInvalidCall, "The run was stopped, and no temporary layer '" + output.Name() + "' is left of it.");
   }
   if (auto* staged = dynamic_cast<IStagedDataset*>(&output)) {
@@ -421,25 +413,6 @@ void PublishOutput(RunContext& context, IFeatureClass& output, const OutputReque
     }
   }
   context.journal.output_path = OutputPath(output, request);
-}
-
-std::shared_ptr<IFeatureClass> CreateGeneralFeatureClass(
-    esriGeometryType& geometry_type, const SpatialReferenceRef& spatial_reference, std::string& directory,
-    std::string& name, std::int32_t output_kind, const std::shared_ptr<VarArray>& fields,
-    const std::string& dialog_title, bool& is_feature_dataset, std::string& feature_dataset_name, bool,
-    bool add_unique_id, const Envelope* envelope, std::int32_t feature_count) {
-  RunContext context = HostContext();
-  OutputRequest request{
-      geometry_type,      spatial_reference,    directory,     name,  output_kind, fields,        dialog_title,
-      is_feature_dataset, feature_dataset_name, add_unique_id, false, envelope,    feature_count, {}};
-  std::shared_ptr<IFeatureClass> output =
-      Trap("CreateGeneralFeatureClass", [&] { return CreateOutput(context, request); });
-  geometry_type = request.geometry_type;
-  directory = request.directory;
-  name = request.name;
-  is_feature_dataset = request.is_feature_dataset;
-  feature_dataset_name = request.feature_dataset;
-  return output;
 }
 
 }  // namespace tessarine::MyGeneralOperations

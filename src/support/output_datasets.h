@@ -8,22 +8,20 @@
 #include <vector>
 
 #include "outputs/format_workspace.h"
+#include "outputs/output_place.h"
 #include "platform/arrays.h"
 #include "platform/data.h"
 #include "platform/run_context.h"
 
 namespace tessarine::MyGeneralOperations {
 
-/// What a run asks for when it makes its output. Directory, name and dataset end as what was used.
+/// What a run asks for when it makes its output. The place ends as the one that was used.
 struct OutputRequest {
   esriGeometryType geometry_type = esriGeometryNull;
   SpatialReferenceRef reference;
-  std::string directory, name;
-  std::int32_t kind = 0;
+  OutputPlace place;                 ///< without a container or a name the user is asked for it
   std::shared_ptr<VarArray> fields;  ///< `Field`s, or null; each ends with the name that the format gave it
   std::string dialog_title;
-  bool is_feature_dataset = false;
-  std::string feature_dataset;
   bool add_unique_id = false;
   bool projects = false;               ///< the run brings its shapes into the reference of a feature dataset
   const Envelope* envelope = nullptr;  ///< of the data to come, null where that isn't known

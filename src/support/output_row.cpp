@@ -3,24 +3,24 @@
 
 namespace tessarine::MyGeneralOperations {
 
-void OutputRow::Show(const OutputChoice& choice) {
+void OutputRow::Show(const OutputPlace& place) {
   // The text's own change event reads the path as typed; what is known of the place comes after it.
-  const OutputChoice known = choice;
-  box_.SetText(known.FullPath());
-  choice_ = known;
+  const OutputPlace known = place;
+  box_.SetText(known.Path());
+  place_ = known;
 }
 
 bool OutputRow::Browse(const char* title) {
-  OutputChoice choice = choice_;
+  OutputPlace place = place_;
   const bool changed =
-      title == nullptr ? BrowseForOutput(box_.Text(), choice) : BrowseForOutput(box_.Text(), choice, title);
+      title == nullptr ? BrowseForOutput(box_.Text(), place) : BrowseForOutput(box_.Text(), place, title);
   if (!changed) return false;
-  Show(choice);
+  Show(place);
   return true;
 }
 
 bool OutputRow::PlaceExists() {
-  if (OutputWorkspaceExists(box_.Text(), choice_)) return true;
+  if (OutputWorkspaceExists(box_.Text(), place_)) return true;
   box_.SetFocus();
   return false;
 }

@@ -14,19 +14,19 @@ namespace tessarine::MyGeneralOperations {
 class OutputRow {
  public:
   /// Takes over a path that was typed, as `FollowTypedPath` does.
-  using Reader = void (*)(const std::string& text, OutputChoice& choice);
+  using Reader = void (*)(const std::string& text, OutputPlace& place);
 
   OutputRow(TextBox& box, Reader reader) : box_(box), reader_(reader) {}
   OutputRow(const OutputRow&) = delete;
   OutputRow& operator=(const OutputRow&) = delete;
 
-  [[nodiscard]] const OutputChoice& Choice() const { return choice_; }
+  [[nodiscard]] const OutputPlace& Place() const { return place_; }
   /// The path that a run gets.
-  [[nodiscard]] std::string Path() const { return ChosenPath(box_.Text(), choice_); }
+  [[nodiscard]] std::string Path() const { return ChosenPath(box_.Text(), place_); }
 
-  void Show(const OutputChoice& choice);
-  void FollowText() { reader_(box_.Text(), choice_); }
-  /// Shows the browse dialog, under a title of its own where one is given. True when the choice changed.
+  void Show(const OutputPlace& place);
+  void FollowText() { reader_(box_.Text(), place_); }
+  /// Shows the browse dialog, under a title of its own where one is given. True when the place changed.
   bool Browse(const char* title = nullptr);
   /// True where the output can be made. Else the user is told why not, and is in the box again.
   [[nodiscard]] bool PlaceExists();
@@ -34,7 +34,7 @@ class OutputRow {
  private:
   TextBox& box_;
   Reader reader_;
-  OutputChoice choice_;
+  OutputPlace place_;
 };
 
 }  // namespace tessarine::MyGeneralOperations

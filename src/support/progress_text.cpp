@@ -4,8 +4,6 @@
 #include <algorithm>
 #include <cmath>
 
-#include "platform/at_hand.h"
-#include "platform/host.h"
 #include "platform/text_formats.h"
 
 namespace tessarine::MyGeneralOperations {
@@ -30,10 +28,6 @@ std::string CalcTimeLeft(const std::string& prefix, double elapsed_seconds, std:
   return prefix + ".....[record #" + std::to_string(done) + " of " + std::to_string(total) + "  ---  " +
          NumberText(PercentDone(done, total)) + "%]....." + "Est. Time Left = " + std::to_string(hours) + ":" +
          TwoDigits(minutes) + ":" + TwoDigits(left % 60) + "...";
-}
-
-std::string CalcTimeLeft(const std::string& prefix, Date start, std::int32_t done, std::int32_t total) {
-  return CalcTimeLeft(prefix, static_cast<double>(SecondsBetween(start, ClockAtHand().Now())), done, total);
 }
 
 }  // namespace tessarine::MyGeneralOperations

@@ -3,6 +3,7 @@
 
 #include "platform/fault.h"
 #include "platform/text_formats.h"
+#include "session/clsExtension.h"
 #include "support/elapsed_time.h"
 #include "support/frmOrlProgressMeter.h"
 #include "support/frmOrlProgressPercent.h"
@@ -22,13 +23,12 @@ std::string StampedLine(const std::string& line, Date now) {
 }  // namespace
 
 RunProgress::RunProgress(RunContext& context, RunProgressWords words, const std::shared_ptr<IApplication>& application,
-                         const std::shared_ptr<clsExtension>& extension, std::int32_t count, bool show_dialog)
-    : RunProgress(context, std::move(words), application, extension, count,
+                         std::int32_t count, bool show_dialog)
+    : RunProgress(context, std::move(words), application, count,
                   show_dialog ? std::make_shared<frmOrlProgressPercent>() : nullptr) {}
 
 RunProgress::RunProgress(RunContext& context, RunProgressWords words, const std::shared_ptr<IApplication>& application,
-                         const std::shared_ptr<clsExtension>& extension, std::int32_t count,
-                         std::shared_ptr<ProgressForm> dialog, LogView log_view)
+                         std::int32_t count, std::shared_ptr<ProgressForm> dialog, LogView log_view)
     : context_(context),
       words_(std::move(words)),
       application_(application),
@@ -40,15 +40,16 @@ RunProgress::RunProgress(RunContext& context, RunProgressWords words, const std:
       last_update_(begin_seconds_) {
   status_bar_->ShowProgressBar(words_.status_text, 1, count_, 1, true);
   status_bar_->ProgressBar()->SetPosition(1);
-  if (dialog_) OpenDialog(extension, log_view);
+  if (dialog_) OpenDialog(log_view);
 }
 
 double RunProgress::ElapsedSeconds() const { return context_.clock.SteadySeconds() - begin_seconds_; }
 
-void RunProgress::OpenDialog(const std::shared_ptr<clsExtension>& extension, LogView log_view) {
-  Require(extension, "clsExtension");
-  dialog_->SetSetExpanded(log_view == LogView::Shown || extension->ProgressDialogSetExpanded);
-  dialog_->SetSetAutoClose(extension->ProgressDialogAutoClose);
+void RunProgress::OpenDialog(LogView log_view) {
+  const std::shared_ptr<clsExtension> extension = FindExtension(application_);
+  const bool auto_close = extension && extension->ProgressDialogAutoClose;
+  dialog_->SetSetExpanded(log_view == LogView::Shown || (extension && extension->ProgressDialogSetExpanded));
+  dialog_->SetSetAutoClose(auto_close);
   dialog_->SetShouldContinue(true);
   dialog_->SetProgBeginTime(begin_);
   dialog_->SetProgRecCount(count_);
@@ -58,7 +59,7 @@ void RunProgress::OpenDialog(const std::shared_ptr<clsExtension>& extension, Log
   dialog_->lblBeginTime.SetCaption(began);
   dialog_->txtDetails.SetText(words_.log_lead + words_.action_text + TimeAndDay(begin_) +
                               "\r\n-------------------------------------------\r\n");
-  dialog_->chkClose.SetValue(extension->ProgressDialogAutoClose ? CheckBox::kChecked : CheckBox::kUnchecked);
+  dialog_->chkClose.SetValue(auto_close ? CheckBox::kChecked : CheckBox::kUnchecked);
   const std::shared_ptr<IModelessFrame> frame = dialog_->Frame();
   frame->SetCaption(" Current Status:");
   frame->SetVisible(true);
@@ -93,7 +94,7 @@ bool RunProgress::UpdateDialog(std::int32_t record) {
   dialog_->lblCurrentTime.SetCaption(LongTime(context_.clock.Now()));
   dialog_->Refresh();
   context_.feedback.PumpEvents();
-  return !MyGeneralOperations::BailOutOfProgress(dialog_, application_);
+  return !MyGeneralOperations::StopPressed(*dialog_, application_, context_.feedback, context_.clock);
 }
 
 void RunProgress::HideBar() {

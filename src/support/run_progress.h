@@ -10,7 +10,6 @@
 #include "platform/application.h"
 #include "platform/date.h"
 #include "platform/run_context.h"
-#include "session/clsExtension.h"
 #include "support/progress_form.h"
 
 namespace tessarine {
@@ -27,13 +26,13 @@ enum class LogView { Shown, AsLastTime };
 
 class RunProgress {
  public:
-  /// Shows the status bar and, with `show_dialog`, the progress dialog.
+  /// Shows the status bar and, with `show_dialog`, the progress dialog. What the dialog was last time is taken from the
+  /// application's extension where there is one.
   RunProgress(RunContext& context, RunProgressWords words, const std::shared_ptr<IApplication>& application,
-              const std::shared_ptr<clsExtension>& extension, std::int32_t count, bool show_dialog);
+              std::int32_t count, bool show_dialog);
   /// The same with a progress dialog of the run's own kind; nothing shows none.
   RunProgress(RunContext& context, RunProgressWords words, const std::shared_ptr<IApplication>& application,
-              const std::shared_ptr<clsExtension>& extension, std::int32_t count, std::shared_ptr<ProgressForm> dialog,
-              LogView log_view = LogView::Shown);
+              std::int32_t count, std::shared_ptr<ProgressForm> dialog, LogView log_view = LogView::Shown);
 
   /// One record further. Everything but the bar is brought up to date once a second and at the last record; that is
   /// also when the dialog's Stop is seen. False when the user stopped the run.
@@ -49,7 +48,7 @@ class RunProgress {
   void Abandon();
 
  private:
-  void OpenDialog(const std::shared_ptr<clsExtension>& extension, LogView log_view);
+  void OpenDialog(LogView log_view);
   [[nodiscard]] double ElapsedSeconds() const;
   [[nodiscard]] double SecondsSinceUpdate() const;
   [[nodiscard]] bool Update(std::int32_t record);

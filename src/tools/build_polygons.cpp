@@ -4,6 +4,7 @@
 #include "conversion/field_choice.h"
 #include "conversion/frmBuildParams.h"
 #include "conversion/mod_92_functions.h"
+#include "conversion/run_data.h"
 #include "platform/text_formats.h"
 #include "support/layer_listing.h"
 #include "tools/common/tool_parts.h"
@@ -102,7 +103,7 @@ class BuildPolygonsTool final : public Tool {
 
   [[nodiscard]] std::optional<Objection> Validate(const Arguments& arguments,
                                                   const std::shared_ptr<IApplication>& application) const override {
-    if (!ExtensionOf(application)->IsVersion92()) {
+    if (const auto extension = FindExtension(application); extension && !extension->IsVersion92()) {
       return Objection{"", "This command is disabled: the document's host is too old for it."};
     }
     if (const auto objection = ObjectionToKind(kSpec, SourceOf(arguments))) return objection;
@@ -118,15 +119,15 @@ class BuildPolygonsTool final : public Tool {
 
   [[nodiscard]] std::string Run(RunContext& context, const Arguments& arguments,
                                 const std::shared_ptr<IApplication>& application) const override {
-    const std::shared_ptr<clsExtension> extension = ExtensionOf(application);
-    const BuildChoices choices = Choices(arguments, *extension);
-    return mod_92_functions::BuildPolygons(context, choices, DocumentOf(application), application, extension);
+    const std::shared_ptr<clsExtension> memory = MemoryOf(application);
+    const BuildChoices choices = Choices(arguments, *memory);
+    Remember(choices, OutputOf(arguments, kBaseName), *memory);
+    return mod_92_functions::BuildPolygons(context, choices, DocumentOf(application), application);
   }
 
   [[nodiscard]] std::string Plan(RunContext& context, const Arguments& arguments,
                                  const std::shared_ptr<IApplication>& application) const override {
-    const std::shared_ptr<clsExtension> extension = ExtensionOf(application);
-    return mod_92_functions::PlanBuildPolygons(context, Choices(arguments, *extension), *extension);
+    return mod_92_functions::PlanBuildPolygons(context, Choices(arguments, *MemoryOf(application)));
   }
 
  private:
@@ -135,8 +136,8 @@ class BuildPolygonsTool final : public Tool {
                         arguments.Get<std::vector<std::string>>("label-fields"), "label-fields");
   }
 
-  // The choices of a run, which the extension remembers.
-  [[nodiscard]] static BuildChoices Choices(const Arguments& arguments, clsExtension& extension) {
+  // What nobody gave is as the extension remembers it.
+  [[nodiscard]] static BuildChoices Choices(const Arguments& arguments, const clsExtension& extension) {
     BuildChoices choices;
     choices.lines = SourceOf(arguments);
     choices.all_lines = ReadsAll(choices.lines, arguments.records);
@@ -150,17 +151,16 @@ class BuildPolygonsTool final : public Tool {
     }
     const auto choice = arguments.Get<std::string>("label-choice");
     choices.first_label = choice.empty() ? extension.BuildUseFirstLabelPoint : choice == "first";
-    const OutputOfRun output = OutputOf(arguments, kBaseName);
-    choices.path = output.path;
+    choices.output = OutputOf(arguments, kBaseName).Place();
+    return choices;
+  }
 
-    RememberOutput(output.place, extension);
-    extension.NewShapefileLocation = output.path;
-    extension.AnalysisRecordCount = CountRecords(choices.lines, choices.all_lines);
+  static void Remember(const BuildChoices& choices, const OutputOfRun& output, clsExtension& extension) {
+    RememberRun(output, CountInput(choices.lines, choices.all_lines), extension);
     extension.BuildClusterTolerance = choices.cluster_tolerance;
     extension.BuildShouldTransferLabels = choices.labels != nullptr;
     extension.BuildUseAllLabelPoints = choices.all_labels;
     extension.BuildUseFirstLabelPoint = choices.first_label;
-    return choices;
   }
 };
 

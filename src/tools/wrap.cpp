@@ -120,15 +120,14 @@ class WrapTool final : public Tool {
     arguments.Set("short-steps", steps.steps == LongSteps::ShortWay);
     arguments.Set("pole", std::string(RowOfPole(steps.pole).word));
     arguments.Set("shift", chosen.Shift());
-    const MyGeneralOperations::OutputChoice place = chosen.Output().Place();
-    arguments.Set("output", ToolOutputOf(place, place.FullPath()));
+    arguments.Set("output", MyGeneralOperations::ShownArgument(chosen.Output().Place()));
     return arguments;
   }
 
   [[nodiscard]] std::optional<Objection> Validate(const Arguments& arguments,
                                                   const std::shared_ptr<IApplication>& application) const override {
     const bool is_given = arguments.Has("range") || arguments.Has("bounds");
-    if (!is_given && !RememberedBox(*ExtensionOf(application))) {
+    if (!is_given && !RememberedBox(*MemoryOf(application))) {
       return Objection{"", std::string(kSpec.without_one_of)};
     }
     if (const auto objection = ObjectionToLayer(kSpec, SourceOf(arguments))) return objection;
@@ -139,14 +138,14 @@ class WrapTool final : public Tool {
 
   [[nodiscard]] std::string Run(RunContext& context, const Arguments& arguments,
                                 const std::shared_ptr<IApplication>& application) const override {
-    const std::shared_ptr<clsExtension> extension = ExtensionOf(application);
-    extension->frmBoundaryWrapReturn = RunListOf(arguments, *extension);
-    return RunWithList(kWrapToBoundaries, context, extension->frmBoundaryWrapReturn, application);
+    const std::shared_ptr<clsExtension> memory = MemoryOf(application);
+    memory->frmBoundaryWrapReturn = RunListOf(arguments, *memory);
+    return RunWithList(kWrapToBoundaries, context, memory->frmBoundaryWrapReturn, application);
   }
 
   [[nodiscard]] std::string Plan(RunContext& context, const Arguments& arguments,
                                  const std::shared_ptr<IApplication>& application) const override {
-    return kWrapToBoundaries.plan(context, RunListOf(arguments, *ExtensionOf(application)));
+    return kWrapToBoundaries.plan(context, RunListOf(arguments, *MemoryOf(application)));
   }
 
  private:

@@ -12,6 +12,7 @@
 #include "helpers/stored_layer.h"
 #include "helpers/suite_fixture.h"
 #include "platform/rich_text.h"
+#include "support/output_kinds.h"
 #include "support/progress_form.h"
 
 namespace tessarine {
@@ -274,13 +275,13 @@ TEST_F(VerticesTest, AClassOfAFeatureDataset) {
 TEST_F(VerticesTest, APlanWritesNothing) {
   UseFields({NewField("population_2010", esriFieldTypeInteger)});
   features->Add(Square(0, 0, 1), {std::int32_t{1}});
-  extension->AnalysisRecordCount = 1;
   const auto chosen = std::make_shared<VarArray>();
   chosen->Add(features->Fields()->Field(0));
   const auto plan = [&] {
     RunContext context = HostContext();
     return ToPlainText(ReadRtf(modCreateVertices::PlanConversion(
-        context, *modCreateVertices::FindRun(1), layer, chosen, true, folder.Path("out.shp"), application, extension)));
+        context, *modCreateVertices::FindRun(1),
+        {layer, chosen, true, PlaceIn(MyGeneralOperations::kShapefile, folder.Path(""), "out.shp")})));
   };
   const std::string text = plan();
   EXPECT_TRUE(folder.IsEmpty());

@@ -6,6 +6,7 @@
 
 #include "helpers/temporary_folder.h"
 #include "outputs/driver_facts.h"
+#include "outputs/output_argument.h"
 
 namespace tessarine {
 namespace {
@@ -168,6 +169,36 @@ TEST_F(Places, AFreeNameIsOneThatNoDataSetHasAFileOf) {
   folder_.Write("v_2.SHX");
   EXPECT_EQ(FirstFreePath(At("v.shp")), At("v_3.shp"));
   EXPECT_EQ(FirstFreePath(At("w.shp")), At("w.shp"));
+}
+
+TEST(PlaceIn, TakesBackslashPathsAndGivesThemBack) {
+  struct Row {
+    std::int32_t kind;
+    const char *given, *name, *dataset, *container, *directory, *path;
+  };
+  for (const Row& row : {
+           Row{1, "\\data", "a.shp", "", "/data", "\\data", "\\data\\a.shp"},
+           Row{1, "\\data\\", "a.shp", "", "/data", "\\data", "\\data\\a.shp"},
+           Row{1, "\\", "a.shp", "", "/", "\\", "\\a.shp"},
+           Row{2, "C:\\x.gdb", "a", "set", "C:/x.gdb", "C:\\x.gdb", "C:\\x.gdb\\set\\a"},
+           Row{1, "", "", "", "", "", "\\"},
+           Row{3, "\\data", "", "", "/data", "\\data", "\\data\\"},
+       }) {
+    const OutputPlace place = PlaceIn(row.kind, row.given, row.name, row.dataset);
+    EXPECT_EQ(place.container, row.container) << row.path;
+    EXPECT_EQ(place.Directory(), row.directory) << row.path;
+    EXPECT_EQ(place.Path(), row.path);
+    EXPECT_EQ(place.Kind(), row.kind == 3 ? 0 : row.kind) << "no format has the kind 3";
+  }
+}
+
+TEST(PlaceIn, IsTheSameByWayOfAnArgument) {
+  const ToolOutput folder = ArgumentFor(PlaceIn(0, "\\data\\", ""));
+  EXPECT_EQ(folder.directory, "\\data");
+  EXPECT_TRUE(PlaceOf(folder).IsFolder());
+  const OutputPlace place = PlaceOf(ArgumentFor(PlaceIn(2, "\\x.gdb", "a", "set")));
+  EXPECT_EQ(place.Path(), "\\x.gdb\\set\\a");
+  EXPECT_EQ(place.format, kGeodatabaseRow);
 }
 
 }  // namespace

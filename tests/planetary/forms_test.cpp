@@ -254,7 +254,6 @@ TEST_F(PlanetaryFormTest, TheSpheroidIsTheLayersUntilItIsTypedOrLoaded) {
 }
 
 TEST(TypedOutput, TheFolderTellsTheKind) {
-  using MyGeneralOperations::OutputChoice;
   struct Row {
     const char *text, *directory, *name;
     std::int32_t kind;
@@ -271,13 +270,12 @@ TEST(TypedOutput, TheFolderTellsTheKind) {
       {"C:\\x.gdb\\other\\n", "C:\\x.gdb\\other", "n.shp", 1, ""},
   };
   for (const Row& row : rows) {
-    OutputChoice choice{"C:\\x.gdb", "m", MyGeneralOperations::kFileGeodatabase, true, "set"};
-    FollowTypedOutput(row.text, choice);
-    EXPECT_EQ(choice.directory, row.directory) << row.text;
-    EXPECT_EQ(choice.name, row.name) << row.text;
-    EXPECT_EQ(choice.kind, row.kind) << row.text;
-    EXPECT_EQ(choice.feature_dataset_name, row.dataset) << row.text;
-    EXPECT_EQ(choice.is_feature_dataset, *row.dataset != '\0') << row.text;
+    OutputPlace place = PlaceIn(MyGeneralOperations::kFileGeodatabase, "C:\\x.gdb", "m", "set");
+    FollowTypedOutput(row.text, place);
+    EXPECT_EQ(place.Directory(), row.directory) << row.text;
+    EXPECT_EQ(place.name, row.name) << row.text;
+    EXPECT_EQ(place.Kind(), row.kind) << row.text;
+    EXPECT_EQ(place.dataset, row.dataset) << row.text;
   }
 }
 

@@ -12,6 +12,7 @@
 #include "helpers/suite_fixture.h"
 #include "planetary/planetary_runs.h"
 #include "platform/rich_text.h"
+#include "support/output_kinds.h"
 
 namespace tessarine::testing {
 
@@ -19,13 +20,11 @@ class PlanetaryTest : public SuiteTest {
  protected:
   std::shared_ptr<MemoryClass> features;
   std::shared_ptr<DocumentFeatureLayer> layer = std::make_shared<DocumentFeatureLayer>();
-  MyGeneralOperations::OutputChoice place;
+  OutputPlace place;
 
   void SetUp() override {
     application->templates = {folder.Path("map.json")};
-    place.directory = folder.Path();
-    place.name = "out.shp";
-    place.kind = MyGeneralOperations::kShapefile;
+    place = PlaceIn(MyGeneralOperations::kShapefile, folder.Path(), "out.shp");
     layer->SetName("craters");
   }
   void Use(esriGeometryType type, std::vector<FieldRef> fields = {}) {

@@ -143,9 +143,7 @@ TEST_F(WrapRunTest, AttributesTakeNamesThatAShapefileCanHold) {
   EXPECT_EQ(features->Fields()->Field(3)->Name, "population_2010") << "the input's fields stay as they are";
 
   CreateFileGeodatabase(folder.Native("a.gdb"));
-  place.directory = folder.Path("a.gdb");
-  place.name = "craters";
-  place.kind = MyGeneralOperations::kFileGeodatabase;
+  place = PlaceIn(MyGeneralOperations::kFileGeodatabase, folder.Path("a.gdb"), "craters");
   EXPECT_THAT(Wrap(kBox180, kWrap180), HasSubstr("  ** Feature Class:  craters\n"));
   const StoredLayer output = testing::ReadStored(folder.Native("a.gdb"), "craters");
   EXPECT_THAT(output.fields, ::testing::StartsWith("name population_2010 population_2020 "));

@@ -19,8 +19,8 @@ class OutputChooserTest : public ::testing::Test {
   testing::TestHost host;
   testing::TemporaryFolder folder;
 
-  static OutputChoice Typed(const std::string& text) {
-    OutputChoice choice;
+  static OutputPlace Typed(const std::string& text) {
+    OutputPlace choice;
     FollowTypedPath(text, choice);
     return choice;
   }
@@ -53,11 +53,31 @@ TEST_F(OutputChooserTest, TheKindOfATypedPathFollowsFromItsEndings) {
            Row{"\\world.gdb", "File Geodatabase", "", "world.gdb", false},
        }) {
     const std::string text = folder.Path() + row.typed;
-    const OutputChoice choice = Typed(text);
-    EXPECT_EQ(DirectoryTypeText(choice.kind), row.kind) << row.typed;
-    EXPECT_EQ(choice.directory, folder.Path() + row.directory) << row.typed;
+    const OutputPlace choice = Typed(text);
+    EXPECT_EQ(DirectoryTypeText(choice.Kind()), row.kind) << row.typed;
+    EXPECT_EQ(choice.Directory(), folder.Path() + row.directory) << row.typed;
     EXPECT_EQ(choice.name, row.name) << row.typed;
     EXPECT_EQ(OutputWorkspaceExists(text, choice), row.usable) << row.typed;
+  }
+}
+
+TEST_F(OutputChooserTest, AFeatureDatasetLeavesTheDirectoryOfItsPath) {
+  struct Row {
+    const char* path;
+    std::int32_t kind;
+    const char *directory, *dataset, *name;
+  };
+  for (const Row& row : {
+           Row{"\\x.gdb\\set\\a", kFileGeodatabase, "\\x.gdb", "set", "a"},
+           Row{"\\x.gdb\\SET\\a", kFileGeodatabase, "\\x.gdb", "set", "a"},
+           Row{"\\x.gdb\\a", kFileGeodatabase, "\\x.gdb", "set", "a"},
+           Row{"\\data\\set\\a.shp", kShapefile, "\\data\\set", "", "a.shp"},
+           Row{"\\a.shp", kShapefile, "\\", "", "a.shp"},
+       }) {
+    const OutputPlace place = PlaceAtPath(row.path, row.kind, "set");
+    EXPECT_EQ(place.Directory(), row.directory) << row.path;
+    EXPECT_EQ(place.dataset, row.dataset) << row.path;
+    EXPECT_EQ(place.name, row.name) << row.path;
   }
 }
 
@@ -70,14 +90,14 @@ TEST_F(OutputChooserTest, ARunGetsTheWholePathOfALayer) {
 
 TEST_F(OutputChooserTest, LayersInMemoryCountWhereTheHostHasThem) {
   const std::string text = "Temporary layer\\roads";
-  EXPECT_EQ(Typed(text).kind, kShapefile);
+  EXPECT_EQ(Typed(text).Kind(), kShapefile);
   OfferTemporaryLayers([] { return std::shared_ptr<IWorkspaceFactory>(); });
-  const OutputChoice choice = Typed(text);
-  EXPECT_EQ(DirectoryTypeText(choice.kind), "Temporary layer");
-  EXPECT_EQ(choice.FullPath(), text);
+  const OutputPlace choice = Typed(text);
+  EXPECT_EQ(DirectoryTypeText(choice.Kind()), "Temporary layer");
+  EXPECT_EQ(choice.Path(), text);
   EXPECT_TRUE(OutputWorkspaceExists(text, choice));
   // Whatever else begins so is a path.
-  EXPECT_EQ(Typed("Temporary layers\\roads").kind, kShapefile);
+  EXPECT_EQ(Typed("Temporary layers\\roads").Kind(), kShapefile);
   OfferTemporaryLayers(nullptr);
   EXPECT_EQ(KindOfDirectoryType("Temporary layer"), kUnknownOutput);
 }

@@ -233,7 +233,7 @@ TEST_F(ProgressTest, AClockSetBackChangesNoSpan) {
   std::shared_ptr<ProgressForm> form;
   host.forms.modeless = [&](Form& shown) { form = dynamic_cast<ProgressForm&>(shown).shared_from_this(); };
   RunContext context = HostContext();
-  RunProgress progress(context, {"Reading roads", "Reading...", "Reading..."}, application, extension, 1200, true);
+  RunProgress progress(context, {"Reading roads", "Reading...", "Reading..."}, application, 1200, true);
   At(60);
   host.clock.SetBack(3600);
   EXPECT_TRUE(progress.Step(100));
@@ -250,7 +250,7 @@ TEST_F(ProgressTest, AClockSetBackChangesNoSpan) {
 
 TEST_F(ProgressTest, AStopIsSeenWithoutADialogAtTheNextUpdate) {
   RunContext context = HostContext();
-  RunProgress progress(context, {"Reading roads", "Reading...", "Reading..."}, application, extension, 3, false);
+  RunProgress progress(context, {"Reading roads", "Reading...", "Reading..."}, application, 3, false);
   EXPECT_TRUE(progress.Step(1));
   host.stop_requested = true;
   EXPECT_FALSE(progress.Step(3));
@@ -262,7 +262,7 @@ TEST_F(ProgressTest, ARunShowsItsDialogAndClosesItAtTheEnd) {
     std::shared_ptr<ProgressForm> form;
     host.forms.modeless = [&](Form& shown) { form = dynamic_cast<ProgressForm&>(shown).shared_from_this(); };
     RunContext context = HostContext();
-    RunProgress progress(context, {"Reading roads", "Reading...", "Reading..."}, application, extension, 1200, true);
+    RunProgress progress(context, {"Reading roads", "Reading...", "Reading..."}, application, 1200, true);
     ASSERT_NE(form, nullptr);
     EXPECT_TRUE(form->SetExpanded());
     EXPECT_EQ(form->chkClose.Value() == CheckBox::kChecked, auto_close);

@@ -122,6 +122,32 @@ TEST_F(ToolRuns, WhatADocumentRemembersStandsInForWhatNobodyGave) {
   EXPECT_THAT(Rows().at(0), HasSubstr("POINT (340 5)"));
 }
 
+TEST_F(ToolRuns, NeedNoExtensionAndShowTheMeterAllTheSame) {
+  application->extension = nullptr;
+  using Texts = std::vector<std::string>;
+  const std::vector<std::string> square(501, Feature(Shape("LineString", "[[0,0],[1,0],[1,1],[0,0]]")));
+  struct Row {
+    const char* tool;
+    const char* epsg;
+    std::size_t rows;
+  };
+  for (const Row& row : {Row{"vertices", "32612", 2004}, Row{"combine", "32612", 1}, Row{"build-polygons", "32612", 1},
+                         Row{"wrap", "4326", 501}, Row{"to-graphic", "4326", 501}}) {
+    const std::string name = std::string(row.tool) + ".shp";
+    Arguments arguments;
+    arguments.Set("source", LayerRef(Layer("squares", square, row.epsg)));
+    arguments.Set("output", Output(name));
+    if (std::string(row.tool) == "wrap") arguments.Set("bounds", Texts{"-90", "-90", "270", "90"});
+    EXPECT_EQ(ObjectionTo(Named(row.tool), arguments), "") << row.tool;
+    RunContext context = HostContext();
+    EXPECT_THAT(ToPlainText(ReadRtf(Named(row.tool).Plan(context, arguments, application))), HasSubstr("planned only"))
+        << row.tool;
+    (void)Named(row.tool).Run(context, arguments, application);
+    EXPECT_FALSE(context.journal.failed) << row.tool << ": " << context.journal.failure;
+    EXPECT_EQ(Rows(name).size(), row.rows) << row.tool;
+  }
+}
+
 TEST_F(ToolRuns, TheMeterIsForMoreRecordsThanTheToolsThreshold) {
   struct Row {
     const char* tool;

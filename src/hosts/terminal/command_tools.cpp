@@ -14,6 +14,7 @@
 #include "hosts/terminal/report_output.h"
 #include "hosts/terminal/selected_class.h"
 #include "hosts/terminal/tool_options.h"
+#include "outputs/output_argument.h"
 #include "platform/paths.h"
 #include "platform/shape_words.h"
 #include "platform/text_formats.h"
@@ -62,7 +63,7 @@ ExitStatus RunOnDocument(const ITool& tool, const ToolOptions& options) {
   if (spec.Find("output") == nullptr) return Session(options.common).Run(tool, arguments);
   const NamedOutput output = ParseOutput(options.output, Folders::Allowed);
   Session session(options.common);
-  arguments.Set("output", OutputArgument(output.place));
+  arguments.Set("output", ArgumentFor(output.place));
   const auto* chosen = arguments.Find<SpatialReferenceRef>("reference");
   return RunInto(session, tool, arguments, output,
                  chosen != nullptr ? *chosen : session.Document().Map().SpatialReference(), Envelope(), options.common);
@@ -119,7 +120,7 @@ ExitStatus RunTool(const ITool& tool, const ToolOptions& options) {
   // The document has no part in a copy.
   if (copies && session.Document().Map().AllLayers().size() > known_layers) session.KeepForRunOnly(layer);
   if (options.only_selected) arguments.records = ToolRecords::Selected;
-  arguments.Set("output", OutputArgument(place));
+  arguments.Set("output", ArgumentFor(place));
   const TerminalManners manners = options.common.Manners();
   // Such a run would rather take another name than ask.
   if (spec.renames && (manners.overwrite || manners.yes)) {

@@ -8,7 +8,6 @@
 #include "hosts/terminal/option_numbers.h"
 #include "hosts/terminal/output_wishes.h"
 #include "platform/command_line.h"
-#include "platform/paths.h"
 #include "platform/text_formats.h"
 
 namespace tessarine {
@@ -287,13 +286,6 @@ Arguments ReadArguments(const ToolSpec& spec, const ToolOptions& options) {
     }
   }
   return arguments;
-}
-
-ToolOutput OutputArgument(const OutputPlace& place) {
-  std::string directory = FromNativePath(place.container);
-  if (directory.ends_with('\\')) directory.pop_back();
-  if (place.IsFolder()) return {0, directory, "", "", ""};
-  return {place.format->kind, directory, place.dataset, place.name, ""};
 }
 
 std::string ObjectionText(const Objection& objection) {

@@ -45,9 +45,6 @@ CLI::App& AddToolCommand(CLI::App& parent, const ToolSpec& spec, ToolOptions& op
 /// "MEASURE" or "MEASURE=FIELD,FIELD".
 [[nodiscard]] ToolMeasure ReadMeasure(const std::string& text);
 
-/// The place as an argument.
-[[nodiscard]] ToolOutput OutputArgument(const OutputPlace& place);
-
 /// What stands against a run, with the parameters as options.
 [[nodiscard]] std::string ObjectionText(const Objection& objection);
 

@@ -2,7 +2,7 @@
 #include "tools/common/conversion_tool.h"
 
 #include "conversion/frmLayerFields.h"
-#include "conversion/modCreateVertices.h"
+#include "conversion/run_data.h"
 #include "tools/common/tool_parts.h"
 
 namespace tessarine {
@@ -80,39 +80,28 @@ std::optional<Objection> ConversionTool::Validate(const Arguments& arguments,
   return Objection{"", "'" + layer->Name() + "' holds points. " + reason, "", Objection::kToldByPlan};
 }
 
-struct ConversionTool::Prepared {
-  std::shared_ptr<clsExtension> extension;
-  LayerRef layer;
-  std::shared_ptr<VarArray> fields;
-  bool all_records;
-  std::string path;
-};
-
-ConversionTool::Prepared ConversionTool::Prepare(const Arguments& arguments,
-                                                 const std::shared_ptr<IApplication>& application) const {
-  Prepared prepared{ExtensionOf(application), SourceOf(arguments), ChosenFields(arguments).fields, true, ""};
-  const OutputOfRun output = OutputOf(arguments, std::string(row_.dialog.default_output_name));
-  RememberOutput(output.place, *prepared.extension);
-  prepared.path = output.path;
-  prepared.extension->NewShapefileLocation = output.path;
-  prepared.all_records = ReadsAll(prepared.layer, arguments.records);
-  prepared.extension->AnalysisRecordCount = CountRecords(prepared.layer, prepared.all_records);
-  return prepared;
+modCreateVertices::ConversionChoices ConversionTool::Choices(const Arguments& arguments) const {
+  modCreateVertices::ConversionChoices choices;
+  choices.layer = SourceOf(arguments);
+  choices.fields = ChosenFields(arguments).fields;
+  choices.all_records = ReadsAll(choices.layer, arguments.records);
+  choices.output = OutputOf(arguments, std::string(row_.dialog.default_output_name)).Place();
+  return choices;
 }
 
 std::string ConversionTool::Run(RunContext& context, const Arguments& arguments,
                                 const std::shared_ptr<IApplication>& application) const {
-  const Prepared prepared = Prepare(arguments, application);
-  const bool large = prepared.extension->AnalysisRecordCount > row_.run.progress_threshold;
-  return modCreateVertices::RunConversion(context, row_.run, prepared.layer, prepared.fields, prepared.all_records,
-                                          prepared.path, application, prepared.extension, large);
+  const modCreateVertices::ConversionChoices choices = Choices(arguments);
+  const std::int32_t count = CountInput(choices.layer, choices.all_records);
+  RememberRun(OutputOf(arguments, std::string(row_.dialog.default_output_name)), count, *MemoryOf(application));
+  return modCreateVertices::RunConversion(context, row_.run, choices, application,
+                                          count > row_.run.progress_threshold ? modCreateVertices::ProgressShown::Yes
+                                                                              : modCreateVertices::ProgressShown::No);
 }
 
 std::string ConversionTool::Plan(RunContext& context, const Arguments& arguments,
-                                 const std::shared_ptr<IApplication>& application) const {
-  const Prepared prepared = Prepare(arguments, application);
-  return modCreateVertices::PlanConversion(context, row_.run, prepared.layer, prepared.fields, prepared.all_records,
-                                           prepared.path, application, prepared.extension);
+                                 const std::shared_ptr<IApplication>&) const {
+  return modCreateVertices::PlanConversion(context, row_.run, Choices(arguments));
 }
 
 const modCreateVertices::ConversionRun* modCreateVertices::FindRun(std::int32_t conversion_option) {

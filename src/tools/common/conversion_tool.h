@@ -7,6 +7,7 @@
 #include "conversion/conversion_runs.h"
 #include "conversion/field_choice.h"
 #include "conversion/layer_fields_texts.h"
+#include "conversion/modCreateVertices.h"
 #include "tools/tool.h"
 
 namespace tessarine {
@@ -44,8 +45,7 @@ class ConversionTool final : public Tool {
                                  const std::shared_ptr<IApplication>& application) const override;
 
  private:
-  struct Prepared;
-  [[nodiscard]] Prepared Prepare(const Arguments& arguments, const std::shared_ptr<IApplication>& application) const;
+  [[nodiscard]] modCreateVertices::ConversionChoices Choices(const Arguments& arguments) const;
   [[nodiscard]] static FieldChoice ChosenFields(const Arguments& arguments);
 
   ConversionRow row_;

@@ -77,11 +77,11 @@ LatitudeTool::LatitudeTool(const LatitudeRow& row)
 
 std::optional<Arguments> LatitudeTool::Ask(const std::shared_ptr<IApplication>& application) const {
   const std::shared_ptr<clsExtension> extension = ExtensionOf(application);
-  const MyGeneralOperations::OutputChoice place = PlaceForDialog(*extension, application);
+  const OutputPlace place = PlaceForDialog(*extension, application);
   {
     frmGeoCentric dialog;
-    dialog.SetArcApplication(
-        GeoCentricInput::Make(application, extension, place.directory, place.kind, row_.dialog_caption, kInstruction));
+    dialog.SetArcApplication(GeoCentricInput::Make(application, extension, place.Directory(), place.Kind(),
+                                                   row_.dialog_caption, kInstruction));
     dialog.ShowModal();
   }
   if (!extension->ShouldContinue || !extension->frmGeoCentricReturn) return std::nullopt;
@@ -91,8 +91,7 @@ std::optional<Arguments> LatitudeTool::Ask(const std::shared_ptr<IApplication>& 
   arguments.Set("spheroid", ToolSpheroid{chosen.SpheroidName(), chosen.SemiMajorAxis(), chosen.SemiMinorAxis()});
   arguments.Set("wrap", WordOf(chosen.Option(), kNoWrap));
   arguments.Set("shift", chosen.Shift());
-  const MyGeneralOperations::OutputChoice output = chosen.Output().Place();
-  arguments.Set("output", ToolOutputOf(output, output.FullPath()));
+  arguments.Set("output", MyGeneralOperations::ShownArgument(chosen.Output().Place()));
   return arguments;
 }
 
@@ -109,14 +108,14 @@ std::optional<Objection> LatitudeTool::Validate(const Arguments& arguments,
 
 std::string LatitudeTool::Run(RunContext& context, const Arguments& arguments,
                               const std::shared_ptr<IApplication>& application) const {
-  const std::shared_ptr<clsExtension> extension = ExtensionOf(application);
-  extension->frmGeoCentricReturn = RunListOf(arguments, *extension);
-  return RunWithList(row_.work, context, extension->frmGeoCentricReturn, application);
+  const std::shared_ptr<clsExtension> memory = MemoryOf(application);
+  memory->frmGeoCentricReturn = RunListOf(arguments, *memory);
+  return RunWithList(row_.work, context, memory->frmGeoCentricReturn, application);
 }
 
 std::string LatitudeTool::Plan(RunContext& context, const Arguments& arguments,
                                const std::shared_ptr<IApplication>& application) const {
-  return row_.work.plan(context, RunListOf(arguments, *ExtensionOf(application)));
+  return row_.work.plan(context, RunListOf(arguments, *MemoryOf(application)));
 }
 
 }  // namespace tessarine

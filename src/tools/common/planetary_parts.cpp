@@ -56,11 +56,11 @@ std::string WordOf(std::int32_t wrap_option, const char* otherwise) {
   return wrap_option == kWrap180 ? "180" : wrap_option == kWrap360 ? "360" : otherwise;
 }
 
-OutputChoice PlaceForDialog(clsExtension& extension, const std::shared_ptr<IApplication>& application) {
-  const OutputChoice place = RememberedPlace(extension, application);
-  extension.IsFeatureDataset = place.is_feature_dataset;
-  extension.FeatDatasetName = place.feature_dataset_name;
-  extension.DirectoryType = DirectoryTypeText(place.kind);
+OutputPlace PlaceForDialog(clsExtension& extension, const std::shared_ptr<IApplication>& application) {
+  const OutputPlace place = RememberedPlace(extension, application);
+  extension.IsFeatureDataset = !place.dataset.empty();
+  extension.FeatDatasetName = place.dataset;
+  extension.DirectoryType = DirectoryTypeText(place.Kind());
   return place;
 }
 
@@ -74,8 +74,7 @@ std::string RunWithList(const PlanetaryWork& work, RunContext& context, const st
                         const std::shared_ptr<IApplication>& application) {
   const LayerRef layer = Require(list->Element(0).AsObject<IFeatureLayer>(), "layer");
   const bool large = Require(layer->FeatureClass(), "FeatureClass")->FeatureCount(nullptr) > kLargeRun;
-  const std::string report =
-      work.run(context, application, DocumentOf(application), ExtensionOf(application), list, large);
+  const std::string report = work.run(context, application, DocumentOf(application), list, large);
   ReleaseLayer(*list);
   return report;
 }

@@ -34,8 +34,7 @@ using FromDocument = std::vector<std::string>;
 [[nodiscard]] std::string WordOf(std::int32_t wrap_option, const char* otherwise);
 
 /// The place that a dialog begins with: that of the last output, or the document's folder where that is gone.
-[[nodiscard]] MyGeneralOperations::OutputChoice PlaceForDialog(clsExtension& extension,
-                                                               const std::shared_ptr<IApplication>& application);
+[[nodiscard]] OutputPlace PlaceForDialog(clsExtension& extension, const std::shared_ptr<IApplication>& application);
 
 /// What a run takes for the creation of its output; the extension remembers the place.
 [[nodiscard]] std::shared_ptr<VarArray> DescribeOutput(const Arguments& arguments, clsExtension& extension);

@@ -58,6 +58,11 @@ std::shared_ptr<clsExtension> ExtensionOf(const std::shared_ptr<IApplication>& a
   return Require(FindExtension(Require(application, "IApplication")), "clsExtension");
 }
 
+std::shared_ptr<clsExtension> MemoryOf(const std::shared_ptr<IApplication>& application) {
+  std::shared_ptr<clsExtension> extension = FindExtension(Require(application, "IApplication"));
+  return extension ? extension : std::make_shared<clsExtension>();
+}
+
 std::shared_ptr<IMxDocument> DocumentOf(const std::shared_ptr<IApplication>& application) {
   return Require(Cast<IMxDocument>(Require(application, "IApplication")->Document()), "IMxDocument");
 }
@@ -66,11 +71,6 @@ bool ReadsAll(const LayerRef& layer, ToolRecords records) {
   if (records != ToolRecords::SelectedIfAny) return records == ToolRecords::All;
   const std::shared_ptr<ISelectionSet> selection = SelectionOf(layer);
   return !selection || selection->Count() == 0;
-}
-
-std::int32_t CountRecords(const LayerRef& layer, bool all) {
-  return all ? Require(layer->FeatureClass(), "FeatureClass")->FeatureCount(nullptr)
-             : Require(SelectionOf(layer), "SelectionSet")->Count();
 }
 
 std::vector<esriGeometryType> AllShapes() { return ShapesOf(~0); }
@@ -100,11 +100,19 @@ Objection WrongKind(const ToolSpec& spec, const LayerRef& layer) {
                   std::string(spec.takes) + "."};
 }
 
+OutputPlace OutputOfRun::Place() const { return MyGeneralOperations::PlaceAtPath(path, place.Kind(), place.dataset); }
+
 OutputOfRun OutputOf(const Arguments& arguments, const std::string& base_name) {
   const auto output = arguments.Get<ToolOutput>("output");
-  OutputOfRun result{MyGeneralOperations::ChoiceOf(output, base_name), output.path};
-  if (result.path.empty()) result.path = result.place.FullPath();
+  OutputOfRun result{MyGeneralOperations::PlaceFor(output, base_name), output.path};
+  if (result.path.empty()) result.path = result.place.Path();
   return result;
+}
+
+void RememberRun(const OutputOfRun& output, std::int32_t record_count, clsExtension& extension) {
+  MyGeneralOperations::RememberOutput(output.place, extension);
+  extension.NewShapefileLocation = output.path;
+  extension.AnalysisRecordCount = record_count;
 }
 
 }  // namespace tessarine

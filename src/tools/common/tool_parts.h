@@ -27,15 +27,16 @@ using LayerRef = std::shared_ptr<IFeatureLayer>;
 
 /// The layer of the source; fault 91 where none was set.
 [[nodiscard]] LayerRef SourceOf(const Arguments& arguments);
-/// The application's extension; fault 91 without one.
+/// The application's extension, where dialogs leave what was chosen; fault 91 without one.
 [[nodiscard]] std::shared_ptr<clsExtension> ExtensionOf(const std::shared_ptr<IApplication>& application);
+/// What the application remembers of earlier runs: its extension, or, where it has none, one as it is before the first
+/// run, which ends with this one.
+[[nodiscard]] std::shared_ptr<clsExtension> MemoryOf(const std::shared_ptr<IApplication>& application);
 /// The application's document; fault 91 without one.
 [[nodiscard]] std::shared_ptr<IMxDocument> DocumentOf(const std::shared_ptr<IApplication>& application);
 
 /// Whether all records of the layer are read, and not the selected ones alone.
 [[nodiscard]] bool ReadsAll(const LayerRef& layer, ToolRecords records);
-/// How many these are.
-[[nodiscard]] std::int32_t CountRecords(const LayerRef& layer, bool all);
 
 /// Layers of any shape.
 [[nodiscard]] std::vector<esriGeometryType> AllShapes();
@@ -50,9 +51,15 @@ using LayerRef = std::shared_ptr<IFeatureLayer>;
 
 /// Where an output goes: its place, which the document remembers, and its path.
 struct OutputOfRun {
-  MyGeneralOperations::OutputChoice place;
+  OutputPlace place;
   std::string path;
+
+  /// Where the run writes to.
+  [[nodiscard]] OutputPlace Place() const;
 };
 [[nodiscard]] OutputOfRun OutputOf(const Arguments& arguments, const std::string& base_name);
+
+/// Leaves the output of a run and the number of its records in the extension, where the next dialog starts.
+void RememberRun(const OutputOfRun& output, std::int32_t record_count, clsExtension& extension);
 
 }  // namespace tessarine

@@ -63,10 +63,10 @@ class BrowseKindsTest : public testing::WindowsTest {
   /// What the output box makes of the answer: kind, directory and name.
   template <class User>
   std::string Browse(User user, std::string start = "") {
-    OutputChoice choice{start.empty() ? folder.Path() : start, "Output.shp", kShapefile, false, ""};
+    OutputPlace choice = PlaceIn(kShapefile, start.empty() ? folder.Path() : start, "Output.shp");
     WhenModal([user](QWidget& window) { user(window); });
-    if (!BrowseForOutput(choice.FullPath(), choice)) return "cancelled";
-    return DirectoryTypeText(choice.kind) + "|" + choice.directory + "|" + choice.name;
+    if (!BrowseForOutput(choice.Path(), choice)) return "cancelled";
+    return DirectoryTypeText(choice.Kind()) + "|" + choice.Directory() + "|" + choice.name;
   }
 
   void MakeGeoPackage(const char* name) const {

@@ -13,6 +13,7 @@
 #include "hosts/windows/qt_text.h"
 #include "hosts/windows/translation.h"
 #include "outputs/layer_copy.h"
+#include "outputs/output_argument.h"
 #include "platform/fault.h"
 #include "platform/paths.h"
 #include "platform/run_stop.h"
@@ -97,9 +98,7 @@ OutputGoal::OutputGoal(const QgsProcessingParameterDefinition& definition, const
   place_ = *PlaceOf(folder_->filePath(QStringLiteral("output.gpkg")));
 }
 
-ToolOutput OutputGoal::Argument() const {
-  return {place_.format->kind, FromNativePath(place_.container), place_.dataset, place_.name, ""};
-}
+ToolOutput OutputGoal::Argument() const { return ArgumentFor(place_); }
 
 QString OutputGoal::AsNamed(QString text) const {
   if (IsNamedFile()) return text;

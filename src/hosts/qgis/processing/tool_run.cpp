@@ -21,11 +21,7 @@ ToolRun::ToolRun(const ITool& tool, QgsProcessingFeedback& feedback)
       context_(HostContext()),
       running_(context_),
       document_(std::make_shared<MapDocument>()),
-      application_(std::make_shared<DocumentApplication>(document_, CreateRunStatusBar(feedback))) {
-  application_->Start();
-}
-
-ToolRun::~ToolRun() { application_->Stop(); }
+      application_(std::make_shared<DocumentApplication>(document_, CreateRunStatusBar(feedback))) {}
 
 void ToolRun::Run(Arguments arguments, const OutputGoal& goal) {
   const ToolSpec& spec = tool_.Spec();

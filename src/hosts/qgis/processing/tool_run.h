@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // One run of a tool from the toolbox, on whatever thread the program gives it: a document of its own with the layers of
-// the run, the suite's extension beside it, and the run's log as host.
+// the run, and the run's log as host. No memory of earlier runs stands beside it.
 #pragma once
 
 #include <qgsprocessingfeedback.h>
@@ -22,7 +22,7 @@ namespace tessarine::qgis {
 class ToolRun {
  public:
   ToolRun(const ITool& tool, QgsProcessingFeedback& feedback);
-  ~ToolRun();
+  ~ToolRun() = default;
   ToolRun(const ToolRun&) = delete;
   ToolRun& operator=(const ToolRun&) = delete;
 
