@@ -13,7 +13,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::uintmax_t kLeastRoom = 64 * 1024;
+constexpr std::uintmax_t kLeastRoom = 65536;  // bytes
 
 bool DiskIsFull(const fs::path& folder) {
   struct statvfs disk {};

@@ -17,6 +17,8 @@ template <class... Visitors>
 struct Overloaded : Visitors... {
   using Visitors::operator()...;
 };
+template <class... Visitors>
+Overloaded(Visitors...) -> Overloaded<Visitors...>;
 
 // Position and velocity on a curve for a parameter t from 0 to 1.
 XY At(const Line& line, double t) {

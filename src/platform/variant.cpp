@@ -17,6 +17,8 @@ template <class... Visitors>
 struct Overloaded : Visitors... {
   using Visitors::operator()...;
 };
+template <class... Visitors>
+Overloaded(Visitors...) -> Overloaded<Visitors...>;
 
 [[noreturn]] void RaiseMismatch() { Raise(kTypeMismatch, "Type mismatch."); }
 
