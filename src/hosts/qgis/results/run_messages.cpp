@@ -19,7 +19,8 @@ Qgis::MessageLevel LevelOf(RunOutcome outcome) {
 // The name alone: the bar is narrow.
 QString TextOf(const PastRun& run) {
   const QString output = QFileInfo(run.output).fileName();
-  return output.isEmpty() ? run.told + QLatin1Char('.') : run.told + QStringLiteral(" (%1).").arg(output);
+  if (!output.isEmpty()) return run.told + QStringLiteral(" (%1).").arg(output);
+  return run.told.endsWith(QLatin1Char('.')) ? run.told : run.told + QLatin1Char('.');
 }
 
 }  // namespace
