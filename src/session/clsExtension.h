@@ -9,6 +9,7 @@
 
 #include "platform/application.h"
 #include "platform/arrays.h"
+#include "platform/form.h"
 
 namespace tessarine {
 
@@ -55,6 +56,7 @@ class clsExtension final : public IExtension, public IPersistVariant {
   std::string AttributeFieldName;  ///< of other programs: nothing here reads it
   bool ShouldContinue = false;
   // NOLINTEND(readability-identifier-naming)
+  std::weak_ptr<Form> progress_left_open;  ///< the status window that the last run left to the user
 
   [[nodiscard]] std::string Name() const override;
   void Startup(const Variant& initialization_data) override;

@@ -189,6 +189,16 @@ void ProgressForm::AppendDetails(const std::string& text) {
   txtDetails.SetSelStart(static_cast<std::int32_t>(txtDetails.Text().size()));
 }
 
+void ProgressForm::EndRun() {
+  run_over_ = true;
+  cmdStop.SetCaption("Close");
+}
+
+void ProgressForm::Stop() {
+  should_continue_ = false;
+  if (run_over_) Unload();
+}
+
 void ProgressForm::cmdDetails_Click() {
   Trap("cmdDetails_Click", [this] {
     expanded_ = !expanded_;

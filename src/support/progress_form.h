@@ -53,6 +53,9 @@ class ProgressForm : public Form, public std::enable_shared_from_this<ProgressFo
   /// Shows or hides the log as `SetExpanded` tells.
   void ExpandProgress();
 
+  /// The run that the form shows is over: its button reads "Close", and button, Escape and title bar close it.
+  void EndRun();
+
   /// Puts text behind the log and scrolls to it.
   void AppendDetails(const std::string& text);
 
@@ -66,7 +69,8 @@ class ProgressForm : public Form, public std::enable_shared_from_this<ProgressFo
   void Form_QueryUnload() override { Stop(); }
   /// What a click on Stop does in this form.
   virtual void cmdStop_Click();
-  void Stop() { should_continue_ = false; }
+  /// Ends the run; where it is over already, closes the form.
+  void Stop();
 
  private:
   void LayOut();
@@ -77,7 +81,7 @@ class ProgressForm : public Form, public std::enable_shared_from_this<ProgressFo
   void ShowTimes(std::int32_t record);
 
   std::shared_ptr<IModelessFrame> frame_;
-  bool should_continue_ = false;
+  bool should_continue_ = false, run_over_ = false;
   Date begin_time_;
   std::int32_t record_count_ = 0;
   std::string count_text_;

@@ -5,7 +5,6 @@
 #include "platform/text_formats.h"
 #include "session/clsExtension.h"
 #include "support/elapsed_time.h"
-#include "support/frmOrlProgressMeter.h"
 #include "support/frmOrlProgressPercent.h"
 #include "support/progress_bail_out.h"
 #include "support/progress_text.h"
@@ -32,6 +31,7 @@ RunProgress::RunProgress(RunContext& context, RunProgressWords words, const std:
     : context_(context),
       words_(std::move(words)),
       application_(application),
+      extension_(FindExtension(application)),
       status_bar_(Require(application->StatusBar(), "StatusBar")),
       dialog_(std::move(dialog)),
       count_(count),
@@ -43,12 +43,18 @@ RunProgress::RunProgress(RunContext& context, RunProgressWords words, const std:
   if (dialog_) OpenDialog(log_view);
 }
 
+RunProgress::~RunProgress() {
+  if (!dialog_) return;
+  dialog_->EndRun();
+  if (extension_) extension_->progress_left_open = dialog_;
+}
+
 double RunProgress::ElapsedSeconds() const { return context_.clock.SteadySeconds() - begin_seconds_; }
 
 void RunProgress::OpenDialog(LogView log_view) {
-  const std::shared_ptr<clsExtension> extension = FindExtension(application_);
-  const bool auto_close = extension && extension->ProgressDialogAutoClose;
-  dialog_->SetSetExpanded(log_view == LogView::Shown || (extension && extension->ProgressDialogSetExpanded));
+  if (const auto before = extension_ ? extension_->progress_left_open.lock() : nullptr) before->Unload();
+  const bool auto_close = extension_ && extension_->ProgressDialogAutoClose;
+  dialog_->SetSetExpanded(log_view == LogView::Shown || (extension_ && extension_->ProgressDialogSetExpanded));
   dialog_->SetSetAutoClose(auto_close);
   dialog_->SetShouldContinue(true);
   dialog_->SetProgBeginTime(begin_);
@@ -108,11 +114,6 @@ void RunProgress::HideDialog() {
   dialog_ = nullptr;
 }
 
-// Only this kind of dialog closes by the button that stopped it.
-void RunProgress::OfferClose() {
-  if (Is<frmOrlProgressMeter>(dialog_)) dialog_->cmdStop.SetCaption("Close");
-}
-
 void RunProgress::Finish() {
   HideBar();
   if (!dialog_) return;
@@ -122,13 +123,9 @@ void RunProgress::Finish() {
   }
   dialog_->AppendDetails(StampedLine("Calculations Complete...", context_.clock.Now()) +
                          MyGeneralOperations::ReturnTimeElapsed(begin_, context_.clock.Now(), ElapsedSeconds()));
-  OfferClose();
 }
 
-void RunProgress::Stop() {
-  HideBar();
-  if (dialog_) OfferClose();
-}
+void RunProgress::Stop() { HideBar(); }
 
 void RunProgress::Abandon() {
   HideBar();

@@ -14,6 +14,8 @@
 
 namespace tessarine {
 
+class clsExtension;
+
 struct RunProgressWords {
   std::string status_text;      ///< the status bar's text
   std::string action_text;      ///< what the log says ahead of the time of the begin
@@ -33,6 +35,11 @@ class RunProgress {
   /// The same with a progress dialog of the run's own kind; nothing shows none.
   RunProgress(RunContext& context, RunProgressWords words, const std::shared_ptr<IApplication>& application,
               std::int32_t count, std::shared_ptr<ProgressForm> dialog, LogView log_view = LogView::Shown);
+  /// Whatever ended the run, a dialog that is still open closes by its button from now on, and goes when the next run
+  /// opens one.
+  ~RunProgress();
+  RunProgress(const RunProgress&) = delete;
+  RunProgress& operator=(const RunProgress&) = delete;
 
   /// One record further. Everything but the bar is brought up to date once a second and at the last record; that is
   /// also when the dialog's Stop is seen. False when the user stopped the run.
@@ -42,7 +49,7 @@ class RunProgress {
   [[nodiscard]] bool GoesOn();
   /// The run went to its end.
   void Finish();
-  /// The user stopped the run: the bar goes, and a dialog that stays open offers to close itself.
+  /// The user stopped the run: the bar goes.
   void Stop();
   /// The run never began: bar and dialog go.
   void Abandon();
@@ -55,11 +62,11 @@ class RunProgress {
   [[nodiscard]] bool UpdateDialog(std::int32_t record);
   void HideBar();
   void HideDialog();
-  void OfferClose();
 
   RunContext& context_;
   RunProgressWords words_;
   std::shared_ptr<IApplication> application_;
+  std::shared_ptr<clsExtension> extension_;  // null where the application has none
   std::shared_ptr<IStatusBar> status_bar_;
   std::shared_ptr<ProgressForm> dialog_;
   std::int32_t count_;

@@ -284,5 +284,32 @@ TEST_F(ProgressTest, ARunShowsItsDialogAndClosesItAtTheEnd) {
   }
 }
 
+TEST_F(ProgressTest, AWindowThatARunLeavesClosesByItsButtonAndGoesWhenTheNextOpens) {
+  enum class End { Finished, Stopped, Fault };
+  std::shared_ptr<ProgressForm> form;
+  host.forms.modeless = [&](Form& shown) { form = dynamic_cast<ProgressForm&>(shown).shared_from_this(); };
+  RunContext context = HostContext();
+  const auto run = [&](End end, std::shared_ptr<ProgressForm> dialog) {
+    RunProgress progress(context, {"Reading roads", "Reading...", "Reading..."}, application, 1200, std::move(dialog));
+    EXPECT_TRUE(progress.Step(1));
+    EXPECT_EQ(form->cmdStop.Caption(), "Stop");
+    if (end == End::Finished) progress.Finish();
+    if (end == End::Stopped) progress.Stop();
+  };
+  for (const End end : {End::Finished, End::Stopped, End::Fault}) {
+    SCOPED_TRACE(static_cast<int>(end));
+    run(end, std::make_shared<frmOrlProgressMeter>());
+    const std::shared_ptr<ProgressForm> meter = form;
+    EXPECT_EQ(meter->cmdStop.Caption(), "Close");
+    EXPECT_TRUE(meter->Visible()) << "left to the user";
+    run(end, std::make_shared<frmOrlProgressPercent>());
+    EXPECT_FALSE(meter->Visible()) << "beneath the next run's window";
+    EXPECT_EQ(form->cmdStop.Caption(), "Close");
+    form->cmdStop.Press();
+    EXPECT_FALSE(form->Visible());
+    EXPECT_FALSE(form->Loaded());
+  }
+}
+
 }  // namespace
 }  // namespace tessarine

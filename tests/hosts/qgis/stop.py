@@ -1,9 +1,39 @@
 # SPDX-License-Identifier: GPL-2.0-or-later
-"""Stop ends a large run at once, with what was written until then, a report, and a program that goes on."""
+"""Stop ends a large run at once, with what was written until then, a report, and a program that goes on. The window of a
+run that is over closes, and doesn't stay beneath the next one's."""
 from program_steps import (WORK, QApplication, QgsVectorLayer, QPushButton, Qt, QTest, QTimer, choose_line, command,
-                           expect, make_layer, press, read_report)
+                           expect, make_layer, press, read_report, type_into)
 
 COUNT = 40000
+
+
+def progress_windows():
+    return [(window.objectName(), window.findChild(QPushButton, "cmdStop").text().replace("&", ""))
+            for window in QApplication.topLevelWidgets()
+            if window.isVisible() and window.objectName().startswith("frmOrlProgress")]
+
+
+def convert(name):
+    def answer(form):
+        choose_line(form, "lbxLayers", "some")
+        type_into(form, "txtOutput", str(WORK / name))
+        press(form, "cmdOK")
+
+    expect("frmLayerFields", answer)
+    read_report(["some"])
+    command("Tessarine_ShapesToVertices").trigger()
+
+
+def windows_of_runs():
+    """The window of a run that ended by itself, by Stop, and the one of the next run."""
+    assert progress_windows() == [("frmOrlProgressMeter", "Close")], progress_windows()
+    make_layer("LineString", ["LINESTRING(%d 0, %d 1)" % (n, n) for n in range(600)], WORK / "some.shp", "some")
+    for name in ("points.shp", "more.shp"):
+        convert(name)
+        assert progress_windows() == [("frmOrlProgressPercent", "Close")], progress_windows()
+    window = next(one for one in QApplication.topLevelWidgets() if one.objectName() == "frmOrlProgressPercent")
+    QTest.keyClick(window, Qt.Key_Escape)
+    assert progress_windows() == [], progress_windows()
 
 
 def scenario():
@@ -34,4 +64,5 @@ def scenario():
     done = sum(1 for row in QgsVectorLayer(str(WORK / "many.shp"), "again", "ogr").getFeatures() if row["Sph_Len"])
     assert 0 < done < COUNT, done
     assert command("Tessarine_CalcGeometry").isEnabled()
+    windows_of_runs()
 
