@@ -7,6 +7,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <QWindow>
 
 #include "hosts/windows/dialog_units.h"
 #include "hosts/windows/readable_window.h"
@@ -30,7 +31,7 @@ ErrorWindow::ErrorWindow(QWidget* parent) : QDialog(parent), text_(new QPlainTex
   close->setObjectName(QStringLiteral("cmdClose"));
   close->setDefault(true);
   connect(copy, &QPushButton::clicked, this, [this] { QApplication::clipboard()->setText(text_->toPlainText()); });
-  connect(close, &QPushButton::clicked, this, [this] { hide(); });
+  connect(close, &QPushButton::clicked, this, &QDialog::reject);
   auto* layout = new QVBoxLayout(this);
   layout->addWidget(text_);
   layout->addWidget(buttons);
@@ -42,13 +43,15 @@ void ErrorWindow::Add(const QString& report) {
   const bool first = text_->document()->isEmpty();
   text_->appendPlainText(first ? report.trimmed() : QStringLiteral("\n") + report.trimmed());
   if (first) text_->moveCursor(QTextCursor::Start);
-  show();
-  raise();
 }
 
-void ErrorWindow::hideEvent(QHideEvent* event) {
-  QDialog::hideEvent(event);
-  text_->clear();
+// A window manager keeps a window above the one that it is transient for, also where the user clicks that one.
+void ErrorWindow::OpenAbove(const QWidget* front) {
+  winId();  // makes the window of the system
+  windowHandle()->setTransientParent(front != nullptr ? front->window()->windowHandle() : nullptr);
+  show();
+  raise();
+  activateWindow();
 }
 
 }  // namespace tessarine

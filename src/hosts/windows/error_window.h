@@ -13,12 +13,10 @@ class ErrorWindow final : public QDialog {
  public:
   explicit ErrorWindow(QWidget* parent);
 
-  /// Puts a report behind those that stand, and shows the window. It blocks the other windows, not the caller.
+  /// Shows the window above `front`, the one that the user has before him, if any; it stays where that one closes.
+  void OpenAbove(const QWidget* front);
+  /// Puts a report behind those that stand. The window blocks the others, not the caller.
   void Add(const QString& report);
-
- protected:
-  /// The next fault begins a new text.
-  void hideEvent(QHideEvent* event) override;
 
  private:
   QPlainTextEdit* text_;

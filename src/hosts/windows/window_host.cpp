@@ -87,7 +87,7 @@ class WindowHost::ErrorDialog final : public IErrorDialog {
     const std::shared_ptr<WindowHost*> host = host_.lock();
     if (!host) return;
     if (!visible) {
-      if ((*host)->errors_) (*host)->errors_->hide();
+      if (ErrorWindow* shown = (*host)->ShownErrors()) shown->close();
       return;
     }
     (*host)->ReportError(std::exchange(text_, {}));
@@ -109,7 +109,7 @@ WindowHost::WindowHost(QWidget* main_window, std::string host_version)
 WindowHost::~WindowHost() {
   SetHost(previous_);
   RestoreMousePointer();
-  delete errors_.data();
+  for (const QPointer<ErrorWindow>& window : errors_) delete window.data();
 }
 
 void WindowHost::PumpEvents() {
@@ -141,9 +141,20 @@ void WindowHost::RestoreMousePointer() {
 
 std::shared_ptr<IErrorDialog> WindowHost::CreateErrorDialog() { return std::make_shared<ErrorDialog>(self_); }
 
+ErrorWindow* WindowHost::ShownErrors() const { return dynamic_cast<ErrorWindow*>(QApplication::activeModalWidget()); }
+
+// A window of faults that stands beneath a dialog can't be read before that one closes.
 void WindowHost::ReportError(const std::string& text) {
-  if (!errors_) errors_ = new ErrorWindow(main_window_);
-  errors_->Add(LinesToQt(text));
+  ErrorWindow* window = ShownErrors();
+  const bool opens = window == nullptr;
+  if (opens) {
+    std::erase_if(errors_, [](const QPointer<ErrorWindow>& closed) { return closed.isNull(); });
+    window = new ErrorWindow(main_window_);
+    window->setAttribute(Qt::WA_DeleteOnClose);
+    errors_.emplace_back(window);
+  }
+  window->Add(LinesToQt(text));
+  if (opens) window->OpenAbove(forms_.DialogParent());
 }
 
 std::shared_ptr<IGxDialog> WindowHost::CreateGxDialog() {

@@ -7,6 +7,7 @@
 #include <QPointer>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "engine/local_system.h"
 #include "hosts/windows/error_window.h"
@@ -83,6 +84,8 @@ class WindowHost : public IHost, public IMessageBox, public IClipboard, public I
   class InputGate;
 
   void ReportError(const std::string& text);
+  /// The window of faults that takes input; null when there is none.
+  [[nodiscard]] ErrorWindow* ShownErrors() const;
 
   QPointer<QWidget> main_window_;
   std::string host_version_;
@@ -92,7 +95,7 @@ class WindowHost : public IHost, public IMessageBox, public IClipboard, public I
   RunJournal journal_;
   std::unique_ptr<InputGate> gate_;
   std::shared_ptr<WindowHost*> self_;  // lets what outlives the host know that it is gone
-  QPointer<ErrorWindow> errors_;
+  std::vector<QPointer<ErrorWindow>> errors_;
   int runs_ = 0;
   bool waiting_ = false;
   IHost* previous_;

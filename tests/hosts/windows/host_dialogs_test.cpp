@@ -13,6 +13,7 @@
 #include <QPlainTextEdit>
 #include <QPrinter>
 #include <QPushButton>
+#include <QWindow>
 #include <atomic>
 #include <cmath>
 #include <fstream>
@@ -140,7 +141,36 @@ TEST_F(HostDialogsTest, FaultReportsCollectUntilTheUserClosesTheirWindow) {
   window->close();
   dialog->AppendErrorText("third");
   dialog->SetVisible(true);
-  EXPECT_EQ(text->toPlainText(), "third");
+  EXPECT_EQ(QApplication::activeModalWidget()->findChild<QPlainTextEdit*>("txtError")->toPlainText(), "third");
+}
+
+TEST_F(HostDialogsTest, AFaultIsReportedAboveTheDialogThatTheUserHasBeforeHim) {
+  const auto faults = host.CreateErrorDialog();
+  const auto report = [&](const char* text) {
+    faults->AppendErrorText(text);
+    faults->SetVisible(true);
+  };
+  const auto shown = [] {
+    QWidget* modal = QApplication::activeModalWidget();
+    auto* text = modal != nullptr ? modal->findChild<QPlainTextEdit*>("txtError") : nullptr;
+    return text != nullptr ? text->toPlainText().toStdString() : "no faults";
+  };
+  report("of the run");
+  testing::LogForm form;
+  Show(form, [&](FormWindow& window) {
+    EXPECT_EQ(shown(), "no faults");
+    report("of the form");
+    EXPECT_EQ(shown(), "of the form") << "the first window can't be reached behind the form";
+    const QWidget& above = *QApplication::activeModalWidget();
+    EXPECT_EQ(above.windowHandle()->transientParent(), window.windowHandle()) << "a click on the form would cover it";
+    report("again");
+    EXPECT_EQ(shown(), "of the form\n\nagain");
+  });
+  EXPECT_EQ(shown(), "of the form\n\nagain") << "it stays where its form goes";
+  QApplication::activeModalWidget()->close();
+  EXPECT_EQ(shown(), "of the run");
+  QApplication::activeModalWidget()->close();
+  EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
 }
 
 TEST_F(HostDialogsTest, ADialogStandsOverTheWindowThatTheUserWorksIn) {

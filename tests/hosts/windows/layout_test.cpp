@@ -181,6 +181,7 @@ void VisitHostDialogs(testing::SampleHost& host, const testing::TemporaryFolder&
   });
   ErrorWindow errors(nullptr);
   errors.Add(QStringLiteral("No layer."));
+  errors.OpenAbove(nullptr);
   visit(errors);
 }
 
