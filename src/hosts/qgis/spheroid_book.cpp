@@ -15,6 +15,7 @@
 #include "hosts/qgis/processing/run_host.h"
 #include "hosts/qgis/values.h"
 #include "hosts/windows/qt_text.h"
+#include "hosts/windows/translation.h"
 #include "platform/fault.h"
 #include "platform/paths.h"
 #include "platform/thread_host.h"
@@ -73,7 +74,8 @@ class Book {
       try {
         for (NamedSpheroid& spheroid : catalog.Spheroids(list)) spheroids_.push_back(std::move(spheroid));
       } catch (const Fault& fault) {
-        QgsMessageLog::logMessage(LinesToQt(fault.Description()), QStringLiteral("Tessarine"), Qgis::Warning);
+        QgsMessageLog::logMessage(Translated(LinesToQt(fault.Description())), QStringLiteral("Tessarine"),
+                                  Qgis::Warning);
       }
     }
   }

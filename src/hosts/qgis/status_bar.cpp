@@ -2,6 +2,7 @@
 #include "hosts/qgis/status_bar.h"
 
 #include "hosts/windows/qt_text.h"
+#include "hosts/windows/translation.h"
 
 namespace tessarine::qgis {
 namespace {
@@ -33,7 +34,7 @@ class AnimationProgressor final : public IAnimationProgressor {
 }  // namespace
 
 void ProgramStatusBar::SetMessage(std::int32_t panel, const std::string& text) {
-  if (bar_ && panel == 0) bar_->showMessage(ToQt(text));
+  if (bar_ && panel == 0) bar_->showMessage(Translated(ToQt(text)));
 }
 
 std::shared_ptr<IAnimationProgressor> ProgramStatusBar::ProgressAnimation() {

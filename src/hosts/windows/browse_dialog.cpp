@@ -162,7 +162,7 @@ void BrowseDialog::FillList() {
   list_->clear();
   for (const CatalogItem& item : items_) {
     auto* line = new QListWidgetItem(IconOf(item), ToQt(item.name), list_);
-    line->setToolTip(ToQt(item.Category()));
+    line->setToolTip(Translated(item.Category()));
   }
 }
 
@@ -310,7 +310,7 @@ void BrowseDialog::MakeGeodatabase() {
   try {
     CreateFileGeodatabase(path.string());
   } catch (const Fault& fault) {
-    Refuse(ToQt(fault.Description()));
+    Refuse(Translated(LinesToQt(fault.Description())));
     return;
   }
   GoTo(ToQt(path.string()));
@@ -325,7 +325,7 @@ void BrowseDialog::MakeGeoPackage() {
   try {
     CreateGeoPackage(path.string());
   } catch (const Fault& fault) {
-    Refuse(ToQt(fault.Description()));
+    Refuse(Translated(LinesToQt(fault.Description())));
     return;
   }
   GoTo(ToQt(path.string()));

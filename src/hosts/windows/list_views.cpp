@@ -19,11 +19,20 @@
 namespace tessarine {
 namespace {
 
+// Lists whose lines are texts of the form itself. Others list data, or say in their only line that there are none.
+bool ShowsOwnTexts(const Control& list, const QStringList& lines) {
+  if (list.Name() == "cboPole" || list.Name() == "lbxGraphics") return true;
+  return lines.size() == 1 && (lines.front().startsWith(QLatin1String("<--")) || lines.front().startsWith('['));
+}
+
 template <class List>
 QStringList LinesOf(const List& list) {
   QStringList lines;
   lines.reserve(list.ListCount());
   for (std::int32_t line = 0; line < list.ListCount(); ++line) lines << ToQt(list.List(line));
+  if (ShowsOwnTexts(list, lines)) {
+    std::ranges::transform(lines, lines.begin(), [](const QString& line) { return Translated(line); });
+  }
   return lines;
 }
 
@@ -112,9 +121,6 @@ class ListBoxView final : public ControlView {
   std::int32_t top_ = 0, shown_index_ = -1;
 };
 
-// The lists whose lines are texts of the form itself; others list data.
-bool ListsOwnTexts(const ComboBox& combo) { return combo.Name() == "cboPole"; }
-
 class ComboView final : public ControlView {
  public:
   ComboView(FormWindow& window, ComboBox& combo, QWidget& parent)
@@ -158,9 +164,7 @@ class ComboView final : public ControlView {
 
   void UpdateContent() override {
     if (!combo_.DropDownList && !Box().isEditable()) MakeEditable();
-    QStringList lines = LinesOf(combo_);
-    if (ListsOwnTexts(combo_))
-      std::ranges::transform(lines, lines.begin(), [](const QString& line) { return Translated(line); });
+    const QStringList lines = LinesOf(combo_);
     if (lines != lines_) {
       lines_ = lines;
       Box().clear();

@@ -1,39 +1,103 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "hosts/windows/translation.h"
 
+#include <QFile>
+#include <QHash>
 #include <QRegularExpression>
-#include <QTranslator>
 #include <algorithm>
 #include <memory>
 #include <utility>
 #include <vector>
 
-#include "hosts/windows/mnemonics.h"
-#include "hosts/windows/translated_patterns.h"
+#include "hosts/windows/text_pattern.h"
+#include "hosts/windows/translation_file.h"
 
 // The translations lie in the library; those of an archive have to be asked for.
-static void InitTranslations() {
-#ifdef TESSARINE_TRANSLATIONS
-  Q_INIT_RESOURCE(tessarine_translations);
-#endif
-}
+static void InitTranslations() { Q_INIT_RESOURCE(tessarine_translations); }
 
 namespace tessarine {
 namespace {
 
-constexpr const char* kContext = "Tessarine";
+constexpr int kMostSentences = 12;  // of a line that is translated by sentences
 
-/// A text with places for names and numbers, as "%1 of %2".
-struct Pattern {
-  QRegularExpression form;
-  QString translation;
-};
+bool HasLetter(const QString& text) {
+  return std::any_of(text.begin(), text.end(), [](QChar character) { return character.isLetter(); });
+}
 
-struct Language {
-  QTranslator texts;
-  std::vector<Pattern> patterns;
+/// The texts of a language.
+class Language {
+ public:
+  explicit Language(QHash<QString, QString> texts) : texts_(std::move(texts)) {
+    for (auto text = texts_.cbegin(); text != texts_.cend(); ++text) {
+      if (HasPlace(text.key())) patterns_.emplace_back(text.key(), text.value());
+    }
+    std::ranges::stable_sort(patterns_, std::ranges::greater(), &TextPattern::Weight);
+  }
 
-  [[nodiscard]] QString Find(const QString& text) const { return texts.translate(kContext, text.toUtf8().constData()); }
+  // Blanks around a text, as captions of windows have them, are no part of it.
+  [[nodiscard]] QString Whole(const QString& text) const {
+    const QString plain = text.trimmed();
+    if (const auto known = texts_.find(plain); known != texts_.end()) return *known;
+    for (const TextPattern& pattern : patterns_) {
+      if (const auto made = pattern.Translate(plain, [this](const QString& part) { return Any(part); })) return *made;
+    }
+    return {};
+  }
+
+  /// What is known of the text: the whole, or else its lines and sentences.
+  [[nodiscard]] QString Any(const QString& text) const {
+    if (!HasLetter(text)) return {};
+    const QString whole = Whole(text);
+    if (!whole.isEmpty()) return whole;
+    const QStringList lines = text.trimmed().split(QLatin1Char('\n'));
+    if (lines.size() == 1) return InSentences(lines.front());
+    QStringList translations;
+    bool has_any = false;
+    for (const QString& line : lines) {
+      const bool is_name = !line.trimmed().contains(QLatin1Char(' '));
+      const QString found = is_name ? QString() : Whole(line);
+      translations << (found.isEmpty() && !is_name ? InSentences(line) : found);
+      if (translations.back().isEmpty())
+        translations.back() = line;
+      else
+        has_any = true;
+    }
+    return has_any ? translations.join(QLatin1Char('\n')) : QString();
+  }
+
+ private:
+  // Sentences and brackets, of which texts are put together; the longest run of them that is known counts.
+  [[nodiscard]] QString InSentences(const QString& line) const {
+    static const QRegularExpression end(QStringLiteral("[.!?] +(?=\\S)|(?<=\\))(?=\\S)| (?=\\()"));
+    std::vector<int> begins{0};
+    for (auto ends = end.globalMatch(line); ends.hasNext();) begins.push_back(ends.next().capturedEnd());
+    if (begins.size() < 2 || begins.size() > kMostSentences) return {};
+    begins.push_back(line.size());
+    QString whole;
+    bool has_any = false;
+    for (std::size_t first = 0; first + 1 < begins.size();) {
+      const std::size_t behind = BehindLongestKnown(line, begins, first);
+      const QString part = line.mid(begins[first], begins[std::max(behind, first + 1)] - begins[first]);
+      whole += behind == first ? part : InBlanksOf(part, Whole(part));
+      has_any = has_any || behind != first;
+      first = std::max(behind, first + 1);
+    }
+    return has_any ? whole : QString();
+  }
+
+  // The place behind it; the first one where none is known.
+  [[nodiscard]] std::size_t BehindLongestKnown(const QString& line, const std::vector<int>& begins,
+                                               std::size_t first) const {
+    for (std::size_t behind = begins.size() - 1; behind > first; --behind) {
+      if (first == 0 && behind + 1 == begins.size()) continue;
+      const QString part = line.mid(begins[first], begins[behind] - begins[first]).trimmed();
+      if (part.contains(QLatin1Char(' ')) && !Whole(part).isEmpty()) return behind;
+    }
+    return first;
+  }
+
+  QHash<QString, QString> texts_;
+  std::vector<TextPattern> patterns_;  // those that say most first
 };
 
 std::unique_ptr<Language>& InUse() {
@@ -41,57 +105,21 @@ std::unique_ptr<Language>& InUse() {
   return language;
 }
 
-// Each place of the pattern takes as little as it can.
-QRegularExpression FormOf(const QString& pattern) {
-  static const QRegularExpression places(QStringLiteral("%\\d"));
-  QString form = QRegularExpression::escape(pattern);
-  form.replace(QStringLiteral("\\%"), QStringLiteral("%")).replace(places, QStringLiteral("(.*?)"));
-  return QRegularExpression(QRegularExpression::anchoredPattern(form), QRegularExpression::DotMatchesEverythingOption);
-}
-
-bool HasLetter(const QString& text) {
-  return std::any_of(text.begin(), text.end(), [](QChar character) { return character.isLetter(); });
-}
-
-// Blanks around a text, as captions of windows have them, are no part of it.
-QString Found(const Language& language, const QString& text) {
-  const QString plain = text.trimmed();
-  if (const QString exact = language.Find(plain); !exact.isEmpty()) return exact;
-  for (const Pattern& pattern : language.patterns) {
-    const QRegularExpressionMatch match = pattern.form.match(plain);
-    if (!match.hasMatch()) continue;
-    // A text for a place may have a translation itself.
-    QString whole = pattern.translation;
-    for (int place = match.lastCapturedIndex(); place > 0; --place) {
-      const QString part = match.captured(place);
-      const QString found = HasLetter(part) ? Found(language, part) : QString();
-      whole.replace(QStringLiteral("%%1").arg(place), found.isEmpty() ? part : found);
-    }
-    return whole;
-  }
-  return {};
-}
-
 }  // namespace
 
 bool UseLanguage(const QLocale& language) {
   InitTranslations();
   InUse() = nullptr;
-  auto fresh = std::make_unique<Language>();
   const QString code = language.name().section(QLatin1Char('_'), 0, 0);
-  if (!fresh->texts.load(QStringLiteral(":/tessarine/tessarine_%1.qm").arg(code))) return false;
-  for (const char* pattern : kTranslatedPatterns) {
-    const QString text = QString::fromUtf8(pattern);
-    const QString translation = fresh->Find(text);
-    if (!translation.isEmpty()) fresh->patterns.push_back({FormOf(text), translation});
-  }
-  InUse() = std::move(fresh);
+  QFile file(QStringLiteral(":/tessarine/tessarine_%1.ts").arg(code));
+  if (!file.open(QIODevice::ReadOnly)) return false;
+  InUse() = std::make_unique<Language>(ReadTranslations(file));
   return true;
 }
 
 QString Translated(const QString& text) {
-  if (!InUse() || !HasLetter(text)) return text;
-  const QString found = Found(*InUse(), text);
+  if (!InUse()) return text;
+  const QString found = InUse()->Any(text);
   return found.isEmpty() ? text : found;
 }
 
@@ -99,6 +127,6 @@ QString Translated(std::string_view text) {
   return Translated(QString::fromUtf8(text.data(), static_cast<int>(text.size())));
 }
 
-bool HasTranslation(const QString& text) { return !HasLetter(text) || (InUse() && !Found(*InUse(), text).isEmpty()); }
+bool HasTranslation(const QString& text) { return !HasLetter(text) || (InUse() && !InUse()->Whole(text).isEmpty()); }
 
 }  // namespace tessarine

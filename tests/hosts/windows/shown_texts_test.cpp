@@ -1,27 +1,25 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// The texts of the host's own windows, read from its sources: none is left without a translation.
+// The texts that a person can meet in a window, a log or a message, read from the sources: none is left without a
+// translation.
 #include <QDirIterator>
 #include <QFile>
 #include <QRegularExpression>
+#include <algorithm>
 #include <set>
 
-#include "hosts/windows/translation.h"
+#include "hosts/windows/text_pattern.h"
+#include "hosts/windows/translation_file.h"
+#include "tests/hosts/windows/source_texts.h"
+#include "tests/hosts/windows/untranslated_texts.h"
 #include "tests/hosts/windows/windows_fixture.h"
 
 namespace tessarine {
 namespace {
 
+using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-// Identifiers that look like texts, and headings of the manual, which is in English.
-const std::set<std::string> kNoTexts = {
-    "ESRI Shapefile", "double precision", "Personal Geodatabase", "Feature Dataset", "Feature Class", "dBASE Table",
-    "Text File", "SQLite format 3", "model name", "Tessarine Suite", "As the data", "Closing leg", "Wrap to a boundary",
-    "Planetographic and planetocentric latitudes", "Graphic elements to shapes", "Select graphic elements",
-    "Name graphic elements", "The report", "The progress window",
-    // What a fault says is the same in all languages, as at the terminal.
-    "more like it)", "there is no field '%1'", "The program reads personal geodatabases through ODBC only: install",
-    "a driver for them (odbc-mdbtools), or name another output."};
+const QString kSources = QStringLiteral(TESSARINE_SOURCE_DIR "/src/");
 
 QString ReadText(const QString& path) {
   QFile file(path);
@@ -29,89 +27,143 @@ QString ReadText(const QString& path) {
   return QString::fromUtf8(file.readAll());
 }
 
-/// A literal of a source, and the statement ahead of it.
-struct Literal {
-  QString text, statement;
+QHash<QString, QString> Translations() {
+  QFile file(kSources + QStringLiteral("hosts/windows/translations/tessarine_de.ts"));
+  EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+  return ReadTranslations(file);
+}
 
-  [[nodiscard]] bool IsTranslated() const { return statement.endsWith(QStringLiteral("Translated(")); }
-  [[nodiscard]] bool IsOfFault() const {
-    static const QRegularExpression faults(QStringLiteral("Raise|Fault|require\\("));
-    return faults.match(statement).hasMatch();
+QRegularExpression Form(const char* form) {
+  return QRegularExpression(QLatin1String(form), QRegularExpression::DotMatchesEverythingOption);
+}
+
+// Two words or more; no queries, examples, mark-up, code or parts of reports.
+bool LooksLikeText(const QString& text) {
+  static const QRegularExpression words = Form("[A-Za-z]{2,}[^A-Za-z]* [^A-Za-z]*[A-Za-z]{2,}");
+  static const QRegularExpression code = Form(
+      R"(\\par|\\[bf]\d? |\\f\d|zzz|^  +|^\n?\t|^ *(\*\*|-->)|^tessarine |</?\w+[ >]|^\* \{|::\w|\{\n|\n +\{|\w+ \{ |\$\w)"
+      R"(|^(SELECT|INSERT|UPDATE|CREATE|ALTER|EXPLAIN|RELEASE|ROLLBACK|SAVEPOINT|%1 BETWEEN)\b)");
+  return text.contains(words) && !text.contains(code);
+}
+
+// Reports and the terminal speak English to everybody.
+bool SpeaksEnglish(const QString& path) {
+  static const QRegularExpression english = Form("^hosts/terminal/|(^|[_/])reports?[_.]|rich_text_");
+  // Documents of the terminal, and names that are the same in all languages.
+  static const QRegularExpression named = Form(
+      "^hosts/document/(?!spheroid_names|component_loader)|spheroid_tables|personal_geodatabase_(kinds|xml)|"
+      "expressions/function_table");
+  return path.contains(english) || path.contains(named);
+}
+
+// Fewer characters than these between the places of a text fit too much.
+constexpr int kTellingWeight = 12;
+
+bool Fits(const TextPattern& pattern, const QString& text) {
+  return pattern.Weight() >= kTellingWeight && pattern.Translate(text, [](const QString& part) { return part; });
+}
+
+/// What has a translation: a text, a part of one with places, or the form of several.
+class Known {
+ public:
+  explicit Known(const QHash<QString, QString>& translations) : texts_(translations) {
+    for (auto text = texts_.cbegin(); text != texts_.cend(); ++text) {
+      if (HasPlace(text.key())) patterns_.emplace_back(text.key(), text.value());
+    }
   }
-  // Two words or more, and no mark-up or code.
-  [[nodiscard]] bool LooksLikeText() const {
-    static const QRegularExpression words(QStringLiteral("[A-Za-z]{2,}[,:]? [A-Za-z]{2,}"));
-    return words.match(text).hasMatch() && !text.contains(QRegularExpression(QStringLiteral("[<{$]"))) &&
-           !kNoTexts.contains(text.toStdString());
+
+  [[nodiscard]] bool Holds(const QString& made) const {
+    static const QRegularExpression printed(QStringLiteral("%(s|lld)"));
+    QString text = made.trimmed();
+    for (int place = 1; text.contains(printed); ++place) {
+      text.replace(text.indexOf(printed), printed.match(text).capturedLength(), QStringLiteral("%%1").arg(place));
+    }
+    if (texts_.contains(text)) return true;
+    // A part of a text that the source goes on with.
+    const TextPattern form(text == made ? text : made + QStringLiteral("%9"), QString());
+    return std::any_of(patterns_.begin(), patterns_.end(), [&](const TextPattern& one) { return Fits(one, text); }) ||
+           std::any_of(texts_.keyBegin(), texts_.keyEnd(), [&](const QString& key) { return Fits(form, key); });
   }
+
+ private:
+  const QHash<QString, QString>& texts_;
+  std::vector<TextPattern> patterns_;
 };
 
-// Literals that follow each other are one.
-std::vector<Literal> LiteralsOf(QString source) {
-  const QString literal = QStringLiteral(R"("(?:[^"\\\n]|\\.)*")");
-  static const QRegularExpression comments(QStringLiteral("^\\s*#.*$|(^|\\s)//.*$"),
-                                           QRegularExpression::MultilineOption);
-  static const QRegularExpression one(literal), joined(literal + QStringLiteral("(?:\\s*") + literal + ")*");
-  static const QRegularExpression end_of_statement(QStringLiteral("[;{}]\\s"));
-  source.remove(comments);
-  std::vector<Literal> literals;
-  for (auto found = joined.globalMatch(source); found.hasNext();) {
-    const QRegularExpressionMatch match = found.next();
-    QString text;
-    for (auto piece = one.globalMatch(match.captured()); piece.hasNext();) {
-      const QString quoted = piece.next().captured();
-      text += quoted.midRef(1, quoted.size() - 2);
-    }
-    text.replace(QStringLiteral("\\\""), QStringLiteral("\"")).replace(QStringLiteral("\\n"), QStringLiteral("\n"));
-    const QString ahead = source.left(match.capturedStart());
-    literals.push_back({text.trimmed(), ahead.mid(ahead.lastIndexOf(end_of_statement) + 1).trimmed()});
-  }
-  return literals;
-}
-
-// A text that is put together of pieces is found by its pattern; the pieces lie between the places of that.
-bool IsPieceOfPattern(const QString& text, const QString& translations) {
-  QString escaped = text.toHtmlEscaped().replace(QStringLiteral("&quot;"), QStringLiteral("\""));
-  return translations.contains(escaped.replace(QStringLiteral("&#39;"), QStringLiteral("'")));
-}
-
-std::vector<std::string> Untranslated(const QString& folder, const QString& translations) {
-  std::vector<std::string> missing;
-  QDirIterator sources(folder, {QStringLiteral("*.cpp"), QStringLiteral("*.h")}, QDir::Files,
+/// Calls with the file and each text of the sources that looks like one for people.
+template <class Visit>
+void VisitTexts(Visit&& visit) {
+  QDirIterator sources(kSources, {QStringLiteral("*.cpp"), QStringLiteral("*.h")}, QDir::Files,
                        QDirIterator::Subdirectories);
   while (sources.hasNext()) {
     const QString source = sources.next();
-    for (const Literal& literal : LiteralsOf(ReadText(source))) {
-      if (HasTranslation(literal.text)) continue;
-      const bool is_shown = literal.LooksLikeText() && !literal.IsOfFault();
-      if (literal.IsTranslated() || (is_shown && !IsPieceOfPattern(literal.text, translations))) {
-        missing.push_back(sources.fileName().toStdString() + ": " + literal.text.toStdString());
-      }
+    if (SpeaksEnglish(source.mid(kSources.size()))) continue;
+    for (const QString& text : testing::TextsOf(ReadText(source))) {
+      if (LooksLikeText(text)) visit(sources.fileName().toStdString(), text);
     }
   }
-  return missing;
+}
+
+std::vector<std::string> TextsIn(const char* source) {
+  std::vector<std::string> texts;
+  for (const QString& text : testing::TextsOf(QString::fromLatin1(source))) texts.push_back(text.toStdString());
+  return texts;
 }
 
 TEST(ShownTexts, AreReadFromSources) {
-  const std::vector<Literal> literals = LiteralsOf(QStringLiteral(
-      "f(Translated(\"One \"\n \"text\"));\n// \"no text\"\nRaise(kWrong, \"the layer \\\"\" + name);\n\"two words\""));
-  ASSERT_EQ(literals.size(), 3U);
-  EXPECT_EQ(literals[0].text, QStringLiteral("One text"));
-  EXPECT_TRUE(literals[0].IsTranslated());
-  EXPECT_EQ(literals[1].text, QStringLiteral("the layer \""));
-  EXPECT_TRUE(literals[1].IsOfFault());
-  EXPECT_TRUE(literals[2].LooksLikeText() && !literals[2].IsTranslated() && !literals[2].IsOfFault());
+  EXPECT_THAT(TextsIn("f(Translated(\"One \"\n \"text\"));  // \"no text\"\n/* \"none\" */ g(\"two\");"),
+              ElementsAre("One text", "two"));
+  EXPECT_THAT(
+      TextsIn("Raise(kWrong, \"'\" + path + \"' has \" + std::to_string(rows(\"of all\")) + \" rows\\r\\n.\");"),
+      ElementsAre("'%1' has %2 rows\n.", "of all"));
+  EXPECT_THAT(TextsIn("return std::string(\"The \\\"\") + name + '\"' + (is_new ? \" is new\" : Old(\"was\"));"),
+              ElementsAre("The \"%1\"%2", " is new", "was"));
+  EXPECT_THAT(TextsIn("#include \"a file.h\"\nconst Row rows[] = {{\"a\", 1}, {R\"(b \"c\")\", 2}}; x += \"d\";"),
+              ElementsAre("a", "b \"c\"", "d"));
+  EXPECT_THAT(TextsIn("kMap[\"key\"] = Label(\"of it\") + \": \" + text;"), ElementsAre("key", "%1: %2", "of it"));
 }
 
-TEST(ShownTexts, OfTheHostHaveTranslations) {
-  const testing::QtSession qt;
-  if (!UseLanguage(QLocale(QLocale::German))) GTEST_SKIP() << "Built without lrelease.";
-  const QString hosts = QStringLiteral(TESSARINE_SOURCE_DIR "/src/hosts/");
-  const QString translations = ReadText(hosts + QStringLiteral("windows/translations/tessarine_de.ts"));
-  for (const char* room : {"windows", "qgis"}) {
-    EXPECT_THAT(Untranslated(hosts + QLatin1String(room), translations), IsEmpty());
+TEST(ShownTexts, HaveTranslations) {
+  const QHash<QString, QString> translations = Translations();
+  const Known known(translations);
+  std::set<std::string> needless(std::begin(testing::kUntranslatedTexts), std::end(testing::kUntranslatedTexts));
+  VisitTexts([&](const std::string& file, const QString& text) {
+    if (testing::NeedsNoTranslation(text.trimmed().toStdString())) {
+      needless.erase(text.trimmed().toStdString());
+    } else {
+      EXPECT_TRUE(known.Holds(text)) << "No German for \"" << text.toStdString() << "\" of " << file;
+    }
+  });
+  EXPECT_THAT(needless, IsEmpty()) << "These are in no source any more.";
+}
+
+// What a fault says is put into the language where it is shown, and nowhere else.
+TEST(ShownTexts, OfFaultsAreTranslatedByTheProgramsHost) {
+  static const QRegularExpression plain(
+      QStringLiteral("(?<!Translated\\()\\b(LinesToQt|ToQt)\\([a-z_.]*Description\\(\\)"));
+  int translated = 0;
+  QDirIterator sources(kSources + QStringLiteral("hosts/qgis"), {QStringLiteral("*.cpp")}, QDir::Files,
+                       QDirIterator::Subdirectories);
+  while (sources.hasNext()) {
+    const QString text = ReadText(sources.next());
+    EXPECT_FALSE(text.contains(plain)) << sources.fileName().toStdString();
+    translated += text.count(QStringLiteral("Translated(LinesToQt(fault.Description()))"));
   }
-  UseLanguage(QLocale::c());
+  EXPECT_GT(translated, 4);
+}
+
+TEST(ShownTexts, KeepTheirPlacesInTranslations) {
+  static const QRegularExpression place(QStringLiteral("%L?(\\d+)"));
+  const auto places_of = [](const QString& text) {
+    std::set<QString> places;
+    for (auto found = place.globalMatch(text); found.hasNext();) places.insert(found.next().captured(1));
+    return places;
+  };
+  const QHash<QString, QString> translations = Translations();
+  ASSERT_GT(translations.size(), 500);
+  for (auto text = translations.cbegin(); text != translations.cend(); ++text) {
+    EXPECT_EQ(places_of(text.key()), places_of(text.value())) << text.key().toStdString();
+  }
 }
 
 }  // namespace

@@ -87,7 +87,7 @@ class SuiteFunction final : public QgsExpressionFunction {
     } catch (const ArgumentError& error) {
       parent->setEvalErrorString(name() + QStringLiteral(": ") + ToQt(error.what()));
     } catch (const Fault& fault) {
-      Log().Tell(LinesToQt(fault.Description()) + QLatin1Char(' ') + Translated("The result is NULL."),
+      Log().Tell(Translated(LinesToQt(fault.Description())) + QLatin1Char(' ') + Translated("The result is NULL."),
                  About(name(), context));
     } catch (const std::exception& error) {
       Log().Tell(ToQt(error.what()) + QLatin1Char(' ') + Translated("The result is NULL."), About(name(), context));

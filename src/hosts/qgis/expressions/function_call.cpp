@@ -187,7 +187,7 @@ std::optional<Axes> FunctionCall::GivenAxes() const {
     const NamedSpheroid spheroid = SpheroidCalled(*text);
     return Axes{spheroid.semi_major_axis, spheroid.semi_minor_axis};
   } catch (const Fault& fault) {
-    Fail(kSpheroid, LinesToQt(fault.Description()));
+    Fail(kSpheroid, Translated(LinesToQt(fault.Description())));
   }
 }
 

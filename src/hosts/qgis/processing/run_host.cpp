@@ -18,7 +18,7 @@ class LoggedErrors final : public IErrorDialog {
   explicit LoggedErrors(QgsProcessingFeedback& log) : log_(log) {}
   void AppendErrorText(const std::string& text) override { text_ += text; }
   void SetVisible(bool visible) override {
-    if (visible) log_.reportError(LinesToQt(std::exchange(text_, {})));
+    if (visible) log_.reportError(Translated(LinesToQt(std::exchange(text_, {}))));
   }
 
  private:
@@ -33,7 +33,7 @@ class StillPicture final : public IAnimationProgressor {
   void Hide() override {}
   void Play() override {}
   void Stop() override {}
-  void SetMessage(const std::string& message) override { log_.setProgressText(ToQt(message)); }
+  void SetMessage(const std::string& message) override { log_.setProgressText(Translated(ToQt(message))); }
 
  private:
   QgsProcessingFeedback& log_;
@@ -53,7 +53,7 @@ class RunStatusBar final : public SteppingStatusBar {
  private:
   void BarShown(const std::string& text) override {
     told_ = -1;
-    log_.setProgressText(ToQt(Trim(text)));
+    log_.setProgressText(Translated(ToQt(Trim(text))));
     BarMoved();
   }
   // Signals go to another thread: one for each per cent is enough. Runs put the bar back at their end.
@@ -69,8 +69,9 @@ class RunStatusBar final : public SteppingStatusBar {
 };
 
 QString Titled(const std::string& text, const std::string& title) {
-  const std::string head = Trim(title);
-  return LinesToQt(head.empty() ? text : head + " " + text);
+  const QString head = Translated(LinesToQt(Trim(title)));
+  const QString told = Translated(LinesToQt(text));
+  return head.isEmpty() ? told : head + QLatin1Char(' ') + told;
 }
 
 }  // namespace
@@ -85,7 +86,7 @@ std::shared_ptr<IGxDialog> RunHost::CreateGxDialog() { RaiseNoWindows(); }
 
 std::shared_ptr<ISpatialReferenceDialog2> RunHost::CreateSpatialReferenceDialog() { RaiseNoWindows(); }
 
-void RunHost::Announce(const std::string& text) { log_.pushWarning(LinesToQt(text)); }
+void RunHost::Announce(const std::string& text) { log_.pushWarning(Translated(LinesToQt(text))); }
 
 void RunHost::Tell(const std::string& text, const std::string& title) { log_.pushWarning(Titled(text, title)); }
 
@@ -95,11 +96,11 @@ bool RunHost::Ask(RunQuestion, const std::string& text, const std::string& title
 }
 
 bool RunHost::TakeFault(const TrapSite& site, const Fault& fault) {
-  std::string text = fault.Description() + "\nFault " + std::to_string(fault.Number());
+  std::string place = "Fault " + std::to_string(fault.Number());
   const std::string& file = fault.File().empty() ? site.source : fault.File();
   const std::int32_t line = fault.File().empty() ? site.line : fault.Line();
-  if (!file.empty()) text += " in " + Trim(site.procedure) + ", " + file + ":" + std::to_string(line);
-  log_.reportError(LinesToQt(text));
+  if (!file.empty()) place += " in " + Trim(site.procedure) + ", " + file + ":" + std::to_string(line);
+  log_.reportError(Translated(LinesToQt(fault.Description())) + QLatin1Char('\n') + ToQt(place));
   return true;
 }
 

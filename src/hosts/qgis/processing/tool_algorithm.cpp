@@ -41,7 +41,7 @@ auto AsProgramErrors(Work&& work) {
   try {
     return std::forward<Work>(work)();
   } catch (const Fault& fault) {
-    throw QgsProcessingException(LinesToQt(fault.Description()));
+    throw QgsProcessingException(Translated(LinesToQt(fault.Description())));
   }
 }
 
@@ -50,7 +50,7 @@ void RunAndTell(ToolRun& run, Arguments arguments, const OutputGoal& goal, RunNo
   try {
     run.Run(std::move(arguments), goal);
   } catch (const Fault& fault) {
-    notes.TellRefusal(LinesToQt(fault.Description()));
+    notes.TellRefusal(Translated(LinesToQt(fault.Description())));
     throw;
   } catch (const QgsProcessingException& error) {
     notes.TellRefusal(error.what());
@@ -127,7 +127,7 @@ bool ToolAlgorithm::checkParameterValues(const QVariantMap& parameters, QgsProce
   try {
     objection = ObjectionTo(parameters, context);
   } catch (const Fault& fault) {
-    objection = LinesToQt(fault.Description());
+    objection = Translated(LinesToQt(fault.Description()));
   }
   if (objection.isEmpty()) return true;
   if (message != nullptr) *message = objection;
@@ -219,7 +219,7 @@ void ToolAlgorithm::MoveInPlace(const QVariantMap& parameters, QgsProcessingCont
     if (!edited) Raise(kEngine, "The layer has gone while the run was at work.");
     moved_.Take(*goal.Open(journal.output_path), *edited, chosen, journal, feedback);
   } catch (const Fault& fault) {
-    tell(LinesToQt(fault.Description()));
+    tell(Translated(LinesToQt(fault.Description())));
   } catch (const QgsProcessingException& error) {
     tell(error.what());
   }
@@ -241,7 +241,7 @@ QVariantMap ToolAlgorithm::RunTool(const QVariantMap& parameters, QgsProcessingC
   for (const auto& [name, layer] : layers_) notes.SetLayer(name, layer.Words());
   RunAndTell(run, std::move(arguments), goal, notes, feedback);
   const RunJournal& journal = run.Journal();
-  if (!journal.failure.empty()) throw QgsProcessingException(LinesToQt(journal.failure));
+  if (!journal.failure.empty()) throw QgsProcessingException(Translated(LinesToQt(journal.failure)));
   if (journal.stopped && goal.IsNamedFile() && !journal.output_path.empty()) {
     feedback.pushWarning(Translated("The run was stopped; '%1' holds what was written until then.")
                              .arg(ToQt(ToNativePath(journal.output_path))));

@@ -298,11 +298,13 @@ Arguments ReadArguments(const ToolSpec& spec, const QgsProcessingAlgorithm& algo
 
 QString ObjectionText(const ToolSpec& spec, const Objection& objection) {
   const ToolParameter* about = objection.parameter.empty() ? nullptr : spec.Find(objection.parameter);
-  const std::string sentence = SentenceOf(objection, [&](std::string_view name) {
+  // In the language first, where the parameters still stand by their names.
+  const Objection shown{objection.parameter, FromQt(Translated(LinesToQt(objection.text)))};
+  const std::string sentence = SentenceOf(shown, [&](std::string_view name) {
     const ToolParameter* parameter = spec.Find(name);
     return parameter != nullptr ? "'" + FromQt(LabelOf(*parameter)) + "'" : std::string(name);
   });
-  return (about == nullptr ? QString() : LabelOf(*about) + QStringLiteral(": ")) + LinesToQt(sentence);
+  return (about == nullptr ? QString() : LabelOf(*about) + QStringLiteral(": ")) + ToQt(sentence);
 }
 
 }  // namespace tessarine::qgis
