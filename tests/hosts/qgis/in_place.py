@@ -4,8 +4,9 @@ import os
 import subprocess
 
 from osgeo import ogr, osr
-from program_steps import WORK, QgsVectorLayer, iface, make_layer
+from program_steps import WINDOW, WORK, QgsVectorLayer, child, iface, make_layer
 from qgis.core import QgsApplication, QgsFeature, QgsGeometry, QgsProject
+from qgis.PyQt.QtWidgets import QTableWidget
 from qgis.gui import QgsProcessingToolboxModel, QgsProcessingToolboxProxyModel
 from toolbox import Log, context, rows_of
 
@@ -94,6 +95,11 @@ def as_the_terminal(areas):
     assert areas.rollBack()
 
 
+def last_run():
+    box = child(child(WINDOW, "TessarineReports"), "tblRuns", QTableWidget)
+    return [box.item(0, column).text() for column in range(1, box.columnCount())]
+
+
 def what_stays():
     """Nothing would be left, several parts in a layer of single ones, and runs that are refused."""
     single = make_layer("Polygon", ["POLYGON((170 0, 170 10, 190 10, 190 0, 170 0))",
@@ -111,6 +117,9 @@ def what_stays():
     log = in_place("wrap", odd, RANGE="180", SHIFT=1.0)
     assert any("nothing would be left" in text and "(identifiers 1)" in text for text in log.errors), log.errors
     assert any("met a fault" in text and "(identifiers 2)" in text for text in log.errors), log.errors
+    tool, output, told = last_run()
+    assert output == "odd", output
+    assert told == "1 record met a fault; 1 record written; 2 features keep their shapes", told
     after = shapes(odd)
     assert after[1] == before[1] and after[2] == before[2], after
     assert same(after[0], "MULTIPOLYGON(((1 0, 1 10, 11 10, 11 0, 1 0)))"), after
@@ -145,6 +154,7 @@ def what_stays():
     log = in_place("wrap", metres)
     assert any("'Range' 180" in text for text in log.errors), log.errors
     assert metres.getFeature(1)["size"] == 55
+    assert last_run()[2].startswith("Failed: ") and "'Range' 180" in last_run()[2], last_run()
     assert metres.rollBack()
 
 

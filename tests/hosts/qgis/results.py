@@ -10,6 +10,7 @@ import processing
 from osgeo import ogr
 from program_steps import (WINDOW, WORK, QApplication, QgsProject, QgsVectorLayer, QPushButton, Qt, QTest, child,
                            choose_line, command, expect, iface, make_layer, press, read_report, type_into, wait_until)
+from qgis.core import QgsProcessingException
 from qgis.PyQt.QtWidgets import QDockWidget, QLineEdit, QTableWidget, QTextBrowser
 
 SQUARE = "POLYGON((0 0, 0 10, 10 10, 10 0, 0 0))"
@@ -154,6 +155,26 @@ def what_has_no_line():
     assert layer.attributeAlias(layer.fields().indexOf("Sph_Len")).startswith("Spheroidal Length (metres")
 
 
+def said_of_temporary(name):
+    """The panel names what the user finds, not the working copy."""
+    child(dock(), "tblRuns", QTableWidget).setCurrentCell(0, 0)
+    report = child(dock(), "txtReport", QTextBrowser).toPlainText()
+    assert table()[0][1:] == [name, "9 records written"], table()[0]
+    assert "** %s\n" % name in report and "output.gpkg" not in report, report
+
+
+def output_that_does_not_arrive(areas):
+    """Not done before the program's sink has the rows; without the password of its place."""
+    place = "spatialite:dbname='%s' user='u' password='secret' table=\"t\" (geom)" % (WORK / "none" / "none.sqlite")
+    try:
+        processing.run("tessarine:vertices", {"INPUT": areas, "OUTPUT": place})
+        raise AssertionError("a database that isn't there took the output")
+    except QgsProcessingException as error:
+        assert "secret" not in str(error), error
+    tool, output, told = table()[0]
+    assert told.startswith("Failed: ") and "none.sqlite" in output and "secret" not in output + told, table()[0]
+
+
 def from_the_toolbox():
     areas = make_layer("Polygon", [SQUARE, TRIANGLE], WORK / "more.gpkg", "more")
     before = len(table())
@@ -162,12 +183,14 @@ def from_the_toolbox():
     assert layer.renderer().symbol().symbolLayer(0).strokeColor().getRgb()[:3] == (84, 110, 135)
     assert not layer.labelsEnabled() and any("TESSARINE_VERSION" in text for text in layer.metadata().history())
     wait_until(lambda: len(table()) == before + 1, "the run isn't in the panel")
+    said_of_temporary("Temporary layer '%s'" % layer.name())
     processing.runAndLoadResults(
         "tessarine:calculate", {"INPUT": areas, "MEASURE": ["Sph. Area"], "SPHEROID": "Mars 2000",
                                 "OUTPUT": str(WORK / "mars.gpkg")})
     layer = next(one for one in QgsProject.instance().mapLayers().values() if "mars.gpkg" in one.source())
     alias = layer.attributeAlias(layer.fields().indexOf("Sph_Area"))
     assert alias == "Spherical Area (square metres, Mars 2000)", alias
+    output_that_does_not_arrive(areas)
 
 
 def clear():

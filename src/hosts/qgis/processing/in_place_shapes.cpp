@@ -25,8 +25,10 @@ const QString kMissing = QStringLiteral("because the run made no shapes of them"
 // Why features stay as they are, and which.
 using Kept = std::map<QString, std::vector<QgsFeatureId>>;
 
-void Tell(const Kept& kept, QgsProcessingFeedback& log) {
+std::size_t Tell(const Kept& kept, QgsProcessingFeedback& log) {
+  std::size_t count = 0;
   for (const auto& [why, ids] : kept) {
+    count += ids.size();
     QStringList listed;
     for (const QgsFeatureId id : ids) {
       if (listed.size() < kListed) listed << QString::number(id);
@@ -36,6 +38,7 @@ void Tell(const Kept& kept, QgsProcessingFeedback& log) {
                         .arg(static_cast<qlonglong>(ids.size()))
                         .arg(Translated(why), listed.join(QStringLiteral(", ")), more));
   }
+  return count;
 }
 
 }  // namespace
@@ -47,8 +50,8 @@ bool KeepsRecords(const ToolSpec& spec) {
          (spec.reference == ToolReference::Source || spec.reference == ToolReference::SourceAlone);
 }
 
-void InPlaceShapes::Take(QgsVectorLayer& made, const QgsVectorLayer& edited, const QgsFeatureIds& chosen,
-                         const RunJournal& journal, QgsProcessingFeedback& log) {
+std::size_t InPlaceShapes::Take(QgsVectorLayer& made, const QgsVectorLayer& edited, const QgsFeatureIds& chosen,
+                                const RunJournal& journal, QgsProcessingFeedback& log) {
   const int identifier = made.fields().lookupField(kIdentifier);
   if (identifier < 0) Raise(kEngine, "What was made doesn't tell which features it is of.");
   const std::set<std::int64_t> failed(journal.unmeasured_oids.begin(), journal.unmeasured_oids.end());
@@ -71,7 +74,7 @@ void InPlaceShapes::Take(QgsVectorLayer& made, const QgsVectorLayer& edited, con
     }
   }
   for (const QgsFeatureId id : missing) kept[kMissing].push_back(id);
-  Tell(kept, log);
+  return Tell(kept, log);
 }
 
 QgsFeatureIds InPlaceShapes::Writable(const QgsVectorLayer& edited, const QgsFeatureIds& chosen) const {

@@ -20,10 +20,13 @@ namespace tessarine::qgis {
 class InPlaceShapes {
  public:
   /// Takes what a run made of the features of these identifiers. A shape that the layer can't take, and that of a
-  /// record whose work failed, is left out; the log names the features that therefore stay as they are.
-  void Take(QgsVectorLayer& made, const QgsVectorLayer& edited, const QgsFeatureIds& chosen, const RunJournal& journal,
-            QgsProcessingFeedback& log);
+  /// record whose work failed, is left out; the log names the features that therefore stay as they are. Returns how
+  /// many they are.
+  [[nodiscard]] std::size_t Take(QgsVectorLayer& made, const QgsVectorLayer& edited, const QgsFeatureIds& chosen,
+                                 const RunJournal& journal, QgsProcessingFeedback& log);
 
+  /// How many features have new shapes.
+  [[nodiscard]] std::size_t Count() const { return shapes_.size(); }
   /// The feature with its new shape; as it is where there is none.
   [[nodiscard]] QgsFeature Moved(QgsFeature feature) const;
 

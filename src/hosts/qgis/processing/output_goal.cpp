@@ -2,6 +2,7 @@
 #include "hosts/qgis/processing/output_goal.h"
 
 #include <qgsdatasourceuri.h>
+#include <qgsexception.h>
 #include <qgsfeaturesink.h>
 #include <qgsproviderregistry.h>
 #include <qgsvectordataprovider.h>
@@ -16,26 +17,43 @@
 #include "outputs/output_argument.h"
 #include "platform/fault.h"
 #include "platform/paths.h"
+#include "platform/rich_text.h"
 #include "platform/run_stop.h"
+#include "platform/text_formats.h"
 
 namespace tessarine::qgis {
 namespace {
 
 constexpr int kRowsBetweenLooks = 500;
 
-// What somebody named; empty for what the program has to put a place to.
+std::optional<QgsProcessingOutputLayerDefinition> DefinitionIn(const QVariant& value) {
+  if (!value.canConvert<QgsProcessingOutputLayerDefinition>()) return std::nullopt;
+  return value.value<QgsProcessingOutputLayerDefinition>();
+}
+
+// What somebody named as the output, or as the layer to append to.
 QString Named(const QgsProcessingParameterDefinition& definition, const QVariantMap& parameters,
               const QgsProcessingContext& context) {
   QVariant value = parameters.value(definition.name());
-  if (value.canConvert<QgsProcessingOutputLayerDefinition>()) {
-    const auto layer = value.value<QgsProcessingOutputLayerDefinition>();
-    if (layer.useRemapping()) return {};
-    value = QVariant::fromValue(layer.sink);
-  }
+  if (const auto layer = DefinitionIn(value)) value = QVariant::fromValue(layer->sink);
   if (value.canConvert<QgsProperty>()) {
     return value.value<QgsProperty>().valueAsString(context.expressionContext());
   }
   return value.toString();
+}
+
+// "provider:uri"; a file stays as it is.
+QString WithoutPassword(const QString& named) {
+  const QString scheme = named.section(QLatin1Char(':'), 0, 0), rest = named.mid(scheme.size() + 1);
+  QgsDataSourceUri uri(rest);
+  if (uri.password().isEmpty()) return named;
+  uri.setPassword({});
+  return scheme + QLatin1Char(':') + uri.uri(false);
+}
+
+bool IsAppendedTo(const QVariant& value) {
+  const auto layer = DefinitionIn(value);
+  return layer && layer->useRemapping();
 }
 
 // "ogr:dbname='town.gpkg' table="roads" (geom)"
@@ -87,7 +105,8 @@ void CopyRows(QgsVectorLayer& source, const QgsAttributeList& kept, QgsFeatureSi
 OutputGoal::OutputGoal(const QgsProcessingParameterDefinition& definition, const QVariantMap& parameters,
                        QgsProcessingContext& context)
     : definition_(definition), parameters_(parameters), context_(context) {
-  if (const auto place = PlaceOf(Named(definition, parameters, context))) {
+  const bool appends = IsAppendedTo(parameters.value(definition.name()));
+  if (const auto place = appends ? std::nullopt : PlaceOf(Named(definition, parameters, context))) {
     place_ = *place;
     return;
   }
@@ -100,15 +119,39 @@ OutputGoal::OutputGoal(const QgsProcessingParameterDefinition& definition, const
 
 ToolOutput OutputGoal::Argument() const { return ArgumentFor(place_); }
 
+QString OutputGoal::ShownName() const {
+  if (!shown_name_.isEmpty()) return shown_name_;
+  const QString named = Named(definition_, parameters_, context_);
+  if (IsAppendedTo(parameters_.value(definition_.name()))) {
+    const QgsMapLayer* layer = QgsProcessingUtils::mapLayerFromString(named, context_, false);
+    return layer != nullptr ? layer->name() : WithoutPassword(named);
+  }
+  const bool in_memory = named.startsWith(QStringLiteral("memory:"));
+  if (!named.isEmpty() && !in_memory && named != QgsProcessing::TEMPORARY_OUTPUT) {
+    return WithoutPassword(named);
+  }
+  const auto to_show = context_.layersToLoadOnCompletion();
+  const QString name = to_show.contains(made_) ? to_show.value(made_).name : named.section(QLatin1Char(':'), 1);
+  const QString kind = Translated("Temporary layer");
+  return name.isEmpty() ? kind : kind + QStringLiteral(" '") + name + QLatin1Char('\'');
+}
+
 QString OutputGoal::AsNamed(QString text) const {
   if (IsNamedFile()) return text;
-  QString name = shown_name_.isEmpty() ? Named(definition_, parameters_, context_) : shown_name_;
-  if (name.isEmpty() || name == QgsProcessing::TEMPORARY_OUTPUT) name = Translated("Temporary layer");
-  return text.replace(ToQt(place_.container), name);
+  const QString name = ShownName(), container = ToQt(place_.container);
+  text.replace(container + QLatin1Char('/') + ToQt(place_.name), name);
+  return text.replace(container, name);
+}
+
+std::string OutputGoal::AsNamed(std::string report) const {
+  if (IsNamedFile()) return report;
+  const std::string name = EscapeRtf(FromQt(ShownName())), container = EscapeRtf(place_.container);
+  return Replace(Replace(std::move(report), container + "/" + EscapeRtf(place_.name), name), container, name);
 }
 
 QString OutputGoal::HandOver(const std::string& output_path, QgsProcessingFeedback& feedback) {
-  return IsNamedFile() ? ShowFile(output_path) : FillSink(output_path, feedback);
+  made_ = IsNamedFile() ? ShowFile(output_path) : FillSink(output_path, feedback);
+  return made_;
 }
 
 QString OutputGoal::SourceText(const std::string& output_path) const {
@@ -138,6 +181,17 @@ QString OutputGoal::ShowFile(const std::string& output_path) {
   return shown;
 }
 
+// What the program tells where it can't names the place as it was given.
+std::unique_ptr<QgsFeatureSink> OutputGoal::OpenSink(const QgsVectorLayer& made, const QgsFields& fields,
+                                                     QString& identifier) {
+  try {
+    return std::unique_ptr<QgsFeatureSink>(QgsProcessingParameters::parameterAsSink(
+        &definition_, parameters_, fields, made.wkbType(), made.crs(), context_, identifier));
+  } catch (const QgsProcessingException& error) {
+    throw QgsProcessingException(error.what().replace(Named(definition_, parameters_, context_), ShownName()));
+  }
+}
+
 QString OutputGoal::FillSink(const std::string& output_path, QgsProcessingFeedback& feedback) {
   const std::unique_ptr<QgsVectorLayer> made = Open(output_path);
   QgsVectorLayer& layer = *made;
@@ -150,11 +204,9 @@ QString OutputGoal::FillSink(const std::string& output_path, QgsProcessingFeedba
     kept.append(index);
   }
   QString identifier;
-  const std::unique_ptr<QgsFeatureSink> sink(QgsProcessingParameters::parameterAsSink(
-      &definition_, parameters_, fields, layer.wkbType(), layer.crs(), context_, identifier));
+  const std::unique_ptr<QgsFeatureSink> sink = OpenSink(layer, fields, identifier);
   if (!sink) {
-    Raise(kEngine, "The output '" + FromQt(Named(definition_, parameters_, context_)) +
-                       "' can't be made: the program has no way to write it.");
+    Raise(kEngine, "The output '" + FromQt(ShownName()) + "' can't be made: the program has no way to write it.");
   }
   CopyRows(layer, kept, *sink, feedback);
   return identifier;

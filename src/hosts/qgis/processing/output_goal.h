@@ -6,6 +6,7 @@
 // the program's sink.
 #pragma once
 
+#include <qgsfeaturesink.h>
 #include <qgsprocessingcontext.h>
 #include <qgsprocessingfeedback.h>
 #include <qgsprocessingparameters.h>
@@ -38,8 +39,13 @@ class OutputGoal {
 
   /// The name of what the rows of a working copy go to, for people.
   void SetShownName(QString name) { shown_name_ = std::move(name); }
-  /// The text with that name, or else the one of the program's own output, where it tells the path of a working copy.
+  /// That name, or else the one that the program has for its own output; without passwords. Of a layer in memory that
+  /// the program is going to show, it is known once the output was handed over.
+  [[nodiscard]] QString ShownName() const;
+  /// The text with that name where it tells the path of a working copy.
   [[nodiscard]] QString AsNamed(QString text) const;
+  /// The same for a report, which is RTF.
+  [[nodiscard]] std::string AsNamed(std::string report) const;
 
   /// Hands over what the run has written at this path: what the program calls the layer by. Fault where the sink
   /// doesn't take all of it; `RunStopped` where the user stops it.
@@ -50,6 +56,8 @@ class OutputGoal {
  private:
   [[nodiscard]] QString SourceText(const std::string& output_path) const;
   [[nodiscard]] QString ShowFile(const std::string& output_path);
+  [[nodiscard]] std::unique_ptr<QgsFeatureSink> OpenSink(const QgsVectorLayer& made, const QgsFields& fields,
+                                                         QString& identifier);
   [[nodiscard]] QString FillSink(const std::string& output_path, QgsProcessingFeedback& feedback);
 
   const QgsProcessingParameterDefinition& definition_;
@@ -58,6 +66,7 @@ class OutputGoal {
   std::unique_ptr<QTemporaryDir> folder_;
   OutputPlace place_;
   QString shown_name_;
+  QString made_;  // what the program calls the output by, once it was handed over
 };
 
 }  // namespace tessarine::qgis

@@ -39,20 +39,30 @@ void RunNotes::TellRefusal(const QString& why) const {
   RunHistory::Post(PastRunOf(RunFrom::Toolbox, tool_.Spec().title, journal, "", line_.Line()));
 }
 
-void RunNotes::TellEnd(const RunJournal& journal, const std::string& report, QgsProcessingFeedback& feedback) {
-  // A working copy lies in no place that anybody chose.
+// A working copy lies in no place that anybody chose.
+void RunNotes::NameOutput(const RunJournal& journal) {
   const std::string output = ToNativePath(journal.output_path);
   line_.SetOutput(goal_.IsNamedFile() || output.empty() ? output : "memory");
+}
+
+void RunNotes::TellEnd(const RunJournal& journal, const std::string& report, QgsProcessingFeedback& feedback) {
+  NameOutput(journal);
   const TerminalLine line = line_.Line();
   feedback.pushInfo(line.text.empty() ? Translated(LinesToQt(line.why_none)) : Translated("The same at the terminal:"));
   if (!line.text.empty()) feedback.pushCommandInfo(LinesToQt(line.text));
-  PastRun past = PastRunOf(RunFrom::Toolbox, tool_.Spec().title, journal, report, line);
+  PastRun past = PastRunOf(RunFrom::Toolbox, tool_.Spec().title, journal, goal_.AsNamed(report), line);
   past.output = goal_.AsNamed(past.output);
+  if (kept_ > 0 && journal.failure.empty()) {
+    past.told += QStringLiteral("; ") + (kept_ == 1 ? Translated("1 feature keeps its shape")
+                                                    : Translated("%1 features keep their shapes").arg(kept_));
+    if (past.outcome == RunOutcome::Done) past.outcome = RunOutcome::Incomplete;
+  }
   RunHistory::Post(std::move(past));
 }
 
-void RunNotes::DressWhenShown(const QString& made, const RunJournal& journal, QgsProcessingContext& context) const {
+void RunNotes::DressWhenShown(const QString& made, const RunJournal& journal, QgsProcessingContext& context) {
   if (!context.willLoadLayerOnCompletion(made)) return;
+  NameOutput(journal);
   const ResultOrigin origin = OriginOf(tool_.Spec(), arguments_, meanings_, journal, line_.Line().text);
   // The details own it.
   context.layerToLoadOnCompletionDetails(made).setPostProcessor(new ResultDresser(origin));

@@ -6,6 +6,7 @@
 #include <qgsprocessingcontext.h>
 #include <qgsprocessingfeedback.h>
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -23,16 +24,22 @@ class RunNotes {
 
   /// A run that ended before its work began, for this reason.
   void TellRefusal(const QString& why) const;
+  /// Features of a layer changed in place that keep the shapes they had: the run hasn't done all that it was for.
+  void SetKept(std::size_t count) { kept_ = count; }
+  /// Once the output was handed over, or wasn't.
   void TellEnd(const RunJournal& journal, const std::string& report, QgsProcessingFeedback& feedback);
   /// `made` is what the program calls the output by.
-  void DressWhenShown(const QString& made, const RunJournal& journal, QgsProcessingContext& context) const;
+  void DressWhenShown(const QString& made, const RunJournal& journal, QgsProcessingContext& context);
 
  private:
+  void NameOutput(const RunJournal& journal);
+
   const ITool& tool_;
   Arguments arguments_;
   const OutputGoal& goal_;
   LineOfRun line_;
   std::vector<FieldMeaning> meanings_;
+  std::size_t kept_ = 0;
 };
 
 }  // namespace tessarine::qgis

@@ -45,8 +45,11 @@ auto AsProgramErrors(Work&& work) {
   }
 }
 
+// Runs the tool, lets `hand_over` bring what was made to where it belongs, and tells how both ended. `hand_over` takes
+// the run's journal and may change it, and throws where the output doesn't arrive.
+template <class HandOver>
 void RunAndTell(ToolRun& run, Arguments arguments, const OutputGoal& goal, RunNotes& notes,
-                QgsProcessingFeedback& feedback) {
+                QgsProcessingFeedback& feedback, HandOver&& hand_over) {
   try {
     run.Run(std::move(arguments), goal);
   } catch (const Fault& fault) {
@@ -56,7 +59,25 @@ void RunAndTell(ToolRun& run, Arguments arguments, const OutputGoal& goal, RunNo
     notes.TellRefusal(error.what());
     throw;
   }
-  notes.TellEnd(run.Journal(), run.Report(), feedback);
+  RunJournal journal = run.Journal();
+  const auto tell = [&] { notes.TellEnd(journal, run.Report(), feedback); };
+  try {
+    if (!journal.failure.empty()) Raise(kEngine, journal.failure);
+    std::forward<HandOver>(hand_over)(journal);
+  } catch (const RunStopped&) {
+    journal.stopped = true;
+    tell();
+    throw;
+  } catch (const Fault& fault) {
+    journal.Fail(fault.Description());
+    tell();
+    throw;
+  } catch (const QgsProcessingException& error) {
+    journal.Fail(FromQt(error.what()));
+    tell();
+    throw;
+  }
+  tell();
 }
 
 QString Sentence(std::string_view text) {
@@ -211,13 +232,14 @@ void ToolAlgorithm::MoveInPlace(const QVariantMap& parameters, QgsProcessingCont
       run.Take(std::string(kSourceParameter), layer, arguments);
       RunNotes notes(tool_, arguments, goal);
       notes.SetLayer(std::string(kSourceParameter), layer.Words());
-      RunAndTell(run, std::move(arguments), goal, notes, feedback);
+      RunAndTell(run, std::move(arguments), goal, notes, feedback, [&](RunJournal& journal) {
+        if (journal.stopped || journal.output_path.empty()) throw RunStopped();
+        if (!edited) Raise(kEngine, "The layer has gone while the run was at work.");
+        notes.SetKept(moved_.Take(*goal.Open(journal.output_path), *edited, chosen, journal, feedback));
+        journal.written = static_cast<std::int64_t>(moved_.Count());
+      });
     });
-    const RunJournal& journal = run.Journal();
-    if (!journal.failure.empty()) Raise(kEngine, journal.failure);
-    if (!finished || journal.stopped || journal.output_path.empty()) Raise(kEngine, "The run was stopped.");
-    if (!edited) Raise(kEngine, "The layer has gone while the run was at work.");
-    moved_.Take(*goal.Open(journal.output_path), *edited, chosen, journal, feedback);
+    if (!finished) tell(Translated("The run was stopped."));
   } catch (const Fault& fault) {
     tell(Translated(LinesToQt(fault.Description())));
   } catch (const QgsProcessingException& error) {
@@ -239,24 +261,23 @@ QVariantMap ToolAlgorithm::RunTool(const QVariantMap& parameters, QgsProcessingC
   for (auto& [name, layer] : layers_) run.Take(name, layer, arguments);
   RunNotes notes(tool_, arguments, goal);
   for (const auto& [name, layer] : layers_) notes.SetLayer(name, layer.Words());
-  RunAndTell(run, std::move(arguments), goal, notes, feedback);
-  const RunJournal& journal = run.Journal();
-  if (!journal.failure.empty()) throw QgsProcessingException(Translated(LinesToQt(journal.failure)));
-  if (journal.stopped && goal.IsNamedFile() && !journal.output_path.empty()) {
-    feedback.pushWarning(Translated("The run was stopped; '%1' holds what was written until then.")
-                             .arg(ToQt(ToNativePath(journal.output_path))));
-    return {};
-  }
-  if (journal.stopped) throw RunStopped();
-  if (journal.output_path.empty()) {
-    throw QgsProcessingException(Translated("The run made no output. Its log tells why."));
-  }
-  const QString made = goal.HandOver(journal.output_path, feedback);
-  notes.DressWhenShown(made, journal, context);
-  return {{QLatin1String(kOutput), made},
-          {QLatin1String(kRead.name), QVariant::fromValue<qlonglong>(journal.read)},
-          {QLatin1String(kWritten.name), QVariant::fromValue<qlonglong>(journal.written)},
-          {QLatin1String(kFailed.name), QVariant::fromValue<qlonglong>(std::ssize(journal.unmeasured_oids))}};
+  QVariantMap results;
+  RunAndTell(run, std::move(arguments), goal, notes, feedback, [&](const RunJournal& journal) {
+    if (journal.stopped && goal.IsNamedFile() && !journal.output_path.empty()) {
+      feedback.pushWarning(Translated("The run was stopped; '%1' holds what was written until then.")
+                               .arg(ToQt(ToNativePath(journal.output_path))));
+      return;
+    }
+    if (journal.stopped) throw RunStopped();
+    if (journal.output_path.empty()) Raise(kEngine, "The run made no output. Its log tells why.");
+    const QString made = goal.HandOver(journal.output_path, feedback);
+    notes.DressWhenShown(made, journal, context);
+    results = {{QLatin1String(kOutput), made},
+               {QLatin1String(kRead.name), QVariant::fromValue<qlonglong>(journal.read)},
+               {QLatin1String(kWritten.name), QVariant::fromValue<qlonglong>(journal.written)},
+               {QLatin1String(kFailed.name), QVariant::fromValue<qlonglong>(std::ssize(journal.unmeasured_oids))}};
+  });
+  return results;
 }
 
 }  // namespace tessarine::qgis

@@ -2181,6 +2181,14 @@
         <translation>%1 Datensätze geschrieben</translation>
     </message>
     <message>
+        <source>1 feature keeps its shape</source>
+        <translation>1 Objekt behält seine Form</translation>
+    </message>
+    <message>
+        <source>%1 features keep their shapes</source>
+        <translation>%1 Objekte behalten ihre Formen</translation>
+    </message>
+    <message>
         <source>Failed: %1</source>
         <translation>Fehlgeschlagen: %L1</translation>
     </message>
@@ -2427,6 +2435,10 @@
     <message>
         <source>Temporary layer</source>
         <translation>Temporärer Layer</translation>
+    </message>
+    <message>
+        <source>The run was stopped.</source>
+        <translation>Der Lauf wurde angehalten.</translation>
     </message>
     <message>
         <source>Yes.</source>
