@@ -99,7 +99,7 @@ double PolygonRecord::SphericalArea() {
 }
 
 double PolygonRecord::SpheroidalPerimeter() {
-  WarnBeyondPole(*GeographicPolygon());
+  LookForPole();
   WarnOfSeries();
   RememberSimplicity();
   const shapes::ConvergenceWatch watch;
@@ -200,6 +200,11 @@ const std::shared_ptr<Polygon>& PolygonRecord::GeographicPolygon() {
   return geographic_;
 }
 
+void PolygonRecord::LookForPole() {
+  if (!looked_for_pole_) WarnBeyondPole(*GeographicPolygon());
+  looked_for_pole_ = true;
+}
+
 // Several measures ask whether the polygon is simple, each of a copy. A single ring that is stays as it is.
 void PolygonRecord::RememberSimplicity() {
   Polygon& polygon = *GeographicPolygon();
@@ -217,7 +222,7 @@ void PolygonRecord::MeasureArea() {
 void PolygonRecord::FindAreaAndCentroid() {
   RememberSimplicity();
   const std::shared_ptr<Polygon> polygon = CloneOf(*GeographicPolygon());
-  WarnBeyondPole(*polygon);
+  LookForPole();
   const bool lobes = shapes::HasLobes(*polygon), wide = shapes::HasWideRing(*polygon);
   if (lobes) Warn(MeasureWarning::SignedLobes);
   if (wide) Warn(MeasureWarning::WideRing);

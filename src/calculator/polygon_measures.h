@@ -48,6 +48,7 @@ class PolygonRecord final : public MeasureRecord {
   [[nodiscard]] double LengthOfSeams() const;
   [[nodiscard]] double AreaByRoles(const Polygon& polygon) const;
   [[nodiscard]] double AreaOfRing(const Path& ring, bool is_exterior) const;
+  void LookForPole();
   void RememberSimplicity();
   void MeasureArea();
   void FindAreaAndCentroid();
@@ -58,7 +59,7 @@ class PolygonRecord final : public MeasureRecord {
   std::shared_ptr<Polygon> geographic_;
   std::vector<geodesy::Seam> seams_;                    // of `geographic_`: no part of the perimeter
   std::vector<MyGeometricOperations::RingRole> roles_;  // of `geographic_`, where the map tells them
-  bool looked_for_lobes_ = false, area_is_measured_ = false, looked_whether_simple_ = false;
+  bool looked_for_lobes_ = false, looked_for_pole_ = false, area_is_measured_ = false, looked_whether_simple_ = false;
   double spherical_area_ = kNullMark;
   XY centroid_{kNullMark, kNullMark};  // in planetographic latitudes
 };

@@ -40,8 +40,8 @@ std::int32_t PolylineRecord::PartCount() const { return shape_->GeometryCount();
 std::int32_t PolylineRecord::VertexCount() const { return shape_->PointCount(); }
 
 double PolylineRecord::SpheroidalLength() {
-  FindMidpoint();
-  return spheroidal_length_;
+  MeasureLength();
+  return measured_->Length();
 }
 
 double PolylineRecord::StartAzimuth() {
@@ -82,20 +82,24 @@ const std::shared_ptr<Polyline>& PolylineRecord::GeographicLine() {
   return geographic_;
 }
 
-void PolylineRecord::FindMidpoint() {
-  if (midpoint_) return;
-  double position = kMiddle;
+void PolylineRecord::MeasureLength() {
+  if (measured_) return;
   ++work_.midpoint_passes;
   WarnOfSeries();
   const shapes::ConvergenceWatch watch;
-  midpoint_ = shapes::SpheroidalPolylineMidpoint2(GeographicLine(), position, true, spheroidal_length_,
-                                                  settings_.semi_major, settings_.semi_minor);
+  measured_.emplace(GeographicLine(), settings_.semi_major, settings_.semi_minor);
   if (!watch.AllConverged()) Warn(MeasureWarning::NotConverged);
+}
+
+void PolylineRecord::FindMidpoint() {
+  if (midpoint_) return;
+  MeasureLength();
+  midpoint_ = measured_->PlaceAt(kMiddle);
   // At a pole the sum of an arc tangent may be a rounding beyond it.
   if (midpoint_ && !midpoint_->IsEmpty() && std::fabs(midpoint_->Y()) <= kPole + kPoleRounding) {
     midpoint_->PutCoords(midpoint_->X(), std::clamp(midpoint_->Y(), -kPole, kPole));
   }
-  if (spheroidal_length_ == 0.0 && !shape_->IsEmpty()) midpoint_ = std::make_shared<Point>(OnlyPlace());
+  if (measured_->Length() == 0.0 && !shape_->IsEmpty()) midpoint_ = std::make_shared<Point>(OnlyPlace());
 }
 
 // Of a line without length. Its projected copy may be empty once it was simplified.

@@ -3,7 +3,10 @@
 // whatever lies between; a line whose ends coincide has the azimuth -9999.
 #pragma once
 
+#include <optional>
+
 #include "calculator/measures.h"
+#include "shapes/polyline_measures.h"
 
 namespace tessarine {
 
@@ -38,14 +41,15 @@ class PolylineRecord final : public MeasureRecord {
  private:
   const std::shared_ptr<Polyline>& GeographicLine();
   [[nodiscard]] XY LongitudeLatitudeOf(XY vertex);
+  void MeasureLength();
   void FindMidpoint();
   [[nodiscard]] XY OnlyPlace();
   void SolveAzimuths();
 
   std::shared_ptr<Polyline> shape_;
   std::shared_ptr<Polyline> geographic_;
+  std::optional<MyGeometricOperations::MeasuredPolyline> measured_;
   std::shared_ptr<Point> midpoint_;  // in planetographic latitudes
-  double spheroidal_length_ = kNullMark;
   double start_azimuth_ = kNullMark, end_azimuth_ = kNullMark;
 };
 

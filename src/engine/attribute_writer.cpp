@@ -130,13 +130,13 @@ bool BringToUtc(Variant& value) {
   return true;
 }
 
-void Put(OGRFeature& feature, int index, const Variant& value, const ColumnLimits& column) {
+void Put(OGRFeature& feature, int index, const Variant& value) {
   switch (value.kind()) {
     case Variant::Kind::LongLong:
       feature.SetField(index, static_cast<GIntBig>(value.AsLongLong()));
       return;
     case Variant::Kind::Double:
-      feature.SetField(index, SafeFromCutting(value.AsDouble(), column));
+      feature.SetField(index, value.AsDouble());
       return;
     case Variant::Kind::Date:
       PutDate(feature, index, value.AsDate());
@@ -182,8 +182,19 @@ ValueChange AttributeWriter::Write(OGRFeature& feature, int index, const Variant
   if (in_utc_ && BringToUtc(fitted.value) && fitted.change == ValueChange::None) {
     fitted.change = ValueChange::ZoneToUtc;
   }
-  Put(feature, index, fitted.value, limits);
+  if (use == RowUse::New && fitted.value.kind() == Variant::Kind::Double) {
+    fitted.value = SafeFromCutting(fitted.value.AsDouble(), limits);
+  }
+  Put(feature, index, fitted.value);
   return fitted.change;
+}
+
+void AttributeWriter::GuardFromCutting(OGRFeature& feature, std::span<const int> attributes) const {
+  for (const int index : attributes) {
+    const Column& column = columns_[static_cast<std::size_t>(index)];
+    if (column.type != OFTReal || feature.IsFieldSetAndNotNull(index) == 0) continue;
+    feature.SetField(index, SafeFromCutting(feature.GetFieldAsDouble(index), column.stored));
+  }
 }
 
 }  // namespace tessarine::engine

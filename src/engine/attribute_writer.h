@@ -4,6 +4,7 @@
 
 #include <ogrsf_frmts.h>
 
+#include <span>
 #include <vector>
 
 #include "engine/ogr_fields.h"
@@ -25,6 +26,10 @@ class AttributeWriter {
   /// Puts the value into the feature as the column can hold it, and returns what became of it. Fault 5, naming the
   /// field, for binary fields and lists.
   [[nodiscard]] ValueChange Write(OGRFeature& feature, int index, const Variant& value, RowUse use) const;
+
+  /// To be called before GDAL writes these attributes of a stored row. It cuts numbers at the width of a dBASE column,
+  /// and one just below its text would lose its last digit.
+  void GuardFromCutting(OGRFeature& feature, std::span<const int> attributes) const;
 
   /// True for a number that the column of a dBASE table has room for with an exponent only, as GDAL can't write it.
   [[nodiscard]] bool NeedsExponent(const OGRFeature& feature, int index) const;

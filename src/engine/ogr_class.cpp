@@ -280,7 +280,7 @@ bool OgrClass::CanBypassEditSession() const {
 
 void OgrClass::StoreRow(const OgrRow& row) {
   row.RequireReadable();
-  row.StoreShape();
+  row.StoreAll();
   const GdalErrorScope errors;
   LayerHandle handle = source_->Write();
   RowsChange();

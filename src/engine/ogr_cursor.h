@@ -73,7 +73,6 @@ class UpdatingCursor final : public ReadingCursor {
                  ChosenRows chosen);
   ~UpdatingCursor() override;
 
-  [[nodiscard]] std::shared_ptr<IFeature> NextFeature() override;
   void UpdateRow(const std::shared_ptr<IRow>& row) override;
   void Flush() override;
   void Close() override;

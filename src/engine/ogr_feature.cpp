@@ -49,9 +49,7 @@ ValueChange OgrRow::SetValue(std::int32_t index, const Variant& value) {
   const ValueChange change = traits_->writer.Write(*feature_, attribute, value, Use());
   std::erase(exponents_, attribute);
   if (traits_->writer.NeedsExponent(*feature_, attribute)) exponents_.push_back(attribute);
-  if ((tracks_changes_ || traits_->wide_numbers) && !HasChanged(attribute)) {
-    changed_attributes_.push_back(attribute);
-  }
+  if (Use() == RowUse::Stored && !HasChanged(attribute)) changed_attributes_.push_back(attribute);
   return change;
 }
 
@@ -91,6 +89,11 @@ void OgrRow::StoreShape() const {
     own.reset(OGRGeometryFactory::forceTo(own.release(), traits_->only_multiple));
   }
   feature_->SetGeometryDirectly(own.release());
+}
+
+void OgrRow::StoreAll() const {
+  StoreShape();
+  traits_->writer.GuardFromCutting(*feature_, changed_attributes_);
 }
 
 void OgrRow::Refill(OgrFeatureHandle feature) {

@@ -46,9 +46,7 @@ class OgrRow : public virtual IFeatureBuffer {
 
   [[nodiscard]] OGRFeature& Feature() const { return *feature_; }
   [[nodiscard]] bool ShapeChanged() const { return shape_changed_; }
-  /// Remembers from here on which attributes are set.
-  void TrackChanges() { tracks_changes_ = true; }
-  /// The OGR indexes of the attributes that were set, each once.
+  /// The OGR indexes of the attributes of a stored row that were set, each once.
   [[nodiscard]] std::span<const int> ChangedAttributes() const { return changed_attributes_; }
   [[nodiscard]] virtual RowUse Use() const { return RowUse::New; }
   /// The OGR indexes of the numbers that were set and need an exponent.
@@ -59,6 +57,8 @@ class OgrRow : public virtual IFeatureBuffer {
   void RequireReadable() const;
   /// Puts the shape that was set into the OGR feature.
   void StoreShape() const;
+  /// The same, and makes the attributes that were set ready to be written by GDAL.
+  void StoreAll() const;
   void Refill(OgrFeatureHandle feature);
   /// Becomes the row that the other one was, which is of no use any more.
   void TakeFrom(OgrRow& other);
@@ -81,7 +81,6 @@ class OgrRow : public virtual IFeatureBuffer {
   mutable GeometryRef shape_;
   std::string shape_fault_;  // empty where the shape was read, or there is none
   bool shape_changed_ = false;
-  bool tracks_changes_ = false;
   std::vector<int> changed_attributes_;
   std::vector<int> exponents_;
 };

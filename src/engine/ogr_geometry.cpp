@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "engine/geos_bridge.h"
+#include "platform/exact_class.h"
 #include "platform/fault.h"
 
 namespace tessarine::engine {
@@ -254,7 +255,7 @@ GeometryRef ShapeFromOgr(const OGRGeometry* geometry, esriGeometryType type, con
   }
   std::vector<std::shared_ptr<Path>> parts;
   AddParts(*geometry, type, parts);
-  Cast<PartedShape>(shape)->SetParts(std::move(parts));
+  PartedShapeOf(*shape)->SetParts(std::move(parts));
   return shape;
 }
 

@@ -10,10 +10,12 @@
 #include <numbers>
 #include <optional>
 
+#include "engine/coordinate_grid.h"
 #include "engine/engine_fault.h"
 #include "engine/geos_bridge.h"
 #include "engine/projecting.h"
 #include "engine/srs_from_gdal.h"
+#include "platform/exact_class.h"
 #include "platform/run_stop.h"
 #include "platform/text_formats.h"
 
@@ -160,44 +162,18 @@ void ChangeVertices(IGeometry& geometry, Change&& change) {
   }
 }
 
-// The points of a reference's grid.
-class Grid {
- public:
-  explicit Grid(const SpatialReferenceRef& reference)
-      : step_(reference->XYResolution()), geographic_(Is<const GeographicCoordinateSystem>(reference)) {}
-
-  [[nodiscard]] XY Nearest(XY vertex) const {
-    XY nearest{Rounded(vertex.x), Rounded(vertex.y)};
-    // A pole is kept: a latitude beyond it is one of the other hemisphere to a tangent.
-    if (geographic_ && std::fabs(vertex.y) <= kPole) nearest.y = std::clamp(nearest.y, -kPole, kPole);
-    return nearest;
-  }
-
- private:
-  static constexpr double kPole = 90.0;
-
-  [[nodiscard]] double Rounded(double value) const { return ToWhole(value / step_) * step_; }
-
-  // As `std::round`, which costs a call.
-  static double ToWhole(double value) {
-    constexpr double kWholeFromHere = 4503599627370496.0;
-    if (!(std::fabs(value) < kWholeFromHere)) return value;
-    const double whole = static_cast<double>(static_cast<std::int64_t>(value));
-    const double rounded = std::fabs(value - whole) < 0.5 ? whole : whole + std::copysign(1.0, value);
-    return std::copysign(rounded, value);
-  }
-
-  double step_;
-  bool geographic_;
-};
-
-void SnapParts(PartedShape& shape, const Grid& grid) {
+// A part that lies on the grid stays as it is. Curves follow their ends.
+void SnapParts(PartedShape& shape, const CoordinateGrid& grid) {
   for (const auto& part : shape.Parts()) {
-    std::int32_t index = 0;
-    for (const XY old : part->Vertices()) {
-      const XY snapped = grid.Nearest(old);
-      if (snapped != old) part->Path::UpdatePoint(index, snapped);
-      ++index;
+    std::vector<XY> snapped = grid.Nearest(part->Vertices());
+    if (std::ranges::equal(snapped, part->Vertices())) continue;
+    if (!part->HasCurves()) {
+      part->SetVertices(std::move(snapped));
+      continue;
+    }
+    for (std::size_t index = 0; index < snapped.size(); ++index) {
+      if (snapped[index] != part->Vertices()[index])
+        part->UpdatePoint(static_cast<std::int32_t>(index), snapped[index]);
     }
   }
 }
@@ -224,16 +200,12 @@ void IGeometry::Project(const SpatialReferenceRef& reference) {
 
 void IGeometry::SnapToSpatialReference() {
   if (!spatial_reference_ || !spatial_reference_->XYToleranceValid() || IsEmpty()) return;
-  const Grid grid(spatial_reference_);
-  if (auto* shape = dynamic_cast<PartedShape*>(this)) {
+  const CoordinateGrid grid(spatial_reference_);
+  if (PartedShape* shape = PartedShapeOf(*this)) {
     SnapParts(*shape, grid);
     return;
   }
-  ChangeVertices(*this, [&](std::span<const XY> vertices) {
-    std::vector<XY> snapped;
-    for (const XY vertex : vertices) snapped.push_back(grid.Nearest(vertex));
-    return snapped;
-  });
+  ChangeVertices(*this, [&](std::span<const XY> vertices) { return grid.Nearest(vertices); });
 }
 
 }  // namespace tessarine

@@ -4,6 +4,7 @@
 #include "engine/engine_fault.h"
 #include "engine/ogr_cursor.h"
 #include "outputs/way_out.h"
+#include "platform/exact_class.h"
 
 namespace tessarine::engine {
 namespace {
@@ -58,15 +59,9 @@ OgrFeatureHandle UpdatingCursor::NextOgr() {
   return feature;
 }
 
-std::shared_ptr<IFeature> UpdatingCursor::NextFeature() {
-  std::shared_ptr<IFeature> feature = ReadingCursor::NextFeature();
-  if (feature) Cast<OgrRow>(feature)->TrackChanges();
-  return feature;
-}
-
 void UpdatingCursor::UpdateRow(const std::shared_ptr<IRow>& row) {
-  const auto own = Cast<OgrRow>(Require(row, "row"));
-  Require(own, "a row of this cursor");
+  const auto* own = ExactlyAs<OgrFeature>(*Require(row, "row"));
+  if (own == nullptr) Raise(kTypeMismatch, "The row was not read by this cursor.");
   if (transactions_ && !in_transaction_) in_transaction_ = Handle().Layer().StartTransaction() == OGRERR_NONE;
   if (!own->ShapeChanged() && update_ && update_->Write(own->Feature(), own->ChangedAttributes())) return;
   // The row as it was read would take the place of the shape.
@@ -79,7 +74,7 @@ void UpdatingCursor::WriteWhole(const OgrRow& row) {
     WriteWholeToFileGdb(row);
     return;
   }
-  row.StoreShape();
+  row.StoreAll();
   if (update_) update_->Finish();
   const GdalErrorScope errors;
   ExponentCells exponents;
@@ -109,7 +104,7 @@ void UpdatingCursor::WriteWholeToFileGdb(const OgrRow& row) {
     Owner()->RowsChange();
     grid_ = GridOfClass(Owner()->Source()->Path(), Owner()->Source()->LayerName());
   }
-  row.StoreShape();
+  row.StoreAll();
   if (grid_ && row.ShapeChanged()) RequireOnGrid(*grid_, row.Feature(), Owner()->Name());
   const GdalErrorScope errors;
   if (whole_rows_->Layer().SetFeature(&row.Feature()) == OGRERR_NONE) return;

@@ -6,6 +6,8 @@
 #include <limits>
 #include <span>
 
+#include "platform/exact_class.h"
+
 namespace tessarine {
 namespace {
 
@@ -35,7 +37,7 @@ bool AreWithin(const IGeometry& shape, double farthest) {
       return AreWithin(dynamic_cast<const Path&>(shape), farthest);
     case esriGeometryPolyline:
     case esriGeometryPolygon:
-      return std::ranges::all_of(dynamic_cast<const PartedShape&>(shape).Parts(),
+      return std::ranges::all_of(PartedShapeOf(shape)->Parts(),
                                  [&](const auto& part) { return AreWithin(*part, farthest); });
     default:
       return true;

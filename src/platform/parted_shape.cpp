@@ -1,12 +1,18 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include <algorithm>
 
+#include "platform/exact_class.h"
 #include "platform/fault.h"
 #include "platform/geometry.h"
 #include "platform/vertex_enumerator.h"
 
 namespace tessarine {
 namespace {
+
+std::shared_ptr<Path> CopyOf(const Path& part) {
+  if (const auto* ring = ExactlyAs<Ring>(part)) return std::make_shared<Ring>(*ring);
+  return CloneOf(part);
+}
 
 [[noreturn]] void RaiseNoSuch(const char* what, std::int32_t index) {
   Raise(kInvalidCall, std::string("The shape has no ") + what + " " + std::to_string(index) + ".");
@@ -37,7 +43,7 @@ void PartedShape::SetParts(std::vector<std::shared_ptr<Path>> parts) {
 void PartedShape::CopyPartsTo(PartedShape& target) const {
   std::vector<std::shared_ptr<Path>> copies;
   copies.reserve(parts_.size());
-  for (const auto& part : parts_) copies.push_back(CloneOf(*part));
+  for (const auto& part : parts_) copies.push_back(CopyOf(*part));
   target.SetParts(std::move(copies));
   target.SetSpatialReference(SpatialReference());
   if (IsKnownSimple()) target.MarkSimple();

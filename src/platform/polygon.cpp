@@ -3,6 +3,7 @@
 #include <cmath>
 #include <limits>
 
+#include "platform/exact_class.h"
 #include "platform/fault.h"
 #include "platform/geometry.h"
 
@@ -75,7 +76,10 @@ void Polygon::Close() {
   for (std::int32_t index = 0; index < GeometryCount(); ++index) Ring(index)->Close();
 }
 
-std::shared_ptr<Ring> Polygon::Ring(std::int32_t index) const { return Cast<tessarine::Ring>(Geometry(index)); }
+std::shared_ptr<Ring> Polygon::Ring(std::int32_t index) const {
+  const GeometryRef part = Geometry(index);
+  return {part, ExactlyAs<tessarine::Ring>(*part)};
+}
 
 double Polygon::Area() const {
   double area = 0.0;

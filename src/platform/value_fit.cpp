@@ -100,16 +100,41 @@ FittedValue FitWhole(const Number& number, const ColumnLimits& column) {
 }
 
 // A double's decimal text has 15 digits that mean something; numbers that agree in them are the same.
+constexpr int kSoundDigits = 15;
+
 bool AgreeInDigits(double first, double second) {
   const double apart = std::fabs(first - second), size = std::fabs(second);
   if (apart <= 4e-16 * size) return true;
   return apart <= 1e-14 * size && ShowAlike(first, second);
 }
 
+// The same for the double next to a number of so many decimals: where that has no more digits than mean something, it
+// is one of those that 15 digits can show, and the value shows as it within half a step of them. Printing, which is
+// dear, tells of values beside that limit alone.
+bool AgreesWithDecimal(double decimal, double value, int decimals) {
+  const double apart = std::fabs(decimal - value), size = std::fabs(value);
+  const int whole_digits = WholeDigits(value);
+  if (size >= 1.0 && whole_digits + decimals <= kSoundDigits) {
+    const double half_step = 0.5 / PowerOfTen(kSoundDigits - whole_digits);
+    // The double lies beside its decimal by half of its last place at most.
+    const double rounding = 0.6 * std::numeric_limits<double>::epsilon() * size;
+    if (apart < half_step - rounding) return true;
+    if (apart > half_step + rounding) return false;
+  }
+  return AgreeInDigits(decimal, value);
+}
+
+// Of numbers that have fewer digits in all than a double.
+double NearestDecimal(double value, int decimals) {
+  const double unit = PowerOfTen(decimals), steps = std::nearbyint(value * unit);
+  // The product is rounded, too, and may have come to lie on the other side of the half.
+  const double rest = std::fma(value, unit, -steps);
+  return (std::fabs(rest) > 0.5 ? steps + std::copysign(1.0, rest) : steps) / unit;
+}
+
 FittedValue FitDecimals(double value, const ColumnLimits& column) {
   if (std::fabs(value) < column.safe_below) {
-    const double unit = PowerOfTen(column.decimals);
-    const bool same = AgreeInDigits(std::nearbyint(value * unit) / unit, value);
+    const bool same = AgreesWithDecimal(NearestDecimal(value, column.decimals), value, column.decimals);
     return {value, same ? ValueChange::None : ValueChange::Rounded};
   }
   std::array<char, 400> room;
@@ -121,7 +146,9 @@ FittedValue FitDecimals(double value, const ColumnLimits& column) {
   }
   double fitted = 0.0;
   std::from_chars(text.data(), text.data() + text.size(), fitted);
-  return {fitted, AgreeInDigits(fitted, value) ? ValueChange::None : ValueChange::Rounded};
+  const std::size_t point = text.find('.');
+  const auto decimals = point == std::string_view::npos ? 0 : static_cast<int>(text.size() - point - 1);
+  return {fitted, AgreesWithDecimal(fitted, value, decimals) ? ValueChange::None : ValueChange::Rounded};
 }
 
 FittedValue FitReal(const Number& number, const ColumnLimits& column) {

@@ -233,34 +233,66 @@ struct Walk {
   double azimuth, distance;
 };
 
-Walk WalkTo(const PartsOf& parts, const LineFigure& figure, double& position, bool as_ratio, double& total_length) {
+Walk WalkFrom(const Row& row, double target) { return {row.from, row.azimuth, row.length - (row.running - target)}; }
+
+// A line whose segments are all measured, for the places at any part of its length.
+class WalkedLine {
+ public:
+  WalkedLine(const PartsOf& parts, const LineFigure& figure) : parts_(parts), figure_(figure) {
+    ForEachSegment(
+        parts_, figure_,
+        [&](std::size_t part, std::size_t vertex, XY from, XY to, const LengthsOf::Batch& batch, std::size_t index) {
+          const double before = last_.running;
+          last_.length = batch.lengths[index];
+          last_.running += last_.length;
+          azimuth_.Pass(from, to, batch, index, figure_);
+          milestones_.Pass(part, vertex, before, last_.running);
+        });
+    static_cast<void>(geodesy::checked::Finite(last_.running));
+  }
+
+  [[nodiscard]] double Length() const { return last_.running; }
+
+  [[nodiscard]] Walk To(double ratio) const {
+    const double target = geodesy::checked::Finite(ratio * Length());
+    const Milestones::Stretch* stretch = milestones_.FirstBeyond(target);
+    if (stretch != nullptr) return WalkFrom(RowBeyond(parts_, figure_, *stretch, target), target);
+    // At or past the far end the walk starts from 0, 0.
+    return WalkFrom({last_.length, last_.running, azimuth_.Value(figure_), {}}, target);
+  }
+
+ private:
+  PartsOf parts_;
+  LineFigure figure_;
+  Row last_;
+  Milestones milestones_;
+  StandingAzimuth azimuth_;
+};
+
+Walk WalkToDistance(const PartsOf& parts, const LineFigure& figure, double distance, double& total_length) {
   Row last;
   std::optional<Row> chosen;
-  Milestones milestones;
   StandingAzimuth azimuth;
-  ForEachSegment(
-      parts, figure,
-      [&](std::size_t part, std::size_t vertex, XY from, XY to, const LengthsOf::Batch& batch, std::size_t index) {
-        const double before = last.running;
-        last.length = batch.lengths[index];
-        last.running += last.length;
-        azimuth.Pass(from, to, batch, index, figure);
-        if (as_ratio) {
-          milestones.Pass(part, vertex, before, last.running);
-        } else if (!chosen && last.running > position) {
-          chosen = Row{last.length, last.running, azimuth.Value(figure), from};
-        }
-      });
+  ForEachSegment(parts, figure,
+                 [&](std::size_t, std::size_t, XY from, XY to, const LengthsOf::Batch& batch, std::size_t index) {
+                   last.length = batch.lengths[index];
+                   last.running += last.length;
+                   azimuth.Pass(from, to, batch, index, figure);
+                   if (!chosen && last.running > distance) {
+                     chosen = Row{last.length, last.running, azimuth.Value(figure), from};
+                   }
+                 });
   total_length = geodesy::checked::Finite(last.running);
-  if (as_ratio) position = Clamped(position);
-  const double target = geodesy::checked::Finite(as_ratio ? position * total_length : position);
-  if (as_ratio) {
-    const Milestones::Stretch* stretch = milestones.FirstBeyond(target);
-    if (stretch != nullptr) chosen = RowBeyond(parts, figure, *stretch, target);
-  }
-  // At or past the far end the walk starts from 0, 0.
-  const Row row = chosen ? *chosen : Row{last.length, last.running, azimuth.Value(figure), {}};
-  return {row.from, row.azimuth, row.length - (row.running - target)};
+  const double target = geodesy::checked::Finite(distance);
+  return WalkFrom(chosen ? *chosen : Row{last.length, last.running, azimuth.Value(figure), {}}, target);
+}
+
+Walk WalkTo(const PartsOf& parts, const LineFigure& figure, double& position, bool as_ratio, double& total_length) {
+  if (!as_ratio) return WalkToDistance(parts, figure, position, total_length);
+  const WalkedLine line(parts, figure);
+  total_length = line.Length();
+  position = Clamped(position);
+  return line.To(position);
 }
 
 std::shared_ptr<Point> PointAt(const Walk& walk, const SpatialReferenceRef& reference) {
@@ -275,6 +307,29 @@ std::shared_ptr<Point> PointAt(const Walk& walk, const SpatialReferenceRef& refe
 }
 
 }  // namespace
+
+struct MeasuredPolyline::Walked {
+  std::shared_ptr<Polyline> polyline;
+  WalkedLine line;
+};
+
+MeasuredPolyline::MeasuredPolyline(const std::shared_ptr<Polyline>& polyline, double semi_major, double semi_minor) {
+  TrapHelper("SpheroidalPolylineMidpoint2", [&] {
+    const PartsOf parts(Require(polyline, "Polyline")->Parts());
+    walked_.reset(new Walked{polyline, WalkedLine(parts, LineFigure(semi_major, semi_minor))});
+  });
+}
+
+MeasuredPolyline::MeasuredPolyline(MeasuredPolyline&&) noexcept = default;
+MeasuredPolyline& MeasuredPolyline::operator=(MeasuredPolyline&&) noexcept = default;
+MeasuredPolyline::~MeasuredPolyline() = default;
+
+double MeasuredPolyline::Length() const { return walked_->line.Length(); }
+
+std::shared_ptr<Point> MeasuredPolyline::PlaceAt(double ratio) const {
+  return TrapHelper("SpheroidalPolylineMidpoint2",
+                    [&] { return PointAt(walked_->line.To(Clamped(ratio)), walked_->polyline->SpatialReference()); });
+}
 
 double SpheroidalPolylineLength(const std::shared_ptr<Polyline>& polyline) {
   return TrapHelper("SpheroidalPolylineLength",

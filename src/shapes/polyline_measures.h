@@ -59,7 +59,25 @@ namespace tessarine::MyGeometricOperations {
                                                                  double& position, bool as_ratio, double& total_length,
                                                                  double semi_major, double semi_minor);
 
-/// The same of one bare path, which has no reference: the last walk runs on the given axes too.
+/// What `SpheroidalPolylineMidpoint2` finds for ratios, in two steps: the length first, and a place when it is asked
+/// for. Faults bear the name of that routine. The polyline must stay as it is.
+class MeasuredPolyline {
+ public:
+  MeasuredPolyline(const std::shared_ptr<Polyline>& polyline, double semi_major, double semi_minor);
+  MeasuredPolyline(MeasuredPolyline&&) noexcept;
+  MeasuredPolyline& operator=(MeasuredPolyline&&) noexcept;
+  ~MeasuredPolyline();
+
+  [[nodiscard]] double Length() const;
+  /// The ratio is set to the nearer end of [0, 1] where it lies outside.
+  [[nodiscard]] std::shared_ptr<Point> PlaceAt(double ratio) const;
+
+ private:
+  struct Walked;
+  std::unique_ptr<Walked> walked_;
+};
+
+/// `SpheroidalPolylineMidpoint2` of one bare path, which has no reference: the last walk runs on the given axes too.
 [[nodiscard]] XY SpheroidalPolylineMidpoint2(std::span<const XY> path, double& position, bool as_ratio,
                                              double& total_length, double semi_major, double semi_minor);
 

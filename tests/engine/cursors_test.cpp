@@ -358,6 +358,55 @@ TEST(Shapefiles, ReadingGoesOnBehindARowThatIsWrittenWhole) {
   EXPECT_EQ(NamesOf(towns->Search(nullptr, true), name), foreign_name + " b c d ");
 }
 
+// GDAL prints all decimals and cuts them off at the width of the column.
+TEST(Shapefiles, NumbersAreRoundedToTheirColumnWhoeverWritesTheRow) {
+  constexpr int kRows = 300;
+  const TemporaryFolder folder;
+  const std::string file = folder.Native("lots.shp");
+  GDALAllRegister();
+  {
+    GDALDriver* driver = GetGDALDriverManager()->GetDriverByName("ESRI Shapefile");
+    const GDALDatasetUniquePtr data(driver->Create(file.c_str(), 0, 0, 0, GDT_Unknown, nullptr));
+    OGRLayer* layer = data->CreateLayer("lots", nullptr, wkbPoint);
+    OGRFieldDefn area("area", OFTReal);
+    area.SetWidth(16);
+    area.SetPrecision(12);
+    ASSERT_EQ(layer->CreateField(&area), OGRERR_NONE);
+    OGRFeature row(layer->GetLayerDefn());
+    OGRPoint point(1.0, 2.0);
+    row.SetGeometry(&point);
+    for (int number = 0; number < kRows; ++number, row.SetFID(OGRNullFID)) {
+      ASSERT_EQ(layer->CreateFeature(&row), OGRERR_NONE);
+    }
+  }
+  const auto value_of = [](int number) { return 304967522.1234561 + 1017.0370369 * number; };
+  {
+    const auto lots = DataSource::Open(file, false)->OpenFeatureClass("");
+    const auto cursor = lots->Update(nullptr, false);
+    std::vector<std::shared_ptr<IFeature>> by_themselves;
+    for (int number = 0; const auto row = cursor->NextFeature(); ++number) {
+      row->SetValue(lots->FindField("area"), value_of(number));
+      if (number % 3 == 2) {
+        by_themselves.push_back(row);
+        continue;
+      }
+      if (number % 3 == 1) row->SetShape(std::make_shared<Point>(7.0, 8.0));
+      cursor->UpdateFeature(row);
+    }
+    cursor->Close();
+    for (const auto& row : by_themselves) row->Store();
+  }
+  const GDALDatasetUniquePtr written(GDALDataset::Open(file.c_str(), GDAL_OF_VECTOR));
+  int number = 0;
+  for (const auto& row : *written->GetLayer(0)) {
+    std::array<char, 40> expected;
+    std::snprintf(expected.data(), expected.size(), "%.6f", value_of(number));
+    EXPECT_EQ(row->GetFieldAsDouble(0), std::strtod(expected.data(), nullptr)) << number;
+    ++number;
+  }
+  EXPECT_EQ(number, kRows);
+}
+
 TEST_P(Cursors, SelectionsComeInTheOrderOfIdentifiers) {
   std::vector<std::int64_t> oids;
   const auto cursor = towns_->Search(nullptr, true);

@@ -2,8 +2,10 @@
 // Spatial references and projection, against published parameters and coordinates.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <numbers>
+#include <random>
 
 #include "engine/srs_from_gdal.h"
 #include "engine/test_layers.h"
@@ -110,6 +112,30 @@ TEST(Projection, SnapsToTheGridOfTheReference) {
   unknown.SetSpatialReference(Reference(""));
   unknown.SnapToSpatialReference();
   EXPECT_EQ(unknown.X(), 0.123456789);
+}
+
+// Against the rounding of the C library.
+TEST(Projection, SnapsEveryVertexOfARing) {
+  const SpatialReferenceRef degrees = Reference("EPSG:4326");
+  const double step = degrees->XYResolution();
+  std::mt19937_64 random(20260724);
+  std::uniform_real_distribution<double> draw(-180.0, 180.0);
+  std::vector<XY> places{{-180.0, 90.0}, {180.0, -90.0}, {-0.0, 0.4 * step}, {-0.4 * step, 1e-300}, {1e12, -1e9}};
+  for (int number = 0; number < 5000; ++number) {
+    const double steps = std::trunc(draw(random) / step), half = 0.5 * (number % 3);
+    places.push_back({(steps + half) * step, draw(random) / 2.0});
+  }
+  Polygon polygon;
+  polygon.SetParts({std::make_shared<Ring>(places)});
+  polygon.SetSpatialReference(degrees);
+  polygon.SnapToSpatialReference();
+  for (std::size_t index = 0; index < places.size(); ++index) {
+    const double x = std::round(places[index].x / step) * step, y = std::round(places[index].y / step) * step;
+    const XY snapped = polygon.Parts().front()->Vertices()[index];
+    ASSERT_EQ(snapped.x, x) << index;
+    ASSERT_EQ(snapped.y, std::fabs(places[index].y) <= 90.0 ? std::clamp(y, -90.0, 90.0) : y) << index;
+    ASSERT_EQ(std::signbit(snapped.x), std::signbit(x)) << index;
+  }
 }
 
 struct GeographicRow {

@@ -116,6 +116,42 @@ TEST(ValueFit, RealNumbersKeepFifteenDigitsOrSayThatTheyDont) {
   });
 }
 
+// By the digits that C prints.
+TEST(ValueFit, NumbersAreRoundedWhereFifteenDigitsTellIt) {
+  const auto printed = [](const char* format, int places, double value) {
+    std::array<char, 400> room;
+    const int size = std::snprintf(room.data(), room.size(), format, places, value);
+    return std::string(room.data(), static_cast<std::size_t>(size));
+  };
+  const auto fitting = [&](double value, const ColumnLimits& column) {
+    for (int decimals = column.decimals;; --decimals) {
+      const std::string text = printed("%.*f", decimals, value);
+      if (text.size() <= static_cast<std::size_t>(column.width)) return std::strtod(text.c_str(), nullptr);
+    }
+  };
+  std::mt19937_64 random(20260723);
+  std::uniform_real_distribution<double> exponent(-2.0, 8.9);
+  int rounded = 0, kept = 0;
+  for (int draw = 0; draw < 20000; ++draw) {
+    const double size = std::pow(10.0, exponent(random));
+    // Some lie beside a step of their fifteenth digit, or half a step.
+    const double step = std::pow(10.0, std::floor(std::log10(size)) - 14.0) * (draw % 3 == 0 ? 0.5 : 1.0);
+    const double near_step = std::round(size / step) * step;
+    for (const double value : {size, -size, near_step, std::nextafter(near_step, 0.0)}) {
+      for (const ColumnLimits& column : {Decimals(16, 12), Decimals(24, 15), Decimals(19, 11), Decimals(12, 4)}) {
+        const double fitted = fitting(value, column);
+        const bool same = printed("%.*e", 14, fitted) == printed("%.*e", 14, value) ||
+                          std::fabs(fitted - value) <= 4e-16 * std::fabs(value);
+        ++(same ? kept : rounded);
+        ASSERT_EQ(FitValue(value, column).change, same ? ValueChange::None : ValueChange::Rounded)
+            << printed("%.*e", 20, value) << " in " << column.width << " places, " << column.decimals << " decimals";
+      }
+    }
+  }
+  EXPECT_GT(rounded, 10000);
+  EXPECT_GT(kept, 10000);
+}
+
 TEST(ValueFit, NumbersInColumnsHaveAllDecimalsThatHaveRoom) {
   constexpr int kDecimals = 12;
   const auto printed = [](double value, int decimals) {

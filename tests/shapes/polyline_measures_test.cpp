@@ -149,6 +149,18 @@ TEST(PolylineMidpoint, PlacesAlongTheEquator) {
   EXPECT_THAT(log.Reports(), IsEmpty());
 }
 
+TEST(PolylineMidpoint, TheLengthMayComeFirst) {
+  const auto line = Of({{{-110.9, 32.2}, {-104.9, 39.7}}, {{-97.5, 35.4}, {-87.6, 41.9}, {-87.6, 41.9}}, {}});
+  const MeasuredPolyline measured(line, kA, kB);
+  for (const double ratio : {-1.0, 0.0, 0.25, 0.5, 0.75, 1.0, 3.0}) {
+    double position = ratio, total = 0.0;
+    const auto place = SpheroidalPolylineMidpoint2(line, position, true, total, kA, kB);
+    EXPECT_EQ(measured.Length(), total);
+    EXPECT_EQ(measured.PlaceAt(ratio)->Coordinates(), place->Coordinates()) << ratio;
+  }
+  EXPECT_EQ(MeasuredPolyline(Of({}), kA, kB).Length(), 0.0);
+}
+
 // Lengths follow the caller's axes, the last walk the polyline's own spheroid.
 TEST(PolylineMidpoint, MixesTheTwoSpheroids) {
   const auto line = Of({{{10, 0}, {12, 0}}});
