@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <iterator>
 
+#include "hosts/windows/local_numbers.h"
 #include "hosts/windows/pointer.h"
 #include "hosts/windows/qt_text.h"
 #include "hosts/windows/readable_window.h"
@@ -67,8 +68,8 @@ QString Details(const SpatialReferenceRef& reference) {
   }
   if (const auto spheroid = SpheroidBeneath(reference)) {
     lines << Translated("Spheroid: %1, semi-axes %2 m and %3 m")
-                 .arg(ToQt(spheroid->Name()), ToQt(NumberText(spheroid->SemiMajorAxis())),
-                      ToQt(NumberText(spheroid->SemiMinorAxis())));
+                 .arg(ToQt(spheroid->Name()), InLocale(NumberText(spheroid->SemiMajorAxis())),
+                      InLocale(NumberText(spheroid->SemiMinorAxis())));
   }
   return lines.join(QLatin1Char('\n'));
 }

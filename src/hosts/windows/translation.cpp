@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "hosts/windows/translation.h"
 
+#include <QDir>
 #include <QFile>
 #include <QHash>
 #include <QRegularExpression>
@@ -18,6 +19,7 @@ static void InitTranslations() { Q_INIT_RESOURCE(tessarine_translations); }
 namespace tessarine {
 namespace {
 
+const QString kFolder = QStringLiteral(":/tessarine/");
 constexpr int kMostSentences = 12;  // of a line that is translated by sentences
 
 bool HasLetter(const QString& text) {
@@ -111,7 +113,7 @@ bool UseLanguage(const QLocale& language) {
   InitTranslations();
   InUse() = nullptr;
   const QString code = language.name().section(QLatin1Char('_'), 0, 0);
-  QFile file(QStringLiteral(":/tessarine/tessarine_%1.ts").arg(code));
+  QFile file(kFolder + QStringLiteral("tessarine_%1.ts").arg(code));
   if (!file.open(QIODevice::ReadOnly)) return false;
   InUse() = std::make_unique<Language>(ReadTranslations(file));
   return true;
@@ -125,6 +127,18 @@ QString Translated(const QString& text) {
 
 QString Translated(std::string_view text) {
   return Translated(QString::fromUtf8(text.data(), static_cast<int>(text.size())));
+}
+
+QStringList InAllLanguages(const char* text) {
+  InitTranslations();
+  QStringList texts{QString::fromUtf8(text)};
+  for (const QString& name : QDir(kFolder).entryList()) {
+    QFile file(kFolder + name);
+    if (!file.open(QIODevice::ReadOnly)) continue;
+    const QString translation = ReadTranslations(file).value(texts.front());
+    if (!translation.isEmpty()) texts << translation;
+  }
+  return texts;
 }
 
 bool HasTranslation(const QString& text) { return !HasLetter(text) || (InUse() && !InUse()->Whole(text).isEmpty()); }

@@ -54,7 +54,8 @@ def run(options, scenario, folder):
     settings = profiles / "profiles/default/QGIS/QGIS3.ini"
     settings.parent.mkdir(parents=True)
     language = LANGUAGES.get(scenario)
-    settings.write_text(QUIET + ("[locale]\noverrideFlag=true\nuserLocale=%s\n" % language if language else ""))
+    locale = "[locale]\noverrideFlag=true\nuserLocale={0}\nglobalLocale={0}\nshowGroupSeparator=true\n"
+    settings.write_text(QUIET + (locale.format(language) if language else ""))
     environment = {name: value for name, value in os.environ.items() if not name.startswith(("XDG_", "QGIS_", "QT_"))}
     environment.update(
         HOME=str(folder), XDG_RUNTIME_DIR=str(folder), XDG_DATA_HOME=str(folder / "data"), LC_ALL="C.UTF-8",

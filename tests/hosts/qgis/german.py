@@ -1,9 +1,13 @@
 # SPDX-License-Identifier: GPL-2.0-or-later
 """In German: menus, dialogs, the toolbox, panel, messages, measuring and functions, with their identifiers as they are."""
-from program_steps import (DATA, WINDOW, WORK, QgsProject, QgsVectorLayer, QPushButton, QTest, Qt, QTextEdit, QWidget,
-                           action_of, child, choose_line, click_menu, command, expect, iface, press, read_report,
-                           type_into, wait_until)
-from qgis.core import QgsApplication, QgsExpression
+import re
+
+from measuring import click, show_map
+from program_steps import (DATA, WINDOW, WORK, QApplication, QgsProject, QgsVectorLayer, QPushButton, QTest, Qt, QTextEdit,
+                           QWidget, action_of, child, choose_line, click_menu, command, expect, iface, press,
+                           read_report, type_into, wait_until)
+from qgis.core import QgsApplication, QgsExpression, QgsProcessingContext, QgsRectangle
+from qgis.PyQt.QtCore import QLocale
 from qgis.PyQt.QtWidgets import QDockWidget, QLabel, QLineEdit, QTableWidget
 
 
@@ -41,6 +45,16 @@ def measuring():
     assert window.windowTitle() == "Auf dem Sph\u00e4roid messen"
     assert heads_of(child(window, "tblLegs", QTableWidget))[4] == "Entfernung"
     assert "R\u00fccktaste" in child(window, "lblNote", QLabel).text()
+    show_map("EPSG:4326", QgsRectangle(-180, -90, 180, 90))
+    click(0, 0)
+    click(90, 0)
+    total = child(window, "lblTotal", QLabel).text()
+    assert re.fullmatch(r"(9|10)\.\d{3}\.\d{3},\d{3} m", total), total
+    press(window, "cmdCopy")
+    lines = [line.split("\t") for line in QApplication.clipboard().text().splitlines()]
+    assert lines[0][0] == "Strecke" and lines[0][5] == "Entfernung (m)", lines
+    assert abs(QLocale().toDouble(lines[1][5])[0] - QLocale().toDouble(total.split()[0])[0]) < 1e-3, lines
+    assert lines[3][3] == "6356752,31424518", lines
     press(window, "cmdClose")
 
 
@@ -52,6 +66,32 @@ def functions():
     expression.evaluate()
     assert expression.evalErrorString() == "tessarine_length: Argument 1 (geometry): es muss eine Linie oder ein Polygon " \
         "sein und ist '1'.", expression.evalErrorString()
+
+
+def refusal(tool, **values):
+    algorithm = QgsApplication.processingRegistry().algorithmById("tessarine:" + tool)
+    values = {"INPUT": "countries", "OUTPUT": "memory:", **values}
+    context = QgsProcessingContext()
+    context.setProject(QgsProject.instance())
+    return algorithm.checkParameterValues(values, context)
+
+
+def refusals():
+    layer = QgsProject.instance().mapLayersByName("countries")[0].id()
+    assert refusal("wrap", INPUT=layer) == (False, "'wrap' braucht ein Rechteck: 'Bereich' 180, 'Bereich' 360 oder "
+        "'Grenzen' W,S,O,N, oder ein Dokument, das sich eines merkt."), refusal("wrap", INPUT=layer)
+    assert refusal("wrap", INPUT=layer, BOUNDS="1,2,x,4")[1] == "Grenzen: Die \u00f6stliche Grenze ist ung\u00fcltig."
+    why = refusal("wrap", INPUT=layer, BOUNDS="1,2,3")[1]
+    assert why == "'Grenzen' braucht vier Zahlen: West, S\u00fcd, Ost und Nord, wie in 'Grenzen' -90,-90,270,90.", why
+    spheroids = QgsApplication.processingRegistry().algorithmById("tessarine:calculate").parameterDefinition("SPHEROID")
+    assert spheroids.options()[0] == spheroids.defaultValue() == "Wie die Daten", spheroids.options()[0]
+    for given in ("As the data", "Wie die Daten", None, "Mars 2000"):
+        told = refusal("calculate", INPUT=layer, MEASURE=["Sph. Area"], SPHEROID=given)
+        assert told == (True, ""), (given, told)
+    why = refusal("calculate", INPUT=layer, MEASURE=["Sph. Area"], SPHEROID="Mars 2000", RADII="2,1")[1]
+    assert why.endswith("bitte 'Wie die Daten' w\u00e4hlen oder die Halbachsen weglassen."), why
+    why = refusal("calculate", INPUT=layer, MEASURE=["Sph. Area"], RADII="2")[1]
+    assert why.startswith("Die Halbachsen '2' sind nicht zu verstehen: "), why
 
 
 def scenario():
@@ -77,6 +117,7 @@ def scenario():
     assert fields.description() == "Felder", fields.description()
     assert algorithm.name() == "vertices"
     assert action_of(WINDOW.menuBar(), "Tessarine Tools").menu().objectName() == "Tessarine.clsMenu"
+    refusals()
     end_of_a_run()
     measuring()
     functions()

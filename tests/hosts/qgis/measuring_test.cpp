@@ -7,6 +7,8 @@
 
 #include "hosts/qgis/measuring/geodesic_drawing.h"
 #include "hosts/qgis/measuring/path_measures.h"
+#include "hosts/windows/qt_text.h"
+#include "hosts/windows/translation.h"
 
 namespace tessarine::testing {
 namespace {
@@ -46,10 +48,26 @@ TEST(MeasuredPath, WhatCantBeMeasuredIsTold) {
   EXPECT_THAT(path.problem, HasSubstr("beyond a pole"));
 }
 
+TEST(MeasuredPath, AsATableInGerman) {
+  const auto path = qgis::MeasurePath({{-1.5, 0}, {-1.5, 45.25}}, Reference("EPSG:4326"), kEarth);
+  QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
+  ASSERT_TRUE(UseLanguage(QLocale()));
+  const QStringList lines = qgis::TableText(path, qgis::kLengthUnits[0], qgis::kAreaUnits[0]).split('\n');
+  UseLanguage(QLocale::c());
+  QLocale::setDefault(QLocale::c());
+  ASSERT_EQ(lines.size(), 5);
+  EXPECT_EQ(FromQt(lines[0]),
+            "Strecke\tLänge am Anfang\tBreite am Anfang\tLänge am Ende\tBreite am Ende\t"
+            "Entfernung (m)\tAzimut am Anfang\tAzimut am Ende");
+  EXPECT_TRUE(FromQt(lines[1]).starts_with("1\t-1,5\t0\t-1,5\t45,25\t501272")) << FromQt(lines[1]);
+  EXPECT_TRUE(FromQt(lines[2]).starts_with("Zusammen (m)\t501272")) << FromQt(lines[2]);
+  EXPECT_EQ(FromQt(lines[3]), "Sphäroid\tWGS 1984\t6378137\t6356752,31424518");
+}
+
 TEST(MeasuredPath, AsATable) {
   const auto path = qgis::MeasurePath({{0, 0}, {1, 0}, {1, 0}}, Reference("EPSG:4326"), kEarth);
   // A degree of the equator is 111.319490793274 km; a length holds to a tenth of a micrometre.
-  const std::string text = qgis::TableText(path, qgis::kLengthUnits[1], qgis::kAreaUnits[0]);
+  const std::string text = FromQt(qgis::TableText(path, qgis::kLengthUnits[1], qgis::kAreaUnits[0]));
   EXPECT_EQ(std::regex_replace(text, std::regex("(111\\.319490793)[0-9]{3}\\b"), "$1"),
             "Leg\tStart longitude\tStart latitude\tEnd longitude\tEnd latitude\tDistance (km)\tStart azimuth\tEnd "
             "azimuth\n"

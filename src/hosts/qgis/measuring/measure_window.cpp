@@ -16,6 +16,7 @@
 
 #include "hosts/qgis/qgis_host.h"
 #include "hosts/windows/dialog_units.h"
+#include "hosts/windows/local_numbers.h"
 #include "hosts/windows/manual_window.h"
 #include "hosts/windows/qt_text.h"
 #include "hosts/windows/readable_window.h"
@@ -32,12 +33,12 @@ const QString kSpheroidSetting = QStringLiteral("tessarine/measuring/spheroid");
 const QString kLengthSetting = QStringLiteral("tessarine/measuring/length_unit");
 const QString kAreaSetting = QStringLiteral("tessarine/measuring/area_unit");
 
-QString DegreesText(double degrees) { return ToQt(FixedText(degrees, kDegreeDecimals)) + QStringLiteral("\u00b0"); }
+QString DegreesText(double degrees) { return InLocale(FixedText(degrees, kDegreeDecimals)) + QStringLiteral("\u00b0"); }
 
 QString AzimuthText(const std::optional<double>& azimuth) { return azimuth ? DegreesText(*azimuth) : QString(); }
 
 QString InUnit(double value, const MeasureUnit& unit) {
-  return ToQt(FixedText(value / unit.size, unit.decimals, true) + " " + unit.symbol);
+  return InLocale(FixedText(value / unit.size, unit.decimals, true)) + QLatin1Char(' ') + ToQt(unit.symbol);
 }
 
 template <class Units>
@@ -202,7 +203,7 @@ void MeasureWindow::Refresh() {
   area_->setText(path_.area ? InUnit(*path_.area, AreaUnit()) : QString());
   QStringList notes;
   if (!hint_.isEmpty()) notes << hint_;
-  if (!path_.problem.empty()) notes << LinesToQt(path_.problem);
+  if (!path_.problem.empty()) notes << Translated(LinesToQt(path_.problem));
   for (const std::string_view note : path_.notes) notes << Translated(note);
   note_->setText(notes.join(QLatin1Char('\n')));
   copy_->setEnabled(is_measured);
@@ -226,7 +227,7 @@ void MeasureWindow::AddLeg(int row) {
 
 void MeasureWindow::Copy() const {
   if (path_.legs.empty()) return;
-  QGuiApplication::clipboard()->setText(ToQt(TableText(path_, LengthUnit(), AreaUnit())));
+  QGuiApplication::clipboard()->setText(TableText(path_, LengthUnit(), AreaUnit()));
 }
 
 void MeasureWindow::ShowHelp() { ShowManual(ManualFolder(), {QStringLiteral("measuring-on-the-map.md"), {}}, *this); }

@@ -1,10 +1,14 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "hosts/qgis/measuring/path_measures.h"
 
+#include <QStringList>
 #include <algorithm>
 #include <cmath>
 
 #include "hosts/qgis/suite_measures.h"
+#include "hosts/windows/local_numbers.h"
+#include "hosts/windows/qt_text.h"
+#include "hosts/windows/translation.h"
 #include "platform/fault.h"
 #include "platform/text_formats.h"
 
@@ -67,17 +71,15 @@ class Measuring {
   SpatialReferenceRef degrees_;
 };
 
-std::string Line(const std::vector<std::string>& cells) {
-  std::string line;
-  for (const std::string& cell : cells) line += (line.empty() ? "" : "\t") + cell;
-  return line + "\n";
+QString Line(const QStringList& cells) { return cells.join(QLatin1Char('\t')) + QLatin1Char('\n'); }
+
+QString Captioned(const char* caption, const MeasureUnit& unit) {
+  return Translated(caption) + QStringLiteral(" (%1)").arg(ToQt(unit.symbol));
 }
 
-std::string Captioned(const char* caption, const MeasureUnit& unit) {
-  return std::string(caption) + " (" + unit.symbol + ")";
-}
+QString Number(double value) { return ForTables(NumberText(value)); }
 
-std::string AzimuthText(const std::optional<double>& azimuth) { return azimuth ? NumberText(*azimuth) : ""; }
+QString AzimuthText(const std::optional<double>& azimuth) { return azimuth ? Number(*azimuth) : QString(); }
 
 }  // namespace
 
@@ -93,21 +95,21 @@ PathMeasures MeasurePath(std::vector<XY> places, const SpatialReferenceRef& refe
   return path;
 }
 
-std::string TableText(const PathMeasures& path, const MeasureUnit& length, const MeasureUnit& area) {
-  std::string text = Line({"Leg", "Start longitude", "Start latitude", "End longitude", "End latitude",
-                           Captioned("Distance", length), "Start azimuth", "End azimuth"});
+QString TableText(const PathMeasures& path, const MeasureUnit& length, const MeasureUnit& area) {
+  QString text = Line({Translated("Leg"), Translated("Start longitude"), Translated("Start latitude"),
+                       Translated("End longitude"), Translated("End latitude"), Captioned("Distance", length),
+                       Translated("Start azimuth"), Translated("End azimuth")});
   for (std::size_t at = 0; at < path.legs.size(); ++at) {
     const XY from = path.places[at], to = path.places[at + 1];
     const MeasuredLeg& leg = path.legs[at];
-    text +=
-        Line({std::to_string(at + 1), NumberText(from.x), NumberText(from.y), NumberText(to.x), NumberText(to.y),
-              NumberText(leg.distance / length.size), AzimuthText(leg.start_azimuth), AzimuthText(leg.end_azimuth)});
+    text += Line({QString::number(at + 1), Number(from.x), Number(from.y), Number(to.x), Number(to.y),
+                  Number(leg.distance / length.size), AzimuthText(leg.start_azimuth), AzimuthText(leg.end_azimuth)});
   }
-  text += Line({Captioned("Total", length), NumberText(path.total / length.size)});
-  if (path.closing_leg) text += Line({Captioned("Closing leg", length), NumberText(*path.closing_leg / length.size)});
-  if (path.area) text += Line({Captioned("Area", area), NumberText(*path.area / area.size)});
-  return text + Line({"Spheroid", path.spheroid.name, NumberText(path.spheroid.semi_major_axis),
-                      NumberText(path.spheroid.semi_minor_axis)});
+  text += Line({Captioned("Total", length), Number(path.total / length.size)});
+  if (path.closing_leg) text += Line({Captioned("Closing leg", length), Number(*path.closing_leg / length.size)});
+  if (path.area) text += Line({Captioned("Area", area), Number(*path.area / area.size)});
+  return text + Line({Translated("Spheroid"), ToQt(path.spheroid.name), Number(path.spheroid.semi_major_axis),
+                      Number(path.spheroid.semi_minor_axis)});
 }
 
 }  // namespace tessarine::qgis

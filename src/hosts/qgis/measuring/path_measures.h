@@ -2,6 +2,7 @@
 // What there is to measure of a path of places on the globe.
 #pragma once
 
+#include <QString>
 #include <optional>
 #include <string>
 #include <vector>
@@ -47,7 +48,8 @@ inline constexpr MeasureUnit kAreaUnits[] = {{"square metres", "m\u00b2", 1.0, 1
                                              {"square miles", "mi\u00b2", 2589988.110336, 6}};
 
 /// The whole of it as lines of cells parted by tabs, with all digits: the legs under a line of captions, then total,
-/// closing leg, area and spheroid.
-[[nodiscard]] std::string TableText(const PathMeasures& path, const MeasureUnit& length, const MeasureUnit& area);
+/// closing leg, area and spheroid. Captions are in the program's language, numbers have its locale's decimal sign and
+/// no groups.
+[[nodiscard]] QString TableText(const PathMeasures& path, const MeasureUnit& length, const MeasureUnit& area);
 
 }  // namespace tessarine::qgis

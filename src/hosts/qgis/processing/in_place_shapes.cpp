@@ -7,6 +7,7 @@
 #include <set>
 
 #include "hosts/qgis/values.h"
+#include "hosts/windows/local_numbers.h"
 #include "hosts/windows/qt_text.h"
 #include "hosts/windows/translation.h"
 #include "platform/fault.h"
@@ -35,7 +36,7 @@ std::size_t Tell(const Kept& kept, QgsProcessingFeedback& log) {
     }
     const QString more = ids.size() > kListed ? QStringLiteral(", ...") : QString();
     log.reportError(Translated("%1 of the features keep the shapes that they have, %2 (identifiers %3%4).")
-                        .arg(static_cast<qlonglong>(ids.size()))
+                        .arg(CountText(static_cast<std::int64_t>(ids.size())))
                         .arg(Translated(why), listed.join(QStringLiteral(", ")), more));
   }
   return count;

@@ -31,13 +31,31 @@ std::vector<NamedSpheroid> AllSpheroids() {
 }
 
 QStringList NamesOfSpheroids() {
-  QStringList names{QLatin1String(kAsTheData)};
+  QStringList names{Translated(kAsTheData)};
   for (const NamedSpheroid& spheroid : AllSpheroids()) {
     const QString name = ToQt(spheroid.name);
     if (!names.contains(name)) names << name;
   }
   return names;
 }
+
+// The choice of none in any language: a model may have been made in another one.
+bool IsOfTheData(const QString& name) {
+  static const QStringList texts = InAllLanguages(kAsTheData);
+  return name.isEmpty() || texts.contains(name);
+}
+
+/// A choice of a spheroid by its name. What the program doesn't find in its list, it takes for the first of it.
+class SpheroidParameter final : public QgsProcessingParameterEnum {
+ public:
+  SpheroidParameter(const QString& name, const QString& label, bool optional)
+      : QgsProcessingParameterEnum(name, label, NamesOfSpheroids(), false, Translated(kAsTheData), optional, true) {}
+  [[nodiscard]] QgsProcessingParameterDefinition* clone() const override { return new SpheroidParameter(*this); }
+  bool checkValueIsAcceptable(const QVariant& value, QgsProcessingContext* context) const override {
+    const bool is_of_the_data = value.type() == QVariant::String && IsOfTheData(value.toString());
+    return QgsProcessingParameterEnum::checkValueIsAcceptable(is_of_the_data ? defaultValue() : value, context);
+  }
+};
 
 QStringList Words(const std::vector<std::string_view>& words) {
   QStringList list;
@@ -109,8 +127,7 @@ std::unique_ptr<QgsProcessingParameterDefinition> DefinitionOf(const ToolSpec& s
           name, label + QStringLiteral(" (") + Translated("west,south,east,north") + QLatin1Char(')'), QVariant(),
           false, optional);
     case ParameterKind::Spheroid:
-      return std::make_unique<QgsProcessingParameterEnum>(name, label, NamesOfSpheroids(), false,
-                                                          QLatin1String(kAsTheData), optional, true);
+      return std::make_unique<SpheroidParameter>(name, label, optional);
     case ParameterKind::Measures:
       return std::make_unique<QgsProcessingParameterEnum>(name, label, CaptionsOfMeasures(), true, QVariant(), optional,
                                                           true);
@@ -223,10 +240,10 @@ class ArgumentReader {
     const QString radii = IsGiven(parameters_.value(QLatin1String(kRadii))) ? Text(QLatin1String(kRadii)) : QString();
     const QString chosen =
         QgsProcessingParameters::parameterAsEnumString(algorithm_.parameterDefinition(name), parameters_, context_);
-    const bool is_named = !chosen.isEmpty() && chosen != QLatin1String(kAsTheData);
+    const bool is_named = !IsOfTheData(chosen);
     if (!radii.isEmpty() && is_named) {
-      Raise(kInvalidCall,
-            "Both a spheroid and radii are given: choose '" + std::string(kAsTheData) + "', or leave the radii out.");
+      Raise(kInvalidCall, "Both a spheroid and radii are given: choose '" + FromQt(Translated(kAsTheData)) +
+                              "', or leave the radii out.");
     }
     if (!radii.isEmpty()) return SpheroidOfRadii(radii);
     return is_named ? std::optional(SpheroidNamed(chosen)) : std::nullopt;
@@ -302,7 +319,8 @@ QString ObjectionText(const ToolSpec& spec, const Objection& objection) {
   const Objection shown{objection.parameter, FromQt(Translated(LinesToQt(objection.text)))};
   const std::string sentence = SentenceOf(shown, [&](std::string_view name) {
     const ToolParameter* parameter = spec.Find(name);
-    return parameter != nullptr ? "'" + FromQt(LabelOf(*parameter)) + "'" : std::string(name);
+    // What only the terminal has is no more than a word here.
+    return parameter != nullptr ? "'" + FromQt(LabelOf(*parameter)) + "'" : FromQt(Translated(name));
   });
   return (about == nullptr ? QString() : LabelOf(*about) + QStringLiteral(": ")) + ToQt(sentence);
 }

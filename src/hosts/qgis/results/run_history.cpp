@@ -5,6 +5,7 @@
 #include <iterator>
 #include <mutex>
 
+#include "hosts/windows/local_numbers.h"
 #include "hosts/windows/qt_text.h"
 #include "hosts/windows/translation.h"
 #include "platform/paths.h"
@@ -18,7 +19,7 @@ RunHistory* g_history = nullptr;
 QObject* g_context = nullptr;
 
 QString Counted(std::int64_t count, const char* one, const char* several) {
-  return count == 1 ? Translated(one) : Translated(several).arg(count);
+  return count == 1 ? Translated(one) : Translated(several).arg(CountText(count));
 }
 
 QString ToldOf(const RunJournal& journal) {

@@ -5968,5 +5968,21 @@ Angelegt werden nur Shapefiles oder Featureklassen in %L2File- oder Personal-Geo
         <source>Bailing out...</source>
         <translation>Es geht nicht weiter.</translation>
     </message>
+    <message>
+        <source>Leg</source>
+        <translation>Strecke</translation>
+    </message>
+    <message>
+        <source>Total</source>
+        <translation>Zusammen</translation>
+    </message>
+    <message>
+        <source>document</source>
+        <translation>Dokument</translation>
+    </message>
+    <message>
+        <source>where</source>
+        <translation>eine Bedingung</translation>
+    </message>
 </context>
 </TS>
