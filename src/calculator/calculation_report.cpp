@@ -119,11 +119,13 @@ std::string PlannedCalculation(const CalculationFacts& facts, const std::string&
                                const std::string& overwritten_fields) {
   const auto listed = [](const std::string& names) { return names.empty() ? std::string("none") : EscapeRtf(names); };
   std::string foretold = facts.foretold.empty() ? "" : std::string(kRule) + "The Copy:\\b0\\par\r\n";
+  std::string rounded;
+  for (const std::string& sentence : facts.rounded) rounded += "  ** " + EscapeRtf(sentence) + "\\par\r\n";
   for (const std::string& sentence : facts.foretold) foretold += "  ** " + EscapeRtf(sentence) + "\\par\r\n";
   return Filled(ReportHead() + "Geometry Calculation, planned only: nothing was written" + std::string(kInput) +
                     SpheroidLines(facts) + std::string(kRule) + "Fields:\\b0\\par\r\n" +
                     "  ** New: " + listed(new_fields) + "\\par\r\n" +
-                    "  ** Overwritten: " + listed(overwritten_fields) + "\\par\r\n" + foretold + "}",
+                    "  ** Overwritten: " + listed(overwritten_fields) + "\\par\r\n" + rounded + foretold + "}",
                 facts);
 }
 

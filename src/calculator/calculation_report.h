@@ -24,6 +24,7 @@ struct CalculationFacts {
   double semi_major = 0.0, semi_minor = 0.0;
   bool geocentric = false;
   std::string_view outcome = "Successful";
+  std::vector<std::string> rounded;   ///< of a planned run: which fields keep fewer digits, sentence by sentence
   std::vector<std::string> foretold;  ///< of a copy: what its format can't keep, sentence by sentence
 };
 

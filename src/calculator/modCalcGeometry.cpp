@@ -199,13 +199,19 @@ std::string PlanGeometry(RunContext& context, const std::shared_ptr<VarArray>& c
     journal.output_path = FeaturesOf(options)->FullName();
     journal.reference = FeaturesOf(options)->SpatialReference();
     std::string missing, present;
+    std::vector<std::string> rounded;
     const std::vector<std::string> names = FieldNamesInUse(options.Options(), options.UseFlags());
     for (const std::string& name : names) {
       journal.planned_fields.push_back(name);
-      std::string& list = FeaturesOf(options)->FindField(name) < 0 ? missing : present;
+      const std::int32_t index = FeaturesOf(options)->FindField(name);
+      std::string& list = index < 0 ? missing : present;
       list += (list.empty() ? "" : ", ") + name;
+      const std::string rounding = index < 0 ? "" : RoundingOf(*FeaturesOf(options)->Fields()->Field(index));
+      if (!rounding.empty()) rounded.push_back("In the field '" + name + "', " + rounding);
     }
+    for (const std::string& sentence : rounded) journal.warnings.push_back({sentence, 0, {}});
     CalculationFacts facts = GatherFacts(options);
+    facts.rounded = std::move(rounded);
     if (const auto copy = Cast<IStagedDataset>(FeaturesOf(options))) {
       // It is only there to be tried on.
       if (const auto failed = MakeMissingFields(*FeaturesOf(options), names)) {

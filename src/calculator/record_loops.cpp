@@ -8,6 +8,7 @@
 #include "calculator/measures.h"
 #include "calculator/modCalcGeometry.h"
 #include "calculator/record_loop.h"
+#include "calculator/result_fields.h"
 #include "platform/run_scope.h"
 #include "support/attribute_copy.h"
 #include "support/frmOrlProgressMeter.h"
@@ -145,9 +146,16 @@ class RecordLoop {
     static_cast<void>(WorkOnRecord(journal_, oid, [&] { throw Fault(fault); }));
   }
 
+  // Decimals that a field of the run's own has no room for are nobody's loss; those of a narrower one are.
   ChangeNote NoteFor(std::int64_t oid) {
     return [this, oid](std::int32_t index, ValueChange change) {
-      NoteMeasureChange(journal_, *features_->Fields()->Field(index), change, oid);
+      if (change == ValueChange::None) return;
+      const Field& field = *features_->Fields()->Field(index);
+      if (RoundingOf(field).empty()) {
+        NoteMeasureChange(journal_, field, change, oid);
+      } else {
+        journal_.NoteChange(field.Name, change, oid);
+      }
     };
   }
 

@@ -47,6 +47,23 @@ FieldRef NewResultField(const std::string& name) {
   return field;
 }
 
+std::string RoundingOf(const Field& field) {
+  switch (field.Type) {
+    case esriFieldTypeSmallInteger:
+    case esriFieldTypeInteger:
+    case esriFieldTypeInteger64:
+      return "numbers are rounded to whole ones.";
+    case esriFieldTypeSingle:
+      return "numbers are rounded to about 7 digits.";
+    case esriFieldTypeDouble:
+      break;
+    default:
+      return "";
+  }
+  if (field.Precision <= 0 || (field.Precision >= kPrecision && field.Scale >= kScale)) return "";
+  return "numbers are rounded to " + std::to_string(field.Scale) + (field.Scale == 1 ? " decimal." : " decimals.");
+}
+
 std::optional<FieldFailure> MakeMissingFields(IFeatureClass& features, const std::vector<std::string>& names) {
   std::vector<FieldRef> missing;
   for (const std::string& name : names) {

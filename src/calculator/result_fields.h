@@ -16,6 +16,10 @@ namespace tessarine {
 /// A new field of the calculator: a double of 16 digits, 12 behind the point, also for counts.
 [[nodiscard]] FieldRef NewResultField(const std::string& name);
 
+/// What a field that was there before keeps less of than a new field of the calculator, a clause with its full stop as
+/// "numbers are rounded to 2 decimals."; empty where it keeps as much. Texts keep what they have room for.
+[[nodiscard]] std::string RoundingOf(const Field& field);
+
 /// A field that can't be made, and why: a sentence.
 struct FieldFailure {
   std::string name, cause;

@@ -191,8 +191,12 @@ FittedValue FitNumberAsText(const std::string& text, const ColumnLimits& column)
   const std::size_t point = text.find('.');
   if (point == std::string::npos || text.find_first_of("eE") != std::string::npos)
     return Nulled(ValueChange::OutOfRange);
-  for (std::size_t size = text.size() - 1; size > point; --size) {
-    const std::string kept = text.substr(0, size == point + 1 ? point : size);
+  double number = 0.0;
+  std::from_chars(text.data(), text.data() + text.size(), number);
+  std::array<char, 400> room;
+  for (auto decimals = static_cast<int>(text.size() - point) - 2; decimals >= 0; --decimals) {
+    const auto end = std::to_chars(room.data(), room.data() + room.size(), number, std::chars_format::fixed, decimals);
+    const std::string kept(room.data(), end.ptr);
     if (HasRoom(kept, column)) return {kept, ValueChange::Rounded};
   }
   return Nulled(ValueChange::OutOfRange);

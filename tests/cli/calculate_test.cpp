@@ -174,8 +174,39 @@ TEST_F(Calculate, ANumberTooLongForATextColumnIsRoundedAndTold) {
     EXPECT_EQ(row->GetFieldAsInteger("number"), 100000) << row->GetFID();
   }
   // "geod +ellps=WGS84 -I" from 0 0 to 1 1: 45.188040229359 degrees; the column holds five characters.
-  EXPECT_THAT(texts, ElementsAre("45.18", "-9999", "-9999", "0"));
+  EXPECT_THAT(texts, ElementsAre("45.19", "-9999", "-9999", "0"));
   EXPECT_THAT(run.out, HasSubstr("rounded to the decimals of the field"));
+}
+
+TEST_F(Calculate, WhatANarrowerFieldRoundsIsToldAndForetold) {
+  GDALAllRegister();
+  WriteLines(In("lines.shp"), "ESRI Shapefile");
+  {
+    const GDALDatasetUniquePtr data(GDALDataset::Open(In("lines.shp").c_str(), GDAL_OF_VECTOR | GDAL_OF_UPDATE));
+    OGRFieldDefn price("price", OFTReal);
+    price.SetWidth(10);
+    price.SetPrecision(2);
+    data->GetLayer(0)->CreateField(&price);
+  }
+  const std::vector<std::string> measures{"-m", "Start Azimuth=price", "-m", "End Azimuth=number",
+                                          "-m", "Spheroidal Length",   "-m", "Number of Parts"};
+  const auto run = [&](const std::vector<std::string>& more) {
+    std::vector<std::string> words{"calculate", In("lines.shp"), "--yes"};
+    words.insert(words.end(), measures.begin(), measures.end());
+    words.insert(words.end(), more.begin(), more.end());
+    const ProgramOutcome outcome = RunTessarine(words);
+    EXPECT_EQ(outcome.status, 0) << outcome.err;
+    return outcome.out;
+  };
+  const std::string plan = run({"--dry-run"});
+  EXPECT_THAT(plan, HasSubstr("In the field 'price', numbers are rounded to 2 decimals."));
+  EXPECT_THAT(plan, HasSubstr("In the field 'number', numbers are rounded to whole ones."));
+  const std::string report = run({});
+  EXPECT_THAT(report, HasSubstr("price:  1 value rounded to the decimals of the field"));
+  EXPECT_THAT(report, HasSubstr("number:  1 value rounded to the decimals of the field"));
+  EXPECT_THAT(report, Not(HasSubstr("Sph_Len:"))) << "it is as wide as the program makes its fields";
+  // Now the fields stand, and two more are as wide as before.
+  EXPECT_THAT(run({"--dry-run"}), Not(HasSubstr("In the field 'Sph_Len'")));
 }
 
 TEST_F(Calculate, AValueNeverReplacesAShape) {

@@ -5,6 +5,7 @@
 
 #include <QDateTime>
 #include <algorithm>
+#include <cmath>
 #include <iterator>
 #include <limits>
 #include <string_view>
@@ -142,6 +143,20 @@ void LimitWhole(const QgsField& field, ColumnLimits& limits) {
   if (IsSixteenBits(field)) LimitTo<std::int16_t>(limits);
 }
 
+// Decimal numbers of databases: so many digits, sign and point not counted.
+bool IsDecimal(const QgsField& field) {
+  return field.length() > 0 && (field.typeName().startsWith(QStringLiteral("numeric"), Qt::CaseInsensitive) ||
+                                field.typeName().startsWith(QStringLiteral("decimal"), Qt::CaseInsensitive));
+}
+
+void LimitDecimal(const QgsField& field, ColumnLimits& limits) {
+  const int decimals = std::max(field.precision(), 0);
+  constexpr int kSignAndPoint = 2;
+  limits.LimitDecimals(field.length() + kSignAndPoint, decimals);
+  // What would be rounded up to one digit more has no room.
+  limits.farthest = std::nextafter(std::pow(10.0, field.length() - decimals) - 0.5 * std::pow(10.0, -decimals), 0.0);
+}
+
 ColumnLimits LimitsOf(const QgsField& field, bool dbase) {
   ColumnLimits limits;
   switch (field.type()) {
@@ -155,8 +170,10 @@ ColumnLimits LimitsOf(const QgsField& field, bool dbase) {
       return limits;
     case QVariant::Double:
       limits.kind = ColumnLimits::Kind::Double;
-      // Rounded here, because dBASE drivers cut the places off that are too many.
-      if (field.length() > 0 && (dbase || field.precision() > 0)) {
+      if (IsDecimal(field)) {
+        LimitDecimal(field, limits);
+      } else if (field.length() > 0 && (dbase || field.precision() > 0)) {
+        // Rounded here, because dBASE drivers cut the places off that are too many.
         limits.LimitDecimals(field.length(), std::max(field.precision(), 0));
       }
       return limits;

@@ -8,6 +8,7 @@
 
 #include <QUndoStack>
 #include <algorithm>
+#include <cmath>
 #include <filesystem>
 #include <functional>
 
@@ -369,6 +370,40 @@ TEST(LayerClass, ALayerWhoseFileHasGone) {
              [&] { (void)shown.FeatureClass()->Extent(); }, [&] { (void)shown.SelectionSet(); }}) {
       EXPECT_EQ(FaultOf(touch), kPathNotFound) << ending;
     }
+  }
+}
+
+TEST(Columns, WhatFieldsWithPlacesRoundIsTold) {
+  struct Row {
+    const char* name;
+    QgsField field;
+    bool dbase;
+    double value, stored;
+    ValueChange change;
+  };
+  const auto real = [](const char* type, int length, int decimals) {
+    return QgsField(QStringLiteral("v"), QVariant::Double, QLatin1String(type), length, decimals);
+  };
+  const double null = std::nan("");
+  const QgsField whole(QStringLiteral("v"), QVariant::Int, QStringLiteral("int4"));
+  // A decimal number of a database has so many digits, and the server rounds it to whole ones; a column of dBASE counts
+  // sign and point, too.
+  for (const Row& row : std::vector<Row>{
+           {"decimal", real("numeric", 10, 2), false, 12345678.125, 12345678.13, ValueChange::Rounded},
+           {"all digits", real("numeric", 10, 2), false, -99999999.99, -99999999.99, ValueChange::None},
+           {"one digit more", real("numeric", 10, 2), false, 1e8, null, ValueChange::OutOfRange},
+           {"rounded to one more", real("numeric", 10, 2), false, 99999999.995, null, ValueChange::OutOfRange},
+           {"no decimals", real("decimal", 6, 0), false, 12.75, 12.75, ValueChange::Rounded},
+           {"without places", real("numeric", 0, 0), false, 12.75, 12.75, ValueChange::None},
+           {"double", real("double precision", 0, 0), false, 1.0 / 3.0, 1.0 / 3.0, ValueChange::None},
+           {"dBASE", real("Real", 10, 2), true, 12.125, 12.13, ValueChange::Rounded},
+           {"whole", whole, false, 12.75, 13.0, ValueChange::Rounded},
+       }) {
+    const qgis::StoredValue stored = qgis::FitToField(row.value, row.field, row.dbase);
+    EXPECT_EQ(stored.change, row.change) << row.name;
+    EXPECT_EQ(stored.value.isNull(), std::isnan(row.stored)) << row.name;
+    if (std::isnan(row.stored)) continue;
+    EXPECT_NEAR(stored.value.toDouble(), row.stored, 1e-9) << row.name;
   }
 }
 
