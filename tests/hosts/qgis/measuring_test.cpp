@@ -3,9 +3,12 @@
 // `Geod.polygon_area_perimeter`).
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <QCoreApplication>
+#include <QScrollBar>
 #include <regex>
 
 #include "hosts/qgis/measuring/geodesic_drawing.h"
+#include "hosts/qgis/measuring/measure_window.h"
 #include "hosts/qgis/measuring/path_measures.h"
 #include "hosts/windows/qt_text.h"
 #include "hosts/windows/translation.h"
@@ -46,6 +49,20 @@ TEST(MeasuredPath, RoundAPole) {
 TEST(MeasuredPath, WhatCantBeMeasuredIsTold) {
   const auto path = qgis::MeasurePath({{0, 80}, {0, 95}}, Reference("EPSG:4326"), kEarth);
   EXPECT_THAT(path.problem, HasSubstr("beyond a pole"));
+}
+
+TEST(MeasureWindow, IsWideEnoughForItsColumns) {
+  for (const QLocale& locale : {QLocale(QLocale::German, QLocale::Germany), QLocale::c()}) {
+    UseLanguage(locale);
+    qgis::MeasureWindow window(nullptr, {[] {}, [] {}, [] {}, [] {}});
+    window.Show(qgis::MeasurePath({{-179.5, -89.5}, {0.5, 89.25}, {-120.5, -30}}, Reference("EPSG:4326"), kEarth));
+    window.show();
+    QCoreApplication::processEvents();
+    const auto& legs = *window.findChild<QTableWidget*>(QStringLiteral("tblLegs"));
+    EXPECT_EQ(legs.rowCount(), 2);
+    EXPECT_EQ(legs.horizontalScrollBar()->maximum(), 0) << FromQt(locale.name());
+  }
+  UseLanguage(QLocale::c());
 }
 
 TEST(MeasuredPath, AsATableInGerman) {

@@ -15,6 +15,7 @@
 #include <QClipboard>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTableWidget>
 
 #include "helpers/temporary_folder.h"
@@ -262,6 +263,22 @@ TEST_F(ReportPanel, ShowsTheNewestUnlessAnotherIsBeingRead) {
   EXPECT_EQ(Table().rowCount(), 0);
   EXPECT_EQ(FromQt(Shown()), "");
   EXPECT_FALSE(Button("cmdOpenReport").isEnabled());
+}
+
+TEST_F(ReportPanel, ShowsLongTextsInLinesButNotInAnyNumber) {
+  history.Add(RunOf("short", ""));
+  history.Add(RunOf("Features to Spherical Centroids", ""));
+  PastRun failed = RunOf("failed", "", RunOutcome::Failed);
+  failed.told = QStringLiteral("It failed. ").repeated(100);
+  history.Add(failed);
+  dock.resize(420, 500);
+  dock.show();
+  QCoreApplication::processEvents();
+  const int line = Table().fontMetrics().lineSpacing();
+  EXPECT_LT(Table().rowHeight(0), 6 * line);
+  EXPECT_GE(Table().rowHeight(1), 2 * line);
+  EXPECT_GT(Table().rowHeight(1), Table().rowHeight(2));
+  EXPECT_EQ(Table().horizontalScrollBar()->maximum(), 0);
 }
 
 TEST_F(ReportPanel, KeepsTheLastRunsAlone) {

@@ -19,7 +19,6 @@
 #include "support/frmReport_modal.h"
 
 namespace tessarine::testing {
-namespace {
 
 std::string SampleReport() {
   const Date begin = MakeDate(2026, 3, 14, 9, 26, 53);
@@ -32,6 +31,8 @@ std::string SampleReport() {
       "\\b Shapefile saved to:\\b0\\par\r\n   /home/ann/maps/spherical_centroid.shp\\par\r\n";
   return report + MyGeneralOperations::ReturnTimeElapsedRTF(begin, AddSeconds(begin, 61), 8) + "}";
 }
+
+namespace {
 
 // The colours that desktops use at night.
 QPalette DarkPalette() {

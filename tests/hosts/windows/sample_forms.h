@@ -51,6 +51,9 @@ class SampleHost final : public WindowHost {
   std::shared_ptr<ISimpleRenderer> CreateSimpleRenderer() override { return nullptr; }
 };
 
+/// A report of a run that took 61 seconds.
+[[nodiscard]] std::string SampleReport();
+
 /// Called with the name of a picture and the open window, which closes after it.
 using FormVisitor = std::function<void(const std::string& name, FormWindow& window)>;
 

@@ -29,6 +29,7 @@ namespace {
 constexpr int kDegreeDecimals = 6;
 constexpr const char* kColumns[] = {"Start longitude", "Start latitude", "End longitude", "End latitude",
                                     "Distance",        "Start azimuth",  "End azimuth"};
+constexpr int kDistance = 4;
 const QString kSpheroidSetting = QStringLiteral("tessarine/measuring/spheroid");
 const QString kLengthSetting = QStringLiteral("tessarine/measuring/length_unit");
 const QString kAreaSetting = QStringLiteral("tessarine/measuring/area_unit");
@@ -47,6 +48,15 @@ void FillUnits(QComboBox& box, const Units& units, const QString& setting) {
     box.addItem(Translated(unit.name) + QStringLiteral(" (%1)").arg(ToQt(unit.symbol)), QLatin1String(unit.name));
   }
   box.setCurrentIndex(std::max(0, box.findData(QgsSettings().value(setting))));
+}
+
+// With room for a leg to the other side of the Earth.
+int WidthOfColumns(QTableWidget& legs) {
+  constexpr int kBeside = 60;  // the numbers of the rows, a scroll bar and the margins of the window
+  constexpr int kInCell = 10;
+  legs.resizeColumnsToContents();
+  const int longest = legs.fontMetrics().horizontalAdvance(InUnit(20'003'931.459, kLengthUnits[0])) + kInCell;
+  return legs.horizontalHeader()->length() + std::max(0, longest - legs.columnWidth(kDistance)) + kBeside;
 }
 
 QLabel* ValueLabel(const char* name, QWidget* parent) {
@@ -140,7 +150,7 @@ void MeasureWindow::Build() {
   layout->addLayout(sums);
   layout->addWidget(note_);
   layout->addLayout(buttons);
-  resize(DialogUnits(font()).Size(330, 190));
+  resize(DialogUnits(font()).Size(330, 190).expandedTo({WidthOfColumns(*legs_), 0}));
   KeepReadable(*this);
 }
 
@@ -150,6 +160,7 @@ void MeasureWindow::showEvent(QShowEvent* event) {
   if (std::exchange(has_place_, true) || parentWidget() == nullptr) return;
   constexpr int kMargin = 30;
   const QRect room = parentWidget()->frameGeometry() & parentWidget()->screen()->availableGeometry();
+  if (width() > room.width() - 2 * kMargin) resize(room.width() - 2 * kMargin, height());
   move(room.bottomRight() - frameGeometry().bottomRight() + pos() - QPoint(kMargin, kMargin));
 }
 

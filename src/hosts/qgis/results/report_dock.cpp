@@ -29,6 +29,8 @@ namespace {
 
 constexpr const char* kHeads[] = {"Time", "Tool", "Output", "Status"};
 constexpr int kColumns = static_cast<int>(std::size(kHeads));
+constexpr int kMostLines = 4;  // of a run in the list; its tip has all
+constexpr int kRowMargin = 8;
 constexpr double kScale = 1.0;
 constexpr int kNumber = Qt::UserRole;
 
@@ -86,8 +88,14 @@ void ReportDock::Build() {
   runs_->setSelectionBehavior(QAbstractItemView::SelectRows);
   runs_->setSelectionMode(QAbstractItemView::SingleSelection);
   runs_->setEditTriggers(QAbstractItemView::NoEditTriggers);
+  // The panel is narrow: texts take several lines, and of paths both ends are seen.
+  runs_->setWordWrap(true);
+  runs_->setTextElideMode(Qt::ElideMiddle);
   runs_->verticalHeader()->hide();
-  runs_->horizontalHeader()->setStretchLastSection(true);
+  runs_->verticalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
+  runs_->verticalHeader()->setMaximumSectionSize(kMostLines * runs_->fontMetrics().lineSpacing() + kRowMargin);
+  runs_->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+  runs_->horizontalHeader()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
   report_->setObjectName(QStringLiteral("txtReport"));
   command_->setObjectName(QStringLiteral("txtCommand"));
   command_->setReadOnly(true);
