@@ -61,7 +61,8 @@ std::string RoundingOf(const Field& field) {
       return "";
   }
   if (field.Precision <= 0 || (field.Precision >= kPrecision && field.Scale >= kScale)) return "";
-  return "numbers are rounded to " + std::to_string(field.Scale) + (field.Scale == 1 ? " decimal." : " decimals.");
+  if (field.Scale == 1) return "numbers are rounded to 1 decimal.";
+  return "numbers are rounded to " + std::to_string(field.Scale) + " decimals.";
 }
 
 std::optional<FieldFailure> MakeMissingFields(IFeatureClass& features, const std::vector<std::string>& names) {

@@ -27,7 +27,7 @@ const ToolSpec kSpec{
              .remembered = true},
             {.name = "bounds",
              .kind = ParameterKind::Box,
-             .text = "A box of your own, in degrees",
+             .text = "A box of your own",
              .unit = "degrees",
              .excludes = "range",
              .remembered = true},
@@ -49,9 +49,7 @@ const ToolSpec kSpec{
         "wrapped longitudes are a matter of the data's own degrees; a box from 0 to 360 or over the edge of the map "
         "would be lost in another reference.",
     .one_of = {"range", "bounds"},
-    .without_one_of =
-        "'wrap' needs a box: {range} 180, {range} 360 or {bounds} W,S,E,N, or a {document} that "
-        "remembers one.",
+    .without_one_of = "'wrap' needs a box: {range} 180, {range} 360 or {bounds} W,S,E,N.",
     .whole_layers = true,
     .spreads = true,
     .example = "tessarine wrap tests/data/countries.shp --range 360 -o countries_360.shp",

@@ -36,14 +36,16 @@ TEST_F(Planetary, WhatIsAskedWronglyIsRefusedAndLeavesNothing) {
   };
   const std::string countries = Data("countries.shp");
   const Row rows[] = {
-      {{"wrap", countries}, "'wrap' needs a box"},
+      {{"wrap", countries},
+       "'wrap' needs a box: --range 180, --range 360 or --bounds W,S,E,N. A --document that remembers one serves, "
+       "too."},
       {{"wrap", countries, "--bounds", "10,5,20"}, "--bounds takes four numbers"},
       {{"wrap", countries, "--bounds", "10,0,5,20"}, "Western Boundary Value >= Eastern Boundary Value..."},
       {{"wrap", countries, "--bounds", "10,south,15,20"}, "Southern Boundary Value is invalid..."},
       {{"wrap", countries, "--range", "270"}, "--range"},
       {{"wrap", countries, "--range", "180", "--pole", "north"}, "--short-steps"},
       {{"wrap", countries, "--range", "180", "--short-steps", "--pole", "east"}, "--pole"},
-      {{"wrap", "countries", "--document", Data("graphics.json")}, "or a --document that remembers one"},
+      {{"wrap", "countries", "--document", Data("graphics.json")}, "'wrap' needs a box: --range 180"},
       {{"wrap", countries, "--range", "180", "--shift", "half"}, "--shift: 'half' is no number of degrees."},
       {{"to-graphic", countries, "--radii", "0,5"}, "--radii 0,5 isn't understood"},
       {{"to-centric", countries, "--spheroid", "Marz 2000"}, "There is no spheroid 'Marz 2000'. Near are 'Mars 2000'"},

@@ -51,7 +51,10 @@ void RefuseNone(const ToolSpec& spec, const Arguments& arguments, const std::str
     return arguments.Has(name) || (has_document && spec.Find(name)->remembered);
   };
   if (spec.one_of.empty() || std::ranges::any_of(spec.one_of, may_be_there)) return;
-  throw Refusal(ObjectionText({"", Replace(std::string(spec.without_one_of), "{source}", source)}));
+  const bool remembers = std::ranges::any_of(spec.one_of, [&](auto name) { return spec.Find(name)->remembered; });
+  const std::string text = Replace(std::string(spec.without_one_of), "{source}", source) +
+                           (remembers ? " A {document} that remembers one serves, too." : "");
+  throw Refusal(ObjectionText({"", text}));
 }
 
 // A tool for the map document.

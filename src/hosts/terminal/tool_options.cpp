@@ -54,7 +54,9 @@ std::vector<std::string> SplitAtCommas(const std::string& text) {
 std::string HelpOf(const ToolParameter& parameter) {
   std::string help(parameter.text);
   if (parameter.kind == ParameterKind::Fields) help += ", with commas between";
-  if (!parameter.unit.empty() && parameter.unit != "degrees") help += ", in " + std::string(parameter.unit);
+  // Such a number's placeholder names it.
+  const bool in_degrees = parameter.kind == ParameterKind::Number && parameter.unit == "degrees";
+  if (!parameter.unit.empty() && !in_degrees) help += ", in " + std::string(parameter.unit);
   if (!parameter.otherwise.empty()) help += "; otherwise " + std::string(parameter.otherwise);
   return help;
 }

@@ -157,7 +157,11 @@ def refusals(areas):
         assert not ok and any(piece in error for error in log.errors), (log.errors, log.infos)
 
     out = str(WORK / "refused.gpkg")
-    refused("wrap", "'Range' 180", INPUT=areas, OUTPUT=out)
+    # No document of this face remembers a box.
+    refused("wrap", "'Range' 180, 'Range' 360 or 'Bounds' W,S,E,N.", INPUT=areas, OUTPUT=out)
+    for tool in QgsApplication.processingRegistry().providerById("tessarine").algorithms():
+        assert "in degrees, in degrees" not in tool.shortHelpString() and "document" not in tool.shortHelpString(), (
+            tool.name(), tool.shortHelpString())
     refused("wrap", "can't be given beside 'Range'", INPUT=areas, RANGE="180", BOUNDS="0,0,1,1", OUTPUT=out)
     refused("wrap", "'Bounds' takes four numbers", INPUT=areas, BOUNDS="0,0,1", OUTPUT=out)
     refused("build-polygons", "takes polylines", INPUT=areas, OUTPUT=out)

@@ -1745,8 +1745,8 @@
         <translation>Längen von -180 bis 180 oder von 0 bis 360 Grad</translation>
     </message>
     <message>
-        <source>A box of your own, in degrees</source>
-        <translation>Ein eigenes Rechteck, in Grad</translation>
+        <source>A box of your own</source>
+        <translation>Ein eigenes Rechteck</translation>
     </message>
     <message>
         <source>degrees</source>
@@ -5619,8 +5619,24 @@ Diese Geometrie hat das Bezugssystem '%2...</translation>
         <translation>Es gibt keinen Ordner '%1': bitte erst anlegen oder einen anderen nennen.</translation>
     </message>
     <message>
-        <source>'wrap' needs a box: {range} 180, {range} 360 or {bounds} W,S,E,N, or a {document} that remembers one.</source>
-        <translation>'wrap' braucht ein Rechteck: {range} 180, {range} 360 oder {bounds} W,S,O,N, oder ein {document}, das sich eines merkt.</translation>
+        <source>'wrap' needs a box: {range} 180, {range} 360 or {bounds} W,S,E,N.</source>
+        <translation>'wrap' braucht ein Rechteck: {range} 180, {range} 360 oder {bounds} W,S,O,N.</translation>
+    </message>
+    <message>
+        <source>numbers are rounded to whole ones.</source>
+        <translation>Zahlen werden auf ganze gerundet.</translation>
+    </message>
+    <message>
+        <source>numbers are rounded to about 7 digits.</source>
+        <translation>Zahlen werden auf etwa 7 Ziffern gerundet.</translation>
+    </message>
+    <message>
+        <source>numbers are rounded to 1 decimal.</source>
+        <translation>Zahlen werden auf 1 Nachkommastelle gerundet.</translation>
+    </message>
+    <message>
+        <source>numbers are rounded to %1 decimals.</source>
+        <translation>Zahlen werden auf %1 Nachkommastellen gerundet.</translation>
     </message>
     <message>
         <source>Only points, multipoints, polylines and polygons can be wrapped.</source>
