@@ -71,6 +71,18 @@ QColor BoxColorOn(const QColor& window) {
   return window.lightnessF() < 0.5 ? window.darker(kShade) : window.lighter(kShade);
 }
 
+QColor DimTextOn(const QColor& background, const QColor& text) {
+  constexpr double kMargin = 1.05;  // what smoothing takes from thin letters
+  const auto mixed = [&](double share) {
+    const auto part = [share](double of_text, double of_ground) { return share * of_text + (1.0 - share) * of_ground; };
+    return QColor::fromRgbF(part(text.redF(), background.redF()), part(text.greenF(), background.greenF()),
+                            part(text.blueF(), background.blueF()));
+  };
+  double share = 0.5;
+  while (share < 1.0 && Contrast(mixed(share), background) < kMargin * kReadableContrast) share += 0.02;
+  return mixed(std::min(share, 1.0));
+}
+
 QColor FadedText(const QColor& text, const QColor& background) {
   return QColor((text.red() + background.red()) / 2, (text.green() + background.green()) / 2,
                 (text.blue() + background.blue()) / 2);

@@ -25,6 +25,9 @@ namespace tessarine {
 /// The ground of a box of text in a window of this colour: a shade that is farther from the middle.
 [[nodiscard]] QColor BoxColorOn(const QColor& window);
 
+/// Text that is there to help, not typed: as dim as can be read on this background.
+[[nodiscard]] QColor DimTextOn(const QColor& background, const QColor& text);
+
 /// The colour of a text that is disabled: half way into its background, whatever that is.
 [[nodiscard]] QColor FadedText(const QColor& text, const QColor& background);
 

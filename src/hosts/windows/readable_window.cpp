@@ -3,6 +3,7 @@
 
 #include <QApplication>
 #include <QEvent>
+#include <QLineEdit>
 
 #include "hosts/windows/colors.h"
 #include "platform/form.h"
@@ -20,6 +21,15 @@ QString SheetFor(const QWidget& window) {
              "QLineEdit, QComboBox, QAbstractItemView, QPlainTextEdit { color: %3; background-color: %4; "
              "selection-color: %4; selection-background-color: %3 }")
       .arg(text.name(), ground.name(), box_text.name(), box.name());
+}
+
+// A style sheet gives what stands in an empty box the colour of typed text, and without one it is pale.
+void DimPlaceholder(QWidget& box) {
+  box.ensurePolished();
+  QPalette palette = box.palette();
+  palette.setColor(QPalette::PlaceholderText,
+                   DimTextOn(palette.color(QPalette::Base), palette.color(QPalette::Active, QPalette::Text)));
+  box.setPalette(palette);
 }
 
 class ReadableWindow final : public QObject {
@@ -41,6 +51,7 @@ class ReadableWindow final : public QObject {
     window_.ensurePolished();
     const QString sheet = SheetFor(window_);
     if (sheet != window_.styleSheet()) window_.setStyleSheet(sheet);
+    for (QLineEdit* box : window_.findChildren<QLineEdit*>()) DimPlaceholder(*box);
   }
 
   QWidget& window_;

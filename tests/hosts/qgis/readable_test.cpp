@@ -36,18 +36,20 @@ std::unique_ptr<QWidget> Measuring() {
   return window;
 }
 
-class NewWindows : public ::testing::TestWithParam<const char*> {
+class ReadableBoxes : public ::testing::Test {
  protected:
-  NewWindows() {
+  ReadableBoxes() {
     RunJournal journal;
     journal.written = 3;
     history_.Add(PastRunOf(RunFrom::Menus, "Shapes to Vertices", journal, PlainTextToRtf("Contains 3 vertex points"),
                            {"tessarine vertices a.shp", ""}));
   }
-  ~NewWindows() override { qApp->setStyleSheet(QString()); }
+  ~ReadableBoxes() override { qApp->setStyleSheet(QString()); }
 
   RunHistory history_;
 };
+
+class NewWindows : public ReadableBoxes, public ::testing::WithParamInterface<const char*> {};
 
 TEST_P(NewWindows, CanBeReadInAllThemes) {
   std::vector<QDir> themes = ThemesOfProgram();
@@ -62,6 +64,27 @@ TEST_P(NewWindows, CanBeReadInAllThemes) {
     QCoreApplication::processEvents();
     EXPECT_GT(window->findChildren<QAbstractButton*>().size(), 2);
     EXPECT_THAT(PaleTextsOf(*window), IsEmpty()) << theme.path().toStdString();
+  }
+}
+
+TEST_F(ReadableBoxes, WhatStandsInAnEmptyBoxIsReadableAndDimmerThanWhatIsTyped) {
+  std::vector<QDir> themes = ThemesOfProgram();
+  themes.emplace_back();  // none
+  for (const QDir& theme : themes) {
+    qApp->setStyleSheet(theme == QDir() ? QString() : StyleSheetOf(theme));
+    ReportDock dock(history_, nullptr);
+    auto* box = dock.findChild<QLineEdit*>(QStringLiteral("txtCommand"));
+    box->setPlaceholderText(QStringLiteral("WMWMWM"));
+    dock.resize(700, 500);
+    dock.show();
+    const auto contrast = [&](const QString& typed) {
+      box->setText(typed);
+      QCoreApplication::processEvents();
+      return TextContrast(dock.grab(TextRoom(*box).translated(box->mapTo(&dock, QPoint()))).toImage());
+    };
+    const double empty = contrast(QString()), typed = contrast(QStringLiteral("WMWMWM"));
+    EXPECT_GE(empty, kReadableContrast) << theme.path().toStdString();
+    EXPECT_LT(empty, 0.9 * typed) << theme.path().toStdString();
   }
 }
 
