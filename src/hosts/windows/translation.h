@@ -20,7 +20,8 @@ bool UseLanguage(const QLocale& language);
 [[nodiscard]] QString Translated(std::string_view text);
 [[nodiscard]] inline QString Translated(const char* text) { return Translated(std::string_view(text)); }
 
-/// The text itself and its translations into all languages that there are, for values that are stored as they are shown.
+/// The text itself and its translations into all languages that there are, for values that are stored as they are
+/// shown.
 [[nodiscard]] QStringList InAllLanguages(const char* text);
 
 /// True where the language in use has the text, or the pattern of it; texts without a letter need none.

@@ -80,7 +80,7 @@ class Known {
     }
     if (texts_.contains(text)) return true;
     // A part of a text that the source goes on with.
-    const TextPattern form(text == made ? text : made + QStringLiteral("%9"), QString());
+    const TextPattern form(text == made ? text : QStringLiteral("%98") + made + QStringLiteral("%99"), QString());
     return std::any_of(patterns_.begin(), patterns_.end(), [&](const TextPattern& one) { return Fits(one, text); }) ||
            std::any_of(texts_.keyBegin(), texts_.keyEnd(), [&](const QString& key) { return Fits(form, key); });
   }

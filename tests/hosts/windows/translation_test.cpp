@@ -104,6 +104,8 @@ const MadeText kMadeTexts[] = {
     {"a text for a place", "Failed: The run was stopped.", "Fehlgeschlagen: Der Lauf wurde angehalten."},
     {"a piece ahead", "Attributes can't be written to the layer 'Area', which is being edited.",
      "Attribute können nicht geschrieben werden: Layer 'Area', der gerade bearbeitet wird."},
+    {"a piece in the midst", "The field 'Name' can't be added under this name to the layer 'Area'.",
+     "Das Feld 'Name' kann unter diesem Namen nicht angelegt werden: Layer 'Area'."},
     {"none of it known", "Area 51. Somewhere (there): no more.", "Area 51. Somewhere (there): no more."},
 };
 

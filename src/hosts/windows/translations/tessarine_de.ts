@@ -1082,7 +1082,7 @@
     </message>
     <message>
         <source>The prefix "Planeto" stands in place of "Geo" where the body may be another than Earth. Most Earth datums are Planetographic, and most extra-terrestrial datums are Planetocentric.</source>
-        <translation>"Planeto" steht für "Geo", wo es ein anderer Körper als die Erde sein kann. Die meisten Daten der Erde sind planetographisch, die meisten anderer Körper planetozentrisch.</translation>
+        <translation>"Planeto" steht für "Geo", wo es ein anderer Körper als die Erde sein kann. Die meisten Bezugssysteme der Erde sind planetographisch, die meisten anderer Himmelskörper planetozentrisch.</translation>
     </message>
     <message>
         <source>Longitudes are the same in both. Latitudes differ the more, the more the spheroid is flattened; on a true sphere there is no difference at all.</source>
@@ -1430,15 +1430,15 @@
     </message>
     <message>
         <source>&amp;Zoom to Selected Graphic Elements</source>
-        <translation>Auf gewählte Grafiken &amp;zoomen</translation>
+        <translation>Auf ausgewählte Grafiken &amp;zoomen</translation>
     </message>
     <message>
         <source>Zoom to Selected Graphic Elements</source>
-        <translation>Auf gewählte Grafiken zoomen</translation>
+        <translation>Auf ausgewählte Grafiken zoomen</translation>
     </message>
     <message>
         <source>Zoom to Selected Graphic Elements...</source>
-        <translation>Zeigt die gewählten Grafiken</translation>
+        <translation>Zeigt die ausgewählten Grafiken</translation>
     </message>
     <message>
         <source>&amp;Name Graphic Elements</source>
@@ -1462,7 +1462,7 @@
     </message>
     <message>
         <source>Select annotation items with a click or a rectangle; with Shift, in addition to those that are selected</source>
-        <translation>Wählt Grafiken mit einem Klick oder einem Rechteck aus; mit Umschalt zusätzlich zu den gewählten</translation>
+        <translation>Wählt Grafiken mit einem Klick oder einem Rechteck aus; mit Umschalt zusätzlich zu den ausgewählten</translation>
     </message>
     <message>
         <source>A run from the toolbox is at work: wait for its end, or stop it.</source>
@@ -1910,7 +1910,7 @@
     </message>
     <message>
         <source>A selection of graphic elements, in the document itself; what was selected stays so.</source>
-        <translation>Eine Auswahl von Grafiken, im Dokument selbst; was gewählt war, bleibt es.</translation>
+        <translation>Eine Auswahl von Grafiken, im Dokument selbst; was ausgewählt war, bleibt es.</translation>
     </message>
     <message>
         <source>Add graphic elements of the active view to the selection, by type or name</source>
@@ -1986,7 +1986,7 @@
     </message>
     <message>
         <source>Name the selected elements alone</source>
-        <translation>Nur die gewählten Grafiken benennen</translation>
+        <translation>Nur die ausgewählten Grafiken benennen</translation>
     </message>
     <message>
         <source>Names of graphic elements, in the document itself.</source>
@@ -2058,7 +2058,7 @@
     </message>
     <message>
         <source>Take the selected elements alone</source>
-        <translation>Nur die gewählten Grafiken nehmen</translation>
+        <translation>Nur die ausgewählten Grafiken nehmen</translation>
     </message>
     <message>
         <source>The name; none takes the names away, which --yes confirms</source>
@@ -3397,30 +3397,8 @@ Bailing out...</source>
         <translation>'%1' hat keinen Layer%L2. Es gibt: %3.</translation>
     </message>
     <message>
-        <source>graphic elements will be
-assigned no name (i.e. they will be assigned the empty string for a name).</source>
-        <translation>Grafiken ohne
-Namen bleiben (das heißt: mit einem leeren Text als Namen).</translation>
-    </message>
-    <message>
-        <source>selected graphic elements will
-be assigned no name (i.e. they will be assigned the empty string for a name).</source>
-        <translation>ausgewählten Grafiken ohne
-Namen bleiben (das heißt: mit einem leeren Text als Namen).</translation>
-    </message>
-    <message>
         <source>%1 of %2 named '%3'.</source>
         <translation>%1 von %L2 mit dem Namen '%3'.</translation>
-    </message>
-    <message>
-        <source>Your 'Name' value is an empty string, so your %1
-Any existing name will be removed.
-
-Please click 'OK' to confirm this action, or 'Cancel' to exit without making changes...</source>
-        <translation>Der Name ist leer, so dass %L1
-Vorhandene Namen werden entfernt.
-
-Mit 'OK' bestätigen, mit 'Abbrechen' nichts ändern.</translation>
     </message>
     <message>
         <source>no graphic element is selected.</source>
@@ -4008,7 +3986,7 @@ Mit 'OK' bestätigen, mit 'Abbrechen' nichts ändern.</translation>
     </message>
     <message>
         <source>The field '%1' can't be added %2to</source>
-        <translation>Das Feld '%1' kann nicht angelegt werden %L2:</translation>
+        <translation>Das Feld '%1' kann %L2nicht angelegt werden:</translation>
     </message>
     <message>
         <source>The layer '%1' can't be read: it is no longer in the project.</source>
@@ -4924,7 +4902,7 @@ Diese Geometrie hat das Bezugssystem '%2...</translation>
     </message>
     <message>
         <source>No transformation between the two datums is known here: they are taken for the same, which may be wrong by hundreds of metres.</source>
-        <translation>Zwischen den beiden Datumsangaben ist hier keine Transformation bekannt: sie gelten als gleich, was um Hunderte von Metern falsch sein kann.</translation>
+        <translation>Zwischen dem einen und dem anderen geodätischen Datum ist hier keine Transformation bekannt: sie gelten als gleich, was um Hunderte von Metern falsch sein kann.</translation>
     </message>
     <message>
         <source>That transformation is made for another area than where the data lie: no known one is made for theirs.</source>
@@ -5775,10 +5753,6 @@ Angelegt werden nur Shapefiles oder Featureklassen in %L2File- oder Personal-Geo
         <translation>der Wert des Feldes '%1' von Datensatz %2</translation>
     </message>
     <message>
-        <source>a row of this cursor</source>
-        <translation>ein Datensatz</translation>
-    </message>
-    <message>
         <source>label point</source>
         <translation>Labelpunkt</translation>
     </message>
@@ -5999,6 +5973,46 @@ Angelegt werden nur Shapefiles oder Featureklassen in %L2File- oder Personal-Geo
     <message>
         <source>where</source>
         <translation>eine Bedingung</translation>
+    </message>
+    <message>
+        <source>Your 'Name' value is an empty string, so your %1 selected graphic elements will
+be assigned no name (i.e. they will be assigned the empty string for a name).
+Any existing name will be removed.
+
+Please click 'OK' to confirm this action, or 'Cancel' to exit without making changes...</source>
+        <translation>Der Name ist leer: %1 ausgewählten Grafiken wird der Name genommen.
+
+Mit 'OK' bestätigen, mit 'Abbrechen' nichts ändern.</translation>
+    </message>
+    <message>
+        <source>Your 'Name' value is an empty string, so your %1 graphic elements will be
+assigned no name (i.e. they will be assigned the empty string for a name).
+Any existing name will be removed.
+
+Please click 'OK' to confirm this action, or 'Cancel' to exit without making changes...</source>
+        <translation>Der Name ist leer: %1 Grafiken wird der Name genommen.
+
+Mit 'OK' bestätigen, mit 'Abbrechen' nichts ändern.</translation>
+    </message>
+    <message>
+        <source>The row was not read by this cursor.</source>
+        <translation>Der Datensatz wurde hier nicht gelesen.</translation>
+    </message>
+    <message>
+        <source>numbers are rounded to whole ones.</source>
+        <translation>Zahlen werden auf ganze gerundet.</translation>
+    </message>
+    <message>
+        <source>numbers are rounded to about 7 digits.</source>
+        <translation>Zahlen werden auf etwa 7 Stellen gerundet.</translation>
+    </message>
+    <message>
+        <source>numbers are rounded to %1 decimal.</source>
+        <translation>Zahlen werden auf %1 Dezimalstelle gerundet.</translation>
+    </message>
+    <message>
+        <source>numbers are rounded to %1 decimals.</source>
+        <translation>Zahlen werden auf %1 Dezimalstellen gerundet.</translation>
     </message>
 </context>
 </TS>
