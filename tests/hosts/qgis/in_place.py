@@ -6,6 +6,7 @@ import subprocess
 from osgeo import ogr, osr
 from program_steps import WINDOW, WORK, QgsVectorLayer, child, iface, make_layer
 from qgis.core import QgsApplication, QgsFeature, QgsGeometry, QgsProject
+from qgis.PyQt.QtCore import QTimer
 from qgis.PyQt.QtWidgets import QTableWidget
 from qgis.gui import QgsProcessingToolboxModel, QgsProcessingToolboxProxyModel
 from toolbox import Log, context, rows_of
@@ -158,11 +159,27 @@ def what_stays():
     assert metres.rollBack()
 
 
+def windows_live_on():
+    """However many features there are, windows are drawn meanwhile."""
+    count, beats = 8000, []
+    many = make_layer("MultiPolygon", ["MULTIPOLYGON(((%f 0, %f 5, %f 5, %f 0)))" % (w, w, w + 25, w)
+                                       for w in (170 + n * 1e-3 for n in range(count))], WORK / "many.gpkg", "many")
+    heart = QTimer()
+    heart.timeout.connect(lambda: beats.append(1))
+    heart.start(50)
+    in_place("wrap", many, RANGE="180")
+    # Without turns there would be none.
+    assert len(beats) >= 3, len(beats)
+    heart.stop()
+    assert many.rollBack()
+
+
 def scenario():
     areas = make_layer("MultiPolygon", [CROSSING, WITHIN, FAR_NORTH], WORK / "areas.gpkg", "areas")
     what_is_offered(areas)
     as_the_terminal(areas)
     what_stays()
+    windows_live_on()
     # The layer that the user works in, without naming it.
     lines = make_layer("MultiLineString", ["MULTILINESTRING((175 0, 185 5))"], WORK / "lines.shp", "lines")
     iface.setActiveLayer(lines)

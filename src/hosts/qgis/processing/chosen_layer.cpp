@@ -82,13 +82,13 @@ ChosenLayer::ChosenLayer(const QgsProcessingParameterDefinition& definition, con
   key_ = copied_ == CopiedFields::All ? KeyOf(*layer) : -1;
 }
 
-std::shared_ptr<DocumentFeatureLayer> ChosenLayer::Open(QgsProcessingFeedback& feedback) {
-  auto layer = file_ ? std::make_shared<DocumentFeatureLayer>(FromQt(name_), *file_) : OpenCopy(feedback);
+std::shared_ptr<DocumentFeatureLayer> ChosenLayer::Open(QgsProcessingFeedback& feedback, WindowTurns* turns) {
+  auto layer = file_ ? std::make_shared<DocumentFeatureLayer>(FromQt(name_), *file_) : OpenCopy(feedback, turns);
   if (!layer->Valid()) Raise(kEngine, layer->Problem());
   return layer;
 }
 
-std::shared_ptr<DocumentFeatureLayer> ChosenLayer::OpenCopy(QgsProcessingFeedback& feedback) {
+std::shared_ptr<DocumentFeatureLayer> ChosenLayer::OpenCopy(QgsProcessingFeedback& feedback, WindowTurns* turns) {
   folder_ = std::make_unique<QTemporaryDir>();
   if (!folder_->isValid()) {
     Raise(kPathAccess, "No folder can be made for the work on the layer '" + FromQt(name_) +
@@ -125,6 +125,7 @@ std::shared_ptr<DocumentFeatureLayer> ChosenLayer::OpenCopy(QgsProcessingFeedbac
   QgsFeatureIterator features = rows_->getFeatures(request);
   int count = 0;
   for (QgsFeature read; features.nextFeature(read); ++count) {
+    if (turns != nullptr) turns->Give();
     if (count % kRowsBetweenLooks == 0 && feedback.isCanceled()) throw RunStopped();
     QgsAttributes values;
     values.append(QVariant::fromValue<qlonglong>(read.id()));

@@ -19,6 +19,7 @@
 #include <optional>
 
 #include "hosts/document/document_layer.h"
+#include "hosts/qgis/processing/window_turns.h"
 #include "platform/command_line.h"
 #include "platform/data.h"
 
@@ -35,15 +36,16 @@ class ChosenLayer {
   ChosenLayer(const QgsProcessingParameterDefinition& definition, const QVariantMap& parameters,
               QgsProcessingContext& context, CopiedFields copied = CopiedFields::All);
 
-  /// The layer for a run, on any thread; once. Raises `RunStopped` while a working copy is made.
-  [[nodiscard]] std::shared_ptr<DocumentFeatureLayer> Open(QgsProcessingFeedback& feedback);
+  /// The layer for a run, on any thread; once. `turns`, where there are, are given meanwhile. Raises `RunStopped` while
+  /// a working copy is made.
+  [[nodiscard]] std::shared_ptr<DocumentFeatureLayer> Open(QgsProcessingFeedback& feedback, WindowTurns* turns);
   /// What the run must not write to.
   [[nodiscard]] const DatasetFiles& Files() const { return files_; }
   /// How the terminal names what is read.
   [[nodiscard]] const LayerWords& Words() const { return words_; }
 
  private:
-  [[nodiscard]] std::shared_ptr<DocumentFeatureLayer> OpenCopy(QgsProcessingFeedback& feedback);
+  [[nodiscard]] std::shared_ptr<DocumentFeatureLayer> OpenCopy(QgsProcessingFeedback& feedback, WindowTurns* turns);
 
   QString name_;
   DatasetFiles files_;

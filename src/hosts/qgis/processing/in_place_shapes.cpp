@@ -52,15 +52,17 @@ bool KeepsRecords(const ToolSpec& spec) {
 }
 
 std::size_t InPlaceShapes::Take(QgsVectorLayer& made, const QgsVectorLayer& edited, const QgsFeatureIds& chosen,
-                                const RunJournal& journal, QgsProcessingFeedback& log) {
+                                const RunJournal& journal, QgsProcessingFeedback& log, WindowTurns& turns) {
   const int identifier = made.fields().lookupField(kIdentifier);
   if (identifier < 0) Raise(kEngine, "What was made doesn't tell which features it is of.");
   const std::set<std::int64_t> failed(journal.unmeasured_oids.begin(), journal.unmeasured_oids.end());
   const std::set<std::int64_t> without_shape(journal.skipped_oids.begin(), journal.skipped_oids.end());
+  const QgsWkbTypes::Type type = edited.wkbType();
   Kept kept;
   QgsFeatureIds missing = chosen;
   QgsFeatureIterator rows = made.getFeatures();
   for (QgsFeature row; rows.nextFeature(row);) {
+    turns.Give();
     const QgsFeatureId id = row.attribute(identifier).toLongLong();
     missing.remove(id);
     const QgsGeometry shape = row.geometry();
@@ -68,7 +70,7 @@ std::size_t InPlaceShapes::Take(QgsVectorLayer& made, const QgsVectorLayer& edit
       kept[kFailed].push_back(id);
     } else if (shape.isEmpty()) {
       if (!without_shape.contains(id)) kept[kEmptied].push_back(id);
-    } else if (const auto fitting = shape.coerceToType(edited.wkbType()); fitting.size() == 1) {
+    } else if (const auto fitting = shape.coerceToType(type); fitting.size() == 1) {
       shapes_.insert_or_assign(id, fitting.front());
     } else {
       kept[kNotHeld].push_back(id);
@@ -78,12 +80,14 @@ std::size_t InPlaceShapes::Take(QgsVectorLayer& made, const QgsVectorLayer& edit
   return Tell(kept, log);
 }
 
-QgsFeatureIds InPlaceShapes::Writable(const QgsVectorLayer& edited, const QgsFeatureIds& chosen) const {
+QgsFeatureIds InPlaceShapes::Writable(const QgsVectorLayer& edited, const QgsFeatureIds& chosen,
+                                      WindowTurns& turns) const {
   QgsFeatureIds writable = chosen;
   QgsFeatureRequest request(chosen);
   request.setNoAttributes();
   QgsFeatureIterator rows = edited.getFeatures(request);
   for (QgsFeature row; rows.nextFeature(row);) {
+    turns.Give();
     if (shapes_.contains(row.id()) || !row.hasGeometry()) continue;
     if (row.geometry().coerceToType(edited.wkbType()).size() != 1) writable.remove(row.id());
   }

@@ -9,6 +9,7 @@
 #include <QString>
 #include <map>
 
+#include "hosts/qgis/processing/window_turns.h"
 #include "platform/run_journal.h"
 #include "platform/tool.h"
 
@@ -23,7 +24,7 @@ class InPlaceShapes {
   /// record whose work failed, is left out; the log names the features that therefore stay as they are. Returns how
   /// many they are.
   [[nodiscard]] std::size_t Take(QgsVectorLayer& made, const QgsVectorLayer& edited, const QgsFeatureIds& chosen,
-                                 const RunJournal& journal, QgsProcessingFeedback& log);
+                                 const RunJournal& journal, QgsProcessingFeedback& log, WindowTurns& turns);
 
   /// How many features have new shapes.
   [[nodiscard]] std::size_t Count() const { return shapes_.size(); }
@@ -32,7 +33,8 @@ class InPlaceShapes {
 
   /// Those of these features that the program may write: the ones with a new shape, and the ones whose own shape the
   /// layer's type holds. The program would divide any other into several features.
-  [[nodiscard]] QgsFeatureIds Writable(const QgsVectorLayer& edited, const QgsFeatureIds& chosen) const;
+  [[nodiscard]] QgsFeatureIds Writable(const QgsVectorLayer& edited, const QgsFeatureIds& chosen,
+                                       WindowTurns& turns) const;
 
   /// The column of the run's source that holds the identifiers of the features.
   static const QString kIdentifier;

@@ -86,6 +86,11 @@ std::shared_ptr<IGxDialog> RunHost::CreateGxDialog() { RaiseNoWindows(); }
 
 std::shared_ptr<ISpatialReferenceDialog2> RunHost::CreateSpatialReferenceDialog() { RaiseNoWindows(); }
 
+bool RunHost::StopRequested() const {
+  if (turns_ != nullptr) turns_->Give();
+  return log_.isCanceled();
+}
+
 void RunHost::Announce(const std::string& text) { log_.pushWarning(Translated(LinesToQt(text))); }
 
 void RunHost::Tell(const std::string& text, const std::string& title) { log_.pushWarning(Titled(text, title)); }

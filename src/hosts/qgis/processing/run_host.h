@@ -9,6 +9,7 @@
 
 #include "hosts/document/promised_places.h"
 #include "hosts/document/windowless_host.h"
+#include "hosts/qgis/processing/window_turns.h"
 #include "platform/application.h"
 #include "platform/host.h"
 
@@ -26,6 +27,8 @@ class RunHost final : public WindowlessHost {
   explicit RunHost(QgsProcessingFeedback& feedback);
 
   [[nodiscard]] RunSystem& Places() { return system_; }
+  /// Whenever the run asks whether to stop, windows have their turn.
+  void SetTurns(WindowTurns& turns) { turns_ = &turns; }
 
   // IHost
   IOperatingSystem& System() override { return system_; }
@@ -39,7 +42,7 @@ class RunHost final : public WindowlessHost {
   void Tell(const std::string& text, const std::string& title) override;
   /// Yes: whoever named the output and the fields has chosen them. What is agreed to is told.
   [[nodiscard]] bool Ask(RunQuestion question, const std::string& text, const std::string& title) override;
-  [[nodiscard]] bool StopRequested() const override { return log_.isCanceled(); }
+  [[nodiscard]] bool StopRequested() const override;
   bool TakeFault(const TrapSite& site, const Fault& fault) override;
 
   // IMessageBox
@@ -51,6 +54,7 @@ class RunHost final : public WindowlessHost {
  private:
   QgsProcessingFeedback& log_;
   RunSystem system_;
+  WindowTurns* turns_ = nullptr;  // of a run on the thread of the windows
 };
 
 /// Hands the bar's position on as the progress of the run.

@@ -225,6 +225,7 @@ void ToolAlgorithm::MoveInPlace(const QVariantMap& parameters, QgsProcessingCont
     if (!turn.Taken()) Raise(kInvalidCall, "Another run of the suite is at work: wait for its end.");
     ChosenLayer layer(source, parameters, context, CopiedFields::Identifiers);
     ToolRun run(tool_, feedback);
+    run.SetTurns(turns_);
     OutputGoal goal(*parameterDefinition(QLatin1String(kOutput)), parameters, context);
     goal.SetShownName(edited->name());
     Arguments arguments = ReadArguments(Spec(), *this, parameters, context);
@@ -235,7 +236,7 @@ void ToolAlgorithm::MoveInPlace(const QVariantMap& parameters, QgsProcessingCont
       RunAndTell(run, std::move(arguments), goal, notes, feedback, [&](RunJournal& journal) {
         if (journal.stopped || journal.output_path.empty()) throw RunStopped();
         if (!edited) Raise(kEngine, "The layer has gone while the run was at work.");
-        notes.SetKept(moved_.Take(*goal.Open(journal.output_path), *edited, chosen, journal, feedback));
+        notes.SetKept(moved_.Take(*goal.Open(journal.output_path), *edited, chosen, journal, feedback, turns_));
         journal.written = static_cast<std::int64_t>(moved_.Count());
       });
     });
@@ -246,10 +247,11 @@ void ToolAlgorithm::MoveInPlace(const QVariantMap& parameters, QgsProcessingCont
     tell(error.what());
   }
   // The program writes the features that are selected now.
-  if (edited) edited->selectByIds(moved_.Writable(*edited, chosen));
+  if (edited) edited->selectByIds(moved_.Writable(*edited, chosen, turns_));
 }
 
 QgsFeatureList ToolAlgorithm::processFeature(const QgsFeature& feature, QgsProcessingContext&, QgsProcessingFeedback*) {
+  turns_.Give();
   return {moved_.Moved(feature)};
 }
 

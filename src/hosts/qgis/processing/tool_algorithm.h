@@ -63,6 +63,7 @@ class ToolAlgorithm final : public QgsProcessingFeatureBasedAlgorithm {
 
   const ITool& tool_;
   bool in_place_ = false;
+  WindowTurns turns_;
   InPlaceShapes moved_;
   std::map<std::string, ChosenLayer, std::less<>> layers_;  // by the parameter's name
 };

@@ -39,7 +39,7 @@ void ToolRun::Run(Arguments arguments, const OutputGoal& goal) {
 }
 
 void ToolRun::Take(const std::string& parameter, ChosenLayer& layer, Arguments& arguments) {
-  const std::shared_ptr<DocumentFeatureLayer> opened = layer.Open(feedback_);
+  const std::shared_ptr<DocumentFeatureLayer> opened = layer.Open(feedback_, turns_);
   document_->Map().AddLayer(opened);
   arguments.Set(parameter, std::shared_ptr<IFeatureLayer>(opened));
   read_.emplace_back(opened->Name(), layer.Files());

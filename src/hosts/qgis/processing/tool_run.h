@@ -28,6 +28,11 @@ class ToolRun {
 
   [[nodiscard]] const std::shared_ptr<DocumentApplication>& Application() const { return application_; }
   [[nodiscard]] RunSystem& Places() { return host_.Places(); }
+  /// Windows have their turn while the run is at work.
+  void SetTurns(WindowTurns& turns) {
+    turns_ = &turns;
+    host_.SetTurns(turns);
+  }
   [[nodiscard]] const RunJournal& Journal() { return host_.Journal(); }
   /// What `Run` returned as the tool's report; empty where there is none.
   [[nodiscard]] const std::string& Report() const { return report_; }
@@ -49,6 +54,7 @@ class ToolRun {
   RunningContextScope running_;
   std::vector<std::pair<std::string, DatasetFiles>> read_;  // the layers' names and what they read
   std::string report_;
+  WindowTurns* turns_ = nullptr;
   std::shared_ptr<MapDocument> document_;
   std::shared_ptr<DocumentApplication> application_;
 };
