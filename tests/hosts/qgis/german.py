@@ -6,7 +6,7 @@ from measuring import click, show_map
 from program_steps import (DATA, WINDOW, WORK, QApplication, QgsProject, QgsVectorLayer, QPushButton, QTest, Qt, QTextEdit,
                            QWidget, action_of, child, choose_line, click_menu, command, expect, iface, press,
                            read_report, type_into, wait_until)
-from qgis.core import QgsApplication, QgsExpression, QgsProcessingContext, QgsRectangle
+from qgis.core import QgsApplication, QgsExpression, QgsProcessingContext, QgsProcessingFeedback, QgsRectangle
 from qgis.PyQt.QtCore import QLocale
 from qgis.PyQt.QtWidgets import QDockWidget, QLabel, QLineEdit, QTableWidget
 
@@ -78,8 +78,9 @@ def refusal(tool, **values):
 
 def refusals():
     layer = QgsProject.instance().mapLayersByName("countries")[0].id()
-    assert refusal("wrap", INPUT=layer) == (False, "'wrap' braucht ein Rechteck: 'Bereich' 180, 'Bereich' 360 oder "
-        "'Grenzen' W,S,O,N, oder ein Dokument, das sich eines merkt."), refusal("wrap", INPUT=layer)
+    assert refusal("wrap", INPUT=layer) == (
+        False, "'wrap' braucht ein Rechteck: 'Bereich' 180, 'Bereich' 360 oder 'Grenzen' W,S,O,N."), refusal(
+            "wrap", INPUT=layer)
     assert refusal("wrap", INPUT=layer, BOUNDS="1,2,x,4")[1] == "Grenzen: Die \u00f6stliche Grenze ist ung\u00fcltig."
     why = refusal("wrap", INPUT=layer, BOUNDS="1,2,3")[1]
     assert why == "'Grenzen' braucht vier Zahlen: West, S\u00fcd, Ost und Nord, wie in 'Grenzen' -90,-90,270,90.", why
@@ -92,6 +93,19 @@ def refusals():
     assert why.endswith("bitte 'Wie die Daten' w\u00e4hlen oder die Halbachsen weglassen."), why
     why = refusal("calculate", INPUT=layer, MEASURE=["Sph. Area"], RADII="2")[1]
     assert why.startswith("Die Halbachsen '2' sind nicht zu verstehen: "), why
+
+
+def log_of_the_toolbox():
+    layer = QgsProject.instance().mapLayersByName("countries")[0]
+    algorithm = QgsApplication.processingRegistry().algorithmById("tessarine:centroids")
+    context, told = QgsProcessingContext(), QgsProcessingFeedback(False)
+    context.setProject(QgsProject.instance())
+    _, done = algorithm.run({"INPUT": layer.id(), "OUTPUT": str(WORK / "centroids.gpkg")}, context, told)
+    log = told.textLog()
+    assert done and "Contains 177 centroids" in log, "the report is as it is written: " + log
+    assert "Dasselbe im Terminal:" in log or "Keine Zeile im Terminal tut dasselbe: " in log, log
+    _, done = algorithm.run({"INPUT": layer.id(), "OUTPUT": str(WORK / "none" / "c.shp")}, context, told)
+    assert not done and "Ausgabe: Die Ausgabe kann nicht angelegt werden:\n" + str(WORK / "none") in told.textLog()[len(log):]
 
 
 def scenario():
@@ -118,6 +132,7 @@ def scenario():
     assert algorithm.name() == "vertices"
     assert action_of(WINDOW.menuBar(), "Tessarine Tools").menu().objectName() == "Tessarine.clsMenu"
     refusals()
+    log_of_the_toolbox()
     end_of_a_run()
     measuring()
     functions()

@@ -2724,7 +2724,7 @@
         <source>Unable to create Feature Class:
 %1 is not a valid workspace...</source>
         <translation>Die Ausgabe kann nicht angelegt werden:
-%1 ist kein Ort dafür.</translation>
+%1 ist kein Ort für eine Ausgabe.</translation>
     </message>
     <message>
         <source>Invalid Output Type:</source>
@@ -5965,10 +5965,6 @@ Angelegt werden nur Shapefiles oder Featureklassen in %L2File- oder Personal-Geo
     <message>
         <source>Total</source>
         <translation>Zusammen</translation>
-    </message>
-    <message>
-        <source>document</source>
-        <translation>Dokument</translation>
     </message>
     <message>
         <source>where</source>
