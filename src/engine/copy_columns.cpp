@@ -59,7 +59,7 @@ CopyColumn ColumnFor(const FieldRef& field, const OGRFieldDefn& source, const Dr
                      bool same_format) {
   CopyColumn column;
   column.field = field;
-  const ColumnStore store = ColumnStoreOf(format.driver);
+  const ColumnStore store = ColumnStoreOf(format.store);
   const OGRFieldType type = source.GetType();
   column.definition = PlainDefinition(source, format, same_format);
   if (IsList(type)) {
@@ -133,7 +133,7 @@ CopyColumns::CopyColumns(const RowTraits& traits, const OGRFeatureDefn& source, 
     columns_[index].definition->SetName(legal[index].c_str());
     if (columns_[index].way != Way::LeftOut) definitions.push_back(columns_[index].definition.get());
   }
-  if (ColumnStoreOf(format.driver) == ColumnStore::PersonalGeodatabase) ShareOutRow(definitions);
+  if (ColumnStoreOf(format.store) == ColumnStore::PersonalGeodatabase) ShareOutRow(definitions);
 }
 
 void CopyColumns::TakeForClocks(std::span<const std::string> names, GDALDriver& driver) {

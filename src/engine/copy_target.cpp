@@ -159,7 +159,7 @@ void RemoveLayer(GDALDataset& dataset, const std::string& name) {
   const GdalErrorScope errors;
   for (int index = 0; index < dataset.GetLayerCount(); ++index) {
     if (!EqualsIgnoringCase(dataset.GetLayer(index)->GetName(), name)) continue;
-    if (EQUAL(dataset.GetDriverName(), "PostgreSQL")) {
+    if (FactsOfDriver(dataset.GetDriverName()).server) {
       const std::string dependents = DependentsOf(dataset, dataset.GetLayer(index)->GetName());
       if (!dependents.empty()) {
         RaiseEngineFault("The table '" + name +

@@ -13,6 +13,7 @@
 #include "engine/remote_source.h"
 #include "engine/shapefile_check.h"
 #include "engine/srs_from_gdal.h"
+#include "outputs/driver_facts.h"
 #include "outputs/staged_output.h"
 #include "platform/text_formats.h"
 
@@ -94,7 +95,7 @@ class OgrDataSource final : public DataSource {
     if (!offer.has_shape) {
       RaiseEngineFault("'" + offer.name + "' in '" + path_ + "' is a table without shapes.");
     }
-    if (driver_ == "ESRI Shapefile") CheckInFolder(offer.layer);
+    if (FactsOfDriver(driver_).store == FileStore::Shapefile) CheckInFolder(offer.layer);
     return std::make_shared<OgrFeatureClass>(SourceOf(offer));
   }
   [[nodiscard]] std::shared_ptr<ITable> OpenTable(const std::string& layer) const override {

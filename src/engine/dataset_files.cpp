@@ -8,6 +8,7 @@
 
 #include "engine/engine_fault.h"
 #include "engine/ogr_source.h"
+#include "outputs/driver_facts.h"
 #include "outputs/output_place.h"
 #include "outputs/staged_output.h"
 #include "platform/text_formats.h"
@@ -73,6 +74,7 @@ DatasetHandle OpenIfReadable(const std::string& path) {
 void CollectOpen(GDALDataset& dataset, const std::string& path, const std::string& layer, int depth,
                  DatasetFiles& found) {
   const std::string_view driver = dataset.GetDriverName();
+  const bool is_shapefile = FactsOfDriver(driver).store == FileStore::Shapefile;
   std::error_code error;
   if (driver == "OGR_VRT") {
     CollectVirtualFile(path, layer, depth, found);
@@ -80,12 +82,12 @@ void CollectOpen(GDALDataset& dataset, const std::string& path, const std::strin
   }
   const bool only = layer.empty() && dataset.GetLayerCount() == 1;
   found.classes.push_back(only ? dataset.GetLayer(0)->GetName() : layer);
-  if (driver == "ESRI Shapefile" && fs::is_directory(path, error)) {
+  if (is_shapefile && fs::is_directory(path, error)) {
     if (!layer.empty()) {
       AddShapefile(found, fs::path(path) / (layer + ".shp"));
       return;
     }
-  } else if (driver == "ESRI Shapefile") {
+  } else if (is_shapefile) {
     AddShapefile(found, path);
   }
   const CPLStringList listed(dataset.GetFileList());

@@ -162,9 +162,7 @@ class GeodatabaseDataset final : public IFeatureDataset {
     return IsPersonalGeodatabase(geodatabase_) ? "Personal Geodatabase Feature Dataset"
                                                : "File Geodatabase Feature Dataset";
   }
-  [[nodiscard]] std::shared_ptr<IWorkspace> Workspace() const override {
-    return WorkspaceOf(IsPersonalGeodatabase(geodatabase_) ? "PGeo" : "OpenFileGDB", geodatabase_);
-  }
+  [[nodiscard]] std::shared_ptr<IWorkspace> Workspace() const override { return WorkspaceAt(geodatabase_); }
   [[nodiscard]] std::shared_ptr<IPropertySet> PropertySet() const override { return nullptr; }
   void Delete() override { RaiseEngineFault("The feature dataset '" + name_ + "' can't be deleted from here."); }
 

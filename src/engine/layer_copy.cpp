@@ -354,7 +354,7 @@ DatasetHandle OpenContainer(const OutputPlace& place) {
   try {
     return OpenDataset(place.container, false);
   } catch (const Fault&) {
-    if (place.format->driver != "GPKG") throw;
+    if (place.format->store != FileStore::GeoPackage) throw;
     const auto quietly = [&]() -> DatasetHandle {
       try {
         return OpenDataset(place.container, true);

@@ -32,9 +32,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr const char* kFileGdbDriver = "OpenFileGDB";
-constexpr const char* kPersonalDriver = "PGeo";
-
 class DatasetProperties final : public IPropertySet {
  public:
   explicit DatasetProperties(bool compressed) : compressed_(compressed) {}
@@ -84,8 +81,6 @@ std::string ShapefileOf(const OgrSource& source) {
   return path.string();
 }
 
-bool StoresCurves(const std::string& driver) { return driver == "GPKG" || driver == "OpenFileGDB"; }
-
 esriGeometryType LayerShapeType(const OgrSource& source, OGRLayer& layer) {
   if (source.Kind()) return *source.Kind();
   return ShapeTypeOf(layer.GetGeomType());
@@ -115,14 +110,13 @@ void TellTexts(const OgrSource& source, const Fields& fields) {
   }
 }
 
-// The drivers of databases write the names of columns that are added later in small letters.
-void KeepSpelling(const std::string& driver, const LayerHandle& handle, const OGRFieldDefn& wished) {
-  if (driver != "PostgreSQL" && driver != "SQLite") return;
+void KeepSpelling(const Format& format, const LayerHandle& handle, const OGRFieldDefn& wished) {
+  if (!format.small_letters) return;
   OGRLayer& layer = handle.Layer();
   const OGRFeatureDefn& made = *layer.GetLayerDefn();
   const std::string name = made.GetFieldDefn(made.GetFieldCount() - 1)->GetNameRef();
   if (name == wished.GetNameRef() || !EqualsIgnoringCase(name, wished.GetNameRef())) return;
-  const std::string table = driver == "PostgreSQL" ? SqlTable(layer.GetName()) : SqlName(layer.GetName());
+  const std::string table = format.server ? SqlTable(layer.GetName()) : SqlName(layer.GetName());
   // Where it can't be renamed, the column stands under the driver's spelling.
   const GdalErrorScope quiet;
   RunSql(handle.Dataset(),
@@ -136,21 +130,21 @@ OgrClass::OgrClass(std::shared_ptr<OgrSource> source) : source_(std::move(source
 void OgrClass::ReadTraits() {
   const LayerHandle handle = source_->Read();
   driver_ = handle.Dataset().GetDriverName();
-  const ColumnStore store = ColumnStoreOf(driver_);
+  facts_ = FactsOfDriver(driver_);
+  const ColumnStore store = ColumnStoreOf(facts_.store);
   OGRLayer& layer = handle.Layer();
   auto traits = std::make_shared<RowTraits>();
   traits->store = store;
   traits->shape_type = LayerShapeType(*source_, layer);
   traits->reference = ReferenceFromOgr(layer.GetSpatialRef());
   traits->fields = MapFields(layer, traits->shape_type, traits->reference, store);
-  const bool in_utc = driver_ == "GPKG" || store == ColumnStore::FileGeodatabase;
-  traits->writer = AttributeWriter(*layer.GetLayerDefn(), store, in_utc);
+  traits->writer = AttributeWriter(*layer.GetLayerDefn(), store, facts_.utc);
   if (store == ColumnStore::FileGeodatabase) TellTexts(*source_, *traits->fields.fields);
   if (store == ColumnStore::Dbase) traits->wide_numbers = WideNumbers::Open(*source_, layer);
-  traits->curves = StoresCurves(driver_);
+  traits->curves = facts_.curves;
   const OGRwkbGeometryType type = OGR_GT_Flatten(layer.GetGeomType());
   const bool multiple = type == wkbMultiPoint || type == wkbMultiLineString || type == wkbMultiPolygon;
-  if (driver_ == "GPKG" && multiple) traits->only_multiple = type;
+  if (facts_.store == FileStore::GeoPackage && multiple) traits->only_multiple = type;
   traits_ = std::move(traits);
 }
 
@@ -177,7 +171,7 @@ void OgrClass::AddFields(std::span<const FieldRef> fields) {
 }
 
 void OgrClass::AddAllFields(std::span<const FieldRef> fields) {
-  if (driver_ == "ESRI Shapefile") {
+  if (facts_.store == FileStore::Shapefile) {
     if (const std::size_t added = AddDbaseColumns(*source_, fields); added > 0) {
       source_->Renew();
       ReadTraits();
@@ -185,7 +179,7 @@ void OgrClass::AddAllFields(std::span<const FieldRef> fields) {
     }
   }
   for (const FieldRef& field : fields) {
-    if (driver_ == "ESRI Shapefile") CheckDbaseName(source_->Path(), *field);
+    if (facts_.store == FileStore::Shapefile) CheckDbaseName(source_->Path(), *field);
     CreateField(*field);
     // Formats with short names cut a longer one.
     if (FindField(field->Name) >= 0) continue;
@@ -202,12 +196,12 @@ void OgrClass::CreateField(const Field& field) {
   const GdalErrorScope errors;
   {
     const LayerHandle handle = source_->Write();
-    const auto definition = OgrFieldOf(field, ColumnStoreOf(driver_));
+    const auto definition = OgrFieldOf(field, ColumnStoreOf(facts_.store));
     if (handle.Layer().CreateField(definition.get()) != OGRERR_NONE || errors.Failed()) {
       RaiseEngineFault("The field '" + field.Name + "' can't be added to '" + source_->Path() + "'" + errors.Quote() +
                        WayOut(source_->Path(), errors.Text()));
     }
-    KeepSpelling(driver_, handle, *definition);
+    KeepSpelling(facts_, handle, *definition);
   }
   ReadTraits();
 }
@@ -215,7 +209,7 @@ void OgrClass::CreateField(const Field& field) {
 std::string OgrClass::Name() const { return source_->LayerName(); }
 
 std::string OgrClass::FullName() const {
-  if (driver_ != "ESRI Shapefile") return FromNativePath(source_->Path() + "/" + source_->LayerName());
+  if (facts_.store != FileStore::Shapefile) return FromNativePath(source_->Path() + "/" + source_->LayerName());
   // A shapefile is a file of its own, even where its folder was opened.
   fs::path file = source_->Path();
   if (fs::is_directory(file))
@@ -225,21 +219,22 @@ std::string OgrClass::FullName() const {
 
 std::string OgrClass::Category() const { return CategoryOf(driver_); }
 
-std::shared_ptr<IWorkspace> OgrClass::Workspace() const { return WorkspaceOf(driver_, source_->Path()); }
+std::shared_ptr<IWorkspace> OgrClass::Workspace() const { return WorkspaceOf(facts_, source_->Path()); }
 
 std::shared_ptr<IPropertySet> OgrClass::PropertySet() const {
-  return std::make_shared<DatasetProperties>(driver_ == kFileGdbDriver && HoldsCompressedTables(source_->Path()));
+  return std::make_shared<DatasetProperties>(facts_.store == FileStore::FileGeodatabase &&
+                                             HoldsCompressedTables(source_->Path()));
 }
 
 void OgrClass::Delete() {
-  if (driver_ == "ESRI Shapefile") {
+  if (facts_.store == FileStore::Shapefile) {
     source_->Renew();
     DeleteShapefile(ToNativePath(FullName()));
     return;
   }
-  if (driver_ == kFileGdbDriver) {
+  if (facts_.store == FileStore::FileGeodatabase) {
     EditFileGdb(source_->Path(), [&](FileGdbEdit&) { DeleteLayer(); });
-  } else if (driver_ == kPersonalDriver) {
+  } else if (facts_.store == FileStore::PersonalGeodatabase) {
     EditPersonalGeodatabase(source_->Path(), [&](jet::Database&) { DeleteLayer(); });
   } else {
     DeleteLayer();
@@ -262,7 +257,7 @@ void OgrClass::DeleteLayer() {
 bool OgrClass::CanBypassEditSession() const {
   // Of others the library rewrites the whole file, shapes included, and a new field is lost as long as it holds
   // nothing.
-  if (!FactsOfDriver(driver_).rows_in_place) return false;
+  if (!facts_.rows_in_place) return false;
   // SQLite opens a file for writing also where that isn't allowed.
   std::error_code error;
   const std::string& path = source_->DataPath();
@@ -307,16 +302,16 @@ void OgrClass::RowsChange() const {
 }
 
 std::shared_ptr<IEdit> OgrClass::BeginEdit() {
-  if (driver_ == "ESRI Shapefile") {
+  if (facts_.store == FileStore::Shapefile) {
     std::shared_ptr<IEdit> edit = LockShapefile(ShapefileOf(*source_));
     // Another run may have changed it until now.
     source_->Renew();
     ReadTraits();
     return edit;
   }
-  if (driver_ == kPersonalDriver)
+  if (facts_.store == FileStore::PersonalGeodatabase)
     return std::make_shared<PersonalGeodatabaseEdit>(PersonalEdit::Begin(source_->Path()));
-  if (driver_ != kFileGdbDriver) return nullptr;
+  if (facts_.store != FileStore::FileGeodatabase) return nullptr;
   return std::make_shared<GeodatabaseEdit>(FileGdbEdit::Begin(source_->Path()));
 }
 
@@ -338,7 +333,8 @@ std::int32_t OgrClass::CountRows(const QueryFilter* filter) const {
     }
     // The driver counts records that it will not read.
     const bool all = filter == nullptr || filter->WhereClause.empty();
-    if (driver_ == "ESRI Shapefile" && all) count -= std::min(count, CountDeletedRecords(FindDbaseTable(*source_)));
+    if (facts_.store == FileStore::Shapefile && all)
+      count -= std::min(count, CountDeletedRecords(FindDbaseTable(*source_)));
   }
   if (count > std::numeric_limits<std::int32_t>::max()) {
     Raise(kOverflow, "'" + source_->Path() + "' holds more rows than can be counted.");

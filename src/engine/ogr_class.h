@@ -43,7 +43,8 @@ class OgrClass : public virtual IClass,
   [[nodiscard]] bool CanBypassEditSession() const override;
   [[nodiscard]] DatasetFiles Files() const override;
 
-  [[nodiscard]] const std::string& DriverName() const { return driver_; }
+  /// What is known of the format that it stands in.
+  [[nodiscard]] const Format& FormatFacts() const { return facts_; }
   [[nodiscard]] const std::shared_ptr<OgrSource>& Source() const { return source_; }
   [[nodiscard]] std::shared_ptr<const RowTraits> Traits() const { return traits_; }
   void StoreRow(const OgrRow& row);
@@ -73,6 +74,7 @@ class OgrClass : public virtual IClass,
   std::shared_ptr<OgrSource> source_;
   std::shared_ptr<const RowTraits> traits_;
   std::string driver_;
+  Format facts_;
 };
 
 class OgrFeatureClass : public FeaturesOver<OgrClass> {

@@ -161,10 +161,17 @@ void DefineWhole64(const Field& field, ColumnStore store, OGRFieldDefn& definiti
 
 }  // namespace
 
-ColumnStore ColumnStoreOf(std::string_view driver) {
-  if (driver == "ESRI Shapefile") return ColumnStore::Dbase;
-  if (driver == "PGeo") return ColumnStore::PersonalGeodatabase;
-  return driver == "OpenFileGDB" ? ColumnStore::FileGeodatabase : ColumnStore::Other;
+ColumnStore ColumnStoreOf(FileStore store) {
+  switch (store) {
+    case FileStore::Shapefile:
+      return ColumnStore::Dbase;
+    case FileStore::FileGeodatabase:
+      return ColumnStore::FileGeodatabase;
+    case FileStore::PersonalGeodatabase:
+      return ColumnStore::PersonalGeodatabase;
+    default:
+      return ColumnStore::Other;
+  }
 }
 
 FieldMap MapFields(OGRLayer& layer, esriGeometryType shape_type, const SpatialReferenceRef& reference,

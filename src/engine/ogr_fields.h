@@ -5,8 +5,8 @@
 #include <ogrsf_frmts.h>
 
 #include <memory>
-#include <string_view>
 
+#include "outputs/formats.h"
 #include "platform/field.h"
 #include "platform/variant.h"
 
@@ -14,7 +14,7 @@ namespace tessarine::engine {
 
 /// The formats whose columns have ways of their own.
 enum class ColumnStore : std::uint8_t { Dbase, FileGeodatabase, PersonalGeodatabase, Other };
-[[nodiscard]] ColumnStore ColumnStoreOf(std::string_view driver);
+[[nodiscard]] ColumnStore ColumnStoreOf(FileStore store);
 
 /// The fields of a layer: the identifier first, the shape second where there is one, then the attributes. Names that
 /// are made up for the identifier and the shape are none of an attribute's.

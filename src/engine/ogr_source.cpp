@@ -15,6 +15,7 @@
 #include "engine/personal_geodatabase_edit.h"
 #include "engine/reading_warnings.h"
 #include "engine/remote_source.h"
+#include "outputs/driver_facts.h"
 #include "outputs/way_out.h"
 
 namespace tessarine::engine {
@@ -257,10 +258,7 @@ LayerHandle::LayerHandle(std::shared_ptr<OgrSource> source, DatasetHandle datase
   }
 }
 
-bool LayerHandle::IsDatabase() const {
-  const std::string_view driver = dataset_->GetDriverName();
-  return driver == "GPKG" || driver == "SQLite";
-}
+bool LayerHandle::IsDatabase() const { return FactsOfDriver(dataset_->GetDriverName()).sqlite; }
 
 bool LayerHandle::IsFileBeingWritten() const { return source_->file_->writers > 0; }
 

@@ -17,7 +17,7 @@ StagedFeatureClass::StagedFeatureClass(std::unique_ptr<StagedOutput> staged, con
 void StagedFeatureClass::Publish() {
   if (!staged_) Raise(kInvalidCall, "'" + Name() + "' was published or given up already.");
   const std::string layer = Source()->LayerName();
-  const bool is_package = DriverName() == "GPKG";
+  const bool is_package = FormatFacts().store == FileStore::GeoPackage;
   Source()->Renew();
   if (is_package) {
     WorkAside([&] { IndexPackageLayer(staged_->Path(), layer); });

@@ -12,14 +12,19 @@ namespace {
 // Up to this share of the rows, each is fetched by its identifier; above it, all rows are read in order.
 constexpr double kFetchShare = 0.1;
 
-constexpr const char* kFileGdbDriver = "OpenFileGDB";
-
 std::unique_ptr<AttributeUpdate> OpenUpdate(const OgrClass& owner, const LayerHandle& handle) {
-  if (owner.DriverName() == "ESRI Shapefile") return OpenDbaseUpdate(*owner.Source(), handle.Layer());
-  if (owner.DriverName() == "GPKG") return OpenGeoPackageUpdate(handle.Dataset(), handle.Layer());
-  if (owner.DriverName() == kFileGdbDriver) return OpenFileGdbUpdate(*owner.Source(), handle.Layer());
-  if (owner.DriverName() == "PGeo") return OpenPersonalUpdate(handle.Layer());
-  return nullptr;
+  switch (owner.FormatFacts().store) {
+    case FileStore::Shapefile:
+      return OpenDbaseUpdate(*owner.Source(), handle.Layer());
+    case FileStore::GeoPackage:
+      return OpenGeoPackageUpdate(handle.Dataset(), handle.Layer());
+    case FileStore::FileGeodatabase:
+      return OpenFileGdbUpdate(*owner.Source(), handle.Layer());
+    case FileStore::PersonalGeodatabase:
+      return OpenPersonalUpdate(handle.Layer());
+    default:
+      return nullptr;
+  }
 }
 
 }  // namespace
@@ -70,7 +75,7 @@ void UpdatingCursor::UpdateRow(const std::shared_ptr<IRow>& row) {
 }
 
 void UpdatingCursor::WriteWhole(const OgrRow& row) {
-  if (Owner()->DriverName() == kFileGdbDriver) {
+  if (Owner()->FormatFacts().store == FileStore::FileGeodatabase) {
     WriteWholeToFileGdb(row);
     return;
   }

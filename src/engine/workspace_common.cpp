@@ -9,6 +9,7 @@
 #include "engine/ogr_fields.h"
 #include "engine/personal_geodatabase_values.h"
 #include "engine/srs_from_gdal.h"
+#include "outputs/driver_facts.h"
 #include "outputs/staged_output.h"
 #include "platform/paths.h"
 
@@ -44,10 +45,14 @@ OGRwkbGeometryType OgrTypeOf(esriGeometryType type, LayerShapes shapes) {
 
 }  // namespace
 
-std::shared_ptr<IWorkspace> WorkspaceOf(const std::string& driver, const std::string& native_path) {
-  const bool is_container = driver == "OpenFileGDB" || driver == "PGeo" || fs::is_directory(native_path);
+std::shared_ptr<IWorkspace> WorkspaceAt(const std::string& native_path) {
+  return std::make_shared<PlainWorkspace>(FromNativePath(native_path));
+}
+
+std::shared_ptr<IWorkspace> WorkspaceOf(const Format& format, const std::string& native_path) {
+  const bool is_container = format.feature_datasets || fs::is_directory(native_path);
   const std::string place = is_container ? native_path : fs::path(native_path).parent_path().string();
-  return std::make_shared<PlainWorkspace>(FromNativePath(place));
+  return WorkspaceAt(place);
 }
 
 void DeleteShapefile(const std::string& native_path) {
@@ -71,7 +76,7 @@ std::string CreateLayer(GDALDataset& dataset, const NewClass& request, CPLString
   const GeometryDef& shape = ShapeDefinition(request);
   OgrReference reference;
   if (shape.SpatialReference) reference = OgrFromReference(*shape.SpatialReference);
-  const ColumnStore store = ColumnStoreOf(dataset.GetDriverName());
+  const ColumnStore store = ColumnStoreOf(FactsOfDriver(dataset.GetDriverName()).store);
   const GdalErrorScope errors;
   const OGRwkbGeometryType one_kind = OgrTypeOf(shape.GeometryType, shapes);
   OGRLayer* layer = dataset.CreateLayer(request.name.c_str(), reference.get(),

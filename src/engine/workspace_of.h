@@ -5,11 +5,14 @@
 #include <memory>
 #include <string>
 
+#include "outputs/formats.h"
 #include "platform/data.h"
 
 namespace tessarine::engine {
 
-/// The workspace that a dataset of this driver lies in: the folder of a file, or the geodatabase.
-[[nodiscard]] std::shared_ptr<IWorkspace> WorkspaceOf(const std::string& driver, const std::string& native_path);
+/// The workspace that a dataset of this format lies in: the folder of a file, or the geodatabase.
+[[nodiscard]] std::shared_ptr<IWorkspace> WorkspaceOf(const Format& format, const std::string& native_path);
+/// That of a geodatabase.
+[[nodiscard]] std::shared_ptr<IWorkspace> WorkspaceAt(const std::string& native_path);
 
 }  // namespace tessarine::engine

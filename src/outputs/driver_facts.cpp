@@ -27,7 +27,7 @@ Format FactsOfDriver(std::string_view driver) {
   const auto other = std::ranges::find(kOtherDrivers, driver, &Format::driver);
   if (other != kOtherDrivers.end()) return *other;
   const Format* row = FormatOfDriver(driver);
-  if (row == nullptr) return {.driver = driver};
+  if (row == nullptr) return {};
   Format facts = *row;
   facts.kind = 0;
   facts.updated_in_place = false;

@@ -50,14 +50,18 @@ enum class StampPlace : std::uint8_t {
   Documentation,  ///< a text of XML
 };
 
+/// Formats whose files the engine's own code changes, beside its library.
+enum class FileStore : std::uint8_t { Other, Shapefile, FileGeodatabase, PersonalGeodatabase, GeoPackage };
+
 struct Format {
   std::string_view name = {};      ///< as documents remember it: "File Geodatabase"
   std::string_view category = {};  ///< of its classes in a catalog: "File Geodatabase Feature Class"
   std::string_view ending = {};    ///< ".gdb"
   std::string_view driver = {};    ///< of the engine's library
   std::int32_t kind = 0;           ///< the number that dialogs keep while they are open
-  bool container = false;          ///< one file or folder holds several classes, each under a name
-  bool folder = false;             ///< a container that is a folder
+  FileStore store = FileStore::Other;
+  bool container = false;  ///< one file or folder holds several classes, each under a name
+  bool folder = false;     ///< a container that is a folder
   bool writable = false;
   bool updated_in_place = false;  ///< new classes are made in it at once, not by way of a GeoPackage
   bool rows_in_place = false;     ///< rows that stand in it are reached one by one
@@ -83,6 +87,10 @@ struct Format {
   bool reference_beside = false;    ///< the reference stands in a file of its own, ".prj"
   bool without_reference = false;   ///< nothing in the file tells what its coordinates refer to
   bool server = false;              ///< a container that is no file
+  bool sqlite = false;              ///< a file of SQLite: who reads rows of it keeps others from writing
+  bool small_letters = false;       ///< the library writes the names of columns that are added later in small letters
+  bool curves = false;              ///< arcs are kept as arcs
+  bool utc = false;                 ///< times that know their zone are kept in UTC
   bool stream = false;              ///< can be written to a pipe
   bool own_driver = false;          ///< the suite writes it; the library's driver of this name only reads
   std::size_t most_fields = 0;      ///< in a class, beside its own columns; 0 for no limit

@@ -47,6 +47,22 @@ TEST(Formats, DriversWhoseRowsAreReachedOneByOne) {
   }
 }
 
+// Each has its own code for rows that stand, and GDAL's would do damage there or take its time.
+TEST(Formats, DriversWhoseFilesTheSuiteChangesItself) {
+  struct Row {
+    const char* driver;
+    FileStore store;
+  };
+  for (const Row& row :
+       {Row{"ESRI Shapefile", FileStore::Shapefile}, Row{"OpenFileGDB", FileStore::FileGeodatabase},
+        Row{"PGeo", FileStore::PersonalGeodatabase}, Row{"GPKG", FileStore::GeoPackage},
+        Row{"SQLite", FileStore::Other}, Row{"GeoJSON", FileStore::Other}, Row{"Nobody's", FileStore::Other}}) {
+    EXPECT_EQ(FactsOfDriver(row.driver).store, row.store) << row.driver;
+  }
+  for (const char* driver : {"GPKG", "SQLite"}) EXPECT_TRUE(FactsOfDriver(driver).sqlite) << driver;
+  for (const char* driver : {"OpenFileGDB", "PostgreSQL"}) EXPECT_FALSE(FactsOfDriver(driver).sqlite) << driver;
+}
+
 TEST(Formats, OtherEndingsOfADriverKeepWhatItsRowTells) {
   const Format kmz = FactsOfDriver("LIBKML");
   EXPECT_TRUE(kmz.clean_texts && kmz.degrees);

@@ -13,6 +13,7 @@
 
 #include "hosts/qgis/values.h"
 #include "hosts/windows/qt_text.h"
+#include "outputs/driver_facts.h"
 #include "platform/fault.h"
 #include "platform/free_name.h"
 #include "platform/stored_class.h"
@@ -92,7 +93,7 @@ std::string FreeName(const std::string& name, const QgsFields& fields) {
 FieldRef OidField(const QgsVectorLayer& layer, int identifier) {
   const QgsFields fields = layer.fields();
   if (identifier >= 0) return StoredOidField(FromQt(fields.at(identifier).name()));
-  const bool shapefile = layer.storageType() == QStringLiteral("ESRI Shapefile");
+  const bool shapefile = FactsOfLayer(layer).store == FileStore::Shapefile;
   return StoredOidField(FreeName(shapefile ? "FID" : "OBJECTID", fields));
 }
 
@@ -246,7 +247,6 @@ QVariant::Type NextBest(QVariant::Type type) {
 }
 
 // Databases also have decimal numbers, whose places before the point run out, and numbers of half the precision.
-constexpr QLatin1String kDbaseStorage{"ESRI Shapefile"};
 constexpr const char* kDoubleTypes[] = {"double precision", "double", "binary_double", "float8", "float"};
 
 std::ptrdiff_t RankOfType(const QString& name) {
@@ -262,6 +262,8 @@ int Clamped(int wanted, int least, int most) {
 }
 
 }  // namespace
+
+Format FactsOfLayer(const QgsVectorLayer& layer) { return FactsOfDriver(FromQt(layer.storageType())); }
 
 int Columns::AttributeOf(std::int32_t index) const {
   if (index < 0 || static_cast<std::size_t>(index) >= attributes.size()) {
@@ -356,7 +358,7 @@ QgsField NewFieldFor(const Field& field, const QgsVectorDataProvider& provider) 
       // A double that is given a width would be kept as a decimal number of no more digits than that, or rounded to
       // them. In dBASE tables it is one.
       const bool has_double = type == QVariant::Double && RankOfType(native.mTypeName) < std::ssize(kDoubleTypes) &&
-                              provider.storageType() != kDbaseStorage;
+                              FactsOfDriver(FromQt(provider.storageType())).store != FileStore::Shapefile;
       if (has_double) return {ToQt(field.Name), type, native.mTypeName, 0, 0};
       const int length = Clamped(text ? field.Length : field.Precision, native.mMinLen, native.mMaxLen);
       const int decimals = text ? 0 : Clamped(field.Scale, native.mMinPrec, native.mMaxPrec);

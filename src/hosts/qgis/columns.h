@@ -8,6 +8,7 @@
 #include <QVariant>
 #include <vector>
 
+#include "outputs/formats.h"
 #include "platform/field.h"
 #include "platform/value_change.h"
 #include "platform/variant.h"
@@ -25,6 +26,9 @@ struct Columns {
   /// The layer's index; fault 5 outside the list.
   [[nodiscard]] int AttributeOf(std::int32_t index) const;
 };
+
+/// What is known of the format that the layer is kept in.
+[[nodiscard]] Format FactsOfLayer(const QgsVectorLayer& layer);
 
 /// Whether values of the field are kept with the row: those of the data and those added in an edit session, not joined
 /// and calculated ones.

@@ -128,7 +128,7 @@ std::shared_ptr<const LayerTraits> LayerClass::Traits() const {
   traits->fields = layer.fields();
   traits->shape_type = ShapeTypeOf(layer.wkbType());
   traits->reference = ReferenceOf(layer.crs());
-  traits->dbase = layer.storageType() == QStringLiteral("ESRI Shapefile");
+  traits->dbase = FactsOfLayer(layer).store == FileStore::Shapefile;
   traits_ = std::move(traits);
   return traits_;
 }
@@ -228,7 +228,7 @@ std::string LayerClass::FullName() const {
   const QgsVectorLayer& layer = Layer();
   const FilePlace place = PlaceOf(layer);
   if (place.path.isEmpty()) return FromQt(layer.providerType()) + ": " + FromQt(layer.name());
-  const bool shapefile = layer.storageType() == QStringLiteral("ESRI Shapefile");
+  const bool shapefile = FactsOfLayer(layer).store == FileStore::Shapefile;
   return FromNativePath(FromQt(shapefile ? place.path : place.path + '/' + place.layer));
 }
 
@@ -238,7 +238,7 @@ std::string LayerClass::Category() const {
 }
 
 std::shared_ptr<IWorkspace> LayerClass::Workspace() const {
-  return engine::WorkspaceOf(FromQt(Layer().storageType()), FromQt(PlaceOf(Layer()).path));
+  return engine::WorkspaceOf(FactsOfLayer(Layer()), FromQt(PlaceOf(Layer()).path));
 }
 
 std::shared_ptr<IPropertySet> LayerClass::PropertySet() const { return std::make_shared<NoProperties>(); }

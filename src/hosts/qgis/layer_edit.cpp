@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "engine/data_source.h"
+#include "hosts/qgis/columns.h"
 #include "hosts/qgis/json_numbers.h"
 #include "hosts/qgis/layer_file.h"
 #include "hosts/qgis/values.h"
@@ -13,8 +14,6 @@
 namespace tessarine::qgis {
 namespace {
 
-// GDAL's own way damages them.
-const QString kFileGeodatabase = QStringLiteral("OpenFileGDB");
 const QString kCommandTitle = QStringLiteral("Calculate Geometry");
 
 /// One command of a layer that is being edited; one that has changed nothing leaves nothing to undo.
@@ -108,15 +107,15 @@ std::shared_ptr<IFeatureClass> StoredClassOf(const QgsVectorLayer& layer) {
     const auto info = Cast<IObjectClassInfo2>(stored);
     return info && info->CanBypassEditSession() && IsSame(*stored, layer) ? stored : nullptr;
   } catch (const Fault&) {
-    if (layer.storageType() == kFileGeodatabase) throw;
+    // GDAL's own way damages them.
+    if (FactsOfLayer(layer).store == FileStore::FileGeodatabase) throw;
     return nullptr;
   }
 }
 
 // Databases let several write; a file of another kind is written anew, and who has it open for editing overwrites that.
 void RequireNoOtherEditor(const QgsVectorLayer& layer) {
-  const QString storage = layer.storageType();
-  if (storage == QStringLiteral("GPKG") || storage == QStringLiteral("SQLite")) return;
+  if (FactsOfLayer(layer).sqlite) return;
   for (const QgsVectorLayer* other : OthersOfFile(layer)) {
     if (!other->isEditable()) continue;
     Raise(kInvalidCall, "The layer '" + FromQt(other->name()) + "' shows the same file as '" + FromQt(layer.name()) +
