@@ -52,26 +52,26 @@ std::optional<NewGrid> GridFor(const Envelope& extent, GridUnit unit, double siz
   // Steps are multiples of ten, none wider than those of a metre or degree.
   const double finer = std::pow(10.0, std::max(std::ceil(std::log10(size)), 0.0));
   if (extent.IsEmpty()) {
-    if (unit == GridUnit::kUnknown) return MakeGrid(kLengthOrigin, kLengthOrigin, kUnknownScale);
+    if (unit == GridUnit::Unknown) return MakeGrid(kLengthOrigin, kLengthOrigin, kUnknownScale);
     if (finer == 1.0) return std::nullopt;
-    const double origin = unit == GridUnit::kDegrees ? kDegreeOrigin : std::floor(kLengthOrigin / finer);
-    return MakeGrid(origin, origin, finer * (unit == GridUnit::kDegrees ? kDegreeScale : kLengthScale));
+    const double origin = unit == GridUnit::Degrees ? kDegreeOrigin : std::floor(kLengthOrigin / finer);
+    return MakeGrid(origin, origin, finer * (unit == GridUnit::Degrees ? kDegreeScale : kLengthScale));
   }
   const double room = std::max({extent.Width(), extent.Height(), kLeastRoom});
   const Envelope wide(extent.XMin() - room, extent.YMin() - room, extent.XMax() + room, extent.YMax() + room);
   if (!std::isfinite(room) || !std::isfinite(wide.XMin()) || !std::isfinite(wide.YMin())) return std::nullopt;
   const NewGrid degrees = MakeGrid(kDegreeOrigin, kDegreeOrigin, kDegreeScale);
-  if (unit != GridUnit::kLength && finer == 1.0 && Fits(degrees.grid, extent)) {
-    if (unit == GridUnit::kDegrees) return std::nullopt;
+  if (unit != GridUnit::Length && finer == 1.0 && Fits(degrees.grid, extent)) {
+    if (unit == GridUnit::Degrees) return std::nullopt;
     return degrees;
   }
   if (finer != 1.0) {
     const NewGrid usual = *GridFor({}, unit, size);
     if (Fits(usual.grid, wide)) return usual;
-  } else if (unit == GridUnit::kLength && Fits({kLengthOrigin, kLengthOrigin, kLengthScale}, wide)) {
+  } else if (unit == GridUnit::Length && Fits({kLengthOrigin, kLengthOrigin, kLengthScale}, wide)) {
     return std::nullopt;
   }
-  double scale = finer * (unit == GridUnit::kLength ? kLengthScale : kDegreeScale);
+  double scale = finer * (unit == GridUnit::Length ? kLengthScale : kDegreeScale);
   const double x_origin = std::floor(wide.XMin()), y_origin = std::floor(wide.YMin());
   while (scale > 0.0 && !Fits({x_origin, y_origin, scale}, wide)) scale /= 10.0;
   if (scale < kLeastScale) return GridFor({}, unit, size);
@@ -82,11 +82,11 @@ std::optional<NewGrid> GridFor(const Envelope& extent, const SpatialReferenceRef
   constexpr double kDegree = std::numbers::pi / 180.0, kSameUnit = 1e-9;
   if (const auto geographic = Cast<const GeographicCoordinateSystem>(reference)) {
     const double degrees = geographic->CoordinateUnit().ConversionFactor / kDegree;
-    return GridFor(extent, GridUnit::kDegrees, std::fabs(degrees - 1.0) < kSameUnit ? 1.0 : degrees);
+    return GridFor(extent, GridUnit::Degrees, std::fabs(degrees - 1.0) < kSameUnit ? 1.0 : degrees);
   }
   const auto projected = Cast<const ProjectedCoordinateSystem>(reference);
-  return projected ? GridFor(extent, GridUnit::kLength, projected->CoordinateUnit().ConversionFactor)
-                   : GridFor(extent, GridUnit::kUnknown);
+  return projected ? GridFor(extent, GridUnit::Length, projected->CoordinateUnit().ConversionFactor)
+                   : GridFor(extent, GridUnit::Unknown);
 }
 
 std::optional<GdbGrid> GridOfClass(const std::string& native_path, const std::string& name) {

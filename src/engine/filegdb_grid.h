@@ -13,7 +13,7 @@
 
 namespace tessarine::engine {
 
-enum class GridUnit { kDegrees, kLength, kUnknown };
+enum class GridUnit { Degrees, Length, Unknown };
 
 struct NewGrid {
   GdbGrid grid;

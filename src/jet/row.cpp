@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <ranges>
 
 namespace tessarine::jet {
 namespace {
@@ -199,7 +200,7 @@ Bytes PackRow(const TableDefinition& table, const RowValues& values) {
       AppendBytes(row, bytes);
     }
     Append16(row, row.size());
-    for (auto place = places.rbegin(); place != places.rend(); ++place) Append16(row, *place);
+    for (const std::size_t place : std::views::reverse(places)) Append16(row, place);
     Append16(row, places.size());
   }
   AppendBytes(row, mask);

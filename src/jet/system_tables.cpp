@@ -187,12 +187,12 @@ void MakeSystemPages(PageFile& file, FreePages& free_pages) {
 }
 
 void FillSystemTables(Table& objects, Table& permissions, double date) {
-  const ObjectRow kObjects[] = {
+  const ObjectRow object_rows[] = {
       {0x0F000001, 0x0F000000, "Tables", 3, kEngine},        {0x0F000002, 0x0F000000, "Databases", 3, kEngine},
       {0x0F000003, 0x0F000000, "Relationships", 3, kEngine}, {0x10000000, 0x0F000002, "MSysDb", 2, kOwner},
       {2, 0x0F000001, "MSysObjects", kTableType, kEngine},   {3, 0x0F000001, "MSysACEs", kTableType, kEngine},
       {4, 0x0F000001, "MSysQueries", kTableType, kEngine},   {5, 0x0F000001, "MSysRelationships", kTableType, kEngine}};
-  for (const ObjectRow& row : kObjects) {
+  for (const ObjectRow& row : object_rows) {
     objects.InsertNamed({{"Id", static_cast<std::int32_t>(row.id)},
                          {"ParentId", static_cast<std::int32_t>(row.parent)},
                          {"Name", std::string(row.name)},
@@ -202,23 +202,23 @@ void FillSystemTables(Table& objects, Table& permissions, double date) {
                          {"Flags", static_cast<std::int32_t>(0x80000000)},
                          {"Owner", row.owner}});
   }
-  const PermissionRow kPermissions[] = {{0x0F000002, 0x00060000, kOwner, false},
-                                        {0x0F000003, 0x000F00FE, kAdministrators, true},
-                                        {0x0F000003, 0x00060001, kOwner, false},
-                                        {0x0F000003, 0x000FFFFF, kUsers, true},
-                                        {0x0F000001, 0x000F00FE, kAdministrators, true},
-                                        {0x0F000001, 0x000FFEFF, kOwner, true},
-                                        {0x0F000001, 0x000FFEFF, kUsers, true},
-                                        {0x10000000, 0x0006000E, kOwner, false},
-                                        {0x10000000, 0x0000000E, kUsers, false},
-                                        {3, 0x00060000, kOwner, false},
-                                        {2, 0x00060000, kOwner, false},
-                                        {2, 0x00000014, kUsers, false},
-                                        {4, 0x00060000, kOwner, false},
-                                        {4, 0x00000014, kUsers, false},
-                                        {5, 0x000E0000, kOwner, false},
-                                        {5, 0x00000014, kUsers, false}};
-  for (const PermissionRow& row : kPermissions) {
+  const PermissionRow permission_rows[] = {{0x0F000002, 0x00060000, kOwner, false},
+                                           {0x0F000003, 0x000F00FE, kAdministrators, true},
+                                           {0x0F000003, 0x00060001, kOwner, false},
+                                           {0x0F000003, 0x000FFFFF, kUsers, true},
+                                           {0x0F000001, 0x000F00FE, kAdministrators, true},
+                                           {0x0F000001, 0x000FFEFF, kOwner, true},
+                                           {0x0F000001, 0x000FFEFF, kUsers, true},
+                                           {0x10000000, 0x0006000E, kOwner, false},
+                                           {0x10000000, 0x0000000E, kUsers, false},
+                                           {3, 0x00060000, kOwner, false},
+                                           {2, 0x00060000, kOwner, false},
+                                           {2, 0x00000014, kUsers, false},
+                                           {4, 0x00060000, kOwner, false},
+                                           {4, 0x00000014, kUsers, false},
+                                           {5, 0x000E0000, kOwner, false},
+                                           {5, 0x00000014, kUsers, false}};
+  for (const PermissionRow& row : permission_rows) {
     permissions.InsertNamed({{"ObjectId", static_cast<std::int32_t>(row.object)},
                              {"ACM", static_cast<std::int32_t>(row.rights)},
                              {"SID", row.user},

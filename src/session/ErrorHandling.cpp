@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "session/ErrorHandling.h"
 
+#include <ranges>
+
 #include "platform/host.h"
 #include "platform/text_formats.h"
 
@@ -80,8 +82,8 @@ void ReportTrap(const TrapSite& site, const Fault& fault) {
     return;
   }
   std::string text;
-  for (auto call = fault.Calls().rbegin(); call != fault.Calls().rend(); ++call) {
-    text += kTab + ProcedureLine(call->procedure + " ", call->file, call->line) + kLineBreak;
+  for (const auto& call : std::views::reverse(fault.Calls())) {
+    text += kTab + ProcedureLine(call.procedure + " ", call.file, call.line) + kLineBreak;
   }
   g_entered = true;
   HandleError(true, ProcedureLine(site.procedure, site.source, site.line), fault.Number(), fault.Source(),

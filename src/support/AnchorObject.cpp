@@ -49,7 +49,7 @@ double Bounded(double value, const Anchor& anchor) {
 }
 
 Extent Replay(double container, const Anchor& first, const Anchor& second) {
-  const double a = static_cast<double>(first.Value), b = static_cast<double>(second.Value);
+  const auto a = static_cast<double>(first.Value), b = static_cast<double>(second.Value);
   Extent extent{a, b};
   switch (first.AnchorType) {
     case enumNone:

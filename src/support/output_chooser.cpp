@@ -134,7 +134,7 @@ OutputPlace ProposeName(OutputPlace place, const std::string& base_name) {
 }
 
 OutputPlace ProposeOutput(const clsExtension& extension, const std::shared_ptr<IApplication>& application,
-                          std::string base_name) {
+                          const std::string& base_name) {
   return ProposeName(RememberedPlace(extension, application), base_name);
 }
 

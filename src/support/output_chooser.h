@@ -31,7 +31,7 @@ namespace tessarine::MyGeneralOperations {
 /// The proposal for a new output: a free name in the place that the last run left in the extension, or beside the
 /// document when that place is gone.
 [[nodiscard]] OutputPlace ProposeOutput(const clsExtension& extension, const std::shared_ptr<IApplication>& application,
-                                        std::string base_name);
+                                        const std::string& base_name);
 
 /// Takes over a path that names a format beyond shapefiles and geodatabases, by the ending of its file or container; a
 /// container alone stands for a layer of its own name. False, and nothing changed, for every other path.

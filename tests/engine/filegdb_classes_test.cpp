@@ -88,16 +88,16 @@ TEST(GeodatabaseGrid, HoldsTheExtentOfTheRun) {
 }
 
 TEST(GeodatabaseGrid, IsThatOfGdalWhereItFits) {
-  EXPECT_FALSE(GridFor(Envelope(-180, -90, 180, 90), GridUnit::kDegrees));
-  EXPECT_FALSE(GridFor(Envelope(0, 0, 500000, 9000000), GridUnit::kLength));
-  EXPECT_FALSE(GridFor({}, GridUnit::kDegrees));
-  EXPECT_FALSE(GridFor({}, GridUnit::kLength));
-  EXPECT_EQ(GridFor(Envelope(-500, 0, 1, 1), GridUnit::kDegrees)->grid.xy_scale, 1e9);
-  EXPECT_FALSE(GridFor({}, GridUnit::kLength, 0.3048));
-  EXPECT_EQ(GridFor({}, GridUnit::kLength, 1000.0)->grid.xy_scale, 1e7);
-  EXPECT_EQ(GridFor(Envelope(0, 0, 20000, 20000), GridUnit::kLength, 1000.0)->grid.xy_scale, 1e7);
+  EXPECT_FALSE(GridFor(Envelope(-180, -90, 180, 90), GridUnit::Degrees));
+  EXPECT_FALSE(GridFor(Envelope(0, 0, 500000, 9000000), GridUnit::Length));
+  EXPECT_FALSE(GridFor({}, GridUnit::Degrees));
+  EXPECT_FALSE(GridFor({}, GridUnit::Length));
+  EXPECT_EQ(GridFor(Envelope(-500, 0, 1, 1), GridUnit::Degrees)->grid.xy_scale, 1e9);
+  EXPECT_FALSE(GridFor({}, GridUnit::Length, 0.3048));
+  EXPECT_EQ(GridFor({}, GridUnit::Length, 1000.0)->grid.xy_scale, 1e7);
+  EXPECT_EQ(GridFor(Envelope(0, 0, 20000, 20000), GridUnit::Length, 1000.0)->grid.xy_scale, 1e7);
   // Radians.
-  EXPECT_EQ(GridFor(Envelope(-3, -1, 3, 1), GridUnit::kDegrees, 57.3)->grid.xy_scale, 1e11);
+  EXPECT_EQ(GridFor(Envelope(-3, -1, 3, 1), GridUnit::Degrees, 57.3)->grid.xy_scale, 1e11);
 }
 
 TEST(GeodatabaseGrid, AShapeBeyondItIsNamed) {

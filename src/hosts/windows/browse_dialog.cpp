@@ -13,6 +13,7 @@
 #include <QStyle>
 #include <algorithm>
 #include <filesystem>
+#include <utility>
 
 #include "engine/data_source.h"
 #include "hosts/windows/browse_places.h"
@@ -63,9 +64,9 @@ std::string LastPart(const std::string& path) {
 
 }  // namespace
 
-BrowseDialog::BrowseDialog(const BrowseRequest& request, QWidget* parent)
+BrowseDialog::BrowseDialog(BrowseRequest request, QWidget* parent)
     : QDialog(parent),
-      request_(request),
+      request_(std::move(request)),
       look_in_(new QComboBox(this)),
       up_(new QPushButton(this)),
       new_folder_(new QPushButton(Translated("New &Folder"), this)),

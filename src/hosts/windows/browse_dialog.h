@@ -35,7 +35,7 @@ struct BrowseRequest {
 /// "lbxItems", "lblName", "txtName", "cbxKind", "cbxFilter", "cmdEnter" and "cmdCancel".
 class BrowseDialog final : public QDialog {
  public:
-  BrowseDialog(const BrowseRequest& request, QWidget* parent);
+  BrowseDialog(BrowseRequest request, QWidget* parent);
 
   /// The container that was open at the end, or what stands for layers in memory, and the name typed there.
   [[nodiscard]] CatalogItem Location() const;

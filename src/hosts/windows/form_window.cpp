@@ -377,7 +377,7 @@ void FormWindow::FocusFirst() {
   first_focus_ = &first->Control();
 }
 
-void FormWindow::Open() {
+void FormWindow::Appear() {
   Flush();
   PlaceOnScreen();
   Trap(form_.Name() + " GotFocus", [this] { FocusFirst(); });

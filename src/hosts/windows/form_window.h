@@ -45,7 +45,7 @@ class FormWindow final : public QDialog {
   /// A caption in place of the form's own.
   void SetCaption(const std::string& caption);
   /// Shows the window where the form says, or in the middle of its parent, with the focus on its first control.
-  void Open();
+  void Appear();
   /// Takes the window away and lets the form go; nothing of the form is touched after it.
   void Conceal();
   [[nodiscard]] bool Concealed() const { return concealed_; }

@@ -10,6 +10,7 @@
 #include <QTextBlock>
 #include <QTextBrowser>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "hosts/windows/dialog_units.h"
 #include "hosts/windows/qt_text.h"
@@ -56,8 +57,8 @@ Chapter ChapterOf(const std::string& form_name, const std::string& form_caption)
   return {QStringLiteral("index.md"), QString()};
 }
 
-ManualWindow::ManualWindow(const QString& folder, QWidget* parent)
-    : QDialog(parent), folder_(folder), text_(new QTextBrowser(this)) {
+ManualWindow::ManualWindow(QString folder, QWidget* parent)
+    : QDialog(parent), folder_(std::move(folder)), text_(new QTextBrowser(this)) {
   setObjectName(QStringLiteral("ManualWindow"));
   setAttribute(Qt::WA_DeleteOnClose);
   setWindowTitle(Translated("Manual"));

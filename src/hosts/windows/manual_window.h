@@ -21,7 +21,7 @@ struct Chapter {
 /// The window that shows chapters. Links between them are followed, others are opened by the desktop.
 class ManualWindow final : public QDialog {
  public:
-  ManualWindow(const QString& folder, QWidget* parent);
+  ManualWindow(QString folder, QWidget* parent);
   /// Shows the chapter from its heading on, or says that it isn't installed.
   void Show(const Chapter& chapter);
   /// The text of the first line in view.

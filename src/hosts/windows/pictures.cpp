@@ -5,6 +5,7 @@
 #include <QIconEngine>
 #include <QPainter>
 #include <QPalette>
+#include <utility>
 
 namespace tessarine {
 namespace {
@@ -114,7 +115,7 @@ void DrawStrip(QPainter& painter, const QRectF& strip) {
 /// Draws the strokes anew for each size that is asked for.
 class DrawingEngine final : public QIconEngine {
  public:
-  DrawingEngine(const char* strokes, const QColor& background) : strokes_(strokes), background_(background) {}
+  DrawingEngine(const char* strokes, QColor background) : strokes_(strokes), background_(std::move(background)) {}
 
   void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override {
     painter->save();

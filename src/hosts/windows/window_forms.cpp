@@ -66,7 +66,7 @@ void WindowForms::ShowModal(Form& form) {
   window.on_concealed = [&loop] { loop.quit(); };
   OfferHelp(window);
   modal_.push_back(&window);
-  window.Open();
+  window.Appear();
   if (on_opened) on_opened(window);
   if (!window.Concealed()) loop.exec(QEventLoop::DialogExec);
   std::erase(modal_, &window);
@@ -98,7 +98,7 @@ void WindowForms::OpenModeless(Form& form, const std::string* caption) {
     window->on_concealed = [this, window] { Retire(*window); };
     OfferHelp(*window);
     if (caption != nullptr) window->SetCaption(*caption);
-    window->Open();
+    window->Appear();
     if (on_opened) on_opened(*window);
     return;
   }

@@ -117,6 +117,8 @@ QIcon ToolAlgorithm::icon() const {
 QgsProcessingAlgorithm* ToolAlgorithm::createInstance() const { return new ToolAlgorithm(tool_); }
 
 QgsProcessingAlgorithm::Flags ToolAlgorithm::flags() const {
+  // The nearer class edits every layer in place.
+  // NOLINTNEXTLINE(bugprone-parent-virtual-call)
   const Flags flags = QgsProcessingAlgorithm::flags();
   return KeepsRecords(Spec()) ? flags | FlagSupportsInPlaceEdits : flags;
 }

@@ -46,6 +46,8 @@ class ToolAlgorithm final : public QgsProcessingFeatureBasedAlgorithm {
   [[nodiscard]] VectorProperties sinkProperties(const QString& sink, const QVariantMap& parameters,
                                                 QgsProcessingContext& context,
                                                 const QMap<QString, VectorProperties>& sources) const override {
+    // The nearer class knows of one sink alone.
+    // NOLINTNEXTLINE(bugprone-parent-virtual-call)
     return QgsProcessingAlgorithm::sinkProperties(sink, parameters, context, sources);
   }
   /// Takes the layers, on the thread that they belong to.
