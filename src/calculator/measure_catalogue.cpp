@@ -14,20 +14,22 @@
 namespace tessarine {
 namespace {
 
-// A member of a record as a measure: the class of the record and the type of the value.
-template <class Member>
-struct MemberOf;
+// A member of a record, or a function of one, as a measure: the class of the record and the type of the value.
+template <class Code>
+struct SignatureOf;
 template <class TheRecord, class TheValue>
-struct MemberOf<TheValue (TheRecord::*)()> {
+struct SignatureOf<TheValue (TheRecord::*)()> {
   using Record = TheRecord;
   using Value = TheValue;
 };
 template <class TheRecord, class TheValue>
-struct MemberOf<TheValue (TheRecord::*)() const> : MemberOf<TheValue (TheRecord::*)()> {};
+struct SignatureOf<TheValue (TheRecord::*)() const> : SignatureOf<TheValue (TheRecord::*)()> {};
+template <class TheRecord, class TheValue>
+struct SignatureOf<TheValue (*)(TheRecord&)> : SignatureOf<TheValue (TheRecord::*)()> {};
 
-template <auto kMember>
+template <auto kCode>
 MeasuredValues Call(MeasureRecord& record) {
-  return std::invoke(kMember, static_cast<typename MemberOf<decltype(kMember)>::Record&>(record));
+  return std::invoke(kCode, static_cast<typename SignatureOf<decltype(kCode)>::Record&>(record));
 }
 
 template <class Value>
@@ -36,8 +38,16 @@ constexpr MeasuredKind KindOf() {
   return std::is_same_v<Value, std::int32_t> ? MeasuredKind::Count : MeasuredKind::Real;
 }
 
-template <auto kMember>
-constexpr MeasureCode kBy = {Call<kMember>, KindOf<typename MemberOf<decltype(kMember)>::Value>()};
+template <auto kCode>
+constexpr MeasureCode kBy = {Call<kCode>, KindOf<typename SignatureOf<decltype(kCode)>::Value>()};
+
+// Measures that follow from what a record tells need no more than a function here.
+std::int32_t Points(MultipointRecord& record) { return record.Shape().PointCount(); }
+std::int32_t LineParts(PolylineRecord& record) { return record.Shape().GeometryCount(); }
+std::int32_t LineVertices(PolylineRecord& record) { return record.Shape().PointCount(); }
+// Holes are no parts.
+std::int32_t PolygonParts(PolygonRecord& record) { return record.Shape().ExteriorRingCount(); }
+std::int32_t PolygonVertices(PolygonRecord& record) { return record.Shape().PointCount(); }
 
 using enum SpatialKind;
 constexpr auto kPoint = esriGeometryPoint;
@@ -74,19 +84,19 @@ constexpr auto kMeasures = std::to_array<MeasureRow>({
 
     {kMultipoint, Unknown, 1, "Centroid", kQuick, kNull, kBy<&MultipointRecord::Centroid>,
      kPlace, {"Cent_X", "Cent_Y"}, {"Centroid X-Coordinate", "Centroid Y-Coordinate"}},
-    {kMultipoint, Unknown, 2, "Number of Points", kQuick, kNull, kBy<&MultipointRecord::PointCount>,
+    {kMultipoint, Unknown, 2, "Number of Points", kQuick, kNull, kBy<Points>,
      kCount, {"Points"}, {"Point Count"}},
 
     {kMultipoint, Projected, 1, "Centroid", kQuick, kNull, kBy<&MultipointRecord::Centroid>,
      kPlace, {"Cent_X", "Cent_Y"}, {"Centroid X-Coordinate", "Centroid Y-Coordinate"}},
     {kMultipoint, Projected, 2, "Sph. Centroid", kSlow, kNull, kBy<&MultipointRecord::ProjectedSpheroidalCentroid>,
      kGeodesicPlace, {"Sph_Cen_X", "Sph_Cen_Y"}, {"Spherical Centroid X-Coordinate", "Spherical Centroid Y-Coordinate"}},
-    {kMultipoint, Projected, 3, "Number of Points", kQuick, kNull, kBy<&MultipointRecord::PointCount>,
+    {kMultipoint, Projected, 3, "Number of Points", kQuick, kNull, kBy<Points>,
      kCount, {"Points"}, {"Point Count"}},
 
     {kMultipoint, Geographic, 1, "Sph. Centroid", kSlow, kNull, kBy<&MultipointRecord::SpheroidalCentroid>,
      kGeodesicPlace, {"Sph_Cen_X", "Sph_Cen_Y"}, {"Spherical Centroid X-Coordinate", "Spherical Centroid Y-Coordinate"}},
-    {kMultipoint, Geographic, 2, "Number of Points", kQuick, kNull, kBy<&MultipointRecord::PointCount>,
+    {kMultipoint, Geographic, 2, "Number of Points", kQuick, kNull, kBy<Points>,
      kCount, {"Points"}, {"Point Count"}},
 
     {kPolyline, Unknown, 1, "Length", kQuick, kNull, kBy<&PolylineRecord::Length>,
@@ -99,9 +109,9 @@ constexpr auto kMeasures = std::to_array<MeasureRow>({
      kPlace, {"End_X", "End_Y"}, {"End Point X-Coordinate", "End Point Y-Coordinate"}},
     {kPolyline, Unknown, 5, "Average Azimuth", kQuick, kNull, kBy<&PolylineRecord::Azimuth>,
      kDegrees, {"Azimuth"}, {"Average Azimuth"}},
-    {kPolyline, Unknown, 6, "Number of Parts", kQuick, kNull, kBy<&PolylineRecord::PartCount>,
+    {kPolyline, Unknown, 6, "Number of Parts", kQuick, kNull, kBy<LineParts>,
      kCount, {"Parts"}, {"Count of Sub-Polylines"}},
-    {kPolyline, Unknown, 7, "Number of Vertices", kQuick, kKept, kBy<&PolylineRecord::VertexCount>,
+    {kPolyline, Unknown, 7, "Number of Vertices", kQuick, kKept, kBy<LineVertices>,
      kCount, {"Vertices"}, {"Number of Vertices"}},
 
     {kPolyline, Projected, 1, "Plan. Length", kQuick, kNull, kBy<&PolylineRecord::Length>,
@@ -122,9 +132,9 @@ constexpr auto kMeasures = std::to_array<MeasureRow>({
      kGeodesicAngle, {"Start_Az"}, {"Spheroidal Start Azimuth"}},
     {kPolyline, Projected, 9, "Sph. End Azimuth", kQuick, kKept, kBy<&PolylineRecord::EndAzimuth>,
      kGeodesicAngle, {"End_Az"}, {"Spheroidal End Azimuth"}},
-    {kPolyline, Projected, 10, "Number of Parts", kQuick, kKept, kBy<&PolylineRecord::PartCount>,
+    {kPolyline, Projected, 10, "Number of Parts", kQuick, kKept, kBy<LineParts>,
      kCount, {"Parts"}, {"Count of Sub-Polylines"}},
-    {kPolyline, Projected, 11, "Number of Vertices", kQuick, kKept, kBy<&PolylineRecord::VertexCount>,
+    {kPolyline, Projected, 11, "Number of Vertices", kQuick, kKept, kBy<LineVertices>,
      kCount, {"Vertices"}, {"Number of Vertices"}},
 
     {kPolyline, Geographic, 1, "Spheroidal Length", kSlow, kNull, kBy<&PolylineRecord::SpheroidalLength>,
@@ -139,9 +149,9 @@ constexpr auto kMeasures = std::to_array<MeasureRow>({
      kGeodesicAngle, {"Start_Az"}, {"Spheroidal Start Azimuth"}},
     {kPolyline, Geographic, 6, "End Azimuth", kQuick, kNull, kBy<&PolylineRecord::EndAzimuth>,
      kGeodesicAngle, {"End_Az"}, {"Spheroidal End Azimuth"}},
-    {kPolyline, Geographic, 7, "Number of Parts", kQuick, kKept, kBy<&PolylineRecord::PartCount>,
+    {kPolyline, Geographic, 7, "Number of Parts", kQuick, kKept, kBy<LineParts>,
      kCount, {"Parts"}, {"Count of Sub-Polylines"}},
-    {kPolyline, Geographic, 8, "Number of Vertices", kQuick, kKept, kBy<&PolylineRecord::VertexCount>,
+    {kPolyline, Geographic, 8, "Number of Vertices", kQuick, kKept, kBy<LineVertices>,
      kCount, {"Vertices"}, {"Number of Vertices"}},
 
     {kPolygon, Unknown, 1, "Area", kQuick, kNull, kBy<&PolygonRecord::Area>,
@@ -150,9 +160,9 @@ constexpr auto kMeasures = std::to_array<MeasureRow>({
      kPlace, {"X_Coord", "Y_Coord"}, {"Centroid X-Coordinate", "Centroid Y-Coordinate"}},
     {kPolygon, Unknown, 3, "Perimeter Length", kQuick, kNull, kBy<&PolygonRecord::Perimeter>,
      kPlanarLength, {"Length"}, {"Perimeter Length"}},
-    {kPolygon, Unknown, 4, "Number of Parts", kQuick, kNull, kBy<&PolygonRecord::PartCount>,
+    {kPolygon, Unknown, 4, "Number of Parts", kQuick, kNull, kBy<PolygonParts>,
      kCount, {"Parts"}, {"Count of Sub-Polygons"}},
-    {kPolygon, Unknown, 5, "Number of Vertices", kQuick, kNull, kBy<&PolygonRecord::VertexCount>,
+    {kPolygon, Unknown, 5, "Number of Vertices", kQuick, kNull, kBy<PolygonVertices>,
      kCount, {"Vertices"}, {"Number of Vertices"}},
 
     {kPolygon, Projected, 1, "Plan. Area", kQuick, kNull, kBy<&PolygonRecord::Area>,
@@ -167,9 +177,9 @@ constexpr auto kMeasures = std::to_array<MeasureRow>({
      kPlanarLength, {"Pl_Perim"}, {"Projected Perimeter Length"}},
     {kPolygon, Projected, 6, "Sph. Perimeter", kSlow, kNull, kBy<&PolygonRecord::SpheroidalPerimeter>,
      kGeodesicLength, {"Sph_Perim"}, {"Spheroidal Perimeter Length"}},
-    {kPolygon, Projected, 7, "Number of Parts", kQuick, kNull, kBy<&PolygonRecord::PartCount>,
+    {kPolygon, Projected, 7, "Number of Parts", kQuick, kNull, kBy<PolygonParts>,
      kCount, {"Parts"}, {"Count of Sub-Polygons"}},
-    {kPolygon, Projected, 8, "Number of Vertices", kQuick, kNull, kBy<&PolygonRecord::VertexCount>,
+    {kPolygon, Projected, 8, "Number of Vertices", kQuick, kNull, kBy<PolygonVertices>,
      kCount, {"Vertices"}, {"Number of Vertices"}},
     {kPolygon, Projected, 9, "Spheroidal Area", kSlow, kNull, kBy<&PolygonRecord::SpheroidalArea>,
      kGeodesicArea, {"Spd_Area"}, {"Spheroidal Area"}},
@@ -180,9 +190,9 @@ constexpr auto kMeasures = std::to_array<MeasureRow>({
      kGeodesicPlace, {"Longitude", "Latitude"}, {"Spherical Centroid X-Coordinate", "Spherical Centroid Y-Coordinate"}},
     {kPolygon, Geographic, 3, "Perimeter Length", kSlow, kNull, kBy<&PolygonRecord::SpheroidalPerimeter>,
      kGeodesicLength, {"Sph_Len"}, {"Spheroidal Perimeter Length"}},
-    {kPolygon, Geographic, 4, "Number of Parts", kQuick, kNull, kBy<&PolygonRecord::PartCount>,
+    {kPolygon, Geographic, 4, "Number of Parts", kQuick, kNull, kBy<PolygonParts>,
      kCount, {"Parts"}, {"Count of Sub-Polygons"}},
-    {kPolygon, Geographic, 5, "Number of Vertices", kQuick, kNull, kBy<&PolygonRecord::VertexCount>,
+    {kPolygon, Geographic, 5, "Number of Vertices", kQuick, kNull, kBy<PolygonVertices>,
      kCount, {"Vertices"}, {"Number of Vertices"}},
     {kPolygon, Geographic, 6, "Spheroidal Area", kSlow, kNull, kBy<&PolygonRecord::SpheroidalArea>,
      kGeodesicArea, {"Spd_Area"}, {"Spheroidal Area"}},

@@ -3,7 +3,7 @@
 //
 // One table serves everyone: the dialog reads captions and default fields, the run report labels and the slow mark, the
 // record loop the measure itself, and the writer of null values the fields that take them. A new measure is a row of
-// the table in measure_catalogue.cpp and one small function in the file of its shape.
+// the table in measure_catalogue.cpp and one small function there, or in the file of its shape.
 //
 // A measure is addressed by three numbers, shape type, kind of reference and option id. The same option id means
 // another measure in each of the twelve combinations.

@@ -41,6 +41,4 @@ XY MultipointRecord::SpheroidalCentroid() {
   return InLatitudesOfData(CentroidOnSpheroid(planetographic_, settings_), settings_);
 }
 
-std::int32_t MultipointRecord::PointCount() const { return shape_->PointCount(); }
-
 }  // namespace tessarine

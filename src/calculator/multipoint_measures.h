@@ -10,13 +10,14 @@ class MultipointRecord final : public MeasureRecord {
  public:
   MultipointRecord(std::shared_ptr<Multipoint> shape, MeasureSettings& settings);
 
+  [[nodiscard]] const Multipoint& Shape() const { return *shape_; }
+
   /// The plain means of x and y.
   [[nodiscard]] XY Centroid() const;
   /// The centre on the spheroid, in the projection of the layer.
   [[nodiscard]] XY ProjectedSpheroidalCentroid();
   /// The centre on the spheroid as longitude and latitude, in the latitudes of the data.
   [[nodiscard]] XY SpheroidalCentroid();
-  [[nodiscard]] std::int32_t PointCount() const;
 
  private:
   std::shared_ptr<Multipoint> shape_;

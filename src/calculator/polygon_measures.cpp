@@ -86,10 +86,6 @@ XY PolygonRecord::Centroid() {
 
 double PolygonRecord::Perimeter() const { return shape_->Length(); }
 
-std::int32_t PolygonRecord::PartCount() const { return shape_->ExteriorRingCount(); }
-
-std::int32_t PolygonRecord::VertexCount() const { return shape_->PointCount(); }
-
 double PolygonRecord::SphericalArea() {
   MeasureArea();
   if (std::fabs(settings_.semi_major - settings_.semi_minor) > kStrongFlattening * settings_.semi_major) {

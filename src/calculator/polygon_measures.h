@@ -16,15 +16,13 @@ class PolygonRecord final : public MeasureRecord {
  public:
   PolygonRecord(std::shared_ptr<Polygon> shape, MeasureSettings& settings);
 
+  [[nodiscard]] const Polygon& Shape() const { return *shape_; }
+
   // On the plane of the data's coordinates.
   [[nodiscard]] double Area();
   /// Of the lines of a polygon without area, or of its vertices where they have no length.
   [[nodiscard]] XY Centroid();
   [[nodiscard]] double Perimeter() const;
-  /// Exterior rings: holes are no parts.
-  [[nodiscard]] std::int32_t PartCount() const;
-  /// Of all rings.
-  [[nodiscard]] std::int32_t VertexCount() const;
 
   /// On the sphere with the spheroid's volume, in the square of the axes' unit; negative for rings that run the wrong
   /// way.

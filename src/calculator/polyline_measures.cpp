@@ -35,10 +35,6 @@ XY PolylineRecord::EndPoint() const { return shape_->ToPoint(); }
 
 double PolylineRecord::Azimuth() const { return shapes::CalcBearing2(shape_->FromPoint(), shape_->ToPoint()); }
 
-std::int32_t PolylineRecord::PartCount() const { return shape_->GeometryCount(); }
-
-std::int32_t PolylineRecord::VertexCount() const { return shape_->PointCount(); }
-
 double PolylineRecord::SpheroidalLength() {
   MeasureLength();
   return measured_->Length();

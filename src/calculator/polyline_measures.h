@@ -14,14 +14,14 @@ class PolylineRecord final : public MeasureRecord {
  public:
   PolylineRecord(std::shared_ptr<Polyline> shape, MeasureSettings& settings);
 
+  [[nodiscard]] const Polyline& Shape() const { return *shape_; }
+
   // On the plane of the data's coordinates.
   [[nodiscard]] double Length() const;
   [[nodiscard]] XY StartPoint() const;
   [[nodiscard]] XY Midpoint() const;
   [[nodiscard]] XY EndPoint() const;
   [[nodiscard]] double Azimuth() const;
-  [[nodiscard]] std::int32_t PartCount() const;
-  [[nodiscard]] std::int32_t VertexCount() const;
 
   // On the spheroid, in projected and geographic layers.
   [[nodiscard]] double SpheroidalLength();
