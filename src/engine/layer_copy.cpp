@@ -394,7 +394,7 @@ LayerCopy MakeLayerCopy(const LayerCopyRequest& request) {
   for (const auto& [own, oid] : copy.oids) {
     if (std::ranges::binary_search(request.selected, own)) selected.push_back(oid);
   }
-  copy.selection = SelectByOids(copy.output, request.plan_only ? request.selected : std::move(selected));
+  copy.selection = SelectByOids(copy.output, request.plan_only ? request.selected : selected);
   return copy;
 }
 

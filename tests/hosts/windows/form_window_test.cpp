@@ -421,7 +421,7 @@ TEST_F(FormWindowTest, ButtonsStayInViewOnASmallScreen) {
   ButtonsForm buttons;
   const QSize room(1024, 300);
   FormWindow window(buttons, nullptr, room);
-  window.Open();
+  window.Appear();
   ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
   EXPECT_LE(window.height(), room.height());
   const auto in_view = [&](const char* name) {
