@@ -97,7 +97,7 @@ TEST(LayoutEyes, SeeWhatIsWrong) {
   form.txtNumber.Move(40, 5, 60, 13);
   form.chkAll.SetForeColor(0xC0C0C0);
   FormWindow window(form, nullptr, {2000, 1000});
-  window.Open();
+  window.Appear();
   EXPECT_THAT(PaleTexts(window), ::testing::ElementsAre(::testing::StartsWith("chkAll")));
   EXPECT_THAT(Problems(window),
               ::testing::UnorderedElementsAre("LogForm.chkAll cuts '&All of the fields of the layer'",
