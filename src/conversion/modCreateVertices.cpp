@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "conversion/modCreateVertices.h"
 
+#include <optional>
 #include <vector>
 
 #include "conversion/conversion_step.h"
@@ -18,6 +19,7 @@
 #include "support/records_read.h"
 #include "support/rows_on_disk.h"
 #include "support/run_progress.h"
+#include "support/trapped_run.h"
 
 namespace tessarine::modCreateVertices {
 namespace {
@@ -200,90 +202,116 @@ RunProgressWords ProgressWords(const ConversionRun& run, const std::string& laye
   return words;
 }
 
+// A conversion from its first record to its report.
+class Conversion {
+ public:
+  Conversion(RunContext& context, const ConversionRun& run, const ConversionChoices& choices,
+             const std::shared_ptr<IApplication>& application, ProgressShown shown)
+      : context_(context), scope_(context), run_(run), choices_(choices), application_(application), shown_(shown) {}
+
+  std::string Run() {
+    return TrapRun(
+        {context_, run_.worker, facts_.layer_name, output_}, [this] { return Convert(); },
+        [this](const Fault& fault) { return FailureReport(run_, facts_, journal_, fault); });
+  }
+
+ private:
+  std::string Convert() {
+    const auto document = Cast<IMxDocument>(application_->Document());
+    input_ = OpenInput(choices_.layer, choices_.all_records, context_.jobs > 1 ? Rows::Stay : Rows::Recycled);
+    facts_.layer_name = choices_.layer->Name();
+    facts_.all_records = choices_.all_records;
+    facts_.record_count = input_.count;
+    RunProgress progress(context_, ProgressWords(run_, facts_.layer_name), application_, input_.count,
+                         shown_ == ProgressShown::Yes && run_.kind != RunKind::Joining);
+    const SpatialReferenceRef reference = input_.features->SpatialReference();
+    if (!CanFrame(run_, reference)) {
+      journal_.Fail("'" + facts_.layer_name +
+                    "' has no known coordinate system, and this run must know it: define the projection of the data.");
+      return UnknownReferenceReport(run_);
+    }
+    facts_.reference_name = Require(reference, "SpatialReference")->Name();
+    const OutputFrame frame = FrameOf(run_, *input_.features);
+    if (!MakeOutput(frame)) {
+      progress.Abandon();
+      return EndWithoutOutput(context_);
+    }
+    journal_.stopped = !ConvertAll({input_.features->ShapeType(), reference, frame.reference}, progress);
+    PublishOutput(context_, *output_, request_);
+    CheckRowsWritten(journal_, *output_);
+    ReportRecordFaults(journal_, run_.worker, facts_.layer_name);
+    if (journal_.stopped) return StoppedReport(run_, facts_, journal_);
+    AddResultLayer(context_, output_, output_->Name(), *document);
+    document->UpdateContents();
+    progress.Finish();
+    document->ActiveView()->PartialRefresh(esriViewGeography, nullptr, nullptr);
+    return Report();
+  }
+
+  // False when the user gave up.
+  bool MakeOutput(const OutputFrame& frame) {
+    journal_.reference = frame.reference;
+    const IFeatureClass& features = *input_.features;
+    // Before an output of the same name would be replaced.
+    if (const std::string_view reason = WhyNever(run_, features.ShapeType()); !reason.empty()) {
+      Raise(kTypeMismatch, std::string(reason));
+    }
+    const ShapeRule rule = RuleFor(run_, features.ShapeType());
+    transfer_.emplace(
+        FieldTransfer::BesideInput(features, rule.measure_fields, *choices_.fields, choices_.output.Kind()));
+    if (choices_.all_records) NoteLeftOut(features, journal_);
+    request_ = RequestFor(choices_.output, run_.words.name_prompt);
+    request_.geometry_type = rule.output;
+    request_.reference = frame.reference;
+    request_.envelope = &frame.extent;
+    request_.fields = transfer_->OutputFields();
+    request_.sources = {input_.features};
+    AnnounceLosses(context_, features, facts_.layer_name, transfer_->Carried());
+    AnnounceChanges(context_, transfer_->Carried(), request_.place.Kind());
+    output_ = CreateOutput(context_, request_);
+    if (!output_) return false;
+    facts_.output_path = OutputPath(*output_, request_);
+    transfer_->Bind(&features, *output_);
+    facts_.field_report = transfer_->FieldReport();
+    return true;
+  }
+
+  // False when the user stopped it.
+  bool ConvertAll(const StepContext& step_context, RunProgress& progress) {
+    OutputWriter writer(output_, *transfer_, journal_);
+    const bool finished = UnlessStopped(
+        [&] { return FeatureLoop(run_, step_context, input_, writer, progress, facts_, context_).Run(); });
+    writer.Close();
+    return finished;
+  }
+
+  std::string Report() {
+    scope_.End();
+    if (journal_.brought) facts_.reference_name = journal_.brought->reference->Name();
+    facts_.output_count = static_cast<std::int32_t>(journal_.written);
+    facts_.time_spent = ReturnTimeElapsedRTF(journal_.begin, journal_.end, kReportFontSize, journal_.elapsed_seconds);
+    return SuccessReport(run_, facts_, journal_);
+  }
+
+  RunContext& context_;
+  RunScope scope_;
+  RunJournal& journal_ = scope_.Journal();
+  const ConversionRun& run_;
+  const ConversionChoices& choices_;
+  const std::shared_ptr<IApplication>& application_;
+  ProgressShown shown_;
+  RunFacts facts_;
+  RunInput input_;
+  OutputRequest request_;
+  std::optional<FieldTransfer> transfer_;
+  std::shared_ptr<IFeatureClass> output_;
+};
+
 }  // namespace
 
 std::string RunConversion(RunContext& context, const ConversionRun& run, const ConversionChoices& choices,
                           const std::shared_ptr<IApplication>& application, ProgressShown shown) {
-  RunFacts facts;
-  RunScope scope(context);
-  RunJournal& journal = scope.Journal();
-  std::shared_ptr<IFeatureClass> output;
-  const auto tell_faults = [&] { ReportRecordFaults(journal, run.worker, facts.layer_name); };
-  const auto run_body = [&]() -> std::string {
-    const auto document = Cast<IMxDocument>(application->Document());
-    const RunInput input =
-        OpenInput(choices.layer, choices.all_records, context.jobs > 1 ? Rows::Stay : Rows::Recycled);
-    facts.layer_name = choices.layer->Name();
-    facts.all_records = choices.all_records;
-    facts.record_count = input.count;
-    RunProgress progress(context, ProgressWords(run, facts.layer_name), application, input.count,
-                         shown == ProgressShown::Yes && run.kind != RunKind::Joining);
-
-    const SpatialReferenceRef reference = input.features->SpatialReference();
-    if (!CanFrame(run, reference)) {
-      journal.Fail("'" + facts.layer_name +
-                   "' has no known coordinate system, and this run must know it: define the projection of the data.");
-      return UnknownReferenceReport(run);
-    }
-    facts.reference_name = Require(reference, "SpatialReference")->Name();
-    const OutputFrame frame = FrameOf(run, *input.features);
-    journal.reference = frame.reference;
-    const esriGeometryType input_type = input.features->ShapeType();
-    // Before an output of the same name would be replaced.
-    if (const std::string_view reason = WhyNever(run, input_type); !reason.empty()) {
-      Raise(kTypeMismatch, std::string(reason));
-    }
-    const ShapeRule rule = RuleFor(run, input_type);
-    FieldTransfer transfer =
-        FieldTransfer::BesideInput(*input.features, rule.measure_fields, *choices.fields, choices.output.Kind());
-    if (choices.all_records) NoteLeftOut(*input.features, journal);
-    OutputRequest request = RequestFor(choices.output, run.words.name_prompt);
-    request.geometry_type = rule.output;
-    request.reference = frame.reference;
-    request.envelope = &frame.extent;
-    request.fields = transfer.OutputFields();
-    request.sources = {input.features};
-    AnnounceLosses(context, *input.features, facts.layer_name, transfer.Carried());
-    AnnounceChanges(context, transfer.Carried(), request.place.Kind());
-    output = CreateOutput(context, request);
-    if (!output) {
-      progress.Abandon();
-      return EndWithoutOutput(context);
-    }
-    facts.output_path = OutputPath(*output, request);
-    transfer.Bind(input.features.get(), *output);
-    facts.field_report = transfer.FieldReport();
-
-    {
-      OutputWriter writer(output, transfer, journal);
-      const StepContext step_context{input_type, reference, frame.reference};
-      const bool finished =
-          UnlessStopped([&] { return FeatureLoop(run, step_context, input, writer, progress, facts, context).Run(); });
-      writer.Close();
-      journal.stopped = !finished;
-      PublishOutput(context, *output, request);
-      CheckRowsWritten(journal, *output);
-      tell_faults();
-      if (!finished) return StoppedReport(run, facts, journal);
-    }
-    AddResultLayer(context, output, output->Name(), *document);
-    document->UpdateContents();
-    progress.Finish();
-    document->ActiveView()->PartialRefresh(esriViewGeography, nullptr, nullptr);
-
-    scope.End();
-    if (journal.brought) facts.reference_name = journal.brought->reference->Name();
-    facts.output_count = static_cast<std::int32_t>(journal.written);
-    facts.time_spent = ReturnTimeElapsedRTF(journal.begin, journal.end, kReportFontSize, journal.elapsed_seconds);
-    return SuccessReport(run, facts, journal);
-  };
-  const auto on_fault = [&](const Fault& fault) {
-    journal.Fail(fault.Description());
-    DiscardUnpublished(context, output);
-    tell_faults();
-    return FailureReport(run, facts, journal, fault);
-  };
-  return TrapWith(run.worker, run_body, on_fault);
+  return Conversion(context, run, choices, application, shown).Run();
 }
 
 }  // namespace tessarine::modCreateVertices

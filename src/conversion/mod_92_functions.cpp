@@ -17,6 +17,7 @@
 #include "support/attempt.h"
 #include "support/records_read.h"
 #include "support/rows_on_disk.h"
+#include "support/trapped_run.h"
 
 namespace tessarine::mod_92_functions {
 namespace {
@@ -135,6 +136,123 @@ std::string GiveUp(RunContext& context, const std::string& message) {
   return "";
 }
 
+// A run from the lines to the report of their polygons.
+class PolygonBuilding {
+ public:
+  PolygonBuilding(RunContext& context, const BuildChoices& choices, const std::shared_ptr<IMxDocument>& document,
+                  const std::shared_ptr<IApplication>& application)
+      : context_(context), scope_(context), choices_(choices), document_(document), application_(application) {}
+
+  std::string Run() {
+    const auto build = [&] {
+      return TrapRun(
+          {context_, kWorker, layer_name_, output_}, [this] { return Build(); },
+          [this](const Fault& fault) { return BuildFailureReport(fault, journal_, layer_name_); });
+    };
+    std::string report;
+    if (!UnlessStopped([&] { report = build(); })) {
+      journal_.stopped = true;
+      DiscardUnpublished(context_, output_);
+      TellFaults();
+    }
+    return report;
+  }
+
+ private:
+  std::string Build() {
+    const BusySigns busy(context_.feedback, application_);
+    const Lines lines = CollectLines(journal_, choices_.lines, choices_.all_lines);
+    if (lines.shapes.empty()) {
+      return GiveUp(context_, "No polylines available in '" + layer_name_ + "'!  Function cancelled...");
+    }
+    facts_.line_count = lines.count;
+    if (!MakeOutput(lines.features)) return EndWithoutOutput(context_);
+    ConstructPolygons(lines, choices_.cluster_tolerance, *output_);
+    facts_.output_count = output_->FeatureCount(nullptr);
+    if (facts_.output_count == 0) {
+      return GiveUp(context_,
+                    "No polygons were created from '" + layer_name_ +
+                        "'!  Possibly no polylines intersected in such a way as to create a bounded region.  Function "
+                        "cancelled...");
+    }
+    Complete();
+    AddResultLayer(context_, output_, output_->Name(), *document_);
+    document_->ActiveView()->PartialRefresh(esriViewGeography, nullptr, nullptr);
+    return Report();
+  }
+
+  // False when the user gave up.
+  bool MakeOutput(const std::shared_ptr<IFeatureClass>& lines) {
+    const OutputPlace place = FreePlace(choices_.output);
+    const VarArray none;
+    transfer_.emplace(FieldTransfer::BesideChosen(kMeasures, choices_.fields ? *choices_.fields : none, place.Kind()));
+    if (choices_.all_lines) NoteLeftOut(*lines, journal_);
+    journal_.reference = lines->SpatialReference();
+    extent_ = lines->Extent();
+    const auto points = choices_.labels ? choices_.labels->FeatureClass() : nullptr;
+    request_ = RequestFor(place, "Specify New Polygon Feature Class Name:");
+    request_.geometry_type = esriGeometryPolygon;
+    request_.reference = journal_.reference;
+    request_.envelope = &extent_;
+    request_.fields = transfer_->OutputFields();
+    request_.sources = {lines};
+    if (points) request_.sources.push_back(points);
+    AnnounceLosses(context_, *lines, layer_name_, transfer_->Carried());
+    AnnounceChanges(context_, transfer_->Carried(), place.Kind());
+    output_ = CreateOutput(context_, request_);
+    if (!output_) return false;
+    facts_.output_path = OutputPath(*output_, request_);
+    facts_.unit = UnitWord(request_.reference);
+    transfer_->Bind(points.get(), *output_);
+    return true;
+  }
+
+  // Numbers, measures and labels.
+  void Complete() {
+    std::optional<LabelSearch> labels;
+    if (choices_.labels) {
+      labels.emplace(choices_.labels, choices_.all_labels, choices_.first_label, output_->SpatialReference(),
+                     transfer_->Attributes());
+    }
+    facts_.unlabelled = CompletePolygons(journal_, *output_, *transfer_, labels);
+    journal_.written = facts_.output_count;
+    PublishOutput(context_, *output_, request_);
+    CheckRowsWritten(journal_, *output_);
+    facts_.output_count = static_cast<std::int32_t>(journal_.written);
+    TellFaults();
+  }
+
+  std::string Report() {
+    scope_.End();
+    facts_.line_layer = layer_name_;
+    facts_.all_lines = choices_.all_lines;
+    facts_.cluster_tolerance = choices_.cluster_tolerance;
+    facts_.transfers_labels = choices_.labels != nullptr;
+    if (choices_.labels) facts_.point_layer = choices_.labels->Name();
+    facts_.all_points = choices_.all_labels;
+    facts_.first_point = choices_.first_label;
+    facts_.field_report = transfer_->FieldReport();
+    facts_.reference_name = (journal_.brought ? journal_.brought->reference : request_.reference)->Name();
+    facts_.time_spent = ReturnTimeElapsedRTF(journal_.begin, journal_.end, kReportFontSize, journal_.elapsed_seconds);
+    return BuildReport(facts_, journal_);
+  }
+
+  void TellFaults() { ReportRecordFaults(journal_, kWorker, layer_name_); }
+
+  RunContext& context_;
+  RunScope scope_;
+  RunJournal& journal_ = scope_.Journal();
+  const BuildChoices& choices_;
+  const std::shared_ptr<IMxDocument>& document_;
+  const std::shared_ptr<IApplication>& application_;
+  const std::string layer_name_ = choices_.lines ? choices_.lines->Name() : "";
+  BuildFacts facts_;
+  Envelope extent_;
+  OutputRequest request_;
+  std::optional<FieldTransfer> transfer_;
+  std::shared_ptr<IFeatureClass> output_;
+};
+
 }  // namespace
 
 OutputPlace FreePlace(const OutputPlace& place) {
@@ -146,94 +264,7 @@ OutputPlace FreePlace(const OutputPlace& place) {
 std::string BuildPolygons(RunContext& context, const BuildChoices& choices,
                           const std::shared_ptr<IMxDocument>& document,
                           const std::shared_ptr<IApplication>& application) {
-  RunScope scope(context);
-  RunJournal& journal = scope.Journal();
-  const std::shared_ptr<IFeatureLayer>& line_layer = choices.lines;
-  const auto tell_faults = [&] { ReportRecordFaults(journal, kWorker, line_layer->Name()); };
-  std::shared_ptr<IFeatureClass> output;
-  const auto run_body = [&]() -> std::string {
-    const BusySigns busy(context.feedback, application);
-    const Lines lines = CollectLines(journal, line_layer, choices.all_lines);
-    if (lines.shapes.empty()) {
-      return GiveUp(context, "No polylines available in '" + line_layer->Name() + "'!  Function cancelled...");
-    }
-
-    BuildFacts facts;
-    const OutputPlace place = FreePlace(choices.output);
-    facts.output_path = place.Path();
-    const VarArray none;
-    FieldTransfer transfer =
-        FieldTransfer::BesideChosen(kMeasures, choices.fields ? *choices.fields : none, place.Kind());
-    if (choices.all_lines) NoteLeftOut(*lines.features, journal);
-    const SpatialReferenceRef reference = lines.features->SpatialReference();
-    const Envelope extent = lines.features->Extent();
-    const auto points = choices.labels ? choices.labels->FeatureClass() : nullptr;
-    OutputRequest request = RequestFor(place, "Specify New Polygon Feature Class Name:");
-    request.geometry_type = esriGeometryPolygon;
-    request.reference = reference;
-    request.envelope = &extent;
-    request.fields = transfer.OutputFields();
-    request.sources = {lines.features};
-    if (points) request.sources.push_back(points);
-    journal.reference = reference;
-    AnnounceLosses(context, *lines.features, line_layer->Name(), transfer.Carried());
-    AnnounceChanges(context, transfer.Carried(), request.place.Kind());
-    output = CreateOutput(context, request);
-    if (!output) return EndWithoutOutput(context);
-    facts.output_path = OutputPath(*output, request);
-    transfer.Bind(points.get(), *output);
-
-    ConstructPolygons(lines, choices.cluster_tolerance, *output);
-    facts.output_count = output->FeatureCount(nullptr);
-    if (facts.output_count == 0) {
-      return GiveUp(context,
-                    "No polygons were created from '" + line_layer->Name() +
-                        "'!  Possibly no polylines intersected in such a way as to create a bounded region.  Function "
-                        "cancelled...");
-    }
-    std::optional<LabelSearch> labels;
-    if (choices.labels) {
-      labels.emplace(choices.labels, choices.all_labels, choices.first_label, output->SpatialReference(),
-                     transfer.Attributes());
-    }
-    facts.unlabelled = CompletePolygons(journal, *output, transfer, labels);
-    journal.written = facts.output_count;
-    PublishOutput(context, *output, request);
-    CheckRowsWritten(journal, *output);
-    facts.output_count = static_cast<std::int32_t>(journal.written);
-    tell_faults();
-
-    AddResultLayer(context, output, output->Name(), *document);
-    document->ActiveView()->PartialRefresh(esriViewGeography, nullptr, nullptr);
-
-    scope.End();
-    facts.line_layer = line_layer->Name();
-    facts.all_lines = choices.all_lines;
-    facts.line_count = lines.count;
-    facts.cluster_tolerance = choices.cluster_tolerance;
-    facts.unit = UnitWord(reference);
-    facts.transfers_labels = choices.labels != nullptr;
-    if (choices.labels) facts.point_layer = choices.labels->Name();
-    facts.all_points = choices.all_labels;
-    facts.first_point = choices.first_label;
-    facts.field_report = transfer.FieldReport();
-    facts.reference_name = (journal.brought ? journal.brought->reference : reference)->Name();
-    facts.time_spent = ReturnTimeElapsedRTF(journal.begin, journal.end, kReportFontSize, journal.elapsed_seconds);
-    return BuildReport(facts, journal);
-  };
-  const auto on_fault = [&](const Fault& fault) {
-    journal.Fail(fault.Description());
-    DiscardUnpublished(context, output);
-    tell_faults();
-    return BuildFailureReport(fault, journal, line_layer->Name());
-  };
-  std::string report;
-  if (!UnlessStopped([&] { report = TrapWith(kWorker, run_body, on_fault); })) {
-    journal.stopped = true;
-    DiscardUnpublished(context, output);
-    tell_faults();
-  }
-  return report;
+  return PolygonBuilding(context, choices, document, application).Run();
 }
 
 }  // namespace tessarine::mod_92_functions

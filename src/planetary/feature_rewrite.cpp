@@ -18,6 +18,7 @@
 #include "support/records_read.h"
 #include "support/rows_on_disk.h"
 #include "support/run_progress.h"
+#include "support/trapped_run.h"
 
 namespace tessarine {
 namespace {
@@ -46,7 +47,7 @@ OutputPlace PlaceGot(const IFeatureClass& output, const OutputRequest& request) 
   OutputPlace place = request.place;
   if (output.Category().starts_with("Shapefile")) {
     place.dataset.clear();
-    if (!EndsWithIgnoringCase(place.name, ".shp")) place.name += ".shp";
+    place.name = MyGeneralOperations::WithShapefileEnding(place.name);
   }
   return place;
 }
@@ -273,21 +274,18 @@ std::string RewriteFeatures(RunContext& context, const FeatureRewrite& run,
   RunJournal& journal = scope.Journal();
   journal.spheroid = run.spheroid;
   std::shared_ptr<IFeatureClass> output;
-  const auto tell_faults = [&] { ReportRecordFaults(journal, run.worker, run.layer->Name()); };
+  const std::string layer_name = run.layer ? run.layer->Name() : "";
   const auto body = [&] {
     const std::string report = RunBody(context, run, application, document, show_progress, facts, scope, output);
-    tell_faults();
+    ReportRecordFaults(journal, run.worker, layer_name);
     return report;
   };
   const auto on_fault = [&](const Fault& fault) {
-    journal.Fail(fault.Description());
-    DiscardUnpublished(context, output);
-    tell_faults();
-    facts.problems = OtherWarningLines(journal, run.layer->Name()) + facts.problems +
-                     FaultLines(journal, run.layer->Name()) + ChangeLines(journal);
+    facts.problems = OtherWarningLines(journal, layer_name) + facts.problems + FaultLines(journal, layer_name) +
+                     ChangeLines(journal);
     return FaultReport(run.conversion, run.worker, facts, fault);
   };
-  return TrapWith(run.worker, body, on_fault);
+  return TrapRun({context, run.worker, layer_name, output}, body, on_fault);
 }
 
 std::string PlanRewrite(RunContext& context, const FeatureRewrite& run) {
