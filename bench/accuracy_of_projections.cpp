@@ -42,7 +42,7 @@ struct Country {
 
 std::vector<Country> Countries() {
   std::vector<Country> result;
-  const auto source = DataSource::Open(TESSARINE_COUNTRIES, false);
+  const auto source = DataSource::Open(TESSARINE_COUNTRIES);
   const auto features = source->OpenFeatureClass("");
   const std::int32_t name = features->FindField("NAME");
   const auto cursor = features->Search(nullptr, false);

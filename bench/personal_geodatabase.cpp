@@ -96,8 +96,7 @@ int main(int argc, char** argv) {
       return 0;
     }
     const bool by_gdal = std::strcmp(argv[1], "read-by-gdal") == 0;
-    const int count =
-        by_gdal ? ReadByGdal(argv[2], argv[3]) : CountRows(engine::OpenDataset(argv[2], false).get(), argv[3]);
+    const int count = by_gdal ? ReadByGdal(argv[2], argv[3]) : CountRows(engine::OpenDataset(argv[2]).get(), argv[3]);
     std::printf("%d rows with shapes\n", count);
     return count < 0 ? 1 : 0;
   } catch (const Fault& fault) {

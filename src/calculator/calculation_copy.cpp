@@ -111,7 +111,7 @@ std::optional<LayerForMeasures> MakeCopy(RunScope& scope, const CopyForMeasures&
   if (request.replaces && !context.feedback.Ask(RunQuestion::ReplaceOutput,
                                                 "The Feature Class '" + request.place.ClassName() +
                                                     "' already exists!  Do you wish to overwrite it?",
-                                                "Feature Class Already Exists:")) {
+                                                kOutputStands)) {
     journal.cancelled = true;
     return std::nullopt;
   }

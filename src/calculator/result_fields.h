@@ -31,7 +31,7 @@ struct FieldFailure {
                                                             const std::vector<std::string>& names);
 
 /// The indexes of the fields. For a field that isn't editable a new one is made, of which the user is told, and the
-/// entries take its name; the index that is returned stays that of the field that can't be written.
+/// entries take its name. The index that is returned stays that of the field that isn't editable.
 [[nodiscard]] FieldIndexes CheckFields(RunContext& context, IFeatureClass& features,
                                        const std::vector<std::string>& names, std::vector<OptionEntry>& entries);
 

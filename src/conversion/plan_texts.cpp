@@ -3,7 +3,6 @@
 
 #include "conversion/run_data.h"
 #include "conversion/run_reports.h"
-#include "platform/host.h"
 #include "platform/rich_text.h"
 #include "platform/shape_words.h"
 #include "support/MyGeneralOperations.h"

@@ -86,10 +86,9 @@ std::string FailureReport(const modCreateVertices::ConversionRun& run, const Run
                           const Fault& fault) {
   return ReportHead() + "!!!  " + std::string(run.words.report_title) + " Failed  !!!\\par\r\n" +
          "\\pard ---------------------------------------------\\b0\\par\r\n" + "Module = " + std::string(kModule) +
-         "\\par\r\n" + "Function = " + std::string(run.worker) + "\\par\r\n" + LineNumberLine(fault, kModuleFile) +
-         "Error " + std::to_string(fault.Number()) + ":  " + EscapeRtf(fault.Description()) + "\\par\r\n" +
-         "----------------------------------------------------------\\par\r\n" + "Analyzing Record #" +
-         std::to_string(facts.records_done) + "\\par\r\n" +
+         "\\par\r\n" +
+         FaultBlock(run.worker, fault, kModuleFile,
+                    "----------------------------------------------------------\\par\r\n", facts.records_done) +
          (facts.output_path.empty()
               ? ""
               : "Rows in " + PathForReport(facts.output_path) + ": " + std::to_string(journal.written) + "\\par\r\n") +

@@ -169,7 +169,7 @@ LayerDefinition WriteRows(const Conversion& conversion, const std::shared_ptr<Og
 // Some drivers don't tell that a disk is full.
 DatasetHandle OpenWritten(const fs::path& path, const fs::path& shown) {
   try {
-    return OpenDatasetAt(path.string(), false);
+    return OpenDatasetAt(path.string());
   } catch (const Fault&) {
     RaiseEngineFault("'" + shown.string() + "' can't be read again when it is written" + WayOut(path.string(), ""));
   }

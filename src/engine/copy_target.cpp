@@ -139,7 +139,7 @@ CPLStringList LayerOptions(const Format& format) {
 
 DatasetHandle OpenTarget(const Format& format, const fs::path& path, const fs::path& shown) {
   if (format.server || (format.container && fs::exists(path))) {
-    DatasetHandle dataset = OpenDatasetAt(path.string(), true);
+    DatasetHandle dataset = OpenDatasetAt(path.string(), FileAccess::Change);
     if (!format.server) return dataset;
     const GdalErrorScope errors;
     if (dataset->StartTransaction() == OGRERR_NONE) return dataset;

@@ -171,15 +171,15 @@ class OgrDataSource final : public DataSource {
 
 }  // namespace
 
-std::shared_ptr<DataSource> DataSource::Open(const std::string& native_path, bool update) {
+std::shared_ptr<DataSource> DataSource::Open(const std::string& native_path, FileAccess access) {
   // A run may have died between the renames of its last step.
   if (!IsRemoteSource(native_path)) FinishInterrupted(native_path);
   if (EndsWithIgnoringCase(native_path, ".shp") && std::filesystem::exists(native_path)) CheckShapefile(native_path);
-  DatasetHandle dataset = OpenDataset(native_path, update);
+  DatasetHandle dataset = OpenDataset(native_path, access);
   std::vector<Offer> offers;
   for (int index = 0; index < dataset->GetLayerCount(); ++index) AddOffers(*dataset->GetLayer(index), offers);
   const std::string driver = dataset->GetDriverName();
-  if (update) dataset.reset();
+  if (access == FileAccess::Change) dataset.reset();
   return std::make_shared<OgrDataSource>(native_path, driver, std::move(offers), std::move(dataset));
 }
 

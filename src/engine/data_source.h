@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "engine/file_access.h"
 #include "platform/data.h"
 
 namespace tessarine {
@@ -26,7 +27,8 @@ class DataSource : public virtual Object {
  public:
   /// Opens a file or folder. The fault of one that is missing, damaged or no vector data names it and what to do; a
   /// shapefile is checked for its parts and their lengths.
-  [[nodiscard]] static std::shared_ptr<DataSource> Open(const std::string& native_path, bool update);
+  [[nodiscard]] static std::shared_ptr<DataSource> Open(const std::string& native_path,
+                                                        FileAccess access = FileAccess::Read);
 
   [[nodiscard]] virtual std::string DriverName() const = 0;
   /// A layer that mixes points, lines and polygons counts as one layer for each kind, named with the kind behind.

@@ -65,7 +65,7 @@ void CollectVirtualFile(const std::string& path, const std::string& layer, int d
 
 DatasetHandle OpenIfReadable(const std::string& path) {
   try {
-    return OpenDatasetAt(path, false);
+    return OpenDatasetAt(path);
   } catch (const Fault&) {
     return nullptr;
   }

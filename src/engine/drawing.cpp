@@ -213,7 +213,7 @@ void ReadLayers(GDALDataset& dataset, const std::string& path, const std::string
 }  // namespace
 
 Drawing ReadDrawing(const std::string& native_path, const std::string& layer, const std::string& name_field) {
-  const DatasetHandle dataset = OpenDataset(native_path, false);
+  const DatasetHandle dataset = OpenDataset(native_path);
   const GdalErrorScope errors;
   Drawing drawing;
   ReadLayers(*dataset, native_path, layer, name_field, drawing);

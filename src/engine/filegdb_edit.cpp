@@ -39,7 +39,7 @@ std::string FileName(const std::string& path) { return fs::path(path).filename()
 // GDAL makes the index that has no entry yet.
 void MakeIndex(const std::string& folder, const std::string& table, const GdbIndex& index) {
   const GdalErrorScope errors;
-  const DatasetHandle dataset = OpenDatasetAt(folder, true);
+  const DatasetHandle dataset = OpenDatasetAt(folder, FileAccess::Change);
   // The driver takes names as they stand here, without quotes.
   RunSql(*dataset, "CREATE INDEX " + index.name + " ON " + table + "(" + index.expression + ")");
 }

@@ -169,7 +169,7 @@ class FormatWorkspace final : public IFeatureWorkspace, public IClassPlanner {
     return format_.container ? fs::path(place_) : fs::path(place_) / name;
   }
   [[nodiscard]] std::shared_ptr<DataSource> Source(const std::string& name) const {
-    return DataSource::Open(TargetOf(name).string(), false);
+    return DataSource::Open(TargetOf(name).string());
   }
 
   std::shared_ptr<IFeatureClass> MakeInGeoPackage(const NewClass& request, bool replaces) {

@@ -55,7 +55,7 @@ SpatialReferenceRef PromisedReference(const std::string& geodatabase, const std:
 std::string StoredDatasetName(const std::string& geodatabase, const std::string& name) {
   if (IsPersonalGeodatabase(geodatabase)) return StoredPersonalDataset(geodatabase, name);
   if (!fs::exists(PlaceOfData(geodatabase))) return "";
-  const DatasetHandle dataset = OpenDataset(geodatabase, false);
+  const DatasetHandle dataset = OpenDataset(geodatabase);
   const auto root = dataset->GetRootGroup();
   if (!root) return "";
   for (const std::string& group : root->GetGroupNames()) {
@@ -77,7 +77,7 @@ void RequireFreeName(GDALDataset& dataset, const std::string& path, const std::s
 
 // The grid of a dataset's first class.
 std::optional<NewGrid> GridOfDataset(const std::string& path, const std::string& dataset_name) {
-  const DatasetHandle dataset = OpenDataset(path, false);
+  const DatasetHandle dataset = OpenDataset(path);
   const auto root = dataset->GetRootGroup();
   const GdalErrorScope quiet;
   const auto group = root ? root->OpenGroup(dataset_name) : nullptr;
@@ -190,7 +190,7 @@ class GeodatabaseDataset final : public IFeatureDataset {
 
 bool HoldsLayer(const std::string& path, const std::string& name) {
   if (!fs::exists(PlaceOfData(path)) && !PersonalEdit::UnderWay(path)) return false;
-  const DatasetHandle dataset = OpenDataset(path, false);
+  const DatasetHandle dataset = OpenDataset(path);
   for (int index = 0; index < dataset->GetLayerCount(); ++index) {
     if (EqualsIgnoringCase(dataset->GetLayer(index)->GetName(), name)) return true;
   }
@@ -203,10 +203,10 @@ class Geodatabase final : public IFeatureWorkspace {
 
   [[nodiscard]] std::string PathName() const override { return FromNativePath(path_); }
   [[nodiscard]] std::shared_ptr<IFeatureClass> OpenFeatureClass(const std::string& name) override {
-    return DataSource::Open(path_, false)->OpenFeatureClass(name);
+    return DataSource::Open(path_)->OpenFeatureClass(name);
   }
   [[nodiscard]] std::shared_ptr<ITable> OpenTable(const std::string& name) override {
-    return DataSource::Open(path_, false)->OpenTable(name);
+    return DataSource::Open(path_)->OpenTable(name);
   }
   [[nodiscard]] std::shared_ptr<IFeatureDataset> OpenFeatureDataset(const std::string& name) override {
     if (!HasDataset(path_, name)) RaiseEngineFault("'" + path_ + "' has no feature dataset '" + name + "'.");
@@ -264,11 +264,11 @@ engine::NewGeodatabaseClass engine::MakeInGeodatabase(const GeodatabaseWish& wis
       MakeGeodatabase(made.edit->Folder(), place.container);
       made.edit->OwnCatalogue();
     }
-    if (wish.replaces) DataSource::Open(place.container, false)->OpenTable(place.name)->Delete();
+    if (wish.replaces) DataSource::Open(place.container)->OpenTable(place.name)->Delete();
     std::string stored = place.dataset.empty() ? "" : StoredDatasetName(place.container, place.dataset);
     if (stored.empty()) stored = place.dataset;
     const std::optional<NewGrid> grid = GridOfNewClass(place.container, stored, wish.reference, wish.extent);
-    const DatasetHandle dataset = OpenDataset(place.container, true);
+    const DatasetHandle dataset = OpenDataset(place.container, FileAccess::Change);
     RequireFreeName(*dataset, place.container, place.name);
     CPLStringList options;
     if (!stored.empty()) options.SetNameValue("FEATURE_DATASET", stored.c_str());
@@ -303,9 +303,9 @@ SpatialReferenceRef FeatureDatasetReference(const std::string& native_geodatabas
   if (IsPersonalGeodatabase(native_geodatabase)) {
     const std::string name_of_class = ClassOfPersonalDataset(native_geodatabase, stored);
     if (name_of_class.empty()) return nullptr;
-    return DataSource::Open(native_geodatabase, false)->OpenFeatureClass(name_of_class)->SpatialReference();
+    return DataSource::Open(native_geodatabase)->OpenFeatureClass(name_of_class)->SpatialReference();
   }
-  const DatasetHandle dataset = OpenDataset(native_geodatabase, false);
+  const DatasetHandle dataset = OpenDataset(native_geodatabase);
   const auto root = dataset->GetRootGroup();
   const GdalErrorScope quiet;
   const auto group = root ? root->OpenGroup(stored) : nullptr;

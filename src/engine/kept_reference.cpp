@@ -141,7 +141,7 @@ std::string Rounded(double metres) {
 
 // The reference that a file of one layer holds.
 OgrReference ReadBack(const fs::path& path) {
-  const DatasetHandle dataset = OpenDatasetAt(path.string(), false);
+  const DatasetHandle dataset = OpenDatasetAt(path.string());
   const OGRLayer* layer = dataset->GetLayerCount() > 0 ? dataset->GetLayer(0) : nullptr;
   const OGRSpatialReference* read = layer == nullptr ? nullptr : const_cast<OGRLayer*>(layer)->GetSpatialRef();
   return OgrReference(read == nullptr ? nullptr : read->Clone());

@@ -209,7 +209,7 @@ class Copier {
         std::make_unique<StagedOutput>(TargetFile(), stands ? StagedOutput::Begin::Copy : StagedOutput::Begin::Empty);
     std::string layer;
     {
-      const DatasetHandle dataset = stands ? OpenDatasetAt(staged->Path().string(), true)
+      const DatasetHandle dataset = stands ? OpenDatasetAt(staged->Path().string(), FileAccess::Change)
                                            : CreateFile(DriverOf(format_), staged->Path(), ShownFile());
       if (request_.replaces) RemoveLayer(*dataset, place_.ClassName());
       layer = MakeLayer(*dataset, place_.ClassName(), format_, LayerOptions(format_), ShownFile());
@@ -352,12 +352,12 @@ class Copier {
 // A GeoPackage without layers opens for writing alone.
 DatasetHandle OpenContainer(const OutputPlace& place) {
   try {
-    return OpenDataset(place.container, false);
+    return OpenDataset(place.container);
   } catch (const Fault&) {
     if (place.format->store != FileStore::GeoPackage) throw;
     const auto quietly = [&]() -> DatasetHandle {
       try {
-        return OpenDataset(place.container, true);
+        return OpenDataset(place.container, FileAccess::Change);
       } catch (const Fault&) {
         return {};
       }

@@ -243,7 +243,7 @@ void OgrClass::Delete() {
 
 void OgrClass::DeleteLayer() {
   const GdalErrorScope errors;
-  const DatasetHandle dataset = OpenDataset(source_->Path(), true);
+  const DatasetHandle dataset = OpenDataset(source_->Path(), FileAccess::Change);
   source_->Renew();
   for (int index = 0; index < dataset->GetLayerCount(); ++index) {
     if (source_->LayerName() != dataset->GetLayer(index)->GetName()) continue;
@@ -265,7 +265,7 @@ bool OgrClass::CanBypassEditSession() const {
   const GdalErrorScope quiet;
   try {
     // Nothing is changed; so the geodatabase itself may be looked at.
-    const DatasetHandle dataset = OpenDatasetAt(PlaceOfData(path), true);
+    const DatasetHandle dataset = OpenDatasetAt(PlaceOfData(path), FileAccess::Change);
     OGRLayer* layer = dataset->GetLayerByName(source_->LayerName().c_str());
     return layer != nullptr && layer->TestCapability(OLCRandomWrite) != 0;
   } catch (const Fault&) {

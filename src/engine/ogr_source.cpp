@@ -70,11 +70,11 @@ void RegisterDrivers() {
   });
 }
 
-DatasetHandle OpenDataset(const std::string& native_path, bool update) {
-  if (update && IsFileGdb(native_path) && !FileGdbEdit::UnderWay(native_path)) {
+DatasetHandle OpenDataset(const std::string& native_path, FileAccess access) {
+  if (access == FileAccess::Change && IsFileGdb(native_path) && !FileGdbEdit::UnderWay(native_path)) {
     Raise(kInvalidCall, "'" + native_path + "' is written to outside of an edit.");
   }
-  return OpenDatasetAt(PlaceOfData(native_path), update);
+  return OpenDatasetAt(PlaceOfData(native_path), access);
 }
 
 void FileChanged(const std::string& native_path) {
@@ -103,12 +103,13 @@ std::string StoreComplaint(const std::string& native_path) {
 
 }  // namespace
 
-DatasetHandle OpenDatasetAt(const std::string& native_path, bool update) {
+DatasetHandle OpenDatasetAt(const std::string& native_path, FileAccess access) {
+  const bool update = access == FileAccess::Change;
   RegisterDrivers();
   ReadingScope errors;
   const unsigned flags = GDAL_OF_VECTOR | (update ? GDAL_OF_UPDATE : GDAL_OF_READONLY);
   DatasetHandle dataset = IsPersonalGeodatabase(native_path)
-                              ? OpenPersonalGeodatabase(native_path, update)
+                              ? OpenPersonalGeodatabase(native_path, access)
                               : DatasetHandle(GDALDataset::Open(native_path.c_str(), flags));
   if (!dataset && !update && HasJournal(native_path)) {
     RollBack(native_path);
@@ -185,7 +186,8 @@ OgrSource::OgrSource(std::string native_path, std::string data_path, std::string
       file_(SharedFileOf(data_path_, layer_)),
       idle_generation_(file_->generation) {}
 
-LayerHandle OgrSource::Open(bool update) {
+LayerHandle OgrSource::Open(FileAccess access) {
+  const bool update = access == FileAccess::Change;
   // Our rings run as they must. The driver's own look at them would cost the square of their number.
   const CPLConfigOptionSetter rings_as_given("SHAPE_REWIND_ON_WRITE", "NO", false);
   // What is staged is flushed to the disk as a whole before it takes its place.
@@ -201,21 +203,21 @@ LayerHandle OgrSource::Open(bool update) {
   // Held by the data set from then on.
   const bool personal = update && IsPersonalGeodatabase(path_);
   const std::shared_ptr<PersonalEdit> personal_edit = personal ? PersonalEdit::Begin(path_) : nullptr;
-  return HandleOf(OpenDataset(data_path_, update), update, std::move(edit));
+  return HandleOf(OpenDataset(data_path_, access), access, std::move(edit));
 }
 
-LayerHandle OgrSource::HandleOf(DatasetHandle dataset, bool update, std::shared_ptr<FileGdbEdit> edit) {
+LayerHandle OgrSource::HandleOf(DatasetHandle dataset, FileAccess access, std::shared_ptr<FileGdbEdit> edit) {
   OGRLayer* layer = dataset->GetLayerByName(layer_.c_str());
   if (layer == nullptr) RaiseEngineFault("'" + path_ + "' has no layer '" + layer_ + "' any more.");
   if (const char* why = layer->GetMetadataItem(kWhyUnreadable)) {
     RaiseEngineFault("'" + layer_ + "' in '" + path_ + "' can't be used: " + why + ".");
   }
-  return {shared_from_this(), std::move(dataset), *layer, update, std::move(edit)};
+  return {shared_from_this(), std::move(dataset), *layer, access == FileAccess::Change, std::move(edit)};
 }
 
 LayerHandle OgrSource::Read() {
   std::optional<LayerHandle> idle = ReadIfIdle();
-  return idle ? std::move(*idle) : Open(false);
+  return idle ? std::move(*idle) : Open(FileAccess::Read);
 }
 
 std::optional<LayerHandle> OgrSource::ReadIfIdle() {
@@ -223,7 +225,7 @@ std::optional<LayerHandle> OgrSource::ReadIfIdle() {
   if (idle_.empty()) return std::nullopt;
   DatasetHandle dataset = std::move(idle_.back());
   idle_.pop_back();
-  return HandleOf(std::move(dataset), false, nullptr);
+  return HandleOf(std::move(dataset), FileAccess::Read, nullptr);
 }
 
 void OgrSource::TakeOver(DatasetHandle dataset) { idle_.push_back(std::move(dataset)); }
@@ -234,7 +236,7 @@ LayerHandle OgrSource::Write() {
     const auto open = walk.lock();
     if (open->HasBegun()) open->ReadAhead();
   }
-  return Open(true);
+  return Open(FileAccess::Change);
 }
 
 void OgrSource::Renew() {

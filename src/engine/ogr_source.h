@@ -13,6 +13,7 @@
 #include <string>
 #include <vector>
 
+#include "engine/file_access.h"
 #include "platform/geometry_types.h"
 
 namespace tessarine::engine {
@@ -29,9 +30,9 @@ void RegisterDrivers();
 
 /// Opens a vector dataset, or raises a fault that names the file and quotes GDAL. A file geodatabase that is being
 /// changed is opened as the edit has it; for writing it opens only in an edit.
-[[nodiscard]] DatasetHandle OpenDataset(const std::string& native_path, bool update);
+[[nodiscard]] DatasetHandle OpenDataset(const std::string& native_path, FileAccess access = FileAccess::Read);
 /// The same with the very file or folder.
-[[nodiscard]] DatasetHandle OpenDatasetAt(const std::string& native_path, bool update);
+[[nodiscard]] DatasetHandle OpenDatasetAt(const std::string& native_path, FileAccess access = FileAccess::Read);
 
 /// Another file or folder stands at this path now: handles that were kept for reading are dropped.
 void FileChanged(const std::string& native_path);
@@ -100,8 +101,8 @@ class OgrSource : public std::enable_shared_from_this<OgrSource> {
 
  private:
   friend class LayerHandle;
-  [[nodiscard]] LayerHandle Open(bool update);
-  [[nodiscard]] LayerHandle HandleOf(DatasetHandle dataset, bool update, std::shared_ptr<FileGdbEdit> edit);
+  [[nodiscard]] LayerHandle Open(FileAccess access);
+  [[nodiscard]] LayerHandle HandleOf(DatasetHandle dataset, FileAccess access, std::shared_ptr<FileGdbEdit> edit);
 
   std::string path_, data_path_;
   std::string layer_;

@@ -210,7 +210,7 @@ void IndexPackageLayer(const std::filesystem::path& file, const std::string& lay
   const CPLConfigOptionSetter unhurried("OGR_SQLITE_SYNCHRONOUS", "OFF", true);
   const CPLConfigOptionSetter journal("OGR_SQLITE_JOURNAL", "MEMORY", true);
   const GdalErrorScope errors;
-  DatasetHandle dataset = OpenDatasetAt(file.string(), true);
+  DatasetHandle dataset = OpenDatasetAt(file.string(), FileAccess::Change);
   OGRLayer* indexed = dataset->GetLayerByName(layer.c_str());
   if (indexed == nullptr) RaiseEngineFault("The layer '" + layer + "' isn't there to be indexed.");
   const std::string column = indexed->GetGeometryColumn(), key = indexed->GetFIDColumn();

@@ -79,8 +79,8 @@ MadePersonalClass MakeInPersonalGeodatabase(const GeodatabaseWish& wish, const L
   RequireWritableGeodatabase(place.container, PersonalUse::NewClass);
   MadePersonalClass made{PersonalEdit::Begin(place.container), ""};
   try {
-    if (wish.replaces) DataSource::Open(place.container, false)->OpenTable(place.name)->Delete();
-    const DatasetHandle dataset = OpenDataset(place.container, true);
+    if (wish.replaces) DataSource::Open(place.container)->OpenTable(place.name)->Delete();
+    const DatasetHandle dataset = OpenDataset(place.container, FileAccess::Change);
     RequireFreeName(*dataset, place);
     made.name = make(*dataset, OptionsFor(*made.edit->Database(), wish));
     return made;

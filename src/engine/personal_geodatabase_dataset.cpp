@@ -199,7 +199,8 @@ GDALDriver& PersonalDriver() {
   return *driver;
 }
 
-DatasetHandle OpenPersonalGeodatabase(const std::string& native_path, bool update) {
+DatasetHandle OpenPersonalGeodatabase(const std::string& native_path, FileAccess access) {
+  const bool update = access == FileAccess::Change;
   try {
     const std::shared_ptr<PersonalEdit> edit = PersonalEdit::UnderWay(native_path);
     std::shared_ptr<jet::Database> database =

@@ -14,7 +14,7 @@ inline constexpr const char* kWhyUnreadable = "WHY_UNREADABLE";
 
 /// Opens the geodatabase as the edit under way has it; for writing it can be used in an edit only. Null where it can't
 /// be opened; GDAL's error handler is told why. A table that can't be read costs no other: its layer tells why.
-[[nodiscard]] DatasetHandle OpenPersonalGeodatabase(const std::string& native_path, bool update);
+[[nodiscard]] DatasetHandle OpenPersonalGeodatabase(const std::string& native_path, FileAccess access);
 
 /// What there is to know of the format as of others that the library writes. It isn't registered: other parts of the
 /// process open such files as they did.

@@ -8,9 +8,9 @@
 #include <span>
 #include <string>
 
-namespace tessarine::engine {
+#include "engine/file_access.h"
 
-enum class FileAccess { Read, Change };
+namespace tessarine::engine {
 
 /// Every transfer is whole, or a fault that names the file.
 class RawFile {

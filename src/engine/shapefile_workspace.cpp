@@ -45,12 +45,12 @@ class ShapefileWorkspace final : public IFeatureWorkspace {
   [[nodiscard]] std::string PathName() const override { return FromNativePath(folder_); }
 
   [[nodiscard]] std::shared_ptr<IFeatureClass> OpenFeatureClass(const std::string& name) override {
-    return DataSource::Open(StandingFileOf(name, ".shp"), false)->OpenFeatureClass("");
+    return DataSource::Open(StandingFileOf(name, ".shp"))->OpenFeatureClass("");
   }
   [[nodiscard]] std::shared_ptr<ITable> OpenTable(const std::string& name) override {
     const std::string file = StandingFileOf(name, ".dbf");
     if (!fs::exists(file)) RaiseEngineFault("There is no table '" + file + "'.");
-    return DataSource::Open(file, false)->OpenTable("");
+    return DataSource::Open(file)->OpenTable("");
   }
   [[nodiscard]] std::shared_ptr<IFeatureDataset> OpenFeatureDataset(const std::string& name) override {
     RaiseEngineFault("A folder of shapefiles has no feature dataset '" + name + "'.");

@@ -86,7 +86,7 @@ void StampGeoPackage(const std::filesystem::path& file, const std::string& layer
   const std::vector<StampLine> lines = LinesOfRun();
   if (lines.empty()) return;
   const GdalErrorScope errors;
-  DatasetHandle dataset = OpenDatasetAt(file.string(), true);
+  DatasetHandle dataset = OpenDatasetAt(file.string(), FileAccess::Change);
   OGRLayer* stamped = dataset->GetLayerByName(layer.c_str());
   bool kept = stamped != nullptr;
   for (const StampLine& line : lines) {

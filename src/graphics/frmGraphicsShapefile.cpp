@@ -163,7 +163,7 @@ void frmGraphicsShapefile::cmdGetWorkspace_Click() {
   Trap("cmdGetWorkspace_Click", [this] {
     OutputPlace place = output_;
     if (!BrowseForOutput(txtOutput.Text(), place, kAnyGeodatabasePlace)) return;
-    if (place.Kind() == kShapefile && !EndsWithIgnoringCase(place.name, ".shp")) place.name += ".shp";
+    if (place.Kind() == kShapefile) place.name = WithShapefileEnding(place.name);
     ShowOutput(place);
   });
 }

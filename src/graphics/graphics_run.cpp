@@ -2,7 +2,6 @@
 #include "graphics/graphics_run.h"
 
 #include "platform/fault.h"
-#include "platform/host.h"
 #include "platform/run_scope.h"
 #include "shapes/MyGeometricOperations.h"
 #include "support/MyGeneralOperations.h"

@@ -53,12 +53,20 @@ enum class StampPlace : std::uint8_t {
 /// Formats whose files the engine's own code changes, beside its library.
 enum class FileStore : std::uint8_t { Other, Shapefile, FileGeodatabase, PersonalGeodatabase, GeoPackage };
 
+/// Every format has a number, by which dialogs know it as long as they are open; these have names in the code.
+enum OutputKind : std::int32_t {
+  kUnknownOutput = 0,
+  kShapefile = 1,
+  kFileGeodatabase = 2,
+  kPersonalGeodatabase = 4,
+};
+
 struct Format {
   std::string_view name = {};      ///< as documents remember it: "File Geodatabase"
   std::string_view category = {};  ///< of its classes in a catalog: "File Geodatabase Feature Class"
   std::string_view ending = {};    ///< ".gdb"
   std::string_view driver = {};    ///< of the engine's library
-  std::int32_t kind = 0;           ///< the number that dialogs keep while they are open
+  std::int32_t kind = kUnknownOutput;
   FileStore store = FileStore::Other;
   bool container = false;  ///< one file or folder holds several classes, each under a name
   bool folder = false;     ///< a container that is a folder
@@ -72,6 +80,7 @@ struct Format {
   bool uniform_shapes = false;      ///< all shapes of a class have heights, or none has; so with measures
   bool one_kind = false;            ///< a class of curves holds no plain lines beside them
   bool clean_texts = false;         ///< a text with a control character makes the whole file unreadable
+  bool narrow_integers = false;     ///< the library reads whole numbers beyond 64 bits as others
   bool finite_numbers = false;      ///< infinities and no-number can't be kept; such a value is null
   bool byte_widths = false;         ///< texts are as wide as their bytes: a column takes the greatest width there is
   bool multiple_shapes = false;     ///< a class is of single shapes or of multiple ones, never of both
@@ -105,9 +114,8 @@ struct Format {
 
   /// Each class is a file of its own, or two or three.
   [[nodiscard]] bool IsFile() const { return !container; }
-  /// Of those that dialogs have always offered, each with a way of its own.
-  [[nodiscard]] bool HasOwnWorkspace() const { return kind != 0 && kind <= kLastOwnKind; }
-  static constexpr std::int32_t kLastOwnKind = 4;
+  /// The engine has a workspace for it alone; all others share one.
+  [[nodiscard]] bool HasOwnWorkspace() const { return kind != kUnknownOutput && kind <= kPersonalGeodatabase; }
 };
 
 /// The row of a kind, an ending (of a path, in any case), a driver, or a name of the row or its driver in any case;

@@ -14,6 +14,9 @@
 
 namespace tessarine {
 
+/// The title of the question whether a class that stands in the place of an output may go.
+inline constexpr const char* kOutputStands = "Feature Class Already Exists:";
+
 struct OutputPlace {
   const Format* format = nullptr;  ///< null for a folder in which a name is still to be chosen
   std::string container;           ///< the folder or geodatabase: a native path

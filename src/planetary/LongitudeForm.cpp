@@ -145,9 +145,7 @@ void FollowTypedOutput(const std::string& text, OutputPlace& place) {
   place.name = name;
   if (!place.dataset.empty() && EqualsIgnoringCase(folder, place.Directory() + "\\" + place.dataset)) return;
   if (FollowNamedFormat(text, place)) return;
-  const OutputKind kind = EndsWithIgnoringCase(folder, ".gdb")   ? kFileGeodatabase
-                          : EndsWithIgnoringCase(folder, ".mdb") ? kPersonalGeodatabase
-                                                                 : kShapefile;
+  const OutputKind kind = KindInFolder(folder);
   // A path without a name is asked for when the output is made.
   const bool ends = kind == kShapefile && !name.empty();
   place = PlaceIn(kind, aml_func_mod::ReturnDir(text), ends ? aml_func_mod::SetExtension(name, "shp") : name);

@@ -124,10 +124,8 @@ std::string NoOutputReport(std::string_view conversion) {
 
 std::string FaultReport(std::string_view conversion, std::string_view worker, const RewriteFacts& facts,
                         const Fault& fault) {
-  return FailedOpening(conversion) + "Function = " + EscapeRtf(worker) + "\\par\r\n" +
-         LineNumberLine(fault, "planetary/feature_rewrite.cpp") + "Error " + std::to_string(fault.Number()) + ":  " +
-         EscapeRtf(fault.Description()) + "\\par\r\n" + std::string(kRule) + "Analyzing Record #" +
-         std::to_string(facts.records_done) + "\\par\r\n" + facts.problems + "}";
+  return FailedOpening(conversion) +
+         FaultBlock(worker, fault, "planetary/feature_rewrite.cpp", kRule, facts.records_done) + facts.problems + "}";
 }
 
 std::string PlanReport(std::string_view conversion, const std::vector<ReportSection>& sections) {

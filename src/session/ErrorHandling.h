@@ -9,7 +9,7 @@
 
 namespace tessarine::ErrorHandling {
 
-/// What report form 3 returns, and where a form shows itself; see `HandleError`.
+/// How a fault is shown: as a message, as a question whose Yes raises it again, or in the host's dialog of errors.
 enum ReportForm : std::int32_t {
   kMessageBoxReport = 1,
   kDialogReport = 2,

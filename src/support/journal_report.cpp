@@ -101,6 +101,13 @@ std::string LineNumberLine(const Fault& fault, std::string_view module_file) {
          std::string(kLineEnd);
 }
 
+std::string FaultBlock(std::string_view worker, const Fault& fault, std::string_view module_file, std::string_view rule,
+                       std::int64_t record) {
+  return "Function = " + EscapeRtf(std::string(worker)) + std::string(kLineEnd) + LineNumberLine(fault, module_file) +
+         FaultText(fault.Number(), fault.Description(), "") + std::string(kLineEnd) + std::string(rule) +
+         "Analyzing Record #" + std::to_string(record) + std::string(kLineEnd);
+}
+
 std::string_view OutcomeTitle(const RunJournal& journal) {
   if (journal.failed) return "Failed";
   return journal.unmeasured_oids.empty() ? "Successful" : "Finished with Problems";

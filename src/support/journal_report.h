@@ -32,6 +32,10 @@ namespace tessarine {
 /// "Line Number = 120", with the name of the file where that isn't the module's.
 [[nodiscard]] std::string LineNumberLine(const Fault& fault, std::string_view module_file);
 
+/// Where a run failed: routine, line, number and description, a rule, and the record that it was at.
+[[nodiscard]] std::string FaultBlock(std::string_view worker, const Fault& fault, std::string_view module_file,
+                                     std::string_view rule, std::int64_t record);
+
 /// "Successful", unless something is missing.
 [[nodiscard]] std::string_view OutcomeTitle(const RunJournal& journal);
 

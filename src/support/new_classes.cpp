@@ -16,13 +16,13 @@ namespace {
 constexpr double kDefaultGridSize = 100.0;
 constexpr double kDatasetGridSize = 10.0;
 constexpr double kFeaturesPerTile = 200.0;
-constexpr std::size_t kUniqueIdLimit = 10;
+constexpr std::size_t kUniqueIdLimit = kDbaseNameLength;
 constexpr std::size_t kObjectIdLimit = 11;
-constexpr std::size_t kShapeLimit = 10;
+constexpr std::size_t kShapeLimit = kDbaseNameLength;
 
 struct FeatureTypeRow {
   esriFeatureType type;
-  const char* class_id;  // nothing: no such class can be made
+  const char* class_id;  // null: no such class can be made
   std::optional<esriGeometryType> forced;
 };
 

@@ -18,19 +18,11 @@ namespace {
 
 using namespace aml_func_mod;
 
-// Tables count as places of outputs beside them.
-OutputKind KindOfPlace(std::string_view category) {
-  if (category == "dBASE Table") return kShapefile;
-  if (category == "File Geodatabase Table") return kFileGeodatabase;
-  if (category == "Personal Geodatabase Table") return kPersonalGeodatabase;
-  return KindOfCategory(category);
-}
-
 std::shared_ptr<IFeatureWorkspace> OpenGeodatabase(const OutputPlace& place) {
   return Require(FactoryOfKind(place.Kind()), "factory")->OpenFromFile(place.Directory(), 0);
 }
 
-// A format that dialogs haven't always offered.
+// A format that a path can name by its ending, and that has no workspace of its own.
 const Format* NamedFormatOfPath(const std::string& path) {
   const Format* format = FormatOfPath(path);
   return format == nullptr || format->HasOwnWorkspace() || !format->writable ? nullptr : format;
@@ -54,8 +46,7 @@ bool IsContainerPath(const std::string& path) {
 std::string StemOf(const std::string& path) { return std::filesystem::path(ToNativePath(path)).stem().string(); }
 
 std::string NameInGeodatabase(std::string name) {
-  if (EndsWithIgnoringCase(name, ".shp")) name.resize(name.size() - 4);
-  return ReplaceBadChars(name, true, true, true, true);
+  return ReplaceBadChars(WithoutShapefileEnding(std::move(name)), true, true, true, true);
 }
 
 // The place that a confirmed browse dialog names.
@@ -69,13 +60,6 @@ OutputPlace ChosenPlace(const IGxDialog& dialog, OutputKind kind) {
   if (kind == kShapefile && FollowNamedFormat(chosen.Path(), chosen)) return chosen;
   if (chosen.format->feature_datasets) chosen.name = NameInGeodatabase(std::move(chosen.name));
   return chosen;
-}
-
-// Any category that begins as the geodatabases' do.
-OutputKind KindOfAnyPlace(std::string_view category) {
-  if (category.starts_with("File Geodatabase")) return kFileGeodatabase;
-  if (category.starts_with("Personal Geodatabase")) return kPersonalGeodatabase;
-  return KindOfPlace(category);
 }
 
 MessageAnswer RefuseCategory(const std::string& category, const std::string& line_break) {
@@ -124,7 +108,7 @@ OutputPlace RememberedPlace(const clsExtension& extension, const std::shared_ptr
 OutputPlace ProposeName(OutputPlace place, const std::string& base_name) {
   const OutputPlace wished{place.format, place.container, "", base_name};
   if (place.Kind() == kShapefile) {
-    place.name = ReturnFilename(MakeUniqueShapeFilename(wished.Path() + ".shp"));
+    place.name = ReturnFilename(MakeUniqueShapeFilename(WithShapefileEnding(wished.Path())));
   } else if (place.format->IsFile()) {
     place.name = ReturnFilename(MakeUniqueFilename(wished.Path() + std::string(place.format->ending)));
   } else {
@@ -153,9 +137,7 @@ bool FollowNamedFormat(const std::string& text, OutputPlace& place) {
 
 void FollowTypedPath(const std::string& text, OutputPlace& place) {
   if (FollowNamedFormat(text, place)) return;
-  const OutputKind kind = EndsWithIgnoringCase(text, ".gdb")   ? kFileGeodatabase
-                          : EndsWithIgnoringCase(text, ".mdb") ? kPersonalGeodatabase
-                                                               : kShapefile;
+  const OutputKind kind = KindInFolder(text);
   const std::string name = ReturnFilename(text);
   place = PlaceIn(kind, ReturnDir(text), kind == kShapefile ? SetExtension(name, "shp") : name, place.dataset);
 }
@@ -229,7 +211,7 @@ bool OutputWorkspaceExists(const std::string& text, const OutputPlace& place) {
 OutputPlace PlaceFor(const ToolOutput& output, const std::string& base_name) {
   OutputPlace place = PlaceOf(output);
   if (place.IsFolder()) {
-    const std::filesystem::path wished = std::filesystem::path(place.container) / (base_name + ".shp");
+    const std::filesystem::path wished = std::filesystem::path(place.container) / WithShapefileEnding(base_name);
     return PlaceIn(kShapefile, output.directory, FirstFreePath(wished).filename().string());
   }
   if (!output.path.empty()) return place;

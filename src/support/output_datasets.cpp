@@ -139,7 +139,7 @@ bool MakeNameFree(RunContext& context, const std::shared_ptr<IFeatureWorkspace>&
   if (!workspace->HoldsName(name) && !CheckIfFeatureClassExists(workspace, name)) return true;
   if (!context.feedback.Ask(RunQuestion::ReplaceOutput,
                             "The Feature Class '" + shown_name + "' already exists!  Do you wish to overwrite it?",
-                            "Feature Class Already Exists:"))
+                            kOutputStands))
     return false;
   workspace->AllowReplacing(name);
   return true;
@@ -163,10 +163,8 @@ std::shared_ptr<IFeatureClass> CreateAt(OutputRequest& request, const std::strin
                            nullptr, "", request.envelope);
   }
   if (IsFolderCategory(category)) {
-    const std::string& file = request.place.name;
-    const std::string name = EndsWithIgnoringCase(file, ".shp") ? file.substr(0, file.size() - 4) : file;
-    return NewPlainClass(*workspace, name, request.reference, request.geometry_type, request.fields,
-                         request.add_unique_id, ExtentOf(request));
+    return NewPlainClass(*workspace, WithoutShapefileEnding(request.place.name), request.reference,
+                         request.geometry_type, request.fields, request.add_unique_id, ExtentOf(request));
   }
   if (!FormatOfKind(KindOfCategory(category))->HasOwnWorkspace()) {
     return NewPlainClass(*workspace, request.place.name, request.reference, request.geometry_type, request.fields,

@@ -7,6 +7,7 @@
 #include "outputs/format_workspace.h"
 #include "outputs/formats.h"
 #include "outputs/temporary_layers.h"
+#include "platform/text_formats.h"
 
 namespace tessarine::MyGeneralOperations {
 namespace {
@@ -54,6 +55,40 @@ OutputKind KindOfCategory(std::string_view category) {
     return known ? static_cast<OutputKind>(format.kind) : kUnknownOutput;
   }
   return kUnknownOutput;
+}
+
+OutputKind KindOfPlace(std::string_view category) {
+  if (category == "dBASE Table") return kShapefile;
+  for (const Format& format : AllFormats()) {
+    if (format.feature_datasets && category == std::string(format.name) + " Table") {
+      return static_cast<OutputKind>(format.kind);
+    }
+  }
+  return KindOfCategory(category);
+}
+
+OutputKind KindOfAnyPlace(std::string_view category) {
+  for (const Format& format : AllFormats()) {
+    if (format.feature_datasets && category.starts_with(format.name)) return static_cast<OutputKind>(format.kind);
+  }
+  return KindOfPlace(category);
+}
+
+OutputKind KindInFolder(const std::string& folder) {
+  const Format* format = FormatOfPath(folder);
+  return format != nullptr && format->feature_datasets ? static_cast<OutputKind>(format->kind) : kShapefile;
+}
+
+std::string WithShapefileEnding(std::string name) {
+  const std::string_view ending = FormatOfKind(kShapefile)->ending;
+  if (!EndsWithIgnoringCase(name, ending)) name += ending;
+  return name;
+}
+
+std::string WithoutShapefileEnding(std::string name) {
+  const std::string_view ending = FormatOfKind(kShapefile)->ending;
+  if (EndsWithIgnoringCase(name, ending)) name.resize(name.size() - ending.size());
+  return name;
 }
 
 std::shared_ptr<IWorkspaceFactory> FactoryOfKind(std::int32_t kind) {

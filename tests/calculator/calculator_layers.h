@@ -23,7 +23,7 @@ class CalculatorTest : public SuiteTest {
   std::shared_ptr<DocumentFeatureLayer> Open(const std::string& file, const std::string& name) {
     auto layer = std::make_shared<DocumentFeatureLayer>();
     layer->SetName(name);
-    layer->SetFeatureClass(DataSource::Open(folder.Native(file), false)->OpenFeatureClass(""));
+    layer->SetFeatureClass(DataSource::Open(folder.Native(file))->OpenFeatureClass(""));
     document->Map().AppendLayer(layer);
     return layer;
   }

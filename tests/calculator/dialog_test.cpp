@@ -139,7 +139,7 @@ TEST_F(GeometryDialog, ADefaultNameOfTheFirstNumericFieldStandsTwice) {
     OGRFieldDefn parts("PARTS", OFTInteger);
     ASSERT_EQ(dataset->GetLayer(0)->AlterFieldDefn(1, &parts, ALTER_NAME_FLAG), OGRERR_NONE);
   }
-  layer->SetFeatureClass(DataSource::Open(folder.Native("areas.shp"), false)->OpenFeatureClass(""));
+  layer->SetFeatureClass(DataSource::Open(folder.Native("areas.shp"))->OpenFeatureClass(""));
   Open();
   EXPECT_EQ(form.cbx41.List(0) + " " + form.cbx41.List(1), "Parts PARTS");
   EXPECT_EQ(form.cbx41.BackColor(), kWhite);

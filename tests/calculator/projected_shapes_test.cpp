@@ -15,7 +15,7 @@ namespace shapes = MyGeometricOperations;
 const std::map<std::string, std::shared_ptr<Polygon>>& Countries() {
   static const auto countries = [] {
     std::map<std::string, std::shared_ptr<Polygon>> result;
-    const auto source = DataSource::Open(TESSARINE_TEST_DATA "/countries.shp", false);
+    const auto source = DataSource::Open(TESSARINE_TEST_DATA "/countries.shp");
     const auto features = source->OpenFeatureClass("");
     const std::int32_t name = features->FindField("NAME");
     const auto cursor = features->Search(nullptr, false);

@@ -141,7 +141,7 @@ TEST_F(BuildPolygonsTest, TheOrderOfThePointsIsThatOfTheRowsInEveryFormat) {
     }
     const auto points = std::make_shared<DocumentFeatureLayer>();
     points->SetName(format);
-    points->SetFeatureClass(DataSource::Open(path, false)->OpenFeatureClass(""));
+    points->SetFeatureClass(DataSource::Open(path)->OpenFeatureClass(""));
     for (const bool take_first : {true, false}) {
       Build(lines, 0.001, {points, true, take_first});
       const std::string file = ++built == 1 ? "out.shp" : "out_" + std::to_string(built) + ".shp";

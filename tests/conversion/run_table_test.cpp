@@ -10,7 +10,7 @@ namespace tessarine::modCreateVertices {
 namespace {
 
 TEST(RunTable, ProgressIsShownAboveTheThresholdOfEachRun) {
-  // Below 0: the flag is always set, and the run takes no notice of it.
+  // Below 0: every number of records is above it. Such a run shows its progress by other means.
   const std::map<std::int32_t, std::int32_t> thresholds = {{1, 500},  {2, 2000}, {4, 2000},  {8, 20},
                                                            {16, 500}, {32, 500}, {64, 2000}, {128, -1}};
   for (const auto& [option, threshold] : thresholds) {

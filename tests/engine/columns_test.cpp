@@ -41,9 +41,7 @@ void WriteColumns(const char* driver_name, const std::string& file, const std::v
   ASSERT_EQ(layer->CreateFeature(&feature), OGRERR_NONE);
 }
 
-std::shared_ptr<IFeatureClass> Opened(const std::string& file) {
-  return DataSource::Open(file, false)->OpenFeatureClass("");
-}
+std::shared_ptr<IFeatureClass> Opened(const std::string& file) { return DataSource::Open(file)->OpenFeatureClass(""); }
 
 struct RoleRow {
   const char* driver;

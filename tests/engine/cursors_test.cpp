@@ -44,7 +44,7 @@ class Cursors : public ::testing::TestWithParam<Store> {
     name_ = towns_->FindField("name");
     size_ = towns_->FindField("size");
   }
-  std::shared_ptr<IFeatureClass> Open() { return DataSource::Open(file_, false)->OpenFeatureClass("towns"); }
+  std::shared_ptr<IFeatureClass> Open() { return DataSource::Open(file_)->OpenFeatureClass("towns"); }
   std::string Names(const QueryFilter* filter) { return NamesOf(towns_->Search(filter, true), name_); }
 
   TemporaryFolder folder_;
@@ -262,7 +262,7 @@ TEST_P(Cursors, FieldsComeInTheirOrderUpToTheFirstThatFails) {
 TEST(Shapefiles, NothingIsAddedBehindANameThatIsCut) {
   const TemporaryFolder folder;
   WriteLayer({"ESRI Shapefile", folder.Native("towns.shp"), "towns", wkbPoint, {{"POINT (0 0)", "a", 1.0}}});
-  const auto towns = DataSource::Open(folder.Native("towns.shp"), false)->OpenFeatureClass("");
+  const auto towns = DataSource::Open(folder.Native("towns.shp"))->OpenFeatureClass("");
   std::vector<FieldRef> fields;
   for (const char* name : {"First", "ElevenChars", "Never"}) {
     auto field = std::make_shared<Field>();
@@ -298,7 +298,7 @@ TEST(GeoPackages, AChangeThatWasKilledIsUndoneByReading) {
   WriteLayer({"GPKG", file, "towns", wkbPoint, rows});
   DieWhileChanging(file);
   ASSERT_GT(std::filesystem::file_size(file + "-journal"), 0U) << "the test leaves no journal";
-  const auto towns = DataSource::Open(file, false)->OpenFeatureClass("towns");
+  const auto towns = DataSource::Open(file)->OpenFeatureClass("towns");
   const std::int32_t name = towns->FindField("name");
   const auto cursor = towns->Search(nullptr, true);
   int count = 0;
@@ -316,7 +316,7 @@ TEST(Shapefiles, ATableWithNewColumnsKeepsItsPlaceAndPermissions) {
   fs::permissions(table, fs::perms::owner_read | fs::perms::owner_write | fs::perms::others_read);
   fs::rename(table, real);
   fs::create_symlink(real, table);
-  const auto towns = DataSource::Open(folder.Native("towns.shp"), false)->OpenFeatureClass("");
+  const auto towns = DataSource::Open(folder.Native("towns.shp"))->OpenFeatureClass("");
   auto field = std::make_shared<Field>();
   field->Name = "Area";
   field->Type = esriFieldTypeDouble;
@@ -339,7 +339,7 @@ TEST(Shapefiles, ReadingGoesOnBehindARowThatIsWrittenWhole) {
               "towns",
               wkbPoint,
               {{"POINT (0 0)", "a", 1.0}, {"POINT (1 1)", "b", 2.0}, {"POINT (2 2)", "c", 3.0}, {"", "d", 4.0}}});
-  const auto towns = DataSource::Open(file, false)->OpenFeatureClass("");
+  const auto towns = DataSource::Open(file)->OpenFeatureClass("");
   const std::int32_t name = towns->FindField("name"), size = towns->FindField("size");
   QueryFilter filter;
   filter.WhereClause = "size <> 2";
@@ -381,7 +381,7 @@ TEST(Shapefiles, NumbersAreRoundedToTheirColumnWhoeverWritesTheRow) {
   }
   const auto value_of = [](int number) { return 304967522.1234561 + 1017.0370369 * number; };
   {
-    const auto lots = DataSource::Open(file, false)->OpenFeatureClass("");
+    const auto lots = DataSource::Open(file)->OpenFeatureClass("");
     const auto cursor = lots->Update(nullptr, false);
     std::vector<std::shared_ptr<IFeature>> by_themselves;
     for (int number = 0; const auto row = cursor->NextFeature(); ++number) {
@@ -438,7 +438,7 @@ TEST(Selections, AFewRowsOutOfMany) {
   testing::TestLayer layer{"GPKG", folder.Native("many.gpkg"), "many", wkbPoint, {}};
   for (int row = 1; row <= 50; ++row) layer.rows.push_back({"POINT (0 0)", "n" + std::to_string(row)});
   WriteLayer(layer);
-  const auto many = DataSource::Open(layer.file, false)->OpenFeatureClass("");
+  const auto many = DataSource::Open(layer.file)->OpenFeatureClass("");
   const std::int32_t name = many->FindField("name");
   const auto few = SelectByOids(many, {40, 7});
   EXPECT_EQ(NamesOf(few->Search(nullptr, false), name), "n7 n40 ");
@@ -456,7 +456,7 @@ TEST(ShapefileRows, ThoseWithADeletionMarkAreNotCounted) {
         GDALDataset::Open(folder.Native("towns.shp").c_str(), GDAL_OF_VECTOR | GDAL_OF_UPDATE));
     for (const int row : {0, 7, 299}) ASSERT_EQ(dataset->GetLayer(0)->DeleteFeature(row), OGRERR_NONE);
   }
-  const auto towns = DataSource::Open(folder.Native("towns.shp"), false)->OpenFeatureClass("towns");
+  const auto towns = DataSource::Open(folder.Native("towns.shp"))->OpenFeatureClass("towns");
   EXPECT_EQ(towns->FeatureCount(nullptr), 297);
   int read = 0;
   for (const auto cursor = towns->Search(nullptr, true); cursor->NextFeature();) ++read;

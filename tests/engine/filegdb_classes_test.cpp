@@ -245,7 +245,7 @@ TEST(GeodatabaseUpdates, LeaveAllOtherColumnsAlone) {
     WriteRichClass(file, kind.type, kind.shapes);
     ASSERT_EQ(FindingsOf(file), "");
     const auto before = ContentOf(file, {"f1", "f3", "f5", "small"});
-    const auto features = DataSource::Open(file, false)->OpenFeatureClass("rich_class");
+    const auto features = DataSource::Open(file)->OpenFeatureClass("rich_class");
     const auto cursor = features->Update(nullptr, false);
     while (const auto feature = cursor->NextFeature()) {
       feature->SetValue(features->FindField("f1"), std::int32_t{77});
@@ -271,7 +271,7 @@ TEST(GeodatabaseEdit, SurvivesAKillAtAnyMoment) {
   testing::WriteGeodatabase(file, 3, 300);
   const testing::Content before = ContentOf(file);
   const auto work = [&](const std::string& name) {
-    const auto features = DataSource::Open(file, false)->OpenFeatureClass("class_1");
+    const auto features = DataSource::Open(file)->OpenFeatureClass("class_1");
     const auto edit = features->BeginEdit();
     auto field = std::make_shared<Field>();
     field->Name = name;

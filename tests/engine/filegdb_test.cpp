@@ -43,7 +43,7 @@ std::vector<FieldRef> Doubles(int count) {
 }
 
 std::shared_ptr<IFeatureClass> OpenClass(const std::string& file, const std::string& name) {
-  return DataSource::Open(file, false)->OpenFeatureClass(name);
+  return DataSource::Open(file)->OpenFeatureClass(name);
 }
 
 void SetAll(IFeatureClass& features, const std::string& field, const Variant& value) {

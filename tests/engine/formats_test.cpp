@@ -56,7 +56,7 @@ TEST(Formats, PolygonsComeWithExteriorRingsClockwise) {
     if (format.keeps_nulls) layer.rows.push_back({"", "nowhere", -1.0});
     WriteLayer(layer);
 
-    const auto source = DataSource::Open(folder.Native(format.file), false);
+    const auto source = DataSource::Open(folder.Native(format.file));
     EXPECT_EQ(source->LayerNames(), std::vector<std::string>{format.layer});
     const auto lakes = source->OpenFeatureClass("");
     EXPECT_EQ(lakes->ShapeType(), esriGeometryPolygon);
@@ -98,14 +98,14 @@ TEST(Formats, LinesAndPointsLoseHeightsAndMeasures) {
                 format.layer,
                 wkbLineString25D,
                 {{"LINESTRING Z (0 0 100,3 4 200,3 5 300)", "a"}}});
-    const auto lines = DataSource::Open(folder.Native(format.file), false)->OpenFeatureClass(format.layer);
+    const auto lines = DataSource::Open(folder.Native(format.file))->OpenFeatureClass(format.layer);
     EXPECT_EQ(lines->ShapeType(), esriGeometryPolyline);
     const auto line = Cast<Polyline>(AllOf(*lines).at(0)->Shape());
     EXPECT_TRUE(line->IsEqual(*PolylineOf({{{0, 0}, {3, 4}, {3, 5}}})));
   }
   const TemporaryFolder folder;
   WriteLayer({"GPKG", folder.Native("m.gpkg"), "m", wkbPointZM, {{"POINT ZM (1 2 3 4)"}, {"POINT ZM EMPTY"}}});
-  const auto points = AllOf(*DataSource::Open(folder.Native("m.gpkg"), false)->OpenFeatureClass(""));
+  const auto points = AllOf(*DataSource::Open(folder.Native("m.gpkg"))->OpenFeatureClass(""));
   EXPECT_EQ(Cast<Point>(points.at(0)->Shape())->Coordinates(), (XY{1.0, 2.0}));
   EXPECT_TRUE(points.at(1)->Shape()->IsEmpty());
 }
@@ -119,7 +119,7 @@ TEST(Formats, ArcsAreKeptWhereTheFormatKeepsThem) {
               {{"CURVEPOLYGON (CIRCULARSTRING (0 0,2 0,0 0))"},
                {"CURVEPOLYGON (COMPOUNDCURVE (CIRCULARSTRING (0 0,1 1,2 0),(2 0,0 0)))"}},
               32612});
-  const auto shapes = AllOf(*DataSource::Open(folder.Native("arcs.gpkg"), false)->OpenFeatureClass(""));
+  const auto shapes = AllOf(*DataSource::Open(folder.Native("arcs.gpkg"))->OpenFeatureClass(""));
   EXPECT_NEAR(Cast<Polygon>(shapes.at(0)->Shape())->Area(), std::numbers::pi, 1e-12);
   const auto half = Cast<Polygon>(shapes.at(1)->Shape());
   EXPECT_NEAR(half->Area(), std::numbers::pi / 2.0, 1e-12);
@@ -137,7 +137,7 @@ TEST(Formats, ALayerOfMixedShapesCountsAsOneForEachKind) {
                {"LINESTRING (0 0,1 1)", "l"},
                {"MULTILINESTRING ((0 0,1 1),(5 5,6 6))", "ll"},
                {"POLYGON ((0 0,0 1,1 1,0 0))", "a"}}});
-  const auto source = DataSource::Open(folder.Native("mixed.geojson"), false);
+  const auto source = DataSource::Open(folder.Native("mixed.geojson"));
   EXPECT_EQ(source->LayerNames(), (std::vector<std::string>{"mixed (points)", "mixed (lines)", "mixed (polygons)"}));
   const auto lines = source->OpenFeatureClass("MIXED (lines)");
   EXPECT_EQ(lines->ShapeType(), esriGeometryPolyline);
@@ -159,7 +159,7 @@ TEST(Formats, RowsWithoutAShapeCountInAnUntypedLayerOfOneKind) {
   WriteLayer({"GeoJSON", folder.Native("kind.geojson"), "kind", wkbUnknown, rows});
   WriteLayer({"GPKG", folder.Native("kind.gpkg"), "kind", wkbUnknown, rows});
   for (const char* file : {"kind.geojson", "kind.gpkg"}) {
-    const auto source = DataSource::Open(folder.Native(file), false);
+    const auto source = DataSource::Open(folder.Native(file));
     EXPECT_EQ(source->LayerNames(), std::vector<std::string>{"kind"}) << file;
     const auto features = source->OpenFeatureClass("kind");
     EXPECT_EQ(features->FeatureCount(nullptr), 3) << file;
@@ -172,7 +172,7 @@ TEST(Formats, TablesAndLayersAreFoundByName) {
   const std::string file = folder.Native("data.gpkg");
   WriteLayer({"GPKG", file, "Roads", wkbLineString, {{"LINESTRING (0 0,1 1)", "r"}}});
   WriteLayer({"GPKG", file, "notes", wkbNone, {{"", "n1"}, {"", "n2"}}});
-  const auto source = DataSource::Open(file, false);
+  const auto source = DataSource::Open(file);
   EXPECT_EQ(source->DriverName(), "GPKG");
   EXPECT_EQ(source->OpenFeatureClass("")->Name(), "Roads") << "the only layer with shapes";
   EXPECT_EQ(source->OpenFeatureClass("roads")->Name(), "Roads");
@@ -188,29 +188,29 @@ TEST(Formats, TablesAndLayersAreFoundByName) {
 TEST(Formats, DataWithoutAReferenceAndWithAnEsriOne) {
   const TemporaryFolder folder;
   WriteLayer({"ESRI Shapefile", folder.Native("plain.shp"), "plain", wkbPoint, {{"POINT (1 2)"}}, 0});
-  const auto plain = DataSource::Open(folder.Native("plain.shp"), false)->OpenFeatureClass("");
+  const auto plain = DataSource::Open(folder.Native("plain.shp"))->OpenFeatureClass("");
   EXPECT_EQ(plain->SpatialReference()->Name(), "Unknown");
   WriteLayer({"ESRI Shapefile", folder.Native("utm.shp"), "utm", wkbPoint, {{"POINT (1 2)"}}, 32612});
   std::ifstream projection(folder.Native("utm.prj"));
   EXPECT_EQ(std::string(std::istreambuf_iterator<char>(projection), {}).find("PROJCS[\"WGS_1984_UTM_Zone_12N\""), 0U);
-  const auto utm = DataSource::Open(folder.Native("utm.shp"), false)->OpenFeatureClass("");
+  const auto utm = DataSource::Open(folder.Native("utm.shp"))->OpenFeatureClass("");
   EXPECT_EQ(utm->SpatialReference()->Name(), "WGS 84 / UTM zone 12N");
 }
 
 TEST(Formats, FaultsNameWhatCantBeOpened) {
   const TemporaryFolder folder;
-  EXPECT_NE(FaultTextOf([&] { (void)DataSource::Open(folder.Native("gone.gpkg"), false); }).find("gone.gpkg"),
+  EXPECT_NE(FaultTextOf([&] { (void)DataSource::Open(folder.Native("gone.gpkg")); }).find("gone.gpkg"),
             std::string::npos);
   std::ofstream(folder.Native("text.gpkg")) << "no geopackage at all";
-  EXPECT_NE(FaultTextOf([&] { (void)DataSource::Open(folder.Native("text.gpkg"), false); }).find("text.gpkg"),
+  EXPECT_NE(FaultTextOf([&] { (void)DataSource::Open(folder.Native("text.gpkg")); }).find("text.gpkg"),
             std::string::npos);
   std::ofstream(folder.Native("cut.geojson")) << R"({"type":"FeatureCollection","features":[{"type":"Feature",)";
-  EXPECT_EQ(FaultOf([&] { (void)DataSource::Open(folder.Native("cut.geojson"), false); }), kEngine);
+  EXPECT_EQ(FaultOf([&] { (void)DataSource::Open(folder.Native("cut.geojson")); }), kEngine);
 }
 
 TEST(Formats, ABrokenShapefileIsRefused) {
   const auto opens = [](const TemporaryFolder& folder) {
-    return FaultTextOf([&] { (void)DataSource::Open(folder.Native("s.shp"), false)->OpenFeatureClass(""); });
+    return FaultTextOf([&] { (void)DataSource::Open(folder.Native("s.shp"))->OpenFeatureClass(""); });
   };
   struct Row {
     const char* part;
@@ -257,7 +257,7 @@ TEST(Formats, OpeningEndsWhatADeadRunWasAboutToRename) {
     ASSERT_EQ(waitpid(child, &status, 0), child);
     ASSERT_EQ(status, 0);
     ASSERT_FALSE(std::filesystem::exists(path));
-    const auto source = DataSource::Open(*opened == '\0' ? folder.Native() : path, false);
+    const auto source = DataSource::Open(*opened == '\0' ? folder.Native() : path);
     EXPECT_EQ(AllOf(*source->OpenFeatureClass("lakes")).size(), 1U);
   }
 }

@@ -26,7 +26,7 @@ using testing::TemporaryFolder;
 void Edit(const std::string& path, const std::function<void(GDALDataset&)>& work) {
   auto edit = engine::PersonalEdit::Begin(path);
   {
-    const engine::DatasetHandle dataset = engine::OpenDataset(path, true);
+    const engine::DatasetHandle dataset = engine::OpenDataset(path, FileAccess::Change);
     work(*dataset);
   }
   engine::PersonalEdit::End(edit);
@@ -102,7 +102,7 @@ TEST(PersonalGeodatabaseRows, LengthsOfTheUserStay) {
     database.Commit();
   }
   Edit(path, [&](GDALDataset& dataset) { add_row(*dataset.GetLayer(0)); });
-  const engine::DatasetHandle dataset = engine::OpenDataset(path, false);
+  const engine::DatasetHandle dataset = engine::OpenDataset(path);
   std::vector<std::pair<double, double>> rows;
   for (const auto& feature : dataset->GetLayer(0)) {
     rows.emplace_back(feature->GetFieldAsDouble("SHAPE_Length"), feature->GetFieldAsDouble("Other"));
@@ -126,7 +126,7 @@ TEST(PersonalGeodatabaseRows, WideTextsShareTheRow) {
     }
     ASSERT_EQ(layer->CreateFeature(feature.get()), OGRERR_NONE) << CPLGetLastErrorMsg();
   });
-  const engine::DatasetHandle dataset = engine::OpenDataset(path, false);
+  const engine::DatasetHandle dataset = engine::OpenDataset(path);
   const OGRFeatureUniquePtr feature(dataset->GetLayer(0)->GetNextFeature());
   ASSERT_NE(feature, nullptr);
   EXPECT_EQ(feature->GetFieldDefnRef(0)->GetWidth(), 20);
@@ -153,7 +153,7 @@ TEST(PersonalGeodatabaseRows, ARefusedRowCostsItself) {
   EXPECT_EQ(RowsOf(path, "made"), 2U);
   EXPECT_EQ(RowsOf(path, "made_SHAPE_Index"), 2U);
   OGREnvelope box;
-  const engine::DatasetHandle dataset = engine::OpenDataset(path, false);
+  const engine::DatasetHandle dataset = engine::OpenDataset(path);
   ASSERT_EQ(dataset->GetLayer(0)->GetExtent(&box), OGRERR_NONE);
   EXPECT_EQ(box.MaxX, 1.0);
 }
@@ -182,7 +182,7 @@ TEST(PersonalGeodatabaseRows, ADamagedMemoCostsItsValueAlone) {
     }
     database.File().Flush();
   }
-  const engine::DatasetHandle dataset = engine::OpenDataset(path, false);
+  const engine::DatasetHandle dataset = engine::OpenDataset(path);
   const engine::ReadingScope errors;
   std::vector<std::string> notes;
   for (const auto& feature : dataset->GetLayer(0)) {
@@ -209,7 +209,7 @@ TEST(PersonalGeodatabaseRows, ReferencesAliasesAndMissingMeasuresComeBack) {
       EXPECT_NE(layer->CreateField(&field), OGRERR_NONE) << name;
     }
   });
-  const engine::DatasetHandle dataset = engine::OpenDataset(path, false);
+  const engine::DatasetHandle dataset = engine::OpenDataset(path);
   OGRLayer* layer = dataset->GetLayer(0);
   EXPECT_STREQ(layer->GetLayerDefn()->GetFieldDefn(0)->GetAlternativeNameRef(), "People < 2020");
   OGRSpatialReference meant;

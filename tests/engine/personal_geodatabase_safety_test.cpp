@@ -91,7 +91,7 @@ TEST(PersonalGeodatabaseSafety, ATableThatIsntUnderstoodCostsNoOther) {
   const TemporaryFolder folder;
   const std::string path = CopyOfSample(folder);
   MakeStrange(path);
-  const auto source = DataSource::Open(path, false);
+  const auto source = DataSource::Open(path);
   int problems = 0;
   for (const LayerInfo& info : source->Infos()) {
     if (info.problem.empty()) {
@@ -116,10 +116,10 @@ TEST(PersonalGeodatabaseSafety, BesideATableThatIsntUnderstoodOthersAreWritten) 
   MakeStrange(path);
   EXPECT_THAT(FaultTextOf([&] { (void)MakeClass(path, "point"); }), HasSubstr("exists already"));
   EXPECT_EQ(CountRows(*MakeClass(path, "fresh")), 0U);
-  const auto polygons = DataSource::Open(path, true)->OpenFeatureClass("Polygon");
+  const auto polygons = DataSource::Open(path, FileAccess::Change)->OpenFeatureClass("Polygon");
   const FieldRef field = NewField("twice", esriFieldTypeDouble);
   polygons->AddFields({&field, 1});
-  EXPECT_EQ(DataSource::Open(path, false)->LayerNames().size(), 17U);
+  EXPECT_EQ(DataSource::Open(path)->LayerNames().size(), 17U);
   jet::Database database(path, jet::Database::Mode::Read);
   EXPECT_THAT(jet::CheckDatabase(database).findings, ::testing::ElementsAre(HasSubstr("'Point'")));
   // The rows of the strange table are where they were.
@@ -146,10 +146,10 @@ TEST(PersonalGeodatabaseSafety, ExtentsTellHeightsAndMeasures) {
     }
     return all;
   };
-  const engine::DatasetHandle sample = engine::OpenDataset(kSample, false);
+  const engine::DatasetHandle sample = engine::OpenDataset(kSample);
   auto edit = engine::PersonalEdit::Begin(path);
   {
-    const engine::DatasetHandle made = engine::OpenDataset(path, true);
+    const engine::DatasetHandle made = engine::OpenDataset(path, FileAccess::Change);
     for (OGRLayer* layer : sample->GetLayers()) {
       OGRSpatialReference reference(*layer->GetSpatialRef());
       OGRLayer* copy = made->CreateLayer(layer->GetName(), &reference, layer->GetGeomType(), nullptr);
@@ -218,7 +218,7 @@ TEST(PersonalGeodatabaseSafety, WhatCantBeReadIsToldInItsOwnWords) {
     file.put('\x11');
   }
   EXPECT_EQ(
-      FaultTextOf([&] { (void)DataSource::Open(path, false); }),
+      FaultTextOf([&] { (void)DataSource::Open(path); }),
       "The personal geodatabase can't be read: '" + path +
           "' is encrypted. Save it by the program that made it as .mdb of the years from 2000 on, unencrypted, or "
           "in another format.");
@@ -248,7 +248,7 @@ TEST(PersonalGeodatabaseSafety, NumbersThatDontFitAreNull) {
       {"too much money", "price", 1e18, Null(), ValueChange::OutOfRange},
   };
   for (const NumberRow& row : kRows) {
-    const auto features = DataSource::Open(path, true)->OpenFeatureClass("Polygon");
+    const auto features = DataSource::Open(path, FileAccess::Change)->OpenFeatureClass("Polygon");
     const std::int32_t field = features->FindField(row.field);
     {
       const auto cursor = features->Update(nullptr, false);
@@ -338,7 +338,7 @@ TEST(PersonalGeodatabaseSafety, AGeodatabaseOfVersion9IsReadAndItsRowsAreWritten
     database.DropTable("GDB_Items");
     database.DropTable("GDB_ItemRelationships");
   });
-  const auto polygons = DataSource::Open(path, true)->OpenFeatureClass("Polygon");
+  const auto polygons = DataSource::Open(path, FileAccess::Change)->OpenFeatureClass("Polygon");
   const FieldRef field = NewField("twice", esriFieldTypeDouble);
   polygons->AddFields({&field, 1});
   {
@@ -349,7 +349,7 @@ TEST(PersonalGeodatabaseSafety, AGeodatabaseOfVersion9IsReadAndItsRowsAreWritten
     }
     cursor->Flush();
   }
-  const auto row = DataSource::Open(path, false)->OpenFeatureClass("Polygon")->Search(nullptr, true)->NextFeature();
+  const auto row = DataSource::Open(path)->OpenFeatureClass("Polygon")->Search(nullptr, true)->NextFeature();
   EXPECT_EQ(row->Value(polygons->FindField("twice")), Variant(2.5));
   jet::Database database(path, jet::Database::Mode::Read);
   EXPECT_THAT(jet::CheckDatabase(database).findings, ::testing::IsEmpty());

@@ -79,7 +79,7 @@ void ExpectSound(const std::string& path) {
 TEST(PersonalGeodatabase, ClassesOfOthersAreReadAsTheLibraryReadsThem) {
   const engine::DatasetHandle theirs = OpenByOthers(kSample);
   ASSERT_NE(theirs, nullptr) << "mdbtools and odbc-mdbtools are needed";
-  const engine::DatasetHandle ours = engine::OpenDataset(kSample, false);
+  const engine::DatasetHandle ours = engine::OpenDataset(kSample);
   ASSERT_EQ(ours->GetLayerCount(), 16);
   int rows = 0;
   for (OGRLayer* layer : ours->GetLayers()) {
@@ -127,7 +127,7 @@ TEST(PersonalGeodatabase, TheGridOfShapesIsThatOfOthers) {
   const auto before = cells();
   for (const char* name : {"Polygon", "PolylineZM", "Point", "MultiPointM"}) {
     auto edit = engine::PersonalEdit::Begin(path);
-    engine::DatasetHandle dataset = engine::OpenDataset(path, true);
+    engine::DatasetHandle dataset = engine::OpenDataset(path, FileAccess::Change);
     OGRLayer* layer = dataset->GetLayerByName(name);
     std::vector<OGRFeatureUniquePtr> features;
     for (auto& feature : layer) features.push_back(std::move(feature));
@@ -143,8 +143,8 @@ TEST(PersonalGeodatabase, TheGridOfShapesIsThatOfOthers) {
   }
   EXPECT_EQ(cells(), before);
   ExpectSound(path);
-  const engine::DatasetHandle sample = engine::OpenDataset(kSample, false);
-  const engine::DatasetHandle changed = engine::OpenDataset(path, false);
+  const engine::DatasetHandle sample = engine::OpenDataset(kSample);
+  const engine::DatasetHandle changed = engine::OpenDataset(path);
   for (OGRLayer* layer : sample->GetLayers()) {
     EXPECT_EQ(RowsOf(*layer), RowsOf(*changed->GetLayerByName(layer->GetName()))) << layer->GetName();
   }
@@ -155,7 +155,7 @@ template <class Work>
 void Edit(const std::string& path, const std::string& name, Work&& work) {
   auto edit = engine::PersonalEdit::Begin(path);
   {
-    const engine::DatasetHandle dataset = engine::OpenDataset(path, true);
+    const engine::DatasetHandle dataset = engine::OpenDataset(path, FileAccess::Change);
     OGRLayer* layer = dataset->GetLayerByName(name.c_str());
     ASSERT_NE(layer, nullptr) << name;
     work(*layer);
@@ -166,7 +166,7 @@ void Edit(const std::string& path, const std::string& name, Work&& work) {
 void MakeLayer(const std::string& path, const std::string& name, OGRwkbGeometryType type) {
   auto edit = engine::PersonalEdit::Begin(path);
   {
-    const engine::DatasetHandle dataset = engine::OpenDataset(path, true);
+    const engine::DatasetHandle dataset = engine::OpenDataset(path, FileAccess::Change);
     OGRSpatialReference reference;
     reference.importFromEPSG(4326);
     OGRLayer* layer = dataset->CreateLayer(name.c_str(), &reference, type, nullptr);
@@ -231,7 +231,7 @@ TEST(PersonalGeodatabase, WhatIsMadeIsReadByOthers) {
     });
   }
   ExpectSound(path);
-  const engine::DatasetHandle ours = engine::OpenDataset(path, false);
+  const engine::DatasetHandle ours = engine::OpenDataset(path);
   const engine::DatasetHandle theirs = OpenByOthers(path);
   ASSERT_NE(theirs, nullptr);
   EXPECT_EQ(ours->GetLayerCount(), static_cast<int>(classes.size()));
@@ -297,7 +297,7 @@ TEST(PersonalGeodatabase, ManyChangesLeaveASoundGeodatabase) {
   jet::Database database(path, jet::Database::Mode::Read);
   EXPECT_EQ(database.Open("points").RowCount(), 48000U);
   EXPECT_EQ(database.Open("points_SHAPE_Index").RowCount(), 48000U);
-  const engine::DatasetHandle dataset = engine::OpenDataset(path, false);
+  const engine::DatasetHandle dataset = engine::OpenDataset(path);
   OGRLayer* points = dataset->GetLayerByName("points");
   CPLPushErrorHandler(CPLQuietErrorHandler);
   EXPECT_EQ(OGRFeatureUniquePtr(points->GetFeature(5)), nullptr);
@@ -338,7 +338,7 @@ TEST(PersonalGeodatabase, RowsComeInTheOrderOfTheirNumbers) {
     stored.push_back(std::get<std::int32_t>(scan.Values()[0]));
   }
   EXPECT_FALSE(std::ranges::is_sorted(stored));
-  const engine::DatasetHandle dataset = engine::OpenDataset(path, false);
+  const engine::DatasetHandle dataset = engine::OpenDataset(path);
   for (int round = 0; round < 2; ++round) {
     read.clear();
     for (const auto& feature : dataset->GetLayerByName("points")) {
@@ -361,18 +361,18 @@ TEST(PersonalGeodatabase, WhatIsntPublishedChangesNothing) {
   const std::string before = BytesOf(path);
   auto edit = engine::PersonalEdit::Begin(path);
   {
-    const engine::DatasetHandle dataset = engine::OpenDataset(path, true);
+    const engine::DatasetHandle dataset = engine::OpenDataset(path, FileAccess::Change);
     OGRLayer* layer = dataset->GetLayerByName("points");
     const OGRFeatureUniquePtr feature = NewFeature(*layer, "POINT (1 2)", 1);
     ASSERT_EQ(layer->CreateFeature(feature.get()), OGRERR_NONE);
     // This program sees it meanwhile.
-    EXPECT_EQ(engine::OpenDataset(path, false)->GetLayerByName("points")->GetFeatureCount(), 1);
+    EXPECT_EQ(engine::OpenDataset(path)->GetLayerByName("points")->GetFeatureCount(), 1);
   }
   EXPECT_EQ(BytesOf(path), before);
   edit->Abandon();
   engine::PersonalEdit::End(edit);
   EXPECT_EQ(BytesOf(path), before);
-  EXPECT_EQ(engine::OpenDataset(path, false)->GetLayerByName("points")->GetFeatureCount(), 0);
+  EXPECT_EQ(engine::OpenDataset(path)->GetLayerByName("points")->GetFeatureCount(), 0);
   int files = 0;
   for ([[maybe_unused]] const auto& entry : fs::directory_iterator(folder.Native())) ++files;
   EXPECT_EQ(files, 1);

@@ -212,7 +212,7 @@ TEST(References, GeoPackagesOfUndefinedReferencesHaveNone) {
         dataset->ReleaseResultSet(dataset->ExecuteSQL(sql.c_str(), nullptr, nullptr));
       }
     }
-    const SpatialReferenceRef reference = DataSource::Open(file, false)->OpenFeatureClass("")->SpatialReference();
+    const SpatialReferenceRef reference = DataSource::Open(file)->OpenFeatureClass("")->SpatialReference();
     EXPECT_NE(dynamic_cast<const UnknownCoordinateSystem*>(reference.get()), nullptr) << srs_id << reference->Name();
   }
 }

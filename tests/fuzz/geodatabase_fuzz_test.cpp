@@ -51,14 +51,14 @@ std::map<std::string, std::size_t> ReadAll(const std::string& path) {
   std::map<std::string, std::size_t> rows;
   std::vector<std::string> names;
   try {
-    names = DataSource::Open(path, false)->LayerNames();
+    names = DataSource::Open(path)->LayerNames();
   } catch (const Fault& fault) {
     EXPECT_NE(fault.Description().find(path), std::string::npos) << fault.Description();
     return rows;
   }
   for (const std::string& name : names) {
     try {
-      const auto table = DataSource::Open(path, false)->OpenTable(name);
+      const auto table = DataSource::Open(path)->OpenTable(name);
       const auto cursor = table->SearchRows(nullptr, true);
       std::size_t count = 0;
       while (cursor->NextRow()) ++count;

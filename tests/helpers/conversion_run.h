@@ -40,7 +40,7 @@ class ConversionRunTest : public SuiteTest {
     folder.Write(name + ".geojson", text + "]}");
     auto layer = std::make_shared<DocumentFeatureLayer>();
     layer->SetName(name);
-    layer->SetFeatureClass(DataSource::Open(folder.Native(name + ".geojson"), false)->OpenFeatureClass(""));
+    layer->SetFeatureClass(DataSource::Open(folder.Native(name + ".geojson"))->OpenFeatureClass(""));
     return layer;
   }
 

@@ -14,9 +14,11 @@ namespace {
 namespace fs = std::filesystem;
 
 // What the engine shows to hosts; the rest of it is its own business.
-const std::vector<const char*> kEngineFace = {
-    "data_source.h",          "dataset_files.h", "drawing.h", "format_abilities.h", "local_system.h", "ogr_geometry.h",
-    "personal_geodatabase.h", "remote_source.h", "stamp.h",   "topology_stop.h",    "versions.h",     "workspace_of.h"};
+const std::vector<const char*> kEngineFace = {"data_source.h",  "dataset_files.h",        "drawing.h",
+                                              "file_access.h",  "format_abilities.h",     "local_system.h",
+                                              "ogr_geometry.h", "personal_geodatabase.h", "remote_source.h",
+                                              "stamp.h",        "topology_stop.h",        "versions.h",
+                                              "workspace_of.h"};
 
 struct Room {
   const char* folder;                 // below src/
@@ -147,11 +149,14 @@ TEST(House, RunsAskNoHostOfTheProcess) {
   std::set<std::string> met;
   int files = 0;
   for (const char* room : {"engine", "outputs", "geodesy", "shapes", "conversion", "calculator", "planetary",
-                           "graphics", "tools", "spheroids", "support"}) {
+                           "graphics", "tools", "spheroids", "support", "session"}) {
     for (const auto& entry : fs::recursive_directory_iterator(source / room)) {
       const std::string name = entry.path().filename().string();
-      // Forms, and what only dialogs call.
-      if (name.starts_with("frm") || name == "progress_form.cpp" || name == "output_chooser.cpp") continue;
+      // Forms, what only dialogs call, the reporter of faults, and the extension as it starts.
+      if (name.starts_with("frm") || name == "progress_form.cpp" || name == "output_chooser.cpp" ||
+          name == "ErrorHandling.cpp" || name == "clsExtension.cpp") {
+        continue;
+      }
       std::ifstream file(entry.path());
       ++files;
       for (std::string line; std::getline(file, line);) {

@@ -33,10 +33,10 @@ class PlanetaryTest : public SuiteTest {
     layer->SetFeatureClass(features);
   }
   void UseCountries() {
-    layer->SetFeatureClass(DataSource::Open(TESSARINE_TEST_DATA "/countries.shp", false)->OpenFeatureClass(""));
+    layer->SetFeatureClass(DataSource::Open(TESSARINE_TEST_DATA "/countries.shp")->OpenFeatureClass(""));
   }
   void UseStored(const std::string& name) {
-    layer->SetFeatureClass(DataSource::Open(folder.Native(name), false)->OpenFeatureClass(""));
+    layer->SetFeatureClass(DataSource::Open(folder.Native(name))->OpenFeatureClass(""));
   }
   // The report as a person reads it.
   std::string Wrap(const WrapBox& box, std::int32_t option, double shift = 0.0, bool show_progress = false,

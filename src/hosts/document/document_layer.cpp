@@ -27,7 +27,7 @@ void DocumentFeatureLayer::OpenOnce() const {
   opened_ = true;
   if (source_.path.empty()) return;
   try {
-    class_ = DataSource::Open(source_.path, false)->OpenFeatureClass(source_.layer);
+    class_ = DataSource::Open(source_.path)->OpenFeatureClass(source_.layer);
   } catch (const Fault& fault) {
     problem_ = fault.Description();
     return;
@@ -107,7 +107,7 @@ Envelope DocumentFeatureLayer::Extent() const {
 }
 
 std::shared_ptr<ITable> DocumentTable::Table() const {
-  if (!table_) table_ = DataSource::Open(source_.path, false)->OpenTable(source_.layer);
+  if (!table_) table_ = DataSource::Open(source_.path)->OpenTable(source_.layer);
   return table_;
 }
 

@@ -103,7 +103,7 @@ std::shared_ptr<IFeatureClass> StoredClassOf(const QgsVectorLayer& layer) {
   const std::optional<LayerFile> file = FileShownBy(layer);
   if (!file) return nullptr;
   try {
-    const auto stored = DataSource::Open(file->path, false)->OpenFeatureClass(file->layer);
+    const auto stored = DataSource::Open(file->path)->OpenFeatureClass(file->layer);
     const auto info = Cast<IObjectClassInfo2>(stored);
     return info && info->CanBypassEditSession() && IsSame(*stored, layer) ? stored : nullptr;
   } catch (const Fault&) {
@@ -125,7 +125,7 @@ void RequireNoOtherEditor(const QgsVectorLayer& layer) {
 
 // GDAL writes such a file as a whole, with all that it has read of it.
 void RequireReadableNumbers(const QgsVectorLayer& layer) {
-  if (layer.storageType() != QStringLiteral("GeoJSON")) return;
+  if (!FactsOfLayer(layer).narrow_integers) return;
   const std::string path = FileOf(layer).path;
   if (!HasWiderIntegers(path)) return;
   Raise(kInvalidCall, "The file '" + path + "' of the layer '" + FromQt(layer.name()) +

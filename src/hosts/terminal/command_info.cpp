@@ -109,7 +109,7 @@ ExitStatus RunInfo(const InfoOptions& options) {
   if (!options.layer.empty()) layer = options.layer;
   std::shared_ptr<DataSource> source;
   try {
-    source = DataSource::Open(path, false);
+    source = DataSource::Open(path);
   } catch (const Fault& fault) {
     throw Refusal(fault.Description());
   }

@@ -81,7 +81,7 @@ std::shared_ptr<DocumentFeatureLayer> AddSource(MapDocument& document, const Sou
   } else if (std::filesystem::exists(path, error))
     path = std::filesystem::absolute(path).lexically_normal().string();
   // Opening it here gives the reason when it fails; in a document a broken layer is only left out.
-  const std::shared_ptr<IFeatureClass> features = DataSource::Open(path, false)->OpenFeatureClass(layer);
+  const std::shared_ptr<IFeatureClass> features = DataSource::Open(path)->OpenFeatureClass(layer);
   auto result = std::make_shared<DocumentFeatureLayer>();
   // Of a layer that mixes kinds of shapes, it is the name of one kind.
   result->SetName(FreeLayerName(document, layer.empty() ? features->Name() : layer));

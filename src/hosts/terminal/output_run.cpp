@@ -15,7 +15,7 @@ namespace {
 // A layer of the name that stands is asked about by the tool.
 bool MayEnter(const NamedOutput& output) {
   if (!EntersContainer(output) || Host().PlanOnly() || Stands(output.place)) return true;
-  return Host().Ask(RunQuestion::ReplaceOutput, EnteringQuestion(output.place), "Feature Class Already Exists:");
+  return Host().Ask(RunQuestion::ReplaceOutput, EnteringQuestion(output.place), kOutputStands);
 }
 
 // Whether there can be such a class at all: of a class with one field that every tool makes.

@@ -190,12 +190,12 @@ class GxDatasetItem final : public GxItem, public IGxDataset {
         return factory->OpenFromFile(FromNativePath(item.path), 0)->OpenFeatureDataset(item.dataset);
       }
       case CatalogKind::FeatureClass:
-        return DataSource::Open(item.path, false)->OpenFeatureClass(item.name);
+        return DataSource::Open(item.path)->OpenFeatureClass(item.name);
       case CatalogKind::Shapefile:
       case CatalogKind::LayerFile:
-        return DataSource::Open(item.path, false)->OpenFeatureClass("");
+        return DataSource::Open(item.path)->OpenFeatureClass("");
       default:
-        return DataSource::Open(item.path, false)->OpenTable(IsIn(item.path, ".dbf") ? "" : item.name);
+        return DataSource::Open(item.path)->OpenTable(IsIn(item.path, ".dbf") ? "" : item.name);
     }
   }
 };

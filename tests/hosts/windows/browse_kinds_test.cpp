@@ -70,7 +70,7 @@ class BrowseKindsTest : public testing::WindowsTest {
   }
 
   void MakeGeoPackage(const char* name) const {
-    const auto source = DataSource::Open(TESSARINE_TEST_DATA "/cities.shp", false)->OpenFeatureClass("");
+    const auto source = DataSource::Open(TESSARINE_TEST_DATA "/cities.shp")->OpenFeatureClass("");
     const auto workspace = CreateFormatWorkspaceFactory(*FormatOfPath(".gpkg"))->OpenFromFile(folder.Path(name), 0);
     (void)testing::Published(
         workspace->CreateFeatureClass("towns", source->Fields(), nullptr, nullptr, esriFTSimple, "Shape", ""));
@@ -176,7 +176,7 @@ TEST_F(BrowseKindsTest, ANewGeoPackageIsMadeAndEntered) {
             "GeoPackage|" + folder.Path("fresh.gpkg") + "|Output");
   // It takes layers as any other.
   MakeGeoPackage("fresh.gpkg");
-  EXPECT_EQ(DataSource::Open(folder.Native("fresh.gpkg"), false)->LayerNames(), std::vector<std::string>{"towns"});
+  EXPECT_EQ(DataSource::Open(folder.Native("fresh.gpkg"))->LayerNames(), std::vector<std::string>{"towns"});
   EXPECT_THROW(CreateGeoPackage(folder.Native("fresh.gpkg")), Fault);
 }
 

@@ -101,7 +101,7 @@ class HostDialogsTest : public testing::WindowsTest {
   static void FillGeodatabase(const std::string& gdb, IWorkspaceFactory& factory) {
     PromiseFeatureDataset(gdb, "places", SpatialReferenceEnvironment::CreateFromText("EPSG:4326"));
     const auto workspace = factory.OpenFromFile(FromNativePath(gdb), 0);
-    const auto source = DataSource::Open(TESSARINE_TEST_DATA "/cities.shp", false)->OpenFeatureClass("");
+    const auto source = DataSource::Open(TESSARINE_TEST_DATA "/cities.shp")->OpenFeatureClass("");
     const auto fields = source->Fields();
     (void)testing::Published(
         workspace->CreateFeatureClass("towns", fields, nullptr, nullptr, esriFTSimple, "Shape", ""));
