@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // Every form of the suite, drawn at three sizes and in two themes: nothing is cut, nothing lies on anything else, and
 // every text can be read on what is behind it.
+#include <QLabel>
 #include <QSizeGrip>
 #include <functional>
+#include <map>
 
 #include "helpers/temporary_folder.h"
 #include "hosts/windows/colors.h"
 #include "hosts/windows/error_window.h"
+#include "hosts/windows/mnemonics.h"
 #include "tests/hosts/windows/readable.h"
 #include "tests/hosts/windows/windows_fixture.h"
 
@@ -183,6 +186,35 @@ void VisitHostDialogs(testing::SampleHost& host, const testing::TemporaryFolder&
   errors.Add(QStringLiteral("No layer."));
   errors.OpenAbove(nullptr);
   visit(errors);
+}
+
+// The letters that lead to buttons and labels with the Alt key, and where one leads to two.
+std::vector<std::string> SharedLetters(const QWidget& dialog) {
+  std::map<QChar, QString> taken;
+  std::vector<std::string> shared;
+  for (const QWidget* widget : dialog.findChildren<QWidget*>()) {
+    const auto* label = qobject_cast<const QLabel*>(widget);
+    const auto* button = qobject_cast<const QAbstractButton*>(widget);
+    if (!widget->isVisible() || (button == nullptr && (label == nullptr || label->buddy() == nullptr))) continue;
+    const QString caption = label != nullptr ? label->text() : button->text();
+    const QChar letter = MnemonicOf(caption);
+    if (letter.isNull()) continue;
+    const auto [other, is_first] = taken.emplace(letter.toLower(), caption);
+    if (!is_first) shared.push_back(other->second.toStdString() + " and " + caption.toStdString());
+  }
+  EXPECT_FALSE(taken.empty() && dialog.objectName() == QStringLiteral("BrowseDialog"));
+  return shared;
+}
+
+TEST(LettersTest, OfTheHostsDialogsLeadToOnePlace) {
+  for (const bool german : {false, true}) {
+    const testing::QtSession qt({.german = german});
+    const testing::TemporaryFolder folder;
+    testing::SampleHost host;
+    VisitHostDialogs(host, folder, [&](QWidget& dialog) {
+      EXPECT_THAT(SharedLetters(dialog), ::testing::IsEmpty()) << (german ? "German" : "English");
+    });
+  }
 }
 
 TEST(ThemeTest, TextsOfTheHostsDialogsCanBeReadInTheThemesOfTheMapProgram) {

@@ -1126,7 +1126,7 @@
     </message>
     <message>
         <source>&amp;Look in:</source>
-        <translation>&amp;Suchen in:</translation>
+        <translation>S&amp;uchen in:</translation>
     </message>
     <message>
         <source>Pl&amp;aces:</source>
@@ -1258,7 +1258,7 @@
     </message>
     <message>
         <source>Convert Shapes to &amp;Vertices</source>
-        <translation>Objekte zu &amp;Stützpunkten</translation>
+        <translation>Objekte zu Stü&amp;tzpunkten</translation>
     </message>
     <message>
         <source>Shapes to Vertices</source>
@@ -1382,7 +1382,7 @@
     </message>
     <message>
         <source>Select Graphic Elements by &amp;Type</source>
-        <translation>Grafiken nach der &amp;Art auswählen</translation>
+        <translation>Grafiken nach der A&amp;rt auswählen</translation>
     </message>
     <message>
         <source>Select Graphic Elements by Type</source>
