@@ -260,6 +260,7 @@ class Copier {
     if (request_.plan_only) return {};
     CopiedRows rows = CopyRows(source_, Chosen(), *columns_, type_, format, KeepsIdentifiers(format), output, notes);
     facts_->rows = rows.count;
+    if (request_.selected.empty()) return std::move(rows.oids);
     for (std::size_t index = 0; index < rows.oids.size(); ++index) {
       if (rows.oids[index] != kNoRow) copy.oids.emplace_back(shapes_.oids[index], rows.oids[index]);
     }
@@ -285,6 +286,7 @@ class Copier {
     conversion.standing = Standing();
     conversion.result_fields = request_.result_fields;
     conversion.shapes = shapes_;
+    conversion.shapes.oids = {};
     conversion.extent = request_.source->Extent();
     conversion.way = way_;
     const fs::path beside = PlaceOfWork(format_, conversion.target);

@@ -13,8 +13,6 @@
 namespace tessarine::engine {
 namespace {
 
-constexpr std::int64_t kRowsPerCommit = 20000;
-
 // Names that the filter leaves out, as OGR wants them.
 std::vector<std::string> IgnoredFields(OGRLayer& layer, const std::string& wanted) {
   std::vector<std::string> ignored;

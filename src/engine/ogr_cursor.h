@@ -62,6 +62,9 @@ class ReadingCursor : public IFeatureCursor, public IReadsAside {
   std::string shape_fault_;
 };
 
+/// Rows that are written between two commits, where a commit may come midway.
+inline constexpr std::int64_t kRowsPerCommit = 20000;
+
 /// The rows that an updating cursor is restricted to: identifiers in order; nothing means all rows.
 using ChosenRows = std::shared_ptr<const std::vector<std::int64_t>>;
 
@@ -82,9 +85,11 @@ class UpdatingCursor final : public ReadingCursor {
   [[nodiscard]] OgrFeatureHandle NextOgr() override;
 
  private:
+  void WriteRow(const OgrRow& row);
   void WriteWhole(const OgrRow& row);
   void WriteWholeToFileGdb(const OgrRow& row);
   void CloseWholeRows();
+  void Commit();
 
   ChosenRows chosen_;
   bool fetches_ = false;  ///< each chosen row is fetched by its identifier
@@ -94,6 +99,7 @@ class UpdatingCursor final : public ReadingCursor {
   std::optional<GdbGrid> grid_;  ///< of the class that `whole_rows_` writes to
   bool transactions_;
   bool in_transaction_ = false;
+  std::int64_t since_commit_ = 0;
 };
 
 /// Appends rows.

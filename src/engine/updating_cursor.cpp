@@ -68,10 +68,17 @@ void UpdatingCursor::UpdateRow(const std::shared_ptr<IRow>& row) {
   const auto* own = ExactlyAs<OgrFeature>(*Require(row, "row"));
   if (own == nullptr) Raise(kTypeMismatch, "The row was not read by this cursor.");
   if (transactions_ && !in_transaction_) in_transaction_ = Handle().Layer().StartTransaction() == OGRERR_NONE;
-  if (!own->ShapeChanged() && update_ && update_->Write(own->Feature(), own->ChangedAttributes())) return;
+  WriteRow(*own);
+  // Of what is staged nothing is undone, and its journal lies in memory.
+  const bool staged = Owner()->Source()->DataPath() != Owner()->Source()->Path();
+  if (staged && ++since_commit_ >= kRowsPerCommit) Commit();
+}
+
+void UpdatingCursor::WriteRow(const OgrRow& row) {
+  if (!row.ShapeChanged() && update_ && update_->Write(row.Feature(), row.ChangedAttributes())) return;
   // The row as it was read would take the place of the shape.
-  own->RequireReadable();
-  WriteWhole(*own);
+  row.RequireReadable();
+  WriteWhole(row);
 }
 
 void UpdatingCursor::WriteWhole(const OgrRow& row) {
@@ -125,6 +132,11 @@ void UpdatingCursor::CloseWholeRows() {
 
 void UpdatingCursor::Flush() {
   if (update_) update_->Finish();
+  Commit();
+}
+
+void UpdatingCursor::Commit() {
+  since_commit_ = 0;
   if (!in_transaction_) return;
   in_transaction_ = false;
   const GdalErrorScope errors;

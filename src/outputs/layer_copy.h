@@ -39,7 +39,7 @@ struct LayerCopy {
   std::shared_ptr<IFeatureClass> output;
   std::vector<CopiedField> fields;
   std::vector<std::pair<std::int64_t, std::int64_t>>
-      oids;  ///< of the source and the copy, by the first; none of a plan
+      oids;  ///< of the source and the copy, by the first; none of a plan, and none where none are selected
   std::shared_ptr<ISelectionSet> selection =
       nullptr;  ///< those of the request; in a plan with the source's identifiers
 };

@@ -11,6 +11,8 @@
 #include "engine/attribute_update.h"
 #include "engine/dbase_columns.h"
 #include "engine/filegdb_edit.h"
+#include "engine/ogr_class.h"
+#include "engine/ogr_cursor.h"
 #include "engine/test_layers.h"
 
 namespace tessarine {
@@ -356,6 +358,31 @@ TEST(Shapefiles, ReadingGoesOnBehindARowThatIsWrittenWhole) {
   for (const auto& row : ReadLayer(file)) rows += row.wkt + " " + row.name + " " + std::to_string(int(row.size)) + ",";
   EXPECT_EQ(rows, "POINT (0 0) " + foreign_name + " 11,POINT (1 1) b 2,POINT (7 8) c 13, d 14,");
   EXPECT_EQ(NamesOf(towns->Search(nullptr, true), name), foreign_name + " b c d ");
+}
+
+// Reading goes on across the commits.
+TEST(GeoPackages, RowsOfStagedDataAreAllReadAndWritten) {
+  constexpr int kRows = 2 * static_cast<int>(engine::kRowsPerCommit) + 5;
+  const TemporaryFolder folder;
+  const std::string file = folder.Native("staged.gpkg");
+  TestLayer layer{"GPKG", file, "towns", wkbPoint, {}};
+  for (int row = 0; row < kRows; ++row) layer.rows.push_back({"POINT (1 2)", "town", 0.0});
+  WriteLayer(layer);
+  const auto source = std::make_shared<engine::OgrSource>(folder.Native("towns.geojson"), file, "towns");
+  const auto towns = std::make_shared<engine::OgrFeatureClass>(source);
+  const auto cursor = towns->Update(nullptr, false);
+  int read = 0;
+  while (const auto row = cursor->NextFeature()) {
+    row->SetValue(towns->FindField("size"), 0.5 + read++);
+    cursor->UpdateFeature(row);
+  }
+  cursor->Close();
+  EXPECT_EQ(read, kRows);
+  int written = 0;
+  for (const auto& row : ReadLayer(file)) {
+    if (row.size == 0.5 + written) ++written;
+  }
+  EXPECT_EQ(written, kRows);
 }
 
 // GDAL prints all decimals and cuts them off at the width of the column.
