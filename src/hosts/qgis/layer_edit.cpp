@@ -5,6 +5,7 @@
 
 #include "engine/data_source.h"
 #include "hosts/qgis/columns.h"
+#include "hosts/qgis/json_kinds.h"
 #include "hosts/qgis/json_numbers.h"
 #include "hosts/qgis/layer_file.h"
 #include "hosts/qgis/values.h"
@@ -124,9 +125,15 @@ void RequireNoOtherEditor(const QgsVectorLayer& layer) {
 }
 
 // GDAL writes such a file as a whole, with all that it has read of it.
-void RequireReadableNumbers(const QgsVectorLayer& layer) {
+void RequireKeptValues(const QgsVectorLayer& layer) {
   if (!FactsOfLayer(layer).narrow_integers) return;
   const std::string path = FileOf(layer).path;
+  if (const std::string mixed = MixedProperty(path); !mixed.empty()) {
+    Raise(kInvalidCall, "The file '" + path + "' of the layer '" + FromQt(layer.name()) +
+                            "' holds values of several kinds in '" + mixed +
+                            "', as numbers beside texts, which would be written as values of one kind: export the "
+                            "layer to a GeoPackage, and work on that.");
+  }
   if (!HasWiderIntegers(path)) return;
   Raise(kInvalidCall, "The file '" + path + "' of the layer '" + FromQt(layer.name()) +
                           "' holds whole numbers of more than 64 bits, which would be written as others: export the "
@@ -138,7 +145,7 @@ void RequireReadableNumbers(const QgsVectorLayer& layer) {
 std::shared_ptr<IEdit> BeginLayerEdit(const std::shared_ptr<LayerClass>& rows) {
   QgsVectorLayer& layer = rows->Layer();
   RequireNoOtherEditor(layer);
-  RequireReadableNumbers(layer);
+  RequireKeptValues(layer);
   if (layer.isEditable()) return std::make_shared<BufferEdit>(rows);
   const std::shared_ptr<IFeatureClass> stored = StoredClassOf(layer);
   return stored ? std::make_shared<FileEdit>(rows, stored) : nullptr;

@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <cmath>
 #include <filesystem>
+#include <fstream>
 #include <functional>
 
 #include "engine/test_layers.h"
@@ -17,6 +18,7 @@
 #include "helpers/temporary_folder.h"
 #include "helpers/test_host.h"
 #include "hosts/qgis/columns.h"
+#include "hosts/qgis/json_kinds.h"
 #include "hosts/qgis/layer_row.h"
 #include "hosts/qgis/layers.h"
 #include "hosts/windows/qt_text.h"
@@ -370,6 +372,40 @@ TEST(LayerClass, ALayerWhoseFileHasGone) {
              [&] { (void)shown.FeatureClass()->Extent(); }, [&] { (void)shown.SelectionSet(); }}) {
       EXPECT_EQ(FaultOf(touch), kPathNotFound) << ending;
     }
+  }
+}
+
+TEST(LayerClass, PropertiesOfSeveralKindsWouldBeWrittenAsOne) {
+  struct Row {
+    const char* name;
+    const char* first;  // the properties of the first feature, and of the second
+    const char* second;
+    const char* mixed;
+  };
+  TestHost host;
+  const TemporaryFolder folder;
+  for (const Row& row : std::vector<Row>{
+           {"numbers", R"("a": 1, "b": "x")", R"("a": 2.5e3, "b": null)", ""},
+           {"a number and a text", R"("b": null, "a": 12)", R"("a": "n, \"}{: 1")", "a"},
+           {"a flag and a number", R"("a": true)", R"("a": 1)", "a"},
+           {"a list and a number", R"("a": [1, "x"])", R"("a": 1)", "a"},
+           {"kinds within values", R"("a": [1, "x", {"k": 1, "properties": {"z": 1}}])",
+            R"("a": {"k": "x", "properties": {"z": "x"}})", ""},
+           {"names that look alike", R"("a": 1, "a\"": "x")", R"("a": 2, "a\"": "y")", ""},
+       }) {
+    SCOPED_TRACE(row.name);
+    const std::string path = folder.Native("values.geojson");
+    const auto feature = [](const char* properties) {
+      return std::string(R"({"type":"Feature","id":"x","properties":{)") + properties +
+             R"(},"geometry":{"type":"Point","coordinates":[1,2]}})";
+    };
+    std::ofstream(path) << R"({"type":"FeatureCollection","name":7,"features":[)" << feature(row.first) << ",\n"
+                        << feature(row.second) << "]}";
+    EXPECT_EQ(qgis::MixedProperty(path), row.mixed);
+    QgsVectorLayer layer(ToQt(path), QStringLiteral("values"), QStringLiteral("ogr"));
+    ASSERT_TRUE(layer.isValid());
+    const auto features = qgis::VectorLayer(layer).FeatureClass();
+    EXPECT_EQ(FaultOf([&] { (void)features->BeginEdit(); }), *row.mixed != '\0' ? kInvalidCall : 0);
   }
 }
 

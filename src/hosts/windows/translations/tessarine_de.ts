@@ -4065,6 +4065,10 @@ Bailing out...</source>
         <translation>Die Datei '%1' des Layers '%2' enthält ganze Zahlen von mehr als 64 Bits, die als andere geschrieben würden: bitte den Layer in ein GeoPackage exportieren und daran arbeiten.</translation>
     </message>
     <message>
+        <source>The file '%1' of the layer '%2' holds values of several kinds in '%3', as numbers beside texts, which would be written as values of one kind: export the layer to a GeoPackage, and work on that.</source>
+        <translation>Die Datei '%1' des Layers '%2' enthält in '%3' Werte mehrerer Arten, etwa Zahlen neben Texten, die als Werte einer Art geschrieben würden: bitte den Layer in ein GeoPackage exportieren und daran arbeiten.</translation>
+    </message>
+    <message>
         <source>The layer '%1' shows the same file as '%2' and is being edited: save or give up its edits first.</source>
         <translation>Der Layer '%1' zeigt dieselbe Datei wie '%2' und wird gerade bearbeitet: bitte erst seine Änderungen speichern oder verwerfen.</translation>
     </message>
