@@ -124,7 +124,8 @@ void RequireNoOtherEditor(const QgsVectorLayer& layer) {
   }
 }
 
-// GDAL writes such a file as a whole, with all that it has read of it.
+// GDAL writes such a file as a whole, with all that it has read of it. Formats whose numbers have no bounds take values
+// of any kind under one name, too.
 void RequireKeptValues(const QgsVectorLayer& layer) {
   if (!FactsOfLayer(layer).narrow_integers) return;
   const std::string path = FileOf(layer).path;
