@@ -7,8 +7,6 @@
 #include "platform/text_formats.h"
 
 namespace tessarine {
-namespace {
-
 // A class's full name is its file, or its container with its name behind.
 LayerSource SourceOf(const IDataset& dataset) {
   const std::string full_name = dataset.FullName();
@@ -16,8 +14,6 @@ LayerSource SourceOf(const IDataset& dataset) {
   if (!EndsWithIgnoringCase(full_name, behind)) return {ToNativePath(full_name), ""};
   return {ToNativePath(full_name.substr(0, full_name.size() - behind.size())), dataset.Name()};
 }
-
-}  // namespace
 
 DocumentFeatureLayer::DocumentFeatureLayer(std::string name, LayerSource source)
     : name_(std::move(name)), source_(std::move(source)) {}

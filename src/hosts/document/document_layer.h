@@ -34,6 +34,8 @@ struct LayerSource {
   std::string layer;
   std::string written = {};  ///< the path as the document's file has it, seen from its folder; empty for new layers
 };
+/// Where a class says that its data lies.
+[[nodiscard]] LayerSource SourceOf(const IDataset& dataset);
 
 /// A feature layer. Its data is opened when it is first asked for; a layer whose data can't be opened is not valid and
 /// tells why.

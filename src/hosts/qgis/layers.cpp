@@ -7,13 +7,14 @@
 #include <qgsrenderer.h>
 #include <qgssinglesymbolrenderer.h>
 
+#include "hosts/document/document_layer.h"
 #include "hosts/qgis/layer_file.h"
 #include "hosts/qgis/temporary_layers.h"
 #include "hosts/qgis/values.h"
 #include "hosts/windows/qt_text.h"
+#include "outputs/formats.h"
 #include "platform/fault.h"
 #include "platform/paths.h"
-#include "platform/text_formats.h"
 
 namespace tessarine::qgis {
 namespace {
@@ -55,12 +56,10 @@ class GroupOfLayers final : public IGroupLayer {
   QPointer<QgsLayerTreeGroup> group_;
 };
 
-// A class's full name is its file, or its container with its name behind.
-QString SourceOf(const IDataset& dataset) {
-  const std::string full_name = dataset.FullName();
-  const std::string behind = "\\" + dataset.Name();
-  if (!EndsWithIgnoringCase(full_name, behind)) return ToQt(ToNativePath(full_name));
-  return ToQt(ToNativePath(full_name.substr(0, full_name.size() - behind.size())) + "|layername=" + dataset.Name());
+// As the program's provider of files takes it.
+QString ProviderSourceOf(const IDataset& dataset) {
+  const LayerSource source = SourceOf(dataset);
+  return ToQt(source.layer.empty() ? source.path : source.path + "|layername=" + source.layer);
 }
 
 bool IsHidden(const QgsVectorLayer& layer, int attribute) {
@@ -104,11 +103,12 @@ std::unique_ptr<QgsVectorLayer> VectorLayer::MakeShown() const {
   }
   QgsVectorLayer::LayerOptions options(QgsProject::instance()->transformContext());
   options.loadDefaultStyle = true;
-  auto layer = std::make_unique<QgsVectorLayer>(SourceOf(*dataset), ToQt(name_.empty() ? dataset->Name() : name_),
-                                                QStringLiteral("ogr"), options);
+  auto layer = std::make_unique<QgsVectorLayer>(
+      ProviderSourceOf(*dataset), ToQt(name_.empty() ? dataset->Name() : name_), QStringLiteral("ogr"), options);
   if (layer->isValid()) return layer;
   std::string why = FromQt(layer->error().summary());
-  if (dataset->Category().starts_with("Personal Geodatabase")) {
+  const Format* format = FormatOfPath(SourceOf(*dataset).path);
+  if (format != nullptr && format->store == FileStore::PersonalGeodatabase) {
     why += (why.empty() ? "" : " ") +
            std::string("The program reads personal geodatabases through ODBC only: install ") +
            "a driver for them (odbc-mdbtools), or name another output.";
