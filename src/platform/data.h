@@ -254,7 +254,7 @@ class ISelectionSet2 : public virtual ISelectionSet {
   [[nodiscard]] virtual std::shared_ptr<ICursor> Update(const QueryFilter* filter, bool recycling) = 0;
 };
 
-/// The edit session of a workspace.
+/// The edit session of a workspace. A part of the published face that nothing here calls.
 class IWorkspaceEdit : public virtual Object {
  public:
   virtual void StartEditing(bool with_undo) = 0;

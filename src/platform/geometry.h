@@ -315,7 +315,7 @@ class Polygon final : public PartedShape, public IArea {
   // equal one of them; otherwise fault 5.
   [[nodiscard]] std::int32_t ExteriorRingCount() const;
   [[nodiscard]] std::int32_t InteriorRingCount(const tessarine::Ring& exterior) const;
-  [[nodiscard]] std::vector<std::shared_ptr<tessarine::Ring>> QueryExteriorRingsEx() const;
+  [[nodiscard]] std::vector<std::shared_ptr<tessarine::Ring>> QueryExteriorRingsEx() const;  // published alone
   [[nodiscard]] std::shared_ptr<GeometryBag> ExteriorRingBag() const;
   [[nodiscard]] std::shared_ptr<GeometryBag> InteriorRingBag(const tessarine::Ring& exterior) const;
   /// One new polygon for each exterior ring, with copies of the ring and of its holes, in ring order. Holes that no

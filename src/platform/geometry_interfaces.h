@@ -118,10 +118,10 @@ class IArea : public virtual Object {
   [[nodiscard]] virtual double Area() const = 0;
   /// The centre of gravity; fault 11 for an area of 0.
   [[nodiscard]] virtual XY Centroid() const = 0;
-  void QueryCentroid(Point& point) const;
+  void QueryCentroid(Point& point) const;  // published, and called by nobody here
   /// A point that lies inside; fault 5 for an empty shape.
   [[nodiscard]] virtual XY LabelPoint() const = 0;
-  void QueryLabelPoint(Point& point) const;
+  void QueryLabelPoint(Point& point) const;  // the same
 };
 
 class Polyline;
