@@ -176,6 +176,14 @@ TEST(Clip, KeepsWhatLiesInTheRectangle) {
 
 // The overlay, which a polygon takes whose rings run the wrong way though it is called simple, rounds its cuts.
 TEST(Clip, CutsLieExactlyOnTheRectangle) {
+  const auto expect_on_box = [](const Polygon& polygon, const Envelope& box) {
+    ASSERT_FALSE(polygon.IsEmpty());
+    for (std::int32_t index = 0; index < polygon.PointCount(); ++index) {
+      const XY at = polygon.Point(index);
+      const bool on_side = at.x == box.XMin() || at.x == box.XMax() || at.y == box.YMin() || at.y == box.YMax();
+      EXPECT_TRUE(on_side) << at.x << " " << at.y;
+    }
+  };
   const Envelope box(-179.9, -89.7, 0.3, 0.1);
   for (const double lean : {0.1, 0.3, 0.7, 1.1, 1.9}) {
     SCOPED_TRACE(lean);
@@ -183,13 +191,18 @@ TEST(Clip, CutsLieExactlyOnTheRectangle) {
         PolygonOf({{{-200, -95 + lean}, {-60 - lean, -99}, {30.1, 17 * lean}, {-190, 3}, {-200, -95 + lean}}});
     polygon->MarkSimple();
     polygon->Clip(box);
-    ASSERT_FALSE(polygon->IsEmpty());
-    for (std::int32_t index = 0; index < polygon->PointCount(); ++index) {
-      const XY at = polygon->Point(index);
-      const bool on_side = at.x == box.XMin() || at.x == box.XMax() || at.y == box.YMin() || at.y == box.YMax();
-      EXPECT_TRUE(on_side) << at.x << " " << at.y;
-    }
+    expect_on_box(*polygon, box);
   }
+  // A ring that crosses itself, which the overlay can cut on a coarser grid alone.
+  const Envelope odd(-194.04793147145602, -44.340309099077615, -169.72542878080267, -17.779702971998294);
+  const auto crossing = PolygonOf({{{-141.35430826598258, 42.065975950427941},
+                                    {-135.98606538924281, 10.978832266423041},
+                                    {-217.88398125503028, 28.155911084644629},
+                                    {-146.09107120963134, -80.696688742116095},
+                                    {-141.35430826598258, 42.065975950427941}}});
+  crossing->MarkSimple();
+  crossing->Clip(odd);
+  expect_on_box(*crossing, odd);
 }
 
 TEST(Clip, DensifiesTheCutEdgesAlone) {
