@@ -8,6 +8,7 @@
 #include <bit>
 #include <cmath>
 #include <cstdint>
+#include <deque>
 #include <limits>
 #include <span>
 #include <utility>
@@ -30,10 +31,20 @@ struct Cell {
   float least_x = 0.0F, greatest_x = 0.0F, least_y = 0.0F, greatest_y = 0.0F;
 };
 
+// In small blocks: they go, and make room, while nodes are made of them.
+using Cells = std::deque<Cell>;
+
 struct Node {
   std::int64_t number = 0;
   std::span<const Cell> cells;
 };
+
+std::vector<Cell> TakeFirst(Cells& cells, std::size_t count) {
+  const auto end = cells.begin() + static_cast<std::ptrdiff_t>(std::min(count, cells.size()));
+  std::vector<Cell> taken(cells.begin(), end);
+  cells.erase(cells.begin(), end);
+  return taken;
+}
 
 float Below(double value) {
   constexpr float kDown = -std::numeric_limits<float>::infinity();
@@ -50,7 +61,7 @@ double Middle(float least, float greatest) {
 }
 
 // Neighbours stand together, as many as a node holds: in strips by x, and within these by y.
-void Tile(std::vector<Cell>& cells, std::size_t room) {
+void Tile(Cells& cells, std::size_t room) {
   // In place: a stable sort would hold half of the cells twice. The number decides between equal ones.
   const auto middle_x = [](const Cell& cell) { return std::pair(Middle(cell.least_x, cell.greatest_x), cell.number); };
   const auto middle_y = [](const Cell& cell) { return std::pair(Middle(cell.least_y, cell.greatest_y), cell.number); };
@@ -91,13 +102,12 @@ class IndexTables {
       : connection_(connection), layer_(layer), column_(column), name_("rtree_" + layer + "_" + column) {}
 
   // The boxes of all shapes.
-  [[nodiscard]] std::vector<Cell> ReadCells(const std::string& key, std::int64_t rows_at_most) const {
+  [[nodiscard]] Cells ReadCells(const std::string& key) const {
     const std::string shape = SqlName(column_);
     const SqliteStatement rows = Prepare("SELECT " + SqlName(key) + ", ST_MinX(" + shape + "), ST_MaxX(" + shape +
                                          "), ST_MinY(" + shape + "), ST_MaxY(" + shape + ") FROM " + SqlName(layer_) +
                                          " WHERE " + shape + " NOT NULL AND NOT ST_IsEmpty(" + shape + ")");
-    std::vector<Cell> cells;
-    cells.reserve(static_cast<std::size_t>(rows_at_most));
+    Cells cells;
     int state = SQLITE_ROW;
     while ((state = sqlite3_step(rows.get())) == SQLITE_ROW) {
       const auto side = [&](int index) { return sqlite3_column_double(rows.get(), index); };
@@ -109,23 +119,22 @@ class IndexTables {
   }
 
   // An index without entries is there.
-  void Fill(std::vector<Cell> cells) {
+  void Fill(Cells cells) {
     if (cells.empty()) return;
     const std::size_t size = NodeSize();
     const std::size_t room = size > kHead ? (size - kHead) / kCell : 0;
     if (room < 2) RaiseEngineFault("The index of '" + layer_ + "' has nodes of an unknown kind.");
     put_node_ = Prepare("INSERT OR REPLACE INTO " + SqlName(name_ + "_node") + " VALUES (?, ?)");
     put_parent_ = Prepare("INSERT INTO " + SqlName(name_ + "_parent") + " VALUES (?, ?)");
-    std::vector<std::pair<std::int64_t, std::int64_t>> leaves;  // of the rows
-    leaves.reserve(cells.size());
+    std::deque<std::pair<std::int64_t, std::int64_t>> leaves;  // of the rows
     std::uint16_t depth = 0;
     for (std::int64_t next = kRoot + 1;; ++depth) {
       Tile(cells, room);
       const bool is_root = cells.size() <= room;
-      std::vector<Cell> above;
-      for (std::size_t first = 0; first < cells.size(); first += room) {
-        const std::size_t count = std::min(room, cells.size() - first);
-        const Node node{is_root ? kRoot : next++, std::span(cells).subspan(first, count)};
+      Cells above;
+      while (!cells.empty()) {
+        const std::vector<Cell> taken = TakeFirst(cells, room);
+        const Node node{is_root ? kRoot : next++, taken};
         PutNode(node, size, is_root ? depth : std::uint16_t{0});
         for (const Cell& cell : node.cells) {
           if (depth == 0) leaves.emplace_back(cell.number, node.number);
@@ -216,7 +225,7 @@ void IndexPackageLayer(const std::filesystem::path& file, const std::string& lay
   const std::string column = indexed->GetGeometryColumn(), key = indexed->GetFIDColumn();
   if (sqlite3* connection = ConnectionOf(*dataset)) {
     IndexTables tables(*connection, layer, column);
-    std::vector<Cell> cells = tables.ReadCells(key, std::max<GIntBig>(0, indexed->GetFeatureCount()));
+    Cells cells = tables.ReadCells(key);
     // To this connection all shapes are empty from here on, so that none is entered one by one.
     sqlite3_create_function(connection, "ST_IsEmpty", 1, SQLITE_UTF8, nullptr, AlwaysTrue, nullptr, nullptr);
     MakeIndex(*dataset, layer, column);
