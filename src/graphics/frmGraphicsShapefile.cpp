@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "graphics/frmGraphicsShapefile.h"
 
+#include <utility>
+
 #include "graphics/graphics_run.h"
 #include "outputs/formats.h"
 #include "platform/host.h"
@@ -107,11 +109,10 @@ void frmGraphicsShapefile::ShowReference() {
                       (reference_ ? Replace(reference_->Name(), "&", "&&") : "<-- No Spatial Reference Set -->"));
 }
 
-void frmGraphicsShapefile::ShowOutput(const OutputPlace& place) {
+void frmGraphicsShapefile::ShowOutput(OutputPlace place) {
   // The text's own change event reads the path as typed; what is known of the place comes after it.
-  const OutputPlace known = place;
-  txtOutput.SetText(known.Path());
-  output_ = known;
+  txtOutput.SetText(place.Path());
+  output_ = std::move(place);
 }
 
 OutputPlace frmGraphicsShapefile::TypedPlace() const {

@@ -67,7 +67,7 @@ class frmGraphicsShapefile final : public Form {
   void OfferConversions();
   void OfferNoConversion(const char* line);
   void ShowReference();
-  void ShowOutput(const OutputPlace& place);
+  void ShowOutput(OutputPlace place);
   void CheckEnable();
 
   [[nodiscard]] bool SelectedOnly() const { return chkSelected.Value() == CheckBox::kChecked; }
