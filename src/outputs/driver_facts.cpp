@@ -17,6 +17,8 @@ constexpr std::array kOtherDrivers = {
     Format{.driver = "OCI", .rows_in_place = true},
     Format{.driver = "KML", .clean_texts = true, .degrees = true},
     Format{.driver = "GPX", .clean_texts = true, .degrees = true},
+    Format{.driver = "ODS", .rewritten = true},
+    Format{.driver = "XLSX", .rewritten = true},
     Format{.driver = "GeoRSS", .degrees = true},
     Format{.driver = "OGR_GMT", .needs_shapes = true, .field_names = kOneWord},
 };

@@ -80,6 +80,7 @@ struct Format {
   bool uniform_shapes = false;      ///< all shapes of a class have heights, or none has; so with measures
   bool one_kind = false;            ///< a class of curves holds no plain lines beside them
   bool clean_texts = false;         ///< a text with a control character makes the whole file unreadable
+  bool rewritten = false;           ///< the library changes it by writing the whole file anew, as it has read it
   bool narrow_integers = false;     ///< the library reads whole numbers beyond 64 bits as others
   bool finite_numbers = false;      ///< infinities and no-number can't be kept; such a value is null
   bool byte_widths = false;         ///< texts are as wide as their bytes: a column takes the greatest width there is

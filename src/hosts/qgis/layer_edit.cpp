@@ -124,6 +124,15 @@ void RequireNoOtherEditor(const QgsVectorLayer& layer) {
   }
 }
 
+// What GDAL couldn't read, and texts that it took for dates, would be others afterwards. Who edits the layer has the
+// program write it so in any case.
+void RequireChangedInPlace(const QgsVectorLayer& layer) {
+  if (!FactsOfLayer(layer).rewritten || layer.isEditable()) return;
+  Raise(kInvalidCall, "The file '" + FileOf(layer).path + "' of the layer '" + FromQt(layer.name()) +
+                          "' can only be written anew as a whole, without what can't be read of it: export the layer "
+                          "to a GeoPackage, and work on that, or switch editing on and save the layer yourself.");
+}
+
 // GDAL writes such a file as a whole, with all that it has read of it. Formats whose numbers have no bounds take values
 // of any kind under one name, too.
 void RequireKeptValues(const QgsVectorLayer& layer) {
@@ -146,6 +155,7 @@ void RequireKeptValues(const QgsVectorLayer& layer) {
 std::shared_ptr<IEdit> BeginLayerEdit(const std::shared_ptr<LayerClass>& rows) {
   QgsVectorLayer& layer = rows->Layer();
   RequireNoOtherEditor(layer);
+  RequireChangedInPlace(layer);
   RequireKeptValues(layer);
   if (layer.isEditable()) return std::make_shared<BufferEdit>(rows);
   const std::shared_ptr<IFeatureClass> stored = StoredClassOf(layer);

@@ -405,6 +405,8 @@ TEST(LayerClass, PropertiesOfSeveralKindsWouldBeWrittenAsOne) {
     QgsVectorLayer layer(ToQt(path), QStringLiteral("values"), QStringLiteral("ogr"));
     ASSERT_TRUE(layer.isValid());
     const auto features = qgis::VectorLayer(layer).FeatureClass();
+    EXPECT_EQ(FaultOf([&] { (void)features->BeginEdit(); }), kInvalidCall) << "it would be written anew";
+    ASSERT_TRUE(layer.startEditing());
     EXPECT_EQ(FaultOf([&] { (void)features->BeginEdit(); }), *row.mixed != '\0' ? kInvalidCall : 0);
   }
 }

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "hosts/qgis/processing/chosen_layer.h"
 
+#include <qgsjsonutils.h>
 #include <qgsvectordataprovider.h>
 #include <qgsvectorfilewriter.h>
 
+#include <QDateTime>
 #include <algorithm>
 
 #include "hosts/qgis/layer_class.h"
@@ -11,7 +13,9 @@
 #include "hosts/qgis/processing/in_place_shapes.h"
 #include "hosts/qgis/results/layer_words.h"
 #include "hosts/qgis/values.h"
+#include "hosts/windows/local_numbers.h"
 #include "hosts/windows/qt_text.h"
+#include "hosts/windows/translation.h"
 #include "platform/fault.h"
 #include "platform/free_name.h"
 #include "platform/run_stop.h"
@@ -35,6 +39,41 @@ QString FreeName(const QString& name, const QgsFields& fields) {
                              [&](const std::string& candidate) { return fields.lookupField(ToQt(candidate)) >= 0; }));
 }
 
+// A column of the copy that holds what the layer holds. The places of a column round nothing but in a file.
+QgsField CopyOf(const QgsField& field, bool in_file) {
+  switch (field.type()) {
+    case QVariant::Double:
+      return in_file ? field : QgsField(field.name(), QVariant::Double);
+    case QVariant::Time:
+    case QVariant::List:
+    case QVariant::StringList:
+    case QVariant::Map:
+      return {field.name(), QVariant::String};
+    default:
+      return field;
+  }
+}
+
+// Lists and the like are texts of JSON there. The writer drops the fractions of a moment's seconds: such are counted.
+QVariant CopyOf(const QVariant& value, int& cut_seconds) {
+  if (value.isNull()) return value;
+  switch (value.type()) {
+    case QVariant::Time: {
+      const QTime time = value.toTime();
+      return time.toString(time.msec() == 0 ? QStringLiteral("HH:mm:ss") : QStringLiteral("HH:mm:ss.zzz"));
+    }
+    case QVariant::DateTime:
+      if (value.toDateTime().time().msec() != 0) ++cut_seconds;
+      return value;
+    case QVariant::List:
+    case QVariant::StringList:
+    case QVariant::Map:
+      return QgsJsonUtils::encodeValue(value);
+    default:
+      return value;
+  }
+}
+
 }  // namespace
 
 QgsVectorLayer* LayerOf(const QgsProcessingParameterDefinition& definition, const QVariantMap& parameters,
@@ -55,6 +94,7 @@ ChosenLayer::ChosenLayer(const QgsProcessingParameterDefinition& definition, con
                              "' can't be read: there is none of this name, or its data have gone.");
   }
   name_ = layer->name();
+  in_file_ = layer->providerType() == QStringLiteral("ogr");
   files_ = std::make_shared<LayerFeatures>(*layer)->Files();
   const QVariant value = ValueOf(definition, parameters);
   if (value.canConvert<QgsProcessingFeatureSourceDefinition>()) {
@@ -102,7 +142,7 @@ std::shared_ptr<DocumentFeatureLayer> ChosenLayer::OpenCopy(QgsProcessingFeedbac
   QList<int> kept;
   for (int index = 0; index < fields_.count(); ++index) {
     if (index == key_) continue;
-    columns.append(fields_.at(index));
+    columns.append(CopyOf(fields_.at(index), in_file_));
     kept.append(index);
   }
   if (copied_ == CopiedFields::Identifiers) columns.append(QgsField(InPlaceShapes::kIdentifier, QVariant::LongLong));
@@ -123,13 +163,13 @@ std::shared_ptr<DocumentFeatureLayer> ChosenLayer::OpenCopy(QgsProcessingFeedbac
   if (selected_) request.setFilterFids(*selected_);
   if (most_ >= 0) request.setLimit(most_);
   QgsFeatureIterator features = rows_->getFeatures(request);
-  int count = 0;
+  int count = 0, cut_seconds = 0;
   for (QgsFeature read; features.nextFeature(read); ++count) {
     if (turns != nullptr) turns->Give();
     if (count % kRowsBetweenLooks == 0 && feedback.isCanceled()) throw RunStopped();
     QgsAttributes values;
     values.append(QVariant::fromValue<qlonglong>(read.id()));
-    for (const int index : kept) values.append(read.attribute(index));
+    for (const int index : kept) values.append(CopyOf(read.attribute(index), cut_seconds));
     if (copied_ == CopiedFields::Identifiers) values.append(QVariant::fromValue<qlonglong>(read.id()));
     QgsFeature row(columns, read.id());
     row.setAttributes(values);
@@ -138,6 +178,11 @@ std::shared_ptr<DocumentFeatureLayer> ChosenLayer::OpenCopy(QgsProcessingFeedbac
   }
   if (!writer->flushBuffer()) raise();
   writer = nullptr;  // closes the file
+  if (cut_seconds > 0) {
+    feedback.pushWarning(
+        Translated("%1 moments of the layer '%2' are worked with without the fractions of their seconds.")
+            .arg(CountText(cut_seconds), name_));
+  }
   auto layer = std::make_shared<DocumentFeatureLayer>(FromQt(name_), LayerSource{FromQt(file), "source"});
   if (layer->Valid() && layer->FeatureClass()->FeatureCount(nullptr) != count) {
     Raise(kEngine, "Of the " + std::to_string(count) + " features of the layer '" + FromQt(name_) + "' only " +

@@ -48,6 +48,7 @@ class ChosenLayer {
   [[nodiscard]] std::shared_ptr<DocumentFeatureLayer> OpenCopy(QgsProcessingFeedback& feedback, WindowTurns* turns);
 
   QString name_;
+  bool in_file_ = false;  // columns hold what their places allow
   DatasetFiles files_;
   LayerWords words_;
   std::optional<LayerSource> file_;

@@ -6014,5 +6014,21 @@ Mit 'OK' bestätigen, mit 'Abbrechen' nichts ändern.</translation>
         <source>numbers are rounded to %1 decimals.</source>
         <translation>Zahlen werden auf %1 Dezimalstellen gerundet.</translation>
     </message>
+    <message>
+        <source>%1 moments of the layer '%2' are worked with without the fractions of their seconds.</source>
+        <translation>%1 Zeitpunkte des Layers '%2' werden ohne die Bruchteile ihrer Sekunden bearbeitet.</translation>
+    </message>
+    <message>
+        <source>The field '%1' has no room for the value and keeps what it held, and so does '%2' with the other half of the measure: give it more room, or name another field.</source>
+        <translation>Das Feld '%1' hat keinen Platz für den Wert und behält, was es enthielt, ebenso '%2' mit der anderen Hälfte des Maßes: bitte ein breiteres oder anderes Feld nennen.</translation>
+    </message>
+    <message>
+        <source>numbers keep the decimals that %1 characters have room for.</source>
+        <translation>Zahlen behalten so viele Nachkommastellen, wie in %1 Zeichen Platz haben.</translation>
+    </message>
+    <message>
+        <source>The file '%1' of the layer '%2' can only be written anew as a whole, without what can't be read of it: export the layer to a GeoPackage, and work on that, or switch editing on and save the layer yourself.</source>
+        <translation>Die Datei '%1' des Layers '%2' kann nur als Ganzes neu geschrieben werden, ohne das, was davon nicht lesbar ist: bitte den Layer in ein GeoPackage exportieren und daran arbeiten oder die Bearbeitung einschalten und den Layer selbst speichern.</translation>
+    </message>
 </context>
 </TS>
