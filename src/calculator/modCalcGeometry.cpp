@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "calculator/modCalcGeometry.h"
 
+#include <algorithm>
+
 #include "calculator/calculation_report.h"
 #include "calculator/record_loop.h"
 #include "calculator/result_fields.h"
@@ -8,6 +10,7 @@
 #include "platform/paths.h"
 #include "platform/rich_text.h"
 #include "platform/run_stop.h"
+#include "platform/text_formats.h"
 #include "support/MyGeneralOperations.h"
 #include "support/dataset_names.h"
 #include "support/elapsed_time.h"
@@ -170,6 +173,16 @@ std::string Calculate(RunScope& scope, const std::shared_ptr<VarArray>& carrier,
   return CalculationReport(facts);
 }
 
+// Whether the field is named for a measure of whole numbers, which no field rounds.
+bool TakesCount(const GeometryOptions& options, const std::string& field) {
+  const IFeatureClass& features = *FeaturesOf(options);
+  const SpatialKind kind = SpatialKindOf(features.SpatialReference());
+  return std::ranges::any_of(options.Options(), [&](const OptionEntry& entry) {
+    const MeasureRow* row = FindMeasure(features.ShapeType(), kind, entry.OptionId());
+    return row != nullptr && row->measure.kind == MeasuredKind::Count && EqualsIgnoringCase(entry.FirstField(), field);
+  });
+}
+
 }  // namespace
 
 std::string CalcGeometry(RunContext& context, const std::shared_ptr<VarArray>& options,
@@ -206,7 +219,8 @@ std::string PlanGeometry(RunContext& context, const std::shared_ptr<VarArray>& c
       const std::int32_t index = FeaturesOf(options)->FindField(name);
       std::string& list = index < 0 ? missing : present;
       list += (list.empty() ? "" : ", ") + name;
-      const std::string rounding = index < 0 ? "" : RoundingOf(*FeaturesOf(options)->Fields()->Field(index));
+      const std::string rounding =
+          index < 0 || TakesCount(options, name) ? "" : RoundingOf(*FeaturesOf(options)->Fields()->Field(index));
       if (!rounding.empty()) rounded.push_back("In the field '" + name + "', " + rounding);
     }
     for (const std::string& sentence : rounded) journal.warnings.push_back({sentence, 0, {}});

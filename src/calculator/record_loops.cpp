@@ -168,9 +168,15 @@ class RecordLoop {
                            full = WriteValues(measure, result->values, feature, NoteFor(oid));
                          });
     // What stands there isn't of this measure, perhaps: no mark goes over it.
-    if (full) return NoteFault(NoRoomIn(features_->Fields()->Field(*full)->Name), oid);
+    if (full) return NoteFault(NoRoomFor(measure, *full), oid);
     if (written) return;
     static_cast<void>(WorkOnRecord(journal_, oid, [&] { WriteMissing(measure, feature, NoteFor(oid)); }));
+  }
+
+  [[nodiscard]] Fault NoRoomFor(const ChosenMeasure& measure, std::int32_t full) const {
+    const Fields& fields = *features_->Fields();
+    const std::int32_t other = full == measure.first ? measure.second : measure.first;
+    return NoRoomIn(fields.Field(full)->Name, other < 0 ? "" : fields.Field(other)->Name);
   }
 
   RunContext& context_;

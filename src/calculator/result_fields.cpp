@@ -12,6 +12,8 @@ namespace {
 
 constexpr std::int32_t kPrecision = 16;
 constexpr std::int32_t kScale = 12;
+// Of a number with 15 digits: its sign, its point, and an exponent.
+constexpr std::int32_t kLongestNumber = 22;
 
 // The last characters of a UTF-8 text.
 std::string LastCharacters(const std::string& text, std::size_t count) {
@@ -57,10 +59,13 @@ std::string RoundingOf(const Field& field) {
       return "numbers are rounded to about 7 digits.";
     case esriFieldTypeDouble:
       break;
+    case esriFieldTypeString:
+      if (field.Length <= 0 || field.Length >= kLongestNumber) return "";
+      return "numbers keep the decimals that " + std::to_string(field.Length) + " characters have room for.";
     default:
       return "";
   }
-  if (field.Precision <= 0 || (field.Precision >= kPrecision && field.Scale >= kScale)) return "";
+  if (field.Precision <= 0 || field.Scale >= kScale) return "";
   if (field.Scale == 1) return "numbers are rounded to 1 decimal.";
   return "numbers are rounded to " + std::to_string(field.Scale) + " decimals.";
 }

@@ -14,30 +14,39 @@ auto FindName(const std::vector<std::pair<std::string, std::int32_t>>& items, st
   return std::ranges::find_if(items, [&](const auto& item) { return EqualsIgnoringCase(item.first, name); });
 }
 
-void Set(IRowBuffer& row, std::int32_t index, const Variant& value, const ChangeNote& note) {
-  const ValueChange change = row.SetValue(index, value);
-  if (note && change != ValueChange::None) note(index, change);
-}
-
 bool IsLost(ValueChange change) {
   return change == ValueChange::OutOfRange || change == ValueChange::NotFinite || change == ValueChange::Unreadable;
 }
 
-// False where the field has no room for the value. `before` is what it held.
-bool Put(IRowBuffer& row, std::int32_t index, const Variant& value, Variant& before, const ChangeNote& note) {
-  before = row.Value(index);
+struct Put {
+  Variant before;  // what the field held
+  std::optional<ValueChange> change =
+      {};  // of the value; none where the field has no room for it and keeps what it held
+};
+
+Put PutValue(IRowBuffer& row, std::int32_t index, const Variant& value) {
+  Put put{row.Value(index)};
   const ValueChange change = row.SetValue(index, value);
   if (IsLost(change)) {
-    row.SetValue(index, before);
-    return false;
+    row.SetValue(index, put.before);
+  } else {
+    put.change = change;
   }
+  return put;
+}
+
+void Tell(const ChangeNote& note, std::int32_t index, ValueChange change) {
   if (note && change != ValueChange::None) note(index, change);
-  return true;
 }
 
 }  // namespace
 
-Fault NoRoomIn(std::string_view field) {
+Fault NoRoomIn(std::string_view field, std::string_view other) {
+  if (!other.empty()) {
+    return {kOverflow, "Tessarine",
+            "The field '" + std::string(field) + "' has no room for the value and keeps what it held, and so does '" +
+                std::string(other) + "' with the other half of the measure: give it more room, or name another field."};
+  }
   return {kOverflow, "Tessarine",
           "The field '" + std::string(field) +
               "' has no room for the value and keeps what it held: give it more room, or name another field."};
@@ -69,18 +78,25 @@ std::vector<ChosenMeasure> ResolveMeasures(std::span<const OptionEntry> entries,
 
 std::optional<std::int32_t> WriteValues(const ChosenMeasure& measure, const MeasuredValues& values, IRowBuffer& row,
                                         const ChangeNote& note) {
-  Variant first, second;
-  if (!Put(row, measure.first, values.first, first, note)) return measure.first;
-  if (measure.second < 0 || Put(row, measure.second, values.second, second, note)) return std::nullopt;
-  row.SetValue(measure.first, first);
-  return measure.second;
+  const Put first = PutValue(row, measure.first, values.first);
+  if (!first.change) return measure.first;
+  if (measure.second >= 0) {
+    const Put second = PutValue(row, measure.second, values.second);
+    if (!second.change) {
+      row.SetValue(measure.first, first.before);
+      return measure.second;
+    }
+    Tell(note, measure.second, *second.change);
+  }
+  Tell(note, measure.first, *first.change);
+  return std::nullopt;
 }
 
 void WriteMissing(const ChosenMeasure& measure, IRowBuffer& row, const ChangeNote& note) {
   const std::int32_t places[] = {measure.first, measure.second};
   for (std::size_t position = 0; position < measure.row->FieldCount(); ++position) {
     const bool marked = position < measure.row->NullFieldCount();
-    Set(row, places[position], marked ? Variant(kNullMark) : Variant(Null()), note);
+    Tell(note, places[position], row.SetValue(places[position], marked ? Variant(kNullMark) : Variant(Null())));
   }
 }
 
@@ -92,8 +108,10 @@ void WriteNullValues(std::span<const OptionEntry> entries, esriGeometryType shap
       if (measure == nullptr) continue;
       for (std::size_t position = 0; position < measure->NullFieldCount(); ++position) {
         const std::string name = entry.Field(static_cast<std::int32_t>(position));
-        Variant before;
-        if (!Put(row, indexes.Item(name), kNullMark, before, note)) throw NoRoomIn(name);
+        const std::int32_t index = indexes.Item(name);
+        const Put put = PutValue(row, index, kNullMark);
+        if (!put.change) throw NoRoomIn(name);
+        Tell(note, index, *put.change);
       }
     }
   });

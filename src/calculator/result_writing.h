@@ -49,8 +49,8 @@ using ChangeNote = std::function<void(std::int32_t, ValueChange)>;
 [[nodiscard]] std::optional<std::int32_t> WriteValues(const ChosenMeasure& measure, const MeasuredValues& values,
                                                       IRowBuffer& row, const ChangeNote& note = nullptr);
 
-/// What is told of a field without room for a value: fault 6.
-[[nodiscard]] Fault NoRoomIn(std::string_view field);
+/// What is told of a field without room for a value, and of the field of the measure's other half: fault 6.
+[[nodiscard]] Fault NoRoomIn(std::string_view field, std::string_view other = {});
 
 /// Writes what stands for the values of a measure that failed: the null mark into the fields that have it for features
 /// without a shape, null into the others.

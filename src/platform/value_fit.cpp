@@ -186,17 +186,18 @@ bool HasRoom(std::string_view text, const ColumnLimits& column) {
 }
 
 // Digits behind the point may go, others not: what is left would be another number.
-FittedValue FitNumberAsText(const std::string& text, const ColumnLimits& column) {
+FittedValue FitNumberAsText(const Variant& value, const ColumnLimits& column) {
+  const std::string text = value.AsText();
   if (HasRoom(text, column)) return {text};
   const std::size_t point = text.find('.');
   if (point == std::string::npos || text.find_first_of("eE") != std::string::npos)
     return Nulled(ValueChange::OutOfRange);
-  double number = 0.0;
-  std::from_chars(text.data(), text.data() + text.size(), number);
+  const double number = value.AsDouble();
   std::array<char, 400> room;
   for (auto decimals = static_cast<int>(text.size() - point) - 2; decimals >= 0; --decimals) {
     const auto end = std::to_chars(room.data(), room.data() + room.size(), number, std::chars_format::fixed, decimals);
-    const std::string kept(room.data(), end.ptr);
+    std::string kept(room.data(), end.ptr);
+    if (kept.find_first_of("123456789") == std::string::npos && kept.front() == '-') kept.erase(0, 1);
     if (HasRoom(kept, column)) return {kept, ValueChange::Rounded};
   }
   return Nulled(ValueChange::OutOfRange);
@@ -214,11 +215,11 @@ FittedValue FitText(const Variant& value, const ColumnLimits& column) {
     case Variant::Kind::Single:
     case Variant::Kind::Double:
       if (!std::isfinite(value.AsDouble())) return Nulled(ValueChange::NotFinite);
-      return FitNumberAsText(value.AsText(), column);
+      return FitNumberAsText(value, column);
     case Variant::Kind::Short:
     case Variant::Kind::Long:
     case Variant::Kind::LongLong:
-      return FitNumberAsText(value.AsText(), column);
+      return FitNumberAsText(value, column);
     default:
       text = value.AsText();
   }

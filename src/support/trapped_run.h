@@ -30,7 +30,7 @@ template <class Body, class OnFault>
   const auto give_up = [&](const Fault& fault) -> std::string {
     run.context.journal.Fail(fault.Description());
     MyGeneralOperations::DiscardUnpublished(run.context, run.output);
-    ReportRecordFaults(run.context.journal, run.worker, run.layer_name);
+    ReportRecordFaults(run.context.journal, run.worker, run.layer_name, where);
     return on_fault(fault);
   };
   return TrapWith(run.worker, std::forward<Body>(body), give_up, where);

@@ -148,8 +148,10 @@ class NotedRow final : public IRowBuffer {
     if (index == refuses) Raise(kTypeMismatch, "no such value");
     const bool has_room = index != narrow || value.kind() != Variant::Kind::Double;
     written[index] = has_room ? value : Variant(Null());
-    return has_room ? ValueChange::None : ValueChange::OutOfRange;
+    if (!has_room) return ValueChange::OutOfRange;
+    return index == rounds ? ValueChange::Rounded : ValueChange::None;
   }
+  std::int32_t rounds = -1;
 };
 
 struct NullRow {
@@ -212,12 +214,17 @@ TEST_F(CalculatorTest, AMeasureWithoutRoomLeavesWhatItsFieldsHeld) {
     row.narrow = narrow;
     row.written = {{4, Variant(std::int32_t{7})}, {5, Variant(std::string("eight"))}};
     const ChosenMeasure pair{FindMeasure(esriGeometryPolyline, SpatialKind::Geographic, 2), 4, 5};
-    EXPECT_EQ(WriteValues(pair, XY{1.5, 2.5}, row), narrow);
+    row.rounds = narrow == 4 ? 5 : 4;
+    std::vector<std::int32_t> noted;
+    const ChangeNote note = [&](std::int32_t index, ValueChange) { noted.push_back(index); };
+    EXPECT_EQ(WriteValues(pair, XY{1.5, 2.5}, row, note), narrow);
+    EXPECT_THAT(noted, ::testing::IsEmpty()) << "what was taken back isn't rounded";
     EXPECT_EQ(row.written[4], Variant(std::int32_t{7}));
     EXPECT_EQ(row.written[5], Variant(std::string("eight")));
     row.narrow = -1;
-    EXPECT_EQ(WriteValues(pair, XY{1.5, 2.5}, row), std::nullopt);
+    EXPECT_EQ(WriteValues(pair, XY{1.5, 2.5}, row, note), std::nullopt);
     EXPECT_EQ(row.written[5], Variant(2.5));
+    EXPECT_THAT(noted, ::testing::ElementsAre(row.rounds));
   }
 }
 

@@ -200,6 +200,8 @@ TEST(ValueFit, TextsAreCutBetweenCharacters) {
       {"a number without decimals", 123.45, characters, "123", ValueChange::Rounded},
       {"a number whose whole part has room alone", 1234.5, characters, "1234", ValueChange::Rounded},
       {"the nearest number", 45.188, characters, "45.2", ValueChange::Rounded},
+      {"one that lies next to a half", 1235.4999999999998, characters, "1235", ValueChange::Rounded},
+      {"a number below 0 of which nothing is left", -0.04, characters, "0.0", ValueChange::Rounded},
       {"one that gets a digit more", 99.96, characters, "100", ValueChange::Rounded},
       {"a number too long", 12345.6, characters, Null{}, ValueChange::OutOfRange},
       {"a whole number too long", std::int64_t{12345}, bytes, Null{}, ValueChange::OutOfRange},
