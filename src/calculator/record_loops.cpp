@@ -151,10 +151,10 @@ class RecordLoop {
     return [this, oid](std::int32_t index, ValueChange change) {
       if (change == ValueChange::None) return;
       const Field& field = *features_->Fields()->Field(index);
-      if (RoundingOf(field).empty()) {
-        NoteMeasureChange(journal_, field, change, oid);
-      } else {
+      if (KeepsLess(field)) {
         journal_.NoteChange(field.Name, change, oid);
+      } else {
+        NoteMeasureChange(journal_, field, change, oid);
       }
     };
   }

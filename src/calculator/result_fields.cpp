@@ -49,25 +49,35 @@ FieldRef NewResultField(const std::string& name) {
   return field;
 }
 
-std::string RoundingOf(const Field& field) {
+bool KeepsLess(const Field& field) {
   switch (field.Type) {
     case esriFieldTypeSmallInteger:
     case esriFieldTypeInteger:
     case esriFieldTypeInteger64:
-      return "numbers are rounded to whole ones.";
+    case esriFieldTypeSingle:
+      return true;
+    case esriFieldTypeDouble:
+      return field.Precision > 0 && field.Scale < kScale;
+    case esriFieldTypeString:
+      return field.Length > 0 && field.Length < kLongestNumber;
+    default:
+      return false;
+  }
+}
+
+std::string RoundingOf(const Field& field) {
+  if (!KeepsLess(field)) return "";
+  switch (field.Type) {
     case esriFieldTypeSingle:
       return "numbers are rounded to about 7 digits.";
-    case esriFieldTypeDouble:
-      break;
     case esriFieldTypeString:
-      if (field.Length <= 0 || field.Length >= kLongestNumber) return "";
       return "numbers keep the decimals that " + std::to_string(field.Length) + " characters have room for.";
+    case esriFieldTypeDouble:
+      if (field.Scale == 1) return "numbers are rounded to 1 decimal.";
+      return "numbers are rounded to " + std::to_string(field.Scale) + " decimals.";
     default:
-      return "";
+      return "numbers are rounded to whole ones.";
   }
-  if (field.Precision <= 0 || field.Scale >= kScale) return "";
-  if (field.Scale == 1) return "numbers are rounded to 1 decimal.";
-  return "numbers are rounded to " + std::to_string(field.Scale) + " decimals.";
 }
 
 std::optional<FieldFailure> MakeMissingFields(IFeatureClass& features, const std::vector<std::string>& names) {

@@ -19,6 +19,8 @@ namespace tessarine {
 /// What a field that was there before keeps less of than a new field of the calculator, a clause with its full stop as
 /// "numbers are rounded to 2 decimals."; empty where it keeps as much. Texts keep what they have room for.
 [[nodiscard]] std::string RoundingOf(const Field& field);
+/// Whether it keeps less: the same, as cheap as it must be for each value.
+[[nodiscard]] bool KeepsLess(const Field& field);
 
 /// A field that can't be made, and why: a sentence.
 struct FieldFailure {

@@ -18,10 +18,10 @@ bool IsLost(ValueChange change) {
   return change == ValueChange::OutOfRange || change == ValueChange::NotFinite || change == ValueChange::Unreadable;
 }
 
+// What a field held, and what became of the value that it got: nothing where it has no room and holds the same still.
 struct Put {
-  Variant before;  // what the field held
-  std::optional<ValueChange> change =
-      {};  // of the value; none where the field has no room for it and keeps what it held
+  Variant before;
+  std::optional<ValueChange> change = {};
 };
 
 Put PutValue(IRowBuffer& row, std::int32_t index, const Variant& value) {

@@ -14,17 +14,15 @@
 //            where texts are UTF-8 (else UTF-16), bit 30 for M, bit 31 for Z.
 //     A column is its name and its alias, each a count of characters in 1 byte and UTF-16; its type in 1 byte, as
 //     `GdbColumn::Type` numbers them; then
-//       of a text       the greatest length in 4 bytes, the flags in 1 byte, the length of the default value, seven
-//       bits
-//                       a byte, and the default value where bit 2 of the flags says that there is one
-//       of identifiers, blobs and XML   1 byte, and the flags in 1 byte
-//       of a shape      1 byte, the flags in 1 byte, the length of the reference's text in bytes in 2 bytes, the text
-//       in
-//                       UTF-16; 1 byte with bit 1 for M and bit 2 for Z; doubles: origin of x and of y, steps in a
-//                       unit, origin and steps for M and for Z where there are any, the tolerances of each, the extent
-//                       in x and y, in Z and in M where the table's flags have them; 1 byte; the number of cell sizes
-//                       of the spatial index in 4 bytes, and these as doubles
-//       of all others   the width in 1 byte, the flags in 1 byte, the length of the default value in 1 byte, the value
+//       text: the greatest length in 4 bytes, the flags in 1 byte, the length of the default value, seven bits a
+//         byte, and the default value where bit 2 of the flags says that there is one
+//       identifier, blob, XML: 1 byte, and the flags in 1 byte
+//       shape: 1 byte, the flags in 1 byte, the length of the reference's text in 2 bytes, the text in UTF-16, and
+//         1 byte with bit 1 for M and bit 2 for Z. Then doubles: the origins of x and y, the steps in a unit, origin
+//         and steps for M and for Z where there are any, the tolerances of each, the extent in x and y, and in Z and
+//         in M where the flags of the table have them. At last 1 byte, the number of cell sizes of the spatial index
+//         in 4 bytes, and these as doubles
+//       any other: the width in 1 byte, the flags in 1 byte, the length of the default value in 1 byte, the value
 //     Bit 0 of the flags is set where the column may be null.
 //     A row is its length in 4 bytes, one bit for each nullable column (set: null; bits to spare are set), then the
 //     values that aren't null, in the order of the columns. Texts, shapes and blobs have their length in front, seven

@@ -65,7 +65,7 @@ class ReadingCursor : public IFeatureCursor, public IReadsAside {
 /// Rows that are written between two commits, where a commit may come midway.
 inline constexpr std::int64_t kRowsPerCommit = 20000;
 
-/// The rows that an updating cursor is restricted to: identifiers in order; nothing means all rows.
+/// The rows that an updating cursor is restricted to: identifiers in order; null means all rows.
 using ChosenRows = std::shared_ptr<const std::vector<std::int64_t>>;
 
 /// Reads rows and writes them back. Only what was set since a row was read is written: attributes without the shape,

@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "support/output_row.h"
 
+#include <utility>
+
 namespace tessarine::MyGeneralOperations {
 
-void OutputRow::Show(const OutputPlace& place) {
+void OutputRow::Show(OutputPlace place) {
   // The text's own change event reads the path as typed; what is known of the place comes after it.
-  const OutputPlace known = place;
-  box_.SetText(known.Path());
-  place_ = known;
+  box_.SetText(place.Path());
+  place_ = std::move(place);
 }
 
 bool OutputRow::Browse(const char* title) {
@@ -15,7 +16,7 @@ bool OutputRow::Browse(const char* title) {
   const bool changed =
       title == nullptr ? BrowseForOutput(box_.Text(), place) : BrowseForOutput(box_.Text(), place, title);
   if (!changed) return false;
-  Show(place);
+  Show(std::move(place));
   return true;
 }
 

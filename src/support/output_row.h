@@ -24,7 +24,7 @@ class OutputRow {
   /// The path that a run gets.
   [[nodiscard]] std::string Path() const { return ChosenPath(box_.Text(), place_); }
 
-  void Show(const OutputPlace& place);
+  void Show(OutputPlace place);
   void FollowText() { reader_(box_.Text(), place_); }
   /// Shows the browse dialog, under a title of its own where one is given. True when the place changed.
   bool Browse(const char* title = nullptr);

@@ -120,14 +120,16 @@ class BuildPolygonsTool final : public Tool {
   [[nodiscard]] std::string Run(RunContext& context, const Arguments& arguments,
                                 const std::shared_ptr<IApplication>& application) const override {
     const std::shared_ptr<clsExtension> memory = MemoryOf(application);
-    const BuildChoices choices = Choices(arguments, *memory);
-    Remember(choices, OutputOf(arguments, kBaseName), *memory);
+    const OutputOfRun output = OutputOf(arguments, kBaseName);
+    const BuildChoices choices = Choices(arguments, output, *memory);
+    Remember(choices, output, *memory);
     return mod_92_functions::BuildPolygons(context, choices, DocumentOf(application), application);
   }
 
   [[nodiscard]] std::string Plan(RunContext& context, const Arguments& arguments,
                                  const std::shared_ptr<IApplication>& application) const override {
-    return mod_92_functions::PlanBuildPolygons(context, Choices(arguments, *MemoryOf(application)));
+    return mod_92_functions::PlanBuildPolygons(
+        context, Choices(arguments, OutputOf(arguments, kBaseName), *MemoryOf(application)));
   }
 
  private:
@@ -137,7 +139,8 @@ class BuildPolygonsTool final : public Tool {
   }
 
   // What nobody gave is as the extension remembers it.
-  [[nodiscard]] static BuildChoices Choices(const Arguments& arguments, const clsExtension& extension) {
+  [[nodiscard]] static BuildChoices Choices(const Arguments& arguments, const OutputOfRun& output,
+                                            const clsExtension& extension) {
     BuildChoices choices;
     choices.lines = SourceOf(arguments);
     choices.all_lines = ReadsAll(choices.lines, arguments.records);
@@ -151,7 +154,7 @@ class BuildPolygonsTool final : public Tool {
     }
     const auto choice = arguments.Get<std::string>("label-choice");
     choices.first_label = choice.empty() ? extension.BuildUseFirstLabelPoint : choice == "first";
-    choices.output = OutputOf(arguments, kBaseName).Place();
+    choices.output = output.Place();
     return choices;
   }
 

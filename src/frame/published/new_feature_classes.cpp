@@ -8,6 +8,7 @@
 #include "support/aml_func_mod.h"
 #include "support/new_classes.h"
 #include "support/output_datasets.h"
+#include "support/output_kinds.h"
 
 namespace tessarine::MyGeneralOperations {
 
@@ -45,7 +46,7 @@ std::shared_ptr<IFeatureClass> CreateShapefileFeatureClass(std::string& director
                                                            bool add_unique_id) {
   return Trap("CreateShapefileFeatureClass", [&]() -> std::shared_ptr<IFeatureClass> {
     if (EndsWithIgnoringCase(directory, ".shp")) directory = ReturnDir(directory);
-    if (EndsWithIgnoringCase(name, ".shp")) name.resize(name.size() - 4);
+    name = WithoutShapefileEnding(std::move(name));
     if (!ExistFileDir(directory)) {
       TellUser("Unable to create Feature Class:\r\n" + ToNativePath(directory) + " is not a valid workspace...",
                "Failed to Create Feature Class:");

@@ -80,20 +80,26 @@ std::optional<Objection> ConversionTool::Validate(const Arguments& arguments,
   return Objection{"", "'" + layer->Name() + "' holds points. " + reason, "", Objection::kToldByPlan};
 }
 
-modCreateVertices::ConversionChoices ConversionTool::Choices(const Arguments& arguments) const {
+OutputOfRun ConversionTool::Output(const Arguments& arguments) const {
+  return OutputOf(arguments, std::string(row_.dialog.default_output_name));
+}
+
+modCreateVertices::ConversionChoices ConversionTool::Choices(const Arguments& arguments,
+                                                             const OutputOfRun& output) const {
   modCreateVertices::ConversionChoices choices;
   choices.layer = SourceOf(arguments);
   choices.fields = ChosenFields(arguments).fields;
   choices.all_records = ReadsAll(choices.layer, arguments.records);
-  choices.output = OutputOf(arguments, std::string(row_.dialog.default_output_name)).Place();
+  choices.output = output.Place();
   return choices;
 }
 
 std::string ConversionTool::Run(RunContext& context, const Arguments& arguments,
                                 const std::shared_ptr<IApplication>& application) const {
-  const modCreateVertices::ConversionChoices choices = Choices(arguments);
+  const OutputOfRun output = Output(arguments);
+  const modCreateVertices::ConversionChoices choices = Choices(arguments, output);
   const std::int32_t count = CountInput(choices.layer, choices.all_records);
-  RememberRun(OutputOf(arguments, std::string(row_.dialog.default_output_name)), count, *MemoryOf(application));
+  RememberRun(output, count, *MemoryOf(application));
   return modCreateVertices::RunConversion(context, row_.run, choices, application,
                                           count > row_.run.progress_threshold ? modCreateVertices::ProgressShown::Yes
                                                                               : modCreateVertices::ProgressShown::No);
@@ -101,7 +107,7 @@ std::string ConversionTool::Run(RunContext& context, const Arguments& arguments,
 
 std::string ConversionTool::Plan(RunContext& context, const Arguments& arguments,
                                  const std::shared_ptr<IApplication>&) const {
-  return modCreateVertices::PlanConversion(context, row_.run, Choices(arguments));
+  return modCreateVertices::PlanConversion(context, row_.run, Choices(arguments, Output(arguments)));
 }
 
 const modCreateVertices::ConversionRun* modCreateVertices::FindRun(std::int32_t conversion_option) {

@@ -8,6 +8,7 @@
 #include "conversion/field_choice.h"
 #include "conversion/layer_fields_texts.h"
 #include "conversion/modCreateVertices.h"
+#include "tools/common/tool_parts.h"
 #include "tools/tool.h"
 
 namespace tessarine {
@@ -45,7 +46,9 @@ class ConversionTool final : public Tool {
                                  const std::shared_ptr<IApplication>& application) const override;
 
  private:
-  [[nodiscard]] modCreateVertices::ConversionChoices Choices(const Arguments& arguments) const;
+  [[nodiscard]] modCreateVertices::ConversionChoices Choices(const Arguments& arguments,
+                                                             const OutputOfRun& output) const;
+  [[nodiscard]] OutputOfRun Output(const Arguments& arguments) const;
   [[nodiscard]] static FieldChoice ChosenFields(const Arguments& arguments);
 
   ConversionRow row_;

@@ -123,6 +123,23 @@ TEST(ShownTexts, AreReadFromSources) {
   EXPECT_THAT(TextsIn("kMap[\"key\"] = Label(\"of it\") + \": \" + text;"), ElementsAre("key", "%1: %2", "of it"));
 }
 
+// Of two, one would count, and a translator might mend the other.
+TEST(ShownTexts, AreTranslatedOnce) {
+  const QString file = ReadText(kSources + QStringLiteral("hosts/windows/translations/tessarine_de.ts"));
+  QStringList once;
+  for (auto sources = Form("<source>(.*?)</source>").globalMatch(file); sources.hasNext();) {
+    once << sources.next().captured(1).trimmed();
+  }
+  EXPECT_GT(once.size(), 1000);
+  std::vector<std::string> twice;
+  std::sort(once.begin(), once.end());
+  for (auto at = std::adjacent_find(once.begin(), once.end()); at != once.end();
+       at = std::adjacent_find(at + 1, once.end())) {
+    twice.push_back(at->toStdString());
+  }
+  EXPECT_THAT(twice, IsEmpty());
+}
+
 TEST(ShownTexts, HaveTranslations) {
   const QHash<QString, QString> translations = Translations();
   const Known known(translations);

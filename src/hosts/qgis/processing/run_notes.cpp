@@ -3,6 +3,7 @@
 
 #include "hosts/qgis/results/result_layer.h"
 #include "hosts/qgis/results/run_history.h"
+#include "hosts/windows/local_numbers.h"
 #include "hosts/windows/qt_text.h"
 #include "hosts/windows/translation.h"
 #include "outputs/layer_copy.h"
@@ -53,8 +54,10 @@ void RunNotes::TellEnd(const RunJournal& journal, const std::string& report, Qgs
   PastRun past = PastRunOf(RunFrom::Toolbox, tool_.Spec().title, journal, goal_.AsNamed(report), line);
   past.output = goal_.AsNamed(past.output);
   if (kept_ > 0 && journal.failure.empty()) {
-    past.told += QStringLiteral("; ") + (kept_ == 1 ? Translated("1 feature keeps its shape")
-                                                    : Translated("%1 features keep their shapes").arg(kept_));
+    past.told +=
+        QStringLiteral("; ") +
+        (kept_ == 1 ? Translated("1 feature keeps its shape")
+                    : Translated("%1 features keep their shapes").arg(CountText(static_cast<std::int64_t>(kept_))));
     if (past.outcome == RunOutcome::Done) past.outcome = RunOutcome::Incomplete;
   }
   RunHistory::Post(std::move(past));

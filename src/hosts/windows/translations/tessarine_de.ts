@@ -5109,10 +5109,6 @@ Diese Geometrie hat das Bezugssystem '%2...</translation>
         <translation>%L1 und %2 weitere dieser Art</translation>
     </message>
     <message>
-        <source>The run was stopped.</source>
-        <translation>Der Lauf wurde angehalten.</translation>
-    </message>
-    <message>
         <source>Another run of the suite is at work on this thread: wait for its end.</source>
         <translation>Ein anderer Lauf der Werkzeuge ist auf diesem Thread im Gang: bitte sein Ende abwarten.</translation>
     </message>
@@ -5999,20 +5995,8 @@ Mit 'OK' bestätigen, mit 'Abbrechen' nichts ändern.</translation>
         <translation>Der Datensatz wurde hier nicht gelesen.</translation>
     </message>
     <message>
-        <source>numbers are rounded to whole ones.</source>
-        <translation>Zahlen werden auf ganze gerundet.</translation>
-    </message>
-    <message>
-        <source>numbers are rounded to about 7 digits.</source>
-        <translation>Zahlen werden auf etwa 7 Stellen gerundet.</translation>
-    </message>
-    <message>
         <source>numbers are rounded to %1 decimal.</source>
-        <translation>Zahlen werden auf %1 Dezimalstelle gerundet.</translation>
-    </message>
-    <message>
-        <source>numbers are rounded to %1 decimals.</source>
-        <translation>Zahlen werden auf %1 Dezimalstellen gerundet.</translation>
+        <translation>Zahlen werden auf %1 Nachkommastelle gerundet.</translation>
     </message>
     <message>
         <source>%1 moments of the layer '%2' are worked with without the fractions of their seconds.</source>
