@@ -31,7 +31,7 @@ class DataSource : public virtual Object {
                                                         FileAccess access = FileAccess::Read);
 
   [[nodiscard]] virtual std::string DriverName() const = 0;
-  /// A layer that mixes points, lines and polygons counts as one layer for each kind, named with the kind behind.
+  /// A layer that mixes points, lines and polygons counts as one layer for each kind, named with the kind after.
   [[nodiscard]] virtual std::vector<std::string> LayerNames() const = 0;
   /// An empty name means the only layer. Faults name the layers there are.
   [[nodiscard]] virtual std::shared_ptr<IFeatureClass> OpenFeatureClass(const std::string& layer) const = 0;
@@ -50,11 +50,6 @@ class DataSource : public virtual Object {
 
 /// Makes an empty file geodatabase.
 void CreateFileGeodatabase(const std::string& native_path);
-/// Announces a file geodatabase: opening its workspace succeeds from now on, and its first class makes it.
-void PromiseFileGeodatabase(const std::string& native_path);
-/// Announces a feature dataset: opening it succeeds from now on, and its first class makes it with this reference.
-void PromiseFeatureDataset(const std::string& native_geodatabase, const std::string& name,
-                           const SpatialReferenceRef& reference);
 /// The reference of a feature dataset that has classes; null where there is no such dataset or class.
 [[nodiscard]] SpatialReferenceRef FeatureDatasetReference(const std::string& native_geodatabase,
                                                           const std::string& name);

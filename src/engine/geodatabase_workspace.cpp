@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // File and personal geodatabases.
 #include <filesystem>
-#include <map>
 #include <set>
 
 #include "engine/data_source.h"
@@ -12,6 +11,7 @@
 #include "engine/ogr_class.h"
 #include "engine/personal_geodatabase_classes.h"
 #include "engine/personal_geodatabase_edit.h"
+#include "engine/promised_geodatabases.h"
 #include "engine/srs_from_gdal.h"
 #include "engine/staged_class.h"
 #include "engine/stamp.h"
@@ -25,31 +25,6 @@ namespace {
 
 namespace fs = std::filesystem;
 using namespace engine;
-
-// Feature datasets that were announced and come to be with their first class.
-using Promises = std::map<std::pair<std::string, std::string>, SpatialReferenceRef>;
-
-Promises& PromisedDatasets() {
-  static Promises promised;
-  return promised;
-}
-
-// Geodatabases that were announced and come to be with their first class.
-std::set<std::string>& PromisedGeodatabases() {
-  static std::set<std::string> promised;
-  return promised;
-}
-
-std::string NormalPath(const std::string& native) { return fs::absolute(native).lexically_normal().string(); }
-
-bool IsPromised(const std::string& geodatabase) { return PromisedGeodatabases().contains(NormalPath(geodatabase)); }
-
-SpatialReferenceRef PromisedReference(const std::string& geodatabase, const std::string& name) {
-  for (const auto& [place, reference] : PromisedDatasets()) {
-    if (place.first == NormalPath(geodatabase) && EqualsIgnoringCase(place.second, name)) return reference;
-  }
-  return nullptr;
-}
 
 // The name of a feature dataset as the geodatabase has it; empty where there is none of this name in any case.
 std::string StoredDatasetName(const std::string& geodatabase, const std::string& name) {
@@ -65,7 +40,7 @@ std::string StoredDatasetName(const std::string& geodatabase, const std::string&
 }
 
 bool HasDataset(const std::string& geodatabase, const std::string& name) {
-  return PromisedReference(geodatabase, name) || !StoredDatasetName(geodatabase, name).empty();
+  return FindPromisedDataset(geodatabase, name).promised || !StoredDatasetName(geodatabase, name).empty();
 }
 
 void RequireFreeName(GDALDataset& dataset, const std::string& path, const std::string& name) {
@@ -169,7 +144,7 @@ class GeodatabaseDataset final : public IFeatureDataset {
   /// That of its first class; while it has none, the one that was announced.
   [[nodiscard]] SpatialReferenceRef SpatialReference() const override {
     if (SpatialReferenceRef reference = FeatureDatasetReference(geodatabase_, name_)) return reference;
-    const SpatialReferenceRef promised = PromisedReference(geodatabase_, name_);
+    const SpatialReferenceRef promised = FindPromisedDataset(geodatabase_, name_).reference;
     return promised ? promised : ReferenceFromOgr(nullptr);
   }
   [[nodiscard]] Envelope Extent() const override { return {}; }
@@ -233,13 +208,14 @@ class GeodatabaseFactory final : public IWorkspaceFactory {
 
   [[nodiscard]] std::shared_ptr<IFeatureWorkspace> OpenFromFile(const std::string& path, std::int32_t) override {
     const std::string native = ToNativePath(path);
-    if (!fs::exists(native) && !IsPromised(native)) RaiseEngineFault("There is no geodatabase '" + native + "'.");
+    if (!fs::exists(native) && !IsPromisedGeodatabase(native))
+      RaiseEngineFault("There is no geodatabase '" + native + "'.");
     if (!IsWorkspace(path)) RaiseEngineFault("'" + native + "' is no geodatabase of the kind " + ending_ + ".");
     return std::make_shared<Geodatabase>(native);
   }
   [[nodiscard]] bool IsWorkspace(const std::string& path) const override {
     const std::string native = ToNativePath(path);
-    return EndsWithIgnoringCase(path, ending_) && (fs::exists(native) || IsPromised(native));
+    return EndsWithIgnoringCase(path, ending_) && (fs::exists(native) || IsPromisedGeodatabase(native));
   }
   [[nodiscard]] bool ContainsWorkspace(const std::string& folder) const override {
     std::error_code error;
@@ -288,13 +264,6 @@ std::shared_ptr<IWorkspaceFactory> CreateFileGDBWorkspaceFactory() {
 
 std::shared_ptr<IWorkspaceFactory> CreateAccessWorkspaceFactory() {
   return std::make_shared<GeodatabaseFactory>(".mdb");
-}
-
-void PromiseFileGeodatabase(const std::string& native_path) { PromisedGeodatabases().insert(NormalPath(native_path)); }
-
-void PromiseFeatureDataset(const std::string& native_geodatabase, const std::string& name,
-                           const SpatialReferenceRef& reference) {
-  PromisedDatasets()[{NormalPath(native_geodatabase), name}] = reference;
 }
 
 SpatialReferenceRef FeatureDatasetReference(const std::string& native_geodatabase, const std::string& name) {

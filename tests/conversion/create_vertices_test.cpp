@@ -8,6 +8,7 @@
 
 #include "conversion/modCreateVertices.h"
 #include "engine/data_source.h"
+#include "engine/promised_geodatabases.h"
 #include "helpers/memory_class.h"
 #include "helpers/stored_layer.h"
 #include "helpers/suite_fixture.h"
@@ -261,7 +262,7 @@ TEST_F(VerticesTest, NamesFromDataAreEscapedInTheReport) {
 
 TEST_F(VerticesTest, AClassOfAFeatureDataset) {
   CreateFileGeodatabase(folder.Native("a.gdb"));
-  PromiseFeatureDataset(folder.Native("a.gdb"), "survey", features->reference);
+  const KeptPromise promise = PromiseFeatureDataset(folder.Native("a.gdb"), "survey", features->reference);
   extension->DirectoryType = "File Geodatabase";
   extension->IsFeatureDataset = true;
   extension->FeatDatasetName = "survey";

@@ -9,6 +9,7 @@
 
 #include "engine/filegdb_grid.h"
 #include "engine/geodatabase_helpers.h"
+#include "engine/promised_geodatabases.h"
 #include "helpers/published.h"
 #include "helpers/shapes.h"
 #include "platform/text_formats.h"
@@ -176,7 +177,7 @@ TEST(GeodatabaseDatasets, AreOneInAnyCase) {
   const auto workspace = CreateFileGDBWorkspaceFactory()->OpenFromFile(FromNativePath(file), 0);
   const auto reference = SpatialReferenceEnvironment::CreateFromText("EPSG:32612");
   for (const auto& [dataset_name, name] : {std::pair("ds", "a"), std::pair("DS", "b")}) {
-    PromiseFeatureDataset(file, dataset_name, reference);
+    const KeptPromise promise = PromiseFeatureDataset(file, dataset_name, reference);
     const auto dataset = workspace->OpenFeatureDataset(dataset_name);
     (void)testing::Published(
         dataset->CreateFeatureClass(name, PointFields("EPSG:32612", {}), nullptr, nullptr, esriFTSimple, "Shape", ""));
@@ -246,7 +247,7 @@ TEST(GeodatabaseUpdates, LeaveAllOtherColumnsAlone) {
     ASSERT_EQ(FindingsOf(file), "");
     const auto before = ContentOf(file, {"f1", "f3", "f5", "small"});
     const auto features = DataSource::Open(file)->OpenFeatureClass("rich_class");
-    const auto cursor = features->Update(nullptr, false);
+    const auto cursor = features->Update(nullptr, Recycling::No);
     while (const auto feature = cursor->NextFeature()) {
       feature->SetValue(features->FindField("f1"), std::int32_t{77});
       feature->SetValue(features->FindField("f3"), "a text that makes the row grow, and move to the end of the file");
@@ -277,7 +278,7 @@ TEST(GeodatabaseEdit, SurvivesAKillAtAnyMoment) {
     field->Name = name;
     field->Type = esriFieldTypeDouble;
     features->AddField(field);
-    const auto cursor = features->Update(nullptr, false);
+    const auto cursor = features->Update(nullptr, Recycling::No);
     while (const auto feature = cursor->NextFeature()) {
       feature->SetValue(features->FindField(name), 1.5);
       cursor->UpdateFeature(feature);

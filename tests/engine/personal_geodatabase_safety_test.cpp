@@ -11,6 +11,7 @@
 #include "engine/ogr_source.h"
 #include "engine/personal_geodatabase_catalog.h"
 #include "engine/personal_geodatabase_edit.h"
+#include "engine/promised_geodatabases.h"
 #include "engine/test_layers.h"
 #include "helpers/published.h"
 #include "jet/check.h"
@@ -66,14 +67,14 @@ std::shared_ptr<IFeatureClass> MakeClass(const std::string& path, const std::str
   shape->GeometryDef->SpatialReference = SpatialReferenceEnvironment::CreateFromText("EPSG:4326");
   fields->AddField(shape);
   fields->AddField(NewField("words", esriFieldTypeString, 10));
-  if (!fs::exists(path)) PromiseFileGeodatabase(path);
+  const KeptPromise promise = fs::exists(path) ? nullptr : PromiseFileGeodatabase(path);
   const auto workspace = CreateAccessWorkspaceFactory()->OpenFromFile(FromNativePath(path), 0);
   return Published(workspace->CreateFeatureClass(name, fields, nullptr, nullptr, esriFTSimple, "Shape", ""));
 }
 
 std::size_t CountRows(IFeatureClass& features) {
   std::size_t count = 0;
-  const auto cursor = features.Search(nullptr, true);
+  const auto cursor = features.Search(nullptr, Recycling::Yes);
   while (cursor->NextFeature()) ++count;
   return count;
 }
@@ -205,7 +206,7 @@ TEST(PersonalGeodatabaseSafety, TextsAreAsWideAsTheirUtf16Units) {
     }
     cursor->Flush();
   }
-  const auto cursor = features->Search(nullptr, true);
+  const auto cursor = features->Search(nullptr, Recycling::Yes);
   for (const WordsRow& row : kRows) EXPECT_EQ(cursor->NextFeature()->Value(words), Variant(row.kept)) << row.name;
 }
 
@@ -251,13 +252,13 @@ TEST(PersonalGeodatabaseSafety, NumbersThatDontFitAreNull) {
     const auto features = DataSource::Open(path, FileAccess::Change)->OpenFeatureClass("Polygon");
     const std::int32_t field = features->FindField(row.field);
     {
-      const auto cursor = features->Update(nullptr, false);
+      const auto cursor = features->Update(nullptr, Recycling::No);
       const auto feature = cursor->NextFeature();
       EXPECT_EQ(feature->SetValue(field, row.given), row.change) << row.name;
       cursor->UpdateFeature(feature);
       cursor->Flush();
     }
-    EXPECT_EQ(features->Search(nullptr, true)->NextFeature()->Value(field), row.kept) << row.name;
+    EXPECT_EQ(features->Search(nullptr, Recycling::Yes)->NextFeature()->Value(field), row.kept) << row.name;
   }
 }
 
@@ -342,14 +343,14 @@ TEST(PersonalGeodatabaseSafety, AGeodatabaseOfVersion9IsReadAndItsRowsAreWritten
   const FieldRef field = NewField("twice", esriFieldTypeDouble);
   polygons->AddFields({&field, 1});
   {
-    const auto cursor = polygons->Update(nullptr, false);
+    const auto cursor = polygons->Update(nullptr, Recycling::No);
     while (const auto row = cursor->NextFeature()) {
       row->SetValue(polygons->FindField("twice"), 2.5);
       cursor->UpdateFeature(row);
     }
     cursor->Flush();
   }
-  const auto row = DataSource::Open(path)->OpenFeatureClass("Polygon")->Search(nullptr, true)->NextFeature();
+  const auto row = DataSource::Open(path)->OpenFeatureClass("Polygon")->Search(nullptr, Recycling::Yes)->NextFeature();
   EXPECT_EQ(row->Value(polygons->FindField("twice")), Variant(2.5));
   jet::Database database(path, jet::Database::Mode::Read);
   EXPECT_THAT(jet::CheckDatabase(database).findings, ::testing::IsEmpty());

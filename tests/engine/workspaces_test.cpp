@@ -69,7 +69,7 @@ void FillAndCheck(IFeatureClass& features, const std::string& file, bool days_on
     EXPECT_EQ(buffer->SetValue(field("Uniq_ID"), 3e9), ValueChange::OutOfRange);
     cursor->Flush();
   }
-  const auto row = features.Search(nullptr, false)->NextFeature();
+  const auto row = features.Search(nullptr, Recycling::No)->NextFeature();
   ASSERT_NE(row, nullptr);
   EXPECT_EQ(row->Value(field("Uniq_ID")), Variant(123456789));
   EXPECT_EQ(row->Value(field("Code")), Variant(std::int16_t{-12}));
@@ -192,7 +192,7 @@ TEST(Workspaces, AFailedCreationLeavesNothingBehind) {
   EXPECT_TRUE(folder.IsEmpty());
 }
 
-// A dBASE number field has room for its width: digits behind the point give way, then it is an overflow.
+// A dBASE number field has room for its width: digits after the point give way, then it is an overflow.
 TEST(Workspaces, NumbersFitDbaseByFewerDecimalsOrAnExponent) {
   const TemporaryFolder folder;
   const auto workspace = CreateShapefileWorkspaceFactory()->OpenFromFile(folder.Path(), 0);
@@ -214,7 +214,7 @@ TEST(Workspaces, NumbersFitDbaseByFewerDecimalsOrAnExponent) {
       cursor->InsertFeature(*buffer);
     }
   }
-  const auto cursor = features->Search(nullptr, true);
+  const auto cursor = features->Search(nullptr, Recycling::Yes);
   for (const Row& row : rows) EXPECT_DOUBLE_EQ(cursor->NextFeature()->Value(area).AsDouble(), row.stored);
   for (const double value : {1e16, -1e15}) {
     EXPECT_EQ(buffer->SetValue(area, value), ValueChange::None) << value;
@@ -252,9 +252,16 @@ TEST(Workspaces, AClassOfAGeodatabaseIsNowhereUntilItIsPublished) {
   const TemporaryFolder folder;
   const std::string file = folder.Native("new.gdb");
   const auto factory = CreateFileGDBWorkspaceFactory();
-  PromiseFileGeodatabase(file);
+  KeptPromise promise = PromiseFileGeodatabase(file);
   const auto workspace = factory->OpenFromFile(folder.Path("new.gdb"), 0);
   EXPECT_FALSE(workspace->HoldsName("a"));
+  EXPECT_TRUE(factory->IsWorkspace(folder.Path("new.gdb")));
+  KeptPromise same = PromiseFileGeodatabase(file);
+  promise.reset();
+  EXPECT_TRUE(factory->IsWorkspace(folder.Path("new.gdb"))) << "the other promise of the same place holds";
+  same.reset();
+  EXPECT_FALSE(factory->IsWorkspace(folder.Path("new.gdb"))) << "nobody promises it any more";
+  promise = PromiseFileGeodatabase(file);
   const auto create = [&](const char* name) {
     return workspace->CreateFeatureClass(name, NewFields(esriGeometryPoint, 4326), nullptr, nullptr, esriFTSimple,
                                          "Shape", "");
@@ -285,7 +292,12 @@ TEST(Workspaces, AFeatureDatasetOfAFileGeodatabase) {
   const auto workspace = CreateFileGDBWorkspaceFactory()->OpenFromFile(folder.Path("data.gdb"), 0);
   EXPECT_NE(FaultTextOf([&] { (void)workspace->OpenFeatureDataset("water"); }).find("water"), std::string::npos);
   const auto reference = SpatialReferenceEnvironment::CreateFromText("EPSG:32612");
-  PromiseFeatureDataset(file, "water", reference);
+  {
+    const KeptPromise given_up = PromiseFeatureDataset(file, "WATER", reference);
+    EXPECT_NO_THROW((void)workspace->OpenFeatureDataset("water"));
+  }
+  EXPECT_NE(FaultOf([&] { (void)workspace->OpenFeatureDataset("water"); }), 0);
+  const KeptPromise promise = PromiseFeatureDataset(file, "water", reference);
   const auto dataset = workspace->OpenFeatureDataset("water");
   EXPECT_TRUE(dataset->SpatialReference()->IsEqual(*reference));
   const auto lakes = Published(dataset->CreateFeatureClass("lakes", NewFields(esriGeometryPolygon, 32612), nullptr,

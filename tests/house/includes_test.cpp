@@ -14,10 +14,19 @@ namespace {
 namespace fs = std::filesystem;
 
 // What the engine shows to hosts; the rest of it is its own business.
-const std::vector<const char*> kEngineFace = {"data_source.h",  "dataset_files.h",        "drawing.h",
-                                              "file_access.h",  "format_abilities.h",     "local_system.h",
-                                              "ogr_geometry.h", "personal_geodatabase.h", "remote_source.h",
-                                              "stamp.h",        "topology_stop.h",        "versions.h",
+const std::vector<const char*> kEngineFace = {"data_source.h",
+                                              "dataset_files.h",
+                                              "drawing.h",
+                                              "file_access.h",
+                                              "format_abilities.h",
+                                              "local_system.h",
+                                              "ogr_geometry.h",
+                                              "personal_geodatabase.h",
+                                              "promised_geodatabases.h",
+                                              "remote_source.h",
+                                              "stamp.h",
+                                              "topology_stop.h",
+                                              "versions.h",
                                               "workspace_of.h"};
 
 struct Room {

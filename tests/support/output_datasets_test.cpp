@@ -6,6 +6,7 @@
 #include <filesystem>
 
 #include "engine/data_source.h"
+#include "engine/promised_geodatabases.h"
 #include "helpers/memory_class.h"
 #include "helpers/published.h"
 #include "helpers/reported_faults.h"
@@ -171,7 +172,8 @@ TEST_F(OutputTest, AShapefileFolderMayBeNamedByAShapefileInIt) {
 
 TEST_F(OutputTest, AClassInAFeatureDataset) {
   CreateFileGeodatabase(folder.Native("a.gdb"));
-  PromiseFeatureDataset(folder.Native("a.gdb"), "traffic", SpatialReferenceEnvironment::CreateFromText("EPSG:32612"));
+  const KeptPromise promise = PromiseFeatureDataset(folder.Native("a.gdb"), "traffic",
+                                                    SpatialReferenceEnvironment::CreateFromText("EPSG:32612"));
   Request request{folder.Path("a.gdb") + "\\", "roads", kFileGeodatabase, true, "traffic"};
   EXPECT_EQ(request.Create(), nullptr) << "data in degrees don't belong into a dataset in metres";
   ASSERT_EQ(host.error_reports.size(), 1U);

@@ -3,7 +3,6 @@
 
 #include <filesystem>
 
-#include "engine/data_source.h"
 #include "platform/paths.h"
 
 namespace tessarine {
@@ -16,10 +15,10 @@ void PromisePlace(const OutputPlace& place, const SpatialReferenceRef& reference
     system.Promise(FromNativePath(place.container));
     return;
   }
-  if (!place.dataset.empty()) PromiseFeatureDataset(place.container, place.dataset, reference);
+  if (!place.dataset.empty()) system.Keep(PromiseFeatureDataset(place.container, place.dataset, reference));
   if (fs::exists(place.container)) return;
   if (!fs::is_directory(fs::path(place.container).parent_path())) return;  // others tell of the missing folder
-  if (place.format->feature_datasets) PromiseFileGeodatabase(place.container);
+  if (place.format->feature_datasets) system.Keep(PromiseFileGeodatabase(place.container));
   system.Promise(FromNativePath(place.container));
 }
 

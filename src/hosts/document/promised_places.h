@@ -4,8 +4,10 @@
 
 #include <set>
 #include <string>
+#include <vector>
 
 #include "engine/local_system.h"
+#include "engine/promised_geodatabases.h"
 #include "outputs/output_place.h"
 #include "platform/spatial_reference.h"
 
@@ -16,6 +18,8 @@ namespace tessarine {
 class PromisingSystem : public LocalOperatingSystem {
  public:
   void Promise(const std::string& path) { promised_.insert(path); }
+  /// Keeps what was promised elsewhere as long as this lives.
+  void Keep(KeptPromise promise) { kept_.push_back(std::move(promise)); }
   /// The data set at this path counts as gone, with whatever ending.
   void GiveFree(const std::string& path) { free_.insert(WithoutEnding(path)); }
   [[nodiscard]] bool Exists(const std::string& path) const override {
@@ -30,6 +34,7 @@ class PromisingSystem : public LocalOperatingSystem {
   }
 
   std::set<std::string> promised_, free_;
+  std::vector<KeptPromise> kept_;
 };
 
 /// Makes the place ready for a run: a container that isn't there, and a new feature dataset with the given reference,

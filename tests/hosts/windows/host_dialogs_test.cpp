@@ -21,6 +21,7 @@
 #include <thread>
 
 #include "engine/data_source.h"
+#include "engine/promised_geodatabases.h"
 #include "helpers/published.h"
 #include "helpers/temporary_folder.h"
 #include "hosts/windows/browse_dialog.h"
@@ -99,7 +100,8 @@ class HostDialogsTest : public testing::WindowsTest {
     FillGeodatabase(folder.Native("world.gdb"), *CreateFileGDBWorkspaceFactory());
   }
   static void FillGeodatabase(const std::string& gdb, IWorkspaceFactory& factory) {
-    PromiseFeatureDataset(gdb, "places", SpatialReferenceEnvironment::CreateFromText("EPSG:4326"));
+    const KeptPromise promise =
+        PromiseFeatureDataset(gdb, "places", SpatialReferenceEnvironment::CreateFromText("EPSG:4326"));
     const auto workspace = factory.OpenFromFile(FromNativePath(gdb), 0);
     const auto source = DataSource::Open(TESSARINE_TEST_DATA "/cities.shp")->OpenFeatureClass("");
     const auto fields = source->Fields();
