@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "engine/converted_copy.h"
 
-#include <functional>
 #include <vector>
 
 #include "engine/copy_values.h"
@@ -148,24 +147,6 @@ LayerDefinition KeptDefinition(OGRLayer& layer) {
   return definition;
 }
 
-LayerDefinition WriteRows(const Conversion& conversion, const std::shared_ptr<OgrClass>& worked,
-                          const std::function<void()>& poll, TargetFile& file, CopyFacts& facts, RunJournal& notes,
-                          std::vector<bool>& left_out) {
-  MergedRows merged(conversion, worked);
-  file.AddResults(merged.WorkedDefinition(), notes);
-  file.PrepareRows();
-  while (merged.Next()) {
-    poll();
-    file.Bring(merged, notes);
-    const bool takes = file.Takes();
-    left_out.push_back(!takes || !file.Write(merged, notes));
-    if (!left_out.back()) continue;
-    --facts.rows;
-    if (!takes) notes.NoteFault(RecordFault(kRowRefused, kNoPlaceWithoutShape), merged.From().OID());
-  }
-  return KeptDefinition(file.Layer());
-}
-
 // Some drivers don't tell that a disk is full.
 DatasetHandle OpenWritten(const fs::path& path, const fs::path& shown) {
   try {
@@ -175,59 +156,105 @@ DatasetHandle OpenWritten(const fs::path& path, const fs::path& shown) {
   }
 }
 
+// The copy written, read again and compared with what was meant, then put in its place.
+class ConversionWriting {
+ public:
+  ConversionWriting(const Conversion& conversion, std::shared_ptr<OgrClass> worked, CopyFacts& facts)
+      : conversion_(conversion), format_(*conversion.format), worked_(std::move(worked)), facts_(facts) {}
+
+  void Run() {
+    const GdalErrorScope quiet;
+    if (format_.server) {
+      WriteToServer();
+    } else {
+      WriteFile();
+    }
+    facts_.notes.TakeNotes(notes_);
+    facts_.notes.written = notes_.written;
+  }
+
+ private:
+  void WriteToServer() {
+    TargetFile file(conversion_, conversion_.target);
+    const LayerDefinition made = WriteRows(file);
+    file.EndRows(notes_);
+    Check(file.Dataset(), file, *made);
+    file.Close();
+    // Who made the table goes on with the reference that it was made with.
+    const DatasetHandle again = OpenWritten(conversion_.target, conversion_.shown);
+    if (OGRLayer* layer = again->GetLayerByName(conversion_.layer.c_str())) {
+      NoteLossOfReference(file, layer->GetSpatialRef());
+    }
+    worked_->Source()->Renew();
+  }
+
+  void WriteFile() {
+    const bool enters = format_.container && fs::exists(conversion_.target);
+    StagedOutput staged(conversion_.target, enters ? StagedOutput::Begin::Copy : StagedOutput::Begin::Empty);
+    TargetFile file(conversion_, staged.Path());
+    const LayerDefinition made = WriteRows(file);
+    file.Close();
+    Check(*OpenWritten(staged.Path(), conversion_.shown), file, *made);
+    worked_->Source()->Renew();
+    staged.Publish(enters ? StagedOutput::Standing::Replace : conversion_.standing);
+  }
+
+  // Returns the columns as they were made.
+  LayerDefinition WriteRows(TargetFile& file) {
+    MergedRows merged(conversion_, worked_);
+    file.AddResults(merged.WorkedDefinition(), notes_);
+    file.PrepareRows();
+    while (merged.Next()) {
+      Poll();
+      file.Bring(merged, notes_);
+      const bool takes = file.Takes();
+      left_out_.push_back(!takes || !file.Write(merged, notes_));
+      if (!left_out_.back()) continue;
+      --facts_.rows;
+      if (!takes) notes_.NoteFault(RecordFault(kRowRefused, kNoPlaceWithoutShape), merged.From().OID());
+    }
+    return KeptDefinition(file.Layer());
+  }
+
+  void Check(GDALDataset& dataset, TargetFile& file, OGRFeatureDefn& made) {
+    Readback readback(dataset, conversion_, file, made, notes_);
+    facts_.layer = readback.LayerName();
+    if (!format_.reorders) {
+      MergedRows merged(conversion_, worked_);
+      for (std::size_t row = 0; merged.Next(); ++row) {
+        Poll();
+        if (!left_out_[row]) readback.Compare(merged, conversion_);
+      }
+    }
+    RequireAllRows(facts_, readback.Count());
+    if (!format_.server) NoteLossOfReference(file, readback.Reference());
+    notes_.written = facts_.rows;
+  }
+
+  void NoteLossOfReference(TargetFile& file, const OGRSpatialReference* read) {
+    if (std::string loss = file.LossOfReference(read); !loss.empty()) {
+      notes_.warnings.push_back({std::move(loss), 0, {}});
+    }
+  }
+
+  void Poll() const {
+    if (!stopped_before_) EndIfStopped();
+  }
+
+  const Conversion& conversion_;
+  const Format& format_;
+  std::shared_ptr<OgrClass> worked_;
+  CopyFacts& facts_;
+  // What a stopped run has done is written to its end.
+  bool stopped_before_ = StopRequested();
+  RunJournal notes_;
+  std::vector<bool> left_out_;  // of the merged rows
+};
+
 }  // namespace
 
 void WriteConversion(const Conversion& conversion, const std::shared_ptr<OgrClass>& worked, CopyFacts& facts) {
-  // What a stopped run has done is written to its end.
-  const bool stopped = StopRequested();
-  const auto poll = [&] {
-    if (!stopped) EndIfStopped();
-  };
-  const GdalErrorScope quiet;
-  const Format& format = *conversion.format;
-  const bool enters = format.container && !format.server && fs::exists(conversion.target);
-  std::optional<StagedOutput> staged;
-  if (!format.server) {
-    staged.emplace(conversion.target, enters ? StagedOutput::Begin::Copy : StagedOutput::Begin::Empty);
-  }
-  TargetFile file(conversion, staged ? staged->Path() : conversion.target);
-  RunJournal notes;
-  std::vector<bool> left_out;  // of the merged rows
-  const LayerDefinition made = WriteRows(conversion, worked, poll, file, facts, notes, left_out);
-  const auto tell_reference = [&](const OGRSpatialReference* read) {
-    if (std::string loss = file.LossOfReference(read); !loss.empty()) {
-      notes.warnings.push_back({std::move(loss), 0, {}});
-    }
-  };
-  const auto check = [&](GDALDataset& dataset) {
-    Readback readback(dataset, conversion, file, *made, notes);
-    facts.layer = readback.LayerName();
-    if (!format.reorders) {
-      MergedRows merged(conversion, worked);
-      for (std::size_t row = 0; merged.Next(); ++row) {
-        poll();
-        if (!left_out[row]) readback.Compare(merged, conversion);
-      }
-    }
-    RequireAllRows(facts, readback.Count());
-    if (!format.server) tell_reference(readback.Reference());
-    notes.written = facts.rows;
-  };
-  if (format.server) {
-    file.EndRows(notes);
-    check(file.Dataset());
-    file.Close();
-    // Who made the table goes on with the reference that it was made with.
-    const DatasetHandle again = OpenWritten(conversion.target, conversion.shown);
-    if (OGRLayer* layer = again->GetLayerByName(conversion.layer.c_str())) tell_reference(layer->GetSpatialRef());
-  } else {
-    file.Close();
-    check(*OpenWritten(staged->Path(), conversion.shown));
-  }
-  worked->Source()->Renew();
-  if (staged) staged->Publish(enters ? StagedOutput::Standing::Replace : conversion.standing);
-  facts.notes.TakeNotes(notes);
-  facts.notes.written = notes.written;
+  ConversionWriting(conversion, worked, facts).Run();
 }
 
 void ConvertedCopy::Publish() {

@@ -70,7 +70,7 @@ std::optional<std::string> AskForPlace(RunContext& context, OutputRequest& reque
   place = PlaceIn(kind, location->FullName(), dialog->Name(), place.dataset);
   if (const auto item = Cast<IGxDataset>(location)) {
     const std::shared_ptr<IDataset> dataset = item->Dataset();
-    // Any dataset behind the place but a class of its own is a feature dataset.
+    // Any dataset after the place but a class of its own is a feature dataset.
     const bool holds_classes =
         Is<IFeatureDataset>(dataset) || EndsWithIgnoringCase(location->Category(), "Feature Dataset");
     place =
@@ -228,6 +228,80 @@ void TakeMadeNames(RunContext& context, const IFeatureClass& output, OutputReque
   }
 }
 
+// Where the class is going to be made.
+struct OutputSite {
+  std::string category;
+  const Format* format = nullptr;
+  OutputPlace place;           // with its ending
+  SpatialReferenceRef wished;  // null where the run's own reference stays
+  std::shared_ptr<IFeatureWorkspace> workspace;
+  std::shared_ptr<IFeatureDataset> dataset;  // null outside of one
+};
+
+// The name of the request as the format has it; the journal is told where that is another.
+void TakeNameOfFormat(RunContext& context, OutputPlace& asked, const OutputPlace& place) {
+  if (asked.format->container && place.ClassName() != asked.name) {
+    context.journal.NoteName(asked.name, place.ClassName());
+    asked.name = place.ClassName();
+  }
+  if (asked.format->IsFile() && !asked.format->HasOwnWorkspace()) asked.name = place.name;
+}
+
+// The site of the request, ready for the class; none, and the user told why, where the class can't come there. Faults
+// are of what no other name would mend.
+std::optional<OutputSite> PrepareSite(RunContext& context, OutputRequest& request, const std::string& category,
+                                      IWorkspaceFactory& factory) {
+  OutputPlace& asked = request.place;
+  asked.format = FormatOfKind(KindOfCategory(category));
+  if (!asked.format->feature_datasets) asked.dataset.clear();
+  OutputSite site{category, asked.format, WithEnding(asked), WishedReference(context, request), nullptr, nullptr};
+  const auto refuse = [&](const std::string& problem) {
+    context.feedback.Tell(problem, "Failed to Create Feature Class:");
+    return std::nullopt;
+  };
+  if (const auto problem = PlaceProblem(request, site.place)) return refuse(*problem);
+  TakeNameOfFormat(context, asked, site.place);
+  site.workspace = factory.OpenFromFile(asked.Directory(), 0);
+  if (site.format->container) {
+    if (const auto conflict = NameConflict(*site.workspace, asked)) return refuse(*conflict);
+  }
+  if (!asked.dataset.empty()) {
+    site.dataset = site.workspace->OpenFeatureDataset(asked.dataset);
+    const bool brings = BringsElsewhere(request.reference, site.wished);
+    if (!request.projects) RefuseOtherReference(*site.dataset, brings ? site.wished : request.reference);
+  }
+  const std::string shown_name = site.dataset ? asked.dataset + ":" + asked.name : asked.name;
+  if (!MakeNameFree(context, site.workspace, asked.name, shown_name)) return std::nullopt;
+  return site;
+}
+
+// Tells what the format can't keep of the class.
+void AnnounceLosses(RunContext& context, const OutputRequest& request, const OutputSite& site,
+                    const std::shared_ptr<IFeatureClass>& output) {
+  for (const std::string& sentence : LossesOfReference(request, *site.format, site.wished)) {
+    context.feedback.Announce(sentence);
+    // The others tell of it when they have been read again.
+    if (site.format->updated_in_place) context.journal.warnings.push_back({sentence, 0, {}});
+  }
+  if (const auto planned = Cast<IPlannedClass>(output)) {
+    for (const std::string& sentence : planned->Planned().foretold) context.feedback.Announce(sentence);
+  }
+}
+
+std::shared_ptr<IFeatureClass> MakeOutput(RunContext& context, OutputRequest& request, const OutputSite& site) {
+  MakeFieldNamesLegal(context, request.fields, KindOfCategory(site.category));
+  const bool brings = BringsElsewhere(request.reference, site.wished);
+  std::shared_ptr<IFeatureClass> output =
+      brings ? CreateElsewhere(request, site.wished, site.category, site.workspace, site.dataset)
+             : CreateAt(request, site.category, site.workspace, site.dataset);
+  if (output) TakeMadeNames(context, *output, request);
+  if (brings && output) {
+    output = WorkedInOwnReference(output, site.place, request.reference, site.wished, ExtentOf(request));
+  }
+  AnnounceLosses(context, request, site, output);
+  return output;
+}
+
 }  // namespace
 
 std::string FieldNameFor(std::int32_t kind, const std::string& name, const std::shared_ptr<VarArray>& taken) {
@@ -265,56 +339,11 @@ std::shared_ptr<IFeatureClass> CreateOutput(RunContext& context, OutputRequest& 
                               "");
         return nullptr;
       }
-      const SpatialReferenceRef wished = WishedReference(context, request);
-      const bool brings = BringsElsewhere(request.reference, wished);
-      const std::int32_t kind = KindOfCategory(*category);
-      const Format& format = *FormatOfKind(kind);
-      OutputPlace& asked = request.place;
-      asked.format = &format;
-      if (!format.feature_datasets) asked.dataset.clear();
-      const OutputPlace place = WithEnding(asked);
-      if (const auto problem = PlaceProblem(request, place)) {
-        context.feedback.Tell(*problem, "Failed to Create Feature Class:");
-        asked.name.clear();
-        continue;
+      if (const auto site = PrepareSite(context, request, *category, *factory)) {
+        return MakeOutput(context, request, *site);
       }
-      if (format.container && place.ClassName() != asked.name) {
-        context.journal.NoteName(asked.name, place.ClassName());
-        asked.name = place.ClassName();
-      }
-      if (format.IsFile() && !format.HasOwnWorkspace()) asked.name = place.name;
-      const std::shared_ptr<IFeatureWorkspace> workspace = factory->OpenFromFile(asked.Directory(), 0);
-      if (const auto conflict = format.container ? NameConflict(*workspace, asked) : std::nullopt) {
-        context.feedback.Tell(*conflict, "Failed to Create Feature Class:");
-        asked.name.clear();
-        continue;
-      }
-      std::shared_ptr<IFeatureDataset> dataset;
-      if (!asked.dataset.empty()) {
-        dataset = workspace->OpenFeatureDataset(asked.dataset);
-        if (!request.projects) RefuseOtherReference(*dataset, brings ? wished : request.reference);
-      }
-      const std::string shown_name = dataset ? asked.dataset + ":" + asked.name : asked.name;
-      if (!MakeNameFree(context, workspace, asked.name, shown_name)) {
-        asked.name.clear();
-        continue;
-      }
-      MakeFieldNamesLegal(context, request.fields, kind);
-      std::shared_ptr<IFeatureClass> output = brings ? CreateElsewhere(request, wished, *category, workspace, dataset)
-                                                     : CreateAt(request, *category, workspace, dataset);
-      if (output) TakeMadeNames(context, *output, request);
-      if (brings && output) {
-        output = WorkedInOwnReference(output, place, request.reference, wished, ExtentOf(request));
-      }
-      for (const std::string& sentence : LossesOfReference(request, format, wished)) {
-        context.feedback.Announce(sentence);
-        // The others tell of it when they have been read again.
-        if (format.updated_in_place) context.journal.warnings.push_back({sentence, 0, {}});
-      }
-      if (const auto planned = Cast<IPlannedClass>(output)) {
-        for (const std::string& sentence : planned->Planned().foretold) context.feedback.Announce(sentence);
-      }
-      return output;
+      // The user is asked for another.
+      request.place.name.clear();
     }
   });
 }
