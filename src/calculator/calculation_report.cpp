@@ -3,11 +3,11 @@
 
 #include <cmath>
 
+#include "platform/report_heads.h"
 #include "platform/rich_text.h"
 #include "platform/text_formats.h"
 #include "support/MyGeneralOperations.h"
 #include "support/journal_report.h"
-#include "support/report_heads.h"
 
 namespace tessarine {
 namespace {

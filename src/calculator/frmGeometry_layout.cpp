@@ -3,8 +3,8 @@
 #include "calculator/frmGeometry.h"
 
 #include "platform/host.h"
+#include "platform/report_heads.h"
 #include "platform/trap.h"
-#include "support/report_heads.h"
 
 namespace tessarine {
 namespace {

@@ -15,7 +15,7 @@
 //   buffer.SetValue(first_index, values.first);
 //   if (row->FieldCount() == 2) buffer.SetValue(second_index, values.second);
 //
-// and behind the last of them, what the report has to tell of the values:
+// and after the last of them, what the report has to tell of the values:
 //
 //   for (const MeasureWarning warning : record->Warnings()) journal.NoteWarning(WarningText(warning), oid);
 //

@@ -69,12 +69,12 @@ class RecordLoop {
   void OpenCursor(std::int32_t& record_count) {
     if (options_.AllRecords()) {
       record_count = features_->FeatureCount(nullptr);
-      cursor_ = Require(features_->Update(nullptr, false), "cursor");
+      cursor_ = Require(features_->Update(nullptr, Recycling::No), "cursor");
       return;
     }
     const auto selection = Cast<ISelectionSet2>(Require(Cast<IFeatureSelection>(layer_), "selection")->SelectionSet());
     record_count = Require(selection, "SelectionSet")->Count();
-    cursor_ = Require(Cast<IFeatureCursor>(selection->Update(nullptr, false)), "cursor");
+    cursor_ = Require(Cast<IFeatureCursor>(selection->Update(nullptr, Recycling::No)), "cursor");
   }
 
   RunProgress Progress(std::int32_t count) const {

@@ -13,7 +13,7 @@
 
 namespace tessarine {
 
-/// A new field of the calculator: a double of 16 digits, 12 behind the point, also for counts.
+/// A new field of the calculator: a double of 16 digits, 12 after the point, also for counts.
 [[nodiscard]] FieldRef NewResultField(const std::string& name);
 
 /// What a field that was there before keeps less of than a new field of the calculator, a clause with its full stop as

@@ -2,11 +2,11 @@
 #include "conversion/build_reports.h"
 
 #include "conversion/run_reports.h"
+#include "platform/report_heads.h"
 #include "platform/rich_text.h"
 #include "platform/text_formats.h"
 #include "support/MyGeneralOperations.h"
 #include "support/journal_report.h"
-#include "support/report_heads.h"
 
 namespace tessarine {
 namespace {

@@ -33,7 +33,7 @@ struct RunWords {
 struct ShapeRule {
   esriGeometryType input;  ///< `esriGeometryNull` stands for every type
   esriGeometryType output;
-  /// Base names of the double fields that the run writes behind `Uniq_ID`.
+  /// Base names of the double fields that the run writes after `Uniq_ID`.
   std::span<const std::string_view> measure_fields;
 };
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// The fields of a conversion's output: its own ones first, clones of the chosen input fields behind them, and how
+// The fields of a conversion's output: its own ones first, clones of the chosen input fields after them, and how
 // attribute values get from the one table to the other.
 #pragma once
 
@@ -22,7 +22,7 @@ namespace tessarine {
 class FieldTransfer {
  public:
   /// Own fields that give way to the input class: one whose name the class already bears becomes name_2, name_3 and
-  /// so on. `measures` are the base names of the double fields behind `Uniq_ID`. The kind of output decides how
+  /// so on. `measures` are the base names of the double fields after `Uniq_ID`. The kind of output decides how
   /// carried fields are called.
   [[nodiscard]] static FieldTransfer BesideInput(const IFeatureClass& input, std::span<const std::string_view> measures,
                                                  const VarArray& chosen, std::int32_t output_kind);

@@ -56,8 +56,8 @@ LabelSearch::LabelSearch(const std::shared_ptr<IFeatureLayer>& layer, bool all_p
 }
 
 std::shared_ptr<IFeatureCursor> LabelSearch::AllPoints() const {
-  if (!selection_) return points_->Search(nullptr, true);
-  return Cast<IFeatureCursor>(selection_->Search(nullptr, true));
+  if (!selection_) return points_->Search(nullptr, Recycling::Yes);
+  return Cast<IFeatureCursor>(selection_->Search(nullptr, Recycling::Yes));
 }
 
 void LabelSearch::ReadPoints() {

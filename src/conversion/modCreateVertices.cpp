@@ -218,7 +218,7 @@ class Conversion {
  private:
   std::string Convert() {
     const auto document = Cast<IMxDocument>(application_->Document());
-    input_ = OpenInput(choices_.layer, choices_.all_records, context_.jobs > 1 ? Rows::Stay : Rows::Recycled);
+    input_ = OpenInput(choices_.layer, choices_.all_records, context_.jobs > 1 ? Recycling::No : Recycling::Yes);
     facts_.layer_name = choices_.layer->Name();
     facts_.all_records = choices_.all_records;
     facts_.record_count = input_.count;

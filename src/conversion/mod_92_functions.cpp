@@ -69,7 +69,7 @@ struct Lines {
 };
 
 Lines CollectLines(RunJournal& journal, const std::shared_ptr<IFeatureLayer>& layer, bool all_lines) {
-  const RunInput input = OpenInput(layer, all_lines, Rows::Recycled);
+  const RunInput input = OpenInput(layer, all_lines, Recycling::Yes);
   Lines lines{input.features, {}, input.count};
   while (const std::shared_ptr<IFeature> feature = input.cursor->NextFeature()) {
     EndIfStopped();
@@ -103,7 +103,7 @@ std::string CompletePolygons(RunJournal& journal, IFeatureClass& output, const F
                              const std::optional<LabelSearch>& labels) {
   std::string unlabelled;
   std::int32_t count = 0;
-  const std::shared_ptr<IFeatureCursor> cursor = output.Update(nullptr, false);
+  const std::shared_ptr<IFeatureCursor> cursor = output.Update(nullptr, Recycling::No);
   while (const std::shared_ptr<IFeature> feature = cursor->NextFeature()) {
     EndIfStopped();
     const std::int64_t oid = feature->OID();

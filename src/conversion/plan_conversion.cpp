@@ -6,10 +6,10 @@
 #include "conversion/plan_texts.h"
 #include "conversion/run_data.h"
 #include "conversion/run_reports.h"
+#include "platform/report_heads.h"
 #include "platform/rich_text.h"
 #include "platform/run_scope.h"
 #include "platform/trap.h"
-#include "support/report_heads.h"
 
 namespace tessarine::modCreateVertices {
 namespace {

@@ -5,17 +5,16 @@
 
 namespace tessarine {
 
-RunInput OpenInput(const std::shared_ptr<IFeatureLayer>& layer, bool all_records, Rows rows) {
-  const bool recycled = rows == Rows::Recycled;
+RunInput OpenInput(const std::shared_ptr<IFeatureLayer>& layer, bool all_records, Recycling recycling) {
   RunInput input;
   input.features = Require(layer->FeatureClass(), "FeatureClass");
   if (all_records) {
-    input.cursor = input.features->Search(nullptr, recycled);
+    input.cursor = input.features->Search(nullptr, recycling);
     input.count = input.features->FeatureCount(nullptr);
     return input;
   }
   const auto selection = Require(Cast<IFeatureSelection>(layer), "IFeatureSelection")->SelectionSet();
-  input.cursor = Cast<IFeatureCursor>(Require(selection, "SelectionSet")->Search(nullptr, recycled));
+  input.cursor = Cast<IFeatureCursor>(Require(selection, "SelectionSet")->Search(nullptr, recycling));
   input.count = selection->Count();
   return input;
 }

@@ -21,11 +21,8 @@ struct RunInput {
   std::int32_t count = 0;
 };
 
-/// Whether each row takes the place of the one before.
-enum class Rows : bool { Recycled, Stay };
-
 /// All records of the layer, or the selected ones, in the order of the data.
-[[nodiscard]] RunInput OpenInput(const std::shared_ptr<IFeatureLayer>& layer, bool all_records, Rows rows);
+[[nodiscard]] RunInput OpenInput(const std::shared_ptr<IFeatureLayer>& layer, bool all_records, Recycling recycling);
 
 /// How many these are.
 [[nodiscard]] std::int32_t CountInput(const std::shared_ptr<IFeatureLayer>& layer, bool all_records);

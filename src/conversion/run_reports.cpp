@@ -2,10 +2,10 @@
 #include "conversion/run_reports.h"
 
 #include "platform/paths.h"
+#include "platform/report_heads.h"
 #include "platform/rich_text.h"
 #include "platform/text_formats.h"
 #include "support/journal_report.h"
-#include "support/report_heads.h"
 
 namespace tessarine {
 namespace {

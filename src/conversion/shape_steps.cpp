@@ -60,7 +60,7 @@ class PolylineStep final : public ConversionStep {
   }
 
  private:
-  // The exterior ring first, its holes behind it.
+  // The exterior ring first, its holes after it.
   static void AddBoundaries(Polygon& component, Polyline& polyline) {
     component.Simplify();
     const auto exterior = Cast<Ring>(component.ExteriorRingBag()->Geometry(0));

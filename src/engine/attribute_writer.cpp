@@ -87,7 +87,7 @@ bool PrintsAs(double value, int decimals, std::string_view beginning) {
   return Printed(value, decimals, room).starts_with(beginning);
 }
 
-// Whether nothing is cut off behind `width`, or digits that would be rounded off, too.
+// Whether nothing is cut off after `width`, or digits that would be rounded off, too.
 bool CutsLikeRounding(double value, std::size_t width, int decimals) {
   std::array<char, 400> room;
   const std::string_view text = Printed(value, decimals, room);

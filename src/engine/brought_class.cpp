@@ -115,7 +115,7 @@ class BroughtClass final : public OgrFeatureClass, public IStagedDataset, public
   void WriteRows() {
     // What a stopped run has done is written to its end.
     const bool stopped = StopRequested();
-    const std::shared_ptr<IFeatureCursor> reader = Search(nullptr, true);
+    const std::shared_ptr<IFeatureCursor> reader = Search(nullptr, Recycling::Yes);
     const std::shared_ptr<IFeatureCursor> writer = target_->Insert(true);
     const AttributePairs attributes{AttributesOf(*Fields()), AttributesOf(*target_->Fields())};
     const std::shared_ptr<IFeatureBuffer> buffer = target_->CreateFeatureBuffer();

@@ -10,7 +10,7 @@ namespace {
 
 constexpr double kPole = 90.0;
 
-// As `std::round`. Beside the least number that has no digits behind the point there is no room for any, so that the
+// As `std::round`. Beside the least number that has no digits after the point there is no room for any, so that the
 // sum is rounded to the nearest whole number, halves to the even one.
 double ToWhole(double value) {
   constexpr double kWholeFromHere = 4503599627370496.0;

@@ -79,7 +79,7 @@ CopiedRows CopyRows(const std::shared_ptr<OgrClass>& source, const ChosenOids& c
                     OGRwkbGeometryType type, const Format& format, bool keeps, const std::shared_ptr<OgrClass>& target,
                     RunJournal& notes) {
   CopiedRows copied;
-  ReadingCursor cursor(source, source->Source()->Read(), nullptr, true);
+  ReadingCursor cursor(source, source->Source()->Read(), nullptr, Recycling::Yes);
   RowCopier copier(columns, type, format, keeps, target, notes);
   while (OgrFeatureHandle feature = cursor.NextOgr()) {
     EndIfStopped();

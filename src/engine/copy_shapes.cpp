@@ -91,7 +91,7 @@ ShapeFacts LookAtShapes(const std::shared_ptr<OgrClass>& source, const ChosenOid
   OGREnvelope extent;
   QueryFilter shapes_alone;
   shapes_alone.SubFields = ",";
-  ReadingCursor cursor(source, source->Source()->Read(), &shapes_alone, true);
+  ReadingCursor cursor(source, source->Source()->Read(), &shapes_alone, Recycling::Yes);
   while (const OgrFeatureHandle feature = cursor.NextOgr()) {
     poll();
     if (!IsChosen(chosen, feature->GetFID())) continue;

@@ -18,7 +18,7 @@
 
 namespace tessarine::engine {
 
-/// Identifiers in order; nothing means all records.
+/// Identifiers in order; null means all records.
 using ChosenOids = std::optional<std::vector<std::int64_t>>;
 
 [[nodiscard]] bool IsChosen(const ChosenOids& chosen, std::int64_t oid);

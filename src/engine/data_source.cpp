@@ -91,7 +91,7 @@ class OgrDataSource final : public DataSource {
   }
 
   [[nodiscard]] std::shared_ptr<IFeatureClass> OpenFeatureClass(const std::string& layer) const override {
-    const Offer& offer = Find(layer, true);
+    const Offer& offer = Find(layer, Wanted::Shapes);
     if (!offer.has_shape) {
       RaiseEngineFault("'" + offer.name + "' in '" + path_ + "' is a table without shapes.");
     }
@@ -99,7 +99,7 @@ class OgrDataSource final : public DataSource {
     return std::make_shared<OgrFeatureClass>(SourceOf(offer));
   }
   [[nodiscard]] std::shared_ptr<ITable> OpenTable(const std::string& layer) const override {
-    return std::make_shared<OgrTable>(SourceOf(Find(layer, false)));
+    return std::make_shared<OgrTable>(SourceOf(Find(layer, Wanted::Rows)));
   }
 
   [[nodiscard]] std::vector<LayerInfo> Infos() const override {
@@ -138,8 +138,10 @@ class OgrDataSource final : public DataSource {
     return names;
   }
 
-  [[nodiscard]] const Offer& Find(const std::string& name, bool with_shape) const {
-    if (name.empty()) return FindOnly(with_shape);
+  enum class Wanted : std::uint8_t { Rows, Shapes };
+
+  [[nodiscard]] const Offer& Find(const std::string& name, Wanted wanted) const {
+    if (name.empty()) return FindOnly(wanted);
     for (const Offer& offer : offers_) {
       if (offer.name == name) return offer;
     }
@@ -149,10 +151,10 @@ class OgrDataSource final : public DataSource {
     RaiseEngineFault("'" + path_ + "' has no layer '" + name + "'. It has: " + JoinedNames() + ".");
   }
 
-  [[nodiscard]] const Offer& FindOnly(bool with_shape) const {
+  [[nodiscard]] const Offer& FindOnly(Wanted wanted) const {
     const Offer* only = nullptr;
     for (const Offer& offer : offers_) {
-      if (with_shape && !offer.has_shape) continue;
+      if (wanted == Wanted::Shapes && !offer.has_shape) continue;
       if (only != nullptr) {
         RaiseEngineFault("'" + path_ + "' holds several layers; name one of: " + JoinedNames() + ".");
       }

@@ -59,7 +59,7 @@ class Extension {
       }
       to.Write(FirstRecord() + row * size_, longer);
     }
-    // The mark behind the last row, where there is one.
+    // The mark after the last row, where there is one.
     std::vector<char> trailer(static_cast<std::size_t>(from.Size() - EndOfRows(before_)));
     from.Read(EndOfRows(before_), trailer);
     to.Write(FirstRecord() + before_.record_count * size_, trailer);

@@ -34,7 +34,7 @@ class GdalErrorScope {
     text_.clear();
     failed_ = row_refused_ = false;
   }
-  /// " (GDAL says: ...)" or nothing, to stand behind a message of our own.
+  /// " (GDAL says: ...)" or nothing, to stand after a message of our own.
   [[nodiscard]] std::string Quote() const { return text_.empty() ? "" : " (GDAL says: " + text_ + ")"; }
 
  private:

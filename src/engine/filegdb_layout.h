@@ -33,7 +33,7 @@
 //     8   4  the highest row number
 //    12   4  bytes of an offset: 4, 5 or 6
 //    16      the pages: 1024 offsets each, 0 where there is no row
-//     behind them 16 bytes: words of a bit map, pages in all, pages in the file, words in use; then the bit map, one
+//     after them 16 bytes: words of a bit map, pages in all, pages in the file, words in use; then the bit map, one
 //     bit for each page that is in the file. No words: all pages are there.
 //   .freelist     places that rows gave up, for rows to come; may be missing
 //     Pages of 4096 bytes: entries in 4 bytes, the page before in 4 bytes, then for each its size (the length in front

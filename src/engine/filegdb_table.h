@@ -56,7 +56,7 @@ class GdbTable {
   /// -1 for an unknown name; case counts.
   [[nodiscard]] int FindColumn(std::string_view name) const;
 
-  /// The length at an offset; negative where no row lies there, or one that ends behind the file.
+  /// The length at an offset; negative where no row lies there, or one that ends after the file.
   [[nodiscard]] std::int64_t RowSize(std::int64_t offset) const;
   /// The row at an offset; empty where `RowSize` is negative.
   [[nodiscard]] std::optional<std::string> Row(std::int64_t offset) const;

@@ -12,7 +12,7 @@ MergedRows::MergedRows(const Conversion& conversion, const std::shared_ptr<OgrCl
       worked_(worked),
       worked_rows_(worked->Source()->Read()),
       merges_(conversion.worked_columns != nullptr),
-      source_(conversion.source, conversion.source->Source()->Read(), nullptr, true) {}
+      source_(conversion.source, conversion.source->Source()->Read(), nullptr, Recycling::Yes) {}
 
 bool MergedRows::Next() {
   while (OgrFeatureHandle feature = source_.NextOgr()) {

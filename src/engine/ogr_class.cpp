@@ -321,7 +321,7 @@ std::int32_t OgrClass::CountRows(const QueryFilter* filter) const {
   if (source_->Kind() || (filter != nullptr && filter->Geometry)) {
     // Only a look at every row can tell which belong.
     auto self = std::const_pointer_cast<OgrClass>(shared_from_this());
-    ReadingCursor cursor(self, std::move(handle), filter, true);
+    ReadingCursor cursor(self, std::move(handle), filter, Recycling::Yes);
     while (cursor.NextFeature()) ++count;
   } else {
     if (filter != nullptr) ApplyFilter(handle, *filter);
@@ -342,11 +342,12 @@ std::int32_t OgrClass::CountRows(const QueryFilter* filter) const {
   return static_cast<std::int32_t>(count);
 }
 
-std::shared_ptr<IFeatureCursor> OgrClass::OpenReader(const QueryFilter* filter, bool recycling) {
+std::shared_ptr<IFeatureCursor> OgrClass::OpenReader(const QueryFilter* filter, Recycling recycling) {
   return std::make_shared<ReadingCursor>(shared_from_this(), source_->Read(), filter, recycling);
 }
 
-std::shared_ptr<IFeatureCursor> OgrClass::OpenUpdater(const QueryFilter* filter, bool recycling, ChosenRows chosen) {
+std::shared_ptr<IFeatureCursor> OgrClass::OpenUpdater(const QueryFilter* filter, Recycling recycling,
+                                                      ChosenRows chosen) {
   return std::make_shared<UpdatingCursor>(shared_from_this(), source_->Write(), filter, recycling, std::move(chosen));
 }
 

@@ -53,10 +53,11 @@ class OgrClass : public virtual IClass,
   void RowsChange() const;
 
   [[nodiscard]] std::int32_t CountRows(const QueryFilter* filter) const;
-  [[nodiscard]] std::shared_ptr<IFeatureCursor> OpenReader(const QueryFilter* filter, bool recycling);
+  [[nodiscard]] std::shared_ptr<IFeatureCursor> OpenReader(const QueryFilter* filter, Recycling recycling);
   /// A cursor that writes back what it reads; with `chosen`, only over the rows of these identifiers, in order.
   [[nodiscard]] std::shared_ptr<IFeatureCursor> OpenUpdater(
-      const QueryFilter* filter, bool recycling, std::shared_ptr<const std::vector<std::int64_t>> chosen = nullptr);
+      const QueryFilter* filter, Recycling recycling,
+      std::shared_ptr<const std::vector<std::int64_t>> chosen = nullptr);
   [[nodiscard]] std::shared_ptr<IFeatureCursor> OpenInserter();
   [[nodiscard]] std::shared_ptr<IFeature> ReadRow(std::int64_t oid);
 

@@ -62,7 +62,7 @@ void ApplyFilter(LayerHandle& handle, const QueryFilter& filter) {
 }
 
 ReadingCursor::ReadingCursor(std::shared_ptr<OgrClass> owner, LayerHandle handle, const QueryFilter* filter,
-                             bool recycling)
+                             Recycling recycling)
     : owner_(std::move(owner)), handle_(std::move(handle)), recycling_(recycling) {
   if (filter != nullptr) {
     ApplyFilter(handle_, *filter);
@@ -127,12 +127,12 @@ std::shared_ptr<IFeature> ReadingCursor::NextFeature() {
   OgrFeatureHandle feature = NextOgr();
   if (!feature) return nullptr;
   std::shared_ptr<OgrFeature> row;
-  if (recycling_ && recycled_) {
+  if (recycling_ == Recycling::Yes && recycled_) {
     recycled_->Refill(std::move(feature));
     row = recycled_;
   } else {
     row = std::make_shared<OgrFeature>(owner_->Traits(), std::move(feature), owner_);
-    if (recycling_) recycled_ = row;
+    if (recycling_ == Recycling::Yes) recycled_ = row;
   }
   row->LackShape(shape_fault_);
   return row;

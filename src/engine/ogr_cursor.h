@@ -26,7 +26,7 @@ void ApplyFilter(LayerHandle& handle, const QueryFilter& filter);
 /// Reads rows.
 class ReadingCursor : public IFeatureCursor, public IReadsAside {
  public:
-  ReadingCursor(std::shared_ptr<OgrClass> owner, LayerHandle handle, const QueryFilter* filter, bool recycling);
+  ReadingCursor(std::shared_ptr<OgrClass> owner, LayerHandle handle, const QueryFilter* filter, Recycling recycling);
 
   [[nodiscard]] std::shared_ptr<IFeature> NextFeature() override;
   [[nodiscard]] std::shared_ptr<IRow> NextRow() override { return NextFeature(); }
@@ -45,7 +45,7 @@ class ReadingCursor : public IFeatureCursor, public IReadsAside {
   [[nodiscard]] const std::string& ShapeFault() const { return shape_fault_; }
 
  protected:
-  /// The row of this identifier, or nothing.
+  /// The row of this identifier, or null.
   [[nodiscard]] OgrFeatureHandle FetchOgr(std::int64_t oid);
   [[nodiscard]] const std::shared_ptr<OgrClass>& Owner() const { return owner_; }
   [[nodiscard]] LayerHandle& Handle() { return handle_; }
@@ -57,7 +57,7 @@ class ReadingCursor : public IFeatureCursor, public IReadsAside {
   std::shared_ptr<OgrClass> owner_;
   LayerHandle handle_;
   GeometryRef region_;
-  bool recycling_;
+  Recycling recycling_;
   std::shared_ptr<OgrFeature> recycled_;
   std::string shape_fault_;
 };
@@ -72,7 +72,7 @@ using ChosenRows = std::shared_ptr<const std::vector<std::int64_t>>;
 /// where the format allows it.
 class UpdatingCursor final : public ReadingCursor {
  public:
-  UpdatingCursor(std::shared_ptr<OgrClass> owner, LayerHandle handle, const QueryFilter* filter, bool recycling,
+  UpdatingCursor(std::shared_ptr<OgrClass> owner, LayerHandle handle, const QueryFilter* filter, Recycling recycling,
                  ChosenRows chosen);
   ~UpdatingCursor() override;
 

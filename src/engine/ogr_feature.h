@@ -67,7 +67,7 @@ class OgrRow : public virtual IFeatureBuffer {
 
  protected:
   [[nodiscard]] const RowTraits& Traits() const { return *traits_; }
-  /// The shape where it was asked for or set before; else nothing.
+  /// The shape where it was asked for or set before; else null.
   [[nodiscard]] const GeometryRef& KnownShape() const { return shape_; }
   [[nodiscard]] GeometryRef ReadShape() const;
 

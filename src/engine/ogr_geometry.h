@@ -28,7 +28,7 @@ namespace tessarine::engine {
 /// class for, curves become chords.
 [[nodiscard]] std::unique_ptr<OGRGeometry> OgrFromShape(const IGeometry& shape, bool curves_allowed);
 
-/// What a value means for the shape field of a row: a shape, or nothing to clear it. Fault 13 for a number or a text,
+/// What a value means for the shape field of a row: a shape, or null to clear it. Fault 13 for a number or a text,
 /// which must not clear a shape.
 [[nodiscard]] GeometryRef ShapeOf(const Variant& value);
 

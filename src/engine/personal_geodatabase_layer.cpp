@@ -131,7 +131,7 @@ std::unique_ptr<OGRFeature> PersonalLayer::FeatureOf(GIntBig fid, jet::RowValues
   return feature;
 }
 
-// Rows that grew lie behind the others. They are read in the order of their numbers all the same, as long as each has
+// Rows that grew lie after the others. They are read in the order of their numbers all the same, as long as each has
 // one of its own.
 bool PersonalLayer::ReadsByNumber() {
   if (by_number_) return *by_number_;

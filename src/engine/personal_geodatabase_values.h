@@ -21,7 +21,7 @@ inline constexpr double kMostMoney = 922337203685477.0;
 /// Of texts that are together too wide for the rows of a new table, takes their width from the widest, which become
 /// memos. The fields are all that the table is to have besides its identifier and shape.
 void ShareOutRow(std::span<OGRFieldDefn* const> fields);
-/// The column for a new field behind those of the table. A text longer than 255 characters becomes a memo, and so does
+/// The column for a new field after those of the table. A text longer than 255 characters becomes a memo, and so does
 /// one that could make the rows too long for a page. A `jet::Error` for lists.
 [[nodiscard]] jet::ColumnSpec ColumnOfField(const OGRFieldDefn& field, const jet::TableDefinition& table);
 

@@ -37,7 +37,7 @@ struct ClassFacts {
 };
 /// Nothing where the text isn't such a description.
 [[nodiscard]] ClassFacts ReadClassXml(const std::string& xml);
-/// The description with one more field behind the others; as it was where it has no list of fields.
+/// The description with one more field after the others; as it was where it has no list of fields.
 [[nodiscard]] std::string AddFieldXml(std::string xml, const jet::Column& column, const std::string& alias);
 
 }  // namespace tessarine::engine

@@ -43,13 +43,13 @@ class SelectedRows final : public IFeatureCursor {
 class FetchedRows final : public IFeatureCursor {
  public:
   FetchedRows(std::shared_ptr<IFeatureClass> features, std::shared_ptr<const std::vector<std::int64_t>> oids,
-              bool recycling)
+              Recycling recycling)
       : features_(std::move(features)), oids_(std::move(oids)), recycling_(recycling) {}
 
   [[nodiscard]] std::shared_ptr<IFeature> NextFeature() override {
     if (next_ >= oids_->size()) return nullptr;
     std::shared_ptr<IFeature> feature = features_->GetFeature((*oids_)[next_++]);
-    if (!recycling_) return feature;
+    if (recycling_ == Recycling::No) return feature;
     if (recycled_) {
       Cast<engine::OgrRow>(recycled_)->TakeFrom(*Cast<engine::OgrRow>(feature));
     } else {
@@ -67,7 +67,7 @@ class FetchedRows final : public IFeatureCursor {
  private:
   std::shared_ptr<IFeatureClass> features_;
   std::shared_ptr<const std::vector<std::int64_t>> oids_;
-  bool recycling_;
+  Recycling recycling_;
   std::shared_ptr<IFeature> recycled_;
   std::size_t next_ = 0;
 };
@@ -80,15 +80,15 @@ class SelectionSet final : public ISelectionSet2 {
   [[nodiscard]] std::int32_t Count() const override { return static_cast<std::int32_t>(oids_->size()); }
   [[nodiscard]] const std::vector<std::int64_t>& Oids() const { return *oids_; }
 
-  [[nodiscard]] std::shared_ptr<ICursor> Search(const QueryFilter* filter, bool recycling) override {
+  [[nodiscard]] std::shared_ptr<ICursor> Search(const QueryFilter* filter, Recycling recycling) override {
     const bool few = static_cast<double>(oids_->size()) < kFetchShare * features_->FeatureCount(nullptr);
     // Only the engine's own rows can be refilled with what was fetched.
-    const bool fetches = few && filter == nullptr && (!recycling || Cast<engine::OgrClass>(features_));
+    const bool fetches = few && filter == nullptr && (recycling == Recycling::No || Cast<engine::OgrClass>(features_));
     if (fetches) return std::make_shared<FetchedRows>(features_, oids_, recycling);
     return std::make_shared<SelectedRows>(oids_, features_->Search(filter, recycling));
   }
 
-  [[nodiscard]] std::shared_ptr<ICursor> Update(const QueryFilter* filter, bool recycling) override {
+  [[nodiscard]] std::shared_ptr<ICursor> Update(const QueryFilter* filter, Recycling recycling) override {
     if (const auto own = Cast<engine::OgrClass>(features_)) return own->OpenUpdater(filter, recycling, oids_);
     return std::make_shared<SelectedRows>(oids_, features_->Update(filter, recycling));
   }
@@ -111,7 +111,7 @@ bool HasRow(IFeatureClass& features, std::int64_t oid) {
 std::vector<std::int64_t> OidsOf(ISelectionSet& selection) {
   if (const auto* own = dynamic_cast<const SelectionSet*>(&selection)) return own->Oids();
   std::vector<std::int64_t> oids;
-  const auto cursor = selection.Search(nullptr, true);
+  const auto cursor = selection.Search(nullptr, Recycling::Yes);
   while (const auto row = cursor->NextRow()) oids.push_back(row->OID());
   std::ranges::sort(oids);
   return oids;
@@ -121,7 +121,7 @@ std::shared_ptr<ISelectionSet> SelectByWhere(const std::shared_ptr<IFeatureClass
   QueryFilter filter;
   filter.WhereClause = where;
   std::vector<std::int64_t> oids;
-  const auto cursor = features->Search(&filter, true);
+  const auto cursor = features->Search(&filter, Recycling::Yes);
   while (const auto feature = cursor->NextFeature()) {
     EndIfStopped();
     oids.push_back(feature->OID());
@@ -139,7 +139,7 @@ std::vector<std::int64_t> OidsThatExist(IFeatureClass& features, std::vector<std
     return oids;
   }
   std::vector<std::int64_t> there;
-  const auto cursor = features.Search(nullptr, true);
+  const auto cursor = features.Search(nullptr, Recycling::Yes);
   while (const auto feature = cursor->NextFeature()) {
     EndIfStopped();
     if (std::ranges::binary_search(oids, feature->OID())) there.push_back(feature->OID());

@@ -11,7 +11,7 @@
 namespace tessarine::engine {
 namespace {
 
-constexpr int kDigits = 52;   // binary, behind the point of a double
+constexpr int kDigits = 52;   // binary, after the point of a double
 constexpr int kSpacings = 3;  // the finest grid is 2^3 spacings wide
 constexpr int kLeastExponent = -900;
 

@@ -17,7 +17,7 @@ struct OgrReferenceRelease {
 };
 using OgrReference = std::unique_ptr<OGRSpatialReference, OgrReferenceRelease>;
 
-/// The platform's reference of an OGR one; nothing gives the one shared unknown reference.
+/// The platform's reference of an OGR one; null gives the one shared unknown reference.
 [[nodiscard]] SpatialReferenceRef ReferenceFromOgr(const OGRSpatialReference* reference);
 
 /// A new OGR reference with longitude or easting first; null for an unknown reference.

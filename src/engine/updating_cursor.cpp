@@ -30,7 +30,7 @@ std::unique_ptr<AttributeUpdate> OpenUpdate(const OgrClass& owner, const LayerHa
 }  // namespace
 
 UpdatingCursor::UpdatingCursor(std::shared_ptr<OgrClass> owner, LayerHandle handle, const QueryFilter* filter,
-                               bool recycling, ChosenRows chosen)
+                               Recycling recycling, ChosenRows chosen)
     : ReadingCursor(std::move(owner), std::move(handle), filter, recycling),
       chosen_(std::move(chosen)),
       update_(OpenUpdate(*Owner(), Handle())),
@@ -106,7 +106,7 @@ void UpdatingCursor::WriteWhole(const OgrRow& row) {
 }
 
 // Two writers of one table must not know it at different states: from the first row that our writer can't take, GDAL
-// writes all of them, on a handle of its own that is opened behind our last byte. Its closing costs a walk over the
+// writes all of them, on a handle of its own that is opened after our last byte. Its closing costs a walk over the
 // table.
 void UpdatingCursor::WriteWholeToFileGdb(const OgrRow& row) {
   if (update_) update_->Finish();

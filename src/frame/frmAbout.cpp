@@ -2,11 +2,11 @@
 #include "frame/frmAbout.h"
 
 #include "platform/host.h"
+#include "platform/report_heads.h"
 #include "platform/trap.h"
 #include "support/MyGeneralOperations.h"
 #include "support/aml_func_mod.h"
 #include "support/manual.h"
-#include "support/report_heads.h"
 
 namespace tessarine {
 namespace {

@@ -21,7 +21,7 @@ bool MatchesPattern(std::string_view name, std::string_view pattern) {
   const std::u32string text = FoldedCharacters(name);
   const std::u32string wanted = FoldedCharacters(pattern);
   std::size_t at = 0, next = 0;
-  // Behind the last "*": where the pattern goes on, and the first character that the "*" doesn't take.
+  // After the last "*": where the pattern goes on, and the first character that the "*" doesn't take.
   std::size_t resume = std::u32string::npos, taken = 0;
   while (at < text.size()) {
     if (next < wanted.size() && wanted[next] == U'*') {

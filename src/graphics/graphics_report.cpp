@@ -2,9 +2,9 @@
 #include "graphics/graphics_report.h"
 
 #include "platform/paths.h"
+#include "platform/report_heads.h"
 #include "platform/rich_text.h"
 #include "support/aml_func_mod.h"
-#include "support/report_heads.h"
 
 namespace tessarine {
 namespace {

@@ -81,7 +81,7 @@ void DataPage::Delete(std::size_t slot) {
   Put16(page_, kSlotsAt + slot * 2, Get16(page_, kSlotsAt + slot * 2) | kDeleted);
 }
 
-// The row ends where it did; the rows behind it, which lie before it, move.
+// The row ends where it did; the rows after it, which lie before it, move.
 void DataPage::Resize(std::size_t slot, std::size_t length) {
   const DataPageView view(page_);
   const std::size_t count = view.SlotCount();

@@ -91,7 +91,7 @@ class Level {
   }
 
   [[nodiscard]] const std::vector<std::uint32_t>& Numbers() const { return numbers_; }
-  /// The last entry of each page, with the page's number behind.
+  /// The last entry of each page, with the page's number after.
   [[nodiscard]] IndexEntries EntriesAbove() const {
     IndexEntries above;
     for (std::size_t index = 0; index < numbers_.size(); ++index) {

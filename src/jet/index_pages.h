@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // The pages of an index: a tree whose leaves hold a key and the place of its row, page first, highest byte first.
 //
-// Leaves are pages 04 01, the pages above them 03 01. At 12, 16 and 20 the pages before and behind of the same level
+// Leaves are pages 04 01, the pages above them 03 01. At 12, 16 and 20 the pages before and after of the same level
 // and that of what was added at the end; at 24 the number of bytes that all entries share with the first and leave out;
-// at 26 the height above the leaves; from 27 to 479 a bit for each byte behind: set where an entry ends. Entries of the
+// at 26 the height above the leaves; from 27 to 479 a bit for each byte after: set where an entry ends. Entries of the
 // pages above are the last entry of a page below and its number.
 //
 // An index is always made anew from its rows: a whole one is written faster than it is changed entry by entry, and

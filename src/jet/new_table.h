@@ -10,7 +10,7 @@ namespace tessarine::jet {
 
 /// Columns and indexes without the places of their maps and roots. An error for what the format doesn't take.
 [[nodiscard]] TableDefinition DefineTable(const TableSpec& spec);
-/// A column behind those of the table.
+/// A column after those of the table.
 [[nodiscard]] Column NextColumn(const TableDefinition& table, const ColumnSpec& spec);
 
 /// Gives the table its maps and the roots of its indexes. `maps` is the page whose rows the maps become, 0 for a new
@@ -19,7 +19,7 @@ void PlaceParts(PageFile& file, FreePages& free_pages, std::uint32_t& maps, Tabl
 /// Gives one column of long values its maps; nothing to do for others.
 void PlaceLongColumn(PageFile& file, FreePages& free_pages, std::uint32_t& maps, const Column& column,
                      TableDefinition& table);
-/// Writes a definition to its pages, and to as many new ones behind them as it needs.
+/// Writes a definition to its pages, and to as many new ones after them as it needs.
 void WriteGrownDefinition(PageFile& file, FreePages& free_pages, const TableDefinition& table,
                           std::vector<std::uint32_t> pages);
 

@@ -47,7 +47,7 @@ class PageFile {
   [[nodiscard]] std::shared_ptr<const Page> Read(std::uint32_t number);
   /// The page for changing. An error where the file was opened for reading.
   [[nodiscard]] std::shared_ptr<Page> Edit(std::uint32_t number);
-  /// A new page of zeros behind the last. An error at the format's limit of 2 GB.
+  /// A new page of zeros after the last. An error at the format's limit of 2 GB.
   std::uint32_t Append();
   /// Writes what was changed. Not yet on the disk where the power fails.
   void Flush();

@@ -148,7 +148,7 @@ std::uint32_t FreePages::Take() {
   return page;
 }
 
-// Pages behind the end of the file are free as far as the map goes. The map of the short form grows by 32 bytes at a
+// Pages after the end of the file are free as far as the map goes. The map of the short form grows by 32 bytes at a
 // time as long as page 1 has room for it.
 void FreePages::Write() {
   constexpr std::size_t kGrowth = 32;

@@ -3,7 +3,7 @@
 //
 // A map is a row of a data page that belongs to no table (owner 0; page 1 bears its own number). Its first byte tells
 // its form. 0: the number of the first page it tells of in four bytes, then one bit for each page, lowest bit first,
-// usually 64 bytes for 512 pages. 1: up to 17 page numbers, each of a page 05 01 00 00 with 4092 bytes of bits behind,
+// usually 64 bytes for 512 pages. 1: up to 17 page numbers, each of a page 05 01 00 00 with 4092 bytes of bits after,
 // or 0 where none of its 32736 pages is in the set. The database has one map of the pages that are free (row 0 of page
 // 1); every table has one of the pages it owns and one of those with room for rows; so has every column of long values;
 // every index has one of its pages.

@@ -3,8 +3,8 @@
 //
 // A row begins with the number of columns the table had when it was written. The fixed columns follow at their places,
 // then those of variable length one after the other, then, where the table has columns of variable length: the place
-// behind the last, the places of all from the last to the first, their number. At the end a bit for each column, lowest
-// first: set where the column isn't null. A flag has no other place than its bit. Columns behind those that the row
+// after the last, the places of all from the last to the first, their number. At the end a bit for each column, lowest
+// first: set where the column isn't null. A flag has no other place than its bit. Columns after those that the row
 // knows are null.
 #pragma once
 

@@ -38,7 +38,7 @@ class Table {
   class Scan {
    public:
     explicit Scan(const Table& table);
-    /// False behind the last row.
+    /// False after the last row.
     bool Next();
     [[nodiscard]] RowId Id() const { return id_; }
     /// Valid until the next call of `Next`.

@@ -27,7 +27,7 @@ struct Column {
   std::uint16_t number = 0;           ///< its bit in a row's mask of nulls
   std::uint16_t variable_number = 0;  ///< among those of variable length
   std::uint16_t order = 0;
-  std::uint16_t fixed_offset = 0;  ///< behind a row's first two bytes
+  std::uint16_t fixed_offset = 0;  ///< after a row's first two bytes
   std::uint16_t length = 0;        ///< in bytes; 0 for long values
   bool fixed = false;
   bool numbered = false;  ///< gets its number by itself
@@ -93,7 +93,7 @@ struct TableDefinition {
   [[nodiscard]] const Column* FindColumn(const std::string& name) const;
   /// The place of the column of this number among the columns; an error where there is none.
   [[nodiscard]] std::size_t PlaceOf(std::uint16_t number) const;
-  /// Behind the last fixed column.
+  /// After the last fixed column.
   [[nodiscard]] std::size_t FixedEnd() const;
 };
 

@@ -54,7 +54,7 @@ std::u16string Units(ByteSpan stored) {
   return units;
 }
 
-// The code at this place of a UTF-8 text, and the place moved behind it.
+// The code at this place of a UTF-8 text, and the place moved after it.
 char32_t NextCode(const std::string& text, std::size_t& at) {
   const auto byte = [&](std::size_t place) { return static_cast<unsigned char>(text[place]); };
   const unsigned first = byte(at++);

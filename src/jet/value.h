@@ -42,7 +42,7 @@ using Value =
 
 [[nodiscard]] inline bool IsNull(const Value& value) { return std::holds_alternative<std::monostate>(value); }
 
-/// UTF-8 of the format's text: UTF-16, or, behind FF FE, a byte for each character, where zeros switch between both.
+/// UTF-8 of the format's text: UTF-16, or, after FF FE, a byte for each character, where zeros switch between both.
 /// Halves of pairs that stand alone come out as U+FFFD.
 [[nodiscard]] std::string TextOf(ByteSpan stored);
 /// UTF-16, lowest byte first. What is no UTF-8 comes out as U+FFFD.

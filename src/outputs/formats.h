@@ -23,7 +23,7 @@ struct NameRule {
   std::size_t longest = 0;  ///< in bytes where `bytes`, else in characters
   bool bytes = false;
   Characters characters = Characters::Any;
-  std::span<const std::string_view> reserved = {};  ///< lower case; such a name gets a "_" behind it
+  std::span<const std::string_view> reserved = {};  ///< lower case; such a name gets a "_" after it
   std::span<const std::string_view> prefixes = {};  ///< lower case; a name that begins so gets a "_" in front
   std::string_view replaced = {};                   ///< characters that give way to a "_" where the others are any
 };

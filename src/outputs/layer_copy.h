@@ -17,7 +17,7 @@ namespace tessarine {
 struct LayerCopyRequest {
   std::shared_ptr<IFeatureClass> source;          ///< a class of the engine's
   OutputPlace place;                              ///< with its format and name
-  std::optional<std::vector<std::int64_t>> only;  ///< the records to copy, all where nothing is given
+  std::optional<std::vector<std::int64_t>> only;  ///< the records to copy, all without a list
   std::vector<std::int64_t> selected;             ///< records that shall be selected in the copy, ascending
   bool replaces = false;                          ///< what stands at the place goes away when the copy is published
   std::vector<std::string> result_fields;         ///< names that no column may take that the format makes up

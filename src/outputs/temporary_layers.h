@@ -12,7 +12,7 @@ namespace tessarine {
 
 using WorkspaceMaker = std::function<std::shared_ptr<IWorkspaceFactory>()>;
 
-/// From now on such layers are made by these factories; with nothing there are none.
+/// From now on such layers are made by these factories; with null there are none.
 void OfferTemporaryLayers(WorkspaceMaker make);
 
 /// Their row, which the searches of the table find as well; null where the host has none.

@@ -6,7 +6,7 @@
 
 namespace tessarine {
 
-/// ": there is no room left on its disk." and the like, to stand behind a message of our own and what the library says,
+/// ": there is no room left on its disk." and the like, to stand after a message of our own and what the library says,
 /// its `complaint`; "." where the cause isn't known.
 [[nodiscard]] std::string WayOut(const std::string& path, const std::string& complaint);
 

@@ -99,7 +99,7 @@ class RewriteLoop {
         progress_(progress),
         facts_(facts),
         attributes_(CopyOf(input, *output)),
-        reader_(input.Search(nullptr, false)),
+        reader_(input.Search(nullptr, Recycling::No)),
         writer_(output->Insert(true)),
         buffer_(output->CreateFeatureBuffer()) {}
 

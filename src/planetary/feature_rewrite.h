@@ -21,7 +21,7 @@ namespace tessarine {
 
 /// The new shape of a feature, and what its report has to say about it.
 struct RewrittenShape {
-  GeometryRef shape = nullptr;    ///< nothing stores the feature without a shape
+  GeometryRef shape = nullptr;    ///< null stores the feature without a shape
   std::string problem{};          ///< plain text; empty when there is none
   bool stopped = false;           ///< the user ended the run; there is no shape
   RewrittenMeasure measure = {};  ///< how much there was and is, where the run keeps account of it

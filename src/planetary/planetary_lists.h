@@ -37,7 +37,7 @@ struct StepChoice {
 constexpr WrapBox kBox180{-180.0, 90.0, 180.0, -90.0};
 constexpr WrapBox kBox360{0.0, 90.0, 360.0, -90.0};
 
-/// What the creation of an output class takes, in the order of its arguments, and behind it the names that the fields
+/// What the creation of an output class takes, in the order of its arguments, and after it the names that the fields
 /// bear on both sides: one `StrArray` of input and output name for each.
 class OutputDescription {
  public:
@@ -76,7 +76,7 @@ class OutputDescription {
 
 /// The texts at a position; none where the list ends before it.
 [[nodiscard]] std::vector<std::string> TextsAt(const VarArray& list, std::int32_t position);
-/// Puts texts at a position, which must be in the list or the next behind it.
+/// Puts texts at a position, which must be in the list or the next after it.
 void PutTexts(VarArray& list, std::int32_t position, const std::vector<std::string>& texts);
 
 /// The choices of the wrap dialog.

@@ -6,11 +6,11 @@
 #include <span>
 
 #include "platform/paths.h"
+#include "platform/report_heads.h"
 #include "platform/rich_text.h"
 #include "platform/text_formats.h"
 #include "support/aml_func_mod.h"
 #include "support/journal_report.h"
-#include "support/report_heads.h"
 
 namespace tessarine {
 namespace {

@@ -57,6 +57,10 @@ class IRowBuffer : public virtual Object {
   virtual ValueChange SetValue(std::int32_t index, const Variant& value) = 0;
 };
 
+/// Whether a cursor may hand out one object for all rows, which then holds the row it is at. Yes saves an object a row;
+/// No where a row is looked at after the next one was asked for.
+enum class Recycling : std::uint8_t { No, Yes };
+
 class ITable;
 class IClass;
 
@@ -201,10 +205,10 @@ class IVersionedObject : public virtual Object {
 class ITable : public virtual IClass, public virtual IDataset {
  public:
   [[nodiscard]] virtual std::int32_t RowCount(const QueryFilter* filter) const = 0;
-  [[nodiscard]] virtual std::shared_ptr<ICursor> SearchRows(const QueryFilter* filter, bool recycling) = 0;
+  [[nodiscard]] virtual std::shared_ptr<ICursor> SearchRows(const QueryFilter* filter, Recycling recycling) = 0;
   [[nodiscard]] virtual std::shared_ptr<IRow> GetRow(std::int64_t oid) = 0;
   [[nodiscard]] virtual std::shared_ptr<ICursor> InsertRows(bool use_buffering) = 0;
-  [[nodiscard]] virtual std::shared_ptr<ICursor> UpdateRows(const QueryFilter* filter, bool recycling) = 0;
+  [[nodiscard]] virtual std::shared_ptr<ICursor> UpdateRows(const QueryFilter* filter, Recycling recycling) = 0;
 };
 
 /// What has a place: layers and feature classes.
@@ -228,8 +232,8 @@ class IFeatureClass : public virtual IClass, public virtual IDataset, public vir
   [[nodiscard]] virtual std::string AliasName() const = 0;
   /// With no filter, all.
   [[nodiscard]] virtual std::int32_t FeatureCount(const QueryFilter* filter) const = 0;
-  [[nodiscard]] virtual std::shared_ptr<IFeatureCursor> Search(const QueryFilter* filter, bool recycling) = 0;
-  [[nodiscard]] virtual std::shared_ptr<IFeatureCursor> Update(const QueryFilter* filter, bool recycling) = 0;
+  [[nodiscard]] virtual std::shared_ptr<IFeatureCursor> Search(const QueryFilter* filter, Recycling recycling) = 0;
+  [[nodiscard]] virtual std::shared_ptr<IFeatureCursor> Update(const QueryFilter* filter, Recycling recycling) = 0;
   [[nodiscard]] virtual std::shared_ptr<IFeatureCursor> Insert(bool use_buffering) = 0;
   [[nodiscard]] virtual std::shared_ptr<IFeatureBuffer> CreateFeatureBuffer() = 0;
   /// The records of its layer that neither this class nor one for another kind of shape has among its rows. Takes a
@@ -244,14 +248,14 @@ class ISelectionSet : public virtual Object {
  public:
   [[nodiscard]] virtual std::int32_t Count() const = 0;
   /// A cursor over the selected rows in the order of their identifiers; an `IFeatureCursor` for features.
-  [[nodiscard]] virtual std::shared_ptr<ICursor> Search(const QueryFilter* filter, bool recycling) = 0;
+  [[nodiscard]] virtual std::shared_ptr<ICursor> Search(const QueryFilter* filter, Recycling recycling) = 0;
 };
 
 /// A selection whose rows can be changed.
 class ISelectionSet2 : public virtual ISelectionSet {
  public:
   /// Like `Search`, with a cursor that also writes rows back.
-  [[nodiscard]] virtual std::shared_ptr<ICursor> Update(const QueryFilter* filter, bool recycling) = 0;
+  [[nodiscard]] virtual std::shared_ptr<ICursor> Update(const QueryFilter* filter, Recycling recycling) = 0;
 };
 
 /// The edit session of a workspace. A part of the published face that nothing here calls.

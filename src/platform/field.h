@@ -63,7 +63,7 @@ class Field final : public IClone {
   esriFieldType Type = esriFieldTypeSmallInteger;
   std::int32_t Length = 0;     ///< characters of a text, bytes of a number; 0 leaves it to the format
   std::int32_t Precision = 0;  ///< digits of a number; 0 leaves it to the format
-  std::int32_t Scale = 0;      ///< digits behind the point
+  std::int32_t Scale = 0;      ///< digits after the point
   DateContent Content = DateContent::DayAndTime;
   bool Editable = true;
   bool IsNullable = true;

@@ -330,11 +330,11 @@ class Form : public Container {
   void Unload();
   /// What the title bar's close box does: `Form_QueryUnload`, then unloads.
   void CloseByUser();
-  /// What a view calls when the mouse moves over a control, or over the form itself (nothing).
+  /// What a view calls when the mouse moves over a control, or over the form itself (null).
   void MouseMoved(const Control* control);
   void Refresh();
 
-  // A view's ears: called after any change of a control (nothing stands for the form itself), and when the form
+  // A view's ears: called after any change of a control (null stands for the form itself), and when the form
   // is to be painted at once.
   std::function<void(Control*)> on_changed;
   std::function<void()> on_refresh;

@@ -72,7 +72,7 @@ class IPointCollection : public virtual Object {
   /// Raises fault 5 for an index outside the collection.
   [[nodiscard]] virtual XY Point(std::int32_t index) const = 0;
   void QueryPoint(std::int32_t index, tessarine::Point& point) const;
-  /// Adds a vertex behind the last one, with a straight segment where there is one; on a shape of parts to the last
+  /// Adds a vertex after the last one, with a straight segment where there is one; on a shape of parts to the last
   /// part, which is made if there is none.
   virtual void AddPoint(XY point) = 0;
   void AddPoint(const tessarine::Point& point);
@@ -90,7 +90,7 @@ class ISegmentCollection : public virtual Object {
   [[nodiscard]] virtual tessarine::Segment Segment(std::int32_t index) const = 0;
   /// True when at least one segment is a true curve.
   [[nodiscard]] virtual bool HasCurves() const = 0;
-  /// Adds a segment behind the last one. Its start replaces the end that stands, when the two differ.
+  /// Adds a segment after the last one. Its start replaces the end that stands, when the two differ.
   virtual void AddSegment(const tessarine::Segment& segment) = 0;
   virtual void AddSegmentCollection(const ISegmentCollection& other) = 0;
 };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include <algorithm>
 
+#include "platform/report_heads.h"
 #include "platform/rich_text.h"
 #include "platform/text_formats.h"
 
@@ -95,8 +96,7 @@ std::string ToHtml(const RichText& text, std::string_view title) {
 
 std::string PlainTextToRtf(std::string_view text) {
   std::string body = EscapeRtf(Replace(text, "\r\n", "\n"));
-  return "{\\rtf1\\ansi\\ansicpg1252\\deff0{\\fonttbl{\\f0\\fswiss Arial;}}\\uc1\\pard\\f0\\fs17 " +
-         Replace(body, "\n", "\\par\r\n") + "}";
+  return RtfHead() + "\\uc1\\pard\\f0\\fs17 " + Replace(body, "\n", "\\par\r\n") + "}";
 }
 
 std::string EscapeRtf(std::string_view text) {

@@ -58,10 +58,10 @@ class FeaturesOver : public Rows, public IFeatureClass {
   [[nodiscard]] esriGeometryType ShapeType() const override { return this->Traits()->shape_type; }
   [[nodiscard]] std::string AliasName() const override { return this->Name(); }
   [[nodiscard]] SpatialReferenceRef SpatialReference() const override { return this->Traits()->reference; }
-  [[nodiscard]] std::shared_ptr<IFeatureCursor> Search(const QueryFilter* filter, bool recycling) override {
+  [[nodiscard]] std::shared_ptr<IFeatureCursor> Search(const QueryFilter* filter, Recycling recycling) override {
     return this->OpenReader(filter, recycling);
   }
-  [[nodiscard]] std::shared_ptr<IFeatureCursor> Update(const QueryFilter* filter, bool recycling) override {
+  [[nodiscard]] std::shared_ptr<IFeatureCursor> Update(const QueryFilter* filter, Recycling recycling) override {
     return this->OpenUpdater(filter, recycling);
   }
   [[nodiscard]] std::shared_ptr<IFeatureCursor> Insert(bool) override { return this->OpenInserter(); }
@@ -74,12 +74,12 @@ class TableOver : public Rows, public ITable {
  public:
   using Rows::Rows;
 
-  [[nodiscard]] std::shared_ptr<ICursor> SearchRows(const QueryFilter* filter, bool recycling) override {
+  [[nodiscard]] std::shared_ptr<ICursor> SearchRows(const QueryFilter* filter, Recycling recycling) override {
     return this->OpenReader(filter, recycling);
   }
   [[nodiscard]] std::shared_ptr<IRow> GetRow(std::int64_t oid) override { return this->ReadRow(oid); }
   [[nodiscard]] std::shared_ptr<ICursor> InsertRows(bool) override { return this->OpenInserter(); }
-  [[nodiscard]] std::shared_ptr<ICursor> UpdateRows(const QueryFilter* filter, bool recycling) override {
+  [[nodiscard]] std::shared_ptr<ICursor> UpdateRows(const QueryFilter* filter, Recycling recycling) override {
     return this->OpenUpdater(filter, recycling);
   }
 };

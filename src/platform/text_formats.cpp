@@ -71,7 +71,7 @@ std::string WholePart(const Decimal& number) {
   return whole;
 }
 
-// The digits behind the point, without trailing zeros.
+// The digits after the point, without trailing zeros.
 std::string Fraction(const Decimal& number) {
   if (number.exponent < 0) return std::string(static_cast<std::size_t>(-number.exponent), '0') + number.digits;
   const auto whole = static_cast<std::size_t>(number.exponent);
@@ -123,7 +123,7 @@ std::string PlainNumber(std::string_view text) {
   return at == trimmed.size() ? plain : "";
 }
 
-// Whether a plain number's first digit that isn't 0 stands behind the point, its power of ten counted in.
+// Whether a plain number's first digit that isn't 0 stands after the point, its power of ten counted in.
 bool IsBelowOne(std::string_view plain) {
   const std::size_t mark = std::min(plain.find('e'), plain.size());
   const std::size_t point = std::min(plain.find('.'), mark);

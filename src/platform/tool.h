@@ -90,7 +90,7 @@ enum class ToolResult : std::uint8_t {
 };
 
 struct ToolSpec {
-  std::string_view name;        ///< in commands: "label-points", or behind the word of a group: "graphics select"
+  std::string_view name;        ///< in commands: "label-points", or after the word of a group: "graphics select"
   std::string_view title;       ///< for people: "Polygons to Label Points"
   std::string_view text;        ///< what it does, in words without a full stop
   std::string_view takes;       ///< the layers that it works on: "polylines, polygons or multipoints"

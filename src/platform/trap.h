@@ -6,7 +6,7 @@
 //   }
 //
 // A fault inside goes to the fault reporter under the procedure's name and source file, and the call returns the
-// empty result of its type: 0, "", nothing. Without a fault a trap costs nothing.
+// empty result of its type: 0, "", null. Without a fault a trap costs nothing.
 //
 // Routines that tools call for each record use `TrapHelper`: as long as a record is in hand, their faults go on to the
 // loop, which knows the record and writes no number that a failed routine returned.

@@ -12,7 +12,7 @@ enum class ValueChange : std::uint8_t {
   OutOfRange,   ///< a number beyond the field's range or width; null
   NotFinite,    ///< no-number or infinity; null
   TextCut,      ///< a text longer than the field
-  Rounded,      ///< digits behind the point that the field has no room for
+  Rounded,      ///< digits after the point that the field has no room for
   TimeDropped,  ///< the time of day of a date
   DayAdded,     ///< a time of day without a day, stored with one
   ZoneDropped,  ///< a time zone

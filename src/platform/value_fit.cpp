@@ -185,7 +185,7 @@ bool HasRoom(std::string_view text, const ColumnLimits& column) {
          (column.most_units == 0 || FirstUnits(text, column.most_units).size() == text.size());
 }
 
-// Digits behind the point may go, others not: what is left would be another number.
+// Digits after the point may go, others not: what is left would be another number.
 FittedValue FitNumberAsText(const Variant& value, const ColumnLimits& column) {
   const std::string text = value.AsText();
   if (HasRoom(text, column)) return {text};

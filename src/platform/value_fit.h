@@ -2,7 +2,7 @@
 // What a column can hold, and what becomes of a value on its way into it.
 //
 // A value is carried exactly or becomes the nearest honest thing: null for a number that the column has no room for,
-// the cut text, the number rounded behind its point. Digits in front of a point are never lost by rounding.
+// the cut text, the number rounded after its point. Digits in front of a point are never lost by rounding.
 #pragma once
 
 #include <cstddef>

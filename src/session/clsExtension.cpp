@@ -17,7 +17,7 @@ namespace {
 constexpr const char* kUnknownVersion = "Unable to determine ArcGIS Version!";
 constexpr double kStreamVersion = 3.0;
 
-// The settings that a document keeps, in the order of the stream, behind the stream's version.
+// The settings that a document keeps, in the order of the stream, after the stream's version.
 struct PersistedField {
   std::function<Variant(const clsExtension&)> write;
   std::function<void(clsExtension&, const Variant&)> read;

@@ -13,7 +13,7 @@
 
 namespace tessarine {
 
-/// Before the first `Load` every number is 0, every text empty, every flag False, every reference nothing. Nothing is
+/// Before the first `Load` every number is 0, every text empty, every flag False, every reference null. Nothing is
 /// checked on the way in.
 class clsExtension final : public IExtension, public IPersistVariant {
  public:

@@ -139,7 +139,7 @@ std::shared_ptr<Polyline> PolygonToPolyline(const std::shared_ptr<Polygon>& poly
   return TrapHelper("PolygonToPolyline", [&] {
     const SpatialReferenceRef reference = Require(polygon, "Polygon")->SpatialReference();
     auto polyline = std::make_shared<Polyline>();
-    // Holes without an exterior ring stand behind the others in the bag and bound no component.
+    // Holes without an exterior ring stand after the others in the bag and bound no component.
     const std::int32_t count = polygon->ExteriorRingCount();
     const std::shared_ptr<GeometryBag> components = polygon->ConnectedComponentBag();
     for (std::int32_t index = 0; index < count; ++index) {

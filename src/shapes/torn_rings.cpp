@@ -117,7 +117,7 @@ bool SamePlace(XY a, XY b) {
 }
 
 // Whether a ring round the globe runs toward a pole and back along a seam: it comes next to the pole at one place
-// alone, and is at one place before and behind it.
+// alone, and is at one place before and after it.
 bool HasSeamTo(const Vertices& ring, double sign) {
   const std::size_t count = ring.size() - 1;  // the last one is the first, a turn farther
   const auto top = std::ranges::max_element(ring, {}, [&](XY vertex) { return Reach(vertex, sign); });

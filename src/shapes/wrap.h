@@ -65,7 +65,7 @@ struct WrappedShape {
 void ShiftPointsToWrapBoundary(const GeometryRef& geometry, const DoubleArray& shift);
 
 /// A copy of a point, polyline, polygon or multipoint with the shift, in degrees, added to every x. Nothing is wrapped,
-/// and the shape given stays as it is. For a shape of another type the user gets a message box and the caller nothing.
+/// and the shape given stays as it is. For a shape of another type the user gets a message box and the caller null.
 [[nodiscard]] GeometryRef FeatureLongitudeShift(const GeometryRef& geometry, double shift);
 
 }  // namespace MyGeometricOperations

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "spheroids/frmSpheroidOptionsExt.h"
 
+#include "platform/report_heads.h"
 #include "platform/trap.h"
 #include "support/frmReport_modal.h"
-#include "support/report_heads.h"
 
 namespace tessarine {
 namespace {

@@ -58,7 +58,7 @@ TableLine ParseTableLine(const std::string& line) {
   const std::vector<std::string_view> pieces = Split(line, ' ');
   if (pieces.size() < 3) Raise(kInvalidCall, "The line '" + line + "' tells no spheroid.");
   TableLine parsed{std::string(pieces[0]), std::string(pieces[1]), ""};
-  // The display name starts right after the blank behind the code.
+  // The display name starts right after the blank that follows the code.
   parsed.display = line.substr(line.find(parsed.code) + parsed.code.size() + 1);
   if (parsed.display.ends_with('.')) parsed.display.pop_back();
   return parsed;

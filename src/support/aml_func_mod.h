@@ -22,7 +22,7 @@ void ParseString(const std::string& text, std::vector<std::string>& parts, char 
 [[nodiscard]] std::string Subst(const std::string& text, const std::string& find,
                                 const std::optional<std::string>& replacement = std::nullopt);
 
-/// What stands before, or behind, the first marker; empty when there is none.
+/// What stands before, or after, the first marker; empty when there is none.
 [[nodiscard]] std::string Before(const std::string& text, const std::string& marker);
 [[nodiscard]] std::string After(const std::string& text, const std::string& marker);
 
@@ -41,7 +41,7 @@ void ParseString(const std::string& text, std::vector<std::string>& parts, char 
 [[nodiscard]] std::string SetExtension(const std::string& path, const std::string& extension);
 /// The folder with its trailing "\"; a path of one element gives that element and "\".
 [[nodiscard]] std::string ReturnDir(const std::string& path);
-/// What stands behind the last "\".
+/// What stands after the last "\".
 [[nodiscard]] std::string ReturnFilename(const std::string& path);
 /// The long form of a path; the path as given when there is none.
 [[nodiscard]] std::string GetFullFileString(const std::string& path);

@@ -17,7 +17,7 @@ namespace {
 
 bool IsLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
 bool IsNameCharacter(char c) { return IsLetter(c) || (c >= '0' && c <= '9') || c == '_'; }
-// The bytes behind the first of a character outside ASCII; one "_" stands for the whole character.
+// The bytes after the first of a character outside ASCII; one "_" stands for the whole character.
 bool IsContinuation(char c) { return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U; }
 
 std::string CleanName(const std::string& text, const std::function<bool(char)>& allowed) {

@@ -13,7 +13,7 @@ namespace tessarine::MyGeneralOperations {
 
 /// The fields of a class with nothing of its own but the shape, "Shape"; `extent` is that of the shapes to come, empty
 /// where it isn't known. With `add_unique_id` it gets a whole number
-/// "Unique_ID", or one with a number behind where a field of the caller's bears that name.
+/// "Unique_ID", or one with a number after where a field of the caller's bears that name.
 [[nodiscard]] FieldsRef PlainFields(const SpatialReferenceRef& reference, esriGeometryType geometry_type,
                                     const std::shared_ptr<VarArray>& fields, bool add_unique_id,
                                     const Envelope& extent);

@@ -12,7 +12,7 @@
 namespace tessarine::MyGeneralOperations {
 namespace {
 
-// What stands behind a geodatabase's name in the categories of places in it that a class can be made in.
+// What stands after a geodatabase's name in the categories of places in it that a class can be made in.
 constexpr std::array<std::string_view, 4> kPlacesInGeodatabases = {"", " Feature Class", " Raster Catalog",
                                                                    " Feature Dataset"};
 

@@ -56,7 +56,7 @@ class ProgressForm : public Form, public std::enable_shared_from_this<ProgressFo
   /// The run that the form shows is over: its button reads "Close", and button, Escape and title bar close it.
   void EndRun();
 
-  /// Puts text behind the log and scrolls to it.
+  /// Puts text after the log and scrolls to it.
   void AppendDetails(const std::string& text);
 
  protected:

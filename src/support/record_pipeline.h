@@ -55,7 +55,7 @@ void KeepFault(std::int64_t oid, std::optional<Fault>& fault, Work&& work) {
 struct RecordBatch {
   std::vector<ReadRecord> records;
   bool is_last = false;
-  // Of the reading behind the last record.
+  // Of the reading after the last record.
   std::vector<RunWarning> end_notes;
   std::vector<KeptReport> end_reports;
   std::exception_ptr end = nullptr;  ///< what ended the reading, when the class wasn't at its end

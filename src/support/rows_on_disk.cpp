@@ -9,7 +9,7 @@ std::int64_t ReadableRows(const std::shared_ptr<IFeatureClass>& output) {
   std::int64_t rows = 0;
   if (!output) return rows;
   try {
-    const std::shared_ptr<IFeatureCursor> cursor = output->Search(nullptr, true);
+    const std::shared_ptr<IFeatureCursor> cursor = output->Search(nullptr, Recycling::Yes);
     while (cursor->NextFeature()) ++rows;
   } catch (const std::exception&) {
     // What was read until here can be read.

@@ -35,7 +35,7 @@ class GraphicsNewTool final : public Tool {
  public:
   [[nodiscard]] const ToolSpec& Spec() const override { return kSpec; }
 
-  // Behind the tool whose command it shares.
+  // After the tool whose command it shares.
   [[nodiscard]] const CommandTexts& Command() const override {
     static const CommandTexts texts = MakeShapefileTexts(2);
     return texts;

@@ -232,7 +232,7 @@ TEST(Measures, CountsAreWholeAndTheRestReal) {
   }
 }
 
-// All measures of a feature, each asked for once, and how often the work behind them was done.
+// All measures of a feature, each asked for once, and how often the work after them was done.
 TEST(Measures, SharedWorkIsDoneOnce) {
   const GeometryRef west = PolygonOf({Box(-11, 40, -10, 41)});
   const struct {

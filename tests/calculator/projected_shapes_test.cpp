@@ -18,7 +18,7 @@ const std::map<std::string, std::shared_ptr<Polygon>>& Countries() {
     const auto source = DataSource::Open(TESSARINE_TEST_DATA "/countries.shp");
     const auto features = source->OpenFeatureClass("");
     const std::int32_t name = features->FindField("NAME");
-    const auto cursor = features->Search(nullptr, false);
+    const auto cursor = features->Search(nullptr, Recycling::No);
     while (const auto feature = cursor->NextFeature()) {
       result[feature->Value(name).AsText()] = Cast<Polygon>(feature->ShapeCopy());
     }

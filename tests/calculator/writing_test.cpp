@@ -52,7 +52,7 @@ TEST_P(Writing, OnlyTheSetAttributesChange) {
   for (const char* name : {"Measure", "Other"}) features->AddField(NewResultField(name));
   const std::int32_t measure = features->FindField("Measure");
   const std::int32_t other = features->FindField("Other");
-  const auto cursor = features->Update(nullptr, false);
+  const auto cursor = features->Update(nullptr, Recycling::No);
   while (const auto feature = cursor->NextFeature()) {
     feature->SetValue(measure, Value(feature->OID()));
     if (feature->OID() % 2 == 0) feature->SetValue(other, std::int32_t{-12345678});
@@ -96,7 +96,7 @@ TEST_P(Writing, SelectedRowsAreWrittenByTheirIdentifiers) {
   // The first picks few rows, the second most of them.
   for (const Choice& choice : {Choice{"size > 30 AND size < 40", 1.0, 6}, Choice{"size > 30", 2.0, 279}}) {
     const auto selection = Cast<ISelectionSet2>(SelectByWhere(features, choice.where));
-    const auto cursor = Cast<IFeatureCursor>(selection->Update(nullptr, false));
+    const auto cursor = Cast<IFeatureCursor>(selection->Update(nullptr, Recycling::No));
     while (const auto feature = cursor->NextFeature()) {
       feature->SetValue(measure, choice.mark);
       cursor->UpdateFeature(feature);
@@ -113,7 +113,7 @@ TEST_P(Writing, ShapesThatAreSetArriveBesideAttributes) {
   const auto features = layer->FeatureClass();
   features->AddField(NewResultField("Measure"));
   const std::int32_t measure = features->FindField("Measure");
-  const auto cursor = features->Update(nullptr, false);
+  const auto cursor = features->Update(nullptr, Recycling::No);
   int row = 0;
   while (const auto feature = cursor->NextFeature()) {
     feature->SetValue(measure, row * 1.0);

@@ -24,7 +24,7 @@ using ::testing::Not;
 
 class Endings : public ProgramTest {
  protected:
-  // What stands behind the command goes to the shell: where the streams lead.
+  // What stands after the command goes to the shell: where the streams lead.
   int Shell(const std::string& arguments, const std::string& streams) {
     const std::string line =
         std::string("'") + TESSARINE_PROGRAM + "' " + arguments + " 2>'" + In("err") + "' " + streams;

@@ -24,7 +24,7 @@ class Tools : public ProgramTest {
     return nlohmann::json::parse(run.out);
   }
 
-  // Those of a tool's command; tools of a group stand behind its word.
+  // Those of a tool's command; tools of a group stand after its word.
   [[nodiscard]] static std::vector<std::string> CommandOf(const std::string& name) {
     std::istringstream words(name);
     return {std::istream_iterator<std::string>(words), {}};

@@ -245,7 +245,7 @@ TEST_P(Torture, EveryValueIsThereOrItIsTold) {
   const bool copies_only = std::ranges::find(kCopiesOnly, GetParam().output) != std::end(kCopiesOnly);
   for (const Command& command : Commands()) {
     SCOPED_TRACE(command.name);
-    // What is calculated stands behind the columns of the source.
+    // What is calculated stands after the columns of the source.
     const bool copies = std::string_view(command.name) == "calculate";
     if (copies_only && !copies) continue;
     const std::string source = Make(GetParam().source, command.shapes);

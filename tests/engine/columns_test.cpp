@@ -56,7 +56,7 @@ TEST(Columns, AttributesBearAnyNameAndTheRolesGiveWay) {
     WriteColumns(row.driver, folder.Native(row.file),
                  {{"shape", OFTString}, {"OBJECTID", OFTInteger}, {"fid", OFTInteger}}, {"round", "501", "101"});
     const auto points = Opened(folder.Native(row.file));
-    const auto feature = points->Search(nullptr, false)->NextFeature();
+    const auto feature = points->Search(nullptr, Recycling::No)->NextFeature();
     EXPECT_EQ(feature->Value(points->FindField("Shape")).AsText(), "round");
     EXPECT_EQ(feature->Value(points->FindField("OBJECTID")).AsLong(), 501);
     EXPECT_EQ(feature->Value(points->FindField("FID")).AsLong(), 101);
@@ -118,7 +118,7 @@ TEST(Columns, ValuesAreReadExactly) {
     const auto points = Opened(folder.Native(row.file));
     const std::int32_t index = points->FindField("v");
     EXPECT_EQ(points->Fields()->Field(index)->Type, row.type);
-    const Variant value = points->Search(nullptr, false)->NextFeature()->Value(index);
+    const Variant value = points->Search(nullptr, Recycling::No)->NextFeature()->Value(index);
     if (row.read.kind() == Variant::Kind::Date) {
       EXPECT_EQ(IsoText(value.AsDate()), IsoText(row.read.AsDate()));
     } else {
@@ -238,7 +238,7 @@ TEST(Columns, ValuesOfStoredRowsStayWithinTheirColumns) {
     WriteColumns(row.driver, folder.Native(row.file), {row.column}, {"1"});
     const auto points = Opened(folder.Native(row.file));
     {
-      const auto cursor = points->Update(nullptr, false);
+      const auto cursor = points->Update(nullptr, Recycling::No);
       const auto feature = cursor->NextFeature();
       EXPECT_EQ(feature->SetValue(points->FindField("v"), row.value), row.change);
       cursor->UpdateFeature(feature);
@@ -256,7 +256,7 @@ TEST(Columns, DatesBefore1970AreThoseThatAGeodatabaseHolds) {
     const TemporaryFolder folder;
     WriteColumns("OpenFileGDB", folder.Native("d.gdb"), {{"at", OFTDateTime}}, {date});
     const auto points = Opened(folder.Native("d.gdb"));
-    const auto feature = points->Search(nullptr, false)->NextFeature();
+    const auto feature = points->Search(nullptr, Recycling::No)->NextFeature();
     EXPECT_EQ(IsoText(feature->Value(points->FindField("at")).AsDate()), date);
   }
 }

@@ -36,7 +36,7 @@ Areas RegionsOf(const std::vector<std::vector<XY>>& lines, double tolerance, con
   const Envelope all = bag.Envelope();
   FeatureConstruction().ConstructPolygonsFromGeometries(*target, bounds != nullptr ? *bounds : all, bag, tolerance);
   Areas areas;
-  const auto cursor = target->Search(nullptr, true);
+  const auto cursor = target->Search(nullptr, Recycling::Yes);
   while (const auto feature = cursor->NextFeature()) {
     areas.push_back(std::round(Cast<Polygon>(feature->Shape())->Area() * 1e6) / 1e6);
   }

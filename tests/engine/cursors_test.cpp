@@ -37,7 +37,7 @@ class Cursors : public ::testing::TestWithParam<Store> {
     size_ = towns_->FindField("size");
   }
   std::shared_ptr<IFeatureClass> Open() { return DataSource::Open(file_)->OpenFeatureClass("towns"); }
-  std::string Names(const QueryFilter* filter) { return NamesOf(towns_->Search(filter, true), name_); }
+  std::string Names(const QueryFilter* filter) { return NamesOf(towns_->Search(filter, Recycling::Yes), name_); }
 
   TemporaryFolder folder_;
   std::string file_;
@@ -46,7 +46,7 @@ class Cursors : public ::testing::TestWithParam<Store> {
 };
 
 TEST_P(Cursors, RecyclingAnswersOneObjectRefilled) {
-  const auto recycling = towns_->Search(nullptr, true);
+  const auto recycling = towns_->Search(nullptr, Recycling::Yes);
   const auto first = recycling->NextFeature();
   const auto shape = first->Shape();
   EXPECT_EQ(recycling->NextFeature(), first);
@@ -54,7 +54,7 @@ TEST_P(Cursors, RecyclingAnswersOneObjectRefilled) {
   EXPECT_NE(first->Shape(), shape);
   EXPECT_EQ(Cast<Point>(shape)->X(), 0.0) << "a shape taken before stays as it was";
 
-  auto keeping = towns_->Search(nullptr, false);
+  auto keeping = towns_->Search(nullptr, Recycling::No);
   const auto a = keeping->NextFeature(), b = keeping->NextFeature();
   EXPECT_NE(a, b);
   while (keeping->NextFeature()) {
@@ -100,11 +100,11 @@ TEST_P(Cursors, FiltersByConditionAndPlace) {
 
   QueryFilter narrow;
   narrow.SubFields = "NAME, Shape";
-  const auto row = towns_->Search(&narrow, true)->NextFeature();
+  const auto row = towns_->Search(&narrow, Recycling::Yes)->NextFeature();
   EXPECT_EQ(row->Value(name_).AsText(), "a");
   EXPECT_TRUE(row->Value(size_).IsNull()) << "left out";
   EXPECT_FALSE(row->Shape()->IsEmpty());
-  EXPECT_EQ(towns_->Search(nullptr, true)->NextFeature()->Value(size_).AsDouble(), 1.0);
+  EXPECT_EQ(towns_->Search(nullptr, Recycling::Yes)->NextFeature()->Value(size_).AsDouble(), 1.0);
 }
 
 TEST_P(Cursors, InsertedRowsAreThereForEveryReader) {
@@ -141,7 +141,7 @@ TEST_P(Cursors, UpdatesWriteBackWhatWasRead) {
   {
     QueryFilter filter;
     filter.WhereClause = "size < 4";
-    const auto cursor = towns_->Update(&filter, true);
+    const auto cursor = towns_->Update(&filter, Recycling::Yes);
     while (const auto row = cursor->NextFeature()) {
       row->SetValue(size_, row->Value(size_).AsDouble() * 10.0);
       if (row->Value(name_).AsText() == "b") row->SetShape(std::make_shared<Point>(50.0, 60.0));
@@ -156,7 +156,7 @@ TEST_P(Cursors, UpdatesWriteBackWhatWasRead) {
   EXPECT_EQ(rows[1].wkt, "POINT (50 60)");
   EXPECT_EQ(Names(nullptr), "a b c d ");
 
-  const auto row = towns_->Search(nullptr, false)->NextFeature();
+  const auto row = towns_->Search(nullptr, Recycling::No)->NextFeature();
   row->SetValue(name_, "first");
   row->Store();
   EXPECT_EQ(towns_->GetFeature(row->OID())->Value(name_).AsText(), "first");
@@ -166,10 +166,10 @@ TEST_P(Cursors, UpdatesWriteBackWhatWasRead) {
 }
 
 TEST_P(Cursors, OneReadsWhileAnotherWrites) {
-  const auto reader = towns_->Search(nullptr, false);
+  const auto reader = towns_->Search(nullptr, Recycling::No);
   const auto first = reader->NextFeature();
   {
-    const auto writer = towns_->Update(nullptr, false);
+    const auto writer = towns_->Update(nullptr, Recycling::No);
     const auto row = writer->NextFeature();
     row->SetValue(size_, 77.0);
     writer->UpdateFeature(row);
@@ -184,7 +184,7 @@ TEST_P(Cursors, OneReadsWhileAnotherWrites) {
 TEST_P(Cursors, WhatOneClassObjectWritesAnotherSees) {
   const auto other = Open();
   EXPECT_EQ(other->FeatureCount(nullptr), 4);
-  EXPECT_EQ(NamesOf(other->Search(nullptr, true), name_), "a b c d ");
+  EXPECT_EQ(NamesOf(other->Search(nullptr, Recycling::Yes), name_), "a b c d ");
   {
     const auto buffer = towns_->CreateFeatureBuffer();
     buffer->SetShape(std::make_shared<Point>(1.0, 1.0));
@@ -192,7 +192,7 @@ TEST_P(Cursors, WhatOneClassObjectWritesAnotherSees) {
     (void)towns_->Insert(true)->InsertFeature(*buffer);
   }
   EXPECT_EQ(other->FeatureCount(nullptr), 5);
-  EXPECT_EQ(NamesOf(other->Search(nullptr, true), name_), "a b c d e ");
+  EXPECT_EQ(NamesOf(other->Search(nullptr, Recycling::Yes), name_), "a b c d e ");
 }
 
 TEST_P(Cursors, NewFieldsCanBeFilledAtOnce) {
@@ -206,7 +206,7 @@ TEST_P(Cursors, NewFieldsCanBeFilledAtOnce) {
   ASSERT_GE(index, 0);
   EXPECT_EQ(towns_->Fields()->Field(index)->Type, esriFieldTypeDouble);
   {
-    const auto cursor = towns_->Update(nullptr, true);
+    const auto cursor = towns_->Update(nullptr, Recycling::Yes);
     double value = -123456789.125;
     while (const auto row = cursor->NextFeature()) {
       EXPECT_TRUE(row->Value(index).IsNull());
@@ -215,7 +215,7 @@ TEST_P(Cursors, NewFieldsCanBeFilledAtOnce) {
       value = 1.5e15;
     }
   }
-  const auto cursor = towns_->Search(nullptr, true);
+  const auto cursor = towns_->Search(nullptr, Recycling::Yes);
   EXPECT_EQ(cursor->NextFeature()->Value(index).AsDouble(), -123456789.125) << "digits behind the point give way";
   EXPECT_EQ(cursor->NextFeature()->Value(index).AsDouble(), 1.5e15);
   EXPECT_EQ(Names(nullptr), "a b c d ");
@@ -253,19 +253,19 @@ TEST_P(Cursors, FieldsComeInTheirOrderUpToTheFirstThatFails) {
 
 TEST_P(Cursors, SelectionsComeInTheOrderOfIdentifiers) {
   std::vector<std::int64_t> oids;
-  const auto cursor = towns_->Search(nullptr, true);
+  const auto cursor = towns_->Search(nullptr, Recycling::Yes);
   while (const auto row = cursor->NextFeature()) oids.push_back(row->OID());
   const auto some = SelectByOids(towns_, {oids[2], oids[0], oids[2]});
   EXPECT_EQ(some->Count(), 2);
-  EXPECT_EQ(NamesOf(some->Search(nullptr, false), name_), "a c ");
-  EXPECT_NE(Cast<IFeatureCursor>(some->Search(nullptr, true)), nullptr);
+  EXPECT_EQ(NamesOf(some->Search(nullptr, Recycling::No), name_), "a c ");
+  EXPECT_NE(Cast<IFeatureCursor>(some->Search(nullptr, Recycling::Yes)), nullptr);
   QueryFilter filter;
   filter.WhereClause = "size > 1";
-  EXPECT_EQ(NamesOf(some->Search(&filter, true), name_), "c ");
+  EXPECT_EQ(NamesOf(some->Search(&filter, Recycling::Yes), name_), "c ");
   const auto large = SelectByWhere(towns_, "size > 2");
   EXPECT_EQ(large->Count(), 2);
-  EXPECT_EQ(NamesOf(large->Search(nullptr, true), name_), "c d ");
-  EXPECT_EQ(SelectByWhere(towns_, "size > 99")->Search(nullptr, true)->NextRow(), nullptr);
+  EXPECT_EQ(NamesOf(large->Search(nullptr, Recycling::Yes), name_), "c d ");
+  EXPECT_EQ(SelectByWhere(towns_, "size > 99")->Search(nullptr, Recycling::Yes)->NextRow(), nullptr);
   EXPECT_NE(FaultTextOf([&] { (void)SelectByWhere(towns_, "size >< 2"); }).find("size >< 2"), std::string::npos);
 }
 
@@ -285,8 +285,8 @@ TEST(Selections, AFewRowsOutOfMany) {
   const auto many = DataSource::Open(layer.file)->OpenFeatureClass("");
   const std::int32_t name = many->FindField("name");
   const auto few = SelectByOids(many, {40, 7});
-  EXPECT_EQ(NamesOf(few->Search(nullptr, false), name), "n7 n40 ");
-  const auto recycling = few->Search(nullptr, true);
+  EXPECT_EQ(NamesOf(few->Search(nullptr, Recycling::No), name), "n7 n40 ");
+  const auto recycling = few->Search(nullptr, Recycling::Yes);
   const auto first = recycling->NextRow();
   EXPECT_EQ(recycling->NextRow(), first) << "a recycling cursor answers one object";
 }

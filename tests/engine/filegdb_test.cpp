@@ -48,7 +48,7 @@ std::shared_ptr<IFeatureClass> OpenClass(const std::string& file, const std::str
 
 void SetAll(IFeatureClass& features, const std::string& field, const Variant& value) {
   const std::int32_t index = features.FindField(field);
-  const auto cursor = features.Update(nullptr, false);
+  const auto cursor = features.Update(nullptr, Recycling::No);
   while (const auto feature = cursor->NextFeature()) {
     feature->SetValue(index, value);
     cursor->UpdateFeature(feature);

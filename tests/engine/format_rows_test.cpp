@@ -66,7 +66,7 @@ TEST(GeoPackages, AChangeThatWasKilledIsUndoneByReading) {
   ASSERT_GT(std::filesystem::file_size(file + "-journal"), 0U) << "the test leaves no journal";
   const auto towns = DataSource::Open(file)->OpenFeatureClass("towns");
   const std::int32_t name = towns->FindField("name");
-  const auto cursor = towns->Search(nullptr, true);
+  const auto cursor = towns->Search(nullptr, Recycling::Yes);
   int count = 0;
   while (const auto row = cursor->NextFeature()) count += row->Value(name).AsText() == "before" ? 1 : 0;
   EXPECT_EQ(count, 2000);
@@ -109,7 +109,7 @@ TEST(Shapefiles, ReadingGoesOnBehindARowThatIsWrittenWhole) {
   const std::int32_t name = towns->FindField("name"), size = towns->FindField("size");
   QueryFilter filter;
   filter.WhereClause = "size <> 2";
-  const auto cursor = towns->Update(&filter, false);
+  const auto cursor = towns->Update(&filter, Recycling::No);
   const std::string foreign_name = "\xc3\xa9lan";
   while (const auto row = cursor->NextFeature()) {
     row->SetValue(size, row->Value(size).AsDouble() + 10.0);
@@ -121,7 +121,7 @@ TEST(Shapefiles, ReadingGoesOnBehindARowThatIsWrittenWhole) {
   std::string rows;
   for (const auto& row : ReadLayer(file)) rows += row.wkt + " " + row.name + " " + std::to_string(int(row.size)) + ",";
   EXPECT_EQ(rows, "POINT (0 0) " + foreign_name + " 11,POINT (1 1) b 2,POINT (7 8) c 13, d 14,");
-  EXPECT_EQ(NamesOf(towns->Search(nullptr, true), name), foreign_name + " b c d ");
+  EXPECT_EQ(NamesOf(towns->Search(nullptr, Recycling::Yes), name), foreign_name + " b c d ");
 }
 
 // Reading goes on across the commits.
@@ -134,7 +134,7 @@ TEST(GeoPackages, RowsOfStagedDataAreAllReadAndWritten) {
   WriteLayer(layer);
   const auto source = std::make_shared<engine::OgrSource>(folder.Native("towns.geojson"), file, "towns");
   const auto towns = std::make_shared<engine::OgrFeatureClass>(source);
-  const auto cursor = towns->Update(nullptr, false);
+  const auto cursor = towns->Update(nullptr, Recycling::No);
   int read = 0;
   while (const auto row = cursor->NextFeature()) {
     row->SetValue(towns->FindField("size"), 0.5 + read++);
@@ -173,7 +173,7 @@ TEST(Shapefiles, NumbersAreRoundedToTheirColumnWhoeverWritesTheRow) {
   const auto value_of = [](int number) { return 304967522.1234561 + 1017.0370369 * number; };
   {
     const auto lots = DataSource::Open(file)->OpenFeatureClass("");
-    const auto cursor = lots->Update(nullptr, false);
+    const auto cursor = lots->Update(nullptr, Recycling::No);
     std::vector<std::shared_ptr<IFeature>> by_themselves;
     for (int number = 0; const auto row = cursor->NextFeature(); ++number) {
       row->SetValue(lots->FindField("area"), value_of(number));
@@ -210,7 +210,7 @@ TEST(ShapefileRows, ThoseWithADeletionMarkAreNotCounted) {
   const auto towns = DataSource::Open(folder.Native("towns.shp"))->OpenFeatureClass("towns");
   EXPECT_EQ(towns->FeatureCount(nullptr), 297);
   int read = 0;
-  for (const auto cursor = towns->Search(nullptr, true); cursor->NextFeature();) ++read;
+  for (const auto cursor = towns->Search(nullptr, Recycling::Yes); cursor->NextFeature();) ++read;
   EXPECT_EQ(read, 297);
 }
 

@@ -40,7 +40,7 @@ constexpr Format kFormats[] = {
 
 std::vector<std::shared_ptr<IFeature>> AllOf(IFeatureClass& features) {
   std::vector<std::shared_ptr<IFeature>> all;
-  const auto cursor = features.Search(nullptr, false);
+  const auto cursor = features.Search(nullptr, Recycling::No);
   while (auto feature = cursor->NextFeature()) all.push_back(feature);
   return all;
 }
@@ -142,7 +142,7 @@ TEST(Formats, ALayerOfMixedShapesCountsAsOneForEachKind) {
   const auto lines = source->OpenFeatureClass("MIXED (lines)");
   EXPECT_EQ(lines->ShapeType(), esriGeometryPolyline);
   EXPECT_EQ(lines->FeatureCount(nullptr), 2);
-  EXPECT_EQ(testing::NamesOf(lines->Search(nullptr, true), lines->FindField("name")), "l ll ");
+  EXPECT_EQ(testing::NamesOf(lines->Search(nullptr, Recycling::Yes), lines->FindField("name")), "l ll ");
   const auto infos = source->Infos();
   ASSERT_EQ(infos.size(), 3U);
   EXPECT_EQ(infos[1].count, 2);
@@ -163,7 +163,9 @@ TEST(Formats, RowsWithoutAShapeCountInAnUntypedLayerOfOneKind) {
     EXPECT_EQ(source->LayerNames(), std::vector<std::string>{"kind"}) << file;
     const auto features = source->OpenFeatureClass("kind");
     EXPECT_EQ(features->FeatureCount(nullptr), 3) << file;
-    EXPECT_EQ(testing::NamesOf(features->Search(nullptr, true), features->FindField("name")), "one none many ") << file;
+    EXPECT_EQ(testing::NamesOf(features->Search(nullptr, Recycling::Yes), features->FindField("name")),
+              "one none many ")
+        << file;
   }
 }
 
@@ -178,7 +180,7 @@ TEST(Formats, TablesAndLayersAreFoundByName) {
   EXPECT_EQ(source->OpenFeatureClass("roads")->Name(), "Roads");
   const auto notes = source->OpenTable("notes");
   EXPECT_EQ(notes->RowCount(nullptr), 2);
-  EXPECT_EQ(testing::NamesOf(notes->SearchRows(nullptr, true), notes->FindField("name")), "n1 n2 ");
+  EXPECT_EQ(testing::NamesOf(notes->SearchRows(nullptr, Recycling::Yes), notes->FindField("name")), "n1 n2 ");
   EXPECT_NE(FaultTextOf([&] { (void)source->OpenFeatureClass("notes"); }).find("notes"), std::string::npos);
   const std::string text = FaultTextOf([&] { (void)source->OpenFeatureClass("rivers"); });
   EXPECT_NE(text.find("rivers"), std::string::npos);

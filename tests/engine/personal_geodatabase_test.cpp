@@ -313,7 +313,7 @@ TEST(PersonalGeodatabase, ManyChangesLeaveASoundGeodatabase) {
   EXPECT_EQ(lines, 48000);
 }
 
-// Rows that grow move behind the others in the file.
+// Rows that grow move after the others in the file.
 TEST(PersonalGeodatabase, RowsComeInTheOrderOfTheirNumbers) {
   const TemporaryFolder folder;
   const std::string path = folder.Native("order.mdb");

@@ -59,7 +59,7 @@ std::map<std::string, std::size_t> ReadAll(const std::string& path) {
   for (const std::string& name : names) {
     try {
       const auto table = DataSource::Open(path)->OpenTable(name);
-      const auto cursor = table->SearchRows(nullptr, true);
+      const auto cursor = table->SearchRows(nullptr, Recycling::Yes);
       std::size_t count = 0;
       while (cursor->NextRow()) ++count;
       rows[name] = count;

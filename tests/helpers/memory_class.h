@@ -104,10 +104,10 @@ class MemoryClass final : public IFeatureClass {
   [[nodiscard]] std::int32_t FeatureCount(const QueryFilter*) const override {
     return static_cast<std::int32_t>(rows.size());
   }
-  [[nodiscard]] std::shared_ptr<IFeatureCursor> Search(const QueryFilter*, bool) override {
+  [[nodiscard]] std::shared_ptr<IFeatureCursor> Search(const QueryFilter*, Recycling) override {
     return std::make_shared<MemoryCursor>(rows, fails_at);
   }
-  [[nodiscard]] std::shared_ptr<IFeatureCursor> Update(const QueryFilter*, bool) override { return nullptr; }
+  [[nodiscard]] std::shared_ptr<IFeatureCursor> Update(const QueryFilter*, Recycling) override { return nullptr; }
   [[nodiscard]] std::shared_ptr<IFeatureCursor> Insert(bool) override { return nullptr; }
   [[nodiscard]] std::shared_ptr<IFeatureBuffer> CreateFeatureBuffer() override { return nullptr; }
   [[nodiscard]] std::shared_ptr<IFeature> GetFeature(std::int64_t oid) override {

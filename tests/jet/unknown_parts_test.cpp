@@ -64,7 +64,7 @@ struct StrangeRow {
   std::uint8_t value;
   const char* told;
 };
-constexpr std::size_t kColumnsAt = 63 + 2 * 12;  // behind the counts of two indexes
+constexpr std::size_t kColumnsAt = 63 + 2 * 12;  // after the counts of two indexes
 
 TEST(JetUnknownParts, ATableThatIsntUnderstoodCostsNoOther) {
   const StrangeRow kRows[] = {

@@ -94,7 +94,7 @@ class RecordPipeline : public ::testing::Test {
 };
 
 TEST_F(RecordPipeline, ReadsAsideWhileItWritesInOrder) {
-  WatchedCursor cursor(class_.Search(nullptr, false), true);
+  WatchedCursor cursor(class_.Search(nullptr, Recycling::No), true);
   // The first record is written while the one after the next batch is read by somebody else.
   constexpr std::int64_t kFar = 700;
   bool has_read_aside = false;
@@ -109,7 +109,7 @@ TEST_F(RecordPipeline, ReadsAsideWhileItWritesInOrder) {
 }
 
 TEST_F(RecordPipeline, LeavesACursorThatIsWrittenThroughToTheRunsOwnThread) {
-  WatchedCursor cursor(class_.Search(nullptr, false), false);
+  WatchedCursor cursor(class_.Search(nullptr, Recycling::No), false);
   EXPECT_EQ(Run(cursor, [](std::int64_t) {}).size(), static_cast<std::size_t>(kRecords));
   EXPECT_EQ(cursor.Readers(), std::set{std::this_thread::get_id()});
 }
@@ -117,7 +117,7 @@ TEST_F(RecordPipeline, LeavesACursorThatIsWrittenThroughToTheRunsOwnThread) {
 TEST_F(RecordPipeline, EndsByAFaultOfReadingBehindTheRecordsBeforeIt) {
   constexpr std::size_t kFails = 1500;
   class_.fails_at = kFails;
-  WatchedCursor cursor(class_.Search(nullptr, false), true);
+  WatchedCursor cursor(class_.Search(nullptr, Recycling::No), true);
   std::int64_t last = 0;
   EXPECT_THROW(static_cast<void>(Run(cursor, [&](std::int64_t oid) { last = oid; })), Fault);
   EXPECT_EQ(last, static_cast<std::int64_t>(kFails) - 1);

@@ -46,10 +46,10 @@ class ClassOverClass : public IFeatureClass {
   [[nodiscard]] std::int32_t FeatureCount(const QueryFilter* filter) const override {
     return beneath_->FeatureCount(filter);
   }
-  [[nodiscard]] std::shared_ptr<IFeatureCursor> Search(const QueryFilter* filter, bool recycling) override {
+  [[nodiscard]] std::shared_ptr<IFeatureCursor> Search(const QueryFilter* filter, Recycling recycling) override {
     return beneath_->Search(filter, recycling);
   }
-  [[nodiscard]] std::shared_ptr<IFeatureCursor> Update(const QueryFilter* filter, bool recycling) override {
+  [[nodiscard]] std::shared_ptr<IFeatureCursor> Update(const QueryFilter* filter, Recycling recycling) override {
     return beneath_->Update(filter, recycling);
   }
   [[nodiscard]] std::shared_ptr<IFeatureCursor> Insert(bool use_buffering) override {

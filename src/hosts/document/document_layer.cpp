@@ -7,7 +7,7 @@
 #include "platform/text_formats.h"
 
 namespace tessarine {
-// A class's full name is its file, or its container with its name behind.
+// A class's full name is its file, or its container with its name after.
 LayerSource SourceOf(const IDataset& dataset) {
   const std::string full_name = dataset.FullName();
   const std::string behind = "\\" + dataset.Name();
@@ -60,7 +60,7 @@ void DocumentFeatureLayer::SetSelectedOids(std::vector<std::int64_t> oids) {
 std::vector<std::int64_t> DocumentFeatureLayer::SelectedOids() const {
   if (!selection_) return selected_oids_;
   std::vector<std::int64_t> oids;
-  const auto cursor = selection_->Search(nullptr, true);
+  const auto cursor = selection_->Search(nullptr, Recycling::Yes);
   while (const auto row = cursor->NextRow()) oids.push_back(row->OID());
   return oids;
 }

@@ -60,7 +60,7 @@ class DocumentFeatureLayer final : public IGeoFeatureLayer,
   [[nodiscard]] const std::shared_ptr<IFeatureRenderer>& Renderer() const { return renderer_; }
 
   [[nodiscard]] std::shared_ptr<ISelectionSet> SelectionSet() const override;
-  /// Replaces the selection; nothing selects no row.
+  /// Replaces the selection; null selects no row.
   void SetSelection(std::shared_ptr<ISelectionSet> selection) { selection_ = std::move(selection); }
   /// Selects the rows with these identifiers, now or when the data is opened.
   void SetSelectedOids(std::vector<std::int64_t> oids);

@@ -25,7 +25,7 @@ std::string Essence(const std::string& name) {
 // EPSG registers codes up to 32767; those of ESRI lie above.
 constexpr std::int32_t kLastOfEpsg = 32767;
 
-// Whether the text is the code, alone or behind the authority that registers it.
+// Whether the text is the code, alone or after the authority that registers it.
 bool IsCodeOf(const NamedSpheroid& spheroid, const std::string& text) {
   if (spheroid.code == 0) return false;
   const std::string_view authority = spheroid.code <= kLastOfEpsg ? "epsg:" : "esri:";

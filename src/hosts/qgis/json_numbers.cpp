@@ -16,7 +16,7 @@ constexpr std::size_t kBlock = 1 << 16;
 /// Sees one character after the other.
 class NumberWatch {
  public:
-  /// True at the character behind a whole number that is too wide.
+  /// True at the character after a whole number that is too wide.
   bool See(char character) {
     if (in_text_) {
       in_text_ = escaped_ || character != '"';

@@ -266,7 +266,7 @@ std::int32_t LayerClass::CountRows(const QueryFilter* filter) {
   // Some providers don't know, and a filter always asks for a look at the rows.
   if (count < 0) {
     count = 0;
-    const auto rows = OpenReader(filter, true);
+    const auto rows = OpenReader(filter, Recycling::Yes);
     while (rows->NextFeature()) ++count;
   }
   if (count > std::numeric_limits<std::int32_t>::max()) {

@@ -94,11 +94,12 @@ class LayerClass : public virtual IClass,
   [[nodiscard]] DatasetFiles Files() const override;
 
   [[nodiscard]] std::int32_t CountRows(const QueryFilter* filter);
-  [[nodiscard]] std::shared_ptr<IFeatureCursor> OpenReader(const QueryFilter* filter, bool recycling);
-  /// The rows of these identifiers, in order; with `writing` they can be written back.
+  [[nodiscard]] std::shared_ptr<IFeatureCursor> OpenReader(const QueryFilter* filter, Recycling recycling);
+  enum class ChosenFor : std::uint8_t { Reading, Writing };
+  /// The rows of these identifiers, in order; those for writing can be written back.
   [[nodiscard]] std::shared_ptr<IFeatureCursor> OpenChosen(std::vector<QgsFeatureId> oids, const QueryFilter* filter,
-                                                           bool recycling, bool writing);
-  [[nodiscard]] std::shared_ptr<IFeatureCursor> OpenUpdater(const QueryFilter* filter, bool recycling);
+                                                           Recycling recycling, ChosenFor purpose);
+  [[nodiscard]] std::shared_ptr<IFeatureCursor> OpenUpdater(const QueryFilter* filter, Recycling recycling);
   [[nodiscard]] std::shared_ptr<IFeatureCursor> OpenInserter();
   [[nodiscard]] std::shared_ptr<IFeature> ReadRow(std::int64_t oid);
 
@@ -136,11 +137,11 @@ class LayerSelection final : public ISelectionSet2 {
   explicit LayerSelection(std::shared_ptr<LayerClass> rows);
 
   [[nodiscard]] std::int32_t Count() const override { return static_cast<std::int32_t>(oids_.size()); }
-  [[nodiscard]] std::shared_ptr<ICursor> Search(const QueryFilter* filter, bool recycling) override {
-    return rows_->OpenChosen(oids_, filter, recycling, false);
+  [[nodiscard]] std::shared_ptr<ICursor> Search(const QueryFilter* filter, Recycling recycling) override {
+    return rows_->OpenChosen(oids_, filter, recycling, LayerClass::ChosenFor::Reading);
   }
-  [[nodiscard]] std::shared_ptr<ICursor> Update(const QueryFilter* filter, bool recycling) override {
-    return rows_->OpenChosen(oids_, filter, recycling, true);
+  [[nodiscard]] std::shared_ptr<ICursor> Update(const QueryFilter* filter, Recycling recycling) override {
+    return rows_->OpenChosen(oids_, filter, recycling, LayerClass::ChosenFor::Writing);
   }
 
  private:

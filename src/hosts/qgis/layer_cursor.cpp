@@ -109,7 +109,7 @@ class ChosenFeed final : public RowFeed {
 class LayerCursor : public IFeatureCursor {
  public:
   LayerCursor(std::shared_ptr<LayerClass> owner, std::unique_ptr<RowFeed> feed, const QueryFilter* filter,
-              bool recycling)
+              Recycling recycling)
       : owner_(std::move(owner)),
         traits_(owner_->Traits()),
         feed_(std::move(feed)),
@@ -120,12 +120,12 @@ class LayerCursor : public IFeatureCursor {
     QgsFeature feature;
     while (feed_ && feed_->Next(feature)) {
       if (!Matches(feature)) continue;
-      if (recycling_ && recycled_) {
+      if (recycling_ == Recycling::Yes && recycled_) {
         recycled_->Refill(feature);
         return recycled_;
       }
       auto row = std::make_shared<LayerRow>(traits_, feature, owner_);
-      if (recycling_) recycled_ = row;
+      if (recycling_ == Recycling::Yes) recycled_ = row;
       return row;
     }
     return nullptr;
@@ -155,7 +155,7 @@ class LayerCursor : public IFeatureCursor {
   std::shared_ptr<const LayerTraits> traits_;
   std::unique_ptr<RowFeed> feed_;
   GeometryRef region_;
-  bool recycling_;
+  Recycling recycling_;
   std::shared_ptr<LayerRow> recycled_;
 };
 
@@ -163,7 +163,7 @@ class LayerCursor : public IFeatureCursor {
 class WritingCursor final : public LayerCursor {
  public:
   WritingCursor(std::shared_ptr<LayerClass> owner, std::unique_ptr<RowFeed> feed, const QueryFilter* filter,
-                bool recycling, std::size_t batch_size)
+                Recycling recycling, std::size_t batch_size)
       : LayerCursor(std::move(owner), std::move(feed), filter, recycling),
         provider_(Provider()),
         selected_(Owner().Layer().selectedFeatureIds()),
@@ -259,14 +259,15 @@ class InsertingCursor final : public IFeatureCursor {
 
 }  // namespace
 
-std::shared_ptr<IFeatureCursor> LayerClass::OpenReader(const QueryFilter* filter, bool recycling) {
+std::shared_ptr<IFeatureCursor> LayerClass::OpenReader(const QueryFilter* filter, Recycling recycling) {
   if (stored_) return stored_->Search(filter, recycling);
   auto feed = std::make_unique<WholeFeed>(Layer(), RequestOf(filter, Layer()));
   return std::make_shared<LayerCursor>(shared_from_this(), std::move(feed), filter, recycling);
 }
 
 std::shared_ptr<IFeatureCursor> LayerClass::OpenChosen(std::vector<QgsFeatureId> oids, const QueryFilter* filter,
-                                                       bool recycling, bool writing) {
+                                                       Recycling recycling, ChosenFor purpose) {
+  const bool writing = purpose == ChosenFor::Writing;
   if (stored_) {
     const auto rows = Cast<ISelectionSet2>(SelectByOids(stored_, {oids.begin(), oids.end()}));
     return Cast<IFeatureCursor>(writing ? rows->Update(filter, recycling) : rows->Search(filter, recycling));
@@ -292,7 +293,7 @@ std::shared_ptr<IFeatureCursor> LayerClass::OpenChosen(std::vector<QgsFeatureId>
   return std::make_shared<LayerCursor>(shared_from_this(), std::move(feed), filter, recycling);
 }
 
-std::shared_ptr<IFeatureCursor> LayerClass::OpenUpdater(const QueryFilter* filter, bool recycling) {
+std::shared_ptr<IFeatureCursor> LayerClass::OpenUpdater(const QueryFilter* filter, Recycling recycling) {
   if (stored_) return stored_->Update(filter, recycling);
   QgsFeatureRequest request = RequestOf(filter, Layer());
   if (Layer().isEditable()) {

@@ -163,7 +163,7 @@ void MenuBar::AddMeasureTool() {
   action->setStatusTip(Translated("Distances, azimuths and areas of places that are clicked on the map"));
   action->setCheckable(true);
   toolbar_->addAction(action);
-  // Behind what the suite defines, and beside the program's own measuring tools.
+  // After what the suite defines, and beside the program's own measuring tools.
   if (!roots_.empty() && roots_.front()) {
     roots_.front()->addSeparator();
     roots_.front()->addAction(action);

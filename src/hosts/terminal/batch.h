@@ -23,10 +23,10 @@ enum class OneIntoFolder {
 };
 
 /// Runs it for each source in turn. One source is run as it stands, but for the folder. Several print one line each and
-/// a table at the end, go on behind one that failed, and end with `Failed` if any did, or `Refused` if all were
-/// refused; their output is a folder, or nothing for commands that work in place. There each bears the name of its
+/// a table at the end, go on after one that failed, and end with `Failed` if any did, or `Refused` if all were
+/// refused; their output is a folder, or null for commands that work in place. There each bears the name of its
 /// source, in the format that is asked for, or that of the source, or GeoPackage. Each
-/// has a report of its own, with its name behind that of the report file.
+/// has a report of its own, with its name after that of the report file.
 [[nodiscard]] ExitStatus RunOverSources(const std::vector<std::string>& sources, const OutputOptions& output,
                                         const CommonOptions& common, OneIntoFolder one, const RunOnSource& run);
 

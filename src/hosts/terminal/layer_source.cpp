@@ -90,7 +90,7 @@ std::shared_ptr<DocumentFeatureLayer> AddSource(MapDocument& document, const Sou
   return result;
 }
 
-// Addresses and connections have colons of their own: a layer stands behind the last one where nothing of either can.
+// Addresses and connections have colons of their own: a layer stands after the last one where nothing of either can.
 void SplitRemote(std::string& path, std::string& layer) {
   const std::size_t colon = path.rfind(':');
   const std::string behind = colon == std::string::npos ? "" : path.substr(colon + 1);
@@ -110,7 +110,7 @@ void Select(DocumentFeatureLayer& layer, const SourceOptions& options) {
   if (!options.box.empty()) filter.Geometry = BoxShape(ParseBox("--bbox", options.box));
   const std::shared_ptr<IFeatureClass> features = layer.FeatureClass();
   std::vector<std::int64_t> oids;
-  const auto cursor = features->Search(&filter, true);
+  const auto cursor = features->Search(&filter, Recycling::Yes);
   while (const auto feature = cursor->NextFeature()) oids.push_back(feature->OID());
   if (oids.empty()) {
     throw Refusal("No record of '" + layer.Name() + "' " +

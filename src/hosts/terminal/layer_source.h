@@ -38,11 +38,11 @@ void AddSourceOptions(CLI::App& command, SourceOptions& options);
 /// `--where` and `--bbox` become its selection. Raises `Refusal`, which names what is wrong and the way out.
 [[nodiscard]] std::shared_ptr<DocumentFeatureLayer> TakeLayer(MapDocument& document, const SourceOptions& options);
 
-/// The name, or with a number behind it one that no layer of the document bears: forms know layers by their names.
+/// The name, or with a number after it one that no layer of the document bears: forms know layers by their names.
 [[nodiscard]] std::string FreeLayerName(const MapDocument& document, const std::string& name);
 
 /// "PATH:LAYER" and "NAME.gdb[/DATASET]/CLASS", where there is nothing of the whole name: split at the first colon
-/// behind what exists, or else behind the geodatabase.
+/// after what exists, or else after the geodatabase.
 void SplitSource(const std::string& text, std::string& path, std::string& layer);
 
 }  // namespace tessarine

@@ -55,7 +55,7 @@ class OutputText {
     return format != nullptr && format->server;
   }
 
-  // The table stands behind the last colon.
+  // The table stands after the last colon.
   [[nodiscard]] NamedOutput OnServer() const {
     const Format& format = *FormatOfName("PostgreSQL");
     const std::size_t colon = text_.rfind(':');

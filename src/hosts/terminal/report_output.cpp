@@ -17,6 +17,7 @@
 #include "hosts/terminal/refusal.h"
 #include "outputs/output_place.h"
 #include "platform/paths.h"
+#include "platform/report_heads.h"
 #include "platform/rich_text.h"
 #include "platform/text_formats.h"
 
@@ -255,8 +256,7 @@ void WriteReportOfNoRun(const std::string& why, ExitStatus status, const CommonO
 }
 
 std::string PlainReport(const std::string& title, const std::vector<std::string>& sentences) {
-  std::string report = "{\\rtf1\\ansi{\\fonttbl{\\f0\\fswiss Arial;}}\\pard\\qc\\b\\f0\\fs16 " + EscapeRtf(title) +
-                       "\\par\r\n\\pard\\b0 ";
+  std::string report = ReportHead() + EscapeRtf(title) + "\\par\r\n\\pard\\b0 ";
   for (const std::string& sentence : sentences) report += EscapeRtf(sentence) + "\\par\r\n";
   return report + "}";
 }

@@ -20,14 +20,14 @@ class RowsOfClass final : public ClassOverClass, public IDatasetFiles {
   [[nodiscard]] std::int32_t FeatureCount(const QueryFilter* filter) const override {
     if (filter == nullptr) return rows_->Count();
     std::int32_t count = 0;
-    const auto cursor = rows_->Search(filter, true);
+    const auto cursor = rows_->Search(filter, Recycling::Yes);
     while (cursor->NextRow()) ++count;
     return count;
   }
-  [[nodiscard]] std::shared_ptr<IFeatureCursor> Search(const QueryFilter* filter, bool recycling) override {
+  [[nodiscard]] std::shared_ptr<IFeatureCursor> Search(const QueryFilter* filter, Recycling recycling) override {
     return Require(Cast<IFeatureCursor>(rows_->Search(filter, recycling)), "IFeatureCursor");
   }
-  [[nodiscard]] std::shared_ptr<IFeatureCursor> Update(const QueryFilter*, bool) override { RaiseReadOnly(); }
+  [[nodiscard]] std::shared_ptr<IFeatureCursor> Update(const QueryFilter*, Recycling) override { RaiseReadOnly(); }
   [[nodiscard]] std::shared_ptr<IFeatureCursor> Insert(bool) override { RaiseReadOnly(); }
   /// Nobody selects what isn't among the rows.
   [[nodiscard]] std::vector<LeftOutRecords> LeftOut() const override { return {}; }

@@ -29,7 +29,7 @@ void AddSpheroidOptions(CLI::App& command, SpheroidOptions& options);
 /// set: it knows where the custom file lies.
 [[nodiscard]] std::optional<ChosenSpheroid> ChooseSpheroid(const SpheroidOptions& options);
 
-/// " Near are: ..." or a hint at the list, to stand behind a refusal.
+/// " Near are: ..." or a hint at the list, to stand after a refusal.
 [[nodiscard]] std::string NearSpheroidsHint(const std::string& text, const std::vector<NamedSpheroid>& spheroids);
 
 }  // namespace tessarine

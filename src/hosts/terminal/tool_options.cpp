@@ -182,7 +182,7 @@ class OptionAdder {
 
   void AddOutput(const ToolParameter& parameter) {
     AddPlace(parameter);
-    // The format's option stands behind the reference's, where a parameter is that.
+    // The format's option stands after the reference's, where a parameter is that.
     if (spec_.reference == ToolReference::Chosen) return;
     AddFormatOption(command_, options_.output);
     if (spec_.reference == ToolReference::SourceAlone) {

@@ -46,7 +46,7 @@ std::vector<std::string> OptionNames(const CLI::App& app) {
 
 std::string Suggestion(const std::string& nearest) { return nearest.empty() ? "" : " Did you mean '" + nearest + "'?"; }
 
-// The command that the words lead to, as deep as they are known; `next` is the first word behind it.
+// The command that the words lead to, as deep as they are known; `next` is the first word after it.
 const CLI::App& CommandOf(const CLI::App& program, const std::vector<std::string>& words, std::size_t& next) {
   const CLI::App* command = &program;
   for (next = 0; next < words.size(); ++next) {

@@ -56,7 +56,7 @@ QIcon IconOf(const CatalogItem& item) {
   }
 }
 
-// The part behind the last separator, of either kind.
+// The part after the last separator, of either kind.
 std::string LastPart(const std::string& path) {
   const std::size_t at = path.find_last_of("\\/");
   return at == std::string::npos ? path : path.substr(at + 1);

@@ -37,7 +37,7 @@ struct CatalogItem {
            kind == CatalogKind::PersonalGeodatabase || kind == CatalogKind::FeatureDataset ||
            kind == CatalogKind::Container;
   }
-  /// The path that a person reads: the geodatabase's, the dataset and the name behind each other.
+  /// The path that a person reads: the geodatabase's, the dataset and the name after each other.
   [[nodiscard]] std::string DisplayPath() const;
   /// "Folder", "File Geodatabase Feature Dataset" and so on.
   [[nodiscard]] std::string Category() const;

@@ -15,7 +15,7 @@ class ErrorWindow final : public QDialog {
 
   /// Shows the window above `front`, the one that the user has before him, if any; it stays where that one closes.
   void OpenAbove(const QWidget* front);
-  /// Puts a report behind those that stand. The window blocks the others, not the caller.
+  /// Puts a report after those that stand. The window blocks the others, not the caller.
   void Add(const QString& report);
 
  private:

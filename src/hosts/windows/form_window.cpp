@@ -133,7 +133,7 @@ void FormWindow::OrderTabs() {
       if (auto* label = qobject_cast<QLabel*>(view->Widget())) labels.push_back(label);
       continue;
     }
-    // The mnemonic of a label leads to the box or list behind it.
+    // The mnemonic of a label leads to the box or list after it.
     if (!labels.empty() && view->HoldsText()) labels.back()->setBuddy(view->Widget());
     labels.clear();
     if (before != nullptr) setTabOrder(before, view->Widget());

@@ -26,7 +26,7 @@ namespace tessarine {
 /// stays in view, and what is above it scrolls.
 class FormWindow final : public QDialog {
  public:
-  /// The room is what the window may take; nothing stands for the screen.
+  /// The room is what the window may take; null stands for the screen.
   FormWindow(Form& form, QWidget* parent, QSize room = {});
   ~FormWindow() override;
 

@@ -13,7 +13,7 @@ namespace tessarine {
 void FillDocument(QTextDocument& document, const RichText& text, const QString& font_family, double scale);
 
 enum class AppendedTo { LastLine, NewLine };
-/// Puts text behind what the document holds, in time of the text's length alone.
+/// Puts text after what the document holds, in time of the text's length alone.
 void AppendToDocument(QTextDocument& document, const RichText& text, AppendedTo place, const QString& font_family,
                       double scale);
 

@@ -105,7 +105,7 @@ class RichTextView final : public ControlView {
     return box_.TextRTF().starts_with(HeadOfPlainText()) ? text : InLanguage(text, box_);
   }
 
-  // A log grows line by line: what stands is left alone. False where the text isn't the shown one with more behind it.
+  // A log grows line by line: what stands is left alone. False where the text isn't the shown one with more after it.
   bool AppendWhatIsNew(double scale) {
     const std::string& head = HeadOfPlainText();
     const std::string& rtf = box_.TextRTF();

@@ -28,7 +28,7 @@ class TextPattern {
   /// How many characters stand between the places: the more, the more a fit says.
   [[nodiscard]] int Weight() const { return weight_; }
 
-  /// The translation of a text that was made by the pattern, with what stands for its places; nothing where it wasn't
+  /// The translation of a text that was made by the pattern, with what stands for its places; null where it wasn't
   /// made by it. Each place takes as little as it can.
   [[nodiscard]] std::optional<QString> Translate(const QString& text, const Translator& translate) const;
 

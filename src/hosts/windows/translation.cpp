@@ -87,7 +87,7 @@ class Language {
     return has_any ? whole : QString();
   }
 
-  // The place behind it; the first one where none is known.
+  // The place after it; the first one where none is known.
   [[nodiscard]] std::size_t BehindLongestKnown(const QString& line, const std::vector<int>& begins,
                                                std::size_t first) const {
     for (std::size_t behind = begins.size() - 1; behind > first; --behind) {

@@ -15,7 +15,7 @@ namespace tessarine {
 
 class WindowForms final : public IFormHost {
  public:
-  /// The window may be nothing; then dialogs stand on their own.
+  /// The window may be null; then dialogs stand on their own.
   explicit WindowForms(QWidget* main_window);
   ~WindowForms() override;
   WindowForms(const WindowForms&) = delete;

@@ -33,7 +33,7 @@ std::shared_ptr<IFeatureLayer> HostContract::Layer(const std::string& name) cons
 std::vector<std::int64_t> HostContract::Oids(IFeatureClass& features, const std::string& names) {
   std::vector<std::int64_t> oids;
   const std::int32_t field = features.FindField("name");
-  const auto cursor = features.Search(nullptr, true);
+  const auto cursor = features.Search(nullptr, Recycling::Yes);
   while (const auto row = cursor->NextFeature()) {
     if (names.find(row->Value(field).AsText()) != std::string::npos) oids.push_back(row->OID());
   }
@@ -127,12 +127,12 @@ TEST_P(HostContract, SelectedRowsInTheOrderOfTheirIdentifiers) {
   ASSERT_NE(selection, nullptr);
   EXPECT_EQ(selection->Count(), 2);
   EXPECT_EQ(host_->Map()->SelectionCount(), 2);
-  EXPECT_EQ(Names(*selection->Search(nullptr, true), name), "a c ");
+  EXPECT_EQ(Names(*selection->Search(nullptr, Recycling::Yes), name), "a c ");
   QueryFilter filter;
   filter.WhereClause = "size > 1";
-  EXPECT_EQ(Names(*selection->Search(&filter, true), name), "c ");
+  EXPECT_EQ(Names(*selection->Search(&filter, Recycling::Yes), name), "c ");
 
-  const auto cursor = selection->Update(nullptr, false);
+  const auto cursor = selection->Update(nullptr, Recycling::No);
   while (const auto row = cursor->NextRow()) {
     row->SetValue(size, 10.0 * row->Value(size).AsDouble());
     cursor->UpdateRow(row);
@@ -163,11 +163,11 @@ TEST_P(HostContract, TablesStandBesideTheLayers) {
   EXPECT_EQ(table->Fields()->Field(0)->Type, esriFieldTypeOID);
   EXPECT_EQ(name, 1) << "there is no shape field";
   EXPECT_EQ(table->RowCount(nullptr), 2);
-  EXPECT_EQ(Names(*table->SearchRows(nullptr, true), name), "ann bob ");
+  EXPECT_EQ(Names(*table->SearchRows(nullptr, Recycling::Yes), name), "ann bob ");
 
   QueryFilter filter;
   filter.WhereClause = "name = 'bob'";
-  const auto cursor = table->UpdateRows(&filter, false);
+  const auto cursor = table->UpdateRows(&filter, Recycling::No);
   const auto row = cursor->NextRow();
   row->SetValue(name, "robert");
   cursor->UpdateRow(row);

@@ -15,7 +15,7 @@ TEST_P(HostContract, CursorsReadWhatTheFilterTakes) {
   OpenTowns();
   const auto towns = Class("towns");
   const std::int32_t name = towns->FindField("name"), size = towns->FindField("size");
-  const auto names = [&](const QueryFilter* filter) { return Names(*towns->Search(filter, true), name); };
+  const auto names = [&](const QueryFilter* filter) { return Names(*towns->Search(filter, Recycling::Yes), name); };
   EXPECT_EQ(names(nullptr), "a b c d ");
 
   QueryFilter filter;
@@ -37,7 +37,7 @@ TEST_P(HostContract, CursorsReadWhatTheFilterTakes) {
   }
   QueryFilter narrow;
   narrow.SubFields = "NAME, Shape";
-  const auto row = towns->Search(&narrow, true)->NextFeature();
+  const auto row = towns->Search(&narrow, Recycling::Yes)->NextFeature();
   EXPECT_EQ(row->Value(name).AsText(), "a");
   EXPECT_TRUE(row->Value(size).IsNull()) << "left out";
   EXPECT_FALSE(row->Shape()->IsEmpty());
@@ -47,14 +47,14 @@ TEST_P(HostContract, RowsOfACursor) {
   OpenTowns();
   const auto towns = Class("towns");
   const std::int32_t name = towns->FindField("name");
-  const auto recycling = towns->Search(nullptr, true);
+  const auto recycling = towns->Search(nullptr, Recycling::Yes);
   const auto first = recycling->NextFeature();
   const auto shape = first->Shape();
   EXPECT_EQ(recycling->NextFeature(), first);
   EXPECT_EQ(first->Value(name).AsText(), "b");
   EXPECT_EQ(Cast<Point>(shape)->X(), 0.0) << "a shape taken before stays as it was";
 
-  auto keeping = towns->Search(nullptr, false);
+  auto keeping = towns->Search(nullptr, Recycling::No);
   const auto a = keeping->NextFeature(), b = keeping->NextFeature();
   while (keeping->NextFeature()) {
   }
@@ -91,7 +91,7 @@ TEST_P(HostContract, ShapesKeepTheirPartsAndRunTheRightWay) {
               {{"MULTILINESTRING ((0 0,1 1,2 0),(5 5,6 6))", "a"}, {"MULTILINESTRING ((1 2,3 4))", "b"}}});
   host_->OpenLayer(FileOf("areas"), "areas", "");
   host_->OpenLayer(FileOf("lines"), "lines", "");
-  const auto area = Cast<Polygon>(Class("areas")->Search(nullptr, true)->NextFeature()->Shape());
+  const auto area = Cast<Polygon>(Class("areas")->Search(nullptr, Recycling::Yes)->NextFeature()->Shape());
   ASSERT_EQ(area->GeometryCount(), 3);
   EXPECT_EQ(area->SpatialReference()->FactoryCode(), 4326);
   // 100 less the hole of 4, and half of 5 by 5.
@@ -99,7 +99,7 @@ TEST_P(HostContract, ShapesKeepTheirPartsAndRunTheRightWay) {
   std::vector<double> rings;
   for (const auto& part : area->Parts()) rings.push_back(Cast<Ring>(part)->Area());
   EXPECT_THAT(rings, ::testing::UnorderedElementsAre(100.0, -4.0, 12.5));
-  const auto cursor = Class("lines")->Search(nullptr, true);
+  const auto cursor = Class("lines")->Search(nullptr, Recycling::Yes);
   const auto line = Cast<Polyline>(cursor->NextFeature()->Shape());
   ASSERT_EQ(line->GeometryCount(), 2);
   EXPECT_THAT(line->Parts()[0]->Vertices(), ::testing::ElementsAre(XY{0, 0}, XY{1, 1}, XY{2, 0}));
@@ -123,7 +123,7 @@ TEST_P(HostContract, FieldsAreAddedAndFilledInPlace) {
   const std::int32_t first = towns->FindField("measure"), second = towns->FindField("COUNT");
   ASSERT_TRUE(first == 4 && second == 5);
 
-  const auto cursor = towns->Update(nullptr, false);
+  const auto cursor = towns->Update(nullptr, Recycling::No);
   std::int32_t number = 0;
   while (const auto row = cursor->NextFeature()) {
     EXPECT_TRUE(row->Value(first).IsNull());
@@ -166,7 +166,7 @@ TEST_P(HostContract, AttributesBearAnyNameAndKeepTheirValues) {
   WriteRoles(GetParam().driver, FileOf("roles"));
   host_->OpenLayer(FileOf("roles"), "roles", "");
   const auto roles = Class("roles");
-  const auto row = roles->Search(nullptr, false)->NextFeature();
+  const auto row = roles->Search(nullptr, Recycling::No)->NextFeature();
   EXPECT_EQ(row->Value(roles->FindField("shape")).AsText(), "round");
   EXPECT_EQ(row->Value(roles->FindField("OBJECTID")).AsLong(), 501);
   EXPECT_EQ(Cast<Point>(row->Shape())->Y(), 2.0);
@@ -202,7 +202,7 @@ TEST_P(HostContract, RowsAreChangedInsertedAndDeleted) {
   {
     QueryFilter filter;
     filter.WhereClause = "name = 'b'";
-    const auto cursor = towns->Update(&filter, true);
+    const auto cursor = towns->Update(&filter, Recycling::Yes);
     const auto row = cursor->NextFeature();
     row->SetShape(std::make_shared<Point>(50, 60));
     cursor->UpdateFeature(row);
@@ -215,7 +215,8 @@ TEST_P(HostContract, RowsAreChangedInsertedAndDeleted) {
   EXPECT_EQ(row->SetValue(size, "twelve"), ValueChange::Unreadable);
   EXPECT_TRUE(row->Value(size).IsNull());
   EXPECT_EQ(FaultOf([&] { row->SetValue(0, 5); }), kInvalidCall) << "the identifier";
-  EXPECT_EQ(FaultOf([&] { towns->Search(nullptr, true)->UpdateRow(row); }), kInvalidCall) << "a reader writes nothing";
+  EXPECT_EQ(FaultOf([&] { towns->Search(nullptr, Recycling::Yes)->UpdateRow(row); }), kInvalidCall)
+      << "a reader writes nothing";
   {
     const auto cursor = towns->Insert(true);
     const auto buffer = towns->CreateFeatureBuffer();
@@ -236,7 +237,7 @@ TEST_P(HostContract, RowsAreChangedInsertedAndDeleted) {
   EXPECT_EQ(rows[4].wkt, "POINT (7.5 8)");
   EXPECT_EQ(rows[4].name, "e");
   towns->GetFeature(Oids(*towns, "e").front())->Delete();
-  EXPECT_EQ(Names(*towns->Search(nullptr, true), name), "a b c d ");
+  EXPECT_EQ(Names(*towns->Search(nullptr, Recycling::Yes), name), "a b c d ");
 }
 
 // Rows are read and written in batches of a few thousand.
@@ -261,18 +262,18 @@ TEST_P(HostContract, MoreRowsThanABatchHolds) {
     cursor->Close();
     return count;
   };
-  EXPECT_EQ(add(many->Update(nullptr, false), 10000, kCount), kCount);
+  EXPECT_EQ(add(many->Update(nullptr, Recycling::No), 10000, kCount), kCount);
   std::vector<std::int64_t> even;
-  const auto reader = many->Search(nullptr, true);
+  const auto reader = many->Search(nullptr, Recycling::Yes);
   while (const auto row = reader->NextFeature()) {
     if (std::fmod(row->Value(size).AsDouble(), 2.0) == 0.0) even.push_back(row->OID());
   }
   host_->SelectRows("many", even);
   const auto selection = Cast<ISelectionSet2>(Cast<IFeatureSelection>(Layer("many"))->SelectionSet());
-  EXPECT_EQ(add(Cast<ICursor>(selection->Update(nullptr, false)), 10000, kCount), kCount / 2 + 1);
+  EXPECT_EQ(add(Cast<ICursor>(selection->Update(nullptr, Recycling::No)), 10000, kCount), kCount / 2 + 1);
   // Half done, it keeps what was written until then.
   constexpr std::int32_t kSome = 5500;
-  EXPECT_EQ(add(many->Update(nullptr, false), 100000, kSome), kSome);
+  EXPECT_EQ(add(many->Update(nullptr, Recycling::No), 100000, kSome), kSome);
 
   const std::vector<TestRow> written = ReadLayer(FileOf("many"));
   ASSERT_EQ(written.size(), static_cast<std::size_t>(kCount));

@@ -43,7 +43,7 @@ std::unique_ptr<QgsVectorLayer> PointsInMemory() {
 
 std::string Sizes(IFeatureClass& features, const QueryFilter* filter = nullptr) {
   std::string sizes;
-  const auto cursor = features.Search(filter, true);
+  const auto cursor = features.Search(filter, Recycling::Yes);
   while (const auto row = cursor->NextFeature()) {
     sizes += std::to_string(row->Value(features.FindField("size")).AsLong()) + " ";
   }
@@ -61,7 +61,7 @@ TEST(LayerClass, TheLayersFilterRestrictsWhatThereIs) {
   filter.WhereClause = "size > 1";
   EXPECT_EQ(Sizes(*features, &filter), "3 ");
 
-  const auto cursor = features->Update(nullptr, true);
+  const auto cursor = features->Update(nullptr, Recycling::Yes);
   while (const auto row = cursor->NextFeature()) {
     row->SetValue(features->FindField("size"), row->Value(features->FindField("size")).AsLong() * 10);
     cursor->UpdateFeature(row);
@@ -145,8 +145,8 @@ TEST(LayerClass, ChangesOfALayerThatIsEditedAreOneCommandOfTheUsers) {
   const FieldRef added[] = {NewDouble("ten")};
   features->AddFields(added);
   EXPECT_TRUE(features->Fields()->Field(features->FindField("ten"))->Editable);
-  Multiply(*features, "ten", features->Update(nullptr, false));
-  Multiply(*features, "size", features->Update(nullptr, false));
+  Multiply(*features, "ten", features->Update(nullptr, Recycling::No));
+  Multiply(*features, "size", features->Update(nullptr, Recycling::No));
   edit->Finish();
 
   EXPECT_EQ(layer->undoStack()->count(), 3) << "the user's two, and ours";
@@ -183,7 +183,7 @@ TEST(LayerClass, AnEditThatIsGivenUpOrChangesNothingLeavesNoCommand) {
   EXPECT_FALSE(layer->undoStack()->canUndo());
 
   edit = features->BeginEdit();
-  Multiply(*features, "size", features->Update(nullptr, false));
+  Multiply(*features, "size", features->Update(nullptr, Recycling::No));
   edit = nullptr;
   EXPECT_EQ(layer->undoStack()->count(), 1) << "let go, it keeps what was written";
   EXPECT_EQ(Sizes(*features), "10 20 30 ");
@@ -211,7 +211,7 @@ TEST(LayerClass, RowsGoInBatches) {
   for (const qgis::RowBatches batches : {qgis::RowBatches{1, 2}, qgis::RowBatches{2, 1}, qgis::RowBatches{2, 3}}) {
     const auto features = std::make_shared<qgis::LayerFeatures>(*layer, batches);
     const std::int32_t size = features->FindField("size");
-    const auto cursor = features->Update(nullptr, false);
+    const auto cursor = features->Update(nullptr, Recycling::No);
     std::string stored;
     while (const auto row = cursor->NextFeature()) {
       row->SetValue(size, row->Value(size).AsLong() + 1);
@@ -232,7 +232,7 @@ TEST(LayerClass, ALayerThatCanOnlyBeReadTakesNoChanges) {
   const auto features = std::make_shared<qgis::LayerFeatures>(*layer);
   layer->setReadOnly(true);
   EXPECT_FALSE(features->CanBypassEditSession());
-  EXPECT_EQ(FaultOf([&] { (void)features->Update(nullptr, true); }), kEngine);
+  EXPECT_EQ(FaultOf([&] { (void)features->Update(nullptr, Recycling::Yes); }), kEngine);
 }
 
 // What is read is what the user sees: unsaved edits too.
@@ -251,7 +251,7 @@ TEST(LayerClass, WritingKeepsTheSelection) {
   const auto layer = PointsInMemory();
   const auto features = std::make_shared<qgis::LayerFeatures>(*layer);
   layer->selectByIds({1, 3});
-  const auto cursor = features->Update(nullptr, true);
+  const auto cursor = features->Update(nullptr, Recycling::Yes);
   while (const auto row = cursor->NextFeature()) {
     row->SetValue(features->FindField("size"), 7);
     cursor->UpdateFeature(row);
@@ -293,9 +293,9 @@ TEST(LayerClass, WithinAnEditAFileIsChangedItself) {
     const FieldRef added[] = {NewDouble("ten"), NewDouble("hundred")};
     features->AddFields(added);
     ASSERT_GE(features->FindField("hundred"), 0);
-    Multiply(*features, "ten", features->Update(nullptr, false));
+    Multiply(*features, "ten", features->Update(nullptr, Recycling::No));
     qgis::LayerSelection selection(features);
-    Multiply(*features, "hundred", Cast<IFeatureCursor>(selection.Update(nullptr, false)));
+    Multiply(*features, "hundred", Cast<IFeatureCursor>(selection.Update(nullptr, Recycling::No)));
     edit->Finish();
 
     EXPECT_EQ(layer->selectedFeatureCount(), 1);
@@ -345,7 +345,7 @@ TEST(LayerClass, RowsThatCanNotBeWrittenAreToldOnce) {
   int messages = 0;
   QObject::connect(layer->dataProvider(), &QgsVectorDataProvider::raiseError, layer.get(), [&] { ++messages; });
   const auto features = std::make_shared<qgis::LayerFeatures>(*layer);
-  const auto cursor = features->Update(nullptr, false);
+  const auto cursor = features->Update(nullptr, Recycling::No);
   while (const auto row = cursor->NextFeature()) {
     row->SetValue(features->FindField("size"), 7);
     cursor->UpdateFeature(row);
@@ -367,7 +367,7 @@ TEST(LayerClass, ALayerWhoseFileHasGone) {
     std::filesystem::remove(folder.Native(std::string("points") + ending));
     EXPECT_FALSE(shown.Valid());
     for (const auto& touch : std::vector<std::function<void()>>{
-             [&] { (void)features->FeatureCount(nullptr); }, [&] { (void)features->Search(nullptr, true); },
+             [&] { (void)features->FeatureCount(nullptr); }, [&] { (void)features->Search(nullptr, Recycling::Yes); },
              [&] { (void)features->BeginEdit(); }, [&] { (void)features->Fields(); },
              [&] { (void)shown.FeatureClass()->Extent(); }, [&] { (void)shown.SelectionSet(); }}) {
       EXPECT_EQ(FaultOf(touch), kPathNotFound) << ending;
