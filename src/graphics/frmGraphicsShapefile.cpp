@@ -10,7 +10,6 @@
 #include "platform/trap.h"
 #include "support/aml_func_mod.h"
 #include "support/frmReport_modal.h"
-#include "support/manual.h"
 
 namespace tessarine {
 namespace {
@@ -19,7 +18,22 @@ using namespace MyGeneralOperations;
 
 constexpr std::int32_t kModeColor = 0xC2C2C2;
 
+void ReadTypedPlace(const std::string& text, OutputPlace& place) {
+  if (place.format != nullptr && !place.format->HasOwnWorkspace()) {
+    if (text == place.Path()) return;
+    // What the box names is the kind, until it names another.
+    place.format = FormatOfKind(kShapefile);
+  }
+  if (!FollowNamedFormat(text, place)) place = PlaceAtPath(text, place.Kind(), place.dataset);
+}
+
 }  // namespace
+
+frmGraphicsShapefile::frmGraphicsShapefile() : OutputForm("frmGraphicsShapefile", ReadTypedPlace, "cmdHelp") {
+  SetTexts();
+  LayOut();
+  SetEvents();
+}
 
 void frmGraphicsShapefile::SetArcApplication(const std::shared_ptr<IApplication>& application) {
   Trap("ArcApplication", [&] {
@@ -32,8 +46,8 @@ void frmGraphicsShapefile::SetArcApplication(const std::shared_ptr<IApplication>
 }
 
 void frmGraphicsShapefile::Form_Load() {
+  OutputForm::Form_Load();
   Trap("Form_Load", [this] {
-    SetTopmost(true);
     const IFormHost& screen = Host().Forms();
     MoveTo(2 * screen.ScreenWidth() / 3 - 2 * Width() / 3, 2 * screen.ScreenHeight() / 3 - Height() / 3);
     SetAnchors();
@@ -49,7 +63,7 @@ void frmGraphicsShapefile::Form_Load() {
     const SpatialReferenceRef map_reference = document_->FocusMap()->SpatialReference();
     reference_ = IsKnown(map_reference) ? map_reference : nullptr;
     ShowReference();
-    ShowOutput(ProposeOutput(*extension_, application_, kGraphicsOutput));
+    output_.Show(ProposeOutput(*extension_, application_, kGraphicsOutput));
     optNew.SetBackColor(kModeColor);
     optConvert.SetBackColor(kModeColor);
     CheckEnable();
@@ -109,23 +123,6 @@ void frmGraphicsShapefile::ShowReference() {
                       (reference_ ? Replace(reference_->Name(), "&", "&&") : "<-- No Spatial Reference Set -->"));
 }
 
-void frmGraphicsShapefile::ShowOutput(OutputPlace place) {
-  // The text's own change event reads the path as typed; what is known of the place comes after it.
-  txtOutput.SetText(place.Path());
-  output_ = std::move(place);
-}
-
-OutputPlace frmGraphicsShapefile::TypedPlace() const {
-  OutputPlace place = output_;
-  if (place.format != nullptr && !place.format->HasOwnWorkspace()) {
-    if (txtOutput.Text() == place.Path()) return place;
-    // What the box names is the kind, until it names another.
-    place.format = FormatOfKind(kShapefile);
-  }
-  if (FollowNamedFormat(txtOutput.Text(), place)) return place;
-  return PlaceAtPath(txtOutput.Text(), place.Kind(), place.dataset);
-}
-
 void frmGraphicsShapefile::chkSelected_Click() {
   Trap("chkSelected_Click", [this] {
     FillGraphicsListBox();
@@ -156,17 +153,17 @@ void frmGraphicsShapefile::cmdSpRef_Click() {
   });
 }
 
-void frmGraphicsShapefile::txtOutput_Change() {
-  Trap("txtOutput_Change", [this] { output_ = TypedPlace(); });
+void frmGraphicsShapefile::cmdGetWorkspace_Click() {
+  OutputPlace place = output_.Place();
+  if (!BrowseForOutput(txtOutput.Text(), place, kAnyGeodatabasePlace)) return;
+  if (place.Kind() == kShapefile) place.name = WithShapefileEnding(place.name);
+  output_.Show(std::move(place));
 }
 
-void frmGraphicsShapefile::cmdGetWorkspace_Click() {
-  Trap("cmdGetWorkspace_Click", [this] {
-    OutputPlace place = output_;
-    if (!BrowseForOutput(txtOutput.Text(), place, kAnyGeodatabasePlace)) return;
-    if (place.Kind() == kShapefile) place.name = WithShapefileEnding(place.name);
-    ShowOutput(place);
-  });
+OutputPlace frmGraphicsShapefile::TypedPlace() const {
+  OutputPlace place = output_.Place();
+  ReadTypedPlace(txtOutput.Text(), place);
+  return place;
 }
 
 Arguments frmGraphicsShapefile::Chosen() const {
@@ -192,45 +189,29 @@ std::optional<Objection> frmGraphicsShapefile::ObjectionToChoice() const {
 }
 
 void frmGraphicsShapefile::cmdOK_Click() {
-  Trap("cmdOK_Click", [this] {
-    const Arguments arguments = Chosen();
-    RememberOutput(TypedPlace(), *extension_);
-    if (const auto objection = ObjectionToChoice()) {
-      const MessageAnswer answer =
-          Host().MessageBox().Show(objection->text, objection->title, MessageButtons::OkCancel);
-      if (answer != MessageAnswer::Ok) Unload();
-      return;
-    }
-    RunContext context = HostContext();
-    const GraphicsWork work = Host().PlanOnly() ? GraphicsWork::Plan : GraphicsWork::Run;
-    const std::string text = optConvert.Value() ? ConvertGraphics(context, arguments, application_, work)
-                                                : MakeEmptyClass(context, arguments, application_, work);
-    if (!text.empty()) {
-      Hide();
-      frmReport_modal report;
-      report.txtReport.SetTextRTF(text);
-      report.ShowModal();
-    }
-    Unload();
-  });
-}
-
-void frmGraphicsShapefile::cmdCancel_Click() {
-  Trap("cmdCancel_Click", [this] { Unload(); });
-}
-
-void frmGraphicsShapefile::cmdHelp_Click() {
-  Trap("cmdHelp_Click", [] { OpenManual(); });
-}
-
-void frmGraphicsShapefile::Form_Resize() {
-  Trap("Form_Resize", [this] { anchors_.DoAnchors(); });
+  const Arguments arguments = Chosen();
+  RememberOutput(TypedPlace(), *extension_);
+  if (const auto objection = ObjectionToChoice()) {
+    const MessageAnswer answer = Host().MessageBox().Show(objection->text, objection->title, MessageButtons::OkCancel);
+    if (answer != MessageAnswer::Ok) Unload();
+    return;
+  }
+  RunContext context = HostContext();
+  const GraphicsWork work = Host().PlanOnly() ? GraphicsWork::Plan : GraphicsWork::Run;
+  const std::string text = optConvert.Value() ? ConvertGraphics(context, arguments, application_, work)
+                                              : MakeEmptyClass(context, arguments, application_, work);
+  if (!text.empty()) {
+    Hide();
+    frmReport_modal report;
+    report.txtReport.SetTextRTF(text);
+    report.ShowModal();
+  }
+  Unload();
 }
 
 void frmGraphicsShapefile::Form_Unload() {
-  application_ = nullptr;
+  OutputForm::Form_Unload();
   document_ = nullptr;
-  extension_ = nullptr;
   reference_ = nullptr;
   graphics_.harvest.reset();
 }

@@ -10,15 +10,13 @@
 #include "graphics/graphics_tools.h"
 #include "platform/application.h"
 #include "platform/form.h"
-#include "session/clsExtension.h"
-#include "support/AnchorObjectList.h"
-#include "support/output_chooser.h"
+#include "support/output_form.h"
 
 namespace tessarine {
 
 /// Set up by `SetArcApplication`, then shown modally. The whole run happens behind OK: the class, the new layer and the
 /// report. The form stays open where the run ends in a fault.
-class frmGraphicsShapefile final : public Form {
+class frmGraphicsShapefile final : public OutputForm {
  public:
   frmGraphicsShapefile();
 
@@ -32,19 +30,14 @@ class frmGraphicsShapefile final : public Form {
   CheckBox chkSelected{*this, "chkSelected"};
   CommandButton cmdSpRef{*this, "cmdSpRef"};
   Label lblSpRef{*this, "lblSpRef"};
-  Label lblOutputName{*this, "lblOutputName"};
-  TextBox txtOutput{*this, "txtOutput"};
-  CommandButton cmdGetWorkspace{*this, "cmdGetWorkspace"};
-  CommandButton cmdHelp{*this, "cmdHelp"};
-  CommandButton cmdOK{*this, "cmdOK"};
-  CommandButton cmdCancel{*this, "cmdCancel"};
 
   void SetArcApplication(const std::shared_ptr<IApplication>& application);
 
  protected:
   void Form_Load() override;
-  void Form_Resize() override;
   void Form_Unload() override;
+  void cmdOK_Click() override;
+  void cmdGetWorkspace_Click() override;
 
  private:
   void chkSelected_Click();
@@ -52,11 +45,6 @@ class frmGraphicsShapefile final : public Form {
   void Mode_Click();
   void Shape_Click();
   void cmdSpRef_Click();
-  void txtOutput_Change();
-  void cmdGetWorkspace_Click();
-  void cmdOK_Click();
-  void cmdCancel_Click();
-  void cmdHelp_Click();
 
   void SetTexts();
   void SetEvents();
@@ -67,7 +55,6 @@ class frmGraphicsShapefile final : public Form {
   void OfferConversions();
   void OfferNoConversion(const char* line);
   void ShowReference();
-  void ShowOutput(OutputPlace place);
   void CheckEnable();
 
   [[nodiscard]] bool SelectedOnly() const { return chkSelected.Value() == CheckBox::kChecked; }
@@ -76,13 +63,9 @@ class frmGraphicsShapefile final : public Form {
   [[nodiscard]] Arguments Chosen() const;
   [[nodiscard]] std::optional<Objection> ObjectionToChoice() const;
 
-  std::shared_ptr<IApplication> application_;
   std::shared_ptr<IMxDocument> document_;
-  std::shared_ptr<clsExtension> extension_;
   GraphicsAtHand graphics_;
   SpatialReferenceRef reference_;  // of the output
-  OutputPlace output_;
-  AnchorObjectList anchors_;
 };
 
 }  // namespace tessarine

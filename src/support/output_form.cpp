@@ -7,8 +7,9 @@
 
 namespace tessarine {
 
-OutputForm::OutputForm(const std::string& name, MyGeneralOperations::OutputRow::Reader reader)
-    : Form(name), output_(txtOutput, reader) {
+OutputForm::OutputForm(const std::string& name, MyGeneralOperations::OutputRow::Reader reader,
+                       const std::string& manual)
+    : Form(name), cmdManual(*this, manual), output_(txtOutput, reader) {
   cmdGetWorkspace.SetToolTipText("Browse for Output Folder...");
   cmdGetWorkspace.PictureId = 201;
   cmdManual.SetCaption("Manual");
@@ -20,7 +21,7 @@ OutputForm::OutputForm(const std::string& name, MyGeneralOperations::OutputRow::
 
   txtOutput.Change = [this] { Trap("txtOutput_Change", [this] { output_.FollowText(); }); };
   cmdGetWorkspace.Click = [this] { Trap("cmdGetWorkspace_Click", [this] { cmdGetWorkspace_Click(); }); };
-  cmdManual.Click = [] { Trap("cmdManual_Click", [] { MyGeneralOperations::OpenManual(); }); };
+  cmdManual.Click = [event = manual + "_Click"] { Trap(event, [] { MyGeneralOperations::OpenManual(); }); };
   cmdOK.Click = [this] { Trap("cmdOK_Click", [this] { cmdOK_Click(); }); };
   cmdCancel.Click = [this] {
     Trap("cmdCancel_Click", [this] {
@@ -35,10 +36,11 @@ void OutputForm::PlaceOutputRow(const LowerEdge& edge) {
   lblOutputName.Move(7, edge.top, edge.width - 34, 9);
   txtOutput.Move(7, edge.top + 11, edge.width - 34, 13);
   cmdGetWorkspace.Move(edge.width - 23, edge.top + 10, 16, 15);
-  cmdManual.Move(7, edge.top + 32, 56, 14);
-  cmdOK.Move(edge.width - 123, edge.top + 32, 56, 14);
-  cmdCancel.Move(edge.width - 63, edge.top + 32, 56, 14);
-  SetSize(edge.width, edge.top + 53);
+  const double buttons = edge.top + edge.to_buttons;
+  cmdManual.Move(7, buttons, 56, 14);
+  cmdOK.Move(edge.width - 123, buttons, 56, 14);
+  cmdCancel.Move(edge.width - 63, buttons, 56, 14);
+  SetSize(edge.width, buttons + 21);
   SetMinimumSize(edge.least_width, edge.least_height);
 }
 

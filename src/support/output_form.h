@@ -19,12 +19,14 @@ class OutputForm : public Form {
   Label lblOutputName{*this, "lblOutputName"};
   TextBox txtOutput{*this, "txtOutput"};
   CommandButton cmdGetWorkspace{*this, "cmdGetWorkspace"};
-  CommandButton cmdManual{*this, "cmdManual"};
+  CommandButton cmdManual;
   CommandButton cmdOK{*this, "cmdOK"};
   CommandButton cmdCancel{*this, "cmdCancel"};
 
  protected:
-  OutputForm(const std::string& name, MyGeneralOperations::OutputRow::Reader reader);
+  /// `manual` is what the dialog calls the button that opens the manual.
+  OutputForm(const std::string& name, MyGeneralOperations::OutputRow::Reader reader,
+             const std::string& manual = "cmdManual");
 
   /// Opens above other windows and holds the row and the buttons at the lower edge.
   void Form_Load() override;
@@ -34,11 +36,12 @@ class OutputForm : public Form {
   virtual void cmdOK_Click() = 0;
   virtual void cmdGetWorkspace_Click() { output_.Browse(); }
   /// Takes back what an earlier OK left for the run; the go-ahead is taken back already.
-  virtual void ForgetChoices(clsExtension& extension) = 0;
+  virtual void ForgetChoices(clsExtension&) {}
 
-  /// The height of the row, and the sizes of the form, in its own units.
+  /// The height of the row, how far below it the buttons are, and the sizes of the form, in its own units.
   struct LowerEdge {
     double top, width, least_width, least_height;
+    double to_buttons = 32;
   };
   /// Places the row, the buttons below it, and the lower edge of the form.
   void PlaceOutputRow(const LowerEdge& edge);
