@@ -58,7 +58,7 @@ LineList RingsOf(const OGRGeometry& shape, Change&& change) {
 }
 
 bool AreValid(const LineList& rings) {
-  if (rings.size() == 1 && IsPlainRing(rings.front())) return true;
+  if (ArePlainRings(std::vector<std::span<const XY>>(rings.begin(), rings.end()))) return true;
   std::vector<Ring> paths;
   paths.reserve(rings.size());
   for (const std::vector<XY>& ring : rings) paths.emplace_back(ring);

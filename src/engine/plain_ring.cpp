@@ -2,8 +2,11 @@
 #include "engine/plain_ring.h"
 
 #include <algorithm>
+#include <cmath>
+#include <cstdint>
 #include <vector>
 
+#include "engine/box_tree.h"
 #include "engine/ring_sweep.h"
 #include "engine/turn.h"
 #include "platform/run_stop.h"
@@ -97,6 +100,33 @@ bool IsPlainRing(std::span<const XY> ring) {
     }
   }
   return true;
+}
+
+bool ArePlainRings(std::span<const std::span<const XY>> rings) {
+  struct Side {
+    std::uint32_t ring, index;
+  };
+  std::vector<Side> sides;
+  std::vector<Box> boxes;
+  for (std::uint32_t number = 0; number < rings.size(); ++number) {
+    const std::span<const XY> ring = rings[number];
+    if (ring.size() < 4 || ring.front() != ring.back()) return false;
+    for (std::uint32_t at = 0; at + 1 < ring.size(); ++at) {
+      const XY from = ring[at], to = ring[at + 1];
+      if (from == to || !std::isfinite(from.x) || !std::isfinite(from.y)) return false;
+      sides.push_back({number, at});
+      boxes.push_back(Box::Of(from, to));
+    }
+  }
+  const auto side_at = [&](const Side& side) {
+    const std::span<const XY> ring = rings[side.ring];
+    return RingSide{ring[side.index], ring[side.index + 1], side.index};
+  };
+  return BoxTree(boxes).PairsWhile([&](std::uint32_t first, std::uint32_t second) {
+    const Side a = sides[first], b = sides[second];
+    if (a.ring == b.ring) return !SidesMeet(side_at(a), side_at(b), rings[a.ring].size() - 1);
+    return !SidesTouch(side_at(a), side_at(b));
+  });
 }
 
 }  // namespace tessarine::engine

@@ -15,4 +15,10 @@ namespace tessarine::engine {
 /// that maps have. Beyond 64 comparisons for each side the sweep of `MeetsItself` takes over: n log n for any ring.
 [[nodiscard]] bool IsPlainRing(std::span<const XY> ring);
 
+/// True only for rings that are plain and that meet each other nowhere, whichever lies in which: the boundary of a
+/// valid area, by the even-odd rule. False leaves the question open, also for rings that touch at a place, and where a
+/// coordinate isn't finite. True of no ring at all. Sides are compared where their boxes meet: n log n, and these
+/// pairs.
+[[nodiscard]] bool ArePlainRings(std::span<const std::span<const XY>> rings);
+
 }  // namespace tessarine::engine

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // A polygon's rings by relation to each other: exterior rings, their holes, connected components.
 #include <algorithm>
+#include <optional>
 
 #include "engine/box_tree.h"
 #include "engine/geos_bridge.h"
+#include "engine/ring_nesting.h"
 #include "platform/fault.h"
 
 namespace tessarine {
@@ -28,7 +30,7 @@ std::vector<XY> ClosedVertices(const Path& ring) {
 // Finds the smallest exterior ring around a hole.
 class ExteriorSearch {
  public:
-  explicit ExteriorSearch(const std::vector<RingRef>& exteriors) : exteriors_(exteriors), vertices_(exteriors.size()) {
+  explicit ExteriorSearch(const std::vector<RingRef>& exteriors) : exteriors_(exteriors), outlines_(exteriors.size()) {
     std::vector<Box> boxes;
     boxes.reserve(exteriors.size());
     areas_.reserve(exteriors.size());
@@ -48,19 +50,19 @@ class ExteriorSearch {
     });
     const std::vector<XY> inner = ClosedVertices(hole);
     const auto found =
-        std::ranges::find_if(candidates, [&](std::uint32_t number) { return LiesWithin(inner, VerticesOf(number)); });
+        std::ranges::find_if(candidates, [&](std::uint32_t number) { return Outline(number).Encloses(inner); });
     return found == candidates.end() ? exteriors_.size() : *found;
   }
 
  private:
-  const std::vector<XY>& VerticesOf(std::uint32_t number) {
-    std::vector<XY>& vertices = vertices_[number];
-    if (vertices.empty()) vertices = ClosedVertices(*exteriors_[number]);
-    return vertices;
+  EnclosingRing& Outline(std::uint32_t number) {
+    std::optional<EnclosingRing>& outline = outlines_[number];
+    if (!outline) outline.emplace(ClosedVertices(*exteriors_[number]));
+    return *outline;
   }
 
   const std::vector<RingRef>& exteriors_;
-  std::vector<std::vector<XY>> vertices_;  // of the rings that were asked about
+  std::vector<std::optional<EnclosingRing>> outlines_;  // of the rings that were asked about
   std::vector<double> areas_;
   BoxTree tree_;
 };

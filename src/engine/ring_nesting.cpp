@@ -5,31 +5,14 @@
 #include <cmath>
 #include <cstdint>
 #include <functional>
+#include <limits>
 
-#include "engine/box_tree.h"
 #include "engine/turn.h"
 
 namespace tessarine::engine {
 namespace {
 
-enum class Location { Inside, Outside, Boundary };
-
 bool IsWithinBox(XY from, XY to, XY place) { return Box::Of(from, to).Meets(Box::Of(place)); }
-
-// By the crossings of a ray to the right with the ring's sides.
-Location Locate(XY place, std::span<const XY> ring) {
-  bool inside = false;
-  for (std::size_t at = 0; at + 1 < ring.size(); ++at) {
-    const XY from = ring[at], to = ring[at + 1];
-    if (std::max(from.y, to.y) < place.y || std::min(from.y, to.y) > place.y) continue;
-    if (std::max(from.x, to.x) < place.x) continue;
-    const int turn = Turn(from, to, place);
-    if (turn == 0 && IsWithinBox(from, to, place)) return Location::Boundary;
-    if ((from.y > place.y) == (to.y > place.y)) continue;
-    if ((turn > 0) == (to.y > from.y)) inside = !inside;
-  }
-  return inside ? Location::Inside : Location::Outside;
-}
 
 // On which hand of the way `before`, `at`, `after` a step from `at` leaves: 1 left, -1 right, 0 along the way.
 int HandOf(XY before, XY at, XY after, XY step) {
@@ -44,38 +27,13 @@ int HandOf(XY before, XY at, XY after, XY step) {
   return left ? 1 : -1;
 }
 
-// The hand of the ring at which a step from a place on it leaves.
-int HandOfStep(XY place, XY step, std::span<const XY> ring) {
-  for (std::size_t at = 0; at + 1 < ring.size(); ++at) {
-    const XY from = ring[at], to = ring[at + 1];
-    if (from == to || to == place || !IsWithinBox(from, to, place) || Turn(from, to, place) != 0) continue;
-    if (from != place) return Turn(from, to, step);
-    std::size_t before = at;
-    do {
-      before = (before == 0 ? ring.size() : before) - 1;
-    } while (ring[before] == place && before != at);
-    return HandOf(ring[before], place, to, step);
-  }
-  return 0;
-}
-
-// Of a ring whose vertices all lie on another.
-bool LeavesInwards(std::span<const XY> inner, std::span<const XY> outer) {
-  for (std::size_t at = 0; at + 1 < inner.size(); ++at) {
-    if (inner[at] == inner[at + 1]) continue;
-    const int hand = HandOfStep(inner[at], inner[at + 1], outer);
-    if (hand != 0) return (hand > 0) == RunsCounterClockwise(outer);
-  }
-  return false;
-}
-
 bool Covers(const Box& outer, const Box& inner) {
   return outer.xmin <= inner.xmin && outer.ymin <= inner.ymin && outer.xmax >= inner.xmax && outer.ymax >= inner.ymax;
 }
 
 struct Nested {
   const Path* ring;
-  std::vector<XY> vertices;
+  EnclosingRing outline;
   Box box;
   double area;
   std::size_t parent = 0;
@@ -89,7 +47,7 @@ std::vector<Nested> Prepare(const std::vector<const Path*>& rings) {
     std::vector<XY> vertices = DensifiedVertices(*ring);
     if (!vertices.empty() && vertices.front() != vertices.back()) vertices.push_back(vertices.front());
     const double area = std::fabs(ChordArea(vertices));
-    nested.push_back({ring, std::move(vertices), Box::Of(ring->Envelope()), area});
+    nested.push_back({ring, EnclosingRing(std::move(vertices)), Box::Of(ring->Envelope()), area});
   }
   return nested;
 }
@@ -105,15 +63,16 @@ void FindParents(std::vector<Nested>& nested) {
   std::vector<std::uint32_t> before;
   for (std::size_t rank = 0; rank < order.size(); ++rank) {
     Nested& inner = nested[order[rank]];
-    if (inner.vertices.empty()) continue;
+    const std::span<const XY> vertices = inner.outline.Vertices();
+    if (vertices.empty()) continue;
     before.clear();
-    tree.Meeting(Box::Of(inner.vertices.front()), [&](std::uint32_t other) {
+    tree.Meeting(Box::Of(vertices.front()), [&](std::uint32_t other) {
       if (other < rank) before.push_back(other);
     });
     std::ranges::sort(before, std::greater());
     for (const std::uint32_t candidate : before) {
-      const Nested& outer = nested[order[candidate]];
-      if (!Covers(outer.box, inner.box) || !LiesWithin(inner.vertices, outer.vertices)) continue;
+      Nested& outer = nested[order[candidate]];
+      if (!Covers(outer.box, inner.box) || !outer.outline.Encloses(vertices)) continue;
       inner.parent = order[candidate];
       inner.depth = outer.depth + 1;
       break;
@@ -135,17 +94,85 @@ bool RunsCounterClockwise(std::span<const XY> ring) {
   return Turn(vertices[previous], vertices[corner], vertices[next]) > 0;
 }
 
-bool LiesWithin(std::span<const XY> inner, std::span<const XY> outer) {
-  if (inner.size() < 2 || outer.size() < 4) return false;
+EnclosingRing::EnclosingRing(std::vector<XY> vertices) : vertices_(std::move(vertices)) {}
+
+// By the crossings of a ray to the right with the ring's sides.
+EnclosingRing::Location EnclosingRing::Locate(XY place) {
+  bool inside = false, boundary = false;
+  const Box ray{place.x, place.y, std::numeric_limits<double>::infinity(), place.y};
+  EachSide(ray, [&](std::size_t at) {
+    const XY from = vertices_[at], to = vertices_[at + 1];
+    const int turn = Turn(from, to, place);
+    if (turn == 0 && IsWithinBox(from, to, place)) boundary = true;
+    if ((from.y > place.y) != (to.y > place.y) && (turn > 0) == (to.y > from.y)) inside = !inside;
+    return !boundary;
+  });
+  if (boundary) return Location::Boundary;
+  return inside ? Location::Inside : Location::Outside;
+}
+
+int EnclosingRing::HandOfStep(XY place, XY step) {
+  std::optional<int> hand;
+  EachSide(Box::Of(place), [&](std::size_t at) {
+    const XY from = vertices_[at], to = vertices_[at + 1];
+    if (from == to || to == place || Turn(from, to, place) != 0) return true;
+    if (from != place) {
+      hand = Turn(from, to, step);
+      return false;
+    }
+    std::size_t before = at;
+    do {
+      before = (before == 0 ? vertices_.size() : before) - 1;
+    } while (vertices_[before] == place && before != at);
+    hand = HandOf(vertices_[before], place, to, step);
+    return false;
+  });
+  return hand.value_or(0);
+}
+
+bool EnclosingRing::HoldsStepsOf(std::span<const XY> inner) {
+  for (std::size_t at = 0; at + 1 < inner.size(); ++at) {
+    if (inner[at] == inner[at + 1]) continue;
+    const int hand = HandOfStep(inner[at], inner[at + 1]);
+    if (hand != 0) return (hand > 0) == RunsCounterClockwise(vertices_);
+  }
+  return false;
+}
+
+template <class Visit>
+void EnclosingRing::EachSide(const Box& box, Visit&& visit) {
+  constexpr std::size_t kFewSides = 64;
+  constexpr int kFewSearches = 8;
+  const std::size_t sides = vertices_.size() - 1;
+  if (sides <= kFewSides || searches_ < kFewSearches) {
+    ++searches_;
+    for (std::size_t at = 0; at < sides; ++at) {
+      if (Box::Of(vertices_[at], vertices_[at + 1]).Meets(box) && !visit(at)) return;
+    }
+    return;
+  }
+  if (!tree_) {
+    std::vector<Box> boxes(sides);
+    for (std::size_t at = 0; at < sides; ++at) boxes[at] = Box::Of(vertices_[at], vertices_[at + 1]);
+    tree_.emplace(boxes);
+  }
+  met_.clear();
+  tree_->Meeting(box, [&](std::uint32_t at) { met_.push_back(at); });
+  std::ranges::sort(met_);
+  static_cast<void>(std::ranges::all_of(met_, [&](std::uint32_t at) { return visit(at); }));
+}
+
+bool EnclosingRing::Encloses(std::span<const XY> inner) {
+  if (inner.size() < 2 || vertices_.size() < 4) return false;
   std::size_t inside = 0, outside = 0;
   for (const XY vertex : inner.first(inner.size() - 1)) {
-    const Location location = Locate(vertex, outer);
+    const Location location = Locate(vertex);
     if (location == Location::Boundary) continue;
     ++(location == Location::Inside ? inside : outside);
     // Rings that have nothing in common agree from the first vertices on.
     if (inside + outside == 3 && (inside == 0 || outside == 0)) break;
   }
-  if (inside + outside == 0) return LeavesInwards(inner, outer);
+  if (inside + outside == 0) return HoldsStepsOf(inner);
   return inside > outside;
 }
 

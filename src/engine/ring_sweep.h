@@ -17,14 +17,15 @@ struct RingSide {
   std::size_t index;  ///< in the ring
 };
 
-namespace detail {
-inline bool MayMeet(const RingSide& first, const RingSide& second) {
+/// Whether two sides share a place, for sides that share an x: ends count.
+[[nodiscard]] inline bool SidesTouch(const RingSide& first, const RingSide& second) {
   if (std::max(first.from.y, first.to.y) < std::min(second.from.y, second.to.y)) return false;
   if (std::max(second.from.y, second.to.y) < std::min(first.from.y, first.to.y)) return false;
   if (Turn(first.from, first.to, second.from) * Turn(first.from, first.to, second.to) > 0) return false;
   return Turn(second.from, second.to, first.from) * Turn(second.from, second.to, first.to) <= 0;
 }
 
+namespace detail {
 // Neighbours share a vertex; more only when the second runs back on the first.
 inline bool FoldsBack(XY before, XY shared, XY after) {
   const double along = (before.x - shared.x) * (after.x - shared.x) + (before.y - shared.y) * (after.y - shared.y);
@@ -37,7 +38,7 @@ inline bool FoldsBack(XY before, XY shared, XY after) {
   const auto next = [count](std::size_t index) { return index + 1 == count ? 0 : index + 1; };
   if (next(first.index) == second.index) return detail::FoldsBack(first.from, first.to, second.to);
   if (next(second.index) == first.index) return detail::FoldsBack(second.from, second.to, first.to);
-  return detail::MayMeet(first, second);
+  return SidesTouch(first, second);
 }
 
 /// Whether any two sides of a closed ring do. The ring has at least three sides, none without length. Sure by `Turn`

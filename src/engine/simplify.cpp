@@ -106,6 +106,14 @@ double ResolutionOf(const IGeometry& shape) {
   return reference && reference->XYToleranceValid() ? reference->XYResolution() : 0.0;
 }
 
+bool ArePlain(const std::vector<PathRef>& parts) {
+  if (std::ranges::any_of(parts, [](const PathRef& part) { return part->HasCurves(); })) return false;
+  std::vector<std::span<const XY>> rings;
+  rings.reserve(parts.size());
+  for (const PathRef& part : parts) rings.push_back(part->Vertices());
+  return ArePlainRings(rings);
+}
+
 void SimplifyPolygon(PartedShape& polygon) {
   std::vector<PathRef> parts = UsableParts(polygon, true);
   if (parts.size() == 1 && !parts.front()->HasCurves()) {
@@ -116,7 +124,7 @@ void SimplifyPolygon(PartedShape& polygon) {
     }
   } else if (!parts.empty()) {
     const NestedRings nested = NestRings(Pointers(parts));
-    if (CheckedFlag(GEOSisValid_r(Geos(), NestedToGeos(nested).get()))) {
+    if (ArePlain(parts) || CheckedFlag(GEOSisValid_r(Geos(), NestedToGeos(nested).get()))) {
       OrientAll(nested, parts);
     } else {
       parts = Repair(parts, ResolutionOf(polygon));

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <numbers>
 #include <random>
 #include <vector>
@@ -16,13 +17,35 @@
 namespace tessarine {
 namespace {
 
-bool IsValidForGeos(GEOSContextHandle_t geos, const std::vector<XY>& ring) {
+GEOSGeometry* RingInGeos(GEOSContextHandle_t geos, const std::vector<XY>& ring) {
   GEOSCoordSequence* sequence = GEOSCoordSeq_create_r(geos, static_cast<unsigned>(ring.size()), 2);
   for (unsigned at = 0; at < ring.size(); ++at) GEOSCoordSeq_setXY_r(geos, sequence, at, ring[at].x, ring[at].y);
-  GEOSGeometry* polygon = GEOSGeom_createPolygon_r(geos, GEOSGeom_createLinearRing_r(geos, sequence), nullptr, 0);
+  return GEOSGeom_createLinearRing_r(geos, sequence);
+}
+
+bool IsValidForGeos(GEOSContextHandle_t geos, const std::vector<XY>& ring) {
+  GEOSGeometry* polygon = GEOSGeom_createPolygon_r(geos, RingInGeos(geos, ring), nullptr, 0);
   const bool valid = GEOSisValid_r(geos, polygon) == 1;
   GEOSGeom_destroy_r(geos, polygon);
   return valid;
+}
+
+enum class Relation { Apart, Nested, Meeting };
+
+// Of rings without holes, by their lines and by their areas.
+Relation RelationInGeos(GEOSContextHandle_t geos, const std::vector<std::vector<XY>>& rings) {
+  Relation relation = Relation::Apart;
+  for (std::size_t first = 0; first < rings.size(); ++first) {
+    for (std::size_t second = first + 1; second < rings.size(); ++second) {
+      GEOSGeometry* const lines[] = {RingInGeos(geos, rings[first]), RingInGeos(geos, rings[second])};
+      if (GEOSIntersects_r(geos, lines[0], lines[1]) == 1) relation = Relation::Meeting;
+      GEOSGeometry* const areas[] = {GEOSGeom_createPolygon_r(geos, lines[0], nullptr, 0),
+                                     GEOSGeom_createPolygon_r(geos, lines[1], nullptr, 0)};
+      if (relation == Relation::Apart && GEOSIntersects_r(geos, areas[0], areas[1]) == 1) relation = Relation::Nested;
+      for (GEOSGeometry* area : areas) GEOSGeom_destroy_r(geos, area);
+    }
+  }
+  return relation;
 }
 
 TEST(PlainRing, AgreesWithGeosOnRingsOfASmallGrid) {
@@ -48,6 +71,38 @@ TEST(PlainRing, AgreesWithGeosOnRingsOfASmallGrid) {
   EXPECT_GT(plain, 5000);
   EXPECT_GT(other, 5000);
   EXPECT_FALSE(engine::IsPlainRing({}));
+}
+
+// Two triangles and a square on a grid, so that many touch, cross or lie in each other.
+TEST(PlainRing, SeveralArePlainWhereTheirLinesDontMeetInGeos) {
+  GEOSContextHandle_t geos = GEOS_init_r();
+  std::mt19937 random(20261123);
+  int plain = 0, nested = 0, meeting = 0;
+  const auto number = [&](int most) { return static_cast<double>(random() % static_cast<unsigned>(most)); };
+  for (int round = 0; round < 20000; ++round) {
+    std::vector<std::vector<XY>> rings;
+    for (int count = 0; count < 2; ++count) {
+      const XY start{number(8), number(8)};
+      rings.push_back({start, {number(8), number(8)}, {number(8), number(8)}, start});
+    }
+    const double x = number(6), y = number(6), size = 1 + number(8);
+    rings.push_back({{x, y}, {x, y + size}, {x + size, y + size}, {x + size, y}, {x, y}});
+    const std::vector<std::span<const XY>> spans(rings.begin(), rings.end());
+    if (std::ranges::any_of(rings, [](const auto& ring) { return !engine::IsPlainRing(ring); })) {
+      ASSERT_FALSE(engine::ArePlainRings(spans)) << round;
+      continue;
+    }
+    const Relation relation = RelationInGeos(geos, rings);
+    ASSERT_EQ(engine::ArePlainRings(spans), relation != Relation::Meeting) << round;
+    (relation == Relation::Meeting ? meeting : relation == Relation::Nested ? nested : plain) += 1;
+  }
+  GEOS_finish_r(geos);
+  EXPECT_GT(plain, 300);
+  EXPECT_GT(nested, 20);
+  EXPECT_GT(meeting, 5000);
+  EXPECT_TRUE(engine::ArePlainRings({}));
+  const std::vector<XY> far{{0, 0}, {std::numeric_limits<double>::infinity(), 1}, {1, 1}, {0, 0}};
+  EXPECT_FALSE(engine::ArePlainRings(std::vector<std::span<const XY>>{far}));
 }
 
 // Places about (50, 20), `step` turns of `count` apart, at distances between `least` and 1.

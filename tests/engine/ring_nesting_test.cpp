@@ -5,6 +5,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
+#include <numbers>
 #include <random>
 
 #include "engine/geos_bridge.h"
@@ -18,7 +20,7 @@ using testing::Box;
 using testing::PolygonOf;
 using Vertices = std::vector<XY>;
 
-TEST(LiesWithin, WhereRingsTouchTheirEdgesDecide) {
+TEST(EnclosingRing, WhereRingsTouchTheirEdgesDecide) {
   const Vertices square = Box(0, 0, 4, 4);
   // A bay from above down to (2, 1).
   const Vertices bay = {{0, 0}, {0, 4}, {1, 4}, {2, 1}, {3, 4}, {4, 4}, {4, 0}, {0, 0}};
@@ -46,15 +48,40 @@ TEST(LiesWithin, WhereRingsTouchTheirEdgesDecide) {
         Vertices inner = row.inner, outer = row.outer;
         if (inner_turned) std::ranges::reverse(inner);
         if (outer_turned) std::ranges::reverse(outer);
-        EXPECT_EQ(LiesWithin(inner, outer), row.within) << row.name << " " << inner_turned << outer_turned;
+        EXPECT_EQ(EnclosingRing(outer).Encloses(inner), row.within) << row.name << " " << inner_turned << outer_turned;
       }
     }
   }
 }
 
 // A hole whose vertices lie on the shell but for rounding: the greater part decides.
-TEST(LiesWithin, AHoleThatCrossesByAHairStaysAHole) {
-  EXPECT_TRUE(LiesWithin(Vertices{{-1e-9, 2}, {2, 3}, {3, 2}, {2, 1}, {-1e-9, 2}}, Box(0, 0, 4, 4)));
+TEST(EnclosingRing, AHoleThatCrossesByAHairStaysAHole) {
+  EXPECT_TRUE(EnclosingRing(Box(0, 0, 4, 4)).Encloses(Vertices{{-1e-9, 2}, {2, 3}, {3, 2}, {2, 1}, {-1e-9, 2}}));
+}
+
+// A wheel of 64 teeth, whose radius is 10 between them and 12 at their tips: what lies within 10 of the hub is inside,
+// what begins beyond 12 outside. The ring's sides are searched one after the other at first, then by their tree.
+TEST(EnclosingRing, FindsTheSameAfterManySearches) {
+  Vertices wheel;
+  for (int corner = 0; corner <= 128; ++corner) {
+    const double turn = 2 * std::numbers::pi * (corner % 128) / 128, radius = corner % 2 == 0 ? 10 : 12;
+    wheel.push_back({radius * std::cos(turn), radius * std::sin(turn)});
+  }
+  EnclosingRing ring(wheel);
+  int inside = 0;
+  for (double x = -14; x <= 14; x += 1.4) {
+    for (double y = -14; y <= 14; y += 1.4) {
+      const double far = std::hypot(std::fabs(x) + 0.1, std::fabs(y) + 0.1);
+      const double near = std::hypot(std::fabs(x) - 0.1, std::fabs(y) - 0.1);
+      if (far > 10 && near < 12) continue;
+      EXPECT_EQ(ring.Encloses(Box(x - 0.1, y - 0.1, x + 0.1, y + 0.1)), far <= 10) << x << " " << y;
+      inside += far <= 10 ? 1 : 0;
+    }
+  }
+  EXPECT_GT(inside, 100);
+  EXPECT_TRUE(ring.Encloses(Vertices{wheel[0], wheel[2], wheel[4], wheel[6], wheel[0]})) << "along chords inside";
+  EXPECT_FALSE(ring.Encloses(Vertices{wheel[1], wheel[2], wheel[3], wheel[1]})) << "between two teeth";
+  EXPECT_FALSE(ring.Encloses(wheel)) << "a ring doesn't lie in itself";
 }
 
 // Loops between places a third apart cross at places that no double holds; rings may touch within a rounding.

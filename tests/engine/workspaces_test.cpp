@@ -6,6 +6,7 @@
 #include <fstream>
 
 #include "engine/local_system.h"
+#include "engine/promised_geodatabases.h"
 #include "engine/test_layers.h"
 #include "helpers/published.h"
 
