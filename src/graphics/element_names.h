@@ -12,6 +12,9 @@
 
 namespace tessarine {
 
+/// What a plan says after what it counts.
+inline constexpr const char* kOnlyPlanned = "\r\nPlanned only: nothing was changed.";
+
 /// "1 graphic element", "2 graphic elements".
 [[nodiscard]] std::string CountedElements(std::int32_t count);
 /// How many there are; the walk begins anew.

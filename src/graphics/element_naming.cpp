@@ -65,6 +65,12 @@ std::int32_t NameElements(const Arguments& arguments, const IMxDocument& documen
                                                            : NameEach(*ContainerOf(document), name);
 }
 
+std::string PlannedNaming(const Arguments& arguments, const IMxDocument& document) {
+  const ElementCounts counts = CountElements(document);
+  return std::to_string(TakesSelected(arguments, counts) ? counts.selected : counts.all) + " of " +
+         CountedElements(counts.all) + " would be named '" + arguments.Get<std::string>("name") + "'." + kOnlyPlanned;
+}
+
 std::string NamingSentence(std::int32_t named, const IMxDocument& document, const std::string& name) {
   return std::to_string(named) + " of " + CountedElements(CountElements(document).all) + " named '" + name + "'.";
 }

@@ -29,4 +29,7 @@ std::int32_t NameElements(const Arguments& arguments, const IMxDocument& documen
 /// "4 of 12 graphic elements named 'road'."
 [[nodiscard]] std::string NamingSentence(std::int32_t named, const IMxDocument& document, const std::string& name);
 
+/// The same of what `NameElements` would come to. Nothing is named.
+[[nodiscard]] std::string PlannedNaming(const Arguments& arguments, const IMxDocument& document);
+
 }  // namespace tessarine

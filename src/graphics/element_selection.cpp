@@ -46,6 +46,12 @@ std::string NameOf(const std::shared_ptr<IElement>& element) {
   return properties ? properties->Name() : "";
 }
 
+// The first type of the table that the element is of; null for an element of none.
+const ElementType* TypeOf(const std::shared_ptr<IElement>& element) {
+  const auto* type = std::ranges::find_if(kTypes, [&](const ElementType& row) { return row.fits(element); });
+  return type == std::end(kTypes) ? nullptr : type;
+}
+
 std::vector<std::string> NamesIn(const Arguments& arguments) { return arguments.Get<std::vector<std::string>>("name"); }
 
 /// Selects, and knows whether there was anything to select.
@@ -78,6 +84,17 @@ class Selecting {
   bool any_ = false;
 };
 
+// Whether an element is among those that are to be selected.
+bool IsAskedFor(const std::shared_ptr<IElement>& element, const Arguments& arguments) {
+  const ElementType* type = TypeOf(element);
+  if (type != nullptr && arguments.Get<bool>(type->word)) return true;
+  const std::string name = NameOf(element);
+  if (name.empty()) return false;
+  const auto is_name = [&](const std::string& asked) { return FoldedCase(asked) == FoldedCase(name); };
+  return std::ranges::any_of(NamesIn(arguments), is_name) ||
+         (arguments.Has("pattern") && MatchesPattern(name, arguments.Get<std::string>("pattern")));
+}
+
 }  // namespace
 
 std::span<const ElementType> ElementTypes() { return kTypes; }
@@ -92,8 +109,9 @@ ElementCensus TakeCensus(const IMxDocument& document) {
       if (entry.elements.empty()) entry.name = name;
       entry.elements.push_back(element);
     }
-    const auto* type = std::ranges::find_if(kTypes, [&](const ElementType& row) { return row.fits(element); });
-    if (type != std::end(kTypes)) census.of_types[static_cast<std::size_t>(type - kTypes)].push_back(element);
+    if (const ElementType* type = TypeOf(element); type != nullptr) {
+      census.of_types[static_cast<std::size_t>(type - kTypes)].push_back(element);
+    }
   }
   return census;
 }
@@ -142,6 +160,18 @@ std::string SelectionSentence(const IMxDocument& document) {
   const std::shared_ptr<IGraphicsContainer> container = ContainerOf(document);
   return std::to_string(SelectionOf(container)->ElementSelectionCount()) + " of " +
          CountedElements(CountOf(*container)) + " selected.";
+}
+
+std::string PlannedSelection(const Arguments& arguments, const IMxDocument& document) {
+  const std::shared_ptr<IGraphicsContainer> container = ContainerOf(document);
+  const std::shared_ptr<IGraphicsContainerSelect> selection = SelectionOf(container);
+  std::int32_t selected = 0;
+  container->Reset();
+  while (const std::shared_ptr<IElement> element = container->Next()) {
+    if (selection->ElementSelected(element) || IsAskedFor(element, arguments)) ++selected;
+  }
+  return std::to_string(selected) + " of " + CountedElements(CountOf(*container)) + " would be selected." +
+         kOnlyPlanned;
 }
 
 }  // namespace tessarine

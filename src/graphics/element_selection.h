@@ -52,4 +52,7 @@ void SelectElements(const Arguments& arguments, const std::shared_ptr<IMxDocumen
 /// "4 of 12 graphic elements selected.", of the active view.
 [[nodiscard]] std::string SelectionSentence(const IMxDocument& document);
 
+/// The same of what `SelectElements` would come to. Nothing is selected.
+[[nodiscard]] std::string PlannedSelection(const Arguments& arguments, const IMxDocument& document);
+
 }  // namespace tessarine

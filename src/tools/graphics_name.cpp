@@ -68,10 +68,10 @@ class GraphicsNameTool final : public Tool {
     return PlainTextToRtf(NamingSentence(named, *document, arguments.Get<std::string>("name")));
   }
 
-  // The document in the memory may change; its file is another matter.
   [[nodiscard]] std::string Plan(RunContext& context, const Arguments& arguments,
                                  const std::shared_ptr<IApplication>& application) const override {
-    return Run(context, arguments, application);
+    const RunScope scope(context);
+    return PlainTextToRtf(PlannedNaming(arguments, *DocumentOf(application)));
   }
 };
 

@@ -70,10 +70,9 @@ class GraphicsSelectTool final : public Tool {
     return PlainTextToRtf(SelectionSentence(*document));
   }
 
-  // The document in the memory may change; its file is another matter.
-  [[nodiscard]] std::string Plan(RunContext& context, const Arguments& arguments,
+  [[nodiscard]] std::string Plan(RunContext&, const Arguments& arguments,
                                  const std::shared_ptr<IApplication>& application) const override {
-    return Run(context, arguments, application);
+    return PlainTextToRtf(PlannedSelection(arguments, *DocumentOf(application)));
   }
 
  private:

@@ -177,6 +177,28 @@ TEST_F(GraphicsTools, SelectAndNameElements) {
   EXPECT_THAT(host.forms.shown, IsEmpty());
 }
 
+// A plan says what a run would come to, and leaves the document as it is.
+TEST_F(GraphicsTools, PlansChangeNothing) {
+  AddSome();
+  const auto plan = [&](std::string_view tool, const Arguments& arguments) {
+    RunContext context = HostContext();
+    return ToPlainText(ReadRtf(Named(tool).Plan(context, arguments, application)));
+  };
+  document->Map().Elements()[3]->selected = true;
+  const Arguments circles = Of({{"circles", true}, {"name", Texts{"ROAD"}}, {"pattern", std::string("area*")}});
+  EXPECT_THAT(plan("graphics select", circles), StartsWith("4 of 4 graphic elements would be selected."));
+  const Arguments lane = Of({{"name", std::string("lane")}, {"selected", true}});
+  EXPECT_THAT(plan("graphics name", lane), StartsWith("2 of 4 graphic elements would be named 'lane'."));
+  EXPECT_THAT(plan("graphics name", Of({{"name", std::string("lane")}, {"all", true}})),
+              StartsWith("4 of 4 graphic elements would be named 'lane'."));
+  EXPECT_EQ(Selection(), "S--S");
+  EXPECT_EQ(document->Map().Elements()[0]->Name(), "camp");
+  EXPECT_FALSE(document->Dirty());
+
+  EXPECT_EQ(Run("graphics select", circles), "4 of 4 graphic elements selected.");
+  EXPECT_EQ(Run("graphics name", lane), "4 of 4 graphic elements named 'lane'.") << "all are selected now";
+}
+
 // Nobody is there to be asked again: what can't be made is noted as given up.
 TEST_F(GraphicsTools, AnOutputThatIsDeclinedLeavesNothing) {
   AddSome();
