@@ -4,10 +4,12 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "engine/edit_findings.h"
 #include "engine/engine_fault.h"
 #include "engine/filegdb_check.h"
 #include "engine/filegdb_indexes.h"
 #include "engine/filegdb_table.h"
+#include "engine/held_by_file.h"
 #include "engine/ogr_source.h"
 #include "engine/sql.h"
 #include "platform/text_formats.h"
@@ -17,21 +19,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::size_t kFindingsTold = 3;
-
-using Edits = std::map<std::string, std::weak_ptr<FileGdbEdit>>;
-
-Edits& AllEdits() {
-  static Edits edits;
+HeldByFile<FileGdbEdit>& AllEdits() {
+  static HeldByFile<FileGdbEdit> edits;
   return edits;
-}
-
-std::string KeyOf(const std::string& native_path) {
-  std::error_code error;
-  const fs::path canonical = fs::weakly_canonical(fs::absolute(native_path), error);
-  std::string key = (error ? fs::absolute(native_path) : canonical).lexically_normal().string();
-  while (key.size() > 1 && key.ends_with('/')) key.pop_back();
-  return key;
 }
 
 std::string FileName(const std::string& path) { return fs::path(path).filename().string(); }
@@ -60,14 +50,13 @@ bool IsFileGdb(const std::string& native_path) {
 }
 
 std::shared_ptr<FileGdbEdit> FileGdbEdit::UnderWay(const std::string& native_path) {
-  const auto found = AllEdits().find(KeyOf(native_path));
-  return found == AllEdits().end() ? nullptr : found->second.lock();
+  return AllEdits().Find(native_path);
 }
 
 std::shared_ptr<FileGdbEdit> FileGdbEdit::Begin(const std::string& native_path) {
   if (auto edit = UnderWay(native_path)) return edit;
-  std::shared_ptr<FileGdbEdit> edit(new FileGdbEdit(KeyOf(native_path)));
-  AllEdits()[edit->path_] = edit;
+  std::shared_ptr<FileGdbEdit> edit(new FileGdbEdit(RealFileKey(native_path)));
+  AllEdits().Put(edit->path_, edit);
   return edit;
 }
 
@@ -179,7 +168,7 @@ std::vector<std::string> FileGdbEdit::Check(const std::string& folder) const {
 void FileGdbEdit::Publish() {
   if (done_) return;
   done_ = true;
-  AllEdits().erase(path_);
+  AllEdits().Forget(path_);
   FileChanged(path_);
   std::error_code error;
   if (abandoned_ || !fs::exists(Folder(), error)) return;
@@ -191,24 +180,13 @@ void FileGdbEdit::Publish() {
     SettleGdbHeader(base);
     fs::remove(base + ".freelist", error);
   }
-  std::vector<std::string> found = Check(Folder());
-  if (!found.empty() && !copy_.IsNew()) {
-    const std::vector<std::string> before = Check(path_);
-    std::erase_if(found, [&](const std::string& text) { return std::ranges::find(before, text) != before.end(); });
-  }
-  if (!found.empty()) {
-    std::string text;
-    for (std::size_t index = 0; index < found.size() && index < kFindingsTold; ++index) {
-      text += (index == 0 ? "" : "; ") + found[index];
-    }
-    RaiseEngineFault("The changes of '" + path_ + "' were given up, because they would have damaged it: " + text +
-                     ". It is as it was before. Work on a copy of the class, or on another format.");
-  }
+  RequireNoNewFindings(path_, Check(Folder()),
+                       copy_.IsNew() ? nullptr : std::function([this] { return Check(path_); }));
   copy_.Publish();
 }
 
 std::string PlaceOfData(const std::string& native_path) {
-  if (AllEdits().empty() || !IsFileGdb(native_path)) return native_path;
+  if (AllEdits().IsEmpty() || !IsFileGdb(native_path)) return native_path;
   const auto edit = FileGdbEdit::UnderWay(native_path);
   return edit ? edit->Folder() : native_path;
 }

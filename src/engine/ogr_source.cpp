@@ -6,11 +6,11 @@
 
 #include <atomic>
 #include <filesystem>
-#include <map>
 #include <mutex>
 
 #include "engine/engine_fault.h"
 #include "engine/filegdb_edit.h"
+#include "engine/held_by_file.h"
 #include "engine/personal_geodatabase_dataset.h"
 #include "engine/personal_geodatabase_edit.h"
 #include "engine/reading_warnings.h"
@@ -26,22 +26,17 @@ namespace fs = std::filesystem;
 std::atomic<std::int64_t> g_changes = 0;
 
 // The parts of a shapefile, and the folder around it with its name as the layer's, stand for one and the same.
-std::string FileKey(const std::string& path, const std::string& layer) {
+std::string PlaceOfFile(const std::string& path, const std::string& layer) {
   std::error_code error;
   fs::path place = path;
   if (fs::is_directory(place, error) && fs::exists(place / (layer + ".shp"), error)) place /= layer + ".shp";
   if (place.extension() == ".shp" || place.extension() == ".dbf") place.replace_extension();
-  const fs::path canonical = fs::weakly_canonical(place, error);
-  return (error ? place : canonical).string();
+  return place.string();
 }
 
 std::shared_ptr<SharedFile> SharedFileOf(const std::string& path, const std::string& layer) {
-  static std::map<std::string, std::weak_ptr<SharedFile>> files;
-  std::erase_if(files, [](const auto& entry) { return entry.second.expired(); });
-  std::weak_ptr<SharedFile>& known = files[FileKey(path, layer)];
-  std::shared_ptr<SharedFile> file = known.lock();
-  if (!file) known = file = std::make_shared<SharedFile>();
-  return file;
+  static HeldByFile<SharedFile> files;
+  return files.FindOrMake(PlaceOfFile(path, layer), [] { return std::make_shared<SharedFile>(); });
 }
 
 // A program that was killed in the midst of a change leaves its journal beside a database. Only one that may write can

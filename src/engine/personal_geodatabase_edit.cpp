@@ -6,9 +6,10 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <map>
 
+#include "engine/edit_findings.h"
 #include "engine/engine_fault.h"
+#include "engine/held_by_file.h"
 #include "engine/ogr_source.h"
 #include "engine/personal_geodatabase_create.h"
 #include "engine/personal_geodatabase_values.h"
@@ -21,17 +22,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::size_t kFindingsTold = 3;
-
-std::map<std::string, std::weak_ptr<PersonalEdit>>& AllEdits() {
-  static std::map<std::string, std::weak_ptr<PersonalEdit>> edits;
+HeldByFile<PersonalEdit>& AllEdits() {
+  static HeldByFile<PersonalEdit> edits;
   return edits;
-}
-
-std::string KeyOf(const std::string& native_path) {
-  std::error_code error;
-  const fs::path canonical = fs::weakly_canonical(fs::absolute(native_path), error);
-  return (error ? fs::absolute(native_path) : canonical).lexically_normal().string();
 }
 
 // Another program at work leaves this file beside the database.
@@ -81,16 +74,14 @@ void RequireWritableGeodatabase(const std::string& native_path, PersonalUse use)
 }
 
 std::shared_ptr<PersonalEdit> PersonalEdit::UnderWay(const std::string& native_path) {
-  if (AllEdits().empty()) return nullptr;
-  const auto found = AllEdits().find(KeyOf(native_path));
-  return found == AllEdits().end() ? nullptr : found->second.lock();
+  return AllEdits().Find(native_path);
 }
 
 std::shared_ptr<PersonalEdit> PersonalEdit::Begin(const std::string& native_path) {
   if (auto edit = UnderWay(native_path)) return edit;
   RequireWritableGeodatabase(native_path, PersonalUse::Rows);
-  std::shared_ptr<PersonalEdit> edit(new PersonalEdit(KeyOf(native_path)));
-  AllEdits()[edit->path_] = edit;
+  std::shared_ptr<PersonalEdit> edit(new PersonalEdit(RealFileKey(native_path)));
+  AllEdits().Put(edit->path_, edit);
   FileChanged(edit->path_);
   return edit;
 }
@@ -125,24 +116,14 @@ void PersonalEdit::End(std::shared_ptr<PersonalEdit>& edit) {
 }
 
 void PersonalEdit::CheckCopy() const {
-  std::vector<std::string> found = FindingsOf(staged_.Path().string(), path_);
-  if (!found.empty() && !is_new_) {
-    const std::vector<std::string> before = FindingsOf(path_, path_);
-    std::erase_if(found, [&](const std::string& text) { return std::ranges::find(before, text) != before.end(); });
-  }
-  if (found.empty()) return;
-  std::string text;
-  for (std::size_t index = 0; index < found.size() && index < kFindingsTold; ++index) {
-    text += (index == 0 ? "" : "; ") + found[index];
-  }
-  RaiseEngineFault("The changes of '" + path_ + "' were given up, because they would have damaged it: " + text +
-                   ". It is as it was before. Work on a copy of the class, or on another format.");
+  RequireNoNewFindings(path_, FindingsOf(staged_.Path().string(), path_),
+                       is_new_ ? nullptr : std::function([this] { return FindingsOf(path_, path_); }));
 }
 
 void PersonalEdit::Publish() {
   if (done_) return;
   done_ = true;
-  AllEdits().erase(path_);
+  AllEdits().Forget(path_);
   FileChanged(path_);
   if (abandoned_ || !database_) return;
   try {

@@ -2,24 +2,22 @@
 #include "engine/promised_geodatabases.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <mutex>
 #include <vector>
 
+#include "engine/held_by_file.h"
 #include "platform/text_formats.h"
 
 namespace tessarine {
 namespace {
+
+using engine::RealFileKey;
 
 struct Announcement {
   std::string geodatabase;
   std::string dataset;  // empty for the geodatabase itself
   SpatialReferenceRef reference;
 };
-
-std::string NormalPath(const std::string& native) {
-  return std::filesystem::absolute(native).lexically_normal().string();
-}
 
 // All that hold now. An announcement is taken out by whoever lets go of its promise last.
 class Announcements {
@@ -39,7 +37,7 @@ class Announcements {
 
   // The last one of the place; null where there is none.
   [[nodiscard]] std::shared_ptr<const Announcement> Find(const std::string& geodatabase, const std::string& dataset) {
-    const std::string path = NormalPath(geodatabase);
+    const std::string path = RealFileKey(geodatabase);
     const std::lock_guard lock(guard_);
     for (auto held = held_.rbegin(); held != held_.rend(); ++held) {
       auto announcement = held->lock();
@@ -58,12 +56,12 @@ class Announcements {
 }  // namespace
 
 KeptPromise PromiseFileGeodatabase(const std::string& native_path) {
-  return Announcements::OfTheProcess().Add({NormalPath(native_path), "", nullptr});
+  return Announcements::OfTheProcess().Add({RealFileKey(native_path), "", nullptr});
 }
 
 KeptPromise PromiseFeatureDataset(const std::string& native_geodatabase, const std::string& name,
                                   const SpatialReferenceRef& reference) {
-  return Announcements::OfTheProcess().Add({NormalPath(native_geodatabase), name, reference});
+  return Announcements::OfTheProcess().Add({RealFileKey(native_geodatabase), name, reference});
 }
 
 namespace engine {

@@ -2,12 +2,12 @@
 #include "engine/reading_warnings.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <map>
 #include <mutex>
 #include <string_view>
 #include <vector>
 
+#include "engine/held_by_file.h"
 #include "platform/running_journal.h"
 
 namespace tessarine::engine {
@@ -29,12 +29,6 @@ struct Kept {
 Kept& KeptWarnings() {
   static Kept kept;
   return kept;
-}
-
-std::string KeyOf(const std::string& path) {
-  std::error_code error;
-  const std::filesystem::path canonical = std::filesystem::weakly_canonical(path, error);
-  return error ? path : canonical.string();
 }
 
 bool TellsOfAChange(std::string_view message) {
@@ -68,21 +62,21 @@ void KeepReadingWarnings(const std::string& path, const ReadingScope& scope) {
   for (const std::string& message : scope.Warnings()) {
     if (!TellsOfAChange(message)) continue;
     const std::lock_guard locked(KeptWarnings().lock);
-    std::vector<std::string>& kept = KeptWarnings().by_file[KeyOf(path)];
+    std::vector<std::string>& kept = KeptWarnings().by_file[RealFileKey(path)];
     if (kept.size() < kKept && std::ranges::find(kept, message) == kept.end()) kept.push_back(message);
   }
 }
 
 void ForgetReadingWarnings(const std::string& path) {
   const std::lock_guard locked(KeptWarnings().lock);
-  if (!KeptWarnings().by_file.empty()) KeptWarnings().by_file.erase(KeyOf(path));
+  if (!KeptWarnings().by_file.empty()) KeptWarnings().by_file.erase(RealFileKey(path));
 }
 
 void TellReadingWarnings(const std::string& path, RunJournal& journal) {
   const std::lock_guard locked(KeptWarnings().lock);
   const auto& by_file = KeptWarnings().by_file;
   if (by_file.empty()) return;
-  const auto kept = by_file.find(KeyOf(path));
+  const auto kept = by_file.find(RealFileKey(path));
   if (kept == by_file.end()) return;
   for (const std::string& message : kept->second) {
     const std::string text = "Values of '" + path + "' were read otherwise than they are stored. GDAL says: " + message;

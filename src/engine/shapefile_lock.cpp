@@ -7,9 +7,9 @@
 
 #include <cerrno>
 #include <filesystem>
-#include <map>
 
 #include "engine/engine_fault.h"
+#include "engine/held_by_file.h"
 
 namespace tessarine::engine {
 namespace {
@@ -47,13 +47,9 @@ class LockedEdit final : public IEdit {
 }  // namespace
 
 std::shared_ptr<IEdit> LockShapefile(const std::string& native_path) {
-  static std::map<std::string, std::weak_ptr<HeldLock>> locks;
-  std::error_code error;
-  const fs::path real = fs::weakly_canonical(fs::absolute(native_path), error);
-  std::weak_ptr<HeldLock>& known = locks[error ? native_path : real.string()];
-  std::shared_ptr<HeldLock> lock = known.lock();
-  if (!lock) known = lock = std::make_shared<HeldLock>(native_path);
-  return std::make_shared<LockedEdit>(std::move(lock));
+  static HeldByFile<HeldLock> locks;
+  return std::make_shared<LockedEdit>(
+      locks.FindOrMake(native_path, [&] { return std::make_shared<HeldLock>(native_path); }));
 }
 
 }  // namespace tessarine::engine

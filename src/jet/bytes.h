@@ -4,6 +4,7 @@
 #pragma once
 
 #include <array>
+#include <bit>
 #include <cstdint>
 #include <cstring>
 #include <span>
@@ -18,6 +19,8 @@ inline constexpr std::size_t kPageSize = 4096;
 using Page = std::array<std::uint8_t, kPageSize>;
 using Bytes = std::vector<std::uint8_t>;
 using ByteSpan = std::span<const std::uint8_t>;
+
+static_assert(std::endian::native == std::endian::little, "Numbers are copied as the machine has them.");
 
 [[nodiscard]] inline ByteSpan Part(ByteSpan bytes, std::size_t offset, std::size_t length) {
   if (offset > bytes.size() || length > bytes.size() - offset) throw Error("a structure reaches beyond its end");

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <deque>
+#include <mutex>
 #include <vector>
 
 #include "outputs/temporary_layers.h"
@@ -311,8 +312,38 @@ constexpr std::array kFormats = {
 
 constexpr std::int32_t kFirstAddedKind = 1000;
 
-std::deque<Format>& AddedFormats() {
-  static std::deque<Format> added;
+// Below it are the kinds of the table, and that of temporary layers.
+constexpr bool KindsAreDistinct() {
+  for (const Format& format : kFormats) {
+    if (format.kind <= 0 || format.kind >= kFirstAddedKind) return false;
+    if (std::ranges::count(kFormats, format.kind, &Format::kind) != 1) return false;
+  }
+  return true;
+}
+static_assert(KindsAreDistinct(), "Each format has a number of its own in `kind`, from 1 to 999.");
+
+// Those that a driver brings, in the order in which they were asked for; none moves or goes. Any thread may look.
+class AddedFormats {
+ public:
+  template <class Test>
+  [[nodiscard]] const Format* Find(Test&& test) {
+    const std::lock_guard lock(guard_);
+    const auto found = std::ranges::find_if(formats_, test);
+    return found == formats_.end() ? nullptr : &*found;
+  }
+  const Format& Add(Format format) {
+    const std::lock_guard lock(guard_);
+    format.kind = kFirstAddedKind + static_cast<std::int32_t>(formats_.size());
+    return formats_.emplace_back(format);
+  }
+
+ private:
+  std::mutex guard_;
+  std::deque<Format> formats_;
+};
+
+AddedFormats& Added() {
+  static AddedFormats added;
   return added;
 }
 
@@ -321,8 +352,7 @@ const Format* Find(Test&& test) {
   const auto found = std::ranges::find_if(kFormats, test);
   if (found != kFormats.end()) return &*found;
   if (const Format* temporary = TemporaryLayers(); temporary != nullptr && test(*temporary)) return temporary;
-  const auto added = std::ranges::find_if(AddedFormats(), test);
-  return added == AddedFormats().end() ? nullptr : &*added;
+  return Added().Find(test);
 }
 
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
@@ -369,10 +399,7 @@ const Format* FormatOfName(std::string_view name) {
   return Find(called);
 }
 
-const Format& AddFormat(Format format) {
-  format.kind = kFirstAddedKind + static_cast<std::int32_t>(AddedFormats().size());
-  return AddedFormats().emplace_back(format);
-}
+const Format& AddFormat(Format format) { return Added().Add(format); }
 
 const Format* FormatOfDriver(std::string_view driver) {
   return Find([&](const Format& format) { return format.driver == driver; });
