@@ -6,6 +6,8 @@
 
 #include <map>
 
+#include "tools/common/conversion_tool.h"
+
 namespace tessarine::modCreateVertices {
 namespace {
 
@@ -19,6 +21,19 @@ TEST(RunTable, ProgressIsShownAboveTheThresholdOfEachRun) {
     EXPECT_EQ(run->progress_threshold, threshold) << run->worker;
   }
   EXPECT_EQ(FindRun(3), nullptr);
+}
+
+// Dialogs, reports and programs know a conversion by its number alone.
+TEST(RunTable, EveryConversionHasANumberOfItsOwn) {
+  int conversions = 0;
+  for (const Tool* tool : AllTools()) {
+    const auto* conversion = dynamic_cast<const ConversionTool*>(tool);
+    if (conversion == nullptr) continue;
+    ++conversions;
+    const ConversionRun& run = conversion->Row().run;
+    EXPECT_EQ(FindRun(run.conversion_option), &run) << tool->Spec().name;
+  }
+  EXPECT_EQ(conversions, 8);
 }
 
 }  // namespace

@@ -4,6 +4,8 @@
 
 #include <filesystem>
 #include <fstream>
+#include <iterator>
+#include <nlohmann/json.hpp>
 #include <regex>
 #include <set>
 #include <string>
@@ -118,6 +120,8 @@ TEST(House, EveryFileIncludesOnlyWhatItsRoomMaySee) {
         EXPECT_TRUE(Allowed(*room, name)) << path << " may not include " << name;
       } else {
         EXPECT_TRUE(room->libraries || IsSystemHeader(name)) << path << " may not include <" << name << ">";
+        EXPECT_EQ(RoomOf(name), nullptr) << path << ": headers of our own stand in quotation marks, not <" << name
+                                         << ">";
       }
     }
   }
@@ -176,6 +180,22 @@ TEST(House, RunsAskNoHostOfTheProcess) {
   }
   EXPECT_EQ(met, by_thread);
   EXPECT_GT(files, 100);
+}
+
+// Where a line is written anew, its mutant has to follow.
+TEST(House, EveryMutantFindsItsLine) {
+  const fs::path root(TESSARINE_SOURCE_DIR);
+  std::ifstream list(root / "tests/mutants.json");
+  const nlohmann::json mutants = nlohmann::json::parse(list);
+  for (const nlohmann::json& mutant : mutants) {
+    std::ifstream file(root / mutant.at("file").get<std::string>());
+    const std::string text((std::istreambuf_iterator<char>(file)), {});
+    const auto line = mutant.at("line").get<std::string>();
+    const std::size_t found = text.find(line);
+    EXPECT_NE(found, std::string::npos) << mutant.at("name");
+    if (found != std::string::npos) EXPECT_EQ(text.find(line, found + 1), std::string::npos) << mutant.at("name");
+  }
+  EXPECT_GT(mutants.size(), 30U);
 }
 
 // The geodesy library may go anywhere, with the values that it needs.
