@@ -39,7 +39,7 @@ constexpr MeasuredKind KindOf() {
 }
 
 template <auto kCode>
-constexpr MeasureCode kBy = {Call<kCode>, KindOf<typename SignatureOf<decltype(kCode)>::Value>()};
+constexpr MeasureCode kMeasuredBy = {Call<kCode>, KindOf<typename SignatureOf<decltype(kCode)>::Value>()};
 
 // Measures that follow from what a record tells need no more than a function here.
 std::int32_t Points(MultipointRecord& record) { return record.Shape().PointCount(); }
@@ -71,130 +71,130 @@ constexpr MeasuredUnit kGeodesicArea = {MeasuredIn::MetresSquare, true};
 
 // clang-format off
 constexpr auto kMeasures = std::to_array<MeasureRow>({
-    {kPoint, Unknown, 1, "Coordinates", kQuick, kNull, kBy<&PointRecord::Position>,
+    {kPoint, Unknown, 1, "Coordinates", kQuick, kNull, kMeasuredBy<&PointRecord::Position>,
      kPlace, {"X_Coord", "Y_Coord"}, {"X-Coordinate", "Y-Coordinate"}},
 
-    {kPoint, Projected, 1, "Coordinates", kQuick, kNull, kBy<&PointRecord::Position>,
+    {kPoint, Projected, 1, "Coordinates", kQuick, kNull, kMeasuredBy<&PointRecord::Position>,
      kPlace, {"X_Coord", "Y_Coord"}, {"Projected X-Coordinate", "Projected Y-Coordinate"}},
-    {kPoint, Projected, 2, "Longitude / Latitude", kQuick, kNull, kBy<&PointRecord::LongitudeLatitude>,
+    {kPoint, Projected, 2, "Longitude / Latitude", kQuick, kNull, kMeasuredBy<&PointRecord::LongitudeLatitude>,
      kDegrees, {"Longitude", "Latitude"}, {"Longitude", "Latitude"}},
 
-    {kPoint, Geographic, 1, "Longitude / Latitude", kQuick, kNull, kBy<&PointRecord::Position>,
+    {kPoint, Geographic, 1, "Longitude / Latitude", kQuick, kNull, kMeasuredBy<&PointRecord::Position>,
      kPlace, {"Longitude", "Latitude"}, {"Longitude", "Latitude"}},
 
-    {kMultipoint, Unknown, 1, "Centroid", kQuick, kNull, kBy<&MultipointRecord::Centroid>,
+    {kMultipoint, Unknown, 1, "Centroid", kQuick, kNull, kMeasuredBy<&MultipointRecord::Centroid>,
      kPlace, {"Cent_X", "Cent_Y"}, {"Centroid X-Coordinate", "Centroid Y-Coordinate"}},
-    {kMultipoint, Unknown, 2, "Number of Points", kQuick, kNull, kBy<Points>,
+    {kMultipoint, Unknown, 2, "Number of Points", kQuick, kNull, kMeasuredBy<Points>,
      kCount, {"Points"}, {"Point Count"}},
 
-    {kMultipoint, Projected, 1, "Centroid", kQuick, kNull, kBy<&MultipointRecord::Centroid>,
+    {kMultipoint, Projected, 1, "Centroid", kQuick, kNull, kMeasuredBy<&MultipointRecord::Centroid>,
      kPlace, {"Cent_X", "Cent_Y"}, {"Centroid X-Coordinate", "Centroid Y-Coordinate"}},
-    {kMultipoint, Projected, 2, "Sph. Centroid", kSlow, kNull, kBy<&MultipointRecord::ProjectedSpheroidalCentroid>,
+    {kMultipoint, Projected, 2, "Sph. Centroid", kSlow, kNull, kMeasuredBy<&MultipointRecord::ProjectedSpheroidalCentroid>,
      kGeodesicPlace, {"Sph_Cen_X", "Sph_Cen_Y"}, {"Spherical Centroid X-Coordinate", "Spherical Centroid Y-Coordinate"}},
-    {kMultipoint, Projected, 3, "Number of Points", kQuick, kNull, kBy<Points>,
+    {kMultipoint, Projected, 3, "Number of Points", kQuick, kNull, kMeasuredBy<Points>,
      kCount, {"Points"}, {"Point Count"}},
 
-    {kMultipoint, Geographic, 1, "Sph. Centroid", kSlow, kNull, kBy<&MultipointRecord::SpheroidalCentroid>,
+    {kMultipoint, Geographic, 1, "Sph. Centroid", kSlow, kNull, kMeasuredBy<&MultipointRecord::SpheroidalCentroid>,
      kGeodesicPlace, {"Sph_Cen_X", "Sph_Cen_Y"}, {"Spherical Centroid X-Coordinate", "Spherical Centroid Y-Coordinate"}},
-    {kMultipoint, Geographic, 2, "Number of Points", kQuick, kNull, kBy<Points>,
+    {kMultipoint, Geographic, 2, "Number of Points", kQuick, kNull, kMeasuredBy<Points>,
      kCount, {"Points"}, {"Point Count"}},
 
-    {kPolyline, Unknown, 1, "Length", kQuick, kNull, kBy<&PolylineRecord::Length>,
+    {kPolyline, Unknown, 1, "Length", kQuick, kNull, kMeasuredBy<&PolylineRecord::Length>,
      kPlanarLength, {"Length"}, {"Length"}},
-    {kPolyline, Unknown, 2, "Starting Point", kQuick, kNull, kBy<&PolylineRecord::StartPoint>,
+    {kPolyline, Unknown, 2, "Starting Point", kQuick, kNull, kMeasuredBy<&PolylineRecord::StartPoint>,
      kPlace, {"Start_X", "Start_Y"}, {"Start Point X-Coordinate", "Start Point Y-Coordinate"}},
-    {kPolyline, Unknown, 3, "Midpoint", kQuick, kNull, kBy<&PolylineRecord::Midpoint>,
+    {kPolyline, Unknown, 3, "Midpoint", kQuick, kNull, kMeasuredBy<&PolylineRecord::Midpoint>,
      kPlace, {"Mid_X", "Mid_Y"}, {"Midpoint X-Coordinate", "Midpoint Y-Coordinate"}},
-    {kPolyline, Unknown, 4, "Ending Point", kQuick, kNull, kBy<&PolylineRecord::EndPoint>,
+    {kPolyline, Unknown, 4, "Ending Point", kQuick, kNull, kMeasuredBy<&PolylineRecord::EndPoint>,
      kPlace, {"End_X", "End_Y"}, {"End Point X-Coordinate", "End Point Y-Coordinate"}},
-    {kPolyline, Unknown, 5, "Average Azimuth", kQuick, kNull, kBy<&PolylineRecord::Azimuth>,
+    {kPolyline, Unknown, 5, "Average Azimuth", kQuick, kNull, kMeasuredBy<&PolylineRecord::Azimuth>,
      kDegrees, {"Azimuth"}, {"Average Azimuth"}},
-    {kPolyline, Unknown, 6, "Number of Parts", kQuick, kNull, kBy<LineParts>,
+    {kPolyline, Unknown, 6, "Number of Parts", kQuick, kNull, kMeasuredBy<LineParts>,
      kCount, {"Parts"}, {"Count of Sub-Polylines"}},
-    {kPolyline, Unknown, 7, "Number of Vertices", kQuick, kKept, kBy<LineVertices>,
+    {kPolyline, Unknown, 7, "Number of Vertices", kQuick, kKept, kMeasuredBy<LineVertices>,
      kCount, {"Vertices"}, {"Number of Vertices"}},
 
-    {kPolyline, Projected, 1, "Plan. Length", kQuick, kNull, kBy<&PolylineRecord::Length>,
+    {kPolyline, Projected, 1, "Plan. Length", kQuick, kNull, kMeasuredBy<&PolylineRecord::Length>,
      kPlanarLength, {"Plan_Len"}, {"Planimetric Length"}},
-    {kPolyline, Projected, 2, "Spheroidal Length", kSlow, kNull, kBy<&PolylineRecord::SpheroidalLength>,
+    {kPolyline, Projected, 2, "Spheroidal Length", kSlow, kNull, kMeasuredBy<&PolylineRecord::SpheroidalLength>,
      kGeodesicLength, {"Sph_Len"}, {"Spheroidal Length"}},
-    {kPolyline, Projected, 3, "Starting Point", kQuick, kNull, kBy<&PolylineRecord::StartPoint>,
+    {kPolyline, Projected, 3, "Starting Point", kQuick, kNull, kMeasuredBy<&PolylineRecord::StartPoint>,
      kPlace, {"Start_X", "Start_Y"}, {"Start Point X-Coordinate", "Start Point Y-Coordinate"}},
-    {kPolyline, Projected, 4, "Midpoint", kQuick, kNull, kBy<&PolylineRecord::Midpoint>,
+    {kPolyline, Projected, 4, "Midpoint", kQuick, kNull, kMeasuredBy<&PolylineRecord::Midpoint>,
      kPlace, {"Mid_X", "Mid_Y"}, {"Projected Midpoint X-Coordinate", "Projected Midpoint Y-Coordinate"}},
-    {kPolyline, Projected, 5, "Spheroidal Midpoint", kSlow, kNull, kBy<&PolylineRecord::ProjectedSpheroidalMidpoint>,
+    {kPolyline, Projected, 5, "Spheroidal Midpoint", kSlow, kNull, kMeasuredBy<&PolylineRecord::ProjectedSpheroidalMidpoint>,
      kGeodesicPlace, {"Sph_Mid_X", "Sph_Mid_Y"}, {"Spheroidal Midpoint X-Coordinate", "Spheroidal Midpoint Y-Coordinate"}},
-    {kPolyline, Projected, 6, "Ending Point", kQuick, kNull, kBy<&PolylineRecord::EndPoint>,
+    {kPolyline, Projected, 6, "Ending Point", kQuick, kNull, kMeasuredBy<&PolylineRecord::EndPoint>,
      kPlace, {"End_X", "End_Y"}, {"End Point X-Coordinate", "End Point Y-Coordinate"}},
-    {kPolyline, Projected, 7, "Projected Azimuth", kQuick, kNull, kBy<&PolylineRecord::Azimuth>,
+    {kPolyline, Projected, 7, "Projected Azimuth", kQuick, kNull, kMeasuredBy<&PolylineRecord::Azimuth>,
      kDegrees, {"Prj_Az"}, {"Projected Azimuth"}},
-    {kPolyline, Projected, 8, "Sph. Start Azimuth", kQuick, kNull, kBy<&PolylineRecord::StartAzimuth>,
+    {kPolyline, Projected, 8, "Sph. Start Azimuth", kQuick, kNull, kMeasuredBy<&PolylineRecord::StartAzimuth>,
      kGeodesicAngle, {"Start_Az"}, {"Spheroidal Start Azimuth"}},
-    {kPolyline, Projected, 9, "Sph. End Azimuth", kQuick, kKept, kBy<&PolylineRecord::EndAzimuth>,
+    {kPolyline, Projected, 9, "Sph. End Azimuth", kQuick, kKept, kMeasuredBy<&PolylineRecord::EndAzimuth>,
      kGeodesicAngle, {"End_Az"}, {"Spheroidal End Azimuth"}},
-    {kPolyline, Projected, 10, "Number of Parts", kQuick, kKept, kBy<LineParts>,
+    {kPolyline, Projected, 10, "Number of Parts", kQuick, kKept, kMeasuredBy<LineParts>,
      kCount, {"Parts"}, {"Count of Sub-Polylines"}},
-    {kPolyline, Projected, 11, "Number of Vertices", kQuick, kKept, kBy<LineVertices>,
+    {kPolyline, Projected, 11, "Number of Vertices", kQuick, kKept, kMeasuredBy<LineVertices>,
      kCount, {"Vertices"}, {"Number of Vertices"}},
 
-    {kPolyline, Geographic, 1, "Spheroidal Length", kSlow, kNull, kBy<&PolylineRecord::SpheroidalLength>,
+    {kPolyline, Geographic, 1, "Spheroidal Length", kSlow, kNull, kMeasuredBy<&PolylineRecord::SpheroidalLength>,
      kGeodesicLength, {"Sph_Len"}, {"Spheroidal Length"}},
-    {kPolyline, Geographic, 2, "Starting Point", kQuick, kNull, kBy<&PolylineRecord::StartLongitudeLatitude>,
+    {kPolyline, Geographic, 2, "Starting Point", kQuick, kNull, kMeasuredBy<&PolylineRecord::StartLongitudeLatitude>,
      kPlace, {"Start_X", "Start_Y"}, {"Start Point Longitude", "Start Point Latitude"}},
-    {kPolyline, Geographic, 3, "Midpoint", kSlow, kNull, kBy<&PolylineRecord::SpheroidalMidpoint>,
+    {kPolyline, Geographic, 3, "Midpoint", kSlow, kNull, kMeasuredBy<&PolylineRecord::SpheroidalMidpoint>,
      kGeodesicPlace, {"Mid_X", "Mid_Y"}, {"Spheroidal Midpoint Longitude", "Spheroidal Midpoint Latitude"}},
-    {kPolyline, Geographic, 4, "Ending Point", kQuick, kNull, kBy<&PolylineRecord::EndLongitudeLatitude>,
+    {kPolyline, Geographic, 4, "Ending Point", kQuick, kNull, kMeasuredBy<&PolylineRecord::EndLongitudeLatitude>,
      kPlace, {"End_X", "End_Y"}, {"End Point Longitude", "End Point Latitude"}},
-    {kPolyline, Geographic, 5, "Start Azimuth", kQuick, kNull, kBy<&PolylineRecord::StartAzimuth>,
+    {kPolyline, Geographic, 5, "Start Azimuth", kQuick, kNull, kMeasuredBy<&PolylineRecord::StartAzimuth>,
      kGeodesicAngle, {"Start_Az"}, {"Spheroidal Start Azimuth"}},
-    {kPolyline, Geographic, 6, "End Azimuth", kQuick, kNull, kBy<&PolylineRecord::EndAzimuth>,
+    {kPolyline, Geographic, 6, "End Azimuth", kQuick, kNull, kMeasuredBy<&PolylineRecord::EndAzimuth>,
      kGeodesicAngle, {"End_Az"}, {"Spheroidal End Azimuth"}},
-    {kPolyline, Geographic, 7, "Number of Parts", kQuick, kKept, kBy<LineParts>,
+    {kPolyline, Geographic, 7, "Number of Parts", kQuick, kKept, kMeasuredBy<LineParts>,
      kCount, {"Parts"}, {"Count of Sub-Polylines"}},
-    {kPolyline, Geographic, 8, "Number of Vertices", kQuick, kKept, kBy<LineVertices>,
+    {kPolyline, Geographic, 8, "Number of Vertices", kQuick, kKept, kMeasuredBy<LineVertices>,
      kCount, {"Vertices"}, {"Number of Vertices"}},
 
-    {kPolygon, Unknown, 1, "Area", kQuick, kNull, kBy<&PolygonRecord::Area>,
+    {kPolygon, Unknown, 1, "Area", kQuick, kNull, kMeasuredBy<&PolygonRecord::Area>,
      kPlanarArea, {"Poly_Area"}, {"Area"}},
-    {kPolygon, Unknown, 2, "Centroid", kQuick, kNull, kBy<&PolygonRecord::Centroid>,
+    {kPolygon, Unknown, 2, "Centroid", kQuick, kNull, kMeasuredBy<&PolygonRecord::Centroid>,
      kPlace, {"X_Coord", "Y_Coord"}, {"Centroid X-Coordinate", "Centroid Y-Coordinate"}},
-    {kPolygon, Unknown, 3, "Perimeter Length", kQuick, kNull, kBy<&PolygonRecord::Perimeter>,
+    {kPolygon, Unknown, 3, "Perimeter Length", kQuick, kNull, kMeasuredBy<&PolygonRecord::Perimeter>,
      kPlanarLength, {"Length"}, {"Perimeter Length"}},
-    {kPolygon, Unknown, 4, "Number of Parts", kQuick, kNull, kBy<PolygonParts>,
+    {kPolygon, Unknown, 4, "Number of Parts", kQuick, kNull, kMeasuredBy<PolygonParts>,
      kCount, {"Parts"}, {"Count of Sub-Polygons"}},
-    {kPolygon, Unknown, 5, "Number of Vertices", kQuick, kNull, kBy<PolygonVertices>,
+    {kPolygon, Unknown, 5, "Number of Vertices", kQuick, kNull, kMeasuredBy<PolygonVertices>,
      kCount, {"Vertices"}, {"Number of Vertices"}},
 
-    {kPolygon, Projected, 1, "Plan. Area", kQuick, kNull, kBy<&PolygonRecord::Area>,
+    {kPolygon, Projected, 1, "Plan. Area", kQuick, kNull, kMeasuredBy<&PolygonRecord::Area>,
      kPlanarArea, {"Plan_Area"}, {"Planimetric Area"}},
-    {kPolygon, Projected, 2, "Spherical Area", kSlow, kNull, kBy<&PolygonRecord::SphericalArea>,
+    {kPolygon, Projected, 2, "Spherical Area", kSlow, kNull, kMeasuredBy<&PolygonRecord::SphericalArea>,
      kGeodesicArea, {"Sph_Area"}, {"Spherical Area"}},
-    {kPolygon, Projected, 3, "Plan. Centroid", kQuick, kNull, kBy<&PolygonRecord::Centroid>,
+    {kPolygon, Projected, 3, "Plan. Centroid", kQuick, kNull, kMeasuredBy<&PolygonRecord::Centroid>,
      kPlace, {"Cent_X", "Cent_Y"}, {"Planimetric Centroid X-Coordinate", "Planimetric Centroid Y-Coordinate"}},
-    {kPolygon, Projected, 4, "Sph. Centroid", kSlow, kNull, kBy<&PolygonRecord::ProjectedSphericalCentroid>,
+    {kPolygon, Projected, 4, "Sph. Centroid", kSlow, kNull, kMeasuredBy<&PolygonRecord::ProjectedSphericalCentroid>,
      kGeodesicPlace, {"Sph_Cen_X", "Sph_Cen_Y"}, {"Spherical Centroid X-Coordinate", "Spherical Centroid Y-Coordinate"}},
-    {kPolygon, Projected, 5, "Plan. Perimeter", kQuick, kNull, kBy<&PolygonRecord::Perimeter>,
+    {kPolygon, Projected, 5, "Plan. Perimeter", kQuick, kNull, kMeasuredBy<&PolygonRecord::Perimeter>,
      kPlanarLength, {"Pl_Perim"}, {"Projected Perimeter Length"}},
-    {kPolygon, Projected, 6, "Sph. Perimeter", kSlow, kNull, kBy<&PolygonRecord::SpheroidalPerimeter>,
+    {kPolygon, Projected, 6, "Sph. Perimeter", kSlow, kNull, kMeasuredBy<&PolygonRecord::SpheroidalPerimeter>,
      kGeodesicLength, {"Sph_Perim"}, {"Spheroidal Perimeter Length"}},
-    {kPolygon, Projected, 7, "Number of Parts", kQuick, kNull, kBy<PolygonParts>,
+    {kPolygon, Projected, 7, "Number of Parts", kQuick, kNull, kMeasuredBy<PolygonParts>,
      kCount, {"Parts"}, {"Count of Sub-Polygons"}},
-    {kPolygon, Projected, 8, "Number of Vertices", kQuick, kNull, kBy<PolygonVertices>,
+    {kPolygon, Projected, 8, "Number of Vertices", kQuick, kNull, kMeasuredBy<PolygonVertices>,
      kCount, {"Vertices"}, {"Number of Vertices"}},
-    {kPolygon, Projected, 9, "Spheroidal Area", kSlow, kNull, kBy<&PolygonRecord::SpheroidalArea>,
+    {kPolygon, Projected, 9, "Spheroidal Area", kSlow, kNull, kMeasuredBy<&PolygonRecord::SpheroidalArea>,
      kGeodesicArea, {"Spd_Area"}, {"Spheroidal Area"}},
 
-    {kPolygon, Geographic, 1, "Sph. Area", kSlow, kNull, kBy<&PolygonRecord::SphericalArea>,
+    {kPolygon, Geographic, 1, "Sph. Area", kSlow, kNull, kMeasuredBy<&PolygonRecord::SphericalArea>,
      kGeodesicArea, {"Sph_Area"}, {"Spherical Area"}},
-    {kPolygon, Geographic, 2, "Sph. Centroid", kSlow, kNull, kBy<&PolygonRecord::SphericalCentroid>,
+    {kPolygon, Geographic, 2, "Sph. Centroid", kSlow, kNull, kMeasuredBy<&PolygonRecord::SphericalCentroid>,
      kGeodesicPlace, {"Longitude", "Latitude"}, {"Spherical Centroid X-Coordinate", "Spherical Centroid Y-Coordinate"}},
-    {kPolygon, Geographic, 3, "Perimeter Length", kSlow, kNull, kBy<&PolygonRecord::SpheroidalPerimeter>,
+    {kPolygon, Geographic, 3, "Perimeter Length", kSlow, kNull, kMeasuredBy<&PolygonRecord::SpheroidalPerimeter>,
      kGeodesicLength, {"Sph_Len"}, {"Spheroidal Perimeter Length"}},
-    {kPolygon, Geographic, 4, "Number of Parts", kQuick, kNull, kBy<PolygonParts>,
+    {kPolygon, Geographic, 4, "Number of Parts", kQuick, kNull, kMeasuredBy<PolygonParts>,
      kCount, {"Parts"}, {"Count of Sub-Polygons"}},
-    {kPolygon, Geographic, 5, "Number of Vertices", kQuick, kNull, kBy<PolygonVertices>,
+    {kPolygon, Geographic, 5, "Number of Vertices", kQuick, kNull, kMeasuredBy<PolygonVertices>,
      kCount, {"Vertices"}, {"Number of Vertices"}},
-    {kPolygon, Geographic, 6, "Spheroidal Area", kSlow, kNull, kBy<&PolygonRecord::SpheroidalArea>,
+    {kPolygon, Geographic, 6, "Spheroidal Area", kSlow, kNull, kMeasuredBy<&PolygonRecord::SpheroidalArea>,
      kGeodesicArea, {"Spd_Area"}, {"Spheroidal Area"}},
 });
 // clang-format on
@@ -203,19 +203,28 @@ constexpr bool SameLayer(const MeasureRow& left, const MeasureRow& right) {
   return left.shape == right.shape && left.kind == right.kind;
 }
 
-// The options of a layer stand together and count from 1, and a measure has as many fields as values.
-constexpr bool IsInOrder(std::span<const MeasureRow> rows) {
+constexpr bool NumbersRunOn(std::span<const MeasureRow> rows) {
   for (std::size_t index = 0; index < rows.size(); ++index) {
-    const MeasureRow& row = rows[index];
-    const bool continues = index > 0 && SameLayer(rows[index - 1], row);
-    if (row.option_id != (continues ? rows[index - 1].option_id + 1 : 1) || row.option_id > kOptionCount) return false;
-    if ((row.measure.kind == MeasuredKind::RealPair) != (row.FieldCount() == 2)) return false;
-    if (row.report_labels[1].empty() != row.default_fields[1].empty()) return false;
-    if (row.FieldCount() == 2 && row.option_id > kLastPairedOption) return false;
+    const bool continues = index > 0 && SameLayer(rows[index - 1], rows[index]);
+    if (rows[index].option_id != (continues ? rows[index - 1].option_id + 1 : 1)) return false;
   }
   return true;
 }
-static_assert(IsInOrder(kMeasures));
+static_assert(NumbersRunOn(kMeasures),
+              "The measures of a shape and a kind of reference stand together, numbered from 1 without a gap.");
+static_assert(std::ranges::all_of(kMeasures, [](const MeasureRow& row) { return row.option_id <= kOptionCount; }),
+              "The dialog has controls for 11 measures of a layer.");
+static_assert(std::ranges::all_of(kMeasures,
+                                  [](const MeasureRow& row) {
+                                    return row.FieldCount() < 2 || row.option_id <= kLastPairedOption;
+                                  }),
+              "The dialog has two boxes for fields beside the first 6 measures alone.");
+static_assert(std::ranges::all_of(kMeasures,
+                                  [](const MeasureRow& row) {
+                                    return (row.measure.kind == MeasuredKind::RealPair) == (row.FieldCount() == 2) &&
+                                           row.report_labels[1].empty() == row.default_fields[1].empty();
+                                  }),
+              "A measure has a field and a label for each of its values.");
 
 struct ShapeNouns {
   esriGeometryType shape;

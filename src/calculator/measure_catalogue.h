@@ -28,6 +28,7 @@ enum class SpatialKind : std::int32_t { Unknown = 0, Projected = 1, Geographic =
 /// Unknown also for a reference that is nothing.
 [[nodiscard]] SpatialKind SpatialKindOf(const SpatialReferenceRef& reference);
 
+/// The dialog has controls for so many measures of a layer.
 inline constexpr std::int32_t kOptionCount = 11;
 /// Options up to this one own two combo boxes, those above it one.
 inline constexpr std::int32_t kLastPairedOption = 6;
