@@ -238,14 +238,16 @@ class RtfReader {
   RichText text_;
 };
 
+// In the size of a report's text: some reports are plain.
 RichText ReadPlain(std::string_view text) {
+  constexpr std::int32_t kReportHalfPoints = 17;
   RichText paragraphs;
   while (!text.empty()) {
     const std::size_t end = text.find('\n');
     std::string_view line = text.substr(0, end);
     if (line.ends_with('\r')) line.remove_suffix(1);
     RichParagraph paragraph;
-    if (!line.empty()) paragraph.runs.push_back({.text = std::string(line)});
+    if (!line.empty()) paragraph.runs.push_back({.text = std::string(line), .half_points = kReportHalfPoints});
     paragraphs.push_back(std::move(paragraph));
     text = end == std::string_view::npos ? std::string_view() : text.substr(end + 1);
   }

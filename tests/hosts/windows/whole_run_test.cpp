@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 // Whole pieces of work in windows: a conversion from its dialog to its report, and the progress of a long run.
+#include <QFontInfo>
 #include <QLabel>
 #include <QLineEdit>
+#include <QTextCursor>
 #include <QTextEdit>
 
 #include "helpers/fake_application.h"
@@ -11,6 +13,7 @@
 #include "platform/paths.h"
 #include "session/clsExtension.h"
 #include "support/frmOrlProgressMeter.h"
+#include "support/frmReport_modal.h"
 #include "support/progress_bail_out.h"
 #include "tests/hosts/windows/windows_fixture.h"
 
@@ -67,6 +70,18 @@ TEST_F(WholeRunTest, AConversionGoesFromItsDialogToItsReport) {
   EXPECT_THAT(opened, ElementsAre("frmLayerFields", "frmReport_modal"));
   EXPECT_THAT(report, HasSubstr(folder.Native("vertices.shp")));
   EXPECT_TRUE(folder.Has("vertices.dbf"));
+}
+
+TEST_F(WholeRunTest, AReportIsShownInTheSizeOfTheWindowsFontWhetherItIsRichTextOrPlain) {
+  for (const std::string& text : {std::string("FUNCTION FAILED:  This layer"), testing::SampleReport()}) {
+    frmReport_modal form;
+    form.txtReport.SetTextRTF(text);
+    Show(form, [](FormWindow& window) {
+      QTextCursor cursor(qobject_cast<QTextEdit*>(window.WidgetOf("txtReport"))->document());
+      cursor.movePosition(QTextCursor::NextCharacter);
+      EXPECT_DOUBLE_EQ(cursor.charFormat().fontPointSize(), QFontInfo(window.font()).pointSizeF());
+    });
+  }
 }
 
 TEST_F(WholeRunTest, TheProgressWindowStopsTheRunAndShowsOrHidesItsLog) {
