@@ -8,6 +8,7 @@
 
 #include "hosts/qgis/expressions/expression_functions.h"
 #include "hosts/qgis/menu_bar.h"
+#include "hosts/qgis/processing/choice_parameter.h"
 #include "hosts/qgis/processing/provider.h"
 #include "hosts/qgis/program_application.h"
 #include "hosts/qgis/qgis_host.h"
@@ -102,7 +103,10 @@ TESSARINE_EXPORT void tessarine_start_processing() {
 /// Shows toolbar and menus in the program of this interface.
 TESSARINE_EXPORT void tessarine_start_menus(QgisInterface* program) {
   using namespace tessarine::qgis;
-  tessarine::Trap("initGui", [&] { RunningMenus() = std::make_unique<Menus>(*program); });
+  tessarine::Trap("initGui", [&] {
+    AddChoiceBoxes();
+    RunningMenus() = std::make_unique<Menus>(*program);
+  });
 }
 
 /// Takes all of it away again.

@@ -95,6 +95,24 @@ def refusals():
     assert why.startswith("Die Halbachsen '2' sind nicht zu verstehen: "), why
 
 
+def choices():
+    """Dialogs of the toolbox show words in German, and hold those that scripts write."""
+    import processing
+    shown = {}
+    for tool, box_name, given, chosen in (("calculate", "MEASURE", ["Sph. Area", "Number of Parts"], ["Sphär. Fläche"]),
+                                          ("wrap", "POLE", "south", ["Nordpol", "Südpol", "beide", "keiner"])):
+        dialog = processing.createAlgorithmDialog("tessarine:" + tool, {box_name: given})
+        dialog.show()
+        wrapper = dialog.mainWidget().wrappers[box_name]
+        box = wrapper.wrappedWidget()
+        shown[box_name] = [box.itemText(line) for line in range(box.count())]
+        assert set(chosen) <= set(shown[box_name]), shown
+        assert wrapper.parameterValue() == given, (given, wrapper.parameterValue())
+        assert dialog.createProcessingParameters()[box_name] == given, dialog.createProcessingParameters()
+        dialog.close()
+    assert shown["POLE"][0] == "[keine]", shown
+
+
 def log_of_the_toolbox():
     layer = QgsProject.instance().mapLayersByName("countries")[0]
     algorithm = QgsApplication.processingRegistry().algorithmById("tessarine:centroids")
@@ -132,6 +150,7 @@ def scenario():
     assert algorithm.name() == "vertices"
     assert action_of(WINDOW.menuBar(), "Tessarine Tools").menu().objectName() == "Tessarine.clsMenu"
     refusals()
+    choices()
     log_of_the_toolbox()
     end_of_a_run()
     measuring()

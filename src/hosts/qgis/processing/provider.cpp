@@ -5,6 +5,7 @@
 #include <qgsprocessingregistry.h>
 
 #include "hosts/document/component_loader.h"
+#include "hosts/qgis/processing/choice_parameter.h"
 #include "hosts/qgis/processing/tool_algorithm.h"
 #include "hosts/windows/pictures.h"
 #include "platform/tool.h"
@@ -40,6 +41,7 @@ void ToolProvider::loadAlgorithms() {
 
 void AddToolProvider() {
   QgsProcessingRegistry* registry = QgsApplication::processingRegistry();
+  AddChoiceParameters();
   if (registry->providerById(kId) == nullptr) registry->addProvider(new ToolProvider(registry));
 }
 

@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "hosts/document/component_loader.h"
+#include "hosts/qgis/processing/choice_parameter.h"
 #include "hosts/windows/qt_text.h"
 #include "hosts/windows/translation.h"
 #include "platform/measure_catalog.h"
@@ -118,8 +119,7 @@ std::unique_ptr<QgsProcessingParameterDefinition> DefinitionOf(const ToolSpec& s
     case ParameterKind::Number:
       return NumberOf(parameter, label);
     case ParameterKind::Choice:
-      return std::make_unique<QgsProcessingParameterEnum>(name, label, Words(parameter.choices), false, QVariant(),
-                                                          optional, true);
+      return ChoiceParameter(name, label, Words(parameter.choices), ChoiceOf::One, optional);
     case ParameterKind::Flag:
       return std::make_unique<QgsProcessingParameterBoolean>(name, label, false, optional);
     case ParameterKind::Box:
@@ -129,8 +129,7 @@ std::unique_ptr<QgsProcessingParameterDefinition> DefinitionOf(const ToolSpec& s
     case ParameterKind::Spheroid:
       return std::make_unique<SpheroidParameter>(name, label, optional);
     case ParameterKind::Measures:
-      return std::make_unique<QgsProcessingParameterEnum>(name, label, CaptionsOfMeasures(), true, QVariant(), optional,
-                                                          true);
+      return ChoiceParameter(name, label, CaptionsOfMeasures(), ChoiceOf::Several, optional);
     case ParameterKind::Output:
     // What only tools for documents ask for.
     case ParameterKind::Shapes:
