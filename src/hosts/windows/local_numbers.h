@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
-// Numbers of the host's own windows, in the way of the program's locale; the suite writes those of its forms and
-// reports in one way for everybody.
+// Numbers, dates and times in the way of the program's locale. The suite writes them in one way for everybody, and
+// reports stay so.
 #pragma once
 
 #include <QString>
@@ -18,5 +18,17 @@ namespace tessarine {
 
 /// A count, with groups of digits.
 [[nodiscard]] QString CountText(std::int64_t count);
+
+/// A text that is a number of the suite and nothing else, "12,345" or "-0.5", as `InLocale` has it. Empty where it is
+/// none; one with an exponent stays a text.
+[[nodiscard]] QString NumberInLocale(const QString& text);
+
+/// The same of a share between brackets, "(35.12%)".
+[[nodiscard]] QString PercentInLocale(const QString& text);
+
+/// A text of dates and times of the suite and nothing else, "9:05:07 PM,  3/14/2026" or "Saturday, March 14, 2026 at
+/// 9:05:07 PM", each in the locale's form: years with four digits, times with seconds, without "at". Empty where it is
+/// none.
+[[nodiscard]] QString MomentInLocale(const QString& text);
 
 }  // namespace tessarine

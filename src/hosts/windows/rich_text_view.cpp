@@ -8,6 +8,7 @@
 #include "hosts/windows/form_window.h"
 #include "hosts/windows/qt_text.h"
 #include "hosts/windows/rich_document.h"
+#include "hosts/windows/text_pattern.h"
 #include "hosts/windows/translation.h"
 #include "platform/rich_text.h"
 
@@ -39,16 +40,22 @@ const std::string& HeadOfPlainText() {
   return head;
 }
 
-// The runs of the suite's own texts. A report stays as it is written, here as at the terminal.
+// A report stays as it is written, here as at the terminal: its title stands in the middle, or it is plain text. What
+// can be typed into is the user's.
+bool ShowsOwnTexts(const RichTextBox& box, const RichText& text) {
+  if (!box.Locked || box.Name() != "txtReport") return box.Locked;
+  const bool has_title = !text.empty() && text.front().alignment == RichParagraph::Alignment::Center;
+  return !has_title && box.TextRTF().starts_with("{\\rtf");
+}
+
+// The suite's own texts by their runs.
 RichText InLanguage(RichText text, const RichTextBox& box) {
-  if (box.Name() == "txtReport") return text;
+  if (!ShowsOwnTexts(box, text)) return text;
   for (RichParagraph& paragraph : text) {
     for (RichRun& run : paragraph.runs) {
       const QString whole = ToQt(run.text);
       const QString translated = Translated(whole);
-      if (translated == whole) continue;
-      const bool blank_before = run.text.starts_with(' '), blank_after = run.text.ends_with(' ');
-      run.text = (blank_before ? " " : "") + FromQt(translated) + (blank_after ? " " : "");
+      if (translated != whole) run.text = FromQt(InBlanksOf(whole, translated.trimmed()));
     }
   }
   return text;
@@ -99,11 +106,7 @@ class RichTextView final : public ControlView {
     Edit().ensureCursorVisible();
   }
 
-  // A log stays in the language that it is written in.
-  [[nodiscard]] RichText Shown() const {
-    const RichText text = ReadRtf(box_.TextRTF());
-    return box_.TextRTF().starts_with(HeadOfPlainText()) ? text : InLanguage(text, box_);
-  }
+  [[nodiscard]] RichText Shown() const { return InLanguage(ReadRtf(box_.TextRTF()), box_); }
 
   // A log grows line by line: what stands is left alone. False where the text isn't the shown one with more after it.
   bool AppendWhatIsNew(double scale) {
@@ -113,8 +116,8 @@ class RichTextView final : public ControlView {
     const std::string_view shown(shown_rtf_.data(), shown_rtf_.size() - 1);  // without the end of the group
     if (shown.size() == head.size() || !rtf.starts_with(shown)) return false;
     const AppendedTo place = shown.ends_with("\\par\r\n") ? AppendedTo::NewLine : AppendedTo::LastLine;
-    AppendToDocument(*Edit().document(), ReadRtf(head + rtf.substr(shown.size())), place, Window().font().family(),
-                     scale);
+    AppendToDocument(*Edit().document(), InLanguage(ReadRtf(head + rtf.substr(shown.size())), box_), place,
+                     Window().font().family(), scale);
     return true;
   }
 

@@ -48,6 +48,10 @@ std::optional<QStringList> TextPattern::ValuesIn(const QString& text) const {
     from = at + pieces_.at(piece).size();
   }
   values << text.mid(from, end - from);
+  // What goes on in another line is another text, unless the pattern has lines of its own.
+  const bool goes_on = last.isEmpty() && values.back().contains(QLatin1Char('\n'));
+  const auto has_lines = [](const QString& piece) { return piece.contains(QLatin1Char('\n')); };
+  if (goes_on && std::none_of(pieces_.begin(), pieces_.end(), has_lines)) return std::nullopt;
   return values;
 }
 

@@ -18,7 +18,7 @@ namespace tessarine {
 
 /// A text and its translation have their places in common. What stands for a place may be somebody's name for
 /// something, and stays; where the translation has the place as "%L1", it is a text of the suite, and is translated,
-/// too.
+/// too. A pattern of one line that ends in a place fits no text that goes on in another line.
 class TextPattern {
  public:
   using Translator = std::function<QString(const QString&)>;

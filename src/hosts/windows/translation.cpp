@@ -10,6 +10,7 @@
 #include <utility>
 #include <vector>
 
+#include "hosts/windows/local_numbers.h"
 #include "hosts/windows/text_pattern.h"
 #include "hosts/windows/translation_file.h"
 
@@ -41,14 +42,14 @@ class Language {
     const QString plain = text.trimmed();
     if (const auto known = texts_.find(plain); known != texts_.end()) return *known;
     for (const TextPattern& pattern : patterns_) {
-      if (const auto made = pattern.Translate(plain, [this](const QString& part) { return Any(part); })) return *made;
+      if (const auto made = pattern.Translate(plain, [this](const QString& part) { return Value(part); })) return *made;
     }
-    return {};
+    return MomentInLocale(plain);
   }
 
   /// What is known of the text: the whole, or else its lines and sentences.
   [[nodiscard]] QString Any(const QString& text) const {
-    if (!HasLetter(text)) return {};
+    if (!HasLetter(text)) return PercentInLocale(text);
     const QString whole = Whole(text);
     if (!whole.isEmpty()) return whole;
     const QStringList lines = text.trimmed().split(QLatin1Char('\n'));
@@ -57,17 +58,25 @@ class Language {
     bool has_any = false;
     for (const QString& line : lines) {
       const bool is_name = !line.trimmed().contains(QLatin1Char(' '));
-      const QString found = is_name ? QString() : Whole(line);
-      translations << (found.isEmpty() && !is_name ? InSentences(line) : found);
-      if (translations.back().isEmpty())
-        translations.back() = line;
-      else
-        has_any = true;
+      QString found = is_name ? QString() : Whole(line);
+      if (!found.isEmpty()) {
+        found = InBlanksOf(line, found);
+      } else if (!is_name) {
+        found = InSentences(line);
+      }
+      has_any = has_any || !found.isEmpty();
+      translations << (found.isEmpty() ? line : found);
     }
     return has_any ? translations.join(QLatin1Char('\n')) : QString();
   }
 
  private:
+  // What stands at a place: a number, or a text of the suite.
+  [[nodiscard]] QString Value(const QString& text) const {
+    const QString number = NumberInLocale(text.trimmed());
+    return number.isEmpty() ? Any(text) : number;
+  }
+
   // Sentences and brackets, of which texts are put together; the longest run of them that is known counts.
   [[nodiscard]] QString InSentences(const QString& line) const {
     static const QRegularExpression end(QStringLiteral("[.!?] +(?=\\S)|(?<=\\))(?=\\S)| (?=\\()"));

@@ -4,6 +4,7 @@
 #include <QPalette>
 #include <QStyle>
 
+#include "calculator/measure_choice.h"
 #include "frame/commands/command_table.h"
 #include "helpers/fake_application.h"
 #include "hosts/document/document_application.h"
@@ -82,8 +83,7 @@ class FormTour {
     report.ShowModal();
     frmMessageBox message;
     message.txtMessage.SetText(
-        "The field 'area' exists already in the layer 'countries'.\r\n\r\nIts values will be "
-        "replaced by the areas that are calculated now. Do you want to go on?");
+        TakenNames({{"Sph. Area", "area"}, {"Perimeter Length", "length"}}, {"area", "length"})->text);
     message.ShowModal();
     ShowProgress(std::make_shared<frmOrlProgressPercent>());
     ShowProgress(std::make_shared<frmOrlProgressMeter>());
@@ -131,6 +131,10 @@ class FormTour {
     }
     form->SetArcApplication(input);
     form->ShowModal();
+    if (!extended) return;
+    prefix_ = "help_";
+    form->FindAs<CommandButton>("cmdHelp")->Press();
+    prefix_.clear();
   }
 
   SampleHost& host_;

@@ -5,6 +5,7 @@
 
 #include "frame/commands/command_table.h"
 #include "hosts/windows/pictures.h"
+#include "planetary/planetary_rules.h"
 #include "tests/hosts/windows/album.h"
 
 namespace tessarine::testing {
@@ -27,8 +28,8 @@ QPixmap PicturesOfCommands() {
 
 void AddHostDialogs(Album& album, SampleHost& host, const TemporaryFolder& data) {
   album.AddDialog("host_message", [&] {
-    (void)host.MessageBox().Show("The semi-major radius is no number.\r\n\r\nDo you want to enter it again?",
-                                 "Invalid Spheroid Parameter:", MessageButtons::YesNo, MessageIcon::Exclamation);
+    const auto objection = ObjectionToMajorAxis(-1.0);
+    (void)host.MessageBox().Show(objection->text, objection->title, MessageButtons::Ok, MessageIcon::Exclamation);
   });
   album.AddDialog("host_browse", [&] {
     const auto dialog = host.CreateGxDialog();

@@ -40,9 +40,9 @@ QRegularExpression Form(const char* form) {
 // Two words or more; no queries, examples, mark-up, code or parts of reports.
 bool LooksLikeText(const QString& text) {
   static const QRegularExpression words = Form("[A-Za-z]{2,}[^A-Za-z]* [^A-Za-z]*[A-Za-z]{2,}");
-  static const QRegularExpression code = Form(
-      R"(\\par|\\[bf]\d? |\\f\d|zzz|^  +|^\n?\t|^ *(\*\*|-->)|^tessarine |</?\w+[ >]|^\* \{|::\w|\{\n|\n +\{|\w+ \{ |\$\w)"
-      R"(|^(SELECT|INSERT|UPDATE|CREATE|ALTER|EXPLAIN|RELEASE|ROLLBACK|SAVEPOINT|%1 BETWEEN)\b)");
+  static const QRegularExpression code =
+      Form(R"(\\par|\\[bf]\d? |\\f\d|zzz|^\n?\t|^ *\*\*|^tessarine |</?\w+[ >]|^\* \{|::\w|\{\n|\n +\{|\w+ \{ |\$\w)"
+           R"(|^(SELECT|INSERT|UPDATE|CREATE|ALTER|EXPLAIN|RELEASE|ROLLBACK|SAVEPOINT|%1 BETWEEN)\b)");
   return text.contains(words) && !text.contains(code);
 }
 
@@ -66,13 +66,22 @@ bool Fits(const TextPattern& pattern, const QString& text) {
 /// What has a translation: a text, a part of one with places, or the form of several.
 class Known {
  public:
-  explicit Known(const QHash<QString, QString>& translations) : texts_(translations) {
+  explicit Known(const QHash<QString, QString>& translations) {
+    for (auto text = translations.cbegin(); text != translations.cend(); ++text) {
+      texts_.insert(InOneLine(text.key()), text.value());
+    }
     for (auto text = texts_.cbegin(); text != texts_.cend(); ++text) {
       if (HasPlace(text.key())) patterns_.emplace_back(text.key(), text.value());
     }
   }
 
-  [[nodiscard]] bool Holds(const QString& made) const {
+  // Patterns end with their line, and here it is all one.
+  [[nodiscard]] bool Holds(const QString& made) const { return HoldsLine(InOneLine(made)); }
+
+ private:
+  static QString InOneLine(QString text) { return text.replace(QLatin1Char('\n'), QLatin1Char(' ')); }
+
+  [[nodiscard]] bool HoldsLine(const QString& made) const {
     static const QRegularExpression printed(QStringLiteral("%(s|lld)"));
     QString text = made.trimmed();
     for (int place = 1; text.contains(printed); ++place) {
@@ -85,8 +94,7 @@ class Known {
            std::any_of(texts_.keyBegin(), texts_.keyEnd(), [&](const QString& key) { return Fits(form, key); });
   }
 
- private:
-  const QHash<QString, QString>& texts_;
+  QHash<QString, QString> texts_;
   std::vector<TextPattern> patterns_;
 };
 

@@ -61,6 +61,13 @@ inline constexpr std::string_view kUntranslatedTexts[] = {
     "label points",
     "spherical centroids",
     "vertex points",
+    "--> Failed to convert feature at OID #%1.  It is written without a shape...",
+    "--> Failed to wrap feature at OID #%1.  Wrap function apparently crashed...",
+    "--> Feature at OID #%1 came out empty...",
+    "--> Feature at OID #%1 is empty...",
+    "--> Feature at OID #%1 was written without its shape...",
+    "--> Wrapped Feature at OID #%1 is empty...",
+    "<-- No Fields -->",
     // Headings of the manual, which is in English.
     "Graphic elements to shapes",
     "Planetographic and planetocentric latitudes",
@@ -102,6 +109,8 @@ inline constexpr std::string_view kUntranslatedTexts[] = {
     "model name",
     "point feature class",
     "polygon feature class",
+    "dddd, MMMM d, yyyy",
+    "h:mm:ss AP",
     // What libraries complain of, to be recognised.
     "Cannot encode",
     "Invalid content",

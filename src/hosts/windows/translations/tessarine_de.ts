@@ -206,7 +206,7 @@
     </message>
     <message>
         <source>Spheroid: %1,  Maj.Rad. = %2m,  Min.Rad. = %3m</source>
-        <translation>Sphäroid: %1,  gr. Halbachse = %2m,  kl. Halbachse = %3m</translation>
+        <translation>Sphäroid: %1,  gr. Halbachse = %L2 m,  kl. Halbachse = %L3 m</translation>
     </message>
     <message>
         <source>Spheroid Unknown</source>
@@ -938,7 +938,7 @@
     </message>
     <message>
         <source>Began Job: %1</source>
-        <translation>Beginn: %1</translation>
+        <translation>Beginn: %L1</translation>
     </message>
     <message>
         <source>Estimated time remaining: ---:---:---</source>
@@ -954,11 +954,11 @@
     </message>
     <message>
         <source>Estimated completion time: %1</source>
-        <translation>Ende etwa: %1</translation>
+        <translation>Ende etwa: %L1</translation>
     </message>
     <message>
         <source>Performing Calculations...%1 of %2...</source>
-        <translation>Berechnung ... %1 von %2 ...</translation>
+        <translation>Berechnung ... %L1 von %L2 ...</translation>
     </message>
     <message>
         <source>Performing Calculations...</source>
@@ -2756,7 +2756,7 @@
         <source>The following field names already exist in your dataset, and therefore the existing data will be overwritten. Please click 'YES' to continue and use these field names, or 'NO' if you wish to exit and define new names:
 %1</source>
         <translation>Die folgenden Felder gibt es schon; was darin steht, wird überschrieben. Mit 'Ja' werden diese Felder verwendet, mit 'Nein' sind andere zu wählen:
-%1</translation>
+%L1</translation>
     </message>
     <message>
         <source>System Information Is Unavailable At This Time</source>
@@ -5102,7 +5102,7 @@ Diese Geometrie hat das Bezugssystem '%2...</translation>
     </message>
     <message>
         <source>Working on Feature %1 of %2...</source>
-        <translation>Objekt %1 von %2 ...</translation>
+        <translation>Objekt %L1 von %L2 ...</translation>
     </message>
     <message>
         <source>%1 and %2 more of the same</source>
@@ -5696,7 +5696,7 @@ Die Funktion 'FeatureLongitudeShift' nimmt nur Punkte, Linien, Polygone und Mult
     </message>
     <message>
         <source>%1.....[record #%2 of %3  ---  %4%].....Est. Time Left = %5:%6:%7...</source>
-        <translation>%L1 ... [Datensatz %2 von %3, %4%] ... noch etwa %5:%6:%7</translation>
+        <translation>%L1 ... [Datensatz %L2 von %L3, %L4%] ... noch etwa %5:%6:%7</translation>
     </message>
     <message>
         <source>Calculating Geometry on %1</source>
@@ -5704,7 +5704,7 @@ Die Funktion 'FeatureLongitudeShift' nimmt nur Punkte, Linien, Polygone und Mult
     </message>
     <message>
         <source>Calculating Geometry on %1...</source>
-        <translation>Geometrie von %1 wird berechnet ...</translation>
+        <translation>Geometrie wird berechnet: %L1 ...</translation>
     </message>
     <message>
         <source>Unable to determine ArcGIS Version!</source>
@@ -6013,6 +6013,154 @@ Mit 'OK' bestätigen, mit 'Abbrechen' nichts ändern.</translation>
     <message>
         <source>The file '%1' of the layer '%2' can only be written anew as a whole, without what can't be read of it: export the layer to a GeoPackage, and work on that, or switch editing on and save the layer yourself.</source>
         <translation>Die Datei '%1' des Layers '%2' kann nur als Ganzes neu geschrieben werden, ohne das, was davon nicht lesbar ist: bitte den Layer in ein GeoPackage exportieren und daran arbeiten oder die Bearbeitung einschalten und den Layer selbst speichern.</translation>
+    </message>
+    <message>
+        <source>Began Job:</source>
+        <translation>Beginn:</translation>
+    </message>
+    <message>
+        <source>[time stamp %1]</source>
+        <translation>[%L1]</translation>
+    </message>
+    <message>
+        <source>Calculations Complete... --&gt;</source>
+        <translation>Berechnung beendet --&gt;</translation>
+    </message>
+    <message>
+        <source>Operation cancelled prematurely at %1</source>
+        <translation>Vorzeitig abgebrochen: %L1</translation>
+    </message>
+    <message>
+        <source>Analysis Began: %1</source>
+        <translation>Beginn: %L1</translation>
+    </message>
+    <message>
+        <source>Analysis Complete: %1</source>
+        <translation>Ende: %L1</translation>
+    </message>
+    <message>
+        <source>Time Elapsed: %1</source>
+        <translation>Dauer: %L1</translation>
+    </message>
+    <message>
+        <source>%1 second...</source>
+        <translation>%L1 Sekunde</translation>
+    </message>
+    <message>
+        <source>%1 seconds...</source>
+        <translation>%L1 Sekunden</translation>
+    </message>
+    <message>
+        <source>%1 minute, %2</source>
+        <translation>%L1 Minute, %L2</translation>
+    </message>
+    <message>
+        <source>%1 minutes, %2</source>
+        <translation>%L1 Minuten, %L2</translation>
+    </message>
+    <message>
+        <source>%1 hour, %2</source>
+        <translation>%L1 Stunde, %L2</translation>
+    </message>
+    <message>
+        <source>%1 hours, %2</source>
+        <translation>%L1 Stunden, %L2</translation>
+    </message>
+    <message>
+        <source>%1 day, %2</source>
+        <translation>%L1 Tag, %L2</translation>
+    </message>
+    <message>
+        <source>%1 days, %2</source>
+        <translation>%L1 Tage, %L2</translation>
+    </message>
+    <message>
+        <source>Converting Polygons to Polylines...%1</source>
+        <translation>Polygone werden zu Linien ... %L1</translation>
+    </message>
+    <message>
+        <source>Converting Polylines to Polygons...%1</source>
+        <translation>Linien werden zu Polygonen ... %L1</translation>
+    </message>
+    <message>
+        <source>Splitting Multipart Features...%1</source>
+        <translation>Mehrteilige Objekte werden geteilt ... %L1</translation>
+    </message>
+    <message>
+        <source>Calculating Label Points...%1</source>
+        <translation>Labelpunkte werden berechnet ... %L1</translation>
+    </message>
+    <message>
+        <source>Extracting Vertices...%1</source>
+        <translation>Stützpunkte werden gelesen ... %L1</translation>
+    </message>
+    <message>
+        <source>Calculating Spherical Centroids...%1</source>
+        <translation>Sphärische Schwerpunkte werden berechnet ... %L1</translation>
+    </message>
+    <message>
+        <source>Calculating Centroids...%1</source>
+        <translation>Schwerpunkte werden berechnet ... %L1</translation>
+    </message>
+    <message>
+        <source>--&gt; Option '%1',  Field Name = %2  (&gt; %3 characters)</source>
+        <translation>--&gt; Maß '%L1', Feldname = %2  (mehr als %3 Zeichen)</translation>
+    </message>
+    <message>
+        <source>--&gt; Option '%1',  Field Name = %2  (Begins with invalid character '%3')</source>
+        <translation>--&gt; Maß '%L1', Feldname = %2  (beginnt mit dem ungültigen Zeichen '%3')</translation>
+    </message>
+    <message>
+        <source>--&gt; Option '%1',  Field Name = %2  (Contains invalid character '%3')</source>
+        <translation>--&gt; Maß '%L1', Feldname = %2  (enthält das ungültige Zeichen '%3')</translation>
+    </message>
+    <message>
+        <source>--&gt; Option '%1',  Field Name = %2</source>
+        <translation>--&gt; Maß '%L1', Feldname = %2</translation>
+    </message>
+    <message>
+        <source>Choose one or more</source>
+        <translation>Eines oder mehrere wählen</translation>
+    </message>
+    <message>
+        <source>A choice among words.</source>
+        <translation>Eine Auswahl unter Wörtern.</translation>
+    </message>
+    <message>
+        <source>Choice</source>
+        <translation>Auswahl</translation>
+    </message>
+    <message>
+        <source>A word of the list</source>
+        <translation>Ein Wort der Liste</translation>
+    </message>
+    <message>
+        <source>north</source>
+        <translation>Nordpol</translation>
+    </message>
+    <message>
+        <source>south</source>
+        <translation>Südpol</translation>
+    </message>
+    <message>
+        <source>both</source>
+        <translation>beide</translation>
+    </message>
+    <message>
+        <source>neither</source>
+        <translation>keiner</translation>
+    </message>
+    <message>
+        <source>points</source>
+        <translation>Punkte</translation>
+    </message>
+    <message>
+        <source>first</source>
+        <translation>der erste</translation>
+    </message>
+    <message>
+        <source>nearest</source>
+        <translation>der nächste</translation>
     </message>
 </context>
 </TS>
