@@ -92,8 +92,11 @@ bool HasButton(const Form& form, bool CommandButton::*kind) {
   });
 }
 
-TEST(KeyboardTest, EveryFormIsWalkedByTabAndEndedByKeys) {
-  const testing::QtSession qt;
+// Captions have other letters in another language.
+class KeyboardTest : public ::testing::TestWithParam<testing::Drawing> {};
+
+TEST_P(KeyboardTest, EveryFormIsWalkedByTabAndEndedByKeys) {
+  const testing::QtSession qt(GetParam());
   const testing::TemporaryFolder folder;
   testing::SampleHost host;
   int forms = 0;
@@ -118,6 +121,10 @@ TEST(KeyboardTest, EveryFormIsWalkedByTabAndEndedByKeys) {
   });
   EXPECT_GE(forms, 20);
 }
+
+INSTANTIATE_TEST_SUITE_P(Languages, KeyboardTest,
+                         ::testing::Values(testing::Drawing{}, testing::Drawing{.german = true}),
+                         [](const auto& language) { return language.param.german ? "German" : "English"; });
 
 }  // namespace
 }  // namespace tessarine
