@@ -7,6 +7,9 @@
 
 #include <QDateTime>
 #include <algorithm>
+#include <string>
+#include <utility>
+#include <vector>
 
 #include "hosts/qgis/layer_class.h"
 #include "hosts/qgis/layer_file.h"
@@ -34,9 +37,32 @@ int KeyOf(const QgsVectorLayer& layer) {
   return layer.providerType() == QStringLiteral("ogr") && keys.size() == 1 ? keys.front() : -1;
 }
 
+auto IsTakenIn(const QgsFields& fields) {
+  return [&fields](const std::string& candidate) { return fields.lookupField(ToQt(candidate)) >= 0; };
+}
+
 QString FreeName(const QString& name, const QgsFields& fields) {
-  return ToQt(FirstFreeOfOwn(FromQt(name),
-                             [&](const std::string& candidate) { return fields.lookupField(ToQt(candidate)) >= 0; }));
+  return ToQt(FirstFreeOfOwn(FromQt(name), IsTakenIn(fields)));
+}
+
+// A GeoPackage takes no two names that differ in the case of their letters alone.
+QgsField UnderFreeName(QgsField field, const QgsFields& columns) {
+  field.setName(ToQt(FirstFree(FromQt(field.name()), IsTakenIn(columns))));
+  return field;
+}
+
+// The run sees the fields under the names that they have in the layer.
+void NameAsInLayer(const QStringList& names, const IFeatureClass& copy) {
+  std::vector<FieldRef> attributes;
+  for (const FieldRef& field : *copy.Fields()) {
+    if (IsAttribute(*field)) attributes.push_back(field);
+  }
+  for (std::size_t index = 0; index < attributes.size() && std::cmp_less(index, names.size()); ++index) {
+    Field& field = *attributes[index];
+    const std::string name = FromQt(names.at(static_cast<int>(index)));
+    if (field.AliasName == field.Name) field.AliasName = name;
+    field.Name = name;
+  }
 }
 
 // A column of the copy that holds what the layer holds. The places of a column round nothing but in a file.
@@ -140,10 +166,12 @@ std::shared_ptr<DocumentFeatureLayer> ChosenLayer::OpenCopy(QgsProcessingFeedbac
   QgsFields columns;
   columns.append(QgsField(oid, QVariant::LongLong));
   QList<int> kept;
+  QStringList names;
   for (int index = 0; index < fields_.count(); ++index) {
     if (index == key_) continue;
-    columns.append(CopyOf(fields_.at(index), in_file_));
+    columns.append(UnderFreeName(CopyOf(fields_.at(index), in_file_), columns));
     kept.append(index);
+    names.append(fields_.at(index).name());
   }
   if (copied_ == CopiedFields::Identifiers) columns.append(QgsField(InPlaceShapes::kIdentifier, QVariant::LongLong));
   QgsVectorFileWriter::SaveVectorOptions options;
@@ -188,6 +216,7 @@ std::shared_ptr<DocumentFeatureLayer> ChosenLayer::OpenCopy(QgsProcessingFeedbac
     Raise(kEngine, "Of the " + std::to_string(count) + " features of the layer '" + FromQt(name_) + "' only " +
                        std::to_string(layer->FeatureClass()->FeatureCount(nullptr)) + " could be copied.");
   }
+  if (layer->Valid()) NameAsInLayer(names, *layer->FeatureClass());
   return layer;
 }
 
