@@ -67,7 +67,9 @@ def as_the_terminal(areas):
     log = in_place("wrap", areas, RANGE="180")
     assert not log.errors and areas.undoStack().count() == 1, log.errors
     assert rows_of(areas)[1] == expected and same(expected[0][1], IN_TWO), rows_of(areas)
-    assert any("Workspace" in text and "areas" in text and "/tmp" not in text for text in log.infos), log.infos
+    report = next(text for text in log.infos if "Output:" in text)
+    assert "Edited in Place:  the layer 'areas'\n  ** 3 features have new shapes\n---" in report, report
+    assert "/tmp" not in report and "Workspace" not in report and "working_copy" not in report, report
     areas.undoStack().undo()
     assert rows_of(areas)[1] == before
     # What isn't selected stays as it is; a feature that isn't saved yet takes part.
@@ -120,6 +122,7 @@ def what_stays():
     assert any("met a fault" in text and "(identifiers 2)" in text for text in log.errors), log.errors
     tool, output, told = last_run()
     assert output == "odd", output
+    assert any("1 feature has a new shape\n  ** 2 features keep their shapes" in text for text in log.infos), log.infos
     assert told == "1 record met a fault; 1 record written; 2 features keep their shapes", told
     after = shapes(odd)
     assert after[1] == before[1] and after[2] == before[2], after

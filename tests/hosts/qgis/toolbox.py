@@ -22,7 +22,7 @@ class Log(QgsProcessingFeedback):
 
     def __init__(self, stop_at=None):
         super().__init__(False)
-        self.errors, self.warnings, self.infos, self.progress = [], [], [], []
+        self.errors, self.warnings, self.infos, self.commands, self.progress = [], [], [], [], []
         self.threads, self.stop_at = set(), stop_at
         self.progressChanged.connect(self.moved, type=1)  # at once, on the run's thread
 
@@ -41,6 +41,9 @@ class Log(QgsProcessingFeedback):
 
     def pushInfo(self, info):
         self.infos.append(info)
+
+    def pushCommandInfo(self, info):
+        self.commands.append(info)
 
 
 def algorithm(name):
@@ -148,6 +151,42 @@ def layers_of_all_kinds(areas):
     assert areas.isValid() and [field.name() for field in areas.fields()] == ["fid", "label", "size"]
 
 
+def names_that_differ_in_case():
+    """A layer in memory takes them; outputs get the others under names of their own, and the report says so."""
+    odd = QgsVectorLayer("Polygon?crs=EPSG:4326&field=Name:string&field=name:string&field=NAME:integer", "odd", "memory")
+    row = QgsFeature(odd.fields())
+    row.setAttributes(["first", "second", 3])
+    row.setGeometry(QgsGeometry.fromWkt(SQUARE))
+    assert odd.dataProvider().addFeatures([row])[0]
+    QgsProject.instance().addMapLayer(odd)
+    kept = ["first", "second", 3]
+    for ending, own in ((".gpkg", ["fid"]), (".geojson", [])):
+        made, _, log = run("calculate", INPUT=odd, MEASURE=["Number of Vertices"], OUTPUT=str(WORK / ("case" + ending)))
+        assert made.fields().names() == own + ["Name", "name_2", "NAME_3", "Vertices"], made.fields().names()
+        assert next(made.getFeatures()).attributes()[len(own):] == kept + [5]
+        assert any("'name' is written as 'name_2'" in text for text in log.infos), log.infos
+    made, _, _ = run("vertices", INPUT=odd, FIELDS=["name"], OUTPUT=str(WORK / "case_corners.gpkg"))
+    assert {row["name"] for row in made.getFeatures()} == {"second"}, rows_of(made)
+    made, _, log = run("wrap", INPUT=odd, RANGE="180", OUTPUT=str(WORK / "case_wrapped.gpkg"))
+    assert next(made.getFeatures()).attributes()[1:] == kept, rows_of(made)
+
+
+def outputs_without_an_ending(areas):
+    """The program gives them one: log and panel name what is there."""
+    named = WORK / "plain"
+    _, results, log = run("to-polylines", INPUT=areas, OUTPUT=str(named))
+    there = str(named) + ".gpkg"
+    assert results["OUTPUT"].startswith(there) and (WORK / "plain.gpkg").exists() and not named.exists(), results
+    report = next(text for text in log.infos if "Successful" in text)
+    assert there in report and "working_copy" not in report, report
+    assert any("-o " + there in text for text in log.commands), log.commands
+    runs = child(child(WINDOW, "TessarineReports"), "tblRuns", QTableWidget)
+    shown = [runs.item(0, column).text() for column in range(runs.columnCount())]
+    assert there in shown, shown
+    _, _, log = run("to-polylines", INPUT=areas, OUTPUT="TEMPORARY_OUTPUT")
+    assert not any("working_copy" in text for text in log.infos), log.infos
+
+
 def refusals(areas):
     def refused(name, piece, **parameters):
         ok, message = algorithm(name).checkParameterValues(parameters, context())
@@ -234,6 +273,8 @@ def scenario():
     what_is_there()
     outputs_of_all_kinds(areas)
     layers_of_all_kinds(areas)
+    names_that_differ_in_case()
+    outputs_without_an_ending(areas)
     refusals(areas)
     faults_on_a_thread()
     many = make_layer("LineString", ["LINESTRING(%f 0, %f 1)" % (n % 179, n % 179 + 1) for n in range(MANY)],

@@ -25,6 +25,8 @@ namespace tessarine::qgis {
 namespace {
 
 constexpr int kRowsBetweenLooks = 500;
+// Of a working copy; nothing else in a report is called so.
+const QString kWorkedClass = QStringLiteral("tessarine_working_copy");
 
 std::optional<QgsProcessingOutputLayerDefinition> DefinitionIn(const QVariant& value) {
   if (!value.canConvert<QgsProcessingOutputLayerDefinition>()) return std::nullopt;
@@ -49,11 +51,6 @@ QString WithoutPassword(const QString& named) {
   if (uri.password().isEmpty()) return named;
   uri.setPassword({});
   return scheme + QLatin1Char(':') + uri.uri(false);
-}
-
-bool IsAppendedTo(const QVariant& value) {
-  const auto layer = DefinitionIn(value);
-  return layer && layer->useRemapping();
 }
 
 // "ogr:dbname='town.gpkg' table="roads" (geom)"
@@ -105,8 +102,7 @@ void CopyRows(QgsVectorLayer& source, const QgsAttributeList& kept, QgsFeatureSi
 OutputGoal::OutputGoal(const QgsProcessingParameterDefinition& definition, const QVariantMap& parameters,
                        QgsProcessingContext& context)
     : definition_(definition), parameters_(parameters), context_(context) {
-  const bool appends = IsAppendedTo(parameters.value(definition.name()));
-  if (const auto place = appends ? std::nullopt : PlaceOf(Named(definition, parameters, context))) {
+  if (const auto place = IsAppendedTo() ? std::nullopt : PlaceOf(Named(definition, parameters, context))) {
     place_ = *place;
     return;
   }
@@ -114,18 +110,42 @@ OutputGoal::OutputGoal(const QgsProcessingParameterDefinition& definition, const
   if (!folder_->isValid()) {
     Raise(kPathAccess, "No folder can be made for the work on the output: " + FromQt(folder_->errorString()) + ".");
   }
-  place_ = *PlaceOf(folder_->filePath(QStringLiteral("output.gpkg")));
+  place_ = *PlaceOf(folder_->filePath(kWorkedClass + QStringLiteral(".gpkg")));
 }
 
 ToolOutput OutputGoal::Argument() const { return ArgumentFor(place_); }
 
+bool OutputGoal::IsAppendedTo() const {
+  const auto layer = DefinitionIn(parameters_.value(definition_.name()));
+  return layer && layer->useRemapping();
+}
+
+// The program gives a file an ending that lacks one it knows. Empty for what is no file of its own.
+QString OutputGoal::NamedFile() const {
+  const QString named = Named(definition_, parameters_, context_);
+  const QString scheme = named.section(QLatin1Char(':'), 0, 0);
+  if (made_.isEmpty() || scheme == QStringLiteral("memory") || named == QgsProcessing::TEMPORARY_OUTPUT) return {};
+  const bool has_provider = scheme != named && QgsProviderRegistry::instance()->providerList().contains(scheme) &&
+                            scheme != QStringLiteral("ogr");
+  if (named.isEmpty() || has_provider || IsAppendedTo()) return {};
+  const QVariantMap parts = QgsProviderRegistry::instance()->decodeUri(QStringLiteral("ogr"), made_);
+  const QFileInfo file(parts.value(QStringLiteral("path")).toString());
+  return file.exists() ? file.absoluteFilePath() : QString();
+}
+
+std::string OutputGoal::MadeFile(const std::string& output_path) const {
+  if (output_path.empty()) return "";
+  return IsNamedFile() ? ToNativePath(output_path) : FromQt(NamedFile());
+}
+
 QString OutputGoal::ShownName() const {
   if (!shown_name_.isEmpty()) return shown_name_;
   const QString named = Named(definition_, parameters_, context_);
-  if (IsAppendedTo(parameters_.value(definition_.name()))) {
+  if (IsAppendedTo()) {
     const QgsMapLayer* layer = QgsProcessingUtils::mapLayerFromString(named, context_, false);
     return layer != nullptr ? layer->name() : WithoutPassword(named);
   }
+  if (const QString file = NamedFile(); !file.isEmpty()) return file;
   const bool in_memory = named.startsWith(QStringLiteral("memory:"));
   if (!named.isEmpty() && !in_memory && named != QgsProcessing::TEMPORARY_OUTPUT) {
     return WithoutPassword(named);
@@ -136,17 +156,31 @@ QString OutputGoal::ShownName() const {
   return name.isEmpty() ? kind : kind + QStringLiteral(" '") + name + QLatin1Char('\'');
 }
 
-QString OutputGoal::AsNamed(QString text) const {
-  if (IsNamedFile()) return text;
-  const QString name = ShownName(), container = ToQt(place_.container);
-  text.replace(container + QLatin1Char('/') + ToQt(place_.name), name);
-  return text.replace(container, name);
+QString OutputGoal::ShownClass() const {
+  const QString file = NamedFile();
+  return file.isEmpty() ? ShownName() : QFileInfo(file).completeBaseName();
 }
 
-std::string OutputGoal::AsNamed(std::string report) const {
-  if (IsNamedFile()) return report;
-  const std::string name = EscapeRtf(FromQt(ShownName())), container = EscapeRtf(place_.container);
-  return Replace(Replace(std::move(report), container + "/" + EscapeRtf(place_.name), name), container, name);
+// `write` makes what is shown, and the paths that stand in the text, as the text has them.
+template <class Write>
+std::string OutputGoal::Renamed(std::string text, Write&& write) const {
+  if (IsNamedFile()) return text;
+  const std::string name = write(FromQt(ShownName()));
+  for (const std::string& container : {place_.container, FromNativePath(place_.container)}) {
+    for (const char* between : {"/", "\\"}) text = Replace(text, write(container + between + place_.name), name);
+    text = Replace(text, write(container), name);
+  }
+  return Replace(text, write(place_.name), write(FromQt(ShownClass())));
+}
+
+std::string OutputGoal::AsNamed(std::string text) const {
+  return Renamed(std::move(text), [](const std::string& plain) { return plain; });
+}
+
+QString OutputGoal::AsNamed(const QString& text) const { return ToQt(AsNamed(FromQt(text))); }
+
+std::string OutputGoal::ReportAsNamed(std::string report) const {
+  return Renamed(std::move(report), [](const std::string& plain) { return EscapeRtf(plain); });
 }
 
 QString OutputGoal::HandOver(const std::string& output_path, QgsProcessingFeedback& feedback) {

@@ -39,13 +39,17 @@ class OutputGoal {
 
   /// The name of what the rows of a working copy go to, for people.
   void SetShownName(QString name) { shown_name_ = std::move(name); }
-  /// That name, or else the one that the program has for its own output; without passwords. Of a layer in memory that
-  /// the program is going to show, it is known once the output was handed over.
+  /// That name, or else the one that the program has for its own output; without passwords. What a layer in memory is
+  /// called, and which ending the program gave a file, is known once the output was handed over.
   [[nodiscard]] QString ShownName() const;
-  /// The text with that name where it tells the path of a working copy.
-  [[nodiscard]] QString AsNamed(QString text) const;
+  /// The native path of the file that holds the output: one that somebody named, or that the program made; empty for
+  /// anything else, and as long as the output wasn't handed over.
+  [[nodiscard]] std::string MadeFile(const std::string& output_path) const;
+  /// The text with those names where it tells those of a working copy.
+  [[nodiscard]] std::string AsNamed(std::string text) const;
+  [[nodiscard]] QString AsNamed(const QString& text) const;
   /// The same for a report, which is RTF.
-  [[nodiscard]] std::string AsNamed(std::string report) const;
+  [[nodiscard]] std::string ReportAsNamed(std::string report) const;
 
   /// Hands over what the run has written at this path: what the program calls the layer by. Fault where the sink
   /// doesn't take all of it; `RunStopped` where the user stops it.
@@ -59,6 +63,11 @@ class OutputGoal {
   [[nodiscard]] std::unique_ptr<QgsFeatureSink> OpenSink(const QgsVectorLayer& made, const QgsFields& fields,
                                                          QString& identifier);
   [[nodiscard]] QString FillSink(const std::string& output_path, QgsProcessingFeedback& feedback);
+  [[nodiscard]] bool IsAppendedTo() const;
+  [[nodiscard]] QString NamedFile() const;
+  [[nodiscard]] QString ShownClass() const;
+  template <class Write>
+  [[nodiscard]] std::string Renamed(std::string text, Write&& write) const;
 
   const QgsProcessingParameterDefinition& definition_;
   const QVariantMap& parameters_;

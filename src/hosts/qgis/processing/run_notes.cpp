@@ -42,8 +42,8 @@ void RunNotes::TellRefusal(const QString& why) const {
 
 // A working copy lies in no place that anybody chose.
 void RunNotes::NameOutput(const RunJournal& journal) {
-  const std::string output = ToNativePath(journal.output_path);
-  line_.SetOutput(goal_.IsNamedFile() || output.empty() ? output : "memory");
+  const std::string file = goal_.MadeFile(journal.output_path);
+  line_.SetOutput(!file.empty() || journal.output_path.empty() ? file : "memory");
 }
 
 void RunNotes::TellEnd(const RunJournal& journal, const std::string& report, QgsProcessingFeedback& feedback) {
@@ -51,7 +51,7 @@ void RunNotes::TellEnd(const RunJournal& journal, const std::string& report, Qgs
   const TerminalLine line = line_.Line();
   feedback.pushInfo(line.text.empty() ? Translated(LinesToQt(line.why_none)) : Translated("The same at the terminal:"));
   if (!line.text.empty()) feedback.pushCommandInfo(LinesToQt(line.text));
-  PastRun past = PastRunOf(RunFrom::Toolbox, tool_.Spec().title, journal, goal_.AsNamed(report), line);
+  PastRun past = PastRunOf(RunFrom::Toolbox, tool_.Spec().title, journal, report, line);
   past.output = goal_.AsNamed(past.output);
   if (kept_ > 0 && journal.failure.empty()) {
     past.told +=

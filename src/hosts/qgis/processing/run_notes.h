@@ -26,7 +26,7 @@ class RunNotes {
   void TellRefusal(const QString& why) const;
   /// Features of a layer changed in place that keep the shapes they had: the run hasn't done all that it was for.
   void SetKept(std::size_t count) { kept_ = count; }
-  /// Once the output was handed over, or wasn't.
+  /// Once the output was handed over, or wasn't. The report has the names that people know.
   void TellEnd(const RunJournal& journal, const std::string& report, QgsProcessingFeedback& feedback);
   /// `made` is what the program calls the output by.
   void DressWhenShown(const QString& made, const RunJournal& journal, QgsProcessingContext& context);

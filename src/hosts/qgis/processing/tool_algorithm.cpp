@@ -10,6 +10,7 @@
 
 #include "hosts/document/component_loader.h"
 #include "hosts/qgis/layers.h"
+#include "hosts/qgis/processing/in_place_report.h"
 #include "hosts/qgis/processing/output_goal.h"
 #include "hosts/qgis/processing/run_notes.h"
 #include "hosts/qgis/processing/run_turn.h"
@@ -46,32 +47,41 @@ auto AsProgramErrors(Work&& work) {
 }
 
 // Runs the tool, lets `hand_over` bring what was made to where it belongs, and tells how both ended. `hand_over` takes
-// the run's journal and may change it, and throws where the output doesn't arrive.
+// the run's journal and its report and may change them, and throws where the output doesn't arrive.
 template <class HandOver>
 void RunAndTell(ToolRun& run, Arguments arguments, const OutputGoal& goal, RunNotes& notes,
                 QgsProcessingFeedback& feedback, HandOver&& hand_over) {
   try {
     run.Run(std::move(arguments), goal);
   } catch (const Fault& fault) {
-    notes.TellRefusal(Translated(LinesToQt(fault.Description())));
-    throw;
+    const std::string why = goal.AsNamed(fault.Description());
+    notes.TellRefusal(Translated(LinesToQt(why)));
+    Raise(fault.Number(), why);
   } catch (const QgsProcessingException& error) {
     notes.TellRefusal(error.what());
     throw;
   }
   RunJournal journal = run.Journal();
-  const auto tell = [&] { notes.TellEnd(journal, run.Report(), feedback); };
+  std::string report = run.Report();
+  // What the output is called in the end is known when it has arrived.
+  const auto tell = [&] {
+    report = goal.ReportAsNamed(report);
+    run.TellReport(report);
+    notes.TellEnd(journal, report, feedback);
+  };
+  journal.failure = goal.AsNamed(journal.failure);
   try {
     if (!journal.failure.empty()) Raise(kEngine, journal.failure);
-    std::forward<HandOver>(hand_over)(journal);
+    std::forward<HandOver>(hand_over)(journal, report);
   } catch (const RunStopped&) {
     journal.stopped = true;
     tell();
     throw;
   } catch (const Fault& fault) {
-    journal.Fail(fault.Description());
+    const std::string why = goal.AsNamed(fault.Description());
+    journal.Fail(why);
     tell();
-    throw;
+    Raise(fault.Number(), why);
   } catch (const QgsProcessingException& error) {
     journal.Fail(FromQt(error.what()));
     tell();
@@ -235,11 +245,14 @@ void ToolAlgorithm::MoveInPlace(const QVariantMap& parameters, QgsProcessingCont
       run.Take(std::string(kSourceParameter), layer, arguments);
       RunNotes notes(tool_, arguments, goal);
       notes.SetLayer(std::string(kSourceParameter), layer.Words());
-      RunAndTell(run, std::move(arguments), goal, notes, feedback, [&](RunJournal& journal) {
+      RunAndTell(run, std::move(arguments), goal, notes, feedback, [&](RunJournal& journal, std::string& report) {
         if (journal.stopped || journal.output_path.empty()) throw RunStopped();
         if (!edited) Raise(kEngine, "The layer has gone while the run was at work.");
-        notes.SetKept(moved_.Take(*goal.Open(journal.output_path), *edited, chosen, journal, feedback, turns_));
+        const std::size_t kept =
+            moved_.Take(*goal.Open(journal.output_path), *edited, chosen, journal, feedback, turns_);
+        notes.SetKept(kept);
         journal.written = static_cast<std::int64_t>(moved_.Count());
+        report = InPlaceReport(report, FromQt(edited->name()), moved_.Count(), kept);
       });
     });
     if (!finished) tell(Translated("The run was stopped."));
@@ -266,7 +279,7 @@ QVariantMap ToolAlgorithm::RunTool(const QVariantMap& parameters, QgsProcessingC
   RunNotes notes(tool_, arguments, goal);
   for (const auto& [name, layer] : layers_) notes.SetLayer(name, layer.Words());
   QVariantMap results;
-  RunAndTell(run, std::move(arguments), goal, notes, feedback, [&](const RunJournal& journal) {
+  RunAndTell(run, std::move(arguments), goal, notes, feedback, [&](const RunJournal& journal, const std::string&) {
     if (journal.stopped && goal.IsNamedFile() && !journal.output_path.empty()) {
       feedback.pushWarning(Translated("The run was stopped; '%1' holds what was written until then.")
                                .arg(ToQt(ToNativePath(journal.output_path))));

@@ -35,7 +35,6 @@ void ToolRun::Run(Arguments arguments, const OutputGoal& goal) {
     throw QgsProcessingException(ObjectionText(spec, *objection));
   }
   if (!UnlessStopped([&] { report_ = tool_.Run(context_, arguments, application_); })) host_.Journal().stopped = true;
-  TellReport(goal);
 }
 
 void ToolRun::Take(const std::string& parameter, ChosenLayer& layer, Arguments& arguments) {
@@ -54,8 +53,8 @@ void ToolRun::RefuseSources(const OutputPlace& place) const {
   }
 }
 
-void ToolRun::TellReport(const OutputGoal& goal) {
-  if (!report_.empty()) feedback_.pushInfo(goal.AsNamed(LinesToQt(ToPlainText(ReadRtf(report_)))));
+void ToolRun::TellReport(const std::string& report) {
+  if (!report.empty()) feedback_.pushInfo(LinesToQt(ToPlainText(ReadRtf(report))));
 }
 
 }  // namespace tessarine::qgis

@@ -41,10 +41,11 @@ class ToolRun {
   void Take(const std::string& parameter, ChosenLayer& layer, Arguments& arguments);
   /// Runs the tool with layers and choices. Faults, and objections as faults of number 5.
   void Run(Arguments arguments, const OutputGoal& goal);
+  /// Puts the report, which is RTF, into the log.
+  void TellReport(const std::string& report);
 
  private:
   void RefuseSources(const OutputPlace& place) const;
-  void TellReport(const OutputGoal& goal);
 
   const ITool& tool_;
   QgsProcessingFeedback& feedback_;
