@@ -156,6 +156,10 @@ std::string NotEditableReport() {
          "on the dataset copy.";
 }
 
+std::string EditRefusedReport(const std::string& layer_name, const std::string& why) {
+  return "FUNCTION FAILED:  The layer '" + layer_name + "' can't be changed now.  " + why;
+}
+
 std::string FieldNotAddedReport(const std::string& field_name, const std::string& layer_name) {
   return "Failed to add field '" + field_name + "' to Feature Layer " + layer_name + "!";
 }

@@ -47,6 +47,8 @@ struct CalculationFacts {
 [[nodiscard]] std::string CompressedGeodatabaseReport(const std::string& layer_name);
 [[nodiscard]] std::string EditSessionReport();
 [[nodiscard]] std::string NotEditableReport();
+/// The data can't be changed now, for this reason: a sentence.
+[[nodiscard]] std::string EditRefusedReport(const std::string& layer_name, const std::string& why);
 [[nodiscard]] std::string FieldNotAddedReport(const std::string& field_name, const std::string& layer_name);
 
 /// What a reader has to know of the coordinates among the results, a line that begins with blanks and stars: the prime

@@ -99,6 +99,27 @@ std::string Refused(RunContext& context, const std::string& report) {
   return report;
 }
 
+// Whether it tells what keeps the data from being changed now: who holds them, or what they are. Nothing was changed
+// yet.
+bool IsRefusal(const Fault& fault) {
+  constexpr std::int32_t kRefusals[] = {kInvalidCall, kPathAccess, kPathNotFound, kEngine};
+  return std::ranges::find(kRefusals, fault.Number()) != std::end(kRefusals);
+}
+
+struct BegunEdit {
+  std::shared_ptr<IEdit> edit;  // null where the format has none
+  std::string refusal;          // empty where the run may go on
+};
+
+BegunEdit BeginEdit(IFeatureClass& features) {
+  try {
+    return {features.BeginEdit(), ""};
+  } catch (const Fault& fault) {
+    if (!IsRefusal(fault)) throw;
+    return {nullptr, fault.Description()};
+  }
+}
+
 std::string GiveUp(RunContext& context, IStagedDataset& copy) {
   copy.Discard();
   context.journal.written = 0;
@@ -139,7 +160,11 @@ std::string Calculate(RunScope& scope, const std::shared_ptr<VarArray>& carrier,
   const std::vector<std::string> names = FieldNamesInUse(entries, options.UseFlags());
   const std::string& layer_name = options.Layer()->Name();
   // New fields and their values appear together, where the format has edits.
-  const std::shared_ptr<IEdit> edit = features->BeginEdit();
+  const auto [edit, refusal] = BeginEdit(*features);
+  if (!refusal.empty()) {
+    context.journal.Fail(refusal);
+    return EditRefusedReport(layer_name, refusal);
+  }
   if (const auto failed = MakeMissingFields(*features, names)) {
     if (edit) edit->Abandon();
     const std::string report = FieldNotAddedReport(failed->name, layer_name);
