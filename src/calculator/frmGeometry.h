@@ -92,9 +92,9 @@ class frmGeometry final : public Form {
   void ShowNoLayers();
   void ShowSpheroid(const IFeatureClass& features);
   void ShowSpheroidLine();
-  void ShowCatalogue(esriGeometryType shape, SpatialKind kind);
+  void ShowCatalogue(const IFeatureClass& features);
   void ShowRecordChoice(const IFeatureLayer& layer);
-  void FillComboBox(ComboBox& combo, std::string_view default_name);
+  void FillComboBox(ComboBox& combo, std::string_view default_name, const IFeatureClass& features);
   void CheckComboBoxEntry(ComboBox& combo);
   void CheckOK();
   [[nodiscard]] std::shared_ptr<IFeatureLayer> CurrentLayer() const;

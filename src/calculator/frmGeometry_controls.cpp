@@ -42,7 +42,7 @@ void frmGeometry::SetGeometryControls() {
     const std::shared_ptr<IFeatureClass> features = Require(layer->FeatureClass(), "FeatureClass");
     ShowSpheroid(*features);
     numeric_names_ = NumericFieldNames(*layer);
-    ShowCatalogue(features->ShapeType(), SpatialKindOf(features->SpatialReference()));
+    ShowCatalogue(*features);
     ShowRecordChoice(*layer);
   }
   handed_flags_ = use_flags_;
@@ -81,7 +81,9 @@ void frmGeometry::ShowSpheroidLine() {
   lblSpheroidOptions.SetCaption(Replace(SpheroidLine(spheroid_name_, semi_major_, semi_minor_), "&", "&&"));
 }
 
-void frmGeometry::ShowCatalogue(esriGeometryType shape, SpatialKind kind) {
+void frmGeometry::ShowCatalogue(const IFeatureClass& features) {
+  const esriGeometryType shape = features.ShapeType();
+  const SpatialKind kind = SpatialKindOf(features.SpatialReference());
   lbSelFeatureType.SetCaption(KindOfClassLine(shape, kind));
   use_flags_ = ComboUseFlagsOf(shape, kind);
   for (std::int32_t id = 1; id <= kOptionCount; ++id) {
@@ -92,7 +94,7 @@ void frmGeometry::ShowCatalogue(esriGeometryType shape, SpatialKind kind) {
     box.SetCaption(row != nullptr ? std::string(row->caption) : "");
     if (row == nullptr) continue;
     for (std::size_t position = 0; position < row->FieldCount(); ++position) {
-      FillComboBox(*ComboOf(id, static_cast<std::int32_t>(position)), row->default_fields[position]);
+      FillComboBox(*ComboOf(id, static_cast<std::int32_t>(position)), row->default_fields[position], features);
     }
   }
 }
@@ -110,11 +112,11 @@ void frmGeometry::ShowRecordChoice(const IFeatureLayer& layer) {
   optSel.SetValue(chosen > 0);
 }
 
-void frmGeometry::FillComboBox(ComboBox& combo, std::string_view default_name) {
+void frmGeometry::FillComboBox(ComboBox& combo, std::string_view default_name, const IFeatureClass& features) {
   const auto position = static_cast<std::int32_t>(ProposedPosition(default_name, numeric_names_));
   combo.Clear();
   combo.SetVisible(false);
-  if (position == 0) combo.AddItem(std::string(default_name));
+  if (position == 0) combo.AddItem(NewFieldName(default_name, features, numeric_names_));
   for (const std::string& name : numeric_names_) combo.AddItem(name);
   combo.SetListIndex(position);
   combo.SetBackColor(position > 0 ? kTakenName : kNewName);

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <map>
 
+#include "calculator/result_fields.h"
 #include "platform/reference_spheroid.h"
 #include "platform/text_formats.h"
 #include "support/MyGeneralOperations.h"
@@ -99,9 +100,19 @@ std::size_t ProposedPosition(std::string_view default_name, const std::vector<st
   return position;
 }
 
-std::string ProposedField(std::string_view default_name, const std::vector<std::string>& numeric_names) {
+std::string NewFieldName(std::string_view default_name, const IFeatureClass& features,
+                         const std::vector<std::string>& numeric_names) {
+  const std::string name(default_name);
+  const std::int32_t index = features.FindField(name);
+  if (index < 0 || IsTaken(name, numeric_names) || features.Fields()->Field(index)->Editable) return name;
+  std::int32_t counter = 1;
+  return FreeFieldName(features, name, counter);
+}
+
+std::string ProposedField(std::string_view default_name, const IFeatureClass& features,
+                          const std::vector<std::string>& numeric_names) {
   const std::size_t position = ProposedPosition(default_name, numeric_names);
-  return position > 0 ? numeric_names[position] : std::string(default_name);
+  return position > 0 ? numeric_names[position] : NewFieldName(default_name, features, numeric_names);
 }
 
 std::string MeantField(const std::string& name, const std::vector<std::string>& numeric_names) {
@@ -159,7 +170,7 @@ MeasureOffer OfferOf(const IFeatureLayer& layer) {
     OfferedMeasure measure{row.option_id, std::string(row.caption), {}, row.slow, {}};
     for (std::size_t index = 0; index < row.FieldCount(); ++index) {
       measure.report_labels.emplace_back(row.report_labels[index]);
-      const std::string field = ProposedField(row.default_fields[index], numeric);
+      const std::string field = ProposedField(row.default_fields[index], *features, numeric);
       measure.fields.push_back({field, IsTaken(field, numeric)});
     }
     offer.measures.push_back(std::move(measure));
@@ -199,7 +210,7 @@ MeasureChoice MeasuresCalled(const IFeatureLayer& layer, const std::vector<ToolM
     if (chosen == named.end()) continue;
     std::vector<std::string> fields;
     for (std::size_t index = 0; index < row.FieldCount(); ++index) {
-      fields.push_back(chosen->second.empty() ? ProposedField(row.default_fields[index], numeric)
+      fields.push_back(chosen->second.empty() ? ProposedField(row.default_fields[index], *features, numeric)
                                               : MeantField(chosen->second[index], numeric));
       choice.fields.push_back({std::string(row.caption), fields.back()});
     }

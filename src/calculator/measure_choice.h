@@ -21,8 +21,13 @@ namespace tessarine {
 /// of that name that is the first of all counts as none, so dialogs list its name twice and call it new.
 [[nodiscard]] std::size_t ProposedPosition(std::string_view default_name,
                                            const std::vector<std::string>& numeric_names);
+/// The name of the new field that is proposed: the default one, or one with a number after it where a field bears that
+/// which can't be written to and isn't among the numeric ones, as one that the layer shows from another table.
+[[nodiscard]] std::string NewFieldName(std::string_view default_name, const IFeatureClass& features,
+                                       const std::vector<std::string>& numeric_names);
 /// The field that is proposed where a measure would go: the one at that index, in its own case, or else a new one.
-[[nodiscard]] std::string ProposedField(std::string_view default_name, const std::vector<std::string>& numeric_names);
+[[nodiscard]] std::string ProposedField(std::string_view default_name, const IFeatureClass& features,
+                                        const std::vector<std::string>& numeric_names);
 /// The field that is meant by a name: the numeric field of that name, in its own case, or else a new one.
 [[nodiscard]] std::string MeantField(const std::string& name, const std::vector<std::string>& numeric_names);
 [[nodiscard]] bool IsTaken(const std::string& name, const std::vector<std::string>& numeric_names);

@@ -25,12 +25,6 @@ std::string LastCharacters(const std::string& text, std::size_t count) {
   return text.substr(at);
 }
 
-// The next free name; the counter runs on from field to field.
-std::string FreeName(const IFeatureClass& features, const std::string& name, std::int32_t& counter) {
-  const auto numbered = [&](int) { return LastCharacters(name + std::to_string(++counter), kDbaseNameLength); };
-  return FirstFree(name, numbered, [&](const std::string& candidate) { return features.FindField(candidate) != -1; });
-}
-
 void ReplaceName(std::vector<OptionEntry>& entries, const std::string& name, const std::string& substitute) {
   for (OptionEntry& entry : entries) {
     if (entry.FirstField() == name) entry.SetFirstField(substitute);
@@ -39,6 +33,11 @@ void ReplaceName(std::vector<OptionEntry>& entries, const std::string& name, con
 }
 
 }  // namespace
+
+std::string FreeFieldName(const IFeatureClass& features, const std::string& name, std::int32_t& counter) {
+  const auto numbered = [&](int) { return LastCharacters(name + std::to_string(++counter), kDbaseNameLength); };
+  return FirstFree(name, numbered, [&](const std::string& candidate) { return features.FindField(candidate) != -1; });
+}
 
 FieldRef NewResultField(const std::string& name) {
   auto field = std::make_shared<Field>();
@@ -109,7 +108,7 @@ FieldIndexes CheckFields(RunContext& context, IFeatureClass& features, const std
   for (const std::string& name : names) {
     std::string current = name;
     if (!features.Fields()->Field(features.FindField(name))->Editable) {
-      current = FreeName(features, name, counter);
+      current = FreeFieldName(features, name, counter);
       features.AddField(NewResultField(current));
       context.feedback.Tell(
           "The field named '" + name + "' was not editable!  Substituting the name '" + current + "'...",

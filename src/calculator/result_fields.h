@@ -13,6 +13,10 @@
 
 namespace tessarine {
 
+/// The name, or the first with a number after it that the class has no field of; what is longer than the names of
+/// dBASE tables loses its beginning. Numbers go on after `counter`, which ends as the last one that was tried.
+[[nodiscard]] std::string FreeFieldName(const IFeatureClass& features, const std::string& name, std::int32_t& counter);
+
 /// A new field of the calculator: a double of 16 digits, 12 after the point, also for counts.
 [[nodiscard]] FieldRef NewResultField(const std::string& name);
 

@@ -166,9 +166,14 @@ tessarine::FieldInfo VectorLayer::FieldInfo(std::int32_t index) const {
   return {FromQt(layer_->attributeDisplayName(attribute)), !IsHidden(*layer_, attribute)};
 }
 
+// What the layer shows of other tables, or computes, is none of its own fields.
 std::int32_t VectorLayer::FindField(std::string_view name) const {
   const std::shared_ptr<IFeatureClass> features = FeatureClass();
-  return features ? features->FindField(name) : -1;
+  const std::int32_t index = features ? features->FindField(name) : -1;
+  if (index < 0 || !own_class_) return index;
+  const Columns& columns = own_class_->Traits()->columns;
+  const int attribute = columns.AttributeOf(index);
+  return attribute == Columns::kNoAttribute || IsStored(layer_->fields(), attribute) ? index : -1;
 }
 
 SpatialReferenceRef VectorLayer::SpatialReference() const {
