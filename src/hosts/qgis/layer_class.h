@@ -29,10 +29,10 @@ struct LayerTraits {
   bool dbase = false;  ///< numbers are kept as text of a fixed width
 };
 
-/// How many rows go together.
+/// How many rows go together at most.
 struct RowBatches {
   std::size_t read = 1000;
-  std::size_t write = 5000;  ///< databases commit once for each
+  std::size_t write = 5000;  ///< databases commit once for each; fewer go together where they take long
 };
 
 /// Changes of rows, by the layer's field indexes.

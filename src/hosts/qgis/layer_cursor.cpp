@@ -9,6 +9,7 @@
 #include <qgsvectordataprovider.h>
 
 #include <algorithm>
+#include <chrono>
 #include <map>
 
 #include "engine/data_source.h"
@@ -17,6 +18,7 @@
 #include "hosts/qgis/values.h"
 #include "hosts/windows/qt_text.h"
 #include "platform/fault.h"
+#include "platform/run_stop.h"
 
 namespace tessarine::qgis {
 namespace {
@@ -159,15 +161,42 @@ class LayerCursor : public IFeatureCursor {
   std::shared_ptr<LayerRow> recycled_;
 };
 
+/// How many rows are written together: as many as the provider takes in a small part of a second, so that the program's
+/// windows have their turn in between; and no more than `most`.
+class PacedBatch {
+ public:
+  explicit PacedBatch(std::size_t most) : most_(most), size_(std::min(most, kFirst)) {}
+
+  [[nodiscard]] std::size_t Size() const { return size_; }
+
+  /// Writes so many rows, and learns from how long it takes.
+  template <class Write>
+  void Time(std::size_t count, Write&& write) {
+    const auto begin = std::chrono::steady_clock::now();
+    std::forward<Write>(write)();
+    const std::chrono::duration<double> took = std::chrono::steady_clock::now() - begin;
+    // What is left at the end tells little.
+    if (count < size_) return;
+    const double fitting = static_cast<double>(count) * std::clamp(kTurn / took, 0.25, 2.0);
+    size_ = std::clamp(static_cast<std::size_t>(fitting), std::min(kLeast, most_), most_);
+  }
+
+ private:
+  static constexpr std::size_t kFirst = 200, kLeast = 20;
+  static constexpr std::chrono::duration<double> kTurn{0.06};
+
+  std::size_t most_, size_;
+};
+
 /// Writes back what was set in the rows, a batch at a time.
 class WritingCursor final : public LayerCursor {
  public:
   WritingCursor(std::shared_ptr<LayerClass> owner, std::unique_ptr<RowFeed> feed, const QueryFilter* filter,
-                Recycling recycling, std::size_t batch_size)
+                Recycling recycling, std::size_t most_at_once)
       : LayerCursor(std::move(owner), std::move(feed), filter, recycling),
         provider_(Provider()),
         selected_(Owner().Layer().selectedFeatureIds()),
-        batch_size_(batch_size) {
+        batch_(most_at_once) {
     if (provider_) provider_->enterUpdateMode();
   }
   ~WritingCursor() override {
@@ -178,13 +207,11 @@ class WritingCursor final : public LayerCursor {
     const auto own = Cast<LayerRow>(row);
     if (!own) Raise(kInvalidCall, "A row of another source can't be written to this layer.");
     own->AddChanges(changes_);
-    if (static_cast<std::size_t>(changes_.attributes.size()) + static_cast<std::size_t>(changes_.shapes.size()) >=
-        batch_size_)
-      Flush();
+    if (ChangeCount() >= batch_.Size()) Flush();
   }
 
   void Flush() override {
-    Owner().Change(changes_);
+    batch_.Time(ChangeCount(), [&] { Owner().Change(changes_); });
     wrote_ = wrote_ || !changes_.attributes.isEmpty() || !changes_.shapes.isEmpty();
     wrote_shapes_ = wrote_shapes_ || !changes_.shapes.isEmpty();
     changes_ = {};
@@ -201,6 +228,10 @@ class WritingCursor final : public LayerCursor {
   }
 
  private:
+  [[nodiscard]] std::size_t ChangeCount() const {
+    return static_cast<std::size_t>(changes_.attributes.size()) + static_cast<std::size_t>(changes_.shapes.size());
+  }
+
   // None where the layer's edit buffer takes the changes.
   [[nodiscard]] QgsVectorDataProvider* Provider() const {
     QgsVectorLayer& layer = Owner().Layer();
@@ -212,7 +243,7 @@ class WritingCursor final : public LayerCursor {
 
   QPointer<QgsVectorDataProvider> provider_;
   QgsFeatureIds selected_;  // when the walk began
-  std::size_t batch_size_;
+  PacedBatch batch_;
   RowChanges changes_;
   bool wrote_ = false, wrote_shapes_ = false;
 };
@@ -305,7 +336,10 @@ std::shared_ptr<IFeatureCursor> LayerClass::OpenUpdater(const QueryFilter* filte
   if (filter == nullptr || !filter->Geometry) request.setFlags(QgsFeatureRequest::NoGeometry);
   std::vector<QgsFeatureId> oids;
   QgsFeatureIterator rows = Layer().getFeatures(request);
-  for (QgsFeature row; rows.nextFeature(row);) oids.push_back(row.id());
+  for (QgsFeature row; rows.nextFeature(row);) {
+    oids.push_back(row.id());
+    if (oids.size() % batches_.read == 0) EndIfStopped();
+  }
   rows.close();
   auto feed = std::make_unique<ChosenFeed>(shared_from_this(), std::move(oids), QgsFeatureRequest(), batches_.read);
   return std::make_shared<WritingCursor>(shared_from_this(), std::move(feed), filter, recycling, batches_.write);
