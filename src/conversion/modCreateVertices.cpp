@@ -129,7 +129,7 @@ class FeatureLoop {
         const GeometryRef shape = feature->Shape();
         const bool has_shape = shape && !shape->IsEmpty();
         if (!Takes(oid, has_shape, has_shape && HasOnlyFiniteCoordinates(*shape))) return;
-        if (Joins() && !CanMeetOthers(*shape)) return writer_.Skip(kTooFar);
+        if (Joins() && !CanMeetOthers(*shape)) Raise(kInvalidCall, std::string(kTooFar));
         if (!Joins()) writer_.BeginFeature(*feature);
         step_->Convert(shape, writer_);
       });
@@ -173,15 +173,15 @@ class FeatureLoop {
     return true;
   }
 
-  // Whether the step gets the record's shape; tells why not.
+  // False for a record that has nothing to convert. Fault where its shape can't be worked on.
   [[nodiscard]] bool Takes(std::int64_t oid, bool has_shape, bool is_finite) {
     if (!has_shape) {
       journal_.skipped_oids.push_back(oid);
       return false;
     }
     writer_.SetInput(oid);
-    if (!is_finite) writer_.Skip(kNotFinite);
-    return is_finite;
+    if (!is_finite) Raise(kInvalidCall, std::string(kNotFinite));
+    return true;
   }
 
   const ConversionRun& run_;

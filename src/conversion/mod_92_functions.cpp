@@ -77,11 +77,11 @@ Lines CollectLines(RunJournal& journal, const std::shared_ptr<IFeatureLayer>& la
     const std::int64_t oid = feature->OID();
     static_cast<void>(WorkOnRecord(journal, oid, [&] {
       const GeometryRef shape = feature->Shape();
-      if (shape && CanMeetOthers(*shape)) {
+      if (shape && !CanMeetOthers(*shape)) Raise(kInvalidCall, std::string(kNotUsable));
+      if (shape) {
         lines.shapes.push_back(shape);
       } else {
         journal.skipped_oids.push_back(oid);
-        if (shape) journal.NoteWarning(kNotUsable, oid);
       }
     }));
   }

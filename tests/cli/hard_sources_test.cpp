@@ -242,6 +242,11 @@ TEST_F(HardSources, AnInfiniteCoordinateCostsNoOtherRecord) {
     EXPECT_THAT(Oids(report, "unmeasured_oids"), ElementsAre(2)) << output;
     EXPECT_THAT(Column(std::string(output) == "w.shp" ? In("w.shp") : In("w.gdb"), "name"), ElementsAre("0", "1", "2"));
   }
+  for (const char* tool : {"vertices", "to-polygons", "combine", "build-polygons"}) {
+    const ProgramOutcome run = RunTessarine({tool, In("i.gpkg"), "-o", In("c.shp"), "-r", In("c.json"), "--overwrite"});
+    EXPECT_EQ(run.status, 1) << tool << run.out << run.err;
+    EXPECT_THAT(Oids(json::parse(ReadFile(In("c.json"))), "unmeasured_oids"), ElementsAre(2)) << tool;
+  }
 }
 
 TEST_F(HardSources, FormatsThatAreOnlyWrittenAsAWholeAreRefusedInPlaceBeforeTheRun) {

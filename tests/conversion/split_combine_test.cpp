@@ -78,7 +78,7 @@ TEST_F(SplitCombineTest, PartsThatBoundNothingAreTold) {
   EXPECT_THAT(host.journal.warnings[0].first_oids, ElementsAre(1));
 }
 
-TEST_F(SplitCombineTest, ShapesWithNoNumbersAreSkippedByEveryRun) {
+TEST_F(SplitCombineTest, ShapesWithNoNumbersAreFaultsOfTheirRecordsInEveryRun) {
   constexpr double kNan = std::numeric_limits<double>::quiet_NaN(), kInfinity = std::numeric_limits<double>::infinity();
   const auto features = std::make_shared<MemoryClass>(esriGeometryPolygon);
   features->reference = SpatialReferenceEnvironment::CreateFromText("EPSG:4326");
@@ -92,19 +92,18 @@ TEST_F(SplitCombineTest, ShapesWithNoNumbersAreSkippedByEveryRun) {
   const struct {
     ConversionWorker& worker;
     std::size_t rows;
-    bool lists;
-  } runs[] = {{ConvertToVertices, 10, false}, {ConvertToLabelPoints, 2, true},
-              {ConvertToCentroids, 2, true},  {ConvertToSphericalCentroid, 2, true},
-              {PolygonsToPolylines, 2, true}, {SplitMultipart, 2, true},
-              {JoinFeatures, 1, true}};
+  } runs[] = {
+      {ConvertToVertices, 10},  {ConvertToLabelPoints, 2}, {ConvertToCentroids, 2}, {ConvertToSphericalCentroid, 2},
+      {PolygonsToPolylines, 2}, {SplitMultipart, 2},       {JoinFeatures, 1}};
   for (const auto& run : runs) {
     SCOPED_TRACE(run.rows);
     host.messages.answers = {MessageAnswer::Yes};
     const std::string text = Run(run.worker, layer);
     EXPECT_EQ(Rows().size(), run.rows);
-    EXPECT_EQ(host.journal.skipped_oids.size(), 2U);
-    EXPECT_EQ(host.journal.warnings.size(), 1U);
-    EXPECT_EQ(text.find("These features were skipped") != std::string::npos, run.lists) << text;
+    EXPECT_EQ(host.journal.unmeasured_oids.size(), 2U);
+    EXPECT_TRUE(host.journal.skipped_oids.empty());
+    EXPECT_EQ(host.journal.Outcome(), RunOutcome::Incomplete);
+    EXPECT_THAT(text, HasSubstr("infinite or no number"));
   }
 }
 
@@ -118,7 +117,7 @@ TEST_F(SplitCombineTest, AShapeTooFarAwayToMeetOthersIsLeftOutOfTheUnion) {
   layer->SetFeatureClass(features);
   Run(JoinFeatures, layer);
   EXPECT_EQ(Rows().size(), 1U);
-  EXPECT_THAT(host.journal.skipped_oids, ElementsAre(2));
+  EXPECT_THAT(host.journal.unmeasured_oids, ElementsAre(2));
   EXPECT_FALSE(host.journal.failed);
   // By itself it can be split.
   host.messages.answers = {MessageAnswer::Yes};
