@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "engine/copy_values.h"
+#include "engine/kept_digits.h"
 #include "engine/target_file.h"
 #include "outputs/way_out.h"
 #include "platform/run_stop.h"
@@ -101,6 +102,17 @@ class Readback {
 
 }  // namespace
 
+namespace {
+
+bool HasReals(const OGRFeatureDefn& columns) {
+  for (int index = 0; index < columns.GetFieldCount(); ++index) {
+    if (columns.GetFieldDefn(index)->GetType() == OFTReal) return true;
+  }
+  return false;
+}
+
+}  // namespace
+
 fs::path PlaceOfWork(const Format& format, const fs::path& target) {
   return format.server ? fs::temp_directory_path() / "tessarine.gpkg" : fs::path(target.string() + ".gpkg");
 }
@@ -121,6 +133,11 @@ ProbedColumns ProbeConversion(const Conversion& conversion, const fs::path& fold
   facts.foretold = file.Columns()->Foretold(made);
   if (conversion.format->nulls == Nulls::InDates && !probed.names.empty()) {
     facts.foretold.emplace_back("Null is written as 0 or as an empty text: the format knows none but in dates.");
+  }
+  const int digits = KeptDigits(*conversion.format);
+  if (digits < kAllDigits && (HasReals(made) || !conversion.result_fields.empty())) {
+    facts.foretold.push_back("Numbers are rounded to " + std::to_string(digits) +
+                             " digits: the format writes no more of them.");
   }
   for (std::string& sentence : ForetoldOfShapes(file.DeclaredType(), conversion.shapes, file.Kept())) {
     facts.foretold.push_back(std::move(sentence));

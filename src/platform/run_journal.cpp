@@ -21,7 +21,7 @@ constexpr std::array kChanges = {
     ChangeRow{ValueChange::OutOfRange, "out_of_range", "too large for the field, written as null"},
     ChangeRow{ValueChange::NotFinite, "not_finite", "no finite number, written as null"},
     ChangeRow{ValueChange::TextCut, "text_cut", "cut to the width of the field"},
-    ChangeRow{ValueChange::Rounded, "rounded", "rounded to the decimals of the field"},
+    ChangeRow{ValueChange::Rounded, "rounded", "rounded to the digits that the field keeps"},
     ChangeRow{ValueChange::TimeDropped, "time_dropped", "written without time of day"},
     ChangeRow{ValueChange::DayAdded, "day_added", "that had no day, stored with one"},
     ChangeRow{ValueChange::ZoneDropped, "zone_dropped", "written without time zone"},

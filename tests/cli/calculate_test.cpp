@@ -175,7 +175,7 @@ TEST_F(Calculate, ANumberTooLongForATextColumnIsRoundedAndTold) {
   }
   // "geod +ellps=WGS84 -I" from 0 0 to 1 1: 45.188040229359 degrees; the column holds five characters.
   EXPECT_THAT(texts, ElementsAre("45.19", "-9999", "-9999", "0"));
-  EXPECT_THAT(run.out, HasSubstr("rounded to the decimals of the field"));
+  EXPECT_THAT(run.out, HasSubstr("rounded to the digits that the field keeps"));
 }
 
 TEST_F(Calculate, WhatANarrowerFieldRoundsIsToldAndForetold) {
@@ -202,8 +202,8 @@ TEST_F(Calculate, WhatANarrowerFieldRoundsIsToldAndForetold) {
   EXPECT_THAT(plan, HasSubstr("In the field 'price', numbers are rounded to 2 decimals."));
   EXPECT_THAT(plan, HasSubstr("In the field 'number', numbers are rounded to whole ones."));
   const std::string report = run({});
-  EXPECT_THAT(report, HasSubstr("price:  1 value rounded to the decimals of the field"));
-  EXPECT_THAT(report, HasSubstr("number:  1 value rounded to the decimals of the field"));
+  EXPECT_THAT(report, HasSubstr("price:  1 value rounded to the digits that the field keeps"));
+  EXPECT_THAT(report, HasSubstr("number:  1 value rounded to the digits that the field keeps"));
   EXPECT_THAT(report, Not(HasSubstr("Sph_Len:"))) << "it is as wide as the program makes its fields";
   // Now the fields stand, and two more are as wide as before.
   EXPECT_THAT(run({"--dry-run"}), Not(HasSubstr("In the field 'Sph_Len'")));

@@ -448,6 +448,9 @@ TEST_F(Copies, NumbersWithFewerDigitsAreTold) {
       EXPECT_EQ(facts.at("changed").at(0).at("kind"), "rounded");
       EXPECT_EQ(facts.at("changed").at(0).at("count"), 1);
     }
+    const ProgramOutcome plan =
+        RunTessarine({"calculate", In("d.json"), "-m", "Number of Parts=np", "-o", In(output), "--dry-run"});
+    EXPECT_EQ(plan.out.find("Numbers are rounded to 15 digits") == std::string::npos, same) << plan.out;
   }
 }
 

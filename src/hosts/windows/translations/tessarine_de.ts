@@ -5057,8 +5057,8 @@ Diese Geometrie hat das Bezugssystem '%2...</translation>
         <translation>keine endliche Zahl, als null geschrieben</translation>
     </message>
     <message>
-        <source>rounded to the decimals of the field</source>
-        <translation>auf die Dezimalstellen des Feldes gerundet</translation>
+        <source>rounded to the digits that the field keeps</source>
+        <translation>auf die Stellen gerundet, die das Feld behält</translation>
     </message>
     <message>
         <source>that are no UTF-8, read as Latin-1</source>
