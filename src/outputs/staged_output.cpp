@@ -334,7 +334,10 @@ StagedOutput::StagedOutput(const fs::path& target, Begin begin) : target_(Resolv
   FinishInterrupted(target_);
   lock_ = MakeLockedFolder(parent, FolderPrefix(target_), folder_);
   const fs::path fresh = folder_ / kNewFolder;
-  fs::create_directory(fresh);
+  if (std::error_code error; !fs::create_directory(fresh, error)) {
+    Discard();
+    RaiseAccess("Nothing can be written to the folder", parent, error.value());
+  }
   path_ = fresh / target_.filename();
   if (begin == Begin::Empty) return;
   copied_ = IdentityOf(target_);
