@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "engine/engine_fault.h"
+#include "engine/list_text.h"
 #include "engine/personal_geodatabase_values.h"
 #include "outputs/column_loss.h"
 #include "platform/text_formats.h"
@@ -202,12 +203,8 @@ ValueChange CopyColumns::Copy(const CopyColumn& column, const OgrRow& from, OgrR
       }
       target.SetField(column.target, source.GetRawFieldRef(column.source));
       return change;
-    case Way::List: {
-      char* text = source.GetFieldAsSerializedJSon(column.source);
-      change = to.SetValue(index, std::string(text != nullptr ? text : ""));
-      CPLFree(text);
-      return change;
-    }
+    case Way::List:
+      return to.SetValue(index, ListText(source, column.source));
     case Way::Clock:
       target.SetField(column.target, source.GetFieldAsString(column.source));
       return target.IsFieldSetAndNotNull(column.target) != 0 ? change : ValueChange::Unreadable;

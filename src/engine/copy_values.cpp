@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "engine/engine_fault.h"
+#include "engine/list_text.h"
 #include "engine/ogr_fields.h"
 #include "platform/text_encoding.h"
 
@@ -26,12 +27,8 @@ bool IsEmpty(const OGRFeature& feature, int index) {
   return feature.GetFieldDefnRef(index)->GetType() == OFTString && *feature.GetFieldAsString(index) == '\0';
 }
 
-std::string ListText(const OGRFeature& feature, int index) {
-  if (feature.GetFieldDefnRef(index)->GetType() == OFTString) return feature.GetFieldAsString(index);
-  char* text = feature.GetFieldAsSerializedJSon(index);
-  std::string list = text != nullptr ? text : "";
-  CPLFree(text);
-  return list;
+std::string TextOfList(const OGRFeature& feature, int index) {
+  return IsList(feature.GetFieldDefnRef(index)->GetType()) ? ListText(feature, index) : feature.GetFieldAsString(index);
 }
 
 bool SameNumber(double first, double second) { return first == second || (std::isnan(first) && std::isnan(second)); }
@@ -133,14 +130,15 @@ ValueChange CompareValues(const OGRFeature& meant, int meant_index, const OGRFea
       break;
   }
   if (IsList(type)) {
-    return ListText(meant, meant_index) == ListText(written, written_index) ? ValueChange::None
-                                                                            : ValueChange::Unreadable;
+    return TextOfList(meant, meant_index) == TextOfList(written, written_index) ? ValueChange::None
+                                                                                : ValueChange::Unreadable;
   }
   if (meant.GetFieldDefnRef(meant_index)->GetSubType() == OFSTJSON &&
       SameJson(meant.GetFieldAsString(meant_index), std::string(written.GetFieldAsString(written_index)).c_str())) {
     return ValueChange::None;
   }
-  return CompareTexts(meant.GetFieldAsString(meant_index), written.GetFieldAsString(written_index));
+  // Some formats write a text of JSON as what it tells.
+  return CompareTexts(meant.GetFieldAsString(meant_index), TextOfList(written, written_index));
 }
 
 ShapeShift ShiftOf(const OGRGeometry& meant, const OGRGeometry& written) {

@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "engine/filegdb_dates.h"
+#include "engine/list_text.h"
 #include "engine/wide_numbers.h"
 #include "outputs/column_loss.h"
 #include "platform/calendar.h"
@@ -82,16 +83,6 @@ FieldRef ShapeField(OGRLayer& layer, esriGeometryType shape_type, const SpatialR
   field->GeometryDef->HasZ = wkbHasZ(layer.GetGeomType());
   field->GeometryDef->HasM = wkbHasM(layer.GetGeomType());
   return field;
-}
-
-std::string JoinedList(const OGRFeature& feature, int index) {
-  std::string text = feature.GetFieldAsString(index);
-  // OGR writes "(n:a,b,c)".
-  const std::size_t colon = text.find(':');
-  if (text.size() > 1 && text.front() == '(' && text.back() == ')' && colon != std::string::npos) {
-    return text.substr(colon + 1, text.size() - colon - 2);
-  }
-  return text;
 }
 
 struct ReadMoment {
@@ -262,7 +253,7 @@ Variant ValueOf(const OGRFeature& feature, int index, ColumnStore store) {
     case OFTInteger64List:
     case OFTRealList:
     case OFTStringList:
-      return JoinedList(feature, index);
+      return ListText(feature, index);
     case OFTBinary:
       return Null{};
     default:

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "outputs/column_loss.h"
+#include "outputs/list_fields.h"
 #include "platform/text_formats.h"
 #include "support/output_kinds.h"
 
@@ -77,6 +78,11 @@ std::vector<std::string> ForetoldLosses(const IFeatureClass& input, std::string_
   const FieldsRef all = input.Fields();
   if (const std::string numbers = LostNumbers(*all); !numbers.empty()) {
     sentences.push_back("The " + numbers + " of the shapes" + of_layer + " are left out: the output is flat.");
+  }
+  for (const CarriedField& carried : fields) {
+    if (!HoldsLists(input, all->IndexOf(*carried.source))) continue;
+    sentences.push_back("The lists in the field '" + carried.source->Name + "'" + of_layer +
+                        " are written as texts of JSON.");
   }
   if (!AllOthersAreCarried(*all, fields)) return sentences;
   for (const FieldRef& field : *all) {

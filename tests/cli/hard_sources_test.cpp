@@ -249,6 +249,25 @@ TEST_F(HardSources, AnInfiniteCoordinateCostsNoOtherRecord) {
   }
 }
 
+TEST_F(HardSources, ListsBecomeTextsThatTellThemApartAndThePlanAndTheRunTellOfIt) {
+  WriteFile(In("l.json"), R"({"type": "FeatureCollection", "features": [
+    {"type": "Feature", "properties": {"tags": ["a", "b,c"], "n": 1}, "geometry": {"type": "LineString", "coordinates": [[0,0],[1,1]]}}]})");
+  const std::string told = "The lists in the field 'tags' of 'l' are written as texts of JSON.";
+  const ProgramOutcome plan =
+      RunTessarine({"to-polygons", In("l.json"), "--all-fields", "-o", In("l.shp"), "--dry-run"});
+  EXPECT_THAT(plan.out, HasSubstr(told));
+  for (const char* output : {"l.shp", "l.gpkg", "l.csv"}) {
+    const ProgramOutcome run =
+        RunTessarine({"vertices", In("l.json"), "--all-fields", "-o", In(output), "-r", In("l.r.json")});
+    EXPECT_EQ(run.status, 0) << run.err;
+    const json report = json::parse(ReadFile(In("l.r.json")));
+    ASSERT_EQ(report["warnings"].size(), 1U) << output << report["warnings"];
+    EXPECT_EQ(report["warnings"][0]["text"], told) << output;
+    const std::string text = "[ \"a\", \"b,c\" ]";
+    EXPECT_THAT(Column(In(output), "tags"), ElementsAre(text, text)) << output;
+  }
+}
+
 TEST_F(HardSources, FormatsThatAreOnlyWrittenAsAWholeAreRefusedInPlaceBeforeTheRun) {
   Make("FlatGeobuf", In("a.fgb"), wkbPolygon, {kSquare});
   const std::string before = ReadFile(In("a.fgb"));

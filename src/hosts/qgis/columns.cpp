@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "hosts/qgis/columns.h"
 
+#include <qgsjsonutils.h>
 #include <qgsvectordataprovider.h>
 
 #include <QDateTime>
@@ -272,6 +273,8 @@ int Columns::AttributeOf(std::int32_t index) const {
   return attributes[static_cast<std::size_t>(index)];
 }
 
+bool IsList(const QgsField& field) { return field.type() == QVariant::List || field.type() == QVariant::StringList; }
+
 bool IsStored(const QgsFields& fields, int index) {
   const QgsFields::FieldOrigin origin = fields.fieldOrigin(index);
   return origin == QgsFields::OriginProvider || origin == QgsFields::OriginEdit;
@@ -323,11 +326,8 @@ Variant ValueOf(const QVariant& value, const QgsField& field) {
     case QVariant::ByteArray:
       return Null{};
     case QVariant::StringList:
-    case QVariant::List: {
-      QStringList texts;
-      for (const QVariant& member : value.toList()) texts << member.toString();
-      return FromQt(texts.join(','));
-    }
+    case QVariant::List:
+      return FromQt(QgsJsonUtils::encodeValue(value));
     default:
       return FromQt(value.toString());
   }

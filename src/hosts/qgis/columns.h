@@ -34,6 +34,9 @@ struct Columns {
 /// and calculated ones.
 [[nodiscard]] bool IsStored(const QgsFields& fields, int index);
 
+/// A field whose values are several in a row.
+[[nodiscard]] bool IsList(const QgsField& field);
+
 /// The shape field has no reference yet.
 [[nodiscard]] Columns ColumnsOf(const QgsVectorLayer& layer);
 

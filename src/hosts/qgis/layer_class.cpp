@@ -260,6 +260,13 @@ DatasetFiles LayerClass::Files() const {
   return found;
 }
 
+bool LayerClass::HoldsLists(std::int32_t field) const {
+  const auto traits = Traits();
+  if (field < 0 || field >= traits->columns.fields->FieldCount()) return false;
+  const int attribute = traits->columns.AttributeOf(field);
+  return attribute != Columns::kNoAttribute && IsList(traits->fields.at(attribute));
+}
+
 std::int32_t LayerClass::CountRows(const QueryFilter* filter) {
   if (stored_) return stored_->FeatureCount(filter);
   std::int64_t count = filter == nullptr ? Layer().featureCount() : -1;

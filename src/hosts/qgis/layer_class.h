@@ -16,6 +16,7 @@
 #include <vector>
 
 #include "hosts/qgis/columns.h"
+#include "outputs/list_fields.h"
 #include "platform/stored_class.h"
 
 namespace tessarine::qgis {
@@ -48,6 +49,7 @@ class LayerClass : public virtual IClass,
                    public virtual IDataset,
                    public IObjectClassInfo2,
                    public IDatasetFiles,
+                   public IListFields,
                    public std::enable_shared_from_this<LayerClass> {
  public:
   explicit LayerClass(QgsVectorLayer& layer, RowBatches batches = {})
@@ -92,6 +94,7 @@ class LayerClass : public virtual IClass,
 
   /// Those of joined layers, too; of a virtual layer those of the layers that it queries.
   [[nodiscard]] DatasetFiles Files() const override;
+  [[nodiscard]] bool HoldsLists(std::int32_t field) const override;
 
   [[nodiscard]] std::int32_t CountRows(const QueryFilter* filter);
   [[nodiscard]] std::shared_ptr<IFeatureCursor> OpenReader(const QueryFilter* filter, Recycling recycling);

@@ -4,12 +4,13 @@ import threading
 import time
 
 from program_steps import (WINDOW, WORK, QApplication, QgsProject, QgsVectorLayer, child, make_layer, wait_until)
-from qgis.core import (QgsApplication, QgsFeature, QgsGeometry, QgsProcessing, QgsProcessingAlgRunnerTask,
+from qgis.core import (QgsApplication, QgsFeature, QgsField, QgsGeometry, QgsProcessing, QgsProcessingAlgRunnerTask,
                        QgsProcessingContext, QgsProcessingFeatureSourceDefinition, QgsProcessingFeedback,
                        QgsProcessingModelAlgorithm, QgsProcessingModelChildAlgorithm,
                        QgsProcessingModelChildParameterSource, QgsProcessingModelOutput,
                        QgsProcessingModelParameter, QgsProcessingOutputLayerDefinition,
                        QgsProcessingParameterFeatureSource)
+from qgis.PyQt.QtCore import QVariant
 from qgis.PyQt.QtWidgets import QTableWidget
 
 SQUARE = "POLYGON((0 0, 0 10, 10 10, 10 0, 0 0))"
@@ -171,6 +172,21 @@ def names_that_differ_in_case():
     assert next(made.getFeatures()).attributes()[1:] == kept, rows_of(made)
 
 
+def lists():
+    """A list becomes a text that tells its values apart, and the log says so."""
+    listed = QgsVectorLayer("Polygon?crs=EPSG:4326", "listed", "memory")
+    assert listed.dataProvider().addAttributes([QgsField("tags", QVariant.StringList, subType=QVariant.String)])
+    listed.updateFields()
+    row = QgsFeature(listed.fields())
+    row.setAttributes([["a", "b,c"]])
+    row.setGeometry(QgsGeometry.fromWkt(SQUARE))
+    assert listed.dataProvider().addFeatures([row])[0]
+    QgsProject.instance().addMapLayer(listed)
+    made, _, log = run("vertices", INPUT=listed, FIELDS=["tags"], OUTPUT=str(WORK / "lists.gpkg"))
+    assert {row["tags"] for row in made.getFeatures()} == {'["a","b,c"]'}, rows_of(made)
+    assert any("The lists in the field 'tags' of 'listed' are written as texts of JSON" in text for text in log.warnings), log.warnings
+
+
 def outputs_without_an_ending(areas):
     """The program gives them one: log and panel name what is there."""
     named = WORK / "plain"
@@ -274,6 +290,7 @@ def scenario():
     outputs_of_all_kinds(areas)
     layers_of_all_kinds(areas)
     names_that_differ_in_case()
+    lists()
     outputs_without_an_ending(areas)
     refusals(areas)
     faults_on_a_thread()

@@ -217,6 +217,11 @@ std::shared_ptr<DocumentFeatureLayer> ChosenLayer::OpenCopy(QgsProcessingFeedbac
                        std::to_string(layer->FeatureClass()->FeatureCount(nullptr)) + " could be copied.");
   }
   if (layer->Valid()) NameAsInLayer(names, *layer->FeatureClass());
+  for (const int index : kept) {
+    if (!IsList(fields_.at(index))) continue;
+    feedback.pushWarning(Translated(ToQt("The lists in the field '" + FromQt(fields_.at(index).name()) + "' of '" +
+                                         FromQt(name_) + "' are written as texts of JSON.")));
+  }
   return layer;
 }
 

@@ -3693,6 +3693,10 @@ Bailing out...</source>
         <translation>Die %L1 der Geometrien%2 gehen nicht mit: die Ausgabe ist flach.</translation>
     </message>
     <message>
+        <source>The lists in the field '%1'%2 are written as texts of JSON.</source>
+        <translation>Die Listen im Feld '%1'%2 werden als JSON-Texte geschrieben.</translation>
+    </message>
+    <message>
         <source>The field '%1'%2 is left out: %3 are not carried over.</source>
         <translation>Das Feld '%1'%L2 geht nicht mit: %3 werden nicht übernommen.</translation>
     </message>
