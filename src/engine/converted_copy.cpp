@@ -6,6 +6,7 @@
 #include "engine/copy_values.h"
 #include "engine/kept_digits.h"
 #include "engine/target_file.h"
+#include "outputs/shown_places.h"
 #include "outputs/way_out.h"
 #include "platform/run_stop.h"
 
@@ -114,7 +115,8 @@ bool HasReals(const OGRFeatureDefn& columns) {
 }  // namespace
 
 fs::path PlaceOfWork(const Format& format, const fs::path& target) {
-  return format.server ? fs::temp_directory_path() / "tessarine.gpkg" : fs::path(target.string() + ".gpkg");
+  return format.server ? fs::temp_directory_path() / "tessarine.gpkg"
+                       : fs::path(target.string() + std::string(kWorkEnding));
 }
 
 ProbedColumns ProbeConversion(const Conversion& conversion, const fs::path& folder, CopyFacts& facts) {

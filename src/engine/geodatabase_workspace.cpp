@@ -17,6 +17,7 @@
 #include "engine/stamp.h"
 #include "engine/workspace_common.h"
 #include "outputs/formats.h"
+#include "outputs/way_out.h"
 #include "platform/paths.h"
 #include "platform/text_formats.h"
 
@@ -85,7 +86,8 @@ void MakeGeodatabase(const std::string& folder, const std::string& shown_path) {
   GDALDriver* driver = GetGDALDriverManager()->GetDriverByName("OpenFileGDB");
   const DatasetHandle dataset(driver->Create(folder.c_str(), 0, 0, 0, GDT_Unknown, nullptr));
   if (dataset) return;
-  RaiseEngineFault("The file geodatabase '" + shown_path + "' can't be created" + errors.Quote() + ".");
+  RaiseEngineFault("The file geodatabase '" + shown_path + "' can't be created" + errors.Quote() +
+                   WayOut(shown_path, errors.Text()));
 }
 
 // Names whose class or table the next class of the name may replace, in lower case.

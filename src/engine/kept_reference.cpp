@@ -13,6 +13,8 @@
 #include "engine/target_reference.h"
 #include "outputs/foretold_reference.h"
 #include "outputs/scratch_folder.h"
+#include "outputs/shown_places.h"
+#include "outputs/way_out.h"
 #include "platform/text_formats.h"
 
 namespace tessarine::engine {
@@ -239,7 +241,9 @@ void KeepBesideShapefile(const fs::path& shapefile, const OGRSpatialReference* r
   std::ofstream file(beside, std::ios::trunc);
   file << text;
   file.close();
-  if (!file) RaiseEngineFault("The reference can't be written to '" + beside.string() + "'.");
+  if (file) return;
+  RaiseEngineFault(
+      WithShownPlaces("The reference can't be written to '" + beside.string() + "'" + WayOut(beside.string(), "")));
 }
 
 std::vector<std::string> TryReference(const Format& format, const OGRSpatialReference* reference,

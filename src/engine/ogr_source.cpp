@@ -16,6 +16,7 @@
 #include "engine/reading_warnings.h"
 #include "engine/remote_source.h"
 #include "outputs/driver_facts.h"
+#include "outputs/shown_places.h"
 #include "outputs/way_out.h"
 
 namespace tessarine::engine {
@@ -133,11 +134,11 @@ DatasetHandle OpenDatasetAt(const std::string& native_path, FileAccess access) {
                      "unencrypted, or in another format.");
   }
   if (update) {
-    RaiseEngineFault("'" + native_path + "' can't be opened for writing: check its permissions, and that its format " +
-                     "can be written" + errors.Quote() + ".");
+    RaiseEngineFault(WithShownPlaces("'" + native_path + "' can't be opened for writing: check its permissions, and " +
+                                     "that its format can be written" + errors.Quote() + "."));
   }
-  RaiseEngineFault("'" + native_path + "' is no vector data that can be read" + errors.Quote() +
-                   ". Give a shapefile, GeoPackage, file geodatabase, GeoJSON, KML or the like.");
+  RaiseEngineFault(WithShownPlaces("'" + native_path + "' is no vector data that can be read" + errors.Quote() +
+                                   ". Give a shapefile, GeoPackage, file geodatabase, GeoJSON, KML or the like."));
 }
 
 OGRFeatureUniquePtr RowWalk::Next() {

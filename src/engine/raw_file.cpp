@@ -10,6 +10,7 @@
 #include <filesystem>
 
 #include "engine/engine_fault.h"
+#include "outputs/shown_places.h"
 #include "outputs/way_out.h"
 
 namespace tessarine::engine {
@@ -23,7 +24,8 @@ RawFile::~RawFile() {
 }
 
 void RawFile::Fail(const char* reason) const {
-  RaiseEngineFault("'" + path_ + "' can't be read or changed (" + reason + ")" + WayOut(path_, reason));
+  RaiseEngineFault(
+      WithShownPlaces("'" + path_ + "' can't be read or changed (" + reason + ")" + WayOut(path_, reason)));
 }
 
 std::int64_t RawFile::Size() const {

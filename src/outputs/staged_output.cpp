@@ -18,6 +18,7 @@
 #include <span>
 
 #include "outputs/formats.h"
+#include "outputs/shown_places.h"
 #include "outputs/way_out.h"
 #include "platform/fault.h"
 #include "platform/text_formats.h"
@@ -27,11 +28,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr const char* kMark = ".tessarine-";
 constexpr const char* kLockName = "lock";
 // Says that all new files are whole, and what is to be renamed.
 constexpr const char* kReadyName = "ready";
-constexpr const char* kNewFolder = "new";
 constexpr const char* kOldFolder = "old";
 
 // What stands beside a file of its whole name.
@@ -167,7 +166,7 @@ bool FinishPublishing(const fs::path& target, const fs::path& folder) {
     if (!moves.old.contains(identity)) return false;
     leaving.push_back(file);
   }
-  std::vector<fs::path> made = FilesIn(folder / kNewFolder);
+  std::vector<fs::path> made = FilesIn(folder / kStagingFolder);
   // The file that the data are opened by.
   const auto is_main = [&](const fs::path& file) { return file.filename() == target.filename(); };
   std::ranges::stable_partition(leaving, is_main);
@@ -187,7 +186,7 @@ bool TakeBack(const fs::path& target, const fs::path& folder) {
   try {
     const Moves moves = ReadMoves(folder);
     for (const fs::path& file : FilesOfDataset(target)) {
-      if (moves.fresh.contains(IdentityOf(file))) Rename(file, folder / kNewFolder / file.filename());
+      if (moves.fresh.contains(IdentityOf(file))) Rename(file, folder / kStagingFolder / file.filename());
     }
     if (fs::exists(folder / kOldFolder)) {
       for (const fs::path& file : FilesIn(folder / kOldFolder)) Rename(file, target.parent_path() / file.filename());
@@ -248,7 +247,9 @@ int MakeLockedFolder(const fs::path& parent, const std::string& prefix, fs::path
   }
 }
 
-std::string FolderPrefix(const fs::path& target) { return "." + target.filename().string() + kMark; }
+std::string FolderPrefix(const fs::path& target) {
+  return "." + target.filename().string() + std::string(kStagingMark);
+}
 
 // Ends or clears away a run's folder for this target, unless the run lives.
 void FinishOne(const fs::path& target, const fs::path& folder) {
@@ -275,7 +276,7 @@ void FinishIn(const fs::path& place, const std::string& name) {
   std::vector<std::pair<fs::path, fs::path>> found;
   for (const auto& entry : fs::directory_iterator(place, error)) {
     const std::string folder = entry.path().filename().string();
-    const std::size_t mark = folder.starts_with('.') ? folder.rfind(kMark) : std::string::npos;
+    const std::size_t mark = folder.starts_with('.') ? folder.rfind(kStagingMark) : std::string::npos;
     if (mark == std::string::npos || mark < 2) continue;
     const std::string target = folder.substr(1, mark - 1);
     if (name.empty() || target == name) found.emplace_back(place / target, entry.path());
@@ -333,7 +334,7 @@ StagedOutput::StagedOutput(const fs::path& target, Begin begin) : target_(Resolv
   if (!fs::is_directory(parent)) Raise(kPathNotFound, "There is no folder '" + parent.string() + "'.");
   FinishInterrupted(target_);
   lock_ = MakeLockedFolder(parent, FolderPrefix(target_), folder_);
-  const fs::path fresh = folder_ / kNewFolder;
+  const fs::path fresh = folder_ / kStagingFolder;
   if (std::error_code error; !fs::create_directory(fresh, error)) {
     Discard();
     RaiseAccess("Nothing can be written to the folder", parent, error.value());
@@ -358,7 +359,7 @@ StagedOutput::~StagedOutput() { Discard(); }
 
 void StagedOutput::Publish(Standing on_standing) {
   if (folder_.empty()) Raise(kInvalidCall, "The output '" + target_.string() + "' was published already.");
-  const fs::path fresh = folder_ / kNewFolder;
+  const fs::path fresh = folder_ / kStagingFolder;
   try {
     const std::vector<fs::path> made = FilesIn(fresh);
     const std::vector<fs::path> standing = FilesOfDataset(target_);

@@ -7,6 +7,9 @@
 
 #include <filesystem>
 #include <optional>
+#include <string_view>
+
+#include "outputs/shown_places.h"
 
 namespace tessarine {
 namespace {
@@ -14,6 +17,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::uintmax_t kLeastRoom = 65536;  // bytes
+constexpr const char* kNoRoom = ": there is no room left on its disk.";
 
 bool DiskIsFull(const fs::path& folder) {
   struct statvfs disk {};
@@ -36,8 +40,9 @@ bool MayWrite(const fs::path& path) {
 
 std::string WayOut(const std::string& path, const std::string& complaint) {
   const fs::path folder = fs::absolute(path).parent_path();
-  if (DiskIsFull(folder) || complaint.find("No space left") != std::string::npos)
-    return ": there is no room left on its disk.";
+  const bool tells_of_it =
+      complaint.find("No space left") != std::string::npos || complaint.find("disk is full") != std::string::npos;
+  if (DiskIsFull(folder) || tells_of_it) return kNoRoom;
   if (!MayWrite(path) || !MayWrite(folder)) return ": it may not be written to; check its permissions.";
   // File geodatabases keep coordinates as whole steps from a corner.
   if (complaint.find("Cannot encode") != std::string::npos) {
@@ -48,6 +53,26 @@ std::string WayOut(const std::string& path, const std::string& complaint) {
     return ": files may not grow beyond " + std::to_string(*limit) + " bytes here (ulimit -f).";
   }
   return ".";
+}
+
+std::string WithShownPlaces(const std::string& text) {
+  constexpr std::size_t kRandom = 6;
+  const std::string inner = "/" + std::string(kStagingFolder) + "/";
+  std::string shown = text;
+  for (;;) {
+    const std::size_t mark = shown.find(kStagingMark);
+    const std::size_t hidden = mark == std::string::npos ? mark : shown.rfind("/.", mark);
+    if (hidden == std::string::npos) return shown;
+    const std::size_t behind = mark + kStagingMark.size() + kRandom;
+    if (shown.compare(std::min(behind, shown.size()), inner.size(), inner) != 0) return shown;
+    const std::size_t name = behind + inner.size();
+    const std::size_t work = shown.find(kWorkEnding, name);
+    const std::size_t end = shown.find('\'', name), begin = shown.rfind('\'', hidden) + 1;
+    if (work != std::string::npos && work < end) shown.erase(work, kWorkEnding.size());
+    shown.erase(hidden + 1, name - hidden - 1);
+    if (begin == 0 || end == std::string::npos || !DiskIsFull(shown.substr(begin, hidden - begin))) continue;
+    return shown.substr(begin - 1, shown.find('\'', begin) + 2 - begin) + " can't be written" + kNoRoom;
+  }
 }
 
 }  // namespace tessarine
