@@ -195,7 +195,7 @@ def outputs_without_an_ending(areas):
     assert results["OUTPUT"].startswith(there) and (WORK / "plain.gpkg").exists() and not named.exists(), results
     report = next(text for text in log.infos if "Successful" in text)
     assert there in report and "working_copy" not in report, report
-    assert any("-o " + there in text for text in log.commands), log.commands
+    assert any("--output=" + there in text for text in log.commands), log.commands
     runs = child(child(WINDOW, "TessarineReports"), "tblRuns", QTableWidget)
     shown = [runs.item(0, column).text() for column in range(runs.columnCount())]
     assert there in shown, shown
