@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <filesystem>
-#include <limits>
 #include <set>
 
 #include "engine/filegdb_check.h"
@@ -24,15 +23,40 @@ constexpr std::int64_t kFreePageHeader = 8;
 
 /// A stretch of the file that belongs to one thing: a row by its number, or one of these.
 struct Stretch {
-  enum Kind : std::int32_t { kHeader = 0, kDescription = -1, kFreePlace = -2 };
-  std::int64_t from;
-  std::int32_t size, what;  // small, for there is one of each row
+  enum Kind : std::int64_t { kHeader = 0, kDescription = -1, kFreePlace = -2 };
+  std::int64_t from, size, what;
 
   [[nodiscard]] std::int64_t To() const { return from + size; }
   [[nodiscard]] std::string Name() const {
     if (what > 0) return "row " + std::to_string(what);
     return what == kHeader ? "the header" : what == kDescription ? "the description of the columns" : "a free place";
   }
+};
+
+/// Which bytes of a file belong to something. Rows mostly follow each other, and what follows is kept as one: a table
+/// of millions of rows costs no more than one of few.
+class TakenBytes {
+ public:
+  void Add(const Stretch& stretch) {
+    if (!blocks_.empty() && blocks_.back().to == stretch.from) {
+      blocks_.back().to = stretch.To();
+    } else {
+      blocks_.push_back({stretch.from, stretch.To()});
+    }
+  }
+
+  /// Whether a byte was added twice. Sorts what was added.
+  [[nodiscard]] bool Overlap() {
+    std::ranges::sort(blocks_, {}, &Block::from);
+    const auto overlap = [](const Block& before, const Block& after) { return before.to > after.from; };
+    return std::ranges::adjacent_find(blocks_, overlap) != blocks_.end();
+  }
+
+ private:
+  struct Block {
+    std::int64_t from, to;
+  };
+  std::vector<Block> blocks_;
 };
 
 class TableCheck {
@@ -42,18 +66,13 @@ class TableCheck {
 
   std::vector<std::string> Run() {
     if (!table_.IsUsable()) return {"the table '" + name_ + "' (" + FileName() + ") can't be read"};
-    const GdbDescription& description = table_.Description();
-    // No row is shorter than its length with a byte for nulls.
-    constexpr std::int64_t kShortestRow = 5;
-    stretches_.reserve(
-        static_cast<std::size_t>(std::min(table_.Places().RowLimit(), table_.File().Size() / kShortestRow) + 2));
-    Note(0, 40, Stretch::kHeader);
-    Note(description.place, description.size, Stretch::kDescription);
+    for (const Stretch& head : Heads()) taken_.Add(head);
     GdbRowScan rows(table_);
     table_.Places().ForEach([&](std::int64_t oid, std::int64_t offset) { CheckRow(oid, offset, rows.Row(offset)); });
     CheckHeader();
     CheckFreePlaces();
-    CheckOverlaps();
+    for (const Stretch& place : free_places_) taken_.Add(place);
+    if (taken_.Overlap()) TellOverlaps();
     CheckIndexes();
     return std::move(findings_);
   }
@@ -64,9 +83,9 @@ class TableCheck {
     if (findings_.size() < kMostFindings) findings_.push_back("'" + name_ + "' (" + FileName() + "): " + text);
   }
 
-  void Note(std::int64_t from, std::int64_t size, std::int64_t what) {
-    constexpr std::int64_t kMost = std::numeric_limits<std::int32_t>::max();
-    stretches_.push_back({from, static_cast<std::int32_t>(std::min(size, kMost)), static_cast<std::int32_t>(what)});
+  [[nodiscard]] std::array<Stretch, 2> Heads() const {
+    const GdbDescription& description = table_.Description();
+    return {{{0, kGdbHeaderSize, Stretch::kHeader}, {description.place, description.size, Stretch::kDescription}}};
   }
 
   void CheckRow(std::int64_t oid, std::int64_t offset, std::optional<std::string_view> row) {
@@ -76,19 +95,18 @@ class TableCheck {
       return;
     }
     longest_ = std::max(longest_, row->size());
-    Note(offset, 4 + static_cast<std::int64_t>(row->size()), oid);
-    const auto values = SplitGdbRow(table_.Description(), *row);
-    if (!values) {
+    taken_.Add({offset, 4 + static_cast<std::int64_t>(row->size()), oid});
+    if (!SplitGdbRow(table_.Description(), *row, values_)) {
       Tell("row " + std::to_string(oid) + " isn't as long as its values");
       return;
     }
     for (std::size_t index = 0; index < counts_.size(); ++index) {
-      if ((*values)[index]) ++counts_[index];
+      if (values_[index]) ++counts_[index];
     }
   }
 
   void CheckHeader() {
-    std::array<char, 40> header{};
+    std::array<char, kGdbHeaderSize> header{};
     table_.File().Read(0, header);
     const std::span<const char> bytes(header);
     const auto told = [&](std::size_t at, std::size_t size) { return LittleEndian(bytes.subspan(at, size)); };
@@ -144,15 +162,22 @@ class TableCheck {
       const auto size = static_cast<std::int64_t>(LittleEndian(all.subspan(at, 4)));
       const auto offset = static_cast<std::int64_t>(LittleEndian(all.subspan(at + 4, width)));
       if (offset + size > table_.File().Size()) Tell("a free place ends behind the file");
-      Note(offset, size, Stretch::kFreePlace);
+      free_places_.push_back({offset, size, Stretch::kFreePlace});
     }
     return LittleEndian(all.subspan(4, 4));
   }
 
-  void CheckOverlaps() {
-    std::ranges::sort(stretches_, {}, &Stretch::from);
-    for (std::size_t index = 1; index < stretches_.size(); ++index) {
-      const Stretch &before = stretches_[index - 1], &after = stretches_[index];
+  // Looks at the rows once more, for their numbers.
+  void TellOverlaps() {
+    std::vector<Stretch> stretches = free_places_;
+    for (const Stretch& head : Heads()) stretches.push_back(head);
+    GdbRowScan rows(table_);
+    table_.Places().ForEach([&](std::int64_t oid, std::int64_t offset) {
+      if (const std::int64_t size = rows.RowSize(offset); size >= 0) stretches.push_back({offset, 4 + size, oid});
+    });
+    std::ranges::stable_sort(stretches, {}, &Stretch::from);
+    for (std::size_t index = 1; index < stretches.size(); ++index) {
+      const Stretch &before = stretches[index - 1], &after = stretches[index];
       if (before.To() > after.from) Tell(before.Name() + " and " + after.Name() + " overlap");
     }
   }
@@ -205,7 +230,9 @@ class TableCheck {
   std::string base_, name_;
   GdbTable table_;
   std::vector<std::uint64_t> counts_;  // values by column
-  std::vector<Stretch> stretches_;
+  GdbValues values_;                   // of the row in hand
+  TakenBytes taken_;
+  std::vector<Stretch> free_places_;
   std::vector<std::string> findings_;
   std::uint64_t rows_ = 0;
   std::size_t longest_ = 0;

@@ -224,20 +224,24 @@ bool IsGdbNull(std::span<const char> row, const GdbColumn& column) {
 }
 
 std::optional<GdbValues> SplitGdbRow(const GdbDescription& description, std::string_view row) {
-  if (row.size() < description.null_bytes) return std::nullopt;
-  GdbValues values(description.columns.size());
+  GdbValues values;
+  return SplitGdbRow(description, row, values) ? std::optional(std::move(values)) : std::nullopt;
+}
+
+bool SplitGdbRow(const GdbDescription& description, std::string_view row, GdbValues& values) {
+  if (row.size() < description.null_bytes) return false;
+  values.assign(description.columns.size(), std::nullopt);
   std::size_t at = description.null_bytes;
   for (std::size_t index = 0; index < values.size(); ++index) {
     const GdbColumn& column = description.columns[index];
     if (column.type == GdbColumn::kOid || IsGdbNull(row, column)) continue;
     const std::size_t size = GdbValueSize(column.type, std::span(row).subspan(at));
-    if (size == 0 || size > row.size() - at) return std::nullopt;
+    if (size == 0 || size > row.size() - at) return false;
     const std::string_view stored = row.substr(at, size);
     values[index] = HasLength(column.type) ? WithoutLength(stored) : stored;
     at += size;
   }
-  if (at != row.size()) return std::nullopt;
-  return values;
+  return at == row.size();
 }
 
 std::string GdbText(const GdbDescription& description, std::string_view stored) {

@@ -111,6 +111,9 @@ struct GdbDescription {
 using GdbValues = std::vector<std::optional<std::string_view>>;
 /// Empty where the row doesn't end with its last value.
 [[nodiscard]] std::optional<GdbValues> SplitGdbRow(const GdbDescription& description, std::string_view row);
+/// The same into values that many rows share one after the other, so that none costs memory of its own; false for
+/// empty.
+[[nodiscard]] bool SplitGdbRow(const GdbDescription& description, std::string_view row, GdbValues& values);
 
 /// A stored text as UTF-8.
 [[nodiscard]] std::string GdbText(const GdbDescription& description, std::string_view stored);

@@ -228,6 +228,18 @@ TEST(GeodatabaseCheck, FindsATornByte) {
   EXPECT_NE(FindingsOf(file).find("a file of 'class_1'"), std::string::npos);
 }
 
+// What shares bytes is told by its names, before and behind rows that lie well.
+TEST(GeodatabaseCheck, NamesRowsThatOverlap) {
+  const TemporaryFolder folder;
+  const std::string file = folder.Native("town.gdb");
+  WriteGeodatabase(file, 2, 6);
+  const engine::GdbTable table(FindGdbTable(file, "class_0"), engine::FileAccess::Change);
+  const engine::GdbRowPlaces& rows = table.Places();
+  rows.Set(5, rows.Find(2));
+  EXPECT_NE(FindingsOf(file).find("row 2 and row 5 overlap"), std::string::npos) << FindingsOf(file);
+  EXPECT_EQ(FindingsOf(file).find("row 3 and"), std::string::npos) << FindingsOf(file);
+}
+
 TEST(GeodatabaseRows, AreTheSameOneByOneAndInAWalk) {
   const TemporaryFolder folder;
   const std::string file = folder.Native("town.gdb");
