@@ -9,6 +9,7 @@
 #include "engine/ogr_geometry.h"
 #include "engine/sql.h"
 #include "outputs/way_out.h"
+#include "platform/exact_class.h"
 
 namespace tessarine::engine {
 namespace {
@@ -161,8 +162,10 @@ void InsertingCursor::UpdateFeature(const std::shared_ptr<IFeature>&) { RaiseWro
 void InsertingCursor::UpdateRow(const std::shared_ptr<IRow>&) { RaiseWrongUse("update rows"); }
 
 std::int64_t InsertingCursor::InsertRow(const IRowBuffer& buffer) {
-  // Buffers are made by the class that they go into; the row is its own layout of it.
-  auto* row = const_cast<OgrRow*>(dynamic_cast<const OgrRow*>(&buffer));
+  // Buffers are made by the class that they go into; the row is its own layout of it. Nearly all are rows and nothing
+  // more, which is told without the search that a cast makes.
+  const auto* given = ExactlyAs<OgrRow>(buffer);
+  auto* row = const_cast<OgrRow*>(given != nullptr ? given : dynamic_cast<const OgrRow*>(&buffer));
   if (row == nullptr) Raise(kTypeMismatch, "The buffer was not made by this feature class.");
   row->Rebind(Definition());
   row->StoreShape();

@@ -7,6 +7,7 @@
 #include "engine/engine_fault.h"
 #include "engine/ogr_class.h"
 #include "engine/ogr_geometry.h"
+#include "platform/exact_class.h"
 #include "platform/fault.h"
 
 namespace tessarine::engine {
@@ -74,8 +75,7 @@ void OgrRow::SetShape(const GeometryRef& shape) {
 
 void OgrRow::StoreShape() const {
   if (!shape_changed_) return;
-  const bool is_point = shape_ && shape_->GeometryType() == esriGeometryPoint;
-  const auto* point = is_point ? dynamic_cast<const Point*>(shape_.get()) : nullptr;
+  const auto* point = shape_ ? ExactlyAs<Point>(*shape_) : nullptr;
   if (point != nullptr && !point->IsEmpty()) {
     OGRGeometry* standing = feature_->GetGeometryRef();
     if (standing != nullptr && standing->getGeometryType() == wkbPoint) {
