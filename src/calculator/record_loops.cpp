@@ -39,7 +39,7 @@ class RecordLoop {
     OpenCursor(record_count);
     if (options_.AllRecords()) NoteLeftOut(*features_, journal_);
     RunProgress progress = Progress(record_count);
-    if (!(MaySpread() ? WorkOnSeveral(progress) : WorkOneByOne(progress))) {
+    if (!(MayWorkInBatches() ? WorkInBatches(progress) : WorkOneByOne(progress))) {
       journal_.stopped = true;
       cursor_->Close();
       return StoppedProblemReport(journal_, layer_->Name(), record_);
@@ -90,9 +90,10 @@ class RecordLoop {
             LogView::AsLastTime};
   }
 
-  // Axes of 0 are found by the first record that is converted, and those before it do without.
-  [[nodiscard]] bool MaySpread() const {
-    return context_.jobs > 1 && (!settings_.geocentric || (settings_.semi_major > 0.0 && settings_.semi_minor > 0.0));
+  // Axes of 0 are found by the first record that is converted, and those before it do without. One thread works in
+  // batches, too: a database that reads and writes in turn looks its place up for each row.
+  [[nodiscard]] bool MayWorkInBatches() const {
+    return !settings_.geocentric || (settings_.semi_major > 0.0 && settings_.semi_minor > 0.0);
   }
 
   // False when the user stopped the run.
@@ -105,7 +106,7 @@ class RecordLoop {
     return true;
   }
 
-  bool WorkOnSeveral(RunProgress& progress) {
+  bool WorkInBatches(RunProgress& progress) {
     return SpreadRecords<MeasuredRecord>(
         context_, *cursor_, [&] { return Step(progress); },
         [this](const ReadRecord& record) {

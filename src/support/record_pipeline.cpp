@@ -3,15 +3,25 @@
 
 #include <algorithm>
 
+#include "platform/exact_class.h"
 #include "platform/geometry.h"
 #include "platform/reads_aside.h"
 
 namespace tessarine {
 namespace {
 
-// Enough to keep threads busy while others are read and written; few enough that memory stays that of some records.
+// Few enough that memory stays that of some records.
 constexpr std::size_t kMostRecords = 256;
 constexpr std::int64_t kMostVertices = 200'000;
+// Enough to keep a thread busy while others are read and written. More of them, where they have many vertices, would
+// have left the processor's own memory when their turn comes, and cost a tenth of the time.
+constexpr std::size_t kEnoughRecords = 32;
+constexpr std::int64_t kVerticesAtHand = 1'200;
+
+bool IsFull(std::size_t records, std::int64_t vertices, unsigned jobs) {
+  if (records >= kMostRecords || vertices >= kMostVertices) return true;
+  return records >= jobs * kEnoughRecords && vertices >= jobs * kVerticesAtHand;
+}
 
 // The run, but that faults that end in traps and what the journal is told are kept.
 class RunAside final : private IRunFeedback {
@@ -43,8 +53,11 @@ class RunAside final : private IRunFeedback {
 };
 
 std::int64_t VerticesOf(const ReadRecord& record) {
-  const auto points = Cast<IPointCollection>(record.shape);
-  return points ? points->PointCount() : 1;
+  if (!record.has_shape) return 1;
+  // Without a cast between faces, which would cost as much as a hundred vertices.
+  if (const PartedShape* shape = PartedShapeOf(*record.shape)) return shape->PointCount();
+  const auto* points = ExactlyAs<Multipoint>(*record.shape);
+  return points != nullptr ? points->PointCount() : 1;
 }
 
 }  // namespace
@@ -59,12 +72,12 @@ ReadRecord ReadRecordOf(const std::shared_ptr<IFeature>& feature) {
   return record;
 }
 
-RecordBatch ReadBatch(RunContext& run, IFeatureCursor& cursor) {
+RecordBatch ReadBatch(RunContext& run, IFeatureCursor& cursor, unsigned jobs) {
   RecordBatch batch;
   RunAside aside(run);
   std::int64_t vertices = 0;
   try {
-    while (batch.records.size() < kMostRecords && vertices < kMostVertices) {
+    while (!IsFull(batch.records.size(), vertices, jobs)) {
       const std::shared_ptr<IFeature> feature = cursor.NextFeature();
       if (!feature) {
         batch.is_last = true;
@@ -85,7 +98,7 @@ RecordBatch ReadBatch(RunContext& run, IFeatureCursor& cursor) {
 }
 
 // A pool's thread has a run of its own, which asks the pool for a stop.
-RecordBatch ReadBatchAside(IFeatureCursor& cursor) { return ReadBatch(*RunningContext(), cursor); }
+RecordBatch ReadBatchAside(IFeatureCursor& cursor, unsigned jobs) { return ReadBatch(*RunningContext(), cursor, jobs); }
 
 bool MayReadAside(const IFeatureCursor& cursor) {
   const auto* aside = dynamic_cast<const IReadsAside*>(&cursor);

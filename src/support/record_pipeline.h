@@ -61,12 +61,12 @@ struct RecordBatch {
   std::exception_ptr end = nullptr;  ///< what ended the reading, when the class wasn't at its end
 };
 
-/// Reads the next records: a few hundred, or fewer where they have many vertices. Raises nothing. The rows of the
-/// cursor must stay when it goes on. For the run's own thread.
-[[nodiscard]] RecordBatch ReadBatch(RunContext& run, IFeatureCursor& cursor);
+/// Reads the next records for so many threads: a few hundred, or fewer where they have many vertices. Raises nothing.
+/// The rows of the cursor must stay when it goes on. For the run's own thread.
+[[nodiscard]] RecordBatch ReadBatch(RunContext& run, IFeatureCursor& cursor, unsigned jobs);
 
 /// The same in work of a pool.
-[[nodiscard]] RecordBatch ReadBatchAside(IFeatureCursor& cursor);
+[[nodiscard]] RecordBatch ReadBatchAside(IFeatureCursor& cursor, unsigned jobs);
 [[nodiscard]] bool MayReadAside(const IFeatureCursor& cursor);
 
 /// Hands on what reading told.
@@ -112,7 +112,7 @@ template <class Result, class Step, class Work, class Write>
     if (turn.batch.end) std::rethrow_exception(turn.batch.end);
     return true;
   };
-  turns[0].Take(ReadBatch(run, cursor));
+  turns[0].Take(ReadBatch(run, cursor, run.jobs));
   for (std::size_t round = 0;; ++round) {
     Turn &at_work = turns[round % 3], &next = turns[(round + 1) % 3], &last = turns[(round + 2) % 3];
     const bool more = !at_work.batch.is_last;
@@ -120,13 +120,13 @@ template <class Result, class Step, class Work, class Write>
     const std::size_t readings = more && MayReadAside(cursor) ? 1 : 0;
     pool.Begin(readings + at_work.results.size(), [&, readings](std::size_t place) {
       if (place < readings) {
-        next.Take(ReadBatchAside(cursor));
+        next.Take(ReadBatchAside(cursor, run.jobs));
       } else {
         work_on(at_work, place - readings);
       }
     });
     if (!write_all(last)) return false;
-    if (more && readings == 0) next.Take(ReadBatch(run, cursor));
+    if (more && readings == 0) next.Take(ReadBatch(run, cursor, run.jobs));
     pool.Finish();
     if (!more) return write_all(at_work);
   }

@@ -233,7 +233,7 @@ TEST(GeodatabaseCheck, NamesRowsThatOverlap) {
   const TemporaryFolder folder;
   const std::string file = folder.Native("town.gdb");
   WriteGeodatabase(file, 2, 6);
-  const engine::GdbTable table(FindGdbTable(file, "class_0"), engine::FileAccess::Change);
+  const engine::GdbTable table(FindGdbTable(file, "class_0"), FileAccess::Change);
   const engine::GdbRowPlaces& rows = table.Places();
   rows.Set(5, rows.Find(2));
   EXPECT_NE(FindingsOf(file).find("row 2 and row 5 overlap"), std::string::npos) << FindingsOf(file);
