@@ -210,21 +210,19 @@ constexpr bool NumbersRunOn(std::span<const MeasureRow> rows) {
   }
   return true;
 }
-static_assert(NumbersRunOn(kMeasures),
-              "The measures of a shape and a kind of reference stand together, numbered from 1 without a gap.");
-static_assert(std::ranges::all_of(kMeasures, [](const MeasureRow& row) { return row.option_id <= kOptionCount; }),
-              "The dialog has controls for 11 measures of a layer.");
-static_assert(std::ranges::all_of(kMeasures,
-                                  [](const MeasureRow& row) {
-                                    return row.FieldCount() < 2 || row.option_id <= kLastPairedOption;
-                                  }),
-              "The dialog has two boxes for fields beside the first 6 measures alone.");
-static_assert(std::ranges::all_of(kMeasures,
-                                  [](const MeasureRow& row) {
-                                    return (row.measure.kind == MeasuredKind::RealPair) == (row.FieldCount() == 2) &&
-                                           row.report_labels[1].empty() == row.default_fields[1].empty();
-                                  }),
-              "A measure has a field and a label for each of its values.");
+// The measures of a shape and a kind of reference stand together, numbered from 1 without a gap.
+static_assert(NumbersRunOn(kMeasures));
+// The dialog has controls for 11 measures of a layer.
+static_assert(std::ranges::all_of(kMeasures, [](const MeasureRow& row) { return row.option_id <= kOptionCount; }));
+// The dialog has two boxes for fields beside the first 6 measures alone.
+static_assert(std::ranges::all_of(kMeasures, [](const MeasureRow& row) {
+  return row.FieldCount() < 2 || row.option_id <= kLastPairedOption;
+}));
+// A measure has a field and a label for each of its values.
+static_assert(std::ranges::all_of(kMeasures, [](const MeasureRow& row) {
+  return (row.measure.kind == MeasuredKind::RealPair) == (row.FieldCount() == 2) &&
+         row.report_labels[1].empty() == row.default_fields[1].empty();
+}));
 
 struct ShapeNouns {
   esriGeometryType shape;

@@ -85,6 +85,7 @@ class UpdatingCursor final : public ReadingCursor {
   [[nodiscard]] OgrFeatureHandle NextOgr() override;
 
  private:
+  void BeginTransaction();
   void WriteRow(const OgrRow& row);
   void WriteWhole(const OgrRow& row);
   void WriteWholeToFileGdb(const OgrRow& row);

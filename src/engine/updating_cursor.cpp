@@ -35,6 +35,9 @@ UpdatingCursor::UpdatingCursor(std::shared_ptr<OgrClass> owner, LayerHandle hand
       chosen_(std::move(chosen)),
       update_(OpenUpdate(*Owner(), Handle())),
       transactions_(Handle().Layer().TestCapability(OLCTransactions) != 0) {
+  // Reading from a server takes place in a transaction of its own. One that began within it would be given up as it
+  // ends, with all rows that were written.
+  if (Owner()->FormatFacts().server) BeginTransaction();
   if (!chosen_ || filter != nullptr || Owner()->Source()->Kind()) return;
   const auto all = static_cast<double>(Handle().Layer().GetFeatureCount(1));
   fetches_ = static_cast<double>(chosen_->size()) < kFetchShare * all;
@@ -67,11 +70,15 @@ OgrFeatureHandle UpdatingCursor::NextOgr() {
 void UpdatingCursor::UpdateRow(const std::shared_ptr<IRow>& row) {
   const auto* own = ExactlyAs<OgrFeature>(*Require(row, "row"));
   if (own == nullptr) Raise(kTypeMismatch, "The row was not read by this cursor.");
-  if (transactions_ && !in_transaction_) in_transaction_ = Handle().Layer().StartTransaction() == OGRERR_NONE;
+  BeginTransaction();
   WriteRow(*own);
   // Of what is staged nothing is undone, and its journal lies in memory.
   const bool staged = Owner()->Source()->DataPath() != Owner()->Source()->Path();
   if (staged && ++since_commit_ >= kRowsPerCommit) Commit();
+}
+
+void UpdatingCursor::BeginTransaction() {
+  if (transactions_ && !in_transaction_) in_transaction_ = Handle().Layer().StartTransaction() == OGRERR_NONE;
 }
 
 void UpdatingCursor::WriteRow(const OgrRow& row) {

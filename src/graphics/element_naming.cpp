@@ -67,8 +67,10 @@ std::int32_t NameElements(const Arguments& arguments, const IMxDocument& documen
 
 std::string PlannedNaming(const Arguments& arguments, const IMxDocument& document) {
   const ElementCounts counts = CountElements(document);
-  return std::to_string(TakesSelected(arguments, counts) ? counts.selected : counts.all) + " of " +
-         CountedElements(counts.all) + " would be named '" + arguments.Get<std::string>("name") + "'." + kOnlyPlanned;
+  const std::int32_t count = TakesSelected(arguments, counts) ? counts.selected : counts.all;
+  const auto name = arguments.Get<std::string>("name");
+  return std::to_string(count) + " of " + CountedElements(counts.all) + " would be named '" + name + "'." +
+         kOnlyPlanned;
 }
 
 std::string NamingSentence(std::int32_t named, const IMxDocument& document, const std::string& name) {

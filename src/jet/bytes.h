@@ -20,7 +20,8 @@ using Page = std::array<std::uint8_t, kPageSize>;
 using Bytes = std::vector<std::uint8_t>;
 using ByteSpan = std::span<const std::uint8_t>;
 
-static_assert(std::endian::native == std::endian::little, "Numbers are copied as the machine has them.");
+// Numbers are copied as the machine has them.
+static_assert(std::endian::native == std::endian::little);
 
 [[nodiscard]] inline ByteSpan Part(ByteSpan bytes, std::size_t offset, std::size_t length) {
   if (offset > bytes.size() || length > bytes.size() - offset) throw Error("a structure reaches beyond its end");

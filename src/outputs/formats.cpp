@@ -320,7 +320,8 @@ constexpr bool KindsAreDistinct() {
   }
   return true;
 }
-static_assert(KindsAreDistinct(), "Each format has a number of its own in `kind`, from 1 to 999.");
+// Each format has a number of its own in `kind`, from 1 to 999.
+static_assert(KindsAreDistinct());
 
 // Those that a driver brings, in the order in which they were asked for; none moves or goes. Any thread may look.
 class AddedFormats {

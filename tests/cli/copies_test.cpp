@@ -449,7 +449,8 @@ TEST_F(Copies, NumbersWithFewerDigitsAreTold) {
       EXPECT_EQ(facts.at("changed").at(0).at("count"), 1);
     }
     const ProgramOutcome plan =
-        RunTessarine({"calculate", In("d.json"), "-m", "Number of Parts=np", "-o", In(output), "--dry-run"});
+        RunTessarine({"calculate", In("d.json"), "-m", "Number of Parts=np", "-o", In(output), "--overwrite", "-n"});
+    ASSERT_EQ(plan.status, 0) << plan.err;
     EXPECT_EQ(plan.out.find("Numbers are rounded to 15 digits") == std::string::npos, same) << plan.out;
   }
 }

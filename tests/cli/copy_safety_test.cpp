@@ -117,7 +117,7 @@ TEST_P(StoppedCopies, LeaveTheOldOutputAndNothingElse) {
 
 INSTANTIATE_TEST_SUITE_P(Formats, StoppedCopies,
                          ::testing::Values(std::pair("s.shp", "s.shp"), std::pair("s.gpkg", "s.gpkg"),
-                                           std::pair("s.geojson", "s.geojson.gpkg")),
+                                           std::pair("s.geojson", "s.geojson.work.gpkg")),
                          [](const auto& row) {
                            std::string name = row.param.first;
                            return name.substr(name.find('.') + 1);

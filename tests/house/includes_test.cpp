@@ -193,7 +193,8 @@ TEST(House, EveryMutantFindsItsLine) {
     const auto line = mutant.at("line").get<std::string>();
     const std::size_t found = text.find(line);
     EXPECT_NE(found, std::string::npos) << mutant.at("name");
-    if (found != std::string::npos) EXPECT_EQ(text.find(line, found + 1), std::string::npos) << mutant.at("name");
+    if (found == std::string::npos) continue;
+    EXPECT_EQ(text.find(line, found + 1), std::string::npos) << mutant.at("name");
   }
   EXPECT_GT(mutants.size(), 30U);
 }

@@ -20,6 +20,9 @@ inline constexpr std::string_view kUntranslatedTexts[] = {
     "the options of GeometryOptions",
     // Parts of reports, plans and logs.
     "%1 --> \n          [time stamp %2]",
+    "%1 of %2 would be named '%3'.%4",
+    "%1 of %2 would be selected.%3",
+    "Planned only: nothing was changed.",
     "Analysis Began: %1;  %2\nAnalysis Complete: %3;  %4\nTime Elapsed: %5",
     "Boundary Box",
     "Boundary Parameters:",
@@ -116,6 +119,7 @@ inline constexpr std::string_view kUntranslatedTexts[] = {
     "Invalid content",
     "Invalid value",
     "No space left",
+    "disk is full",
     "cannot be represented",
     "constraint failed",
     "not valid UTF-8",

@@ -3193,6 +3193,10 @@ Bailing out...</source>
         <translation>'%1' hat beim Wiederlesen keinen Layer '%2'.</translation>
     </message>
     <message>
+        <source>Numbers are rounded to %1 digits: the format writes no more of them.</source>
+        <translation>Zahlen werden auf %1 Stellen gerundet: mehr schreibt das Format nicht.</translation>
+    </message>
+    <message>
         <source>Null is written as 0 or as an empty text: the format knows none but in dates.</source>
         <translation>Null wird als 0 oder als leerer Text geschrieben: das Format kennt null nur in Datumsangaben.</translation>
     </message>
