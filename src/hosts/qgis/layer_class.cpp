@@ -11,6 +11,7 @@
 #include <QFileInfo>
 #include <QSet>
 #include <QSignalBlocker>
+#include <QStorageInfo>
 #include <QUrl>
 #include <algorithm>
 #include <limits>
@@ -28,6 +29,10 @@
 
 namespace tessarine::qgis {
 namespace {
+
+constexpr qint64 kShxBytesPerRow = 8;
+constexpr int kWidestNumber = 33;            // of a column whose width isn't told
+constexpr qint64 kRoomToSpare = 256 * 1024;  // for what else a change writes
 
 // Data that the program can open isn't compressed, and has no other property that counts.
 class NoProperties final : public IPropertySet {
@@ -99,6 +104,22 @@ class QuietProvider {
   std::string quoted = told.isEmpty() ? "." : ": " + FromQt(told.front());
   if (told.size() > 1) quoted += " (and " + std::to_string(told.size() - 1) + " more like it)";
   Raise(kEngine, what + " the layer '" + FromQt(layer.name()) + "'" + quoted);
+}
+
+// dBASE tables get new columns by moving all their rows, in the file itself: on a disk that becomes full meanwhile what
+// they held before would be gone. Formats with a journal take such a change back.
+void RequireRoomForFields(const QgsVectorLayer& layer, const QList<QgsField>& fields) {
+  if (FactsOfLayer(layer).store != FileStore::Shapefile) return;
+  const QString table = QFileInfo(PlaceOf(layer).path).path() + '/' + QFileInfo(PlaceOf(layer).path).completeBaseName();
+  const qint64 rows = QFileInfo(table + ".shx").size() / kShxBytesPerRow;
+  qint64 width = 0;
+  for (const QgsField& field : fields) width += std::max(field.length(), kWidestNumber);
+  const qint64 needed = rows * width + kRoomToSpare;
+  const QStorageInfo disk(QFileInfo(table).path());
+  if (!disk.isValid() || disk.bytesAvailable() >= needed) return;
+  Raise(kEngine, "Fields can't be added to the layer '" + FromQt(layer.name()) + "': they take " +
+                     std::to_string(needed) + " bytes, and its disk has room for " +
+                     std::to_string(disk.bytesAvailable()) + ". Free some room first; the data are as they were.");
 }
 
 }  // namespace
@@ -207,6 +228,7 @@ void LayerClass::AddFields(std::span<const FieldRef> fields) {
     for (const QgsField& field : added) done = done && layer.addAttribute(field);
     has_buffered_ = true;
   } else {
+    RequireRoomForFields(layer, added);
     done = QuietProvider(layer)->addAttributes(added);
   }
   layer.updateFields();

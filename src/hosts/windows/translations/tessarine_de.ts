@@ -3197,6 +3197,10 @@ Bailing out...</source>
         <translation>Zahlen werden auf %1 Stellen gerundet: mehr schreibt das Format nicht.</translation>
     </message>
     <message>
+        <source>Fields can't be added to the layer '%1': they take %2 bytes, and its disk has room for %3. Free some room first; the data are as they were.</source>
+        <translation>Dem Layer '%1' können keine Felder hinzugefügt werden: sie brauchen %2 Byte, und auf dem Datenträger ist Platz für %3. Schaffen Sie zuerst Platz; die Daten sind unverändert.</translation>
+    </message>
+    <message>
         <source>Null is written as 0 or as an empty text: the format knows none but in dates.</source>
         <translation>Null wird als 0 oder als leerer Text geschrieben: das Format kennt null nur in Datumsangaben.</translation>
     </message>
