@@ -16,7 +16,7 @@ namespace tessarine {
 namespace {
 
 // Fetching points by their identifiers is slow in formats that are read from end to end.
-constexpr std::size_t kMostKeptBytes = 256 * 1024 * 1024;
+constexpr std::size_t kMostKeptBytes = std::size_t{256} * 1024 * 1024;
 
 std::size_t BytesOf(const KeptAttributes& kept) {
   std::size_t bytes = sizeof kept + kept.values.size() * sizeof(Variant);
@@ -47,8 +47,10 @@ std::optional<XY> PlaceOf(const IFeature& feature) {
 }  // namespace
 
 LabelSearch::LabelSearch(const std::shared_ptr<IFeatureLayer>& layer, bool all_points, bool first_point,
-                         const SpatialReferenceRef& polygons, const AttributeCopy& attributes)
-    : points_(Require(layer, "point layer")->FeatureClass()), first_point_(first_point), attributes_(attributes) {
+                         const SpatialReferenceRef& polygons, AttributeCopy attributes)
+    : points_(Require(layer, "point layer")->FeatureClass()),
+      first_point_(first_point),
+      attributes_(std::move(attributes)) {
   if (!all_points) selection_ = Require(SelectionOf(layer), "SelectionSet");
   own_ = Require(points_, "FeatureClass")->SpatialReference();
   if (!MyGeneralOperations::CompareSpatialReferences(own_, polygons)) reference_ = own_;

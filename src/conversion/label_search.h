@@ -19,7 +19,7 @@ class LabelSearch {
   /// Looks among all points of the layer, or the selected ones, which are read once. `polygons` is the reference of the
   /// polygons, `attributes` what they get of a point. Raises `RunStopped`.
   LabelSearch(const std::shared_ptr<IFeatureLayer>& layer, bool all_points, bool first_point,
-              const SpatialReferenceRef& polygons, const AttributeCopy& attributes);
+              const SpatialReferenceRef& polygons, AttributeCopy attributes);
 
   /// Copies the attributes of the point in the polygon or on its boundary; false when there is none. Of several it is
   /// the first by identifier, or the nearest to the polygon's centre, the first of these where they are equally near.

@@ -101,7 +101,7 @@ void AppendRings(const PartedShape& polygon, LineList& rings) {
 std::vector<PathRef> UnitedAtOnce(std::span<const Member> members) {
   LineList rings;
   for (const Member& member : members) AppendRings(*member, rings);
-  return PartsOf(CoveredAreas(Noded(std::move(rings))));
+  return PartsOf(CoveredAreas(Noded(rings)));
 }
 
 // Whether each member overlaps many others, so that all crossings of their rings would be many more than those of the
@@ -238,7 +238,7 @@ std::vector<PathRef> UnitedLines(const std::vector<Member>& group) {
     for (const PathRef& part : member->Parts()) lines.push_back(DensifiedVertices(*part));
   }
   std::vector<GeosGeometry> pieces;
-  for (const std::vector<XY>& piece : DistinctPieces(Noded(std::move(lines)))) pieces.push_back(LineToGeos(piece));
+  for (const std::vector<XY>& piece : DistinctPieces(Noded(lines))) pieces.push_back(LineToGeos(piece));
   const GeosGeometry all = CollectionToGeos(GEOS_MULTILINESTRING, std::move(pieces));
   return PathsFromGeos(Checked(GEOSLineMergeDirected_r(Geos(), all.get())).get());
 }

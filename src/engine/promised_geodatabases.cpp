@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <mutex>
+#include <ranges>
 #include <vector>
 
 #include "engine/held_by_file.h"
@@ -39,8 +40,8 @@ class Announcements {
   [[nodiscard]] std::shared_ptr<const Announcement> Find(const std::string& geodatabase, const std::string& dataset) {
     const std::string path = RealFileKey(geodatabase);
     const std::lock_guard lock(guard_);
-    for (auto held = held_.rbegin(); held != held_.rend(); ++held) {
-      auto announcement = held->lock();
+    for (const std::weak_ptr<const Announcement>& held : held_ | std::views::reverse) {
+      auto announcement = held.lock();
       if (announcement && announcement->geodatabase == path && EqualsIgnoringCase(announcement->dataset, dataset)) {
         return announcement;
       }

@@ -91,7 +91,7 @@ std::vector<PathRef> Repair(const std::vector<PathRef>& parts, double resolution
   LineList rings;
   for (const PathRef& part : parts) rings.push_back(DensifiedVertices(*part));
   const double width = std::max(resolution, FinestGrid(rings));
-  std::vector<PathRef> mended = PartsOf(EvenOddAreas(Noded(std::move(rings))));
+  std::vector<PathRef> mended = PartsOf(EvenOddAreas(Noded(rings)));
   std::erase_if(
       mended, [&](const PathRef& part) { return std::fabs(Cast<Ring>(part)->Area()) * 2.0 <= width * part->Length(); });
   return mended;
