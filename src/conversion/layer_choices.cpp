@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-2.0-or-later
 #include "conversion/layer_choices.h"
 
+#include "platform/fault.h"
+
 namespace tessarine {
 namespace {
 
@@ -59,12 +61,16 @@ const char* SelectFieldsCaption(bool all_selected) {
 
 void LeaveChoices(clsExtension& extension, const std::shared_ptr<IFeatureLayer>& layer, ToolRecords records,
                   const MyGeneralOperations::OutputRow& output) {
+  const std::shared_ptr<IFeatureClass> features = Require(layer, "layer")->FeatureClass();
+  if (!features) {
+    Raise(kObjectNotSet, "The data of the layer '" + layer->Name() + "' are gone: choose another layer.");
+  }
   extension.NewShapefileLocation = output.Path();
-  extension.SelectedLayer = Require(layer, "layer");
+  extension.SelectedLayer = layer;
   MyGeneralOperations::RememberOutput(output.Place(), extension);
   extension.DoAllRecords = records == ToolRecords::All;
   extension.AnalysisRecordCount =
-      extension.DoAllRecords ? layer->FeatureClass()->FeatureCount(nullptr) : SelectionOf(layer)->Count();
+      extension.DoAllRecords ? features->FeatureCount(nullptr) : SelectionOf(layer)->Count();
 }
 
 void ForgetLayerAndFields(clsExtension& extension) {

@@ -5,6 +5,7 @@
 #include <qgsvectordataprovider.h>
 
 #include <QDateTime>
+#include <QJsonDocument>
 #include <algorithm>
 #include <cmath>
 #include <iterator>
@@ -328,6 +329,9 @@ Variant ValueOf(const QVariant& value, const QgsField& field) {
     case QVariant::StringList:
     case QVariant::List:
       return FromQt(QgsJsonUtils::encodeValue(value));
+    // The program reads a text of JSON so.
+    case QVariant::Map:
+      return QJsonDocument::fromVariant(value).toJson(QJsonDocument::Compact).toStdString();
     default:
       return FromQt(value.toString());
   }

@@ -218,6 +218,7 @@ void LayerClass::AddFields(std::span<const FieldRef> fields) {
     Raise(kInvalidCall, "The layer '" + FromQt(layer.name()) + "' has a field '" + field->Name + "' already.");
   }
   bool done = true;
+  RequireRoomForFields(layer, added);
   if (layer.isEditable()) {
     // The program saves them before it has the new fields, and leaves these empty.
     if (!layer.editBuffer()->addedFeatures().isEmpty()) {
@@ -228,7 +229,6 @@ void LayerClass::AddFields(std::span<const FieldRef> fields) {
     for (const QgsField& field : added) done = done && layer.addAttribute(field);
     has_buffered_ = true;
   } else {
-    RequireRoomForFields(layer, added);
     done = QuietProvider(layer)->addAttributes(added);
   }
   layer.updateFields();

@@ -188,7 +188,7 @@ def lists():
 
 
 def outputs_without_an_ending(areas):
-    """The program gives them one: log and panel name what is there."""
+    """They are GeoPackages: log and panel name what is there, which stays, and what is read isn't written to."""
     named = WORK / "plain"
     _, results, log = run("to-polylines", INPUT=areas, OUTPUT=str(named))
     there = str(named) + ".gpkg"
@@ -198,7 +198,15 @@ def outputs_without_an_ending(areas):
     assert any("--output=" + there in text for text in log.commands), log.commands
     runs = child(child(WINDOW, "TessarineReports"), "tblRuns", QTableWidget)
     shown = [runs.item(0, column).text() for column in range(runs.columnCount())]
-    assert there in shown, shown
+    assert there + "/plain" in shown, shown
+    read = QgsVectorLayer(there, "read", "ogr")
+    QgsProject.instance().addMapLayer(read)
+    log = Log()
+    ok = algorithm("vertices").run({"INPUT": read, "OUTPUT": str(named)}, context(), log)[1]
+    assert not ok and any("would replace the data of 'read'" in error for error in log.errors), log.errors
+    _, results, _ = run("vertices", INPUT=areas, OUTPUT=str(WORK / "plain.other"))
+    assert results["OUTPUT"].startswith(there), results
+    QgsProject.instance().removeMapLayer(read.id())
     _, _, log = run("to-polylines", INPUT=areas, OUTPUT="TEMPORARY_OUTPUT")
     assert not any("working_copy" in text for text in log.infos), log.infos
 

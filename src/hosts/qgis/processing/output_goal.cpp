@@ -6,6 +6,7 @@
 #include <qgsfeaturesink.h>
 #include <qgsproviderregistry.h>
 #include <qgsvectordataprovider.h>
+#include <qgsvectorfilewriter.h>
 #include <qgsvectorlayer.h>
 
 #include <QFileInfo>
@@ -61,6 +62,14 @@ std::optional<OutputPlace> PlaceInDatabaseFile(const QString& uri) {
   return OutputPlace{format, FromQt(QFileInfo(parts.database()).absoluteFilePath()), "", FromQt(parts.table())};
 }
 
+// The program makes a GeoPackage of what bears no ending that it knows. So does the suite, with the same name: it looks
+// for what stands there, and at what it has written.
+QString WithEnding(const QString& named) {
+  const QFileInfo file(named);
+  if (!QgsVectorFileWriter::driverForExtension(file.suffix()).isEmpty()) return named;
+  return file.absolutePath() + QLatin1Char('/') + file.completeBaseName() + QStringLiteral(".gpkg");
+}
+
 // Empty for what is no file of a format that the suite writes.
 std::optional<OutputPlace> PlaceOf(const QString& named) {
   if (named.isEmpty() || named == QgsProcessing::TEMPORARY_OUTPUT) return std::nullopt;
@@ -68,7 +77,7 @@ std::optional<OutputPlace> PlaceOf(const QString& named) {
   const bool has_scheme = named.contains(QLatin1Char(':')) && !scheme.contains(QLatin1Char('/'));
   if (has_scheme && scheme == QStringLiteral("ogr")) return PlaceInDatabaseFile(named.mid(scheme.size() + 1));
   if (has_scheme && QgsProviderRegistry::instance()->providerList().contains(scheme)) return std::nullopt;
-  const QFileInfo file(named);
+  const QFileInfo file(WithEnding(named));
   const Format* format = FormatToWrite(FromQt(file.absoluteFilePath()));
   if (format == nullptr || !format->writable || !CanWrite(*format)) return std::nullopt;
   if (format->container) {

@@ -93,6 +93,10 @@ QString HelpOf(const ToolParameter& parameter) {
   if (!parameter.otherwise.empty()) {
     help += QStringLiteral("; ") + Translated("otherwise %1").arg(Translated(parameter.otherwise));
   }
+  // Programs without a window know the words from here.
+  if (parameter.kind == ParameterKind::Choice) {
+    help += QStringLiteral(": ") + Words(parameter.choices).join(QStringLiteral(", "));
+  }
   return help + QLatin1Char('.');
 }
 

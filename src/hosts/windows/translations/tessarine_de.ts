@@ -3201,6 +3201,10 @@ Bailing out...</source>
         <translation>Dem Layer '%1' können keine Felder hinzugefügt werden: sie brauchen %2 Byte, und auf dem Datenträger ist Platz für %3. Schaffen Sie zuerst Platz; die Daten sind unverändert.</translation>
     </message>
     <message>
+        <source>The data of the layer '%1' are gone: choose another layer.</source>
+        <translation>Die Daten des Layers '%1' sind nicht mehr da: wählen Sie einen anderen Layer.</translation>
+    </message>
+    <message>
         <source>Null is written as 0 or as an empty text: the format knows none but in dates.</source>
         <translation>Null wird als 0 oder als leerer Text geschrieben: das Format kennt null nur in Datumsangaben.</translation>
     </message>
