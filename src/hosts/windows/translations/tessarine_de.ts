@@ -3234,7 +3234,7 @@ Bailing out...</source>
     </message>
     <message>
         <source>In the field '%1', %2</source>
-        <translation>Im Feld '%1': %2</translation>
+        <translation>Im Feld '%1': %L2</translation>
     </message>
     <message>
         <source>The field '%1' is left out: the format keeps nothing of its kind.</source>
@@ -3703,6 +3703,10 @@ Bailing out...</source>
     <message>
         <source>The %1 of the shapes%2 are left out: the output is flat.</source>
         <translation>Die %L1 der Geometrien%2 gehen nicht mit: die Ausgabe ist flach.</translation>
+    </message>
+    <message>
+        <source>The lists in the field '%1' of '%2' are written as texts of JSON.</source>
+        <translation>Die Listen im Feld '%1' von '%2' werden als JSON-Texte geschrieben.</translation>
     </message>
     <message>
         <source>The lists in the field '%1'%2 are written as texts of JSON.</source>
