@@ -22,7 +22,7 @@ namespace tessarine::mod_92_functions {
 /// fields may be null. The output is named anew when its path is taken. No attribute of the lines is carried over.
 /// The run can't be stopped. A source that can't be read or an output that can't be written ends in the fault report
 /// and a report that tells why; lines and polygons that meet a fault are left out and told. Kind and feature dataset of
-/// the output are those that the extension remembers. `reserved` and `unused` have no effect: pass False and null.
+/// the output are those that the extension remembers. Whatever `reserved` and `unused` are, the run is the same.
 [[nodiscard]] std::string orlBuildPolygons(
     const std::shared_ptr<IFeatureLayer>& line_layer, bool all_lines, double cluster_tolerance, bool transfer_labels,
     bool use_all_label_points, bool use_first_label_point, const std::shared_ptr<IFeatureLayer>& point_layer,

@@ -70,7 +70,7 @@ std::optional<std::string> AskForPlace(RunContext& context, OutputRequest& reque
   place = PlaceIn(kind, location->FullName(), dialog->Name(), place.dataset);
   if (const auto item = Cast<IGxDataset>(location)) {
     const std::shared_ptr<IDataset> dataset = item->Dataset();
-    // Any dataset after the place but a class of its own is a feature dataset.
+    // Any dataset at the place but a class of its own is a feature dataset.
     const bool holds_classes =
         Is<IFeatureDataset>(dataset) || EndsWithIgnoringCase(location->Category(), "Feature Dataset");
     place =
@@ -231,8 +231,7 @@ void TakeMadeNames(RunContext& context, const IFeatureClass& output, OutputReque
 // Where the class is going to be made.
 struct OutputSite {
   std::string category;
-  const Format* format = nullptr;
-  OutputPlace place;           // with its ending
+  OutputPlace place;           // with its format and ending
   SpatialReferenceRef wished;  // null where the run's own reference stays
   std::shared_ptr<IFeatureWorkspace> workspace;
   std::shared_ptr<IFeatureDataset> dataset;  // null outside of one
@@ -254,7 +253,7 @@ std::optional<OutputSite> PrepareSite(RunContext& context, OutputRequest& reques
   OutputPlace& asked = request.place;
   asked.format = FormatOfKind(KindOfCategory(category));
   if (!asked.format->feature_datasets) asked.dataset.clear();
-  OutputSite site{category, asked.format, WithEnding(asked), WishedReference(context, request), nullptr, nullptr};
+  OutputSite site{category, WithEnding(asked), WishedReference(context, request), nullptr, nullptr};
   const auto refuse = [&](const std::string& problem) {
     context.feedback.Tell(problem, "Failed to Create Feature Class:");
     return std::nullopt;
@@ -262,7 +261,7 @@ std::optional<OutputSite> PrepareSite(RunContext& context, OutputRequest& reques
   if (const auto problem = PlaceProblem(request, site.place)) return refuse(*problem);
   TakeNameOfFormat(context, asked, site.place);
   site.workspace = factory.OpenFromFile(asked.Directory(), 0);
-  if (site.format->container) {
+  if (asked.format->container) {
     if (const auto conflict = NameConflict(*site.workspace, asked)) return refuse(*conflict);
   }
   if (!asked.dataset.empty()) {
@@ -278,10 +277,10 @@ std::optional<OutputSite> PrepareSite(RunContext& context, OutputRequest& reques
 // Tells what the format can't keep of the class.
 void AnnounceLosses(RunContext& context, const OutputRequest& request, const OutputSite& site,
                     const std::shared_ptr<IFeatureClass>& output) {
-  for (const std::string& sentence : LossesOfReference(request, *site.format, site.wished)) {
+  for (const std::string& sentence : LossesOfReference(request, *site.place.format, site.wished)) {
     context.feedback.Announce(sentence);
     // The others tell of it when they have been read again.
-    if (site.format->updated_in_place) context.journal.warnings.push_back({sentence, 0, {}});
+    if (site.place.format->updated_in_place) context.journal.warnings.push_back({sentence, 0, {}});
   }
   if (const auto planned = Cast<IPlannedClass>(output)) {
     for (const std::string& sentence : planned->Planned().foretold) context.feedback.Announce(sentence);

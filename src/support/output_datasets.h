@@ -69,7 +69,7 @@ void MakeFieldNamesLegal(RunContext& context, const std::shared_ptr<VarArray>& f
 /// Creates the empty feature class that a run writes to, or returns null when the user gave up or the request can't
 /// be met. Without directory or name the user is asked; when the name is taken the user is asked whether to overwrite,
 /// and after a No for another name. `directory` and `name` (and the two arguments of the dataset) end as what was
-/// used. `fields` is a list of `Field` or null; `reserved` has no effect: pass False. `envelope` and
+/// used. `fields` is a list of `Field` or null; the class is the same with any `reserved`. `envelope` and
 /// `feature_count` describe the data to come and set the grid of a geodatabase class.
 [[nodiscard]] std::shared_ptr<IFeatureClass> CreateGeneralFeatureClass(
     esriGeometryType& geometry_type, const SpatialReferenceRef& spatial_reference, std::string& directory,
@@ -85,7 +85,7 @@ void MakeFieldNamesLegal(RunContext& context, const std::shared_ptr<VarArray>& f
                                                                          bool add_unique_id);
 
 /// A stand-alone class of a geodatabase. A missing `clsid` follows from the feature type, which may force the
-/// geometry type. `reserved` has no effect: pass False.
+/// geometry type. The class is the same with any `reserved`.
 [[nodiscard]] std::shared_ptr<IFeatureClass> CreateGDBFeatureClass(
     const std::shared_ptr<IFeatureWorkspace>& workspace, const std::string& name, esriFeatureType feature_type,
     const SpatialReferenceRef& spatial_reference, esriGeometryType& geometry_type,

@@ -5,7 +5,6 @@
 #include <qgsvectordataprovider.h>
 
 #include <QDateTime>
-#include <QJsonDocument>
 #include <algorithm>
 #include <cmath>
 #include <iterator>
@@ -328,10 +327,8 @@ Variant ValueOf(const QVariant& value, const QgsField& field) {
       return Null{};
     case QVariant::StringList:
     case QVariant::List:
+    case QVariant::Map:  // the program reads a text of JSON so
       return FromQt(QgsJsonUtils::encodeValue(value));
-    // The program reads a text of JSON so.
-    case QVariant::Map:
-      return QJsonDocument::fromVariant(value).toJson(QJsonDocument::Compact).toStdString();
     default:
       return FromQt(value.toString());
   }

@@ -110,12 +110,13 @@ class QuietProvider {
 // they held before would be gone. Formats with a journal take such a change back.
 void RequireRoomForFields(const QgsVectorLayer& layer, const QList<QgsField>& fields) {
   if (FactsOfLayer(layer).store != FileStore::Shapefile) return;
-  const QString table = QFileInfo(PlaceOf(layer).path).path() + '/' + QFileInfo(PlaceOf(layer).path).completeBaseName();
+  const QFileInfo file(PlaceOf(layer).path);
+  const QString table = file.path() + '/' + file.completeBaseName();
   const qint64 rows = QFileInfo(table + ".shx").size() / kShxBytesPerRow;
   qint64 width = 0;
   for (const QgsField& field : fields) width += std::max(field.length(), kWidestNumber);
   const qint64 needed = rows * width + kRoomToSpare;
-  const QStorageInfo disk(QFileInfo(table).path());
+  const QStorageInfo disk(file.path());
   if (!disk.isValid() || disk.bytesAvailable() >= needed) return;
   Raise(kEngine, "Fields can't be added to the layer '" + FromQt(layer.name()) + "': they take " +
                      std::to_string(needed) + " bytes, and its disk has room for " +

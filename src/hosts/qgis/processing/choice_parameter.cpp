@@ -89,7 +89,7 @@ class WordBox final : public QgsAbstractProcessingParameterWidgetWrapper {
     order_ = words;
   }
 
-  // What was given keeps its order, which is that of the fields; what is chosen here comes behind it.
+  // What was given keeps its order, which is that of the fields; what is chosen here comes after it.
   [[nodiscard]] QVariant widgetValue() const override {
     if (several_ == nullptr) return box_->currentData();
     QVariantList chosen = several_->checkedItemsData();

@@ -129,7 +129,7 @@ bool OutputGoal::IsAppendedTo() const {
   return layer && layer->useRemapping();
 }
 
-// The program gives a file an ending that lacks one it knows. Empty for what is no file of its own.
+// A file of a format that the program writes by itself; empty for anything else.
 QString OutputGoal::NamedFile() const {
   const QString named = Named(definition_, parameters_, context_);
   const QString scheme = named.section(QLatin1Char(':'), 0, 0);

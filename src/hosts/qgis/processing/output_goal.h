@@ -40,7 +40,7 @@ class OutputGoal {
   /// The name of what the rows of a working copy go to, for people.
   void SetShownName(QString name) { shown_name_ = std::move(name); }
   /// That name, or else the one that the program has for its own output; without passwords. What a layer in memory is
-  /// called, and which ending the program gave a file, is known once the output was handed over.
+  /// called is known once the output was handed over.
   [[nodiscard]] QString ShownName() const;
   /// The native path of the file that holds the output: one that somebody named, or that the program made; empty for
   /// anything else, and as long as the output wasn't handed over.
