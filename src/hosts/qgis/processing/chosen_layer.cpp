@@ -80,6 +80,16 @@ QgsField CopyOf(const QgsField& field, bool in_file) {
   }
 }
 
+QgsVectorFileWriter::SaveVectorOptions OptionsOfCopy(const QString& oid, const QgsFields& columns) {
+  QgsVectorFileWriter::SaveVectorOptions options;
+  options.driverName = QStringLiteral("GPKG");
+  options.layerName = QStringLiteral("source");
+  options.layerOptions << QStringLiteral("FID=") + oid
+                       << QStringLiteral("GEOMETRY_NAME=") + FreeName(QStringLiteral("geom"), columns)
+                       << QStringLiteral("SPATIAL_INDEX=NO");
+  return options;
+}
+
 // Lists and the like are texts of JSON there. The writer drops the fractions of a moment's seconds: such are counted.
 QVariant CopyOf(const QVariant& value, int& cut_seconds) {
   if (value.isNull()) return value;
@@ -174,14 +184,8 @@ std::shared_ptr<DocumentFeatureLayer> ChosenLayer::OpenCopy(QgsProcessingFeedbac
     names.append(fields_.at(index).name());
   }
   if (copied_ == CopiedFields::Identifiers) columns.append(QgsField(InPlaceShapes::kIdentifier, QVariant::LongLong));
-  QgsVectorFileWriter::SaveVectorOptions options;
-  options.driverName = QStringLiteral("GPKG");
-  options.layerName = QStringLiteral("source");
-  options.layerOptions << QStringLiteral("FID=") + oid
-                       << QStringLiteral("GEOMETRY_NAME=") + FreeName(QStringLiteral("geom"), columns)
-                       << QStringLiteral("SPATIAL_INDEX=NO");
   std::unique_ptr<QgsVectorFileWriter> writer(
-      QgsVectorFileWriter::create(file, columns, wkb_type_, reference_, transforms_, options));
+      QgsVectorFileWriter::create(file, columns, wkb_type_, reference_, transforms_, OptionsOfCopy(oid, columns)));
   const auto raise = [&] {
     Raise(kEngine,
           "The features of the layer '" + FromQt(name_) + "' can't be copied: " + FromQt(writer->errorMessage()));

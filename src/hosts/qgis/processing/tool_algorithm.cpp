@@ -46,6 +46,13 @@ auto AsProgramErrors(Work&& work) {
   }
 }
 
+// The fault in other words, raised where it was.
+Fault Reworded(const Fault& fault, const std::string& description) {
+  Fault reworded(fault.Number(), fault.Source(), description, fault.Line(), fault.File());
+  reworded.PassThrough(fault.Calls());
+  return reworded;
+}
+
 // Runs the tool, lets `hand_over` bring what was made to where it belongs, and tells how both ended. `hand_over` takes
 // the run's journal and its report and may change them, and throws where the output doesn't arrive.
 template <class HandOver>
@@ -56,7 +63,7 @@ void RunAndTell(ToolRun& run, Arguments arguments, const OutputGoal& goal, RunNo
   } catch (const Fault& fault) {
     const std::string why = goal.AsNamed(fault.Description());
     notes.TellRefusal(Translated(LinesToQt(why)));
-    Raise(fault.Number(), why);
+    throw Reworded(fault, why);
   } catch (const QgsProcessingException& error) {
     notes.TellRefusal(error.what());
     throw;
@@ -81,7 +88,7 @@ void RunAndTell(ToolRun& run, Arguments arguments, const OutputGoal& goal, RunNo
     const std::string why = goal.AsNamed(fault.Description());
     journal.Fail(why);
     tell();
-    Raise(fault.Number(), why);
+    throw Reworded(fault, why);
   } catch (const QgsProcessingException& error) {
     journal.Fail(FromQt(error.what()));
     tell();
